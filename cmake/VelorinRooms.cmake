@@ -1,0 +1,59 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# One static library for each folder of src, with the same flags everywhere.
+
+include(CheckIPOSupported)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+add_library(velorin_flags INTERFACE)
+target_compile_options(velorin_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror
+  # Sums and products are rounded one by one, on every machine.
+  -ffp-contract=off)
+target_include_directories(velorin_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
+if(VELORIN_SANITIZE)
+  target_compile_options(velorin_flags INTERFACE
+    -fsanitize=${VELORIN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(velorin_flags INTERFACE -fsanitize=${VELORIN_SANITIZE})
+endif()
+
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT VELORIN_SANITIZE)
+  check_ipo_supported(RESULT ipo LANGUAGES CXX)
+  set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ${ipo})
+endif()
+
+# velorin_room(NAME SOURCES file... USES room-or-library...)
+function(velorin_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+  add_library(velorin_${name} STATIC ${ROOM_SOURCES})
+  set(uses "")
+  foreach(use IN LISTS ROOM_USES)
+    if(use MATCHES "::")
+      list(APPEND uses ${use})
+    else()
+      list(APPEND uses velorin_${use})
+    endif()
+  endforeach()
+  target_link_libraries(velorin_${name} PUBLIC velorin_flags ${uses})
+endfunction()
+
+# velorin_test(NAME SOURCES file... USES room-or-library...): a GoogleTest program, each test case known to ctest.
+function(velorin_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${name} ${TEST_SOURCES})
+  set(uses "")
+  foreach(use IN LISTS TEST_USES)
+    if(use MATCHES "::")
+      list(APPEND uses ${use})
+    else()
+      list(APPEND uses velorin_${use})
+    endif()
+  endforeach()
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${uses} GTest::gmock GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE VELORIN_TEST_DATA="${CMAKE_SOURCE_DIR}/tests")
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
+endfunction()

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The settings and the paths that follow from them. Texts are single bytes of Windows-1252; the file options.mc has one
+// setting a line.
+
+namespace velorin {
+
+/// The five lines of options.mc, in their order.
+struct configuration {
+  std::string photo_path;     ///< folder of the player photos
+  std::string database_name;  ///< base name of the database files
+  std::string text_color;     ///< of exported pages, six hexadecimal digits "RRGGBB"
+  std::string back_color;     ///< likewise
+  std::string font_name;      ///< of the sample line; nothing else uses it
+};
+
+/// Where the data files lie.
+struct database_files {
+  std::filesystem::path folder;  ///< the folder of all data files
+  std::string base;              ///< base name of the database in use
+  std::filesystem::path team;    ///< teams and squads, only read
+  std::filesystem::path grd;     ///< grounds, only read
+  std::filesystem::path rec;     ///< careers
+  std::filesystem::path ptr;     ///< record lists and team table
+  /// The two elevens travel in memory and not through files of the folder. For the headless companion.
+  bool elevens_in_memory = false;
+  /// Matches change the career and record files. Without, the folder is only read.
+  bool updates = true;
+};
+
+extern configuration settings;
+extern database_files files;
+
+/// The four paths of the database `base` in `folder`; the two switches as at the start.
+database_files database_paths(const std::filesystem::path& folder, const std::string& base);
+
+/// Makes `base` in files.folder the database in use and rebuilds the four paths; the switches stay.
+void use_database(const std::string& base);
+
+/// Reads options.mc of files.folder into `settings`. False, with `settings` unchanged, if the file can't be opened or
+/// has fewer than five lines. A line ends with LF or CR LF; a leading blank is dropped; a comma ends the value.
+bool read_options();
+
+/// Replaces options.mc of files.folder by the five lines of `settings`, CR LF ends. Raises run_time_error (file); the
+/// old file is whole then.
+void write_options();
+
+/// The base names on offer in `folder`: those with both a .team and a .grd file, in byte order. An unreadable folder
+/// offers none.
+std::vector<std::string> databases_on_offer(const std::filesystem::path& folder);
+
+/// Six uppercase hexadecimal digits, red, green, blue, of red + 256 x green + 65536 x blue.
+std::string change_to_hex(long color);
+/// The decimal text of red + 256 x green + 65536 x blue for six hexadecimal digits. Raises run_time_error (type) for
+/// anything else.
+std::string change_to_rgb(std::string_view digits);
+
+}  // namespace velorin

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "model/records.h"
+
+namespace velorin {
+
+enum class side { first, second };
+
+/// Writes records 1 to 11 of that side's eleven (team1r.txt or team2r.txt in the folder of the data files). Raises
+/// run_time_error: a record beyond 125 bytes (overflow, with the player's name), the file cannot be written (file);
+/// the old file is whole then.
+void write_eleven(side which, const eleven& men);
+
+/// Reads both elevens into match.batting_xi (first) and match.bowling_xi (second). A missing or short file leaves
+/// empty records.
+void read_elevens();
+
+/// Exchanges the two elevens by renaming the files. Raises run_time_error (file).
+void swap_elevens();
+
+}  // namespace velorin

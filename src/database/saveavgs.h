@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// The lasting figures. While files.updates is false, both do nothing. Both run once at the end of a match, in this order, on the match as it stands then: the second
+// innings current, the last stand recorded, the result block filled.
+
+namespace velorin {
+
+/// Adds the match to the careers of both elevens. Requires: the second-innings state. Reads match, rewrites
+/// <base>.rec as a whole under the folder's lock. Draws nothing, asks nothing. Raises run_time_error: a 21st career
+/// team or player (subscript), a record beyond its slot or a figure beyond its width (overflow), file problems (file);
+/// the old file is whole then.
+void update_career();
+
+/// Adds the match to the record lists and the team table. Requires, reads and raises likewise (a 26th table team:
+/// subscript); rewrites <base>.ptr.
+void update_records();
+
+}  // namespace velorin

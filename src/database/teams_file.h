@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "model/records.h"
+
+namespace velorin {
+
+/// All teams of the database in use, in file order: element n - 1 is team n, whose record number is n + 1. Raises
+/// run_time_error: the file is missing or unreadable (file), more than 20 teams (subscript), a count below 0 or a text
+/// beyond its slot (type). The result stays valid until the next call of a function of this page. A file that has not
+/// changed since it was last read is not read again.
+const std::vector<team_rec>& read_team_list();
+
+/// The team in a record of the file, 2 to count + 1. Same errors; a record beyond the file reads as empty.
+const team_rec& read_team(int record);
+
+/// All grounds of the database in use, in file order. Errors as for the teams, but no limit of 20.
+const std::vector<ground_rec>& read_grounds();
+
+}  // namespace velorin

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/check_match.h"
+
+#include <string_view>
+
+#include <fmt/format.h>
+
+#include "model/teams.h"
+
+namespace velorin {
+
+namespace {
+
+struct card_sums {
+  int runs = 0;
+  int balls = 0;
+  int run_outs = 0;
+};
+
+std::string check_batting(card_sums& sums) {
+  for (int i = 1; i <= 11; ++i) {
+    const batting_card_rec& man = match.batting_card[i];
+    const int from_strokes = man.singles + 2 * man.twos + 3 * man.threes + 4 * man.fours + 6 * man.sixes;
+    const int strokes = man.singles + man.twos + man.threes + man.fours + man.sixes + man.dots;
+    if (man.runs != from_strokes) {
+      return fmt::format("batting_card {}: {} runs, but his strokes give {}", i, int(man.runs), from_strokes);
+    }
+    if (man.balls != strokes) {
+      return fmt::format("batting_card {}: {} balls, but {} strokes and dots", i, int(man.balls), strokes);
+    }
+    if (man.name.empty() && man.balls != 0) return fmt::format("batting_card {}: balls without a name", i);
+    sums.runs += man.runs;
+    sums.balls += man.balls;
+    sums.run_outs += man.how_out.starts_with(" run out (") ? 1 : 0;
+  }
+  return {};
+}
+
+std::string check_bowling(const card_sums& batting) {
+  int balls = 0;
+  int runs = 0;
+  int wickets = 0;
+  for (int i = 1; i <= 11; ++i) {
+    const bowling_card_rec& man = match.bowling_card[i];
+    if (man.maidens * 6 > man.balls + 5) return fmt::format("bowling_card {}: more maidens than overs", i);
+    balls += man.balls;
+    runs += man.runs;
+    wickets += man.wickets;
+  }
+  if (balls != match.innings_balls) {
+    return fmt::format("bowling_card: {} balls, innings_balls {}", balls, int(match.innings_balls));
+  }
+  if (runs != batting.runs) return fmt::format("bowling_card: {} runs, batting_card {}", runs, batting.runs);
+  if (wickets + batting.run_outs != match.score_wickets) {
+    return fmt::format("{} wickets and {} run outs, score_wickets {}", wickets, batting.run_outs, match.score_wickets);
+  }
+  return {};
+}
+
+std::string check_falls() {
+  for (int w = 1; w <= match.score_wickets; ++w) {
+    const fall_of_wicket_rec& fall = match.fall_of_wicket[w];
+    const fall_of_wicket_rec& before = match.fall_of_wicket[w - 1];
+    if (fall.score - before.score != fall.partner_runs || fall.partner_runs < 0) {
+      return fmt::format("fall_of_wicket {}: partner_runs {} do not fit the scores", w, int(fall.partner_runs));
+    }
+    if (fall.balls - before.balls != fall.partner_balls || fall.partner_balls < 1) {
+      return fmt::format("fall_of_wicket {}: partner_balls {} do not fit the balls", w, int(fall.partner_balls));
+    }
+    if (fall.score > match.score_runs || fall.balls > match.innings_balls) {
+      return fmt::format("fall_of_wicket {}: later than the innings", w);
+    }
+  }
+  return {};
+}
+
+std::string check_position() {
+  const auto place = [](int position) { return position >= 1 && position <= 11; };
+  if (!place(match.bowler) || !place(match.next_bowler)) {
+    return fmt::format("bowlers at {} and {}", int(match.bowler), int(match.next_bowler));
+  }
+  if (!place(match.striker) || !place(match.non_striker) || match.striker == match.non_striker) {
+    return fmt::format("batsmen at {} and {}", int(match.striker), int(match.non_striker));
+  }
+  if (match.over_no < 1 || match.over_no > 50) return fmt::format("over_no {}", int(match.over_no));
+  if (match.innings_balls < 0 || match.innings_balls > 300) {
+    return fmt::format("innings_balls {}", int(match.innings_balls));
+  }
+  if (match.score_wickets < 0 || match.score_wickets > 10) return fmt::format("score_wickets {}", match.score_wickets);
+  if (match.ball_outcome < 0 || match.ball_outcome > 11 || match.ball_outcome == 5) {
+    return fmt::format("ball_outcome {}", int(match.ball_outcome));
+  }
+  return {};
+}
+
+std::string check_console() {
+  for (int slot = 0; slot < 2; ++slot) {
+    const auto fits = [](int aggression) { return aggression >= 1 && aggression <= 5; };
+    if (!fits(match.batsman_aggression[slot]) || !fits(match.bowling_aggression[slot])) {
+      return fmt::format("aggressions {} and {} in slot {}", match.batsman_aggression[slot],
+                         match.bowling_aggression[slot], slot);
+    }
+    const double meter = match.settled_meter[slot];
+    if (meter < 0 || meter > 915) return fmt::format("settled_meter {} in slot {}", meter, slot);
+  }
+  if (match.commentary_store.size() > 1498) return "commentary_store runs past its 1500 places";
+  return {};
+}
+
+}  // namespace
+
+std::string check_match() {
+  if (match.innings_number > 2) return {};
+  card_sums sums;
+  if (std::string broken = check_position(); !broken.empty()) return broken;
+  if (std::string broken = check_batting(sums); !broken.empty()) return broken;
+  if (std::string broken = check_bowling(sums); !broken.empty()) return broken;
+  if (std::string broken = check_falls(); !broken.empty()) return broken;
+  if (std::string broken = check_console(); !broken.empty()) return broken;
+  const int total = sums.runs + match.innings_byes + match.innings_leg_byes;
+  if (total != match.score_runs) return fmt::format("score_runs {}, the books give {}", match.score_runs, total);
+  if (sums.balls > match.innings_balls) {
+    return fmt::format("batsmen faced {} balls of {}", sums.balls, int(match.innings_balls));
+  }
+  return {};
+}
+
+}  // namespace velorin

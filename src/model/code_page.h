@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velorin {
+
+/// Windows-1252 bytes as UTF-8. Every byte has a character; the five bytes without one in the code page become the
+/// control characters of the same number, so that the way back gives the same bytes.
+std::string to_utf8(std::string_view bytes);
+
+/// UTF-8 as Windows-1252 bytes, or nothing if the text is not valid UTF-8 or has a character without a place there.
+/// `bad_offset`, where given, receives the byte offset of the first such character.
+std::optional<std::string> from_utf8(std::string_view text, std::size_t* bad_offset = nullptr);
+
+}  // namespace velorin

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <limits>
+
+namespace velorin {
+
+namespace detail {
+/// Raises the run_time_error of an overflow; kept out of line so that the checks stay small.
+[[noreturn]] void raise_integer_overflow(long long value);
+}  // namespace detail
+
+/// A match figure: a signed 16-bit whole number, -32768 to 32767, that starts at 0.
+/// Storing a value outside this range raises run_time_error (overflow); nothing is changed then.
+class integer {
+ public:
+  constexpr integer() = default;
+
+  template <std::integral T>
+  constexpr integer(T value) : value_(checked(static_cast<long long>(value))) {}  // NOLINT(google-explicit-constructor)
+
+  template <std::floating_point T>
+  integer(T) = delete;
+
+  constexpr operator int() const { return value_; }  // NOLINT(google-explicit-constructor)
+
+  constexpr integer& operator+=(int change) {
+    value_ = checked(static_cast<long long>(value_) + change);
+    return *this;
+  }
+  constexpr integer& operator-=(int change) { return *this += -change; }
+  constexpr integer& operator++() { return *this += 1; }
+
+ private:
+  static constexpr std::int16_t checked(long long value) {
+    if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max()) {
+      detail::raise_integer_overflow(value);
+    }
+    return static_cast<std::int16_t>(value);
+  }
+
+  std::int16_t value_ = 0;
+};
+
+}  // namespace velorin

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace velorin {
+
+/// Where chance comes from. One instance, `chance`; all draws of the game go through it.
+class random_source {
+ public:
+  /// Draws from a generator that reseed() sets from a nanosecond reading of the clock. The source at start.
+  void use_clock();
+  /// Draws from one generator started with `seed`; reseed() does nothing.
+  void use_seed(std::uint64_t seed);
+  /// Draws the given numbers, each in [0,1), in turn; reseed() does nothing. `name` is the file's name for errors.
+  void use_script(std::vector<double> draws, std::string name);
+
+  /// Before most groups of draws. With the clock: restarts the generator from a pure function of a nanosecond reading.
+  void reseed() {
+    if (kind_ == kind::clock) state_ = seed_from_clock();
+  }
+
+  /// A number in [0,1). Raises run_time_error (subscript) when a script has run out.
+  double rnd() {
+    ++draws_used_;
+    if (kind_ == kind::script) return next_of_script();
+    state_ += golden;
+    return static_cast<double>(mix(state_) >> 32) * 0x1p-32;
+  }
+
+  /// Numbers drawn since the program started or the source was chosen.
+  std::uint64_t draws_used() const { return draws_used_; }
+
+  /// A bijection of 64-bit numbers with full avalanche: each bit of the value turns over half the bits of the result.
+  static constexpr std::uint64_t mix(std::uint64_t value) {
+    value = (value ^ (value >> 30)) * 0xBF58476D1CE4E5B9U;
+    value = (value ^ (value >> 27)) * 0x94D049BB133111EBU;
+    return value ^ (value >> 31);
+  }
+
+  /// The generator's state after reseeding at the given nanosecond.
+  static constexpr std::uint64_t seed_from_reading(std::uint64_t nanoseconds) { return mix(nanoseconds + golden); }
+
+ private:
+  enum class kind { clock, seed, script };
+  static constexpr std::uint64_t golden = 0x9E3779B97F4A7C15U;
+
+  static std::uint64_t seed_from_clock();
+  double next_of_script();
+
+  kind kind_ = kind::clock;
+  std::uint64_t state_ = 0;
+  std::uint64_t draws_used_ = 0;
+  std::vector<double> script_;
+  std::string script_name_;
+};
+
+extern random_source chance;
+
+inline void reseed() { chance.reseed(); }
+inline double rnd() { return chance.rnd(); }
+
+/// A whole number from 1 to n with equal chance: Int(n x r + 1). One draw. n from 1 to 32767.
+inline int die(int n) {
+  const int face = static_cast<int>(n * rnd() + 1.0);
+  return face > n ? n : face;
+}
+
+/// 1 or 2 with equal chance. One draw.
+inline int coin() { return die(2); }
+
+}  // namespace velorin

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/teams.h"
+
+#include "model/texts.h"
+
+namespace velorin {
+
+match_state match;
+
+std::string match_state::overs_text() const { return overs_from_balls(innings_balls); }
+
+std::vector<std::string> commentary_lines() {
+  return match.ball_commentary.lines(match.batting_card, match.bowling_card, match.team1_name);
+}
+
+std::vector<std::string> stored_commentary_lines() {
+  if (!match.commentary_stored) return {};
+  auto lines = match.commentary_store.lines(match.first_batting_card, match.first_bowling_card, match.team2_name);
+  lines.emplace_back();
+  return lines;
+}
+
+}  // namespace velorin
