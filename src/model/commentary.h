@@ -24,7 +24,7 @@ struct ball_note {
 /// The figures in the block of lines at the end of an over.
 struct over_note {
   integer over_no;
-  int over_runs = 0;      ///< sum of the over's numeric symbols
+  int over_runs = 0;  ///< sum of the over's numeric symbols
   int score_runs = 0;
   int score_wickets = 0;
   integer innings_balls;

@@ -18,13 +18,13 @@ inline constexpr int flag_true = -1;
 
 /// One player of a squad and one line of an eleven.
 struct player_rec {
-  std::string name;          ///< as on scorecards; empty marks an empty place of a squad
-  integer bat_skill;         ///< balls per dismissal, higher is better
-  float bowl_sr = 0;         ///< balls per wicket, lower is better
-  float econ = 0;            ///< runs conceded an over, lower is better
-  integer is_keeper;         ///< flag: -1 for a wicket-keeper, else 0
-  std::string bat_type;      ///< three characters of batting hand, then the role
-  std::string bowler_type;   ///< "Fast Bowler", "Medium Pacer", "spinner" and the like
+  std::string name;                     ///< as on scorecards; empty marks an empty place of a squad
+  integer bat_skill;                    ///< balls per dismissal, higher is better
+  float bowl_sr = 0;                    ///< balls per wicket, lower is better
+  float econ = 0;                       ///< runs conceded an over, lower is better
+  integer is_keeper;                    ///< flag: -1 for a wicket-keeper, else 0
+  std::string bat_type;                 ///< three characters of batting hand, then the role
+  std::string bowler_type;              ///< "Fast Bowler", "Medium Pacer", "spinner" and the like
   std::array<std::string, 6> reserved;  ///< carried along, read by nothing
 
   /// The batting role: `bat_type` from its fourth character on, "" if there is none.
@@ -36,18 +36,18 @@ struct player_rec {
 /// A team with its squad, a record of the team file.
 struct team_rec {
   std::string team_name;
-  integer team_flag;                    ///< carried along, read by nothing
-  std::array<player_rec, 21> squad;     ///< places 1 to 20, filled from the front
+  integer team_flag;                 ///< carried along, read by nothing
+  std::array<player_rec, 21> squad;  ///< places 1 to 20, filled from the front
 };
 
 /// A ground, a record of the ground file.
 struct ground_rec {
-  std::string country;                  ///< the home team's name, or "Neutral"
+  std::string country;  ///< the home team's name, or "Neutral"
   std::string ground_name;
-  std::array<integer, 3> reserved;      ///< carried along, read by nothing
-  integer pitch_bounce;                 ///< 1 to 4
-  integer pitch_surface;                ///< 1 to 4
-  std::int32_t start_time = 0;          ///< local start of play, four decimal digits HHMM
+  std::array<integer, 3> reserved;  ///< carried along, read by nothing
+  integer pitch_bounce;             ///< 1 to 4
+  integer pitch_surface;            ///< 1 to 4
+  std::int32_t start_time = 0;      ///< local start of play, four decimal digits HHMM
 };
 
 /// One batsman's line of an innings.
@@ -88,9 +88,9 @@ struct fall_of_wicket_rec {
 /// A line of the computer captain's ranked list of bowlers.
 struct bowler_pool_rec {
   std::string name;
-  double rating = 0;       ///< bowl_sr plus the offset of the innings
-  integer position;        ///< place in the bowling eleven
-  integer econ_class;      ///< econ rounded to a whole number
+  double rating = 0;   ///< bowl_sr plus the offset of the innings
+  integer position;    ///< place in the bowling eleven
+  integer econ_class;  ///< econ rounded to a whole number
   std::string bowler_type;
 };
 

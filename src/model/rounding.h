@@ -10,7 +10,8 @@ inline double round_half_even(double value) {
   // Adding and taking away 1.5 x 2^52 leaves a whole number in the current (nearest, even) rounding mode.
   constexpr double shift = 6755399441055744.0;
   constexpr double limit = 2251799813685248.0;  // 2^51: up to here the shift keeps every bit that counts
-  if (value < limit && value > -limit) [[likely]] return (value + shift) - shift;
+  if (value < limit && value > -limit) [[likely]]
+    return (value + shift) - shift;
   return std::nearbyint(value);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/teams.h"
 
+#include "model/run_time_error.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -8,6 +9,26 @@ namespace velorin {
 match_state match;
 
 std::string match_state::overs_text() const { return overs_from_balls(innings_balls); }
+
+std::string projection_text::text() const {
+  switch (what) {
+    case kind::empty:
+      return "";
+    case kind::dash:
+      return "-";
+    case kind::number:
+      return number_text(value);
+  }
+  return "";
+}
+
+double projection_text::number() const {
+  if (what != kind::number) {
+    throw run_time_error(failure::type, "Type mismatch: the projected score \"" + text() + "\" is no number",
+                         {.file = {}, .record = 0, .field = "first_innings_projection", .player = {}});
+  }
+  return value;
+}
 
 std::vector<std::string> commentary_lines() {
   return match.ball_commentary.lines(match.batting_card, match.bowling_card, match.team1_name);

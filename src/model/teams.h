@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "model/commentary.h"
 #include "model/records.h"
@@ -25,23 +26,23 @@ struct match_sides {
 
 /// Where play stands. From the opening of the console to the reset.
 struct match_position {
-  integer over_no;             ///< 1..50, the over in progress
-  integer bowler;              ///< position 1..11, bowls this over; 0 nobody yet
-  integer next_bowler;         ///< position 1..11, bowls the next over
-  integer striker;             ///< position 1..11
-  integer non_striker;         ///< position 1..11
-  integer next_batsman_slot;   ///< 0..10, zero-based place of the man to come in
-  integer ball_outcome;        ///< 0..11, result of the last delivery
-  bool maiden_flag = false;    ///< no run off the bat has come in this over
+  integer over_no;                 ///< 1..50, the over in progress
+  integer bowler;                  ///< position 1..11, bowls this over; 0 nobody yet
+  integer next_bowler;             ///< position 1..11, bowls the next over
+  integer striker;                 ///< position 1..11
+  integer non_striker;             ///< position 1..11
+  integer next_batsman_slot;       ///< 0..10, zero-based place of the man to come in
+  integer ball_outcome;            ///< 0..11, result of the last delivery
+  bool maiden_flag = false;        ///< no run off the bat has come in this over
   bool innings_over_flag = false;  ///< the last wicket has fallen
-  integer clock_minutes;       ///< time of day of the match in minutes
+  integer clock_minutes;           ///< time of day of the match in minutes
 };
 
 /// The fourteen innings totals: the current innings, then the other one. `first_total` 0 marks the first innings.
 struct match_totals {
-  integer innings_total;      ///< filled at the end of the innings only
-  integer innings_balls;      ///< legal balls so far
-  integer innings_wickets;    ///< filled at the end of the innings only
+  integer innings_total;    ///< filled at the end of the innings only
+  integer innings_balls;    ///< legal balls so far
+  integer innings_wickets;  ///< filled at the end of the innings only
   integer innings_no_balls;
   integer innings_wides;
   integer innings_byes;
@@ -63,7 +64,7 @@ struct match_books {
   bowling_card_table first_bowling_card;
   fall_of_wicket_table fall_of_wicket;
   fall_of_wicket_table first_fall_of_wicket;
-  ball_log_table ball_log;        ///< slots 1..6 what each ball did, slot 7 the bowler's name
+  ball_log_table ball_log;  ///< slots 1..6 what each ball did, slot 7 the bowler's name
   ball_log_table first_ball_log;
   commentary_log commentary_store;  ///< the lines of the innings before this one, without the end marker
   bool commentary_stored = false;   ///< the store has been filled and ends with its marker
@@ -93,11 +94,11 @@ struct match_conditions {
 
 /// What the set-up collects on its way to the toss.
 struct match_set_up {
-  integer team_count;                          ///< teams of the database
-  std::array<std::string, 21> team_list;       ///< [1..20] names in file order
-  std::array<squad, 2> squads;                 ///< the first and the second team's men, sorted
-  std::array<eleven, 2> selected;              ///< the first and the second team's eleven
-  bool first_team_done = false;                ///< the first side's selection is confirmed
+  integer team_count;                     ///< teams of the database
+  std::array<std::string, 21> team_list;  ///< [1..20] names in file order
+  std::array<squad, 2> squads;            ///< the first and the second team's men, sorted
+  std::array<eleven, 2> selected;         ///< the first and the second team's eleven
+  bool first_team_done = false;           ///< the first side's selection is confirmed
 };
 
 /// The computer captain's list. Built once an innings.
@@ -114,43 +115,58 @@ struct bowler_row {
   integer wickets;
 };
 
-/// What the rate panel last showed. The cells are written from these figures.
+/// What the rate panel last showed: the figures of its last refresh, from which its cells are written.
 struct rate_figures {
-  bool shown = false;      ///< refresh_rates has run in this innings
   int score_runs = 0;
   int score_wickets = 0;
-  integer innings_balls;
-  integer first_total;     ///< 0: projections; else the chase panel
-  bool projections_empty = false;  ///< the 6-an-over cell was emptied at the change of innings
-  double required_rate = 0;        ///< last value of the required rate
+  integer innings_balls;          ///< 0: the cells show "-"
+  integer over_no;                ///< the over then about to begin
+  integer first_total;            ///< 0: projections, else the chase panel
+  bool projection_empty = false;  ///< the cell at 6 an over was emptied at the change of innings
+  double required_rate = 0;       ///< last value of "RR Reqd."
   bool required_rate_shown = false;
-  bool last_five_shown = false;    ///< five overs are complete
-  double last_five = 0;            ///< runs an over of the last five
-  int stage_runs = 0;              ///< the first innings' score at this stage
-  int stage_wickets = 0;
+};
+
+/// The console's projected score at 6 runs an over, frozen at the change of innings.
+struct projection_text {
+  enum class kind : std::uint8_t { empty, dash, number };
+  kind what = kind::empty;
+  int value = 0;
+
+  /// "", "-" (no over was completed) or the number.
+  std::string text() const;
+  /// The number. Raises run_time_error (type) where the text is none.
+  double number() const;
+};
+
+/// The man out last, for the console's label.
+struct last_wicket_note {
+  integer position;        ///< on the batting card of that innings; 0 for none yet
+  integer innings_number;  ///< of the innings in which he was out
+  int score_runs = 0;      ///< the side's runs at that moment
 };
 
 /// The values that the console holds. A fresh one comes with each opening of the console.
 struct match_console {
-  int score_runs = 0;                               ///< runs of the innings, wides and no balls left out
-  int score_wickets = 0;                            ///< 0..10
-  std::array<std::string, 6> over_symbols;          ///< [0..5] what each ball of the present over did
-  std::array<int, 2> batsman_aggression = {1, 2};   ///< 1..5; slot 0 the lower batting position at the crease
-  std::array<int, 2> bowling_aggression = {1, 2};   ///< 1..5; slot 0 the over being bowled
-  std::array<double, 2> settled_meter = {0, 0};     ///< 0..915, slots of the batsmen
-  commentary_log ball_commentary;                   ///< the lines of this innings
-  std::array<bowler_row, 11> bowler_list;           // rows 1..10 in the order in which the bowlers came on
+  int score_runs = 0;                              ///< runs of the innings, wides and no balls left out
+  int score_wickets = 0;                           ///< 0..10
+  std::array<std::string, 6> over_symbols;         ///< [0..5] what each ball of the present over did
+  std::array<int, 2> batsman_aggression = {1, 2};  ///< 1..5; slot 0 the lower batting position at the crease
+  std::array<int, 2> bowling_aggression = {1, 2};  ///< 1..5; slot 0 the over being bowled
+  std::array<double, 2> settled_meter = {0, 0};    ///< 0..915, slots of the batsmen
+  commentary_log ball_commentary;                  ///< the lines of this innings
+  std::array<bowler_row, 11> bowler_list;          // rows 1..10 in the order in which the bowlers came on
   rate_figures rates;
-  std::string first_innings_projection;             ///< frozen at the change of innings; "-" without a whole over
-  std::array<integer, 2> opening_bowlers;           ///< positions of this innings' opening pair
-  bool bowler_change_pending = false;               ///< a change is still to be announced
+  projection_text first_innings_projection;        ///< frozen at the change of innings
+  std::array<integer, 2> opening_bowlers;  ///< positions of this innings' opening pair
+  bool bowler_change_pending = false;      ///< a change is still to be announced
   integer bowler_change_out;
   integer bowler_change_in;
-  integer last_wicket;         ///< position of the man out last, 0 for none; he stands on the batting card
-  int last_wicket_score = 0;   ///< the side's runs at that moment
-  int browsed_over = 0;        ///< the over on show in the over browser, 0 while the present one is
-  int browser_maximum = 0;     ///< highest over that can be browsed
-  int innings_number = 0;      ///< innings begun in this match
+  last_wicket_note last_wicket;
+  int browsed_over = 0;       ///< value of the over browser
+  int browser_maximum = 0;    ///< highest over that can be browsed
+  integer innings_number;     ///< innings begun in this match
+  bool console_open = false;  ///< the console is loaded
 };
 
 /// How the match ended. Outlives the reset: this is how a competition learns the outcome.
@@ -159,16 +175,16 @@ struct match_result {
   std::string result_winner;  ///< empty, like result_loser, on a tie
   std::string result_loser;
   std::string result_margin;
-  rate_entry rate_first;   ///< the side that batted first
+  rate_entry rate_first;  ///< the side that batted first
   rate_entry rate_second;
 };
 
 /// One side's line in the graph of running scores.
 struct worm_line {
-  std::string team;                       ///< caption; empty until the graph is first touched
-  std::string score;                      ///< runs "/" wickets as last written
-  std::array<integer, 52> row{};          // 1..51, running score; row 1 is the over that opens the innings
-  std::array<bool, 52> row_set{};         // rows written so far
+  std::string team;                ///< caption; empty until the graph is first touched
+  std::string score;               ///< runs "/" wickets as last written
+  std::array<integer, 52> row{};   // 1..51, running score; row 1 is the over that opens the innings
+  std::array<bool, 52> row_set{};  // rows written so far
 };
 
 /// The graph of running scores. Lives as long as the program runs: nothing resets it.

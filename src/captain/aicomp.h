@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// The computer captain: every choice of a side that no human captains. It never reads the conditions.
+
+namespace velorin {
+
+/// What the toss screen shows once the coin has fallen.
+struct toss_outcome {
+  std::string headline;
+  std::string deciding_line;  ///< the team for which the two buttons speak
+  std::string other_line;
+  bool bat_enabled = true;
+  bool bowl_enabled = true;
+};
+
+/// The toss of a computer first team against a human second team. Requires the team names; changes nothing. Draws,
+/// after reseeding, the coin (1 the computer won) and, if it won, the election (1 field, 2 bat).
+toss_outcome decide_toss();
+
+/// The next man in: the first remaining "Opener", else the best remaining "Middle Order", else the best remaining
+/// "Lower Order" by bat_skill, earlier place on a tie. Sets next_batsman_slot to the higher of striker and non_striker
+/// and moves the choice to the place after it in batting_xi. Reads striker, non_striker, batting_xi. Draws nothing.
+void choose_next_batsman();
+
+/// Builds bowler_pool from bowling_xi, best first, and sets bowler and next_bowler. Draws, after reseeding, the offset
+/// of the innings, -10 to 10.
+void choose_opening_bowlers();
+
+/// Sets batsman_aggression of both batsmen. Requires striker, non_striker and bowler; reads the score, the cards, in a
+/// second innings the projection. Draws nothing. Raises run_time_error: a bat_skill of 0 (division), a projection that
+/// is no number (type).
+void set_batting_aggression();
+
+/// Reviews the man who has just finished an over, replaces him where he is tired, expensive or through, and sets
+/// bowling_aggression[0]. Requires: the end of an over, after bowlers and batsmen have been exchanged, so that
+/// next_bowler is the man under review; bowler_pool. Changes next_bowler, bowling_aggression[0], opening_bowlers and
+/// the pending change; asks for the message "Bowler Change" when a human is involved. Draws nothing. Raises
+/// run_time_error: a projection that is no number (type), no replacement to be found (endless).
+void review_bowler();
+
+/// A search for another bowler. Positions of the bowling eleven; -1 excludes nobody.
+struct replacement_search {
+  std::string_view type_a;
+  std::string_view type_b;
+  int exclude_a = -1;
+  int exclude_b = -1;  ///< the outgoing man
+  int exclude_c = -1;
+  int exclude_d = -1;
+  int min_balls = 0;
+  int max_balls = 0;
+};
+
+/// The best-ranked man of bowler_pool who fits: by kind in the first pass, of any kind in the second. Records the change
+/// as pending and returns his position. Raises run_time_error (endless) if nobody fits.
+int pick_replacement(const replacement_search& wanted);
+
+}  // namespace velorin

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+
+#include "captain/aicomp.h"
+#include "model/random.h"
+#include "model/rounding.h"
+#include "model/teams.h"
+
+namespace velorin {
+
+namespace {
+
+/// Position of the man to come in among `first` to 11, or 0 if no one has a known role.
+int next_man(int first) {
+  int best_middle = 0;
+  int best_lower = 0;
+  int middle_skill = 0;
+  int lower_skill = 0;
+  for (int p = first; p <= 11; ++p) {
+    const player_rec& man = match.batting_xi[p];
+    const std::string_view role = man.role();
+    if (role == "Opener") return p;
+    if (role == "Middle Order" && man.bat_skill > middle_skill) {
+      middle_skill = man.bat_skill;
+      best_middle = p;
+    } else if (role == "Lower Order" && man.bat_skill > lower_skill) {
+      lower_skill = man.bat_skill;
+      best_lower = p;
+    }
+  }
+  return best_middle != 0 ? best_middle : best_lower;
+}
+
+double pool_key(const bowler_pool_rec& man) { return (18.0 * man.econ_class + man.rating) / 2; }
+
+/// Place in bowler_pool of the first man of `kind` whose position is not `other`, or 0.
+int first_of_kind(std::string_view kind, int other) {
+  for (int i = 1; i <= 11; ++i) {
+    const bowler_pool_rec& man = match.bowler_pool[i];
+    if (man.bowler_type == kind && man.position != other) return i;
+  }
+  return 0;
+}
+
+/// Position of the opening bowler: a fast one, else a medium pacer, else the man at `fallback` in the pool.
+int opener(int other, int fallback) {
+  for (const std::string_view kind : {"Fast Bowler", "Medium Pacer"}) {
+    if (const int place = first_of_kind(kind, other); place != 0) return match.bowler_pool[place].position;
+  }
+  return match.bowler_pool[fallback].position;
+}
+
+}  // namespace
+
+toss_outcome decide_toss() {
+  toss_outcome outcome;
+  outcome.deciding_line = match.team2_name;
+  outcome.other_line = match.team1_name;
+  reseed();
+  if (coin() == 2) {
+    outcome.headline = match.team2_name + " have won the toss.";
+    return outcome;
+  }
+  const bool fields = coin() == 1;
+  outcome.headline =
+      match.team1_name + " have won the toss.They have elected to " + (fields ? "field" : "bat") + " first.";
+  (fields ? outcome.bowl_enabled : outcome.bat_enabled) = false;
+  return outcome;
+}
+
+void choose_next_batsman() {
+  match.next_batsman_slot = match.higher_batsman();
+  const int place = match.next_batsman_slot + 1;
+  const int chosen = next_man(place);
+  if (chosen > place) {
+    const auto men = match.batting_xi.begin();
+    std::rotate(men + place, men + chosen, men + chosen + 1);
+  }
+}
+
+void choose_opening_bowlers() {
+  reseed();
+  const int offset = static_cast<int>(std::floor(21 * rnd() - 10));
+  for (int i = 1; i <= 11; ++i) {
+    const player_rec& man = match.bowling_xi[i];
+    bowler_pool_rec& line = match.bowler_pool[i];
+    line.name = man.name;
+    line.rating = static_cast<double>(man.bowl_sr) + offset;
+    line.position = i;
+    line.econ_class = static_cast<long>(round_half_even(static_cast<double>(man.econ)));
+    line.bowler_type = man.bowler_type;
+  }
+  // A stable sort by the key: what full bubble passes with a strict comparison give.
+  std::stable_sort(match.bowler_pool.begin() + 1, match.bowler_pool.end(),
+                   [](const bowler_pool_rec& a, const bowler_pool_rec& b) { return pool_key(a) < pool_key(b); });
+  match.bowler = opener(0, 1);
+  match.next_bowler = opener(match.bowler, 2);
+}
+
+}  // namespace velorin

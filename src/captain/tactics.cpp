@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+
+#include "captain/aicomp.h"
+#include "model/rounding.h"
+#include "model/run_time_error.h"
+#include "model/teams.h"
+#include "ui/front_end.h"
+
+namespace velorin {
+
+namespace {
+
+/// A batsman's standing in the innings.
+double form_of(int position) {
+  const batting_card_rec& card = match.batting_card[position];
+  return 2.0 * card.runs + card.balls / 2.0 + 1;
+}
+
+int clamp_aggression(double value) { return static_cast<int>(std::clamp(value, 1.0, 5.0)); }
+
+double batting_base() {
+  const double balls = match.innings_balls;
+  const double wickets = match.score_wickets;
+  if (balls == 0) return 2;
+  if (match.first_total == 0) {
+    return round_half_even((10 - wickets) / 3 - (6.0 * match.score_runs / balls) / 4 + balls / 75);
+  }
+  return round_half_even((10 - wickets) / 9 + match.first_innings_projection.number() / 3 - (300 - balls) / 250);
+}
+
+int batting_value(int position, double base) {
+  const player_rec& man = match.batting_xi[position];
+  if (man.bat_skill == 0) {
+    throw run_time_error(failure::division, "Division by zero: a batting skill of 0",
+                         {.file = {}, .record = 0, .field = "bat_skill", .player = man.name});
+  }
+  const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
+  return clamp_aggression(round_half_even(base + form_of(position) / 100 - 5.0 / man.bat_skill + strike_rate / 100));
+}
+
+double bowling_base() {
+  const double balls = match.innings_balls;
+  const double wickets = match.score_wickets;
+  if (balls == 0) return 2;
+  if (match.first_total == 0) return round_half_even(wickets / 2 + 4 - match.score_runs / balls - balls / 75);
+  return round_half_even(wickets / 3 + 4 - match.first_innings_projection.number() / 4 + balls / 100);
+}
+
+void set_bowling_aggression() {
+  const double form = (form_of(match.striker) + form_of(match.non_striker)) / 2;
+  const double skills = match.batting_xi[match.striker].bat_skill + match.batting_xi[match.non_striker].bat_skill;
+  const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
+  const double wickets = match.bowling_card[match.bowler].wickets;
+  match.bowling_aggression[0] = clamp_aggression(
+      round_half_even(bowling_base() - form / 100 - skills / 100 - strike_rate / 100 + wickets / 2.5));
+}
+
+void announce_change() {
+  if (!match.bowler_change_pending) return;
+  if (match.human_involved()) {
+    user().show(message_box{"Bowler Change", match.bowling_xi[match.bowler_change_out].name + " has been replaced by " +
+                                                 match.bowling_xi[match.bowler_change_in].name + " ."});
+  }
+  match.bowler_change_pending = false;
+  match.bowler_change_out = 0;
+  match.bowler_change_in = 0;
+}
+
+/// One stage of the innings in the review of a bowler.
+struct review_stage {
+  double limit;                ///< a higher score brings a change
+  bool by_pace;                ///< looks for fast and medium bowlers first
+  bool spares_opening_pair;
+  int max_balls;
+  int forced_max_balls;        ///< for the search after a man's last over; 0: no such search
+};
+
+constexpr review_stage early_stage{7, true, false, 30, 0};
+constexpr review_stage middle_stage{5.5, false, true, 42, 54};
+constexpr review_stage late_stage{6, false, true, 48, 48};
+constexpr review_stage death_stage{7, true, false, 54, 54};
+
+const review_stage* stage_at(int balls) {
+  if (balls >= 12 && balls <= 71) return &early_stage;
+  if (balls >= 73 && balls <= 179) return &middle_stage;
+  if (balls >= 181 && balls <= 259) return &late_stage;
+  if (balls > 260) return &death_stage;
+  return nullptr;
+}
+
+double review_score(const review_stage& stage, int position) {
+  const bowling_card_rec& card = match.bowling_card[position];
+  const double balls = card.balls;
+  const double runs = card.runs;
+  const double wickets = card.wickets;
+  if (&stage == &early_stage) {
+    return (balls > 24 ? balls / 6 : -5) - 1.25 * wickets + 6 * runs / (2 * balls);
+  }
+  if (&stage == &middle_stage) {
+    return (balls > 18 ? balls / 10 : -5) - wickets + 6 * runs / (1.5 * balls);
+  }
+  if (&stage == &death_stage && match.bowling_xi[position].bowler_type != "Fast Bowler") return 8;
+  return 6 * runs / balls - wickets;
+}
+
+void replace_next_bowler(const review_stage& stage, int max_balls) {
+  replacement_search wanted;
+  if (stage.by_pace) {
+    wanted.type_a = "Fast Bowler";
+    wanted.type_b = "Medium Pacer";
+  }
+  wanted.exclude_a = match.bowler;
+  wanted.exclude_b = match.next_bowler;
+  if (stage.spares_opening_pair) {
+    wanted.exclude_c = match.opening_bowlers[0];
+    wanted.exclude_d = match.opening_bowlers[1];
+  }
+  wanted.max_balls = max_balls;
+  match.next_bowler = pick_replacement(wanted);
+}
+
+bool fits(const bowler_pool_rec& man, const replacement_search& wanted) {
+  const int position = man.position;
+  if (position == wanted.exclude_a || position == wanted.exclude_b || position == wanted.exclude_c ||
+      position == wanted.exclude_d) {
+    return false;
+  }
+  const int balls = match.bowling_card[position].balls;
+  return balls >= wanted.min_balls && balls <= wanted.max_balls;
+}
+
+}  // namespace
+
+void set_batting_aggression() {
+  const double base = batting_base();
+  match.batsman_aggression[0] = batting_value(match.lower_batsman(), base);
+  match.batsman_aggression[1] = batting_value(match.higher_batsman(), base);
+}
+
+int pick_replacement(const replacement_search& wanted) {
+  for (const bool relaxed : {false, true}) {
+    for (int i = 1; i <= 11; ++i) {
+      const bowler_pool_rec& man = match.bowler_pool[i];
+      const bool kind_fits = relaxed || man.bowler_type == wanted.type_a || man.bowler_type == wanted.type_b;
+      if (!kind_fits || !fits(man, wanted)) continue;
+      match.bowler_change_pending = true;
+      match.bowler_change_out = wanted.exclude_b;
+      match.bowler_change_in = man.position;
+      return man.position;
+    }
+  }
+  throw run_time_error(failure::endless, "Endless search: no bowler of " + match.team2_name + " can replace another",
+                       {.file = {}, .record = 0, .field = "bowler_pool", .player = {}});
+}
+
+void review_bowler() {
+  announce_change();
+  if (match.innings_balls < 12) {
+    match.opening_bowlers[0] = match.bowler;
+    match.opening_bowlers[1] = match.next_bowler;
+  }
+  if (const review_stage* stage = stage_at(match.innings_balls)) {
+    if (review_score(*stage, match.next_bowler) > stage->limit) replace_next_bowler(*stage, stage->max_balls);
+    if (stage->forced_max_balls != 0 && match.bowling_card[match.next_bowler].balls >= 60) {
+      replace_next_bowler(*stage, stage->forced_max_balls);
+    }
+  }
+  if (match.computer_bowls) set_bowling_aggression();
+}
+
+}  // namespace velorin
