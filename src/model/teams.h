@@ -182,7 +182,9 @@ struct match_result {
 /// One side's line in the graph of running scores.
 struct worm_line {
   std::string team;                ///< caption; empty until the graph is first touched
-  std::string score;               ///< runs "/" wickets as last written
+  int score_runs = 0;              ///< the score as last written
+  int score_wickets = 0;           ///< likewise
+  bool score_set = false;          ///< a score has been written
   std::array<integer, 52> row{};   // 1..51, running score; row 1 is the over that opens the innings
   std::array<bool, 52> row_set{};  // rows written so far
 };
