@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "model/batsman_figures.h"
+
+// The dialogs of a human captain. A form is opened, changed through its fields as a user would, and closed by one of its
+// buttons.
+
+namespace velorin {
+
+/// Picks the next batsman and his aggression.
+struct batorder {
+  std::string title;               ///< "Select 1st Opener", "Select 2nd Opener" or "Select Next Batsman"
+  std::array<bool, 12> enabled{};  ///< [1..11] the row's option can be chosen
+  int chosen = 0;                  ///< the chosen row, 0 for none
+  int vscroll1 = 3;                ///< aggression of the new man, 1 to 5
+  bool closed = false;
+
+  /// Sets next_batsman_slot and disables the rows of the men who have come in.
+  explicit batorder(std::string title_text);
+
+  std::string option1(int row) const;  ///< the row's name
+  std::string label1(int row) const;   ///< his batting skill
+  /// Chooses a row; a disabled one is left alone.
+  void option1_click(int row);
+  /// "OK": moves the chosen man to the place after next_batsman_slot and sets batsman_aggression for the pair.
+  void command1_click();
+};
+
+/// Picks a bowler. One of the three OK buttons is visible.
+struct chgbowler {
+  enum class use { change, first_opener, second_opener };
+
+  std::string title;
+  use shown_for = use::change;     ///< decides which OK button is visible: Command1, Command2 or Command3
+  std::array<bool, 12> enabled{};  ///< [1..11]
+  int chosen = 0;                  ///< starts at the current bowler
+  bool closed = false;
+
+  chgbowler(use shown, std::string title_text);
+
+  std::string option1(int row) const;  ///< the row's name
+  std::string label1(int row) const;   ///< under "Skill": 100 less the strike rate, rounded
+  std::string label2(int row) const;   ///< under "R.P.O": the economy rate
+  void option1_click(int row);
+  /// The visible OK: writes the chosen position, 0 for none, to bowler (change, first opener) or next_bowler.
+  void command_click();
+};
+
+/// Shows a player's figures and sets his aggression.
+struct aggr {
+  bool for_batsman = true;        ///< Command1 is shown, else Command2
+  int text1 = 0;                  ///< the slot
+  int vscroll1 = 0;               ///< the aggression, 1 to 5
+  std::string label1_0;           ///< blank, name, blank
+  std::array<std::string, 4> headings;  ///< of the figures, in shown order
+  std::array<std::string, 4> figures;   ///< batsman: runs, balls, strike rate; bowler: overs, maidens, runs, wickets
+  bool picture1_visible = true;   ///< the settled bar
+  double picture1 = 0;            ///< its width, 0 to 915
+  std::string label1_4;           ///< batsman: the side's score in a sentence
+  bool closed = false;
+
+  static aggr of_batsman(int slot);
+  static aggr of_bowler(int slot);
+  /// The shown OK: writes the aggression to its slot.
+  void command_click();
+};
+
+/// How a batsman made his runs.
+struct batsmandetails {
+  std::string title;
+  batsman_figures figures;
+  bool closed = false;
+
+  void command1_click() { closed = true; }
+};
+
+}  // namespace velorin

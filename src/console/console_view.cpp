@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/console_view.h"
+
+#include <fmt/format.h>
+
+#include "model/teams.h"
+#include "model/rounding.h"
+#include "model/texts.h"
+
+namespace velorin {
+
+namespace {
+
+/// A name in the running table: 12 or more characters give the first 8, a mark and the last 2.
+std::string shortened(const std::string& name) {
+  if (name.size() < 12) return name;
+  return name.substr(0, 8) + "'" + name.substr(name.size() - 2);
+}
+
+}  // namespace
+
+score_view view_score() {
+  score_view view;
+  view.label15_0 = short_name(match.team1_name);
+  view.label15_1 = fmt::format("{}/{}", match.score_runs, match.score_wickets);
+  view.label15_2 = match.overs_text() + " Overs";
+  view.label15_19 = match.innings_balls < 1 ? std::string(" - ")
+                                            : number_text(round_to(6.0 * match.score_runs / match.innings_balls, 2));
+  view.label27_0 = fmt::format("{:02}:{:02}", match.clock_minutes / 60, match.clock_minutes % 60);
+  view.team1 = match.team1_name;
+  view.team2 = match.team2_name;
+  return view;
+}
+
+batsman_view view_batsman(int slot) {
+  batsman_view view;
+  view.position = slot == 0 ? match.lower_batsman() : match.higher_batsman();
+  const batting_card_rec& card = match.batting_card[view.position];
+  view.name = card.name + (view.position == match.striker ? " *" : "");
+  view.runs = card.runs;
+  view.balls = card.balls;
+  view.fours = card.fours;
+  view.sixes = card.sixes;
+  view.settled_meter = match.settled_meter[slot];
+  view.aggression = match.batsman_aggression[slot];
+  view.command4_enabled = !match.computer_bats;
+  return view;
+}
+
+bowlers_view view_bowlers() {
+  bowlers_view view;
+  const bowling_card_rec& now = match.bowling_card[match.bowler];
+  view.bowler = now.name;
+  view.label19_11 = overs_from_balls(now.balls);
+  view.label19_10 = number_text(int(now.maidens));
+  view.label19_9 = number_text(int(now.runs));
+  view.label19_8 = number_text(int(now.wickets));
+  const bowling_card_rec& next = match.bowling_card[match.next_bowler];
+  view.next_bowler = next.name;
+  view.next_figures = bowling_figures(next.balls, next.maidens, next.runs, next.wickets, " - ");
+  view.aggression = match.bowling_aggression;
+  view.command3_enabled = !match.computer_bowls;
+  return view;
+}
+
+std::vector<bowler_line> view_bowler_list() {
+  std::vector<bowler_line> lines;
+  for (int row = 1; row <= 10; ++row) {
+    const bowler_row& filled = match.bowler_list[row];
+    if (filled.position == 0) break;
+    lines.push_back({filled.position, shortened(match.bowling_card[filled.position].name),
+                     bowling_figures(filled.balls, filled.maidens, filled.runs, filled.wickets)});
+  }
+  return lines;
+}
+
+std::string view_last_wicket() {
+  const last_wicket_note& note = match.last_wicket;
+  if (note.position == 0) return {};
+  // The cards of two innings change places with every innings, so an even distance means the current one.
+  const bool current = (match.innings_number - note.innings_number) % 2 == 0;
+  const batting_card_rec& out = current ? match.batting_card[note.position] : match.first_batting_card[note.position];
+  return fmt::format("{} {} {} {}({}) at {}.", out.name, out.fielder, out.how_out, int(out.runs), int(out.balls),
+                     note.score_runs);
+}
+
+}  // namespace velorin

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <fmt/format.h>
+
+#include "console/console_view.h"
+#include "model/rounding.h"
+#include "model/teams.h"
+#include "model/texts.h"
+
+namespace velorin {
+
+namespace {
+
+/// Runs and wickets that the log of an innings holds for some overs: numbers are added, each "W" is a wicket.
+struct logged {
+  int runs = 0;
+  int wickets = 0;
+};
+
+logged count_overs(const ball_log_table& log, int from, int to) {
+  logged sum;
+  for (int over = from < 1 ? 1 : from; over <= to && over <= 50; ++over) {
+    for (int slot = 1; slot <= 6; ++slot) {
+      const std::string& symbol = log[over][slot];
+      if (is_numeric(symbol)) sum.runs += std::stoi(symbol);
+      if (symbol == "W") ++sum.wickets;
+    }
+  }
+  return sum;
+}
+
+std::string last_five() {
+  const rate_figures& rates = match.rates;
+  const int overs = rates.innings_balls / 6;
+  if (rates.innings_balls - 24 <= 0) return " - ";
+  // Only overs that were complete at the refresh; the one in progress was still empty then.
+  const int last = overs < rates.over_no ? overs : rates.over_no - 1;
+  return number_text(round_to(count_overs(match.ball_log, overs - 4, last).runs / 5.0, 2));
+}
+
+std::vector<rate_cell> projections() {
+  std::vector<rate_cell> cells = {
+      {"Current RR", "-"}, {"4 per over", "-"}, {"6 per over", "-"}, {"8 per over", "-"}, {"10 per over", "-"}};
+  const rate_figures& rates = match.rates;
+  if (rates.innings_balls == 0) return cells;
+  const double runs = rates.score_runs;
+  const double balls = rates.innings_balls;
+  const double left = 300 - balls;
+  cells[0].text = number_text(runs + round_half_even(runs / balls * left));
+  cells[1].text = number_text(runs + round_half_even(4.0 / 6 * left));
+  cells[2].text = number_text(runs + round_half_even(left));
+  cells[3].text = number_text(runs + round_half_even(8.0 / 6 * left));
+  cells[4].text = number_text(runs + round_half_even(10.0 / 6 * left));
+  return cells;
+}
+
+std::vector<rate_cell> chase_cells(bool refreshed) {
+  std::vector<rate_cell> cells = {{"Runs Reqd.", ""}, {"Overs rem.", ""}, {"RR Reqd.", ""}, {"Current RR", ""},
+                                  {"Wkts in hand", ""}, {"Target", ""},    {"Initial RR", ""}};
+  if (!refreshed) return cells;
+  const rate_figures& rates = match.rates;
+  const int target = match.first_total + 1;
+  const int left = 300 - rates.innings_balls;
+  cells[0].text = number_text(target - rates.score_runs);
+  cells[1].text = fmt::format("{} ({}b)", overs_from_balls(left), left);
+  if (rates.required_rate_shown) cells[2].text = number_text(rates.required_rate);
+  if (rates.innings_balls > 0) {
+    cells[3].text = number_text(round_to(static_cast<double>(rates.score_runs) / rates.innings_balls * 6, 2));
+  }
+  cells[4].text = number_text(10 - rates.score_wickets);
+  cells[5].text = number_text(target);
+  cells[6].text = number_text(round_to(target * 6.0 / 300, 2));
+  return cells;
+}
+
+void add_comparison(rates_view& view, bool refreshed) {
+  const rate_figures& rates = match.rates;
+  const std::string us = short_name(match.team1_name);
+  const std::string them = short_name(match.team2_name);
+  view.label15_4 = "To win " + us + " need...";
+  view.first_innings = fmt::format("{} {}/{}", them, int(match.first_total), int(match.first_wickets));
+  view.first_innings_overs = overs_from_balls(match.first_balls) + " Overs";
+  if (!refreshed) {
+    view.label15_13 = us + " are 0/0";
+    view.label15_14 = them + " were 0/0";
+    return;
+  }
+  const logged stage = count_overs(match.first_ball_log, 1, rates.innings_balls / 6);
+  view.label15_12 = number_text(rates.innings_balls / 6.0) + " Overs";
+  view.label15_13 = fmt::format("{} are {}/{}", us, rates.score_runs, rates.score_wickets);
+  view.label15_14 = fmt::format("{} were {}/{}", them, stage.runs, stage.wickets);
+}
+
+}  // namespace
+
+rates_view view_rates() {
+  rates_view view;
+  view.label15_20 = last_five();
+  view.chase = match.first_total != 0;
+  if (!view.chase) {
+    view.label26 = projections();
+    if (match.rates.projection_empty) view.label26[2].text.clear();
+    return view;
+  }
+  const bool refreshed = match.rates.first_total != 0;
+  view.label26 = chase_cells(refreshed);
+  add_comparison(view, refreshed);
+  return view;
+}
+
+}  // namespace velorin
