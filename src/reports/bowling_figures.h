@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+// The bowling figures of the match, as plain records of their shown texts.
+
+namespace velorin {
+
+/// What the two screens of bowling figures have in common. Of a man who has not bowled only the name is filled.
+struct bowling_screen {
+  static constexpr std::string_view title = "Bowling Figures";
+  static constexpr std::array<std::string_view, 5> headings = {"Overs", "Mdns", "Runs", "Wkts", "R.P.O"};
+
+  std::array<std::string, 12> label1;   ///< [1..11] names
+  std::array<std::string, 12> label2;   ///< [1..11] overs
+  std::array<std::string, 12> label3;   ///< [1..11] maidens
+  std::array<std::string, 12> label4;   ///< [1..11] runs
+  std::array<std::string, 12> label5;   ///< [1..11] wickets
+  std::array<std::string, 12> label11;  ///< [1..11] runs an over, to two places
+};
+
+/// The bowlers of the innings in play.
+struct bowlcard : bowling_screen {
+  /// Fills the screen afresh. Reads match.
+  void open();
+};
+
+/// The bowlers of the first innings.
+struct bowlcard2nd : bowling_screen {
+  /// Fills the screen afresh. Reads match.
+  void open();
+};
+
+}  // namespace velorin

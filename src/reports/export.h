@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "reports/scorecard.h"
+
+// The match as it stands, written to a file from the open batting card. A file has two innings once the first is over.
+// Texts are single bytes of Windows-1252 with CR LF line ends.
+
+namespace velorin {
+
+/// Where the exported page says it comes from.
+inline constexpr std::string_view home_page = "https://velorin.example/";
+
+/// The three files' bytes. `card` is the open card; the rest is read from match, the colours of the page from settings.
+std::string html_scorecard(const scorecard& card);
+std::string text_scorecard(const scorecard& card);
+std::string ball_by_ball(const scorecard& card);
+
+}  // namespace velorin

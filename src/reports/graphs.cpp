@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/graphs.h"
+
+#include <charconv>
+
+#include "model/teams.h"
+#include "model/texts.h"
+#include "reports/scorecard.h"
+
+namespace velorin {
+
+namespace {
+
+/// What one over brought.
+struct over_sum {
+  int runs = 0;  ///< of the numeric symbols
+  bool wicket = false;
+};
+
+over_sum sum_of(const std::array<std::string, 8>& balls) {
+  over_sum sum;
+  for (int b = 1; b <= 6; ++b) {
+    const std::string& symbol = balls[b];
+    if (symbol == "W") sum.wicket = true;
+    if (!is_numeric(symbol)) continue;
+    int runs = 0;
+    std::from_chars(symbol.data(), symbol.data() + symbol.size(), runs);
+    sum.runs += runs;
+  }
+  return sum;
+}
+
+void fill_bars(graphs& screen, int half, const ball_log_table& log) {
+  for (int over = 1; over <= 50; ++over) {
+    const over_sum sum = sum_of(log[over]);
+    const int place = graphs::place(half, over);
+    const int height = sum.runs * graphs::units_a_run;
+    screen.shape1[place] = {height, graphs::base_line[half] - height, sum.runs > 0};
+    screen.shape2[place] = sum.wicket;
+  }
+}
+
+void fill_half(graphs& screen, int half, const std::string& team, int total, int wickets, double rate) {
+  screen.rate[half] = rate;
+  screen.line6[half] = graphs::base_line[half] - rate * graphs::units_a_run;
+  screen.label6[half] = team + "   ( " + number_text(total) + "/" + number_text(wickets) + " )";
+}
+
+}  // namespace
+
+void graphs::open() {
+  *this = {};
+  const double current_rate = match.innings_balls != 0 ? runs_per_over(match.score_runs, match.innings_balls) : 0;
+  fill_half(*this, 0, match.team1_name, match.score_runs, match.score_wickets, current_rate);
+  fill_bars(*this, 0, match.ball_log);
+
+  const bool has_first = match.first_total != 0 && match.first_balls != 0;
+  const double first_rate = has_first ? runs_per_over(match.first_total, match.first_balls) : 0;
+  fill_half(*this, 1, match.team2_name, match.first_total, match.first_wickets, first_rate);
+  fill_bars(*this, 1, match.first_ball_log);
+}
+
+}  // namespace velorin

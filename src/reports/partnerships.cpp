@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/partnerships.h"
+
+#include "model/teams.h"
+#include "model/texts.h"
+
+namespace velorin {
+
+namespace {
+
+constexpr const char* between_names = "  &&  ";
+
+/// Fills the rows of an innings from its records and writes the overs of each fall back into its record.
+void fill(partnership_screen& screen, fall_of_wicket_table& falls) {
+  for (int i = 1; i <= 10; ++i) {
+    fall_of_wicket_rec& fall = falls[i];
+    fall.overs_text = overs_from_balls(fall.balls);
+    screen.rows[i] = {fall.batsman_a + between_names + fall.batsman_b,
+                      number_text(fall.partner_runs) + " (" + number_text(fall.partner_balls) + ")",
+                      number_text(fall.score),
+                      fall.overs_text,
+                      number_text(i),
+                      !fall.batsman_a.empty()};
+  }
+}
+
+/// The row of the two men at the crease.
+void fill_current_stand(partnership_row& row, const fall_of_wicket_rec& last_fall) {
+  row.batsmen =
+      match.batting_card[match.lower_batsman()].name + between_names + match.batting_card[match.higher_batsman()].name;
+  row.partnership = number_text(match.score_runs - last_fall.score) + "*  (" +
+                    number_text(match.innings_balls - last_fall.balls) + ")";
+  row.visible = true;
+}
+
+}  // namespace
+
+void partners::open() {
+  *this = {};
+  fill(*this, match.fall_of_wicket);
+  const int wickets = match.score_wickets;
+  if (wickets < 10) fill_current_stand(rows[wickets + 1], match.fall_of_wicket[wickets]);
+}
+
+void partners2::open() {
+  *this = {};
+  fill(*this, match.first_fall_of_wicket);
+  for (partnership_row& row : rows) {
+    if (row.overs != "0.0") continue;
+    row.score.clear();
+    row.overs.clear();
+  }
+}
+
+}  // namespace velorin

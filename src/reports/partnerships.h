@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+// The partnerships of the match, as plain records of their shown texts.
+
+namespace velorin {
+
+/// One stand.
+struct partnership_row {
+  std::string batsmen;      ///< "  &&  " between the two
+  std::string partnership;  ///< runs, and balls in brackets
+  std::string score;        ///< the side's runs at the fall
+  std::string overs;        ///< the overs at the fall
+  std::string wicket;       ///< its number
+  bool visible = false;
+};
+
+/// What the two screens of partnerships have in common.
+struct partnership_screen {
+  static constexpr std::array<std::string_view, 5> headings = {"  Batsmen", "Partnership", "Score", "Overs", "Wkt."};
+
+  std::array<partnership_row, 11> rows;  ///< [1..10]
+};
+
+/// The stands of the innings in play, the unbroken one in the row behind the last wicket.
+struct partners : partnership_screen {
+  /// Fills the screen afresh. Reads match; writes `overs_text` of match.fall_of_wicket [1..10].
+  void open();
+};
+
+/// The stands of the first innings. The unbroken one shows no score and no overs.
+struct partners2 : partnership_screen {
+  /// Fills the screen afresh. Reads match; writes `overs_text` of match.first_fall_of_wicket [1..10].
+  void open();
+};
+
+}  // namespace velorin

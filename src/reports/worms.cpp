@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/worms.h"
+
+#include "model/teams.h"
+#include "model/texts.h"
+
+namespace velorin {
+
+namespace {
+
+std::string score_text(const worm_line& line) {
+  if (!line.score_set) return {};
+  return number_text(line.score_runs) + "/" + number_text(line.score_wickets);
+}
+
+std::vector<worm_point> points_of(const worm_line& line) {
+  std::vector<worm_point> points;
+  for (int row = 1; row <= 51; ++row) {
+    if (line.row_set[row]) points.push_back({row, line.row[row]});
+  }
+  return points;
+}
+
+}  // namespace
+
+void load_worms() {
+  if (match.loaded) return;
+  match.loaded = true;
+  match.worm[0].team = match.team1_name;
+  match.worm[1].team = match.team2_name;
+}
+
+void feed_worms() {
+  load_worms();
+  for (worm_line& line : match.worm) {
+    if (line.team != match.team1_name) continue;
+    const int row = match.innings_balls / 6 + 1;
+    line.row[row] = match.score_runs;
+    line.row_set[row] = true;
+    line.score_runs = match.score_runs;
+    line.score_wickets = match.score_wickets;
+    line.score_set = true;
+    return;
+  }
+}
+
+void worms::open() {
+  load_worms();
+  label9 = match.worm[0].team;
+  label10 = match.worm[1].team;
+  label3 = score_text(match.worm[0]);
+  label4 = score_text(match.worm[1]);
+  series = {points_of(match.worm[0]), points_of(match.worm[1])};
+}
+
+}  // namespace velorin

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+// The running scores of the two sides against the overs. The lines live in match.worm for as long as the program runs;
+// the match that first touches them gives them their names, and later matches write into them only under those names.
+
+namespace velorin {
+
+/// Names the two lines after the sides of the match: first the one batting, then the other. Only the first call in a
+/// run of the program does anything. Reads and writes match.
+void load_worms();
+
+/// Books the present score in the line of the batting side: the row of the over in progress, and the score beside its
+/// name. Loads the lines if need be. Nothing happens for a side that has none. Called after every ball. Reads and
+/// writes match.
+void feed_worms();
+
+/// A point of a line.
+struct worm_point {
+  int row = 0;    ///< 1..51; the end of over n stands on row n + 1
+  int value = 0;  ///< the side's runs
+};
+
+/// The window that shows the lines.
+struct worms {
+  std::string label9;                             ///< the side of the first line
+  std::string label10;                            ///< the side of the second line
+  std::string label3;                             ///< score of the first line as last written, "" before
+  std::string label4;                             ///< score of the second line, likewise
+  std::array<std::vector<worm_point>, 2> series;  ///< the rows written so far, by rows
+
+  /// Fills the window afresh, and loads the lines if need be. Reads match, may write match.worm.
+  void open();
+};
+
+}  // namespace velorin
