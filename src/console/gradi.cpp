@@ -21,8 +21,8 @@ double meter_of(int position) {
 int over_runs(int over) {
   int sum = 0;
   for (int slot = 1; slot <= 6; ++slot) {
-    const std::string& symbol = match.ball_log[over][slot];
-    if (is_numeric(symbol)) sum += std::stoi(symbol);
+    const int number = symbol_number(match.ball_log[over][slot]);
+    if (number > 0) sum += number;
   }
   return sum;
 }

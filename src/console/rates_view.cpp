@@ -21,7 +21,7 @@ logged count_overs(const ball_log_table& log, int from, int to) {
   for (int over = from < 1 ? 1 : from; over <= to && over <= 50; ++over) {
     for (int slot = 1; slot <= 6; ++slot) {
       const std::string& symbol = log[over][slot];
-      if (is_numeric(symbol)) sum.runs += std::stoi(symbol);
+      if (const int number = symbol_number(symbol); number > 0) sum.runs += number;
       if (symbol == "W") ++sum.wickets;
     }
   }

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+// The statistical model of one delivery: the only judge of a ball.
+
+namespace velorin {
+
+/// Codes of ball_outcome. 5 does not occur.
+enum outcome : int {
+  dot_ball = 0,
+  one_run = 1,
+  two_runs = 2,
+  three_runs = 3,
+  four_runs = 4,
+  six_runs = 6,
+  wicket = 7,
+  no_ball = 8,
+  wide_ball = 9,
+  leg_byes = 10,
+  byes = 11,
+};
+
+/// Settles one delivery. Requires striker, non_striker, bowler, the elevens, the four conditions, both pairs of
+/// aggressions and the settled meter. Changes ball_outcome only. Draws, after reseeding from the clock, one number.
+/// Raises run_time_error (division): a bat_skill of 0, an econ of 0 with a bowling aggression other than 3, or an
+/// expectation of exactly 0 balls per wicket; ball_outcome is unchanged then.
+void deliver_ball();
+
+/// The two expectations of a delivery, before the draw.
+struct expectations {
+  double balls_per_wicket = 0;
+  double runs_per_over = 0;
+};
+
+/// The expectations of the next delivery as the match stands. Errors as for deliver_ball. Draws nothing.
+expectations expect_delivery();
+
+/// Sizes of the windows on the scale of 1000, in the order of the scale: wicket, one, two, three, four, six, no ball,
+/// wide, leg byes, byes. What remains is the dot ball's. Neither clamped nor normalised.
+std::array<double, 10> delivery_windows(const expectations& expected);
+
+/// The outcome on which a draw of 1 to 1000 falls.
+int classify(int draw, const std::array<double, 10>& windows);
+
+}  // namespace velorin

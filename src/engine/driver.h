@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+// The ball and over driver: everything that a ball causes is sequenced from here.
+
+namespace velorin {
+
+/// Opens the console on the match that the set-up left: a fresh set of its values, opening bowlers and openers, clock.
+/// Requires the sides, the elevens, the conditions and the ground. A human captain is asked for his choices. An
+/// unattended match is played here to its end; one that is unfinished after 100 overs has no result and is reset.
+/// Raises run_time_error: a bowler not chosen (subscript), whatever play raises.
+void open_console();
+
+/// Bowls one over, or what is left of the innings. Requires an open console. Draws, for each ball, the delivery and what
+/// follows from it. Tells the front end of each ball. Raises run_time_error: a position that nobody fills (subscript), a
+/// figure beyond its width (overflow), what the model, the books, the captains and the end of a match raise.
+void next_over();
+
+/// Asks a human captain for the two opening bowlers, or lets the computer choose them.
+void pick_opening_bowlers();
+/// Asks a human captain for the two openers, or lets the computer choose them; sets the batting aggressions.
+void pick_openers();
+/// Copies the names of positions 1 and 2 of batting_xi to the batting card.
+void name_openers();
+/// Copies the names of all eleven of bowling_xi to the bowling card.
+void name_bowlers();
+
+/// The console's form: its buttons. The values it shows are in the match.
+struct main_console {
+  /// "Next Over".
+  void command1_click();
+  /// The scorecard.
+  void command2_click();
+  /// Changes the bowler; only while a human bowls.
+  void command3_click();
+  /// Aggression of the batsman in slot 0 or 1; only while a human bats.
+  void command4_click(int slot);
+  /// Aggression of the bowler (0) or the next bowler (1); only while a human bowls.
+  void command5_click(int slot);
+  /// The worm and the graph of overs.
+  void command6_click();
+  void command11_click();
+  /// Shows a past over: 1 to the number of overs completed. Other values are left alone.
+  void vscroll1_change(int over);
+
+  bool closed() const;
+};
+
+}  // namespace velorin

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace velorin {
+
+/// Returns the match to a blank slate: sides (computer_bats and computer_bowls become true), position, totals, books,
+/// achievements, conditions and ground, set-up, bowler pool. The result block, the console's values, the worm and
+/// innings_changed stay. Draws and asks nothing.
+void reset_match();
+
+}  // namespace velorin

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/storage.h"
+
+#include "database/elevens.h"
+#include "engine/algorithm.h"
+#include "model/random.h"
+#include "model/teams.h"
+
+namespace velorin {
+
+namespace {
+
+/// The keeper's name: of several the man of the highest position counts. nullptr without one.
+const std::string* keeper_name() {
+  for (int i = 11; i >= 1; --i) {
+    if (match.bowling_xi[i].is_keeper != 0) return &match.bowling_xi[i].name;
+  }
+  return nullptr;
+}
+
+void caught_behind(batting_card_rec& out, const player_rec& bowler, const char* how) {
+  out.how_out = " b " + bowler.name;
+  if (const std::string* keeper = keeper_name()) out.fielder = how + *keeper;
+}
+
+void caught_in_the_field(batting_card_rec& out, const player_rec& bowler) {
+  const int catcher = die(11);
+  if (catcher == match.bowler) {
+    out.how_out = " c && b " + bowler.name;
+    out.fielder.clear();
+    return;
+  }
+  out.how_out = " b " + bowler.name;
+  out.fielder = " c " + match.bowling_xi[catcher].name;
+}
+
+}  // namespace
+
+void load_elevens() { read_elevens(); }
+
+void record_runs() {
+  const int outcome = match.ball_outcome;
+  if (outcome > six_runs) return;
+  // After one or three runs the batsmen have changed ends already.
+  batting_card_rec& batsman = match.batting_card[outcome % 2 == 1 ? match.non_striker : match.striker];
+  batsman.balls += 1;
+  switch (outcome) {
+    case dot_ball:
+      batsman.dots += 1;
+      return;
+    case one_run:
+      batsman.singles += 1;
+      break;
+    case two_runs:
+      batsman.twos += 1;
+      break;
+    case three_runs:
+      batsman.threes += 1;
+      break;
+    case four_runs:
+      batsman.fours += 1;
+      break;
+    default:
+      batsman.sixes += 1;
+      break;
+  }
+  batsman.runs += outcome;
+  match.bowling_card[match.bowler].runs += outcome;
+  match.maiden_flag = false;
+}
+
+void record_fall_of_wicket() {
+  const int k = match.score_wickets;
+  fall_of_wicket_rec& fall = match.fall_of_wicket[k];
+  const fall_of_wicket_rec& before = match.fall_of_wicket[k - 1];
+  fall.score = match.score_runs;
+  fall.batsman_a = match.batting_xi[match.non_striker].name;
+  fall.batsman_b = match.batting_xi[match.striker].name;
+  fall.partner_runs = fall.score - before.score;
+  fall.balls = match.innings_balls + 1;
+  fall.partner_balls = fall.balls - before.balls;
+}
+
+void record_dismissal(bool& run_out) {
+  batting_card_rec& out = match.batting_card[match.striker];
+  const player_rec& bowler = match.bowling_xi[match.bowler];
+  const int kind = die(110);
+  if (kind <= 11) {
+    out.how_out = " b " + bowler.name;
+    out.fielder.clear();
+  } else if (kind <= 30) {
+    caught_behind(out, bowler, " c ");
+  } else if (kind <= 40) {
+    out.how_out = " run out (" + match.bowling_xi[die(11)].name + ")";
+    run_out = true;
+  } else if (kind <= 45) {
+    caught_behind(out, bowler, bowler.bowler_type == "spinner" ? " st " : " c ");
+  } else if (kind <= 100) {
+    caught_in_the_field(out, bowler);
+  } else {
+    out.how_out = " lbw " + bowler.name;
+    out.fielder.clear();
+  }
+}
+
+}  // namespace velorin

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "model/rounding.h"
+#include "model/run_time_error.h"
+#include "model/texts.h"
+#include "setup/teamsel.h"
+
+namespace velorin {
+
+namespace {
+
+/// A line of the two rankings.
+struct ranked {
+  integer key;
+  double rate = 0;  ///< bowlers only
+  int place = 0;
+
+  double bowling_score() const { return key + 15 * rate; }
+};
+using ranking = std::array<ranked, 21>;  // 1..20
+
+/// Ticks two men of the top order: openers, then the middle order, then the lower order until two have been counted. A
+/// man of the lower order may be counted twice.
+void tick_top_order(teamsel& form) {
+  constexpr std::array<std::string_view, 3> roles = {"Opener", "Middle Order", "Lower Order"};
+  int count = 0;
+  for (std::size_t role = 0; count < 2; role = std::min(role + 1, roles.size() - 1)) {
+    const int before = count;
+    for (int place = 1; place <= 20 && count < 2; ++place) {
+      if (form.man(place).role() != roles[role]) continue;
+      form.check1[place] = true;
+      ++count;
+    }
+    if (count == before && role == roles.size() - 1) {
+      throw run_time_error(failure::endless, "Endless search: the squad has no man of a known batting role",
+                           {.file = {}, .record = 0, .field = "bat_type", .player = form.heading()});
+    }
+  }
+}
+
+ranking rank_batsmen(const teamsel& form) {
+  ranking ranks;
+  for (int i = 1; i <= 20; ++i) ranks[i] = {form.man(i).bat_skill, 0, i};
+  // Stable, as the bubble sort with a strict comparison is: the earlier place wins a tie.
+  std::stable_sort(ranks.begin() + 1, ranks.end(), [](const ranked& a, const ranked& b) { return a.key > b.key; });
+  return ranks;
+}
+
+ranking rank_bowlers(const teamsel& form) {
+  ranking ranks;
+  for (int i = 1; i <= 20; ++i) {
+    const player_rec& man = form.man(i);
+    if (form.row_visible(i)) {
+      ranks[i] = {static_cast<long>(round_half_even(shown_value(man.bowl_sr))), shown_value(man.econ), i};
+    } else {
+      ranks[i] = {1000, 1000, i};
+    }
+  }
+  std::stable_sort(ranks.begin() + 1, ranks.end(),
+                   [](const ranked& a, const ranked& b) { return a.bowling_score() < b.bowling_score(); });
+  return ranks;
+}
+
+bool is_shown_as_keeper(const player_rec& man) { return man.is_keeper != 0 || man.bowler_type.ends_with("Wk"); }
+
+}  // namespace
+
+void teamsel::command3_click() {
+  check1.fill(false);
+  counted_ = true;
+  tick_top_order(*this);
+  const ranking bat_rank = rank_batsmen(*this);
+  const ranking bowl_rank = rank_bowlers(*this);
+  for (int k = 1; k <= 4; ++k) {
+    for (const ranking* ranks : {&bat_rank, &bowl_rank}) {
+      const int place = (*ranks)[k].place;
+      if (row_visible(place)) check1[place] = true;
+    }
+    best_bowlers_[k - 1] = bowl_rank[k].place;
+  }
+  for (int k = 1; k <= 20; ++k) {
+    if (!is_shown_as_keeper(man(bat_rank[k].place))) continue;
+    check1[bat_rank[k].place] = true;
+    break;
+  }
+  batting_bowler_ = 0;
+  for (int k = 1; k <= 20 && batting_bowler_ == 0; ++k) {
+    if (man(bowl_rank[k].place).bat_skill > 20) batting_bowler_ = bowl_rank[k].place;
+  }
+  if (batting_bowler_ != 0) check1[batting_bowler_] = true;
+  for (int k = 1; k <= 20 && ticked() <= 10; ++k) check1[bat_rank[k].place] = true;
+}
+
+}  // namespace velorin

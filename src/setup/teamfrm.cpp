@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/teamfrm.h"
+
+#include <utility>
+
+#include "database/teams_file.h"
+#include "model/run_time_error.h"
+#include "model/teams.h"
+#include "setup/teamsel.h"
+#include "setup/wecond.h"
+#include "ui/front_end.h"
+
+namespace velorin {
+
+namespace {
+
+int find_team(const std::vector<team_entry>& list, const std::string& name) {
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    if (list[i].name == name) return static_cast<int>(i);
+  }
+  throw run_time_error(failure::subscript, "Subscript out of range: no such team in the database",
+                       {.file = {}, .record = 0, .field = "team_name", .player = name});
+}
+
+std::string entry_text(const std::vector<team_entry>& list, int index) {
+  return index < 0 ? std::string() : list[static_cast<std::size_t>(index)].name;
+}
+
+/// Keeps the ground of this name in the match; without one the ground before stays.
+void take_ground(const std::string& name) {
+  for (const ground_rec& ground : read_grounds()) {
+    if (ground.ground_name == name) match.ground = ground;
+  }
+}
+
+/// The squad of the entry chosen. The record is read into the place of the team list with its own number, one behind
+/// that of the team, so the last of twenty teams has none.
+const squad& chosen_squad(const std::vector<team_entry>& list, int index) {
+  if (index < 0) {
+    throw run_time_error(failure::subscript, "Subscript out of range: no team is chosen",
+                         {.file = {}, .record = 0, .field = "team_name", .player = {}});
+  }
+  const team_entry& entry = list[static_cast<std::size_t>(index)];
+  if (entry.record > 20) {
+    throw run_time_error(failure::subscript, "Subscript out of range: the twentieth team cannot be played",
+                         {.file = {}, .record = entry.record, .field = "team_name", .player = entry.name});
+  }
+  return read_team(entry.record).squad;
+}
+
+void select_team(int place, const std::vector<team_entry>& list, int index) {
+  const std::string name = entry_text(list, index);
+  (place == 0 ? match.team1_name : match.team2_name) = name;
+  match.squads[place] = chosen_squad(list, index);
+  sort_squad(match.squads[place]);
+  teamsel form;
+  form.open(name, match.squads[place]);
+  user().show(form);
+}
+
+}  // namespace
+
+void sort_squad(squad& men) {
+  for (int a = 19; a >= 1; --a) {
+    for (int b = 1; b <= a; ++b) {
+      if (men[b].role() < men[b + 1].role()) std::swap(men[b], men[b + 1]);
+      if (men[b].role() == men[b + 1].role() && men[b].bat_skill < men[b + 1].bat_skill) std::swap(men[b], men[b + 1]);
+    }
+  }
+}
+
+void teamfrm::open() {
+  combo1.clear();
+  const std::vector<team_rec>& teams = read_team_list();
+  match.team_count = teams.size();
+  for (std::size_t i = 0; i < teams.size(); ++i) {
+    match.team_list[i + 1] = teams[i].team_name;
+    combo1.push_back({teams[i].team_name, static_cast<int>(i) + 2});
+  }
+  combo1_index = combo1.size() > 1 ? 1 : -1;
+  combo2_index = combo1.size() > 2 ? 2 : -1;
+  visible = true;
+  rebuild_grounds();
+}
+
+std::string teamfrm::combo1_text() const { return entry_text(combo1, combo1_index); }
+std::string teamfrm::combo2_text() const { return entry_text(combo1, combo2_index); }
+std::string teamfrm::combo3_text() const {
+  return combo3_index < 0 ? std::string() : combo3[static_cast<std::size_t>(combo3_index)];
+}
+
+void teamfrm::choose_first_team(int index) {
+  combo1_index = index;
+  rebuild_grounds();
+}
+
+void teamfrm::choose_second_team(int index) {
+  combo2_index = index;
+  rebuild_grounds();
+}
+
+void teamfrm::rebuild_grounds() {
+  combo3.clear();
+  const std::string first = combo1_text();
+  const std::string second = combo2_text();
+  for (const ground_rec& ground : read_grounds()) {
+    if (ground.country == first || ground.country == second) combo3.push_back(ground.ground_name);
+    if (ground.country == "Neutral") combo3.push_back(ground.ground_name);
+  }
+  combo3_index = combo3.size() > 1 ? 1 : -1;
+}
+
+void teamfrm::enter(const std::string& first, const std::string& second, const std::string& ground) {
+  combo1_index = find_team(combo1, first);
+  combo2_index = find_team(combo1, second);
+  combo3 = {ground};
+  combo3_index = 0;
+}
+
+void teamfrm::command1_click() {
+  visible = false;
+  try {
+    take_ground(combo3_text());
+    match.computer_bats = option1_cpu;
+    match.computer_bowls = option3_cpu;
+    wecond conditions;
+    conditions.open();
+    user().show(conditions);
+    select_team(0, combo1, combo1_index);
+    select_team(1, combo1, combo2_index);
+  } catch (...) {
+    visible = true;
+    throw;
+  }
+}
+
+}  // namespace velorin

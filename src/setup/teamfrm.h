@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "model/records.h"
+
+namespace velorin {
+
+/// An entry of a list of teams.
+struct team_entry {
+  std::string name;
+  int record = 0;  ///< its record number in the team file, 2 to 21
+};
+
+/// The new match: teams, captains, ground. Its OK plays the whole match.
+struct teamfrm {
+  std::vector<team_entry> combo1;   ///< list of teams; the second team's list is the same
+  int combo1_index = -1;            ///< chosen entry of the first team, from 0; -1 for none
+  int combo2_index = -1;            ///< chosen entry of the second team
+  std::vector<std::string> combo3;  ///< grounds for the two teams
+  int combo3_index = -1;            ///< chosen ground
+  bool option1_cpu = true;          ///< the computer captains the first team
+  bool option3_cpu = true;          ///< the computer captains the second team
+  bool visible = false;
+
+  /// Loads the teams and preselects the second, the third and, of their grounds, the second. Reads the files; sets
+  /// match.team_list and team_count. Raises what reading the teams and grounds raises.
+  void open();
+
+  std::string combo1_text() const;  ///< name of the first team, "" for none
+  std::string combo2_text() const;
+  std::string combo3_text() const;  ///< the ground, "" for none
+
+  /// A choice of team: the ground list follows it. The entry must be in range or -1.
+  void choose_first_team(int index);
+  void choose_second_team(int index);
+  /// Rebuilds the ground list from the two teams and shows its second entry.
+  void rebuild_grounds();
+  /// Enters teams by name and a single ground, as a competition does: the ground list is left to that ground. Raises
+  /// run_time_error (subscript) for a team that is not in the list.
+  void enter(const std::string& first, const std::string& second, const std::string& ground);
+
+  /// "OK": conditions, both selections, toss and match, one within the other. Returns when the match is over. Requires
+  /// both teams chosen. Changes the match; draws and asks what each step does. Raises run_time_error: no team chosen or
+  /// the twentieth team (subscript), and whatever a step raises; the form is visible again then.
+  void command1_click();
+  /// "Cancel".
+  void command2_click() { visible = false; }
+};
+
+/// Sorts a squad into the order of the selection screen: roles in descending text order, within a role by descending
+/// batting skill, by two exchanges a step of a bubble sort.
+void sort_squad(squad& men);
+
+}  // namespace velorin

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "model/records.h"
+
+namespace velorin {
+
+/// The selection of an eleven from a squad of twenty places. Shown once for each team of a match.
+struct teamsel {
+  std::array<bool, 21> check1{};  ///< [1..20] ticked
+  bool closed = false;
+
+  /// Shows a squad, nothing ticked. The squad must outlive the form.
+  void open(const std::string& team, const squad& men);
+
+  const std::string& heading() const { return team_; }
+  std::string title() const { return team_ + " - Team Selection "; }
+  bool row_visible(int place) const;        ///< the place has a man
+  const player_rec& man(int place) const { return (*squad_)[place]; }
+  std::string label2(int place) const;      ///< "Bat Type"
+  std::string label3(int place) const;      ///< "Bat Skill"
+  std::string label4(int place) const;      ///< "Bowler type", with "/Wk" behind it for a keeper
+  std::string label5(int place) const;      ///< "Bowl SR"
+  std::string label6(int place) const;      ///< "Econ."
+  int ticked() const;
+  /// The counter: " 0 /11 players selected so far." at the start, then the number and the same words.
+  std::string selected_count() const;
+
+  /// A box pressed by the user.
+  void check1_click(int place);
+  /// "Auto Select". Raises run_time_error (endless) for a squad without a man of any known role.
+  void command3_click();
+  /// "Clear Selection".
+  void command4_click();
+  /// "OK" of the first team; it is shown while match.first_team_done is clear. Nothing happens unless exactly eleven are
+  /// ticked. Writes the eleven and closes the form. Raises what write_eleven raises.
+  void command1_click();
+  /// "OK" of the second team: likewise, then goes on with the toss and the match, and returns when it is over.
+  void command2_click();
+  /// The OK that is shown.
+  void ok_click();
+
+  /// What the last Auto Select ranked best: places of the four best bowlers, and of the man ticked as the bowler who can
+  /// bat (0 for none).
+  const std::array<int, 4>& best_bowlers() const { return best_bowlers_; }
+  int batting_bowler() const { return batting_bowler_; }
+
+ private:
+  void confirm(int side_index);
+
+  std::string team_;
+  const squad* squad_ = nullptr;
+  bool counted_ = false;  // the counter has been rewritten since the form opened
+  std::array<int, 4> best_bowlers_{};
+  int batting_bowler_ = 0;
+};
+
+}  // namespace velorin

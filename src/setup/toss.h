@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+namespace velorin {
+
+/// The toss. First the coin's buttons are shown, then the decision's.
+struct toss {
+  std::string label1;  ///< the headline
+  std::string label2;  ///< deciding line: the team for which "Bat" and "Bowl" speak
+  std::string label3;  ///< the other team
+  bool coin_visible = true;       ///< "Heads" and "Tails" are shown, else "Bat" and "Bowl"
+  bool command2_enabled = true;   ///< "Bat"
+  bool command3_enabled = true;   ///< "Bowl"
+  bool closed = false;
+
+  /// The first team is to call. Reads the team names.
+  void open();
+  /// A computer first team tosses against a human second team: the decision is prepared. Draws what decide_toss draws.
+  void open_decided();
+
+  /// "Heads" (0) or "Tails" (1): which one has no influence. Draws, after reseeding, the coin, and the election of a
+  /// computer second team that wins.
+  void command1_click(int index);
+  /// "Bat": the team on the deciding line bats first.
+  void command2_click();
+  /// "Bowl": the team on the other line bats first.
+  void command3_click();
+};
+
+/// Makes the first team the second: elevens, names, captains. Raises what swap_elevens raises.
+void swap_teams();
+
+/// The toss by the captains that the two teams have, then the elevens and the match. Requires both selections. Returns
+/// when the match is over. Draws the toss; asks for its message and screen where a human is involved, then shows the
+/// console.
+void toss_and_play();
+
+}  // namespace velorin
