@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The lasting figures. While files.updates is false, both do nothing. Both run once at the end of a match, in this order, on the match as it stands then: the second
-// innings current, the last stand recorded, the result block filled.
+// The lasting figures. Both run once at the end of a match, in this order, on the match as it stands then: the second
+// innings current, the last stand recorded, the result block filled. While files.updates is false, both do nothing.
 
 namespace velorin {
 

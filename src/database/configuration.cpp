@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/configuration.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+
+#include "database/whole_file.h"
+#include "model/code_page.h"
+#include "model/run_time_error.h"
+#include "model/texts.h"
+
+namespace velorin {
+
+configuration settings;
+database_files files;
+
+namespace {
+
+constexpr std::array<std::string configuration::*, 5> options_lines = {
+    &configuration::photo_path, &configuration::database_name, &configuration::text_color, &configuration::back_color,
+    &configuration::font_name};
+
+std::filesystem::path options_file() { return files.folder / "options.mc"; }
+
+/// Takes the next line off `text`, or nothing at its end.
+std::optional<std::string_view> next_line(std::string_view& text) {
+  if (text.empty()) return std::nullopt;
+  const std::size_t end = text.find('\n');
+  std::string_view line = text.substr(0, end);
+  text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
+/// The value of a line, read as one field that a comma delimits.
+std::string field_of(std::string_view line) {
+  if (line.starts_with(' ')) line.remove_prefix(1);
+  return std::string(line.substr(0, line.find(',')));
+}
+
+std::optional<configuration> parse_options(std::string_view text) {
+  configuration read;
+  for (const auto setting : options_lines) {
+    const auto line = next_line(text);
+    if (!line) return std::nullopt;
+    read.*setting = field_of(*line);
+  }
+  return read;
+}
+
+}  // namespace
+
+database_files database_paths(const std::filesystem::path& folder, const std::string& base) {
+  const std::string name = to_utf8(base);
+  database_files paths;
+  paths.folder = folder;
+  paths.base = base;
+  paths.team = folder / (name + ".team");
+  paths.grd = folder / (name + ".grd");
+  paths.rec = folder / (name + ".rec");
+  paths.ptr = folder / (name + ".ptr");
+  return paths;
+}
+
+void use_database(const std::string& base) {
+  database_files paths = database_paths(files.folder, base);
+  paths.elevens_in_memory = files.elevens_in_memory;
+  paths.updates = files.updates;
+  files = std::move(paths);
+}
+
+bool read_options() {
+  std::optional<std::string> text;
+  try {
+    text = read_file(options_file());
+  } catch (const run_time_error&) {
+    return false;
+  }
+  if (!text) return false;
+  std::optional<configuration> read = parse_options(*text);
+  if (!read) return false;
+  settings = std::move(*read);
+  return true;
+}
+
+void write_options() {
+  std::string text;
+  for (const auto setting : options_lines) text += settings.*setting + "\r\n";
+  const folder_lock turn(options_file());
+  replace_file(options_file(), text);
+}
+
+std::vector<std::string> databases_on_offer(const std::filesystem::path& folder) {
+  std::vector<std::string> bases;
+  std::error_code failed;
+  std::filesystem::directory_iterator entry(folder, failed);
+  for (; !failed && entry != std::filesystem::directory_iterator(); entry.increment(failed)) {
+    const std::filesystem::path& path = entry->path();
+    std::error_code ignored;
+    if (path.extension() != ".team" || !std::filesystem::is_regular_file(path, ignored)) continue;
+    std::filesystem::path grounds = path;
+    if (!std::filesystem::is_regular_file(grounds.replace_extension(".grd"), ignored)) continue;
+    if (auto base = from_utf8(path.stem().string())) bases.push_back(std::move(*base));
+  }
+  std::sort(bases.begin(), bases.end(), [](const std::string& a, const std::string& b) {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
+      return static_cast<unsigned char>(x) < static_cast<unsigned char>(y);
+    });
+  });
+  return bases;
+}
+
+std::string change_to_hex(long color) {
+  if (color < 0 || color > 0xFFFFFF) {
+    throw run_time_error(failure::type, fmt::format("Type mismatch: {} is no colour", color));
+  }
+  const long blue = color / 65536;
+  const long green = (color - blue * 65536) / 256;
+  const long red = color - blue * 65536 - green * 256;
+  return fmt::format("{:02X}{:02X}{:02X}", red, green, blue);
+}
+
+std::string change_to_rgb(std::string_view digits) {
+  std::array<long, 3> parts{};
+  bool valid = digits.size() == 6;
+  for (std::size_t i = 0; valid && i < parts.size(); ++i) {
+    const char* const pair = digits.data() + 2 * i;
+    const auto [end, error] = std::from_chars(pair, pair + 2, parts[i], 16);
+    valid = error == std::errc() && end == pair + 2 && parts[i] >= 0 && pair[0] != '-';
+  }
+  if (!valid) throw run_time_error(failure::type, fmt::format("Type mismatch: \"{}\" is no colour", digits));
+  return number_text(parts[0] + 256 * parts[1] + 65536 * parts[2]);
+}
+
+}  // namespace velorin

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/elevens.h"
+
+#include <fmt/format.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+#include "database/configuration.h"
+#include "database/slots.h"
+#include "model/teams.h"
+
+namespace velorin {
+
+namespace {
+
+/// The elevens while files.elevens_in_memory is set.
+struct elevens_held {
+  eleven first;
+  eleven second;
+};
+elevens_held held;
+
+std::filesystem::path first_file() { return files.folder / "team1r.txt"; }
+std::filesystem::path second_file() { return files.folder / "team2r.txt"; }
+std::filesystem::path spare_file() { return files.folder / "dummy.txt"; }
+
+/// The bytes that a man takes in his slot, without writing him.
+std::size_t encoded_size(const player_rec& man) {
+  constexpr std::size_t without_texts = 30;
+  std::size_t size = without_texts + man.name.size() + man.bat_type.size() + man.bowler_type.size();
+  for (const std::string& text : man.reserved) size += text.size();
+  return size;
+}
+
+void hold_eleven(side which, const eleven& men) {
+  for (int i = 1; i <= 11; ++i) {
+    if (encoded_size(men[i]) <= eleven_slot) continue;
+    throw run_time_error(
+        failure::overflow,
+        fmt::format("Overflow: a record of {} bytes in a slot of {}", encoded_size(men[i]), eleven_slot),
+        {.file = file_name_text(which == side::first ? first_file() : second_file()), .record = i, .field = {},
+         .player = men[i].name});
+  }
+  (which == side::first ? held.first : held.second) = men;
+}
+
+void read_eleven(const std::filesystem::path& path, eleven& men) {
+  const slot_file file = slot_file::read(path, eleven_slot);
+  eleven fresh;
+  for (int i = 1; i <= 11; ++i) file.get(i, fresh[i]);
+  men = std::move(fresh);
+}
+
+/// Renames and tells the cause if that failed, else 0.
+int rename_file(const std::filesystem::path& from, const std::filesystem::path& to) {
+  return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+}
+
+}  // namespace
+
+void write_eleven(side which, const eleven& men) {
+  if (files.elevens_in_memory) {
+    hold_eleven(which, men);
+    return;
+  }
+  const std::filesystem::path path = which == side::first ? first_file() : second_file();
+  const folder_lock turn(path);
+  slot_file file = slot_file::read(path, eleven_slot);
+  for (int i = 1; i <= 11; ++i) file.put(i, encoded(men[i]), men[i].name);
+  replace_file(path, file.bytes());
+  // No exchange is under way, so this is one that a killed program has left half done.
+  std::error_code ignored;
+  if (std::filesystem::is_regular_file(std::filesystem::symlink_status(spare_file(), ignored))) {
+    std::filesystem::remove(spare_file(), ignored);
+  }
+}
+
+void read_elevens() {
+  if (files.elevens_in_memory) {
+    match.batting_xi = held.first;
+    match.bowling_xi = held.second;
+    return;
+  }
+  read_eleven(first_file(), match.batting_xi);
+  read_eleven(second_file(), match.bowling_xi);
+}
+
+void swap_elevens() {
+  if (files.elevens_in_memory) {
+    std::swap(held.first, held.second);
+    return;
+  }
+  const folder_lock turn(first_file());
+  std::error_code ignored;
+  if (std::filesystem::exists(std::filesystem::symlink_status(spare_file(), ignored))) {
+    raise_file_error("The elevens cannot be exchanged", EEXIST, spare_file());
+  }
+  if (const int cause = rename_file(second_file(), spare_file())) {
+    raise_file_error("The elevens cannot be exchanged", cause, second_file());
+  }
+  if (const int cause = rename_file(first_file(), second_file())) {
+    rename_file(spare_file(), second_file());
+    raise_file_error("The elevens cannot be exchanged", cause, first_file());
+  }
+  if (const int cause = rename_file(spare_file(), first_file())) {
+    rename_file(second_file(), first_file());
+    rename_file(spare_file(), second_file());
+    raise_file_error("The elevens cannot be exchanged", cause, spare_file());
+  }
+}
+
+}  // namespace velorin

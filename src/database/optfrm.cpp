@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/optfrm.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "database/configuration.h"
+#include "model/code_page.h"
+#include "model/run_time_error.h"
+
+namespace velorin {
+
+namespace {
+
+std::string text_of(const std::filesystem::path& path) {
+  const std::string name = path.string();
+  return from_utf8(name).value_or(name);
+}
+
+bool is_folder(const std::string& path) {
+  std::error_code failed;
+  return std::filesystem::is_directory(to_utf8(path), failed);
+}
+
+/// Sets a colour from its setting, unless that is empty or no colour.
+void show_color(long& color, const std::string& digits) {
+  try {
+    if (!digits.empty()) color = std::stol(change_to_rgb(digits));
+  } catch (const run_time_error&) {
+  }
+}
+
+}  // namespace
+
+void optfrm::open() {
+  *this = optfrm();
+  combo1_list = databases_on_offer(files.folder);
+  if (std::find(combo1_list.begin(), combo1_list.end(), settings.database_name) != combo1_list.end()) {
+    combo1_text = settings.database_name;
+  }
+  show_color(sample_text_color, settings.text_color);
+  show_color(sample_back_color, settings.back_color);
+  font_dialog_color = sample_text_color;
+  back_dialog_color = sample_back_color;
+  std::error_code failed;
+  const std::filesystem::path program_folder = std::filesystem::absolute(files.folder, failed).parent_path();
+  dir1 = is_folder(settings.photo_path) ? settings.photo_path : text_of(program_folder);
+  drive1 = text_of(std::filesystem::path(to_utf8(dir1)).root_path());
+}
+
+void optfrm::drive1_change(const std::string& drive) {
+  if (!is_folder(drive)) return;
+  drive1 = drive;
+  dir1 = drive;
+}
+
+void optfrm::command2_click(std::optional<long> chosen) {
+  if (chosen) back_dialog_color = *chosen;
+  sample_back_color = back_dialog_color;
+}
+
+void optfrm::command4_click(std::optional<long> chosen) {
+  if (chosen) font_dialog_color = *chosen;
+  sample_text_color = font_dialog_color;
+}
+
+std::optional<optfrm::shown_message> optfrm::command1_click() {
+  if (combo1_text.empty()) return shown_message{"Error", "Please select a database before continuing"};
+  settings.database_name = combo1_text;
+  use_database(settings.database_name);
+  settings.photo_path = dir1;
+  settings.text_color = change_to_hex(font_dialog_color);
+  settings.back_color = change_to_hex(back_dialog_color);
+  settings.font_name = sample_font;
+  write_options();
+  closed = true;
+  return std::nullopt;
+}
+
+}  // namespace velorin

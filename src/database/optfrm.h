@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velorin {
+
+/// The form that chooses the database, the folder of the photos and the colours of exported pages. Its window shows the
+/// fields and calls the procedures. Texts are Windows-1252; colours are red + 256 x green + 65536 x blue.
+struct optfrm {
+  /// A message box to show, with the information icon.
+  struct shown_message {
+    std::string title;
+    std::string text;
+  };
+
+  std::vector<std::string> combo1_list;  ///< databases on offer
+  std::string combo1_text;               ///< the chosen one; "" for none
+  std::string drive1;                    ///< root of the folder chooser
+  std::string dir1;                      ///< the chosen folder
+  long sample_text_color = 0;            ///< of Label2
+  long sample_back_color = 0xFFFFFF;     ///< of Label2
+  std::string sample_font = "Sans Serif";  ///< of Label2; the window fills in the font it uses
+  long font_dialog_color = 0;            ///< the colour dialogs' colours
+  long back_dialog_color = 0xFFFFFF;
+  bool closed = false;  ///< the form has been left by its OK
+
+  /// Fills the fields from `settings` and the folder of the data files. A setting that cannot be shown, such as a
+  /// database no longer on offer, a folder out of reach or a colour that is none, is passed over.
+  void open();
+
+  /// A change of the drive. One that cannot be reached is ignored.
+  void drive1_change(const std::string& drive);
+  /// "Change Background Color" with the colour that the dialog gave, nothing if it was cancelled.
+  void command2_click(std::optional<long> chosen);
+  /// "Change Font Color" likewise.
+  void command4_click(std::optional<long> chosen);
+
+  /// "OK". Without a database returns the message to show and changes nothing. Else changes `settings` and the paths of
+  /// `files`, writes options.mc and closes. Raises run_time_error (file).
+  std::optional<shown_message> command1_click();
+};
+
+}  // namespace velorin

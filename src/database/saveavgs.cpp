@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/saveavgs.h"
+
+#include <fmt/format.h>
+
+#include "database/configuration.h"
+#include "database/records.h"
+#include "database/whole_file.h"
+#include "model/run_time_error.h"
+#include "model/teams.h"
+#include "model/texts.h"
+
+namespace velorin {
+
+namespace {
+
+/// One side of the match as its careers need it.
+struct side_books {
+  const std::string& team;
+  const std::string& opponent;
+  const bowling_card_table& bowling;
+  const batting_card_table& batting;
+  const batting_card_table& opposing;
+  std::string_view not_out;  ///< `how_out` of a man of this side who was not dismissed
+
+  bool is_not_out(const batting_card_rec& line) const { return line.how_out == not_out; }
+};
+
+/// Adds to a career figure. Raises run_time_error (overflow).
+void add(std::int32_t& figure, int change, const char* field, const career_rec& career) {
+  if (!__builtin_add_overflow(figure, change, &figure)) return;
+  throw run_time_error(failure::overflow, "Overflow: a career figure does not fit 32 bits",
+                       {.file = file_name_text(files.rec), .record = 0, .field = field, .player = career.name});
+}
+
+void enrol_team(career_table& table, const std::string& team) {
+  for (int t = 1; t <= table.career_team_count; ++t) {
+    if (table.teams[t].team_name == team) return;
+  }
+  if (table.career_team_count == career_team_limit) {
+    throw run_time_error(failure::subscript,
+                         fmt::format("Subscript out of range: more than {} teams with careers", career_team_limit),
+                         {.file = file_name_text(files.rec), .record = career_team_limit + 2, .field = "team_name",
+                          .player = team});
+  }
+  career_team_rec& added = table.teams[++table.career_team_count];
+  added = career_team_rec();
+  added.team_name = team;
+}
+
+void enrol_player(career_team_rec& team, long record, const std::string& name) {
+  for (int p = 1; p <= team.player_count; ++p) {
+    if (team.players[p].name == name) return;
+  }
+  if (team.player_count == player_limit) {
+    throw run_time_error(
+        failure::subscript,
+        fmt::format("Subscript out of range: more than {} players of {} with careers", player_limit, team.team_name),
+        {.file = file_name_text(files.rec), .record = record, .field = "players", .player = name});
+  }
+  ++team.player_count;
+  team.players[team.player_count] = career_rec();
+  team.players[team.player_count].name = name;
+}
+
+void add_bowling(career_rec& career, const bowling_card_rec& line, const std::string& opponent) {
+  add(career.matches, 1, "matches", career);
+  add(career.wickets, line.wickets, "wickets", career);
+  add(career.balls_bowled, line.balls, "balls_bowled", career);
+  add(career.runs_given, line.runs, "runs_given", career);
+  add(career.maidens, line.maidens, "maidens", career);
+  if (line.wickets >= 5) add(career.five_wickets, 1, "five_wickets", career);
+  if (line.wickets == career.best_wickets && line.runs < career.best_runs) {
+    career.best_runs = line.runs;
+    career.best_against = opponent;
+  }
+  if (line.wickets > career.best_wickets) {
+    career.best_wickets = line.wickets;
+    career.best_runs = line.runs;
+    career.best_against = opponent;
+  }
+}
+
+void add_high_score(career_rec& career, const batting_card_rec& line, bool not_out, const std::string& opponent) {
+  if (not_out && career.high_score == line.runs && career.high_not_out == 0) {
+    career.high_not_out = flag_true;
+    career.high_against = opponent;
+  }
+  if (career.high_score < line.runs) {
+    career.high_score = line.runs;
+    career.high_against = opponent;
+    // A new highest score made out leaves the flag of an earlier one standing.
+    if (not_out) career.high_not_out = flag_true;
+  }
+}
+
+void add_batting(career_rec& career, const batting_card_rec& line, bool not_out, const std::string& opponent) {
+  add(career.balls_faced, line.balls, "balls_faced", career);
+  add(career.dots, line.dots, "dots", career);
+  add(career.fours, line.fours, "fours", career);
+  add(career.sixes, line.sixes, "sixes", career);
+  add(career.runs, line.runs, "runs", career);
+  add(career.singles, line.singles, "singles", career);
+  add(career.twos, line.twos, "twos", career);
+  add(career.threes, line.threes, "threes", career);
+  add(career.innings, 1, "innings", career);
+  if (not_out) add(career.not_outs, 1, "not_outs", career);
+  if (line.runs >= 100) add(career.hundreds, 1, "hundreds", career);
+  if (line.runs >= 50 && line.runs <= 99) add(career.fifties, 1, "fifties", career);
+  add_high_score(career, line, not_out, opponent);
+}
+
+void add_fielding(career_rec& career, const batting_card_rec& line) {
+  if (equals_joined(line.fielder, " c ", career.name)) add(career.catches, 1, "catches", career);
+  if (equals_joined(line.how_out, " c && b ", career.name)) add(career.catches, 1, "catches", career);
+  if (equals_joined(line.fielder, " st ", career.name)) add(career.stumpings, 1, "stumpings", career);
+}
+
+void add_match(career_team_rec& team, const side_books& books) {
+  for (int j = 1; j <= 11; ++j) {
+    for (int p = 1; p <= team.player_count; ++p) {
+      career_rec& career = team.players[p];
+      const batting_card_rec& batting = books.batting[j];
+      if (books.bowling[j].name == career.name) add_bowling(career, books.bowling[j], books.opponent);
+      if (batting.name == career.name) add_batting(career, batting, books.is_not_out(batting), books.opponent);
+      add_fielding(career, books.opposing[j]);
+    }
+  }
+}
+
+/// Enrols the side that the bowling card names and adds the match to its careers.
+void update_side(career_table& table, const side_books& books) {
+  enrol_team(table, books.team);
+  for (int t = 1; t <= table.career_team_count; ++t) {
+    career_team_rec& team = table.teams[t];
+    if (team.team_name != books.team) continue;
+    for (int j = 1; j <= 11; ++j) enrol_player(team, t + 1, books.bowling[j].name);
+    add_match(team, books);
+  }
+}
+
+}  // namespace
+
+void update_career() {
+  if (!files.updates) return;
+  const folder_lock turn(files.rec);
+  career_table table = read_career_table();
+  // The end of an innings writes "not out" into the first innings only.
+  update_side(table, {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card,
+                      match.first_batting_card, ""});
+  update_side(table, {match.team2_name, match.team1_name, match.bowling_card, match.first_batting_card,
+                      match.batting_card, "not out"});
+  write_career_table(table);
+}
+
+}  // namespace velorin

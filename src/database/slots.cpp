@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/slots.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace velorin {
+
+namespace {
+
+/// The tags, each the number of its type.
+enum tag : std::uint16_t { tag_empty = 0, tag_integer = 2, tag_long = 3, tag_double = 5, tag_string = 8 };
+
+}  // namespace
+
+void slot_writer::little_endian(std::uint64_t number, std::size_t width) {
+  for (std::size_t i = 0; i < width; ++i) bytes_ += static_cast<char>(number >> (8 * i) & 0xFF);
+}
+
+void slot_writer::operator()(const char*, const std::string& text) {
+  little_endian(static_cast<std::uint16_t>(text.size()), 2);
+  bytes_ += text;
+}
+
+void slot_writer::operator()(const char* name, const tagged& value) {
+  if (const auto* whole = std::get_if<integer>(&value.value)) {
+    little_endian(tag_integer, 2);
+    (*this)(name, *whole);
+  } else if (const auto* wide = std::get_if<std::int32_t>(&value.value)) {
+    little_endian(tag_long, 2);
+    (*this)(name, *wide);
+  } else if (const auto* real = std::get_if<double>(&value.value)) {
+    little_endian(tag_double, 2);
+    little_endian(std::bit_cast<std::uint64_t>(*real), 8);
+  } else if (const auto* text = std::get_if<std::string>(&value.value)) {
+    little_endian(tag_string, 2);
+    (*this)(name, *text);
+  } else {
+    little_endian(tag_empty, 2);
+  }
+}
+
+std::string slot_reader::field_name(const char* name) const {
+  return list_ == nullptr ? std::string(name) : fmt::format("{}[{}].{}", list_, place_, name);
+}
+
+void slot_reader::set_fault(const char* name, std::string what) {
+  if (!fault_) fault_ = slot_fault{field_name(name), std::move(what)};
+}
+
+void slot_reader::note_cut(const char* name) {
+  if (!cut_) cut_ = slot_fault{field_name(name), "the file ends within this field"};
+}
+
+std::string_view slot_reader::take(const char* name, std::size_t count) {
+  if (fault_) return {};
+  if (count > length_ - at_) {
+    set_fault(name, fmt::format("{} bytes from byte {} on run beyond the slot of {}", count, at_, length_));
+    return {};
+  }
+  const std::string_view got = at_ < present_.size() ? present_.substr(at_, count) : std::string_view();
+  if (!got.empty() && got.size() < count) note_cut(name);
+  at_ += count;
+  return got;
+}
+
+std::uint64_t slot_reader::number(const char* name, std::size_t width) {
+  const std::string_view got = take(name, width);
+  std::uint64_t value = 0;
+  for (std::size_t i = 0; i < got.size(); ++i) value |= std::uint64_t{static_cast<std::uint8_t>(got[i])} << (8 * i);
+  return value;
+}
+
+void slot_reader::operator()(const char* name, std::string& text) {
+  const std::size_t length = number(name, 2);
+  text = take(name, length);
+  if (!fault_ && text.size() < length) note_cut(name);
+}
+
+void slot_reader::operator()(const char* name, integer& value) {
+  value = static_cast<std::int16_t>(static_cast<std::uint16_t>(number(name, 2)));
+}
+
+void slot_reader::operator()(const char* name, std::int32_t& value) {
+  value = static_cast<std::int32_t>(static_cast<std::uint32_t>(number(name, 4)));
+}
+
+void slot_reader::operator()(const char* name, float& value) {
+  value = std::bit_cast<float>(static_cast<std::uint32_t>(number(name, 4)));
+}
+
+void slot_reader::operator()(const char* name, tagged& value) {
+  value = tagged{};
+  switch (const std::uint64_t kind = number(name, 2)) {
+    case tag_empty:
+      return;
+    case tag_integer:
+      (*this)(name, value.value.emplace<integer>());
+      return;
+    case tag_long:
+      (*this)(name, value.value.emplace<std::int32_t>());
+      return;
+    case tag_double:
+      value.value = std::bit_cast<double>(number(name, 8));
+      return;
+    case tag_string:
+      (*this)(name, value.value.emplace<std::string>());
+      return;
+    default:
+      set_fault(name, fmt::format("unknown tag {}", kind));
+  }
+}
+
+slot_file slot_file::read(const std::filesystem::path& file, std::size_t slot_length) {
+  return {read_file(file).value_or(std::string()), slot_length, file_name_text(file)};
+}
+
+std::string_view slot_file::slot(long record) const {
+  const std::size_t start = static_cast<std::size_t>(record - 1) * length_;
+  return start < bytes_.size() ? std::string_view(bytes_).substr(start, length_) : std::string_view();
+}
+
+void slot_file::put(long record, std::string_view fields, const std::string& whose, const std::string& field) {
+  if (fields.size() > length_) {
+    throw run_time_error(failure::overflow,
+                         fmt::format("Overflow: a record of {} bytes in a slot of {}", fields.size(), length_),
+                         {.file = name_, .record = record, .field = field, .player = whose});
+  }
+  const std::size_t start = static_cast<std::size_t>(record - 1) * length_;
+  const std::size_t slots = std::max(static_cast<std::size_t>(record), (bytes_.size() + length_ - 1) / length_);
+  bytes_.resize(slots * length_, '\0');
+  bytes_.replace(start, fields.size(), fields);
+}
+
+void slot_file::raise_fault(long record, const slot_reader& fields) const {
+  if (!fields.fault()) return;
+  throw run_time_error(failure::type, "Type mismatch: " + fields.fault()->what,
+                       {.file = name_, .record = record, .field = fields.fault()->field, .player = {}});
+}
+
+}  // namespace velorin

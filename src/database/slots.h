@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "database/layout.h"
+#include "database/whole_file.h"
+#include "model/run_time_error.h"
+
+// Random-access files: arrays of slots of one length, which the file does not store. Record n, counted from 1, starts
+// at byte (n - 1) x length. A record beyond the end of the file reads as empty, and what the end cuts off reads as
+// empty, too. The bytes behind the last field have no meaning: they stay in an existing slot and are zero in a new one.
+
+namespace velorin {
+
+/// Appends fields in their on-disk form.
+class slot_writer {
+ public:
+  /// A text of more than 65535 bytes leaves a record that no slot takes.
+  void operator()(const char* name, const std::string& text);
+  void operator()(const char*, const integer& number) { little_endian(static_cast<std::uint16_t>(int{number}), 2); }
+  void operator()(const char*, std::int32_t number) { little_endian(static_cast<std::uint32_t>(number), 4); }
+  void operator()(const char*, float number) { little_endian(std::bit_cast<std::uint32_t>(number), 4); }
+  void operator()(const char* name, const tagged& value);
+  template <std::size_t n>
+  void operator()(const char*, const std::array<std::uint8_t, n>& raw) {
+    bytes_.append(raw.begin(), raw.end());
+  }
+  template <typename Record, std::size_t n>
+  void operator()(const char*, const std::array<Record, n>& records) {
+    for (std::size_t i = 1; i < n; ++i) visit_fields(records[i], *this);
+  }
+
+  const std::string& bytes() const { return bytes_; }
+
+ private:
+  void little_endian(std::uint64_t number, std::size_t width);
+
+  std::string bytes_;
+};
+
+/// What is wrong with a slot.
+struct slot_fault {
+  std::string field;  ///< such as "bat_skill", or "squad[3].bat_skill"
+  std::string what;
+};
+
+/// Takes fields out of a slot. After the first fault every further field reads as empty.
+class slot_reader {
+ public:
+  /// `present` are the bytes of the slot that the file has, at most `slot_length`.
+  slot_reader(std::string_view present, std::size_t slot_length) : present_(present), length_(slot_length) {}
+
+  void operator()(const char* name, std::string& text);
+  void operator()(const char* name, integer& number);
+  void operator()(const char* name, std::int32_t& number);
+  void operator()(const char* name, float& number);
+  void operator()(const char* name, tagged& value);
+  template <std::size_t n>
+  void operator()(const char* name, std::array<std::uint8_t, n>& raw) {
+    const std::string_view got = take(name, n);
+    raw.fill(0);
+    got.copy(reinterpret_cast<char*>(raw.data()), got.size());
+  }
+  template <typename Record, std::size_t n>
+  void operator()(const char* name, std::array<Record, n>& records) {
+    list_ = name;
+    for (place_ = 1; place_ < n; ++place_) visit_fields(records[place_], *this);
+    list_ = nullptr;
+  }
+
+  /// The first thing that cannot be read: a text or number that runs beyond the slot, an unknown tag.
+  const std::optional<slot_fault>& fault() const { return fault_; }
+  /// The first field that the end of the file cuts in two. A text reads as what there is of it.
+  const std::optional<slot_fault>& cut() const { return cut_; }
+
+ private:
+  /// The next `count` bytes of the slot, fewer at the end of the file, none after a fault.
+  std::string_view take(const char* name, std::size_t count);
+  std::uint64_t number(const char* name, std::size_t width);
+  std::string field_name(const char* name) const;
+  void set_fault(const char* name, std::string what);
+  void note_cut(const char* name);
+
+  std::string_view present_;
+  std::size_t length_;
+  std::size_t at_ = 0;
+  const char* list_ = nullptr;
+  std::size_t place_ = 0;
+  std::optional<slot_fault> fault_;
+  std::optional<slot_fault> cut_;
+};
+
+/// The bytes that a record takes in its slot.
+template <typename Record>
+std::string encoded(const Record& rec) {
+  slot_writer writer;
+  visit_fields(rec, writer);
+  return writer.bytes();
+}
+
+/// The bytes of a record of one field.
+template <typename Field>
+std::string encoded_field(const Field& field) {
+  slot_writer writer;
+  writer("", field);
+  return writer.bytes();
+}
+
+/// A random-access file in memory.
+class slot_file {
+ public:
+  /// `name` is the file's name for errors.
+  slot_file(std::string bytes, std::size_t slot_length, std::string name)
+      : bytes_(std::move(bytes)), length_(slot_length), name_(std::move(name)) {}
+  /// Reads a file; a missing one is empty.
+  static slot_file read(const std::filesystem::path& file, std::size_t slot_length);
+
+  /// The bytes that the file has of a slot.
+  std::string_view slot(long record) const;
+  slot_reader reader(long record) const { return {slot(record), length_}; }
+
+  /// Fills an empty record. Raises run_time_error (type) that names file, record and field.
+  template <typename Record>
+  void get(long record, Record& rec) const {
+    slot_reader fields = reader(record);
+    visit_fields(rec, fields);
+    raise_fault(record, fields);
+  }
+  /// The same for a record of one field.
+  template <typename Field>
+  void get_field(long record, const char* field_name, Field& field) const {
+    slot_reader fields = reader(record);
+    fields(field_name, field);
+    raise_fault(record, fields);
+  }
+
+  /// Lays the bytes of a record over its slot. The file grows by full slots of zeros. Raises run_time_error (overflow)
+  /// if the slot is too short; `whose` is the player or team named then.
+  void put(long record, std::string_view fields, const std::string& whose, const std::string& field = {});
+
+  const std::string& bytes() const { return bytes_; }
+  const std::string& name() const { return name_; }
+  std::size_t slot_length() const { return length_; }
+
+ private:
+  void raise_fault(long record, const slot_reader& fields) const;
+
+  std::string bytes_;
+  std::size_t length_;
+  std::string name_;
+};
+
+}  // namespace velorin
