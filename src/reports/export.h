@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -14,9 +15,17 @@ namespace velorin {
 /// Where the exported page says it comes from.
 inline constexpr std::string_view home_page = "https://velorin.example/";
 
+enum class export_kind { html, text, ball_by_ball };
+
 /// The three files' bytes. `card` is the open card; the rest is read from match, the colours of the page from settings.
 std::string html_scorecard(const scorecard& card);
 std::string text_scorecard(const scorecard& card);
 std::string ball_by_ball(const scorecard& card);
+
+/// Writes the file `path` whole, in place of what was there; what is no plain file, such as a terminal, is written to
+/// straight. A failure is passed over: an old file stays as it was, and the answer is false.
+bool save_export(const scorecard& card, export_kind kind, const std::filesystem::path& path);
+/// The same from a card opened just now.
+bool save_export(export_kind kind, const std::filesystem::path& path);
 
 }  // namespace velorin

@@ -49,12 +49,18 @@ ranking rank_batsmen(const teamsel& form) {
   return ranks;
 }
 
+/// A strike rate as a whole number; one beyond the width of a figure ranks like 0.
+int strike_rate_key(float bowl_sr) {
+  const double rounded = round_half_even(shown_value(bowl_sr));
+  return rounded < -32768 || rounded > 32767 ? 0 : static_cast<int>(rounded);
+}
+
 ranking rank_bowlers(const teamsel& form) {
   ranking ranks;
   for (int i = 1; i <= 20; ++i) {
     const player_rec& man = form.man(i);
     if (form.row_visible(i)) {
-      ranks[i] = {static_cast<long>(round_half_even(shown_value(man.bowl_sr))), shown_value(man.econ), i};
+      ranks[i] = {strike_rate_key(man.bowl_sr), shown_value(man.econ), i};
     } else {
       ranks[i] = {1000, 1000, i};
     }

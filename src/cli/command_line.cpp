@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/command_line.h"
+
+#include <exception>
+#include <ostream>
+
+#include "cli/commands.h"
+#include "cli/version.h"
+#include "model/code_page.h"
+#include "model/run_time_error.h"
+
+namespace velorin::cli {
+
+namespace {
+
+/// An error as one line of UTF-8. Names within it may hold bytes of Windows-1252.
+std::string one_line(const std::exception& error) {
+  std::string line = error.what();
+  if (!from_utf8(line)) line = to_utf8(line);
+  for (char& c : line) {
+    if (c == '\n' || c == '\r') c = ' ';
+  }
+  return line;
+}
+
+}  // namespace
+
+int run(const std::vector<std::string>& arguments, const std::filesystem::path& program_folder, streams io) {
+  program_options program;
+  program.teams_dir = program_folder / "teams";
+  command_action action;
+
+  CLI::App app("Plays one-day cricket without a window, and builds, checks and dumps databases.", "velorin-cli");
+  app.require_subcommand(1);
+  app.fallthrough();
+  app.set_version_flag("--version", std::string("velorin-cli ") + version);
+  app.add_option("--teams-dir", program.teams_dir, "Folder of the data files (default: teams beside the program)")
+      ->type_name("DIR");
+  app.add_option("--database", program.database,
+                 "Base name of the database (default: line 2 of options.mc, else the only one on offer)")
+      ->type_name("BASE");
+  auto* seed = app.add_option("--seed", program.seed, "One seeded generator for the whole run")->type_name("N");
+  app.add_option("--draws", program.draws, "Scripted draws: a file with a number in [0,1) a line")
+      ->type_name("FILE")
+      ->excludes(seed);
+  add_match(app, program, io, action);
+
+  try {
+    std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+    app.parse(reversed);
+    return action();
+  } catch (const CLI::Success& help) {
+    app.exit(help, io.out, io.err);
+    return done;
+  } catch (const CLI::ParseError& error) {
+    io.err << "velorin-cli: " << one_line(error) << " (try --help)\n";
+    return wrong_usage;
+  } catch (const std::exception& error) {
+    io.err << "velorin-cli: " << one_line(error) << '\n';
+    return failed;
+  }
+}
+
+}  // namespace velorin::cli

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/match_json.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "console/console_view.h"
+#include "model/code_page.h"
+#include "model/texts.h"
+
+namespace velorin::cli {
+
+namespace {
+
+json text(const std::string& bytes) { return to_utf8(bytes); }
+json number(int value) { return value; }
+
+json texts(std::span<const std::string> list) {
+  json array = json::array();
+  for (const std::string& line : list) array.push_back(text(line));
+  return array;
+}
+
+/// The entries from 1 up to the first empty one.
+json filled(std::span<const std::string> list) {
+  json array = json::array();
+  for (std::size_t i = 1; i < list.size() && !list[i].empty(); ++i) array.push_back(text(list[i]));
+  return array;
+}
+
+json man_json(const player_rec& man) {
+  return {{"name", text(man.name)},
+          {"bat_skill", number(man.bat_skill)},
+          {"bowl_sr", shown_value(man.bowl_sr)},
+          {"econ", shown_value(man.econ)},
+          {"is_keeper", man.is_keeper != 0},
+          {"bat_type", text(man.bat_type)},
+          {"bowler_type", text(man.bowler_type)}};
+}
+
+json batting_json(const batting_card_rec& card) {
+  return {{"name", text(card.name)},        {"runs", number(card.runs)},       {"balls", number(card.balls)},
+          {"fours", number(card.fours)},    {"sixes", number(card.sixes)},     {"twos", number(card.twos)},
+          {"threes", number(card.threes)},  {"singles", number(card.singles)}, {"dots", number(card.dots)},
+          {"how_out", text(card.how_out)},  {"fielder", text(card.fielder)}};
+}
+
+json bowling_json(const bowling_card_rec& card) {
+  return {{"name", text(card.name)},
+          {"balls", number(card.balls)},
+          {"maidens", number(card.maidens)},
+          {"runs", number(card.runs)},
+          {"wickets", number(card.wickets)}};
+}
+
+json fall_json(const fall_of_wicket_rec& fall) {
+  return {{"score", number(fall.score)},
+          {"overs_text", text(fall.overs_text)},
+          {"partner_runs", number(fall.partner_runs)},
+          {"partner_balls", number(fall.partner_balls)},
+          {"balls", number(fall.balls)},
+          {"batsman_a", text(fall.batsman_a)},
+          {"batsman_b", text(fall.batsman_b)}};
+}
+
+json pool_json(const bowler_pool_rec& man) {
+  return {{"name", text(man.name)},
+          {"rating", man.rating},
+          {"position", number(man.position)},
+          {"econ_class", number(man.econ_class)},
+          {"bowler_type", text(man.bowler_type)}};
+}
+
+/// The entries of a table from `first` on, each as `as` writes it.
+template <class Table, class Writer>
+json rows(const Table& table, std::size_t first, Writer as) {
+  json array = json::array();
+  for (std::size_t i = first; i < table.size(); ++i) array.push_back(as(table[i]));
+  return array;
+}
+
+json log_json(const ball_log_table& log) {
+  return rows(log, 1, [](const auto& over) { return texts(std::span(over).subspan(1)); });
+}
+
+void add_position(json& state) {
+  state["team1_name"] = text(match.team1_name);
+  state["team2_name"] = text(match.team2_name);
+  state["computer_bats"] = match.computer_bats;
+  state["computer_bowls"] = match.computer_bowls;
+  state["over_no"] = number(match.over_no);
+  state["bowler"] = number(match.bowler);
+  state["next_bowler"] = number(match.next_bowler);
+  state["striker"] = number(match.striker);
+  state["non_striker"] = number(match.non_striker);
+  state["next_batsman_slot"] = number(match.next_batsman_slot);
+  state["maiden_flag"] = match.maiden_flag;
+  state["clock_minutes"] = number(match.clock_minutes);
+  state["score_runs"] = match.score_runs;
+  state["score_wickets"] = match.score_wickets;
+  state["overs_text"] = match.overs_text();
+  state["over_symbols"] = texts(match.over_symbols);
+}
+
+void add_totals(json& state) {
+  state["innings_total"] = number(match.innings_total);
+  state["innings_balls"] = number(match.innings_balls);
+  state["innings_wickets"] = number(match.innings_wickets);
+  state["innings_no_balls"] = number(match.innings_no_balls);
+  state["innings_wides"] = number(match.innings_wides);
+  state["innings_byes"] = number(match.innings_byes);
+  state["innings_leg_byes"] = number(match.innings_leg_byes);
+  state["first_total"] = number(match.first_total);
+  state["first_balls"] = number(match.first_balls);
+  state["first_wickets"] = number(match.first_wickets);
+  state["first_no_balls"] = number(match.first_no_balls);
+  state["first_wides"] = number(match.first_wides);
+  state["first_byes"] = number(match.first_byes);
+  state["first_leg_byes"] = number(match.first_leg_byes);
+}
+
+void add_books(json& state) {
+  state["batting_xi"] = rows(match.batting_xi, 1, man_json);
+  state["bowling_xi"] = rows(match.bowling_xi, 1, man_json);
+  state["batting_card"] = rows(match.batting_card, 1, batting_json);
+  state["first_batting_card"] = rows(match.first_batting_card, 1, batting_json);
+  state["bowling_card"] = rows(match.bowling_card, 1, bowling_json);
+  state["first_bowling_card"] = rows(match.first_bowling_card, 1, bowling_json);
+  state["fall_of_wicket"] = rows(match.fall_of_wicket, 0, fall_json);
+  state["first_fall_of_wicket"] = rows(match.first_fall_of_wicket, 0, fall_json);
+  state["ball_log"] = log_json(match.ball_log);
+  state["first_ball_log"] = log_json(match.first_ball_log);
+  state["ball_commentary"] = texts(commentary_lines());
+  state["commentary_store"] = texts(stored_commentary_lines());
+}
+
+void add_achievements(json& state) {
+  state["fifty_list"] = filled(match.fifty_list);
+  state["hundred_list"] = filled(match.hundred_list);
+  state["century_and_half_list"] = filled(match.century_and_half_list);
+  state["double_century_list"] = filled(match.double_century_list);
+  state["five_wicket_list"] = filled(match.five_wicket_list);
+  state["stand50_list"] = filled(match.stand50_list);
+  state["stand100_list"] = filled(match.stand100_list);
+  state["stand150_list"] = filled(match.stand150_list);
+  state["stand200_list"] = filled(match.stand200_list);
+  state["stand250_list"] = filled(match.stand250_list);
+  state["stand300_list"] = filled(match.stand300_list);
+}
+
+void add_console(json& state) {
+  state["weather"] = number(match.weather);
+  state["pitch_surface"] = number(match.ground.pitch_surface);
+  state["pitch_bounce"] = number(match.ground.pitch_bounce);
+  state["outfield"] = number(match.outfield);
+  state["venue_name"] = text(match.venue_name());
+  state["start_time"] = match.ground.start_time;
+  state["batsman_aggression"] = match.batsman_aggression;
+  state["bowling_aggression"] = match.bowling_aggression;
+  state["settled_meter"] = match.settled_meter;
+  state["first_innings_projection"] = match.first_innings_projection.text();
+  state["bowler_pool"] = rows(match.bowler_pool, 1, pool_json);
+  state["opening_bowlers"] = {number(match.opening_bowlers[0]), number(match.opening_bowlers[1])};
+  json names = json::array();
+  for (const bowler_line& line : view_bowler_list()) names.push_back(text(line.label25));
+  state["bowler_list"] = names;
+}
+
+json rate_json(const rate_entry& entry) { return {{"team", text(entry.team)}, {"delta", entry.delta}}; }
+
+}  // namespace
+
+json state_json() {
+  json state;
+  add_position(state);
+  add_totals(state);
+  add_books(state);
+  add_achievements(state);
+  add_console(state);
+  return state;
+}
+
+json result_json(const match_result& result) {
+  return {{"result_ground", text(result.result_ground)}, {"result_winner", text(result.result_winner)},
+          {"result_loser", text(result.result_loser)},   {"result_margin", text(result.result_margin)},
+          {"rate_first", rate_json(result.rate_first)},  {"rate_second", rate_json(result.rate_second)}};
+}
+
+}  // namespace velorin::cli

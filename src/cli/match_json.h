@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include "model/teams.h"
+
+namespace velorin::cli {
+
+using json = nlohmann::ordered_json;
+
+/// The match in play as an object of its fields, UTF-8. The commentary is that of the match in play.
+json state_json();
+/// The result block.
+json result_json(const match_result& result);
+
+}  // namespace velorin::cli

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/match_summary.h"
+
+#include <cmath>
+#include <ostream>
+
+#include <fmt/format.h>
+
+#include "model/code_page.h"
+
+namespace velorin::cli {
+
+namespace {
+
+std::string kind_of(const batting_card_rec& card) {
+  if (card.how_out.starts_with(" run out (")) return "run out";
+  if (card.how_out.starts_with(" lbw ")) return "lbw";
+  if (card.how_out.starts_with(" c && b ")) return "caught and bowled";
+  if (card.fielder.starts_with(" st ")) return "stumped";
+  if (card.fielder.starts_with(" c ")) return "caught";
+  return "bowled";
+}
+
+}  // namespace
+
+void spread::add(double value) {
+  ++count;
+  sum += value;
+  squares += value * value;
+}
+
+double spread::mean() const { return count == 0 ? 0 : sum / static_cast<double>(count); }
+
+double spread::deviation() const {
+  if (count < 2) return 0;
+  const double n = static_cast<double>(count);
+  return std::sqrt(std::max(0.0, (squares - sum * sum / n) / (n - 1)));
+}
+
+void match_summary::add_innings() {
+  innings_figures& figures = innings_[match.first_total == 0 ? 0 : 1];
+  figures.totals.add(match.score_runs);
+  figures.wickets.add(match.score_wickets);
+  figures.runs += match.score_runs;
+  figures.balls += match.innings_balls;
+  figures.all_out += match.score_wickets == 10 ? 1 : 0;
+  for (const batting_card_rec& card : match.batting_card) {
+    if (!card.how_out.empty()) ++dismissals_[kind_of(card)];
+  }
+}
+
+void match_summary::add_result(const match_result& result) {
+  ++matches_;
+  if (result.result_margin.empty()) {
+    ++unfinished_;
+  } else if (result.result_winner.empty()) {
+    ++ties_;
+  } else {
+    ++wins_[result.result_winner];
+    ++(result.result_winner == result.rate_first.team ? first_wins_ : chases_);
+  }
+}
+
+void match_summary::print(std::ostream& out) const {
+  out << fmt::format("{:<24}{}\n", "Matches", matches_);
+  for (const auto& [team, wins] : wins_) out << fmt::format("{:<24}{}\n", "Won by " + to_utf8(team), wins);
+  out << fmt::format("{:<24}{}\n", "Tied", ties_);
+  if (unfinished_ != 0) out << fmt::format("{:<24}{}\n", "Without a result", unfinished_);
+  out << fmt::format("{:<24}{}\n{:<24}{}\n", "Won batting first", first_wins_, "Won chasing", chases_);
+  out << fmt::format("\n{:<24}{:>14}{:>14}\n", "", "First innings", "Second innings");
+  const auto row = [&](const char* name, auto value) {
+    out << fmt::format("{:<24}{:>14.2f}{:>14.2f}\n", name, value(innings_[0]), value(innings_[1]));
+  };
+  const auto share = [](double part, double whole) { return whole == 0 ? 0 : part / whole; };
+  row("Total, mean", [](const innings_figures& f) { return f.totals.mean(); });
+  row("Total, spread", [](const innings_figures& f) { return f.totals.deviation(); });
+  row("Wickets, mean", [](const innings_figures& f) { return f.wickets.mean(); });
+  row("All out, share", [&](const innings_figures& f) { return share(f.all_out, f.totals.count); });
+  row("Run rate", [&](const innings_figures& f) { return share(6.0 * f.runs, f.balls); });
+  long all = 0;
+  for (const auto& [kind, count] : dismissals_) all += count;
+  out << '\n';
+  for (const auto& [kind, count] : dismissals_) {
+    out << fmt::format("{:<24}{:>14}{:>13.1f}%\n", "Out " + kind, count, 100.0 * share(count, all));
+  }
+}
+
+}  // namespace velorin::cli
