@@ -103,7 +103,9 @@ std::vector<source_file> gather_all(const fs::path& root, std::initializer_list<
   return files;
 }
 
-bool is_code(const source_file& file) { return file.path.ends_with(".h") || file.path.ends_with(".cpp"); }
+bool is_code(const source_file& file) {
+  return file.path.ends_with(".h") || file.path.ends_with(".cpp") || file.path.ends_with(".h.in");
+}
 
 std::string breach(const source_file& file, std::size_t line, const std::string& what) {
   return file.path + ":" + std::to_string(line + 1) + ": " + what;
@@ -146,7 +148,8 @@ void check_include(const fs::path& root, const source_file& file, const include_
   const place to = place_of(include.header);
   if (floor_of(to.room) == 0) {
     breaches.push_back(breach(file, include.line, "\"" + include.header + "\" does not begin with a room"));
-  } else if (!fs::is_regular_file(root / "src" / include.header)) {
+  } else if (const fs::path header = root / "src" / include.header;
+             !fs::is_regular_file(header) && !fs::is_regular_file(header.string() + ".in")) {
     breaches.push_back(breach(file, include.line, "\"" + include.header + "\" is no file of src"));
   } else if (!may_include(from, to)) {
     breaches.push_back(breach(file, include.line, described(from) + " may not include " + described(to)));
@@ -252,7 +255,7 @@ std::vector<std::string> check_licence_lines(const fs::path& root) {
   static const std::string words = "SPDX-License-Identifier: GPL-3.0-or-later";
   std::vector<std::string> breaches;
   for (const auto& file :
-       gather_all(root, {"CMakeLists.txt", "benchmarks", "cmake", "data", "scripts", "src", "tests"})) {
+       gather_all(root, {".ci", "CMakeLists.txt", "benchmarks", "cmake", "data", "scripts", "src", "tests"})) {
     const bool script = !file.lines.empty() && file.lines[0].starts_with("#!");
     const bool build = file.path.ends_with("CMakeLists.txt") || file.path.ends_with(".cmake");
     if (!is_code(file) && !build && !script) continue;

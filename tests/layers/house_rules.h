@@ -11,7 +11,8 @@
 
 namespace velorin::house {
 
-/// Every folder of src is a room on a floor; a room includes itself and rooms of lower floors, and the file is there.
+/// Every folder of src is a room on a floor; a room includes itself and rooms of lower floors, and the file or
+/// the template (.in) that the build fills is there.
 /// Above the numbered floors stand the windows (`forms` folders), which see all floors below and their own room, and
 /// the shell, which also opens the windows. Parts in `desktop` know no subsystem: only the model and the seam.
 std::vector<std::string> check_floors(const std::filesystem::path& root);

@@ -140,6 +140,13 @@ TEST_F(HouseRules, AnIncludeBeginsWithARoomAndNamesAFile) {
                           "src/model/teams.cpp:4: \"model/gone.h\" is no file of src"));
 }
 
+TEST_F(HouseRules, AHeaderMayBeFilledByTheBuild) {
+  write("src/cli/version.h.in", licence);
+  write("src/cli/main.cpp", licence + "#include \"cli/version.h\"\n");
+  EXPECT_THAT(check_floors(root_), IsEmpty());
+  EXPECT_THAT(check_licence_lines(root_), IsEmpty());
+}
+
 TEST_F(HouseRules, EveryFolderIsARoom) {
   write("src/helpers/strings.h", "");
   write("src/main.cpp", "");
