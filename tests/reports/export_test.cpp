@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/export.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "database/configuration.h"
+#include "reports/match_scenes.h"
+
+namespace velorin {
+namespace {
+
+using export_test = reports_test;
+
+scorecard opened() {
+  scorecard card;
+  card.open();
+  return card;
+}
+
+std::vector<std::string> lines_of(const std::string& file) {
+  std::vector<std::string> lines;
+  std::size_t start = 0;
+  for (std::size_t end = file.find("\r\n"); end != std::string::npos; end = file.find("\r\n", start)) {
+    lines.push_back(file.substr(start, end - start));
+    start = end + 2;
+  }
+  EXPECT_EQ(start, file.size()) << "the last line has an end, too";
+  return lines;
+}
+
+/// The place of a line, or -1.
+int place_of(const std::vector<std::string>& lines, const std::string& line) {
+  const auto found = std::find(lines.begin(), lines.end(), line);
+  return found == lines.end() ? -1 : static_cast<int>(found - lines.begin());
+}
+
+/// The four lines behind the n-th line "Fall of Wickets :".
+std::vector<std::string> fall_lines(const std::string& file, int n) {
+  const auto lines = lines_of(file);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (lines[i] == "Fall of Wickets :" && --n == 0) return {lines.begin() + i + 1, lines.begin() + i + 5};
+  }
+  ADD_FAILURE() << "no such list";
+  return {};
+}
+
+std::string blanks(int count) { return std::string(count, ' '); }
+
+/// Compares with tests/golden/reports/<name>, byte by byte. With VELORIN_APPROVE set the file is written anew instead,
+/// and the test fails to say so.
+void expect_golden(const std::string& name, const std::string& bytes) {
+  const std::string path = std::string(VELORIN_TEST_DATA) + "/golden/reports/" + name;
+  if (std::getenv("VELORIN_APPROVE") != nullptr) {
+    std::ofstream(path, std::ios::binary) << bytes;
+    ADD_FAILURE() << name << " was written anew; read it through";
+    return;
+  }
+  std::ifstream in(path, std::ios::binary);
+  ASSERT_TRUE(in) << path;
+  std::ostringstream wanted;
+  wanted << in.rdbuf();
+  const auto got_lines = lines_of(bytes);
+  const auto wanted_lines = lines_of(wanted.str());
+  for (std::size_t i = 0; i < std::min(got_lines.size(), wanted_lines.size()); ++i) {
+    ASSERT_EQ(got_lines[i], wanted_lines[i]) << name << ", line " << i + 1;
+  }
+  EXPECT_EQ(bytes, wanted.str()) << name;
+}
+
+TEST_F(export_test, golden_one_innings) {
+  set_first_innings_in_play();
+  expect_golden("one_innings.html", html_scorecard(opened()));
+  expect_golden("one_innings.txt", text_scorecard(opened()));
+  expect_golden("one_innings_by_ball.txt", ball_by_ball(opened()));
+}
+
+TEST_F(export_test, golden_two_innings) {
+  set_second_innings_in_play();
+  expect_golden("two_innings.html", html_scorecard(opened()));
+  expect_golden("two_innings.txt", text_scorecard(opened()));
+  expect_golden("two_innings_by_ball.txt", ball_by_ball(opened()));
+}
+
+TEST_F(export_test, golden_before_the_first_ball) {
+  match.ground.ground_name = "Lake End";
+  match.team1_name = "South Isles";
+  match.team2_name = "Northland";
+  match.batting_card[1].name = "A.Tamuera";
+  match.batting_card[2].name = "B.Okell";
+  match.bowling_card[11].name = "K.Foss";
+  match.striker = 1;
+  match.non_striker = 2;
+  expect_golden("no_ball_bowled.txt", text_scorecard(opened()));
+}
+
+TEST_F(export_test, the_header_names_the_boundaries_only) {
+  set_first_innings_in_play();
+  EXPECT_NE(place_of(lines_of(html_scorecard(opened())), blanks(71) + "4s" + blanks(4) + "6s"), -1);
+  EXPECT_NE(place_of(lines_of(text_scorecard(opened())), blanks(69) + "4s" + blanks(2) + "6s"), -1);
+}
+
+TEST_F(export_test, a_name_breaks_its_row_only_behind_column_20) {
+  set_second_innings_in_play();
+  const auto lines = lines_of(text_scorecard(opened()));
+  EXPECT_NE(
+      place_of(lines, "B.Lindqvist-Ramsden c E.Marrack" + blanks(8) + " b K.Stote" + blanks(10) + " 40   44  5   0 "),
+      -1);
+  const int place = place_of(lines, "C.Featherstonehaughs");
+  ASSERT_NE(place, -1);
+  EXPECT_EQ(lines[place + 1], blanks(19) + " st G.Penhall" + blanks(7) + " b H.Dray" + blanks(11) + " 9    12  1   0 ");
+}
+
+TEST_F(export_test, a_hundred_balls_break_the_rows_of_the_plain_files_only) {
+  set_second_innings_in_play();
+  const auto text = lines_of(text_scorecard(opened()));
+  const std::string lead = "A.Harrow" + blanks(31) + " c && b J.Abara" + blanks(5);
+  const int place = place_of(text, lead + " 123  131 ");
+  ASSERT_NE(place, -1);
+  EXPECT_EQ(text[place + 1], blanks(68) + " 14  2 ");
+  EXPECT_NE(place_of(lines_of(html_scorecard(opened())), lead + " 123   131  14    2 "), -1);
+}
+
+TEST_F(export_test, a_long_catcher_breaks_the_row) {
+  set_first_innings_in_play();
+  const auto lines = lines_of(text_scorecard(opened()));
+  const int place = place_of(lines, "A.Tamuera" + blanks(10) + " c B.Lindqvist-Ramsden");
+  ASSERT_NE(place, -1);
+  EXPECT_EQ(lines[place + 1], blanks(39) + " b I.Nettle" + blanks(9) + " 12   20  2   0 ");
+}
+
+TEST_F(export_test, only_men_who_have_come_in_have_a_row) {
+  set_first_innings_in_play();
+  const std::string file = text_scorecard(opened());
+  EXPECT_NE(file.find("E.Marrack"), std::string::npos);
+  EXPECT_EQ(file.find("F.Uluila"), std::string::npos);
+}
+
+TEST_F(export_test, the_totals_of_the_two_innings_differ_in_form) {
+  set_second_innings_in_play();
+  match.first_wickets = 9;
+  const auto lines = lines_of(text_scorecard(opened()));
+  EXPECT_NE(place_of(lines, blanks(33) + " (9 wickets , 48.2  Overs) 261 "), -1);
+  EXPECT_NE(place_of(lines, blanks(33) + "(3 wickets , 22.5  Overs) 131"), -1);
+}
+
+TEST_F(export_test, ten_wickets_break_the_total_line_of_the_first_innings_only) {
+  set_second_innings_in_play();
+  match.score_wickets = 10;
+  const auto lines = lines_of(text_scorecard(opened()));
+  const int place = place_of(lines, blanks(33) + " (10 wickets , 48.2  Overs)");
+  ASSERT_NE(place, -1);
+  EXPECT_EQ(lines[place + 1], blanks(59) + " 261 ");
+  EXPECT_NE(place_of(lines, blanks(33) + "(10 wickets , 22.5  Overs)131"), -1);
+}
+
+TEST_F(export_test, the_second_list_of_wickets_goes_on_with_the_first) {
+  set_second_innings_in_play();
+  for (const std::string& file : {html_scorecard(opened()), text_scorecard(opened()), ball_by_ball(opened())}) {
+    const auto first = fall_lines(file, 1);
+    const auto second = fall_lines(file, 2);
+    EXPECT_EQ(first[0], "88 (15.4,B.Lindqvist-Ramsden)");
+    EXPECT_EQ(second[0], "31 (7.0,A.Tamuera)      31 (7.1,B.Okell)         99 (20.0,D.Sealing)");
+    EXPECT_EQ(second[1], "162 (31.5,E.Sandoval)   210 (39.4,F.Aldous)      226 (43.2,A.Harrow)");
+    EXPECT_EQ(second[2], "235 (44.4,G.Bright)     238 (45.3,H.Ekwueme)     241 (46.1,I.Nettle)");
+    EXPECT_EQ(second[3], "261 (48.2,J.Orme)");
+  }
+}
+
+TEST_F(export_test, a_long_entry_breaks_the_list_of_wickets) {
+  set_second_innings_in_play();
+  const auto list = fall_lines(text_scorecard(opened()), 1);
+  EXPECT_EQ(list[0], "88 (15.4,B.Lindqvist-Ramsden)");
+  EXPECT_EQ(list[1], blanks(24) + "109 (20.1,C.Featherstonehaughs)");
+  EXPECT_EQ(list[2], blanks(49) + "109 (20.2,D.Moss)");
+}
+
+TEST_F(export_test, an_empty_list_of_wickets_is_blanks) {
+  const auto list = fall_lines(text_scorecard(opened()), 1);
+  const std::vector<std::string> wanted = {blanks(49), blanks(49), blanks(49), ""};
+  EXPECT_EQ(list, wanted);
+}
+
+TEST_F(export_test, an_unbroken_stand_is_no_wicket) {
+  set_second_innings_in_play();
+  match.first_fall_of_wicket[10] = {};
+  match.first_fall_of_wicket[10].batsman_a = "J.Orme";
+  match.first_fall_of_wicket[10].batsman_b = "K.Foss * ";
+  match.first_fall_of_wicket[10].partner_balls = 23;
+  EXPECT_EQ(text_scorecard(opened()).find("261 (48.2"), std::string::npos);
+  EXPECT_EQ(text_scorecard(opened()).find("K.Foss * "), std::string::npos);
+}
+
+TEST_F(export_test, bowlers_of_the_first_innings_come_backward) {
+  set_second_innings_in_play();
+  const auto lines = lines_of(text_scorecard(opened()));
+  const int header = place_of(lines, blanks(20) + "O" + blanks(5) + "M" + blanks(4) + "R" + blanks(4) + "W");
+  ASSERT_NE(header, -1);
+  EXPECT_EQ(lines[header + 1], "K.Stote" + blanks(12) + "9.2" + blanks(3) + " 10   23   3 ");
+  EXPECT_EQ(lines[header + 2], "J.Abara" + blanks(12) + "10.0" + blanks(2) + " 3    30   3 ");
+  EXPECT_EQ(lines[header + 3], "I.Quennell" + blanks(9) + "10.0" + blanks(2) + " 0    52   1 ");
+  EXPECT_EQ(lines[header + 4], "H.Dray" + blanks(13) + "10.0" + blanks(2) + " 1    43   2 ");
+  EXPECT_EQ(lines[header + 5], "E.Marrack" + blanks(10) + "9.0" + blanks(3) + " 0    101  0 ");
+  EXPECT_EQ(lines[header + 6], "");
+}
+
+TEST_F(export_test, bowlers_of_the_innings_in_play_follow_the_console) {
+  set_first_innings_in_play();
+  const auto lines = lines_of(text_scorecard(opened()));
+  const int header = place_of(lines, blanks(20) + "O" + blanks(5) + "M" + blanks(4) + "R" + blanks(4) + "W");
+  ASSERT_NE(header, -1);
+  EXPECT_EQ(lines[header + 1], "K.Foss" + blanks(13) + "8.0" + blanks(3) + " 2    29   1 ");
+  EXPECT_EQ(lines[header + 2], "H.Ekwueme" + blanks(10) + "8.0" + blanks(3) + " 0    44   0 ");
+  EXPECT_EQ(lines[header + 3], "I.Nettle" + blanks(11) + "6.0" + blanks(3) + " 11   42   1 ");
+  EXPECT_EQ(lines[header + 4], "C.Featherstonehaughs");
+  EXPECT_EQ(lines[header + 5], blanks(19) + "0.5" + blanks(3) + " 0    10   0 ");
+  EXPECT_EQ(lines[header + 6], "");
+}
+
+TEST_F(export_test, the_list_of_bowlers_ends_at_its_first_empty_row) {
+  set_first_innings_in_play();
+  match.bowler_list[3].position = 0;
+  const std::string file = text_scorecard(opened());
+  EXPECT_NE(file.find("\r\nH.Ekwueme "), std::string::npos);
+  EXPECT_EQ(file.find("\r\nI.Nettle "), std::string::npos);
+  EXPECT_EQ(file.find("\r\nC.Featherstonehaughs"), std::string::npos);
+}
+
+TEST_F(export_test, ten_bowlers_fill_the_list) {
+  set_first_innings_in_play();
+  for (int k = 1; k <= 10; ++k) match.bowler_list[k].position = k;
+  const auto lines = lines_of(text_scorecard(opened()));
+  EXPECT_NE(place_of(lines, "J.Orme" + blanks(13) + "0.0" + blanks(3) + " 0    0    0 "), -1);
+}
+
+TEST_F(export_test, the_page_takes_its_colours_from_the_settings) {
+  settings.text_color = "0000A0";
+  settings.back_color = "FFFFE0";
+  EXPECT_EQ(lines_of(html_scorecard(opened()))[3], "<BODY TEXT =#0000A0 BGCOLOR=#FFFFE0 LINK=#00FF00 VLINK=#80FF80>");
+}
+
+TEST_F(export_test, a_first_innings_of_0_is_no_first_innings) {
+  set_second_innings_in_play();
+  match.first_total = 0;
+  EXPECT_EQ(html_scorecard(opened()).find("Northland - Batting"), std::string::npos);
+  EXPECT_EQ(lines_of(text_scorecard(opened()))[2], blanks(22) + "============================");
+  EXPECT_EQ(lines_of(ball_by_ball(opened()))[1], blanks(16) + "Velorin Ball-by-Ball Output");
+}
+
+TEST_F(export_test, at_most_1500_lines_of_the_first_innings) {
+  set_second_innings_in_play();
+  match.commentary_store.clear();
+  for (int i = 0; i < 1600; ++i) match.commentary_store.add_ball({ball_text::runs, 2, 11, 1});
+  const auto lines = lines_of(ball_by_ball(opened()));
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "K.Stote to A.Harrow : 2 runs."), 1500);
+  EXPECT_EQ(place_of(lines, "Scorecard"), 8 + 1500 + 1);
+}
+
+TEST_F(export_test, texts_go_out_as_they_stand) {
+  set_first_innings_in_play();
+  match.team1_name = "C\xF4te <b>";
+  EXPECT_NE(html_scorecard(opened()).find("<h4>C\xF4te <b> - Batting</h4>"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace velorin

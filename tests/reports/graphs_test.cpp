@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/graphs.h"
+
+#include "reports/match_scenes.h"
+
+namespace velorin {
+namespace {
+
+using graphs_test = reports_test;
+
+graphs opened() {
+  graphs screen;
+  screen.open();
+  return screen;
+}
+
+void set_over(ball_log_table& log, int over, const std::vector<std::string>& symbols) {
+  for (std::size_t b = 0; b < symbols.size(); ++b) log[over][b + 1] = symbols[b];
+}
+
+TEST_F(graphs_test, bars_stand_on_their_base_lines) {
+  set_second_innings_in_play();
+  set_over(match.ball_log, 3, {"1", "0", "4", "0", "2", "0"});
+  set_over(match.first_ball_log, 50, {"6", "0", "0", "0", "0", "3"});
+  const graphs screen = opened();
+  EXPECT_EQ(screen.shape1[3].height, 7 * 165);
+  EXPECT_EQ(screen.shape1[3].top, 3300 - 7 * 165);
+  EXPECT_TRUE(screen.shape1[3].visible);
+  EXPECT_EQ(screen.shape1[52].height, 9 * 165);
+  EXPECT_EQ(screen.shape1[52].top, 6840 - 9 * 165);
+  EXPECT_TRUE(screen.shape1[52].visible);
+}
+
+TEST_F(graphs_test, only_the_overs_with_runs_show_a_bar) {
+  set_second_innings_in_play();
+  set_over(match.ball_log, 3, {"1"});
+  set_over(match.first_ball_log, 1, {"1"});
+  const graphs screen = opened();
+  for (int place = 0; place <= 101; ++place) {
+    EXPECT_EQ(screen.shape1[place].visible, place == 3 || place == 101) << place;
+    EXPECT_FALSE(screen.shape2[place]) << place;
+  }
+}
+
+TEST_F(graphs_test, places) {
+  EXPECT_EQ(graphs::place(0, 1), 1);
+  EXPECT_EQ(graphs::place(0, 50), 50);
+  EXPECT_EQ(graphs::place(1, 1), 101);
+  EXPECT_EQ(graphs::place(1, 50), 52);
+}
+
+TEST_F(graphs_test, only_numbers_count) {
+  set_over(match.ball_log, 1, {"1", "W", "2lb", "", "3", "4b"});
+  match.ball_log[1][7] = "7";
+  const graphs screen = opened();
+  EXPECT_EQ(screen.shape1[1].height, 4 * 165);
+  EXPECT_TRUE(screen.shape2[1]);
+}
+
+TEST_F(graphs_test, a_maiden_with_a_wicket_shows_the_mark_alone) {
+  set_over(match.ball_log, 5, {"0", "0", "W", "0", "0", "0"});
+  set_over(match.first_ball_log, 7, {"0", "0", "0", "0", "0", "W"});
+  const graphs screen = opened();
+  EXPECT_FALSE(screen.shape1[5].visible);
+  EXPECT_EQ(screen.shape1[5].height, 0);
+  EXPECT_EQ(screen.shape1[5].top, 3300);
+  EXPECT_TRUE(screen.shape2[5]);
+  EXPECT_FALSE(screen.shape1[95].visible);
+  EXPECT_EQ(screen.shape1[95].top, 6840);
+  EXPECT_TRUE(screen.shape2[95]);
+}
+
+TEST_F(graphs_test, an_over_of_more_than_20_runs_reaches_past_the_top) {
+  set_over(match.ball_log, 50, {"6", "6", "6", "6", "6", "12"});
+  const graphs screen = opened();
+  EXPECT_EQ(screen.shape1[50].height, 42 * 165);
+  EXPECT_EQ(screen.shape1[50].top, 3300 - 42 * 165);
+  EXPECT_LT(screen.shape1[50].top, 0);
+}
+
+TEST_F(graphs_test, rate_lines_and_labels) {
+  set_second_innings_in_play();
+  const graphs screen = opened();
+  EXPECT_DOUBLE_EQ(screen.rate[0], 5.74);
+  EXPECT_DOUBLE_EQ(screen.line6[0], 3300 - 5.74 * 165);
+  EXPECT_EQ(screen.label6[0], "South Isles   ( 131/3 )");
+  EXPECT_DOUBLE_EQ(screen.rate[1], 5.4);
+  EXPECT_DOUBLE_EQ(screen.line6[1], 6840 - 5.4 * 165);
+  EXPECT_EQ(screen.label6[1], "Northland   ( 261/10 )");
+}
+
+TEST_F(graphs_test, without_a_ball_the_rate_lines_lie_on_the_base_lines) {
+  match.team1_name = "South Isles";
+  match.team2_name = "Northland";
+  const graphs screen = opened();
+  EXPECT_EQ(screen.line6[0], 3300);
+  EXPECT_EQ(screen.line6[1], 6840);
+  EXPECT_EQ(screen.label6[0], "South Isles   ( 0/0 )");
+  for (const over_bar& bar : screen.shape1) EXPECT_FALSE(bar.visible);
+  for (const bool mark : screen.shape2) EXPECT_FALSE(mark);
+}
+
+TEST_F(graphs_test, a_first_innings_of_no_ball_leaves_the_lower_half_empty) {
+  set_second_innings_in_play();
+  match.first_balls = 0;
+  const graphs screen = opened();
+  EXPECT_EQ(screen.line6[1], 6840);
+  for (int place = 52; place <= 101; ++place) {
+    EXPECT_FALSE(screen.shape1[place].visible) << place;
+    EXPECT_FALSE(screen.shape2[place]) << place;
+  }
+}
+
+TEST_F(graphs_test, reopening_forgets_what_was_shown) {
+  set_over(match.ball_log, 1, {"4", "W"});
+  graphs screen = opened();
+  match = match_state{};
+  screen.open();
+  EXPECT_FALSE(screen.shape1[1].visible);
+  EXPECT_FALSE(screen.shape2[1]);
+}
+
+}  // namespace
+}  // namespace velorin

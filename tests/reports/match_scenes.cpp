@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/match_scenes.h"
+
+#include "database/configuration.h"
+
+namespace velorin {
+
+namespace {
+
+const char* const south_isles[] = {"",         "A.Tamuera", "B.Okell", "C.Vanterpool", "D.Sealing", "E.Marrack",
+                                   "F.Uluila", "G.Penhall", "H.Dray",  "I.Quennell",   "J.Abara",   "K.Stote"};
+
+batting_card_rec batsman(const char* name, int runs, int balls, int fours, int sixes, const char* fielder,
+                         const char* how_out) {
+  batting_card_rec card;
+  card.name = name;
+  card.runs = runs;
+  card.balls = balls;
+  card.fours = fours;
+  card.sixes = sixes;
+  card.fielder = fielder;
+  card.how_out = how_out;
+  return card;
+}
+
+bowling_card_rec bowler(const char* name, int balls, int maidens, int runs, int wickets) {
+  bowling_card_rec card;
+  card.name = name;
+  card.balls = balls;
+  card.maidens = maidens;
+  card.runs = runs;
+  card.wickets = wickets;
+  return card;
+}
+
+fall_of_wicket_rec fall(int score, int balls, int partner_runs, int partner_balls, const char* a, const char* b) {
+  fall_of_wicket_rec record;
+  record.score = score;
+  record.balls = balls;
+  record.partner_runs = partner_runs;
+  record.partner_balls = partner_balls;
+  record.batsman_a = a;
+  record.batsman_b = b;
+  return record;
+}
+
+/// The innings of South Isles in the fields of the innings in play.
+void set_south_isles_innings() {
+  for (int i = 1; i <= 11; ++i) match.batting_xi[i].name = south_isles[i];
+  match.striker = 5;
+  match.non_striker = 3;
+  match.over_no = 23;
+  match.score_runs = 131;
+  match.score_wickets = 3;
+  match.innings_balls = 137;
+  match.innings_no_balls = 2;
+  match.innings_wides = 7;
+  match.innings_leg_byes = 5;
+  match.innings_byes = 1;
+  match.batting_card[1] = batsman("A.Tamuera", 12, 20, 2, 0, " c B.Lindqvist-Ramsden", " b I.Nettle");
+  match.batting_card[2] = batsman("B.Okell", 0, 1, 0, 0, "", " lbw K.Foss");
+  match.batting_card[3] = batsman("C.Vanterpool", 102, 101, 11, 3, "", "");
+  match.batting_card[4] = batsman("D.Sealing", 3, 9, 0, 0, "", " run out (F.Aldous)");
+  match.batting_card[5] = batsman("E.Marrack", 8, 6, 0, 1, "", "");
+  match.fall_of_wicket[1] = fall(31, 42, 31, 42, "B.Okell", "A.Tamuera");
+  match.fall_of_wicket[2] = fall(31, 43, 0, 1, "C.Vanterpool", "B.Okell");
+  match.fall_of_wicket[3] = fall(99, 120, 68, 77, "C.Vanterpool", "D.Sealing");
+}
+
+/// Northland's eleven bowl to South Isles. The table of bowlers is in the order in which they came on.
+void set_northland_bowling() {
+  const char* const names[] = {"",
+                               "A.Harrow",
+                               "B.Lindqvist-Ramsden",
+                               "C.Featherstonehaughs",
+                               "D.Moss",
+                               "E.Sandoval",
+                               "F.Aldous",
+                               "G.Bright",
+                               "H.Ekwueme",
+                               "I.Nettle",
+                               "J.Orme",
+                               "K.Foss"};
+  for (int i = 1; i <= 11; ++i) match.bowling_card[i].name = names[i];
+  match.bowling_card[11] = bowler("K.Foss", 48, 2, 29, 1);
+  match.bowling_card[8] = bowler("H.Ekwueme", 48, 0, 44, 0);
+  match.bowling_card[9] = bowler("I.Nettle", 36, 11, 42, 1);
+  match.bowling_card[3] = bowler("C.Featherstonehaughs", 5, 0, 10, 0);
+  match.bowler = 3;
+  match.next_bowler = 8;
+  match.bowler_list[1].position = 11;
+  match.bowler_list[2].position = 8;
+  match.bowler_list[3].position = 9;
+  match.bowler_list[4].position = 3;
+}
+
+void set_northland_batting() {
+  batting_card_table& card = match.first_batting_card;
+  card[1] = batsman("A.Harrow", 123, 131, 14, 2, "", " c && b J.Abara");
+  card[2] = batsman("B.Lindqvist-Ramsden", 40, 44, 5, 0, " c E.Marrack", " b K.Stote");
+  card[3] = batsman("C.Featherstonehaughs", 9, 12, 1, 0, " st G.Penhall", " b H.Dray");
+  card[4] = batsman("D.Moss", 0, 1, 0, 0, "", " b K.Stote");
+  card[5] = batsman("E.Sandoval", 17, 30, 0, 0, "", " lbw J.Abara");
+  card[6] = batsman("F.Aldous", 22, 20, 1, 1, " c G.Penhall", " b I.Quennell");
+  card[7] = batsman("G.Bright", 11, 19, 1, 0, "", " run out (A.Tamuera)");
+  card[8] = batsman("H.Ekwueme", 5, 9, 0, 0, " c F.Uluila", " b H.Dray");
+  card[9] = batsman("I.Nettle", 1, 4, 0, 0, "", " b J.Abara");
+  card[10] = batsman("J.Orme", 19, 16, 2, 1, " c D.Sealing", " b K.Stote");
+  card[11] = batsman("K.Foss", 2, 4, 0, 0, "", "not out");
+
+  fall_of_wicket_table& falls = match.first_fall_of_wicket;
+  falls[1] = fall(88, 94, 88, 94, "A.Harrow", "B.Lindqvist-Ramsden");
+  falls[2] = fall(109, 121, 21, 27, "A.Harrow", "C.Featherstonehaughs");
+  falls[3] = fall(109, 122, 0, 1, "A.Harrow", "D.Moss");
+  falls[4] = fall(162, 191, 53, 69, "A.Harrow", "E.Sandoval");
+  falls[5] = fall(210, 238, 48, 47, "A.Harrow", "F.Aldous");
+  falls[6] = fall(226, 260, 16, 22, "G.Bright", "A.Harrow");
+  falls[7] = fall(235, 268, 9, 8, "H.Ekwueme", "G.Bright");
+  falls[8] = fall(238, 273, 3, 5, "I.Nettle", "H.Ekwueme");
+  falls[9] = fall(241, 277, 3, 4, "J.Orme", "I.Nettle");
+  falls[10] = fall(261, 290, 20, 13, "K.Foss", "J.Orme");
+}
+
+void set_first_innings_of_northland() {
+  set_northland_batting();
+  match.first_total = 261;
+  match.first_wickets = 10;
+  match.first_balls = 290;
+  match.first_no_balls = 1;
+  match.first_wides = 12;
+  match.first_leg_byes = 9;
+  match.first_byes = 3;
+  for (int i = 1; i <= 11; ++i) match.first_bowling_card[i].name = south_isles[i];
+  match.first_bowling_card[5] = bowler("E.Marrack", 54, 0, 101, 0);
+  match.first_bowling_card[8] = bowler("H.Dray", 60, 1, 43, 2);
+  match.first_bowling_card[9] = bowler("I.Quennell", 60, 0, 52, 1);
+  match.first_bowling_card[10] = bowler("J.Abara", 60, 3, 30, 3);
+  match.first_bowling_card[11] = bowler("K.Stote", 56, 10, 23, 3);
+  match.commentary_store.add_ball({ball_text::runs, 4, 11, 1});
+  match.commentary_store.add_ball({ball_text::leg_byes, 1, 11, 1});
+  match.commentary_store.add_wicket(11, 4);
+  match.commentary_stored = true;
+}
+
+}  // namespace
+
+void reports_test::SetUp() {
+  match = match_state{};
+  settings = configuration{};
+  settings.text_color = "FFFF00";
+  settings.back_color = "004020";
+}
+
+void set_first_innings_in_play() {
+  match.ground.ground_name = "Lake End";
+  match.team1_name = "South Isles";
+  match.team2_name = "Northland";
+  set_south_isles_innings();
+  set_northland_bowling();
+  match.ball_commentary.add_ball({ball_text::runs, 0, 3, 5});
+  match.ball_commentary.add_ball({ball_text::runs, 1, 3, 5});
+  match.ball_commentary.add_ball({ball_text::wide, 0, 3, 3});
+}
+
+void set_second_innings_in_play() {
+  set_first_innings_in_play();
+  set_first_innings_of_northland();
+}
+
+}  // namespace velorin

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "model/teams.h"
+#include "ui/front_end.h"
+
+// Hand-built states of a match for the tests of its reports.
+
+namespace velorin {
+
+/// Starts each test from a fresh match and known settings.
+class reports_test : public testing::Test {
+ protected:
+  void SetUp() override;
+};
+
+/// South Isles against Northland at Lake End. South Isles bat: 131/3 after 22.5 overs, the men at places 3 and 5 in.
+/// Four men have bowled; the second over's bowler is the eighth of the eleven.
+void set_first_innings_in_play();
+
+/// Northland were all out for 261 in 48.2 overs; South Isles bat as above.
+void set_second_innings_in_play();
+
+/// A front end that notes which reading screens were opened and knows nothing else.
+class opened_reports : public front_end {
+ public:
+  std::vector<report> opened;
+
+  void open(report which) override { opened.push_back(which); }
+  void show(const message_box&) override { refuse(); }
+  void show(wecond&) override { refuse(); }
+  void show(teamsel&) override { refuse(); }
+  void show(toss&) override { refuse(); }
+  void show(batorder&) override { refuse(); }
+  void show(chgbowler&) override { refuse(); }
+  void show(aggr&) override { refuse(); }
+  void show(batsmandetails&) override { refuse(); }
+  void show(main_console&) override { refuse(); }
+  void ball_bowled() override { refuse(); }
+  void progress(int) override { refuse(); }
+  void progress_done() override { refuse(); }
+  void show(sqdet&) override { refuse(); }
+  void show(allrecs&) override { refuse(); }
+
+ private:
+  static void refuse() { ADD_FAILURE() << "a report asks for reading screens only"; }
+};
+
+}  // namespace velorin

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "reports/export.h"
+#include "reports/match_scenes.h"
+
+namespace velorin {
+namespace {
+
+namespace fs = std::filesystem;
+
+class save_export_test : public reports_test {
+ protected:
+  void SetUp() override {
+    reports_test::SetUp();
+    std::string name = (fs::temp_directory_path() / "velorin-export-XXXXXX").string();
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    folder = name;
+    set_second_innings_in_play();
+    card.open();
+  }
+  void TearDown() override { fs::remove_all(folder); }
+
+  static std::string content(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream all;
+    all << in.rdbuf();
+    return all.str();
+  }
+  int files() const {
+    return static_cast<int>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+  }
+
+  fs::path folder;
+  scorecard card;
+};
+
+TEST_F(save_export_test, writes_the_kind_asked_for) {
+  EXPECT_TRUE(save_export(card, export_kind::html, folder / "a.html"));
+  EXPECT_TRUE(save_export(card, export_kind::text, folder / "b.txt"));
+  EXPECT_TRUE(save_export(card, export_kind::ball_by_ball, folder / "c.txt"));
+  EXPECT_EQ(content(folder / "a.html"), html_scorecard(card));
+  EXPECT_EQ(content(folder / "b.txt"), text_scorecard(card));
+  EXPECT_EQ(content(folder / "c.txt"), ball_by_ball(card));
+  EXPECT_EQ(files(), 3);
+}
+
+TEST_F(save_export_test, replaces_what_was_there) {
+  std::ofstream(folder / "a.txt") << std::string(100000, 'x');
+  EXPECT_TRUE(save_export(card, export_kind::text, folder / "a.txt"));
+  EXPECT_EQ(content(folder / "a.txt"), text_scorecard(card));
+  EXPECT_EQ(files(), 1);
+}
+
+TEST_F(save_export_test, opens_a_card_of_its_own) {
+  EXPECT_TRUE(save_export(export_kind::text, folder / "a.txt"));
+  EXPECT_EQ(content(folder / "a.txt"), text_scorecard(card));
+}
+
+TEST_F(save_export_test, follows_a_symbolic_link) {
+  std::ofstream(folder / "real.txt") << "old";
+  fs::create_symlink(folder / "real.txt", folder / "link.txt");
+  EXPECT_TRUE(save_export(card, export_kind::text, folder / "link.txt"));
+  EXPECT_TRUE(fs::is_symlink(folder / "link.txt"));
+  EXPECT_EQ(content(folder / "real.txt"), text_scorecard(card));
+}
+
+TEST_F(save_export_test, passes_over_a_folder_that_is_not_there) {
+  EXPECT_FALSE(save_export(card, export_kind::html, folder / "missing" / "a.html"));
+  EXPECT_EQ(files(), 0);
+}
+
+TEST_F(save_export_test, passes_over_a_folder_in_place_of_the_file) {
+  fs::create_directory(folder / "a.html");
+  EXPECT_FALSE(save_export(card, export_kind::html, folder / "a.html"));
+  EXPECT_TRUE(fs::is_directory(folder / "a.html"));
+}
+
+TEST_F(save_export_test, writes_straight_to_a_device_and_leaves_it_one) {
+  EXPECT_TRUE(save_export(card, export_kind::html, "/dev/null"));
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(save_export_test, passes_over_a_full_device) {
+  if (!fs::exists("/dev/full")) FAIL() << "the test needs /dev/full";
+  EXPECT_FALSE(save_export(card, export_kind::html, "/dev/full"));
+  EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
+
+}  // namespace
+}  // namespace velorin
