@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-// The settings and the paths that follow from them. Texts are single bytes of Windows-1252; the file options.mc has one
-// setting a line.
+// The settings and the paths that follow from them. Texts are single bytes of Windows-1252, base names of databases
+// included; the names of the files themselves are UTF-8. The file options.mc has one setting a line.
 
 namespace velorin {
 
@@ -52,10 +52,11 @@ bool read_options();
 void write_options();
 
 /// The base names on offer in `folder`: those with both a .team and a .grd file, in byte order. An unreadable folder
-/// offers none.
+/// offers none, and a name without a place in Windows-1252 is passed over.
 std::vector<std::string> databases_on_offer(const std::filesystem::path& folder);
 
-/// Six uppercase hexadecimal digits, red, green, blue, of red + 256 x green + 65536 x blue.
+/// Six uppercase hexadecimal digits, red, green, blue, of red + 256 x green + 65536 x blue. Raises run_time_error (type)
+/// outside 0 to 16777215.
 std::string change_to_hex(long color);
 /// The decimal text of red + 256 x green + 65536 x blue for six hexadecimal digits. Raises run_time_error (type) for
 /// anything else.

@@ -61,8 +61,9 @@ class field_scanner {
         what = "the closing quote is missing";
         return value;
       }
-      if (accept('"') && !accept('"')) break;
-      value += text_[at_ - 1] == '"' ? '"' : next();
+      const char c = next();
+      if (c == '"' && !accept('"')) break;
+      value += c;
     }
     if (!at_end() && !at_line_end() && peek() != ',') what = "text behind a closing quote";
     return value;

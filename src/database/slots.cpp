@@ -3,8 +3,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-
 namespace velorin {
 
 namespace {
@@ -116,6 +114,12 @@ slot_file slot_file::read(const std::filesystem::path& file, std::size_t slot_le
   return {read_file(file).value_or(std::string()), slot_length, file_name_text(file)};
 }
 
+slot_file slot_file::read_existing(const std::filesystem::path& file, std::size_t slot_length) {
+  std::optional<std::string> bytes = read_file(file);
+  if (!bytes) throw run_time_error(failure::file, "The file is missing", {file_name_text(file), 0, {}, {}});
+  return {std::move(*bytes), slot_length, file_name_text(file)};
+}
+
 std::string_view slot_file::slot(long record) const {
   const std::size_t start = static_cast<std::size_t>(record - 1) * length_;
   return start < bytes_.size() ? std::string_view(bytes_).substr(start, length_) : std::string_view();
@@ -131,6 +135,20 @@ void slot_file::put(long record, std::string_view fields, const std::string& who
   const std::size_t slots = std::max(static_cast<std::size_t>(record), (bytes_.size() + length_ - 1) / length_);
   bytes_.resize(slots * length_, '\0');
   bytes_.replace(start, fields.size(), fields);
+}
+
+int slot_file::count(const char* field) const {
+  integer counted;
+  get_field(1, field, counted);
+  if (counted >= 0) return counted;
+  throw run_time_error(failure::type, fmt::format("Type mismatch: a count of {}", int{counted}),
+                       {.file = name_, .record = 1, .field = field, .player = {}});
+}
+
+void slot_file::raise_beyond(int limit, int all, const char* field) const {
+  throw run_time_error(failure::subscript,
+                       fmt::format("Subscript out of range: a count of {}, at most {}", all, limit),
+                       {.file = name_, .record = limit + 2, .field = field, .player = {}});
 }
 
 void slot_file::raise_fault(long record, const slot_reader& fields) const {

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "database/layout.h"
 #include "database/whole_file.h"
@@ -120,6 +122,8 @@ class slot_file {
       : bytes_(std::move(bytes)), length_(slot_length), name_(std::move(name)) {}
   /// Reads a file; a missing one is empty.
   static slot_file read(const std::filesystem::path& file, std::size_t slot_length);
+  /// Reads a file. Raises run_time_error (file) if it is missing.
+  static slot_file read_existing(const std::filesystem::path& file, std::size_t slot_length);
 
   /// The bytes that the file has of a slot.
   std::string_view slot(long record) const;
@@ -144,12 +148,25 @@ class slot_file {
   /// if the slot is too short; `whose` is the player or team named then.
   void put(long record, std::string_view fields, const std::string& whose, const std::string& field = {});
 
+  /// The count of records in record 1, an Integer without a tag. Raises run_time_error (type) if it is below 0.
+  int count(const char* field) const;
+  /// The records 2 to count + 1. Raises run_time_error: a count beyond `limit` (subscript), what cannot be read (type).
+  template <typename Record>
+  std::vector<Record> counted_records(const char* field, int limit) const {
+    const int all = count(field);
+    std::vector<Record> records(static_cast<std::size_t>(std::min(all, limit)));
+    for (std::size_t i = 0; i < records.size(); ++i) get(static_cast<long>(i) + 2, records[i]);
+    if (all > limit) raise_beyond(limit, all, field);
+    return records;
+  }
+
   const std::string& bytes() const { return bytes_; }
   const std::string& name() const { return name_; }
   std::size_t slot_length() const { return length_; }
 
  private:
   void raise_fault(long record, const slot_reader& fields) const;
+  [[noreturn]] void raise_beyond(int limit, int all, const char* field) const;
 
   std::string bytes_;
   std::size_t length_;

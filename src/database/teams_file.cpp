@@ -32,14 +32,12 @@ struct file_state {
   bool operator==(const file_state&) const = default;
 };
 
-[[noreturn]] void raise_missing(const std::filesystem::path& file) {
-  throw run_time_error(failure::file, "The file is missing", {file_name_text(file), 0, {}, {}});
-}
-
 file_state state_of(const std::filesystem::path& file) {
   struct stat facts {};
   if (::stat(file.c_str(), &facts) != 0) {
-    if (errno == ENOENT) raise_missing(file);
+    if (errno == ENOENT) {
+      throw run_time_error(failure::file, "The file is missing", {file_name_text(file), 0, {}, {}});
+    }
     raise_file_error("The file cannot be read", errno, file);
   }
   return {facts.st_dev, facts.st_ino, facts.st_size, nanoseconds(facts.st_mtim), nanoseconds(facts.st_ctim)};
@@ -55,9 +53,7 @@ class kept_file {
     if (settled_ && now == state_ && path == path_) return;
     settled_ = false;
     records_.reset();
-    std::optional<std::string> bytes = read_file(path);
-    if (!bytes) raise_missing(path);
-    file_.emplace(std::move(*bytes), team_slot, file_name_text(path));
+    file_.emplace(slot_file::read_existing(path, team_slot));
     timespec read_at{};
     ::clock_gettime(CLOCK_REALTIME, &read_at);
     path_ = path;
@@ -84,22 +80,7 @@ team_rec single_team;
 /// All records behind the count in record 1. `limit` is the size of the list that takes them.
 template <typename Record>
 const std::vector<Record>& all_records(kept_file<Record>& kept, const char* count_field, int limit) {
-  if (kept.records()) return *kept.records();
-  const slot_file& file = kept.file();
-  integer count;
-  file.get_field(1, count_field, count);
-  if (count < 0) {
-    throw run_time_error(failure::type, fmt::format("Type mismatch: a count of {}", int{count}),
-                         {.file = file.name(), .record = 1, .field = count_field, .player = {}});
-  }
-  std::vector<Record> records(static_cast<std::size_t>(std::min<int>(count, limit)));
-  for (std::size_t i = 0; i < records.size(); ++i) file.get(static_cast<long>(i) + 2, records[i]);
-  if (count > limit) {
-    throw run_time_error(failure::subscript,
-                         fmt::format("Subscript out of range: a count of {}, at most {}", int{count}, limit),
-                         {.file = file.name(), .record = limit + 2, .field = count_field, .player = {}});
-  }
-  kept.records() = std::move(records);
+  if (!kept.records()) kept.records() = kept.file().template counted_records<Record>(count_field, limit);
   return *kept.records();
 }
 
