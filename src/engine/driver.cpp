@@ -30,6 +30,14 @@ struct over_in_progress {
 
   std::string& log_entry() const { return match.ball_log[match.over_no][ball_no]; }
   std::string& symbol() const { return match.over_symbols[ball_no - 1]; }
+
+  /// Writes one character to the log and the symbols.
+  void note(char what) const {
+    for (std::string* text : {&log_entry(), &symbol()}) {
+      text->clear();
+      text->push_back(what);
+    }
+  }
 };
 
 void require_position(int position, const char* field) {
@@ -44,9 +52,8 @@ void say(ball_text text, int number) {
 
 void off_the_bat(over_in_progress& over) {
   const int runs = match.ball_outcome;
-  over.symbol().assign(1, static_cast<char>('0' + runs));
+  over.note(static_cast<char>('0' + runs));
   match.score_runs += runs;
-  over.log_entry().assign(1, static_cast<char>('0' + runs));
   say(ball_text::runs, runs);
   if (runs % 2 == 1) std::swap(match.striker, match.non_striker);
 }
@@ -58,8 +65,7 @@ void extras_off_the_body(over_in_progress& over) {
   const int runs = die(4);
   if (runs % 2 == 1) std::swap(match.striker, match.non_striker);
   match.score_runs += runs;
-  over.log_entry().assign(1, static_cast<char>('0' + runs));
-  over.symbol().assign(1, static_cast<char>('0' + runs));
+  over.note(static_cast<char>('0' + runs));
   if (match.ball_outcome == leg_byes) {
     say(ball_text::leg_byes, runs);
     match.innings_leg_byes += runs;
@@ -113,11 +119,10 @@ void bring_in_next_batsman() {
 
 void fall_of_a_wicket(over_in_progress& over) {
   batting_card_rec& out = match.batting_card[match.striker];
-  over.symbol() = "W";
+  over.note('W');
   match.score_wickets += 1;
   out.balls += 1;
   out.dots += 1;
-  over.log_entry() = "W";
   record_fall_of_wicket();
   bool run_out = false;
   record_dismissal(run_out);

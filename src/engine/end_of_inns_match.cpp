@@ -154,6 +154,7 @@ void change_innings() {
   swap_totals();
   prepare_chase_display();
   match.innings_number += 1;
+  static_cast<match_known_achievements&>(match) = {};
   open_second_innings();
   match.innings_changed = true;
 }

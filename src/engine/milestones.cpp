@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+#include <array>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,55 +30,59 @@ bool enter(std::span<std::string> list, std::string_view first, std::string_view
                        {.file = {}, .record = 0, .field = {}, .player = std::string(first) + std::string(second)});
 }
 
-/// A milestone of batsmen: runs, the list of those congratulated, the words behind the figures.
-struct batting_milestone {
+/// A milestone of batsmen or of a stand: runs, the list of those congratulated, the words of the message.
+struct milestone {
   int runs;
   std::span<std::string> list;
   const char* words;
 };
 
-void check_batsman(const batting_milestone& milestone, int position, const char* gap) {
+void announce_batsman(const batting_card_rec& man, const char* gap, const char* words) {
+  user().show(message_box{
+      man.name + " - Batting achievement",
+      man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + words});
+}
+
+/// Steps 1 to 4 for one of the two batsmen. True if he has reached the milestone of the step.
+bool check_batsman(int step, const milestone& reached, int position, const char* gap) {
   const batting_card_rec& man = match.batting_card[position];
-  if (man.runs < milestone.runs || !enter(milestone.list, man.name) || !match.human_involved()) return;
-  user().show(message_box{man.name + " - Batting achievement", man.name + gap + number_text(int(man.runs)) + "(" +
-                                                                   number_text(int(man.balls)) + ")" +
-                                                                   milestone.words});
+  if (man.runs < reached.runs) return false;
+  std::uint8_t& known = match.batting_step[position];
+  if (known >= step) return true;
+  if (enter(reached.list, man.name) && match.human_involved()) announce_batsman(man, gap, reached.words);
+  // A man without a name is never found on a list, and so never known.
+  if (!man.name.empty()) known = static_cast<std::uint8_t>(step);
+  return true;
 }
 
 void check_batsmen() {
-  const batting_milestone milestones[] = {
-      {50, match.fifty_list, "  has reached his fifty "},
-      {100, match.hundred_list, "  has reached his century! "},
-      {150, match.century_and_half_list, "  has reached his one hundred fifty "},
-      {200, match.double_century_list, "  has reached his Double century! "},
+  const int most = std::max<int>(match.batting_card[match.striker].runs, match.batting_card[match.non_striker].runs);
+  if (most < 50) return;
+  const milestone milestones[] = {
+      {50, match.fifty_list, ")  has reached his fifty "},
+      {100, match.hundred_list, ")  has reached his century! "},
+      {150, match.century_and_half_list, ")  has reached his one hundred fifty "},
+      {200, match.double_century_list, ")  has reached his Double century! "},
   };
-  for (const batting_milestone& milestone : milestones) {
-    if (match.batting_card[match.striker].runs < milestone.runs &&
-        match.batting_card[match.non_striker].runs < milestone.runs) {
-      return;  // the higher ones are further away
-    }
-    check_batsman(milestone, match.striker, "  ");
-    check_batsman(milestone, match.non_striker, " ");
+  for (int step = 1; step <= 4; ++step) {
+    const bool striker = check_batsman(step, milestones[step - 1], match.striker, "  ");
+    const bool non_striker = check_batsman(step, milestones[step - 1], match.non_striker, " ");
+    if (!striker && !non_striker) return;  // the higher ones are further away
   }
 }
 
 void check_bowler() {
   const bowling_card_rec& man = match.bowling_card[match.bowler];
-  if (man.wickets < 5 || !enter(match.five_wicket_list, man.name) || !match.human_involved()) return;
-  user().show(message_box{man.name + " - Bowling achievement", man.name + " has taken a Five Wicket Haul! "});
+  std::uint8_t& known = match.five_wicket_step[match.bowler];
+  if (man.wickets < 5 || known != 0) return;
+  if (enter(match.five_wicket_list, man.name) && match.human_involved()) {
+    user().show(message_box{man.name + " - Bowling achievement", man.name + " has taken a Five Wicket Haul! "});
+  }
+  if (!man.name.empty()) known = 1;
 }
 
-/// A milestone of a stand.
-struct stand_milestone {
-  int runs;
-  std::span<std::string> list;
-  const char* words;
-};
-
-void check_stand() {
-  const int stand = match.score_runs - match.fall_of_wicket[match.score_wickets].score;
-  if (stand < 50) return;
-  const stand_milestone milestones[] = {
+void enter_stand(int stand) {
+  const milestone milestones[] = {
       {50, match.stand50_list, "Fifty"},
       {100, match.stand100_list, "Hundred"},
       {150, match.stand150_list, "One hundered fifty"},
@@ -85,12 +92,28 @@ void check_stand() {
   };
   const std::string& lower = match.batting_xi[match.lower_batsman()].name;
   const std::string& higher = match.batting_xi[match.higher_batsman()].name;
-  for (const stand_milestone& milestone : milestones) {
-    if (stand < milestone.runs) return;
-    if (!enter(milestone.list, lower, higher) || !match.human_involved()) continue;
-    user().show(message_box{" Partnership", lower + " & " + higher + " have put on a " + milestone.words +
-                                                " run partnership! "});
+  const bool named = !lower.empty() || !higher.empty();
+  for (int step = 1; step <= 6 && stand >= milestones[step - 1].runs; ++step) {
+    if (match.stand_step >= step) continue;
+    const milestone& reached = milestones[step - 1];
+    if (enter(reached.list, lower, higher) && match.human_involved()) {
+      user().show(message_box{" Partnership",
+                              lower + " & " + higher + " have put on a " + reached.words + " run partnership! "});
+    }
+    if (named) match.stand_step = static_cast<std::uint8_t>(step);
   }
+}
+
+void check_stand() {
+  const std::array<std::int8_t, 3> stand_of = {static_cast<std::int8_t>(match.score_wickets),
+                                               static_cast<std::int8_t>(match.lower_batsman()),
+                                               static_cast<std::int8_t>(match.higher_batsman())};
+  if (match.stand_of != stand_of) {
+    match.stand_of = stand_of;
+    match.stand_step = 0;
+  }
+  const int stand = match.score_runs - match.fall_of_wicket[match.score_wickets].score;
+  if (stand >= 50 * (match.stand_step + 1) && match.stand_step < 6) enter_stand(stand);
 }
 
 }  // namespace

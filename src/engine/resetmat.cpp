@@ -22,6 +22,7 @@ void reset_match() {
   refresh<match_totals>(match);
   refresh<match_books>(match);
   refresh<match_achievements>(match);
+  refresh<match_known_achievements>(match);
   refresh<match_conditions>(match);
   refresh<match_set_up>(match);
   refresh<match_bowler_pool>(match);
