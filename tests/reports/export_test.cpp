@@ -41,7 +41,8 @@ int place_of(const std::vector<std::string>& lines, const std::string& line) {
 std::vector<std::string> fall_lines(const std::string& file, int n) {
   const auto lines = lines_of(file);
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (lines[i] == "Fall of Wickets :" && --n == 0) return {lines.begin() + i + 1, lines.begin() + i + 5};
+    if (lines[i] == "Fall of Wickets :" && --n == 0 && i + 4 < lines.size())
+      return {lines.begin() + i + 1, lines.begin() + i + 5};
   }
   ADD_FAILURE() << "no such list";
   return {};
