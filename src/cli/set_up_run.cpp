@@ -125,7 +125,7 @@ void raise_unknown(const std::string& what, const std::string& name, const std::
   } else if (!known.empty() && known.size() <= 20) {
     line += "; known: " + joined(known);
   }
-  throw run_time_error(failure::subscript, line, {.file = {}, .record = 0, .field = what, .player = {}});
+  throw run_time_error(failure::subscript, line, {});
 }
 
 }  // namespace velorin::cli

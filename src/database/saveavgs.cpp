@@ -144,7 +144,7 @@ void update_side(career_table& table, const side_books& books) {
 void update_career() {
   if (!files.updates) return;
   const folder_lock turn(files.rec);
-  career_table table = read_career_table();
+  career_table table = read_career_table(files.rec);
   // The end of an innings writes "not out" into the first innings only.
   update_side(table, {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card,
                       match.first_batting_card, ""});

@@ -194,7 +194,7 @@ void update_team_table(record_lists& lists) {
 void update_records() {
   if (!files.updates) return;
   const folder_lock turn(files.ptr);
-  record_lists lists = read_record_lists();
+  record_lists lists = read_record_lists(files.ptr);
   const std::string& chasing = match.team1_name;
   const std::string& setting = match.team2_name;
   update_top_scores(lists.top_scores, match.batting_card, chasing, setting, "");

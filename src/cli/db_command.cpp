@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <memory>
+#include <ostream>
+
+#include <fmt/format.h>
+
+#include "cli/commands.h"
+#include "database/configuration.h"
+#include "database/world.h"
+#include "model/code_page.h"
+
+namespace velorin::cli {
+
+namespace {
+
+struct db_options {
+  std::filesystem::path source;
+  std::string base;
+  std::filesystem::path target;
+};
+
+/// The files of a database named on the command line: a base name in the teams folder, or a path without ending.
+database_files named_files(const db_options& options, const program_options& program) {
+  const std::filesystem::path given(options.base);
+  if (!given.has_parent_path()) return database_paths(program.teams_dir, core_text(options.base));
+  return database_paths(given.parent_path(), core_text(given.filename().string()));
+}
+
+int build(const db_options& options, const program_options& program) {
+  const database_files database = named_files(options, program);
+  std::filesystem::create_directories(database.folder);
+  build_database(options.source, database.team, database.grd);
+  return done;
+}
+
+int dump(const db_options& options, const program_options& program) {
+  dump_database(named_files(options, program), options.target);
+  return done;
+}
+
+int check(const db_options& options, const program_options& program, streams io) {
+  const std::vector<database_fault> faults = check_database(named_files(options, program));
+  for (const database_fault& fault : faults) {
+    io.out << to_utf8(fault.file);
+    if (fault.record != 0) io.out << fmt::format(": record {}", fault.record);
+    if (!fault.field.empty()) io.out << ": " << to_utf8(fault.field);
+    io.out << ": " << to_utf8(fault.what) << '\n';
+  }
+  io.out.flush();
+  if (faults.empty()) {
+    io.err << options.base << ": no fault found\n";
+    return done;
+  }
+  io.err << fmt::format("{}: {} fault{} found\n", options.base, faults.size(), faults.size() == 1 ? "" : "s");
+  return failed;
+}
+
+}  // namespace
+
+void add_db(CLI::App& app, const program_options& program, streams io, command_action& action) {
+  auto options = std::make_shared<db_options>();
+  CLI::App* command = app.add_subcommand("db", "Builds, dumps and checks databases");
+  command->require_subcommand(1);
+  CLI::App* build_it = command->add_subcommand("build", "Makes BASE.team and BASE.grd of players.csv and grounds.csv");
+  build_it->add_option("SRC_DIR", options->source, "Folder of players.csv and grounds.csv")->required();
+  build_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();
+  build_it->callback([options, &program, &action] { action = [options, &program] { return build(*options, program); }; });
+  CLI::App* dump_it = command->add_subcommand("dump", "The reverse, without loss; careers and records too");
+  dump_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();
+  dump_it->add_option("DIR", options->target, "Folder for the tables")->required();
+  dump_it->callback([options, &program, &action] { action = [options, &program] { return dump(*options, program); }; });
+  CLI::App* check_it = command->add_subcommand("check", "Every fault of the four files, a line each");
+  check_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();
+  check_it->callback(
+      [options, &program, io, &action] { action = [options, &program, io] { return check(*options, program, io); }; });
+}
+
+}  // namespace velorin::cli
