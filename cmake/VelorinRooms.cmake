@@ -46,6 +46,10 @@ function(velorin_room name)
   add_library(velorin_${name} STATIC ${ROOM_SOURCES})
   velorin_targets(uses ${ROOM_USES})
   target_link_libraries(velorin_${name} PUBLIC velorin_flags ${uses})
+  # The rooms above the core do little work, but their libraries' templates take long to optimise.
+  if(NOT name MATCHES "^(cli|desktop|shell)$|forms")
+    target_compile_options(velorin_${name} PRIVATE ${VELORIN_CORE_OPTIONS})
+  endif()
 endfunction()
 
 # velorin_test(NAME SOURCES file... USES room-or-library... LABELS label...): a GoogleTest program, each test case known
