@@ -55,8 +55,8 @@ void write_options();
 /// offers none, and a name without a place in Windows-1252 is passed over.
 std::vector<std::string> databases_on_offer(const std::filesystem::path& folder);
 
-/// Six uppercase hexadecimal digits, red, green, blue, of red + 256 x green + 65536 x blue. Raises run_time_error (type)
-/// outside 0 to 16777215.
+/// Six uppercase hexadecimal digits, red, green, blue, of red + 256 x green + 65536 x blue. Raises run_time_error
+/// (type) outside 0 to 16777215.
 std::string change_to_hex(long color);
 /// The decimal text of red + 256 x green + 65536 x blue for six hexadecimal digits. Raises run_time_error (type) for
 /// anything else.

@@ -146,9 +146,9 @@ void csv_table::take_header(std::initializer_list<std::string_view> required,
   rows_.erase(rows_.begin());
   for (const csv_row& row : rows_) {
     if (row.fields.size() == header_.size()) continue;
-    throw run_time_error(
-        failure::type, fmt::format("Line {}: {} columns instead of {}", row.line, row.fields.size(), header_.size()),
-        {name_, 0, {}, {}});
+    throw run_time_error(failure::type,
+                         fmt::format("Line {}: {} columns instead of {}", row.line, row.fields.size(), header_.size()),
+                         {name_, 0, {}, {}});
   }
 }
 

@@ -40,7 +40,9 @@ void hold_eleven(side which, const eleven& men) {
     throw run_time_error(
         failure::overflow,
         fmt::format("Overflow: a record of {} bytes in a slot of {}", encoded_size(men[i]), eleven_slot),
-        {.file = file_name_text(which == side::first ? first_file() : second_file()), .record = i, .field = {},
+        {.file = file_name_text(which == side::first ? first_file() : second_file()),
+         .record = i,
+         .field = {},
          .player = men[i].name});
   }
   (which == side::first ? held.first : held.second) = men;

@@ -19,18 +19,18 @@
 
 namespace velorin {
 
-inline constexpr std::size_t team_slot = 1500;    ///< also of the ground file
+inline constexpr std::size_t team_slot = 1500;  ///< also of the ground file
 inline constexpr std::size_t career_slot = 5500;
 inline constexpr std::size_t records_slot = 2500;
 inline constexpr std::size_t eleven_slot = 125;
 
-inline constexpr long top_scores_record = 1;        ///< record of line 1 of each list
+inline constexpr long top_scores_record = 1;  ///< record of line 1 of each list
 inline constexpr long top_bowling_record = 16;
 inline constexpr long highest_totals_record = 31;
 inline constexpr long lowest_totals_record = 46;
 inline constexpr long partnerships_record = 61;
 inline constexpr long table_count_record = 71;
-inline constexpr long team_table_record = 72;       ///< field 0 of table team 1
+inline constexpr long team_table_record = 72;  ///< field 0 of table team 1
 inline constexpr long team_table_fields = 19;
 
 template <typename R, typename Record>

@@ -16,14 +16,14 @@ struct optfrm {
     std::string text;
   };
 
-  std::vector<std::string> combo1_list;  ///< databases on offer
-  std::string combo1_text;               ///< the chosen one; "" for none
-  std::string drive1;                    ///< root of the folder chooser
-  std::string dir1;                      ///< the chosen folder
-  long sample_text_color = 0;            ///< of Label2
-  long sample_back_color = 0xFFFFFF;     ///< of Label2
+  std::vector<std::string> combo1_list;    ///< databases on offer
+  std::string combo1_text;                 ///< the chosen one; "" for none
+  std::string drive1;                      ///< root of the folder chooser
+  std::string dir1;                        ///< the chosen folder
+  long sample_text_color = 0;              ///< of Label2
+  long sample_back_color = 0xFFFFFF;       ///< of Label2
   std::string sample_font = "Sans Serif";  ///< of Label2; the window fills in the font it uses
-  long font_dialog_color = 0;            ///< the colour dialogs' colours
+  long font_dialog_color = 0;              ///< the colour dialogs' colours
   long back_dialog_color = 0xFFFFFF;
   bool closed = false;  ///< the form has been left by its OK
 

@@ -51,9 +51,9 @@ int count_in(const slot_file& file, long record, const char* field, int limit) {
     throw run_time_error(failure::type, fmt::format("Type mismatch: a count of {}", number_text(count)), place);
   }
   if (count > limit) {
-    throw run_time_error(
-        failure::subscript,
-        fmt::format("Subscript out of range: a count of {}, at most {}", number_text(count), limit), place);
+    throw run_time_error(failure::subscript,
+                         fmt::format("Subscript out of range: a count of {}, at most {}", number_text(count), limit),
+                         place);
   }
   return static_cast<int>(count);
 }
@@ -111,10 +111,10 @@ career_table read_career_table(const std::filesystem::path& rec) {
       throw run_time_error(failure::type, fmt::format("Type mismatch: a count of {}", int{team.player_count}), place);
     }
     if (team.player_count > player_limit) {
-      throw run_time_error(failure::subscript,
-                           fmt::format("Subscript out of range: a count of {}, at most {}", int{team.player_count},
-                                       player_limit),
-                           place);
+      throw run_time_error(
+          failure::subscript,
+          fmt::format("Subscript out of range: a count of {}, at most {}", int{team.player_count}, player_limit),
+          place);
     }
   }
   return table;

@@ -77,7 +77,7 @@ struct career_team_rec {
 
 /// The career file in memory.
 struct career_table {
-  int career_team_count = 0;  ///< 0 to 20
+  int career_team_count = 0;                                                                 ///< 0 to 20
   std::vector<career_team_rec> teams = std::vector<career_team_rec>(career_team_limit + 1);  ///< 1 to the count
 };
 
@@ -163,7 +163,7 @@ struct record_lists {
   top_total_list highest_totals;  ///< highest first
   top_total_list lowest_totals;   ///< lowest first
   top_partnership_list partnerships;
-  int table_team_count = 0;                                                         ///< 0 to 25
+  int table_team_count = 0;                                                       ///< 0 to 25
   std::vector<team_table> teams = std::vector<team_table>(table_team_limit + 1);  ///< 1 to the count
 };
 

@@ -38,10 +38,9 @@ void enrol_team(career_table& table, const std::string& team) {
     if (table.teams[t].team_name == team) return;
   }
   if (table.career_team_count == career_team_limit) {
-    throw run_time_error(failure::subscript,
-                         fmt::format("Subscript out of range: more than {} teams with careers", career_team_limit),
-                         {.file = file_name_text(files.rec), .record = career_team_limit + 2, .field = "team_name",
-                          .player = team});
+    throw run_time_error(
+        failure::subscript, fmt::format("Subscript out of range: more than {} teams with careers", career_team_limit),
+        {.file = file_name_text(files.rec), .record = career_team_limit + 2, .field = "team_name", .player = team});
   }
   career_team_rec& added = table.teams[++table.career_team_count];
   added = career_team_rec();

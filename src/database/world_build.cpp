@@ -104,9 +104,8 @@ std::vector<ground_rec> grounds_in(const csv_table& table) {
     }
     ground.pitch_bounce = table.whole_number(row, "pitch_bounce", least_integer, most_integer);
     ground.pitch_surface = table.whole_number(row, "pitch_surface", least_integer, most_integer);
-    ground.start_time = static_cast<std::int32_t>(
-        table.whole_number(row, "start_time", std::numeric_limits<std::int32_t>::min(),
-                           std::numeric_limits<std::int32_t>::max()));
+    ground.start_time = static_cast<std::int32_t>(table.whole_number(
+        row, "start_time", std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
     grounds.push_back(std::move(ground));
   }
   return grounds;
@@ -115,8 +114,7 @@ std::vector<ground_rec> grounds_in(const csv_table& table) {
 /// Raises the run_time_error of a broken rule: overflow for a record beyond its slot, else type.
 [[noreturn]] void raise_rule(const csv_table& table, int row, const rule_fault& fault, const std::string& whose) {
   throw run_time_error(fault.field.empty() ? failure::overflow : failure::type,
-                       fmt::format("Line {}: {}", table.line(row), fault.what),
-                       {table.name(), 0, fault.column, whose});
+                       fmt::format("Line {}: {}", table.line(row), fault.what), {table.name(), 0, fault.column, whose});
 }
 
 void require_rules(const csv_table& table, const built_teams& built) {
@@ -151,10 +149,9 @@ std::string counted_file(const std::vector<Record>& records, const std::filesyst
 
 void build_database(const std::filesystem::path& source, const std::filesystem::path& team,
                     const std::filesystem::path& grd) {
-  const csv_table players(source / "players.csv",
-                          {"team", "name", "bat_skill", "bowl_sr", "econ", "keeper", "hand", "role", "bowler_type"},
-                          {"team_flag", "reserved_1", "reserved_2", "reserved_3", "reserved_4", "reserved_5",
-                           "reserved_6"});
+  const csv_table players(
+      source / "players.csv", {"team", "name", "bat_skill", "bowl_sr", "econ", "keeper", "hand", "role", "bowler_type"},
+      {"team_flag", "reserved_1", "reserved_2", "reserved_3", "reserved_4", "reserved_5", "reserved_6"});
   const csv_table places(source / "grounds.csv", {"country", "ground", "pitch_bounce", "pitch_surface", "start_time"},
                          {"ground_reserved_1", "ground_reserved_2", "ground_reserved_3"});
   const built_teams built = teams_in(players);

@@ -162,7 +162,7 @@ void check_career(checked_file& file, long record, const career_team_rec& team, 
   const std::string prefix = fmt::format("players[{}].", place);
   if (career.name.empty()) file.add(record, prefix + "name", "a career without a name");
   for (int other = 1; other < place; ++other) {
-    if (team.players[other].name != career.name) continue;
+    if (career.name.empty() || team.players[other].name != career.name) continue;
     file.add(record, prefix + "name", fmt::format("a second career of \"{}\"", career.name));
     break;
   }

@@ -93,8 +93,8 @@ std::string single_text(float value) { return value == 0 && std::signbit(value) 
 void drop_idle_column(dumped_table& table, const std::string& name, const std::string& empty) {
   const text_row& header = table.rows.front();
   const auto at = std::find(header.begin(), header.end(), name) - header.begin();
-  const bool idle = std::all_of(table.rows.begin() + 1, table.rows.end(),
-                                [&](const text_row& row) { return row[at] == empty; });
+  const bool idle =
+      std::all_of(table.rows.begin() + 1, table.rows.end(), [&](const text_row& row) { return row[at] == empty; });
   if (!idle) return;
   for (text_row& row : table.rows) row.erase(row.begin() + at);
 }
@@ -131,10 +131,10 @@ text_row player_row(const team_rec& team, int place, const std::string& file, lo
 dumped_table players_table(const std::filesystem::path& path) {
   const slot_file file = slot_file::read_existing(path, team_slot);
   const auto teams = file.counted_records<team_rec>("team_count", team_limit);
-  dumped_table table{"players.csv",
-                     {{"team", "name", "bat_skill", "bowl_sr", "econ", "keeper", "hand", "role", "bowler_type",
-                       "team_flag", "reserved_1", "reserved_2", "reserved_3", "reserved_4", "reserved_5",
-                       "reserved_6"}}};
+  dumped_table table{
+      "players.csv",
+      {{"team", "name", "bat_skill", "bowl_sr", "econ", "keeper", "hand", "role", "bowler_type", "team_flag",
+        "reserved_1", "reserved_2", "reserved_3", "reserved_4", "reserved_5", "reserved_6"}}};
   for (std::size_t t = 0; t < teams.size(); ++t) {
     const long record = static_cast<long>(t) + 2;
     for (std::size_t other = 0; other < t; ++other) {

@@ -59,9 +59,7 @@ class player_rules {
   int place_;
 };
 
-bool is_time_of_day(std::int32_t time) {
-  return time / 100 <= most_days_hour && time % 100 <= most_hours_minute;
-}
+bool is_time_of_day(std::int32_t time) { return time / 100 <= most_days_hour && time % 100 <= most_hours_minute; }
 
 }  // namespace
 
@@ -101,9 +99,9 @@ std::vector<rule_fault> ground_faults(const ground_rec& ground, const std::vecto
   if (const std::size_t size = encoded(ground).size(); size > team_slot) {
     add("", "ground", fmt::format("a record of {} bytes, at most {}", size, team_slot));
   }
-  const bool known = teams == nullptr || ground.country == "Neutral" ||
-                     std::any_of(teams->begin(), teams->end(),
-                                 [&](const team_rec& team) { return team.team_name == ground.country; });
+  const bool known =
+      teams == nullptr || ground.country == "Neutral" ||
+      std::any_of(teams->begin(), teams->end(), [&](const team_rec& team) { return team.team_name == ground.country; });
   if (!known) add("country", "country", fmt::format("\"{}\" is neither a team nor \"Neutral\"", ground.country));
   if (ground.ground_name.empty()) add("ground_name", "ground", "the ground has no name");
   const auto check_pitch = [&](const char* field, int value) {

@@ -1,0 +1,375 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+#include "database/database_fixture.h"
+#include "database/records.h"
+#include "database/saveavgs.h"
+#include "database/slots.h"
+
+namespace velorin {
+namespace {
+
+using testing::bytes_of;
+using ::testing::ElementsAre;
+using testing::error_of;
+using ::testing::HasSubstr;
+using testing::names_in;
+using testing::write_bytes;
+
+class Careers : public testing::database_fixture {
+ protected:
+  void SetUp() override {
+    database_fixture::SetUp();
+    testing::set_up_finished_match();
+  }
+
+  /// The career of a man after the update.
+  static career_rec career_of(const std::string& team, const std::string& name) {
+    const career_table table = read_career_table();
+    for (int t = 1; t <= table.career_team_count; ++t) {
+      if (table.teams[t].team_name != team) continue;
+      for (int p = 1; p <= table.teams[t].player_count; ++p) {
+        if (table.teams[t].players[p].name == name) return table.teams[t].players[p];
+      }
+    }
+    ADD_FAILURE() << "no career of " << name;
+    return {};
+  }
+
+  /// Plays the same match with another innings of T.Man1 (second innings) for the high-score rules.
+  static void bat_again(int runs, bool not_out, const std::string& opponent) {
+    match.team2_name = opponent;
+    match.batting_card[1].runs = runs;
+    match.batting_card[1].how_out = not_out ? "" : " b A.Man9";
+    update_career();
+  }
+
+  /// Plays the same match with other figures of A.Man9 (second innings).
+  static void bowl_again(int wickets, int runs, const std::string& opponent) {
+    match.team1_name = opponent;
+    match.bowling_card[9].wickets = wickets;
+    match.bowling_card[9].runs = runs;
+    update_career();
+  }
+};
+
+TEST_F(Careers, TheFirstMatchEnrolsBothSides) {
+  update_career();
+  const career_table table = read_career_table();
+  ASSERT_EQ(table.career_team_count, 2);
+  EXPECT_EQ(table.teams[1].team_name, "Tamar") << "the side that batted second comes first";
+  EXPECT_EQ(table.teams[2].team_name, "Alba");
+  for (int t = 1; t <= 2; ++t) {
+    ASSERT_EQ(table.teams[t].player_count, 11);
+    for (int p = 1; p <= 11; ++p) {
+      EXPECT_EQ(table.teams[t].players[p].name, fmt::format("{}.Man{}", t == 1 ? "T" : "A", p));
+      EXPECT_EQ(table.teams[t].players[p].matches, 1);
+      EXPECT_EQ(table.teams[t].players[p].innings, t == 1 || p <= 5 ? 1 : 0);
+    }
+  }
+  EXPECT_EQ(bytes_of(files.rec).size(), 3 * career_slot);
+  EXPECT_EQ(bytes_of(files.rec).substr(0, 4), testing::hex("02 00 02 00"));
+}
+
+TEST_F(Careers, BattingIsAdded) {
+  update_career();
+  update_career();
+  const career_rec man = career_of("Alba", "A.Man2");
+  EXPECT_EQ(man.matches, 2);
+  EXPECT_EQ(man.innings, 2);
+  EXPECT_EQ(man.runs, 240);
+  EXPECT_EQ(man.balls_faced, 220);
+  EXPECT_EQ(man.fours, 12);
+  EXPECT_EQ(man.sixes, 4);
+  EXPECT_EQ(man.twos, 2);
+  EXPECT_EQ(man.threes, 4);
+  EXPECT_EQ(man.singles, 6);
+  EXPECT_EQ(man.dots, 110);
+  EXPECT_EQ(man.hundreds, 2);
+  EXPECT_EQ(man.fifties, 0) << "a hundred is no fifty";
+  EXPECT_EQ(man.not_outs, 0);
+  EXPECT_EQ(man.high_score, 120);
+  EXPECT_EQ(man.high_not_out, 0);
+  EXPECT_EQ(man.high_against, "Tamar");
+}
+
+TEST_F(Careers, TheTwoInningsTellANotOutInTheirOwnWays) {
+  update_career();
+  const career_rec first = career_of("Alba", "A.Man1");
+  EXPECT_EQ(first.not_outs, 1);
+  EXPECT_EQ(first.fifties, 1);
+  EXPECT_EQ(first.high_not_out, flag_true);
+  const career_rec second = career_of("Tamar", "T.Man1");
+  EXPECT_EQ(second.innings, 1);
+  EXPECT_EQ(second.not_outs, 1);
+  EXPECT_EQ(second.fifties, 1);
+  EXPECT_EQ(second.high_score, 50);
+  EXPECT_EQ(second.high_not_out, flag_true);
+  EXPECT_EQ(second.high_against, "Alba");
+}
+
+TEST_F(Careers, TheTextOfTheOtherInningsIsNoNotOut) {
+  match.batting_card[1].how_out = "not out";
+  match.first_batting_card[1].how_out = "";
+  update_career();
+  EXPECT_EQ(career_of("Tamar", "T.Man1").not_outs, 0);
+  EXPECT_EQ(career_of("Alba", "A.Man1").not_outs, 0);
+}
+
+TEST_F(Careers, BowlingIsAdded) {
+  update_career();
+  update_career();
+  const career_rec man = career_of("Alba", "A.Man9");
+  EXPECT_EQ(man.wickets, 10);
+  EXPECT_EQ(man.balls_bowled, 120);
+  EXPECT_EQ(man.runs_given, 62);
+  EXPECT_EQ(man.maidens, 6);
+  EXPECT_EQ(man.five_wickets, 2);
+  EXPECT_EQ(man.best_wickets, 5);
+  EXPECT_EQ(man.best_runs, 31);
+  EXPECT_EQ(man.best_against, "Tamar");
+  const career_rec other = career_of("Tamar", "T.Man9");
+  EXPECT_EQ(other.wickets, 4) << "from the first innings";
+  EXPECT_EQ(other.five_wickets, 0);
+}
+
+TEST_F(Careers, NoWicketIsNoBestBowling) {
+  update_career();
+  const career_rec man = career_of("Tamar", "T.Man11");
+  EXPECT_EQ(man.runs_given, 61);
+  EXPECT_EQ(man.best_wickets, 0);
+  EXPECT_EQ(man.best_runs, 0);
+  EXPECT_EQ(man.best_against, "");
+}
+
+TEST_F(Careers, FieldingIsReadOffTheOpposingCard) {
+  update_career();
+  EXPECT_EQ(career_of("Tamar", "T.Man10").catches, 1) << "c && b";
+  EXPECT_EQ(career_of("Tamar", "T.Man3").catches, 1);
+  EXPECT_EQ(career_of("Tamar", "T.Man9").catches, 0);
+  EXPECT_EQ(career_of("Alba", "A.Man7").stumpings, 1);
+  EXPECT_EQ(career_of("Alba", "A.Man7").catches, 0);
+}
+
+TEST_F(Careers, FieldingComparesWholeTexts) {
+  match.first_batting_card[4].fielder = " c T.Man33";
+  match.first_batting_card[5].fielder = " c  T.Man3";
+  match.first_batting_card[3].how_out = " c & b T.Man10";
+  update_career();
+  EXPECT_EQ(career_of("Tamar", "T.Man3").catches, 0);
+  EXPECT_EQ(career_of("Tamar", "T.Man10").catches, 0);
+}
+
+TEST_F(Careers, ANotOutOutranksTheSameScoreOut) {
+  bat_again(50, false, "Alba");
+  EXPECT_EQ(career_of("Tamar", "T.Man1").high_not_out, 0);
+  bat_again(50, true, "Corran");
+  const career_rec man = career_of("Tamar", "T.Man1");
+  EXPECT_EQ(man.high_score, 50);
+  EXPECT_EQ(man.high_not_out, flag_true);
+  EXPECT_EQ(man.high_against, "Corran");
+  bat_again(50, true, "Alba");
+  EXPECT_EQ(career_of("Tamar", "T.Man1").high_against, "Corran") << "an equal not out changes nothing";
+}
+
+TEST_F(Careers, AHigherScoreOutLeavesTheFlag) {
+  bat_again(50, false, "Alba");
+  bat_again(60, false, "Corran");
+  career_rec man = career_of("Tamar", "T.Man1");
+  EXPECT_EQ(man.high_score, 60);
+  EXPECT_EQ(man.high_not_out, 0);
+  EXPECT_EQ(man.high_against, "Corran");
+  bat_again(70, true, "Alba");
+  bat_again(80, false, "Corran");
+  man = career_of("Tamar", "T.Man1");
+  EXPECT_EQ(man.high_score, 80);
+  EXPECT_EQ(man.high_not_out, flag_true) << "as the earlier score left it";
+}
+
+TEST_F(Careers, ANotOutOfZeroInTheFirstInningsOfACareerIsAHighScore) {
+  bat_again(0, true, "Alba");
+  const career_rec man = career_of("Tamar", "T.Man1");
+  EXPECT_EQ(man.high_score, 0);
+  EXPECT_EQ(man.high_not_out, flag_true);
+  EXPECT_EQ(man.high_against, "Alba");
+}
+
+TEST_F(Careers, TheBestBowlingNeedsMoreWicketsOrFewerRuns) {
+  bowl_again(3, 20, "Tamar");
+  bowl_again(3, 20, "Corran");
+  EXPECT_EQ(career_of("Alba", "A.Man9").best_against, "Tamar");
+  bowl_again(3, 19, "Corran");
+  career_rec man = career_of("Alba", "A.Man9");
+  EXPECT_EQ(man.best_runs, 19);
+  EXPECT_EQ(man.best_against, "Corran");
+  bowl_again(4, 70, "Tamar");
+  man = career_of("Alba", "A.Man9");
+  EXPECT_EQ(man.best_wickets, 4);
+  EXPECT_EQ(man.best_runs, 70);
+  EXPECT_EQ(man.best_against, "Tamar");
+}
+
+TEST_F(Careers, ATeamAgainstItselfCountsBothWays) {
+  match.team2_name = "Tamar";
+  match.bowling_card = match.first_bowling_card;
+  match.first_batting_card = match.batting_card;
+  update_career();
+  EXPECT_EQ(read_career_table().career_team_count, 1);
+  EXPECT_EQ(career_of("Tamar", "T.Man1").matches, 2);
+  EXPECT_EQ(career_of("Tamar", "T.Man1").innings, 2);
+}
+
+TEST_F(Careers, ANewManTakesTheNextPlace) {
+  update_career();
+  match.first_bowling_card[4].name = "T.New";
+  match.batting_card[4].name = "T.New";
+  update_career();
+  const career_table table = read_career_table();
+  EXPECT_EQ(table.teams[1].player_count, 12);
+  EXPECT_EQ(table.teams[1].players[12].name, "T.New");
+  EXPECT_EQ(table.teams[1].players[12].matches, 1);
+  EXPECT_EQ(table.teams[1].players[4].matches, 1) << "the man he replaced";
+}
+
+TEST_F(Careers, ATwentyFirstPlayerIsASubscriptError) {
+  update_career();
+  for (int i = 1; i <= 9; ++i) match.first_bowling_card[i].name = fmt::format("T.New{}", i);
+  update_career();
+  EXPECT_EQ(read_career_table().teams[1].player_count, 20);
+  const std::string before = bytes_of(files.rec);
+  match.first_bowling_card[10].name = "T.Last";
+  const auto error = error_of([] { update_career(); });
+  EXPECT_EQ(error.kind(), failure::subscript);
+  EXPECT_THAT(error.what(), HasSubstr("more than 20 players of Tamar with careers (file base.rec, record 2, "
+                                      "field players, at \"T.Last\")"));
+  EXPECT_EQ(bytes_of(files.rec), before);
+}
+
+TEST_F(Careers, ATwentyFirstTeamIsASubscriptError) {
+  for (int i = 0; i < 10; ++i) {
+    match.team1_name = fmt::format("Team {}", 2 * i);
+    match.team2_name = fmt::format("Team {}", 2 * i + 1);
+    update_career();
+  }
+  EXPECT_EQ(read_career_table().career_team_count, 20);
+  const std::string before = bytes_of(files.rec);
+  match.team1_name = "Team 0";
+  match.team2_name = "Team 20";
+  const auto error = error_of([] { update_career(); });
+  EXPECT_EQ(error.kind(), failure::subscript);
+  EXPECT_EQ(error.place().file, "base.rec");
+  EXPECT_EQ(error.place().player, "Team 20");
+  EXPECT_EQ(bytes_of(files.rec), before);
+}
+
+TEST_F(Careers, AnEleventhMatchOfANewDatabaseFailsWithoutAFile) {
+  match.first_bowling_card[1].name = std::string(5600, 'x');
+  const auto error = error_of([] { update_career(); });
+  EXPECT_EQ(error.kind(), failure::overflow);
+  EXPECT_THAT(error.what(), HasSubstr("(file base.rec, record 2, at \"Tamar\")"));
+  EXPECT_TRUE(names_in(folder).empty()) << "nothing is written";
+}
+
+TEST_F(Careers, AFigureBeyond32BitsIsAnOverflow) {
+  update_career();
+  career_table table = read_career_table();
+  table.teams[1].players[1].runs = 2147483647 - 49;
+  write_career_table(table);
+  const std::string before = bytes_of(files.rec);
+  const auto error = error_of([] { update_career(); });
+  EXPECT_EQ(error.kind(), failure::overflow);
+  EXPECT_EQ(error.place().field, "runs");
+  EXPECT_EQ(error.place().player, "T.Man1");
+  EXPECT_EQ(bytes_of(files.rec), before);
+}
+
+TEST_F(Careers, WithoutUpdatesTheFolderIsOnlyRead) {
+  files.updates = false;
+  update_career();
+  update_records();
+  EXPECT_EQ(read_career_table().career_team_count, 0);
+  EXPECT_EQ(read_record_lists().table_team_count, 0);
+  EXPECT_TRUE(names_in(folder).empty());
+}
+
+TEST_F(Careers, TheFirstReadMakesTheFilesEmpty) {
+  EXPECT_EQ(read_career_table().career_team_count, 0);
+  EXPECT_EQ(read_record_lists().table_team_count, 0);
+  EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
+  EXPECT_EQ(bytes_of(files.rec), "");
+  EXPECT_EQ(bytes_of(files.ptr), "");
+  update_career();
+  EXPECT_EQ(read_career_table().career_team_count, 2);
+}
+
+TEST_F(Careers, BytesBehindTheLastFieldAndBeyondTheCountStay) {
+  write_bytes(files.rec, testing::hex("00 00") + std::string(5500 * 4 + 10, 'x'));
+  update_career();
+  const std::string bytes = bytes_of(files.rec);
+  EXPECT_EQ(bytes.size(), 5 * career_slot);
+  EXPECT_EQ(bytes.substr(0, 4), testing::hex("02 00 02 00"));
+  EXPECT_EQ(bytes.substr(4, 5496), std::string(5496, 'x')) << "behind the count";
+  EXPECT_EQ(bytes.substr(3 * career_slot, career_slot), std::string(career_slot, 'x')) << "a slot not in use";
+  EXPECT_EQ(bytes.substr(2 * career_slot - 100, 100), std::string(100, 'x')) << "behind the first team";
+}
+
+TEST_F(Careers, ReservedFieldsAreCarriedAlong) {
+  update_career();
+  career_table table = read_career_table();
+  table.teams[1].players[1].career_reserved_1 = "one";
+  table.teams[1].players[1].career_reserved_2 = {1, 2, 3, 4, 5, 6, 7, 8};
+  table.teams[1].players[1].career_reserved_4 = "four";
+  write_career_table(table);
+  update_career();
+  const career_rec man = career_of("Tamar", "T.Man1");
+  EXPECT_EQ(man.matches, 2);
+  EXPECT_EQ(man.career_reserved_1, "one");
+  EXPECT_EQ(man.career_reserved_2[7], 8);
+  EXPECT_EQ(man.career_reserved_3, "");
+  EXPECT_EQ(man.career_reserved_4, "four");
+}
+
+class CareerFaults : public testing::database_fixture {
+ protected:
+  /// A career file with the given count record and one team of `player_count` players.
+  void write_careers(const std::string& count, int player_count) {
+    slot_file file({}, career_slot, "x");
+    career_team_rec team;
+    team.team_name = "Alba";
+    team.player_count = player_count;
+    file.put(1, count, {});
+    file.put(2, encoded(team), {});
+    write_bytes(files.rec, file.bytes());
+  }
+  failure kind_of_error() {
+    return error_of([] { read_career_table(); }).kind();
+  }
+};
+
+TEST_F(CareerFaults, TheCountMayHaveAnyTag) {
+  for (const tagged& count : {tagged{std::int32_t{1}}, tagged{1.0}, tagged{std::string("1")}}) {
+    write_careers(encoded_field(count), 0);
+    EXPECT_EQ(read_career_table().career_team_count, 1);
+  }
+}
+
+TEST_F(CareerFaults, CountsOutOfRange) {
+  write_careers(encoded_field(tagged{integer(-1)}), 0);
+  EXPECT_EQ(kind_of_error(), failure::type);
+  write_careers(encoded_field(tagged{1.5}), 0);
+  EXPECT_EQ(kind_of_error(), failure::type);
+  write_careers(encoded_field(tagged{std::string("one")}), 0);
+  EXPECT_EQ(kind_of_error(), failure::type);
+  write_careers(encoded_field(tagged{integer(21)}), 0);
+  EXPECT_EQ(kind_of_error(), failure::subscript);
+  write_careers(testing::hex("04 00"), 0);
+  EXPECT_EQ(kind_of_error(), failure::type);
+  write_careers(encoded_field(tagged{integer(1)}), -1);
+  EXPECT_EQ(kind_of_error(), failure::type);
+  write_careers(encoded_field(tagged{integer(1)}), 21);
+  EXPECT_EQ(kind_of_error(), failure::subscript);
+}
+
+}  // namespace
+}  // namespace velorin

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/database_fixture.h"
+
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+namespace velorin::testing {
+
+void database_fixture::SetUp() {
+  std::string name = (std::filesystem::temp_directory_path() / "velorin-database-XXXXXX").string();
+  ASSERT_NE(::mkdtemp(name.data()), nullptr);
+  folder = name;
+  files = database_paths(folder, "base");
+  settings = configuration();
+  match = match_state();
+}
+
+void database_fixture::TearDown() {
+  std::filesystem::remove_all(folder);
+  files = database_files();
+  settings = configuration();
+  match = match_state();
+}
+
+std::string bytes_of(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  EXPECT_TRUE(in.is_open()) << file;
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+void write_bytes(const std::filesystem::path& file, std::string_view bytes) {
+  std::ofstream out(file, std::ios::binary);
+  out << bytes;
+  out.close();
+  ASSERT_TRUE(out) << file;
+}
+
+std::vector<std::string> names_in(const std::filesystem::path& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) names.push_back(entry.path().filename());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::string hex(std::string_view digits) {
+  std::string bytes;
+  for (std::size_t at = 0; at < digits.size();) {
+    if (digits[at] == ' ') {
+      ++at;
+      continue;
+    }
+    unsigned value = 0;
+    const auto parsed = std::from_chars(digits.data() + at, digits.data() + std::min(at + 2, digits.size()), value, 16);
+    EXPECT_EQ(parsed.ptr, digits.data() + at + 2) << digits;
+    bytes += static_cast<char>(value);
+    at += 2;
+  }
+  return bytes;
+}
+
+std::string padded(std::string bytes, std::size_t size) {
+  EXPECT_LE(bytes.size(), size);
+  bytes.resize(size, '\0');
+  return bytes;
+}
+
+namespace {
+
+void bat(batting_card_rec& line, const std::string& name, int runs, int balls, const std::string& how_out,
+         const std::string& fielder = {}) {
+  line.name = name;
+  line.runs = runs;
+  line.balls = balls;
+  line.fours = runs / 20;
+  line.sixes = runs / 60;
+  line.twos = 1;
+  line.threes = 2;
+  line.singles = 3;
+  line.dots = balls / 2;
+  line.how_out = how_out;
+  line.fielder = fielder;
+}
+
+void bowl(bowling_card_rec& line, int balls, int maidens, int runs, int wickets) {
+  line.balls = balls;
+  line.maidens = maidens;
+  line.runs = runs;
+  line.wickets = wickets;
+}
+
+void name_bowlers(bowling_card_table& card, const std::string& prefix) {
+  for (int i = 1; i <= 11; ++i) card[i].name = fmt::format("{}{}", prefix, i);
+}
+
+void fill_cards() {
+  bat(match.first_batting_card[1], "A.Man1", 64, 71, "not out");
+  bat(match.first_batting_card[2], "A.Man2", 120, 110, " b T.Man9");
+  bat(match.first_batting_card[3], "A.Man3", 0, 4, " c && b T.Man10");
+  bat(match.first_batting_card[4], "A.Man4", 40, 90, " b T.Man9", " c T.Man3");
+  bat(match.first_batting_card[5], "A.Man5", 3, 25, "not out");
+  name_bowlers(match.first_bowling_card, "T.Man");
+  bowl(match.first_bowling_card[9], 60, 2, 48, 2);
+  bowl(match.first_bowling_card[10], 60, 0, 50, 1);
+  bowl(match.first_bowling_card[11], 54, 1, 61, 0);
+
+  bat(match.batting_card[1], "T.Man1", 50, 60, "");
+  bat(match.batting_card[2], "T.Man2", 12, 20, " b A.Man9", " st A.Man7");
+  for (int i = 3; i <= 11; ++i) bat(match.batting_card[i], fmt::format("T.Man{}", i), 12, 20, " b A.Man10");
+  name_bowlers(match.bowling_card, "A.Man");
+  bowl(match.bowling_card[9], 60, 3, 31, 5);
+  bowl(match.bowling_card[10], 58, 0, 40, 4);
+  bowl(match.bowling_card[11], 60, 1, 60, 1);
+}
+
+void fill_falls() {
+  auto& first = match.first_fall_of_wicket[1];
+  first.score = 150;
+  first.overs_text = "30.1";
+  first.partner_runs = 150;
+  first.partner_balls = 181;
+  first.balls = 181;
+  first.batsman_a = "A.Man1";
+  first.batsman_b = "A.Man2";
+  auto& last = match.first_fall_of_wicket[4];
+  last.score = 231;
+  last.partner_runs = 10;
+  last.partner_balls = 30;
+  last.balls = 300;
+  last.batsman_a = "A.Man1";
+  last.batsman_b = "A.Man5 * ";
+  auto& reply = match.fall_of_wicket[1];
+  reply.score = 20;
+  reply.partner_runs = 20;
+  reply.partner_balls = 33;
+  reply.balls = 33;
+  reply.batsman_a = "T.Man1";
+  reply.batsman_b = "T.Man2";
+}
+
+}  // namespace
+
+void set_up_finished_match() {
+  match = match_state();
+  match.team1_name = "Tamar";
+  match.team2_name = "Alba";
+  match.ground.country = "Alba";
+  match.ground.ground_name = "Harbour Park";
+  match.first_total = 231;
+  match.first_balls = 300;
+  match.first_wickets = 3;
+  match.score_runs = 174;
+  match.score_wickets = 10;
+  match.innings_total = 174;
+  match.innings_balls = 262;
+  match.innings_wickets = 10;
+  match.result_winner = "Alba";
+  match.result_loser = "Tamar";
+  fill_cards();
+  fill_falls();
+}
+
+}  // namespace velorin::testing

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A program that is killed at any moment of an update leaves the old file or the new one.
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <random>
+#include <thread>
+
+#include "database/database_fixture.h"
+#include "database/records.h"
+#include "database/saveavgs.h"
+#include "database/world.h"
+
+namespace velorin {
+namespace {
+
+using testing::bytes_of;
+
+/// Kills in a test run. The environment variable VELORIN_KILLS asks for another number.
+constexpr int usual_kills = 150;
+constexpr int longest_life = 30'000;  ///< microseconds until a kill
+
+int kills() {
+  const char* const asked = std::getenv("VELORIN_KILLS");
+  return asked == nullptr ? usual_kills : std::atoi(asked);
+}
+
+/// The two files after a number of matches, as an undisturbed program writes them.
+class undisturbed_files {
+ public:
+  explicit undisturbed_files(const std::filesystem::path& folder) : files_(database_paths(folder, "base")) {}
+
+  /// True if the content is that of the file after 0, 1, 2 ... matches; looks from the last hit on.
+  bool has_rec(const std::string& content) { return find(content, files_.rec, rec_, update_career); }
+  bool has_ptr(const std::string& content) { return find(content, files_.ptr, ptr_, update_records); }
+
+ private:
+  static constexpr int most_ahead = 2000;
+
+  template <typename Update>
+  bool find(const std::string& content, const std::filesystem::path& file, std::string& last, Update update) {
+    const database_files in_use = files;
+    files = files_;
+    int tries = 0;
+    while (last != content && ++tries < most_ahead) {
+      update();
+      last = bytes_of(file);
+    }
+    files = in_use;
+    return last == content;
+  }
+
+  database_files files_;
+  std::string rec_;
+  std::string ptr_;
+};
+
+class Kill : public testing::database_fixture {};
+
+/// The child of a round: it plays the same match until it is killed.
+[[noreturn]] void play_on() {
+  try {
+    for (;;) {
+      update_career();
+      update_records();
+    }
+  } catch (const run_time_error&) {
+    ::_exit(1);
+  }
+}
+
+TEST_F(Kill, LeavesTheOldFileOrTheNewOne) {
+  testing::set_up_finished_match();
+  std::filesystem::create_directory(folder / "game");
+  std::filesystem::create_directory(folder / "undisturbed");
+  files = database_paths(folder / "game", "base");
+  undisturbed_files expected(folder / "undisturbed");
+  std::mt19937 random(20240229);
+  int left_behind = 0;
+  const int rounds = kills();
+  for (int round = 0; round < rounds; ++round) {
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) play_on();
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % longest_life));
+    ASSERT_EQ(::kill(child, SIGKILL), 0);
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status)) << "the child ended by itself, with " << WEXITSTATUS(status);
+
+    for (const auto& entry : std::filesystem::directory_iterator(folder / "game")) {
+      if (entry.path().extension() == ".new") ++left_behind;
+    }
+    const std::string rec = std::filesystem::exists(files.rec) ? bytes_of(files.rec) : "";
+    const std::string ptr = std::filesystem::exists(files.ptr) ? bytes_of(files.ptr) : "";
+    ASSERT_TRUE(expected.has_rec(rec)) << "round " << round << ", a career file of " << rec.size() << " bytes";
+    ASSERT_TRUE(expected.has_ptr(ptr)) << "round " << round << ", a record file of " << ptr.size() << " bytes";
+    ASSERT_TRUE(databases_on_offer(files.folder).empty()) << "what is left is no database";
+  }
+  RecordProperty("kills", rounds);
+  RecordProperty("kills within a replacement", left_behind);
+  update_career();
+  update_records();
+  EXPECT_THAT(testing::names_in(files.folder), ::testing::ElementsAre("base.ptr", "base.rec"));
+}
+
+}  // namespace
+}  // namespace velorin

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/optfrm.h"
+
+#include <gmock/gmock.h>
+
+#include "database/database_fixture.h"
+
+namespace velorin {
+namespace {
+
+using testing::bytes_of;
+using ::testing::ElementsAre;
+using testing::error_of;
+using testing::write_bytes;
+
+class Optfrm : public testing::database_fixture {
+ protected:
+  void SetUp() override {
+    database_fixture::SetUp();
+    for (const char* name : {"alpha.team", "alpha.grd", "beta.team", "beta.grd", "gamma.team"}) {
+      write_bytes(folder / name, "");
+    }
+  }
+
+  optfrm form;
+};
+
+TEST_F(Optfrm, OpensOnTheSettings) {
+  settings = {folder.string(), "beta", "FF0000", "0000FF", "Serif"};
+  form.open();
+  EXPECT_THAT(form.combo1_list, ElementsAre("alpha", "beta"));
+  EXPECT_EQ(form.combo1_text, "beta");
+  EXPECT_EQ(form.sample_text_color, 255);
+  EXPECT_EQ(form.sample_back_color, 16711680);
+  EXPECT_EQ(form.font_dialog_color, 255);
+  EXPECT_EQ(form.back_dialog_color, 16711680);
+  EXPECT_EQ(form.dir1, folder.string());
+  EXPECT_EQ(form.drive1, "/");
+  EXPECT_FALSE(form.closed);
+}
+
+TEST_F(Optfrm, OpensWithoutSettings) {
+  form.open();
+  EXPECT_EQ(form.combo1_text, "");
+  EXPECT_EQ(form.sample_text_color, 0);
+  EXPECT_EQ(form.sample_back_color, 0xFFFFFF);
+  EXPECT_EQ(form.dir1, folder.parent_path().string()) << "the program's folder";
+}
+
+TEST_F(Optfrm, PassesOverSettingsThatCannotBeShown) {
+  settings = {(folder / "gone").string(), "gone", "no colour", "00FF00", ""};
+  form.open();
+  EXPECT_EQ(form.combo1_text, "");
+  EXPECT_EQ(form.sample_text_color, 0);
+  EXPECT_EQ(form.sample_back_color, 0x00FF00) << "the next step runs";
+  EXPECT_EQ(form.dir1, folder.parent_path().string());
+}
+
+TEST_F(Optfrm, OkWithoutADatabaseShowsAMessageAndStays) {
+  form.open();
+  const auto message = form.command1_click();
+  ASSERT_TRUE(message.has_value());
+  EXPECT_EQ(message->title, "Error");
+  EXPECT_EQ(message->text, "Please select a database before continuing");
+  EXPECT_FALSE(form.closed);
+  EXPECT_FALSE(std::filesystem::exists(folder / "options.mc"));
+  EXPECT_EQ(files.base, "base");
+}
+
+TEST_F(Optfrm, OkSetsThePathsWritesTheFileAndCloses) {
+  form.open();
+  form.combo1_text = "alpha";
+  form.dir1 = "/photos";
+  form.sample_font = "Some Sans";
+  form.command4_click(255);
+  form.command2_click(657930);
+  EXPECT_EQ(form.sample_text_color, 255);
+  EXPECT_EQ(form.sample_back_color, 657930);
+  EXPECT_FALSE(form.command1_click().has_value());
+  EXPECT_TRUE(form.closed);
+  EXPECT_EQ(files.team, folder / "alpha.team");
+  EXPECT_EQ(settings.database_name, "alpha");
+  EXPECT_EQ(bytes_of(folder / "options.mc"), "/photos\r\nalpha\r\nFF0000\r\n0A0A0A\r\nSome Sans\r\n");
+}
+
+TEST_F(Optfrm, ACancelledColourDialogKeepsItsColour) {
+  form.open();
+  form.command2_click(std::nullopt);
+  form.command4_click(std::nullopt);
+  EXPECT_EQ(form.sample_text_color, 0);
+  EXPECT_EQ(form.sample_back_color, 0xFFFFFF);
+}
+
+TEST_F(Optfrm, AnInvalidDriveIsIgnored) {
+  settings.photo_path = folder.string();
+  form.open();
+  form.drive1_change((folder / "gone").string());
+  EXPECT_EQ(form.drive1, "/");
+  EXPECT_EQ(form.dir1, folder.string());
+  form.drive1_change("/");
+  EXPECT_EQ(form.dir1, "/");
+}
+
+TEST_F(Optfrm, AFileThatCannotBeWrittenIsARunTimeError) {
+  std::filesystem::create_directory(folder / "options.mc");
+  form.open();
+  form.combo1_text = "alpha";
+  EXPECT_EQ(error_of([&] { form.command1_click(); }).kind(), failure::file);
+  EXPECT_FALSE(form.closed);
+}
+
+}  // namespace
+}  // namespace velorin

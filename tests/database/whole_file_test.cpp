@@ -1,0 +1,274 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/whole_file.h"
+
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+#include "database/database_fixture.h"
+#include "database/elevens.h"
+#include "database/records.h"
+#include "database/saveavgs.h"
+
+namespace velorin {
+namespace {
+
+using testing::bytes_of;
+using ::testing::ElementsAre;
+using testing::error_of;
+using ::testing::HasSubstr;
+using testing::names_in;
+using testing::write_bytes;
+
+/// No file grows beyond `bytes` while this lives, as on a full disk.
+class small_disk {
+ public:
+  explicit small_disk(rlim_t bytes) {
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    handler_ = std::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~small_disk() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  small_disk(const small_disk&) = delete;
+  small_disk& operator=(const small_disk&) = delete;
+
+ private:
+  rlimit before_{};
+  void (*handler_)(int) = nullptr;
+};
+
+class WholeFile : public testing::database_fixture {};
+
+TEST_F(WholeFile, ReplacesTheContent) {
+  replace_file(folder / "f", "one");
+  EXPECT_EQ(bytes_of(folder / "f"), "one");
+  replace_file(folder / "f", std::string(1'000'000, 'x'));
+  EXPECT_EQ(bytes_of(folder / "f"), std::string(1'000'000, 'x'));
+  replace_file(folder / "f", "");
+  EXPECT_EQ(bytes_of(folder / "f"), "");
+  EXPECT_THAT(names_in(folder), ElementsAre("f"));
+}
+
+TEST_F(WholeFile, KeepsTheRightsOfTheOldFile) {
+  write_bytes(folder / "f", "one");
+  ASSERT_EQ(::chmod((folder / "f").c_str(), 0640), 0);
+  replace_file(folder / "f", "two");
+  struct stat facts {};
+  ASSERT_EQ(::stat((folder / "f").c_str(), &facts), 0);
+  EXPECT_EQ(facts.st_mode & 07777, 0640U);
+}
+
+TEST_F(WholeFile, FollowsALinkToTheFile) {
+  std::filesystem::create_directory(folder / "real");
+  write_bytes(folder / "real" / "f", "one");
+  std::filesystem::create_symlink("real/f", folder / "f");
+  replace_file(folder / "f", "two");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "f"));
+  EXPECT_EQ(bytes_of(folder / "real" / "f"), "two");
+}
+
+TEST_F(WholeFile, TakesWhatAKilledProgramLeftAway) {
+  write_bytes(folder / "f", "one");
+  write_bytes(folder / "f.new", "half of tw");
+  ASSERT_EQ(::chmod((folder / "f.new").c_str(), 0), 0);
+  replace_file(folder / "f", "two");
+  EXPECT_EQ(bytes_of(folder / "f"), "two");
+  EXPECT_THAT(names_in(folder), ElementsAre("f"));
+}
+
+TEST_F(WholeFile, AStagedFileThatIsNotPutInPlaceLeavesNothing) {
+  write_bytes(folder / "f", "one");
+  {
+    const staged_file staged(folder / "f", "two");
+    EXPECT_THAT(names_in(folder), ElementsAre("f", "f.new"));
+  }
+  EXPECT_THAT(names_in(folder), ElementsAre("f"));
+  EXPECT_EQ(bytes_of(folder / "f"), "one");
+}
+
+TEST_F(WholeFile, AMissingFileIsNothing) {
+  EXPECT_FALSE(read_file(folder / "f").has_value());
+  create_if_missing(folder / "f");
+  EXPECT_EQ(read_file(folder / "f"), "");
+  write_bytes(folder / "f", "one");
+  create_if_missing(folder / "f");
+  EXPECT_EQ(read_file(folder / "f"), "one");
+}
+
+TEST_F(WholeFile, ReadsFilesThatDoNotTellTheirSize) {
+  EXPECT_THAT(read_file("/proc/self/status").value_or(""), HasSubstr("VmRSS"));
+}
+
+TEST_F(WholeFile, AFullDiskLeavesTheOldFile) {
+  write_bytes(folder / "f", "one");
+  const auto error = error_of([&] {
+    const small_disk disk(1000);
+    replace_file(folder / "f", std::string(5000, 'x'));
+  });
+  EXPECT_EQ(error.kind(), failure::file);
+  EXPECT_STREQ(error.what(), "The file cannot be written: File too large (file f)");
+  EXPECT_EQ(bytes_of(folder / "f"), "one");
+  EXPECT_THAT(names_in(folder), ElementsAre("f"));
+}
+
+TEST_F(WholeFile, AFullDiskLeavesTheOldDatabase) {
+  testing::set_up_finished_match();
+  update_career();
+  update_records();
+  const std::string rec = bytes_of(files.rec);
+  const std::string ptr = bytes_of(files.ptr);
+  match.result_winner = "Tamar";
+  for (const auto update : {update_career, update_records}) {
+    const auto error = error_of([&] {
+      const small_disk disk(10'000);
+      update();
+    });
+    EXPECT_EQ(error.kind(), failure::file);
+    EXPECT_THAT(error.what(), HasSubstr("File too large"));
+  }
+  EXPECT_EQ(bytes_of(files.rec), rec);
+  EXPECT_EQ(bytes_of(files.ptr), ptr);
+  EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
+  update_career();
+  EXPECT_EQ(read_career_table().teams[1].players[1].matches, 2) << "and play goes on";
+}
+
+TEST_F(WholeFile, AFullDiskLeavesTheOldElevenAndTheOldSettings) {
+  eleven men;
+  men[1].name = "A.Man1";
+  write_eleven(side::first, men);
+  settings.database_name = "base";
+  write_options();
+  const std::string options = bytes_of(folder / "options.mc");
+  men[1].name = "A.Man2";
+  settings.database_name = "other";
+  EXPECT_EQ(error_of([&] {
+              const small_disk disk(100);
+              write_eleven(side::first, men);
+            }).kind(),
+            failure::file);
+  EXPECT_EQ(error_of([&] {
+              const small_disk disk(5);
+              write_options();
+            }).kind(),
+            failure::file);
+  read_elevens();
+  EXPECT_EQ(match.batting_xi[1].name, "A.Man1");
+  EXPECT_EQ(bytes_of(folder / "options.mc"), options);
+  EXPECT_THAT(names_in(folder), ElementsAre("options.mc", "team1r.txt"));
+}
+
+TEST_F(WholeFile, AFolderThatIsNoneIsAnError) {
+  write_bytes(folder / "file", "x");
+  files = database_paths(folder / "file", "base");
+  testing::set_up_finished_match();
+  for (const auto update : {update_career, update_records, write_options}) {
+    const auto error = error_of(update);
+    EXPECT_EQ(error.kind(), failure::file);
+    EXPECT_THAT(error.what(), HasSubstr("Not a directory"));
+  }
+  EXPECT_EQ(error_of([] { write_eleven(side::first, eleven()); }).kind(), failure::file);
+  EXPECT_EQ(error_of([] { swap_elevens(); }).kind(), failure::file);
+}
+
+// No account, not even that of the system's owner, makes files there.
+TEST_F(WholeFile, AFolderThatTakesNoFilesIsAnError) {
+  files = database_paths("/proc/self", "base");
+  testing::set_up_finished_match();
+  for (const auto update : {update_career, update_records, write_options}) {
+    const auto error = error_of(update);
+    EXPECT_EQ(error.kind(), failure::file);
+    EXPECT_THAT(error.what(), HasSubstr("The file cannot be written: "));
+  }
+  EXPECT_EQ(error_of([] { read_career_table(); }).kind(), failure::file) << "it cannot be made";
+}
+
+TEST_F(WholeFile, ABlockedNameLeavesTheOldDatabase) {
+  testing::set_up_finished_match();
+  update_career();
+  const std::string rec = bytes_of(files.rec);
+  std::filesystem::create_directory(folder / "base.rec.new");
+  const auto error = error_of([] { update_career(); });
+  EXPECT_EQ(error.kind(), failure::file);
+  EXPECT_THAT(error.what(), HasSubstr("The file cannot be written: File exists (file base.rec)"));
+  EXPECT_EQ(bytes_of(files.rec), rec);
+}
+
+TEST_F(WholeFile, AFailedReplacementTakesTheNewContentAway) {
+  std::filesystem::create_directory(folder / "f");
+  const auto error = error_of([&] { replace_file(folder / "f", "x"); });
+  EXPECT_THAT(error.what(), HasSubstr("The file cannot be replaced: Is a directory (file f)"));
+  EXPECT_THAT(names_in(folder), ElementsAre("f"));
+}
+
+TEST_F(WholeFile, OneWaitsWhileAnotherHoldsTheFolder) {
+  int ready[2];
+  ASSERT_EQ(::pipe(ready), 0);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    {
+      const folder_lock turn(folder / "f");
+      if (::write(ready[1], "x", 1) != 1) ::_exit(2);
+      std::this_thread::sleep_for(std::chrono::milliseconds(200));
+      if (::access((folder / "held").c_str(), F_OK) == 0) ::_exit(1);
+    }
+    ::_exit(0);
+  }
+  char signal = 0;
+  ASSERT_EQ(::read(ready[0], &signal, 1), 1);
+  const auto start = std::chrono::steady_clock::now();
+  {
+    const folder_lock turn(folder / "f");
+    write_bytes(folder / "held", "");
+  }
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
+  int status = -1;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+  ::close(ready[0]);
+  ::close(ready[1]);
+}
+
+TEST_F(WholeFile, TwoProgramsAtOnceLoseNothing) {
+  constexpr int updates = 60;
+  testing::set_up_finished_match();
+  pid_t children[2] = {};
+  for (pid_t& child : children) {
+    child = ::fork();
+    if (child != 0) continue;
+    int status = 0;
+    try {
+      for (int i = 0; i < updates; ++i) {
+        update_career();
+        update_records();
+      }
+    } catch (const run_time_error&) {
+      status = 1;
+    }
+    ::_exit(status);
+  }
+  for (const pid_t child : children) {
+    int status = -1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+  }
+  const career_table careers = read_career_table();
+  EXPECT_EQ(careers.teams[1].players[1].matches, 2 * updates);
+  EXPECT_EQ(careers.teams[2].players[9].wickets, 5 * 2 * updates);
+  const record_lists lists = read_record_lists();
+  EXPECT_EQ(lists.teams[2].home_won, tagged{2.0 * updates});
+  EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
+}
+
+}  // namespace
+}  // namespace velorin

@@ -1,0 +1,391 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+#include <limits>
+
+#include "database/csv.h"
+#include "database/database_fixture.h"
+#include "database/saveavgs.h"
+#include "database/slots.h"
+#include "database/teams_file.h"
+#include "database/world.h"
+
+namespace velorin {
+namespace {
+
+using testing::bytes_of;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using testing::error_of;
+using ::testing::HasSubstr;
+using testing::names_in;
+using ::testing::Not;
+using ::testing::StartsWith;
+using testing::write_bytes;
+
+const std::string player_header = "team,name,bat_skill,bowl_sr,econ,keeper,hand,role,bowler_type";
+const std::string ground_header = "country,ground,pitch_bounce,pitch_surface,start_time";
+const std::string halden = "Alba,R.M.Halden,42,31.5,4.7,no,RH ,Opener,Medium Pacer";
+const std::string orr = "Alba,K.Orr,28,99,9.25,yes,LH ,Lower Order,spinner";
+const std::string park = "Alba,Harbour Park,3,2,1030";
+
+class WorldBuild : public testing::database_fixture {
+ protected:
+  /// Builds from the given rows below the usual headers.
+  void build(const std::vector<std::string>& players, const std::vector<std::string>& grounds) {
+    build_tables(player_header, players, ground_header, grounds);
+  }
+  void build_tables(const std::string& players_line, const std::vector<std::string>& players,
+                    const std::string& grounds_line, const std::vector<std::string>& grounds) {
+    std::filesystem::create_directory(folder / "source");
+    write_bytes(folder / "source" / "players.csv", table(players_line, players));
+    write_bytes(folder / "source" / "grounds.csv", table(grounds_line, grounds));
+    build_database(folder / "source", files.team, files.grd);
+  }
+  /// The refusal of a source; nothing must be written.
+  run_time_error refusal(const std::vector<std::string>& players, const std::vector<std::string>& grounds) {
+    const auto error = error_of([&] { build(players, grounds); });
+    EXPECT_THAT(names_in(folder), ElementsAre("source"));
+    return error;
+  }
+  std::string refused_player(const std::string& row) { return refusal({halden, row}, {park}).what(); }
+  std::string refused_ground(const std::string& row) { return refusal({halden}, {park, row}).what(); }
+
+  /// Builds, dumps, builds again, and expects the same bytes.
+  void expect_round_trip() {
+    const std::string team = bytes_of(files.team);
+    const std::string grd = bytes_of(files.grd);
+    dump_database(files, folder / "dump");
+    build_database(folder / "dump", folder / "again.team", folder / "again.grd");
+    EXPECT_EQ(bytes_of(folder / "again.team"), team);
+    EXPECT_EQ(bytes_of(folder / "again.grd"), grd);
+    std::filesystem::remove(folder / "again.team");
+    std::filesystem::remove(folder / "again.grd");
+  }
+
+  static std::string table(const std::string& header, const std::vector<std::string>& rows) {
+    std::string text = header + "\r\n";
+    for (const std::string& row : rows) text += row + "\r\n";
+    return text;
+  }
+};
+
+TEST_F(WorldBuild, TeamsStandInTheOrderOfTheirFirstRow) {
+  build(
+      {"Tamar,T.One,1,0.5,0.1,no,RH ,Opener,Fast Bowler", halden, "Tamar,T.Two,32767,99,9,yes,RHB,Opener,x", orr},
+      {park, "Neutral,Old Field,1,4,2359", "Tamar,Ford,4,1,1000"});
+  const auto& teams = read_team_list();
+  ASSERT_EQ(teams.size(), 2U);
+  EXPECT_EQ(teams[0].team_name, "Tamar");
+  EXPECT_EQ(teams[0].squad[2].name, "T.Two");
+  EXPECT_EQ(teams[0].squad[2].bat_skill, 32767);
+  EXPECT_EQ(teams[0].squad[2].is_keeper, flag_true);
+  EXPECT_EQ(teams[0].squad[3].name, "");
+  EXPECT_EQ(teams[1].squad[1].bat_type, "RH Opener");
+  EXPECT_EQ(teams[1].squad[1].role(), "Opener");
+  EXPECT_EQ(teams[1].squad[1].econ, 4.7F);
+  const auto& grounds = read_grounds();
+  ASSERT_EQ(grounds.size(), 3U);
+  EXPECT_EQ(grounds[1].country, "Neutral");
+  EXPECT_EQ(grounds[1].pitch_bounce, 1);
+  EXPECT_EQ(grounds[1].pitch_surface, 4);
+  EXPECT_EQ(grounds[1].start_time, 2359);
+}
+
+TEST_F(WorldBuild, WhatIsBuiltHasNoFault) {
+  build({halden, orr}, {park});
+  EXPECT_TRUE(check_database(files).empty());
+  EXPECT_THAT(names_in(folder), ElementsAre("base.grd", "base.team", "source"));
+}
+
+TEST_F(WorldBuild, TheOldFilesLeaveNoTrace) {
+  build({halden, orr}, {park});
+  const std::string team = bytes_of(files.team);
+  write_bytes(files.team, std::string(10000, 'x'));
+  write_bytes(files.grd, std::string(10000, 'x'));
+  build({halden, orr}, {park});
+  EXPECT_EQ(bytes_of(files.team), team);
+}
+
+TEST_F(WorldBuild, ADumpBuildsTheSameBytes) {
+  build({halden, orr,
+         "\"Tamar, \"\"Old\"\"\",Jos\xC3\xA9 \xE2\x80\x9CX\xE2\x80\x9D,7,33.333332,0.1,no,LHB,Middle Order,"},
+        {park, "Neutral,\"Caf\xC3\xA9, the\r\nother\",4,4,1445"});
+  expect_round_trip();
+  dump_database(files, folder / "dump");
+  EXPECT_EQ(
+      bytes_of(folder / "dump" / "players.csv"),
+      table(player_header,
+            {halden, orr,
+             "\"Tamar, \"\"Old\"\"\",Jos\xC3\xA9 \xE2\x80\x9CX\xE2\x80\x9D,7,33.333332,0.1,no,LHB,Middle Order,"}))
+      << "optional columns without content are left out";
+  EXPECT_EQ(bytes_of(folder / "dump" / "grounds.csv"),
+            table(ground_header, {park, "Neutral,\"Caf\xC3\xA9, the\r\nother\",4,4,1445"}));
+}
+
+TEST_F(WorldBuild, OptionalColumnsAreKept) {
+  build_tables(player_header + ",team_flag,reserved_1,reserved_6", {halden + ",-7,one,six", orr + ",-7,,"},
+               ground_header + ",ground_reserved_2", {park + ",-32768"});
+  EXPECT_EQ(read_team_list()[0].team_flag, -7);
+  EXPECT_EQ(read_team_list()[0].squad[1].reserved[0], "one");
+  EXPECT_EQ(read_team_list()[0].squad[1].reserved[5], "six");
+  EXPECT_EQ(read_grounds()[0].reserved[1], -32768);
+  expect_round_trip();
+  dump_database(files, folder / "dump");
+  EXPECT_THAT(bytes_of(folder / "dump" / "players.csv"),
+              StartsWith(player_header + ",team_flag,reserved_1,reserved_6\r\n"));
+  EXPECT_THAT(bytes_of(folder / "dump" / "grounds.csv"), StartsWith(ground_header + ",ground_reserved_2\r\n"));
+}
+
+TEST_F(WorldBuild, FreePlacesKeepWhatTheyHold) {
+  build({halden, "Alba,,3,-0,0,yes,R,,x", "Tamar,,0,0,0,no,,,"}, {});
+  ASSERT_EQ(read_team_list().size(), 2U);
+  EXPECT_EQ(read_team_list()[0].squad[2].bowler_type, "x");
+  EXPECT_EQ(read_team_list()[0].squad[2].bat_type, "R");
+  expect_round_trip();
+}
+
+TEST_F(WorldBuild, AnEmptyWorldIsBuiltAndDumped) {
+  build({}, {});
+  EXPECT_TRUE(read_team_list().empty());
+  EXPECT_EQ(bytes_of(files.team), std::string(1500, '\0'));
+  expect_round_trip();
+}
+
+TEST_F(WorldBuild, TwentyTeamsOfTwentyPlayersAreBuilt) {
+  std::vector<std::string> rows;
+  for (int t = 1; t <= 20; ++t) {
+    for (int p = 1; p <= 20; ++p) rows.push_back(fmt::format("T{},P{}.{},20,30,4,no,RH ,Opener,spinner", t, t, p));
+  }
+  build(rows, {});
+  EXPECT_EQ(read_team_list().size(), 20U);
+  EXPECT_EQ(read_team_list()[19].squad[20].name, "P20.20");
+  expect_round_trip();
+}
+
+TEST_F(WorldBuild, A21stTeamIsRefused) {
+  std::vector<std::string> rows;
+  for (int t = 1; t <= 21; ++t) rows.push_back(fmt::format("T{},P,20,30,4,no,RH ,Opener,spinner", t));
+  const auto error = refusal(rows, {});
+  EXPECT_EQ(error.kind(), failure::subscript);
+  EXPECT_STREQ(error.what(), "Line 22: more than 20 teams (file players.csv, field team, at \"T21\")");
+}
+
+TEST_F(WorldBuild, A21stPlayerIsRefused) {
+  std::vector<std::string> rows;
+  for (int p = 1; p <= 21; ++p) rows.push_back(fmt::format("Alba,P{},20,30,4,no,RH ,Opener,spinner", p));
+  const auto error = refusal(rows, {});
+  EXPECT_EQ(error.kind(), failure::subscript);
+  EXPECT_STREQ(error.what(), "Line 22: more than 20 players of Alba (file players.csv, field name, at \"P21\")");
+}
+
+TEST_F(WorldBuild, ATeamBeyondItsSlotIsRefused) {
+  // 20 x 30 + 4 bytes are fixed; 20 names of 30, roles of 9 and types of 5 leave 16 of the 896 characters.
+  std::vector<std::string> rows;
+  for (int p = 1; p <= 20; ++p) {
+    rows.push_back(fmt::format("{},{:030},20,30,4,no,RH ,Opener,typed", std::string(16, 't'), p));
+  }
+  build(rows, {});
+  EXPECT_EQ(encoded(read_team_list()[0]).size(), 1500U);
+  for (const char* name : {"base.team", "base.grd"}) std::filesystem::remove(folder / name);
+  for (std::string& row : rows) row.insert(0, "t");
+  const auto error = refusal(rows, {});
+  EXPECT_EQ(error.kind(), failure::overflow);
+  EXPECT_THAT(error.what(), HasSubstr("Line 2: a record of 1501 bytes, at most 1500 (file players.csv, field team"));
+}
+
+TEST_F(WorldBuild, AnElevensRecordBeyondItsSlotIsRefused) {
+  const std::string name(95 - 9 - 7, 'n');
+  build({fmt::format("Alba,{},20,30,4,no,RH ,Opener,spinner", name)}, {});
+  for (const char* file : {"base.team", "base.grd"}) std::filesystem::remove(folder / file);
+  const auto error = refusal({halden, fmt::format("Alba,{}n,20,30,4,no,RH ,Opener,spinner", name)}, {});
+  EXPECT_THAT(error.what(), HasSubstr("Line 3: an eleven's record of 126 bytes, at most 125 (file players.csv, "
+                                      "field name"));
+}
+
+TEST_F(WorldBuild, ReservedTextsDoNotCountInAnEleven) {
+  build_tables(player_header + ",reserved_1", {halden + "," + std::string(200, 'r')}, ground_header, {});
+  EXPECT_TRUE(check_database(files).empty());
+}
+
+TEST_F(WorldBuild, RatingsThatTheModelCannotPlayWithAreRefused) {
+  EXPECT_EQ(refused_player("Alba,X,0,31.5,4.7,no,RH ,Opener,x"),
+            "Line 3: 0, at least 1 (file players.csv, field bat_skill, at \"X\")");
+  EXPECT_EQ(refused_player("Alba,X,5,0,4.7,no,RH ,Opener,x"),
+            "Line 3: 0, must be above 0 (file players.csv, field bowl_sr, at \"X\")");
+  EXPECT_EQ(refused_player("Alba,X,5,3,-1.5,no,RH ,Opener,x"),
+            "Line 3: -1.5, must be above 0 (file players.csv, field econ, at \"X\")");
+  EXPECT_THAT(refused_player("Alba,X,32768,31.5,4.7,no,RH ,Opener,x"), HasSubstr("field bat_skill"));
+  EXPECT_THAT(refused_player("Alba,X,4.5,31.5,4.7,no,RH ,Opener,x"), HasSubstr("field bat_skill"));
+  EXPECT_THAT(refused_player("Alba,X,5,nan,4.7,no,RH ,Opener,x"), HasSubstr("field bowl_sr"));
+  EXPECT_THAT(refused_player("Alba,X,5,3,,no,RH ,Opener,x"), HasSubstr("field econ"));
+}
+
+TEST_F(WorldBuild, WordsOutsideTheKnownOnesAreRefused) {
+  EXPECT_EQ(refused_player("Alba,X,5,3,4,no,RH ,opener,x"),
+            "Line 3: \"opener\" is no known role (file players.csv, field role, at \"X\")");
+  EXPECT_THAT(refused_player("Alba,X,5,3,4,no,RH ,,x"), HasSubstr("field role"));
+  EXPECT_EQ(refused_player("Alba,X,5,3,4,No,RH ,Opener,x"),
+            "Line 3: \"No\" is not yes or no (file players.csv, field keeper)");
+  EXPECT_EQ(refused_player("Alba,X,5,3,4,no,RH,Opener,x"),
+            "Line 3: \"RH\" has not three characters (file players.csv, field hand)");
+  EXPECT_THAT(refused_player("Alba,X,5,3,4,no,RHBB,Opener,x"), HasSubstr("field hand"));
+  EXPECT_THAT(refused_player(",X,5,3,4,no,RHB,Opener,x"), HasSubstr("the team has no name"));
+}
+
+TEST_F(WorldBuild, APlayerBehindAFreePlaceIsRefused) {
+  EXPECT_THAT(refusal({halden, "Alba,,0,0,0,no,,,", orr}, {}).what(),
+              HasSubstr("Line 4: a player behind a free place (file players.csv, field name, at \"K.Orr\")"));
+}
+
+TEST_F(WorldBuild, TwoFlagsOfOneTeamAreRefused) {
+  const auto error = error_of([&] {
+    build_tables(player_header + ",team_flag", {halden + ",1", orr + ",2"}, ground_header, {});
+  });
+  EXPECT_STREQ(error.what(), "Line 3: not the 1 of the team's first row (file players.csv, field team_flag)");
+}
+
+TEST_F(WorldBuild, GroundsOutsideTheRulesAreRefused) {
+  EXPECT_EQ(refused_ground("Atlantis,G,1,1,1030"),
+            "Line 3: \"Atlantis\" is neither a team nor \"Neutral\" (file grounds.csv, field country, at \"G\")");
+  EXPECT_THAT(refused_ground("Alba,G,0,1,1030"), HasSubstr("field pitch_bounce, at \"G\""));
+  EXPECT_THAT(refused_ground("Alba,G,1,5,1030"), HasSubstr("field pitch_surface, at \"G\""));
+  EXPECT_EQ(refused_ground("Alba,G,1,1,0930"),
+            "Line 3: 930 has not four digits (file grounds.csv, field start_time, at \"G\")");
+  EXPECT_THAT(refused_ground("Alba,G,1,1,10300"), HasSubstr("10300 has not four digits"));
+  EXPECT_THAT(refused_ground("Alba,G,1,1,2400"), HasSubstr("2400 is no time of day"));
+  EXPECT_THAT(refused_ground("Alba,G,1,1,1060"), HasSubstr("1060 is no time of day"));
+  EXPECT_THAT(refused_ground("Alba,,1,1,1030"), HasSubstr("the ground has no name"));
+  EXPECT_THAT(refused_ground("Alba," + std::string(1479, 'g') + ",1,1,1030"),
+              HasSubstr("Line 3: a record of 1501 bytes, at most 1500"));
+}
+
+TEST_F(WorldBuild, AMissingTableIsRefused) {
+  std::filesystem::create_directory(folder / "source");
+  write_bytes(folder / "source" / "players.csv", table(player_header, {halden}));
+  const auto error = error_of([&] { build_database(folder / "source", files.team, files.grd); });
+  EXPECT_STREQ(error.what(), "The file is missing (file grounds.csv)");
+  EXPECT_THAT(names_in(folder), ElementsAre("source"));
+}
+
+TEST_F(WorldBuild, AFailedWriteLeavesTheOldDatabase) {
+  build({halden}, {park});
+  const std::string team = bytes_of(files.team);
+  std::filesystem::remove(files.grd);
+  std::filesystem::create_directory(folder / "base.grd.new");
+  EXPECT_EQ(error_of([&] { build({halden, orr}, {park}); }).kind(), failure::file);
+  EXPECT_EQ(bytes_of(files.team), team);
+  EXPECT_THAT(names_in(folder), ElementsAre("base.grd.new", "base.team", "source"));
+}
+
+class WorldDump : public WorldBuild {};
+
+TEST_F(WorldDump, WritesCareersAndRecordsToRead) {
+  build({halden}, {park});
+  testing::set_up_finished_match();
+  update_career();
+  update_records();
+  dump_database(files, folder / "dump");
+  EXPECT_THAT(names_in(folder / "dump"),
+              ElementsAre("careers.csv", "grounds.csv", "highest_totals.csv", "lowest_totals.csv", "partnerships.csv",
+                          "players.csv", "team_table.csv", "top_bowling.csv", "top_scores.csv"));
+  const csv_table careers(folder / "dump" / "careers.csv",
+                          {"team",
+                           "name",
+                           "matches",
+                           "innings",
+                           "runs",
+                           "balls_faced",
+                           "fours",
+                           "sixes",
+                           "twos",
+                           "threes",
+                           "singles",
+                           "dots",
+                           "wickets",
+                           "catches",
+                           "stumpings",
+                           "balls_bowled",
+                           "maidens",
+                           "runs_given",
+                           "career_reserved_1",
+                           "hundreds",
+                           "fifties",
+                           "five_wickets",
+                           "not_outs",
+                           "best_wickets",
+                           "best_runs",
+                           "high_score",
+                           "high_not_out",
+                           "high_against",
+                           "best_against",
+                           "career_reserved_2",
+                           "career_reserved_3",
+                           "career_reserved_4"},
+                          {});
+  ASSERT_EQ(careers.rows(), 22);
+  EXPECT_EQ(careers.text(12, "team"), "Alba");
+  EXPECT_EQ(careers.text(12, "name"), "A.Man2");
+  EXPECT_EQ(careers.text(12, "high_score"), "120");
+  EXPECT_EQ(careers.text(12, "career_reserved_2"), "0000000000000000");
+  EXPECT_EQ(bytes_of(folder / "dump" / "highest_totals.csv"),
+            "line,total,balls,wickets,team,against,venue\r\n1,231,300,3,Alba,Tamar,Harbour Park\r\n"
+            "2,174,262,10,Tamar,Alba,Harbour Park\r\n");
+  EXPECT_THAT(bytes_of(folder / "dump" / "top_scores.csv"),
+              StartsWith("line,player,runs,balls,team,against,venue,not_out\r\n"
+                         "1,A.Man2,120,110,Alba,Tamar,Harbour Park,0\r\n"));
+  EXPECT_THAT(bytes_of(folder / "dump" / "top_bowling.csv"),
+              HasSubstr("\r\n1,A.Man9,31,60,5,Alba,Tamar,Harbour Park\r\n"));
+  EXPECT_THAT(bytes_of(folder / "dump" / "partnerships.csv"),
+              HasSubstr("\r\n1,150,30.1,150,181,181,A.Man1,A.Man2,00000000,Alba,Tamar,Harbour Park\r\n"));
+  EXPECT_THAT(
+      bytes_of(folder / "dump" / "team_table.csv"),
+      HasSubstr("\r\n,,,1,,,231,Tamar,Harbour Park,174,Tamar,Harbour Park,1000,,,174,Tamar,Harbour Park,Alba\r\n"));
+}
+
+TEST_F(WorldDump, ADatabaseThatHasNotPlayedHasEmptyTables) {
+  build({halden}, {park});
+  dump_database(files, folder / "dump");
+  EXPECT_EQ(bytes_of(folder / "dump" / "lowest_totals.csv"), "line,total,balls,wickets,team,against,venue\r\n");
+  EXPECT_THAT(names_in(folder), Not(Contains("base.rec"))) << "the database is only read";
+}
+
+TEST_F(WorldDump, WhatATableCannotKeepIsRefused) {
+  build({halden, orr}, {park});
+  const std::string good = bytes_of(files.team);
+  const auto refused = [&](team_rec team, int teams) {
+    slot_file file({}, team_slot, "x");
+    file.put(1, encoded_field(integer(teams)), {});
+    for (int t = 1; t <= teams; ++t) file.put(t + 1, encoded(team), {});
+    write_bytes(files.team, file.bytes());
+    const auto error = error_of([&] { dump_database(files, folder / "dump"); });
+    EXPECT_FALSE(std::filesystem::exists(folder / "dump"));
+    return std::string(error.what());
+  };
+  team_rec team = read_team_list()[0];
+  team.squad[2].is_keeper = 1;
+  EXPECT_EQ(refused(team, 1),
+            "A table cannot keep a flag that is not -1 or 0 (file base.team, record 2, "
+            "field squad[2].is_keeper, at \"K.Orr\")");
+  team.squad[2].is_keeper = 0;
+  team.squad[2].econ = std::numeric_limits<float>::quiet_NaN();
+  EXPECT_THAT(refused(team, 1), HasSubstr("field squad[2].econ"));
+  team.squad[2].econ = 4;
+  EXPECT_THAT(refused(team, 2), HasSubstr("two teams of one name (file base.team, record 3"));
+  write_bytes(files.team, good);
+  dump_database(files, folder / "dump");
+}
+
+TEST_F(WorldDump, AMissingTeamFileIsAnError) {
+  EXPECT_STREQ(error_of([&] { dump_database(files, folder / "dump"); }).what(), "The file is missing (file base.team)");
+}
+
+TEST_F(WorldDump, AFolderThatCannotBeMadeIsAnError) {
+  build({halden}, {park});
+  write_bytes(folder / "dump", "a file");
+  EXPECT_EQ(error_of([&] { dump_database(files, folder / "dump"); }).kind(), failure::file);
+}
+
+}  // namespace
+}  // namespace velorin
