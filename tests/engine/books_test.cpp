@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The books of a ball: runs on the cards, falls of wicket, kinds of dismissal.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "database/elevens.h"
+#include "engine/storage.h"
+#include "model/random.h"
+#include "support/sample_match.h"
+
+namespace velorin::testing {
+namespace {
+
+class Books : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    set_up_sample_match();
+    match.striker = 3;
+    match.non_striker = 5;
+    match.bowler = 8;
+    match.maiden_flag = true;
+  }
+  void TearDown() override {
+    match = match_state();
+    chance.use_clock();
+  }
+
+  static batting_card_rec& striker() { return match.batting_card[3]; }
+  static batting_card_rec& partner() { return match.batting_card[5]; }
+
+  /// Dismisses the striker with these faces of the dice of 110 and of 11. Returns the run out's flag.
+  static bool dismiss(int kind, int fielder = 0) {
+    striker().how_out.clear();
+    striker().fielder.clear();
+    std::vector<double> draws = {die_draw(kind, 110)};
+    if (fielder != 0) draws.push_back(die_draw(fielder, 11));
+    const auto count = draws.size();
+    script_draws(draws);
+    bool run_out = false;
+    record_dismissal(run_out);
+    EXPECT_EQ(chance.draws_used(), count) << "kind " << kind;
+    return run_out;
+  }
+};
+
+TEST_F(Books, RunsGoToTheManWhoHitThem) {
+  struct row {
+    int outcome;
+    int batsman;  // after one and three the two have changed ends
+    integer batting_card_rec::*stroke;
+  };
+  const row rows[] = {{0, 3, &batting_card_rec::dots},  {1, 5, &batting_card_rec::singles},
+                      {2, 3, &batting_card_rec::twos},  {3, 5, &batting_card_rec::threes},
+                      {4, 3, &batting_card_rec::fours}, {6, 3, &batting_card_rec::sixes}};
+  for (const row& r : rows) {
+    SCOPED_TRACE(r.outcome);
+    match.batting_card = {};
+    match.bowling_card = {};
+    match.maiden_flag = true;
+    match.ball_outcome = r.outcome;
+    record_runs();
+    const batting_card_rec& man = match.batting_card[r.batsman];
+    EXPECT_EQ(man.runs, r.outcome);
+    EXPECT_EQ(man.balls, 1);
+    EXPECT_EQ(man.*r.stroke, 1);
+    EXPECT_EQ(man.dots + man.singles + man.twos + man.threes + man.fours + man.sixes, 1);
+    EXPECT_EQ(match.batting_card[8 - r.batsman].balls, 0);
+    EXPECT_EQ(match.batting_card[8 - r.batsman].runs, 0);
+    EXPECT_EQ(match.bowling_card[8].runs, r.outcome);
+    EXPECT_EQ(match.bowling_card[8].balls, 0);
+    EXPECT_EQ(match.maiden_flag, r.outcome == 0);
+  }
+}
+
+TEST_F(Books, OtherOutcomesCreditNothing) {
+  for (const int outcome : {7, 8, 9, 10, 11}) {
+    match.ball_outcome = outcome;
+    record_runs();
+    EXPECT_EQ(striker().balls + striker().runs + striker().dots, 0) << outcome;
+    EXPECT_EQ(partner().balls + partner().runs + partner().dots, 0) << outcome;
+    EXPECT_EQ(match.bowling_card[8].runs, 0) << outcome;
+    EXPECT_TRUE(match.maiden_flag) << outcome;
+  }
+}
+
+TEST_F(Books, FallsOfWicketCountFromTheOneBefore) {
+  match.score_wickets = 1;
+  match.score_runs = 37;
+  match.innings_balls = 49;
+  record_fall_of_wicket();
+  const fall_of_wicket_rec& first = match.fall_of_wicket[1];
+  EXPECT_EQ(first.score, 37);
+  EXPECT_EQ(first.partner_runs, 37);
+  EXPECT_EQ(first.balls, 50);
+  EXPECT_EQ(first.partner_balls, 50);
+  EXPECT_EQ(first.batsman_a, "H.Bat5");
+  EXPECT_EQ(first.batsman_b, "H.Bat3");
+  EXPECT_EQ(first.overs_text, "");
+  match.striker = 5;
+  match.non_striker = 4;
+  match.score_wickets = 2;
+  match.innings_balls = 50;
+  record_fall_of_wicket();
+  const fall_of_wicket_rec& second = match.fall_of_wicket[2];
+  EXPECT_EQ(second.score, 37);
+  EXPECT_EQ(second.partner_runs, 0);
+  EXPECT_EQ(second.balls, 51);
+  EXPECT_EQ(second.partner_balls, 1);
+  EXPECT_EQ(second.batsman_a, "H.Bat4");
+  EXPECT_EQ(second.batsman_b, "H.Bat5");
+  EXPECT_EQ(match.fall_of_wicket[0].balls, 0);
+}
+
+TEST_F(Books, Bowled) {
+  for (const int kind : {1, 11}) {
+    EXPECT_FALSE(dismiss(kind)) << kind;
+    EXPECT_EQ(striker().how_out, " b A.Bowl8") << kind;
+    EXPECT_EQ(striker().fielder, "") << kind;
+  }
+}
+
+TEST_F(Books, CaughtBehind) {
+  for (const int kind : {12, 30}) {
+    EXPECT_FALSE(dismiss(kind)) << kind;
+    EXPECT_EQ(striker().how_out, " b A.Bowl8") << kind;
+    EXPECT_EQ(striker().fielder, " c A.Bowl7") << kind;
+  }
+}
+
+TEST_F(Books, RunOutByAnyone) {
+  for (const int kind : {31, 40}) {
+    for (int fielder = 1; fielder <= 11; ++fielder) {
+      EXPECT_TRUE(dismiss(kind, fielder)) << kind;
+      EXPECT_EQ(striker().how_out, " run out (A.Bowl" + std::to_string(fielder) + ")");
+      EXPECT_EQ(striker().fielder, "");
+    }
+  }
+}
+
+TEST_F(Books, StumpedOffASpinnerOnly) {
+  for (const int kind : {41, 45}) {
+    for (const char* type : {"spinner", "Fast Bowler", "Medium Pacer", "Spinner", "off spinner", ""}) {
+      match.bowling_xi[8].bowler_type = type;
+      EXPECT_FALSE(dismiss(kind)) << kind;
+      EXPECT_EQ(striker().how_out, " b A.Bowl8") << type;
+      EXPECT_EQ(striker().fielder, type == std::string("spinner") ? " st A.Bowl7" : " c A.Bowl7") << type;
+    }
+  }
+}
+
+TEST_F(Books, CaughtInTheField) {
+  for (const int kind : {46, 100}) {
+    for (int fielder = 1; fielder <= 11; ++fielder) {
+      EXPECT_FALSE(dismiss(kind, fielder)) << kind;
+      if (fielder == 8) {
+        EXPECT_EQ(striker().how_out, " c && b A.Bowl8");
+        EXPECT_EQ(striker().fielder, "");
+      } else {
+        EXPECT_EQ(striker().how_out, " b A.Bowl8");
+        EXPECT_EQ(striker().fielder, " c A.Bowl" + std::to_string(fielder));
+      }
+    }
+  }
+}
+
+TEST_F(Books, LegBefore) {
+  for (const int kind : {101, 110}) {
+    EXPECT_FALSE(dismiss(kind)) << kind;
+    EXPECT_EQ(striker().how_out, " lbw A.Bowl8") << kind;
+    EXPECT_EQ(striker().fielder, "") << kind;
+  }
+}
+
+TEST_F(Books, OfSeveralKeepersTheHighestPositionCounts) {
+  match.bowling_xi[2].is_keeper = flag_true;
+  match.bowling_xi[9].is_keeper = flag_true;
+  dismiss(12);
+  EXPECT_EQ(striker().fielder, " c A.Bowl9");
+  match.bowling_xi[8].is_keeper = flag_true;
+  match.bowling_xi[9].is_keeper = 0;
+  match.bowling_xi[8].bowler_type = "spinner";
+  dismiss(41);
+  EXPECT_EQ(striker().fielder, " st A.Bowl8");
+}
+
+TEST_F(Books, WithoutAKeeperTheFielderStaysAsItWas) {
+  match.bowling_xi[7].is_keeper = 0;
+  match.bowling_xi[8].bowler_type = "spinner";
+  for (const int kind : {12, 30, 41, 45}) {
+    dismiss(kind);
+    EXPECT_EQ(striker().how_out, " b A.Bowl8") << kind;
+    EXPECT_EQ(striker().fielder, "") << kind;
+    striker().fielder = "kept";
+    script_draws({die_draw(kind, 110)});
+    bool run_out = false;
+    record_dismissal(run_out);
+    EXPECT_EQ(striker().fielder, "kept") << kind;
+  }
+}
+
+TEST_F(Books, ARunOutLeavesTheFielderAndOthersClearHim) {
+  const auto fielder_after = [](int kind, int face) {
+    striker().fielder = "before";
+    script_draws({die_draw(kind, 110), die_draw(face, 11)});
+    bool run_out = false;
+    record_dismissal(run_out);
+    return striker().fielder;
+  };
+  EXPECT_EQ(fielder_after(35, 4), "before");
+  EXPECT_EQ(fielder_after(5, 1), "");
+  EXPECT_EQ(fielder_after(50, 8), "");
+  EXPECT_EQ(fielder_after(105, 1), "");
+}
+
+TEST_F(Books, TheFlagOfARunOutIsOnlyEverSet) {
+  script_draws({die_draw(1, 110)});
+  bool run_out = true;
+  record_dismissal(run_out);
+  EXPECT_TRUE(run_out);
+}
+
+TEST_F(Books, NamesComeFromTheElevensAndNotFromTheCards) {
+  match.bowling_card[8].name = "another";
+  match.batting_card[5].name = "another";
+  dismiss(1);
+  EXPECT_EQ(striker().how_out, " b A.Bowl8");
+  match.score_wickets = 1;
+  record_fall_of_wicket();
+  EXPECT_EQ(match.fall_of_wicket[1].batsman_a, "H.Bat5");
+}
+
+TEST_F(Books, TheElevensAreReadInTheirOrder) {
+  write_eleven(side::first, sample_eleven("X."));
+  write_eleven(side::second, sample_eleven("Y."));
+  load_elevens();
+  EXPECT_EQ(match.batting_xi[1].name, "X.1");
+  EXPECT_EQ(match.batting_xi[11].name, "X.11");
+  EXPECT_EQ(match.bowling_xi[1].name, "Y.1");
+  EXPECT_EQ(match.bowling_xi[11].bowler_type, "Medium Pacer");
+}
+
+}  // namespace
+}  // namespace velorin::testing
