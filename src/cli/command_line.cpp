@@ -44,6 +44,7 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
       ->type_name("FILE")
       ->excludes(seed);
   add_match(app, program, io, action);
+  add_competitions(app, program, io, action);
   add_db(app, program, io, action);
 
   try {

@@ -17,9 +17,10 @@ namespace velorin::cli {
 using command_action = std::function<int()>;
 
 void add_match(CLI::App& app, const program_options& program, streams io, command_action& action);
+void add_competitions(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_db(CLI::App& app, const program_options& program, streams io, command_action& action);
 
-/// Makes the folder, the database and the source of chance of the command line the ones in use, without updates and with
+/// Starts from blank records, as a new process does, and makes the folder, the database and the source of chance of the command line the ones in use, without updates and with
 /// the elevens in memory. Raises run_time_error.
 void set_up_run(const program_options& program);
 

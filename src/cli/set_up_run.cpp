@@ -6,10 +6,14 @@
 #include <fmt/format.h>
 
 #include "cli/commands.h"
+#include "competitions/series1.h"
+#include "competitions/series2.h"
+#include "competitions/world_cup.h"
 #include "database/configuration.h"
 #include "model/code_page.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "model/teams.h"
 
 namespace velorin::cli {
 
@@ -89,6 +93,10 @@ std::string find_database(const program_options& program) {
 }
 
 void set_up_run(const program_options& program) {
+  match = match_state();
+  series = series_record();
+  tri = tri_record();
+  world_cup = world_cup_record();
   files = database_paths(program.teams_dir, {});
   files.elevens_in_memory = true;
   files.updates = false;

@@ -3,6 +3,10 @@
 
 #include <algorithm>
 
+#include "competitions/series1.h"
+#include "competitions/series2.h"
+#include "competitions/wc_fix.h"
+#include "competitions/wcsstab.h"
 #include "console/captain_forms.h"
 #include "engine/driver.h"
 #include "model/run_time_error.h"
@@ -84,5 +88,13 @@ void headless_user::show(chgbowler& form) {
 void headless_user::show(main_console& form) {
   while (!form.closed()) form.command1_click();
 }
+
+void headless_user::show(sri_result& form) { form.command1_click(); }
+
+void headless_user::show(triserresult& form) { form.command1_click(); }
+
+void headless_user::show(wc_fix& form) { form.command1_click(); }
+
+void headless_user::show(wcsstab& form) { form.command1_click(); }
 
 }  // namespace velorin

@@ -31,6 +31,10 @@ class headless_user : public front_end {
   void open(report) override {}
   void show(sqdet&) override {}
   void show(allrecs&) override {}
+  void show(sri_result& form) override;
+  void show(triserresult& form) override;
+  void show(wc_fix& form) override;
+  void show(wcsstab& form) override;
 };
 
 }  // namespace velorin

@@ -16,8 +16,12 @@ struct batsmandetails;
 struct chgbowler;
 struct main_console;
 struct sqdet;
+struct sri_result;
 struct teamsel;
 struct toss;
+struct triserresult;
+struct wc_fix;
+struct wcsstab;
 struct wecond;
 
 /// A modal message with the information icon. Texts are single bytes of Windows-1252.
@@ -62,6 +66,12 @@ class front_end {
   /// Browsers opened from a form, modal.
   virtual void show(sqdet& form) = 0;
   virtual void show(allrecs& form) = 0;
+
+  /// Standings of a competition, modal, between its matches.
+  virtual void show(sri_result& form) = 0;
+  virtual void show(triserresult& form) = 0;
+  virtual void show(wc_fix& form) = 0;
+  virtual void show(wcsstab& form) = 0;
 };
 
 /// The front end in use. Raises std::logic_error while none is installed.

@@ -45,6 +45,10 @@ class opened_reports : public front_end {
   void progress_done() override { refuse(); }
   void show(sqdet&) override { refuse(); }
   void show(allrecs&) override { refuse(); }
+  void show(sri_result&) override { refuse(); }
+  void show(triserresult&) override { refuse(); }
+  void show(wc_fix&) override { refuse(); }
+  void show(wcsstab&) override { refuse(); }
 
  private:
   static void refuse() { ADD_FAILURE() << "a report asks for reading screens only"; }

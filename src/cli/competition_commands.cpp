@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
+#include <memory>
+#include <ostream>
+#include <sstream>
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include "cli/commands.h"
+#include "cli/text_table.h"
+#include "competitions/series1.h"
+#include "competitions/series2.h"
+#include "competitions/wc_fix.h"
+#include "competitions/wcsstab.h"
+#include "competitions/wctable.h"
+#include "database/configuration.h"
+#include "headless/headless_user.h"
+#include "model/code_page.h"
+#include "model/run_time_error.h"
+
+namespace velorin::cli {
+
+namespace {
+
+using json = nlohmann::ordered_json;
+
+struct competition_options {
+  std::vector<std::string> teams;  // in the order of the command's names
+  std::vector<std::string> group_a;
+  std::vector<std::string> group_b;
+  std::vector<std::string> hosts;
+  int count = 1;  // matches or rounds
+  bool update = false;
+  bool json = false;
+};
+
+const std::vector<std::string> league_columns = {"Team", "Played", "Won", "Lost", "Tied", "Pts", "Net RR"};
+
+json league_json(const std::vector<league_texts>& table) {
+  json rows = json::array();
+  for (const league_texts& row : table) {
+    json texts = json::array();
+    for (const std::string& text : row) texts.push_back(to_utf8(text));
+    rows.push_back(texts);
+  }
+  return rows;
+}
+
+text_table league_text(const std::vector<league_texts>& table) {
+  text_table shown(league_columns, "lrrrrrr");
+  for (const league_texts& row : table) shown.add({row.begin(), row.end()});
+  return shown;
+}
+
+/// The headless user, who prints each showing of a standings window or keeps it as JSON.
+class competition_recorder : public headless_user {
+ public:
+  competition_recorder(bool as_json, std::ostream& out) : as_json_(as_json), out_(out) {}
+
+  using headless_user::show;
+
+  void show(const message_box& message) override {
+    // The tournament reports in a message that it cannot be played.
+    if (message.title == "Error") refusal_ = message.text;
+  }
+
+  void show(sri_result& form) override {
+    if (as_json_) {
+      json rows = json::array();
+      for (const auto& row : form.rows) rows.push_back({to_utf8(row.label1), to_utf8(row.label2)});
+      windows_.push_back({{"form", "sri_result"},
+                          {"heading", to_utf8(form.label4_1)},
+                          {"rows", rows},
+                          {"final_line", to_utf8(form.label4_0)}});
+    } else {
+      out_ << to_utf8(form.label4_1) << '\n';
+      text_table table({}, "ll");
+      for (const auto& row : form.rows) table.add({row.label1, row.label2});
+      table.print(out_);
+      out_ << to_utf8(form.label4_0) << "\n\n";
+    }
+    headless_user::show(form);
+  }
+
+  void show(triserresult& form) override {
+    const std::vector<league_texts> rows(form.rows.begin(), form.rows.end());
+    if (as_json_) {
+      windows_.push_back({{"form", "triserresult"},
+                          {"title", to_utf8(form.title)},
+                          {"heading", to_utf8(form.label4_1)},
+                          {"rows", league_json(rows)},
+                          {"final", to_utf8(form.label5_0)},
+                          {"result", to_utf8(form.label5_1)}});
+    } else {
+      out_ << to_utf8(form.label4_1) << '\n';
+      league_text(rows).print(out_);
+      out_ << to_utf8(form.label5_0) << '\n';
+      if (!form.label5_1.empty()) out_ << to_utf8(form.label5_1) << '\n';
+      out_ << '\n';
+    }
+    headless_user::show(form);
+  }
+
+  void show(wc_fix& form) override {
+    if (as_json_) {
+      json fixtures = json::array();
+      for (int place = 1; place <= form.fixtures; ++place) {
+        const wc_fix::row row = form.row_of(place);
+        fixtures.push_back({to_utf8(row.label6), to_utf8(row.label1), to_utf8(row.label2), to_utf8(row.label3),
+                            to_utf8(row.label4)});
+      }
+      windows_.push_back({{"form", "wc_fix"}, {"next_fixture", form.next_fixture}, {"fixtures", fixtures}});
+    } else {
+      text_table table({"", "Match No.", "Team A", "Team B", "Venue", "Match Result"}, "llllll");
+      for (const wc_fix::row& row : form.rows) {
+        if (!row.label6.empty()) {
+          table.add({row.is_next ? ">" : "", row.label6, row.label1, row.label2, row.label3, row.label4});
+        }
+      }
+      table.print(out_);
+      out_ << '\n';
+    }
+    headless_user::show(form);
+  }
+
+  void show(wcsstab& form) override {
+    if (as_json_) {
+      windows_.push_back({{"form", "wcsstab"},
+                          {"group_a", league_json(form.group_a)},
+                          {"group_b", league_json(form.group_b)},
+                          {"super_six", league_json(form.super_six)},
+                          {"semi_final_1", to_utf8(form.label1_22)},
+                          {"semi_final_2", to_utf8(form.label1_23)},
+                          {"grand_final", to_utf8(form.label1_24)},
+                          {"winners", to_utf8(form.label8)}});
+    } else {
+      print_table("Group A Table", form.group_a);
+      print_table("Group B Table", form.group_b);
+      if (!form.super_six.empty()) print_table("Super Six Table", form.super_six);
+      if (!form.label1_22.empty()) out_ << "Semi Final 1 : " << to_utf8(form.label1_22) << '\n';
+      if (!form.label1_23.empty()) out_ << "Semi Final 2 : " << to_utf8(form.label1_23) << '\n';
+      if (!form.label1_24.empty()) out_ << "Grand Final : " << to_utf8(form.label1_24) << '\n';
+      out_ << to_utf8(form.label8) << "\n\n";
+    }
+    headless_user::show(form);
+  }
+
+  void finish() {
+    if (!refusal_.empty()) throw run_time_error(failure::subscript, refusal_);
+    if (as_json_) out_ << json{{"windows", windows_}}.dump() << '\n';
+    out_.flush();
+  }
+
+ private:
+  void print_table(const char* heading, const std::vector<league_texts>& table) {
+    out_ << heading << '\n';
+    league_text(table).print(out_);
+    out_ << '\n';
+  }
+
+  bool as_json_;
+  std::ostream& out_;
+  json windows_ = json::array();
+  std::string refusal_;
+};
+
+/// The entry of a team by name in the list of a form.
+int entry_of(const std::vector<team_entry>& list, const std::string& name) {
+  const std::string wanted = core_text(name);
+  std::vector<std::string> known;
+  for (const team_entry& entry : list) known.push_back(entry.name);
+  const auto found = std::find(known.begin(), known.end(), wanted);
+  if (found == known.end()) raise_unknown("team", wanted, known);
+  return static_cast<int>(found - known.begin());
+}
+
+void fill_and_play(series1& form, const competition_options& options) {
+  form.open();
+  form.choose_home(entry_of(form.combo1, options.teams[0]));
+  form.choose_away(entry_of(form.combo1, options.teams[1]));
+  form.vscroll1_change(options.count);
+  form.command1_click();
+}
+
+void fill_and_play(series2& form, const competition_options& options) {
+  form.open();
+  for (int box = 0; box < 3; ++box) form.choose_team(box, entry_of(form.combo1, options.teams[box]));
+  form.vscroll1_change(options.count);
+  form.command1_click();
+}
+
+void fill_and_play(wctable& form, const competition_options& options) {
+  form.open();
+  if (form.closed) return;
+  for (std::size_t i = 0; i < options.group_a.size(); ++i) form.combo1[i] = entry_of(form.teams, options.group_a[i]);
+  for (std::size_t i = 0; i < options.group_b.size(); ++i) form.combo2[i] = entry_of(form.teams, options.group_b[i]);
+  if (!options.hosts.empty()) form.combo3.fill(-1);
+  for (std::size_t i = 0; i < options.hosts.size(); ++i) form.combo3[i] = entry_of(form.teams, options.hosts[i]);
+  form.command1_click();
+}
+
+/// Plays a competition from its form.
+template <class Form>
+int play(const competition_options& options, const program_options& program, streams io) {
+  set_up_run(program);
+  files.updates = options.update;
+  competition_recorder recorder(options.json, io.out);
+  const front_end_scope scope(recorder);
+  Form form;
+  fill_and_play(form, options);
+  recorder.finish();
+  return done;
+}
+
+void add_common(CLI::App& command, competition_options& options) {
+  command.add_flag("--update", options.update, "Add every match to the careers and records of the database");
+  command.add_flag("--json", options.json, "Standard output is one JSON object");
+}
+
+template <class Form>
+void set_action(CLI::App& command, const std::shared_ptr<competition_options>& options, const program_options& program,
+                streams io, command_action& action) {
+  command.callback([options, &program, io, &action] {
+    action = [options, &program, io] { return play<Form>(*options, program, io); };
+  });
+}
+
+}  // namespace
+
+void add_competitions(CLI::App& app, const program_options& program, streams io, command_action& action) {
+  auto one = std::make_shared<competition_options>();
+  one->teams.resize(2);
+  CLI::App* series_command = app.add_subcommand("series", "Plays a series of two teams and prints the results");
+  series_command->add_option("--home", one->teams[0], "Home team")->required()->type_name("NAME");
+  series_command->add_option("--away", one->teams[1], "Away team")->required()->type_name("NAME");
+  series_command->add_option("--matches", one->count, "Matches, 1 to 10 (default: 1)")
+      ->check(CLI::Range(1, 10))
+      ->type_name("N");
+  add_common(*series_command, *one);
+  set_action<series1>(*series_command, one, program, io, action);
+
+  auto three = std::make_shared<competition_options>();
+  three->teams.resize(3);
+  CLI::App* tri_command = app.add_subcommand("tri", "Plays a tri series and prints the tables");
+  tri_command->add_option("--team1", three->teams[0], "First team, the host")->required()->type_name("NAME");
+  tri_command->add_option("--team2", three->teams[1], "Second team")->required()->type_name("NAME");
+  tri_command->add_option("--team3", three->teams[2], "Third team")->required()->type_name("NAME");
+  tri_command->add_option("--rounds", three->count, "Rounds of the league, 1 to 5 (default: 1)")
+      ->check(CLI::Range(1, 5))
+      ->type_name("R");
+  add_common(*tri_command, *three);
+  set_action<series2>(*tri_command, three, program, io, action);
+
+  auto cup = std::make_shared<competition_options>();
+  CLI::App* cup_command = app.add_subcommand("worldcup", "Plays a World Cup and prints fixtures and tables");
+  cup_command->add_option("--group-a", cup->group_a, "Five teams (default: teams 1 to 5)")
+      ->delimiter(',')
+      ->expected(5)
+      ->type_name("N1,N2,N3,N4,N5");
+  cup_command->add_option("--group-b", cup->group_b, "Five teams (default: teams 6 to 10)")
+      ->delimiter(',')
+      ->expected(5)
+      ->type_name("N1,N2,N3,N4,N5");
+  cup_command->add_option("--hosts", cup->hosts, "One to three host teams (default: the first team)")
+      ->delimiter(',')
+      ->expected(1, 3)
+      ->type_name("N1[,N2[,N3]]");
+  add_common(*cup_command, *cup);
+  set_action<wctable>(*cup_command, cup, program, io, action);
+}
+
+}  // namespace velorin::cli

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/match_entry.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "database/teams_file.h"
+#include "model/random.h"
+#include "model/run_time_error.h"
+#include "model/teams.h"
+#include "model/texts.h"
+
+namespace velorin {
+
+void enter_match(const entered_side& first, const entered_side& second, const std::string& ground) {
+  if (first.team.empty() || second.team.empty()) {
+    match.result_winner = first.team + second.team;
+    match.result_margin = match.result_winner.empty() ? "" : "  by a walkover";
+    return;
+  }
+  teamfrm form;
+  form.open();
+  form.enter(first.team, second.team, ground);
+  form.option1_cpu = !first.human;
+  form.option3_cpu = !second.human;
+  form.command1_click();
+}
+
+void clear_result() {
+  match.result_winner.clear();
+  match.result_margin.clear();
+  match.result_ground.clear();
+  match.rate_first = {};
+  match.rate_second = {};
+}
+
+std::vector<team_entry> list_teams() {
+  std::vector<team_entry> list;
+  for (const team_rec& team : read_team_list()) list.push_back({team.team_name, static_cast<int>(list.size()) + 2});
+  return list;
+}
+
+std::vector<std::string> list_grounds(const std::vector<std::string>& countries) {
+  std::vector<std::string> names;
+  for (const ground_rec& ground : read_grounds()) {
+    const bool listed = std::find(countries.begin(), countries.end(), ground.country) != countries.end();
+    if (listed && !ground.country.empty()) names.push_back(ground.ground_name);
+  }
+  return names;
+}
+
+std::string draw_ground(const std::vector<std::string>& grounds) {
+  const int length = static_cast<int>(grounds.size());
+  const double index = std::floor(length * rnd() + 1) - 1;
+  if (grounds.empty()) return {};
+  return grounds[std::min(static_cast<std::size_t>(index), grounds.size() - 1)];
+}
+
+std::string entry_text(const std::vector<team_entry>& list, int index) {
+  return index < 0 ? std::string() : list[static_cast<std::size_t>(index)].name;
+}
+
+int typed_number(const std::string& text, int most, const char* field) {
+  const auto number = number_in(text);
+  if (!number || *number != std::floor(*number) || *number < 1 || *number > most) {
+    throw run_time_error(failure::type,
+                         "Type mismatch: \"" + text + "\" is no whole number from 1 to " + number_text(most),
+                         {.file = {}, .record = 0, .field = field, .player = {}});
+  }
+  return static_cast<int>(*number);
+}
+
+std::string progressbar::title() const { return "Simming Match... (" + number_text(over) + "% finished )"; }
+
+}  // namespace velorin

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "setup/teamfrm.h"
+
+// How a competition enters a match, and the lists that its forms share.
+
+namespace velorin {
+
+/// A side of a competition's match.
+struct entered_side {
+  std::string team;
+  bool human = false;
+};
+
+/// Fills the form of a new match and plays it; returns when it is over, with the result block filled. With one empty
+/// name no match is played: the other team has a walkover. With two there is no result. Raises what the match raises.
+void enter_match(const entered_side& first, const entered_side& second, const std::string& ground);
+
+/// Sets the result strings to "" and clears the two rates.
+void clear_result();
+
+/// The teams of the database as entries of a list. Raises what reading them raises.
+std::vector<team_entry> list_teams();
+/// Names of the grounds, in file order, whose country is one of `countries`; an empty country matches nothing.
+std::vector<std::string> list_grounds(const std::vector<std::string>& countries);
+
+/// Draws a ground: one number, also from an empty list, which gives "".
+std::string draw_ground(const std::vector<std::string>& grounds);
+
+/// The text of a list's entry, "" for index -1.
+std::string entry_text(const std::vector<team_entry>& list, int index);
+
+/// The number typed into a box: a whole number from 1 to `most`. Raises run_time_error (type) for anything else.
+int typed_number(const std::string& text, int most, const char* field);
+
+/// The window that shows how far an unattended match has come.
+struct progressbar {
+  int over = 0;  ///< overs begun, from 1
+
+  std::string title() const;                         ///< "Simming Match... (", overs begun, "% finished )"
+  double bar_length() const { return over * 49.95; }  ///< display units; the frame is 4935 long
+  static constexpr int bar_position = 60;
+};
+
+}  // namespace velorin

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/series2.h"
+
+#include <utility>
+
+#include "model/random.h"
+#include "model/teams.h"
+#include "model/texts.h"
+#include "ui/front_end.h"
+
+namespace velorin {
+
+tri_record tri;
+
+namespace {
+
+/// The pairs of a round, by the teams' places.
+constexpr std::array<std::pair<int, int>, 3> round_pairs = {{{1, 2}, {1, 3}, {2, 3}}};
+
+/// Sponsors by the host's name.
+constexpr std::array<std::pair<const char*, const char*>, 8> sponsors = {{{"Australia", "Orange"},
+                                                                          {"England", "NatWest"},
+                                                                          {"South Africa", "Standard Bank"},
+                                                                          {"India", "Coco Cola"},
+                                                                          {"West Indies", "Cable and Wireless"},
+                                                                          {"Sri Lanka", "Singer"},
+                                                                          {"Pakistan", "Pepsi"},
+                                                                          {"New Zealand", "National Bank"}}};
+
+std::string sponsor_of(const std::string& host) {
+  for (const auto& [name, sponsor] : sponsors) {
+    if (host == name) return sponsor;
+  }
+  return "Pepsi";
+}
+
+void show_table() {
+  clear_result();
+  triserresult form;
+  form.open();
+  user().show(form);
+}
+
+void play_league_match() {
+  const auto [first, second] = round_pairs[static_cast<std::size_t>(tri.matches_played) % 3];
+  run_tri_match(tri.sides[first].team, tri.sides[second].team, tri.sides[first].human, tri.sides[second].human);
+  tri.matches_played += 1;
+  show_table();
+}
+
+/// The finalist of this name, with the captain of the first team so called.
+entered_side finalist(const std::string& name) {
+  for (int i = 1; i <= 3; ++i) {
+    if (tri.sides[i].team == name) return tri.sides[i];
+  }
+  return {name, false};
+}
+
+void play_final() {
+  const entered_side first = finalist(tri.tri_table[1].note);
+  const entered_side second = finalist(tri.tri_table[2].note);
+  tri.drawn_ground = draw_ground(tri.grounds);
+  enter_match(first, second, tri.drawn_ground);
+  tri.tri_table[3].note = match.result_winner + " " + match.result_margin;
+  tri.final_played = true;
+  show_table();
+}
+
+}  // namespace
+
+void run_tri_match(const std::string& team_1, const std::string& team_2, bool human_1, bool human_2) {
+  tri.drawn_ground = draw_ground(tri.grounds);
+  enter_match({team_1, human_1}, {team_2, human_2}, tri.drawn_ground);
+  book_league_match(&tri.tri_table[1], 3, team_1, team_2);
+}
+
+void series2::open() {
+  combo1 = list_teams();
+  for (int box = 0; box < 3; ++box) team_index[box] = static_cast<int>(combo1.size()) > box + 1 ? box + 1 : -1;
+  rebuild_grounds();
+}
+
+void series2::rebuild_grounds() {
+  combo4 = list_grounds({entry_text(combo1, team_index[0])});
+  combo4_index = combo4.size() > 1 ? 1 : -1;
+}
+
+void series2::choose_team(int box, int index) {
+  team_index[box] = index;
+  rebuild_grounds();
+}
+
+void series2::vscroll1_change(int value) { text1 = number_text(value); }
+
+void series2::command1_click() {
+  const int rounds = typed_number(text1, 5, "Text1");
+  reseed();
+  tri = tri_record();
+  for (int i = 1; i <= 3; ++i) {
+    tri.sides[i] = {entry_text(combo1, team_index[i - 1]), !cpu[i - 1]};
+    tri.tri_table[i].team = tri.sides[i].team;
+  }
+  tri.grounds = combo4;
+  tri.rounds = rounds;
+  while (tri.matches_played < 3 * tri.rounds) play_league_match();
+  if (!tri.final_played) play_final();
+  tri.tri_table = {};
+  closed = true;
+}
+
+void triserresult::open() {
+  std::array<league_row, 4> table = tri.tri_table;
+  sort_league(table, 3, [](int) {});
+  for (int i = 1; i <= 3; ++i) rows[i - 1] = shown_row(table[i]);
+  title = sponsor_of(tri.tri_table[1].team) + " Tri Series";
+  label4_1 = title + " - Table";
+  tri.tri_table[1].note = table[1].team;
+  tri.tri_table[2].note = table[2].team;
+  label5_0 = "Final (from above table) - " + table[1].team + " vs " + table[2].team;
+  label5_1 = tri.tri_table[3].note;
+}
+
+}  // namespace velorin

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/wctable.h"
+
+#include <utility>
+
+#include "competitions/wc_fix.h"
+#include "competitions/wcsstab.h"
+#include "model/random.h"
+#include "model/run_time_error.h"
+#include "model/teams.h"
+#include "ui/front_end.h"
+
+namespace velorin {
+
+namespace {
+
+void show_tables() {
+  wcsstab form;
+  form.open();
+  user().show(form);
+}
+
+void show_fixtures() {
+  wc_fix form;
+  form.open();
+  user().show(form);
+}
+
+int place_of(const wc_group& group, const std::string& name) {
+  int place = 0;
+  for (int i = 1; i <= 5; ++i) {
+    if (group[i].team == name) place = i;
+  }
+  if (place != 0) return place;
+  throw run_time_error(failure::subscript, "Subscript out of range: no such team in the group",
+                       {.file = {}, .record = 0, .field = "team", .player = name});
+}
+
+league_row& cell_against(wc_group_team& team, const std::string& name) {
+  int place = 0;
+  for (int i = 1; i <= 5; ++i) {
+    if (team.versus[i].team == name) place = i;
+  }
+  if (place != 0) return team.versus[place];
+  throw run_time_error(failure::subscript, "Subscript out of range: no such opponent in the group",
+                       {.file = {}, .record = 0, .field = "versus", .player = name});
+}
+
+void run_group_match(wc_group& group, const entered_side& first, const entered_side& second,
+                     const std::string& venue) {
+  enter_match(first, second, venue);
+  wc_group_team& a = group[place_of(group, first.team)];
+  wc_group_team& b = group[place_of(group, second.team)];
+  league_row& cell_a = cell_against(a, second.team);
+  league_row& cell_b = cell_against(b, first.team);
+  cell_a.played += 1;
+  cell_b.played += 1;
+  book_outcome(cell_a, cell_b, first.team, second.team);
+  const bool a_first = match.rate_first.team == a.team;
+  cell_a.net_run_rate += a_first ? match.rate_first.delta : match.rate_second.delta;
+  cell_b.net_run_rate += a_first ? match.rate_second.delta : match.rate_first.delta;
+}
+
+/// After a match of the list: its result, then the tables and the list.
+void close_fixture(int place) {
+  wc_fixture& fixture = world_cup.wc_fixtures[place];
+  fixture.result = match.result_winner.empty() ? "Match Tied" : match.result_winner + " " + match.result_margin;
+  clear_result();
+  world_cup.next_match = place + 1;
+  show_tables();
+  show_fixtures();
+}
+
+void play_group_fixture(int place) {
+  const wc_fixture fixture = world_cup.wc_fixtures[place];
+  const bool in_a = fixture.stage == "A";
+  const wc_group& group = in_a ? world_cup.wc_group_a : world_cup.wc_group_b;
+  const std::array<bool, 5>& human = in_a ? world_cup.human_a : world_cup.human_b;
+  const entered_side first{group[fixture.index_a].team, human[fixture.index_a - 1]};
+  const entered_side second{group[fixture.index_b].team, human[fixture.index_b - 1]};
+  (in_a ? run_wc_match_a : run_wc_match_b)(first, second, fixture.venue);
+  close_fixture(place);
+}
+
+void play_super_six_fixture(int place) {
+  const wc_fixture fixture = world_cup.wc_fixtures[place];
+  const int a = fixture.index_a;
+  const int b = fixture.index_b + 3;
+  run_ss_match({world_cup.wc_super_six[a].team, world_cup.wc_ss_human[a]},
+               {world_cup.wc_super_six[b].team, world_cup.wc_ss_human[b]}, fixture.venue);
+  close_fixture(place);
+}
+
+void pair_semifinals() {
+  sort_league(world_cup.wc_super_six, 6,
+              [](int j) { std::swap(world_cup.wc_ss_human[j], world_cup.wc_ss_human[j + 1]); });
+  constexpr std::array<std::pair<int, int>, 2> pairs = {{{1, 4}, {2, 3}}};
+  for (int i = 1; i <= 2; ++i) {
+    const auto [a, b] = pairs[static_cast<std::size_t>(i - 1)];
+    wc_knockout& semi = world_cup.wc_semi[i];
+    semi.team_a = world_cup.wc_super_six[a].team;
+    semi.team_b = world_cup.wc_super_six[b].team;
+    semi.human_a = world_cup.wc_ss_human[a];
+    semi.human_b = world_cup.wc_ss_human[b];
+  }
+}
+
+void play_knockout(wc_knockout& tie) {
+  clear_result();
+  const std::string venue = draw_ground(world_cup.grounds);
+  enter_match({tie.team_a, tie.human_a}, {tie.team_b, tie.human_b}, venue);
+  tie.winner = match.result_winner;
+  tie.margin = match.result_margin;
+  clear_result();
+}
+
+/// The human flag of a semi-final's winner.
+bool winner_is_human(const wc_knockout& semi) { return semi.team_a == semi.winner ? semi.human_a : semi.human_b; }
+
+/// Ends the tournament if the user has asked for it, and clears his request.
+bool quits() { return std::exchange(world_cup.quit_requested, false); }
+
+/// The stages from the first showing of the fixture list on. True if the form is to close: the user has quit.
+bool play_stages() {
+  if (quits()) return true;
+  world_cup.stage = wc_stage::group_matches;
+  for (world_cup.next_match = 1; world_cup.next_match <= 20;) {
+    play_group_fixture(world_cup.next_match);
+    if (quits()) return true;
+  }
+  world_cup.stage = wc_stage::super_six_draw;
+  build_super_six();
+  show_tables();
+  draw_super_six_fixtures();
+  show_fixtures();
+  if (quits()) return true;
+  world_cup.stage = wc_stage::super_six_matches;
+  for (world_cup.next_match = 21; world_cup.next_match <= 29;) {
+    play_super_six_fixture(world_cup.next_match);
+    // Here the request stays set and the form loaded: the next tournament will end at its first list.
+    if (world_cup.quit_requested) return false;
+  }
+  world_cup.stage = wc_stage::knock_out;
+  pair_semifinals();
+  run_semifinal();
+  return false;
+}
+
+}  // namespace
+
+void run_wc_match_a(const entered_side& first, const entered_side& second, const std::string& venue) {
+  run_group_match(world_cup.wc_group_a, first, second, venue);
+}
+
+void run_wc_match_b(const entered_side& first, const entered_side& second, const std::string& venue) {
+  run_group_match(world_cup.wc_group_b, first, second, venue);
+}
+
+void run_ss_match(const entered_side& first, const entered_side& second, const std::string& venue) {
+  enter_match(first, second, venue);
+  book_league_match(&world_cup.wc_super_six[1], 6, first.team, second.team);
+}
+
+void run_semifinal() {
+  for (world_cup.next_match = 1; world_cup.next_match <= 2; ++world_cup.next_match) {
+    play_knockout(world_cup.wc_semi[world_cup.next_match]);
+    show_tables();
+  }
+  world_cup.wc_final.team_a = world_cup.wc_semi[1].winner;
+  world_cup.wc_final.human_a = winner_is_human(world_cup.wc_semi[1]);
+  world_cup.wc_final.team_b = world_cup.wc_semi[2].winner;
+  world_cup.wc_final.human_b = winner_is_human(world_cup.wc_semi[2]);
+  play_knockout(world_cup.wc_final);
+  show_tables();
+}
+
+void wctable::open() {
+  teams = list_teams();
+  if (teams.size() < 10) {
+    user().show(message_box{"Error", "Not enough teams in current database to play the World cup"});
+    closed = true;
+    return;
+  }
+  for (int i = 0; i < 5; ++i) {
+    combo1[i] = i;
+    combo2[i] = i + 5;
+  }
+  combo3 = {0, -1, -1};
+}
+
+void wctable::command1_click() {
+  reseed();
+  std::vector<std::string> hosts;
+  for (const int index : combo3) hosts.push_back(entry_text(teams, index));
+  world_cup.grounds = list_grounds(hosts);
+  for (std::size_t i = 0; i < 5; ++i) {
+    world_cup.chosen_a[i] = entry_text(teams, combo1[i]);
+    world_cup.chosen_b[i] = entry_text(teams, combo2[i]);
+  }
+  world_cup.human_a = check1;
+  world_cup.human_b = check2;
+  hidden = true;
+  world_cup.stage = wc_stage::drawn;
+  world_cup.next_match = 0;
+  draw_group_fixtures();
+  show_fixtures();
+  closed = play_stages();
+  world_cup.stage = wc_stage::over;
+}
+
+}  // namespace velorin

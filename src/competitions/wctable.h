@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "competitions/world_cup.h"
+
+namespace velorin {
+
+/// The World Cup: groups, hosts, human sides. Its OK plays the whole tournament.
+struct wctable {
+  std::vector<team_entry> teams;          ///< the list of all boxes
+  std::array<int, 5> combo1{};            ///< Group A, entries from 0
+  std::array<int, 5> combo2{};            ///< Group B
+  std::array<bool, 5> check1{};           ///< human sides of Group A
+  std::array<bool, 5> check2{};           ///< human sides of Group B
+  std::array<int, 3> combo3 = {-1, -1, -1};  ///< hosts; -1 for none
+  bool closed = false;
+  bool hidden = false;  ///< play has begun; after a tournament played to its end the form stays loaded and hidden
+
+  static constexpr const char* note = "Note: Select all the human controlled teams.";
+
+  /// Loads the teams and sets the defaults; with fewer than ten teams reports that in a message and closes.
+  void open();
+  /// "OK": draws the fixtures and plays the stages, with the fixture list and the tables between the matches, to the end
+  /// or until the user quits. Draws and asks as told at the stages. Raises what the matches raise.
+  void command1_click();
+  /// "Cancel".
+  void command2_click() { closed = true; }
+};
+
+/// Plays a match of a group and books it in the cells of the two teams, found by name; of several the last counts.
+void run_wc_match_a(const entered_side& first, const entered_side& second, const std::string& venue);
+void run_wc_match_b(const entered_side& first, const entered_side& second, const std::string& venue);
+/// Plays a match of the Super Six and books it in wc_super_six.
+void run_ss_match(const entered_side& first, const entered_side& second, const std::string& venue);
+/// Plays both semi-finals and the final, each on a ground drawn anew, and shows the tables after each.
+void run_semifinal();
+
+/// Fills the groups and draws the twenty group fixtures: venues, then thirty exchanges, then the numbers. Draws, each
+/// exchange after reseeding.
+void draw_group_fixtures();
+/// Sorts both groups, fills wc_super_six with the first three of each and what they carry over.
+void build_super_six();
+/// Notes the human sides and draws the nine Super Six fixtures: venues, then ten exchanges, then the numbers.
+void draw_super_six_fixtures();
+
+}  // namespace velorin
