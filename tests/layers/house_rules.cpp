@@ -22,7 +22,7 @@ struct room {
 };
 
 constexpr room rooms[] = {
-    {"model", 1},  {"ui", 2},    {"database", 2}, {"captain", 3},      {"console", 3}, {"reports", 3}, {"browsers", 3},
+    {"model", 1},  {"ui", 2},    {"database", 2},     {"captain", 3},  {"console", 3}, {"reports", 3}, {"browsers", 3},
     {"engine", 4}, {"setup", 5}, {"competitions", 6}, {"headless", 7}, {"shell", 8},   {"desktop", 8}, {"cli", 8},
 };
 constexpr int highest_core_floor = 7;
@@ -50,9 +50,9 @@ place place_of(const std::string& path) {
 bool may_include(const place& from, const place& to) {
   if (from.room == to.room) return from.window || !to.window || from.room == "shell";
   const int floor = floor_of(to.room);
-  if (from.room == "shell" && !from.window) return to.window || to.room == "desktop" || floor < 7;
+  if (from.room == "shell" && !from.window) return to.window || to.room == "desktop" || floor <= highest_core_floor;
   if (from.room == "desktop") return !to.window && (to.room == "model" || to.room == "ui");
-  if (from.window) return !to.window && (to.room == "desktop" || floor < 7);
+  if (from.window) return !to.window && (to.room == "desktop" || floor <= highest_core_floor);
   return !to.window && floor < floor_of(from.room);
 }
 

@@ -11,13 +11,12 @@
 
 namespace velorin::house {
 
-/// Every folder of src is a room on a floor; a room includes itself and rooms of lower floors, and the file or
-/// the template (.in) that the build fills is there.
-/// Above the numbered floors stand the windows (`forms` folders), which see all floors below and their own room, and
-/// the shell, which also opens the windows. Parts in `desktop` know no subsystem: only the model and the seam.
+/// Every folder of src is a room on a floor; a room includes itself and rooms of lower floors, and the file or the
+/// template (.in) that the build fills is there. The windows (`forms` folders) see the core, `desktop` and their own
+/// room; the shell sees the windows too. Parts in `desktop` know no subsystem: only the model and the seam.
 std::vector<std::string> check_floors(const std::filesystem::path& root);
 
-/// Floors 1 to 6 and the companion include no Qt header, and floors 1 to 6 but the standard library, the system's own
+/// Floors 1 to 7 and the companion include no Qt header, and floors 1 to 7 but the standard library, the system's own
 /// headers and fmt. Windows are free of this.
 std::vector<std::string> check_libraries(const std::filesystem::path& root);
 
