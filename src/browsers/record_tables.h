@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "browsers/shown_table.h"
+
+// The record lists as they stand. Each form reads them when it opens, and raises what read_record_lists raises.
+
+namespace velorin {
+
+/// Record mode 1: the highest individual scores; 0: the best bowling figures. A row without a player is hidden.
+struct highinduv : table_form {
+  void open(int record_mode);
+};
+
+/// Record mode 1: the highest totals; 0: the lowest. A row without a team is hidden.
+struct totrecords : table_form {
+  void open(int record_mode);
+};
+
+/// The record stand for each wicket, a row's place being the wicket. A row without a first man is hidden.
+struct partnrec : table_form {
+  void open();
+};
+
+}  // namespace velorin

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+// What the browsers show, as plain texts: a window lays them out, the companion prints them. Texts are single bytes of
+// Windows-1252; an ampersand stands doubled, as in a caption.
+
+namespace velorin {
+
+enum class alignment { left, right };
+
+/// A column of a table. Numbers are aligned to the right.
+struct shown_column {
+  std::string_view heading;
+  alignment aligned = alignment::left;
+};
+
+/// A visible row of a table.
+struct shown_row {
+  int place = 0;                   ///< from 1, counted with the hidden rows
+  std::vector<std::string> texts;  ///< one for each column
+};
+
+/// A table under a title. Hidden rows are left out.
+struct shown_table {
+  std::string title;
+  std::vector<shown_column> columns;
+  std::vector<shown_row> rows;
+};
+
+/// A text under its caption; both with their own blanks.
+struct shown_field {
+  std::string_view caption;
+  std::string text;
+};
+
+/// A form that shows one table.
+struct table_form {
+  static constexpr std::string_view command1_caption = "OK";
+
+  shown_table table;
+  bool closed = false;
+
+  void command1_click() { closed = true; }
+};
+
+}  // namespace velorin
