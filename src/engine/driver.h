@@ -42,6 +42,12 @@ struct main_console {
   /// The worm and the graph of overs.
   void command6_click();
   void command11_click();
+  /// The profiles of the bowler (7), the next bowler (9), and the batsmen in slot 0 (8) and slot 1 (10). Asks the front
+  /// end; a man without a career is a message.
+  void command7_click();
+  void command8_click();
+  void command9_click();
+  void command10_click();
   /// Shows a past over: 1 to the number of overs completed. Other values are left alone.
   void vscroll1_change(int over);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "browsers/sqdet.h"
 #include "console/captain_forms.h"
 #include "engine/driver.h"
 #include "model/teams.h"
@@ -31,6 +32,16 @@ void main_console::command5_click(int slot) {
 }
 
 void main_console::command6_click() { user().open(report::worms); }
+
+void main_console::command7_click() { show_profile(match.team2_name, match.bowling_card[match.bowler].name); }
+
+void main_console::command8_click() { show_profile(match.team1_name, match.batting_card[match.lower_batsman()].name); }
+
+void main_console::command9_click() { show_profile(match.team2_name, match.bowling_card[match.next_bowler].name); }
+
+void main_console::command10_click() {
+  show_profile(match.team1_name, match.batting_card[match.higher_batsman()].name);
+}
 
 void main_console::command11_click() { user().open(report::graphs); }
 

@@ -3,10 +3,12 @@
 
 #include <algorithm>
 
+#include "browsers/allrecs.h"
 #include "database/elevens.h"
 #include "model/teams.h"
 #include "model/texts.h"
 #include "setup/toss.h"
+#include "ui/front_end.h"
 
 namespace velorin {
 
@@ -37,6 +39,12 @@ void teamsel::check1_click(int place) {
 void teamsel::command4_click() {
   counted_ = counted_ || ticked() != 0;
   check1.fill(false);
+}
+
+void teamsel::command5_click(int index) const {
+  allrecs form;
+  form.open(index == 0 ? allrecs::career_batting : allrecs::career_bowling, team_);
+  user().show(form);
 }
 
 void teamsel::confirm(int side_index) {

@@ -35,6 +35,9 @@ struct teamsel {
   void command3_click();
   /// "Clear Selection".
   void command4_click();
+  /// "Career Bat Avgs." (0) and "Career Bowl Avgs." (1): the records of the team's players. Asks the front end. Raises
+  /// what read_career_table raises.
+  void command5_click(int index) const;
   /// "OK" of the first team; it is shown while match.first_team_done is clear. Nothing happens unless exactly eleven are
   /// ticked. Writes the eleven and closes the form. Raises what write_eleven raises.
   void command1_click();
