@@ -18,6 +18,7 @@ using command_action = std::function<int()>;
 
 void add_match(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_competitions(CLI::App& app, const program_options& program, streams io, command_action& action);
+void add_report(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_db(CLI::App& app, const program_options& program, streams io, command_action& action);
 
 /// Starts from blank records, as a new process does, and makes the folder, the database and the source of chance of the command line the ones in use, without updates and with
