@@ -119,6 +119,8 @@ void teamfrm::enter(const std::string& first, const std::string& second, const s
 
 void teamfrm::command1_click() {
   visible = false;
+  // A match that broke off between its two selections has left its mark.
+  match.first_team_done = false;
   try {
     take_ground(combo3_text());
     match.computer_bats = option1_cpu;
