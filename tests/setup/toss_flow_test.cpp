@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "database/elevens.h"
+#include "engine/driver.h"
+#include "model/random.h"
+#include "setup/toss.h"
+#include "support/sample_match.h"
+#include "support/scripted_user.h"
+
+// The toss by who captains the two teams, up to the opening of the console.
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr double one = 0.4999999;
+constexpr double two = 0.5;
+
+/// Leaves an unattended match at its first ball.
+struct first_ball {};
+
+class TossFlow : public ::testing::Test {
+ protected:
+  /// Plays Home against Away up to the first over; the draws given are those of the toss.
+  void play(bool first_computer, bool second_computer, std::vector<double> draws) {
+    set_up_sample_match(first_computer, second_computer);
+    write_eleven(side::first, match.batting_xi);
+    write_eleven(side::second, match.bowling_xi);
+    user_.requests.clear();
+    user_.on_console = [](main_console&) { match.console_open = false; };
+    user_.on_ball = [] { throw first_ball(); };
+    toss_draws_ = draws.size();
+    draws.resize(draws.size() + 20, 0.9999999);
+    script_draws(std::move(draws));
+    try {
+      toss_and_play();
+    } catch (const first_ball&) {
+    }
+  }
+  /// Answers the next toss: a look at the screen, a button of the coin if it shows one, then "Bat" or "Bowl".
+  void answer(bool bat) {
+    user_.on_toss.push_back([this, bat](toss& form) {
+      if (form.coin_visible) {
+        EXPECT_EQ(chance.draws_used(), 0U) << "nothing is drawn before the call";
+        form.command1_click(1);
+      }
+      EXPECT_EQ(chance.draws_used(), toss_draws_) << "all draws of the toss, and no more";
+      EXPECT_TRUE(bat ? form.command2_enabled : form.command3_enabled);
+      bat ? form.command2_click() : form.command3_click();
+    });
+  }
+  /// Who bats, and that flags and elevens have gone with the names.
+  static void expect_batting(const std::string& team, bool computer_bats, bool computer_bowls) {
+    EXPECT_EQ(match.team1_name, team);
+    EXPECT_EQ(match.team2_name, team == "Home" ? "Away" : "Home");
+    EXPECT_EQ(match.computer_bats, computer_bats);
+    EXPECT_EQ(match.computer_bowls, computer_bowls);
+    EXPECT_EQ(match.batting_xi[2].name, team == "Home" ? "H.Bat2" : "A.Bowl2");
+    EXPECT_EQ(match.bowling_xi[2].name, team == "Home" ? "A.Bowl2" : "H.Bat2");
+  }
+  std::vector<std::string> toss_requests() const {
+    std::vector<std::string> found;
+    for (const std::string& request : user_.requests) {
+      if (request.starts_with("toss") || request.starts_with("message The toss")) found.push_back(request);
+    }
+    return found;
+  }
+
+  scripted_user user_;
+  front_end_scope shown_{user_};
+  std::size_t toss_draws_ = 0;
+};
+
+TEST_F(TossFlow, TwoComputersTakeOneDrawAndShowNothing) {
+  play(true, true, {one});
+  EXPECT_THAT(user_.requests, IsEmpty());
+  expect_batting("Home", true, true);
+  play(true, true, {two});
+  EXPECT_THAT(user_.requests, IsEmpty());
+  expect_batting("Away", true, true);
+}
+
+TEST_F(TossFlow, TwoComputersOfOneNameSwapEitherWay) {
+  for (const double draw : {one, two}) {
+    set_up_sample_match();
+    match.team2_name = "Home";
+    write_eleven(side::first, match.batting_xi);
+    write_eleven(side::second, match.bowling_xi);
+    user_.on_ball = [] { throw first_ball(); };
+    std::vector<double> draws(20, 0.9999999);
+    draws[0] = draw;
+    script_draws(draws);
+    EXPECT_THROW(toss_and_play(), first_ball);
+    EXPECT_EQ(match.batting_xi[1].name, "A.Bowl1");
+  }
+}
+
+TEST_F(TossFlow, AComputerAgainstAHumanCallsItself) {
+  answer(true);
+  play(true, false, {one, one, one});
+  EXPECT_THAT(toss_requests(), ElementsAre("message The toss | Home have taken Heads",
+                                           "toss Home have won the toss.They have elected to field first."));
+  expect_batting("Away", false, true);
+  answer(false);
+  play(true, false, {two, one, two});
+  EXPECT_THAT(toss_requests(), ElementsAre("message The toss | Home have taken Tails",
+                                           "toss Home have won the toss.They have elected to bat first."));
+  expect_batting("Home", true, false);
+}
+
+TEST_F(TossFlow, AHumanSecondTeamThatWinsChooses) {
+  answer(true);
+  play(true, false, {one, two});
+  EXPECT_THAT(toss_requests(), ElementsAre("message The toss | Home have taken Heads", "toss Away have won the toss."));
+  expect_batting("Away", false, true);
+  answer(false);
+  play(true, false, {two, two});
+  EXPECT_THAT(toss_requests(), ElementsAre("message The toss | Home have taken Tails", "toss Away have won the toss."));
+  expect_batting("Home", true, false);
+}
+
+TEST_F(TossFlow, AHumanCallsAgainstAComputer) {
+  answer(true);
+  play(false, true, {one});
+  EXPECT_THAT(toss_requests(), ElementsAre("toss Home to call..."));
+  expect_batting("Home", false, true);
+  answer(false);
+  play(false, true, {one});
+  expect_batting("Away", true, false);
+  answer(true);  // the computer fields
+  play(false, true, {two, one});
+  expect_batting("Home", false, true);
+  answer(false);  // the computer bats
+  play(false, true, {two, two});
+  expect_batting("Away", true, false);
+}
+
+TEST_F(TossFlow, OfTwoHumansTheWinnerChooses) {
+  answer(true);
+  play(false, false, {one});
+  EXPECT_THAT(toss_requests(), ElementsAre("toss Home to call..."));
+  expect_batting("Home", false, false);
+  answer(false);
+  play(false, false, {one});
+  expect_batting("Away", false, false);
+  answer(true);
+  play(false, false, {two});
+  expect_batting("Away", false, false);
+  answer(false);
+  play(false, false, {two});
+  expect_batting("Home", false, false);
+}
+
+TEST_F(TossFlow, TheConsoleIsShownOnlyWithAHuman) {
+  answer(true);
+  play(false, true, {one});
+  EXPECT_EQ(user_.requests.back(), "console");
+  EXPECT_EQ(user_.progress_calls, 0);
+  EXPECT_FALSE(match.console_open);
+  play(true, true, {one});
+  EXPECT_EQ(user_.requests_of("console").size(), 0U);
+  EXPECT_EQ(user_.progress_calls, 1);
+}
+
+}  // namespace
+}  // namespace velorin::testing

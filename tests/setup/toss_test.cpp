@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/toss.h"
+
+#include <gtest/gtest.h>
+
+#include "database/configuration.h"
+#include "database/elevens.h"
+#include "model/random.h"
+#include "model/teams.h"
+#include "support/sample_match.h"
+
+// The screen of the toss.
+
+namespace velorin::testing {
+namespace {
+
+constexpr double one = 0.4999999;
+constexpr double two = 0.5;
+
+/// Home against Away, their elevens selected.
+void set_up_toss(bool first_computer, bool second_computer) {
+  set_up_sample_match(first_computer, second_computer);
+  write_eleven(side::first, match.batting_xi);
+  write_eleven(side::second, match.bowling_xi);
+}
+
+/// The screen after the call, and the draws that the call took.
+toss called(bool second_computer, std::vector<double> draws, int button = 0) {
+  set_up_toss(false, second_computer);
+  const std::size_t count = draws.size();
+  script_draws(std::move(draws));
+  toss form;
+  form.open();
+  form.command1_click(button);
+  EXPECT_EQ(chance.draws_used(), count);
+  return form;
+}
+
+void expect_screen(const toss& form, const std::string& headline, const std::string& deciding, const std::string& other,
+                   bool bat, bool bowl) {
+  EXPECT_EQ(form.label1, headline);
+  EXPECT_EQ(form.label2, deciding);
+  EXPECT_EQ(form.label3, other);
+  EXPECT_FALSE(form.coin_visible);
+  EXPECT_EQ(form.command2_enabled, bat);
+  EXPECT_EQ(form.command3_enabled, bowl);
+  EXPECT_FALSE(form.closed);
+}
+
+/// The side that bats first, the flags and the elevens going with the names.
+void expect_first(const std::string& first, bool first_computer, bool second_computer) {
+  const bool home = first == "Home";
+  EXPECT_EQ(match.team1_name, first);
+  EXPECT_EQ(match.team2_name, home ? "Away" : "Home");
+  EXPECT_EQ(match.computer_bats, home ? first_computer : second_computer);
+  EXPECT_EQ(match.computer_bowls, home ? second_computer : first_computer);
+  read_elevens();
+  EXPECT_EQ(match.batting_xi[1].name, home ? "H.Bat1" : "A.Bowl1");
+  EXPECT_EQ(match.bowling_xi[11].name, home ? "A.Bowl11" : "H.Bat11");
+}
+
+TEST(Toss, OpensWithTheFirstTeamToCall) {
+  set_up_toss(false, false);
+  script_draws({});
+  toss form;
+  form.label2 = "old";
+  form.command2_enabled = false;
+  form.closed = true;
+  form.open();
+  EXPECT_EQ(form.label1, "Home to call...");
+  EXPECT_TRUE(form.coin_visible);
+  EXPECT_TRUE(form.command2_enabled);
+  EXPECT_TRUE(form.command3_enabled);
+  EXPECT_FALSE(form.closed);
+}
+
+TEST(Toss, TheFirstTeamWinsOnOneWhicheverButtonIsPressed) {
+  for (const bool computer : {false, true}) {
+    for (const double draw : {0.0, one}) {
+      for (const int button : {0, 1}) {
+        expect_screen(called(computer, {draw}, button), "Home have won the toss.", "Home", "Away", true, true);
+      }
+    }
+  }
+}
+
+TEST(Toss, AHumanSecondTeamWinsOnTwoAndDecides) {
+  for (const double draw : {two, 0.9999999}) {
+    for (const int button : {0, 1}) {
+      expect_screen(called(false, {draw}, button), "Away have won the toss.", "Away", "Home", true, true);
+    }
+  }
+}
+
+TEST(Toss, AComputerSecondTeamElects) {
+  expect_screen(called(true, {two, one}), "Away have won the toss and have elected to field first.", "Home", "Away",
+                true, false);
+  expect_screen(called(true, {two, two}, 1), "Away have won the toss and have elected to bat first.", "Home", "Away",
+                false, true);
+}
+
+TEST(Toss, TheDecisionOfAComputerFirstTeamIsPrepared) {
+  set_up_toss(true, false);
+  toss form;
+  script_draws({one, one});
+  form.open_decided();
+  expect_screen(form, "Home have won the toss.They have elected to field first.", "Away", "Home", true, false);
+  script_draws({one, two});
+  form.open_decided();
+  expect_screen(form, "Home have won the toss.They have elected to bat first.", "Away", "Home", false, true);
+  script_draws({two});
+  form.open_decided();
+  expect_screen(form, "Away have won the toss.", "Away", "Home", true, true);
+}
+
+TEST(TossDecision, OfTheFirstTeam) {
+  toss form = called(false, {one});
+  form.command2_click();
+  EXPECT_TRUE(form.closed);
+  expect_first("Home", false, false);
+  form = called(true, {one});
+  form.command3_click();
+  EXPECT_TRUE(form.closed);
+  expect_first("Away", false, true);
+}
+
+TEST(TossDecision, OfAHumanSecondTeam) {
+  toss form = called(false, {two});
+  form.command2_click();
+  expect_first("Away", false, false);
+  form = called(false, {two});
+  form.command3_click();
+  expect_first("Home", false, false);
+}
+
+TEST(TossDecision, ConfirmsTheElectionOfAComputerSecondTeam) {
+  toss form = called(true, {two, one});
+  form.command2_click();
+  expect_first("Home", false, true);
+  form = called(true, {two, two});
+  form.command3_click();
+  expect_first("Away", false, true);
+}
+
+TEST(TossDecision, ConfirmsTheElectionOfAComputerFirstTeam) {
+  set_up_toss(true, false);
+  toss form;
+  script_draws({one, one});
+  form.open_decided();
+  form.command2_click();
+  expect_first("Away", true, false);
+  set_up_toss(true, false);
+  script_draws({one, two});
+  form.open_decided();
+  form.command3_click();
+  expect_first("Home", true, false);
+}
+
+TEST(TossDecision, OfAHumanWhoBeatsAComputerFirstTeam) {
+  set_up_toss(true, false);
+  toss form;
+  script_draws({two});
+  form.open_decided();
+  form.command3_click();
+  expect_first("Home", true, false);
+}
+
+TEST(TossDecision, OfOneTeamAgainstItselfAlwaysSwaps) {
+  for (const bool bat : {true, false}) {
+    set_up_toss(false, true);
+    match.team2_name = "Home";
+    script_draws({one});
+    toss form;
+    form.open();
+    form.command1_click(0);
+    bat ? form.command2_click() : form.command3_click();
+    EXPECT_EQ(match.team1_name, "Home");
+    EXPECT_TRUE(match.computer_bats);
+    EXPECT_FALSE(match.computer_bowls);
+    read_elevens();
+    EXPECT_EQ(match.batting_xi[1].name, "A.Bowl1");
+    EXPECT_EQ(match.bowling_xi[1].name, "H.Bat1");
+  }
+}
+
+}  // namespace
+}  // namespace velorin::testing

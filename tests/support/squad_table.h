@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/records.h"
+#include "setup/teamsel.h"
+
+namespace velorin::testing {
+
+/// A place of a squad as a test writes it down.
+struct squad_row {
+  std::string role;
+  int skill = 0;
+  float sr = 90;
+  float econ = 9;
+  bool keeper = false;
+  std::string type = "spinner";
+};
+
+/// The squad of these rows, its men named "p1" and so on; the places behind them are empty.
+squad squad_of(const std::vector<squad_row>& rows);
+
+/// The places ticked, in order.
+std::vector<int> ticked_places(const teamsel& form);
+
+/// A selection screen with its squad.
+class selection {
+ public:
+  explicit selection(const squad& men, const std::string& team = "Home") : men_(men) { form.open(team, men_); }
+  selection(const selection&) = delete;
+  selection& operator=(const selection&) = delete;
+
+  teamsel form;
+
+ private:
+  squad men_;
+};
+
+/// What Auto Select ticks.
+std::vector<int> auto_selected(const squad& men);
+inline std::vector<int> auto_selected(const std::vector<squad_row>& rows) { return auto_selected(squad_of(rows)); }
+
+}  // namespace velorin::testing
