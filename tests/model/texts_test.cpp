@@ -145,6 +145,7 @@ TEST(IsNumeric, OnlyDigitsCountAndAtLeastOne) {
   EXPECT_TRUE(is_numeric("0"));
   EXPECT_TRUE(is_numeric("6"));
   EXPECT_TRUE(is_numeric("12"));
+  EXPECT_TRUE(is_numeric("0123456789"));
   for (const char* text : {"", "W", "1lb", "4b", "-1", "+1", " 1", "1 ", "1.5", "\xB2"}) {
     EXPECT_FALSE(is_numeric(text)) << '"' << text << '"';
   }
