@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <utility>
@@ -17,8 +18,10 @@ namespace {
 
 /// The elevens while files.elevens_in_memory is set.
 struct elevens_held {
-  eleven first;
-  eleven second;
+  std::array<eleven, 2> men;
+  bool exchanged = false;  ///< the first side's men are men[1]
+
+  eleven& of(side which) { return men[(which == side::second) != exchanged ? 1 : 0]; }
 };
 elevens_held held;
 
@@ -45,7 +48,7 @@ void hold_eleven(side which, const eleven& men) {
          .field = {},
          .player = men[i].name});
   }
-  (which == side::first ? held.first : held.second) = men;
+  held.of(which) = men;
 }
 
 void read_eleven(const std::filesystem::path& path, eleven& men) {
@@ -81,8 +84,8 @@ void write_eleven(side which, const eleven& men) {
 
 void read_elevens() {
   if (files.elevens_in_memory) {
-    match.batting_xi = held.first;
-    match.bowling_xi = held.second;
+    match.batting_xi = held.of(side::first);
+    match.bowling_xi = held.of(side::second);
     return;
   }
   read_eleven(first_file(), match.batting_xi);
@@ -91,7 +94,7 @@ void read_elevens() {
 
 void swap_elevens() {
   if (files.elevens_in_memory) {
-    std::swap(held.first, held.second);
+    held.exchanged = !held.exchanged;
     return;
   }
   const folder_lock turn(first_file());

@@ -50,7 +50,7 @@ class kept_file {
   /// Forgets the records unless they still are those of the file.
   void renew(const std::filesystem::path& path) {
     const file_state now = state_of(path);
-    if (settled_ && now == state_ && path == path_) return;
+    if (settled_ && now == state_ && path.native() == path_.native()) return;
     settled_ = false;
     records_.reset();
     file_.emplace(slot_file::read_existing(path, team_slot));

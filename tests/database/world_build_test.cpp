@@ -1,80 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fmt/format.h>
-#include <gmock/gmock.h>
 
-#include <limits>
-
-#include "database/csv.h"
-#include "database/database_fixture.h"
-#include "database/saveavgs.h"
 #include "database/slots.h"
 #include "database/teams_file.h"
-#include "database/world.h"
+#include "database/world_fixture.h"
 
 namespace velorin {
 namespace {
 
 using testing::bytes_of;
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using testing::error_of;
+using testing::ground_header;
+using testing::halden;
 using ::testing::HasSubstr;
 using testing::names_in;
-using ::testing::Not;
+using testing::orr;
+using testing::park;
+using testing::player_header;
 using ::testing::StartsWith;
 using testing::write_bytes;
 
-const std::string player_header = "team,name,bat_skill,bowl_sr,econ,keeper,hand,role,bowler_type";
-const std::string ground_header = "country,ground,pitch_bounce,pitch_surface,start_time";
-const std::string halden = "Alba,R.M.Halden,42,31.5,4.7,no,RH ,Opener,Medium Pacer";
-const std::string orr = "Alba,K.Orr,28,99,9.25,yes,LH ,Lower Order,spinner";
-const std::string park = "Alba,Harbour Park,3,2,1030";
-
-class WorldBuild : public testing::database_fixture {
- protected:
-  /// Builds from the given rows below the usual headers.
-  void build(const std::vector<std::string>& players, const std::vector<std::string>& grounds) {
-    build_tables(player_header, players, ground_header, grounds);
-  }
-  void build_tables(const std::string& players_line, const std::vector<std::string>& players,
-                    const std::string& grounds_line, const std::vector<std::string>& grounds) {
-    std::filesystem::create_directory(folder / "source");
-    write_bytes(folder / "source" / "players.csv", table(players_line, players));
-    write_bytes(folder / "source" / "grounds.csv", table(grounds_line, grounds));
-    build_database(folder / "source", files.team, files.grd);
-  }
-  /// The refusal of a source; nothing must be written.
-  run_time_error refusal(const std::vector<std::string>& players, const std::vector<std::string>& grounds) {
-    const auto error = error_of([&] { build(players, grounds); });
-    EXPECT_THAT(names_in(folder), ElementsAre("source"));
-    return error;
-  }
-  std::string refused_player(const std::string& row) { return refusal({halden, row}, {park}).what(); }
-  std::string refused_ground(const std::string& row) { return refusal({halden}, {park, row}).what(); }
-
-  /// Builds, dumps, builds again, and expects the same bytes.
-  void expect_round_trip() {
-    const std::string team = bytes_of(files.team);
-    const std::string grd = bytes_of(files.grd);
-    dump_database(files, folder / "dump");
-    build_database(folder / "dump", folder / "again.team", folder / "again.grd");
-    EXPECT_EQ(bytes_of(folder / "again.team"), team);
-    EXPECT_EQ(bytes_of(folder / "again.grd"), grd);
-    std::filesystem::remove(folder / "again.team");
-    std::filesystem::remove(folder / "again.grd");
-  }
-
-  static std::string table(const std::string& header, const std::vector<std::string>& rows) {
-    std::string text = header + "\r\n";
-    for (const std::string& row : rows) text += row + "\r\n";
-    return text;
-  }
-};
+class WorldBuild : public testing::world_fixture {};
 
 TEST_F(WorldBuild, TeamsStandInTheOrderOfTheirFirstRow) {
-  build(
-      {"Tamar,T.One,1,0.5,0.1,no,RH ,Opener,Fast Bowler", halden, "Tamar,T.Two,32767,99,9,yes,RHB,Opener,x", orr},
-      {park, "Neutral,Old Field,1,4,2359", "Tamar,Ford,4,1,1000"});
+  build({"Tamar,T.One,1,0.5,0.1,no,RH ,Opener,Fast Bowler", halden, "Tamar,T.Two,32767,99,9,yes,RHB,Opener,x", orr},
+        {park, "Neutral,Old Field,1,4,2359", "Tamar,Ford,4,1,1000"});
   const auto& teams = read_team_list();
   ASSERT_EQ(teams.size(), 2U);
   EXPECT_EQ(teams[0].team_name, "Tamar");
@@ -277,114 +228,6 @@ TEST_F(WorldBuild, AFailedWriteLeavesTheOldDatabase) {
   EXPECT_EQ(error_of([&] { build({halden, orr}, {park}); }).kind(), failure::file);
   EXPECT_EQ(bytes_of(files.team), team);
   EXPECT_THAT(names_in(folder), ElementsAre("base.grd.new", "base.team", "source"));
-}
-
-class WorldDump : public WorldBuild {};
-
-TEST_F(WorldDump, WritesCareersAndRecordsToRead) {
-  build({halden}, {park});
-  testing::set_up_finished_match();
-  update_career();
-  update_records();
-  dump_database(files, folder / "dump");
-  EXPECT_THAT(names_in(folder / "dump"),
-              ElementsAre("careers.csv", "grounds.csv", "highest_totals.csv", "lowest_totals.csv", "partnerships.csv",
-                          "players.csv", "team_table.csv", "top_bowling.csv", "top_scores.csv"));
-  const csv_table careers(folder / "dump" / "careers.csv",
-                          {"team",
-                           "name",
-                           "matches",
-                           "innings",
-                           "runs",
-                           "balls_faced",
-                           "fours",
-                           "sixes",
-                           "twos",
-                           "threes",
-                           "singles",
-                           "dots",
-                           "wickets",
-                           "catches",
-                           "stumpings",
-                           "balls_bowled",
-                           "maidens",
-                           "runs_given",
-                           "career_reserved_1",
-                           "hundreds",
-                           "fifties",
-                           "five_wickets",
-                           "not_outs",
-                           "best_wickets",
-                           "best_runs",
-                           "high_score",
-                           "high_not_out",
-                           "high_against",
-                           "best_against",
-                           "career_reserved_2",
-                           "career_reserved_3",
-                           "career_reserved_4"},
-                          {});
-  ASSERT_EQ(careers.rows(), 22);
-  EXPECT_EQ(careers.text(12, "team"), "Alba");
-  EXPECT_EQ(careers.text(12, "name"), "A.Man2");
-  EXPECT_EQ(careers.text(12, "high_score"), "120");
-  EXPECT_EQ(careers.text(12, "career_reserved_2"), "0000000000000000");
-  EXPECT_EQ(bytes_of(folder / "dump" / "highest_totals.csv"),
-            "line,total,balls,wickets,team,against,venue\r\n1,231,300,3,Alba,Tamar,Harbour Park\r\n"
-            "2,174,262,10,Tamar,Alba,Harbour Park\r\n");
-  EXPECT_THAT(bytes_of(folder / "dump" / "top_scores.csv"),
-              StartsWith("line,player,runs,balls,team,against,venue,not_out\r\n"
-                         "1,A.Man2,120,110,Alba,Tamar,Harbour Park,0\r\n"));
-  EXPECT_THAT(bytes_of(folder / "dump" / "top_bowling.csv"),
-              HasSubstr("\r\n1,A.Man9,31,60,5,Alba,Tamar,Harbour Park\r\n"));
-  EXPECT_THAT(bytes_of(folder / "dump" / "partnerships.csv"),
-              HasSubstr("\r\n1,150,30.1,150,181,181,A.Man1,A.Man2,00000000,Alba,Tamar,Harbour Park\r\n"));
-  EXPECT_THAT(
-      bytes_of(folder / "dump" / "team_table.csv"),
-      HasSubstr("\r\n,,,1,,,231,Tamar,Harbour Park,174,Tamar,Harbour Park,1000,,,174,Tamar,Harbour Park,Alba\r\n"));
-}
-
-TEST_F(WorldDump, ADatabaseThatHasNotPlayedHasEmptyTables) {
-  build({halden}, {park});
-  dump_database(files, folder / "dump");
-  EXPECT_EQ(bytes_of(folder / "dump" / "lowest_totals.csv"), "line,total,balls,wickets,team,against,venue\r\n");
-  EXPECT_THAT(names_in(folder), Not(Contains("base.rec"))) << "the database is only read";
-}
-
-TEST_F(WorldDump, WhatATableCannotKeepIsRefused) {
-  build({halden, orr}, {park});
-  const std::string good = bytes_of(files.team);
-  const auto refused = [&](team_rec team, int teams) {
-    slot_file file({}, team_slot, "x");
-    file.put(1, encoded_field(integer(teams)), {});
-    for (int t = 1; t <= teams; ++t) file.put(t + 1, encoded(team), {});
-    write_bytes(files.team, file.bytes());
-    const auto error = error_of([&] { dump_database(files, folder / "dump"); });
-    EXPECT_FALSE(std::filesystem::exists(folder / "dump"));
-    return std::string(error.what());
-  };
-  team_rec team = read_team_list()[0];
-  team.squad[2].is_keeper = 1;
-  EXPECT_EQ(refused(team, 1),
-            "A table cannot keep a flag that is not -1 or 0 (file base.team, record 2, "
-            "field squad[2].is_keeper, at \"K.Orr\")");
-  team.squad[2].is_keeper = 0;
-  team.squad[2].econ = std::numeric_limits<float>::quiet_NaN();
-  EXPECT_THAT(refused(team, 1), HasSubstr("field squad[2].econ"));
-  team.squad[2].econ = 4;
-  EXPECT_THAT(refused(team, 2), HasSubstr("two teams of one name (file base.team, record 3"));
-  write_bytes(files.team, good);
-  dump_database(files, folder / "dump");
-}
-
-TEST_F(WorldDump, AMissingTeamFileIsAnError) {
-  EXPECT_STREQ(error_of([&] { dump_database(files, folder / "dump"); }).what(), "The file is missing (file base.team)");
-}
-
-TEST_F(WorldDump, AFolderThatCannotBeMadeIsAnError) {
-  build({halden}, {park});
-  write_bytes(folder / "dump", "a file");
-  EXPECT_EQ(error_of([&] { dump_database(files, folder / "dump"); }).kind(), failure::file);
 }
 
 }  // namespace

@@ -60,6 +60,7 @@ void scripted_user::show(aggr& form) {
 
 void scripted_user::show(batsmandetails& form) {
   requests.push_back("batsmandetails " + form.figures.headline);
+  if (on_batsmandetails) on_batsmandetails(form);
   form.command1_click();
 }
 

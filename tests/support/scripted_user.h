@@ -30,6 +30,7 @@ class scripted_user : public headless_user {
   std::deque<std::function<void(batorder&)>> on_batorder;
   std::deque<std::function<void(chgbowler&)>> on_chgbowler;
   std::deque<std::function<void(aggr&)>> on_aggr;
+  std::function<void(batsmandetails&)> on_batsmandetails;  ///< looks at the form before it is closed
   std::function<void(main_console&)> on_console;  ///< instead of pressing Next Over to the end
   std::function<void()> on_ball;
   std::function<void(report)> on_report;

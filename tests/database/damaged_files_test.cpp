@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Files with damage anywhere are read, refused with a run-time error or listed as faulty, and nothing else happens.
+#include <algorithm>
+#include <random>
+
+#include "database/database_fixture.h"
+#include "database/records.h"
+#include "database/saveavgs.h"
+#include "database/slots.h"
+#include "database/teams_file.h"
+#include "database/world.h"
+
+namespace velorin {
+namespace {
+
+using testing::bytes_of;
+using testing::write_bytes;
+
+constexpr int rounds = 100;
+
+class DamagedFiles : public testing::database_fixture {
+ protected:
+  /// A database of one team and one ground that has played a match.
+  void SetUp() override {
+    database_fixture::SetUp();
+    write_bytes(folder / "players.csv",
+                "team,name,bat_skill,bowl_sr,econ,keeper,hand,role,bowler_type\n"
+                "Alba,K.Orr,28,99,9.25,yes,LH ,Lower Order,spinner\n");
+    write_bytes(folder / "grounds.csv",
+                "country,ground,pitch_bounce,pitch_surface,start_time\nAlba,Harbour Park,3,2,1030\n");
+    build_database(folder, files.team, files.grd);
+    testing::set_up_finished_match();
+    update_career();
+    update_records();
+  }
+
+  /// The file with some bytes changed among the first of its slots, and sometimes an end that comes early.
+  std::string damaged(const std::string& bytes, std::size_t slot) {
+    std::string copy = bytes;
+    for (std::uint_fast32_t changes = 1 + random_() % 6; changes > 0; --changes) {
+      const std::size_t record = random_() % (bytes.size() / slot);
+      copy[record * slot + random_() % std::min<std::size_t>(slot, 120)] = static_cast<char>(random_());
+    }
+    if (random_() % 8 == 0) copy.resize(random_() % copy.size());
+    return copy;
+  }
+
+  /// Runs a procedure; true if it raised a run-time error. Anything else that it raises fails the test.
+  template <typename Procedure>
+  static bool refused(Procedure procedure) {
+    try {
+      procedure();
+      return false;
+    } catch (const run_time_error& error) {
+      EXPECT_STRNE(error.what(), "");
+      return true;
+    }
+  }
+
+ private:
+  std::mt19937 random_{7};
+};
+
+TEST_F(DamagedFiles, AreReadRefusedOrListed) {
+  const std::string team = bytes_of(files.team);
+  const std::string grd = bytes_of(files.grd);
+  const std::string rec = bytes_of(files.rec);
+  const std::string ptr = bytes_of(files.ptr);
+  ASSERT_TRUE(check_database(files).empty());
+  int listed = 0;
+  int refusals = 0;
+  for (int round = 0; round < rounds; ++round) {
+    write_bytes(files.team, damaged(team, team_slot));
+    write_bytes(files.grd, damaged(grd, team_slot));
+    write_bytes(files.rec, damaged(rec, career_slot));
+    write_bytes(files.ptr, damaged(ptr, records_slot));
+    const bool faulty = !check_database(files).empty();
+    bool any = refused([] { read_team_list(); });
+    any |= refused([] { read_grounds(); });
+    any |= refused([] { read_career_table(); });
+    any |= refused([] { read_record_lists(); });
+    EXPECT_TRUE(faulty || !any) << "round " << round << ": what cannot be read is a fault";
+    listed += faulty ? 1 : 0;
+    refusals += any ? 1 : 0;
+    refused([&] { dump_database(files, folder / "dump"); });
+    refused(update_career);
+    refused(update_records);
+  }
+  EXPECT_GT(listed, rounds / 2);
+  EXPECT_GT(refusals, rounds / 4);
+  EXPECT_LT(refusals, rounds) << "some damage is only a wrong figure";
+}
+
+}  // namespace
+}  // namespace velorin
