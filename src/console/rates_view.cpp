@@ -20,7 +20,7 @@ logged count_overs(const ball_log_table& log, int from, int to) {
   logged sum;
   for (int over = from < 1 ? 1 : from; over <= to && over <= 50; ++over) {
     for (int slot = 1; slot <= 6; ++slot) {
-      const std::string& symbol = log[over][slot];
+      const short_text& symbol = log[over][slot];
       if (const int number = symbol_number(symbol); number > 0) sum.runs += number;
       if (symbol == "W") ++sum.wickets;
     }
@@ -34,7 +34,9 @@ std::string last_five() {
   if (rates.innings_balls - 24 <= 0) return " - ";
   // Only overs that were complete at the refresh; the one in progress was still empty then.
   const int last = overs < rates.over_no ? overs : rates.over_no - 1;
-  return number_text(round_to(count_overs(match.ball_log, overs - 4, last).runs / 5.0, 2));
+  // Between the change of innings and the first refresh after it the cell keeps the value of the innings before.
+  const ball_log_table& log = rates.projection_empty ? match.first_ball_log : match.ball_log;
+  return number_text(round_to(count_overs(log, overs - 4, last).runs / 5.0, 2));
 }
 
 std::vector<rate_cell> projections() {
