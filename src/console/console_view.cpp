@@ -36,7 +36,7 @@ batsman_view view_batsman(int slot) {
   batsman_view view;
   view.position = slot == 0 ? match.lower_batsman() : match.higher_batsman();
   const batting_card_rec& card = match.batting_card[view.position];
-  view.name = card.name + (view.position == match.striker ? " *" : "");
+  view.name = card.name + (view.position != 0 && view.position == match.striker ? " *" : "");
   view.runs = card.runs;
   view.balls = card.balls;
   view.fours = card.fours;
