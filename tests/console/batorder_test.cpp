@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <array>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "console/captain_forms.h"
+#include "support/sample_match.h"
+
+namespace velorin::testing {
+namespace {
+
+using slots = std::array<int, 2>;
+
+class Batorder : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    set_up_sample_match(false, false);
+    match.batsman_aggression = {1, 2};
+    for (int i = 1; i <= 11; ++i) match.batting_xi[i].name = std::string(1, static_cast<char>('a' + i - 1));
+  }
+  static std::string order() {
+    std::string names;
+    for (int i = 1; i <= 11; ++i) names += match.batting_xi[i].name;
+    return names;
+  }
+  /// The rows that can be chosen, as a text.
+  static std::string open_rows(const batorder& form) {
+    std::string rows;
+    for (int i = 1; i <= 11; ++i) rows += form.enabled[i] ? form.option1(i) : "-";
+    return rows;
+  }
+  static void at_the_crease(int striker, int non_striker) {
+    match.striker = striker;
+    match.non_striker = non_striker;
+  }
+};
+
+TEST_F(Batorder, RowsShowNamesAndSkills) {
+  match.batting_xi[3].bat_skill = 41;
+  match.batting_xi[4].bat_skill = -1;
+  const batorder form("Select Next Batsman");
+  EXPECT_EQ(form.title, "Select Next Batsman");
+  EXPECT_EQ(form.option1(3), "c");
+  EXPECT_EQ(form.label1(3), "41");
+  EXPECT_EQ(form.label1(4), "-1");
+  EXPECT_EQ(form.vscroll1, 3);
+  EXPECT_EQ(form.chosen, 0);
+  EXPECT_FALSE(form.closed);
+}
+
+TEST_F(Batorder, RowsUpToTheHigherPositionAreClosed) {
+  EXPECT_EQ(open_rows(batorder("Select 1st Opener")), "abcdefghijk");
+  EXPECT_EQ(match.next_batsman_slot, 0);
+  at_the_crease(1, 0);
+  EXPECT_EQ(open_rows(batorder("Select 2nd Opener")), "-bcdefghijk");
+  EXPECT_EQ(match.next_batsman_slot, 1);
+  at_the_crease(2, 5);
+  EXPECT_EQ(open_rows(batorder("Select Next Batsman")), "-----fghijk");
+  EXPECT_EQ(match.next_batsman_slot, 5);
+  at_the_crease(10, 9);
+  EXPECT_EQ(open_rows(batorder("Select Next Batsman")), "----------k");
+  EXPECT_EQ(match.next_batsman_slot, 10);
+}
+
+TEST_F(Batorder, AClosedRowCannotBeChosen) {
+  at_the_crease(2, 1);
+  batorder form("Select Next Batsman");
+  form.option1_click(2);
+  EXPECT_EQ(form.chosen, 0);
+  form.option1_click(5);
+  form.option1_click(1);
+  EXPECT_EQ(form.chosen, 5);
+  form.option1_click(3);
+  EXPECT_EQ(form.chosen, 3);
+}
+
+TEST_F(Batorder, OkMovesTheChosenManUp) {
+  at_the_crease(2, 4);
+  batorder form("Select Next Batsman");
+  form.option1_click(9);
+  EXPECT_EQ(order(), "abcdefghijk") << "not before the OK";
+  form.command1_click();
+  EXPECT_TRUE(form.closed);
+  EXPECT_EQ(order(), "abcdiefghjk");
+  EXPECT_EQ(match.next_batsman_slot, 4);
+  EXPECT_EQ(match.striker, 2) << "the caller sends him to the crease";
+}
+
+TEST_F(Batorder, TheFirstPickMovesToPlaceOneAndTheSecondToPlaceTwo) {
+  batorder first("Select 1st Opener");
+  first.option1_click(6);
+  first.command1_click();
+  EXPECT_EQ(order(), "fabcdeghijk");
+  match.striker = 1;
+  batorder second("Select 2nd Opener");
+  second.option1_click(11);
+  second.command1_click();
+  EXPECT_EQ(order(), "fkabcdeghij");
+}
+
+TEST_F(Batorder, TheNextFreePlaceOrNobodyMovesNobody) {
+  at_the_crease(1, 2);
+  batorder form("Select Next Batsman");
+  form.option1_click(3);
+  form.command1_click();
+  EXPECT_EQ(order(), "abcdefghijk");
+  batorder nobody("Select Next Batsman");
+  nobody.command1_click();
+  EXPECT_TRUE(nobody.closed);
+  EXPECT_EQ(order(), "abcdefghijk");
+}
+
+TEST_F(Batorder, TheFirstOpenersAggressionGoesToBothSlots) {
+  batorder form("Select 1st Opener");
+  form.vscroll1 = 5;
+  form.command1_click();
+  EXPECT_EQ(match.batsman_aggression, (slots{5, 5}));
+}
+
+TEST_F(Batorder, TheSecondOpenersAggressionGoesToTheSecondSlot) {
+  match.batsman_aggression = {5, 5};
+  match.striker = 1;
+  batorder form("Select 2nd Opener");
+  form.vscroll1 = 2;
+  form.command1_click();
+  EXPECT_EQ(match.batsman_aggression, (slots{5, 2}));
+}
+
+TEST_F(Batorder, TheSurvivorMovesToTheFirstSlotIfTheLowerManIsOut) {
+  match.batsman_aggression = {4, 1};
+  at_the_crease(2, 3);  // 2 is out
+  batorder form("Select Next Batsman");
+  form.command1_click();
+  EXPECT_EQ(match.batsman_aggression, (slots{1, 3}));
+}
+
+TEST_F(Batorder, TheSurvivorStaysInTheFirstSlotIfTheHigherManIsOut) {
+  match.batsman_aggression = {4, 1};
+  at_the_crease(3, 2);  // 3 is out
+  batorder form("Select Next Batsman");
+  form.vscroll1 = 2;
+  form.command1_click();
+  EXPECT_EQ(match.batsman_aggression, (slots{4, 2}));
+}
+
+TEST(Batsmandetails, HasOneActionThatClosesIt) {
+  batsmandetails form;
+  form.title = "Fall Of Wicket";
+  batting_card_rec card;
+  card.runs = 37;
+  card.balls = 41;
+  card.dots = 20;
+  card.singles = 9;
+  card.twos = 3;
+  card.threes = 1;
+  card.fours = 4;
+  card.sixes = 1;
+  form.figures = figures_of(card);
+  EXPECT_EQ(form.figures.runs, 37);
+  EXPECT_EQ(form.figures.balls, 41);
+  EXPECT_EQ(form.figures.dots, 20);
+  EXPECT_EQ(form.figures.singles, 9);
+  EXPECT_EQ(form.figures.twos, 3);
+  EXPECT_EQ(form.figures.threes, 1);
+  EXPECT_EQ(form.figures.fours, 4);
+  EXPECT_EQ(form.figures.sixes, 1);
+  EXPECT_EQ(form.figures.strike_rate, "90.24");
+  EXPECT_FALSE(form.closed);
+  form.command1_click();
+  EXPECT_TRUE(form.closed);
+  EXPECT_EQ(figures_of(batting_card_rec()).strike_rate, "");
+}
+
+}  // namespace
+}  // namespace velorin::testing

@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "console/console_view.h"
+#include "console/gradi.h"
+#include "support/sample_match.h"
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::Each;
+using ::testing::ElementsAre;
+
+using over_symbols = std::array<const char*, 6>;
+
+class RatesView : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    set_up_sample_match(false, false);
+    match.team2_name = "Old Away";
+    match.over_no = 1;
+  }
+  /// The end of an over at this score; the next one is to begin.
+  static void refresh_at(int runs, int wickets, int balls) {
+    match.score_runs = runs;
+    match.score_wickets = wickets;
+    match.innings_balls = balls;
+    match.over_no = balls / 6 + 1;
+    refresh_rates();
+  }
+  static void write_over(ball_log_table& log, int over, over_symbols symbols) {
+    for (int slot = 1; slot <= 6; ++slot) log[over][slot] = symbols[static_cast<std::size_t>(slot) - 1];
+    log[over][7] = "5";
+  }
+  static std::vector<std::string> cells() {
+    std::vector<std::string> texts;
+    for (const rate_cell& cell : view_rates().label26) texts.push_back(cell.text);
+    return texts;
+  }
+  static std::vector<std::string> headings() {
+    std::vector<std::string> texts;
+    for (const rate_cell& cell : view_rates().label26) texts.push_back(cell.heading);
+    return texts;
+  }
+  /// A second innings after 250/7.
+  static void start_chase() {
+    match.first_total = 250;
+    match.first_wickets = 7;
+    match.first_balls = 298;
+  }
+};
+
+// The last five overs.
+
+TEST_F(RatesView, LastFiveStandsFromTheFifthOver) {
+  for (int over = 1; over <= 6; ++over) write_over(match.ball_log, over, {"1", "0", "0", "0", "0", "0"});
+  write_over(match.ball_log, 1, {"4", "W", "2", "", "3", "0"});
+  refresh_at(0, 0, 0);
+  EXPECT_EQ(view_rates().label15_20, " - ");
+  refresh_at(12, 1, 24);
+  EXPECT_EQ(view_rates().label15_20, " - ");
+  refresh_at(13, 1, 30);
+  EXPECT_EQ(view_rates().label15_20, "2.6");
+  refresh_at(14, 1, 36);
+  EXPECT_EQ(view_rates().label15_20, "1");
+}
+
+TEST_F(RatesView, LastFiveChangesOnlyWithARefresh) {
+  for (int over = 1; over <= 5; ++over) write_over(match.ball_log, over, {"2", "2", "2", "0", "0", "0"});
+  refresh_at(30, 0, 30);
+  write_over(match.ball_log, 6, {"6", "6", "6", "", "", ""});
+  match.score_runs = 48;
+  match.innings_balls = 33;
+  EXPECT_EQ(view_rates().label15_20, "6");
+}
+
+TEST_F(RatesView, LastFiveKeepsItsValueUntilTheFirstOverOfTheChase) {
+  for (int over = 45; over <= 49; ++over) write_over(match.ball_log, over, {"1", "1", "1", "1", "1", "2"});
+  refresh_at(240, 5, 294);
+  std::swap(match.ball_log, match.first_ball_log);
+  start_chase();
+  match.innings_balls = 0;
+  prepare_chase_display();
+  EXPECT_EQ(view_rates().label15_20, "7");
+  match.over_no = 1;
+  refresh_at(4, 0, 6);
+  EXPECT_EQ(view_rates().label15_20, " - ");
+}
+
+// Projections.
+
+TEST_F(RatesView, ProjectionsAreDashesBeforeTheFirstBall) {
+  refresh_at(0, 0, 0);
+  EXPECT_FALSE(view_rates().chase);
+  EXPECT_THAT(cells(), Each("-"));
+  EXPECT_THAT(headings(), ElementsAre("Current RR", "4 per over", "6 per over", "8 per over", "10 per over"));
+}
+
+TEST_F(RatesView, Projections) {
+  refresh_at(50, 2, 60);
+  EXPECT_THAT(cells(), ElementsAre("250", "210", "290", "370", "450"));
+  refresh_at(0, 0, 6);
+  EXPECT_THAT(cells(), ElementsAre("0", "196", "294", "392", "490"));
+  refresh_at(240, 5, 294);
+  EXPECT_THAT(cells(), ElementsAre("245", "244", "246", "248", "250"));
+  refresh_at(100, 5, 300);
+  EXPECT_THAT(cells(), ElementsAre("100", "100", "100", "100", "100"));
+}
+
+TEST_F(RatesView, ProjectionsRoundTheAddedPart) {
+  refresh_at(50, 2, 62);  // 238 balls left: 191.94, 158.67, 238, 317.33, 396.67
+  EXPECT_THAT(cells(), ElementsAre("242", "209", "288", "367", "447"));
+  refresh_at(1, 0, 200);  // a half goes to 0
+  EXPECT_EQ(cells()[0], "1");
+  refresh_at(3, 0, 200);  // one and a half to 2
+  EXPECT_EQ(cells()[0], "5");
+  refresh_at(5, 0, 200);  // two and a half to 2
+  EXPECT_EQ(cells()[0], "7");
+}
+
+TEST_F(RatesView, ProjectionsChangeOnlyWithARefresh) {
+  refresh_at(50, 2, 60);
+  match.score_runs = 60;
+  match.innings_balls = 63;
+  EXPECT_EQ(cells()[2], "290");
+}
+
+// The chase.
+
+TEST_F(RatesView, ChaseHeadings) {
+  start_chase();
+  refresh_at(100, 3, 120);
+  EXPECT_TRUE(view_rates().chase);
+  EXPECT_THAT(headings(), ElementsAre("Runs Reqd.", "Overs rem.", "RR Reqd.", "Current RR", "Wkts in hand", "Target",
+                                      "Initial RR"));
+  EXPECT_EQ(view_rates().label15_4, "To win Hom need...");
+}
+
+TEST_F(RatesView, ChaseFigures) {
+  start_chase();
+  refresh_at(100, 3, 120);
+  EXPECT_THAT(cells(), ElementsAre("151", "30.0 (180b)", "5.03", "5", "7", "251", "5.02"));
+  refresh_at(101, 10, 127);
+  EXPECT_THAT(cells(), ElementsAre("150", "28.5 (173b)", "5.2", "4.77", "0", "251", "5.02"));
+  EXPECT_EQ(view_rates().first_innings, "OA 250/7");
+  EXPECT_EQ(view_rates().first_innings_overs, "49.4 Overs");
+}
+
+TEST_F(RatesView, RequiredRateKeepsItsLastValueWithNoBallLeft) {
+  start_chase();
+  refresh_at(240, 3, 294);
+  EXPECT_EQ(cells()[2], "11");
+  refresh_at(245, 3, 300);
+  EXPECT_THAT(cells(), ElementsAre("6", "0.0 (0b)", "11", "4.9", "7", "251", "5.02"));
+}
+
+TEST_F(RatesView, CurrentRateIsEmptyBeforeTheFirstBall) {
+  start_chase();
+  refresh_at(0, 0, 0);
+  EXPECT_THAT(cells(), ElementsAre("251", "50.0 (300b)", "5.02", "", "10", "251", "5.02"));
+}
+
+TEST_F(RatesView, ComparisonIsRecountedFromTheFirstInningsLog) {
+  start_chase();
+  write_over(match.first_ball_log, 1, {"1", "W", "4", "", "12", "0"});
+  write_over(match.first_ball_log, 2, {"W", "W", "2", "3", "0", "6"});
+  write_over(match.first_ball_log, 3, {"W", "1", "1", "1", "1", "1"});
+  refresh_at(20, 1, 12);
+  rates_view view = view_rates();
+  EXPECT_EQ(view.label15_12, "2 Overs");
+  EXPECT_EQ(view.label15_13, "Hom are 20/1");
+  EXPECT_EQ(view.label15_14, "OA were 28/3");
+  refresh_at(21, 1, 18);
+  EXPECT_EQ(view_rates().label15_14, "OA were 33/4");
+}
+
+TEST_F(RatesView, ComparisonAfterAnOverOfSevenBalls) {
+  start_chase();
+  write_over(match.first_ball_log, 1, {"1", "0", "0", "0", "0", "0"});
+  write_over(match.first_ball_log, 2, {"6", "0", "0", "0", "0", "0"});
+  refresh_at(3, 0, 9);
+  EXPECT_EQ(view_rates().label15_12, "1.5 Overs");
+  EXPECT_EQ(view_rates().label15_14, "OA were 1/0");
+}
+
+TEST_F(RatesView, TheChaseOpensWithBothSidesAtNothing) {
+  refresh_at(244, 7, 294);
+  start_chase();
+  match.innings_balls = 0;
+  prepare_chase_display();
+  const rates_view view = view_rates();
+  EXPECT_TRUE(view.chase);
+  EXPECT_EQ(view.label15_13, "Hom are 0/0");
+  EXPECT_EQ(view.label15_14, "OA were 0/0");
+  EXPECT_EQ(view.first_innings, "OA 250/7");
+  EXPECT_EQ(view.first_innings_overs, "49.4 Overs");
+  EXPECT_EQ(view.label26[2].heading, "RR Reqd.");
+  EXPECT_EQ(view.label26[2].text, "");
+}
+
+TEST_F(RatesView, AFirstInningsOfNothingLeavesOnlyTheCellAtSixEmpty) {
+  refresh_at(0, 10, 12);
+  match.innings_balls = 0;
+  prepare_chase_display();
+  EXPECT_FALSE(view_rates().chase);
+  EXPECT_THAT(cells(), ElementsAre("0", "192", "", "384", "480"));
+}
+
+}  // namespace
+}  // namespace velorin::testing
