@@ -1,0 +1,398 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+#include <random>
+
+#include "browsers/allrecs.h"
+#include "browsers/centurytop.h"
+#include "browsers/figures_fixture.h"
+#include "browsers/held_key_reference.h"
+#include "browsers/player_pool.h"
+#include "database/configuration.h"
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class PlayerTables : public figures_fixture {
+ protected:
+  shown_table opened(int record_mode, const std::string& team = {}) const {
+    write();
+    allrecs form;
+    form.open(record_mode, team);
+    return form.table;
+  }
+  std::vector<std::string> names(int record_mode, const std::string& team = {}) const {
+    return column(opened(record_mode, team), "Player");
+  }
+  shown_table centuries() const {
+    write();
+    centurytop form;
+    form.open();
+    return form.table;
+  }
+};
+
+/// A man with an average of `average`, or with runs and no dismissal for 0.
+career_rec averaging(const std::string& name, int average) {
+  return average != 0 ? batsman(name, 1, 0, average, 1) : batsman(name, 1, 1, 70, 1);
+}
+
+/// A bowler who gives `runs` an over, or one who never bowled for 0.
+career_rec giving(const std::string& name, int runs) { return bowler(name, runs != 0 ? 6 : 0, runs, 0); }
+
+TEST_F(PlayerTables, HaveTheirTitlesAndColumnsWithoutAnyRow) {
+  const char* const titles[] = {"",
+                                "Records - Highest Averages",
+                                "Records - Most Runs",
+                                "Records - Highest Strike Rate",
+                                "Records - Innings% (50 or more)",
+                                "Bowling Records - Most Wickets",
+                                "Bowling Records - Best Economy Rate",
+                                "Bowling Records - Best Average",
+                                "Alba - Career Batting Records",
+                                "Alba - Career Bowling Records"};
+  for (int mode = 1; mode <= 9; ++mode) {
+    allrecs form;
+    form.open(mode, "Alba");
+    EXPECT_EQ(form.table.title, titles[mode]);
+    EXPECT_THAT(form.table.rows, IsEmpty());
+    if (mode <= 4 || mode == 8) {
+      EXPECT_THAT(headings(form.table), ElementsAre("Player", "M", "I", "NO", "Avge", "HS", "100s", "50s", "Runs",
+                                                    mode == 4 ? "% Inns" : "SR"));
+    } else {
+      EXPECT_THAT(headings(form.table),
+                  ElementsAre("Player", "M", "Ovr", "Mdn", "Runs", "Wkts", "Avg", "Econ.", "5 wkt", "Best"));
+    }
+  }
+  centurytop form;
+  form.open();
+  EXPECT_EQ(form.table.title, "Top Century Makers");
+  EXPECT_THAT(headings(form.table), ElementsAre("Player", "M", "I", "100s", "Runs"));
+  EXPECT_THAT(form.table.rows, IsEmpty());
+  EXPECT_FALSE(std::filesystem::exists(files.rec));
+}
+
+TEST_F(PlayerTables, ABattingRowShowsItsFigures) {
+  career_rec man = batsman("A.Man", 20, 4, 600, 700);
+  man.matches = 21;
+  man.high_score = 107;
+  man.high_not_out = -1;
+  man.hundreds = 1;
+  man.fifties = 3;
+  add("Alba", man);
+  for (const int mode : {1, 2, 3, 8}) {
+    EXPECT_THAT(row(opened(mode, "Alba"), 0),
+                ElementsAre("A.Man", "21", "20", "4", "37.5", "107*", "1", "3", "600", "85.71"));
+  }
+  EXPECT_THAT(row(opened(4), 0), ElementsAre("A.Man", "21", "20", "4", "37.5", "107*", "1", "3", "600", "20"));
+}
+
+TEST_F(PlayerTables, ABowlingRowShowsItsFigures) {
+  career_rec man = bowler("A.Man", 400, 333, 12);
+  man.matches = 21;
+  man.maidens = 5;
+  man.five_wickets = 1;
+  man.best_wickets = 5;
+  man.best_runs = 23;
+  add("Alba", man);
+  for (const int mode : {5, 6, 7, 9}) {
+    EXPECT_THAT(row(opened(mode, "Alba"), 0),
+                ElementsAre("A.Man", "21", "66.4", "5", "333", "12", "27.75", "5", "1", "5/23"));
+  }
+}
+
+TEST_F(PlayerTables, ARateWithoutItsDivisorIsAStroke) {
+  career_rec man;
+  man.name = "A.Twelfth";
+  man.matches = 1;
+  add("Alba", man);
+  for (const int mode : {1, 2, 3, 4, 8}) {
+    EXPECT_THAT(row(opened(mode, "Alba"), 0),
+                ElementsAre("A.Twelfth", "1", "0", "0", " - ", "0", "0", "0", "0", " - "));
+  }
+  for (const int mode : {5, 6, 7, 9}) {
+    EXPECT_THAT(row(opened(mode, "Alba"), 0),
+                ElementsAre("A.Twelfth", "1", "0.0", "0", "0", "0", " - ", " - ", "0", "0/0"));
+  }
+}
+
+TEST_F(PlayerTables, TheFlagOfAHighScoreStaysOnShow) {
+  career_rec man = batsman("A.Man", 2, 1, 110, 100);
+  man.high_score = 60;  // made out, after a 50 not out
+  man.high_not_out = -1;
+  add("Alba", man);
+  EXPECT_THAT(column(opened(2), "HS"), ElementsAre("60*"));
+}
+
+TEST_F(PlayerTables, GoByTheirKeys) {
+  career_rec one = batsman("A.One", 4, 0, 100, 50);  // average 25, strike rate 200, 25% of fifties
+  one.fifties = 1;
+  add("Alba", one);
+  career_rec two = batsman("A.Two", 10, 0, 300, 300);  // 30, 100, 20%
+  two.fifties = 1;
+  two.hundreds = 1;
+  add("Alba", two);
+  career_rec three = batsman("A.Three", 8, 0, 320, 400);  // 40, 80, 12.5%
+  three.fifties = 1;
+  add("Alba", three);
+  EXPECT_THAT(names(1), ElementsAre("A.Three", "A.Two", "A.One"));
+  EXPECT_THAT(names(2), ElementsAre("A.Three", "A.Two", "A.One"));
+  EXPECT_THAT(names(3), ElementsAre("A.One", "A.Two", "A.Three"));
+  EXPECT_THAT(names(4), ElementsAre("A.One", "A.Two", "A.Three"));
+  EXPECT_THAT(column(opened(4), "% Inns"), ElementsAre("25", "20", "12.5"));
+}
+
+TEST_F(PlayerTables, OfBowlersGoByTheirKeys) {
+  add("Alba", bowler("A.One", 600, 500, 10));  // economy 5, average 50
+  add("Alba", bowler("A.Two", 600, 600, 30));  // 6, 20
+  add("Alba", bowler("A.Three", 60, 40, 1));   // 4, 40
+  EXPECT_THAT(names(5), ElementsAre("A.Two", "A.One", "A.Three"));
+  EXPECT_THAT(names(6), ElementsAre("A.Three", "A.One", "A.Two"));
+  EXPECT_THAT(names(7), ElementsAre("A.Two", "A.Three", "A.One"));
+}
+
+TEST_F(PlayerTables, HaveNoMinimum) {
+  add("Alba", batsman("A.Veteran", 200, 0, 10000, 10000));
+  add("Alba", batsman("A.Novice", 1, 0, 100, 90));
+  EXPECT_THAT(names(1), ElementsAre("A.Novice", "A.Veteran"));
+}
+
+TEST_F(PlayerTables, ATieKeepsTheOrderOfTheCareers) {
+  for (const char* name : {"A.One", "A.Two"}) {
+    career_rec man = batsman(name, 3, 0, 150, 150);
+    man.fifties = 1;
+    man.hundreds = 1;
+    man.wickets = 2;
+    man.balls_bowled = 60;
+    man.runs_given = 50;
+    add("Tamar", man);
+    man.name = fmt::format("{}.Other", name);
+    add("Alba", man);
+  }
+  const auto order = ElementsAre("A.One", "A.Two", "A.One.Other", "A.Two.Other");
+  for (int mode = 1; mode <= 7; ++mode) EXPECT_THAT(names(mode), order) << mode;
+  EXPECT_THAT(names(8, "Alba"), ElementsAre("A.One.Other", "A.Two.Other"));
+  EXPECT_THAT(names(9, "Alba"), ElementsAre("A.One.Other", "A.Two.Other"));
+  EXPECT_THAT(column(centuries(), "Player"), order);
+}
+
+TEST_F(PlayerTables, KeysEqualOnlyAfterRoundingTie) {
+  add("Alba", batsman("A.One", 30000, 0, 999999, 1));  // 33.3333
+  add("Alba", batsman("A.Two", 3, 0, 100, 1));         // 33.3333...
+  EXPECT_THAT(names(1), ElementsAre("A.One", "A.Two"));
+}
+
+TEST_F(PlayerTables, ACareerOfATeamTakesItsMenAlone) {
+  add("Alba", averaging("A.One", 20));
+  add("Tamar", averaging("T.One", 50));
+  add("Alba", averaging("A.Two", 30));
+  EXPECT_THAT(names(8, "Alba"), ElementsAre("A.Two", "A.One"));
+  EXPECT_THAT(names(9, "Tamar"), ElementsAre("T.One"));
+  EXPECT_THAT(names(8, "Umbria"), IsEmpty());
+  EXPECT_THAT(names(1, "Alba"), ElementsAre("T.One", "A.Two", "A.One"));  // the team counts for nothing here
+}
+
+TEST_F(PlayerTables, HaveFifteenRows) {
+  for (int man = 1; man <= 16; ++man) add(man % 2 == 0 ? "Alba" : "Tamar", averaging(fmt::format("Man{}", man), man));
+  const shown_table table = opened(1);
+  ASSERT_EQ(table.rows.size(), 15U);
+  EXPECT_EQ(row(table, 0)[0], "Man16");
+  EXPECT_EQ(row(table, 14)[0], "Man2");
+  EXPECT_EQ(table.rows[14].place, 15);
+}
+
+TEST_F(PlayerTables, AManWithoutANameHidesHisRow) {
+  add("Alba", averaging("A.One", 50));
+  add("Alba", averaging("", 40));
+  add("Alba", averaging("A.Two", 30));
+  const shown_table table = opened(1);
+  EXPECT_THAT(column(table, "Player"), ElementsAre("A.One", "A.Two"));
+  EXPECT_THAT(places(table), ElementsAre(1, 3));
+}
+
+// A man without a key has the key last held in his place of the comparison. The comparisons stand behind each case: the
+// two held keys, and whether the two men change places.
+
+TEST_F(PlayerTables, NeverDismissedFirstInThePoolHeHoldsNothing) {
+  add("Alba", averaging("A.Stayer", 0));
+  add("Alba", averaging("A.Fifty", 50));
+  add("Alba", averaging("A.Thirty", 30));
+  // 0:50 change, 0:30 change, then 50:30.
+  EXPECT_THAT(names(1), ElementsAre("A.Fifty", "A.Thirty", "A.Stayer"));
+  EXPECT_THAT(names(8, "Alba"), ElementsAre("A.Fifty", "A.Thirty", "A.Stayer"));
+}
+
+TEST_F(PlayerTables, NeverDismissedInTheMiddleHeHoldsHisForerunnersAverage) {
+  add("Alba", averaging("A.Fifty", 50));
+  add("Alba", averaging("A.Stayer", 0));
+  add("Alba", averaging("A.Thirty", 30));
+  // 50:0, 50:30, then 50:30.
+  EXPECT_THAT(names(1), ElementsAre("A.Fifty", "A.Stayer", "A.Thirty"));
+}
+
+TEST_F(PlayerTables, NeverDismissedHeGivesWayToWhoBeatsTheHeldAverage) {
+  add("Alba", averaging("A.Fifty", 50));
+  add("Alba", averaging("A.Thirty", 30));
+  add("Alba", averaging("A.Stayer", 0));
+  add("Alba", averaging("A.Forty", 40));
+  // 50:30, 30:30, 30:40 change; 50:30, 30:40 change; 50:40.
+  EXPECT_THAT(names(1), ElementsAre("A.Fifty", "A.Forty", "A.Thirty", "A.Stayer"));
+}
+
+TEST_F(PlayerTables, TheKeyOfTheSecondPlaceIsHeldApart) {
+  add("Alba", averaging("A.Twenty", 20));
+  add("Alba", averaging("A.Sixty", 60));
+  add("Alba", averaging("A.Stayer", 0));
+  // 20:60 change; then Twenty's 20 against the second place's 60: change; 60 against the held 60.
+  EXPECT_THAT(names(1), ElementsAre("A.Sixty", "A.Stayer", "A.Twenty"));
+}
+
+TEST_F(PlayerTables, ABowlerWhoNeverBowledLeadsFromTheTopOfThePool) {
+  add("Alba", giving("A.Keeper", 0));
+  add("Alba", giving("A.Five", 5));
+  EXPECT_THAT(names(6), ElementsAre("A.Keeper", "A.Five"));  // 0:5
+}
+
+TEST_F(PlayerTables, ABowlerWhoNeverBowledLeadsFromSecondPlaceToo) {
+  add("Alba", giving("A.Five", 5));
+  add("Alba", giving("A.Keeper", 0));
+  EXPECT_THAT(names(6), ElementsAre("A.Keeper", "A.Five"));  // 5:0 change
+}
+
+TEST_F(PlayerTables, ABowlerWhoNeverBowledStandsInTheMiddleToo) {
+  add("Alba", giving("A.Four", 4));
+  add("Alba", giving("A.Six", 6));
+  add("Alba", giving("A.Keeper", 0));
+  add("Alba", giving("A.Five", 5));
+  // 4:6, 6:6, 6:5 change; 4:6, 6:5 change; 4:5.
+  EXPECT_THAT(names(6), ElementsAre("A.Four", "A.Five", "A.Six", "A.Keeper"));
+}
+
+TEST_F(PlayerTables, ABowlerWithoutAWicketHoldsTheAverageBeforeHim) {
+  add("Alba", bowler("A.Thirty", 60, 30, 1));
+  add("Alba", bowler("A.Forty", 60, 40, 1));
+  add("Alba", bowler("A.Nobody", 60, 10, 0));
+  add("Alba", bowler("A.Fifty", 60, 50, 1));
+  // 30:40, 40:40, 40:50; 30:40, 40:40; 30:40.
+  EXPECT_THAT(names(7), ElementsAre("A.Thirty", "A.Forty", "A.Nobody", "A.Fifty"));
+}
+
+TEST_F(PlayerTables, EachOpeningStartsFromNothingHeld) {
+  add("Alba", averaging("A.Stayer", 0));
+  add("Alba", averaging("A.Ten", 10));
+  write();
+  allrecs form;
+  for (int time = 0; time < 2; ++time) {
+    form.open(1);
+    EXPECT_THAT(column(form.table, "Player"), ElementsAre("A.Ten", "A.Stayer"));
+  }
+}
+
+// Hundreds.
+
+TEST_F(PlayerTables, CenturyMakersGoByTheirHundreds) {
+  career_rec man = batsman("A.One", 30, 2, 1500, 1600);
+  man.matches = 31;
+  man.hundreds = 2;
+  add("Alba", man);
+  man = batsman("T.One", 40, 2, 1400, 1600);
+  man.hundreds = 3;
+  add("Tamar", man);
+  add("Tamar", batsman("T.Two", 40, 2, 1400, 1600));
+  const shown_table table = centuries();
+  ASSERT_EQ(table.rows.size(), 2U);  // a man without a hundred is hidden
+  EXPECT_THAT(row(table, 0), ElementsAre("T.One", "40", "40", "3", "1400"));
+  EXPECT_THAT(row(table, 1), ElementsAre("A.One", "31", "30", "2", "1500"));
+}
+
+TEST_F(PlayerTables, OfSixteenCenturyMakersTheLastIsLeftOut) {
+  for (int i = 1; i <= 16; ++i) {
+    career_rec man = batsman(fmt::format("Man{}", i), 10, 0, 500, 500);
+    man.hundreds = i == 3 ? 2 : 1;
+    add("Alba", man);
+  }
+  const std::vector<std::string> players = column(centuries(), "Player");
+  ASSERT_EQ(players.size(), 15U);
+  EXPECT_EQ(players.front(), "Man3");
+  EXPECT_EQ(players[1], "Man1");
+  EXPECT_EQ(players.back(), "Man15");
+}
+
+// Random tables against the description written out step by step.
+
+class RandomTables : public PlayerTables {
+ protected:
+  int below(int limit) { return static_cast<int>(draws_() % static_cast<unsigned>(limit)); }
+
+  /// Figures small enough for ties and for men without a key.
+  career_rec random_man(int number) {
+    career_rec man = batsman(fmt::format("Man{}", number), below(4), 0, below(60), below(3) * 20);
+    man.not_outs = below(man.innings + 1);
+    man.fifties = below(3);
+    man.hundreds = below(2);
+    man.balls_bowled = below(3) * 6;
+    man.runs_given = below(30);
+    man.wickets = below(4);
+    return man;
+  }
+  std::vector<career_rec> random_pool(int size) {
+    std::vector<career_rec> pool;
+    for (int i = 0; i < size; ++i) pool.push_back(random_man(i));
+    return pool;
+  }
+
+ private:
+  std::mt19937 draws_{20030323};
+};
+
+TEST_F(RandomTables, AreShownInTheOrderOfTheDescription) {
+  for (int round = 0; round < 40; ++round) {
+    careers = career_table();
+    const std::vector<career_rec> pool = random_pool(below(60));
+    for (std::size_t i = 0; i < pool.size(); ++i) add(i < 20 ? "Alba" : i < 40 ? "Tamar" : "Umbria", pool[i]);
+    write();
+    for (int mode = 1; mode <= 9; ++mode) {
+      const bool one_team = mode >= 8;
+      const std::vector<career_rec> taken(
+          pool.begin(), one_team ? pool.begin() + std::min<std::ptrdiff_t>(20, std::ssize(pool)) : pool.end());
+      std::vector<std::string> expected;
+      for (const int man : reference_order(taken, mode)) {
+        if (expected.size() < 15) expected.push_back(taken[man].name);
+      }
+      allrecs form;
+      form.open(mode, "Alba");
+      ASSERT_EQ(column(form.table, "Player"), expected) << "round " << round << ", mode " << mode;
+    }
+  }
+}
+
+TEST_F(RandomTables, AreSortedAsDescribedToTheLastMan) {
+  const std::vector<std::pair<int, std::pair<career_key, sort_order>>> keys = {
+      {1, {batting_average, sort_order::descending}},
+      {3, {batting_strike_rate, sort_order::descending}},
+      {4, {fifty_plus_rate, sort_order::descending}},
+      {6, {economy_rate, sort_order::ascending}},
+      {7, {bowling_average, sort_order::ascending}}};
+  int moved = 0;
+  for (int round = 0; round < 400; ++round) {
+    const std::vector<career_rec> men = random_pool(below(50));
+    for (const auto& [mode, key] : keys) {
+      player_pool pool;
+      for (const career_rec& man : men) pool.push_back(&man);
+      sort_by_held_keys(pool, key.first, key.second);
+      const std::vector<int> expected = reference_order(men, mode);
+      for (std::size_t i = 0; i < men.size(); ++i) {
+        ASSERT_EQ(pool[i], &men[expected[i]]) << "round " << round << ", mode " << mode << ", place " << i + 1;
+        moved += pool[i] != &men[i] ? 1 : 0;
+      }
+    }
+  }
+  EXPECT_GT(moved, 1000);
+}
+
+}  // namespace
+}  // namespace velorin::testing
