@@ -13,10 +13,33 @@ namespace velorin::cli {
 
 namespace {
 
-/// An error as one line of UTF-8. Names within it may hold bytes of Windows-1252.
+/// How many bytes follow the first byte of a character in UTF-8; -1 for a byte that begins none.
+int bytes_behind(unsigned char lead) {
+  if (lead < 0x80) return 0;
+  if (lead >= 0xC2 && lead < 0xE0) return 1;
+  if (lead >= 0xE0 && lead < 0xF0) return 2;
+  return lead >= 0xF0 && lead < 0xF5 ? 3 : -1;
+}
+
+bool is_utf8(const std::string& text) {
+  int behind = 0;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (behind == 0) {
+      behind = bytes_behind(byte);
+      if (behind < 0) return false;
+    } else {
+      if ((byte & 0xC0) != 0x80) return false;
+      --behind;
+    }
+  }
+  return behind == 0;
+}
+
+/// An error as one line of UTF-8. Names within it are bytes of Windows-1252, or as they came from the command line.
 std::string one_line(const std::exception& error) {
   std::string line = error.what();
-  if (!from_utf8(line)) line = to_utf8(line);
+  if (!is_utf8(line)) line = to_utf8(line);
   for (char& c : line) {
     if (c == '\n' || c == '\r') c = ' ';
   }
@@ -31,7 +54,6 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
   command_action action;
 
   CLI::App app("Plays one-day cricket without a window, and builds, checks and dumps databases.", "velorin-cli");
-  app.require_subcommand(1);
   app.fallthrough();
   app.set_version_flag("--version", std::string("velorin-cli ") + version);
   app.add_option("--teams-dir", program.teams_dir, "Folder of the data files (default: teams beside the program)")
@@ -39,7 +61,12 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
   app.add_option("--database", program.database,
                  "Base name of the database (default: line 2 of options.mc, else the only one on offer)")
       ->type_name("BASE");
-  auto* seed = app.add_option("--seed", program.seed, "One seeded generator for the whole run")->type_name("N");
+  auto* seed = app.add_option("--seed", program.seed, "One seeded generator for the whole run")
+                   ->check([](const std::string& text) {
+                     const bool whole = text.find_first_not_of("0123456789") == std::string::npos;
+                     return whole ? "" : "not a whole number from 0 on: " + text;
+                   })
+                   ->type_name("N");
   app.add_option("--draws", program.draws, "Scripted draws: a file with a number in [0,1) a line")
       ->type_name("FILE")
       ->excludes(seed);
@@ -51,7 +78,11 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
   try {
     std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
     app.parse(reversed);
-    return action();
+    if (!action) throw CLI::RequiredError("A command");
+    const int status = action();
+    io.out.flush();
+    if (!io.out) throw run_time_error(failure::file, "Standard output cannot be written");
+    return status;
   } catch (const CLI::Success& help) {
     app.exit(help, io.out, io.err);
     return done;

@@ -21,8 +21,8 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
 void add_report(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_db(CLI::App& app, const program_options& program, streams io, command_action& action);
 
-/// Starts from blank records, as a new process does, and makes the folder, the database and the source of chance of the command line the ones in use, without updates and with
-/// the elevens in memory. Raises run_time_error.
+/// Starts from blank records, as a new process does, and makes the folder, the database and the source of chance of the
+/// command line the ones in use, without updates and with the elevens in memory. Raises run_time_error.
 void set_up_run(const program_options& program);
 
 /// The base name of the database to use: as given, else line 2 of options.mc, else the only one on offer. Raises
@@ -35,7 +35,7 @@ std::vector<double> read_draws(const std::filesystem::path& file);
 /// `name` as the core writes it: single bytes. Raises run_time_error for a name that no file could hold.
 std::string core_text(const std::string& name);
 
-/// Up to three of `known` that are near to `name`, nearest first.
+/// Up to three of `known` that are near to `name`, or begin much like it, nearest first.
 std::vector<std::string> near_names(const std::string& name, const std::vector<std::string>& known);
 
 /// Raises the run_time_error for an unknown team, ground or player, with near names. Texts in single bytes.

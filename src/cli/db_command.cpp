@@ -26,10 +26,25 @@ database_files named_files(const db_options& options, const program_options& pro
   return database_paths(given.parent_path(), core_text(given.filename().string()));
 }
 
+/// The folders that are missing on the way to `folder`, the innermost first.
+std::vector<std::filesystem::path> missing_folders(std::filesystem::path folder) {
+  std::vector<std::filesystem::path> missing;
+  for (; !folder.empty() && !std::filesystem::exists(folder); folder = folder.parent_path()) missing.push_back(folder);
+  return missing;
+}
+
 int build(const db_options& options, const program_options& program) {
   const database_files database = named_files(options, program);
+  const std::vector<std::filesystem::path> made = missing_folders(database.folder);
   std::filesystem::create_directories(database.folder);
-  build_database(options.source, database.team, database.grd);
+  try {
+    build_database(options.source, database.team, database.grd);
+  } catch (...) {
+    // A refusal leaves nothing behind.
+    std::error_code ignored;
+    for (const std::filesystem::path& folder : made) std::filesystem::remove(folder, ignored);
+    throw;
+  }
   return done;
 }
 
@@ -60,11 +75,11 @@ int check(const db_options& options, const program_options& program, streams io)
 void add_db(CLI::App& app, const program_options& program, streams io, command_action& action) {
   auto options = std::make_shared<db_options>();
   CLI::App* command = app.add_subcommand("db", "Builds, dumps and checks databases");
-  command->require_subcommand(1);
   CLI::App* build_it = command->add_subcommand("build", "Makes BASE.team and BASE.grd of players.csv and grounds.csv");
   build_it->add_option("SRC_DIR", options->source, "Folder of players.csv and grounds.csv")->required();
   build_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();
-  build_it->callback([options, &program, &action] { action = [options, &program] { return build(*options, program); }; });
+  build_it->callback(
+      [options, &program, &action] { action = [options, &program] { return build(*options, program); }; });
   CLI::App* dump_it = command->add_subcommand("dump", "The reverse, without loss; careers and records too");
   dump_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();
   dump_it->add_option("DIR", options->target, "Folder for the tables")->required();

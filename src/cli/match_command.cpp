@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string_view>
 
@@ -60,7 +61,8 @@ class match_recorder : public headless_user {
   }
 
   void show(const message_box& message) override {
-    if (!options_.json.empty()) messages_.push_back({{"title", to_utf8(message.title)}, {"text", to_utf8(message.text)}});
+    if (!options_.json.empty())
+      messages_.push_back({{"title", to_utf8(message.title)}, {"text", to_utf8(message.text)}});
   }
 
   void open(report which) override {
@@ -81,8 +83,7 @@ class match_recorder : public headless_user {
   bool prints_scorecard() const { return options_.matches == 1 && !options_.quiet && options_.json != "-"; }
 
   json match_object(std::uint64_t draws) const {
-    return {{"format", "velorin-match"},   {"version", 1},
-            {"scorecards", scorecards_},   {"messages", messages_},
+    return {{"format", "velorin-match"},    {"version", 1},       {"scorecards", scorecards_}, {"messages", messages_},
             {"result", result_json(match)}, {"draws_used", draws}};
   }
 
@@ -147,7 +148,8 @@ class json_output {
   std::unique_ptr<std::ofstream> file_;
 };
 
-std::array<int, 4> parse_conditions(const std::string& text) {
+/// The four values of --conditions, or nothing if they are none.
+std::optional<std::array<int, 4>> parse_conditions(const std::string& text) {
   std::array<int, 4> values{};
   bool good = text.size() == 7;
   for (std::size_t i = 0; good && i < 4; ++i) {
@@ -155,7 +157,7 @@ std::array<int, 4> parse_conditions(const std::string& text) {
     good = digit >= '1' && digit <= '4' && (i == 3 || text[2 * i + 1] == ',');
     values[i] = digit - '0';
   }
-  if (!good) throw CLI::ValidationError("--conditions", "four values 1 to 4 parted by commas, such as 3,2,4,1");
+  if (!good) return std::nullopt;
   return values;
 }
 
@@ -208,7 +210,7 @@ int play(const match_options& options, const program_options& program, streams i
   files.updates = options.update;
   match_summary summary;
   match_recorder recorder(options, summary);
-  if (!options.conditions.empty()) recorder.conditions = parse_conditions(options.conditions);
+  recorder.conditions = parse_conditions(options.conditions);
   const front_end_scope scope(recorder);
   json_output json_lines(options.json, io.out);
   const auto start = std::chrono::steady_clock::now();
@@ -251,16 +253,12 @@ void add_match(CLI::App& app, const program_options& program, streams io, comman
   command->add_option("--captain2", options->captain2, "Who captains the second team: cpu (default) or human")
       ->check(CLI::IsMember({"cpu", "human"}))
       ->type_name("WHO");
-  command->add_option("--conditions", options->conditions, "Weather, pitch surface, pitch bounce, outfield, 1 to 4 each")
+  command
+      ->add_option("--conditions", options->conditions, "Weather, pitch surface, pitch bounce, outfield, 1 to 4 each")
       ->type_name("W,S,B,O")
       ->delimiter('\0')
       ->check([](const std::string& text) {
-        try {
-          parse_conditions(text);
-        } catch (const CLI::ValidationError& error) {
-          return std::string(error.what());
-        }
-        return std::string();
+        return parse_conditions(text) ? "" : "not four values 1 to 4 parted by commas, such as 3,2,4,1: " + text;
       });
   command->add_option("--matches", options->matches, "Matches to play one after another (default: 1)")
       ->check(CLI::Range(1L, 1'000'000'000L))
@@ -271,14 +269,14 @@ void add_match(CLI::App& app, const program_options& program, streams io, comman
   command->add_option("--html", options->html, "Save the last match's scorecard as a page")->type_name("FILE");
   command->add_option("--text", options->text, "Save the last match's scorecard as text")->type_name("FILE");
   command->add_option("--ball-by-ball", options->ball_by_ball, "Save the last match ball by ball")->type_name("FILE");
-  command->add_option("--export-innings", options->export_innings,
-                      "Save from the scorecard at the end of this innings (default: 2)")
+  command
+      ->add_option("--export-innings", options->export_innings,
+                   "Save from the scorecard at the end of this innings (default: 2)")
       ->check(CLI::Range(1, 2))
       ->type_name("1|2");
   command->add_flag("--quiet", options->quiet, "Print neither scorecard nor summary");
-  command->callback([options, &program, io, &action] {
-    action = [options, &program, io] { return play(*options, program, io); };
-  });
+  command->callback(
+      [options, &program, io, &action] { action = [options, &program, io] { return play(*options, program, io); }; });
 }
 
 }  // namespace velorin::cli

@@ -67,9 +67,9 @@ void match_summary::print(std::ostream& out) const {
   out << fmt::format("{:<24}{}\n", "Tied", ties_);
   if (unfinished_ != 0) out << fmt::format("{:<24}{}\n", "Without a result", unfinished_);
   out << fmt::format("{:<24}{}\n{:<24}{}\n", "Won batting first", first_wins_, "Won chasing", chases_);
-  out << fmt::format("\n{:<24}{:>14}{:>14}\n", "", "First innings", "Second innings");
+  out << fmt::format("\n{:<24}{:>14}{:>16}\n", "", "First innings", "Second innings");
   const auto row = [&](const char* name, auto value) {
-    out << fmt::format("{:<24}{:>14.2f}{:>14.2f}\n", name, value(innings_[0]), value(innings_[1]));
+    out << fmt::format("{:<24}{:>14.2f}{:>16.2f}\n", name, value(innings_[0]), value(innings_[1]));
   };
   const auto share = [](double part, double whole) { return whole == 0 ? 0 : part / whole; };
   row("Total, mean", [](const innings_figures& f) { return f.totals.mean(); });
@@ -81,7 +81,7 @@ void match_summary::print(std::ostream& out) const {
   for (const auto& [kind, count] : dismissals_) all += count;
   out << '\n';
   for (const auto& [kind, count] : dismissals_) {
-    out << fmt::format("{:<24}{:>14}{:>13.1f}%\n", "Out " + kind, count, 100.0 * share(count, all));
+    out << fmt::format("{:<24}{:>14}{:>15.1f}%\n", "Out " + kind, count, 100.0 * share(count, all));
   }
 }
 

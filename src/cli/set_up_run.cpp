@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <charconv>
 #include <fstream>
+#include <tuple>
 
 #include <fmt/format.h>
 
@@ -30,21 +31,28 @@ std::string joined(const std::vector<std::string>& names) {
   return text;
 }
 
-/// Steps from one text to the other by single letters, upper and lower case alike.
-std::size_t distance(const std::string& a, const std::string& b) {
+/// How far two texts are from each other: single letters to change, add or leave out and neighbours to exchange, upper
+/// and lower case alike.
+struct steps_between {
+  std::size_t whole = 0;      ///< to the whole of the other text
+  std::size_t beginning = 0;  ///< to that beginning of it which is nearest
+};
+
+steps_between steps(const std::string& from, const std::string& to) {
   const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-  std::vector<std::size_t> row(b.size() + 1);
-  for (std::size_t j = 0; j <= b.size(); ++j) row[j] = j;
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t replaced = diagonal + (lower(a[i - 1]) == lower(b[j - 1]) ? 0 : 1);
-      diagonal = row[j];
-      row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
+  const auto same = [&](std::size_t i, std::size_t j) { return lower(from[i - 1]) == lower(to[j - 1]); };
+  std::vector<std::vector<std::size_t>> table(from.size() + 1, std::vector<std::size_t>(to.size() + 1));
+  for (std::size_t i = 0; i <= from.size(); ++i) {
+    for (std::size_t j = 0; j <= to.size(); ++j) {
+      std::size_t& least = table[i][j];
+      least = i + j;
+      if (i == 0 || j == 0) continue;
+      least = std::min({table[i - 1][j - 1] + (same(i, j) ? 0 : 1), table[i - 1][j] + 1, table[i][j - 1] + 1});
+      if (i > 1 && j > 1 && same(i - 1, j) && same(i, j - 1)) least = std::min(least, table[i - 2][j - 2] + 1);
     }
   }
-  return row.back();
+  const std::vector<std::size_t>& last = table.back();
+  return {last.back(), *std::min_element(last.begin(), last.end())};
 }
 
 }  // namespace
@@ -52,7 +60,8 @@ std::size_t distance(const std::string& a, const std::string& b) {
 std::string core_text(const std::string& name) {
   const auto bytes = from_utf8(name);
   if (!bytes) {
-    throw run_time_error(failure::type, fmt::format("The name \"{}\" has a character that no data file can hold", name));
+    throw run_time_error(failure::type,
+                         fmt::format("The name \"{}\" has a character that no data file can hold", name));
   }
   return *bytes;
 }
@@ -100,6 +109,7 @@ void set_up_run(const program_options& program) {
   files = database_paths(program.teams_dir, {});
   files.elevens_in_memory = true;
   files.updates = false;
+  settings = configuration();
   read_options();
   use_database(find_database(program));
   if (program.seed) {
@@ -112,14 +122,17 @@ void set_up_run(const program_options& program) {
 }
 
 std::vector<std::string> near_names(const std::string& name, const std::vector<std::string>& known) {
-  std::vector<std::pair<std::size_t, std::string>> near;
+  std::vector<std::pair<steps_between, std::string>> near;
+  const std::size_t allowed = std::max<std::size_t>(2, name.size() / 3);
   for (const std::string& candidate : known) {
-    const std::size_t steps = distance(name, candidate);
-    const bool begins = name.size() > 2 && distance(name, candidate.substr(0, name.size())) <= 1;
+    const steps_between away = steps(name, candidate);
+    const bool begins = name.size() > 2 && away.beginning <= (name.size() < 5 ? 1 : allowed);
     const bool within = name.size() > 2 && candidate.find(name) != std::string::npos;
-    if (steps <= std::max<std::size_t>(2, name.size() / 3) || begins || within) near.emplace_back(steps, candidate);
+    if (away.whole <= allowed || begins || within) near.emplace_back(away, candidate);
   }
-  std::stable_sort(near.begin(), near.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::stable_sort(near.begin(), near.end(), [](const auto& a, const auto& b) {
+    return std::tie(a.first.beginning, a.first.whole) < std::tie(b.first.beginning, b.first.whole);
+  });
   std::vector<std::string> names;
   for (std::size_t i = 0; i < near.size() && i < 3; ++i) names.push_back(near[i].second);
   return names;

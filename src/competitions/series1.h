@@ -44,8 +44,7 @@ struct series1 {
   void vscroll1_change(int value);
   /// "OK": plays all matches, each on a ground drawn anew, and shows the results after each. Draws, after reseeding
   /// once, a ground a match and what the match draws. Asks for what the matches ask and for sri_result. Raises
-  /// run_time_error: a number of matches that is none of 1 to 10 (type), no team chosen (subscript), and what a match
-  /// raises.
+  /// run_time_error: a number of matches that is none of 1 to 10 (type), and what a match raises.
   void command1_click();
   /// "Cancel".
   void command2_click() { closed = true; }

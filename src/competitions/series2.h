@@ -44,7 +44,7 @@ struct series2 {
   void vscroll1_change(int value);
   /// "OK": the league, then the final of its first two. Draws, after reseeding once, a ground a match and what the match
   /// draws. Asks for what the matches ask and for triserresult after each. Raises run_time_error: a number of rounds that
-  /// is none of 1 to 5 (type), no team chosen (subscript), and what a match raises.
+  /// is none of 1 to 5 (type), and what a match raises.
   void command1_click();
   /// "Cancel".
   void command2_click() { closed = true; }
