@@ -31,11 +31,13 @@ double batting_base() {
 
 int batting_value(int position, double base) {
   const player_rec& man = match.batting_xi[position];
+  const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
+  // His form adds something and his skill takes away 5 at the most: from such a base the value is 5 or more.
+  if (base >= 11 && man.bat_skill > 0 && strike_rate >= 0) return 5;
   if (man.bat_skill == 0) {
     throw run_time_error(failure::division, "Division by zero: a batting skill of 0",
                          {.file = {}, .record = 0, .field = "bat_skill", .player = man.name});
   }
-  const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
   return clamp_aggression(round_half_even(base + form_of(position) / 100 - 5.0 / man.bat_skill + strike_rate / 100));
 }
 

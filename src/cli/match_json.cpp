@@ -16,9 +16,10 @@ namespace {
 json text(const std::string& bytes) { return to_utf8(bytes); }
 json number(int value) { return value; }
 
-json texts(std::span<const std::string> list) {
+template <class List>
+json texts(const List& list) {
   json array = json::array();
-  for (const std::string& line : list) array.push_back(text(line));
+  for (const auto& line : list) array.push_back(to_utf8(line));
   return array;
 }
 

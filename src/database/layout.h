@@ -51,6 +51,7 @@ void visit_fields(R& rec, Visitor&& visit) {
   visit("reserved_4", rec.reserved[3]);
   visit("reserved_5", rec.reserved[4]);
   visit("reserved_6", rec.reserved[5]);
+  if constexpr (!std::is_const_v<R>) rec.reserved.settle();
 }
 
 template <record_of<team_rec> R, typename Visitor>

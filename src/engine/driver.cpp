@@ -28,15 +28,13 @@ struct over_in_progress {
   int ball_no = 1;         ///< 1 to 6: the loop counter, and the slot of this ball in the log
   bool free_ball = false;  ///< the delivery just handled is not to be counted
 
-  std::string& log_entry() const { return match.ball_log[match.over_no][ball_no]; }
-  std::string& symbol() const { return match.over_symbols[ball_no - 1]; }
+  short_text& log_entry() const { return match.ball_log[match.over_no][ball_no]; }
+  short_text& symbol() const { return match.over_symbols[ball_no - 1]; }
 
   /// Writes one character to the log and the symbols.
   void note(char what) const {
-    for (std::string* text : {&log_entry(), &symbol()}) {
-      text->clear();
-      text->push_back(what);
-    }
+    log_entry() = short_text(what);
+    symbol() = short_text(what);
   }
 };
 
@@ -81,11 +79,10 @@ void extras_off_the_body(over_in_progress& over) {
 /// other trace.
 void no_ball_or_wide(over_in_progress& over) {
   if (over.ball_no > 1) over.ball_no -= 1;
-  std::string& entry = over.log_entry();
+  short_text& entry = over.log_entry();
   const int number = symbol_number(entry);
   if (number < 0) return;
-  entry.clear();
-  append_number(entry, number + 1);
+  entry = number_text(number + 1);
   over.free_ball = true;
   if (match.ball_outcome == no_ball) {
     say(ball_text::no_ball, 0);
@@ -313,7 +310,7 @@ void next_over() {
   require_position(match.bowler, "bowler");
   enforce_quota();
   match.maiden_flag = true;
-  for (std::string& symbol : match.over_symbols) symbol.clear();
+  match.over_symbols = {};
   over_in_progress over;
   for (; over.ball_no <= 6; ++over.ball_no) {
     if (!bowl_ball(over)) return;

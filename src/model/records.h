@@ -2,11 +2,14 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "model/integer.h"
+#include "model/short_text.h"
 
 // The plain records of a match. Texts are single bytes of Windows-1252. Arrays that start at 1 keep their unused
 // element 0.
@@ -15,6 +18,48 @@ namespace velorin {
 
 /// A flag as the files hold it: -1 for true, 0 for false.
 inline constexpr int flag_true = -1;
+
+/// Six texts that files carry and nothing reads. Hardly any database fills them, so they take memory only where one of
+/// them is filled; a copy has its own.
+class reserved_texts {
+ public:
+  using texts = std::array<std::string, 6>;
+
+  reserved_texts() = default;
+  reserved_texts(const reserved_texts& other) : held_(other.held_ ? std::make_unique<texts>(*other.held_) : nullptr) {}
+  reserved_texts(reserved_texts&&) noexcept = default;
+  reserved_texts& operator=(const reserved_texts& other) {
+    if (held_ || other.held_) *this = reserved_texts(other);
+    return *this;
+  }
+  reserved_texts& operator=(reserved_texts&&) noexcept = default;
+  ~reserved_texts() = default;
+
+  const std::string& operator[](std::size_t i) const { return all()[i]; }
+  std::string& operator[](std::size_t i) { return filled()[i]; }
+  void fill(const std::string& text) { filled().fill(text); }
+
+  static constexpr std::size_t size() { return 6; }
+  texts::const_iterator begin() const { return all().begin(); }
+  texts::const_iterator end() const { return all().end(); }
+
+  /// Gives the memory back if all texts are empty.
+  void settle() {
+    if (held_ && *held_ == texts()) held_.reset();
+  }
+
+ private:
+  const texts& all() const {
+    static const texts none;
+    return held_ ? *held_ : none;
+  }
+  texts& filled() {
+    if (!held_) held_ = std::make_unique<texts>();
+    return *held_;
+  }
+
+  std::unique_ptr<texts> held_;
+};
 
 /// One player of a squad and one line of an eleven.
 struct player_rec {
@@ -25,7 +70,7 @@ struct player_rec {
   integer is_keeper;                    ///< flag: -1 for a wicket-keeper, else 0
   std::string bat_type;                 ///< three characters of batting hand, then the role
   std::string bowler_type;              ///< "Fast Bowler", "Medium Pacer", "spinner" and the like
-  std::array<std::string, 6> reserved;  ///< carried along, read by nothing
+  reserved_texts reserved;   ///< carried along, read by nothing
 
   /// The batting role: `bat_type` from its fourth character on, "" if there is none.
   std::string_view role() const {
@@ -105,6 +150,6 @@ using bowling_card_table = std::array<bowling_card_rec, 12>;        // 1..11
 using fall_of_wicket_table = std::array<fall_of_wicket_rec, 11>;    // 0..10
 using eleven = std::array<player_rec, 12>;                          // 1..11
 using squad = std::array<player_rec, 21>;                           // 1..20
-using ball_log_table = std::array<std::array<std::string, 8>, 51>;  // over 1..50, slot 1..7
+using ball_log_table = std::array<std::array<short_text, 8>, 51>;  // over 1..50, slot 1..7
 
 }  // namespace velorin

@@ -160,7 +160,7 @@ struct last_wicket_note {
 struct match_console {
   int score_runs = 0;                              ///< runs of the innings, wides and no balls left out
   int score_wickets = 0;                           ///< 0..10
-  std::array<std::string, 6> over_symbols;         ///< [0..5] what each ball of the present over did
+  std::array<short_text, 6> over_symbols;         ///< [0..5] what each ball of the present over did
   std::array<int, 2> batsman_aggression = {1, 2};  ///< 1..5; slot 0 the lower batting position at the crease
   std::array<int, 2> bowling_aggression = {1, 2};  ///< 1..5; slot 0 the over being bowled
   std::array<double, 2> settled_meter = {0, 0};    ///< 0..915, slots of the batsmen

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/graphs.h"
 
-#include <charconv>
 
 #include "model/teams.h"
 #include "model/texts.h"
@@ -17,15 +16,11 @@ struct over_sum {
   bool wicket = false;
 };
 
-over_sum sum_of(const std::array<std::string, 8>& balls) {
+over_sum sum_of(const ball_log_table::value_type& balls) {
   over_sum sum;
   for (int b = 1; b <= 6; ++b) {
-    const std::string& symbol = balls[b];
-    if (symbol == "W") sum.wicket = true;
-    if (!is_numeric(symbol)) continue;
-    int runs = 0;
-    std::from_chars(symbol.data(), symbol.data() + symbol.size(), runs);
-    sum.runs += runs;
+    if (balls[b] == "W") sum.wicket = true;
+    if (const int runs = symbol_number(balls[b]); runs > 0) sum.runs += runs;
   }
   return sum;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/teamfrm.h"
 
+#include <array>
+#include <string_view>
 #include <utility>
 
 #include "database/teams_file.h"
@@ -61,12 +63,28 @@ void select_team(int place, const std::vector<team_entry>& list, int index) {
 }  // namespace
 
 void sort_squad(squad& men) {
+  // The exchanges are made on places; what they compare is looked up once a man.
+  struct place {
+    std::string_view role;
+    int bat_skill;
+    int from;
+  };
+  std::array<place, 21> order;
+  for (int i = 1; i <= 20; ++i) order[i] = {men[i].role(), men[i].bat_skill, i};
+  bool moved = false;
   for (int a = 19; a >= 1; --a) {
     for (int b = 1; b <= a; ++b) {
-      if (men[b].role() < men[b + 1].role()) std::swap(men[b], men[b + 1]);
-      if (men[b].role() == men[b + 1].role() && men[b].bat_skill < men[b + 1].bat_skill) std::swap(men[b], men[b + 1]);
+      const int roles = order[b].role.compare(order[b + 1].role);
+      // An exchange by role leaves unequal roles, so that the skills decide only between equal ones.
+      if (roles > 0 || (roles == 0 && order[b].bat_skill >= order[b + 1].bat_skill)) continue;
+      std::swap(order[b], order[b + 1]);
+      moved = true;
     }
   }
+  if (!moved) return;
+  squad sorted;
+  for (int i = 1; i <= 20; ++i) sorted[i] = std::move(men[order[i].from]);
+  men = std::move(sorted);
 }
 
 void teamfrm::open() {

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace velorin {
+
+/// A text that is short nearly always, such as the symbol of a ball or a name: up to 23 characters lie in the record
+/// itself, so that writing, copying and clearing one costs next to nothing; a longer one takes memory of its own.
+class short_text {
+ public:
+  short_text() = default;
+  short_text(std::string_view text) { assign(text); }           // NOLINT(google-explicit-constructor)
+  short_text(const std::string& text) { assign(text); }         // NOLINT(google-explicit-constructor)
+  short_text(const char* text) { assign(text); }                // NOLINT(google-explicit-constructor)
+  explicit short_text(char one) : size_(1) { inside_[0] = one; }
+  short_text(const short_text& other) { copy(other); }
+  short_text(short_text&&) noexcept = default;
+  short_text& operator=(const short_text& other) {
+    if (this != &other) copy(other);
+    return *this;
+  }
+  short_text& operator=(short_text&&) noexcept = default;
+  ~short_text() = default;
+
+  operator std::string_view() const {  // NOLINT(google-explicit-constructor)
+    return outside_ ? std::string_view(*outside_) : std::string_view(inside_.data(), size_);
+  }
+  bool empty() const { return size_ == 0 && !outside_; }
+  void clear() { *this = short_text(); }
+
+  short_text& operator+=(std::string_view more) {
+    assign(std::string(std::string_view(*this)).append(more));
+    return *this;
+  }
+
+  friend bool operator==(const short_text& a, std::string_view b) { return std::string_view(a) == b; }
+  friend bool operator==(const short_text& a, const char* b) { return std::string_view(a) == b; }
+  friend bool operator==(const short_text& a, const std::string& b) { return std::string_view(a) == b; }
+  friend bool operator==(const short_text& a, const short_text& b) { return a == std::string_view(b); }
+  friend std::ostream& operator<<(std::ostream& out, const short_text& text) { return out << std::string_view(text); }
+
+ private:
+  void assign(std::string_view text) {
+    if (text.size() <= inside_.size()) [[likely]] {
+      outside_.reset();
+      size_ = static_cast<std::uint8_t>(text.size());
+      std::memcpy(inside_.data(), text.data(), text.size());
+    } else {
+      outside_ = std::make_unique<std::string>(text);
+      size_ = 0;
+    }
+  }
+  void copy(const short_text& other) {
+    if (outside_ || other.outside_) [[unlikely]] {
+      outside_ = other.outside_ ? std::make_unique<std::string>(*other.outside_) : nullptr;
+    }
+    inside_ = other.inside_;
+    size_ = other.size_;
+  }
+
+  std::unique_ptr<std::string> outside_;  // holds the text if it is set
+  std::array<char, 23> inside_{};
+  std::uint8_t size_ = 0;
+};
+
+}  // namespace velorin
