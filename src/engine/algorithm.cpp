@@ -38,8 +38,12 @@ constexpr std::array<int, 10> scale_order = {wicket,   one_run, two_runs,  three
                        {.file = {}, .record = 0, .field = field, .player = player});
 }
 
-/// A quotient of the settled meter, rounded to single precision.
-double single(double quotient) { return static_cast<double>(static_cast<float>(quotient)); }
+/// A quotient of the settled meter, rounded to single precision. It goes through memory, since g++ 12 forgets the
+/// rounding where it works on the two quotients of a delivery at once (-O2 and up).
+double single(double quotient) {
+  const volatile float rounded = static_cast<float>(quotient);
+  return static_cast<double>(rounded);
+}
 
 void add_batting_aggression(expectations& expected, double adjusted_skill) {
   const int slot = match.striker_slot();
