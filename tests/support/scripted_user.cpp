@@ -26,6 +26,7 @@ bool answer(std::deque<std::function<void(Form&)>>& answers, Form& form) {
 void scripted_user::show(const message_box& message) {
   requests.push_back("message " + message.title + " | " + message.text);
   messages.push_back(message);
+  if (on_message) on_message(message);
 }
 
 void scripted_user::show(wecond& form) {
@@ -88,6 +89,30 @@ void scripted_user::progress_done() { progress_open = false; }
 void scripted_user::open(report which) {
   requests.push_back("report " + std::to_string(static_cast<int>(which)));
   if (on_report) on_report(which);
+}
+
+void scripted_user::show(sri_result& form) {
+  requests.push_back("sri_result");
+  series_results.push_back(form);
+  if (!answer(on_sri_result, form)) headless_user::show(form);
+}
+
+void scripted_user::show(triserresult& form) {
+  requests.push_back("triserresult");
+  tri_tables.push_back(form);
+  if (!answer(on_triserresult, form)) headless_user::show(form);
+}
+
+void scripted_user::show(wc_fix& form) {
+  requests.push_back("wc_fix");
+  fixture_lists.push_back(form);
+  if (!answer(on_wc_fix, form)) headless_user::show(form);
+}
+
+void scripted_user::show(wcsstab& form) {
+  requests.push_back("wcsstab");
+  cup_tables.push_back(form);
+  if (!answer(on_wcsstab, form)) headless_user::show(form);
 }
 
 std::vector<std::string> scripted_user::requests_of(const std::string& kind) const {
