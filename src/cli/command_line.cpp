@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/command_line.h"
 
+#include <charconv>
 #include <exception>
 #include <ostream>
 
@@ -63,8 +64,10 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
       ->type_name("BASE");
   auto* seed = app.add_option("--seed", program.seed, "One seeded generator for the whole run")
                    ->check([](const std::string& text) {
-                     const bool whole = text.find_first_not_of("0123456789") == std::string::npos;
-                     return whole ? "" : "not a whole number from 0 on: " + text;
+                     std::uint64_t number = 0;
+                     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+                     const bool good = error == std::errc() && end == text.data() + text.size();
+                     return good ? "" : "not a whole number of 64 bits: " + text;
                    })
                    ->type_name("N");
   app.add_option("--draws", program.draws, "Scripted draws: a file with a number in [0,1) a line")
