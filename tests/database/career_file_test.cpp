@@ -60,7 +60,7 @@ TEST_F(CareerFile, ATwentyFirstTeamIsASubscriptError) {
   EXPECT_EQ(bytes_of(files.rec), before);
 }
 
-TEST_F(CareerFile, AnEleventhMatchOfANewDatabaseFailsWithoutAFile) {
+TEST_F(CareerFile, ARefusedFirstMatchMakesNoFile) {
   match.first_bowling_card[1].name = std::string(5600, 'x');
   const auto error = error_of([] { update_career(); });
   EXPECT_EQ(error.kind(), failure::overflow);

