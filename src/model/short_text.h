@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <ostream>
 #include <string>
@@ -51,7 +50,7 @@ class short_text {
     if (text.size() <= inside_.size()) [[likely]] {
       outside_.reset();
       size_ = static_cast<std::uint8_t>(text.size());
-      std::memcpy(inside_.data(), text.data(), text.size());
+      text.copy(inside_.data(), text.size());
     } else {
       outside_ = std::make_unique<std::string>(text);
       size_ = 0;

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <type_traits>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -28,6 +29,58 @@ TEST(PlayerRec, TheRoleStandsBehindThreeCharactersOfHand) {
   EXPECT_EQ(man.role(), "Opener");
   man.bat_type = "LHBMiddle Order";
   EXPECT_EQ(man.role(), "Middle Order");
+}
+
+TEST(ReservedTexts, AreSixEmptyTextsAtFirst) {
+  const reserved_texts texts;
+  EXPECT_EQ(texts.size(), 6U);
+  int count = 0;
+  for (const std::string& text : texts) {
+    EXPECT_EQ(text, "");
+    ++count;
+  }
+  EXPECT_EQ(count, 6);
+  EXPECT_EQ(texts[5], "");
+}
+
+TEST(ReservedTexts, KeepWhatIsWritten) {
+  reserved_texts texts;
+  texts[0] = "first";
+  texts[5] = "last";
+  EXPECT_EQ(std::as_const(texts)[0], "first");
+  EXPECT_EQ(std::as_const(texts)[1], "");
+  EXPECT_EQ(std::as_const(texts)[5], "last");
+  texts.fill("same");
+  for (const std::string& text : texts) EXPECT_EQ(text, "same");
+}
+
+TEST(ReservedTexts, ACopyIsItsOwn) {
+  reserved_texts filled;
+  filled[2] = "kept";
+  reserved_texts copy(filled);
+  copy[2] = "changed";
+  EXPECT_EQ(std::as_const(filled)[2], "kept");
+
+  reserved_texts assigned;
+  assigned[0] = "old";
+  assigned = filled;
+  EXPECT_EQ(std::as_const(assigned)[0], "");
+  EXPECT_EQ(std::as_const(assigned)[2], "kept");
+  assigned = reserved_texts();
+  EXPECT_EQ(std::as_const(assigned)[2], "");
+  const reserved_texts& same = filled;
+  filled = same;
+  EXPECT_EQ(std::as_const(filled)[2], "kept");
+}
+
+TEST(ReservedTexts, SettlingLosesNothing) {
+  reserved_texts texts;
+  texts[3] = "";
+  texts.settle();
+  EXPECT_EQ(std::as_const(texts)[3], "");
+  texts[3] = "kept";
+  texts.settle();
+  EXPECT_EQ(std::as_const(texts)[3], "kept");
 }
 
 TEST(MatchState, AFreshMatchBelongsToTwoComputers) {
