@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "browsers/allrecs.h"
 #include "database/slots.h"
 #include "model/random.h"
 #include "model/teams.h"
@@ -70,6 +71,25 @@ TEST(TeamselCounter, AutoSelectForgetsWhatWasTicked) {
   for (int place = 12; place <= 14; ++place) screen.form.check1_click(place);
   screen.form.command3_click();
   EXPECT_THAT(ticked_places(screen.form), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11));
+}
+
+TEST(TeamselCareers, OpenInTheirTwoModesForTheTeam) {
+  class reader : public scripted_user {
+   public:
+    using scripted_user::show;
+    void show(allrecs& form) override { titles.push_back(form.table.title); }
+    std::vector<std::string> titles;
+  };
+  small_database database;
+  reader user;
+  front_end_scope shown(user);
+  selection screen(squad_of({{l, 30}}), "New Home");
+  screen.form.check1_click(1);
+  screen.form.command5_click(0);
+  screen.form.command5_click(1);
+  EXPECT_THAT(user.titles, ElementsAre("New Home - Career Batting Records", "New Home - Career Bowling Records"));
+  EXPECT_THAT(ticked_places(screen.form), ElementsAre(1));
+  EXPECT_FALSE(screen.form.closed);
 }
 
 /// The OK of either team, with the elevens in files of a folder of their own.
