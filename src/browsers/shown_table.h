@@ -19,17 +19,17 @@ struct shown_column {
   alignment aligned = alignment::left;
 };
 
-/// A visible row of a table.
-struct shown_row {
-  int place = 0;                   ///< from 1, counted with the hidden rows
-  std::vector<std::string> texts;  ///< one for each column
-};
-
 /// A table under a title. Hidden rows are left out.
 struct shown_table {
+  /// A visible row.
+  struct row {
+    int place = 0;                   ///< from 1, counted with the hidden rows
+    std::vector<std::string> texts;  ///< one for each column
+  };
+
   std::string title;
   std::vector<shown_column> columns;
-  std::vector<shown_row> rows;
+  std::vector<row> rows;
 };
 
 /// A text under its caption; both with their own blanks.

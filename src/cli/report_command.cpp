@@ -92,7 +92,7 @@ void print_table(const shown_table& table, std::ostream& out) {
     aligned += column.aligned == alignment::right ? 'r' : 'l';
   }
   text_table shown(headings, aligned);
-  for (const shown_row& row : table.rows) {
+  for (const shown_table::row& row : table.rows) {
     std::vector<std::string> texts;
     for (const std::string& text : row.texts) texts.push_back(window_text(text));
     shown.add(texts);
@@ -105,7 +105,7 @@ json table_json(const shown_table& table) {
   json columns = json::array();
   for (const shown_column& column : table.columns) columns.push_back(to_utf8(column.heading));
   json rows = json::array();
-  for (const shown_row& row : table.rows) {
+  for (const shown_table::row& row : table.rows) {
     json texts = json::array();
     for (const std::string& text : row.texts) texts.push_back(to_utf8(text));
     rows.push_back(texts);

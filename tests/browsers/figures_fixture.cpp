@@ -66,7 +66,7 @@ std::vector<std::string> column(const shown_table& table, const std::string& hea
     return {};
   }
   std::vector<std::string> texts;
-  for (const shown_row& shown : table.rows) texts.push_back(shown.texts.at(index));
+  for (const shown_table::row& shown : table.rows) texts.push_back(shown.texts.at(index));
   return texts;
 }
 
@@ -78,7 +78,7 @@ std::vector<std::string> headings(const shown_table& table) {
 
 std::vector<int> places(const shown_table& table) {
   std::vector<int> found;
-  for (const shown_row& shown : table.rows) found.push_back(shown.place);
+  for (const shown_table::row& shown : table.rows) found.push_back(shown.place);
   return found;
 }
 
