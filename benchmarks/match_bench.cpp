@@ -24,8 +24,8 @@ namespace {
 /// A user who keeps the match as it stood at some moments of the last match.
 class keeping_user : public headless_user {
  public:
-  match_state in_mid_play; ///< 25 overs into the first innings
-  match_state at_end;      ///< the result known, before the updates
+  match_state in_mid_play;  ///< 25 overs into the first innings
+  match_state at_end;       ///< the result known, before the updates
   long balls = 0;
   bool keeping = false;
 

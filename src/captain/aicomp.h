@@ -54,8 +54,8 @@ struct replacement_search {
   int max_balls = 0;
 };
 
-/// The best-ranked man of bowler_pool who fits: by kind in the first pass, of any kind in the second. Records the change
-/// as pending and returns his position. Raises run_time_error (endless) if nobody fits.
+/// The best-ranked man of bowler_pool who fits: by kind in the first pass, of any kind in the second. Records the
+/// change as pending and returns his position. Raises run_time_error (endless) if nobody fits.
 int pick_replacement(const replacement_search& wanted);
 
 }  // namespace velorin

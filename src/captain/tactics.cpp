@@ -54,8 +54,8 @@ void set_bowling_aggression() {
   const double skills = match.batting_xi[match.striker].bat_skill + match.batting_xi[match.non_striker].bat_skill;
   const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
   const double wickets = match.bowling_card[match.bowler].wickets;
-  match.bowling_aggression[0] = clamp_aggression(
-      round_half_even(bowling_base() - form / 100 - skills / 100 - strike_rate / 100 + wickets / 2.5));
+  match.bowling_aggression[0] =
+      clamp_aggression(round_half_even(bowling_base() - form / 100 - skills / 100 - strike_rate / 100 + wickets / 2.5));
 }
 
 void announce_change() {
@@ -71,11 +71,11 @@ void announce_change() {
 
 /// One stage of the innings in the review of a bowler.
 struct review_stage {
-  double limit;                ///< a higher score brings a change
-  bool by_pace;                ///< looks for fast and medium bowlers first
+  double limit;  ///< a higher score brings a change
+  bool by_pace;  ///< looks for fast and medium bowlers first
   bool spares_opening_pair;
   int max_balls;
-  int forced_max_balls;        ///< for the search after a man's last over; 0: no such search
+  int forced_max_balls;  ///< for the search after a man's last over; 0: no such search
 };
 
 constexpr review_stage early_stage{7, true, false, 30, 0};

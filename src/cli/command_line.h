@@ -19,9 +19,9 @@ struct streams {
 /// What stands before the command.
 struct program_options {
   std::filesystem::path teams_dir;
-  std::string database;               ///< base name as given; empty: to be found
+  std::string database;  ///< base name as given; empty: to be found
   std::optional<std::uint64_t> seed;
-  std::filesystem::path draws;        ///< empty: none
+  std::filesystem::path draws;  ///< empty: none
 
   /// The same arguments give the same output.
   bool reproducible() const { return seed.has_value() || !draws.empty(); }

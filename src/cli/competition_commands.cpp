@@ -107,8 +107,8 @@ class competition_recorder : public headless_user {
       json fixtures = json::array();
       for (int place = 1; place <= form.fixtures; ++place) {
         const wc_fix::row row = form.row_of(place);
-        fixtures.push_back({to_utf8(row.label6), to_utf8(row.label1), to_utf8(row.label2), to_utf8(row.label3),
-                            to_utf8(row.label4)});
+        fixtures.push_back(
+            {to_utf8(row.label6), to_utf8(row.label1), to_utf8(row.label2), to_utf8(row.label3), to_utf8(row.label4)});
       }
       windows_.push_back({{"form", "wc_fix"}, {"next_fixture", form.next_fixture}, {"fixtures", fixtures}});
     } else {

@@ -41,10 +41,10 @@ json man_json(const player_rec& man) {
 }
 
 json batting_json(const batting_card_rec& card) {
-  return {{"name", text(card.name)},        {"runs", number(card.runs)},       {"balls", number(card.balls)},
-          {"fours", number(card.fours)},    {"sixes", number(card.sixes)},     {"twos", number(card.twos)},
-          {"threes", number(card.threes)},  {"singles", number(card.singles)}, {"dots", number(card.dots)},
-          {"how_out", text(card.how_out)},  {"fielder", text(card.fielder)}};
+  return {{"name", text(card.name)},       {"runs", number(card.runs)},       {"balls", number(card.balls)},
+          {"fours", number(card.fours)},   {"sixes", number(card.sixes)},     {"twos", number(card.twos)},
+          {"threes", number(card.threes)}, {"singles", number(card.singles)}, {"dots", number(card.dots)},
+          {"how_out", text(card.how_out)}, {"fielder", text(card.fielder)}};
 }
 
 json bowling_json(const bowling_card_rec& card) {

@@ -32,9 +32,9 @@ bool stands_ahead(const league_row& after, const league_row& before);
 /// a winner of either name. Both may be the same row.
 void book_outcome(league_row& first, league_row& second, const std::string& first_name, const std::string& second_name);
 
-/// Books the last match in a league of `count` rows, found by name: each row of either name has played one more, and the
-/// last row of each name takes the outcome; every row takes the gains of its team. Nothing is booked but the gains if a
-/// name stands in no row.
+/// Books the last match in a league of `count` rows, found by name: each row of either name has played one more, and
+/// the last row of each name takes the outcome; every row takes the gains of its team. Nothing is booked but the gains
+/// if a name stands in no row.
 void book_league_match(league_row* rows, int count, const std::string& first_name, const std::string& second_name);
 
 /// Sorts table[1..last] by bubble passes, `swap_also(j)` being called whenever rows j and j + 1 are exchanged: first on

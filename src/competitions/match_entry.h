@@ -41,7 +41,7 @@ int typed_number(const std::string& text, int most, const char* field);
 struct progressbar {
   int over = 0;  ///< overs begun, from 1
 
-  std::string title() const;                         ///< "Simming Match... (", overs begun, "% finished )"
+  std::string title() const;                          ///< "Simming Match... (", overs begun, "% finished )"
   double bar_length() const { return over * 49.95; }  ///< display units; the frame is 4935 long
   static constexpr int bar_position = 60;
 };

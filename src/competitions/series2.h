@@ -18,7 +18,7 @@ struct tri_record {
   int rounds = 0;                       ///< of the league, 1 to 5
   int matches_played = 0;               ///< league matches so far
   bool final_played = false;
-  std::string drawn_ground;             ///< of the match in play or the last one
+  std::string drawn_ground;  ///< of the match in play or the last one
 };
 extern tri_record tri;
 
@@ -28,11 +28,11 @@ void run_tri_match(const std::string& team_1, const std::string& team_2, bool hu
 
 /// A tri series: three teams, captains, rounds. Its OK plays the whole competition.
 struct series2 {
-  std::vector<team_entry> combo1;          ///< list of teams, the same for all three
-  std::array<int, 3> team_index{};         ///< entries of Combo1 (the host), Combo2, Combo3, from 0; -1 for none
-  std::vector<std::string> combo4;         ///< grounds of the host's country
-  int combo4_index = -1;                   ///< the ground on show
-  std::string text1 = "1";                 ///< rounds as typed
+  std::vector<team_entry> combo1;                ///< list of teams, the same for all three
+  std::array<int, 3> team_index{};               ///< entries of Combo1 (the host), Combo2, Combo3, from 0; -1 for none
+  std::vector<std::string> combo4;               ///< grounds of the host's country
+  int combo4_index = -1;                         ///< the ground on show
+  std::string text1 = "1";                       ///< rounds as typed
   std::array<bool, 3> cpu = {true, true, true};  ///< Option1, Option3, Option2: captains in the order of the teams
   bool closed = false;
 
@@ -42,9 +42,9 @@ struct series2 {
   void choose_team(int box, int index);
   /// The spin control, 1 to 5: writes its value into text1.
   void vscroll1_change(int value);
-  /// "OK": the league, then the final of its first two. Draws, after reseeding once, a ground a match and what the match
-  /// draws. Asks for what the matches ask and for triserresult after each. Raises run_time_error: a number of rounds that
-  /// is none of 1 to 5 (type), and what a match raises.
+  /// "OK": the league, then the final of its first two. Draws, after reseeding once, a ground a match and what the
+  /// match draws. Asks for what the matches ask and for triserresult after each. Raises run_time_error: a number of
+  /// rounds that is none of 1 to 5 (type), and what a match raises.
   void command1_click();
   /// "Cancel".
   void command2_click() { closed = true; }
@@ -56,10 +56,10 @@ struct series2 {
 /// The table of the tri series. Opening it names the finalists of the moment.
 struct triserresult {
   std::string title;
-  std::string label4_1;            ///< heading
+  std::string label4_1;              ///< heading
   std::array<league_texts, 3> rows;  ///< in the order of the table
-  std::string label5_0;            ///< the final
-  std::string label5_1;            ///< its result; empty until it is over
+  std::string label5_0;              ///< the final
+  std::string label5_1;              ///< its result; empty until it is over
   bool closed = false;
 
   /// Fills the form from `tri`, and sets its first two notes.

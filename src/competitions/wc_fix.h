@@ -11,14 +11,14 @@ namespace velorin {
 struct wc_fix {
   /// A row as shown; all texts are empty past the last fixture.
   struct row {
-    std::string label6;     ///< "Match No."
-    std::string label1;     ///< "Team A"
-    std::string label8;     ///< "vs"
-    std::string label2;     ///< "Team B"
-    std::string label7;     ///< "@"
-    std::string label3;     ///< "Venue"
-    std::string label4;     ///< "Match Result"
-    bool is_next = false;   ///< the next match: dark blue throughout
+    std::string label6;    ///< "Match No."
+    std::string label1;    ///< "Team A"
+    std::string label8;    ///< "vs"
+    std::string label2;    ///< "Team B"
+    std::string label7;    ///< "@"
+    std::string label3;    ///< "Venue"
+    std::string label4;    ///< "Match Result"
+    bool is_next = false;  ///< the next match: dark blue throughout
   };
 
   int fixtures = 0;      ///< drawn so far

@@ -10,7 +10,7 @@ namespace velorin {
 
 /// The tables of the World Cup.
 struct wcsstab {
-  std::vector<league_texts> group_a;    ///< five rows in table order
+  std::vector<league_texts> group_a;  ///< five rows in table order
   std::vector<league_texts> group_b;
   std::vector<league_texts> super_six;  ///< six rows, or none before the Super Six
   std::string label1_22;                ///< first semi-final, "" while it is not drawn

@@ -46,8 +46,7 @@ league_row& cell_against(wc_group_team& team, const std::string& name) {
                        {.file = {}, .record = 0, .field = "versus", .player = name});
 }
 
-void run_group_match(wc_group& group, const entered_side& first, const entered_side& second,
-                     const std::string& venue) {
+void run_group_match(wc_group& group, const entered_side& first, const entered_side& second, const std::string& venue) {
   enter_match(first, second, venue);
   wc_group_team& a = group[place_of(group, first.team)];
   wc_group_team& b = group[place_of(group, second.team)];

@@ -11,11 +11,11 @@ namespace velorin {
 
 /// The World Cup: groups, hosts, human sides. Its OK plays the whole tournament.
 struct wctable {
-  std::vector<team_entry> teams;          ///< the list of all boxes
-  std::array<int, 5> combo1{};            ///< Group A, entries from 0
-  std::array<int, 5> combo2{};            ///< Group B
-  std::array<bool, 5> check1{};           ///< human sides of Group A
-  std::array<bool, 5> check2{};           ///< human sides of Group B
+  std::vector<team_entry> teams;             ///< the list of all boxes
+  std::array<int, 5> combo1{};               ///< Group A, entries from 0
+  std::array<int, 5> combo2{};               ///< Group B
+  std::array<bool, 5> check1{};              ///< human sides of Group A
+  std::array<bool, 5> check2{};              ///< human sides of Group B
   std::array<int, 3> combo3 = {-1, -1, -1};  ///< hosts; -1 for none
   bool closed = false;
   bool hidden = false;  ///< play has begun; after a tournament played to its end the form stays loaded and hidden
@@ -24,8 +24,8 @@ struct wctable {
 
   /// Loads the teams and sets the defaults; with fewer than ten teams reports that in a message and closes.
   void open();
-  /// "OK": draws the fixtures and plays the stages, with the fixture list and the tables between the matches, to the end
-  /// or until the user quits. Draws and asks as told at the stages. Raises what the matches raise.
+  /// "OK": draws the fixtures and plays the stages, with the fixture list and the tables between the matches, to the
+  /// end or until the user quits. Draws and asks as told at the stages. Raises what the matches raise.
   void command1_click();
   /// "Cancel".
   void command2_click() { closed = true; }

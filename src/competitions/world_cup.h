@@ -21,10 +21,10 @@ struct wc_fixture {
   std::string team_a;
   std::string team_b;
   std::string venue;
-  integer index_a;  ///< place in the group; in the Super Six 1 to 3 among the qualifiers of Group A
-  integer index_b;  ///< likewise, and of Group B
-  integer match_no;  ///< within the stage
-  std::string stage;  ///< "A", "B" or "SS"
+  integer index_a;     ///< place in the group; in the Super Six 1 to 3 among the qualifiers of Group A
+  integer index_b;     ///< likewise, and of Group B
+  integer match_no;    ///< within the stage
+  std::string stage;   ///< "A", "B" or "SS"
   std::string result;  ///< "" until played
 };
 
@@ -38,9 +38,9 @@ struct wc_knockout {
   bool human_b = false;
 };
 
-using wc_group = std::array<wc_group_team, 6>;      // 1..5
-using league_table5 = std::array<league_row, 6>;    // 1..5
-using league_table6 = std::array<league_row, 7>;    // 1..6
+using wc_group = std::array<wc_group_team, 6>;    // 1..5
+using league_table5 = std::array<league_row, 6>;  // 1..5
+using league_table6 = std::array<league_row, 7>;  // 1..6
 
 /// The stages of the tournament in their order.
 enum class wc_stage { drawn, group_matches, super_six_draw, super_six_matches, knock_out, over };
@@ -50,19 +50,19 @@ enum class wc_stage { drawn, group_matches, super_six_draw, super_six_matches, k
 struct world_cup_record {
   wc_group wc_group_a;
   wc_group wc_group_b;
-  std::array<wc_fixture, 51> wc_fixtures;    ///< [1..50]: 1 to 20 the groups, 21 to 29 the Super Six
-  league_table6 wc_super_six;                ///< [1..6]
-  std::array<bool, 7> wc_ss_human{};         ///< [1..6] human sides, sorted along with the table
-  std::array<wc_knockout, 3> wc_semi;        ///< [1..2]
+  std::array<wc_fixture, 51> wc_fixtures;  ///< [1..50]: 1 to 20 the groups, 21 to 29 the Super Six
+  league_table6 wc_super_six;              ///< [1..6]
+  std::array<bool, 7> wc_ss_human{};       ///< [1..6] human sides, sorted along with the table
+  std::array<wc_knockout, 3> wc_semi;      ///< [1..2]
   wc_knockout wc_final;
   bool quit_requested = false;
-  std::vector<std::string> grounds;          ///< Combo4: the hosts' grounds
-  std::array<std::string, 5> chosen_a;       ///< texts of Combo1
-  std::array<std::string, 5> chosen_b;       ///< texts of Combo2
-  std::array<bool, 5> human_a{};             ///< Check1
-  std::array<bool, 5> human_b{};             ///< Check2
+  std::vector<std::string> grounds;     ///< Combo4: the hosts' grounds
+  std::array<std::string, 5> chosen_a;  ///< texts of Combo1
+  std::array<std::string, 5> chosen_b;  ///< texts of Combo2
+  std::array<bool, 5> human_a{};        ///< Check1
+  std::array<bool, 5> human_b{};        ///< Check2
   wc_stage stage = wc_stage::over;
-  int next_match = 0;                        ///< groups: fixture 1 to 20; Super Six: 21 to 29; knock-out: 1 to 3
+  int next_match = 0;  ///< groups: fixture 1 to 20; Super Six: 21 to 29; knock-out: 1 to 3
 };
 extern world_cup_record world_cup;
 

@@ -72,9 +72,8 @@ aggr aggr::of_batsman(int slot) {
   form.figures = {number_text(int(card.runs)), number_text(int(card.balls)),
                   card.balls == 0 ? " - " : number_text(strike_rate(card.runs, card.balls)), ""};
   form.picture1 = std::min(915.0, 5 * (2.0 * card.runs + card.balls / 2.0));
-  const std::string rate = match.innings_balls == 0
-                               ? "0.00"
-                               : number_text(round_to(6.0 * match.score_runs / match.innings_balls, 2));
+  const std::string rate =
+      match.innings_balls == 0 ? "0.00" : number_text(round_to(6.0 * match.score_runs / match.innings_balls, 2));
   form.label1_4 = fmt::format("{} are {}/{} from {} Overs at {} runs per over.", short_name(match.team1_name),
                               match.score_runs, match.score_wickets, match.overs_text(), rate);
   return form;

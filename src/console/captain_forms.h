@@ -6,8 +6,8 @@
 
 #include "model/batsman_figures.h"
 
-// The dialogs of a human captain. A form is opened, changed through its fields as a user would, and closed by one of its
-// buttons.
+// The dialogs of a human captain. A form is opened, changed through its fields as a user would, and closed by one of
+// its buttons.
 
 namespace velorin {
 
@@ -52,15 +52,15 @@ struct chgbowler {
 
 /// Shows a player's figures and sets his aggression.
 struct aggr {
-  bool for_batsman = true;        ///< Command1 is shown, else Command2
-  int text1 = 0;                  ///< the slot
-  int vscroll1 = 0;               ///< the aggression, 1 to 5
-  std::string label1_0;           ///< blank, name, blank
+  bool for_batsman = true;              ///< Command1 is shown, else Command2
+  int text1 = 0;                        ///< the slot
+  int vscroll1 = 0;                     ///< the aggression, 1 to 5
+  std::string label1_0;                 ///< blank, name, blank
   std::array<std::string, 4> headings;  ///< of the figures, in shown order
   std::array<std::string, 4> figures;   ///< batsman: runs, balls, strike rate; bowler: overs, maidens, runs, wickets
-  bool picture1_visible = true;   ///< the settled bar
-  double picture1 = 0;            ///< its width, 0 to 915
-  std::string label1_4;           ///< batsman: the side's score in a sentence
+  bool picture1_visible = true;         ///< the settled bar
+  double picture1 = 0;                  ///< its width, 0 to 915
+  std::string label1_4;                 ///< batsman: the side's score in a sentence
   bool closed = false;
 
   static aggr of_batsman(int slot);

@@ -3,8 +3,8 @@
 
 #include <fmt/format.h>
 
-#include "model/teams.h"
 #include "model/rounding.h"
+#include "model/teams.h"
 #include "model/texts.h"
 
 namespace velorin {

@@ -56,8 +56,8 @@ std::vector<rate_cell> projections() {
 }
 
 std::vector<rate_cell> chase_cells(bool refreshed) {
-  std::vector<rate_cell> cells = {{"Runs Reqd.", ""}, {"Overs rem.", ""}, {"RR Reqd.", ""}, {"Current RR", ""},
-                                  {"Wkts in hand", ""}, {"Target", ""},    {"Initial RR", ""}};
+  std::vector<rate_cell> cells = {{"Runs Reqd.", ""},   {"Overs rem.", ""}, {"RR Reqd.", ""},  {"Current RR", ""},
+                                  {"Wkts in hand", ""}, {"Target", ""},     {"Initial RR", ""}};
   if (!refreshed) return cells;
   const rate_figures& rates = match.rates;
   const int target = match.first_total + 1;

@@ -26,8 +26,7 @@ struct bowling_weight {
 constexpr std::array<bowling_weight, 5> bowling_weights = {{{0.25, -3}, {0.15, -1}, {0, 0}, {-0.15, 1}, {-0.25, 3}}};
 
 /// Window sizes in parts of the runs per over, in the order of the scale behind the wicket's.
-constexpr std::array<double, 9> run_weights = {63.33,  15.333, 3.8666, 12.6666, 1.4666,
-                                               1.6666, 1.8666, 1,      0.6666};
+constexpr std::array<double, 9> run_weights = {63.33, 15.333, 3.8666, 12.6666, 1.4666, 1.6666, 1.8666, 1, 0.6666};
 
 /// Outcomes in the order of the scale.
 constexpr std::array<int, 10> scale_order = {wicket,   one_run, two_runs,  three_runs, four_runs,

@@ -44,9 +44,7 @@ void require_position(int position, const char* field) {
                        {.file = {}, .record = 0, .field = field, .player = {}});
 }
 
-void say(ball_text text, int number) {
-  match.ball_commentary.add_ball({text, number, match.bowler, match.striker});
-}
+void say(ball_text text, int number) { match.ball_commentary.add_ball({text, number, match.bowler, match.striker}); }
 
 void off_the_bat(over_in_progress& over) {
   const int runs = match.ball_outcome;
@@ -189,9 +187,9 @@ bool bowl_ball(over_in_progress& over) {
 
 void enforce_quota() {
   while (match.bowling_card[match.bowler].balls > 59) {
-    user().show(message_box{"Full Quota Bowled",
-                            match.bowling_xi[match.bowler].name +
-                                " has bowled his full quota of 10 overs.Please select a new bowler"});
+    user().show(message_box{
+        "Full Quota Bowled",
+        match.bowling_xi[match.bowler].name + " has bowled his full quota of 10 overs.Please select a new bowler"});
     chgbowler form(chgbowler::use::change, "Change Bowler");
     user().show(form);
     require_position(match.bowler, "bowler");

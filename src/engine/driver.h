@@ -13,9 +13,10 @@ namespace velorin {
 /// Raises run_time_error: a bowler not chosen (subscript), whatever play raises.
 void open_console();
 
-/// Bowls one over, or what is left of the innings. Requires an open console. Draws, for each ball, the delivery and what
-/// follows from it. Tells the front end of each ball. Raises run_time_error: a position that nobody fills (subscript), a
-/// figure beyond its width (overflow), what the model, the books, the captains and the end of a match raise.
+/// Bowls one over, or what is left of the innings. Requires an open console. Draws, for each ball, the delivery and
+/// what follows from it. Tells the front end of each ball. Raises run_time_error: a position that nobody fills
+/// (subscript), a figure beyond its width (overflow), what the model, the books, the captains and the end of a match
+/// raise.
 void next_over();
 
 /// Asks a human captain for the two opening bowlers, or lets the computer choose them.

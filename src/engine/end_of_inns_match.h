@@ -10,13 +10,13 @@ namespace velorin {
 void end_of_ball_check();
 
 /// Moves the match to the next innings: stores the commentary, swaps the sides and their books, opens with new bowlers
-/// and batsmen. Requires innings_total and innings_wickets. A human captain is asked for his choices; a computer captain
-/// draws the offset of its bowlers. Raises run_time_error (subscript): a commentary beyond its 1500 places, a bowler not
-/// chosen.
+/// and batsmen. Requires innings_total and innings_wickets. A human captain is asked for his choices; a computer
+/// captain draws the offset of its bowlers. Raises run_time_error (subscript): a commentary beyond its 1500 places, a
+/// bowler not chosen.
 void change_innings();
 
-/// The end of a match: records the unbroken stand, updates careers and records, closes the console and resets the match.
-/// Requires the result block. Raises what the updates raise.
+/// The end of a match: records the unbroken stand, updates careers and records, closes the console and resets the
+/// match. Requires the result block. Raises what the updates raise.
 void finish_match();
 
 }  // namespace velorin

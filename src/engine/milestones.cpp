@@ -38,9 +38,8 @@ struct milestone {
 };
 
 void announce_batsman(const batting_card_rec& man, const char* gap, const char* words) {
-  user().show(message_box{
-      man.name + " - Batting achievement",
-      man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + words});
+  user().show(message_box{man.name + " - Batting achievement",
+                          man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + words});
 }
 
 /// Steps 1 to 4 for one of the two batsmen. True if he has reached the milestone of the step.

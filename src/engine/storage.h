@@ -8,20 +8,20 @@ namespace velorin {
 /// Reads the two elevens of the selection into batting_xi and bowling_xi. A missing or short file leaves empty records.
 void load_elevens();
 
-/// Credits the runs off the bat of ball_outcome 0 to 6; does nothing for 7 to 11. Requires that the batsmen have already
-/// been exchanged after an odd number of runs. Changes both cards and maiden_flag.
+/// Credits the runs off the bat of ball_outcome 0 to 6; does nothing for 7 to 11. Requires that the batsmen have
+/// already been exchanged after an odd number of runs. Changes both cards and maiden_flag.
 void record_runs();
 
-/// Fills fall_of_wicket[score_wickets]. Requires that score_wickets has just been raised and that the wicket ball is not
-/// yet in innings_balls.
+/// Fills fall_of_wicket[score_wickets]. Requires that score_wickets has just been raised and that the wicket ball is
+/// not yet in innings_balls.
 void record_fall_of_wicket();
 
 /// Draws how the striker was out and writes how_out and fielder of his card. Draws one number, a second one for a run
 /// out and for a catch in the field. Sets `run_out` if it was one; it is left alone otherwise.
 void record_dismissal(bool& run_out);
 
-/// Announces milestones that have not been announced in this match: a message each when a human is involved. Changes the
-/// achievement lists. Raises run_time_error (subscript) when a list is full.
+/// Announces milestones that have not been announced in this match: a message each when a human is involved. Changes
+/// the achievement lists. Raises run_time_error (subscript) when a list is full.
 void check_milestones();
 
 }  // namespace velorin

@@ -63,14 +63,14 @@ class reserved_texts {
 
 /// One player of a squad and one line of an eleven.
 struct player_rec {
-  std::string name;                     ///< as on scorecards; empty marks an empty place of a squad
-  integer bat_skill;                    ///< balls per dismissal, higher is better
-  float bowl_sr = 0;                    ///< balls per wicket, lower is better
-  float econ = 0;                       ///< runs conceded an over, lower is better
-  integer is_keeper;                    ///< flag: -1 for a wicket-keeper, else 0
-  std::string bat_type;                 ///< three characters of batting hand, then the role
-  std::string bowler_type;              ///< "Fast Bowler", "Medium Pacer", "spinner" and the like
-  reserved_texts reserved;   ///< carried along, read by nothing
+  std::string name;         ///< as on scorecards; empty marks an empty place of a squad
+  integer bat_skill;        ///< balls per dismissal, higher is better
+  float bowl_sr = 0;        ///< balls per wicket, lower is better
+  float econ = 0;           ///< runs conceded an over, lower is better
+  integer is_keeper;        ///< flag: -1 for a wicket-keeper, else 0
+  std::string bat_type;     ///< three characters of batting hand, then the role
+  std::string bowler_type;  ///< "Fast Bowler", "Medium Pacer", "spinner" and the like
+  reserved_texts reserved;  ///< carried along, read by nothing
 
   /// The batting role: `bat_type` from its fourth character on, "" if there is none.
   std::string_view role() const {
@@ -145,11 +145,11 @@ struct rate_entry {
   double delta = 0;  ///< runs an over gained on the other side
 };
 
-using batting_card_table = std::array<batting_card_rec, 12>;        // 1..11
-using bowling_card_table = std::array<bowling_card_rec, 12>;        // 1..11
-using fall_of_wicket_table = std::array<fall_of_wicket_rec, 11>;    // 0..10
-using eleven = std::array<player_rec, 12>;                          // 1..11
-using squad = std::array<player_rec, 21>;                           // 1..20
+using batting_card_table = std::array<batting_card_rec, 12>;       // 1..11
+using bowling_card_table = std::array<bowling_card_rec, 12>;       // 1..11
+using fall_of_wicket_table = std::array<fall_of_wicket_rec, 11>;   // 0..10
+using eleven = std::array<player_rec, 12>;                         // 1..11
+using squad = std::array<player_rec, 21>;                          // 1..20
 using ball_log_table = std::array<std::array<short_text, 8>, 51>;  // over 1..50, slot 1..7
 
 }  // namespace velorin

@@ -15,9 +15,9 @@ namespace velorin {
 class short_text {
  public:
   short_text() = default;
-  short_text(std::string_view text) { assign(text); }           // NOLINT(google-explicit-constructor)
-  short_text(const std::string& text) { assign(text); }         // NOLINT(google-explicit-constructor)
-  short_text(const char* text) { assign(text); }                // NOLINT(google-explicit-constructor)
+  short_text(std::string_view text) { assign(text); }    // NOLINT(google-explicit-constructor)
+  short_text(const std::string& text) { assign(text); }  // NOLINT(google-explicit-constructor)
+  short_text(const char* text) { assign(text); }         // NOLINT(google-explicit-constructor)
   explicit short_text(char one) : size_(1) { inside_[0] = one; }
   short_text(const short_text& other) { copy(other); }
   short_text(short_text&&) noexcept = default;

@@ -92,14 +92,14 @@ struct match_conditions {
   integer outfield;   ///< 1..4
 };
 
-/// Who is known to be on the achievement lists, so that no list is searched again for him: the step up to which a man at
-/// a position, or the present pair, has been entered. Steps count the lists of a kind from 1 in rising order. Only for
-/// the innings in play.
+/// Who is known to be on the achievement lists, so that no list is searched again for him: the step up to which a man
+/// at a position, or the present pair, has been entered. Steps count the lists of a kind from 1 in rising order. Only
+/// for the innings in play.
 struct match_known_achievements {
-  std::array<std::uint8_t, 12> batting_step{};    ///< [1..11] 1 to 4: 50, 100, 150, 200
+  std::array<std::uint8_t, 12> batting_step{};      ///< [1..11] 1 to 4: 50, 100, 150, 200
   std::array<std::uint8_t, 12> five_wicket_step{};  ///< [1..11] 1: entered
-  std::uint8_t stand_step = 0;                    ///< 1 to 6: 50 to 300
-  std::array<std::int8_t, 3> stand_of{};          ///< wickets down and the pair's positions when the step was noted
+  std::uint8_t stand_step = 0;                      ///< 1 to 6: 50 to 300
+  std::array<std::int8_t, 3> stand_of{};            ///< wickets down and the pair's positions when the step was noted
 };
 
 /// What the set-up collects on its way to the toss.
@@ -160,16 +160,16 @@ struct last_wicket_note {
 struct match_console {
   int score_runs = 0;                              ///< runs of the innings, wides and no balls left out
   int score_wickets = 0;                           ///< 0..10
-  std::array<short_text, 6> over_symbols;         ///< [0..5] what each ball of the present over did
+  std::array<short_text, 6> over_symbols;          ///< [0..5] what each ball of the present over did
   std::array<int, 2> batsman_aggression = {1, 2};  ///< 1..5; slot 0 the lower batting position at the crease
   std::array<int, 2> bowling_aggression = {1, 2};  ///< 1..5; slot 0 the over being bowled
   std::array<double, 2> settled_meter = {0, 0};    ///< 0..915, slots of the batsmen
   commentary_log ball_commentary;                  ///< the lines of this innings
   std::array<bowler_row, 11> bowler_list;          // rows 1..10 in the order in which the bowlers came on
   rate_figures rates;
-  projection_text first_innings_projection;        ///< frozen at the change of innings
-  std::array<integer, 2> opening_bowlers;  ///< positions of this innings' opening pair
-  bool bowler_change_pending = false;      ///< a change is still to be announced
+  projection_text first_innings_projection;  ///< frozen at the change of innings
+  std::array<integer, 2> opening_bowlers;    ///< positions of this innings' opening pair
+  bool bowler_change_pending = false;        ///< a change is still to be announced
   integer bowler_change_out;
   integer bowler_change_in;
   last_wicket_note last_wicket;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/graphs.h"
 
-
 #include "model/teams.h"
 #include "model/texts.h"
 #include "reports/scorecard.h"

@@ -18,13 +18,13 @@ struct teamsel {
 
   const std::string& heading() const { return team_; }
   std::string title() const { return team_ + " - Team Selection "; }
-  bool row_visible(int place) const;        ///< the place has a man
+  bool row_visible(int place) const;  ///< the place has a man
   const player_rec& man(int place) const { return (*squad_)[place]; }
-  std::string label2(int place) const;      ///< "Bat Type"
-  std::string label3(int place) const;      ///< "Bat Skill"
-  std::string label4(int place) const;      ///< "Bowler type", with "/Wk" behind it for a keeper
-  std::string label5(int place) const;      ///< "Bowl SR"
-  std::string label6(int place) const;      ///< "Econ."
+  std::string label2(int place) const;  ///< "Bat Type"
+  std::string label3(int place) const;  ///< "Bat Skill"
+  std::string label4(int place) const;  ///< "Bowler type", with "/Wk" behind it for a keeper
+  std::string label5(int place) const;  ///< "Bowl SR"
+  std::string label6(int place) const;  ///< "Econ."
   int ticked() const;
   /// The counter: " 0 /11 players selected so far." at the start, then the number and the same words.
   std::string selected_count() const;
@@ -38,16 +38,16 @@ struct teamsel {
   /// "Career Bat Avgs." (0) and "Career Bowl Avgs." (1): the records of the team's players. Asks the front end. Raises
   /// what read_career_table raises.
   void command5_click(int index) const;
-  /// "OK" of the first team; it is shown while match.first_team_done is clear. Nothing happens unless exactly eleven are
-  /// ticked. Writes the eleven and closes the form. Raises what write_eleven raises.
+  /// "OK" of the first team; it is shown while match.first_team_done is clear. Nothing happens unless exactly eleven
+  /// are ticked. Writes the eleven and closes the form. Raises what write_eleven raises.
   void command1_click();
   /// "OK" of the second team: likewise, then goes on with the toss and the match, and returns when it is over.
   void command2_click();
   /// The OK that is shown.
   void ok_click();
 
-  /// What the last Auto Select ranked best: places of the four best bowlers, and of the man ticked as the bowler who can
-  /// bat (0 for none).
+  /// What the last Auto Select ranked best: places of the four best bowlers, and of the man ticked as the bowler who
+  /// can bat (0 for none).
   const std::array<int, 4>& best_bowlers() const { return best_bowlers_; }
   int batting_bowler() const { return batting_bowler_; }
 

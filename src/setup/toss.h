@@ -7,12 +7,12 @@ namespace velorin {
 
 /// The toss. First the coin's buttons are shown, then the decision's.
 struct toss {
-  std::string label1;  ///< the headline
-  std::string label2;  ///< deciding line: the team for which "Bat" and "Bowl" speak
-  std::string label3;  ///< the other team
-  bool coin_visible = true;       ///< "Heads" and "Tails" are shown, else "Bat" and "Bowl"
-  bool command2_enabled = true;   ///< "Bat"
-  bool command3_enabled = true;   ///< "Bowl"
+  std::string label1;            ///< the headline
+  std::string label2;            ///< deciding line: the team for which "Bat" and "Bowl" speak
+  std::string label3;            ///< the other team
+  bool coin_visible = true;      ///< "Heads" and "Tails" are shown, else "Bat" and "Bowl"
+  bool command2_enabled = true;  ///< "Bat"
+  bool command3_enabled = true;  ///< "Bowl"
   bool closed = false;
 
   /// The first team is to call. Reads the team names.

@@ -15,10 +15,10 @@ namespace {
 constexpr std::array<const char*, 4> weather_words = {
     "Dark and Rainy, suitable for the quick bowlers.", "Cloudy and Overcast, swing bowlers should dominate.",
     "Fine and Sunny, perfect for the batsmen.", "Hot and Humid, tiring conditions for players."};
-constexpr std::array<const char*, 4> pitch_words = {
-    "Green top, will suit the quick bowlers.", "Lots of cracks favouring spinners.",
-    "Somewhat even surface favouring batsmen and bowlers equally.",
-    "Very even surface with dead grass, will suit the batsmen."};
+constexpr std::array<const char*, 4> pitch_words = {"Green top, will suit the quick bowlers.",
+                                                    "Lots of cracks favouring spinners.",
+                                                    "Somewhat even surface favouring batsmen and bowlers equally.",
+                                                    "Very even surface with dead grass, will suit the batsmen."};
 constexpr std::array<const char*, 4> bounce_words = {
     "High bounce, fast bowlers should dominate.", "Uneven bounce, difficult for batsmen.",
     "Fairly even bounce with the odd one keeping low, should favour batsmen and bowlers equally.",
@@ -34,7 +34,8 @@ struct span_of_values {
 constexpr std::array<span_of_values, 4> temperatures = {{{16, 5}, {16, 5}, {13, 20}, {12, 29}}};
 constexpr std::array<span_of_values, 4> humidities = {{{21, 30}, {21, 30}, {41, 30}, {21, 70}}};
 
-constexpr std::array<sky_color, 4> sky_tops = {{{0, 0, 0}, {35536, 35536, 35536}, {0, 33536, 65535}, {65535, 35536, 0}}};
+constexpr std::array<sky_color, 4> sky_tops = {
+    {{0, 0, 0}, {35536, 35536, 35536}, {0, 33536, 65535}, {65535, 35536, 0}}};
 constexpr std::array<sky_color, 4> sky_bottoms = {
     {{50536, 50536, 50536}, {65535, 65535, 65535}, {0, 65535, 65535}, {65535, 65036, 0}}};
 
@@ -45,7 +46,9 @@ int draw_condition() {
   return value == 0 ? 1 : value;
 }
 
-int draw_from(const span_of_values& values) { return static_cast<int>(std::floor(values.count * rnd() + values.lowest)); }
+int draw_from(const span_of_values& values) {
+  return static_cast<int>(std::floor(values.count * rnd() + values.lowest));
+}
 
 int slider_value(int figure, const char* field) {
   if (figure < 1 || figure > 4) {

@@ -25,8 +25,8 @@ double die_draw(int face, int sides);
 /// Draws that come in this order; reseeding takes none. The count in use is chance.draws_used().
 void script_draws(std::vector<double> draws);
 
-/// The draw that makes the next delivery, as the match stands, end in `outcome` (0..11 but 5): the middle of its window.
-/// Fails the test if the window is empty.
+/// The draw that makes the next delivery, as the match stands, end in `outcome` (0..11 but 5): the middle of its
+/// window. Fails the test if the window is empty.
 double draw_outcome(int outcome);
 
 }  // namespace velorin::testing
