@@ -87,7 +87,8 @@ void choose_opening_bowlers() {
     line.name = man.name;
     line.rating = static_cast<double>(man.bowl_sr) + offset;
     line.position = i;
-    line.econ_class = static_cast<long>(round_half_even(static_cast<double>(man.econ)));
+    // A rate beyond every figure is an overflow like any other.
+    line.econ_class = static_cast<long>(std::clamp(round_half_even(static_cast<double>(man.econ)), -1e6, 1e6));
     line.bowler_type = man.bowler_type;
   }
   // A stable sort by the key: what full bubble passes with a strict comparison give.
