@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "database/elevens.h"
 #include "engine/storage.h"
@@ -182,6 +183,9 @@ TEST_F(Books, OfSeveralKeepersTheHighestPositionCounts) {
   match.bowling_xi[8].bowler_type = "spinner";
   dismiss(41);
   EXPECT_EQ(striker().fielder, " st A.Bowl8");
+  match.bowling_xi[11].is_keeper = flag_true;
+  dismiss(30);
+  EXPECT_EQ(striker().fielder, " c A.Bowl11");
 }
 
 TEST_F(Books, WithoutAKeeperTheFielderStaysAsItWas) {
@@ -218,6 +222,16 @@ TEST_F(Books, TheFlagOfARunOutIsOnlyEverSet) {
   bool run_out = true;
   record_dismissal(run_out);
   EXPECT_TRUE(run_out);
+}
+
+TEST_F(Books, ADismissalContinuesTheDrawsBeforeIt) {
+  chance.use_clock();
+  random_source before = chance;
+  bool run_out = false;
+  record_dismissal(run_out);
+  const auto draws = chance.draws_used();
+  while (before.draws_used() < draws) before.rnd();
+  EXPECT_EQ(chance.rnd(), before.rnd());
 }
 
 TEST_F(Books, NamesComeFromTheElevensAndNotFromTheCards) {

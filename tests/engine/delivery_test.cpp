@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <cstring>
 #include <vector>
 
 #include "engine/algorithm.h"
@@ -259,6 +259,14 @@ TEST_F(Delivery, WindowsAreRoundedHalfToEven) {
   windows = delivery_windows(expected);
   EXPECT_EQ(windows[0], 2);
   EXPECT_EQ(windows[8], 4);
+}
+
+TEST_F(Delivery, EachDeliveryStartsTheGeneratorAnew) {
+  chance.use_clock();
+  random_source without_reseeding = chance;
+  deliver_ball();
+  without_reseeding.rnd();
+  EXPECT_NE(chance.rnd(), without_reseeding.rnd());
 }
 
 TEST_F(Delivery, ChangesTheOutcomeAlone) {

@@ -6,13 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "captain/aicomp.h"
-#include "console/console_view.h"
 #include "engine/algorithm.h"
-#include "engine/end_of_inns_match.h"
 #include "engine/match_test.h"
 #include "model/check_match.h"
-#include "model/run_time_error.h"
 
 namespace velorin::testing {
 namespace {
@@ -21,25 +17,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-class Innings : public match_test {
- protected:
-  /// Opens the match and plays the last two overs of its first innings: 12 off the 49th, in the 50th 4, a wicket, 2 leg
-  /// byes, 2, no ball, 2 and nothing. 22 for 1, the men at 1 and 3 not out, the latter on strike.
-  void play_first_innings(bool computer_bats, bool computer_bowls) {
-    open(computer_bats, computer_bowls);
-    skip_to_over(49);
-    play(times(6, hit(2)));
-    user.requests.clear();
-    play({hit(4), out(12), off_the_pad(leg_byes, 2), hit(2), hit(no_ball), hit(2), last_ball(computer_bats)});
-  }
-
-  /// A dot ball; the offset of the bowlers of a side that bowls next.
-  static ball last_ball(bool computer_bowls_next) {
-    ball last = hit(0);
-    if (computer_bowls_next) last.after = {0.5};
-    return last;
-  }
-};
+class Innings : public match_test {};
 
 TEST_F(Innings, WhatTheScorecardSees) {
   user.on_report = [](report which) {
@@ -119,6 +97,53 @@ TEST_F(Innings, AStrikerWhoIsTheLowerIsNamedTwice) {
   EXPECT_EQ(match.first_fall_of_wicket[1].batsman_b, "H.Bat1 * ");
   EXPECT_EQ(match.first_fall_of_wicket[1].partner_runs, 2);
   EXPECT_EQ(match.first_fall_of_wicket[1].partner_balls, 300);
+}
+
+TEST_F(Innings, NineDownTheLastPairHasAStand) {
+  open(false, false);
+  skip_to_over(48);
+  play(times(9, out()) + std::vector{hit(1)} + times(8, hit(0)));
+  EXPECT_EQ(match.first_wickets, 9);
+  EXPECT_EQ(match.first_fall_of_wicket[10].batsman_a, "H.Bat8");
+  EXPECT_EQ(match.first_fall_of_wicket[10].partner_runs, 1);
+  EXPECT_EQ(match.first_fall_of_wicket[10].partner_balls, 9);
+  EXPECT_EQ(match.first_batting_card[8].how_out, "not out");
+  EXPECT_EQ(match.first_batting_card[11].how_out, "not out");
+}
+
+TEST_F(Innings, AllOutNobodyIsNotOut) {
+  open(false, false);
+  play(std::vector{hit(1)} + times(10, out()));
+  EXPECT_EQ(match.first_wickets, 10);
+  for (int i = 1; i <= 11; ++i) EXPECT_NE(match.first_batting_card[i].how_out, "not out") << i;
+  EXPECT_EQ(match.first_batting_card[11].how_out, " b A.Bowl2");
+  EXPECT_EQ(match.first_fall_of_wicket[10].batsman_b, "H.Bat11");
+}
+
+TEST_F(Innings, TheSecondInningsHasItsOwnMilestones) {
+  open(false, false);
+  skip_to_over(49);
+  play(times(12, hit(6)));
+  EXPECT_EQ(match.stand50_list[1], "H.Bat1H.Bat2");
+  user.messages.clear();
+  skip_to_over(49);
+  play(times(11, hit(6)));
+  ASSERT_THAT(texts_of(" Partnership"), ElementsAre("A.Bowl1 & A.Bowl2 have put on a Fifty run partnership! "));
+  EXPECT_EQ(match.stand50_list[2], "A.Bowl1A.Bowl2");
+}
+
+TEST_F(Innings, TheSameBowlerAndBatsmanReachTheirsInTurn) {
+  open(false, false);
+  play(times(5, out()) + std::vector{hit(0)} + times(6, hit(0)));  // five wickets for the man at 1
+  play(times(6, hit(6)) + times(6, hit(0)) + times(6, hit(6)));    // a fifty for the man at 7
+  play(times(5, out()));
+  ASSERT_EQ(match.innings_number, 2);
+  EXPECT_EQ(match.fifty_list[1], "H.Bat7");
+  user.messages.clear();
+  play(times(5, out()) + std::vector{hit(0)} + times(6, hit(0)));
+  play(times(6, hit(6)) + times(6, hit(0)) + times(5, hit(6)));
+  EXPECT_THAT(texts_of("H.Bat1 - Bowling achievement"), SizeIs(1));
+  EXPECT_THAT(texts_of("A.Bowl7 - Batting achievement"), SizeIs(1));
 }
 
 TEST_F(Innings, TheLastOverIsNotClosed) {
@@ -201,72 +226,6 @@ TEST_F(Innings, TheCaptionsStayAsTheyWere) {
 TEST_F(Innings, TheMetersAreFresh) {
   play_first_innings(false, false);
   EXPECT_THAT(match.settled_meter, ElementsAre(0, 0));
-}
-
-TEST_F(Innings, TheCommentaryIsStored) {
-  play_first_innings(false, false);
-  const std::vector<std::string> stored = stored_commentary_lines();
-  ASSERT_THAT(stored, SizeIs(6 + 12 + 11 + 1));
-  EXPECT_EQ(stored[0], "A.Bowl1 to H.Bat1 : 2 runs.");
-  EXPECT_EQ(stored[8], "Hom   12/0");
-  EXPECT_EQ(stored[18], "A.Bowl2 to H.Bat2 : 4 runs.");
-  EXPECT_EQ(stored[21], "H.Bat2   c A.Bowl7  b A.Bowl2 4 (2)");
-  EXPECT_EQ(stored[26], "A.Bowl2 to H.Bat3 : no ball.");
-  EXPECT_EQ(stored[28], "A.Bowl2 to H.Bat3 : no run.");
-  EXPECT_EQ(stored[29], "");
-  EXPECT_THAT(commentary_lines(), IsEmpty());
-  play({hit(1)});
-  EXPECT_THAT(commentary_lines(), ElementsAre("H.Bat1 to A.Bowl1 : 1 run."));
-  EXPECT_EQ(stored_commentary_lines(), stored);
-}
-
-TEST_F(Innings, ACommentaryBeyondItsPlacesIsAnError) {
-  open(false, false);
-  match.innings_total = 4;
-  for (int line = 1; line <= 1498; ++line) match.ball_commentary.add_ball({ball_text::runs, 0, 1, 1});
-  change_innings();
-  EXPECT_THAT(stored_commentary_lines(), SizeIs(1499));
-  open(false, false);
-  for (int line = 1; line <= 1499; ++line) match.ball_commentary.add_ball({ball_text::runs, 0, 1, 1});
-  EXPECT_THROW(change_innings(), run_time_error);
-}
-
-TEST_F(Innings, TheProjectionIsFrozenAtTheLastEndOfOver) {
-  play_first_innings(false, false);
-  EXPECT_EQ(match.first_innings_projection.text(), "18");  // 12 after 49 overs and 6
-  play(times(6, hit(1)));
-  EXPECT_EQ(match.first_innings_projection.text(), "18");
-}
-
-TEST_F(Innings, TheProjectionOfASideAllOutLooksFarAhead) {
-  open(false, false);
-  play(times(6, hit(1)) + std::vector{hit(4)} + times(10, out()));
-  EXPECT_EQ(match.first_total, 10);
-  EXPECT_EQ(match.first_innings_projection.text(), "298");  // 10 after two overs, and 288
-}
-
-TEST_F(Innings, WithoutACompletedOverThereIsNoProjection) {
-  open(false, true);
-  play({hit(1)});
-  match.innings_total = match.score_runs;
-  change_innings();
-  EXPECT_EQ(match.first_innings_projection.text(), "-");
-  match.innings_changed = false;
-  ASSERT_TRUE(match.computer_bats);
-  try {
-    play({hit(0)});
-    FAIL() << "the captain reckons with a dash";
-  } catch (const run_time_error& error) {
-    EXPECT_EQ(error.kind(), failure::type);
-  }
-}
-
-TEST_F(Innings, TheTableOfBowlersStartsAnew) {
-  play_first_innings(false, false);
-  EXPECT_THAT(view_bowler_list(), IsEmpty());
-  play({hit(1)});
-  ASSERT_THAT(view_bowler_list(), SizeIs(1));
-  EXPECT_EQ(view_bowler_list()[0].label25, "H.Bat1");
 }
 
 }  // namespace

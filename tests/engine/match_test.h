@@ -51,6 +51,10 @@ class match_test : public ::testing::Test {
   /// nobody's batting. For the start of an innings, and overs up to 50.
   static void skip_to_over(int over);
 
+  /// Opens the match and plays the last two overs of its first innings: 12 off the 49th, in the 50th 4, a wicket, 2 leg
+  /// byes, 2, no ball, 2 and nothing. 22 for 1, the men at 1 and 3 not out, the latter on strike.
+  void play_first_innings(bool computer_bats, bool computer_bowls);
+
   /// The messages of the user with this title.
   std::vector<std::string> texts_of(const std::string& title) const;
 

@@ -28,11 +28,22 @@ class Unattended : public match_test {
     }
   }
 
+  /// What a set-up brings into the match, and nothing else: what the match before has left stays.
+  static void set_up(bool computer_bats, bool computer_bowls) {
+    const match_state left = match;
+    set_up_sample_match(computer_bats, computer_bowls);
+    const match_state fresh = match;
+    match = left;
+    static_cast<match_sides&>(match) = fresh;
+    static_cast<match_conditions&>(match) = fresh;
+  }
+
   /// Plays the sample match with one seed and returns all that was shown: requests, and state at each scorecard.
   std::vector<std::string> transcript(std::uint64_t seed, bool computer_bats = true, bool computer_bowls = true) {
     user = scripted_user();
     user.on_report = [this](report) { note_state(); };
-    set_up_sample_match(computer_bats, computer_bowls);
+    set_up(computer_bats, computer_bowls);
+    for (int i = 1; i <= 11; ++i) match.batting_xi[i].bat_skill = match.batting_xi[i].bat_skill * 2;
     chance.use_seed(seed);
     open_console();
     while (match.over_no != 0) next_over();
@@ -188,6 +199,8 @@ TEST_F(Unattended, ZeroAttendedGoesOnIntoAThirdInnings) {
   EXPECT_EQ(match.batting_card[1].how_out, " b A.Bowl1");  // the card of their first innings goes on
   EXPECT_EQ(match.batting_card[1].balls, 1);
   EXPECT_EQ(match.first_batting_card[1].name, "A.Bowl1");
+  EXPECT_THAT(commentary_lines(), IsEmpty());
+  EXPECT_EQ(stored_commentary_lines().at(0), "H.Bat1 to A.Bowl1 : 4 runs.");
   user.requests.clear();
   play({hit(4), hit(1)});
   EXPECT_EQ(match.result_winner, "Home");

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the console keeps and shows through the change of innings: commentary, projection, panel, graph, bowlers.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "console/console_view.h"
+#include "engine/algorithm.h"
+#include "engine/end_of_inns_match.h"
+#include "engine/match_test.h"
+#include "model/run_time_error.h"
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+class InningsConsole : public match_test {};
+
+TEST_F(InningsConsole, TheCommentaryIsStored) {
+  play_first_innings(false, false);
+  const std::vector<std::string> stored = stored_commentary_lines();
+  ASSERT_THAT(stored, SizeIs(6 + 12 + 11 + 1));
+  EXPECT_EQ(stored[0], "A.Bowl1 to H.Bat1 : 2 runs.");
+  EXPECT_EQ(stored[8], "Hom   12/0");
+  EXPECT_EQ(stored[18], "A.Bowl2 to H.Bat2 : 4 runs.");
+  EXPECT_EQ(stored[21], "H.Bat2   c A.Bowl7  b A.Bowl2 4 (2)");
+  EXPECT_EQ(stored[26], "A.Bowl2 to H.Bat3 : no ball.");
+  EXPECT_EQ(stored[28], "A.Bowl2 to H.Bat3 : no run.");
+  EXPECT_EQ(stored[29], "");
+  EXPECT_THAT(commentary_lines(), IsEmpty());
+  play({hit(1)});
+  EXPECT_THAT(commentary_lines(), ElementsAre("H.Bat1 to A.Bowl1 : 1 run."));
+  EXPECT_EQ(stored_commentary_lines(), stored);
+}
+
+TEST_F(InningsConsole, ACommentaryBeyondItsPlacesIsAnError) {
+  open(false, false);
+  match.innings_total = 4;
+  for (int line = 1; line <= 1498; ++line) match.ball_commentary.add_ball({ball_text::runs, 0, 1, 1});
+  change_innings();
+  EXPECT_THAT(stored_commentary_lines(), SizeIs(1499));
+  open(false, false);
+  for (int line = 1; line <= 1499; ++line) match.ball_commentary.add_ball({ball_text::runs, 0, 1, 1});
+  EXPECT_THROW(change_innings(), run_time_error);
+}
+
+TEST_F(InningsConsole, TheProjectionIsFrozenAtTheLastEndOfOver) {
+  play_first_innings(false, false);
+  EXPECT_EQ(match.first_innings_projection.text(), "18");  // 12 after 49 overs and 6
+  play(times(6, hit(1)));
+  EXPECT_EQ(match.first_innings_projection.text(), "18");
+}
+
+TEST_F(InningsConsole, TheProjectionOfASideAllOutLooksFarAhead) {
+  open(false, false);
+  play(times(6, hit(1)) + std::vector{hit(4)} + times(10, out()));
+  EXPECT_EQ(match.first_total, 10);
+  EXPECT_EQ(match.first_innings_projection.text(), "298");  // 10 after two overs, and 288
+}
+
+TEST_F(InningsConsole, WithoutACompletedOverThereIsNoProjection) {
+  open(false, true);
+  play({hit(1)});
+  match.innings_total = match.score_runs;
+  change_innings();
+  EXPECT_EQ(match.first_innings_projection.text(), "-");
+  match.innings_changed = false;
+  ASSERT_TRUE(match.computer_bats);
+  try {
+    play({hit(0)});
+    FAIL() << "the captain reckons with a dash";
+  } catch (const run_time_error& error) {
+    EXPECT_EQ(error.kind(), failure::type);
+  }
+}
+
+TEST_F(InningsConsole, ThePanelShowsTheFirstInningsUntilTheChaseIsRefreshed) {
+  open(false, false);
+  skip_to_over(45);
+  play(times(30, hit(2)) + times(5, hit(1)) + std::vector{hit(3)});
+  EXPECT_EQ(match.first_total, 68);
+  EXPECT_EQ(view_rates().label15_20, "12");
+  EXPECT_TRUE(view_rates().chase);
+  EXPECT_EQ(view_rates().label15_13, "Awa are 0/0");
+  EXPECT_EQ(view_rates().label15_14, "Hom were 0/0");
+  play(times(6, hit(4)));
+  EXPECT_EQ(view_rates().label15_20, " - ");
+  EXPECT_EQ(view_rates().label15_13, "Awa are 24/0");
+}
+
+TEST_F(InningsConsole, TheGraphOfScoresFollowsTheSides) {
+  open(false, false);
+  play({hit(4), hit(0)});
+  EXPECT_EQ(match.worm[0].team, "Home");
+  EXPECT_EQ(match.worm[0].row[1], 4);
+  EXPECT_FALSE(match.worm[0].row_set[2]);
+  EXPECT_FALSE(match.worm[1].score_set);
+  play_first_innings(false, false);
+  EXPECT_EQ(match.worm[0].row[50], 22);  // at 299 balls
+  EXPECT_EQ(match.worm[0].row[51], 22);  // at 300
+  play(times(6, hit(1)) + std::vector{out()});
+  EXPECT_EQ(match.worm[1].team, "Away");
+  EXPECT_EQ(match.worm[1].row[1], 5);
+  EXPECT_EQ(match.worm[1].row[2], 6);
+  EXPECT_EQ(match.worm[1].score_wickets, 1);
+}
+
+TEST_F(InningsConsole, TheTableOfBowlersStartsAnew) {
+  play_first_innings(false, false);
+  EXPECT_THAT(view_bowler_list(), IsEmpty());
+  play({hit(1)});
+  ASSERT_THAT(view_bowler_list(), SizeIs(1));
+  EXPECT_EQ(view_bowler_list()[0].label25, "H.Bat1");
+}
+
+}  // namespace
+}  // namespace velorin::testing
