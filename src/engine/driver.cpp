@@ -33,8 +33,8 @@ struct over_in_progress {
 
   /// Writes one character to the log and the symbols.
   void note(char what) const {
-    log_entry() = short_text(what);
-    symbol() = short_text(what);
+    log_entry().set(what);
+    symbol().set(what);
   }
 };
 
@@ -308,7 +308,7 @@ void next_over() {
   require_position(match.bowler, "bowler");
   enforce_quota();
   match.maiden_flag = true;
-  match.over_symbols = {};
+  for (short_text& symbol : match.over_symbols) symbol.clear();
   over_in_progress over;
   for (; over.ball_no <= 6; ++over.ball_no) {
     if (!bowl_ball(over)) return;

@@ -18,7 +18,6 @@ class short_text {
   short_text(std::string_view text) { assign(text); }    // NOLINT(google-explicit-constructor)
   short_text(const std::string& text) { assign(text); }  // NOLINT(google-explicit-constructor)
   short_text(const char* text) { assign(text); }         // NOLINT(google-explicit-constructor)
-  explicit short_text(char one) : size_(1) { inside_[0] = one; }
   short_text(const short_text& other) { copy(other); }
   short_text(short_text&&) noexcept = default;
   short_text& operator=(const short_text& other) {
@@ -32,7 +31,16 @@ class short_text {
     return outside_ ? std::string_view(*outside_) : std::string_view(inside_.data(), size_);
   }
   bool empty() const { return size_ == 0 && !outside_; }
-  void clear() { *this = short_text(); }
+  void clear() {
+    outside_.reset();
+    size_ = 0;
+  }
+  /// Makes it a text of one character.
+  void set(char one) {
+    outside_.reset();
+    inside_[0] = one;
+    size_ = 1;
+  }
 
   short_text& operator+=(std::string_view more) {
     assign(std::string(std::string_view(*this)).append(more));
