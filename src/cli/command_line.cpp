@@ -55,6 +55,7 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
   command_action action;
 
   CLI::App app("Plays one-day cricket without a window, and builds, checks and dumps databases.", "velorin-cli");
+  app.require_subcommand(0, 1);
   app.fallthrough();
   app.set_version_flag("--version", std::string("velorin-cli ") + version);
   app.add_option("--teams-dir", program.teams_dir, "Folder of the data files (default: teams beside the program)")
@@ -63,6 +64,7 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
                  "Base name of the database (default: line 2 of options.mc, else the only one on offer)")
       ->type_name("BASE");
   auto* seed = app.add_option("--seed", program.seed, "One seeded generator for the whole run")
+                   ->transform(plain_number)
                    ->check([](const std::string& text) {
                      std::uint64_t number = 0;
                      const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -72,6 +74,7 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
                    ->type_name("N");
   app.add_option("--draws", program.draws, "Scripted draws: a file with a number in [0,1) a line")
       ->type_name("FILE")
+      ->check(not_empty)
       ->excludes(seed);
   add_match(app, program, io, action);
   add_competitions(app, program, io, action);

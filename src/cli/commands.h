@@ -38,6 +38,12 @@ std::string core_text(const std::string& name);
 /// Up to three of `known` that are near to `name`, or begin much like it, nearest first.
 std::vector<std::string> near_names(const std::string& name, const std::vector<std::string>& known);
 
+/// A whole number of decimal digits as typed, without its leading zeros. Raises CLI::ValidationError for anything else.
+std::string plain_number(std::string typed);
+
+/// A check of an option: "" for a text, else what is wrong.
+std::string not_empty(const std::string& typed);
+
 /// Raises the run_time_error for an unknown team, ground or player, with near names. Texts in single bytes.
 [[noreturn]] void raise_unknown(const std::string& what, const std::string& name,
                                 const std::vector<std::string>& known);

@@ -235,6 +235,7 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
   series_command->add_option("--home", one->teams[0], "Home team")->required()->type_name("NAME");
   series_command->add_option("--away", one->teams[1], "Away team")->required()->type_name("NAME");
   series_command->add_option("--matches", one->count, "Matches, 1 to 10 (default: 1)")
+      ->transform(plain_number)
       ->check(CLI::Range(1, 10))
       ->type_name("N");
   add_common(*series_command, *one);
@@ -247,6 +248,7 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
   tri_command->add_option("--team2", three->teams[1], "Second team")->required()->type_name("NAME");
   tri_command->add_option("--team3", three->teams[2], "Third team")->required()->type_name("NAME");
   tri_command->add_option("--rounds", three->count, "Rounds of the league, 1 to 5 (default: 1)")
+      ->transform(plain_number)
       ->check(CLI::Range(1, 5))
       ->type_name("R");
   add_common(*tri_command, *three);

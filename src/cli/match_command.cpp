@@ -2,7 +2,6 @@
 #include <array>
 #include <charconv>
 #include <chrono>
-#include <fstream>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -16,6 +15,7 @@
 #include "cli/match_json.h"
 #include "cli/match_summary.h"
 #include "database/configuration.h"
+#include "database/fresh_file.h"
 #include "database/teams_file.h"
 #include "headless/headless_user.h"
 #include "model/code_page.h"
@@ -77,6 +77,15 @@ class match_recorder : public headless_user {
       shown_ = text_scorecard(card);
     }
     if (innings_ == options_.export_innings) save_exports();
+    exported_ = exported_ || innings_ == options_.export_innings;
+  }
+
+  /// Raises run_time_error (file) if a file was asked for and its innings never came to an end.
+  void require_exports() const {
+    const bool wanted = !options_.html.empty() || !options_.text.empty() || !options_.ball_by_ball.empty();
+    if (!wanted || exported_) return;
+    throw run_time_error(failure::file,
+                         fmt::format("Nothing to export: there was no end of innings {}", options_.export_innings));
   }
 
   /// One match and nothing else asked of standard output.
@@ -110,6 +119,7 @@ class match_recorder : public headless_user {
   const match_options& options_;
   match_summary& summary_;
   bool last_ = false;
+  bool exported_ = false;
   int innings_ = 0;
   json scorecards_;
   json messages_;
@@ -121,8 +131,8 @@ class json_output {
  public:
   json_output(const std::string& path, std::ostream& out) : path_(path), out_(&out) {
     if (path.empty() || path == "-") return;
-    file_ = std::make_unique<std::ofstream>(path, std::ios::binary | std::ios::trunc);
-    out_ = file_.get();
+    file_ = std::make_unique<fresh_file>(path);
+    out_ = &file_->stream();
     check();
   }
 
@@ -134,18 +144,22 @@ class json_output {
   void close() {
     out_->flush();
     check();
+    if (file_ && !file_->put_in_place()) refuse();
   }
 
  private:
   void check() const {
-    if (*out_) return;
+    if (!*out_) refuse();
+  }
+
+  [[noreturn]] void refuse() const {
     throw run_time_error(failure::file, "The output cannot be written",
                          {.file = path_, .record = 0, .field = {}, .player = {}});
   }
 
   std::string path_;
   std::ostream* out_;
-  std::unique_ptr<std::ofstream> file_;
+  std::unique_ptr<fresh_file> file_;
 };
 
 /// The four values of --conditions, or nothing if they are none.
@@ -178,7 +192,15 @@ void choose_ground(teamfrm& form, const std::string& name) {
     form.combo3_index = static_cast<int>(i);
     return;
   }
-  raise_unknown("ground", wanted, form.combo3);
+  std::vector<std::string> known;
+  for (const ground_rec& ground : read_grounds()) {
+    known.push_back(ground.ground_name);
+    if (ground.ground_name != wanted) continue;
+    throw run_time_error(failure::subscript,
+                         "The ground is not on offer for " + form.combo1_text() + " and " + form.combo2_text(),
+                         {.file = {}, .record = 0, .field = {}, .player = wanted});
+  }
+  raise_unknown("ground", wanted, known);
 }
 
 void fill(teamfrm& form, const match_options& options) {
@@ -192,7 +214,8 @@ void fill(teamfrm& form, const match_options& options) {
 
 void show_progress(long played, long matches, streams io) {
   constexpr long step = 5000;
-  if (played % step != 0 || matches <= step || &io.err != &std::cerr || isatty(STDERR_FILENO) == 0) return;
+  const bool due = played % step == 0 || played == matches;
+  if (!due || matches <= step || &io.err != &std::cerr || isatty(STDERR_FILENO) == 0) return;
   io.err << fmt::format("\r{} of {} matches", played, matches) << (played == matches ? "\n" : "") << std::flush;
 }
 
@@ -225,6 +248,7 @@ int play(const match_options& options, const program_options& program, streams i
     if (!options.json.empty()) json_lines.write(recorder.match_object(chance.draws_used() - before));
     show_progress(played, options.matches, io);
   }
+  recorder.require_exports();
   if (!options.json.empty()) json_lines.close();
   if (recorder.prints_scorecard()) print_result(recorder, io.out);
   if (options.matches > 1 && !options.quiet && options.json != "-") {
@@ -261,6 +285,7 @@ void add_match(CLI::App& app, const program_options& program, streams io, comman
         return parse_conditions(text) ? "" : "not four values 1 to 4 parted by commas, such as 3,2,4,1: " + text;
       });
   command->add_option("--matches", options->matches, "Matches to play one after another (default: 1)")
+      ->transform(plain_number)
       ->check(CLI::Range(1L, 1'000'000'000L))
       ->type_name("N");
   command->add_flag("--update", options->update, "Add every match to the careers and records of the database");
@@ -272,8 +297,12 @@ void add_match(CLI::App& app, const program_options& program, streams io, comman
   command
       ->add_option("--export-innings", options->export_innings,
                    "Save from the scorecard at the end of this innings (default: 2)")
+      ->transform(plain_number)
       ->check(CLI::Range(1, 2))
       ->type_name("1|2");
+  for (const char* name : {"--team1", "--team2", "--ground", "--json", "--html", "--text", "--ball-by-ball"}) {
+    command->get_option(name)->check(not_empty);
+  }
   command->add_flag("--quiet", options->quiet, "Print neither scorecard nor summary");
   command->callback(
       [options, &program, io, &action] { action = [options, &program, io] { return play(*options, program, io); }; });

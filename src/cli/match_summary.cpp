@@ -57,7 +57,7 @@ void match_summary::add_result(const match_result& result) {
     ++ties_;
   } else {
     ++wins_[result.result_winner];
-    ++(result.result_winner == result.rate_first.team ? first_wins_ : chases_);
+    ++(result.result_margin.ends_with("wickets ") ? chases_ : first_wins_);
   }
 }
 

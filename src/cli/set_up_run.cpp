@@ -57,6 +57,16 @@ steps_between steps(const std::string& from, const std::string& to) {
 
 }  // namespace
 
+std::string plain_number(std::string typed) {
+  if (typed.empty() || typed.find_first_not_of("0123456789") != std::string::npos) {
+    throw CLI::ValidationError("not a whole number: " + typed);
+  }
+  typed.erase(0, std::min(typed.find_first_not_of('0'), typed.size() - 1));
+  return typed;
+}
+
+std::string not_empty(const std::string& typed) { return typed.empty() ? "an empty text" : ""; }
+
 std::string core_text(const std::string& name) {
   const auto bytes = from_utf8(name);
   if (!bytes) {
@@ -73,6 +83,7 @@ std::vector<double> read_draws(const std::filesystem::path& file) {
   std::string line;
   for (long number = 1; std::getline(in, line); ++number) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (line.empty() && in.peek() == std::ifstream::traits_type::eof()) break;
     double value = 0;
     const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), value);
     if (error != std::errc() || end != line.data() + line.size() || !(value >= 0 && value < 1)) {

@@ -42,10 +42,10 @@ std::vector<team_entry> list_teams() {
 
 std::vector<std::string> list_grounds(const std::vector<std::string>& countries) {
   std::vector<std::string> names;
-  for (const ground_rec& ground : read_grounds()) {
+  scan_grounds([&](const ground_rec& ground) {
     const bool listed = std::find(countries.begin(), countries.end(), ground.country) != countries.end();
     if (listed && !ground.country.empty()) names.push_back(ground.ground_name);
-  }
+  });
   return names;
 }
 

@@ -31,7 +31,7 @@ logged count_overs(const ball_log_table& log, int from, int to) {
 std::string last_five() {
   const rate_figures& rates = match.rates;
   const int overs = rates.innings_balls / 6;
-  if (rates.innings_balls - 24 <= 0) return " - ";
+  if (overs - 4 <= 0) return " - ";
   // Only overs that were complete at the refresh; the one in progress was still empty then.
   const int last = overs < rates.over_no ? overs : rates.over_no - 1;
   // Between the change of innings and the first refresh after it the cell keeps the value of the innings before.
@@ -58,7 +58,12 @@ std::vector<rate_cell> projections() {
 std::vector<rate_cell> chase_cells(bool refreshed) {
   std::vector<rate_cell> cells = {{"Runs Reqd.", ""},   {"Overs rem.", ""}, {"RR Reqd.", ""},  {"Current RR", ""},
                                   {"Wkts in hand", ""}, {"Target", ""},     {"Initial RR", ""}};
-  if (!refreshed) return cells;
+  if (!refreshed) {
+    // Only the cell at 6 an over has been emptied; the others still show the projections.
+    const std::vector<rate_cell> before = projections();
+    for (const std::size_t i : {0, 1, 3, 4}) cells[i].text = before[i].text;
+    return cells;
+  }
   const rate_figures& rates = match.rates;
   const int target = match.first_total + 1;
   const int left = 300 - rates.innings_balls;
@@ -78,7 +83,6 @@ void add_comparison(rates_view& view, bool refreshed) {
   const rate_figures& rates = match.rates;
   const std::string us = short_name(match.team1_name);
   const std::string them = short_name(match.team2_name);
-  view.label15_4 = "To win " + us + " need...";
   view.first_innings = fmt::format("{} {}/{}", them, int(match.first_total), int(match.first_wickets));
   view.first_innings_overs = overs_from_balls(match.first_balls) + " Overs";
   if (!refreshed) {
@@ -86,6 +90,7 @@ void add_comparison(rates_view& view, bool refreshed) {
     view.label15_14 = them + " were 0/0";
     return;
   }
+  view.label15_4 = "To win " + us + " need...";
   const logged stage = count_overs(match.first_ball_log, 1, rates.innings_balls / 6);
   view.label15_12 = number_text(rates.innings_balls / 6.0) + " Overs";
   view.label15_13 = fmt::format("{} are {}/{}", us, rates.score_runs, rates.score_wickets);

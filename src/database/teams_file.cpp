@@ -109,4 +109,8 @@ const std::vector<ground_rec>& read_grounds() {
   return all_records(kept_grounds, "ground_count", std::numeric_limits<std::int16_t>::max());
 }
 
+void scan_grounds(const std::function<void(const ground_rec&)>& visit) {
+  for (const ground_rec& ground : read_grounds()) visit(ground);
+}
+
 }  // namespace velorin

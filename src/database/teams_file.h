@@ -17,6 +17,9 @@ const std::vector<team_rec>& read_team_list();
 /// The team in a record of the file, 2 to count + 1. Same errors; a record beyond the file reads as empty.
 const team_rec& read_team(int record);
 
+/// Calls `visit` for each ground of the database in use, in file order. Errors as for read_grounds().
+void scan_grounds(const std::function<void(const ground_rec&)>& visit);
+
 /// All grounds of the database in use, in file order. Errors as for the teams, but no limit of 20.
 const std::vector<ground_rec>& read_grounds();
 

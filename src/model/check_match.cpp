@@ -42,7 +42,7 @@ std::string check_bowling(const card_sums& batting) {
   int wickets = 0;
   for (int i = 1; i <= 11; ++i) {
     const bowling_card_rec& man = match.bowling_card[i];
-    if (man.maidens * 6 > man.balls + 5) return fmt::format("bowling_card {}: more maidens than overs", i);
+    if (man.maidens * 6 > man.balls) return fmt::format("bowling_card {}: more maidens than overs", i);
     balls += man.balls;
     runs += man.runs;
     wickets += man.wickets;
@@ -54,6 +54,14 @@ std::string check_bowling(const card_sums& batting) {
   if (wickets + batting.run_outs != match.score_wickets) {
     return fmt::format("{} wickets and {} run outs, score_wickets {}", wickets, batting.run_outs, match.score_wickets);
   }
+  return {};
+}
+
+/// Nobody begins an over with ten behind him; within one he may pass his sixty balls.
+std::string check_quota() {
+  const int this_over = match.innings_balls - match.ball_commentary.balls_at_last_over();
+  const int before = match.bowling_card[match.bowler].balls - this_over;
+  if (before > 59) return fmt::format("bowling_card {}: began an over with {} balls", int(match.bowler), before);
   return {};
 }
 
@@ -115,6 +123,7 @@ std::string check_match() {
   if (std::string broken = check_position(); !broken.empty()) return broken;
   if (std::string broken = check_batting(sums); !broken.empty()) return broken;
   if (std::string broken = check_bowling(sums); !broken.empty()) return broken;
+  if (std::string broken = check_quota(); !broken.empty()) return broken;
   if (std::string broken = check_falls(); !broken.empty()) return broken;
   if (std::string broken = check_console(); !broken.empty()) return broken;
   const int total = sums.runs + match.innings_byes + match.innings_leg_byes;

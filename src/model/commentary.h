@@ -70,6 +70,8 @@ class commentary_log {
 
   /// Number of lines.
   int size() const { return lines_; }
+  /// Legal balls of the innings at the end of the last over noted, 0 before the first.
+  int balls_at_last_over() const { return overs_.empty() ? 0 : int(overs_.back().innings_balls); }
 
   /// All lines, in order. `batting` and `bowling` are the cards of this innings, `team` its batting side.
   std::vector<std::string> lines(const batting_card_table& batting, const bowling_card_table& bowling,

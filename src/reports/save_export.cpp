@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <exception>
-#include <fstream>
 
-#include "database/whole_file.h"
+#include "database/fresh_file.h"
 #include "reports/export.h"
 
 namespace velorin {
@@ -21,19 +20,10 @@ std::string export_text(const scorecard& card, export_kind kind) {
   return {};
 }
 
-/// For what cannot be replaced, such as a pipe or a terminal.
-bool write_straight(const std::filesystem::path& path, const std::string& content) {
-  std::ofstream out(path, std::ios::binary);
-  out << content << std::flush;
-  return out.good();
-}
-
 bool write(const std::filesystem::path& path, const std::string& content) {
-  const bool exists = std::filesystem::exists(path);
-  if (exists && !std::filesystem::is_regular_file(path)) return write_straight(path, content);
-  const folder_lock turn(path);
-  replace_file(path, content);
-  return true;
+  fresh_file file(path);
+  file.stream() << content;
+  return file.put_in_place();
 }
 
 }  // namespace

@@ -35,9 +35,10 @@ void feed_worms() {
   for (worm_line& line : match.worm) {
     if (line.team != match.team1_name) continue;
     const int row = match.innings_balls / 6 + 1;
-    if (row > 51) return;  // an innings that goes on with the balls of an earlier one has no row left
-    line.row[row] = match.score_runs;
-    line.row_set[row] = true;
+    if (row <= 51) {  // an innings that goes on with the balls of an earlier one has no row left
+      line.row[row] = match.score_runs;
+      line.row_set[row] = true;
+    }
     line.score_runs = match.score_runs;
     line.score_wickets = match.score_wickets;
     line.score_set = true;

@@ -30,9 +30,9 @@ std::string entry_text(const std::vector<team_entry>& list, int index) {
 
 /// Keeps the ground of this name in the match; without one the ground before stays.
 void take_ground(const std::string& name) {
-  for (const ground_rec& ground : read_grounds()) {
+  scan_grounds([&](const ground_rec& ground) {
     if (ground.ground_name == name) match.ground = ground;
-  }
+  });
 }
 
 /// The squad of the entry chosen. The record is read into the place of the team list with its own number, one behind
@@ -121,10 +121,10 @@ void teamfrm::rebuild_grounds() {
   combo3.clear();
   const std::string first = combo1_text();
   const std::string second = combo2_text();
-  for (const ground_rec& ground : read_grounds()) {
+  scan_grounds([&](const ground_rec& ground) {
     if (ground.country == first || ground.country == second) combo3.push_back(ground.ground_name);
     if (ground.country == "Neutral") combo3.push_back(ground.ground_name);
-  }
+  });
   combo3_index = combo3.size() > 1 ? 1 : -1;
 }
 

@@ -30,6 +30,20 @@ class CheckMatch : public match_test {
   static void expect_named(const std::string& what) { EXPECT_THAT(check_match(), HasSubstr(what)); }
 };
 
+TEST_F(CheckMatch, AnOverBegunBeyondTheQuota) {
+  // One man bowls all 66 balls, so that the balls at the last end of an over were all his.
+  for (int i = 1; i <= 11; ++i) match.bowling_card[i].balls = match.bowling_card[i].maidens = 0;
+  match.bowling_card[match.bowler].balls = 66;
+  match.innings_balls = 66;
+  over_note note;
+  note.innings_balls = 59;
+  match.ball_commentary.add_over(note);
+  EXPECT_EQ(check_match(), "");
+  note.innings_balls = 60;
+  match.ball_commentary.add_over(note);
+  expect_named("began an over with 60 balls");
+}
+
 TEST_F(CheckMatch, RunsThatTheStrokesDoNotGive) {
   match.batting_card[1].runs += 1;
   expect_named("batting_card 1: ");
