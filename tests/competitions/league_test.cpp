@@ -13,7 +13,6 @@
 namespace velorin::testing {
 namespace {
 
-using ::testing::DoubleEq;
 using ::testing::ElementsAre;
 
 league_row named(const std::string& team, int points = 0, double rate = 0) {

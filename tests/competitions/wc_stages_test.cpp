@@ -8,9 +8,7 @@
 namespace velorin::testing {
 namespace {
 
-using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::Not;
 
 using CupStages = CupTest;
 
