@@ -75,7 +75,7 @@ int check(const db_options& options, const program_options& program, streams io)
 void add_db(CLI::App& app, const program_options& program, streams io, command_action& action) {
   auto options = std::make_shared<db_options>();
   CLI::App* command = app.add_subcommand("db", "Builds, dumps and checks databases");
-  command->require_subcommand(1);
+  command->require_subcommand(0, 1);
   CLI::App* build_it = command->add_subcommand("build", "Makes BASE.team and BASE.grd of players.csv and grounds.csv");
   build_it->add_option("SRC_DIR", options->source, "Folder of players.csv and grounds.csv")->required();
   build_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();

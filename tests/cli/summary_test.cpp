@@ -15,8 +15,10 @@ using ::testing::Not;
 class Summary : public CliTest {
  protected:
   /// Plays matches into a file of objects and keeps the lines of the summary.
-  void play(const std::string& seed, const std::string& count) {
-    const run_result result = run({"--seed", seed, "match", "--matches", count, "--json", file("matches.json")});
+  void play(const std::string& seed, const std::string& count, const std::vector<std::string>& options = {}) {
+    std::vector<std::string> arguments = {"--seed", seed, "match", "--matches", count, "--json", file("matches.json")};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const run_result result = run(arguments);
     EXPECT_EQ(result.status, 0) << result.err;
     lines_ = lines_of(result.out);
     for (const std::string& line : lines_of(file_bytes(file("matches.json")))) objects_.push_back(json::parse(line));
@@ -137,6 +139,22 @@ TEST_F(Summary, DismissalsAreThoseOfTheCards) {
   for (const auto& [kind, count] : kinds) {
     expect("Out " + kind, {std::to_string(count), fmt::format("{:.1f}%", 100.0 * count / all)});
   }
+}
+
+TEST_F(Summary, OfATeamAgainstItselfTheMarginTellsWhoWon) {
+  play("7", "40", {"--team1", "Marenne", "--team2", "Marenne"});
+  int chases = 0;
+  int defended = 0;
+  for (const json& object : objects_) {
+    const std::string margin = object["result"]["result_margin"];
+    if (margin.ends_with("wickets ")) ++chases;
+    if (margin.ends_with("runs")) ++defended;
+  }
+  EXPECT_GT(chases, 0);
+  EXPECT_GT(defended, 0);
+  expect("Won by Marenne", {std::to_string(chases + defended)});
+  expect("Won chasing", {std::to_string(chases)});
+  expect("Won batting first", {std::to_string(defended)});
 }
 
 TEST_F(Summary, HeadingsStandApart) {

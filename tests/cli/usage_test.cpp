@@ -122,8 +122,29 @@ TEST_F(Usage, AnUnknownGroundComesWithNearNames) {
   EXPECT_THAT(error(1, {"match", "--team1", "Northland", "--ground", "Hogby Vale"}),
               HasSubstr("Unknown ground \"Hogby Vale\"; near: Högby Vale"));
   EXPECT_THAT(error(1, {"match", "--team1", "Northland", "--ground", "Fjord"}), HasSubstr("near: Fjordside"));
-  EXPECT_THAT(error(1, {"match", "--ground", "Fjordside"}), HasSubstr("Unknown ground \"Fjordside\""))
-      << "a ground of neither team";
+  EXPECT_THAT(error(1, {"match", "--ground", "Fjordsied"}), HasSubstr("near: Fjordside")) << "also one of neither team";
+}
+
+TEST_F(Usage, AGroundOfNeitherTeamIsNotOnOffer) {
+  EXPECT_THAT(error(1, {"match", "--team1", "Orland", "--team2", "Marenne", "--ground", "Fjordside"}),
+              AllOf(HasSubstr("Fjordside"), HasSubstr("not on offer for Orland and Marenne")));
+}
+
+TEST_F(Usage, NumbersMayBeginWithZeros) {
+  EXPECT_EQ(text({"--seed", "010", "match", "--matches", "03", "--json", "-"}),
+            text({"--seed", "10", "match", "--matches", "3", "--json", "-"}));
+}
+
+TEST_F(Usage, EmptyTextsAreRefused) {
+  for (const char* option : {"--team1", "--team2", "--ground", "--json", "--html", "--text", "--ball-by-ball"}) {
+    EXPECT_THAT(error(2, {"match", option, ""}), HasSubstr(option));
+  }
+  EXPECT_THAT(error(2, {"--draws", "", "match"}), HasSubstr("--draws"));
+}
+
+TEST_F(Usage, OneCommandARun) {
+  error(2, {"match", "series"});
+  error(2, {"db", "check", "small", "dump", "small", file("dump")});
 }
 
 TEST_F(Usage, ANameThatNoFileCouldHoldIsPrintedAsItWasGiven) {
