@@ -79,8 +79,8 @@ const check log = array(50, array(7, text));
 const check names = array(-1, text);
 const check rate = object({{"team", text}, {"delta", number}});
 
-const check pool_line = object(
-    {{"name", text}, {"rating", number}, {"position", whole}, {"econ_class", whole}, {"bowler_type", text}});
+const check pool_line =
+    object({{"name", text}, {"rating", number}, {"position", whole}, {"econ_class", whole}, {"bowler_type", text}});
 
 const schema state_fields = {{"team1_name", text},
                              {"team2_name", text},
