@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+#include <QKeySequence>
+#include <functional>
+
+class QAbstractButton;
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+namespace velorin {
+
+/// What a control does, as its user reads it.
+struct Act {
+  QString caption;                            ///< as shown
+  QChar mnemonic = QChar(u'\0');              ///< a letter of the caption; Alt and this letter press the control
+  QKeySequence key = QKeySequence();          ///< a further key
+  QString hint = QString();                   ///< what it does, for the tooltip; the caption if empty
+  QString spoken = QString();                 ///< name for screen readers; the caption without outer blanks if empty
+};
+
+/// Gives a button its caption, mnemonic, key, tooltip with its keys, and its name for screen readers.
+void name_act(QAbstractButton& button, const Act& act);
+
+/// The window that modal windows open over: the one on top now, nullptr before there is any.
+QWidget* front_window();
+
+/// The base of all windows: a heading, a body, a row of buttons; remembers its place and size under its name.
+class Form : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// What Escape and the close box do: close the form as it stands, or nothing, since the game needs an answer.
+  enum class Dismissal { closes, refused };
+
+  /// `name`: objectName of the window, and the key under which its geometry is remembered.
+  Form(const QString& name, Dismissal dismissal, QWidget* parent = front_window());
+  ~Form() override;
+
+  /// The window's title, and the line in large type at the head of the form; an empty heading shows none.
+  void set_title(const QString& title, const QString& heading);
+  /// A quieter line under the heading; an empty text shows none.
+  void set_subheading(const QString& text);
+
+  /// Where the form's own controls go, from top to bottom, with an 8-pixel grid.
+  QVBoxLayout* body() const { return body_; }
+  /// The row at the foot. Its left end holds what is added by add_aside, its right end the buttons.
+  QPushButton* add_button(const QString& name, const Act& act, std::function<void()> pressed);
+  /// Likewise; Return presses it. A form has one.
+  QPushButton* add_default_button(const QString& name, const Act& act, std::function<void()> pressed);
+  void add_aside(QWidget* widget);
+
+  /// While busy the form takes no input and the pointer says so.
+  void set_busy(bool busy);
+
+  /// Escape or the close box do this instead of closing; the form must close itself.
+  void on_dismiss(std::function<void()> act) { dismissed_ = std::move(act); }
+
+  void reject() override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  QPushButton* new_button(const QString& name, const Act& act, std::function<void()> pressed);
+
+  Dismissal dismissal_;
+  std::function<void()> dismissed_;
+  QWidget* head_;
+  QLabel* heading_;
+  QLabel* subheading_;
+  QVBoxLayout* body_;
+  QWidget* foot_;
+  QHBoxLayout* asides_;
+  QHBoxLayout* buttons_;
+  bool placed_ = false;
+};
+
+}  // namespace velorin

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/line_chart.h"
+
+#include <QChart>
+#include <QChartView>
+#include <QLineSeries>
+#include <QPen>
+#include <QVBoxLayout>
+#include <QValueAxis>
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "desktop/theme.h"
+
+namespace velorin {
+
+namespace {
+
+void style_axis(QValueAxis& axis, const QString& title) {
+  const Theme& t = theme();
+  axis.setTitleText(title);
+  axis.setTitleFont(type_font(TypeStep::small));
+  axis.setLabelsFont(type_font(TypeStep::small));
+  axis.setTitleBrush(t.muted);
+  axis.setLabelsColor(t.muted);
+  axis.setLinePenColor(t.line);
+  axis.setGridLineColor(t.line);
+  axis.setLabelFormat(QStringLiteral("%d"));
+}
+
+QLineSeries* new_series(const ChartLine& line, int place) {
+  auto* series = new QLineSeries;
+  series->setName(line.name);
+  QList<QPointF> points(line.points.begin(), line.points.end());
+  series->replace(points);
+  series->setPen(QPen(chart_color(place), 2.5, place == 0 ? Qt::SolidLine : Qt::DashLine));
+  return series;
+}
+
+/// The next whole step above the highest point: 50 at least.
+double top_of(const LineChart& chart) {
+  double highest = 0;
+  for (const ChartLine& line : chart.lines) {
+    for (const QPointF& point : line.points) highest = std::max(highest, point.y());
+  }
+  return std::max(50.0, 50.0 * std::ceil((highest + 1) / 50.0));
+}
+
+}  // namespace
+
+QColor chart_color(int place) { return place == 0 ? theme().accent : theme().willow; }
+
+LineChartView::LineChartView(const QString& name, QWidget* parent) : QWidget(parent), view_(new QChartView(this)) {
+  setObjectName(name);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(view_);
+  view_->setRenderHint(QPainter::Antialiasing);
+  view_->setFocusPolicy(Qt::TabFocus);
+  view_->setFrameShape(QFrame::NoFrame);
+  view_->setMinimumSize(400, 240);
+}
+
+void LineChartView::set_chart(const LineChart& shown_chart) {
+  chart_ = shown_chart;
+  const Theme& t = theme();
+  auto* chart = new QChart;
+  chart->setBackgroundBrush(t.card);
+  chart->setBackgroundPen(t.line);
+  chart->setMargins(QMargins(8, 8, 8, 8));
+  auto* across = new QValueAxis;
+  style_axis(*across, chart_.across);
+  across->setRange(0, chart_.across_to);
+  across->setTickType(QValueAxis::TicksDynamic);
+  across->setTickInterval(chart_.across_step);
+  auto* up = new QValueAxis;
+  style_axis(*up, chart_.up);
+  up->setRange(0, top_of(chart_));
+  up->setTickType(QValueAxis::TicksDynamic);
+  up->setTickInterval(50);
+  chart->addAxis(across, Qt::AlignBottom);
+  chart->addAxis(up, Qt::AlignLeft);
+  for (std::size_t i = 0; i < chart_.lines.size(); ++i) {
+    QLineSeries* series = new_series(chart_.lines[i], static_cast<int>(i));
+    chart->addSeries(series);
+    series->attachAxis(across);
+    series->attachAxis(up);
+  }
+  chart->legend()->setLabelColor(t.ink);
+  chart->legend()->setFont(type_font(TypeStep::body));
+  chart->legend()->setAlignment(Qt::AlignTop);
+  const std::unique_ptr<QChart> before(view_->chart());
+  view_->setChart(chart);
+  view_->setBackgroundBrush(t.ground);
+  view_->setAccessibleName(chart_.name);
+  view_->setAccessibleDescription(chart_.described);
+  setAccessibleName(chart_.name);
+  setAccessibleDescription(chart_.described);
+}
+
+}  // namespace velorin

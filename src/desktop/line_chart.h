@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPointF>
+#include <QString>
+#include <QWidget>
+#include <vector>
+
+class QChartView;
+class QLabel;
+
+namespace velorin {
+
+/// One line of a chart.
+struct ChartLine {
+  QString name;
+  std::vector<QPointF> points;
+};
+
+/// A chart as plain data.
+struct LineChart {
+  QString name;         ///< for screen readers
+  QString across;       ///< title of the horizontal axis
+  QString up;           ///< title of the vertical axis
+  double across_to = 50;
+  int across_step = 10;
+  std::vector<ChartLine> lines;
+  QString described;    ///< the chart in words, for those who cannot see it
+};
+
+/// Shows a line chart in the style of all charts: lines differ in colour and in stroke.
+class LineChartView : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit LineChartView(const QString& name, QWidget* parent = nullptr);
+
+  void set_chart(const LineChart& chart);
+  const LineChart& chart() const { return chart_; }
+
+ private:
+  LineChart chart_;
+  QChartView* view_;
+};
+
+/// Colour and stroke of the line or bars at a place, 0 or 1.
+QColor chart_color(int place);
+
+}  // namespace velorin

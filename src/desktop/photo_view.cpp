@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/photo_view.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include "desktop/theme.h"
+
+namespace velorin {
+
+namespace {
+constexpr const char* no_photo = "No Pic Available";
+}  // namespace
+
+PhotoView::PhotoView(const QString& name, QSize size, QWidget* parent) : QWidget(parent), size_(size) {
+  setObjectName(name);
+  setFixedSize(size);
+  setAccessibleName(QString::fromLatin1(no_photo));
+}
+
+void PhotoView::show_photo(const QString& player, const std::optional<std::filesystem::path>& file) {
+  const QString path = file ? QString::fromStdString(file->string()) : QString();
+  if (path != file_) {
+    file_ = path;
+    photo_ = path.isEmpty() ? QPixmap() : QPixmap(path);
+    update();
+  }
+  setAccessibleName(photo_.isNull() ? QString::fromLatin1(no_photo) : QStringLiteral("Photo of %1").arg(player));
+}
+
+void PhotoView::paintEvent(QPaintEvent*) {
+  const Theme& t = theme();
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  QPainterPath frame;
+  frame.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
+  painter.setClipPath(frame);
+  if (photo_.isNull()) {
+    painter.fillRect(rect(), t.card_raised);
+    painter.setPen(t.muted);
+    painter.setFont(type_font(TypeStep::small));
+    painter.drawText(rect().adjusted(3, 3, -3, -3), Qt::AlignCenter | Qt::TextWordWrap, QString::fromLatin1(no_photo));
+  } else {
+    const QSize scaled = photo_.size().scaled(size(), Qt::KeepAspectRatioByExpanding);
+    painter.drawPixmap(QRect(QPoint((width() - scaled.width()) / 2, 0), scaled), photo_);
+  }
+  painter.setClipping(false);
+  painter.setPen(t.line);
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPath(frame);
+}
+
+}  // namespace velorin

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/preferences.h"
+
+#include <QSettings>
+#include <memory>
+
+namespace velorin::preferences {
+
+namespace {
+
+std::unique_ptr<QSettings>& store() {
+  static std::unique_ptr<QSettings> kept;
+  return kept;
+}
+
+QSettings& settings() {
+  if (!store()) store() = std::make_unique<QSettings>(QStringLiteral("velorin"), QStringLiteral("velorin"));
+  return *store();
+}
+
+/// A number from 0 to `highest`; anything else in the file counts as `otherwise`.
+int number(const char* key, int highest, int otherwise) {
+  bool is_number = false;
+  const int value = settings().value(QLatin1String(key)).toInt(&is_number);
+  return is_number && value >= 0 && value <= highest ? value : otherwise;
+}
+
+}  // namespace
+
+void use_file(const QString& path) { store() = std::make_unique<QSettings>(path, QSettings::IniFormat); }
+
+Appearance appearance() { return static_cast<Appearance>(number("appearance", 3, 0)); }
+void set_appearance(Appearance chosen) {
+  settings().setValue(QStringLiteral("appearance"), static_cast<int>(chosen));
+}
+
+Pace pace() { return static_cast<Pace>(number("pace", 2, static_cast<int>(Pace::quick))); }
+void set_pace(Pace chosen) { settings().setValue(QStringLiteral("pace"), static_cast<int>(chosen)); }
+
+bool plays_without_stopping() { return number("plays_without_stopping", 1, 0) == 1; }
+void set_plays_without_stopping(bool on) {
+  settings().setValue(QStringLiteral("plays_without_stopping"), on ? 1 : 0);
+}
+
+QByteArray geometry(const QString& window) {
+  return settings().value(QStringLiteral("windows/") + window).toByteArray();
+}
+void set_geometry(const QString& window, const QByteArray& geometry) {
+  settings().setValue(QStringLiteral("windows/") + window, geometry);
+}
+
+QString last_folder() { return settings().value(QStringLiteral("last_folder")).toString(); }
+void set_last_folder(const QString& folder) { settings().setValue(QStringLiteral("last_folder"), folder); }
+
+}  // namespace velorin::preferences

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// What the windows remember of their user from one run to the next: sizes, appearance, pace. The game's own settings
+// are not among it: they stand in options.mc.
+
+namespace velorin {
+
+enum class Appearance { system, light, dark, high_contrast };
+
+/// How an over is shown: at once, with a moment for each ball, or with a pause after each.
+enum class Pace { instant, quick, ball_by_ball };
+
+namespace preferences {
+
+/// Keeps everything in this file from now on; without it, in the user's folder of settings.
+void use_file(const QString& path);
+
+Appearance appearance();
+void set_appearance(Appearance chosen);
+
+/// Pace::quick at first.
+Pace pace();
+void set_pace(Pace chosen);
+
+/// Whether matches between two computer sides run without stopping; off at first.
+bool plays_without_stopping();
+void set_plays_without_stopping(bool on);
+
+/// Place and size of a window; empty before it was first closed.
+QByteArray geometry(const QString& window);
+void set_geometry(const QString& window, const QByteArray& geometry);
+
+/// The folder in which a file was last saved; "" at first.
+QString last_folder();
+void set_last_folder(const QString& folder);
+
+}  // namespace preferences
+}  // namespace velorin

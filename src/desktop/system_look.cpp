@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/system_look.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QObject>
+#include <QPalette>
+
+#include "desktop/settings_watcher.h"
+
+namespace velorin {
+
+namespace {
+
+bool& dark_palette() {
+  static bool dark = false;
+  return dark;
+}
+
+/// The desktop portal's word on a setting of appearance; -1 where there is none to ask.
+int portal_value(const char* key) {
+  if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return -1;
+  QDBusMessage question = QDBusMessage::createMethodCall(
+      QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
+      QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
+  question << QStringLiteral("org.freedesktop.appearance") << QString::fromLatin1(key);
+  constexpr int patience = 200;  // milliseconds
+  const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, patience);
+  if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) return -1;
+  QVariant value = answer.arguments().constFirst();
+  while (value.canConvert<QDBusVariant>()) value = value.value<QDBusVariant>().variant();
+  return value.toInt();
+}
+
+}  // namespace
+
+void note_system_palette() {
+  const QPalette given = QGuiApplication::palette();
+  dark_palette() = given.color(QPalette::WindowText).lightness() > given.color(QPalette::Window).lightness();
+}
+
+bool system_is_dark() {
+  const int preferred = portal_value("color-scheme");  // 1 dark, 2 light
+  if (preferred == 1) return true;
+  if (preferred == 2) return false;
+  return dark_palette();
+}
+
+bool system_wants_contrast() { return portal_value("contrast") == 1; }
+
+void on_system_look_change(std::function<void()> act) {
+  static SettingsWatcher watcher;
+  watcher.changed = std::move(act);
+  if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return;
+  QDBusConnection::sessionBus().connect({}, QStringLiteral("/org/freedesktop/portal/desktop"),
+                                        QStringLiteral("org.freedesktop.portal.Settings"),
+                                        QStringLiteral("SettingChanged"), &watcher, SLOT(setting_changed(QString)));
+}
+
+}  // namespace velorin

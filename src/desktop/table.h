@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <vector>
+
+// A table as plain data: what a view shows, copies and exports.
+
+namespace velorin {
+
+/// How a cell is written. Never the only bearer of a meaning.
+enum class CellLook { normal, muted, strong, red, blue, dark_blue };
+
+struct TableCell {
+  QString text;
+  CellLook look = CellLook::normal;
+};
+
+struct TableColumn {
+  QString heading;
+  bool numbers = false;  ///< aligned to the right
+  QString spoken = {};   ///< what screen readers call it, where the heading is empty
+  bool stretches = false;  ///< takes what width is left; without any such column the first one that is no number does
+};
+
+struct TableRow {
+  std::vector<TableCell> cells;  ///< one for each column
+  bool marked = false;           ///< stands out, also by a sign at its head for those who see no colour
+  int id = 0;                    ///< the owner's own
+};
+
+struct Table {
+  QString name;  ///< for screen readers and for exported files
+  std::vector<TableColumn> columns;
+  std::vector<TableRow> rows;
+  bool sortable = false;  ///< the order of the rows is free: a click on a heading sorts
+};
+
+/// The table, or the rows `chosen` of it, as lines of cells parted by tabs, headings first.
+QString table_text(const Table& table, const std::vector<int>& chosen = {});
+/// The table as CSV: RFC 4180, headings first, CR LF line ends.
+QString table_csv(const Table& table);
+
+}  // namespace velorin

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/table_model.h"
+
+#include <QColor>
+#include <QRegularExpression>
+
+#include "desktop/controls.h"
+#include "desktop/theme.h"
+
+namespace velorin {
+
+namespace {
+
+QColor color_of(CellLook look) {
+  const Theme& t = theme();
+  switch (look) {
+    case CellLook::muted:
+      return t.muted;
+    case CellLook::red:
+      return t.ball;
+    case CellLook::blue:
+      return t.blue;
+    case CellLook::dark_blue:
+      return t.dark_blue;
+    default:
+      return t.ink;
+  }
+}
+
+QVariant sort_value(const QString& text) {
+  static const QRegularExpression leading(QStringLiteral("^\\s*(-?\\d+(?:\\.\\d+)?)"));
+  const auto number = leading.match(text);
+  if (number.hasMatch()) return number.captured(1).toDouble();
+  return text;
+}
+
+QString csv_field(const QString& text) {
+  static const QRegularExpression special(QStringLiteral("[\",\r\n]"));
+  if (!text.contains(special)) return text;
+  return QLatin1Char('"') + QString(text).replace(QLatin1Char('"'), QStringLiteral("\"\"")) + QLatin1Char('"');
+}
+
+template <class Write>
+QStringList written_row(const TableRow& row, Write write) {
+  QStringList fields;
+  for (const TableCell& cell : row.cells) fields << write(cell.text);
+  return fields;
+}
+
+}  // namespace
+
+QString table_text(const Table& table, const std::vector<int>& chosen) {
+  const auto plain = [](const QString& text) { return text; };
+  QStringList headings;
+  for (const TableColumn& column : table.columns) headings << column.heading;
+  QStringList lines{headings.join(QLatin1Char('\t'))};
+  if (chosen.empty()) {
+    for (const TableRow& row : table.rows) lines << written_row(row, plain).join(QLatin1Char('\t'));
+  }
+  for (const int row : chosen) {
+    lines << written_row(table.rows[static_cast<std::size_t>(row)], plain).join(QLatin1Char('\t'));
+  }
+  return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+QString table_csv(const Table& table) {
+  QStringList headings;
+  for (const TableColumn& column : table.columns) headings << csv_field(column.heading);
+  QString csv = headings.join(QLatin1Char(',')) + QStringLiteral("\r\n");
+  for (const TableRow& row : table.rows) {
+    csv += written_row(row, csv_field).join(QLatin1Char(',')) + QStringLiteral("\r\n");
+  }
+  return csv;
+}
+
+void TableModel::set_table(Table table) {
+  beginResetModel();
+  table_ = std::move(table);
+  endResetModel();
+}
+
+int TableModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(table_.rows.size());
+}
+
+int TableModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(table_.columns.size());
+}
+
+QVariant TableModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const TableRow& row = table_.rows[static_cast<std::size_t>(index.row())];
+  const TableColumn& column = table_.columns[static_cast<std::size_t>(index.column())];
+  const TableCell& cell = row.cells[static_cast<std::size_t>(index.column())];
+  switch (role) {
+    case Qt::DisplayRole:
+      return cell.text;
+    case Qt::UserRole:
+      return sort_value(cell.text);
+    case Qt::TextAlignmentRole:
+      return QVariant(Qt::AlignVCenter | (column.numbers ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::ForegroundRole:
+      return color_of(cell.look);
+    case Qt::BackgroundRole:
+      return row.marked ? QVariant(theme().next_ground) : QVariant();
+    case Qt::FontRole:
+      return type_font(row.marked || cell.look == CellLook::strong ? TypeStep::strong : TypeStep::body);
+    case Qt::AccessibleTextRole:
+      return QStringLiteral("%1: %2%3").arg(spoken_name(column.heading.trimmed().isEmpty() ? column.spoken
+                                                                                          : column.heading),
+                                            cell.text, row.marked ? QStringLiteral(", marked") : QString());
+    default:
+      return {};
+  }
+}
+
+QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Vertical) {
+    if (section < 0 || section >= rowCount()) return {};
+    const bool marked = table_.rows[static_cast<std::size_t>(section)].marked;
+    return role == Qt::DisplayRole ? QVariant(marked ? QStringLiteral("\u25B6") : QString()) : QVariant();
+  }
+  if (section < 0 || section >= columnCount()) return {};
+  const TableColumn& column = table_.columns[static_cast<std::size_t>(section)];
+  switch (role) {
+    case Qt::DisplayRole:
+      return column.heading;
+    case Qt::TextAlignmentRole:
+      return QVariant(Qt::AlignVCenter | (column.numbers ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::AccessibleTextRole:
+      return spoken_name(column.heading.trimmed().isEmpty() ? column.spoken : column.heading);
+    default:
+      return {};
+  }
+}
+
+}  // namespace velorin

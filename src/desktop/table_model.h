@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "desktop/table.h"
+
+namespace velorin {
+
+/// A plain table for a view. Qt::UserRole gives what a column is sorted by: a number where the text begins with one.
+class TableModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  explicit TableModel(QObject* parent = nullptr) : QAbstractTableModel(parent) {}
+
+  void set_table(Table table);
+  const Table& table() const { return table_; }
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ private:
+  Table table_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/table_view.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QSaveFile>
+#include <QSortFilterProxyModel>
+#include <algorithm>
+
+#include "desktop/message_window.h"
+#include "desktop/preferences.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_model.h"
+
+namespace velorin {
+
+TableView::TableView(const QString& name, QWidget* parent)
+    : QTableView(parent), model_(new TableModel(this)), order_(new QSortFilterProxyModel(this)) {
+  setObjectName(name);
+  order_->setSortRole(Qt::UserRole);
+  order_->setSourceModel(model_);
+  setModel(order_);
+  setSelectionBehavior(QAbstractItemView::SelectRows);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setAlternatingRowColors(true);
+  setShowGrid(false);
+  setWordWrap(false);
+  setTabKeyNavigation(false);
+  setCornerButtonEnabled(false);
+  verticalHeader()->setVisible(false);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setDefaultSectionSize(28);
+  verticalHeader()->setMinimumWidth(24);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setMinimumSectionSize(32);
+  connect(this, &QTableView::doubleClicked, this, &TableView::open_row);
+}
+
+void TableView::set_table(Table table) {
+  setAccessibleName(table.name);
+  setSortingEnabled(table.sortable);
+  const bool any_marked = std::any_of(table.rows.begin(), table.rows.end(), [](const TableRow& r) { return r.marked; });
+  const auto stretching = [&](auto wanted) {
+    const auto found = std::find_if(table.columns.begin(), table.columns.end(), wanted);
+    return found == table.columns.end() ? -1 : static_cast<int>(found - table.columns.begin());
+  };
+  int wide = stretching([](const TableColumn& c) { return c.stretches; });
+  if (wide < 0) wide = stretching([](const TableColumn& c) { return !c.numbers; });
+  model_->set_table(std::move(table));
+  if (model_->table().sortable) order_->sort(-1);
+  verticalHeader()->setVisible(any_marked);
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    const bool stretches =
+        column == wide || model_->table().columns[static_cast<std::size_t>(column)].stretches;
+    horizontalHeader()->setSectionResizeMode(column,
+                                             stretches ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+  }
+  if (model_->rowCount() > 0) setCurrentIndex(order_->index(0, 0));
+  clearSelection();
+  updateGeometry();
+}
+
+const Table& TableView::table() const { return model_->table(); }
+
+int TableView::table_row(int view_row) const { return order_->mapToSource(order_->index(view_row, 0)).row(); }
+
+int TableView::rows_height() const {
+  const int rows = std::max(1, model_->rowCount());
+  return horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() + 2 * frameWidth() + 2;
+}
+
+void TableView::show_all_rows() {
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setMinimumHeight(rows_height());
+}
+
+QSize TableView::sizeHint() const {
+  int width = 2 * frameWidth() + (verticalHeader()->isHidden() ? 0 : 24) + 24;
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    width += std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column)) + 8;
+  }
+  return {width, rows_height()};
+}
+
+void TableView::copy() const {
+  std::vector<int> rows;
+  for (const QModelIndex& index : selectionModel()->selectedRows()) rows.push_back(table_row(index.row()));
+  std::sort(rows.begin(), rows.end());
+  QGuiApplication::clipboard()->setText(table_text(model_->table(), rows));
+}
+
+void TableView::save_csv() {
+  const QString folder = preferences::last_folder();
+  const QString proposed = (folder.isEmpty() ? QString() : folder + QLatin1Char('/')) +
+                           model_->table().name.trimmed() + QStringLiteral(".csv");
+  const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save as CSV"), proposed,
+                                                    QStringLiteral("CSV files (*.csv);;All files (*)"));
+  if (path.isEmpty() || program_is_ending()) return;
+  preferences::set_last_folder(QFileInfo(path).absolutePath());
+  if (!write_csv(path, model_->table())) {
+    MessageWindow box({"Save as CSV", core_text(path + QStringLiteral(" could not be written."))},
+                      MessageWindow::Kind::failure, window());
+    run_modal(box);
+  }
+}
+
+void TableView::open_row(const QModelIndex& index) {
+  if (!opened_ || !index.isValid()) return;
+  const int id = model_->table().rows[static_cast<std::size_t>(table_row(index.row()))].id;
+  guarded([&] { opened_(id); });
+}
+
+void TableView::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    copy();
+  } else if (event->key() == Qt::Key_E && event->modifiers() == Qt::ControlModifier) {
+    guarded([this] { save_csv(); });
+  } else if (opened_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    open_row(currentIndex());
+  } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    event->ignore();  // for the window's default button
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+}
+
+void TableView::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu(this);
+  QAction* open = nullptr;
+  if (opened_ && currentIndex().isValid()) open = menu.addAction(QStringLiteral("&Open\tReturn"));
+  QAction* copied = menu.addAction(QStringLiteral("&Copy\tCtrl+C"));
+  QAction* saved = menu.addAction(QStringLiteral("Save as CS&V ...\tCtrl+E"));
+  const QAction* chosen = menu.exec(event->globalPos());
+  if (chosen == nullptr) return;
+  if (chosen == copied) copy();
+  if (chosen == saved) guarded([this] { save_csv(); });
+  if (chosen == open) open_row(currentIndex());
+}
+
+bool write_csv(const QString& path, const Table& table) {
+  QSaveFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  file.write(table_csv(table).toUtf8());
+  return file.commit();
+}
+
+}  // namespace velorin

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTableView>
+#include <functional>
+
+#include "desktop/table.h"
+
+class QSortFilterProxyModel;
+
+namespace velorin {
+
+class TableModel;
+
+/// Shows a table. Arrow keys move, Return and a double click open a row, Ctrl+C copies the chosen rows or else the whole
+/// table, Ctrl+E saves it as CSV; the context menu offers the same.
+class TableView : public QTableView {
+  Q_OBJECT
+
+ public:
+  explicit TableView(const QString& name, QWidget* parent = nullptr);
+
+  void set_table(Table table);
+  const Table& table() const;
+  /// What opening a row does; it gets the row's id. Without it rows cannot be opened.
+  void on_open(std::function<void(int id)> act) { opened_ = std::move(act); }
+  /// The row of the table at a row of the view.
+  int table_row(int view_row) const;
+
+  /// All rows are shown at once: the view's height follows their number.
+  void show_all_rows();
+
+  void copy() const;
+  /// Asks for a file and saves the table there.
+  void save_csv();
+
+  QSize sizeHint() const override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  void open_row(const QModelIndex& index);
+  int rows_height() const;
+
+  TableModel* model_;
+  QSortFilterProxyModel* order_;
+  std::function<void(int)> opened_;
+};
+
+/// Writes a CSV file whole, in place of what was there. False, with the old file whole, if that fails.
+bool write_csv(const QString& path, const Table& table);
+
+}  // namespace velorin

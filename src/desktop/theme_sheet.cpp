@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/theme_sheet.h"
+
+#include "desktop/theme.h"
+
+namespace velorin {
+
+namespace {
+
+// Colours stand as @role. Longer names are replaced first, so that one may begin with another.
+constexpr const char* rules = R"(
+QWidget#head { background: @pitch; }
+QWidget#head QLabel { color: @on_pitch; }
+QWidget#head QLabel#subheading { color: @on_pitch_muted; }
+QWidget#foot { background: @card_raised; border-top: 1px solid @line; }
+QFrame[card="true"] { background: @card; border: 1px solid @line; border-radius: 8px; }
+QLabel[role="muted"] { color: @muted; }
+QLabel[role="red"] { color: @ball; }
+QLabel[role="blue"] { color: @blue; }
+QLabel[role="accent"] { color: @accent; }
+
+QPushButton, QToolButton {
+  background: @card; color: @ink; border: 1px solid @line; border-radius: 6px; padding: 6px 14px; min-height: 20px;
+}
+QPushButton:hover, QToolButton:hover { background: @card_raised; border-color: @muted; }
+QPushButton:pressed, QToolButton:pressed { background: @line; }
+QPushButton:checked, QToolButton:checked { background: @accent; color: @on_accent; border-color: @accent; }
+QPushButton:default { background: @accent; color: @on_accent; border-color: @accent; font-weight: 600; }
+QPushButton:default:hover { border-color: @ink; }
+QPushButton:disabled, QToolButton:disabled { background: transparent; color: @muted; border: 1px dashed @line; }
+QPushButton:focus, QToolButton:focus { border: 2px solid @focus; padding: 5px 13px; }
+
+QComboBox, QLineEdit, QSpinBox {
+  background: @card; color: @ink; border: 1px solid @line; border-radius: 6px; padding: 4px 8px; min-height: 22px;
+  selection-background-color: @accent; selection-color: @on_accent;
+}
+QComboBox:focus, QLineEdit:focus, QSpinBox:focus { border: 2px solid @focus; padding: 3px 7px; }
+QComboBox:disabled, QLineEdit:disabled, QSpinBox:disabled { color: @muted; background: @card_raised; }
+QComboBox QAbstractItemView { background: @card; color: @ink; border: 1px solid @line; }
+
+QRadioButton, QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 5px; }
+QRadioButton:focus, QCheckBox:focus { border-color: @focus; }
+QRadioButton:disabled, QCheckBox:disabled { color: @muted; }
+
+QTableView, QListView {
+  background: @card; alternate-background-color: @card_raised; color: @ink; border: 1px solid @line;
+  border-radius: 6px; gridline-color: @line; selection-background-color: @accent; selection-color: @on_accent;
+}
+QTableView:focus, QListView:focus { border: 2px solid @focus; }
+QTableView::item { padding: 2px 8px; }
+QHeaderView::section {
+  background: @card_raised; color: @muted; border: none; border-bottom: 1px solid @line; padding: 5px 8px;
+}
+QToolTip { background: @card_raised; color: @ink; border: 1px solid @line; padding: 4px; }
+QScrollArea { background: transparent; border: none; }
+QMenu { background: @card; color: @ink; border: 1px solid @line; }
+QMenu::item:selected { background: @accent; color: @on_accent; }
+)";
+
+}  // namespace
+
+QString theme_sheet(const Theme& t) {
+  const std::pair<const char*, QColor> roles[] = {
+      {"@on_pitch_muted", t.on_pitch_muted}, {"@card_raised", t.card_raised}, {"@on_accent", t.on_accent},
+      {"@on_pitch", t.on_pitch},             {"@accent", t.accent},           {"@ground", t.ground},
+      {"@pitch", t.pitch},                   {"@muted", t.muted},             {"@focus", t.focus},
+      {"@card", t.card},                     {"@line", t.line},               {"@blue", t.blue},
+      {"@ball", t.ball},                     {"@ink", t.ink},
+  };
+  QString sheet = QString::fromLatin1(rules);
+  for (const auto& [name, color] : roles) sheet.replace(QLatin1String(name), color.name());
+  return sheet;
+}
+
+}  // namespace velorin

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/forms/wecond_window.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "desktop/controls.h"
+#include "desktop/level_slider.h"
+#include "desktop/shown_text.h"
+#include "setup/wecond.h"
+
+namespace velorin {
+
+namespace {
+
+QColor sky(const sky_color& channels) {
+  return QColor::fromRgba64(QRgba64::fromRgba64(channels[0], channels[1], channels[2], 0xFFFF));
+}
+
+/// The sky over the ground, painted for the weather slider as it stands when it is painted.
+class Sky : public QWidget {
+ public:
+  explicit Sky(const wecond& form) : form_(form) {
+    setObjectName(QStringLiteral("Picture1"));
+    setMinimumHeight(120);
+    setAccessibleName(QStringLiteral("The sky"));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QLinearGradient gradient(0, 0, 0, height());
+    gradient.setColorAt(0, sky(form_.sky_top()));
+    gradient.setColorAt(1, sky(form_.sky_bottom()));
+    QPainter(this).fillRect(rect(), gradient);
+  }
+
+ private:
+  const wecond& form_;
+};
+
+struct Condition {
+  const char* caption;
+  char16_t mnemonic;
+  const char* slider;
+  const char* label;
+  int wecond::* value;
+  std::string (wecond::*words)() const;
+};
+
+constexpr Condition conditions[] = {
+    {"Weather", u'W', "HScroll1", "Label1", &wecond::hscroll1, &wecond::label1},
+    {"Pitch", u'P', "HScroll2", "Label2", &wecond::hscroll2, &wecond::label2},
+    {"Bounce", u'B', "HScroll3", "Label3", &wecond::hscroll3, &wecond::label3},
+    {"Outfield", u'F', "HScroll4", "Label4", &wecond::hscroll4, &wecond::label4},
+};
+
+}  // namespace
+
+WecondWindow::WecondWindow(wecond& form, QWidget* parent)
+    : Form(QStringLiteral("wecond"), Dismissal::refused, parent), form_(form) {
+  set_title(shown(form.label8()), shown(form.label8()));
+  body()->addWidget(new Sky(form_), 1);
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(24);
+  grid->setVerticalSpacing(8);
+  grid->setColumnStretch(2, 1);
+  int row = 0;
+  for (const Condition& condition : conditions) {
+    auto* slider = new LevelSlider(QString::fromLatin1(condition.slider), 1, 4);
+    slider->setValue(form_.*condition.value);
+    connect(slider, &QSlider::valueChanged, this,
+            [this, value = condition.value](int level) { form_.*value = level; });
+    grid->addWidget(new_caption(QString::fromLatin1(condition.caption), condition.mnemonic, slider), row, 0);
+    grid->addWidget(slider, row, 1);
+    auto* words = new_named_label(QString::fromLatin1(condition.label), shown((form_.*condition.words)()));
+    words->setWordWrap(true);
+    words->setMinimumWidth(420);
+    grid->addWidget(words, row, 2);
+    ++row;
+  }
+  body()->addLayout(grid);
+  body()->addWidget(new_named_label(QStringLiteral("Label5"), shown(form_.label5()), TextRole::muted));
+  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
+    form_.command1_click();
+    if (form_.closed) accept();
+  });
+}
+
+}  // namespace velorin

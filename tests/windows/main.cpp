@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+#include "desktop/preferences.h"
+#include "desktop/theme.h"
+
+/// Windows without a screen, preferences in a folder of this run.
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  ::testing::InitGoogleMock(&argc, argv);
+  QApplication application(argc, argv);
+  const QTemporaryDir folder;
+  velorin::preferences::use_file(folder.filePath(QStringLiteral("preferences.ini")));
+  velorin::apply_theme(velorin::Appearance::light);
+  return RUN_ALL_TESTS();
+}

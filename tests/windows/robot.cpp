@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "windows/robot.h"
+
+#include <QApplication>
+#include <QDialog>
+
+#include "desktop/program_end.h"
+
+namespace velorin::testing {
+
+void press(const QWidget& window, const char* name) {
+  auto* button = control<QAbstractButton>(window, name);
+  if (button == nullptr) return;
+  EXPECT_TRUE(button->isVisible()) << name << " is hidden";
+  EXPECT_TRUE(button->isEnabled()) << name << " is disabled";
+  if (button->isVisible() && button->isEnabled()) button->click();
+}
+
+Robot::Robot() {
+  timer_.setInterval(0);
+  QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
+  timer_.start();
+}
+
+Robot::~Robot() { timer_.stop(); }
+
+void Robot::always(const std::string& window, answer act) { always_[window] = std::move(act); }
+void Robot::next(const std::string& window, answer act) { next_[window].push_back(std::move(act)); }
+
+int Robot::met(const std::string& window) const {
+  return static_cast<int>(std::count(met_.begin(), met_.end(), window));
+}
+
+int Robot::left() const {
+  int count = 0;
+  for (const auto& [window, answers] : next_) count += static_cast<int>(answers.size());
+  return count;
+}
+
+void Robot::look() {
+  QWidget* window = QApplication::activeModalWidget();
+  if (window == nullptr || !window->isVisible() || !window->isEnabled() || program_is_ending()) return;
+  const std::string name = window->objectName().toStdString();
+  met_.push_back(name);
+  answer act;
+  if (auto& answers = next_[name]; !answers.empty()) {
+    act = std::move(answers.front());
+    answers.pop_front();
+  } else if (const auto found = always_.find(name); found != always_.end()) {
+    act = found->second;
+  } else {
+    act = otherwise_;
+  }
+  if (act) {
+    act(*window);
+    return;
+  }
+  ADD_FAILURE() << "nobody answers " << name;
+  if (auto* dialog = qobject_cast<QDialog*>(window)) dialog->done(QDialog::Rejected);
+}
+
+}  // namespace velorin::testing
