@@ -7,13 +7,16 @@
 #include "desktop/preferences.h"
 #include "desktop/theme.h"
 
-/// Windows without a screen, preferences in a folder of this run.
+/// Windows without a screen, preferences in a folder of this run. VELORIN_APPEARANCE chooses "dark" or "contrast".
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   ::testing::InitGoogleMock(&argc, argv);
   QApplication application(argc, argv);
   const QTemporaryDir folder;
   velorin::preferences::use_file(folder.filePath(QStringLiteral("preferences.ini")));
-  velorin::apply_theme(velorin::Appearance::light);
+  const QString look = qEnvironmentVariable("VELORIN_APPEARANCE");
+  velorin::apply_theme(look == "dark"       ? velorin::Appearance::dark
+                       : look == "contrast" ? velorin::Appearance::high_contrast
+                                            : velorin::Appearance::light);
   return RUN_ALL_TESTS();
 }
