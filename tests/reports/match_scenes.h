@@ -24,6 +24,8 @@ void set_first_innings_in_play();
 
 /// Northland were all out for 261 in 48.2 overs; South Isles bat as above.
 void set_second_innings_in_play();
+/// Changes the above: Northland's last pair were still in after 50 overs, 261 for 9.
+void leave_the_last_pair_in();
 
 /// A front end that notes which reading screens were opened and knows nothing else.
 class opened_reports : public front_end {

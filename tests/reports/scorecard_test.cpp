@@ -235,13 +235,21 @@ TEST_F(scorecard_test, first_innings) {
 
 TEST_F(scorecard_test, first_innings_has_no_striker_step) {
   set_second_innings_in_play();
+  leave_the_last_pair_in();
   match.first_batting_card[5].how_out.clear();  // 5 is the striker of the innings in play
   EXPECT_EQ(opened2().label9[5], "");
   EXPECT_EQ(opened2().label9[11], "not out");
 }
 
+TEST_F(scorecard_test, the_man_stranded_in_the_first_innings_has_no_dismissal) {
+  set_second_innings_in_play();
+  EXPECT_EQ(opened2().label9[11], "");
+  EXPECT_EQ(opened2().details(11).headline, "K.Foss    2 (4).");
+}
+
 TEST_F(scorecard_test, details_of_the_first_innings) {
   set_second_innings_in_play();
+  leave_the_last_pair_in();
   const scorecard2 card = opened2();
   EXPECT_EQ(card.details(11).headline, "K.Foss  Not Out         2 (4).");
   EXPECT_EQ(card.details(1).headline, "A.Harrow   c && b J.Abara  123 (131).");
