@@ -104,6 +104,8 @@ void Form::set_title(const QString& title, const QString& heading) {
   setAccessibleName(title.trimmed().isEmpty() ? heading : title.trimmed());
 }
 
+void Form::name_heading(const QString& name) { heading_->setObjectName(name); }
+
 void Form::set_subheading(const QString& text) {
   subheading_->setText(text);
   subheading_->setVisible(!text.isEmpty());

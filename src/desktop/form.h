@@ -42,6 +42,8 @@ class Form : public QDialog {
 
   /// The window's title, and the line in large type at the head of the form; an empty heading shows none.
   void set_title(const QString& title, const QString& heading);
+  /// The heading stands for the control of this name.
+  void name_heading(const QString& name);
   /// A quieter line under the heading; an empty text shows none.
   void set_subheading(const QString& text);
 
