@@ -94,7 +94,8 @@ void allrecs::open(int record_mode, const std::string& team) {
   for (const career_rec* career : pool) {
     if (++place > table_rows) break;
     if (career->name.empty()) continue;
-    table.rows.push_back({place, shown.batting ? batting_texts(*career, record_mode) : bowling_texts(*career)});
+    table.rows.push_back({place, shown.batting ? batting_texts(*career, record_mode) : bowling_texts(*career),
+                          team_of(careers, *career), career->name});
   }
 }
 

@@ -29,7 +29,9 @@ void centurytop::open() {
     if (career->hundreds == 0) continue;
     table.rows.push_back({place,
                           {career->name, number_text(career->matches), number_text(career->innings),
-                           number_text(career->hundreds), number_text(career->runs)}});
+                           number_text(career->hundreds), number_text(career->runs)},
+                          team_of(careers, *career),
+                          career->name});
   }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "browsers/player_pool.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace velorin {
@@ -25,6 +26,16 @@ player_pool players_of(const career_table& careers, const std::string& team) {
     if (careers.teams[t].team_name == team) add_players(pool, careers.teams[t]);
   }
   return pool;
+}
+
+const std::string& team_of(const career_table& careers, const career_rec& career) {
+  int t = 1;
+  const auto holds = [&](const career_team_rec& team) {
+    const auto first = team.players.begin() + 1;
+    return std::any_of(first, first + team.player_count, [&](const career_rec& man) { return &man == &career; });
+  };
+  while (t < careers.career_team_count && !holds(careers.teams[t])) ++t;
+  return careers.teams[t].team_name;
 }
 
 void sort_by_held_keys(player_pool& pool, career_key key, sort_order order) {

@@ -20,6 +20,9 @@ player_pool all_players(const career_table& careers);
 /// The same of one team alone.
 player_pool players_of(const career_table& careers, const std::string& team);
 
+/// The team of a career of the table, which must be in it.
+const std::string& team_of(const career_table& careers, const career_rec& career);
+
 /// By what a table is sorted; none where the condition of the key fails.
 using career_key = career_rate (*)(const career_rec& career);
 enum class sort_order { descending, ascending };

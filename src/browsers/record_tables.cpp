@@ -23,8 +23,10 @@ void fill_scores(shown_table& table, const top_score_list& list) {
   for (int place = 1; place <= 15; ++place) {
     const top_score_rec& line = list[place];
     if (line.player.empty()) continue;
-    table.rows.push_back(
-        {place, {score_text(line.runs, line.balls), line.player, line.team, line.against, line.venue}});
+    table.rows.push_back({place,
+                          {score_text(line.runs, line.balls), line.player, line.team, line.against, line.venue},
+                          line.team,
+                          line.player});
   }
 }
 
@@ -34,8 +36,10 @@ void fill_bowling(shown_table& table, const top_bowling_list& list) {
   for (int place = 1; place <= 15; ++place) {
     const top_bowling_rec& line = list[place];
     if (line.player.empty()) continue;
-    table.rows.push_back(
-        {place, {pair_text(line.wickets, line.runs), line.player, line.team, line.against, line.venue}});
+    table.rows.push_back({place,
+                          {pair_text(line.wickets, line.runs), line.player, line.team, line.against, line.venue},
+                          line.team,
+                          line.player});
   }
 }
 
@@ -60,7 +64,7 @@ void totrecords::open(int record_mode) {
   for (int place = 1; place <= 15; ++place) {
     const top_total_rec& line = list[place];
     if (line.team.empty()) continue;
-    table.rows.push_back({place, {pair_text(line.total, line.wickets), line.team, line.against}});
+    table.rows.push_back({place, {pair_text(line.total, line.wickets), line.team, line.against}, line.team});
   }
 }
 
@@ -77,7 +81,10 @@ void partnrec::open() {
     const std::string second = line.batsman_b.substr(0, line.batsman_b.size() - (stood ? unbroken.size() : 0));
     table.rows.push_back({wicket,
                           {score_text(line.partner_runs, line.partner_balls, stood ? "*" : ""),
-                           line.batsman_a + " && " + second, line.team, line.against}});
+                           line.batsman_a + " && " + second, line.team, line.against},
+                          line.team,
+                          line.batsman_a,
+                          second});
   }
 }
 

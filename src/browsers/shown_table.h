@@ -25,6 +25,9 @@ struct shown_table {
   struct row {
     int place = 0;                   ///< from 1, counted with the hidden rows
     std::vector<std::string> texts;  ///< one for each column
+    std::string team = {};           ///< whose row it is; its players have their careers there
+    std::string player = {};         ///< the man it names, "" for none
+    std::string partner = {};        ///< the second man of a partnership, "" for none
   };
 
   std::string title;

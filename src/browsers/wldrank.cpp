@@ -42,7 +42,8 @@ void wldrank::open() {
     const team_results results = total_results(row_of(lists, ranked.team));
     table.rows.push_back({rank,
                           {number_text(rank), ranked.team, number_text(ranked.success), number_text(results.played()),
-                           number_text(results.won), number_text(results.lost), number_text(results.tied)}});
+                           number_text(results.won), number_text(results.lost), number_text(results.tied)},
+                          ranked.team});
   }
 }
 

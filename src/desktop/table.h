@@ -14,12 +14,13 @@ enum class CellLook { normal, muted, strong, red, blue, dark_blue };
 struct TableCell {
   QString text;
   CellLook look = CellLook::normal;
+  QString kept = {};  ///< what a file gets, where that is another text
 };
 
 struct TableColumn {
   QString heading;
-  bool numbers = false;  ///< aligned to the right
-  QString spoken = {};   ///< what screen readers call it, where the heading is empty
+  bool numbers = false;    ///< aligned to the right
+  QString spoken = {};     ///< what screen readers call it, where the heading is empty
   bool stretches = false;  ///< takes what width is left; without any such column the first one that is no number does
 };
 
@@ -27,6 +28,7 @@ struct TableRow {
   std::vector<TableCell> cells;  ///< one for each column
   bool marked = false;           ///< stands out, also by a sign at its head for those who see no colour
   int id = 0;                    ///< the owner's own
+  QString head = {};             ///< stands before the first column, in no file and no copy: the row's place
 };
 
 struct Table {

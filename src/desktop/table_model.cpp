@@ -40,25 +40,29 @@ QString csv_field(const QString& text) {
   return QLatin1Char('"') + QString(text).replace(QLatin1Char('"'), QStringLiteral("\"\"")) + QLatin1Char('"');
 }
 
-template <class Write>
-QStringList written_row(const TableRow& row, Write write) {
+QStringList written_row(const TableRow& row) {
   QStringList fields;
-  for (const TableCell& cell : row.cells) fields << write(cell.text);
+  for (const TableCell& cell : row.cells) fields << cell.text;
+  return fields;
+}
+
+QStringList csv_fields(const TableRow& row) {
+  QStringList fields;
+  for (const TableCell& cell : row.cells) fields << csv_field(cell.kept.isEmpty() ? cell.text : cell.kept);
   return fields;
 }
 
 }  // namespace
 
 QString table_text(const Table& table, const std::vector<int>& chosen) {
-  const auto plain = [](const QString& text) { return text; };
   QStringList headings;
   for (const TableColumn& column : table.columns) headings << column.heading;
   QStringList lines{headings.join(QLatin1Char('\t'))};
   if (chosen.empty()) {
-    for (const TableRow& row : table.rows) lines << written_row(row, plain).join(QLatin1Char('\t'));
+    for (const TableRow& row : table.rows) lines << written_row(row).join(QLatin1Char('\t'));
   }
   for (const int row : chosen) {
-    lines << written_row(table.rows[static_cast<std::size_t>(row)], plain).join(QLatin1Char('\t'));
+    lines << written_row(table.rows[static_cast<std::size_t>(row)]).join(QLatin1Char('\t'));
   }
   return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
@@ -68,7 +72,7 @@ QString table_csv(const Table& table) {
   for (const TableColumn& column : table.columns) headings << csv_field(column.heading);
   QString csv = headings.join(QLatin1Char(',')) + QStringLiteral("\r\n");
   for (const TableRow& row : table.rows) {
-    csv += written_row(row, csv_field).join(QLatin1Char(',')) + QStringLiteral("\r\n");
+    csv += csv_fields(row).join(QLatin1Char(',')) + QStringLiteral("\r\n");
   }
   return csv;
 }
@@ -106,9 +110,9 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     case Qt::FontRole:
       return type_font(row.marked || cell.look == CellLook::strong ? TypeStep::strong : TypeStep::body);
     case Qt::AccessibleTextRole:
-      return QStringLiteral("%1: %2%3").arg(spoken_name(column.heading.trimmed().isEmpty() ? column.spoken
-                                                                                          : column.heading),
-                                            cell.text, row.marked ? QStringLiteral(", marked") : QString());
+      return QStringLiteral("%1: %2%3")
+          .arg(spoken_name(column.heading.trimmed().isEmpty() ? column.spoken : column.heading), cell.text,
+               row.marked ? QStringLiteral(", marked") : QString());
     default:
       return {};
   }
@@ -117,8 +121,9 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Vertical) {
     if (section < 0 || section >= rowCount()) return {};
-    const bool marked = table_.rows[static_cast<std::size_t>(section)].marked;
-    return role == Qt::DisplayRole ? QVariant(marked ? QStringLiteral("\u25B6") : QString()) : QVariant();
+    const TableRow& row = table_.rows[static_cast<std::size_t>(section)];
+    if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignVCenter | Qt::AlignRight);
+    return role == Qt::DisplayRole ? QVariant(row.marked ? QStringLiteral("\u25B6") : row.head) : QVariant();
   }
   if (section < 0 || section >= columnCount()) return {};
   const TableColumn& column = table_.columns[static_cast<std::size_t>(section)];

@@ -45,7 +45,8 @@ TableView::TableView(const QString& name, QWidget* parent)
 void TableView::set_table(Table table) {
   setAccessibleName(table.name);
   setSortingEnabled(table.sortable);
-  const bool any_marked = std::any_of(table.rows.begin(), table.rows.end(), [](const TableRow& r) { return r.marked; });
+  const bool any_head = std::any_of(table.rows.begin(), table.rows.end(),
+                                    [](const TableRow& r) { return r.marked || !r.head.isEmpty(); });
   const auto stretching = [&](auto wanted) {
     const auto found = std::find_if(table.columns.begin(), table.columns.end(), wanted);
     return found == table.columns.end() ? -1 : static_cast<int>(found - table.columns.begin());
@@ -54,12 +55,10 @@ void TableView::set_table(Table table) {
   if (wide < 0) wide = stretching([](const TableColumn& c) { return !c.numbers; });
   model_->set_table(std::move(table));
   if (model_->table().sortable) order_->sort(-1);
-  verticalHeader()->setVisible(any_marked);
+  verticalHeader()->setVisible(any_head);
   for (int column = 0; column < model_->columnCount(); ++column) {
-    const bool stretches =
-        column == wide || model_->table().columns[static_cast<std::size_t>(column)].stretches;
-    horizontalHeader()->setSectionResizeMode(column,
-                                             stretches ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
+    const bool stretches = column == wide || model_->table().columns[static_cast<std::size_t>(column)].stretches;
+    horizontalHeader()->setSectionResizeMode(column, stretches ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
   }
   if (model_->rowCount() > 0) setCurrentIndex(order_->index(0, 0));
   clearSelection();
@@ -81,7 +80,8 @@ void TableView::show_all_rows() {
 }
 
 QSize TableView::sizeHint() const {
-  int width = 2 * frameWidth() + (verticalHeader()->isHidden() ? 0 : 24) + 24;
+  int width =
+      2 * frameWidth() + (verticalHeader()->isHidden() ? 0 : std::max(24, verticalHeader()->sizeHint().width())) + 24;
   for (int column = 0; column < model_->columnCount(); ++column) {
     width += std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column)) + 8;
   }
@@ -95,20 +95,7 @@ void TableView::copy() const {
   QGuiApplication::clipboard()->setText(table_text(model_->table(), rows));
 }
 
-void TableView::save_csv() {
-  const QString folder = preferences::last_folder();
-  const QString proposed = (folder.isEmpty() ? QString() : folder + QLatin1Char('/')) +
-                           model_->table().name.trimmed() + QStringLiteral(".csv");
-  const QString path = QFileDialog::getSaveFileName(this, QStringLiteral("Save as CSV"), proposed,
-                                                    QStringLiteral("CSV files (*.csv);;All files (*)"));
-  if (path.isEmpty() || program_is_ending()) return;
-  preferences::set_last_folder(QFileInfo(path).absolutePath());
-  if (!write_csv(path, model_->table())) {
-    MessageWindow box({"Save as CSV", core_text(path + QStringLiteral(" could not be written."))},
-                      MessageWindow::Kind::failure, window());
-    run_modal(box);
-  }
-}
+void TableView::save_csv() { save_table(model_->table(), window()); }
 
 void TableView::open_row(const QModelIndex& index) {
   if (!opened_ || !index.isValid()) return;
@@ -141,6 +128,21 @@ void TableView::contextMenuEvent(QContextMenuEvent* event) {
   if (chosen == copied) copy();
   if (chosen == saved) guarded([this] { save_csv(); });
   if (chosen == open) open_row(currentIndex());
+}
+
+void save_table(const Table& table, QWidget* window) {
+  const QString folder = preferences::last_folder();
+  const QString proposed =
+      (folder.isEmpty() ? QString() : folder + QLatin1Char('/')) + table.name.trimmed() + QStringLiteral(".csv");
+  const QString path = QFileDialog::getSaveFileName(window, QStringLiteral("Save as CSV"), proposed,
+                                                    QStringLiteral("CSV files (*.csv);;All files (*)"));
+  if (path.isEmpty() || program_is_ending()) return;
+  preferences::set_last_folder(QFileInfo(path).absolutePath());
+  if (!write_csv(path, table)) {
+    MessageWindow box({"Save as CSV", core_text(path + QStringLiteral(" could not be written."))},
+                      MessageWindow::Kind::failure, window);
+    run_modal(box);
+  }
 }
 
 bool write_csv(const QString& path, const Table& table) {

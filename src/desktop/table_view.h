@@ -49,6 +49,9 @@ class TableView : public QTableView {
   std::function<void(int)> opened_;
 };
 
+/// Asks for a file, over `window`, and saves the table there as CSV. A failure is a message.
+void save_table(const Table& table, QWidget* window);
+
 /// Writes a CSV file whole, in place of what was there. False, with the old file whole, if that fails.
 bool write_csv(const QString& path, const Table& table);
 

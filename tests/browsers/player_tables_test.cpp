@@ -67,6 +67,20 @@ TEST_F(PlayerTables, HaveTheirTitlesAndColumnsWithoutAnyRow) {
   EXPECT_FALSE(std::filesystem::exists(files.rec));
 }
 
+TEST_F(PlayerTables, RowsKnowTheirMenAndTeams) {
+  add("Alba", averaging("A.Same", 10));
+  add("Bora", averaging("B.Best", 30)).hundreds = 2;
+  add("Bora", averaging("A.Same", 20)).hundreds = 1;
+  const auto teams = [](const shown_table& table) {
+    std::vector<std::string> lines;
+    for (const shown_table::row& line : table.rows) lines.push_back(line.player + " of " + line.team + line.partner);
+    return lines;
+  };
+  EXPECT_THAT(teams(opened(1)), ElementsAre("B.Best of Bora", "A.Same of Bora", "A.Same of Alba"));
+  EXPECT_THAT(teams(opened(allrecs::career_bowling, "Bora")), ElementsAre("B.Best of Bora", "A.Same of Bora"));
+  EXPECT_THAT(teams(centuries()), ElementsAre("B.Best of Bora", "A.Same of Bora"));
+}
+
 TEST_F(PlayerTables, ABattingRowShowsItsFigures) {
   career_rec man = batsman("A.Man", 20, 4, 600, 700);
   man.matches = 21;

@@ -68,12 +68,17 @@ TEST_F(RecordTables, AScoreShowsItsBallsAndNotWhetherItStood) {
   ASSERT_EQ(table.rows.size(), 2U);
   EXPECT_THAT(row(table, 0), ElementsAre("150 (140)", "T.One", "Tamar", "Alba", "Harbour Park"));
   EXPECT_THAT(row(table, 1), ElementsAre("99 (101)", "T.Two", "Tamar", "Umbria", "Mill Lane"));
+  EXPECT_EQ(table.rows[1].team, "Tamar");
+  EXPECT_EQ(table.rows[1].player, "T.Two");
 }
 
 TEST_F(RecordTables, AnAnalysisShowsWicketsAndRuns) {
   lists.top_bowling[1] = {"A.One", 41, 60, 8, "Alba", "Tamar", "Harbour Park"};
   write();
-  EXPECT_THAT(row(opened(highinduv(), 0), 0), ElementsAre("8 - 41", "A.One", "Alba", "Tamar", "Harbour Park"));
+  const shown_table table = opened(highinduv(), 0);
+  EXPECT_THAT(row(table, 0), ElementsAre("8 - 41", "A.One", "Alba", "Tamar", "Harbour Park"));
+  EXPECT_EQ(table.rows[0].team, "Alba");
+  EXPECT_EQ(table.rows[0].player, "A.One");
 }
 
 TEST_F(RecordTables, ATotalShowsItsWickets) {
@@ -82,6 +87,8 @@ TEST_F(RecordTables, ATotalShowsItsWickets) {
   write();
   EXPECT_THAT(row(opened(totrecords(), 1), 0), ElementsAre("345 - 6", "Alba", "Tamar"));
   EXPECT_THAT(row(opened(totrecords(), 0), 0), ElementsAre("77 - 10", "Tamar", "Alba"));
+  EXPECT_EQ(opened(totrecords(), 0).rows[0].team, "Tamar");
+  EXPECT_EQ(opened(totrecords(), 0).rows[0].player, "");
 }
 
 TEST_F(RecordTables, AFreeLineIsHiddenByItsEmptyNameAlone) {
@@ -115,6 +122,9 @@ TEST_F(RecordTables, AStandShowsItsPairAndMarksOneUnbroken) {
   EXPECT_THAT(row(table, 1), ElementsAre("110* (130)", "A.One && A.Five", "Alba", "Tamar"));
   EXPECT_THAT(row(table, 2), ElementsAre("10 (30)", "A.One && A.Six *", "Alba", "Tamar"));  // another ending
   EXPECT_THAT(row(table, 3), ElementsAre("9* (30)", "A.One *  && ", "Alba", "Tamar"));
+  EXPECT_EQ(table.rows[1].team, "Alba");
+  EXPECT_EQ(table.rows[1].player, "A.One");
+  EXPECT_EQ(table.rows[1].partner, "A.Five");
 }
 
 TEST_F(RecordTables, OfSixteenHundredMakersTheLowestDropsOut) {
