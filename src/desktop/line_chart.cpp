@@ -3,8 +3,12 @@
 
 #include <QChart>
 #include <QChartView>
+#include <QEvent>
+#include <QLegendMarker>
 #include <QLineSeries>
+#include <QPainter>
 #include <QPen>
+#include <QScatterSeries>
 #include <QVBoxLayout>
 #include <QValueAxis>
 #include <algorithm>
@@ -29,14 +33,56 @@ void style_axis(QValueAxis& axis, const QString& title) {
   axis.setLabelFormat(QStringLiteral("%d"));
 }
 
+QPen stroke(int place) {
+  QPen pen(chart_color(place), 3, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
+  if (place != 0) pen.setDashPattern({3, 1.5});
+  return pen;
+}
+
 QLineSeries* new_series(const ChartLine& line, int place) {
   auto* series = new QLineSeries;
   series->setName(line.name);
   QList<QPointF> points(line.points.begin(), line.points.end());
   series->replace(points);
-  series->setPen(QPen(chart_color(place), 2.5, place == 0 ? Qt::SolidLine : Qt::DashLine));
+  series->setPen(stroke(place));
   return series;
 }
+
+/// The mark at the last point of a line: a disc or a square.
+QScatterSeries* new_end_mark(const ChartLine& line, int place) {
+  auto* mark = new QScatterSeries;
+  mark->append(line.points.back());
+  mark->setMarkerShape(place == 0 ? QScatterSeries::MarkerShapeCircle : QScatterSeries::MarkerShapeRectangle);
+  mark->setMarkerSize(11);
+  mark->setColor(chart_color(place));
+  mark->setBorderColor(theme().card);
+  return mark;
+}
+
+/// A line's stroke and its mark beside a caption.
+class LineSwatch : public QWidget {
+ public:
+  LineSwatch(int place, QWidget* parent) : QWidget(parent), place_(place) { setFixedSize(44, 16); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(stroke(place_));
+    painter.drawLine(QPointF(0, 8), QPointF(36, 8));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(chart_color(place_));
+    const QRectF mark(32, 3, 10, 10);
+    if (place_ == 0) {
+      painter.drawEllipse(mark);
+    } else {
+      painter.drawRect(mark);
+    }
+  }
+
+ private:
+  int place_;
+};
 
 /// The next whole step above the highest point: 50 at least.
 double top_of(const LineChart& chart) {
@@ -64,6 +110,19 @@ LineChartView::LineChartView(const QString& name, QWidget* parent) : QWidget(par
 
 void LineChartView::set_chart(const LineChart& shown_chart) {
   chart_ = shown_chart;
+  setAccessibleName(chart_.name);
+  setAccessibleDescription(chart_.described);
+  view_->setAccessibleName(chart_.name);
+  view_->setAccessibleDescription(chart_.described);
+  draw();
+}
+
+void LineChartView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) draw();
+}
+
+void LineChartView::draw() {
   const Theme& t = theme();
   auto* chart = new QChart;
   chart->setBackgroundBrush(t.card);
@@ -86,17 +145,22 @@ void LineChartView::set_chart(const LineChart& shown_chart) {
     chart->addSeries(series);
     series->attachAxis(across);
     series->attachAxis(up);
+    if (chart_.lines[i].points.empty()) continue;
+    QScatterSeries* mark = new_end_mark(chart_.lines[i], static_cast<int>(i));
+    chart->addSeries(mark);
+    mark->attachAxis(across);
+    mark->attachAxis(up);
+    for (QLegendMarker* entry : chart->legend()->markers(mark)) entry->setVisible(false);
   }
   chart->legend()->setLabelColor(t.ink);
   chart->legend()->setFont(type_font(TypeStep::body));
   chart->legend()->setAlignment(Qt::AlignTop);
+  chart->legend()->setVisible(chart_.legend);
   const std::unique_ptr<QChart> before(view_->chart());
   view_->setChart(chart);
   view_->setBackgroundBrush(t.ground);
-  view_->setAccessibleName(chart_.name);
-  view_->setAccessibleDescription(chart_.described);
-  setAccessibleName(chart_.name);
-  setAccessibleDescription(chart_.described);
 }
+
+QWidget* new_line_swatch(int place, QWidget* parent) { return new LineSwatch(place, parent); }
 
 }  // namespace velorin

@@ -7,7 +7,6 @@
 #include <vector>
 
 class QChartView;
-class QLabel;
 
 namespace velorin {
 
@@ -19,16 +18,18 @@ struct ChartLine {
 
 /// A chart as plain data.
 struct LineChart {
-  QString name;         ///< for screen readers
-  QString across;       ///< title of the horizontal axis
-  QString up;           ///< title of the vertical axis
+  QString name;    ///< for screen readers
+  QString across;  ///< title of the horizontal axis
+  QString up;      ///< title of the vertical axis
   double across_to = 50;
   int across_step = 10;
   std::vector<ChartLine> lines;
-  QString described;    ///< the chart in words, for those who cannot see it
+  QString described;   ///< the chart in words, for those who cannot see it
+  bool legend = true;  ///< names the lines; without, the window around it does
 };
 
-/// Shows a line chart in the style of all charts: lines differ in colour and in stroke.
+/// Shows a line chart in the style of all charts: lines differ in colour and in stroke, and each ends in a mark of its
+/// own shape.
 class LineChartView : public QWidget {
   Q_OBJECT
 
@@ -38,12 +39,22 @@ class LineChartView : public QWidget {
   void set_chart(const LineChart& chart);
   const LineChart& chart() const { return chart_; }
 
+  QSize sizeHint() const override { return {960, 480}; }
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  void draw();
+
   LineChart chart_;
   QChartView* view_;
 };
 
-/// Colour and stroke of the line or bars at a place, 0 or 1.
+/// Colour of the line or the bars at a place, 0 or 1.
 QColor chart_color(int place);
+
+/// A short piece of the line at a place, for a caption that stands beside the chart.
+QWidget* new_line_swatch(int place, QWidget* parent = nullptr);
 
 }  // namespace velorin

@@ -11,9 +11,11 @@ namespace {
 constexpr const char* rules = R"(
 QWidget#head { background: @pitch; }
 QWidget#head QLabel { color: @on_pitch; }
-QWidget#head QLabel#subheading { color: @on_pitch_muted; }
+QWidget#head QLabel#subheading, QWidget#head QLabel[role="subheading"] { color: @on_pitch_muted; }
 QWidget#foot { background: @card_raised; border-top: 1px solid @line; }
 QFrame[card="true"] { background: @card; border: 1px solid @line; border-radius: 8px; }
+QFrame[band="true"] { background: @card_raised; border: none; border-radius: 6px; }
+QFrame[rule="true"] { background: @line; border: none; }
 QLabel[role="muted"] { color: @muted; }
 QLabel[role="red"] { color: @ball; }
 QLabel[role="blue"] { color: @blue; }
@@ -29,6 +31,11 @@ QPushButton:default { background: @accent; color: @on_accent; border-color: @acc
 QPushButton:default:hover { border-color: @ink; }
 QPushButton:disabled, QToolButton:disabled { background: transparent; color: @muted; border: 1px dashed @line; }
 QPushButton:focus, QToolButton:focus { border: 2px solid @focus; padding: 5px 13px; }
+QPushButton[link="true"] {
+  background: transparent; border: 2px solid transparent; padding: 1px 8px; text-align: left; font-weight: 500;
+}
+QPushButton[link="true"]:hover { color: @accent; border-color: @line; }
+QPushButton[link="true"]:focus { border-color: @focus; padding: 1px 8px; }
 
 QComboBox, QLineEdit, QSpinBox {
   background: @card; color: @ink; border: 1px solid @line; border-radius: 6px; padding: 4px 8px; min-height: 22px;
