@@ -13,11 +13,13 @@ namespace {
 struct over_sum {
   int runs = 0;  ///< of the numeric symbols
   bool wicket = false;
+  bool bowled = false;  ///< a ball of it is on record
 };
 
 over_sum sum_of(const ball_log_table::value_type& balls) {
   over_sum sum;
   for (int b = 1; b <= 6; ++b) {
+    if (!balls[b].empty()) sum.bowled = true;
     if (balls[b] == "W") sum.wicket = true;
     if (const int runs = symbol_number(balls[b]); runs > 0) sum.runs += runs;
   }
@@ -31,6 +33,7 @@ void fill_bars(graphs& screen, int half, const ball_log_table& log) {
     const int height = sum.runs * graphs::units_a_run;
     screen.shape1[place] = {height, graphs::base_line[half] - height, sum.runs > 0};
     screen.shape2[place] = sum.wicket;
+    if (sum.bowled) screen.overs[half] = over;
   }
 }
 

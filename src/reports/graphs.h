@@ -30,6 +30,7 @@ struct graphs {
 
   std::array<over_bar, 102> shape1;   ///< [1..50], [52..101] runs of an over
   std::array<bool, 102> shape2{};     ///< likewise: the mark of an over with a wicket is visible
+  std::array<int, 2> overs{};         ///< the last over of each half of which a ball is on record, 0 to 50
   std::array<double, 2> rate{};       ///< runs an over of each half, to two places; 0 without a ball
   std::array<double, 2> line6{};      ///< height of each half's level rate line, both ends
   std::array<std::string, 2> label6;  ///< each half's side and score

@@ -111,6 +111,13 @@ TEST_F(graphs_test, a_first_innings_of_no_ball_leaves_the_lower_half_empty) {
   }
 }
 
+TEST_F(graphs_test, the_last_over_on_record) {
+  EXPECT_EQ(opened().overs, (std::array<int, 2>{0, 0}));
+  set_over(match.ball_log, 4, {"0", "0", "0", "0", "0", "0"});
+  set_over(match.first_ball_log, 50, {"", "", "", "", "", "0"});
+  EXPECT_EQ(opened().overs, (std::array<int, 2>{4, 50}));
+}
+
 TEST_F(graphs_test, reopening_forgets_what_was_shown) {
   set_over(match.ball_log, 1, {"4", "W"});
   graphs screen = opened();
