@@ -29,6 +29,12 @@ score_view view_score() {
   view.label27_0 = fmt::format("{:02}:{:02}", match.clock_minutes / 60, match.clock_minutes % 60);
   view.team1 = match.team1_name;
   view.team2 = match.team2_name;
+  if (match.first_total != 0) {
+    const int target = match.first_total + 1;
+    const int left = 300 - match.innings_balls;
+    view.target = fmt::format("Target {}", target);
+    view.needed = fmt::format("need {} from {} {}", target - match.score_runs, left, left == 1 ? "ball" : "balls");
+  }
   return view;
 }
 

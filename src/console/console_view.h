@@ -18,6 +18,8 @@ struct score_view {
   std::string label27_0;   ///< the clock, "hh:mm"
   std::string team1;       ///< full name of the batting side
   std::string team2;       ///< full name of the bowling side
+  std::string target;      ///< in a chase: "Target " and the runs that win
+  std::string needed;      ///< in a chase: what is needed from how many balls
 };
 
 /// One batsman at the crease.

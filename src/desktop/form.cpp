@@ -138,6 +138,11 @@ void Form::add_aside(QWidget* widget) {
   foot_->show();
 }
 
+void Form::add_beside_buttons(QWidget* widget) {
+  buttons_->addWidget(widget);
+  foot_->show();
+}
+
 void Form::set_busy(bool busy) {
   if (busy) {
     QApplication::setOverrideCursor(Qt::BusyCursor);

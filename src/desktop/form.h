@@ -15,11 +15,11 @@ namespace velorin {
 
 /// What a control does, as its user reads it.
 struct Act {
-  QString caption;                            ///< as shown
-  QChar mnemonic = QChar(u'\0');              ///< a letter of the caption; Alt and this letter press the control
-  QKeySequence key = QKeySequence();          ///< a further key
-  QString hint = QString();                   ///< what it does, for the tooltip; the caption if empty
-  QString spoken = QString();                 ///< name for screen readers; the caption without outer blanks if empty
+  QString caption;                    ///< as shown
+  QChar mnemonic = QChar(u'\0');      ///< a letter of the caption; Alt and this letter press the control
+  QKeySequence key = QKeySequence();  ///< a further key
+  QString hint = QString();           ///< what it does, for the tooltip; the caption if empty
+  QString spoken = QString();         ///< name for screen readers; the caption without outer blanks if empty
 };
 
 /// Gives a button its caption, mnemonic, key, tooltip with its keys, and its name for screen readers.
@@ -54,6 +54,8 @@ class Form : public QDialog {
   /// Likewise; Return presses it. A form has one.
   QPushButton* add_default_button(const QString& name, const Act& act, std::function<void()> pressed);
   void add_aside(QWidget* widget);
+  /// Puts a widget into the row of buttons, before those added later.
+  void add_beside_buttons(QWidget* widget);
 
   /// While busy the form takes no input and the pointer says so.
   void set_busy(bool busy);

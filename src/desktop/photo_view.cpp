@@ -28,6 +28,12 @@ void PhotoView::show_photo(const QString& player, const std::optional<std::files
   setAccessibleName(photo_.isNull() ? QString::fromLatin1(no_photo) : QStringLiteral("Photo of %1").arg(player));
 }
 
+void PhotoView::set_size(QSize size) {
+  if (size == size_) return;
+  size_ = size;
+  setFixedSize(size);
+}
+
 void PhotoView::paintEvent(QPaintEvent*) {
   const Theme& t = theme();
   QPainter painter(this);

@@ -9,8 +9,8 @@
 
 namespace velorin {
 
-/// A player's photo, or the words that stand in its place. Keeps the photo last read, so that showing the same man again
-/// reads no file.
+/// A player's photo, or the words that stand in its place. Keeps the photo last read, so that showing the same man
+/// again reads no file.
 class PhotoView : public QWidget {
   Q_OBJECT
 
@@ -20,6 +20,9 @@ class PhotoView : public QWidget {
 
   /// Shows the photo of `player`, read from `file`; without a file, or one that is no picture, "No Pic Available".
   void show_photo(const QString& player, const std::optional<std::filesystem::path>& file);
+
+  /// Another width and height in pixels.
+  void set_size(QSize size);
 
   bool has_photo() const { return !photo_.isNull(); }
   QSize sizeHint() const override { return size_; }

@@ -43,6 +43,11 @@ QComboBox, QLineEdit, QSpinBox {
 }
 QComboBox:focus, QLineEdit:focus, QSpinBox:focus { border: 2px solid @focus; padding: 3px 7px; }
 QComboBox:disabled, QLineEdit:disabled, QSpinBox:disabled { color: @muted; background: @card_raised; }
+QComboBox::drop-down { border: none; width: 24px; }
+QComboBox::down-arrow {
+  width: 0px; height: 0px; border-left: 4px solid transparent; border-right: 4px solid transparent;
+  border-top: 5px solid @muted;
+}
 QComboBox QAbstractItemView { background: @card; color: @ink; border: 1px solid @line; }
 
 QRadioButton, QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 5px; }
@@ -58,6 +63,16 @@ QTableView::item { padding: 2px 8px; }
 QHeaderView::section {
   background: @card_raised; color: @muted; border: none; border-bottom: 1px solid @line; padding: 5px 8px;
 }
+QListView[quiet="true"]::item:selected { background: @card_raised; color: @ink; }
+QFrame#rule { background: @line; border: none; max-height: 1px; min-height: 1px; }
+QScrollBar:horizontal { height: 12px; background: transparent; margin: 0; }
+QScrollBar:vertical { width: 12px; background: transparent; margin: 0; }
+QScrollBar::handle { background: @muted; border-radius: 4px; margin: 2px; min-width: 24px; min-height: 24px; }
+QScrollBar::handle:hover { background: @accent; }
+QScrollBar:focus { border: 2px solid @focus; border-radius: 5px; }
+QScrollBar::handle:disabled { background: @line; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: @card_raised; border-radius: 4px; margin: 4px 2px; }
 QToolTip { background: @card_raised; color: @ink; border: 1px solid @line; padding: 4px; }
 QScrollArea { background: transparent; border: none; }
 QMenu { background: @card; color: @ink; border: 1px solid @line; }

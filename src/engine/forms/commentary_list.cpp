@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/forms/commentary_list.h"
+
+#include <QAbstractListModel>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <string>
+#include <vector>
+
+#include "desktop/shown_text.h"
+#include "desktop/theme.h"
+#include "model/teams.h"
+
+namespace velorin {
+
+/// The lines as they were last read. An innings only appends to them.
+class CommentaryModel : public QAbstractListModel {
+ public:
+  using QAbstractListModel::QAbstractListModel;
+
+  /// True if lines came or went.
+  bool read() {
+    const int size = velorin::match.ball_commentary.size();
+    const int before = static_cast<int>(lines_.size());
+    if (size == before) return false;
+    const std::vector<std::string> lines = commentary_lines();
+    if (size < before) {
+      beginResetModel();
+      lines_ = lines;
+      endResetModel();
+    } else {
+      beginInsertRows({}, before, size - 1);
+      lines_.insert(lines_.end(), lines.begin() + before, lines.end());
+      endInsertRows();
+    }
+    return true;
+  }
+
+  int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(lines_.size());
+  }
+
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (!index.isValid()) return {};
+    const std::string& line = lines_[static_cast<std::size_t>(index.row())];
+    const Kind kind = kind_of(line);
+    switch (role) {
+      case Qt::DisplayRole:
+        return sign(kind) + shown(line);
+      case Qt::UserRole:
+      case Qt::AccessibleTextRole:
+        return shown(line);
+      case Qt::ForegroundRole:
+        return color(kind);
+      case Qt::FontRole:
+        return type_font(kind == Kind::plain || kind == Kind::block ? TypeStep::body : TypeStep::strong);
+      default:
+        return {};
+    }
+  }
+
+ private:
+  enum class Kind { plain, block, four, six, wicket };
+
+  static Kind kind_of(const std::string& line) {
+    if (line.find(" : ") == std::string::npos || line.rfind(" Run Rate", 0) == 0 || line.rfind("Fours", 0) == 0) {
+      return Kind::block;
+    }
+    if (line.ends_with(" : Wicket!")) return Kind::wicket;
+    if (line.ends_with(" : 4 runs.")) return Kind::four;
+    if (line.ends_with(" : 6 runs.")) return Kind::six;
+    return Kind::plain;
+  }
+
+  static QString sign(Kind kind) {
+    switch (kind) {
+      case Kind::wicket:
+        return QStringLiteral("\u25A0 ");
+      case Kind::four:
+        return QStringLiteral("\u25CF ");
+      case Kind::six:
+        return QStringLiteral("\u25B2 ");
+      default:
+        return {};
+    }
+  }
+
+  static QColor color(Kind kind) {
+    const Theme& t = theme();
+    switch (kind) {
+      case Kind::wicket:
+        return t.ball;
+      case Kind::four:
+        return t.high_contrast || t.dark ? t.four : t.four.darker(115);
+      case Kind::six:
+        return t.six;
+      case Kind::block:
+        return t.muted;
+      default:
+        return t.ink;
+    }
+  }
+
+  std::vector<std::string> lines_;
+};
+
+CommentaryList::CommentaryList(QWidget* parent) : QListView(parent), lines_(new CommentaryModel(this)) {
+  setObjectName(QStringLiteral("List1"));
+  setAccessibleName(QStringLiteral("Ball by ball"));
+  setModel(lines_);
+  setUniformItemSizes(true);
+  setSelectionMode(QAbstractItemView::ExtendedSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setTextElideMode(Qt::ElideRight);
+  setMinimumWidth(220);
+  // The newest line is selected all the time: it must not outshine the rest.
+  setProperty("quiet", true);
+}
+
+void CommentaryList::refresh() {
+  if (!lines_->read()) return;
+  const int rows = lines_->rowCount();
+  if (rows == 0) return;
+  setCurrentIndex(lines_->index(rows - 1));
+  scrollToBottom();
+}
+
+void CommentaryList::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Copy)) {
+    QListView::keyPressEvent(event);
+    return;
+  }
+  QModelIndexList chosen = selectionModel()->selectedIndexes();
+  std::sort(chosen.begin(), chosen.end());
+  QString text;
+  for (const QModelIndex& index : chosen) text += index.data(Qt::UserRole).toString() + QLatin1Char('\n');
+  QGuiApplication::clipboard()->setText(text);
+}
+
+}  // namespace velorin

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/forms/console_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/controls.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+#include "engine/driver.h"
+#include "engine/forms/commentary_list.h"
+#include "engine/forms/console_tables.h"
+#include "engine/forms/over_chips.h"
+#include "engine/forms/player_panels.h"
+#include "engine/forms/rates_panel.h"
+#include "engine/forms/scoreboard.h"
+#include "model/teams.h"
+
+namespace velorin {
+
+namespace {
+
+/// How long each ball stays before the next, in milliseconds.
+constexpr int quick_pause = 150;
+constexpr int ball_pause = 900;
+
+/// Sets a flag for a scope.
+class Playing {
+ public:
+  explicit Playing(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Playing() { flag_ = false; }
+  Playing(const Playing&) = delete;
+  Playing& operator=(const Playing&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
+ConsoleWindow::ConsoleWindow(main_console& form, QWidget* parent)
+    : Form(QStringLiteral("main"), Dismissal::refused, parent), form_(form) {
+  set_title(
+      QStringLiteral("%1 v %2, %3").arg(shown(match.team1_name), shown(match.team2_name), shown(match.venue_name())),
+      {});
+  lay_out();
+  add_foot();
+  on_dismiss([this] {
+    // Escape finishes the over at once; between overs it does nothing.
+    if (!playing_) return;
+    finish_over_ = true;
+    if (waiting_ != nullptr) waiting_->quit();
+  });
+  qApp->installEventFilter(this);
+  refresh();
+  next_over_->setFocus();
+}
+
+ConsoleWindow::~ConsoleWindow() { qApp->removeEventFilter(this); }
+
+void ConsoleWindow::refresh() {
+  if (form_.closed()) return;
+  scoreboard_->refresh();
+  for (BatsmanPanel* panel : batsmen_) panel->refresh();
+  for (BowlerPanel* panel : bowlers_) panel->refresh();
+  change_bowler_->setEnabled(!match.computer_bowls);
+  rates_->refresh();
+  commentary_->refresh();
+  last_wicket_->setText(shown(last_wicket_line()));
+  refresh_over();
+  refresh_bowlers();
+}
+
+void ConsoleWindow::refresh_over() {
+  QStringList symbols;
+  for (const short_text& symbol : match.over_symbols) symbols << shown(std::string_view(symbol));
+  chips_->set_symbols(symbols);
+  const bool browsing = !playing_ && match.browsed_over > 0;
+  over_title_->setText(browsing ? QStringLiteral("Over %1").arg(match.browsed_over) : QStringLiteral("This over"));
+  over_bowler_->setText(browsing ? shown(std::string_view(match.ball_log[match.browsed_over][7])) : QString());
+  const QSignalBlocker quiet(browser_);
+  browser_->setRange(1, std::max(1, match.browser_maximum));
+  browser_->setValue(match.browsed_over);
+  const bool any = match.browser_maximum > 0;
+  browser_->setEnabled(any);
+  over_before_->setEnabled(any);
+  over_after_->setEnabled(any);
+}
+
+void ConsoleWindow::refresh_bowlers() { bowler_table_->set_table(bowlers_table()); }
+
+void ConsoleWindow::play_over() {
+  if (playing_) return;
+  finish_over_ = false;
+  {
+    const Playing in_progress(playing_);
+    form_.command1_click();
+  }
+  if (form_.closed()) {
+    accept();
+    return;
+  }
+  refresh();
+}
+
+void ConsoleWindow::ball_bowled() {
+  const Pace pace = preferences::pace();
+  if (!playing_ || finish_over_ || pace == Pace::instant) return;
+  refresh();
+  wait(pace == Pace::quick ? quick_pause : ball_pause);
+}
+
+void ConsoleWindow::wait(int milliseconds) {
+  QEventLoop loop;
+  waiting_ = &loop;
+  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+  loop.exec();
+  waiting_ = nullptr;
+  if (program_is_ending()) throw ProgramEnds{};
+}
+
+void ConsoleWindow::act(void (main_console::*handler)()) {
+  if (playing_) return;
+  (form_.*handler)();
+  refresh();
+}
+
+void ConsoleWindow::act_on_slot(void (main_console::*handler)(int), int slot) {
+  if (playing_) return;
+  (form_.*handler)(slot);
+  refresh();
+}
+
+void ConsoleWindow::browse(int over) {
+  if (playing_) return;
+  form_.vscroll1_change(over);
+  refresh_over();
+}
+
+void ConsoleWindow::choose_pace(Pace pace) {
+  preferences::set_pace(pace);
+  if (waiting_ != nullptr && pace == Pace::instant) waiting_->quit();
+}
+
+void ConsoleWindow::closeEvent(QCloseEvent* event) {
+  if (program_is_ending() || !isVisible()) {
+    event->accept();
+    return;
+  }
+  event->ignore();
+  if (playing_) return;
+  guarded([this] {
+    QMessageBox question(QMessageBox::Question, QStringLiteral("Quit"),
+                         QStringLiteral("End the program? The match is lost."), QMessageBox::Yes | QMessageBox::No,
+                         this);
+    question.setObjectName(QStringLiteral("quit_question"));
+    question.setDefaultButton(QMessageBox::No);
+    run_modal(question);
+    if (question.result() == QMessageBox::Yes) end_program(0);
+  });
+}
+
+void ConsoleWindow::resizeEvent(QResizeEvent* event) {
+  Form::resizeEvent(event);
+  // Four photos share what height the window has beyond the smallest.
+  constexpr int least = 88;
+  constexpr int least_window = 700;
+  constexpr int most = 150;
+  const int tall = std::clamp(least + (height() - least_window - 60) / 4, least, most);
+  for (BatsmanPanel* panel : batsmen_) panel->set_photo_size({tall * 9 / 11, tall});
+  for (BowlerPanel* panel : bowlers_) panel->set_photo_size({tall * 9 / 11, tall});
+}
+
+bool ConsoleWindow::belongs_to_pace(const QObject* watched) const {
+  for (const QObject* at = watched; at != nullptr; at = at->parent()) {
+    if (at == pace_) return true;
+  }
+  return false;
+}
+
+bool ConsoleWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (!playing_) return Form::eventFilter(watched, event);
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ContextMenu:
+      break;
+    default:
+      return false;
+  }
+  const auto* widget = qobject_cast<const QWidget*>(watched);
+  const QObject* owner = widget != nullptr ? static_cast<const QObject*>(widget) : watched->parent();
+  const auto* owning = qobject_cast<const QWidget*>(owner);
+  if (owning == nullptr || owning->window() != this || belongs_to_pace(owner)) return false;
+  const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+  if (key && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) return false;
+  return true;
+}
+
+}  // namespace velorin

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+#include "desktop/form.h"
+#include "desktop/preferences.h"
+
+class QEventLoop;
+class QFrame;
+class QLabel;
+class QScrollBar;
+class QToolButton;
+
+namespace velorin {
+
+class BatsmanPanel;
+class BowlerPanel;
+class CommentaryList;
+class OverChips;
+class RatesPanel;
+class Scoreboard;
+class TableView;
+struct main_console;
+
+/// The match console. While an over is bowled it follows each ball at the chosen pace and answers nothing but the
+/// choice of pace and Escape, which finishes the over at once.
+class ConsoleWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` belongs to an open console and outlives the window.
+  explicit ConsoleWindow(main_console& form, QWidget* parent = front_window());
+  ~ConsoleWindow() override;
+
+  /// Shows the match as it stands.
+  void refresh();
+  /// A ball has been bowled: shows it, and waits as long as the pace says.
+  void ball_bowled();
+  /// An over is being bowled.
+  bool playing() const { return playing_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QFrame* new_batting_card();
+  QFrame* new_bowling_card();
+  QFrame* new_over_card();
+  QFrame* new_commentary_card();
+  QWidget* new_pace_choice();
+  void add_foot();
+  void lay_out();
+
+  void play_over();
+  /// Runs a button's work unless an over is being bowled, and shows what it changed.
+  void act(void (main_console::*handler)());
+  void act_on_slot(void (main_console::*handler)(int), int slot);
+  void browse(int over);
+  void refresh_over();
+  void refresh_bowlers();
+  void choose_pace(Pace pace);
+  void wait(int milliseconds);
+  bool belongs_to_pace(const QObject* watched) const;
+
+  main_console& form_;
+  bool playing_ = false;
+  bool finish_over_ = false;
+  QEventLoop* waiting_ = nullptr;
+
+  Scoreboard* scoreboard_ = nullptr;
+  std::array<BatsmanPanel*, 2> batsmen_{};
+  std::array<BowlerPanel*, 2> bowlers_{};
+  QPushButton* change_bowler_ = nullptr;
+  OverChips* chips_ = nullptr;
+  QLabel* over_title_ = nullptr;
+  QLabel* over_bowler_ = nullptr;
+  QScrollBar* browser_ = nullptr;
+  QToolButton* over_before_ = nullptr;
+  QToolButton* over_after_ = nullptr;
+  RatesPanel* rates_ = nullptr;
+  TableView* bowler_table_ = nullptr;
+  CommentaryList* commentary_ = nullptr;
+  QLabel* last_wicket_ = nullptr;
+  QWidget* pace_ = nullptr;
+  QPushButton* next_over_ = nullptr;
+};
+
+}  // namespace velorin

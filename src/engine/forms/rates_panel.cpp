@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/forms/rates_panel.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "console/console_view.h"
+#include "desktop/controls.h"
+#include "desktop/shown_text.h"
+
+namespace velorin {
+
+RatesPanel::Cell RatesPanel::new_cell(const QString& name) {
+  Cell cell;
+  cell.box = new QWidget;
+  auto* rows = new QVBoxLayout(cell.box);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  cell.heading = new_label({}, TextRole::small_muted);
+  cell.text = new_named_label(name, {}, TextRole::strong);
+  rows->addWidget(cell.heading);
+  rows->addWidget(cell.text);
+  return cell;
+}
+
+RatesPanel::RatesPanel(QWidget* parent) : QFrame(parent) {
+  setProperty("card", true);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(16, 8, 16, 8);
+  rows->setSpacing(4);
+  title_ = new_named_label(QStringLiteral("Label15_4"), {}, TextRole::strong);
+  rows->addWidget(title_);
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(12);
+  grid->setVerticalSpacing(6);
+  for (int i = 0; i < 7; ++i) {
+    Cell& cell = cells_[static_cast<std::size_t>(i)];
+    cell = new_cell(QStringLiteral("Label26_%1").arg(i));
+    grid->addWidget(cell.box, i / 4, i % 4);
+  }
+  last_five_ = new_cell(QStringLiteral("Label15_20"));
+  last_five_.heading->setText(QStringLiteral("Last 5"));
+  grid->addWidget(last_five_.box, 1, 3);
+  for (int column = 0; column < 4; ++column) grid->setColumnStretch(column, 1);
+  rows->addLayout(grid);
+  auto* comparing = new QHBoxLayout;
+  comparing->setSpacing(12);
+  comparison_ = new_named_label(QStringLiteral("Label15_12"), {}, TextRole::muted);
+  now_ = new_named_label(QStringLiteral("Label15_13"), {});
+  then_ = new_named_label(QStringLiteral("Label15_14"), {});
+  comparing->addWidget(comparison_);
+  comparing->addWidget(now_);
+  comparing->addWidget(then_);
+  comparing->addStretch(1);
+  rows->addLayout(comparing);
+  rows->addStretch(1);
+}
+
+void RatesPanel::refresh() {
+  const rates_view view = view_rates();
+  title_->setText(!view.chase              ? QStringLiteral("Projected score")
+                  : view.label15_4.empty() ? QStringLiteral("The chase")
+                                           : shown(view.label15_4));
+  for (std::size_t i = 0; i < cells_.size(); ++i) {
+    const bool used = i < view.label26.size();
+    cells_[i].box->setVisible(used);
+    if (!used) continue;
+    cells_[i].heading->setText(shown(view.label26[i].heading));
+    cells_[i].text->setText(shown(view.label26[i].text));
+    cells_[i].text->setAccessibleName(shown(view.label26[i].heading + ": " + view.label26[i].text));
+  }
+  last_five_.text->setText(shown(view.label15_20));
+  last_five_.text->setAccessibleName(shown("Last 5: " + view.label15_20));
+  comparison_->setText(view.label15_12.empty() ? QString() : QStringLiteral("After %1").arg(shown(view.label15_12)));
+  now_->setText(shown(view.label15_13));
+  then_->setText(shown(view.label15_14));
+}
+
+}  // namespace velorin

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFrame>
+#include <array>
+
+class QLabel;
+
+namespace velorin {
+
+/// The rates of the innings: projections in the first, the chase in the second, and the last five overs.
+class RatesPanel : public QFrame {
+  Q_OBJECT
+
+ public:
+  explicit RatesPanel(QWidget* parent = nullptr);
+
+  void refresh();
+
+ private:
+  struct Cell {
+    QWidget* box = nullptr;
+    QLabel* heading = nullptr;
+    QLabel* text = nullptr;
+  };
+  static Cell new_cell(const QString& name);
+
+  QLabel* title_;
+  std::array<Cell, 7> cells_;
+  Cell last_five_;
+  QLabel* comparison_;
+  QLabel* now_;
+  QLabel* then_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/forms/scoreboard.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "console/console_view.h"
+#include "desktop/controls.h"
+#include "desktop/shown_text.h"
+#include "model/teams.h"
+
+namespace velorin {
+
+namespace {
+
+QVBoxLayout* stacked(std::initializer_list<QLabel*> labels, Qt::Alignment aligned) {
+  auto* rows = new QVBoxLayout;
+  rows->setSpacing(2);
+  rows->addStretch(1);
+  for (QLabel* label : labels) rows->addWidget(label, 0, aligned);
+  rows->addStretch(1);
+  return rows;
+}
+
+}  // namespace
+
+Scoreboard::Scoreboard(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("head"));
+  setAttribute(Qt::WA_StyledBackground);
+  side_ = new_named_label(QStringLiteral("Label15_0"), {}, TextRole::title);
+  score_ = new_named_label(QStringLiteral("Label15_1"), {}, TextRole::score);
+  overs_ = new_named_label(QStringLiteral("Label15_2"), {}, TextRole::heading);
+  rate_ = new_named_label(QStringLiteral("Label15_19"), {}, TextRole::body);
+  target_ = new_named_label(QStringLiteral("target"), {}, TextRole::title);
+  needed_ = new_named_label(QStringLiteral("needed"), {}, TextRole::heading);
+  first_innings_ = new_named_label(QStringLiteral("first_innings"), {}, TextRole::body);
+  teams_ = new_named_label(QStringLiteral("teams"), {}, TextRole::heading);
+  ground_ = new_named_label(QStringLiteral("ground"), {}, TextRole::body);
+  clock_ = new_named_label(QStringLiteral("Label27_0"), {}, TextRole::strong);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(24, 8, 24, 8);
+  row->setSpacing(16);
+  row->addWidget(side_, 0, Qt::AlignVCenter);
+  row->addWidget(score_, 0, Qt::AlignVCenter);
+  row->addLayout(stacked({overs_, rate_}, Qt::AlignLeft));
+  row->addStretch(1);
+  row->addLayout(stacked({target_, needed_}, Qt::AlignHCenter));
+  row->addStretch(1);
+  auto* place = new QHBoxLayout;
+  place->setSpacing(12);
+  place->addStretch(1);
+  place->addWidget(ground_);
+  place->addWidget(clock_);
+  auto* right = stacked({teams_}, Qt::AlignRight);
+  right->insertLayout(2, place);
+  right->insertWidget(3, first_innings_, 0, Qt::AlignRight);
+  row->addLayout(right);
+}
+
+void Scoreboard::refresh() {
+  const score_view view = view_score();
+  side_->setText(shown(view.label15_0));
+  score_->setText(shown(view.label15_1));
+  overs_->setText(shown(view.label15_2));
+  rate_->setText(QStringLiteral("Run rate %1").arg(shown(view.label15_19).trimmed()));
+  target_->setText(shown(view.target));
+  needed_->setText(shown(view.needed));
+  target_->setVisible(!view.target.empty());
+  needed_->setVisible(!view.needed.empty());
+  teams_->setText(QStringLiteral("%1 v %2").arg(shown(view.team1), shown(view.team2)));
+  ground_->setText(shown(match.venue_name()));
+  clock_->setText(shown(view.label27_0));
+  const rates_view rates = view_rates();
+  first_innings_->setText(rates.chase ? shown(rates.first_innings + " in " + rates.first_innings_overs) : QString());
+  first_innings_->setVisible(rates.chase);
+  setAccessibleName(QStringLiteral("%1 %2 in %3. %4 %5")
+                        .arg(shown(view.team1), score_->text(), overs_->text(), target_->text(), needed_->text())
+                        .trimmed());
+}
+
+}  // namespace velorin

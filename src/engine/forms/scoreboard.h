@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace velorin {
+
+/// The head of the console: score, overs, rate, what is needed, ground and clock.
+class Scoreboard : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit Scoreboard(QWidget* parent = nullptr);
+
+  void refresh();
+
+ private:
+  QLabel* side_;
+  QLabel* score_;
+  QLabel* overs_;
+  QLabel* rate_;
+  QLabel* target_;
+  QLabel* needed_;
+  QLabel* first_innings_;
+  QLabel* teams_;
+  QLabel* ground_;
+  QLabel* clock_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
+#include <QIcon>
+#include <QTimer>
+#include <filesystem>
+
+#include "database/configuration.h"
+#include "desktop/preferences.h"
+#include "desktop/theme.h"
+#include "shell/opening_window.h"
+#include "shell/qt_front_end.h"
+
+int main(int argc, char** argv) {
+  using namespace velorin;
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("velorin"));
+  QApplication::setApplicationDisplayName(QString());
+  QApplication::setDesktopFileName(QStringLiteral("velorin"));
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/velorin.svg")));
+  files.folder = std::filesystem::path(QApplication::applicationDirPath().toStdString()) / "teams";
+  apply_theme(preferences::appearance());
+
+  QtFrontEnd shown_by;
+  const front_end_scope in_use(shown_by);
+  OpeningWindow opening(shown_by);
+  opening.show();
+  QTimer::singleShot(0, &opening, &OpeningWindow::start);
+  return QApplication::exec();
+}

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractButton>
+
+namespace velorin {
+
+/// An entry of the menu: a line of text, highlighted while the pointer is over it.
+class MenuEntry : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  MenuEntry(const QString& name, const QString& text, QChar mnemonic, QWidget* parent = nullptr);
+
+  bool highlighted() const { return highlighted_; }
+  void set_highlighted(bool on);
+
+  QSize sizeHint() const override;
+
+ protected:
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool highlighted_ = false;
+};
+
+}  // namespace velorin

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <memory>
+
+#include "shell/unstopped_play.h"
+#include "ui/front_end.h"
+
+namespace velorin {
+
+class ConsoleWindow;
+class ProgressbarWindow;
+class WormsWindow;
+struct worms;
+
+/// Shows the game in windows: each form modally, in the order in which the game asks. Every request raises ProgramEnds
+/// once the program is ending.
+class QtFrontEnd : public front_end {
+ public:
+  QtFrontEnd();
+  ~QtFrontEnd() override;
+
+  void show(const message_box& message) override;
+  void show(wecond& form) override;
+  void show(teamsel& form) override;
+  void show(toss& form) override;
+  void show(batorder& form) override;
+  void show(chgbowler& form) override;
+  void show(aggr& form) override;
+  void show(batsmandetails& form) override;
+  void show(main_console& form) override;
+  void ball_bowled() override;
+  void progress(int over) override;
+  void progress_done() override;
+  void open(report which) override;
+  void show(sqdet& form) override;
+  void show(allrecs& form) override;
+  void show(sri_result& form) override;
+  void show(triserresult& form) override;
+  void show(wc_fix& form) override;
+  void show(wcsstab& form) override;
+
+  /// The menu opens an activity, or the one it had opened is over.
+  void activity_begins(Activity activity) { unstopped_.begin(activity); }
+  void activity_over() { unstopped_.end(); }
+
+ private:
+  /// Brings the console up to date before a window opens over it.
+  void refresh_console();
+  void open_worms();
+
+  ConsoleWindow* console_ = nullptr;             // the one console, while a match is on
+  std::unique_ptr<ProgressbarWindow> progress_;  // while an unattended match runs
+  std::unique_ptr<worms> worms_;                 // the one worm graph, from its first showing on
+  std::unique_ptr<WormsWindow> worms_window_;
+  UnstoppedPlay unstopped_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/unstopped_play.h"
+
+#include <QCoreApplication>
+#include <array>
+
+#include "competitions/series1.h"
+#include "competitions/series2.h"
+#include "competitions/world_cup.h"
+#include "desktop/preferences.h"
+#include "desktop/program_end.h"
+#include "model/teams.h"
+#include "shell/unstopped_window.h"
+
+namespace velorin {
+
+namespace {
+
+constexpr int frame = 16;  // milliseconds between two looks at the screen
+
+constexpr int group_matches = 20;
+constexpr int super_six_end = 29;  // the last fixture of the Super Six
+constexpr int knock_outs = 3;
+
+bool next_tri_match_has_human() {
+  if (tri.matches_played < 3 * tri.rounds) {
+    static constexpr std::array<std::array<std::size_t, 2>, 3> pairs = {{{1, 2}, {1, 3}, {2, 3}}};
+    const auto [a, b] = pairs[static_cast<std::size_t>(tri.matches_played % 3)];
+    return tri.sides[a].human || tri.sides[b].human;
+  }
+  for (const entered_side& side : tri.sides) {
+    if (side.human && (side.team == tri.tri_table[1].note || side.team == tri.tri_table[2].note)) return true;
+  }
+  return false;
+}
+
+bool next_cup_match_has_human() {
+  const int next = world_cup.next_match;
+  const wc_fixture& fixture = world_cup.wc_fixtures[static_cast<std::size_t>(std::min(next, super_six_end))];
+  switch (world_cup.stage) {
+    case wc_stage::group_matches: {
+      if (next > group_matches) break;
+      const std::array<bool, 5>& human = fixture.stage == "A" ? world_cup.human_a : world_cup.human_b;
+      return human[static_cast<std::size_t>(fixture.index_a - 1)] ||
+             human[static_cast<std::size_t>(fixture.index_b - 1)];
+    }
+    case wc_stage::super_six_matches:
+      if (next > super_six_end) break;
+      return world_cup.wc_ss_human[static_cast<std::size_t>(int(fixture.index_a))] ||
+             world_cup.wc_ss_human[static_cast<std::size_t>(fixture.index_b + 3)];
+    case wc_stage::knock_out: {
+      if (next == knock_outs) break;
+      // The tables are shown before the next tie is entered.
+      if (next == 1) return world_cup.wc_semi[2].human_a || world_cup.wc_semi[2].human_b;
+      const auto winner_human = [](const wc_knockout& semi) {
+        return semi.team_a == semi.winner ? semi.human_a : semi.human_b;
+      };
+      return winner_human(world_cup.wc_semi[1]) || winner_human(world_cup.wc_semi[2]);
+    }
+    default:
+      break;
+  }
+  return false;
+}
+
+}  // namespace
+
+int matches_left(Activity activity) {
+  switch (activity) {
+    case Activity::series:
+      return series.matches - series.match_no;
+    case Activity::tri_series:
+      return tri.matches_played < 3 * tri.rounds ? 3 * tri.rounds - tri.matches_played : 0;
+    case Activity::world_cup:
+      if (world_cup.stage == wc_stage::knock_out) return knock_outs - world_cup.next_match;
+      return super_six_end + knock_outs - world_cup.next_match;
+    case Activity::match:
+      break;
+  }
+  return 0;
+}
+
+bool is_over(Activity activity) {
+  switch (activity) {
+    case Activity::series:
+      return series.series_over;
+    case Activity::tri_series:
+      return tri.final_played;
+    case Activity::world_cup:
+      return world_cup.stage == wc_stage::knock_out && world_cup.next_match == knock_outs;
+    case Activity::match:
+      break;
+  }
+  return true;
+}
+
+bool next_match_has_human(Activity activity) {
+  switch (activity) {
+    case Activity::series:
+      return series.home.human || series.away.human;
+    case Activity::tri_series:
+      return next_tri_match_has_human();
+    case Activity::world_cup:
+      return next_cup_match_has_human();
+    case Activity::match:
+      break;
+  }
+  return false;
+}
+
+UnstoppedPlay::UnstoppedPlay() = default;
+UnstoppedPlay::~UnstoppedPlay() = default;
+
+void UnstoppedPlay::begin(Activity activity) {
+  end();
+  activity_ = activity;
+}
+
+void UnstoppedPlay::end() {
+  answering_ = running_ = stop_asked_ = false;
+  window_.reset();
+}
+
+void UnstoppedPlay::match_begins() {
+  answering_ = preferences::plays_without_stopping() && !match.human_involved();
+  if (answering_) {
+    running_ = true;
+  } else {
+    end();
+  }
+}
+
+bool UnstoppedPlay::passes_standings() {
+  answering_ = false;
+  if (running_ && !stop_asked_ && preferences::plays_without_stopping() && !is_over(activity_) &&
+      !next_match_has_human(activity_)) {
+    return true;
+  }
+  end();
+  return false;
+}
+
+void UnstoppedPlay::ball_bowled() {
+  if (!answering_) return;
+  if (window_ && since_shown_.elapsed() < frame) return;
+  show_progress();
+}
+
+void UnstoppedPlay::show_progress() {
+  if (!window_) {
+    window_ = std::make_unique<UnstoppedWindow>([this] { ask_to_stop(); });
+    window_->show();
+  }
+  window_->show_progress(activity_ == Activity::match ? -1 : matches_left(activity_));
+  QCoreApplication::processEvents();
+  since_shown_.start();
+  if (program_is_ending()) throw ProgramEnds{};
+}
+
+}  // namespace velorin

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QElapsedTimer>
+#include <memory>
+
+#include "headless/headless_user.h"
+
+namespace velorin {
+
+class UnstoppedWindow;
+
+/// What the menu has opened.
+enum class Activity { match, series, tri_series, world_cup };
+
+/// Matches between two computer sides that run without stopping, if the user has switched that on: a headless user
+/// answers what such a match asks, and the standings between two such matches are passed over, while a progress window
+/// names the match, its score and the matches left. The user can ask it to stop at the next match. It stops by itself
+/// before a match with a human side and at the end of a competition.
+class UnstoppedPlay {
+ public:
+  UnstoppedPlay();
+  ~UnstoppedPlay();
+
+  /// The menu opens an activity, or it is over.
+  void begin(Activity activity);
+  void end();
+
+  /// The set-up of a match has begun. Reads the captains of match.
+  void match_begins();
+  /// The match in play is one that the headless user answers.
+  bool answers_match() const { return answering_; }
+  headless_user& user() { return user_; }
+
+  /// A ball of a match without a console has been bowled: from time to time brings the window up to date and lets the
+  /// user press its button.
+  void ball_bowled();
+
+  /// Standings are about to be shown: true if they are to be passed over. Otherwise the run has stopped, and its window
+  /// is closed.
+  bool passes_standings();
+
+  /// The user has asked to stop at the next match.
+  void ask_to_stop() { stop_asked_ = true; }
+
+ private:
+  void show_progress();
+
+  headless_user user_;
+  Activity activity_ = Activity::match;
+  bool answering_ = false;  // the match in play is answered
+  bool running_ = false;    // the last match was answered, and nobody has asked to stop
+  bool stop_asked_ = false;
+  QElapsedTimer since_shown_;
+  std::unique_ptr<UnstoppedWindow> window_;
+};
+
+/// Matches of an activity that are still to come after the one in play.
+int matches_left(Activity activity);
+/// The competition has played its last match.
+bool is_over(Activity activity);
+/// A human captains a side of the match that comes next. Requires that there is one.
+bool next_match_has_human(Activity activity);
+
+}  // namespace velorin

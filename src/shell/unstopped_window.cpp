@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/unstopped_window.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "console/console_view.h"
+#include "desktop/controls.h"
+#include "desktop/shown_text.h"
+#include "model/teams.h"
+
+namespace velorin {
+
+UnstoppedWindow::UnstoppedWindow(std::function<void()> stop, QWidget* parent)
+    : Form(QStringLiteral("unstopped"), Dismissal::refused, parent) {
+  set_title(QStringLiteral("Playing"), {});
+  match_ = new_named_label(QStringLiteral("match"), {}, TextRole::heading);
+  score_ = new_named_label(QStringLiteral("score"), {}, TextRole::title);
+  left_ = new_named_label(QStringLiteral("left"), {}, TextRole::muted);
+  match_->setMinimumWidth(420);
+  body()->addWidget(match_);
+  body()->addWidget(score_);
+  body()->addWidget(left_);
+  body()->addStretch(1);
+  const auto ask = [this, stop = std::move(stop)] {
+    stop();
+    stop_->setEnabled(false);
+    left_->setText(QStringLiteral("Stops after this match"));
+  };
+  stop_ = add_default_button(QStringLiteral("stop"),
+                             {.caption = QStringLiteral("Stop at the Next Match"), .mnemonic = u'S'}, ask);
+  on_dismiss([this] { stop_->click(); });
+}
+
+void UnstoppedWindow::show_progress(int left) {
+  match_->setText(
+      QStringLiteral("%1 v %2, %3").arg(shown(match.team1_name), shown(match.team2_name), shown(match.venue_name())));
+  const score_view view = view_score();
+  score_->setText(
+      QStringLiteral("%1 %2 (%3)").arg(shown(view.label15_0), shown(view.label15_1), shown(view.label15_2)));
+  if (stop_->isEnabled()) {
+    left_->setText(left < 0
+                       ? QString()
+                       : QStringLiteral("%1 %2 left after this one").arg(left).arg(left == 1 ? "match" : "matches"));
+  }
+}
+
+}  // namespace velorin

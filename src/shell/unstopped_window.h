@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <functional>
+
+#include "desktop/form.h"
+
+class QLabel;
+
+namespace velorin {
+
+/// Names the match that runs without stopping, its score as it grows, and the matches left.
+class UnstoppedWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `stop`: the user asks to stop at the next match.
+  explicit UnstoppedWindow(std::function<void()> stop, QWidget* parent = front_window());
+
+  /// Shows the match as it stands. `left`: matches still to come, -1 where there is none but this one.
+  void show_progress(int left);
+
+ private:
+  QLabel* match_;
+  QLabel* score_;
+  QLabel* left_;
+  QPushButton* stop_;
+};
+
+}  // namespace velorin

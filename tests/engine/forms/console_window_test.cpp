@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/forms/console_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+
+#include "desktop/program_end.h"
+#include "desktop/table_view.h"
+#include "engine/driver.h"
+#include "engine/forms/over_chips.h"
+#include "model/random.h"
+#include "model/teams.h"
+#include "support/sample_match.h"
+#include "support/scripted_user.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+/// Answers dialogs as the headless user does, and shows the console.
+class ConsoleUser : public scripted_user {
+ public:
+  ConsoleWindow* window = nullptr;
+
+  using scripted_user::show;
+  void ball_bowled() override {
+    scripted_user::ball_bowled();
+    if (window != nullptr) window->ball_bowled();
+  }
+};
+
+class ConsoleWindowTest : public ::testing::Test {
+ protected:
+  ConsoleWindowTest() : in_use_(user) {
+    preferences::set_pace(Pace::instant);
+    chance.use_seed(12);
+  }
+
+  /// Opens the console of a match with these captains.
+  ConsoleWindow& open(bool computer_bats, bool computer_bowls) {
+    set_up_sample_match(computer_bats, computer_bowls);
+    open_console();
+    window_.reset();
+    window_ = std::make_unique<ConsoleWindow>(form_);
+    user.window = window_.get();
+    window_->show();
+    window_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    return *window_;
+  }
+
+  QString text(const char* label) const { return control<QLabel>(*window_, label)->text(); }
+
+  ConsoleUser user;
+  main_console form_;
+  std::unique_ptr<ConsoleWindow> window_;
+
+ private:
+  front_end_scope in_use_;
+};
+
+TEST_F(ConsoleWindowTest, PassesTheChecksAtTheStart) {
+  ConsoleWindow& window = open(false, false);
+  window.resize(1280, 800);
+  check_window_at_sizes(window);
+  take_picture(window, "console_start");
+  EXPECT_EQ(text("Label15_1"), "0/0");
+  EXPECT_EQ(text("Label15_2"), "0.0 Overs");
+  EXPECT_EQ(text("Label27_0"), "10:30");
+  EXPECT_FALSE(control<QScrollBar>(window, "VScroll1")->isEnabled());
+}
+
+TEST_F(ConsoleWindowTest, PassesTheChecksInBothInnings) {
+  ConsoleWindow& window = open(false, true);
+  window.resize(1280, 800);
+  for (int over = 0; over < 30; ++over) press(window, "Command1");
+  take_picture(window, "console_first_innings");
+  check_window_at_sizes(window);
+  while (match.first_total == 0) press(window, "Command1");
+  take_picture(window, "console_between_innings");
+  for (int over = 0; over < 12; ++over) press(window, "Command1");
+  window.resize(1280, 800);
+  take_picture(window, "console_chase");
+  check_window_at_sizes(window);
+  EXPECT_TRUE(control<QLabel>(window, "target")->isVisible());
+  EXPECT_EQ(text("target"), QStringLiteral("Target %1").arg(match.first_total + 1));
+  window.resize(1920, 1080);
+  take_picture(window, "console_large");
+}
+
+TEST_F(ConsoleWindowTest, AnOverShowsItsBallsAndMovesTheBrowser) {
+  ConsoleWindow& window = open(false, true);
+  press(window, "Command1");
+  const QStringList first = control<OverChips>(window, "over_symbols")->symbols();
+  ASSERT_EQ(first.size(), 6);
+  EXPECT_EQ(match.over_no, 2);
+  press(window, "Command1");
+  auto* browser = control<QScrollBar>(window, "VScroll1");
+  EXPECT_EQ(browser->maximum(), 2);
+  EXPECT_EQ(browser->value(), 2);
+  EXPECT_EQ(text("over_title"), "Over 2");
+  press(window, "over_before");
+  EXPECT_EQ(text("over_title"), "Over 1");
+  EXPECT_EQ(control<OverChips>(window, "over_symbols")->symbols(), first);
+  EXPECT_EQ(text("over_bowler").toStdString(), std::string(std::string_view(match.ball_log[1][7])));
+  EXPECT_EQ(match.browsed_over, 1);
+}
+
+TEST_F(ConsoleWindowTest, AComputersSideHasItsControlsDisabled) {
+  ConsoleWindow& batting = open(false, true);
+  EXPECT_TRUE(control<QPushButton>(batting, "Command4_0")->isEnabled());
+  EXPECT_TRUE(control<QPushButton>(batting, "Command4_1")->isEnabled());
+  for (const char* name : {"Command3", "Command5_0", "Command5_1"}) {
+    EXPECT_FALSE(control<QPushButton>(batting, name)->isEnabled()) << name;
+  }
+  ConsoleWindow& bowling = open(true, false);
+  EXPECT_FALSE(control<QPushButton>(bowling, "Command4_0")->isEnabled());
+  for (const char* name : {"Command3", "Command5_0", "Command5_1"}) {
+    EXPECT_TRUE(control<QPushButton>(bowling, name)->isEnabled()) << name;
+  }
+}
+
+TEST_F(ConsoleWindowTest, ButtonsAskForTheirForms) {
+  ConsoleWindow& window = open(false, false);
+  user.requests.clear();
+  for (const char* name :
+       {"Command4_0", "Command4_1", "Command5_0", "Command5_1", "Command3", "Command2", "Command6", "Command11"}) {
+    press(window, name);
+  }
+  const std::vector<std::string> expected = {"aggr " + match.batting_card[1].name + " ",
+                                             "aggr " + match.batting_card[2].name + " ",
+                                             "aggr " + match.bowling_card[match.bowler].name + " ",
+                                             "aggr " + match.bowling_card[match.next_bowler].name + " ",
+                                             "chgbowler Change Bowler",
+                                             "report 0",
+                                             "report 7",
+                                             "report 6"};
+  EXPECT_EQ(user.requests, expected);
+}
+
+TEST_F(ConsoleWindowTest, KeysBowlAnOver) {
+  ConsoleWindow& window = open(false, true);
+  QTest::keyClick(&window, Qt::Key_Return);
+  EXPECT_EQ(match.over_no, 2);
+  QTest::keyClick(&window, Qt::Key_N);
+  EXPECT_EQ(match.over_no, 3);
+  QTest::keyClick(&window, Qt::Key_N, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([] { return match.over_no == 4; }));
+}
+
+TEST_F(ConsoleWindowTest, WhileAnOverRunsOnlyPaceAndEscapeReact) {
+  ConsoleWindow& window = open(false, true);
+  preferences::set_pace(Pace::ball_by_ball);
+  int pressed = 0;
+  QTimer::singleShot(0, &window, [&] {
+    EXPECT_TRUE(window.playing());
+    QTest::mouseClick(control<QPushButton>(window, "Command1"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(window, "Command2"), Qt::LeftButton);
+    QTest::keyClick(&window, Qt::Key_S);
+    press(window, "Command1");
+    EXPECT_EQ(user.balls_bowled, 1);
+    EXPECT_TRUE(user.requests_of("report").empty());
+    ++pressed;
+    QTest::keyClick(&window, Qt::Key_Escape);
+  });
+  QElapsedTimer clock;
+  clock.start();
+  press(window, "Command1");
+  EXPECT_EQ(pressed, 1);
+  EXPECT_EQ(match.over_no, 2);
+  EXPECT_LT(clock.elapsed(), 3000) << "Escape did not finish the over";
+  EXPECT_FALSE(window.playing());
+}
+
+TEST_F(ConsoleWindowTest, ThePaceCanBeChangedInTheMiddleOfAnOver) {
+  ConsoleWindow& window = open(false, true);
+  preferences::set_pace(Pace::ball_by_ball);
+  QTimer::singleShot(0, &window,
+                     [&] { QTest::mouseClick(control<QPushButton>(window, "pace_instant"), Qt::LeftButton); });
+  QElapsedTimer clock;
+  clock.start();
+  press(window, "Command1");
+  EXPECT_LT(clock.elapsed(), 3000);
+  EXPECT_EQ(match.over_no, 2);
+  EXPECT_EQ(preferences::pace(), Pace::instant);
+}
+
+TEST_F(ConsoleWindowTest, EveryBallIsShownAtAQuickPace) {
+  ConsoleWindow& window = open(false, true);
+  preferences::set_pace(Pace::quick);
+  std::vector<qsizetype> bowled;
+  user.on_ball = [&] {
+    QTimer::singleShot(0, &window, [&] {
+      const QStringList symbols = control<OverChips>(window, "over_symbols")->symbols();
+      bowled.push_back(symbols.size() - symbols.count(QString()));
+      EXPECT_EQ(text("Label15_1"), QStringLiteral("%1/%2").arg(match.score_runs).arg(match.score_wickets));
+    });
+  };
+  press(window, "Command1");
+  ASSERT_GE(bowled.size(), 6U);
+  EXPECT_TRUE(std::is_sorted(bowled.begin(), bowled.end()));
+  EXPECT_EQ(bowled.back(), 6);
+}
+
+TEST_F(ConsoleWindowTest, TheCommentaryHoldsEveryLineWithTheNewestInView) {
+  ConsoleWindow& window = open(false, true);
+  auto* list = control<QListView>(window, "List1");
+  for (int over = 0; over < 8; ++over) press(window, "Command1");
+  const std::vector<std::string> lines = commentary_lines();
+  ASSERT_EQ(list->model()->rowCount(), static_cast<int>(lines.size()));
+  for (int row = 0; row < list->model()->rowCount(); ++row) {
+    EXPECT_EQ(list->model()->index(row, 0).data(Qt::UserRole).toString().toStdString(),
+              lines[static_cast<std::size_t>(row)]);
+  }
+  EXPECT_EQ(list->currentIndex().row(), list->model()->rowCount() - 1);
+  while (match.first_total == 0) press(window, "Command1");
+  EXPECT_EQ(list->model()->rowCount(), 0);
+}
+
+TEST_F(ConsoleWindowTest, TheTableOfBowlersShowsTheirFigures) {
+  ConsoleWindow& window = open(false, true);
+  for (int over = 0; over < 9; ++over) press(window, "Command1");
+  const Table& table = control<TableView>(window, "bowlers")->table();
+  ASSERT_GE(table.rows.size(), 2U);
+  for (std::size_t i = 0; i < table.rows.size(); ++i) {
+    const bowling_card_rec& card = match.bowling_card[match.bowler_list[i + 1].position];
+    EXPECT_EQ(table.rows[i].cells[1].text, QStringLiteral("%1.%2").arg(card.balls / 6).arg(card.balls % 6));
+    EXPECT_EQ(table.rows[i].cells[3].text, QString::number(card.runs));
+    EXPECT_EQ(table.rows[i].cells[4].text, QString::number(card.wickets));
+  }
+}
+
+TEST_F(ConsoleWindowTest, TheLastBallClosesTheConsole) {
+  ConsoleWindow& window = open(false, true);
+  for (int over = 0; over < 120 && window.isVisible(); ++over) press(window, "Command1");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_TRUE(form_.closed());
+}
+
+TEST_F(ConsoleWindowTest, TheCloseBoxAsksFirst) {
+  ConsoleWindow& window = open(false, true);
+  Robot robot;
+  robot.next("quit_question", [](QWidget& question) {
+    auto* dialog = qobject_cast<QDialog*>(&question);
+    dialog->reject();
+  });
+  window.close();
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(program_is_ending());
+  EXPECT_EQ(robot.left(), 0);
+}
+
+TEST_F(ConsoleWindowTest, QuitEndsTheProgram) {
+  ConsoleWindow& window = open(false, true);
+  press(window, "Command12");
+  EXPECT_TRUE(program_is_ending());
+  begin_again();
+}
+
+}  // namespace
+}  // namespace velorin::testing
