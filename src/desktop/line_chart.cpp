@@ -104,6 +104,8 @@ LineChartView::LineChartView(const QString& name, QWidget* parent) : QWidget(par
   rows->addWidget(view_);
   view_->setRenderHint(QPainter::Antialiasing);
   view_->setFocusPolicy(Qt::TabFocus);
+  view_->viewport()->setFocusPolicy(Qt::NoFocus);
+  setFocusProxy(view_);
   view_->setFrameShape(QFrame::NoFrame);
   view_->setMinimumSize(400, 240);
 }

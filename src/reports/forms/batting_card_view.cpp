@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/forms/batting_card_view.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QShortcut>
+
+#include "desktop/controls.h"
+#include "desktop/form.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+#include "reports/forms/report_parts.h"
+#include "reports/scorecard.h"
+
+namespace velorin {
+
+namespace {
+
+enum Column { name, fielder, bowler, runs, balls, columns };
+
+constexpr int row_height = 28;
+constexpr int side_space = 10;
+
+QString numbered(const char* control, int place) {
+  return QStringLiteral("%1_%2").arg(QLatin1String(control)).arg(place);
+}
+
+/// A right-aligned figure.
+QLabel* new_figure(const QString& control, const QString& text, TextRole role) {
+  QLabel* label = new_named_label(control, text, role);
+  label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  return label;
+}
+
+/// A whole row, read out: the man, how he got out, what he made.
+QString spoken_row(const batting_screen& card, std::size_t i) {
+  QStringList parts;
+  const QString balls_faced = shown(card.label3[i]).remove(QLatin1Char('(')).remove(QLatin1Char(')'));
+  parts << shown_caption(card.command4[i].caption);
+  for (const std::string& part : {card.label8[i], card.label9[i]}) {
+    const QString words = shown_caption(part).trimmed();
+    if (!words.isEmpty()) parts << words;
+  }
+  parts << QStringLiteral("%1 runs").arg(shown(card.label2[i])) << QStringLiteral("%1 balls").arg(balls_faced)
+        << QStringLiteral("details");
+  return parts.join(QStringLiteral(", "));
+}
+
+TableCell cell(const std::string& text) {
+  return {.text = shown_caption(text), .look = CellLook::normal, .kept = shown(text)};
+}
+
+}  // namespace
+
+Table batting_table(const batting_screen& card) {
+  Table table{.name = shown(card.label10), .columns = {}, .rows = {}};
+  for (const char* heading : {"Batsman", "Fielder", "Bowler"}) {
+    table.columns.push_back({.heading = QString::fromLatin1(heading)});
+  }
+  for (const char* heading : {"Runs", "Balls"}) {
+    table.columns.push_back({.heading = QString::fromLatin1(heading), .numbers = true});
+  }
+  for (std::size_t i = 1; i <= 11; ++i) {
+    if (!card.command4[i].visible) continue;
+    table.rows.push_back({{cell(card.label1[i]), cell(card.label8[i]), cell(card.label9[i]), cell(card.label2[i]),
+                           cell(card.label3[i])}});
+  }
+  table.rows.push_back({{cell(card.label14), {}, {}, cell(card.label13), {}}});
+  table.rows.push_back({{cell(card.label5), {}, {}, cell(card.label4), {}}});
+  return table;
+}
+
+BattingCardView::BattingCardView(const batting_screen& card, std::function<void(int)> details, QWidget* parent)
+    : QFrame(parent), details_(std::move(details)), table_(batting_table(card)), grid_(new QGridLayout(this)) {
+  setProperty("card", true);
+  setObjectName(QStringLiteral("card"));
+  setAccessibleName(QStringLiteral("Batting card, %1").arg(shown(card.label10)));
+  grid_->setContentsMargins(16, 8, 16, 8);
+  grid_->setHorizontalSpacing(12);
+  grid_->setVerticalSpacing(0);
+  grid_->setColumnStretch(name, 3);
+  grid_->setColumnStretch(fielder, 3);
+  grid_->setColumnStretch(bowler, 4);
+  grid_->setColumnMinimumWidth(runs, 72);
+  grid_->setColumnMinimumWidth(balls, 72);
+  add_headings();
+  for (int place = 1; place <= 11; ++place) add_man(card, place);
+  add_totals(card);
+
+  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { copy(); });
+  connect(new QShortcut(Qt::CTRL | Qt::Key_E, this), &QShortcut::activated, this,
+          [this] { guarded([this] { save_table(table_, window()); }); });
+}
+
+void BattingCardView::add_headings() {
+  auto* batsman = new_label(QStringLiteral("Batsman"), TextRole::small_muted);
+  batsman->setContentsMargins(side_space, 0, 0, 0);
+  grid_->addWidget(batsman, 0, name);
+  grid_->addWidget(new_label(QStringLiteral("Dismissal"), TextRole::small_muted), 0, fielder);
+  grid_->addWidget(new_figure({}, QStringLiteral("Runs"), TextRole::small_muted), 0, runs);
+  auto* faced = new_figure({}, QStringLiteral("Balls"), TextRole::small_muted);
+  faced->setContentsMargins(0, 0, side_space, 0);
+  grid_->addWidget(faced, 0, balls);
+  grid_->setRowMinimumHeight(0, 22);
+}
+
+void BattingCardView::add_man(const batting_screen& card, int place) {
+  const auto i = static_cast<std::size_t>(place);
+  if (place % 2 == 1) {
+    auto* band = new QFrame;
+    band->setProperty("band", true);
+    grid_->addWidget(band, place, 0, 1, columns);
+  }
+  const QString man = shown_caption(card.command4[i].caption);
+  auto* button = new_report_button(numbered("Command4", place),
+                                   {.caption = man,
+                                    .key = QKeySequence(Qt::Key_F1 + place - 1),
+                                    .hint = QStringLiteral("Details of %1").arg(man),
+                                    .spoken = spoken_row(card, i)},
+                                   [this, place] { details_(place); });
+  button->setProperty("link", true);
+  button->setVisible(card.command4[i].visible);
+  grid_->addWidget(button, place, name, Qt::AlignLeft | Qt::AlignVCenter);
+  grid_->addWidget(new_named_label(numbered("Label8", place), shown_caption(card.label8[i])), place, fielder);
+  grid_->addWidget(new_named_label(numbered("Label9", place), shown_caption(card.label9[i])), place, bowler);
+  grid_->addWidget(new_figure(numbered("Label2", place), shown(card.label2[i]), TextRole::strong), place, runs);
+  auto* faced = new_figure(numbered("Label3", place), shown(card.label3[i]), TextRole::muted);
+  faced->setContentsMargins(0, 0, side_space, 0);
+  grid_->addWidget(faced, place, balls);
+  grid_->setRowMinimumHeight(place, row_height);
+  grid_->setRowStretch(place, 1);
+}
+
+void BattingCardView::add_rule(int row) {
+  auto* rule = new QFrame;
+  rule->setProperty("rule", true);
+  rule->setFixedHeight(1);
+  grid_->addWidget(rule, row, 0, 1, columns);
+}
+
+void BattingCardView::add_totals(const batting_screen& card) {
+  auto* extras = new_named_label(QStringLiteral("Label14"), shown(card.label14));
+  extras->setContentsMargins(side_space, 0, 0, 0);
+  grid_->addWidget(extras, 12, name, 1, 3);
+  grid_->addWidget(new_figure(QStringLiteral("Label13"), shown(card.label13), TextRole::strong), 12, runs);
+  grid_->setRowMinimumHeight(12, row_height);
+  add_rule(13);
+
+  auto* rate = new QHBoxLayout;
+  rate->setContentsMargins(side_space, 0, 0, 0);
+  rate->setSpacing(8);
+  auto* rate_caption = new_named_label(QStringLiteral("rate_caption"), QStringLiteral("Run rate"), TextRole::muted);
+  rate_caption->setVisible(!card.label7.empty());
+  rate->addWidget(rate_caption);
+  rate->addWidget(new_named_label(QStringLiteral("Label7"), shown(card.label7), TextRole::heading));
+  rate->addStretch(1);
+  grid_->addLayout(rate, 14, name);
+  grid_->addWidget(new_figure(QStringLiteral("Label5"), shown(card.label5), TextRole::heading), 14, fielder, 1, 2);
+  grid_->addWidget(new_figure(QStringLiteral("Label4"), shown(card.label4), TextRole::score), 14, runs);
+}
+
+void BattingCardView::copy() const { QGuiApplication::clipboard()->setText(table_text(table_)); }
+
+void BattingCardView::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu(this);
+  const QAction* copied = menu.addAction(QStringLiteral("&Copy\tCtrl+C"));
+  const QAction* saved = menu.addAction(QStringLiteral("Save as CS&V ...\tCtrl+E"));
+  const QAction* chosen = menu.exec(event->globalPos());
+  if (chosen == nullptr) return;
+  if (chosen == copied) copy();
+  if (chosen == saved) guarded([this] { save_table(table_, window()); });
+}
+
+}  // namespace velorin

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/forms/export_choice.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include "desktop/message_window.h"
+#include "desktop/preferences.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "model/teams.h"
+
+namespace velorin {
+
+namespace {
+
+/// The two sides, the one that batted first in front, as a file may be called.
+QString match_name(const scorecard& card) {
+  const bool second_innings = card.command3_enabled;
+  const QString first = shown(second_innings ? match.team2_name : match.team1_name).trimmed();
+  const QString second = shown(second_innings ? match.team1_name : match.team2_name).trimmed();
+  static const QRegularExpression unfit(QStringLiteral("[\\x00-\\x1f/\\\\:*?\"<>|]"));
+  return QStringLiteral("%1 v %2").arg(first, second).replace(unfit, QStringLiteral("-"));
+}
+
+std::string_view caption_of(export_kind kind) {
+  switch (kind) {
+    case export_kind::html:
+      return scorecard::command7_caption;
+    case export_kind::text:
+      return scorecard::command8_caption;
+    case export_kind::ball_by_ball:
+      return scorecard::command9_caption;
+  }
+  return {};
+}
+
+}  // namespace
+
+QString ask_for_file(const FileWish& wish, QWidget* window) {
+  QFileDialog dialog(window, wish.title, wish.folder, wish.filter);
+  dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setDefaultSuffix(wish.ending);
+  dialog.selectFile(wish.name);
+  run_modal(dialog);
+  if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  return dialog.selectedFiles().constFirst();
+}
+
+FileWish export_wish(const scorecard& card, export_kind kind) {
+  FileWish wish;
+  wish.title = shown(caption_of(kind));
+  wish.folder = preferences::last_folder();
+  wish.name = match_name(card);
+  wish.ending = kind == export_kind::html ? QStringLiteral("html") : QStringLiteral("txt");
+  if (kind == export_kind::ball_by_ball) wish.name += QStringLiteral(", ball by ball");
+  wish.name += QLatin1Char('.') + wish.ending;
+  wish.filter = kind == export_kind::html ? QStringLiteral("HTML pages (*.html *.htm);;All files (*)")
+                                          : QStringLiteral("Text files (*.txt);;All files (*)");
+  return wish;
+}
+
+void export_match(const scorecard& card, export_kind kind, const FileChooser& ask, QWidget* window) {
+  const FileWish wish = export_wish(card, kind);
+  const QString path = ask(wish, window);
+  if (path.isEmpty()) return;
+  const QFileInfo file(path);
+  preferences::set_last_folder(file.absolutePath());
+  if (save_export(card, kind, file.filesystemFilePath())) return;
+  MessageWindow box({core_text(wish.title), core_text(path + QStringLiteral(" could not be written."))},
+                    MessageWindow::Kind::failure, window);
+  run_modal(box);
+}
+
+}  // namespace velorin

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "reports/export.h"
+
+class QWidget;
+
+namespace velorin {
+
+/// What a file is asked for.
+struct FileWish {
+  QString title;
+  QString folder;  ///< "" for the one that the system proposes
+  QString name;    ///< proposed, with its ending
+  QString filter;
+  QString ending;  ///< given to a name without one
+};
+
+/// Asks for the file to write; an empty answer cancels.
+using FileChooser = std::function<QString(const FileWish& wish, QWidget* window)>;
+
+/// The common save dialog.
+QString ask_for_file(const FileWish& wish, QWidget* window);
+
+/// What is asked for when the match is to be written. Reads match.
+FileWish export_wish(const scorecard& card, export_kind kind);
+
+/// Asks for a file and writes the match there; the folder is remembered. A cancelled question writes nothing; a file
+/// that could not be written is a message, and what stood there stays.
+void export_match(const scorecard& card, export_kind kind, const FileChooser& ask, QWidget* window);
+
+}  // namespace velorin

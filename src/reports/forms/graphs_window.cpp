@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/forms/graphs_window.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include "desktop/controls.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+#include "reports/forms/over_bars_view.h"
+#include "reports/graphs.h"
+
+namespace velorin {
+
+namespace {
+
+Table overs_table(const graphs& form, int half) {
+  Table table{.name = shown(form.label6[static_cast<std::size_t>(half)]), .columns = {}, .rows = {}};
+  table.columns = {{.heading = QStringLiteral("Over"), .numbers = true},
+                   {.heading = QStringLiteral("Runs"), .numbers = true},
+                   {.heading = QStringLiteral("Wickets")}};
+  for (int over = 1; over <= form.overs[static_cast<std::size_t>(half)]; ++over) {
+    const OverFigures figures = over_figures(form, half, over);
+    table.rows.push_back({{{QString::number(over)},
+                           {QString::number(figures.runs)},
+                           {figures.wicket ? QStringLiteral("W") : QString()}}});
+  }
+  return table;
+}
+
+QWidget* new_tables(const graphs& form) {
+  auto* page = new QWidget;
+  auto* row = new QHBoxLayout(page);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(16);
+  for (const int half : {0, 1}) {
+    auto* side = new QVBoxLayout;
+    const Table table = overs_table(form, half);
+    side->addWidget(new_label(table.name, TextRole::heading));
+    auto* view = new TableView(QStringLiteral("overs_%1").arg(half));
+    view->set_table(table);
+    side->addWidget(view, 1);
+    row->addLayout(side, 1);
+    if (half == 0) page->setFocusProxy(view);
+  }
+  return page;
+}
+
+}  // namespace
+
+GraphsWindow::GraphsWindow(const graphs& form, QWidget* parent) : ChartForm(QStringLiteral("graphs"), parent) {
+  const QString title = QStringLiteral("Runs Per Over Graph");
+  set_title(title, title);
+  set_pages(new OverBarsView(form), new_tables(form));
+}
+
+}  // namespace velorin

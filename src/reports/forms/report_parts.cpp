@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/forms/report_parts.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/form.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+#include "reports/bowling_figures.h"
+#include "reports/partnerships.h"
+
+namespace velorin {
+
+namespace {
+
+/// A name in a cell; files keep a doubled ampersand.
+TableCell name_cell(const std::string& text) {
+  return {.text = shown_caption(text), .look = CellLook::normal, .kept = shown(text)};
+}
+
+}  // namespace
+
+QPushButton* new_report_button(const QString& name, const Act& act, std::function<void()> pressed) {
+  auto* button = new QPushButton;
+  button->setObjectName(name);
+  button->setAutoDefault(false);
+  name_act(*button, act);
+  QObject::connect(button, &QPushButton::clicked, button, [pressed = std::move(pressed)] { guarded(pressed); });
+  return button;
+}
+
+void add_ok(Form& form) {
+  form.add_default_button(QStringLiteral("Command1"),
+                          {.caption = QStringLiteral("OK"), .mnemonic = u'O', .hint = QStringLiteral("Close")},
+                          [&form] { form.accept(); });
+}
+
+void name_head(Form& form, const QString& heading, const QString& subheading) {
+  form.name_heading(heading);
+  auto* quiet = form.findChild<QLabel*>(QStringLiteral("subheading"));
+  quiet->setProperty("role", QStringLiteral("subheading"));
+  quiet->setObjectName(subheading);
+}
+
+Table bowling_table(const bowling_screen& screen) {
+  Table table{.name = shown(bowling_screen::title), .columns = {}, .rows = {}, .sortable = true};
+  table.columns.push_back({.heading = {}, .spoken = QStringLiteral("Bowler")});
+  for (const std::string_view heading : bowling_screen::headings) {
+    table.columns.push_back({.heading = shown(heading), .numbers = true});
+  }
+  for (std::size_t i = 1; i <= 11; ++i) {
+    table.rows.push_back({{name_cell(screen.label1[i]),
+                           {shown(screen.label2[i])},
+                           {shown(screen.label3[i])},
+                           {shown(screen.label4[i])},
+                           {shown(screen.label5[i])},
+                           {shown(screen.label11[i])}}});
+  }
+  return table;
+}
+
+Table stands_table(const partnership_screen& screen, const QString& name) {
+  Table table{.name = name, .columns = {}, .rows = {}};
+  for (const std::string_view heading : partnership_screen::headings) {
+    table.columns.push_back({.heading = shown(heading), .numbers = !table.columns.empty()});
+  }
+  for (const partnership_row& row : screen.rows) {
+    if (!row.visible) continue;
+    table.rows.push_back({{name_cell(row.batsmen),
+                           {shown(row.partnership)},
+                           {shown(row.score)},
+                           {shown(row.overs)},
+                           {shown(row.wicket)}}});
+  }
+  return table;
+}
+
+void lay_out_table(Form& form, const QString& title, const QString& table_name, const Table& table) {
+  form.set_title(title, title);
+  auto* view = new TableView(table_name);
+  view->set_table(table);
+  view->setMinimumSize(640, 380);  // eleven rows
+  form.body()->addWidget(view);
+  add_ok(form);
+  view->setFocus();
+}
+
+}  // namespace velorin

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "desktop/table.h"
+
+class QPushButton;
+class QWidget;
+
+// What the windows of the reports have in common.
+
+namespace velorin {
+
+struct Act;
+class Form;
+struct bowling_screen;
+struct partnership_screen;
+
+/// A button for the body of a form.
+QPushButton* new_report_button(const QString& name, const Act& act, std::function<void()> pressed);
+
+/// The OK button of a reading form: closes it.
+void add_ok(Form& form);
+
+/// Gives the two lines at the head of a form the names of controls.
+void name_head(Form& form, const QString& heading, const QString& subheading);
+
+/// The screens as tables.
+Table bowling_table(const bowling_screen& screen);
+Table stands_table(const partnership_screen& screen, const QString& name);
+
+/// Fills a reading form that is one table and OK.
+void lay_out_table(Form& form, const QString& title, const QString& table_name, const Table& table);
+
+}  // namespace velorin

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/forms/scorecard_window.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "console/captain_forms.h"
+#include "desktop/shown_text.h"
+#include "reports/forms/batting_card_view.h"
+#include "reports/forms/report_parts.h"
+#include "reports/scorecard.h"
+#include "ui/front_end.h"
+
+namespace velorin {
+
+namespace {
+
+struct Report {
+  const char* control;
+  std::string_view caption;
+  char16_t mnemonic;
+  void (scorecard::*open)() const;
+};
+
+constexpr Report reports[] = {
+    {"Command3", scorecard::command3_caption, u'I', &scorecard::command3_click},
+    {"Command2", scorecard::command2_caption, u'F', &scorecard::command2_click},
+    {"Command5", scorecard::command5_caption, u'P', &scorecard::command5_click},
+    {"Command6", scorecard::command6_caption, u'R', &scorecard::command6_click},
+    {"Command10", scorecard::command10_caption, u'S', &scorecard::command10_click},
+};
+
+struct Export {
+  const char* control;
+  std::string_view caption;
+  char16_t mnemonic;
+  const char* hint;
+  export_kind kind;
+};
+
+constexpr Export exports[] = {
+    {"Command7", scorecard::command7_caption, u'H', "Save the match as a page", export_kind::html},
+    {"Command8", scorecard::command8_caption, u'T', "Save the match as plain text", export_kind::text},
+    {"Command9", scorecard::command9_caption, u'B', "Save the match ball by ball", export_kind::ball_by_ball},
+};
+
+}  // namespace
+
+ScorecardWindow::ScorecardWindow(const scorecard& form, QWidget* parent)
+    : Form(QStringLiteral("scorecard"), Dismissal::closes, parent), form_(form), chooser_(ask_for_file) {
+  set_title(QStringLiteral("Scorecard"), shown(form_.label10));
+  set_subheading(shown(form_.label12));
+  name_head(*this, QStringLiteral("Label10"), QStringLiteral("Label12"));
+  body()->setContentsMargins(24, 12, 24, 12);
+  body()->addWidget(new BattingCardView(form_,
+                                        [this](int place) {
+                                          batsmandetails details;
+                                          details.figures = form_.details(place);
+                                          details.title = details.figures.title;
+                                          user().show(details);
+                                        }),
+                    1);
+  add_reports();
+  add_exports();
+  add_ok(*this);
+  findChild<QPushButton*>(QStringLiteral("Command1"))->setFocus();
+}
+
+void ScorecardWindow::add_reports() {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  for (const Report& report : reports) {
+    auto* button = new_report_button(QString::fromLatin1(report.control),
+                                     {.caption = shown(report.caption), .mnemonic = report.mnemonic},
+                                     [this, open = report.open] { (form_.*open)(); });
+    row->addWidget(button, 1);
+  }
+  body()->addLayout(row);
+  findChild<QPushButton*>(QStringLiteral("Command3"))->setEnabled(form_.command3_enabled);
+}
+
+void ScorecardWindow::add_exports() {
+  for (const Export& file : exports) {
+    add_aside(new_report_button(
+        QString::fromLatin1(file.control),
+        {.caption = shown(file.caption), .mnemonic = file.mnemonic, .hint = QString::fromLatin1(file.hint)},
+        [this, kind = file.kind] { export_match(form_, kind, chooser_, this); }));
+  }
+}
+
+}  // namespace velorin

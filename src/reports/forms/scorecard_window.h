@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/form.h"
+#include "reports/forms/export_choice.h"
+
+class QHBoxLayout;
+
+namespace velorin {
+
+struct scorecard;
+
+/// The batting card of the innings in play, with the way to the other reports and to the three files.
+class ScorecardWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` has been opened and outlives the window.
+  explicit ScorecardWindow(const scorecard& form, QWidget* parent = front_window());
+
+  /// How a file is asked for, in place of the common dialog.
+  void choose_files_with(FileChooser chooser) { chooser_ = std::move(chooser); }
+
+ private:
+  void add_reports();
+  void add_exports();
+
+  const scorecard& form_;
+  FileChooser chooser_;
+};
+
+}  // namespace velorin

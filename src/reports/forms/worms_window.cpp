@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/forms/worms_window.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "desktop/controls.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+#include "reports/worms.h"
+
+namespace velorin {
+
+namespace {
+
+QString line_words(const QString& side, const std::string& score, const std::vector<worm_point>& points) {
+  QStringList scores;
+  for (const worm_point& point : points) {
+    scores << QStringLiteral("over %1: %2").arg(point.row - 1).arg(point.value);
+  }
+  if (scores.isEmpty()) scores << QStringLiteral("no score");
+  return QStringLiteral("%1 %2. %3.").arg(side, shown(score), scores.join(QStringLiteral("; ")));
+}
+
+Table worm_table(const worms& form) {
+  Table table{.name = QStringLiteral("Score Comparison"), .columns = {}, .rows = {}};
+  table.columns = {{.heading = QStringLiteral("Overs"), .numbers = true},
+                   {.heading = shown(form.label9), .numbers = true},
+                   {.heading = shown(form.label10), .numbers = true}};
+  for (int row = 1; row <= 51; ++row) {
+    TableRow line{{{QString::number(row - 1)}, {}, {}}};
+    bool any = false;
+    for (const std::size_t side : {0U, 1U}) {
+      for (const worm_point& point : form.series[side]) {
+        if (point.row != row) continue;
+        line.cells[side + 1].text = QString::number(point.value);
+        any = true;
+      }
+    }
+    if (any) table.rows.push_back(line);
+  }
+  return table;
+}
+
+/// A side's name and score beside a piece of its line.
+QWidget* new_side(int place, const QString& name_control, const std::string& name, const QString& score_control,
+                  const std::string& score) {
+  auto* card = new_card();
+  auto* row = new QHBoxLayout;
+  row->setSpacing(12);
+  row->addWidget(new_line_swatch(place));
+  row->addWidget(new_named_label(name_control, shown(name), TextRole::heading));
+  row->addStretch(1);
+  row->addWidget(new_named_label(score_control, shown(score), TextRole::title));
+  card_rows(card)->addLayout(row);
+  return card;
+}
+
+}  // namespace
+
+LineChart worm_chart(const worms& form) {
+  LineChart chart;
+  chart.name = QStringLiteral("Score Comparison");
+  chart.across = QStringLiteral("Overs");
+  chart.up = QStringLiteral("Runs");
+  chart.legend = false;
+  for (const auto& [name, side] : {std::pair(&form.label9, 0U), std::pair(&form.label10, 1U)}) {
+    ChartLine line{.name = shown(*name), .points = {}};
+    for (const worm_point& point : form.series[side]) line.points.emplace_back(point.row - 1, point.value);
+    chart.lines.push_back(line);
+  }
+  chart.described = line_words(shown(form.label9), form.label3, form.series[0]) + QLatin1Char(' ') +
+                    line_words(shown(form.label10), form.label4, form.series[1]);
+  return chart;
+}
+
+WormsWindow::WormsWindow(const worms& form, QWidget* parent) : ChartForm(QStringLiteral("worms"), parent) {
+  const QString title = QStringLiteral("Score Comparison Graph");
+  set_title(title, title);
+  auto* sides = new QHBoxLayout;
+  sides->setSpacing(16);
+  sides->addWidget(new_side(0, QStringLiteral("Label9"), form.label9, QStringLiteral("Label3"), form.label3), 1);
+  sides->addWidget(new_side(1, QStringLiteral("Label10"), form.label10, QStringLiteral("Label4"), form.label4), 1);
+  body()->addLayout(sides);
+  auto* chart = new LineChartView(QStringLiteral("worm"));
+  chart->set_chart(worm_chart(form));
+  auto* table = new TableView(QStringLiteral("scores"));
+  table->set_table(worm_table(form));
+  set_pages(chart, table);
+}
+
+}  // namespace velorin
