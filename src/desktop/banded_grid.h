@@ -10,8 +10,8 @@ class QLabel;
 
 namespace velorin {
 
-/// A bordered panel of rows of controls in columns: headings in row 0, then rows from 1. Every second visible row stands
-/// on a band, so that the eye keeps to its row. A row whose widgets are all hidden takes no room.
+/// A bordered panel of rows of controls in columns: headings in row 0, then rows from 1. Every second visible row
+/// stands on a band, so that the eye keeps to its row. A row whose widgets are all hidden takes no room.
 class BandedGrid : public QFrame {
   Q_OBJECT
 

@@ -46,7 +46,7 @@ struct Condition {
   char16_t mnemonic;
   const char* slider;
   const char* label;
-  int wecond::* value;
+  int wecond::*value;
   std::string (wecond::*words)() const;
 };
 
@@ -62,6 +62,7 @@ constexpr Condition conditions[] = {
 WecondWindow::WecondWindow(wecond& form, QWidget* parent)
     : Form(QStringLiteral("wecond"), Dismissal::refused, parent), form_(form) {
   set_title(shown(form.label8()), shown(form.label8()));
+  name_heading(QStringLiteral("Label8"));
   body()->addWidget(new Sky(form_), 1);
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(24);
@@ -71,8 +72,7 @@ WecondWindow::WecondWindow(wecond& form, QWidget* parent)
   for (const Condition& condition : conditions) {
     auto* slider = new LevelSlider(QString::fromLatin1(condition.slider), 1, 4);
     slider->setValue(form_.*condition.value);
-    connect(slider, &QSlider::valueChanged, this,
-            [this, value = condition.value](int level) { form_.*value = level; });
+    connect(slider, &QSlider::valueChanged, this, [this, value = condition.value](int level) { form_.*value = level; });
     grid->addWidget(new_caption(QString::fromLatin1(condition.caption), condition.mnemonic, slider), row, 0);
     grid->addWidget(slider, row, 1);
     auto* words = new_named_label(QString::fromLatin1(condition.label), shown((form_.*condition.words)()));

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/forms/teamfrm_window.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "desktop/controls.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "desktop/stop_switch.h"
+#include "setup/teamfrm.h"
+
+namespace velorin {
+
+namespace {
+
+/// "CPU" and "Human", one of which is chosen.
+QHBoxLayout* new_captains(const char* name, const QString& team, bool& cpu, QWidget* parent) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  auto* group = new QButtonGroup(parent);
+  const auto add = [&](int index, const char* caption) {
+    auto* option = new QRadioButton(QString::fromLatin1(caption));
+    option->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(index));
+    option->setAccessibleName(QStringLiteral("%1: %2").arg(team, QString::fromLatin1(caption)));
+    group->addButton(option);
+    row->addWidget(option);
+    return option;
+  };
+  QRadioButton* computer = add(0, "CPU");
+  QRadioButton* human = add(1, "Human");
+  (cpu ? computer : human)->setChecked(true);
+  QObject::connect(computer, &QRadioButton::toggled, parent, [&cpu](bool on) { cpu = on; });
+  row->addStretch(1);
+  return row;
+}
+
+}  // namespace
+
+TeamfrmWindow::TeamfrmWindow(teamfrm& form, QWidget* parent)
+    : Form(QStringLiteral("teamfrm"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox) {
+  set_title(QStringLiteral("New Match"), QStringLiteral("New Match"));
+  auto* teams = new QHBoxLayout;
+  teams->setSpacing(16);
+  const auto add_team = [&](const char* caption, char16_t mnemonic, QComboBox* list, const char* options, bool& cpu) {
+    QFrame* card = new_card();
+    QLabel* heading = new_caption(QString::fromLatin1(caption), mnemonic, list);
+    card_rows(card)->addWidget(heading);
+    card_rows(card)->addWidget(list);
+    card_rows(card)->addLayout(new_captains(options, spoken_name(QString::fromLatin1(caption)), cpu, card));
+    teams->addWidget(card, 1);
+  };
+  add_team(" First Team ", u'F', new_team_list("Combo1", form.combo1_index, &teamfrm::choose_first_team), "Option1",
+           form.option1_cpu);
+  teams->addWidget(new_label(QStringLiteral("vs"), TextRole::heading));
+  add_team(" Second Team ", u'S', new_team_list("Combo2", form.combo2_index, &teamfrm::choose_second_team), "Option3",
+           form.option3_cpu);
+  body()->addLayout(teams);
+
+  grounds_->setObjectName(QStringLiteral("Combo3"));
+  grounds_->setMinimumWidth(320);
+  auto* place = new QHBoxLayout;
+  place->setSpacing(16);
+  place->addStretch(1);
+  place->addWidget(new_caption(QStringLiteral("at"), u't', grounds_));
+  grounds_->setAccessibleName(QStringLiteral("Ground"));
+  place->addWidget(grounds_);
+  place->addStretch(1);
+  body()->addSpacing(8);
+  body()->addLayout(place);
+  body()->addStretch(1);
+  show_grounds();
+  connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.combo3_index = index; });
+
+  add_aside(new_stop_switch());
+  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+                     [this] { play(); });
+  add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
+  on_dismiss([this] {
+    form_.command2_click();
+    done(Rejected);
+  });
+}
+
+QComboBox* TeamfrmWindow::new_team_list(const char* name, int chosen, void (teamfrm::*choose)(int)) {
+  auto* list = new QComboBox;
+  list->setObjectName(QString::fromLatin1(name));
+  list->setMinimumWidth(240);
+  list->setMaxVisibleItems(20);
+  for (const team_entry& team : form_.combo1) list->addItem(shown(team.name), team.record);
+  list->setCurrentIndex(chosen);
+  connect(list, &QComboBox::currentIndexChanged, this, [this, choose](int index) {
+    guarded([&] {
+      (form_.*choose)(index);
+      show_grounds();
+    });
+  });
+  return list;
+}
+
+void TeamfrmWindow::show_grounds() {
+  const QSignalBlocker quiet(grounds_);
+  grounds_->clear();
+  for (const std::string& ground : form_.combo3) grounds_->addItem(shown(ground));
+  grounds_->setCurrentIndex(form_.combo3_index);
+}
+
+void TeamfrmWindow::play() {
+  hide();
+  form_.command1_click();
+  accept();
+}
+
+}  // namespace velorin

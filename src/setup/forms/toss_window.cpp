@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/forms/toss_window.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include "desktop/controls.h"
+#include "desktop/shown_text.h"
+#include "desktop/theme.h"
+#include "setup/toss.h"
+
+namespace velorin {
+
+namespace {
+
+/// The coin in the air.
+class Coin : public QWidget {
+ public:
+  QSize sizeHint() const override { return {480, 104}; }
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    const Theme& t = theme();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPointF middle = QRectF(rect()).center();
+    painter.setPen(QPen(t.line, 3));
+    painter.setBrush(t.willow);
+    painter.drawEllipse(middle, 44, 44);
+    painter.setPen(QPen(t.card, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(middle, 36, 36);
+    // Three stumps and their bails.
+    painter.setPen(QPen(t.card, 4, Qt::SolidLine, Qt::RoundCap));
+    for (const double x : {-11.0, 0.0, 11.0}) {
+      painter.drawLine(middle + QPointF(x, -14), middle + QPointF(x, 20));
+    }
+    painter.drawLine(middle + QPointF(-11, -20), middle + QPointF(11, -20));
+  }
+};
+
+}  // namespace
+
+TossWindow::TossWindow(toss& form, QWidget* parent)
+    : Form(QStringLiteral("toss"), Dismissal::refused, parent), form_(form) {
+  name_heading(QStringLiteral("Label1"));
+  QFrame* card = new_card();
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(24);
+  grid->setVerticalSpacing(8);
+  grid->setColumnStretch(1, 1);
+  deciding_ = new_named_label(QStringLiteral("Label2"), {}, TextRole::heading);
+  other_ = new_named_label(QStringLiteral("Label3"), {}, TextRole::heading);
+  grid->addWidget(new_label(QStringLiteral("To bat or to bowl"), TextRole::muted), 0, 0);
+  grid->addWidget(deciding_, 0, 1);
+  grid->addWidget(new_label(QStringLiteral("The other side"), TextRole::muted), 1, 0);
+  grid->addWidget(other_, 1, 1);
+  card_rows(card)->addLayout(grid);
+  stages_ = new QStackedWidget;
+  stages_->addWidget(new Coin);
+  stages_->addWidget(card);
+  body()->addWidget(stages_, 1);
+  heads_ = add_choice("Command1_0", "Heads", u'H', [this] { form_.command1_click(0); });
+  tails_ = add_choice("Command1_1", "Tails", u'T', [this] { form_.command1_click(1); });
+  bat_ = add_choice("Command2", "Bat", u'B', [this] { form_.command2_click(); });
+  bowl_ = add_choice("Command3", "Bowl", u'w', [this] { form_.command3_click(); });
+  show_stage();
+}
+
+QPushButton* TossWindow::add_choice(const char* name, const char* caption, char16_t mnemonic,
+                                    std::function<void()> chosen) {
+  const Act act{.caption = QString::fromLatin1(caption), .mnemonic = mnemonic};
+  QPushButton* button = add_button(QString::fromLatin1(name), act, [this, chosen = std::move(chosen)] {
+    chosen();
+    show_stage();
+  });
+  // Return presses the one of two that has the keyboard.
+  button->setAutoDefault(true);
+  return button;
+}
+
+void TossWindow::show_stage() {
+  if (form_.closed) {
+    accept();
+    return;
+  }
+  set_title(QStringLiteral("The toss"), shown(form_.label1));
+  deciding_->setText(shown(form_.label2));
+  other_->setText(shown(form_.label3));
+  const bool coin = form_.coin_visible;
+  stages_->setCurrentIndex(coin ? 0 : 1);
+  bat_->setEnabled(form_.command2_enabled);
+  bowl_->setEnabled(form_.command3_enabled);
+  for (QPushButton* button : {heads_, tails_}) button->setVisible(coin);
+  for (QPushButton* button : {bat_, bowl_}) button->setVisible(!coin);
+  QPushButton* first = coin ? heads_ : form_.command2_enabled ? bat_ : bowl_;
+  first->setFocus();
+  first->setDefault(true);
+  // A longer headline is shown whole at once.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  if (isVisible()) resize(size().expandedTo(minimumSizeHint()));
+}
+
+}  // namespace velorin

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/forms/teamfrm_window.h"
+
+#include <gmock/gmock.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QRadioButton>
+
+#include "desktop/preferences.h"
+#include "desktop/program_end.h"
+#include "engine/driver.h"
+#include "model/random.h"
+#include "model/teams.h"
+#include "setup/teamfrm.h"
+#include "setup/teamsel.h"
+#include "setup/wecond.h"
+#include "support/scripted_user.h"
+#include "support/small_database.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+QStringList texts(const QComboBox& list) {
+  QStringList all;
+  for (int i = 0; i < list.count(); ++i) all << list.itemText(i);
+  return all;
+}
+
+class TeamfrmWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    match = match_state();
+    chance.use_seed(7);
+  }
+
+  void open(const std::vector<std::string>& teams) {
+    for (const std::string& team : teams) database_.add_team(team);
+    database_.add_ground("Alba", "Harbour Park");
+    database_.add_ground("Neutral", "Crown & Anchor Oval");
+    database_.add_ground("Brook", "Green Lane");
+    database_.add_ground("Carse", "Hill Road");
+    database_.add_ground("Brook", "Mill Field");
+    database_.write();
+    form_.open();
+  }
+
+  small_database database_;
+  scripted_user user_;
+  front_end_scope shown_{user_};
+  teamfrm form_;
+};
+
+const std::vector<std::string> three = {"Alba", "Brook", "Carse"};
+
+TEST_F(TeamfrmWindowTest, PassesTheChecks) {
+  open(three);
+  TeamfrmWindow window(form_);
+  window.show();
+  take_picture(window, "teamfrm");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.windowTitle(), "New Match");
+  EXPECT_EQ(window.objectName(), "teamfrm");
+}
+
+TEST_F(TeamfrmWindowTest, ShowsTheFormAsItOpened) {
+  open(three);
+  form_.option3_cpu = false;
+  TeamfrmWindow window(form_);
+  const auto* first = control<QComboBox>(window, "Combo1");
+  EXPECT_EQ(texts(*first), (QStringList{"Alba", "Brook", "Carse"}));
+  EXPECT_EQ(first->currentText(), "Brook");
+  EXPECT_EQ(first->currentData().toInt(), 3);
+  EXPECT_EQ(control<QComboBox>(window, "Combo2")->currentText(), "Carse");
+  const auto* grounds = control<QComboBox>(window, "Combo3");
+  EXPECT_EQ(texts(*grounds), (QStringList{"Crown & Anchor Oval", "Green Lane", "Hill Road", "Mill Field"}));
+  EXPECT_EQ(grounds->currentText(), "Green Lane");
+  EXPECT_TRUE(control<QRadioButton>(window, "Option1_0")->isChecked());
+  EXPECT_TRUE(control<QRadioButton>(window, "Option3_1")->isChecked());
+  EXPECT_EQ(control<QRadioButton>(window, "Option1_0")->text(), "CPU");
+  EXPECT_EQ(control<QRadioButton>(window, "Option3_1")->text(), "Human");
+}
+
+TEST_F(TeamfrmWindowTest, TheGroundsFollowTheTeams) {
+  open(three);
+  TeamfrmWindow window(form_);
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  EXPECT_EQ(form_.combo1_text(), "Alba");
+  const auto* grounds = control<QComboBox>(window, "Combo3");
+  EXPECT_EQ(texts(*grounds), (QStringList{"Harbour Park", "Crown & Anchor Oval", "Hill Road"}));
+  EXPECT_EQ(grounds->currentText(), "Crown & Anchor Oval");
+  EXPECT_EQ(form_.combo3_text(), "Crown & Anchor Oval");
+  control<QComboBox>(window, "Combo2")->setCurrentIndex(1);
+  EXPECT_EQ(texts(*grounds), (QStringList{"Harbour Park", "Crown & Anchor Oval", "Green Lane", "Mill Field"}));
+}
+
+TEST_F(TeamfrmWindowTest, ChoicesReachTheForm) {
+  open(three);
+  TeamfrmWindow window(form_);
+  control<QComboBox>(window, "Combo3")->setCurrentIndex(3);
+  EXPECT_EQ(form_.combo3_text(), "Mill Field");
+  control<QRadioButton>(window, "Option1_1")->click();
+  EXPECT_FALSE(form_.option1_cpu);
+  EXPECT_TRUE(form_.option3_cpu) << "each side has a captain of its own";
+  control<QRadioButton>(window, "Option3_1")->click();
+  control<QRadioButton>(window, "Option1_0")->click();
+  EXPECT_TRUE(form_.option1_cpu);
+  EXPECT_FALSE(form_.option3_cpu);
+}
+
+TEST_F(TeamfrmWindowTest, ASmallDatabaseLeavesEmptyTexts) {
+  open({"Alba"});
+  TeamfrmWindow window(form_);
+  window.show();
+  EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentText(), "");
+  EXPECT_EQ(control<QComboBox>(window, "Combo2")->currentText(), "");
+  EXPECT_EQ(control<QComboBox>(window, "Combo3")->currentText(), "");
+  check_window_at_sizes(window);
+}
+
+TEST_F(TeamfrmWindowTest, OkPlaysTheMatchWhileTheWindowIsHidden) {
+  open(three);
+  files.elevens_in_memory = true;
+  TeamfrmWindow window(form_);
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(2);
+  control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
+  control<QRadioButton>(window, "Option3_1")->click();
+  bool hidden = false;
+  user_.on_wecond.push_back([&](wecond& conditions) {
+    hidden = !window.isVisible();
+    conditions.command1_click();
+  });
+  user_.on_console = [](main_console&) { match.console_open = false; };
+  Robot robot;
+  robot.next("teamfrm", pressing("Command1"));
+  EXPECT_EQ(window.exec(), QDialog::Accepted);
+  EXPECT_TRUE(hidden);
+  EXPECT_THAT(user_.requests_of("teamsel"), ElementsAre("teamsel Carse", "teamsel Alba"));
+  EXPECT_EQ(user_.requests_of("console").size(), 1u);
+  EXPECT_EQ(match.ground.ground_name, "Crown & Anchor Oval");
+  EXPECT_THAT(robot.met(), ElementsAre("teamfrm"));
+}
+
+TEST_F(TeamfrmWindowTest, AFailureInTheMatchIsReported) {
+  open({"Alba"});
+  match.ground.pitch_bounce = match.ground.pitch_surface = 3;
+  std::string failure;
+  on_failure([&](const std::exception& error) { failure = error.what(); });
+  TeamfrmWindow window(form_);
+  window.show();
+  press(window, "Command1");
+  on_failure({});
+  EXPECT_THAT(failure, ::testing::HasSubstr("no team is chosen"));
+}
+
+TEST_F(TeamfrmWindowTest, CancelAndEscapeCloseAndDoNothing) {
+  open(three);
+  TeamfrmWindow window(form_);
+  window.show();
+  press(window, "Command2");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_FALSE(form_.visible);
+  form_.open();
+  TeamfrmWindow again(form_);
+  again.show();
+  again.reject();
+  EXPECT_FALSE(again.isVisible());
+  EXPECT_FALSE(form_.visible);
+  EXPECT_THAT(user_.requests, ElementsAre());
+}
+
+TEST_F(TeamfrmWindowTest, MatchesWithoutStoppingAreRemembered) {
+  open(three);
+  preferences::set_plays_without_stopping(false);
+  TeamfrmWindow window(form_);
+  auto* box = control<QCheckBox>(window, "play_without_stopping");
+  EXPECT_FALSE(box->isChecked());
+  EXPECT_EQ(QString(box->text()).remove(u'&'), "Play computer matches without stopping");
+  box->click();
+  EXPECT_TRUE(preferences::plays_without_stopping());
+  EXPECT_TRUE(control<QCheckBox>(TeamfrmWindow(form_), "play_without_stopping")->isChecked());
+  box->click();
+  EXPECT_FALSE(preferences::plays_without_stopping());
+}
+
+}  // namespace
+}  // namespace velorin::testing

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/forms/toss_window.h"
+
+#include <gmock/gmock.h>
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include "model/teams.h"
+#include "setup/toss.h"
+#include "support/sample_match.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+constexpr double first_wins = 0.25;
+constexpr double second_wins = 0.75;
+constexpr double field = 0.25;
+constexpr double bat = 0.75;
+
+class TossWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override { set_up_sample_match(false, false); }
+
+  static QString text(const QWidget& window, const char* label) { return control<QLabel>(window, label)->text(); }
+  static bool is_shown(const QWidget& window, const char* name) { return control<QWidget>(window, name)->isVisible(); }
+  static bool enabled(const QWidget& window, const char* name) { return control<QWidget>(window, name)->isEnabled(); }
+
+  toss form_;
+};
+
+TEST_F(TossWindowTest, PassesTheChecksAtBothStages) {
+  form_.open();
+  script_draws({first_wins});
+  TossWindow window(form_);
+  window.show();
+  take_picture(window, "toss_coin");
+  check_window_at_sizes(window);
+  EXPECT_EQ(text(window, "Label1"), "Home to call...");
+  EXPECT_TRUE(is_shown(window, "Command1_0"));
+  EXPECT_TRUE(is_shown(window, "Command1_1"));
+  EXPECT_FALSE(is_shown(window, "Command2"));
+  EXPECT_FALSE(is_shown(window, "Command3"));
+  EXPECT_FALSE(is_shown(window, "Label2"));
+  press(window, "Command1_1");
+  take_picture(window, "toss_decision");
+  check_window_at_sizes(window);
+  EXPECT_EQ(text(window, "Label1"), "Home have won the toss.");
+  EXPECT_EQ(text(window, "Label2"), "Home");
+  EXPECT_EQ(text(window, "Label3"), "Away");
+  EXPECT_FALSE(is_shown(window, "Command1_0"));
+  EXPECT_FALSE(is_shown(window, "Command1_1"));
+  EXPECT_TRUE(enabled(window, "Command2"));
+  EXPECT_TRUE(enabled(window, "Command3"));
+}
+
+TEST_F(TossWindowTest, BatAndBowlDecide) {
+  form_.open();
+  script_draws({second_wins});
+  TossWindow window(form_);
+  window.show();
+  press(window, "Command1_0");
+  EXPECT_EQ(text(window, "Label2"), "Away");
+  EXPECT_EQ(text(window, "Label3"), "Home");
+  press(window, "Command2");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(window.result(), QDialog::Accepted);
+  EXPECT_EQ(match.team1_name, "Away") << "it bats first";
+
+  form_.open();
+  script_draws({first_wins});
+  TossWindow again(form_);
+  again.show();
+  press(again, "Command1_0");
+  press(again, "Command3");
+  EXPECT_FALSE(again.isVisible());
+  EXPECT_EQ(match.team1_name, "Home") << "Away won and bowls";
+}
+
+TEST_F(TossWindowTest, AComputersElectionCanOnlyBeConfirmed) {
+  match.computer_bowls = true;
+  form_.open();
+  script_draws({second_wins, field});
+  TossWindow window(form_);
+  window.show();
+  press(window, "Command1_0");
+  EXPECT_EQ(text(window, "Label1"), "Away have won the toss and have elected to field first.");
+  EXPECT_TRUE(enabled(window, "Command2"));
+  EXPECT_FALSE(enabled(window, "Command3"));
+  EXPECT_EQ(window.focusWidget()->objectName(), "Command2");
+  take_picture(window, "toss_elected");
+  check_window_at_sizes(window);
+
+  form_.open();
+  script_draws({second_wins, bat});
+  TossWindow again(form_);
+  again.show();
+  press(again, "Command1_1");
+  EXPECT_EQ(text(again, "Label1"), "Away have won the toss and have elected to bat first.");
+  EXPECT_FALSE(enabled(again, "Command2"));
+  EXPECT_EQ(again.focusWidget()->objectName(), "Command3");
+  QTest::keyClick(again.focusWidget(), Qt::Key_Return);
+  EXPECT_FALSE(again.isVisible());
+  EXPECT_EQ(match.team1_name, "Away");
+}
+
+TEST_F(TossWindowTest, AComputersTossOpensOnTheDecision) {
+  match.computer_bats = true;
+  script_draws({0.75, 0.75, 0.75});
+  form_.open_decided();
+  TossWindow window(form_);
+  window.show();
+  EXPECT_FALSE(is_shown(window, "Command1_0"));
+  EXPECT_TRUE(is_shown(window, "Command2"));
+  EXPECT_TRUE(is_shown(window, "Command3"));
+  EXPECT_EQ(enabled(window, "Command2"), form_.command2_enabled);
+  EXPECT_EQ(enabled(window, "Command3"), form_.command3_enabled);
+  EXPECT_EQ(text(window, "Label1"), QString::fromStdString(form_.label1));
+  check_window_at_sizes(window);
+}
+
+TEST_F(TossWindowTest, EscapeAndTheCloseBoxLeaveItOpen) {
+  form_.open();
+  TossWindow window(form_);
+  window.show();
+  window.reject();
+  window.close();
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(form_.closed);
+}
+
+}  // namespace
+}  // namespace velorin::testing
