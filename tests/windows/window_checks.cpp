@@ -136,6 +136,11 @@ void check_texts(const QWidget& window) {
   }
 }
 
+/// Layouts within layouts take a round each.
+void settle() {
+  for (int round = 0; round < 4; ++round) QApplication::processEvents();
+}
+
 }  // namespace
 
 void check_window(QWidget& window) {
@@ -151,11 +156,11 @@ void check_window(QWidget& window) {
 }
 
 void check_window_at_sizes(QWidget& window) {
-  QApplication::processEvents();
+  settle();
   check_window(window);
   const QSize before = window.size();
   window.resize(smallest_screen);
-  QApplication::processEvents();
+  settle();
   SCOPED_TRACE("at 1024x700");
   check_window(window);
   window.resize(before);

@@ -155,14 +155,6 @@ void ConsoleWindow::lay_out() {
   left->setSpacing(12);
   left->addWidget(new_batting_card());
   left->addWidget(new_bowling_card());
-  change_bowler_ = new QPushButton;
-  change_bowler_->setObjectName(QStringLiteral("Command3"));
-  change_bowler_->setAutoDefault(false);
-  name_act(*change_bowler_,
-           {.caption = QStringLiteral("Change Bowler"), .mnemonic = u'C', .key = QKeySequence(Qt::Key_C)});
-  connect(change_bowler_, &QPushButton::clicked, this,
-          [this] { guarded([&] { act(&main_console::command3_click); }); });
-  left->addWidget(change_bowler_);
   left->addStretch(1);
 
   auto* middle = new QVBoxLayout;
@@ -247,6 +239,11 @@ void ConsoleWindow::add_foot() {
         {.caption = QString::fromLatin1(report.caption), .mnemonic = report.mnemonic, .key = QKeySequence(report.key)},
         [this, handler = report.handler] { act(handler); }));
   }
+  change_bowler_ =
+      add_button(QStringLiteral("Command3"),
+                 {.caption = QStringLiteral("Change Bowler"), .mnemonic = u'C', .key = QKeySequence(Qt::Key_C)},
+                 [this] { act(&main_console::command3_click); });
+  add_aside(change_bowler_);
   pace_ = new_pace_choice();
   add_beside_buttons(pace_);
   next_over_ = add_default_button(QStringLiteral("Command1"),
