@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 #include "model/batsman_figures.h"
 
@@ -13,6 +14,12 @@ namespace velorin {
 
 /// Picks the next batsman and his aggression.
 struct batorder {
+  static constexpr std::string_view names_heading = " Batsmen";
+  static constexpr std::string_view label1_heading = " Skill";
+  static constexpr std::string_view vscroll1_caption = " Induvidual Agg.";
+  static constexpr std::string_view vscroll1_low = "Defensive";
+  static constexpr std::string_view vscroll1_high = "Aggressive";
+
   std::string title;               ///< "Select 1st Opener", "Select 2nd Opener" or "Select Next Batsman"
   std::array<bool, 12> enabled{};  ///< [1..11] the row's option can be chosen
   int chosen = 0;                  ///< the chosen row, 0 for none
@@ -34,6 +41,9 @@ struct batorder {
 struct chgbowler {
   enum class use { change, first_opener, second_opener };
 
+  static constexpr std::string_view label1_heading = "Skill";
+  static constexpr std::string_view label2_heading = "R.P.O";
+
   std::string title;
   use shown_for = use::change;     ///< decides which OK button is visible: Command1, Command2 or Command3
   std::array<bool, 12> enabled{};  ///< [1..11]
@@ -52,6 +62,10 @@ struct chgbowler {
 
 /// Shows a player's figures and sets his aggression.
 struct aggr {
+  static constexpr std::string_view vscroll1_low = "Def.";
+  static constexpr std::string_view vscroll1_high = "Agg.";
+  static constexpr double picture1_full = 915;  ///< the greatest width of the settled bar
+
   bool for_batsman = true;              ///< Command1 is shown, else Command2
   int text1 = 0;                        ///< the slot
   int vscroll1 = 0;                     ///< the aggression, 1 to 5
@@ -71,6 +85,10 @@ struct aggr {
 
 /// How a batsman made his runs.
 struct batsmandetails {
+  /// In shown order: dots, singles, twos, threes, fours, sixes, runs, balls, strike rate.
+  static constexpr std::array<std::string_view, 9> headings = {
+      "Dots", "Singles", "Twos", "Threes", "Fours", "Sixes", "Runs", "Balls Faced", "Strike Rate "};
+
   std::string title;
   batsman_figures figures;
   bool closed = false;

@@ -43,11 +43,6 @@ QComboBox, QLineEdit, QSpinBox {
 }
 QComboBox:focus, QLineEdit:focus, QSpinBox:focus { border: 2px solid @focus; padding: 3px 7px; }
 QComboBox:disabled, QLineEdit:disabled, QSpinBox:disabled { color: @muted; background: @card_raised; }
-QComboBox::drop-down { border: none; width: 24px; }
-QComboBox::down-arrow {
-  width: 0px; height: 0px; border-left: 4px solid transparent; border-right: 4px solid transparent;
-  border-top: 5px solid @muted;
-}
 QComboBox QAbstractItemView { background: @card; color: @ink; border: 1px solid @line; }
 
 QRadioButton, QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 5px; }
