@@ -4,6 +4,7 @@
 #include <QChart>
 #include <QChartView>
 #include <QEvent>
+#include <QGraphicsLayout>
 #include <QLegendMarker>
 #include <QLineSeries>
 #include <QPainter>
@@ -129,7 +130,9 @@ void LineChartView::draw() {
   auto* chart = new QChart;
   chart->setBackgroundBrush(t.card);
   chart->setBackgroundPen(t.line);
-  chart->setMargins(QMargins(8, 8, 8, 8));
+  chart->setMargins(QMargins(12, 16, 20, 12));
+  chart->layout()->setContentsMargins(0, 0, 0, 0);
+  chart->setBackgroundRoundness(8);
   auto* across = new QValueAxis;
   style_axis(*across, chart_.across);
   across->setRange(0, chart_.across_to);

@@ -44,6 +44,7 @@ TableView::TableView(const QString& name, QWidget* parent)
 
 void TableView::set_table(Table table) {
   setAccessibleName(table.name);
+  horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);  // the order given, until a heading is pressed
   setSortingEnabled(table.sortable);
   const bool any_head = std::any_of(table.rows.begin(), table.rows.end(),
                                     [](const TableRow& r) { return r.marked || !r.head.isEmpty(); });

@@ -43,6 +43,11 @@ QComboBox, QLineEdit, QSpinBox {
 }
 QComboBox:focus, QLineEdit:focus, QSpinBox:focus { border: 2px solid @focus; padding: 3px 7px; }
 QComboBox:disabled, QLineEdit:disabled, QSpinBox:disabled { color: @muted; background: @card_raised; }
+QComboBox::drop-down { border: none; width: 24px; }
+QComboBox::down-arrow {
+  width: 0; height: 0; border-left: 5px solid transparent; border-right: 5px solid transparent;
+  border-top: 6px solid @muted;
+}
 QComboBox QAbstractItemView { background: @card; color: @ink; border: 1px solid @line; }
 
 QRadioButton, QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 5px; }
@@ -52,12 +57,15 @@ QRadioButton:disabled, QCheckBox:disabled { color: @muted; }
 QTableView, QListView {
   background: @card; alternate-background-color: @card_raised; color: @ink; border: 1px solid @line;
   border-radius: 6px; gridline-color: @line; selection-background-color: @accent; selection-color: @on_accent;
+  padding: 1px;
 }
-QTableView:focus, QListView:focus { border: 2px solid @focus; }
-QTableView::item { padding: 2px 8px; }
+QTableView:focus, QListView:focus { border: 2px solid @focus; padding: 0px; }
+QTableView::item { padding: 2px 6px; border: none; }
+QTableView QTableCornerButton::section { background: @card_raised; border: none; border-bottom: 1px solid @line; }
 QHeaderView::section {
   background: @card_raised; color: @muted; border: none; border-bottom: 1px solid @line; padding: 5px 8px;
 }
+QHeaderView::section:vertical { border: none; }
 QListView[quiet="true"]::item:selected { background: @card_raised; color: @ink; }
 QFrame#rule { background: @line; border: none; max-height: 1px; min-height: 1px; }
 QScrollBar:horizontal { height: 12px; background: transparent; margin: 0; }

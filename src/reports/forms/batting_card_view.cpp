@@ -26,6 +26,8 @@ enum Column { name, fielder, bowler, runs, balls, columns };
 
 constexpr int row_height = 28;
 constexpr int side_space = 10;
+constexpr QSize narrowest(700, 0);
+constexpr QSize large(1100, 640);  // from this size on the type is a step larger
 
 QString numbered(const char* control, int place) {
   return QStringLiteral("%1_%2").arg(QLatin1String(control)).arg(place);
@@ -80,6 +82,7 @@ BattingCardView::BattingCardView(const batting_screen& card, std::function<void(
     : QFrame(parent), details_(std::move(details)), table_(batting_table(card)), grid_(new QGridLayout(this)) {
   setProperty("card", true);
   setObjectName(QStringLiteral("card"));
+  setMinimumSize(narrowest);
   setAccessibleName(QStringLiteral("Batting card, %1").arg(shown(card.label10)));
   grid_->setContentsMargins(16, 8, 16, 8);
   grid_->setHorizontalSpacing(12);
@@ -112,6 +115,10 @@ void BattingCardView::add_headings() {
 
 void BattingCardView::add_man(const batting_screen& card, int place) {
   const auto i = static_cast<std::size_t>(place);
+  const auto add = [&](QWidget* widget, Column column, TypeStep step) {
+    grid_->addWidget(widget, place, column);
+    rows_.emplace_back(widget, step);
+  };
   if (place % 2 == 1) {
     auto* band = new QFrame;
     band->setProperty("band", true);
@@ -127,12 +134,13 @@ void BattingCardView::add_man(const batting_screen& card, int place) {
   button->setProperty("link", true);
   button->setVisible(card.command4[i].visible);
   grid_->addWidget(button, place, name, Qt::AlignLeft | Qt::AlignVCenter);
-  grid_->addWidget(new_named_label(numbered("Label8", place), shown_caption(card.label8[i])), place, fielder);
-  grid_->addWidget(new_named_label(numbered("Label9", place), shown_caption(card.label9[i])), place, bowler);
-  grid_->addWidget(new_figure(numbered("Label2", place), shown(card.label2[i]), TextRole::strong), place, runs);
+  rows_.emplace_back(button, TypeStep::strong);
+  add(new_named_label(numbered("Label8", place), shown_caption(card.label8[i])), fielder, TypeStep::body);
+  add(new_named_label(numbered("Label9", place), shown_caption(card.label9[i])), bowler, TypeStep::body);
+  add(new_figure(numbered("Label2", place), shown(card.label2[i]), TextRole::strong), runs, TypeStep::strong);
   auto* faced = new_figure(numbered("Label3", place), shown(card.label3[i]), TextRole::muted);
   faced->setContentsMargins(0, 0, side_space, 0);
-  grid_->addWidget(faced, place, balls);
+  add(faced, balls, TypeStep::body);
   grid_->setRowMinimumHeight(place, row_height);
   grid_->setRowStretch(place, 1);
 }
@@ -148,7 +156,10 @@ void BattingCardView::add_totals(const batting_screen& card) {
   auto* extras = new_named_label(QStringLiteral("Label14"), shown(card.label14));
   extras->setContentsMargins(side_space, 0, 0, 0);
   grid_->addWidget(extras, 12, name, 1, 3);
-  grid_->addWidget(new_figure(QStringLiteral("Label13"), shown(card.label13), TextRole::strong), 12, runs);
+  rows_.emplace_back(extras, TypeStep::body);
+  auto* sum = new_figure(QStringLiteral("Label13"), shown(card.label13), TextRole::strong);
+  grid_->addWidget(sum, 12, runs);
+  rows_.emplace_back(sum, TypeStep::strong);
   grid_->setRowMinimumHeight(12, row_height);
   add_rule(13);
 
@@ -163,6 +174,14 @@ void BattingCardView::add_totals(const batting_screen& card) {
   grid_->addLayout(rate, 14, name);
   grid_->addWidget(new_figure(QStringLiteral("Label5"), shown(card.label5), TextRole::heading), 14, fielder, 1, 2);
   grid_->addWidget(new_figure(QStringLiteral("Label4"), shown(card.label4), TextRole::score), 14, runs);
+}
+
+void BattingCardView::resizeEvent(QResizeEvent* event) {
+  QFrame::resizeEvent(event);
+  const bool roomy = width() >= large.width() && height() >= large.height();
+  if (roomy == roomy_) return;
+  roomy_ = roomy;
+  for (const auto& [widget, step] : rows_) widget->setFont(type_font(roomy ? TypeStep::heading : step));
 }
 
 void BattingCardView::copy() const { QGuiApplication::clipboard()->setText(table_text(table_)); }

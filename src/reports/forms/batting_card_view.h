@@ -3,8 +3,11 @@
 
 #include <QFrame>
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include "desktop/table.h"
+#include "desktop/theme.h"
 
 class QGridLayout;
 
@@ -28,6 +31,7 @@ class BattingCardView : public QFrame {
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void add_headings();
@@ -38,6 +42,8 @@ class BattingCardView : public QFrame {
   std::function<void(int)> details_;
   Table table_;
   QGridLayout* grid_;
+  std::vector<std::pair<QWidget*, TypeStep>> rows_;  // what is written larger where there is room, and its usual step
+  bool roomy_ = false;
 };
 
 /// The card as a table: name, the two parts of the dismissal, runs, balls; then the extras and the total.

@@ -22,7 +22,7 @@ namespace {
 constexpr int above = 32;
 constexpr int below = 48;
 constexpr int left = 64;
-constexpr int right = 208;
+constexpr int right = 216;
 
 std::size_t at(int index) { return static_cast<std::size_t>(index); }
 
@@ -93,14 +93,14 @@ QRectF OverBarsView::mark_of(int half, int over) const {
 
 void OverBarsView::place_label(int half) {
   QLabel* label = label6_[at(half)];
-  const int wide = right - 24;
+  const int wide = right - 24 - 12;
   const int high = std::max(label->heightForWidth(wide), label->fontMetrics().height());
   const double base = graphs::base_line[at(half)];
   // Beside the plot, clear of the figure at the end of the rate line.
   double top = y_of(base - 3000);
   const double rate = y_of(form_.line6[at(half)]);
   if (rate > top - 20 && rate < top + high + 20) top = rate + 20;
-  label->setGeometry(width() - wide, static_cast<int>(std::min(top, y_of(base) - high)), wide, high);
+  label->setGeometry(width() - right + 24, static_cast<int>(std::min(top, y_of(base) - high)), wide, high);
 }
 
 void OverBarsView::resizeEvent(QResizeEvent* event) {
@@ -138,27 +138,28 @@ void OverBarsView::paint_axes(QPainter& painter, int half) const {
 }
 
 void OverBarsView::paint_bars(QPainter& painter, int half) const {
-  const Theme& t = theme();
   const QColor color = chart_color(half);
+  painter.setPen(QPen(theme().dark ? color.lighter(125) : color.darker(135), 1));
+  painter.setBrush(color);
+  for (int over = 1; over <= 50; ++over) {
+    if (form_.shape1[at(graphs::place(half, over))].visible) painter.drawRect(bar_of(half, over));
+  }
+}
+
+void OverBarsView::paint_marks(QPainter& painter, int half) const {
+  const Theme& t = theme();
   QFont letter = type_font(TypeStep::small);
   letter.setWeight(QFont::Bold);
   for (int over = 1; over <= 50; ++over) {
-    const std::size_t place = at(graphs::place(half, over));
-    if (form_.shape1[place].visible) {
-      painter.setPen(QPen(t.dark ? color.lighter(125) : color.darker(135), 1));
-      painter.setBrush(color);
-      painter.drawRect(bar_of(half, over));
-    }
-    if (form_.shape2[place]) {
-      const QRectF mark = mark_of(half, over);
-      painter.setPen(QPen(t.card, 1));
-      painter.setBrush(t.ball);
-      painter.drawEllipse(mark);
-      letter.setPixelSize(static_cast<int>(mark.height() * 0.62));
-      painter.setFont(letter);
-      painter.setPen(t.on_ball);
-      painter.drawText(mark, Qt::AlignCenter, QStringLiteral("W"));
-    }
+    if (!form_.shape2[at(graphs::place(half, over))]) continue;
+    const QRectF mark = mark_of(half, over);
+    painter.setPen(QPen(t.card, 1));
+    painter.setBrush(t.ball);
+    painter.drawEllipse(mark);
+    letter.setPixelSize(static_cast<int>(mark.height() * 0.62));
+    painter.setFont(letter);
+    painter.setPen(t.on_ball);
+    painter.drawText(mark, Qt::AlignCenter, QStringLiteral("W"));
   }
 }
 
@@ -166,7 +167,7 @@ void OverBarsView::paint_rate(QPainter& painter, int half) const {
   const Theme& t = theme();
   const double y = y_of(form_.line6[at(half)]);
   const double end = width() - right;
-  painter.setPen(QPen(t.card, 4));
+  painter.setPen(QPen(t.card, 3));
   painter.drawLine(QPointF(left, y), QPointF(end, y));
   painter.setPen(QPen(t.ink, 1.5, Qt::DashLine));
   painter.drawLine(QPointF(left, y), QPointF(end + 16, y));
@@ -185,6 +186,7 @@ void OverBarsView::paintEvent(QPaintEvent*) {
   for (const int half : {0, 1}) paint_axes(painter, half);
   for (const int half : {0, 1}) paint_bars(painter, half);
   for (const int half : {0, 1}) paint_rate(painter, half);
+  for (const int half : {0, 1}) paint_marks(painter, half);
 }
 
 bool OverBarsView::event(QEvent* event) {

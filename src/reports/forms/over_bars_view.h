@@ -51,6 +51,7 @@ class OverBarsView : public QWidget {
   void place_label(int half);
   void paint_axes(QPainter& painter, int half) const;
   void paint_bars(QPainter& painter, int half) const;
+  void paint_marks(QPainter& painter, int half) const;
   void paint_rate(QPainter& painter, int half) const;
 
   const graphs& form_;

@@ -16,6 +16,8 @@ namespace velorin {
 
 namespace {
 
+constexpr int widest_column = 1360;
+
 /// A name in a cell; files keep a doubled ampersand.
 TableCell name_cell(const std::string& text) {
   return {.text = shown_caption(text), .look = CellLook::normal, .kept = shown(text)};
@@ -43,6 +45,20 @@ void name_head(Form& form, const QString& heading, const QString& subheading) {
   auto* quiet = form.findChild<QLabel*>(QStringLiteral("subheading"));
   quiet->setProperty("role", QStringLiteral("subheading"));
   quiet->setObjectName(subheading);
+}
+
+QVBoxLayout* new_column(Form& form) {
+  auto* column = new QWidget;
+  column->setMaximumWidth(widest_column);
+  auto* rows = new QVBoxLayout(column);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(8);
+  auto* middle = new QHBoxLayout;
+  middle->addStretch(0);
+  middle->addWidget(column, 1);
+  middle->addStretch(0);
+  form.body()->addLayout(middle, 1);
+  return rows;
 }
 
 Table bowling_table(const bowling_screen& screen) {

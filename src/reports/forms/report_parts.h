@@ -7,6 +7,7 @@
 #include "desktop/table.h"
 
 class QPushButton;
+class QVBoxLayout;
 class QWidget;
 
 // What the windows of the reports have in common.
@@ -26,6 +27,9 @@ void add_ok(Form& form);
 
 /// Gives the two lines at the head of a form the names of controls.
 void name_head(Form& form, const QString& heading, const QString& subheading);
+
+/// A column in the middle of a form's body, not wider than a card reads well; for its rows.
+QVBoxLayout* new_column(Form& form);
 
 /// The screens as tables.
 Table bowling_table(const bowling_screen& screen);

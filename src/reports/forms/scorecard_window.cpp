@@ -53,14 +53,15 @@ ScorecardWindow::ScorecardWindow(const scorecard& form, QWidget* parent)
   set_subheading(shown(form_.label12));
   name_head(*this, QStringLiteral("Label10"), QStringLiteral("Label12"));
   body()->setContentsMargins(24, 12, 24, 12);
-  body()->addWidget(new BattingCardView(form_,
-                                        [this](int place) {
-                                          batsmandetails details;
-                                          details.figures = form_.details(place);
-                                          details.title = details.figures.title;
-                                          user().show(details);
-                                        }),
-                    1);
+  column_ = new_column(*this);
+  column_->addWidget(new BattingCardView(form_,
+                                         [this](int place) {
+                                           batsmandetails details;
+                                           details.figures = form_.details(place);
+                                           details.title = details.figures.title;
+                                           user().show(details);
+                                         }),
+                     1);
   add_reports();
   add_exports();
   add_ok(*this);
@@ -76,7 +77,7 @@ void ScorecardWindow::add_reports() {
                                      [this, open = report.open] { (form_.*open)(); });
     row->addWidget(button, 1);
   }
-  body()->addLayout(row);
+  column_->addLayout(row);
   findChild<QPushButton*>(QStringLiteral("Command3"))->setEnabled(form_.command3_enabled);
 }
 

@@ -4,7 +4,7 @@
 #include "desktop/form.h"
 #include "reports/forms/export_choice.h"
 
-class QHBoxLayout;
+class QVBoxLayout;
 
 namespace velorin {
 
@@ -27,6 +27,7 @@ class ScorecardWindow : public Form {
 
   const scorecard& form_;
   FileChooser chooser_;
+  QVBoxLayout* column_;
 };
 
 }  // namespace velorin
