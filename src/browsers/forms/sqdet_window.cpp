@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "browsers/forms/sqdet_window.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include "browsers/forms/figure_grid.h"
+#include "browsers/sqdet.h"
+#include "desktop/controls.h"
+#include "desktop/photo_view.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+
+namespace velorin {
+
+namespace {
+
+QComboBox* new_list(const QString& name, const std::vector<std::string>& texts, int chosen) {
+  auto* list = new QComboBox;
+  list->setObjectName(name);
+  list->setMinimumWidth(240);
+  for (const std::string& text : texts) list->addItem(shown(text));
+  list->setCurrentIndex(chosen);
+  return list;
+}
+
+}  // namespace
+
+SqdetWindow::SqdetWindow(sqdet& form, QWidget* parent)
+    : Form(QStringLiteral("Sqdet"), Dismissal::closes, parent), form_(form) {
+  set_title(shown(sqdet::title), shown(sqdet::title));
+  body()->addWidget(new_lists());
+  pages_ = new QStackedWidget;
+  auto* nobody = new_named_label(
+      QStringLiteral("nobody"),
+      form_.combo1.empty() ? QStringLiteral("No records yet") : QStringLiteral("Choose a team and a player."),
+      TextRole::muted);
+  nobody->setAlignment(Qt::AlignCenter);
+  nobody->setMinimumSize(928, 424);
+  pages_->addWidget(nobody);
+  pages_->addWidget(new_figures());
+  body()->addWidget(pages_, 1);
+  const auto close = [this] {
+    form_.command1_click();
+    if (form_.closed) accept();
+  };
+  auto* ok = add_default_button(QStringLiteral("Command1"),
+                                {.caption = shown(sqdet::command1_caption), .mnemonic = u'O'}, close);
+  on_dismiss(close);
+  if (form_.locked) ok->setFocus();
+  refresh();
+}
+
+QWidget* SqdetWindow::new_lists() {
+  auto* lists = new QWidget;
+  auto* row = new QHBoxLayout(lists);
+  row->setContentsMargins(0, 0, 0, 0);
+  combo1_ = new_list(QStringLiteral("Combo1"), form_.combo1, form_.combo1_index);
+  combo2_ = new_list(QStringLiteral("Combo2"), form_.combo2, form_.combo2_index);
+  row->addWidget(new_caption(shown(sqdet::combo1_caption), u'T', combo1_));
+  row->addWidget(combo1_);
+  row->addSpacing(24);
+  row->addWidget(new_caption(shown(sqdet::combo2_caption), u'P', combo2_));
+  row->addWidget(combo2_);
+  row->addStretch(1);
+  combo1_->setDisabled(form_.locked);
+  combo2_->setDisabled(form_.locked);
+  // Choosing the team that is chosen already lists its players anew.
+  connect(combo1_, &QComboBox::activated, this, [this](int index) { choose_team(index); });
+  connect(combo2_, &QComboBox::activated, this, [this](int index) { choose_player(index); });
+  return lists;
+}
+
+QWidget* SqdetWindow::new_figures() {
+  auto* figures = new QWidget;
+  auto* row = new QHBoxLayout(figures);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(16);
+  QFrame* person = new_card();
+  const FigureCard batting = new_figure_card(QStringLiteral("Batting"));
+  const FigureCard bowling = new_figure_card(QStringLiteral("Bowling"));
+  const FigureCard fielding = new_figure_card(QStringLiteral("Fielding"));
+  person_ = new QVBoxLayout;
+  batting_ = batting.grid;
+  bowling_ = bowling.grid;
+  fielding_ = fielding.grid;
+  photo_ = new PhotoView(QStringLiteral("Image2"), QSize(160, 200));
+  card_rows(person)->addWidget(photo_, 0, Qt::AlignHCenter);
+  card_rows(person)->addLayout(person_);
+  card_rows(person)->addStretch(1);
+  auto* right = new QVBoxLayout;
+  right->setSpacing(16);
+  row->addWidget(person);
+  row->addWidget(batting.card, 1);
+  right->addWidget(bowling.card, 1);
+  right->addWidget(fielding.card);
+  row->addLayout(right, 1);
+  return figures;
+}
+
+void SqdetWindow::choose_team(int index) {
+  guarded([&] {
+    form_.choose_team(index);
+    list_players();
+    refresh();
+  });
+}
+
+void SqdetWindow::choose_player(int index) {
+  guarded([&] {
+    form_.choose_player(index);
+    refresh();
+  });
+}
+
+void SqdetWindow::list_players() {
+  combo2_->clear();
+  for (const std::string& name : form_.combo2) combo2_->addItem(shown(name));
+  combo2_->setCurrentIndex(form_.combo2_index);
+}
+
+void SqdetWindow::refresh() {
+  if (form_.person.empty()) return;
+  pages_->setCurrentIndex(1);
+  show_person();
+  show_block(batting_, QStringLiteral("batting"), form_.batting);
+  show_block(bowling_, QStringLiteral("bowling"), form_.bowling);
+  show_block(fielding_, QStringLiteral("fielding"), form_.fielding);
+  photo_->show_photo(shown(form_.person.front().text), form_.image2);
+}
+
+void SqdetWindow::show_person() {
+  for (std::size_t i = 0; i < form_.person.size(); ++i) {
+    const QString name = QStringLiteral("person_%1").arg(i + 1);
+    auto* value = findChild<QLabel*>(name);
+    if (value == nullptr) value = add_figure_below(person_, form_.person[i].caption, name);
+    set_figure(value, form_.person[i].text);
+  }
+}
+
+void SqdetWindow::show_block(QGridLayout* grid, const QString& prefix, const std::vector<shown_field>& fields) {
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const QString name = QStringLiteral("%1_%2").arg(prefix).arg(i + 1);
+    auto* value = findChild<QLabel*>(name);
+    if (value == nullptr) value = add_figure(grid, fields[i].caption, name, true);
+    set_figure(value, fields[i].text);
+  }
+}
+
+}  // namespace velorin

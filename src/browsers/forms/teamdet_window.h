@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+#include "desktop/form.h"
+
+class QComboBox;
+class QLabel;
+
+namespace velorin {
+
+class TableView;
+struct teamdet;
+
+/// The records of one team: its results, its rank, its extreme totals and its best men.
+class TeamdetWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` has been opened and outlives the window.
+  explicit TeamdetWindow(teamdet& form, QWidget* parent = front_window());
+
+ private:
+  QWidget* new_list();
+  QWidget* new_results();
+  QWidget* new_extremes();
+  QWidget* new_individual();
+  void refresh();
+
+  teamdet& form_;
+  QComboBox* combo1_;
+  TableView* results_;
+  QLabel* ranking_;
+  std::array<QLabel*, 4> extremes_;
+  std::array<QLabel*, 4> individual_;
+};
+
+}  // namespace velorin
