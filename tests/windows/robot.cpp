@@ -3,6 +3,8 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QTimer>
+#include <algorithm>
 
 #include "desktop/program_end.h"
 
@@ -16,13 +18,14 @@ void press(const QWidget& window, const char* name) {
   if (button->isVisible() && button->isEnabled()) button->click();
 }
 
-Robot::Robot() {
-  timer_.setInterval(0);
-  QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
-  timer_.start();
-}
+Robot::Robot() { look_soon(); }
 
-Robot::~Robot() { timer_.stop(); }
+Robot::~Robot() = default;
+
+void Robot::look_soon() {
+  // A shot each time: one timer would not fire again within the event loop of a window that its own call opened.
+  QTimer::singleShot(0, &alive_, [this] { look(); });
+}
 
 void Robot::always(const std::string& window, answer act) { always_[window] = std::move(act); }
 void Robot::next(const std::string& window, answer act) { next_[window].push_back(std::move(act)); }
@@ -38,6 +41,7 @@ int Robot::left() const {
 }
 
 void Robot::look() {
+  look_soon();
   QWidget* window = QApplication::activeModalWidget();
   if (window == nullptr || !window->isVisible() || !window->isEnabled() || program_is_ending()) return;
   const std::string name = window->objectName().toStdString();

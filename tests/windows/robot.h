@@ -2,8 +2,7 @@
 #pragma once
 
 #include <QAbstractButton>
-#include <QPointer>
-#include <QTimer>
+#include <QObject>
 #include <QWidget>
 #include <deque>
 #include <functional>
@@ -44,9 +43,9 @@ class Robot {
 
  private:
   void look();
+  void look_soon();
 
-  QTimer timer_;
-  bool busy_ = false;
+  QObject alive_;  // looks end with it
   std::map<std::string, answer> always_;
   std::map<std::string, std::deque<answer>> next_;
   answer otherwise_;

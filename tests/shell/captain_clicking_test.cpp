@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSlider>
+#include <fstream>
+#include <iterator>
+
+#include "console/captain_forms.h"
+#include "engine/driver.h"
+#include "model/teams.h"
+#include "reports/export.h"
+#include "setup/teamfrm.h"
+#include "shell/game_fixture.h"
+
+// A human captain who does more than bowl over after over: he changes aggressions and bowlers, browses past overs, opens
+// every report in mid-innings and writes the match in all three forms. The same acts on the core's forms give the same
+// books and the same bytes.
+
+namespace velorin::testing {
+namespace {
+
+std::string bytes_of(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+/// What the captain does before an over, by its number counted over both innings.
+bool sets_batsmen(int over) { return over % 9 == 4; }
+bool sets_bowlers(int over) { return over % 9 == 6; }
+bool changes_bowler(int over) { return over % 7 == 5; }
+bool browses(int over) { return over % 5 == 3; }
+bool reads_reports(int over) { return over == 17 || over == 63; }
+
+/// The row of the first man who may bowl now and is not bowling.
+int other_bowler(const chgbowler& form) {
+  for (int row = 1; row <= 11; ++row) {
+    if (form.enabled[row] && row != match.bowler && match.bowling_card[row].balls < 60) return row;
+  }
+  return form.chosen;
+}
+
+/// The captain on the core's forms.
+class CoreCaptain : public BookkeepingUser {
+ public:
+  int over = 0;
+  bool changing = false;
+
+  using BookkeepingUser::show;
+  void show(main_console& form) override {
+    while (!form.closed()) {
+      ++over;
+      if (sets_batsmen(over)) form.command4_click(over % 2);
+      if (sets_bowlers(over)) form.command5_click(over % 2);
+      changing = changes_bowler(over);
+      if (changing) form.command3_click();
+      changing = false;
+      if (browses(over)) form.vscroll1_change(1 + match.browser_maximum / 2);
+      if (reads_reports(over)) books_shown.push_back(books());
+      form.command1_click();
+    }
+  }
+  void show(aggr& form) override {
+    form.vscroll1 = 1 + over % 5;
+    form.command_click();
+  }
+  void show(chgbowler& form) override {
+    if (!changing) return BookkeepingUser::show(form);
+    form.option1_click(other_bowler(form));
+    form.command_click();
+  }
+};
+
+class CaptainClickingTest : public GameTest {
+ protected:
+  /// Lays down the captain's acts on the console, one after the other before each over.
+  void captain(ClickingUser& user) {
+    user.robot.always("main", [this, &user](QWidget& window) {
+      if (steps_.empty()) plan();
+      const std::function<void(QWidget&)> step = steps_.front();
+      steps_.erase(steps_.begin());
+      step(window);
+      (void)user;
+    });
+    user.robot.always("aggr", [this](QWidget& window) {
+      control<QSlider>(window, "VScroll1")->setValue(1 + over_ % 5);
+      const bool batsman = control<QAbstractButton>(window, "Command1")->isVisible();
+      press(window, batsman ? "Command1" : "Command2");
+    });
+  }
+
+  void plan() {
+    ++over_;
+    const auto pressed = [](const std::string& name) {
+      return [name](QWidget& window) { press(window, name.c_str()); };
+    };
+    const auto if_enabled = [](const std::string& name) {
+      return [name](QWidget& window) {
+        if (control<QAbstractButton>(window, name.c_str())->isEnabled()) press(window, name.c_str());
+      };
+    };
+    if (sets_batsmen(over_)) steps_.push_back(if_enabled("Command4_" + std::to_string(over_ % 2)));
+    if (sets_bowlers(over_)) steps_.push_back(if_enabled("Command5_" + std::to_string(over_ % 2)));
+    if (changes_bowler(over_)) {
+      steps_.push_back([this, change = if_enabled("Command3")](QWidget& window) {
+        changing_ = true;
+        change(window);
+        changing_ = false;
+      });
+    }
+    if (browses(over_)) {
+      steps_.push_back([](QWidget& window) {
+        auto* browser = control<QScrollBar>(window, "VScroll1");
+        if (browser->isEnabled()) browser->setValue(1 + match.browser_maximum / 2);
+      });
+    }
+    if (reads_reports(over_)) {
+      for (const char* report : {"Command2", "Command6", "Command11"}) steps_.push_back(pressed(report));
+    }
+    steps_.push_back(pressed("Command1"));
+  }
+
+  int over_ = 0;
+  bool changing_ = false;
+  std::vector<std::function<void(QWidget&)>> steps_;
+};
+
+/// Lays down the answers of a batting card read in mid-innings: every report, then the three exports.
+void read_everything(ClickingUser& user, const std::filesystem::path& folder, const std::string& stem,
+                     bool second_innings) {
+  std::vector<const char*> reports = {"Command2", "Command5", "Command6", "Command10"};
+  if (second_innings) reports.push_back("Command3");
+  for (const char* report : reports) user.robot.next("scorecard", pressing(report));
+  if (second_innings) {
+    user.robot.next("scorecard2", pressing("Command2"));
+    user.robot.next("scorecard2", pressing("Command3"));
+  }
+  struct Export {
+    const char* button;
+    const char* ending;
+  };
+  for (const Export& one : {Export{"Command7", ".html"}, Export{"Command8", ".txt"}, Export{"Command9", ".byb.txt"}}) {
+    user.robot.next("scorecard", pressing(one.button));
+    const QString path = QString::fromStdString((folder / (stem + one.ending)).string());
+    user.robot.next("QFileDialog", [path](QWidget& window) {
+      auto* dialog = qobject_cast<QFileDialog*>(&window);
+      ASSERT_NE(dialog, nullptr);
+      dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
+      QMetaObject::invokeMethod(dialog, "accept");
+    });
+  }
+}
+
+TEST_F(CaptainClickingTest, ActsBetweenOversCountAsInTheCore) {
+  begin_again_with_seed(21);
+  ClickingUser user;
+  captain(user);
+  user.robot.next("teamfrm", [](QWidget& window) {
+    ClickingUser::choose_match(window, 1, 2, true, true);
+    press(window, "Command1");
+  });
+  // The captain's own changes of bowler take the first other man.
+  user.robot.always("chgbowler", [this](QWidget& window) {
+    if (!changing_) {
+      choose_first_bowler(window);
+    } else {
+      for (int row = 1; row <= 11; ++row) {
+        auto* option = control<QAbstractButton>(window, ("Option1_" + std::to_string(row)).c_str());
+        if (!option->isEnabled() || row == match.bowler || match.bowling_card[row].balls >= 60) continue;
+        option->click();
+        break;
+      }
+    }
+    for (const char* ok : {"Command1", "Command2", "Command3"}) {
+      if (control<QAbstractButton>(window, ok)->isVisible()) return press(window, ok);
+    }
+  });
+  play([&](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+  const std::vector<std::string> written = lasting_files();
+
+  begin_again_with_seed(21);
+  CoreCaptain reference;
+  const front_end_scope in_use(reference);
+  teamfrm form;
+  form.open();
+  form.choose_first_team(1);
+  form.choose_second_team(2);
+  form.option1_cpu = form.option3_cpu = false;
+  form.command1_click();
+  EXPECT_EQ(user.books_shown, reference.books_shown);
+  EXPECT_EQ(user.messages, reference.messages);
+  EXPECT_TRUE(written == lasting_files()) << "the career or record files differ";
+  EXPECT_GT(over_, 70);
+}
+
+TEST_F(CaptainClickingTest, ReportsAndExportsInMidInningsEqualTheCores) {
+  begin_again_with_seed(5);
+  ClickingUser user;
+  user.robot.next("teamfrm", [](QWidget& window) {
+    ClickingUser::choose_match(window, 3, 6, true, false);
+    press(window, "Command1");
+  });
+  const std::filesystem::path folder = database_.folder();
+  std::vector<std::string> expected;
+  int over = 0;
+  user.robot.always("main", [&](QWidget& window) {
+    ++over;
+    const bool first = over == 11;
+    const bool second = match.first_total != 0 && match.over_no == 8 && expected.size() == 3;
+    if (first || second) {
+      read_everything(user, folder, first ? "one" : "two", second);
+      scorecard card;
+      card.open();
+      for (const std::string& bytes : {html_scorecard(card), text_scorecard(card), ball_by_ball(card)}) {
+        expected.push_back(bytes);
+      }
+      press(window, "Command2");
+    } else {
+      press(window, "Command1");
+    }
+  });
+  play([&](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+  EXPECT_EQ(user.robot.left(), 0);
+  ASSERT_EQ(expected.size(), 6U);
+  std::size_t i = 0;
+  for (const char* stem : {"one", "two"}) {
+    for (const char* ending : {".html", ".txt", ".byb.txt"}) {
+      EXPECT_EQ(bytes_of(folder / (std::string(stem) + ending)), expected[i++]) << stem << ending;
+    }
+  }
+  for (const char* report : {"Bowlcard", "partners", "graphs", "worms"}) EXPECT_EQ(user.robot.met(report), 2) << report;
+  for (const char* report : {"bowlcard2nd", "partners2"}) EXPECT_EQ(user.robot.met(report), 1) << report;
+}
+
+}  // namespace
+}  // namespace velorin::testing

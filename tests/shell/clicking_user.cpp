@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/clicking_user.h"
+
+#include <fmt/format.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QRadioButton>
+
+#include "console/console_view.h"
+#include "model/teams.h"
+#include "reports/export.h"
+
+namespace velorin::testing {
+
+std::string books() {
+  scorecard card;
+  card.open();
+  std::string text = html_scorecard(card) + text_scorecard(card) + ball_by_ball(card);
+  const rates_view rates = view_rates();
+  for (const rate_cell& cell : rates.label26) text += cell.heading + "=" + cell.text + ";";
+  text += rates.label15_20 + view_last_wicket() + view_score().label27_0;
+  text += fmt::format("|{}|{}|{}|{}|{}:{}|{}:{}", match.result_ground, match.result_winner, match.result_loser,
+                      match.result_margin, match.rate_first.team, match.rate_first.delta, match.rate_second.team,
+                      match.rate_second.delta);
+  return text;
+}
+
+ClickingUser::ClickingUser() {
+  answer_set_up();
+  answer_captain();
+  answer_reports();
+  answer_competitions();
+}
+
+void ClickingUser::press_ok(QWidget& window, const char* name) {
+  ++presses;
+  press(window, name);
+}
+
+void ClickingUser::choose_match(QWidget& window, int first, int second, bool first_human, bool second_human) {
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(first);
+  control<QComboBox>(window, "Combo2")->setCurrentIndex(second);
+  press(window, first_human ? "Option1_1" : "Option1_0");
+  press(window, second_human ? "Option3_1" : "Option3_0");
+}
+
+void ClickingUser::answer_set_up() {
+  robot.always("wecond", [this](QWidget& window) { press_ok(window, "Command1"); });
+  robot.always("Teamsel", [this](QWidget& window) {
+    press_ok(window, "Command3");
+    press_ok(window, match.first_team_done ? "Command2" : "Command1");
+  });
+  robot.always("toss", [this](QWidget& window) {
+    if (control<QAbstractButton>(window, "Command1_0")->isVisible()) press_ok(window, "Command1_0");
+    press_ok(window, control<QAbstractButton>(window, "Command2")->isEnabled() ? "Command2" : "Command3");
+  });
+  robot.always("message", [this](QWidget& window) {
+    messages.push_back(window.windowTitle().toStdString() + " | " +
+                       control<QLabel>(window, "text")->text().toStdString());
+    press_ok(window, "OK");
+  });
+}
+
+void choose_first_batsman(QWidget& window) {
+  for (int row = 1; row <= 11; ++row) {
+    auto* option = control<QRadioButton>(window, ("Option1_" + std::to_string(row)).c_str());
+    if (!option->isEnabled()) continue;
+    option->click();
+    return;
+  }
+  ADD_FAILURE() << "nobody is left to bat";
+}
+
+void choose_first_bowler(QWidget& window) {
+  for (int row = 1; row <= 11; ++row) {
+    auto* option = control<QRadioButton>(window, ("Option1_" + std::to_string(row)).c_str());
+    if (!option->isEnabled() || match.bowling_card[row].balls >= 60) continue;
+    option->click();
+    return;
+  }
+  ADD_FAILURE() << "nobody may bowl";
+}
+
+void ClickingUser::answer_captain() {
+  robot.always("main", [this](QWidget& window) { press_ok(window, "Command1"); });
+  robot.always("batorder", [this](QWidget& window) {
+    choose_first_batsman(window);
+    press_ok(window, "Command1");
+  });
+  robot.always("chgbowler", [this](QWidget& window) {
+    choose_first_bowler(window);
+    for (const char* ok : {"Command1", "Command2", "Command3"}) {
+      const auto* button = window.findChild<QAbstractButton*>(QString::fromLatin1(ok));
+      if (button != nullptr && button->isVisible()) return press_ok(window, ok);
+    }
+    ADD_FAILURE() << "no OK in " << window.windowTitle().toStdString();
+  });
+  robot.always("aggr", [this](QWidget& window) {
+    const bool batsman = control<QAbstractButton>(window, "Command1")->isVisible();
+    press_ok(window, batsman ? "Command1" : "Command2");
+  });
+  robot.always("batsmandetails", [this](QWidget& window) { press_ok(window, "Command1"); });
+}
+
+void ClickingUser::answer_reports() {
+  robot.always("scorecard", [this](QWidget& window) {
+    books_shown.push_back(books());
+    press_ok(window, "Command1");
+  });
+  for (const char* name : {"scorecard2", "Bowlcard", "bowlcard2nd", "partners", "partners2", "graphs", "worms"}) {
+    robot.always(name, [this](QWidget& window) { press_ok(window, "Command1"); });
+  }
+}
+
+void ClickingUser::answer_competitions() {
+  for (const char* name : {"sri_result", "triserresult", "wc_fix", "wcsstab", "Sqdet", "allrecs"}) {
+    robot.always(name, [this](QWidget& window) { press_ok(window, "Command1"); });
+  }
+  // Windows that only show how far play has come, and close themselves.
+  for (const char* name : {"Progressbar", "unstopped"}) robot.always(name, [](QWidget&) {});
+}
+
+}  // namespace velorin::testing

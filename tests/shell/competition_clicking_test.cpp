@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+
+#include "competitions/series1.h"
+#include "competitions/series2.h"
+#include "competitions/wc_fix.h"
+#include "competitions/wcsstab.h"
+#include "competitions/wctable.h"
+#include "model/teams.h"
+#include "shell/game_fixture.h"
+
+// Whole competitions played by pressing the controls of the windows. Tables, fixtures and results at every stage equal
+// the core's with the same draws.
+
+namespace velorin::testing {
+namespace {
+
+std::string line(const league_texts& row) {
+  std::string text;
+  for (const std::string& cell : row) text += cell + ";";
+  return text;
+}
+
+std::string texts(const sri_result& form) {
+  std::string text = form.label4_1 + "|";
+  for (const sri_result::row& row : form.rows) text += row.label1 + "=" + row.label2 + ";";
+  return text + "|" + form.label4_0;
+}
+
+std::string texts(const triserresult& form) {
+  std::string text = form.title + "|" + form.label4_1 + "|";
+  for (const league_texts& row : form.rows) text += line(row);
+  return text + "|" + form.label5_0 + "|" + form.label5_1;
+}
+
+std::string texts(const wc_fix& form) {
+  std::string text = std::to_string(form.next_fixture) + "|";
+  for (int place = 1; place <= form.fixtures; ++place) {
+    const wc_fix::row row = form.row_of(place);
+    text += row.label6 + row.label1 + row.label8 + row.label2 + row.label7 + row.label3 + row.label4 + ";";
+  }
+  return text;
+}
+
+std::string texts(const wcsstab& form) {
+  std::string text;
+  for (const auto* table : {&form.group_a, &form.group_b, &form.super_six}) {
+    for (const league_texts& row : *table) text += line(row);
+    text += "|";
+  }
+  return text + form.label1_22 + form.label1_23 + form.label1_24 + form.label8;
+}
+
+template <class CoreForm>
+std::string standing() {
+  CoreForm form;
+  form.open();
+  return texts(form);
+}
+
+/// The headless user, who keeps every standing that he is shown, and quits the World Cup at a showing of the list.
+class StandingsUser : public BookkeepingUser {
+ public:
+  std::vector<std::string> standings;
+  int lists = 0;
+  int quits_at = 0;  ///< at which showing of the fixture list, from 1; 0 never
+
+  using BookkeepingUser::show;
+  void show(sri_result& form) override { keep(form); }
+  void show(triserresult& form) override { keep(form); }
+  void show(wcsstab& form) override { keep(form); }
+  void show(wc_fix& form) override {
+    standings.push_back(texts(form));
+    if (++lists == quits_at) {
+      form.command3_click();
+    } else {
+      form.command1_click();
+    }
+  }
+
+ private:
+  template <class CoreForm>
+  void keep(CoreForm& form) {
+    standings.push_back(texts(form));
+    form.command1_click();
+  }
+};
+
+/// Keeps every standing that a window shows.
+class StandingsClicker : public ClickingUser {
+ public:
+  std::vector<std::string> standings;
+  int lists = 0;
+  int quits_at = 0;
+
+  StandingsClicker() {
+    keep<sri_result>("sri_result");
+    keep<triserresult>("triserresult");
+    keep<wcsstab>("wcsstab");
+    robot.always("wc_fix", [this](QWidget& window) {
+      standings.push_back(standing<wc_fix>());
+      ++presses;
+      press(window, ++lists == quits_at ? "Command3" : "Command1");
+    });
+  }
+
+ private:
+  template <class CoreForm>
+  void keep(const char* name) {
+    robot.always(name, [this](QWidget& window) {
+      standings.push_back(standing<CoreForm>());
+      ++presses;
+      press(window, "Command1");
+    });
+  }
+};
+
+class CompetitionClickingTest : public GameTest {
+ protected:
+  void expect_equal(const StandingsClicker& clicked, const std::vector<std::string>& written,
+                    const StandingsUser& reference) {
+    EXPECT_EQ(clicked.standings, reference.standings);
+    EXPECT_EQ(clicked.books_shown.size(), reference.books_shown.size());
+    EXPECT_TRUE(clicked.books_shown == reference.books_shown) << "the books differ";
+    EXPECT_EQ(clicked.messages, reference.messages);
+    EXPECT_TRUE(written == lasting_files()) << "the career or record files differ";
+  }
+};
+
+TEST_F(CompetitionClickingTest, ASeriesOfTenMatches) {
+  StandingsClicker user;
+  user.robot.next("series1", [](QWidget& window) {
+    control<QComboBox>(window, "Combo1")->setCurrentIndex(2);
+    control<QComboBox>(window, "Combo2")->setCurrentIndex(5);
+    control<QLineEdit>(window, "Text1")->setText(QStringLiteral("10"));
+    press(window, "Option3_1");
+    press(window, "Command1");
+  });
+  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label9"); });
+  const std::vector<std::string> written = lasting_files();
+  EXPECT_EQ(user.robot.met("sri_result"), 10);
+
+  begin_again_with_seed(1);
+  StandingsUser reference;
+  const front_end_scope in_use(reference);
+  series1 form;
+  form.open();
+  form.choose_home(2);
+  form.choose_away(5);
+  form.text1 = "10";
+  form.option3_cpu = false;
+  form.command1_click();
+  expect_equal(user, written, reference);
+}
+
+TEST_F(CompetitionClickingTest, ATriSeriesOfTwoRoundsWithItsFinal) {
+  StandingsClicker user;
+  user.robot.next("series2", [](QWidget& window) {
+    control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+    control<QComboBox>(window, "Combo2")->setCurrentIndex(3);
+    control<QComboBox>(window, "Combo3")->setCurrentIndex(8);
+    control<QLineEdit>(window, "Text1")->setText(QStringLiteral("2"));
+    press(window, "Option2_1");
+    press(window, "Command1");
+  });
+  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label10"); });
+  const std::vector<std::string> written = lasting_files();
+  EXPECT_EQ(user.robot.met("triserresult"), 7);
+
+  begin_again_with_seed(1);
+  StandingsUser reference;
+  const front_end_scope in_use(reference);
+  series2 form;
+  form.open();
+  form.choose_team(0, 0);
+  form.choose_team(1, 3);
+  form.choose_team(2, 8);
+  form.text1 = "2";
+  form.cpu[2] = false;
+  form.command1_click();
+  expect_equal(user, written, reference);
+}
+
+class WorldCupClickingTest : public CompetitionClickingTest, public ::testing::WithParamInterface<int> {
+ protected:
+  /// One human side, in Group A.
+  StandingsUser play_in_core(int quits_at) {
+    begin_again_with_seed(1);
+    StandingsUser reference;
+    reference.quits_at = quits_at;
+    const front_end_scope in_use(reference);
+    wctable form;
+    form.open();
+    form.check1[2] = true;
+    form.command1_click();
+    return reference;
+  }
+};
+
+TEST_P(WorldCupClickingTest, StandingsEqualTheCoresUpToTheEnd) {
+  StandingsClicker user;
+  user.quits_at = GetParam();
+  user.robot.next("wctable", [](QWidget& window) {
+    control<QCheckBox>(window, "Check1_2")->click();
+    press(window, "Command1");
+  });
+  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label11"); });
+  const std::vector<std::string> written = lasting_files();
+  const bool quit_kept = world_cup.quit_requested;
+  const StandingsUser reference = play_in_core(GetParam());
+  EXPECT_EQ(quit_kept, world_cup.quit_requested);
+  expect_equal(user, written, reference);
+  if (GetParam() == 0) {
+    EXPECT_EQ(user.robot.met("wc_fix"), 31);
+    EXPECT_EQ(user.robot.met("wcsstab"), 33);
+    EXPECT_GE(user.robot.met("main"), 4);
+  }
+}
+
+// To the end; at the first list; within the groups; at the draw of the Super Six; within the Super Six.
+INSTANTIATE_TEST_SUITE_P(Quits, WorldCupClickingTest, ::testing::Values(0, 1, 6, 22, 25));
+
+}  // namespace
+}  // namespace velorin::testing

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QComboBox>
+
+#include "model/random.h"
+#include "model/teams.h"
+#include "setup/teamfrm.h"
+#include "shell/game_fixture.h"
+
+// Whole matches played by pressing the controls of the windows; the books equal those of the core with the same draws.
+
+namespace velorin::testing {
+namespace {
+
+struct Captains {
+  bool first_human;
+  bool second_human;
+};
+
+class MatchClickingTest : public GameTest, public ::testing::WithParamInterface<Captains> {
+ protected:
+  /// The same match by the headless user.
+  BookkeepingUser play_in_core(bool first_human, bool second_human, std::uint64_t seed) {
+    begin_again_with_seed(seed);
+    BookkeepingUser user;
+    const front_end_scope in_use(user);
+    teamfrm form;
+    form.open();
+    form.choose_first_team(4);
+    form.choose_second_team(7);
+    form.option1_cpu = !first_human;
+    form.option3_cpu = !second_human;
+    form.command1_click();
+    return user;
+  }
+};
+
+TEST_P(MatchClickingTest, TheBooksEqualThoseOfTheCore) {
+  const auto [first_human, second_human] = GetParam();
+  for (const std::uint64_t seed : {3U, 8U}) {
+    SCOPED_TRACE(seed);
+    begin_again_with_seed(seed);
+    ClickingUser user;
+    user.robot.next("teamfrm", [&](QWidget& window) {
+      ClickingUser::choose_match(window, 4, 7, first_human, second_human);
+      press(window, "Command1");
+    });
+    play([&](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+    const match_result result = match;
+    const std::vector<std::string> written = lasting_files();
+    EXPECT_EQ(user.robot.left(), 0);
+    EXPECT_GT(written[0].size(), 0U);
+    EXPECT_GT(written[1].size(), 0U);
+
+    const BookkeepingUser reference = play_in_core(first_human, second_human, seed);
+    EXPECT_EQ(user.books_shown, reference.books_shown);
+    EXPECT_EQ(user.messages, reference.messages);
+    EXPECT_EQ(result.result_winner, match.result_winner);
+    EXPECT_EQ(result.result_margin, match.result_margin);
+    EXPECT_TRUE(written == lasting_files()) << "the career or record files differ";
+    EXPECT_EQ(user.books_shown.size(), 2U);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Captains, MatchClickingTest,
+                         ::testing::Values(Captains{false, false}, Captains{true, false}, Captains{false, true},
+                                           Captains{true, true}),
+                         [](const auto& which) {
+                           return std::string(which.param.first_human ? "Human" : "Computer") +
+                                  (which.param.second_human ? "AgainstHuman" : "AgainstComputer");
+                         });
+
+TEST_F(GameTest, ADrawnGroundListFollowsTheTeams) {
+  ClickingUser user;
+  std::vector<QString> grounds;
+  user.robot.next("teamfrm", [&](QWidget& window) {
+    ClickingUser::choose_match(window, 0, 9, false, false);
+    auto* list = control<QComboBox>(window, "Combo3");
+    for (int i = 0; i < list->count(); ++i) grounds.push_back(list->itemText(i));
+    EXPECT_EQ(list->currentIndex(), 1);
+    press(window, "Command2");
+  });
+  play([&](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+  EXPECT_EQ(grounds, (std::vector<QString>{"Aden Oval", "Aden Park", "Java Oval", "Java Park"}));
+  EXPECT_TRUE(match.team1_name.empty());
+}
+
+}  // namespace
+}  // namespace velorin::testing

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/unstopped_play.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QElapsedTimer>
+
+#include "competitions/series1.h"
+#include "competitions/wctable.h"
+#include "desktop/preferences.h"
+#include "model/teams.h"
+#include "shell/game_fixture.h"
+#include "shell/unstopped_window.h"
+#include "windows/window_checks.h"
+
+// Matches between two computer sides that run without stopping.
+
+namespace velorin::testing {
+namespace {
+
+class UnstoppedPlayTest : public GameTest {
+ protected:
+  /// A World Cup of computer sides by clicking; notes presses and milliseconds from the first list to the end.
+  struct Cup {
+    int presses = 0;
+    qint64 milliseconds = 0;
+    std::vector<std::string> met;
+    std::vector<std::string> files;
+  };
+  Cup play_cup(bool without_stopping) {
+    begin_again_with_seed(1);
+    preferences::set_plays_without_stopping(without_stopping);
+    ClickingUser user;
+    QElapsedTimer clock;
+    user.robot.next("wctable", [](QWidget& window) { press(window, "Command1"); });
+    user.robot.next("wc_fix", [&](QWidget& window) {
+      user.presses = 1;
+      clock.start();
+      press(window, "Command1");
+    });
+    play([](OpeningWindow& menu) { choose(menu, "Label1", "Label11"); });
+    return {user.presses, clock.elapsed(), user.robot.met(), lasting_files()};
+  }
+};
+
+TEST_F(UnstoppedPlayTest, AWorldCupGivesTheSameBooksWithAndWithoutStops) {
+  const Cup stopping = play_cup(false);
+  const std::string winner = world_cup.wc_final.winner;
+  const Cup unstopped = play_cup(true);
+  RecordProperty("presses_stopping", stopping.presses);
+  RecordProperty("presses_unstopped", unstopped.presses);
+  std::printf("World Cup: %d presses in %lld ms with stops, %d in %lld ms without\n", stopping.presses,
+              static_cast<long long>(stopping.milliseconds), unstopped.presses,
+              static_cast<long long>(unstopped.milliseconds));
+  EXPECT_EQ(world_cup.wc_final.winner, winner);
+  EXPECT_TRUE(stopping.files == unstopped.files) << "the career or record files differ";
+
+  begin_again_with_seed(1);
+  BookkeepingUser reference;
+  const front_end_scope in_use(reference);
+  wctable form;
+  form.open();
+  form.command1_click();
+  EXPECT_TRUE(unstopped.files == lasting_files()) << "the files differ from the core's";
+  EXPECT_LT(unstopped.presses, 5);
+  EXPECT_GT(stopping.presses, 32 * 5);
+}
+
+TEST_F(UnstoppedPlayTest, ItStopsForAHumanSide) {
+  preferences::set_plays_without_stopping(true);
+  ClickingUser user;
+  user.robot.next("wctable", [](QWidget& window) {
+    control<QCheckBox>(window, "Check2_4")->click();
+    press(window, "Command1");
+  });
+  std::vector<std::string> sides;
+  user.robot.always("wecond", [&](QWidget& window) {
+    EXPECT_TRUE(match.human_involved());
+    press(window, "Command1");
+  });
+  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label11"); });
+  EXPECT_GE(user.robot.met("wecond"), 4);
+  EXPECT_LE(user.robot.met("wecond"), 11);
+  EXPECT_EQ(user.robot.met("toss"), user.robot.met("wecond"));
+}
+
+TEST_F(UnstoppedPlayTest, ItCanBeAskedToStopAtTheNextMatch) {
+  preferences::set_plays_without_stopping(true);
+  ClickingUser user;
+  user.robot.next("series1", [](QWidget& window) {
+    control<QLineEdit>(window, "Text1")->setText(QStringLiteral("10"));
+    press(window, "Command1");
+  });
+  int asked_in = 0;
+  user.robot.next("unstopped", [&](QWidget& window) {
+    check_window(window);
+    take_picture(window, "unstopped");
+    asked_in = series.match_no;
+    press(window, "stop");
+  });
+  int stopped_at = 0;
+  user.robot.next("sri_result", [&](QWidget& window) {
+    stopped_at = series.match_no;
+    press(window, "Command1");
+  });
+  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label9"); });
+  EXPECT_GE(asked_in, 1);
+  EXPECT_EQ(stopped_at, asked_in);
+  EXPECT_EQ(user.robot.met("sri_result"), 2) << "once as asked, once at the end";
+  EXPECT_EQ(user.robot.met("scorecard"), 0);
+}
+
+TEST_F(UnstoppedPlayTest, ASingleMatchRunsToTheMenu) {
+  preferences::set_plays_without_stopping(true);
+  ClickingUser user;
+  user.robot.next("teamfrm", [](QWidget& window) {
+    ClickingUser::choose_match(window, 0, 1, false, false);
+    press(window, "Command1");
+  });
+  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+  EXPECT_EQ(user.robot.met("wecond") + user.robot.met("Teamsel") + user.robot.met("scorecard") +
+                user.robot.met("message"),
+            0);
+  EXPECT_GT(lasting_files()[0].size(), 0U);
+}
+
+TEST_F(UnstoppedPlayTest, SwitchedOffEveryStopComes) {
+  preferences::set_plays_without_stopping(false);
+  ClickingUser user;
+  user.robot.next("teamfrm", [](QWidget& window) {
+    EXPECT_FALSE(control<QCheckBox>(window, "play_without_stopping")->isChecked());
+    ClickingUser::choose_match(window, 0, 1, false, false);
+    press(window, "Command1");
+  });
+  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+  EXPECT_EQ(user.robot.met("wecond"), 1);
+  EXPECT_EQ(user.robot.met("Teamsel"), 4) << "Auto Select and OK for each team";
+  EXPECT_EQ(user.robot.met("scorecard"), 2);
+  EXPECT_EQ(user.messages.size(), 1U);
+}
+
+}  // namespace
+}  // namespace velorin::testing
