@@ -12,9 +12,15 @@ namespace velorin {
 
 namespace {
 
-std::string text_of(const std::filesystem::path& path) {
-  const std::string name = path.string();
-  return from_utf8(name).value_or(name);
+/// A path as a setting can hold it; "" for one with a character that has no place in Windows-1252.
+std::string text_of(const std::filesystem::path& path) { return from_utf8(path.string()).value_or(std::string()); }
+
+/// The folder above that of the data files.
+std::filesystem::path program_folder() {
+  std::error_code failed;
+  std::filesystem::path data = std::filesystem::absolute(files.folder, failed).lexically_normal();
+  if (!data.has_filename()) data = data.parent_path();  // a slash behind the name
+  return data.parent_path();
 }
 
 bool is_folder(const std::string& path) {
@@ -42,9 +48,7 @@ void optfrm::open() {
   show_color(sample_back_color, settings.back_color);
   font_dialog_color = sample_text_color;
   back_dialog_color = sample_back_color;
-  std::error_code failed;
-  const std::filesystem::path program_folder = std::filesystem::absolute(files.folder, failed).parent_path();
-  dir1 = is_folder(settings.photo_path) ? settings.photo_path : text_of(program_folder);
+  dir1 = is_folder(settings.photo_path) ? settings.photo_path : text_of(program_folder());
   drive1 = text_of(std::filesystem::path(to_utf8(dir1)).root_path());
 }
 

@@ -19,7 +19,7 @@ struct optfrm {
   std::vector<std::string> combo1_list;    ///< databases on offer
   std::string combo1_text;                 ///< the chosen one; "" for none
   std::string drive1;                      ///< root of the folder chooser
-  std::string dir1;                        ///< the chosen folder
+  std::string dir1;                        ///< the chosen folder; "" for none
   long sample_text_color = 0;              ///< of Label2
   long sample_back_color = 0xFFFFFF;       ///< of Label2
   std::string sample_font = "Sans Serif";  ///< of Label2; the window fills in the font it uses
@@ -29,6 +29,8 @@ struct optfrm {
 
   /// Fills the fields from `settings` and the folder of the data files. A setting that cannot be shown, such as a
   /// database no longer on offer, a folder out of reach or a colour that is none, is passed over.
+  /// The folder of the program stands for a folder out of reach, and none for one whose name has no place in
+  /// Windows-1252.
   void open();
 
   /// A change of the drive. One that cannot be reached is ignored.

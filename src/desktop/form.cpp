@@ -170,6 +170,11 @@ void Form::showEvent(QShowEvent* event) {
       adjustSize();
       if (const QScreen* at = screen()) resize(size().boundedTo(at->availableSize()));
     }
+    // Wrapped lines may need more height than at the last time.
+    if (const int needed = layout()->hasHeightForWidth() ? layout()->totalMinimumHeightForWidth(width()) : 0;
+        needed > height()) {
+      resize(width(), needed);
+    }
   }
   QDialog::showEvent(event);
 }

@@ -56,6 +56,39 @@ TEST_F(Optfrm, PassesOverSettingsThatCannotBeShown) {
   EXPECT_EQ(form.dir1, folder.parent_path().string());
 }
 
+TEST_F(Optfrm, ASlashBehindTheFolderChangesNothing) {
+  files = database_paths(folder / "", "base");
+  form.open();
+  EXPECT_THAT(form.combo1_list, ElementsAre("alpha", "beta"));
+  EXPECT_EQ(form.dir1, folder.parent_path().string());
+  files = database_paths(folder / ".", "base");
+  form.open();
+  EXPECT_EQ(form.dir1, folder.parent_path().string());
+}
+
+TEST_F(Optfrm, AFolderWithoutAPlaceInTheCodePageLeavesNone) {
+  const std::filesystem::path data = folder / "\xE5\xB1\xB1" / "teams";
+  std::filesystem::create_directories(data);
+  write_bytes(data / "delta.team", "");
+  write_bytes(data / "delta.grd", "");
+  files = database_paths(data, "base");
+  form.open();
+  EXPECT_THAT(form.combo1_list, ElementsAre("delta"));
+  EXPECT_EQ(form.dir1, "");
+  form.combo1_text = "delta";
+  EXPECT_FALSE(form.command1_click().has_value());
+  EXPECT_EQ(bytes_of(data / "options.mc"), "\r\ndelta\r\n000000\r\nFFFFFF\r\nSans Serif\r\n");
+}
+
+TEST_F(Optfrm, AFolderInTheCodePageIsShownInIt) {
+  const std::filesystem::path data = folder / "caf\xC3\xA9" / "teams";
+  std::filesystem::create_directories(data);
+  files = database_paths(data, "base");
+  form.open();
+  EXPECT_EQ(form.dir1, folder.string() + "/caf\xE9");
+  EXPECT_EQ(form.drive1, "/");
+}
+
 TEST_F(Optfrm, OkWithoutADatabaseShowsAMessageAndStays) {
   form.open();
   const auto message = form.command1_click();

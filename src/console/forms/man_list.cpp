@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/forms/man_list.h"
+
+#include <QButtonGroup>
+#include <QLabel>
+#include <QRadioButton>
+
+#include "desktop/controls.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+
+namespace velorin {
+
+ManList::ManList(const QString& names_heading, std::vector<Column> columns, QWidget* parent)
+    : BandedGrid(3, parent), columns_(std::move(columns)), group_(new QButtonGroup(this)) {
+  add_heading(0, names_heading, false, true);
+  int at = 0;
+  for (const Column& column : columns_) add_heading(++at, column.heading, column.numbers);
+  on_row_pressed([this](int row) { options_[static_cast<std::size_t>(row)]->click(); });
+}
+
+void ManList::set_row(int row, const QString& name, bool enabled, const std::vector<QString>& texts) {
+  auto* option = new QRadioButton(button_text(name));
+  option->setObjectName(QStringLiteral("Option1_%1").arg(row));
+  option->setEnabled(enabled);
+  group_->addButton(option, row);
+  options_[static_cast<std::size_t>(row)] = option;
+  add(row, 0, option);
+  QStringList spoken{name};
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const Column& column = columns_[i];
+    QLabel* text = new_label(texts[i], column.muted || !enabled ? TextRole::muted : TextRole::body);
+    if (column.label != nullptr) text->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(column.label)).arg(row));
+    add(row, static_cast<int>(i) + 1, text);
+    if (!texts[i].isEmpty()) spoken << QStringLiteral("%1 %2").arg(column.heading.trimmed(), texts[i]).trimmed();
+  }
+  option->setAccessibleName(spoken.join(QStringLiteral(", ")));
+  connect(option, &QRadioButton::toggled, this, [this, row](bool on) {
+    if (on && chosen_) guarded([&] { chosen_(row); });
+  });
+}
+
+void ManList::choose(int row) {
+  QRadioButton* wanted = row > 0 ? options_[static_cast<std::size_t>(row)] : nullptr;
+  if (wanted != nullptr) wanted->setChecked(true);
+  for (int i = 1; i <= 11 && (wanted == nullptr || !wanted->isEnabled()); ++i) {
+    wanted = options_[static_cast<std::size_t>(i)];
+  }
+  if (wanted != nullptr) wanted->setFocus();
+}
+
+bool ManList::has_choice() const {
+  const QAbstractButton* chosen = group_->checkedButton();
+  return chosen != nullptr && chosen->isEnabled();
+}
+
+}  // namespace velorin

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/forms/batorder_window.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QRadioButton>
+#include <QSlider>
+#include <QTest>
+
+#include "console/captain_forms.h"
+#include "model/teams.h"
+#include "support/sample_match.h"
+#include "support/scripted_user.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::StartsWith;
+
+class BatorderWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override { set_up_sample_match(false, false); }
+
+  static QRadioButton* option(const QWidget& window, int row) {
+    return control<QRadioButton>(window, ("Option1_" + std::to_string(row)).c_str());
+  }
+  static QString text(const QWidget& window, const char* label, int row) {
+    return control<QLabel>(window, (label + std::string("_") + std::to_string(row)).c_str())->text();
+  }
+};
+
+TEST_F(BatorderWindowTest, PassesTheChecks) {
+  match.striker = 3;
+  match.non_striker = 2;
+  batorder form("Select Next Batsman");
+  BatorderWindow window(form);
+  window.show();
+  take_picture(window, "batorder");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.windowTitle(), "Select Next Batsman");
+}
+
+TEST_F(BatorderWindowTest, ShowsTheEleven) {
+  match.striker = 1;
+  match.non_striker = 3;
+  match.batting_xi[5].name = "R.& S.Vance";
+  batorder form("Select Next Batsman");
+  BatorderWindow window(form);
+  for (int row = 1; row <= 11; ++row) {
+    EXPECT_EQ(option(window, row)->isEnabled(), row > 3) << row;
+    EXPECT_EQ(text(window, "Label1", row), QString::fromStdString(form.label1(row))) << row;
+    EXPECT_EQ(text(window, "note", row), row > 3 ? "" : "Has come in") << row;
+  }
+  EXPECT_EQ(option(window, 5)->text(), "R.&& S.Vance");
+  EXPECT_TRUE(option(window, 4)->isChecked());
+}
+
+TEST_F(BatorderWindowTest, OkBringsInTheChosenMan) {
+  match.striker = 1;
+  match.non_striker = 2;
+  match.batsman_aggression = {4, 5};
+  batorder form("Select Next Batsman");
+  BatorderWindow window(form);
+  window.show();
+  EXPECT_EQ(control<QSlider>(window, "VScroll1")->value(), 3);
+  option(window, 9)->click();
+  control<QSlider>(window, "VScroll1")->setValue(2);
+  press(window, "Command1");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(window.result(), QDialog::Accepted);
+  EXPECT_EQ(match.batting_xi[3].name, "H.Bat9");
+  EXPECT_EQ(match.batting_xi[4].name, "H.Bat3");
+  EXPECT_EQ(match.batsman_aggression[1], 2);
+  EXPECT_EQ(match.batsman_aggression[0], 5);
+}
+
+TEST_F(BatorderWindowTest, OkAtOnceBringsInTheNextInOrder) {
+  const eleven before = match.batting_xi;
+  batorder form("Select 1st Opener");
+  BatorderWindow window(form);
+  window.show();
+  take_picture(window, "batorder_opener");
+  EXPECT_TRUE(option(window, 1)->isEnabled());
+  press(window, "Command1");
+  for (int row = 1; row <= 11; ++row) EXPECT_EQ(match.batting_xi[row].name, before[row].name) << row;
+  EXPECT_EQ(match.batsman_aggression[0], 3) << "both slots at the first opener";
+  EXPECT_EQ(match.batsman_aggression[1], 3);
+}
+
+TEST_F(BatorderWindowTest, ArrowsMoveBetweenTheRowsThatAreOpen) {
+  match.striker = 4;
+  match.non_striker = 5;
+  batorder form("Select Next Batsman");
+  BatorderWindow window(form);
+  window.show();
+  window.activateWindow();
+  QApplication::processEvents();
+  ASSERT_NE(window.focusWidget(), nullptr);
+  EXPECT_EQ(window.focusWidget()->objectName(), "Option1_6");
+  QTest::keyClick(window.focusWidget(), Qt::Key_Down);
+  QTest::keyClick(window.focusWidget(), Qt::Key_Down);
+  EXPECT_EQ(form.chosen, 8);
+  QTest::keyClick(window.focusWidget(), Qt::Key_Up);
+  EXPECT_EQ(form.chosen, 7);
+  EXPECT_TRUE(option(window, 7)->isChecked());
+}
+
+TEST_F(BatorderWindowTest, TheProfileOpensFromItsButtonOnly) {
+  scripted_user user;
+  const front_end_scope scope(user);
+  batorder form("Select Next Batsman");
+  BatorderWindow window(form);
+  window.show();
+  option(window, 6)->click();
+  EXPECT_THAT(user.requests, ElementsAre());
+  press(window, "Profile");
+  // There is no such player in the careers.
+  EXPECT_THAT(user.requests, ElementsAre(StartsWith("message Error - Player Details | ")));
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(BatorderWindowTest, EscapeLeavesItOpen) {
+  batorder form("Select 2nd Opener");
+  BatorderWindow window(form);
+  window.show();
+  window.reject();
+  window.close();
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(form.closed);
+}
+
+}  // namespace
+}  // namespace velorin::testing

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/forms/chgbowler_window.h"
+
+#include <gmock/gmock.h>
+
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+
+#include "console/captain_forms.h"
+#include "model/teams.h"
+#include "support/sample_match.h"
+#include "support/scripted_user.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::StartsWith;
+
+class ChgbowlerWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override { set_up_sample_match(false, false); }
+
+  static void in_play() {
+    match.bowler = 8;
+    match.next_bowler = 9;
+    match.bowling_card[6].balls = 60;
+    match.bowling_card[6].runs = 48;
+    match.bowling_card[6].wickets = 2;
+    match.bowling_card[8].balls = 34;
+    match.bowling_card[8].maidens = 1;
+    match.bowling_card[8].runs = 27;
+    match.bowling_card[8].wickets = 3;
+    match.bowling_card[9].balls = 30;
+    match.bowling_card[9].runs = 31;
+  }
+  static QRadioButton* option(const QWidget& window, int row) {
+    return control<QRadioButton>(window, ("Option1_" + std::to_string(row)).c_str());
+  }
+  static QString text(const QWidget& window, const char* label, int row) {
+    return control<QLabel>(window, (label + std::string("_") + std::to_string(row)).c_str())->text();
+  }
+  static bool ok_enabled(const QWidget& window, const char* name) {
+    return control<QPushButton>(window, name)->isEnabled();
+  }
+};
+
+TEST_F(ChgbowlerWindowTest, PassesTheChecks) {
+  in_play();
+  chgbowler form(chgbowler::use::change, "Change Bowler");
+  ChgbowlerWindow window(form);
+  window.show();
+  take_picture(window, "chgbowler");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.windowTitle(), "Change Bowler");
+}
+
+TEST_F(ChgbowlerWindowTest, ShowsWhatACaptainNeeds) {
+  in_play();
+  chgbowler form(chgbowler::use::change, "Change Bowler");
+  ChgbowlerWindow window(form);
+  for (int row = 1; row <= 11; ++row) {
+    EXPECT_EQ(option(window, row)->text(), QString::fromStdString(form.option1(row))) << row;
+    EXPECT_EQ(option(window, row)->isEnabled(), row != 7 && row != 9) << row;
+    EXPECT_EQ(text(window, "Label1", row), QString::fromStdString(form.label1(row))) << row;
+    EXPECT_EQ(text(window, "Label2", row), QString::fromStdString(form.label2(row))) << row;
+  }
+  EXPECT_TRUE(option(window, 8)->isChecked());
+  EXPECT_EQ(text(window, "figures", 8), "5.4-1-27-3");
+  EXPECT_EQ(text(window, "figures", 1), "");
+  EXPECT_EQ(text(window, "note", 6), "10 overs bowled");
+  EXPECT_EQ(text(window, "note", 7), "Wicket-keeper");
+  EXPECT_EQ(text(window, "note", 9), "Bowls at the other end");
+  EXPECT_EQ(text(window, "note", 8), "");
+}
+
+TEST_F(ChgbowlerWindowTest, TheCaptainChangesTheBowler) {
+  in_play();
+  chgbowler form(chgbowler::use::change, "Change Bowler");
+  ChgbowlerWindow window(form);
+  window.show();
+  EXPECT_FALSE(control<QPushButton>(window, "Command2")->isVisible());
+  EXPECT_FALSE(control<QPushButton>(window, "Command3")->isVisible());
+  option(window, 10)->click();
+  press(window, "Command1");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(match.bowler, 10);
+  EXPECT_EQ(match.next_bowler, 9);
+}
+
+TEST_F(ChgbowlerWindowTest, EscapeKeepsTheBowler) {
+  in_play();
+  chgbowler form(chgbowler::use::change, "Change Bowler");
+  ChgbowlerWindow window(form);
+  window.show();
+  option(window, 10)->click();
+  window.reject();
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_FALSE(form.closed);
+  EXPECT_EQ(match.bowler, 8);
+}
+
+TEST_F(ChgbowlerWindowTest, TheFirstOpenerMustBeChosen) {
+  chgbowler form(chgbowler::use::first_opener, "Select 1st Opening Bowler");
+  ChgbowlerWindow window(form);
+  window.show();
+  EXPECT_FALSE(ok_enabled(window, "Command2"));
+  EXPECT_EQ(window.focusWidget()->objectName(), "Option1_1");
+  window.reject();
+  EXPECT_TRUE(window.isVisible());
+  option(window, 8)->click();
+  EXPECT_TRUE(ok_enabled(window, "Command2"));
+  press(window, "Command2");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(match.bowler, 8);
+  EXPECT_EQ(match.next_bowler, 0);
+}
+
+TEST_F(ChgbowlerWindowTest, TheSecondOpenerMustBeAnotherMan) {
+  match.bowler = 8;
+  chgbowler form(chgbowler::use::second_opener, "Select 2nd Opening Bowler");
+  ChgbowlerWindow window(form);
+  window.show();
+  take_picture(window, "chgbowler_second");
+  check_window_at_sizes(window);
+  EXPECT_TRUE(option(window, 8)->isChecked());
+  EXPECT_FALSE(option(window, 8)->isEnabled());
+  EXPECT_EQ(text(window, "note", 8), "Bowls at the other end");
+  EXPECT_FALSE(ok_enabled(window, "Command3"));
+  QTest::keyClick(&window, Qt::Key_Return);
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(form.closed);
+  option(window, 9)->click();
+  EXPECT_FALSE(option(window, 8)->isChecked());
+  QTest::keyClick(&window, Qt::Key_Return);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(match.bowler, 8);
+  EXPECT_EQ(match.next_bowler, 9);
+}
+
+TEST_F(ChgbowlerWindowTest, AManWithHisQuotaCanBeChosen) {
+  in_play();
+  chgbowler form(chgbowler::use::change, "Change Bowler");
+  ChgbowlerWindow window(form);
+  window.show();
+  option(window, 6)->click();
+  press(window, "Command1");
+  EXPECT_EQ(match.bowler, 6);
+}
+
+TEST_F(ChgbowlerWindowTest, ASideOfKeepersIsNotStuck) {
+  for (int row = 1; row <= 11; ++row) match.bowling_xi[row].is_keeper = flag_true;
+  chgbowler form(chgbowler::use::first_opener, "Select 1st Opening Bowler");
+  ChgbowlerWindow window(form);
+  window.show();
+  EXPECT_TRUE(ok_enabled(window, "Command2"));
+}
+
+TEST_F(ChgbowlerWindowTest, TheProfileOpensFromItsButtonOnly) {
+  in_play();
+  scripted_user user;
+  const front_end_scope scope(user);
+  chgbowler form(chgbowler::use::change, "Change Bowler");
+  ChgbowlerWindow window(form);
+  window.show();
+  option(window, 11)->click();
+  EXPECT_THAT(user.requests, ElementsAre());
+  press(window, "Profile");
+  EXPECT_THAT(user.requests, ElementsAre(StartsWith("message Error - Player Details | ")));
+}
+
+}  // namespace
+}  // namespace velorin::testing
