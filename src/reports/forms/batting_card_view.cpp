@@ -26,7 +26,6 @@ enum Column { name, fielder, bowler, runs, balls, columns };
 
 constexpr int row_height = 28;
 constexpr int side_space = 10;
-constexpr QSize narrowest(700, 0);
 constexpr QSize large(1100, 640);  // from this size on the type is a step larger
 
 QString numbered(const char* control, int place) {
@@ -82,7 +81,6 @@ BattingCardView::BattingCardView(const batting_screen& card, std::function<void(
     : QFrame(parent), details_(std::move(details)), table_(batting_table(card)), grid_(new QGridLayout(this)) {
   setProperty("card", true);
   setObjectName(QStringLiteral("card"));
-  setMinimumSize(narrowest);
   setAccessibleName(QStringLiteral("Batting card, %1").arg(shown(card.label10)));
   grid_->setContentsMargins(16, 8, 16, 8);
   grid_->setHorizontalSpacing(12);
@@ -90,6 +88,9 @@ BattingCardView::BattingCardView(const batting_screen& card, std::function<void(
   grid_->setColumnStretch(name, 3);
   grid_->setColumnStretch(fielder, 3);
   grid_->setColumnStretch(bowler, 4);
+  grid_->setColumnMinimumWidth(name, 170);
+  grid_->setColumnMinimumWidth(fielder, 160);
+  grid_->setColumnMinimumWidth(bowler, 180);
   grid_->setColumnMinimumWidth(runs, 72);
   grid_->setColumnMinimumWidth(balls, 72);
   add_headings();

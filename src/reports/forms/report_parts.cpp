@@ -16,8 +16,6 @@ namespace velorin {
 
 namespace {
 
-constexpr int widest_column = 1360;
-
 /// A name in a cell; files keep a doubled ampersand.
 TableCell name_cell(const std::string& text) {
   return {.text = shown_caption(text), .look = CellLook::normal, .kept = shown(text)};
@@ -47,9 +45,9 @@ void name_head(Form& form, const QString& heading, const QString& subheading) {
   quiet->setObjectName(subheading);
 }
 
-QVBoxLayout* new_column(Form& form) {
+QVBoxLayout* new_column(Form& form, int widest) {
   auto* column = new QWidget;
-  column->setMaximumWidth(widest_column);
+  column->setMaximumWidth(widest);
   auto* rows = new QVBoxLayout(column);
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(8);
@@ -99,7 +97,7 @@ void lay_out_table(Form& form, const QString& title, const QString& table_name, 
   auto* view = new TableView(table_name);
   view->set_table(table);
   view->setMinimumSize(640, 380);  // eleven rows
-  form.body()->addWidget(view);
+  new_column(form, widest_table)->addWidget(view);
   add_ok(form);
   view->setFocus();
 }

@@ -28,8 +28,10 @@ void add_ok(Form& form);
 /// Gives the two lines at the head of a form the names of controls.
 void name_head(Form& form, const QString& heading, const QString& subheading);
 
-/// A column in the middle of a form's body, not wider than a card reads well; for its rows.
-QVBoxLayout* new_column(Form& form);
+/// A column in the middle of a form's body, up to `widest` pixels wide; for its rows.
+QVBoxLayout* new_column(Form& form, int widest);
+inline constexpr int widest_card = 1360;
+inline constexpr int widest_table = 1040;
 
 /// The screens as tables.
 Table bowling_table(const bowling_screen& screen);

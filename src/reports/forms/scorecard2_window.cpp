@@ -18,14 +18,15 @@ Scorecard2Window::Scorecard2Window(const scorecard2& form, QWidget* parent)
   set_title(QStringLiteral("Scorecard - 1st Innings"), shown(form_.label10));
   set_subheading(shown(form_.label12));
   name_head(*this, QStringLiteral("Label10"), QStringLiteral("Label12"));
-  new_column(*this)->addWidget(new BattingCardView(form_,
-                                                   [this](int place) {
-                                                     batsmandetails details;
-                                                     details.figures = form_.details(place);
-                                                     details.title = details.figures.title;
-                                                     user().show(details);
-                                                   }),
-                               1);
+  new_column(*this, widest_card)
+      ->addWidget(new BattingCardView(form_,
+                                      [this](int place) {
+                                        batsmandetails details;
+                                        details.figures = form_.details(place);
+                                        details.title = details.figures.title;
+                                        user().show(details);
+                                      }),
+                  1);
   add_aside(new_report_button(QStringLiteral("Command2"),
                               {.caption = shown(scorecard2::command2_caption), .mnemonic = u'B'},
                               [this] { form_.command2_click(); }));

@@ -53,7 +53,7 @@ ScorecardWindow::ScorecardWindow(const scorecard& form, QWidget* parent)
   set_subheading(shown(form_.label12));
   name_head(*this, QStringLiteral("Label10"), QStringLiteral("Label12"));
   body()->setContentsMargins(24, 12, 24, 12);
-  column_ = new_column(*this);
+  column_ = new_column(*this, widest_card);
   column_->addWidget(new BattingCardView(form_,
                                          [this](int place) {
                                            batsmandetails details;

@@ -1,1 +1,199 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QCoreApplication>
+#include <QImage>
+#include <QLabel>
+#include <QPushButton>
+
+#include "desktop/line_chart.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+#include "desktop/theme.h"
+#include "reports/forms/graphs_window.h"
+#include "reports/forms/over_bars_view.h"
+#include "reports/forms/played_match.h"
+#include "reports/forms/worms_window.h"
+#include "reports/graphs.h"
+#include "reports/worms.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+using GraphsWindowTest = ReportWindowTest;
+using WormsWindowTest = ReportWindowTest;
+
+template <class Screen>
+Screen opened() {
+  Screen screen;
+  screen.open();
+  return screen;
+}
+
+void set_over(ball_log_table& log, int over, const std::vector<std::string>& symbols) {
+  for (std::size_t b = 1; b <= 6; ++b) log[static_cast<std::size_t>(over)][b] = "";
+  for (std::size_t b = 0; b < symbols.size(); ++b) log[static_cast<std::size_t>(over)][b + 1] = symbols[b];
+}
+
+QColor color_at(const QImage& picture, QPointF point) { return picture.pixelColor(point.toPoint()); }
+
+TEST_F(GraphsWindowTest, OneScaleServesBothHalves) {
+  set_over(match.ball_log, 3, {"6", "6", "0", "0", "0", "0"});
+  set_over(match.first_ball_log, 50, {"1", "1", "1", "1", "1", "1"});
+  const auto form = opened<graphs>();
+  GraphsWindow window(form);
+  window.show();
+  const auto* bars = control<OverBarsView>(window, "bars");
+  EXPECT_DOUBLE_EQ(bars->bar_of(0, 3).bottom(), bars->y_of(3300));
+  EXPECT_DOUBLE_EQ(bars->bar_of(1, 50).bottom(), bars->y_of(6840));
+  EXPECT_NEAR(bars->bar_of(0, 3).height(), 2 * bars->bar_of(1, 50).height(), 1e-6);
+  EXPECT_NEAR(bars->bar_of(0, 3).height() / 12, (bars->y_of(165) - bars->y_of(0)), 1e-6) << "165 units a run";
+  EXPECT_GT(bars->x_of(50), bars->x_of(3));
+}
+
+TEST_F(GraphsWindowTest, ThePictureShowsBarsMarksAndTheRate) {
+  set_over(match.ball_log, 3, {"6", "6", "W", "0", "0", "0"});
+  const auto form = opened<graphs>();
+  GraphsWindow window(form);
+  window.show();
+  auto* bars = control<OverBarsView>(window, "bars");
+  const QImage picture = bars->grab().toImage();
+  const QRectF bar = bars->bar_of(0, 3);
+  EXPECT_EQ(color_at(picture, bar.center() + QPointF(0, bar.height() / 4)), chart_color(0));
+  const QRectF mark = bars->mark_of(0, 3);
+  EXPECT_LT(mark.bottom(), bar.top());
+  EXPECT_EQ(color_at(picture, QPointF(mark.center().x(), mark.bottom() - 2)), theme().ball);
+  EXPECT_EQ(color_at(picture, QPointF(bars->x_of(50), bars->y_of(3300) - 30)), theme().card) << "not bowled yet";
+}
+
+TEST_F(GraphsWindowTest, AnOverBeyondTheScaleIsNotCutOff) {
+  set_over(match.ball_log, 3, {"6", "6", "6", "6", "6", "12"});
+  const auto form = opened<graphs>();
+  GraphsWindow window(form);
+  window.show();
+  take_picture(window, "graphs-tall_over");
+  auto* bars = control<OverBarsView>(window, "bars");
+  EXPECT_GT(bars->bar_of(0, 3).top(), 0);
+  EXPECT_GT(bars->mark_of(0, 3).top(), 0);
+  EXPECT_LT(bars->y_of(3300 - 42 * 165), bars->y_of(0));
+  EXPECT_EQ(color_at(bars->grab().toImage(), bars->bar_of(0, 3).center()), chart_color(0));
+  check_window_at_sizes(window);
+}
+
+TEST_F(GraphsWindowTest, WithoutABallTheRateLiesOnTheBaseLine) {
+  match = played_match().no_ball;
+  const auto form = opened<graphs>();
+  GraphsWindow window(form);
+  window.show();
+  const auto* bars = control<OverBarsView>(window, "bars");
+  EXPECT_EQ(bars->bar_of(0, 1).height(), 0);
+  EXPECT_EQ(control<QLabel>(window, "Label6_0")->text(), "South Isles   ( 0/0 )");
+  EXPECT_TRUE(bars->accessibleDescription().startsWith("South Isles   ( 0/0 ), 0 an over. no over.")) << "in words";
+}
+
+TEST_F(GraphsWindowTest, TheBarsInWords) {
+  set_over(match.ball_log, 1, {"4", "0", "W", "0", "0", "0"});
+  set_over(match.ball_log, 2, {"1", "0", "0", "0", "0", "0"});
+  const auto form = opened<graphs>();
+  GraphsWindow window(form);
+  const QString words = control<OverBarsView>(window, "bars")->accessibleDescription();
+  EXPECT_TRUE(words.contains("an over. Over 1: 4 runs, wicket; Over 2: 1 run; Over 3: ")) << words.toStdString();
+  EXPECT_TRUE(words.contains("South Isles   ( "));
+}
+
+TEST_F(GraphsWindowTest, TheSameFiguresAsATable) {
+  set_over(match.ball_log, 2, {"4", "0", "W", "0", "0", "3"});
+  const auto form = opened<graphs>();
+  GraphsWindow window(form);
+  window.show();
+  EXPECT_FALSE(window.shows_table());
+  press(window, "ShowAsTable");
+  EXPECT_TRUE(window.shows_table());
+  EXPECT_FALSE(control<OverBarsView>(window, "bars")->isVisible());
+  take_picture(window, "graphs-table");
+  check_window_at_sizes(window);
+  for (const int half : {0, 1}) {
+    const Table& table = control<TableView>(window, half == 0 ? "overs_0" : "overs_1")->table();
+    EXPECT_EQ(table.name, shown(form.label6[static_cast<std::size_t>(half)]));
+    ASSERT_EQ(static_cast<int>(table.rows.size()), form.overs[static_cast<std::size_t>(half)]);
+    for (const TableRow& row : table.rows) {
+      const OverFigures figures = over_figures(form, half, row.cells[0].text.toInt());
+      EXPECT_EQ(row.cells[1].text.toInt(), figures.runs);
+      EXPECT_EQ(row.cells[2].text, figures.wicket ? "W" : "");
+    }
+  }
+  const Table& innings = control<TableView>(window, "overs_0")->table();
+  EXPECT_EQ(innings.rows[1].cells[1].text, "7");
+  EXPECT_EQ(innings.rows[1].cells[2].text, "W");
+  press(window, "ShowAsTable");
+  EXPECT_FALSE(window.shows_table());
+  EXPECT_TRUE(control<OverBarsView>(window, "bars")->isVisible());
+}
+
+TEST_F(WormsWindowTest, EachLineStandsOverItsOvers) {
+  const auto form = opened<worms>();
+  WormsWindow window(form);
+  window.show();
+  const LineChart& chart = control<LineChartView>(window, "worm")->chart();
+  ASSERT_EQ(chart.lines.size(), 2U);
+  for (const std::size_t side : {0U, 1U}) {
+    const auto& points = chart.lines[side].points;
+    ASSERT_EQ(points.size(), form.series[side].size());
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      EXPECT_EQ(points[i], QPointF(form.series[side][i].row - 1, form.series[side][i].value));
+    }
+  }
+  EXPECT_EQ(chart.across_to, 50);
+  EXPECT_EQ(control<QLabel>(window, "Label9")->text(), "South Isles");
+  EXPECT_EQ(control<QLabel>(window, "Label10")->text(), "Northland");
+  EXPECT_EQ(control<QLabel>(window, "Label3")->text(), shown(form.label3));
+  EXPECT_EQ(control<QLabel>(window, "Label4")->text(), shown(form.label4));
+}
+
+TEST_F(WormsWindowTest, TheLinesInWordsAndAsATable) {
+  const auto form = opened<worms>();
+  WormsWindow window(form);
+  window.show();
+  const QString words = control<LineChartView>(window, "worm")->accessibleDescription();
+  EXPECT_TRUE(words.startsWith(QStringLiteral("South Isles %1. over 0: ").arg(shown(form.label3))));
+  EXPECT_TRUE(words.contains(QStringLiteral("Northland %1. over 0: ").arg(shown(form.label4))));
+  press(window, "ShowAsTable");
+  take_picture(window, "worms-table");
+  check_window_at_sizes(window);
+  const Table& table = control<TableView>(window, "scores")->table();
+  ASSERT_EQ(table.rows.size(), std::max(form.series[0].size(), form.series[1].size()));
+  EXPECT_EQ(table.columns[1].heading, "South Isles");
+  EXPECT_EQ(table.rows[10].cells[0].text, "10");
+  EXPECT_EQ(table.rows[10].cells[1].text, QString::number(form.series[0][10].value));
+  EXPECT_EQ(table.rows[10].cells[2].text, QString::number(form.series[1][10].value));
+  EXPECT_EQ(table.rows.back().cells[2].text, "") << "the second side has batted fewer overs";
+}
+
+TEST_F(WormsWindowTest, ClosingKeepsTheLines) {
+  const auto form = opened<worms>();
+  WormsWindow window(form);
+  window.show();
+  press(window, "Command1");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_TRUE(match.loaded);
+  EXPECT_EQ(opened<worms>().series[0].size(), form.series[0].size());
+}
+
+TEST_F(WormsWindowTest, TheChartFollowsTheLook) {
+  const auto before = theme().high_contrast ? Appearance::high_contrast
+                      : theme().dark        ? Appearance::dark
+                                            : Appearance::light;
+  const auto form = opened<worms>();
+  WormsWindow window(form);
+  window.show();
+  auto* chart = control<LineChartView>(window, "worm");
+  for (const Appearance look : {Appearance::light, Appearance::dark, Appearance::high_contrast}) {
+    apply_theme(look);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(color_at(chart->grab().toImage(), QPointF(chart->width() / 2.0, 8)), theme().card);
+  }
+  apply_theme(before);
+}
+
+}  // namespace
+}  // namespace velorin::testing

@@ -1,1 +1,140 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/forms/export_choice.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QTemporaryDir>
+
+#include "desktop/preferences.h"
+#include "reports/forms/played_match.h"
+#include "reports/forms/scorecard_window.h"
+#include "windows/robot.h"
+
+namespace velorin::testing {
+namespace {
+
+class ExportChoiceTest : public ReportWindowTest {
+ protected:
+  void SetUp() override {
+    ReportWindowTest::SetUp();
+    card.open();
+    preferences::set_last_folder({});
+  }
+
+  /// A window whose user always names this file.
+  FileChooser naming(const QString& path) {
+    return [this, path](const FileWish& wish, QWidget*) {
+      wishes.push_back(wish);
+      return path;
+    };
+  }
+  static std::string content(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll().toStdString();
+  }
+  QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+
+  QTemporaryDir folder;
+  scorecard card;
+  std::vector<FileWish> wishes;
+};
+
+TEST_F(ExportChoiceTest, EachButtonWritesItsFile) {
+  const std::tuple<const char*, const char*, std::string> kinds[] = {
+      {"Command7", "a.html", html_scorecard(card)},
+      {"Command8", "b.txt", text_scorecard(card)},
+      {"Command9", "c.txt", ball_by_ball(card)},
+  };
+  for (const auto& [button, name, bytes] : kinds) {
+    ScorecardWindow window(card);
+    window.choose_files_with(naming(folder.filePath(name)));
+    window.show();
+    press(window, button);
+    EXPECT_EQ(content(folder.filePath(name)), bytes) << button;
+    EXPECT_TRUE(window.isVisible());
+  }
+  EXPECT_EQ(files(), QStringList({"a.html", "b.txt", "c.txt"}));
+}
+
+TEST_F(ExportChoiceTest, WhatIsAskedFor) {
+  const FileWish page = export_wish(card, export_kind::html);
+  EXPECT_EQ(page.title, "As HTML");
+  EXPECT_EQ(page.name, "South Isles v Northland.html") << "the side that batted first in front";
+  EXPECT_TRUE(page.filter.startsWith("HTML pages (*.html"));
+  EXPECT_EQ(page.ending, "html");
+  EXPECT_EQ(export_wish(card, export_kind::text).name, "South Isles v Northland.txt");
+  EXPECT_EQ(export_wish(card, export_kind::ball_by_ball).name, "South Isles v Northland, ball by ball.txt");
+  match = played_match().first_innings;
+  card.open();
+  EXPECT_EQ(export_wish(card, export_kind::text).name, "South Isles v Northland.txt");
+}
+
+TEST_F(ExportChoiceTest, ANameThatNoFileMayHaveIsMended) {
+  match = played_match().first_innings;
+  match.team1_name = "A/B \\ C: D?";
+  card.open();
+  EXPECT_EQ(export_wish(card, export_kind::text).name, "A-B - C- D- v Northland.txt");
+}
+
+TEST_F(ExportChoiceTest, TheFolderIsRemembered) {
+  export_match(card, export_kind::text, naming(folder.filePath("a.txt")), nullptr);
+  EXPECT_EQ(QDir(preferences::last_folder()).canonicalPath(), QDir(folder.path()).canonicalPath());
+  export_match(card, export_kind::html, naming({}), nullptr);
+  ASSERT_EQ(wishes.size(), 2U);
+  EXPECT_EQ(wishes[0].folder, "");
+  EXPECT_EQ(wishes[1].folder, preferences::last_folder());
+}
+
+TEST_F(ExportChoiceTest, CancellingWritesNothing) {
+  export_match(card, export_kind::text, naming({}), nullptr);
+  EXPECT_EQ(files(), QStringList());
+  EXPECT_EQ(preferences::last_folder(), "");
+}
+
+TEST_F(ExportChoiceTest, AFileThatCannotBeWrittenIsAMessage) {
+  const QString path = folder.filePath("missing/a.txt");
+  Robot robot;
+  robot.next("message", [&](QWidget& box) {
+    EXPECT_EQ(box.windowTitle(), "As Text");
+    EXPECT_EQ(control<QLabel>(box, "text")->text(), path + " could not be written.");
+    press(box, "OK");
+  });
+  ScorecardWindow window(card);
+  window.choose_files_with(naming(path));
+  window.show();
+  press(window, "Command8");
+  EXPECT_EQ(robot.left(), 0);
+  EXPECT_EQ(files(), QStringList());
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ExportChoiceTest, TheCommonDialogProposesAName) {
+  FileWish wish = export_wish(card, export_kind::html);
+  wish.folder = folder.path();
+  Robot robot;
+  robot.next("CommonDialog1", [&](QWidget& window) {
+    auto& dialog = dynamic_cast<QFileDialog&>(window);
+    EXPECT_EQ(dialog.selectedFiles(), QStringList(folder.filePath("South Isles v Northland.html")));
+    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+    dialog.reject();
+  });
+  EXPECT_EQ(ask_for_file(wish, nullptr), "");
+}
+
+TEST_F(ExportChoiceTest, TheCommonDialogGivesANameItsEnding) {
+  FileWish wish = export_wish(card, export_kind::html);
+  wish.folder = folder.path();
+  Robot robot;
+  robot.next("CommonDialog1", [](QWidget& window) {
+    auto& dialog = dynamic_cast<QFileDialog&>(window);
+    dialog.selectFile("final");
+    static_cast<QDialog&>(dialog).done(QDialog::Accepted);
+  });
+  EXPECT_EQ(ask_for_file(wish, nullptr), folder.filePath("final.html"));
+}
+
+}  // namespace
+}  // namespace velorin::testing

@@ -1,1 +1,237 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/forms/scorecard_window.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+#include "desktop/shown_text.h"
+#include "reports/forms/batting_card_view.h"
+#include "reports/forms/played_match.h"
+#include "reports/forms/scorecard2_window.h"
+#include "reports/scorecard.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+using ScorecardWindowTest = ReportWindowTest;
+using Scorecard2WindowTest = ReportWindowTest;
+
+template <class Card>
+Card opened() {
+  Card card;
+  card.open();
+  return card;
+}
+
+std::string named(const char* control, int place) { return std::string(control) + "_" + std::to_string(place); }
+
+QString text_of(const QWidget& window, const std::string& label) {
+  const auto* found = control<QLabel>(window, label.c_str());
+  return found == nullptr ? QString() : found->text();
+}
+
+/// Shows a window to which keys can be sent.
+void show_active(QWidget& window) {
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+void expect_card(const QWidget& window, const batting_screen& card) {
+  EXPECT_EQ(text_of(window, "Label10"), shown(card.label10));
+  EXPECT_EQ(text_of(window, "Label12"), shown(card.label12));
+  EXPECT_EQ(text_of(window, "Label4"), shown(card.label4));
+  EXPECT_EQ(text_of(window, "Label5"), shown(card.label5));
+  EXPECT_EQ(text_of(window, "Label7"), shown(card.label7));
+  EXPECT_EQ(text_of(window, "Label13"), shown(card.label13));
+  EXPECT_EQ(text_of(window, "Label14"), shown(card.label14));
+  for (int i = 1; i <= 11; ++i) {
+    SCOPED_TRACE(i);
+    const auto place = static_cast<std::size_t>(i);
+    EXPECT_EQ(text_of(window, named("Label8", i)), shown_caption(card.label8[place]));
+    EXPECT_EQ(text_of(window, named("Label9", i)), shown_caption(card.label9[place]));
+    EXPECT_EQ(text_of(window, named("Label2", i)), shown(card.label2[place]));
+    EXPECT_EQ(text_of(window, named("Label3", i)), shown(card.label3[place]));
+    const auto* name = control<QPushButton>(window, named("Command4", i).c_str());
+    EXPECT_EQ(name->text(), shown(card.command4[place].caption));
+    EXPECT_EQ(name->isVisible(), card.command4[place].visible);
+  }
+}
+
+TEST_F(ScorecardWindowTest, ShowsTheCard) {
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  window.show();
+  expect_card(window, card);
+  EXPECT_EQ(text_of(window, "Label10"), "Northland");
+  EXPECT_EQ(window.windowTitle(), "Scorecard");
+  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isDefault());
+}
+
+TEST_F(ScorecardWindowTest, BeforeTheFirstBallThereAreTwoMenAndNoRate) {
+  match = played_match().no_ball;
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  show_active(window);
+  expect_card(window, card);
+  EXPECT_TRUE(control<QPushButton>(window, "Command4_2")->isVisible());
+  EXPECT_FALSE(control<QPushButton>(window, "Command4_3")->isVisible());
+  EXPECT_EQ(text_of(window, "Label7"), "");
+  EXPECT_FALSE(control<QLabel>(window, "rate_caption")->isVisible());
+  EXPECT_EQ(text_of(window, "Label9_1"), "  Not Out   ");
+  QTest::keyClick(&window, Qt::Key_F11);
+  EXPECT_TRUE(noting.headlines.empty()) << "the key of a man who has not come in does nothing";
+}
+
+TEST_F(ScorecardWindowTest, ButtonsBearTheirCaptions) {
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  const std::pair<const char*, std::string_view> captions[] = {
+      {"Command1", scorecard::command1_caption},  {"Command2", scorecard::command2_caption},
+      {"Command3", scorecard::command3_caption},  {"Command5", scorecard::command5_caption},
+      {"Command6", scorecard::command6_caption},  {"Command7", scorecard::command7_caption},
+      {"Command8", scorecard::command8_caption},  {"Command9", scorecard::command9_caption},
+      {"Command10", scorecard::command10_caption}};
+  for (const auto& [name, caption] : captions) {
+    EXPECT_EQ(control<QPushButton>(window, name)->text().remove('&'), shown(caption)) << name;
+  }
+}
+
+TEST_F(ScorecardWindowTest, ButtonsOpenTheReports) {
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  window.show();
+  for (const char* name : {"Command3", "Command2", "Command5", "Command6", "Command10"}) press(window, name);
+  const std::vector<report> wanted = {report::scorecard2, report::bowlcard, report::partners, report::graphs,
+                                      report::worms};
+  EXPECT_EQ(noting.opened, wanted);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ScorecardWindowTest, TheFirstInningsOpensOnceItIsOver) {
+  match = played_match().first_innings;
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  show_active(window);
+  EXPECT_FALSE(control<QPushButton>(window, "Command3")->isEnabled());
+  QTest::keyClick(&window, Qt::Key_I, Qt::AltModifier);
+  QTest::keyClick(&window, Qt::Key_P, Qt::AltModifier);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !noting.opened.empty(); }));
+  EXPECT_EQ(noting.opened, std::vector<report>{report::partners}) << "the first key did nothing";
+  match = played_match().second_innings;
+  const auto later = opened<scorecard>();
+  ScorecardWindow second(later);
+  EXPECT_TRUE(control<QPushButton>(second, "Command3")->isEnabled());
+}
+
+TEST_F(ScorecardWindowTest, ANameShowsTheMansDetails) {
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  show_active(window);
+  press(window, "Command4_1");
+  QTest::keyClick(&window, Qt::Key_F3);
+  const std::vector<std::string> wanted = {card.details(1).headline, card.details(3).headline};
+  EXPECT_EQ(noting.headlines, wanted);
+  EXPECT_EQ(noting.titles, std::vector<std::string>(2, ""));
+}
+
+TEST_F(ScorecardWindowTest, ANameReadsItsRowOut) {
+  match.batting_card[4].fielder = " c B.Okell";
+  match.batting_card[4].how_out = " b F.Uluila";
+  match.batting_card[4].runs = 10;
+  match.batting_card[4].balls = 8;
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  EXPECT_EQ(control<QPushButton>(window, "Command4_4")->accessibleName(),
+            "D.Moss, c B.Okell, b F.Uluila, 10 runs, 8 balls, details");
+}
+
+TEST_F(ScorecardWindowTest, ADoubledAmpersandIsShownOnceAndKeptInFiles) {
+  match.batting_card[1].fielder.clear();
+  match.batting_card[1].how_out = " c && b F.Uluila";
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  EXPECT_EQ(text_of(window, "Label9_1"), " c & b F.Uluila");
+  const Table table = batting_table(card);
+  EXPECT_EQ(table.rows[0].cells[2].text, " c & b F.Uluila");
+  EXPECT_TRUE(table_csv(table).contains(" c && b F.Uluila"));
+}
+
+TEST_F(ScorecardWindowTest, CopyPutsTheCardOnTheClipboard) {
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  show_active(window);
+  QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
+  const QStringList lines = QGuiApplication::clipboard()->text().split('\n');
+  ASSERT_EQ(lines.size(), 1 + 10 + 2 + 1) << "headings, the men who came in, extras, total";
+  EXPECT_EQ(lines[0], "Batsman\tFielder\tBowler\tRuns\tBalls");
+  EXPECT_EQ(lines[1], QStringList({shown(card.label1[1]), shown(card.label8[1]), shown(card.label9[1]),
+                                   shown(card.label2[1]), shown(card.label3[1])})
+                          .join('\t'));
+  EXPECT_EQ(lines[12], shown(card.label5) + "\t\t\t" + shown(card.label4) + "\t");
+}
+
+TEST_F(ScorecardWindowTest, ARoomyCardIsWrittenLarger) {
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  window.show();
+  const auto size = [&] { return control<QLabel>(window, "Label2_1")->fontInfo().pixelSize(); };
+  window.resize(smallest_screen);
+  QCoreApplication::processEvents();
+  const int usual = size();
+  window.resize(1920, 1080);
+  QCoreApplication::processEvents();
+  EXPECT_GT(size(), usual);
+  check_window(window);
+  window.resize(smallest_screen);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(size(), usual);
+  EXPECT_EQ(window.size(), smallest_screen);
+}
+
+TEST_F(ScorecardWindowTest, LongNamesFit) {
+  match.ground.ground_name = "Northern Memorial Recreation Ground";
+  for (int i = 1; i <= 11; ++i) {
+    match.batting_card[i].name = "C.Featherstonehaughs";
+    match.batting_card[i].fielder = " st B.Lindqvist-Ramsden";
+    match.batting_card[i].how_out = " run out (C.Featherstonehaughs)";
+    match.batting_card[i].runs = 188;
+    match.batting_card[i].balls = 188;
+  }
+  match.score_runs = 1888;
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  window.show();
+  take_picture(window, "scorecard-long_names");
+  check_window_at_sizes(window);
+}
+
+TEST_F(Scorecard2WindowTest, ShowsTheCard) {
+  const auto card = opened<scorecard2>();
+  Scorecard2Window window(card);
+  window.show();
+  expect_card(window, card);
+  EXPECT_EQ(text_of(window, "Label10"), "South Isles");
+  EXPECT_TRUE(text_of(window, "Label5").startsWith(" ("));
+  EXPECT_EQ(control<QPushButton>(window, "Command2")->text().remove('&'), "1st Innings Bowling Figures");
+  EXPECT_EQ(control<QPushButton>(window, "Command3")->text().remove('&'), "1st Innings Partnerships");
+}
+
+TEST_F(Scorecard2WindowTest, ButtonsOpenTheReportsOfItsInnings) {
+  const auto card = opened<scorecard2>();
+  Scorecard2Window window(card);
+  window.show();
+  press(window, "Command2");
+  press(window, "Command3");
+  press(window, "Command4_11");
+  EXPECT_EQ(noting.opened, (std::vector<report>{report::bowlcard2nd, report::partners2}));
+  EXPECT_EQ(noting.headlines, std::vector<std::string>{card.details(11).headline});
+}
+
+}  // namespace
+}  // namespace velorin::testing

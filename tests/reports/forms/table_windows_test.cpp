@@ -1,1 +1,133 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QHeaderView>
+
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+#include "reports/bowling_figures.h"
+#include "reports/forms/bowlcard2nd_window.h"
+#include "reports/forms/bowlcard_window.h"
+#include "reports/forms/partners2_window.h"
+#include "reports/forms/partners_window.h"
+#include "reports/forms/played_match.h"
+#include "reports/partnerships.h"
+#include "windows/robot.h"
+
+namespace velorin::testing {
+namespace {
+
+using BowlingWindowsTest = ReportWindowTest;
+using StandsWindowsTest = ReportWindowTest;
+
+template <class Screen>
+Screen opened() {
+  Screen screen;
+  screen.open();
+  return screen;
+}
+
+QStringList texts(const TableRow& row) {
+  QStringList all;
+  for (const TableCell& cell : row.cells) all << cell.text;
+  return all;
+}
+
+QStringList headings(const Table& table) {
+  QStringList all;
+  for (const TableColumn& column : table.columns) all << column.heading;
+  return all;
+}
+
+void expect_bowlers(const Table& table, const bowling_screen& screen) {
+  EXPECT_EQ(headings(table), QStringList({"", "Overs", "Mdns", "Runs", "Wkts", "R.P.O"}));
+  ASSERT_EQ(table.rows.size(), 11U);
+  for (std::size_t i = 1; i <= 11; ++i) {
+    EXPECT_EQ(texts(table.rows[i - 1]),
+              QStringList({shown(screen.label1[i]), shown(screen.label2[i]), shown(screen.label3[i]),
+                           shown(screen.label4[i]), shown(screen.label5[i]), shown(screen.label11[i])}));
+  }
+}
+
+TEST_F(BowlingWindowsTest, ShowsTheBowlersOfTheInnings) {
+  const auto screen = opened<bowlcard>();
+  BowlcardWindow window(screen);
+  window.show();
+  EXPECT_EQ(window.windowTitle(), "Bowling Figures");
+  const Table& table = control<TableView>(window, "bowlers")->table();
+  expect_bowlers(table, screen);
+  EXPECT_EQ(texts(table.rows[0]), QStringList({"A.Tamuera", "", "", "", "", ""})) << "he has not bowled";
+}
+
+TEST_F(BowlingWindowsTest, ShowsTheBowlersOfTheFirstInnings) {
+  const auto screen = opened<bowlcard2nd>();
+  Bowlcard2ndWindow window(screen);
+  window.show();
+  EXPECT_EQ(window.windowTitle(), "Bowling Figures");
+  expect_bowlers(control<TableView>(window, "bowlers")->table(), screen);
+}
+
+TEST_F(BowlingWindowsTest, AHeadingSorts) {
+  match.bowling_card[3].balls = 6;
+  match.bowling_card[3].runs = 99;
+  const auto screen = opened<bowlcard>();
+  BowlcardWindow window(screen);
+  window.show();
+  auto* view = control<TableView>(window, "bowlers");
+  EXPECT_EQ(view->table_row(0), 0) << "the order of the eleven at first";
+  view->sortByColumn(3, Qt::DescendingOrder);
+  EXPECT_EQ(view->table_row(0), 2);
+}
+
+void expect_stands(const Table& table, const partnership_screen& screen) {
+  EXPECT_EQ(headings(table), QStringList({"  Batsmen", "Partnership", "Score", "Overs", "Wkt."}));
+  std::size_t at = 0;
+  for (const partnership_row& row : screen.rows) {
+    if (!row.visible) continue;
+    ASSERT_LT(at, table.rows.size());
+    EXPECT_EQ(texts(table.rows[at]), QStringList({shown_caption(row.batsmen), shown(row.partnership), shown(row.score),
+                                                  shown(row.overs), shown(row.wicket)}));
+    ++at;
+  }
+  EXPECT_EQ(table.rows.size(), at);
+}
+
+TEST_F(StandsWindowsTest, ShowsTheStandsOfTheInnings) {
+  const auto screen = opened<partners>();
+  PartnersWindow window(screen);
+  window.show();
+  EXPECT_EQ(window.windowTitle(), "Partnerships");
+  const Table& table = control<TableView>(window, "stands")->table();
+  expect_stands(table, screen);
+  EXPECT_EQ(static_cast<int>(table.rows.size()), match.score_wickets + 1);
+  EXPECT_TRUE(table.rows.back().cells[1].text.contains("*  ("));
+  EXPECT_FALSE(table.sortable) << "stands stand in their order";
+}
+
+TEST_F(StandsWindowsTest, NamesAreJoinedByOneAmpersandAndByTwoInFiles) {
+  const auto screen = opened<partners>();
+  PartnersWindow window(screen);
+  const Table& table = control<TableView>(window, "stands")->table();
+  EXPECT_TRUE(table.rows[0].cells[0].text.contains("  &  "));
+  EXPECT_TRUE(table_csv(table).contains(shown(screen.rows[1].batsmen)));
+  EXPECT_TRUE(table_csv(table).contains("  &&  "));
+}
+
+TEST_F(StandsWindowsTest, ShowsTheStandsOfTheFirstInnings) {
+  const auto screen = opened<partners2>();
+  Partners2Window window(screen);
+  window.show();
+  EXPECT_EQ(window.windowTitle(), "1st Innings Partnerships");
+  const Table& table = control<TableView>(window, "stands")->table();
+  expect_stands(table, screen);
+  EXPECT_EQ(table.rows.size(), 10U);
+}
+
+TEST_F(StandsWindowsTest, BeforeTheFirstInningsIsOverItHasNoStand) {
+  match = played_match().first_innings;
+  const auto screen = opened<partners2>();
+  Partners2Window window(screen);
+  window.show();
+  EXPECT_TRUE(control<TableView>(window, "stands")->table().rows.empty());
+}
+
+}  // namespace
+}  // namespace velorin::testing
