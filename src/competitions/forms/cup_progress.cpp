@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/forms/cup_progress.h"
+
+#include <algorithm>
+
+namespace velorin {
+
+namespace {
+
+constexpr int group_matches = 20;
+constexpr int super_six_matches = 9;
+
+QString played(const char* stage, int matches, int of) {
+  return QStringLiteral("%1: %2 of %3 played").arg(QLatin1String(stage)).arg(matches).arg(of);
+}
+
+}  // namespace
+
+QString cup_progress() {
+  const int next = world_cup.next_match;
+  switch (world_cup.stage) {
+    case wc_stage::drawn:
+      return played("Group matches", 0, group_matches);
+    case wc_stage::group_matches:
+      return played("Group matches", std::max(0, next - 1), group_matches);
+    case wc_stage::super_six_draw:
+      return played("Super Six", 0, super_six_matches);
+    case wc_stage::super_six_matches:
+      return played("Super Six", std::max(0, next - group_matches - 1), super_six_matches);
+    case wc_stage::knock_out:
+      // The tables are shown before the count goes up.
+      return next > 2 ? QStringLiteral("Final played") : played("Semi-finals", next, 2);
+    case wc_stage::over:
+      break;
+  }
+  return {};
+}
+
+fixture_captains captains_of(const wc_fixture& fixture) {
+  const auto at = [](integer place) { return static_cast<std::size_t>(int(place)); };
+  if (fixture.team_a.empty()) return {};
+  if (fixture.stage == "SS") {
+    return {world_cup.wc_ss_human[at(fixture.index_a)], world_cup.wc_ss_human[at(fixture.index_b) + 3]};
+  }
+  const std::array<bool, 5>& human = fixture.stage == "A" ? world_cup.human_a : world_cup.human_b;
+  return {human[at(fixture.index_a) - 1], human[at(fixture.index_b) - 1]};
+}
+
+}  // namespace velorin

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+#include "competitions/world_cup.h"
+
+namespace velorin {
+
+/// Where the World Cup stands, in a few words, from its record: "Group matches: 7 of 20 played". Empty while none is
+/// under way.
+QString cup_progress();
+
+/// Whether the user captains the two sides of a fixture.
+struct fixture_captains {
+  bool human_a = false;
+  bool human_b = false;
+};
+fixture_captains captains_of(const wc_fixture& fixture);
+
+}  // namespace velorin

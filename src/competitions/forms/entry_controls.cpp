@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/forms/entry_controls.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "competitions/match_entry.h"
+#include "desktop/controls.h"
+#include "desktop/message_window.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "model/run_time_error.h"
+
+namespace velorin {
+
+QComboBox* new_team_list(const QString& name, const std::vector<team_entry>& teams, int chosen,
+                         std::function<void(int)> choose, bool or_none) {
+  auto* list = new QComboBox;
+  list->setObjectName(name);
+  list->setMinimumWidth(200);
+  list->setMaxVisibleItems(21);
+  const int first = or_none ? 1 : 0;
+  if (or_none) list->addItem(QString());
+  for (const team_entry& team : teams) list->addItem(shown(team.name), team.record);
+  list->setCurrentIndex(chosen + first);
+  QObject::connect(list, &QComboBox::currentIndexChanged, list,
+                   [choose = std::move(choose), first](int index) { guarded([&] { choose(index - first); }); });
+  return list;
+}
+
+QFrame* new_side(const QString& caption, QChar mnemonic, QComboBox* teams, const QString& options, bool& cpu) {
+  QFrame* card = new_card();
+  card_rows(card)->addWidget(new_caption(caption, mnemonic, teams));
+  card_rows(card)->addWidget(teams);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  auto* group = new QButtonGroup(card);
+  const auto add = [&](int index, const QString& text) {
+    auto* option = new QRadioButton(text);
+    option->setObjectName(QStringLiteral("%1_%2").arg(options).arg(index));
+    option->setAccessibleName(QStringLiteral("%1: %2").arg(spoken_name(caption), text));
+    group->addButton(option);
+    row->addWidget(option);
+    return option;
+  };
+  QRadioButton* computer = add(0, QStringLiteral("CPU"));
+  QRadioButton* human = add(1, QStringLiteral("Human"));
+  (cpu ? computer : human)->setChecked(true);
+  QObject::connect(computer, &QRadioButton::toggled, card, [&cpu](bool on) { cpu = on; });
+  row->addStretch(1);
+  card_rows(card)->addLayout(row);
+  return card;
+}
+
+void show_grounds(QComboBox& list, const std::vector<std::string>& grounds, int chosen) {
+  const QSignalBlocker quiet(list);
+  list.clear();
+  for (const std::string& ground : grounds) list.addItem(shown(ground));
+  list.setCurrentIndex(chosen);
+}
+
+bool number_is_fit(const std::string& text, int most, const char* field) {
+  try {
+    typed_number(text, most, field);
+    return true;
+  } catch (const run_time_error&) {
+    MessageWindow message({"Error", "Type a whole number from 1 to " + std::to_string(most) + "."});
+    run_modal(message);
+    return false;
+  }
+}
+
+}  // namespace velorin

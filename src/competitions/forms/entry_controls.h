@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <string>
+#include <vector>
+
+class QComboBox;
+class QFrame;
+
+// What the entry forms of the competitions share.
+
+namespace velorin {
+
+struct team_entry;
+
+/// A list of teams with the entry `chosen`, from 0 or -1. `choose` gets the entry that the user chooses. With
+/// `or_none` an empty entry comes first, and stands for -1.
+QComboBox* new_team_list(const QString& name, const std::vector<team_entry>& teams, int chosen,
+                         std::function<void(int)> choose, bool or_none = false);
+
+/// A card for one side: its caption with that mnemonic, its list, and its captain, "CPU" or "Human", two options of
+/// the name `options`. `cpu` is kept as the user chooses, and must outlive the card.
+QFrame* new_side(const QString& caption, QChar mnemonic, QComboBox* teams, const QString& options, bool& cpu);
+
+/// Shows the grounds anew, with the one on show.
+void show_grounds(QComboBox& list, const std::vector<std::string>& grounds, int chosen);
+
+/// True if a box holds a whole number from 1 to `most`. Otherwise shows a message that says so.
+bool number_is_fit(const std::string& text, int most, const char* field);
+
+}  // namespace velorin

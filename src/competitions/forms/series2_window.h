@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/form.h"
+
+class QComboBox;
+
+namespace velorin {
+
+class NumberField;
+struct series2;
+
+/// A tri series: three teams, their captains, rounds. While it is played the window is hidden.
+class Series2Window : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` has been opened and outlives the window.
+  explicit Series2Window(series2& form, QWidget* parent = front_window());
+
+ private:
+  QWidget* new_sides();
+  void play();
+
+  series2& form_;
+  QComboBox* grounds_;
+  NumberField* rounds_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/forms/wcsstab_window.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <span>
+#include <vector>
+
+#include "competitions/forms/cup_progress.h"
+#include "competitions/forms/league_view.h"
+#include "competitions/wcsstab.h"
+#include "desktop/controls.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+
+namespace velorin {
+
+namespace {
+
+/// A table under its heading.
+QLayout* new_table(const QString& name, const char* heading, const std::vector<league_texts>& rows, int room) {
+  auto* column = new QVBoxLayout;
+  column->setSpacing(4);
+  const QString title = QString::fromLatin1(heading);
+  column->addWidget(new_label(title, TextRole::heading));
+  column->addWidget(new_league_view(name, title, rows, cup_headings, room));
+  column->addStretch(1);
+  return column;
+}
+
+}  // namespace
+
+WcsstabWindow::WcsstabWindow(wcsstab& form, QWidget* parent)
+    : Form(QStringLiteral("wcsstab"), Dismissal::closes, parent), form_(form) {
+  set_title(QStringLiteral("World Cup Tables"), QStringLiteral("World Cup Tables"));
+  set_subheading(cup_progress());
+  auto* quarters = new QGridLayout;
+  quarters->setHorizontalSpacing(24);
+  quarters->setVerticalSpacing(16);
+  quarters->setColumnStretch(0, 1);
+  quarters->setColumnStretch(1, 1);
+  quarters->addLayout(new_table(QStringLiteral("group_a"), "Group A Table", form_.group_a, 5), 0, 0);
+  quarters->addLayout(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, 5), 0, 1);
+  quarters->addLayout(new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, 6), 1, 0);
+  quarters->addWidget(new_knock_out(), 1, 1);
+  body()->addLayout(quarters);
+  body()->addStretch(1);
+  const auto close = [this] {
+    form_.command1_click();
+    if (form_.closed) accept();
+  };
+  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, close)
+      ->setFocus();
+  on_dismiss(close);
+}
+
+QWidget* WcsstabWindow::new_knock_out() {
+  QFrame* card = new_card();
+  const auto add = [&](const char* caption, const char* name, const std::string& text) {
+    card_rows(card)->addWidget(new_label(QString::fromLatin1(caption), TextRole::small_muted));
+    auto* line = new_named_label(QString::fromLatin1(name), shown(text));
+    line->setWordWrap(true);
+    card_rows(card)->addWidget(line);
+  };
+  add("Semi Final 1 :", "Label1_22", form_.label1_22);
+  add("Semi Final 2 :", "Label1_23", form_.label1_23);
+  add("Grand Final :", "Label1_24", form_.label1_24);
+  card_rows(card)->addStretch(1);
+  auto* winners = new_named_label(QStringLiteral("Label8"), shown(form_.label8), TextRole::accent);
+  winners->setWordWrap(true);
+  card_rows(card)->addWidget(winners);
+  return card;
+}
+
+}  // namespace velorin

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/forms/wctable_window.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "competitions/forms/entry_controls.h"
+#include "competitions/wctable.h"
+#include "desktop/controls.h"
+#include "desktop/shown_text.h"
+#include "desktop/stop_switch.h"
+
+namespace velorin {
+
+WctableWindow::WctableWindow(wctable& form, QWidget* parent)
+    : Form(QStringLiteral("wctable"), Dismissal::closes, parent), form_(form) {
+  set_title(QStringLiteral("World Cup"), QStringLiteral("World Cup"));
+  body()->setSpacing(16);
+  auto* groups = new QHBoxLayout;
+  groups->setSpacing(16);
+  groups->addWidget(new_group(QStringLiteral("Group A"), QStringLiteral("Combo1"), QStringLiteral("Check1"),
+                              form_.combo1, form_.check1));
+  groups->addWidget(new_group(QStringLiteral("Group B"), QStringLiteral("Combo2"), QStringLiteral("Check2"),
+                              form_.combo2, form_.check2));
+  body()->addLayout(groups);
+  body()->addWidget(new_named_label(QStringLiteral("note"), shown(wctable::note), TextRole::muted));
+  body()->addWidget(new_hosts());
+  body()->addStretch(1);
+
+  add_aside(new_stop_switch());
+  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
+    hide();
+    form_.command1_click();
+    accept();
+  });
+  add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
+  on_dismiss([this] {
+    form_.command2_click();
+    done(Rejected);
+  });
+}
+
+QWidget* WctableWindow::new_group(const QString& title, const QString& lists, const QString& checks,
+                                  std::array<int, 5>& teams, std::array<bool, 5>& human) {
+  QFrame* card = new_card();
+  card_rows(card)->addWidget(new_label(title, TextRole::heading));
+  auto* rows = new QGridLayout;
+  rows->setHorizontalSpacing(16);
+  rows->setVerticalSpacing(8);
+  rows->setColumnStretch(1, 1);
+  for (int i = 0; i < 5; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    auto* list = new_team_list(QStringLiteral("%1_%2").arg(lists).arg(i), form_.teams, teams[at],
+                               [&teams, at](int index) { teams[at] = index; });
+    list->setAccessibleName(QStringLiteral("%1, team %2").arg(title).arg(i + 1));
+    auto* check = new QCheckBox(QStringLiteral("Human"));
+    check->setObjectName(QStringLiteral("%1_%2").arg(checks).arg(i));
+    check->setAccessibleName(QStringLiteral("%1, team %2: Human").arg(title).arg(i + 1));
+    check->setChecked(human[at]);
+    connect(check, &QCheckBox::toggled, this, [&human, at](bool on) { human[at] = on; });
+    rows->addWidget(new_label(QString::number(i + 1), TextRole::muted), i, 0);
+    rows->addWidget(list, i, 1);
+    rows->addWidget(check, i, 2);
+  }
+  card_rows(card)->addLayout(rows);
+  return card;
+}
+
+QWidget* WctableWindow::new_hosts() {
+  QFrame* card = new_card();
+  card_rows(card)->addWidget(new_label(QStringLiteral("Select Host nation(s) :"), TextRole::heading));
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  for (int i = 0; i < 3; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    auto* list = new_team_list(
+        QStringLiteral("Combo3_%1").arg(i), form_.teams, form_.combo3[at],
+        [this, at](int index) { form_.combo3[at] = index; }, true);
+    list->setAccessibleName(QStringLiteral("Host nation %1").arg(i + 1));
+    row->addWidget(list, 1);
+  }
+  card_rows(card)->addLayout(row);
+  return card;
+}
+
+}  // namespace velorin

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+#include "desktop/form.h"
+
+namespace velorin {
+
+struct wctable;
+
+/// The World Cup: groups, hosts, human sides. While it is played the window is hidden.
+class WctableWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` has been opened, has not closed itself, and outlives the window.
+  explicit WctableWindow(wctable& form, QWidget* parent = front_window());
+
+ private:
+  QWidget* new_group(const QString& title, const QString& lists, const QString& checks, std::array<int, 5>& teams,
+                     std::array<bool, 5>& human);
+  QWidget* new_hosts();
+
+  wctable& form_;
+};
+
+}  // namespace velorin
