@@ -30,7 +30,7 @@ void style_axis(QValueAxis& axis, const QString& title) {
   axis.setTitleBrush(t.muted);
   axis.setLabelsColor(t.muted);
   axis.setLinePenColor(t.line);
-  axis.setGridLineColor(t.line);
+  axis.setGridLinePen(QPen(t.line, 1, t.high_contrast ? Qt::DotLine : Qt::SolidLine));
   axis.setLabelFormat(QStringLiteral("%d"));
 }
 
@@ -96,7 +96,11 @@ double top_of(const LineChart& chart) {
 
 }  // namespace
 
-QColor chart_color(int place) { return place == 0 ? theme().accent : theme().willow; }
+QColor chart_color(int place) {
+  const Theme& t = theme();
+  if (place == 0) return t.accent;
+  return t.high_contrast ? t.four : t.willow;  // there willow and accent are one
+}
 
 LineChartView::LineChartView(const QString& name, QWidget* parent) : QWidget(parent), view_(new QChartView(this)) {
   setObjectName(name);

@@ -94,6 +94,7 @@ QString theme_sheet(const Theme& t) {
   };
   QString sheet = QString::fromLatin1(rules);
   for (const auto& [name, color] : roles) sheet.replace(QLatin1String(name), color.name());
+  if (t.high_contrast) sheet += QStringLiteral("QFrame[band=\"true\"] { border: 1px solid %1; }").arg(t.line.name());
   return sheet;
 }
 

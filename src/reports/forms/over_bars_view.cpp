@@ -115,7 +115,7 @@ void OverBarsView::paint_axes(QPainter& painter, int half) const {
   painter.setFont(type_font(TypeStep::small));
   for (const int runs : graphs::runs_marks) {
     const double y = y_of(base - runs * graphs::units_a_run);
-    painter.setPen(QPen(t.line, 1));
+    painter.setPen(QPen(t.line, 1, t.high_contrast ? Qt::DotLine : Qt::SolidLine));
     painter.drawLine(QPointF(left, y), QPointF(end, y));
     painter.setPen(t.muted);
     painter.drawText(QRectF(0, y - 12, left - 8, 24), Qt::AlignRight | Qt::AlignVCenter, QString::number(runs));

@@ -26,8 +26,8 @@ QString line_words(const QString& side, const std::string& score, const std::vec
 Table worm_table(const worms& form) {
   Table table{.name = QStringLiteral("Score Comparison"), .columns = {}, .rows = {}};
   table.columns = {{.heading = QStringLiteral("Overs"), .numbers = true},
-                   {.heading = shown(form.label9), .numbers = true},
-                   {.heading = shown(form.label10), .numbers = true}};
+                   {.heading = shown(form.label9), .numbers = true, .stretches = true},
+                   {.heading = shown(form.label10), .numbers = true, .stretches = true}};
   for (int row = 1; row <= 51; ++row) {
     TableRow line{{{QString::number(row - 1)}, {}, {}}};
     bool any = false;
