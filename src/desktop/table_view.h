@@ -12,8 +12,8 @@ namespace velorin {
 
 class TableModel;
 
-/// Shows a table. Arrow keys move, Return and a double click open a row, Ctrl+C copies the chosen rows or else the whole
-/// table, Ctrl+E saves it as CSV; the context menu offers the same.
+/// Shows a table. Arrow keys move, Return and a double click open a row, Ctrl+C copies the chosen rows or else the
+/// whole table, Ctrl+E saves it as CSV; the context menu offers the same.
 class TableView : public QTableView {
   Q_OBJECT
 
