@@ -10,6 +10,12 @@
 #include "desktop/system_look.h"
 #include "desktop/theme_sheet.h"
 
+/// The linker leaves out a library's pictures that nobody asks for.
+static void ask_for_pictures() { Q_INIT_RESOURCE(desktop); }
+
+/// The pictures of the sheet. Outside of any namespace, as the macro wants it.
+static void add_pictures() { Q_INIT_RESOURCE(desktop); }
+
 namespace velorin {
 
 namespace {
@@ -155,6 +161,8 @@ void apply_theme(Appearance chosen) {
   Look& now = look();
   if (!now.styled) {
     now.styled = true;
+    add_pictures();
+    ask_for_pictures();
     note_system_palette();
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     on_system_look_change([] {

@@ -44,15 +44,23 @@ QComboBox, QLineEdit, QSpinBox {
 QComboBox:focus, QLineEdit:focus, QSpinBox:focus { border: 2px solid @focus; padding: 3px 7px; }
 QComboBox:disabled, QLineEdit:disabled, QSpinBox:disabled { color: @muted; background: @card_raised; }
 QComboBox::drop-down { border: none; width: 24px; }
-QComboBox::down-arrow {
-  width: 0; height: 0; border-left: 5px solid transparent; border-right: 5px solid transparent;
-  border-top: 6px solid @muted;
-}
+QComboBox::down-arrow { image: url(:/desktop/icons/arrow_@look.svg); width: 12px; height: 12px; }
 QComboBox QAbstractItemView { background: @card; color: @ink; border: 1px solid @line; }
 
 QRadioButton, QCheckBox { spacing: 8px; padding: 3px; border: 2px solid transparent; border-radius: 5px; }
 QRadioButton:focus, QCheckBox:focus { border-color: @focus; }
 QRadioButton:disabled, QCheckBox:disabled { color: @muted; }
+QRadioButton::indicator, QCheckBox::indicator {
+  width: 12px; height: 12px; border: 1px solid @muted; background: @card;
+}
+QCheckBox::indicator { border-radius: 3px; }
+QCheckBox::indicator:checked {
+  background: @accent; border-color: @accent; image: url(:/desktop/icons/check_@look.svg);
+}
+QRadioButton::indicator { border-radius: 7px; }
+QRadioButton::indicator:checked { width: 6px; height: 6px; border: 4px solid @accent; background: @on_accent; }
+QRadioButton::indicator:disabled, QCheckBox::indicator:disabled { border-color: @line; background: transparent; }
+QRadioButton::indicator:checked:disabled { border: 4px solid @muted; background: @card; }
 
 QTableView, QListView {
   background: @card; alternate-background-color: @card_raised; color: @ink; border: 1px solid @line;
@@ -95,7 +103,7 @@ QString theme_sheet(const Theme& t) {
   QString sheet = QString::fromLatin1(rules);
   for (const auto& [name, color] : roles) sheet.replace(QLatin1String(name), color.name());
   if (t.high_contrast) sheet += QStringLiteral("QFrame[band=\"true\"] { border: 1px solid %1; }").arg(t.line.name());
-  return sheet;
+  return sheet.replace(QLatin1String("@look"), QLatin1String(t.high_contrast ? "contrast" : t.dark ? "dark" : "light"));
 }
 
 }  // namespace velorin
