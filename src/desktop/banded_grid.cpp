@@ -12,6 +12,10 @@
 
 namespace velorin {
 
+namespace {
+constexpr int roomiest_row = 44;
+}
+
 BandedGrid::BandedGrid(int row_padding, QWidget* parent)
     : QFrame(parent), cells_(new QGridLayout(this)), padding_(row_padding) {
   setProperty("card", true);
@@ -23,6 +27,7 @@ BandedGrid::BandedGrid(int row_padding, QWidget* parent)
 QLabel* BandedGrid::add_heading(int column, const QString& text, bool numbers, bool stretches) {
   QLabel* heading = new_label(text.trimmed(), TextRole::small_muted);
   heading->setProperty("numbers", numbers);
+  heading->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   add(0, column, heading);
   cells_->setColumnStretch(column, stretches ? 1 : 0);
   return heading;
@@ -37,6 +42,8 @@ void BandedGrid::add(int row, int column, QWidget* widget) {
     label->setContentsMargins(0, padding_, 0, padding_);
   }
   cells_->addWidget(widget, row, column);
+  if (row > 0) widget->setSizePolicy(widget->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
+  setMaximumHeight(roomiest_row * cells_->rowCount());
   // Clicks on a text reach the grid.
   if (label != nullptr) label->setAttribute(Qt::WA_TransparentForMouseEvents);
 }

@@ -11,7 +11,8 @@ class QLabel;
 namespace velorin {
 
 /// A bordered panel of rows of controls in columns: headings in row 0, then rows from 1. Every second visible row
-/// stands on a band, so that the eye keeps to its row. A row whose widgets are all hidden takes no room.
+/// stands on a band, so that the eye keeps to its row. A row whose widgets are all hidden takes no room; in a large
+/// window the others become roomier, within reason.
 class BandedGrid : public QFrame {
   Q_OBJECT
 

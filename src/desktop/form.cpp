@@ -73,12 +73,16 @@ Form::Form(const QString& name, Dismissal dismissal, QWidget* parent)
   head_->hide();
   rows->addWidget(head_);
 
-  auto* middle = new QWidget(this);
-  middle->setObjectName(QStringLiteral("middle"));
-  body_ = new QVBoxLayout(middle);
+  middle_ = new QWidget(this);
+  middle_->setObjectName(QStringLiteral("middle"));
+  body_ = new QVBoxLayout(middle_);
   body_->setContentsMargins(24, 16, 24, 16);
   body_->setSpacing(8);
-  rows->addWidget(middle, 1);
+  auto* across = new QHBoxLayout;
+  across->addStretch();
+  across->addWidget(middle_, 1);
+  across->addStretch();
+  rows->addLayout(across, 1);
 
   foot_ = new QWidget(this);
   foot_->setObjectName(QStringLiteral("foot"));

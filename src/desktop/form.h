@@ -49,6 +49,8 @@ class Form : public QDialog {
 
   /// Where the form's own controls go, from top to bottom, with an 8-pixel grid.
   QVBoxLayout* body() const { return body_; }
+  /// In a wider window the body stands in the middle, this many pixels wide.
+  void limit_body(int width) { middle_->setMaximumWidth(width); }
   /// The row at the foot. Its left end holds what is added by add_aside, its right end the buttons.
   QPushButton* add_button(const QString& name, const Act& act, std::function<void()> pressed);
   /// Likewise; Return presses it. A form has one.
@@ -77,6 +79,7 @@ class Form : public QDialog {
   QWidget* head_;
   QLabel* heading_;
   QLabel* subheading_;
+  QWidget* middle_;
   QVBoxLayout* body_;
   QWidget* foot_;
   QHBoxLayout* asides_;

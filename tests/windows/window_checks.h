@@ -19,7 +19,7 @@ void check_window(QWidget& window);
 void check_window_at_sizes(QWidget& window);
 
 /// Saves a picture of the window in the folder named by the environment variable VELORIN_SHOTS, under this name; does
-/// nothing without it.
+/// nothing without it. VELORIN_SHOT_SIZE, such as "1280x800", sets the size that the window has in it.
 void take_picture(QWidget& window, const char* name);
 
 }  // namespace velorin::testing

@@ -27,6 +27,7 @@ QString label_name(int index) { return QStringLiteral("Label1_%1").arg(index); }
 
 AggrWindow::AggrWindow(aggr& form, QWidget* parent)
     : Form(QStringLiteral("aggr"), Dismissal::closes, parent), form_(form) {
+  limit_body(720);
   set_title(QStringLiteral("Aggression"), shown(form.label1_0));
   name_heading(label_name(0));
   body()->addWidget(new_figures());

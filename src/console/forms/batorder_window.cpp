@@ -18,6 +18,7 @@ namespace velorin {
 
 BatorderWindow::BatorderWindow(batorder& form, QWidget* parent)
     : Form(QStringLiteral("batorder"), Dismissal::refused, parent), form_(form) {
+  limit_body(800);
   set_title(shown(form.title), shown(form.title));
   set_subheading(shown(match.team1_name));
   auto* men = new ManList(shown(batorder::names_heading), {{shown(batorder::label1_heading), true, "Label1"},
@@ -31,6 +32,7 @@ BatorderWindow::BatorderWindow(batorder& form, QWidget* parent)
   }
   body()->addWidget(men, 1);
   body()->addWidget(new_aggression());
+  body()->addStretch();
   men->on_chosen([this](int row) { form_.option1_click(row); });
   if (form_.chosen == 0) {
     const auto first = std::find(form_.enabled.begin() + 1, form_.enabled.end(), true);

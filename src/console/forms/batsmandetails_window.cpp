@@ -29,6 +29,7 @@ std::array<QString, 9> texts_of(const batsman_figures& figures) {
 BatsmandetailsWindow::BatsmandetailsWindow(batsmandetails& form, QWidget* parent)
     : Form(QStringLiteral("batsmandetails"), Dismissal::closes, parent), form_(form) {
   const std::string& title = form.figures.title.empty() ? form.title : form.figures.title;
+  limit_body(800);
   set_title(title.empty() ? QStringLiteral("Batsman") : shown(title), shown_caption(form.figures.headline));
   name_heading(QStringLiteral("headline"));
   QFrame* card = new_card();

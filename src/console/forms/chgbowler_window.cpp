@@ -28,6 +28,7 @@ ChgbowlerWindow::ChgbowlerWindow(chgbowler& form, QWidget* parent)
     : Form(QStringLiteral("chgbowler"),
            form.shown_for == chgbowler::use::change ? Dismissal::closes : Dismissal::refused, parent),
       form_(form) {
+  limit_body(1000);
   set_title(shown(form.title), shown(form.title));
   set_subheading(shown(match.team2_name));
   men_ = new ManList(QStringLiteral("Bowler"), {{shown(chgbowler::label1_heading), true, "Label1"},
@@ -41,6 +42,7 @@ ChgbowlerWindow::ChgbowlerWindow(chgbowler& form, QWidget* parent)
                    shown(match.bowling_xi[row].bowler_type), note(row)});
   }
   body()->addWidget(men_, 1);
+  body()->addStretch();
   men_->on_chosen([this](int row) {
     form_.option1_click(row);
     show_choice();

@@ -56,6 +56,7 @@ OptfrmWindow::Choosers OptfrmWindow::dialogs() {
 
 OptfrmWindow::OptfrmWindow(optfrm& form, QWidget* parent, Choosers choosers)
     : Form(QStringLiteral("optfrm"), Dismissal::closes, parent), form_(form), choosers_(std::move(choosers)) {
+  limit_body(880);
   set_title(QStringLiteral("Configurations"), QStringLiteral("Configurations"));
   add_database();
   add_folder();

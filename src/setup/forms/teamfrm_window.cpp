@@ -46,6 +46,7 @@ QHBoxLayout* new_captains(const char* name, const QString& team, bool& cpu, QWid
 
 TeamfrmWindow::TeamfrmWindow(teamfrm& form, QWidget* parent)
     : Form(QStringLiteral("teamfrm"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox) {
+  limit_body(880);
   set_title(QStringLiteral("New Match"), QStringLiteral("New Match"));
   auto* teams = new QHBoxLayout;
   teams->setSpacing(16);

@@ -35,6 +35,7 @@ constexpr Column columns[] = {
 
 TeamselWindow::TeamselWindow(teamsel& form, QWidget* parent)
     : Form(QStringLiteral("Teamsel"), Dismissal::refused, parent), form_(form) {
+  limit_body(1320);
   set_title(shown(form.title()), shown(form.heading()));
   counter_ = new_named_label(QStringLiteral("selected_count"), {}, TextRole::strong);
   auto* grid = new BandedGrid(2);
@@ -49,6 +50,7 @@ TeamselWindow::TeamselWindow(teamsel& form, QWidget* parent)
   grid->on_row_pressed([this](int row) { boxes_[static_cast<std::size_t>(row)]->click(); });
   body()->setContentsMargins(24, 8, 24, 8);
   body()->addWidget(grid, 1);
+  body()->addStretch();
   add_acts();
   show_ticks();
 }

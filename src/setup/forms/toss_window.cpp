@@ -49,6 +49,7 @@ class Coin : public QWidget {
 
 TossWindow::TossWindow(toss& form, QWidget* parent)
     : Form(QStringLiteral("toss"), Dismissal::refused, parent), form_(form) {
+  limit_body(800);
   name_heading(QStringLiteral("Label1"));
   QFrame* card = new_card();
   auto* grid = new QGridLayout;
@@ -65,7 +66,10 @@ TossWindow::TossWindow(toss& form, QWidget* parent)
   stages_ = new QStackedWidget;
   stages_->addWidget(new Coin);
   stages_->addWidget(card);
-  body()->addWidget(stages_, 1);
+  stages_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+  body()->addStretch(1);
+  body()->addWidget(stages_);
+  body()->addStretch(1);
   heads_ = add_choice("Command1_0", "Heads", u'H', [this] { form_.command1_click(0); });
   tails_ = add_choice("Command1_1", "Tails", u'T', [this] { form_.command1_click(1); });
   bat_ = add_choice("Command2", "Bat", u'B', [this] { form_.command2_click(); });
