@@ -13,9 +13,6 @@
 /// The linker leaves out a library's pictures that nobody asks for.
 static void ask_for_pictures() { Q_INIT_RESOURCE(desktop); }
 
-/// The pictures of the sheet. Outside of any namespace, as the macro wants it.
-static void add_pictures() { Q_INIT_RESOURCE(desktop); }
-
 namespace velorin {
 
 namespace {
@@ -161,7 +158,6 @@ void apply_theme(Appearance chosen) {
   Look& now = look();
   if (!now.styled) {
     now.styled = true;
-    add_pictures();
     ask_for_pictures();
     note_system_palette();
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
