@@ -1,0 +1,294 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QApplication>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTest>
+#include <QWheelEvent>
+
+#include "competitions/cup_test.h"
+#include "competitions/forms/wc_fix_window.h"
+#include "competitions/forms/wcsstab_window.h"
+#include "competitions/wc_fix.h"
+#include "competitions/wcsstab.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+#include "engine/driver.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::SizeIs;
+
+class CupWindows : public CupTest {
+ protected:
+  /// Plays the World Cup; every list and all tables pass through their windows, until `quit_at` lists were shown.
+  void play(int quit_at = 100) {
+    user_.on_wc_fix.assign(40, [this, quit_at](wc_fix& form) { show_list(form, quit_at); });
+    user_.on_wcsstab.assign(60, [this](wcsstab& form) { show_tables(form); });
+    form_.command1_click();
+  }
+
+  void show_list(wc_fix& form, int quit_at) {
+    WcFixWindow window(form);
+    window.show();
+    lists_.push_back(control<QLabel>(window, "subheading")->text().toStdString());
+    const bool in_detail = lists_.size() == 1 || lists_.size() == 12 || lists_.size() == 22 || lists_.size() == 31;
+    take_picture(window, ("wc_fix_" + std::to_string(lists_.size())).c_str());
+    if (in_detail) check_window_at_sizes(window);
+    check_rows(window, form);
+    const bool quits = static_cast<int>(lists_.size()) == quit_at;
+    press(window, quits ? "Command3" : "Command1");
+    EXPECT_TRUE(form.closed);
+    EXPECT_EQ(world_cup.quit_requested, quits);
+    EXPECT_FALSE(window.isVisible());
+  }
+
+  void show_tables(wcsstab& form) {
+    WcsstabWindow window(form);
+    window.show();
+    tables_.push_back(control<QLabel>(window, "subheading")->text().toStdString());
+    take_picture(window, ("wcsstab_" + std::to_string(tables_.size())).c_str());
+    const bool in_detail = tables_.size() == 1 || tables_.size() == 21 || tables_.size() > 30;
+    if (in_detail) check_window_at_sizes(window);
+    check_table(window, "group_a", form.group_a);
+    check_table(window, "group_b", form.group_b);
+    check_table(window, "super_six", form.super_six);
+    EXPECT_EQ(control<QLabel>(window, "Label1_22")->text(), shown(form.label1_22));
+    EXPECT_EQ(control<QLabel>(window, "Label1_23")->text(), shown(form.label1_23));
+    EXPECT_EQ(control<QLabel>(window, "Label1_24")->text(), shown(form.label1_24));
+    EXPECT_EQ(control<QLabel>(window, "Label8")->text(), shown(form.label8));
+    press(window, "Command1");
+    EXPECT_TRUE(form.closed);
+    EXPECT_FALSE(window.isVisible());
+  }
+
+  static void check_table(const QWidget& window, const char* name, const std::vector<league_texts>& rows) {
+    const Table& table = control<TableView>(window, name)->table();
+    QStringList headings;
+    for (const TableColumn& column : table.columns) headings << column.heading;
+    EXPECT_EQ(headings, (QStringList{"Team", "Played", "Won", "Lost", "Tied", "Points", "NRR"}));
+    ASSERT_EQ(table.rows.size(), rows.size());
+    for (std::size_t r = 0; r < rows.size(); ++r) {
+      for (std::size_t c = 0; c < 7; ++c) EXPECT_EQ(table.rows[r].cells[c].text, shown(rows[r][c]));
+    }
+  }
+
+  /// The place of a column by its heading or, without one, by what it is called.
+  static std::size_t column(const Table& table, const QString& name) {
+    for (std::size_t c = 0; c < table.columns.size(); ++c) {
+      if (table.columns[c].heading == name || (table.columns[c].heading.isEmpty() && table.columns[c].spoken == name)) {
+        return c;
+      }
+    }
+    ADD_FAILURE() << "no column " << name.toStdString();
+    return 0;
+  }
+
+  static void check_rows(const QWidget& window, const wc_fix& form) {
+    const Table& table = control<TableView>(window, "fixtures")->table();
+    ASSERT_EQ(table.rows.size(), 10U);
+    const auto check = [&](std::size_t r, const char* name, const std::string& text, CellLook look) {
+      const TableCell& cell = table.rows[r].cells[column(table, QString::fromLatin1(name))];
+      EXPECT_EQ(cell.text, shown(text));
+      EXPECT_EQ(cell.look, form.rows[r].is_next ? CellLook::dark_blue : look) << name << " in row " << r;
+    };
+    for (std::size_t r = 0; r < 10; ++r) {
+      const wc_fix::row& row = form.rows[r];
+      check(r, "Match No.", row.label6, CellLook::blue);
+      check(r, "Team A", row.label1, CellLook::normal);
+      check(r, "vs", row.label8, CellLook::red);
+      check(r, "Team B", row.label2, CellLook::normal);
+      check(r, "at", row.label7, CellLook::red);
+      check(r, "Venue", row.label3, CellLook::normal);
+      check(r, "Match Result", row.label4, CellLook::red);
+      EXPECT_EQ(table.rows[r].marked, row.is_next);
+    }
+    EXPECT_EQ(control<QScrollBar>(window, "VScroll1")->value(), form.scroll);
+    EXPECT_EQ(control<QScrollBar>(window, "VScroll1")->maximum(), form.scroll_maximum);
+  }
+
+  std::vector<std::string> lists_;
+  std::vector<std::string> tables_;
+};
+
+TEST_F(CupWindows, AreShownAtEveryStage) {
+  play();
+  ASSERT_THAT(lists_, SizeIs(31));
+  EXPECT_EQ(lists_[0], "Group matches: 0 of 20 played");
+  EXPECT_EQ(lists_[7], "Group matches: 7 of 20 played");
+  EXPECT_EQ(lists_[20], "Group matches: 20 of 20 played");
+  EXPECT_EQ(lists_[21], "Super Six: 0 of 9 played");
+  EXPECT_EQ(lists_[30], "Super Six: 9 of 9 played");
+  ASSERT_THAT(tables_, SizeIs(33));
+  EXPECT_EQ(tables_[0], "Group matches: 1 of 20 played");
+  EXPECT_EQ(tables_[19], "Group matches: 20 of 20 played");
+  EXPECT_EQ(tables_[20], "Super Six: 0 of 9 played");
+  EXPECT_EQ(tables_[21], "Super Six: 1 of 9 played");
+  EXPECT_EQ(tables_[30], "Semi-finals: 1 of 2 played");
+  EXPECT_EQ(tables_[31], "Semi-finals: 2 of 2 played");
+  EXPECT_EQ(tables_[32], "Final played");
+  EXPECT_NE(world_cup.wc_final.winner, "");
+}
+
+TEST_F(CupWindows, LetTheUserQuit) {
+  play(3);
+  EXPECT_THAT(lists_, SizeIs(3));
+  EXPECT_TRUE(form_.closed);
+}
+
+TEST_F(CupWindows, OpenTheTablesOverTheList) {
+  quit_after(0);
+  user_.on_wc_fix.front() = [this](wc_fix& form) {
+    WcFixWindow window(form);
+    window.show();
+    user_.on_wcsstab.push_back([this](wcsstab& tables) { show_tables(tables); });
+    press(window, "Command2");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(form.closed);
+    press(window, "Command3");
+  };
+  form_.command1_click();
+  EXPECT_THAT(tables_, ElementsAre("Group matches: 0 of 20 played"));
+}
+
+TEST_F(CupWindows, TheListIsAnsweredAndNotDismissed) {
+  draw_group_fixtures();
+  wc_fix form;
+  form.open();
+  WcFixWindow window(form);
+  window.show();
+  window.reject();
+  window.close();
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(form.closed);
+  QTest::keyClick(control<TableView>(window, "fixtures"), Qt::Key_Return);
+  EXPECT_TRUE(form.closed) << "Return goes to the default button";
+}
+
+TEST_F(CupWindows, TheListScrolls) {
+  choose_groups();
+  draw_group_fixtures();
+  wc_fix form;
+  form.open();
+  WcFixWindow window(form);
+  window.show();
+  auto* scroll = control<QScrollBar>(window, "VScroll1");
+  auto* list = control<TableView>(window, "fixtures");
+  EXPECT_EQ(form.scroll_maximum, 11);
+  EXPECT_TRUE(scroll->isVisible());
+  scroll->setValue(6);
+  EXPECT_EQ(form.scroll, 6);
+  check_rows(window, form);
+  list->setCurrentIndex(list->model()->index(9, 0));
+  QTest::keyClick(list, Qt::Key_Down);
+  EXPECT_EQ(form.scroll, 7);
+  EXPECT_EQ(list->currentIndex().row(), 9);
+  QTest::keyClick(list, Qt::Key_Up);
+  EXPECT_EQ(form.scroll, 7) << "there are rows above";
+  EXPECT_EQ(list->currentIndex().row(), 8);
+  QTest::keyClick(list, Qt::Key_PageUp);
+  EXPECT_EQ(form.scroll, 1);
+  QTest::keyClick(list, Qt::Key_PageDown);
+  QTest::keyClick(list, Qt::Key_PageDown);
+  EXPECT_EQ(form.scroll, 11);
+  check_rows(window, form);
+  QWheelEvent turn(QPointF(5, 5), QPointF(5, 5), {}, QPoint(0, 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                   false);
+  QApplication::sendEvent(list->viewport(), &turn);
+  EXPECT_LT(form.scroll, 11);
+  check_rows(window, form);
+}
+
+TEST_F(CupWindows, TheListNamesHumanSides) {
+  choose_groups();
+  world_cup.human_a = {false, true, false, false, false};
+  world_cup.human_b = {false, false, false, false, true};
+  draw_group_fixtures();
+  wc_fix form;
+  form.open();
+  WcFixWindow window(form);
+  window.show();
+  take_picture(window, "wc_fix_human");
+  check_window_at_sizes(window);
+  const Table& table = control<TableView>(window, "fixtures")->table();
+  const std::size_t a = column(table, "Captain of Team A");
+  const std::size_t b = column(table, "Captain of Team B");
+  int human = 0;
+  for (const TableRow& row : table.rows) {
+    const QString team_a = row.cells[column(table, "Team A")].text;
+    const QString team_b = row.cells[column(table, "Team B")].text;
+    const auto is_human = [](const QString& team) { return team == "Brava" || team == "Jorvik"; };
+    EXPECT_EQ(row.cells[a].text, is_human(team_a) ? "Human" : "");
+    EXPECT_EQ(row.cells[b].text, is_human(team_b) ? "Human" : "");
+    human += is_human(team_a) || is_human(team_b) ? 1 : 0;
+  }
+  EXPECT_GT(human, 0);
+}
+
+TEST_F(CupWindows, TheListWithoutHumanSidesHasNoColumnsForThem) {
+  choose_groups();
+  draw_group_fixtures();
+  wc_fix form;
+  form.open();
+  WcFixWindow window(form);
+  EXPECT_EQ(control<TableView>(window, "fixtures")->table().columns.size(), 7U);
+}
+
+TEST_F(CupWindows, TheListOfTheSuperSixNamesHumanSides) {
+  form_.check1 = {true, true, true, true, true};
+  force(std::vector<int>(20, 0));
+  user_.on_console = [](main_console& console) {
+    while (!console.closed()) console.command1_click();
+  };
+  std::vector<std::string> captains;
+  user_.on_wc_fix.assign(21, [](wc_fix& list) { list.command1_click(); });
+  user_.on_wc_fix.push_back([&](wc_fix& form) {
+    form.vscroll_change(20);
+    WcFixWindow window(form);
+    window.show();
+    take_picture(window, "wc_fix_super_six");
+    const Table& table = control<TableView>(window, "fixtures")->table();
+    for (const TableRow& row : table.rows) {
+      const QString team = row.cells[column(table, "Team A")].text;
+      const bool human = std::find(cup_group_a.begin(), cup_group_a.end(), team.toStdString()) != cup_group_a.end();
+      EXPECT_EQ(row.cells[column(table, "Captain of Team A")].text, human ? "Human" : "") << team.toStdString();
+      captains.push_back(row.cells[0].text.left(5).toStdString());
+    }
+    press(window, "Command3");
+  });
+  form_.command1_click();
+  EXPECT_THAT(captains, Contains("Gr SS").Times(9));
+}
+
+TEST_F(CupWindows, TheTablesAreClosedByEscape) {
+  choose_groups();
+  draw_group_fixtures();
+  wcsstab form;
+  form.open();
+  WcsstabWindow window(form);
+  window.show();
+  check_window_at_sizes(window);
+  check_table(window, "super_six", {});
+  EXPECT_EQ(control<QLabel>(window, "Label8")->text(), "World Cup winners : ");
+  window.reject();
+  EXPECT_TRUE(form.closed);
+  EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(CupWindows, AnEmptyTournamentHasAnEmptyList) {
+  wc_fix form;
+  form.open();
+  WcFixWindow window(form);
+  window.show();
+  check_window_at_sizes(window);
+  check_rows(window, form);
+  EXPECT_FALSE(control<QLabel>(window, "subheading")->isVisible());
+  EXPECT_EQ(control<QScrollBar>(window, "VScroll1")->maximum(), 1);
+}
+
+}  // namespace
+}  // namespace velorin::testing

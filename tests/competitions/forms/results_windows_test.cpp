@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QLabel>
+
+#include "competitions/competition_test.h"
+#include "competitions/forms/sri_result_window.h"
+#include "competitions/forms/triserresult_window.h"
+#include "competitions/series1.h"
+#include "competitions/series2.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+class ResultsWindows : public CompetitionTest {
+ protected:
+  void SetUp() override {
+    CompetitionTest::SetUp();
+    add_teams({"Ardell", "Brava", "Corrin", "Dessa"});
+  }
+
+  /// Plays a series in which every showing passes through its window.
+  void play_series(const std::string& matches) {
+    user_.on_sri_result.assign(10, [this](sri_result& form) { show_series(form); });
+    series1 form;
+    form.open();
+    form.text1 = matches;
+    form.command1_click();
+  }
+  void play_tri_series() {
+    user_.on_triserresult.assign(16, [this](triserresult& form) { show_tri(form); });
+    series2 form;
+    form.open();
+    form.command1_click();
+  }
+
+  void show_series(sri_result& form) {
+    SriResultWindow window(form);
+    window.show();
+    ++shown_;
+    take_picture(window, ("sri_result_" + std::to_string(shown_)).c_str());
+    check_window_at_sizes(window);
+    EXPECT_EQ(window.windowTitle(), shown(form.label4_1));
+    EXPECT_EQ(control<QLabel>(window, "Label4_1")->text(), shown(form.label4_1));
+    EXPECT_EQ(control<QLabel>(window, "Label4_0")->text(), shown(form.label4_0));
+    const Table& table = control<TableView>(window, "results")->table();
+    ASSERT_EQ(table.rows.size(), form.rows.size());
+    for (std::size_t i = 0; i < form.rows.size(); ++i) {
+      EXPECT_EQ(table.rows[i].cells[0].text, shown(form.rows[i].label1));
+      EXPECT_EQ(table.rows[i].cells[1].text, shown(form.rows[i].label2));
+    }
+    last_line_ = control<QLabel>(window, "Label4_0")->text();
+    last_rows_ = static_cast<int>(table.rows.size());
+    if (escape_) {
+      window.reject();
+    } else {
+      press(window, "Command1");
+    }
+    EXPECT_TRUE(form.closed);
+    EXPECT_FALSE(window.isVisible());
+  }
+
+  void show_tri(triserresult& form) {
+    TriserresultWindow window(form);
+    window.show();
+    ++shown_;
+    take_picture(window, ("triserresult_" + std::to_string(shown_)).c_str());
+    check_window_at_sizes(window);
+    EXPECT_EQ(window.windowTitle(), shown(form.title));
+    EXPECT_EQ(control<QLabel>(window, "Label4_1")->text(), shown(form.label4_1));
+    EXPECT_EQ(control<QLabel>(window, "Label5_0")->text(), shown(form.label5_0));
+    EXPECT_EQ(control<QLabel>(window, "Label5_1")->text(), shown(form.label5_1));
+    const Table& table = control<TableView>(window, "table")->table();
+    const QStringList headings = {"Team", "Played", "Won", "Lost", "Tied", "Pts", "Net RR"};
+    ASSERT_EQ(table.columns.size(), 7U);
+    ASSERT_EQ(table.rows.size(), 3U);
+    for (std::size_t c = 0; c < 7; ++c) {
+      EXPECT_EQ(table.columns[c].heading, headings[static_cast<int>(c)]);
+      EXPECT_EQ(table.columns[c].numbers, c > 0);
+      for (std::size_t r = 0; r < 3; ++r) EXPECT_EQ(table.rows[r].cells[c].text, shown(form.rows[r][c]));
+    }
+    last_line_ = control<QLabel>(window, "Label5_1")->text();
+    press(window, "Command1");
+    EXPECT_TRUE(form.closed);
+    EXPECT_FALSE(window.isVisible());
+  }
+
+  int shown_ = 0;
+  int last_rows_ = -1;
+  bool escape_ = false;
+  QString last_line_;
+};
+
+TEST_F(ResultsWindows, ASeriesIsToldMatchByMatch) {
+  play_series("10");
+  EXPECT_EQ(shown_, 10);
+}
+
+TEST_F(ResultsWindows, ASeriesEndsWithItsWinner) {
+  force({1, 2, 1});
+  escape_ = true;
+  play_series("3");
+  EXPECT_EQ(last_rows_, 3);
+  EXPECT_EQ(last_line_, "Brava wins the series 2 - 1");
+  EXPECT_FALSE(series.series_over) << "Escape presses OK, which clears the record";
+}
+
+TEST_F(ResultsWindows, ATieLeavesTheListEmpty) {
+  force({0});
+  play_series("1");
+  EXPECT_EQ(last_rows_, 0);
+  EXPECT_EQ(last_line_, "The series is tied 0 - 0");
+}
+
+TEST_F(ResultsWindows, ATriSeriesIsToldToItsFinal) {
+  force({1, 1, 2, 1}, 0.125);
+  play_tri_series();
+  EXPECT_EQ(shown_, 4);
+  EXPECT_EQ(last_line_, "Brava   won by  7  runs");
+}
+
+TEST_F(ResultsWindows, ATiedFinalHasNoWinner) {
+  force({1, 1, 2, 0});
+  play_tri_series();
+  EXPECT_EQ(last_line_, " Match tied.");
+}
+
+}  // namespace
+}  // namespace velorin::testing

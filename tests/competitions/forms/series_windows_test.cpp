@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTest>
+
+#include "competitions/competition_test.h"
+#include "competitions/forms/number_field.h"
+#include "competitions/forms/series1_window.h"
+#include "competitions/forms/series2_window.h"
+#include "competitions/series1.h"
+#include "competitions/series2.h"
+#include "desktop/preferences.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+QString chosen(const QWidget& window, const char* list) { return control<QComboBox>(window, list)->currentText(); }
+
+/// A typed number is refused with a message, and nothing is played.
+void check_refusal(const QWidget& window, const QString& typed, const QString& most) {
+  SCOPED_TRACE(typed.toStdString());
+  Robot robot;
+  robot.next("message", [&](QWidget& message) {
+    EXPECT_EQ(control<QLabel>(message, "text")->text(), "Type a whole number from 1 to " + most + ".");
+    press(message, "OK");
+  });
+  control<QLineEdit>(window, "Text1")->setText(typed);
+  press(window, "Command1");
+  EXPECT_EQ(robot.left(), 0);
+  EXPECT_TRUE(window.isVisible());
+}
+
+/// The stepper, its arrows and the arrow keys of the box.
+void check_stepper(const QWidget& window, int most, const std::string& text) {
+  auto* stepper = control<Stepper>(window, "VScroll1");
+  auto* box = control<QLineEdit>(window, "Text1");
+  EXPECT_EQ(box->text(), "1");
+  EXPECT_EQ(text, "1");
+  EXPECT_EQ(stepper->minimum(), 1);
+  EXPECT_EQ(stepper->maximum(), most);
+  stepper->setValue(most);
+  EXPECT_EQ(text, std::to_string(most));
+  EXPECT_EQ(box->text().toStdString(), text);
+  QTest::mouseClick(stepper, Qt::LeftButton, {}, QPoint(stepper->width() / 2, 4));
+  EXPECT_EQ(text, std::to_string(most)) << "there is no more";
+  QTest::mouseClick(stepper, Qt::LeftButton, {}, QPoint(stepper->width() / 2, stepper->height() - 4));
+  EXPECT_EQ(text, std::to_string(most - 1));
+  QTest::mouseClick(stepper, Qt::LeftButton, {}, QPoint(stepper->width() / 2, 4));
+  EXPECT_EQ(text, std::to_string(most));
+  QTest::keyClick(box, Qt::Key_Down);
+  EXPECT_EQ(text, std::to_string(most - 1));
+  QTest::keyClick(box, Qt::Key_Up);
+  EXPECT_EQ(text, std::to_string(most));
+  box->setText("3");
+  EXPECT_EQ(text, "3");
+  EXPECT_EQ(stepper->value(), 3);
+  QTest::keyClick(box, Qt::Key_Up);
+  EXPECT_EQ(text, "4");
+}
+
+class SeriesWindows : public CompetitionTest {
+ protected:
+  void SetUp() override {
+    CompetitionTest::SetUp();
+    add_teams({"Ardell", "Brava", "Corrin", "Dessa"});
+  }
+};
+
+// The series.
+
+TEST_F(SeriesWindows, TheSeriesShowsItsForm) {
+  series1 form;
+  form.open();
+  Series1Window window(form);
+  window.show();
+  take_picture(window, "series1");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.objectName(), "series1");
+  EXPECT_EQ(control<QComboBox>(window, "Combo1")->count(), 4);
+  EXPECT_EQ(chosen(window, "Combo1"), "Brava");
+  EXPECT_EQ(chosen(window, "Combo2"), "Corrin");
+  EXPECT_EQ(chosen(window, "Combo3"), "Brava Park");
+  EXPECT_TRUE(control<QRadioButton>(window, "Option1_0")->isChecked());
+  EXPECT_TRUE(control<QRadioButton>(window, "Option3_0")->isChecked());
+  EXPECT_FALSE(control<QCheckBox>(window, "play_without_stopping")->isChecked());
+}
+
+TEST_F(SeriesWindows, TheSeriesFollowsItsUser) {
+  series1 form;
+  form.open();
+  Series1Window window(form);
+  window.show();
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(3);
+  EXPECT_EQ(form.combo1_index, 3);
+  EXPECT_EQ(chosen(window, "Combo3"), "Dessa Park");
+  control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
+  EXPECT_EQ(form.combo2_index, 0);
+  control<QComboBox>(window, "Combo3")->setCurrentIndex(0);
+  EXPECT_EQ(form.combo3_index, 0);
+  control<QRadioButton>(window, "Option1_1")->setChecked(true);
+  EXPECT_FALSE(form.option1_cpu);
+  EXPECT_TRUE(form.option3_cpu);
+  control<QRadioButton>(window, "Option3_1")->setChecked(true);
+  EXPECT_FALSE(form.option3_cpu);
+  control<QRadioButton>(window, "Option1_0")->setChecked(true);
+  EXPECT_TRUE(form.option1_cpu);
+  check_stepper(window, 10, form.text1);
+}
+
+TEST_F(SeriesWindows, TheSeriesIsPlayedBehindItsHiddenWindow) {
+  series1 form;
+  form.open();
+  Series1Window window(form);
+  window.show();
+  control<QLineEdit>(window, "Text1")->setText("2");
+  int shown = 0;
+  user_.on_sri_result.assign(2, [&](sri_result& results) {
+    EXPECT_FALSE(window.isVisible());
+    ++shown;
+    results.command1_click();
+  });
+  press(window, "Command1");
+  EXPECT_EQ(shown, 2);
+  EXPECT_THAT(user_.matches, SizeIs(2));
+  EXPECT_TRUE(form.closed);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(window.result(), QDialog::Accepted);
+}
+
+TEST_F(SeriesWindows, TheSeriesRefusesWhatIsNoNumberOfMatches) {
+  series1 form;
+  form.open();
+  Series1Window window(form);
+  window.show();
+  for (const char* typed : {"11", "0", "-1", "", "two", "1.5"}) check_refusal(window, typed, "10");
+  EXPECT_THAT(user_.matches, IsEmpty());
+  EXPECT_FALSE(form.closed);
+}
+
+TEST_F(SeriesWindows, TheSeriesIsCancelled) {
+  for (const bool escape : {false, true}) {
+    series1 form;
+    form.open();
+    Series1Window window(form);
+    window.show();
+    if (escape) {
+      window.reject();
+    } else {
+      press(window, "Command2");
+    }
+    EXPECT_TRUE(form.closed);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_THAT(user_.matches, IsEmpty());
+  }
+}
+
+TEST_F(SeriesWindows, ThePreferenceIsKept) {
+  series1 form;
+  form.open();
+  Series1Window window(form);
+  window.show();
+  auto* box = control<QCheckBox>(window, "play_without_stopping");
+  box->click();
+  EXPECT_TRUE(preferences::plays_without_stopping());
+  box->click();
+  EXPECT_FALSE(preferences::plays_without_stopping());
+}
+
+// The tri series.
+
+TEST_F(SeriesWindows, TheTriSeriesShowsItsForm) {
+  series2 form;
+  form.open();
+  Series2Window window(form);
+  window.show();
+  take_picture(window, "series2");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.objectName(), "series2");
+  EXPECT_EQ(chosen(window, "Combo1"), "Brava");
+  EXPECT_EQ(chosen(window, "Combo2"), "Corrin");
+  EXPECT_EQ(chosen(window, "Combo3"), "Dessa");
+  EXPECT_EQ(chosen(window, "Combo4"), "Brava Park");
+  for (const char* cpu : {"Option1_0", "Option3_0", "Option2_0"}) {
+    EXPECT_TRUE(control<QRadioButton>(window, cpu)->isChecked()) << cpu;
+  }
+  EXPECT_FALSE(control<QCheckBox>(window, "play_without_stopping")->isChecked());
+}
+
+TEST_F(SeriesWindows, TheTriSeriesFollowsItsUser) {
+  series2 form;
+  form.open();
+  Series2Window window(form);
+  window.show();
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  control<QComboBox>(window, "Combo2")->setCurrentIndex(3);
+  control<QComboBox>(window, "Combo3")->setCurrentIndex(1);
+  EXPECT_EQ(form.team_index, (std::array<int, 3>{0, 3, 1}));
+  EXPECT_EQ(chosen(window, "Combo4"), "Ardell Park");
+  control<QComboBox>(window, "Combo4")->setCurrentIndex(0);
+  EXPECT_EQ(form.combo4_index, 0);
+  control<QRadioButton>(window, "Option3_1")->setChecked(true);
+  EXPECT_EQ(form.cpu, (std::array<bool, 3>{true, false, true}));
+  control<QRadioButton>(window, "Option2_1")->setChecked(true);
+  EXPECT_EQ(form.cpu, (std::array<bool, 3>{true, false, false}));
+  check_stepper(window, 5, form.text1);
+}
+
+TEST_F(SeriesWindows, TheTriSeriesIsPlayedBehindItsHiddenWindow) {
+  series2 form;
+  form.open();
+  Series2Window window(form);
+  window.show();
+  int shown = 0;
+  user_.on_triserresult.assign(4, [&](triserresult& table) {
+    EXPECT_FALSE(window.isVisible());
+    ++shown;
+    table.command1_click();
+  });
+  press(window, "Command1");
+  EXPECT_EQ(shown, 4);
+  EXPECT_THAT(user_.matches, SizeIs(4));
+  EXPECT_TRUE(form.closed);
+  EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(SeriesWindows, TheTriSeriesRefusesWhatIsNoNumberOfRounds) {
+  series2 form;
+  form.open();
+  Series2Window window(form);
+  window.show();
+  for (const char* typed : {"6", "0", "", "x"}) check_refusal(window, typed, "5");
+  EXPECT_THAT(user_.matches, IsEmpty());
+  press(window, "Command2");
+  EXPECT_TRUE(form.closed);
+  EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(SeriesWindows, ADatabaseOfOneTeamLeavesTheListsUnchosen) {
+  small_database lonely;
+  lonely.add_team("Solo");
+  lonely.write();
+  series2 form;
+  form.open();
+  Series2Window window(form);
+  window.show();
+  check_window_at_sizes(window);
+  EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentIndex(), -1);
+  EXPECT_EQ(chosen(window, "Combo4"), "");
+}
+
+}  // namespace
+}  // namespace velorin::testing

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/forms/wctable_window.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+
+#include "competitions/cup_test.h"
+#include "competitions/wc_fix.h"
+#include "competitions/wcsstab.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+class WctableWindowTest : public CupTest {
+ protected:
+  template <class Control>
+  static Control* at(const QWidget& window, const char* name, int index) {
+    return control<Control>(window, (std::string(name) + "_" + std::to_string(index)).c_str());
+  }
+};
+
+TEST_F(WctableWindowTest, ShowsItsForm) {
+  WctableWindow window(form_);
+  window.show();
+  take_picture(window, "wctable");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.objectName(), "wctable");
+  EXPECT_EQ(control<QLabel>(window, "note")->text(), "Note: Select all the human controlled teams.");
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(at<QComboBox>(window, "Combo1", i)->currentText().toStdString(),
+              cup_group_a[static_cast<std::size_t>(i)]);
+    EXPECT_EQ(at<QComboBox>(window, "Combo2", i)->currentText().toStdString(),
+              cup_group_b[static_cast<std::size_t>(i)]);
+    EXPECT_FALSE(at<QCheckBox>(window, "Check1", i)->isChecked());
+    EXPECT_FALSE(at<QCheckBox>(window, "Check2", i)->isChecked());
+  }
+  EXPECT_EQ(at<QComboBox>(window, "Combo3", 0)->currentText(), "Ardell");
+  EXPECT_EQ(at<QComboBox>(window, "Combo3", 1)->currentText(), "");
+  EXPECT_EQ(at<QComboBox>(window, "Combo3", 2)->currentText(), "");
+  EXPECT_FALSE(control<QCheckBox>(window, "play_without_stopping")->isChecked());
+}
+
+TEST_F(WctableWindowTest, FollowsItsUser) {
+  WctableWindow window(form_);
+  window.show();
+  at<QComboBox>(window, "Combo1", 2)->setCurrentIndex(9);
+  at<QComboBox>(window, "Combo2", 4)->setCurrentIndex(0);
+  at<QCheckBox>(window, "Check1", 0)->click();
+  at<QCheckBox>(window, "Check2", 3)->click();
+  at<QComboBox>(window, "Combo3", 1)->setCurrentIndex(4);
+  at<QComboBox>(window, "Combo3", 0)->setCurrentIndex(0);
+  EXPECT_EQ(form_.combo1, (std::array<int, 5>{0, 1, 9, 3, 4}));
+  EXPECT_EQ(form_.combo2, (std::array<int, 5>{5, 6, 7, 8, 0}));
+  EXPECT_EQ(form_.check1, (std::array<bool, 5>{true, false, false, false, false}));
+  EXPECT_EQ(form_.check2, (std::array<bool, 5>{false, false, false, true, false}));
+  EXPECT_EQ(form_.combo3, (std::array<int, 3>{-1, 3, -1})) << "the empty entry stands for no host";
+}
+
+TEST_F(WctableWindowTest, ClosesWhenTheUserHasQuit) {
+  quit_after(1);
+  user_.on_wc_fix.front() = [](wc_fix& list) { list.command1_click(); };
+  WctableWindow window(form_);
+  window.show();
+  press(window, "Command1");
+  EXPECT_TRUE(form_.closed);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_THAT(user_.matches, SizeIs(1));
+}
+
+TEST_F(WctableWindowTest, ClosesAfterATournamentToItsEnd) {
+  WctableWindow window(form_);
+  window.show();
+  user_.on_wcsstab.assign(40, [&](wcsstab& tables) {
+    EXPECT_FALSE(window.isVisible());
+    tables.command1_click();
+  });
+  press(window, "Command1");
+  EXPECT_FALSE(form_.closed);
+  EXPECT_TRUE(form_.hidden);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(window.result(), QDialog::Accepted);
+  EXPECT_THAT(user_.matches, SizeIs(32));
+}
+
+TEST_F(WctableWindowTest, IsCancelled) {
+  for (const bool escape : {false, true}) {
+    form_.closed = false;
+    WctableWindow window(form_);
+    window.show();
+    if (escape) {
+      window.reject();
+    } else {
+      press(window, "Command2");
+    }
+    EXPECT_TRUE(form_.closed);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_THAT(user_.matches, IsEmpty());
+  }
+}
+
+}  // namespace
+}  // namespace velorin::testing
