@@ -182,8 +182,8 @@ QFont type_font(TypeStep step) {
     double points;
     QFont::Weight weight;
   };
-  static constexpr Step scale[] = {{9, QFont::Normal}, {10.5, QFont::Normal}, {10.5, QFont::Medium},
-                                   {13, QFont::Medium}, {18, QFont::Medium},  {34, QFont::Bold}};
+  static constexpr Step scale[] = {{9, QFont::Normal},  {10.5, QFont::Normal}, {10.5, QFont::Medium},
+                                   {13, QFont::Medium}, {18, QFont::Medium},   {34, QFont::Bold}};
   const Step& at = scale[static_cast<int>(step)];
   QFont font(family);
   font.setPointSizeF(at.points);

@@ -94,11 +94,20 @@ QMenu::item:selected { background: @accent; color: @on_accent; }
 
 QString theme_sheet(const Theme& t) {
   const std::pair<const char*, QColor> roles[] = {
-      {"@on_pitch_muted", t.on_pitch_muted}, {"@card_raised", t.card_raised}, {"@on_accent", t.on_accent},
-      {"@on_pitch", t.on_pitch},             {"@accent", t.accent},           {"@ground", t.ground},
-      {"@pitch", t.pitch},                   {"@muted", t.muted},             {"@focus", t.focus},
-      {"@card", t.card},                     {"@line", t.line},               {"@blue", t.blue},
-      {"@ball", t.ball},                     {"@ink", t.ink},
+      {"@on_pitch_muted", t.on_pitch_muted},
+      {"@card_raised", t.card_raised},
+      {"@on_accent", t.on_accent},
+      {"@on_pitch", t.on_pitch},
+      {"@accent", t.accent},
+      {"@ground", t.ground},
+      {"@pitch", t.pitch},
+      {"@muted", t.muted},
+      {"@focus", t.focus},
+      {"@card", t.card},
+      {"@line", t.line},
+      {"@blue", t.blue},
+      {"@ball", t.ball},
+      {"@ink", t.ink},
   };
   QString sheet = QString::fromLatin1(rules);
   for (const auto& [name, color] : roles) sheet.replace(QLatin1String(name), color.name());
