@@ -10,9 +10,9 @@
 #include <QTest>
 
 #include "console/captain_forms.h"
+#include "console/forms/profile_reader.h"
 #include "model/teams.h"
 #include "support/sample_match.h"
-#include "support/scripted_user.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -111,7 +111,7 @@ TEST_F(BatorderWindowTest, ArrowsMoveBetweenTheRowsThatAreOpen) {
 }
 
 TEST_F(BatorderWindowTest, TheProfileOpensFromItsButtonOnly) {
-  scripted_user user;
+  profile_reader user("Home", "H.Bat6");
   const front_end_scope scope(user);
   batorder form("Select Next Batsman");
   BatorderWindow window(form);
@@ -119,8 +119,11 @@ TEST_F(BatorderWindowTest, TheProfileOpensFromItsButtonOnly) {
   option(window, 6)->click();
   EXPECT_THAT(user.requests, ElementsAre());
   press(window, "Profile");
-  // There is no such player in the careers.
-  EXPECT_THAT(user.requests, ElementsAre(StartsWith("message Error - Player Details | ")));
+  EXPECT_THAT(user.requests, ElementsAre("profile Home | H.Bat6 locked"));
+  option(window, 10)->click();
+  press(window, "Profile");
+  ASSERT_EQ(user.requests.size(), 2u);
+  EXPECT_THAT(user.requests.back(), StartsWith("message Error - Player Details | ")) << "he has no career";
   EXPECT_TRUE(window.isVisible());
 }
 

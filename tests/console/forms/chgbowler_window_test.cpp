@@ -9,9 +9,9 @@
 #include <QTest>
 
 #include "console/captain_forms.h"
+#include "console/forms/profile_reader.h"
 #include "model/teams.h"
 #include "support/sample_match.h"
-#include "support/scripted_user.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -162,7 +162,7 @@ TEST_F(ChgbowlerWindowTest, ASideOfKeepersIsNotStuck) {
 
 TEST_F(ChgbowlerWindowTest, TheProfileOpensFromItsButtonOnly) {
   in_play();
-  scripted_user user;
+  profile_reader user("Away", "A.Bowl11");
   const front_end_scope scope(user);
   chgbowler form(chgbowler::use::change, "Change Bowler");
   ChgbowlerWindow window(form);
@@ -170,7 +170,12 @@ TEST_F(ChgbowlerWindowTest, TheProfileOpensFromItsButtonOnly) {
   option(window, 11)->click();
   EXPECT_THAT(user.requests, ElementsAre());
   press(window, "Profile");
-  EXPECT_THAT(user.requests, ElementsAre(StartsWith("message Error - Player Details | ")));
+  EXPECT_THAT(user.requests, ElementsAre("profile Away | A.Bowl11 locked"));
+  option(window, 10)->click();
+  press(window, "Profile");
+  ASSERT_EQ(user.requests.size(), 2u);
+  EXPECT_THAT(user.requests.back(), StartsWith("message Error - Player Details | ")) << "he has no career";
+  EXPECT_TRUE(window.isVisible());
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QRadioButton>
 
+#include "desktop/message_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "engine/driver.h"
@@ -132,17 +133,20 @@ TEST_F(TeamfrmWindowTest, OkPlaysTheMatchWhileTheWindowIsHidden) {
   bool hidden = false;
   user_.on_wecond.push_back([&](wecond& conditions) {
     hidden = !window.isVisible();
+    MessageWindow within({"The match", "A window within the match"});
+    run_modal(within);
     conditions.command1_click();
   });
   user_.on_console = [](main_console&) { match.console_open = false; };
   Robot robot;
   robot.next("teamfrm", pressing("Command1"));
+  robot.next("message", pressing("OK"));
   EXPECT_EQ(window.exec(), QDialog::Accepted);
   EXPECT_TRUE(hidden);
   EXPECT_THAT(user_.requests_of("teamsel"), ElementsAre("teamsel Carse", "teamsel Alba"));
   EXPECT_EQ(user_.requests_of("console").size(), 1u);
   EXPECT_EQ(match.ground.ground_name, "Crown & Anchor Oval");
-  EXPECT_THAT(robot.met(), ElementsAre("teamfrm"));
+  EXPECT_THAT(robot.met(), ElementsAre("teamfrm", "message"));
 }
 
 TEST_F(TeamfrmWindowTest, AFailureInTheMatchIsReported) {

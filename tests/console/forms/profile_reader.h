@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "browsers/sqdet.h"
+#include "database/records.h"
+#include "database/whole_file.h"
+#include "support/scripted_user.h"
+#include "support/small_database.h"
+
+namespace velorin::testing {
+
+/// A database whose careers hold one man, and a user who notes the profiles shown.
+class profile_reader : public scripted_user {
+ public:
+  profile_reader(const std::string& team, const std::string& player) {
+    career_table careers;
+    careers.career_team_count = 1;
+    careers.teams[1].team_name = team;
+    careers.teams[1].player_count = 1;
+    careers.teams[1].players[1].name = player;
+    const folder_lock turn(files.rec);
+    write_career_table(careers);
+  }
+
+  using scripted_user::show;
+  void show(sqdet& form) override {
+    requests.push_back("profile " + form.combo1.at(static_cast<std::size_t>(form.combo1_index)) + " | " +
+                       form.combo2.at(static_cast<std::size_t>(form.combo2_index)) + (form.locked ? " locked" : ""));
+    form.command1_click();
+  }
+
+ private:
+  small_database database_;
+};
+
+}  // namespace velorin::testing
