@@ -8,8 +8,10 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPainter>
 #include <QSaveFile>
 #include <QSortFilterProxyModel>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 #include "desktop/message_window.h"
@@ -20,12 +22,29 @@
 
 namespace velorin {
 
+namespace {
+
+/// Paints the ground of a marked row, which the style sheet leaves out.
+class CellPainter : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QVariant ground = index.data(Qt::BackgroundRole);
+    if (ground.isValid()) painter->fillRect(option.rect, ground.value<QColor>());
+    QStyledItemDelegate::paint(painter, option, index);
+  }
+};
+
+}  // namespace
+
 TableView::TableView(const QString& name, QWidget* parent)
     : QTableView(parent), model_(new TableModel(this)), order_(new QSortFilterProxyModel(this)) {
   setObjectName(name);
   order_->setSortRole(Qt::UserRole);
   order_->setSourceModel(model_);
   setModel(order_);
+  setItemDelegate(new CellPainter(this));
   setSelectionBehavior(QAbstractItemView::SelectRows);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setAlternatingRowColors(true);

@@ -60,10 +60,13 @@ WcsstabWindow::WcsstabWindow(wcsstab& form, QWidget* parent)
 QWidget* WcsstabWindow::new_knock_out() {
   QFrame* card = new_card();
   const auto add = [&](const char* caption, const char* name, const std::string& text) {
-    card_rows(card)->addWidget(new_label(QString::fromLatin1(caption), TextRole::small_muted));
+    auto* pair = new QVBoxLayout;
+    pair->setSpacing(2);
+    pair->addWidget(new_label(QString::fromLatin1(caption), TextRole::small_muted));
     auto* line = new_named_label(QString::fromLatin1(name), shown(text));
     line->setWordWrap(true);
-    card_rows(card)->addWidget(line);
+    pair->addWidget(line);
+    card_rows(card)->addLayout(pair);
   };
   add("Semi Final 1 :", "Label1_22", form_.label1_22);
   add("Semi Final 2 :", "Label1_23", form_.label1_23);

@@ -12,6 +12,7 @@
 #include "competitions/wcsstab.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
+#include "desktop/theme.h"
 #include "engine/driver.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
@@ -201,6 +202,26 @@ TEST_F(CupWindows, TheListScrolls) {
   QApplication::sendEvent(list->viewport(), &turn);
   EXPECT_LT(form.scroll, 11);
   check_rows(window, form);
+}
+
+TEST_F(CupWindows, TheNextMatchStandsOut) {
+  choose_groups();
+  draw_group_fixtures();
+  world_cup.wc_fixtures[1].result = "Match Tied";
+  wc_fix form;
+  form.open();
+  WcFixWindow window(form);
+  window.show();
+  const auto* list = control<TableView>(window, "fixtures");
+  const auto ground = [&](int row) {
+    const QRect cell = list->visualRect(list->model()->index(row, 6));
+    return list->viewport()->grab().toImage().pixelColor(cell.right() - 2, cell.center().y());
+  };
+  EXPECT_EQ(ground(1), theme().next_ground);
+  EXPECT_NE(ground(0), theme().next_ground);
+  EXPECT_NE(ground(2), theme().next_ground);
+  EXPECT_EQ(list->model()->headerData(1, Qt::Vertical).toString(), QString::fromUtf8("▶"));
+  EXPECT_EQ(list->model()->headerData(0, Qt::Vertical).toString(), "");
 }
 
 TEST_F(CupWindows, TheListNamesHumanSides) {
