@@ -25,7 +25,7 @@ BandedGrid::BandedGrid(int row_padding, QWidget* parent)
 }
 
 QLabel* BandedGrid::add_heading(int column, const QString& text, bool numbers, bool stretches) {
-  QLabel* heading = new_label(text.trimmed(), TextRole::small_muted);
+  QLabel* heading = new_label(text, TextRole::small_muted);
   heading->setProperty("numbers", numbers);
   heading->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   add(0, column, heading);

@@ -55,7 +55,7 @@ QWidget* BatorderWindow::new_aggression() {
   auto* slider = new LevelSlider(QStringLiteral("VScroll1"), 1, 5);
   slider->setValue(form_.vscroll1);
   connect(slider, &QSlider::valueChanged, this, [this](int level) { form_.vscroll1 = level; });
-  row->addWidget(new_caption(shown(batorder::vscroll1_caption).trimmed(), u'A', slider));
+  row->addWidget(new_caption(shown(batorder::vscroll1_caption), u'A', slider));
   row->addStretch(1);
   row->addWidget(new_label(shown(batorder::vscroll1_low), TextRole::muted));
   row->addWidget(slider);

@@ -41,7 +41,7 @@ BatsmandetailsWindow::BatsmandetailsWindow(batsmandetails& form, QWidget* parent
   for (int i = 0; i < 9; ++i) {
     const auto at = static_cast<std::size_t>(i);
     const int column = i / 3 * 3;
-    grid->addWidget(new_label(shown(batsmandetails::headings[at]).trimmed(), TextRole::muted), i % 3, column);
+    grid->addWidget(new_label(shown(batsmandetails::headings[at]), TextRole::muted), i % 3, column);
     auto* figure = new_named_label(QString::fromLatin1(names[i]), texts[at], TextRole::heading);
     figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     figure->setMinimumWidth(56);

@@ -60,6 +60,16 @@ TEST_F(BatorderWindowTest, ShowsTheEleven) {
   EXPECT_TRUE(option(window, 4)->isChecked());
 }
 
+TEST_F(BatorderWindowTest, TheCaptionsStandAsTheyAreTold) {
+  batorder form("Select 1st Opener");
+  BatorderWindow window(form);
+  QStringList texts;
+  for (const QLabel* label : window.findChildren<QLabel*>()) texts << QString(label->text()).remove(u'&');
+  for (const char* caption : {" Batsmen", " Skill", " Induvidual Agg.", "Defensive", "Aggressive"}) {
+    EXPECT_EQ(texts.count(QString::fromLatin1(caption)), 1) << caption;
+  }
+}
+
 TEST_F(BatorderWindowTest, OkBringsInTheChosenMan) {
   match.striker = 1;
   match.non_striker = 2;

@@ -51,6 +51,16 @@ TEST_F(BatsmandetailsWindowTest, ShowsTheFigures) {
   EXPECT_EQ(text(window, "strike_rate"), "94.37");
 }
 
+TEST_F(BatsmandetailsWindowTest, TheHeadingsStandAsTheyAreTold) {
+  BatsmandetailsWindow window(form_);
+  QStringList texts;
+  for (const QLabel* label : window.findChildren<QLabel*>()) texts << label->text();
+  for (const char* heading :
+       {"Dots", "Singles", "Twos", "Threes", "Fours", "Sixes", "Runs", "Balls Faced", "Strike Rate "}) {
+    EXPECT_EQ(texts.count(QString::fromLatin1(heading)), 1) << heading;
+  }
+}
+
 TEST_F(BatsmandetailsWindowTest, ReturnSpaceAndEscapeCloseIt) {
   for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Escape}) {
     form_.closed = false;

@@ -78,6 +78,15 @@ TEST_F(ChgbowlerWindowTest, ShowsWhatACaptainNeeds) {
   EXPECT_EQ(text(window, "note", 8), "");
 }
 
+TEST_F(ChgbowlerWindowTest, TheHeadingsStandAsTheyAreTold) {
+  chgbowler form(chgbowler::use::change, "Change Bowler");
+  ChgbowlerWindow window(form);
+  QStringList texts;
+  for (const QLabel* label : window.findChildren<QLabel*>()) texts << label->text();
+  EXPECT_EQ(texts.count("Skill"), 1);
+  EXPECT_EQ(texts.count("R.P.O"), 1);
+}
+
 TEST_F(ChgbowlerWindowTest, TheCaptainChangesTheBowler) {
   in_play();
   chgbowler form(chgbowler::use::change, "Change Bowler");

@@ -87,6 +87,15 @@ TEST_F(TeamselWindowTest, ShowsTheRows) {
   EXPECT_TRUE(box(window, 6)->accessibleName().contains("Bowler type Fast Bowler/Wk"));
 }
 
+TEST_F(TeamselWindowTest, TheHeadingsStandAsTheyAreTold) {
+  TeamselWindow window(form_);
+  QStringList texts;
+  for (const QLabel* label : window.findChildren<QLabel*>()) texts << label->text();
+  for (const char* heading : {" Player", "Bat Type", "Bat Skill", "Bowler type", "Bowl SR", "Econ."}) {
+    EXPECT_EQ(texts.count(QString::fromLatin1(heading)), 1) << heading;
+  }
+}
+
 TEST_F(TeamselWindowTest, AnEmptyPlaceHasNoRow) {
   men_[3] = player_rec();
   for (int place = 12; place <= 20; ++place) men_[place] = player_rec();
