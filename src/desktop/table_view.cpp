@@ -6,12 +6,14 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QSaveFile>
 #include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 #include <algorithm>
 
 #include "desktop/message_window.h"
@@ -24,7 +26,7 @@ namespace velorin {
 
 namespace {
 
-/// Paints the ground of a marked row, which the style sheet leaves out.
+/// Paints the ground of a marked row, which the style sheet leaves out, and tells a text that is cut off.
 class CellPainter : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -33,6 +35,15 @@ class CellPainter : public QStyledItemDelegate {
     const QVariant ground = index.data(Qt::BackgroundRole);
     if (ground.isValid()) painter->fillRect(option.rect, ground.value<QColor>());
     QStyledItemDelegate::paint(painter, option, index);
+  }
+
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    if (event->type() != QEvent::ToolTip || sizeHint(option, index).width() <= option.rect.width()) {
+      return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    QToolTip::showText(event->globalPos(), index.data().toString(), view);
+    return true;
   }
 };
 

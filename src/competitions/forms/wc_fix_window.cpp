@@ -64,8 +64,8 @@ Table fixtures_table(const wc_fix& form, bool with_captains) {
   table.columns.push_back({.heading = QStringLiteral("Team B")});
   if (with_captains) table.columns.push_back({.heading = {}, .spoken = QStringLiteral("Captain of Team B")});
   table.columns.push_back({.heading = {}, .spoken = QStringLiteral("at")});
-  table.columns.push_back({.heading = QStringLiteral("Venue")});
-  table.columns.push_back({.heading = QStringLiteral("Match Result"), .stretches = true});
+  table.columns.push_back({.heading = QStringLiteral("Venue"), .stretches = true});
+  table.columns.push_back({.heading = QStringLiteral("Match Result")});
   int place = form.scroll;
   for (const wc_fix::row& row : form.rows) table.rows.push_back(table_row(row, place++, with_captains));
   return table;

@@ -250,6 +250,50 @@ TEST_F(CupWindows, TheListNamesHumanSides) {
   EXPECT_GT(human, 0);
 }
 
+TEST_F(CupWindows, HoldLongNames) {
+  std::vector<std::string> a;
+  std::vector<std::string> b;
+  for (const char* digit : {"1", "2", "3", "4", "5"}) {
+    a.push_back(std::string("South Corrin ") + digit);
+    b.push_back(std::string("West Halden ") + digit);
+  }
+  choose_groups(a, b);
+  world_cup.grounds = {"North Ardelia International Stadium Ground"};
+  world_cup.human_a = {true, true, true, true, true};
+  world_cup.human_b = {true, true, true, true, true};
+  draw_group_fixtures();
+  for (int i = 1; i <= 9; ++i) {
+    wc_fixture& fixture = world_cup.wc_fixtures[static_cast<std::size_t>(i)];
+    fixture.result = fixture.team_a + "   won by  10  wickets ";
+  }
+  wc_fix form;
+  form.open();
+  WcFixWindow window(form);
+  window.show();
+  window.resize(smallest_screen);
+  take_picture(window, "wc_fix_long");
+  check_window_at_sizes(window);
+  window.resize(smallest_screen);
+  const auto* list = control<TableView>(window, "fixtures");
+  const int venue = static_cast<int>(column(list->table(), "Venue"));
+  for (int c = 0; c < list->model()->columnCount(); ++c) {
+    if (c == venue) continue;
+    const QString text = list->model()->index(8, c).data().toString();
+    EXPECT_LT(list->fontMetrics().horizontalAdvance(text), list->columnWidth(c)) << text.toStdString();
+  }
+  EXPECT_FALSE(list->horizontalScrollBar()->isVisible());
+  EXPECT_GT(list->columnWidth(venue), 100);
+  world_cup.wc_semi[1] = {a[0], b[0], a[0], "  won by  10  wickets ", false, false};
+  world_cup.wc_semi[2] = {a[1], b[1], b[1], "  won by  100  runs", false, false};
+  world_cup.wc_final = {a[0], b[1], a[0], "  won by  100  runs", false, false};
+  wcsstab tables;
+  tables.open();
+  WcsstabWindow standings(tables);
+  standings.show();
+  take_picture(standings, "wcsstab_long");
+  check_window_at_sizes(standings);
+}
+
 TEST_F(CupWindows, TheListWithoutHumanSidesHasNoColumnsForThem) {
   choose_groups();
   draw_group_fixtures();
