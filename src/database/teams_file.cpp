@@ -77,10 +77,27 @@ kept_file<team_rec> kept_teams;
 kept_file<ground_rec> kept_grounds;
 team_rec single_team;
 
+/// Refuses a file that ends before the last of the records that its count tells of, or within it.
+template <typename Record>
+void require_whole(const slot_file& file, const char* count_field) {
+  const int count = file.count(count_field);
+  const long last = count + 1;
+  if (count == 0) return;
+  slot_reader fields = file.reader(last);
+  Record record;
+  visit_fields(record, fields);
+  if (!file.slot(last).empty() && !fields.cut()) return;
+  throw run_time_error(failure::file, fmt::format("The file is cut short: it has not all of its {} records", count),
+                       {file.name(), last, fields.cut() ? fields.cut()->field : std::string(), {}});
+}
+
 /// All records behind the count in record 1. `limit` is the size of the list that takes them.
 template <typename Record>
 const std::vector<Record>& all_records(kept_file<Record>& kept, const char* count_field, int limit) {
-  if (!kept.records()) kept.records() = kept.file().template counted_records<Record>(count_field, limit);
+  if (!kept.records()) {
+    require_whole<Record>(kept.file(), count_field);
+    kept.records() = kept.file().template counted_records<Record>(count_field, limit);
+  }
   return *kept.records();
 }
 

@@ -3,9 +3,14 @@
 
 #include "browsers/allrecs.h"
 #include "browsers/centurytop.h"
-#include "browsers/forms/record_windows.h"
+#include "browsers/forms/allrecs_window.h"
+#include "browsers/forms/centurytop_window.h"
+#include "browsers/forms/highinduv_window.h"
+#include "browsers/forms/partnrec_window.h"
 #include "browsers/forms/sqdet_window.h"
 #include "browsers/forms/teamdet_window.h"
+#include "browsers/forms/totrecords_window.h"
+#include "browsers/forms/wldrank_window.h"
 #include "browsers/record_tables.h"
 #include "browsers/sqdet.h"
 #include "browsers/teamdet.h"
@@ -54,22 +59,22 @@ class UnderWay {
 }  // namespace
 
 void new_match(QtFrontEnd& shown_by) {
-  const UnderWay under_way(shown_by, Activity::match);
+  const UnderWay under_way(shown_by, Activity::single_match);
   open_form<TeamfrmWindow, teamfrm>();
 }
 
 void new_series(QtFrontEnd& shown_by) {
-  const UnderWay under_way(shown_by, Activity::series);
+  const UnderWay under_way(shown_by, Activity::series_of_two);
   open_form<Series1Window, series1>();
 }
 
 void tri_series(QtFrontEnd& shown_by) {
-  const UnderWay under_way(shown_by, Activity::tri_series);
+  const UnderWay under_way(shown_by, Activity::series_of_three);
   open_form<Series2Window, series2>();
 }
 
 void world_cup(QtFrontEnd& shown_by) {
-  const UnderWay under_way(shown_by, Activity::world_cup);
+  const UnderWay under_way(shown_by, Activity::cup);
   open_form<WctableWindow, wctable>();
 }
 

@@ -41,7 +41,6 @@ OpeningWindow::OpeningWindow(QtFrontEnd& shown_by)
   rows->addLayout(panels_, 1);
   database_ = new_named_label(QStringLiteral("database"), {}, TextRole::small_muted);
   rows->addWidget(database_);
-  rows->addWidget(new_appearance_choice());
   row->addWidget(side, 2);
   body()->addLayout(row);
   add_main_panel();
@@ -49,6 +48,7 @@ OpeningWindow::OpeningWindow(QtFrontEnd& shown_by)
   add_other_panel();
   add_batting_panel();
   add_bowling_panel();
+  rows->addWidget(new_appearance_choice());
   resize(1000, 660);
   show_panel(main_);
 }

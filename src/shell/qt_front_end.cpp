@@ -4,7 +4,7 @@
 #include <QCoreApplication>
 
 #include "browsers/allrecs.h"
-#include "browsers/forms/record_windows.h"
+#include "browsers/forms/allrecs_window.h"
 #include "browsers/forms/sqdet_window.h"
 #include "competitions/forms/progressbar_window.h"
 #include "competitions/forms/sri_result_window.h"
@@ -24,11 +24,19 @@
 #include "desktop/program_end.h"
 #include "engine/driver.h"
 #include "engine/forms/console_window.h"
-#include "reports/forms/bowling_windows.h"
+#include "reports/bowling_figures.h"
+#include "reports/forms/bowlcard2nd_window.h"
+#include "reports/forms/bowlcard_window.h"
 #include "reports/forms/graphs_window.h"
-#include "reports/forms/partnership_windows.h"
-#include "reports/forms/scorecard_windows.h"
+#include "reports/forms/partners2_window.h"
+#include "reports/forms/partners_window.h"
+#include "reports/forms/scorecard2_window.h"
+#include "reports/forms/scorecard_window.h"
 #include "reports/forms/worms_window.h"
+#include "reports/graphs.h"
+#include "reports/partnerships.h"
+#include "reports/scorecard.h"
+#include "reports/worms.h"
 #include "setup/forms/teamsel_window.h"
 #include "setup/forms/toss_window.h"
 #include "setup/forms/wecond_window.h"
@@ -56,7 +64,7 @@ void open_modally() {
 }  // namespace
 
 QtFrontEnd::QtFrontEnd() = default;
-QtFrontEnd::~QtFrontEnd() = default;
+QtFrontEnd::~QtFrontEnd() { delete progress_.data(); }
 
 void QtFrontEnd::refresh_console() {
   if (console_ != nullptr) console_->refresh();
@@ -122,12 +130,12 @@ void QtFrontEnd::ball_bowled() {
 
 void QtFrontEnd::progress(int over) {
   if (unstopped_.answers_match()) return;
-  if (!progress_) progress_ = std::make_unique<ProgressbarWindow>();
+  if (!progress_) progress_ = new ProgressbarWindow;
   progress_->show_over(over);
   if (program_is_ending()) throw ProgramEnds{};
 }
 
-void QtFrontEnd::progress_done() { progress_.reset(); }
+void QtFrontEnd::progress_done() { delete progress_.data(); }
 
 void QtFrontEnd::open(report which) {
   if (unstopped_.answers_match()) return;
@@ -148,16 +156,9 @@ void QtFrontEnd::open(report which) {
     case report::graphs:
       return open_modally<GraphsWindow, graphs>();
     case report::worms:
-      return open_worms();
+      // The lines themselves live in the match record and outlast every showing.
+      return open_modally<WormsWindow, worms>();
   }
-}
-
-void QtFrontEnd::open_worms() {
-  // Its OK hides the window; it stays loaded until the program ends.
-  if (!worms_) worms_ = std::make_unique<worms>();
-  worms_->open();
-  worms_window_ = std::make_unique<WormsWindow>(*worms_);
-  run_modal(*worms_window_);
 }
 
 void QtFrontEnd::show(sqdet& form) { show_modally<SqdetWindow>(form); }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <memory>
+#include <QPointer>
 
 #include "shell/unstopped_play.h"
 #include "ui/front_end.h"
@@ -10,8 +10,6 @@ namespace velorin {
 
 class ConsoleWindow;
 class ProgressbarWindow;
-class WormsWindow;
-struct worms;
 
 /// Shows the game in windows: each form modally, in the order in which the game asks. Every request raises ProgramEnds
 /// once the program is ending.
@@ -47,12 +45,9 @@ class QtFrontEnd : public front_end {
  private:
   /// Brings the console up to date before a window opens over it.
   void refresh_console();
-  void open_worms();
 
-  ConsoleWindow* console_ = nullptr;             // the one console, while a match is on
-  std::unique_ptr<ProgressbarWindow> progress_;  // while an unattended match runs
-  std::unique_ptr<worms> worms_;                 // the one worm graph, from its first showing on
-  std::unique_ptr<WormsWindow> worms_window_;
+  ConsoleWindow* console_ = nullptr;      // the one console, while a match is on
+  QPointer<ProgressbarWindow> progress_;  // while an unattended match runs; the window below it owns it
   UnstoppedPlay unstopped_;
 };
 

@@ -67,14 +67,14 @@ bool next_cup_match_has_human() {
 
 int matches_left(Activity activity) {
   switch (activity) {
-    case Activity::series:
+    case Activity::series_of_two:
       return series.matches - series.match_no;
-    case Activity::tri_series:
+    case Activity::series_of_three:
       return tri.matches_played < 3 * tri.rounds ? 3 * tri.rounds - tri.matches_played : 0;
-    case Activity::world_cup:
+    case Activity::cup:
       if (world_cup.stage == wc_stage::knock_out) return knock_outs - world_cup.next_match;
       return super_six_end + knock_outs - world_cup.next_match;
-    case Activity::match:
+    case Activity::single_match:
       break;
   }
   return 0;
@@ -82,13 +82,13 @@ int matches_left(Activity activity) {
 
 bool is_over(Activity activity) {
   switch (activity) {
-    case Activity::series:
+    case Activity::series_of_two:
       return series.series_over;
-    case Activity::tri_series:
+    case Activity::series_of_three:
       return tri.final_played;
-    case Activity::world_cup:
+    case Activity::cup:
       return world_cup.stage == wc_stage::knock_out && world_cup.next_match == knock_outs;
-    case Activity::match:
+    case Activity::single_match:
       break;
   }
   return true;
@@ -96,20 +96,20 @@ bool is_over(Activity activity) {
 
 bool next_match_has_human(Activity activity) {
   switch (activity) {
-    case Activity::series:
+    case Activity::series_of_two:
       return series.home.human || series.away.human;
-    case Activity::tri_series:
+    case Activity::series_of_three:
       return next_tri_match_has_human();
-    case Activity::world_cup:
+    case Activity::cup:
       return next_cup_match_has_human();
-    case Activity::match:
+    case Activity::single_match:
       break;
   }
   return false;
 }
 
 UnstoppedPlay::UnstoppedPlay() = default;
-UnstoppedPlay::~UnstoppedPlay() = default;
+UnstoppedPlay::~UnstoppedPlay() { delete window_.data(); }
 
 void UnstoppedPlay::begin(Activity activity) {
   end();
@@ -118,7 +118,7 @@ void UnstoppedPlay::begin(Activity activity) {
 
 void UnstoppedPlay::end() {
   answering_ = running_ = stop_asked_ = false;
-  window_.reset();
+  delete window_.data();
 }
 
 void UnstoppedPlay::match_begins() {
@@ -148,10 +148,10 @@ void UnstoppedPlay::ball_bowled() {
 
 void UnstoppedPlay::show_progress() {
   if (!window_) {
-    window_ = std::make_unique<UnstoppedWindow>([this] { ask_to_stop(); });
+    window_ = new UnstoppedWindow([this] { ask_to_stop(); });
     window_->show();
   }
-  window_->show_progress(activity_ == Activity::match ? -1 : matches_left(activity_));
+  window_->show_progress(activity_ == Activity::single_match ? -1 : matches_left(activity_));
   QCoreApplication::processEvents();
   since_shown_.start();
   if (program_is_ending()) throw ProgramEnds{};

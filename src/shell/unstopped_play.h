@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <memory>
+#include <QPointer>
 
 #include "headless/headless_user.h"
 
@@ -11,7 +11,7 @@ namespace velorin {
 class UnstoppedWindow;
 
 /// What the menu has opened.
-enum class Activity { match, series, tri_series, world_cup };
+enum class Activity { single_match, series_of_two, series_of_three, cup };
 
 /// Matches between two computer sides that run without stopping, if the user has switched that on: a headless user
 /// answers what such a match asks, and the standings between two such matches are passed over, while a progress window
@@ -47,12 +47,12 @@ class UnstoppedPlay {
   void show_progress();
 
   headless_user user_;
-  Activity activity_ = Activity::match;
+  Activity activity_ = Activity::single_match;
   bool answering_ = false;  // the match in play is answered
   bool running_ = false;    // the last match was answered, and nobody has asked to stop
   bool stop_asked_ = false;
   QElapsedTimer since_shown_;
-  std::unique_ptr<UnstoppedWindow> window_;
+  QPointer<UnstoppedWindow> window_;  // the window below it owns it
 };
 
 /// Matches of an activity that are still to come after the one in play.

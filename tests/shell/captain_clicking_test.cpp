@@ -13,9 +13,9 @@
 #include "setup/teamfrm.h"
 #include "shell/game_fixture.h"
 
-// A human captain who does more than bowl over after over: he changes aggressions and bowlers, browses past overs, opens
-// every report in mid-innings and writes the match in all three forms. The same acts on the core's forms give the same
-// books and the same bytes.
+// A human captain who does more than bowl over after over: he changes aggressions and bowlers, browses past overs,
+// opens every report in mid-innings and writes the match in all three forms. The same acts on the core's forms give the
+// same books and the same bytes.
 
 namespace velorin::testing {
 namespace {
@@ -142,7 +142,7 @@ void read_everything(ClickingUser& user, const std::filesystem::path& folder, co
   for (const Export& one : {Export{"Command7", ".html"}, Export{"Command8", ".txt"}, Export{"Command9", ".byb.txt"}}) {
     user.robot.next("scorecard", pressing(one.button));
     const QString path = QString::fromStdString((folder / (stem + one.ending)).string());
-    user.robot.next("QFileDialog", [path](QWidget& window) {
+    user.robot.next("CommonDialog1", [path](QWidget& window) {
       auto* dialog = qobject_cast<QFileDialog*>(&window);
       ASSERT_NE(dialog, nullptr);
       dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);

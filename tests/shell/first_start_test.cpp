@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QComboBox>
 #include <QLabel>
-#include <QTest>
+#include <QTimer>
 #include <filesystem>
 #include <fstream>
 

@@ -55,9 +55,9 @@ TEST_F(OpeningWindowTest, PanelsHoldTheirEntries) {
   EXPECT_EQ(texts("Picture1_0"), (list{"New Match", "New Series", "Tri Series", "World Cup", "<<Back"}));
   EXPECT_EQ(texts("Picture1_1"), (list{"Player Profiles", "Team Records", "World Rankings", "<<Back"}));
   EXPECT_EQ(texts("Picture1_2"),
-            (list{"All Batting Stats", "Highest Totals", "Lowest Totals", "Highest Individual Scores", "Most Runs Scored",
-                  "Highest Averages", "% Innings 50 or More", "Top Century Makers", "Highest Strike Rates",
-                  "Record Partnerships", "<<Back"}));
+            (list{"All Batting Stats", "Highest Totals", "Lowest Totals", "Highest Individual Scores",
+                  "Most Runs Scored", "Highest Averages", "% Innings 50 or More", "Top Century Makers",
+                  "Highest Strike Rates", "Record Partnerships", "<<Back"}));
   EXPECT_EQ(texts("Picture1_3"), (list{"All Bowling Stats", "Most Wickets", "Best Bowling Averages",
                                        "Best Economy Rates", "Best Bowling Analysis", "<<Back"}));
 }
@@ -203,7 +203,9 @@ TEST_F(AllStatsTest, EveryEntryOpensItsList) {
     ClickingUser user;
     const auto note = [&](QWidget& window) {
       EXPECT_EQ(window.objectName(), QLatin1String(way.window));
-      if (way.title != nullptr) EXPECT_EQ(window.windowTitle(), QLatin1String(way.title));
+      if (way.title != nullptr) {
+        EXPECT_EQ(window.windowTitle(), QLatin1String(way.title));
+      }
       check_window_at_sizes(window);
       const bool competition = std::string(way.panel) == "Label1";
       press(window, competition ? "Command2" : "Command1");

@@ -44,6 +44,7 @@ void Robot::look() {
   look_soon();
   QWidget* window = QApplication::activeModalWidget();
   if (window == nullptr || !window->isVisible() || !window->isEnabled() || program_is_ending()) return;
+  if (std::find(answering_.begin(), answering_.end(), window) != answering_.end()) return;
   const std::string name = window->objectName().toStdString();
   met_.push_back(name);
   answer act;
@@ -56,7 +57,9 @@ void Robot::look() {
     act = otherwise_;
   }
   if (act) {
+    answering_.push_back(window);
     act(*window);
+    answering_.pop_back();
     return;
   }
   ADD_FAILURE() << "nobody answers " << name;

@@ -45,7 +45,8 @@ class Robot {
   void look();
   void look_soon();
 
-  QObject alive_;  // looks end with it
+  QObject alive_;                    // looks end with it
+  std::vector<QWidget*> answering_;  // windows in the middle of an answer, which may process events itself
   std::map<std::string, answer> always_;
   std::map<std::string, std::deque<answer>> next_;
   answer otherwise_;

@@ -27,7 +27,8 @@ namespace {
 std::string described(const QWidget& widget) {
   std::string text = widget.objectName().toStdString();
   if (text.empty()) text = widget.metaObject()->className();
-  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) text += " \"" + button->text().toStdString() + "\"";
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+    text += " \"" + button->text().toStdString() + "\"";
   if (const auto* label = qobject_cast<const QLabel*>(&widget)) text += " \"" + label->text().toStdString() + "\"";
   return text;
 }
@@ -35,7 +36,8 @@ std::string described(const QWidget& widget) {
 /// Parts of other controls, which answer for them.
 bool is_inner(const QWidget& widget) {
   for (const QWidget* at = widget.parentWidget(); at != nullptr; at = at->parentWidget()) {
-    if (qobject_cast<const QAbstractItemView*>(at) != nullptr || qobject_cast<const QComboBox*>(at) != nullptr) return true;
+    if (qobject_cast<const QAbstractItemView*>(at) != nullptr || qobject_cast<const QComboBox*>(at) != nullptr)
+      return true;
     if (at->inherits("QAbstractSpinBox")) return true;
     if (at->isWindow()) return false;
   }
@@ -76,7 +78,8 @@ void check_buttons(const QWidget& window) {
     const bool a_tick = qobject_cast<const QCheckBox*>(button) != nullptr;
     EXPECT_TRUE(in_a_group || a_tick || !keys.isEmpty()) << described(*button) << " has no key";
     for (const QString& key : keys) {
-      EXPECT_TRUE(button->toolTip().contains(key)) << described(*button) << ": the tooltip does not name " << key.toStdString();
+      EXPECT_TRUE(button->toolTip().contains(key))
+          << described(*button) << ": the tooltip does not name " << key.toStdString();
     }
   }
 }
@@ -132,7 +135,8 @@ void check_texts(const QWidget& window) {
     if (widget->parentWidget() == nullptr || widget->parentWidget()->inherits("QAbstractScrollArea")) continue;
     if (widget->parentWidget()->objectName() == QLatin1String("qt_scrollarea_viewport")) continue;
     const QRect inside = widget->parentWidget()->rect().adjusted(-1, -1, 1, 1);
-    EXPECT_TRUE(inside.contains(widget->geometry())) << described(*widget) << " runs out of " << described(*widget->parentWidget());
+    EXPECT_TRUE(inside.contains(widget->geometry()))
+        << described(*widget) << " runs out of " << described(*widget->parentWidget());
   }
 }
 

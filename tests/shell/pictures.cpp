@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Plays on a copy of the bundled database without a screen and takes the pictures of the README.
+//   velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark] [WIDTH HEIGHT]
+#include <QApplication>
+#include <QComboBox>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cstdio>
+#include <filesystem>
+
+#include "competitions/wctable.h"
+#include "competitions/world_cup.h"
+#include "database/configuration.h"
+#include "desktop/preferences.h"
+#include "desktop/program_end.h"
+#include "desktop/theme.h"
+#include "model/random.h"
+#include "model/teams.h"
+#include "shell/clicking_user.h"
+#include "shell/opening_window.h"
+#include "shell/qt_front_end.h"
+
+namespace velorin::testing {
+namespace {
+
+QString folder;
+QSize size(1280, 800);
+
+void take(QWidget& window, const char* name, bool at_size) {
+  if (at_size) window.resize(size);
+  for (int round = 0; round < 4; ++round) QApplication::processEvents();
+  const QString path = QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name));
+  if (!window.grab().save(path)) std::fprintf(stderr, "not written: %s\n", qPrintable(path));
+}
+
+/// Careers and records for the browsers: a tournament of computer sides.
+void fill_careers() {
+  headless_user user;
+  const front_end_scope in_use(user);
+  chance.use_seed(2026);
+  wctable form;
+  form.open();
+  form.command1_click();
+  world_cup = {};
+}
+
+void open(OpeningWindow& menu, const char* panel, const char* entry) {
+  press(menu, panel);
+  press(menu, entry);
+  menu.reject();
+}
+
+/// A match with a human side, seen in its second innings.
+void picture_match(OpeningWindow& menu) {
+  chance.use_seed(7);
+  ClickingUser user;
+  user.robot.next("teamfrm", [](QWidget& window) {
+    ClickingUser::choose_match(window, 0, 2, true, false);
+    take(window, "new-match", false);
+    press(window, "Command1");
+  });
+  user.robot.next("wecond", [](QWidget& window) {
+    take(window, "conditions", false);
+    press(window, "Command1");
+  });
+  user.robot.next("Teamsel", [](QWidget& window) {
+    press(window, "Command3");
+    take(window, "selection", false);
+    press(window, "Command1");
+  });
+  bool taken = false;
+  user.robot.always("main", [&](QWidget& window) {
+    if (match.first_total == 0 || match.over_no < 31 || taken) return press(window, "Command1");
+    taken = true;
+    take(window, "console", true);
+    user.robot.next("scorecard", [](QWidget& card) {
+      take(card, "scorecard", false);
+      press(card, "Command6");
+    });
+    user.robot.next("graphs", [](QWidget& graphs) {
+      take(graphs, "graphs", false);
+      press(graphs, "Command1");
+    });
+    user.robot.next("scorecard", [](QWidget& card) { press(card, "Command10"); });
+    user.robot.next("worms", [](QWidget& worms) {
+      take(worms, "worms", false);
+      press(worms, "Command1");
+    });
+    press(window, "Command2");
+  });
+  open(menu, "Label1", "Label8");
+}
+
+void picture_world_cup(OpeningWindow& menu) {
+  chance.use_seed(5);
+  ClickingUser user;
+  user.robot.next("wctable", [](QWidget& window) {
+    take(window, "world-cup", false);
+    press(window, "Command1");
+  });
+  int lists = 0;
+  user.robot.always("wcsstab", [&](QWidget& window) {
+    if (lists == 27) take(window, "world-cup-tables", false);
+    press(window, "Command1");
+  });
+  user.robot.always("wc_fix", [&](QWidget& window) {
+    ++lists;
+    if (lists == 14) take(window, "world-cup-fixtures", false);
+    press(window, lists == 28 ? "Command3" : "Command1");
+  });
+  open(menu, "Label1", "Label11");
+}
+
+void picture_profile(OpeningWindow& menu) {
+  ClickingUser user;
+  user.robot.next("Sqdet", [](QWidget& window) {
+    control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+    control<QComboBox>(window, "Combo2")->setCurrentIndex(1);
+    take(window, "profile", false);
+    press(window, "Command1");
+  });
+  open(menu, "Label4", "Label27");
+}
+
+void take_all() {
+  QtFrontEnd shown_by;
+  const front_end_scope in_use(shown_by);
+  OpeningWindow menu(shown_by);
+  menu.show();
+  QTimer::singleShot(0, &menu, [&] {
+    menu.start();
+    take(menu, "menu", false);
+    picture_match(menu);
+    picture_profile(menu);
+    picture_world_cup(menu);
+    end_program(0);
+  });
+  QApplication::exec();
+}
+
+}  // namespace
+}  // namespace velorin::testing
+
+int main(int argc, char** argv) {
+  using namespace velorin;
+  if (argc < 3) {
+    std::fprintf(stderr,
+                 "usage: velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark] [WIDTH HEIGHT]\n");
+    return 2;
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  ::testing::InitGoogleTest();
+  QApplication application(argc, argv);
+  const QTemporaryDir own;
+  preferences::use_file(own.filePath(QStringLiteral("preferences.ini")));
+  preferences::set_pace(Pace::instant);
+  const bool dark = argc > 3 && std::string(argv[3]) == "dark";
+  apply_theme(dark ? Appearance::dark : Appearance::light);
+  velorin::testing::folder = QString::fromLocal8Bit(argv[1]);
+  if (argc > 5) velorin::testing::size = QSize(std::atoi(argv[4]), std::atoi(argv[5]));
+  std::filesystem::create_directories(argv[1]);
+  const std::filesystem::path teams = own.filePath(QStringLiteral("teams")).toStdString();
+  std::filesystem::create_directory(teams);
+  for (const char* name : {"world.team", "world.grd", "options.mc"}) {
+    std::filesystem::copy_file(std::filesystem::path(argv[2]) / name, teams / name);
+  }
+  files = database_paths(teams, "world");
+  velorin::testing::fill_careers();
+  velorin::testing::take_all();
+  return ::testing::UnitTest::GetInstance()->Failed() ? 1 : 0;
+}
