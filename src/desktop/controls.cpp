@@ -2,6 +2,7 @@
 #include "desktop/controls.h"
 
 #include <QFrame>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -17,9 +18,9 @@ struct RoleLook {
 };
 
 constexpr RoleLook looks[] = {
-    {TypeStep::body, ""},        {TypeStep::strong, ""},     {TypeStep::heading, ""},   {TypeStep::title, ""},
-    {TypeStep::score, ""},       {TypeStep::body, "muted"},  {TypeStep::small, "muted"}, {TypeStep::body, "red"},
-    {TypeStep::body, "blue"},    {TypeStep::strong, "accent"},
+    {TypeStep::body, ""},     {TypeStep::strong, ""},       {TypeStep::heading, ""},    {TypeStep::title, ""},
+    {TypeStep::score, ""},    {TypeStep::body, "muted"},    {TypeStep::small, "muted"}, {TypeStep::body, "red"},
+    {TypeStep::body, "blue"}, {TypeStep::strong, "accent"},
 };
 
 }  // namespace
@@ -59,6 +60,20 @@ QFrame* new_card(QWidget* parent) {
 }
 
 QVBoxLayout* card_rows(QFrame* card) { return static_cast<QVBoxLayout*>(card->layout()); }
+
+QVBoxLayout* new_column(QVBoxLayout* body, int widest) {
+  auto* column = new QWidget;
+  column->setMaximumWidth(widest);
+  auto* rows = new QVBoxLayout(column);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(body->spacing());
+  auto* across = new QHBoxLayout;
+  across->addStretch();
+  across->addWidget(column, 1);
+  across->addStretch();
+  body->addLayout(across, 1);
+  return rows;
+}
 
 QString spoken_name(const QString& caption) {
   QString name = caption.trimmed();

@@ -33,6 +33,9 @@ QFrame* new_card(QWidget* parent = nullptr);
 /// The layout of such a panel.
 QVBoxLayout* card_rows(QFrame* card);
 
+/// A column for a form's whole body: no wider than `widest` pixels, in the middle of a wider form.
+QVBoxLayout* new_column(QVBoxLayout* body, int widest);
+
 /// The name for screen readers that a caption gives.
 QString spoken_name(const QString& caption);
 

@@ -26,6 +26,8 @@ namespace velorin {
 
 namespace {
 
+constexpr int lowest_row = 28;  // pixels
+
 /// Paints the ground of a marked row, which the style sheet leaves out, and tells a text that is cut off.
 class CellPainter : public QStyledItemDelegate {
  public:
@@ -65,7 +67,7 @@ TableView::TableView(const QString& name, QWidget* parent)
   setCornerButtonEnabled(false);
   verticalHeader()->setVisible(false);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(28);
+  verticalHeader()->setDefaultSectionSize(lowest_row);
   verticalHeader()->setMinimumWidth(24);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setMinimumSectionSize(32);
@@ -108,6 +110,20 @@ int TableView::rows_height() const {
 void TableView::show_all_rows() {
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setMinimumHeight(rows_height());
+}
+
+void TableView::grow_rows(int highest, int rows) {
+  highest_row_ = highest;
+  growing_rows_ = std::max(1, rows);
+  const int least = horizontalHeader()->sizeHint().height() + 2 * frameWidth() + 2;
+  setMaximumHeight(std::max(least + growing_rows_ * highest, minimumHeight()));
+}
+
+void TableView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (highest_row_ == 0) return;
+  const int height = std::clamp(viewport()->height() / growing_rows_, lowest_row, highest_row_);
+  if (height != verticalHeader()->defaultSectionSize()) verticalHeader()->setDefaultSectionSize(height);
 }
 
 QSize TableView::sizeHint() const {

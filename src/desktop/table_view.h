@@ -30,6 +30,9 @@ class TableView : public QTableView {
   /// All rows are shown at once: the view's height follows their number.
   void show_all_rows();
 
+  /// The rows grow with the view, up to this height, so that `rows` of them fill it; the view grows no further.
+  void grow_rows(int highest, int rows);
+
   void copy() const;
   /// Asks for a file and saves the table there.
   void save_csv();
@@ -37,6 +40,7 @@ class TableView : public QTableView {
   QSize sizeHint() const override;
 
  protected:
+  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
@@ -47,6 +51,8 @@ class TableView : public QTableView {
   TableModel* model_;
   QSortFilterProxyModel* order_;
   std::function<void(int)> opened_;
+  int highest_row_ = 0;
+  int growing_rows_ = 1;
 };
 
 /// Asks for a file, over `window`, and saves the table there as CSV. A failure is a message.

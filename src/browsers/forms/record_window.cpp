@@ -55,10 +55,14 @@ Table table_of(const shown_table& shown_table, bool ranked) {
 }  // namespace
 
 RecordWindow::RecordWindow(const QString& name, table_form& form, bool ranked, QWidget* parent)
-    : Form(name, Dismissal::closes, parent), form_(form), table_(new TableView(QStringLiteral("table"))) {
+    : Form(name, Dismissal::closes, parent),
+      form_(form),
+      rows_(new_column(body(), 1120)),
+      table_(new TableView(QStringLiteral("table"))) {
   set_title(shown(form_.table.title), shown(form_.table.title));
-  body()->addWidget(table_, 1);
+  rows_->addWidget(table_, 1);
   show_rows(ranked);
+  rows_->addStretch();
   add_profile_button(QStringLiteral("profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, 0);
   const auto close = [this] {
     form_.command1_click();
@@ -75,8 +79,9 @@ void RecordWindow::show_rows(bool ranked) {
   // The size remembered may come from shorter names and fewer rows.
   const QSize whole = table_->sizeHint();
   table_->setMinimumSize(std::clamp(whole.width(), 480, 960), std::clamp(whole.height(), 120, 480));
+  table_->grow_rows(40, static_cast<int>(form_.table.rows.size()));
   if (form_.table.rows.empty()) {
-    body()->addWidget(new_named_label(QStringLiteral("empty"), QStringLiteral("No records yet"), TextRole::muted));
+    rows_->addWidget(new_named_label(QStringLiteral("empty"), QStringLiteral("No records yet"), TextRole::muted));
     return;
   }
   const auto& rows = form_.table.rows;

@@ -6,6 +6,7 @@
 #include "desktop/form.h"
 
 class QPushButton;
+class QVBoxLayout;
 
 namespace velorin {
 
@@ -34,6 +35,7 @@ class RecordWindow : public Form {
   const std::string& man_of(int row, int man) const;
 
   table_form& form_;
+  QVBoxLayout* rows_;
   TableView* table_;
 };
 

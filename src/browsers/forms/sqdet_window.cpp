@@ -35,7 +35,8 @@ QComboBox* new_list(const QString& name, const std::vector<std::string>& texts, 
 SqdetWindow::SqdetWindow(sqdet& form, QWidget* parent)
     : Form(QStringLiteral("Sqdet"), Dismissal::closes, parent), form_(form) {
   set_title(shown(sqdet::title), shown(sqdet::title));
-  body()->addWidget(new_lists());
+  auto* rows = new_column(body(), 1280);
+  rows->addWidget(new_lists());
   pages_ = new QStackedWidget;
   auto* nobody = new_named_label(
       QStringLiteral("nobody"),
@@ -45,7 +46,9 @@ SqdetWindow::SqdetWindow(sqdet& form, QWidget* parent)
   nobody->setMinimumSize(928, 424);
   pages_->addWidget(nobody);
   pages_->addWidget(new_figures());
-  body()->addWidget(pages_, 1);
+  pages_->setMaximumHeight(560);
+  rows->addWidget(pages_, 1);
+  rows->addStretch();
   const auto close = [this] {
     form_.command1_click();
     if (form_.closed) accept();

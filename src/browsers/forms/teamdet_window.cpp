@@ -41,14 +41,15 @@ Table results_table(const teamdet& form) {
 TeamdetWindow::TeamdetWindow(teamdet& form, QWidget* parent)
     : Form(QStringLiteral("teamdet"), Dismissal::closes, parent), form_(form) {
   body()->setSpacing(16);
-  body()->addWidget(new_list());
+  auto* rows = new_column(body(), 1280);
+  rows->addWidget(new_list());
   auto* upper = new QHBoxLayout;
   upper->setSpacing(16);
   upper->addWidget(new_results());
   upper->addWidget(new_extremes(), 1);
-  body()->addLayout(upper);
-  body()->addWidget(new_individual());
-  body()->addStretch(1);
+  rows->addLayout(upper);
+  rows->addWidget(new_individual());
+  rows->addStretch(1);
   const auto close = [this] {
     form_.command1_click();
     if (form_.closed) accept();

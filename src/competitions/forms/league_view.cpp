@@ -8,6 +8,10 @@
 
 namespace velorin {
 
+namespace {
+constexpr int highest_row = 40;  // pixels
+}  // namespace
+
 TableView* new_league_view(const QString& name, const QString& title, std::span<const league_texts> rows,
                            const league_headings& headings, int room) {
   Table table;
@@ -25,7 +29,8 @@ TableView* new_league_view(const QString& name, const QString& title, std::span<
   view->set_table(std::move(table));
   view->show_all_rows();
   const int missing = room - std::max(1, static_cast<int>(rows.size()));
-  view->setFixedHeight(view->minimumHeight() + missing * view->verticalHeader()->defaultSectionSize());
+  view->setMinimumHeight(view->minimumHeight() + missing * view->verticalHeader()->defaultSectionSize());
+  view->grow_rows(highest_row, room);
   view->setMinimumWidth(440);
   return view;
 }

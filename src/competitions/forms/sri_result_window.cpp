@@ -35,9 +35,12 @@ SriResultWindow::SriResultWindow(sri_result& form, QWidget* parent)
   results->set_table(results_table(form_));
   results->setMinimumWidth(std::clamp(results->sizeHint().width(), 560, 960));
   results->show_all_rows();
-  body()->addWidget(results, 1);
-  body()->addSpacing(8);
-  body()->addWidget(new_named_label(QStringLiteral("Label4_0"), shown(form_.label4_0), TextRole::heading));
+  results->grow_rows(40, static_cast<int>(form_.rows.size()));
+  auto* rows = new_column(body(), 1000);
+  rows->addWidget(results, 1);
+  rows->addSpacing(8);
+  rows->addWidget(new_named_label(QStringLiteral("Label4_0"), shown(form_.label4_0), TextRole::heading));
+  rows->addStretch();
   const auto close = [this] {
     form_.command1_click();
     if (form_.closed) accept();

@@ -19,11 +19,12 @@ TriserresultWindow::TriserresultWindow(triserresult& form, QWidget* parent)
   name_heading(QStringLiteral("Label4_1"));
   auto* table = new_league_view(QStringLiteral("table"), shown(form_.label4_1), form_.rows, tri_headings, 3);
   table->setMinimumWidth(560);
-  body()->addWidget(table);
-  body()->addSpacing(8);
-  body()->addWidget(new_named_label(QStringLiteral("Label5_0"), shown(form_.label5_0), TextRole::strong));
-  body()->addWidget(new_named_label(QStringLiteral("Label5_1"), shown(form_.label5_1), TextRole::accent));
-  body()->addStretch(1);
+  auto* rows = new_column(body(), 1000);
+  rows->addWidget(table, 1);
+  rows->addSpacing(8);
+  rows->addWidget(new_named_label(QStringLiteral("Label5_0"), shown(form_.label5_0), TextRole::strong));
+  rows->addWidget(new_named_label(QStringLiteral("Label5_1"), shown(form_.label5_1), TextRole::accent));
+  rows->addStretch();
   const auto close = [this] {
     form_.command1_click();
     if (form_.closed) accept();

@@ -85,8 +85,9 @@ WcFixWindow::WcFixWindow(wc_fix& form, QWidget* parent)
   row->setSpacing(4);
   row->addWidget(list_, 1);
   row->addWidget(scroll_);
-  body()->addLayout(row);
-  body()->addStretch(1);
+  auto* rows = new_column(body(), 1400);
+  rows->addLayout(row, 1);
+  rows->addStretch();
   scroll_->setObjectName(QStringLiteral("VScroll1"));
   scroll_->setAccessibleName(QStringLiteral("Fixtures"));
   scroll_->setRange(1, form_.scroll_maximum);
@@ -100,6 +101,7 @@ WcFixWindow::WcFixWindow(wc_fix& form, QWidget* parent)
   });
   refresh();
   list_->show_all_rows();
+  list_->grow_rows(56, shown_rows);
   list_->setMinimumWidth(std::clamp(list_->sizeHint().width(), 800, 940));
   list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   list_->installEventFilter(this);

@@ -25,9 +25,10 @@ QLayout* new_table(const QString& name, const char* heading, const std::vector<l
   auto* column = new QVBoxLayout;
   column->setSpacing(4);
   const QString title = QString::fromLatin1(heading);
-  column->addWidget(new_label(title, TextRole::heading));
-  column->addWidget(new_league_view(name, title, rows, cup_headings, room));
-  column->addStretch(1);
+  auto* head = new_label(title, TextRole::heading);
+  head->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  column->addWidget(head);
+  column->addWidget(new_league_view(name, title, rows, cup_headings, room), 1);
   return column;
 }
 
@@ -46,8 +47,9 @@ WcsstabWindow::WcsstabWindow(wcsstab& form, QWidget* parent)
   quarters->addLayout(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, 5), 0, 1);
   quarters->addLayout(new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, 6), 1, 0);
   quarters->addWidget(new_knock_out(), 1, 1);
-  body()->addLayout(quarters);
-  body()->addStretch(1);
+  auto* rows = new_column(body(), 1480);
+  rows->addLayout(quarters, 1);
+  rows->addStretch();
   const auto close = [this] {
     form_.command1_click();
     if (form_.closed) accept();
@@ -59,6 +61,7 @@ WcsstabWindow::WcsstabWindow(wcsstab& form, QWidget* parent)
 
 QWidget* WcsstabWindow::new_knock_out() {
   QFrame* card = new_card();
+  card->setMaximumHeight(320);
   const auto add = [&](const char* caption, const char* name, const std::string& text) {
     auto* pair = new QVBoxLayout;
     pair->setSpacing(2);
