@@ -34,6 +34,7 @@ void Stepper::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
   const double middle = width() / 2.0;
   const auto arrow = [&](double y, double rise, bool able) {
+    if (!able && t.high_contrast) return;
     painter.setPen(QPen(able ? t.ink : t.line, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(QPolygonF({{middle - 4, y}, {middle, y - rise}, {middle + 4, y}}));
   };

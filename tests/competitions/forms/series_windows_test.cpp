@@ -13,6 +13,7 @@
 #include "competitions/series1.h"
 #include "competitions/series2.h"
 #include "desktop/preferences.h"
+#include "desktop/program_end.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -133,6 +134,33 @@ TEST_F(SeriesWindows, TheSeriesIsPlayedBehindItsHiddenWindow) {
   EXPECT_TRUE(form.closed);
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.result(), QDialog::Accepted);
+}
+
+TEST_F(SeriesWindows, AModalSeriesReturnsWhenItIsOver) {
+  series1 form;
+  form.open();
+  form.text1 = "2";
+  Series1Window window(form);
+  Robot robot;
+  robot.next("series1", pressing("Command1"));
+  run_modal(window);
+  EXPECT_THAT(user_.matches, SizeIs(2));
+  EXPECT_EQ(window.result(), QDialog::Accepted);
+  EXPECT_EQ(robot.met("series1"), 1);
+}
+
+TEST_F(SeriesWindows, AFailureOfASeriesIsReported) {
+  series1 form;
+  form.open();
+  Series1Window window(form);
+  window.show();
+  std::string told;
+  on_failure([&](const std::exception& failure) { told = failure.what(); });
+  std::filesystem::remove(files.team);
+  press(window, "Command1");
+  on_failure({});
+  EXPECT_NE(told, "");
+  EXPECT_THAT(user_.matches, IsEmpty());
 }
 
 TEST_F(SeriesWindows, TheSeriesRefusesWhatIsNoNumberOfMatches) {
