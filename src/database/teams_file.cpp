@@ -94,10 +94,7 @@ void require_whole(const slot_file& file, const char* count_field) {
 /// All records behind the count in record 1. `limit` is the size of the list that takes them.
 template <typename Record>
 const std::vector<Record>& all_records(kept_file<Record>& kept, const char* count_field, int limit) {
-  if (!kept.records()) {
-    require_whole<Record>(kept.file(), count_field);
-    kept.records() = kept.file().template counted_records<Record>(count_field, limit);
-  }
+  if (!kept.records()) kept.records() = kept.file().template counted_records<Record>(count_field, limit);
   return *kept.records();
 }
 
@@ -124,6 +121,13 @@ const team_rec& read_team(int record) {
 const std::vector<ground_rec>& read_grounds() {
   kept_grounds.renew(files.grd);
   return all_records(kept_grounds, "ground_count", std::numeric_limits<std::int16_t>::max());
+}
+
+void require_whole_database() {
+  kept_teams.renew(files.team);
+  require_whole<team_rec>(kept_teams.file(), "team_count");
+  kept_grounds.renew(files.grd);
+  require_whole<ground_rec>(kept_grounds.file(), "ground_count");
 }
 
 void scan_grounds(const std::function<void(const ground_rec&)>& visit) {

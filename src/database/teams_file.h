@@ -17,6 +17,11 @@ const std::vector<team_rec>& read_team_list();
 /// The team in a record of the file, 2 to count + 1. Same errors; a record beyond the file reads as empty.
 const team_rec& read_team(int record);
 
+/// Refuses a database of which a file ends before the last of the records that its count tells of, or within it, though
+/// each of them could be read as empty. Raises run_time_error (file) that names the file and that record, and what
+/// reading raises.
+void require_whole_database();
+
 /// Calls `visit` for each ground of the database in use, in file order. Errors as for read_grounds().
 void scan_grounds(const std::function<void(const ground_rec&)>& visit);
 

@@ -30,17 +30,13 @@ int number(const char* key, int highest, int otherwise) {
 void use_file(const QString& path) { store() = std::make_unique<QSettings>(path, QSettings::IniFormat); }
 
 Appearance appearance() { return static_cast<Appearance>(number("appearance", 3, 0)); }
-void set_appearance(Appearance chosen) {
-  settings().setValue(QStringLiteral("appearance"), static_cast<int>(chosen));
-}
+void set_appearance(Appearance chosen) { settings().setValue(QStringLiteral("appearance"), static_cast<int>(chosen)); }
 
 Pace pace() { return static_cast<Pace>(number("pace", 2, static_cast<int>(Pace::quick))); }
 void set_pace(Pace chosen) { settings().setValue(QStringLiteral("pace"), static_cast<int>(chosen)); }
 
 bool plays_without_stopping() { return number("plays_without_stopping", 1, 0) == 1; }
-void set_plays_without_stopping(bool on) {
-  settings().setValue(QStringLiteral("plays_without_stopping"), on ? 1 : 0);
-}
+void set_plays_without_stopping(bool on) { settings().setValue(QStringLiteral("plays_without_stopping"), on ? 1 : 0); }
 
 QByteArray geometry(const QString& window) {
   return settings().value(QStringLiteral("windows/") + window).toByteArray();

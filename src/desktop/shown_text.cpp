@@ -9,7 +9,9 @@ namespace velorin {
 
 QString shown(std::string_view bytes) { return QString::fromStdString(to_utf8(bytes)); }
 
-QString shown_caption(std::string_view bytes) { return shown(bytes).replace(QStringLiteral("&&"), QStringLiteral("&")); }
+QString shown_caption(std::string_view bytes) {
+  return shown(bytes).replace(QStringLiteral("&&"), QStringLiteral("&"));
+}
 
 QString button_text(const QString& text, QChar mnemonic) {
   const qsizetype marked = mnemonic.isNull() ? -1 : text.indexOf(mnemonic, 0, Qt::CaseInsensitive);

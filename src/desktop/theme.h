@@ -18,27 +18,27 @@ struct Theme {
   bool dark = false;
   bool high_contrast = false;
 
-  QColor ground;        ///< behind everything
-  QColor card;          ///< panels and tables
-  QColor card_raised;   ///< every second row, fields that are read
-  QColor line;          ///< borders and grid lines
-  QColor ink;           ///< text
-  QColor muted;         ///< less important text, on ground and card
-  QColor pitch;         ///< the scoreboard and the heads of windows
-  QColor on_pitch;      ///< text on pitch
+  QColor ground;       ///< behind everything
+  QColor card;         ///< panels and tables
+  QColor card_raised;  ///< every second row, fields that are read
+  QColor line;         ///< borders and grid lines
+  QColor ink;          ///< text
+  QColor muted;        ///< less important text, on ground and card
+  QColor pitch;        ///< the scoreboard and the heads of windows
+  QColor on_pitch;     ///< text on pitch
   QColor on_pitch_muted;
-  QColor accent;        ///< default buttons, chosen things
+  QColor accent;  ///< default buttons, chosen things
   QColor on_accent;
-  QColor focus;         ///< the ring around what has the keyboard
-  QColor willow;        ///< bars and quiet emphasis
-  QColor ball;          ///< wickets, and text that is told to be red
+  QColor focus;   ///< the ring around what has the keyboard
+  QColor willow;  ///< bars and quiet emphasis
+  QColor ball;    ///< wickets, and text that is told to be red
   QColor on_ball;
-  QColor four;          ///< boundaries along the ground
-  QColor six;           ///< boundaries in the air
+  QColor four;  ///< boundaries along the ground
+  QColor six;   ///< boundaries in the air
   QColor on_boundary;
-  QColor blue;          ///< text that is told to be blue
-  QColor dark_blue;     ///< text that is told to be dark blue
-  QColor next_ground;   ///< behind the row of the next match
+  QColor blue;         ///< text that is told to be blue
+  QColor dark_blue;    ///< text that is told to be dark blue
+  QColor next_ground;  ///< behind the row of the next match
 };
 
 /// The look in use.

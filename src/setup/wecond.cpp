@@ -3,6 +3,8 @@
 
 #include <cmath>
 
+#include "database/configuration.h"
+#include "database/whole_file.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
@@ -52,8 +54,9 @@ int draw_from(const span_of_values& values) {
 
 int slider_value(int figure, const char* field) {
   if (figure < 1 || figure > 4) {
-    throw run_time_error(failure::type, "Invalid value: " + number_text(figure) + " is no pitch condition of 1 to 4",
-                         {.file = {}, .record = 0, .field = field, .player = match.venue_name()});
+    throw run_time_error(
+        failure::type, "Invalid value: " + number_text(figure) + " is no pitch condition of 1 to 4",
+        {.file = file_name_text(files.grd), .record = 0, .field = field, .player = match.venue_name()});
   }
   return figure;
 }

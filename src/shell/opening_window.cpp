@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "database/configuration.h"
+#include "database/teams_file.h"
 #include "desktop/controls.h"
 #include "desktop/ground_picture.h"
 #include "desktop/preferences.h"
@@ -177,7 +178,9 @@ QWidget* OpeningWindow::new_appearance_choice() {
 std::function<void()> OpeningWindow::with_database(std::function<void()> act) {
   return [act = std::move(act)] {
     if (files.base.empty()) menu::configurations();
-    if (!files.base.empty()) act();
+    if (files.base.empty()) return;
+    require_whole_database();
+    act();
   };
 }
 

@@ -110,6 +110,27 @@ TEST_F(TeamsFile, ARecordBeyondTheFileIsEmpty) {
   EXPECT_EQ(read_team(30).team_name, "");
 }
 
+TEST_F(TeamsFile, AFileThatEndsBeforeItsLastRecordIsNotWhole) {
+  write_teams({team_called("Tamar"), team_called("Alba")});
+  write_counted(files.grd, 0, std::vector<ground_rec>());
+  require_whole_database();
+  write_counted(files.team, 3, std::vector{team_called("Tamar"), team_called("Alba")});
+  const run_time_error error = error_of([] { require_whole_database(); });
+  EXPECT_EQ(error.kind(), failure::file);
+  EXPECT_EQ(error.place().file, "base.team");
+  EXPECT_EQ(error.place().record, 4);
+}
+
+TEST_F(TeamsFile, AFileThatEndsWithinItsLastRecordIsNotWhole) {
+  write_teams({team_called("Tamar"), team_called("Alba")});
+  write_counted(files.grd, 0, std::vector<ground_rec>());
+  std::filesystem::resize_file(files.team, 2 * 1500 + 5);
+  const run_time_error error = error_of([] { require_whole_database(); });
+  EXPECT_EQ(error.kind(), failure::file);
+  EXPECT_EQ(error.place().record, 3);
+  EXPECT_EQ(error.place().field, "team_name");
+}
+
 TEST_F(TeamsFile, ATeamBeyondTheCountCanBeRead) {
   write_counted(files.team, 1, std::vector{team_called("Tamar"), team_called("Alba")});
   EXPECT_EQ(read_team_list().size(), 1U);
