@@ -172,6 +172,7 @@ void Form::showEvent(QShowEvent* event) {
     const QByteArray geometry = preferences::geometry(objectName());
     if (geometry.isEmpty() || !restoreGeometry(geometry)) {
       adjustSize();
+      resize(size().expandedTo(preferred_));
       if (const QScreen* at = screen()) resize(size().boundedTo(at->availableSize()));
     }
     // Wrapped lines may need more height than at the last time.

@@ -59,6 +59,9 @@ class Form : public QDialog {
   /// Puts a widget into the row of buttons, before those added later.
   void add_beside_buttons(QWidget* widget);
 
+  /// The size at which the form opens where none is remembered; without it, its contents say. The screen limits it.
+  void prefer_size(QSize size) { preferred_ = size; }
+
   /// While busy the form takes no input and the pointer says so.
   void set_busy(bool busy);
 
@@ -84,6 +87,7 @@ class Form : public QDialog {
   QWidget* foot_;
   QHBoxLayout* asides_;
   QHBoxLayout* buttons_;
+  QSize preferred_;
   bool placed_ = false;
 };
 

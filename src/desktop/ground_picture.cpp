@@ -24,17 +24,28 @@ void paint_stands(QPainter& painter, const QRectF& all, bool dark) {
   const double base = all.height() * horizon;
   painter.setPen(Qt::NoPen);
   painter.setBrush(dark ? QColor(0x1A2A25) : QColor(0x2F5D49));
-  QPainterPath trees;
-  trees.moveTo(0, base);
-  const int crowns = 14;
-  for (int i = 0; i < crowns; ++i) {
-    const double from = all.width() * i / crowns;
-    const double to = all.width() * (i + 1) / crowns;
-    const double top = base - all.height() * (0.045 + 0.02 * ((i * 7) % 4));
-    trees.cubicTo(from, top, to, top, to, base);
+  // A line of trees, crown over crown, and the roof of a stand.
+  const int crowns = 22;
+  for (int i = 0; i <= crowns; ++i) {
+    const double size = all.width() * (0.05 + 0.012 * ((i * 5) % 4));
+    const double lift = all.height() * (0.012 + 0.008 * ((i * 7) % 3));
+    painter.drawEllipse(QPointF(all.width() * i / crowns, base - lift), size, size * 0.62);
   }
-  trees.lineTo(0, base);
-  painter.drawPath(trees);
+  painter.setBrush(dark ? QColor(0x25362F) : QColor(0x7E9AA8));
+  const double from = all.width() * 0.06;
+  const double to = all.width() * 0.36;
+  const double roof = base - all.height() * 0.07;
+  QPainterPath stand;
+  stand.moveTo(from, base);
+  stand.lineTo(from, roof + all.height() * 0.02);
+  stand.quadTo((from + to) / 2, roof - all.height() * 0.02, to, roof + all.height() * 0.02);
+  stand.lineTo(to, base);
+  painter.drawPath(stand);
+  painter.setBrush(dark ? QColor(0x3A4D45) : QColor(0xE9EFF0));
+  for (int tier = 0; tier < 3; ++tier) {
+    painter.drawRect(
+        QRectF(from + 8, roof + all.height() * (0.026 + 0.015 * tier), to - from - 16, all.height() * 0.006));
+  }
   // The pavilion with its clock.
   const double w = all.width() * 0.22;
   const QRectF house(all.width() * 0.62, base - all.height() * 0.075, w, all.height() * 0.075);
@@ -57,6 +68,7 @@ void paint_outfield(QPainter& painter, const QRectF& all, bool dark) {
   painter.setClipRect(field);
   const QColor light = dark ? QColor(0x1F5A3C) : QColor(0x5FA868);
   const QColor deep = dark ? QColor(0x194C33) : QColor(0x529A5D);
+  painter.fillRect(field, deep);
   // Mown stripes that meet far behind the pavilion.
   const QPointF far(all.width() * 0.5, top - all.height() * 0.25);
   const int stripes = 16;

@@ -114,8 +114,11 @@ void picture_world_cup(OpeningWindow& menu) {
 void picture_profile(OpeningWindow& menu) {
   ClickingUser user;
   user.robot.next("Sqdet", [](QWidget& window) {
-    control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
-    control<QComboBox>(window, "Combo2")->setCurrentIndex(1);
+    for (const char* name : {"Combo1", "Combo2"}) {
+      auto* list = control<QComboBox>(window, name);
+      list->setCurrentIndex(1);
+      emit list->activated(1);
+    }
     take(window, "profile", false);
     press(window, "Command1");
   });
