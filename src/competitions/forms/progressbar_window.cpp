@@ -63,8 +63,11 @@ void ProgressbarWindow::show_over(int over) {
   set_title(shown(progress.title()), shown(progress.title()));
   bar_->set_progress(progress);
   if (!isVisible()) show();
-  // The match holds the thread: the window is painted in between.
+  // The match holds the thread: the window is painted in between, but no more often than the eye can follow.
+  constexpr int frame = 16;
+  if (since_painted_.isValid() && since_painted_.elapsed() < frame) return;
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  since_painted_.start();
 }
 
 }  // namespace velorin

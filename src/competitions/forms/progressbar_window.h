@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QElapsedTimer>
+
 #include "desktop/form.h"
 
 namespace velorin {
@@ -16,6 +18,7 @@ class ProgressbarWindow : public Form {
   void show_over(int over);
 
  private:
+  QElapsedTimer since_painted_;
   class Bar;
   Bar* bar_;
 };

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Measures the desktop game on a copy of a database, without a screen: opening each window up to its first paint, an
+// over at the instant pace with every refresh, a match of two computer sides.
+//   velorin-desktop-times FOLDER-OF-THE-DATABASE
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "competitions/series1.h"
+#include "competitions/wctable.h"
+#include "competitions/world_cup.h"
+#include "database/configuration.h"
+#include "desktop/preferences.h"
+#include "desktop/program_end.h"
+#include "desktop/theme.h"
+#include "model/random.h"
+#include "model/teams.h"
+#include "setup/teamfrm.h"
+#include "shell/clicking_user.h"
+#include "shell/menu_actions.h"
+#include "shell/opening_window.h"
+#include "shell/qt_front_end.h"
+
+namespace velorin::testing {
+namespace {
+
+/// Notes, for each window, how long it takes from the request to its first paint, and keeps the slowest opening.
+class OpeningTimes : public QObject {
+ public:
+  void asked() { clock_.start(); }
+  std::map<std::string, double> slowest;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (event->type() == QEvent::Paint && widget != nullptr && widget->isWindow() && clock_.isValid()) {
+      double& kept = slowest[widget->objectName().toStdString()];
+      kept = std::max(kept, static_cast<double>(clock_.nsecsElapsed()) / 1e6);
+      clock_.invalidate();
+    }
+    return false;
+  }
+
+ private:
+  QElapsedTimer clock_;
+};
+
+void fill_careers() {
+  headless_user user;
+  const front_end_scope in_use(user);
+  chance.use_seed(2026);
+  wctable form;
+  form.open();
+  form.command1_click();
+  world_cup = {};
+}
+
+struct Measured {
+  std::vector<double> overs;
+  double over() const {
+    std::vector<double> sorted = overs;
+    std::sort(sorted.begin(), sorted.end());
+    return sorted[sorted.size() / 2];
+  }
+  double worst() const { return *std::max_element(overs.begin(), overs.end()); }
+};
+
+/// A match of two humans: every request of the core goes through here first, so that the clock starts with it.
+template <class Request>
+Robot::answer then_ask(OpeningTimes& times, Request request) {
+  return [&times, request](QWidget& window) {
+    times.asked();
+    request(window);
+  };
+}
+
+void open_everything(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& user) {
+  for (const char* name : {"allrecs", "totrecords", "highinduv", "centurytop", "partnrec", "teamdet", "wldrank",
+                           "Sqdet", "optfrm", "frmAbout"}) {
+    user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "Command1"); }));
+  }
+  for (const char* name : {"series1", "series2", "wctable"}) {
+    user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "Command2"); }));
+  }
+  const std::vector<std::function<void()>> entries = {
+      [] { menu::all_batting(); },       [] { menu::all_bowling(); },         [] { menu::team_records(); },
+      [] { menu::world_rankings(); },    [] { menu::player_profiles(); },     [] { menu::configurations(); },
+      [] { menu::credits(); },           [&] { menu::new_series(shown_by); }, [&] { menu::tri_series(shown_by); },
+      [&] { menu::world_cup(shown_by); }};
+  for (const auto& entry : entries) {
+    times.asked();
+    entry();
+  }
+}
+
+Measured play_match(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& user) {
+  Measured measured;
+  QElapsedTimer clock;
+  user.robot.next("teamfrm", then_ask(times, [](QWidget& window) {
+                    ClickingUser::choose_match(window, 0, 2, true, false);
+                    press(window, "Command1");
+                  }));
+  for (const char* name : {"wecond", "batsmandetails", "scorecard2", "Bowlcard", "bowlcard2nd", "partners", "partners2",
+                           "graphs", "worms"}) {
+    user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "Command1"); }));
+  }
+  bool reports_read = false;
+  user.robot.always("main", [&](QWidget& window) {
+    if (match.first_total != 0 && match.over_no == 20 && !reports_read) {
+      reports_read = true;
+      for (const char* report : {"Command2", "Command5", "Command6", "Command10", "Command3"}) {
+        user.robot.next("scorecard", then_ask(times, [report](QWidget& card) { press(card, report); }));
+      }
+      user.robot.next("scorecard2", then_ask(times, [](QWidget& card) { press(card, "Command2"); }));
+      user.robot.next("scorecard2", then_ask(times, [](QWidget& card) { press(card, "Command3"); }));
+      times.asked();
+      press(window, "Command2");
+      return;
+    }
+    const std::size_t requests = user.robot.met().size();
+    clock.start();
+    press(window, "Command1");
+    // An over without a wicket, a milestone or the end of an innings: what counts is the over alone.
+    if (window.isVisible() && user.robot.met().size() == requests) {
+      window.repaint();
+      measured.overs.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
+    }
+  });
+  times.asked();
+  menu::new_match(shown_by);
+  return measured;
+}
+
+double unattended_match(QtFrontEnd& shown_by, bool without_stopping, ClickingUser& user) {
+  preferences::set_plays_without_stopping(without_stopping);
+  user.robot.next("teamfrm", [](QWidget& window) {
+    ClickingUser::choose_match(window, 3, 4, false, false);
+    press(window, "Command1");
+  });
+  QElapsedTimer clock;
+  clock.start();
+  menu::new_match(shown_by);
+  preferences::set_plays_without_stopping(false);
+  return static_cast<double>(clock.nsecsElapsed()) / 1e6;
+}
+
+void measure() {
+  OpeningTimes times;
+  qApp->installEventFilter(&times);
+  QtFrontEnd shown_by;
+  const front_end_scope in_use(shown_by);
+  times.asked();
+  OpeningWindow menu(shown_by);
+  menu.show();
+  QApplication::processEvents();
+  menu.start();
+  chance.use_seed(7);
+  ClickingUser user;
+  open_everything(times, shown_by, user);
+  const Measured measured = play_match(times, shown_by, user);
+  std::printf("An over at the instant pace, refreshed and painted: median %.1f ms, slowest %.1f ms of %zu\n",
+              measured.over(), measured.worst(), measured.overs.size());
+  std::printf(
+      "A match of two computer sides from OK to the menu: %.1f ms with every stop pressed at once, %.1f ms without\n",
+      unattended_match(shown_by, false, user), unattended_match(shown_by, true, user));
+  std::printf("Opening a window up to its first paint, slowest of its openings (ms):\n");
+  for (const auto& [name, milliseconds] : times.slowest) std::printf("  %-16s %6.1f\n", name.c_str(), milliseconds);
+  end_program(0);
+}
+
+}  // namespace
+}  // namespace velorin::testing
+
+int main(int argc, char** argv) {
+  using namespace velorin;
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: velorin-desktop-times FOLDER-OF-THE-DATABASE\n");
+    return 2;
+  }
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  ::testing::InitGoogleTest();
+  QApplication application(argc, argv);
+  const QTemporaryDir own;
+  preferences::use_file(own.filePath(QStringLiteral("preferences.ini")));
+  preferences::set_pace(Pace::instant);
+  apply_theme(Appearance::light);
+  const std::filesystem::path teams = own.filePath(QStringLiteral("teams")).toStdString();
+  std::filesystem::create_directory(teams);
+  for (const char* name : {"world.team", "world.grd", "options.mc"}) {
+    std::filesystem::copy_file(std::filesystem::path(argv[1]) / name, teams / name);
+  }
+  files = database_paths(teams, "world");
+  velorin::testing::fill_careers();
+  velorin::testing::measure();
+  return ::testing::UnitTest::GetInstance()->Failed() ? 1 : 0;
+}
