@@ -14,6 +14,13 @@ QString played(const char* stage, int matches, int of) {
   return QStringLiteral("%1: %2 of %3 played").arg(QLatin1String(stage)).arg(matches).arg(of);
 }
 
+bool captained(const std::string& team, const std::array<std::string, 5>& teams, const std::array<bool, 5>& human) {
+  for (std::size_t i = 0; i < teams.size(); ++i) {
+    if (human[i] && teams[i] == team) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 QString cup_progress() {
@@ -45,5 +52,8 @@ fixture_captains captains_of(const wc_fixture& fixture) {
   const std::array<bool, 5>& human = fixture.stage == "A" ? world_cup.human_a : world_cup.human_b;
   return {human[at(fixture.index_a) - 1], human[at(fixture.index_b) - 1]};
 }
+
+bool human_in_group_a(const std::string& team) { return captained(team, world_cup.chosen_a, world_cup.human_a); }
+bool human_in_group_b(const std::string& team) { return captained(team, world_cup.chosen_b, world_cup.human_b); }
 
 }  // namespace velorin

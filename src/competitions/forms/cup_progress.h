@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <string>
 
 #include "competitions/world_cup.h"
 
@@ -17,5 +18,9 @@ struct fixture_captains {
   bool human_b = false;
 };
 fixture_captains captains_of(const wc_fixture& fixture);
+
+/// Whether the user captains a team of that name in Group A, or in Group B.
+bool human_in_group_a(const std::string& team);
+bool human_in_group_b(const std::string& team);
 
 }  // namespace velorin

@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <span>
+#include <vector>
 
 #include "competitions/league.h"
 
@@ -19,8 +20,8 @@ inline constexpr league_headings tri_headings = {"Pts", "Net RR"};
 inline constexpr league_headings cup_headings = {"Points", "NRR"};
 
 /// A league table of these rows, in their order, under the object name `name` and the name `title`. It keeps room for
-/// `room` rows.
+/// `room` rows. `human`: whether the user captains the team of each row; where he captains any, a column says so.
 TableView* new_league_view(const QString& name, const QString& title, std::span<const league_texts> rows,
-                           const league_headings& headings, int room);
+                           const league_headings& headings, int room, const std::vector<bool>& human = {});
 
 }  // namespace velorin

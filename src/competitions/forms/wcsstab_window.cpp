@@ -21,16 +21,21 @@ namespace velorin {
 namespace {
 
 /// A table under its heading.
-QLayout* new_table(const QString& name, const char* heading, const std::vector<league_texts>& rows, int room) {
+QLayout* new_table(const QString& name, const char* heading, const std::vector<league_texts>& rows, int room,
+                   bool (*is_human)(const std::string& team)) {
   auto* column = new QVBoxLayout;
   column->setSpacing(4);
   const QString title = QString::fromLatin1(heading);
   auto* head = new_label(title, TextRole::heading);
   head->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   column->addWidget(head);
-  column->addWidget(new_league_view(name, title, rows, cup_headings, room), 1);
+  std::vector<bool> human;
+  for (const league_texts& row : rows) human.push_back(is_human(row.front()));
+  column->addWidget(new_league_view(name, title, rows, cup_headings, room, human), 1);
   return column;
 }
+
+bool human_in_any(const std::string& team) { return human_in_group_a(team) || human_in_group_b(team); }
 
 }  // namespace
 
@@ -43,9 +48,10 @@ WcsstabWindow::WcsstabWindow(wcsstab& form, QWidget* parent)
   quarters->setVerticalSpacing(16);
   quarters->setColumnStretch(0, 1);
   quarters->setColumnStretch(1, 1);
-  quarters->addLayout(new_table(QStringLiteral("group_a"), "Group A Table", form_.group_a, 5), 0, 0);
-  quarters->addLayout(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, 5), 0, 1);
-  quarters->addLayout(new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, 6), 1, 0);
+  quarters->addLayout(new_table(QStringLiteral("group_a"), "Group A Table", form_.group_a, 5, human_in_group_a), 0, 0);
+  quarters->addLayout(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, 5, human_in_group_b), 0, 1);
+  quarters->addLayout(new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, 6, human_in_any), 1,
+                      0);
   quarters->addWidget(new_knock_out(), 1, 1);
   auto* rows = new_column(body(), 1480);
   rows->addLayout(quarters, 1);

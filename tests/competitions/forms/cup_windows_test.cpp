@@ -250,6 +250,45 @@ TEST_F(CupWindows, TheListNamesHumanSides) {
   EXPECT_GT(human, 0);
 }
 
+TEST_F(CupWindows, TheTablesNameHumanSides) {
+  choose_groups();
+  world_cup.human_a = {false, true, false, false, false};
+  world_cup.human_b = {false, false, false, false, true};
+  draw_group_fixtures();
+  const std::vector<std::string> six = {"Ardell", "Brava", "Corrin", "Farol", "Isker", "Jorvik"};
+  for (std::size_t i = 0; i < six.size(); ++i) world_cup.wc_super_six[i + 1].team = six[i];
+  wcsstab form;
+  form.open();
+  WcsstabWindow window(form);
+  window.show();
+  take_picture(window, "wcsstab_human");
+  check_window_at_sizes(window);
+  for (const char* name : {"group_a", "group_b", "super_six"}) {
+    const auto* view = control<TableView>(window, name);
+    EXPECT_FALSE(view->horizontalScrollBar()->isVisible());
+    const Table& table = view->table();
+    const std::size_t captain = column(table, "Captain");
+    int human = 0;
+    for (const TableRow& row : table.rows) {
+      const bool is_human = row.cells[0].text == "Brava" || row.cells[0].text == "Jorvik";
+      EXPECT_EQ(row.cells[captain].text, is_human ? "Human" : "") << row.cells[0].text.toStdString();
+      human += is_human ? 1 : 0;
+    }
+    EXPECT_EQ(human, name == std::string("super_six") ? 2 : 1);
+  }
+}
+
+TEST_F(CupWindows, TheTablesOfAGroupWithoutHumanSidesHaveNoColumnForThem) {
+  choose_groups();
+  world_cup.human_a = {true, false, false, false, false};
+  draw_group_fixtures();
+  wcsstab form;
+  form.open();
+  WcsstabWindow window(form);
+  EXPECT_EQ(control<TableView>(window, "group_a")->table().columns.size(), 8U);
+  EXPECT_EQ(control<TableView>(window, "group_b")->table().columns.size(), 7U);
+}
+
 TEST_F(CupWindows, HoldLongNames) {
   std::vector<std::string> a;
   std::vector<std::string> b;
