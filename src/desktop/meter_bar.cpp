@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "desktop/accessible_role.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -13,6 +14,7 @@ MeterBar::MeterBar(const QString& name, const QString& spoken, double full, QWid
   setObjectName(name);
   setFixedHeight(10);
   setMinimumWidth(60);
+  give_role(*this, QAccessible::Graphic);
   setAccessibleName(QStringLiteral("%1: 0 %").arg(spoken_));
 }
 

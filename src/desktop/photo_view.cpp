@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include "desktop/accessible_role.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -15,6 +16,7 @@ constexpr const char* no_photo = "No Pic Available";
 PhotoView::PhotoView(const QString& name, QSize size, QWidget* parent) : QWidget(parent), size_(size) {
   setObjectName(name);
   setFixedSize(size);
+  give_role(*this, QAccessible::Graphic);
   setAccessibleName(QString::fromLatin1(no_photo));
 }
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "desktop/accessible_role.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -30,6 +31,7 @@ ChipLook look_of(const QString& symbol) {
 OverChips::OverChips(QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("over_symbols"));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  give_role(*this, QAccessible::Graphic);
   set_symbols({});
 }
 

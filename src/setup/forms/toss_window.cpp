@@ -9,6 +9,7 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include "desktop/accessible_role.h"
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
@@ -21,6 +22,11 @@ namespace {
 /// The coin in the air.
 class Coin : public QWidget {
  public:
+  Coin() {
+    give_role(*this, QAccessible::Graphic);
+    setAccessibleName(QStringLiteral("The coin"));
+  }
+
   QSize sizeHint() const override { return {480, 104}; }
   QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "desktop/accessible_role.h"
 #include "desktop/controls.h"
 #include "desktop/level_slider.h"
 #include "desktop/shown_text.h"
@@ -26,6 +27,7 @@ class Sky : public QWidget {
   explicit Sky(const wecond& form) : form_(form) {
     setObjectName(QStringLiteral("Picture1"));
     setMinimumHeight(120);
+    give_role(*this, QAccessible::Graphic);
     setAccessibleName(QStringLiteral("The sky"));
   }
 
