@@ -47,9 +47,10 @@ class CommentaryModel : public QAbstractListModel {
     const Kind kind = kind_of(line);
     switch (role) {
       case Qt::DisplayRole:
-        return sign(kind) + shown(line);
-      case Qt::UserRole:
+        return sign(kind) + shown_caption(line);
       case Qt::AccessibleTextRole:
+        return shown_caption(line);
+      case Qt::UserRole:  // as it is copied and exported
         return shown(line);
       case Qt::ForegroundRole:
         return color(kind);

@@ -246,12 +246,13 @@ void ConsoleWindow::add_foot() {
   add_aside(change_bowler_);
   pace_ = new_pace_choice();
   add_beside_buttons(pace_);
-  next_over_ = add_default_button(QStringLiteral("Command1"),
-                                  {.caption = QStringLiteral("Next Over"),
-                                   .mnemonic = u'N',
-                                   .key = QKeySequence(Qt::Key_N),
-                                   .hint = QStringLiteral("Bowl the next over; Return does the same")},
-                                  [this] { play_over(); });
+  next_over_ = add_default_button(
+      QStringLiteral("Command1"),
+      {.caption = QStringLiteral("Next Over"),
+       .mnemonic = u'N',
+       .key = QKeySequence(Qt::Key_N),
+       .hint = QStringLiteral("Bowl the next over; Return does the same, Escape finishes the over at once")},
+      [this] { play_over(); });
   next_over_->setMinimumWidth(120);
 }
 

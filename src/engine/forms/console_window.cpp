@@ -53,6 +53,7 @@ ConsoleWindow::ConsoleWindow(main_console& form, QWidget* parent)
   set_title(
       QStringLiteral("%1 v %2, %3").arg(shown(match.team1_name), shown(match.team2_name), shown(match.venue_name())),
       {});
+  prefer_size(QSize(1280, 800));
   lay_out();
   add_foot();
   on_dismiss([this] {
@@ -76,7 +77,7 @@ void ConsoleWindow::refresh() {
   change_bowler_->setEnabled(!match.computer_bowls);
   rates_->refresh();
   commentary_->refresh();
-  last_wicket_->setText(shown(last_wicket_line()));
+  last_wicket_->setText(shown_caption(last_wicket_line()));
   refresh_over();
   refresh_bowlers();
 }
@@ -85,13 +86,18 @@ void ConsoleWindow::refresh_over() {
   QStringList symbols;
   for (const short_text& symbol : match.over_symbols) symbols << shown(std::string_view(symbol));
   chips_->set_symbols(symbols);
-  const bool browsing = !playing_ && match.browsed_over > 0;
-  over_title_->setText(browsing ? QStringLiteral("Over %1").arg(match.browsed_over) : QStringLiteral("This over"));
+  // Only the overs of this innings are on offer: its first press finds the browser as the innings before left it.
+  const int past = std::min(match.browser_maximum, int(match.over_no) - 1);
+  const bool browsing = !playing_ && match.browsed_over > 0 && past > 0;
+  const bool bowled = !symbols.join(QString()).isEmpty();
+  over_title_->setText(browsing              ? QStringLiteral("Over %1").arg(match.browsed_over)
+                       : playing_ || !bowled ? QStringLiteral("This over")
+                                             : QStringLiteral("Last over"));
   over_bowler_->setText(browsing ? shown(std::string_view(match.ball_log[match.browsed_over][7])) : QString());
   const QSignalBlocker quiet(browser_);
-  browser_->setRange(1, std::max(1, match.browser_maximum));
+  browser_->setRange(1, std::max(1, past));
   browser_->setValue(match.browsed_over);
-  const bool any = match.browser_maximum > 0;
+  const bool any = past > 0;
   browser_->setEnabled(any);
   over_before_->setEnabled(any);
   over_after_->setEnabled(any);

@@ -31,9 +31,9 @@ QPushButton* small_button(const QString& name) {
 void show_aggression(QPushButton& button, const QString& player, int aggression) {
   // The mnemonic stays, whatever the figure.
   const QString text = QStringLiteral("%1 %2").arg(button.property("caption").toString()).arg(aggression);
-  if (button.text() == text) return;
-  button.setText(text);
-  button.setAccessibleName(QStringLiteral("Aggression of %1: %2 of 5").arg(player.trimmed()).arg(aggression));
+  if (button.text() != text) button.setText(text);
+  const QString spoken = QStringLiteral("Aggression of %1: %2 of 5").arg(player.trimmed()).arg(aggression);
+  if (button.accessibleName() != spoken) button.setAccessibleName(spoken);
 }
 
 /// Photos are looked for on disk only when another man comes.

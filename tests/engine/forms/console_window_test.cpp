@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QListView>
@@ -223,6 +224,60 @@ TEST_F(ConsoleWindowTest, TheCommentaryHoldsEveryLineWithTheNewestInView) {
   EXPECT_EQ(list->currentIndex().row(), list->model()->rowCount() - 1);
   while (match.first_total == 0) press(window, "Command1");
   EXPECT_EQ(list->model()->rowCount(), 0);
+}
+
+TEST_F(ConsoleWindowTest, ADoubledAmpersandIsShownAsOne) {
+  ConsoleWindow& window = open(false, true);
+  press(window, "Command1");
+  batting_card_rec& out = match.batting_card[match.striker];
+  out.how_out = " c && b " + match.bowling_card[match.bowler].name;
+  match.last_wicket = {match.striker, match.innings_number, match.score_runs};
+  match.ball_commentary.add_wicket(match.bowler, match.striker);
+  window.refresh();
+  EXPECT_TRUE(text("last_wicket").contains(" c & b ")) << text("last_wicket").toStdString();
+  const auto* list = control<QListView>(window, "List1")->model();
+  const QModelIndex line = list->index(list->rowCount() - 3, 0);
+  EXPECT_TRUE(line.data().toString().contains(" c & b ")) << line.data().toString().toStdString();
+  EXPECT_TRUE(line.data(Qt::AccessibleTextRole).toString().contains(" c & b "));
+  EXPECT_TRUE(line.data(Qt::UserRole).toString().contains(" c && b ")) << "copied as it is exported";
+}
+
+TEST_F(ConsoleWindowTest, TheBrowserOffersTheOversOfThisInningsOnly) {
+  ConsoleWindow& window = open(false, true);
+  auto* browser = control<QScrollBar>(window, "VScroll1");
+  while (match.first_total == 0) press(window, "Command1");
+  ASSERT_GT(match.browser_maximum, 1) << "the first innings had overs";
+  EXPECT_FALSE(browser->isEnabled());
+  EXPECT_FALSE(control<QWidget>(window, "over_before")->isEnabled());
+  EXPECT_EQ(text("over_title"), "Last over");
+  EXPECT_EQ(text("over_bowler"), "");
+  press(window, "Command1");
+  EXPECT_TRUE(browser->isEnabled());
+  EXPECT_EQ(browser->maximum(), 1);
+  EXPECT_EQ(text("over_title"), "Over 1");
+}
+
+TEST_F(ConsoleWindowTest, AButtonNamesTheManWhoHasComeIn) {
+  ConsoleWindow& window = open(false, true);
+  const auto* button = control<QPushButton>(window, "Command4_1");
+  const QString before = button->text();
+  match.batting_card[match.higher_batsman()].name = "N.Newcomer";
+  window.refresh();
+  EXPECT_EQ(button->text(), before);
+  EXPECT_EQ(button->accessibleName(),
+            QStringLiteral("Aggression of N.Newcomer: %1 of 5").arg(match.batsman_aggression[1]));
+  EXPECT_EQ(control<QPushButton>(window, "Command10")->accessibleName(), "Profile of N.Newcomer");
+}
+
+TEST_F(ConsoleWindowTest, PicturesAreToldToScreenReaders) {
+  ConsoleWindow& window = open(false, true);
+  press(window, "Command1");
+  for (const char* name : {"batsman_photo_0", "bowler_photo_1", "settled_meter_0", "over_symbols"}) {
+    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(control<QWidget>(window, name));
+    ASSERT_NE(told, nullptr) << name;
+    EXPECT_EQ(told->role(), QAccessible::Graphic) << name;
+    EXPECT_FALSE(told->text(QAccessible::Name).isEmpty()) << name;
+  }
 }
 
 TEST_F(ConsoleWindowTest, TheTableOfBowlersShowsTheirFigures) {
