@@ -33,6 +33,7 @@ MessageWindow::MessageWindow(const message_box& message, Kind kind, QWidget* par
   text->setWordWrap(true);
   text->setMinimumWidth(360);
   text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  text->setFocusPolicy(Qt::NoFocus);  // a click on the text leaves Space with the button
   texts->addWidget(title);
   texts->addWidget(text, 1);
   row->addLayout(texts, 1);
