@@ -176,7 +176,7 @@ void take_picture(QWidget& window, const char* name) {
   const QSize before = window.size();
   const QStringList wanted = qEnvironmentVariable("VELORIN_SHOT_SIZE").split(QLatin1Char('x'));
   if (wanted.size() == 2) window.resize(wanted[0].toInt(), wanted[1].toInt());
-  QApplication::processEvents();
+  settle();
   EXPECT_TRUE(window.grab().save(QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name))));
   window.resize(before);
 }

@@ -74,6 +74,7 @@ void RatesPanel::refresh() {
   last_five_.text->setText(shown(view.label15_20));
   last_five_.text->setAccessibleName(shown("Last 5: " + view.label15_20));
   comparison_->setText(view.label15_12.empty() ? QString() : QStringLiteral("After %1").arg(shown(view.label15_12)));
+  comparison_->setVisible(!view.label15_12.empty());  // an empty one would push the scores aside
   now_->setText(shown(view.label15_13));
   then_->setText(shown(view.label15_14));
 }

@@ -251,7 +251,10 @@ TEST_F(ConsoleWindowTest, TheBrowserOffersTheOversOfThisInningsOnly) {
   EXPECT_FALSE(control<QWidget>(window, "over_before")->isEnabled());
   EXPECT_EQ(text("over_title"), "Last over");
   EXPECT_EQ(text("over_bowler"), "");
+  EXPECT_FALSE(control<QLabel>(window, "Label15_12")->isVisible()) << "no over is there to compare";
+  EXPECT_TRUE(text("Label15_13").endsWith(" are 0/0"));
   press(window, "Command1");
+  EXPECT_TRUE(control<QLabel>(window, "Label15_12")->isVisible());
   EXPECT_TRUE(browser->isEnabled());
   EXPECT_EQ(browser->maximum(), 1);
   EXPECT_EQ(text("over_title"), "Over 1");
