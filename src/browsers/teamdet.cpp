@@ -74,6 +74,7 @@ void teamdet::choose_team(int index) {
 
 void teamdet::show_individual(const career_team_rec& men) {
   for (shown_field& field : individual) field.text.clear();
+  men_of_records = {};
   if (men.player_count == 0) return;
   const career_rec& scorer =
       best_of(men, [](const career_rec& a, const career_rec& b) { return a.high_score > b.high_score; });
@@ -87,6 +88,7 @@ void teamdet::show_individual(const career_team_rec& men) {
   const career_rec& bowler =
       best_of(men, [](const career_rec& a, const career_rec& b) { return a.wickets > b.wickets; });
   individual[3].text = tally_text(bowler, bowler.wickets, " wickets from ");
+  men_of_records = {scorer.name, batsman.name, analysis.name, bowler.name};
 }
 
 }  // namespace velorin

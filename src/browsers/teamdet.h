@@ -37,6 +37,7 @@ struct teamdet {
                                        {"Lowest total against :", {}}}};
   std::array<shown_field, 4> individual{
       {{"Highest Score:", {}}, {"Most Runs:", {}}, {"Best Bowling:", {}}, {"Most Wickets:", {}}}};
+  std::array<std::string, 4> men_of_records;  ///< whom each of `individual` names, "" for none
   bool closed = false;
 
   /// Lists the teams, with none chosen. Reads record lists and careers. Raises run_time_error: a team without a match

@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QSaveFile>
+#include <QShortcut>
 #include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
 #include <QToolTip>
@@ -175,6 +176,26 @@ void TableView::contextMenuEvent(QContextMenuEvent* event) {
   if (chosen == copied) copy();
   if (chosen == saved) guarded([this] { save_csv(); });
   if (chosen == open) open_row(currentIndex());
+}
+
+void offer_table(QWidget& widget, const std::function<Table()>& table) {
+  const auto copied = [table] {
+    if (const Table now = table(); !now.rows.empty()) QGuiApplication::clipboard()->setText(table_text(now));
+  };
+  const auto saved = [&widget, table] {
+    const Table now = table();
+    if (!now.rows.empty()) guarded([&] { save_table(now, widget.window()); });
+  };
+  QObject::connect(new QShortcut(QKeySequence::Copy, &widget), &QShortcut::activated, &widget, copied);
+  QObject::connect(new QShortcut(Qt::CTRL | Qt::Key_E, &widget), &QShortcut::activated, &widget, saved);
+  widget.setContextMenuPolicy(Qt::CustomContextMenu);
+  QObject::connect(&widget, &QWidget::customContextMenuRequested, &widget, [&widget, table, copied, saved](QPoint at) {
+    if (table().rows.empty()) return;
+    QMenu menu(&widget);
+    menu.addAction(QStringLiteral("&Copy\tCtrl+C"), copied);
+    menu.addAction(QStringLiteral("Save as CS&V ...\tCtrl+E"), saved);
+    menu.exec(widget.mapToGlobal(at));
+  });
 }
 
 void save_table(const Table& table, QWidget* window) {

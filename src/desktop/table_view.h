@@ -55,6 +55,10 @@ class TableView : public QTableView {
   int growing_rows_ = 1;
 };
 
+/// Offers the figures of a widget that is no table view as a table: Ctrl+C copies it, Ctrl+E saves it as CSV; the
+/// context menu offers the same. `table` is asked each time; one without rows is not offered.
+void offer_table(QWidget& widget, const std::function<Table()>& table);
+
 /// Asks for a file, over `window`, and saves the table there as CSV. A failure is a message.
 void save_table(const Table& table, QWidget* window);
 

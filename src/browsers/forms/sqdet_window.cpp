@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "browsers/forms/figure_grid.h"
 #include "browsers/sqdet.h"
@@ -16,6 +17,7 @@
 #include "desktop/photo_view.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
+#include "desktop/table_view.h"
 
 namespace velorin {
 
@@ -28,6 +30,26 @@ QComboBox* new_list(const QString& name, const std::vector<std::string>& texts, 
   for (const std::string& text : texts) list->addItem(shown(text));
   list->setCurrentIndex(chosen);
   return list;
+}
+
+/// The player in one table.
+Table figures_table(const sqdet& form) {
+  Table table;
+  if (form.person.empty()) return table;
+  table.name = shown(form.person.front().text);
+  for (const char* heading : {"Group", "Figure", "Value"}) {
+    table.columns.push_back({.heading = QString::fromLatin1(heading)});
+  }
+  const std::pair<const char*, const std::vector<shown_field>*> groups[] = {
+      {"", &form.person}, {"Batting", &form.batting}, {"Bowling", &form.bowling}, {"Fielding", &form.fielding}};
+  for (const auto& [group, fields] : groups) {
+    for (const shown_field& field : *fields) {
+      table.rows.push_back({.cells = {{.text = QString::fromLatin1(group)},
+                                      {.text = shown(field.caption).trimmed()},
+                                      {.text = shown_caption(field.text), .kept = shown(field.text)}}});
+    }
+  }
+  return table;
 }
 
 }  // namespace
@@ -57,6 +79,7 @@ SqdetWindow::SqdetWindow(sqdet& form, QWidget* parent)
                                 {.caption = shown(sqdet::command1_caption), .mnemonic = u'O'}, close);
   on_dismiss(close);
   if (form_.locked) ok->setFocus();
+  offer_table(*this, [this] { return figures_table(form_); });
   refresh();
 }
 

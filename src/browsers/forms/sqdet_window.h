@@ -16,7 +16,8 @@ class PhotoView;
 struct shown_field;
 struct sqdet;
 
-/// The profile of one player: two lists to choose him by, his figures, his photo.
+/// The profile of one player: two lists to choose him by, his figures, his photo. Ctrl+C copies the figures as a table,
+/// Ctrl+E saves them as CSV; the context menu offers the same.
 class SqdetWindow : public Form {
   Q_OBJECT
 

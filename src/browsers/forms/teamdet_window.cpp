@@ -5,10 +5,13 @@
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "browsers/forms/figure_grid.h"
+#include "browsers/sqdet.h"
 #include "browsers/teamdet.h"
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
@@ -36,6 +39,19 @@ Table results_table(const teamdet& form) {
   return table;
 }
 
+Table individual_table(const teamdet& form) {
+  Table table;
+  table.name = shown(teamdet::individual_caption);
+  table.columns = {{.heading = QStringLiteral("Record")}, {.heading = QStringLiteral("Player"), .stretches = true}};
+  for (std::size_t i = 0; i < form.individual.size(); ++i) {
+    const shown_field& record = form.individual[i];
+    table.rows.push_back({.cells = {{.text = shown(record.caption), .look = CellLook::muted},
+                                    {.text = shown_caption(record.text), .kept = shown(record.text)}},
+                          .id = static_cast<int>(i)});
+  }
+  return table;
+}
+
 }  // namespace
 
 TeamdetWindow::TeamdetWindow(teamdet& form, QWidget* parent)
@@ -50,6 +66,13 @@ TeamdetWindow::TeamdetWindow(teamdet& form, QWidget* parent)
   rows->addLayout(upper);
   rows->addWidget(new_individual());
   rows->addStretch(1);
+  profile_ = new QPushButton;
+  profile_->setObjectName(QStringLiteral("profile"));
+  profile_->setAutoDefault(false);
+  name_act(*profile_, {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'});
+  connect(profile_, &QPushButton::clicked, this,
+          [this] { guarded([&] { open_profile(individual_->currentIndex().row()); }); });
+  add_aside(profile_);
   const auto close = [this] {
     form_.command1_click();
     if (form_.closed) accept();
@@ -112,12 +135,18 @@ QWidget* TeamdetWindow::new_extremes() {
 }
 
 QWidget* TeamdetWindow::new_individual() {
-  const FigureCard men = new_figure_card(shown(teamdet::individual_caption));
-  for (std::size_t i = 0; i < individual_.size(); ++i) {
-    individual_[i] =
-        add_figure(men.grid, form_.individual[i].caption, QStringLiteral("individual_%1").arg(i + 1), false);
-  }
-  return men.card;
+  QFrame* card = new_card();
+  card_rows(card)->addWidget(new_label(shown(teamdet::individual_caption), TextRole::heading));
+  individual_ = new TableView(QStringLiteral("individual"));
+  individual_->horizontalHeader()->hide();
+  individual_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  individual_->setFixedHeight(static_cast<int>(form_.individual.size()) *
+                                  individual_->verticalHeader()->defaultSectionSize() +
+                              2 * individual_->frameWidth() + 2);
+  individual_->on_open([this](int record) { open_profile(record); });
+  card_rows(card)->addWidget(individual_);
+  card_rows(card)->addStretch(1);
+  return card;
 }
 
 void TeamdetWindow::refresh() {
@@ -126,9 +155,15 @@ void TeamdetWindow::refresh() {
   results_->show_all_rows();
   ranking_->setText(shown(form_.world_ranking.caption) + shown(form_.world_ranking.text));
   for (std::size_t i = 0; i < extremes_.size(); ++i) set_figure(extremes_[i], form_.extremes[i].text);
-  for (std::size_t i = 0; i < individual_.size(); ++i) {
-    set_figure(individual_[i], form_.individual[i].text);
-  }
+  individual_->set_table(individual_table(form_));
+  // A team has all four men or none.
+  profile_->setEnabled(!form_.men_of_records.front().empty());
+}
+
+void TeamdetWindow::open_profile(int record) {
+  if (record < 0 || record >= static_cast<int>(form_.men_of_records.size())) return;
+  const std::string& man = form_.men_of_records[static_cast<std::size_t>(record)];
+  if (!man.empty()) show_profile(form_.combo1[static_cast<std::size_t>(form_.combo1_index)], man);
 }
 
 }  // namespace velorin

@@ -7,6 +7,7 @@
 
 class QComboBox;
 class QLabel;
+class QPushButton;
 
 namespace velorin {
 
@@ -27,13 +28,16 @@ class TeamdetWindow : public Form {
   QWidget* new_extremes();
   QWidget* new_individual();
   void refresh();
+  /// Opens the profile of the man whom an individual record names.
+  void open_profile(int record);
 
   teamdet& form_;
   QComboBox* combo1_;
   TableView* results_;
   QLabel* ranking_;
   std::array<QLabel*, 4> extremes_;
-  std::array<QLabel*, 4> individual_;
+  TableView* individual_;
+  QPushButton* profile_;
 };
 
 }  // namespace velorin

@@ -130,6 +130,14 @@ TEST_F(RecordWindows, ShowASeason) {
   check_all("season");
 }
 
+TEST_F(RecordWindows, ShowThreeHundredMatches) {
+  play_matches(300);
+  check_all("years");
+  for (int mode = 1; mode <= 7; ++mode) EXPECT_EQ(Players(mode).table().rows.size(), 15U) << "mode " << mode;
+  EXPECT_EQ(Stands().table().rows.size(), 10U);
+  EXPECT_EQ(Ranking().table().rows.size(), 4U);
+}
+
 TEST_F(RecordWindows, StandInTheirPlaces) {
   lists.top_scores[2] = {"T.One", 150, 140, "Tamar", "Alba", "Harbour Park", -1};
   lists.top_scores[3] = {"T.Two", 150, 140, "Tamar", "Alba", "Harbour Park", -1};

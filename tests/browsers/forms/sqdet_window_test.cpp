@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "browsers/forms/sqdet_window.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QImage>
 #include <QLabel>
@@ -98,6 +100,31 @@ TEST_F(SqdetWindowTest, ShowsTheChosenPlayer) {
   press(window, "Command1");
   EXPECT_TRUE(form.closed);
   EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(SqdetWindowTest, IsCopiedAsATable) {
+  career_rec man = batsman("A.One", 2, 0, 50, 40);
+  man.high_against = "Bora";
+  add("Alba", man);
+  write();
+  form.open();
+  SqdetWindow window(form);
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QApplication::clipboard()->setText("as before");
+  QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "as before") << "nobody is chosen";
+  choose(window, "Combo1", 0);
+  choose(window, "Combo2", 0);
+  QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
+  const QStringList lines = QApplication::clipboard()->text().split(QLatin1Char('\n'));
+  EXPECT_EQ(lines.size(), static_cast<qsizetype>(2 + form.person.size() + form.batting.size() + form.bowling.size() +
+                                                 form.fielding.size()));
+  EXPECT_EQ(lines.value(0), "Group\tFigure\tValue");
+  EXPECT_EQ(lines.value(1), "\tName\tA.One");
+  EXPECT_TRUE(lines.contains("Batting\tAverage\t25"));
+  EXPECT_TRUE(lines.contains("Bowling\tAverage\t -  "));
 }
 
 TEST_F(SqdetWindowTest, ChoosesByTheKeyboard) {

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "browsers/forms/teamdet_window.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
+#include <QPushButton>
+#include <QTest>
 
 #include "browsers/forms/browser_fixture.h"
 #include "browsers/teamdet.h"
@@ -32,7 +36,9 @@ class TeamdetWindowTest : public BrowserTest {
     for (std::size_t i = 0; i < 4; ++i) {
       const std::string at = std::to_string(i + 1);
       EXPECT_EQ(control<QLabel>(window, ("extreme_" + at).c_str())->text(), shown(form.extremes[i].text));
-      EXPECT_EQ(control<QLabel>(window, ("individual_" + at).c_str())->text(), shown(form.individual[i].text));
+      const TableRow& record = control<TableView>(window, "individual")->table().rows.at(i);
+      EXPECT_EQ(record.cells[0].text, shown(form.individual[i].caption));
+      EXPECT_EQ(record.cells[1].text, shown(form.individual[i].text));
     }
   }
 
@@ -72,6 +78,46 @@ TEST_F(TeamdetWindowTest, ShowsTheChosenTeam) {
   press(window, "Command1");
   EXPECT_TRUE(form.closed);
   EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(TeamdetWindowTest, OpensTheProfilesOfItsMen) {
+  add_team("Alba", {1, 0, 0}, {});
+  career_rec best = batsman("A.Best", 1, 0, 90, 80);
+  best.high_score = 90;
+  add("Alba", best);
+  career_rec fast = bowler("A.Fast", 60, 30, 5);
+  fast.best_wickets = 5;
+  add("Alba", fast);
+  write();
+  form.open();
+  TeamdetWindow window(form);
+  window.show();
+  EXPECT_FALSE(control<QPushButton>(window, "profile")->isEnabled()) << "no team is chosen";
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  auto* records = control<TableView>(window, "individual");
+  QTest::keyClick(records, Qt::Key_Return);
+  QTest::keyClick(records, Qt::Key_Down);
+  QTest::keyClick(records, Qt::Key_Down);
+  press(window, "profile");
+  emit records->doubleClicked(records->model()->index(3, 1));
+  EXPECT_EQ(user_.profiles, (std::vector<std::string>{"A.Best of Alba", "A.Fast of Alba", "A.Fast of Alba"}));
+  EXPECT_TRUE(window.isVisible());
+  records->clearSelection();
+  QTest::keyClick(records, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QApplication::clipboard()->text().startsWith("Record\tPlayer\nHighest Score:\tA.Best  90 vs "));
+}
+
+TEST_F(TeamdetWindowTest, WithoutCareersNamesNobody) {
+  add_team("Alba", {1, 0, 0}, {});
+  write();
+  form.open();
+  TeamdetWindow window(form);
+  window.show();
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  EXPECT_FALSE(control<QPushButton>(window, "profile")->isEnabled());
+  QTest::keyClick(control<TableView>(window, "individual"), Qt::Key_Return);
+  EXPECT_TRUE(user_.profiles.empty());
+  EXPECT_TRUE(user_.messages.empty());
 }
 
 TEST_F(TeamdetWindowTest, ShowsWhatIsNotAvailable) {
