@@ -215,7 +215,8 @@ TEST_F(CupWindows, TheNextMatchStandsOut) {
   const auto* list = control<TableView>(window, "fixtures");
   const auto ground = [&](int row) {
     const QRect cell = list->visualRect(list->model()->index(row, 6));
-    return list->viewport()->grab().toImage().pixelColor(cell.right() - 2, cell.center().y());
+    const QImage seen = list->viewport()->grab().toImage();
+    return seen.pixelColor(QPointF(QPointF(cell.right() - 2, cell.center().y()) * seen.devicePixelRatio()).toPoint());
   };
   EXPECT_EQ(ground(1), theme().next_ground);
   EXPECT_NE(ground(0), theme().next_ground);

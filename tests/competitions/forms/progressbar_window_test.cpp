@@ -15,14 +15,14 @@
 namespace velorin::testing {
 namespace {
 
-/// How many pixels of the bar's middle line are filled.
-int filled(const QWidget& window) {
+/// How much of the bar's middle line is filled, in the window's pixels.
+double filled(const QWidget& window) {
   const QImage bar = control<QWidget>(window, "bar")->grab().toImage();
   int count = 0;
   for (int x = 0; x < bar.width(); ++x) {
     if (bar.pixelColor(x, bar.height() / 2) == theme().accent) ++count;
   }
-  return count;
+  return count / bar.devicePixelRatio();
 }
 
 TEST(ProgressbarWindow, AppearsWithTheFirstOverAndCounts) {
