@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/link_button.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 #include "desktop/form.h"
@@ -33,6 +34,12 @@ void LinkButton::enterEvent(QEnterEvent* event) {
   under_pointer_ = true;
   update();
   QAbstractButton::enterEvent(event);
+}
+
+void LinkButton::keyPressEvent(QKeyEvent* event) {
+  // Without this, Return would press the form's default button.
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
+  QAbstractButton::keyPressEvent(event);
 }
 
 void LinkButton::leaveEvent(QEvent* event) {

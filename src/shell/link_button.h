@@ -5,7 +5,7 @@
 
 namespace velorin {
 
-/// A link: dark red, and blue and underlined while the pointer is over it.
+/// A link: dark red, and blue and underlined while the pointer is over it. Return and Space follow it.
 class LinkButton : public QAbstractButton {
   Q_OBJECT
 
@@ -18,6 +18,7 @@ class LinkButton : public QAbstractButton {
 
  protected:
   void enterEvent(QEnterEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 

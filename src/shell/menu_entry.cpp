@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/menu_entry.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 #include "desktop/form.h"
@@ -15,7 +16,10 @@ MenuEntry::MenuEntry(const QString& name, const QString& text, QChar mnemonic, Q
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   setCursor(Qt::PointingHandCursor);
   setFont(type_font(TypeStep::heading));
-  name_act(*this, {.caption = text, .mnemonic = mnemonic});
+  // A form that opens and closes clears the highlight, while the pointer may have stayed over the entry.
+  setMouseTracking(true);
+  const QString spoken = QString(text).remove(QLatin1Char('<'));
+  name_act(*this, {.caption = text, .mnemonic = mnemonic, .key = {}, .hint = {}, .spoken = spoken});
 }
 
 QSize MenuEntry::sizeHint() const {
@@ -29,9 +33,19 @@ void MenuEntry::set_highlighted(bool on) {
   update();
 }
 
-void MenuEntry::enterEvent(QEnterEvent* event) {
+void MenuEntry::take_highlight() {
   for (MenuEntry* other : parentWidget()->findChildren<MenuEntry*>()) other->set_highlighted(other == this);
+}
+
+void MenuEntry::enterEvent(QEnterEvent* event) {
+  take_highlight();
   QAbstractButton::enterEvent(event);
+}
+
+void MenuEntry::mouseMoveEvent(QMouseEvent* event) {
+  take_highlight();
+  QAbstractButton::mouseMoveEvent(event);
+  event->accept();  // beyond the entry it would count as a move outside of all of them
 }
 
 void MenuEntry::leaveEvent(QEvent* event) {

@@ -20,9 +20,13 @@ class MenuEntry : public QAbstractButton {
  protected:
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  /// Highlights this entry alone among those of its panel.
+  void take_highlight();
+
   bool highlighted_ = false;
 };
 

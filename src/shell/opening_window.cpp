@@ -50,7 +50,7 @@ OpeningWindow::OpeningWindow(QtFrontEnd& shown_by)
   add_batting_panel();
   add_bowling_panel();
   rows->addWidget(new_appearance_choice());
-  resize(1000, 660);
+  prefer_size(QSize(1000, 660));
   show_panel(main_);
 }
 
@@ -152,7 +152,7 @@ void OpeningWindow::add_bowling_panel() {
                        {"Label23", "Most Wickets", u'W', list(menu::players, 5)},
                        {"Label24", "Best Bowling Averages", u'V', list(menu::players, 7)},
                        {"Label25", "Best Economy Rates", u'E', list(menu::players, 6)},
-                       {"Label26", "Best Bowling Analysis", u'N', list(menu::individual, 0)},
+                       {"Label26", "Best Bowling Analysis", u'Y', list(menu::individual, 0)},
                        {"back4", "<<Back", u'B', [this] { show_panel(main_); }}});
 }
 
@@ -169,9 +169,9 @@ QWidget* OpeningWindow::new_appearance_choice() {
     preferences::set_appearance(static_cast<Appearance>(index));
     apply_theme(static_cast<Appearance>(index));
   });
-  row->addWidget(new_caption(QStringLiteral("Appearance"), u'Z', choice));
+  choice->setToolTip(QStringLiteral("Colours of all windows (Alt+N)"));
+  row->addWidget(new_caption(QStringLiteral("Appearance"), u'N', choice));
   row->addWidget(choice, 1);
-  choice->setToolTip(QStringLiteral("Colours of all windows"));
   return box;
 }
 

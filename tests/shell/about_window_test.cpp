@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QEnterEvent>
 #include <QLabel>
+#include <QTest>
 #include <QUrl>
 
 #include "desktop/theme.h"
@@ -46,8 +48,27 @@ TEST(AboutWindowTest, LinksOpenMailAndTheWeb) {
   for (std::size_t i = 4; i < 6; ++i) EXPECT_EQ(opened[i].toString().toStdString(), home_page);
 }
 
+TEST(AboutWindowTest, ReturnFollowsALink) {
+  std::vector<QUrl> opened;
+  AboutWindow window([&](const QUrl& address) { opened.push_back(address); });
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  for (const char* name : {"Label3", "Label12"}) {
+    auto* link = control<LinkButton>(window, name);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(link)->role(), QAccessible::Button);
+    link->setFocus();
+    QTest::keyClick(link, Qt::Key_Return);
+  }
+  EXPECT_EQ(opened.size(), 2U);
+  EXPECT_TRUE(window.isVisible()) << "Return pressed the form's button";
+}
+
 TEST(AboutWindowTest, ALinkUnderThePointerTurnsBlue) {
-  if (theme().dark) apply_theme(Appearance::light);
+  const Appearance before = theme().high_contrast ? Appearance::high_contrast
+                            : theme().dark        ? Appearance::dark
+                                                  : Appearance::light;
+  apply_theme(Appearance::light);
   AboutWindow window([](const QUrl&) {});
   window.show();
   auto* link = control<LinkButton>(window, "Label3");
@@ -60,6 +81,7 @@ TEST(AboutWindowTest, ALinkUnderThePointerTurnsBlue) {
   QEvent leave(QEvent::Leave);
   QApplication::sendEvent(link, &leave);
   EXPECT_EQ(link->color(), QColor(192, 0, 0));
+  apply_theme(before);
 }
 
 }  // namespace

@@ -95,6 +95,39 @@ TEST_F(OpeningWindowTest, ThePointerHighlightsOneEntryAlone) {
   for (const MenuEntry* entry : menu.findChildren<MenuEntry*>()) EXPECT_FALSE(entry->highlighted());
 }
 
+TEST_F(OpeningWindowTest, APointerThatStayedOverAnEntryHighlightsItAgain) {
+  auto* entry = control<MenuEntry>(menu, "Label2");
+  const auto move = [&] {
+    QMouseEvent over(QEvent::MouseMove, QPointF(6, 6), entry->mapToGlobal(QPointF(6, 6)), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(entry, &over);
+  };
+  move();
+  EXPECT_TRUE(entry->highlighted());
+  press(menu, "Label2");
+  press(menu, "back3");
+  EXPECT_FALSE(entry->highlighted()) << "the menu is back as it was";
+  move();
+  EXPECT_TRUE(entry->highlighted());
+  EXPECT_FALSE(control<MenuEntry>(menu, "Label1")->highlighted());
+}
+
+TEST_F(OpeningWindowTest, BackIsSpokenWithoutItsSigns) {
+  for (const char* name : {"back1", "back2", "back3", "back4"}) {
+    EXPECT_EQ(control<MenuEntry>(menu, name)->accessibleName(), "Back") << name;
+  }
+}
+
+TEST_F(OpeningWindowTest, TheAppearanceHasItsKeyOnEveryPanel) {
+  const auto* choice = control<QComboBox>(menu, "appearance");
+  for (const char* entry : {"", "Label1", "Label2", "Label3", "Label4"}) {
+    if (*entry != '\0') press(menu, entry);
+    QTest::keyClick(&menu, Qt::Key_N, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([choice] { return choice->hasFocus(); })) << entry;
+    menu.reject();
+  }
+}
+
 TEST_F(OpeningWindowTest, TheKeyboardReachesEverything) {
   EXPECT_TRUE(control<MenuEntry>(menu, "Label1")->hasFocus());
   QTest::keyClick(&menu, Qt::Key_Down);
