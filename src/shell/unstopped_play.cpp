@@ -2,7 +2,9 @@
 #include "shell/unstopped_play.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <array>
+#include <utility>
 
 #include "competitions/series1.h"
 #include "competitions/series2.h"
@@ -34,6 +36,23 @@ bool next_tri_match_has_human() {
   return false;
 }
 
+bool super_six_match_has_human(const wc_fixture& fixture) {
+  return world_cup.wc_ss_human[static_cast<std::size_t>(int(fixture.index_a))] ||
+         world_cup.wc_ss_human[static_cast<std::size_t>(fixture.index_b + 3)];
+}
+
+/// The first semi-final is played by places 1 and 4 of the Super Six, whose table is sorted only after its last
+/// standings were shown.
+bool first_semifinal_has_human() {
+  league_table6 table = world_cup.wc_super_six;
+  std::array<bool, 7> human = world_cup.wc_ss_human;
+  sort_league(table, 6, [&](int j) {
+    const auto at = static_cast<std::size_t>(j);
+    std::swap(human[at], human[at + 1]);
+  });
+  return human[1] || human[4];
+}
+
 bool next_cup_match_has_human() {
   const int next = world_cup.next_match;
   const wc_fixture& fixture = world_cup.wc_fixtures[static_cast<std::size_t>(std::min(next, super_six_end))];
@@ -44,10 +63,13 @@ bool next_cup_match_has_human() {
       return human[static_cast<std::size_t>(fixture.index_a - 1)] ||
              human[static_cast<std::size_t>(fixture.index_b - 1)];
     }
+    case wc_stage::super_six_draw: {
+      // Nobody knows the first match before it is drawn.
+      const wc_fixture& first = world_cup.wc_fixtures[group_matches + 1];
+      return first.stage == "SS" && super_six_match_has_human(first);
+    }
     case wc_stage::super_six_matches:
-      if (next > super_six_end) break;
-      return world_cup.wc_ss_human[static_cast<std::size_t>(int(fixture.index_a))] ||
-             world_cup.wc_ss_human[static_cast<std::size_t>(fixture.index_b + 3)];
+      return next > super_six_end ? first_semifinal_has_human() : super_six_match_has_human(fixture);
     case wc_stage::knock_out: {
       if (next == knock_outs) break;
       // The tables are shown before the next tie is entered.

@@ -84,6 +84,35 @@ TEST_F(UnstoppedPlayTest, ItStopsForAHumanSide) {
   EXPECT_EQ(user.robot.met("toss"), user.robot.met("wecond"));
 }
 
+/// What is known of the next match as standings are shown.
+TEST_F(UnstoppedPlayTest, ItKnowsTheHumanSidesOfTheNextCupMatch) {
+  world_cup = world_cup_record();
+  world_cup.stage = wc_stage::super_six_draw;
+  world_cup.next_match = 21;
+  world_cup.wc_ss_human[6] = true;
+  EXPECT_FALSE(next_match_has_human(Activity::cup)) << "nothing is drawn yet";
+  world_cup.wc_fixtures[21].stage = "SS";
+  world_cup.wc_fixtures[21].index_a = 1;
+  world_cup.wc_fixtures[21].index_b = 2;
+  EXPECT_FALSE(next_match_has_human(Activity::cup));
+  world_cup.wc_fixtures[21].index_b = 3;
+  EXPECT_TRUE(next_match_has_human(Activity::cup)) << "the first match of the Super Six";
+
+  world_cup.stage = wc_stage::super_six_matches;
+  world_cup.next_match = 29;
+  world_cup.wc_fixtures[29].index_a = 1;
+  world_cup.wc_fixtures[29].index_b = 1;
+  EXPECT_FALSE(next_match_has_human(Activity::cup));
+  world_cup.next_match = 30;
+  for (int place = 1; place <= 6; ++place) world_cup.wc_super_six[static_cast<std::size_t>(place)].points = place;
+  EXPECT_TRUE(next_match_has_human(Activity::cup)) << "place 6 is the first of the table";
+  world_cup.wc_super_six[6].points = 4;
+  world_cup.wc_super_six[6].net_run_rate = 1;
+  EXPECT_FALSE(next_match_has_human(Activity::cup)) << "the second plays in the other semi-final";
+  EXPECT_EQ(world_cup.wc_super_six[1].points, 1) << "the table itself is left alone";
+  world_cup = world_cup_record();
+}
+
 TEST_F(UnstoppedPlayTest, ItCanBeAskedToStopAtTheNextMatch) {
   preferences::set_plays_without_stopping(true);
   ClickingUser user;
