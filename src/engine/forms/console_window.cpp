@@ -182,7 +182,7 @@ void ConsoleWindow::resizeEvent(QResizeEvent* event) {
   constexpr int least = 88;
   constexpr int least_window = 700;
   constexpr int most = 150;
-  const int tall = std::clamp(least + (height() - least_window - 60) / 4, least, most);
+  const int tall = std::clamp(least + (height() - least_window - 24) / 4, least, most);
   for (BatsmanPanel* panel : batsmen_) panel->set_photo_size({tall * 9 / 11, tall});
   for (BowlerPanel* panel : bowlers_) panel->set_photo_size({tall * 9 / 11, tall});
 }
