@@ -39,6 +39,10 @@ QLabel* new_figure(const QString& control, const QString& text, TextRole role) {
   return label;
 }
 
+QString counted(const QString& number, const char* what) {
+  return QStringLiteral("%1 %2%3").arg(number, QLatin1String(what), QLatin1String(number == u"1" ? "" : "s"));
+}
+
 /// A whole row, read out: the man, how he got out, what he made.
 QString spoken_row(const batting_screen& card, std::size_t i) {
   QStringList parts;
@@ -48,8 +52,7 @@ QString spoken_row(const batting_screen& card, std::size_t i) {
     const QString words = shown_caption(part).trimmed();
     if (!words.isEmpty()) parts << words;
   }
-  parts << QStringLiteral("%1 runs").arg(shown(card.label2[i])) << QStringLiteral("%1 balls").arg(balls_faced)
-        << QStringLiteral("details");
+  parts << counted(shown(card.label2[i]), "run") << counted(balls_faced, "ball") << QStringLiteral("details");
   return parts.join(QStringLiteral(", "));
 }
 

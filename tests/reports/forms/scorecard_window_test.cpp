@@ -149,6 +149,7 @@ TEST_F(ScorecardWindowTest, ANameReadsItsRowOut) {
   ScorecardWindow window(card);
   EXPECT_EQ(control<QPushButton>(window, "Command4_4")->accessibleName(),
             "D.Moss, c B.Okell, b F.Uluila, 10 runs, 8 balls, details");
+  EXPECT_TRUE(control<QPushButton>(window, "Command4_8")->accessibleName().endsWith("0 runs, 1 ball, details"));
 }
 
 TEST_F(ScorecardWindowTest, ADoubledAmpersandIsShownOnceAndKeptInFiles) {
