@@ -3,15 +3,43 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
-#include <QShortcut>
-#include <QStyle>
 #include <QVBoxLayout>
 
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
+#include "desktop/theme.h"
 
 namespace velorin {
+
+namespace {
+
+/// The information icon, or the one of a failure: each has a colour, a shape and a sign of its own.
+QPixmap icon_of(MessageWindow::Kind kind, qreal scale) {
+  constexpr int side = 40;
+  const Theme& t = theme();
+  const bool failed = kind == MessageWindow::Kind::failure;
+  QPixmap icon(QSize(side, side) * scale);
+  icon.setDevicePixelRatio(scale);
+  icon.fill(Qt::transparent);
+  QPainter painter(&icon);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(failed ? t.ball : t.accent);
+  const QRectF all(1, 1, side - 2, side - 2);
+  if (failed) {
+    painter.drawRoundedRect(all, 8, 8);
+  } else {
+    painter.drawEllipse(all);
+  }
+  painter.setPen(failed ? t.on_ball : t.on_accent);
+  painter.setFont(type_font(TypeStep::title));
+  painter.drawText(all, Qt::AlignCenter, failed ? QStringLiteral("!") : QStringLiteral("i"));
+  return icon;
+}
+
+}  // namespace
 
 MessageWindow::MessageWindow(const message_box& message, Kind kind, QWidget* parent)
     : Form(QStringLiteral("message"), Dismissal::closes, parent) {
@@ -22,8 +50,7 @@ MessageWindow::MessageWindow(const message_box& message, Kind kind, QWidget* par
   auto* icon = new_label({});
   icon->setObjectName(QStringLiteral("icon"));
   const bool failed = kind == Kind::failure;
-  const auto standard = failed ? QStyle::SP_MessageBoxCritical : QStyle::SP_MessageBoxInformation;
-  icon->setPixmap(style()->standardIcon(standard).pixmap(40, 40));
+  icon->setPixmap(icon_of(kind, devicePixelRatioF()));
   icon->setAccessibleName(failed ? QStringLiteral("Failure") : QStringLiteral("Information"));
   row->addWidget(icon, 0, Qt::AlignTop);
   auto* texts = new QVBoxLayout;

@@ -7,6 +7,9 @@ namespace velorin {
 
 namespace {
 
+/// The palette's colour of disabled text in high contrast.
+const QColor contrast_disabled(0xA0A0A0);
+
 // Colours stand as @role. Longer names are replaced first, so that one may begin with another.
 constexpr const char* rules = R"(
 QWidget#head { background: @pitch; }
@@ -90,6 +93,16 @@ QMenu { background: @card; color: @ink; border: 1px solid @line; }
 QMenu::item:selected { background: @accent; color: @on_accent; }
 )";
 
+/// Where all text is of one colour, what cannot be chosen has to differ all the same.
+QString contrast_rules(const Theme& t) {
+  return QStringLiteral(R"(
+QFrame[band="true"] { border: 1px solid %1; }
+QPushButton:disabled, QToolButton:disabled, QRadioButton:disabled, QCheckBox:disabled { color: %2; }
+QRadioButton::indicator:disabled, QCheckBox::indicator:disabled { border: 1px dotted %2; }
+)")
+      .arg(t.line.name(), contrast_disabled.name());
+}
+
 }  // namespace
 
 QString theme_sheet(const Theme& t) {
@@ -111,7 +124,7 @@ QString theme_sheet(const Theme& t) {
   };
   QString sheet = QString::fromLatin1(rules);
   for (const auto& [name, color] : roles) sheet.replace(QLatin1String(name), color.name());
-  if (t.high_contrast) sheet += QStringLiteral("QFrame[band=\"true\"] { border: 1px solid %1; }").arg(t.line.name());
+  if (t.high_contrast) sheet += contrast_rules(t);
   return sheet.replace(QLatin1String("@look"), QLatin1String(t.high_contrast ? "contrast" : t.dark ? "dark" : "light"));
 }
 

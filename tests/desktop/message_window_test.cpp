@@ -61,9 +61,15 @@ TEST(MessageWindow, ABlankKeepsItsPlaceAndMarkupIsNoMarkup) {
 }
 
 TEST(MessageWindow, AFailureHasASignOfItsOwn) {
+  MessageWindow information(quota);
+  const QImage usual = control<QLabel>(information, "icon")->pixmap(Qt::ReturnByValue).toImage();
   MessageWindow window({"Run-time error", "Subscript out of range"}, MessageWindow::Kind::failure);
   window.show();
   EXPECT_EQ(control<QLabel>(window, "icon")->accessibleName(), "Failure");
+  const QImage sign = control<QLabel>(window, "icon")->pixmap(Qt::ReturnByValue).toImage();
+  EXPECT_EQ(sign.size(), usual.size());
+  EXPECT_NE(sign, usual);
+  take_picture(window, "message_failure");
   check_window_at_sizes(window);
 }
 
