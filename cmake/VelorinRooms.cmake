@@ -70,10 +70,10 @@ function(velorin_test name)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
 endfunction()
 
-# velorin_window_test(NAME SOURCES file... USES room-or-library... LABELS label...): likewise for windows, without a
-# screen. The program's main() is the one of tests/windows.
+# velorin_window_test(NAME SOURCES file... USES room-or-library... LABELS label... [SCALED]): likewise for windows,
+# without a screen. The program's main() is the one of tests/windows. SCALED: once more at 200 %.
 function(velorin_window_test name)
-  cmake_parse_arguments(TEST "" "" "SOURCES;USES;LABELS" ${ARGN})
+  cmake_parse_arguments(TEST "SCALED" "" "SOURCES;USES;LABELS" ${ARGN})
   add_executable(${name} ${TEST_SOURCES})
   velorin_targets(uses ${TEST_USES})
   target_link_libraries(${name} PRIVATE velorin_window_support ${uses})
@@ -83,4 +83,8 @@ function(velorin_window_test name)
     list(APPEND properties LABELS "${TEST_LABELS}")
   endif()
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
+  if(TEST_SCALED)
+    gtest_discover_tests(${name} TEST_PREFIX At200Percent. TEST_LIST ${name}_scaled DISCOVERY_TIMEOUT 60
+      PROPERTIES TIMEOUT 600 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_SCALE_FACTOR=2")
+  endif()
 endfunction()

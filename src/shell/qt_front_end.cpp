@@ -64,7 +64,7 @@ void open_modally() {
 }  // namespace
 
 QtFrontEnd::QtFrontEnd() = default;
-QtFrontEnd::~QtFrontEnd() { delete progress_.data(); }
+QtFrontEnd::~QtFrontEnd() { progress_done(); }
 
 void QtFrontEnd::refresh_console() {
   if (console_ != nullptr) console_->refresh();
@@ -130,12 +130,20 @@ void QtFrontEnd::ball_bowled() {
 
 void QtFrontEnd::progress(int over) {
   if (unstopped_.answers_match()) return;
-  if (!progress_) progress_ = new ProgressbarWindow;
+  if (!progress_) {
+    busy_ = qobject_cast<Form*>(front_window());
+    progress_ = new ProgressbarWindow;
+    if (busy_) busy_->set_busy(true);
+  }
   progress_->show_over(over);
   if (program_is_ending()) throw ProgramEnds{};
 }
 
-void QtFrontEnd::progress_done() { delete progress_.data(); }
+void QtFrontEnd::progress_done() {
+  delete progress_.data();
+  if (busy_) busy_->set_busy(false);
+  busy_ = nullptr;
+}
 
 void QtFrontEnd::open(report which) {
   if (unstopped_.answers_match()) return;

@@ -9,6 +9,7 @@
 namespace velorin {
 
 class ConsoleWindow;
+class Form;
 class ProgressbarWindow;
 
 /// Shows the game in windows: each form modally, in the order in which the game asks. Every request raises ProgramEnds
@@ -47,6 +48,7 @@ class QtFrontEnd : public front_end {
   void refresh_console();
 
   ConsoleWindow* console_ = nullptr;      // the one console, while a match is on
+  QPointer<Form> busy_;                   // the window below the progress: it takes no input meanwhile
   QPointer<ProgressbarWindow> progress_;  // while an unattended match runs; the window below it owns it
   UnstoppedPlay unstopped_;
 };
