@@ -11,6 +11,7 @@
 #include "competitions/series2.h"
 #include "competitions/world_cup.h"
 #include "database/configuration.h"
+#include "database/teams_file.h"
 #include "model/code_page.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
@@ -119,6 +120,8 @@ void set_up_run(const program_options& program) {
   world_cup = world_cup_record();
   files = database_paths(program.teams_dir, {});
   files.elevens_in_memory = true;
+  files.read_once = true;
+  forget_teams_and_grounds();
   files.updates = false;
   settings = configuration();
   read_options();

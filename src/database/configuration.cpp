@@ -69,6 +69,7 @@ database_files database_paths(const std::filesystem::path& folder, const std::st
 void use_database(const std::string& base) {
   database_files paths = database_paths(files.folder, base);
   paths.elevens_in_memory = files.elevens_in_memory;
+  paths.read_once = files.read_once;
   paths.updates = files.updates;
   files = std::move(paths);
 }

@@ -30,6 +30,8 @@ struct database_files {
   std::filesystem::path ptr;     ///< record lists and team table
   /// The two elevens travel in memory and not through files of the folder. For the headless companion.
   bool elevens_in_memory = false;
+  /// The team and ground files are kept as they are read first, whatever becomes of them. For the headless companion.
+  bool read_once = false;
   /// Matches change the career and record files. Without, the folder is only read.
   bool updates = true;
 };
@@ -37,7 +39,7 @@ struct database_files {
 extern configuration settings;
 extern database_files files;
 
-/// The four paths of the database `base` in `folder`; the two switches as at the start.
+/// The four paths of the database `base` in `folder`; the switches as at the start.
 database_files database_paths(const std::filesystem::path& folder, const std::string& base);
 
 /// Makes `base` in files.folder the database in use and rebuilds the four paths; the switches stay.

@@ -49,10 +49,10 @@ class kept_file {
  public:
   /// Forgets the records unless they still are those of the file.
   void renew(const std::filesystem::path& path) {
+    if (files.read_once && file_ && path.native() == path_.native()) return;
     const file_state now = state_of(path);
     if (settled_ && now == state_ && path.native() == path_.native()) return;
-    settled_ = false;
-    records_.reset();
+    forget();
     file_.emplace(slot_file::read_existing(path, team_slot));
     timespec read_at{};
     ::clock_gettime(CLOCK_REALTIME, &read_at);
@@ -60,6 +60,12 @@ class kept_file {
     state_ = now;
     const std::int64_t age = nanoseconds(read_at) - std::max(now.modified, now.changed);
     settled_ = age >= settling_time && state_of(path) == now;
+  }
+
+  void forget() {
+    settled_ = false;
+    records_.reset();
+    file_.reset();
   }
 
   const slot_file& file() const { return *file_; }
@@ -128,6 +134,11 @@ void require_whole_database() {
   require_whole<team_rec>(kept_teams.file(), "team_count");
   kept_grounds.renew(files.grd);
   require_whole<ground_rec>(kept_grounds.file(), "ground_count");
+}
+
+void forget_teams_and_grounds() {
+  kept_teams.forget();
+  kept_grounds.forget();
 }
 
 void scan_grounds(const std::function<void(const ground_rec&)>& visit) {

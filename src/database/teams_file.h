@@ -11,7 +11,7 @@ namespace velorin {
 /// All teams of the database in use, in file order: element n - 1 is team n, whose record number is n + 1. Raises
 /// run_time_error: the file is missing or unreadable (file), more than 20 teams (subscript), a count below 0 or a text
 /// beyond its slot (type). The result stays valid until the next call of a function of this page. A file that has not
-/// changed since it was last read is not read again.
+/// changed since it was last read is not read again, and with files.read_once no file that has been read.
 const std::vector<team_rec>& read_team_list();
 
 /// The team in a record of the file, 2 to count + 1. Same errors; a record beyond the file reads as empty.
@@ -21,6 +21,9 @@ const team_rec& read_team(int record);
 /// each of them could be read as empty. Raises run_time_error (file) that names the file and that record, and what
 /// reading raises.
 void require_whole_database();
+
+/// Drops what has been kept of both files: the next call reads them, files.read_once or not.
+void forget_teams_and_grounds();
 
 /// Calls `visit` for each ground of the database in use, in file order. Errors as for read_grounds().
 void scan_grounds(const std::function<void(const ground_rec&)>& visit);

@@ -109,11 +109,12 @@ void swap_cards() {
 
 void move_logs() {
   static const fall_of_wicket_table no_falls{};
-  static const ball_log_table no_log{};
   std::swap(match.first_fall_of_wicket, match.fall_of_wicket);
   match.fall_of_wicket = no_falls;
   std::swap(match.first_ball_log, match.ball_log);
-  match.ball_log = no_log;
+  for (auto& over : match.ball_log) {
+    for (short_text& ball : over) ball.clear();
+  }
 }
 
 void swap_totals() {

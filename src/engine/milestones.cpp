@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -54,9 +53,11 @@ bool check_batsman(int step, const milestone& reached, int position, const char*
   return true;
 }
 
+/// The man has reached a step that he is not known for.
+bool is_due(int position) { return std::min(match.batting_card[position].runs / 50, 4) > match.batting_step[position]; }
+
 void check_batsmen() {
-  const int most = std::max<int>(match.batting_card[match.striker].runs, match.batting_card[match.non_striker].runs);
-  if (most < 50) return;
+  if (!is_due(match.striker) && !is_due(match.non_striker)) return;
   const milestone milestones[] = {
       {50, match.fifty_list, ")  has reached his fifty "},
       {100, match.hundred_list, ")  has reached his century! "},
@@ -104,9 +105,7 @@ void enter_stand(int stand) {
 }
 
 void check_stand() {
-  const std::array<std::int8_t, 3> stand_of = {static_cast<std::int8_t>(match.score_wickets),
-                                               static_cast<std::int8_t>(match.lower_batsman()),
-                                               static_cast<std::int8_t>(match.higher_batsman())};
+  const stand_key stand_of = {match.score_wickets, match.lower_batsman(), match.higher_batsman()};
   if (match.stand_of != stand_of) {
     match.stand_of = stand_of;
     match.stand_step = 0;

@@ -3,7 +3,6 @@
 
 #include <concepts>
 #include <cstdint>
-#include <limits>
 
 namespace velorin {
 
@@ -35,10 +34,11 @@ class integer {
 
  private:
   static constexpr std::int16_t checked(long long value) {
-    if (value < std::numeric_limits<std::int16_t>::min() || value > std::numeric_limits<std::int16_t>::max()) {
+    const auto kept = static_cast<std::int16_t>(value);
+    if (kept != value) [[unlikely]] {
       detail::raise_integer_overflow(value);
     }
-    return static_cast<std::int16_t>(value);
+    return kept;
   }
 
   std::int16_t value_ = 0;

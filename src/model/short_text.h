@@ -2,11 +2,13 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace velorin {
 
@@ -28,23 +30,28 @@ class short_text {
   ~short_text() = default;
 
   operator std::string_view() const {  // NOLINT(google-explicit-constructor)
-    return outside_ ? std::string_view(*outside_) : std::string_view(inside_.data(), size_);
+    return outside_ ? std::string_view(*outside_) : std::string_view(inside_.data(), size());
   }
-  bool empty() const { return size_ == 0 && !outside_; }
+  bool empty() const { return size() == 0 && !outside_; }
   void clear() {
     outside_.reset();
-    size_ = 0;
+    set_size(0);
   }
   /// Makes it a text of one character.
   void set(char one) {
     outside_.reset();
     inside_[0] = one;
-    size_ = 1;
+    set_size(1);
   }
 
   short_text& operator+=(std::string_view more) {
     assign(std::string(std::string_view(*this)).append(more));
     return *this;
+  }
+
+  friend void swap(short_text& a, short_text& b) noexcept {
+    std::swap(a.outside_, b.outside_);
+    std::swap(a.inside_, b.inside_);
   }
 
   friend bool operator==(const short_text& a, std::string_view b) { return std::string_view(a) == b; }
@@ -55,13 +62,13 @@ class short_text {
 
  private:
   void assign(std::string_view text) {
-    if (text.size() <= inside_.size()) [[likely]] {
+    if (text.size() < inside_.size()) [[likely]] {
       outside_.reset();
-      size_ = static_cast<std::uint8_t>(text.size());
+      set_size(text.size());
       text.copy(inside_.data(), text.size());
     } else {
       outside_ = std::make_unique<std::string>(text);
-      size_ = 0;
+      set_size(0);
     }
   }
   void copy(const short_text& other) {
@@ -69,12 +76,12 @@ class short_text {
       outside_ = other.outside_ ? std::make_unique<std::string>(*other.outside_) : nullptr;
     }
     inside_ = other.inside_;
-    size_ = other.size_;
   }
+  std::size_t size() const { return static_cast<std::uint8_t>(inside_.back()); }
+  void set_size(std::size_t size) { inside_.back() = static_cast<char>(size); }
 
   std::unique_ptr<std::string> outside_;  // holds the text if it is set
-  std::array<char, 23> inside_{};
-  std::uint8_t size_ = 0;
+  std::array<char, 24> inside_{};         // else it is here, its length in the last place
 };
 
 }  // namespace velorin

@@ -92,6 +92,15 @@ struct match_conditions {
   integer outfield;   ///< 1..4
 };
 
+/// A stand of an innings: wickets down and the pair's positions, the lower one first.
+struct stand_key {
+  int wickets = 0;
+  int lower = 0;
+  int higher = 0;
+
+  bool operator==(const stand_key&) const = default;
+};
+
 /// Who is known to be on the achievement lists, so that no list is searched again for him: the step up to which a man
 /// at a position, or the present pair, has been entered. Steps count the lists of a kind from 1 in rising order. Only
 /// for the innings in play.
@@ -99,7 +108,7 @@ struct match_known_achievements {
   std::array<std::uint8_t, 12> batting_step{};      ///< [1..11] 1 to 4: 50, 100, 150, 200
   std::array<std::uint8_t, 12> five_wicket_step{};  ///< [1..11] 1: entered
   std::uint8_t stand_step = 0;                      ///< 1 to 6: 50 to 300
-  std::array<std::int8_t, 3> stand_of{};            ///< wickets down and the pair's positions when the step was noted
+  stand_key stand_of;                               ///< the stand when the step was noted
 };
 
 /// What the set-up collects on its way to the toss.

@@ -30,9 +30,9 @@ std::string entry_text(const std::vector<team_entry>& list, int index) {
 
 /// Keeps the ground of this name in the match; without one the ground before stays.
 void take_ground(const std::string& name) {
-  scan_grounds([&](const ground_rec& ground) {
+  for (const ground_rec& ground : read_grounds()) {
     if (ground.ground_name == name) match.ground = ground;
-  });
+  }
 }
 
 /// The squad of the entry chosen. The record is read into the place of the team list with its own number, one behind
@@ -91,6 +91,7 @@ void teamfrm::open() {
   combo1.clear();
   const std::vector<team_rec>& teams = read_team_list();
   match.team_count = teams.size();
+  combo1.reserve(teams.size());
   for (std::size_t i = 0; i < teams.size(); ++i) {
     match.team_list[i + 1] = teams[i].team_name;
     combo1.push_back({teams[i].team_name, static_cast<int>(i) + 2});
@@ -118,13 +119,16 @@ void teamfrm::choose_second_team(int index) {
 }
 
 void teamfrm::rebuild_grounds() {
+  constexpr std::string_view neutral = "Neutral";
   combo3.clear();
   const std::string first = combo1_text();
   const std::string second = combo2_text();
-  scan_grounds([&](const ground_rec& ground) {
+  const std::vector<ground_rec>& grounds = read_grounds();
+  combo3.reserve(grounds.size());
+  for (const ground_rec& ground : grounds) {
     if (ground.country == first || ground.country == second) combo3.push_back(ground.ground_name);
-    if (ground.country == "Neutral") combo3.push_back(ground.ground_name);
-  });
+    if (ground.country == neutral) combo3.push_back(ground.ground_name);
+  }
   combo3_index = combo3.size() > 1 ? 1 : -1;
 }
 

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <fmt/format.h>
+
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+
+#include "cli/cli_test.h"
+
+namespace velorin::testing {
+namespace {
+
+/// A sum over bytes that tells any two texts apart (FNV-1a, 64 bits).
+class signature {
+ public:
+  void add(std::string_view bytes) {
+    for (const char c : bytes) sum_ = (sum_ ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
+  }
+  std::string text() const { return fmt::format("{:016x}", sum_); }
+
+ private:
+  std::uint64_t sum_ = 0xCBF29CE484222325U;
+};
+
+constexpr std::array<const char*, 10> all_teams = {"Northland",   "South Isles", "Harrowmark", "Vestria",
+                                                   "New Zealand", "Orland",      "Cape Tavor", "Lindemark",
+                                                   "Sorrel Bay",  "Marenne"};
+
+/// The figures of a thousand matches, all that they print and write included: what has not changed here has changed
+/// nowhere. scripts/approve writes the lines anew.
+class GoldenSignature : public CliTest {
+ protected:
+  enum part { object, page, card, ball_by_ball, database_files };
+  using signatures = std::array<signature, 5>;
+
+  /// The match of a seed: other teams, captains and conditions for each.
+  void play(int seed, bool update, signatures& sums) const {
+    std::vector<std::string> line = {"--seed",  std::to_string(seed), "match",          "--quiet",
+                                     "--team1", team(seed),           "--team2",        team(seed + 1 + seed / 10 % 9),
+                                     "--json",  file("match.json"),   "--html",         file("page.html"),
+                                     "--text",  file("card.txt"),     "--ball-by-ball", file("balls.txt")};
+    if (update) line.push_back("--update");
+    if (seed % 10 == 3) line.insert(line.end(), {"--captain1", "human"});
+    if (seed % 10 == 5) line.insert(line.end(), {"--captain2", "human"});
+    if (seed % 4 == 1) line.insert(line.end(), {"--conditions", seed % 8 == 1 ? "1,1,1,1" : "4,4,4,4"});
+    if (seed % 7 == 0) line.insert(line.end(), {"--export-innings", "1"});
+    const run_result result = run(line);
+    ASSERT_EQ(result.status, 0) << "seed " << seed << ": " << result.err;
+    sums[object].add(file_bytes(file("match.json")));
+    sums[page].add(file_bytes(file("page.html")));
+    sums[card].add(file_bytes(file("card.txt")));
+    sums[ball_by_ball].add(file_bytes(file("balls.txt")));
+    for (const auto& [name, bytes] : contents_of(teams())) {
+      sums[database_files].add(name);
+      sums[database_files].add(bytes);
+    }
+  }
+
+  /// A line for each hundred matches. The last two hundred are played with updates.
+  std::string lines() const {
+    std::string all;
+    for (int hundred = 0; hundred < 10 && !HasFatalFailure(); ++hundred) {
+      signatures sums;
+      for (int i = 1; i <= 100; ++i) play(100 * hundred + i, hundred >= 8, sums);
+      all += fmt::format("{:>4} to {:>4}  object {}  page {}  text {}  ball by ball {}  files {}\n", 100 * hundred + 1,
+                         100 * hundred + 100, sums[object].text(), sums[page].text(), sums[card].text(),
+                         sums[ball_by_ball].text(), sums[database_files].text());
+    }
+    return all;
+  }
+
+ private:
+  static std::string team(int number) { return all_teams[static_cast<std::size_t>(number % 10)]; }
+};
+
+TEST_F(GoldenSignature, ThousandMatches) {
+  const std::filesystem::path path = std::filesystem::path(VELORIN_TEST_DATA) / "golden" / "cli" / "signature.txt";
+  const std::string now = lines();
+  if (std::getenv("VELORIN_APPROVE") != nullptr) {
+    write_bytes(path, now);
+    FAIL() << "the signature was written anew; make sure that a change was wanted";
+  }
+  EXPECT_EQ(now, file_bytes(path));
+}
+
+/// Many matches of one run: each begins with what the one before has left.
+TEST_F(GoldenSignature, MatchesOfOneRun) {
+  const std::filesystem::path path = std::filesystem::path(VELORIN_TEST_DATA) / "golden" / "cli" / "one_run.txt";
+  signature objects;
+  const std::string summary = text({"--seed", "7", "match", "--matches", "200", "--json", file("matches.json")});
+  objects.add(file_bytes(file("matches.json")));
+  const std::string now = summary + "\nobjects " + objects.text() + "\n";
+  if (std::getenv("VELORIN_APPROVE") != nullptr) {
+    write_bytes(path, now);
+    FAIL() << "the signature was written anew; make sure that a change was wanted";
+  }
+  EXPECT_EQ(now, file_bytes(path));
+}
+
+}  // namespace
+}  // namespace velorin::testing
