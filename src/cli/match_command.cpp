@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <array>
-#include <charconv>
 #include <chrono>
 #include <iostream>
 #include <memory>
@@ -8,159 +11,21 @@
 #include <ostream>
 #include <string_view>
 
-#include <fmt/format.h>
-#include <unistd.h>
-
 #include "cli/commands.h"
-#include "cli/match_json.h"
+#include "cli/match_jobs.h"
+#include "cli/match_run.h"
 #include "cli/match_summary.h"
 #include "database/configuration.h"
-#include "database/fresh_file.h"
 #include "database/teams_file.h"
-#include "headless/headless_user.h"
 #include "model/code_page.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
-#include "reports/export.h"
 #include "setup/teamfrm.h"
 
 namespace velorin::cli {
 
 namespace {
-
-struct match_options {
-  std::string team1;
-  std::string team2;
-  std::string ground;
-  std::string captain1 = "cpu";
-  std::string captain2 = "cpu";
-  std::string conditions;
-  long matches = 1;
-  bool update = false;
-  std::string json;
-  std::string html;
-  std::string text;
-  std::string ball_by_ball;
-  int export_innings = 2;
-  bool quiet = false;
-};
-
-/// The headless user, who also keeps what the command prints.
-class match_recorder : public headless_user {
- public:
-  match_recorder(const match_options& options, match_summary& summary) : options_(options), summary_(summary) {}
-
-  using headless_user::show;
-
-  void begin_match(bool last) {
-    last_ = last;
-    innings_ = 0;
-    scorecards_ = json::array();
-    messages_ = json::array();
-  }
-
-  void show(const message_box& message) override {
-    if (!options_.json.empty())
-      messages_.push_back({{"title", to_utf8(message.title)}, {"text", to_utf8(message.text)}});
-  }
-
-  void open(report which) override {
-    if (which != report::scorecard) return;
-    ++innings_;
-    if (options_.matches > 1) summary_.add_innings();
-    if (!options_.json.empty()) scorecards_.push_back(state_json());
-    if (!last_) return;
-    if (prints_scorecard()) {
-      scorecard card;
-      card.open();
-      shown_ = text_scorecard(card);
-    }
-    if (innings_ == options_.export_innings) save_exports();
-    exported_ = exported_ || innings_ == options_.export_innings;
-  }
-
-  /// Raises run_time_error (file) if a file was asked for and its innings never came to an end.
-  void require_exports() const {
-    const bool wanted = !options_.html.empty() || !options_.text.empty() || !options_.ball_by_ball.empty();
-    if (!wanted || exported_) return;
-    throw run_time_error(failure::file,
-                         fmt::format("Nothing to export: there was no end of innings {}", options_.export_innings));
-  }
-
-  /// One match and nothing else asked of standard output.
-  bool prints_scorecard() const { return options_.matches == 1 && !options_.quiet && options_.json != "-"; }
-
-  json match_object(std::uint64_t draws) const {
-    return {{"format", "velorin-match"},    {"version", 1},       {"scorecards", scorecards_}, {"messages", messages_},
-            {"result", result_json(match)}, {"draws_used", draws}};
-  }
-
-  /// The text scorecard of the last innings shown, UTF-8 with plain line ends.
-  std::string shown_scorecard() const {
-    std::string text = to_utf8(shown_);
-    std::erase(text, '\r');
-    return text;
-  }
-
- private:
-  void save_exports() const {
-    const std::array<std::pair<export_kind, const std::string*>, 3> wanted = {
-        {{export_kind::html, &options_.html},
-         {export_kind::text, &options_.text},
-         {export_kind::ball_by_ball, &options_.ball_by_ball}}};
-    for (const auto& [kind, path] : wanted) {
-      if (path->empty() || save_export(kind, *path)) continue;
-      throw run_time_error(failure::file, "The export cannot be written",
-                           {.file = *path, .record = 0, .field = {}, .player = {}});
-    }
-  }
-
-  const match_options& options_;
-  match_summary& summary_;
-  bool last_ = false;
-  bool exported_ = false;
-  int innings_ = 0;
-  json scorecards_;
-  json messages_;
-  std::string shown_;
-};
-
-/// The output of --json: a file or standard output.
-class json_output {
- public:
-  json_output(const std::string& path, std::ostream& out) : path_(path), out_(&out) {
-    if (path.empty() || path == "-") return;
-    file_ = std::make_unique<fresh_file>(path);
-    out_ = &file_->stream();
-    check();
-  }
-
-  void write(const json& object) {
-    *out_ << object.dump() << '\n';
-    check();
-  }
-
-  void close() {
-    out_->flush();
-    check();
-    if (file_ && !file_->put_in_place()) refuse();
-  }
-
- private:
-  void check() const {
-    if (!*out_) refuse();
-  }
-
-  [[noreturn]] void refuse() const {
-    throw run_time_error(failure::file, "The output cannot be written",
-                         {.file = path_, .record = 0, .field = {}, .player = {}});
-  }
-
-  std::string path_;
-  std::ostream* out_;
-  std::unique_ptr<fresh_file> file_;
-};
 
 /// The four values of --conditions, or nothing if they are none.
 std::optional<std::array<int, 4>> parse_conditions(const std::string& text) {
@@ -228,36 +93,93 @@ void print_result(const match_recorder& recorder, std::ostream& out) {
   }
 }
 
-int play(const match_options& options, const program_options& program, streams io) {
-  set_up_run(program);
-  files.updates = options.update;
-  match_summary summary;
-  match_recorder recorder(options, summary);
-  recorder.conditions = parse_conditions(options.conditions);
-  const front_end_scope scope(recorder);
-  json_output json_lines(options.json, io.out);
-  const auto start = std::chrono::steady_clock::now();
-  for (long played = 1; played <= options.matches; ++played) {
+/// A run of matches, whoever plays them.
+class match_run {
+ public:
+  match_run(const match_options& options, const program_options& program, streams io)
+      : options_(options), program_(program), io_(io), recorder_(options, summary_), objects_(options.json, io.out) {
+    recorder_.conditions = parse_conditions(options.conditions);
+  }
+
+  void play() {
+    const front_end_scope scope(recorder_);
+    const int workers = static_cast<int>(std::min<long>(options_.jobs.value_or(1), options_.matches));
+    if (workers > 1) {
+      play_over(workers);
+    } else {
+      play_here();
+    }
+    if (!options_.json.empty()) objects_.close();
+  }
+
+  void print(std::chrono::duration<double> taken) const {
+    if (options_.prints_scorecard()) print_result(recorder_, io_.out);
+    if (!options_.prints_summary()) return;
+    summary_.print(io_.out);
+    // A reproducible run says nothing on standard output that a clock decides.
+    std::ostream& speed = program_.reproducible() ? io_.err : io_.out;
+    speed << fmt::format("\n{:<24}{:.0f}\n", "Matches a second", static_cast<double>(options_.matches) / taken.count());
+  }
+
+ private:
+  void play_here() {
+    for (long number = 1; number <= options_.matches; ++number) {
+      const std::string line = play_match(number);
+      if (!line.empty()) objects_.write(line);
+      show_progress(number, options_.matches, io_);
+    }
+    recorder_.require_exports();
+  }
+
+  void play_over(int workers) {
+    worker_task task{.matches = options_.matches,
+                     .jobs = workers,
+                     .summary = summary_,
+                     .play = {},
+                     .finish = {},
+                     .progress = {},
+                     .take = {}};
+    task.play = [this](long number) { return play_match(number); };
+    task.finish = [this] { recorder_.require_exports(); };
+    task.progress = [this](long played) { show_progress(played, options_.matches, io_); };
+    if (!options_.json.empty()) task.take = [this](std::string_view line) { objects_.write(line); };
+    play_in_workers(task);
+  }
+
+  /// Returns the match's object as a line, "" without --json.
+  std::string play_match(long number) {
+    if (options_.jobs && program_.seed) chance.use_seed(seed_of_match(*program_.seed, number));
     teamfrm form;
-    fill(form, options);
-    recorder.begin_match(played == options.matches);
+    fill(form, options_);
+    recorder_.begin_match(number == options_.matches);
     static_cast<match_result&>(match) = {};
     const std::uint64_t before = chance.draws_used();
     form.command1_click();
-    if (options.matches > 1) summary.add_result(match);
-    if (!options.json.empty()) json_lines.write(recorder.match_object(chance.draws_used() - before));
-    show_progress(played, options.matches, io);
+    if (options_.prints_summary()) summary_.add_result(match);
+    if (options_.json.empty()) return {};
+    return recorder_.match_object(chance.draws_used() - before).dump() + '\n';
   }
-  recorder.require_exports();
-  if (!options.json.empty()) json_lines.close();
-  if (recorder.prints_scorecard()) print_result(recorder, io.out);
-  if (options.matches > 1 && !options.quiet && options.json != "-") {
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    summary.print(io.out);
-    // A reproducible run says nothing on standard output that a clock decides.
-    std::ostream& speed = program.reproducible() ? io.err : io.out;
-    speed << fmt::format("\n{:<24}{:.0f}\n", "Matches a second", static_cast<double>(options.matches) / taken.count());
+
+  /// Which worker plays a match must not matter, so its numbers follow from its place in the run alone.
+  static std::uint64_t seed_of_match(std::uint64_t seed, long number) {
+    return random_source::mix(seed) + static_cast<std::uint64_t>(number);
   }
+
+  const match_options& options_;
+  const program_options& program_;
+  streams io_;
+  match_summary summary_;
+  match_recorder recorder_;
+  json_output objects_;
+};
+
+int play(const match_options& options, const program_options& program, streams io) {
+  set_up_run(program);
+  files.updates = options.update;
+  match_run run(options, program, io);
+  const auto start = std::chrono::steady_clock::now();
+  run.play();
+  run.print(std::chrono::steady_clock::now() - start);
   io.out.flush();
   return done;
 }
@@ -288,6 +210,15 @@ void add_match(CLI::App& app, const program_options& program, streams io, comman
       ->transform(plain_number)
       ->check(CLI::Range(1L, 1'000'000'000L))
       ->type_name("N");
+  command
+      ->add_option("--jobs", options->jobs,
+                   "Play the matches of --matches in this many processes, 1 to 1024. With --seed each match has a seed "
+                   "of its own then, so that its figures are the same for any number of processes")
+      ->transform(plain_number)
+      ->check(CLI::Range(1, 1024))
+      ->needs(command->get_option("--matches"))
+      ->excludes(app.get_option("--draws"))
+      ->type_name("J");
   command->add_flag("--update", options->update, "Add every match to the careers and records of the database");
   command->add_option("--json", options->json, "One JSON object a match, a line each; - for standard output")
       ->type_name("FILE");

@@ -3,6 +3,8 @@
 
 #include <cmath>
 #include <ostream>
+#include <sstream>
+#include <stdexcept>
 
 #include <fmt/format.h>
 
@@ -27,6 +29,12 @@ void spread::add(double value) {
   ++count;
   sum += value;
   squares += value * value;
+}
+
+void spread::add(const spread& other) {
+  count += other.count;
+  sum += other.sum;
+  squares += other.squares;
 }
 
 double spread::mean() const { return count == 0 ? 0 : sum / static_cast<double>(count); }
@@ -59,6 +67,69 @@ void match_summary::add_result(const match_result& result) {
     ++wins_[result.result_winner];
     ++(result.result_margin.ends_with("wickets ") ? chases_ : first_wins_);
   }
+}
+
+void match_summary::add(const match_summary& other) {
+  for (std::size_t i = 0; i < innings_.size(); ++i) {
+    const innings_figures& added = other.innings_[i];
+    innings_[i].totals.add(added.totals);
+    innings_[i].wickets.add(added.wickets);
+    innings_[i].runs += added.runs;
+    innings_[i].balls += added.balls;
+    innings_[i].all_out += added.all_out;
+  }
+  for (const auto& [kind, count] : other.dismissals_) dismissals_[kind] += count;
+  for (const auto& [team, wins] : other.wins_) wins_[team] += wins;
+  first_wins_ += other.first_wins_;
+  chases_ += other.chases_;
+  ties_ += other.ties_;
+  unfinished_ += other.unfinished_;
+  matches_ += other.matches_;
+}
+
+std::string match_summary::packed() const {
+  std::string text;
+  const auto put = [&](auto... values) { ((text += fmt::format("{} ", values)), ...); };
+  for (const innings_figures& f : innings_) {
+    put(f.totals.count, f.totals.sum, f.totals.squares, f.wickets.count, f.wickets.sum, f.wickets.squares, f.runs,
+        f.balls, f.all_out);
+  }
+  put(first_wins_, chases_, ties_, unfinished_, matches_);
+  for (const counts_by_name* counts : {&dismissals_, &wins_}) {
+    put(counts->size());
+    for (const auto& [name, count] : *counts) {
+      put(count, name.size());
+      text += name;
+    }
+  }
+  return text;
+}
+
+match_summary match_summary::unpacked(const std::string& text) {
+  match_summary summary;
+  std::istringstream in(text);
+  const auto get = [&](auto&... values) { (in >> ... >> values); };
+  for (innings_figures& f : summary.innings_) {
+    get(f.totals.count, f.totals.sum, f.totals.squares, f.wickets.count, f.wickets.sum, f.wickets.squares, f.runs,
+        f.balls, f.all_out);
+  }
+  get(summary.first_wins_, summary.chases_, summary.ties_, summary.unfinished_, summary.matches_);
+  for (counts_by_name* counts : {&summary.dismissals_, &summary.wins_}) {
+    std::size_t size = 0;
+    get(size);
+    for (; in && size != 0; --size) {
+      long count = 0;
+      std::size_t length = 0;
+      get(count, length);
+      if (!in || length > text.size()) throw std::logic_error("no packed summary");
+      in.get();  // the blank behind the length
+      std::string name(length, '\0');
+      in.read(name.data(), static_cast<std::streamsize>(length));
+      (*counts)[name] = count;
+    }
+  }
+  if (!in) throw std::logic_error("no packed summary");
+  return summary;
 }
 
 void match_summary::print(std::ostream& out) const {

@@ -17,6 +17,7 @@ struct spread {
   double squares = 0;
 
   void add(double value);
+  void add(const spread& other);
   double mean() const;
   double deviation() const;  ///< of the sample; 0 for fewer than two
 };
@@ -28,6 +29,13 @@ class match_summary {
   void add_innings();
   /// Adds a result.
   void add_result(const match_result& result);
+
+  /// Adds what other matches add up to.
+  void add(const match_summary& other);
+
+  /// The figures as one text, for another process, and back again. Raises std::logic_error for any other text.
+  std::string packed() const;
+  static match_summary unpacked(const std::string& text);
 
   /// Prints the figures, a line each.
   void print(std::ostream& out) const;
@@ -43,9 +51,11 @@ class match_summary {
     long all_out = 0;
   };
 
+  using counts_by_name = std::map<std::string, long>;
+
   std::array<innings_figures, 2> innings_;
-  std::map<std::string, long> dismissals_;
-  std::map<std::string, long> wins_;
+  counts_by_name dismissals_;
+  counts_by_name wins_;
   long first_wins_ = 0;
   long chases_ = 0;
   long ties_ = 0;

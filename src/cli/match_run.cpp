@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/match_run.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <utility>
+
+#include "model/code_page.h"
+#include "model/run_time_error.h"
+#include "model/teams.h"
+#include "reports/export.h"
+
+namespace velorin::cli {
+
+void match_recorder::begin_match(bool last) {
+  last_ = last;
+  innings_ = 0;
+  if (options_.json.empty()) return;
+  scorecards_ = json::array();
+  messages_ = json::array();
+}
+
+void match_recorder::show(const message_box& message) {
+  if (!options_.json.empty()) messages_.push_back({{"title", to_utf8(message.title)}, {"text", to_utf8(message.text)}});
+}
+
+void match_recorder::open(report which) {
+  if (which != report::scorecard) return;
+  ++innings_;
+  if (options_.prints_summary()) summary_.add_innings();
+  if (!options_.json.empty()) scorecards_.push_back(state_json());
+  if (!last_) return;
+  if (options_.prints_scorecard()) {
+    scorecard card;
+    card.open();
+    shown_ = text_scorecard(card);
+  }
+  if (innings_ == options_.export_innings) save_exports();
+  exported_ = exported_ || innings_ == options_.export_innings;
+}
+
+void match_recorder::require_exports() const {
+  const bool wanted = !options_.html.empty() || !options_.text.empty() || !options_.ball_by_ball.empty();
+  if (!wanted || exported_) return;
+  throw run_time_error(failure::file,
+                       fmt::format("Nothing to export: there was no end of innings {}", options_.export_innings));
+}
+
+json match_recorder::match_object(std::uint64_t draws) const {
+  return {{"format", "velorin-match"},    {"version", 1},       {"scorecards", scorecards_}, {"messages", messages_},
+          {"result", result_json(match)}, {"draws_used", draws}};
+}
+
+std::string match_recorder::shown_scorecard() const {
+  std::string text = to_utf8(shown_);
+  std::erase(text, '\r');
+  return text;
+}
+
+void match_recorder::save_exports() const {
+  const std::array<std::pair<export_kind, const std::string*>, 3> wanted = {
+      {{export_kind::html, &options_.html},
+       {export_kind::text, &options_.text},
+       {export_kind::ball_by_ball, &options_.ball_by_ball}}};
+  for (const auto& [kind, path] : wanted) {
+    if (path->empty() || save_export(kind, *path)) continue;
+    throw run_time_error(failure::file, "The export cannot be written",
+                         {.file = *path, .record = 0, .field = {}, .player = {}});
+  }
+}
+
+json_output::json_output(const std::string& path, std::ostream& out) : path_(path), out_(&out) {
+  if (path.empty() || path == "-") return;
+  file_ = std::make_unique<fresh_file>(path);
+  out_ = &file_->stream();
+  check();
+}
+
+void json_output::write(std::string_view line) {
+  *out_ << line;
+  check();
+}
+
+void json_output::close() {
+  out_->flush();
+  check();
+  if (file_ && !file_->put_in_place()) refuse();
+}
+
+void json_output::check() const {
+  if (!*out_) refuse();
+}
+
+void json_output::refuse() const {
+  throw run_time_error(failure::file, "The output cannot be written",
+                       {.file = path_, .record = 0, .field = {}, .player = {}});
+}
+
+}  // namespace velorin::cli
