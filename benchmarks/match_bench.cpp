@@ -1,54 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Times of a match and its parts. The folder of the data files is named by the environment variable VELORIN_TEAMS, the
-// database in it is "world"; the matches with updates play on a copy in a temporary folder.
-
-#include <cstdlib>
-#include <filesystem>
-#include <iostream>
-#include <string>
-
+// Times of a match and its parts.
 #include <benchmark/benchmark.h>
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+
+#include "bench_world.h"
+#include "competitions/wctable.h"
 #include "database/configuration.h"
 #include "database/saveavgs.h"
 #include "engine/algorithm.h"
-#include "engine/driver.h"
-#include "headless/headless_user.h"
-#include "model/teams.h"
-#include "setup/teamfrm.h"
 
-namespace velorin {
+namespace velorin::bench {
 namespace {
-
-/// A user who keeps the match as it stood at some moments of the last match.
-class keeping_user : public headless_user {
- public:
-  match_state in_mid_play;  ///< 25 overs into the first innings
-  match_state at_end;       ///< the result known, before the updates
-  long balls = 0;
-  bool keeping = false;
-
-  void ball_bowled() override {
-    ++balls;
-    if (!keeping) return;
-    if (match.innings_balls == 150 && match.first_total == 0) in_mid_play = match;
-  }
-  void open(report) override {
-    if (keeping && match.first_total != 0) at_end = match;
-  }
-};
-
-keeping_user& the_user() {
-  static keeping_user shown_by;
-  return shown_by;
-}
-
-void play_match() {
-  teamfrm form;
-  form.open();
-  form.command1_click();
-}
 
 void bare_delivery(benchmark::State& state) {
   match = the_user().in_mid_play;
@@ -80,40 +48,71 @@ void whole_match(benchmark::State& state) {
 }
 BENCHMARK(whole_match);
 
+/// The same with the careers and records brought up to date.
+void match_with_updates(benchmark::State& state) {
+  put_on_record();
+  files.updates = true;
+  for (auto _ : state) play_match();
+  files.updates = false;
+}
+BENCHMARK(match_with_updates)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
 /// The two updates at the end of a match, files written and synchronised.
 void career_update(benchmark::State& state) {
-  files.updates = true;
+  put_on_record();
   match = the_user().at_end;
+  files.updates = true;
   for (auto _ : state) {
     update_career();
     update_records();
   }
   files.updates = false;
+  match = match_state();
 }
-BENCHMARK(career_update)->Unit(benchmark::kMicrosecond);
+BENCHMARK(career_update)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
+std::string bytes_of(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  std::ostringstream bytes;
+  bytes << in.rdbuf();
+  if (!in) throw std::runtime_error("a file of the database cannot be read");
+  return bytes.str();
+}
+
+/// What the update cannot do without: the bytes of both files written to a new file and synchronised, the file then
+/// renamed, its folder synchronised.
+void plain_write(const std::filesystem::path& file, const std::string& bytes) {
+  const std::string fresh = file.string() + ".plain";
+  const int out = ::open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+  const bool good = out >= 0 && ::write(out, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()) &&
+                    ::fsync(out) == 0 && ::close(out) == 0 && ::rename(fresh.c_str(), file.c_str()) == 0;
+  const int folder = ::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY);
+  if (!good || folder < 0 || ::fsync(folder) != 0) throw std::runtime_error("a plain file cannot be written");
+  ::close(folder);
+}
+
+void plain_write_of_an_update(benchmark::State& state) {
+  put_on_record();
+  const std::string careers = bytes_of(files.rec);
+  const std::string records = bytes_of(files.ptr);
+  for (auto _ : state) {
+    plain_write(files.folder / "plain.rec", careers);
+    plain_write(files.folder / "plain.ptr", records);
+  }
+  state.counters["bytes"] = static_cast<double>(careers.size() + records.size());
+}
+BENCHMARK(plain_write_of_an_update)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
+/// All matches of a World Cup, from the entry of the teams to the final.
+void whole_world_cup(benchmark::State& state) {
+  match = match_state();
+  for (auto _ : state) {
+    wctable form;
+    form.open();
+    form.command1_click();
+  }
+}
+BENCHMARK(whole_world_cup)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
-}  // namespace velorin
-
-int main(int argc, char** argv) {
-  namespace fs = std::filesystem;
-  benchmark::Initialize(&argc, argv);
-  const char* teams = std::getenv("VELORIN_TEAMS");
-  if (teams == nullptr) {
-    std::cerr << "velorin-bench: VELORIN_TEAMS names no folder of data files\n";
-    return 2;
-  }
-  const fs::path folder = fs::temp_directory_path() / ("velorin-bench-" + std::to_string(getpid()));
-  fs::create_directories(folder);
-  for (const char* name : {"world.team", "world.grd"}) fs::copy_file(fs::path(teams) / name, folder / name);
-  velorin::files = velorin::database_paths(folder, "world");
-  velorin::files.elevens_in_memory = true;
-  velorin::files.updates = false;
-  const velorin::front_end_scope scope(velorin::the_user());
-  velorin::the_user().keeping = true;
-  velorin::play_match();
-  velorin::the_user().keeping = false;
-  benchmark::RunSpecifiedBenchmarks();
-  fs::remove_all(folder);
-  return 0;
-}
+}  // namespace velorin::bench

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "bench_world.h"
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+
+#include "database/configuration.h"
+#include "setup/teamfrm.h"
+
+namespace velorin::bench {
+
+namespace fs = std::filesystem;
+
+void keeping_user::ball_bowled() {
+  ++balls;
+  if (keeping && match.innings_balls == 150 && match.first_total == 0) in_mid_play = match;
+}
+
+void keeping_user::open(report) {
+  if (keeping && match.first_total != 0) at_end = match;
+}
+
+keeping_user& the_user() {
+  static keeping_user shown_by;
+  return shown_by;
+}
+
+bench_world::bench_world(const fs::path& teams)
+    : folder_(fs::temp_directory_path() / ("velorin-bench-" + std::to_string(getpid()))) {
+  fs::create_directories(folder_);
+  for (const char* name : {"world.team", "world.grd"}) fs::copy_file(teams / name, folder_ / name);
+  files = database_paths(folder_, "world");
+  files.elevens_in_memory = true;
+  files.read_once = true;
+  files.updates = false;
+}
+
+bench_world::~bench_world() {
+  std::error_code ignored;
+  fs::remove_all(folder_, ignored);
+}
+
+void play_match() {
+  teamfrm form;
+  form.open();
+  form.command1_click();
+}
+
+void put_on_record() {
+  static bool done = false;
+  if (done) return;
+  done = true;
+  files.updates = true;
+  for (int played = 0; played < 300; ++played) {
+    teamfrm form;
+    form.open();
+    const int teams = static_cast<int>(form.combo1.size()) - 1;  // the last of twenty cannot be played
+    form.choose_first_team(played % teams);
+    form.choose_second_team((played + 1 + played / teams % (teams - 1)) % teams);
+    form.command1_click();
+  }
+  files.updates = false;
+}
+
+long peak_memory(int matches) {
+  const pid_t process = fork();
+  if (process == 0) {
+    for (int played = 0; played < matches; ++played) play_match();
+    _exit(0);
+  }
+  int status = 0;
+  rusage used{};
+  if (process < 0 || wait4(process, &status, 0, &used) < 0 || status != 0) return -1;
+  return used.ru_maxrss;
+}
+
+}  // namespace velorin::bench

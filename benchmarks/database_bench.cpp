@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Times of building, reading and checking a database.
+#include <benchmark/benchmark.h>
+
+#include <stdexcept>
+
+#include "bench_world.h"
+#include "database/configuration.h"
+#include "database/records.h"
+#include "database/teams_file.h"
+#include "database/world.h"
+
+namespace velorin::bench {
+namespace {
+
+/// Both files out of the tables of the bundled database.
+void build(benchmark::State& state) {
+  const std::filesystem::path tables = files.folder / "tables";
+  dump_database(files, tables);
+  for (auto _ : state) build_database(tables, files.folder / "built.team", files.folder / "built.grd");
+}
+BENCHMARK(build)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
+void read(benchmark::State& state) {
+  for (auto _ : state) {
+    forget_teams_and_grounds();
+    if (read_team_list().empty() || read_grounds().empty()) throw std::runtime_error("the database is empty");
+  }
+}
+BENCHMARK(read)->Unit(benchmark::kMicrosecond);
+
+void read_careers_and_records(benchmark::State& state) {
+  put_on_record();
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(read_career_table(files.rec));
+    benchmark::DoNotOptimize(read_record_lists(files.ptr));
+  }
+}
+BENCHMARK(read_careers_and_records)->Unit(benchmark::kMicrosecond);
+
+void check(benchmark::State& state) {
+  put_on_record();
+  for (auto _ : state) {
+    if (!check_database(files).empty()) throw std::runtime_error("the database has faults");
+  }
+}
+BENCHMARK(check)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace velorin::bench
