@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/controls.h"
+#include "desktop/ground_picture.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -59,9 +60,12 @@ Form::Form(const QString& name, Dismissal dismissal, QWidget* parent)
   head_ = new QWidget(this);
   head_->setObjectName(QStringLiteral("head"));
   head_->setAttribute(Qt::WA_StyledBackground);
-  auto* head_rows = new QVBoxLayout(head_);
+  auto* head_row = new QHBoxLayout(head_);
+  head_row->setContentsMargins(0, 0, 0, 0);
+  auto* head_rows = new QVBoxLayout;
   head_rows->setContentsMargins(24, 16, 24, 16);
   head_rows->setSpacing(4);
+  head_row->addLayout(head_rows, 1);
   heading_ = new_label({}, TextRole::title, head_);
   heading_->setObjectName(QStringLiteral("heading"));
   subheading_ = new_label({}, TextRole::body, head_);
@@ -109,6 +113,12 @@ void Form::set_title(const QString& title, const QString& heading) {
 }
 
 void Form::name_heading(const QString& name) { heading_->setObjectName(name); }
+
+void Form::show_picture() {
+  auto* picture = new GroundPicture(QStringLiteral("picture"), head_);
+  picture->setFixedWidth(180);
+  head_->layout()->addWidget(picture);
+}
 
 void Form::set_subheading(const QString& text) {
   subheading_->setText(text);

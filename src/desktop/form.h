@@ -44,6 +44,8 @@ class Form : public QDialog {
   void set_title(const QString& title, const QString& heading);
   /// The heading stands for the control of this name.
   void name_heading(const QString& name);
+  /// Puts the picture of the opening form beside the heading, for decoration.
+  void show_picture();
   /// A quieter line under the heading; an empty text shows none.
   void set_subheading(const QString& text);
 

@@ -30,6 +30,7 @@ Table results_table(const sri_result& form) {
 SriResultWindow::SriResultWindow(sri_result& form, QWidget* parent)
     : Form(QStringLiteral("sri_result"), Dismissal::closes, parent), form_(form) {
   set_title(shown(form_.label4_1), shown(form_.label4_1));
+  show_picture();
   name_heading(QStringLiteral("Label4_1"));
   auto* results = new TableView(QStringLiteral("results"));
   results->set_table(results_table(form_));

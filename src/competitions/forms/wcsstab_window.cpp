@@ -42,6 +42,7 @@ bool human_in_any(const std::string& team) { return human_in_group_a(team) || hu
 WcsstabWindow::WcsstabWindow(wcsstab& form, QWidget* parent)
     : Form(QStringLiteral("wcsstab"), Dismissal::closes, parent), form_(form) {
   set_title(QStringLiteral("World Cup Tables"), QStringLiteral("World Cup Tables"));
+  show_picture();
   set_subheading(cup_progress());
   auto* quarters = new QGridLayout;
   quarters->setHorizontalSpacing(24);

@@ -78,6 +78,7 @@ LineChart worm_chart(const worms& form) {
 WormsWindow::WormsWindow(const worms& form, QWidget* parent) : ChartForm(QStringLiteral("worms"), parent) {
   const QString title = QStringLiteral("Score Comparison Graph");
   set_title(title, title);
+  show_picture();
   auto* sides = new QHBoxLayout;
   sides->setSpacing(16);
   sides->addWidget(new_side(0, QStringLiteral("Label9"), form.label9, QStringLiteral("Label3"), form.label3), 1);
