@@ -186,6 +186,28 @@ TEST_F(TeamsFile, AReplacedFileWithTheSameTimesIsReadAgain) {
   EXPECT_EQ(read_team_list()[0].team_name, "Atlas");
 }
 
+TEST_F(TeamsFile, WithReadOnceAFileIsKeptUntilItIsForgotten) {
+  write_teams({team_called("Tamar")});
+  forget_teams_and_grounds();
+  files.read_once = true;
+  EXPECT_EQ(read_team_list()[0].team_name, "Tamar");
+  write_teams({team_called("Alba"), team_called("Zoll")});
+  EXPECT_EQ(read_team_list().size(), 1U);
+  EXPECT_EQ(read_team(2).team_name, "Tamar");
+  forget_teams_and_grounds();
+  EXPECT_EQ(read_team_list().size(), 2U);
+  EXPECT_EQ(read_team(2).team_name, "Alba");
+}
+
+TEST_F(TeamsFile, WithReadOnceAnErrorIsRaisedEveryTime) {
+  forget_teams_and_grounds();
+  files.read_once = true;
+  EXPECT_EQ(error_of([] { read_team_list(); }).kind(), failure::file);
+  EXPECT_EQ(error_of([] { read_team_list(); }).kind(), failure::file);
+  write_teams({team_called("Tamar")});
+  EXPECT_EQ(read_team_list().size(), 1U);
+}
+
 TEST_F(TeamsFile, AnotherDatabaseHasItsOwnTeams) {
   write_teams({team_called("Tamar")});
   age(files.team);
