@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QHideEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -174,6 +175,13 @@ void Form::reject() {
   } else if (dismissal_ == Dismissal::closes) {
     QDialog::reject();
   }
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  auto* button = qobject_cast<QPushButton*>(focusWidget());
+  const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enters || event->modifiers() != Qt::NoModifier || button == nullptr) return QDialog::keyPressEvent(event);
+  button->click();
 }
 
 void Form::showEvent(QShowEvent* event) {

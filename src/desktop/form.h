@@ -73,6 +73,8 @@ class Form : public QDialog {
   void reject() override;
 
  protected:
+  /// Return presses the button that has the keyboard, elsewhere the default button.
+  void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 

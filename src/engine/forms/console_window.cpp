@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/forms/console_window.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
@@ -62,6 +63,10 @@ ConsoleWindow::ConsoleWindow(main_console& form, QWidget* parent)
     finish_over_ = true;
     if (waiting_ != nullptr) waiting_->quit();
   });
+  // A click leaves the keyboard with Next Over, so that Return goes on bowling.
+  for (QAbstractButton* button : findChildren<QAbstractButton*>()) {
+    if (button != next_over_) button->setFocusPolicy(Qt::TabFocus);
+  }
   qApp->installEventFilter(this);
   refresh();
   next_over_->setFocus();

@@ -50,6 +50,8 @@ RatesPanel::RatesPanel(QWidget* parent) : QFrame(parent) {
   comparison_ = new_named_label(QStringLiteral("Label15_12"), {}, TextRole::muted);
   now_ = new_named_label(QStringLiteral("Label15_13"), {});
   then_ = new_named_label(QStringLiteral("Label15_14"), {});
+  stage_ = new_label(QStringLiteral("After"), TextRole::muted);
+  comparing->addWidget(stage_);
   comparing->addWidget(comparison_);
   comparing->addWidget(now_);
   comparing->addWidget(then_);
@@ -73,8 +75,8 @@ void RatesPanel::refresh() {
   }
   last_five_.text->setText(shown(view.label15_20));
   last_five_.text->setAccessibleName(shown("Last 5: " + view.label15_20));
-  comparison_->setText(view.label15_12.empty() ? QString() : QStringLiteral("After %1").arg(shown(view.label15_12)));
-  comparison_->setVisible(!view.label15_12.empty());  // an empty one would push the scores aside
+  comparison_->setText(shown(view.label15_12));
+  for (QLabel* label : {stage_, comparison_}) label->setVisible(!view.label15_12.empty());
   now_->setText(shown(view.label15_13));
   then_->setText(shown(view.label15_14));
 }

@@ -28,6 +28,7 @@ class RatesPanel : public QFrame {
   QLabel* title_;
   std::array<Cell, 7> cells_;
   Cell last_five_;
+  QLabel* stage_;
   QLabel* comparison_;
   QLabel* now_;
   QLabel* then_;

@@ -147,6 +147,20 @@ TEST_F(ConsoleWindowTest, ButtonsAskForTheirForms) {
   EXPECT_EQ(user.requests, expected);
 }
 
+TEST_F(ConsoleWindowTest, ReturnPressesTheButtonReachedByTab) {
+  ConsoleWindow& window = open(false, true);
+  user.requests.clear();
+  auto* card = control<QPushButton>(window, "Command2");
+  QTest::mouseClick(card, Qt::LeftButton);
+  EXPECT_EQ(user.requests_of("report").size(), 1U);
+  QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(match.over_no, 2) << "a click leaves the keyboard with Next Over";
+  card->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(card, Qt::Key_Return);
+  EXPECT_EQ(user.requests_of("report").size(), 2U);
+  EXPECT_EQ(match.over_no, 2);
+}
+
 TEST_F(ConsoleWindowTest, KeysBowlAnOver) {
   ConsoleWindow& window = open(false, true);
   QTest::keyClick(&window, Qt::Key_Return);
