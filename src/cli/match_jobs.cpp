@@ -217,16 +217,14 @@ class workforce {
 void play_in_workers(const worker_task& task) {
   const workforce force(task);
   std::vector<std::optional<note>> ends(static_cast<std::size_t>(task.jobs));
-  // Whoever tells of something else than a line has come to his end.
+  // Whoever tells of something else than a line has come to his end, and no later line counts.
   for (long number = 1; task.take && number <= task.matches; ++number) {
-    std::optional<note>& end = ends[static_cast<std::size_t>((number - 1) % task.jobs)];
-    if (end) break;
     note told = force.of_match(number).next_note();
-    if (told.head.what == note::kind::line) {
-      task.take(told.text);
-    } else {
-      end = std::move(told);
+    if (told.head.what != note::kind::line) {
+      ends[static_cast<std::size_t>((number - 1) % task.jobs)] = std::move(told);
+      break;
     }
+    task.take(told.text);
   }
   const note* failed = nullptr;
   for (std::size_t i = 0; i < ends.size(); ++i) {

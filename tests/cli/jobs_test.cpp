@@ -133,7 +133,7 @@ class Workers : public ::testing::Test {
 
 TEST_F(Workers, TheLowestMatchThatBreaksOffDecides) {
   task.play = [](long number) -> std::string {
-    if (number == 5) ::usleep(50'000);
+    if (number == 5) ::usleep(50'000);  // by then the seventh has been played
     if (number >= 5 && number != 7) throw std::runtime_error(fmt::format("match {} broke off", number));
     return fmt::format("{}", number);
   };
