@@ -191,7 +191,9 @@ void Form::showEvent(QShowEvent* event) {
     if (geometry.isEmpty() || !restoreGeometry(geometry)) {
       adjustSize();
       resize(size().expandedTo(preferred_));
-      if (const QScreen* at = screen()) resize(size().boundedTo(at->availableSize()));
+      // The window's frame takes its share of the screen.
+      constexpr QSize frame(8, 36);
+      if (const QScreen* at = screen()) resize(size().boundedTo(at->availableSize() - frame));
     }
     // Wrapped lines may need more height than at the last time.
     if (const int needed = layout()->hasHeightForWidth() ? layout()->totalMinimumHeightForWidth(width()) : 0;
