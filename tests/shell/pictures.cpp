@@ -42,6 +42,7 @@ void fill_careers() {
   form.open();
   form.command1_click();
   world_cup = {};
+  match = {};  // with the lines of the worm graph
 }
 
 void open(OpeningWindow& menu, const char* panel, const char* entry) {
