@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/menu_entry.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -35,6 +36,14 @@ void MenuEntry::set_highlighted(bool on) {
 
 void MenuEntry::take_highlight() {
   for (MenuEntry* other : parentWidget()->findChildren<MenuEntry*>()) other->set_highlighted(other == this);
+}
+
+void MenuEntry::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
+    event->ignore();
+  } else {
+    QAbstractButton::keyPressEvent(event);
+  }
 }
 
 void MenuEntry::enterEvent(QEnterEvent* event) {

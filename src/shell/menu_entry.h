@@ -18,6 +18,8 @@ class MenuEntry : public QAbstractButton {
   QSize sizeHint() const override;
 
  protected:
+  /// Up and Down belong to the menu, which goes round its entries.
+  void keyPressEvent(QKeyEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;

@@ -130,17 +130,17 @@ TEST_F(OpeningWindowTest, TheAppearanceHasItsKeyOnEveryPanel) {
 
 TEST_F(OpeningWindowTest, TheKeyboardReachesEverything) {
   EXPECT_TRUE(control<MenuEntry>(menu, "Label1")->hasFocus());
-  QTest::keyClick(&menu, Qt::Key_Down);
+  QTest::keyClick(menu.focusWidget(), Qt::Key_Down);
   EXPECT_TRUE(control<MenuEntry>(menu, "Label2")->hasFocus());
-  QTest::keyClick(&menu, Qt::Key_Up);
-  QTest::keyClick(&menu, Qt::Key_Up);
+  QTest::keyClick(menu.focusWidget(), Qt::Key_Up);
+  QTest::keyClick(menu.focusWidget(), Qt::Key_Up);
   EXPECT_TRUE(control<MenuEntry>(menu, "Label7")->hasFocus());
-  QTest::keyClick(&menu, Qt::Key_Down);
-  QTest::keyClick(&menu, Qt::Key_Return);
+  QTest::keyClick(menu.focusWidget(), Qt::Key_Down);
+  QTest::keyClick(menu.focusWidget(), Qt::Key_Return);
   EXPECT_TRUE(visible("Picture1_0"));
-  QTest::keyClick(&menu, Qt::Key_Escape);
+  QTest::keyClick(menu.focusWidget(), Qt::Key_Escape);
   EXPECT_TRUE(visible("Picture2"));
-  QTest::keyClick(&menu, Qt::Key_Escape);
+  QTest::keyClick(menu.focusWidget(), Qt::Key_Escape);
   EXPECT_TRUE(menu.isVisible());
 }
 
