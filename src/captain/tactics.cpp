@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <array>
+#include <cstddef>
 
 #include "captain/aicomp.h"
 #include "model/rounding.h"
@@ -11,34 +13,60 @@ namespace velorin {
 
 namespace {
 
-/// A batsman's standing in the innings.
-double form_of(int position) {
+/// Quotients that every ball asks for, divided once: n / divisor for whole numbers n.
+template <std::size_t Size>
+class quotients {
+ public:
+  constexpr explicit quotients(double divisor) : divisor_(divisor) {
+    for (std::size_t n = 0; n < Size; ++n) known_[n] = static_cast<double>(n) / divisor;
+  }
+  double of(int n) const {
+    const auto place = static_cast<std::size_t>(n);
+    return place < Size ? known_[place] : n / divisor_;
+  }
+
+ private:
+  double divisor_;
+  std::array<double, Size> known_{};
+};
+
+constexpr quotients<11> thirds(3);
+constexpr quotients<11> ninths(9);
+constexpr quotients<301> parts_of_75(75);
+constexpr quotients<301> parts_of_250(250);
+constexpr quotients<600> two_hundredths(200);
+
+/// Twice a batsman's standing in the innings, a whole number.
+int twice_form_of(int position) {
   const batting_card_rec& card = match.batting_card[position];
-  return 2.0 * card.runs + card.balls / 2.0 + 1;
+  return 4 * card.runs + card.balls + 2;
 }
 
-int clamp_aggression(double value) { return static_cast<int>(std::clamp(value, 1.0, 5.0)); }
+double form_of(int position) { return twice_form_of(position) / 2.0; }
+
+int clamp_aggression(double value) { return static_cast<int>(std::min(5.0, std::max(1.0, value))); }
 
 double batting_base() {
-  const double balls = match.innings_balls;
-  const double wickets = match.score_wickets;
+  const int balls = match.innings_balls;
+  const int in_hand = 10 - match.score_wickets;
   if (balls == 0) return 2;
   if (match.first_total == 0) {
-    return round_half_even((10 - wickets) / 3 - (6.0 * match.score_runs / balls) / 4 + balls / 75);
+    return round_half_even(thirds.of(in_hand) - (6.0 * match.score_runs / balls) / 4 + parts_of_75.of(balls));
   }
-  return round_half_even((10 - wickets) / 9 + match.first_innings_projection.number() / 3 - (300 - balls) / 250);
+  return round_half_even(ninths.of(in_hand) + match.first_innings_projection.number() / 3 -
+                         parts_of_250.of(300 - balls));
 }
 
-int batting_value(int position, double base) {
+int batting_value(int position, double base, double strike_rate, double strike_share) {
   const player_rec& man = match.batting_xi[position];
-  const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
   // His form adds something and his skill takes away 5 at the most: from such a base the value is 5 or more.
   if (base >= 11 && man.bat_skill > 0 && strike_rate >= 0) return 5;
   if (man.bat_skill == 0) {
     throw run_time_error(failure::division, "Division by zero: a batting skill of 0",
                          {.file = {}, .record = 0, .field = "bat_skill", .player = man.name});
   }
-  return clamp_aggression(round_half_even(base + form_of(position) / 100 - 5.0 / man.bat_skill + strike_rate / 100));
+  return clamp_aggression(
+      round_half_even(base + two_hundredths.of(twice_form_of(position)) - 5.0 / man.bat_skill + strike_share));
 }
 
 double bowling_base() {
@@ -136,8 +164,10 @@ bool fits(const bowler_pool_rec& man, const replacement_search& wanted) {
 
 void set_batting_aggression() {
   const double base = batting_base();
-  match.batsman_aggression[0] = batting_value(match.lower_batsman(), base);
-  match.batsman_aggression[1] = batting_value(match.higher_batsman(), base);
+  const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
+  const double strike_share = strike_rate / 100;
+  match.batsman_aggression[0] = batting_value(match.lower_batsman(), base, strike_rate, strike_share);
+  match.batsman_aggression[1] = batting_value(match.higher_batsman(), base, strike_rate, strike_share);
 }
 
 int pick_replacement(const replacement_search& wanted) {

@@ -14,15 +14,15 @@ namespace {
 
 double meter_of(int position) {
   const batting_card_rec& card = match.batting_card[position];
-  return std::min(915.0, 5 * (2.0 * card.runs + card.balls / 2.0));
+  // In halves, which are whole numbers: five times the sum of twice his runs and half his balls.
+  return std::min(2 * 915, 5 * (4 * card.runs + card.balls)) / 2.0;
 }
 
 /// The sum of the numeric symbols of an over.
 int over_runs(int over) {
   int sum = 0;
   for (int slot = 1; slot <= 6; ++slot) {
-    const int number = symbol_number(match.ball_log[over][slot]);
-    if (number > 0) sum += number;
+    sum += std::max(0, symbol_number(match.ball_log[over][slot]));
   }
   return sum;
 }

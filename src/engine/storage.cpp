@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/storage.h"
 
+#include <array>
+#include <cstddef>
+
 #include "database/elevens.h"
 #include "engine/algorithm.h"
 #include "model/random.h"
@@ -9,6 +12,11 @@
 namespace velorin {
 
 namespace {
+
+/// What a ball counts as on the batsman's card, by its runs off the bat. Five do not happen.
+constexpr std::array<integer batting_card_rec::*, 7> counters = {
+    &batting_card_rec::dots,  &batting_card_rec::singles, &batting_card_rec::twos, &batting_card_rec::threes,
+    &batting_card_rec::fours, &batting_card_rec::sixes,   &batting_card_rec::sixes};
 
 /// The keeper's name: of several the man of the highest position counts. nullptr without one.
 const std::string* keeper_name() {
@@ -42,31 +50,13 @@ void record_runs() {
   const int outcome = match.ball_outcome;
   if (outcome > six_runs) return;
   // After one or three runs the batsmen have changed ends already.
-  batting_card_rec& batsman = match.batting_card[outcome % 2 == 1 ? match.non_striker : match.striker];
+  const std::array<integer, 2> ends = {match.striker, match.non_striker};
+  batting_card_rec& batsman = match.batting_card[ends[static_cast<std::size_t>(outcome) & 1U]];
   batsman.balls += 1;
-  switch (outcome) {
-    case dot_ball:
-      batsman.dots += 1;
-      return;
-    case one_run:
-      batsman.singles += 1;
-      break;
-    case two_runs:
-      batsman.twos += 1;
-      break;
-    case three_runs:
-      batsman.threes += 1;
-      break;
-    case four_runs:
-      batsman.fours += 1;
-      break;
-    default:
-      batsman.sixes += 1;
-      break;
-  }
+  batsman.*counters[static_cast<std::size_t>(outcome)] += 1;
   batsman.runs += outcome;
   match.bowling_card[match.bowler].runs += outcome;
-  match.maiden_flag = false;
+  match.maiden_flag = match.maiden_flag && outcome == dot_ball;
 }
 
 void record_fall_of_wicket() {

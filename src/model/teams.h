@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -233,9 +234,9 @@ struct match_state : match_sides,
   /// Overs bowled in this innings, such as "49.5".
   std::string overs_text() const;
   /// The batsmen's slot of the striker: 0 if his is the lower position at the crease.
-  int striker_slot() const { return striker < non_striker ? 0 : 1; }
-  int lower_batsman() const { return striker < non_striker ? striker : non_striker; }
-  int higher_batsman() const { return striker < non_striker ? non_striker : striker; }
+  int striker_slot() const { return int(int(striker) >= int(non_striker)); }
+  int lower_batsman() const { return std::min(int(striker), int(non_striker)); }
+  int higher_batsman() const { return std::max(int(striker), int(non_striker)); }
 };
 
 extern match_state match;

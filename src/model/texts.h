@@ -27,6 +27,10 @@ bool is_numeric(std::string_view symbol);
 
 /// The number of a ball symbol, or -1 if it is none. Up to nine digits.
 inline int symbol_number(std::string_view symbol) {
+  if (symbol.size() == 1) {
+    const int digit = symbol[0] - '0';
+    return digit >= 0 && digit <= 9 ? digit : -1;
+  }
   if (symbol.empty()) return -1;
   int number = 0;
   for (const char c : symbol) {
