@@ -5,7 +5,9 @@ include(CheckIPOSupported)
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+  # Without this ccache takes no file that uses precompiled headers.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE_PROGRAM})
 endif()
 
 add_library(velorin_flags INTERFACE)
@@ -54,6 +56,16 @@ function(velorin_room name)
   endif()
 endfunction()
 
+# The headers that most tests include take as long as the tests themselves: they are compiled once, by a program of one
+# empty file, whose name is `name`. All further arguments are headers.
+function(velorin_test_headers name)
+  file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp "int main() {}\n")
+  add_executable(${name} ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  target_link_libraries(${name} PRIVATE velorin_flags velorin_model GTest::gmock)
+  target_precompile_headers(${name} PRIVATE ${ARGN})
+  target_compile_options(${name} PRIVATE -fpch-preprocess)
+endfunction()
+
 # velorin_test(NAME SOURCES file... USES room-or-library... LABELS label...): a GoogleTest program, each test case known
 # to ctest. Labels: "house" for the rules that the sources keep, "long" for cases that the sanitizers' run leaves out.
 function(velorin_test name)
@@ -62,6 +74,8 @@ function(velorin_test name)
   velorin_targets(uses ${TEST_USES})
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE velorin_flags ${uses} GTest::gmock GTest::gtest_main)
+  target_precompile_headers(${name} REUSE_FROM velorin_core_test_headers)
+  target_compile_options(${name} PRIVATE -fpch-preprocess)
   target_compile_definitions(${name} PRIVATE VELORIN_TEST_DATA="${CMAKE_SOURCE_DIR}/tests")
   set(properties TIMEOUT 600)
   if(TEST_LABELS)
@@ -77,6 +91,8 @@ function(velorin_window_test name)
   add_executable(${name} ${TEST_SOURCES})
   velorin_targets(uses ${TEST_USES})
   target_link_libraries(${name} PRIVATE velorin_window_support ${uses})
+  target_precompile_headers(${name} REUSE_FROM velorin_window_test_headers)
+  target_compile_options(${name} PRIVATE -fpch-preprocess)
   target_compile_definitions(${name} PRIVATE VELORIN_TEST_DATA="${CMAKE_SOURCE_DIR}/tests")
   set(properties TIMEOUT 600 ENVIRONMENT QT_QPA_PLATFORM=offscreen)
   if(TEST_LABELS)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <array>
 
 #include "captain/aicomp.h"
 #include "model/random.h"
@@ -31,7 +32,21 @@ int next_man(int first) {
   return best_middle != 0 ? best_middle : best_lower;
 }
 
-double pool_key(const bowler_pool_rec& man) { return (18.0 * man.econ_class + man.rating) / 2; }
+/// A man of the bowling side on his way into the pool.
+struct candidate {
+  double key;
+  double rating;
+  integer econ_class;
+  int position;
+};
+
+candidate candidate_at(int position, int offset) {
+  const player_rec& man = match.bowling_xi[position];
+  const double rating = static_cast<double>(man.bowl_sr) + offset;
+  // A rate beyond every figure is an overflow like any other.
+  const integer econ_class = static_cast<long>(std::clamp(round_half_even(static_cast<double>(man.econ)), -1e6, 1e6));
+  return {(18.0 * econ_class + rating) / 2, rating, econ_class, position};
+}
 
 /// Place in bowler_pool of the first man of `kind` whose position is not `other`, or 0.
 int first_of_kind(std::string_view kind, int other) {
@@ -81,19 +96,23 @@ void choose_next_batsman() {
 void choose_opening_bowlers() {
   reseed();
   const int offset = static_cast<int>(std::floor(21 * rnd() - 10));
+  // A stable sort by the key: what full bubble passes with a strict comparison give.
+  std::array<candidate, 12> order;
   for (int i = 1; i <= 11; ++i) {
-    const player_rec& man = match.bowling_xi[i];
+    const candidate next = candidate_at(i, offset);
+    int place = i;
+    for (; place > 1 && next.key < order[place - 1].key; --place) order[place] = order[place - 1];
+    order[place] = next;
+  }
+  for (int i = 1; i <= 11; ++i) {
+    const player_rec& man = match.bowling_xi[order[i].position];
     bowler_pool_rec& line = match.bowler_pool[i];
     line.name = man.name;
-    line.rating = static_cast<double>(man.bowl_sr) + offset;
-    line.position = i;
-    // A rate beyond every figure is an overflow like any other.
-    line.econ_class = static_cast<long>(std::clamp(round_half_even(static_cast<double>(man.econ)), -1e6, 1e6));
+    line.rating = order[i].rating;
+    line.position = order[i].position;
+    line.econ_class = order[i].econ_class;
     line.bowler_type = man.bowler_type;
   }
-  // A stable sort by the key: what full bubble passes with a strict comparison give.
-  std::stable_sort(match.bowler_pool.begin() + 1, match.bowler_pool.end(),
-                   [](const bowler_pool_rec& a, const bowler_pool_rec& b) { return pool_key(a) < pool_key(b); });
   match.bowler = opener(0, 1);
   match.next_bowler = opener(match.bowler, 2);
 }

@@ -36,6 +36,17 @@ constexpr quotients<301> parts_of_75(75);
 constexpr quotients<301> parts_of_250(250);
 constexpr quotients<600> two_hundredths(200);
 
+/// 5 / n for batting skills n.
+constexpr std::array<double, 128> fives = [] {
+  std::array<double, 128> known{};
+  for (std::size_t n = 1; n < known.size(); ++n) known[n] = 5.0 / static_cast<double>(n);
+  return known;
+}();
+double five_over(int n) {
+  const auto place = static_cast<std::size_t>(n);
+  return place < fives.size() ? fives[place] : 5.0 / n;
+}
+
 /// Twice a batsman's standing in the innings, a whole number.
 int twice_form_of(int position) {
   const batting_card_rec& card = match.batting_card[position];
@@ -50,7 +61,7 @@ double batting_base() {
   const int balls = match.innings_balls;
   const int in_hand = 10 - match.score_wickets;
   if (balls == 0) return 2;
-  if (match.first_total == 0) {
+  if (match.first_total == 0) [[likely]] {
     return round_half_even(thirds.of(in_hand) - (6.0 * match.score_runs / balls) / 4 + parts_of_75.of(balls));
   }
   return round_half_even(ninths.of(in_hand) + match.first_innings_projection.number() / 3 -
@@ -66,7 +77,7 @@ int batting_value(int position, double base, double strike_rate, double strike_s
                          {.file = {}, .record = 0, .field = "bat_skill", .player = man.name});
   }
   return clamp_aggression(
-      round_half_even(base + two_hundredths.of(twice_form_of(position)) - 5.0 / man.bat_skill + strike_share));
+      round_half_even(base + two_hundredths.of(twice_form_of(position)) - five_over(man.bat_skill) + strike_share));
 }
 
 double bowling_base() {

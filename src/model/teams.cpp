@@ -22,12 +22,9 @@ std::string projection_text::text() const {
   return "";
 }
 
-double projection_text::number() const {
-  if (what != kind::number) {
-    throw run_time_error(failure::type, "Type mismatch: the projected score \"" + text() + "\" is no number",
-                         {.file = {}, .record = 0, .field = "first_innings_projection", .player = {}});
-  }
-  return value;
+void projection_text::raise_no_number() const {
+  throw run_time_error(failure::type, "Type mismatch: the projected score \"" + text() + "\" is no number",
+                       {.file = {}, .record = 0, .field = "first_innings_projection", .player = {}});
 }
 
 std::vector<std::string> commentary_lines() {

@@ -156,7 +156,14 @@ struct projection_text {
   /// "", "-" (no over was completed) or the number.
   std::string text() const;
   /// The number. Raises run_time_error (type) where the text is none.
-  double number() const;
+  double number() const {
+    if (what != kind::number) [[unlikely]]
+      raise_no_number();
+    return value;
+  }
+
+ private:
+  [[noreturn]] void raise_no_number() const;
 };
 
 /// The man out last, for the console's label.

@@ -63,25 +63,25 @@ void select_team(int place, const std::vector<team_entry>& list, int index) {
 }  // namespace
 
 void sort_squad(squad& men) {
-  // The exchanges are made on places; what they compare is looked up once a man.
+  // An exchange by role leaves unequal roles, so that the skills decide only between equal ones: both exchanges of a
+  // step together sort by role and skill, and equals keep their order. The men are put in on places, the next one
+  // before those who stand lower.
   struct place {
     std::string_view role;
     int bat_skill;
     int from;
   };
   std::array<place, 21> order;
-  for (int i = 1; i <= 20; ++i) order[i] = {men[i].role(), men[i].bat_skill, i};
-  bool moved = false;
-  for (int a = 19; a >= 1; --a) {
-    for (int b = 1; b <= a; ++b) {
-      const int roles = order[b].role.compare(order[b + 1].role);
-      // An exchange by role leaves unequal roles, so that the skills decide only between equal ones.
-      if (roles > 0 || (roles == 0 && order[b].bat_skill >= order[b + 1].bat_skill)) continue;
-      std::swap(order[b], order[b + 1]);
-      moved = true;
+  for (int i = 1; i <= 20; ++i) {
+    const place next = {men[i].role(), men[i].bat_skill, i};
+    int b = i;
+    for (; b > 1; --b) {
+      const int roles = order[b - 1].role.compare(next.role);
+      if (roles > 0 || (roles == 0 && order[b - 1].bat_skill >= next.bat_skill)) break;
+      order[b] = order[b - 1];
     }
+    order[b] = next;
   }
-  if (!moved) return;
   squad sorted;
   for (int i = 1; i <= 20; ++i) sorted[i] = std::move(men[order[i].from]);
   men = std::move(sorted);
