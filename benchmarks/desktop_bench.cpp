@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Measures the desktop game on a copy of a database, without a screen: opening each window up to its first paint, an
-// over at the instant pace with every refresh, a match of two computer sides.
-//   velorin-desktop-times FOLDER-OF-THE-DATABASE
+// Measures the desktop game on a copy of the bundled database, without a screen: opening each window up to its first
+// paint, an over at the instant pace with every refresh, a match of two computer sides. All of it happens once, as a
+// user would come by it, and what was taken is told afterwards. VELORIN_TEAMS names the folder of the data files.
+#include <benchmark/benchmark.h>
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -30,7 +33,7 @@
 namespace velorin::testing {
 namespace {
 
-/// How long windows take from the press that asks for them to their first paint: the slowest opening of each.
+/// How long windows take from the press that asks for them to their first paint, in milliseconds, by name.
 class OpeningTimes {
  public:
   /// Something has been pressed that opens a window.
@@ -38,10 +41,9 @@ class OpeningTimes {
   /// The window is open: lets it paint and notes the time.
   void opened(const QWidget& window) {
     QApplication::processEvents();
-    double& kept = slowest[window.objectName().toStdString()];
-    kept = std::max(kept, static_cast<double>(clock_.nsecsElapsed()) / 1e6);
+    taken[window.objectName().toStdString()].push_back(static_cast<double>(clock_.nsecsElapsed()) / 1e6);
   }
-  std::map<std::string, double> slowest;
+  std::map<std::string, std::vector<double>> taken;
 
  private:
   QElapsedTimer clock_;
@@ -56,16 +58,6 @@ void fill_careers() {
   form.command1_click();
   world_cup = {};
 }
-
-struct Measured {
-  std::vector<double> overs;
-  double over() const {
-    std::vector<double> sorted = overs;
-    std::sort(sorted.begin(), sorted.end());
-    return sorted[sorted.size() / 2];
-  }
-  double worst() const { return *std::max_element(overs.begin(), overs.end()); }
-};
 
 /// An answer that notes the opening of its window first, and starts the clock for what it opens.
 template <class Request>
@@ -96,8 +88,9 @@ void open_everything(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& us
   }
 }
 
-Measured play_match(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& user) {
-  Measured measured;
+/// Returns the milliseconds of each over.
+std::vector<double> play_match(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& user) {
+  std::vector<double> overs;
   QElapsedTimer clock;
   user.robot.next("teamfrm", then_ask(times, [](QWidget& window) {
                     ClickingUser::choose_match(window, 0, 2, true, false);
@@ -146,12 +139,12 @@ Measured play_match(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& use
     // An over without a wicket, a milestone or the end of an innings: what counts is the over alone.
     if (window.isVisible() && user.robot.met().size() == requests) {
       window.repaint();
-      measured.overs.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
+      overs.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
     }
   });
   times.asked();
   menu::new_match(shown_by);
-  return measured;
+  return overs;
 }
 
 double unattended_match(QtFrontEnd& shown_by, bool without_stopping, ClickingUser& user) {
@@ -167,6 +160,19 @@ double unattended_match(QtFrontEnd& shown_by, bool without_stopping, ClickingUse
   return static_cast<double>(clock.nsecsElapsed()) / 1e6;
 }
 
+/// Tells times that have been taken as a benchmark of one iteration for each; "slowest" in milliseconds.
+void tell(const std::string& name, const std::vector<double>& taken) {
+  benchmark::RegisterBenchmark(name.c_str(),
+                               [taken](benchmark::State& state) {
+                                 auto next = taken.begin();
+                                 for (auto _ : state) state.SetIterationTime(*next++ / 1e3);
+                                 state.counters["slowest"] = *std::max_element(taken.begin(), taken.end());
+                               })
+      ->UseManualTime()
+      ->Unit(benchmark::kMillisecond)
+      ->Iterations(static_cast<benchmark::IterationCount>(taken.size()));
+}
+
 void measure() {
   OpeningTimes times;
   QtFrontEnd shown_by;
@@ -179,14 +185,10 @@ void measure() {
   chance.use_seed(7);
   ClickingUser user;
   open_everything(times, shown_by, user);
-  const Measured measured = play_match(times, shown_by, user);
-  std::printf("An over at the instant pace, refreshed and painted: median %.1f ms, slowest %.1f ms of %zu\n",
-              measured.over(), measured.worst(), measured.overs.size());
-  std::printf(
-      "A match of two computer sides from OK to the menu: %.1f ms with every stop pressed at once, %.1f ms without\n",
-      unattended_match(shown_by, false, user), unattended_match(shown_by, true, user));
-  std::printf("Opening a window up to its first paint, slowest of its openings (ms):\n");
-  for (const auto& [name, milliseconds] : times.slowest) std::printf("  %-16s %6.1f\n", name.c_str(), milliseconds);
+  tell("over_with_every_refresh", play_match(times, shown_by, user));
+  tell("unattended_match_with_stops", {unattended_match(shown_by, false, user)});
+  tell("unattended_match_without_stops", {unattended_match(shown_by, true, user)});
+  for (const auto& [name, taken] : times.taken) tell("open_window/" + name, taken);
   end_program(0);
 }
 
@@ -195,8 +197,11 @@ void measure() {
 
 int main(int argc, char** argv) {
   using namespace velorin;
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: velorin-desktop-times FOLDER-OF-THE-DATABASE\n");
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+  const char* bundled = std::getenv("VELORIN_TEAMS");
+  if (bundled == nullptr) {
+    std::fprintf(stderr, "velorin-desktop-bench: VELORIN_TEAMS names no folder of data files\n");
     return 2;
   }
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -209,10 +214,11 @@ int main(int argc, char** argv) {
   const std::filesystem::path teams = own.filePath(QStringLiteral("teams")).toStdString();
   std::filesystem::create_directory(teams);
   for (const char* name : {"world.team", "world.grd", "options.mc"}) {
-    std::filesystem::copy_file(std::filesystem::path(argv[1]) / name, teams / name);
+    std::filesystem::copy_file(std::filesystem::path(bundled) / name, teams / name);
   }
   files = database_paths(teams, "world");
   velorin::testing::fill_careers();
   velorin::testing::measure();
+  benchmark::RunSpecifiedBenchmarks();
   return ::testing::UnitTest::GetInstance()->Failed() ? 1 : 0;
 }
