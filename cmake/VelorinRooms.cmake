@@ -21,7 +21,7 @@ if(VELORIN_SANITIZE)
     -fsanitize=${VELORIN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(velorin_flags INTERFACE -fsanitize=${VELORIN_SANITIZE})
   # The checks woven in make the compiler see paths that are none.
-  target_compile_options(velorin_flags INTERFACE -Wno-maybe-uninitialized)
+  target_compile_options(velorin_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT VELORIN_SANITIZE)

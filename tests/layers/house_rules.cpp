@@ -255,7 +255,7 @@ std::vector<std::string> check_licence_lines(const fs::path& root) {
   static const std::string words = "SPDX-License-Identifier: GPL-3.0-or-later";
   std::vector<std::string> breaches;
   for (const auto& file :
-       gather_all(root, {".ci", "CMakeLists.txt", "benchmarks", "cmake", "data", "scripts", "src", "tests"})) {
+       gather_all(root, {".ci", "CMakeLists.txt", "benchmarks", "cmake", "data", "fuzz", "scripts", "src", "tests"})) {
     const bool script = !file.lines.empty() && file.lines[0].starts_with("#!");
     const bool build = file.path.ends_with("CMakeLists.txt") || file.path.ends_with(".cmake");
     if (!is_code(file) && !build && !script) continue;
@@ -274,7 +274,7 @@ std::vector<std::string> check_words(const fs::path& root) {
   std::vector<std::string> breaches;
   for (const auto& file :
        gather_all(root, {".ci", "CHANGELOG.md", "CMakeLists.txt", "CMakePresets.json", "README.md", "benchmarks",
-                         "cmake", "data", "docs", "packaging", "scripts", "src", "tests"})) {
+                         "cmake", "data", "docs", "fuzz", "packaging", "scripts", "src", "tests"})) {
     for (std::size_t i = 0; i < file.lines.size(); ++i) {
       const std::string& line = file.lines[i];
       if (has_word(line, document)) breaches.push_back(breach(file, i, "names the " + document));

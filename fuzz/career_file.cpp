@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The career file. The input: a byte that chooses who looks at it, or who changes it; then the file, folded.
+#include "browsers/allrecs.h"
+#include "browsers/centurytop.h"
+#include "browsers/sqdet.h"
+#include "browsers/teamdet.h"
+#include "database/configuration.h"
+#include "database/records.h"
+#include "database/saveavgs.h"
+#include "database/slots.h"
+#include "database/world.h"
+#include "finished_match.h"
+#include "shown_texts.h"
+#include "slots_of.h"
+#include "support.h"
+
+namespace velorin::fuzz {
+namespace {
+
+constexpr std::size_t most_slots = 24;
+
+std::string records;  ///< the file of records that goes with the careers
+
+void require_same(const career_table& a, const career_table& b) {
+  require(a.career_team_count == b.career_team_count, "as many teams are read as were written");
+  for (int t = 1; t <= a.career_team_count; ++t) {
+    require(encoded(a.teams[t]) == encoded(b.teams[t]), "careers are read as they were written");
+  }
+}
+
+/// Writes careers into an empty file.
+void write_and_read_again(const career_table& careers) {
+  write_bytes(files.rec, {});
+  write_career_table(careers);
+  require_same(read_career_table(), careers);
+}
+
+void look_at_profiles(const career_table& careers) {
+  sqdet form;
+  form.open();
+  for (int t = 0; t < careers.career_team_count; ++t) {
+    form.choose_team(t);
+    if (form.combo2.empty()) continue;
+    form.choose_player(static_cast<int>(form.combo2.size()) - 1);
+    for (const auto* block : {&form.batting, &form.bowling, &form.fielding}) require_shown(*block);
+  }
+}
+
+/// Looks with the records of a match.
+void look_at_teams() {
+  write_bytes(files.ptr, records);
+  teamdet form;
+  form.open();
+  for (std::size_t t = 0; t < form.combo1.size(); ++t) {
+    form.choose_team(static_cast<int>(t));
+    require_shown(form.world_ranking.text);
+  }
+  std::filesystem::remove(files.ptr);
+}
+
+void look(int choice, const career_table& careers) {
+  allrecs list;
+  if (choice >= 1 && choice <= 9) {
+    list.open(choice, careers.teams[1].team_name);
+    require_shown(list.table);
+  } else if (choice == 10) {
+    centurytop centuries;
+    centuries.open();
+    require_shown(centuries.table);
+  } else if (choice == 11) {
+    look_at_profiles(careers);
+  } else if (choice == 12) {
+    look_at_teams();
+  } else if (choice == 13) {
+    dump_database(files, scratch() / "dump");
+  }
+}
+
+/// Adds a match: done, or refused with the file as it was. Done, it can be read and looked at again.
+void update(bool faultless) {
+  const std::string before = bytes_of(files.rec);
+  stage_finished_match();
+  if (!done("base.rec", update_career)) {
+    require(bytes_of(files.rec) == before, "a refused update leaves the file");
+    return;
+  }
+  read_career_table();
+  if (faultless) require(check_database(files).empty(), "an update leaves no fault");
+}
+
+void take(std::string_view input) {
+  fresh_state();
+  const int choice = input.empty() ? 0 : input.front() & 31;
+  if (!input.empty()) input.remove_prefix(1);
+  write_bytes(files.rec, unfolded(input, career_slot, most_slots));
+  career_table careers;
+  bool faultless = false;
+  {
+    const unchanged rec(files.rec);
+    faultless = check_database(files).empty();
+    const bool read = done("base.rec", [&] { careers = read_career_table(); });
+    require(read || !faultless, "what cannot be read is a fault");
+    if (read) look(choice, careers);
+  }
+  if (choice >= 24) {
+    update(faultless);
+  } else if (choice >= 16) {
+    write_and_read_again(careers);
+  }
+}
+
+void prepare() {
+  lay_out_database();
+  records = bytes_of(files.ptr);
+  shrink_database();
+}
+
+}  // namespace
+}  // namespace velorin::fuzz
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  velorin::fuzz::prepare();
+  return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
+  return 0;
+}

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The two elevens. The input: both files one behind the other, eleven slots each, folded.
+#include "database/elevens.h"
+
+#include "database/configuration.h"
+#include "database/slots.h"
+#include "model/teams.h"
+#include "slots_of.h"
+#include "support.h"
+
+namespace velorin::fuzz {
+namespace {
+
+constexpr std::size_t first_size = 11 * eleven_slot;
+
+std::string encoded_men(const eleven& men) {
+  std::string bytes;
+  for (int i = 1; i <= 11; ++i) bytes += encoded(men[i]);
+  return bytes;
+}
+
+void require_elevens(const std::string& batting, const std::string& bowling) {
+  match.batting_xi = match.bowling_xi = eleven();
+  read_elevens();
+  require(encoded_men(match.batting_xi) == batting, "the first eleven is read as it was written");
+  require(encoded_men(match.bowling_xi) == bowling, "the second eleven is read as it was written");
+}
+
+/// Writes both elevens, reads them, exchanges them and reads them again.
+void go_round() {
+  const eleven batting = match.batting_xi;
+  const eleven bowling = match.bowling_xi;
+  write_eleven(side::first, batting);
+  write_eleven(side::second, bowling);
+  require_elevens(encoded_men(batting), encoded_men(bowling));
+  swap_elevens();
+  require_elevens(encoded_men(bowling), encoded_men(batting));
+}
+
+void take(std::string_view input) {
+  fresh_state();
+  const std::filesystem::path first = files.folder / "team1r.txt";
+  const std::filesystem::path second = files.folder / "team2r.txt";
+  const std::string both = unfolded(input, eleven_slot, 22);
+  write_bytes(first, std::string_view(both).substr(0, first_size));
+  write_bytes(second, both.size() > first_size ? std::string_view(both).substr(first_size) : std::string_view());
+  {
+    const unchanged first_file(first);
+    const unchanged second_file(second);
+    try {
+      read_elevens();
+    } catch (const run_time_error& error) {
+      const std::string& named = error.place().file;
+      require(named == "team1r.txt" || named == "team2r.txt", "the error is of a file of the elevens", error.what());
+      require(error.place().record >= 1 && error.place().record <= 11, "the error tells the record", error.what());
+      require_named(error, named);
+      return;
+    }
+  }
+  go_round();
+  files.elevens_in_memory = true;
+  go_round();
+}
+
+}  // namespace
+}  // namespace velorin::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
+  return 0;
+}

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "finished_match.h"
+
+#include <optional>
+
+#include "database/configuration.h"
+#include "database/saveavgs.h"
+#include "database/teams_file.h"
+#include "database/world.h"
+#include "headless/headless_user.h"
+#include "model/teams.h"
+#include "setup/teamfrm.h"
+#include "support.h"
+
+namespace velorin::fuzz {
+
+namespace {
+
+std::optional<match_state> finished;
+
+/// Keeps the match as it is when its last scorecard opens.
+class match_keeper : public headless_user {
+ public:
+  void open(report which) override {
+    if (which == report::scorecard) finished = match;
+  }
+};
+
+}  // namespace
+
+void lay_out_database() {
+  fresh_state();
+  build_database(small_tables(), files.team, files.grd);
+  files.elevens_in_memory = true;
+  files.updates = false;
+  match_keeper keeper;
+  const front_end_scope scope(keeper);
+  teamfrm form;
+  form.open();
+  form.command1_click();
+  fresh_state();
+  stage_finished_match();
+  update_career();
+  update_records();
+  fresh_state();
+}
+
+void shrink_database() {
+  std::string players = "team,name,bat_skill,bowl_sr,econ,keeper,hand,role,bowler_type\n";
+  for (int t = 0; t < 3; ++t) players += read_team_list()[t].team_name + ",A.Man,30,40,5,no,RH ,Opener,spinner\n";
+  write_bytes(scratch() / "players.csv", players);
+  write_bytes(scratch() / "grounds.csv",
+              "country,ground,pitch_bounce,pitch_surface,start_time\nNeutral,Harbour Park,3,2,1030\n");
+  build_database(scratch(), files.team, files.grd);
+  std::filesystem::remove(files.rec);
+  std::filesystem::remove(files.ptr);
+  fresh_state();
+}
+
+void stage_finished_match() {
+  require(finished.has_value(), "the database is laid out");
+  match = *finished;
+}
+
+}  // namespace velorin::fuzz

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The file of record lists and team table. The input: a byte that chooses who looks at it, or who changes it; then the
+// file, folded.
+#include "browsers/record_tables.h"
+#include "browsers/teamdet.h"
+#include "browsers/wldrank.h"
+#include "database/configuration.h"
+#include "database/records.h"
+#include "database/saveavgs.h"
+#include "database/slots.h"
+#include "database/world.h"
+#include "finished_match.h"
+#include "shown_texts.h"
+#include "slots_of.h"
+#include "support.h"
+
+namespace velorin::fuzz {
+namespace {
+
+constexpr std::size_t most_slots = team_table_record + 26 * team_table_fields;
+
+template <typename Line, std::size_t n>
+void require_same(const std::array<Line, n>& a, const std::array<Line, n>& b) {
+  for (std::size_t i = 1; i < n; ++i) require(encoded(a[i]) == encoded(b[i]), "lists are read as they were written");
+}
+
+std::string encoded_row(const team_table& team) {
+  std::string bytes;
+  visit_fields(team, [&](table_value, const char*, const tagged& value) { bytes += encoded_field(value); });
+  return bytes;
+}
+
+void require_same(const record_lists& a, const record_lists& b) {
+  require_same(a.top_scores, b.top_scores);
+  require_same(a.top_bowling, b.top_bowling);
+  require_same(a.highest_totals, b.highest_totals);
+  require_same(a.lowest_totals, b.lowest_totals);
+  require_same(a.partnerships, b.partnerships);
+  require(a.table_team_count == b.table_team_count, "as many teams are read as were written");
+  for (int t = 1; t <= a.table_team_count; ++t) {
+    require(encoded_row(a.teams[t]) == encoded_row(b.teams[t]), "the table is read as it was written");
+  }
+}
+
+/// Writes lists into an empty file.
+void write_and_read_again(const record_lists& lists) {
+  write_bytes(files.ptr, {});
+  write_record_lists(lists);
+  require_same(read_record_lists(), lists);
+}
+
+template <typename Form>
+void look_at(Form form, auto... mode) {
+  form.open(mode...);
+  require_shown(form.table);
+}
+
+void look_at_teams() {
+  teamdet form;
+  form.open();
+  for (std::size_t t = 0; t < form.combo1.size(); ++t) {
+    form.choose_team(static_cast<int>(t));
+    for (const auto& column : form.results) {
+      for (const std::string& text : column.texts) require_shown(text);
+    }
+  }
+}
+
+void look(int choice) {
+  switch (choice) {
+    case 0:
+      return look_at(highinduv(), 1);
+    case 1:
+      return look_at(highinduv(), 0);
+    case 2:
+      return look_at(totrecords(), 1);
+    case 3:
+      return look_at(totrecords(), 0);
+    case 4:
+      return look_at(partnrec());
+    case 5:
+      done("base.ptr", [] { look_at(wldrank()); });
+      return;
+    case 6:
+      done("base.ptr", look_at_teams);
+      return;
+    case 7:
+      return dump_database(files, scratch() / "dump");
+    default:
+      return;
+  }
+}
+
+/// Adds a match: done, or refused with the file as it was. Done, it can be read again.
+void update(bool faultless) {
+  const std::string before = bytes_of(files.ptr);
+  stage_finished_match();
+  if (!done("base.ptr", update_records)) {
+    require(bytes_of(files.ptr) == before, "a refused update leaves the file");
+    return;
+  }
+  read_record_lists();
+  if (faultless) require(check_database(files).empty(), "an update leaves no fault");
+}
+
+void take(std::string_view input) {
+  fresh_state();
+  const int choice = input.empty() ? 0 : input.front() & 15;
+  if (!input.empty()) input.remove_prefix(1);
+  write_bytes(files.ptr, unfolded(input, records_slot, most_slots));
+  record_lists lists;
+  bool faultless = false;
+  {
+    const unchanged ptr(files.ptr);
+    faultless = check_database(files).empty();
+    const bool read = done("base.ptr", [&] { lists = read_record_lists(); });
+    require(read || !faultless, "what cannot be read is a fault");
+    if (read) look(choice);
+  }
+  if (choice >= 12) {
+    update(faultless);
+  } else if (choice >= 8) {
+    write_and_read_again(lists);
+  }
+}
+
+}  // namespace
+}  // namespace velorin::fuzz
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  velorin::fuzz::lay_out_database();
+  velorin::fuzz::shrink_database();
+  return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
+  return 0;
+}

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "competitions/series1.h"
+#include "competitions/series2.h"
+#include "competitions/world_cup.h"
+#include "database/configuration.h"
+#include "database/teams_file.h"
+#include "database/whole_file.h"
+#include "model/random.h"
+#include "model/teams.h"
+
+namespace velorin::fuzz {
+
+namespace {
+
+/// A folder that is gone with the object.
+struct scratch_folder {
+  std::filesystem::path path = std::filesystem::temp_directory_path() / ("velorin-fuzz-" + std::to_string(::getpid()));
+
+  scratch_folder() { std::filesystem::create_directories(path); }
+  ~scratch_folder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+  }
+  scratch_folder(const scratch_folder&) = delete;
+  scratch_folder& operator=(const scratch_folder&) = delete;
+};
+
+}  // namespace
+
+const std::filesystem::path& scratch() {
+  static const scratch_folder folder;
+  return folder.path;
+}
+
+void fresh_state() {
+  match = match_state();
+  series = series_record();
+  tri = tri_record();
+  world_cup = world_cup_record();
+  settings = configuration();
+  files = database_paths(scratch(), "base");
+  forget_teams_and_grounds();
+  chance.use_seed(1);
+}
+
+std::filesystem::path small_tables() { return VELORIN_FUZZ_TABLES; }
+
+void write_bytes(const std::filesystem::path& file, std::string_view bytes) {
+  const int opened = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  const bool written = opened >= 0 && ::write(opened, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
+  if (opened >= 0) ::close(opened);
+  require(written, "the scratch folder takes files");
+}
+
+std::string bytes_of(const std::filesystem::path& file) {
+  const auto bytes = read_file(file);
+  require(bytes.has_value(), "the file is there", file.native());
+  return *bytes;
+}
+
+void require(bool kept, std::string_view promise, std::string_view shown) {
+  if (kept) return;
+  std::fprintf(stderr, "Broken promise: %.*s\n", static_cast<int>(promise.size()), promise.data());
+  if (!shown.empty()) std::fprintf(stderr, "  %.*s\n", static_cast<int>(shown.size()), shown.data());
+  std::abort();
+}
+
+void require_named(const run_time_error& error, std::string_view file) {
+  const std::string text = error.what();
+  require(text.find(file) != std::string::npos, "an error names the file", text);
+}
+
+unchanged::unchanged(std::filesystem::path file) : file_(std::move(file)), bytes_(bytes_of(file_)) {}
+
+unchanged::~unchanged() { require(bytes_of(file_) == bytes_, "the file stays as it was", file_.native()); }
+
+}  // namespace velorin::fuzz

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The tables of a database. The input: players.csv, a line "====", grounds.csv; without that line the grounds are one
+// neutral ground.
+#include "database/configuration.h"
+#include "database/world.h"
+#include "support.h"
+
+namespace velorin::fuzz {
+namespace {
+
+constexpr std::string_view divider = "====\n";
+constexpr std::string_view one_ground =
+    "country,ground,pitch_bounce,pitch_surface,start_time\r\nNeutral,Harbour Park,3,2,1030\r\n";
+
+/// True if the database was built. A refusal names one of the two tables.
+bool build(const std::filesystem::path& source) {
+  try {
+    build_database(source, files.team, files.grd);
+    return true;
+  } catch (const run_time_error& error) {
+    const std::string& named = error.place().file;
+    require(named == "players.csv" || named == "grounds.csv", "the error is of a table", error.what());
+    require_named(error, named);
+    return false;
+  }
+}
+
+void take(std::string_view input) {
+  fresh_state();
+  std::filesystem::remove(files.team);
+  std::filesystem::remove(files.grd);
+  const std::filesystem::path source = scratch() / "source";
+  const std::size_t end = input.find(divider);
+  write_bytes(source / "players.csv", input.substr(0, end));
+  write_bytes(source / "grounds.csv", end == std::string_view::npos ? one_ground : input.substr(end + divider.size()));
+  const unchanged players(source / "players.csv");
+  const unchanged grounds(source / "grounds.csv");
+  if (!build(source)) {
+    require(!std::filesystem::exists(files.team) && !std::filesystem::exists(files.grd), "a refusal leaves no file");
+    return;
+  }
+  const std::vector<database_fault> faults = check_database(files);
+  require(faults.empty(), "what is built has no fault", faults.empty() ? std::string() : faults.front().what);
+  const std::string team = bytes_of(files.team);
+  const std::string grd = bytes_of(files.grd);
+  dump_database(files, scratch() / "dump");
+  require(build(scratch() / "dump"), "what is dumped can be built");
+  require(bytes_of(files.team) == team && bytes_of(files.grd) == grd, "the same bytes are built again");
+}
+
+}  // namespace
+}  // namespace velorin::fuzz
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  std::filesystem::create_directory(velorin::fuzz::scratch() / "source");
+  return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
+  return 0;
+}

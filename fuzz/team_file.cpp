@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The team file. The input: a byte that chooses what happens to the file once it is read, then the file, folded.
+#include <vector>
+
+#include "database/configuration.h"
+#include "database/slots.h"
+#include "database/teams_file.h"
+#include "database/world.h"
+#include "finished_match.h"
+#include "headless/headless_user.h"
+#include "setup/teamfrm.h"
+#include "slots_of.h"
+#include "support.h"
+
+namespace velorin::fuzz {
+namespace {
+
+constexpr std::size_t most_slots = 24;
+
+std::vector<std::string> encoded_teams(const std::vector<team_rec>& teams) {
+  std::vector<std::string> slots;
+  for (const team_rec& team : teams) slots.push_back(encoded(team));
+  return slots;
+}
+
+/// Teams written into a new file are read from it again.
+void write_and_read_again(const std::vector<std::string>& slots) {
+  slot_file written({}, team_slot, "again.team");
+  written.put(1, encoded_field(integer(slots.size())), {});
+  for (std::size_t i = 0; i < slots.size(); ++i) written.put(static_cast<long>(i) + 2, slots[i], {});
+  const auto teams = written.counted_records<team_rec>("team_count", team_limit);
+  require(encoded_teams(teams) == slots, "teams are read as they were written");
+}
+
+/// True if a free place of a squad holds something. That is no fault, but a table may not be able to keep it.
+bool has_left_overs() {
+  for (const team_rec& team : read_team_list()) {
+    for (int place = 1; place <= player_limit; ++place) {
+      const player_rec& man = team.squad[place];
+      if (man.name.empty() && encoded(man) != encoded(player_rec())) return true;
+    }
+  }
+  return false;
+}
+
+/// A file without a fault is dumped and built again without loss.
+void dump_and_build_again(const std::vector<std::string>& slots) {
+  const bool dumped = done("base.team", [] { dump_database(files, scratch() / "dump"); });
+  require(dumped || has_left_overs(), "a file without a fault can be dumped");
+  if (!dumped) return;
+  build_database(scratch() / "dump", scratch() / "again.team", scratch() / "again.grd");
+  files.team = scratch() / "again.team";
+  require(encoded_teams(read_team_list()) == slots, "teams are built as they were dumped");
+}
+
+/// A match of the first two teams: it is played, or refused as what it is.
+void play() {
+  files.elevens_in_memory = true;
+  files.updates = false;
+  headless_user user;
+  const front_end_scope scope(user);
+  try {
+    teamfrm form;
+    form.open();
+    if (form.combo1.size() < 2) return;
+    form.choose_first_team(0);
+    form.choose_second_team(1);
+    form.command1_click();
+  } catch (const run_time_error& error) {
+    require(*error.what() != '\0', "an error says something");
+  }
+}
+
+void take(std::string_view input) {
+  fresh_state();
+  const int choice = input.empty() ? 0 : input.front() & 3;
+  if (!input.empty()) input.remove_prefix(1);
+  write_bytes(files.team, unfolded(input, team_slot, most_slots));
+  std::vector<std::string> slots;
+  bool faultless = false;
+  {
+    const unchanged team(files.team);
+    faultless = check_database(files).empty();
+    const bool read = done("base.team", [&] { slots = encoded_teams(read_team_list()); });
+    require(read || !faultless, "what cannot be read is a fault");
+    const bool one_read = done("base.team", [] { read_team(2); });
+    require(one_read || !read || slots.empty(), "what is read with all others is read alone");
+    const bool whole = done("base.team", require_whole_database);
+    require(whole || !faultless, "a file cut short is a fault");
+    if (!read) return;
+    if (choice == 0) write_and_read_again(slots);
+    if (choice == 1) play();
+    if (choice == 2 && !faultless) done("base.team", [] { dump_database(files, scratch() / "dump"); });
+  }
+  if (choice == 2 && faultless) dump_and_build_again(slots);
+}
+
+}  // namespace
+}  // namespace velorin::fuzz
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  velorin::fuzz::lay_out_database();
+  velorin::fuzz::shrink_database();
+  return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
+  return 0;
+}
