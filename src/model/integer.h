@@ -9,6 +9,7 @@ namespace velorin {
 namespace detail {
 /// Raises the run_time_error of an overflow; kept out of line so that the checks stay small.
 [[noreturn]] void raise_integer_overflow(long long value);
+[[noreturn]] void raise_integer_overflow(unsigned long long value);
 }  // namespace detail
 
 /// A match figure: a signed 16-bit whole number, -32768 to 32767, that starts at 0.
@@ -18,7 +19,14 @@ class integer {
   constexpr integer() = default;
 
   template <std::integral T>
-  constexpr integer(T value) : value_(checked(static_cast<long long>(value))) {}  // NOLINT(google-explicit-constructor)
+  constexpr integer(T value) {  // NOLINT(google-explicit-constructor)
+    if constexpr (std::same_as<T, unsigned long> || std::same_as<T, unsigned long long>) {
+      if (value > 0x7FFF) [[unlikely]] {
+        detail::raise_integer_overflow(static_cast<unsigned long long>(value));
+      }
+    }
+    value_ = checked(static_cast<long long>(value));
+  }
 
   template <std::floating_point T>
   integer(T) = delete;

@@ -32,4 +32,8 @@ void detail::raise_integer_overflow(long long value) {
   throw run_time_error(failure::overflow, fmt::format("Overflow: {} does not fit a 16-bit figure", value));
 }
 
+void detail::raise_integer_overflow(unsigned long long value) {
+  throw run_time_error(failure::overflow, fmt::format("Overflow: {} does not fit a 16-bit figure", value));
+}
+
 }  // namespace velorin

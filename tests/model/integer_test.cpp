@@ -53,6 +53,15 @@ TEST(Integer, RefusesWideValuesThatWouldFitIfCutTo16Bits) {
   expect_overflow([] { return integer(std::uint16_t{65535}); }, "Overflow: 65535 does not fit a 16-bit figure");
 }
 
+TEST(Integer, RefusesValuesThatNoSignedTypeHolds) {
+  expect_overflow([] { return integer(std::uint64_t{18446744073709551615U}); },
+                  "Overflow: 18446744073709551615 does not fit a 16-bit figure");
+  expect_overflow([] { return integer(std::uint64_t{9223372036854775808U}); },
+                  "Overflow: 9223372036854775808 does not fit a 16-bit figure");
+  expect_overflow([] { return integer(std::size_t{18446744073709518848U}); },
+                  "Overflow: 18446744073709518848 does not fit a 16-bit figure");
+}
+
 TEST(Integer, AnOverflowNamesNoPlace) {
   try {
     integer(40000);
