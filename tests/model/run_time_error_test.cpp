@@ -34,6 +34,12 @@ TEST(RunTimeError, NamesTheWholePlaceFromTheFileInwards) {
   EXPECT_EQ(text_of(place_of("world.grd", 0, "", "Old Mill")), "It broke (file world.grd, at \"Old Mill\")");
 }
 
+TEST(RunTimeError, IsOneLineWhateverItNames) {
+  using namespace std::string_literals;
+  const run_time_error error(failure::type, "\"1\0\n2\" is no number"s, place_of("a\r.csv", 0, "econ", "A\x1B[2J"));
+  EXPECT_STREQ(error.what(), "\"1  2\" is no number (file a .csv, field econ, at \"A [2J\")");
+}
+
 TEST(RunTimeError, KeepsThePlaceForItsReaders) {
   const run_time_error error(failure::subscript, "A 21st team", place_of("world.rec", 21, "team_name", "Norvale"));
   EXPECT_EQ(error.kind(), failure::subscript);
