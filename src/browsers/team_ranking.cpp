@@ -2,6 +2,7 @@
 #include "browsers/team_ranking.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "database/configuration.h"
 #include "database/whole_file.h"
@@ -10,9 +11,20 @@
 
 namespace velorin {
 
+namespace {
+
+/// A figure worked out from the table, whose numbers may have any size. Raises run_time_error (overflow).
+double fitting(double figure) {
+  if (std::isfinite(figure)) return figure;
+  throw run_time_error(failure::overflow, "Overflow: the results of a team do not fit a Double",
+                       {.file = file_name_text(files.ptr), .record = 0, .field = {}, .player = {}});
+}
+
+}  // namespace
+
 std::optional<double> team_results::success() const {
-  if (played() == 0) return std::nullopt;
-  return round_to(won * 100 / played(), 2);
+  if (fitting(played()) == 0) return std::nullopt;
+  return fitting(round_to(won * 100 / played(), 2));
 }
 
 team_results home_results(const team_table& team) {

@@ -18,7 +18,8 @@ struct team_results {
   double tied = 0;
 
   double played() const { return won + lost + tied; }
-  /// Matches won out of 100, to two decimals; ties earn nothing. Nothing before the first match.
+  /// Matches won out of 100, to two decimals; ties earn nothing. Nothing before the first match. Raises run_time_error
+  /// (overflow) for numbers too large to add up.
   std::optional<double> success() const;
 };
 
@@ -31,8 +32,8 @@ struct ranked_team {
   double success = 0;
 };
 
-/// All teams of the table by success, best first; equal ones in the order of the table. Raises run_time_error
-/// (division) for a team without a match.
+/// All teams of the table by success, best first; equal ones in the order of the table. Raises run_time_error: a team
+/// without a match (division), numbers too large to add up (overflow).
 std::vector<ranked_team> rank_teams(const record_lists& lists);
 
 }  // namespace velorin

@@ -40,10 +40,10 @@ struct teamdet {
   std::array<std::string, 4> men_of_records;  ///< whom each of `individual` names, "" for none
   bool closed = false;
 
-  /// Lists the teams, with none chosen. Reads record lists and careers. Raises run_time_error: a team without a match
-  /// (division), whatever reading them raises.
+  /// Lists the teams, with none chosen. Reads record lists and careers. Raises run_time_error: what ranking the teams
+  /// raises, whatever reading them raises.
   void open();
-  /// An item chosen by the user: shows that team.
+  /// An item chosen by the user: shows that team. Raises run_time_error (overflow) for results too large to add up.
   void choose_team(int index);
 
   void command1_click() { closed = true; }

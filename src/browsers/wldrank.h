@@ -7,8 +7,8 @@ namespace velorin {
 
 /// The ranking of all teams. It has ten rows.
 struct wldrank : table_form {
-  /// Fills the table. Reads the record lists. Raises run_time_error: an eleventh team (subscript), a team without a
-  /// match (division), whatever read_record_lists raises.
+  /// Fills the table. Reads the record lists. Raises run_time_error: an eleventh team (subscript), what ranking the
+  /// teams raises, whatever read_record_lists raises.
   void open();
 };
 

@@ -106,6 +106,35 @@ TEST_F(TeamRecords, ATeamWithoutAMatchHasNoSuccess) {
   EXPECT_EQ(failure_of([&] { form.open(); }), failure::division);
 }
 
+TEST_F(TeamRecords, ResultsBeyondADoubleAreRefused) {
+  write();
+  std::filesystem::copy_file(
+      std::filesystem::path(VELORIN_TEST_DATA) / "data" / "broken" / "BrokenResultsBeyondDouble.ptr", files.ptr,
+      std::filesystem::copy_options::overwrite_existing);
+  wldrank ranks;
+  EXPECT_EQ(failure_of([&] { ranks.open(); }), failure::overflow);
+  teamdet form;
+  EXPECT_EQ(failure_of([&] { form.open(); }), failure::overflow);
+}
+
+TEST_F(TeamRecords, ResultsBeyondADoubleAtHomeAloneAreRefusedWithTheTeam) {
+  team_table& team = add_team("Alba", {}, {});
+  team.home_won = team.home_tied = {1.7e308};
+  team.away_won = team.away_tied = {-1.7e308};
+  team.away_lost = {1.0};
+  write();
+  teamdet form;
+  form.open();
+  EXPECT_EQ(failure_of([&] { form.choose_team(0); }), failure::overflow);
+}
+
+TEST_F(TeamRecords, ASuccessBeyondADoubleIsRefused) {
+  add_team("Alba", {}, {}).home_won = {1e307};
+  write();
+  wldrank ranks;
+  EXPECT_EQ(failure_of([&] { ranks.open(); }), failure::overflow);
+}
+
 TEST_F(TeamRecords, CountersOfAnyTagCount) {
   team_table& team = add_team("Alba", {}, {});
   team.home_won = {integer(2)};
