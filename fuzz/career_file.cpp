@@ -10,6 +10,7 @@
 #include "database/slots.h"
 #include "database/world.h"
 #include "finished_match.h"
+#include "model/code_page.h"
 #include "shown_texts.h"
 #include "slots_of.h"
 #include "support.h"
@@ -73,15 +74,19 @@ void look(int choice, const career_table& careers) {
     look_at_teams();
   } else if (choice == 13) {
     dump_database(files, scratch() / "dump");
+  } else if (choice == 14) {
+    require_report({"list", "averages"});
+  } else if (choice == 15) {
+    require_report({"player", "--team", to_utf8(careers.teams[1].team_name), "--name",
+                    to_utf8(careers.teams[1].players[1].name), "--json"});
   }
 }
 
 /// Adds a match: done, or refused with the file as it was. Done, it can be read and looked at again.
-void update(bool faultless) {
-  const std::string before = bytes_of(files.rec);
+void update(std::string_view before, bool faultless) {
   stage_finished_match();
   if (!done("base.rec", update_career)) {
-    require(bytes_of(files.rec) == before, "a refused update leaves the file");
+    require_bytes(files.rec, before);
     return;
   }
   read_career_table();
@@ -92,18 +97,18 @@ void take(std::string_view input) {
   fresh_state();
   const int choice = input.empty() ? 0 : input.front() & 31;
   if (!input.empty()) input.remove_prefix(1);
-  write_bytes(files.rec, unfolded(input, career_slot, most_slots));
+  const std::string file = unfolded(input, career_slot, most_slots);
   career_table careers;
   bool faultless = false;
   {
-    const unchanged rec(files.rec);
+    const unchanged rec(files.rec, file);
     faultless = check_database(files).empty();
     const bool read = done("base.rec", [&] { careers = read_career_table(); });
     require(read || !faultless, "what cannot be read is a fault");
     if (read) look(choice, careers);
   }
   if (choice >= 24) {
-    update(faultless);
+    update(file, faultless);
   } else if (choice >= 16) {
     write_and_read_again(careers);
   }

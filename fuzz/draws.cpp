@@ -44,10 +44,9 @@ void take(std::string_view input) {
   match = match_state();
   files = database_paths(scratch(), "base");
   const std::filesystem::path file = scratch() / "draws.txt";
-  write_bytes(file, input);
   std::vector<double> draws;
   {
-    const unchanged script(file);
+    const unchanged script(file, input);
     if (!done("draws.txt", [&] { draws = cli::read_draws(file); })) return;
   }
   for (const double draw : draws) require(draw >= 0 && draw < 1, "a draw is a number in [0,1)");

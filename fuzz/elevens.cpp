@@ -2,6 +2,8 @@
 // The two elevens. The input: both files one behind the other, eleven slots each, folded.
 #include "database/elevens.h"
 
+#include <algorithm>
+
 #include "database/configuration.h"
 #include "database/slots.h"
 #include "model/teams.h"
@@ -42,11 +44,10 @@ void take(std::string_view input) {
   const std::filesystem::path first = files.folder / "team1r.txt";
   const std::filesystem::path second = files.folder / "team2r.txt";
   const std::string both = unfolded(input, eleven_slot, 22);
-  write_bytes(first, std::string_view(both).substr(0, first_size));
-  write_bytes(second, both.size() > first_size ? std::string_view(both).substr(first_size) : std::string_view());
+  const std::string_view all = both;
   {
-    const unchanged first_file(first);
-    const unchanged second_file(second);
+    const unchanged first_file(first, all.substr(0, first_size));
+    const unchanged second_file(second, all.substr(std::min(first_size, all.size())));
     try {
       read_elevens();
     } catch (const run_time_error& error) {

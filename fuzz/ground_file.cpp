@@ -59,11 +59,10 @@ void take(std::string_view input) {
   if (!input.empty()) input.remove_prefix(1);
   const std::string file = unfolded(input, team_slot, most_slots);
   if (is_slow(file)) return;
-  write_bytes(files.grd, file);
   std::vector<std::string> slots;
   bool faultless = false;
   {
-    const unchanged grd(files.grd);
+    const unchanged grd(files.grd, file);
     faultless = check_database(files).empty();
     const bool read = done("base.grd", [&] { slots = encoded_grounds(read_grounds()); });
     require(read || !faultless, "what cannot be read is a fault");

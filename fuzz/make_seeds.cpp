@@ -2,6 +2,7 @@
 // Makes the first inputs of the targets that read binary files, in the folders of those targets below the one folder
 // given: small databases and careers, whole and cut short. The inputs that are text stand there by hand.
 #include <cstdio>
+#include <initializer_list>
 #include <vector>
 
 #include "database/configuration.h"
@@ -58,7 +59,7 @@ void make_grounds(const fs::path& folder) {
 
 void make_careers(const fs::path& folder) {
   const std::string rec = bytes_of(files.rec);
-  for (const int choice : {3, 6, 9, 12, 13, 16, 24}) {
+  for (const int choice : {3, 6, 9, 12, 13, 14, 16, 24}) {
     write_bytes(folder / ("match-" + std::to_string(choice)), static_cast<char>(choice) + folded(rec, career_slot));
   }
   write_bytes(folder / "cut-short", '\0' + folded(rec.substr(0, career_slot + 200), career_slot));
@@ -70,18 +71,26 @@ void make_careers(const fs::path& folder) {
   careers.teams[1].players[2].runs = 2'147'483'640;
   fs::remove(files.rec);
   write_career_table(careers);
-  for (const int choice : {1, 4, 11, 12, 16, 24}) {
+  for (const int choice : {1, 4, 11, 12, 15, 16, 24}) {
     write_bytes(folder / ("two-men-" + std::to_string(choice)),
                 static_cast<char>(choice) + folded(bytes_of(files.rec), career_slot));
   }
 }
 
+/// Writes an input for each choice with the file of these lists.
+void make_records_of(const record_lists& lists, const fs::path& name, std::initializer_list<int> choices) {
+  fs::remove(files.ptr);
+  write_record_lists(lists);
+  for (const int choice : choices) {
+    write_bytes(name.native() + "-" + std::to_string(choice),
+                static_cast<char>(choice) + folded(bytes_of(files.ptr), records_slot));
+  }
+}
+
 void make_records(const fs::path& folder) {
   const std::string ptr = bytes_of(files.ptr);
-  for (const int choice : {0, 1, 2, 3, 4, 5, 6, 7, 8, 12}) {
-    write_bytes(folder / ("match-" + std::to_string(choice)), static_cast<char>(choice) + folded(ptr, records_slot));
-  }
   write_bytes(folder / "cut-short", '\5' + folded(ptr.substr(0, 80 * records_slot + 3), records_slot));
+  make_records_of(read_record_lists(), folder / "match", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 12});
   record_lists lists;
   lists.table_team_count = 1;
   team_table& team = lists.teams[1];
@@ -91,12 +100,9 @@ void make_records(const fs::path& folder) {
   team.high_for.value = std::string(" 231 ");
   team.low_for.value = integer(no_total_yet);
   team.team_name.value = std::string("Alba");
-  fs::remove(files.ptr);
-  write_record_lists(lists);
-  for (const int choice : {5, 6, 7, 8, 12}) {
-    write_bytes(folder / ("every-tag-" + std::to_string(choice)),
-                static_cast<char>(choice) + folded(bytes_of(files.ptr), records_slot));
-  }
+  make_records_of(lists, folder / "every-tag", {5, 6, 7, 8, 9, 10, 12});
+  team.home_won.value = team.away_won.value = 1.7e308;
+  make_records_of(lists, folder / "beyond-double", {5, 6, 12});
 }
 
 void make_elevens(const fs::path& folder) {

@@ -40,9 +40,8 @@ void confirm() {
 void take(std::string_view input) {
   fresh_state();
   const std::filesystem::path options = files.folder / "options.mc";
-  write_bytes(options, input);
   {
-    const unchanged file(options);
+    const unchanged file(options, input);
     if (!read_options()) {
       require(lines_of(settings) == lines_of({}), "settings that cannot be read leave the old ones");
       return;

@@ -10,6 +10,7 @@
 #include "database/slots.h"
 #include "database/world.h"
 #include "finished_match.h"
+#include "model/code_page.h"
 #include "shown_texts.h"
 #include "slots_of.h"
 #include "support.h"
@@ -66,7 +67,7 @@ void look_at_teams() {
   }
 }
 
-void look(int choice) {
+void look(int choice, const record_lists& lists) {
   switch (choice) {
     case 0:
       return look_at(highinduv(), 1);
@@ -86,17 +87,20 @@ void look(int choice) {
       return;
     case 7:
       return dump_database(files, scratch() / "dump");
+    case 8:
+      return require_report({"rankings", "--json"});
+    case 9:
+      return require_report({"team", "--team", to_utf8(lists.teams[1].team_name.text())});
     default:
       return;
   }
 }
 
 /// Adds a match: done, or refused with the file as it was. Done, it can be read again.
-void update(bool faultless) {
-  const std::string before = bytes_of(files.ptr);
+void update(std::string_view before, bool faultless) {
   stage_finished_match();
   if (!done("base.ptr", update_records)) {
-    require(bytes_of(files.ptr) == before, "a refused update leaves the file");
+    require_bytes(files.ptr, before);
     return;
   }
   read_record_lists();
@@ -107,19 +111,19 @@ void take(std::string_view input) {
   fresh_state();
   const int choice = input.empty() ? 0 : input.front() & 15;
   if (!input.empty()) input.remove_prefix(1);
-  write_bytes(files.ptr, unfolded(input, records_slot, most_slots));
+  const std::string file = unfolded(input, records_slot, most_slots);
   record_lists lists;
   bool faultless = false;
   {
-    const unchanged ptr(files.ptr);
+    const unchanged ptr(files.ptr, file);
     faultless = check_database(files).empty();
     const bool read = done("base.ptr", [&] { lists = read_record_lists(); });
     require(read || !faultless, "what cannot be read is a fault");
-    if (read) look(choice);
+    if (read) look(choice, lists);
   }
   if (choice >= 12) {
-    update(faultless);
-  } else if (choice >= 8) {
+    update(file, faultless);
+  } else if (choice >= 10) {
     write_and_read_again(lists);
   }
 }

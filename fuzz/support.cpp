@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 
@@ -78,8 +79,26 @@ void require_named(const run_time_error& error, std::string_view file) {
   require(text.find(file) != std::string::npos, "an error names the file", text);
 }
 
-unchanged::unchanged(std::filesystem::path file) : file_(std::move(file)), bytes_(bytes_of(file_)) {}
+void require_bytes(const std::filesystem::path& file, std::string_view bytes) {
+  static std::array<char, 65536> piece;
+  const int opened = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  require(opened >= 0, "the file is there", file.native());
+  for (;;) {
+    const ssize_t got = ::read(opened, piece.data(), piece.size());
+    require(got >= 0, "the file can be read", file.native());
+    if (got == 0) break;
+    const auto size = static_cast<std::size_t>(got);
+    require(bytes.substr(0, size) == std::string_view(piece.data(), size), "the file stays as it was", file.native());
+    bytes.remove_prefix(size);
+  }
+  ::close(opened);
+  require(bytes.empty(), "the file stays as it was", file.native());
+}
 
-unchanged::~unchanged() { require(bytes_of(file_) == bytes_, "the file stays as it was", file_.native()); }
+unchanged::unchanged(std::filesystem::path file, std::string_view bytes) : file_(std::move(file)), bytes_(bytes) {
+  write_bytes(file_, bytes_);
+}
+
+unchanged::~unchanged() { require_bytes(file_, bytes_); }
 
 }  // namespace velorin::fuzz

@@ -47,17 +47,20 @@ bool done(std::string_view file, Procedure procedure) {
   }
 }
 
-/// The bytes of a file, which must still be there when the object goes.
+/// Requires that a file has these bytes and no others.
+void require_bytes(const std::filesystem::path& file, std::string_view bytes);
+
+/// Writes a file whose bytes must still be there when the object goes. They must outlive it.
 class unchanged {
  public:
-  explicit unchanged(std::filesystem::path file);
+  unchanged(std::filesystem::path file, std::string_view bytes);
   ~unchanged();
   unchanged(const unchanged&) = delete;
   unchanged& operator=(const unchanged&) = delete;
 
  private:
   std::filesystem::path file_;
-  std::string bytes_;
+  std::string_view bytes_;
 };
 
 }  // namespace velorin::fuzz

@@ -31,10 +31,9 @@ void take(std::string_view input) {
   std::filesystem::remove(files.grd);
   const std::filesystem::path source = scratch() / "source";
   const std::size_t end = input.find(divider);
-  write_bytes(source / "players.csv", input.substr(0, end));
-  write_bytes(source / "grounds.csv", end == std::string_view::npos ? one_ground : input.substr(end + divider.size()));
-  const unchanged players(source / "players.csv");
-  const unchanged grounds(source / "grounds.csv");
+  const unchanged players(source / "players.csv", input.substr(0, end));
+  const unchanged grounds(source / "grounds.csv",
+                          end == std::string_view::npos ? one_ground : input.substr(end + divider.size()));
   if (!build(source)) {
     require(!std::filesystem::exists(files.team) && !std::filesystem::exists(files.grd), "a refusal leaves no file");
     return;

@@ -75,11 +75,11 @@ void take(std::string_view input) {
   fresh_state();
   const int choice = input.empty() ? 0 : input.front() & 3;
   if (!input.empty()) input.remove_prefix(1);
-  write_bytes(files.team, unfolded(input, team_slot, most_slots));
+  const std::string file = unfolded(input, team_slot, most_slots);
   std::vector<std::string> slots;
   bool faultless = false;
   {
-    const unchanged team(files.team);
+    const unchanged team(files.team, file);
     faultless = check_database(files).empty();
     const bool read = done("base.team", [&] { slots = encoded_teams(read_team_list()); });
     require(read || !faultless, "what cannot be read is a fault");
