@@ -26,12 +26,18 @@ struct side_books {
   bool is_not_out(const batting_card_rec& line) const { return line.how_out == not_out; }
 };
 
-/// Adds to a career figure. Raises run_time_error (overflow).
-void add(std::int32_t& figure, int change, const char* field, const career_rec& career) {
-  if (!__builtin_add_overflow(figure, change, &figure)) return;
-  throw run_time_error(failure::overflow, "Overflow: a career figure does not fit 32 bits",
-                       {.file = file_name_text(files.rec), .record = 0, .field = field, .player = career.name});
-}
+/// A career in its record of the file.
+struct career_in_file {
+  career_rec& career;
+  long record;
+
+  /// Adds to a figure of it. Raises run_time_error (overflow).
+  void add(std::int32_t& figure, int change, const char* field) const {
+    if (!__builtin_add_overflow(figure, change, &figure)) return;
+    throw run_time_error(failure::overflow, "Overflow: a career figure does not fit 32 bits",
+                         {.file = file_name_text(files.rec), .record = record, .field = field, .player = career.name});
+  }
+};
 
 void enrol_team(career_table& table, const std::string& team) {
   for (int t = 1; t <= table.career_team_count; ++t) {
@@ -62,13 +68,14 @@ void enrol_player(career_team_rec& team, long record, const std::string& name) {
   team.players[team.player_count].name = name;
 }
 
-void add_bowling(career_rec& career, const bowling_card_rec& line, const std::string& opponent) {
-  add(career.matches, 1, "matches", career);
-  add(career.wickets, line.wickets, "wickets", career);
-  add(career.balls_bowled, line.balls, "balls_bowled", career);
-  add(career.runs_given, line.runs, "runs_given", career);
-  add(career.maidens, line.maidens, "maidens", career);
-  if (line.wickets >= 5) add(career.five_wickets, 1, "five_wickets", career);
+void add_bowling(const career_in_file& to, const bowling_card_rec& line, const std::string& opponent) {
+  career_rec& career = to.career;
+  to.add(career.matches, 1, "matches");
+  to.add(career.wickets, line.wickets, "wickets");
+  to.add(career.balls_bowled, line.balls, "balls_bowled");
+  to.add(career.runs_given, line.runs, "runs_given");
+  to.add(career.maidens, line.maidens, "maidens");
+  if (line.wickets >= 5) to.add(career.five_wickets, 1, "five_wickets");
   if (line.wickets == career.best_wickets && line.runs < career.best_runs) {
     career.best_runs = line.runs;
     career.best_against = opponent;
@@ -93,36 +100,39 @@ void add_high_score(career_rec& career, const batting_card_rec& line, bool not_o
   }
 }
 
-void add_batting(career_rec& career, const batting_card_rec& line, bool not_out, const std::string& opponent) {
-  add(career.balls_faced, line.balls, "balls_faced", career);
-  add(career.dots, line.dots, "dots", career);
-  add(career.fours, line.fours, "fours", career);
-  add(career.sixes, line.sixes, "sixes", career);
-  add(career.runs, line.runs, "runs", career);
-  add(career.singles, line.singles, "singles", career);
-  add(career.twos, line.twos, "twos", career);
-  add(career.threes, line.threes, "threes", career);
-  add(career.innings, 1, "innings", career);
-  if (not_out) add(career.not_outs, 1, "not_outs", career);
-  if (line.runs >= 100) add(career.hundreds, 1, "hundreds", career);
-  if (line.runs >= 50 && line.runs <= 99) add(career.fifties, 1, "fifties", career);
+void add_batting(const career_in_file& to, const batting_card_rec& line, bool not_out, const std::string& opponent) {
+  career_rec& career = to.career;
+  to.add(career.balls_faced, line.balls, "balls_faced");
+  to.add(career.dots, line.dots, "dots");
+  to.add(career.fours, line.fours, "fours");
+  to.add(career.sixes, line.sixes, "sixes");
+  to.add(career.runs, line.runs, "runs");
+  to.add(career.singles, line.singles, "singles");
+  to.add(career.twos, line.twos, "twos");
+  to.add(career.threes, line.threes, "threes");
+  to.add(career.innings, 1, "innings");
+  if (not_out) to.add(career.not_outs, 1, "not_outs");
+  if (line.runs >= 100) to.add(career.hundreds, 1, "hundreds");
+  if (line.runs >= 50 && line.runs <= 99) to.add(career.fifties, 1, "fifties");
   add_high_score(career, line, not_out, opponent);
 }
 
-void add_fielding(career_rec& career, const batting_card_rec& line) {
-  if (equals_joined(line.fielder, " c ", career.name)) add(career.catches, 1, "catches", career);
-  if (equals_joined(line.how_out, " c && b ", career.name)) add(career.catches, 1, "catches", career);
-  if (equals_joined(line.fielder, " st ", career.name)) add(career.stumpings, 1, "stumpings", career);
+void add_fielding(const career_in_file& to, const batting_card_rec& line) {
+  career_rec& career = to.career;
+  if (equals_joined(line.fielder, " c ", career.name)) to.add(career.catches, 1, "catches");
+  if (equals_joined(line.how_out, " c && b ", career.name)) to.add(career.catches, 1, "catches");
+  if (equals_joined(line.fielder, " st ", career.name)) to.add(career.stumpings, 1, "stumpings");
 }
 
-void add_match(career_team_rec& team, const side_books& books) {
+void add_match(career_team_rec& team, long record, const side_books& books) {
   for (int j = 1; j <= 11; ++j) {
     for (int p = 1; p <= team.player_count; ++p) {
-      career_rec& career = team.players[p];
+      const career_in_file to{team.players[p], record};
+      const std::string& name = to.career.name;
       const batting_card_rec& batting = books.batting[j];
-      if (books.bowling[j].name == career.name) add_bowling(career, books.bowling[j], books.opponent);
-      if (batting.name == career.name) add_batting(career, batting, books.is_not_out(batting), books.opponent);
-      add_fielding(career, books.opposing[j]);
+      if (books.bowling[j].name == name) add_bowling(to, books.bowling[j], books.opponent);
+      if (batting.name == name) add_batting(to, batting, books.is_not_out(batting), books.opponent);
+      add_fielding(to, books.opposing[j]);
     }
   }
 }
@@ -134,7 +144,7 @@ void update_side(career_table& table, const side_books& books) {
     career_team_rec& team = table.teams[t];
     if (team.team_name != books.team) continue;
     for (int j = 1; j <= 11; ++j) enrol_player(team, t + 1, books.bowling[j].name);
-    add_match(team, books);
+    add_match(team, t + 1, books);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "database/configuration.h"
+#include "database/layout.h"
 #include "database/records.h"
 #include "database/saveavgs.h"
 #include "database/whole_file.h"
@@ -68,8 +69,21 @@ top_total_rec first_innings_total() {
           .venue = match.venue_name()};
 }
 
+/// The console's runs as a figure of the files. More than fit one would head the highest totals.
+integer second_total() {
+  try {
+    return match.score_runs;
+  } catch (const run_time_error& error) {
+    throw run_time_error(error.kind(), error.what(),
+                         {.file = file_name_text(files.ptr),
+                          .record = highest_totals_record,
+                          .field = "total",
+                          .player = match.team1_name});
+  }
+}
+
 top_total_rec second_innings_total() {
-  return {.total = match.score_runs,
+  return {.total = second_total(),
           .balls = match.innings_balls,
           .wickets = match.score_wickets,
           .team = match.team1_name,
@@ -130,7 +144,10 @@ team_table& row_of(record_lists& lists, const std::string& team) {
   if (lists.table_team_count == table_team_limit) {
     throw run_time_error(failure::subscript,
                          fmt::format("Subscript out of range: more than {} teams in the team table", table_team_limit),
-                         {.file = file_name_text(files.ptr), .record = 0, .field = "team_name", .player = team});
+                         {.file = file_name_text(files.ptr),
+                          .record = team_table_record + (table_team_limit + 1) * team_table_fields - 1,
+                          .field = "team_name",
+                          .player = team});
   }
   team_table& row = lists.teams[++lists.table_team_count];
   row = team_table();

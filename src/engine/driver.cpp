@@ -83,6 +83,16 @@ void extras_off_the_body(over_in_progress& over) {
   }
 }
 
+/// One more in a total of the innings. Deliveries that do not count have no end but that of the figure.
+void count_extra(integer& total, const char* field) {
+  try {
+    total += 1;
+  } catch (const run_time_error& error) {
+    throw run_time_error(error.kind(), error.what(),
+                         {.file = {}, .record = 0, .field = field, .player = match.bowling_xi[match.bowler].name});
+  }
+}
+
 /// No balls and wides stand on the log entry of the ball before; where that is no number, the ball counts and leaves no
 /// other trace.
 void no_ball_or_wide(over_in_progress& over) {
@@ -94,10 +104,10 @@ void no_ball_or_wide(over_in_progress& over) {
   over.free_ball = true;
   if (match.ball_outcome == no_ball) {
     say(ball_text::no_ball, 0);
-    match.innings_no_balls += 1;
+    count_extra(match.innings_no_balls, "innings_no_balls");
   } else {
     say(ball_text::wide, 0);
-    match.innings_wides += 1;
+    count_extra(match.innings_wides, "innings_wides");
   }
 }
 

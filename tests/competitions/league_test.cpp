@@ -8,6 +8,7 @@
 #include <random>
 #include <vector>
 
+#include "model/run_time_error.h"
 #include "model/teams.h"
 
 namespace velorin::testing {
@@ -124,6 +125,30 @@ TEST(League, AWinnerOfNeitherNameIsATie) {
   book_outcome(a, b, "A", "B");
   EXPECT_THAT(figures(a), ElementsAre(0, 0, 0, 1, 1));
   EXPECT_THAT(figures(b), ElementsAre(0, 0, 0, 1, 1));
+}
+
+TEST(League, AFigureBeyondSixteenBitsIsAnOverflow) {
+  struct booked {
+    integer league_row::*figure;
+    const char* winner;
+    int last;  ///< the greatest value that a match leaves room for
+  };
+  for (const booked& full : {booked{&league_row::played, "A", 32766}, booked{&league_row::won, "A", 32766},
+                             booked{&league_row::lost, "B", 32766}, booked{&league_row::tied, "", 32766},
+                             booked{&league_row::points, "A", 32765}, booked{&league_row::points, "", 32766}}) {
+    set_result(full.winner, "A", "B", 0);
+    std::vector<league_row> rows = {named("A"), named("B")};
+    rows[0].*full.figure = full.last;
+    book_league_match(rows.data(), 2, "A", "B");
+    EXPECT_EQ(rows[0].*full.figure, 32767);
+    try {
+      book_league_match(rows.data(), 2, "A", "B");
+      ADD_FAILURE() << "no failure";
+    } catch (const run_time_error& error) {
+      EXPECT_EQ(error.kind(), failure::overflow);
+      EXPECT_THAT(error.what(), ::testing::MatchesRegex("Overflow: 3276[89] does not fit a 16-bit figure"));
+    }
+  }
 }
 
 TEST(League, AMatchIsBookedInTheRowsOfBothTeams) {

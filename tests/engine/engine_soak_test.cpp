@@ -5,28 +5,19 @@
 #include <algorithm>
 #include <cstdint>
 #include <random>
-#include <span>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "console/captain_forms.h"
 #include "engine/driver.h"
 #include "headless/headless_user.h"
-#include "model/check_match.h"
 #include "model/random.h"
+#include "support/referee.h"
 #include "support/sample_match.h"
+#include "support/soak_run.h"
 
 namespace velorin::testing {
 namespace {
-
-#if defined(NDEBUG) && !defined(__SANITIZE_ADDRESS__)
-constexpr int unattended_matches = 100000;
-constexpr int attended_matches = 20000;
-#else
-constexpr int unattended_matches = 500;
-constexpr int attended_matches = 300;
-#endif
 
 using generator = std::mt19937;
 
@@ -51,99 +42,6 @@ eleven any_eleven(generator& any, const std::string& prefix) {
   for (int keepers = between(any, 1, 2); keepers > 0; --keepers) men[between(any, 1, 11)].is_keeper = flag_true;
   return men;
 }
-
-/// What must hold in the innings in play after every ball, kept apart from the match's own books.
-class referee {
- public:
-  explicit referee(int match_number) : match_number_(match_number) {}
-
-  void watch_ball() {
-    ++balls_;
-    complain(check_match());
-    if (match.innings_number != innings_) start_innings();
-    if (match.over_no != over_) start_over();
-    if (match.bowler != bowler_) complain("the bowler changed within the over");
-    if (match.striker > highest_ + 1 || match.non_striker > highest_ + 1) complain("a batsman was passed over");
-    highest_ = std::max<int>({highest_, match.striker, match.non_striker});
-    if (!match.innings_over_flag && highest_ != match.score_wickets + 2) complain("the batsmen do not fit the wickets");
-    if (match.score_runs < score_ || match.score_runs > score_ + 6) complain("the score jumped");
-    score_ = match.score_runs;
-    check_lists();
-  }
-
-  void watch_innings_end() {
-    ++innings_ended_;
-    const bool closed = match.innings_balls == 300 || match.score_wickets == 10;
-    if (!closed && match.score_runs <= match.first_total) complain("the innings ended early");
-  }
-
-  void watch_result(bool finished) {
-    if (!finished) return;
-    if (innings_ended_ != 2) complain("not two innings");
-    if (match.result_winner.empty() && match.result_margin != "Match tied.") complain("no winner and no tie");
-    if (match.rate_first.delta + match.rate_second.delta != 0) complain("the rates are no mirror");
-  }
-
-  bool ok() const { return complaint_.empty(); }
-  const std::string& complaint() const { return complaint_; }
-  int balls() const { return balls_; }
-
- private:
-  void complain(const std::string& what) {
-    if (what.empty() || !complaint_.empty()) return;
-    std::ostringstream said;
-    said << "match " << match_number_ << ", innings " << match.innings_number << ", over " << match.over_no << ": "
-         << what;
-    complaint_ = said.str();
-  }
-
-  void start_innings() {
-    innings_ = match.innings_number;
-    over_ = 0;
-    score_ = 0;
-    highest_ = 2;
-  }
-
-  void start_over() {
-    over_ = match.over_no;
-    bowler_ = match.bowler;
-    // The first ball of an over is on his card already.
-    if (match.bowling_card[bowler_].balls > 60) complain("a bowler began an over beyond his quota");
-  }
-
-  /// Nobody is listed twice, and nobody without the figures.
-  void check_lists() {
-    if (balls_ % 61 != 0) return;
-    const auto twice = [this](std::span<const std::string> list, const char* what) {
-      for (std::size_t i = 1; i < list.size() && !list[i].empty(); ++i) {
-        if (std::count(list.begin() + 1, list.end(), list[i]) > 1) complain(what);
-      }
-    };
-    twice(match.fifty_list, "a fifty is listed twice");
-    twice(match.hundred_list, "a hundred is listed twice");
-    twice(match.five_wicket_list, "a five-wicket haul is listed twice");
-    twice(match.stand50_list, "a stand is listed twice");
-    for (int i = 1; i <= 11; ++i) check_fifty(match.batting_card[i]);
-  }
-
-  void check_fifty(const batting_card_rec& man) {
-    const auto& list = match.fifty_list;
-    const bool listed = !man.name.empty() && std::find(list.begin() + 1, list.end(), man.name) != list.end();
-    if (listed && man.runs < 50) complain("a fifty of fewer runs is listed");
-    // The ball just booked is not announced yet.
-    if (!listed && man.runs > 55) complain("a fifty is not listed");
-  }
-
-  int match_number_;
-  int balls_ = 0;
-  int innings_ended_ = 0;
-  int innings_ = 0;
-  int over_ = 0;
-  int bowler_ = 0;
-  int score_ = 0;
-  int highest_ = 2;
-  std::string complaint_;
-};
 
 /// A user who watches, and, given a generator, chooses at will.
 class watching_user : public headless_user {
@@ -201,9 +99,9 @@ class Soak : public ::testing::Test {
 };
 
 TEST_F(Soak, Unattended) {
-  long balls = 0;
+  soak_run run(soak_matches(100000, 500));
   int without_result = 0;
-  for (int number = 1; number <= unattended_matches; ++number) {
+  for (int number = 1; number <= run.matches(); ++number) {
     referee watch(number);
     user_.watch = &watch;
     set_up(number, true, true);
@@ -212,15 +110,18 @@ TEST_F(Soak, Unattended) {
     without_result += match.result_margin.empty() ? 1 : 0;
     watch.watch_result(!match.result_margin.empty());
     ASSERT_EQ(watch.complaint(), "");
-    balls += watch.balls();
+    run.after_match(watch.balls());
   }
-  EXPECT_GT(balls, 200L * unattended_matches);
-  EXPECT_LE(without_result, unattended_matches / 1000);
+  EXPECT_GT(run.balls(), 200L * run.matches());
+  EXPECT_LE(without_result, run.matches() / 1000);
+  EXPECT_EQ(run.growth(), "");
+  run.report();
 }
 
 TEST_F(Soak, HumansAndComputersMixed) {
   user_.any = &any_;
-  for (int number = 1; number <= attended_matches; ++number) {
+  soak_run run(soak_matches(20000, 300));
+  for (int number = 1; number <= run.matches(); ++number) {
     referee watch(number);
     user_.watch = &watch;
     set_up(number, number % 3 == 1, number % 3 == 2);
@@ -236,7 +137,10 @@ TEST_F(Soak, HumansAndComputersMixed) {
     }
     watch.watch_result(true);
     ASSERT_EQ(watch.complaint(), "");
+    run.after_match(watch.balls());
   }
+  EXPECT_EQ(run.growth(), "");
+  run.report();
 }
 
 }  // namespace

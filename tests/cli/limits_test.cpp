@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Matches that would pass a limit of the files or of a figure: one line, status 1, and the files as they were.
+#include <fmt/format.h>
+
+#include <limits>
+
+#include "captain/aicomp.h"
+#include "cli/cli_test.h"
+#include "database/configuration.h"
+#include "database/records.h"
+#include "database/slots.h"
+#include "database/teams_file.h"
+#include "engine/algorithm.h"
+#include "headless/headless_user.h"
+#include "model/random.h"
+#include "setup/teamfrm.h"
+#include "support/sample_match.h"
+
+namespace velorin::testing {
+namespace {
+
+/// "South Isles" against "Harrowmark", as preselected.
+class CliLimits : public CliTest {
+ protected:
+  void SetUp() override {
+    CliTest::SetUp();
+    use_files();
+  }
+
+  /// The files of the tests' database, for the test itself.
+  void use_files() const {
+    files = database_paths(teams(), "small");
+    files.updates = false;
+    files.elevens_in_memory = true;
+    forget_teams_and_grounds();
+  }
+
+  /// The message of a match with updates that fails and changes nothing.
+  std::string refusal(const std::vector<std::string>& arguments = {"--seed", "1", "match", "--update"}) const {
+    const auto before = contents_of(teams());
+    const std::string message = error(1, arguments);
+    EXPECT_EQ(contents_of(teams()), before);
+    use_files();
+    return message;
+  }
+
+  void play_a_match() const {
+    text({"--seed", "1", "match", "--update", "--quiet"});
+    use_files();
+  }
+};
+
+TEST_F(CliLimits, ATwentyFirstTeamWithCareers) {
+  career_table table;
+  table.career_team_count = 20;
+  for (int t = 1; t <= 20; ++t) table.teams[t].team_name = fmt::format("Team {}", t);
+  write_career_table(table);
+  const std::string message = refusal();
+  EXPECT_TRUE(message.ends_with("Subscript out of range: more than 20 teams with careers (file small.rec, record 22, "
+                                "field team_name, at \"South Isles\")") ||
+              message.ends_with("Subscript out of range: more than 20 teams with careers (file small.rec, record 22, "
+                                "field team_name, at \"Harrowmark\")"))
+      << message;
+}
+
+TEST_F(CliLimits, ATwentyFirstPlayerOfATeam) {
+  play_a_match();
+  career_table table = read_career_table();
+  career_team_rec& men = table.teams[2];
+  for (int p = 1; p <= 20; ++p) men.players[p].name = fmt::format("Old {}", p);
+  men.player_count = 20;
+  write_career_table(table);
+  EXPECT_THAT(refusal(), ::testing::HasSubstr(fmt::format("more than 20 players of {} with careers (file small.rec, "
+                                                          "record 3, field players, at \"",
+                                                          men.team_name)));
+}
+
+TEST_F(CliLimits, ACareerFigureOf32Bits) {
+  play_a_match();
+  career_table table = read_career_table();
+  table.teams[1].players[3].matches = std::numeric_limits<std::int32_t>::max();
+  const std::string name = table.teams[1].players[3].name;
+  write_career_table(table);
+  EXPECT_THAT(refusal(), ::testing::EndsWith(fmt::format("Overflow: a career figure does not fit 32 bits (file "
+                                                         "small.rec, record 2, field matches, at \"{}\")",
+                                                         name)));
+}
+
+TEST_F(CliLimits, ACareerSlot) {
+  play_a_match();
+  career_table table = read_career_table();
+  career_team_rec& team = table.teams[1];
+  team.players[1].career_reserved_1 = std::string(career_slot - encoded(team).size(), 'x');
+  // Full to the last byte; a debut takes a name more.
+  team.players[2].name = "X" + team.players[2].name.substr(1);
+  write_career_table(table);
+  EXPECT_THAT(refusal(), ::testing::MatchesRegex(".*Overflow: a record of 55[0-9][0-9] bytes in a slot of 5500 \\(file "
+                                                 "small.rec, record 2, at \"" +
+                                                 team.team_name + "\"\\)"));
+}
+
+TEST_F(CliLimits, ATwentySixthTeamInTheTable) {
+  play_a_match();
+  record_lists lists = read_record_lists();
+  lists.table_team_count = 25;
+  for (int t = 1; t <= 25; ++t) lists.teams[t].team_name = {fmt::format("Team {}", t)};
+  write_record_lists(lists);
+  const std::string ptr = file_bytes(files.ptr);
+  const std::string message = error(1, {"--seed", "1", "match", "--update"});
+  EXPECT_THAT(message, ::testing::HasSubstr("Subscript out of range: more than 25 teams in the team table (file "
+                                            "small.ptr, record 565, field team_name, at \""));
+  use_files();
+  EXPECT_EQ(file_bytes(files.ptr), ptr);
+  // The careers come first, and their update was finished.
+  EXPECT_EQ(read_career_table().teams[1].players[1].matches, 2);
+  EXPECT_EQ(contents_of(teams()).size(), 4U) << "nothing else is left behind";
+}
+
+TEST_F(CliLimits, ASlotOfTheRecordLists) {
+  play_a_match();
+  record_lists lists = read_record_lists();
+  for (std::size_t i = 1; i <= 15; ++i) lists.top_scores[i] = {};
+  write_record_lists(lists);
+  // The names of a team and a ground fill a line of the highest scores, though not their own slots.
+  slot_file team = slot_file::read(files.team, team_slot);
+  team_rec side = read_team(3);
+  side.team_name = std::string(800, 't');
+  team.put(3, encoded(side), {});
+  write_bytes(files.team, team.bytes());
+  slot_file grd = slot_file::read(files.grd, team_slot);
+  ground_rec ground = read_grounds()[0];
+  ground.country = "Neutral";
+  ground.ground_name = std::string(1475, 'g');
+  grd.put(2, encoded(ground), {});
+  write_bytes(files.grd, grd.bytes());
+  const std::string ptr = file_bytes(files.ptr);
+  const std::string message =
+      error(1, {"--seed", "1", "match", "--update", "--ground", ground.ground_name, "--team1", "Northland"});
+  EXPECT_THAT(message, ::testing::MatchesRegex(".*Overflow: a record of [0-9]+ bytes in a slot of 2500 \\(file "
+                                               "small.ptr, record [0-9]+, (field [a-z_]+, )?at \".*\"\\)"));
+  use_files();
+  EXPECT_EQ(file_bytes(files.ptr), ptr);
+}
+
+TEST_F(CliLimits, AnElevensRecord) {
+  slot_file team = slot_file::read(files.team, team_slot);
+  team_rec side = read_team(3);
+  player_rec& man = side.squad[7];  // the keeper is always selected
+  man.is_keeper = flag_true;
+  man.bat_skill = 99;
+  man.name = std::string(125 - 30 - man.bat_type.size() - man.bowler_type.size(), 'n');
+  team.put(3, encoded(side), {});
+  write_bytes(files.team, team.bytes());
+  play_a_match();
+  man.name += 'n';
+  team.put(3, encoded(side), {});
+  write_bytes(files.team, team.bytes());
+  EXPECT_THAT(refusal(), ::testing::MatchesRegex(".*Overflow: a record of 126 bytes in a slot of 125 \\(file "
+                                                 "team1r.txt, record [0-9]+, at \"n+\"\\)"));
+}
+
+TEST_F(CliLimits, ATwentyFirstTeamOfTheDatabase) {
+  slot_file team = slot_file::read(files.team, team_slot);
+  team.put(1, encoded_field(integer(21)), {});
+  write_bytes(files.team, team.bytes());
+  EXPECT_THAT(refusal(), ::testing::EndsWith("Subscript out of range: a count of 21, at most 20 (file small.team, "
+                                             "record 22, field team_count)"));
+}
+
+/// Finds, at the second ball of a match, the draw that makes the third a no ball.
+class no_ball_finder : public headless_user {
+ public:
+  struct found {};
+  double draw = 0;
+
+  using headless_user::show;
+  void ball_bowled() override {
+    if (match.innings_balls < 2) return;
+    set_batting_aggression();
+    draw = draw_outcome(no_ball);
+    throw found();
+  }
+};
+
+TEST_F(CliLimits, NoBallsWithoutEnd) {
+  // The conditions, the toss, the bowlers' offset, two balls without a run.
+  std::vector<double> draws(6, 0.5);
+  draws.insert(draws.end(), 2, 0.9999);
+  no_ball_finder finder;
+  {
+    const front_end_scope scope(finder);
+    chance.use_script(draws, "draws");
+    teamfrm form;
+    form.open();
+    EXPECT_THROW(form.command1_click(), no_ball_finder::found);
+  }
+  std::string lines;
+  for (const double draw : draws) lines += fmt::format("{}\n", draw);
+  for (int i = 0; i < 32768; ++i) lines += fmt::format("{}\n", finder.draw);
+  write_bytes(file("draws.txt"), lines);
+  EXPECT_THAT(refusal({"--draws", file("draws.txt"), "match", "--update"}),
+              ::testing::HasSubstr("Overflow: 32768 does not fit a 16-bit figure (field innings_no_balls, at \""));
+}
+
+}  // namespace
+}  // namespace velorin::testing
