@@ -116,32 +116,6 @@ TEST_F(CliLimits, ATwentySixthTeamInTheTable) {
   EXPECT_EQ(contents_of(teams()).size(), 4U) << "nothing else is left behind";
 }
 
-TEST_F(CliLimits, ASlotOfTheRecordLists) {
-  play_a_match();
-  record_lists lists = read_record_lists();
-  for (std::size_t i = 1; i <= 15; ++i) lists.top_scores[i] = {};
-  write_record_lists(lists);
-  // The names of a team and a ground fill a line of the highest scores, though not their own slots.
-  slot_file team = slot_file::read(files.team, team_slot);
-  team_rec side = read_team(3);
-  side.team_name = std::string(800, 't');
-  team.put(3, encoded(side), {});
-  write_bytes(files.team, team.bytes());
-  slot_file grd = slot_file::read(files.grd, team_slot);
-  ground_rec ground = read_grounds()[0];
-  ground.country = "Neutral";
-  ground.ground_name = std::string(1475, 'g');
-  grd.put(2, encoded(ground), {});
-  write_bytes(files.grd, grd.bytes());
-  const std::string ptr = file_bytes(files.ptr);
-  const std::string message =
-      error(1, {"--seed", "1", "match", "--update", "--ground", ground.ground_name, "--team1", "Northland"});
-  EXPECT_THAT(message, ::testing::MatchesRegex(".*Overflow: a record of [0-9]+ bytes in a slot of 2500 \\(file "
-                                               "small.ptr, record [0-9]+, (field [a-z_]+, )?at \".*\"\\)"));
-  use_files();
-  EXPECT_EQ(file_bytes(files.ptr), ptr);
-}
-
 TEST_F(CliLimits, AnElevensRecord) {
   slot_file team = slot_file::read(files.team, team_slot);
   team_rec side = read_team(3);
