@@ -69,8 +69,7 @@ void career_update(benchmark::State& state) {
   match = the_user().at_end;
   files.updates = true;
   for (auto _ : state) {
-    update_career();
-    update_records();
+    update_career_and_records();
   }
   files.updates = false;
   match = match_state();

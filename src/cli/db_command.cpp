@@ -6,6 +6,7 @@
 
 #include "cli/commands.h"
 #include "database/configuration.h"
+#include "database/made_folders.h"
 #include "database/world.h"
 #include "model/code_page.h"
 
@@ -26,25 +27,11 @@ database_files named_files(const db_options& options, const program_options& pro
   return database_paths(given.parent_path(), core_text(given.filename().string()));
 }
 
-/// The folders that are missing on the way to `folder`, the innermost first.
-std::vector<std::filesystem::path> missing_folders(std::filesystem::path folder) {
-  std::vector<std::filesystem::path> missing;
-  for (; !folder.empty() && !std::filesystem::exists(folder); folder = folder.parent_path()) missing.push_back(folder);
-  return missing;
-}
-
 int build(const db_options& options, const program_options& program) {
   const database_files database = named_files(options, program);
-  const std::vector<std::filesystem::path> made = missing_folders(database.folder);
-  std::filesystem::create_directories(database.folder);
-  try {
-    build_database(options.source, database.team, database.grd);
-  } catch (...) {
-    // A refusal leaves nothing behind.
-    std::error_code ignored;
-    for (const std::filesystem::path& folder : made) std::filesystem::remove(folder, ignored);
-    throw;
-  }
+  made_folders made(database.folder);
+  build_database(options.source, database.team, database.grd);
+  made.keep();
   return done;
 }
 

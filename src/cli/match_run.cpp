@@ -64,17 +64,14 @@ void match_recorder::save_exports() const {
        {export_kind::text, &options_.text},
        {export_kind::ball_by_ball, &options_.ball_by_ball}}};
   for (const auto& [kind, path] : wanted) {
-    if (path->empty() || save_export(kind, *path)) continue;
-    throw run_time_error(failure::file, "The export cannot be written",
-                         {.file = *path, .record = 0, .field = {}, .player = {}});
+    if (!path->empty()) write_export(kind, *path);
   }
 }
 
-json_output::json_output(const std::string& path, std::ostream& out) : path_(path), out_(&out) {
+json_output::json_output(const std::string& path, std::ostream& out) : out_(&out) {
   if (path.empty() || path == "-") return;
   file_ = std::make_unique<fresh_file>(path);
   out_ = &file_->stream();
-  check();
 }
 
 void json_output::write(std::string_view line) {
@@ -83,18 +80,17 @@ void json_output::write(std::string_view line) {
 }
 
 void json_output::close() {
+  if (file_) {
+    file_->put_in_place();
+    return;
+  }
   out_->flush();
   check();
-  if (file_ && !file_->put_in_place()) refuse();
 }
 
 void json_output::check() const {
-  if (!*out_) refuse();
-}
-
-void json_output::refuse() const {
-  throw run_time_error(failure::file, "The output cannot be written",
-                       {.file = path_, .record = 0, .field = {}, .player = {}});
+  if (file_) file_->require_good();
+  if (!*out_) throw run_time_error(failure::file, "Standard output cannot be written");
 }
 
 }  // namespace velorin::cli

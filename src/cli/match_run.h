@@ -85,9 +85,7 @@ class json_output {
 
  private:
   void check() const;
-  [[noreturn]] void refuse() const;
 
-  std::string path_;
   std::ostream* out_;
   std::unique_ptr<fresh_file> file_;
 };

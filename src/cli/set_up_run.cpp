@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
 #include <charconv>
-#include <fstream>
+#include <optional>
+#include <sstream>
 #include <tuple>
 
 #include <fmt/format.h>
@@ -12,6 +13,7 @@
 #include "competitions/world_cup.h"
 #include "database/configuration.h"
 #include "database/teams_file.h"
+#include "database/whole_file.h"
 #include "model/code_page.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
@@ -78,8 +80,9 @@ std::string core_text(const std::string& name) {
 }
 
 std::vector<double> read_draws(const std::filesystem::path& file) {
-  std::ifstream in(file);
-  if (!in) raise_file("The draws file cannot be opened", file);
+  const std::optional<std::string> text = read_file(file);
+  if (!text) raise_file("The draws file is missing", file);
+  std::istringstream in(*text);
   std::vector<double> draws;
   std::string line;
   for (long number = 1; std::getline(in, line); ++number) {
@@ -92,7 +95,6 @@ std::vector<double> read_draws(const std::filesystem::path& file) {
     }
     draws.push_back(value);
   }
-  if (in.bad()) raise_file("The draws file cannot be read", file);
   return draws;
 }
 
@@ -101,7 +103,7 @@ std::string find_database(const program_options& program) {
   std::string base = program.database.empty() ? std::string() : core_text(program.database);
   if (base.empty()) {
     files.folder = program.teams_dir;
-    if (read_options()) base = settings.database_name;
+    if (require_readable_options()) base = settings.database_name;
   }
   if (base.empty()) {
     if (offered.size() == 1) return offered.front();
@@ -124,7 +126,7 @@ void set_up_run(const program_options& program) {
   forget_teams_and_grounds();
   files.updates = false;
   settings = configuration();
-  read_options();
+  require_readable_options();
   use_database(find_database(program));
   if (program.seed) {
     chance.use_seed(*program.seed);

@@ -52,6 +52,17 @@ std::optional<configuration> parse_options(std::string_view text) {
   return read;
 }
 
+/// Raises run_time_error (file) if that cannot be told.
+bool is_plain_file(const std::filesystem::path& file) {
+  std::error_code failed;
+  const std::filesystem::file_status status = std::filesystem::status(file, failed);
+  const bool told = std::filesystem::status_known(status);
+  if (!told && failed != std::errc::too_many_symbolic_link_levels) {
+    raise_file_error("The file cannot be looked at", failed.value(), file);
+  }
+  return std::filesystem::is_regular_file(status);
+}
+
 }  // namespace
 
 database_files database_paths(const std::filesystem::path& folder, const std::string& base) {
@@ -75,12 +86,15 @@ void use_database(const std::string& base) {
 }
 
 bool read_options() {
-  std::optional<std::string> text;
   try {
-    text = read_file(options_file());
+    return require_readable_options();
   } catch (const run_time_error&) {
     return false;
   }
+}
+
+bool require_readable_options() {
+  const std::optional<std::string> text = read_file(options_file());
   if (!text) return false;
   std::optional<configuration> read = parse_options(*text);
   if (!read) return false;
@@ -99,14 +113,16 @@ std::vector<std::string> databases_on_offer(const std::filesystem::path& folder)
   std::vector<std::string> bases;
   std::error_code failed;
   std::filesystem::directory_iterator entry(folder, failed);
+  while (failed == std::errc::interrupted) entry = std::filesystem::directory_iterator(folder, failed);
+  if (failed == std::errc::no_such_file_or_directory || failed == std::errc::not_a_directory) return bases;
   for (; !failed && entry != std::filesystem::directory_iterator(); entry.increment(failed)) {
     const std::filesystem::path& path = entry->path();
-    std::error_code ignored;
-    if (path.extension() != ".team" || !std::filesystem::is_regular_file(path, ignored)) continue;
+    if (path.extension() != ".team" || !is_plain_file(path)) continue;
     std::filesystem::path grounds = path;
-    if (!std::filesystem::is_regular_file(grounds.replace_extension(".grd"), ignored)) continue;
+    if (!is_plain_file(grounds.replace_extension(".grd"))) continue;
     if (auto base = from_utf8(path.stem().string())) bases.push_back(std::move(*base));
   }
+  if (failed) raise_file_error("The folder cannot be read", failed.value(), folder);
   std::sort(bases.begin(), bases.end(), [](const std::string& a, const std::string& b) {
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
       return static_cast<unsigned char>(x) < static_cast<unsigned char>(y);

@@ -48,13 +48,16 @@ void use_database(const std::string& base);
 /// Reads options.mc of files.folder into `settings`. False, with `settings` unchanged, if the file can't be opened or
 /// has fewer than five lines. A line ends with LF or CR LF; a leading blank is dropped; a comma ends the value.
 bool read_options();
+/// The same, but a file that is there and cannot be opened or read is a run_time_error (file).
+bool require_readable_options();
 
 /// Replaces options.mc of files.folder by the five lines of `settings`, CR LF ends. Raises run_time_error (file); the
 /// old file is whole then.
 void write_options();
 
-/// The base names on offer in `folder`: those with both a .team and a .grd file, in byte order. An unreadable folder
-/// offers none, and a name without a place in Windows-1252 is passed over.
+/// The base names on offer in `folder`: those with both a .team and a .grd file, in byte order. A missing folder
+/// offers none, and a name without a place in Windows-1252 is passed over. Raises run_time_error (file) for a folder
+/// that cannot be read.
 std::vector<std::string> databases_on_offer(const std::filesystem::path& folder);
 
 /// Six uppercase hexadecimal digits, red, green, blue, of red + 256 x green + 65536 x blue. Raises run_time_error

@@ -5,15 +5,19 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <string>
-#include <system_error>
+
+#include "database/whole_file.h"
 
 namespace velorin {
 
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr std::size_t held_bytes = 65536;
 
 /// The rights of a new file.
 mode_t usual_rights() {
@@ -22,57 +26,90 @@ mode_t usual_rights() {
   return 0666 & ~mask;
 }
 
-bool synchronise(const fs::path& file) {
-  const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0) return false;
-  const bool done = fsync(descriptor) == 0;
-  ::close(descriptor);
-  return done;
+/// A new file whose name ends in "XXXXXX", which is filled in; -1 if it cannot be made.
+int open_new(std::string& name) {
+  const std::string pattern = name;
+  int number = -1;
+  do {
+    name = pattern;
+    number = ::mkostemp(name.data(), O_CLOEXEC);
+  } while (number < 0 && errno == EINTR);
+  return number;
 }
+
+/// The folder takes no new files, or none with a name that much longer.
+bool takes_none(int cause) { return cause == EACCES || cause == EPERM || cause == EROFS || cause == ENAMETOOLONG; }
 
 }  // namespace
 
-fresh_file::fresh_file(const fs::path& target) : target_(target) {
-  std::error_code error;
-  if (fs::is_symlink(target, error)) {
-    const fs::path real = fs::canonical(target, error);
-    if (!error) target_ = real;
+fresh_file::file_buffer::file_buffer(const descriptor& file) : file_(file), held_(held_bytes) {
+  setp(held_.data(), held_.data() + held_.size());
+}
+
+fresh_file::file_buffer::int_type fresh_file::file_buffer::overflow(int_type next) {
+  if (sync() != 0) return traits_type::eof();
+  if (!traits_type::eq_int_type(next, traits_type::eof())) sputc(traits_type::to_char_type(next));
+  return traits_type::not_eof(next);
+}
+
+int fresh_file::file_buffer::sync() {
+  if (cause_ == 0 && !write_all(file_.number(), {pbase(), static_cast<std::size_t>(pptr() - pbase())})) cause_ = errno;
+  setp(held_.data(), held_.data() + held_.size());
+  return cause_ == 0 ? 0 : -1;
+}
+
+fresh_file::fresh_file(const fs::path& target) : target_(real_file(target)) {
+  struct stat old {};
+  const bool exists = ::stat(target_.c_str(), &old) == 0;
+  if (!exists && errno != ENOENT) refuse(errno);
+  if (exists && !S_ISREG(old.st_mode)) {
+    open_straight();
+    return;
   }
-  const bool exists = fs::exists(target_, error);
-  const bool plain = !exists || fs::is_regular_file(target_, error);
-  if (plain && open_beside()) return;
-  if (exists) out_.open(target_, std::ios::binary);
-  if (!out_.is_open()) out_.setstate(std::ios::failbit);
+  if (!open_beside()) {
+    if (!exists || !takes_none(errno)) refuse(errno);
+    open_straight();
+    return;
+  }
+  if (::fchmod(file_.number(), exists ? old.st_mode & 07777 : usual_rights()) == 0) return;
+  const int cause = errno;
+  ::unlink(beside_.c_str());
+  refuse(cause);
 }
 
 fresh_file::~fresh_file() {
-  out_.close();
-  std::error_code ignored;
-  if (!beside_.empty()) fs::remove(beside_, ignored);
+  if (!beside_.empty()) ::unlink(beside_.c_str());
 }
 
 bool fresh_file::open_beside() {
   std::string name = target_.native() + ".XXXXXX";
-  const int descriptor = mkstemp(name.data());
-  if (descriptor < 0) return false;
-  struct stat old {};
-  fchmod(descriptor, stat(target_.c_str(), &old) == 0 ? old.st_mode & 07777 : usual_rights());
-  ::close(descriptor);
-  beside_ = name;
-  out_.open(beside_, std::ios::binary);
-  return true;
+  file_.take(open_new(name));
+  if (file_.open()) beside_ = name;
+  return file_.open();
 }
 
-bool fresh_file::put_in_place() {
+void fresh_file::open_straight() {
+  file_.take(open_file(target_, O_WRONLY | O_TRUNC));
+  if (!file_.open()) refuse(errno);
+}
+
+void fresh_file::require_good() const {
+  if (!out_.good()) refuse(buffer_.cause());
+}
+
+void fresh_file::refuse(int cause) const { raise_file_error("The file cannot be written", cause, target_); }
+
+void fresh_file::put_in_place() {
   out_.flush();
-  if (!out_.good()) return false;
-  out_.close();
-  if (beside_.empty()) return true;
-  if (!synchronise(beside_)) return false;
-  std::error_code error;
-  fs::rename(beside_, target_, error);
-  if (!error) beside_.clear();
-  return !error;
+  require_good();
+  // What is no plain file need not know how to synchronise.
+  if (!synchronise_file(file_.number()) && !(beside_.empty() && (errno == EINVAL || errno == ENOTSUP))) refuse(errno);
+  if (!file_.close()) refuse(errno);
+  if (beside_.empty()) return;
+  if (!rename_file(beside_, target_)) raise_file_error("The file cannot be replaced", errno, target_);
+  beside_.clear();
+  if (synchronise_folder(folder_of(target_))) return;
+  raise_file_error("The folder of the file cannot be synchronised", errno, target_);
 }
 
 }  // namespace velorin

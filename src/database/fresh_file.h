@@ -2,8 +2,11 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
 #include <ostream>
+#include <streambuf>
+#include <vector>
+
+#include "database/file_calls.h"
 
 namespace velorin {
 
@@ -12,25 +15,48 @@ namespace velorin {
 /// file, such as a terminal or a pipe, and a file in a folder that takes no new ones, is written to straight.
 class fresh_file {
  public:
-  /// Opens the output. good() tells whether that succeeded; nothing is raised.
+  /// Opens the output. Raises run_time_error (file).
   explicit fresh_file(const std::filesystem::path& target);
   /// Drops the content unless it has been put in place.
   ~fresh_file();
   fresh_file(const fresh_file&) = delete;
   fresh_file& operator=(const fresh_file&) = delete;
 
+  /// Takes the content. Goes bad where it cannot be written.
   std::ostream& stream() { return out_; }
-  bool good() const { return out_.good(); }
+  /// Raises the run_time_error (file) for a stream gone bad.
+  void require_good() const;
 
-  /// Writes out and synchronises the content and puts it in place. False if that failed: the old file is as it was.
-  bool put_in_place();
+  /// Writes out and synchronises the content and puts it in place. Raises run_time_error (file): the old file is as it
+  /// was then, or, if only the folder could not be synchronised, the new one is in place.
+  void put_in_place();
 
  private:
+  /// Collects what is written, and passes it on to the file.
+  class file_buffer : public std::streambuf {
+   public:
+    explicit file_buffer(const descriptor& file);
+    int cause() const { return cause_; }  ///< number of the error that a write came to, or 0
+
+   protected:
+    int_type overflow(int_type next) override;
+    int sync() override;
+
+   private:
+    const descriptor& file_;
+    std::vector<char> held_;
+    int cause_ = 0;
+  };
+
   bool open_beside();
+  void open_straight();
+  [[noreturn]] void refuse(int cause) const;
 
   std::filesystem::path target_;
   std::filesystem::path beside_;  // empty while the target is written to straight
-  std::ofstream out_;
+  descriptor file_;
+  file_buffer buffer_{file_};
+  std::ostream out_{&buffer_};
 };
 
 }  // namespace velorin

@@ -28,6 +28,15 @@ bool is_folder(const std::string& path) {
   return std::filesystem::is_directory(to_utf8(path), failed);
 }
 
+/// The databases on offer; none in a folder that cannot be read.
+std::vector<std::string> list_of_databases() {
+  try {
+    return databases_on_offer(files.folder);
+  } catch (const run_time_error&) {
+    return {};
+  }
+}
+
 /// Sets a colour from its setting, unless that is empty or no colour.
 void show_color(long& color, const std::string& digits) {
   try {
@@ -40,7 +49,7 @@ void show_color(long& color, const std::string& digits) {
 
 void optfrm::open() {
   *this = optfrm();
-  combo1_list = databases_on_offer(files.folder);
+  combo1_list = list_of_databases();
   if (std::find(combo1_list.begin(), combo1_list.end(), settings.database_name) != combo1_list.end()) {
     combo1_text = settings.database_name;
   }

@@ -125,14 +125,16 @@ career_table read_career_table() {
   return read_career_table(files.rec);
 }
 
-void write_career_table(const career_table& table) {
+std::string career_file_bytes(const career_table& table) {
   slot_file file = slot_file::read(files.rec, career_slot);
   file.put(1, encoded_field(tagged{integer(table.career_team_count)}), {}, "career_team_count");
   for (int t = 1; t <= table.career_team_count; ++t) {
     file.put(t + 1, encoded(table.teams[t]), table.teams[t].team_name);
   }
-  replace_file(files.rec, file.bytes());
+  return file.bytes();
 }
+
+void write_career_table(const career_table& table) { replace_file(files.rec, career_file_bytes(table)); }
 
 record_lists read_record_lists(const std::filesystem::path& ptr) {
   const slot_file file = slot_file::read(ptr, records_slot);
@@ -159,7 +161,7 @@ record_lists read_record_lists() {
   return read_record_lists(files.ptr);
 }
 
-void write_record_lists(const record_lists& lists) {
+std::string record_file_bytes(const record_lists& lists) {
   slot_file file = slot_file::read(files.ptr, records_slot);
   put_list(file, top_scores_record, lists.top_scores);
   put_list(file, top_bowling_record, lists.top_bowling);
@@ -168,7 +170,9 @@ void write_record_lists(const record_lists& lists) {
   put_list(file, partnerships_record, lists.partnerships);
   file.put(table_count_record, encoded_field(tagged{integer(lists.table_team_count)}), {}, "table_team_count");
   for (int t = 1; t <= lists.table_team_count; ++t) put_table_team(file, t, lists.teams[t]);
-  replace_file(files.ptr, file.bytes());
+  return file.bytes();
 }
+
+void write_record_lists(const record_lists& lists) { replace_file(files.ptr, record_file_bytes(lists)); }
 
 }  // namespace velorin

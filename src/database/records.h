@@ -171,14 +171,17 @@ struct record_lists {
 /// files.updates is true it is created. Raises run_time_error: unreadable (file), more than 20 teams or players
 /// (subscript), a text beyond its slot, an unknown tag or a count below 0 (type).
 career_table read_career_table();
-/// Replaces the careers of the database in use; bytes of the file that belong to no field stay. Requires the lock of
-/// the folder. Raises run_time_error: a record beyond its slot (overflow), the file (file); the old file is whole then.
+/// The career file of the database in use with these careers; bytes that belong to no field stay. Requires the lock of
+/// the folder. Raises run_time_error: a record beyond its slot (overflow), the file (file).
+std::string career_file_bytes(const career_table& table);
+/// Replaces the file by that. Requires and raises likewise; the old file is whole then.
 void write_career_table(const career_table& table);
 
 /// The record lists and the team table of the database in use. Creates and raises likewise (25 teams; a count or total
 /// that is no number: type).
 record_lists read_record_lists();
-/// Replaces them. Requires and raises as for the careers.
+/// The file with these, and its replacement. Require and raise as for the careers.
+std::string record_file_bytes(const record_lists& lists);
 void write_record_lists(const record_lists& lists);
 
 /// The same for any file; nothing is created.

@@ -5,6 +5,7 @@
 
 #include "database/configuration.h"
 #include "database/records.h"
+#include "database/saveavgs_records.h"
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
@@ -148,18 +149,32 @@ void update_side(career_table& table, const side_books& books) {
   }
 }
 
-}  // namespace
-
-void update_career() {
-  if (!files.updates) return;
-  const folder_lock turn(files.rec);
+/// The careers with the match added.
+career_table careers_with_match() {
   career_table table = read_career_table(files.rec);
   // The end of an innings writes "not out" into the first innings only.
   update_side(table, {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card,
                       match.first_batting_card, ""});
   update_side(table, {match.team2_name, match.team1_name, match.bowling_card, match.first_batting_card,
                       match.batting_card, "not out"});
-  write_career_table(table);
+  return table;
+}
+
+}  // namespace
+
+void update_career() {
+  if (!files.updates) return;
+  const folder_lock turn(files.rec);
+  write_career_table(careers_with_match());
+}
+
+void update_career_and_records() {
+  if (!files.updates) return;
+  const folder_lock turn(files.rec);
+  staged_files staged;
+  staged.add(files.rec, career_file_bytes(careers_with_match()));
+  staged.add(files.ptr, record_file_bytes(records_with_match()));
+  staged.put_in_place();
 }
 
 }  // namespace velorin

@@ -2,7 +2,7 @@
 #pragma once
 
 // The lasting figures. Both run once at the end of a match, in this order, on the match as it stands then: the second
-// innings current, the last stand recorded, the result block filled. While files.updates is false, both do nothing.
+// innings current, the last stand recorded, the result block filled. While files.updates is false, nothing is done.
 
 namespace velorin {
 
@@ -15,5 +15,9 @@ void update_career();
 /// Adds the match to the record lists and the team table. Requires, reads and raises likewise (a 26th table team:
 /// subscript); rewrites <base>.ptr.
 void update_records();
+
+/// Both, as the end of a match does it. Requires, reads and raises as they do. Neither file is replaced before the new
+/// content of both is written: a failure leaves both as they were, unless it is the renaming of the second.
+void update_career_and_records();
 
 }  // namespace velorin

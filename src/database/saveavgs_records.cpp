@@ -7,6 +7,7 @@
 #include "database/layout.h"
 #include "database/records.h"
 #include "database/saveavgs.h"
+#include "database/saveavgs_records.h"
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
@@ -208,9 +209,7 @@ void update_team_table(record_lists& lists) {
 
 }  // namespace
 
-void update_records() {
-  if (!files.updates) return;
-  const folder_lock turn(files.ptr);
+record_lists records_with_match() {
   record_lists lists = read_record_lists(files.ptr);
   const std::string& chasing = match.team1_name;
   const std::string& setting = match.team2_name;
@@ -223,7 +222,13 @@ void update_records() {
   update_partnerships(lists.partnerships, match.fall_of_wicket, chasing, setting);
   update_partnerships(lists.partnerships, match.first_fall_of_wicket, setting, chasing);
   update_team_table(lists);
-  write_record_lists(lists);
+  return lists;
+}
+
+void update_records() {
+  if (!files.updates) return;
+  const folder_lock turn(files.ptr);
+  write_record_lists(records_with_match());
 }
 
 }  // namespace velorin

@@ -7,80 +7,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
+#include "database/file_calls.h"
 #include "model/code_page.h"
 #include "model/run_time_error.h"
 
 namespace velorin {
-
-namespace {
-
-/// An open file that closes itself.
-class descriptor {
- public:
-  explicit descriptor(int number) : number_(number) {}
-  ~descriptor() {
-    if (number_ >= 0) ::close(number_);
-  }
-  descriptor(const descriptor&) = delete;
-  descriptor& operator=(const descriptor&) = delete;
-
-  int number() const { return number_; }
-  bool open() const { return number_ >= 0; }
-  /// Closes now and tells whether that worked.
-  bool close() {
-    const int number = number_;
-    number_ = -1;
-    return ::close(number) == 0;
-  }
-
- private:
-  int number_;
-};
-
-/// open() that an interruption does not end.
-int open_file(const std::filesystem::path& file, int flags, mode_t mode = 0) {
-  int number = -1;
-  do {
-    number = ::open(file.c_str(), flags | O_CLOEXEC, mode);
-  } while (number < 0 && errno == EINTR);
-  return number;
-}
-
-/// The file that a name stands for: where the name is a symbolic link, the file at its end.
-std::filesystem::path real_file(const std::filesystem::path& file) {
-  std::error_code failed;
-  if (!std::filesystem::is_symlink(file, failed)) return file;
-  std::filesystem::path target = std::filesystem::canonical(file, failed);
-  return failed ? file : target;
-}
-
-std::filesystem::path folder_of(const std::filesystem::path& file) {
-  std::filesystem::path folder = file.parent_path();
-  return folder.empty() ? "." : folder;
-}
-
-/// Writes all bytes; false with errno set if not all of them found a place.
-bool write_all(int number, std::string_view content) {
-  while (!content.empty()) {
-    const ssize_t written = ::write(number, content.data(), content.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    content.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
-/// Synchronises a folder. File systems that know no such thing are content with the rename.
-bool synchronise_folder(const std::filesystem::path& folder) {
-  const descriptor opened(open_file(folder, O_RDONLY | O_DIRECTORY));
-  if (!opened.open()) return false;
-  return ::fsync(opened.number()) == 0 || errno == EINVAL || errno == ENOTSUP;
-}
-
-}  // namespace
 
 void raise_file_error(std::string_view tried, int cause, const std::filesystem::path& file) {
   throw run_time_error(failure::file, fmt::format("{}: {}", tried, std::generic_category().message(cause)),
@@ -138,6 +73,9 @@ staged_file::staged_file(const std::filesystem::path& target, std::string_view c
   beside_ += ".new";
   struct stat facts {};
   const bool existed = ::stat(target_.c_str(), &facts) == 0;
+  if (!existed && errno != ENOENT && errno != ENOTDIR) {
+    raise_file_error("The file cannot be looked at", errno, target_);
+  }
   ::unlink(beside_.c_str());  // what a killed program has left
   descriptor opened(open_file(beside_, O_WRONLY | O_CREAT | O_EXCL, 0666));
   if (!opened.open()) raise_file_error("The file cannot be written", errno, target_);
@@ -145,7 +83,7 @@ staged_file::staged_file(const std::filesystem::path& target, std::string_view c
   int cause = 0;
   if (existed && ::fchmod(opened.number(), facts.st_mode & 07777) != 0) cause = errno;
   if (cause == 0 && !write_all(opened.number(), content)) cause = errno;
-  if (cause == 0 && ::fsync(opened.number()) != 0) cause = errno;
+  if (cause == 0 && !synchronise_file(opened.number())) cause = errno;
   if (!opened.close() && cause == 0) cause = errno;
   if (cause != 0) {
     ::unlink(beside_.c_str());
@@ -157,16 +95,33 @@ staged_file::~staged_file() {
   if (pending_) ::unlink(beside_.c_str());
 }
 
-void staged_file::put_in_place() {
-  if (::rename(beside_.c_str(), target_.c_str()) != 0) raise_file_error("The file cannot be replaced", errno, target_);
+void staged_file::rename_over() {
+  if (!rename_file(beside_, target_)) raise_file_error("The file cannot be replaced", errno, target_);
   pending_ = false;
-  if (!synchronise_folder(folder_of(target_))) {
-    raise_file_error("The folder of the file cannot be synchronised", errno, target_);
+}
+
+void staged_file::synchronise() const {
+  if (synchronise_folder(folder_of(target_))) return;
+  raise_file_error("The folder of the file cannot be synchronised", errno, target_);
+}
+
+void staged_files::add(const std::filesystem::path& target, std::string_view content) {
+  files_.push_back(std::make_unique<staged_file>(target, content));
+}
+
+void staged_files::put_in_place() {
+  for (const auto& file : files_) file->rename_over();
+  for (auto file = files_.begin(); file != files_.end(); ++file) {
+    const bool done = std::any_of(files_.begin(), file, [&](const auto& earlier) { return earlier->beside(**file); });
+    if (!done) (*file)->synchronise();
   }
+  files_.clear();
 }
 
 void replace_file(const std::filesystem::path& target, std::string_view content) {
-  staged_file(target, content).put_in_place();
+  staged_files staged;
+  staged.add(target, content);
+  staged.put_in_place();
 }
 
 }  // namespace velorin

@@ -160,10 +160,10 @@ void build_database(const std::filesystem::path& source, const std::filesystem::
   require_rules(places, grounds, built.teams);
 
   const folder_lock turn(team);
-  staged_file new_team(team, counted_file(built.teams, team));
-  staged_file new_grd(grd, counted_file(grounds, grd));
-  new_team.put_in_place();
-  new_grd.put_in_place();
+  staged_files staged;
+  staged.add(team, counted_file(built.teams, team));
+  staged.add(grd, counted_file(grounds, grd));
+  staged.put_in_place();
 }
 
 }  // namespace velorin

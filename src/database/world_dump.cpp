@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "database/csv.h"
+#include "database/made_folders.h"
 #include "database/slots.h"
 #include "database/world.h"
 #include "database/world_rules.h"
@@ -201,17 +202,16 @@ void dump_database(const database_files& database, const std::filesystem::path& 
   tables.push_back(careers_table(database.rec));
   add_record_tables(database.ptr, tables);
 
-  std::error_code failed;
-  std::filesystem::create_directories(folder, failed);
-  if (failed) raise_file_error("The folder cannot be made", failed.value(), folder);
+  made_folders made(folder);
   const folder_lock turn(folder / "players.csv");
-  std::vector<std::unique_ptr<staged_file>> staged;
+  staged_files staged;
   for (const dumped_table& table : tables) {
     std::string content;
     for (const text_row& row : table.rows) content += csv_line(row);
-    staged.push_back(std::make_unique<staged_file>(folder / table.file, content));
+    staged.add(folder / table.file, content);
   }
-  for (const auto& file : staged) file->put_in_place();
+  staged.put_in_place();
+  made.keep();
 }
 
 }  // namespace velorin

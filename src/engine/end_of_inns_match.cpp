@@ -162,8 +162,7 @@ void change_innings() {
 
 void finish_match() {
   record_unbroken_stand(match.score_wickets, match.batting_xi);
-  update_career();
-  update_records();
+  update_career_and_records();
   match.score_runs = 0;
   match.score_wickets = 0;
   if (match.human_involved()) match.console_open = false;

@@ -23,9 +23,12 @@ std::string text_scorecard(const scorecard& card);
 std::string ball_by_ball(const scorecard& card);
 
 /// Writes the file `path` whole, in place of what was there; what is no plain file, such as a terminal, is written to
-/// straight. A failure is passed over: an old file stays as it was, and the answer is false.
-bool save_export(const scorecard& card, export_kind kind, const std::filesystem::path& path);
+/// straight. Raises run_time_error, for the file as fresh_file does: an old file stays as it was then.
+void write_export(const scorecard& card, export_kind kind, const std::filesystem::path& path);
 /// The same from a card opened just now.
-bool save_export(export_kind kind, const std::filesystem::path& path);
+void write_export(export_kind kind, const std::filesystem::path& path);
+
+/// The same from an open card, with failures passed over: the answer is false then.
+bool save_export(const scorecard& card, export_kind kind, const std::filesystem::path& path);
 
 }  // namespace velorin

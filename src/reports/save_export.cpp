@@ -20,26 +20,28 @@ std::string export_text(const scorecard& card, export_kind kind) {
   return {};
 }
 
-bool write(const std::filesystem::path& path, const std::string& content) {
+}  // namespace
+
+void write_export(const scorecard& card, export_kind kind, const std::filesystem::path& path) {
+  const std::string content = export_text(card, kind);
   fresh_file file(path);
   file.stream() << content;
-  return file.put_in_place();
+  file.put_in_place();
 }
 
-}  // namespace
+void write_export(export_kind kind, const std::filesystem::path& path) {
+  scorecard card;
+  card.open();
+  write_export(card, kind, path);
+}
 
 bool save_export(const scorecard& card, export_kind kind, const std::filesystem::path& path) {
   try {
-    return write(path, export_text(card, kind));
+    write_export(card, kind, path);
+    return true;
   } catch (const std::exception&) {
     return false;
   }
-}
-
-bool save_export(export_kind kind, const std::filesystem::path& path) {
-  scorecard card;
-  card.open();
-  return save_export(card, kind, path);
 }
 
 }  // namespace velorin

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/file_calls.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+#include <utility>
+
+#include "database/whole_file.h"
+
+namespace velorin {
+
+namespace {
+
+/// Makes a call again while an interruption ends it.
+template <typename Call>
+auto uninterrupted(Call call) {
+  auto result = call();
+  while (result < 0 && errno == EINTR) result = call();
+  return result;
+}
+
+}  // namespace
+
+int open_file(const std::filesystem::path& file, int flags, mode_t mode) {
+  return uninterrupted([&] { return ::open(file.c_str(), flags | O_CLOEXEC, mode); });
+}
+
+bool write_all(int number, std::string_view content) {
+  while (!content.empty()) {
+    const ssize_t written = uninterrupted([&] { return ::write(number, content.data(), content.size()); });
+    if (written < 0) return false;
+    content.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+bool synchronise_file(int number) {
+  return uninterrupted([&] { return ::fsync(number); }) == 0;
+}
+
+bool rename_file(const std::filesystem::path& from, const std::filesystem::path& to) {
+  return uninterrupted([&] { return std::rename(from.c_str(), to.c_str()); }) == 0;
+}
+
+bool synchronise_folder(const std::filesystem::path& folder) {
+  const descriptor opened(open_file(folder, O_RDONLY | O_DIRECTORY));
+  if (!opened.open()) return errno == EACCES;
+  return synchronise_file(opened.number()) || errno == EINVAL || errno == ENOTSUP;
+}
+
+void descriptor::take(int number) {
+  close();
+  number_ = number;
+}
+
+bool descriptor::close() {
+  if (!open()) return true;
+  // An interrupted close has closed.
+  return ::close(std::exchange(number_, -1)) == 0 || errno == EINTR;
+}
+
+std::filesystem::path real_file(const std::filesystem::path& file) {
+  struct stat facts {};
+  if (::lstat(file.c_str(), &facts) != 0) {
+    if (errno == ENOENT || errno == ENOTDIR) return file;
+    raise_file_error("The file cannot be looked at", errno, file);
+  }
+  if (!S_ISLNK(facts.st_mode)) return file;
+  std::error_code failed;
+  std::filesystem::path target = std::filesystem::canonical(file, failed);
+  if (!failed) return target;
+  if (failed == std::errc::no_such_file_or_directory) return file;
+  raise_file_error("The link cannot be followed", failed.value(), file);
+}
+
+std::filesystem::path folder_of(const std::filesystem::path& file) {
+  std::filesystem::path folder = file.parent_path();
+  return folder.empty() ? "." : folder;
+}
+
+}  // namespace velorin

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <string_view>
+
+// Calls of the system on files, for those who replace files. An interruption ends none of them, and a write that took
+// a part of the bytes goes on. Nothing is raised unless told: false or -1 leaves the cause in errno.
+
+namespace velorin {
+
+/// The number of the opened file, which programs started by this one do not inherit; -1 if that failed.
+int open_file(const std::filesystem::path& file, int flags, mode_t mode = 0);
+
+bool write_all(int number, std::string_view content);
+bool synchronise_file(int number);
+bool rename_file(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Synchronises a folder. One that cannot be opened for its rights, and a file system that knows no such thing, count
+/// as synchronised: there is no way to do better.
+bool synchronise_folder(const std::filesystem::path& folder);
+
+/// An open file that closes itself.
+class descriptor {
+ public:
+  explicit descriptor(int number = -1) : number_(number) {}
+  ~descriptor() { close(); }
+  descriptor(const descriptor&) = delete;
+  descriptor& operator=(const descriptor&) = delete;
+
+  int number() const { return number_; }
+  bool open() const { return number_ >= 0; }
+  /// Takes another file, and closes the one before.
+  void take(int number);
+  /// Closes now, if it is open.
+  bool close();
+
+ private:
+  int number_;
+};
+
+/// The file that a name stands for: where the name is a symbolic link to something, the file at its end. Raises
+/// run_time_error (file).
+std::filesystem::path real_file(const std::filesystem::path& file);
+
+/// The folder of a file; "." for a name alone.
+std::filesystem::path folder_of(const std::filesystem::path& file);
+
+}  // namespace velorin

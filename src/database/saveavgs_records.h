@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "database/records.h"
+
+namespace velorin {
+
+/// The record lists and the team table of the database in use with the match added, as it stands at its end. Reads
+/// match and <base>.ptr, changes neither. Raises run_time_error as update_records().
+record_lists records_with_match();
+
+}  // namespace velorin

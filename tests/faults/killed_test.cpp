@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A program that is killed at the entry or at the exit of any call of the system leaves old files or new ones, and the
+// next run works.
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <iostream>
+#include <regex>
+
+#include "faults/acts.h"
+#include "faults/traced_run.h"
+
+namespace velorin::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Killed : public ::testing::TestWithParam<std::string> {
+ protected:
+  void SetUp() override {
+    what_ = act_of(GetParam());
+    new_ = after(what_, what_.before);
+    next_[what_.before] = new_;
+  }
+
+  /// Kills the program at the n-th stop. False if it has come to its end before.
+  bool kill_at(long n) {
+    bench_.lay_out(what_.before);
+    traced_run run(bench_, what_.on(bench_));
+    if (!run.refused().empty()) {
+      refused_ = run.refused();
+      return false;
+    }
+    for (long stop = 1; stop <= n; ++stop) {
+      if (run.next()) continue;
+      EXPECT_EQ(run.end().status, 0) << run.end().err;
+      EXPECT_EQ(bench_.found(), new_);
+      return false;
+    }
+    EXPECT_TRUE(run.kill());
+    EXPECT_EQ(run.end().signal, SIGKILL);
+    return true;
+  }
+
+  /// What a killed program may leave beside the files that it writes.
+  bool is_left_over(const std::string& name) const {
+    for (const std::string& file : what_.writes) {
+      if (what_.exports ? std::regex_match(name.substr(0, file.size() + 7), std::regex("[^/]+\\.[A-Za-z0-9]{6}")) &&
+                              name.starts_with(file + ".") && name.size() == file.size() + 7
+                        : name == file + ".new") {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  /// Each file is the old one or the new one. Sets `clean_` to them.
+  void judge_files() {
+    const file_map found = bench_.found();
+    clean_.clear();
+    int changed = 0;
+    int left = 0;
+    for (const auto& [name, bytes] : found) {
+      const bool known = what_.before.contains(name) || new_.contains(name);
+      if (!known) {
+        EXPECT_TRUE(is_left_over(name)) << name;
+        ++left;
+        continue;
+      }
+      clean_[name] = bytes;
+      const bool is_old = what_.before.contains(name) && what_.before.at(name) == bytes;
+      EXPECT_TRUE(is_old || (new_.contains(name) && new_.at(name) == bytes))
+          << name << " is neither the old file nor the new one: " << bytes.size() << " bytes";
+    }
+    for (const auto& [name, bytes] : what_.before) EXPECT_TRUE(found.contains(name)) << name << " is gone";
+    for (const std::string& name : what_.writes) {
+      if (!what_.before.contains(name) ? found.contains(name)
+                                       : found.contains(name) && found.at(name) != what_.before.at(name)) {
+        ++changed;
+      }
+    }
+    if (changed != 0 && changed != static_cast<int>(what_.writes.size())) ++torn_;
+    if (left != 0) ++with_left_over_;
+  }
+
+  /// The same act works, and takes away what a replacement has left.
+  void run_again() {
+    if (!next_.contains(clean_)) next_[clean_] = after(what_, clean_);
+    const ending end = bench_.run(what_.on(bench_));
+    EXPECT_EQ(end.status, 0) << end.err;
+    file_map now = bench_.found();
+    if (what_.exports) std::erase_if(now, [&](const auto& file) { return is_left_over(file.first); });
+    EXPECT_TRUE(now == next_[clean_]) << "the next run does not do its work";
+  }
+
+  workbench bench_;
+  act what_;
+  file_map new_;
+  file_map clean_;
+  std::map<file_map, file_map> next_;
+  std::string refused_;
+  int torn_ = 0;            // kills that left some files new and some old
+  int with_left_over_ = 0;  // kills that left a file beside
+};
+
+TEST_P(Killed, AtEachCallLeavesOldFilesOrNewOnes) {
+  long kills = 0;
+  for (; kill_at(kills + 1); ++kills) {
+    SCOPED_TRACE(GetParam() + ": killed at stop " + std::to_string(kills + 1));
+    judge_files();
+    run_again();
+    if (HasFailure()) break;
+  }
+  if (!refused_.empty()) GTEST_SKIP() << refused_;
+  EXPECT_GT(kills, 100);
+  EXPECT_GT(with_left_over_, 0) << "no kill met a file half written";
+  // Of files that belong together some are new and some old only between two renames: at the exit of the one and at the
+  // entry of the next.
+  const int renames = static_cast<int>(what_.writes.size());
+  if (!what_.exports) {
+    EXPECT_EQ(torn_, 2 * (renames - 1));
+  }
+  RecordProperty("kills", std::to_string(kills));
+  RecordProperty("kills that left a file beside", with_left_over_);
+  RecordProperty("kills between two renames", torn_);
+  std::cout << GetParam() << ": " << kills << " kills, " << with_left_over_ << " of them left a file beside, " << torn_
+            << " were between two renames\n";
+}
+
+INSTANTIATE_TEST_SUITE_P(Acts, Killed, ::testing::ValuesIn(act_names()), [](const auto& of) { return of.param; });
+
+}  // namespace
+}  // namespace velorin::testing

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "faults/program.h"
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace velorin::testing {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+void write_file(const fs::path& file, const std::string& bytes) {
+  std::ofstream out(file, std::ios::binary);
+  out << bytes;
+  if (!out.flush()) throw std::runtime_error("a test's file cannot be written");
+}
+
+std::string numbered(const char* name, int place) { return std::string(name) + std::to_string(place); }
+
+/// Where the data folders are made: in memory if the machine offers that. Thousands of files are synchronised, and what
+/// a disk makes of it plays no part here.
+fs::path room() {
+  const fs::path memory = "/dev/shm";
+  return ::access(memory.c_str(), W_OK) == 0 ? memory : fs::temp_directory_path();
+}
+
+[[noreturn]] void become(const program& what, const fs::path& out, const fs::path& err) {
+  const auto put = [](const fs::path& file, int number) {
+    const int opened = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (opened < 0 || ::dup2(opened, number) < 0) ::_exit(126);
+    ::close(opened);
+  };
+  put(out, STDOUT_FILENO);
+  put(err, STDERR_FILENO);
+  for (const std::string& pair : what.environment) ::putenv(const_cast<char*>(pair.c_str()));
+  std::vector<char*> words;
+  for (const std::string& word : what.line) words.push_back(const_cast<char*>(word.c_str()));
+  words.push_back(nullptr);
+  if (what.prepare) what.prepare();
+  ::execv(words[0], words.data());
+  ::_exit(127);
+}
+
+}  // namespace
+
+std::string bytes_of_file(const fs::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  if (!in) throw std::runtime_error("a test's file cannot be read: " + file.string());
+  std::ostringstream bytes;
+  bytes << in.rdbuf();
+  return bytes.str();
+}
+
+workbench::workbench() {
+  std::string pattern = (room() / "velorin-faults-XXXXXX").string();
+  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder for a test");
+  root_ = fs::canonical(pattern);
+  data_ = root_ / "data";
+  fs::create_directory(data_);
+}
+
+workbench::~workbench() {
+  std::error_code ignored;
+  fs::remove_all(root_, ignored);
+}
+
+void workbench::lay_out(const file_map& content) const {
+  const file_map there = found();
+  for (auto entry = there.rbegin(); entry != there.rend(); ++entry) {
+    const auto wanted = content.find(entry->first);
+    const bool same_kind = wanted != content.end() && (wanted->second == a_folder) == (entry->second == a_folder);
+    if (!same_kind) fs::remove_all(data_ / entry->first);
+  }
+  for (const auto& [name, bytes] : content) {
+    const auto known = there.find(name);
+    if (known != there.end() && known->second == bytes) continue;
+    if (bytes == a_folder) {
+      fs::create_directory(data_ / name);
+    } else {
+      write_file(data_ / name, bytes);
+    }
+  }
+}
+
+file_map workbench::found() const {
+  file_map content;
+  for (const auto& entry : fs::recursive_directory_iterator(data_)) {
+    const std::string name = fs::relative(entry.path(), data_).string();
+    content[name] = entry.is_directory() ? a_folder : bytes_of_file(entry.path());
+  }
+  return content;
+}
+
+pid_t workbench::start(const program& what, int place) const {
+  const pid_t process = ::fork();
+  if (process < 0) throw std::runtime_error("no process for a test");
+  if (process == 0) become(what, beside(numbered("out", place)), beside(numbered("err", place)));
+  return process;
+}
+
+ending workbench::end_of(pid_t process, int place) const {
+  int status = 0;
+  while (::waitpid(process, &status, 0) < 0) {
+    if (errno != EINTR) throw std::runtime_error("a test's process is gone");
+  }
+  return ending_of(status, place);
+}
+
+ending workbench::ending_of(int wait_status, int place) const {
+  ending end;
+  if (WIFEXITED(wait_status)) end.status = WEXITSTATUS(wait_status);
+  if (WIFSIGNALED(wait_status)) end.signal = WTERMSIG(wait_status);
+  end.out = bytes_of_file(beside(numbered("out", place)));
+  end.err = bytes_of_file(beside(numbered("err", place)));
+  return end;
+}
+
+}  // namespace velorin::testing
