@@ -2,14 +2,17 @@
 #include "database/fresh_file.h"
 
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
 #include <string>
+#include <system_error>
 
-#include "database/whole_file.h"
+#include "model/code_page.h"
+#include "model/run_time_error.h"
 
 namespace velorin {
 
@@ -58,7 +61,7 @@ int fresh_file::file_buffer::sync() {
   return cause_ == 0 ? 0 : -1;
 }
 
-fresh_file::fresh_file(const fs::path& target) : target_(real_file(target)) {
+fresh_file::fresh_file(const fs::path& target) : named_(target), target_(real_file(target)) {
   struct stat old {};
   const bool exists = ::stat(target_.c_str(), &old) == 0;
   if (!exists && errno != ENOENT) refuse(errno);
@@ -97,7 +100,11 @@ void fresh_file::require_good() const {
   if (!out_.good()) refuse(buffer_.cause());
 }
 
-void fresh_file::refuse(int cause) const { raise_file_error("The file cannot be written", cause, target_); }
+void fresh_file::refuse(std::string_view tried, int cause) const {
+  const std::string name = named_.string();
+  throw run_time_error(failure::file, fmt::format("{}: {}", tried, std::generic_category().message(cause)),
+                       {from_utf8(name).value_or(name), 0, {}, {}});
+}
 
 void fresh_file::put_in_place() {
   out_.flush();
@@ -106,10 +113,10 @@ void fresh_file::put_in_place() {
   if (!synchronise_file(file_.number()) && !(beside_.empty() && (errno == EINVAL || errno == ENOTSUP))) refuse(errno);
   if (!file_.close()) refuse(errno);
   if (beside_.empty()) return;
-  if (!rename_file(beside_, target_)) raise_file_error("The file cannot be replaced", errno, target_);
+  if (!rename_file(beside_, target_)) refuse("The file cannot be replaced", errno);
   beside_.clear();
   if (synchronise_folder(folder_of(target_))) return;
-  raise_file_error("The folder of the file cannot be synchronised", errno, target_);
+  refuse("The folder of the file cannot be synchronised", errno);
 }
 
 }  // namespace velorin

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <ostream>
 #include <streambuf>
+#include <string_view>
 #include <vector>
 
 #include "database/file_calls.h"
@@ -50,8 +51,10 @@ class fresh_file {
 
   bool open_beside();
   void open_straight();
-  [[noreturn]] void refuse(int cause) const;
+  [[noreturn]] void refuse(std::string_view tried, int cause) const;
+  [[noreturn]] void refuse(int cause) const { refuse("The file cannot be written", cause); }
 
+  std::filesystem::path named_;  // as the user did; messages call the file so
   std::filesystem::path target_;
   std::filesystem::path beside_;  // empty while the target is written to straight
   descriptor file_;

@@ -171,9 +171,9 @@ void update_career() {
 void update_career_and_records() {
   if (!files.updates) return;
   const folder_lock turn(files.rec);
-  staged_files staged;
-  staged.add(files.rec, career_file_bytes(careers_with_match()));
-  staged.add(files.ptr, record_file_bytes(records_with_match()));
+  staged_files staged({files.rec, files.ptr});
+  staged.write(career_file_bytes(careers_with_match()));
+  staged.write(record_file_bytes(records_with_match()));
   staged.put_in_place();
 }
 

@@ -17,7 +17,8 @@ void update_career();
 void update_records();
 
 /// Both, as the end of a match does it. Requires, reads and raises as they do. Neither file is replaced before the new
-/// content of both is written: a failure leaves both as they were, unless it is the renaming of the second.
+/// content of both is written: a failure leaves both as they were, or, if it is the renaming of the second, to the next
+/// update to finish, which adds to the files as they are then.
 void update_career_and_records();
 
 }  // namespace velorin

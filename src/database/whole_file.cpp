@@ -9,13 +9,27 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <set>
 #include <system_error>
+#include <utility>
 
 #include "database/file_calls.h"
 #include "model/code_page.h"
 #include "model/run_time_error.h"
 
 namespace velorin {
+
+namespace {
+
+/// What the system tells of a file; nothing if there is none. Raises run_time_error (file).
+std::optional<struct stat> status_of(const std::filesystem::path& file) {
+  struct stat facts {};
+  if (::stat(file.c_str(), &facts) == 0) return facts;
+  if (errno != ENOENT && errno != ENOTDIR) raise_file_error("The file cannot be looked at", errno, file);
+  return std::nullopt;
+}
+
+}  // namespace
 
 void raise_file_error(std::string_view tried, int cause, const std::filesystem::path& file) {
   throw run_time_error(failure::file, fmt::format("{}: {}", tried, std::generic_category().message(cause)),
@@ -68,59 +82,65 @@ folder_lock::folder_lock(const std::filesystem::path& file) {
 
 folder_lock::~folder_lock() { ::close(folder_); }
 
-staged_file::staged_file(const std::filesystem::path& target, std::string_view content)
-    : target_(real_file(target)), beside_(target_) {
-  beside_ += ".new";
-  struct stat facts {};
-  const bool existed = ::stat(target_.c_str(), &facts) == 0;
-  if (!existed && errno != ENOENT && errno != ENOTDIR) {
-    raise_file_error("The file cannot be looked at", errno, target_);
+staged_files::staged_files(std::vector<std::filesystem::path> targets) {
+  for (const std::filesystem::path& target : targets) {
+    staged_file file{real_file(target), {}};
+    file.beside = file.target;
+    file.beside += files_.empty() ? ".new" : ".next";
+    files_.push_back(std::move(file));
   }
-  ::unlink(beside_.c_str());  // what a killed program has left
-  descriptor opened(open_file(beside_, O_WRONLY | O_CREAT | O_EXCL, 0666));
-  if (!opened.open()) raise_file_error("The file cannot be written", errno, target_);
-  pending_ = true;
+  settle();
+}
+
+staged_files::~staged_files() {
+  if (!begun_) remove_beside();
+}
+
+void staged_files::settle() {
+  const auto is_beside = [](const staged_file& file) { return status_of(file.beside).has_value(); };
+  const bool cut_off = !is_beside(files_.front()) && std::any_of(files_.begin() + 1, files_.end(), is_beside);
+  if (!cut_off) remove_beside();
+  for (const staged_file& file : files_) {
+    if (!cut_off || !is_beside(file) || rename_file(file.beside, file.target)) continue;
+    raise_file_error("The file cannot be replaced", errno, file.target);
+  }
+}
+
+void staged_files::remove_beside() const {
+  for (auto file = files_.rbegin(); file != files_.rend(); ++file) {
+    // What stays tells that those before it must stay, too.
+    if (::unlink(file->beside.c_str()) != 0 && errno != ENOENT) return;
+  }
+}
+
+void staged_files::write(std::string_view content) {
+  const staged_file& file = files_[written_++];
+  const std::optional<struct stat> old = status_of(file.target);
+  descriptor opened(open_file(file.beside, O_WRONLY | O_CREAT | O_EXCL, 0666));
+  if (!opened.open()) raise_file_error("The file cannot be written", errno, file.target);
   int cause = 0;
-  if (existed && ::fchmod(opened.number(), facts.st_mode & 07777) != 0) cause = errno;
+  if (old && ::fchmod(opened.number(), old->st_mode & 07777) != 0) cause = errno;
   if (cause == 0 && !write_all(opened.number(), content)) cause = errno;
   if (cause == 0 && !synchronise_file(opened.number())) cause = errno;
   if (!opened.close() && cause == 0) cause = errno;
-  if (cause != 0) {
-    ::unlink(beside_.c_str());
-    raise_file_error("The file cannot be written", cause, target_);
-  }
-}
-
-staged_file::~staged_file() {
-  if (pending_) ::unlink(beside_.c_str());
-}
-
-void staged_file::rename_over() {
-  if (!rename_file(beside_, target_)) raise_file_error("The file cannot be replaced", errno, target_);
-  pending_ = false;
-}
-
-void staged_file::synchronise() const {
-  if (synchronise_folder(folder_of(target_))) return;
-  raise_file_error("The folder of the file cannot be synchronised", errno, target_);
-}
-
-void staged_files::add(const std::filesystem::path& target, std::string_view content) {
-  files_.push_back(std::make_unique<staged_file>(target, content));
+  if (cause != 0) raise_file_error("The file cannot be written", cause, file.target);
 }
 
 void staged_files::put_in_place() {
-  for (const auto& file : files_) file->rename_over();
-  for (auto file = files_.begin(); file != files_.end(); ++file) {
-    const bool done = std::any_of(files_.begin(), file, [&](const auto& earlier) { return earlier->beside(**file); });
-    if (!done) (*file)->synchronise();
+  for (const staged_file& file : files_) {
+    if (!rename_file(file.beside, file.target)) raise_file_error("The file cannot be replaced", errno, file.target);
+    begun_ = true;
   }
-  files_.clear();
+  std::set<std::filesystem::path> done;
+  for (const staged_file& file : files_) {
+    if (!done.insert(folder_of(file.target)).second || synchronise_folder(folder_of(file.target))) continue;
+    raise_file_error("The folder of the file cannot be synchronised", errno, file.target);
+  }
 }
 
 void replace_file(const std::filesystem::path& target, std::string_view content) {
-  staged_files staged;
-  staged.add(target, content);
+  staged_files staged({target});
+  staged.write(content);
   staged.put_in_place();
 }
 

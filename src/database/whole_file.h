@@ -2,7 +2,6 @@
 #pragma once
 
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,9 +9,12 @@
 
 // Files are read and replaced as a whole. A new content goes to "<name>.new" beside the file, is synchronised and
 // renamed over the old one: a kill, a full disk or a crash at any moment leaves the old file or the new one. A
-// "<name>.new" that a killed program has left is removed by the next replacement of that file. Files that belong
-// together are all written before the first is renamed, so that only an end of the program between two renames, or a
-// rename that fails, leaves some new and some old.
+// "<name>.new" that a killed program has left is removed by the next replacement of that file.
+//
+// Files that belong together are all written before the first is renamed, the first to "<name>.new" and the others to
+// "<name>.next". The files beside are made from the first to the last, removed from the last to the first and renamed
+// from the first to the last. So a "<name>.next" without the first file's "<name>.new" is a whole new content whose
+// renaming was cut off, and the next replacement of these files begins with finishing it.
 
 namespace velorin {
 
@@ -39,42 +41,37 @@ class folder_lock {
   int folder_ = -1;
 };
 
-/// The new content of a file, written and synchronised beside it. Requires the lock of the folder.
-class staged_file {
- public:
-  /// Writes the content. Raises run_time_error (file), and leaves nothing behind then.
-  staged_file(const std::filesystem::path& target, std::string_view content);
-  /// Removes the content unless it has been put in place.
-  ~staged_file();
-  staged_file(const staged_file&) = delete;
-  staged_file& operator=(const staged_file&) = delete;
-
-  /// Renames the content over the target. Raises run_time_error (file).
-  void rename_over();
-  /// Makes that last, by synchronising the folder. Raises run_time_error (file).
-  void synchronise() const;
-
-  /// Both files lie in one folder.
-  bool beside(const staged_file& other) const { return target_.parent_path() == other.target_.parent_path(); }
-
- private:
-  std::filesystem::path target_;
-  std::filesystem::path beside_;
-  bool pending_ = false;
-};
-
 /// Files that are replaced together. Requires the lock of their folder.
 class staged_files {
  public:
-  /// Writes the content of one more. Raises run_time_error (file): all old files are whole then.
-  void add(const std::filesystem::path& target, std::string_view content);
+  /// Finishes or takes away what a killed program has left, so it comes before the old files are read. Raises
+  /// run_time_error (file).
+  explicit staged_files(std::vector<std::filesystem::path> targets);
+  /// Drops what has been written, unless putting it in place has begun.
+  ~staged_files();
+  staged_files(const staged_files&) = delete;
+  staged_files& operator=(const staged_files&) = delete;
 
-  /// Renames one after the other, then synchronises their folders. Raises run_time_error (file): the files before the
-  /// one that it names are new then, and the others old.
+  /// Writes and synchronises the new content of the next file. Raises run_time_error (file): all old files are whole
+  /// then.
+  void write(std::string_view content);
+
+  /// Requires the content of each. Renames one after the other, then synchronises their folders. Raises run_time_error
+  /// (file): if that is about a file behind the first, the next replacement finishes the work.
   void put_in_place();
 
  private:
-  std::vector<std::unique_ptr<staged_file>> files_;
+  struct staged_file {
+    std::filesystem::path target;
+    std::filesystem::path beside;
+  };
+
+  void settle();
+  void remove_beside() const;
+
+  std::vector<staged_file> files_;
+  std::size_t written_ = 0;
+  bool begun_ = false;
 };
 
 /// The same for one file. Requires the lock of the folder. Raises run_time_error (file): the old file is whole then,

@@ -160,9 +160,9 @@ void build_database(const std::filesystem::path& source, const std::filesystem::
   require_rules(places, grounds, built.teams);
 
   const folder_lock turn(team);
-  staged_files staged;
-  staged.add(team, counted_file(built.teams, team));
-  staged.add(grd, counted_file(grounds, grd));
+  staged_files staged({team, grd});
+  staged.write(counted_file(built.teams, team));
+  staged.write(counted_file(grounds, grd));
   staged.put_in_place();
 }
 

@@ -204,11 +204,13 @@ void dump_database(const database_files& database, const std::filesystem::path& 
 
   made_folders made(folder);
   const folder_lock turn(folder / "players.csv");
-  staged_files staged;
+  std::vector<std::filesystem::path> targets;
+  for (const dumped_table& table : tables) targets.push_back(folder / table.file);
+  staged_files staged(targets);
   for (const dumped_table& table : tables) {
     std::string content;
     for (const text_row& row : table.rows) content += csv_line(row);
-    staged.add(folder / table.file, content);
+    staged.write(content);
   }
   staged.put_in_place();
   made.keep();

@@ -89,11 +89,60 @@ TEST_F(WholeFile, TakesWhatAKilledProgramLeftAway) {
 TEST_F(WholeFile, AStagedFileThatIsNotPutInPlaceLeavesNothing) {
   write_bytes(folder / "f", "one");
   {
-    const staged_file staged(folder / "f", "two");
+    staged_files staged({folder / "f"});
+    staged.write("two");
     EXPECT_THAT(names_in(folder), ElementsAre("f", "f.new"));
   }
   EXPECT_THAT(names_in(folder), ElementsAre("f"));
   EXPECT_EQ(bytes_of(folder / "f"), "one");
+}
+
+TEST_F(WholeFile, FilesThatBelongTogetherAreDroppedTogether) {
+  write_bytes(folder / "f", "one");
+  {
+    staged_files staged({folder / "f", folder / "g"});
+    staged.write("two");
+    staged.write("three");
+    EXPECT_THAT(names_in(folder), ElementsAre("f", "f.new", "g.next"));
+  }
+  EXPECT_THAT(names_in(folder), ElementsAre("f"));
+  EXPECT_EQ(bytes_of(folder / "f"), "one");
+}
+
+// The first file's new content is still beside it: perhaps not all was written.
+TEST_F(WholeFile, FilesWhoseRenamingHadNotBegunStayOld) {
+  write_bytes(folder / "f", "one");
+  write_bytes(folder / "f.new", "two");
+  write_bytes(folder / "g.next", "thr");
+  const staged_files staged({folder / "f", folder / "g", folder / "h"});
+  EXPECT_THAT(names_in(folder), ElementsAre("f"));
+  EXPECT_EQ(bytes_of(folder / "f"), "one");
+}
+
+TEST_F(WholeFile, ARenamingThatWasCutOffIsFinished) {
+  write_bytes(folder / "f", "two");
+  write_bytes(folder / "g", "one");
+  write_bytes(folder / "g.next", "two");
+  write_bytes(folder / "h.next", "two");
+  const staged_files staged({folder / "f", folder / "g", folder / "h"});
+  EXPECT_THAT(names_in(folder), ElementsAre("f", "g", "h"));
+  EXPECT_EQ(bytes_of(folder / "g"), "two");
+  EXPECT_EQ(bytes_of(folder / "h"), "two");
+}
+
+// Else the rest of it would look like a whole content whose renaming was cut off.
+TEST_F(WholeFile, WhatCannotBeTakenAwayKeepsTheFilesBeforeIt) {
+  write_bytes(folder / "f", "one");
+  write_bytes(folder / "f.new", "two");
+  std::filesystem::create_directory(folder / "g.next");
+  for (int i = 0; i < 2; ++i) {
+    const auto error = error_of([&] {
+      staged_files staged({folder / "f", folder / "g"});
+      staged.write("two");
+    });
+    EXPECT_STREQ(error.what(), "The file cannot be written: File exists (file f)");
+    EXPECT_THAT(names_in(folder), ElementsAre("f", "f.new", "g.next"));
+  }
 }
 
 TEST_F(WholeFile, AMissingFileIsNothing) {

@@ -28,7 +28,7 @@ file_map other_tables() {
 }
 
 file_map small_database_files() {
-  const workbench bench;
+  workbench bench;
   const std::string small = (fs::path(VELORIN_TEST_DATA) / "data" / "small").string();
   const ending end = bench.run({{cli, "db", "build", small, (bench.data() / "small").string()}, {}, {}});
   if (end.status != 0) throw std::runtime_error("the small database cannot be built: " + end.err);
@@ -87,8 +87,8 @@ act dump_anew() {
 
 act exports() {
   act what;
-  what.words = joined(match_words, {"--html", "@/m.html", "--text", "@/m.txt", "--ball-by-ball", "@/balls.txt",
-                                    "--json", "@/m.json"});
+  what.words = joined(
+      match_words, {"--html", "@/m.html", "--text", "@/m.txt", "--ball-by-ball", "@/balls.txt", "--json", "@/m.json"});
   what.before = first_update().before;
   what.writes = {"balls.txt", "m.html", "m.json", "m.txt"};
   what.exports = true;
@@ -141,29 +141,28 @@ program act::on(const workbench& bench) const {
 }
 
 std::vector<std::string> act_names() {
-  return {"build", "build_anew", "update", "first_update", "dump", "dump_anew", "exports", "draws", "settings",
-          "first_settings"};
+  return {"build",     "build_anew", "update", "first_update", "dump",
+          "dump_anew", "exports",    "draws",  "settings",     "first_settings"};
 }
 
 act act_of(const std::string& name) {
-  const std::map<std::string, std::function<act()>> makers = {
-      {"build", build},
-      {"build_anew", build_anew},
-      {"update", update},
-      {"first_update", first_update},
-      {"dump", [] { return over_old(dump_anew()); }},
-      {"dump_anew", dump_anew},
-      {"exports", [] { return over_old(exports()); }},
-      {"draws", draws},
-      {"settings", settings},
-      {"first_settings", [] { return anew(settings()); }}};
+  const std::map<std::string, std::function<act()>> makers = {{"build", build},
+                                                              {"build_anew", build_anew},
+                                                              {"update", update},
+                                                              {"first_update", first_update},
+                                                              {"dump", [] { return over_old(dump_anew()); }},
+                                                              {"dump_anew", dump_anew},
+                                                              {"exports", [] { return over_old(exports()); }},
+                                                              {"draws", draws},
+                                                              {"settings", settings},
+                                                              {"first_settings", [] { return anew(settings()); }}};
   act what = makers.at(name)();
   what.name = name;
   return what;
 }
 
 file_map after(const act& what, const file_map& before) {
-  const workbench bench;
+  workbench bench;
   bench.lay_out(before);
   const ending end = bench.run(what.on(bench));
   if (end.status != 0) throw std::runtime_error("an undisturbed run fails: " + end.err);

@@ -10,11 +10,11 @@ namespace velorin::testing {
 
 /// Something that a program does to the files of a folder, with the same outcome every time.
 struct act {
-  std::string name;                  ///< "update" and the like
-  std::vector<std::string> words;    ///< the command line; "@" stands for the data folder
-  file_map before;                   ///< the data folder ahead of it
-  std::vector<std::string> writes;   ///< the files that it makes or replaces
-  bool exports = false;              ///< it writes through files of a random name
+  std::string name;                 ///< "update" and the like
+  std::vector<std::string> words;   ///< the command line; "@" stands for the data folder
+  file_map before;                  ///< the data folder ahead of it
+  std::vector<std::string> writes;  ///< the files that it makes or replaces
+  bool exports = false;             ///< it writes each file for itself, through one of a random name
 
   program on(const workbench& bench) const;
 };

@@ -124,9 +124,7 @@ class counted_call {
     return true;
   }
   /// So many of the bytes asked for.
-  std::size_t share_of(std::size_t bytes) const {
-    return hit_ && plan().cut_short && bytes > 1 ? bytes / 2 : bytes;
-  }
+  std::size_t share_of(std::size_t bytes) const { return hit_ && plan().cut_short && bytes > 1 ? bytes / 2 : bytes; }
   /// Another name than at first, as mkstemp gives it.
   void rename(const char* path) { path_ = path; }
   int opened(int descriptor) const {
@@ -146,13 +144,13 @@ class counted_call {
 // The function of this name in the libraries behind this one.
 #define THE_REAL(name) static const auto real = reinterpret_cast<decltype(&::name)>(::dlsym(RTLD_NEXT, #name))
 
-#define MODE_OF(flags)                      \
-  mode_t mode = 0;                          \
+#define MODE_OF(flags)                            \
+  mode_t mode = 0;                                \
   if (((flags) & (O_CREAT | __O_TMPFILE)) != 0) { \
-    va_list more;                           \
-    va_start(more, flags);                  \
-    mode = va_arg(more, mode_t);            \
-    va_end(more);                           \
+    va_list more;                                 \
+    va_start(more, flags);                        \
+    mode = va_arg(more, mode_t);                  \
+    va_end(more);                                 \
   }
 
 extern "C" {

@@ -23,8 +23,6 @@ void write_file(const fs::path& file, const std::string& bytes) {
   if (!out.flush()) throw std::runtime_error("a test's file cannot be written");
 }
 
-std::string numbered(const char* name, int place) { return std::string(name) + std::to_string(place); }
-
 /// Where the data folders are made: in memory if the machine offers that. Thousands of files are synchronised, and what
 /// a disk makes of it plays no part here.
 fs::path room() {
@@ -32,14 +30,18 @@ fs::path room() {
   return ::access(memory.c_str(), W_OK) == 0 ? memory : fs::temp_directory_path();
 }
 
-[[noreturn]] void become(const program& what, const fs::path& out, const fs::path& err) {
-  const auto put = [](const fs::path& file, int number) {
-    const int opened = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    if (opened < 0 || ::dup2(opened, number) < 0) ::_exit(126);
-    ::close(opened);
-  };
-  put(out, STDOUT_FILENO);
-  put(err, STDERR_FILENO);
+/// What is left in a pipe, which is closed.
+std::string rest_of(int pipe) {
+  std::string text;
+  char piece[4096];
+  for (ssize_t got = 0; (got = ::read(pipe, piece, sizeof piece)) > 0;)
+    text.append(piece, static_cast<std::size_t>(got));
+  ::close(pipe);
+  return text;
+}
+
+[[noreturn]] void become(const program& what, int out, int err) {
+  if (::dup2(out, STDOUT_FILENO) < 0 || ::dup2(err, STDERR_FILENO) < 0) ::_exit(126);
   for (const std::string& pair : what.environment) ::putenv(const_cast<char*>(pair.c_str()));
   std::vector<char*> words;
   for (const std::string& word : what.line) words.push_back(const_cast<char*>(word.c_str()));
@@ -68,6 +70,10 @@ workbench::workbench() {
 }
 
 workbench::~workbench() {
+  for (const auto& [place, pipes] : printed_) {
+    ::close(pipes.first);
+    ::close(pipes.second);
+  }
   std::error_code ignored;
   fs::remove_all(root_, ignored);
 }
@@ -99,14 +105,20 @@ file_map workbench::found() const {
   return content;
 }
 
-pid_t workbench::start(const program& what, int place) const {
+pid_t workbench::start(const program& what, int place) {
+  int out[2];
+  int err[2];
+  if (::pipe2(out, O_CLOEXEC) != 0 || ::pipe2(err, O_CLOEXEC) != 0) throw std::runtime_error("no pipe for a test");
   const pid_t process = ::fork();
   if (process < 0) throw std::runtime_error("no process for a test");
-  if (process == 0) become(what, beside(numbered("out", place)), beside(numbered("err", place)));
+  if (process == 0) become(what, out[1], err[1]);
+  ::close(out[1]);
+  ::close(err[1]);
+  printed_[place] = {out[0], err[0]};
   return process;
 }
 
-ending workbench::end_of(pid_t process, int place) const {
+ending workbench::end_of(pid_t process, int place) {
   int status = 0;
   while (::waitpid(process, &status, 0) < 0) {
     if (errno != EINTR) throw std::runtime_error("a test's process is gone");
@@ -114,12 +126,14 @@ ending workbench::end_of(pid_t process, int place) const {
   return ending_of(status, place);
 }
 
-ending workbench::ending_of(int wait_status, int place) const {
+ending workbench::ending_of(int wait_status, int place) {
   ending end;
   if (WIFEXITED(wait_status)) end.status = WEXITSTATUS(wait_status);
   if (WIFSIGNALED(wait_status)) end.signal = WTERMSIG(wait_status);
-  end.out = bytes_of_file(beside(numbered("out", place)));
-  end.err = bytes_of_file(beside(numbered("err", place)));
+  const auto pipes = printed_.at(place);
+  printed_.erase(place);
+  end.out = rest_of(pipes.first);
+  end.err = rest_of(pipes.second);
   return end;
 }
 

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 // Programs run as processes of their own, on a folder whose content is known before and looked at afterwards.
@@ -50,17 +51,18 @@ class workbench {
   void lay_out(const file_map& content) const;
   file_map found() const;
 
-  /// Starts a program; what it prints goes to files beside, told apart by `place`.
-  pid_t start(const program& what, int place = 0) const;
+  /// Starts a program. What it prints, which must be no more than a pipe holds, is told apart by `place`.
+  pid_t start(const program& what, int place = 0);
   /// Waits for its end.
-  ending end_of(pid_t process, int place = 0) const;
+  ending end_of(pid_t process, int place = 0);
   /// The ending of a process by the status that waitpid() told.
-  ending ending_of(int wait_status, int place = 0) const;
-  ending run(const program& what) const { return end_of(start(what)); }
+  ending ending_of(int wait_status, int place = 0);
+  ending run(const program& what) { return end_of(start(what)); }
 
  private:
   std::filesystem::path root_;
   std::filesystem::path data_;
+  std::map<int, std::pair<int, int>> printed_;  // pipes of standard output and error, by place
 };
 
 }  // namespace velorin::testing

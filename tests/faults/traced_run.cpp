@@ -16,19 +16,20 @@ namespace velorin::testing {
 
 namespace {
 
-constexpr int call_mark = 0x80;         // in the signal of a stop at a call
-constexpr int refusal = 125;            // exit status of a process that may not be traced
+constexpr int call_mark = 0x80;  // in the signal of a stop at a call
+constexpr int refusal = 125;     // exit status of a process that may not be traced
 
 }  // namespace
 
-traced_run::traced_run(const workbench& bench, program what) : bench_(bench) {
+traced_run::traced_run(workbench& bench, program what) : bench_(bench) {
   what.prepare = [earlier = what.prepare] {
     if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) ::_exit(refusal);
     if (earlier) earlier();
   };
   process_ = bench_.start(what);
   if (!wait()) {
-    if (!WIFEXITED(status_) || WEXITSTATUS(status_) != refusal) throw std::runtime_error("a traced program does not start");
+    if (!WIFEXITED(status_) || WEXITSTATUS(status_) != refusal)
+      throw std::runtime_error("a traced program does not start");
     refused_ = "the system does not let programs be traced";
     return;
   }
@@ -94,7 +95,7 @@ std::string traced_run::text_at(std::uint64_t address) const {
     if (::process_vm_readv(process_, &to, 1, &from, 1, 0) != static_cast<ssize_t>(size)) {
       throw std::runtime_error("a traced program's memory cannot be read");
     }
-    const char* const end = std::find(piece, piece + size, '\0');
+    char* const end = std::find(piece, piece + size, '\0');
     text.append(piece, end);
     if (end != piece + size) return text;
   }

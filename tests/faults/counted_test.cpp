@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The library that makes calls fail sees every call on a file of the data folder: its notes are those that the system
+// has of the same run.
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/syscall.h>
+
+#include <algorithm>
+#include <iostream>
+#include <sstream>
+
+#include "faults/acts.h"
+#include "faults/traced_run.h"
+
+namespace velorin::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Which argument of a call tells its file: a descriptor, a path, or a path that goes by a folder's descriptor before it.
+enum class told_by { descriptor, path, path_at };
+
+struct known_call {
+  std::uint64_t number;
+  const char* kind;
+  told_by by;
+  int place;  ///< of the argument that tells
+};
+
+/// "other": calls that the library does not know. They must not be made on a file of the folder.
+constexpr known_call known_calls[] = {
+#ifdef SYS_open
+    {SYS_open, "open", told_by::path, 0},
+    {SYS_creat, "open", told_by::path, 0},
+    {SYS_stat, "stat", told_by::path, 0},
+    {SYS_lstat, "stat", told_by::path, 0},
+    {SYS_rename, "rename", told_by::path, 1},
+    {SYS_unlink, "unlink", told_by::path, 0},
+    {SYS_rmdir, "unlink", told_by::path, 0},
+    {SYS_mkdir, "mkdir", told_by::path, 0},
+    {SYS_access, "other", told_by::path, 0},
+    {SYS_readlink, "other", told_by::path, 0},
+    {SYS_link, "other", told_by::path, 1},
+    {SYS_symlink, "other", told_by::path, 1},
+    {SYS_chmod, "other", told_by::path, 0},
+#endif
+    {SYS_openat, "open", told_by::path_at, 1},
+    {SYS_newfstatat, "stat", told_by::path_at, 1},
+    {SYS_fstat, "stat", told_by::descriptor, 0},
+    {SYS_renameat, "rename", told_by::path_at, 3},
+    {SYS_renameat2, "rename", told_by::path_at, 3},
+    {SYS_unlinkat, "unlink", told_by::path_at, 1},
+    {SYS_close, "close", told_by::descriptor, 0},
+    {SYS_read, "read", told_by::descriptor, 0},
+    {SYS_pread64, "read", told_by::descriptor, 0},
+    {SYS_readv, "read", told_by::descriptor, 0},
+    {SYS_write, "write", told_by::descriptor, 0},
+    {SYS_pwrite64, "write", told_by::descriptor, 0},
+    {SYS_writev, "write", told_by::descriptor, 0},
+    {SYS_ftruncate, "write", told_by::descriptor, 0},
+    {SYS_fsync, "sync", told_by::descriptor, 0},
+    {SYS_fdatasync, "sync", told_by::descriptor, 0},
+    {SYS_flock, "lock", told_by::descriptor, 0},
+    {SYS_fchmod, "chmod", told_by::descriptor, 0},
+    {SYS_getdents64, "list", told_by::descriptor, 0},
+    {SYS_mmap, "other", told_by::descriptor, 4},
+    {SYS_lseek, "other", told_by::descriptor, 0},
+    {SYS_fallocate, "other", told_by::descriptor, 0},
+    {SYS_sendfile, "other", told_by::descriptor, 0},
+    {SYS_copy_file_range, "other", told_by::descriptor, 0},
+    {SYS_preadv, "other", told_by::descriptor, 0},
+    {SYS_pwritev, "other", told_by::descriptor, 0},
+    {SYS_fchown, "other", told_by::descriptor, 0},
+    {SYS_statx, "other", told_by::path_at, 1},
+    {SYS_faccessat, "other", told_by::path_at, 1},
+    {SYS_faccessat2, "other", told_by::path_at, 1},
+    {SYS_readlinkat, "other", told_by::path_at, 1},
+    {SYS_linkat, "other", told_by::path_at, 3},
+    {SYS_symlinkat, "other", told_by::path_at, 2},
+    {SYS_mkdirat, "other", told_by::path_at, 1},
+    {SYS_fchmodat, "other", told_by::path_at, 1},
+    {SYS_truncate, "other", told_by::path, 0},
+    {SYS_utimensat, "other", told_by::path_at, 1}};
+
+/// Keeps the calls on files of a folder, as the library notes them.
+class call_watch {
+ public:
+  explicit call_watch(std::string folder) : folder_(std::move(folder)) {}
+
+  void take(const traced_run& run, const call_stop& stop) {
+    if (stop.entry) {
+      enter(run, stop);
+    } else if (opening_ && stop.result >= 0) {
+      open_[static_cast<int>(stop.result)] = path_;
+    }
+    if (!stop.entry) opening_ = false;
+  }
+
+  std::vector<std::string> calls;  ///< "kind path"
+
+ private:
+  bool below(const std::string& path) const { return path == folder_ || path.starts_with(folder_ + '/'); }
+
+  void enter(const traced_run& run, const call_stop& stop) {
+    opening_ = false;
+    const auto* known = std::find_if(std::begin(known_calls), std::end(known_calls),
+                                     [&](const known_call& one) { return one.number == stop.number; });
+    if (known == std::end(known_calls)) return;
+    path_ = file_of(run, stop, *known);
+    if (!below(path_)) return;
+    // The C library looks at a folder within fdopendir(), whose failure is that of the opening.
+    const bool of_library = stop.number == SYS_newfstatat && known->by == told_by::path_at &&
+                            run.text_at(stop.words[1]).empty() && fs::is_directory(path_);
+    if (of_library) return;
+    calls.push_back(std::string(known->kind) + ' ' + path_);
+    opening_ = std::string(known->kind) == "open";
+    if (stop.number == SYS_close) open_.erase(static_cast<int>(stop.words[0]));
+  }
+
+  std::string file_of(const traced_run& run, const call_stop& stop, const known_call& known) const {
+    const auto named = [this](std::uint64_t word) {
+      const auto found = open_.find(static_cast<int>(word));
+      return found == open_.end() ? std::string() : found->second;
+    };
+    if (known.by == told_by::descriptor) return named(stop.words[known.place]);
+    const std::string path = run.text_at(stop.words[known.place]);
+    if (known.by == told_by::path || path.starts_with('/')) return path;
+    const std::string folder = named(stop.words[known.place - 1]);
+    return folder.empty() || path.empty() ? folder : folder + '/' + path;
+  }
+
+  std::string folder_;
+  std::map<int, std::string> open_;
+  std::string path_;
+  bool opening_ = false;
+};
+
+/// One reading of a folder gives many entries: its calls are told once.
+std::vector<std::string> with_lists_told_once(const std::vector<std::string>& calls) {
+  std::vector<std::string> told;
+  for (const std::string& call : calls) {
+    const bool again = call.starts_with("list ") && std::find(told.begin(), told.end(), call) != told.end();
+    if (!again) told.push_back(call);
+  }
+  return told;
+}
+
+class Counted : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(Counted, TheLibrarySeesWhatTheSystemSees) {
+  const act what = act_of(GetParam());
+  workbench bench;
+  bench.lay_out(what.before);
+  program started = what.on(bench);
+  const fs::path notes = bench.beside("notes");
+  started.environment = {"LD_PRELOAD=" VELORIN_FAULT_PRELOAD, "VELORIN_FAULT_FOLDER=" + bench.data().string(),
+                         "VELORIN_FAULT_NOTES=" + notes.string()};
+  call_watch seen(bench.data().string());
+  traced_run run(bench, started);
+  if (!run.refused().empty()) GTEST_SKIP() << run.refused();
+  while (const auto stop = run.next()) seen.take(run, *stop);
+  const ending end = run.end();
+  ASSERT_EQ(end.status, 0) << end.err;
+
+  std::vector<std::string> noted;
+  std::istringstream lines(bytes_of_file(notes));
+  for (std::string line; std::getline(lines, line);) noted.push_back(line);
+  EXPECT_GT(noted.size(), 10U);
+  EXPECT_THAT(with_lists_told_once(noted), ::testing::ElementsAreArray(with_lists_told_once(seen.calls)));
+  std::cout << GetParam() << ": " << seen.calls.size() << " calls\n";
+}
+
+INSTANTIATE_TEST_SUITE_P(Acts, Counted, ::testing::ValuesIn(act_names()), [](const auto& of) { return of.param; });
+
+}  // namespace
+}  // namespace velorin::testing
