@@ -77,6 +77,7 @@ TEST_F(Configuration, WithoutAReadableFileTheSettingsStay) {
   std::filesystem::remove(folder / "options.mc");
   std::filesystem::create_directory(folder / "options.mc");
   EXPECT_FALSE(read_options()) << "a folder";
+  EXPECT_EQ(error_of([] { require_readable_options(); }).kind(), failure::file) << "there, and not to be read";
   EXPECT_EQ(settings.database_name, "kept");
 }
 

@@ -64,10 +64,7 @@ class Kill : public testing::database_fixture {};
 /// The child of a round: it plays the same match until it is killed.
 [[noreturn]] void play_on() {
   try {
-    for (;;) {
-      update_career();
-      update_records();
-    }
+    for (;;) update_career_and_records();
   } catch (const run_time_error&) {
     ::_exit(1);
   }
@@ -93,7 +90,7 @@ TEST_F(Kill, LeavesTheOldFileOrTheNewOne) {
     ASSERT_TRUE(WIFSIGNALED(status)) << "the child ended by itself, with " << WEXITSTATUS(status);
 
     for (const auto& entry : std::filesystem::directory_iterator(folder / "game")) {
-      if (entry.path().extension() == ".new") ++left_behind;
+      if (entry.path().extension() == ".new" || entry.path().extension() == ".next") ++left_behind;
     }
     const std::string rec = std::filesystem::exists(files.rec) ? bytes_of(files.rec) : "";
     const std::string ptr = std::filesystem::exists(files.ptr) ? bytes_of(files.ptr) : "";
@@ -103,8 +100,7 @@ TEST_F(Kill, LeavesTheOldFileOrTheNewOne) {
   }
   RecordProperty("kills", rounds);
   RecordProperty("kills within a replacement", left_behind);
-  update_career();
-  update_records();
+  update_career_and_records();
   EXPECT_THAT(testing::names_in(files.folder), ::testing::ElementsAre("base.ptr", "base.rec"));
 }
 

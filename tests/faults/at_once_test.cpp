@@ -47,8 +47,20 @@ class AtOnce : public ::testing::Test {
   program player(int seed, int matches, const std::string& team1, const std::string& team2,
                  const std::string& json = {}) {
     program what;
-    what.line = {VELORIN_CLI, "--teams-dir", bench_.data().string(), "--seed", std::to_string(seed), "match", "--update",
-                 "--quiet", "--matches", std::to_string(matches), "--team1", team1, "--team2", team2};
+    what.line = {VELORIN_CLI,
+                 "--teams-dir",
+                 bench_.data().string(),
+                 "--seed",
+                 std::to_string(seed),
+                 "match",
+                 "--update",
+                 "--quiet",
+                 "--matches",
+                 std::to_string(matches),
+                 "--team1",
+                 team1,
+                 "--team2",
+                 team2};
     if (!json.empty()) what.line.insert(what.line.end(), {"--json", bench_.beside(json).string()});
     return what;
   }

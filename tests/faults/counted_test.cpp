@@ -17,7 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Which argument of a call tells its file: a descriptor, a path, or a path that goes by a folder's descriptor before it.
+/// Which argument of a call tells its file: a descriptor, a path, or a path that goes by a folder's descriptor before
+/// it.
 enum class told_by { descriptor, path, path_at };
 
 struct known_call {

@@ -153,7 +153,8 @@ class small_disk {
 long pages_of(const file_map& files) {
   const long page = ::sysconf(_SC_PAGESIZE);
   long pages = 0;
-  for (const auto& [name, bytes] : files) pages += bytes == a_folder ? 0 : (static_cast<long>(bytes.size()) + page - 1) / page;
+  for (const auto& [name, bytes] : files)
+    pages += bytes == a_folder ? 0 : (static_cast<long>(bytes.size()) + page - 1) / page;
   return pages;
 }
 
