@@ -73,9 +73,9 @@ TEST_F(Draws, BrokenFilesAreRefusedWithFileAndLine) {
   const std::filesystem::path broken = std::filesystem::path(VELORIN_TEST_DATA) / "data" / "broken";
   const auto refusal = [&](const char* name) { return error(1, {"--draws", (broken / name).string(), "match"}); };
   EXPECT_EQ(refusal("BrokenNumberNotBelowOne.draws"),
-            "velorin-cli: \"1.0\" is no number in [0,1) (file BrokenNumberNotBelowOne.draws, record 2)\n");
+            "velorin-cli: \"1.0\" is no number in [0,1) (file BrokenNumberNotBelowOne.draws, record 2)");
   EXPECT_EQ(refusal("BrokenZeroByte.draws"),
-            "velorin-cli: \"0.2 5\" is no number in [0,1) (file BrokenZeroByte.draws, record 2)\n");
+            "velorin-cli: \"0.2 5\" is no number in [0,1) (file BrokenZeroByte.draws, record 2)");
 }
 
 TEST_F(Draws, LinesMayEndAsElsewhere) {
