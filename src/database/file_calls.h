@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <sys/types.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <string_view>

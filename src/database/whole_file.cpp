@@ -29,6 +29,15 @@ std::optional<struct stat> status_of(const std::filesystem::path& file) {
   return std::nullopt;
 }
 
+/// There is a file of this name, and it is no folder, link or other thing that no staged_files has made. Raises
+/// run_time_error (file).
+bool is_plain_file(const std::filesystem::path& file) {
+  struct stat facts {};
+  if (::lstat(file.c_str(), &facts) == 0) return S_ISREG(facts.st_mode);
+  if (errno != ENOENT && errno != ENOTDIR) raise_file_error("The file cannot be looked at", errno, file);
+  return false;
+}
+
 }  // namespace
 
 void raise_file_error(std::string_view tried, int cause, const std::filesystem::path& file) {
@@ -97,7 +106,7 @@ staged_files::~staged_files() {
 }
 
 void staged_files::settle() {
-  const auto is_beside = [](const staged_file& file) { return status_of(file.beside).has_value(); };
+  const auto is_beside = [](const staged_file& file) { return is_plain_file(file.beside); };
   const bool cut_off = !is_beside(files_.front()) && std::any_of(files_.begin() + 1, files_.end(), is_beside);
   if (!cut_off) remove_beside();
   for (const staged_file& file : files_) {

@@ -224,10 +224,10 @@ TEST_F(WorldBuild, AFailedWriteLeavesTheOldDatabase) {
   build({halden}, {park});
   const std::string team = bytes_of(files.team);
   std::filesystem::remove(files.grd);
-  std::filesystem::create_directory(folder / "base.grd.new");
+  std::filesystem::create_directory(folder / "base.grd.next");
   EXPECT_EQ(error_of([&] { build({halden, orr}, {park}); }).kind(), failure::file);
   EXPECT_EQ(bytes_of(files.team), team);
-  EXPECT_THAT(names_in(folder), ElementsAre("base.grd.new", "base.team", "source"));
+  EXPECT_THAT(names_in(folder), ElementsAre("base.grd.next", "base.team", "source"));
 }
 
 }  // namespace

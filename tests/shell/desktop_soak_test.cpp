@@ -2,11 +2,11 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 
 #include "model/teams.h"
-#include "reports/partnerships.h"
 #include "shell/game_fixture.h"
 
 // Many matches by clicking in one run of the game, from one menu: captains of all kinds, teams in turn, every report
@@ -81,7 +81,9 @@ TEST_F(DesktopSoak, NothingGrowsOverManyMatches) {
         windows = QApplication::topLevelWidgets().size();
         memory_early = resident_memory();
       }
-      if (number > warm_up) ASSERT_EQ(QApplication::topLevelWidgets().size(), windows);
+      if (number > warm_up) {
+        ASSERT_EQ(QApplication::topLevelWidgets().size(), windows);
+      }
     }
     memory_late = resident_memory();
   });
@@ -91,7 +93,9 @@ TEST_F(DesktopSoak, NothingGrowsOverManyMatches) {
   std::printf("%d matches; %ld kB after %d of them, %ld kB at the end; %d windows\n", matches, memory_early, warm_up,
               memory_late, static_cast<int>(windows));
   // The careers of all teams grow with the first matches, the caches of glyphs and styles with what has been shown.
-  if (memory_tells) EXPECT_LT(memory_late - memory_early, 12 * 1024);
+  if (memory_tells) {
+    EXPECT_LT(memory_late - memory_early, 12 * 1024);
+  }
 }
 
 }  // namespace
