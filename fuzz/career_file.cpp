@@ -107,7 +107,9 @@ void take(std::string_view input) {
     require(read || !faultless, "what cannot be read is a fault");
     if (read) look(choice, careers);
   }
-  if (choice >= 24) {
+  if (choice >= 28) {
+    update_both(files.rec, file, files.ptr, records);
+  } else if (choice >= 24) {
     update(file, faultless);
   } else if (choice >= 16) {
     write_and_read_again(careers);

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "database/configuration.h"
+#include "database/records.h"
 #include "database/saveavgs.h"
 #include "database/teams_file.h"
 #include "database/world.h"
@@ -60,6 +61,27 @@ void shrink_database() {
 void stage_finished_match() {
   require(finished.has_value(), "the database is laid out");
   match = *finished;
+}
+
+bool update_both(const std::filesystem::path& fuzzed, std::string_view before, const std::filesystem::path& other,
+                 std::string_view sound) {
+  write_bytes(other, sound);
+  stage_finished_match();
+  const bool updated = done(fuzzed.filename().native(), update_career_and_records);
+  if (updated) {
+    read_career_table();
+    read_record_lists();
+  } else {
+    require_bytes(fuzzed, before);
+    require_bytes(other, sound);
+  }
+  for (const std::filesystem::path& file : {fuzzed, other}) {
+    for (const char* ending : {".new", ".next"}) {
+      require(!std::filesystem::exists(file.native() + ending), "nothing is left beside a file", file.native());
+    }
+  }
+  std::filesystem::remove(other);
+  return updated;
 }
 
 }  // namespace velorin::fuzz

@@ -59,7 +59,7 @@ void make_grounds(const fs::path& folder) {
 
 void make_careers(const fs::path& folder) {
   const std::string rec = bytes_of(files.rec);
-  for (const int choice : {3, 6, 9, 12, 13, 14, 16, 24}) {
+  for (const int choice : {3, 6, 9, 12, 13, 14, 16, 24, 28}) {
     write_bytes(folder / ("match-" + std::to_string(choice)), static_cast<char>(choice) + folded(rec, career_slot));
   }
   write_bytes(folder / "cut-short", '\0' + folded(rec.substr(0, career_slot + 200), career_slot));
@@ -71,7 +71,7 @@ void make_careers(const fs::path& folder) {
   careers.teams[1].players[2].runs = 2'147'483'640;
   fs::remove(files.rec);
   write_career_table(careers);
-  for (const int choice : {1, 4, 11, 12, 15, 16, 24}) {
+  for (const int choice : {1, 4, 11, 12, 15, 16, 24, 28}) {
     write_bytes(folder / ("two-men-" + std::to_string(choice)),
                 static_cast<char>(choice) + folded(bytes_of(files.rec), career_slot));
   }
@@ -90,7 +90,7 @@ void make_records_of(const record_lists& lists, const fs::path& name, std::initi
 void make_records(const fs::path& folder) {
   const std::string ptr = bytes_of(files.ptr);
   write_bytes(folder / "cut-short", '\5' + folded(ptr.substr(0, 80 * records_slot + 3), records_slot));
-  make_records_of(read_record_lists(), folder / "match", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 12});
+  make_records_of(read_record_lists(), folder / "match", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 12, 14});
   record_lists lists;
   lists.table_team_count = 1;
   team_table& team = lists.teams[1];
@@ -100,9 +100,9 @@ void make_records(const fs::path& folder) {
   team.high_for.value = std::string(" 231 ");
   team.low_for.value = integer(no_total_yet);
   team.team_name.value = std::string("Alba");
-  make_records_of(lists, folder / "every-tag", {5, 6, 7, 8, 9, 10, 12});
+  make_records_of(lists, folder / "every-tag", {5, 6, 7, 8, 9, 10, 12, 14});
   team.home_won.value = team.away_won.value = 1.7e308;
-  make_records_of(lists, folder / "beyond-double", {5, 6, 12});
+  make_records_of(lists, folder / "beyond-double", {5, 6, 12, 14});
 }
 
 void make_elevens(const fs::path& folder) {

@@ -20,6 +20,8 @@ namespace {
 
 constexpr std::size_t most_slots = team_table_record + 26 * team_table_fields;
 
+std::string careers;  ///< the file of careers that goes with the records
+
 template <typename Line, std::size_t n>
 void require_same(const std::array<Line, n>& a, const std::array<Line, n>& b) {
   for (std::size_t i = 1; i < n; ++i) require(encoded(a[i]) == encoded(b[i]), "lists are read as they were written");
@@ -121,19 +123,26 @@ void take(std::string_view input) {
     require(read || !faultless, "what cannot be read is a fault");
     if (read) look(choice, lists);
   }
-  if (choice >= 12) {
+  if (choice >= 14) {
+    update_both(files.ptr, file, files.rec, careers);
+  } else if (choice >= 12) {
     update(file, faultless);
   } else if (choice >= 10) {
     write_and_read_again(lists);
   }
 }
 
+void prepare() {
+  lay_out_database();
+  careers = bytes_of(files.rec);
+  shrink_database();
+}
+
 }  // namespace
 }  // namespace velorin::fuzz
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  velorin::fuzz::lay_out_database();
-  velorin::fuzz::shrink_database();
+  velorin::fuzz::prepare();
   return 0;
 }
 
