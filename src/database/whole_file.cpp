@@ -117,8 +117,8 @@ void staged_files::settle() {
 
 void staged_files::remove_beside() const {
   for (auto file = files_.rbegin(); file != files_.rend(); ++file) {
-    // What stays tells that those before it must stay, too.
-    if (::unlink(file->beside.c_str()) != 0 && errno != ENOENT) return;
+    // A file that stays tells that those before it must stay, too. A folder tells nothing.
+    if (::unlink(file->beside.c_str()) != 0 && errno != ENOENT && errno != EISDIR) return;
   }
 }
 
