@@ -131,7 +131,7 @@ TEST_F(WholeFile, ARenamingThatWasCutOffIsFinished) {
 }
 
 // Else the rest of it would look like a whole content whose renaming was cut off.
-TEST_F(WholeFile, WhatCannotBeTakenAwayKeepsTheFilesBeforeIt) {
+TEST_F(WholeFile, AFolderInTheWayOfANewContentLeavesTheOldFiles) {
   write_bytes(folder / "f", "one");
   write_bytes(folder / "f.new", "two");
   std::filesystem::create_directory(folder / "g.next");
@@ -139,9 +139,11 @@ TEST_F(WholeFile, WhatCannotBeTakenAwayKeepsTheFilesBeforeIt) {
     const auto error = error_of([&] {
       staged_files staged({folder / "f", folder / "g"});
       staged.write("two");
+      staged.write("two");
     });
-    EXPECT_STREQ(error.what(), "The file cannot be written: File exists (file f)");
-    EXPECT_THAT(names_in(folder), ElementsAre("f", "f.new", "g.next"));
+    EXPECT_STREQ(error.what(), "The file cannot be written: File exists (file g)");
+    EXPECT_EQ(read_file(folder / "f"), "one");
+    EXPECT_THAT(names_in(folder), ElementsAre("f", "g.next"));
   }
 }
 
