@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/algorithm.h"
 
-#include <bit>
-
 #include "model/random.h"
 #include "model/rounding.h"
 #include "model/run_time_error.h"
@@ -30,9 +28,9 @@ constexpr std::array<bowling_weight, 5> bowling_weights = {{{0.25, -3}, {0.15, -
 /// Window sizes in parts of the runs per over, in the order of the scale behind the wicket's.
 constexpr std::array<double, 9> run_weights = {63.33, 15.333, 3.8666, 12.6666, 1.4666, 1.6666, 1.8666, 1, 0.6666};
 
-/// Outcomes in the order of the scale; behind its end the dot ball.
-constexpr std::array<int, 11> scale_order = {wicket,  one_run,   two_runs, three_runs, four_runs, six_runs,
-                                             no_ball, wide_ball, leg_byes, byes,       dot_ball};
+/// Outcomes in the order of the scale.
+constexpr std::array<int, 10> scale_order = {wicket,   one_run, two_runs,  three_runs, four_runs,
+                                             six_runs, no_ball, wide_ball, leg_byes,   byes};
 
 [[noreturn]] void raise_division(const char* field, const std::string& player) {
   throw run_time_error(failure::division, "Division by zero in the delivery model",
@@ -98,15 +96,12 @@ std::array<double, 10> delivery_windows(const expectations& expected) {
 }
 
 int classify(int draw, const std::array<double, 10>& windows) {
-  // A bit for each window that ends at the draw or behind it; the first of them counts. No branch, since it would be
-  // guessed wrongly as often as not.
-  unsigned reached = 1U << windows.size();
   double end = 0;
   for (std::size_t i = 0; i < windows.size(); ++i) {
     end += windows[i];
-    reached |= static_cast<unsigned>(draw <= end) << i;
+    if (draw <= end) return scale_order[i];
   }
-  return scale_order[static_cast<std::size_t>(std::countr_zero(reached))];
+  return dot_ball;
 }
 
 void deliver_ball() {
