@@ -29,6 +29,10 @@ if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT VELORIN_SANITIZE)
   set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ${ipo})
 endif()
 
+# One file may see the names of the others of its lot.
+set(CMAKE_UNITY_BUILD ${VELORIN_UNITY})
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 10)
+
 # The library targets of rooms and libraries: a name without "::" is a room.
 function(velorin_targets result)
   set(targets "")

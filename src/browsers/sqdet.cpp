@@ -17,7 +17,7 @@ namespace velorin {
 
 namespace {
 
-constexpr std::string_view no_rate = " -  ";
+constexpr std::string_view unknown_rate = " -  ";
 constexpr std::string_view no_ball_faced = " 0 ";
 
 /// The place of a text in a list, or -1.
@@ -37,11 +37,11 @@ std::vector<shown_field> batting_fields(const career_rec& career) {
           {"Runs ", number_text(career.runs)},
           {"Balls faced", number_text(career.balls_faced)},
           {"Highest Score:", high_score_text(career) + "  vs  " + career.high_against},
-          {"Average", rate_text(batting_average(career), no_rate)},
+          {"Average", rate_text(batting_average(career), unknown_rate)},
           {"Strike Rate", rate_text(batting_strike_rate(career), no_ball_faced)},
           {"Hundreds", number_text(career.hundreds)},
           {"Fifties", number_text(career.fifties)},
-          {"% 50 +", rate_text(fifty_plus_rate(career), no_rate)},
+          {"% 50 +", rate_text(fifty_plus_rate(career), unknown_rate)},
           {"Fours", number_text(career.fours)},
           {"Sixes", number_text(career.sixes)}};
 }
@@ -53,9 +53,9 @@ std::vector<shown_field> bowling_fields(const career_rec& career) {
           {"Runs Given", number_text(career.runs_given)},
           {"Wickets", number_text(career.wickets)},
           {"Best Bowling:", best_bowling_text(career) + "  vs  " + career.best_against},
-          {"Average", rate_text(bowling_average(career), no_rate)},
-          {"Strike Rate", rate_text(bowling_strike_rate(career), no_rate)},
-          {"Economy", rate_text(economy_rate(career), no_rate)},
+          {"Average", rate_text(bowling_average(career), unknown_rate)},
+          {"Strike Rate", rate_text(bowling_strike_rate(career), unknown_rate)},
+          {"Economy", rate_text(economy_rate(career), unknown_rate)},
           {"5 wkts ", number_text(career.five_wickets)}};
 }
 

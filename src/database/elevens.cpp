@@ -59,7 +59,7 @@ void read_eleven(const std::filesystem::path& path, eleven& men) {
 }
 
 /// Renames and tells the cause if that failed, else 0.
-int rename_file(const std::filesystem::path& from, const std::filesystem::path& to) {
+int error_of_rename(const std::filesystem::path& from, const std::filesystem::path& to) {
   return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
@@ -102,16 +102,16 @@ void swap_elevens() {
   if (std::filesystem::exists(std::filesystem::symlink_status(spare_file(), ignored))) {
     raise_file_error("The elevens cannot be exchanged", EEXIST, spare_file());
   }
-  if (const int cause = rename_file(second_file(), spare_file())) {
+  if (const int cause = error_of_rename(second_file(), spare_file())) {
     raise_file_error("The elevens cannot be exchanged", cause, second_file());
   }
-  if (const int cause = rename_file(first_file(), second_file())) {
-    rename_file(spare_file(), second_file());
+  if (const int cause = error_of_rename(first_file(), second_file())) {
+    error_of_rename(spare_file(), second_file());
     raise_file_error("The elevens cannot be exchanged", cause, first_file());
   }
-  if (const int cause = rename_file(spare_file(), first_file())) {
-    rename_file(second_file(), first_file());
-    rename_file(spare_file(), second_file());
+  if (const int cause = error_of_rename(spare_file(), first_file())) {
+    error_of_rename(second_file(), first_file());
+    error_of_rename(spare_file(), second_file());
     raise_file_error("The elevens cannot be exchanged", cause, spare_file());
   }
 }

@@ -17,7 +17,7 @@ constexpr std::string_view roles[] = {"Opener", "Middle Order", "Lower Order"};
 constexpr int most_days_hour = 23;
 constexpr int most_hours_minute = 59;
 
-std::string single_text(float value) { return std::isfinite(value) ? number_text(value) : "not a number"; }
+std::string rate_text(float value) { return std::isfinite(value) ? number_text(value) : "not a number"; }
 
 /// The bytes of the record that carries a man into the match: it leaves the reserved texts behind.
 std::size_t eleven_size(const player_rec& man) {
@@ -52,7 +52,7 @@ class player_rules {
 
  private:
   void check_rate(const char* field, float rate) {
-    if (!std::isfinite(rate) || rate <= 0) add(field, field, fmt::format("{}, must be above 0", single_text(rate)));
+    if (!std::isfinite(rate) || rate <= 0) add(field, field, fmt::format("{}, must be above 0", rate_text(rate)));
   }
 
   std::vector<rule_fault>& faults_;

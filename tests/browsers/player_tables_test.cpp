@@ -33,7 +33,7 @@ class PlayerTables : public figures_fixture {
 };
 
 /// A man with an average of `average`.
-career_rec averaging(const std::string& name, int average) { return batsman(name, 1, 0, average, 1); }
+career_rec with_average(const std::string& name, int average) { return batsman(name, 1, 0, average, 1); }
 
 TEST_F(PlayerTables, HaveTheirTitlesAndColumnsWithoutAnyRow) {
   const char* const titles[] = {"",
@@ -68,9 +68,9 @@ TEST_F(PlayerTables, HaveTheirTitlesAndColumnsWithoutAnyRow) {
 }
 
 TEST_F(PlayerTables, RowsKnowTheirMenAndTeams) {
-  add("Alba", averaging("A.Same", 10));
-  add("Bora", averaging("B.Best", 30)).hundreds = 2;
-  add("Bora", averaging("A.Same", 20)).hundreds = 1;
+  add("Alba", with_average("A.Same", 10));
+  add("Bora", with_average("B.Best", 30)).hundreds = 2;
+  add("Bora", with_average("A.Same", 20)).hundreds = 1;
   const auto teams = [](const shown_table& table) {
     std::vector<std::string> lines;
     for (const shown_table::row& line : table.rows) lines.push_back(line.player + " of " + line.team + line.partner);
@@ -192,9 +192,9 @@ TEST_F(PlayerTables, KeysEqualOnlyAfterRoundingTie) {
 }
 
 TEST_F(PlayerTables, ACareerOfATeamTakesItsMenAlone) {
-  add("Alba", averaging("A.One", 20));
-  add("Tamar", averaging("T.One", 50));
-  add("Alba", averaging("A.Two", 30));
+  add("Alba", with_average("A.One", 20));
+  add("Tamar", with_average("T.One", 50));
+  add("Alba", with_average("A.Two", 30));
   EXPECT_THAT(names(8, "Alba"), ElementsAre("A.Two", "A.One"));
   EXPECT_THAT(names(9, "Tamar"), ElementsAre("T.One"));
   EXPECT_THAT(names(8, "Umbria"), IsEmpty());
@@ -202,7 +202,7 @@ TEST_F(PlayerTables, ACareerOfATeamTakesItsMenAlone) {
 }
 
 TEST_F(PlayerTables, HaveFifteenRows) {
-  for (int man = 1; man <= 16; ++man) add(man % 2 == 0 ? "Alba" : "Tamar", averaging(fmt::format("Man{}", man), man));
+  for (int man = 1; man <= 16; ++man) add(man % 2 == 0 ? "Alba" : "Tamar", with_average(fmt::format("Man{}", man), man));
   const shown_table table = opened(1);
   ASSERT_EQ(table.rows.size(), 15U);
   EXPECT_EQ(row(table, 0)[0], "Man16");
@@ -211,9 +211,9 @@ TEST_F(PlayerTables, HaveFifteenRows) {
 }
 
 TEST_F(PlayerTables, AManWithoutANameHidesHisRow) {
-  add("Alba", averaging("A.One", 50));
-  add("Alba", averaging("", 40));
-  add("Alba", averaging("A.Two", 30));
+  add("Alba", with_average("A.One", 50));
+  add("Alba", with_average("", 40));
+  add("Alba", with_average("A.Two", 30));
   const shown_table table = opened(1);
   EXPECT_THAT(column(table, "Player"), ElementsAre("A.One", "A.Two"));
   EXPECT_THAT(places(table), ElementsAre(1, 3));

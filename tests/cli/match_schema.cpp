@@ -44,7 +44,7 @@ check array(int length, const check& entry) {
   };
 }
 
-const check man = object({{"name", text},
+const check player = object({{"name", text},
                           {"bat_skill", whole},
                           {"bowl_sr", number},
                           {"econ", number},
@@ -112,8 +112,8 @@ const schema state_fields = {{"team1_name", text},
                              {"first_wides", whole},
                              {"first_byes", whole},
                              {"first_leg_byes", whole},
-                             {"batting_xi", array(11, man)},
-                             {"bowling_xi", array(11, man)},
+                             {"batting_xi", array(11, player)},
+                             {"bowling_xi", array(11, player)},
                              {"batting_card", array(11, batting_line)},
                              {"first_batting_card", array(11, batting_line)},
                              {"bowling_card", array(11, bowling_line)},

@@ -7,6 +7,12 @@
 
 namespace velorin::testing {
 
+std::vector<std::string> order(const std::vector<league_texts>& table) {
+  std::vector<std::string> names;
+  for (const league_texts& row : table) names.push_back(row[0]);
+  return names;
+}
+
 void CupTest::SetUp() {
   CompetitionTest::SetUp();
   std::vector<std::string> names = cup_group_a;

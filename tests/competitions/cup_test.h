@@ -5,12 +5,16 @@
 #include <vector>
 
 #include "competitions/competition_test.h"
+#include "competitions/wcsstab.h"
 #include "competitions/wctable.h"
 
 namespace velorin::testing {
 
 inline const std::vector<std::string> cup_group_a = {"Ardell", "Brava", "Corrin", "Dessa", "Elmar"};
 inline const std::vector<std::string> cup_group_b = {"Farol", "Gintra", "Halden", "Isker", "Jorvik"};
+
+/// The teams of a table as shown, from the top.
+std::vector<std::string> order(const std::vector<league_texts>& table);
 
 /// A database of ten teams and the form of the World Cup, open on them: Ardell is the host.
 class CupTest : public CompetitionTest {

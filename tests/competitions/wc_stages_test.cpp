@@ -15,12 +15,6 @@ using CupStages = CupTest;
 /// played, won, lost, tied, points of a row.
 std::vector<int> figures(const league_row& row) { return {row.played, row.won, row.lost, row.tied, row.points}; }
 
-std::vector<std::string> order(const std::vector<league_texts>& table) {
-  std::vector<std::string> names;
-  for (const league_texts& row : table) names.push_back(row[0]);
-  return names;
-}
-
 /// The texts of a table, the rate with them.
 std::vector<std::string> row_texts(const league_texts& row) { return {row.begin(), row.end()}; }
 

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "competitions/cup_test.h"
 #include "competitions/world_cup.h"
 
 namespace velorin::testing {
@@ -39,12 +40,6 @@ void fill(league_row& row, int played, int won, int lost, int tied, int points, 
   row.tied = tied;
   row.points = points;
   row.net_run_rate = rate;
-}
-
-std::vector<std::string> order(const std::vector<league_texts>& table) {
-  std::vector<std::string> names;
-  for (const league_texts& row : table) names.push_back(row[0]);
-  return names;
 }
 
 TEST_F(CupTables, BeforeAnyMatchTheGroupsStandInTheOrderOfTheDraw) {

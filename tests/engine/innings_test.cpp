@@ -150,9 +150,9 @@ TEST_F(Innings, TheLastOverIsNotClosed) {
   play_first_innings(false, false);
   EXPECT_EQ(match.first_ball_log[49][7], "A.Bowl1");
   EXPECT_EQ(match.first_ball_log[49][1], "2");
-  const auto& last = match.first_ball_log[50];
-  EXPECT_THAT(std::vector(last.begin() + 1, last.end()), ElementsAre("4", "W", "2", "3", "2", "0", ""));
-  for (const auto& over : match.ball_log) EXPECT_THAT(over, ::testing::Each(""));
+  const auto& over = match.first_ball_log[50];
+  EXPECT_THAT(std::vector(over.begin() + 1, over.end()), ElementsAre("4", "W", "2", "3", "2", "0", ""));
+  for (const auto& symbols : match.ball_log) EXPECT_THAT(symbols, ::testing::Each(""));
   EXPECT_EQ(match.clock_minutes, 634);
 }
 

@@ -2,17 +2,12 @@
 #include "reports/graphs.h"
 
 #include "reports/match_scenes.h"
+#include "reports/opened.h"
 
 namespace velorin {
 namespace {
 
 using graphs_test = reports_test;
-
-graphs opened() {
-  graphs screen;
-  screen.open();
-  return screen;
-}
 
 void set_over(ball_log_table& log, int over, const std::vector<std::string>& symbols) {
   for (std::size_t b = 0; b < symbols.size(); ++b) log[over][b + 1] = symbols[b];
@@ -22,7 +17,7 @@ TEST_F(graphs_test, bars_stand_on_their_base_lines) {
   set_second_innings_in_play();
   set_over(match.ball_log, 3, {"1", "0", "4", "0", "2", "0"});
   set_over(match.first_ball_log, 50, {"6", "0", "0", "0", "0", "3"});
-  const graphs screen = opened();
+  const graphs screen = opened<graphs>();
   EXPECT_EQ(screen.shape1[3].height, 7 * 165);
   EXPECT_EQ(screen.shape1[3].top, 3300 - 7 * 165);
   EXPECT_TRUE(screen.shape1[3].visible);
@@ -35,7 +30,7 @@ TEST_F(graphs_test, only_the_overs_with_runs_show_a_bar) {
   set_second_innings_in_play();
   set_over(match.ball_log, 3, {"1"});
   set_over(match.first_ball_log, 1, {"1"});
-  const graphs screen = opened();
+  const graphs screen = opened<graphs>();
   for (int place = 0; place <= 101; ++place) {
     EXPECT_EQ(screen.shape1[place].visible, place == 3 || place == 101) << place;
     EXPECT_FALSE(screen.shape2[place]) << place;
@@ -52,7 +47,7 @@ TEST_F(graphs_test, places) {
 TEST_F(graphs_test, only_numbers_count) {
   set_over(match.ball_log, 1, {"1", "W", "2lb", "", "3", "4b"});
   match.ball_log[1][7] = "7";
-  const graphs screen = opened();
+  const graphs screen = opened<graphs>();
   EXPECT_EQ(screen.shape1[1].height, 4 * 165);
   EXPECT_TRUE(screen.shape2[1]);
 }
@@ -60,7 +55,7 @@ TEST_F(graphs_test, only_numbers_count) {
 TEST_F(graphs_test, a_maiden_with_a_wicket_shows_the_mark_alone) {
   set_over(match.ball_log, 5, {"0", "0", "W", "0", "0", "0"});
   set_over(match.first_ball_log, 7, {"0", "0", "0", "0", "0", "W"});
-  const graphs screen = opened();
+  const graphs screen = opened<graphs>();
   EXPECT_FALSE(screen.shape1[5].visible);
   EXPECT_EQ(screen.shape1[5].height, 0);
   EXPECT_EQ(screen.shape1[5].top, 3300);
@@ -72,7 +67,7 @@ TEST_F(graphs_test, a_maiden_with_a_wicket_shows_the_mark_alone) {
 
 TEST_F(graphs_test, an_over_of_more_than_20_runs_reaches_past_the_top) {
   set_over(match.ball_log, 50, {"6", "6", "6", "6", "6", "12"});
-  const graphs screen = opened();
+  const graphs screen = opened<graphs>();
   EXPECT_EQ(screen.shape1[50].height, 42 * 165);
   EXPECT_EQ(screen.shape1[50].top, 3300 - 42 * 165);
   EXPECT_LT(screen.shape1[50].top, 0);
@@ -80,7 +75,7 @@ TEST_F(graphs_test, an_over_of_more_than_20_runs_reaches_past_the_top) {
 
 TEST_F(graphs_test, rate_lines_and_labels) {
   set_second_innings_in_play();
-  const graphs screen = opened();
+  const graphs screen = opened<graphs>();
   EXPECT_DOUBLE_EQ(screen.rate[0], 5.74);
   EXPECT_DOUBLE_EQ(screen.line6[0], 3300 - 5.74 * 165);
   EXPECT_EQ(screen.label6[0], "South Isles   ( 131/3 )");
@@ -92,7 +87,7 @@ TEST_F(graphs_test, rate_lines_and_labels) {
 TEST_F(graphs_test, without_a_ball_the_rate_lines_lie_on_the_base_lines) {
   match.team1_name = "South Isles";
   match.team2_name = "Northland";
-  const graphs screen = opened();
+  const graphs screen = opened<graphs>();
   EXPECT_EQ(screen.line6[0], 3300);
   EXPECT_EQ(screen.line6[1], 6840);
   EXPECT_EQ(screen.label6[0], "South Isles   ( 0/0 )");
@@ -103,7 +98,7 @@ TEST_F(graphs_test, without_a_ball_the_rate_lines_lie_on_the_base_lines) {
 TEST_F(graphs_test, a_first_innings_of_no_ball_leaves_the_lower_half_empty) {
   set_second_innings_in_play();
   match.first_balls = 0;
-  const graphs screen = opened();
+  const graphs screen = opened<graphs>();
   EXPECT_EQ(screen.line6[1], 6840);
   for (int place = 52; place <= 101; ++place) {
     EXPECT_FALSE(screen.shape1[place].visible) << place;
@@ -112,15 +107,15 @@ TEST_F(graphs_test, a_first_innings_of_no_ball_leaves_the_lower_half_empty) {
 }
 
 TEST_F(graphs_test, the_last_over_on_record) {
-  EXPECT_EQ(opened().overs, (std::array<int, 2>{0, 0}));
+  EXPECT_EQ(opened<graphs>().overs, (std::array<int, 2>{0, 0}));
   set_over(match.ball_log, 4, {"0", "0", "0", "0", "0", "0"});
   set_over(match.first_ball_log, 50, {"", "", "", "", "", "0"});
-  EXPECT_EQ(opened().overs, (std::array<int, 2>{4, 50}));
+  EXPECT_EQ(opened<graphs>().overs, (std::array<int, 2>{4, 50}));
 }
 
 TEST_F(graphs_test, reopening_forgets_what_was_shown) {
   set_over(match.ball_log, 1, {"4", "W"});
-  graphs screen = opened();
+  graphs screen = opened<graphs>();
   match = match_state{};
   screen.open();
   EXPECT_FALSE(screen.shape1[1].visible);

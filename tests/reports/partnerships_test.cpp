@@ -2,27 +2,16 @@
 #include "reports/partnerships.h"
 
 #include "reports/match_scenes.h"
+#include "reports/opened.h"
 
 namespace velorin {
 namespace {
 
 using partnerships_test = reports_test;
 
-partners opened() {
-  partners screen;
-  screen.open();
-  return screen;
-}
-
-partners2 opened2() {
-  partners2 screen;
-  screen.open();
-  return screen;
-}
-
 TEST_F(partnerships_test, ended_stands) {
   set_first_innings_in_play();
-  const partnership_row row = opened().rows[3];
+  const partnership_row row = opened<partners>().rows[3];
   EXPECT_EQ(row.batsmen, "C.Vanterpool  &&  D.Sealing");
   EXPECT_EQ(row.partnership, "68 (77)");
   EXPECT_EQ(row.score, "99");
@@ -33,7 +22,7 @@ TEST_F(partnerships_test, ended_stands) {
 
 TEST_F(partnerships_test, the_current_stand_follows_the_last_wicket) {
   set_first_innings_in_play();
-  const partners screen = opened();
+  const partners screen = opened<partners>();
   EXPECT_EQ(screen.rows[4].batsmen, "C.Vanterpool  &&  E.Marrack");  // the striker is the later of the two
   EXPECT_EQ(screen.rows[4].partnership, "32*  (17)");
   EXPECT_EQ(screen.rows[4].wicket, "4");
@@ -45,7 +34,7 @@ TEST_F(partnerships_test, the_order_of_the_current_stand_is_the_batting_order) {
   set_first_innings_in_play();
   match.striker = 3;
   match.non_striker = 5;
-  EXPECT_EQ(opened().rows[4].batsmen, "C.Vanterpool  &&  E.Marrack");
+  EXPECT_EQ(opened<partners>().rows[4].batsmen, "C.Vanterpool  &&  E.Marrack");
 }
 
 TEST_F(partnerships_test, the_first_stand_starts_from_nothing) {
@@ -55,7 +44,7 @@ TEST_F(partnerships_test, the_first_stand_starts_from_nothing) {
   match.non_striker = 2;
   match.score_runs = 7;
   match.innings_balls = 8;
-  const partners screen = opened();
+  const partners screen = opened<partners>();
   EXPECT_EQ(screen.rows[1].batsmen, "A.Harrow  &&  D.Moss");
   EXPECT_EQ(screen.rows[1].partnership, "7*  (8)");
   EXPECT_TRUE(screen.rows[1].visible);
@@ -73,7 +62,7 @@ TEST_F(partnerships_test, all_out_has_no_current_stand) {
   match.non_striker = 9;
   match.score_runs = 40;
   match.innings_balls = 61;
-  const partners screen = opened();
+  const partners screen = opened<partners>();
   EXPECT_TRUE(screen.rows[10].visible);
   EXPECT_EQ(screen.rows[10].partnership, "0 (0)");
   for (const partnership_row& row : screen.rows) EXPECT_EQ(row.partnership.find('*'), std::string::npos);
@@ -85,25 +74,25 @@ TEST_F(partnerships_test, nine_down_puts_the_current_stand_in_the_last_row) {
   match.batting_card[11].name = "K.Foss";
   match.striker = 11;
   match.non_striker = 2;
-  EXPECT_EQ(opened().rows[10].batsmen, "D.Moss  &&  K.Foss");
-  EXPECT_TRUE(opened().rows[10].visible);
+  EXPECT_EQ(opened<partners>().rows[10].batsmen, "D.Moss  &&  K.Foss");
+  EXPECT_TRUE(opened<partners>().rows[10].visible);
 }
 
 TEST_F(partnerships_test, the_overs_go_back_into_the_records) {
   set_second_innings_in_play();
-  opened();
+  opened<partners>();
   EXPECT_EQ(match.fall_of_wicket[1].overs_text, "7.0");
   EXPECT_EQ(match.fall_of_wicket[2].overs_text, "7.1");
   EXPECT_EQ(match.fall_of_wicket[4].overs_text, "0.0");
   EXPECT_EQ(match.fall_of_wicket[0].overs_text, "");
   EXPECT_EQ(match.first_fall_of_wicket[1].overs_text, "");
-  opened2();
+  opened<partners2>();
   EXPECT_EQ(match.first_fall_of_wicket[10].overs_text, "48.2");
 }
 
 TEST_F(partnerships_test, first_innings_all_out) {
   set_second_innings_in_play();
-  const partners2 screen = opened2();
+  const partners2 screen = opened<partners2>();
   EXPECT_EQ(screen.rows[1].batsmen, "A.Harrow  &&  B.Lindqvist-Ramsden");
   EXPECT_EQ(screen.rows[1].partnership, "88 (94)");
   EXPECT_EQ(screen.rows[1].score, "88");
@@ -123,7 +112,7 @@ TEST_F(partnerships_test, the_unbroken_stand_of_the_first_innings_shows_no_score
   stand.batsman_b = "K.Foss * ";
   stand.partner_runs = 20;
   stand.partner_balls = 13;
-  const partnership_row row = opened2().rows[10];
+  const partnership_row row = opened<partners2>().rows[10];
   EXPECT_TRUE(row.visible);
   EXPECT_EQ(row.batsmen, "J.Orme  &&  K.Foss * ");
   EXPECT_EQ(row.partnership, "20 (13)");
@@ -136,7 +125,7 @@ TEST_F(partnerships_test, first_innings_has_no_current_stand) {
   set_second_innings_in_play();
   match.score_wickets = 0;
   match.first_fall_of_wicket = {};
-  for (const partnership_row& row : opened2().rows) EXPECT_FALSE(row.visible);
+  for (const partnership_row& row : opened<partners2>().rows) EXPECT_FALSE(row.visible);
 }
 
 TEST_F(partnerships_test, headings) {

@@ -2,27 +2,16 @@
 #include "reports/scorecard.h"
 
 #include "reports/match_scenes.h"
+#include "reports/opened.h"
 
 namespace velorin {
 namespace {
 
 using scorecard_test = reports_test;
 
-scorecard opened() {
-  scorecard card;
-  card.open();
-  return card;
-}
-
-scorecard2 opened2() {
-  scorecard2 card;
-  card.open();
-  return card;
-}
-
 TEST_F(scorecard_test, shows_the_innings_in_play) {
   set_first_innings_in_play();
-  const scorecard card = opened();
+  const scorecard card = opened<scorecard>();
   EXPECT_EQ(card.label12, "Lake End");
   EXPECT_EQ(card.label10, "South Isles");
   EXPECT_EQ(card.label1[1], "A.Tamuera");
@@ -39,7 +28,7 @@ TEST_F(scorecard_test, shows_the_innings_in_play) {
 
 TEST_F(scorecard_test, marks_both_men_at_the_crease) {
   set_first_innings_in_play();
-  const scorecard card = opened();
+  const scorecard card = opened<scorecard>();
   EXPECT_EQ(card.label9[3], "  Not Out   ");
   EXPECT_EQ(card.label9[5], "  Not Out   ");
   EXPECT_EQ(card.label9[2], " lbw K.Foss");
@@ -48,7 +37,7 @@ TEST_F(scorecard_test, marks_both_men_at_the_crease) {
 
 TEST_F(scorecard_test, hides_the_men_who_have_not_come_in) {
   set_first_innings_in_play();
-  const scorecard card = opened();
+  const scorecard card = opened<scorecard>();
   for (int i = 1; i <= 5; ++i) {
     EXPECT_TRUE(card.command4[i].visible) << i;
     EXPECT_EQ(card.command4[i].caption, match.batting_card[i].name);
@@ -69,7 +58,7 @@ TEST_F(scorecard_test, before_the_first_ball_there_is_no_rate) {
   match.batting_card[2].name = "D.Moss";
   match.striker = 1;
   match.non_striker = 2;
-  const scorecard card = opened();
+  const scorecard card = opened<scorecard>();
   EXPECT_EQ(card.label4, "0");
   EXPECT_EQ(card.label5, "(0 wickets , 0.0  Overs)");
   EXPECT_EQ(card.label7, "");
@@ -84,7 +73,7 @@ TEST_F(scorecard_test, nobody_at_the_crease_marks_nobody) {
   set_first_innings_in_play();
   match.striker = 0;
   match.non_striker = 0;
-  const scorecard card = opened();
+  const scorecard card = opened<scorecard>();
   for (int i = 1; i <= 11; ++i) EXPECT_NE(card.label9[i], "  Not Out   ") << i;
 }
 
@@ -97,7 +86,7 @@ TEST_F(scorecard_test, all_out_leaves_the_last_pair_as_it_stands) {
   match.striker = 11;
   match.non_striker = 9;
   match.score_wickets = 10;
-  const scorecard card = opened();
+  const scorecard card = opened<scorecard>();
   EXPECT_EQ(card.label9[11], " b K.Foss");
   EXPECT_EQ(card.label9[9], "  Not Out   ");
   EXPECT_EQ(card.label5, "(10 wickets , 0.0  Overs)");
@@ -106,19 +95,19 @@ TEST_F(scorecard_test, all_out_leaves_the_last_pair_as_it_stands) {
 TEST_F(scorecard_test, the_rate_divides_first) {
   match.score_runs = 27;
   match.innings_balls = 80;
-  EXPECT_EQ(opened().label7, "2.03");  // 27 / 80 * 6 lies a hair above 2.025
+  EXPECT_EQ(opened<scorecard>().label7, "2.03");  // 27 / 80 * 6 lies a hair above 2.025
   match.score_runs = 51;
   match.innings_balls = 48;
-  EXPECT_EQ(opened().label7, "6.38");  // 6.375 exactly: up to the even digit
+  EXPECT_EQ(opened<scorecard>().label7, "6.38");  // 6.375 exactly: up to the even digit
   match.score_runs = 49;
-  EXPECT_EQ(opened().label7, "6.12");  // 6.125 exactly: down to the even digit
+  EXPECT_EQ(opened<scorecard>().label7, "6.12");  // 6.125 exactly: down to the even digit
   match.score_runs = 48;
-  EXPECT_EQ(opened().label7, "6");
+  EXPECT_EQ(opened<scorecard>().label7, "6");
 }
 
 TEST_F(scorecard_test, reopening_forgets_what_was_shown) {
   set_second_innings_in_play();
-  scorecard card = opened();
+  scorecard card = opened<scorecard>();
   match = match_state{};
   card.open();
   EXPECT_EQ(card.label1[1], "");
@@ -133,13 +122,13 @@ TEST_F(scorecard_test, buttons_open_their_screens) {
   set_second_innings_in_play();
   opened_reports seen;
   const front_end_scope scope(seen);
-  const scorecard card = opened();
+  const scorecard card = opened<scorecard>();
   card.command3_click();
   card.command2_click();
   card.command5_click();
   card.command6_click();
   card.command10_click();
-  const scorecard2 first = opened2();
+  const scorecard2 first = opened<scorecard2>();
   first.command2_click();
   first.command3_click();
   const std::vector<report> wanted = {report::scorecard2, report::bowlcard,    report::partners, report::graphs,
@@ -151,12 +140,12 @@ TEST_F(scorecard_test, the_first_innings_cannot_be_opened_before_its_end) {
   set_first_innings_in_play();
   opened_reports seen;
   const front_end_scope scope(seen);
-  const scorecard card = opened();
+  const scorecard card = opened<scorecard>();
   EXPECT_FALSE(card.command3_enabled);
   card.command3_click();
   EXPECT_TRUE(seen.opened.empty());
   set_second_innings_in_play();
-  EXPECT_TRUE(opened().command3_enabled);
+  EXPECT_TRUE(opened<scorecard>().command3_enabled);
 }
 
 TEST_F(scorecard_test, captions) {
@@ -179,7 +168,7 @@ TEST_F(scorecard_test, details_of_a_man_who_is_out) {
   match.batting_card[1].singles = 4;
   match.batting_card[1].twos = 1;
   match.batting_card[1].threes = 6;
-  const batsman_figures figures = opened().details(1);
+  const batsman_figures figures = opened<scorecard>().details(1);
   EXPECT_EQ(figures.headline, "A.Tamuera  c B.Lindqvist-Ramsden  b I.Nettle  12 (20).");
   EXPECT_EQ(figures.runs, 12);
   EXPECT_EQ(figures.balls, 20);
@@ -194,30 +183,30 @@ TEST_F(scorecard_test, details_of_a_man_who_is_out) {
 
 TEST_F(scorecard_test, details_of_a_man_at_the_crease) {
   set_first_innings_in_play();
-  EXPECT_EQ(opened().details(3).headline, "C.Vanterpool  Not Out         102 (101).");
-  EXPECT_EQ(opened().details(3).strike_rate, "100.99");
+  EXPECT_EQ(opened<scorecard>().details(3).headline, "C.Vanterpool  Not Out         102 (101).");
+  EXPECT_EQ(opened<scorecard>().details(3).strike_rate, "100.99");
   match.batting_card[5].balls = 0;
   match.batting_card[5].runs = 0;
-  EXPECT_EQ(opened().details(5).headline, "E.Marrack  Not Out         0 (0).");
-  EXPECT_EQ(opened().details(5).strike_rate, "");
+  EXPECT_EQ(opened<scorecard>().details(5).headline, "E.Marrack  Not Out         0 (0).");
+  EXPECT_EQ(opened<scorecard>().details(5).strike_rate, "");
 }
 
 TEST_F(scorecard_test, a_man_without_a_dismissal_away_from_the_crease_counts_as_out) {
   set_first_innings_in_play();
   match.striker = 6;
-  EXPECT_EQ(opened().details(5).headline, "E.Marrack    8 (6).");
+  EXPECT_EQ(opened<scorecard>().details(5).headline, "E.Marrack    8 (6).");
 }
 
 TEST_F(scorecard_test, the_strike_rate_divides_first) {
   set_first_innings_in_play();
   match.batting_card[3].runs = 23;
   match.batting_card[3].balls = 160;
-  EXPECT_EQ(opened().details(3).strike_rate, "14.37");  // 23 / 160 * 100 lies a hair below 14.375
+  EXPECT_EQ(opened<scorecard>().details(3).strike_rate, "14.37");  // 23 / 160 * 100 lies a hair below 14.375
 }
 
 TEST_F(scorecard_test, first_innings) {
   set_second_innings_in_play();
-  const scorecard2 card = opened2();
+  const scorecard2 card = opened<scorecard2>();
   EXPECT_EQ(card.label12, "Lake End");
   EXPECT_EQ(card.label10, "Northland");
   EXPECT_EQ(card.label1[3], "C.Featherstonehaughs");
@@ -237,20 +226,20 @@ TEST_F(scorecard_test, first_innings_has_no_striker_step) {
   set_second_innings_in_play();
   leave_the_last_pair_in();
   match.first_batting_card[5].how_out.clear();  // 5 is the striker of the innings in play
-  EXPECT_EQ(opened2().label9[5], "");
-  EXPECT_EQ(opened2().label9[11], "not out");
+  EXPECT_EQ(opened<scorecard2>().label9[5], "");
+  EXPECT_EQ(opened<scorecard2>().label9[11], "not out");
 }
 
 TEST_F(scorecard_test, the_man_stranded_in_the_first_innings_has_no_dismissal) {
   set_second_innings_in_play();
-  EXPECT_EQ(opened2().label9[11], "");
-  EXPECT_EQ(opened2().details(11).headline, "K.Foss    2 (4).");
+  EXPECT_EQ(opened<scorecard2>().label9[11], "");
+  EXPECT_EQ(opened<scorecard2>().details(11).headline, "K.Foss    2 (4).");
 }
 
 TEST_F(scorecard_test, details_of_the_first_innings) {
   set_second_innings_in_play();
   leave_the_last_pair_in();
-  const scorecard2 card = opened2();
+  const scorecard2 card = opened<scorecard2>();
   EXPECT_EQ(card.details(11).headline, "K.Foss  Not Out         2 (4).");
   EXPECT_EQ(card.details(1).headline, "A.Harrow   c && b J.Abara  123 (131).");
   EXPECT_EQ(card.details(1).strike_rate, "93.89");
@@ -261,14 +250,14 @@ TEST_F(scorecard_test, details_of_the_first_innings) {
 TEST_F(scorecard_test, first_innings_of_no_ball_has_no_rate) {
   set_second_innings_in_play();
   match.first_balls = 0;
-  EXPECT_EQ(opened2().label7, "");
-  EXPECT_EQ(opened2().label5, " (10 wickets , 0.0  Overs)");
+  EXPECT_EQ(opened<scorecard2>().label7, "");
+  EXPECT_EQ(opened<scorecard2>().label5, " (10 wickets , 0.0  Overs)");
 }
 
 TEST_F(scorecard_test, opening_changes_nothing_in_the_match) {
   set_second_innings_in_play();
-  opened();
-  opened2();
+  opened<scorecard>();
+  opened<scorecard2>();
   EXPECT_EQ(match.batting_card[3].how_out, "");
   EXPECT_EQ(match.batting_card[5].how_out, "");
 }

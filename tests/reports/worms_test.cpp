@@ -2,6 +2,7 @@
 #include "reports/worms.h"
 
 #include "reports/match_scenes.h"
+#include "reports/opened.h"
 
 namespace velorin {
 namespace {
@@ -14,12 +15,6 @@ void expect_points(const std::vector<worm_point>& points, const std::vector<worm
     EXPECT_EQ(points[i].row, wanted[i].row) << "point " << i;
     EXPECT_EQ(points[i].value, wanted[i].value) << "point " << i;
   }
-}
-
-worms opened() {
-  worms window;
-  window.open();
-  return window;
 }
 
 void feed(int balls, int runs, int wickets) {
@@ -43,7 +38,7 @@ TEST_F(worms_test, the_first_feed_names_the_lines) {
   EXPECT_FALSE(match.loaded);
   feed(1, 4, 0);
   EXPECT_TRUE(match.loaded);
-  const worms window = opened();
+  const worms window = opened<worms>();
   EXPECT_EQ(window.label9, "South Isles");
   EXPECT_EQ(window.label10, "Northland");
   EXPECT_EQ(window.label3, "4/0");
@@ -54,7 +49,7 @@ TEST_F(worms_test, the_first_feed_names_the_lines) {
 
 TEST_F(worms_test, opening_the_window_names_the_lines_too) {
   start_match("South Isles", "Northland");
-  const worms window = opened();
+  const worms window = opened<worms>();
   EXPECT_EQ(window.label9, "South Isles");
   EXPECT_EQ(window.label10, "Northland");
   EXPECT_EQ(window.label3, "");
@@ -68,22 +63,22 @@ TEST_F(worms_test, each_ball_overwrites_the_row_of_its_over) {
   feed(6, 10, 1);
   feed(7, 12, 1);
   feed(12, 20, 2);
-  expect_points(opened().series[0], {{1, 9}, {2, 12}, {3, 20}});
-  EXPECT_EQ(opened().label3, "20/2");
+  expect_points(opened<worms>().series[0], {{1, 9}, {2, 12}, {3, 20}});
+  EXPECT_EQ(opened<worms>().label3, "20/2");
 }
 
 TEST_F(worms_test, the_end_of_the_50th_over_stands_on_row_51) {
   start_match("South Isles", "Northland");
   feed(299, 250, 7);
   feed(300, 254, 7);
-  expect_points(opened().series[0], {{50, 250}, {51, 254}});
+  expect_points(opened<worms>().series[0], {{50, 250}, {51, 254}});
 }
 
 TEST_F(worms_test, an_over_cut_short_stands_on_the_row_it_began) {
   start_match("South Isles", "Northland");
   feed(123, 98, 10);
-  expect_points(opened().series[0], {{21, 98}});
-  EXPECT_EQ(opened().label3, "98/10");
+  expect_points(opened<worms>().series[0], {{21, 98}});
+  EXPECT_EQ(opened<worms>().label3, "98/10");
 }
 
 TEST_F(worms_test, the_second_innings_takes_the_second_line) {
@@ -91,7 +86,7 @@ TEST_F(worms_test, the_second_innings_takes_the_second_line) {
   feed(6, 10, 0);
   std::swap(match.team1_name, match.team2_name);
   feed(6, 3, 2);
-  const worms window = opened();
+  const worms window = opened<worms>();
   EXPECT_EQ(window.label9, "South Isles");
   EXPECT_EQ(window.label10, "Northland");
   EXPECT_EQ(window.label3, "10/0");
@@ -105,7 +100,7 @@ TEST_F(worms_test, a_later_match_of_other_sides_leaves_the_lines_alone) {
   feed(6, 10, 0);
   start_match("Westmark", "Easting");
   feed(6, 99, 9);
-  const worms window = opened();
+  const worms window = opened<worms>();
   EXPECT_EQ(window.label9, "South Isles");
   EXPECT_EQ(window.label10, "Northland");
   EXPECT_EQ(window.label3, "10/0");
@@ -121,7 +116,7 @@ TEST_F(worms_test, a_name_that_recurs_is_written_over_its_old_line) {
   feed(6, 99, 9);
   std::swap(match.team1_name, match.team2_name);
   feed(6, 1, 1);
-  const worms window = opened();
+  const worms window = opened<worms>();
   EXPECT_EQ(window.label3, "1/1");
   expect_points(window.series[0], {{2, 1}, {3, 30}});
   expect_points(window.series[1], {});
@@ -132,7 +127,7 @@ TEST_F(worms_test, loading_happens_once) {
   load_worms();
   start_match("Westmark", "Easting");
   load_worms();
-  EXPECT_EQ(opened().label9, "South Isles");
+  EXPECT_EQ(opened<worms>().label9, "South Isles");
 }
 
 }  // namespace

@@ -12,10 +12,6 @@ namespace {
 
 using ::testing::ElementsAre;
 
-const std::string o = "Opener";
-const std::string m = "Middle Order";
-const std::string l = "Lower Order";
-
 /// Fifteen men in the order of the screen. Bowlers by score: 10 (93), 13 (95), 12 (98), 8 (101.5), 15 (105), 14 (106).
 std::vector<squad_row> full_squad() {
   return {{o, 40},

@@ -7,6 +7,7 @@
 #include "model/teams.h"
 #include "setup/teamfrm.h"
 #include "setup/toss.h"
+#include "setup/coin_draws.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
@@ -18,9 +19,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
-
-constexpr double one = 0.4999999;
-constexpr double two = 0.5;
 
 class Chain : public ::testing::TestWithParam<bool> {
  protected:

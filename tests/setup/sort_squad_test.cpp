@@ -10,10 +10,6 @@ namespace {
 
 using ::testing::ElementsAre;
 
-const std::string o = "Opener";
-const std::string m = "Middle Order";
-const std::string l = "Lower Order";
-
 /// The names of the first `count` places after the sort.
 std::vector<std::string> sorted(squad men, int count) {
   sort_squad(men);

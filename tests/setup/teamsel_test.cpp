@@ -19,8 +19,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-const std::string l = "Lower Order";
-
 TEST(TeamselRows, ShowThePlayersFields) {
   squad men = squad_of({{"Opener", 41, 36.5F, 4.7F, true, "Medium Pacer"}, {l, -3, 70, 5, false, ""}});
   selection screen(men, "New Home");

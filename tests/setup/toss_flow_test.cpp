@@ -6,6 +6,7 @@
 #include "engine/driver.h"
 #include "model/random.h"
 #include "setup/toss.h"
+#include "setup/coin_draws.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 
@@ -16,9 +17,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-constexpr double one = 0.4999999;
-constexpr double two = 0.5;
 
 /// Leaves an unattended match at its first ball.
 struct first_ball {};

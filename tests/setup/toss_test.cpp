@@ -7,15 +7,13 @@
 #include "database/elevens.h"
 #include "model/random.h"
 #include "model/teams.h"
+#include "setup/coin_draws.h"
 #include "support/sample_match.h"
 
 // The screen of the toss.
 
 namespace velorin::testing {
 namespace {
-
-constexpr double one = 0.4999999;
-constexpr double two = 0.5;
 
 /// Home against Away, their elevens selected.
 void set_up_toss(bool first_computer, bool second_computer) {

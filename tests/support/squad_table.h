@@ -9,6 +9,11 @@
 
 namespace velorin::testing {
 
+/// Batting roles.
+inline const std::string o = "Opener";
+inline const std::string m = "Middle Order";
+inline const std::string l = "Lower Order";
+
 /// A place of a squad as a test writes it down.
 struct squad_row {
   std::string role;

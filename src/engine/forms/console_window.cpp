@@ -13,6 +13,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
 
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
@@ -142,13 +143,13 @@ void ConsoleWindow::wait(int milliseconds) {
 
 void ConsoleWindow::act(void (main_console::*handler)()) {
   if (playing_) return;
-  (form_.*handler)();
+  std::invoke(handler, form_);
   refresh();
 }
 
 void ConsoleWindow::act_on_slot(void (main_console::*handler)(int), int slot) {
   if (playing_) return;
-  (form_.*handler)(slot);
+  std::invoke(handler, form_, slot);
   refresh();
 }
 

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "console/captain_forms.h"
 #include "desktop/shown_text.h"
@@ -74,7 +75,7 @@ void ScorecardWindow::add_reports() {
   for (const Report& report : reports) {
     auto* button = new_report_button(QString::fromLatin1(report.control),
                                      {.caption = shown(report.caption), .mnemonic = report.mnemonic},
-                                     [this, open = report.open] { (form_.*open)(); });
+                                     [this, open = report.open] { std::invoke(open, form_); });
     row->addWidget(button, 1);
   }
   column_->addLayout(row);

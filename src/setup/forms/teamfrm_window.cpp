@@ -10,6 +10,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
@@ -99,7 +100,7 @@ QComboBox* TeamfrmWindow::new_team_list(const char* name, int chosen, void (team
   list->setCurrentIndex(chosen);
   connect(list, &QComboBox::currentIndexChanged, this, [this, choose](int index) {
     guarded([&] {
-      (form_.*choose)(index);
+      std::invoke(choose, form_, index);
       show_grounds();
     });
   });

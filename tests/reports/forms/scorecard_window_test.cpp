@@ -11,6 +11,7 @@
 #include "reports/forms/batting_card_view.h"
 #include "reports/forms/played_match.h"
 #include "reports/forms/scorecard2_window.h"
+#include "reports/opened.h"
 #include "reports/scorecard.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
@@ -20,13 +21,6 @@ namespace {
 
 using ScorecardWindowTest = ReportWindowTest;
 using Scorecard2WindowTest = ReportWindowTest;
-
-template <class Card>
-Card opened() {
-  Card card;
-  card.open();
-  return card;
-}
 
 std::string named(const char* control, int place) { return std::string(control) + "_" + std::to_string(place); }
 

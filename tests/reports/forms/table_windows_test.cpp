@@ -9,6 +9,7 @@
 #include "reports/forms/partners2_window.h"
 #include "reports/forms/partners_window.h"
 #include "reports/forms/played_match.h"
+#include "reports/opened.h"
 #include "reports/partnerships.h"
 #include "windows/robot.h"
 
@@ -17,13 +18,6 @@ namespace {
 
 using BowlingWindowsTest = ReportWindowTest;
 using StandsWindowsTest = ReportWindowTest;
-
-template <class Screen>
-Screen opened() {
-  Screen screen;
-  screen.open();
-  return screen;
-}
 
 QStringList texts(const TableRow& row) {
   QStringList all;
