@@ -202,7 +202,8 @@ TEST_F(PlayerTables, ACareerOfATeamTakesItsMenAlone) {
 }
 
 TEST_F(PlayerTables, HaveFifteenRows) {
-  for (int man = 1; man <= 16; ++man) add(man % 2 == 0 ? "Alba" : "Tamar", with_average(fmt::format("Man{}", man), man));
+  for (int man = 1; man <= 16; ++man)
+    add(man % 2 == 0 ? "Alba" : "Tamar", with_average(fmt::format("Man{}", man), man));
   const shown_table table = opened(1);
   ASSERT_EQ(table.rows.size(), 15U);
   EXPECT_EQ(row(table, 0)[0], "Man16");

@@ -45,12 +45,12 @@ check array(int length, const check& entry) {
 }
 
 const check player = object({{"name", text},
-                          {"bat_skill", whole},
-                          {"bowl_sr", number},
-                          {"econ", number},
-                          {"is_keeper", flag},
-                          {"bat_type", text},
-                          {"bowler_type", text}});
+                             {"bat_skill", whole},
+                             {"bowl_sr", number},
+                             {"econ", number},
+                             {"is_keeper", flag},
+                             {"bat_type", text},
+                             {"bowler_type", text}});
 
 const check batting_line = object({{"name", text},
                                    {"runs", whole},

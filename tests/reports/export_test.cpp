@@ -154,7 +154,8 @@ TEST_F(export_test, ten_wickets_break_the_total_line_of_the_first_innings_only) 
 
 TEST_F(export_test, the_second_list_of_wickets_goes_on_with_the_first) {
   set_second_innings_in_play();
-  for (const std::string& file : {html_scorecard(opened<scorecard>()), text_scorecard(opened<scorecard>()), ball_by_ball(opened<scorecard>())}) {
+  for (const std::string& file :
+       {html_scorecard(opened<scorecard>()), text_scorecard(opened<scorecard>()), ball_by_ball(opened<scorecard>())}) {
     const auto first = fall_lines(file, 1);
     const auto second = fall_lines(file, 2);
     EXPECT_EQ(first[0], "88 (15.4,B.Lindqvist-Ramsden)");
@@ -234,7 +235,8 @@ TEST_F(export_test, ten_bowlers_fill_the_list) {
 TEST_F(export_test, the_page_takes_its_colours_from_the_settings) {
   settings.text_color = "0000A0";
   settings.back_color = "FFFFE0";
-  EXPECT_EQ(lines_of(html_scorecard(opened<scorecard>()))[3], "<BODY TEXT =#0000A0 BGCOLOR=#FFFFE0 LINK=#00FF00 VLINK=#80FF80>");
+  EXPECT_EQ(lines_of(html_scorecard(opened<scorecard>()))[3],
+            "<BODY TEXT =#0000A0 BGCOLOR=#FFFFE0 LINK=#00FF00 VLINK=#80FF80>");
 }
 
 TEST_F(export_test, a_first_innings_of_0_is_no_first_innings) {

@@ -3,7 +3,8 @@
 
 namespace velorin::testing {
 
-/// Draws by which the first and the second of two is chosen: the last that means the one, the first that means the other.
+/// Draws by which the first and the second of two is chosen: the last that means the one, the first that means the
+/// other.
 constexpr double one = 0.4999999;
 constexpr double two = 0.5;
 

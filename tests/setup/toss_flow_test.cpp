@@ -5,8 +5,8 @@
 #include "database/elevens.h"
 #include "engine/driver.h"
 #include "model/random.h"
-#include "setup/toss.h"
 #include "setup/coin_draws.h"
+#include "setup/toss.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 
