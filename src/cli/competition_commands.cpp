@@ -5,9 +5,9 @@
 #include <sstream>
 
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/text_table.h"
 #include "competitions/series1.h"
 #include "competitions/series2.h"
@@ -22,8 +22,6 @@
 namespace velorin::cli {
 
 namespace {
-
-using json = nlohmann::ordered_json;
 
 struct competition_options {
   std::vector<std::string> teams;  // in the order of the command's names

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <nlohmann/json.hpp>
-
+#include "cli/json.h"
 #include "model/teams.h"
 
 namespace velorin::cli {
-
-using json = nlohmann::ordered_json;
 
 /// The match in play as an object of its fields, UTF-8. The commentary is that of the match in play.
 json state_json();

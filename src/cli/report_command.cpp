@@ -5,7 +5,6 @@
 #include <ostream>
 
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 #include "browsers/allrecs.h"
 #include "browsers/centurytop.h"
@@ -14,6 +13,7 @@
 #include "browsers/teamdet.h"
 #include "browsers/wldrank.h"
 #include "cli/commands.h"
+#include "cli/json.h"
 #include "cli/text_table.h"
 #include "database/teams_file.h"
 #include "model/code_page.h"
@@ -22,8 +22,6 @@
 namespace velorin::cli {
 
 namespace {
-
-using json = nlohmann::ordered_json;
 
 struct report_options {
   std::string list;
