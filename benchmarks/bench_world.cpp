@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <stdexcept>
 #include <string>
 
 #include "database/configuration.h"
@@ -73,7 +74,9 @@ long peak_memory(int matches) {
   }
   int status = 0;
   rusage used{};
-  if (process < 0 || wait4(process, &status, 0, &used) < 0 || status != 0) return -1;
+  if (process < 0 || wait4(process, &status, 0, &used) < 0 || status != 0) {
+    throw std::runtime_error("the matches whose memory is measured have failed");
+  }
   return used.ru_maxrss;
 }
 

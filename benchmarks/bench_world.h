@@ -40,7 +40,8 @@ void play_match();
 /// Makes sure that 300 matches, of all teams in turn, are on record.
 void put_on_record();
 
-/// The highest memory, in kilobytes, that a process takes which plays so many matches.
+/// The highest memory, in kilobytes, that a process takes which plays so many matches. Raises std::runtime_error if it
+/// fails.
 long peak_memory(int matches);
 
 }  // namespace velorin::bench

@@ -21,6 +21,14 @@ void build(benchmark::State& state) {
 }
 BENCHMARK(build)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
+/// The tables of the bundled database, and of the careers and records with them.
+void dump(benchmark::State& state) {
+  put_on_record();
+  const std::filesystem::path tables = files.folder / "tables";
+  for (auto _ : state) dump_database(files, tables);
+}
+BENCHMARK(dump)->Unit(benchmark::kMicrosecond)->UseRealTime();
+
 void read(benchmark::State& state) {
   for (auto _ : state) {
     forget_teams_and_grounds();

@@ -12,6 +12,7 @@
 #include "browsers/sqdet.h"
 #include "browsers/teamdet.h"
 #include "browsers/wldrank.h"
+#include "cli/match_json.h"
 #include "database/configuration.h"
 #include "database/teams_file.h"
 #include "reports/export.h"
@@ -116,6 +117,14 @@ void text_of_export(benchmark::State& state, std::string (*text)(const scorecard
 BENCHMARK_CAPTURE(text_of_export, html, html_scorecard)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(text_of_export, text, text_scorecard)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(text_of_export, ball_by_ball, ball_by_ball)->Unit(benchmark::kMicrosecond);
+
+/// The object of a match, as the companion writes it.
+void text_of_object(benchmark::State& state) {
+  match = the_user().at_end;
+  for (auto _ : state) benchmark::DoNotOptimize(cli::state_json().dump());
+  match = match_state();
+}
+BENCHMARK(text_of_object)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace velorin::bench
