@@ -41,8 +41,8 @@ class DesktopSoak : public GameTest {
   /// One match from the menu back to the menu.
   void play_match(OpeningWindow& menu, ClickingUser& user, int number) {
     user.robot.next("teamfrm", [number](QWidget& window) {
-      const int first = number % 9;
-      ClickingUser::choose_match(window, first, (first + 1 + number / 9 % 8) % 9, number % 2 == 1, number % 4 >= 2);
+      const int first = number % 10;
+      ClickingUser::choose_match(window, first, (first + 1 + number / 10 % 9) % 10, number % 2 == 1, number % 4 >= 2);
       press(window, "Command1");
     });
     if (number % 5 == 1) {
@@ -93,8 +93,9 @@ TEST_F(DesktopSoak, NothingGrowsOverManyMatches) {
   std::printf("%d matches; %ld kB after %d of them, %ld kB at the end; %d windows\n", matches, memory_early, warm_up,
               memory_late, static_cast<int>(windows));
   // The careers of all teams grow with the first matches, the caches of glyphs and styles with what has been shown.
+  const long growth = matches < 100 ? 12 * 1024 : 2 * 1024;
   if (memory_tells) {
-    EXPECT_LT(memory_late - memory_early, 12 * 1024);
+    EXPECT_LT(memory_late - memory_early, growth);
   }
 }
 
