@@ -23,7 +23,11 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Matches that each program plays. The environment variable VELORIN_MATCHES_AT_ONCE asks for another number.
-constexpr int usual_matches = 200;
+#ifdef NDEBUG
+constexpr int usual_matches = 1000;
+#else
+constexpr int usual_matches = 200;  // their checks after each ball take long
+#endif
 
 int matches_of_each() {
   const char* const asked = std::getenv("VELORIN_MATCHES_AT_ONCE");
