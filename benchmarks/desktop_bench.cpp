@@ -26,6 +26,7 @@
 #include "model/teams.h"
 #include "setup/teamfrm.h"
 #include "shell/clicking_user.h"
+#include "shell/filled_careers.h"
 #include "shell/menu_actions.h"
 #include "shell/opening_window.h"
 #include "shell/qt_front_end.h"
@@ -48,16 +49,6 @@ class OpeningTimes {
  private:
   QElapsedTimer clock_;
 };
-
-void fill_careers() {
-  headless_user user;
-  const front_end_scope in_use(user);
-  chance.use_seed(2026);
-  wctable form;
-  form.open();
-  form.command1_click();
-  world_cup = {};
-}
 
 /// An answer that notes the opening of its window first, and starts the clock for what it opens.
 template <class Request>

@@ -17,6 +17,7 @@
 #include "model/random.h"
 #include "model/teams.h"
 #include "shell/clicking_user.h"
+#include "shell/filled_careers.h"
 #include "shell/opening_window.h"
 #include "shell/qt_front_end.h"
 
@@ -31,18 +32,6 @@ void take(QWidget& window, const char* name, bool at_size) {
   for (int round = 0; round < 4; ++round) QApplication::processEvents();
   const QString path = QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name));
   if (!window.grab().save(path)) std::fprintf(stderr, "not written: %s\n", qPrintable(path));
-}
-
-/// Careers and records for the browsers: a tournament of computer sides.
-void fill_careers() {
-  headless_user user;
-  const front_end_scope in_use(user);
-  chance.use_seed(2026);
-  wctable form;
-  form.open();
-  form.command1_click();
-  world_cup = {};
-  match = {};  // with the lines of the worm graph
 }
 
 void open(OpeningWindow& menu, const char* panel, const char* entry) {

@@ -4,12 +4,15 @@
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QFrame>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "competitions/forms/number_field.h"
 #include "competitions/match_entry.h"
 #include "desktop/controls.h"
 #include "desktop/message_window.h"
@@ -55,6 +58,20 @@ QFrame* new_side(const QString& caption, QChar mnemonic, QComboBox* teams, const
   QObject::connect(computer, &QRadioButton::toggled, card, [&cpu](bool on) { cpu = on; });
   row->addStretch(1);
   card_rows(card)->addLayout(row);
+  return card;
+}
+
+QFrame* new_ground_and_number(QComboBox* grounds, const QString& caption, NumberField* number) {
+  grounds->setMinimumWidth(320);
+  QFrame* card = new_card();
+  auto* rows = new QGridLayout;
+  rows->setHorizontalSpacing(16);
+  rows->setColumnStretch(1, 1);
+  rows->addWidget(new_caption(QStringLiteral("Ground:"), u'G', grounds), 0, 0);
+  rows->addWidget(grounds, 0, 1, Qt::AlignLeft);
+  rows->addWidget(new_caption(caption, u'N', number->text()), 1, 0);
+  rows->addWidget(number, 1, 1, Qt::AlignLeft);
+  card_rows(card)->addLayout(rows);
   return card;
 }
 

@@ -13,6 +13,7 @@ class QFrame;
 
 namespace velorin {
 
+class NumberField;
 struct team_entry;
 
 /// A list of teams with the entry `chosen`, from 0 or -1. `choose` gets the entry that the user chooses. With
@@ -23,6 +24,9 @@ QComboBox* new_team_list(const QString& name, const std::vector<team_entry>& tea
 /// A card for one side: its caption with that mnemonic, its list, and its captain, "CPU" or "Human", two options of
 /// the name `options`. `cpu` is kept as the user chooses, and must outlive the card.
 QFrame* new_side(const QString& caption, QChar mnemonic, QComboBox* teams, const QString& options, bool& cpu);
+
+/// A card with the list of grounds and, below it, the number of matches or rounds, its caption with the mnemonic N.
+QFrame* new_ground_and_number(QComboBox* grounds, const QString& caption, NumberField* number);
 
 /// Shows the grounds anew, with the one on show.
 void show_grounds(QComboBox& list, const std::vector<std::string>& grounds, int chosen);

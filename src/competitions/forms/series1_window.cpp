@@ -4,7 +4,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -49,19 +48,9 @@ Series1Window::Series1Window(series1& form, QWidget* parent)
         return form_.text1;
       });
   grounds_->setObjectName(QStringLiteral("Combo3"));
-  grounds_->setMinimumWidth(320);
   show_grounds(*grounds_, form_.combo3, form_.combo3_index);
   connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.combo3_index = index; });
-  QFrame* card = new_card();
-  auto* rows = new QGridLayout;
-  rows->setHorizontalSpacing(16);
-  rows->setColumnStretch(1, 1);
-  rows->addWidget(new_caption(QStringLiteral("Ground:"), u'G', grounds_), 0, 0);
-  rows->addWidget(grounds_, 0, 1, Qt::AlignLeft);
-  rows->addWidget(new_caption(QStringLiteral("No of Matches in Series :"), u'N', matches_->text()), 1, 0);
-  rows->addWidget(matches_, 1, 1, Qt::AlignLeft);
-  card_rows(card)->addLayout(rows);
-  body()->addWidget(card);
+  body()->addWidget(new_ground_and_number(grounds_, QStringLiteral("No of Matches in Series :"), matches_));
   body()->addStretch(1);
 
   add_aside(new_stop_switch());
