@@ -3,6 +3,7 @@
 #include <array>
 
 #include "captain/aicomp.h"
+#include "model/booking.h"
 #include "model/random.h"
 #include "model/rounding.h"
 #include "model/teams.h"
@@ -44,7 +45,9 @@ candidate candidate_at(int position, int offset) {
   const player_rec& man = match.bowling_xi[position];
   const double rating = static_cast<double>(man.bowl_sr) + offset;
   // A rate beyond every figure is an overflow like any other.
-  const integer econ_class = static_cast<long>(std::clamp(round_half_even(static_cast<double>(man.econ)), -1e6, 1e6));
+  const double rounded = std::clamp(round_half_even(static_cast<double>(man.econ)), -1e6, 1e6);
+  integer econ_class;
+  book_as(econ_class, static_cast<long>(rounded), "econ_class", man.name);
   return {(18.0 * econ_class + rating) / 2, rating, econ_class, position};
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/booking.h"
 #include "model/rounding.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -82,7 +83,7 @@ void log_over() {
   match.ball_commentary.add_over(note);
 }
 
-void advance_clock() { match.clock_minutes += 4; }
+void advance_clock() { book(match.clock_minutes, 4, "clock_minutes", match.venue_name()); }
 
 void prepare_chase_display() {
   const rate_figures& rates = match.rates;

@@ -13,6 +13,7 @@
 #include "engine/end_of_inns_match.h"
 #include "engine/resetmat.h"
 #include "engine/storage.h"
+#include "model/booking.h"
 #include "model/check_match.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
@@ -64,37 +65,31 @@ void off_the_bat(over_in_progress& over) {
   change_ends(runs);
 }
 
+/// A ball faced without a run off the bat.
+void book_dot(batting_card_rec& batsman) {
+  book(batsman.balls, 1, "batting_card.balls", batsman.name);
+  book(batsman.dots, 1, "batting_card.dots", batsman.name);
+}
+
 void extras_off_the_body(over_in_progress& over) {
-  batting_card_rec& batsman = match.batting_card[match.striker];
-  batsman.balls += 1;
-  batsman.dots += 1;
+  book_dot(match.batting_card[match.striker]);
   const int runs = die(4);
   change_ends(runs);
   match.score_runs += runs;
   over.note(static_cast<char>('0' + runs));
   if (match.ball_outcome == leg_byes) {
     say(ball_text::leg_byes, runs);
-    match.innings_leg_byes += runs;
+    book(match.innings_leg_byes, runs, "innings_leg_byes", match.team1_name);
     over.symbol() += "lb";
   } else {
     say(ball_text::byes, runs);
-    match.innings_byes += runs;
+    book(match.innings_byes, runs, "innings_byes", match.team1_name);
     over.symbol() += "b";
   }
 }
 
-/// One more in a total of the innings. Deliveries that do not count have no end but that of the figure.
-void count_extra(integer& total, const char* field) {
-  try {
-    total += 1;
-  } catch (const run_time_error& error) {
-    throw run_time_error(error.kind(), error.what(),
-                         {.file = {}, .record = 0, .field = field, .player = match.bowling_xi[match.bowler].name});
-  }
-}
-
 /// No balls and wides stand on the log entry of the ball before; where that is no number, the ball counts and leaves no
-/// other trace.
+/// other trace. Deliveries that do not count have no end but that of the figure.
 void no_ball_or_wide(over_in_progress& over) {
   if (over.ball_no > 1) over.ball_no -= 1;
   short_text& entry = over.log_entry();
@@ -104,10 +99,10 @@ void no_ball_or_wide(over_in_progress& over) {
   over.free_ball = true;
   if (match.ball_outcome == no_ball) {
     say(ball_text::no_ball, 0);
-    count_extra(match.innings_no_balls, "innings_no_balls");
+    book(match.innings_no_balls, 1, "innings_no_balls", match.bowling_card[match.bowler].name);
   } else {
     say(ball_text::wide, 0);
-    count_extra(match.innings_wides, "innings_wides");
+    book(match.innings_wides, 1, "innings_wides", match.bowling_card[match.bowler].name);
   }
 }
 
@@ -136,12 +131,12 @@ void fall_of_a_wicket(over_in_progress& over) {
   batting_card_rec& out = match.batting_card[match.striker];
   over.note('W');
   match.score_wickets += 1;
-  out.balls += 1;
-  out.dots += 1;
+  book_dot(out);
   record_fall_of_wicket();
   bool run_out = false;
   record_dismissal(run_out);
-  if (!run_out) match.bowling_card[match.bowler].wickets += 1;
+  bowling_card_rec& bowler = match.bowling_card[match.bowler];
+  if (!run_out) book(bowler.wickets, 1, "bowling_card.wickets", bowler.name);
   match.ball_commentary.add_wicket(match.bowler, match.striker);
   match.last_wicket = {match.striker, match.innings_number, match.score_runs};
   if (match.human_involved()) show_fall_of_wicket(out);
@@ -187,8 +182,9 @@ bool bowl_ball(over_in_progress& over) {
   if (over.free_ball) {
     over.free_ball = false;
   } else {
-    match.innings_balls += 1;
-    match.bowling_card[match.bowler].balls += 1;
+    bowling_card_rec& bowler = match.bowling_card[match.bowler];
+    book(match.innings_balls, 1, "innings_balls", match.team1_name);
+    book(bowler.balls, 1, "bowling_card.balls", bowler.name);
   }
   feed_worms();
   refresh_batsmen();
@@ -223,8 +219,9 @@ void browse_last_over() {
 }
 
 void end_over() {
-  match.ball_log[match.over_no][7] = match.bowling_card[match.bowler].name;
-  if (match.maiden_flag) match.bowling_card[match.bowler].maidens += 1;
+  bowling_card_rec& bowler = match.bowling_card[match.bowler];
+  match.ball_log[match.over_no][7] = bowler.name;
+  if (match.maiden_flag) book(bowler.maidens, 1, "bowling_card.maidens", bowler.name);
   log_over();
   advance_clock();
   match.over_no += 1;

@@ -8,6 +8,7 @@
 #include "database/saveavgs.h"
 #include "engine/driver.h"
 #include "engine/resetmat.h"
+#include "model/booking.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -66,7 +67,7 @@ void end_innings() {
     conclude_closed_innings();
     return;
   }
-  match.innings_total = match.score_runs;
+  book_as(match.innings_total, match.score_runs, "innings_total", match.team1_name);
   match.innings_wickets = match.score_wickets;
   user().open(report::scorecard);
   change_innings();
@@ -93,9 +94,10 @@ void record_unbroken_stand(int wickets, const eleven& men) {
   const fall_of_wicket_rec& before = match.fall_of_wicket[wickets];
   fall_of_wicket_rec& stand = match.fall_of_wicket[wickets + 1];
   stand.batsman_a = men[match.lower_batsman()].name;
-  stand.batsman_b = men[match.striker].name + " * ";
-  stand.partner_runs = match.score_runs - before.score;
-  stand.partner_balls = match.innings_balls - before.balls;
+  const std::string& striker = men[match.striker].name;
+  stand.batsman_b = striker + " * ";
+  book_as(stand.partner_runs, match.score_runs - before.score, "fall_of_wicket.partner_runs", striker);
+  book_as(stand.partner_balls, match.innings_balls - before.balls, "fall_of_wicket.partner_balls", striker);
 }
 
 void swap_cards() {
@@ -154,7 +156,7 @@ void change_innings() {
   move_logs();
   swap_totals();
   prepare_chase_display();
-  match.innings_number += 1;
+  book(match.innings_number, 1, "innings_number", match.team1_name);
   static_cast<match_known_achievements&>(match) = {};
   open_second_innings();
   match.innings_changed = true;

@@ -6,6 +6,7 @@
 
 #include "database/elevens.h"
 #include "engine/algorithm.h"
+#include "model/booking.h"
 #include "model/random.h"
 #include "model/teams.h"
 
@@ -13,10 +14,20 @@ namespace velorin {
 
 namespace {
 
+/// A figure of the batsman's card and its name.
+struct counter {
+  integer batting_card_rec::*figure;
+  const char* field;
+};
+
 /// What a ball counts as on the batsman's card, by its runs off the bat. Five do not happen.
-constexpr std::array<integer batting_card_rec::*, 7> counters = {
-    &batting_card_rec::dots,  &batting_card_rec::singles, &batting_card_rec::twos, &batting_card_rec::threes,
-    &batting_card_rec::fours, &batting_card_rec::sixes,   &batting_card_rec::sixes};
+constexpr std::array<counter, 7> counters = {{{&batting_card_rec::dots, "batting_card.dots"},
+                                              {&batting_card_rec::singles, "batting_card.singles"},
+                                              {&batting_card_rec::twos, "batting_card.twos"},
+                                              {&batting_card_rec::threes, "batting_card.threes"},
+                                              {&batting_card_rec::fours, "batting_card.fours"},
+                                              {&batting_card_rec::sixes, "batting_card.sixes"},
+                                              {&batting_card_rec::sixes, "batting_card.sixes"}}};
 
 /// The keeper's name: of several the man of the highest position counts. nullptr without one.
 const std::string* keeper_name() {
@@ -52,10 +63,12 @@ void record_runs() {
   // After one or three runs the batsmen have changed ends already.
   const std::array<integer, 2> ends = {match.striker, match.non_striker};
   batting_card_rec& batsman = match.batting_card[ends[static_cast<std::size_t>(outcome) & 1U]];
-  batsman.balls += 1;
-  batsman.*counters[static_cast<std::size_t>(outcome)] += 1;
-  batsman.runs += outcome;
-  match.bowling_card[match.bowler].runs += outcome;
+  bowling_card_rec& bowler = match.bowling_card[match.bowler];
+  const counter& counted = counters[static_cast<std::size_t>(outcome)];
+  book(batsman.balls, 1, "batting_card.balls", batsman.name);
+  book(batsman.*counted.figure, 1, counted.field, batsman.name);
+  book(batsman.runs, outcome, "batting_card.runs", batsman.name);
+  book(bowler.runs, outcome, "bowling_card.runs", bowler.name);
   match.maiden_flag = match.maiden_flag && outcome == dot_ball;
 }
 
@@ -63,12 +76,13 @@ void record_fall_of_wicket() {
   const int k = match.score_wickets;
   fall_of_wicket_rec& fall = match.fall_of_wicket[k];
   const fall_of_wicket_rec& before = match.fall_of_wicket[k - 1];
-  fall.score = match.score_runs;
+  const std::string& striker = match.batting_xi[match.striker].name;
+  book_as(fall.score, match.score_runs, "fall_of_wicket.score", striker);
   fall.batsman_a = match.batting_xi[match.non_striker].name;
-  fall.batsman_b = match.batting_xi[match.striker].name;
-  fall.partner_runs = fall.score - before.score;
-  fall.balls = match.innings_balls + 1;
-  fall.partner_balls = fall.balls - before.balls;
+  fall.batsman_b = striker;
+  book_as(fall.partner_runs, fall.score - before.score, "fall_of_wicket.partner_runs", striker);
+  book_as(fall.balls, match.innings_balls + 1, "fall_of_wicket.balls", striker);
+  book_as(fall.partner_balls, fall.balls - before.balls, "fall_of_wicket.partner_balls", striker);
 }
 
 void record_dismissal(bool& run_out) {

@@ -40,13 +40,15 @@ class integer {
   constexpr integer& operator-=(int change) { return *this += -change; }
   constexpr integer& operator++() { return *this += 1; }
 
+  /// True if a figure can have this value.
+  static constexpr bool holds(long long value) { return static_cast<std::int16_t>(value) == value; }
+
  private:
   static constexpr std::int16_t checked(long long value) {
-    const auto kept = static_cast<std::int16_t>(value);
-    if (kept != value) [[unlikely]] {
+    if (!holds(value)) [[unlikely]] {
       detail::raise_integer_overflow(value);
     }
-    return kept;
+    return static_cast<std::int16_t>(value);
   }
 
   std::int16_t value_ = 0;

@@ -4,7 +4,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
+#include "model/booking.h"
 #include "model/integer.h"
 
 namespace velorin {
@@ -29,17 +31,23 @@ std::string one_line(const std::string& happened, const error_place& place) {
   return line;
 }
 
+template <typename Value>
+[[noreturn]] void raise_overflow(Value value, error_place place = {}) {
+  throw run_time_error(failure::overflow, fmt::format("Overflow: {} does not fit a 16-bit figure", value),
+                       std::move(place));
+}
+
 }  // namespace
 
 run_time_error::run_time_error(failure kind, const std::string& happened, error_place place)
     : std::runtime_error(one_line(happened, place)), kind_(kind), place_(std::move(place)) {}
 
-void detail::raise_integer_overflow(long long value) {
-  throw run_time_error(failure::overflow, fmt::format("Overflow: {} does not fit a 16-bit figure", value));
-}
+void detail::raise_integer_overflow(long long value) { raise_overflow(value); }
 
-void detail::raise_integer_overflow(unsigned long long value) {
-  throw run_time_error(failure::overflow, fmt::format("Overflow: {} does not fit a 16-bit figure", value));
+void detail::raise_integer_overflow(unsigned long long value) { raise_overflow(value); }
+
+void detail::raise_figure_overflow(long long value, const char* field, const std::string& concerned) {
+  raise_overflow(value, {.file = {}, .record = 0, .field = field, .player = concerned});
 }
 
 }  // namespace velorin

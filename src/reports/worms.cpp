@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/worms.h"
 
+#include "model/booking.h"
 #include "model/teams.h"
 #include "model/texts.h"
 
@@ -36,7 +37,7 @@ void feed_worms() {
     if (line.team != match.team1_name) continue;
     const int row = match.innings_balls / 6 + 1;
     if (row <= 51) {  // an innings that goes on with the balls of an earlier one has no row left
-      line.row[row] = match.score_runs;
+      book_as(line.row[row], match.score_runs, "worm.row", line.team);
       line.row_set[row] = true;
     }
     line.score_runs = match.score_runs;

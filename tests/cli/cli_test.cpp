@@ -3,7 +3,6 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 #include "database/configuration.h"
@@ -26,27 +25,10 @@ scratch_folder::~scratch_folder() {
 
 std::filesystem::path small_tables() { return std::filesystem::path(VELORIN_TEST_DATA) / "data" / "small"; }
 
-std::string file_bytes(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  EXPECT_TRUE(in) << file << " cannot be read";
-  std::ostringstream bytes;
-  bytes << in.rdbuf();
-  return bytes.str();
-}
-
 void write_bytes(const std::filesystem::path& file, const std::string& bytes) {
   std::ofstream out(file, std::ios::binary);
   out << bytes;
   if (!out.flush()) throw std::runtime_error("a test's file cannot be written");
-}
-
-std::map<std::string, std::string> contents_of(const std::filesystem::path& folder) {
-  std::map<std::string, std::string> files_found;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-    const std::string name = std::filesystem::relative(entry.path(), folder).string();
-    files_found[name] = entry.is_directory() ? "a folder" : file_bytes(entry.path());
-  }
-  return files_found;
 }
 
 std::vector<std::string> lines_of(const std::string& text) {

@@ -5,12 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <map>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "cli/report_run.h"
+#include "support/folder_contents.h"
 
 namespace velorin::testing {
 
@@ -33,10 +33,7 @@ class scratch_folder {
 /// Where the tables of the small database of the tests are.
 std::filesystem::path small_tables();
 
-std::string file_bytes(const std::filesystem::path& file);
 void write_bytes(const std::filesystem::path& file, const std::string& bytes);
-/// Every file below a folder and its bytes, by the path within the folder.
-std::map<std::string, std::string> contents_of(const std::filesystem::path& folder);
 /// The lines of a text, without their ends. The last one must have an end, too.
 std::vector<std::string> lines_of(const std::string& text);
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Every figure of the match at its last value: what would pass it ends the match with an overflow.
+// Every figure of the match at its last value: what would pass it ends the match with an overflow that names the figure
+// and whose it is, and leaves the files as they were.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -7,92 +9,141 @@
 #include <vector>
 
 #include "captain/aicomp.h"
+#include "database/configuration.h"
 #include "engine/algorithm.h"
 #include "engine/driver.h"
 #include "engine/end_of_inns_match.h"
 #include "engine/match_test.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "support/folder_contents.h"
+#include "support/small_database.h"
 
 namespace velorin::testing {
 namespace {
+
+using ::testing::ElementsAre;
+using ::testing::Key;
 
 constexpr int last = 32767;
 
 /// A figure that a delivery changes, brought near its limit after the first ball of an over.
 struct near_limit {
-  const char* what;
-  std::function<void()> set;
-  ball next;      ///< the ball that passes it
-  int too_great;  ///< the value that does not fit
+  const char* field;
+  const char* of;  ///< what else tells the case from others
+  std::function<integer*()> figure;
+  int value;                           ///< of the figure before the ball
+  ball next;                           ///< the ball that passes it
+  int too_great;                       ///< the value that does not fit
+  const char* concerned;               ///< the player or team of the figure
+  std::function<void()> besides = {};  ///< what else must be the case
 };
 
-std::ostream& operator<<(std::ostream& out, const near_limit& figure) { return out << figure.what; }
+std::ostream& operator<<(std::ostream& out, const near_limit& limit) { return out << limit.field << limit.of; }
 
 batting_card_rec& striker() { return match.batting_card[match.striker]; }
 bowling_card_rec& bowler() { return match.bowling_card[match.bowler]; }
+fall_of_wicket_rec& fall() { return match.fall_of_wicket[1]; }
+fall_of_wicket_rec& before() { return match.fall_of_wicket[0]; }
 
-const std::vector<near_limit> figures = {
-    {"batting_card.runs", [] { striker().runs = last - 5; }, hit(6), last + 1},
-    {"batting_card.balls", [] { striker().balls = last; }, hit(0), last + 1},
-    {"batting_card.dots", [] { striker().dots = last; }, hit(0), last + 1},
-    {"batting_card.singles", [] { striker().singles = last; }, hit(1), last + 1},
-    {"batting_card.twos", [] { striker().twos = last; }, hit(2), last + 1},
-    {"batting_card.threes", [] { striker().threes = last; }, hit(3), last + 1},
-    {"batting_card.fours", [] { striker().fours = last; }, hit(4), last + 1},
-    {"batting_card.sixes", [] { striker().sixes = last; }, hit(6), last + 1},
-    {"batting_card.balls of leg byes", [] { striker().balls = last; }, off_the_pad(leg_byes, 1), last + 1},
-    {"batting_card.dots of a wicket", [] { striker().dots = last; }, out(), last + 1},
-    {"bowling_card.runs", [] { bowler().runs = last - 3; }, hit(4), last + 1},
-    {"bowling_card.balls", [] { bowler().balls = last; }, hit(0), last + 1},
-    {"bowling_card.wickets", [] { bowler().wickets = last; }, out(), last + 1},
-    {"innings_balls", [] { match.innings_balls = last; }, hit(0), last + 1},
-    {"innings_leg_byes", [] { match.innings_leg_byes = last - 1; }, off_the_pad(leg_byes, 4), last + 3},
-    {"innings_byes", [] { match.innings_byes = last - 2; }, off_the_pad(byes, 3), last + 1},
-    {"running score of the graph", [] { match.score_runs = last; }, hit(1), last + 1},
-    {"fall_of_wicket.score", [] { match.score_runs = last + 1; }, out(), last + 1},
-    {"fall_of_wicket.partner_runs",
+const std::vector<near_limit> limits = {
+    {"batting_card.runs", "", [] { return &striker().runs; }, last - 5, hit(6), last + 1, "H.Bat1"},
+    {"batting_card.balls", "", [] { return &striker().balls; }, last, hit(0), last + 1, "H.Bat1"},
+    {"batting_card.dots", "", [] { return &striker().dots; }, last, hit(0), last + 1, "H.Bat1"},
+    {"batting_card.singles", "", [] { return &striker().singles; }, last, hit(1), last + 1, "H.Bat1"},
+    {"batting_card.twos", "", [] { return &striker().twos; }, last, hit(2), last + 1, "H.Bat1"},
+    {"batting_card.threes", "", [] { return &striker().threes; }, last, hit(3), last + 1, "H.Bat1"},
+    {"batting_card.fours", "", [] { return &striker().fours; }, last, hit(4), last + 1, "H.Bat1"},
+    {"batting_card.sixes", "", [] { return &striker().sixes; }, last, hit(6), last + 1, "H.Bat1"},
+    {"batting_card.balls", " of leg byes", [] { return &striker().balls; }, last, off_the_pad(leg_byes, 1), last + 1,
+     "H.Bat1"},
+    {"batting_card.dots", " of a wicket", [] { return &striker().dots; }, last, out(), last + 1, "H.Bat1"},
+    {"bowling_card.runs", "", [] { return &bowler().runs; }, last - 3, hit(4), last + 1, "A.Bowl1"},
+    {"bowling_card.balls", "", [] { return &bowler().balls; }, last, hit(0), last + 1, "A.Bowl1"},
+    {"bowling_card.wickets", "", [] { return &bowler().wickets; }, last, out(), last + 1, "A.Bowl1"},
+    {"innings_balls", "", [] { return &match.innings_balls; }, last, hit(0), last + 1, "Home"},
+    {"innings_no_balls", "", [] { return &match.innings_no_balls; }, last, hit(no_ball), last + 1, "A.Bowl1"},
+    {"innings_wides", "", [] { return &match.innings_wides; }, last, hit(wide_ball), last + 1, "A.Bowl1"},
+    {"innings_leg_byes", "", [] { return &match.innings_leg_byes; }, last - 1, off_the_pad(leg_byes, 4), last + 3,
+     "Home"},
+    {"innings_byes", "", [] { return &match.innings_byes; }, last - 2, off_the_pad(byes, 3), last + 1, "Home"},
+    {"worm.row", "", [] { return &match.worm[0].row[1]; }, 7, hit(1), last + 1, "Home",
+     [] { match.score_runs = last; }},
+    {"fall_of_wicket.score", "", [] { return &fall().score; }, 7, out(), last + 1, "H.Bat1",
+     [] { match.score_runs = last + 1; }},
+    {"fall_of_wicket.partner_runs", "", [] { return &fall().partner_runs; }, 7, out(), last + 1, "H.Bat1",
      [] {
        match.score_runs = 1;
-       match.fall_of_wicket[0].score = -last;
-     },
-     out(), last + 1},
-    {"fall_of_wicket.balls", [] { match.innings_balls = last; }, out(), last + 1},
-    {"fall_of_wicket.partner_balls", [] { match.fall_of_wicket[0].balls = 2 - last - 1; }, out(), last + 1},
+       before().score = -last;
+     }},
+    {"fall_of_wicket.balls", "", [] { return &fall().balls; }, 7, out(), last + 1, "H.Bat1",
+     [] { match.innings_balls = last; }},
+    {"fall_of_wicket.partner_balls", "", [] { return &fall().partner_balls; }, 7, out(), last + 1, "H.Bat1",
+     [] { before().balls = 2 - last - 1; }},
 };
 
+/// Plays in a folder that has careers and records, with updates on.
 class FigureLimits : public match_test {
  protected:
-  static std::string overflow_of(const std::function<void()>& procedure) {
+  void SetUp() override {
+    match_test::SetUp();
+    play_first_innings(false, false);
+    files.updates = true;
+    play(times(4, hit(6)));
+    ASSERT_THAT(contents_of(database_.folder()), ElementsAre(Key("world.ptr"), Key("world.rec")));
+  }
+
+  void open_match() {
+    open(false, false);
+    files.updates = true;
+  }
+
+  /// The message of the overflow. Nothing in the folder may change.
+  std::string overflow_of(const std::function<void()>& procedure) const {
+    const auto before = contents_of(database_.folder());
+    std::string message = "no failure";
     try {
       procedure();
     } catch (const run_time_error& error) {
       EXPECT_EQ(error.kind(), failure::overflow);
-      return error.what();
+      message = error.what();
     }
-    return "no failure";
+    EXPECT_EQ(contents_of(database_.folder()), before);
+    return message;
   }
+
+  static std::string does_not_fit(int value, const std::string& field, const std::string& concerned) {
+    return "Overflow: " + std::to_string(value) + " does not fit a 16-bit figure (field " + field + ", at \"" +
+           concerned + "\")";
+  }
+
+ private:
+  small_database database_;
 };
 
 class BallFigures : public FigureLimits, public ::testing::WithParamInterface<near_limit> {};
 
 TEST_P(BallFigures, EndTheMatchPastTheirLimit) {
-  const near_limit& figure = GetParam();
-  open(false, false);
+  const near_limit& limit = GetParam();
+  const integer* figure = nullptr;
+  open_match();
+  user.balls_bowled = 0;
   user.on_ball = [&] {
-    user.on_ball = nullptr;
-    figure.set();
-    std::vector<double> draws = {draw_outcome(figure.next.outcome)};
-    draws.insert(draws.end(), figure.next.then.begin(), figure.next.then.end());
+    if (limit.besides) limit.besides();
+    *limit.figure() = limit.value;
+    figure = limit.figure();
+    std::vector<double> draws = {draw_outcome(limit.next.outcome)};
+    draws.insert(draws.end(), limit.next.then.begin(), limit.next.then.end());
     script_draws(draws);
   };
   script_draws({draw_outcome(dot_ball)});
-  EXPECT_EQ(overflow_of(next_over), "Overflow: " + std::to_string(figure.too_great) + " does not fit a 16-bit figure");
+  EXPECT_EQ(overflow_of(next_over), does_not_fit(limit.too_great, limit.field, limit.concerned));
   EXPECT_EQ(user.balls_bowled, 1) << "the ball is not announced";
+  EXPECT_EQ(*figure, limit.value) << "what does not fit is not booked";
 }
 
-INSTANTIATE_TEST_SUITE_P(, BallFigures, ::testing::ValuesIn(figures), [](const auto& figure) {
-  std::string name = figure.param.what;
+INSTANTIATE_TEST_SUITE_P(, BallFigures, ::testing::ValuesIn(limits), [](const auto& limit) {
+  std::string name = std::string(limit.param.field) + limit.param.of;
   for (char& letter : name) {
     if (letter == '.' || letter == ' ') letter = '_';
   }
@@ -100,68 +151,79 @@ INSTANTIATE_TEST_SUITE_P(, BallFigures, ::testing::ValuesIn(figures), [](const a
 });
 
 TEST_F(FigureLimits, NoBallsBeyondTheFigureAreAnError) {
-  open(false, false);
+  open_match();
   play(std::vector{hit(0)} + times(last, hit(no_ball)));
   EXPECT_EQ(match.innings_no_balls, last);
-  open(false, false);
+  open_match();
   EXPECT_EQ(overflow_of([&] { play(std::vector{hit(0)} + times(last + 1, hit(no_ball))); }),
-            "Overflow: 32768 does not fit a 16-bit figure (field innings_no_balls, at \"A.Bowl1\")");
+            does_not_fit(last + 1, "innings_no_balls", "A.Bowl1"));
 }
 
 TEST_F(FigureLimits, WidesBeyondTheFigureAreAnError) {
-  open(false, false);
+  open_match();
   play(std::vector{hit(0)} + times(last, hit(wide_ball)));
   EXPECT_EQ(match.innings_wides, last);
   EXPECT_EQ(match.ball_log[1][1], "32767");
-  open(false, false);
+  open_match();
   EXPECT_EQ(overflow_of([&] { play(std::vector{hit(0)} + times(last + 1, hit(wide_ball))); }),
-            "Overflow: 32768 does not fit a 16-bit figure (field innings_wides, at \"A.Bowl1\")");
+            does_not_fit(last + 1, "innings_wides", "A.Bowl1"));
 }
 
 TEST_F(FigureLimits, MaidensAndTheClockCountOvers) {
-  for (const auto& set :
-       std::vector<std::function<void()>>{[] { bowler().maidens = last; }, [] { match.clock_minutes = last - 3; }}) {
-    open(false, false);
+  struct booked {
+    const char* field;
+    const char* concerned;
+    std::function<integer*()> figure;
+    int value;
+  };
+  for (const auto& over : {booked{"bowling_card.maidens", "A.Bowl1", [] { return &bowler().maidens; }, last},
+                           booked{"clock_minutes", "The Oval", [] { return &match.clock_minutes; }, last - 3}}) {
+    open_match();
+    const integer* figure = over.figure();
     int balls = 0;
     user.on_ball = [&] {
-      if (++balls == 6) set();
+      if (++balls == 6) *over.figure() = over.value;
     };
     script_draws(std::vector<double>(6, draw_outcome(dot_ball)));
-    EXPECT_EQ(overflow_of(next_over), "Overflow: 32768 does not fit a 16-bit figure");
+    EXPECT_EQ(overflow_of(next_over), does_not_fit(last + 1, over.field, over.concerned));
     EXPECT_EQ(balls, 6);
+    EXPECT_EQ(*figure, over.value);
   }
 }
 
 TEST_F(FigureLimits, TheTotalOfAnInnings) {
-  const std::string too_great = "Overflow: 32768 does not fit a 16-bit figure";
-  open(false, false);
+  open_match();
   match.score_runs = last;
-  match.fall_of_wicket[0].score = 10;
+  before().score = 10;
   match.innings_over_flag = true;
   end_of_ball_check();
   EXPECT_EQ(match.first_total, last);
-  open(false, false);
+  open_match();
   match.score_runs = last + 1;
   match.innings_over_flag = true;
-  EXPECT_EQ(overflow_of(end_of_ball_check), too_great);
+  EXPECT_EQ(overflow_of(end_of_ball_check), does_not_fit(last + 1, "innings_total", "Home"));
+  EXPECT_EQ(match.innings_total, 0);
   EXPECT_EQ(match.innings_number, 1) << "the innings has not changed";
 }
 
 TEST_F(FigureLimits, AnUnbrokenStand) {
-  open(false, false);
+  open_match();
   match.score_runs = 1;
-  match.fall_of_wicket[0].score = -last;
-  EXPECT_EQ(overflow_of(change_innings), "Overflow: 32768 does not fit a 16-bit figure");
-  open(false, false);
+  before().score = -last;
+  EXPECT_EQ(overflow_of(change_innings), does_not_fit(last + 1, "fall_of_wicket.partner_runs", "H.Bat1"));
+  EXPECT_EQ(fall().partner_runs, 0);
+  open_match();
   match.innings_balls = 1;
-  match.fall_of_wicket[0].balls = -last;
-  EXPECT_EQ(overflow_of(finish_match), "Overflow: 32768 does not fit a 16-bit figure");
+  before().balls = -last;
+  EXPECT_EQ(overflow_of(finish_match), does_not_fit(last + 1, "fall_of_wicket.partner_balls", "H.Bat1"));
+  EXPECT_EQ(fall().partner_balls, 0);
 }
 
 TEST_F(FigureLimits, TheNumberOfInnings) {
-  open(false, false);
+  open_match();
   match.innings_number = last;
-  EXPECT_EQ(overflow_of(change_innings), "Overflow: 32768 does not fit a 16-bit figure");
+  EXPECT_EQ(overflow_of(change_innings), does_not_fit(last + 1, "innings_number", "Away"));
+  EXPECT_EQ(match.innings_number, last);
 }
 
 TEST_F(FigureLimits, TheClassOfAnEconomy) {
@@ -170,7 +232,7 @@ TEST_F(FigureLimits, TheClassOfAnEconomy) {
   match.bowling_xi[5].econ = 32767.4F;
   choose_opening_bowlers();
   match.bowling_xi[5].econ = 32768.0F;
-  EXPECT_EQ(overflow_of(choose_opening_bowlers), "Overflow: 32768 does not fit a 16-bit figure");
+  EXPECT_EQ(overflow_of(choose_opening_bowlers), does_not_fit(last + 1, "econ_class", "A.Bowl5"));
 }
 
 }  // namespace
