@@ -1,11 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "competitions/league.h"
 
+#include "model/booking.h"
 #include "model/rounding.h"
 #include "model/teams.h"
 #include "model/texts.h"
 
 namespace velorin {
+
+namespace {
+
+void book_win(league_row& winner, const std::string& winner_name, league_row& loser, const std::string& loser_name) {
+  book(winner.won, 1, "won", winner_name);
+  book(winner.points, 2, "points", winner_name);
+  book(loser.lost, 1, "lost", loser_name);
+}
+
+void book_tie(league_row& row, const std::string& name) {
+  book(row.tied, 1, "tied", name);
+  book(row.points, 1, "points", name);
+}
+
+}  // namespace
 
 league_texts shown_row(const league_row& row) {
   return {row.team,
@@ -25,19 +41,24 @@ bool stands_ahead(const league_row& after, const league_row& before) {
 void book_outcome(league_row& first, league_row& second, const std::string& first_name,
                   const std::string& second_name) {
   if (match.result_winner == first_name) {
-    first.won += 1;
-    first.points += 2;
-    second.lost += 1;
+    book_win(first, first_name, second, second_name);
   } else if (match.result_winner == second_name) {
-    second.won += 1;
-    second.points += 2;
-    first.lost += 1;
+    book_win(second, second_name, first, first_name);
   } else {
-    for (league_row* row : {&first, &second}) {
-      row->tied += 1;
-      row->points += 1;
-    }
+    book_tie(first, first_name);
+    book_tie(second, second_name);
   }
+}
+
+void book_played(league_row& row, const std::string& name) { book(row.played, 1, "played", name); }
+
+void add_row(league_row& row, const league_row& other) {
+  book(row.played, other.played, "played", row.team);
+  book(row.won, other.won, "won", row.team);
+  book(row.lost, other.lost, "lost", row.team);
+  book(row.tied, other.tied, "tied", row.team);
+  book(row.points, other.points, "points", row.team);
+  row.net_run_rate += other.net_run_rate;
 }
 
 void book_league_match(league_row* rows, int count, const std::string& first_name, const std::string& second_name) {
@@ -45,11 +66,11 @@ void book_league_match(league_row* rows, int count, const std::string& first_nam
   league_row* second = nullptr;
   for (league_row* row = rows; row != rows + count; ++row) {
     if (row->team == first_name) {
-      row->played += 1;
+      book_played(*row, row->team);
       first = row;
     }
     if (row->team == second_name) {
-      row->played += 1;
+      book_played(*row, row->team);
       second = row;
     }
   }

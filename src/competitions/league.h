@@ -28,9 +28,17 @@ league_texts shown_row(const league_row& row);
 /// True if `after` must stand ahead of `before`: more points, or as many and a higher net run rate.
 bool stands_ahead(const league_row& after, const league_row& before);
 
-/// Books the last match in two rows from the result block: played, won, lost, tied, points; a tie for a match without
-/// a winner of either name. Both may be the same row.
+// A figure of a row that overflows is a run_time_error (overflow) that names it and the team; nothing is changed in it.
+
+/// Books the last match in two rows from the result block: won, lost, tied, points; a tie for a match without a winner
+/// of either name. Both may be the same row.
 void book_outcome(league_row& first, league_row& second, const std::string& first_name, const std::string& second_name);
+
+/// One match more for the team of this name.
+void book_played(league_row& row, const std::string& name);
+
+/// Adds the figures of another row.
+void add_row(league_row& row, const league_row& other);
 
 /// Books the last match in a league of `count` rows, found by name: each row of either name has played one more, and
 /// the last row of each name takes the outcome; every row takes the gains of its team. Nothing is booked but the gains

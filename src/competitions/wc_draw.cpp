@@ -69,12 +69,7 @@ void carry_over(const wc_group& group, int first) {
       for (int k = 1; k <= 5; ++k) {
         const league_row& cell = group[i].versus[k];
         if (cell.team != world_cup.wc_super_six[first + j - 1].team) continue;
-        row.played += cell.played;
-        row.won += cell.won;
-        row.lost += cell.lost;
-        row.tied += cell.tied;
-        row.points += cell.points;
-        row.net_run_rate += cell.net_run_rate;
+        add_row(row, cell);
       }
     }
   }

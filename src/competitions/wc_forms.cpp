@@ -34,13 +34,7 @@ league_table5 group_table(const wc_group& group) {
     league_row& row = table[place];
     row.team = group[place].team;
     for (int other = 1; other <= 5; ++other) {
-      const league_row& cell = group[place].versus[other];
-      row.played += cell.played;
-      row.won += cell.won;
-      row.lost += cell.lost;
-      row.tied += cell.tied;
-      row.points += cell.points;
-      row.net_run_rate += cell.net_run_rate;
+      add_row(row, group[place].versus[other]);
     }
   }
   return table;

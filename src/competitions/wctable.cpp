@@ -52,8 +52,8 @@ void run_group_match(wc_group& group, const entered_side& first, const entered_s
   wc_group_team& b = group[place_of(group, second.team)];
   league_row& cell_a = cell_against(a, second.team);
   league_row& cell_b = cell_against(b, first.team);
-  cell_a.played += 1;
-  cell_b.played += 1;
+  book_played(cell_a, first.team);
+  book_played(cell_b, second.team);
   book_outcome(cell_a, cell_b, first.team, second.team);
   const bool a_first = match.rate_first.team == a.team;
   cell_a.net_run_rate += a_first ? match.rate_first.delta : match.rate_second.delta;

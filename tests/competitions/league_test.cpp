@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <random>
+#include <string>
 #include <vector>
 
 #include "model/run_time_error.h"
@@ -127,27 +129,72 @@ TEST(League, AWinnerOfNeitherNameIsATie) {
   EXPECT_THAT(figures(b), ElementsAre(0, 0, 0, 1, 1));
 }
 
+std::string overflow_of(const std::function<void()>& procedure) {
+  try {
+    procedure();
+  } catch (const run_time_error& error) {
+    EXPECT_EQ(error.kind(), failure::overflow);
+    return error.what();
+  }
+  return "no failure";
+}
+
+std::string does_not_fit(int value, const std::string& field, const std::string& team) {
+  return "Overflow: " + std::to_string(value) + " does not fit a 16-bit figure (field " + field + ", at \"" + team +
+         "\")";
+}
+
 TEST(League, AFigureBeyondSixteenBitsIsAnOverflow) {
   struct booked {
+    const char* field;
     integer league_row::*figure;
     const char* winner;
     int last;  ///< the greatest value that a match leaves room for
   };
-  for (const booked& full : {booked{&league_row::played, "A", 32766}, booked{&league_row::won, "A", 32766},
-                             booked{&league_row::lost, "B", 32766}, booked{&league_row::tied, "", 32766},
-                             booked{&league_row::points, "A", 32765}, booked{&league_row::points, "", 32766}}) {
+  for (const booked& full :
+       {booked{"played", &league_row::played, "A", 32766}, booked{"won", &league_row::won, "A", 32766},
+        booked{"lost", &league_row::lost, "B", 32766}, booked{"tied", &league_row::tied, "", 32766},
+        booked{"points", &league_row::points, "A", 32765}, booked{"points", &league_row::points, "", 32766}}) {
     set_result(full.winner, "A", "B", 0);
     std::vector<league_row> rows = {named("A"), named("B")};
     rows[0].*full.figure = full.last;
     book_league_match(rows.data(), 2, "A", "B");
     EXPECT_EQ(rows[0].*full.figure, 32767);
-    try {
-      book_league_match(rows.data(), 2, "A", "B");
-      ADD_FAILURE() << "no failure";
-    } catch (const run_time_error& error) {
-      EXPECT_EQ(error.kind(), failure::overflow);
-      EXPECT_THAT(error.what(), ::testing::MatchesRegex("Overflow: 3276[89] does not fit a 16-bit figure"));
-    }
+    EXPECT_EQ(overflow_of([&] { book_league_match(rows.data(), 2, "A", "B"); }),
+              does_not_fit(32767 + 32767 - full.last, full.field, "A"));
+    EXPECT_EQ(rows[0].*full.figure, 32767);
+  }
+}
+
+TEST(League, TheSecondTeamIsNamedByItsOwnName) {
+  league_row a = named("A");
+  league_row against_a = named("A");  // as the cells of a group are headed
+  set_result("A", "A", "B", 0);
+  against_a.lost = 32767;
+  EXPECT_EQ(overflow_of([&] { book_outcome(a, against_a, "A", "B"); }), does_not_fit(32768, "lost", "B"));
+  set_result("", "A", "B", 0);
+  against_a.tied = 32767;
+  EXPECT_EQ(overflow_of([&] { book_outcome(a, against_a, "A", "B"); }), does_not_fit(32768, "tied", "B"));
+  set_result("B", "A", "B", 0);
+  against_a.won = 32767;
+  EXPECT_EQ(overflow_of([&] { book_outcome(a, against_a, "A", "B"); }), does_not_fit(32768, "won", "B"));
+}
+
+TEST(League, SumsOfRowsHaveTheSameLimit) {
+  struct summed {
+    const char* field;
+    integer league_row::*figure;
+  };
+  for (const summed& full :
+       {summed{"played", &league_row::played}, summed{"won", &league_row::won}, summed{"lost", &league_row::lost},
+        summed{"tied", &league_row::tied}, summed{"points", &league_row::points}}) {
+    league_row sum = named("A");
+    league_row cell = named("B");
+    cell.*full.figure = 32767;
+    add_row(sum, cell);
+    EXPECT_EQ(sum.*full.figure, 32767);
+    EXPECT_EQ(overflow_of([&] { add_row(sum, cell); }), does_not_fit(65534, full.field, "A"));
+    EXPECT_EQ(sum.*full.figure, 32767);
   }
 }
 

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <string>
+#include <tuple>
 
 #include "competitions/cup_test.h"
 #include "competitions/wc_fix.h"
 #include "competitions/wcsstab.h"
+#include "model/run_time_error.h"
 
 namespace velorin::testing {
 namespace {
@@ -33,6 +36,25 @@ TEST_F(CupStages, AGroupMatchIsBookedInTheCellsOfTheTwo) {
   EXPECT_THAT(figures(world_cup.wc_group_b[5].versus[1]), ElementsAre(1, 0, 0, 1, 1));
   EXPECT_EQ(group_table(world_cup.wc_group_a)[1].played, 0);
   EXPECT_EQ(group_table(world_cup.wc_group_b)[2].played, 0);
+}
+
+TEST_F(CupStages, ACellThatOverflowsNamesItsTeam) {
+  choose_groups();
+  draw_group_fixtures();
+  force({1, 0}, 1);
+  for (const auto& [team, other, name] : {std::tuple(2, 4, "Brava"), std::tuple(4, 2, "Dessa")}) {
+    integer& played = world_cup.wc_group_a[team].versus[other].played;
+    played = 32767;
+    try {
+      run_wc_match_a({"Brava", false}, {"Dessa", false}, "Ardell Park");
+      ADD_FAILURE() << "no failure";
+    } catch (const run_time_error& error) {
+      EXPECT_EQ(error.what(),
+                std::string("Overflow: 32768 does not fit a 16-bit figure (field played, at \"") + name + "\")");
+    }
+    EXPECT_EQ(played, 32767);
+    played = 0;
+  }
 }
 
 TEST_F(CupStages, OfANameTwiceInAGroupTheLastPlaceIsBooked) {
