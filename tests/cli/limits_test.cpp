@@ -141,40 +141,65 @@ TEST_F(CliLimits, ATwentyFirstTeamOfTheDatabase) {
                                              "record 22, field team_count)"));
 }
 
-/// Finds, at the second ball of a match, the draw that makes the third a no ball.
-class no_ball_finder : public headless_user {
+/// Finds, at the second ball of a match, the draw that makes the third one that does not count.
+class draw_finder : public headless_user {
  public:
   struct found {};
   double draw = 0;
+
+  explicit draw_finder(int outcome) : outcome_(outcome) {}
 
   using headless_user::show;
   void ball_bowled() override {
     if (match.innings_balls < 2) return;
     set_batting_aggression();
-    draw = draw_outcome(no_ball);
+    draw = draw_outcome(outcome_);
     throw found();
   }
+
+ private:
+  int outcome_;
 };
 
-TEST_F(CliLimits, NoBallsWithoutEnd) {
+/// An outcome that does not count, and where it is counted.
+struct uncounted {
+  int outcome;
+  const char* field;
+};
+
+std::ostream& operator<<(std::ostream& out, const uncounted& counted) { return out << counted.field; }
+
+class CliUncounted : public CliLimits, public ::testing::WithParamInterface<uncounted> {};
+
+TEST_P(CliUncounted, DeliveriesWithoutEnd) {
   // The conditions, the toss, the bowlers' offset, two balls without a run.
   std::vector<double> draws(6, 0.5);
   draws.insert(draws.end(), 2, 0.9999);
-  no_ball_finder finder;
+  draw_finder finder(GetParam().outcome);
+  std::string bowler;
   {
     const front_end_scope scope(finder);
     chance.use_script(draws, "draws");
     teamfrm form;
     form.open();
-    EXPECT_THROW(form.command1_click(), no_ball_finder::found);
+    EXPECT_THROW(form.command1_click(), draw_finder::found);
+    bowler = match.bowling_xi[match.bowler].name;
   }
+  play_a_match();
+  ASSERT_EQ(contents_of(teams()).size(), 4U) << "with careers and records";
   std::string lines;
   for (const double draw : draws) lines += fmt::format("{}\n", draw);
   for (int i = 0; i < 32768; ++i) lines += fmt::format("{}\n", finder.draw);
   write_bytes(file("draws.txt"), lines);
-  EXPECT_THAT(refusal({"--draws", file("draws.txt"), "match", "--update"}),
-              ::testing::HasSubstr("Overflow: 32768 does not fit a 16-bit figure (field innings_no_balls, at \""));
+  EXPECT_EQ(refusal({"--draws", file("draws.txt"), "match", "--update"}),
+            fmt::format("velorin-cli: Overflow: 32768 does not fit a 16-bit figure (field {}, at \"{}\")",
+                        GetParam().field, bowler));
 }
+
+INSTANTIATE_TEST_SUITE_P(, CliUncounted,
+                         ::testing::Values(uncounted{no_ball, "innings_no_balls"},
+                                           uncounted{wide_ball, "innings_wides"}),
+                         [](const auto& counted) { return std::string(counted.param.field); });
 
 }  // namespace
 }  // namespace velorin::testing
