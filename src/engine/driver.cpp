@@ -47,6 +47,13 @@ void require_position(int position, const char* field) {
                        {.file = {}, .record = 0, .field = field, .player = {}});
 }
 
+/// The log has fifty overs. Only an innings that began with the balls of an earlier one can go past them.
+void require_place_in_log() {
+  if (match.over_no <= 50) return;
+  throw run_time_error(failure::subscript, "Subscript out of range: an innings of more than 50 overs",
+                       {.file = {}, .record = 0, .field = "ball_log", .player = match.team1_name});
+}
+
 void say(ball_text text, int number) { match.ball_commentary.add_ball({text, number, match.bowler, match.striker}); }
 
 /// After an odd number of runs the batsmen have changed ends. Written without a branch: nobody can foresee it.
@@ -323,6 +330,7 @@ void open_console() {
 
 void next_over() {
   require_position(match.bowler, "bowler");
+  require_place_in_log();
   enforce_quota();
   match.maiden_flag = true;
   for (short_text& symbol : match.over_symbols) symbol.clear();

@@ -14,9 +14,9 @@ namespace velorin {
 void open_console();
 
 /// Bowls one over, or what is left of the innings. Requires an open console. Draws, for each ball, the delivery and
-/// what follows from it. Tells the front end of each ball. Raises run_time_error: a position that nobody fills
-/// (subscript), a figure beyond its width (overflow), what the model, the books, the captains and the end of a match
-/// raise.
+/// what follows from it. Tells the front end of each ball. Raises run_time_error: a position that nobody fills or an
+/// over beyond the log's fifty (subscript), a figure beyond its width (overflow, with its field and whose it is), what
+/// the model, the books, the captains and the end of a match raise.
 void next_over();
 
 /// Asks a human captain for the two opening bowlers, or lets the computer choose them.

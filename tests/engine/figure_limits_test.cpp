@@ -98,14 +98,14 @@ class FigureLimits : public match_test {
     files.updates = true;
   }
 
-  /// The message of the overflow. Nothing in the folder may change.
-  std::string overflow_of(const std::function<void()>& procedure) const {
+  /// The message of the overflow, or of another failure. Nothing in the folder may change.
+  std::string refusal(const std::function<void()>& procedure, failure kind = failure::overflow) const {
     const auto before = contents_of(database_.folder());
     std::string message = "no failure";
     try {
       procedure();
     } catch (const run_time_error& error) {
-      EXPECT_EQ(error.kind(), failure::overflow);
+      EXPECT_EQ(error.kind(), kind);
       message = error.what();
     }
     EXPECT_EQ(contents_of(database_.folder()), before);
@@ -137,7 +137,7 @@ TEST_P(BallFigures, EndTheMatchPastTheirLimit) {
     script_draws(draws);
   };
   script_draws({draw_outcome(dot_ball)});
-  EXPECT_EQ(overflow_of(next_over), does_not_fit(limit.too_great, limit.field, limit.concerned));
+  EXPECT_EQ(refusal(next_over), does_not_fit(limit.too_great, limit.field, limit.concerned));
   EXPECT_EQ(user.balls_bowled, 1) << "the ball is not announced";
   EXPECT_EQ(*figure, limit.value) << "what does not fit is not booked";
 }
@@ -155,7 +155,7 @@ TEST_F(FigureLimits, NoBallsBeyondTheFigureAreAnError) {
   play(std::vector{hit(0)} + times(last, hit(no_ball)));
   EXPECT_EQ(match.innings_no_balls, last);
   open_match();
-  EXPECT_EQ(overflow_of([&] { play(std::vector{hit(0)} + times(last + 1, hit(no_ball))); }),
+  EXPECT_EQ(refusal([&] { play(std::vector{hit(0)} + times(last + 1, hit(no_ball))); }),
             does_not_fit(last + 1, "innings_no_balls", "A.Bowl1"));
 }
 
@@ -165,7 +165,7 @@ TEST_F(FigureLimits, WidesBeyondTheFigureAreAnError) {
   EXPECT_EQ(match.innings_wides, last);
   EXPECT_EQ(match.ball_log[1][1], "32767");
   open_match();
-  EXPECT_EQ(overflow_of([&] { play(std::vector{hit(0)} + times(last + 1, hit(wide_ball))); }),
+  EXPECT_EQ(refusal([&] { play(std::vector{hit(0)} + times(last + 1, hit(wide_ball))); }),
             does_not_fit(last + 1, "innings_wides", "A.Bowl1"));
 }
 
@@ -185,7 +185,7 @@ TEST_F(FigureLimits, MaidensAndTheClockCountOvers) {
       if (++balls == 6) *over.figure() = over.value;
     };
     script_draws(std::vector<double>(6, draw_outcome(dot_ball)));
-    EXPECT_EQ(overflow_of(next_over), does_not_fit(last + 1, over.field, over.concerned));
+    EXPECT_EQ(refusal(next_over), does_not_fit(last + 1, over.field, over.concerned));
     EXPECT_EQ(balls, 6);
     EXPECT_EQ(*figure, over.value);
   }
@@ -201,7 +201,7 @@ TEST_F(FigureLimits, TheTotalOfAnInnings) {
   open_match();
   match.score_runs = last + 1;
   match.innings_over_flag = true;
-  EXPECT_EQ(overflow_of(end_of_ball_check), does_not_fit(last + 1, "innings_total", "Home"));
+  EXPECT_EQ(refusal(end_of_ball_check), does_not_fit(last + 1, "innings_total", "Home"));
   EXPECT_EQ(match.innings_total, 0);
   EXPECT_EQ(match.innings_number, 1) << "the innings has not changed";
 }
@@ -210,20 +210,32 @@ TEST_F(FigureLimits, AnUnbrokenStand) {
   open_match();
   match.score_runs = 1;
   before().score = -last;
-  EXPECT_EQ(overflow_of(change_innings), does_not_fit(last + 1, "fall_of_wicket.partner_runs", "H.Bat1"));
+  EXPECT_EQ(refusal(change_innings), does_not_fit(last + 1, "fall_of_wicket.partner_runs", "H.Bat1"));
   EXPECT_EQ(fall().partner_runs, 0);
   open_match();
   match.innings_balls = 1;
   before().balls = -last;
-  EXPECT_EQ(overflow_of(finish_match), does_not_fit(last + 1, "fall_of_wicket.partner_balls", "H.Bat1"));
+  EXPECT_EQ(refusal(finish_match), does_not_fit(last + 1, "fall_of_wicket.partner_balls", "H.Bat1"));
   EXPECT_EQ(fall().partner_balls, 0);
 }
 
 TEST_F(FigureLimits, TheNumberOfInnings) {
   open_match();
   match.innings_number = last;
-  EXPECT_EQ(overflow_of(change_innings), does_not_fit(last + 1, "innings_number", "Away"));
+  EXPECT_EQ(refusal(change_innings), does_not_fit(last + 1, "innings_number", "Away"));
   EXPECT_EQ(match.innings_number, last);
+}
+
+TEST_F(FigureLimits, AFiftyFirstOver) {
+  open_match();
+  play(times(300, hit(0)));
+  play(std::vector{hit(1)} + times(10, out()));
+  EXPECT_EQ(match.innings_number, 3) << "a first innings of 0 is no first innings";
+  EXPECT_EQ(match.innings_balls, 300) << "which the side bats on from";
+  play(times(300, hit(0)));
+  EXPECT_EQ(match.over_no, 51);
+  EXPECT_EQ(refusal(next_over, failure::subscript),
+            "Subscript out of range: an innings of more than 50 overs (field ball_log, at \"Home\")");
 }
 
 TEST_F(FigureLimits, TheClassOfAnEconomy) {
@@ -232,7 +244,7 @@ TEST_F(FigureLimits, TheClassOfAnEconomy) {
   match.bowling_xi[5].econ = 32767.4F;
   choose_opening_bowlers();
   match.bowling_xi[5].econ = 32768.0F;
-  EXPECT_EQ(overflow_of(choose_opening_bowlers), does_not_fit(last + 1, "econ_class", "A.Bowl5"));
+  EXPECT_EQ(refusal(choose_opening_bowlers), does_not_fit(last + 1, "econ_class", "A.Bowl5"));
 }
 
 }  // namespace
