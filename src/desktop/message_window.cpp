@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/controls.h"
+#include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
 
@@ -68,6 +69,11 @@ MessageWindow::MessageWindow(const message_box& message, Kind kind, QWidget* par
   auto* ok = add_default_button(QStringLiteral("OK"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
                                 [this] { accept(); });
   ok->setFocus();
+}
+
+void show_failure(const QString& title, const std::exception& error, QWidget* window) {
+  MessageWindow box({core_text(title), core_text(shown_error(error))}, MessageWindow::Kind::failure, window);
+  run_modal(box);
 }
 
 }  // namespace velorin

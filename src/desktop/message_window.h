@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <exception>
+
 #include "desktop/form.h"
 #include "ui/front_end.h"
 
@@ -15,5 +17,8 @@ class MessageWindow : public Form {
 
   explicit MessageWindow(const message_box& message, Kind kind = Kind::information, QWidget* parent = front_window());
 };
+
+/// Tells over `window` that something failed which ends nothing, and waits until the user has read it.
+void show_failure(const QString& title, const std::exception& error, QWidget* window);
 
 }  // namespace velorin

@@ -23,6 +23,12 @@ QString button_text(const QString& text, QChar mnemonic) {
   return result;
 }
 
+QString shown_error(const std::exception& error) {
+  const QByteArray bytes(error.what());
+  const QString text = QString::fromUtf8(bytes);
+  return text.toUtf8() == bytes ? text : shown(bytes.toStdString());
+}
+
 std::string core_text(const QString& text) {
   std::string bytes;
   for (const uint point : text.toUcs4()) {

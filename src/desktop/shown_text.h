@@ -3,6 +3,7 @@
 
 #include <QChar>
 #include <QString>
+#include <exception>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,9 @@ QString shown_caption(std::string_view bytes);
 /// `text` as the text of a button: ampersands doubled, and the first `mnemonic` of it, in either case, marked. Without
 /// a mnemonic, or for a letter that is not in the text, nothing is marked.
 QString button_text(const QString& text, QChar mnemonic = {});
+
+/// What an error says. A name in it that Windows-1252 has no room for stands there in UTF-8.
+QString shown_error(const std::exception& error);
 
 /// The way back. A character without a place in Windows-1252 becomes "?".
 std::string core_text(const QString& text);

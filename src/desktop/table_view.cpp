@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/table_view.h"
 
+#include <unistd.h>
+
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QFileDialog>
@@ -16,12 +18,16 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
+#include <cerrno>
+#include <system_error>
 
 #include "desktop/message_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_model.h"
+#include "model/code_page.h"
+#include "model/run_time_error.h"
 
 namespace velorin {
 
@@ -49,6 +55,21 @@ class CellPainter : public QStyledItemDelegate {
     return true;
   }
 };
+
+/// Writes and synchronises an open file and tells the cause if that failed, else 0: QSaveFile tells none where a part
+/// of the bytes has found room, and none of a failed synchronisation.
+int error_of_writing(int number, QByteArrayView bytes) {
+  while (!bytes.isEmpty()) {
+    const ssize_t written = ::write(number, bytes.data(), static_cast<std::size_t>(bytes.size()));
+    if (written < 0 && errno != EINTR) return errno;
+    if (written > 0) bytes = bytes.sliced(written);
+  }
+  while (::fsync(number) != 0) {
+    if (errno == EINVAL || errno == ENOTSUP) break;  // the file system knows no such thing
+    if (errno != EINTR) return errno;
+  }
+  return 0;
+}
 
 }  // namespace
 
@@ -206,18 +227,25 @@ void save_table(const Table& table, QWidget* window) {
                                                     QStringLiteral("CSV files (*.csv);;All files (*)"));
   if (path.isEmpty() || program_is_ending()) return;
   preferences::set_last_folder(QFileInfo(path).absolutePath());
-  if (!write_csv(path, table)) {
-    MessageWindow box({"Save as CSV", core_text(path + QStringLiteral(" could not be written."))},
-                      MessageWindow::Kind::failure, window);
-    run_modal(box);
+  try {
+    write_csv(path, table);
+  } catch (const run_time_error& error) {
+    show_failure(QStringLiteral("Save as CSV"), error, window);
   }
 }
 
-bool write_csv(const QString& path, const Table& table) {
+void write_csv(const QString& path, const Table& table) {
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) return false;
-  file.write(table_csv(table).toUtf8());
-  return file.commit();
+  const auto refuse = [&path](const std::string& cause) {
+    const std::string name = path.toStdString();
+    throw run_time_error(failure::file, "The file cannot be written: " + cause,
+                         {from_utf8(name).value_or(name), 0, {}, {}});
+  };
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) refuse(file.errorString().toStdString());
+  if (const int cause = error_of_writing(file.handle(), table_csv(table).toUtf8())) {
+    refuse(std::generic_category().message(cause));
+  }
+  if (!file.commit()) refuse(file.errorString().toStdString());
 }
 
 }  // namespace velorin

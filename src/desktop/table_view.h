@@ -59,10 +59,10 @@ class TableView : public QTableView {
 /// context menu offers the same. `table` is asked each time; one without rows is not offered.
 void offer_table(QWidget& widget, const std::function<Table()>& table);
 
-/// Asks for a file, over `window`, and saves the table there as CSV. A failure is a message.
+/// Asks for a file, over `window`, and saves the table there as CSV. A failure is a message with its cause.
 void save_table(const Table& table, QWidget* window);
 
-/// Writes a CSV file whole, in place of what was there. False, with the old file whole, if that fails.
-bool write_csv(const QString& path, const Table& table);
+/// Writes a CSV file whole, in place of what was there. Raises run_time_error (file), with the old file whole then.
+void write_csv(const QString& path, const Table& table);
 
 }  // namespace velorin

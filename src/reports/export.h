@@ -28,7 +28,4 @@ void write_export(const scorecard& card, export_kind kind, const std::filesystem
 /// The same from a card opened just now.
 void write_export(export_kind kind, const std::filesystem::path& path);
 
-/// The same from an open card, with failures passed over: the answer is false then.
-bool save_export(const scorecard& card, export_kind kind, const std::filesystem::path& path);
-
 }  // namespace velorin

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <exception>
-
 #include "database/fresh_file.h"
 #include "reports/export.h"
 
@@ -33,15 +31,6 @@ void write_export(export_kind kind, const std::filesystem::path& path) {
   scorecard card;
   card.open();
   write_export(card, kind, path);
-}
-
-bool save_export(const scorecard& card, export_kind kind, const std::filesystem::path& path) {
-  try {
-    write_export(card, kind, path);
-    return true;
-  } catch (const std::exception&) {
-    return false;
-  }
 }
 
 }  // namespace velorin

@@ -15,6 +15,7 @@
 #include "database/elevens.h"
 #include "database/records.h"
 #include "database/saveavgs.h"
+#include "support/failing_disk.h"
 
 namespace velorin {
 namespace {
@@ -24,28 +25,8 @@ using ::testing::ElementsAre;
 using testing::error_of;
 using ::testing::HasSubstr;
 using testing::names_in;
+using testing::small_disk;
 using testing::write_bytes;
-
-/// No file grows beyond `bytes` while this lives, as on a full disk.
-class small_disk {
- public:
-  explicit small_disk(rlim_t bytes) {
-    ::getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
-    handler_ = std::signal(SIGXFSZ, SIG_IGN);
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~small_disk() {
-    ::setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  small_disk(const small_disk&) = delete;
-  small_disk& operator=(const small_disk&) = delete;
-
- private:
-  rlimit before_{};
-  void (*handler_)(int) = nullptr;
-};
 
 class WholeFile : public testing::database_fixture {};
 

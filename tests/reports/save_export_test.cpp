@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "model/run_time_error.h"
 #include "reports/export.h"
 #include "reports/match_scenes.h"
 
@@ -31,6 +32,16 @@ class save_export_test : public reports_test {
     all << in.rdbuf();
     return all.str();
   }
+  /// What writing the page raises; "" for nothing.
+  std::string error_of(const fs::path& path) const {
+    try {
+      write_export(card, export_kind::html, path);
+      return "";
+    } catch (const run_time_error& error) {
+      EXPECT_EQ(error.kind(), failure::file);
+      return error.what();
+    }
+  }
   int files() const {
     return static_cast<int>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
   }
@@ -40,9 +51,9 @@ class save_export_test : public reports_test {
 };
 
 TEST_F(save_export_test, writes_the_kind_asked_for) {
-  EXPECT_TRUE(save_export(card, export_kind::html, folder / "a.html"));
-  EXPECT_TRUE(save_export(card, export_kind::text, folder / "b.txt"));
-  EXPECT_TRUE(save_export(card, export_kind::ball_by_ball, folder / "c.txt"));
+  write_export(card, export_kind::html, folder / "a.html");
+  write_export(card, export_kind::text, folder / "b.txt");
+  write_export(card, export_kind::ball_by_ball, folder / "c.txt");
   EXPECT_EQ(content(folder / "a.html"), html_scorecard(card));
   EXPECT_EQ(content(folder / "b.txt"), text_scorecard(card));
   EXPECT_EQ(content(folder / "c.txt"), ball_by_ball(card));
@@ -51,7 +62,7 @@ TEST_F(save_export_test, writes_the_kind_asked_for) {
 
 TEST_F(save_export_test, replaces_what_was_there) {
   std::ofstream(folder / "a.txt") << std::string(100000, 'x');
-  EXPECT_TRUE(save_export(card, export_kind::text, folder / "a.txt"));
+  write_export(card, export_kind::text, folder / "a.txt");
   EXPECT_EQ(content(folder / "a.txt"), text_scorecard(card));
   EXPECT_EQ(files(), 1);
 }
@@ -64,30 +75,32 @@ TEST_F(save_export_test, opens_a_card_of_its_own) {
 TEST_F(save_export_test, follows_a_symbolic_link) {
   std::ofstream(folder / "real.txt") << "old";
   fs::create_symlink(folder / "real.txt", folder / "link.txt");
-  EXPECT_TRUE(save_export(card, export_kind::text, folder / "link.txt"));
+  write_export(card, export_kind::text, folder / "link.txt");
   EXPECT_TRUE(fs::is_symlink(folder / "link.txt"));
   EXPECT_EQ(content(folder / "real.txt"), text_scorecard(card));
 }
 
-TEST_F(save_export_test, passes_over_a_folder_that_is_not_there) {
-  EXPECT_FALSE(save_export(card, export_kind::html, folder / "missing" / "a.html"));
+TEST_F(save_export_test, refuses_a_folder_that_is_not_there) {
+  const fs::path path = folder / "missing" / "a.html";
+  EXPECT_EQ(error_of(path), "The file cannot be written: No such file or directory (file " + path.string() + ")");
   EXPECT_EQ(files(), 0);
 }
 
-TEST_F(save_export_test, passes_over_a_folder_in_place_of_the_file) {
+TEST_F(save_export_test, refuses_a_folder_in_place_of_the_file) {
   fs::create_directory(folder / "a.html");
-  EXPECT_FALSE(save_export(card, export_kind::html, folder / "a.html"));
+  const fs::path path = folder / "a.html";
+  EXPECT_EQ(error_of(path), "The file cannot be written: Is a directory (file " + path.string() + ")");
   EXPECT_TRUE(fs::is_directory(folder / "a.html"));
 }
 
 TEST_F(save_export_test, writes_straight_to_a_device_and_leaves_it_one) {
-  EXPECT_TRUE(save_export(card, export_kind::html, "/dev/null"));
+  write_export(card, export_kind::html, "/dev/null");
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
-TEST_F(save_export_test, passes_over_a_full_device) {
+TEST_F(save_export_test, refuses_a_full_device) {
   if (!fs::exists("/dev/full")) FAIL() << "the test needs /dev/full";
-  EXPECT_FALSE(save_export(card, export_kind::html, "/dev/full"));
+  EXPECT_EQ(error_of("/dev/full"), "The file cannot be written: No space left on device (file /dev/full)");
   EXPECT_TRUE(fs::is_character_file("/dev/full"));
 }
 

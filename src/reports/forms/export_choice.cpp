@@ -69,10 +69,11 @@ void export_match(const scorecard& card, export_kind kind, const FileChooser& as
   if (path.isEmpty()) return;
   const QFileInfo file(path);
   preferences::set_last_folder(file.absolutePath());
-  if (save_export(card, kind, file.filesystemFilePath())) return;
-  MessageWindow box({core_text(wish.title), core_text(path + QStringLiteral(" could not be written."))},
-                    MessageWindow::Kind::failure, window);
-  run_modal(box);
+  try {
+    write_export(card, kind, file.filesystemFilePath());
+  } catch (const std::exception& error) {
+    show_failure(wish.title, error, window);
+  }
 }
 
 }  // namespace velorin

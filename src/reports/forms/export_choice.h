@@ -29,7 +29,7 @@ QString ask_for_file(const FileWish& wish, QWidget* window);
 FileWish export_wish(const scorecard& card, export_kind kind);
 
 /// Asks for a file and writes the match there; the folder is remembered. A cancelled question writes nothing; a file
-/// that could not be written is a message, and what stood there stays.
+/// that cannot be written is a message with its cause, and what stood there stays.
 void export_match(const scorecard& card, export_kind kind, const FileChooser& ask, QWidget* window);
 
 }  // namespace velorin

@@ -10,6 +10,7 @@
 #include "desktop/preferences.h"
 #include "reports/forms/played_match.h"
 #include "reports/forms/scorecard_window.h"
+#include "support/failing_disk.h"
 #include "windows/robot.h"
 
 namespace velorin::testing {
@@ -36,6 +37,28 @@ class ExportChoiceTest : public ReportWindowTest {
     return file.readAll().toStdString();
   }
   QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+
+  void write_old(const char* name, QFile::Permissions rights) {
+    QFile file(folder.filePath(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("old");
+    file.setPermissions(rights);
+  }
+  /// Saves the card as text there, by its button; the failure must be told by these words.
+  void expect_failure(const QString& path, const QString& told) {
+    Robot robot;
+    robot.next("message", [&](QWidget& box) {
+      EXPECT_EQ(box.windowTitle(), "As Text");
+      EXPECT_EQ(control<QLabel>(box, "text")->text(), told);
+      press(box, "OK");
+    });
+    ScorecardWindow window(card);
+    window.choose_files_with(naming(path));
+    window.show();
+    press(window, "Command8");
+    EXPECT_EQ(robot.left(), 0);
+    EXPECT_TRUE(window.isVisible());
+  }
 
   QTemporaryDir folder;
   scorecard card;
@@ -96,19 +119,37 @@ TEST_F(ExportChoiceTest, CancellingWritesNothing) {
 
 TEST_F(ExportChoiceTest, AFileThatCannotBeWrittenIsAMessage) {
   const QString path = folder.filePath("missing/a.txt");
-  Robot robot;
-  robot.next("message", [&](QWidget& box) {
-    EXPECT_EQ(box.windowTitle(), "As Text");
-    EXPECT_EQ(control<QLabel>(box, "text")->text(), path + " could not be written.");
-    press(box, "OK");
-  });
-  ScorecardWindow window(card);
-  window.choose_files_with(naming(path));
-  window.show();
-  press(window, "Command8");
-  EXPECT_EQ(robot.left(), 0);
+  expect_failure(path, "The file cannot be written: No such file or directory (file " + path + ")");
   EXPECT_EQ(files(), QStringList());
-  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ExportChoiceTest, AFolderThatTakesNoFilesIsTheCauseTold) {
+  write_old("a.txt", QFile::ReadOwner);
+  const closed_folder closed(folder.path().toStdString());
+  if (!closed.holds()) GTEST_SKIP() << "the system lets files be made in a closed folder";
+  const QString fresh = folder.filePath("b.txt");
+  expect_failure(fresh, "The file cannot be written: Permission denied (file " + fresh + ")");
+  const QString old = folder.filePath("a.txt");
+  expect_failure(old, "The file cannot be written: Permission denied (file " + old + ")");
+  EXPECT_EQ(files(), QStringList({"a.txt"}));
+}
+
+TEST_F(ExportChoiceTest, AFullDiskLeavesTheOldFile) {
+  write_old("a.txt", QFile::ReadOwner | QFile::WriteOwner);
+  const QString path = folder.filePath("a.txt");
+  {
+    const small_disk disk(100);
+    expect_failure(path, "The file cannot be written: File too large (file " + path + ")");
+  }
+  EXPECT_EQ(content(path), "old");
+  EXPECT_EQ(files(), QStringList({"a.txt"}));
+}
+
+// A name beyond the core's bytes is told as far as they go.
+TEST_F(ExportChoiceTest, AFailureTellsANameOfForeignLetters) {
+  const QString path = folder.filePath(QStringLiteral("\u4e2d/\u00e9.txt"));
+  const QString told = folder.filePath(QStringLiteral("?/\u00e9.txt"));
+  expect_failure(path, "The file cannot be written: No such file or directory (file " + told + ")");
 }
 
 TEST_F(ExportChoiceTest, TheCommonDialogProposesAName) {
