@@ -2,13 +2,14 @@
 #include "database/elevens.h"
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
-#include <cstdio>
 #include <utility>
 
 #include "database/configuration.h"
+#include "database/file_calls.h"
 #include "database/slots.h"
 #include "model/teams.h"
 
@@ -60,7 +61,22 @@ void read_eleven(const std::filesystem::path& path, eleven& men) {
 
 /// Renames and tells the cause if that failed, else 0.
 int error_of_rename(const std::filesystem::path& from, const std::filesystem::path& to) {
-  return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+  return rename_file(from, to) ? 0 : errno;
+}
+
+/// Settles an exchange that was cut off: one that had renamed the second file alone is undone, one that had renamed the
+/// first, too, is finished. True if there is a plain dummy.txt beside both files all the same. Requires the lock of the
+/// folder. Raises run_time_error (file).
+bool settle_exchange() {
+  if (occupant_of(spare_file()) != occupant::plain_file) return false;
+  for (const std::filesystem::path& file : {second_file(), first_file()}) {
+    if (occupant_of(file) != occupant::none) continue;
+    if (const int cause = error_of_rename(spare_file(), file)) {
+      raise_file_error("The elevens cannot be exchanged", cause, spare_file());
+    }
+    return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -72,14 +88,12 @@ void write_eleven(side which, const eleven& men) {
   }
   const std::filesystem::path path = which == side::first ? first_file() : second_file();
   const folder_lock turn(path);
+  const bool spare_is_idle = settle_exchange();
   slot_file file = slot_file::read(path, eleven_slot);
   for (int i = 1; i <= 11; ++i) file.put(i, encoded(men[i]), men[i].name);
   replace_file(path, file.bytes());
-  // No exchange is under way, so this is one that a killed program has left half done.
-  std::error_code ignored;
-  if (std::filesystem::is_regular_file(std::filesystem::symlink_status(spare_file(), ignored))) {
-    std::filesystem::remove(spare_file(), ignored);
-  }
+  // It would be in the way of the exchange.
+  if (spare_is_idle) ::unlink(spare_file().c_str());
 }
 
 void read_elevens() {
@@ -98,8 +112,8 @@ void swap_elevens() {
     return;
   }
   const folder_lock turn(first_file());
-  std::error_code ignored;
-  if (std::filesystem::exists(std::filesystem::symlink_status(spare_file(), ignored))) {
+  settle_exchange();
+  if (occupant_of(spare_file()) != occupant::none) {
     raise_file_error("The elevens cannot be exchanged", EEXIST, spare_file());
   }
   if (const int cause = error_of_rename(second_file(), spare_file())) {
@@ -110,8 +124,7 @@ void swap_elevens() {
     raise_file_error("The elevens cannot be exchanged", cause, first_file());
   }
   if (const int cause = error_of_rename(spare_file(), first_file())) {
-    error_of_rename(second_file(), first_file());
-    error_of_rename(spare_file(), second_file());
+    if (error_of_rename(second_file(), first_file()) == 0) error_of_rename(spare_file(), second_file());
     raise_file_error("The elevens cannot be exchanged", cause, spare_file());
   }
 }

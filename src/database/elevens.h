@@ -16,7 +16,9 @@ void write_eleven(side which, const eleven& men);
 /// empty records.
 void read_elevens();
 
-/// Exchanges the two elevens by renaming the files. Raises run_time_error (file).
+/// Exchanges the two elevens by renaming the files, the second by way of dummy.txt. Raises run_time_error (file): both
+/// files are as they were then, or, where the renaming cannot be taken back, one of them is dummy.txt. That, like what
+/// a killed exchange leaves, is settled by the next write_eleven or swap_elevens.
 void swap_elevens();
 
 }  // namespace velorin

@@ -29,16 +29,14 @@ std::optional<struct stat> status_of(const std::filesystem::path& file) {
   return std::nullopt;
 }
 
-/// There is a file of this name, and it is no folder, link or other thing that no staged_files has made. Raises
-/// run_time_error (file).
-bool is_plain_file(const std::filesystem::path& file) {
-  struct stat facts {};
-  if (::lstat(file.c_str(), &facts) == 0) return S_ISREG(facts.st_mode);
-  if (errno != ENOENT && errno != ENOTDIR) raise_file_error("The file cannot be looked at", errno, file);
-  return false;
-}
-
 }  // namespace
+
+occupant occupant_of(const std::filesystem::path& name) {
+  struct stat facts {};
+  if (::lstat(name.c_str(), &facts) == 0) return S_ISREG(facts.st_mode) ? occupant::plain_file : occupant::other;
+  if (errno != ENOENT && errno != ENOTDIR) raise_file_error("The file cannot be looked at", errno, name);
+  return occupant::none;
+}
 
 void raise_file_error(std::string_view tried, int cause, const std::filesystem::path& file) {
   throw run_time_error(failure::file, fmt::format("{}: {}", tried, std::generic_category().message(cause)),
@@ -106,7 +104,7 @@ staged_files::~staged_files() {
 }
 
 void staged_files::settle() {
-  const auto is_beside = [](const staged_file& file) { return is_plain_file(file.beside); };
+  const auto is_beside = [](const staged_file& file) { return occupant_of(file.beside) == occupant::plain_file; };
   const bool cut_off = !is_beside(files_.front()) && std::any_of(files_.begin() + 1, files_.end(), is_beside);
   if (!cut_off) remove_beside();
   for (const staged_file& file : files_) {
@@ -126,7 +124,9 @@ void staged_files::write(std::string_view content) {
   const staged_file& file = files_[written_++];
   const std::optional<struct stat> old = status_of(file.target);
   descriptor opened(open_file(file.beside, O_WRONLY | O_CREAT | O_EXCL, 0666));
-  if (!opened.open()) raise_file_error("The file cannot be written", errno, file.target);
+  // One that cannot be taken away is in the way.
+  if (!opened.open())
+    raise_file_error("The file cannot be written", errno, errno == EEXIST ? file.beside : file.target);
   int cause = 0;
   if (old && ::fchmod(opened.number(), old->st_mode & 07777) != 0) cause = errno;
   if (cause == 0 && !write_all(opened.number(), content)) cause = errno;
@@ -137,7 +137,10 @@ void staged_files::write(std::string_view content) {
 
 void staged_files::put_in_place() {
   for (const staged_file& file : files_) {
-    if (!rename_file(file.beside, file.target)) raise_file_error("The file cannot be replaced", errno, file.target);
+    bool renamed = rename_file(file.beside, file.target);
+    // Behind the first there is no way back, so one more try.
+    if (!renamed && begun_) renamed = rename_file(file.beside, file.target);
+    if (!renamed) raise_file_error("The file cannot be replaced", errno, file.target);
     begun_ = true;
   }
   std::set<std::filesystem::path> done;

@@ -21,6 +21,12 @@ namespace velorin {
 /// The name of a file without its folder, as a text for messages.
 std::string file_name_text(const std::filesystem::path& file);
 
+/// What is found under a name: nothing, a plain file, or a folder, a link or another thing that is not replaced as one.
+enum class occupant { none, plain_file, other };
+
+/// Raises run_time_error (file).
+occupant occupant_of(const std::filesystem::path& name);
+
 /// All bytes of a file, or nothing if there is no such file. Raises run_time_error (file).
 std::optional<std::string> read_file(const std::filesystem::path& file);
 

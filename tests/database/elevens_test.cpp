@@ -149,16 +149,51 @@ TEST_F(ElevenFiles, AFileInTheWayOfTheExchangeIsAnError) {
   EXPECT_EQ(match.bowling_xi[1].name, "B1");
 }
 
-TEST_F(ElevenFiles, TheNextSelectionClearsAnExchangeLeftHalfDone) {
-  write_eleven(side::first, men_called("A"));
-  write_eleven(side::second, men_called("B"));
-  std::filesystem::rename(folder / "team2r.txt", folder / "dummy.txt");
+/// An exchange that was killed behind so many of its renames.
+class KilledExchange : public ElevenFiles, public ::testing::WithParamInterface<int> {
+ protected:
+  void SetUp() override {
+    ElevenFiles::SetUp();
+    write_eleven(side::first, men_called("A"));
+    write_eleven(side::second, men_called("B"));
+    std::filesystem::rename(folder / "team2r.txt", folder / "dummy.txt");
+    if (GetParam() == 2) std::filesystem::rename(folder / "team1r.txt", folder / "team2r.txt");
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(, KilledExchange, ::testing::Values(1, 2),
+                         [](const auto& of) { return of.param == 1 ? "BehindTheFirst" : "BehindTheSecond"; });
+
+TEST_P(KilledExchange, IsSettledByTheNextSelection) {
   write_eleven(side::first, men_called("C"));
+  read_elevens();
+  EXPECT_EQ(match.batting_xi[1].name, "C1");
+  EXPECT_EQ(match.bowling_xi[1].name, GetParam() == 1 ? "B1" : "A1");
+  EXPECT_THAT(names_in(folder), ElementsAre("team1r.txt", "team2r.txt"));
   write_eleven(side::second, men_called("D"));
   swap_elevens();
   read_elevens();
   EXPECT_EQ(match.batting_xi[1].name, "D1");
   EXPECT_EQ(match.bowling_xi[1].name, "C1");
+  EXPECT_THAT(names_in(folder), ElementsAre("team1r.txt", "team2r.txt"));
+}
+
+TEST_P(KilledExchange, IsSettledByTheNextExchange) {
+  swap_elevens();
+  read_elevens();
+  EXPECT_EQ(match.batting_xi[1].name, GetParam() == 1 ? "B1" : "A1");
+  EXPECT_EQ(match.bowling_xi[1].name, GetParam() == 1 ? "A1" : "B1");
+  EXPECT_THAT(names_in(folder), ElementsAre("team1r.txt", "team2r.txt"));
+}
+
+TEST_F(ElevenFiles, ASelectionClearsTheWayOfTheExchange) {
+  write_eleven(side::first, men_called("A"));
+  write_bytes(folder / "team2r.txt", {});
+  write_bytes(folder / "dummy.txt", "idle");
+  write_eleven(side::second, men_called("B"));
+  swap_elevens();
+  read_elevens();
+  EXPECT_EQ(match.batting_xi[1].name, "B1");
   EXPECT_THAT(names_in(folder), ElementsAre("team1r.txt", "team2r.txt"));
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "faults/acts.h"
 
+#include <algorithm>
+#include <regex>
 #include <stdexcept>
 
 namespace velorin::testing {
@@ -11,6 +13,7 @@ namespace fs = std::filesystem;
 
 const std::string cli = VELORIN_CLI;
 const std::string settings_writer = VELORIN_SETTINGS_WRITER;
+const std::string elevens_writer = VELORIN_ELEVENS_WRITER;
 
 /// The text with the first `from` in it replaced.
 std::string with(std::string text, const std::string& from, const std::string& to) {
@@ -91,6 +94,7 @@ act exports() {
       match_words, {"--html", "@/m.html", "--text", "@/m.txt", "--ball-by-ball", "@/balls.txt", "--json", "@/m.json"});
   what.before = first_update().before;
   what.writes = {"balls.txt", "m.html", "m.json", "m.txt"};
+  what.apart = true;
   what.exports = true;
   return what;
 }
@@ -103,6 +107,7 @@ act draws() {
   for (int i = 0; i < 4000; ++i) lines += "0." + std::to_string(1000 + i * 7919 % 9000) + "\n";
   what.before["draws.txt"] = lines;
   what.writes = {"m.txt"};
+  what.apart = true;
   what.exports = true;
   return what;
 }
@@ -112,6 +117,24 @@ act settings() {
   what.words = {settings_writer, "@", "small", "112233"};
   what.before = first_update().before;
   what.writes = {"options.mc"};
+  return what;
+}
+
+act elevens() {
+  act what;
+  what.words = {elevens_writer, "@", "write"};
+  what.before = {{"team1r.txt", old_bytes}, {"team2r.txt", old_bytes}};
+  what.writes = {"team1r.txt", "team2r.txt"};
+  what.apart = true;
+  return what;
+}
+
+act exchange() {
+  act what = elevens();
+  what.before = after(what, what.before);
+  what.words.back() = "exchange";
+  what.apart = false;
+  what.spare = "dummy.txt";
   return what;
 }
 
@@ -140,10 +163,30 @@ program act::on(const workbench& bench) const {
   return started;
 }
 
-std::vector<std::string> act_names() {
-  return {"build",     "build_anew", "update", "first_update", "dump",
-          "dump_anew", "exports",    "draws",  "settings",     "first_settings"};
+bool act::may_leave(const std::string& file) const {
+  if (!spare.empty()) return file == spare;
+  const std::regex mark(exports ? "\\.[A-Za-z0-9]{6}$" : "\\.(new|next)$");
+  const std::string target = std::regex_replace(file, mark, "");
+  return target != file && std::find(writes.begin(), writes.end(), target) != writes.end();
 }
+
+file_map act::settled(file_map found) const {
+  if (!found.contains(spare)) return found;
+  for (const std::string& file : {writes.at(1), writes.at(0)}) {
+    if (found.contains(file)) continue;
+    found[file] = found.at(spare);
+    found.erase(spare);
+    break;
+  }
+  return found;
+}
+
+std::vector<std::string> writing_act_names() {
+  return {"build",   "build_anew", "update",   "first_update",   "dump",   "dump_anew",
+          "exports", "draws",      "settings", "first_settings", "elevens"};
+}
+
+std::vector<std::string> act_names() { return joined(writing_act_names(), {"exchange"}); }
 
 act act_of(const std::string& name) {
   const std::map<std::string, std::function<act()>> makers = {{"build", build},
@@ -155,7 +198,9 @@ act act_of(const std::string& name) {
                                                               {"exports", [] { return over_old(exports()); }},
                                                               {"draws", draws},
                                                               {"settings", settings},
-                                                              {"first_settings", [] { return anew(settings()); }}};
+                                                              {"first_settings", [] { return anew(settings()); }},
+                                                              {"elevens", elevens},
+                                                              {"exchange", exchange}};
   act what = makers.at(name)();
   what.name = name;
   return what;

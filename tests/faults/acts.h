@@ -14,9 +14,15 @@ struct act {
   std::vector<std::string> words;   ///< the command line; "@" stands for the data folder
   file_map before;                  ///< the data folder ahead of it
   std::vector<std::string> writes;  ///< the files that it makes or replaces
-  bool exports = false;             ///< it writes each file for itself, through one of a random name
+  bool apart = false;               ///< each of them stands for itself: some may be new while others are old
+  bool exports = false;             ///< they are written through files of random names
+  std::string spare = {};           ///< two files are exchanged by way of this one
 
   program on(const workbench& bench) const;
+  /// A killed program may leave this file beside those that it writes.
+  bool may_leave(const std::string& file) const;
+  /// The files as the next exchange finds them: where one that was cut off has left the spare file, it is put back.
+  file_map settled(file_map found) const;
 };
 
 /// The bytes that stand in a file before an act replaces it, where any would do.
@@ -29,10 +35,12 @@ inline constexpr const char* old_bytes = "what stood here before\n";
 ///   exports                a match of a known seed saved as page, text, ball by ball and object, over old files
 ///   draws                  a match of scripted draws saved as text, where nothing was
 ///   settings, first_settings   the configurations confirmed, over old ones or where there were none
+///   elevens, exchange      both elevens written over old ones, or exchanged with each other
 act act_of(const std::string& name);
 
-/// The names of all acts.
+/// The names of all acts, and of those that write contents.
 std::vector<std::string> act_names();
+std::vector<std::string> writing_act_names();
 
 /// The files after the act, undisturbed, on these files. Raises std::runtime_error if it fails.
 file_map after(const act& what, const file_map& before);

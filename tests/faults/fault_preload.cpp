@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A library to be loaded ahead of the others (LD_PRELOAD). It makes the n-th call of one kind fail or be cut short, and
+// A library to be loaded ahead of the others (LD_PRELOAD). It makes the n-th call of a kind fail or be cut short, and
 // notes every call. Only calls on files below one folder count. The environment says what to do:
 //   VELORIN_FAULT_FOLDER  the folder, an absolute path
-//   VELORIN_FAULT         "kind:n:how" or "kind:n:how:lasting"; without it calls are only noted. `how` is the number of
-//                         the error or, for read and write, "short": half of the bytes. Lasting: from the n-th call on
+//   VELORIN_FAULT         "kind:n:how" or "kind:n:how:lasting", or several of these with commas between them; without
+//                         it calls are only noted. `how` is the number of the error or, for read and write, "short":
+//                         half of the bytes. Lasting: from the n-th call on
 //   VELORIN_FAULT_NOTES   a file outside the folder; a line a call: its kind, its file, "!" where it was made to fail
-// Kinds: open read write sync rename close unlink lock stat mkdir chmod list
+// Kinds: open read write sync rename close unlink lock stat mkdir chmod list. A rename is noted by the old name.
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -29,16 +30,34 @@ namespace {
 
 constexpr int most_files = 1024;
 
-/// What the environment asks for.
-struct fault_plan {
-  std::string folder;
+/// Calls of one kind that are to fail.
+struct fault {
   std::string kind;
   long number = 0;
   int error = 0;
   bool cut_short = false;
   bool lasting = false;
+  long calls = 0;  ///< of this kind so far
+};
+
+/// What the environment asks for.
+struct fault_plan {
+  std::string folder;
+  std::vector<fault> faults;
   int notes = -1;
 };
+
+std::vector<std::string> parts_of(const std::string& text, char mark) {
+  std::vector<std::string> parts(1);
+  for (const char c : text) {
+    if (c == mark) {
+      parts.emplace_back();
+    } else {
+      parts.back() += c;
+    }
+  }
+  return parts;
+}
 
 fault_plan plan_of_environment() {
   fault_plan plan;
@@ -54,25 +73,22 @@ fault_plan plan_of_environment() {
     plan.notes = static_cast<int>(::syscall(SYS_fcntl, opened, F_DUPFD_CLOEXEC, most_files - 100));
     ::syscall(SYS_close, opened);
   }
-  std::vector<std::string> words(1);
-  for (const char c : text_of("VELORIN_FAULT")) {
-    if (c == ':') {
-      words.emplace_back();
-    } else {
-      words.back() += c;
-    }
+  for (const std::string& wanted : parts_of(text_of("VELORIN_FAULT"), ',')) {
+    const std::vector<std::string> words = parts_of(wanted, ':');
+    if (words.size() < 3) continue;
+    fault one;
+    one.kind = words[0];
+    one.number = std::atol(words[1].c_str());
+    one.cut_short = words[2] == "short";
+    one.error = one.cut_short ? 0 : std::atoi(words[2].c_str());
+    one.lasting = words.size() > 3;
+    plan.faults.push_back(one);
   }
-  if (words.size() < 3) return plan;
-  plan.kind = words[0];
-  plan.number = std::atol(words[1].c_str());
-  plan.cut_short = words[2] == "short";
-  plan.error = plan.cut_short ? 0 : std::atoi(words[2].c_str());
-  plan.lasting = words.size() > 3;
   return plan;
 }
 
-const fault_plan& plan() {
-  static const fault_plan asked = plan_of_environment();
+fault_plan& plan() {
+  static fault_plan asked = plan_of_environment();
   return asked;
 }
 
@@ -101,15 +117,16 @@ class counted_call {
   counted_call(std::string_view kind, std::string path) : kind_(kind), path_(std::move(path)) {
     if (!below_folder(path_)) return;
     counts_ = true;
-    if (kind_ != plan().kind) return;
-    static long calls = 0;
-    ++calls;
-    hit_ = plan().lasting ? calls >= plan().number : calls == plan().number;
+    for (fault& one : plan().faults) {
+      if (kind_ != one.kind) continue;
+      ++one.calls;
+      if (one.lasting ? one.calls >= one.number : one.calls == one.number) hit_ = &one;
+    }
   }
   ~counted_call() {
     if (!counts_ || plan().notes < 0) return;
     const int error = errno;
-    const std::string line = std::string(kind_) + ' ' + path_ + (hit_ ? " !\n" : "\n");
+    const std::string line = std::string(kind_) + ' ' + path_ + (hit_ != nullptr ? " !\n" : "\n");
     ::syscall(SYS_write, plan().notes, line.data(), line.size());
     errno = error;
   }
@@ -119,12 +136,14 @@ class counted_call {
   bool counts() const { return counts_; }
   /// The call fails. errno is set then.
   bool fails() const {
-    if (!hit_ || plan().cut_short) return false;
-    errno = plan().error;
+    if (hit_ == nullptr || hit_->cut_short) return false;
+    errno = hit_->error;
     return true;
   }
   /// So many of the bytes asked for.
-  std::size_t share_of(std::size_t bytes) const { return hit_ && plan().cut_short && bytes > 1 ? bytes / 2 : bytes; }
+  std::size_t share_of(std::size_t bytes) const {
+    return hit_ != nullptr && hit_->cut_short && bytes > 1 ? bytes / 2 : bytes;
+  }
   /// Another name than at first, as mkstemp gives it.
   void rename(const char* path) { path_ = path; }
   int opened(int descriptor) const {
@@ -136,7 +155,7 @@ class counted_call {
   std::string_view kind_;
   std::string path_;
   bool counts_ = false;
-  bool hit_ = false;
+  const fault* hit_ = nullptr;
 };
 
 }  // namespace
@@ -334,13 +353,13 @@ int fdatasync(int descriptor) {
 
 int rename(const char* from, const char* to) noexcept {
   THE_REAL(rename);
-  const counted_call call("rename", path_text(AT_FDCWD, to));
+  const counted_call call("rename", path_text(AT_FDCWD, from));
   return call.fails() ? -1 : real(from, to);
 }
 
 int renameat(int from_folder, const char* from, int to_folder, const char* to) noexcept {
   THE_REAL(renameat);
-  const counted_call call("rename", path_text(to_folder, to));
+  const counted_call call("rename", path_text(from_folder, from));
   return call.fails() ? -1 : real(from_folder, from, to_folder, to);
 }
 

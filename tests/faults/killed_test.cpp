@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <csignal>
 #include <iostream>
-#include <regex>
 
 #include "faults/acts.h"
 #include "faults/traced_run.h"
@@ -44,26 +43,22 @@ class Killed : public ::testing::TestWithParam<std::string> {
     return true;
   }
 
-  /// What a killed program may leave beside the files that it writes.
-  bool is_left_over(const std::string& name) const {
-    const std::regex ending(what_.exports ? "\\.[A-Za-z0-9]{6}$" : "\\.(new|next)$");
-    const std::string file = std::regex_replace(name, ending, "");
-    return file != name && std::find(what_.writes.begin(), what_.writes.end(), file) != what_.writes.end();
-  }
+  bool is_known(const std::string& name) const { return what_.before.contains(name) || new_.contains(name); }
 
   /// Each file is the old one or the new one. Sets `clean_` to them.
   void judge_files() {
-    const file_map found = bench_.found();
+    const file_map as_left = bench_.found();
+    const file_map found = what_.settled(as_left);
     clean_.clear();
     int changed = 0;
     int left = 0;
+    for (const auto& [name, bytes] : as_left) {
+      if (is_known(name)) continue;
+      EXPECT_TRUE(what_.may_leave(name)) << name;
+      ++left;
+    }
     for (const auto& [name, bytes] : found) {
-      const bool known = what_.before.contains(name) || new_.contains(name);
-      if (!known) {
-        EXPECT_TRUE(is_left_over(name)) << name;
-        ++left;
-        continue;
-      }
+      if (!is_known(name)) continue;
       clean_[name] = bytes;
       const bool is_old = what_.before.contains(name) && what_.before.at(name) == bytes;
       EXPECT_TRUE(is_old || (new_.contains(name) && new_.at(name) == bytes))
@@ -76,9 +71,10 @@ class Killed : public ::testing::TestWithParam<std::string> {
         ++changed;
       }
     }
+    if (found != as_left) ++torn_;
     if (changed != 0 && changed != static_cast<int>(what_.writes.size())) {
       ++torn_;
-      if (!what_.exports) clean_ = new_;  // the next run begins with finishing the work
+      if (!what_.apart) clean_ = new_;  // the next run begins with finishing the work
     }
     if (left != 0) ++with_left_over_;
   }
@@ -89,7 +85,7 @@ class Killed : public ::testing::TestWithParam<std::string> {
     const ending end = bench_.run(what_.on(bench_));
     EXPECT_EQ(end.status, 0) << end.err;
     file_map now = bench_.found();
-    if (what_.exports) std::erase_if(now, [&](const auto& file) { return is_left_over(file.first); });
+    if (what_.exports) std::erase_if(now, [&](const auto& file) { return what_.may_leave(file.first); });
     EXPECT_TRUE(now == next_[clean_]) << "the next run does not do its work";
   }
 
@@ -99,7 +95,7 @@ class Killed : public ::testing::TestWithParam<std::string> {
   file_map clean_;
   std::map<file_map, file_map> next_;
   std::string refused_;
-  int torn_ = 0;            // kills that left some files new and some old
+  int torn_ = 0;            // kills that left files partly renamed
   int with_left_over_ = 0;  // kills that left a file beside
 };
 
@@ -114,17 +110,17 @@ TEST_P(Killed, AtEachCallLeavesOldFilesOrNewOnes) {
   if (!refused_.empty()) GTEST_SKIP() << refused_;
   EXPECT_GT(kills, 100);
   EXPECT_GT(with_left_over_, 0) << "no kill met a file half written";
-  // Of files that belong together some are new and some old only between two renames: at the exit of the one and at the
-  // entry of the next.
-  const int renames = static_cast<int>(what_.writes.size());
-  if (!what_.exports) {
+  // Files that belong together are partly renamed only between two renames: at the exit of the one and at the entry of
+  // the next.
+  const int renames = static_cast<int>(what_.writes.size()) + (what_.spare.empty() ? 0 : 1);
+  if (!what_.apart) {
     EXPECT_EQ(torn_, 2 * (renames - 1));
   }
   RecordProperty("kills", std::to_string(kills));
   RecordProperty("kills that left a file beside", with_left_over_);
-  RecordProperty("kills between two renames", torn_);
+  RecordProperty("kills that left some files renamed and some not", torn_);
   std::cout << GetParam() << ": " << kills << " kills, " << with_left_over_ << " of them left a file beside, " << torn_
-            << " were between two renames\n";
+            << " left some files renamed and some not\n";
 }
 
 INSTANTIATE_TEST_SUITE_P(Acts, Killed, ::testing::ValuesIn(act_names()), [](const auto& of) { return of.param; });
