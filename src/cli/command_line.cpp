@@ -6,9 +6,9 @@
 #include <ostream>
 
 #include "cli/commands.h"
+#include "cli/standard_output.h"
 #include "cli/version.h"
 #include "model/code_page.h"
-#include "model/run_time_error.h"
 
 namespace velorin::cli {
 
@@ -82,16 +82,16 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
   add_db(app, program, io, action);
 
   try {
-    std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
-    app.parse(reversed);
-    if (!action) throw CLI::RequiredError("A command");
-    const int status = action();
-    io.out.flush();
-    if (!io.out) throw run_time_error(failure::file, "Standard output cannot be written");
+    int status = done;
+    try {
+      app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+      if (!action) throw CLI::RequiredError("A command");
+      status = action();
+    } catch (const CLI::Success& help) {
+      app.exit(help, io.out, io.err);
+    }
+    require_written(io.out);
     return status;
-  } catch (const CLI::Success& help) {
-    app.exit(help, io.out, io.err);
-    return done;
   } catch (const CLI::ParseError& error) {
     io.err << "velorin-cli: " << one_line(error) << " (try --help)\n";
     return wrong_usage;

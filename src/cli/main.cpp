@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <unistd.h>
+
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -6,11 +8,19 @@
 #include <vector>
 
 #include "cli/command_line.h"
+#include "database/file_buffer.h"
+#include "database/file_calls.h"
 
 int main(int argc, char** argv) {
-  std::ios::sync_with_stdio(false);
+  const velorin::descriptor standard_output(STDOUT_FILENO);
+  velorin::file_buffer buffer(standard_output);
+  std::ostream out(&buffer);
+  std::cerr.tie(&out);
   std::error_code error;
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
   const std::filesystem::path folder = error ? std::filesystem::path(argv[0]).parent_path() : program.parent_path();
-  return velorin::cli::run(std::vector<std::string>(argv + 1, argv + argc), folder, {std::cout, std::cerr});
+  const int status = velorin::cli::run(std::vector<std::string>(argv + 1, argv + argc), folder, {out, std::cerr});
+  out.flush();
+  std::cerr.tie(nullptr);
+  return status;
 }

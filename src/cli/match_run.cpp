@@ -6,6 +6,7 @@
 #include <array>
 #include <utility>
 
+#include "cli/standard_output.h"
 #include "model/code_page.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
@@ -76,21 +77,16 @@ json_output::json_output(const std::string& path, std::ostream& out) : out_(&out
 
 void json_output::write(std::string_view line) {
   *out_ << line;
-  check();
+  if (file_) file_->require_good();
+  if (!*out_) require_written(*out_);
 }
 
 void json_output::close() {
   if (file_) {
     file_->put_in_place();
-    return;
+  } else {
+    require_written(*out_);
   }
-  out_->flush();
-  check();
-}
-
-void json_output::check() const {
-  if (file_) file_->require_good();
-  if (!*out_) throw run_time_error(failure::file, "Standard output cannot be written");
 }
 
 }  // namespace velorin::cli

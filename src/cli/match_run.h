@@ -84,8 +84,6 @@ class json_output {
   void close();
 
  private:
-  void check() const;
-
   std::ostream* out_;
   std::unique_ptr<fresh_file> file_;
 };

@@ -20,8 +20,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t held_bytes = 65536;
-
 /// The rights of a new file.
 mode_t usual_rights() {
   const mode_t mask = umask(0);
@@ -44,22 +42,6 @@ int open_new(std::string& name) {
 bool takes_none(int cause) { return cause == EACCES || cause == EPERM || cause == EROFS || cause == ENAMETOOLONG; }
 
 }  // namespace
-
-fresh_file::file_buffer::file_buffer(const descriptor& file) : file_(file), held_(held_bytes) {
-  setp(held_.data(), held_.data() + held_.size());
-}
-
-fresh_file::file_buffer::int_type fresh_file::file_buffer::overflow(int_type next) {
-  if (sync() != 0) return traits_type::eof();
-  if (!traits_type::eq_int_type(next, traits_type::eof())) sputc(traits_type::to_char_type(next));
-  return traits_type::not_eof(next);
-}
-
-int fresh_file::file_buffer::sync() {
-  if (cause_ == 0 && !write_all(file_.number(), {pbase(), static_cast<std::size_t>(pptr() - pbase())})) cause_ = errno;
-  setp(held_.data(), held_.data() + held_.size());
-  return cause_ == 0 ? 0 : -1;
-}
 
 fresh_file::fresh_file(const fs::path& target) : named_(target), target_(real_file(target)) {
   struct stat old {};

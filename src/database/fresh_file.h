@@ -3,10 +3,9 @@
 
 #include <filesystem>
 #include <ostream>
-#include <streambuf>
 #include <string_view>
-#include <vector>
 
+#include "database/file_buffer.h"
 #include "database/file_calls.h"
 
 namespace velorin {
@@ -33,22 +32,6 @@ class fresh_file {
   void put_in_place();
 
  private:
-  /// Collects what is written, and passes it on to the file.
-  class file_buffer : public std::streambuf {
-   public:
-    explicit file_buffer(const descriptor& file);
-    int cause() const { return cause_; }  ///< number of the error that a write came to, or 0
-
-   protected:
-    int_type overflow(int_type next) override;
-    int sync() override;
-
-   private:
-    const descriptor& file_;
-    std::vector<char> held_;
-    int cause_ = 0;
-  };
-
   bool open_beside();
   void open_straight();
   [[noreturn]] void refuse(std::string_view tried, int cause) const;

@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <fcntl.h>
+
 #include <fstream>
 
 #include "cli/cli_test.h"
+#include "cli/command_line.h"
+#include "database/file_buffer.h"
+#include "database/file_calls.h"
 
 namespace velorin::testing {
 namespace {
@@ -208,11 +213,32 @@ TEST_F(Usage, ADamagedFileIsNamed) {
 }
 
 TEST_F(Usage, StandardOutputThatCannotBeWrittenIsAnError) {
-  std::ofstream full("/dev/full");
-  if (!full) GTEST_FAIL() << "this system has no /dev/full";
+  const descriptor device(open_file("/dev/full", O_WRONLY));
+  if (!device.open()) GTEST_FAIL() << "this system has no /dev/full";
+  const std::vector<std::vector<std::string>> lines = {{"match"},
+                                                       {"match", "--json", "-", "--matches", "9"},
+                                                       {"report", "rankings", "--json"},
+                                                       {"series", "--home", "Northland", "--away", "South Isles"},
+                                                       {"--help"},
+                                                       {"match", "--help"},
+                                                       {"--version"}};
+  for (std::vector<std::string> line : lines) {
+    SCOPED_TRACE(line.front());
+    file_buffer buffer(device);
+    std::ostream full(&buffer);
+    std::ostringstream err;
+    line.insert(line.begin(), {"--teams-dir", teams().string()});
+    EXPECT_EQ(cli::run(line, teams(), {full, err}), 1);
+    EXPECT_EQ(err.str(), "velorin-cli: Standard output cannot be written: No space left on device\n");
+  }
+}
+
+TEST_F(Usage, AStreamGoneBadIsAnErrorWithoutACause) {
+  std::ostringstream bad;
+  bad.setstate(std::ios::badbit);
   std::ostringstream err;
-  EXPECT_EQ(cli::run({"--teams-dir", teams().string(), "match"}, teams(), {full, err}), 1);
-  EXPECT_THAT(err.str(), HasSubstr("cannot be written"));
+  EXPECT_EQ(cli::run({"--help"}, teams(), {bad, err}), 1);
+  EXPECT_EQ(err.str(), "velorin-cli: Standard output cannot be written\n");
 }
 
 }  // namespace
