@@ -122,7 +122,7 @@ TEST_F(WholeFile, AFolderInTheWayOfANewContentLeavesTheOldFiles) {
       staged.write("two");
       staged.write("two");
     });
-    EXPECT_STREQ(error.what(), "The file cannot be written: File exists (file g)");
+    EXPECT_STREQ(error.what(), "The file cannot be written: File exists (file g.next)");
     EXPECT_EQ(read_file(folder / "f"), "one");
     EXPECT_THAT(names_in(folder), ElementsAre("f", "g.next"));
   }
@@ -232,7 +232,7 @@ TEST_F(WholeFile, ABlockedNameLeavesTheOldDatabase) {
   std::filesystem::create_directory(folder / "base.rec.new");
   const auto error = error_of([] { update_career(); });
   EXPECT_EQ(error.kind(), failure::file);
-  EXPECT_THAT(error.what(), HasSubstr("The file cannot be written: File exists (file base.rec)"));
+  EXPECT_THAT(error.what(), HasSubstr("The file cannot be written: File exists (file base.rec.new)"));
   EXPECT_EQ(bytes_of(files.rec), rec);
 }
 
