@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <stdexcept>
 
@@ -119,6 +120,9 @@ TEST(FormTest, AFailureIsShownAndEndsTheProgram) {
   EXPECT_THROW(run_modal(late), ProgramEnds);
   begin_again();
   EXPECT_EQ(robot.left(), 0);
+  // Until a loop of the application has ended, those of dialogs would end at once.
+  QTimer::singleShot(0, [] { QCoreApplication::quit(); });
+  QCoreApplication::exec();
 }
 
 }  // namespace
