@@ -14,6 +14,7 @@
 #include "shown_texts.h"
 #include "slots_of.h"
 #include "support.h"
+#include "target.h"
 
 namespace velorin::fuzz {
 namespace {
@@ -93,6 +94,8 @@ void update(std::string_view before, bool faultless) {
   if (faultless) require(check_database(files).empty(), "an update leaves no fault");
 }
 
+}  // namespace
+
 void take(std::string_view input) {
   fresh_state();
   const int choice = input.empty() ? 0 : input.front() & 31;
@@ -122,15 +125,4 @@ void prepare() {
   shrink_database();
 }
 
-}  // namespace
 }  // namespace velorin::fuzz
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  velorin::fuzz::prepare();
-  return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
-  return 0;
-}

@@ -19,6 +19,7 @@
 #include "finished_match.h"
 #include "shown_texts.h"
 #include "support.h"
+#include "target.h"
 
 namespace velorin::fuzz {
 namespace {
@@ -132,6 +133,8 @@ void check_output(int status, const std::string& out, const std::string& err, bo
           "no worker breaks down");
 }
 
+}  // namespace
+
 void take(std::string_view input) {
   fresh_state();
   const std::vector<std::string> arguments = arguments_of(input);
@@ -170,15 +173,4 @@ void prepare() {
   laid_out = tree_of(run_folder());
 }
 
-}  // namespace
 }  // namespace velorin::fuzz
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  velorin::fuzz::prepare();
-  return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
-  return 0;
-}

@@ -11,6 +11,7 @@
 #include "model/teams.h"
 #include "setup/teamfrm.h"
 #include "support.h"
+#include "target.h"
 
 namespace velorin::fuzz {
 namespace {
@@ -40,6 +41,10 @@ void play(std::vector<double> draws) {
   }
 }
 
+}  // namespace
+
+void prepare() { lay_out_database(); }
+
 void take(std::string_view input) {
   match = match_state();
   files = database_paths(scratch(), "base");
@@ -53,15 +58,4 @@ void take(std::string_view input) {
   if (!draws.empty()) play(std::move(draws));
 }
 
-}  // namespace
 }  // namespace velorin::fuzz
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  velorin::fuzz::lay_out_database();
-  return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
-  return 0;
-}

@@ -9,6 +9,7 @@
 #include "model/teams.h"
 #include "slots_of.h"
 #include "support.h"
+#include "target.h"
 
 namespace velorin::fuzz {
 namespace {
@@ -39,6 +40,10 @@ void go_round() {
   require_elevens(encoded_men(bowling), encoded_men(batting));
 }
 
+}  // namespace
+
+void prepare() {}
+
 void take(std::string_view input) {
   fresh_state();
   const std::filesystem::path first = files.folder / "team1r.txt";
@@ -63,10 +68,4 @@ void take(std::string_view input) {
   go_round();
 }
 
-}  // namespace
 }  // namespace velorin::fuzz
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
-  return 0;
-}

@@ -5,6 +5,7 @@
 #include "database/configuration.h"
 #include "database/optfrm.h"
 #include "support.h"
+#include "target.h"
 
 namespace velorin::fuzz {
 namespace {
@@ -37,6 +38,14 @@ void confirm() {
   require(read_options() && lines_of(settings) == confirmed, "the confirmed settings are read again");
 }
 
+}  // namespace
+
+void prepare() {
+  fresh_state();
+  write_bytes(files.team, {});
+  write_bytes(files.grd, {});
+}
+
 void take(std::string_view input) {
   fresh_state();
   const std::filesystem::path options = files.folder / "options.mc";
@@ -55,17 +64,4 @@ void take(std::string_view input) {
   confirm();
 }
 
-}  // namespace
 }  // namespace velorin::fuzz
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  velorin::fuzz::fresh_state();
-  velorin::fuzz::write_bytes(velorin::files.team, {});
-  velorin::fuzz::write_bytes(velorin::files.grd, {});
-  return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
-  return 0;
-}

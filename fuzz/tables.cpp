@@ -4,6 +4,7 @@
 #include "database/configuration.h"
 #include "database/world.h"
 #include "support.h"
+#include "target.h"
 
 namespace velorin::fuzz {
 namespace {
@@ -24,6 +25,10 @@ bool build(const std::filesystem::path& source) {
     return false;
   }
 }
+
+}  // namespace
+
+void prepare() { std::filesystem::create_directory(scratch() / "source"); }
 
 void take(std::string_view input) {
   fresh_state();
@@ -47,15 +52,4 @@ void take(std::string_view input) {
   require(bytes_of(files.team) == team && bytes_of(files.grd) == grd, "the same bytes are built again");
 }
 
-}  // namespace
 }  // namespace velorin::fuzz
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  std::filesystem::create_directory(velorin::fuzz::scratch() / "source");
-  return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
-  return 0;
-}

@@ -11,6 +11,7 @@
 #include "setup/teamfrm.h"
 #include "slots_of.h"
 #include "support.h"
+#include "target.h"
 
 namespace velorin::fuzz {
 namespace {
@@ -71,6 +72,13 @@ void play() {
   }
 }
 
+}  // namespace
+
+void prepare() {
+  lay_out_database();
+  shrink_database();
+}
+
 void take(std::string_view input) {
   fresh_state();
   const int choice = input.empty() ? 0 : input.front() & 3;
@@ -95,16 +103,4 @@ void take(std::string_view input) {
   if (choice == 2 && faultless) dump_and_build_again(slots);
 }
 
-}  // namespace
 }  // namespace velorin::fuzz
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  velorin::fuzz::lay_out_database();
-  velorin::fuzz::shrink_database();
-  return 0;
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  velorin::fuzz::take({reinterpret_cast<const char*>(data), size});
-  return 0;
-}
