@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "captain/aicomp.h"
 #include "model/booking.h"
 #include "model/random.h"
 #include "model/rounding.h"
+#include "model/run_time_error.h"
 #include "model/teams.h"
 
 namespace velorin {
@@ -44,6 +46,10 @@ struct candidate {
 candidate candidate_at(int position, int offset) {
   const player_rec& man = match.bowling_xi[position];
   const double rating = static_cast<double>(man.bowl_sr) + offset;
+  if (std::isnan(man.econ)) {
+    throw run_time_error(failure::type, "Type mismatch: an economy rate that is no number",
+                         {.file = {}, .record = 0, .field = "econ", .player = man.name});
+  }
   // A rate beyond every figure is an overflow like any other.
   const double rounded = std::clamp(round_half_even(static_cast<double>(man.econ)), -1e6, 1e6);
   integer econ_class;

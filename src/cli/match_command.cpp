@@ -15,6 +15,7 @@
 #include "cli/match_jobs.h"
 #include "cli/match_run.h"
 #include "cli/match_summary.h"
+#include "cli/output_files.h"
 #include "database/configuration.h"
 #include "database/teams_file.h"
 #include "model/code_page.h"
@@ -176,6 +177,7 @@ class match_run {
 int play(const match_options& options, const program_options& program, streams io) {
   set_up_run(program);
   files.updates = options.update;
+  require_outputs_apart(options, program.draws);
   match_run run(options, program, io);
   const auto start = std::chrono::steady_clock::now();
   run.play();

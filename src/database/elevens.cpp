@@ -38,6 +38,8 @@ std::size_t encoded_size(const player_rec& man) {
   return size;
 }
 
+constexpr const char* cannot_exchange = "The elevens cannot be exchanged";
+
 void hold_eleven(side which, const eleven& men) {
   for (int i = 1; i <= 11; ++i) {
     if (encoded_size(men[i]) <= eleven_slot) continue;
@@ -66,14 +68,12 @@ int error_of_rename(const std::filesystem::path& from, const std::filesystem::pa
 
 /// Settles an exchange that was cut off: one that had renamed the second file alone is undone, one that had renamed the
 /// first, too, is finished. True if there is a plain dummy.txt beside both files all the same. Requires the lock of the
-/// folder. Raises run_time_error (file).
-bool settle_exchange() {
+/// folder. Raises run_time_error (file): `tried` tells what cannot be done then.
+bool settle_exchange(const char* tried) {
   if (occupant_of(spare_file()) != occupant::plain_file) return false;
   for (const std::filesystem::path& file : {second_file(), first_file()}) {
     if (occupant_of(file) != occupant::none) continue;
-    if (const int cause = error_of_rename(spare_file(), file)) {
-      raise_file_error("The elevens cannot be exchanged", cause, spare_file());
-    }
+    if (const int cause = error_of_rename(spare_file(), file)) raise_file_error(tried, cause, spare_file());
     return false;
   }
   return true;
@@ -88,7 +88,7 @@ void write_eleven(side which, const eleven& men) {
   }
   const std::filesystem::path path = which == side::first ? first_file() : second_file();
   const folder_lock turn(path);
-  const bool spare_is_idle = settle_exchange();
+  const bool spare_is_idle = settle_exchange("The eleven cannot be written");
   slot_file file = slot_file::read(path, eleven_slot);
   for (int i = 1; i <= 11; ++i) file.put(i, encoded(men[i]), men[i].name);
   replace_file(path, file.bytes());
@@ -102,6 +102,7 @@ void read_elevens() {
     match.bowling_xi = held.of(side::second);
     return;
   }
+  const folder_lock turn(first_file());
   read_eleven(first_file(), match.batting_xi);
   read_eleven(second_file(), match.bowling_xi);
 }
@@ -112,20 +113,20 @@ void swap_elevens() {
     return;
   }
   const folder_lock turn(first_file());
-  settle_exchange();
+  settle_exchange(cannot_exchange);
   if (occupant_of(spare_file()) != occupant::none) {
-    raise_file_error("The elevens cannot be exchanged", EEXIST, spare_file());
+    raise_file_error(cannot_exchange, EEXIST, spare_file());
   }
   if (const int cause = error_of_rename(second_file(), spare_file())) {
-    raise_file_error("The elevens cannot be exchanged", cause, second_file());
+    raise_file_error(cannot_exchange, cause, second_file());
   }
   if (const int cause = error_of_rename(first_file(), second_file())) {
     error_of_rename(spare_file(), second_file());
-    raise_file_error("The elevens cannot be exchanged", cause, first_file());
+    raise_file_error(cannot_exchange, cause, first_file());
   }
   if (const int cause = error_of_rename(spare_file(), first_file())) {
     if (error_of_rename(second_file(), first_file()) == 0) error_of_rename(spare_file(), second_file());
-    raise_file_error("The elevens cannot be exchanged", cause, spare_file());
+    raise_file_error(cannot_exchange, cause, spare_file());
   }
 }
 

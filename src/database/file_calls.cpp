@@ -74,9 +74,19 @@ std::filesystem::path real_file(const std::filesystem::path& file) {
   std::error_code failed;
   std::filesystem::path target = std::filesystem::canonical(file, failed);
   if (!failed) return target;
-  if (failed == std::errc::no_such_file_or_directory) return file;
-  raise_file_error("The link cannot be followed", failed.value(), file);
+  if (failed != std::errc::no_such_file_or_directory) {
+    raise_file_error("The link cannot be followed", failed.value(), file);
+  }
+  target = file;
+  while (std::filesystem::is_symlink(std::filesystem::symlink_status(target, failed))) {
+    const std::filesystem::path next = std::filesystem::read_symlink(target, failed);
+    if (failed) raise_file_error("The link cannot be followed", failed.value(), file);
+    target = folder_of(target) / next;
+  }
+  return target;
 }
+
+bool may_be_written(const std::filesystem::path& file) { return descriptor(open_file(file, O_WRONLY)).open(); }
 
 std::filesystem::path folder_of(const std::filesystem::path& file) {
   std::filesystem::path folder = file.parent_path();

@@ -41,9 +41,13 @@ class descriptor {
   int number_;
 };
 
-/// The file that a name stands for: where the name is a symbolic link to something, the file at its end. Raises
-/// run_time_error (file).
+/// The file that a name stands for: where the name is a symbolic link, the file at its end, which need not be there.
+/// Raises run_time_error (file).
 std::filesystem::path real_file(const std::filesystem::path& file);
+
+/// True if a file that is there can be opened for writing. A folder cannot, and who has protected a file does not want
+/// it replaced either.
+bool may_be_written(const std::filesystem::path& file);
 
 /// The folder of a file; "." for a name alone.
 std::filesystem::path folder_of(const std::filesystem::path& file);

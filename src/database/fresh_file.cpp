@@ -38,6 +38,17 @@ int open_new(std::string& name) {
   return number;
 }
 
+/// The number of standard output or standard error, if it is the file of this name; else -1.
+int standard_stream(const fs::path& file) {
+  struct stat named {};
+  if (::stat(file.c_str(), &named) != 0) return -1;
+  for (const int number : {STDOUT_FILENO, STDERR_FILENO}) {
+    struct stat open {};
+    if (::fstat(number, &open) == 0 && open.st_dev == named.st_dev && open.st_ino == named.st_ino) return number;
+  }
+  return -1;
+}
+
 /// The folder takes no new files, or none with a name that much longer.
 bool takes_none(int cause) { return cause == EACCES || cause == EPERM || cause == EROFS || cause == ENAMETOOLONG; }
 
@@ -51,6 +62,12 @@ fresh_file::fresh_file(const fs::path& target) : named_(target), target_(real_fi
     open_straight();
     return;
   }
+  if (const int stream = standard_stream(named_); stream >= 0) {
+    file_.take(::fcntl(stream, F_DUPFD_CLOEXEC, 0));
+    if (!file_.open()) refuse(errno);
+    return;
+  }
+  if (exists && !may_be_written(target_)) refuse(errno);
   if (!open_beside()) {
     if (!exists || !takes_none(errno)) refuse(errno);
     open_straight();

@@ -11,8 +11,10 @@
 namespace velorin {
 
 /// A file that a user names for output, anywhere. The content goes to a file of a new name beside it, which takes its
-/// place when it is complete; until then an old file stays as it was, and no other file is touched. What is no plain
-/// file, such as a terminal or a pipe, and a file in a folder that takes no new ones, is written to straight.
+/// place when it is complete; until then an old file stays as it was, and no other file is touched. Written to
+/// straight, so that what fails leaves it cut short, is what is no plain file, such as a terminal or a pipe, the file
+/// that standard output or standard error goes to, and a file in a folder that takes no new ones or none with so long a
+/// name.
 class fresh_file {
  public:
   /// Opens the output. Raises run_time_error (file).
@@ -28,7 +30,8 @@ class fresh_file {
   void require_good() const;
 
   /// Writes out and synchronises the content and puts it in place. Raises run_time_error (file): the old file is as it
-  /// was then, or, if only the folder could not be synchronised, the new one is in place.
+  /// was then, unless it is written to straight, or, if only the folder could not be synchronised, the new one is in
+  /// place.
   void put_in_place();
 
  private:

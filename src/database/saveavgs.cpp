@@ -162,9 +162,12 @@ career_table careers_with_match() {
 
 }  // namespace
 
+void settle_update() { const staged_files both({files.rec, files.ptr}); }
+
 void update_career() {
   if (!files.updates) return;
   const folder_lock turn(files.rec);
+  settle_update();
   write_career_table(careers_with_match());
 }
 

@@ -227,7 +227,8 @@ record_lists records_with_match() {
 
 void update_records() {
   if (!files.updates) return;
-  const folder_lock turn(files.ptr);
+  const folder_lock turn(files.rec);
+  settle_update();
   write_record_lists(records_with_match());
 }
 

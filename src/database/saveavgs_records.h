@@ -9,4 +9,8 @@ namespace velorin {
 /// match and <base>.ptr, changes neither. Raises run_time_error as update_records().
 record_lists records_with_match();
 
+/// Finishes an update of both files that was cut off between them, before one of them is replaced alone. Requires the
+/// lock of their folder. Raises run_time_error (file).
+void settle_update();
+
 }  // namespace velorin

@@ -123,6 +123,7 @@ void staged_files::remove_beside() const {
 void staged_files::write(std::string_view content) {
   const staged_file& file = files_[written_++];
   const std::optional<struct stat> old = status_of(file.target);
+  if (old && !may_be_written(file.target)) raise_file_error("The file cannot be written", errno, file.target);
   descriptor opened(open_file(file.beside, O_WRONLY | O_CREAT | O_EXCL, 0666));
   // One that cannot be taken away is in the way.
   if (!opened.open())

@@ -58,12 +58,12 @@ class staged_files {
   staged_files(const staged_files&) = delete;
   staged_files& operator=(const staged_files&) = delete;
 
-  /// Writes and synchronises the new content of the next file. Raises run_time_error (file): all old files are whole
-  /// then.
+  /// Writes and synchronises the new content of the next file. Raises run_time_error (file), also for an old file that
+  /// is protected or no file: all old files are whole then.
   void write(std::string_view content);
 
   /// Requires the content of each. Renames one after the other, then synchronises their folders. Raises run_time_error
-  /// (file): if that is about a file behind the first, the next replacement finishes the work.
+  /// (file): if that is about a file behind the first, the next replacement finishes the work, once its cause is gone.
   void put_in_place();
 
  private:

@@ -117,7 +117,8 @@ struct match_set_up {
   integer team_count;                     ///< teams of the database
   std::array<std::string, 21> team_list;  ///< [1..20] names in file order
   std::array<squad, 2> squads;            ///< the first and the second team's men, sorted
-  std::array<eleven, 2> selected;         ///< the first and the second team's eleven
+  std::array<eleven, 2> selected;         ///< the eleven of the team chosen first and of the other
+  bool elevens_exchanged = false;         ///< the toss made the team chosen first the second
   bool first_team_done = false;           ///< the first side's selection is confirmed
 };
 

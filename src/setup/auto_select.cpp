@@ -60,10 +60,10 @@ ranking rank_batsmen(const teamsel& form) {
   return ranks;
 }
 
-/// A strike rate as a whole number; one beyond the width of a figure ranks like 0.
+/// A strike rate as a whole number; one beyond the width of a figure, and what is no number, ranks like 0.
 int strike_rate_key(float bowl_sr) {
   const double rounded = round_half_even(shown_value(bowl_sr));
-  return rounded < -32768 || rounded > 32767 ? 0 : static_cast<int>(rounded);
+  return rounded >= -32768 && rounded <= 32767 ? static_cast<int>(rounded) : 0;
 }
 
 ranking rank_bowlers(const teamsel& form) {

@@ -2,12 +2,16 @@
 #include "setup/teamfrm.h"
 
 #include <array>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
+#include "database/configuration.h"
 #include "database/teams_file.h"
+#include "database/whole_file.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
+#include "model/texts.h"
 #include "setup/teamsel.h"
 #include "setup/wecond.h"
 #include "ui/front_end.h"
@@ -35,6 +39,20 @@ void take_ground(const std::string& name) {
   }
 }
 
+/// Refuses a rating that is no number: nothing can be reckoned with it.
+void require_ratings(const squad& men, int record) {
+  for (int place = 1; place <= 20; ++place) {
+    const player_rec& man = men[place];
+    if (std::isfinite(man.bowl_sr) && std::isfinite(man.econ)) continue;
+    const char* field = std::isfinite(man.bowl_sr) ? "econ" : "bowl_sr";
+    throw run_time_error(failure::type, "Type mismatch: a rating that is no number",
+                         {.file = file_name_text(files.team),
+                          .record = record,
+                          .field = "squad[" + number_text(place) + "]." + field,
+                          .player = man.name});
+  }
+}
+
 /// The squad of the entry chosen. The record is read into the place of the team list with its own number, one behind
 /// that of the team, so the last of twenty teams has none.
 const squad& chosen_squad(const std::vector<team_entry>& list, int index) {
@@ -47,7 +65,9 @@ const squad& chosen_squad(const std::vector<team_entry>& list, int index) {
     throw run_time_error(failure::subscript, "Subscript out of range: the twentieth team cannot be played",
                          {.file = {}, .record = entry.record, .field = "team_name", .player = entry.name});
   }
-  return read_team(entry.record).squad;
+  const squad& men = read_team(entry.record).squad;
+  require_ratings(men, entry.record);
+  return men;
 }
 
 void select_team(int place, const std::vector<team_entry>& list, int index) {

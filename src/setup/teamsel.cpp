@@ -69,6 +69,7 @@ void teamsel::confirm(int side_index) {
 void teamsel::command1_click() {
   if (ticked() != 11) return;
   match.first_team_done = true;
+  match.elevens_exchanged = false;
   confirm(0);
 }
 

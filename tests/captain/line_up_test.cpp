@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -7,6 +8,7 @@
 
 #include "captain/aicomp.h"
 #include "model/random.h"
+#include "model/run_time_error.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -186,6 +188,18 @@ TEST(ChooseOpeningBowlers, AHalfOfEconomyGoesToTheEvenNeighbour) {
   EXPECT_EQ(match.bowler_pool[3].econ_class, 6);
   EXPECT_EQ(match.bowler_pool[4].position, 3);
   EXPECT_EQ(match.bowler_pool[4].econ_class, 6);
+}
+
+TEST(ChooseOpeningBowlers, AnEconomyThatIsNoNumberIsRefusedByName) {
+  set_bowlers({{fast, 30, 5}, {fast, 30, std::nanf("")}});
+  try {
+    choose();
+    FAIL() << "the rate was taken";
+  } catch (const run_time_error& error) {
+    EXPECT_EQ(error.kind(), failure::type);
+    EXPECT_EQ(error.place().field, "econ");
+    EXPECT_EQ(error.place().player, "A.Bowl2");
+  }
 }
 
 TEST(ChooseOpeningBowlers, TheOffsetStandsInEveryRatingAndChangesNoPlace) {

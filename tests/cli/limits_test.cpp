@@ -116,6 +116,25 @@ TEST_F(CliLimits, ATwentySixthTeamInTheTable) {
   EXPECT_EQ(contents_of(teams()).size(), 4U) << "nothing else is left behind";
 }
 
+TEST_F(CliLimits, ARatingThatIsNoNumber) {
+  for (float player_rec::*rating : {&player_rec::econ, &player_rec::bowl_sr}) {
+    for (const float value : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
+      slot_file team = slot_file::read(files.team, team_slot);
+      const std::string whole = team.bytes();
+      team_rec side = read_team(3);
+      side.squad[4].*rating = value;
+      team.put(3, encoded(side), {});
+      write_bytes(files.team, team.bytes());
+      EXPECT_THAT(refusal(), ::testing::EndsWith(fmt::format(
+                                 "Type mismatch: a rating that is no number (file small.team, record 3, field "
+                                 "squad[4].{}, at \"{}\")",
+                                 rating == &player_rec::econ ? "econ" : "bowl_sr", side.squad[4].name)));
+      write_bytes(files.team, whole);
+      use_files();
+    }
+  }
+}
+
 TEST_F(CliLimits, AnElevensRecord) {
   slot_file team = slot_file::read(files.team, team_slot);
   team_rec side = read_team(3);
@@ -138,7 +157,7 @@ TEST_F(CliLimits, ATwentyFirstTeamOfTheDatabase) {
   team.put(1, encoded_field(integer(21)), {});
   write_bytes(files.team, team.bytes());
   EXPECT_THAT(refusal(), ::testing::EndsWith("Subscript out of range: a count of 21, at most 20 (file small.team, "
-                                             "record 22, field team_count)"));
+                                             "record 1, field team_count)"));
 }
 
 /// Finds, at the second ball of a match, the draw that makes the third one that does not count.

@@ -88,6 +88,41 @@ TEST_F(MatchExports, StandardOutputIsTheTextExportWithTheResultBelow) {
   EXPECT_EQ(lines_of(out.substr(card.size())).size(), 2U) << "an empty line and the result";
 }
 
+TEST_F(MatchExports, TwoOutputsToOneFileAreRefused) {
+  const std::string one = file("one");
+  const std::string again = file("./one");
+  const char* const options[] = {"--json", "--html", "--text", "--ball-by-ball"};
+  for (std::size_t second = 1; second < std::size(options); ++second) {
+    for (std::size_t first = 0; first < second; ++first) {
+      EXPECT_THAT(error(1, {"match", options[second], again, options[first], one}),
+                  HasSubstr(std::string(options[second]) + " names the file of " + options[first] + " (file one)"));
+    }
+  }
+  EXPECT_FALSE(std::filesystem::exists(one));
+  EXPECT_EQ(run({"match", "--json", "/dev/null", "--html", "/dev/null"}).status, 0);
+}
+
+TEST_F(MatchExports, AFileOfTheDatabaseIsNoOutput) {
+  const std::pair<const char*, const char*> guarded[] = {{"small.team", "the teams"},
+                                                         {"small.grd", "the grounds"},
+                                                         {"small.rec", "the careers"},
+                                                         {"small.ptr", "the records"},
+                                                         {"options.mc", "the settings"}};
+  for (const auto& [name, what] : guarded) {
+    const std::filesystem::path path = teams() / name;
+    const bool there = std::filesystem::exists(path);
+    const std::string before = there ? file_bytes(path) : "";
+    EXPECT_THAT(error(1, {"match", "--update", "--json", path}),
+                HasSubstr(std::string("--json names the file of ") + what + " (file " + name + ")"));
+    EXPECT_EQ(std::filesystem::exists(path), there);
+    EXPECT_EQ(there ? file_bytes(path) : "", before);
+  }
+  write_bytes(file("draws"), "0.5\n");
+  EXPECT_THAT(error(1, {"--draws", file("draws"), "match", "--text", file("draws")}),
+              HasSubstr("--text names the file of --draws (file draws)"));
+  EXPECT_EQ(file_bytes(file("draws")), "0.5\n");
+}
+
 TEST_F(MatchExports, AnExportThatCannotBeWrittenIsAnError) {
   for (const char* option : {"--html", "--text", "--ball-by-ball"}) {
     EXPECT_THAT(error(1, {"match", option, file("missing/card")}), HasSubstr("missing/card"));

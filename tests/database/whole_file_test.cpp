@@ -58,6 +58,52 @@ TEST_F(WholeFile, FollowsALinkToTheFile) {
   EXPECT_EQ(bytes_of(folder / "real" / "f"), "two");
 }
 
+TEST_F(WholeFile, MakesTheFileThatALinkLeadsTo) {
+  std::filesystem::create_directory(folder / "real");
+  std::filesystem::create_symlink("real/g", folder / "link");
+  std::filesystem::create_symlink("link", folder / "f");
+  replace_file(folder / "f", "one");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "f"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
+  EXPECT_EQ(bytes_of(folder / "real" / "g"), "one");
+}
+
+TEST_F(WholeFile, LeavesALinkAloneWhoseFolderIsMissing) {
+  std::filesystem::create_symlink("away/f", folder / "f");
+  EXPECT_THAT(error_of([&] { replace_file(folder / "f", "one"); }).what(), HasSubstr("No such file or directory"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "f"));
+  EXPECT_THAT(names_in(folder), ElementsAre("f"));
+}
+
+TEST_F(WholeFile, AFolderAmongTheFilesIsMetBeforeAnyIsReplaced) {
+  write_bytes(folder / "f", "one");
+  std::filesystem::create_directory(folder / "g");
+  {
+    staged_files staged({folder / "f", folder / "g"});
+    staged.write("two");
+    const auto error = error_of([&] { staged.write("two"); });
+    EXPECT_THAT(error.what(), HasSubstr("The file cannot be written: Is a directory (file g)"));
+  }
+  EXPECT_EQ(bytes_of(folder / "f"), "one");
+  EXPECT_THAT(names_in(folder), ElementsAre("f", "g"));
+}
+
+TEST_F(WholeFile, AProtectedFileIsNotReplaced) {
+  write_bytes(folder / "f", "one");
+  write_bytes(folder / "g", "one");
+  ASSERT_EQ(::chmod((folder / "g").c_str(), 0444), 0);
+  ASSERT_EQ(::chmod(folder.c_str(), 0777), 0);
+  {
+    const testing::other_user somebody;
+    staged_files staged({folder / "h", folder / "g"});
+    staged.write("two");
+    const auto error = error_of([&] { staged.write("two"); });
+    EXPECT_THAT(error.what(), HasSubstr("The file cannot be written: Permission denied (file g)"));
+  }
+  EXPECT_EQ(bytes_of(folder / "g"), "one");
+  EXPECT_THAT(names_in(folder), ElementsAre("f", "g"));
+}
+
 TEST_F(WholeFile, TakesWhatAKilledProgramLeftAway) {
   write_bytes(folder / "f", "one");
   write_bytes(folder / "f.new", "half of tw");
@@ -237,9 +283,13 @@ TEST_F(WholeFile, ABlockedNameLeavesTheOldDatabase) {
 }
 
 TEST_F(WholeFile, AFailedReplacementTakesTheNewContentAway) {
-  std::filesystem::create_directory(folder / "f");
-  const auto error = error_of([&] { replace_file(folder / "f", "x"); });
-  EXPECT_THAT(error.what(), HasSubstr("The file cannot be replaced: Is a directory (file f)"));
+  {
+    staged_files staged({folder / "f"});
+    staged.write("x");
+    std::filesystem::create_directory(folder / "f");
+    const auto error = error_of([&] { staged.put_in_place(); });
+    EXPECT_THAT(error.what(), HasSubstr("The file cannot be replaced: Is a directory (file f)"));
+  }
   EXPECT_THAT(names_in(folder), ElementsAre("f"));
 }
 

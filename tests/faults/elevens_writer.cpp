@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Does to the elevens what the game does ahead of a match: elevens_writer FOLDER {write|exchange|both}
+// Does to the elevens what the game does ahead of a match: elevens_writer FOLDER {write|exchange}
 #include <exception>
 #include <iostream>
 #include <string>
@@ -27,11 +27,12 @@ int main(int count, char** words) {
   const std::string wanted = words[2];
   try {
     velorin::files = velorin::database_paths(words[1], {});
-    if (wanted != "exchange") {
+    if (wanted == "write") {
       velorin::write_eleven(velorin::side::first, men_called("A."));
       velorin::write_eleven(velorin::side::second, men_called("B."));
+    } else {
+      velorin::swap_elevens();
     }
-    if (wanted != "write") velorin::swap_elevens();
     return 0;
   } catch (const std::exception& error) {
     std::cerr << "elevens_writer: " << error.what() << '\n';

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // No room for what is to be written, with files that may not grow beyond a limit and on a disk that is full: each file
 // is the old one or the new one, all that belong together are of one kind, and the next run works.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/mount.h>
@@ -210,6 +211,36 @@ TEST_P(FullDisk, ADiskWithoutRoomLeavesTheOldFiles) {
 
 INSTANTIATE_TEST_SUITE_P(Acts, FullDisk, ::testing::ValuesIn(writing_act_names()),
                          [](const auto& of) { return of.param; });
+
+TEST(StandardOutput, AFullDeviceIsAFailureOfTheProgram) {
+  workbench bench;
+  for (const char* option : {"--help", "--version"}) {
+    program what;
+    what.line = {VELORIN_CLI, option};
+    what.prepare = [] {
+      const int full = ::open("/dev/full", O_WRONLY);
+      if (full < 0 || ::dup2(full, STDOUT_FILENO) < 0) ::_exit(126);
+    };
+    const ending end = bench.run(what);
+    EXPECT_EQ(end.status, 1) << option;
+    EXPECT_EQ(end.err, "velorin-cli: Standard output cannot be written: No space left on device\n") << option;
+  }
+}
+
+TEST(StandardOutput, OneThatIsClosedMattersToThoseWhoWrite) {
+  workbench bench;
+  program what;
+  what.line = {VELORIN_CLI, "--version"};
+  const ending with = bench.run(what);
+  EXPECT_EQ(with.status, 0);
+  EXPECT_TRUE(with.out.starts_with("velorin-cli ")) << with.out;
+  what.prepare = [] { ::close(STDOUT_FILENO); };
+  const ending without = bench.run(what);
+  EXPECT_EQ(without.status, 1);
+  EXPECT_EQ(without.err, "velorin-cli: Standard output cannot be written: Bad file descriptor\n");
+  what.line.back() = "--no-such-option";
+  EXPECT_EQ(bench.run(what).status, 2);
+}
 
 }  // namespace
 }  // namespace velorin::testing

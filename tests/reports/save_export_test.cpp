@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -8,11 +10,33 @@
 #include "model/run_time_error.h"
 #include "reports/export.h"
 #include "reports/match_scenes.h"
+#include "support/failing_disk.h"
 
 namespace velorin {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::other_user;
+
+/// Standard output goes on at the end of a file while this lives.
+class redirected_output {
+ public:
+  explicit redirected_output(const fs::path& path) {
+    std::fflush(stdout);
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+    ::dup2(file, STDOUT_FILENO);
+    ::close(file);
+  }
+  ~redirected_output() {
+    ::dup2(before_, STDOUT_FILENO);
+    ::close(before_);
+  }
+  redirected_output(const redirected_output&) = delete;
+  redirected_output& operator=(const redirected_output&) = delete;
+
+ private:
+  int before_ = ::dup(STDOUT_FILENO);
+};
 
 class save_export_test : public reports_test {
  protected:
@@ -41,6 +65,11 @@ class save_export_test : public reports_test {
       EXPECT_EQ(error.kind(), failure::file);
       return error.what();
     }
+  }
+  /// What /dev/stdout is.
+  fs::path make_link_to_standard_output() const {
+    fs::create_symlink("/proc/self/fd/1", folder / "stdout");
+    return folder / "stdout";
   }
   int files() const {
     return static_cast<int>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
@@ -96,6 +125,49 @@ TEST_F(save_export_test, refuses_a_folder_in_place_of_the_file) {
 TEST_F(save_export_test, writes_straight_to_a_device_and_leaves_it_one) {
   write_export(card, export_kind::html, "/dev/null");
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(save_export_test, goes_on_in_the_file_of_standard_output) {
+  const fs::path standard_output = make_link_to_standard_output();
+  const fs::path path = folder / "out.txt";
+  std::ofstream(path) << "before\n";
+  {
+    const redirected_output redirected(path);
+    write_export(card, export_kind::text, standard_output);
+    write_export(card, export_kind::text, path);
+  }
+  EXPECT_EQ(content(path), "before\n" + text_scorecard(card) + text_scorecard(card));
+  EXPECT_EQ(files(), 2);
+}
+
+TEST_F(save_export_test, leaves_the_link_of_standard_output_alone) {
+  const fs::path standard_output = make_link_to_standard_output();
+  const fs::path path = folder / "out.txt";
+  std::string moved;
+  {
+    const redirected_output redirected(path);
+    fs::rename(path, folder / "moved.txt");
+    write_export(card, export_kind::html, standard_output);
+    moved = content(folder / "moved.txt");
+    fs::remove(folder / "moved.txt");
+    write_export(card, export_kind::html, standard_output);
+  }
+  EXPECT_EQ(moved, html_scorecard(card));
+  EXPECT_EQ(files(), 1);
+  EXPECT_TRUE(fs::is_symlink(standard_output));
+}
+
+TEST_F(save_export_test, leaves_a_protected_file_alone) {
+  const fs::path path = folder / "a.txt";
+  std::ofstream(path) << "old";
+  fs::permissions(path, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+  fs::permissions(folder, fs::perms::all);
+  {
+    const other_user somebody;
+    EXPECT_EQ(error_of(path), "The file cannot be written: Permission denied (file " + path.string() + ")");
+  }
+  EXPECT_EQ(content(path), "old");
+  EXPECT_EQ(files(), 1);
 }
 
 TEST_F(save_export_test, refuses_a_full_device) {

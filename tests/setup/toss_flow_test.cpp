@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <filesystem>
+
+#include "database/configuration.h"
 #include "database/elevens.h"
 #include "engine/driver.h"
 #include "model/random.h"
@@ -95,6 +99,37 @@ TEST_F(TossFlow, TwoComputersOfOneNameSwapEitherWay) {
     EXPECT_THROW(toss_and_play(), first_ball);
     EXPECT_EQ(match.batting_xi[1].name, "A.Bowl1");
   }
+}
+
+// Another program has confirmed elevens of its own between the selection here and the end of the toss.
+TEST_F(TossFlow, TheMatchIsThatOfTheMenSelectedHere) {
+  std::string folder = (std::filesystem::temp_directory_path() / "velorin-toss-XXXXXX").string();
+  ASSERT_NE(mkdtemp(folder.data()), nullptr);
+  for (const bool bat : {true, false}) {
+    set_up_sample_match(false, false);
+    files = database_paths(folder, "base");
+    write_eleven(side::first, match.batting_xi);
+    write_eleven(side::second, match.bowling_xi);
+    match.selected = {match.batting_xi, match.bowling_xi};
+    match.elevens_exchanged = false;
+    user_.on_console = [](main_console&) { match.console_open = false; };
+    user_.on_toss.push_back([&](toss& form) {
+      form.command1_click(1);
+      eleven others;
+      for (int i = 1; i <= 11; ++i) others[i].name = "Other" + std::to_string(i);
+      write_eleven(side::first, others);
+      write_eleven(side::second, others);
+      bat ? form.command2_click() : form.command3_click();
+    });
+    script_draws(std::vector<double>(40, one));
+    toss_and_play();
+    EXPECT_EQ(match.team1_name, bat ? "Home" : "Away");
+    EXPECT_EQ(match.batting_xi[3].name, bat ? "H.Bat3" : "A.Bowl3");
+    EXPECT_EQ(match.bowling_xi[3].name, bat ? "A.Bowl3" : "H.Bat3");
+    read_elevens();
+    EXPECT_EQ(match.batting_xi[3].name, "Other3") << "the files have the others";
+  }
+  std::filesystem::remove_all(folder);
 }
 
 TEST_F(TossFlow, AComputerAgainstAHumanCallsItself) {

@@ -9,6 +9,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <optional>
 
 namespace velorin::testing {
 
@@ -33,13 +34,24 @@ class small_disk {
   void (*handler_)(int) = nullptr;
 };
 
+/// Files are used with the rights of an ordinary user while this lives, by the superuser, too.
+class other_user {
+ public:
+  other_user() {
+    constexpr uid_t nobody = 65534;
+    if (::geteuid() == 0) ::setfsuid(nobody);
+  }
+  ~other_user() { ::setfsuid(::geteuid()); }
+  other_user(const other_user&) = delete;
+  other_user& operator=(const other_user&) = delete;
+};
+
 /// A folder that takes no new file while this lives, from the superuser neither.
 class closed_folder {
  public:
   explicit closed_folder(const std::filesystem::path& folder) : folder_(folder) {
     ::chmod(folder_.c_str(), 0555);
-    constexpr uid_t nobody = 65534;
-    if (::geteuid() == 0) ::setfsuid(nobody);
+    user_.emplace();
     const std::filesystem::path probe = folder_ / "probe";
     const int opened = ::open(probe.c_str(), O_WRONLY | O_CREAT, 0600);
     holds_ = opened < 0;
@@ -48,7 +60,7 @@ class closed_folder {
     ::unlink(probe.c_str());
   }
   ~closed_folder() {
-    ::setfsuid(::geteuid());
+    user_.reset();
     ::chmod(folder_.c_str(), 0755);
   }
   closed_folder(const closed_folder&) = delete;
@@ -59,6 +71,7 @@ class closed_folder {
 
  private:
   std::filesystem::path folder_;
+  std::optional<other_user> user_;
   bool holds_ = false;
 };
 

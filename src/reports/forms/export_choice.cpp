@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-#include "desktop/message_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -63,17 +62,18 @@ FileWish export_wish(const scorecard& card, export_kind kind) {
   return wish;
 }
 
-void export_match(const scorecard& card, export_kind kind, const FileChooser& ask, QWidget* window) {
+QString export_match(const scorecard& card, export_kind kind, const FileChooser& ask, QWidget* window) {
   const FileWish wish = export_wish(card, kind);
   const QString path = ask(wish, window);
-  if (path.isEmpty()) return;
+  if (path.isEmpty()) return {};
   const QFileInfo file(path);
   preferences::set_last_folder(file.absolutePath());
   try {
     write_export(card, kind, file.filesystemFilePath());
   } catch (const std::exception& error) {
-    show_failure(wish.title, error, window);
+    return shown_error(error);
   }
+  return {};
 }
 
 }  // namespace velorin

@@ -28,8 +28,8 @@ QString ask_for_file(const FileWish& wish, QWidget* window);
 /// What is asked for when the match is to be written. Reads match.
 FileWish export_wish(const scorecard& card, export_kind kind);
 
-/// Asks for a file and writes the match there; the folder is remembered. A cancelled question writes nothing; a file
-/// that cannot be written is a message with its cause, and what stood there stays.
-void export_match(const scorecard& card, export_kind kind, const FileChooser& ask, QWidget* window);
+/// Asks for a file and writes the match there; the folder is remembered. A cancelled question writes nothing. Returns
+/// what failed, with its file and cause, else an empty text; what stood there stays then. No message box is shown.
+QString export_match(const scorecard& card, export_kind kind, const FileChooser& ask, QWidget* window);
 
 }  // namespace velorin

@@ -2,11 +2,13 @@
 #include "reports/forms/scorecard_window.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <functional>
 
 #include "console/captain_forms.h"
+#include "desktop/controls.h"
 #include "desktop/shown_text.h"
 #include "reports/forms/batting_card_view.h"
 #include "reports/forms/report_parts.h"
@@ -64,6 +66,11 @@ ScorecardWindow::ScorecardWindow(const scorecard& form, QWidget* parent)
                                          }),
                      1);
   add_reports();
+  not_saved_ = new_named_label(QStringLiteral("not_saved"), {}, TextRole::red);
+  not_saved_->setWordWrap(true);
+  not_saved_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  not_saved_->hide();
+  column_->addWidget(not_saved_);
   add_exports();
   add_ok(*this);
   findChild<QPushButton*>(QStringLiteral("Command1"))->setFocus();
@@ -87,8 +94,15 @@ void ScorecardWindow::add_exports() {
     add_aside(new_report_button(
         QString::fromLatin1(file.control),
         {.caption = shown(file.caption), .mnemonic = file.mnemonic, .hint = QString::fromLatin1(file.hint)},
-        [this, kind = file.kind] { export_match(form_, kind, chooser_, this); }));
+        [this, kind = file.kind] { save(kind); }));
   }
+}
+
+void ScorecardWindow::save(export_kind kind) {
+  const QString failed = export_match(form_, kind, chooser_, this);
+  not_saved_->setText(failed);
+  not_saved_->setAccessibleName(failed);
+  not_saved_->setVisible(!failed.isEmpty());
 }
 
 }  // namespace velorin

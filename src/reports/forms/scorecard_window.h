@@ -4,6 +4,7 @@
 #include "desktop/form.h"
 #include "reports/forms/export_choice.h"
 
+class QLabel;
 class QVBoxLayout;
 
 namespace velorin {
@@ -24,10 +25,13 @@ class ScorecardWindow : public Form {
  private:
   void add_reports();
   void add_exports();
+  /// Writes a file; what fails is told in a line of the window.
+  void save(export_kind kind);
 
   const scorecard& form_;
   FileChooser chooser_;
   QVBoxLayout* column_;
+  QLabel* not_saved_;
 };
 
 }  // namespace velorin
