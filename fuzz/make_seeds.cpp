@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Makes the first inputs of the targets that read binary files, in the folders of those targets below the one folder
 // given: small databases and careers, whole and cut short. The inputs that are text stand there by hand.
+#include <cmath>
 #include <cstdio>
 #include <initializer_list>
 #include <vector>
@@ -33,6 +34,11 @@ void make_teams(const fs::path& folder) {
   write_bytes(folder / "two-teams-play", '\1' + folded(two, team_slot));
   write_bytes(folder / "two-teams-dump", '\2' + folded(two, team_slot));
   write_bytes(folder / "team-cut-short", '\0' + folded(two.substr(0, two.size() - team_slot / 2 - 400), team_slot));
+  slot_file odd(two, team_slot, {});
+  team_rec numberless = read_team(2);
+  for (player_rec& man : numberless.squad) man.bowl_sr = man.econ = std::nanf("");
+  odd.put(2, encoded(numberless), {});
+  write_bytes(folder / "no-numbers-play", '\1' + folded(odd.bytes(), team_slot));
   write_bytes(folder / "no-team", '\0' + folded(first_records(teams, team_slot, 0), team_slot));
   write_bytes(folder / "more-teams-than-records", '\0' + folded("\x14" + two.substr(1), team_slot));
   team_rec small;
