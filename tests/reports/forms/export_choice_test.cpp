@@ -12,6 +12,7 @@
 #include "reports/forms/scorecard_window.h"
 #include "support/failing_disk.h"
 #include "windows/robot.h"
+#include "windows/window_checks.h"
 
 namespace velorin::testing {
 namespace {
@@ -131,6 +132,7 @@ TEST_F(ExportChoiceTest, AFileThatIsWrittenEndsTheNoteOfAFailure) {
     window.choose_files_with(naming(folder.filePath(name)));
     press(window, "Command8");
     EXPECT_EQ(note->isVisible(), std::string_view(name) == "missing/a.txt") << name;
+    if (note->isVisible()) take_picture(window, "scorecard_not_saved");
   }
 }
 
