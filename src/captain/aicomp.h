@@ -27,7 +27,8 @@ toss_outcome decide_toss();
 void choose_next_batsman();
 
 /// Builds bowler_pool from bowling_xi, best first, and sets bowler and next_bowler. Draws, after reseeding, the offset
-/// of the innings, -10 to 10.
+/// of the innings, -10 to 10. Raises run_time_error for an economy rate that is no number (type) or beyond a figure
+/// (overflow).
 void choose_opening_bowlers();
 
 /// Sets batsman_aggression of both batsmen. Requires striker, non_striker and bowler; reads the score, the cards, in a

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/output_files.h"
 
+#include <sys/stat.h>
+
 #include <array>
+#include <optional>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -20,41 +22,62 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool are_one(const fs::path& one, const fs::path& other) {
-  std::error_code missing;
-  if (fs::equivalent(one, other, missing)) return true;
-  return one.filename() == other.filename() && fs::equivalent(folder_of(one), folder_of(other), missing);
-}
+/// What tells a file from others, by whatever name it is called.
+using identity = std::pair<dev_t, ino_t>;
 
-/// A terminal, a pipe and the like take what several write.
-bool is_shared(const fs::path& file) {
-  std::error_code missing;
-  const fs::file_status status = fs::status(file, missing);
-  return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
-}
+/// A file that the run reads or writes, which need not be there.
+class used_file {
+ public:
+  used_file(std::string use, const fs::path& file) : use_(std::move(use)) {
+    struct stat facts {};
+    if (::stat(file.c_str(), &facts) == 0) {
+      itself_ = identity(facts.st_dev, facts.st_ino);
+      // A terminal, a pipe and the like take what several write.
+      shared_ = !S_ISREG(facts.st_mode) && !S_ISDIR(facts.st_mode);
+      return;
+    }
+    const fs::path real = real_file(file);
+    name_ = real.filename();
+    if (::stat(folder_of(real).c_str(), &facts) == 0) folder_ = identity(facts.st_dev, facts.st_ino);
+  }
+
+  const std::string& use() const { return use_; }
+  bool is(const used_file& other) const {
+    if (itself_ || other.itself_) return itself_ == other.itself_ && !shared_;
+    return folder_ && folder_ == other.folder_ && name_ == other.name_;
+  }
+
+ private:
+  std::string use_;
+  std::optional<identity> itself_;
+  bool shared_ = false;
+  fs::path name_;  ///< where it would be made
+  std::optional<identity> folder_;
+};
 
 }  // namespace
 
 void require_outputs_apart(const match_options& options, const fs::path& draws) {
-  std::vector<std::pair<std::string, fs::path>> named = {{"the teams", files.team},
-                                                         {"the grounds", files.grd},
-                                                         {"the careers", files.rec},
-                                                         {"the records", files.ptr},
-                                                         {"the settings", files.folder / "options.mc"}};
-  if (!draws.empty()) named.emplace_back("--draws", draws);
   const std::array<std::pair<const char*, std::string>, 4> outputs = {
-      {{"--json", options.json == "-" ? std::string() : options.json},
+      {{"--json", options.json == "-" ? "/proc/self/fd/1" : options.json},
        {"--html", options.html},
        {"--text", options.text},
        {"--ball-by-ball", options.ball_by_ball}}};
+  std::vector<used_file> used = {{"the teams", files.team},
+                                 {"the grounds", files.grd},
+                                 {"the careers", files.rec},
+                                 {"the records", files.ptr},
+                                 {"the settings", files.folder / "options.mc"}};
+  if (!draws.empty()) used.emplace_back("--draws", draws);
   for (const auto& [option, file] : outputs) {
-    if (file.empty() || is_shared(file)) continue;
-    for (const auto& [other, taken] : named) {
-      if (!are_one(file, taken)) continue;
-      throw run_time_error(failure::file, fmt::format("{} names the file of {}", option, other),
+    if (file.empty()) continue;
+    used_file output(option, file);
+    for (const used_file& other : used) {
+      if (!output.is(other)) continue;
+      throw run_time_error(failure::file, fmt::format("{} names the file of {}", option, other.use()),
                            {.file = file_name_text(file), .record = 0, .field = {}, .player = {}});
     }
-    named.emplace_back(option, file);
+    used.push_back(std::move(output));
   }
 }
 

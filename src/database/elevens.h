@@ -13,7 +13,8 @@ enum class side { first, second };
 void write_eleven(side which, const eleven& men);
 
 /// Reads both elevens into match.batting_xi (first) and match.bowling_xi (second). A missing or short file leaves
-/// empty records.
+/// empty records. Raises run_time_error: a record that is no man (type), a file or its folder that cannot be opened,
+/// read or locked (file).
 void read_elevens();
 
 /// Exchanges the two elevens by renaming the files, the second by way of dummy.txt. Raises run_time_error (file): both

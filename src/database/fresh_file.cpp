@@ -38,13 +38,11 @@ int open_new(std::string& name) {
   return number;
 }
 
-/// The number of standard output or standard error, if it is the file of this name; else -1.
-int standard_stream(const fs::path& file) {
-  struct stat named {};
-  if (::stat(file.c_str(), &named) != 0) return -1;
+/// The number of standard output or standard error, if it goes to this file; else -1.
+int standard_stream(const struct stat& file) {
   for (const int number : {STDOUT_FILENO, STDERR_FILENO}) {
     struct stat open {};
-    if (::fstat(number, &open) == 0 && open.st_dev == named.st_dev && open.st_ino == named.st_ino) return number;
+    if (::fstat(number, &open) == 0 && open.st_dev == file.st_dev && open.st_ino == file.st_ino) return number;
   }
   return -1;
 }
@@ -54,19 +52,21 @@ bool takes_none(int cause) { return cause == EACCES || cause == EPERM || cause =
 
 }  // namespace
 
-fresh_file::fresh_file(const fs::path& target) : named_(target), target_(real_file(target)) {
+fresh_file::fresh_file(const fs::path& target) : named_(target), target_(target) {
   struct stat old {};
-  const bool exists = ::stat(target_.c_str(), &old) == 0;
+  const bool exists = ::stat(named_.c_str(), &old) == 0;
   if (!exists && errno != ENOENT) refuse(errno);
+  // A name of the system for an open file, such as that of a pipe, may be a link that leads nowhere.
   if (exists && !S_ISREG(old.st_mode)) {
     open_straight();
     return;
   }
-  if (const int stream = standard_stream(named_); stream >= 0) {
+  if (const int stream = exists ? standard_stream(old) : -1; stream >= 0) {
     file_.take(::fcntl(stream, F_DUPFD_CLOEXEC, 0));
     if (!file_.open()) refuse(errno);
     return;
   }
+  target_ = real_file(named_);
   if (exists && !may_be_written(target_)) refuse(errno);
   if (!open_beside()) {
     if (!exists || !takes_none(errno)) refuse(errno);

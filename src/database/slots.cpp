@@ -147,7 +147,7 @@ int slot_file::count(const char* field) const {
 
 void slot_file::raise_beyond(int limit, int all, const char* field) const {
   throw run_time_error(failure::subscript, fmt::format("Subscript out of range: a count of {}, at most {}", all, limit),
-                       {.file = name_, .record = 1, .field = field, .player = {}});
+                       {.file = name_, .record = limit + 2, .field = field, .player = {}});
 }
 
 void slot_file::raise_fault(long record, const slot_reader& fields) const {

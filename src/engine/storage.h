@@ -6,6 +6,7 @@
 namespace velorin {
 
 /// Reads the two elevens of the selection into batting_xi and bowling_xi. A missing or short file leaves empty records.
+/// Raises what read_elevens raises.
 void load_elevens();
 
 /// Credits the runs off the bat of ball_outcome 0 to 6; does nothing for 7 to 11. Requires that the batsmen have

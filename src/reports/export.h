@@ -22,8 +22,8 @@ std::string html_scorecard(const scorecard& card);
 std::string text_scorecard(const scorecard& card);
 std::string ball_by_ball(const scorecard& card);
 
-/// Writes the file `path` whole, in place of what was there; what is no plain file, such as a terminal, is written to
-/// straight. Raises run_time_error, for the file as fresh_file does: an old file stays as it was then.
+/// Writes the file `path` whole, in place of what was there, as fresh_file does. Raises run_time_error as it does: an
+/// old file stays as it was then, unless it had to be written to straight.
 void write_export(const scorecard& card, export_kind kind, const std::filesystem::path& path);
 /// The same from a card opened just now.
 void write_export(export_kind kind, const std::filesystem::path& path);

@@ -39,11 +39,11 @@ void take_ground(const std::string& name) {
   }
 }
 
-/// Refuses a rating that is no number: nothing can be reckoned with it.
+/// Refuses a man with a rating that is no number: nothing can be reckoned with it.
 void require_ratings(const squad& men, int record) {
   for (int place = 1; place <= 20; ++place) {
     const player_rec& man = men[place];
-    if (std::isfinite(man.bowl_sr) && std::isfinite(man.econ)) continue;
+    if (man.name.empty() || (std::isfinite(man.bowl_sr) && std::isfinite(man.econ))) continue;
     const char* field = std::isfinite(man.bowl_sr) ? "econ" : "bowl_sr";
     throw run_time_error(failure::type, "Type mismatch: a rating that is no number",
                          {.file = file_name_text(files.team),

@@ -45,7 +45,8 @@ struct teamfrm {
 
   /// "OK": conditions, both selections, toss and match, one within the other. Returns when the match is over. Requires
   /// both teams chosen. Changes the match; draws and asks what each step does. Raises run_time_error: no team chosen or
-  /// the twentieth team (subscript), and whatever a step raises; the form is visible again then.
+  /// the twentieth team (subscript), a rating that is no number (type), and whatever a step raises; the form is visible
+  /// again then.
   void command1_click();
   /// "Cancel".
   void command2_click() { visible = false; }

@@ -135,6 +135,16 @@ TEST_F(CliLimits, ARatingThatIsNoNumber) {
   }
 }
 
+TEST_F(CliLimits, ARatingInAFreePlaceOfTheSquadIsNone) {
+  slot_file team = slot_file::read(files.team, team_slot);
+  team_rec side = read_team(3);
+  side.squad[20] = player_rec();
+  side.squad[20].econ = std::numeric_limits<float>::quiet_NaN();
+  team.put(3, encoded(side), {});
+  write_bytes(files.team, team.bytes());
+  play_a_match();
+}
+
 TEST_F(CliLimits, AnElevensRecord) {
   slot_file team = slot_file::read(files.team, team_slot);
   team_rec side = read_team(3);
@@ -157,7 +167,7 @@ TEST_F(CliLimits, ATwentyFirstTeamOfTheDatabase) {
   team.put(1, encoded_field(integer(21)), {});
   write_bytes(files.team, team.bytes());
   EXPECT_THAT(refusal(), ::testing::EndsWith("Subscript out of range: a count of 21, at most 20 (file small.team, "
-                                             "record 1, field team_count)"));
+                                             "record 22, field team_count)"));
 }
 
 /// Finds, at the second ball of a match, the draw that makes the third one that does not count.

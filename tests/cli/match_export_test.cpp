@@ -2,6 +2,7 @@
 #include "cli/cli_test.h"
 #include "cli/export_model.h"
 #include "model/code_page.h"
+#include "support/redirected_output.h"
 
 namespace velorin::testing {
 namespace {
@@ -98,8 +99,21 @@ TEST_F(MatchExports, TwoOutputsToOneFileAreRefused) {
                   HasSubstr(std::string(options[second]) + " names the file of " + options[first] + " (file one)"));
     }
   }
+  std::filesystem::create_symlink("one", file("link"));
+  EXPECT_THAT(error(1, {"match", "--html", one, "--text", file("link")}),
+              HasSubstr("--text names the file of --html (file link)"));
   EXPECT_FALSE(std::filesystem::exists(one));
   EXPECT_EQ(run({"match", "--json", "/dev/null", "--html", "/dev/null"}).status, 0);
+}
+
+TEST_F(MatchExports, TheFileOfStandardOutputIsNotThatOfAnExportToo) {
+  std::string told;
+  {
+    const redirected_output redirected(file("out"));
+    told = error(1, {"match", "--json", "-", "--html", file("out")});
+  }
+  EXPECT_THAT(told, HasSubstr("--html names the file of --json (file out)"));
+  EXPECT_EQ(file_bytes(file("out")), "");
 }
 
 TEST_F(MatchExports, AFileOfTheDatabaseIsNoOutput) {

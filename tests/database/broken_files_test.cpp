@@ -26,7 +26,7 @@ const std::filesystem::path broken = std::filesystem::path(VELORIN_TEST_DATA) / 
 const std::map<std::string, std::string> errors = {
     {"BrokenCountBelowZero.team", "Type mismatch: a count of -1 (file base.team, record 1, field team_count)"},
     {"BrokenCountBeyondTwenty.team",
-     "Subscript out of range: a count of 21, at most 20 (file base.team, record 1, field team_count)"},
+     "Subscript out of range: a count of 21, at most 20 (file base.team, record 22, field team_count)"},
     {"BrokenEndBeforeLastTeam.team",
      "The file is cut short: it has not all of its 2 records (file base.team, record 3)"},
     {"BrokenEndWithinTeam.team",

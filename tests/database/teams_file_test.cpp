@@ -84,7 +84,7 @@ TEST_F(TeamsFile, ATwentyFirstTeamIsASubscriptError) {
   write_teams(teams);
   const auto error = error_of([] { read_team_list(); });
   EXPECT_EQ(error.kind(), failure::subscript);
-  EXPECT_THAT(error.what(), HasSubstr("a count of 21, at most 20 (file base.team, record 1"));
+  EXPECT_THAT(error.what(), HasSubstr("a count of 21, at most 20 (file base.team, record 22"));
 }
 
 TEST_F(TeamsFile, ACountBelowZeroIsATypeMismatch) {

@@ -37,6 +37,7 @@ class Reset : public match_test {
     match.selected[0][11].name = "H.Chosen";
     match.selected[1][1].name = "A.Chosen";
     match.first_team_done = true;
+    match.elevens_exchanged = true;
     for (auto* list : {&match.fifty_list, &match.hundred_list, &match.five_wicket_list}) {
       (*list)[1] = "first";
       (*list)[22] = "last";
@@ -159,6 +160,7 @@ TEST_F(Reset, ConditionsAndSetUp) {
     for (const player_rec& man : men) EXPECT_EQ(man.name, "");
   }
   EXPECT_FALSE(match.first_team_done);
+  EXPECT_FALSE(match.elevens_exchanged);
 }
 
 TEST_F(Reset, LeavesTheResultTheCaptionsAndTheSignal) {

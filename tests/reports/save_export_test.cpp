@@ -2,7 +2,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -11,32 +10,14 @@
 #include "reports/export.h"
 #include "reports/match_scenes.h"
 #include "support/failing_disk.h"
+#include "support/redirected_output.h"
 
 namespace velorin {
 namespace {
 
 namespace fs = std::filesystem;
 using testing::other_user;
-
-/// Standard output goes on at the end of a file while this lives.
-class redirected_output {
- public:
-  explicit redirected_output(const fs::path& path) {
-    std::fflush(stdout);
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-    ::dup2(file, STDOUT_FILENO);
-    ::close(file);
-  }
-  ~redirected_output() {
-    ::dup2(before_, STDOUT_FILENO);
-    ::close(before_);
-  }
-  redirected_output(const redirected_output&) = delete;
-  redirected_output& operator=(const redirected_output&) = delete;
-
- private:
-  int before_ = ::dup(STDOUT_FILENO);
-};
+using testing::redirected_output;
 
 class save_export_test : public reports_test {
  protected:
@@ -157,6 +138,20 @@ TEST_F(save_export_test, leaves_the_link_of_standard_output_alone) {
   EXPECT_TRUE(fs::is_symlink(standard_output));
 }
 
+TEST_F(save_export_test, goes_straight_to_a_pipe_by_the_name_of_its_descriptor) {
+  int pipe[2];
+  ASSERT_EQ(::pipe2(pipe, O_CLOEXEC), 0);
+  ASSERT_EQ(::fcntl(pipe[1], F_SETPIPE_SZ, 1 << 20), 1 << 20);
+  write_export(card, export_kind::text, "/proc/self/fd/" + std::to_string(pipe[1]));
+  ::close(pipe[1]);
+  std::string got(100'000, ' ');
+  const ssize_t size = ::read(pipe[0], got.data(), got.size());
+  ::close(pipe[0]);
+  ASSERT_GE(size, 0);
+  got.resize(static_cast<std::size_t>(size));
+  EXPECT_EQ(got, text_scorecard(card));
+}
+
 TEST_F(save_export_test, leaves_a_protected_file_alone) {
   const fs::path path = folder / "a.txt";
   std::ofstream(path) << "old";
@@ -164,6 +159,7 @@ TEST_F(save_export_test, leaves_a_protected_file_alone) {
   fs::permissions(folder, fs::perms::all);
   {
     const other_user somebody;
+    if (!somebody.holds()) GTEST_SKIP() << "the superuser keeps his rights";
     EXPECT_EQ(error_of(path), "The file cannot be written: Permission denied (file " + path.string() + ")");
   }
   EXPECT_EQ(content(path), "old");

@@ -170,10 +170,12 @@ TEST_F(TeamselOk, OfTheSecondTeamClearsTheMarkAndGoesOnToTheToss) {
   match.ground.start_time = 1030;
   match.weather = match.outfield = match.ground.pitch_bounce = match.ground.pitch_surface = 3;
   user.on_console = [](main_console&) { match.console_open = false; };
+  match.elevens_exchanged = true;  // by the toss of a match that broke off
   form_.open("Home", men_);
   tick(form_, 1, 11);
   form_.ok_click();
   ASSERT_TRUE(match.first_team_done);
+  EXPECT_FALSE(match.elevens_exchanged);
   EXPECT_THAT(user.requests, IsEmpty());
   teamsel second;
   second.open("Away", men_);

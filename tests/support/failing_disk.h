@@ -38,12 +38,17 @@ class small_disk {
 class other_user {
  public:
   other_user() {
-    constexpr uid_t nobody = 65534;
     if (::geteuid() == 0) ::setfsuid(nobody);
   }
   ~other_user() { ::setfsuid(::geteuid()); }
   other_user(const other_user&) = delete;
   other_user& operator=(const other_user&) = delete;
+
+  /// False where the system does not let the superuser do without his rights.
+  static bool holds() { return ::geteuid() != 0 || ::setfsuid(static_cast<uid_t>(-1)) == static_cast<int>(nobody); }
+
+ private:
+  static constexpr uid_t nobody = 65534;
 };
 
 /// A folder that takes no new file while this lives, from the superuser neither.

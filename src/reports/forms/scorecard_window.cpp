@@ -69,6 +69,7 @@ ScorecardWindow::ScorecardWindow(const scorecard& form, QWidget* parent)
   not_saved_ = new_named_label(QStringLiteral("not_saved"), {}, TextRole::red);
   not_saved_->setWordWrap(true);
   not_saved_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  not_saved_->setFocusPolicy(Qt::NoFocus);  // a click on it leaves the keyboard with the buttons
   not_saved_->hide();
   column_->addWidget(not_saved_);
   add_exports();
