@@ -29,6 +29,15 @@ std::optional<struct stat> status_of(const std::filesystem::path& file) {
   return std::nullopt;
 }
 
+/// True if there is such a file and it was filled, or put there, after the other. An empty one may have been created by
+/// a reader. Raises run_time_error (file).
+bool changed_after(const std::filesystem::path& file, const std::filesystem::path& other) {
+  const std::optional<struct stat> one = status_of(file);
+  const std::optional<struct stat> two = status_of(other);
+  const auto time = [](const struct stat& facts) { return std::pair(facts.st_ctim.tv_sec, facts.st_ctim.tv_nsec); };
+  return one && two && one->st_size > 0 && time(*one) > time(*two);
+}
+
 }  // namespace
 
 occupant occupant_of(const std::filesystem::path& name) {
@@ -107,9 +116,14 @@ void staged_files::settle() {
   const auto is_beside = [](const staged_file& file) { return occupant_of(file.beside) == occupant::plain_file; };
   const bool cut_off = !is_beside(files_.front()) && std::any_of(files_.begin() + 1, files_.end(), is_beside);
   if (!cut_off) remove_beside();
+  const bool first_is_there = status_of(files_.front().target).has_value();
   for (const staged_file& file : files_) {
-    if (!cut_off || !is_beside(file) || rename_file(file.beside, file.target)) continue;
-    raise_file_error("The file cannot be replaced", errno, file.target);
+    if (!cut_off || !is_beside(file)) continue;
+    if (!first_is_there || changed_after(file.target, file.beside)) {
+      ::unlink(file.beside.c_str());
+    } else if (!rename_file(file.beside, file.target)) {
+      raise_file_error("The file cannot be replaced", errno, file.target);
+    }
   }
 }
 

@@ -14,7 +14,10 @@
 // Files that belong together are all written before the first is renamed, the first to "<name>.new" and the others to
 // "<name>.next". The files beside are made from the first to the last, removed from the last to the first and renamed
 // from the first to the last. So a "<name>.next" without the first file's "<name>.new" is a whole new content whose
-// renaming was cut off, and the next replacement of these files begins with finishing it.
+// renaming was cut off, and the next replacement of these files begins with finishing it. Where the first file is
+// missing then, or the file to be replaced has changed since, someone has put other files in place, a backup perhaps,
+// and the
+// "<name>.next" is taken away instead.
 
 namespace velorin {
 

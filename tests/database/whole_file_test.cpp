@@ -28,7 +28,21 @@ using testing::names_in;
 using testing::small_disk;
 using testing::write_bytes;
 
-class WholeFile : public testing::database_fixture {};
+class WholeFile : public testing::database_fixture {
+ protected:
+  /// Until files are marked with a later time than those written so far.
+  void wait_for_another_time_of_change() const {
+    const auto changed = [this] {
+      write_bytes(folder / "clock", "x");
+      struct stat facts {};
+      EXPECT_EQ(::stat((folder / "clock").c_str(), &facts), 0);
+      return std::pair(facts.st_ctim.tv_sec, facts.st_ctim.tv_nsec);
+    };
+    const auto before = changed();
+    while (changed() == before) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    std::filesystem::remove(folder / "clock");
+  }
+};
 
 TEST_F(WholeFile, ReplacesTheContent) {
   replace_file(folder / "f", "one");
@@ -156,6 +170,25 @@ TEST_F(WholeFile, ARenamingThatWasCutOffIsFinished) {
   EXPECT_THAT(names_in(folder), ElementsAre("f", "g", "h"));
   EXPECT_EQ(bytes_of(folder / "g"), "two");
   EXPECT_EQ(bytes_of(folder / "h"), "two");
+}
+
+TEST_F(WholeFile, ABackupPutInPlaceBehindACutOffRenamingStays) {
+  write_bytes(folder / "g.next", "two");
+  write_bytes(folder / "h.next", "two");
+  wait_for_another_time_of_change();
+  write_bytes(folder / "f", "backup");
+  write_bytes(folder / "g", "backup");
+  create_if_missing(folder / "h");  // by a reader; it holds nothing
+  const staged_files staged({folder / "f", folder / "g", folder / "h"});
+  EXPECT_THAT(names_in(folder), ElementsAre("f", "g", "h"));
+  EXPECT_EQ(bytes_of(folder / "g"), "backup");
+  EXPECT_EQ(bytes_of(folder / "h"), "two");
+}
+
+TEST_F(WholeFile, ACutOffRenamingIsNotFinishedWithoutTheFirstFile) {
+  write_bytes(folder / "g.next", "two");
+  const staged_files staged({folder / "f", folder / "g"});
+  EXPECT_TRUE(names_in(folder).empty());
 }
 
 // Else the rest of it would look like a whole content whose renaming was cut off.
