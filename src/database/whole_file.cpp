@@ -116,10 +116,9 @@ void staged_files::settle() {
   const auto is_beside = [](const staged_file& file) { return occupant_of(file.beside) == occupant::plain_file; };
   const bool cut_off = !is_beside(files_.front()) && std::any_of(files_.begin() + 1, files_.end(), is_beside);
   if (!cut_off) remove_beside();
-  const bool first_is_there = status_of(files_.front().target).has_value();
   for (const staged_file& file : files_) {
     if (!cut_off || !is_beside(file)) continue;
-    if (!first_is_there || changed_after(file.target, file.beside)) {
+    if (!status_of(files_.front().target) || changed_after(file.target, file.beside)) {
       ::unlink(file.beside.c_str());
     } else if (!rename_file(file.beside, file.target)) {
       raise_file_error("The file cannot be replaced", errno, file.target);
