@@ -16,8 +16,7 @@
 // from the first to the last. So a "<name>.next" without the first file's "<name>.new" is a whole new content whose
 // renaming was cut off, and the next replacement of these files begins with finishing it. Where the first file is
 // missing then, or the file to be replaced has changed since, someone has put other files in place, a backup perhaps,
-// and the
-// "<name>.next" is taken away instead.
+// and the "<name>.next" is taken away instead.
 
 namespace velorin {
 
