@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -77,6 +78,10 @@ void require(bool kept, std::string_view promise, std::string_view shown) {
 void require_named(const run_time_error& error, std::string_view file) {
   const std::string text = error.what();
   require(text.find(file) != std::string::npos, "an error names the file", text);
+  const auto ends_line = [](char c) { return static_cast<unsigned char>(c) < ' '; };
+  require(std::none_of(text.begin(), text.end(), ends_line), "an error is one line", text);
+  // A file that cannot be read is named as a whole.
+  require(error.kind() == failure::file || !error.place().field.empty(), "an error names the field", text);
 }
 
 void require_bytes(const std::filesystem::path& file, std::string_view bytes) {

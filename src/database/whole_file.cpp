@@ -11,7 +11,6 @@
 #include <cerrno>
 #include <set>
 #include <system_error>
-#include <utility>
 
 #include "database/file_calls.h"
 #include "model/code_page.h"
@@ -29,13 +28,8 @@ std::optional<struct stat> status_of(const std::filesystem::path& file) {
   return std::nullopt;
 }
 
-/// True if there is such a file and it was filled, or put there, after the other. An empty one may have been created by
-/// a reader. Raises run_time_error (file).
-bool changed_after(const std::filesystem::path& file, const std::filesystem::path& other) {
-  const std::optional<struct stat> one = status_of(file);
-  const std::optional<struct stat> two = status_of(other);
-  const auto time = [](const struct stat& facts) { return std::pair(facts.st_ctim.tv_sec, facts.st_ctim.tv_nsec); };
-  return one && two && one->st_size > 0 && time(*one) > time(*two);
+bool same_time(const timespec& one, const timespec& other) {
+  return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
 }
 
 }  // namespace
@@ -115,10 +109,12 @@ staged_files::~staged_files() {
 void staged_files::settle() {
   const auto is_beside = [](const staged_file& file) { return occupant_of(file.beside) == occupant::plain_file; };
   const bool cut_off = !is_beside(files_.front()) && std::any_of(files_.begin() + 1, files_.end(), is_beside);
-  if (!cut_off) remove_beside();
+  if (!cut_off) return remove_beside();
+  const std::optional<struct stat> first = status_of(files_.front().target);
   for (const staged_file& file : files_) {
-    if (!cut_off || !is_beside(file)) continue;
-    if (!status_of(files_.front().target) || changed_after(file.target, file.beside)) {
+    const std::optional<struct stat> rest = status_of(file.beside);
+    if (!rest || !S_ISREG(rest->st_mode)) continue;
+    if (!first || !same_time(first->st_mtim, rest->st_mtim)) {
       ::unlink(file.beside.c_str());
     } else if (!rename_file(file.beside, file.target)) {
       raise_file_error("The file cannot be replaced", errno, file.target);
@@ -144,9 +140,22 @@ void staged_files::write(std::string_view content) {
   int cause = 0;
   if (old && ::fchmod(opened.number(), old->st_mode & 07777) != 0) cause = errno;
   if (cause == 0 && !write_all(opened.number(), content)) cause = errno;
+  if (cause == 0 && !mark(opened.number())) cause = errno;
   if (cause == 0 && !synchronise_file(opened.number())) cause = errno;
   if (!opened.close() && cause == 0) cause = errno;
   if (cause != 0) raise_file_error("The file cannot be written", cause, file.target);
+}
+
+bool staged_files::mark(int number) {
+  if (written_ > 1) {
+    const timespec times[] = {{0, UTIME_OMIT}, time_};
+    return ::futimens(number, times) == 0;
+  }
+  struct stat facts {};
+  if (files_.size() == 1) return true;
+  if (::fstat(number, &facts) != 0) return false;
+  time_ = facts.st_mtim;
+  return true;
 }
 
 void staged_files::put_in_place() {

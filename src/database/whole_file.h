@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <ctime>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -13,10 +14,10 @@
 //
 // Files that belong together are all written before the first is renamed, the first to "<name>.new" and the others to
 // "<name>.next". The files beside are made from the first to the last, removed from the last to the first and renamed
-// from the first to the last. So a "<name>.next" without the first file's "<name>.new" is a whole new content whose
-// renaming was cut off, and the next replacement of these files begins with finishing it. Where the first file is
-// missing then, or the file to be replaced has changed since, someone has put other files in place, a backup perhaps,
-// and the "<name>.next" is taken away instead.
+// from the first to the last. All have the time of writing of the first. So a "<name>.next" without the first file's
+// "<name>.new" and as old as the first file is a whole new content whose renaming was cut off, and the next replacement
+// of these files begins with finishing it. Where the times differ, or the first file is missing, someone has put another
+// file there, a backup perhaps, and the "<name>.next" is taken away instead.
 
 namespace velorin {
 
@@ -76,9 +77,12 @@ class staged_files {
 
   void settle();
   void remove_beside() const;
+  /// Keeps the time of writing of the first file, and gives it to the others; false leaves the cause in errno.
+  bool mark(int number);
 
   std::vector<staged_file> files_;
   std::size_t written_ = 0;
+  timespec time_{};  ///< of writing, of all files
   bool begun_ = false;
 };
 

@@ -193,15 +193,21 @@ void add_record_tables(const std::filesystem::path& path, std::vector<dumped_tab
   tables.push_back(std::move(teams));
 }
 
-}  // namespace
-
-void dump_database(const database_files& database, const std::filesystem::path& folder) {
+/// All tables, of one state of the database.
+std::vector<dumped_table> tables_of(const database_files& database) {
+  const folder_lock turn(database.rec);
   std::vector<dumped_table> tables;
   tables.push_back(players_table(database.team));
   tables.push_back(grounds_table(database.grd));
   tables.push_back(careers_table(database.rec));
   add_record_tables(database.ptr, tables);
+  return tables;
+}
 
+}  // namespace
+
+void dump_database(const database_files& database, const std::filesystem::path& folder) {
+  const std::vector<dumped_table> tables = tables_of(database);
   made_folders made(folder);
   const folder_lock turn(folder / "players.csv");
   std::vector<std::filesystem::path> targets;

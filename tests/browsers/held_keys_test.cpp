@@ -110,7 +110,7 @@ TEST_F(HeldKeys, EachOpeningStartsFromNothingHeld) {
   }
 }
 
-// Random tables against the description written out step by step.
+// Random tables against the same search written out step by step.
 
 class RandomTables : public HeldKeys {
  protected:

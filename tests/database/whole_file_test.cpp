@@ -30,17 +30,13 @@ using testing::write_bytes;
 
 class WholeFile : public testing::database_fixture {
  protected:
-  /// Until files are marked with a later time than those written so far.
-  void wait_for_another_time_of_change() const {
-    const auto changed = [this] {
-      write_bytes(folder / "clock", "x");
-      struct stat facts {};
-      EXPECT_EQ(::stat((folder / "clock").c_str(), &facts), 0);
-      return std::pair(facts.st_ctim.tv_sec, facts.st_ctim.tv_nsec);
-    };
-    const auto before = changed();
-    while (changed() == before) std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    std::filesystem::remove(folder / "clock");
+  /// Gives a file the time of writing of another.
+  void age_as(const std::filesystem::path& file, const std::filesystem::path& other) const {
+    std::filesystem::last_write_time(file, std::filesystem::last_write_time(other));
+  }
+  /// Gives a file another time of writing, some hours off.
+  void age(const std::filesystem::path& file, int hours) const {
+    std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) + std::chrono::hours(hours));
   }
 };
 
@@ -161,28 +157,45 @@ TEST_F(WholeFile, FilesWhoseRenamingHadNotBegunStayOld) {
   EXPECT_EQ(bytes_of(folder / "f"), "one");
 }
 
+TEST_F(WholeFile, FilesThatBelongTogetherAreOfOneTime) {
+  staged_files staged({folder / "f", folder / "g", folder / "h"});
+  staged.write("one");
+  const auto first = std::filesystem::last_write_time(folder / "f.new");
+  for (const char* name : {"g", "h"}) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));  // longer than the system's clock takes for a step
+    staged.write("one");
+    EXPECT_EQ(std::filesystem::last_write_time(folder / (std::string(name) + ".next")), first);
+  }
+}
+
 TEST_F(WholeFile, ARenamingThatWasCutOffIsFinished) {
-  write_bytes(folder / "f", "two");
+  for (const char* name : {"f", "g.next", "h.next"}) {
+    write_bytes(folder / name, "two");
+    age_as(folder / name, folder / "f");
+  }
   write_bytes(folder / "g", "one");
-  write_bytes(folder / "g.next", "two");
-  write_bytes(folder / "h.next", "two");
+  age(folder / "g", 1);  // by whatever clock
+  ASSERT_EQ(::chmod((folder / "g").c_str(), 0640), 0);
   const staged_files staged({folder / "f", folder / "g", folder / "h"});
   EXPECT_THAT(names_in(folder), ElementsAre("f", "g", "h"));
   EXPECT_EQ(bytes_of(folder / "g"), "two");
   EXPECT_EQ(bytes_of(folder / "h"), "two");
 }
 
+// Put there by whatever means: as old as it was, or as of now.
 TEST_F(WholeFile, ABackupPutInPlaceBehindACutOffRenamingStays) {
-  write_bytes(folder / "g.next", "two");
-  write_bytes(folder / "h.next", "two");
-  wait_for_another_time_of_change();
-  write_bytes(folder / "f", "backup");
-  write_bytes(folder / "g", "backup");
-  create_if_missing(folder / "h");  // by a reader; it holds nothing
-  const staged_files staged({folder / "f", folder / "g", folder / "h"});
-  EXPECT_THAT(names_in(folder), ElementsAre("f", "g", "h"));
-  EXPECT_EQ(bytes_of(folder / "g"), "backup");
-  EXPECT_EQ(bytes_of(folder / "h"), "two");
+  for (const int hours : {-1, 1}) {
+    for (const char* name : {"f", "g"}) write_bytes(folder / name, "backup");
+    for (const char* name : {"g.next", "h.next"}) {
+      write_bytes(folder / name, "two");
+      age_as(folder / name, folder / "f");
+    }
+    age(folder / "f", hours);
+    const staged_files staged({folder / "f", folder / "g", folder / "h"});
+    EXPECT_THAT(names_in(folder), ElementsAre("f", "g"));
+    EXPECT_EQ(bytes_of(folder / "f"), "backup");
+    EXPECT_EQ(bytes_of(folder / "g"), "backup");
+  }
 }
 
 TEST_F(WholeFile, ACutOffRenamingIsNotFinishedWithoutTheFirstFile) {
@@ -327,6 +340,7 @@ TEST_F(WholeFile, AnUpdateOfOneFileBeginsWithTheEndOfOneOfBoth) {
   const auto cut_off = [&] {
     write_bytes(files.ptr, records[0]);
     write_bytes(folder / "base.ptr.next", records[1]);
+    age_as(folder / "base.ptr.next", files.rec);
   };
   cut_off();
   update_career();

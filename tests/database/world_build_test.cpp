@@ -131,6 +131,18 @@ TEST_F(WorldBuild, A21stPlayerIsRefused) {
   EXPECT_STREQ(error.what(), "Line 22: more than 20 players of Alba (file players.csv, field name, at \"P21\")");
 }
 
+TEST_F(WorldBuild, AsManyGroundsAsTheCountHoldsAreBuilt) {
+  std::vector<std::string> rows(32'767, park);
+  build({halden}, rows);
+  EXPECT_EQ(read_grounds().size(), 32'767U);
+  std::filesystem::remove(files.team);
+  std::filesystem::remove(files.grd);
+  rows.push_back(park);
+  const auto error = refusal({halden}, rows);
+  EXPECT_EQ(error.kind(), failure::subscript);
+  EXPECT_THAT(error.what(), StartsWith("Line 32769: more than 32767 grounds (file grounds.csv, field ground, at "));
+}
+
 TEST_F(WorldBuild, ATeamBeyondItsSlotIsRefused) {
   // 20 x 30 + 4 bytes are fixed; 20 names of 30, roles of 9 and types of 5 leave 16 of the 896 characters.
   std::vector<std::string> rows;

@@ -67,7 +67,7 @@ std::string stray_correlation(const std::string& what, const std::vector<double>
   return what + " correlate with the next by " + std::to_string(correlation) + "; ";
 }
 
-/// A million deliveries of the first worked figure, one right behind the other. What strays, or "".
+/// A million deliveries between even men, one right behind the other. What strays, or "".
 std::string strays_of_deliveries() {
   constexpr std::array<double, 12> windows = {476, 311, 75, 19, 62, 0, 7, 25, 8, 9, 5, 3};
   // The middle of each outcome's window on the scale, in its place.

@@ -81,7 +81,12 @@ constexpr known_call known_calls[] = {
     {SYS_mkdirat, "other", told_by::path_at, 1},
     {SYS_fchmodat, "other", told_by::path_at, 1},
     {SYS_truncate, "other", told_by::path, 0},
-    {SYS_utimensat, "other", told_by::path_at, 1}};
+    {SYS_openat2, "other", told_by::path_at, 1},
+    {SYS_mknodat, "other", told_by::path_at, 1},
+    {SYS_utimensat, "times", told_by::path_at, 1}};
+
+/// Any further call whose first argument is the descriptor of a file of the folder.
+constexpr known_call unknown_call = {0, "other", told_by::descriptor, 0};
 
 /// Keeps the calls on files of a folder, as the library notes them.
 class call_watch {
@@ -106,15 +111,14 @@ class call_watch {
     opening_ = false;
     const auto* known = std::find_if(std::begin(known_calls), std::end(known_calls),
                                      [&](const known_call& one) { return one.number == stop.number; });
-    if (known == std::end(known_calls)) return;
-    path_ = file_of(run, stop, *known);
+    const known_call& call = known == std::end(known_calls) ? unknown_call : *known;
+    path_ = file_of(run, stop, call);
     if (!below(path_)) return;
     // The C library looks at a folder within fdopendir(), whose failure is that of the opening.
-    const bool of_library = stop.number == SYS_newfstatat && known->by == told_by::path_at &&
-                            run.text_at(stop.words[1]).empty() && fs::is_directory(path_);
-    if (of_library) return;
-    calls.push_back(std::string(known->kind) + ' ' + path_);
-    opening_ = std::string(known->kind) == "open";
+    const bool looks_at_open_file = stop.number == SYS_newfstatat && run.text_at(stop.words[1]).empty();
+    if ((looks_at_open_file || stop.number == SYS_fcntl) && fs::is_directory(path_)) return;
+    calls.push_back(std::string(call.kind) + ' ' + path_);
+    opening_ = std::string(call.kind) == "open";
     if (stop.number == SYS_close) open_.erase(static_cast<int>(stop.words[0]));
   }
 
@@ -124,7 +128,8 @@ class call_watch {
       return found == open_.end() ? std::string() : found->second;
     };
     if (known.by == told_by::descriptor) return named(stop.words[known.place]);
-    const std::string path = run.text_at(stop.words[known.place]);
+    const std::uint64_t address = stop.words[known.place];
+    const std::string path = address == 0 ? std::string() : run.text_at(address);
     if (known.by == told_by::path || path.starts_with('/')) return path;
     const std::string folder = named(stop.words[known.place - 1]);
     return folder.empty() || path.empty() ? folder : folder + '/' + path;

@@ -6,7 +6,7 @@
 //                         it calls are only noted. `how` is the number of the error or, for read and write, "short":
 //                         half of the bytes. Lasting: from the n-th call on
 //   VELORIN_FAULT_NOTES   a file outside the folder; a line a call: its kind, its file, "!" where it was made to fail
-// Kinds: open read write sync rename close unlink lock stat mkdir chmod list. A rename is noted by the old name.
+// Kinds: open read write sync rename close unlink lock stat mkdir chmod times list. A rename is noted by the old name.
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -397,6 +397,12 @@ int fchmod(int descriptor, mode_t mode) noexcept {
   THE_REAL(fchmod);
   const counted_call call("chmod", watched(descriptor));
   return call.fails() ? -1 : real(descriptor, mode);
+}
+
+int futimens(int descriptor, const timespec times[2]) noexcept {
+  THE_REAL(futimens);
+  const counted_call call("times", watched(descriptor));
+  return call.fails() ? -1 : real(descriptor, times);
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {

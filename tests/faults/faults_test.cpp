@@ -35,11 +35,11 @@ constexpr failing all_failings[] = {
     {"sync", EINTR, false},   {"rename", EIO, false},  {"rename", ENOSPC, true}, {"rename", EINTR, false},
     {"close", EIO, false},    {"close", EINTR, false}, {"unlink", EIO, false},   {"unlink", EIO, true},
     {"lock", EINTR, false},   {"lock", ENOLCK, false}, {"stat", EIO, false},     {"stat", EIO, true},
-    {"mkdir", ENOSPC, false}, {"chmod", EIO, false},   {"list", EIO, false}};
+    {"mkdir", ENOSPC, false}, {"chmod", EIO, false},   {"times", EIO, false},  {"list", EIO, false}};
 
 /// Those that end a replacement, of which the clean-up may fail, too.
 constexpr failing all_endings[] = {{"write", EIO, false},  {"write", ENOSPC, true}, {"sync", EIO, false},
-                                   {"sync", EIO, true},    {"close", EIO, false},   {"chmod", EIO, false},
+                                   {"sync", EIO, true},    {"close", EIO, false},   {"chmod", EIO, false},  {"times", EIO, false},
                                    {"rename", EIO, false}, {"rename", ENOSPC, true}};
 
 /// No file can be taken away.
@@ -144,8 +144,9 @@ class Faults : public ::testing::TestWithParam<std::string> {
     EXPECT_NE(message.find(cause(how)), std::string::npos) << message << "does not tell of " << hits_.front();
     std::vector<std::string> names;
     for (const fs::path& file : hits_) names.push_back(named(file));
-    // A folder is called by the name of a file for which it is needed.
+    // A folder is called by the name of a file for which it is needed, to be read or written.
     if (is_folder(hits_.back())) {
+      for (const auto& [file, content] : what_.before) names.push_back(fs::path(file).filename().string());
       for (const std::string& file : what_.writes) names.push_back(fs::path(file).filename().string());
     }
     EXPECT_TRUE(std::any_of(names.begin(), names.end(),
