@@ -16,8 +16,8 @@
 // "<name>.next". The files beside are made from the first to the last, removed from the last to the first and renamed
 // from the first to the last. All have the time of writing of the first. So a "<name>.next" without the first file's
 // "<name>.new" and as old as the first file is a whole new content whose renaming was cut off, and the next replacement
-// of these files begins with finishing it. Where the times differ, or the first file is missing, someone has put another
-// file there, a backup perhaps, and the "<name>.next" is taken away instead.
+// of these files begins with finishing it. Where the times differ, or the first file is missing, someone has put
+// another file there, a backup perhaps, and the "<name>.next" is taken away instead.
 
 namespace velorin {
 

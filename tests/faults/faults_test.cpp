@@ -35,12 +35,12 @@ constexpr failing all_failings[] = {
     {"sync", EINTR, false},   {"rename", EIO, false},  {"rename", ENOSPC, true}, {"rename", EINTR, false},
     {"close", EIO, false},    {"close", EINTR, false}, {"unlink", EIO, false},   {"unlink", EIO, true},
     {"lock", EINTR, false},   {"lock", ENOLCK, false}, {"stat", EIO, false},     {"stat", EIO, true},
-    {"mkdir", ENOSPC, false}, {"chmod", EIO, false},   {"times", EIO, false},  {"list", EIO, false}};
+    {"mkdir", ENOSPC, false}, {"chmod", EIO, false},   {"times", EIO, false},    {"list", EIO, false}};
 
 /// Those that end a replacement, of which the clean-up may fail, too.
-constexpr failing all_endings[] = {{"write", EIO, false},  {"write", ENOSPC, true}, {"sync", EIO, false},
-                                   {"sync", EIO, true},    {"close", EIO, false},   {"chmod", EIO, false},  {"times", EIO, false},
-                                   {"rename", EIO, false}, {"rename", ENOSPC, true}};
+constexpr failing all_endings[] = {{"write", EIO, false}, {"write", ENOSPC, true}, {"sync", EIO, false},
+                                   {"sync", EIO, true},   {"close", EIO, false},   {"chmod", EIO, false},
+                                   {"times", EIO, false}, {"rename", EIO, false},  {"rename", ENOSPC, true}};
 
 /// No file can be taken away.
 constexpr const char* no_clean_up = "unlink:1:5:lasting";
