@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <random>
@@ -11,6 +12,7 @@
 #include <string>
 
 #include "database/configuration.h"
+#include "database/records.h"
 #include "database/teams_file.h"
 #include "database/world.h"
 #include "headless/headless_user.h"
@@ -60,7 +62,8 @@ class watching_user : public headless_user {
   }
 };
 
-/// The bundled database, compiled into a folder of its own. Nothing is updated, and the elevens stay in memory.
+/// The bundled database, compiled into a folder of its own. The elevens stay in memory, and at first nothing is
+/// updated.
 class ChainSoak : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -147,6 +150,37 @@ TEST_F(ChainSoak, Unattended) {
   EXPECT_LE(without_result, run.matches() / 1000);
   EXPECT_EQ(run.growth(), "");
   run.report();
+}
+
+// Each writes and synchronises both files: a thousand are enough.
+constexpr int most_updates = 1000;
+
+TEST_F(ChainSoak, WithUpdates) {
+  files.updates = true;
+  soak_run run(std::min(soak_matches(most_updates, 60), most_updates));
+  int finished = 0;
+  for (int number = 1; number <= run.matches(); ++number) {
+    int balls = 0;
+    ASSERT_TRUE(play_watched(number, balls));
+    run.after_match(balls);
+    finished += match.result_margin.empty() ? 0 : 1;
+  }
+  EXPECT_EQ(run.growth(), "");
+  run.report();
+  EXPECT_TRUE(check_database(files).empty());
+  int careers = 0;
+  for (const career_team_rec& team : read_career_table().teams) {
+    for (const career_rec& man : team.players) careers += man.matches;
+  }
+  EXPECT_EQ(careers, 22 * finished);
+  double results = 0;
+  for (const team_table& team : read_record_lists().teams) {
+    for (const tagged* count :
+         {&team.home_won, &team.home_tied, &team.home_lost, &team.away_won, &team.away_tied, &team.away_lost}) {
+      results += count->number();
+    }
+  }
+  EXPECT_EQ(results, 2 * finished);
 }
 
 }  // namespace
