@@ -32,7 +32,7 @@ std::string bytes_of(const std::filesystem::path& file);
 /// Ends the process with a report unless `kept`.
 void require(bool kept, std::string_view promise, std::string_view shown = {});
 
-/// Requires that an error is one line that names the file, and the field of what the file holds.
+/// Requires that an error is one line that names the file and the field, or the line of a table.
 void require_named(const run_time_error& error, std::string_view file);
 
 /// True if the procedure ran to its end, false if it raised a run_time_error that names `file`.

@@ -5,26 +5,32 @@
 #include <cmath>
 
 #include "database/configuration.h"
+#include "database/layout.h"
 #include "database/whole_file.h"
 #include "model/rounding.h"
-#include "model/run_time_error.h"
 
 namespace velorin {
 
 namespace {
 
-/// A figure worked out from the table, whose numbers may have any size. Raises run_time_error (overflow).
-double fitting(double figure) {
+/// A figure worked out from a row of the table, whose numbers may have any size. Raises run_time_error (overflow).
+double fitting(double figure, const error_place& row) {
   if (std::isfinite(figure)) return figure;
-  throw run_time_error(failure::overflow, "Overflow: the results of a team do not fit a Double",
-                       {.file = file_name_text(files.ptr), .record = 0, .field = {}, .player = {}});
+  throw run_time_error(failure::overflow, "Overflow: the results of a team do not fit a Double", row);
 }
 
 }  // namespace
 
-std::optional<double> team_results::success() const {
-  if (fitting(played()) == 0) return std::nullopt;
-  return fitting(round_to(won * 100 / played(), 2));
+std::optional<double> team_results::success(const error_place& row) const {
+  if (fitting(played(), row) == 0) return std::nullopt;
+  return fitting(round_to(won * 100 / played(), 2), row);
+}
+
+error_place row_place(const record_lists& lists, int team) {
+  return {.file = file_name_text(files.ptr),
+          .record = team_table_record + (team - 1) * team_table_fields,
+          .field = "away_won",
+          .player = lists.teams[team].team_name.text()};
 }
 
 team_results home_results(const team_table& team) {
@@ -44,13 +50,12 @@ team_results total_results(const team_table& team) {
 std::vector<ranked_team> rank_teams(const record_lists& lists) {
   std::vector<ranked_team> ranking;
   for (int t = 1; t <= lists.table_team_count; ++t) {
-    const std::string name = lists.teams[t].team_name.text();
-    const std::optional<double> success = total_results(lists.teams[t]).success();
+    const error_place row = row_place(lists, t);
+    const std::optional<double> success = total_results(lists.teams[t]).success(row);
     if (!success) {
-      throw run_time_error(failure::division, "Division by zero: a team of the table has played no match",
-                           {.file = file_name_text(files.ptr), .record = 0, .field = {}, .player = name});
+      throw run_time_error(failure::division, "Division by zero: a team of the table has played no match", row);
     }
-    ranking.push_back({name, *success});
+    ranking.push_back({row.player, *success});
   }
   std::stable_sort(ranking.begin(), ranking.end(),
                    [](const ranked_team& a, const ranked_team& b) { return a.success > b.success; });

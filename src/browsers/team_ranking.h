@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "database/records.h"
+#include "model/run_time_error.h"
 
 // The win record of the teams. The ranking is not kept in any file: it follows from the team table each time.
 
@@ -19,9 +20,12 @@ struct team_results {
 
   double played() const { return won + lost + tied; }
   /// Matches won out of 100, to two decimals; ties earn nothing. Nothing before the first match. Raises run_time_error
-  /// (overflow) for numbers too large to add up.
-  std::optional<double> success() const;
+  /// (overflow), with this place, for numbers too large to add up.
+  std::optional<double> success(const error_place& row) const;
 };
+
+/// The row of a team in the record file in use, by its place from 1, as errors name it.
+error_place row_place(const record_lists& lists, int team);
 
 team_results home_results(const team_table& team);
 team_results away_results(const team_table& team);

@@ -10,8 +10,8 @@ namespace velorin {
 
 namespace {
 
-std::array<std::string, 5> results_texts(const team_results& results) {
-  const std::optional<double> success = results.success();
+std::array<std::string, 5> results_texts(const team_results& results, const error_place& row) {
+  const std::optional<double> success = results.success(row);
   return {number_text(results.played()), number_text(results.won), number_text(results.lost), number_text(results.tied),
           success ? number_text(*success) + "%" : "  -  "};
 }
@@ -57,9 +57,10 @@ void teamdet::choose_team(int index) {
   const team_table& team = lists_.teams[index + 1];
   const std::string& name = combo1[index];
   title = "Team Records - " + name;
-  results[0].texts = results_texts(home_results(team));
-  results[1].texts = results_texts(away_results(team));
-  results[2].texts = results_texts(total_results(team));
+  const error_place place = row_place(lists_, index + 1);
+  results[0].texts = results_texts(home_results(team), place);
+  results[1].texts = results_texts(away_results(team), place);
+  results[2].texts = results_texts(total_results(team), place);
   const auto ranked =
       std::find_if(ranking_.begin(), ranking_.end(), [&](const ranked_team& row) { return row.team == name; });
   world_ranking.text = number_text(static_cast<long>(ranked - ranking_.begin()) + 1);

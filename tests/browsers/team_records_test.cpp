@@ -6,6 +6,7 @@
 #include "browsers/teamdet.h"
 #include "browsers/wldrank.h"
 #include "database/configuration.h"
+#include "database/database_fixture.h"
 
 namespace velorin::testing {
 namespace {
@@ -98,9 +99,14 @@ TEST_F(TeamRecords, TheRankingHasTenRowsAndNoEleventh) {
 }
 
 TEST_F(TeamRecords, ATeamWithoutAMatchHasNoSuccess) {
+  add_team("Tamar", {1, 0, 0}, {});
   add_team("Alba", {}, {});
   write();
   wldrank ranks;
+  EXPECT_STREQ(
+      error_of([&] { ranks.open(); }).what(),
+      "Division by zero: a team of the table has played no match (file world.ptr, record 91, field away_won, at "
+      "\"Alba\")");
   EXPECT_EQ(failure_of([&] { ranks.open(); }), failure::division);
   teamdet form;
   EXPECT_EQ(failure_of([&] { form.open(); }), failure::division);
@@ -125,7 +131,10 @@ TEST_F(TeamRecords, ResultsBeyondADoubleAtHomeAloneAreRefusedWithTheTeam) {
   write();
   teamdet form;
   form.open();
-  EXPECT_EQ(failure_of([&] { form.choose_team(0); }), failure::overflow);
+  const auto error = error_of([&] { form.choose_team(0); });
+  EXPECT_EQ(error.kind(), failure::overflow);
+  EXPECT_EQ(error.place().record, 72);
+  EXPECT_EQ(error.place().player, "Alba");
 }
 
 TEST_F(TeamRecords, ASuccessBeyondADoubleIsRefused) {
