@@ -9,7 +9,7 @@ namespace velorin {
 /// Adds the match to the careers of both elevens. Requires: the second-innings state. Reads match, rewrites
 /// <base>.rec as a whole under the folder's lock. Draws nothing, asks nothing. Raises run_time_error: a 21st career
 /// team or player (subscript), a record beyond its slot or a figure beyond its width (overflow), file problems (file);
-/// the old file is whole then.
+/// the old file is whole then or, if only the folder could not be synchronised, the new one.
 void update_career();
 
 /// Adds the match to the record lists and the team table. Requires, reads and raises likewise (a 26th table team:
@@ -17,8 +17,9 @@ void update_career();
 void update_records();
 
 /// Both, as the end of a match does it. Requires, reads and raises as they do. Neither file is replaced before the new
-/// content of both is written: a failure leaves both as they were, or, if it is the renaming of the second, to the next
-/// update to finish, which adds to the files as they are then.
+/// content of both is written: a failure leaves both as they were or, if it is the renaming of the second, to the next
+/// update to finish, which adds to the files as they are then; if only the folder could not be synchronised, both are
+/// new.
 void update_career_and_records();
 
 }  // namespace velorin

@@ -81,18 +81,22 @@ class GoldenSignature : public CliTest {
     return all;
   }
 
+  /// Expects what the file holds, or, when approving, writes it there.
+  static void expect_approved(const std::filesystem::path& path, const std::string& now) {
+    if (std::getenv("VELORIN_APPROVE") != nullptr) {
+      write_bytes(path, now);
+      FAIL() << "the signature was written anew; make sure that a change was wanted";
+    }
+    EXPECT_EQ(now, file_bytes(path));
+  }
+
  private:
   static std::string team(int number) { return all_teams[static_cast<std::size_t>(number % 10)]; }
 };
 
 TEST_F(GoldenSignature, ThousandMatches) {
   const std::filesystem::path path = std::filesystem::path(VELORIN_TEST_DATA) / "golden" / "cli" / "signature.txt";
-  const std::string now = lines();
-  if (std::getenv("VELORIN_APPROVE") != nullptr) {
-    write_bytes(path, now);
-    FAIL() << "the signature was written anew; make sure that a change was wanted";
-  }
-  EXPECT_EQ(now, file_bytes(path));
+  expect_approved(path, lines());
 }
 
 /// Many matches of one run: each begins with what the one before has left.
@@ -104,12 +108,18 @@ TEST_F(GoldenSignature, MatchesOfOneRun) {
   EXPECT_EQ(run_of_many.status, 0);
   const std::string& summary = run_of_many.out;
   objects.add(file_bytes(file("matches.json")));
-  const std::string now = summary + "\nobjects " + objects.text() + "\n";
-  if (std::getenv("VELORIN_APPROVE") != nullptr) {
-    write_bytes(path, now);
-    FAIL() << "the signature was written anew; make sure that a change was wanted";
-  }
-  EXPECT_EQ(now, file_bytes(path));
+  expect_approved(path, summary + "\nobjects " + objects.text() + "\n");
+}
+
+/// Each of these begins afresh, with a seed of its own.
+TEST_F(GoldenSignature, MatchesOfSeveralJobs) {
+  const std::filesystem::path path = std::filesystem::path(VELORIN_TEST_DATA) / "golden" / "cli" / "several_jobs.txt";
+  const run_result jobs =
+      run({"--seed", "7", "match", "--matches", "40", "--jobs", "2", "--json", file("matches.json")});
+  EXPECT_EQ(jobs.status, 0) << jobs.err;
+  signature objects;
+  objects.add(file_bytes(file("matches.json")));
+  expect_approved(path, jobs.out + "\nobjects " + objects.text() + "\n");
 }
 
 }  // namespace
