@@ -80,7 +80,7 @@ void require_named(const run_time_error& error, std::string_view file) {
   require(text.find(file) != std::string::npos, "an error names the file", text);
   const auto ends_line = [](char c) { return static_cast<unsigned char>(c) < ' '; };
   require(std::none_of(text.begin(), text.end(), ends_line), "an error is one line", text);
-  // A file that cannot be read is named as a whole, and the place in a table by its line.
+  // What concerns a whole file needs no field, and the place in a table is its line.
   const bool line_told = text.starts_with("Line ") || text.starts_with("Header line: ");
   const bool placed = error.kind() == failure::file || !error.place().field.empty() || line_told;
   require(placed, "an error names the field", text);

@@ -24,7 +24,7 @@ struct team_results {
   std::optional<double> success(const error_place& row) const;
 };
 
-/// The row of a team in the record file in use, by its place from 1, as errors name it.
+/// The row of a team in the record file in use, by its place from 1, as errors name it: by its first record.
 error_place row_place(const record_lists& lists, int team);
 
 team_results home_results(const team_table& team);

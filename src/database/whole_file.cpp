@@ -112,9 +112,9 @@ void staged_files::settle() {
   if (!cut_off) return remove_beside();
   const std::optional<struct stat> first = status_of(files_.front().target);
   for (const staged_file& file : files_) {
+    if (!is_beside(file)) continue;
     const std::optional<struct stat> rest = status_of(file.beside);
-    if (!rest || !S_ISREG(rest->st_mode)) continue;
-    if (!first || !same_time(first->st_mtim, rest->st_mtim)) {
+    if (!first || !rest || !same_time(first->st_mtim, rest->st_mtim)) {
       ::unlink(file.beside.c_str());
     } else if (!rename_file(file.beside, file.target)) {
       raise_file_error("The file cannot be replaced", errno, file.target);
@@ -149,7 +149,7 @@ void staged_files::write(std::string_view content) {
 bool staged_files::mark(int number) {
   if (written_ > 1) {
     const timespec times[] = {{0, UTIME_OMIT}, time_};
-    return ::futimens(number, times) == 0;
+    return ::futimens(number, times) == 0 || errno == ENOSYS || errno == ENOTSUP || errno == EPERM;
   }
   struct stat facts {};
   if (files_.size() == 1) return true;

@@ -77,7 +77,8 @@ class staged_files {
 
   void settle();
   void remove_beside() const;
-  /// Keeps the time of writing of the first file, and gives it to the others; false leaves the cause in errno.
+  /// Keeps the time of writing of the first file, and gives it to the others. A file system that lets no one set times
+  /// counts as one that does: there is no way to do better. False leaves the cause in errno.
   bool mark(int number);
 
   std::vector<staged_file> files_;

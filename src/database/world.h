@@ -33,9 +33,9 @@ void build_database(const std::filesystem::path& source, const std::filesystem::
 
 /// Writes players.csv and grounds.csv into `folder`, from which build_database makes the same records again, and the
 /// careers and records as tables to read: careers.csv, top_scores.csv, top_bowling.csv, highest_totals.csv,
-/// lowest_totals.csv, partnerships.csv, team_table.csv. All are of one state: the database is read under the lock of
-/// its folder. Makes `folder` if there is none. Raises run_time_error: a file that cannot be read or written (file),
-/// what cannot be read out of one or kept in a table (type, subscript).
+/// lowest_totals.csv, partnerships.csv, team_table.csv. The database is read under the lock of its folder, so all are
+/// of one state, unless a killed program has left two. Makes `folder` if there is none. Raises run_time_error: a file
+/// that cannot be read or written (file), what cannot be read out of one or kept in a table (type, subscript).
 void dump_database(const database_files& database, const std::filesystem::path& folder);
 
 }  // namespace velorin

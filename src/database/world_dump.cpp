@@ -193,9 +193,9 @@ void add_record_tables(const std::filesystem::path& path, std::vector<dumped_tab
   tables.push_back(std::move(teams));
 }
 
-/// All tables, of one state of the database.
+/// All tables, with no replacement in between.
 std::vector<dumped_table> tables_of(const database_files& database) {
-  const folder_lock turn(database.rec);
+  const folder_lock turn(database.team);
   std::vector<dumped_table> tables;
   tables.push_back(players_table(database.team));
   tables.push_back(grounds_table(database.grd));

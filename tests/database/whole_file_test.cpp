@@ -198,6 +198,16 @@ TEST_F(WholeFile, ABackupPutInPlaceBehindACutOffRenamingStays) {
   }
 }
 
+TEST_F(WholeFile, ALinkInTheWayIsNoNewContent) {
+  write_bytes(folder / "f", "one");
+  std::filesystem::create_symlink("f", folder / "f.new");
+  write_bytes(folder / "g.next", "two");
+  age_as(folder / "g.next", folder / "f");
+  { const staged_files staged({folder / "f", folder / "g"}); }
+  EXPECT_EQ(bytes_of(folder / "f"), "one");
+  EXPECT_FALSE(std::filesystem::is_symlink(folder / "f"));
+}
+
 TEST_F(WholeFile, ACutOffRenamingIsNotFinishedWithoutTheFirstFile) {
   write_bytes(folder / "g.next", "two");
   const staged_files staged({folder / "f", folder / "g"});

@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fmt/format.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <thread>
 
 #include "database/slots.h"
 #include "database/teams_file.h"
+#include "database/whole_file.h"
 #include "database/world_fixture.h"
 
 namespace velorin {
@@ -73,6 +79,43 @@ TEST_F(WorldBuild, ADumpBuildsTheSameBytes) {
       << "optional columns without content are left out";
   EXPECT_EQ(bytes_of(folder / "dump" / "grounds.csv"),
             table(ground_header, {park, "Neutral,\"Caf\xC3\xA9, the\r\nother\",4,4,1445"}));
+}
+
+TEST_F(WorldBuild, ADumpIntoTheFolderOfTheDatabaseIsOne) {
+  build({halden, orr}, {park});
+  dump_database(files, folder);
+  EXPECT_TRUE(std::filesystem::exists(folder / "players.csv"));
+  EXPECT_TRUE(check_database(files).empty());
+}
+
+TEST_F(WorldBuild, ADumpOfAMissingFolderTellsOfTheTeams) {
+  const auto error = error_of([&] { dump_database(database_paths(folder / "away", "base"), folder / "dump"); });
+  EXPECT_EQ(error.kind(), failure::file);
+  EXPECT_THAT(error.what(), HasSubstr("No such file or directory (file base.team)"));
+  EXPECT_TRUE(names_in(folder).empty());
+}
+
+TEST_F(WorldBuild, ADumpWaitsForItsTurn) {
+  build({halden}, {park});
+  int ready[2];
+  ASSERT_EQ(::pipe(ready), 0);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const folder_lock turn(files.team);
+    if (::write(ready[1], "x", 1) != 1) ::_exit(1);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    write_bytes(folder / "done", "");  // the last act before the end gives the folder free
+    ::_exit(0);
+  }
+  char signal = 0;
+  ASSERT_EQ(::read(ready[0], &signal, 1), 1);
+  dump_database(files, folder / "dump");
+  EXPECT_TRUE(std::filesystem::exists(folder / "done"));
+  int status = -1;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_EQ(status, 0);
+  ::close(ready[0]);
+  ::close(ready[1]);
 }
 
 TEST_F(WorldBuild, OptionalColumnsAreKept) {
