@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A million deliveries of each of many settings, against windows worked out here anew.
+// Very many deliveries of each of many settings, against windows worked out here anew.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

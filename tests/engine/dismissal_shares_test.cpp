@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A million dismissals by bowlers of each kind, with and without a keeper.
+// Very many dismissals by bowlers of each kind, with and without a keeper.
 #include <gtest/gtest.h>
 
 #include <array>

@@ -19,7 +19,7 @@ namespace {
 #ifdef NDEBUG
 constexpr int wanted = sample_size;
 #else
-constexpr int wanted = sample_size / 20;
+constexpr int wanted = sample_size / 2;
 #endif
 
 /// Counts the runs that each delivery off the body brought.

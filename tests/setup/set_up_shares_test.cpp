@@ -29,7 +29,7 @@ class SetUpShares : public ::testing::Test {
     chance.use_clock();
   }
 
-  /// What strays among the million samples of a procedure, on a seed that follows from the name.
+  /// What strays among the samples of a procedure, on a seed that follows from the name.
   static void expect_shares(const std::string& what, const std::function<void(share_check&)>& sample) {
     std::uint64_t seed = 1971;
     for (const char letter : what) seed = 31 * seed + static_cast<unsigned char>(letter);
