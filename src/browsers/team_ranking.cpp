@@ -28,7 +28,7 @@ std::optional<double> team_results::success(const error_place& row) const {
 
 error_place row_place(const record_lists& lists, int team) {
   return {.file = file_name_text(files.ptr),
-          .record = team_table_record + (team - 1) * team_table_fields,
+          .record = table_record(team),
           .field = "away_won",
           .player = lists.teams[team].team_name.text()};
 }

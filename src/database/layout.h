@@ -32,6 +32,8 @@ inline constexpr long partnerships_record = 61;
 inline constexpr long table_count_record = 71;
 inline constexpr long team_table_record = 72;  ///< field 0 of table team 1
 inline constexpr long team_table_fields = 19;
+/// The record of field 0 of a table team, by its place from 1.
+constexpr long table_record(int team) { return team_table_record + (team - 1) * team_table_fields; }
 
 template <typename R, typename Record>
 concept record_of = std::same_as<std::remove_const_t<R>, Record>;

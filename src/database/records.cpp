@@ -88,8 +88,6 @@ void put_list(slot_file& file, long first_record, const std::array<Line, n>& lis
   }
 }
 
-long table_record(int team) { return team_table_record + (team - 1) * team_table_fields; }
-
 void put_table_team(slot_file& file, int place, const team_table& team) {
   long record = table_record(place);
   visit_fields(team, [&](table_value, const char* field, const tagged& value) {

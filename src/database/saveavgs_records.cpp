@@ -146,7 +146,7 @@ team_table& row_of(record_lists& lists, const std::string& team) {
     throw run_time_error(failure::subscript,
                          fmt::format("Subscript out of range: more than {} teams in the team table", table_team_limit),
                          {.file = file_name_text(files.ptr),
-                          .record = team_table_record + (table_team_limit + 1) * team_table_fields - 1,
+                          .record = table_record(table_team_limit + 2) - 1,
                           .field = "team_name",
                           .player = team});
   }

@@ -203,7 +203,7 @@ void check_list(checked_file& file, long first_record, int lines) {
 
 /// One row of the team table; its fields stand in records of their own.
 void check_table_team(checked_file& file, int place, std::vector<std::string>& names) {
-  long record = team_table_record + (place - 1) * team_table_fields;
+  long record = table_record(place);
   team_table team;
   visit_fields(team, [&](table_value needed, const char* field, tagged& value) {
     if (file.get_field(record, field, value) && needed == table_value::number) {
