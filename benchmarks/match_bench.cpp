@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -105,21 +106,39 @@ void plain_replacement(const std::filesystem::path& file, const std::string& byt
   ::close(folder);
 }
 
-/// The bytes of an update's two files, written without all that makes an update.
-void of_an_update(benchmark::State& state, void (*write)(const std::filesystem::path&, const std::string&)) {
+double seconds_of(const auto& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+/// The update, and the bytes of its two files written without all that makes an update: in turn, since other load on
+/// the disk comes and goes.
+void update_and_plain_writes_in_turn(benchmark::State& state) {
   put_on_record();
   const std::string careers = bytes_of(files.rec);
   const std::string records = bytes_of(files.ptr);
-  for (auto _ : state) {
+  const auto both = [&](void (*write)(const std::filesystem::path&, const std::string&)) {
     write(files.folder / "plain.rec", careers);
     write(files.folder / "plain.ptr", records);
+  };
+  match = the_user().at_end;
+  files.updates = true;
+  double update = 0;
+  double plain = 0;
+  double replacing = 0;
+  for (auto _ : state) {
+    update += seconds_of([] { update_career_and_records(); });
+    plain += seconds_of([&] { both(plain_write); });
+    replacing += seconds_of([&] { both(plain_replacement); });
   }
+  files.updates = false;
+  match = match_state();
   state.counters["bytes"] = static_cast<double>(careers.size() + records.size());
+  state.counters["update/plain_write"] = update / plain;
+  state.counters["update/plain_replacement"] = update / replacing;
 }
-void plain_write_of_an_update(benchmark::State& state) { of_an_update(state, plain_write); }
-BENCHMARK(plain_write_of_an_update)->Unit(benchmark::kMicrosecond)->UseRealTime();
-void plain_replacement_of_an_update(benchmark::State& state) { of_an_update(state, plain_replacement); }
-BENCHMARK(plain_replacement_of_an_update)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(update_and_plain_writes_in_turn)->Unit(benchmark::kMicrosecond)->UseRealTime()->MinTime(4);
 
 /// All matches of a World Cup, from the entry of the teams to the final. A second one would add to the tables of the
 /// first.

@@ -43,6 +43,8 @@ bool synchronise_file(int number) {
   return uninterrupted([&] { return ::fsync(number); }) == 0;
 }
 
+void begin_to_synchronise(int number) { ::sync_file_range(number, 0, 0, SYNC_FILE_RANGE_WRITE); }
+
 bool rename_file(const std::filesystem::path& from, const std::filesystem::path& to) {
   return uninterrupted([&] { return std::rename(from.c_str(), to.c_str()); }) == 0;
 }

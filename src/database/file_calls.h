@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string_view>
+#include <utility>
 
 // Calls of the system on files, for those who replace files. An interruption ends none of them, and a write that took
 // a part of the bytes goes on. Nothing is raised unless told: false or -1 leaves the cause in errno.
@@ -16,6 +17,9 @@ int open_file(const std::filesystem::path& file, int flags, mode_t mode = 0);
 
 bool write_all(int number, std::string_view content);
 bool synchronise_file(int number);
+/// Has the system begin to write what synchronise_file() will wait for: files begun together are done sooner than one
+/// after the other. A hint, which not every system takes.
+void begin_to_synchronise(int number);
 bool rename_file(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Synchronises a folder. One that cannot be opened for its rights, and a file system that knows no such thing, count
@@ -26,6 +30,7 @@ bool synchronise_folder(const std::filesystem::path& folder);
 class descriptor {
  public:
   explicit descriptor(int number = -1) : number_(number) {}
+  descriptor(descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
   ~descriptor() { close(); }
   descriptor(const descriptor&) = delete;
   descriptor& operator=(const descriptor&) = delete;

@@ -97,8 +97,7 @@ void put_table_team(slot_file& file, int place, const team_table& team) {
 
 }  // namespace
 
-career_table read_career_table(const std::filesystem::path& rec) {
-  const slot_file file = slot_file::read(rec, career_slot);
+career_table careers_in(const slot_file& file) {
   career_table table;
   table.career_team_count = count_in(file, 1, "career_team_count", career_team_limit);
   for (int t = 1; t <= table.career_team_count; ++t) {
@@ -118,24 +117,29 @@ career_table read_career_table(const std::filesystem::path& rec) {
   return table;
 }
 
+career_table read_career_table(const std::filesystem::path& rec) {
+  return careers_in(slot_file::read(rec, career_slot));
+}
+
 career_table read_career_table() {
   if (files.updates) create_if_missing(files.rec);
   return read_career_table(files.rec);
 }
 
-std::string career_file_bytes(const career_table& table) {
-  slot_file file = slot_file::read(files.rec, career_slot);
+void put_careers(slot_file& file, const career_table& table) {
   file.put(1, encoded_field(tagged{integer(table.career_team_count)}), {}, "career_team_count");
   for (int t = 1; t <= table.career_team_count; ++t) {
     file.put(t + 1, encoded(table.teams[t]), table.teams[t].team_name);
   }
-  return file.bytes();
 }
 
-void write_career_table(const career_table& table) { replace_file(files.rec, career_file_bytes(table)); }
+void write_career_table(const career_table& table) {
+  slot_file file = slot_file::read(files.rec, career_slot);
+  put_careers(file, table);
+  replace_file(files.rec, file.bytes());
+}
 
-record_lists read_record_lists(const std::filesystem::path& ptr) {
-  const slot_file file = slot_file::read(ptr, records_slot);
+record_lists records_in(const slot_file& file) {
   record_lists lists;
   get_list(file, top_scores_record, lists.top_scores);
   get_list(file, top_bowling_record, lists.top_bowling);
@@ -154,13 +158,16 @@ record_lists read_record_lists(const std::filesystem::path& ptr) {
   return lists;
 }
 
+record_lists read_record_lists(const std::filesystem::path& ptr) {
+  return records_in(slot_file::read(ptr, records_slot));
+}
+
 record_lists read_record_lists() {
   if (files.updates) create_if_missing(files.ptr);
   return read_record_lists(files.ptr);
 }
 
-std::string record_file_bytes(const record_lists& lists) {
-  slot_file file = slot_file::read(files.ptr, records_slot);
+void put_records(slot_file& file, const record_lists& lists) {
   put_list(file, top_scores_record, lists.top_scores);
   put_list(file, top_bowling_record, lists.top_bowling);
   put_list(file, highest_totals_record, lists.highest_totals);
@@ -168,9 +175,12 @@ std::string record_file_bytes(const record_lists& lists) {
   put_list(file, partnerships_record, lists.partnerships);
   file.put(table_count_record, encoded_field(tagged{integer(lists.table_team_count)}), {}, "table_team_count");
   for (int t = 1; t <= lists.table_team_count; ++t) put_table_team(file, t, lists.teams[t]);
-  return file.bytes();
 }
 
-void write_record_lists(const record_lists& lists) { replace_file(files.ptr, record_file_bytes(lists)); }
+void write_record_lists(const record_lists& lists) {
+  slot_file file = slot_file::read(files.ptr, records_slot);
+  put_records(file, lists);
+  replace_file(files.ptr, file.bytes());
+}
 
 }  // namespace velorin

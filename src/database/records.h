@@ -15,6 +15,8 @@
 
 namespace velorin {
 
+class slot_file;
+
 inline constexpr int team_limit = 20;         ///< teams of a database
 inline constexpr int career_team_limit = 20;  ///< teams with careers
 inline constexpr int player_limit = 20;       ///< players of a squad, and of a team with careers
@@ -171,21 +173,25 @@ struct record_lists {
 /// files.updates is true it is created. Raises run_time_error: unreadable (file), more than 20 teams or players
 /// (subscript), a text beyond its slot, an unknown tag or a count below 0 (type).
 career_table read_career_table();
-/// The career file of the database in use with these careers; bytes that belong to no field stay. Requires the lock of
-/// the folder. Raises run_time_error: a record beyond its slot (overflow), the file (file).
-std::string career_file_bytes(const career_table& table);
-/// Replaces the file by that. Requires and raises likewise; the old file is whole then.
+/// Replaces the career file of the database in use by one with these careers; bytes that belong to no field stay.
+/// Requires the lock of the folder. Raises run_time_error: a record beyond its slot (overflow), the file (file); the
+/// old file is whole then.
 void write_career_table(const career_table& table);
 
 /// The record lists and the team table of the database in use. Creates and raises likewise (25 teams; a count or total
 /// that is no number: type).
 record_lists read_record_lists();
-/// The file with these, and its replacement. Require and raise as for the careers.
-std::string record_file_bytes(const record_lists& lists);
+/// Replaces their file. Requires and raises as for the careers.
 void write_record_lists(const record_lists& lists);
 
 /// The same for any file; nothing is created.
 career_table read_career_table(const std::filesystem::path& rec);
 record_lists read_record_lists(const std::filesystem::path& ptr);
+
+/// The same out of files in memory, and back into them. Raise as above, but for the file itself.
+career_table careers_in(const slot_file& file);
+record_lists records_in(const slot_file& file);
+void put_careers(slot_file& file, const career_table& table);
+void put_records(slot_file& file, const record_lists& lists);
 
 }  // namespace velorin

@@ -6,6 +6,7 @@
 #include "database/configuration.h"
 #include "database/records.h"
 #include "database/saveavgs_records.h"
+#include "database/slots.h"
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
@@ -149,15 +150,17 @@ void update_side(career_table& table, const side_books& books) {
   }
 }
 
-/// The careers with the match added.
-career_table careers_with_match() {
-  career_table table = read_career_table(files.rec);
+/// The career file with the match added.
+slot_file careers_with_match() {
+  slot_file file = slot_file::read(files.rec, career_slot);
+  career_table table = careers_in(file);
   // The end of an innings writes "not out" into the first innings only.
   update_side(table, {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card,
                       match.first_batting_card, ""});
   update_side(table, {match.team2_name, match.team1_name, match.bowling_card, match.first_batting_card,
                       match.batting_card, "not out"});
-  return table;
+  put_careers(file, table);
+  return file;
 }
 
 }  // namespace
@@ -168,15 +171,15 @@ void update_career() {
   if (!files.updates) return;
   const folder_lock turn(files.rec);
   settle_update();
-  write_career_table(careers_with_match());
+  replace_file(files.rec, careers_with_match().bytes());
 }
 
 void update_career_and_records() {
   if (!files.updates) return;
   const folder_lock turn(files.rec);
   staged_files staged({files.rec, files.ptr});
-  staged.write(career_file_bytes(careers_with_match()));
-  staged.write(record_file_bytes(records_with_match()));
+  staged.write(careers_with_match().bytes());
+  staged.write(records_with_match().bytes());
   staged.put_in_place();
 }
 

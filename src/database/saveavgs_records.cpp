@@ -209,8 +209,9 @@ void update_team_table(record_lists& lists) {
 
 }  // namespace
 
-record_lists records_with_match() {
-  record_lists lists = read_record_lists(files.ptr);
+slot_file records_with_match() {
+  slot_file file = slot_file::read(files.ptr, records_slot);
+  record_lists lists = records_in(file);
   const std::string& chasing = match.team1_name;
   const std::string& setting = match.team2_name;
   update_top_scores(lists.top_scores, match.batting_card, chasing, setting, "");
@@ -222,14 +223,15 @@ record_lists records_with_match() {
   update_partnerships(lists.partnerships, match.fall_of_wicket, chasing, setting);
   update_partnerships(lists.partnerships, match.first_fall_of_wicket, setting, chasing);
   update_team_table(lists);
-  return lists;
+  put_records(file, lists);
+  return file;
 }
 
 void update_records() {
   if (!files.updates) return;
   const folder_lock turn(files.rec);
   settle_update();
-  write_record_lists(records_with_match());
+  replace_file(files.ptr, records_with_match().bytes());
 }
 
 }  // namespace velorin

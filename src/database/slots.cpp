@@ -3,6 +3,8 @@
 
 #include <fmt/format.h>
 
+#include <cstring>
+
 namespace velorin {
 
 namespace {
@@ -12,30 +14,26 @@ enum tag : std::uint16_t { tag_empty = 0, tag_integer = 2, tag_long = 3, tag_dou
 
 }  // namespace
 
-void slot_writer::little_endian(std::uint64_t number, std::size_t width) {
-  for (std::size_t i = 0; i < width; ++i) bytes_ += static_cast<char>(number >> (8 * i) & 0xFF);
-}
-
 void slot_writer::operator()(const char*, const std::string& text) {
-  little_endian(static_cast<std::uint16_t>(text.size()), 2);
+  little_endian(static_cast<std::uint16_t>(text.size()));
   bytes_ += text;
 }
 
 void slot_writer::operator()(const char* name, const tagged& value) {
   if (const auto* whole = std::get_if<integer>(&value.value)) {
-    little_endian(tag_integer, 2);
+    little_endian(std::uint16_t{tag_integer});
     (*this)(name, *whole);
   } else if (const auto* wide = std::get_if<std::int32_t>(&value.value)) {
-    little_endian(tag_long, 2);
+    little_endian(std::uint16_t{tag_long});
     (*this)(name, *wide);
   } else if (const auto* real = std::get_if<double>(&value.value)) {
-    little_endian(tag_double, 2);
-    little_endian(std::bit_cast<std::uint64_t>(*real), 8);
+    little_endian(std::uint16_t{tag_double});
+    little_endian(std::bit_cast<std::uint64_t>(*real));
   } else if (const auto* text = std::get_if<std::string>(&value.value)) {
-    little_endian(tag_string, 2);
+    little_endian(std::uint16_t{tag_string});
     (*this)(name, *text);
   } else {
-    little_endian(tag_empty, 2);
+    little_endian(std::uint16_t{tag_empty});
   }
 }
 
@@ -63,34 +61,43 @@ std::string_view slot_reader::take(const char* name, std::size_t count) {
   return got;
 }
 
-std::uint64_t slot_reader::number(const char* name, std::size_t width) {
-  const std::string_view got = take(name, width);
-  std::uint64_t value = 0;
-  for (std::size_t i = 0; i < got.size(); ++i) value |= std::uint64_t{static_cast<std::uint8_t>(got[i])} << (8 * i);
+template <std::unsigned_integral Number>
+Number slot_reader::number(const char* name) {
+  char bytes[sizeof(Number)] = {};
+  if (!fault_ && present_.size() - at_ >= sizeof bytes && at_ <= present_.size()) {
+    std::memcpy(bytes, present_.data() + at_, sizeof bytes);
+    at_ += sizeof bytes;
+  } else {
+    take(name, sizeof bytes).copy(bytes, sizeof bytes);
+  }
+  Number value = 0;
+  for (std::size_t i = 0; i < sizeof bytes; ++i) {
+    value = static_cast<Number>(value | Number{static_cast<std::uint8_t>(bytes[i])} << (8 * i));
+  }
   return value;
 }
 
 void slot_reader::operator()(const char* name, std::string& text) {
-  const std::size_t length = number(name, 2);
+  const std::size_t length = number<std::uint16_t>(name);
   text = take(name, length);
   if (!fault_ && text.size() < length) note_cut(name);
 }
 
 void slot_reader::operator()(const char* name, integer& value) {
-  value = static_cast<std::int16_t>(static_cast<std::uint16_t>(number(name, 2)));
+  value = static_cast<std::int16_t>(number<std::uint16_t>(name));
 }
 
 void slot_reader::operator()(const char* name, std::int32_t& value) {
-  value = static_cast<std::int32_t>(static_cast<std::uint32_t>(number(name, 4)));
+  value = static_cast<std::int32_t>(number<std::uint32_t>(name));
 }
 
 void slot_reader::operator()(const char* name, float& value) {
-  value = std::bit_cast<float>(static_cast<std::uint32_t>(number(name, 4)));
+  value = std::bit_cast<float>(number<std::uint32_t>(name));
 }
 
 void slot_reader::operator()(const char* name, tagged& value) {
   value = tagged{};
-  switch (const std::uint64_t kind = number(name, 2)) {
+  switch (const std::uint16_t kind = number<std::uint16_t>(name)) {
     case tag_empty:
       return;
     case tag_integer:
@@ -100,7 +107,7 @@ void slot_reader::operator()(const char* name, tagged& value) {
       (*this)(name, value.value.emplace<std::int32_t>());
       return;
     case tag_double:
-      value.value = std::bit_cast<double>(number(name, 8));
+      value.value = std::bit_cast<double>(number<std::uint64_t>(name));
       return;
     case tag_string:
       (*this)(name, value.value.emplace<std::string>());

@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <bit>
+#include <concepts>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "database/layout.h"
@@ -25,9 +27,9 @@ class slot_writer {
  public:
   /// A text of more than 65535 bytes leaves a record that no slot takes.
   void operator()(const char* name, const std::string& text);
-  void operator()(const char*, const integer& number) { little_endian(static_cast<std::uint16_t>(int{number}), 2); }
-  void operator()(const char*, std::int32_t number) { little_endian(static_cast<std::uint32_t>(number), 4); }
-  void operator()(const char*, float number) { little_endian(std::bit_cast<std::uint32_t>(number), 4); }
+  void operator()(const char*, const integer& number) { little_endian(static_cast<std::uint16_t>(int{number})); }
+  void operator()(const char*, std::int32_t number) { little_endian(static_cast<std::uint32_t>(number)); }
+  void operator()(const char*, float number) { little_endian(std::bit_cast<std::uint32_t>(number)); }
   void operator()(const char* name, const tagged& value);
   template <std::size_t n>
   void operator()(const char*, const std::array<std::uint8_t, n>& raw) {
@@ -38,10 +40,16 @@ class slot_writer {
     for (std::size_t i = 1; i < n; ++i) visit_fields(records[i], *this);
   }
 
-  const std::string& bytes() const { return bytes_; }
+  const std::string& bytes() const& { return bytes_; }
+  std::string bytes() && { return std::move(bytes_); }
 
  private:
-  void little_endian(std::uint64_t number, std::size_t width);
+  template <std::unsigned_integral Number>
+  void little_endian(Number number) {
+    char bytes[sizeof number];
+    for (std::size_t i = 0; i < sizeof number; ++i) bytes[i] = static_cast<char>(number >> (8 * i) & 0xFF);
+    bytes_.append(bytes, sizeof number);
+  }
 
   std::string bytes_;
 };
@@ -84,7 +92,8 @@ class slot_reader {
  private:
   /// The next `count` bytes of the slot, fewer at the end of the file, none after a fault.
   std::string_view take(const char* name, std::size_t count);
-  std::uint64_t number(const char* name, std::size_t width);
+  template <std::unsigned_integral Number>
+  Number number(const char* name);
   std::string field_name(const char* name) const;
   void set_fault(const char* name, std::string what);
   void note_cut(const char* name);
@@ -103,7 +112,7 @@ template <typename Record>
 std::string encoded(const Record& rec) {
   slot_writer writer;
   visit_fields(rec, writer);
-  return writer.bytes();
+  return std::move(writer).bytes();
 }
 
 /// The bytes of a record of one field.
@@ -111,7 +120,7 @@ template <typename Field>
 std::string encoded_field(const Field& field) {
   slot_writer writer;
   writer("", field);
-  return writer.bytes();
+  return std::move(writer).bytes();
 }
 
 /// A random-access file in memory.
@@ -160,7 +169,8 @@ class slot_file {
     return records;
   }
 
-  const std::string& bytes() const { return bytes_; }
+  const std::string& bytes() const& { return bytes_; }
+  std::string bytes() && { return std::move(bytes_); }
   const std::string& name() const { return name_; }
   std::size_t slot_length() const { return length_; }
 

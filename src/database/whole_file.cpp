@@ -12,7 +12,6 @@
 #include <set>
 #include <system_error>
 
-#include "database/file_calls.h"
 #include "model/code_page.h"
 #include "model/run_time_error.h"
 
@@ -94,7 +93,7 @@ folder_lock::~folder_lock() { ::close(folder_); }
 
 staged_files::staged_files(std::vector<std::filesystem::path> targets) {
   for (const std::filesystem::path& target : targets) {
-    staged_file file{real_file(target), {}};
+    staged_file file{real_file(target), {}, descriptor()};
     file.beside = file.target;
     file.beside += files_.empty() ? ".new" : ".next";
     files_.push_back(std::move(file));
@@ -130,20 +129,18 @@ void staged_files::remove_beside() const {
 }
 
 void staged_files::write(std::string_view content) {
-  const staged_file& file = files_[written_++];
+  staged_file& file = files_[written_++];
   const std::optional<struct stat> old = status_of(file.target);
   if (old && !may_be_written(file.target)) raise_file_error("The file cannot be written", errno, file.target);
-  descriptor opened(open_file(file.beside, O_WRONLY | O_CREAT | O_EXCL, 0666));
+  file.opened.take(open_file(file.beside, O_WRONLY | O_CREAT | O_EXCL, 0666));
+  const int number = file.opened.number();
   // One that cannot be taken away is in the way.
-  if (!opened.open())
+  if (!file.opened.open())
     raise_file_error("The file cannot be written", errno, errno == EEXIST ? file.beside : file.target);
-  int cause = 0;
-  if (old && ::fchmod(opened.number(), old->st_mode & 07777) != 0) cause = errno;
-  if (cause == 0 && !write_all(opened.number(), content)) cause = errno;
-  if (cause == 0 && !mark(opened.number())) cause = errno;
-  if (cause == 0 && !synchronise_file(opened.number())) cause = errno;
-  if (!opened.close() && cause == 0) cause = errno;
-  if (cause != 0) raise_file_error("The file cannot be written", cause, file.target);
+  if ((old && ::fchmod(number, old->st_mode & 07777) != 0) || !write_all(number, content) || !mark(number)) {
+    raise_file_error("The file cannot be written", errno, file.target);
+  }
+  if (files_.size() > 1) begin_to_synchronise(number);
 }
 
 bool staged_files::mark(int number) {
@@ -158,7 +155,16 @@ bool staged_files::mark(int number) {
   return true;
 }
 
+void staged_files::synchronise() {
+  for (staged_file& file : files_) {
+    if (!synchronise_file(file.opened.number()) || !file.opened.close()) {
+      raise_file_error("The file cannot be written", errno, file.target);
+    }
+  }
+}
+
 void staged_files::put_in_place() {
+  synchronise();
   for (const staged_file& file : files_) {
     bool renamed = rename_file(file.beside, file.target);
     // Behind the first there is no way back, so one more try.

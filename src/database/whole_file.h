@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "database/file_calls.h"
+
 // Files are read and replaced as a whole. A new content goes to "<name>.new" beside the file, is synchronised and
 // renamed over the old one: a kill, a full disk or a crash at any moment leaves the old file or the new one. A
 // "<name>.new" that a killed program has left is removed by the next replacement of that file.
@@ -61,22 +63,25 @@ class staged_files {
   staged_files(const staged_files&) = delete;
   staged_files& operator=(const staged_files&) = delete;
 
-  /// Writes and synchronises the new content of the next file. Raises run_time_error (file), also for an old file that
-  /// is protected or no file: all old files are whole then.
+  /// Writes the new content of the next file. Raises run_time_error (file), also for an old file that is protected or
+  /// no file: all old files are whole then.
   void write(std::string_view content);
 
-  /// Requires the content of each. Renames one after the other, then synchronises their folders. Raises run_time_error
-  /// (file): if that is about a file behind the first, the next replacement finishes the work, once its cause is gone.
+  /// Requires the content of each. Synchronises all, renames one after the other, then synchronises their folders.
+  /// Raises run_time_error (file): until the first is renamed all old files are whole then; behind that the next
+  /// replacement finishes the work, once the cause is gone.
   void put_in_place();
 
  private:
   struct staged_file {
     std::filesystem::path target;
     std::filesystem::path beside;
+    descriptor opened;  ///< the file beside, from its writing until it is synchronised
   };
 
   void settle();
   void remove_beside() const;
+  void synchronise();
   /// Keeps the time of writing of the first file, and gives it to the others. A file system that lets no one set times
   /// counts as one that does: there is no way to do better. False leaves the cause in errno.
   bool mark(int number);

@@ -61,6 +61,7 @@ constexpr known_call known_calls[] = {
     {SYS_ftruncate, "write", told_by::descriptor, 0},
     {SYS_fsync, "sync", told_by::descriptor, 0},
     {SYS_fdatasync, "sync", told_by::descriptor, 0},
+    {SYS_sync_file_range, "hint", told_by::descriptor, 0},
     {SYS_flock, "lock", told_by::descriptor, 0},
     {SYS_fchmod, "chmod", told_by::descriptor, 0},
     {SYS_getdents64, "list", told_by::descriptor, 0},

@@ -6,7 +6,8 @@
 //                         it calls are only noted. `how` is the number of the error or, for read and write, "short":
 //                         half of the bytes. Lasting: from the n-th call on
 //   VELORIN_FAULT_NOTES   a file outside the folder; a line a call: its kind, its file, "!" where it was made to fail
-// Kinds: open read write sync rename close unlink lock stat mkdir chmod times list. A rename is noted by the old name.
+// Kinds: open read write sync rename close unlink lock stat mkdir chmod times list hint. A rename is noted by the old
+// name.
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -349,6 +350,12 @@ int fdatasync(int descriptor) {
   THE_REAL(fdatasync);
   const counted_call call("sync", watched(descriptor));
   return call.fails() ? -1 : real(descriptor);
+}
+
+int sync_file_range(int descriptor, off_t start, off_t length, unsigned flags) {
+  THE_REAL(sync_file_range);
+  const counted_call call("hint", watched(descriptor));
+  return call.fails() ? -1 : real(descriptor, start, length, flags);
 }
 
 int rename(const char* from, const char* to) noexcept {
