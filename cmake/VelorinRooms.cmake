@@ -20,6 +20,7 @@ if(VELORIN_SANITIZE)
   target_compile_options(velorin_flags INTERFACE
     -fsanitize=${VELORIN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(velorin_flags INTERFACE -fsanitize=${VELORIN_SANITIZE})
+  target_compile_definitions(velorin_flags INTERFACE VELORIN_SANITIZED)
   # The checks woven in make the compiler see paths that are none.
   target_compile_options(velorin_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()

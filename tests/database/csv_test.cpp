@@ -100,7 +100,8 @@ TEST_F(Csv, WholeNumbers) {
   EXPECT_STREQ(error_of([&] { table.whole_number(1, "a", -32768, 32767); }).what(),
                "Line 3: \"4.5\" is no whole number from -32768 to 32767 (file t.csv, field a)");
   for (const auto& [row, column] : {std::pair{1, "b"}, std::pair{2, "a"}, std::pair{2, "b"}}) {
-    EXPECT_EQ(error_of([&] { table.whole_number(row, column, -32768, 32767); }).kind(), failure::type);
+    EXPECT_EQ(error_of([&, row = row, column = column] { table.whole_number(row, column, -32768, 32767); }).kind(),
+              failure::type);
   }
 }
 
@@ -111,7 +112,7 @@ TEST_F(Csv, Singles) {
   EXPECT_TRUE(std::signbit(table.single(1, "a")));
   for (const auto& [row, column] :
        {std::pair{1, "b"}, std::pair{2, "a"}, std::pair{2, "b"}, std::pair{3, "a"}, std::pair{3, "b"}}) {
-    EXPECT_EQ(error_of([&] { table.single(row, column); }).kind(), failure::type);
+    EXPECT_EQ(error_of([&, row = row, column = column] { table.single(row, column); }).kind(), failure::type);
   }
 }
 

@@ -114,9 +114,9 @@ void match_test::play_first_innings(bool computer_bats, bool computer_bowls) {
   skip_to_over(49);
   play(times(6, hit(2)));
   user.requests.clear();
-  ball last = hit(0);
-  if (computer_bats) last.after = {0.5};  // the offset of its bowlers
-  play({hit(4), out(12), off_the_pad(leg_byes, 2), hit(2), hit(no_ball), hit(2), last});
+  ball last_ball = hit(0);
+  if (computer_bats) last_ball.after = {0.5};  // the offset of its bowlers
+  play({hit(4), out(12), off_the_pad(leg_byes, 2), hit(2), hit(no_ball), hit(2), last_ball});
 }
 
 std::vector<std::string> match_test::texts_of(const std::string& title) const {

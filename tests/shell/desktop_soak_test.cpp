@@ -20,7 +20,7 @@ int matches_wanted() {
   return told == nullptr ? 12 : std::atoi(told);
 }
 
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef VELORIN_SANITIZED
 // Freed memory is kept back there.
 constexpr bool memory_tells = false;
 #else

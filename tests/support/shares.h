@@ -6,7 +6,7 @@
 namespace velorin::testing {
 
 /// Draws of one sample: a million in optimised builds, and a tenth of that with checks or sanitizers woven in.
-#if defined(NDEBUG) && !defined(__SANITIZE_ADDRESS__)
+#if defined(NDEBUG) && !defined(VELORIN_SANITIZED)
 inline constexpr int sample_size = 1000000;
 #else
 inline constexpr int sample_size = 100000;

@@ -17,7 +17,7 @@ namespace velorin::testing {
 
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VELORIN_SANITIZED
 constexpr bool sanitized = true;
 #else
 constexpr bool sanitized = false;
