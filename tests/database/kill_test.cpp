@@ -22,7 +22,7 @@ using testing::bytes_of;
 
 /// Kills in a test run. The environment variable VELORIN_KILLS asks for another number.
 constexpr int usual_kills = 150;
-constexpr int longest_life = 30'000;  ///< microseconds until a kill
+constexpr int longest_life = 10'000;  ///< microseconds until a kill
 
 int kills() {
   const char* const asked = std::getenv("VELORIN_KILLS");
