@@ -55,8 +55,8 @@ function(velorin_room name)
   target_link_libraries(velorin_${name} PUBLIC velorin_flags ${uses})
   if(name MATCHES "^(desktop|shell)$|_forms$")
     set_target_properties(velorin_${name} PROPERTIES AUTOMOC ON)
-  # The rooms above the core do little work, but their libraries' templates take long to optimise.
-  elseif(NOT name STREQUAL "cli")
+  # The rooms above the core do little work, but their libraries' templates take long to optimise. Fuzzers are worth it.
+  elseif(VELORIN_FUZZERS OR NOT name STREQUAL "cli")
     target_compile_options(velorin_${name} PRIVATE ${VELORIN_CORE_OPTIONS})
   endif()
 endfunction()

@@ -43,7 +43,11 @@ bool synchronise_file(int number) {
   return uninterrupted([&] { return ::fsync(number); }) == 0;
 }
 
-void begin_to_synchronise(int number) { ::sync_file_range(number, 0, 0, SYNC_FILE_RANGE_WRITE); }
+bool begin_to_synchronise(int number) {
+  // Not every file system tells an error once more when it is asked to synchronise.
+  return ::sync_file_range(number, 0, 0, SYNC_FILE_RANGE_WRITE) == 0 ||
+         (errno != EIO && errno != ENOSPC && errno != EDQUOT);
+}
 
 bool rename_file(const std::filesystem::path& from, const std::filesystem::path& to) {
   return uninterrupted([&] { return std::rename(from.c_str(), to.c_str()); }) == 0;

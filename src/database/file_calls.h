@@ -18,8 +18,8 @@ int open_file(const std::filesystem::path& file, int flags, mode_t mode = 0);
 bool write_all(int number, std::string_view content);
 bool synchronise_file(int number);
 /// Has the system begin to write what synchronise_file() will wait for: files begun together are done sooner than one
-/// after the other. A hint, which not every system takes.
-void begin_to_synchronise(int number);
+/// after the other. A hint, which not every system takes; false only if the system tells that it cannot write.
+bool begin_to_synchronise(int number);
 bool rename_file(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Synchronises a folder. One that cannot be opened for its rights, and a file system that knows no such thing, count

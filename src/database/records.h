@@ -188,7 +188,7 @@ void write_record_lists(const record_lists& lists);
 career_table read_career_table(const std::filesystem::path& rec);
 record_lists read_record_lists(const std::filesystem::path& ptr);
 
-/// The same out of files in memory, and back into them. Raise as above, but for the file itself.
+/// Careers and lists out of files in memory, and back into them. Raise as above, but for the file itself.
 career_table careers_in(const slot_file& file);
 record_lists records_in(const slot_file& file);
 void put_careers(slot_file& file, const career_table& table);

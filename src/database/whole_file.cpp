@@ -102,6 +102,7 @@ staged_files::staged_files(std::vector<std::filesystem::path> targets) {
 }
 
 staged_files::~staged_files() {
+  for (staged_file& file : files_) file.opened.close();
   if (!begun_) remove_beside();
 }
 
@@ -137,10 +138,10 @@ void staged_files::write(std::string_view content) {
   // One that cannot be taken away is in the way.
   if (!file.opened.open())
     raise_file_error("The file cannot be written", errno, errno == EEXIST ? file.beside : file.target);
-  if ((old && ::fchmod(number, old->st_mode & 07777) != 0) || !write_all(number, content) || !mark(number)) {
+  if ((old && ::fchmod(number, old->st_mode & 07777) != 0) || !write_all(number, content) || !mark(number) ||
+      (files_.size() > 1 && !begin_to_synchronise(number))) {
     raise_file_error("The file cannot be written", errno, file.target);
   }
-  if (files_.size() > 1) begin_to_synchronise(number);
 }
 
 bool staged_files::mark(int number) {

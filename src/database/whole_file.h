@@ -68,8 +68,8 @@ class staged_files {
   void write(std::string_view content);
 
   /// Requires the content of each. Synchronises all, renames one after the other, then synchronises their folders.
-  /// Raises run_time_error (file): until the first is renamed all old files are whole then; behind that the next
-  /// replacement finishes the work, once the cause is gone.
+  /// Raises run_time_error (file). What fails up to the first renaming leaves all old files as they were. What fails in
+  /// a later one the next replacement finishes, once the cause is gone. Where only a folder fails, all files are new.
   void put_in_place();
 
  private:

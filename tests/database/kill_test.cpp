@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <random>
 #include <thread>
+#include <utility>
 
 #include "database/database_fixture.h"
 #include "database/records.h"
@@ -22,7 +23,7 @@ using testing::bytes_of;
 
 /// Kills in a test run. The environment variable VELORIN_KILLS asks for another number.
 constexpr int usual_kills = 150;
-constexpr int longest_life = 10'000;  ///< microseconds until a kill
+constexpr int longest_life = 5;  ///< updates that a child may make until a kill
 
 int kills() {
   const char* const asked = std::getenv("VELORIN_KILLS");
@@ -59,7 +60,19 @@ class undisturbed_files {
   std::string ptr_;
 };
 
-class Kill : public testing::database_fixture {};
+class Kill : public testing::database_fixture {
+ protected:
+  /// Microseconds, at least 1.
+  long time_of_an_update() const {
+    constexpr int updates = 20;
+    const database_files in_use = std::exchange(files, database_paths(folder, "timed"));
+    const auto start = std::chrono::steady_clock::now();
+    for (int made = 0; made < updates; ++made) update_career_and_records();
+    const auto taken = std::chrono::steady_clock::now() - start;
+    files = in_use;
+    return std::chrono::duration_cast<std::chrono::microseconds>(taken).count() / updates + 1;
+  }
+};
 
 /// The child of a round: it plays the same match until it is killed.
 [[noreturn]] void play_on() {
@@ -77,13 +90,16 @@ TEST_F(Kill, LeavesTheOldFileOrTheNewOne) {
   files = database_paths(folder / "game", "base");
   undisturbed_files expected(folder / "undisturbed");
   std::mt19937 random(20240229);
+  const long microseconds = longest_life * time_of_an_update();
   int left_behind = 0;
+  int updated = 0;
+  std::string last;
   const int rounds = kills();
   for (int round = 0; round < rounds; ++round) {
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) play_on();
-    std::this_thread::sleep_for(std::chrono::microseconds(random() % longest_life));
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % microseconds));
     ASSERT_EQ(::kill(child, SIGKILL), 0);
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
@@ -96,10 +112,13 @@ TEST_F(Kill, LeavesTheOldFileOrTheNewOne) {
     const std::string ptr = std::filesystem::exists(files.ptr) ? bytes_of(files.ptr) : "";
     ASSERT_TRUE(expected.has_rec(rec)) << "round " << round << ", a career file of " << rec.size() << " bytes";
     ASSERT_TRUE(expected.has_ptr(ptr)) << "round " << round << ", a record file of " << ptr.size() << " bytes";
+    updated += std::exchange(last, rec) == rec ? 0 : 1;
     ASSERT_TRUE(databases_on_offer(files.folder).empty()) << "what is left is no database";
   }
   RecordProperty("kills", rounds);
   RecordProperty("kills within a replacement", left_behind);
+  EXPECT_GT(left_behind, rounds / 20);
+  EXPECT_GT(updated, rounds / 20);
   update_career_and_records();
   EXPECT_THAT(testing::names_in(files.folder), ::testing::ElementsAre("base.ptr", "base.rec"));
 }

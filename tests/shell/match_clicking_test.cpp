@@ -40,8 +40,8 @@ TEST_P(MatchClickingTest, TheBooksEqualThoseOfTheCore) {
     SCOPED_TRACE(seed);
     begin_again_with_seed(seed);
     ClickingUser user;
-    user.robot.next("teamfrm", [&](QWidget& window) {
-      ClickingUser::choose_match(window, 4, 7, first_human, second_human);
+    user.robot.next("teamfrm", [first = first_human, second = second_human](QWidget& window) {
+      ClickingUser::choose_match(window, 4, 7, first, second);
       press(window, "Command1");
     });
     play([&](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
