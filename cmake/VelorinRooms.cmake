@@ -73,6 +73,8 @@ endfunction()
 
 # velorin_test(NAME SOURCES file... USES room-or-library... LABELS label...): a GoogleTest program, each test case known
 # to ctest. Labels: "house" for the rules that the sources keep, "long" for cases that the sanitizers' run leaves out.
+# The target short_tests builds all others.
+add_custom_target(short_tests)
 function(velorin_test name)
   cmake_parse_arguments(TEST "" "" "SOURCES;USES;LABELS" ${ARGN})
   add_executable(${name} ${TEST_SOURCES})
@@ -82,6 +84,9 @@ function(velorin_test name)
   target_precompile_headers(${name} REUSE_FROM velorin_core_test_headers)
   target_compile_options(${name} PRIVATE -fpch-preprocess)
   target_compile_definitions(${name} PRIVATE VELORIN_TEST_DATA="${CMAKE_SOURCE_DIR}/tests")
+  if(NOT "long" IN_LIST TEST_LABELS)
+    add_dependencies(short_tests ${name})
+  endif()
   set(properties TIMEOUT 600)
   if(TEST_LABELS)
     list(APPEND properties LABELS "${TEST_LABELS}")
