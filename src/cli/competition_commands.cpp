@@ -33,7 +33,9 @@ struct competition_options {
   bool json = false;
 };
 
-const std::vector<std::string> league_columns = {"Team", "Played", "Won", "Lost", "Tied", "Pts", "Net RR"};
+// Over points and net run rate each competition has words of its own.
+const std::vector<std::string> tri_columns = {"Team", "Played", "Won", "Lost", "Tied", "Pts", "Net RR"};
+const std::vector<std::string> cup_columns = {"Team", "Played", "Won", "Lost", "Tied", "Points", "NRR"};
 
 json league_json(const std::vector<league_texts>& table) {
   json rows = json::array();
@@ -45,8 +47,8 @@ json league_json(const std::vector<league_texts>& table) {
   return rows;
 }
 
-text_table league_text(const std::vector<league_texts>& table) {
-  text_table shown(league_columns, "lrrrrrr");
+text_table league_text(const std::vector<std::string>& columns, const std::vector<league_texts>& table) {
+  text_table shown(columns, "lrrrrrr");
   for (const league_texts& row : table) shown.add({row.begin(), row.end()});
   return shown;
 }
@@ -92,7 +94,7 @@ class competition_recorder : public headless_user {
                           {"result", to_utf8(form.label5_1)}});
     } else {
       out_ << to_utf8(form.label4_1) << '\n';
-      league_text(rows).print(out_);
+      league_text(tri_columns, rows).print(out_);
       out_ << to_utf8(form.label5_0) << '\n';
       if (!form.label5_1.empty()) out_ << to_utf8(form.label5_1) << '\n';
       out_ << '\n';
@@ -153,7 +155,7 @@ class competition_recorder : public headless_user {
  private:
   void print_table(const char* heading, const std::vector<league_texts>& table) {
     out_ << heading << '\n';
-    league_text(table).print(out_);
+    league_text(cup_columns, table).print(out_);
     out_ << '\n';
   }
 

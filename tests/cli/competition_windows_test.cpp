@@ -105,6 +105,15 @@ TEST_F(Windows, AWorldCupShowsTablesAndLists) {
   EXPECT_THAT(last["grand_final"].get<std::string>(), ::testing::Not(HasSubstr("Grand Final")));
 }
 
+TEST_F(Windows, TablesAreHeadedAsTheWindowsAre) {
+  const std::string cup = text({"--seed", "3", "worldcup"});
+  EXPECT_THAT(cup, HasSubstr("Played  Won  Lost  Tied  Points"));
+  EXPECT_THAT(cup, ::testing::ContainsRegex("Points +NRR\n"));
+  EXPECT_THAT(cup, ::testing::Not(HasSubstr("Net RR")));
+  EXPECT_THAT(text({"--seed", "3", "tri", "--team1", "Vestria", "--team2", "Orland", "--team3", "Marenne"}),
+              ::testing::ContainsRegex("Tied +Pts +Net RR\n"));
+}
+
 TEST_F(Windows, GroupsAndHostsAreThoseAsked) {
   const json shown =
       windows({"--seed", "3", "worldcup", "--group-a", "Marenne,Sorrel Bay,Lindemark,Cape Tavor,Orland", "--group-b",
