@@ -13,6 +13,21 @@ line_printer& line_printer::tab(int column) {
 }
 
 line_printer& line_printer::text(std::string_view words) {
+  if (kind_ == kind::plain) return markup(words);
+  for (const char one : words) {
+    if (one != '<' && one != '>') {
+      written_ += one;
+      continue;
+    }
+    constexpr std::string_view less = "&lt;";
+    constexpr std::string_view greater = "&gt;";
+    written_ += one == '<' ? less : greater;
+    line_start_ += less.size() - 1;
+  }
+  return *this;
+}
+
+line_printer& line_printer::markup(std::string_view words) {
   written_ += words;
   return *this;
 }

@@ -10,11 +10,17 @@ namespace velorin {
 /// one column; a line ends with CR LF.
 class line_printer {
  public:
+  /// Of a page, "<" and ">" in texts are written "&lt;" and "&gt;", each one column wide as it is shown.
+  enum class kind { plain, page };
+  explicit line_printer(kind of = kind::plain) : kind_(of) {}
+
   /// Moves to column `column` (1 or more) by writing blanks. If the next free column lies beyond it, the line ends and
   /// the move happens on the next one.
   line_printer& tab(int column);
-  /// Writes a text as it stands. It holds no line end.
+  /// Writes a text. It holds no line end.
   line_printer& text(std::string_view words);
+  /// Writes a text as it stands, tags of a page included.
+  line_printer& markup(std::string_view words);
   /// Writes a number with the place of its sign in front, a blank or "-", and one blank behind.
   line_printer& number(long value);
   /// Ends the line.
@@ -28,8 +34,9 @@ class line_printer {
  private:
   std::size_t next_column() const { return written_.size() - line_start_ + 1; }
 
+  kind kind_;
   std::string written_;
-  std::size_t line_start_ = 0;
+  std::size_t line_start_ = 0;  ///< where the line would start if every column were a byte
 };
 
 }  // namespace velorin

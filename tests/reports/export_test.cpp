@@ -256,10 +256,26 @@ TEST_F(export_test, at_most_1500_lines_of_the_first_innings) {
   EXPECT_EQ(place_of(lines, "Scorecard"), 8 + 1500 + 1);
 }
 
-TEST_F(export_test, texts_go_out_as_they_stand) {
-  set_first_innings_in_play();
-  match.team1_name = "C\xF4te <b>";
-  EXPECT_NE(html_scorecard(opened<scorecard>()).find("<h4>C\xF4te <b> - Batting</h4>"), std::string::npos);
+TEST_F(export_test, a_name_is_no_tag_of_the_page) {
+  set_second_innings_in_play();
+  match.team1_name = "C\xF4te <b> & co";
+  match.team2_name = "<>";
+  match.batting_card[1].name = "A.<i>";
+  match.fall_of_wicket[10].balls = 6;
+  match.fall_of_wicket[10].batsman_b = "Z.<u>";
+  const std::string page = html_scorecard(opened<scorecard>());
+  EXPECT_NE(page.find("<center><h2>C\xF4te &lt;b&gt; & co vs &lt;&gt;</center></h3>\r\n"), std::string::npos);
+  EXPECT_NE(page.find("<h4>C\xF4te &lt;b&gt; & co - Batting</h4>"), std::string::npos);
+  // Every column of a row up to the runs stands in the same place on the page, as it is shown, and in the text.
+  const std::string text = text_scorecard(opened<scorecard>());
+  const std::size_t row = page.find("\r\nA.&lt;i&gt; ");
+  const std::size_t plain = text.find("\r\nA.<i> ");
+  ASSERT_NE(row, std::string::npos);
+  ASSERT_NE(plain, std::string::npos);
+  EXPECT_EQ(page.substr(row + 13, 56), text.substr(plain + 7, 56));
+  EXPECT_NE(page.find("Z.&lt;u&gt;"), std::string::npos);
+  for (const char* name : {"<b>", "<i> ", "<u>"}) EXPECT_EQ(page.find(name), std::string::npos) << name;
+  EXPECT_NE(text.find("C\xF4te <b> & co"), std::string::npos) << "no page, no tags";
 }
 
 }  // namespace
