@@ -2,6 +2,7 @@
 #include "desktop/shown_text.h"
 
 #include <QList>
+#include <QRegularExpression>
 
 #include "model/code_page.h"
 
@@ -21,6 +22,11 @@ QString button_text(const QString& text, QChar mnemonic) {
     result += text[i];
   }
   return result;
+}
+
+QString file_name(const QString& text) {
+  static const QRegularExpression unfit(QStringLiteral("[\\x00-\\x1f/\\\\:*?\"<>|]"));
+  return QString(text).replace(unfit, QStringLiteral("-"));
 }
 
 QString shown_error(const std::exception& error) {

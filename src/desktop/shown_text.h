@@ -21,6 +21,9 @@ QString shown_caption(std::string_view bytes);
 /// a mnemonic, or for a letter that is not in the text, nothing is marked.
 QString button_text(const QString& text, QChar mnemonic = {});
 
+/// A text as a file may be called: "-" for every character that stands for something else on some system.
+QString file_name(const QString& text);
+
 /// What an error says. A name in it that Windows-1252 has no room for stands there in UTF-8.
 QString shown_error(const std::exception& error);
 

@@ -221,8 +221,8 @@ void offer_table(QWidget& widget, const std::function<Table()>& table) {
 
 void save_table(const Table& table, QWidget* window) {
   const QString folder = preferences::last_folder();
-  const QString proposed =
-      (folder.isEmpty() ? QString() : folder + QLatin1Char('/')) + table.name.trimmed() + QStringLiteral(".csv");
+  const QString proposed = (folder.isEmpty() ? QString() : folder + QLatin1Char('/')) +
+                           file_name(table.name.trimmed()) + QStringLiteral(".csv");
   const QString path = QFileDialog::getSaveFileName(window, QStringLiteral("Save as CSV"), proposed,
                                                     QStringLiteral("CSV files (*.csv);;All files (*)"));
   if (path.isEmpty() || program_is_ending()) return;

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QTemporaryDir>
 
+#include "desktop/preferences.h"
 #include "desktop/table_view.h"
 #include "support/failing_disk.h"
 #include "windows/robot.h"
@@ -71,6 +72,25 @@ TEST_F(SaveTableTest, WritesTheTableInPlaceOfWhatWasThere) {
   save(path("a.csv"));
   EXPECT_EQ(content(path("a.csv")), table_csv(table).toUtf8());
   EXPECT_EQ(files(), QStringList({"a.csv"}));
+}
+
+// Tables are named after teams and men, who may be called anything.
+TEST_F(SaveTableTest, TheNameProposedStaysInTheFolder) {
+  preferences::set_last_folder(folder.path());
+  for (const auto& [name, proposed] :
+       {std::pair("../other/a", "..-other-a.csv"), std::pair("A/B: \"C\"", "A-B- -C-.csv"),
+        std::pair("N.B.Zanmere", "N.B.Zanmere.csv")}) {
+    table.name = name;
+    Robot robot;
+    robot.next("QFileDialog", [&](QWidget& window) {
+      auto& dialog = dynamic_cast<QFileDialog&>(window);
+      EXPECT_EQ(dialog.directory().path(), folder.path());
+      EXPECT_EQ(dialog.selectedFiles(), QStringList(path(proposed)));
+      static_cast<QDialog&>(dialog).done(QDialog::Rejected);
+    });
+    save_table(table, nullptr);
+    EXPECT_EQ(robot.left(), 0);
+  }
 }
 
 TEST_F(SaveTableTest, AFolderThatTakesNoFilesIsTheCauseTold) {

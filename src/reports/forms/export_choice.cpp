@@ -3,7 +3,6 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
@@ -19,8 +18,7 @@ QString match_name(const scorecard& card) {
   const bool second_innings = card.command3_enabled;
   const QString first = shown(second_innings ? match.team2_name : match.team1_name).trimmed();
   const QString second = shown(second_innings ? match.team1_name : match.team2_name).trimmed();
-  static const QRegularExpression unfit(QStringLiteral("[\\x00-\\x1f/\\\\:*?\"<>|]"));
-  return QStringLiteral("%1 v %2").arg(first, second).replace(unfit, QStringLiteral("-"));
+  return file_name(QStringLiteral("%1 v %2").arg(first, second));
 }
 
 std::string_view caption_of(export_kind kind) {
