@@ -64,13 +64,15 @@ void add_db(CLI::App& app, const program_options& program, streams io, command_a
   CLI::App* command = app.add_subcommand("db", "Builds, dumps and checks databases");
   command->require_subcommand(0, 1);
   CLI::App* build_it = command->add_subcommand("build", "Makes BASE.team and BASE.grd of players.csv and grounds.csv");
-  build_it->add_option("SRC_DIR", options->source, "Folder of players.csv and grounds.csv")->required();
+  build_it->add_option("SRC_DIR", options->source, "Folder of players.csv and grounds.csv")
+      ->required()
+      ->check(not_empty);
   build_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();
   build_it->callback(
       [options, &program, &action] { action = [options, &program] { return build(*options, program); }; });
   CLI::App* dump_it = command->add_subcommand("dump", "The reverse, without loss; careers and records too");
   dump_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();
-  dump_it->add_option("DIR", options->target, "Folder for the tables")->required();
+  dump_it->add_option("DIR", options->target, "Folder for the tables")->required()->check(not_empty);
   dump_it->callback([options, &program, &action] { action = [options, &program] { return dump(*options, program); }; });
   CLI::App* check_it = command->add_subcommand("check", "Every fault of the four files, a line each");
   check_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();

@@ -80,6 +80,8 @@ TEST_F(Usage, WrongUsageIsStatusTwoAndOneLine) {
       {"db", "bogus"},
       {"db", "build", "here"},
       {"db", "dump", "small"},
+      {"db", "dump", "small", ""},
+      {"db", "build", "", "new"},
       {"db", "check"}};
   for (const auto& arguments : wrong) {
     std::string line;
