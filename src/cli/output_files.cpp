@@ -13,6 +13,7 @@
 
 #include "database/configuration.h"
 #include "database/file_calls.h"
+#include "database/game_files.h"
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
 
@@ -55,6 +56,11 @@ class used_file {
   std::optional<identity> folder_;
 };
 
+[[noreturn]] void refuse(const std::string& option, const std::string& use, const fs::path& file) {
+  throw run_time_error(failure::file, fmt::format("{} names the file of {}", option, use),
+                       {.file = file_name_text(file), .record = 0, .field = {}, .player = {}});
+}
+
 }  // namespace
 
 void require_outputs_apart(const match_options& options, const fs::path& draws) {
@@ -73,10 +79,9 @@ void require_outputs_apart(const match_options& options, const fs::path& draws) 
     if (file.empty()) continue;
     used_file output(option, file);
     for (const used_file& other : used) {
-      if (!output.is(other)) continue;
-      throw run_time_error(failure::file, fmt::format("{} names the file of {}", option, other.use()),
-                           {.file = file_name_text(file), .record = 0, .field = {}, .player = {}});
+      if (output.is(other)) refuse(option, other.use(), file);
     }
+    if (const std::string use = game_use_of(file); !use.empty()) refuse(option, use, file);
     used.push_back(std::move(output));
   }
 }

@@ -23,7 +23,7 @@ std::string text_scorecard(const scorecard& card);
 std::string ball_by_ball(const scorecard& card);
 
 /// Writes the file `path` whole, in place of what was there, as fresh_file does. Raises run_time_error as it does: an
-/// old file stays as it was then, unless it had to be written to straight.
+/// old file stays as it was then, unless it had to be written to straight. Refuses the names of the game's own files.
 void write_export(const scorecard& card, export_kind kind, const std::filesystem::path& path);
 /// The same from a card opened just now.
 void write_export(export_kind kind, const std::filesystem::path& path);

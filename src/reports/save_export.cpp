@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/fresh_file.h"
+#include "database/game_files.h"
+#include "database/whole_file.h"
+#include "model/run_time_error.h"
 #include "reports/export.h"
 
 namespace velorin {
@@ -21,6 +24,10 @@ std::string export_text(const scorecard& card, export_kind kind) {
 }  // namespace
 
 void write_export(const scorecard& card, export_kind kind, const std::filesystem::path& path) {
+  if (const std::string use = game_use_of(path); !use.empty()) {
+    throw run_time_error(failure::file, "The name is that of a file of the game, for " + use,
+                         {file_name_text(path), 0, {}, {}});
+  }
   const std::string content = export_text(card, kind);
   fresh_file file(path);
   file.stream() << content;

@@ -137,6 +137,26 @@ TEST_F(MatchExports, AFileOfTheDatabaseIsNoOutput) {
   EXPECT_EQ(file_bytes(file("draws")), "0.5\n");
 }
 
+TEST_F(MatchExports, ANameOfTheGameIsNoOutput) {
+  const std::pair<const char*, const char*> names[] = {
+      {"team1r.txt", "the elevens"},     {"team2r.txt", "the elevens"},
+      {"dummy.txt", "the elevens"},      {"other.team", "the teams"},
+      {"other.grd", "the grounds"},      {"other.rec", "the careers"},
+      {"other.ptr", "the records"},      {"small.rec.new", "an unfinished save"},
+      {"any.next", "an unfinished save"}};
+  std::filesystem::create_directory_symlink(teams(), file("linked"));
+  for (const auto& [name, what] : names) {
+    for (const char* option : {"--json", "--html", "--text", "--ball-by-ball"}) {
+      EXPECT_THAT(error(1, {"match", option, teams() / name}),
+                  HasSubstr(std::string(option) + " names the file of " + what + " (file " + name + ")"));
+    }
+    EXPECT_THAT(error(1, {"match", "--html", file("linked/") + name}), HasSubstr(name)) << "by another way";
+    EXPECT_FALSE(std::filesystem::exists(teams() / name));
+    EXPECT_EQ(run({"match", "--html", file(name)}).status, 0) << "elsewhere it is a name like any other";
+  }
+  EXPECT_EQ(run({"match", "--html", teams() / "team3r.txt"}).status, 0);
+}
+
 TEST_F(MatchExports, AnExportThatCannotBeWrittenIsAnError) {
   for (const char* option : {"--html", "--text", "--ball-by-ball"}) {
     EXPECT_THAT(error(1, {"match", option, file("missing/card")}), HasSubstr("missing/card"));

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "database/configuration.h"
 #include "model/run_time_error.h"
 #include "reports/export.h"
 #include "reports/match_scenes.h"
@@ -101,6 +102,17 @@ TEST_F(save_export_test, refuses_a_folder_in_place_of_the_file) {
   const fs::path path = folder / "a.html";
   EXPECT_EQ(error_of(path), "The file cannot be written: Is a directory (file " + path.string() + ")");
   EXPECT_TRUE(fs::is_directory(folder / "a.html"));
+}
+
+TEST_F(save_export_test, refuses_the_names_of_the_game_beside_its_files) {
+  const database_files before = velorin::files;
+  velorin::files.folder = folder;
+  const std::string told = error_of(folder / "team1r.txt");
+  const std::string of_any = error_of(folder / "any.ptr");
+  velorin::files = before;
+  EXPECT_EQ(told, "The name is that of a file of the game, for the elevens (file team1r.txt)");
+  EXPECT_EQ(of_any, "The name is that of a file of the game, for the records (file any.ptr)");
+  EXPECT_EQ(files(), 0);
 }
 
 TEST_F(save_export_test, writes_straight_to_a_device_and_leaves_it_one) {
