@@ -29,9 +29,10 @@ keeping_user& the_user() {
   return shown_by;
 }
 
-bench_world::bench_world(const fs::path& teams)
-    : folder_(fs::temp_directory_path() / ("velorin-bench-" + std::to_string(getpid()))) {
-  fs::create_directories(folder_);
+bench_world::bench_world(const fs::path& teams) {
+  std::string pattern = (fs::temp_directory_path() / "velorin-bench-XXXXXX").string();
+  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder for the benchmarks");
+  folder_ = pattern;
   for (const char* name : {"world.team", "world.grd"}) fs::copy_file(teams / name, folder_ / name);
   files = database_paths(folder_, "world");
   files.elevens_in_memory = true;

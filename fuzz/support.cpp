@@ -24,9 +24,13 @@ namespace {
 
 /// A folder that is gone with the object.
 struct scratch_folder {
-  std::filesystem::path path = std::filesystem::temp_directory_path() / ("velorin-fuzz-" + std::to_string(::getpid()));
+  std::filesystem::path path;
 
-  scratch_folder() { std::filesystem::create_directories(path); }
+  scratch_folder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "velorin-fuzz-XXXXXX").string();
+    if (::mkdtemp(pattern.data()) == nullptr) std::abort();
+    path = pattern;
+  }
   ~scratch_folder() {
     std::error_code ignored;
     std::filesystem::remove_all(path, ignored);
