@@ -13,6 +13,7 @@
 #include "database/file_calls.h"
 
 int main(int argc, char** argv) {
+  if (!velorin::prepare_process()) return 1;
   velorin::descriptor standard_output(STDOUT_FILENO);
   velorin::file_buffer buffer(standard_output);
   std::ostream out(&buffer);
@@ -23,8 +24,8 @@ int main(int argc, char** argv) {
   int status = velorin::cli::run(std::vector<std::string>(argv + 1, argv + argc), folder, {out, std::cerr});
   out.flush();
   std::cerr.tie(nullptr);
-  // Some file systems tell only here that there was no room. One that was closed from the start is no failure.
-  if (!standard_output.close() && errno != EBADF && status == 0) {
+  // Some file systems tell only here that there was no room.
+  if (!standard_output.close() && status == 0) {
     std::cerr << "velorin-cli: Standard output cannot be written: " << std::generic_category().message(errno) << '\n';
     status = 1;
   }

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <system_error>
 #include <utility>
@@ -57,6 +58,16 @@ bool synchronise_folder(const std::filesystem::path& folder) {
   const descriptor opened(open_file(folder, O_RDONLY | O_DIRECTORY));
   if (!opened.open()) return errno == EACCES;
   return synchronise_file(opened.number()) || errno == EINVAL || errno == ENOTSUP;
+}
+
+bool prepare_process() {
+  for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(number, F_GETFD) >= 0) continue;
+    // The lowest free number is this one. What is read from there must not be writable, and the other way round.
+    const int way = number == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+    if (uninterrupted([&] { return ::open("/dev/null", way); }) != number) return false;
+  }
+  return std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR;
 }
 
 void descriptor::take(int number) {

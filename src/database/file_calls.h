@@ -26,12 +26,21 @@ bool rename_file(const std::filesystem::path& from, const std::filesystem::path&
 /// as synchronised: there is no way to do better.
 bool synchronise_folder(const std::filesystem::path& folder);
 
+/// Makes a program fail in words however it has been started. A standard descriptor that is closed would go to the next
+/// file opened, a database perhaps: it is given to what can be neither read nor written. A file that may grow no more
+/// fails to be written, where a signal would end the program. False if it could not be done.
+bool prepare_process();
+
 /// An open file that closes itself.
 class descriptor {
  public:
   explicit descriptor(int number = -1) : number_(number) {}
   descriptor(descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
   ~descriptor() { close(); }
+  descriptor& operator=(descriptor&& other) noexcept {
+    take(std::exchange(other.number_, -1));
+    return *this;
+  }
   descriptor(const descriptor&) = delete;
   descriptor& operator=(const descriptor&) = delete;
 

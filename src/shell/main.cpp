@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "database/configuration.h"
+#include "database/file_calls.h"
 #include "desktop/preferences.h"
 #include "desktop/theme.h"
 #include "shell/opening_window.h"
@@ -12,6 +13,7 @@
 
 int main(int argc, char** argv) {
   using namespace velorin;
+  if (!prepare_process()) return 1;
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("velorin"));
   QApplication::setApplicationDisplayName(QString());

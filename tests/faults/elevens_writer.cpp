@@ -6,6 +6,7 @@
 
 #include "database/configuration.h"
 #include "database/elevens.h"
+#include "database/file_calls.h"
 
 namespace {
 
@@ -24,6 +25,7 @@ velorin::eleven men_called(const std::string& prefix) {
 
 int main(int count, char** words) {
   if (count != 3) return 2;
+  if (!velorin::prepare_process()) return 1;
   const std::string wanted = words[2];
   try {
     velorin::files = velorin::database_paths(words[1], {});

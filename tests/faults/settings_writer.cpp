@@ -5,10 +5,12 @@
 #include <string>
 
 #include "database/configuration.h"
+#include "database/file_calls.h"
 #include "database/optfrm.h"
 
 int main(int count, char** words) {
   if (count != 4) return 2;
+  if (!velorin::prepare_process()) return 1;
   try {
     velorin::files = velorin::database_paths(words[1], {});
     velorin::read_options();
