@@ -152,31 +152,83 @@ std::vector<std::string> with_lists_told_once(const std::vector<std::string>& ca
   return told;
 }
 
-class Counted : public ::testing::TestWithParam<std::string> {};
+class Counted : public ::testing::TestWithParam<std::string> {
+ protected:
+  void SetUp() override { what_ = act_of(GetParam()); }
+
+  /// Runs the act and keeps its calls. Skips the test where the system lets nobody trace.
+  void watch() {
+    bench_.lay_out(what_.before);
+    program started = what_.on(bench_);
+    started.environment = {"LD_PRELOAD=" VELORIN_FAULT_PRELOAD, "VELORIN_FAULT_FOLDER=" + bench_.data().string(),
+                           "VELORIN_FAULT_NOTES=" + notes().string()};
+    traced_run run(bench_, started);
+    if (!run.refused().empty()) GTEST_SKIP() << run.refused();
+    while (const auto stop = run.next()) seen_.take(run, *stop);
+    const ending end = run.end();
+    ASSERT_EQ(end.status, 0) << end.err;
+  }
+  fs::path notes() const { return bench_.beside("notes"); }
+
+  /// The place of the last call on this file ahead of `end`; -1 if there is none.
+  std::ptrdiff_t last(const std::string& kind, const std::string& path, std::ptrdiff_t end) const {
+    for (std::ptrdiff_t at = end - 1; at >= 0; --at) {
+      if (seen_.calls[static_cast<std::size_t>(at)] == kind + ' ' + path) return at;
+    }
+    return -1;
+  }
+
+  act what_;
+  workbench bench_;
+  call_watch seen_{bench_.data().string()};
+};
 
 TEST_P(Counted, TheLibrarySeesWhatTheSystemSees) {
-  const act what = act_of(GetParam());
-  workbench bench;
-  bench.lay_out(what.before);
-  program started = what.on(bench);
-  const fs::path notes = bench.beside("notes");
-  started.environment = {"LD_PRELOAD=" VELORIN_FAULT_PRELOAD, "VELORIN_FAULT_FOLDER=" + bench.data().string(),
-                         "VELORIN_FAULT_NOTES=" + notes.string()};
-  call_watch seen(bench.data().string());
-  traced_run run(bench, started);
-  if (!run.refused().empty()) GTEST_SKIP() << run.refused();
-  while (const auto stop = run.next()) seen.take(run, *stop);
-  const ending end = run.end();
-  ASSERT_EQ(end.status, 0) << end.err;
-
+  watch();
+  if (IsSkipped() || HasFatalFailure()) return;
   std::vector<std::string> noted;
-  std::istringstream lines(bytes_of_file(notes));
+  std::istringstream lines(bytes_of_file(notes()));
   for (std::string line; std::getline(lines, line);) noted.push_back(line);
   EXPECT_GT(noted.size(), 8U);
-  EXPECT_THAT(with_lists_told_once(noted), ::testing::ElementsAreArray(with_lists_told_once(seen.calls)));
-  std::cout << GetParam() << ": " << seen.calls.size() << " calls\n";
+  EXPECT_THAT(with_lists_told_once(noted), ::testing::ElementsAreArray(with_lists_told_once(seen_.calls)));
+  std::cout << GetParam() << ": " << seen_.calls.size() << " calls\n";
 }
 
+class Written : public Counted {};
+
+// Else a file that lost its bytes could take the place of a whole one when the power goes.
+TEST_P(Written, IsSynchronisedBeforeItIsRenamed) {
+  watch();
+  if (IsSkipped() || HasFatalFailure()) return;
+  std::size_t renamed = 0;
+  std::ptrdiff_t last_rename = -1;
+  const auto count = static_cast<std::ptrdiff_t>(seen_.calls.size());
+  for (std::ptrdiff_t at = 0; at < count; ++at) {
+    const std::string& call = seen_.calls[static_cast<std::size_t>(at)];
+    if (!call.starts_with("rename ")) continue;
+    const std::string path = call.substr(call.find(' ') + 1);
+    const std::ptrdiff_t written = last("write", path, at);
+    EXPECT_GE(written, 0) << path;
+    EXPECT_GT(last("sync", path, at), written) << path << " is renamed without having been synchronised";
+    EXPECT_GT(last("sync", fs::path(path).parent_path().string(), count), at)
+        << "the folder of " << path << " is not synchronised afterwards";
+    ++renamed;
+    last_rename = at;
+  }
+  EXPECT_EQ(renamed, what_.writes.size());
+  if (what_.apart) return;
+  // Of files that belong together all are safe before the first is renamed.
+  const auto first = std::find_if(seen_.calls.begin(), seen_.calls.end(),
+                                  [](const std::string& call) { return call.starts_with("rename "); });
+  for (auto call = first; call != seen_.calls.begin() + last_rename; ++call) {
+    EXPECT_FALSE(call->starts_with("write ")) << *call;
+    const bool file = call->starts_with("sync ") && !fs::is_directory(call->substr(call->find(' ') + 1));
+    EXPECT_FALSE(file) << *call << " behind the first renaming";
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Acts, Written, ::testing::ValuesIn(writing_act_names()),
+                         [](const auto& of) { return of.param; });
 INSTANTIATE_TEST_SUITE_P(Acts, Counted, ::testing::ValuesIn(act_names()), [](const auto& of) { return of.param; });
 
 }  // namespace
