@@ -3,7 +3,6 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -77,19 +76,6 @@ void create_if_missing(const std::filesystem::path& file) {
   const descriptor opened(open_file(file, O_RDONLY | O_CREAT, 0666));
   if (!opened.open()) raise_file_error("The file cannot be created", errno, file);
 }
-
-folder_lock::folder_lock(const std::filesystem::path& file) {
-  folder_ = open_file(folder_of(real_file(file)), O_RDONLY | O_DIRECTORY);
-  if (folder_ < 0) raise_file_error("The folder of the file cannot be opened", errno, file);
-  while (::flock(folder_, LOCK_EX) != 0) {
-    if (errno == EINTR) continue;
-    const int cause = errno;
-    ::close(folder_);
-    raise_file_error("The folder of the file cannot be locked", cause, file);
-  }
-}
-
-folder_lock::~folder_lock() { ::close(folder_); }
 
 staged_files::staged_files(std::vector<std::filesystem::path> targets) {
   for (const std::filesystem::path& target : targets) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "database/file_calls.h"
+#include "database/folder_lock.h"
 
 // Files are read and replaced as a whole. A new content goes to "<name>.new" beside the file, is synchronised and
 // renamed over the old one: a kill, a full disk or a crash at any moment leaves the old file or the new one. A
@@ -38,20 +39,6 @@ std::optional<std::string> read_file(const std::filesystem::path& file);
 /// Creates the file empty if there is none; changes nothing else. Raises run_time_error (file).
 void create_if_missing(const std::filesystem::path& file);
 
-/// The turn of one program at a folder: while one holds it, another that asks for it waits. The lock is the folder
-/// itself and leaves nothing behind. Not recursive: a second lock of the same folder in one program waits for ever.
-class folder_lock {
- public:
-  /// Takes the turn at the folder in which `file` lies. Raises run_time_error (file).
-  explicit folder_lock(const std::filesystem::path& file);
-  ~folder_lock();
-  folder_lock(const folder_lock&) = delete;
-  folder_lock& operator=(const folder_lock&) = delete;
-
- private:
-  int folder_ = -1;
-};
-
 /// Files that are replaced together. Requires the lock of their folder.
 class staged_files {
  public:
@@ -71,7 +58,6 @@ class staged_files {
   /// Raises run_time_error (file). What fails up to the first renaming leaves all old files as they were. What fails in
   /// a later one the next replacement finishes, once the cause is gone. Where only a folder fails, all files are new.
   void put_in_place();
-
  private:
   struct staged_file {
     std::filesystem::path target;

@@ -373,30 +373,6 @@ TEST_F(WholeFile, AFailedReplacementTakesTheNewContentAway) {
   EXPECT_THAT(names_in(folder), ElementsAre("f"));
 }
 
-TEST_F(WholeFile, OneWaitsWhileAnotherHoldsTheFolder) {
-  int ready[2];
-  ASSERT_EQ(::pipe(ready), 0);
-  const pid_t child = ::fork();
-  if (child == 0) {
-    const folder_lock turn(folder / "f");
-    if (::write(ready[1], "x", 1) != 1) ::_exit(1);
-    std::this_thread::sleep_for(std::chrono::milliseconds(200));
-    create_if_missing(folder / "done");  // the last act before the end gives the folder free
-    ::_exit(0);
-  }
-  char signal = 0;
-  ASSERT_EQ(::read(ready[0], &signal, 1), 1);
-  {
-    const folder_lock turn(folder / "f");
-    EXPECT_THAT(names_in(folder), ElementsAre("done"));
-  }
-  int status = -1;
-  ASSERT_EQ(::waitpid(child, &status, 0), child);
-  EXPECT_EQ(status, 0);
-  ::close(ready[0]);
-  ::close(ready[1]);
-}
-
 TEST_F(WholeFile, TwoProgramsAtOnceLoseNothing) {
   constexpr int updates = 60;
   testing::set_up_finished_match();
