@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # One static library for each folder of src, with the same flags everywhere.
 
+include(CheckCXXCompilerFlag)
 include(CheckIPOSupported)
 
 find_program(CCACHE_PROGRAM ccache)
@@ -25,9 +26,22 @@ if(VELORIN_SANITIZE)
   target_compile_options(velorin_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
+# The programs as they are played: optimised as a whole, and hardened against what a file from elsewhere might make of a
+# fault of ours. tests/hardening looks at the programs.
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT VELORIN_SANITIZE)
+  set(VELORIN_HARDENED ON)
   check_ipo_supported(RESULT ipo LANGUAGES CXX)
   set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ${ipo})
+  target_compile_options(velorin_flags INTERFACE
+    -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
+    # The windows' library has its own kind of code that lies anywhere.
+    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:POSITION_INDEPENDENT_CODE>>>:-fPIE>)
+  target_link_options(velorin_flags INTERFACE
+    -Wl,-z,relro,-z,now,-z,noexecstack $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:-pie>)
+  check_cxx_compiler_flag(-fcf-protection VELORIN_KNOWS_CF_PROTECTION)
+  if(VELORIN_KNOWS_CF_PROTECTION)
+    target_compile_options(velorin_flags INTERFACE -fcf-protection)
+  endif()
 endif()
 
 # One file may see the names of the others of its lot.
