@@ -66,17 +66,20 @@ int error_of_rename(const std::filesystem::path& from, const std::filesystem::pa
   return rename_file(from, to) ? 0 : errno;
 }
 
+/// What has been found of an exchange that was cut off, and done about it.
+enum class cut_off { nothing, undone, finished, idle_spare };
+
 /// Settles an exchange that was cut off: one that had renamed the second file alone is undone, one that had renamed the
-/// first, too, is finished. True if there is a plain dummy.txt beside both files all the same. Requires the lock of the
+/// first, too, is finished. Tells of a plain dummy.txt beside both files, which is left. Requires the lock of the
 /// folder. Raises run_time_error (file): `tried` tells what cannot be done then.
-bool settle_exchange(const char* tried) {
-  if (occupant_of(spare_file()) != occupant::plain_file) return false;
+cut_off settle_exchange(const char* tried) {
+  if (occupant_of(spare_file()) != occupant::plain_file) return cut_off::nothing;
   for (const std::filesystem::path& file : {second_file(), first_file()}) {
     if (occupant_of(file) != occupant::none) continue;
     if (const int cause = error_of_rename(spare_file(), file)) raise_file_error(tried, cause, spare_file());
-    return false;
+    return file == first_file() ? cut_off::finished : cut_off::undone;
   }
-  return true;
+  return cut_off::idle_spare;
 }
 
 }  // namespace
@@ -88,7 +91,7 @@ void write_eleven(side which, const eleven& men) {
   }
   const std::filesystem::path path = which == side::first ? first_file() : second_file();
   const folder_lock turn(path);
-  const bool spare_is_idle = settle_exchange("The eleven cannot be written");
+  const bool spare_is_idle = settle_exchange("The eleven cannot be written") == cut_off::idle_spare;
   slot_file file = slot_file::read(path, eleven_slot);
   for (int i = 1; i <= 11; ++i) file.put(i, encoded(men[i]), men[i].name);
   replace_file(path, file.bytes());
@@ -107,13 +110,13 @@ void read_elevens() {
   read_eleven(second_file(), match.bowling_xi);
 }
 
-void swap_elevens() {
+void swap_elevens(bool again) {
   if (files.elevens_in_memory) {
     held.exchanged = !held.exchanged;
     return;
   }
   const folder_lock turn(first_file());
-  settle_exchange(cannot_exchange);
+  if (settle_exchange(cannot_exchange) == cut_off::finished && again) return;
   if (occupant_of(spare_file()) != occupant::none) {
     raise_file_error(cannot_exchange, EEXIST, spare_file());
   }

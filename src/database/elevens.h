@@ -19,7 +19,8 @@ void read_elevens();
 
 /// Exchanges the two elevens by renaming the files, the second by way of dummy.txt. Raises run_time_error (file): both
 /// files are as they were then, or, where the renaming cannot be taken back, one of them is dummy.txt. That, like what
-/// a killed exchange leaves, is settled by the next write_eleven or swap_elevens.
-void swap_elevens();
+/// a killed exchange leaves, is settled by the next write_eleven or swap_elevens. `again`: this exchange has failed
+/// before, and is done where settling it is enough.
+void swap_elevens(bool again = false);
 
 }  // namespace velorin

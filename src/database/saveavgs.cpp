@@ -174,13 +174,21 @@ void update_career() {
   replace_file(files.rec, careers_with_match().bytes());
 }
 
-void update_career_and_records() {
+void match_update::run() {
   if (!files.updates) return;
   const folder_lock turn(files.rec);
   staged_files staged({files.rec, files.ptr});
+  if (added_) return staged.synchronise_folders();
   staged.write(careers_with_match().bytes());
   staged.write(records_with_match().bytes());
-  staged.put_in_place();
+  try {
+    staged.put_in_place();
+  } catch (const run_time_error&) {
+    added_ = staged.begun();
+    throw;
+  }
 }
+
+void update_career_and_records() { match_update().run(); }
 
 }  // namespace velorin

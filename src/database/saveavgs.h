@@ -16,10 +16,20 @@ void update_career();
 /// subscript); rewrites <base>.ptr.
 void update_records();
 
-/// Both, as the end of a match does it. Requires, reads and raises as they do. Neither file is replaced before the new
-/// content of both is written: a failure leaves both as they were or, if it is the renaming of the second, to the next
-/// update to finish, which adds to the files as they are then; if only the folder could not be synchronised, both are
-/// new.
+/// Both, as the end of a match does it; what has failed may be tried again.
+class match_update {
+ public:
+  /// Adds the match to both. Requires, reads and raises as they do. Neither file is replaced before the new content of
+  /// both is written: a failure leaves both as they were or, if it is the renaming of the second, to the next update to
+  /// finish, which adds to the files as they are then; if only the folder could not be synchronised, both are new.
+  /// Called again after a failure, it does what is left to be done: no match is added twice.
+  void run();
+
+ private:
+  bool added_ = false;  ///< by an earlier run, which then failed
+};
+
+/// One run of a match_update.
 void update_career_and_records();
 
 }  // namespace velorin

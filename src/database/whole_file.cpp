@@ -159,6 +159,10 @@ void staged_files::put_in_place() {
     if (!renamed) raise_file_error("The file cannot be replaced", errno, file.target);
     begun_ = true;
   }
+  synchronise_folders();
+}
+
+void staged_files::synchronise_folders() const {
   std::set<std::filesystem::path> done;
   for (const staged_file& file : files_) {
     if (!done.insert(folder_of(file.target)).second || synchronise_folder(folder_of(file.target))) continue;

@@ -58,6 +58,12 @@ class staged_files {
   /// Raises run_time_error (file). What fails up to the first renaming leaves all old files as they were. What fails in
   /// a later one the next replacement finishes, once the cause is gone. Where only a folder fails, all files are new.
   void put_in_place();
+  /// The first has been renamed: the files are new, or the next replacement makes them so.
+  bool begun() const { return begun_; }
+
+  /// Synchronises the folders alone. Raises run_time_error (file).
+  void synchronise_folders() const;
+
  private:
   struct staged_file {
     std::filesystem::path target;

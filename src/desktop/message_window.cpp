@@ -40,18 +40,16 @@ QPixmap icon_of(MessageWindow::Kind kind, qreal scale) {
   return icon;
 }
 
-}  // namespace
-
-MessageWindow::MessageWindow(const message_box& message, Kind kind, QWidget* parent)
-    : Form(QStringLiteral("message"), Dismissal::closes, parent) {
-  set_title(shown(message.title), {});
-  setAccessibleDescription(shown(message.text));
+/// Fills the form with the icon, the title and the text.
+void lay_out(Form& form, const message_box& message, MessageWindow::Kind kind) {
+  form.set_title(shown(message.title), {});
+  form.setAccessibleDescription(shown(message.text));
   auto* row = new QHBoxLayout;
   row->setSpacing(16);
   auto* icon = new_label({});
   icon->setObjectName(QStringLiteral("icon"));
-  const bool failed = kind == Kind::failure;
-  icon->setPixmap(icon_of(kind, devicePixelRatioF()));
+  const bool failed = kind == MessageWindow::Kind::failure;
+  icon->setPixmap(icon_of(kind, form.devicePixelRatioF()));
   icon->setAccessibleName(failed ? QStringLiteral("Failure") : QStringLiteral("Information"));
   row->addWidget(icon, 0, Qt::AlignTop);
   auto* texts = new QVBoxLayout;
@@ -65,10 +63,33 @@ MessageWindow::MessageWindow(const message_box& message, Kind kind, QWidget* par
   texts->addWidget(title);
   texts->addWidget(text, 1);
   row->addLayout(texts, 1);
-  body()->addLayout(row);
+  form.body()->addLayout(row);
+}
+
+}  // namespace
+
+MessageWindow::MessageWindow(const message_box& message, Kind kind, QWidget* parent)
+    : Form(QStringLiteral("message"), Dismissal::closes, parent) {
+  lay_out(*this, message, kind);
   auto* ok = add_default_button(QStringLiteral("OK"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
                                 [this] { accept(); });
   ok->setFocus();
+}
+
+SaveFailedWindow::SaveFailedWindow(const failed_save& failed, QWidget* parent)
+    : Form(QStringLiteral("save_failed"), Dismissal::refused, parent) {
+  lay_out(*this, {"Not saved", failed.cause + "\n\n" + failed.without}, MessageWindow::Kind::failure);
+  const auto choosing = [this](save_answer answer) {
+    return [this, answer] {
+      answer_ = answer;
+      accept();
+    };
+  };
+  add_button(QStringLiteral("go_on"), {.caption = QStringLiteral("Go on without saving"), .mnemonic = u'G'},
+             choosing(save_answer::go_on));
+  add_default_button(QStringLiteral("retry"), {.caption = QStringLiteral("Retry"), .mnemonic = u'R'},
+                     choosing(save_answer::retry))
+      ->setFocus();
 }
 
 void show_failure(const QString& title, const std::exception& error, QWidget* window) {

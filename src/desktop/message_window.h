@@ -18,6 +18,21 @@ class MessageWindow : public Form {
   explicit MessageWindow(const message_box& message, Kind kind = Kind::information, QWidget* parent = front_window());
 };
 
+/// Tells of a save that failed: the cause, what it means to go on without it, "Retry" and "Go on without saving". It
+/// needs an answer: Escape and the close box do nothing.
+class SaveFailedWindow : public Form {
+  Q_OBJECT
+
+ public:
+  explicit SaveFailedWindow(const failed_save& failed, QWidget* parent = front_window());
+
+  /// What the user has chosen, once the window is closed.
+  save_answer answer() const { return answer_; }
+
+ private:
+  save_answer answer_ = save_answer::give_up;
+};
+
 /// Tells over `window` that something failed which ends nothing, and waits until the user has read it.
 void show_failure(const QString& title, const std::exception& error, QWidget* window);
 

@@ -13,6 +13,7 @@
 #include "model/teams.h"
 #include "model/texts.h"
 #include "ui/front_end.h"
+#include "ui/saving.h"
 
 namespace velorin {
 
@@ -129,6 +130,11 @@ void swap_totals() {
   std::swap(match.innings_leg_byes, match.first_leg_byes);
 }
 
+void save_match() {
+  match_update update;
+  saved("If you go on without saving, this match is missing from the careers and records.", [&] { update.run(); });
+}
+
 void open_second_innings() {
   match.over_no = 1;
   name_openers();
@@ -164,7 +170,7 @@ void change_innings() {
 
 void finish_match() {
   record_unbroken_stand(match.score_wickets, match.batting_xi);
-  update_career_and_records();
+  save_match();
   match.score_runs = 0;
   match.score_wickets = 0;
   if (match.human_involved()) match.console_open = false;

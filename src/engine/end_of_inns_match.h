@@ -16,7 +16,8 @@ void end_of_ball_check();
 void change_innings();
 
 /// The end of a match: records the unbroken stand, updates careers and records, closes the console and resets the
-/// match. Requires the result block. Raises what the updates raise.
+/// match. Requires the result block. Where the update fails, the user is asked; raises what it raises if he gives no
+/// answer.
 void finish_match();
 
 }  // namespace velorin

@@ -94,6 +94,7 @@ void clear(match_set_up& set_up) {
   clear(set_up.squads);
   clear(set_up.selected);
   set_up.elevens_exchanged = false;
+  set_up.elevens_unsaved = false;
   set_up.first_team_done = false;
 }
 

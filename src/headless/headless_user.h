@@ -15,6 +15,7 @@ class headless_user : public front_end {
   std::optional<std::array<int, 4>> conditions;
 
   void show(const message_box&) override {}
+  save_answer answer(const failed_save&) override { return save_answer::give_up; }
   void show(wecond& form) override;
   /// Raises run_time_error (endless) if no eleven can be made of the squad.
   void show(teamsel& form) override;

@@ -119,6 +119,7 @@ struct match_set_up {
   std::array<squad, 2> squads;            ///< the first and the second team's men, sorted
   std::array<eleven, 2> selected;         ///< the eleven of the team chosen first and of the other
   bool elevens_exchanged = false;         ///< the toss made the team chosen first the second
+  bool elevens_unsaved = false;           ///< the user has gone on without the files of the elevens
   bool first_team_done = false;           ///< the first side's selection is confirmed
 };
 

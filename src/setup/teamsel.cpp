@@ -4,9 +4,9 @@
 #include <algorithm>
 
 #include "browsers/allrecs.h"
-#include "database/elevens.h"
 #include "model/teams.h"
 #include "model/texts.h"
+#include "setup/elevens_in_play.h"
 #include "setup/toss.h"
 #include "ui/front_end.h"
 
@@ -62,7 +62,7 @@ void teamsel::confirm(int side_index) {
     to.bat_type = from.bat_type;
     to.bowler_type = from.bowler_type;
   }
-  write_eleven(side_index == 0 ? side::first : side::second, chosen);
+  save_selected(side_index);
   closed = true;
 }
 
@@ -70,6 +70,7 @@ void teamsel::command1_click() {
   if (ticked() != 11) return;
   match.first_team_done = true;
   match.elevens_exchanged = false;
+  match.elevens_unsaved = false;
   confirm(0);
 }
 

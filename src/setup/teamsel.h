@@ -39,7 +39,7 @@ struct teamsel {
   /// what read_career_table raises.
   void command5_click(int index) const;
   /// "OK" of the first team; it is shown while match.first_team_done is clear. Nothing happens unless exactly eleven
-  /// are ticked. Writes the eleven and closes the form. Raises what write_eleven raises.
+  /// are ticked. Writes the eleven and closes the form. Asks and raises what save_selected does.
   void command1_click();
   /// "OK" of the second team: likewise, then goes on with the toss and the match, and returns when it is over.
   void command2_click();

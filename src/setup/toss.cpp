@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/toss.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "captain/aicomp.h"
-#include "database/configuration.h"
-#include "database/elevens.h"
 #include "engine/driver.h"
-#include "engine/storage.h"
 #include "model/random.h"
 #include "model/teams.h"
+#include "setup/elevens_in_play.h"
 #include "ui/front_end.h"
 
 namespace velorin {
@@ -44,18 +41,6 @@ void hold_toss() {
     form.open();
   }
   user().show(form);
-}
-
-bool has_names(const eleven& men) {
-  return std::any_of(men.begin(), men.end(), [](const player_rec& man) { return !man.name.empty(); });
-}
-
-/// The files of the elevens serve every program on their folder, and another may have written its own since. The match
-/// is that of the men selected here.
-void keep_to_the_selected() {
-  if (files.elevens_in_memory || !has_names(match.selected[0]) || !has_names(match.selected[1])) return;
-  match.batting_xi = match.selected[match.elevens_exchanged ? 1 : 0];
-  match.bowling_xi = match.selected[match.elevens_exchanged ? 0 : 1];
 }
 
 }  // namespace
@@ -106,16 +91,14 @@ void toss::command3_click() {
 }
 
 void swap_teams() {
-  swap_elevens();
-  match.elevens_exchanged = !match.elevens_exchanged;
+  exchange_elevens();
   std::swap(match.team1_name, match.team2_name);
   std::swap(match.computer_bats, match.computer_bowls);
 }
 
 void toss_and_play() {
   hold_toss();
-  load_elevens();
-  keep_to_the_selected();
+  take_elevens();
   open_console();
   if (match.console_open && match.human_involved()) {
     main_console console;

@@ -29,7 +29,7 @@ struct toss {
   void command3_click();
 };
 
-/// Makes the first team the second: elevens, names, captains. Raises what swap_elevens raises.
+/// Makes the first team the second: elevens, names, captains. Asks and raises what exchange_elevens does.
 void swap_teams();
 
 /// The toss by the captains that the two teams have, then the elevens and the match. Requires both selections. Returns

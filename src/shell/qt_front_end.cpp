@@ -77,6 +77,13 @@ void QtFrontEnd::show(const message_box& message) {
   run_modal(window);
 }
 
+save_answer QtFrontEnd::answer(const failed_save& failed) {
+  refresh_console();
+  SaveFailedWindow window(failed);
+  run_modal(window);
+  return window.answer();
+}
+
 void QtFrontEnd::show(wecond& form) {
   unstopped_.match_begins();
   if (unstopped_.answers_match()) return unstopped_.user().show(form);

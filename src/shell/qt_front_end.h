@@ -3,6 +3,7 @@
 
 #include <QPointer>
 
+#include "shell/turn_waiting.h"
 #include "shell/unstopped_play.h"
 #include "ui/front_end.h"
 
@@ -20,6 +21,7 @@ class QtFrontEnd : public front_end {
   ~QtFrontEnd() override;
 
   void show(const message_box& message) override;
+  save_answer answer(const failed_save& failed) override;
   void show(wecond& form) override;
   void show(teamsel& form) override;
   void show(toss& form) override;
@@ -51,6 +53,7 @@ class QtFrontEnd : public front_end {
   QPointer<Form> busy_;                   // the window below the progress: it takes no input meanwhile
   QPointer<ProgressbarWindow> progress_;  // while an unattended match runs; the window below it owns it
   UnstoppedPlay unstopped_;
+  TurnWaiting turns_;
 };
 
 }  // namespace velorin

@@ -30,6 +30,15 @@ struct message_box {
   std::string text;
 };
 
+/// A save of the game that has failed. Texts are single bytes of Windows-1252.
+struct failed_save {
+  std::string cause;    ///< what happened and where, in one line
+  std::string without;  ///< what it means to go on without it
+};
+
+/// What is to be done about it. Given up, it is a failure like any other.
+enum class save_answer { retry, go_on, give_up };
+
 /// The reading screens, which need nothing but the match.
 enum class report { scorecard, scorecard2, bowlcard, bowlcard2nd, partners, partners2, graphs, worms };
 
@@ -39,6 +48,8 @@ class front_end {
 
   /// Shows a message until it is dismissed.
   virtual void show(const message_box& message) = 0;
+  /// Tells of a save that has failed, and asks what is to be done.
+  virtual save_answer answer(const failed_save& failed) = 0;
 
   /// Set-up: shows the form modally until one of its handlers has closed it.
   virtual void show(wecond& form) = 0;

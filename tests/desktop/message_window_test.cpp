@@ -81,5 +81,37 @@ TEST(MessageWindow, ALongTextIsShownWhole) {
   check_window_at_sizes(wrapped);
 }
 
+const failed_save full_disk{"The file cannot be written: No space left on device (file world.rec)",
+                            "If you go on without saving, this match is missing from the careers and records."};
+
+TEST(SaveFailedWindow, OffersToRetryAndToGoOn) {
+  SaveFailedWindow window(full_disk);
+  window.show();
+  take_picture(window, "save_failed");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.windowTitle(), "Not saved");
+  EXPECT_EQ(control<QLabel>(window, "text")->text(),
+            QString::fromStdString(full_disk.cause + "\n\n" + full_disk.without));
+  EXPECT_EQ(control<QLabel>(window, "icon")->accessibleName(), "Failure");
+  EXPECT_TRUE(control<QPushButton>(window, "retry")->isDefault());
+  press(window, "go_on");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(window.answer(), save_answer::go_on);
+}
+
+TEST(SaveFailedWindow, EscapeIsNoAnswer) {
+  SaveFailedWindow window(full_disk);
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+  EXPECT_TRUE(window.isVisible());
+  window.close();
+  EXPECT_TRUE(window.isVisible());
+  QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(window.answer(), save_answer::retry);
+}
+
 }  // namespace
 }  // namespace velorin::testing

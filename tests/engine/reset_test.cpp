@@ -38,6 +38,7 @@ class Reset : public match_test {
     match.selected[1][1].name = "A.Chosen";
     match.first_team_done = true;
     match.elevens_exchanged = true;
+    match.elevens_unsaved = true;
     for (auto* list : {&match.fifty_list, &match.hundred_list, &match.five_wicket_list}) {
       (*list)[1] = "first";
       (*list)[22] = "last";
@@ -161,6 +162,7 @@ TEST_F(Reset, ConditionsAndSetUp) {
   }
   EXPECT_FALSE(match.first_team_done);
   EXPECT_FALSE(match.elevens_exchanged);
+  EXPECT_FALSE(match.elevens_unsaved);
 }
 
 TEST_F(Reset, LeavesTheResultTheCaptionsAndTheSignal) {

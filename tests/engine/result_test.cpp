@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -16,6 +17,7 @@
 #include "engine/driver.h"
 #include "engine/match_test.h"
 #include "model/random.h"
+#include "model/run_time_error.h"
 
 namespace velorin::testing {
 namespace {
@@ -203,8 +205,9 @@ class Lasting : public Result {
   void SetUp() override {
     Result::SetUp();
     before_ = files;
-    folder_ = std::filesystem::temp_directory_path() / ("velorin_engine_" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder_);
+    std::string pattern = (std::filesystem::temp_directory_path() / "velorin-engine-XXXXXX").string();
+    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern;
     files = database_paths(folder_, "world");
     files.elevens_in_memory = true;
   }
@@ -252,6 +255,48 @@ TEST_F(Lasting, AStrikerWhoIsTheLowerIsNamedTwice) {
   const record_lists lists = read_record_lists();
   EXPECT_EQ(lists.partnerships[1].batsman_a, "A.Bowl1");
   EXPECT_EQ(lists.partnerships[1].batsman_b, "A.Bowl1 * ");
+}
+
+TEST_F(Lasting, AFailedSaveIsTriedAgainAndTheMatchIsAddedOnce) {
+  home_make(times(6, hit(6)));
+  files.updates = true;
+  std::filesystem::create_directory(files.ptr);
+  user.on_failed_save.push_back([](const failed_save& failed) {
+    EXPECT_TRUE(failed.cause.ends_with("(file world.ptr)")) << failed.cause;
+    EXPECT_EQ(failed.without, "If you go on without saving, this match is missing from the careers and records.");
+    return save_answer::retry;
+  });
+  user.on_failed_save.push_back([](const failed_save&) {
+    std::filesystem::remove(files.ptr);
+    return save_answer::retry;
+  });
+  play(std::vector{hit(4)} + times(10, out()));
+  EXPECT_TRUE(user.on_failed_save.empty());
+  expect_result("Home", "Away", "  won by  32  runs");
+  expect_reset();
+  EXPECT_EQ(read_record_lists().lowest_totals[1].total, 4);
+  const career_table careers = read_career_table();
+  EXPECT_EQ(careers.career_team_count, 2);
+  EXPECT_EQ(careers.teams[1].players[1].matches, 1);
+}
+
+TEST_F(Lasting, TheUserCanGoOnWithoutSaving) {
+  home_make(times(6, hit(6)));
+  files.updates = true;
+  std::filesystem::create_directory(files.ptr);
+  user.on_failed_save.push_back([](const failed_save&) { return save_answer::go_on; });
+  play(std::vector{hit(4)} + times(10, out()));
+  expect_result("Home", "Away", "  won by  32  runs");
+  expect_reset();
+  EXPECT_FALSE(std::filesystem::exists(files.rec));
+}
+
+TEST_F(Lasting, AFailedSaveThatNobodyAnswersIsRaised) {
+  home_make(times(6, hit(6)));
+  files.updates = true;
+  std::filesystem::create_directory(files.ptr);
+  EXPECT_THROW(play(std::vector{hit(4)} + times(10, out())), run_time_error);
+  EXPECT_EQ(user.requests_of("failed save").size(), 1U);
 }
 
 }  // namespace

@@ -34,6 +34,10 @@ class opened_reports : public front_end {
 
   void open(report which) override { opened.push_back(which); }
   void show(const message_box&) override { refuse(); }
+  save_answer answer(const failed_save&) override {
+    refuse();
+    return save_answer::give_up;
+  }
   void show(wecond&) override { refuse(); }
   void show(teamsel&) override { refuse(); }
   void show(toss&) override { refuse(); }

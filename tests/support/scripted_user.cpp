@@ -13,7 +13,7 @@ namespace {
 
 /// Takes the next answer of a list. False if there is none.
 template <class Form>
-bool answer(std::deque<std::function<void(Form&)>>& answers, Form& form) {
+bool take_answer(std::deque<std::function<void(Form&)>>& answers, Form& form) {
   if (answers.empty()) return false;
   const auto next = answers.front();
   answers.pop_front();
@@ -29,34 +29,42 @@ void scripted_user::show(const message_box& message) {
   if (on_message) on_message(message);
 }
 
+save_answer scripted_user::answer(const failed_save& failed) {
+  requests.push_back("failed save " + failed.cause);
+  if (on_failed_save.empty()) return headless_user::answer(failed);
+  const auto next = on_failed_save.front();
+  on_failed_save.pop_front();
+  return next(failed);
+}
+
 void scripted_user::show(wecond& form) {
   requests.push_back("wecond");
-  if (!answer(on_wecond, form)) headless_user::show(form);
+  if (!take_answer(on_wecond, form)) headless_user::show(form);
 }
 
 void scripted_user::show(teamsel& form) {
   requests.push_back("teamsel " + form.heading());
-  if (!answer(on_teamsel, form)) headless_user::show(form);
+  if (!take_answer(on_teamsel, form)) headless_user::show(form);
 }
 
 void scripted_user::show(toss& form) {
   requests.push_back("toss " + form.label1);
-  if (!answer(on_toss, form)) headless_user::show(form);
+  if (!take_answer(on_toss, form)) headless_user::show(form);
 }
 
 void scripted_user::show(batorder& form) {
   requests.push_back("batorder " + form.title);
-  if (!answer(on_batorder, form)) headless_user::show(form);
+  if (!take_answer(on_batorder, form)) headless_user::show(form);
 }
 
 void scripted_user::show(chgbowler& form) {
   requests.push_back("chgbowler " + form.title);
-  if (!answer(on_chgbowler, form)) headless_user::show(form);
+  if (!take_answer(on_chgbowler, form)) headless_user::show(form);
 }
 
 void scripted_user::show(aggr& form) {
   requests.push_back("aggr" + form.label1_0);
-  if (!answer(on_aggr, form)) headless_user::show(form);
+  if (!take_answer(on_aggr, form)) headless_user::show(form);
 }
 
 void scripted_user::show(batsmandetails& form) {
@@ -94,25 +102,25 @@ void scripted_user::open(report which) {
 void scripted_user::show(sri_result& form) {
   requests.push_back("sri_result");
   series_results.push_back(form);
-  if (!answer(on_sri_result, form)) headless_user::show(form);
+  if (!take_answer(on_sri_result, form)) headless_user::show(form);
 }
 
 void scripted_user::show(triserresult& form) {
   requests.push_back("triserresult");
   tri_tables.push_back(form);
-  if (!answer(on_triserresult, form)) headless_user::show(form);
+  if (!take_answer(on_triserresult, form)) headless_user::show(form);
 }
 
 void scripted_user::show(wc_fix& form) {
   requests.push_back("wc_fix");
   fixture_lists.push_back(form);
-  if (!answer(on_wc_fix, form)) headless_user::show(form);
+  if (!take_answer(on_wc_fix, form)) headless_user::show(form);
 }
 
 void scripted_user::show(wcsstab& form) {
   requests.push_back("wcsstab");
   cup_tables.push_back(form);
-  if (!answer(on_wcsstab, form)) headless_user::show(form);
+  if (!take_answer(on_wcsstab, form)) headless_user::show(form);
 }
 
 std::vector<std::string> scripted_user::requests_of(const std::string& kind) const {

@@ -21,7 +21,7 @@ class scripted_user : public headless_user {
  public:
   /// Every request as a line: "message TITLE | TEXT", "wecond", "teamsel TEAM", "toss HEADLINE", "batorder TITLE",
   /// "chgbowler TITLE", "aggr NAME", "batsmandetails HEADLINE", "console", "report N", "sri_result", "triserresult",
-  /// "wc_fix", "wcsstab".
+  /// "wc_fix", "wcsstab", "failed save CAUSE".
   std::vector<std::string> requests;
   std::vector<message_box> messages;
   /// Each showing of a competition's windows, as it opened.
@@ -44,6 +44,7 @@ class scripted_user : public headless_user {
   std::deque<std::function<void(triserresult&)>> on_triserresult;
   std::deque<std::function<void(wc_fix&)>> on_wc_fix;
   std::deque<std::function<void(wcsstab&)>> on_wcsstab;
+  std::deque<std::function<save_answer(const failed_save&)>> on_failed_save;
   std::function<void(const message_box&)> on_message;
   std::function<void(batsmandetails&)> on_batsmandetails;  ///< looks at the form before it is closed
   std::function<void(main_console&)> on_console;           ///< instead of pressing Next Over to the end
@@ -52,6 +53,7 @@ class scripted_user : public headless_user {
 
   using headless_user::show;
   void show(const message_box& message) override;
+  save_answer answer(const failed_save& failed) override;
   void show(wecond& form) override;
   void show(teamsel& form) override;
   void show(toss& form) override;
