@@ -33,7 +33,8 @@ score_view view_score() {
     const int target = match.first_total + 1;
     const int left = 300 - match.innings_balls;
     view.target = fmt::format("Target {}", target);
-    view.needed = fmt::format("need {} from {} {}", target - match.score_runs, left, left == 1 ? "ball" : "balls");
+    const int needed = target - match.score_runs;
+    if (needed > 0) view.needed = fmt::format("need {} from {} {}", needed, left, left == 1 ? "ball" : "balls");
   }
   return view;
 }

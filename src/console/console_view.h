@@ -19,7 +19,7 @@ struct score_view {
   std::string team1;       ///< full name of the batting side
   std::string team2;       ///< full name of the bowling side
   std::string target;      ///< in a chase: "Target " and the runs that win
-  std::string needed;      ///< in a chase: what is needed from how many balls
+  std::string needed;      ///< in a chase: what is needed from how many balls, empty once it is made
 };
 
 /// One batsman at the crease.
@@ -60,13 +60,14 @@ struct rate_cell {
   std::string text;
 };
 
-/// The rate panel: projections in a first innings, the chase in a second.
+/// The rate panel: projections in a first innings, the chase in a second. From the change of innings on it shows
+/// figures of the new innings alone.
 struct rates_view {
   std::string label15_20;  ///< last five overs
   bool chase = false;
   std::vector<rate_cell> label26;  ///< projections: cells 0 to 4; chase: 0 to 6
-  std::string label15_4;           ///< chase: "To win ", short name, " need..."
-  std::string label15_12;          ///< chase: the stage in overs
+  std::string label15_4;           ///< chase: "To win ", short name, " need..."; empty once it is made
+  std::string label15_12;          ///< chase: the stage in overs; empty while nothing was bowled
   std::string label15_13;          ///< chase: this side's score
   std::string label15_14;          ///< chase: the other side's score at this stage
   std::string first_innings;       ///< chase: summary of the first innings

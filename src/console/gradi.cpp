@@ -50,8 +50,7 @@ void refresh_rates() {
   rates.score_wickets = match.score_wickets;
   rates.innings_balls = match.innings_balls;
   rates.over_no = match.over_no;
-  rates.first_total = match.first_total;
-  rates.projection_empty = false;
+  rates.of_innings_before = false;
   const int left = 300 - match.innings_balls;
   if (match.first_total != 0 && left > 0) {
     rates.required_rate = round_to((match.first_total + 1 - match.score_runs) * 6.0 / left, 2);
@@ -88,14 +87,14 @@ void advance_clock() { book(match.clock_minutes, 4, "clock_minutes", match.venue
 void prepare_chase_display() {
   const rate_figures& rates = match.rates;
   projection_text& projection = match.first_innings_projection;
-  if (rates.projection_empty) {
+  if (rates.of_innings_before) {
     projection = {};
   } else if (rates.innings_balls == 0) {
     projection = {projection_text::kind::dash, 0};
   } else {
     projection = {projection_text::kind::number, rates.score_runs + 300 - rates.innings_balls};
   }
-  match.rates.projection_empty = true;
+  match.rates.of_innings_before = true;
   match.bowler_list = {};
   match.ball_commentary.clear();
   match.score_runs = 0;

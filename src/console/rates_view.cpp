@@ -28,21 +28,21 @@ logged count_overs(const ball_log_table& log, int from, int to) {
   return sum;
 }
 
-std::string last_five() {
-  const rate_figures& rates = match.rates;
+/// What the panel is written from: the figures of the last refresh, and none before the first of an innings. The rates
+/// of the match keep those of the innings before until then, since the projection is frozen from them.
+rate_figures figures_of_this_innings() { return match.rates.of_innings_before ? rate_figures{} : match.rates; }
+
+std::string last_five(const rate_figures& rates) {
   const int overs = rates.innings_balls / 6;
   if (overs - 4 <= 0) return " - ";
   // Only overs that were complete at the refresh; the one in progress was still empty then.
   const int last = overs < rates.over_no ? overs : rates.over_no - 1;
-  // Between the change of innings and the first refresh after it the cell keeps the value of the innings before.
-  const ball_log_table& log = rates.projection_empty ? match.first_ball_log : match.ball_log;
-  return number_text(round_to(count_overs(log, overs - 4, last).runs / 5.0, 2));
+  return number_text(round_to(count_overs(match.ball_log, overs - 4, last).runs / 5.0, 2));
 }
 
-std::vector<rate_cell> projections() {
+std::vector<rate_cell> projections(const rate_figures& rates) {
   std::vector<rate_cell> cells = {
       {"Current RR", "-"}, {"4 per over", "-"}, {"6 per over", "-"}, {"8 per over", "-"}, {"10 per over", "-"}};
-  const rate_figures& rates = match.rates;
   if (rates.innings_balls == 0) return cells;
   const double runs = rates.score_runs;
   const double balls = rates.innings_balls;
@@ -55,21 +55,18 @@ std::vector<rate_cell> projections() {
   return cells;
 }
 
-std::vector<rate_cell> chase_cells(bool refreshed) {
+int runs_needed(const rate_figures& rates) { return match.first_total + 1 - rates.score_runs; }
+
+std::vector<rate_cell> chase_cells(const rate_figures& rates) {
   std::vector<rate_cell> cells = {{"Runs Reqd.", ""},   {"Overs rem.", ""}, {"RR Reqd.", ""},  {"Current RR", ""},
                                   {"Wkts in hand", ""}, {"Target", ""},     {"Initial RR", ""}};
-  if (!refreshed) {
-    // Only the cell at 6 an over has been emptied; the others still show the projections.
-    const std::vector<rate_cell> before = projections();
-    for (const std::size_t i : {0, 1, 3, 4}) cells[i].text = before[i].text;
-    return cells;
-  }
-  const rate_figures& rates = match.rates;
   const int target = match.first_total + 1;
   const int left = 300 - rates.innings_balls;
-  cells[0].text = number_text(target - rates.score_runs);
+  if (runs_needed(rates) > 0) {
+    cells[0].text = number_text(runs_needed(rates));
+    if (rates.required_rate_shown) cells[2].text = number_text(rates.required_rate);
+  }
   cells[1].text = fmt::format("{} ({}b)", overs_from_balls(left), left);
-  if (rates.required_rate_shown) cells[2].text = number_text(rates.required_rate);
   if (rates.innings_balls > 0) {
     cells[3].text = number_text(round_to(static_cast<double>(rates.score_runs) / rates.innings_balls * 6, 2));
   }
@@ -79,20 +76,14 @@ std::vector<rate_cell> chase_cells(bool refreshed) {
   return cells;
 }
 
-void add_comparison(rates_view& view, bool refreshed) {
-  const rate_figures& rates = match.rates;
+void add_comparison(rates_view& view, const rate_figures& rates) {
   const std::string us = short_name(match.team1_name);
   const std::string them = short_name(match.team2_name);
   view.first_innings = fmt::format("{} {}/{}", them, int(match.first_total), int(match.first_wickets));
   view.first_innings_overs = overs_from_balls(match.first_balls) + " Overs";
-  if (!refreshed) {
-    view.label15_13 = us + " are 0/0";
-    view.label15_14 = them + " were 0/0";
-    return;
-  }
-  view.label15_4 = "To win " + us + " need...";
+  if (runs_needed(rates) > 0) view.label15_4 = "To win " + us + " need...";
   const logged stage = count_overs(match.first_ball_log, 1, rates.innings_balls / 6);
-  view.label15_12 = number_text(rates.innings_balls / 6.0) + " Overs";
+  if (rates.innings_balls > 0) view.label15_12 = overs_from_balls(rates.innings_balls) + " Overs";
   view.label15_13 = fmt::format("{} are {}/{}", us, rates.score_runs, rates.score_wickets);
   view.label15_14 = fmt::format("{} were {}/{}", them, stage.runs, stage.wickets);
 }
@@ -100,17 +91,12 @@ void add_comparison(rates_view& view, bool refreshed) {
 }  // namespace
 
 rates_view view_rates() {
+  const rate_figures rates = figures_of_this_innings();
   rates_view view;
-  view.label15_20 = last_five();
+  view.label15_20 = last_five(rates);
   view.chase = match.first_total != 0;
-  if (!view.chase) {
-    view.label26 = projections();
-    if (match.rates.projection_empty) view.label26[2].text.clear();
-    return view;
-  }
-  const bool refreshed = match.rates.first_total != 0;
-  view.label26 = chase_cells(refreshed);
-  add_comparison(view, refreshed);
+  view.label26 = view.chase ? chase_cells(rates) : projections(rates);
+  if (view.chase) add_comparison(view, rates);
   return view;
 }
 

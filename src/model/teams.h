@@ -137,15 +137,16 @@ struct bowler_row {
   integer wickets;
 };
 
-/// What the rate panel last showed: the figures of its last refresh, from which its cells are written.
+/// The figures of the console's last refresh. The rate panel is written from them, and the projection is frozen from
+/// them at the change of innings, which keeps them.
 struct rate_figures {
   int score_runs = 0;
   int score_wickets = 0;
-  integer innings_balls;          ///< 0: the cells show "-"
-  integer over_no;                ///< the over then about to begin
-  integer first_total;            ///< 0: projections, else the chase panel
-  bool projection_empty = false;  ///< the cell at 6 an over was emptied at the change of innings
-  double required_rate = 0;       ///< last value of "RR Reqd."
+  integer innings_balls;  ///< 0: nothing bowled yet
+  integer over_no;        ///< the over then about to begin
+  bool of_innings_before =
+      false;                 ///< the innings has changed since: the projection is spent, the panel shows none of it
+  double required_rate = 0;  ///< last value of "RR Reqd."
   bool required_rate_shown = false;
 };
 

@@ -51,6 +51,24 @@ TEST_F(ConsoleView, ScoreInPlay) {
   EXPECT_EQ(view.label15_19, "5.69");
 }
 
+TEST_F(ConsoleView, TheHeadTellsWhatAChaseNeeds) {
+  EXPECT_EQ(view_score().target, "");
+  EXPECT_EQ(view_score().needed, "");
+  match.first_total = 250;
+  match.score_runs = 240;
+  match.innings_balls = 288;
+  EXPECT_EQ(view_score().target, "Target 251");
+  EXPECT_EQ(view_score().needed, "need 11 from 12 balls");
+  match.score_runs = 250;
+  match.innings_balls = 299;
+  EXPECT_EQ(view_score().needed, "need 1 from 1 ball");
+  for (const int made : {251, 256}) {
+    match.score_runs = made;
+    EXPECT_EQ(view_score().needed, "") << made;
+    EXPECT_EQ(view_score().target, "Target 251") << made;
+  }
+}
+
 TEST_F(ConsoleView, RatesHaveTwoPlacesAndNoFill) {
   struct row {
     int runs, balls;

@@ -75,15 +75,30 @@ TEST_F(RatesView, LastFiveChangesOnlyWithARefresh) {
   EXPECT_EQ(view_rates().label15_20, "6");
 }
 
-TEST_F(RatesView, LastFiveKeepsItsValueUntilTheFirstOverOfTheChase) {
+TEST_F(RatesView, LastFiveEndsWithTheLastCompletedOver) {
+  // Balls that count beyond six an over: 36 of them make five overs, and 42 make six.
+  for (int over = 1; over <= 5; ++over) write_over(match.ball_log, over, {"1", "0", "0", "0", "0", "0"});
+  match.innings_balls = 36;
+  match.over_no = 6;
+  refresh_rates();
+  EXPECT_EQ(view_rates().label15_20, "0.8") << "overs 2 to 5, and the sixth still empty";
+  write_over(match.ball_log, 6, {"5", "", "", "", "", ""});
+  EXPECT_EQ(view_rates().label15_20, "0.8") << "the over in progress does not count";
+  match.innings_balls = 42;
+  match.over_no = 7;
+  refresh_rates();
+  EXPECT_EQ(view_rates().label15_20, "1.6") << "overs 3 to 6";
+}
+
+TEST_F(RatesView, LastFiveIsEmptyUntilTheFifthOverOfTheChase) {
   for (int over = 45; over <= 49; ++over) write_over(match.ball_log, over, {"1", "1", "1", "1", "1", "2"});
   refresh_at(240, 5, 294);
+  EXPECT_EQ(view_rates().label15_20, "7");
   std::swap(match.ball_log, match.first_ball_log);
   start_chase();
   match.innings_balls = 0;
   prepare_chase_display();
-  EXPECT_EQ(view_rates().label15_20, "7");
-  match.over_no = 1;
+  EXPECT_EQ(view_rates().label15_20, " - ");
   refresh_at(4, 0, 6);
   EXPECT_EQ(view_rates().label15_20, " - ");
 }
@@ -168,7 +183,7 @@ TEST_F(RatesView, ComparisonIsRecountedFromTheFirstInningsLog) {
   write_over(match.first_ball_log, 3, {"W", "1", "1", "1", "1", "1"});
   refresh_at(20, 1, 12);
   rates_view view = view_rates();
-  EXPECT_EQ(view.label15_12, "2 Overs");
+  EXPECT_EQ(view.label15_12, "2.0 Overs");
   EXPECT_EQ(view.label15_13, "Hom are 20/1");
   EXPECT_EQ(view.label15_14, "OA were 28/3");
   refresh_at(21, 1, 18);
@@ -180,31 +195,68 @@ TEST_F(RatesView, ComparisonAfterAnOverOfSevenBalls) {
   write_over(match.first_ball_log, 1, {"1", "0", "0", "0", "0", "0"});
   write_over(match.first_ball_log, 2, {"6", "0", "0", "0", "0", "0"});
   refresh_at(3, 0, 9);
-  EXPECT_EQ(view_rates().label15_12, "1.5 Overs");
+  EXPECT_EQ(view_rates().label15_12, "1.3 Overs");
   EXPECT_EQ(view_rates().label15_14, "OA were 1/0");
 }
 
-TEST_F(RatesView, TheChaseOpensWithBothSidesAtNothing) {
+TEST_F(RatesView, StagesAreWrittenInOversAndBalls) {
+  start_chase();
+  for (const auto& [balls, shown] :
+       {std::pair{1, "0.1 Overs"}, {5, "0.5 Overs"}, {6, "1.0 Overs"}, {299, "49.5 Overs"}}) {
+    refresh_at(1, 0, balls);
+    EXPECT_EQ(view_rates().label15_12, shown);
+  }
+}
+
+TEST_F(RatesView, ANeedOfNothingIsNotShown) {
+  start_chase();
+  refresh_at(250, 3, 120);
+  EXPECT_EQ(view_rates().label15_4, "To win Hom need...");
+  EXPECT_THAT(cells(), ElementsAre("1", "30.0 (180b)", "0.03", "12.5", "7", "251", "5.02"));
+  for (const int runs : {251, 256}) {
+    refresh_at(runs, 3, 120);
+    EXPECT_EQ(view_rates().label15_4, "") << runs;
+    EXPECT_EQ(cells()[0], "") << runs;
+    EXPECT_EQ(cells()[2], "") << runs;
+    EXPECT_EQ(cells()[5], "251") << runs;
+  }
+}
+
+TEST_F(RatesView, TheChaseOpensWithItsOwnFigures) {
   refresh_at(244, 7, 294);
   start_chase();
   match.innings_balls = 0;
   prepare_chase_display();
   const rates_view view = view_rates();
   EXPECT_TRUE(view.chase);
+  EXPECT_EQ(view.label15_4, "To win Hom need...");
+  EXPECT_THAT(cells(), ElementsAre("251", "50.0 (300b)", "", "", "10", "251", "5.02"));
+  EXPECT_EQ(view.label15_12, "") << "there is no over to compare";
   EXPECT_EQ(view.label15_13, "Hom are 0/0");
   EXPECT_EQ(view.label15_14, "OA were 0/0");
   EXPECT_EQ(view.first_innings, "OA 250/7");
   EXPECT_EQ(view.first_innings_overs, "49.4 Overs");
-  EXPECT_EQ(view.label26[2].heading, "RR Reqd.");
-  EXPECT_EQ(view.label26[2].text, "");
+  EXPECT_EQ(match.first_innings_projection.text(), "250") << "the captain reckons with the last refresh";
 }
 
-TEST_F(RatesView, AFirstInningsOfNothingLeavesOnlyTheCellAtSixEmpty) {
+TEST_F(RatesView, TheOpeningOfTheChaseLastsUntilItsFirstOver) {
+  refresh_at(244, 7, 294);
+  start_chase();
+  match.innings_balls = 0;
+  prepare_chase_display();
+  match.score_runs = 6;
+  match.innings_balls = 2;
+  EXPECT_EQ(cells()[0], "251");
+  refresh_at(7, 0, 6);
+  EXPECT_THAT(cells(), ElementsAre("244", "49.0 (294b)", "4.98", "7", "10", "251", "5.02"));
+}
+
+TEST_F(RatesView, AfterAFirstInningsOfNothingTheProjectionsStartAnew) {
   refresh_at(0, 10, 12);
   match.innings_balls = 0;
   prepare_chase_display();
   EXPECT_FALSE(view_rates().chase);
-  EXPECT_THAT(cells(), ElementsAre("0", "192", "", "384", "480"));
+  EXPECT_THAT(cells(), Each("-"));
 }
 
 }  // namespace

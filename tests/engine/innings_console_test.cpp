@@ -79,18 +79,28 @@ TEST_F(InningsConsole, WithoutACompletedOverThereIsNoProjection) {
   }
 }
 
-TEST_F(InningsConsole, ThePanelShowsTheFirstInningsUntilTheChaseIsRefreshed) {
+TEST_F(InningsConsole, ThePanelShowsNothingOfTheFirstInningsInTheChase) {
   open(false, false);
   skip_to_over(45);
-  play(times(30, hit(2)) + times(5, hit(1)) + std::vector{hit(3)});
-  EXPECT_EQ(match.first_total, 68);
+  play(times(30, hit(2)));
   EXPECT_EQ(view_rates().label15_20, "12");
+  play(times(5, hit(1)) + std::vector{hit(3)});
+  EXPECT_EQ(match.first_total, 68);
+  const auto cells = [] {
+    std::vector<std::string> texts;
+    for (const rate_cell& cell : view_rates().label26) texts.push_back(cell.text);
+    return texts;
+  };
+  const std::vector<std::string> nothing_bowled = {"69", "50.0 (300b)", "", "", "10", "69", "1.38"};
   EXPECT_TRUE(view_rates().chase);
+  EXPECT_EQ(view_rates().label15_20, " - ");
   EXPECT_EQ(view_rates().label15_13, "Awa are 0/0");
   EXPECT_EQ(view_rates().label15_14, "Hom were 0/0");
+  EXPECT_EQ(cells(), nothing_bowled);
   play(times(6, hit(4)));
   EXPECT_EQ(view_rates().label15_20, " - ");
   EXPECT_EQ(view_rates().label15_13, "Awa are 24/0");
+  EXPECT_THAT(cells(), ElementsAre("45", "49.0 (294b)", "0.92", "24", "10", "69", "1.38"));
 }
 
 TEST_F(InningsConsole, TheGraphOfScoresFollowsTheSides) {

@@ -87,6 +87,12 @@ TEST_F(ConsoleWindowTest, PassesTheChecksInBothInnings) {
   check_window_at_sizes(window);
   while (match.first_total == 0) press(window, "Command1");
   take_picture(window, "console_between_innings");
+  EXPECT_EQ(text("Label26_0"), QString::number(match.first_total + 1));
+  EXPECT_EQ(text("Label26_1"), "50.0 (300b)");
+  EXPECT_EQ(text("Label26_2"), "");
+  EXPECT_EQ(text("Label26_3"), "");
+  EXPECT_EQ(text("Label26_4"), "10");
+  EXPECT_EQ(text("Label15_20"), " - ");
   for (int over = 0; over < 12; ++over) press(window, "Command1");
   window.resize(1280, 800);
   take_picture(window, "console_chase");
