@@ -31,6 +31,18 @@ void fill_total(batting_screen& screen, int total, int wickets, int balls, std::
   if (balls != 0) screen.label7 = number_text(runs_per_over(total, balls));
 }
 
+std::string counted(int number, std::string_view what) {
+  return number_text(number) + " " + std::string(what) + (number == 1 ? "" : "s");
+}
+
+/// No balls and wides stand among the extras, but no run of them is in the total.
+std::string left_out(int no_balls, int wides) {
+  std::string which;
+  if (no_balls > 0) which = counted(no_balls, "no ball");
+  if (wides > 0) which += (which.empty() ? "" : " and ") + counted(wides, "wide");
+  return which.empty() ? which : "The total does not count " + which + ".";
+}
+
 batsman_figures details_of(const batting_card_rec& card, bool not_out) {
   batsman_figures figures = figures_of(card);
   // The cards divide first, as they do for the run rate; the last digit can differ from the console's.
@@ -60,6 +72,7 @@ void scorecard::open() {
   label14 = "Extras ( No Balls " + number_text(match.innings_no_balls) + " Wides " + number_text(match.innings_wides) +
             " Leg Byes " + number_text(match.innings_leg_byes) + " Byes " + number_text(match.innings_byes) + " ) ";
   label13 = number_text(match.innings_no_balls + match.innings_wides + match.innings_leg_byes + match.innings_byes);
+  not_counted = left_out(match.innings_no_balls, match.innings_wides);
   command3_enabled = match.first_total != 0;
 }
 
@@ -85,6 +98,7 @@ void scorecard2::open() {
   label14 = "Extras ( No Balls " + number_text(match.first_no_balls) + ",Wides " + number_text(match.first_wides) +
             " Leg Byes " + number_text(match.first_leg_byes) + ",Byes " + number_text(match.first_byes) + " ) ";
   label13 = number_text(match.first_no_balls + match.first_wides + match.first_leg_byes + match.first_byes);
+  not_counted = left_out(match.first_no_balls, match.first_wides);
 }
 
 void scorecard2::command2_click() const { user().open(report::bowlcard2nd); }

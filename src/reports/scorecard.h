@@ -35,6 +35,7 @@ struct batting_screen {
   std::string label7;                       ///< runs an over, to two places; "" while no ball was bowled
   std::string label14;                      ///< the four extras
   std::string label13;                      ///< their sum
+  std::string not_counted;                  ///< which of them the total leaves out; "" for none
 };
 
 /// The batting card of the innings in play. It opens by itself at the end of every innings.

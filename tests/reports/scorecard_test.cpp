@@ -136,6 +136,29 @@ TEST_F(scorecard_test, buttons_open_their_screens) {
   EXPECT_EQ(seen.opened, wanted);
 }
 
+TEST_F(scorecard_test, what_the_total_does_not_count) {
+  set_second_innings_in_play();
+  struct row {
+    int no_balls, wides;
+    const char* said;
+  };
+  for (const row& r :
+       {row{2, 7, "The total does not count 2 no balls and 7 wides."},
+        row{1, 1, "The total does not count 1 no ball and 1 wide."}, row{3, 0, "The total does not count 3 no balls."},
+        row{0, 1, "The total does not count 1 wide."}, row{0, 0, ""}}) {
+    match.first_no_balls = 0;
+    match.first_wides = 0;
+    match.innings_no_balls = r.no_balls;
+    match.innings_wides = r.wides;
+    EXPECT_EQ(opened<scorecard>().not_counted, r.said);
+    EXPECT_EQ(opened<scorecard2>().not_counted, "") << "of the other innings";
+    std::swap(match.innings_no_balls, match.first_no_balls);
+    std::swap(match.innings_wides, match.first_wides);
+    EXPECT_EQ(opened<scorecard2>().not_counted, r.said);
+    EXPECT_EQ(opened<scorecard>().not_counted, "");
+  }
+}
+
 TEST_F(scorecard_test, the_first_innings_cannot_be_opened_before_its_end) {
   set_first_innings_in_play();
   opened_reports seen;

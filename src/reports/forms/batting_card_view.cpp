@@ -165,7 +165,11 @@ void BattingCardView::add_totals(const batting_screen& card) {
   grid_->addWidget(sum, 12, runs);
   rows_.emplace_back(sum, TypeStep::strong);
   grid_->setRowMinimumHeight(12, row_height);
-  add_rule(13);
+  auto* not_counted = new_named_label(QStringLiteral("not_counted"), shown(card.not_counted), TextRole::muted);
+  not_counted->setContentsMargins(side_space, 0, 0, 4);
+  grid_->addWidget(not_counted, 13, name, 1, 3);
+  not_counted->setVisible(!card.not_counted.empty());
+  add_rule(14);
 
   auto* rate = new QHBoxLayout;
   rate->setContentsMargins(side_space, 0, 0, 0);
@@ -175,9 +179,9 @@ void BattingCardView::add_totals(const batting_screen& card) {
   rate->addWidget(rate_caption);
   rate->addWidget(new_named_label(QStringLiteral("Label7"), shown(card.label7), TextRole::heading));
   rate->addStretch(1);
-  grid_->addLayout(rate, 14, name);
-  grid_->addWidget(new_figure(QStringLiteral("Label5"), shown(card.label5), TextRole::heading), 14, fielder, 1, 2);
-  grid_->addWidget(new_figure(QStringLiteral("Label4"), shown(card.label4), TextRole::score), 14, runs);
+  grid_->addLayout(rate, 15, name);
+  grid_->addWidget(new_figure(QStringLiteral("Label5"), shown(card.label5), TextRole::heading), 15, fielder, 1, 2);
+  grid_->addWidget(new_figure(QStringLiteral("Label4"), shown(card.label4), TextRole::score), 15, runs);
 }
 
 void BattingCardView::resizeEvent(QResizeEvent* event) {

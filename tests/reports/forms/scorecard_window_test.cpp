@@ -44,6 +44,7 @@ void expect_card(const QWidget& window, const batting_screen& card) {
   EXPECT_EQ(text_of(window, "Label7"), shown(card.label7));
   EXPECT_EQ(text_of(window, "Label13"), shown(card.label13));
   EXPECT_EQ(text_of(window, "Label14"), shown(card.label14));
+  EXPECT_EQ(text_of(window, "not_counted"), shown(card.not_counted));
   for (int i = 1; i <= 11; ++i) {
     SCOPED_TRACE(i);
     const auto place = static_cast<std::size_t>(i);
@@ -80,6 +81,25 @@ TEST_F(ScorecardWindowTest, BeforeTheFirstBallThereAreTwoMenAndNoRate) {
   EXPECT_EQ(text_of(window, "Label9_1"), "  Not Out   ");
   QTest::keyClick(&window, Qt::Key_F11);
   EXPECT_TRUE(noting.headlines.empty()) << "the key of a man who has not come in does nothing";
+}
+
+TEST_F(ScorecardWindowTest, ALineTellsWhichExtrasTheTotalLeavesOut) {
+  match.innings_no_balls = 2;
+  match.innings_wides = 7;
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  window.show();
+  const auto* line = control<QLabel>(window, "not_counted");
+  EXPECT_TRUE(line->isVisible());
+  EXPECT_EQ(line->text(), "The total does not count 2 no balls and 7 wides.");
+  EXPECT_GT(line->y(), control<QLabel>(window, "Label14")->y());
+  EXPECT_LT(line->y(), control<QLabel>(window, "Label4")->y());
+  check_window_at_sizes(window);
+  match.innings_no_balls = match.innings_wides = 0;
+  const auto without = opened<scorecard>();
+  ScorecardWindow silent(without);
+  silent.show();
+  EXPECT_FALSE(control<QLabel>(silent, "not_counted")->isVisible());
 }
 
 TEST_F(ScorecardWindowTest, ButtonsBearTheirCaptions) {
