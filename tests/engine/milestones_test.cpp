@@ -187,6 +187,58 @@ TEST_F(Milestones, ANameOnTheListIsNotAnnouncedAgain) {
   EXPECT_THAT(filled(match.fifty_list), ElementsAre("Somebody", "H.Bat5", "H.Bat3"));
 }
 
+// A man without a name is never found on a list: the search ends at the first empty entry.
+
+TEST_F(Milestones, ABatsmanWithoutANameIsAnnouncedWithEveryBall) {
+  match.batting_card[3].name.clear();
+  give(3, 100, 61);
+  check_milestones();
+  check_milestones();
+  const std::string fifty = "message  - Batting achievement |   100(61)  has reached his fifty ";
+  const std::string century = "message  - Batting achievement |   100(61)  has reached his century! ";
+  EXPECT_THAT(user.requests, ElementsAre(fifty, century, fifty, century));
+  EXPECT_THAT(filled(match.fifty_list), IsEmpty());
+  give(5, 50, 70);
+  check_milestones();
+  EXPECT_THAT(filled(match.fifty_list), ElementsAre("H.Bat5"));
+  user.requests.clear();
+  check_milestones();
+  EXPECT_THAT(user.requests, ElementsAre(fifty, century)) << "he is still unknown, the other one is known";
+}
+
+TEST_F(Milestones, ABowlerWithoutANameIsAnnouncedWithEveryBall) {
+  match.bowling_card[8].name.clear();
+  match.bowling_card[8].wickets = 5;
+  check_milestones();
+  check_milestones();
+  const std::string line = "message  - Bowling achievement |  has taken a Five Wicket Haul! ";
+  EXPECT_THAT(user.requests, ElementsAre(line, line));
+  EXPECT_THAT(filled(match.five_wicket_list), IsEmpty());
+}
+
+TEST_F(Milestones, APairWithoutNamesIsAnnouncedWithEveryBall) {
+  match.batting_xi[3].name.clear();
+  match.batting_xi[5].name.clear();
+  match.score_runs = 70 + 50;
+  check_milestones();
+  check_milestones();
+  const std::string line = "message  Partnership |  &  have put on a Fifty run partnership! ";
+  EXPECT_THAT(user.requests, ElementsAre(line, line));
+  EXPECT_THAT(filled(match.stand50_list), IsEmpty());
+}
+
+TEST_F(Milestones, APairOfWhichOneHasANameIsAnnouncedOnce) {
+  for (const int nameless : {3, 5}) {
+    stand_here(false, false);
+    match.batting_xi[nameless].name.clear();
+    match.score_runs = 70 + 50;
+    check_milestones();
+    check_milestones();
+    EXPECT_EQ(user.requests.size(), 1U);
+    EXPECT_THAT(filled(match.stand50_list), ElementsAre(nameless == 3 ? "H.Bat5" : "H.Bat3"));
+  }
+}
+
 TEST_F(Milestones, AStandCountsExtrasAndNoBatsmansRuns) {
   match.score_runs = 70 + 50;
   match.innings_byes = 50;

@@ -149,6 +149,16 @@ TEST_F(OverLines, TheLastFiveOversAreShownFromTheFifthOn) {
   EXPECT_EQ(view_rates().label15_20, "7");
 }
 
+TEST_F(OverLines, TheLastFiveOversEndWithTheLastCompletedOne) {
+  // No balls behind a wicket count: twelve balls in the first over, so that five overs have the balls of six.
+  play(std::vector{out()} + times(6, hit(no_ball)) + times(5, hit(2)));
+  for (int over = 2; over <= 5; ++over) play({hit(1), hit(0), hit(0), hit(0), hit(0), hit(0)});
+  ASSERT_EQ(match.innings_balls, 36);
+  EXPECT_EQ(view_rates().label15_20, "0.8");  // overs 2 to 5, the first being six overs back
+  play({hit(6), hit(6)});
+  EXPECT_EQ(view_rates().label15_20, "0.8");
+}
+
 TEST_F(OverLines, NothingIsWrittenBeforeTheFirstBall) {
   EXPECT_THAT(commentary_lines(), IsEmpty());
   EXPECT_THAT(stored_commentary_lines(), IsEmpty());

@@ -225,6 +225,43 @@ TEST_F(export_test, the_list_of_bowlers_ends_at_its_first_empty_row) {
   EXPECT_EQ(file.find("\r\nC.Featherstonehaughs"), std::string::npos);
 }
 
+TEST_F(export_test, the_list_of_bowlers_ends_at_a_man_without_a_name) {
+  set_first_innings_in_play();
+  match.bowling_card[9].name.clear();
+  for (const std::string& file :
+       {html_scorecard(opened<scorecard>()), text_scorecard(opened<scorecard>()), ball_by_ball(opened<scorecard>())}) {
+    const auto lines = lines_of(file);
+    const int header = place_of(lines, blanks(20) + "O" + blanks(5) + "M" + blanks(4) + "R" + blanks(4) + "W");
+    ASSERT_NE(header, -1);
+    EXPECT_EQ(lines[header + 2], "H.Ekwueme" + blanks(10) + "8.0" + blanks(3) + " 0    44   0 ");
+    EXPECT_TRUE(lines[header + 3].empty() || lines[header + 3] == "</pre>") << lines[header + 3];
+    EXPECT_EQ(place_of(lines, "C.Featherstonehaughs"), -1) << "nobody behind him has a row, either";
+  }
+}
+
+TEST_F(export_test, a_man_without_a_name_has_a_row_where_the_first_innings_lists_who_bowled) {
+  set_second_innings_in_play();
+  match.first_bowling_card[10].name.clear();
+  const auto lines = lines_of(text_scorecard(opened<scorecard>()));
+  const int stote = place_of(lines, "K.Stote" + blanks(12) + "9.2" + blanks(3) + " 10   23   3 ");
+  ASSERT_NE(stote, -1);
+  EXPECT_EQ(lines[stote + 1], blanks(19) + "10.0" + blanks(2) + " 3    30   3 ");
+  EXPECT_EQ(lines[stote + 2], "I.Quennell" + blanks(9) + "10.0" + blanks(2) + " 0    52   1 ");
+}
+
+TEST_F(export_test, a_man_without_a_name_has_no_batting_row_in_either_innings) {
+  set_second_innings_in_play();
+  const std::size_t before = lines_of(html_scorecard(opened<scorecard>())).size();
+  match.first_batting_card[4].name.clear();
+  EXPECT_EQ(lines_of(html_scorecard(opened<scorecard>())).size(), before - 1);
+  match.batting_card[4].name.clear();
+  const auto lines = lines_of(html_scorecard(opened<scorecard>()));
+  EXPECT_EQ(lines.size(), before - 2);
+  EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
+                          [](const std::string& line) { return line.find("run out (F.Aldous)") != std::string::npos; }),
+            0);
+}
+
 TEST_F(export_test, ten_bowlers_fill_the_list) {
   set_first_innings_in_play();
   for (int k = 1; k <= 10; ++k) match.bowler_list[k].position = k;
