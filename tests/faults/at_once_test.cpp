@@ -170,7 +170,7 @@ TEST_F(AtOnce, AProgramThatIsKilledTakesNothingFromTheOthers) {
   for (bool playing = true; playing; ++kills) {
     const pid_t third = bench_.start(player(100 + kills, 1'000'000, "Harrowmark", "Vestria"), 3);
     // Ever longer lives, so that the program comes to play on a busy machine, too.
-    const auto longest = static_cast<std::uint_fast32_t>(40'000 + 5'000 * kills);
+    const auto longest = std::uint_fast32_t{40'000} << (kills / 8);
     std::this_thread::sleep_for(std::chrono::microseconds(2000 + random() % longest));
     ::kill(third, SIGKILL);
     ASSERT_EQ(bench_.end_of(third, 3).signal, SIGKILL);
