@@ -43,6 +43,7 @@ std::string one_line(const std::exception& error) {
   if (!is_utf8(line)) line = to_utf8(line);
   for (char& c : line) {
     if (c == '\n' || c == '\r') c = ' ';
+    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
   }
   return line;
 }

@@ -74,11 +74,11 @@ class competition_recorder : public headless_user {
                           {"rows", rows},
                           {"final_line", to_utf8(form.label4_0)}});
     } else {
-      out_ << to_utf8(form.label4_1) << '\n';
+      out_ << shown_line(form.label4_1) << '\n';
       text_table table({}, "ll");
       for (const auto& row : form.rows) table.add({row.label1, row.label2});
       table.print(out_);
-      out_ << to_utf8(form.label4_0) << "\n\n";
+      out_ << shown_line(form.label4_0) << "\n\n";
     }
     headless_user::show(form);
   }
@@ -93,10 +93,10 @@ class competition_recorder : public headless_user {
                           {"final", to_utf8(form.label5_0)},
                           {"result", to_utf8(form.label5_1)}});
     } else {
-      out_ << to_utf8(form.label4_1) << '\n';
+      out_ << shown_line(form.label4_1) << '\n';
       league_text(tri_columns, rows).print(out_);
-      out_ << to_utf8(form.label5_0) << '\n';
-      if (!form.label5_1.empty()) out_ << to_utf8(form.label5_1) << '\n';
+      out_ << shown_line(form.label5_0) << '\n';
+      if (!form.label5_1.empty()) out_ << shown_line(form.label5_1) << '\n';
       out_ << '\n';
     }
     headless_user::show(form);
@@ -138,10 +138,10 @@ class competition_recorder : public headless_user {
       print_table("Group A Table", form.group_a);
       print_table("Group B Table", form.group_b);
       if (!form.super_six.empty()) print_table("Super Six Table", form.super_six);
-      if (!form.label1_22.empty()) out_ << "Semi Final 1 : " << to_utf8(form.label1_22) << '\n';
-      if (!form.label1_23.empty()) out_ << "Semi Final 2 : " << to_utf8(form.label1_23) << '\n';
-      if (!form.label1_24.empty()) out_ << "Grand Final : " << to_utf8(form.label1_24) << '\n';
-      out_ << to_utf8(form.label8) << "\n\n";
+      if (!form.label1_22.empty()) out_ << "Semi Final 1 : " << shown_line(form.label1_22) << '\n';
+      if (!form.label1_23.empty()) out_ << "Semi Final 2 : " << shown_line(form.label1_23) << '\n';
+      if (!form.label1_24.empty()) out_ << "Grand Final : " << shown_line(form.label1_24) << '\n';
+      out_ << shown_line(form.label8) << "\n\n";
     }
     headless_user::show(form);
   }

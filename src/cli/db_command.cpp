@@ -42,18 +42,19 @@ int dump(const db_options& options, const program_options& program) {
 
 int check(const db_options& options, const program_options& program, streams io) {
   const std::vector<database_fault> faults = check_database(named_files(options, program));
+  const std::string base = shown_line(from_utf8(options.base).value_or(options.base));
   for (const database_fault& fault : faults) {
-    io.out << to_utf8(fault.file);
+    io.out << shown_line(fault.file);
     if (fault.record != 0) io.out << fmt::format(": record {}", fault.record);
-    if (!fault.field.empty()) io.out << ": " << to_utf8(fault.field);
-    io.out << ": " << to_utf8(fault.what) << '\n';
+    if (!fault.field.empty()) io.out << ": " << shown_line(fault.field);
+    io.out << ": " << shown_line(fault.what) << '\n';
   }
   io.out.flush();
   if (faults.empty()) {
-    io.err << options.base << ": no fault found\n";
+    io.err << base << ": no fault found\n";
     return done;
   }
-  io.err << fmt::format("{}: {} fault{} found\n", options.base, faults.size(), faults.size() == 1 ? "" : "s");
+  io.err << fmt::format("{}: {} fault{} found\n", base, faults.size(), faults.size() == 1 ? "" : "s");
   return failed;
 }
 

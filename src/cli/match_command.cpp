@@ -90,7 +90,7 @@ void print_result(const match_recorder& recorder, std::ostream& out) {
   if (match.result_margin.empty()) {
     out << "No result.\n";
   } else {
-    out << to_utf8(match.result_winner + match.result_margin) << '\n';
+    out << shown_line(match.result_winner + match.result_margin) << '\n';
   }
 }
 

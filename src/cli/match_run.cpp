@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -54,8 +55,14 @@ json match_recorder::match_object(std::uint64_t draws) const {
 }
 
 std::string match_recorder::shown_scorecard() const {
-  std::string text = to_utf8(shown_);
-  std::erase(text, '\r');
+  std::string text;
+  // A line ends with CR LF; either of them alone is of a name.
+  for (std::size_t at = 0; at < shown_.size();) {
+    const std::size_t end = std::min(shown_.find("\r\n", at), shown_.size());
+    text += shown_line(std::string_view(shown_).substr(at, end - at));
+    if (end != shown_.size()) text += '\n';
+    at = end + 2;
+  }
   return text;
 }
 

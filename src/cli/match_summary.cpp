@@ -134,7 +134,7 @@ match_summary match_summary::unpacked(const std::string& text) {
 
 void match_summary::print(std::ostream& out) const {
   out << fmt::format("{:<24}{}\n", "Matches", matches_);
-  for (const auto& [team, wins] : wins_) out << fmt::format("{:<24}{}\n", "Won by " + to_utf8(team), wins);
+  for (const auto& [team, wins] : wins_) out << fmt::format("{:<24}{}\n", "Won by " + shown_line(team), wins);
   out << fmt::format("{:<24}{}\n", "Tied", ties_);
   if (unfinished_ != 0) out << fmt::format("{:<24}{}\n", "Without a result", unfinished_);
   out << fmt::format("{:<24}{}\n{:<24}{}\n", "Won batting first", first_wins_, "Won chasing", chases_);

@@ -95,7 +95,7 @@ void print_table(const shown_table& table, std::ostream& out) {
     for (const std::string& text : row.texts) texts.push_back(window_text(text));
     shown.add(texts);
   }
-  out << to_utf8(table.title) << "\n\n";
+  out << shown_line(table.title) << "\n\n";
   shown.print(out);
 }
 
@@ -169,7 +169,7 @@ json team_json(const teamdet& form) {
 }
 
 void print_team(const teamdet& form, std::ostream& out) {
-  out << to_utf8(form.title) << "\n\n";
+  out << shown_line(form.title) << "\n\n";
   std::vector<std::string> headings = {""};
   for (const teamdet::results_column& column : form.results) headings.emplace_back(column.heading);
   text_table results(headings, "lrrr");

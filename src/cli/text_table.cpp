@@ -29,7 +29,7 @@ void text_table::print(std::ostream& out) const {
       line += alignment_[i] == 'r' ? fill + row[i] : row[i] + fill;
     }
     line.erase(line.find_last_not_of(' ') + 1);
-    out << to_utf8(line) << '\n';
+    out << shown_line(line) << '\n';
   }
 }
 

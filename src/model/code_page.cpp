@@ -86,4 +86,17 @@ std::optional<std::string> from_utf8(std::string_view text, std::size_t* bad_off
   return bytes;
 }
 
+bool is_control(char byte) {
+  const auto code = static_cast<std::uint8_t>(byte);
+  return code < 0x20 || code == 0x7F || (code >= 0x80 && code < 0xA0 && upper_controls[code - 0x80] == code);
+}
+
+bool has_control(std::string_view text) { return std::any_of(text.begin(), text.end(), is_control); }
+
+std::string shown_line(std::string_view bytes) {
+  std::string line(bytes);
+  std::replace_if(line.begin(), line.end(), is_control, '?');
+  return to_utf8(line);
+}
+
 }  // namespace velorin

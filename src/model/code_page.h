@@ -15,4 +15,11 @@ std::string to_utf8(std::string_view bytes);
 /// `bad_offset`, where given, receives the byte offset of the first such character.
 std::optional<std::string> from_utf8(std::string_view text, std::size_t* bad_offset = nullptr);
 
+/// True for a byte without a sign of its own: the control characters, and the bytes without a character.
+bool is_control(char byte);
+bool has_control(std::string_view text);
+
+/// Windows-1252 bytes as UTF-8 that stays on its line: with "?" for each control character.
+std::string shown_line(std::string_view bytes);
+
 }  // namespace velorin

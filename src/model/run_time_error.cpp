@@ -27,7 +27,7 @@ std::string one_line(const std::string& happened, const error_place& place) {
   std::string line = happened + where;
   // Values out of files come along as they are; a zero would end what() before its place is told.
   std::replace_if(
-      line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, ' ');
+      line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
   return line;
 }
 

@@ -25,7 +25,7 @@ struct error_place {
 };
 
 /// The one exception for all failures that end the program. what() is one line that names what happened and where, with
-/// a blank for each control character.
+/// "?" for each control character.
 class run_time_error : public std::runtime_error {
  public:
   run_time_error(failure kind, const std::string& happened, error_place place = {});

@@ -75,7 +75,7 @@ TEST_F(Draws, BrokenFilesAreRefusedWithFileAndLine) {
   EXPECT_EQ(refusal("BrokenNumberNotBelowOne.draws"),
             "velorin-cli: \"1.0\" is no number in [0,1) (file BrokenNumberNotBelowOne.draws, record 2)");
   EXPECT_EQ(refusal("BrokenZeroByte.draws"),
-            "velorin-cli: \"0.2 5\" is no number in [0,1) (file BrokenZeroByte.draws, record 2)");
+            "velorin-cli: \"0.2?5\" is no number in [0,1) (file BrokenZeroByte.draws, record 2)");
 }
 
 TEST_F(Draws, LinesMayEndAsElsewhere) {
