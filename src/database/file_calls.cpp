@@ -103,7 +103,10 @@ std::filesystem::path real_file(const std::filesystem::path& file) {
   return target;
 }
 
-bool may_be_written(const std::filesystem::path& file) { return descriptor(open_file(file, O_WRONLY)).open(); }
+bool may_be_written(const std::filesystem::path& file) {
+  // A pipe would wait for its reader.
+  return descriptor(open_file(file, O_WRONLY | O_NONBLOCK)).open();
+}
 
 std::filesystem::path folder_of(const std::filesystem::path& file) {
   std::filesystem::path folder = file.parent_path();

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <set>
 #include <system_error>
 
@@ -18,12 +19,29 @@ namespace velorin {
 
 namespace {
 
+constexpr std::size_t most_bytes = most_mebibytes << 20;
+
 /// What the system tells of a file; nothing if there is none. Raises run_time_error (file).
 std::optional<struct stat> status_of(const std::filesystem::path& file) {
   struct stat facts {};
   if (::stat(file.c_str(), &facts) == 0) return facts;
   if (errno != ENOENT && errno != ENOTDIR) raise_file_error("The file cannot be looked at", errno, file);
   return std::nullopt;
+}
+
+[[noreturn]] void raise_beyond_limit(const std::filesystem::path& file) {
+  throw run_time_error(failure::file, fmt::format("The file cannot be read: it has more than {} MiB", most_mebibytes),
+                       {file_name_text(file), 0, {}, {}});
+}
+
+/// Refuses what might block, never end or fill the memory.
+void require_readable(const struct stat& facts, const std::filesystem::path& file) {
+  if (S_ISDIR(facts.st_mode)) raise_file_error("The file cannot be read", EISDIR, file);
+  if (!S_ISREG(facts.st_mode)) {
+    throw run_time_error(failure::file, "The file cannot be read: it is a pipe, a device or the like",
+                         {file_name_text(file), 0, {}, {}});
+  }
+  if (static_cast<std::uint64_t>(facts.st_size) > most_bytes) raise_beyond_limit(file);
 }
 
 bool same_time(const timespec& one, const timespec& other) {
@@ -50,13 +68,15 @@ std::string file_name_text(const std::filesystem::path& file) {
 }
 
 std::optional<std::string> read_file(const std::filesystem::path& file) {
-  const descriptor opened(open_file(file, O_RDONLY));
+  // A pipe would wait for its writer.
+  const descriptor opened(open_file(file, O_RDONLY | O_NONBLOCK));
   if (!opened.open()) {
     if (errno == ENOENT) return std::nullopt;
     raise_file_error("The file cannot be opened", errno, file);
   }
   struct stat facts {};
   if (::fstat(opened.number(), &facts) != 0) raise_file_error("The file cannot be read", errno, file);
+  require_readable(facts, file);
   std::string content;
   content.resize(static_cast<std::size_t>(facts.st_size) + 1);  // one more: the end shows without a further round
   std::size_t filled = 0;
@@ -66,6 +86,7 @@ std::optional<std::string> read_file(const std::filesystem::path& file) {
     if (got < 0) raise_file_error("The file cannot be read", errno, file);
     if (got == 0) break;
     filled += static_cast<std::size_t>(got);
+    if (filled > most_bytes) raise_beyond_limit(file);
     if (filled == content.size()) content.resize(content.size() * 2);
   }
   content.resize(filled);
@@ -73,7 +94,7 @@ std::optional<std::string> read_file(const std::filesystem::path& file) {
 }
 
 void create_if_missing(const std::filesystem::path& file) {
-  const descriptor opened(open_file(file, O_RDONLY | O_CREAT, 0666));
+  const descriptor opened(open_file(file, O_RDONLY | O_CREAT | O_NONBLOCK, 0666));
   if (!opened.open()) raise_file_error("The file cannot be created", errno, file);
 }
 

@@ -33,7 +33,10 @@ enum class occupant { none, plain_file, other };
 /// Raises run_time_error (file).
 occupant occupant_of(const std::filesystem::path& name);
 
-/// All bytes of a file, or nothing if there is no such file. Raises run_time_error (file).
+inline constexpr std::size_t most_mebibytes = 64;  ///< of a file that is read
+
+/// All bytes of a file, or nothing if there is no such file. Raises run_time_error (file), at once for a pipe, a device
+/// and a file of more than 64 MiB.
 std::optional<std::string> read_file(const std::filesystem::path& file);
 
 /// Creates the file empty if there is none; changes nothing else. Raises run_time_error (file).

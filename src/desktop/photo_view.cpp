@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/photo_view.h"
 
+#include <QFileInfo>
+#include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -10,7 +12,27 @@
 namespace velorin {
 
 namespace {
+
 constexpr const char* no_photo = "No Pic Available";
+constexpr qint64 most_mebibytes = 32;
+
+/// Reads a photo by the format that its ending names; empty with what is wrong in `cause`.
+QPixmap read_photo(const QString& path, QString& cause) {
+  const QFileInfo file(path);
+  if (!file.isFile()) {
+    cause = QStringLiteral("%1 is no plain file").arg(file.fileName());
+  } else if (file.size() > most_mebibytes << 20) {
+    cause = QStringLiteral("%1 has more than %2 MiB").arg(file.fileName()).arg(most_mebibytes);
+  } else {
+    QImageReader reader(path, file.suffix().toLower().toLatin1());
+    reader.setAutoDetectImageFormat(false);
+    const QImage photo = reader.read();
+    if (!photo.isNull()) return QPixmap::fromImage(photo);
+    cause = QStringLiteral("%1: %2").arg(file.fileName(), reader.errorString());
+  }
+  return {};
+}
+
 }  // namespace
 
 PhotoView::PhotoView(const QString& name, QSize size, QWidget* parent) : QWidget(parent), size_(size) {
@@ -24,7 +46,10 @@ void PhotoView::show_photo(const QString& player, const std::optional<std::files
   const QString path = file ? QString::fromStdString(file->string()) : QString();
   if (path != file_) {
     file_ = path;
-    photo_ = path.isEmpty() ? QPixmap() : QPixmap(path);
+    QString cause;
+    photo_ = path.isEmpty() ? QPixmap() : read_photo(path, cause);
+    setToolTip(cause);
+    setAccessibleDescription(cause);
     update();
   }
   setAccessibleName(photo_.isNull() ? QString::fromLatin1(no_photo) : QStringLiteral("Photo of %1").arg(player));

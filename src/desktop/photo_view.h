@@ -18,7 +18,8 @@ class PhotoView : public QWidget {
   /// `size`: width and height in pixels.
   PhotoView(const QString& name, QSize size, QWidget* parent = nullptr);
 
-  /// Shows the photo of `player`, read from `file`; without a file, or one that is no picture, "No Pic Available".
+  /// Shows the photo of `player`, read from `file`; without a file, or one that is no picture of the
+  /// format that its ending names, or has more than 32 MiB, "No Pic Available", and the cause as a hint.
   void show_photo(const QString& player, const std::optional<std::filesystem::path>& file);
 
   /// Another width and height in pixels.

@@ -244,6 +244,29 @@ TEST_F(WholeFile, ReadsFilesThatDoNotTellTheirSize) {
   EXPECT_THAT(read_file("/proc/self/status").value_or(""), HasSubstr("VmRSS"));
 }
 
+TEST_F(WholeFile, WhatMightNeverEndIsRefusedAtOnce) {
+  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0666), 0);
+  for (const std::filesystem::path& file : {folder / "pipe", std::filesystem::path("/dev/zero")}) {
+    const auto error = error_of([&] { read_file(file); });
+    EXPECT_EQ(error.kind(), failure::file);
+    EXPECT_STREQ(error.what(),
+                 ("The file cannot be read: it is a pipe, a device or the like (file " + file.filename().string() + ")")
+                     .c_str());
+  }
+  EXPECT_EQ(error_of([&] { replace_file(folder / "pipe", "one"); }).kind(), failure::file);
+  create_if_missing(folder / "pipe");
+}
+
+TEST_F(WholeFile, AFileHasABound) {
+  constexpr std::size_t most = 64 << 20;
+  write_bytes(folder / "f", "one");
+  std::filesystem::resize_file(folder / "f", most);
+  EXPECT_EQ(read_file(folder / "f").value_or("").size(), most);
+  std::filesystem::resize_file(folder / "f", most + 1);
+  EXPECT_STREQ(error_of([&] { read_file(folder / "f"); }).what(),
+               "The file cannot be read: it has more than 64 MiB (file f)");
+}
+
 TEST_F(WholeFile, AFullDiskLeavesTheOldFile) {
   write_bytes(folder / "f", "one");
   const auto error = error_of([&] {
