@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "database/agreement.h"
 #include "database/configuration.h"
 #include "database/records.h"
 #include "database/saveavgs_records.h"
@@ -150,17 +151,21 @@ void update_side(career_table& table, const side_books& books) {
   }
 }
 
-/// The career file with the match added.
-slot_file careers_with_match() {
+/// The career file as it is.
+slot_file whole_careers() {
   slot_file file = slot_file::read(files.rec, career_slot);
-  career_table table = careers_in(file);
+  require_whole_careers(file);
+  return file;
+}
+
+/// Adds the match to the career file, whose careers these are.
+void add_match(slot_file& file, career_table& table) {
   // The end of an innings writes "not out" into the first innings only.
   update_side(table, {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card,
                       match.first_batting_card, ""});
   update_side(table, {match.team2_name, match.team1_name, match.bowling_card, match.first_batting_card,
                       match.batting_card, "not out"});
   put_careers(file, table);
-  return file;
 }
 
 }  // namespace
@@ -171,7 +176,10 @@ void update_career() {
   if (!files.updates) return;
   const folder_lock turn(files.rec);
   settle_update();
-  replace_file(files.rec, careers_with_match().bytes());
+  slot_file rec = whole_careers();
+  career_table careers = careers_in(rec);
+  add_match(rec, careers);
+  replace_file(files.rec, rec.bytes());
 }
 
 void match_update::run() {
@@ -179,8 +187,15 @@ void match_update::run() {
   const folder_lock turn(files.rec);
   staged_files staged({files.rec, files.ptr});
   if (added_) return staged.synchronise_folders();
-  staged.write(careers_with_match().bytes());
-  staged.write(records_with_match().bytes());
+  slot_file rec = whole_careers();
+  slot_file ptr = whole_records();
+  career_table careers = careers_in(rec);
+  record_lists lists = records_in(ptr);
+  require_agreement({careers, lists, rec.name(), ptr.name()});
+  add_match(rec, careers);
+  staged.write(rec.bytes());
+  add_match_to_records(ptr, lists);
+  staged.write(ptr.bytes());
   try {
     staged.put_in_place();
   } catch (const run_time_error&) {

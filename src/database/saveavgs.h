@@ -8,8 +8,9 @@ namespace velorin {
 
 /// Adds the match to the careers of both elevens. Requires: the second-innings state. Reads match, rewrites
 /// <base>.rec as a whole under the folder's lock. Draws nothing, asks nothing. Raises run_time_error: a 21st career
-/// team or player (subscript), a record beyond its slot or a figure beyond its width (overflow), file problems (file);
-/// the old file is whole then or, if only the folder could not be synchronised, the new one.
+/// team or player (subscript), a record beyond its slot or a figure beyond its width (overflow), file problems, a file
+/// cut short among them (file); the old file is whole then or, if only the folder could not be synchronised, the new
+/// one.
 void update_career();
 
 /// Adds the match to the record lists and the team table. Requires, reads and raises likewise (a 26th table team:
@@ -19,9 +20,10 @@ void update_records();
 /// Both, as the end of a match does it; what has failed may be tried again.
 class match_update {
  public:
-  /// Adds the match to both. Requires, reads and raises as they do. Neither file is replaced before the new content of
-  /// both is written: a failure leaves both as they were or, if it is the renaming of the second, to the next update to
-  /// finish, which adds to the files as they are then; if only the folder could not be synchronised, both are new.
+  /// Adds the match to both. Requires, reads and raises as they do, and refuses files that do not belong together
+  /// (file). Neither file is replaced before the new content of both is written: a failure leaves both as they were or,
+  /// if it is the renaming of the second, to the next update to finish, which adds to the files as they are then; if
+  /// only the folder could not be synchronised, both are new.
   /// Called again after a failure, it does what is left to be done: no match is added twice.
   void run();
 

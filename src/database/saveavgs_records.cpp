@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "database/agreement.h"
 #include "database/configuration.h"
 #include "database/layout.h"
 #include "database/records.h"
@@ -209,9 +210,13 @@ void update_team_table(record_lists& lists) {
 
 }  // namespace
 
-slot_file records_with_match() {
+slot_file whole_records() {
   slot_file file = slot_file::read(files.ptr, records_slot);
-  record_lists lists = records_in(file);
+  require_whole_records(file);
+  return file;
+}
+
+void add_match_to_records(slot_file& file, record_lists& lists) {
   const std::string& chasing = match.team1_name;
   const std::string& setting = match.team2_name;
   update_top_scores(lists.top_scores, match.batting_card, chasing, setting, "");
@@ -224,14 +229,16 @@ slot_file records_with_match() {
   update_partnerships(lists.partnerships, match.first_fall_of_wicket, setting, chasing);
   update_team_table(lists);
   put_records(file, lists);
-  return file;
 }
 
 void update_records() {
   if (!files.updates) return;
   const folder_lock turn(files.rec);
   settle_update();
-  replace_file(files.ptr, records_with_match().bytes());
+  slot_file file = whole_records();
+  record_lists lists = records_in(file);
+  add_match_to_records(file, lists);
+  replace_file(files.ptr, file.bytes());
 }
 
 }  // namespace velorin

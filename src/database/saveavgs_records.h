@@ -5,9 +5,13 @@
 
 namespace velorin {
 
-/// The file of record lists and team table of the database in use with the match added, as it stands at its end. Reads
-/// match and <base>.ptr, changes neither. Raises run_time_error as update_records().
-slot_file records_with_match();
+/// The file of record lists and team table of the database in use. Raises run_time_error (file), also for one that is
+/// not whole.
+slot_file whole_records();
+
+/// Adds the match as it stands at its end to the file, whose lists these are. Reads match. Raises run_time_error as
+/// update_records().
+void add_match_to_records(slot_file& file, record_lists& lists);
 
 /// Finishes an update of both files that was cut off between them, before one of them is replaced alone. Requires the
 /// lock of their folder. Raises run_time_error (file).

@@ -49,6 +49,11 @@ void slot_reader::note_cut(const char* name) {
   if (!cut_) cut_ = slot_fault{field_name(name), "the file ends within this field"};
 }
 
+void slot_reader::note_missing(const char* name) {
+  if (missing_) return;
+  missing_ = cut_ ? cut_ : slot_fault{field_name(name), "the file ends before this field"};
+}
+
 std::string_view slot_reader::take(const char* name, std::size_t count) {
   if (fault_) return {};
   if (count > length_ - at_) {
@@ -57,6 +62,7 @@ std::string_view slot_reader::take(const char* name, std::size_t count) {
   }
   const std::string_view got = at_ < present_.size() ? present_.substr(at_, count) : std::string_view();
   if (!got.empty() && got.size() < count) note_cut(name);
+  if (got.size() < count) note_missing(name);
   at_ += count;
   return got;
 }
@@ -80,7 +86,9 @@ Number slot_reader::number(const char* name) {
 void slot_reader::operator()(const char* name, std::string& text) {
   const std::size_t length = number<std::uint16_t>(name);
   text = take(name, length);
-  if (!fault_ && text.size() < length) note_cut(name);
+  if (fault_ || text.size() == length) return;
+  note_cut(name);
+  missing_ = cut_;
 }
 
 void slot_reader::operator()(const char* name, integer& value) {

@@ -88,6 +88,8 @@ class slot_reader {
   const std::optional<slot_fault>& fault() const { return fault_; }
   /// The first field that the end of the file cuts in two. A text reads as what there is of it.
   const std::optional<slot_fault>& cut() const { return cut_; }
+  /// The first field of which the file has not all bytes, or none at all.
+  const std::optional<slot_fault>& missing() const { return missing_; }
 
  private:
   /// The next `count` bytes of the slot, fewer at the end of the file, none after a fault.
@@ -97,6 +99,7 @@ class slot_reader {
   std::string field_name(const char* name) const;
   void set_fault(const char* name, std::string what);
   void note_cut(const char* name);
+  void note_missing(const char* name);
 
   std::string_view present_;
   std::size_t length_;
@@ -105,6 +108,7 @@ class slot_reader {
   std::size_t place_ = 0;
   std::optional<slot_fault> fault_;
   std::optional<slot_fault> cut_;
+  std::optional<slot_fault> missing_;
 };
 
 /// The bytes that a record takes in its slot.

@@ -92,9 +92,9 @@ void require_whole(const slot_file& file, const char* count_field) {
   slot_reader fields = file.reader(last);
   Record record;
   visit_fields(record, fields);
-  if (!file.slot(last).empty() && !fields.cut()) return;
+  if (!fields.missing()) return;
   throw run_time_error(failure::file, fmt::format("The file is cut short: it has not all of its {} records", count),
-                       {file.name(), last, fields.cut() ? fields.cut()->field : std::string(), {}});
+                       {file.name(), last, file.slot(last).empty() ? std::string() : fields.missing()->field, {}});
 }
 
 /// All records behind the count in record 1. `limit` is the size of the list that takes them.

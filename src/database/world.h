@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "database/agreement.h"
 #include "database/configuration.h"
 
 // For the makers of databases: from tables of comma-separated values to the team and the ground file, back again, and
@@ -12,22 +13,16 @@
 
 namespace velorin {
 
-/// Something wrong in a file. Texts are Windows-1252.
-struct database_fault {
-  std::string file;   ///< file name without its folder
-  long record = 0;    ///< from 1; 0 for the file as a whole
-  std::string field;  ///< such as "squad[3].bat_skill"; "" for the record as a whole
-  std::string what;
-};
-
 /// Every fault of the four files, in the order of files, records and fields. The career and the record file may be
-/// missing. A record whose bytes cannot be read is one fault, and its fields are not looked at.
+/// missing. A record whose bytes cannot be read is one fault, and its fields are not looked at. Careers and records are
+/// compared with each other where both can be read without a fault. The files are read under the lock of their folder.
 std::vector<database_fault> check_database(const database_files& database);
 
 /// Makes the team and the ground file out of players.csv and grounds.csv in `source`; both go to one folder. Refuses
-/// what check_database would call a fault, and then writes nothing. Raises run_time_error: a value, a row or a
-/// character that is no good (type, with file, line and column), the 21st team or player (subscript), a record beyond
-/// its slot (overflow), a file that cannot be read or written (file).
+/// what check_database would call a fault, also of the careers and records that lie beside as far as they are cut
+/// short or contradict each other, and then writes nothing. Raises run_time_error: a value, a row or a character that
+/// is no good (type, with file, line and column), the 21st team or player (subscript), a record beyond its slot
+/// (overflow), a file that cannot be read or written (file).
 void build_database(const std::filesystem::path& source, const std::filesystem::path& team,
                     const std::filesystem::path& grd);
 

@@ -136,6 +136,25 @@ void require_rules(const csv_table& table, const std::vector<ground_rec>& ground
   }
 }
 
+/// Refuses a world in which not any two teams can play.
+void require_play(const csv_table& players, const csv_table& places, const std::vector<team_rec>& teams,
+                  const std::vector<ground_rec>& grounds) {
+  if (const auto what = teams_missing(teams.size())) {
+    throw run_time_error(failure::type, *what, {players.name(), 0, "team", {}});
+  }
+  const std::vector<std::string> missing = grounds_missing(teams, grounds);
+  if (!missing.empty()) throw run_time_error(failure::type, missing.front(), {places.name(), 0, "country", {}});
+}
+
+/// The careers and records that lie beside a team file.
+database_files beside(const std::filesystem::path& team) {
+  database_files database;
+  database.rec = database.ptr = team;
+  database.rec.replace_extension(".rec");
+  database.ptr.replace_extension(".ptr");
+  return database;
+}
+
 /// The bytes of a file of records behind their count.
 template <typename Record>
 std::string counted_file(const std::vector<Record>& records, const std::filesystem::path& path) {
@@ -158,8 +177,10 @@ void build_database(const std::filesystem::path& source, const std::filesystem::
   const std::vector<ground_rec> grounds = grounds_in(places);
   require_rules(players, built);
   require_rules(places, grounds, built.teams);
+  require_play(players, places, built.teams, grounds);
 
   const folder_lock turn(team);
+  require_sound_records(beside(team));
   staged_files staged({team, grd});
   staged.write(counted_file(built.teams, team));
   staged.write(counted_file(grounds, grd));

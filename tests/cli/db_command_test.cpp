@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <sys/stat.h>
+
 #include "cli/cli_test.h"
 
 namespace velorin::testing {
@@ -94,6 +96,35 @@ TEST_F(DbCommand, EveryFaultIsALineWithItsPlace) {
   for (const std::string& line : lines) EXPECT_THAT(line, StartsWith("small.grd: "));
   EXPECT_THAT(result.out, HasSubstr("record"));
   EXPECT_THAT(result.err, HasSubstr(std::to_string(lines.size()) + " fault"));
+}
+
+TEST_F(DbCommand, AFaultIsALineWhateverTheNamesHold) {
+  std::string bytes = file_bytes(teams() / "small.grd");
+  const std::size_t name = bytes.find("Fjordside");
+  ASSERT_NE(name, std::string::npos);
+  bytes.replace(name, 4, "\n\x1B\x81\x7F");
+  write_bytes(teams() / "small.grd", bytes);
+  const run_result result = run({"db", "check", "small"});
+  EXPECT_THAT(result.out, HasSubstr(": ground_name: \"\?\?\?\?dside\" has a control character\n"));
+  EXPECT_EQ(lines_of(result.out).size(), 1U);
+}
+
+TEST_F(DbCommand, WhatMightNeverEndIsRefusedAtOnce) {
+  const std::string pipe = file("pipe");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0666), 0);
+  for (const std::string& draws : {pipe, std::string("/dev/zero")}) {
+    EXPECT_THAT(error(1, {"--draws", draws, "match"}), HasSubstr("it is a pipe, a device or the like"));
+  }
+  std::filesystem::create_directory(file("tables"));
+  std::filesystem::create_symlink(pipe, file("tables/players.csv"));
+  EXPECT_THAT(error(1, {"db", "build", file("tables"), "new"}), HasSubstr("players.csv"));
+  for (const char* name : {"small.rec", "options.mc"}) {
+    std::filesystem::create_symlink(pipe, teams() / name);
+    EXPECT_THAT(error(1, {"match", "--update"}), HasSubstr(name));
+    std::filesystem::remove(teams() / name);
+  }
+  std::filesystem::resize_file(teams() / "small.team", 1L << 40);
+  EXPECT_THAT(error(1, {"match"}), HasSubstr("it has more than 64 MiB (file small.team)"));
 }
 
 TEST_F(DbCommand, AMissingDatabaseIsAFault) {

@@ -10,6 +10,8 @@
 namespace velorin::testing {
 namespace {
 
+using ::testing::HasSubstr;
+
 /// What the runs leave in the teams folder.
 class Update : public CliTest {
  protected:
@@ -54,6 +56,33 @@ TEST_F(Update, WithoutItNothingUnderTheTeamsFolderChanges) {
   run({"db", "check", "small"});
   run({"db", "dump", "small", file("dump")});
   EXPECT_EQ(contents_of(teams()), before);
+}
+
+TEST_F(Update, FilesCutShortTakeNoMatch) {
+  run({"--seed", "1", "match", "--matches", "3", "--update", "--quiet"});
+  for (const auto& [name, size] : {std::pair("small.rec", 6000), std::pair("small.ptr", 175'000)}) {
+    const std::string whole = file_bytes(teams() / name);
+    ASSERT_GT(whole.size(), static_cast<std::size_t>(size));
+    std::filesystem::resize_file(teams() / name, size);
+    const auto before = contents_of(teams());
+    EXPECT_THAT(error(1, {"--seed", "2", "match", "--update"}),
+                ::testing::AllOf(HasSubstr("The file is not whole: the file ends "), HasSubstr(name)));
+    EXPECT_EQ(run({"db", "check", "small"}).status, 1);
+    EXPECT_EQ(contents_of(teams()), before);
+    write_bytes(teams() / name, whole);
+  }
+}
+
+TEST_F(Update, AFileOfAnotherDayTakesNoMatch) {
+  run({"--seed", "1", "match", "--update", "--quiet"});
+  const std::string rec = file_bytes(teams() / "small.rec");
+  run({"--seed", "2", "match", "--update", "--quiet"});
+  write_bytes(teams() / "small.rec", rec);
+  EXPECT_THAT(error(1, {"--seed", "3", "match", "--update"}),
+              HasSubstr("small.rec and small.ptr do not belong together"));
+  const run_result checked = run({"db", "check", "small"});
+  EXPECT_EQ(checked.status, 1);
+  EXPECT_THAT(checked.out, HasSubstr("small.rec: record 2: matches: "));
 }
 
 TEST_F(Update, WithoutItFiguresStayAsTheyAre) {

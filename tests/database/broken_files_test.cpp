@@ -7,11 +7,10 @@
 #include <map>
 #include <set>
 
-#include "database/database_fixture.h"
 #include "database/elevens.h"
 #include "database/records.h"
 #include "database/teams_file.h"
-#include "database/world.h"
+#include "database/world_fixture.h"
 
 namespace velorin {
 namespace {
@@ -74,7 +73,7 @@ const std::map<std::string, std::string> errors = {
      "Line 2: \"1e39\" is no decimal number in range (file players.csv, field bowl_sr)"},
     {"BrokenUtf8.players.csv", "Line 2, column 8: a character that has no place in Windows-1252 (file players.csv)"},
     {"BrokenZeroByte.players.csv",
-     "Line 2: \"2 8\" is no whole number from -32768 to 32767 (file players.csv, field bat_skill)"},
+     "Line 2: \"2?8\" is no whole number from -32768 to 32767 (file players.csv, field bat_skill)"},
     {"BrokenShortRow.grounds.csv", "Line 2: 4 columns instead of 5 (file grounds.csv)"},
 };
 
@@ -124,16 +123,16 @@ TEST_P(BrokenFiles, AreRefusedWithThePlaceAndStayAsTheyAre) {
   EXPECT_EQ(bytes_of(placed()), bytes);
 }
 
-using BrokenDatabaseFiles = BrokenFiles;
+class BrokenDatabaseFiles : public testing::world_fixture, public ::testing::WithParamInterface<std::string> {};
 
 TEST_P(BrokenDatabaseFiles, AreFaultyForTheCheck) {
-  write_bytes(files.team, {});
-  write_bytes(files.grd, {});
+  build({}, {});
   ASSERT_TRUE(check_database(files).empty());
-  place(bytes_of(broken / GetParam()));
+  const std::string name = "base" + std::filesystem::path(GetParam()).extension().string();
+  write_bytes(folder / name, bytes_of(broken / GetParam()));
   const auto faults = check_database(files);
   ASSERT_FALSE(faults.empty());
-  EXPECT_EQ(faults.front().file, placed().filename());
+  EXPECT_EQ(faults.front().file, name);
 }
 
 /// The files whose names have one of these endings.

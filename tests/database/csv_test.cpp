@@ -54,6 +54,17 @@ TEST_F(Csv, QuotedFieldsHoldCommasQuotesAndLineEnds) {
   EXPECT_EQ(table.line(1), 4) << "the embedded line end counts";
 }
 
+TEST_F(Csv, ALoneCarriageReturnEndsNoLine) {
+  const csv_table table = read("a,b\none\rtwo,\r\n\r,4\n");
+  ASSERT_EQ(table.rows(), 2);
+  EXPECT_EQ(table.text(0, "a"), "one\rtwo");
+  EXPECT_EQ(table.text(0, "b"), "");
+  EXPECT_EQ(table.text(1, "a"), "\r");
+  EXPECT_EQ(table.text(1, "b"), "4");
+  EXPECT_EQ(read("a,b\n1,2\r").text(0, "b"), "2\r") << "nor the last one";
+  EXPECT_EQ(csv_line({"one\rtwo"}), "\"one\rtwo\"\r\n");
+}
+
 TEST_F(Csv, BlanksBelongToTheirField) { EXPECT_EQ(read("a,b\n x , y\n").text(0, "a"), " x "); }
 
 TEST_F(Csv, TextsBecomeWindows1252) {

@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <random>
 
-#include "database/database_fixture.h"
 #include "database/records.h"
 #include "database/saveavgs.h"
 #include "database/slots.h"
 #include "database/teams_file.h"
-#include "database/world.h"
+#include "database/world_fixture.h"
 
 namespace velorin {
 namespace {
@@ -18,17 +17,12 @@ using testing::write_bytes;
 
 constexpr int rounds = 100;
 
-class DamagedFiles : public testing::database_fixture {
+class DamagedFiles : public testing::world_fixture {
  protected:
-  /// A database of one team and one ground that has played a match.
+  /// A database that has played a match.
   void SetUp() override {
-    database_fixture::SetUp();
-    write_bytes(folder / "players.csv",
-                "team,name,bat_skill,bowl_sr,econ,keeper,hand,role,bowler_type\n"
-                "Alba,K.Orr,28,99,9.25,yes,LH ,Lower Order,spinner\n");
-    write_bytes(folder / "grounds.csv",
-                "country,ground,pitch_bounce,pitch_surface,start_time\nAlba,Harbour Park,3,2,1030\n");
-    build_database(folder, files.team, files.grd);
+    world_fixture::SetUp();
+    build({testing::orr}, {testing::park});
     testing::set_up_finished_match();
     update_career();
     update_records();

@@ -155,6 +155,31 @@ TEST(SlotReader, WhatTheEndOfTheFileCutsOffReadsAsEmpty) {
   EXPECT_EQ(ground.start_time, 0);
 }
 
+TEST(SlotReader, ATextIsCutWhereItsBytesBegin) {
+  slot_reader reader(std::string_view("\x04\0", 2), 1500);
+  std::string name;
+  reader("name", name);
+  EXPECT_EQ(name, "");
+  ASSERT_TRUE(reader.cut().has_value());
+  EXPECT_EQ(reader.cut()->field, "name");
+  ASSERT_TRUE(reader.missing().has_value());
+  EXPECT_EQ(reader.missing()->what, "the file ends within this field");
+}
+
+TEST(SlotReader, AnEndBetweenTwoFieldsCutsNone) {
+  slot_reader reader(std::string_view("\x01\0x", 3), 1500);
+  std::string name;
+  integer number;
+  reader("name", name);
+  EXPECT_FALSE(reader.missing().has_value());
+  reader("number", number);
+  EXPECT_EQ(number, 0);
+  EXPECT_FALSE(reader.cut().has_value());
+  ASSERT_TRUE(reader.missing().has_value());
+  EXPECT_EQ(reader.missing()->field, "number");
+  EXPECT_EQ(reader.missing()->what, "the file ends before this field");
+}
+
 TEST(SlotFile, LaysRecordsOverTheirSlots) {
   slot_file file(std::string(10, 'x'), 10, "f");
   file.put(1, "ab", {});

@@ -124,6 +124,8 @@ TEST_F(TeamsFile, AFileThatEndsBeforeItsLastRecordIsNotWhole) {
 TEST_F(TeamsFile, AFileThatEndsWithinItsLastRecordIsNotWhole) {
   write_teams({team_called("Tamar"), team_called("Alba")});
   write_counted(files.grd, 0, std::vector<ground_rec>());
+  std::filesystem::resize_file(files.team, 2 * 1500 + 6);
+  EXPECT_EQ(error_of([] { require_whole_database(); }).place().field, "team_flag") << "an end between two fields";
   std::filesystem::resize_file(files.team, 2 * 1500 + 5);
   const run_time_error error = error_of([] { require_whole_database(); });
   EXPECT_EQ(error.kind(), failure::file);

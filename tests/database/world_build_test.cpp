@@ -6,6 +6,7 @@
 #include <chrono>
 #include <thread>
 
+#include "database/saveavgs.h"
 #include "database/slots.h"
 #include "database/teams_file.h"
 #include "database/whole_file.h"
@@ -15,6 +16,7 @@ namespace velorin {
 namespace {
 
 using testing::bytes_of;
+using testing::completed;
 using ::testing::ElementsAre;
 using testing::error_of;
 using testing::ground_header;
@@ -30,15 +32,15 @@ using testing::write_bytes;
 class WorldBuild : public testing::world_fixture {};
 
 TEST_F(WorldBuild, TeamsStandInTheOrderOfTheirFirstRow) {
-  build({"Tamar,T.One,1,0.5,0.1,no,RH ,Opener,Fast Bowler", halden, "Tamar,T.Two,32767,99,9,yes,RHB,Opener,x", orr},
+  build({"Tamar,T.One,1,0.5,0.1,no,RH ,Opener,Fast Bowler", halden, "Tamar,T.Two,1000,99,9,yes,RHB,Opener,x", orr},
         {park, "Neutral,Old Field,1,4,2359", "Tamar,Ford,4,1,1000"});
   const auto& teams = read_team_list();
   ASSERT_EQ(teams.size(), 2U);
   EXPECT_EQ(teams[0].team_name, "Tamar");
   EXPECT_EQ(teams[0].squad[2].name, "T.Two");
-  EXPECT_EQ(teams[0].squad[2].bat_skill, 32767);
+  EXPECT_EQ(teams[0].squad[2].bat_skill, 1000);
   EXPECT_EQ(teams[0].squad[2].is_keeper, flag_true);
-  EXPECT_EQ(teams[0].squad[3].name, "");
+  EXPECT_EQ(teams[0].squad[12].name, "");
   EXPECT_EQ(teams[1].squad[1].bat_type, "RH Opener");
   EXPECT_EQ(teams[1].squad[1].role(), "Opener");
   EXPECT_EQ(teams[1].squad[1].econ, 4.7F);
@@ -66,19 +68,17 @@ TEST_F(WorldBuild, TheOldFilesLeaveNoTrace) {
 }
 
 TEST_F(WorldBuild, ADumpBuildsTheSameBytes) {
-  build({halden, orr,
-         "\"Tamar, \"\"Old\"\"\",Jos\xC3\xA9 \xE2\x80\x9CX\xE2\x80\x9D,7,33.333332,0.1,no,LHB,Middle Order,"},
-        {park, "Neutral,\"Caf\xC3\xA9, the\r\nother\",4,4,1445"});
+  const std::vector<std::string> players =
+      completed({halden, orr,
+                 "\"Tamar, \"\"Old\"\"\",Jos\xC3\xA9 \xE2\x80\x9CX\xE2\x80\x9D,7,33.333332,0.1,no,LHB,Middle Order,"});
+  build(players, {park, "Neutral,\"Caf\xC3\xA9, the other\",4,4,1445"});
   expect_round_trip();
   dump_database(files, folder / "dump");
-  EXPECT_EQ(
-      bytes_of(folder / "dump" / "players.csv"),
-      table(player_header,
-            {halden, orr,
-             "\"Tamar, \"\"Old\"\"\",Jos\xC3\xA9 \xE2\x80\x9CX\xE2\x80\x9D,7,33.333332,0.1,no,LHB,Middle Order,"}))
-      << "optional columns without content are left out";
+  const std::string dumped = bytes_of(folder / "dump" / "players.csv");
+  EXPECT_EQ(dumped.size(), table(player_header, players).size()) << "optional columns without content are left out";
+  for (const std::string& row : players) EXPECT_THAT(dumped, HasSubstr("\r\n" + row + "\r\n"));
   EXPECT_EQ(bytes_of(folder / "dump" / "grounds.csv"),
-            table(ground_header, {park, "Neutral,\"Caf\xC3\xA9, the\r\nother\",4,4,1445"}));
+            table(ground_header, {park, "Neutral,\"Caf\xC3\xA9, the other\",4,4,1445"}));
 }
 
 TEST_F(WorldBuild, ADumpIntoTheFolderOfTheDatabaseIsOne) {
@@ -119,8 +119,9 @@ TEST_F(WorldBuild, ADumpWaitsForItsTurn) {
 }
 
 TEST_F(WorldBuild, OptionalColumnsAreKept) {
-  build_tables(player_header + ",team_flag,reserved_1,reserved_6", {halden + ",-7,one,six", orr + ",-7,,"},
-               ground_header + ",ground_reserved_2", {park + ",-32768"});
+  build_tables(player_header + ",team_flag,reserved_1,reserved_6",
+               completed({halden + ",-7,one,six", orr + ",-7,,"}, ",-7,,"), ground_header + ",ground_reserved_2",
+               {park + ",-32768"});
   EXPECT_EQ(read_team_list()[0].team_flag, -7);
   EXPECT_EQ(read_team_list()[0].squad[1].reserved[0], "one");
   EXPECT_EQ(read_team_list()[0].squad[1].reserved[5], "six");
@@ -133,18 +134,60 @@ TEST_F(WorldBuild, OptionalColumnsAreKept) {
 }
 
 TEST_F(WorldBuild, FreePlacesKeepWhatTheyHold) {
-  build({halden, "Alba,,3,-0,0,yes,R,,x", "Tamar,,0,0,0,no,,,"}, {});
-  ASSERT_EQ(read_team_list().size(), 2U);
-  EXPECT_EQ(read_team_list()[0].squad[2].bowler_type, "x");
-  EXPECT_EQ(read_team_list()[0].squad[2].bat_type, "R");
+  std::vector<std::string> rows = completed({halden});
+  rows.push_back("Alba,,3,-0,0,yes,R,,x");
+  build(rows, {});
+  EXPECT_EQ(read_team_list()[0].squad[12].bowler_type, "x");
+  EXPECT_EQ(read_team_list()[0].squad[12].bat_type, "R");
   expect_round_trip();
 }
 
-TEST_F(WorldBuild, AnEmptyWorldIsBuiltAndDumped) {
-  build({}, {});
-  EXPECT_TRUE(read_team_list().empty());
-  EXPECT_EQ(bytes_of(files.team), std::string(1500, '\0'));
-  expect_round_trip();
+TEST_F(WorldBuild, WhatCannotBePlayedIsRefused) {
+  const auto refused = [&](const std::vector<std::string>& players, const std::vector<std::string>& grounds) {
+    const auto error = error_of([&] { build_tables(player_header, players, ground_header, grounds); });
+    EXPECT_EQ(error.kind(), failure::type);
+    EXPECT_THAT(names_in(folder), ElementsAre("source"));
+    return std::string(error.what());
+  };
+  EXPECT_EQ(refused({}, {}), "0 teams, at least 2 (file players.csv, field team)");
+  std::vector<std::string> rows = completed({halden});
+  std::vector<std::string> one;
+  for (const std::string& row : rows) {
+    if (row.starts_with("Alba")) one.push_back(row);
+  }
+  EXPECT_EQ(refused(one, {park}), "1 team, at least 2 (file players.csv, field team)");
+  EXPECT_EQ(refused({rows.begin(), rows.end() - 1}, {park}),
+            "Line 13: 10 players, at least 11 (file players.csv, field name, at \"Zoll\")");
+  rows = completed({halden, "Tamar,T.One,20,30,4,no,RH ,Opener,x", "Zoll,Z.One,20,30,4,no,RH ,Opener,x"});
+  EXPECT_EQ(refused(rows, {park}), "no ground for \"Tamar\" against \"Zoll\" (file grounds.csv, field country)");
+  build_tables(player_header, rows, ground_header, {park, "Zoll,Z,1,1,1000"});
+}
+
+TEST_F(WorldBuild, ControlCharactersAreRefused) {
+  EXPECT_EQ(refused_player("Alba,\"A\x1B[2J\nB\",20,30,4,no,RH ,Opener,x"),
+            "Line 3: \"A?[2J?B\" has a control character (file players.csv, field name, at \"A?[2J?B\")");
+  EXPECT_THAT(refused_player("Alba,X,20,30,4,no,R\tH,Opener,x"),
+              HasSubstr("control character (file players.csv, field role, at \"X\")"));
+  EXPECT_THAT(refused_player("\"Al\nba\",X,20,30,4,no,RHB,Opener,x"), HasSubstr("field team"));
+  EXPECT_EQ(refused_ground("Alba,\"Old\r\nField\",1,1,1030"),
+            "Line 3: \"Old??Field\" has a control character (file grounds.csv, field ground, at \"Old??Field\")");
+}
+
+TEST_F(WorldBuild, CareersThatAreNotWholeAreLeftAlone) {
+  testing::set_up_finished_match();
+  update_career_and_records();
+  build({halden}, {park});
+  const std::string team = bytes_of(files.team);
+  std::filesystem::resize_file(files.rec, 6000);
+  const auto error = error_of([&] { build({halden, orr}, {park}); });
+  EXPECT_THAT(error.what(), StartsWith("The file is not whole: the file ends "));
+  EXPECT_EQ(error.place().file, "base.rec");
+  std::filesystem::remove(files.rec);
+  EXPECT_THAT(error_of([&] {
+                build({halden, orr}, {park});
+              }).what(),
+              StartsWith("base.rec and base.ptr do not belong together: "));
+  EXPECT_EQ(bytes_of(files.team), team);
 }
 
 TEST_F(WorldBuild, TwentyTeamsOfTwentyPlayersAreBuilt) {
@@ -175,7 +218,7 @@ TEST_F(WorldBuild, A21stPlayerIsRefused) {
 }
 
 TEST_F(WorldBuild, AsManyGroundsAsTheCountHoldsAreBuilt) {
-  std::vector<std::string> rows(32'767, park);
+  std::vector<std::string> rows(32'767, testing::field);
   build({halden}, rows);
   EXPECT_EQ(read_grounds().size(), 32'767U);
   std::filesystem::remove(files.team);
@@ -211,17 +254,18 @@ TEST_F(WorldBuild, AnElevensRecordBeyondItsSlotIsRefused) {
 }
 
 TEST_F(WorldBuild, ReservedTextsDoNotCountInAnEleven) {
-  build_tables(player_header + ",reserved_1", {halden + "," + std::string(200, 'r')}, ground_header, {});
+  build_tables(player_header + ",reserved_1", completed({halden + "," + std::string(200, 'r')}, ","), ground_header,
+               {testing::field});
   EXPECT_TRUE(check_database(files).empty());
 }
 
 TEST_F(WorldBuild, RatingsThatTheModelCannotPlayWithAreRefused) {
   EXPECT_EQ(refused_player("Alba,X,0,31.5,4.7,no,RH ,Opener,x"),
-            "Line 3: 0, at least 1 (file players.csv, field bat_skill, at \"X\")");
+            "Line 3: 0, must be from 1 to 1000 (file players.csv, field bat_skill, at \"X\")");
   EXPECT_EQ(refused_player("Alba,X,5,0,4.7,no,RH ,Opener,x"),
-            "Line 3: 0, must be above 0 (file players.csv, field bowl_sr, at \"X\")");
+            "Line 3: 0, must be above 0 and at most 1000 (file players.csv, field bowl_sr, at \"X\")");
   EXPECT_EQ(refused_player("Alba,X,5,3,-1.5,no,RH ,Opener,x"),
-            "Line 3: -1.5, must be above 0 (file players.csv, field econ, at \"X\")");
+            "Line 3: -1.5, must be above 0 and at most 36 (file players.csv, field econ, at \"X\")");
   EXPECT_THAT(refused_player("Alba,X,32768,31.5,4.7,no,RH ,Opener,x"), HasSubstr("field bat_skill"));
   EXPECT_THAT(refused_player("Alba,X,4.5,31.5,4.7,no,RH ,Opener,x"), HasSubstr("field bat_skill"));
   EXPECT_THAT(refused_player("Alba,X,5,nan,4.7,no,RH ,Opener,x"), HasSubstr("field bowl_sr"));

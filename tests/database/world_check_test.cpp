@@ -30,12 +30,13 @@ player_rec man_called(const std::string& name) {
   return man;
 }
 
-/// A sound team of two players.
+/// A sound team of eleven players.
 team_rec team_called(const std::string& name) {
   team_rec team;
   team.team_name = name;
   team.squad[1] = man_called("One");
   team.squad[2] = man_called("Two");
+  for (int i = 3; i <= 11; ++i) team.squad[i] = man_called(fmt::format("Man{}", i));
   return team;
 }
 
@@ -113,26 +114,67 @@ TEST_F(WorldCheck, EveryFaultOfATeam) {
   team.squad[1].is_keeper = 1;
   team.squad[1].bat_type = "RH Bowler";
   team.squad[2].name = std::string(95 - 9 - 13 + 1, 'x');
-  team.squad[4] = man_called("Four");
+  team.squad[3].bat_skill = 1001;
+  team.squad[4].bowl_sr = 1000.5F;
+  team.squad[5].econ = 36.5F;
+  team.squad[13] = man_called("Thirteen");
   write_teams(2, {team_called("Alba"), team});
   EXPECT_THAT(faults(), ElementsAre("base.team:3:team_name: a second team called \"Alba\"",
-                                    "base.team:3:squad[1].bat_skill: 0, at least 1 (One)",
-                                    "base.team:3:squad[1].bowl_sr: 0, must be above 0 (One)",
-                                    "base.team:3:squad[1].econ: not a number, must be above 0 (One)",
+                                    "base.team:3:squad[1].bat_skill: 0, must be from 1 to 1000 (One)",
+                                    "base.team:3:squad[1].bowl_sr: 0, must be above 0 and at most 1000 (One)",
+                                    "base.team:3:squad[1].econ: not a number, must be above 0 and at most 36 (One)",
                                     "base.team:3:squad[1].is_keeper: 1 is no flag (-1 or 0) (One)",
                                     "base.team:3:squad[1].bat_type: \"Bowler\" is no known role (One)",
                                     "base.team:3:squad[2].name: an eleven's record of 126 bytes, at most 125 (" +
                                         std::string(74, 'x') + ")",
-                                    "base.team:3:squad[4].name: a player behind a free place (Four)"));
+                                    "base.team:3:squad[3].bat_skill: 1001, must be from 1 to 1000 (Man3)",
+                                    "base.team:3:squad[4].bowl_sr: 1000.5, must be above 0 and at most 1000 (Man4)",
+                                    "base.team:3:squad[5].econ: 36.5, must be above 0 and at most 36 (Man5)",
+                                    "base.team:3:squad[13].name: a player behind a free place (Thirteen)"));
 }
 
-TEST_F(WorldCheck, FreePlacesAreNotJudged) {
+TEST_F(WorldCheck, FreePlacesHoldWhatATableCanKeep) {
   team_rec team = team_called("Alba");
-  team.squad[3].bat_skill = -5;
-  team.squad[3].bowler_type = "left behind";
-  write_teams(1, {team});
-  write_grounds(0, {});
+  team.squad[12].bat_skill = -5;
+  team.squad[12].econ = -5;
+  team.squad[12].bowler_type = "left behind";
+  write_teams(2, {team, team_called("Tamar")});
   EXPECT_THAT(faults(), IsEmpty());
+  team.squad[12].bowl_sr = std::numeric_limits<float>::quiet_NaN();
+  team.squad[13].is_keeper = 7;
+  team.squad[14].reserved[5] = "a\tb";
+  write_teams(2, {team, team_called("Tamar")});
+  EXPECT_THAT(faults(), ElementsAre("base.team:2:squad[12].bowl_sr: not a number",
+                                    "base.team:2:squad[13].is_keeper: 7 is no flag (-1 or 0)",
+                                    "base.team:2:squad[14].reserved_6: \"a\tb\" has a control character"));
+}
+
+TEST_F(WorldCheck, TheLeastThatCanBePlayed) {
+  team_rec ten = team_called("Tamar");
+  ten.squad[11] = player_rec();
+  write_teams(2, {team_called("Alba"), ten});
+  EXPECT_THAT(faults(), ElementsAre("base.team:3:squad: 10 players, at least 11"));
+  write_teams(1, {team_called("Alba")});
+  EXPECT_THAT(faults(), ElementsAre("base.team:1:team_count: 1 team, at least 2"));
+  write_teams(3, {team_called("Alba"), team_called("Tamar"), team_called("Zoll")});
+  write_grounds(1, {ground_in("Alba")});
+  EXPECT_THAT(faults(), ElementsAre("base.grd:0:country: no ground for \"Tamar\" against \"Zoll\""));
+  write_grounds(2, {ground_in("Alba"), ground_in("Zoll")});
+  EXPECT_THAT(faults(), IsEmpty());
+}
+
+TEST_F(WorldCheck, ControlCharactersInAnyText) {
+  team_rec team = team_called("Al\nba");
+  team.squad[1].bat_type = "R\x1BHOpener";
+  team.squad[2].bowler_type = "a\x81z";
+  ground_rec ground = ground_in("Neutral");
+  ground.ground_name = "The\rPark";
+  write_teams(2, {team, team_called("Tamar")});
+  write_grounds(1, {ground});
+  EXPECT_THAT(faults(), ElementsAre("base.team:2:team_name: \"Al\nba\" has a control character",
+                                    "base.team:2:squad[1].bat_type: \"R\x1BHOpener\" has a control character (One)",
+                                    "base.team:2:squad[2].bowler_type: \"a\x81z\" has a control character (Two)",
+                                    "base.grd:2:ground_name: \"The\rPark\" has a control character"));
 }
 
 TEST_F(WorldCheck, CountsOfTeamsAndGrounds) {
@@ -143,18 +185,26 @@ TEST_F(WorldCheck, CountsOfTeamsAndGrounds) {
   std::vector<team_rec> teams;
   for (int i = 0; i < 21; ++i) teams.push_back(team_called(fmt::format("Team {}", i)));
   write_teams(21, teams);
-  write_grounds(0, {});
+  write_grounds(1, {ground_in("Neutral")});
   EXPECT_THAT(faults(), ElementsAre("base.team:1:team_count: a count of 21, at most 20"));
 }
 
 TEST_F(WorldCheck, RecordsBeyondTheFile) {
   write_teams(3, {team_called("Alba"), team_called("Tamar")});
-  EXPECT_THAT(faults(), ElementsAre("base.team:4:team_name: the team has no name"));
+  EXPECT_THAT(faults(), ElementsAre("base.team:4:: the file ends before this record"));
 }
 
-TEST_F(WorldCheck, WhatTheEndOfTheFileCutsInTwo) {
-  std::filesystem::resize_file(files.team, 3000 + 4);
-  EXPECT_THAT(faults(), ElementsAre("base.team:3:team_name: the file ends within this field"));
+TEST_F(WorldCheck, WhereTheEndOfTheFileComesEarly) {
+  const auto cut_at = [this](std::size_t bytes) {
+    std::filesystem::resize_file(files.team, 3000 + bytes);
+    return faults();
+  };
+  EXPECT_THAT(cut_at(9), ElementsAre("base.team:3:squad[1].name: the file ends before this field"));
+  EXPECT_THAT(cut_at(8), ElementsAre("base.team:3:team_flag: the file ends within this field"));
+  EXPECT_THAT(cut_at(7), ElementsAre("base.team:3:team_flag: the file ends before this field"));
+  EXPECT_THAT(cut_at(4), ElementsAre("base.team:3:team_name: the file ends within this field"));
+  EXPECT_THAT(cut_at(2), ElementsAre("base.team:3:team_name: the file ends within this field")) << "where it begins";
+  EXPECT_THAT(cut_at(0), ElementsAre("base.team:3:: the file ends before this record"));
 }
 
 TEST_F(WorldCheck, TextsBeyondTheirSlots) {
@@ -176,11 +226,12 @@ TEST_F(WorldCheck, EveryFaultOfAGround) {
   ground.pitch_surface = 5;
   ground.start_time = 930;
   write_grounds(1, {ground});
-  EXPECT_THAT(faults(), ElementsAre("base.grd:2:country: \"Atlantis\" is neither a team nor \"Neutral\"",
-                                    "base.grd:2:ground_name: the ground has no name",
-                                    "base.grd:2:pitch_bounce: 0, must be from 1 to 4",
-                                    "base.grd:2:pitch_surface: 5, must be from 1 to 4",
-                                    "base.grd:2:start_time: 930 has not four digits"));
+  EXPECT_THAT(
+      faults(),
+      ElementsAre("base.grd:2:country: \"Atlantis\" is neither a team nor \"Neutral\"",
+                  "base.grd:2:ground_name: the ground has no name", "base.grd:2:pitch_bounce: 0, must be from 1 to 4",
+                  "base.grd:2:pitch_surface: 5, must be from 1 to 4", "base.grd:2:start_time: 930 has not four digits",
+                  "base.grd:0:country: no ground for \"Alba\" against \"Tamar\""));
 }
 
 TEST_F(WorldCheck, EveryFaultOfACareer) {
@@ -230,7 +281,8 @@ TEST_F(WorldCheck, CountsOfCareers) {
   EXPECT_THAT(with_count(hex("08 00 01 00 78"), 0),
               ElementsAre("base.rec:1:career_team_count: a value that is no number"));
   EXPECT_THAT(with_count(hex("02 00 01 00"), -1), ElementsAre("base.rec:2:player_count: -1 is no count"));
-  EXPECT_THAT(with_count(hex("02 00 01 00"), 0), IsEmpty());
+  EXPECT_THAT(with_count(hex("02 00 01 00"), 0),
+              ElementsAre("base.rec:2:team_name: \"Alba\" has no row in the team table"));
   const auto many = with_count(hex("02 00 01 00"), 21);
   ASSERT_EQ(many.size(), 21U) << "and twenty places without a name";
 }
@@ -255,7 +307,9 @@ TEST_F(WorldCheck, EveryFaultOfTheRecords) {
                           "base.ptr:16:wickets: 11 wickets in an innings", "base.ptr:32:balls: -300 is below 0",
                           "base.ptr:60:wickets: 12 wickets in an innings", "base.ptr:70:partner_runs: -5 is below 0",
                           "base.ptr:72:away_won: a value that is no number", "base.ptr:77:home_lost: -1 is below 0",
+                          "base.ptr:91:away_won: a team that has played no match",
                           "base.ptr:109:team_name: a second team called \"Alba\"",
+                          "base.ptr:110:away_won: a team that has played no match",
                           "base.ptr:128:team_name: a team without a name"));
 }
 
@@ -268,10 +322,10 @@ TEST_F(WorldCheck, BytesOfTheRecordsThatCannotBeRead) {
   bytes[(71 - 1) * records_slot + 2] = '\x01';
   bytes[(90 - 1) * records_slot] = '\x08';
   write_bytes(files.ptr, bytes);
-  EXPECT_THAT(faults(), ElementsAre("base.ptr:1:player: 32518 bytes from byte 2 on run beyond the slot of 2500",
-                                    "base.ptr:73:away_tied: unknown tag 4",
-                                    "base.ptr:90:team_name: the file ends within this field",
-                                    "base.ptr:90:team_name: a team without a name"));
+  EXPECT_THAT(faults(),
+              ElementsAre("base.ptr:90:team_name: the file ends within this field",
+                          "base.ptr:1:player: 32518 bytes from byte 2 on run beyond the slot of 2500",
+                          "base.ptr:73:away_tied: unknown tag 4", "base.ptr:90:team_name: a team without a name"));
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
+
 #include "database/database_fixture.h"
 #include "database/world.h"
 
@@ -12,14 +14,39 @@ inline const std::string player_header = "team,name,bat_skill,bowl_sr,econ,keepe
 inline const std::string ground_header = "country,ground,pitch_bounce,pitch_surface,start_time";
 inline const std::string halden = "Alba,R.M.Halden,42,31.5,4.7,no,RH ,Opener,Medium Pacer";
 inline const std::string orr = "Alba,K.Orr,28,99,9.25,yes,LH ,Lower Order,spinner";
+inline const std::string field = "Neutral,Old Field,1,4,1000";
 inline const std::string park = "Alba,Harbour Park,3,2,1030";
+
+/// The first field of a row.
+inline std::string team_of(const std::string& row) {
+  if (!row.starts_with('"')) return row.substr(0, row.find(','));
+  std::size_t end = 1;
+  while (row[end] != '"' || row[end + 1] == '"') end += row[end] == '"' ? 2 : 1;
+  return row.substr(0, end + 1);
+}
+
+/// Adds what is missing until two teams can play: behind the rows as many men as each team lacks, and a second team.
+inline std::vector<std::string> completed(std::vector<std::string> rows, const std::string& more_columns = {}) {
+  constexpr int men = 11;
+  std::map<std::string, int> lacking;
+  for (const std::string& row : rows) ++lacking[team_of(row)];
+  if (lacking.size() < 2) lacking["Zoll"] = 0;
+  if (lacking.size() < 2) lacking["Yser"] = 0;
+  for (const auto& [team, players] : lacking) {
+    for (int man = players + 1; man <= men; ++man) {
+      rows.push_back(team + ",Man" + std::to_string(man) + ",20,30,4,no,RH ,Opener,typed" + more_columns);
+    }
+  }
+  return rows;
+}
 
 /// Databases built from tables in the folder "source".
 class world_fixture : public database_fixture {
  protected:
-  /// Builds from the given rows below the usual headers.
-  void build(const std::vector<std::string>& players, const std::vector<std::string>& grounds) {
-    build_tables(player_header, players, ground_header, grounds);
+  /// Builds from the given rows below the usual headers, and what they lack for play.
+  void build(const std::vector<std::string>& players, std::vector<std::string> grounds) {
+    if (grounds.empty()) grounds = {field};
+    build_tables(player_header, completed(players), ground_header, grounds);
   }
   void build_tables(const std::string& players_line, const std::vector<std::string>& players,
                     const std::string& grounds_line, const std::vector<std::string>& grounds) {

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Careers and record lists that are cut short, or not of one state, take no match and are faults for the check.
+#include "database/agreement.h"
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+#include <chrono>
+#include <limits>
+
+#include "database/saveavgs.h"
+#include "database/slots.h"
+#include "database/whole_file.h"
+#include "database/world_fixture.h"
+
+namespace velorin {
+namespace {
+
+using testing::bytes_of;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using testing::error_of;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+using testing::write_bytes;
+
+class Agreement : public testing::world_fixture {
+ protected:
+  /// A database that has played two matches; `rec_` and `ptr_` are the files of the first.
+  void SetUp() override {
+    world_fixture::SetUp();
+    build({testing::halden, "Tamar,T.One,20,30,4,no,RH ,Opener,x"}, {testing::park});
+    testing::set_up_finished_match();
+    update_career_and_records();
+    rec_ = bytes_of(files.rec);
+    ptr_ = bytes_of(files.ptr);
+    update_career_and_records();
+  }
+
+  /// The faults as lines.
+  static std::vector<std::string> faults() {
+    std::vector<std::string> lines;
+    for (const database_fault& fault : check_database(files)) {
+      lines.push_back(fmt::format("{}:{}:{}: {}", fault.file, fault.record, fault.field, fault.what));
+    }
+    return lines;
+  }
+
+  /// The refusal of an update; both files must stay as they are.
+  static std::string refusal() {
+    const auto rec = read_file(files.rec);
+    const auto ptr = read_file(files.ptr);
+    const run_time_error error = error_of(update_career_and_records);
+    EXPECT_EQ(error.kind(), failure::file);
+    EXPECT_TRUE(read_file(files.rec) == rec && read_file(files.ptr) == ptr) << "a file has changed";
+    return error.what();
+  }
+
+  std::string rec_;
+  std::string ptr_;
+};
+
+TEST_F(Agreement, IsKeptByMatchAfterMatch) {
+  EXPECT_THAT(faults(), IsEmpty());
+  update_career_and_records();
+  EXPECT_THAT(faults(), IsEmpty());
+}
+
+TEST_F(Agreement, CareersCutAnywhereAreRefused) {
+  const std::string whole = bytes_of(files.rec);
+  career_table read = read_career_table();
+  const std::size_t end = 2 * career_slot + encoded(read.teams[2]).size();
+  for (std::size_t size = end; size-- > 1; size -= size > 20 ? size % 19 : 0) {
+    std::filesystem::resize_file(files.rec, size);
+    ASSERT_THAT(refusal(), StartsWith("The file is not whole: the file ends ")) << size;
+    ASSERT_EQ(faults().size(), 1U) << size;
+  }
+  write_bytes(files.rec, whole.substr(0, 2 * career_slot));
+  EXPECT_EQ(refusal(), "The file is not whole: the file ends before this record (file base.rec, record 3)");
+  EXPECT_THAT(faults(), ElementsAre("base.rec:3:: the file ends before this record"));
+  write_bytes(files.rec, whole.substr(0, end));
+  EXPECT_THAT(faults(), IsEmpty()) << "what has no meaning may be missing";
+  update_career_and_records();
+}
+
+TEST_F(Agreement, RecordsCutAnywhereAreRefused) {
+  const std::string whole = bytes_of(files.ptr);
+  for (std::size_t size = (table_record(3) - 2) * records_slot; size > records_slot; size -= records_slot) {
+    std::filesystem::resize_file(files.ptr, size);
+    ASSERT_THAT(refusal(), StartsWith("The file is not whole: the file ends before this record")) << size;
+    ASSERT_THAT(faults(), Contains(HasSubstr(": the file ends before this "))) << size;
+  }
+  write_bytes(files.ptr, whole.substr(0, 70 * records_slot));
+  EXPECT_EQ(refusal(), "The file is not whole: the file ends before this record (file base.ptr, record 71)");
+  write_bytes(files.ptr, whole.substr(0, 70 * records_slot + 2));
+  EXPECT_EQ(refusal(),
+            "The file is not whole: the file ends before this field (file base.ptr, record 71, field "
+            "table_team_count)");
+  write_bytes(files.ptr, whole.substr(0, 1));
+  EXPECT_THAT(faults(), ElementsAre("base.ptr:1:player: the file ends within this field"));
+}
+
+TEST_F(Agreement, OneFileAloneTakesNoMatchEither) {
+  std::filesystem::resize_file(files.rec, career_slot + 7);
+  EXPECT_EQ(error_of(update_career).place().file, "base.rec");
+  std::filesystem::resize_file(files.ptr, records_slot + 7);
+  EXPECT_EQ(error_of(update_records).place().file, "base.ptr");
+}
+
+TEST_F(Agreement, AMissingOrEmptyFileBesideAFullOneIsRefused) {
+  const std::string ptr = bytes_of(files.ptr);
+  std::filesystem::remove(files.ptr);
+  EXPECT_EQ(refusal(),
+            "base.rec and base.ptr do not belong together: \"Tamar\" has no row in the team table (file base.rec, "
+            "record 2, field team_name)");
+  EXPECT_THAT(faults(), ElementsAre("base.rec:2:team_name: \"Tamar\" has no row in the team table",
+                                    "base.rec:3:team_name: \"Alba\" has no row in the team table"));
+  write_bytes(files.ptr, ptr);
+  write_bytes(files.rec, "");
+  EXPECT_THAT(refusal(), StartsWith("base.rec and base.ptr do not belong together: "));
+  EXPECT_THAT(faults(), Contains("base.ptr:90:team_name: \"Tamar\" has no careers"));
+}
+
+TEST_F(Agreement, AFileOfAnotherDayIsRefused) {
+  const std::string now = bytes_of(files.rec);
+  write_bytes(files.rec, rec_);
+  EXPECT_EQ(
+      refusal(),
+      "base.rec and base.ptr do not belong together: 11 appearances of the men of \"Tamar\", but 2 matches in the "
+      "team table (file base.rec, record 2, field matches)");
+  EXPECT_EQ(faults().size(), 2U);
+  write_bytes(files.rec, now);
+  write_bytes(files.ptr, ptr_);
+  EXPECT_EQ(faults().size(), 2U);
+  write_bytes(files.rec, rec_);
+  EXPECT_THAT(faults(), IsEmpty()) << "both are of that day";
+  update_career_and_records();
+}
+
+TEST_F(Agreement, TheListsAreBorneOutByTheCareersAndTheTable) {
+  record_lists lists = read_record_lists();
+  lists.top_scores[1].runs = 121;
+  lists.top_scores[2].player = "Nobody";
+  lists.top_bowling[1].runs = 30;
+  lists.highest_totals[1].total = 232;
+  lists.lowest_totals[1].against = "Zoll";
+  lists.partnerships[1].team = "Yser";
+  write_record_lists(lists);
+  EXPECT_THAT(faults(), ElementsAre("base.ptr:1:runs: 121 by \"A.Man2\", whose highest score is 120",
+                                    "base.ptr:2:player: \"Nobody\" of \"Alba\" has no career",
+                                    "base.ptr:16:wickets: 5/30 by \"A.Man9\", whose best bowling is 5/31",
+                                    "base.ptr:31:total: 232 by \"Alba\", whose highest total is 231",
+                                    "base.ptr:46:against: \"Zoll\" has no row in the team table",
+                                    "base.ptr:61:team: \"Yser\" has no row in the team table"));
+  EXPECT_THAT(refusal(), StartsWith("base.rec and base.ptr do not belong together: 121 by"));
+}
+
+TEST_F(Agreement, ResultsThatDoNotAddUpAreFaults) {
+  record_lists lists = read_record_lists();
+  lists.teams[1].home_won = {1e308};
+  lists.teams[1].away_lost = {1.7e308};
+  lists.teams[2].home_won = {1.5};
+  lists.teams[2].high_for_venue = {std::numeric_limits<double>::quiet_NaN()};
+  lists.teams[2].low_for_venue = {std::string("Old\nField")};
+  write_record_lists(lists);
+  EXPECT_THAT(faults(), ElementsAre("base.ptr:72:away_won: the results are too many to add up",
+                                    "base.ptr:94:home_won: 1.5 is no count",
+                                    "base.ptr:99:high_for_venue: a value that is no number",
+                                    "base.ptr:105:low_for_venue: \"Old\nField\" has a control character"));
+}
+
+TEST_F(Agreement, EveryTextOfCareersAndListsIsRead) {
+  career_table careers = read_career_table();
+  careers.teams[1].players[1].high_against = "A\x01";
+  careers.teams[2].team_name = "Al\x7F";
+  write_career_table(careers);
+  record_lists lists = read_record_lists();
+  lists.top_scores[1].venue = "V\n";
+  lists.partnerships[1].batsman_b = "\x9D";
+  write_record_lists(lists);
+  EXPECT_THAT(faults(), ElementsAre("base.rec:2:players[1].high_against: \"A\x01\" has a control character",
+                                    "base.rec:3:team_name: \"Al\x7F\" has a control character",
+                                    "base.ptr:1:venue: \"V\n\" has a control character",
+                                    "base.ptr:61:batsman_b: \"\x9D\" has a control character"));
+}
+
+TEST_F(Agreement, AnUpdateCutOffBetweenTheFilesIsNoFault) {
+  const auto time = std::filesystem::last_write_time(files.rec);
+  std::filesystem::rename(files.ptr, folder / "base.ptr.next");
+  std::filesystem::last_write_time(folder / "base.ptr.next", time - std::chrono::hours(1));
+  write_bytes(files.ptr, ptr_);
+  EXPECT_THAT(faults(),
+              Contains("base.rec:2:matches: 22 appearances of the men of \"Tamar\", but 1 matches in the team "
+                       "table"));
+  std::filesystem::last_write_time(folder / "base.ptr.next", time);
+  EXPECT_THAT(faults(), IsEmpty()) << "the next update finishes it";
+  update_career_and_records();
+  EXPECT_THAT(faults(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace velorin
