@@ -102,9 +102,24 @@ bool require_readable_options() {
   return true;
 }
 
+first_settings take_first_settings() {
+  if (!read_options()) return first_settings::missing;
+  const std::vector<std::string> offered = databases_on_offer(files.folder);
+  const bool found = std::find(offered.begin(), offered.end(), settings.database_name) != offered.end();
+  use_database(found ? settings.database_name : std::string());
+  return found ? first_settings::in_use : first_settings::not_on_offer;
+}
+
+bool can_be_kept(const std::string& value) {
+  return field_of(value) == value && value.find_first_of("\r\n") == std::string::npos;
+}
+
 void write_options() {
   std::string text;
-  for (const auto setting : options_lines) text += settings.*setting + "\r\n";
+  for (const auto setting : options_lines) {
+    const std::string& value = settings.*setting;
+    text += value.substr(0, value.find_first_of("\r\n")) + "\r\n";  // a further line would shift those below
+  }
   const folder_lock turn(options_file());
   replace_file(options_file(), text);
 }

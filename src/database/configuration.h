@@ -51,6 +51,20 @@ bool read_options();
 /// The same, but a file that is there and cannot be opened or read is a run_time_error (file).
 bool require_readable_options();
 
+/// What the program finds of its settings as it starts.
+enum class first_settings {
+  in_use,        ///< the database of options.mc is the one in use
+  missing,       ///< no options.mc, or one that cannot be read
+  not_on_offer,  ///< it names a database that is not on offer; the other settings hold, and no database is in use
+};
+
+/// The start of the program: read_options(), and the database that it names. Raises run_time_error (file) for a folder
+/// that cannot be read.
+first_settings take_first_settings();
+
+/// True if a line of options.mc gives the value back as it was.
+bool can_be_kept(const std::string& value);
+
 /// Replaces options.mc of files.folder by the five lines of `settings`, CR LF ends. Raises run_time_error (file); the
 /// old file is whole then.
 void write_options();

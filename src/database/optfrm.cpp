@@ -61,6 +61,16 @@ void optfrm::open() {
   drive1 = text_of(std::filesystem::path(to_utf8(dir1)).root_path());
 }
 
+std::string optfrm::database_note() const {
+  if (can_be_kept(combo1_text)) return {};
+  return "The name of this database cannot be kept: the next start asks for a database again.";
+}
+
+std::string optfrm::folder_note() const {
+  if (can_be_kept(dir1)) return {};
+  return "A path with a comma cannot be kept: the next start reads it up to the comma.";
+}
+
 void optfrm::drive1_change(const std::string& drive) {
   if (!is_folder(drive)) return;
   drive1 = drive;
@@ -85,8 +95,12 @@ std::optional<optfrm::shown_message> optfrm::command1_click() {
   settings.text_color = change_to_hex(font_dialog_color);
   settings.back_color = change_to_hex(back_dialog_color);
   settings.font_name = sample_font;
-  write_options();
   closed = true;
+  try {
+    write_options();
+  } catch (const run_time_error& error) {
+    return shown_message{"Error", std::string("The settings hold until the program ends. ") + error.what()};
+  }
   return std::nullopt;
 }
 

@@ -40,8 +40,14 @@ struct optfrm {
   /// "Change Font Color" likewise.
   void command4_click(std::optional<long> chosen);
 
+  /// What to say below the database chosen: that options.mc cannot keep its name. "" for nothing.
+  std::string database_note() const;
+  /// The same below the folder.
+  std::string folder_note() const;
+
   /// "OK". Without a database returns the message to show and changes nothing. Else changes `settings` and the paths of
-  /// `files`, writes options.mc and closes. Raises run_time_error (file).
+  /// `files`, writes options.mc and closes. Where it cannot be written, all that holds for this run, and the message
+  /// tells why.
   std::optional<shown_message> command1_click();
 };
 

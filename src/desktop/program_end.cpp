@@ -4,8 +4,10 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QGuiApplication>
+#include <utility>
 
 #include "desktop/message_window.h"
+#include "model/run_time_error.h"
 
 namespace velorin {
 
@@ -13,6 +15,8 @@ namespace {
 
 struct Ending {
   bool begun = false;
+  bool in_play = false;
+  bool fault_told = false;
   std::function<void(const std::exception&)> handler;
 };
 
@@ -21,7 +25,18 @@ Ending& ending() {
   return state;
 }
 
+/// A failure that names its place in a file, or the file that cannot be used.
+bool is_fault_of_file(const std::exception& raised) {
+  const auto* const error = dynamic_cast<const run_time_error*>(&raised);
+  if (error == nullptr || error->place().file.empty()) return false;
+  return error->kind() == failure::file || error->place().record != 0;
+}
+
 }  // namespace
+
+void play_begins() { ending().in_play = true; }
+void play_over() { ending().in_play = false; }
+bool take_told_fault() { return std::exchange(ending().fault_told, false); }
 
 void end_program(int status) {
   ending().begun = true;
@@ -42,6 +57,12 @@ void report_failure(const std::exception& failure) {
     return;
   }
   while (QGuiApplication::overrideCursor() != nullptr) QGuiApplication::restoreOverrideCursor();
+  if (!ending().in_play && is_fault_of_file(failure)) {
+    MessageWindow told({"Error", failure.what()}, MessageWindow::Kind::failure);
+    told.exec();
+    ending().fault_told = true;
+    return;
+  }
   MessageWindow box({"Run-time error", failure.what()}, MessageWindow::Kind::failure);
   box.exec();
   end_program(1);
@@ -49,7 +70,11 @@ void report_failure(const std::exception& failure) {
 
 void on_failure(std::function<void(const std::exception&)> handler) { ending().handler = std::move(handler); }
 
-void begin_again() { ending().begun = false; }
+void begin_again() {
+  ending().begun = false;
+  ending().in_play = false;
+  ending().fault_told = false;
+}
 
 void guarded(const std::function<void()>& act) {
   try {

@@ -24,10 +24,19 @@ bool program_is_ending();
 /// Shows the window modally until it closes. Raises ProgramEnds if the program is ending by then.
 void run_modal(QDialog& window);
 
-/// Shows what ended the program in a message titled "Run-time error" and ends it with status 1.
+/// Play begins, and is over. In play a failure ends the program. Out of it one with its place in a file is told, and
+/// the program goes on.
+void play_begins();
+void play_over();
+
+/// True if a fault of a file has been told, and the program went on, since the last call.
+bool take_told_fault();
+
+/// Shows what ended the program in a message titled "Run-time error" and ends it with status 1; out of play a fault of
+/// a file is told under "Error" and ends nothing.
 void report_failure(const std::exception& failure);
 
-/// Called in place of report_failure's message and end; an empty function restores them. For tests.
+/// Called in place of report_failure's messages and end; an empty function restores them. For tests.
 void on_failure(std::function<void(const std::exception&)> handler);
 
 /// Takes back end_program: a new round begins. Requires that every event loop has been left. For tests.

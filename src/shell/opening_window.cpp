@@ -8,10 +8,11 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "database/agreement.h"
 #include "database/configuration.h"
-#include "database/teams_file.h"
 #include "desktop/controls.h"
 #include "desktop/ground_picture.h"
+#include "desktop/message_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -56,11 +57,13 @@ OpeningWindow::OpeningWindow(QtFrontEnd& shown_by)
 
 void OpeningWindow::start() {
   guarded([this] {
-    if (read_options()) {
-      use_database(settings.database_name);
-    } else {
-      menu::configurations();
+    const first_settings found = take_first_settings();
+    if (found == first_settings::not_on_offer) {
+      MessageWindow told(
+          {"Error", "The database \"" + settings.database_name + "\" is not on offer (file options.mc)"});
+      run_modal(told);
     }
+    if (found != first_settings::in_use) menu::configurations();
     show_database();
   });
 }
@@ -106,14 +109,11 @@ void OpeningWindow::add_main_panel() {
 }
 
 void OpeningWindow::add_start_panel() {
-  const auto start = [this](void (*activity)(QtFrontEnd&)) {
-    return with_database([this, activity] { activity(shown_by_); });
-  };
   sub_[0] = new_panel("Picture1_0", QStringLiteral("Start Game"),
-                      {{"Label8", "New Match", u'M', start(menu::new_match)},
-                       {"Label9", "New Series", u'S', start(menu::new_series)},
-                       {"Label10", "Tri Series", u'T', start(menu::tri_series)},
-                       {"Label11", "World Cup", u'W', start(menu::world_cup)},
+                      {{"Label8", "New Match", u'M', for_play(menu::new_match)},
+                       {"Label9", "New Series", u'S', for_play(menu::new_series)},
+                       {"Label10", "Tri Series", u'T', for_play(menu::tri_series)},
+                       {"Label11", "World Cup", u'W', for_play(menu::world_cup)},
                        {"back1", "<<Back", u'B', [this] { show_panel(main_); }}});
 }
 
@@ -179,9 +179,17 @@ std::function<void()> OpeningWindow::with_database(std::function<void()> act) {
   return [act = std::move(act)] {
     if (files.base.empty()) menu::configurations();
     if (files.base.empty()) return;
-    require_whole_database();
-    act();
+    take_told_fault();
+    guarded(act);
+    if (take_told_fault()) menu::configurations();
   };
+}
+
+std::function<void()> OpeningWindow::for_play(void (*activity)(QtFrontEnd&)) {
+  return with_database([this, activity] {
+    require_database_for_play();
+    activity(shown_by_);
+  });
 }
 
 void OpeningWindow::show_panel(QWidget* panel) {

@@ -49,8 +49,11 @@ class OpeningWindow : public Form {
   void add_bowling_panel();
   QWidget* new_appearance_choice();
 
-  /// An entry that needs a database: without one asks for it first.
+  /// An entry that needs a database: without one asks for it first. A fault of its files is told, and leads to the
+  /// settings.
   std::function<void()> with_database(std::function<void()> act);
+  /// The same for an entry that plays: refuses a database that cannot take a match.
+  std::function<void()> for_play(void (*activity)(QtFrontEnd&));
   void show_panel(QWidget* panel);
   void clear_highlights();
   void move_focus(int step);

@@ -66,6 +66,11 @@ void open_modally() {
 QtFrontEnd::QtFrontEnd() = default;
 QtFrontEnd::~QtFrontEnd() { progress_done(); }
 
+void QtFrontEnd::activity_over() {
+  unstopped_.end();
+  play_over();
+}
+
 void QtFrontEnd::refresh_console() {
   if (console_ != nullptr) console_->refresh();
 }
@@ -85,6 +90,7 @@ save_answer QtFrontEnd::answer(const failed_save& failed) {
 }
 
 void QtFrontEnd::show(wecond& form) {
+  play_begins();
   unstopped_.match_begins();
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
   show_modally<WecondWindow>(form);

@@ -43,7 +43,7 @@ class QtFrontEnd : public front_end {
 
   /// The menu opens an activity, or the one it had opened is over.
   void activity_begins(Activity activity) { unstopped_.begin(activity); }
-  void activity_over() { unstopped_.end(); }
+  void activity_over();
 
  private:
   /// Brings the console up to date before a window opens over it.

@@ -10,7 +10,6 @@ namespace {
 
 using testing::bytes_of;
 using ::testing::ElementsAre;
-using testing::error_of;
 using testing::write_bytes;
 
 class Optfrm : public testing::database_fixture {
@@ -134,12 +133,40 @@ TEST_F(Optfrm, AnInvalidDriveIsIgnored) {
   EXPECT_EQ(form.dir1, "/");
 }
 
-TEST_F(Optfrm, AFileThatCannotBeWrittenIsARunTimeError) {
+TEST_F(Optfrm, SettingsThatCannotBeWrittenHoldForThisRun) {
   std::filesystem::create_directory(folder / "options.mc");
   form.open();
   form.combo1_text = "alpha";
-  EXPECT_EQ(error_of([&] { form.command1_click(); }).kind(), failure::file);
-  EXPECT_FALSE(form.closed);
+  form.command4_click(255);
+  const auto message = form.command1_click();
+  ASSERT_TRUE(message.has_value());
+  EXPECT_EQ(message->title, "Error");
+  EXPECT_EQ(message->text,
+            "The settings hold until the program ends. The file cannot be written: Is a directory (file options.mc)");
+  EXPECT_TRUE(form.closed);
+  EXPECT_EQ(files.team, folder / "alpha.team");
+  EXPECT_EQ(settings.text_color, "FF0000");
+}
+
+TEST_F(Optfrm, NamesThatCannotBeKeptHaveANote) {
+  for (const char* name : {"one, two.team", "one, two.grd", "new\nline.team", "new\nline.grd"}) {
+    write_bytes(folder / name, "");
+  }
+  form.open();
+  EXPECT_EQ(form.database_note(), "");
+  EXPECT_EQ(form.folder_note(), "");
+  form.dir1 = "/one, two";
+  EXPECT_NE(form.folder_note(), "");
+  for (const char* name : {"one, two", "new\nline"}) {
+    form.combo1_text = name;
+    EXPECT_NE(form.database_note(), "") << name;
+    EXPECT_FALSE(form.command1_click().has_value());
+    EXPECT_EQ(files.team, folder / (std::string(name) + ".team")) << "it is in use all the same";
+    settings = configuration();
+    EXPECT_EQ(take_first_settings(), first_settings::not_on_offer);
+    EXPECT_EQ(settings.text_color, "000000") << "the lines below are not shifted";
+    EXPECT_EQ(files.base, "");
+  }
 }
 
 }  // namespace

@@ -88,41 +88,113 @@ TEST_F(FirstStartTest, WithoutADatabaseOnOfferNothingStarts) {
   EXPECT_FALSE(std::filesystem::exists(file("options.mc")));
 }
 
-TEST_F(FirstStartTest, ADatabaseThatVanishesIsNamed) {
+TEST_F(FirstStartTest, ADatabaseNotOnOfferLeadsToTheSettings) {
+  const std::vector<std::string> names = {"gone", "../teams/world", (database_.folder() / "world").string()};
+  for (const std::string& name : names) {
+    settings.database_name = name;
+    write_options();
+    forget_settings();
+    ClickingUser user;
+    user.robot.next("optfrm", [](QWidget& window) {
+      control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+      press(window, "Command1");
+    });
+    EXPECT_EQ(run([](OpeningWindow&) {}), 0);
+    EXPECT_EQ(user.messages,
+              std::vector<std::string>{"Error | The database \"" + name + "\" is not on offer (file options.mc)"});
+    EXPECT_EQ(user.robot.left(), 0);
+    EXPECT_EQ(files.base, "world");
+  }
+}
+
+/// The program goes on after a fault before play: told once, with these words, and the settings are offered.
+void expect_told(const ClickingUser& user, const std::string& words) {
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_TRUE(user.messages[0].starts_with("Error | ")) << user.messages[0];
+  EXPECT_NE(user.messages[0].find(words), std::string::npos) << user.messages[0];
+  EXPECT_EQ(user.robot.left(), 0) << "the settings";
+}
+
+TEST_F(FirstStartTest, AFaultBeforePlayIsToldAndTheMenuStays) {
+  const std::function<void()> faults[] = {
+      [this] { std::filesystem::remove(file("world.team")); },
+      [this] { std::filesystem::resize_file(file("world.team"), 4000); },
+      [this] { std::filesystem::resize_file(file("world.grd"), 1600); },
+      [this] { std::ofstream(file("world.rec")) << "cut"; },
+      [this] { std::ofstream(file("world.ptr")) << "cut"; },
+  };
+  const char* const named[] = {"world.team", "world.team", "world.grd", "world.rec", "world.ptr"};
+  for (std::size_t i = 0; i < std::size(faults); ++i) {
+    SCOPED_TRACE(i);
+    database_.write();
+    begin_again_with_seed(1);
+    ClickingUser user;
+    user.robot.next("optfrm", [](QWidget& window) { window.close(); });
+    EXPECT_EQ(run([&](OpeningWindow& menu) {
+                faults[i]();
+                choose(menu, "Label1", "Label8");
+                EXPECT_TRUE(menu.isVisible());
+              }),
+              0);
+    expect_told(user, named[i]);
+    EXPECT_EQ(user.robot.met("teamfrm"), 0);
+  }
+}
+
+TEST_F(FirstStartTest, OnlyWhatAnEntryReadsIsAsked) {
   ClickingUser user;
+  user.robot.next("totrecords", [](QWidget& window) { press(window, "Command1"); });
+  user.robot.next("Sqdet", [](QWidget& window) { press(window, "Command1"); });
   EXPECT_EQ(run([this](OpeningWindow& menu) {
               std::filesystem::remove(file("world.team"));
-              choose(menu, "Label1", "Label8");
+              std::filesystem::remove(file("world.grd"));
+              choose(menu, "Label2", "Label13");
+              std::ofstream(file("world.ptr")) << "cut";
+              choose(menu, "Label4", "Label27");
             }),
-            1);
-  ASSERT_EQ(user.messages.size(), 1U);
-  EXPECT_NE(user.messages[0].find("Run-time error | "), std::string::npos);
-  EXPECT_NE(user.messages[0].find("world.team"), std::string::npos) << user.messages[0];
+            0);
+  EXPECT_TRUE(user.messages.empty());
+  EXPECT_EQ(user.robot.left(), 0);
 }
 
-TEST_F(FirstStartTest, ADatabaseCutShortIsNamed) {
+TEST_F(FirstStartTest, AFaultOfARecordListIsToldAndTheMenuStays) {
   ClickingUser user;
+  user.robot.next("optfrm", [](QWidget& window) { window.close(); });
   EXPECT_EQ(run([this](OpeningWindow& menu) {
-              std::filesystem::resize_file(file("world.team"), 4000);
-              choose(menu, "Label1", "Label8");
+              std::ofstream(file("world.ptr")) << std::string(2500, '\xFF');
+              choose(menu, "Label2", "Label13");
             }),
-            1);
-  ASSERT_EQ(user.messages.size(), 1U);
-  EXPECT_NE(user.messages[0].find("world.team"), std::string::npos) << user.messages[0];
+            0);
+  expect_told(user, "world.ptr, record 1");
 }
 
-TEST_F(FirstStartTest, GroundsCutShortAreNamedAndNothingIsLost) {
+TEST_F(FirstStartTest, GroundsCutShortAsTheFormIsLeftAreToldAndNothingIsLost) {
   ClickingUser user;
   user.robot.next("teamfrm", [this](QWidget& window) {
     ClickingUser::choose_match(window, 0, 1, false, false);
-    std::filesystem::resize_file(file("world.grd"), 1600);
+    std::filesystem::remove(file("world.grd"));
     press(window, "Command1");
   });
+  user.robot.next("optfrm", [](QWidget& window) { window.close(); });
   const std::vector<std::string> before = lasting_files();
-  EXPECT_EQ(run([](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); }), 1);
-  ASSERT_EQ(user.messages.size(), 1U);
-  EXPECT_NE(user.messages[0].find("world.grd"), std::string::npos) << user.messages[0];
+  EXPECT_EQ(run([](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); }), 0);
+  expect_told(user, "world.grd");
   EXPECT_TRUE(before == lasting_files());
+}
+
+TEST_F(FirstStartTest, SettingsThatCannotBeWrittenHoldForThisRun) {
+  std::filesystem::remove(file("options.mc"));
+  std::filesystem::create_directory(file("options.mc"));
+  forget_settings();
+  ClickingUser user;
+  user.robot.next("optfrm", [](QWidget& window) {
+    control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+    press(window, "Command1");
+  });
+  EXPECT_EQ(run([](OpeningWindow&) {}), 0);
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_NE(user.messages[0].find("options.mc"), std::string::npos);
+  EXPECT_EQ(files.base, "world");
 }
 
 TEST_F(FirstStartTest, AnUnwritableFolderIsNamedAtTheEndOfAMatch) {

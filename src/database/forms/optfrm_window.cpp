@@ -75,9 +75,13 @@ void OptfrmWindow::add_database() {
       databases_->findText(shown(form_.combo1_text), Qt::MatchExactly | Qt::MatchCaseSensitive));
   connect(databases_, &QComboBox::currentIndexChanged, this, [this](int index) {
     form_.combo1_text = index < 0 ? std::string() : form_.combo1_list[static_cast<std::size_t>(index)];
+    show_database_note();
   });
   card_rows(card)->addWidget(new_caption(QStringLiteral("Select Database:"), u'D', databases_));
   card_rows(card)->addWidget(databases_);
+  database_note_ = new_note("database_note", {});
+  card_rows(card)->addWidget(database_note_);
+  show_database_note();
   if (form_.combo1_list.empty()) {
     card_rows(card)->addWidget(new_note(
         "no_database", QStringLiteral("There is no database here yet. Put the .team file and the .grd file of a "
@@ -86,6 +90,11 @@ void OptfrmWindow::add_database() {
                            .arg(QString::fromStdString(files.folder.string()))));
   }
   body()->addWidget(card);
+}
+
+void OptfrmWindow::show_database_note() {
+  database_note_->setText(shown(form_.database_note()));
+  database_note_->setVisible(!database_note_->text().isEmpty());
 }
 
 void OptfrmWindow::add_folder() {
@@ -117,9 +126,7 @@ void OptfrmWindow::browse() {
   } else {
     form_.dir1 = path;
     folder_->setText(chosen);
-    if (path.find(',') != std::string::npos) {
-      note = QStringLiteral("A path with a comma cannot be kept: the next start reads it up to the comma.");
-    }
+    note = shown(form_.folder_note());
   }
   folder_note_->setText(note);
   folder_note_->setVisible(!note.isEmpty());
@@ -167,7 +174,6 @@ void OptfrmWindow::confirm() {
   if (const auto message = form_.command1_click()) {
     MessageWindow window({message->title, message->text});
     run_modal(window);
-    return;
   }
   if (form_.closed) accept();
 }

@@ -37,6 +37,7 @@ class OptfrmWindow : public Form {
   void add_folder();
   void add_sample();
   void browse();
+  void show_database_note();
   std::optional<long> ask_color(long present);
   void show_sample();
   void confirm();
@@ -44,6 +45,7 @@ class OptfrmWindow : public Form {
   optfrm& form_;
   Choosers choosers_;
   QComboBox* databases_ = nullptr;
+  QLabel* database_note_ = nullptr;
   QLineEdit* folder_ = nullptr;
   QLabel* folder_note_ = nullptr;
   QLabel* sample_ = nullptr;

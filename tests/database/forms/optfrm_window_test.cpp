@@ -127,6 +127,38 @@ TEST_F(OptfrmWindowTest, AFolderThatCannotBeKeptIsExplained) {
   EXPECT_TRUE(control<QLabel>(window, "folder_note")->text().contains("comma"));
 }
 
+TEST_F(OptfrmWindowTest, ADatabaseThatCannotBeKeptIsExplained) {
+  for (const char* name : {"one, two.team", "one, two.grd"}) write_bytes(folder / name, "");
+  form_.open();
+  OptfrmWindow window(form_);
+  window.show();
+  auto* databases = control<QComboBox>(window, "Combo1");
+  EXPECT_FALSE(control<QLabel>(window, "database_note")->isVisible());
+  databases->setCurrentIndex(databases->findText("one, two"));
+  EXPECT_TRUE(control<QLabel>(window, "database_note")->isVisible());
+  EXPECT_TRUE(control<QLabel>(window, "database_note")->text().contains("cannot be kept"));
+  check_window_at_sizes(window);
+  databases->setCurrentIndex(databases->findText("alpha"));
+  EXPECT_FALSE(control<QLabel>(window, "database_note")->isVisible());
+}
+
+TEST_F(OptfrmWindowTest, SettingsThatCannotBeWrittenCloseTheFormWithAMessage) {
+  std::filesystem::create_directory(folder / "options.mc");
+  form_.open();
+  OptfrmWindow window(form_);
+  window.show();
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  Robot robot;
+  robot.next("message", [](QWidget& message) {
+    EXPECT_TRUE(control<QLabel>(message, "text")->text().contains("options.mc"));
+    press(message, "OK");
+  });
+  press(window, "Command1");
+  EXPECT_EQ(robot.left(), 0);
+  EXPECT_EQ(window.result(), QDialog::Accepted);
+  EXPECT_EQ(files.base, "alpha");
+}
+
 TEST_F(OptfrmWindowTest, OkNeedsADatabase) {
   form_.open();
   OptfrmWindow window(form_);
