@@ -40,12 +40,12 @@ QPushButton[link="true"] {
 QPushButton[link="true"]:hover { color: @accent; border-color: @line; }
 QPushButton[link="true"]:focus { border-color: @focus; padding: 1px 8px; }
 
-QComboBox, QLineEdit, QSpinBox {
+QComboBox, QLineEdit {
   background: @card; color: @ink; border: 1px solid @line; border-radius: 6px; padding: 4px 8px; min-height: 22px;
   selection-background-color: @accent; selection-color: @on_accent;
 }
-QComboBox:focus, QLineEdit:focus, QSpinBox:focus { border: 2px solid @focus; padding: 3px 7px; }
-QComboBox:disabled, QLineEdit:disabled, QSpinBox:disabled { color: @muted; background: @card_raised; }
+QComboBox:focus, QLineEdit:focus { border: 2px solid @focus; padding: 3px 7px; }
+QComboBox:disabled, QLineEdit:disabled { color: @muted; background: @card_raised; }
 QComboBox::drop-down { border: none; width: 24px; }
 QComboBox::down-arrow { image: url(:/desktop/icons/arrow_@look.svg); width: 12px; height: 12px; }
 QComboBox QAbstractItemView { background: @card; color: @ink; border: 1px solid @line; }
@@ -87,6 +87,11 @@ QScrollBar:focus { border: 2px solid @focus; border-radius: 5px; }
 QScrollBar::handle:disabled { background: @line; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: @card_raised; border-radius: 4px; margin: 4px 2px; }
+QFileDialog QToolButton { padding: 2px; min-height: 0; }
+QFileDialog QToolButton:focus { padding: 1px; }
+QAbstractSpinBox QLineEdit, QAbstractSpinBox QLineEdit:focus {
+  background: transparent; border: none; border-radius: 0; padding: 0; min-height: 0;
+}
 QToolTip { background: @card_raised; color: @ink; border: 1px solid @line; padding: 4px; }
 QScrollArea { background: transparent; border: none; }
 QMenu { background: @card; color: @ink; border: 1px solid @line; }
