@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "console/gradi.h"
 #include "model/rounding.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -48,7 +49,8 @@ batsman_view view_batsman(int slot) {
   view.balls = card.balls;
   view.fours = card.fours;
   view.sixes = card.sixes;
-  view.settled_meter = match.settled_meter[slot];
+  // Not as of the last ball: he may have come in since.
+  view.settled_meter = meter_of(view.position);
   view.aggression = match.batsman_aggression[slot];
   view.command4_enabled = !match.computer_bats;
   return view;

@@ -13,12 +13,6 @@ namespace velorin {
 
 namespace {
 
-double meter_of(int position) {
-  const batting_card_rec& card = match.batting_card[position];
-  // In halves, which are whole numbers: five times the sum of twice his runs and half his balls.
-  return std::min(2 * 915, 5 * (4 * card.runs + card.balls)) / 2.0;
-}
-
 /// The sum of the numeric symbols of an over.
 int over_runs(int over) {
   int sum = 0;
@@ -29,6 +23,12 @@ int over_runs(int over) {
 }
 
 }  // namespace
+
+double meter_of(int position) {
+  const batting_card_rec& card = match.batting_card[position];
+  // In halves, which are whole numbers: five times the sum of twice his runs and half his balls.
+  return std::min(2 * 915, 5 * (4 * card.runs + card.balls)) / 2.0;
+}
 
 void refresh_batsmen() {
   match.settled_meter[0] = meter_of(match.lower_batsman());

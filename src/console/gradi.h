@@ -6,6 +6,9 @@
 
 namespace velorin {
 
+/// How far the batsman at a position has settled, 0 to 915, by his figures as they stand. Reads batting_card.
+double meter_of(int position);
+
 /// After every ball and when an innings opens: sets settled_meter of both batsmen. Reads striker, non_striker,
 /// batting_card.
 void refresh_batsmen();

@@ -5,6 +5,9 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -49,6 +52,7 @@ class CommentaryModel : public QAbstractListModel {
       case Qt::DisplayRole:
         return sign(kind) + shown_caption(line);
       case Qt::AccessibleTextRole:
+      case Qt::ToolTipRole:
         return shown_caption(line);
       case Qt::UserRole:  // as it is copied and exported
         return shown(line);
@@ -106,6 +110,40 @@ class CommentaryModel : public QAbstractListModel {
   std::vector<std::string> lines_;
 };
 
+namespace {
+
+/// Shortens a line that is too long before its outcome, which stays whole.
+class LinePainter : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& given, const QModelIndex& index) const override {
+    QStyleOptionViewItem option = given;
+    initStyleOption(&option, index);
+    const QStyle& style = *option.widget->style();
+    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
+    const int room = style.subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget).width() - 2 * margin;
+    option.text = shortened_line(option.text, option.fontMetrics, room);
+    style.drawControl(QStyle::CE_ItemViewItem, &option, painter, option.widget);
+  }
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    // As wide as the list, whatever the line.
+    return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+  }
+};
+
+}  // namespace
+
+QString shortened_line(const QString& line, const QFontMetrics& metrics, int room) {
+  const qsizetype cut = line.lastIndexOf(QLatin1String(" : "));
+  if (cut < 0 || metrics.horizontalAdvance(line) <= room) return metrics.elidedText(line, Qt::ElideRight, room);
+  const QString outcome = line.mid(cut);
+  const int left = room - metrics.horizontalAdvance(outcome);
+  return left > 0 ? metrics.elidedText(line.left(cut), Qt::ElideMiddle, left) + outcome
+                  : metrics.elidedText(outcome.mid(3), Qt::ElideRight, room);
+}
+
 CommentaryList::CommentaryList(QWidget* parent) : QListView(parent), lines_(new CommentaryModel(this)) {
   setObjectName(QStringLiteral("List1"));
   setAccessibleName(QStringLiteral("Ball by ball"));
@@ -113,7 +151,7 @@ CommentaryList::CommentaryList(QWidget* parent) : QListView(parent), lines_(new 
   setUniformItemSizes(true);
   setSelectionMode(QAbstractItemView::ExtendedSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
-  setTextElideMode(Qt::ElideRight);
+  setItemDelegate(new LinePainter(this));
   setMinimumWidth(220);
   // The newest line is selected all the time: it must not outshine the rest.
   setProperty("quiet", true);

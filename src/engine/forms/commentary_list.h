@@ -7,8 +7,11 @@ namespace velorin {
 
 class CommentaryModel;
 
+/// A line of the commentary in so many pixels: what is too long loses letters before its outcome, " : 4 runs.".
+QString shortened_line(const QString& line, const QFontMetrics& metrics, int room);
+
 /// The console's commentary box: every line of the innings, the newest in view, wickets and boundaries marked by a sign
-/// and a colour.
+/// and a colour, each line with its outcome in view.
 class CommentaryList : public QListView {
   Q_OBJECT
 

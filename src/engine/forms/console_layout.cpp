@@ -206,6 +206,10 @@ QWidget* ConsoleWindow::new_pace_choice() {
                        .hint = QString::fromLatin1(choice.hint)});
     button->setChecked(preferences::pace() == choice.pace);
     connect(button, &QPushButton::clicked, this, [this, pace = choice.pace] { choose_pace(pace); });
+    // Assistive technology toggles without a click.
+    connect(button, &QPushButton::toggled, this, [this, pace = choice.pace](bool on) {
+      if (on) choose_pace(pace);
+    });
     group->addButton(button);
     row->addWidget(button);
   }

@@ -52,9 +52,6 @@ class Playing {
 
 ConsoleWindow::ConsoleWindow(main_console& form, QWidget* parent)
     : Form(QStringLiteral("main"), Dismissal::refused, parent), form_(form) {
-  set_title(
-      QStringLiteral("%1 v %2, %3").arg(shown(match.team1_name), shown(match.team2_name), shown(match.venue_name())),
-      {});
   prefer_size(QSize(1280, 800));
   lay_out();
   add_foot();
@@ -77,6 +74,9 @@ ConsoleWindow::~ConsoleWindow() { qApp->removeEventFilter(this); }
 
 void ConsoleWindow::refresh() {
   if (form_.closed()) return;
+  const QString title =
+      QStringLiteral("%1 v %2, %3").arg(shown(match.team1_name), shown(match.team2_name), shown(match.venue_name()));
+  if (title != windowTitle()) set_title(title, {});
   scoreboard_->refresh();
   for (BatsmanPanel* panel : batsmen_) panel->refresh();
   for (BowlerPanel* panel : bowlers_) panel->refresh();

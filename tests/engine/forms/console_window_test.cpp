@@ -14,7 +14,9 @@
 
 #include "desktop/program_end.h"
 #include "desktop/table_view.h"
+#include "desktop/theme.h"
 #include "engine/driver.h"
+#include "engine/forms/commentary_list.h"
 #include "engine/forms/over_chips.h"
 #include "model/random.h"
 #include "model/teams.h"
@@ -30,8 +32,13 @@ namespace {
 class ConsoleUser : public scripted_user {
  public:
   ConsoleWindow* window = nullptr;
+  std::function<void()> before_batsman;  // a man is about to be asked for
 
   using scripted_user::show;
+  void show(batorder& form) override {
+    if (before_batsman) before_batsman();
+    scripted_user::show(form);
+  }
   void ball_bowled() override {
     scripted_user::ball_bowled();
     if (window != nullptr) window->ball_bowled();
@@ -212,6 +219,67 @@ TEST_F(ConsoleWindowTest, ThePaceCanBeChangedInTheMiddleOfAnOver) {
   EXPECT_LT(clock.elapsed(), 3000);
   EXPECT_EQ(match.over_no, 2);
   EXPECT_EQ(preferences::pace(), Pace::instant);
+}
+
+TEST_F(ConsoleWindowTest, ThePaceIsChosenByAnAssistiveAction) {
+  ConsoleWindow& window = open(false, true);
+  QAccessible::queryAccessibleInterface(control<QPushButton>(window, "pace_quick"))
+      ->actionInterface()
+      ->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_TRUE(control<QPushButton>(window, "pace_quick")->isChecked());
+  EXPECT_EQ(preferences::pace(), Pace::quick);
+}
+
+TEST_F(ConsoleWindowTest, TitleAndSettledBarsFollowTheChangeOfInnings) {
+  ConsoleWindow& window = open(false, false);
+  const QString first = QString::fromStdString(match.team1_name + " v " + match.team2_name);
+  EXPECT_TRUE(window.windowTitle().startsWith(first));
+  const auto settled = [&](int slot) {
+    return control<QWidget>(window, slot == 0 ? "settled_meter_0" : "settled_meter_1")->accessibleName();
+  };
+  for (int over = 0; over < 4; ++over) press(window, "Command1");
+  EXPECT_TRUE(settled(0) != "Settled: 0 %" || settled(1) != "Settled: 0 %");
+  // The men of the second innings are chosen while the old figures are still in the books.
+  int asked = 0;
+  user.before_batsman = [&] {
+    if (match.first_total == 0) return;
+    ++asked;
+    window.refresh();
+    EXPECT_EQ(settled(0), "Settled: 0 %");
+    EXPECT_EQ(settled(1), "Settled: 0 %");
+    EXPECT_TRUE(window.windowTitle().startsWith(QString::fromStdString(match.team1_name + " v " + match.team2_name)));
+  };
+  while (match.first_total == 0) press(window, "Command1");
+  user.before_batsman = {};
+  EXPECT_GT(asked, 0);
+  EXPECT_FALSE(window.windowTitle().startsWith(first));
+}
+
+TEST(ShortenedLine, KeepsTheOutcome) {
+  const QFontMetrics metrics(type_font(TypeStep::body));
+  const QString line = QStringLiteral("49.6 C.Longfellow-Smythe to T.W.Fairhurst : 4 runs.");
+  const int whole = metrics.horizontalAdvance(line);
+  EXPECT_EQ(shortened_line(line, metrics, whole), line);
+  for (int room = metrics.horizontalAdvance(QStringLiteral("4 runs.")) + 1; room < whole; ++room) {
+    const QString text = shortened_line(line, metrics, room);
+    EXPECT_TRUE(text.endsWith("4 runs.")) << room;
+    EXPECT_LE(metrics.horizontalAdvance(text), room);
+  }
+  EXPECT_TRUE(shortened_line("A block without an outcome", metrics, 60).startsWith("A bl"));
+}
+
+TEST_F(ConsoleWindowTest, TheOutcomeOfEveryBallIsInViewInANarrowWindow) {
+  ConsoleWindow& window = open(false, true);
+  window.resize(1024, 700);
+  for (int over = 0; over < 3; ++over) press(window, "Command1");
+  take_picture(window, "console_narrow");
+  auto* list = control<QListView>(window, "List1");
+  QTest::qWait(10);
+  EXPECT_EQ(list->horizontalScrollBar()->maximum(), 0);
+  for (int row = 0; row < list->model()->rowCount(); ++row) {
+    EXPECT_LE(list->visualRect(list->model()->index(row, 0)).width(), list->viewport()->width());
+  }
+  EXPECT_EQ(list->model()->index(0, 0).data(Qt::ToolTipRole), list->model()->index(0, 0).data(Qt::AccessibleTextRole));
 }
 
 TEST_F(ConsoleWindowTest, EveryBallIsShownAtAQuickPace) {
