@@ -51,7 +51,7 @@ class LineChartView : public QWidget {
   QChartView* view_;
 };
 
-/// Colour of the line or the bars at a place, 0 or 1.
+/// Colour of a side's line or bars by its place in all charts, 0 or 1.
 QColor chart_color(int place);
 
 /// A short piece of the line at a place, for a caption that stands beside the chart.

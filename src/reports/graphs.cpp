@@ -4,6 +4,7 @@
 #include "model/teams.h"
 #include "model/texts.h"
 #include "reports/scorecard.h"
+#include "reports/worms.h"
 
 namespace velorin {
 
@@ -55,6 +56,7 @@ void graphs::open() {
   const double first_rate = has_first ? runs_per_over(match.first_total, match.first_balls) : 0;
   fill_half(*this, 1, match.team2_name, match.first_total, match.first_wickets, first_rate);
   fill_bars(*this, 1, match.first_ball_log);
+  side = {chart_place(match.team1_name), chart_place(match.team2_name)};
 }
 
 }  // namespace velorin

@@ -34,6 +34,7 @@ struct graphs {
   std::array<double, 2> rate{};       ///< runs an over of each half, to two places; 0 without a ball
   std::array<double, 2> line6{};      ///< height of each half's level rate line, both ends
   std::array<std::string, 2> label6;  ///< each half's side and score
+  std::array<int, 2> side{};          ///< each half's place in all charts, 0 or 1
 
   /// Fills the graphs afresh. Reads match.
   void open();

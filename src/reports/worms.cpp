@@ -47,6 +47,19 @@ void feed_worms() {
   }
 }
 
+int chart_place(const std::string& team) {
+  const auto& [first, second] = match.worm;
+  const bool bats_first = (team == match.team1_name) == (match.first_total == 0);
+  if (!match.loaded || first.team == second.team) return bats_first ? 0 : 1;
+  if (team == first.team) return 0;
+  if (team == second.team) return 1;
+  // A stranger to the lines has the colour that his opponent leaves.
+  const std::string& opponent = team == match.team1_name ? match.team2_name : match.team1_name;
+  if (opponent == first.team) return 1;
+  if (opponent == second.team) return 0;
+  return bats_first ? 0 : 1;
+}
+
 void worms::open() {
   load_worms();
   label9 = match.worm[0].team;

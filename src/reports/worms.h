@@ -19,6 +19,10 @@ void load_worms();
 /// writes match.
 void feed_worms();
 
+/// The place of a side in every chart, 0 or 1, by which it has its colour: that of its line; without one the other, or
+/// that of its innings. Reads match.
+int chart_place(const std::string& team);
+
 /// A point of a line.
 struct worm_point {
   int row = 0;    ///< 1..51; the end of over n stands on row n + 1

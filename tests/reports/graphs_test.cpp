@@ -3,6 +3,7 @@
 
 #include "reports/match_scenes.h"
 #include "reports/opened.h"
+#include "reports/worms.h"
 
 namespace velorin {
 namespace {
@@ -111,6 +112,31 @@ TEST_F(graphs_test, the_last_over_on_record) {
   set_over(match.ball_log, 4, {"0", "0", "0", "0", "0", "0"});
   set_over(match.first_ball_log, 50, {"", "", "", "", "", "0"});
   EXPECT_EQ(opened<graphs>().overs, (std::array<int, 2>{4, 50}));
+}
+
+TEST_F(graphs_test, a_side_keeps_its_place_from_innings_to_innings) {
+  match.team1_name = "Northland";
+  match.team2_name = "South Isles";
+  EXPECT_EQ(opened<graphs>().side, (std::array<int, 2>{0, 1})) << "no line yet: the side batting comes first";
+  load_worms();
+  EXPECT_EQ(opened<graphs>().side, (std::array<int, 2>{0, 1}));
+  set_second_innings_in_play();
+  ASSERT_EQ(match.team2_name, "Northland");
+  EXPECT_EQ(opened<graphs>().side, (std::array<int, 2>{1, 0}));
+  match.loaded = false;
+  EXPECT_EQ(opened<graphs>().side, (std::array<int, 2>{1, 0})) << "in a chase the side below batted first";
+}
+
+TEST_F(graphs_test, sides_of_a_later_match_keep_clear_of_each_other) {
+  match.team1_name = "Northland";
+  match.team2_name = "South Isles";
+  load_worms();
+  match.team1_name = "Eastmark";
+  EXPECT_EQ(opened<graphs>().side, (std::array<int, 2>{0, 1})) << "South Isles keep the second line's";
+  match.team2_name = "Northland";
+  EXPECT_EQ(opened<graphs>().side, (std::array<int, 2>{1, 0}));
+  match.team2_name = "Westmark";
+  EXPECT_EQ(opened<graphs>().side, (std::array<int, 2>{0, 1}));
 }
 
 TEST_F(graphs_test, reopening_forgets_what_was_shown) {

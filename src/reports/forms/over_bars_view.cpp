@@ -138,7 +138,7 @@ void OverBarsView::paint_axes(QPainter& painter, int half) const {
 }
 
 void OverBarsView::paint_bars(QPainter& painter, int half) const {
-  const QColor color = chart_color(half);
+  const QColor color = chart_color(form_.side[at(half)]);
   painter.setPen(QPen(theme().dark ? color.lighter(125) : color.darker(135), 1));
   painter.setBrush(color);
   for (int over = 1; over <= 50; ++over) {

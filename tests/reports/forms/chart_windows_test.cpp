@@ -59,11 +59,31 @@ TEST_F(GraphsWindowTest, ThePictureShowsBarsMarksAndTheRate) {
   auto* bars = control<OverBarsView>(window, "bars");
   const QImage picture = bars->grab().toImage();
   const QRectF bar = bars->bar_of(0, 3);
-  EXPECT_EQ(color_at(picture, bar.center() + QPointF(0, bar.height() / 4)), chart_color(0));
+  EXPECT_EQ(color_at(picture, bar.center() + QPointF(0, bar.height() / 4)), chart_color(form.side[0]));
   const QRectF mark = bars->mark_of(0, 3);
   EXPECT_LT(mark.bottom(), bar.top());
   EXPECT_EQ(color_at(picture, QPointF(mark.center().x(), mark.bottom() - 2)), theme().ball);
   EXPECT_EQ(color_at(picture, QPointF(bars->x_of(50), bars->y_of(3300) - 30)), theme().card) << "not bowled yet";
+}
+
+TEST_F(GraphsWindowTest, ASideHasTheColourOfItsLineInBothInnings) {
+  set_over(match.ball_log, 3, {"6", "6", "0", "0", "0", "0"});
+  set_over(match.first_ball_log, 3, {"6", "6", "0", "0", "0", "0"});
+  const auto chase = opened<graphs>();
+  const auto lines = opened<worms>();
+  GraphsWindow window(chase);
+  window.show();
+  auto* bars = control<OverBarsView>(window, "bars");
+  const QImage picture = bars->grab().toImage();
+  // The side that batted first has the first line, and stands below in the chase.
+  ASSERT_EQ(lines.label9, match.team2_name);
+  const auto color_of = [&](int half) {
+    const QRectF bar = bars->bar_of(half, 3);
+    return color_at(picture, bar.center() + QPointF(0, bar.height() / 4));
+  };
+  EXPECT_EQ(color_of(0), chart_color(1));
+  EXPECT_EQ(color_of(1), chart_color(0));
+  EXPECT_NE(chart_color(0), chart_color(1));
 }
 
 TEST_F(GraphsWindowTest, AnOverBeyondTheScaleIsNotCutOff) {
@@ -76,7 +96,7 @@ TEST_F(GraphsWindowTest, AnOverBeyondTheScaleIsNotCutOff) {
   EXPECT_GT(bars->bar_of(0, 3).top(), 0);
   EXPECT_GT(bars->mark_of(0, 3).top(), 0);
   EXPECT_LT(bars->y_of(3300 - 42 * 165), bars->y_of(0));
-  EXPECT_EQ(color_at(bars->grab().toImage(), bars->bar_of(0, 3).center()), chart_color(0));
+  EXPECT_EQ(color_at(bars->grab().toImage(), bars->bar_of(0, 3).center()), chart_color(form.side[0]));
   check_window_at_sizes(window);
 }
 
