@@ -58,13 +58,14 @@ QWidget* WctableWindow::new_group(const QString& title, const QString& lists, co
     const auto at = static_cast<std::size_t>(i);
     auto* list = new_team_list(QStringLiteral("%1_%2").arg(lists).arg(i), form_.teams, teams[at],
                                [&teams, at](int index) { teams[at] = index; });
-    list->setAccessibleName(QStringLiteral("%1, team %2").arg(title).arg(i + 1));
+    const QString name = QStringLiteral("%1, team %2").arg(title).arg(i + 1);
     auto* check = new QCheckBox(QStringLiteral("Human"));
     check->setObjectName(QStringLiteral("%1_%2").arg(checks).arg(i));
-    check->setAccessibleName(QStringLiteral("%1, team %2: Human").arg(title).arg(i + 1));
+    check->setAccessibleName(name + QStringLiteral(": Human"));
     check->setChecked(human[at]);
     connect(check, &QCheckBox::toggled, this, [&human, at](bool on) { human[at] = on; });
-    rows->addWidget(new_label(QString::number(i + 1), TextRole::muted), i, 0);
+    rows->addWidget(new_caption(QStringLiteral("Team %1").arg(i + 1), QChar(), list), i, 0);
+    list->setAccessibleName(name);
     rows->addWidget(list, i, 1);
     rows->addWidget(check, i, 2);
   }
@@ -82,8 +83,11 @@ QWidget* WctableWindow::new_hosts() {
     auto* list = new_team_list(
         QStringLiteral("Combo3_%1").arg(i), form_.teams, form_.combo3[at],
         [this, at](int index) { form_.combo3[at] = index; }, true);
-    list->setAccessibleName(QStringLiteral("Host nation %1").arg(i + 1));
-    row->addWidget(list, 1);
+    auto* place = new QVBoxLayout;
+    place->setSpacing(4);
+    place->addWidget(new_caption(QStringLiteral("Host nation %1").arg(i + 1), QChar(), list));
+    place->addWidget(list);
+    row->addLayout(place, 1);
   }
   card_rows(card)->addLayout(row);
   return card;

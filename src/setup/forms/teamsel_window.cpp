@@ -72,7 +72,8 @@ void TeamselWindow::add_row(BandedGrid& grid, int place) {
   }
   box->setAccessibleName(spoken.join(QStringLiteral(", ")));
   boxes_[static_cast<std::size_t>(place)] = box;
-  connect(box, &QCheckBox::clicked, this, [this, place] {
+  connect(box, &QCheckBox::toggled, this, [this, place](bool on) {
+    if (on == form_.check1[static_cast<std::size_t>(place)]) return;  // shown, not chosen
     guarded([&] {
       form_.check1_click(place);
       show_ticks();

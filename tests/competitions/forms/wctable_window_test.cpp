@@ -4,6 +4,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <algorithm>
+#include <set>
 
 #include "competitions/cup_test.h"
 #include "competitions/wc_fix.h"
@@ -44,6 +46,22 @@ TEST_F(WctableWindowTest, ShowsItsForm) {
   EXPECT_EQ(at<QComboBox>(window, "Combo3", 1)->currentText(), "");
   EXPECT_EQ(at<QComboBox>(window, "Combo3", 2)->currentText(), "");
   EXPECT_FALSE(control<QCheckBox>(window, "play_without_stopping")->isChecked());
+}
+
+TEST_F(WctableWindowTest, EveryListHasALabelAndANameOfItsOwn) {
+  WctableWindow window(form_);
+  window.show();
+  std::set<QString> names;
+  for (const auto* list : window.findChildren<QComboBox*>()) {
+    names.insert(list->accessibleName());
+    const auto labels = window.findChildren<QLabel*>();
+    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [list](const QLabel* label) {
+      return label->buddy() == list && label->isVisible() && !label->text().isEmpty();
+    })) << list->objectName().toStdString();
+  }
+  EXPECT_THAT(names, SizeIs(13));
+  EXPECT_TRUE(names.contains("Group A, team 1"));
+  EXPECT_TRUE(names.contains("Host nation 3"));
 }
 
 TEST_F(WctableWindowTest, FollowsItsUser) {

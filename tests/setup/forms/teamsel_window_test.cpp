@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
@@ -84,6 +85,18 @@ TEST_F(TeamselWindowTest, ShowsTheRows) {
   EXPECT_EQ(text(window, "Label6", 1), "4.35");
   EXPECT_EQ(counter(window), " 0 /11 players selected so far.");
   EXPECT_TRUE(box(window, 6)->accessibleName().contains("Bowler type Fast Bowler/Wk"));
+}
+
+TEST_F(TeamselWindowTest, ATickByAnAssistiveActionCounts) {
+  TeamselWindow window(form_);
+  window.show();
+  QAccessibleActionInterface* action = QAccessible::queryAccessibleInterface(box(window, 3))->actionInterface();
+  action->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_TRUE(form_.check1[3]);
+  EXPECT_EQ(counter(window), "1/11 players selected so far.");
+  action->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_FALSE(form_.check1[3]);
+  EXPECT_FALSE(box(window, 3)->isChecked());
 }
 
 TEST_F(TeamselWindowTest, TheHeadingsStandAsTheyAreTold) {
