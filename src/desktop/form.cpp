@@ -10,10 +10,14 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "desktop/body_area.h"
 #include "desktop/controls.h"
 #include "desktop/ground_picture.h"
+#include "desktop/modality.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -52,6 +56,7 @@ Form::Form(const QString& name, Dismissal dismissal, QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
                           Qt::WindowCloseButtonHint),
       dismissal_(dismissal) {
+  keep_covered_windows_dead();
   setObjectName(name);
   setModal(true);
   auto* rows = new QVBoxLayout(this);
@@ -78,16 +83,13 @@ Form::Form(const QString& name, Dismissal dismissal, QWidget* parent)
   head_->hide();
   rows->addWidget(head_);
 
-  middle_ = new QWidget(this);
+  middle_ = new QWidget;
   middle_->setObjectName(QStringLiteral("middle"));
   body_ = new QVBoxLayout(middle_);
   body_->setContentsMargins(24, 16, 24, 16);
   body_->setSpacing(8);
-  auto* across = new QHBoxLayout;
-  across->addStretch();
-  across->addWidget(middle_, 1);
-  across->addStretch();
-  rows->addLayout(across, 1);
+  area_ = new BodyArea(middle_, this);
+  rows->addWidget(area_, 1);
 
   foot_ = new QWidget(this);
   foot_->setObjectName(QStringLiteral("foot"));
@@ -145,7 +147,12 @@ QPushButton* Form::add_button(const QString& name, const Act& act, std::function
 QPushButton* Form::add_default_button(const QString& name, const Act& act, std::function<void()> pressed) {
   QPushButton* button = add_button(name, act, std::move(pressed));
   button->setDefault(true);
+  default_ = button;
   return button;
+}
+
+void Form::focus_default() {
+  if (default_ != nullptr) default_->setFocus();
 }
 
 void Form::add_aside(QWidget* widget) {
@@ -159,12 +166,30 @@ void Form::add_beside_buttons(QWidget* widget) {
 }
 
 void Form::set_busy(bool busy) {
-  if (busy) {
+  busy_ = busy;
+  setEnabled(!busy);
+  show_busy(busy && !is_covered(*this));
+}
+
+void Form::show_busy(bool on) {
+  if (on == busy_shown_) return;
+  busy_shown_ = on;
+  if (on) {
     QApplication::setOverrideCursor(Qt::BusyCursor);
   } else {
     QApplication::restoreOverrideCursor();
   }
-  setEnabled(!busy);
+}
+
+bool Form::event(QEvent* event) {
+  // A window over a busy form waits for its user.
+  if (event->type() == QEvent::WindowBlocked) show_busy(false);
+  if (event->type() == QEvent::WindowUnblocked) show_busy(busy_);
+  // The desktop may have put something else around the window than was expected.
+  if (event->type() == QEvent::WindowActivate && expected_ != frame()) {
+    QTimer::singleShot(0, this, [this] { stay_on_screen(); });
+  }
+  return QDialog::event(event);
 }
 
 void Form::reject() {
@@ -184,16 +209,76 @@ void Form::keyPressEvent(QKeyEvent* event) {
   button->click();
 }
 
+QMargins Form::frame() const {
+  const QRect outer = frameGeometry();
+  const QRect inner = geometry();
+  const QMargins around(inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+                        outer.bottom() - inner.bottom());
+  constexpr QMargins usual(4, 32, 4, 4);
+  return around.isNull() ? usual : around;
+}
+
+int Form::one_row_foot() const {
+  const QLayout& row = *foot_->layout();
+  const QMargins around = row.contentsMargins();
+  return around.left() + asides_->minimumSize().width() + row.spacing() + buttons_->minimumSize().width() +
+         around.right();
+}
+
+void Form::lay_out_foot() {
+  auto& foot = static_cast<QBoxLayout&>(*foot_->layout());
+  const int room = placing_ ? std::min(width(), widest_) : width();
+  const auto wanted = one_row_foot() > room ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight;
+  if (foot.direction() == wanted) return;
+  foot.setDirection(wanted);
+  foot.setAlignment(buttons_, wanted == QBoxLayout::TopToBottom ? Qt::AlignRight : Qt::Alignment());
+  foot.activate();
+  foot_->updateGeometry();
+}
+
+void Form::resizeEvent(QResizeEvent* event) {
+  lay_out_foot();
+  QDialog::resizeEvent(event);
+}
+
+void Form::measure_room() {
+  const QScreen* at = screen();
+  if (at == nullptr) return;
+  const QSize room = at->availableSize().shrunkBy(frame());
+  widest_ = room.width();
+  lay_out_foot();
+  int others = 0;
+  for (int i = 0; i < layout()->count(); ++i) {
+    const QLayoutItem* item = layout()->itemAt(i);
+    if (item->widget() != area_ && !item->isEmpty()) others += item->minimumSize().height();
+  }
+  area_->set_room({room.width(), std::max(0, room.height() - others)});
+  layout()->activate();
+}
+
+void Form::stay_on_screen() {
+  const QScreen* at = screen();
+  if (at == nullptr || isMaximized() || isFullScreen() || !isVisible()) return;
+  const QRect room = at->availableGeometry();
+  const QMargins around = frame();
+  expected_ = around;
+  resize(size().boundedTo(room.size().shrunkBy(around)));
+  const QSize outer = size().grownBy(around);
+  const QPoint furthest(room.right() + 1 - outer.width(), room.bottom() + 1 - outer.height());
+  const QPoint best(std::max(room.left(), std::min(x(), furthest.x())),
+                    std::max(room.top(), std::min(y(), furthest.y())));
+  if (best != pos()) move(best);
+}
+
 void Form::showEvent(QShowEvent* event) {
+  placing_ = !event->spontaneous();
+  if (placing_) measure_room();
   if (!placed_ && !event->spontaneous()) {
     placed_ = true;
     const QByteArray geometry = preferences::geometry(objectName());
     if (geometry.isEmpty() || !restoreGeometry(geometry)) {
       adjustSize();
       resize(size().expandedTo(preferred_));
-      // The window's frame takes its share of the screen.
-      constexpr QSize frame(8, 36);
-      if (const QScreen* at = screen()) resize(size().boundedTo(at->availableSize() - frame));
     }
     // Wrapped lines may need more height than at the last time.
     if (const int needed = layout()->hasHeightForWidth() ? layout()->totalMinimumHeightForWidth(width()) : 0;
@@ -202,6 +287,8 @@ void Form::showEvent(QShowEvent* event) {
     }
   }
   QDialog::showEvent(event);
+  if (placing_) stay_on_screen();
+  placing_ = false;
 }
 
 void Form::hideEvent(QHideEvent* event) {

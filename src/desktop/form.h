@@ -13,6 +13,8 @@ class QVBoxLayout;
 
 namespace velorin {
 
+class BodyArea;
+
 /// What a control does, as its user reads it.
 struct Act {
   QString caption;                    ///< as shown
@@ -28,7 +30,9 @@ void name_act(QAbstractButton& button, const Act& act);
 /// The window that modal windows open over: the one on top now, nullptr before there is any.
 QWidget* front_window();
 
-/// The base of all windows: a heading, a body, a row of buttons; remembers its place and size under its name.
+/// The base of all windows: a heading, a body, a row of buttons; remembers its place and size under its name, and opens
+/// on the screen, frame and all. A body too large for the screen scrolls; the buttons stay. While another window stands
+/// over it, its controls do nothing, whoever presses them.
 class Form : public QDialog {
   Q_OBJECT
 
@@ -57,6 +61,8 @@ class Form : public QDialog {
   QPushButton* add_button(const QString& name, const Act& act, std::function<void()> pressed);
   /// Likewise; Return presses it. A form has one.
   QPushButton* add_default_button(const QString& name, const Act& act, std::function<void()> pressed);
+  /// Gives the keyboard to that button, if there is one.
+  void focus_default();
   void add_aside(QWidget* widget);
   /// Puts a widget into the row of buttons, before those added later.
   void add_beside_buttons(QWidget* widget);
@@ -64,7 +70,7 @@ class Form : public QDialog {
   /// The size at which the form opens where none is remembered; without it, its contents say. The screen limits it.
   void prefer_size(QSize size) { preferred_ = size; }
 
-  /// While busy the form takes no input and the pointer says so.
+  /// While busy the form takes no input and the pointer says so, unless another window waits over it.
   void set_busy(bool busy);
 
   /// Escape or the close box do this instead of closing; the form must close itself.
@@ -73,13 +79,26 @@ class Form : public QDialog {
   void reject() override;
 
  protected:
+  bool event(QEvent* event) override;
   /// Return presses the button that has the keyboard, elsewhere the default button.
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:
   QPushButton* new_button(const QString& name, const Act& act, std::function<void()> pressed);
+
+  void show_busy(bool on);
+  /// What the desktop puts around the window; the usual before that is known.
+  QMargins frame() const;
+  /// The least width of a foot in one row.
+  int one_row_foot() const;
+  /// A foot too long for the window, as it is or as the screen has room for it, has its buttons in a second row.
+  void lay_out_foot();
+  /// Tells the body how much room the screen has for it.
+  void measure_room();
+  void stay_on_screen();
 
   Dismissal dismissal_;
   std::function<void()> dismissed_;
@@ -88,11 +107,18 @@ class Form : public QDialog {
   QLabel* subheading_;
   QWidget* middle_;
   QVBoxLayout* body_;
+  BodyArea* area_;
   QWidget* foot_;
   QHBoxLayout* asides_;
   QHBoxLayout* buttons_;
+  QPushButton* default_ = nullptr;
   QSize preferred_;
   bool placed_ = false;
+  bool placing_ = false;          // is being shown
+  int widest_ = QWIDGETSIZE_MAX;  // that the screen has room for
+  QMargins expected_;             // what is around the window, as it was when it was placed
+  bool busy_ = false;
+  bool busy_shown_ = false;  // by the pointer
 };
 
 }  // namespace velorin

@@ -3,8 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -92,6 +96,136 @@ TEST(FormTest, AnActTellsItsKeys) {
   EXPECT_EQ(button->accessibleName(), "Crown & Anchor");
   QTest::keyClick(&form, Qt::Key_F5);
   EXPECT_EQ(pressed, 1);
+}
+
+TEST(FormTest, TheBusyPointerGoesWhileAWindowWaits) {
+  Form form(QStringLiteral("busy"), Form::Dismissal::closes, nullptr);
+  form.setModal(false);
+  form.show();
+  form.set_busy(true);
+  const auto busy = [] {
+    return QApplication::overrideCursor() != nullptr && QApplication::overrideCursor()->shape() == Qt::BusyCursor;
+  };
+  EXPECT_TRUE(busy());
+  {
+    Form over(QStringLiteral("over"), Form::Dismissal::closes, nullptr);
+    over.show();
+    EXPECT_FALSE(busy());
+  }
+  EXPECT_TRUE(busy());
+  form.set_busy(false);
+  EXPECT_FALSE(busy());
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+/// A form of the size of its body, with a button in its foot.
+class SizedForm : public Form {
+ public:
+  explicit SizedForm(QSize size, const char* name = "sized")
+      : Form(QString::fromLatin1(name), Dismissal::closes, nullptr) {
+    setModal(false);
+    add_default_button(QStringLiteral("OK"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [] {});
+    filling = new QWidget;
+    filling->setMinimumSize(size);
+    body()->addWidget(filling);
+    last = new QPushButton(QStringLiteral("Last"));
+    body()->addWidget(last);
+  }
+  QScrollArea& area() const { return *findChild<QScrollArea*>(); }
+  bool scrolls() const {
+    return area().verticalScrollBar()->maximum() > 0 || area().horizontalScrollBar()->maximum() > 0;
+  }
+
+  QWidget* filling;
+  QPushButton* last;
+};
+
+TEST(FormTest, ABodyThatFitsHasNoScrollBars) {
+  SizedForm form({300, 200}, "fits");
+  form.show();
+  QTest::qWait(10);
+  EXPECT_FALSE(form.scrolls());
+  form.resize(form.minimumSizeHint());
+  QTest::qWait(10);
+  EXPECT_FALSE(form.scrolls());
+  form.filling->setMinimumHeight(280);
+  QTest::qWait(10);
+  EXPECT_FALSE(form.scrolls());
+  EXPECT_GE(form.height(), form.minimumSizeHint().height());
+}
+
+TEST(FormTest, ABodyLargerThanTheScreenScrollsAndTheButtonsStay) {
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  for (const QSize size : {QSize(300, room.height()), QSize(room.width(), 300), room.size() * 2}) {
+    SizedForm form(size, "larger");
+    form.show();
+    QTest::qWait(10);
+    EXPECT_TRUE(room.contains(form.frameGeometry())) << form.frameGeometry().height();
+    EXPECT_TRUE(form.scrolls());
+    const auto* ok = control<QPushButton>(form, "OK");
+    EXPECT_TRUE(room.contains(QRect(ok->mapToGlobal(QPoint()), ok->size())));
+    EXPECT_EQ(ok->visibleRegion().boundingRect(), ok->rect());
+    // What gets the keyboard comes into view.
+    form.last->setFocus();
+    QTest::qWait(10);
+    EXPECT_GE(form.last->visibleRegion().boundingRect().height(), form.last->height());
+  }
+}
+
+TEST(FormTest, ABodyTooTallAloneScrollsOneWayByThePageKeys) {
+  SizedForm form({300, 3000}, "tall");
+  form.show();
+  QTest::qWait(10);
+  EXPECT_EQ(form.area().horizontalScrollBar()->maximum(), 0);
+  form.filling->setFocusPolicy(Qt::StrongFocus);
+  form.filling->setFocus();
+  form.area().verticalScrollBar()->setValue(0);
+  QTest::keyClick(form.filling, Qt::Key_Down);
+  EXPECT_EQ(form.area().verticalScrollBar()->value(), 0) << "arrows belong to the form";
+  QTest::keyClick(form.filling, Qt::Key_PageDown);
+  EXPECT_GT(form.area().verticalScrollBar()->value(), 0);
+}
+
+TEST(FormTest, AFootTooLongForTheScreenHasTwoRows) {
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  SizedForm form({300, 200}, "long-foot");
+  auto* aside = new QPushButton(QStringLiteral("Aside"));
+  aside->setMinimumWidth(room.width() - 100);
+  form.add_aside(aside);
+  form.show();
+  QTest::qWait(10);
+  EXPECT_TRUE(room.contains(form.frameGeometry())) << form.width();
+  for (const QWidget* button :
+       {static_cast<QWidget*>(aside), static_cast<QWidget*>(control<QPushButton>(form, "OK"))}) {
+    EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect());
+  }
+}
+
+TEST(FormTest, TheWholeFrameOpensOnTheScreen) {
+  const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+  {
+    SizedForm form({300, 200}, "placed");
+    form.show();
+    form.move(-200, -80);
+    form.hide();
+  }
+  {
+    SizedForm form({300, 200}, "placed");
+    form.show();
+    QTest::qWait(10);
+    EXPECT_TRUE(room.contains(form.frameGeometry())) << form.frameGeometry().y();
+    form.move(room.right() - 50, room.bottom() - 50);
+    form.hide();
+  }
+  SizedForm form({300, 200}, "placed");
+  form.show();
+  QTest::qWait(10);
+  EXPECT_TRUE(room.contains(form.frameGeometry())) << form.frameGeometry().bottom();
+  // Once it is there its user may put it anywhere.
+  form.move(-200, -80);
+  QTest::qWait(10);
+  EXPECT_LT(form.x(), -150);
+  EXPECT_LT(form.y(), -50);
 }
 
 TEST(FormTest, AFailureBehindAButtonIsReported) {

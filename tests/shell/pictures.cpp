@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 
 #include "competitions/wctable.h"
 #include "competitions/world_cup.h"
@@ -141,10 +142,14 @@ int main(int argc, char** argv) {
                  "usage: velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark] [WIDTH HEIGHT]\n");
     return 2;
   }
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // The usual screen of the offscreen platform is smaller than some windows.
+  const QTemporaryDir own;
+  const std::string screen = own.filePath(QStringLiteral("screen.json")).toStdString();
+  std::ofstream(screen) << R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 2560, "height": 1600,)"
+                        << R"( "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+  qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString("offscreen:configfile=" + screen));
   ::testing::InitGoogleTest();
   QApplication application(argc, argv);
-  const QTemporaryDir own;
   preferences::use_file(own.filePath(QStringLiteral("preferences.ini")));
   preferences::set_pace(Pace::instant);
   const bool dark = argc > 3 && std::string(argv[3]) == "dark";

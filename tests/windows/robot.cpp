@@ -47,6 +47,11 @@ void Robot::look() {
   if (std::find(answering_.begin(), answering_.end(), window) != answering_.end()) return;
   const std::string name = window->objectName().toStdString();
   met_.push_back(name);
+  if (at_sight_) {
+    answering_.push_back(window);
+    at_sight_(*window);
+    answering_.pop_back();
+  }
   answer act;
   if (auto& answers = next_[name]; !answers.empty()) {
     act = std::move(answers.front());

@@ -35,6 +35,9 @@ class Robot {
   /// Answers every window that has nothing of its own laid down.
   void otherwise(answer act) { otherwise_ = std::move(act); }
 
+  /// Done each time that a window waits, before what is laid down for it.
+  void at_sight(answer act) { at_sight_ = std::move(act); }
+
   /// The windows met, by name, in their order; a window that was answered twice stands twice.
   const std::vector<std::string>& met() const { return met_; }
   int met(const std::string& window) const;
@@ -50,6 +53,7 @@ class Robot {
   std::map<std::string, answer> always_;
   std::map<std::string, std::deque<answer>> next_;
   answer otherwise_;
+  answer at_sight_;
   std::vector<std::string> met_;
 };
 

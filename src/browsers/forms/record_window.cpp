@@ -99,7 +99,9 @@ const std::string& RecordWindow::man_of(int row, int man) const {
 
 void RecordWindow::open_profile(int row, int man) {
   const std::string& name = man_of(row, man);
-  if (!name.empty()) show_profile(form_.table.rows[static_cast<std::size_t>(row)].team, name);
+  if (name.empty()) return;
+  show_profile(form_.table.rows[static_cast<std::size_t>(row)].team, name);
+  focus_default();
 }
 
 QPushButton* RecordWindow::add_profile_button(const QString& name, const Act& act, int man) {

@@ -163,7 +163,9 @@ void TeamdetWindow::refresh() {
 void TeamdetWindow::open_profile(int record) {
   if (record < 0 || record >= static_cast<int>(form_.men_of_records.size())) return;
   const std::string& man = form_.men_of_records[static_cast<std::size_t>(record)];
-  if (!man.empty()) show_profile(form_.combo1[static_cast<std::size_t>(form_.combo1_index)], man);
+  if (man.empty()) return;
+  show_profile(form_.combo1[static_cast<std::size_t>(form_.combo1_index)], man);
+  focus_default();
 }
 
 }  // namespace velorin

@@ -25,6 +25,7 @@ Scorecard2Window::Scorecard2Window(const scorecard2& form, QWidget* parent)
                                         details.figures = form_.details(place);
                                         details.title = details.figures.title;
                                         user().show(details);
+                                        focus_default();
                                       }),
                   1);
   add_aside(new_report_button(QStringLiteral("Command2"),

@@ -63,6 +63,7 @@ ScorecardWindow::ScorecardWindow(const scorecard& form, QWidget* parent)
                                            details.figures = form_.details(place);
                                            details.title = details.figures.title;
                                            user().show(details);
+                                           focus_default();
                                          }),
                      1);
   add_reports();

@@ -168,6 +168,7 @@ TEST_F(RecordWindows, OpenTheProfileOfTheManInTheRow) {
   Players players(2);
   auto* table = control<TableView>(*players.window, "table");
   press(*players.window, "profile");
+  EXPECT_EQ(players.window->focusWidget(), control<QPushButton>(*players.window, "Command1")) << "Return closes";
   QTest::keyClick(table, Qt::Key_Down);
   QTest::keyClick(table, Qt::Key_Return);
   QTest::keyClick(table, Qt::Key_Down);

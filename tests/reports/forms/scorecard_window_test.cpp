@@ -154,6 +154,19 @@ TEST_F(ScorecardWindowTest, ANameShowsTheMansDetails) {
   EXPECT_EQ(noting.titles, std::vector<std::string>(2, ""));
 }
 
+TEST_F(ScorecardWindowTest, AfterAMansDetailsReturnCloses) {
+  const auto card = opened<scorecard>();
+  ScorecardWindow window(card);
+  show_active(window);
+  auto* name = control<QPushButton>(window, "Command4_1");
+  name->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(name, Qt::Key_Return);
+  EXPECT_TRUE(control<QPushButton>(window, "Command1")->hasFocus());
+  QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(noting.headlines.size(), 1U);
+  EXPECT_FALSE(window.isVisible());
+}
+
 TEST_F(ScorecardWindowTest, ANameReadsItsRowOut) {
   match.batting_card[4].fielder = " c B.Okell";
   match.batting_card[4].how_out = " b F.Uluila";

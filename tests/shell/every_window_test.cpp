@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Every window of the game, met on its way through all activities, by its accessible interface: the windows behind it
+// are dead, and a control does by an assistive action what it does by a click.
+#include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QTest>
+#include <set>
+
+#include "desktop/modality.h"
+#include "model/teams.h"
+#include "shell/game_fixture.h"
+#include "shell/menu_entry.h"
+#include "windows/accessible_user.h"
+
+namespace velorin::testing {
+namespace {
+
+class EveryWindowTest : public GameTest {
+ protected:
+  EveryWindowTest() {
+    user.robot.at_sight([this](QWidget& window) {
+      look_behind(window);
+      if (seen.insert(window.objectName().toStdString()).second) ticks += check_toggles(window);
+    });
+  }
+
+  /// Tries every control of the windows behind, once for each pair.
+  void look_behind(const QWidget& window) {
+    bool tried = false;
+    for (QWidget* behind : QApplication::topLevelWidgets()) {
+      if (behind == &window || qobject_cast<Form*>(behind) == nullptr || behind->objectName() == "Progressbar")
+        continue;
+      if (!behind->isVisible()) continue;
+      SCOPED_TRACE(behind->objectName().toStdString() + " behind " + window.objectName().toStdString());
+      const std::string pair = behind->objectName().toStdString() + " < " + window.objectName().toStdString();
+      if (!pairs.insert(pair).second) continue;
+      tried = true;
+      EXPECT_TRUE(is_covered(*behind));
+      for (QWidget* widget : behind->findChildren<QWidget*>()) {
+        if (widget->window() != behind) continue;
+        EXPECT_TRUE(QAccessible::queryAccessibleInterface(widget)->state().disabled)
+            << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+      }
+      const QString before = state_of(*behind);
+      EXPECT_GT(try_everything(*behind), 0);
+      EXPECT_EQ(state_of(*behind).toStdString(), before.toStdString());
+    }
+    if (!tried) return;
+    const auto windows = QApplication::topLevelWidgets().size();
+    QTest::qWait(120);  // an assistive press takes effect a moment later
+    EXPECT_EQ(QApplication::topLevelWidgets().size(), windows) << window.objectName().toStdString();
+    EXPECT_EQ(QApplication::activeModalWidget(), &window);
+  }
+
+  ClickingUser user;
+  std::set<std::string> seen;
+  std::set<std::string> pairs;
+  int ticks = 0;
+};
+
+TEST_F(EveryWindowTest, AMatchAndItsReports) {
+  user.robot.next("teamfrm", [](QWidget& window) {
+    ClickingUser::choose_match(window, 4, 7, true, true);
+    press(window, "Command1");
+  });
+  // At the second over every report and every dialog of the console, from them what they open.
+  bool done = false;
+  user.robot.always("main", [&](QWidget& window) {
+    if (match.over_no == 2 && !done) {
+      done = true;
+      for (const char* name : {"Command4_0", "Command5_0", "Command3", "Command6", "Command11", "Command8"}) {
+        press(window, name);
+      }
+      user.robot.next("scorecard", [](QWidget& card) {
+        for (const char* name : {"Command4_1", "Command2", "Command5", "Command6", "Command10", "Command1"}) {
+          press(card, name);
+        }
+      });
+      press(window, "Command2");
+    }
+    press(window, "Command1");
+  });
+  play([&](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+  for (const char* name : {"teamfrm", "wecond", "Teamsel", "toss", "batorder", "chgbowler", "main", "aggr", "message",
+                           "scorecard", "batsmandetails", "Bowlcard", "partners", "graphs", "worms"}) {
+    EXPECT_TRUE(seen.contains(name)) << name;
+  }
+  for (const char* pair :
+       {"opening < teamfrm", "opening < main", "opening < scorecard", "main < scorecard", "main < batsmandetails",
+        "scorecard < batsmandetails", "scorecard < graphs", "main < aggr"}) {
+    EXPECT_TRUE(pairs.contains(pair)) << pair;
+  }
+  EXPECT_GT(ticks, 40);
+  EXPECT_FALSE(match.result_margin.empty());
+}
+
+TEST_F(EveryWindowTest, Competitions) {
+  for (const char* name : {"series1", "series2", "wctable"}) {
+    user.robot.next(name, [](QWidget& window) {
+      for (auto* list : window.findChildren<QComboBox*>()) EXPECT_FALSE(list->accessibleName().isEmpty());
+      press(window, "Command2");
+    });
+  }
+  play([&](OpeningWindow& menu) {
+    for (const char* entry : {"Label9", "Label10", "Label11"}) choose(menu, "Label1", entry);
+  });
+  EXPECT_EQ(seen, (std::set<std::string>{"series1", "series2", "wctable"}));
+  EXPECT_GT(ticks, 20);
+}
+
+TEST_F(EveryWindowTest, RecordsSettingsAndCredits) {
+  user.robot.otherwise([](QWidget& window) { press(window, "Command1"); });
+  play([&](OpeningWindow& menu) {
+    for (const char* entry : {"Label27", "Label28", "Label29"}) choose(menu, "Label4", entry);
+    choose(menu, "Label2", "Label12");
+    choose(menu, "Label3", "Label22");
+    press(menu, "Label5");
+    press(menu, "Label6");
+  });
+  for (const char* name : {"Sqdet", "teamdet", "wldrank", "totrecords", "highinduv", "allrecs", "centurytop",
+                           "partnrec", "optfrm", "frmAbout"}) {
+    EXPECT_TRUE(pairs.contains(std::string("opening < ") + name)) << name;
+  }
+}
+
+TEST_F(EveryWindowTest, NoSecondMatchStartsBehindTheFirst) {
+  user.robot.next("teamfrm", [](QWidget& window) {
+    ClickingUser::choose_match(window, 4, 7, true, false);
+    press(window, "Command1");
+  });
+  int tries = 0;
+  user.robot.always("main", [&](QWidget& window) {
+    if (++tries <= 3) {
+      auto* menu = QApplication::topLevelWidgets().front();
+      for (QWidget* any : QApplication::topLevelWidgets()) {
+        if (any->objectName() == "opening") menu = any;
+      }
+      auto* entry = control<MenuEntry>(*menu, "Label8");
+      QAccessible::queryAccessibleInterface(entry)->actionInterface()->doAction(
+          QAccessibleActionInterface::pressAction());
+      QTest::qWait(150);
+    }
+    press(window, "Command1");
+  });
+  play([&](OpeningWindow& menu) {
+    press(menu, "Label1");
+    press(menu, "Label8");
+  });
+  EXPECT_EQ(user.robot.met("teamfrm"), 1);
+  EXPECT_EQ(user.robot.met("toss"), 1);
+  EXPECT_FALSE(match.result_margin.empty());
+}
+
+}  // namespace
+}  // namespace velorin::testing
