@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "database/teams_file.h"
 #include "model/random.h"
@@ -12,11 +13,13 @@
 
 namespace velorin {
 
-void enter_match(const entered_side& first, const entered_side& second, const std::string& ground) {
+bool enter_match(const entered_side& first, const entered_side& second, const std::string& ground) {
+  match_result& result = match;
+  match_result before = std::exchange(result, match_result());
   if (first.team.empty() || second.team.empty()) {
     match.result_winner = first.team + second.team;
     match.result_margin = match.result_winner.empty() ? "" : "  by a walkover";
-    return;
+    return true;
   }
   teamfrm form;
   form.open();
@@ -24,6 +27,8 @@ void enter_match(const entered_side& first, const entered_side& second, const st
   form.option1_cpu = !first.human;
   form.option3_cpu = !second.human;
   form.command1_click();
+  if (form.left) result = std::move(before);
+  return !form.left;
 }
 
 void clear_result() {
@@ -47,6 +52,15 @@ std::vector<std::string> list_grounds(const std::vector<std::string>& countries)
     if (listed && !ground.country.empty()) names.push_back(ground.ground_name);
   });
   return names;
+}
+
+std::vector<std::string> countries_without_ground(const std::vector<std::string>& countries) {
+  std::vector<std::string> without;
+  for (const std::string& country : countries) {
+    const bool told = std::find(without.begin(), without.end(), country) != without.end();
+    if (!country.empty() && !told && list_grounds({country}).empty()) without.push_back(country);
+  }
+  return without;
 }
 
 std::string draw_ground(const std::vector<std::string>& grounds) {

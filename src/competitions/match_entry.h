@@ -16,9 +16,11 @@ struct entered_side {
   bool human = false;
 };
 
-/// Fills the form of a new match and plays it; returns when it is over, with the result block filled. With one empty
-/// name no match is played: the other team has a walkover. With two there is no result. Raises what the match raises.
-void enter_match(const entered_side& first, const entered_side& second, const std::string& ground);
+/// Fills the form of a new match and plays it; returns when it is over, with the result block filled, which is emptied
+/// first. With one empty name no match is played: the other team has a walkover. With two there is no result. False if
+/// the user leaves the match before it has begun: everything but the draws is as it was then. Raises what the match
+/// raises.
+bool enter_match(const entered_side& first, const entered_side& second, const std::string& ground);
 
 /// Sets the result strings to "" and clears the two rates.
 void clear_result();
@@ -27,6 +29,9 @@ void clear_result();
 std::vector<team_entry> list_teams();
 /// Names of the grounds, in file order, whose country is one of `countries`; an empty country matches nothing.
 std::vector<std::string> list_grounds(const std::vector<std::string>& countries);
+
+/// Those of the countries that have no ground, each once; an empty name is passed over.
+std::vector<std::string> countries_without_ground(const std::vector<std::string>& countries);
 
 /// Draws a ground: one number, also from an empty list, which gives "".
 std::string draw_ground(const std::vector<std::string>& grounds);

@@ -12,10 +12,22 @@ series_record series;
 
 namespace {
 
-void play_next_match() {
+void show_results() {
+  sri_result form;
+  form.open();
+  user().show(form);
+}
+
+/// False if the user leaves the match: it is still to be played.
+bool play_next_match() {
+  const std::string ground_before = series.drawn_ground;
   series.match_no += 1;
   series.drawn_ground = draw_ground(series.grounds);
-  enter_match(series.home, series.away, series.drawn_ground);
+  if (!enter_match(series.home, series.away, series.drawn_ground)) {
+    series.match_no -= 1;
+    series.drawn_ground = ground_before;
+    return false;
+  }
   series.series_winner[series.match_no] = match.result_winner;
   series.series_margin[series.match_no] = match.result_margin;
   series.series_ground[series.match_no] = match.result_ground;
@@ -23,9 +35,7 @@ void play_next_match() {
   match.result_margin.clear();
   match.result_ground.clear();
   if (series.match_no == series.matches) series.series_over = true;
-  sri_result form;
-  form.open();
-  user().show(form);
+  return true;
 }
 
 std::string ordinal(int i) {
@@ -67,12 +77,19 @@ void series1::vscroll1_change(int value) { text1 = number_text(value); }
 void series1::command1_click() {
   const int matches = typed_number(text1, 10, "Text1");
   reseed();
+  const series_record before = series;
   series = series_record();
   series.home = {entry_text(combo1, combo1_index), !option1_cpu};
   series.away = {entry_text(combo1, combo2_index), !option3_cpu};
   series.grounds = combo3;
   series.matches = matches;
-  while (series.match_no < matches) play_next_match();
+  while (series.match_no < matches) {
+    if (!play_next_match() && series.match_no == 0) {
+      series = before;
+      return;
+    }
+    show_results();
+  }
   closed = true;
 }
 

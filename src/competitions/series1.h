@@ -42,8 +42,12 @@ struct series1 {
   void choose_away(int index);
   /// The spin control, 1 to 10: writes its value into text1.
   void vscroll1_change(int value);
-  /// "OK": plays all matches, each on a ground drawn anew, and shows the results after each. Draws, after reseeding
-  /// once, a ground a match and what the match draws. Asks for what the matches ask and for sri_result. Raises
+  /// Both teams are chosen, which "OK" requires.
+  bool ready() const { return combo1_index >= 0 && combo2_index >= 0; }
+  /// "OK": plays all matches, each on a ground drawn anew, and shows the results after each. A match that
+  /// the user leaves before it has begun is still to be played: the results are shown again, or, before the first match
+  /// is over, the form stays open and the record as it was. Draws, after reseeding once, a ground each time that a
+  /// match is entered and what the match draws. Asks for what the matches ask and for sri_result. Raises
   /// run_time_error: a number of matches that is none of 1 to 10 (type), and what a match raises.
   void command1_click();
   /// "Cancel".

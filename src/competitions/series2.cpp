@@ -41,11 +41,22 @@ void show_table() {
   user().show(form);
 }
 
-void play_league_match() {
+/// Enters the next match. False if the user leaves it.
+bool enter_on_drawn_ground(const entered_side& first, const entered_side& second) {
+  std::string ground_before = std::exchange(tri.drawn_ground, draw_ground(tri.grounds));
+  if (enter_match(first, second, tri.drawn_ground)) return true;
+  tri.drawn_ground = std::move(ground_before);
+  return false;
+}
+
+/// False if the user leaves the match: it is still to be played.
+bool play_league_match() {
   const auto [first, second] = round_pairs[static_cast<std::size_t>(tri.matches_played) % 3];
-  run_tri_match(tri.sides[first].team, tri.sides[second].team, tri.sides[first].human, tri.sides[second].human);
+  const entered_side& one = tri.sides[first];
+  const entered_side& other = tri.sides[second];
+  if (!run_tri_match(one.team, other.team, one.human, other.human)) return false;
   tri.matches_played += 1;
-  show_table();
+  return true;
 }
 
 /// The finalist of this name, with the captain of the first team so called.
@@ -56,22 +67,22 @@ entered_side finalist(const std::string& name) {
   return {name, false};
 }
 
-void play_final() {
+/// Likewise.
+bool play_final() {
   const entered_side first = finalist(tri.tri_table[1].note);
   const entered_side second = finalist(tri.tri_table[2].note);
-  tri.drawn_ground = draw_ground(tri.grounds);
-  enter_match(first, second, tri.drawn_ground);
+  if (!enter_on_drawn_ground(first, second)) return false;
   tri.tri_table[3].note = match.result_winner + " " + match.result_margin;
   tri.final_played = true;
-  show_table();
+  return true;
 }
 
 }  // namespace
 
-void run_tri_match(const std::string& team_1, const std::string& team_2, bool human_1, bool human_2) {
-  tri.drawn_ground = draw_ground(tri.grounds);
-  enter_match({team_1, human_1}, {team_2, human_2}, tri.drawn_ground);
+bool run_tri_match(const std::string& team_1, const std::string& team_2, bool human_1, bool human_2) {
+  if (!enter_on_drawn_ground({team_1, human_1}, {team_2, human_2})) return false;
   book_league_match(&tri.tri_table[1], 3, team_1, team_2);
+  return true;
 }
 
 void series2::open() {
@@ -95,6 +106,7 @@ void series2::vscroll1_change(int value) { text1 = number_text(value); }
 void series2::command1_click() {
   const int rounds = typed_number(text1, 5, "Text1");
   reseed();
+  const tri_record before = tri;
   tri = tri_record();
   for (int i = 1; i <= 3; ++i) {
     tri.sides[i] = {entry_text(combo1, team_index[i - 1]), !cpu[i - 1]};
@@ -102,8 +114,14 @@ void series2::command1_click() {
   }
   tri.grounds = combo4;
   tri.rounds = rounds;
-  while (tri.matches_played < 3 * tri.rounds) play_league_match();
-  if (!tri.final_played) play_final();
+  while (!tri.final_played) {
+    const bool played = tri.matches_played < 3 * tri.rounds ? play_league_match() : play_final();
+    if (!played && tri.matches_played == 0) {
+      tri = before;
+      return;
+    }
+    show_table();
+  }
   tri.tri_table = {};
   closed = true;
 }

@@ -23,8 +23,9 @@ struct tri_record {
 extern tri_record tri;
 
 /// Plays one league match on a ground drawn anew and books it in tri.tri_table. A name that stands in several rows is
-/// booked in the last of them; each of them counts the match as played.
-void run_tri_match(const std::string& team_1, const std::string& team_2, bool human_1, bool human_2);
+/// booked in the last of them; each of them counts the match as played. False, with nothing booked, if the user leaves
+/// the match before it has begun.
+bool run_tri_match(const std::string& team_1, const std::string& team_2, bool human_1, bool human_2);
 
 /// A tri series: three teams, captains, rounds. Its OK plays the whole competition.
 struct series2 {
@@ -42,9 +43,13 @@ struct series2 {
   void choose_team(int box, int index);
   /// The spin control, 1 to 5: writes its value into text1.
   void vscroll1_change(int value);
-  /// "OK": the league, then the final of its first two. Draws, after reseeding once, a ground a match and what the
-  /// match draws. Asks for what the matches ask and for triserresult after each. Raises run_time_error: a number of
-  /// rounds that is none of 1 to 5 (type), and what a match raises.
+  /// All three teams are chosen, which "OK" requires.
+  bool ready() const { return team_index[0] >= 0 && team_index[1] >= 0 && team_index[2] >= 0; }
+  /// "OK": the league, then the final of its first two. A match that the user leaves before it has begun is still to be
+  /// played: the table is shown again, or, before the first match is over, the form stays open and the record as it
+  /// was. Draws, after reseeding once, a ground each time that a match is entered and what the match draws. Asks for
+  /// what the matches ask and for triserresult after each. Raises run_time_error: a number of rounds that is none of 1
+  /// to 5 (type), and what a match raises.
   void command1_click();
   /// "Cancel".
   void command2_click() { closed = true; }

@@ -28,6 +28,13 @@ std::string pairing(const wc_knockout& tie) {
 
 }  // namespace
 
+std::string standing_cup() {
+  if (world_cup.wc_group_a[1].team.empty()) return {};
+  return "The tallies and results of the World Cup before stand, and this one adds to them.";
+}
+
+void start_cup_afresh() { world_cup = {}; }
+
 league_table5 group_table(const wc_group& group) {
   league_table5 table;
   for (int place = 1; place <= 5; ++place) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "competitions/wctable.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "competitions/wc_fix.h"
@@ -46,8 +47,8 @@ league_row& cell_against(wc_group_team& team, const std::string& name) {
                        {.file = {}, .record = 0, .field = "versus", .player = name});
 }
 
-void run_group_match(wc_group& group, const entered_side& first, const entered_side& second, const std::string& venue) {
-  enter_match(first, second, venue);
+bool run_group_match(wc_group& group, const entered_side& first, const entered_side& second, const std::string& venue) {
+  if (!enter_match(first, second, venue)) return false;
   wc_group_team& a = group[place_of(group, first.team)];
   wc_group_team& b = group[place_of(group, second.team)];
   league_row& cell_a = cell_against(a, second.team);
@@ -58,10 +59,16 @@ void run_group_match(wc_group& group, const entered_side& first, const entered_s
   const bool a_first = match.rate_first.team == a.team;
   cell_a.net_run_rate += a_first ? match.rate_first.delta : match.rate_second.delta;
   cell_b.net_run_rate += a_first ? match.rate_second.delta : match.rate_first.delta;
+  return true;
 }
 
-/// After a match of the list: its result, then the tables and the list.
-void close_fixture(int place) {
+/// After a match of the list: its result, then the tables and the list. One that the user has left is still to be
+/// played, and the list alone is shown.
+void close_fixture(int place, bool played) {
+  if (!played) {
+    show_fixtures();
+    return;
+  }
   wc_fixture& fixture = world_cup.wc_fixtures[place];
   fixture.result = match.result_winner.empty() ? "Match Tied" : match.result_winner + " " + match.result_margin;
   clear_result();
@@ -77,17 +84,15 @@ void play_group_fixture(int place) {
   const std::array<bool, 5>& human = in_a ? world_cup.human_a : world_cup.human_b;
   const entered_side first{group[fixture.index_a].team, human[fixture.index_a - 1]};
   const entered_side second{group[fixture.index_b].team, human[fixture.index_b - 1]};
-  (in_a ? run_wc_match_a : run_wc_match_b)(first, second, fixture.venue);
-  close_fixture(place);
+  close_fixture(place, (in_a ? run_wc_match_a : run_wc_match_b)(first, second, fixture.venue));
 }
 
 void play_super_six_fixture(int place) {
   const wc_fixture fixture = world_cup.wc_fixtures[place];
   const int a = fixture.index_a;
   const int b = fixture.index_b + 3;
-  run_ss_match({world_cup.wc_super_six[a].team, world_cup.wc_ss_human[a]},
-               {world_cup.wc_super_six[b].team, world_cup.wc_ss_human[b]}, fixture.venue);
-  close_fixture(place);
+  close_fixture(place, run_ss_match({world_cup.wc_super_six[a].team, world_cup.wc_ss_human[a]},
+                                    {world_cup.wc_super_six[b].team, world_cup.wc_ss_human[b]}, fixture.venue));
 }
 
 void pair_semifinals() {
@@ -104,13 +109,15 @@ void pair_semifinals() {
   }
 }
 
-void play_knockout(wc_knockout& tie) {
+/// False if the user leaves the match.
+bool play_knockout(wc_knockout& tie) {
   clear_result();
   const std::string venue = draw_ground(world_cup.grounds);
-  enter_match({tie.team_a, tie.human_a}, {tie.team_b, tie.human_b}, venue);
+  if (!enter_match({tie.team_a, tie.human_a}, {tie.team_b, tie.human_b}, venue)) return false;
   tie.winner = match.result_winner;
   tie.margin = match.result_margin;
   clear_result();
+  return true;
 }
 
 /// The human flag of a semi-final's winner.
@@ -118,6 +125,20 @@ bool winner_is_human(const wc_knockout& semi) { return semi.team_a == semi.winne
 
 /// Ends the tournament if the user has asked for it, and clears his request.
 bool quits() { return std::exchange(world_cup.quit_requested, false); }
+
+/// Plays a tie, 1 to 3 of the knock-out. While the user leaves it, it is still to be played: the tables from which it
+/// was entered, before the first tie the list, are shown again, and the list, where he may quit. False if he does.
+bool play_tie(int number, wc_knockout& tie) {
+  world_cup.next_match = number;
+  while (!play_knockout(tie)) {
+    world_cup.next_match = number - 1;
+    if (number > 1) show_tables();
+    show_fixtures();
+    if (quits()) return false;
+    world_cup.next_match = number;
+  }
+  return true;
+}
 
 /// The stages from the first showing of the fixture list on. True if the form is to close: the user has quit.
 bool play_stages() {
@@ -141,36 +162,60 @@ bool play_stages() {
   }
   world_cup.stage = wc_stage::knock_out;
   pair_semifinals();
-  run_semifinal();
-  return false;
+  return !run_semifinal();
 }
 
 }  // namespace
 
-void run_wc_match_a(const entered_side& first, const entered_side& second, const std::string& venue) {
-  run_group_match(world_cup.wc_group_a, first, second, venue);
+bool run_wc_match_a(const entered_side& first, const entered_side& second, const std::string& venue) {
+  return run_group_match(world_cup.wc_group_a, first, second, venue);
 }
 
-void run_wc_match_b(const entered_side& first, const entered_side& second, const std::string& venue) {
-  run_group_match(world_cup.wc_group_b, first, second, venue);
+bool run_wc_match_b(const entered_side& first, const entered_side& second, const std::string& venue) {
+  return run_group_match(world_cup.wc_group_b, first, second, venue);
 }
 
-void run_ss_match(const entered_side& first, const entered_side& second, const std::string& venue) {
-  enter_match(first, second, venue);
+bool run_ss_match(const entered_side& first, const entered_side& second, const std::string& venue) {
+  if (!enter_match(first, second, venue)) return false;
   book_league_match(&world_cup.wc_super_six[1], 6, first.team, second.team);
+  return true;
 }
 
-void run_semifinal() {
-  for (world_cup.next_match = 1; world_cup.next_match <= 2; ++world_cup.next_match) {
-    play_knockout(world_cup.wc_semi[world_cup.next_match]);
+bool run_semifinal() {
+  for (const int number : {1, 2}) {
+    if (!play_tie(number, world_cup.wc_semi[number])) return false;
     show_tables();
   }
-  world_cup.wc_final.team_a = world_cup.wc_semi[1].winner;
-  world_cup.wc_final.human_a = winner_is_human(world_cup.wc_semi[1]);
-  world_cup.wc_final.team_b = world_cup.wc_semi[2].winner;
-  world_cup.wc_final.human_b = winner_is_human(world_cup.wc_semi[2]);
-  play_knockout(world_cup.wc_final);
+  const wc_knockout& semi_1 = world_cup.wc_semi[1];
+  const wc_knockout& semi_2 = world_cup.wc_semi[2];
+  wc_knockout final = {semi_1.winner, semi_2.winner, {}, {}, winner_is_human(semi_1), winner_is_human(semi_2)};
+  if (!play_tie(3, final)) return false;
+  world_cup.wc_final = final;
   show_tables();
+  return true;
+}
+
+void wctable::show_again() {
+  const std::vector<team_entry> now = list_teams();
+  const auto same = [](const team_entry& a, const team_entry& b) { return a.name == b.name; };
+  const bool loaded = !closed && !teams.empty();
+  if (loaded && std::equal(teams.begin(), teams.end(), now.begin(), now.end(), same)) {
+    hidden = false;
+    return;
+  }
+  *this = wctable();
+  open();
+}
+
+bool wctable::ready() const {
+  const auto chosen = [](int index) { return index >= 0; };
+  return std::all_of(combo1.begin(), combo1.end(), chosen) && std::all_of(combo2.begin(), combo2.end(), chosen);
+}
+
+std::vector<std::string> wctable::hosts() const {
+  std::vector<std::string> names;
+  for (const int index : combo3) names.push_back(entry_text(teams, index));
+  return names;
 }
 
 void wctable::open() {
@@ -189,9 +234,7 @@ void wctable::open() {
 
 void wctable::command1_click() {
   reseed();
-  std::vector<std::string> hosts;
-  for (const int index : combo3) hosts.push_back(entry_text(teams, index));
-  world_cup.grounds = list_grounds(hosts);
+  world_cup.grounds = list_grounds(hosts());
   for (std::size_t i = 0; i < 5; ++i) {
     world_cup.chosen_a[i] = entry_text(teams, combo1[i]);
     world_cup.chosen_b[i] = entry_text(teams, combo2[i]);

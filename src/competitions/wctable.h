@@ -24,20 +24,31 @@ struct wctable {
 
   /// Loads the teams and sets the defaults; with fewer than ten teams reports that in a message and closes.
   void open();
+  /// The form is asked for again: where it has stayed loaded it shows the choices made, else, or if the database has
+  /// other teams by now, it opens as at first.
+  void show_again();
+  /// All ten teams are chosen, which "OK" requires.
+  bool ready() const;
+  /// The hosts' names, "" for a box left empty.
+  std::vector<std::string> hosts() const;
   /// "OK": draws the fixtures and plays the stages, with the fixture list and the tables between the matches, to the
-  /// end or until the user quits. Draws and asks as told at the stages. Raises what the matches raise.
+  /// end or until the user quits. A match that the user leaves before it has begun is still to be played: the list is
+  /// shown again, in the knock-out behind the tables. Draws and asks as told at the stages. Raises what the matches
+  /// raise.
   void command1_click();
   /// "Cancel".
   void command2_click() { closed = true; }
 };
 
 /// Plays a match of a group and books it in the cells of the two teams, found by name; of several the last counts.
-void run_wc_match_a(const entered_side& first, const entered_side& second, const std::string& venue);
-void run_wc_match_b(const entered_side& first, const entered_side& second, const std::string& venue);
-/// Plays a match of the Super Six and books it in wc_super_six.
-void run_ss_match(const entered_side& first, const entered_side& second, const std::string& venue);
+/// False, with nothing booked, if the user leaves the match before it has begun.
+bool run_wc_match_a(const entered_side& first, const entered_side& second, const std::string& venue);
+bool run_wc_match_b(const entered_side& first, const entered_side& second, const std::string& venue);
+/// Plays a match of the Super Six and books it in wc_super_six. False likewise.
+bool run_ss_match(const entered_side& first, const entered_side& second, const std::string& venue);
 /// Plays both semi-finals and the final, each on a ground drawn anew, and shows the tables after each.
-void run_semifinal();
+/// False if the user has left one and then quit.
+bool run_semifinal();
 
 /// Fills the groups and draws the twenty group fixtures: venues, then thirty exchanges, then the numbers. Draws, each
 /// exchange after reseeding.

@@ -66,6 +66,11 @@ struct world_cup_record {
 };
 extern world_cup_record world_cup;
 
+/// A sentence that tells that an earlier World Cup of this run stands in the record; "" before the first is drawn.
+std::string standing_cup();
+/// A fresh record, as at the start of the program.
+void start_cup_afresh();
+
 /// A group's table in the order of its places: each team's sums over its five rows.
 league_table5 group_table(const wc_group& group);
 

@@ -61,6 +61,10 @@ void read_eleven(const std::filesystem::path& path, eleven& men) {
   men = std::move(fresh);
 }
 
+void put_men(slot_file& file, const eleven& men) {
+  for (int i = 1; i <= 11; ++i) file.put(i, encoded(men[i]), men[i].name);
+}
+
 /// Renames and tells the cause if that failed, else 0.
 int error_of_rename(const std::filesystem::path& from, const std::filesystem::path& to) {
   return rename_file(from, to) ? 0 : errno;
@@ -93,7 +97,7 @@ void write_eleven(side which, const eleven& men) {
   const folder_lock turn(path);
   const bool spare_is_idle = settle_exchange("The eleven cannot be written") == cut_off::idle_spare;
   slot_file file = slot_file::read(path, eleven_slot);
-  for (int i = 1; i <= 11; ++i) file.put(i, encoded(men[i]), men[i].name);
+  put_men(file, men);
   replace_file(path, file.bytes());
   // It would be in the way of the exchange.
   if (spare_is_idle) ::unlink(spare_file().c_str());
@@ -130,6 +134,35 @@ void swap_elevens(bool again) {
   if (const int cause = error_of_rename(spare_file(), first_file())) {
     if (error_of_rename(second_file(), first_file()) == 0) error_of_rename(spare_file(), second_file());
     raise_file_error(cannot_exchange, cause, spare_file());
+  }
+}
+
+elevens_before::elevens_before() {
+  if (files.elevens_in_memory) return;
+  const std::array<std::filesystem::path, 2> paths = {first_file(), second_file()};
+  for (std::size_t i = 0; i < 2; ++i) {
+    try {
+      const bool there = occupant_of(paths[i]) != occupant::none;
+      files_[i] = file_before{there, slot_file::read(paths[i], eleven_slot).bytes()};
+    } catch (const run_time_error&) {
+      files_[i].reset();
+    }
+  }
+}
+
+void elevens_before::put_back(const std::array<eleven, 2>& written) const {
+  const std::array<std::filesystem::path, 2> paths = {first_file(), second_file()};
+  for (std::size_t i = 0; i < 2; ++i) {
+    if (!files_[i]) continue;
+    const folder_lock turn(paths[i]);
+    slot_file as_written(files_[i]->bytes, eleven_slot, file_name_text(paths[i]));
+    put_men(as_written, written[i]);
+    if (slot_file::read(paths[i], eleven_slot).bytes() != as_written.bytes()) continue;
+    if (files_[i]->there) {
+      replace_file(paths[i], files_[i]->bytes);
+    } else {
+      ::unlink(paths[i].c_str());
+    }
   }
 }
 

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
+#include <optional>
+#include <string>
+
 #include "model/records.h"
 
 namespace velorin {
@@ -22,5 +26,24 @@ void read_elevens();
 /// a killed exchange leaves, is settled by the next write_eleven or swap_elevens. `again`: this exchange has failed
 /// before, and is done where settling it is enough.
 void swap_elevens(bool again = false);
+
+/// The files of the elevens as they stand before a set-up, for a user who leaves it. Nothing is kept while the elevens
+/// travel in memory, where nobody meets them.
+class elevens_before {
+ public:
+  /// Reads both files. One that cannot be read is not put back.
+  elevens_before();
+  /// Puts back what write_eleven has written of these elevens since, the first side's and the second's, without an
+  /// exchange; a file that was not there is taken away. What another program has written since stays. Raises
+  /// run_time_error (file).
+  void put_back(const std::array<eleven, 2>& written) const;
+
+ private:
+  struct file_before {
+    bool there = false;
+    std::string bytes;
+  };
+  std::array<std::optional<file_before>, 2> files_;
+};
 
 }  // namespace velorin

@@ -7,8 +7,10 @@
 #include <utility>
 
 #include "database/configuration.h"
+#include "database/elevens.h"
 #include "database/teams_file.h"
 #include "database/whole_file.h"
+#include "engine/resetmat.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -70,7 +72,8 @@ const squad& chosen_squad(const std::vector<team_entry>& list, int index) {
   return men;
 }
 
-void select_team(int place, const std::vector<team_entry>& list, int index) {
+/// False if the user leaves the match, in the selection or behind it.
+bool select_team(int place, const std::vector<team_entry>& list, int index) {
   const std::string name = entry_text(list, index);
   (place == 0 ? match.team1_name : match.team2_name) = name;
   match.squads[place] = chosen_squad(list, index);
@@ -78,6 +81,7 @@ void select_team(int place, const std::vector<team_entry>& list, int index) {
   teamsel form;
   form.open(name, match.squads[place]);
   user().show(form);
+  return !form.left;
 }
 
 }  // namespace
@@ -167,11 +171,15 @@ void teamfrm::command1_click() {
     take_ground(combo3_text());
     match.computer_bats = option1_cpu;
     match.computer_bowls = option3_cpu;
+    const elevens_before elevens;
     wecond conditions;
     conditions.open();
     user().show(conditions);
-    select_team(0, combo1, combo1_index);
-    select_team(1, combo1, combo2_index);
+    left = conditions.left || !select_team(0, combo1, combo1_index) || !select_team(1, combo1, combo2_index);
+    if (left) {
+      elevens.put_back(match.selected);
+      reset_match();
+    }
   } catch (...) {
     visible = true;
     throw;

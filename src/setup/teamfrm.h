@@ -25,6 +25,7 @@ struct teamfrm {
   bool option1_cpu = true;          ///< the computer captains the first team
   bool option3_cpu = true;          ///< the computer captains the second team
   bool visible = false;
+  bool left = false;  ///< the user has left the match at a step of the set-up
 
   /// Loads the teams and preselects the second, the third and, of their grounds, the second. Reads the files; sets
   /// match.team_list and team_count. Raises what reading the teams and grounds raises.
@@ -43,8 +44,11 @@ struct teamfrm {
   /// run_time_error (subscript) for a team that is not in the list.
   void enter(const std::string& first, const std::string& second, const std::string& ground);
 
-  /// "OK": conditions, both selections, toss and match, one within the other. Returns when the match is over. Requires
-  /// both teams chosen. Changes the match; draws and asks what each step does. Raises run_time_error: no team chosen or
+  /// "OK" does something: both teams and a ground are chosen.
+  bool ready() const { return combo1_index >= 0 && combo2_index >= 0 && combo3_index >= 0; }
+  /// "OK": conditions, both selections, toss and match, one within the other. Returns when the match is over, or left
+  /// at one of these steps: nothing of it is kept then, in match and in the files of the elevens. Requires both teams
+  /// chosen. Changes the match; draws and asks what each step does. Raises run_time_error: no team chosen or
   /// the twentieth team (subscript), a rating that is no number (type), and whatever a step raises; the form is visible
   /// again then.
   void command1_click();

@@ -78,7 +78,7 @@ void teamsel::command2_click() {
   if (ticked() != 11) return;
   match.first_team_done = false;
   confirm(1);
-  toss_and_play();
+  left = !toss_and_play();
 }
 
 void teamsel::ok_click() { match.first_team_done ? command2_click() : command1_click(); }

@@ -12,6 +12,7 @@ namespace velorin {
 struct teamsel {
   std::array<bool, 21> check1{};  ///< [1..20] ticked
   bool closed = false;
+  bool left = false;  ///< the user has left the match, here or at the toss
 
   /// Shows a squad, nothing ticked. The squad must outlive the form.
   void open(const std::string& team, const squad& men);
@@ -41,10 +42,13 @@ struct teamsel {
   /// "OK" of the first team; it is shown while match.first_team_done is clear. Nothing happens unless exactly eleven
   /// are ticked. Writes the eleven and closes the form. Asks and raises what save_selected does.
   void command1_click();
-  /// "OK" of the second team: likewise, then goes on with the toss and the match, and returns when it is over.
+  /// "OK" of the second team: likewise, then goes on with the toss and the match, and returns when it is over, or
+  /// left at the toss.
   void command2_click();
   /// The OK that is shown.
   void ok_click();
+  /// The user leaves the match: the form closes, and the set-up is undone.
+  void leave() { left = closed = true; }
 
   /// What the last Auto Select ranked best: places of the four best bowlers, and of the man ticked as the bowler who
   /// can bat (0 for none).

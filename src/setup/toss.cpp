@@ -26,10 +26,11 @@ void toss_unattended() {
   }
 }
 
-void hold_toss() {
+/// False if the user leaves the match.
+bool hold_toss() {
   if (!match.human_involved()) {
     toss_unattended();
-    return;
+    return true;
   }
   toss form;
   if (match.computer_bats) {
@@ -41,6 +42,7 @@ void hold_toss() {
     form.open();
   }
   user().show(form);
+  return !form.left;
 }
 
 }  // namespace
@@ -96,8 +98,8 @@ void swap_teams() {
   std::swap(match.computer_bats, match.computer_bowls);
 }
 
-void toss_and_play() {
-  hold_toss();
+bool toss_and_play() {
+  if (!hold_toss()) return false;
   take_elevens();
   open_console();
   if (match.console_open && match.human_involved()) {
@@ -105,6 +107,7 @@ void toss_and_play() {
     user().show(console);
   }
   match.console_open = false;
+  return true;
 }
 
 }  // namespace velorin

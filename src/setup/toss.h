@@ -14,6 +14,7 @@ struct toss {
   bool command2_enabled = true;  ///< "Bat"
   bool command3_enabled = true;  ///< "Bowl"
   bool closed = false;
+  bool left = false;  ///< the user has left the match here
 
   /// The first team is to call. Reads the team names.
   void open();
@@ -27,14 +28,16 @@ struct toss {
   void command2_click();
   /// "Bowl": the team on the other line bats first.
   void command3_click();
+  /// The user leaves the match: the form closes, and the set-up is undone.
+  void leave() { left = closed = true; }
 };
 
 /// Makes the first team the second: elevens, names, captains. Asks and raises what exchange_elevens does.
 void swap_teams();
 
 /// The toss by the captains that the two teams have, then the elevens and the match. Requires both selections. Returns
-/// when the match is over. Draws the toss; asks for its message and screen where a human is involved, then shows the
-/// console.
-void toss_and_play();
+/// when the match is over. False if the user leaves it at the toss: no eleven is loaded then and no console opened.
+/// Draws the toss; asks for its message and screen where a human is involved, then shows the console.
+bool toss_and_play();
 
 }  // namespace velorin

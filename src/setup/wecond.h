@@ -17,6 +17,7 @@ struct wecond {
   int hscroll3 = 1;  ///< pitch bounce, 1 to 4
   int hscroll4 = 1;  ///< outfield, 1 to 4
   bool closed = false;
+  bool left = false;  ///< the user has left the match here
 
   /// Sets the sliders. Reads match.ground. Draws weather and outfield, each after reseeding, then temperature and
   /// humidity. Raises run_time_error (type) for a pitch figure outside 1 to 4.
@@ -34,6 +35,8 @@ struct wecond {
 
   /// "OK": the sliders become the conditions of the match.
   void command1_click();
+  /// The user leaves the match: the form closes, and the set-up is undone.
+  void leave() { left = closed = true; }
 
  private:
   std::array<int, 4> drawn_ = {1, 1, 1, 1};  // the sliders as the words were written

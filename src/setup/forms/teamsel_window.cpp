@@ -12,6 +12,7 @@
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "model/teams.h"
+#include "setup/forms/leaving.h"
 #include "setup/teamsel.h"
 
 namespace velorin {
@@ -53,6 +54,7 @@ TeamselWindow::TeamselWindow(teamsel& form, QWidget* parent)
   body()->addStretch();
   add_acts();
   show_ticks();
+  let_leave(*this, form_);
 }
 
 void TeamselWindow::add_row(BandedGrid& grid, int place) {

@@ -13,6 +13,7 @@
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
+#include "setup/forms/leaving.h"
 #include "setup/toss.h"
 
 namespace velorin {
@@ -81,6 +82,7 @@ TossWindow::TossWindow(toss& form, QWidget* parent)
   bat_ = add_choice("Command2", "Bat", u'B', [this] { form_.command2_click(); });
   bowl_ = add_choice("Command3", "Bowl", u'w', [this] { form_.command3_click(); });
   show_stage();
+  let_leave(*this, form_);
 }
 
 QPushButton* TossWindow::add_choice(const char* name, const char* caption, char16_t mnemonic,

@@ -11,6 +11,7 @@
 #include "desktop/controls.h"
 #include "desktop/level_slider.h"
 #include "desktop/shown_text.h"
+#include "setup/forms/leaving.h"
 #include "setup/wecond.h"
 
 namespace velorin {
@@ -89,6 +90,7 @@ WecondWindow::WecondWindow(wecond& form, QWidget* parent)
     form_.command1_click();
     if (form_.closed) accept();
   });
+  let_leave(*this, form_);
 }
 
 }  // namespace velorin

@@ -14,6 +14,7 @@
 #include "engine/driver.h"
 #include "model/random.h"
 #include "model/teams.h"
+#include "setup/forms/check_leaving.h"
 #include "setup/teamsel.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
@@ -218,11 +219,9 @@ TEST_F(TeamselWindowTest, TheAveragesAreAskedFor) {
   EXPECT_TRUE(window.isVisible());
 }
 
-TEST_F(TeamselWindowTest, EscapeLeavesItOpen) {
+TEST_F(TeamselWindowTest, EscapeAndTheCloseBoxAskBeforeTheyLeave) {
   TeamselWindow window(form_);
-  window.show();
-  window.reject();
-  EXPECT_TRUE(window.isVisible());
+  check_leaving(window, form_);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "model/teams.h"
+#include "setup/forms/check_leaving.h"
 #include "setup/toss.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
@@ -122,14 +123,10 @@ TEST_F(TossWindowTest, AComputersTossOpensOnTheDecision) {
   check_window_at_sizes(window);
 }
 
-TEST_F(TossWindowTest, EscapeAndTheCloseBoxLeaveItOpen) {
+TEST_F(TossWindowTest, EscapeAndTheCloseBoxAskBeforeTheyLeave) {
   form_.open();
   TossWindow window(form_);
-  window.show();
-  window.reject();
-  window.close();
-  EXPECT_TRUE(window.isVisible());
-  EXPECT_FALSE(form_.closed);
+  check_leaving(window, form_);
 }
 
 }  // namespace

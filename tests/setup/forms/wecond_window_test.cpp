@@ -9,6 +9,7 @@
 
 #include "model/random.h"
 #include "model/teams.h"
+#include "setup/forms/check_leaving.h"
 #include "setup/wecond.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
@@ -63,13 +64,9 @@ TEST_F(WecondWindowTest, TheSkyIsPaintedForTheSliderAsItStands) {
   EXPECT_LT(sky->grab().toImage().pixelColor(5, 0).lightness(), 4);
 }
 
-TEST_F(WecondWindowTest, EscapeAndTheCloseBoxLeaveItOpen) {
+TEST_F(WecondWindowTest, EscapeAndTheCloseBoxAskBeforeTheyLeave) {
   WecondWindow window(form);
-  window.show();
-  window.reject();
-  window.close();
-  EXPECT_TRUE(window.isVisible());
-  EXPECT_FALSE(form.closed);
+  check_leaving(window, form);
 }
 
 }  // namespace

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/question.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "desktop/controls.h"
+#include "desktop/program_end.h"
+
+namespace velorin {
+
+QuestionWindow::QuestionWindow(const QString& name, const QString& title, const QString& text, QWidget* parent)
+    : Form(name, Dismissal::closes, parent) {
+  set_title(title, {});
+  setAccessibleDescription(text);
+  body()->addWidget(new_named_label(QStringLiteral("title"), title, TextRole::heading));
+  auto* words = new_named_label(QStringLiteral("text"), text);
+  words->setWordWrap(true);
+  words->setMinimumWidth(360);
+  body()->addWidget(words);
+  body()->addStretch(1);
+  add_button(QStringLiteral("Yes"), {.caption = QStringLiteral("Yes"), .mnemonic = u'Y'}, [this] { accept(); });
+  add_default_button(QStringLiteral("No"), {.caption = QStringLiteral("No"), .mnemonic = u'N'}, [this] {
+    reject();
+  })->setFocus();
+}
+
+bool ask(QWidget& window, const QString& name, const QString& title, const QString& text) {
+  QuestionWindow question(name, title, text, &window);
+  run_modal(question);
+  return question.result() == QDialog::Accepted;
+}
+
+}  // namespace velorin
