@@ -117,6 +117,7 @@ void ClickingUser::answer_competitions() {
   for (const char* name : {"sri_result", "triserresult", "wc_fix", "wcsstab", "Sqdet", "allrecs"}) {
     robot.always(name, [this](QWidget& window) { press_ok(window, "Command1"); });
   }
+  robot.always("quit_question", pressing("Yes"));
   // Windows that only show how far play has come, and close themselves.
   for (const char* name : {"Progressbar", "unstopped"}) robot.always(name, [](QWidget&) {});
 }

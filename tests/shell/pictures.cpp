@@ -97,6 +97,7 @@ void picture_world_cup(OpeningWindow& menu) {
   user.robot.always("wc_fix", [&](QWidget& window) {
     ++lists;
     if (lists == 14) take(window, "world-cup-fixtures", false);
+    if (lists == 28) user.robot.next("quit_question", pressing("Yes"));
     press(window, lists == 28 ? "Command3" : "Command1");
   });
   open(menu, "Label1", "Label11");

@@ -18,6 +18,13 @@ void press(const QWidget& window, const char* name) {
   if (button->isVisible() && button->isEnabled()) button->click();
 }
 
+void press_and_answer(QWidget& window, const char* name, const char* question, const char* answer) {
+  Robot robot;
+  robot.next(question, pressing(answer));
+  press(window, name);
+  EXPECT_EQ(robot.left(), 0) << question << " was not asked";
+}
+
 Robot::Robot() { look_soon(); }
 
 Robot::~Robot() = default;

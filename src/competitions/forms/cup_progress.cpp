@@ -43,10 +43,14 @@ QString cup_progress() {
   return {};
 }
 
+bool has_super_six() { return world_cup.stage >= wc_stage::super_six_draw; }
+
 fixture_captains captains_of(const wc_fixture& fixture) {
   const auto at = [](integer place) { return static_cast<std::size_t>(int(place)); };
   if (fixture.team_a.empty()) return {};
   if (fixture.stage == "SS") {
+    // Before this tournament's draw those of an earlier one stand there.
+    if (!has_super_six()) return {};
     return {world_cup.wc_ss_human[at(fixture.index_a)], world_cup.wc_ss_human[at(fixture.index_b) + 3]};
   }
   const std::array<bool, 5>& human = fixture.stage == "A" ? world_cup.human_a : world_cup.human_b;

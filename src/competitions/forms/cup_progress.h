@@ -12,6 +12,9 @@ namespace velorin {
 /// under way.
 QString cup_progress();
 
+/// The Super Six in the record is that of the tournament under way, and not what an earlier one has left.
+bool has_super_six();
+
 /// Whether the user captains the two sides of a fixture.
 struct fixture_captains {
   bool human_a = false;

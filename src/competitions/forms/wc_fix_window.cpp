@@ -14,6 +14,7 @@
 #include "competitions/wc_fix.h"
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
+#include "desktop/question.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 
@@ -108,6 +109,10 @@ WcFixWindow::WcFixWindow(wc_fix& form, QWidget* parent)
   list_->viewport()->installEventFilter(this);
 
   add_button(QStringLiteral("Command3"), {.caption = QStringLiteral("Quit World Cup"), .mnemonic = u'Q'}, [this] {
+    if (!ask(*this, QStringLiteral("quit_question"), QStringLiteral("Quit World Cup"),
+             QStringLiteral("End the World Cup? What is still to be played is lost."))) {
+      return;
+    }
     form_.command3_click();
     if (form_.closed) accept();
   });

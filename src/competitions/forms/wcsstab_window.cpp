@@ -35,7 +35,9 @@ QLayout* new_table(const QString& name, const char* heading, const std::vector<l
   return column;
 }
 
-bool human_in_any(const std::string& team) { return human_in_group_a(team) || human_in_group_b(team); }
+bool human_in_any(const std::string& team) {
+  return has_super_six() && (human_in_group_a(team) || human_in_group_b(team));
+}
 
 }  // namespace
 

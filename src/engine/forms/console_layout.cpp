@@ -221,10 +221,12 @@ void ConsoleWindow::add_foot() {
                        {.caption = QStringLiteral("Quit"),
                         .mnemonic = QChar(),
                         .key = QKeySequence(Qt::CTRL | Qt::Key_Q),
-                        .hint = QStringLiteral("End the program at once; the match is lost")},
-                       [this] {
-                         if (!playing_) end_program(0);
-                       }));
+                        .hint = QStringLiteral("End the program; the match is lost")},
+                       [this] { ask_to_quit(); }));
+  // Quit stands apart, so that a press beside a report does not hit it.
+  auto* apart = new QWidget;
+  apart->setFixedWidth(40);
+  add_aside(apart);
   struct Report {
     const char* name;
     const char* caption;

@@ -6,7 +6,6 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTimer>
@@ -17,6 +16,7 @@
 
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
+#include "desktop/question.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 #include "engine/driver.h"
@@ -170,16 +170,14 @@ void ConsoleWindow::closeEvent(QCloseEvent* event) {
     return;
   }
   event->ignore();
+  guarded([this] { ask_to_quit(); });
+}
+
+void ConsoleWindow::ask_to_quit() {
   if (playing_) return;
-  guarded([this] {
-    QMessageBox question(QMessageBox::Question, QStringLiteral("Quit"),
-                         QStringLiteral("End the program? The match is lost."), QMessageBox::Yes | QMessageBox::No,
-                         this);
-    question.setObjectName(QStringLiteral("quit_question"));
-    question.setDefaultButton(QMessageBox::No);
-    run_modal(question);
-    if (question.result() == QMessageBox::Yes) end_program(0);
-  });
+  const bool yes = ask(*this, QStringLiteral("quit_question"), QStringLiteral("Quit"),
+                       QStringLiteral("End the program? The match is lost."));
+  if (yes) end_program(0);
 }
 
 void ConsoleWindow::resizeEvent(QResizeEvent* event) {

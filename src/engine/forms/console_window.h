@@ -63,6 +63,7 @@ class ConsoleWindow : public Form {
   void refresh_bowlers();
   void choose_pace(Pace pace);
   void wait(int milliseconds);
+  void ask_to_quit();
   bool belongs_to_pace(const QObject* watched) const;
 
   main_console& form_;

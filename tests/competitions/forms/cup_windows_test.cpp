@@ -42,7 +42,11 @@ class CupWindows : public CupTest {
     if (in_detail) check_window_at_sizes(window);
     check_rows(window, form);
     const bool quits = static_cast<int>(lists_.size()) == quit_at;
-    press(window, quits ? "Command3" : "Command1");
+    if (quits) {
+      press_and_answer(window, "Command3", "quit_question", "Yes");
+    } else {
+      press(window, "Command1");
+    }
     EXPECT_TRUE(form.closed);
     EXPECT_EQ(world_cup.quit_requested, quits);
     EXPECT_FALSE(window.isVisible());
@@ -150,7 +154,11 @@ TEST_F(CupWindows, OpenTheTablesOverTheList) {
     press(window, "Command2");
     EXPECT_TRUE(window.isVisible());
     EXPECT_FALSE(form.closed);
-    press(window, "Command3");
+    press_and_answer(window, "Command3", "quit_question", "No");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(form.closed) << "the question comes first";
+    press_and_answer(window, "Command3", "quit_question", "Yes");
+    EXPECT_TRUE(form.closed);
   };
   form_.command1_click();
   EXPECT_THAT(tables_, ElementsAre("Group matches: 0 of 20 played"));
@@ -249,6 +257,39 @@ TEST_F(CupWindows, TheListNamesHumanSides) {
     human += is_human(team_a) || is_human(team_b) ? 1 : 0;
   }
   EXPECT_GT(human, 0);
+}
+
+TEST_F(CupWindows, WhatAnEarlierCupHasLeftNamesNoHumanSides) {
+  choose_groups();
+  world_cup.human_a = world_cup.human_b = {true, true, true, true, true};
+  draw_group_fixtures();
+  for (int place = 1; place <= 6; ++place) {
+    const auto at = static_cast<std::size_t>(place);
+    world_cup.wc_super_six[at].team = cup_group_a[at % 5];
+    world_cup.wc_ss_human[at] = true;
+  }
+  draw_super_six_fixtures();
+  wc_fix list;
+  list.open();
+  list.vscroll_change(20);
+  const auto named = [&](wc_stage stage, std::size_t row) {
+    world_cup.stage = stage;
+    WcFixWindow window(list);
+    const Table& table = control<TableView>(window, "fixtures")->table();
+    return table.rows[row].cells[column(table, "Captain of Team A")].text;
+  };
+  EXPECT_EQ(named(wc_stage::group_matches, 0), "Human") << "the last group match";
+  EXPECT_EQ(named(wc_stage::group_matches, 1), "") << "the Super Six of the cup before";
+  EXPECT_EQ(named(wc_stage::super_six_draw, 1), "Human") << "that of this one";
+  const auto has_captains = [](wc_stage stage) {
+    world_cup.stage = stage;
+    wcsstab form;
+    form.open();
+    WcsstabWindow window(form);
+    return control<TableView>(window, "super_six")->table().columns.size() == 8;
+  };
+  EXPECT_FALSE(has_captains(wc_stage::group_matches));
+  EXPECT_TRUE(has_captains(wc_stage::super_six_matches));
 }
 
 TEST_F(CupWindows, TheTablesNameHumanSides) {
@@ -363,7 +404,7 @@ TEST_F(CupWindows, TheListOfTheSuperSixNamesHumanSides) {
       EXPECT_EQ(row.cells[column(table, "Captain of Team A")].text, human ? "Human" : "") << team.toStdString();
       captains.push_back(row.cells[0].text.left(5).toStdString());
     }
-    press(window, "Command3");
+    press_and_answer(window, "Command3", "quit_question", "Yes");
   });
   form_.command1_click();
   EXPECT_THAT(captains, Contains("Gr SS").Times(9));

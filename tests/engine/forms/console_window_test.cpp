@@ -394,21 +394,30 @@ TEST_F(ConsoleWindowTest, TheLastBallClosesTheConsole) {
 TEST_F(ConsoleWindowTest, TheCloseBoxAsksFirst) {
   ConsoleWindow& window = open(false, true);
   Robot robot;
-  robot.next("quit_question", [](QWidget& question) {
-    auto* dialog = qobject_cast<QDialog*>(&question);
-    dialog->reject();
-  });
+  robot.next("quit_question", pressing("No"));
   window.close();
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(program_is_ending());
   EXPECT_EQ(robot.left(), 0);
 }
 
-TEST_F(ConsoleWindowTest, QuitEndsTheProgram) {
+TEST_F(ConsoleWindowTest, QuitAsksAndEndsTheProgram) {
   ConsoleWindow& window = open(false, true);
-  press(window, "Command12");
+  press_and_answer(window, "Command12", "quit_question", "No");
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(program_is_ending());
+  press_and_answer(window, "Command12", "quit_question", "Yes");
   EXPECT_TRUE(program_is_ending());
   begin_again();
+}
+
+TEST_F(ConsoleWindowTest, QuitStandsApartFromTheReports) {
+  ConsoleWindow& window = open(false, true);
+  const QRect quit = control<QPushButton>(window, "Command12")->geometry();
+  for (const char* report : {"Command2", "Command6", "Command11", "Command3"}) {
+    const QRect other = control<QPushButton>(window, report)->geometry();
+    EXPECT_GE(other.left() - quit.right(), 40) << report;
+  }
 }
 
 }  // namespace
