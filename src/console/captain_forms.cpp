@@ -2,6 +2,7 @@
 #include "console/captain_forms.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include <fmt/format.h>
@@ -54,6 +55,18 @@ std::string chgbowler::label2(int row) const { return number_text(match.bowling_
 
 void chgbowler::option1_click(int row) {
   if (enabled[row]) chosen = row;
+}
+
+int chgbowler::best_row() const {
+  const auto key = [](int row) {
+    const player_rec& man = match.bowling_xi[row];
+    return std::tuple(match.bowling_card[row].balls > 59, float(man.bowl_sr), float(man.econ));
+  };
+  int best = 0;
+  for (int row = 1; row <= 11; ++row) {
+    if (enabled[row] && (best == 0 || key(row) < key(best))) best = row;
+  }
+  return best;
 }
 
 void chgbowler::command_click() {

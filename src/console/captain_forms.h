@@ -39,13 +39,14 @@ struct batorder {
 
 /// Picks a bowler. One of the three OK buttons is visible.
 struct chgbowler {
-  enum class use { change, first_opener, second_opener };
+  /// `quota` is a change, too: the bowler has bowled his overs, and another man is needed.
+  enum class use { change, first_opener, second_opener, quota };
 
   static constexpr std::string_view label1_heading = "Skill";
   static constexpr std::string_view label2_heading = "R.P.O";
 
   std::string title;
-  use shown_for = use::change;     ///< decides which OK button is visible: Command1, Command2 or Command3
+  use shown_for = use::change;     ///< decides which OK button is visible: Command1 (also for quota), 2 or 3
   std::array<bool, 12> enabled{};  ///< [1..11]
   int chosen = 0;                  ///< starts at the current bowler
   bool closed = false;
@@ -56,6 +57,9 @@ struct chgbowler {
   std::string label1(int row) const;   ///< under "Skill": 100 less the strike rate, rounded
   std::string label2(int row) const;   ///< under "R.P.O": the economy rate
   void option1_click(int row);
+  /// The row of the best man who can be chosen and has overs left: of most skill, of these of the least runs an over,
+  /// of these the first. Where nobody has, of those who can be chosen; 0 for none.
+  int best_row() const;
   /// The visible OK: writes the chosen position, 0 for none, to bowler (change, first opener) or next_bowler.
   void command_click();
 };

@@ -213,7 +213,7 @@ void enforce_quota() {
     user().show(message_box{
         "Full Quota Bowled",
         match.bowling_xi[match.bowler].name + " has bowled his full quota of 10 overs.Please select a new bowler"});
-    chgbowler form(chgbowler::use::change, "Change Bowler");
+    chgbowler form(chgbowler::use::quota, "Change Bowler");
     user().show(form);
     require_position(match.bowler, "bowler");
   }

@@ -139,5 +139,39 @@ TEST_F(Chgbowler, TheSecondOpenerLeftAloneIsTheFirst) {
   EXPECT_EQ(match.next_bowler, 8);
 }
 
+TEST_F(Chgbowler, TheBestRowIsTheMostSkilledManWithOversLeft) {
+  for (int row = 1; row <= 11; ++row) match.bowling_xi[row].bowl_sr = 50;
+  match.bowling_xi[3].bowl_sr = 30;
+  match.bowling_xi[5].bowl_sr = 31;
+  match.bowling_xi[5].econ = 5;
+  match.bowling_xi[6].bowl_sr = 31;
+  match.bowling_xi[6].econ = 4;
+  match.bowling_xi[10].bowl_sr = 31;
+  match.bowling_xi[10].econ = 4;
+  match.bowling_xi[7].is_keeper = flag_true;
+  match.bowling_xi[7].bowl_sr = 20;
+  match.bowling_xi[9].bowl_sr = 21;
+  match.bowler = 8;
+  match.next_bowler = 9;
+  EXPECT_EQ(chgbowler(use::quota, "Change Bowler").best_row(), 3);
+  match.bowling_card[3].balls = 60;
+  EXPECT_EQ(chgbowler(use::quota, "Change Bowler").best_row(), 6) << "fewer runs an over, then the first";
+  for (int row = 1; row <= 11; ++row) match.bowling_card[row].balls = 60;
+  EXPECT_EQ(chgbowler(use::quota, "Change Bowler").best_row(), 3) << "nobody has overs left";
+  for (int row = 1; row <= 11; ++row) match.bowling_xi[row].is_keeper = flag_true;
+  EXPECT_EQ(chgbowler(use::quota, "Change Bowler").best_row(), 0);
+}
+
+TEST_F(Chgbowler, AQuotaIsAChangeOfTheBowler) {
+  match.bowler = 8;
+  match.next_bowler = 9;
+  chgbowler form(use::quota, "Change Bowler");
+  EXPECT_EQ(form.chosen, 8);
+  form.option1_click(10);
+  form.command_click();
+  EXPECT_EQ(match.bowler, 10);
+  EXPECT_EQ(match.next_bowler, 9);
+}
+
 }  // namespace
 }  // namespace velorin::testing

@@ -32,6 +32,7 @@ class Requests : public match_test {
   void choose(int row) {
     user.on_chgbowler.emplace_back([row](chgbowler& form) {
       EXPECT_EQ(form.title, "Change Bowler");
+      EXPECT_EQ(form.shown_for, chgbowler::use::quota);
       form.option1_click(row);
       form.command_click();
     });

@@ -48,7 +48,10 @@ ChgbowlerWindow::ChgbowlerWindow(chgbowler& form, QWidget* parent)
     show_choice();
   });
   add_acts();
-  men_->choose(form_.chosen);
+  // A bowler who has bowled his overs does not start chosen: Return would only bring him back.
+  if (form_.shown_for != chgbowler::use::quota) men_->choose(form_.chosen);
+  const int best = form_.best_row();
+  if (best > 0 && !men_->has_choice()) men_->focus_on(best);
   show_choice();
 }
 
@@ -69,11 +72,12 @@ void ChgbowlerWindow::add_acts() {
     form_.command_click();
     if (form_.closed) accept();
   };
-  const chgbowler::use uses[] = {chgbowler::use::change, chgbowler::use::first_opener, chgbowler::use::second_opener};
+  using use = chgbowler::use;
+  const use wanted = form_.shown_for == use::quota ? use::change : form_.shown_for;
   int number = 0;
-  for (const chgbowler::use use : uses) {
+  for (const use shown : {use::change, use::first_opener, use::second_opener}) {
     const QString name = QStringLiteral("Command%1").arg(++number);
-    if (use == form_.shown_for) {
+    if (shown == wanted) {
       ok_ = add_default_button(name, act, confirm);
     } else {
       add_button(name, act, confirm)->hide();

@@ -49,6 +49,8 @@ void ManList::choose(int row) {
   if (wanted != nullptr) wanted->setFocus();
 }
 
+void ManList::focus_on(int row) { options_[static_cast<std::size_t>(row)]->setFocus(); }
+
 bool ManList::has_choice() const {
   const QAbstractButton* chosen = group_->checkedButton();
   return chosen != nullptr && chosen->isEnabled();

@@ -32,6 +32,8 @@ class ManList : public BandedGrid {
   /// Chooses a row, also one that is not enabled, and puts the keyboard on the row or, failing that, on the first one
   /// that can be chosen.
   void choose(int row);
+  /// Puts the keyboard on a row that can be chosen, and leaves the choice as it is.
+  void focus_on(int row);
   bool has_choice() const;
   /// What choosing a row does.
   void on_chosen(std::function<void(int row)> act) { chosen_ = std::move(act); }

@@ -118,7 +118,7 @@ TEST_F(ChgbowlerWindowTest, TheFirstOpenerMustBeChosen) {
   ChgbowlerWindow window(form);
   window.show();
   EXPECT_FALSE(ok_enabled(window, "Command2"));
-  EXPECT_EQ(window.focusWidget()->objectName(), "Option1_1");
+  EXPECT_EQ(window.focusWidget(), option(window, form.best_row()));
   window.reject();
   EXPECT_TRUE(window.isVisible());
   option(window, 8)->click();
@@ -140,6 +140,8 @@ TEST_F(ChgbowlerWindowTest, TheSecondOpenerMustBeAnotherMan) {
   EXPECT_FALSE(option(window, 8)->isEnabled());
   EXPECT_EQ(text(window, "note", 8), "Bowls at the other end");
   EXPECT_FALSE(ok_enabled(window, "Command3"));
+  EXPECT_EQ(window.focusWidget(), option(window, form.best_row()));
+  EXPECT_TRUE(window.focusWidget()->isEnabled());
   QTest::keyClick(&window, Qt::Key_Return);
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(form.closed);
@@ -159,6 +161,30 @@ TEST_F(ChgbowlerWindowTest, AManWithHisQuotaCanBeChosen) {
   option(window, 6)->click();
   press(window, "Command1");
   EXPECT_EQ(match.bowler, 6);
+}
+
+TEST_F(ChgbowlerWindowTest, AQuotaNeedsAManWhoIsChosenHimself) {
+  in_play();
+  match.bowling_card[8].balls = 60;
+  match.bowling_xi[11].bowl_sr = 25;
+  match.bowling_xi[8].bowl_sr = 20;
+  chgbowler form(chgbowler::use::quota, "Change Bowler");
+  ChgbowlerWindow window(form);
+  window.show();
+  take_picture(window, "chgbowler_quota");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.focusWidget(), option(window, 11)) << "the best of those with overs left";
+  EXPECT_FALSE(ok_enabled(window, "Command1"));
+  EXPECT_FALSE(control<QPushButton>(window, "Command2")->isVisible());
+  for (int time = 0; time < 3; ++time) QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+  window.reject();
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(form.closed);
+  QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+  EXPECT_TRUE(ok_enabled(window, "Command1"));
+  QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(match.bowler, 11);
 }
 
 TEST_F(ChgbowlerWindowTest, ASideOfKeepersIsNotStuck) {
