@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/worms.h"
 
+#include <algorithm>
+
 #include "model/booking.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -22,7 +24,30 @@ std::vector<worm_point> points_of(const worm_line& line) {
   return points;
 }
 
+/// The last row that the match in play has written in this line, 0 for none.
+int last_row_of_match(const worm_line& line) {
+  // Of two lines of one name the first is written.
+  if (&line != &match.worm[0] && line.team == match.worm[0].team) return 0;
+  const bool bats = line.team == match.team1_name && match.ball_commentary.size() > 0;
+  const bool has_batted = line.team == match.team2_name && match.first_total != 0;
+  return std::max(bats ? match.innings_balls / 6 + 1 : 0, has_batted ? match.first_balls / 6 + 1 : 0);
+}
+
+std::vector<worm_point> points_of_match(const worm_line& line) {
+  std::vector<worm_point> points = points_of(line);
+  const int last = last_row_of_match(line);
+  std::erase_if(points, [last](const worm_point& point) { return point.row > last; });
+  return points;
+}
+
 }  // namespace
+
+std::string standing_worms() {
+  if (!match.loaded) return {};
+  return "The Score Comparison Graph stays with " + match.worm[0].team + " and " + match.worm[1].team + ".";
+}
+
+void start_worms_afresh() { static_cast<match_worms&>(match) = {}; }
 
 void load_worms() {
   if (match.loaded) return;
@@ -67,6 +92,13 @@ void worms::open() {
   label3 = score_text(match.worm[0]);
   label4 = score_text(match.worm[1]);
   series = {points_of(match.worm[0]), points_of(match.worm[1])};
+  of_match = {points_of_match(match.worm[0]), points_of_match(match.worm[1])};
+  has_old_rows_ = false;
+  for (const std::size_t i : {0U, 1U}) {
+    const std::string& name = match.worm[i].team;
+    const bool plays = name == match.team1_name || name == match.team2_name;
+    has_old_rows_ |= !plays || of_match[i].size() < series[i].size();
+  }
 }
 
 }  // namespace velorin

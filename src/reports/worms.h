@@ -14,6 +14,11 @@ namespace velorin {
 /// run of the program does anything. Reads and writes match.
 void load_worms();
 
+/// A sentence that tells whose names the lines bear; "" while they have none.
+std::string standing_worms();
+/// Lines without names and rows, as at the start of the program. Writes match.
+void start_worms_afresh();
+
 /// Books the present score in the line of the batting side: the row of the over in progress, and the score beside its
 /// name. Loads the lines if need be. Nothing happens for a side that has none. Called after every ball. Reads and
 /// writes match.
@@ -36,9 +41,17 @@ struct worms {
   std::string label3;                             ///< score of the first line as last written, "" before
   std::string label4;                             ///< score of the second line, likewise
   std::array<std::vector<worm_point>, 2> series;  ///< the rows written so far, by rows
+  /// Those of them that the match in play has written; rows of an earlier match may stand behind them.
+  std::array<std::vector<worm_point>, 2> of_match;
+
+  /// A line holds rows that are not of this match, or is called after a side that does not play in it.
+  bool has_old_rows() const { return has_old_rows_; }
 
   /// Fills the window afresh, and loads the lines if need be. Reads match, may write match.worm.
   void open();
+
+ private:
+  bool has_old_rows_ = false;
 };
 
 }  // namespace velorin

@@ -122,6 +122,49 @@ TEST_F(worms_test, a_name_that_recurs_is_written_over_its_old_line) {
   expect_points(window.series[1], {});
 }
 
+TEST_F(worms_test, the_rows_of_an_earlier_match_are_told_apart) {
+  start_match("South Isles", "Northland");
+  match.ball_commentary.add_ball({});
+  feed(1, 4, 0);
+  feed(300, 250, 6);
+  worms form = opened<worms>();
+  expect_points(form.of_match[0], form.series[0]);
+  EXPECT_FALSE(form.has_old_rows());
+
+  start_match("South Isles", "Eastmark");
+  form = opened<worms>();
+  expect_points(form.of_match[0], {});
+  EXPECT_TRUE(form.has_old_rows());
+  match.ball_commentary.add_ball({});
+  feed(2, 9, 0);
+  form = opened<worms>();
+  expect_points(form.series[0], {{1, 9}, {51, 250}});
+  expect_points(form.of_match[0], {{1, 9}});
+  expect_points(form.of_match[1], {});
+
+  std::swap(match.team1_name, match.team2_name);
+  match.first_balls = 2;
+  match.first_total = 9;
+  match.innings_balls = 0;
+  match.ball_commentary.clear();
+  form = opened<worms>();
+  expect_points(form.of_match[0], {{1, 9}});
+}
+
+TEST_F(worms_test, lines_started_afresh_are_those_of_a_new_start) {
+  EXPECT_EQ(standing_worms(), "");
+  start_match("South Isles", "Northland");
+  feed(1, 4, 0);
+  EXPECT_EQ(standing_worms(), "The Score Comparison Graph stays with South Isles and Northland.");
+  start_worms_afresh();
+  EXPECT_EQ(standing_worms(), "");
+  start_match("Westmark", "Eastmark");
+  const worms form = opened<worms>();
+  EXPECT_EQ(form.label9, "Westmark");
+  EXPECT_EQ(form.label3, "");
+  expect_points(form.series[0], {});
+}
+
 TEST_F(worms_test, loading_happens_once) {
   start_match("South Isles", "Northland");
   load_worms();

@@ -14,12 +14,15 @@ namespace velorin {
 
 namespace {
 
+constexpr const char* old_rows = "The lines still hold an earlier match; the table shows this one alone.";
+
 QString line_words(const QString& side, const std::string& score, const std::vector<worm_point>& points) {
   QStringList scores;
   for (const worm_point& point : points) {
     scores << QStringLiteral("over %1: %2").arg(point.row - 1).arg(point.value);
   }
-  if (scores.isEmpty()) scores << QStringLiteral("no score");
+  // Without a row of this match the score, too, is that of an earlier one.
+  if (scores.isEmpty()) return QStringLiteral("%1. no score.").arg(side);
   return QStringLiteral("%1 %2. %3.").arg(side, shown(score), scores.join(QStringLiteral("; ")));
 }
 
@@ -32,7 +35,7 @@ Table worm_table(const worms& form) {
     TableRow line{{{QString::number(row - 1)}, {}, {}}};
     bool any = false;
     for (const std::size_t side : {0U, 1U}) {
-      for (const worm_point& point : form.series[side]) {
+      for (const worm_point& point : form.of_match[side]) {
         if (point.row != row) continue;
         line.cells[side + 1].text = QString::number(point.value);
         any = true;
@@ -70,8 +73,9 @@ LineChart worm_chart(const worms& form) {
     for (const worm_point& point : form.series[side]) line.points.emplace_back(point.row - 1, point.value);
     chart.lines.push_back(line);
   }
-  chart.described = line_words(shown(form.label9), form.label3, form.series[0]) + QLatin1Char(' ') +
-                    line_words(shown(form.label10), form.label4, form.series[1]);
+  chart.described = line_words(shown(form.label9), form.label3, form.of_match[0]) + QLatin1Char(' ') +
+                    line_words(shown(form.label10), form.label4, form.of_match[1]);
+  if (form.has_old_rows()) chart.described += QLatin1Char(' ') + QString::fromLatin1(old_rows);
   return chart;
 }
 
@@ -84,6 +88,9 @@ WormsWindow::WormsWindow(const worms& form, QWidget* parent) : ChartForm(QString
   sides->addWidget(new_side(0, QStringLiteral("Label9"), form.label9, QStringLiteral("Label3"), form.label3), 1);
   sides->addWidget(new_side(1, QStringLiteral("Label10"), form.label10, QStringLiteral("Label4"), form.label4), 1);
   body()->addLayout(sides);
+  auto* note = new_named_label(QStringLiteral("old_rows"), QString::fromLatin1(old_rows), TextRole::muted);
+  note->setVisible(form.has_old_rows());
+  body()->addWidget(note);
   auto* chart = new LineChartView(QStringLiteral("worm"));
   chart->set_chart(worm_chart(form));
   auto* table = new TableView(QStringLiteral("scores"));

@@ -215,5 +215,35 @@ TEST_F(WormsWindowTest, TheChartFollowsTheLook) {
   apply_theme(before);
 }
 
+TEST_F(WormsWindowTest, ItsTableAndItsWordsKeepToTheMatchInPlay) {
+  const auto now = opened<worms>();
+  WormsWindow window(now);
+  window.show();
+  EXPECT_FALSE(control<QLabel>(window, "old_rows")->isVisible());
+  const auto rows = control<TableView>(window, "scores")->table().rows.size();
+
+  worm_line& line = match.worm[0];
+  const int last = line.team == match.team1_name ? match.innings_balls / 6 + 1 : match.first_balls / 6 + 1;
+  match.worm[1] = worm_line{.team = "Strangers", .score_runs = 321, .score_set = true};
+  match.worm[1].row[40] = 277;
+  match.worm[1].row_set[40] = true;
+  const auto mixed = opened<worms>();
+  WormsWindow other(mixed);
+  other.show();
+  take_picture(other, "worms_old_rows");
+  check_window_at_sizes(other);
+  EXPECT_TRUE(control<QLabel>(other, "old_rows")->isVisible());
+  EXPECT_LE(control<TableView>(other, "scores")->table().rows.size(), rows);
+  for (const TableRow& row : control<TableView>(other, "scores")->table().rows) {
+    EXPECT_EQ(row.cells[2].text, "") << "of another match";
+    EXPECT_LT(row.cells[0].text.toInt(), last);
+  }
+  const LineChart chart = worm_chart(mixed);
+  EXPECT_FALSE(chart.described.contains("277"));
+  EXPECT_FALSE(chart.described.contains("321"));
+  ASSERT_EQ(chart.lines[1].points.size(), 1);
+  EXPECT_EQ(chart.lines[1].points[0].y(), 277) << "the lines themselves are as told";
+}
+
 }  // namespace
 }  // namespace velorin::testing
