@@ -19,24 +19,35 @@ QSettings& settings() {
 }
 
 /// A number from 0 to `highest`; anything else in the file counts as `otherwise`.
-int number(const char* key, int highest, int otherwise) {
+int number(const QString& key, int highest, int otherwise) {
   bool is_number = false;
-  const int value = settings().value(QLatin1String(key)).toInt(&is_number);
+  const int value = settings().value(key).toInt(&is_number);
   return is_number && value >= 0 && value <= highest ? value : otherwise;
 }
+
+QString unstopped_key(const QString& form) { return QStringLiteral("without_stopping/") + form; }
 
 }  // namespace
 
 void use_file(const QString& path) { store() = std::make_unique<QSettings>(path, QSettings::IniFormat); }
 
-Appearance appearance() { return static_cast<Appearance>(number("appearance", 3, 0)); }
+Appearance appearance() { return static_cast<Appearance>(number(QStringLiteral("appearance"), 3, 0)); }
 void set_appearance(Appearance chosen) { settings().setValue(QStringLiteral("appearance"), static_cast<int>(chosen)); }
 
-Pace pace() { return static_cast<Pace>(number("pace", 2, static_cast<int>(Pace::quick))); }
+Pace pace() { return static_cast<Pace>(number(QStringLiteral("pace"), 2, static_cast<int>(Pace::quick))); }
 void set_pace(Pace chosen) { settings().setValue(QStringLiteral("pace"), static_cast<int>(chosen)); }
 
-bool plays_without_stopping() { return number("plays_without_stopping", 1, 0) == 1; }
-void set_plays_without_stopping(bool on) { settings().setValue(QStringLiteral("plays_without_stopping"), on ? 1 : 0); }
+bool plays_without_stopping(const QString& form) { return number(unstopped_key(form), 1, 0) == 1; }
+void set_plays_without_stopping(const QString& form, bool on) { settings().setValue(unstopped_key(form), on ? 1 : 0); }
+
+Captains captains() {
+  return {number(QStringLiteral("captains/first_human"), 1, 1) == 1,
+          number(QStringLiteral("captains/second_human"), 1, 0) == 1};
+}
+void set_captains(Captains chosen) {
+  settings().setValue(QStringLiteral("captains/first_human"), chosen.first_human ? 1 : 0);
+  settings().setValue(QStringLiteral("captains/second_human"), chosen.second_human ? 1 : 0);
+}
 
 QByteArray geometry(const QString& window) {
   return settings().value(QStringLiteral("windows/") + window).toByteArray();

@@ -14,6 +14,12 @@ enum class Appearance { system, light, dark, high_contrast };
 /// How an over is shown: at once, with a moment for each ball, or with a pause after each.
 enum class Pace { instant, quick, ball_by_ball };
 
+/// The sides of a match that the user captains.
+struct Captains {
+  bool first_human = true;
+  bool second_human = false;
+};
+
 namespace preferences {
 
 /// Keeps everything in this file from now on; without it, in the user's folder of settings.
@@ -26,9 +32,14 @@ void set_appearance(Appearance chosen);
 Pace pace();
 void set_pace(Pace chosen);
 
-/// Whether matches between two computer sides run without stopping; off at first.
-bool plays_without_stopping();
-void set_plays_without_stopping(bool on);
+/// Whether matches between two computer sides run without stopping in the competitions of the form of this name; off at
+/// first.
+bool plays_without_stopping(const QString& form);
+void set_plays_without_stopping(const QString& form, bool on);
+
+/// Who captains the sides of a new match: at first the user the first team, the computer the second.
+Captains captains();
+void set_captains(Captains chosen);
 
 /// Place and size of a window; empty before it was first closed.
 QByteArray geometry(const QString& window);

@@ -41,7 +41,10 @@ void open_form(Given... given) {
     if (form.closed) return;  // it has closed itself as it opened
   }
   Window window(form);
-  run_modal(window);
+  // A form whose competition was left before its first match was over stands open again.
+  do {
+    run_modal(window);
+  } while (window.isVisible());
 }
 
 /// Tells the front end that an activity is under way.
@@ -75,7 +78,11 @@ void tri_series(QtFrontEnd& shown_by) {
 
 void world_cup(QtFrontEnd& shown_by) {
   const UnderWay under_way(shown_by, Activity::cup);
-  open_form<WctableWindow, wctable>();
+  wctable& form = shown_by.cup_form();
+  form.show_again();
+  if (form.closed) return;  // it has closed itself as it opened
+  WctableWindow window(form);
+  run_modal(window);
 }
 
 void player_profiles() { open_form<SqdetWindow, sqdet>(); }

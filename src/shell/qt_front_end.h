@@ -3,6 +3,7 @@
 
 #include <QPointer>
 
+#include "competitions/wctable.h"
 #include "shell/turn_waiting.h"
 #include "shell/unstopped_play.h"
 #include "ui/front_end.h"
@@ -44,6 +45,8 @@ class QtFrontEnd : public front_end {
   /// The menu opens an activity, or the one it had opened is over.
   void activity_begins(Activity activity) { unstopped_.begin(activity); }
   void activity_over();
+  /// The form of the World Cup, which may stay loaded from one tournament to the next.
+  wctable& cup_form() { return cup_form_; }
 
  private:
   /// Brings the console up to date before a window opens over it.
@@ -54,6 +57,7 @@ class QtFrontEnd : public front_end {
   QPointer<ProgressbarWindow> progress_;  // while an unattended match runs; the window below it owns it
   UnstoppedPlay unstopped_;
   TurnWaiting turns_;
+  wctable cup_form_;
 };
 
 }  // namespace velorin

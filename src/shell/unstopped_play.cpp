@@ -143,8 +143,22 @@ void UnstoppedPlay::end() {
   delete window_.data();
 }
 
+bool UnstoppedPlay::switched_on() const {
+  switch (activity_) {
+    case Activity::series_of_two:
+      return preferences::plays_without_stopping(QStringLiteral("series1"));
+    case Activity::series_of_three:
+      return preferences::plays_without_stopping(QStringLiteral("series2"));
+    case Activity::cup:
+      return preferences::plays_without_stopping(QStringLiteral("wctable"));
+    case Activity::single_match:
+      break;
+  }
+  return false;
+}
+
 void UnstoppedPlay::match_begins() {
-  answering_ = preferences::plays_without_stopping() && !match.human_involved();
+  answering_ = switched_on() && !match.human_involved();
   if (answering_) {
     running_ = true;
   } else {
@@ -154,8 +168,7 @@ void UnstoppedPlay::match_begins() {
 
 bool UnstoppedPlay::passes_standings() {
   answering_ = false;
-  if (running_ && !stop_asked_ && preferences::plays_without_stopping() && !is_over(activity_) &&
-      !next_match_has_human(activity_)) {
+  if (running_ && !stop_asked_ && switched_on() && !is_over(activity_) && !next_match_has_human(activity_)) {
     return true;
   }
   end();
@@ -173,7 +186,7 @@ void UnstoppedPlay::show_progress() {
     window_ = new UnstoppedWindow([this] { ask_to_stop(); });
     window_->show();
   }
-  window_->show_progress(activity_ == Activity::single_match ? -1 : matches_left(activity_));
+  window_->show_progress(matches_left(activity_));
   QCoreApplication::processEvents();
   since_shown_.start();
   if (program_is_ending()) throw ProgramEnds{};

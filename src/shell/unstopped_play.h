@@ -13,10 +13,10 @@ class UnstoppedWindow;
 /// What the menu has opened.
 enum class Activity { single_match, series_of_two, series_of_three, cup };
 
-/// Matches between two computer sides that run without stopping, if the user has switched that on: a headless user
-/// answers what such a match asks, and the standings between two such matches are passed over, while a progress window
-/// names the match, its score and the matches left. The user can ask it to stop at the next match. It stops by itself
-/// before a match with a human side and at the end of a competition.
+/// Matches of a competition between two computer sides that run without stopping, if the user has switched that on for
+/// competitions of its kind: a headless user answers what such a match asks, and the standings between two such matches
+/// are passed over, while a progress window names the match, its score and the matches left. The user can ask it to
+/// stop at the next match. It stops by itself before a match with a human side and at the end of a competition.
 class UnstoppedPlay {
  public:
   UnstoppedPlay();
@@ -44,6 +44,7 @@ class UnstoppedPlay {
   void ask_to_stop() { stop_asked_ = true; }
 
  private:
+  bool switched_on() const;
   void show_progress();
 
   headless_user user_;

@@ -40,9 +40,7 @@ void UnstoppedWindow::show_progress(int left) {
   score_->setText(
       QStringLiteral("%1 %2 (%3)").arg(shown(view.label15_0), shown(view.label15_1), shown(view.label15_2)));
   if (stop_->isEnabled()) {
-    left_->setText(left < 0
-                       ? QString()
-                       : QStringLiteral("%1 %2 left after this one").arg(left).arg(left == 1 ? "match" : "matches"));
+    left_->setText(QStringLiteral("%1 %2 left after this one").arg(left).arg(left == 1 ? "match" : "matches"));
   }
 }
 

@@ -17,7 +17,7 @@ class UnstoppedWindow : public Form {
   /// `stop`: the user asks to stop at the next match.
   explicit UnstoppedWindow(std::function<void()> stop, QWidget* parent = front_window());
 
-  /// Shows the match as it stands. `left`: matches still to come, -1 where there is none but this one.
+  /// Shows the match as it stands. `left`: matches still to come.
   void show_progress(int left);
 
  private:

@@ -8,6 +8,7 @@
 #include "competitions/wc_fix.h"
 #include "competitions/wcsstab.h"
 #include "competitions/wctable.h"
+#include "desktop/preferences.h"
 #include "model/teams.h"
 #include "shell/game_fixture.h"
 
@@ -217,6 +218,73 @@ TEST_P(WorldCupClickingTest, StandingsEqualTheCoresUpToTheEnd) {
     EXPECT_EQ(user.robot.met("wcsstab"), 33);
     EXPECT_GE(user.robot.met("main"), 4);
   }
+}
+
+TEST_F(CompetitionClickingTest, TheFormOfAFinishedCupKeepsItsChoices) {
+  preferences::set_plays_without_stopping("wctable", true);
+  ClickingUser user;
+  std::vector<bool> checked;
+  std::vector<int> chosen;
+  const auto note = [&](QWidget& window) {
+    checked.push_back(control<QCheckBox>(window, "play_without_stopping")->isChecked());
+    chosen.push_back(control<QComboBox>(window, "Combo1_0")->currentIndex());
+  };
+  user.robot.next("wctable", [&](QWidget& window) {
+    control<QComboBox>(window, "Combo1_0")->setCurrentIndex(9);
+    control<QComboBox>(window, "Combo2_4")->setCurrentIndex(0);
+    press(window, "Command1");
+  });
+  user.robot.next("wctable", [&](QWidget& window) {
+    note(window);
+    EXPECT_NE(window.findChild<QWidget*>("afresh"), nullptr);
+    press(window, "Command2");
+  });
+  user.robot.next("wctable", [&](QWidget& window) {
+    note(window);
+    press(window, "Command2");
+  });
+  play([](OpeningWindow& menu) {
+    for (int time = 0; time < 3; ++time) choose(menu, "Label1", "Label11");
+  });
+  EXPECT_EQ(user.robot.left(), 0);
+  EXPECT_EQ(chosen, (std::vector<int>{9, 0})) << "kept after the end, gone after Cancel";
+}
+
+TEST_F(CompetitionClickingTest, AMatchIsLeftByItsCloseBox) {
+  ClickingUser user;
+  user.robot.always("leave_question", pressing("Yes"));
+  const auto leave = [](QWidget& window) { window.close(); };
+  user.robot.next("teamfrm", [](QWidget& window) {
+    ClickingUser::choose_match(window, 0, 1, true, true);
+    press(window, "Command1");
+  });
+  user.robot.next("toss", leave);
+  play([&](OpeningWindow& menu) {
+    choose(menu, "Label1", "Label8");
+    EXPECT_EQ(match.team1_name, "");
+    EXPECT_EQ(user.robot.met("scorecard"), 0);
+    EXPECT_EQ(user.robot.met("leave_question"), 1);
+    // Left in its first match, the form comes back; left in the second, the results do.
+    user.robot.next("series1", [&](QWidget& window) {
+      control<QLineEdit>(window, "Text1")->setText(QStringLiteral("2"));
+      user.robot.next("wecond", leave);
+      press(window, "Command1");
+    });
+    user.robot.next("series1", [](QWidget& window) {
+      EXPECT_EQ(control<QLineEdit>(window, "Text1")->text(), "2");
+      press(window, "Command1");
+    });
+    user.robot.next("sri_result", [&](QWidget& window) {
+      user.robot.next("Teamsel", leave);
+      press(window, "Command1");
+    });
+    choose(menu, "Label1", "Label9");
+  });
+  EXPECT_EQ(user.robot.left(), 0);
+  EXPECT_EQ(user.robot.met("leave_question"), 3);
+  EXPECT_EQ(user.robot.met("series1"), 2);
+  EXPECT_EQ(user.robot.met("sri_result"), 3) << "after each match, and once after the second was left";
+  EXPECT_EQ(user.messages.size(), 2U);
 }
 
 // To the end; at the first list; within the groups; at the draw of the Super Six; within the Super Six.

@@ -25,7 +25,7 @@ GameTest::GameTest() {
   settings = {"", "world", "000000", "FFFFFF", "Sans Serif"};
   write_options();
   preferences::set_pace(Pace::instant);
-  preferences::set_plays_without_stopping(false);
+  for (const char* form : {"series1", "series2", "wctable"}) preferences::set_plays_without_stopping(form, false);
   begin_again_with_seed(1);
   on_failure([](const std::exception& failure) {
     ADD_FAILURE() << "failed: " << failure.what();

@@ -29,7 +29,7 @@ class UnstoppedPlayTest : public GameTest {
   };
   Cup play_cup(bool without_stopping) {
     begin_again_with_seed(1);
-    preferences::set_plays_without_stopping(without_stopping);
+    preferences::set_plays_without_stopping("wctable", without_stopping);
     ClickingUser user;
     QElapsedTimer clock;
     user.robot.next("wctable", [](QWidget& window) { press(window, "Command1"); });
@@ -67,7 +67,7 @@ TEST_F(UnstoppedPlayTest, AWorldCupGivesTheSameBooksWithAndWithoutStops) {
 }
 
 TEST_F(UnstoppedPlayTest, ItStopsForAHumanSide) {
-  preferences::set_plays_without_stopping(true);
+  preferences::set_plays_without_stopping("wctable", true);
   ClickingUser user;
   user.robot.next("wctable", [](QWidget& window) {
     control<QCheckBox>(window, "Check2_4")->click();
@@ -114,7 +114,7 @@ TEST_F(UnstoppedPlayTest, ItKnowsTheHumanSidesOfTheNextCupMatch) {
 }
 
 TEST_F(UnstoppedPlayTest, ItCanBeAskedToStopAtTheNextMatch) {
-  preferences::set_plays_without_stopping(true);
+  preferences::set_plays_without_stopping("series1", true);
   ClickingUser user;
   user.robot.next("series1", [](QWidget& window) {
     control<QLineEdit>(window, "Text1")->setText(QStringLiteral("10"));
@@ -139,25 +139,12 @@ TEST_F(UnstoppedPlayTest, ItCanBeAskedToStopAtTheNextMatch) {
   EXPECT_EQ(user.robot.met("scorecard"), 0);
 }
 
-TEST_F(UnstoppedPlayTest, ASingleMatchRunsToTheMenu) {
-  preferences::set_plays_without_stopping(true);
+TEST_F(UnstoppedPlayTest, ASingleMatchAlwaysStops) {
+  for (const char* form : {"series1", "series2", "wctable", "teamfrm"}) {
+    preferences::set_plays_without_stopping(form, true);
+  }
   ClickingUser user;
   user.robot.next("teamfrm", [](QWidget& window) {
-    ClickingUser::choose_match(window, 0, 1, false, false);
-    press(window, "Command1");
-  });
-  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
-  EXPECT_EQ(
-      user.robot.met("wecond") + user.robot.met("Teamsel") + user.robot.met("scorecard") + user.robot.met("message"),
-      0);
-  EXPECT_GT(lasting_files()[0].size(), 0U);
-}
-
-TEST_F(UnstoppedPlayTest, SwitchedOffEveryStopComes) {
-  preferences::set_plays_without_stopping(false);
-  ClickingUser user;
-  user.robot.next("teamfrm", [](QWidget& window) {
-    EXPECT_FALSE(control<QCheckBox>(window, "play_without_stopping")->isChecked());
     ClickingUser::choose_match(window, 0, 1, false, false);
     press(window, "Command1");
   });
@@ -165,7 +152,22 @@ TEST_F(UnstoppedPlayTest, SwitchedOffEveryStopComes) {
   EXPECT_EQ(user.robot.met("wecond"), 1);
   EXPECT_EQ(user.robot.met("Teamsel"), 2);
   EXPECT_EQ(user.robot.met("scorecard"), 2);
-  EXPECT_EQ(user.messages.size(), 1U);
+  ASSERT_EQ(user.messages.size(), 1U);
+  EXPECT_TRUE(user.messages[0].starts_with("End of Match"));
+}
+
+TEST_F(UnstoppedPlayTest, TheChoiceOfOneFormSilencesNoOther) {
+  preferences::set_plays_without_stopping("wctable", true);
+  preferences::set_plays_without_stopping("series2", true);
+  ClickingUser user;
+  user.robot.next("series1", pressing("Command1"));
+  user.robot.next("series2", pressing("Command1"));
+  play([](OpeningWindow& menu) {
+    choose(menu, "Label1", "Label9");
+    choose(menu, "Label1", "Label10");
+  });
+  EXPECT_EQ(user.robot.met("wecond"), 1) << "the series stops, the tri series does not";
+  EXPECT_EQ(user.robot.met("scorecard"), 2);
 }
 
 }  // namespace

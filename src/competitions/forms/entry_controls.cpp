@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -17,6 +18,7 @@
 #include "desktop/controls.h"
 #include "desktop/message_window.h"
 #include "desktop/program_end.h"
+#include "desktop/question.h"
 #include "desktop/shown_text.h"
 #include "model/run_time_error.h"
 
@@ -80,6 +82,31 @@ void show_grounds(QComboBox& list, const std::vector<std::string>& grounds, int 
   list.clear();
   for (const std::string& ground : grounds) list.addItem(shown(ground));
   list.setCurrentIndex(chosen);
+}
+
+QLabel* new_reason() { return new_named_label(QStringLiteral("wanted"), {}, TextRole::muted); }
+
+void show_ready(QPushButton& ok, QLabel& reason, bool ready, const QString& wanted) {
+  ok.setEnabled(ready);
+  reason.setText(ready ? QString() : wanted);
+}
+
+bool grounds_are_fit(QWidget& window, const std::vector<std::string>& hosts) {
+  const std::vector<std::string> without = countries_without_ground(hosts);
+  if (without.empty() && !list_grounds(hosts).empty()) return true;
+  QStringList names;
+  for (const std::string& country : without) names << shown(country);
+  const QString told = names.isEmpty() ? QStringLiteral("No host is chosen.")
+                       : names.size() == 1
+                           ? QStringLiteral("%1 has no ground.").arg(names.front())
+                           : QStringLiteral("%1 have no ground.").arg(names.join(QStringLiteral(" and ")));
+  if (list_grounds(hosts).empty()) {
+    MessageWindow message({"Error", core_text(told)}, MessageWindow::Kind::information, &window);
+    run_modal(message);
+    return false;
+  }
+  return ask(window, QStringLiteral("grounds_question"), told,
+             QStringLiteral("Play all matches on the grounds of the other hosts?"));
 }
 
 bool number_is_fit(const std::string& text, int most, const char* field) {

@@ -8,6 +8,9 @@
 
 class QComboBox;
 class QFrame;
+class QLabel;
+class QPushButton;
+class QWidget;
 
 // What the entry forms of the competitions share.
 
@@ -30,6 +33,15 @@ QFrame* new_ground_and_number(QComboBox* grounds, const QString& caption, Number
 
 /// Shows the grounds anew, with the one on show.
 void show_grounds(QComboBox& list, const std::vector<std::string>& grounds, int chosen);
+
+/// A label `wanted` beside OK, for the reason why it is disabled.
+QLabel* new_reason();
+/// Enables OK or says why not.
+void show_ready(QPushButton& ok, QLabel& reason, bool ready, const QString& wanted);
+
+/// Names the countries among the hosts that have no ground. True if the competition can go on: all have one, or the
+/// user plays on the grounds of the others.
+bool grounds_are_fit(QWidget& window, const std::vector<std::string>& hosts);
 
 /// True if a box holds a whole number from 1 to `most`. Otherwise shows a message that says so.
 bool number_is_fit(const std::string& text, int most, const char* field);

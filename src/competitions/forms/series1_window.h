@@ -4,13 +4,15 @@
 #include "desktop/form.h"
 
 class QComboBox;
+class QLabel;
 
 namespace velorin {
 
 class NumberField;
 struct series1;
 
-/// A series: teams, captains, number of matches. While it is played the window is hidden.
+/// A series: teams, captains, number of matches. While it is played the window is hidden. Left before its first
+/// match was over, it comes back.
 class Series1Window : public Form {
   Q_OBJECT
 
@@ -19,10 +21,13 @@ class Series1Window : public Form {
   explicit Series1Window(series1& form, QWidget* parent = front_window());
 
  private:
+  void show_choice();
   void play();
 
   series1& form_;
   QComboBox* grounds_;
+  QLabel* wanted_ = nullptr;
+  QPushButton* ok_ = nullptr;
   NumberField* matches_;
 };
 

@@ -14,8 +14,10 @@
 #include "competitions/forms/entry_controls.h"
 #include "competitions/forms/number_field.h"
 #include "competitions/series2.h"
+#include "desktop/afresh_line.h"
 #include "desktop/controls.h"
 #include "desktop/stop_switch.h"
+#include "reports/worms.h"
 
 namespace velorin {
 
@@ -48,14 +50,17 @@ Series2Window::Series2Window(series2& form, QWidget* parent)
         return form_.text1;
       });
   grounds_->setObjectName(QStringLiteral("Combo4"));
-  show_grounds(*grounds_, form_.combo4, form_.combo4_index);
   connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.combo4_index = index; });
   body()->addWidget(new_ground_and_number(grounds_, QStringLiteral("No. of Round Robin stages:"), rounds_));
   body()->addStretch(1);
+  add_afresh_line(*body(), standing_worms(), &start_worms_afresh);
 
-  add_aside(new_stop_switch());
-  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
-                     [this] { play(); });
+  add_aside(new_stop_switch(objectName()));
+  wanted_ = new_reason();
+  add_beside_buttons(wanted_);
+  ok_ = add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+                           [this] { play(); });
+  show_choice();
   add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
   on_dismiss([this] {
     form_.command2_click();
@@ -73,7 +78,7 @@ QWidget* Series2Window::new_sides() {
     auto* teams =
         new_team_list(QString::fromLatin1(side.list), form_.combo1, form_.team_index[i], [this, i](int index) {
           form_.choose_team(static_cast<int>(i), index);
-          show_grounds(*grounds_, form_.combo4, form_.combo4_index);
+          show_choice();
         });
     row->addWidget(new_side(QString::fromLatin1(side.caption), side.mnemonic, teams, QString::fromLatin1(side.options),
                             form_.cpu[i]),
@@ -82,15 +87,22 @@ QWidget* Series2Window::new_sides() {
   return cards;
 }
 
+void Series2Window::show_choice() {
+  show_grounds(*grounds_, form_.combo4, form_.combo4_index);
+  show_ready(*ok_, *wanted_, form_.ready(), QStringLiteral("Choose all three teams"));
+}
+
 void Series2Window::play() {
   if (!number_is_fit(form_.text1, most_rounds, "Text1")) {
     rounds_->text()->setFocus();
     rounds_->text()->selectAll();
     return;
   }
+  if (!grounds_are_fit(*this, {entry_text(form_.combo1, form_.team_index[0])})) return;
   hide();
   form_.command1_click();
-  accept();
+  // Left before its first match was over, the form comes back.
+  form_.closed ? accept() : show();
 }
 
 }  // namespace velorin

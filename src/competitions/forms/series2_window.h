@@ -4,13 +4,15 @@
 #include "desktop/form.h"
 
 class QComboBox;
+class QLabel;
 
 namespace velorin {
 
 class NumberField;
 struct series2;
 
-/// A tri series: three teams, their captains, rounds. While it is played the window is hidden.
+/// A tri series: three teams, their captains, rounds. While it is played the window is hidden. Left before its first
+/// match was over, it comes back.
 class Series2Window : public Form {
   Q_OBJECT
 
@@ -20,10 +22,13 @@ class Series2Window : public Form {
 
  private:
   QWidget* new_sides();
+  void show_choice();
   void play();
 
   series2& form_;
   QComboBox* grounds_;
+  QLabel* wanted_ = nullptr;
+  QPushButton* ok_ = nullptr;
   NumberField* rounds_;
 };
 

@@ -12,9 +12,11 @@
 
 #include "competitions/forms/entry_controls.h"
 #include "competitions/wctable.h"
+#include "desktop/afresh_line.h"
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
 #include "desktop/stop_switch.h"
+#include "reports/worms.h"
 
 namespace velorin {
 
@@ -32,18 +34,37 @@ WctableWindow::WctableWindow(wctable& form, QWidget* parent)
   body()->addWidget(new_named_label(QStringLiteral("note"), shown(wctable::note), TextRole::muted));
   body()->addWidget(new_hosts());
   body()->addStretch(1);
+  add_standing();
 
-  add_aside(new_stop_switch());
-  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
-    hide();
-    form_.command1_click();
-    accept();
-  });
+  add_aside(new_stop_switch(objectName()));
+  wanted_ = new_reason();
+  add_beside_buttons(wanted_);
+  ok_ = add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+                           [this] { play(); });
+  show_choice();
   add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
   on_dismiss([this] {
     form_.command2_click();
     done(Rejected);
   });
+}
+
+void WctableWindow::add_standing() {
+  const std::string cup = standing_cup();
+  const std::string graph = standing_worms();
+  add_afresh_line(*body(), cup.empty() || graph.empty() ? cup + graph : cup + " " + graph, [] {
+    start_cup_afresh();
+    start_worms_afresh();
+  });
+}
+
+void WctableWindow::show_choice() { show_ready(*ok_, *wanted_, form_.ready(), QStringLiteral("Choose all ten teams")); }
+
+void WctableWindow::play() {
+  if (!grounds_are_fit(*this, form_.hosts())) return;
+  hide();
+  form_.command1_click();
+  accept();
 }
 
 QWidget* WctableWindow::new_group(const QString& title, const QString& lists, const QString& checks,
@@ -56,8 +77,11 @@ QWidget* WctableWindow::new_group(const QString& title, const QString& lists, co
   rows->setColumnStretch(1, 1);
   for (int i = 0; i < 5; ++i) {
     const auto at = static_cast<std::size_t>(i);
-    auto* list = new_team_list(QStringLiteral("%1_%2").arg(lists).arg(i), form_.teams, teams[at],
-                               [&teams, at](int index) { teams[at] = index; });
+    auto* list =
+        new_team_list(QStringLiteral("%1_%2").arg(lists).arg(i), form_.teams, teams[at], [this, &teams, at](int index) {
+          teams[at] = index;
+          show_choice();
+        });
     const QString name = QStringLiteral("%1, team %2").arg(title).arg(i + 1);
     auto* check = new QCheckBox(QStringLiteral("Human"));
     check->setObjectName(QStringLiteral("%1_%2").arg(checks).arg(i));

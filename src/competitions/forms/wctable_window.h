@@ -5,6 +5,8 @@
 
 #include "desktop/form.h"
 
+class QLabel;
+
 namespace velorin {
 
 struct wctable;
@@ -21,8 +23,13 @@ class WctableWindow : public Form {
   QWidget* new_group(const QString& title, const QString& lists, const QString& checks, std::array<int, 5>& teams,
                      std::array<bool, 5>& human);
   QWidget* new_hosts();
+  void add_standing();
+  void show_choice();
+  void play();
 
   wctable& form_;
+  QLabel* wanted_ = nullptr;
+  QPushButton* ok_ = nullptr;
 };
 
 }  // namespace velorin

@@ -2,7 +2,6 @@
 #include "setup/forms/teamfrm_window.h"
 
 #include <QButtonGroup>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -12,10 +11,12 @@
 #include <QVBoxLayout>
 #include <functional>
 
+#include "desktop/afresh_line.h"
 #include "desktop/controls.h"
+#include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
-#include "desktop/stop_switch.h"
+#include "reports/worms.h"
 #include "setup/teamfrm.h"
 
 namespace velorin {
@@ -48,6 +49,9 @@ QHBoxLayout* new_captains(const char* name, const QString& team, bool& cpu, QWid
 TeamfrmWindow::TeamfrmWindow(teamfrm& form, QWidget* parent)
     : Form(QStringLiteral("teamfrm"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox) {
   limit_body(880);
+  const Captains captains = preferences::captains();
+  form_.option1_cpu = !captains.first_human;
+  form_.option3_cpu = !captains.second_human;
   set_title(QStringLiteral("New Match"), QStringLiteral("New Match"));
   auto* teams = new QHBoxLayout;
   teams->setSpacing(16);
@@ -78,17 +82,22 @@ TeamfrmWindow::TeamfrmWindow(teamfrm& form, QWidget* parent)
   body()->addSpacing(8);
   body()->addLayout(place);
   body()->addStretch(1);
-  show_grounds();
-  connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.combo3_index = index; });
+  add_afresh_line(*body(), standing_worms(), &start_worms_afresh);
+  connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) {
+    form_.combo3_index = index;
+    show_ready();
+  });
 
-  add_aside(new_stop_switch());
-  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
-                     [this] { play(); });
+  wanted_ = new_named_label(QStringLiteral("wanted"), {}, TextRole::muted);
+  add_beside_buttons(wanted_);
+  ok_ = add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+                           [this] { play(); });
   add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
   on_dismiss([this] {
     form_.command2_click();
     done(Rejected);
   });
+  show_grounds();
 }
 
 QComboBox* TeamfrmWindow::new_team_list(const char* name, int chosen, void (teamfrm::*choose)(int)) {
@@ -112,9 +121,19 @@ void TeamfrmWindow::show_grounds() {
   grounds_->clear();
   for (const std::string& ground : form_.combo3) grounds_->addItem(shown(ground));
   grounds_->setCurrentIndex(form_.combo3_index);
+  show_ready();
+}
+
+void TeamfrmWindow::show_ready() {
+  const bool teams = form_.combo1_index >= 0 && form_.combo2_index >= 0;
+  wanted_->setText(form_.ready() ? QString()
+                   : teams       ? QStringLiteral("Choose a ground")
+                                 : QStringLiteral("Choose both teams"));
+  ok_->setEnabled(form_.ready());
 }
 
 void TeamfrmWindow::play() {
+  preferences::set_captains({!form_.option1_cpu, !form_.option3_cpu});
   hide();
   form_.command1_click();
   accept();

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 
@@ -14,6 +15,8 @@
 #include "competitions/series2.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
+#include "reports/worms.h"
+#include "setup/wecond.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -190,16 +193,129 @@ TEST_F(SeriesWindows, TheSeriesIsCancelled) {
   }
 }
 
-TEST_F(SeriesWindows, ThePreferenceIsKept) {
+TEST_F(SeriesWindows, EachFormRemembersItsOwnSwitch) {
+  series1 two;
+  two.open();
+  series2 three;
+  three.open();
+  const auto switched_on = [](QWidget& window) {
+    return control<QCheckBox>(window, "play_without_stopping")->isChecked();
+  };
+  {
+    Series1Window window(two);
+    window.show();
+    control<QCheckBox>(window, "play_without_stopping")->click();
+  }
+  EXPECT_TRUE(preferences::plays_without_stopping("series1"));
+  EXPECT_FALSE(preferences::plays_without_stopping("series2"));
+  EXPECT_FALSE(preferences::plays_without_stopping("wctable"));
+  Series1Window again(two);
+  Series2Window other(three);
+  EXPECT_TRUE(switched_on(again));
+  EXPECT_FALSE(switched_on(other));
+  control<QCheckBox>(other, "play_without_stopping")->click();
+  control<QCheckBox>(again, "play_without_stopping")->click();
+  EXPECT_FALSE(preferences::plays_without_stopping("series1"));
+  EXPECT_TRUE(preferences::plays_without_stopping("series2"));
+  control<QCheckBox>(other, "play_without_stopping")->click();
+}
+
+TEST_F(SeriesWindows, AFirstMatchThatIsLeftBringsTheFormBack) {
   series1 form;
   form.open();
   Series1Window window(form);
   window.show();
-  auto* box = control<QCheckBox>(window, "play_without_stopping");
-  box->click();
-  EXPECT_TRUE(preferences::plays_without_stopping());
-  box->click();
-  EXPECT_FALSE(preferences::plays_without_stopping());
+  control<QLineEdit>(window, "Text1")->setText("2");
+  user_.on_wecond.push_back([](wecond& conditions) { conditions.leave(); });
+  press(window, "Command1");
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(form.closed);
+  EXPECT_TRUE(user_.series_results.empty());
+  EXPECT_EQ(control<QLineEdit>(window, "Text1")->text(), "2");
+  press(window, "Command1");
+  EXPECT_TRUE(form.closed);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_THAT(user_.series_results, SizeIs(2));
+}
+
+/// A host without a ground is named when OK is pressed, and nothing is played.
+void check_groundless(QWidget& window, const QString& country) {
+  Robot robot;
+  robot.next("message", [&](QWidget& message) {
+    EXPECT_EQ(control<QLabel>(message, "text")->text(), country + " has no ground.");
+    press(message, "OK");
+  });
+  press(window, "Command1");
+  EXPECT_EQ(robot.left(), 0);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(SeriesWindows, AHostWithoutAGroundIsNamed) {
+  database_.add_team("Elmar");
+  database_.write();
+  series1 two;
+  two.open();
+  Series1Window window(two);
+  window.show();
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(4);
+  check_groundless(window, "Elmar");
+  EXPECT_FALSE(two.closed);
+  series2 three;
+  three.open();
+  Series2Window other(three);
+  other.show();
+  control<QComboBox>(other, "Combo1")->setCurrentIndex(4);
+  check_groundless(other, "Elmar");
+  EXPECT_FALSE(three.closed);
+  EXPECT_THAT(user_.matches, IsEmpty());
+}
+
+TEST_F(SeriesWindows, OkSaysWhichBoxesItWaitsFor) {
+  small_database pair;
+  for (const char* name : {"Ardell", "Brava"}) {
+    pair.add_team(name);
+    pair.add_ground(name, name);
+  }
+  pair.write();
+  series1 two;
+  two.open();
+  Series1Window window(two);
+  window.show();
+  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose both teams");
+  take_picture(window, "series1_waiting");
+  check_window_at_sizes(window);
+  control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
+  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "");
+  series2 three;
+  three.open();
+  Series2Window other(three);
+  other.show();
+  EXPECT_FALSE(control<QPushButton>(other, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(other, "wanted")->text(), "Choose all three teams");
+  control<QComboBox>(other, "Combo2")->setCurrentIndex(0);
+  EXPECT_FALSE(control<QPushButton>(other, "Command1")->isEnabled());
+  control<QComboBox>(other, "Combo3")->setCurrentIndex(1);
+  EXPECT_TRUE(control<QPushButton>(other, "Command1")->isEnabled());
+}
+
+TEST_F(SeriesWindows, TheGraphCanBeStartedAfresh) {
+  series1 form;
+  form.open();
+  EXPECT_EQ(Series1Window(form).findChild<QWidget*>("afresh"), nullptr) << "nothing stands at the start";
+  match.team1_name = "Ardell";
+  match.team2_name = "Brava";
+  load_worms();
+  Series1Window window(form);
+  window.show();
+  take_picture(window, "series1_standing");
+  check_window_at_sizes(window);
+  EXPECT_EQ(control<QLabel>(window, "standing")->text(), "The Score Comparison Graph stays with Ardell and Brava.");
+  press(window, "afresh");
+  EXPECT_FALSE(control<QLabel>(window, "standing")->isVisible());
+  EXPECT_FALSE(match.loaded);
+  EXPECT_EQ(match.worm[0].team, "");
 }
 
 // The tri series.

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QPushButton>
 #include <algorithm>
 #include <set>
 
@@ -104,6 +105,77 @@ TEST_F(WctableWindowTest, ClosesAfterATournamentToItsEnd) {
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.result(), QDialog::Accepted);
   EXPECT_THAT(user_.matches, SizeIs(32));
+}
+
+TEST_F(WctableWindowTest, HostsWithoutGroundsAreNamed) {
+  database_.add_team("Kestle");
+  database_.add_team("Lorne");
+  database_.write();
+  form_.open();
+  WctableWindow window(form_);
+  window.show();
+  {
+    Robot robot;
+    robot.next("message", [](QWidget& message) {
+      EXPECT_EQ(control<QLabel>(message, "text")->text(), "Kestle and Lorne have no ground.");
+      press(message, "OK");
+    });
+    at<QComboBox>(window, "Combo3", 0)->setCurrentIndex(11);
+    at<QComboBox>(window, "Combo3", 2)->setCurrentIndex(12);
+    press(window, "Command1");
+    EXPECT_EQ(robot.left(), 0);
+  }
+  {
+    Robot robot;
+    robot.next("message", [](QWidget& message) {
+      EXPECT_EQ(control<QLabel>(message, "text")->text(), "No host is chosen.");
+      press(message, "OK");
+    });
+    at<QComboBox>(window, "Combo3", 0)->setCurrentIndex(0);
+    at<QComboBox>(window, "Combo3", 2)->setCurrentIndex(0);
+    press(window, "Command1");
+    EXPECT_EQ(robot.left(), 0);
+  }
+  at<QComboBox>(window, "Combo3", 0)->setCurrentIndex(11);
+  at<QComboBox>(window, "Combo3", 1)->setCurrentIndex(1);
+  press_and_answer(window, "Command1", "grounds_question", "No");
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_THAT(user_.requests, IsEmpty());
+  quit_after(0);
+  press_and_answer(window, "Command1", "grounds_question", "Yes");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(texts_of(world_cup.grounds), (std::vector<std::string>{"Ardell Oval", "Ardell Park"}));
+}
+
+TEST_F(WctableWindowTest, OkWaitsForEveryTeam) {
+  form_.combo1[3] = -1;
+  WctableWindow window(form_);
+  window.show();
+  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose all ten teams");
+  at<QComboBox>(window, "Combo1", 3)->setCurrentIndex(3);
+  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "");
+}
+
+TEST_F(WctableWindowTest, ACupThatStandsIsToldAndCanBeStartedAfresh) {
+  EXPECT_EQ(WctableWindow(form_).findChild<QWidget*>("afresh"), nullptr) << "nothing stands at the start";
+  form_.command1_click();
+  world_cup.quit_requested = true;
+  form_.show_again();
+  WctableWindow window(form_);
+  window.show();
+  take_picture(window, "wctable_standing");
+  check_window_at_sizes(window);
+  EXPECT_TRUE(control<QLabel>(window, "standing")
+                  ->text()
+                  .startsWith("The tallies and results of the World Cup before stand, and this one adds to them."));
+  press(window, "afresh");
+  EXPECT_FALSE(control<QLabel>(window, "standing")->isVisible());
+  EXPECT_EQ(world_cup.wc_fixtures[1].result, "");
+  EXPECT_EQ(world_cup.wc_final.winner, "");
+  EXPECT_FALSE(world_cup.quit_requested);
+  EXPECT_FALSE(match.loaded);
 }
 
 TEST_F(WctableWindowTest, IsCancelled) {

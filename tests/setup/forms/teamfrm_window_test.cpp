@@ -5,6 +5,8 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
 #include <QRadioButton>
 
 #include "desktop/message_window.h"
@@ -36,6 +38,7 @@ class TeamfrmWindowTest : public ::testing::Test {
  protected:
   void SetUp() override {
     match = match_state();
+    preferences::set_captains({.first_human = false, .second_human = false});
     chance.use_seed(7);
   }
 
@@ -70,7 +73,7 @@ TEST_F(TeamfrmWindowTest, PassesTheChecks) {
 
 TEST_F(TeamfrmWindowTest, ShowsTheFormAsItOpened) {
   open(three);
-  form_.option3_cpu = false;
+  preferences::set_captains({.first_human = false, .second_human = true});
   TeamfrmWindow window(form_);
   const auto* first = control<QComboBox>(window, "Combo1");
   EXPECT_EQ(texts(*first), (QStringList{"Alba", "Brook", "Carse"}));
@@ -150,15 +153,15 @@ TEST_F(TeamfrmWindowTest, OkPlaysTheMatchWhileTheWindowIsHidden) {
 }
 
 TEST_F(TeamfrmWindowTest, AFailureInTheMatchIsReported) {
-  open({"Alba"});
-  match.ground.pitch_bounce = match.ground.pitch_surface = 3;
+  open(three);
   std::string failure;
   on_failure([&](const std::exception& error) { failure = error.what(); });
   TeamfrmWindow window(form_);
   window.show();
+  std::filesystem::remove(files.grd);
   press(window, "Command1");
   on_failure({});
-  EXPECT_THAT(failure, ::testing::HasSubstr("no team is chosen"));
+  EXPECT_THAT(failure, ::testing::HasSubstr("world.grd"));
 }
 
 TEST_F(TeamfrmWindowTest, CancelAndEscapeCloseAndDoNothing) {
@@ -177,18 +180,73 @@ TEST_F(TeamfrmWindowTest, CancelAndEscapeCloseAndDoNothing) {
   EXPECT_THAT(user_.requests, ElementsAre());
 }
 
-TEST_F(TeamfrmWindowTest, MatchesWithoutStoppingAreRemembered) {
+TEST_F(TeamfrmWindowTest, AMatchIsNeverPlayedWithoutStopping) {
   open(three);
-  preferences::set_plays_without_stopping(false);
+  const TeamfrmWindow window(form_);
+  EXPECT_EQ(window.findChild<QCheckBox*>("play_without_stopping"), nullptr);
+}
+
+TEST_F(TeamfrmWindowTest, AtFirstTheUserCaptainsTheFirstTeam) {
+  preferences::use_file(QString::fromStdString((database_.folder() / "fresh.ini").string()));
+  open(three);
   TeamfrmWindow window(form_);
-  auto* box = control<QCheckBox>(window, "play_without_stopping");
-  EXPECT_FALSE(box->isChecked());
-  EXPECT_EQ(QString(box->text()).remove(u'&'), "Play computer matches without stopping");
-  box->click();
-  EXPECT_TRUE(preferences::plays_without_stopping());
-  EXPECT_TRUE(control<QCheckBox>(TeamfrmWindow(form_), "play_without_stopping")->isChecked());
-  box->click();
-  EXPECT_FALSE(preferences::plays_without_stopping());
+  EXPECT_TRUE(control<QRadioButton>(window, "Option1_1")->isChecked());
+  EXPECT_TRUE(control<QRadioButton>(window, "Option3_0")->isChecked());
+  EXPECT_FALSE(form_.option1_cpu);
+  EXPECT_TRUE(form_.option3_cpu);
+}
+
+TEST_F(TeamfrmWindowTest, TheCaptainsOfTheLastMatchAreRemembered) {
+  open(three);
+  user_.on_wecond.assign(2, [](wecond& conditions) { conditions.leave(); });
+  for (const bool first_human : {false, true}) {
+    {
+      TeamfrmWindow window(form_);
+      window.show();
+      control<QRadioButton>(window, first_human ? "Option1_1" : "Option1_0")->click();
+      control<QRadioButton>(window, first_human ? "Option3_0" : "Option3_1")->click();
+      press(window, "Command1");
+    }
+    {
+      TeamfrmWindow cancelled(form_);
+      cancelled.show();
+      control<QRadioButton>(cancelled, first_human ? "Option1_0" : "Option1_1")->click();
+      press(cancelled, "Command2");
+    }
+    teamfrm fresh;
+    fresh.open();
+    TeamfrmWindow next(fresh);
+    EXPECT_EQ(fresh.option1_cpu, !first_human);
+    EXPECT_EQ(fresh.option3_cpu, first_human);
+  }
+}
+
+TEST_F(TeamfrmWindowTest, OkWaitsForTeamsAndAGround) {
+  open({"Alba", "Brook"});
+  TeamfrmWindow window(form_);
+  window.show();
+  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose both teams");
+  take_picture(window, "teamfrm_waiting");
+  control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
+  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
+  control<QComboBox>(window, "Combo3")->setCurrentIndex(-1);
+  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose a ground");
+  control<QComboBox>(window, "Combo3")->setCurrentIndex(0);
+  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "");
+}
+
+TEST_F(TeamfrmWindowTest, AMatchThatIsLeftClosesTheWindow) {
+  open(three);
+  user_.on_wecond.push_back([](wecond& conditions) { conditions.leave(); });
+  Robot robot;
+  robot.next("teamfrm", pressing("Command1"));
+  TeamfrmWindow window(form_);
+  window.exec();
+  EXPECT_TRUE(form_.left);
+  EXPECT_FALSE(window.isVisible());
 }
 
 }  // namespace
