@@ -19,7 +19,11 @@ int main(int count, char** words) {
     form.combo1_text = words[2];
     form.dir1 = "/photos";
     form.command4_click(std::stol(velorin::change_to_rgb(words[3])));
-    return form.command1_click() ? 1 : 0;
+    if (const auto message = form.command1_click()) {
+      std::cerr << "settings_writer: " << message->text << '\n';
+      return 1;
+    }
+    return 0;
   } catch (const std::exception& error) {
     std::cerr << "settings_writer: " << error.what() << '\n';
     return 1;
