@@ -167,6 +167,7 @@ TEST_F(RecordWindows, OpenTheProfileOfTheManInTheRow) {
   write();
   Players players(2);
   auto* table = control<TableView>(*players.window, "table");
+  control<QPushButton>(*players.window, "profile")->setFocus();
   press(*players.window, "profile");
   EXPECT_EQ(players.window->focusWidget(), control<QPushButton>(*players.window, "Command1")) << "Return closes";
   QTest::keyClick(table, Qt::Key_Down);
