@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QTimer>
@@ -203,8 +204,12 @@ void Form::reject() {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
-  auto* button = qobject_cast<QPushButton*>(focusWidget());
   const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  QAbstractButton* button = qobject_cast<QPushButton*>(focusWidget());
+  // A form that waits for a choice takes it, before Return can confirm it.
+  if (button == nullptr && default_ != nullptr && !default_->isEnabled()) {
+    button = qobject_cast<QRadioButton*>(focusWidget());
+  }
   if (!enters || event->modifiers() != Qt::NoModifier || button == nullptr) return QDialog::keyPressEvent(event);
   button->click();
 }

@@ -33,7 +33,7 @@ OpeningWindow::OpeningWindow(QtFrontEnd& shown_by)
   row->setSpacing(0);
   auto* picture = new GroundPicture(QStringLiteral("picture"));
   picture->set_words(QStringLiteral("Velorin"), QStringLiteral("One-day international cricket"));
-  picture->setMinimumSize(420, 560);
+  picture->setMinimumSize(320, 320);
   row->addWidget(picture, 3);
   auto* side = new QWidget;
   side->setMinimumWidth(360);

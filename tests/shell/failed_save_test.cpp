@@ -79,7 +79,7 @@ class FailedSave : public GameTest {
 };
 
 TEST_F(FailedSave, AWorldCupOnAFullDiskGoesOnOnceThereIsRoom) {
-  preferences::set_plays_without_stopping(true);
+  preferences::set_plays_without_stopping("wctable", true);
   std::vector<std::string> undisturbed;
   std::string winner;
   {
@@ -108,7 +108,7 @@ TEST_F(FailedSave, AWorldCupOnAFullDiskGoesOnOnceThereIsRoom) {
 }
 
 TEST_F(FailedSave, AWorldCupCanBePlayedWithoutSaving) {
-  preferences::set_plays_without_stopping(true);
+  preferences::set_plays_without_stopping("wctable", true);
   ClickingUser user;
   enter_cup(user);
   const small_disk full(20'000);

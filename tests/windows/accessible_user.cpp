@@ -82,8 +82,12 @@ QString state_of(const QWidget& window) {
     if (const auto* slider = qobject_cast<const QAbstractSlider*>(widget)) part += QString::number(slider->value());
     parts << part;
   }
+  const Captains captains = preferences::captains();
   parts << QString::number(static_cast<int>(preferences::pace()))
-        << (preferences::plays_without_stopping() ? QStringLiteral("on") : QStringLiteral("off"));
+        << QStringLiteral("%1%2").arg(captains.first_human).arg(captains.second_human);
+  for (const char* form : {"series1", "series2", "wctable"}) {
+    parts << QString::number(preferences::plays_without_stopping(QLatin1String(form)));
+  }
   return parts.join(u'\n');
 }
 
