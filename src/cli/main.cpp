@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -11,13 +12,38 @@
 #include "cli/command_line.h"
 #include "database/file_buffer.h"
 #include "database/file_calls.h"
+#include "database/folder_lock.h"
+
+namespace {
+
+/// Says once of each wait that anybody would notice what is waited for.
+class waiting_line : public velorin::turn_watcher {
+ public:
+  void turn_is_waited_for(const std::filesystem::path& folder, std::chrono::milliseconds so_far) override {
+    if (said_ || so_far < std::chrono::seconds(1)) return;
+    said_ = true;
+    std::cerr << "velorin-cli: Waiting for another program that works on the files in " << folder.string() << " ...\n";
+  }
+  void wait_is_over() override { said_ = false; }
+
+ private:
+  bool said_ = false;
+};
+
+}  // namespace
 
 int main(int argc, char** argv) {
-  if (!velorin::prepare_process()) return 1;
+  if (!velorin::prepare_process()) {
+    std::cerr << "velorin-cli: A closed standard descriptor cannot be replaced: "
+              << std::generic_category().message(errno) << '\n';
+    return 1;
+  }
   velorin::descriptor standard_output(STDOUT_FILENO);
   velorin::file_buffer buffer(standard_output);
   std::ostream out(&buffer);
   std::cerr.tie(&out);
+  waiting_line waiting;
+  velorin::watch_turns(&waiting);
   std::error_code error;
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
   const std::filesystem::path folder = error ? std::filesystem::path(argv[0]).parent_path() : program.parent_path();

@@ -63,6 +63,15 @@ bool is_plain_file(const std::filesystem::path& file) {
   return std::filesystem::is_regular_file(status);
 }
 
+/// On offer, or with careers or records alone, which can be read without teams and grounds.
+bool is_known(const std::string& base) {
+  const std::vector<std::string> offered = databases_on_offer(files.folder);
+  if (std::find(offered.begin(), offered.end(), base) != offered.end()) return true;
+  if (base.empty() || base.find('/') != std::string::npos || base.find('\0') != std::string::npos) return false;
+  const database_files paths = database_paths(files.folder, base);
+  return is_plain_file(paths.rec) || is_plain_file(paths.ptr);
+}
+
 }  // namespace
 
 database_files database_paths(const std::filesystem::path& folder, const std::string& base) {
@@ -104,8 +113,7 @@ bool require_readable_options() {
 
 first_settings take_first_settings() {
   if (!read_options()) return first_settings::missing;
-  const std::vector<std::string> offered = databases_on_offer(files.folder);
-  const bool found = std::find(offered.begin(), offered.end(), settings.database_name) != offered.end();
+  const bool found = is_known(settings.database_name);
   use_database(found ? settings.database_name : std::string());
   return found ? first_settings::in_use : first_settings::not_on_offer;
 }
@@ -118,7 +126,7 @@ void write_options() {
   std::string text;
   for (const auto setting : options_lines) {
     const std::string& value = settings.*setting;
-    text += value.substr(0, value.find_first_of("\r\n")) + "\r\n";  // a further line would shift those below
+    text += value.substr(0, value.find('\n')) + "\r\n";  // a further line would shift those below
   }
   const folder_lock turn(options_file());
   replace_file(options_file(), text);

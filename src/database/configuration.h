@@ -55,10 +55,11 @@ bool require_readable_options();
 enum class first_settings {
   in_use,        ///< the database of options.mc is the one in use
   missing,       ///< no options.mc, or one that cannot be read
-  not_on_offer,  ///< it names a database that is not on offer; the other settings hold, and no database is in use
+  not_on_offer,  ///< it names no database of the folder; the other settings hold, and no database is in use
 };
 
-/// The start of the program: read_options(), and the database that it names. Raises run_time_error (file) for a folder
+/// The start of the program: read_options(), and the database that it names. One that is not on offer, since its teams or
+/// grounds are missing, is in use all the same where its careers or records are there. Raises run_time_error (file) for a folder
 /// that cannot be read.
 first_settings take_first_settings();
 

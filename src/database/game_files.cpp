@@ -5,23 +5,11 @@
 
 #include "database/configuration.h"
 #include "database/file_calls.h"
+#include "model/game_names.h"
 
 namespace velorin {
 
 namespace {
-
-struct kept {
-  const char* name;
-  const char* use;
-};
-
-constexpr kept names[] = {{"options.mc", "the settings"},
-                          {"team1r.txt", "the elevens"},
-                          {"team2r.txt", "the elevens"},
-                          {"dummy.txt", "the elevens"}};
-
-constexpr kept endings[] = {{".team", "the teams"},  {".grd", "the grounds"},        {".rec", "the careers"},
-                            {".ptr", "the records"}, {".new", "an unfinished save"}, {".next", "an unfinished save"}};
 
 bool is_same_folder(const std::filesystem::path& one, const std::filesystem::path& other) {
   struct stat a {};
@@ -34,13 +22,7 @@ bool is_same_folder(const std::filesystem::path& one, const std::filesystem::pat
 std::string game_use_of(const std::filesystem::path& file) {
   const std::filesystem::path real = real_file(file);
   if (!is_same_folder(folder_of(real), files.folder)) return {};
-  for (const kept& one : names) {
-    if (real.filename() == one.name) return one.use;
-  }
-  for (const kept& one : endings) {
-    if (real.filename().native().ends_with(one.name)) return one.use;
-  }
-  return {};
+  return std::string(game_use_of_name(real.filename().native()));
 }
 
 }  // namespace velorin

@@ -72,11 +72,17 @@ bool BodyArea::hasHeightForWidth() const { return content_->layout()->hasHeightF
 
 int BodyArea::heightForWidth(int width) const { return std::min(needed_height(width), room_.height()); }
 
-void BodyArea::keyPressEvent(QKeyEvent* event) {
-  const bool page = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown;
-  if (page && verticalScrollBar()->maximum() > 0) return QScrollArea::keyPressEvent(event);
-  event->ignore();  // the arrows belong to the form
+bool BodyArea::wants_room() const {
+  return height() < room_.height() && needed_height(viewport()->width()) > height();
 }
+
+bool BodyArea::turn_page(bool down) {
+  if (verticalScrollBar()->maximum() == 0) return false;
+  verticalScrollBar()->triggerAction(down ? QAbstractSlider::SliderPageStepAdd : QAbstractSlider::SliderPageStepSub);
+  return true;
+}
+
+void BodyArea::keyPressEvent(QKeyEvent* event) { event->ignore(); }  // the form turns pages; the arrows are its own
 
 void BodyArea::resizeEvent(QResizeEvent* event) {
   fit();

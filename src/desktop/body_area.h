@@ -18,6 +18,10 @@ class BodyArea : public QScrollArea {
   void set_room(QSize room);
   /// Takes in what the body needs at the present width.
   void fit();
+  /// Whether the body has scroll bars although the screen has room for more of it.
+  bool wants_room() const;
+  /// Scrolls by a page; false where there is nothing to scroll.
+  bool turn_page(bool down);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -25,7 +29,6 @@ class BodyArea : public QScrollArea {
   int heightForWidth(int width) const override;
 
  protected:
-  /// The page keys scroll.
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 

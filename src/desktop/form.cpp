@@ -186,6 +186,10 @@ bool Form::event(QEvent* event) {
   // A window over a busy form waits for its user.
   if (event->type() == QEvent::WindowBlocked) show_busy(false);
   if (event->type() == QEvent::WindowUnblocked) show_busy(busy_);
+  // A line may come into a body that is on show.
+  if (event->type() == QEvent::LayoutRequest && isVisible() && area_->wants_room()) {
+    QTimer::singleShot(0, this, [this] { make_room(); });
+  }
   // The desktop may have put something else around the window than was expected.
   if (event->type() == QEvent::WindowActivate && expected_ != frame()) {
     QTimer::singleShot(0, this, [this] { stay_on_screen(); });
@@ -204,6 +208,8 @@ void Form::reject() {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
+  const bool down = event->key() == Qt::Key_PageDown;
+  if ((down || event->key() == Qt::Key_PageUp) && area_->turn_page(down)) return;
   const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   QAbstractButton* button = qobject_cast<QPushButton*>(focusWidget());
   // A form that waits for a choice takes it, before Return can confirm it.
@@ -275,6 +281,19 @@ void Form::stay_on_screen() {
   if (best != pos()) move(best);
 }
 
+void Form::grow() {
+  const int needed = layout()->hasHeightForWidth() ? layout()->totalMinimumHeightForWidth(width())
+                                                   : layout()->totalMinimumSize().height();
+  if (needed > height()) resize(width(), needed);
+}
+
+void Form::make_room() {
+  if (!isVisible() || isMaximized() || isFullScreen() || !area_->wants_room()) return;
+  measure_room();
+  grow();
+  stay_on_screen();
+}
+
 void Form::showEvent(QShowEvent* event) {
   placing_ = !event->spontaneous();
   if (placing_) measure_room();
@@ -286,10 +305,7 @@ void Form::showEvent(QShowEvent* event) {
       resize(size().expandedTo(preferred_));
     }
     // Wrapped lines may need more height than at the last time.
-    if (const int needed = layout()->hasHeightForWidth() ? layout()->totalMinimumHeightForWidth(width()) : 0;
-        needed > height()) {
-      resize(width(), needed);
-    }
+    grow();
   }
   QDialog::showEvent(event);
   if (placing_) stay_on_screen();

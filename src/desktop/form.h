@@ -80,7 +80,7 @@ class Form : public QDialog {
 
  protected:
   bool event(QEvent* event) override;
-  /// Return presses the button that has the keyboard, elsewhere the default button. While that is disabled, Return
+  /// The page keys scroll a body that is too large. Return presses the button that has the keyboard, elsewhere the default button. While that is disabled, Return
   /// takes the choice that has the keyboard.
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -100,6 +100,10 @@ class Form : public QDialog {
   /// Tells the body how much room the screen has for it.
   void measure_room();
   void stay_on_screen();
+  /// As high as the contents need at this width.
+  void grow();
+  /// Likewise on the screen, as far as it has room.
+  void make_room();
 
   Dismissal dismissal_;
   std::function<void()> dismissed_;

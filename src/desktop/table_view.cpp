@@ -27,6 +27,7 @@
 #include "desktop/shown_text.h"
 #include "desktop/table_model.h"
 #include "model/code_page.h"
+#include "model/game_names.h"
 #include "model/run_time_error.h"
 
 namespace velorin {
@@ -236,11 +237,15 @@ void save_table(const Table& table, QWidget* window) {
 
 void write_csv(const QString& path, const Table& table) {
   QSaveFile file(path);
-  const auto refuse = [&path](const std::string& cause) {
+  const auto fail = [&path](const std::string& words) {
     const std::string name = path.toStdString();
-    throw run_time_error(failure::file, "The file cannot be written: " + cause,
-                         {from_utf8(name).value_or(name), 0, {}, {}});
+    throw run_time_error(failure::file, words, {from_utf8(name).value_or(name), 0, {}, {}});
   };
+  const auto refuse = [&fail](const std::string& cause) { fail("The file cannot be written: " + cause); };
+  for (const QFileInfo& named : {QFileInfo(path), QFileInfo(QFileInfo(path).canonicalFilePath())}) {
+    const std::string_view use = game_use_of_name(named.fileName().toStdString());
+    if (!use.empty()) fail("The name is that of a file of the game, for " + std::string(use));
+  }
   if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) refuse(file.errorString().toStdString());
   if (const int cause = error_of_writing(file.handle(), table_csv(table).toUtf8())) {
     refuse(std::generic_category().message(cause));

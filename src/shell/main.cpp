@@ -2,6 +2,9 @@
 #include <QApplication>
 #include <QIcon>
 #include <QTimer>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <filesystem>
 
 #include "database/configuration.h"
@@ -13,7 +16,10 @@
 
 int main(int argc, char** argv) {
   using namespace velorin;
-  if (!prepare_process()) return 1;
+  if (!prepare_process()) {
+    std::fprintf(stderr, "velorin: A closed standard descriptor cannot be replaced: %s\n", std::strerror(errno));
+    return 1;
+  }
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("velorin"));
   QApplication::setApplicationDisplayName(QString());

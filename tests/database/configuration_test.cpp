@@ -95,6 +95,31 @@ TEST_F(Configuration, WhatIsWrittenIsReadBack) {
   EXPECT_THAT(names_in(folder), ElementsAre("options.mc"));
 }
 
+TEST_F(Configuration, ALoneCarriageReturnEndsNoLine) {
+  write_options_file("C:\\photos\r\nsmall\r\n0000\rFF\r\nFFFFFF\r\nArial\r\n");
+  ASSERT_TRUE(read_options());
+  EXPECT_EQ(settings.text_color, "0000\rFF");
+  write_options();
+  settings = configuration();
+  ASSERT_TRUE(read_options());
+  EXPECT_EQ(settings.text_color, "0000\rFF");
+  EXPECT_EQ(settings.back_color, "FFFFFF");
+}
+
+TEST_F(Configuration, CareersAreInUseWithoutTeamsAndGrounds) {
+  write_options_file("photos\r\nsmall\r\n000000\r\nFFFFFF\r\nArial\r\n");
+  EXPECT_EQ(take_first_settings(), first_settings::not_on_offer);
+  EXPECT_EQ(files.base, "");
+  write_bytes(folder / "small.rec", "careers");
+  EXPECT_EQ(take_first_settings(), first_settings::in_use);
+  EXPECT_EQ(files.rec, folder / "small.rec");
+  for (const char* elsewhere : {"/etc/small", "../small", "deep/small"}) {
+    settings.database_name = elsewhere;
+    write_options();
+    EXPECT_EQ(take_first_settings(), first_settings::not_on_offer) << elsewhere;
+  }
+}
+
 TEST_F(Configuration, AFailedWriteLeavesNothingBehind) {
   std::filesystem::create_directory(folder / "options.mc");
   const auto error = error_of([] { write_options(); });

@@ -186,6 +186,34 @@ TEST(FormTest, ABodyTooTallAloneScrollsOneWayByThePageKeys) {
   EXPECT_GT(form.area().verticalScrollBar()->value(), 0);
 }
 
+TEST(FormTest, ThePageKeysScrollFromTheFootAsWell) {
+  SizedForm form({300, 3000}, "tall-foot");
+  form.show();
+  QTest::qWait(10);
+  auto* ok = control<QPushButton>(form, "OK");
+  ok->setFocus();
+  QTest::keyClick(ok, Qt::Key_PageDown);
+  const int below = form.area().verticalScrollBar()->value();
+  EXPECT_GT(below, 0);
+  QTest::keyClick(ok, Qt::Key_PageUp);
+  EXPECT_LT(form.area().verticalScrollBar()->value(), below);
+}
+
+TEST(FormTest, ABodyThatGrowsOnShowGetsTheRoomOfTheScreen) {
+  SizedForm form({300, 200}, "growing");
+  auto* note = new QLabel(QStringLiteral("A note that comes later\nand has\nsome lines"));
+  form.body()->addWidget(note);
+  note->hide();
+  form.show();
+  QTest::qWait(10);
+  const int before = form.height();
+  note->show();
+  QTest::qWait(20);
+  EXPECT_GE(form.height(), before + note->height());
+  EXPECT_EQ(form.area().verticalScrollBar()->maximum(), 0);
+  EXPECT_EQ(form.area().horizontalScrollBar()->maximum(), 0);
+}
+
 TEST(FormTest, AFootTooLongForTheScreenHasTwoRows) {
   const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
   SizedForm form({300, 200}, "long-foot");

@@ -9,6 +9,7 @@
 
 #include "desktop/preferences.h"
 #include "desktop/table_view.h"
+#include "model/game_names.h"
 #include "support/failing_disk.h"
 #include "windows/robot.h"
 
@@ -112,6 +113,20 @@ TEST_F(SaveTableTest, AFullDiskLeavesTheOldFile) {
   }
   EXPECT_EQ(content(path("a.csv")), "old");
   EXPECT_EQ(files(), QStringList({"a.csv"}));
+}
+
+TEST_F(SaveTableTest, NoNameOfTheGamesFilesIsTaken) {
+  for (const char* name : {"world.rec", "world.ptr", "world.team", "a.grd", "dummy.txt", "options.mc", "x.csv.new"}) {
+    write_old(name);
+    save(path(name), QStringLiteral("The name is that of a file of the game, for %1 (file %2)")
+                         .arg(QString::fromStdString(std::string(game_use_of_name(name))), path(name)));
+    EXPECT_EQ(content(path(name)), "old") << name;
+  }
+  write_old("careers.rec");
+  QFile::link(path("careers.rec"), path("careers.csv"));
+  save(path("careers.csv"),
+       QStringLiteral("The name is that of a file of the game, for the careers (file %1)").arg(path("careers.csv")));
+  EXPECT_EQ(content(path("careers.rec")), "old");
 }
 
 }  // namespace

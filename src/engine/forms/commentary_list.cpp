@@ -137,7 +137,7 @@ class LinePainter : public QStyledItemDelegate {
 
 QString shortened_line(const QString& line, const QFontMetrics& metrics, int room) {
   const qsizetype cut = line.lastIndexOf(QLatin1String(" : "));
-  if (cut < 0 || metrics.horizontalAdvance(line) <= room) return metrics.elidedText(line, Qt::ElideRight, room);
+  if (cut < 0 || metrics.horizontalAdvance(line) <= room) return metrics.elidedText(line, Qt::ElideMiddle, room);
   const QString outcome = line.mid(cut);
   const int left = room - metrics.horizontalAdvance(outcome);
   return left > 0 ? metrics.elidedText(line.left(cut), Qt::ElideMiddle, left) + outcome

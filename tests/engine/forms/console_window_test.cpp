@@ -266,7 +266,8 @@ TEST(ShortenedLine, KeepsTheOutcome) {
     EXPECT_TRUE(text.endsWith("4 runs.")) << room;
     EXPECT_LE(metrics.horizontalAdvance(text), room);
   }
-  EXPECT_TRUE(shortened_line("A block without an outcome", metrics, 60).startsWith("A bl"));
+  const QString dismissal = shortened_line("O.R.Penhaligon c R.S.Marchetti b L.D.Stanhope 12 (15)", metrics, 160);
+  EXPECT_TRUE(dismissal.startsWith("O.R.") && dismissal.endsWith("12 (15)")) << dismissal.toStdString();
 }
 
 TEST_F(ConsoleWindowTest, TheOutcomeOfEveryBallIsInViewInANarrowList) {
