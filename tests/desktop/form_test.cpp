@@ -201,7 +201,8 @@ TEST(FormTest, ThePageKeysScrollFromTheFootAsWell) {
 
 TEST(FormTest, ABodyThatGrowsOnShowGetsTheRoomOfTheScreen) {
   SizedForm form({300, 200}, "growing");
-  auto* note = new QLabel(QStringLiteral("A note that comes later\nand has\nsome lines"));
+  auto* note = new QLabel(QStringLiteral("A note that comes later and has some lines. ").repeated(6));
+  note->setWordWrap(true);
   form.body()->addWidget(note);
   note->hide();
   form.show();

@@ -152,7 +152,7 @@ CommentaryList::CommentaryList(QWidget* parent) : QListView(parent), lines_(new 
   setSelectionMode(QAbstractItemView::ExtendedSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setItemDelegate(new LinePainter(this));
-  setMinimumWidth(220);
+  setMinimumWidth(160);
   // The newest line is selected all the time: it must not outshine the rest.
   setProperty("quiet", true);
 }

@@ -115,7 +115,7 @@ QFrame* ConsoleWindow::new_over_card() {
   browser_->setAccessibleName(QStringLiteral("Past overs"));
   browser_->setFocusPolicy(Qt::TabFocus);
   browser_->setPageStep(5);
-  browser_->setMinimumWidth(72);
+  browser_->setMinimumWidth(48);
   connect(browser_, &QScrollBar::valueChanged, this, [this](int over) { guarded([&] { browse(over); }); });
   over_before_ = new_step(QStringLiteral("over_before"), QStringLiteral("\u2039"),
                           {.caption = QStringLiteral("Over before"), .key = QKeySequence(Qt::Key_Comma)});
