@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/command_line.h"
 
+#include <algorithm>
 #include <charconv>
 #include <exception>
 #include <ostream>
@@ -14,38 +15,13 @@ namespace velorin::cli {
 
 namespace {
 
-/// How many bytes follow the first byte of a character in UTF-8; -1 for a byte that begins none.
-int bytes_behind(unsigned char lead) {
-  if (lead < 0x80) return 0;
-  if (lead >= 0xC2 && lead < 0xE0) return 1;
-  if (lead >= 0xE0 && lead < 0xF0) return 2;
-  return lead >= 0xF0 && lead < 0xF5 ? 3 : -1;
-}
-
-bool is_utf8(const std::string& text) {
-  int behind = 0;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (behind == 0) {
-      behind = bytes_behind(byte);
-      if (behind < 0) return false;
-    } else {
-      if ((byte & 0xC0) != 0x80) return false;
-      --behind;
-    }
-  }
-  return behind == 0;
-}
-
 /// An error as one line of UTF-8. Names within it are bytes of Windows-1252, or as they came from the command line.
 std::string one_line(const std::exception& error) {
   std::string line = error.what();
-  if (!is_utf8(line)) line = to_utf8(line);
-  for (char& c : line) {
-    if (c == '\n' || c == '\r') c = ' ';
-    if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
-  }
-  return line;
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  line = without_controls(line);
+  return is_utf8(line) ? line : to_utf8(line);
 }
 
 }  // namespace

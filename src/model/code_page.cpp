@@ -28,6 +28,23 @@ void append_utf8(std::string& text, char32_t code) {
   }
 }
 
+/// How many bytes follow the first byte of a character in UTF-8; -1 for a byte that begins none.
+int bytes_behind(std::uint8_t lead) {
+  if (lead < 0x80) return 0;
+  if (lead >= 0xC2 && lead < 0xE0) return 1;
+  if (lead >= 0xE0 && lead < 0xF0) return 2;
+  return lead >= 0xF0 && lead < 0xF5 ? 3 : -1;
+}
+
+/// Whether `next` may follow the first byte of a character: neither a longer form than needed, nor half of a pair, nor
+/// beyond the last character.
+bool may_follow(std::uint8_t lead, std::uint8_t next) {
+  if (lead == 0xE0) return next >= 0xA0;
+  if (lead == 0xED) return next < 0xA0;
+  if (lead == 0xF0) return next >= 0x90;
+  return lead != 0xF4 || next < 0x90;
+}
+
 /// Decodes one character of up to three bytes at `at` and moves past it. Nothing if the bytes are not valid; characters
 /// of four bytes have no place in the code page and count as not valid here.
 std::optional<char32_t> next_character(std::string_view text, std::size_t& at) {
@@ -92,6 +109,39 @@ bool is_control(char byte) {
 }
 
 bool has_control(std::string_view text) { return std::any_of(text.begin(), text.end(), is_control); }
+
+bool is_utf8(std::string_view text) {
+  int behind = 0;
+  std::uint8_t lead = 0;
+  for (const char c : text) {
+    const auto byte = static_cast<std::uint8_t>(c);
+    if (behind == 0) {
+      lead = byte;
+      behind = bytes_behind(byte);
+      if (behind < 0) return false;
+    } else {
+      if ((byte & 0xC0) != 0x80 || !may_follow(lead, byte)) return false;
+      lead = 0;
+      --behind;
+    }
+  }
+  return behind == 0;
+}
+
+std::string without_controls(std::string_view text) {
+  std::string shown(text);
+  if (!is_utf8(text)) {
+    std::replace_if(shown.begin(), shown.end(), is_control, '?');
+    return shown;
+  }
+  // Above 0x7F it is C2 80 to C2 9F, and C2 begins nothing but characters of two bytes.
+  for (std::size_t at = shown.find('\xC2'); at != std::string::npos; at = shown.find('\xC2', at + 1)) {
+    if (static_cast<std::uint8_t>(shown[at + 1]) < 0xA0) shown.replace(at, 2, "?");
+  }
+  std::replace_if(
+      shown.begin(), shown.end(), [](char c) { return static_cast<std::uint8_t>(c) < 0x20 || c == 0x7F; }, '?');
+  return shown;
+}
 
 std::string shown_line(std::string_view bytes) {
   std::string line(bytes);

@@ -19,6 +19,13 @@ std::optional<std::string> from_utf8(std::string_view text, std::size_t* bad_off
 bool is_control(char byte);
 bool has_control(std::string_view text);
 
+/// True for valid UTF-8.
+bool is_utf8(std::string_view text);
+
+/// A text with "?" for each control character, to U+009F. It is UTF-8 if it is valid as that, else Windows-1252, and
+/// stays what it is.
+std::string without_controls(std::string_view text);
+
 /// Windows-1252 bytes as UTF-8 that stays on its line: with "?" for each control character.
 std::string shown_line(std::string_view bytes);
 

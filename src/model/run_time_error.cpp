@@ -3,10 +3,10 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <utility>
 
 #include "model/booking.h"
+#include "model/code_page.h"
 #include "model/integer.h"
 
 namespace velorin {
@@ -24,11 +24,8 @@ std::string one_line(const std::string& happened, const error_place& place) {
   if (!place.field.empty()) add(fmt::format("field {}", place.field));
   if (!place.player.empty()) add(fmt::format("at \"{}\"", place.player));
   if (!where.empty()) where += ")";
-  std::string line = happened + where;
   // Values out of files come along as they are; a zero would end what() before its place is told.
-  std::replace_if(
-      line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
-  return line;
+  return without_controls(happened + where);
 }
 
 template <typename Value>

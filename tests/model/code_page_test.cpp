@@ -91,5 +91,27 @@ TEST(CodePage, AGoodTextLeavesTheOffsetAlone) {
   EXPECT_EQ(offset, 999U);
 }
 
+TEST(WithoutControls, Utf8StaysUtf8) {
+  EXPECT_EQ(without_controls("a\x1B\x7Fz"), "a??z");
+  EXPECT_EQ(without_controls("a\xC2\x80\xC2\x9F\xC2\xA0\u00DD\u201D"), "a??\xC2\xA0\u00DD\u201D");
+  EXPECT_EQ(without_controls("\u6F22\U0001F3CF"), "\u6F22\U0001F3CF");
+}
+
+TEST(WithoutControls, OtherBytesAreWindows1252) {
+  EXPECT_EQ(without_controls("\x81\x8D\x8F\x90\x9D\x80\x9E"), "?????\x80\x9E");
+  EXPECT_EQ(without_controls("\xF6\xC2\x9D"), "\xF6\xC2?");
+}
+
+TEST(IsUtf8, HoldsForTheShortestFormsOfCharacters) {
+  for (const char* text :
+       {"", "a", "\xC2\x80", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+    EXPECT_TRUE(is_utf8(text)) << text;
+  }
+  for (const char* text : {"\x80", "\xC2", "\xC2z", "\xC0\x80", "\xC1\xBF", "\xE0\x82\x9D", "\xED\xA0\x80",
+                           "\xF0\x80\x82\x9D", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE2\x80"}) {
+    EXPECT_FALSE(is_utf8(text)) << text;
+  }
+}
+
 }  // namespace
 }  // namespace velorin

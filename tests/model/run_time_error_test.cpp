@@ -40,6 +40,11 @@ TEST(RunTimeError, IsOneLineWhateverItNames) {
   EXPECT_STREQ(error.what(), "\"1??2\" is no number (file a?.csv, field econ, at \"A?[2J?\")");
 }
 
+TEST(RunTimeError, ControlsAboveTheLettersAreNotPassedOnEither) {
+  EXPECT_EQ(text_of(place_of("", 0, "", "a\x9D\x81z")), "It broke (at \"a??z\")") << "Windows-1252";
+  EXPECT_EQ(text_of(place_of("", 0, "", "a\xC2\x9D\xC2\x80z\u00DD")), "It broke (at \"a??z\u00DD\")") << "UTF-8";
+}
+
 TEST(RunTimeError, KeepsThePlaceForItsReaders) {
   const run_time_error error(failure::subscript, "A 21st team", place_of("world.rec", 21, "team_name", "Norvale"));
   EXPECT_EQ(error.kind(), failure::subscript);
