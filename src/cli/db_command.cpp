@@ -20,6 +20,13 @@ struct db_options {
   std::filesystem::path target;
 };
 
+/// What is wrong with a base name; "" if nothing is.
+std::string base_name(const std::string& typed) {
+  const std::filesystem::path name = std::filesystem::path(typed).filename();
+  if (typed.empty()) return not_empty(typed);
+  return name.empty() || name == "." || name == ".." ? "no base name: " + typed : "";
+}
+
 /// The files of a database named on the command line: a base name in the teams folder, or a path without ending.
 database_files named_files(const db_options& options, const program_options& program) {
   const std::filesystem::path given(options.base);
@@ -68,15 +75,15 @@ void add_db(CLI::App& app, const program_options& program, streams io, command_a
   build_it->add_option("SRC_DIR", options->source, "Folder of players.csv and grounds.csv")
       ->required()
       ->check(not_empty);
-  build_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();
+  build_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required()->check(base_name);
   build_it->callback(
       [options, &program, &action] { action = [options, &program] { return build(*options, program); }; });
   CLI::App* dump_it = command->add_subcommand("dump", "The reverse, without loss; careers and records too");
-  dump_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();
+  dump_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required()->check(base_name);
   dump_it->add_option("DIR", options->target, "Folder for the tables")->required()->check(not_empty);
   dump_it->callback([options, &program, &action] { action = [options, &program] { return dump(*options, program); }; });
   CLI::App* check_it = command->add_subcommand("check", "Every fault of the four files, a line each");
-  check_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required();
+  check_it->add_option("BASE", options->base, "Base name in the teams folder, or a path")->required()->check(base_name);
   check_it->callback(
       [options, &program, io, &action] { action = [options, &program, io] { return check(*options, program, io); }; });
 }
