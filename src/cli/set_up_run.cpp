@@ -98,6 +98,15 @@ std::vector<double> read_draws(const std::filesystem::path& file) {
   return draws;
 }
 
+namespace {
+
+/// Tells why a database with these files is not on offer, where one of them is there and cannot be read.
+void require_readable_files(const database_files& database) {
+  for (const std::filesystem::path& file : {database.team, database.grd}) read_file(file);
+}
+
+}  // namespace
+
 std::string find_database(const program_options& program) {
   const std::vector<std::string> offered = databases_on_offer(program.teams_dir);
   std::string base = program.database.empty() ? std::string() : core_text(program.database);
@@ -111,8 +120,9 @@ std::string find_database(const program_options& program) {
                                : "No database is chosen; on offer: " + joined(offered) + "; name one with --database",
                program.teams_dir / "options.mc");
   }
-  if (std::find(offered.begin(), offered.end(), base) == offered.end()) raise_unknown("database", base, offered);
-  return base;
+  if (std::find(offered.begin(), offered.end(), base) != offered.end()) return base;
+  if (base.find('/') == std::string::npos) require_readable_files(database_paths(program.teams_dir, base));
+  raise_unknown("database", base, offered);
 }
 
 void set_up_run(const program_options& program) {

@@ -111,8 +111,13 @@ bool require_readable_options() {
   return true;
 }
 
-first_settings take_first_settings() {
-  if (!read_options()) return first_settings::missing;
+first_settings take_first_settings(std::string* cause) {
+  try {
+    if (!require_readable_options()) return first_settings::missing;
+  } catch (const run_time_error& error) {
+    if (cause != nullptr) *cause = error.what();
+    return first_settings::missing;
+  }
   const bool found = is_known(settings.database_name);
   use_database(found ? settings.database_name : std::string());
   return found ? first_settings::in_use : first_settings::not_on_offer;

@@ -58,10 +58,11 @@ enum class first_settings {
   not_on_offer,  ///< it names no database of the folder; the other settings hold, and no database is in use
 };
 
-/// The start of the program: read_options(), and the database that it names. One that is not on offer, since its teams or
-/// grounds are missing, is in use all the same where its careers or records are there. Raises run_time_error (file) for a folder
-/// that cannot be read.
-first_settings take_first_settings();
+/// The start of the program: read_options(), and the database that it names. One that is not on offer, since its teams
+/// or grounds are missing, is in use all the same where its careers or records are there. `cause`, where given, receives
+/// what keeps an options.mc that is there from being read. Raises run_time_error (file) for a folder that cannot be
+/// read.
+first_settings take_first_settings(std::string* cause = nullptr);
 
 /// True if a line of options.mc gives the value back as it was.
 bool can_be_kept(const std::string& value);

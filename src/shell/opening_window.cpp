@@ -57,7 +57,12 @@ OpeningWindow::OpeningWindow(QtFrontEnd& shown_by)
 
 void OpeningWindow::start() {
   guarded([this] {
-    const first_settings found = take_first_settings();
+    std::string cause;
+    const first_settings found = take_first_settings(&cause);
+    if (!cause.empty()) {
+      MessageWindow told({"Error", cause});
+      run_modal(told);
+    }
     if (found == first_settings::not_on_offer) {
       MessageWindow told(
           {"Error", "The database \"" + settings.database_name + "\" is not on offer (file options.mc)"});

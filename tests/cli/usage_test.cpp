@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fcntl.h>
+#include <sys/stat.h>
 
 #include <fstream>
 
@@ -82,7 +83,16 @@ TEST_F(Usage, WrongUsageIsStatusTwoAndOneLine) {
       {"db", "dump", "small"},
       {"db", "dump", "small", ""},
       {"db", "build", "", "new"},
-      {"db", "check"}};
+      {"db", "check"},
+      {"db", "check", ""},
+      {"db", "check", "."},
+      {"db", "check", ".."},
+      {"db", "check", "small/"},
+      {"db", "dump", "", "x"},
+      {"db", "dump", "./.", "x"},
+      {"db", "build", "here", ""},
+      {"db", "build", "here", "."},
+      {"db", "build", "here", "new/"}};
   for (const auto& arguments : wrong) {
     std::string line;
     for (const std::string& argument : arguments) line += argument + " ";
@@ -157,6 +167,60 @@ TEST_F(Usage, OneCommandARun) {
 TEST_F(Usage, ANameThatNoFileCouldHoldIsPrintedAsItWasGiven) {
   EXPECT_THAT(error(1, {"match", "--team1", "漢字"}), HasSubstr("漢字"));
   EXPECT_THAT(error(1, {"match", "--team1", "Ünbekannt"}), HasSubstr("\"Ünbekannt\""));
+}
+
+TEST_F(Usage, ErrorLinesHaveNoControlCharacters) {
+  std::filesystem::create_directory(teams() / "a\xC2\x9Dq.team");
+  const std::vector<std::pair<int, std::vector<std::string>>> lines = {
+      {1,
+       {"match", "--team1",
+        "\xC2\x9D"
+        "0;x"}},
+      {1, {"match", "--team1", "\xC2\x80\x1B[2J"}},
+      {1, {"match", "--team1", "\x9D\x81"}},
+      {1, {"db", "dump", "a\xC2\x9Dq", file("x")}},
+      {1, {"db", "build", small_tables().string(), "a\xC2\x9Dq"}},
+      {2, {"match", "--\xC2\x9D"}}};
+  for (const auto& [status, arguments] : lines) {
+    const std::string line = error(status, arguments);
+    EXPECT_THAT(line, HasSubstr("?"));
+    for (std::size_t at = 0; at < line.size(); ++at) {
+      EXPECT_GE(static_cast<unsigned char>(line[at]), 0x20) << line;
+      EXPECT_FALSE(line[at] == '\xC2' && static_cast<unsigned char>(line[at + 1]) < 0xA0) << at << " of " << line;
+    }
+  }
+  EXPECT_THAT(error(1, {"match", "--team1",
+                        "\xC2\x9D"
+                        "0;x"}),
+              HasSubstr("Unknown team \"?0;x\""));
+}
+
+TEST_F(Usage, ADatabaseThatCannotBeReadIsToldWithItsCause) {
+  const auto cause = [this](const std::vector<std::string>& arguments) {
+    std::vector<std::string> all = {"--database", "small"};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    return error(1, all);
+  };
+  for (const std::string name : {"small.team", "small.grd"}) {
+    const std::filesystem::path path = teams() / name;
+    const std::string whole = file_bytes(path);
+    for (const std::vector<std::string>& command : {std::vector<std::string>{"match"}, {"report", "rankings"}}) {
+      std::filesystem::remove(path);
+      ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+      EXPECT_EQ(cause(command),
+                "velorin-cli: The file cannot be read: it is a pipe, a device or the like (file " + name + ")");
+      std::filesystem::remove(path);
+      std::filesystem::create_directory(path);
+      EXPECT_EQ(cause(command), "velorin-cli: The file cannot be read: Is a directory (file " + name + ")");
+      std::filesystem::remove(path);
+      std::filesystem::create_symlink(name, path);
+      EXPECT_EQ(cause(command),
+                "velorin-cli: The file cannot be opened: Too many levels of symbolic links (file " + name + ")");
+      std::filesystem::remove(path);
+      EXPECT_THAT(cause(command), StartsWith("velorin-cli: Unknown database \"small\""));
+    }
+    write_bytes(path, whole);
+  }
 }
 
 TEST_F(Usage, AnUnknownDatabaseIsAnError) {

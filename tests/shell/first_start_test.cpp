@@ -2,6 +2,9 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QTimer>
+
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
 
@@ -65,10 +68,24 @@ TEST_F(FirstStartTest, BrokenSettingsAreAskedForAnew) {
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
   EXPECT_EQ(run([](OpeningWindow&) {}), 0);
   EXPECT_EQ(user.robot.left(), 0);
+  EXPECT_TRUE(user.messages.empty());
   std::ifstream in(file("options.mc"));
   std::string line;
   std::getline(in, line);
   EXPECT_EQ(line, "one line only") << "closing the form must keep the file";
+}
+
+TEST_F(FirstStartTest, SettingsThatCannotBeReadAreToldWithTheirCause) {
+  std::filesystem::remove(file("options.mc"));
+  ASSERT_EQ(::mkfifo(file("options.mc").c_str(), 0600), 0);
+  forget_settings();
+  ClickingUser user;
+  user.robot.next("optfrm", [](QWidget& window) { window.close(); });
+  EXPECT_EQ(run([](OpeningWindow&) {}), 0);
+  EXPECT_EQ(user.messages,
+            std::vector<std::string>{
+                "Error | The file cannot be read: it is a pipe, a device or the like (file options.mc)"});
+  EXPECT_EQ(user.robot.left(), 0);
 }
 
 TEST_F(FirstStartTest, WithoutADatabaseOnOfferNothingStarts) {
