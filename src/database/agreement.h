@@ -43,7 +43,8 @@ struct record_books {
 };
 
 /// Where they contradict each other, in the order of files and records: a team that only one of them knows, matches
-/// that only one of them counts, a line of the lists that no career and no row of the team table bears out.
+/// that only one of them counts, a line of the lists that no career and no row of the team table bears out, and a best
+/// of those that should stand in a list and does not. Holds for whatever matches have left behind.
 std::vector<database_fault> contradictions(const record_books& books);
 
 /// Raises the run_time_error (file) of the first contradiction.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Matches that would pass a limit of the files or of a figure: one line, status 1, and the files as they were.
 #include <fmt/format.h>
+#include <algorithm>
 
 #include <limits>
 
@@ -44,20 +45,42 @@ class CliLimits : public CliTest {
     return message;
   }
 
-  /// Writes careers, and lists that agree with them. The matches of each team's men must be a multiple of eleven.
+  /// Writes careers, and makes the lists of the matches played agree with them. The matches of each team's men must be
+  /// a multiple of eleven, and its first men those who played.
   static void write_books(const career_table& careers) {
+    const career_table before = read_career_table();
     write_career_table(careers);
-    record_lists lists;
+    record_lists lists = read_record_lists();
+    for (int t = 1; t <= before.career_team_count; ++t) rename_men(lists, before.teams[t], careers.teams[t]);
     lists.table_team_count = careers.career_team_count;
     for (int t = 1; t <= careers.career_team_count; ++t) {
       const career_team_rec& team = careers.teams[t];
       std::int64_t appearances = 0;
       for (int p = 1; p <= team.player_count; ++p) appearances += team.players[p].matches;
       ASSERT_EQ(appearances % 11, 0);
-      lists.teams[t].team_name = {team.team_name};
-      lists.teams[t].away_won = {static_cast<double>(appearances / 11)};
+      team_table& row = lists.teams[t];
+      for (tagged* count : {&row.away_tied, &row.away_lost, &row.home_won, &row.home_tied, &row.home_lost}) *count = {};
+      row.team_name = {team.team_name};
+      row.away_won = {static_cast<double>(appearances / 11)};
+    }
+    for (top_total_rec& line : lists.lowest_totals) {
+      if (!line.team.empty()) continue;
+      line.total = 999;
+      line.team = line.against = careers.teams[1].team_name;
     }
     write_record_lists(lists);
+  }
+
+  /// Gives the men of a team's lines the names that stand in the same places now.
+  static void rename_men(record_lists& lists, const career_team_rec& before, const career_team_rec& now) {
+    const auto rename = [&](auto& line) {
+      const auto found = std::find_if(before.players.begin() + 1, before.players.end(),
+                                      [&](const career_rec& man) { return man.name == line.player; });
+      if (line.player.empty() || line.team != before.team_name || found == before.players.end()) return;
+      line.player = now.players[static_cast<std::size_t>(found - before.players.begin())].name;
+    };
+    for (auto& line : lists.top_scores) rename(line);
+    for (auto& line : lists.top_bowling) rename(line);
   }
 
   void play_a_match() const {

@@ -129,7 +129,7 @@ void fill_falls() {
   first.batsman_b = "A.Man2";
   auto& last = match.first_fall_of_wicket[4];
   last.score = 231;
-  last.partner_runs = 10;
+  last.partner_runs = 81;
   last.partner_balls = 30;
   last.balls = 300;
   last.batsman_a = "A.Man1";
