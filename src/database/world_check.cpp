@@ -34,6 +34,17 @@ bool is_missing(const std::filesystem::path& path) {
   return std::filesystem::status(path, failed).type() == std::filesystem::file_type::not_found;
 }
 
+/// The teams file, whose folder is that behind links; a name in its own folder where they lead nowhere, which is a
+/// fault like others.
+std::filesystem::path file_to_lock(const database_files& database) {
+  try {
+    real_file(database.team);
+    return database.team;
+  } catch (const run_time_error&) {
+    return folder_of(database.team) / ".";
+  }
+}
+
 std::string field_of(const rule_fault& fault) {
   return fault.place == 0 ? fault.field : fmt::format("squad[{}].{}", fault.place, fault.field);
 }
@@ -82,12 +93,20 @@ void check_grounds(checked_file& file, const std::vector<team_rec>* teams) {
   for (std::string& what : grounds_missing(*teams, grounds)) file.add(0, "country", std::move(what));
 }
 
-/// Compares the careers and the record lists, of which each can be read.
-void check_agreement(const slot_file& rec, const slot_file& ptr, std::vector<database_fault>& faults) {
-  const auto careers = std::make_unique<career_table>(careers_in(rec));
-  const auto lists = std::make_unique<record_lists>(records_in(ptr));
-  for (database_fault& fault : contradictions({*careers, *lists, rec.name(), ptr.name()})) {
-    faults.push_back(std::move(fault));
+/// Compares careers and record lists as far as they can be read; `read_without_fault` if neither has been found at
+/// fault by itself.
+void check_agreement(const slot_file& rec, const slot_file& ptr, bool read_without_fault,
+                     std::vector<database_fault>& faults) {
+  if (incomplete_careers(rec) || incomplete_records(ptr)) return;
+  try {
+    const auto careers = std::make_unique<career_table>(careers_in(rec));
+    const auto lists = std::make_unique<record_lists>(records_in(ptr));
+    for (database_fault& fault : contradictions({*careers, *lists, rec.name(), ptr.name()})) {
+      faults.push_back(std::move(fault));
+    }
+  } catch (const run_time_error&) {
+    // What cannot be read has been told by the check of its file.
+    if (read_without_fault) throw;
   }
 }
 
@@ -96,7 +115,7 @@ void check_agreement(const slot_file& rec, const slot_file& ptr, std::vector<dat
 std::vector<database_fault> check_database(const database_files& database) {
   std::error_code none;
   std::optional<folder_lock> turn;
-  if (std::filesystem::is_directory(folder_of(database.team), none)) turn.emplace(database.team);
+  if (std::filesystem::is_directory(folder_of(database.team), none)) turn.emplace(file_to_lock(database));
   std::vector<database_fault> faults;
   /// Runs the check of one file; one that cannot be read is a fault by itself.
   const auto check = [&faults](const std::filesystem::path& path, auto read, auto run) -> std::optional<slot_file> {
@@ -126,7 +145,7 @@ std::vector<database_fault> check_database(const database_files& database) {
       database.rec, [](const auto& file) { return slot_file::read(file, career_slot); }, check_careers);
   const auto ptr = check(
       database.ptr, [&](const auto&) { return current_record_file(database); }, check_records);
-  if (rec && ptr && faults.size() == before) check_agreement(*rec, *ptr, faults);
+  if (rec && ptr) check_agreement(*rec, *ptr, faults.size() == before, faults);
   return faults;
 }
 

@@ -106,6 +106,22 @@ TEST_F(WorldCheck, AFileThatCannotBeRead) {
   EXPECT_THAT(faults(), ElementsAre("base.rec:0:: The file cannot be read: Is a directory (file base.rec)"));
 }
 
+TEST_F(WorldCheck, ALinkThatLeadsNowhereIsOneFault) {
+  play();
+  for (const auto& path : {files.team, files.grd, files.rec, files.ptr}) {
+    const std::string name = path.filename().string();
+    const std::string whole = bytes_of(path);
+    std::filesystem::remove(path);
+    std::filesystem::create_symlink(name, path);
+    const bool is_records = path == files.ptr;
+    EXPECT_THAT(faults(), ElementsAre(fmt::format(
+                              "{}:0:: {}: Too many levels of symbolic links (file {})", name,
+                              is_records ? "The link cannot be followed" : "The file cannot be opened", name)));
+    std::filesystem::remove(path);
+    write_bytes(path, whole);
+  }
+}
+
 TEST_F(WorldCheck, EveryFaultOfATeam) {
   team_rec team = team_called("Alba");
   team.squad[1].bat_skill = 0;
@@ -262,7 +278,9 @@ TEST_F(WorldCheck, EveryFaultOfACareer) {
                   "base.rec:2:players[1].innings: 3 in 2 matches", "base.rec:2:players[1].not_outs: 4 in 3 innings",
                   "base.rec:2:players[1].fifties: 4 in 3 innings", "base.rec:2:players[1].five_wickets: 3 in 2 matches",
                   "base.rec:3:team_name: a second team called \"Alba\"",
-                  "base.rec:3:players[2].name: a second career of \"Twin\""));
+                  "base.rec:3:players[2].name: a second career of \"Twin\"",
+                  "base.rec:2:team_name: \"Alba\" has no row in the team table",
+                  "base.rec:3:team_name: \"Alba\" has no row in the team table"));
 }
 
 TEST_F(WorldCheck, CountsOfCareers) {
