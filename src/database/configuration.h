@@ -59,9 +59,9 @@ enum class first_settings {
 };
 
 /// The start of the program: read_options(), and the database that it names. One that is not on offer, since its teams
-/// or grounds are missing, is in use all the same where its careers or records are there. `cause`, where given, receives
-/// what keeps an options.mc that is there from being read. Raises run_time_error (file) for a folder that cannot be
-/// read.
+/// or grounds are missing, is in use all the same where its careers or records are there. `cause`, where given,
+/// receives what keeps an options.mc that is there from being read. Raises run_time_error (file) for a folder that
+/// cannot be read.
 first_settings take_first_settings(std::string* cause = nullptr);
 
 /// True if a line of options.mc gives the value back as it was.

@@ -72,9 +72,7 @@ bool BodyArea::hasHeightForWidth() const { return content_->layout()->hasHeightF
 
 int BodyArea::heightForWidth(int width) const { return std::min(needed_height(width), room_.height()); }
 
-bool BodyArea::wants_room() const {
-  return height() < room_.height() && needed_height(viewport()->width()) > height();
-}
+bool BodyArea::wants_room() const { return height() < room_.height() && needed_height(viewport()->width()) > height(); }
 
 bool BodyArea::turn_page(bool down) {
   if (verticalScrollBar()->maximum() == 0) return false;

@@ -80,8 +80,8 @@ class Form : public QDialog {
 
  protected:
   bool event(QEvent* event) override;
-  /// The page keys scroll a body that is too large. Return presses the button that has the keyboard, elsewhere the default button. While that is disabled, Return
-  /// takes the choice that has the keyboard.
+  /// The page keys scroll a body that is too large. Return presses the button that has the keyboard, elsewhere the
+  /// default button. While that is disabled, Return takes the choice that has the keyboard.
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
