@@ -138,16 +138,13 @@ std::vector<double> play_match(OpeningTimes& times, QtFrontEnd& shown_by, Clicki
   return overs;
 }
 
-double unattended_match(QtFrontEnd& shown_by, bool without_stopping, ClickingUser& user) {
-  preferences::set_plays_without_stopping(without_stopping);
-  user.robot.next("teamfrm", [](QWidget& window) {
-    ClickingUser::choose_match(window, 3, 4, false, false);
-    press(window, "Command1");
-  });
+/// A series of one match between two computer sides, in milliseconds.
+double unattended_series(QtFrontEnd& shown_by, bool without_stopping, ClickingUser& user) {
+  preferences::set_plays_without_stopping(QStringLiteral("series1"), without_stopping);
+  user.robot.next("series1", [](QWidget& window) { press(window, "Command1"); });
   QElapsedTimer clock;
   clock.start();
-  menu::new_match(shown_by);
-  preferences::set_plays_without_stopping(false);
+  menu::new_series(shown_by);
   return static_cast<double>(clock.nsecsElapsed()) / 1e6;
 }
 
@@ -177,8 +174,8 @@ void measure() {
   ClickingUser user;
   open_everything(times, shown_by, user);
   tell("over_with_every_refresh", play_match(times, shown_by, user));
-  tell("unattended_match_with_stops", {unattended_match(shown_by, false, user)});
-  tell("unattended_match_without_stops", {unattended_match(shown_by, true, user)});
+  tell("unattended_series_with_stops", {unattended_series(shown_by, false, user)});
+  tell("unattended_series_without_stops", {unattended_series(shown_by, true, user)});
   for (const auto& [name, taken] : times.taken) tell("open_window/" + name, taken);
   end_program(0);
 }
