@@ -2,6 +2,7 @@
 #include "competitions/forms/entry_controls.h"
 
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
@@ -16,10 +17,12 @@
 #include "competitions/forms/number_field.h"
 #include "competitions/match_entry.h"
 #include "desktop/controls.h"
+#include "desktop/form.h"
 #include "desktop/message_window.h"
 #include "desktop/program_end.h"
 #include "desktop/question.h"
 #include "desktop/shown_text.h"
+#include "desktop/stop_switch.h"
 #include "model/run_time_error.h"
 
 namespace velorin {
@@ -84,11 +87,21 @@ void show_grounds(QComboBox& list, const std::vector<std::string>& grounds, int 
   list.setCurrentIndex(chosen);
 }
 
-QLabel* new_reason() { return new_named_label(QStringLiteral("wanted"), {}, TextRole::muted); }
+EntryFoot add_entry_foot(Form& form, std::function<void()> play) {
+  form.add_aside(new_stop_switch(form.objectName()));
+  EntryFoot foot;
+  foot.wanted = new_named_label(QStringLiteral("wanted"), {}, TextRole::muted);
+  form.add_beside_buttons(foot.wanted);
+  foot.ok = form.add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+                                    std::move(play));
+  form.add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'},
+                  [&form] { form.reject(); });
+  return foot;
+}
 
-void show_ready(QPushButton& ok, QLabel& reason, bool ready, const QString& wanted) {
-  ok.setEnabled(ready);
-  reason.setText(ready ? QString() : wanted);
+void show_ready(const EntryFoot& foot, bool ready, const QString& wanted) {
+  foot.ok->setEnabled(ready);
+  foot.wanted->setText(ready ? QString() : wanted);
 }
 
 bool grounds_are_fit(QWidget& window, const std::vector<std::string>& hosts) {

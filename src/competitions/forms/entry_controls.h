@@ -16,6 +16,7 @@ class QWidget;
 
 namespace velorin {
 
+class Form;
 class NumberField;
 struct team_entry;
 
@@ -34,10 +35,17 @@ QFrame* new_ground_and_number(QComboBox* grounds, const QString& caption, Number
 /// Shows the grounds anew, with the one on show.
 void show_grounds(QComboBox& list, const std::vector<std::string>& grounds, int chosen);
 
-/// A label `wanted` beside OK, for the reason why it is disabled.
-QLabel* new_reason();
+/// What the foot of an entry form shows of its choice.
+struct EntryFoot {
+  QPushButton* ok = nullptr;
+  QLabel* wanted = nullptr;  ///< the reason why OK is disabled
+};
+
+/// Adds the foot: the switch for play without stopping, the reason `wanted`, OK, which runs `play`, and Cancel, which
+/// leaves the form like Escape.
+EntryFoot add_entry_foot(Form& form, std::function<void()> play);
 /// Enables OK or says why not.
-void show_ready(QPushButton& ok, QLabel& reason, bool ready, const QString& wanted);
+void show_ready(const EntryFoot& foot, bool ready, const QString& wanted);
 
 /// Names the countries among the hosts that have no ground. True if the competition can go on: all have one, or the
 /// user plays on the grounds of the others.

@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "competitions/forms/series1_window.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
-#include "competitions/forms/entry_controls.h"
 #include "competitions/forms/number_field.h"
 #include "competitions/series1.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
-#include "desktop/stop_switch.h"
 #include "reports/worms.h"
 
 namespace velorin {
@@ -55,13 +51,8 @@ Series1Window::Series1Window(series1& form, QWidget* parent)
   body()->addStretch(1);
   add_afresh_line(*body(), standing_worms(), &start_worms_afresh);
 
-  add_aside(new_stop_switch(objectName()));
-  wanted_ = new_reason();
-  add_beside_buttons(wanted_);
-  ok_ = add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
-                           [this] { play(); });
+  entry_foot_ = add_entry_foot(*this, [this] { play(); });
   show_choice();
-  add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
   on_dismiss([this] {
     form_.command2_click();
     done(Rejected);
@@ -70,7 +61,7 @@ Series1Window::Series1Window(series1& form, QWidget* parent)
 
 void Series1Window::show_choice() {
   show_grounds(*grounds_, form_.combo3, form_.combo3_index);
-  show_ready(*ok_, *wanted_, form_.ready(), QStringLiteral("Choose both teams"));
+  show_ready(entry_foot_, form_.ready(), QStringLiteral("Choose both teams"));
 }
 
 void Series1Window::play() {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "competitions/forms/entry_controls.h"
 #include "desktop/form.h"
 
 class QComboBox;
-class QLabel;
 
 namespace velorin {
 
@@ -26,8 +26,7 @@ class Series1Window : public Form {
 
   series1& form_;
   QComboBox* grounds_;
-  QLabel* wanted_ = nullptr;
-  QPushButton* ok_ = nullptr;
+  EntryFoot entry_foot_;
   NumberField* matches_;
 };
 

@@ -1,22 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "competitions/forms/series2_window.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <array>
 
-#include "competitions/forms/entry_controls.h"
 #include "competitions/forms/number_field.h"
 #include "competitions/series2.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
-#include "desktop/stop_switch.h"
 #include "reports/worms.h"
 
 namespace velorin {
@@ -55,13 +51,8 @@ Series2Window::Series2Window(series2& form, QWidget* parent)
   body()->addStretch(1);
   add_afresh_line(*body(), standing_worms(), &start_worms_afresh);
 
-  add_aside(new_stop_switch(objectName()));
-  wanted_ = new_reason();
-  add_beside_buttons(wanted_);
-  ok_ = add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
-                           [this] { play(); });
+  entry_foot_ = add_entry_foot(*this, [this] { play(); });
   show_choice();
-  add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
   on_dismiss([this] {
     form_.command2_click();
     done(Rejected);
@@ -89,7 +80,7 @@ QWidget* Series2Window::new_sides() {
 
 void Series2Window::show_choice() {
   show_grounds(*grounds_, form_.combo4, form_.combo4_index);
-  show_ready(*ok_, *wanted_, form_.ready(), QStringLiteral("Choose all three teams"));
+  show_ready(entry_foot_, form_.ready(), QStringLiteral("Choose all three teams"));
 }
 
 void Series2Window::play() {

@@ -7,15 +7,12 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
-#include "competitions/forms/entry_controls.h"
 #include "competitions/wctable.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
-#include "desktop/stop_switch.h"
 #include "reports/worms.h"
 
 namespace velorin {
@@ -36,13 +33,8 @@ WctableWindow::WctableWindow(wctable& form, QWidget* parent)
   body()->addStretch(1);
   add_standing();
 
-  add_aside(new_stop_switch(objectName()));
-  wanted_ = new_reason();
-  add_beside_buttons(wanted_);
-  ok_ = add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
-                           [this] { play(); });
+  entry_foot_ = add_entry_foot(*this, [this] { play(); });
   show_choice();
-  add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
   on_dismiss([this] {
     form_.command2_click();
     done(Rejected);
@@ -58,7 +50,7 @@ void WctableWindow::add_standing() {
   });
 }
 
-void WctableWindow::show_choice() { show_ready(*ok_, *wanted_, form_.ready(), QStringLiteral("Choose all ten teams")); }
+void WctableWindow::show_choice() { show_ready(entry_foot_, form_.ready(), QStringLiteral("Choose all ten teams")); }
 
 void WctableWindow::play() {
   if (!grounds_are_fit(*this, form_.hosts())) return;

@@ -3,9 +3,8 @@
 
 #include <array>
 
+#include "competitions/forms/entry_controls.h"
 #include "desktop/form.h"
-
-class QLabel;
 
 namespace velorin {
 
@@ -28,8 +27,7 @@ class WctableWindow : public Form {
   void play();
 
   wctable& form_;
-  QLabel* wanted_ = nullptr;
-  QPushButton* ok_ = nullptr;
+  EntryFoot entry_foot_;
 };
 
 }  // namespace velorin
