@@ -54,6 +54,10 @@ void GameTest::begin_again_with_seed(std::uint64_t seed) {
 
 void GameTest::play(const std::function<void(OpeningWindow&)>& then) {
   QtFrontEnd shown_by;
+  play_shown_by(shown_by, then);
+}
+
+void GameTest::play_shown_by(QtFrontEnd& shown_by, const std::function<void(OpeningWindow&)>& then) {
   const front_end_scope in_use(shown_by);
   OpeningWindow menu(shown_by);
   menu.show();

@@ -25,6 +25,8 @@ class GameTest : public ::testing::Test {
 
   /// Opens the menu and starts; then runs `then` within the program's event loop, and leaves the program.
   void play(const std::function<void(OpeningWindow&)>& then);
+  /// Likewise, with windows shown by this front end.
+  static void play_shown_by(QtFrontEnd& shown_by, const std::function<void(OpeningWindow&)>& then);
   /// Presses an entry of the menu's main panel, then one of the panel it opens. Returns when the menu is back.
   static void choose(OpeningWindow& menu, const char* panel, const char* entry);
 
