@@ -30,6 +30,7 @@ QString unstopped_key(const QString& form) { return QStringLiteral("without_stop
 }  // namespace
 
 void use_file(const QString& path) { store() = std::make_unique<QSettings>(path, QSettings::IniFormat); }
+void close() { store().reset(); }
 
 Appearance appearance() { return static_cast<Appearance>(number(QStringLiteral("appearance"), 3, 0)); }
 void set_appearance(Appearance chosen) { settings().setValue(QStringLiteral("appearance"), static_cast<int>(chosen)); }

@@ -24,6 +24,8 @@ namespace preferences {
 
 /// Keeps everything in this file from now on; without it, in the user's folder of settings.
 void use_file(const QString& path);
+/// Writes what has changed, and lets go of the file.
+void close();
 
 Appearance appearance();
 void set_appearance(Appearance chosen);
