@@ -8,10 +8,13 @@
 #include <utility>
 
 #include "database/csv.h"
+#include "database/file_calls.h"
 #include "database/made_folders.h"
 #include "database/slots.h"
 #include "database/world.h"
 #include "database/world_rules.h"
+#include "model/game_names.h"
+#include "model/run_time_error.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -193,6 +196,14 @@ void add_record_tables(const std::filesystem::path& path, std::vector<dumped_tab
   tables.push_back(std::move(teams));
 }
 
+/// Refuses a table whose name is a link to one of the names of the game's files.
+void require_no_game_file(const std::filesystem::path& table) {
+  const std::string_view use = game_use_of_name(real_file(table).filename().native());
+  if (use.empty()) return;
+  throw run_time_error(failure::file, fmt::format("The link leads to the file of {}", use),
+                       {.file = file_name_text(table), .record = 0, .field = {}, .player = {}});
+}
+
 /// All tables, with no replacement in between.
 std::vector<dumped_table> tables_of(const database_files& database) {
   const folder_lock turn(database.team);
@@ -211,7 +222,10 @@ void dump_database(const database_files& database, const std::filesystem::path& 
   made_folders made(folder);
   const folder_lock turn(folder / "players.csv");
   std::vector<std::filesystem::path> targets;
-  for (const dumped_table& table : tables) targets.push_back(folder / table.file);
+  for (const dumped_table& table : tables) {
+    targets.push_back(folder / table.file);
+    require_no_game_file(targets.back());
+  }
   staged_files staged(targets);
   for (const dumped_table& table : tables) {
     std::string content;

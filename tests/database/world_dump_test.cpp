@@ -125,6 +125,22 @@ TEST_F(WorldDump, AMissingTeamFileIsAnError) {
   EXPECT_STREQ(error_of([&] { dump_database(files, folder / "dump"); }).what(), "The file is missing (file base.team)");
 }
 
+TEST_F(WorldDump, ATableThatIsALinkToAFileOfTheGameIsRefused) {
+  build({halden}, {park});
+  testing::set_up_finished_match();
+  update_career();
+  update_records();
+  const std::string careers = bytes_of(files.rec);
+  std::filesystem::create_directory(folder / "dump");
+  std::filesystem::create_symlink(files.rec, folder / "dump" / "top_scores.csv");
+  const auto error = error_of([&] { dump_database(files, folder / "dump"); });
+  EXPECT_EQ(error.kind(), failure::file);
+  EXPECT_THAT(error.what(), StartsWith("The link leads to the file of the careers"));
+  EXPECT_EQ(error.place().file, "top_scores.csv");
+  EXPECT_EQ(bytes_of(files.rec), careers);
+  EXPECT_THAT(names_in(folder / "dump"), ElementsAre("top_scores.csv"));
+}
+
 TEST_F(WorldDump, AFolderThatCannotBeMadeIsAnError) {
   build({halden}, {park});
   write_bytes(folder / "dump", "a file");
