@@ -242,9 +242,13 @@ void write_csv(const QString& path, const Table& table) {
     throw run_time_error(failure::file, words, {from_utf8(name).value_or(name), 0, {}, {}});
   };
   const auto refuse = [&fail](const std::string& cause) { fail("The file cannot be written: " + cause); };
-  for (const QFileInfo& named : {QFileInfo(path), QFileInfo(QFileInfo(path).canonicalFilePath())}) {
+  constexpr int most_links = 40;
+  QFileInfo named(path);
+  for (int followed = 0; followed <= most_links; ++followed) {
     const std::string_view use = game_use_of_name(named.fileName().toStdString());
     if (!use.empty()) fail("The name is that of a file of the game, for " + std::string(use));
+    if (!named.isSymLink()) break;
+    named = QFileInfo(named.symLinkTarget());
   }
   if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) refuse(file.errorString().toStdString());
   if (const int cause = error_of_writing(file.handle(), table_csv(table).toUtf8())) {

@@ -127,6 +127,10 @@ TEST_F(SaveTableTest, NoNameOfTheGamesFilesIsTaken) {
   save(path("careers.csv"),
        QStringLiteral("The name is that of a file of the game, for the careers (file %1)").arg(path("careers.csv")));
   EXPECT_EQ(content(path("careers.rec")), "old");
+  ASSERT_TRUE(QFile::remove(path("careers.rec")));
+  save(path("careers.csv"),
+       QStringLiteral("The name is that of a file of the game, for the careers (file %1)").arg(path("careers.csv")));
+  EXPECT_FALSE(QFile::exists(path("careers.rec"))) << "made through a link that led nowhere";
 }
 
 }  // namespace
