@@ -57,7 +57,9 @@ bool is_plain_file(const std::filesystem::path& file) {
   std::error_code failed;
   const std::filesystem::file_status status = std::filesystem::status(file, failed);
   const bool told = std::filesystem::status_known(status);
-  if (!told && failed != std::errc::too_many_symbolic_link_levels) {
+  const bool leads_nowhere =
+      failed == std::errc::too_many_symbolic_link_levels || failed == std::errc::filename_too_long;
+  if (!told && !leads_nowhere) {
     raise_file_error("The file cannot be looked at", failed.value(), file);
   }
   return std::filesystem::is_regular_file(status);

@@ -113,7 +113,8 @@ TEST_F(Configuration, CareersAreInUseWithoutTeamsAndGrounds) {
   write_bytes(folder / "small.rec", "careers");
   EXPECT_EQ(take_first_settings(), first_settings::in_use);
   EXPECT_EQ(files.rec, folder / "small.rec");
-  for (const char* elsewhere : {"/etc/small", "../small", "deep/small"}) {
+  for (const std::string& elsewhere :
+       {std::string("/etc/small"), std::string("../small"), std::string("deep/small"), std::string(300, 'n')}) {
     settings.database_name = elsewhere;
     write_options();
     EXPECT_EQ(take_first_settings(), first_settings::not_on_offer) << elsewhere;
