@@ -36,10 +36,12 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
   app.fallthrough();
   app.set_version_flag("--version", std::string("velorin-cli ") + version);
   app.add_option("--teams-dir", program.teams_dir, "Folder of the data files (default: teams beside the program)")
-      ->type_name("DIR");
+      ->type_name("DIR")
+      ->check(not_empty);
   app.add_option("--database", program.database,
                  "Base name of the database (default: line 2 of options.mc, else the only one on offer)")
-      ->type_name("BASE");
+      ->type_name("BASE")
+      ->check(not_empty);
   auto* seed = app.add_option("--seed", program.seed, "One seeded generator for the whole run")
                    ->transform(plain_number)
                    ->check([](const std::string& text) {

@@ -156,7 +156,9 @@ TEST_F(Usage, EmptyTextsAreRefused) {
   for (const char* option : {"--team1", "--team2", "--ground", "--json", "--html", "--text", "--ball-by-ball"}) {
     EXPECT_THAT(error(2, {"match", option, ""}), HasSubstr(option));
   }
-  EXPECT_THAT(error(2, {"--draws", "", "match"}), HasSubstr("--draws"));
+  for (const char* option : {"--draws", "--database", "--teams-dir"}) {
+    EXPECT_THAT(error(2, {option, "", "match"}), HasSubstr(option));
+  }
 }
 
 TEST_F(Usage, OneCommandARun) {
