@@ -9,6 +9,7 @@
 #include "database/made_folders.h"
 #include "database/world.h"
 #include "model/code_page.h"
+#include "model/run_time_error.h"
 
 namespace velorin::cli {
 
@@ -36,6 +37,9 @@ database_files named_files(const db_options& options, const program_options& pro
 
 int build(const db_options& options, const program_options& program) {
   const database_files database = named_files(options, program);
+  if (has_control(database.base)) {
+    throw run_time_error(failure::type, fmt::format("The base name \"{}\" has a control character", database.base));
+  }
   made_folders made(database.folder);
   build_database(options.source, database.team, database.grd);
   made.keep();

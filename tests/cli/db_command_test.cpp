@@ -172,6 +172,14 @@ TEST_F(DbCommand, ARefusedBuildLeavesNoFolder) {
   EXPECT_FALSE(std::filesystem::exists(file("deep")));
 }
 
+TEST_F(DbCommand, ABaseNameHasNoControlCharacters) {
+  const auto before = contents_of(teams());
+  for (const char* base : {"a\nb", "a\x1B[2J", "a\xC2\x81", "\x7F"}) {
+    EXPECT_THAT(error(1, {"db", "build", small_tables().string(), base}), HasSubstr("has a control character"));
+  }
+  EXPECT_EQ(contents_of(teams()), before);
+}
+
 TEST_F(DbCommand, ARefusedBuildLeavesAnOldDatabaseAlone) {
   const auto before = contents_of(teams());
   error(1, {"db", "build", changed("players.csv", "N.B.Zanmere,38", "N.B.Zanmere,0"), "small"});
