@@ -13,6 +13,7 @@
 #include "database/file_buffer.h"
 #include "database/file_calls.h"
 #include "database/folder_lock.h"
+#include "model/code_page.h"
 
 namespace {
 
@@ -22,7 +23,8 @@ class waiting_line : public velorin::turn_watcher {
   void turn_is_waited_for(const std::filesystem::path& folder, std::chrono::milliseconds so_far) override {
     if (said_ || so_far < std::chrono::seconds(1)) return;
     said_ = true;
-    std::cerr << "velorin-cli: Waiting for another program that works on the files in " << folder.string() << " ...\n";
+    std::cerr << "velorin-cli: Waiting for another program that works on the files in "
+              << velorin::without_controls(folder.string()) << " ...\n";
   }
   void wait_is_over() override { said_ = false; }
 

@@ -1,18 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A program that is started without a standard descriptor, or whose files may not grow, fails in words: no signal ends
 // it, and no file of the database stands where its output goes.
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <chrono>
 #include <csignal>
+#include <thread>
 
 #include "faults/acts.h"
 
 namespace velorin::testing {
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 class Started : public ::testing::Test {
  protected:
@@ -72,6 +79,25 @@ TEST_F(Started, AFileBeyondTheLimitIsAFailureInWords) {
   EXPECT_EQ(end.status, 1);
   EXPECT_THAT(end.err, HasSubstr("The file cannot be written: File too large (file small.rec)"));
   EXPECT_TRUE(bench_.found() == what_.before);
+}
+
+TEST_F(Started, BehindAnotherProgramItSaysInALineWhatItWaitsFor) {
+  const std::filesystem::path folder = bench_.beside("two\nlines");
+  std::filesystem::copy(bench_.data(), folder);
+  const int lock = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  ASSERT_GE(lock, 0);
+  ASSERT_EQ(::flock(lock, LOCK_EX), 0);
+  program waiting = what_.on(bench_);
+  waiting.line = {VELORIN_CLI, "--teams-dir", folder.string(), "--database", "small",
+                  "--seed",    "7",           "match",         "--update",   "--quiet"};
+  const pid_t process = bench_.start(waiting);
+  std::this_thread::sleep_for(std::chrono::seconds(3));
+  ::close(lock);
+  const ending end = bench_.end_of(process);
+  EXPECT_EQ(end.status, 0);
+  EXPECT_THAT(end.err, StartsWith("velorin-cli: Waiting for another program that works on the files in "));
+  EXPECT_THAT(end.err, EndsWith("/two?lines ...\n"));
+  EXPECT_EQ(std::count(end.err.begin(), end.err.end(), '\n'), 1) << end.err;
 }
 
 }  // namespace
