@@ -73,8 +73,9 @@ class Install : public ::testing::Test {
     for (int reading = 0; reading < 2; ++reading) {
       std::string plain;
       for (std::size_t at = 0; at < value.size(); ++at) {
-        if (value[at] == '\\') ++at;
-        plain += value.at(at);
+        const bool escaped = value[at] == '\\';
+        if (escaped) ++at;
+        plain += escaped && reading == 0 && value.at(at) == 'n' ? '\n' : value.at(at);
       }
       value = std::exchange(plain, {});
     }
@@ -87,7 +88,7 @@ class Install : public ::testing::Test {
 };
 
 TEST_F(Install, AFolderMayHaveAnyName) {
-  for (const char* name : {"plain", "with & and |", "a\\b \"c\" $HOME `x` 100%"}) {
+  for (const char* name : {"plain", "with & and |", "a\\b \"c\" $HOME `x` 100%", "two\nlines\\n"}) {
     SCOPED_TRACE(name);
     const fs::path prefix = root_ / name;
     ASSERT_EQ(install(prefix), 0);
