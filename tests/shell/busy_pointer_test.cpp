@@ -68,9 +68,7 @@ TEST_F(BusyPointer, GoesForTheQuestionOfAFailedSave) {
   user_.robot.next("series1", pressing("Command1"));
   const small_disk full(20'000);
   int asked = 0;
-  user_.robot.always("save_failed", [&](QWidget& window) {
-    press(window, ++asked == 1 ? "retry" : "go_on");
-  });
+  user_.robot.always("save_failed", [&](QWidget& window) { press(window, ++asked == 1 ? "retry" : "go_on"); });
   int standings = 0;
   user_.robot.always("sri_result", [&](QWidget& window) {
     ++standings;
