@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
-#include <array>
-#include <cstddef>
 
 #include "captain/aicomp.h"
 #include "model/rounding.h"
@@ -13,88 +11,84 @@ namespace velorin {
 
 namespace {
 
-/// Quotients that every ball asks for, divided once: n / divisor for whole numbers n.
-template <std::size_t Size>
-class quotients {
- public:
-  constexpr explicit quotients(double divisor) : divisor_(divisor) {
-    for (std::size_t n = 0; n < Size; ++n) known_[n] = static_cast<double>(n) / divisor;
-  }
-  double of(int n) const {
-    const auto place = static_cast<std::size_t>(n);
-    return place < Size ? known_[place] : n / divisor_;
-  }
+// What the captains weigh is a sum of steps of aggression. A weight named `..._a_step` tells how much of a thing makes one.
 
- private:
-  double divisor_;
-  std::array<double, Size> known_{};
-};
+constexpr double base_at_start = 2;  ///< of both captains, before the first ball
 
-constexpr quotients<11> thirds(3);
-constexpr quotients<11> ninths(9);
-constexpr quotients<301> parts_of_75(75);
-constexpr quotients<301> parts_of_250(250);
-constexpr quotients<600> two_hundredths(200);
-
-/// 5 / n for batting skills n.
-constexpr std::array<double, 128> fives = [] {
-  std::array<double, 128> known{};
-  for (std::size_t n = 1; n < known.size(); ++n) known[n] = 5.0 / static_cast<double>(n);
-  return known;
-}();
-double five_over(int n) {
-  const auto place = static_cast<std::size_t>(n);
-  return place < fives.size() ? fives[place] : 5.0 / n;
-}
-
-/// Twice a batsman's standing in the innings, a whole number.
-int twice_form_of(int position) {
+/// A batsman's standing in the innings.
+double form_of(int position) {
   const batting_card_rec& card = match.batting_card[position];
-  return 4 * card.runs + card.balls + 2;
+  return 2 * card.runs + card.balls / 2.0 + 1;
 }
-
-double form_of(int position) { return twice_form_of(position) / 2.0; }
 
 int clamp_aggression(double value) { return static_cast<int>(std::min(5.0, std::max(1.0, value))); }
 
+/// The part of the batting aggression that both batsmen share.
 double batting_base() {
   const int balls = match.innings_balls;
   const int in_hand = 10 - match.score_wickets;
-  if (balls == 0) return 2;
+  if (balls == 0) return base_at_start;
   if (match.first_total == 0) [[likely]] {
-    return round_half_even(thirds.of(in_hand) - (6.0 * match.score_runs / balls) / 4 + parts_of_75.of(balls));
+    constexpr double wickets_a_step = 3;
+    constexpr double run_rate_a_step = 4;
+    constexpr double balls_a_step = 75;
+    const double run_rate = 6.0 * match.score_runs / balls;
+    return round_half_even(in_hand / wickets_a_step - run_rate / run_rate_a_step + balls / balls_a_step);
   }
-  return round_half_even(ninths.of(in_hand) + match.first_innings_projection.number() / 3 -
-                         parts_of_250.of(300 - balls));
+  constexpr double wickets_a_step = 9;
+  constexpr double projection_a_step = 3;
+  constexpr double balls_left_a_step = 250;
+  const double projection = match.first_innings_projection.number();
+  return round_half_even(in_hand / wickets_a_step + projection / projection_a_step -
+                         (300 - balls) / balls_left_a_step);
 }
 
-int batting_value(int position, double base, double strike_rate, double strike_share) {
+/// The aggression of the batsman at a position. `strike_rate` is the bowler's.
+int batting_value(int position, double base, double strike_rate) {
+  constexpr double form_a_step = 100;
+  constexpr double skill_weight = 5;  // in parts of 1 / skill: the most that a skill takes away
+  constexpr double strike_rate_a_step = 100;
   const player_rec& man = match.batting_xi[position];
-  // His form adds something and his skill takes away 5 at the most: from such a base the value is 5 or more.
-  if (base >= 11 && man.bat_skill > 0 && strike_rate >= 0) return 5;
+  // From such a base no skill brings him below the highest aggression, and nothing else takes away.
+  if (base - skill_weight >= 5 && man.bat_skill > 0 && strike_rate >= 0) return 5;
   if (man.bat_skill == 0) {
     throw run_time_error(failure::division, "Division by zero: a batting skill of 0",
                          {.file = {}, .record = 0, .field = "bat_skill", .player = man.name});
   }
-  return clamp_aggression(
-      round_half_even(base + two_hundredths.of(twice_form_of(position)) - five_over(man.bat_skill) + strike_share));
+  return clamp_aggression(round_half_even(base + form_of(position) / form_a_step - skill_weight / man.bat_skill +
+                                          strike_rate / strike_rate_a_step));
 }
 
+/// The part of the bowling aggression that the innings decides.
 double bowling_base() {
+  constexpr double start = 4;
   const double balls = match.innings_balls;
   const double wickets = match.score_wickets;
-  if (balls == 0) return 2;
-  if (match.first_total == 0) return round_half_even(wickets / 2 + 4 - match.score_runs / balls - balls / 75);
-  return round_half_even(wickets / 3 + 4 - match.first_innings_projection.number() / 4 + balls / 100);
+  if (balls == 0) return base_at_start;
+  if (match.first_total == 0) {
+    constexpr double wickets_a_step = 2;
+    constexpr double balls_a_step = 75;
+    return round_half_even(wickets / wickets_a_step + start - match.score_runs / balls - balls / balls_a_step);
+  }
+  constexpr double wickets_a_step = 3;
+  constexpr double projection_a_step = 4;
+  constexpr double balls_a_step = 100;
+  const double projection = match.first_innings_projection.number();
+  return round_half_even(wickets / wickets_a_step + start - projection / projection_a_step + balls / balls_a_step);
 }
 
 void set_bowling_aggression() {
+  constexpr double form_a_step = 100;
+  constexpr double skills_a_step = 100;
+  constexpr double strike_rate_a_step = 100;
+  constexpr double wickets_a_step = 2.5;
   const double form = (form_of(match.striker) + form_of(match.non_striker)) / 2;
   const double skills = match.batting_xi[match.striker].bat_skill + match.batting_xi[match.non_striker].bat_skill;
   const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
   const double wickets = match.bowling_card[match.bowler].wickets;
   match.bowling_aggression[0] =
-      clamp_aggression(round_half_even(bowling_base() - form / 100 - skills / 100 - strike_rate / 100 + wickets / 2.5));
+      clamp_aggression(round_half_even(bowling_base() - form / form_a_step - skills / skills_a_step -
+                                       strike_rate / strike_rate_a_step + wickets / wickets_a_step));
 }
 
 void announce_change() {
@@ -176,9 +170,8 @@ bool fits(const bowler_pool_rec& man, const replacement_search& wanted) {
 void set_batting_aggression() {
   const double base = batting_base();
   const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
-  const double strike_share = strike_rate / 100;
-  match.batsman_aggression[0] = batting_value(match.lower_batsman(), base, strike_rate, strike_share);
-  match.batsman_aggression[1] = batting_value(match.higher_batsman(), base, strike_rate, strike_share);
+  match.batsman_aggression[0] = batting_value(match.lower_batsman(), base, strike_rate);
+  match.batsman_aggression[1] = batting_value(match.higher_batsman(), base, strike_rate);
 }
 
 int pick_replacement(const replacement_search& wanted) {
