@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <algorithm>
+#include <array>
+#include <limits>
+#include <string_view>
 
 #include "captain/aicomp.h"
 #include "model/rounding.h"
@@ -11,7 +14,7 @@ namespace velorin {
 
 namespace {
 
-// What the captains weigh is a sum of steps of aggression. A weight named `..._a_step` tells how much of a thing makes one.
+// What the captains weigh is a sum of steps of aggression; `..._a_step` is how much of a thing makes one.
 
 constexpr double base_at_start = 2;  ///< of both captains, before the first ball
 
@@ -39,8 +42,7 @@ double batting_base() {
   constexpr double projection_a_step = 3;
   constexpr double balls_left_a_step = 250;
   const double projection = match.first_innings_projection.number();
-  return round_half_even(in_hand / wickets_a_step + projection / projection_a_step -
-                         (300 - balls) / balls_left_a_step);
+  return round_half_even(in_hand / wickets_a_step + projection / projection_a_step - (300 - balls) / balls_left_a_step);
 }
 
 /// The aggression of the batsman at a position. `strike_rate` is the bowler's.
@@ -102,48 +104,102 @@ void announce_change() {
   match.bowler_change_in = 0;
 }
 
-/// One stage of the innings in the review of a bowler.
-struct review_stage {
-  double limit;  ///< a higher score brings a change
-  bool by_pace;  ///< looks for fast and medium bowlers first
-  bool spares_opening_pair;
-  int max_balls;
-  int forced_max_balls;  ///< for the search after a man's last over; 0: no such search
+constexpr std::string_view fast = "Fast Bowler";
+constexpr std::string_view medium = "Medium Pacer";
+
+/// How a man's figures are weighed: a high score is a bad one. His economy, the parts of his wickets taken away, and
+/// what his balls bring: `fresh_points` up to `fresh_balls`, and from then on a point for each `balls_a_point`.
+struct review_weights {
+  double economy_divisor;
+  double wicket_points;
+  double fresh_points;
+  double fresh_balls;
+  double balls_a_point;
 };
 
-constexpr review_stage early_stage{7, true, false, 30, 0};
-constexpr review_stage middle_stage{5.5, false, true, 42, 54};
-constexpr review_stage late_stage{6, false, true, 48, 48};
-constexpr review_stage death_stage{7, true, false, 54, 54};
+/// Nobody tires: the balls bring nothing.
+constexpr double never = std::numeric_limits<double>::infinity();
+constexpr int to_the_end = std::numeric_limits<int>::max();
+
+/// One stage of the innings in the review of a bowler.
+struct review_stage {
+  int first_ball;  ///< of the innings, with which the stage begins
+  int last_ball;
+  review_weights weights;
+  double limit;    ///< a higher score brings a change
+  bool fast_only;  ///< a man who is not fast is changed whatever his score
+  bool by_pace;    ///< looks for fast and medium bowlers first
+  bool spares_opening_pair;
+  int max_balls;         ///< that another may have bowled
+  int forced_max_balls;  ///< the same in the search after a man's last over; 0: no such search
+};
+
+/// In the order of the innings. At 72, 180 and 260 balls nobody is reviewed.
+constexpr std::array<review_stage, 4> stages = {{
+    {.first_ball = 12,
+     .last_ball = 71,
+     .weights =
+         {.economy_divisor = 2, .wicket_points = 1.25, .fresh_points = -5, .fresh_balls = 24, .balls_a_point = 6},
+     .limit = 7,
+     .fast_only = false,
+     .by_pace = true,
+     .spares_opening_pair = false,
+     .max_balls = 30,
+     .forced_max_balls = 0},
+    {.first_ball = 73,
+     .last_ball = 179,
+     .weights =
+         {.economy_divisor = 1.5, .wicket_points = 1, .fresh_points = -5, .fresh_balls = 18, .balls_a_point = 10},
+     .limit = 5.5,
+     .fast_only = false,
+     .by_pace = false,
+     .spares_opening_pair = true,
+     .max_balls = 42,
+     .forced_max_balls = 54},
+    {.first_ball = 181,
+     .last_ball = 259,
+     .weights = {.economy_divisor = 1, .wicket_points = 1, .fresh_points = 0, .fresh_balls = never, .balls_a_point = 1},
+     .limit = 6,
+     .fast_only = false,
+     .by_pace = false,
+     .spares_opening_pair = true,
+     .max_balls = 48,
+     .forced_max_balls = 48},
+    {.first_ball = 261,
+     .last_ball = to_the_end,
+     .weights = {.economy_divisor = 1, .wicket_points = 1, .fresh_points = 0, .fresh_balls = never, .balls_a_point = 1},
+     .limit = 7,
+     .fast_only = true,
+     .by_pace = true,
+     .spares_opening_pair = false,
+     .max_balls = 54,
+     .forced_max_balls = 54},
+}};
 
 const review_stage* stage_at(int balls) {
-  if (balls >= 12 && balls <= 71) return &early_stage;
-  if (balls >= 73 && balls <= 179) return &middle_stage;
-  if (balls >= 181 && balls <= 259) return &late_stage;
-  if (balls > 260) return &death_stage;
-  return nullptr;
+  const auto* const found = std::find_if(stages.begin(), stages.end(), [balls](const review_stage& stage) {
+    return balls >= stage.first_ball && balls <= stage.last_ball;
+  });
+  return found == stages.end() ? nullptr : found;
 }
 
-double review_score(const review_stage& stage, int position) {
-  const bowling_card_rec& card = match.bowling_card[position];
+double review_score(const review_weights& weights, const bowling_card_rec& card) {
   const double balls = card.balls;
-  const double runs = card.runs;
-  const double wickets = card.wickets;
-  if (&stage == &early_stage) {
-    return (balls > 24 ? balls / 6 : -5) - 1.25 * wickets + 6 * runs / (2 * balls);
-  }
-  if (&stage == &middle_stage) {
-    return (balls > 18 ? balls / 10 : -5) - wickets + 6 * runs / (1.5 * balls);
-  }
-  if (&stage == &death_stage && match.bowling_xi[position].bowler_type != "Fast Bowler") return 8;
-  return 6 * runs / balls - wickets;
+  const double tiredness = balls > weights.fresh_balls ? balls / weights.balls_a_point : weights.fresh_points;
+  return tiredness - weights.wicket_points * card.wickets + 6.0 * card.runs / (weights.economy_divisor * balls);
+}
+
+/// The man under review is to be changed.
+bool is_to_go(const review_stage& stage, int position) {
+  if (stage.fast_only && match.bowling_xi[position].bowler_type != fast) return true;
+  return review_score(stage.weights, match.bowling_card[position]) > stage.limit;
 }
 
 void replace_next_bowler(const review_stage& stage, int max_balls) {
   replacement_search wanted;
   if (stage.by_pace) {
-    wanted.type_a = "Fast Bowler";
-    wanted.type_b = "Medium Pacer";
+    wanted.type_a = fast;
+    wanted.type_b = medium;
   }
   wanted.exclude_a = match.bowler;
   wanted.exclude_b = match.next_bowler;
@@ -197,7 +253,7 @@ void review_bowler() {
     match.opening_bowlers[1] = match.next_bowler;
   }
   if (const review_stage* stage = stage_at(match.innings_balls)) {
-    if (review_score(*stage, match.next_bowler) > stage->limit) replace_next_bowler(*stage, stage->max_balls);
+    if (is_to_go(*stage, match.next_bowler)) replace_next_bowler(*stage, stage->max_balls);
     if (stage->forced_max_balls != 0 && match.bowling_card[match.next_bowler].balls >= 60) {
       replace_next_bowler(*stage, stage->forced_max_balls);
     }
