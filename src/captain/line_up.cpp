@@ -7,6 +7,7 @@
 #include "model/booking.h"
 #include "model/random.h"
 #include "model/rounding.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 
@@ -20,7 +21,7 @@ int next_man(int first) {
   int best_lower = 0;
   int middle_skill = 0;
   int lower_skill = 0;
-  for (int p = first; p <= 11; ++p) {
+  for (int p = first; p <= men_in_eleven; ++p) {
     const player_rec& man = match.batting_xi[p];
     const std::string_view role = man.role();
     if (role == "Opener") return p;
@@ -54,12 +55,13 @@ candidate candidate_at(int position, int offset) {
   const double rounded = std::clamp(round_half_even(static_cast<double>(man.econ)), -1e6, 1e6);
   integer econ_class;
   book_as(econ_class, static_cast<long>(rounded), "econ_class", man.name);
-  return {(18.0 * econ_class + rating) / 2, rating, econ_class, position};
+  constexpr double economy_weight = 18;
+  return {(economy_weight * econ_class + rating) / 2, rating, econ_class, position};
 }
 
 /// Place in bowler_pool of the first man of `kind` whose position is not `other`, or 0.
 int first_of_kind(std::string_view kind, int other) {
-  for (int i = 1; i <= 11; ++i) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
     const bowler_pool_rec& man = match.bowler_pool[i];
     if (man.bowler_type == kind && man.position != other) return i;
   }
@@ -104,16 +106,17 @@ void choose_next_batsman() {
 
 void choose_opening_bowlers() {
   reseed();
-  const int offset = static_cast<int>(std::floor(21 * rnd() - 10));
+  constexpr int most_offset = 10;
+  const int offset = static_cast<int>(std::floor((2 * most_offset + 1) * rnd() - most_offset));
   // A stable sort by the key: what full bubble passes with a strict comparison give.
-  std::array<candidate, 12> order;
-  for (int i = 1; i <= 11; ++i) {
+  std::array<candidate, men_in_eleven + 1> order;
+  for (int i = 1; i <= men_in_eleven; ++i) {
     const candidate next = candidate_at(i, offset);
     int place = i;
     for (; place > 1 && next.key < order[place - 1].key; --place) order[place] = order[place - 1];
     order[place] = next;
   }
-  for (int i = 1; i <= 11; ++i) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
     const player_rec& man = match.bowling_xi[order[i].position];
     bowler_pool_rec& line = match.bowler_pool[i];
     line.name = man.name;

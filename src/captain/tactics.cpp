@@ -6,6 +6,7 @@
 
 #include "captain/aicomp.h"
 #include "model/rounding.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 #include "ui/front_end.h"
@@ -24,25 +25,28 @@ double form_of(int position) {
   return 2 * card.runs + card.balls / 2.0 + 1;
 }
 
-int clamp_aggression(double value) { return static_cast<int>(std::min(5.0, std::max(1.0, value))); }
+int clamp_aggression(double value) {
+  return static_cast<int>(std::min(double{most_aggression}, std::max(double{least_aggression}, value)));
+}
 
 /// The part of the batting aggression that both batsmen share.
 double batting_base() {
   const int balls = match.innings_balls;
-  const int in_hand = 10 - match.score_wickets;
+  const int in_hand = wickets_of_innings - match.score_wickets;
   if (balls == 0) return base_at_start;
   if (match.first_total == 0) [[likely]] {
     constexpr double wickets_a_step = 3;
     constexpr double run_rate_a_step = 4;
     constexpr double balls_a_step = 75;
-    const double run_rate = 6.0 * match.score_runs / balls;
+    const double run_rate = double{balls_of_over} * match.score_runs / balls;
     return round_half_even(in_hand / wickets_a_step - run_rate / run_rate_a_step + balls / balls_a_step);
   }
   constexpr double wickets_a_step = 9;
   constexpr double projection_a_step = 3;
   constexpr double balls_left_a_step = 250;
   const double projection = match.first_innings_projection.number();
-  return round_half_even(in_hand / wickets_a_step + projection / projection_a_step - (300 - balls) / balls_left_a_step);
+  return round_half_even(in_hand / wickets_a_step + projection / projection_a_step -
+                         (balls_of_innings - balls) / balls_left_a_step);
 }
 
 /// The aggression of the batsman at a position. `strike_rate` is the bowler's.
@@ -52,7 +56,7 @@ int batting_value(int position, double base, double strike_rate) {
   constexpr double strike_rate_a_step = 100;
   const player_rec& man = match.batting_xi[position];
   // From such a base no skill brings him below the highest aggression, and nothing else takes away.
-  if (base - skill_weight >= 5 && man.bat_skill > 0 && strike_rate >= 0) return 5;
+  if (base - skill_weight >= most_aggression && man.bat_skill > 0 && strike_rate >= 0) return most_aggression;
   if (man.bat_skill == 0) {
     throw run_time_error(failure::division, "Division by zero: a batting skill of 0",
                          {.file = {}, .record = 0, .field = "bat_skill", .player = man.name});
@@ -186,7 +190,8 @@ const review_stage* stage_at(int balls) {
 double review_score(const review_weights& weights, const bowling_card_rec& card) {
   const double balls = card.balls;
   const double tiredness = balls > weights.fresh_balls ? balls / weights.balls_a_point : weights.fresh_points;
-  return tiredness - weights.wicket_points * card.wickets + 6.0 * card.runs / (weights.economy_divisor * balls);
+  return tiredness - weights.wicket_points * card.wickets +
+         double{balls_of_over} * card.runs / (weights.economy_divisor * balls);
 }
 
 /// The man under review is to be changed.
@@ -232,7 +237,7 @@ void set_batting_aggression() {
 
 int pick_replacement(const replacement_search& wanted) {
   for (const bool relaxed : {false, true}) {
-    for (int i = 1; i <= 11; ++i) {
+    for (int i = 1; i <= men_in_eleven; ++i) {
       const bowler_pool_rec& man = match.bowler_pool[i];
       const bool kind_fits = relaxed || man.bowler_type == wanted.type_a || man.bowler_type == wanted.type_b;
       if (!kind_fits || !fits(man, wanted)) continue;
@@ -248,13 +253,13 @@ int pick_replacement(const replacement_search& wanted) {
 
 void review_bowler() {
   announce_change();
-  if (match.innings_balls < 12) {
+  if (match.innings_balls < 2 * balls_of_over) {
     match.opening_bowlers[0] = match.bowler;
     match.opening_bowlers[1] = match.next_bowler;
   }
   if (const review_stage* stage = stage_at(match.innings_balls)) {
     if (is_to_go(*stage, match.next_bowler)) replace_next_bowler(*stage, stage->max_balls);
-    if (stage->forced_max_balls != 0 && match.bowling_card[match.next_bowler].balls >= 60) {
+    if (stage->forced_max_balls != 0 && match.bowling_card[match.next_bowler].balls >= balls_of_quota) {
       replace_next_bowler(*stage, stage->forced_max_balls);
     }
   }

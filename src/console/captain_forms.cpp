@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include "model/rounding.h"
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 
@@ -15,7 +16,7 @@ namespace velorin {
 
 batorder::batorder(std::string title_text) : title(std::move(title_text)) {
   match.next_batsman_slot = match.higher_batsman();
-  for (int row = 1; row <= 11; ++row) enabled[row] = row > match.next_batsman_slot;
+  for (int row = 1; row <= men_in_eleven; ++row) enabled[row] = row > match.next_batsman_slot;
 }
 
 std::string batorder::option1(int row) const { return match.batting_xi[row].name; }
@@ -38,7 +39,7 @@ void batorder::command1_click() {
 }
 
 chgbowler::chgbowler(use shown, std::string title_text) : title(std::move(title_text)), shown_for(shown) {
-  for (int row = 1; row <= 11; ++row) {
+  for (int row = 1; row <= men_in_eleven; ++row) {
     enabled[row] = row != match.next_bowler && match.bowling_xi[row].is_keeper == 0;
   }
   chosen = match.bowler;
@@ -60,10 +61,10 @@ void chgbowler::option1_click(int row) {
 int chgbowler::best_row() const {
   const auto key = [](int row) {
     const player_rec& man = match.bowling_xi[row];
-    return std::tuple(match.bowling_card[row].balls > 59, float(man.bowl_sr), float(man.econ));
+    return std::tuple(match.bowling_card[row].balls >= balls_of_quota, float(man.bowl_sr), float(man.econ));
   };
   int best = 0;
-  for (int row = 1; row <= 11; ++row) {
+  for (int row = 1; row <= men_in_eleven; ++row) {
     if (enabled[row] && (best == 0 || key(row) < key(best))) best = row;
   }
   return best;
@@ -84,9 +85,11 @@ aggr aggr::of_batsman(int slot) {
   form.headings = {"Runs", "Balls", "SR", "Settled  :"};
   form.figures = {number_text(int(card.runs)), number_text(int(card.balls)),
                   card.balls == 0 ? " - " : number_text(strike_rate(card.runs, card.balls)), ""};
-  form.picture1 = std::min(915.0, 5 * (2.0 * card.runs + card.balls / 2.0));
+  form.picture1 = std::min(double{full_meter}, 5 * (2.0 * card.runs + card.balls / 2.0));
   const std::string rate =
-      match.innings_balls == 0 ? "0.00" : number_text(round_to(6.0 * match.score_runs / match.innings_balls, 2));
+      match.innings_balls == 0
+          ? "0.00"
+          : number_text(round_to(double{balls_of_over} * match.score_runs / match.innings_balls, 2));
   form.label1_4 = fmt::format("{} are {}/{} from {} Overs at {} runs per over.", short_name(match.team1_name),
                               match.score_runs, match.score_wickets, match.overs_text(), rate);
   return form;

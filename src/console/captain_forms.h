@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "model/batsman_figures.h"
+#include "model/rules.h"
 
 // The dialogs of a human captain. A form is opened, changed through its fields as a user would, and closed by one of
 // its buttons.
@@ -20,10 +21,10 @@ struct batorder {
   static constexpr std::string_view vscroll1_low = "Defensive";
   static constexpr std::string_view vscroll1_high = "Aggressive";
 
-  std::string title;               ///< "Select 1st Opener", "Select 2nd Opener" or "Select Next Batsman"
-  std::array<bool, 12> enabled{};  ///< [1..11] the row's option can be chosen
-  int chosen = 0;                  ///< the chosen row, 0 for none
-  int vscroll1 = 3;                ///< aggression of the new man, 1 to 5
+  std::string title;                              ///< "Select 1st Opener", "Select 2nd Opener" or "Select Next Batsman"
+  std::array<bool, men_in_eleven + 1> enabled{};  ///< [1..11] the row's option can be chosen
+  int chosen = 0;                                 ///< the chosen row, 0 for none
+  int vscroll1 = 3;                               ///< aggression of the new man, 1 to 5
   bool closed = false;
 
   /// Sets next_batsman_slot and disables the rows of the men who have come in.
@@ -46,9 +47,9 @@ struct chgbowler {
   static constexpr std::string_view label2_heading = "R.P.O";
 
   std::string title;
-  use shown_for = use::change;     ///< decides which OK button is visible: Command1 (also for quota), 2 or 3
-  std::array<bool, 12> enabled{};  ///< [1..11]
-  int chosen = 0;                  ///< starts at the current bowler
+  use shown_for = use::change;  ///< decides which OK button is visible: Command1 (also for quota), 2 or 3
+  std::array<bool, men_in_eleven + 1> enabled{};  ///< [1..11]
+  int chosen = 0;                                 ///< starts at the current bowler
   bool closed = false;
 
   chgbowler(use shown, std::string title_text);
@@ -68,7 +69,7 @@ struct chgbowler {
 struct aggr {
   static constexpr std::string_view vscroll1_low = "Def.";
   static constexpr std::string_view vscroll1_high = "Agg.";
-  static constexpr double picture1_full = 915;  ///< the greatest width of the settled bar
+  static constexpr double picture1_full = full_meter;  ///< the greatest width of the settled bar
 
   bool for_batsman = true;              ///< Command1 is shown, else Command2
   int text1 = 0;                        ///< the slot

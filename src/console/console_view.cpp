@@ -5,6 +5,7 @@
 
 #include "console/gradi.h"
 #include "model/rounding.h"
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 
@@ -25,14 +26,15 @@ score_view view_score() {
   view.label15_0 = short_name(match.team1_name);
   view.label15_1 = fmt::format("{}/{}", match.score_runs, match.score_wickets);
   view.label15_2 = match.overs_text() + " Overs";
-  view.label15_19 = match.innings_balls < 1 ? std::string(" - ")
-                                            : number_text(round_to(6.0 * match.score_runs / match.innings_balls, 2));
+  view.label15_19 = match.innings_balls < 1
+                        ? std::string(" - ")
+                        : number_text(round_to(double{balls_of_over} * match.score_runs / match.innings_balls, 2));
   view.label27_0 = fmt::format("{:02}:{:02}", match.clock_minutes / 60, match.clock_minutes % 60);
   view.team1 = match.team1_name;
   view.team2 = match.team2_name;
   if (match.first_total != 0) {
     const int target = match.first_total + 1;
-    const int left = 300 - match.innings_balls;
+    const int left = balls_of_innings - match.innings_balls;
     view.target = fmt::format("Target {}", target);
     const int needed = target - match.score_runs;
     if (needed > 0) view.needed = fmt::format("need {} from {} {}", needed, left, left == 1 ? "ball" : "balls");

@@ -6,6 +6,7 @@
 
 #include "model/booking.h"
 #include "model/rounding.h"
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 
@@ -16,7 +17,7 @@ namespace {
 /// The sum of the numeric symbols of an over.
 int over_runs(int over) {
   int sum = 0;
-  for (int slot = 1; slot <= 6; ++slot) {
+  for (int slot = 1; slot <= balls_of_over; ++slot) {
     sum += std::max(0, symbol_number(match.ball_log[over][slot]));
   }
   return sum;
@@ -27,7 +28,7 @@ int over_runs(int over) {
 double meter_of(int position) {
   const batting_card_rec& card = match.batting_card[position];
   // In halves, which are whole numbers: five times the sum of twice his runs and half his balls.
-  return std::min(2 * 915, 5 * (4 * card.runs + card.balls)) / 2.0;
+  return std::min(2 * full_meter, 5 * (4 * card.runs + card.balls)) / 2.0;
 }
 
 void refresh_batsmen() {
@@ -51,9 +52,9 @@ void refresh_rates() {
   rates.innings_balls = match.innings_balls;
   rates.over_no = match.over_no;
   rates.of_innings_before = false;
-  const int left = 300 - match.innings_balls;
+  const int left = balls_of_innings - match.innings_balls;
   if (match.first_total != 0 && left > 0) {
-    rates.required_rate = round_to((match.first_total + 1 - match.score_runs) * 6.0 / left, 2);
+    rates.required_rate = round_to((match.first_total + 1 - match.score_runs) * double{balls_of_over} / left, 2);
     rates.required_rate_shown = true;
   }
 }
@@ -82,7 +83,7 @@ void log_over() {
   match.ball_commentary.add_over(note);
 }
 
-void advance_clock() { book(match.clock_minutes, 4, "clock_minutes", match.venue_name()); }
+void advance_clock() { book(match.clock_minutes, minutes_of_over, "clock_minutes", match.venue_name()); }
 
 void prepare_chase_display() {
   const rate_figures& rates = match.rates;
@@ -92,7 +93,7 @@ void prepare_chase_display() {
   } else if (rates.innings_balls == 0) {
     projection = {projection_text::kind::dash, 0};
   } else {
-    projection = {projection_text::kind::number, rates.score_runs + 300 - rates.innings_balls};
+    projection = {projection_text::kind::number, rates.score_runs + balls_of_innings - rates.innings_balls};
   }
   match.rates.of_innings_before = true;
   match.bowler_list = {};

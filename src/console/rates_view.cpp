@@ -3,6 +3,7 @@
 
 #include "console/console_view.h"
 #include "model/rounding.h"
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 
@@ -18,8 +19,8 @@ struct logged {
 
 logged count_overs(const ball_log_table& log, int from, int to) {
   logged sum;
-  for (int over = from < 1 ? 1 : from; over <= to && over <= 50; ++over) {
-    for (int slot = 1; slot <= 6; ++slot) {
+  for (int over = from < 1 ? 1 : from; over <= to && over <= overs_of_innings; ++over) {
+    for (int slot = 1; slot <= balls_of_over; ++slot) {
       const short_text& symbol = log[over][slot];
       if (const int number = symbol_number(symbol); number > 0) sum.runs += number;
       if (symbol == "W") ++sum.wickets;
@@ -33,7 +34,7 @@ logged count_overs(const ball_log_table& log, int from, int to) {
 rate_figures figures_of_this_innings() { return match.rates.of_innings_before ? rate_figures{} : match.rates; }
 
 std::string last_five(const rate_figures& rates) {
-  const int overs = rates.innings_balls / 6;
+  const int overs = rates.innings_balls / balls_of_over;
   if (overs - 4 <= 0) return " - ";
   // Only overs that were complete at the refresh; the one in progress was still empty then.
   const int last = overs < rates.over_no ? overs : rates.over_no - 1;
@@ -46,12 +47,12 @@ std::vector<rate_cell> projections(const rate_figures& rates) {
   if (rates.innings_balls == 0) return cells;
   const double runs = rates.score_runs;
   const double balls = rates.innings_balls;
-  const double left = 300 - balls;
+  const double left = balls_of_innings - balls;
   cells[0].text = number_text(runs + round_half_even(runs / balls * left));
-  cells[1].text = number_text(runs + round_half_even(4.0 / 6 * left));
+  cells[1].text = number_text(runs + round_half_even(4.0 / balls_of_over * left));
   cells[2].text = number_text(runs + round_half_even(left));
-  cells[3].text = number_text(runs + round_half_even(8.0 / 6 * left));
-  cells[4].text = number_text(runs + round_half_even(10.0 / 6 * left));
+  cells[3].text = number_text(runs + round_half_even(8.0 / balls_of_over * left));
+  cells[4].text = number_text(runs + round_half_even(10.0 / balls_of_over * left));
   return cells;
 }
 
@@ -61,18 +62,19 @@ std::vector<rate_cell> chase_cells(const rate_figures& rates) {
   std::vector<rate_cell> cells = {{"Runs Reqd.", ""},   {"Overs rem.", ""}, {"RR Reqd.", ""},  {"Current RR", ""},
                                   {"Wkts in hand", ""}, {"Target", ""},     {"Initial RR", ""}};
   const int target = match.first_total + 1;
-  const int left = 300 - rates.innings_balls;
+  const int left = balls_of_innings - rates.innings_balls;
   if (runs_needed(rates) > 0) {
     cells[0].text = number_text(runs_needed(rates));
     if (rates.required_rate_shown) cells[2].text = number_text(rates.required_rate);
   }
   cells[1].text = fmt::format("{} ({}b)", overs_from_balls(left), left);
   if (rates.innings_balls > 0) {
-    cells[3].text = number_text(round_to(static_cast<double>(rates.score_runs) / rates.innings_balls * 6, 2));
+    cells[3].text =
+        number_text(round_to(static_cast<double>(rates.score_runs) / rates.innings_balls * balls_of_over, 2));
   }
-  cells[4].text = number_text(10 - rates.score_wickets);
+  cells[4].text = number_text(wickets_of_innings - rates.score_wickets);
   cells[5].text = number_text(target);
-  cells[6].text = number_text(round_to(target * 6.0 / 300, 2));
+  cells[6].text = number_text(round_to(target * double{balls_of_over} / balls_of_innings, 2));
   return cells;
 }
 
@@ -82,7 +84,7 @@ void add_comparison(rates_view& view, const rate_figures& rates) {
   view.first_innings = fmt::format("{} {}/{}", them, int(match.first_total), int(match.first_wickets));
   view.first_innings_overs = overs_from_balls(match.first_balls) + " Overs";
   if (runs_needed(rates) > 0) view.label15_4 = "To win " + us + " need...";
-  const logged stage = count_overs(match.first_ball_log, 1, rates.innings_balls / 6);
+  const logged stage = count_overs(match.first_ball_log, 1, rates.innings_balls / balls_of_over);
   if (rates.innings_balls > 0) view.label15_12 = overs_from_balls(rates.innings_balls) + " Overs";
   view.label15_13 = fmt::format("{} are {}/{}", us, rates.score_runs, rates.score_wickets);
   view.label15_14 = fmt::format("{} were {}/{}", them, stage.runs, stage.wickets);

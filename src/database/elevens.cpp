@@ -11,6 +11,7 @@
 #include "database/configuration.h"
 #include "database/file_calls.h"
 #include "database/slots.h"
+#include "model/rules.h"
 #include "model/teams.h"
 
 namespace velorin {
@@ -41,7 +42,7 @@ std::size_t encoded_size(const player_rec& man) {
 constexpr const char* cannot_exchange = "The elevens cannot be exchanged";
 
 void hold_eleven(side which, const eleven& men) {
-  for (int i = 1; i <= 11; ++i) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
     if (encoded_size(men[i]) <= eleven_slot) continue;
     throw run_time_error(
         failure::overflow,
@@ -57,12 +58,12 @@ void hold_eleven(side which, const eleven& men) {
 void read_eleven(const std::filesystem::path& path, eleven& men) {
   const slot_file file = slot_file::read(path, eleven_slot);
   eleven fresh;
-  for (int i = 1; i <= 11; ++i) file.get(i, fresh[i]);
+  for (int i = 1; i <= men_in_eleven; ++i) file.get(i, fresh[i]);
   men = std::move(fresh);
 }
 
 void put_men(slot_file& file, const eleven& men) {
-  for (int i = 1; i <= 11; ++i) file.put(i, encoded(men[i]), men[i].name);
+  for (int i = 1; i <= men_in_eleven; ++i) file.put(i, encoded(men[i]), men[i].name);
 }
 
 /// Renames and tells the cause if that failed, else 0.

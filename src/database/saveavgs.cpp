@@ -9,6 +9,7 @@
 #include "database/saveavgs_records.h"
 #include "database/slots.h"
 #include "database/whole_file.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -78,7 +79,7 @@ void add_bowling(const career_in_file& to, const bowling_card_rec& line, const s
   to.add(career.balls_bowled, line.balls, "balls_bowled");
   to.add(career.runs_given, line.runs, "runs_given");
   to.add(career.maidens, line.maidens, "maidens");
-  if (line.wickets >= 5) to.add(career.five_wickets, 1, "five_wickets");
+  if (line.wickets >= five_wicket_haul) to.add(career.five_wickets, 1, "five_wickets");
   if (line.wickets == career.best_wickets && line.runs < career.best_runs) {
     career.best_runs = line.runs;
     career.best_against = opponent;
@@ -115,8 +116,8 @@ void add_batting(const career_in_file& to, const batting_card_rec& line, bool no
   to.add(career.threes, line.threes, "threes");
   to.add(career.innings, 1, "innings");
   if (not_out) to.add(career.not_outs, 1, "not_outs");
-  if (line.runs >= 100) to.add(career.hundreds, 1, "hundreds");
-  if (line.runs >= 50 && line.runs <= 99) to.add(career.fifties, 1, "fifties");
+  if (line.runs >= century) to.add(career.hundreds, 1, "hundreds");
+  if (line.runs >= half_century && line.runs < century) to.add(career.fifties, 1, "fifties");
   add_high_score(career, line, not_out, opponent);
 }
 
@@ -128,7 +129,7 @@ void add_fielding(const career_in_file& to, const batting_card_rec& line) {
 }
 
 void add_match(career_team_rec& team, long record, const side_books& books) {
-  for (int j = 1; j <= 11; ++j) {
+  for (int j = 1; j <= men_in_eleven; ++j) {
     for (int p = 1; p <= team.player_count; ++p) {
       const career_in_file to{team.players[p], record};
       const std::string& name = to.career.name;
@@ -146,7 +147,7 @@ void update_side(career_table& table, const side_books& books) {
   for (int t = 1; t <= table.career_team_count; ++t) {
     career_team_rec& team = table.teams[t];
     if (team.team_name != books.team) continue;
-    for (int j = 1; j <= 11; ++j) enrol_player(team, t + 1, books.bowling[j].name);
+    for (int j = 1; j <= men_in_eleven; ++j) enrol_player(team, t + 1, books.bowling[j].name);
     add_match(team, t + 1, books);
   }
 }

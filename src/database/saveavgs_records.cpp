@@ -10,6 +10,7 @@
 #include "database/saveavgs.h"
 #include "database/saveavgs_records.h"
 #include "database/whole_file.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -30,7 +31,7 @@ void insert_line(std::array<Line, n>& list, const Line& entry, Beats beats) {
 
 void update_top_scores(top_score_list& list, const batting_card_table& card, const std::string& team,
                        const std::string& against, std::string_view not_out) {
-  for (int j = 1; j <= 11; ++j) {
+  for (int j = 1; j <= men_in_eleven; ++j) {
     const batting_card_rec& man = card[j];
     insert_line(list,
                 top_score_rec{.player = man.name,
@@ -46,7 +47,7 @@ void update_top_scores(top_score_list& list, const batting_card_table& card, con
 
 void update_top_bowling(top_bowling_list& list, const bowling_card_table& card, const std::string& team,
                         const std::string& against) {
-  for (int j = 1; j <= 11; ++j) {
+  for (int j = 1; j <= men_in_eleven; ++j) {
     const bowling_card_rec& man = card[j];
     insert_line(list,
                 top_bowling_rec{.player = man.name,
@@ -196,8 +197,8 @@ void update_extremes(team_table& row, const std::string& opponent, const tagged&
 void update_team_table(record_lists& lists) {
   const tagged first{match.first_total};
   const tagged second{number_text(match.score_runs)};
-  const bool first_all_out = match.first_wickets == 10;
-  const bool second_all_out = match.score_wickets == 10;
+  const bool first_all_out = match.first_wickets == wickets_of_innings;
+  const bool second_all_out = match.score_wickets == wickets_of_innings;
 
   team_table& chasing = row_of(lists, match.team1_name);
   count_result(chasing, match.team1_name);

@@ -3,12 +3,28 @@
 
 #include "model/random.h"
 #include "model/rounding.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 
 namespace velorin {
 
 namespace {
+
+constexpr int scale_end = 1000;  ///< draws of 1 to this settle a ball
+
+/// Conditions of 1 to 4 each, by their sum: skill is divided by (rise * sum + start) / whole.
+struct conditions_weights {
+  double rise;
+  double start;
+  double whole;
+};
+constexpr conditions_weights conditions_weight = {7, 180, 300};
+
+/// The settled meter: it adds its part of balls to the balls per wicket, and its part of runs to the over.
+constexpr double meter_a_ball = 150;
+constexpr double meter_a_protected_ball = 100;
+constexpr double meter_a_run = 1000;
 
 /// What an aggression of 1 to 5 (index 0 to 4) adds: a share of the rating to the balls per wicket, runs to the over.
 struct batting_weight {
@@ -47,21 +63,21 @@ double single(double quotient) {
 void add_batting_aggression(expectations& expected, double adjusted_skill) {
   const int slot = match.striker_slot();
   const int aggression = match.batsman_aggression[slot];
-  if (aggression < 1 || aggression > 5) return;
+  if (aggression < least_aggression || aggression > most_aggression) return;
   const double meter = match.settled_meter[slot];
   // On the lowest aggression the meter protects the man of the higher position half as much again.
-  const double divisor = aggression == 1 && slot == 1 ? 100 : 150;
-  const batting_weight& weight = batting_weights[aggression - 1];
+  const double divisor = aggression == least_aggression && slot == 1 ? meter_a_protected_ball : meter_a_ball;
+  const batting_weight& weight = batting_weights[aggression - least_aggression];
   expected.balls_per_wicket = expected.balls_per_wicket + weight.skill_share * adjusted_skill + single(meter / divisor);
-  expected.runs_per_over = expected.runs_per_over + weight.runs + single(meter / 1000);
+  expected.runs_per_over = expected.runs_per_over + weight.runs + single(meter / meter_a_run);
 }
 
 void add_bowling_aggression(expectations& expected, const player_rec& bowler) {
   const int aggression = match.bowling_aggression[0];
-  if (aggression < 1 || aggression > 5 || aggression == 3) return;
+  if (aggression < least_aggression || aggression > most_aggression || aggression == even_aggression) return;
   const double economy = static_cast<double>(bowler.econ);
   if (economy == 0) raise_division("econ", bowler.name);
-  const bowling_weight& weight = bowling_weights[aggression - 1];
+  const bowling_weight& weight = bowling_weights[aggression - least_aggression];
   expected.balls_per_wicket += weight.strike_share * static_cast<double>(bowler.bowl_sr);
   expected.runs_per_over += round_to(weight.economy_parts / economy, 3);
 }
@@ -72,11 +88,12 @@ expectations expect_delivery() {
   const player_rec& batsman = match.batting_xi[match.striker];
   const player_rec& bowler = match.bowling_xi[match.bowler];
   const int conditions = match.ground.pitch_surface + match.ground.pitch_bounce + match.weather + match.outfield;
-  const double condition_factor = (7.0 * conditions + 180) / 300;
+  const double condition_factor =
+      (conditions_weight.rise * conditions + conditions_weight.start) / conditions_weight.whole;
   const double skill = batsman.bat_skill;
   const double adjusted_skill = round_half_even(skill / condition_factor);
   if (adjusted_skill == 0) raise_division("bat_skill", batsman.name);
-  const double base_rate = (skill / adjusted_skill) * 6;
+  const double base_rate = (skill / adjusted_skill) * balls_of_over;
   expectations expected;
   expected.balls_per_wicket = (adjusted_skill + static_cast<double>(bowler.bowl_sr)) / 2;
   expected.runs_per_over = (static_cast<double>(bowler.econ) + base_rate) / 2;
@@ -88,7 +105,7 @@ expectations expect_delivery() {
 
 std::array<double, 10> delivery_windows(const expectations& expected) {
   std::array<double, 10> windows{};
-  windows[0] = round_half_even((1 / expected.balls_per_wicket) * 1000);
+  windows[0] = round_half_even((1 / expected.balls_per_wicket) * scale_end);
   for (std::size_t i = 0; i < run_weights.size(); ++i) {
     windows[i + 1] = round_half_even(run_weights[i] * expected.runs_per_over);
   }
@@ -106,7 +123,7 @@ int classify(int draw, const std::array<double, 10>& windows) {
 
 void deliver_ball() {
   reseed();
-  const int draw = die(1000);
+  const int draw = die(scale_end);
   match.ball_outcome = classify(draw, delivery_windows(expect_delivery()));
 }
 

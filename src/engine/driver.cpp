@@ -16,6 +16,7 @@
 #include "model/booking.h"
 #include "model/check_match.h"
 #include "model/random.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -42,14 +43,14 @@ struct over_in_progress {
 };
 
 void require_position(int position, const char* field) {
-  if (position >= 1 && position <= 11) return;
+  if (position >= 1 && position <= men_in_eleven) return;
   throw run_time_error(failure::subscript, "Subscript out of range: nobody was chosen",
                        {.file = {}, .record = 0, .field = field, .player = {}});
 }
 
 /// The log has fifty overs. Only an innings that began with the balls of an earlier one can go past them.
 void require_place_in_log() {
-  if (match.over_no <= 50) return;
+  if (match.over_no <= overs_of_innings) return;
   throw run_time_error(failure::subscript, "Subscript out of range: an innings of more than 50 overs",
                        {.file = {}, .record = 0, .field = "ball_log", .player = match.team1_name});
 }
@@ -147,7 +148,7 @@ void fall_of_a_wicket(over_in_progress& over) {
   match.ball_commentary.add_wicket(match.bowler, match.striker);
   match.last_wicket = {match.striker, match.innings_number, match.score_runs};
   if (match.human_involved()) show_fall_of_wicket(out);
-  if (match.striker >= 11 || match.non_striker >= 11) {
+  if (match.striker >= men_in_eleven || match.non_striker >= men_in_eleven) {
     match.innings_over_flag = true;
     match.innings_changed = true;
     return;
@@ -209,7 +210,7 @@ bool bowl_ball(over_in_progress& over) {
 }
 
 void enforce_quota() {
-  while (match.bowling_card[match.bowler].balls > 59) {
+  while (match.bowling_card[match.bowler].balls >= balls_of_quota) {
     user().show(message_box{
         "Full Quota Bowled",
         match.bowling_xi[match.bowler].name + " has bowled his full quota of 10 overs.Please select a new bowler"});
@@ -227,7 +228,7 @@ void browse_last_over() {
 
 void end_over() {
   bowling_card_rec& bowler = match.bowling_card[match.bowler];
-  match.ball_log[match.over_no][7] = bowler.name;
+  match.ball_log[match.over_no][balls_of_over + 1] = bowler.name;
   if (match.maiden_flag) book(bowler.maidens, 1, "bowling_card.maidens", bowler.name);
   log_over();
   advance_clock();
@@ -254,7 +255,7 @@ void start_clock() {
 }
 
 void play_unattended() {
-  for (int over = 1; over <= 100; ++over) {
+  for (int over = 1; over <= 2 * overs_of_innings; ++over) {
     user().progress(over);
     next_over();
     if (match.innings_balls == 0 && match.first_total == 0) break;
@@ -273,7 +274,7 @@ void name_openers() {
 }
 
 void name_bowlers() {
-  for (int i = 1; i <= 11; ++i) match.bowling_card[i].name = match.bowling_xi[i].name;
+  for (int i = 1; i <= men_in_eleven; ++i) match.bowling_card[i].name = match.bowling_xi[i].name;
 }
 
 void pick_opening_bowlers() {
@@ -335,7 +336,7 @@ void next_over() {
   match.maiden_flag = true;
   for (short_text& symbol : match.over_symbols) symbol.clear();
   over_in_progress over;
-  for (; over.ball_no <= 6; ++over.ball_no) {
+  for (; over.ball_no <= balls_of_over; ++over.ball_no) {
     if (!bowl_ball(over)) return;
   }
   end_over();

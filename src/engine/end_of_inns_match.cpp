@@ -9,6 +9,7 @@
 #include "engine/driver.h"
 #include "engine/resetmat.h"
 #include "model/booking.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -29,7 +30,7 @@ struct verdict {
 };
 
 /// The side that batted first is rated over 50 overs, and so is a chase that failed.
-double delta_over_fifty() { return (match.first_total - match.score_runs) / 50.0; }
+double delta_over_fifty() { return (match.first_total - match.score_runs) / double{overs_of_innings}; }
 
 void conclude(const verdict& outcome) {
   match.result_ground = match.venue_name();
@@ -55,8 +56,9 @@ void conclude_closed_innings() {
 }
 
 void conclude_chase() {
-  const std::string wickets = number_text(10 - match.score_wickets);
-  const double delta = match.first_total / 50.0 - 6.0 * match.score_runs / match.innings_balls;
+  const std::string wickets = number_text(wickets_of_innings - match.score_wickets);
+  const double delta =
+      match.first_total / double{overs_of_innings} - double{balls_of_over} * match.score_runs / match.innings_balls;
   conclude({match.team1_name, match.team2_name, "  won by  " + wickets + "  wickets ",
             match.team1_name + "   wins by  " + wickets + "  wickets ", delta});
 }
@@ -75,8 +77,7 @@ void end_innings() {
 }
 
 void store_commentary() {
-  // The marker stands two places behind the last line, and the store has 1500 places.
-  if (match.ball_commentary.size() + 2 > 1500) {
+  if (match.ball_commentary.size() > most_stored_lines) {
     throw run_time_error(failure::subscript, "Subscript out of range: the commentary has more than 1498 lines",
                          {.file = {}, .record = 0, .field = "commentary_store", .player = {}});
   }
@@ -91,7 +92,7 @@ void swap_sides() {
 }
 
 void record_unbroken_stand(int wickets, const eleven& men) {
-  if (wickets >= 10) return;
+  if (wickets >= wickets_of_innings) return;
   const fall_of_wicket_rec& before = match.fall_of_wicket[wickets];
   fall_of_wicket_rec& stand = match.fall_of_wicket[wickets + 1];
   stand.batsman_a = men[match.lower_batsman()].name;
@@ -103,7 +104,7 @@ void record_unbroken_stand(int wickets, const eleven& men) {
 
 void swap_cards() {
   std::swap(match.batting_card, match.first_batting_card);
-  if (match.innings_wickets < 10) {
+  if (match.innings_wickets < wickets_of_innings) {
     match.first_batting_card[match.striker].how_out = "not out";
     match.first_batting_card[match.non_striker].how_out = "not out";
   }
@@ -150,7 +151,7 @@ void open_second_innings() {
 }  // namespace
 
 void end_of_ball_check() {
-  if (match.innings_balls == 300 || match.innings_over_flag) end_innings();
+  if (match.innings_balls == balls_of_innings || match.innings_over_flag) end_innings();
   if (match.first_total != 0 && match.score_runs > match.first_total) conclude_chase();
 }
 

@@ -2,6 +2,7 @@
 #include "browsers/sqdet.h"
 #include "console/captain_forms.h"
 #include "engine/driver.h"
+#include "model/rules.h"
 #include "model/teams.h"
 #include "ui/front_end.h"
 
@@ -48,7 +49,7 @@ void main_console::command11_click() { user().open(report::graphs); }
 void main_console::vscroll1_change(int over) {
   if (over < 1 || over > match.browser_maximum) return;
   match.browsed_over = over;
-  for (int slot = 1; slot <= 6; ++slot) match.over_symbols[slot - 1] = match.ball_log[over][slot];
+  for (int slot = 1; slot <= balls_of_over; ++slot) match.over_symbols[slot - 1] = match.ball_log[over][slot];
 }
 
 }  // namespace velorin

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "engine/storage.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -54,15 +55,17 @@ bool check_batsman(int step, const milestone& reached, int position, const char*
 }
 
 /// The man has reached a step that he is not known for.
-bool is_due(int position) { return std::min(match.batting_card[position].runs / 50, 4) > match.batting_step[position]; }
+bool is_due(int position) {
+  return std::min(match.batting_card[position].runs / half_century, 4) > match.batting_step[position];
+}
 
 void check_batsmen() {
   if (!is_due(match.striker) && !is_due(match.non_striker)) return;
   const milestone milestones[] = {
-      {50, match.fifty_list, ")  has reached his fifty "},
-      {100, match.hundred_list, ")  has reached his century! "},
-      {150, match.century_and_half_list, ")  has reached his one hundred fifty "},
-      {200, match.double_century_list, ")  has reached his Double century! "},
+      {half_century, match.fifty_list, ")  has reached his fifty "},
+      {century, match.hundred_list, ")  has reached his century! "},
+      {3 * half_century, match.century_and_half_list, ")  has reached his one hundred fifty "},
+      {2 * century, match.double_century_list, ")  has reached his Double century! "},
   };
   for (int step = 1; step <= 4; ++step) {
     const bool striker = check_batsman(step, milestones[step - 1], match.striker, "  ");
@@ -74,7 +77,7 @@ void check_batsmen() {
 void check_bowler() {
   const bowling_card_rec& man = match.bowling_card[match.bowler];
   std::uint8_t& known = match.five_wicket_step[match.bowler];
-  if (man.wickets < 5 || known != 0) return;
+  if (man.wickets < five_wicket_haul || known != 0) return;
   if (enter(match.five_wicket_list, man.name) && match.human_involved()) {
     user().show(message_box{man.name + " - Bowling achievement", man.name + " has taken a Five Wicket Haul! "});
   }
@@ -83,12 +86,12 @@ void check_bowler() {
 
 void enter_stand(int stand) {
   const milestone milestones[] = {
-      {50, match.stand50_list, "Fifty"},
-      {100, match.stand100_list, "Hundred"},
-      {150, match.stand150_list, "One hundered fifty"},
-      {200, match.stand200_list, "Two hundred"},
-      {250, match.stand250_list, "Two hundred Fifty"},
-      {300, match.stand300_list, "Three hundred"},
+      {half_century, match.stand50_list, "Fifty"},
+      {century, match.stand100_list, "Hundred"},
+      {3 * half_century, match.stand150_list, "One hundered fifty"},
+      {2 * century, match.stand200_list, "Two hundred"},
+      {5 * half_century, match.stand250_list, "Two hundred Fifty"},
+      {3 * century, match.stand300_list, "Three hundred"},
   };
   const std::string& lower = match.batting_xi[match.lower_batsman()].name;
   const std::string& higher = match.batting_xi[match.higher_batsman()].name;
@@ -111,7 +114,7 @@ void check_stand() {
     match.stand_step = 0;
   }
   const int stand = match.score_runs - match.fall_of_wicket[match.score_wickets].score;
-  if (stand >= 50 * (match.stand_step + 1) && match.stand_step < 6) enter_stand(stand);
+  if (stand >= half_century * (match.stand_step + 1) && match.stand_step < 6) enter_stand(stand);
 }
 
 }  // namespace

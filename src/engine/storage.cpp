@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/storage.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "database/elevens.h"
 #include "engine/algorithm.h"
 #include "model/booking.h"
 #include "model/random.h"
+#include "model/rules.h"
 #include "model/teams.h"
 
 namespace velorin {
@@ -29,9 +32,33 @@ constexpr std::array<counter, 7> counters = {{{&batting_card_rec::dots, "batting
                                               {&batting_card_rec::sixes, "batting_card.sixes"},
                                               {&batting_card_rec::sixes, "batting_card.sixes"}}};
 
+/// How a batsman can be out. A ball that the keeper takes is a stumping off a spinner and a catch off another.
+enum class dismissal : std::uint8_t { bowled, caught_behind, run_out, by_the_keeper, caught_in_the_field, leg_before };
+
+/// A kind of dismissal and the last of the draws that bring it; they begin behind those of the kind before.
+struct dismissal_share {
+  dismissal kind;
+  int last_draw;
+};
+
+/// In rising order of the draws, of which the last kind ends the scale.
+constexpr std::array<dismissal_share, 6> dismissals = {{{dismissal::bowled, 11},
+                                                        {dismissal::caught_behind, 30},
+                                                        {dismissal::run_out, 40},
+                                                        {dismissal::by_the_keeper, 45},
+                                                        {dismissal::caught_in_the_field, 100},
+                                                        {dismissal::leg_before, 110}}};
+
+dismissal draw_dismissal() {
+  const int draw = die(dismissals.back().last_draw);
+  return std::find_if(dismissals.begin(), dismissals.end(),
+                      [draw](const dismissal_share& share) { return draw <= share.last_draw; })
+      ->kind;
+}
+
 /// The keeper's name: of several the man of the highest position counts. nullptr without one.
 const std::string* keeper_name() {
-  for (int i = 11; i >= 1; --i) {
+  for (int i = men_in_eleven; i >= 1; --i) {
     if (match.bowling_xi[i].is_keeper != 0) return &match.bowling_xi[i].name;
   }
   return nullptr;
@@ -43,7 +70,7 @@ void caught_behind(batting_card_rec& out, const player_rec& bowler, const char* 
 }
 
 void caught_in_the_field(batting_card_rec& out, const player_rec& bowler) {
-  const int catcher = die(11);
+  const int catcher = die(men_in_eleven);
   if (catcher == match.bowler) {
     out.how_out = " c && b " + bowler.name;
     out.fielder.clear();
@@ -88,22 +115,28 @@ void record_fall_of_wicket() {
 void record_dismissal(bool& run_out) {
   batting_card_rec& out = match.batting_card[match.striker];
   const player_rec& bowler = match.bowling_xi[match.bowler];
-  const int kind = die(110);
-  if (kind <= 11) {
-    out.how_out = " b " + bowler.name;
-    out.fielder.clear();
-  } else if (kind <= 30) {
-    caught_behind(out, bowler, " c ");
-  } else if (kind <= 40) {
-    out.how_out = " run out (" + match.bowling_xi[die(11)].name + ")";
-    run_out = true;
-  } else if (kind <= 45) {
-    caught_behind(out, bowler, bowler.bowler_type == "spinner" ? " st " : " c ");
-  } else if (kind <= 100) {
-    caught_in_the_field(out, bowler);
-  } else {
-    out.how_out = " lbw " + bowler.name;
-    out.fielder.clear();
+  switch (draw_dismissal()) {
+    case dismissal::bowled:
+      out.how_out = " b " + bowler.name;
+      out.fielder.clear();
+      break;
+    case dismissal::caught_behind:
+      caught_behind(out, bowler, " c ");
+      break;
+    case dismissal::run_out:
+      out.how_out = " run out (" + match.bowling_xi[die(men_in_eleven)].name + ")";
+      run_out = true;
+      break;
+    case dismissal::by_the_keeper:
+      caught_behind(out, bowler, bowler.bowler_type == "spinner" ? " st " : " c ");
+      break;
+    case dismissal::caught_in_the_field:
+      caught_in_the_field(out, bowler);
+      break;
+    case dismissal::leg_before:
+      out.how_out = " lbw " + bowler.name;
+      out.fielder.clear();
+      break;
   }
 }
 

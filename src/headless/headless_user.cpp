@@ -9,6 +9,7 @@
 #include "competitions/wcsstab.h"
 #include "console/captain_forms.h"
 #include "engine/driver.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 #include "setup/teamsel.h"
@@ -23,7 +24,7 @@ namespace {
 /// the one of least batting skill, the later place on a tie. 0 if there is none.
 int man_to_leave_out(const teamsel& form) {
   int least = 0;
-  for (int place = 1; place <= 20; ++place) {
+  for (int place = 1; place <= men_in_squad; ++place) {
     const player_rec& man = form.man(place);
     const auto& best = form.best_bowlers();
     const bool kept = man.is_keeper != 0 || place == form.batting_bowler() ||
@@ -48,12 +49,12 @@ void headless_user::show(wecond& form) {
 
 void headless_user::show(teamsel& form) {
   form.command3_click();
-  while (form.ticked() > 11) {
+  while (form.ticked() > men_in_eleven) {
     const int place = man_to_leave_out(form);
     if (place == 0) break;
     form.check1_click(place);
   }
-  if (form.ticked() != 11) {
+  if (form.ticked() != men_in_eleven) {
     throw run_time_error(failure::endless, "Endless search: no eleven can be selected from the squad",
                          {.file = {}, .record = 0, .field = "squad", .player = form.heading()});
   }
@@ -70,13 +71,13 @@ void headless_user::show(toss& form) {
 }
 
 void headless_user::show(batorder& form) {
-  for (int row = 1; row <= 11 && form.chosen == 0; ++row) form.option1_click(row);
+  for (int row = 1; row <= men_in_eleven && form.chosen == 0; ++row) form.option1_click(row);
   form.command1_click();
 }
 
 void headless_user::show(chgbowler& form) {
-  for (int row = 1; row <= 11; ++row) {
-    if (!form.enabled[row] || match.bowling_card[row].balls >= 60) continue;
+  for (int row = 1; row <= men_in_eleven; ++row) {
+    if (!form.enabled[row] || match.bowling_card[row].balls >= balls_of_quota) continue;
     form.option1_click(row);
     form.command_click();
     return;

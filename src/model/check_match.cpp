@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "model/rules.h"
 #include "model/teams.h"
 
 namespace velorin {
@@ -18,7 +19,7 @@ struct card_sums {
 };
 
 std::string check_batting(card_sums& sums) {
-  for (int i = 1; i <= 11; ++i) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
     const batting_card_rec& man = match.batting_card[i];
     const int from_strokes = man.singles + 2 * man.twos + 3 * man.threes + 4 * man.fours + 6 * man.sixes;
     const int strokes = man.singles + man.twos + man.threes + man.fours + man.sixes + man.dots;
@@ -40,9 +41,9 @@ std::string check_bowling(const card_sums& batting) {
   int balls = 0;
   int runs = 0;
   int wickets = 0;
-  for (int i = 1; i <= 11; ++i) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
     const bowling_card_rec& man = match.bowling_card[i];
-    if (man.maidens * 6 > man.balls) return fmt::format("bowling_card {}: more maidens than overs", i);
+    if (man.maidens * balls_of_over > man.balls) return fmt::format("bowling_card {}: more maidens than overs", i);
     balls += man.balls;
     runs += man.runs;
     wickets += man.wickets;
@@ -61,7 +62,9 @@ std::string check_bowling(const card_sums& batting) {
 std::string check_quota() {
   const int this_over = match.innings_balls - match.ball_commentary.balls_at_last_over();
   const int before = match.bowling_card[match.bowler].balls - this_over;
-  if (before > 59) return fmt::format("bowling_card {}: began an over with {} balls", int(match.bowler), before);
+  if (before >= balls_of_quota) {
+    return fmt::format("bowling_card {}: began an over with {} balls", int(match.bowler), before);
+  }
   return {};
 }
 
@@ -83,18 +86,20 @@ std::string check_falls() {
 }
 
 std::string check_position() {
-  const auto place = [](int position) { return position >= 1 && position <= 11; };
+  const auto place = [](int position) { return position >= 1 && position <= men_in_eleven; };
   if (!place(match.bowler) || !place(match.next_bowler)) {
     return fmt::format("bowlers at {} and {}", int(match.bowler), int(match.next_bowler));
   }
   if (!place(match.striker) || !place(match.non_striker) || match.striker == match.non_striker) {
     return fmt::format("batsmen at {} and {}", int(match.striker), int(match.non_striker));
   }
-  if (match.over_no < 1 || match.over_no > 50) return fmt::format("over_no {}", int(match.over_no));
-  if (match.innings_balls < 0 || match.innings_balls > 300) {
+  if (match.over_no < 1 || match.over_no > overs_of_innings) return fmt::format("over_no {}", int(match.over_no));
+  if (match.innings_balls < 0 || match.innings_balls > balls_of_innings) {
     return fmt::format("innings_balls {}", int(match.innings_balls));
   }
-  if (match.score_wickets < 0 || match.score_wickets > 10) return fmt::format("score_wickets {}", match.score_wickets);
+  if (match.score_wickets < 0 || match.score_wickets > wickets_of_innings) {
+    return fmt::format("score_wickets {}", match.score_wickets);
+  }
   if (match.ball_outcome < 0 || match.ball_outcome > 11 || match.ball_outcome == 5) {
     return fmt::format("ball_outcome {}", int(match.ball_outcome));
   }
@@ -103,15 +108,15 @@ std::string check_position() {
 
 std::string check_console() {
   for (int slot = 0; slot < 2; ++slot) {
-    const auto fits = [](int aggression) { return aggression >= 1 && aggression <= 5; };
+    const auto fits = [](int aggression) { return aggression >= least_aggression && aggression <= most_aggression; };
     if (!fits(match.batsman_aggression[slot]) || !fits(match.bowling_aggression[slot])) {
       return fmt::format("aggressions {} and {} in slot {}", match.batsman_aggression[slot],
                          match.bowling_aggression[slot], slot);
     }
     const double meter = match.settled_meter[slot];
-    if (meter < 0 || meter > 915) return fmt::format("settled_meter {} in slot {}", meter, slot);
+    if (meter < 0 || meter > full_meter) return fmt::format("settled_meter {} in slot {}", meter, slot);
   }
-  if (match.commentary_store.size() > 1498) return "commentary_store runs past its 1500 places";
+  if (match.commentary_store.size() > most_stored_lines) return "commentary_store runs past its 1500 places";
   return {};
 }
 

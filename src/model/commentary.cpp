@@ -2,6 +2,7 @@
 #include "model/commentary.h"
 
 #include "model/rounding.h"
+#include "model/rules.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -41,8 +42,9 @@ void add_over_lines(std::vector<std::string>& lines, const over_note& note, cons
   const auto batsman = [&](int position, int runs, int balls) {
     return batting[position].name + "     " + number_text(runs) + " (" + number_text(balls) + ")";
   };
-  const std::string rate =
-      note.innings_balls < 1 ? " - " : number_text(round_to(6.0 * note.score_runs / note.innings_balls, 2));
+  const std::string rate = note.innings_balls < 1
+                               ? " - "
+                               : number_text(round_to(double{balls_of_over} * note.score_runs / note.innings_balls, 2));
   lines.push_back(rule);
   lines.push_back("End of Over No." + number_text(note.over_no) + "     (" + number_text(note.over_runs) + " runs)");
   lines.push_back(short_name(team) + "   " + number_text(note.score_runs) + "/" + number_text(note.score_wickets));

@@ -41,6 +41,11 @@ struct over_note {
   integer bowler_wickets;
 };
 
+/// Places of the store that keeps the commentary of the first innings, and the lines that fit: the end marker stands
+/// two places behind the last.
+inline constexpr int commentary_places = 1500;
+inline constexpr int most_stored_lines = commentary_places - 2;
+
 /// The commentary of one innings. Notes are kept as figures and become lines when somebody reads them, with the cards
 /// of the innings they belong to.
 class commentary_log {

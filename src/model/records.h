@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "model/integer.h"
+#include "model/rules.h"
 #include "model/short_text.h"
 
 // The plain records of a match. Texts are single bytes of Windows-1252. Arrays that start at 1 keep their unused
@@ -81,8 +82,8 @@ struct player_rec {
 /// A team with its squad, a record of the team file.
 struct team_rec {
   std::string team_name;
-  integer team_flag;                 ///< carried along, read by nothing
-  std::array<player_rec, 21> squad;  ///< places 1 to 20, filled from the front
+  integer team_flag;                               ///< carried along, read by nothing
+  std::array<player_rec, men_in_squad + 1> squad;  ///< places 1 to 20, filled from the front
 };
 
 /// A ground, a record of the ground file.
@@ -113,7 +114,7 @@ struct batting_card_rec {
 /// One bowler's line of an innings.
 struct bowling_card_rec {
   std::string name;
-  integer balls;    ///< legal balls; 60 is the quota
+  integer balls;    ///< legal balls; see balls_of_quota
   integer maidens;  ///< overs without a run off the bat
   integer runs;     ///< off the bat
   integer wickets;  ///< run outs left out
@@ -145,11 +146,12 @@ struct rate_entry {
   double delta = 0;  ///< runs an over gained on the other side
 };
 
-using batting_card_table = std::array<batting_card_rec, 12>;       // 1..11
-using bowling_card_table = std::array<bowling_card_rec, 12>;       // 1..11
-using fall_of_wicket_table = std::array<fall_of_wicket_rec, 11>;   // 0..10
-using eleven = std::array<player_rec, 12>;                         // 1..11
-using squad = std::array<player_rec, 21>;                          // 1..20
-using ball_log_table = std::array<std::array<short_text, 8>, 51>;  // over 1..50, slot 1..7
+using batting_card_table = std::array<batting_card_rec, men_in_eleven + 1>;           // 1..11
+using bowling_card_table = std::array<bowling_card_rec, men_in_eleven + 1>;           // 1..11
+using fall_of_wicket_table = std::array<fall_of_wicket_rec, wickets_of_innings + 1>;  // 0..10
+using eleven = std::array<player_rec, men_in_eleven + 1>;                             // 1..11
+using squad = std::array<player_rec, men_in_squad + 1>;                               // 1..20
+using ball_log_table =
+    std::array<std::array<short_text, balls_of_over + 2>, overs_of_innings + 1>;  // over 1..50, slot 1..7
 
 }  // namespace velorin

@@ -9,6 +9,7 @@
 
 #include "model/commentary.h"
 #include "model/records.h"
+#include "model/rules.h"
 
 // The state of the one match in play. Every procedure of the match works on the one instance `match`. Fields are
 // grouped by lifetime; a group is reset by assigning a fresh one. A copy of `match` is a snapshot.
@@ -106,10 +107,10 @@ struct stand_key {
 /// at a position, or the present pair, has been entered. Steps count the lists of a kind from 1 in rising order. Only
 /// for the innings in play.
 struct match_known_achievements {
-  std::array<std::uint8_t, 12> batting_step{};      ///< [1..11] 1 to 4: 50, 100, 150, 200
-  std::array<std::uint8_t, 12> five_wicket_step{};  ///< [1..11] 1: entered
-  std::uint8_t stand_step = 0;                      ///< 1 to 6: 50 to 300
-  stand_key stand_of;                               ///< the stand when the step was noted
+  std::array<std::uint8_t, men_in_eleven + 1> batting_step{};      ///< [1..11] 1 to 4: 50, 100, 150, 200
+  std::array<std::uint8_t, men_in_eleven + 1> five_wicket_step{};  ///< [1..11] 1: entered
+  std::uint8_t stand_step = 0;                                     ///< 1 to 6: 50 to 300
+  stand_key stand_of;                                              ///< the stand when the step was noted
 };
 
 /// What the set-up collects on its way to the toss.
@@ -125,7 +126,7 @@ struct match_set_up {
 
 /// The computer captain's list. Built once an innings.
 struct match_bowler_pool {
-  std::array<bowler_pool_rec, 12> bowler_pool;  // 1..11, best first
+  std::array<bowler_pool_rec, men_in_eleven + 1> bowler_pool;  // 1..11, best first
 };
 
 /// A row of the console's running table of bowlers: a man's figures when the table was last refreshed.
@@ -178,14 +179,14 @@ struct last_wicket_note {
 
 /// The values that the console holds. A fresh one comes with each opening of the console.
 struct match_console {
-  int score_runs = 0;                              ///< runs of the innings, wides and no balls left out
-  int score_wickets = 0;                           ///< 0..10
-  std::array<short_text, 6> over_symbols;          ///< [0..5] what each ball of the present over did
-  std::array<int, 2> batsman_aggression = {1, 2};  ///< 1..5; slot 0 the lower batting position at the crease
-  std::array<int, 2> bowling_aggression = {1, 2};  ///< 1..5; slot 0 the over being bowled
-  std::array<double, 2> settled_meter = {0, 0};    ///< 0..915, slots of the batsmen
-  commentary_log ball_commentary;                  ///< the lines of this innings
-  std::array<bowler_row, 11> bowler_list;          // rows 1..10 in the order in which the bowlers came on
+  int score_runs = 0;                                  ///< runs of the innings, wides and no balls left out
+  int score_wickets = 0;                               ///< 0..10
+  std::array<short_text, balls_of_over> over_symbols;  ///< [0..5] what each ball of the present over did
+  std::array<int, 2> batsman_aggression = {1, 2};      ///< 1..5; slot 0 the lower batting position at the crease
+  std::array<int, 2> bowling_aggression = {1, 2};      ///< 1..5; slot 0 the over being bowled
+  std::array<double, 2> settled_meter = {0, 0};        ///< 0..915, slots of the batsmen
+  commentary_log ball_commentary;                      ///< the lines of this innings
+  std::array<bowler_row, 11> bowler_list;              // rows 1..10 in the order in which the bowlers came on
   rate_figures rates;
   projection_text first_innings_projection;  ///< frozen at the change of innings
   std::array<integer, 2> opening_bowlers;    ///< positions of this innings' opening pair
@@ -211,12 +212,12 @@ struct match_result {
 
 /// One side's line in the graph of running scores.
 struct worm_line {
-  std::string team;                ///< caption; empty until the graph is first touched
-  int score_runs = 0;              ///< the score as last written
-  int score_wickets = 0;           ///< likewise
-  bool score_set = false;          ///< a score has been written
-  std::array<integer, 52> row{};   // 1..51, running score; row 1 is the over that opens the innings
-  std::array<bool, 52> row_set{};  // rows written so far
+  std::string team;                                  ///< caption; empty until the graph is first touched
+  int score_runs = 0;                                ///< the score as last written
+  int score_wickets = 0;                             ///< likewise
+  bool score_set = false;                            ///< a score has been written
+  std::array<integer, overs_of_innings + 2> row{};   // 1..51, running score; row 1 is the over that opens the innings
+  std::array<bool, overs_of_innings + 2> row_set{};  // rows written so far
 };
 
 /// The graph of running scores. Lives as long as the program runs: nothing resets it.

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "model/rounding.h"
+#include "model/rules.h"
 
 namespace velorin {
 
@@ -64,9 +65,9 @@ std::optional<double> number_in(std::string_view text) {
 }
 
 void append_overs(std::string& text, long balls) {
-  append_number(text, balls / 6);
+  append_number(text, balls / balls_of_over);
   text += '.';
-  append_number(text, balls % 6);
+  append_number(text, balls % balls_of_over);
 }
 
 std::string overs_from_balls(long balls) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/bowling_figures.h"
 
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 #include "reports/scorecard.h"
@@ -10,7 +11,7 @@ namespace velorin {
 namespace {
 
 void fill(bowling_screen& screen, const bowling_card_table& card) {
-  for (int i = 1; i <= 11; ++i) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
     const bowling_card_rec& bowler = card[i];
     screen.label1[i] = bowler.name;
     if (bowler.balls == 0) continue;

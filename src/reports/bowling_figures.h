@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/rules.h"
+
 // The bowling figures of the match, as plain records of their shown texts.
 
 namespace velorin {
@@ -14,12 +16,12 @@ struct bowling_screen {
   static constexpr std::string_view title = "Bowling Figures";
   static constexpr std::array<std::string_view, 5> headings = {"Overs", "Mdns", "Runs", "Wkts", "R.P.O"};
 
-  std::array<std::string, 12> label1;   ///< [1..11] names
-  std::array<std::string, 12> label2;   ///< [1..11] overs
-  std::array<std::string, 12> label3;   ///< [1..11] maidens
-  std::array<std::string, 12> label4;   ///< [1..11] runs
-  std::array<std::string, 12> label5;   ///< [1..11] wickets
-  std::array<std::string, 12> label11;  ///< [1..11] runs an over, to two places
+  std::array<std::string, men_in_eleven + 1> label1;   ///< [1..11] names
+  std::array<std::string, men_in_eleven + 1> label2;   ///< [1..11] overs
+  std::array<std::string, men_in_eleven + 1> label3;   ///< [1..11] maidens
+  std::array<std::string, men_in_eleven + 1> label4;   ///< [1..11] runs
+  std::array<std::string, men_in_eleven + 1> label5;   ///< [1..11] wickets
+  std::array<std::string, men_in_eleven + 1> label11;  ///< [1..11] runs an over, to two places
 };
 
 /// The bowlers of the innings in play.

@@ -12,8 +12,6 @@ namespace velorin {
 
 namespace {
 
-constexpr std::size_t store_size = 1500;  ///< lines that the commentary of the first innings holds
-
 bool has_two_innings() { return match.first_total != 0; }
 
 std::string between(std::string_view before, std::string_view words, std::string_view after) {
@@ -109,7 +107,7 @@ void print_two_innings_by_ball(line_printer& out, const scorecard& card, wicket_
   out.end();
   out.tab(25).text("Played at ").line(card.label12);
   out.end();
-  print_lines(out, stored_commentary_lines(), store_size);
+  print_lines(out, stored_commentary_lines(), commentary_places);
   out.end();
   out.line("Scorecard");
   print_first_innings(out, wickets);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/export_pieces.h"
 
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 
@@ -34,7 +35,7 @@ void print_bowling_row(line_printer& out, const bowling_card_rec& bowler) {
 
 void print_first_batting(line_printer& out, const batting_columns& columns) {
   print_batting_header(out, columns);
-  for (int i = 1; i <= 11; ++i) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
     const batting_card_rec& batsman = match.first_batting_card[i];
     if (!batsman.name.empty()) print_batting_row(out, batsman, batsman.fielder, batsman.how_out, columns);
   }
@@ -42,7 +43,7 @@ void print_first_batting(line_printer& out, const batting_columns& columns) {
 
 void print_batting(line_printer& out, const scorecard& card, const batting_columns& columns) {
   print_batting_header(out, columns);
-  for (int i = 1; i <= 11; ++i) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
     const batting_card_rec& batsman = match.batting_card[i];
     if (!batsman.name.empty()) print_batting_row(out, batsman, card.label8[i], card.label9[i], columns);
   }
@@ -59,7 +60,7 @@ void print_total(line_printer& out, const scorecard& card) {
 
 void print_first_bowling(line_printer& out) {
   print_bowling_header(out);
-  for (int i = 11; i >= 1; --i) {
+  for (int i = men_in_eleven; i >= 1; --i) {
     const bowling_card_rec& bowler = match.first_bowling_card[i];
     if (bowler.balls != 0) print_bowling_row(out, bowler);
   }
@@ -76,7 +77,7 @@ void print_bowling(line_printer& out) {
 }
 
 void wicket_list::print(line_printer& out, const fall_of_wicket_table& falls) {
-  for (int i = 1; i <= 10; ++i) {
+  for (int i = 1; i <= wickets_of_innings; ++i) {
     const fall_of_wicket_rec& fall = falls[i];
     if (fall.balls <= 0) continue;
     entries_[i] = number_text(fall.score) + " (" + overs_from_balls(fall.balls) + "," + fall.batsman_b + ")";
@@ -85,7 +86,7 @@ void wicket_list::print(line_printer& out, const fall_of_wicket_table& falls) {
   for (int i = 1; i <= 7; i += 3) {
     out.text(entries_[i]).tab(25).text(entries_[i + 1]).tab(50).text(entries_[i + 2]).end();
   }
-  out.line(entries_[10]);
+  out.line(entries_[wickets_of_innings]);
 }
 
 }  // namespace velorin

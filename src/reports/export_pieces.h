@@ -5,6 +5,7 @@
 #include <string>
 
 #include "model/records.h"
+#include "model/rules.h"
 #include "reports/line_printer.h"
 #include "reports/scorecard.h"
 
@@ -48,7 +49,7 @@ class wicket_list {
   void print(line_printer& out, const fall_of_wicket_table& falls);
 
  private:
-  std::array<std::string, 11> entries_;  // [1..10]
+  std::array<std::string, wickets_of_innings + 1> entries_;  // [1..10]
 };
 
 }  // namespace velorin

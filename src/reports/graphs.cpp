@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/graphs.h"
 
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 #include "reports/scorecard.h"
@@ -19,7 +20,7 @@ struct over_sum {
 
 over_sum sum_of(const ball_log_table::value_type& balls) {
   over_sum sum;
-  for (int b = 1; b <= 6; ++b) {
+  for (int b = 1; b <= balls_of_over; ++b) {
     if (!balls[b].empty()) sum.bowled = true;
     if (balls[b] == "W") sum.wicket = true;
     if (const int runs = symbol_number(balls[b]); runs > 0) sum.runs += runs;
@@ -28,7 +29,7 @@ over_sum sum_of(const ball_log_table::value_type& balls) {
 }
 
 void fill_bars(graphs& screen, int half, const ball_log_table& log) {
-  for (int over = 1; over <= 50; ++over) {
+  for (int over = 1; over <= overs_of_innings; ++over) {
     const over_sum sum = sum_of(log[over]);
     const int place = graphs::place(half, over);
     const int height = sum.runs * graphs::units_a_run;

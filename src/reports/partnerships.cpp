@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/partnerships.h"
 
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 
@@ -12,7 +13,7 @@ constexpr const char* between_names = "  &&  ";
 
 /// Fills the rows of an innings from its records and writes the overs of each fall back into its record.
 void fill(partnership_screen& screen, fall_of_wicket_table& falls) {
-  for (int i = 1; i <= 10; ++i) {
+  for (int i = 1; i <= wickets_of_innings; ++i) {
     fall_of_wicket_rec& fall = falls[i];
     fall.overs_text = overs_from_balls(fall.balls);
     screen.rows[i] = {fall.batsman_a + between_names + fall.batsman_b,
@@ -39,7 +40,7 @@ void partners::open() {
   *this = {};
   fill(*this, match.fall_of_wicket);
   const int wickets = match.score_wickets;
-  if (wickets < 10) fill_current_stand(rows[wickets + 1], match.fall_of_wicket[wickets]);
+  if (wickets < wickets_of_innings) fill_current_stand(rows[wickets + 1], match.fall_of_wicket[wickets]);
 }
 
 void partners2::open() {

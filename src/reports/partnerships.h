@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/rules.h"
+
 // The partnerships of the match, as plain records of their shown texts.
 
 namespace velorin {
@@ -23,7 +25,7 @@ struct partnership_row {
 struct partnership_screen {
   static constexpr std::array<std::string_view, 5> headings = {"  Batsmen", "Partnership", "Score", "Overs", "Wkt."};
 
-  std::array<partnership_row, 11> rows;  ///< [1..10]
+  std::array<partnership_row, wickets_of_innings + 1> rows;  ///< [1..10]
 };
 
 /// The stands of the innings in play, the unbroken one in the row behind the last wicket.

@@ -2,6 +2,7 @@
 #include "reports/scorecard.h"
 
 #include "model/rounding.h"
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 #include "ui/front_end.h"
@@ -11,7 +12,7 @@ namespace velorin {
 namespace {
 
 void fill_batsmen(batting_screen& screen, const batting_card_table& card) {
-  for (int i = 1; i <= 11; ++i) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
     const batting_card_rec& batsman = card[i];
     const bool has_batted = !batsman.name.empty();
     screen.label8[i] = batsman.fielder;
@@ -58,7 +59,7 @@ bool at_the_crease(int position) { return position == match.striker || position 
 
 }  // namespace
 
-double runs_per_over(int runs, int balls) { return round_to(static_cast<double>(runs) / balls * 6, 2); }
+double runs_per_over(int runs, int balls) { return round_to(static_cast<double>(runs) / balls * balls_of_over, 2); }
 
 void scorecard::open() {
   *this = {};
@@ -66,7 +67,7 @@ void scorecard::open() {
   label10 = match.team1_name;
   fill_batsmen(*this, match.batting_card);
   fill_total(*this, match.score_runs, match.score_wickets, match.innings_balls, "(");
-  for (int i = 1; i <= 11; ++i) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
     if (at_the_crease(i) && match.batting_card[i].how_out.empty()) label9[i] = "  Not Out   ";
   }
   label14 = "Extras ( No Balls " + number_text(match.innings_no_balls) + " Wides " + number_text(match.innings_wides) +

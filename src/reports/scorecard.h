@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "model/batsman_figures.h"
+#include "model/rules.h"
 
 // The batting cards of the match. Each is a plain record of its shown texts, filled by open() and named by its
 // controls; control arrays start at 1. Texts are single bytes of Windows-1252.
@@ -22,20 +23,20 @@ struct batsman_button {
 struct batting_screen {
   static constexpr std::string_view command1_caption = "OK";
 
-  std::string label12;                      ///< the ground
-  std::string label10;                      ///< the side that bats
-  std::array<std::string, 12> label1;       ///< [1..11] names, "" for a man who has not come in
-  std::array<std::string, 12> label8;       ///< [1..11] the catcher's part of the dismissal
-  std::array<std::string, 12> label9;       ///< [1..11] the bowler's part of it
-  std::array<std::string, 12> label2;       ///< [1..11] runs
-  std::array<std::string, 12> label3;       ///< [1..11] balls faced, in brackets
-  std::array<batsman_button, 12> command4;  ///< [1..11]
-  std::string label4;                       ///< the total
-  std::string label5;                       ///< wickets and overs, in brackets
-  std::string label7;                       ///< runs an over, to two places; "" while no ball was bowled
-  std::string label14;                      ///< the four extras
-  std::string label13;                      ///< their sum
-  std::string not_counted;                  ///< which of them the total leaves out; "" for none
+  std::string label12;                                     ///< the ground
+  std::string label10;                                     ///< the side that bats
+  std::array<std::string, men_in_eleven + 1> label1;       ///< [1..11] names, "" for a man who has not come in
+  std::array<std::string, men_in_eleven + 1> label8;       ///< [1..11] the catcher's part of the dismissal
+  std::array<std::string, men_in_eleven + 1> label9;       ///< [1..11] the bowler's part of it
+  std::array<std::string, men_in_eleven + 1> label2;       ///< [1..11] runs
+  std::array<std::string, men_in_eleven + 1> label3;       ///< [1..11] balls faced, in brackets
+  std::array<batsman_button, men_in_eleven + 1> command4;  ///< [1..11]
+  std::string label4;                                      ///< the total
+  std::string label5;                                      ///< wickets and overs, in brackets
+  std::string label7;                                      ///< runs an over, to two places; "" while no ball was bowled
+  std::string label14;                                     ///< the four extras
+  std::string label13;                                     ///< their sum
+  std::string not_counted;                                 ///< which of them the total leaves out; "" for none
 };
 
 /// The batting card of the innings in play. It opens by itself at the end of every innings.

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "model/booking.h"
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 
@@ -18,7 +19,7 @@ std::string score_text(const worm_line& line) {
 
 std::vector<worm_point> points_of(const worm_line& line) {
   std::vector<worm_point> points;
-  for (int row = 1; row <= 51; ++row) {
+  for (int row = 1; row <= overs_of_innings + 1; ++row) {
     if (line.row_set[row]) points.push_back({row, line.row[row]});
   }
   return points;
@@ -30,7 +31,8 @@ int last_row_of_match(const worm_line& line) {
   if (&line != &match.worm[0] && line.team == match.worm[0].team) return 0;
   const bool bats = line.team == match.team1_name && match.ball_commentary.size() > 0;
   const bool has_batted = line.team == match.team2_name && match.first_total != 0;
-  return std::max(bats ? match.innings_balls / 6 + 1 : 0, has_batted ? match.first_balls / 6 + 1 : 0);
+  return std::max(bats ? match.innings_balls / balls_of_over + 1 : 0,
+                  has_batted ? match.first_balls / balls_of_over + 1 : 0);
 }
 
 std::vector<worm_point> points_of_match(const worm_line& line) {
@@ -60,8 +62,8 @@ void feed_worms() {
   load_worms();
   for (worm_line& line : match.worm) {
     if (line.team != match.team1_name) continue;
-    const int row = match.innings_balls / 6 + 1;
-    if (row <= 51) {  // an innings that goes on with the balls of an earlier one has no row left
+    const int row = match.innings_balls / balls_of_over + 1;
+    if (row <= overs_of_innings + 1) {  // an innings that goes on with the balls of an earlier one has no row left
       book_as(line.row[row], match.score_runs, "worm.row", line.team);
       line.row_set[row] = true;
     }

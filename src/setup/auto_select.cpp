@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "model/rounding.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
 #include "setup/teamsel.h"
@@ -12,15 +13,20 @@ namespace velorin {
 
 namespace {
 
+constexpr int best_taken = 4;     ///< of the best batsmen and of the best bowlers
+constexpr int can_bat_from = 20;  ///< a bowler of a higher batting skill can bat
+
 /// A line of the two rankings.
 struct ranked {
   integer key;
   double rate = 0;  ///< bowlers only
   int place = 0;
 
-  double bowling_score() const { return key + 15 * rate; }
+  double bowling_score() const { return key + economy_weight * rate; }
+
+  static constexpr double economy_weight = 15;
 };
-using ranking = std::array<ranked, 21>;  // 1..20
+using ranking = std::array<ranked, men_in_squad + 1>;  // 1..20
 
 /// Ticks two men of the top order: openers, then the middle order, then the lower order until two have been counted. A
 /// man of the lower order may be counted twice.
@@ -29,7 +35,7 @@ void tick_top_order(teamsel& form) {
   int count = 0;
   for (std::size_t role = 0; count < 2; role = std::min(role + 1, roles.size() - 1)) {
     const int before = count;
-    for (int place = 1; place <= 20 && count < 2; ++place) {
+    for (int place = 1; place <= men_in_squad && count < 2; ++place) {
       if (form.man(place).role() != roles[role]) continue;
       form.check1[place] = true;
       ++count;
@@ -55,7 +61,7 @@ void sort_stably(ranking& ranks, Before before) {
 
 ranking rank_batsmen(const teamsel& form) {
   ranking ranks;
-  for (int i = 1; i <= 20; ++i) ranks[i] = {form.man(i).bat_skill, 0, i};
+  for (int i = 1; i <= men_in_squad; ++i) ranks[i] = {form.man(i).bat_skill, 0, i};
   sort_stably(ranks, [](const ranked& a, const ranked& b) { return a.key > b.key; });
   return ranks;
 }
@@ -68,7 +74,7 @@ int strike_rate_key(float bowl_sr) {
 
 ranking rank_bowlers(const teamsel& form) {
   ranking ranks;
-  for (int i = 1; i <= 20; ++i) {
+  for (int i = 1; i <= men_in_squad; ++i) {
     const player_rec& man = form.man(i);
     if (form.row_visible(i)) {
       ranks[i] = {strike_rate_key(man.bowl_sr), shown_value(man.econ), i};
@@ -90,24 +96,24 @@ void teamsel::command3_click() {
   tick_top_order(*this);
   const ranking bat_rank = rank_batsmen(*this);
   const ranking bowl_rank = rank_bowlers(*this);
-  for (int k = 1; k <= 4; ++k) {
+  for (int k = 1; k <= best_taken; ++k) {
     for (const ranking* ranks : {&bat_rank, &bowl_rank}) {
       const int place = (*ranks)[k].place;
       if (row_visible(place)) check1[place] = true;
     }
     best_bowlers_[k - 1] = bowl_rank[k].place;
   }
-  for (int k = 1; k <= 20; ++k) {
+  for (int k = 1; k <= men_in_squad; ++k) {
     if (!is_shown_as_keeper(man(bat_rank[k].place))) continue;
     check1[bat_rank[k].place] = true;
     break;
   }
   batting_bowler_ = 0;
-  for (int k = 1; k <= 20 && batting_bowler_ == 0; ++k) {
-    if (man(bowl_rank[k].place).bat_skill > 20) batting_bowler_ = bowl_rank[k].place;
+  for (int k = 1; k <= men_in_squad && batting_bowler_ == 0; ++k) {
+    if (man(bowl_rank[k].place).bat_skill > can_bat_from) batting_bowler_ = bowl_rank[k].place;
   }
   if (batting_bowler_ != 0) check1[batting_bowler_] = true;
-  for (int k = 1; k <= 20 && ticked() <= 10; ++k) check1[bat_rank[k].place] = true;
+  for (int k = 1; k <= men_in_squad && ticked() < men_in_eleven; ++k) check1[bat_rank[k].place] = true;
 }
 
 }  // namespace velorin

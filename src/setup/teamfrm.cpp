@@ -11,6 +11,7 @@
 #include "database/teams_file.h"
 #include "database/whole_file.h"
 #include "engine/resetmat.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/teams.h"
 #include "model/texts.h"
@@ -43,7 +44,7 @@ void take_ground(const std::string& name) {
 
 /// Refuses a man with a rating that is no number: nothing can be reckoned with it.
 void require_ratings(const squad& men, int record) {
-  for (int place = 1; place <= 20; ++place) {
+  for (int place = 1; place <= men_in_squad; ++place) {
     const player_rec& man = men[place];
     if (man.name.empty() || (std::isfinite(man.bowl_sr) && std::isfinite(man.econ))) continue;
     const char* field = std::isfinite(man.bowl_sr) ? "econ" : "bowl_sr";
@@ -95,8 +96,8 @@ void sort_squad(squad& men) {
     int bat_skill;
     int from;
   };
-  std::array<place, 21> order;
-  for (int i = 1; i <= 20; ++i) {
+  std::array<place, men_in_squad + 1> order;
+  for (int i = 1; i <= men_in_squad; ++i) {
     const place next = {men[i].role(), men[i].bat_skill, i};
     int b = i;
     for (; b > 1; --b) {
@@ -107,7 +108,7 @@ void sort_squad(squad& men) {
     order[b] = next;
   }
   squad sorted;
-  for (int i = 1; i <= 20; ++i) sorted[i] = std::move(men[order[i].from]);
+  for (int i = 1; i <= men_in_squad; ++i) sorted[i] = std::move(men[order[i].from]);
   men = std::move(sorted);
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "browsers/allrecs.h"
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 #include "setup/elevens_in_play.h"
@@ -50,7 +51,7 @@ void teamsel::command5_click(int index) const {
 void teamsel::confirm(int side_index) {
   eleven& chosen = match.selected[side_index];
   int filled = 0;
-  for (int place = 1; place <= 20; ++place) {
+  for (int place = 1; place <= men_in_squad; ++place) {
     if (!check1[place]) continue;
     const player_rec& from = man(place);
     player_rec& to = chosen[++filled];
@@ -67,7 +68,7 @@ void teamsel::confirm(int side_index) {
 }
 
 void teamsel::command1_click() {
-  if (ticked() != 11) return;
+  if (ticked() != men_in_eleven) return;
   match.first_team_done = true;
   match.elevens_exchanged = false;
   match.elevens_unsaved = false;
@@ -75,7 +76,7 @@ void teamsel::command1_click() {
 }
 
 void teamsel::command2_click() {
-  if (ticked() != 11) return;
+  if (ticked() != men_in_eleven) return;
   match.first_team_done = false;
   confirm(1);
   left = !toss_and_play();

@@ -5,12 +5,13 @@
 #include <string>
 
 #include "model/records.h"
+#include "model/rules.h"
 
 namespace velorin {
 
 /// The selection of an eleven from a squad of twenty places. Shown once for each team of a match.
 struct teamsel {
-  std::array<bool, 21> check1{};  ///< [1..20] ticked
+  std::array<bool, men_in_squad + 1> check1{};  ///< [1..20] ticked
   bool closed = false;
   bool left = false;  ///< the user has left the match, here or at the toss
 

@@ -12,6 +12,7 @@
 #include "desktop/controls.h"
 #include "desktop/level_slider.h"
 #include "desktop/shown_text.h"
+#include "model/rules.h"
 #include "model/teams.h"
 
 namespace velorin {
@@ -24,7 +25,7 @@ BatorderWindow::BatorderWindow(batorder& form, QWidget* parent)
   auto* men = new ManList(shown(batorder::names_heading), {{shown(batorder::label1_heading), true, "Label1"},
                                                            {QStringLiteral("Bat Type"), false, nullptr, true},
                                                            {QString(), false, "note", true}});
-  for (int row = 1; row <= 11; ++row) {
+  for (int row = 1; row <= men_in_eleven; ++row) {
     const bool enabled = form_.enabled[row];
     men->set_row(row, shown(form_.option1(row)), enabled,
                  {shown(form_.label1(row)), shown(match.batting_xi[row].bat_type),

@@ -9,6 +9,7 @@
 #include "console/captain_forms.h"
 #include "console/forms/man_list.h"
 #include "desktop/shown_text.h"
+#include "model/rules.h"
 #include "model/teams.h"
 #include "model/texts.h"
 
@@ -36,7 +37,7 @@ ChgbowlerWindow::ChgbowlerWindow(chgbowler& form, QWidget* parent)
                                                 {QStringLiteral("O-M-R-W"), true, "figures", true},
                                                 {QStringLiteral("Bowler type"), false, nullptr, true},
                                                 {QString(), false, "note", true}});
-  for (int row = 1; row <= 11; ++row) {
+  for (int row = 1; row <= men_in_eleven; ++row) {
     men_->set_row(row, shown(form_.option1(row)), form_.enabled[row],
                   {shown(form_.label1(row)), shown(form_.label2(row)), figures(row),
                    shown(match.bowling_xi[row].bowler_type), note(row)});
@@ -57,7 +58,7 @@ ChgbowlerWindow::ChgbowlerWindow(chgbowler& form, QWidget* parent)
 
 QString ChgbowlerWindow::note(int row) const {
   const int other_end = form_.shown_for == chgbowler::use::second_opener ? match.bowler : match.next_bowler;
-  if (match.bowling_card[row].balls > 59) return QStringLiteral("10 overs bowled");
+  if (match.bowling_card[row].balls >= balls_of_quota) return QStringLiteral("10 overs bowled");
   if (row == other_end) return QStringLiteral("Bowls at the other end");
   if (match.bowling_xi[row].is_keeper != 0) return QStringLiteral("Wicket-keeper");
   return {};

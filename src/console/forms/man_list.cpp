@@ -8,6 +8,7 @@
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
+#include "model/rules.h"
 
 namespace velorin {
 
@@ -43,7 +44,7 @@ void ManList::set_row(int row, const QString& name, bool enabled, const std::vec
 void ManList::choose(int row) {
   QRadioButton* wanted = row > 0 ? options_[static_cast<std::size_t>(row)] : nullptr;
   if (wanted != nullptr) wanted->setChecked(true);
-  for (int i = 1; i <= 11 && (wanted == nullptr || !wanted->isEnabled()); ++i) {
+  for (int i = 1; i <= men_in_eleven && (wanted == nullptr || !wanted->isEnabled()); ++i) {
     wanted = options_[static_cast<std::size_t>(i)];
   }
   if (wanted != nullptr) wanted->setFocus();

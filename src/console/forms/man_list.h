@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "desktop/banded_grid.h"
+#include "model/rules.h"
 
 class QButtonGroup;
 class QRadioButton;
@@ -41,7 +42,7 @@ class ManList : public BandedGrid {
  private:
   std::vector<Column> columns_;
   QButtonGroup* group_;
-  std::array<QRadioButton*, 12> options_{};
+  std::array<QRadioButton*, men_in_eleven + 1> options_{};
   std::function<void(int)> chosen_;
 };
 

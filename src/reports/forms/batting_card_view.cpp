@@ -15,6 +15,7 @@
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
+#include "model/rules.h"
 #include "reports/forms/report_parts.h"
 #include "reports/scorecard.h"
 
@@ -70,7 +71,7 @@ Table batting_table(const batting_screen& card) {
   for (const char* heading : {"Runs", "Balls"}) {
     table.columns.push_back({.heading = QString::fromLatin1(heading), .numbers = true});
   }
-  for (std::size_t i = 1; i <= 11; ++i) {
+  for (std::size_t i = 1; i <= men_in_eleven; ++i) {
     if (!card.command4[i].visible) continue;
     table.rows.push_back({{cell(card.label1[i]), cell(card.label8[i]), cell(card.label9[i]), cell(card.label2[i]),
                            cell(card.label3[i])}});
@@ -97,7 +98,7 @@ BattingCardView::BattingCardView(const batting_screen& card, std::function<void(
   grid_->setColumnMinimumWidth(runs, 72);
   grid_->setColumnMinimumWidth(balls, 72);
   add_headings();
-  for (int place = 1; place <= 11; ++place) add_man(card, place);
+  for (int place = 1; place <= men_in_eleven; ++place) add_man(card, place);
   add_totals(card);
 
   connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { copy(); });

@@ -11,6 +11,7 @@
 #include "desktop/line_chart.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
+#include "model/rules.h"
 #include "model/texts.h"
 #include "reports/graphs.h"
 
@@ -70,7 +71,7 @@ OverBarsView::OverBarsView(const graphs& form, QWidget* parent) : QWidget(parent
   }
 }
 
-double OverBarsView::pitch() const { return (width() - left - right) / 50.0; }
+double OverBarsView::pitch() const { return (width() - left - right) / double{overs_of_innings}; }
 
 double OverBarsView::y_of(double units) const {
   const double scale = (height() - above - below) / (graphs::base_line[1] - top_units_);
@@ -141,7 +142,7 @@ void OverBarsView::paint_bars(QPainter& painter, int half) const {
   const QColor color = chart_color(form_.side[at(half)]);
   painter.setPen(QPen(theme().dark ? color.lighter(125) : color.darker(135), 1));
   painter.setBrush(color);
-  for (int over = 1; over <= 50; ++over) {
+  for (int over = 1; over <= overs_of_innings; ++over) {
     if (form_.shape1[at(graphs::place(half, over))].visible) painter.drawRect(bar_of(half, over));
   }
 }
@@ -150,7 +151,7 @@ void OverBarsView::paint_marks(QPainter& painter, int half) const {
   const Theme& t = theme();
   QFont letter = type_font(TypeStep::small);
   letter.setWeight(QFont::Bold);
-  for (int over = 1; over <= 50; ++over) {
+  for (int over = 1; over <= overs_of_innings; ++over) {
     if (!form_.shape2[at(graphs::place(half, over))]) continue;
     const QRectF mark = mark_of(half, over);
     painter.setPen(QPen(t.card, 1));

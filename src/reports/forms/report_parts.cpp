@@ -9,6 +9,7 @@
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
+#include "model/rules.h"
 #include "reports/bowling_figures.h"
 #include "reports/partnerships.h"
 
@@ -65,7 +66,7 @@ Table bowling_table(const bowling_screen& screen) {
   for (const std::string_view heading : bowling_screen::headings) {
     table.columns.push_back({.heading = shown(heading), .numbers = true});
   }
-  for (std::size_t i = 1; i <= 11; ++i) {
+  for (std::size_t i = 1; i <= men_in_eleven; ++i) {
     table.rows.push_back({{name_cell(screen.label1[i]),
                            {shown(screen.label2[i])},
                            {shown(screen.label3[i])},

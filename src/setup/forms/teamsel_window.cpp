@@ -11,6 +11,7 @@
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
+#include "model/rules.h"
 #include "model/teams.h"
 #include "setup/forms/leaving.h"
 #include "setup/teamsel.h"
@@ -117,7 +118,7 @@ void TeamselWindow::show_ticks() {
 
 void TeamselWindow::confirm() {
   // The second team's OK returns when the match is over.
-  if (form_.ticked() == 11) hide();
+  if (form_.ticked() == men_in_eleven) hide();
   form_.ok_click();
   if (form_.closed) accept();
 }
