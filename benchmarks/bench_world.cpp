@@ -9,7 +9,7 @@
 #include <string>
 
 #include "database/configuration.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 
 namespace velorin::bench {
 
@@ -46,9 +46,9 @@ bench_world::~bench_world() {
 }
 
 void play_match() {
-  teamfrm form;
+  new_match_form form;
   form.open();
-  form.command1_click();
+  form.accept();
 }
 
 void put_on_record() {
@@ -57,12 +57,12 @@ void put_on_record() {
   done = true;
   files.updates = true;
   for (int played = 0; played < 300; ++played) {
-    teamfrm form;
+    new_match_form form;
     form.open();
-    const int teams = static_cast<int>(form.combo1.size()) - 1;  // the last of twenty cannot be played
+    const int teams = static_cast<int>(form.teams.size()) - 1;  // the last of twenty cannot be played
     form.choose_first_team(played % teams);
     form.choose_second_team((played + 1 + played / teams % (teams - 1)) % teams);
-    form.command1_click();
+    form.accept();
   }
   files.updates = false;
 }

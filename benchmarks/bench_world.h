@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "headless/headless_user.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin::bench {
 

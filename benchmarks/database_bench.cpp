@@ -6,7 +6,7 @@
 
 #include "bench_world.h"
 #include "database/configuration.h"
-#include "database/records.h"
+#include "database/lasting_records.h"
 #include "database/teams_file.h"
 #include "database/world.h"
 
@@ -40,8 +40,8 @@ BENCHMARK(read)->Unit(benchmark::kMicrosecond);
 void read_careers_and_records(benchmark::State& state) {
   put_on_record();
   for (auto _ : state) {
-    benchmark::DoNotOptimize(read_career_table(files.rec));
-    benchmark::DoNotOptimize(read_record_lists(files.ptr));
+    benchmark::DoNotOptimize(read_career_table(files.career_file));
+    benchmark::DoNotOptimize(read_record_lists(files.record_file));
   }
 }
 BENCHMARK(read_careers_and_records)->Unit(benchmark::kMicrosecond);

@@ -15,20 +15,20 @@
 #include <string>
 #include <vector>
 
-#include "competitions/series1.h"
-#include "competitions/wctable.h"
+#include "competitions/series.h"
 #include "competitions/world_cup.h"
+#include "competitions/world_cup_form.h"
 #include "database/configuration.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/theme.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "shell/clicking_user.h"
 #include "shell/filled_careers.h"
 #include "shell/menu_actions.h"
-#include "shell/opening_window.h"
+#include "shell/menu_window.h"
 #include "shell/qt_front_end.h"
 
 namespace velorin::testing {
@@ -166,7 +166,7 @@ void measure() {
   QtFrontEnd shown_by;
   const front_end_scope in_use(shown_by);
   times.asked();
-  OpeningWindow menu(shown_by);
+  MenuWindow menu(shown_by);
   menu.show();
   times.opened(menu);
   menu.start();

@@ -11,11 +11,11 @@
 #include <string>
 
 #include "bench_world.h"
-#include "competitions/wctable.h"
 #include "competitions/world_cup.h"
+#include "competitions/world_cup_form.h"
+#include "database/career_update.h"
 #include "database/configuration.h"
-#include "database/saveavgs.h"
-#include "engine/algorithm.h"
+#include "engine/delivery_model.h"
 
 namespace velorin::bench {
 namespace {
@@ -116,8 +116,8 @@ double seconds_of(const auto& work) {
 /// the disk comes and goes.
 void update_and_plain_writes_in_turn(benchmark::State& state) {
   put_on_record();
-  const std::string careers = bytes_of(files.rec);
-  const std::string records = bytes_of(files.ptr);
+  const std::string careers = bytes_of(files.career_file);
+  const std::string records = bytes_of(files.record_file);
   const auto both = [&](void (*write)(const std::filesystem::path&, const std::string&)) {
     write(files.folder / "plain.rec", careers);
     write(files.folder / "plain.ptr", records);
@@ -146,9 +146,9 @@ void whole_world_cup(benchmark::State& state) {
   match = match_state();
   for (auto _ : state) {
     world_cup = world_cup_record();
-    wctable form;
+    world_cup_form form;
     form.open();
-    form.command1_click();
+    form.accept();
   }
 }
 BENCHMARK(whole_world_cup)->Unit(benchmark::kMicrosecond);

@@ -6,12 +6,12 @@
 #include <string>
 
 #include "bench_world.h"
-#include "browsers/allrecs.h"
-#include "browsers/centurytop.h"
+#include "browsers/century_makers.h"
+#include "browsers/player_profile.h"
+#include "browsers/player_rankings.h"
 #include "browsers/record_tables.h"
-#include "browsers/sqdet.h"
-#include "browsers/teamdet.h"
-#include "browsers/wldrank.h"
+#include "browsers/team_records.h"
+#include "browsers/world_rankings.h"
 #include "cli/match_json.h"
 #include "database/configuration.h"
 #include "database/teams_file.h"
@@ -38,7 +38,7 @@ shown_table opened() {
 
 template <int record_mode>
 shown_table of_first_team() {
-  allrecs form;
+  player_rankings_form form;
   form.open(record_mode, read_team_list().front().team_name);
   return form.table;
 }
@@ -48,29 +48,29 @@ const bool tables_registered = [] {
   const auto add = [](const std::string& name, shown_table (*open)()) {
     benchmark::RegisterBenchmark(("table/" + name).c_str(), table, open)->Unit(benchmark::kMicrosecond);
   };
-  add("highest-scores", opened<highinduv, 1>);
-  add("best-bowling", opened<highinduv, 0>);
-  add("highest-totals", opened<totrecords, 1>);
-  add("lowest-totals", opened<totrecords, 0>);
-  add("partnerships", opened<partnrec>);
-  add("averages", opened<allrecs, 1>);
-  add("most-runs", opened<allrecs, 2>);
-  add("strike-rates", opened<allrecs, 3>);
-  add("fifty-plus", opened<allrecs, 4>);
-  add("most-wickets", opened<allrecs, 5>);
-  add("economy", opened<allrecs, 6>);
-  add("bowling-averages", opened<allrecs, 7>);
-  add("centuries", opened<centurytop>);
-  add("career-batting", of_first_team<allrecs::career_batting>);
-  add("career-bowling", of_first_team<allrecs::career_bowling>);
-  add("rankings", opened<wldrank>);
+  add("highest-scores", opened<best_performances_form, 1>);
+  add("best-bowling", opened<best_performances_form, 0>);
+  add("highest-totals", opened<total_records_form, 1>);
+  add("lowest-totals", opened<total_records_form, 0>);
+  add("partnerships", opened<stand_records_form>);
+  add("averages", opened<player_rankings_form, 1>);
+  add("most-runs", opened<player_rankings_form, 2>);
+  add("strike-rates", opened<player_rankings_form, 3>);
+  add("fifty-plus", opened<player_rankings_form, 4>);
+  add("most-wickets", opened<player_rankings_form, 5>);
+  add("economy", opened<player_rankings_form, 6>);
+  add("bowling-averages", opened<player_rankings_form, 7>);
+  add("centuries", opened<century_makers_form>);
+  add("career-batting", of_first_team<player_rankings_form::career_batting>);
+  add("career-bowling", of_first_team<player_rankings_form::career_bowling>);
+  add("rankings", opened<world_rankings_form>);
   return true;
 }();
 
 void profile_of_player(benchmark::State& state) {
   put_on_record();
   for (auto _ : state) {
-    sqdet form;
+    player_profile_form form;
     form.open();
     form.choose_team(0);
     form.choose_player(0);
@@ -82,7 +82,7 @@ BENCHMARK(profile_of_player)->Unit(benchmark::kMicrosecond);
 void records_of_team(benchmark::State& state) {
   put_on_record();
   for (auto _ : state) {
-    teamdet form;
+    team_records_form form;
     form.open();
     form.choose_team(0);
     benchmark::DoNotOptimize(form);
@@ -105,10 +105,10 @@ BENCHMARK_CAPTURE(export_of_match, ball_by_ball, export_kind::ball_by_ball)
     ->UseRealTime();
 
 /// The same without the file.
-void text_of_export(benchmark::State& state, std::string (*text)(const scorecard&)) {
+void text_of_export(benchmark::State& state, std::string (*text)(const scorecard_form&)) {
   match = the_user().at_end;
   for (auto _ : state) {
-    scorecard card;
+    scorecard_form card;
     card.open();
     benchmark::DoNotOptimize(text(card));
   }

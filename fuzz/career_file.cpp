@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The career file. The input: a byte that chooses who looks at it, or who changes it; then the file, folded.
-#include "browsers/allrecs.h"
-#include "browsers/centurytop.h"
-#include "browsers/sqdet.h"
-#include "browsers/teamdet.h"
+#include "browsers/century_makers.h"
+#include "browsers/player_profile.h"
+#include "browsers/player_rankings.h"
+#include "browsers/team_records.h"
+#include "database/career_update.h"
 #include "database/configuration.h"
-#include "database/records.h"
-#include "database/saveavgs.h"
+#include "database/lasting_records.h"
 #include "database/slots.h"
 #include "database/world.h"
 #include "finished_match.h"
@@ -32,41 +32,41 @@ void require_same(const career_table& a, const career_table& b) {
 
 /// Writes careers into an empty file.
 void write_and_read_again(const career_table& careers) {
-  write_bytes(files.rec, {});
+  write_bytes(files.career_file, {});
   write_career_table(careers);
   require_same(read_career_table(), careers);
 }
 
 void look_at_profiles(const career_table& careers) {
-  sqdet form;
+  player_profile_form form;
   form.open();
   for (int t = 0; t < careers.career_team_count; ++t) {
     form.choose_team(t);
-    if (form.combo2.empty()) continue;
-    form.choose_player(static_cast<int>(form.combo2.size()) - 1);
+    if (form.players.empty()) continue;
+    form.choose_player(static_cast<int>(form.players.size()) - 1);
     for (const auto* block : {&form.batting, &form.bowling, &form.fielding}) require_shown(*block);
   }
 }
 
 /// Looks with the records of a match.
 void look_at_teams() {
-  write_bytes(files.ptr, records);
-  teamdet form;
+  write_bytes(files.record_file, records);
+  team_records_form form;
   form.open();
-  for (std::size_t t = 0; t < form.combo1.size(); ++t) {
+  for (std::size_t t = 0; t < form.teams.size(); ++t) {
     form.choose_team(static_cast<int>(t));
     require_shown(form.world_ranking.text);
   }
-  std::filesystem::remove(files.ptr);
+  std::filesystem::remove(files.record_file);
 }
 
 void look(int choice, const career_table& careers) {
-  allrecs list;
+  player_rankings_form list;
   if (choice >= 1 && choice <= 9) {
     list.open(choice, careers.teams[1].team_name);
     require_shown(list.table);
   } else if (choice == 10) {
-    centurytop centuries;
+    century_makers_form centuries;
     centuries.open();
     require_shown(centuries.table);
   } else if (choice == 11) {
@@ -87,7 +87,7 @@ void look(int choice, const career_table& careers) {
 void update(std::string_view before) {
   stage_finished_match();
   if (!done("base.rec", update_career)) {
-    require_bytes(files.rec, before);
+    require_bytes(files.career_file, before);
     return;
   }
   read_career_table();
@@ -103,16 +103,16 @@ void take(std::string_view input) {
   career_table careers;
   bool faultless = false;
   {
-    const unchanged rec(files.rec, file);
-    write_bytes(files.ptr, records);
+    const unchanged rec(files.career_file, file);
+    write_bytes(files.record_file, records);
     faultless = check_database(files).empty();
-    std::filesystem::remove(files.ptr);
+    std::filesystem::remove(files.record_file);
     const bool read = done("base.rec", [&] { careers = read_career_table(); });
     require(read || !faultless, "what cannot be read is a fault");
     if (read) look(choice, careers);
   }
   if (choice >= 28) {
-    update_both(files.rec, file, files.ptr, records);
+    update_both(files.career_file, file, files.record_file, records);
   } else if (choice >= 24) {
     update(file);
   } else if (choice >= 16) {
@@ -122,7 +122,7 @@ void take(std::string_view input) {
 
 void prepare() {
   lay_out_database();
-  records = bytes_of(files.ptr);
+  records = bytes_of(files.record_file);
   shrink_database();
 }
 

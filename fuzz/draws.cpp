@@ -7,9 +7,9 @@
 #include "database/configuration.h"
 #include "finished_match.h"
 #include "headless/headless_user.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "support.h"
 #include "target.h"
 
@@ -33,9 +33,9 @@ void play(std::vector<double> draws) {
   headless_user user;
   const front_end_scope scope(user);
   try {
-    teamfrm form;
+    new_match_form form;
     form.open();
-    form.command1_click();
+    form.accept();
   } catch (const run_time_error& error) {
     require(*error.what() != '\0', "an error says something");
   }

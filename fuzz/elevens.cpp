@@ -6,7 +6,7 @@
 
 #include "database/configuration.h"
 #include "database/slots.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "slots_of.h"
 #include "support.h"
 #include "target.h"

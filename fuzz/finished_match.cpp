@@ -3,14 +3,14 @@
 
 #include <optional>
 
+#include "database/career_update.h"
 #include "database/configuration.h"
-#include "database/records.h"
-#include "database/saveavgs.h"
+#include "database/lasting_records.h"
 #include "database/teams_file.h"
 #include "database/world.h"
 #include "headless/headless_user.h"
-#include "model/teams.h"
-#include "setup/teamfrm.h"
+#include "model/match_state.h"
+#include "setup/new_match.h"
 #include "support.h"
 
 namespace velorin::fuzz {
@@ -31,14 +31,14 @@ class match_keeper : public headless_user {
 
 void lay_out_database() {
   fresh_state();
-  build_database(small_tables(), files.team, files.grd);
+  build_database(small_tables(), files.team_file, files.ground_file);
   files.elevens_in_memory = true;
   files.updates = false;
   match_keeper keeper;
   const front_end_scope scope(keeper);
-  teamfrm form;
+  new_match_form form;
   form.open();
-  form.command1_click();
+  form.accept();
   fresh_state();
   stage_finished_match();
   update_career();
@@ -56,9 +56,9 @@ void shrink_database() {
   write_bytes(scratch() / "players.csv", players);
   write_bytes(scratch() / "grounds.csv",
               "country,ground,pitch_bounce,pitch_surface,start_time\nNeutral,Harbour Park,3,2,1030\n");
-  build_database(scratch(), files.team, files.grd);
-  std::filesystem::remove(files.rec);
-  std::filesystem::remove(files.ptr);
+  build_database(scratch(), files.team_file, files.ground_file);
+  std::filesystem::remove(files.career_file);
+  std::filesystem::remove(files.record_file);
   fresh_state();
 }
 

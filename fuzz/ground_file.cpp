@@ -7,7 +7,7 @@
 #include "database/teams_file.h"
 #include "database/world.h"
 #include "finished_match.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "slots_of.h"
 #include "support.h"
 #include "target.h"
@@ -43,15 +43,15 @@ void write_and_read_again(const std::vector<std::string>& slots) {
 void dump_and_build_again(const std::vector<std::string>& slots) {
   dump_database(files, scratch() / "dump");
   build_database(scratch() / "dump", scratch() / "again.team", scratch() / "again.grd");
-  files.grd = scratch() / "again.grd";
+  files.ground_file = scratch() / "again.grd";
   require(encoded_grounds(read_grounds()) == slots, "grounds are built as they were dumped");
 }
 
 /// The list of a form that offers grounds.
 void offer(std::size_t grounds) {
-  teamfrm form;
+  new_match_form form;
   form.open();
-  require(form.combo3.size() <= grounds, "the grounds on offer are those of the file");
+  require(form.grounds.size() <= grounds, "the grounds on offer are those of the file");
 }
 
 }  // namespace
@@ -70,7 +70,7 @@ void take(std::string_view input) {
   std::vector<std::string> slots;
   bool faultless = false;
   {
-    const unchanged grd(files.grd, file);
+    const unchanged grd(files.ground_file, file);
     faultless = check_database(files).empty();
     const bool read = done("base.grd", [&] { slots = encoded_grounds(read_grounds()); });
     require(read || !faultless, "what cannot be read is a fault");

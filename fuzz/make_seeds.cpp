@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "database/configuration.h"
-#include "database/records.h"
+#include "database/lasting_records.h"
 #include "database/slots.h"
 #include "database/teams_file.h"
 #include "finished_match.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "slots_of.h"
 #include "support.h"
 
@@ -28,7 +28,7 @@ std::string first_records(const std::string& file, std::size_t slot_length, int 
 }
 
 void make_teams(const fs::path& folder) {
-  const std::string teams = bytes_of(files.team);
+  const std::string teams = bytes_of(files.team_file);
   const std::string two = first_records(teams, team_slot, 2);
   write_bytes(folder / "two-teams", '\0' + folded(two, team_slot));
   write_bytes(folder / "two-teams-play", '\1' + folded(two, team_slot));
@@ -53,7 +53,7 @@ void make_teams(const fs::path& folder) {
 }
 
 void make_grounds(const fs::path& folder) {
-  const std::string grounds = bytes_of(files.grd);
+  const std::string grounds = bytes_of(files.ground_file);
   const std::string two = first_records(grounds, team_slot, 2);
   write_bytes(folder / "all", '\1' + folded(grounds, team_slot));
   write_bytes(folder / "all-dump", '\2' + folded(grounds, team_slot));
@@ -64,37 +64,37 @@ void make_grounds(const fs::path& folder) {
 }
 
 void make_careers(const fs::path& folder) {
-  const std::string rec = bytes_of(files.rec);
+  const std::string rec = bytes_of(files.career_file);
   for (const int choice : {3, 6, 9, 12, 13, 14, 16, 24, 28}) {
     write_bytes(folder / ("match-" + std::to_string(choice)), static_cast<char>(choice) + folded(rec, career_slot));
   }
   write_bytes(folder / "cut-short", '\0' + folded(rec.substr(0, career_slot + 200), career_slot));
-  career_table careers = read_career_table(files.rec);
+  career_table careers = read_career_table(files.career_file);
   careers.career_team_count = 1;
   careers.teams[1].player_count = 2;
   for (int p = 3; p <= player_limit; ++p) careers.teams[1].players[p] = career_rec();
   careers.teams[1].players[1].career_reserved_1 = "kept";
   careers.teams[1].players[2].runs = 2'147'483'640;
-  fs::remove(files.rec);
+  fs::remove(files.career_file);
   write_career_table(careers);
   for (const int choice : {1, 4, 11, 12, 15, 16, 24, 28}) {
     write_bytes(folder / ("two-men-" + std::to_string(choice)),
-                static_cast<char>(choice) + folded(bytes_of(files.rec), career_slot));
+                static_cast<char>(choice) + folded(bytes_of(files.career_file), career_slot));
   }
 }
 
 /// Writes an input for each choice with the file of these lists.
 void make_records_of(const record_lists& lists, const fs::path& name, std::initializer_list<int> choices) {
-  fs::remove(files.ptr);
+  fs::remove(files.record_file);
   write_record_lists(lists);
   for (const int choice : choices) {
     write_bytes(name.native() + "-" + std::to_string(choice),
-                static_cast<char>(choice) + folded(bytes_of(files.ptr), records_slot));
+                static_cast<char>(choice) + folded(bytes_of(files.record_file), records_slot));
   }
 }
 
 void make_records(const fs::path& folder) {
-  const std::string ptr = bytes_of(files.ptr);
+  const std::string ptr = bytes_of(files.record_file);
   write_bytes(folder / "cut-short", '\5' + folded(ptr.substr(0, 80 * records_slot + 3), records_slot));
   make_records_of(read_record_lists(), folder / "match", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 12, 14});
   record_lists lists;

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "database/configuration.h"
-#include "database/optfrm.h"
+#include "database/settings_form.h"
 #include "support.h"
 #include "target.h"
 
@@ -28,12 +28,12 @@ void write_and_read_again() {
 
 /// Opens the form and leaves it by its OK.
 void confirm() {
-  optfrm form;
+  settings_form form;
   form.open();
   require(form.sample_text_color >= 0 && form.sample_text_color <= 0xFFFFFF, "a colour is shown");
-  const std::string chosen = form.combo1_text;
+  const std::string chosen = form.database;
   require(chosen.empty() || chosen == "base", "only a database on offer is shown", chosen);
-  if (form.command1_click()) return;
+  if (form.accept()) return;
   const std::array<std::string, 5> confirmed = lines_of(settings);
   require(read_options() && lines_of(settings) == confirmed, "the confirmed settings are read again");
 }
@@ -42,8 +42,8 @@ void confirm() {
 
 void prepare() {
   fresh_state();
-  write_bytes(files.team, {});
-  write_bytes(files.grd, {});
+  write_bytes(files.team_file, {});
+  write_bytes(files.ground_file, {});
 }
 
 void take(std::string_view input) {

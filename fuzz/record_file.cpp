@@ -2,11 +2,11 @@
 // The file of record lists and team table. The input: a byte that chooses who looks at it, or who changes it; then the
 // file, folded.
 #include "browsers/record_tables.h"
-#include "browsers/teamdet.h"
-#include "browsers/wldrank.h"
+#include "browsers/team_records.h"
+#include "browsers/world_rankings.h"
+#include "database/career_update.h"
 #include "database/configuration.h"
-#include "database/records.h"
-#include "database/saveavgs.h"
+#include "database/lasting_records.h"
 #include "database/slots.h"
 #include "database/world.h"
 #include "finished_match.h"
@@ -48,7 +48,7 @@ void require_same(const record_lists& a, const record_lists& b) {
 
 /// Writes lists into an empty file.
 void write_and_read_again(const record_lists& lists) {
-  write_bytes(files.ptr, {});
+  write_bytes(files.record_file, {});
   write_record_lists(lists);
   require_same(read_record_lists(), lists);
 }
@@ -60,9 +60,9 @@ void look_at(Form form, auto... mode) {
 }
 
 void look_at_teams() {
-  teamdet form;
+  team_records_form form;
   form.open();
-  for (std::size_t t = 0; t < form.combo1.size(); ++t) {
+  for (std::size_t t = 0; t < form.teams.size(); ++t) {
     form.choose_team(static_cast<int>(t));
     for (const auto& column : form.results) {
       for (const std::string& text : column.texts) require_shown(text);
@@ -73,17 +73,17 @@ void look_at_teams() {
 void look(int choice, const record_lists& lists) {
   switch (choice) {
     case 0:
-      return look_at(highinduv(), 1);
+      return look_at(best_performances_form(), 1);
     case 1:
-      return look_at(highinduv(), 0);
+      return look_at(best_performances_form(), 0);
     case 2:
-      return look_at(totrecords(), 1);
+      return look_at(total_records_form(), 1);
     case 3:
-      return look_at(totrecords(), 0);
+      return look_at(total_records_form(), 0);
     case 4:
-      return look_at(partnrec());
+      return look_at(stand_records_form());
     case 5:
-      done("base.ptr", [] { look_at(wldrank()); });
+      done("base.ptr", [] { look_at(world_rankings_form()); });
       return;
     case 6:
       done("base.ptr", look_at_teams);
@@ -103,7 +103,7 @@ void look(int choice, const record_lists& lists) {
 void update(std::string_view before) {
   stage_finished_match();
   if (!done("base.ptr", update_records)) {
-    require_bytes(files.ptr, before);
+    require_bytes(files.record_file, before);
     return;
   }
   read_record_lists();
@@ -119,16 +119,16 @@ void take(std::string_view input) {
   record_lists lists;
   bool faultless = false;
   {
-    const unchanged ptr(files.ptr, file);
-    write_bytes(files.rec, careers);
+    const unchanged ptr(files.record_file, file);
+    write_bytes(files.career_file, careers);
     faultless = check_database(files).empty();
-    std::filesystem::remove(files.rec);
+    std::filesystem::remove(files.career_file);
     const bool read = done("base.ptr", [&] { lists = read_record_lists(); });
     require(read || !faultless, "what cannot be read is a fault");
     if (read) look(choice, lists);
   }
   if (choice >= 14) {
-    update_both(files.ptr, file, files.rec, careers);
+    update_both(files.record_file, file, files.career_file, careers);
   } else if (choice >= 12) {
     update(file);
   } else if (choice >= 10) {
@@ -138,7 +138,7 @@ void take(std::string_view input) {
 
 void prepare() {
   lay_out_database();
-  careers = bytes_of(files.rec);
+  careers = bytes_of(files.career_file);
   shrink_database();
 }
 

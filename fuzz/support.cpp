@@ -9,14 +9,14 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "competitions/series1.h"
-#include "competitions/series2.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
 #include "competitions/world_cup.h"
 #include "database/configuration.h"
 #include "database/teams_file.h"
 #include "database/whole_file.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
 
 namespace velorin::fuzz {
 

@@ -8,7 +8,7 @@
 #include "database/world.h"
 #include "finished_match.h"
 #include "headless/headless_user.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "slots_of.h"
 #include "support.h"
 #include "target.h"
@@ -50,7 +50,7 @@ void dump_and_build_again(const std::vector<std::string>& slots) {
   require(dumped || has_left_overs(), "a file without a fault can be dumped");
   if (!dumped) return;
   build_database(scratch() / "dump", scratch() / "again.team", scratch() / "again.grd");
-  files.team = scratch() / "again.team";
+  files.team_file = scratch() / "again.team";
   require(encoded_teams(read_team_list()) == slots, "teams are built as they were dumped");
 }
 
@@ -61,12 +61,12 @@ void play() {
   headless_user user;
   const front_end_scope scope(user);
   try {
-    teamfrm form;
+    new_match_form form;
     form.open();
-    if (form.combo1.size() < 2) return;
+    if (form.teams.size() < 2) return;
     form.choose_first_team(0);
     form.choose_second_team(1);
-    form.command1_click();
+    form.accept();
   } catch (const run_time_error& error) {
     require(*error.what() != '\0', "an error says something");
   }
@@ -87,7 +87,7 @@ void take(std::string_view input) {
   std::vector<std::string> slots;
   bool faultless = false;
   {
-    const unchanged team(files.team, file);
+    const unchanged team(files.team_file, file);
     faultless = check_database(files).empty();
     const bool read = done("base.team", [&] { slots = encoded_teams(read_team_list()); });
     require(read || !faultless, "what cannot be read is a fault");

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "database/records.h"
+#include "database/lasting_records.h"
 
 // Rates of a career, each rounded to two decimals. There is none where the divisor is not above 0.
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "browsers/career_rates.h"
-#include "database/records.h"
+#include "database/lasting_records.h"
 
 // All players with a career in one list, and the sort that the tables of players share.
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "database/records.h"
+#include "database/lasting_records.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -45,7 +45,7 @@ void fill_bowling(shown_table& table, const top_bowling_list& list) {
 
 }  // namespace
 
-void highinduv::open(int record_mode) {
+void best_performances_form::open(int record_mode) {
   *this = {};
   const record_lists lists = read_record_lists();
   if (record_mode == 1) {
@@ -55,7 +55,7 @@ void highinduv::open(int record_mode) {
   }
 }
 
-void totrecords::open(int record_mode) {
+void total_records_form::open(int record_mode) {
   *this = {};
   const record_lists lists = read_record_lists();
   table.title = record_mode == 1 ? "Highest Totals in ODI's" : "Lowest Totals in ODI's";
@@ -68,7 +68,7 @@ void totrecords::open(int record_mode) {
   }
 }
 
-void partnrec::open() {
+void stand_records_form::open() {
   *this = {};
   const record_lists lists = read_record_lists();
   table.title = "Record Partnerships";

@@ -8,17 +8,17 @@
 namespace velorin {
 
 /// Record mode 1: the highest individual scores; 0: the best bowling figures. A row without a player is hidden.
-struct highinduv : table_form {
+struct best_performances_form : table_form {
   void open(int record_mode);
 };
 
 /// Record mode 1: the highest totals; 0: the lowest. A row without a team is hidden.
-struct totrecords : table_form {
+struct total_records_form : table_form {
   void open(int record_mode);
 };
 
 /// The record stand for each wicket, a row's place being the wicket. A row without a first man is hidden.
-struct partnrec : table_form {
+struct stand_records_form : table_form {
   void open();
 };
 

@@ -43,12 +43,12 @@ struct shown_field {
 
 /// A form that shows one table.
 struct table_form {
-  static constexpr std::string_view command1_caption = "OK";
+  static constexpr std::string_view ok_caption = "OK";
 
   shown_table table;
   bool closed = false;
 
-  void command1_click() { closed = true; }
+  void accept() { closed = true; }
 };
 
 }  // namespace velorin

@@ -27,7 +27,7 @@ std::optional<double> team_results::success(const error_place& row) const {
 }
 
 error_place row_place(const record_lists& lists, int team) {
-  return {.file = file_name_text(files.ptr),
+  return {.file = file_name_text(files.record_file),
           .record = table_record(team),
           .field = "away_won",
           .player = lists.teams[team].team_name.text()};

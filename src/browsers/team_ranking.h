@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "database/records.h"
+#include "database/lasting_records.h"
 #include "model/run_time_error.h"
 
 // The win record of the teams. The ranking is not kept in any file: it follows from the team table each time.

@@ -3,13 +3,13 @@
 #include <array>
 #include <cmath>
 
-#include "captain/aicomp.h"
+#include "captain/computer_captain.h"
 #include "model/booking.h"
+#include "model/match_state.h"
 #include "model/random.h"
 #include "model/rounding.h"
 #include "model/rules.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 
 namespace velorin {
 

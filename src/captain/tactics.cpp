@@ -4,11 +4,11 @@
 #include <limits>
 #include <string_view>
 
-#include "captain/aicomp.h"
+#include "captain/computer_captain.h"
+#include "model/match_state.h"
 #include "model/rounding.h"
 #include "model/rules.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 #include "ui/front_end.h"
 
 namespace velorin {

@@ -9,11 +9,11 @@
 #include "cli/commands.h"
 #include "cli/json.h"
 #include "cli/text_table.h"
-#include "competitions/series1.h"
-#include "competitions/series2.h"
-#include "competitions/wc_fix.h"
-#include "competitions/wcsstab.h"
-#include "competitions/wctable.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
+#include "competitions/world_cup_fixtures.h"
+#include "competitions/world_cup_form.h"
+#include "competitions/world_cup_tables.h"
 #include "database/configuration.h"
 #include "headless/headless_user.h"
 #include "model/code_page.h"
@@ -65,57 +65,57 @@ class competition_recorder : public headless_user {
     if (message.title == "Error") refusal_ = message.text;
   }
 
-  void show(sri_result& form) override {
+  void show(series_results_form& form) override {
     if (as_json_) {
       json rows = json::array();
-      for (const auto& row : form.rows) rows.push_back({to_utf8(row.label1), to_utf8(row.label2)});
+      for (const auto& row : form.rows) rows.push_back({to_utf8(row.match_and_ground), to_utf8(row.result)});
       windows_.push_back({{"form", "sri_result"},
-                          {"heading", to_utf8(form.label4_1)},
+                          {"heading", to_utf8(form.heading)},
                           {"rows", rows},
-                          {"final_line", to_utf8(form.label4_0)}});
+                          {"final_line", to_utf8(form.standing_line)}});
     } else {
-      out_ << shown_line(form.label4_1) << '\n';
+      out_ << shown_line(form.heading) << '\n';
       text_table table({}, "ll");
-      for (const auto& row : form.rows) table.add({row.label1, row.label2});
+      for (const auto& row : form.rows) table.add({row.match_and_ground, row.result});
       table.print(out_);
-      out_ << shown_line(form.label4_0) << "\n\n";
+      out_ << shown_line(form.standing_line) << "\n\n";
     }
     headless_user::show(form);
   }
 
-  void show(triserresult& form) override {
+  void show(tri_series_table_form& form) override {
     const std::vector<league_texts> rows(form.rows.begin(), form.rows.end());
     if (as_json_) {
       windows_.push_back({{"form", "triserresult"},
                           {"title", to_utf8(form.title)},
-                          {"heading", to_utf8(form.label4_1)},
+                          {"heading", to_utf8(form.heading)},
                           {"rows", league_json(rows)},
-                          {"final", to_utf8(form.label5_0)},
-                          {"result", to_utf8(form.label5_1)}});
+                          {"final", to_utf8(form.final_line)},
+                          {"result", to_utf8(form.final_result)}});
     } else {
-      out_ << shown_line(form.label4_1) << '\n';
+      out_ << shown_line(form.heading) << '\n';
       league_text(tri_columns, rows).print(out_);
-      out_ << shown_line(form.label5_0) << '\n';
-      if (!form.label5_1.empty()) out_ << shown_line(form.label5_1) << '\n';
+      out_ << shown_line(form.final_line) << '\n';
+      if (!form.final_result.empty()) out_ << shown_line(form.final_result) << '\n';
       out_ << '\n';
     }
     headless_user::show(form);
   }
 
-  void show(wc_fix& form) override {
+  void show(world_cup_fixtures_form& form) override {
     if (as_json_) {
       json fixtures = json::array();
       for (int place = 1; place <= form.fixtures; ++place) {
-        const wc_fix::row row = form.row_of(place);
-        fixtures.push_back(
-            {to_utf8(row.label6), to_utf8(row.label1), to_utf8(row.label2), to_utf8(row.label3), to_utf8(row.label4)});
+        const world_cup_fixtures_form::row row = form.row_of(place);
+        fixtures.push_back({to_utf8(row.match_number), to_utf8(row.team_a), to_utf8(row.team_b), to_utf8(row.venue),
+                            to_utf8(row.result)});
       }
       windows_.push_back({{"form", "wc_fix"}, {"next_fixture", form.next_fixture}, {"fixtures", fixtures}});
     } else {
       text_table table({"", "Match No.", "Team A", "Team B", "Venue", "Match Result"}, "llllll");
-      for (const wc_fix::row& row : form.rows) {
-        if (!row.label6.empty()) {
-          table.add({row.is_next ? ">" : "", row.label6, row.label1, row.label2, row.label3, row.label4});
+      for (const world_cup_fixtures_form::row& row : form.rows) {
+        if (!row.match_number.empty()) {
+          table.add({row.is_next ? ">" : "", row.match_number, row.team_a, row.team_b, row.venue, row.result});
         }
       }
       table.print(out_);
@@ -124,24 +124,24 @@ class competition_recorder : public headless_user {
     headless_user::show(form);
   }
 
-  void show(wcsstab& form) override {
+  void show(world_cup_tables_form& form) override {
     if (as_json_) {
       windows_.push_back({{"form", "wcsstab"},
                           {"group_a", league_json(form.group_a)},
                           {"group_b", league_json(form.group_b)},
                           {"super_six", league_json(form.super_six)},
-                          {"semi_final_1", to_utf8(form.label1_22)},
-                          {"semi_final_2", to_utf8(form.label1_23)},
-                          {"grand_final", to_utf8(form.label1_24)},
-                          {"winners", to_utf8(form.label8)}});
+                          {"semi_final_1", to_utf8(form.first_semi_final)},
+                          {"semi_final_2", to_utf8(form.second_semi_final)},
+                          {"grand_final", to_utf8(form.grand_final)},
+                          {"winners", to_utf8(form.winners_line)}});
     } else {
       print_table("Group A Table", form.group_a);
       print_table("Group B Table", form.group_b);
       if (!form.super_six.empty()) print_table("Super Six Table", form.super_six);
-      if (!form.label1_22.empty()) out_ << "Semi Final 1 : " << shown_line(form.label1_22) << '\n';
-      if (!form.label1_23.empty()) out_ << "Semi Final 2 : " << shown_line(form.label1_23) << '\n';
-      if (!form.label1_24.empty()) out_ << "Grand Final : " << shown_line(form.label1_24) << '\n';
-      out_ << shown_line(form.label8) << "\n\n";
+      if (!form.first_semi_final.empty()) out_ << "Semi Final 1 : " << shown_line(form.first_semi_final) << '\n';
+      if (!form.second_semi_final.empty()) out_ << "Semi Final 2 : " << shown_line(form.second_semi_final) << '\n';
+      if (!form.grand_final.empty()) out_ << "Grand Final : " << shown_line(form.grand_final) << '\n';
+      out_ << shown_line(form.winners_line) << "\n\n";
     }
     headless_user::show(form);
   }
@@ -175,29 +175,31 @@ int entry_of(const std::vector<team_entry>& list, const std::string& name) {
   return static_cast<int>(found - known.begin());
 }
 
-void fill_and_play(series1& form, const competition_options& options) {
+void fill_and_play(series_form& form, const competition_options& options) {
   form.open();
-  form.choose_home(entry_of(form.combo1, options.teams[0]));
-  form.choose_away(entry_of(form.combo1, options.teams[1]));
-  form.vscroll1_change(options.count);
-  form.command1_click();
+  form.choose_home(entry_of(form.teams, options.teams[0]));
+  form.choose_away(entry_of(form.teams, options.teams[1]));
+  form.set_matches(options.count);
+  form.accept();
 }
 
-void fill_and_play(series2& form, const competition_options& options) {
+void fill_and_play(tri_series_form& form, const competition_options& options) {
   form.open();
-  for (int box = 0; box < 3; ++box) form.choose_team(box, entry_of(form.combo1, options.teams[box]));
-  form.vscroll1_change(options.count);
-  form.command1_click();
+  for (int box = 0; box < 3; ++box) form.choose_team(box, entry_of(form.teams, options.teams[box]));
+  form.set_rounds(options.count);
+  form.accept();
 }
 
-void fill_and_play(wctable& form, const competition_options& options) {
+void fill_and_play(world_cup_form& form, const competition_options& options) {
   form.open();
   if (form.closed) return;
-  for (std::size_t i = 0; i < options.group_a.size(); ++i) form.combo1[i] = entry_of(form.teams, options.group_a[i]);
-  for (std::size_t i = 0; i < options.group_b.size(); ++i) form.combo2[i] = entry_of(form.teams, options.group_b[i]);
-  if (!options.hosts.empty()) form.combo3.fill(-1);
-  for (std::size_t i = 0; i < options.hosts.size(); ++i) form.combo3[i] = entry_of(form.teams, options.hosts[i]);
-  form.command1_click();
+  for (std::size_t i = 0; i < options.group_a.size(); ++i)
+    form.group_a_index[i] = entry_of(form.teams, options.group_a[i]);
+  for (std::size_t i = 0; i < options.group_b.size(); ++i)
+    form.group_b_index[i] = entry_of(form.teams, options.group_b[i]);
+  if (!options.hosts.empty()) form.host_index.fill(-1);
+  for (std::size_t i = 0; i < options.hosts.size(); ++i) form.host_index[i] = entry_of(form.teams, options.hosts[i]);
+  form.accept();
 }
 
 /// Plays a competition from its form.
@@ -239,7 +241,7 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
       ->check(CLI::Range(1, 10))
       ->type_name("N");
   add_common(*series_command, *one);
-  set_action<series1>(*series_command, one, program, io, action);
+  set_action<series_form>(*series_command, one, program, io, action);
 
   auto three = std::make_shared<competition_options>();
   three->teams.resize(3);
@@ -252,7 +254,7 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
       ->check(CLI::Range(1, 5))
       ->type_name("R");
   add_common(*tri_command, *three);
-  set_action<series2>(*tri_command, three, program, io, action);
+  set_action<tri_series_form>(*tri_command, three, program, io, action);
 
   auto cup = std::make_shared<competition_options>();
   CLI::App* cup_command = app.add_subcommand("worldcup", "Plays a World Cup and prints fixtures and tables");
@@ -269,7 +271,7 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
       ->expected(1, 3)
       ->type_name("N1[,N2[,N3]]");
   add_common(*cup_command, *cup);
-  set_action<wctable>(*cup_command, cup, program, io, action);
+  set_action<world_cup_form>(*cup_command, cup, program, io, action);
 }
 
 }  // namespace velorin::cli

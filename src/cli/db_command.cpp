@@ -41,7 +41,7 @@ int build(const db_options& options, const program_options& program) {
     throw run_time_error(failure::type, fmt::format("The base name \"{}\" has a control character", database.base));
   }
   made_folders made(database.folder);
-  build_database(options.source, database.team, database.grd);
+  build_database(options.source, database.team_file, database.ground_file);
   made.keep();
   return done;
 }

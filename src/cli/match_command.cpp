@@ -19,10 +19,10 @@
 #include "database/configuration.h"
 #include "database/teams_file.h"
 #include "model/code_page.h"
+#include "model/match_state.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 
 namespace velorin::cli {
 
@@ -41,21 +41,21 @@ std::optional<std::array<int, 4>> parse_conditions(const std::string& text) {
   return values;
 }
 
-int choose_team(const teamfrm& form, const std::string& name) {
+int choose_team(const new_match_form& form, const std::string& name) {
   const std::string wanted = core_text(name);
   std::vector<std::string> known;
-  for (std::size_t i = 0; i < form.combo1.size(); ++i) {
-    if (form.combo1[i].name == wanted) return static_cast<int>(i);
-    known.push_back(form.combo1[i].name);
+  for (std::size_t i = 0; i < form.teams.size(); ++i) {
+    if (form.teams[i].name == wanted) return static_cast<int>(i);
+    known.push_back(form.teams[i].name);
   }
   raise_unknown("team", wanted, known);
 }
 
-void choose_ground(teamfrm& form, const std::string& name) {
+void choose_ground(new_match_form& form, const std::string& name) {
   const std::string wanted = core_text(name);
-  for (std::size_t i = 0; i < form.combo3.size(); ++i) {
-    if (form.combo3[i] != wanted) continue;
-    form.combo3_index = static_cast<int>(i);
+  for (std::size_t i = 0; i < form.grounds.size(); ++i) {
+    if (form.grounds[i] != wanted) continue;
+    form.ground_index = static_cast<int>(i);
     return;
   }
   std::vector<std::string> known;
@@ -63,19 +63,19 @@ void choose_ground(teamfrm& form, const std::string& name) {
     known.push_back(ground.ground_name);
     if (ground.ground_name != wanted) continue;
     throw run_time_error(failure::subscript,
-                         "The ground is not on offer for " + form.combo1_text() + " and " + form.combo2_text(),
+                         "The ground is not on offer for " + form.first_team_name() + " and " + form.second_team_name(),
                          {.file = {}, .record = 0, .field = {}, .player = wanted});
   }
   raise_unknown("ground", wanted, known);
 }
 
-void fill(teamfrm& form, const match_options& options) {
+void fill(new_match_form& form, const match_options& options) {
   form.open();
   if (!options.team1.empty()) form.choose_first_team(choose_team(form, options.team1));
   if (!options.team2.empty()) form.choose_second_team(choose_team(form, options.team2));
   if (!options.ground.empty()) choose_ground(form, options.ground);
-  form.option1_cpu = options.captain1 == "cpu";
-  form.option3_cpu = options.captain2 == "cpu";
+  form.computer_captains_first = options.captain1 == "cpu";
+  form.computer_captains_second = options.captain2 == "cpu";
 }
 
 void show_progress(long played, long matches, streams io) {
@@ -150,12 +150,12 @@ class match_run {
   /// Returns the match's object as a line, "" without --json.
   std::string play_match(long number) {
     if (options_.jobs && program_.seed) chance.use_seed(seed_of_match(*program_.seed, number));
-    teamfrm form;
+    new_match_form form;
     fill(form, options_);
     recorder_.begin_match(number == options_.matches);
     static_cast<match_result&>(match) = {};
     const std::uint64_t before = chance.draws_used();
-    form.command1_click();
+    form.accept();
     if (options_.prints_summary()) summary_.add_result(match);
     if (options_.json.empty()) return {};
     return recorder_.match_object(chance.draws_used() - before).dump() + '\n';

@@ -164,7 +164,7 @@ void add_console(json& state) {
   state["bowler_pool"] = rows(match.bowler_pool, 1, pool_json);
   state["opening_bowlers"] = {number(match.opening_bowlers[0]), number(match.opening_bowlers[1])};
   json names = json::array();
-  for (const bowler_line& line : view_bowler_list()) names.push_back(text(line.label25));
+  for (const bowler_line& line : view_bowler_list()) names.push_back(text(line.name));
   state["bowler_list"] = names;
 }
 

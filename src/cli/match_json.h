@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/json.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin::cli {
 

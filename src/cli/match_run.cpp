@@ -9,8 +9,8 @@
 
 #include "cli/standard_output.h"
 #include "model/code_page.h"
+#include "model/match_state.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 #include "reports/export.h"
 
 namespace velorin::cli {
@@ -34,7 +34,7 @@ void match_recorder::open(report which) {
   if (!options_.json.empty()) scorecards_.push_back(state_json());
   if (!last_) return;
   if (options_.prints_scorecard()) {
-    scorecard card;
+    scorecard_form card;
     card.open();
     shown_ = text_scorecard(card);
   }

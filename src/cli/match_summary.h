@@ -6,7 +6,7 @@
 #include <map>
 #include <string>
 
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin::cli {
 

@@ -69,10 +69,10 @@ void require_outputs_apart(const match_options& options, const fs::path& draws) 
        {"--html", options.html},
        {"--text", options.text},
        {"--ball-by-ball", options.ball_by_ball}}};
-  std::vector<used_file> used = {{"the teams", files.team},
-                                 {"the grounds", files.grd},
-                                 {"the careers", files.rec},
-                                 {"the records", files.ptr},
+  std::vector<used_file> used = {{"the teams", files.team_file},
+                                 {"the grounds", files.ground_file},
+                                 {"the careers", files.career_file},
+                                 {"the records", files.record_file},
                                  {"the settings", files.folder / "options.mc"}};
   if (!draws.empty()) used.emplace_back("--draws", draws);
   for (const auto& [option, file] : outputs) {

@@ -6,12 +6,12 @@
 
 #include <fmt/format.h>
 
-#include "browsers/allrecs.h"
-#include "browsers/centurytop.h"
+#include "browsers/century_makers.h"
+#include "browsers/player_profile.h"
+#include "browsers/player_rankings.h"
 #include "browsers/record_tables.h"
-#include "browsers/sqdet.h"
-#include "browsers/teamdet.h"
-#include "browsers/wldrank.h"
+#include "browsers/team_records.h"
+#include "browsers/world_rankings.h"
 #include "cli/commands.h"
 #include "cli/json.h"
 #include "cli/text_table.h"
@@ -45,15 +45,15 @@ shown_table opened(Form form, auto... arguments) {
 
 template <int record_mode>
 shown_table ranking(const std::string& team) {
-  return opened(allrecs(), record_mode, team);
+  return opened(player_rankings_form(), record_mode, team);
 }
 
 constexpr std::array<named_list, 15> lists = {{
-    {"highest-scores", [](const std::string&) { return opened(highinduv(), 1); }},
-    {"best-bowling", [](const std::string&) { return opened(highinduv(), 0); }},
-    {"highest-totals", [](const std::string&) { return opened(totrecords(), 1); }},
-    {"lowest-totals", [](const std::string&) { return opened(totrecords(), 0); }},
-    {"partnerships", [](const std::string&) { return opened(partnrec()); }},
+    {"highest-scores", [](const std::string&) { return opened(best_performances_form(), 1); }},
+    {"best-bowling", [](const std::string&) { return opened(best_performances_form(), 0); }},
+    {"highest-totals", [](const std::string&) { return opened(total_records_form(), 1); }},
+    {"lowest-totals", [](const std::string&) { return opened(total_records_form(), 0); }},
+    {"partnerships", [](const std::string&) { return opened(stand_records_form()); }},
     {"averages", ranking<1>},
     {"most-runs", ranking<2>},
     {"strike-rates", ranking<3>},
@@ -61,9 +61,9 @@ constexpr std::array<named_list, 15> lists = {{
     {"most-wickets", ranking<5>},
     {"economy", ranking<6>},
     {"bowling-averages", ranking<7>},
-    {"centuries", [](const std::string&) { return opened(centurytop()); }},
-    {"career-batting", ranking<allrecs::career_batting>, true},
-    {"career-bowling", ranking<allrecs::career_bowling>, true},
+    {"centuries", [](const std::string&) { return opened(century_makers_form()); }},
+    {"career-batting", ranking<player_rankings_form::career_batting>, true},
+    {"career-bowling", ranking<player_rankings_form::career_bowling>, true},
 }};
 
 const named_list& find_list(const std::string& name) {
@@ -127,7 +127,7 @@ void add_fields(json& object, const std::vector<shown_field>& fields, const std:
   }
 }
 
-json profile_json(const sqdet& form) {
+json profile_json(const player_profile_form& form) {
   json object;
   add_fields(object, form.person);
   add_fields(object, form.batting, "Batting ");
@@ -141,7 +141,7 @@ void add_block(text_table& table, const Fields& fields) {
   for (const shown_field& field : fields) table.add({std::string(field.caption), field.text});
 }
 
-void print_profile(const sqdet& form, std::ostream& out) {
+void print_profile(const player_profile_form& form, std::ostream& out) {
   text_table table({}, "ll");
   add_block(table, form.person);
   const auto add_headed = [&table](const char* heading, const std::vector<shown_field>& fields) {
@@ -155,11 +155,11 @@ void print_profile(const sqdet& form, std::ostream& out) {
   table.print(out);
 }
 
-json team_json(const teamdet& form) {
+json team_json(const team_records_form& form) {
   json object;
-  for (const teamdet::results_column& column : form.results) {
+  for (const team_records_form::results_column& column : form.results) {
     for (std::size_t i = 0; i < column.texts.size(); ++i) {
-      object[fmt::format("{} {}", column.heading, teamdet::result_captions[i])] = to_utf8(column.texts[i]);
+      object[fmt::format("{} {}", column.heading, team_records_form::result_captions[i])] = to_utf8(column.texts[i]);
     }
   }
   add_fields(object, {form.world_ranking});
@@ -168,14 +168,14 @@ json team_json(const teamdet& form) {
   return object;
 }
 
-void print_team(const teamdet& form, std::ostream& out) {
+void print_team(const team_records_form& form, std::ostream& out) {
   out << shown_line(form.title) << "\n\n";
   std::vector<std::string> headings = {""};
-  for (const teamdet::results_column& column : form.results) headings.emplace_back(column.heading);
+  for (const team_records_form::results_column& column : form.results) headings.emplace_back(column.heading);
   text_table results(headings, "lrrr");
-  for (std::size_t i = 0; i < teamdet::result_captions.size(); ++i) {
-    std::vector<std::string> row = {std::string(teamdet::result_captions[i])};
-    for (const teamdet::results_column& column : form.results) row.push_back(column.texts[i]);
+  for (std::size_t i = 0; i < team_records_form::result_captions.size(); ++i) {
+    std::vector<std::string> row = {std::string(team_records_form::result_captions[i])};
+    for (const team_records_form::results_column& column : form.results) row.push_back(column.texts[i]);
     results.add(row);
   }
   results.print(out);
@@ -183,7 +183,7 @@ void print_team(const teamdet& form, std::ostream& out) {
   text_table fields({}, "ll");
   add_block(fields, form.extremes);
   fields.add({"", ""});
-  fields.add({std::string(teamdet::individual_caption), ""});
+  fields.add({std::string(team_records_form::individual_caption), ""});
   add_block(fields, form.individual);
   fields.print(out);
 }
@@ -214,15 +214,15 @@ int item_of(const std::vector<std::string>& list, const std::string& name) {
 }
 
 void report_player(const report_options& options, std::ostream& out) {
-  sqdet form;
+  player_profile_form form;
   form.open();
   const std::string team = core_text(options.team);
   const std::string name = core_text(options.player);
-  const int team_item = item_of(form.combo1, team);
-  if (team_item < 0) raise_no_team(team, form.combo1);
+  const int team_item = item_of(form.teams, team);
+  if (team_item < 0) raise_no_team(team, form.teams);
   form.choose_team(team_item);
-  const int player_item = item_of(form.combo2, name);
-  if (player_item < 0) raise_unknown("player of " + team, name, form.combo2);
+  const int player_item = item_of(form.players, name);
+  if (player_item < 0) raise_unknown("player of " + team, name, form.players);
   form.choose_player(player_item);
   if (options.json) {
     out << profile_json(form).dump() << '\n';
@@ -232,11 +232,11 @@ void report_player(const report_options& options, std::ostream& out) {
 }
 
 void report_team(const report_options& options, std::ostream& out) {
-  teamdet form;
+  team_records_form form;
   form.open();
   const std::string name = core_text(options.team);
-  const int item = item_of(form.combo1, name);
-  if (item < 0) raise_no_team(name, form.combo1);
+  const int item = item_of(form.teams, name);
+  if (item < 0) raise_no_team(name, form.teams);
   form.choose_team(item);
   if (options.json) {
     out << team_json(form).dump() << '\n';
@@ -245,16 +245,18 @@ void report_team(const report_options& options, std::ostream& out) {
   }
 }
 
-void report_rankings(const report_options& options, std::ostream& out) { show_table(opened(wldrank()), options, out); }
+void report_rankings(const report_options& options, std::ostream& out) {
+  show_table(opened(world_rankings_form()), options, out);
+}
 
 /// A team that has not played yet has an empty table of careers.
 void report_list(const report_options& options, std::ostream& out) {
   const named_list& list = find_list(options.list);
   const std::string team = core_text(options.team);
   if (list.of_team && team_of_database(team) == nullptr) {
-    sqdet careers;
+    player_profile_form careers;
     careers.open();
-    if (item_of(careers.combo1, team) < 0) raise_no_team(team, careers.combo1);
+    if (item_of(careers.teams, team) < 0) raise_no_team(team, careers.teams);
   }
   show_table(list.open(team), options, out);
 }

@@ -8,16 +8,16 @@
 #include <fmt/format.h>
 
 #include "cli/commands.h"
-#include "competitions/series1.h"
-#include "competitions/series2.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
 #include "competitions/world_cup.h"
 #include "database/configuration.h"
 #include "database/teams_file.h"
 #include "database/whole_file.h"
 #include "model/code_page.h"
+#include "model/match_state.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 
 namespace velorin::cli {
 
@@ -102,7 +102,7 @@ namespace {
 
 /// Tells why a database with these files is not on offer, where one of them is there and cannot be read.
 void require_readable_files(const database_files& database) {
-  for (const std::filesystem::path& file : {database.team, database.grd}) read_file(file);
+  for (const std::filesystem::path& file : {database.team_file, database.ground_file}) read_file(file);
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 #include "competitions/league.h"
 
 #include "model/booking.h"
+#include "model/match_state.h"
 #include "model/rounding.h"
-#include "model/teams.h"
 #include "model/texts.h"
 
 namespace velorin {

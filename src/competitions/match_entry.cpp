@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "database/teams_file.h"
+#include "model/match_state.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -21,12 +21,12 @@ bool enter_match(const entered_side& first, const entered_side& second, const st
     match.result_margin = match.result_winner.empty() ? "" : "  by a walkover";
     return true;
   }
-  teamfrm form;
+  new_match_form form;
   form.open();
   form.enter(first.team, second.team, ground);
-  form.option1_cpu = !first.human;
-  form.option3_cpu = !second.human;
-  form.command1_click();
+  form.computer_captains_first = !first.human;
+  form.computer_captains_second = !second.human;
+  form.accept();
   if (form.left) result = std::move(before);
   return !form.left;
 }
@@ -84,6 +84,6 @@ int typed_number(const std::string& text, int most, const char* field) {
   return static_cast<int>(*number);
 }
 
-std::string progressbar::title() const { return "Simming Match... (" + number_text(over) + "% finished )"; }
+std::string match_progress::title() const { return "Simming Match... (" + number_text(over) + "% finished )"; }
 
 }  // namespace velorin

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 
 // How a competition enters a match, and the lists that its forms share.
 
@@ -43,7 +43,7 @@ std::string entry_text(const std::vector<team_entry>& list, int index);
 int typed_number(const std::string& text, int most, const char* field);
 
 /// The window that shows how far an unattended match has come.
-struct progressbar {
+struct match_progress {
   int over = 0;  ///< overs begun, from 1
 
   std::string title() const;                          ///< "Simming Match... (", overs begun, "% finished )"

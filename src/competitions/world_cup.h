@@ -11,13 +11,13 @@
 namespace velorin {
 
 /// A team of a group, with its results against each place of the group.
-struct wc_group_team {
+struct cup_group_team {
   std::string team;
   std::array<league_row, 6> versus;  ///< [1..5]; the row of the team's own place keeps an empty name
 };
 
 /// A line of the fixture list.
-struct wc_fixture {
+struct cup_fixture {
   std::string team_a;
   std::string team_b;
   std::string venue;
@@ -29,7 +29,7 @@ struct wc_fixture {
 };
 
 /// A semi-final or the final.
-struct wc_knockout {
+struct cup_knockout {
   std::string team_a;
   std::string team_b;
   std::string winner;
@@ -38,30 +38,30 @@ struct wc_knockout {
   bool human_b = false;
 };
 
-using wc_group = std::array<wc_group_team, 6>;    // 1..5
-using league_table5 = std::array<league_row, 6>;  // 1..5
-using league_table6 = std::array<league_row, 7>;  // 1..6
+using cup_group = std::array<cup_group_team, 6>;     // 1..5
+using group_league = std::array<league_row, 6>;      // 1..5
+using super_six_league = std::array<league_row, 7>;  // 1..6
 
 /// The stages of the tournament in their order.
-enum class wc_stage { drawn, group_matches, super_six_draw, super_six_matches, knock_out, over };
+enum class cup_stage { drawn, group_matches, super_six_draw, super_six_matches, knock_out, over };
 
 /// The World Cup of this run of the program and the place reached in it. Nothing but the place is cleared between two
 /// tournaments.
 struct world_cup_record {
-  wc_group wc_group_a;
-  wc_group wc_group_b;
-  std::array<wc_fixture, 51> wc_fixtures;  ///< [1..50]: 1 to 20 the groups, 21 to 29 the Super Six
-  league_table6 wc_super_six;              ///< [1..6]
-  std::array<bool, 7> wc_ss_human{};       ///< [1..6] human sides, sorted along with the table
-  std::array<wc_knockout, 3> wc_semi;      ///< [1..2]
-  wc_knockout wc_final;
+  cup_group group_a;
+  cup_group group_b;
+  std::array<cup_fixture, 51> fixtures;     ///< [1..50]: 1 to 20 the groups, 21 to 29 the Super Six
+  super_six_league super_six;               ///< [1..6]
+  std::array<bool, 7> super_six_human{};    ///< [1..6] human sides, sorted along with the table
+  std::array<cup_knockout, 3> semi_finals;  ///< [1..2]
+  cup_knockout grand_final;
   bool quit_requested = false;
   std::vector<std::string> grounds;     ///< Combo4: the hosts' grounds
   std::array<std::string, 5> chosen_a;  ///< texts of Combo1
   std::array<std::string, 5> chosen_b;  ///< texts of Combo2
   std::array<bool, 5> human_a{};        ///< Check1
   std::array<bool, 5> human_b{};        ///< Check2
-  wc_stage stage = wc_stage::over;
+  cup_stage stage = cup_stage::over;
   int next_match = 0;  ///< groups: fixture 1 to 20; Super Six: 21 to 29; knock-out: 1 to 3
 };
 extern world_cup_record world_cup;
@@ -72,6 +72,6 @@ std::string standing_cup();
 void start_cup_afresh();
 
 /// A group's table in the order of its places: each team's sums over its five rows.
-league_table5 group_table(const wc_group& group);
+group_league group_table(const cup_group& group);
 
 }  // namespace velorin

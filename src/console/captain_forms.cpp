@@ -7,38 +7,39 @@
 
 #include <fmt/format.h>
 
+#include "model/match_state.h"
 #include "model/rounding.h"
 #include "model/rules.h"
-#include "model/teams.h"
 #include "model/texts.h"
 
 namespace velorin {
 
-batorder::batorder(std::string title_text) : title(std::move(title_text)) {
+next_batsman_form::next_batsman_form(std::string title_text) : title(std::move(title_text)) {
   match.next_batsman_slot = match.higher_batsman();
   for (int row = 1; row <= men_in_eleven; ++row) enabled[row] = row > match.next_batsman_slot;
 }
 
-std::string batorder::option1(int row) const { return match.batting_xi[row].name; }
-std::string batorder::label1(int row) const { return number_text(int(match.batting_xi[row].bat_skill)); }
+std::string next_batsman_form::name(int row) const { return match.batting_xi[row].name; }
+std::string next_batsman_form::skill(int row) const { return number_text(int(match.batting_xi[row].bat_skill)); }
 
-void batorder::option1_click(int row) {
+void next_batsman_form::choose(int row) {
   if (enabled[row]) chosen = row;
 }
 
-void batorder::command1_click() {
+void next_batsman_form::accept() {
   const int place = match.next_batsman_slot + 1;
   if (chosen > place) {
     const auto men = match.batting_xi.begin();
     std::rotate(men + place, men + chosen, men + chosen + 1);
   }
   if (match.striker <= match.non_striker) match.batsman_aggression[0] = match.batsman_aggression[1];
-  match.batsman_aggression[1] = vscroll1;
-  if (title == "Select 1st Opener") match.batsman_aggression[0] = vscroll1;
+  match.batsman_aggression[1] = aggression;
+  if (title == "Select 1st Opener") match.batsman_aggression[0] = aggression;
   closed = true;
 }
 
-chgbowler::chgbowler(use shown, std::string title_text) : title(std::move(title_text)), shown_for(shown) {
+bowler_choice_form::bowler_choice_form(use shown, std::string title_text)
+    : title(std::move(title_text)), shown_for(shown) {
   for (int row = 1; row <= men_in_eleven; ++row) {
     enabled[row] = row != match.next_bowler && match.bowling_xi[row].is_keeper == 0;
   }
@@ -46,19 +47,19 @@ chgbowler::chgbowler(use shown, std::string title_text) : title(std::move(title_
   if (shown_for == use::second_opener && match.bowler != 0) enabled[match.bowler] = false;
 }
 
-std::string chgbowler::option1(int row) const { return match.bowling_xi[row].name; }
+std::string bowler_choice_form::name(int row) const { return match.bowling_xi[row].name; }
 
-std::string chgbowler::label1(int row) const {
+std::string bowler_choice_form::skill(int row) const {
   return number_text(round_half_even(100 - static_cast<double>(match.bowling_xi[row].bowl_sr)));
 }
 
-std::string chgbowler::label2(int row) const { return number_text(match.bowling_xi[row].econ); }
+std::string bowler_choice_form::economy(int row) const { return number_text(match.bowling_xi[row].econ); }
 
-void chgbowler::option1_click(int row) {
+void bowler_choice_form::choose(int row) {
   if (enabled[row]) chosen = row;
 }
 
-int chgbowler::best_row() const {
+int bowler_choice_form::best_row() const {
   const auto key = [](int row) {
     const player_rec& man = match.bowling_xi[row];
     return std::tuple(match.bowling_card[row].balls >= balls_of_quota, float(man.bowl_sr), float(man.econ));
@@ -70,47 +71,47 @@ int chgbowler::best_row() const {
   return best;
 }
 
-void chgbowler::command_click() {
+void bowler_choice_form::accept() {
   (shown_for == use::second_opener ? match.next_bowler : match.bowler) = chosen;
   closed = true;
 }
 
-aggr aggr::of_batsman(int slot) {
-  aggr form;
+aggression_form aggression_form::of_batsman(int slot) {
+  aggression_form form;
   const int position = slot == 0 ? match.lower_batsman() : match.higher_batsman();
   const batting_card_rec& card = match.batting_card[position];
-  form.text1 = slot;
-  form.vscroll1 = match.batsman_aggression[slot];
-  form.label1_0 = " " + card.name + " ";
+  form.player_slot = slot;
+  form.aggression = match.batsman_aggression[slot];
+  form.player_name = " " + card.name + " ";
   form.headings = {"Runs", "Balls", "SR", "Settled  :"};
   form.figures = {number_text(int(card.runs)), number_text(int(card.balls)),
                   card.balls == 0 ? " - " : number_text(strike_rate(card.runs, card.balls)), ""};
-  form.picture1 = std::min(double{full_meter}, 5 * (2.0 * card.runs + card.balls / 2.0));
+  form.settled_width = std::min(double{full_meter}, 5 * (2.0 * card.runs + card.balls / 2.0));
   const std::string rate =
       match.innings_balls == 0
           ? "0.00"
           : number_text(round_to(double{balls_of_over} * match.score_runs / match.innings_balls, 2));
-  form.label1_4 = fmt::format("{} are {}/{} from {} Overs at {} runs per over.", short_name(match.team1_name),
-                              match.score_runs, match.score_wickets, match.overs_text(), rate);
+  form.score_sentence = fmt::format("{} are {}/{} from {} Overs at {} runs per over.", short_name(match.team1_name),
+                                    match.score_runs, match.score_wickets, match.overs_text(), rate);
   return form;
 }
 
-aggr aggr::of_bowler(int slot) {
-  aggr form;
+aggression_form aggression_form::of_bowler(int slot) {
+  aggression_form form;
   const bowling_card_rec& card = match.bowling_card[slot == 0 ? match.bowler : match.next_bowler];
   form.for_batsman = false;
-  form.text1 = slot;
-  form.vscroll1 = match.bowling_aggression[slot];
-  form.label1_0 = " " + card.name + " ";
+  form.player_slot = slot;
+  form.aggression = match.bowling_aggression[slot];
+  form.player_name = " " + card.name + " ";
   form.headings = {"Overs", "Mdns", "Runs", "Wkts"};
   form.figures = {overs_from_balls(card.balls), number_text(int(card.maidens)), number_text(int(card.runs)),
                   number_text(int(card.wickets))};
-  form.picture1_visible = false;
+  form.settled_visible = false;
   return form;
 }
 
-void aggr::command_click() {
-  (for_batsman ? match.batsman_aggression : match.bowling_aggression)[text1] = vscroll1;
+void aggression_form::accept() {
+  (for_batsman ? match.batsman_aggression : match.bowling_aggression)[player_slot] = aggression;
   closed = true;
 }
 

@@ -3,10 +3,10 @@
 
 #include <fmt/format.h>
 
-#include "console/gradi.h"
+#include "console/console_figures.h"
+#include "model/match_state.h"
 #include "model/rounding.h"
 #include "model/rules.h"
-#include "model/teams.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -23,15 +23,15 @@ std::string shortened(const std::string& name) {
 
 score_view view_score() {
   score_view view;
-  view.label15_0 = short_name(match.team1_name);
-  view.label15_1 = fmt::format("{}/{}", match.score_runs, match.score_wickets);
-  view.label15_2 = match.overs_text() + " Overs";
-  view.label15_19 = match.innings_balls < 1
-                        ? std::string(" - ")
-                        : number_text(round_to(double{balls_of_over} * match.score_runs / match.innings_balls, 2));
-  view.label27_0 = fmt::format("{:02}:{:02}", match.clock_minutes / 60, match.clock_minutes % 60);
-  view.team1 = match.team1_name;
-  view.team2 = match.team2_name;
+  view.batting_short_name = short_name(match.team1_name);
+  view.score = fmt::format("{}/{}", match.score_runs, match.score_wickets);
+  view.overs = match.overs_text() + " Overs";
+  view.run_rate = match.innings_balls < 1
+                      ? std::string(" - ")
+                      : number_text(round_to(double{balls_of_over} * match.score_runs / match.innings_balls, 2));
+  view.time_of_day = fmt::format("{:02}:{:02}", match.clock_minutes / 60, match.clock_minutes % 60);
+  view.batting_team = match.team1_name;
+  view.bowling_team = match.team2_name;
   if (match.first_total != 0) {
     const int target = match.first_total + 1;
     const int left = balls_of_innings - match.innings_balls;
@@ -54,7 +54,7 @@ batsman_view view_batsman(int slot) {
   // Not as of the last ball: he may have come in since.
   view.settled_meter = meter_of(view.position);
   view.aggression = match.batsman_aggression[slot];
-  view.command4_enabled = !match.computer_bats;
+  view.aggression_enabled = !match.computer_bats;
   return view;
 }
 
@@ -62,15 +62,15 @@ bowlers_view view_bowlers() {
   bowlers_view view;
   const bowling_card_rec& now = match.bowling_card[match.bowler];
   view.bowler = now.name;
-  view.label19_11 = overs_from_balls(now.balls);
-  view.label19_10 = number_text(int(now.maidens));
-  view.label19_9 = number_text(int(now.runs));
-  view.label19_8 = number_text(int(now.wickets));
+  view.overs = overs_from_balls(now.balls);
+  view.maidens = number_text(int(now.maidens));
+  view.runs = number_text(int(now.runs));
+  view.wickets = number_text(int(now.wickets));
   const bowling_card_rec& next = match.bowling_card[match.next_bowler];
   view.next_bowler = next.name;
   view.next_figures = bowling_figures(next.balls, next.maidens, next.runs, next.wickets, " - ");
   view.aggression = match.bowling_aggression;
-  view.command3_enabled = !match.computer_bowls;
+  view.change_enabled = !match.computer_bowls;
   return view;
 }
 

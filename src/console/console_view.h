@@ -11,15 +11,15 @@ namespace velorin {
 
 /// The head of the score.
 struct score_view {
-  std::string label15_0;   ///< short name of the batting side
-  std::string label15_1;   ///< runs "/" wickets
-  std::string label15_2;   ///< overs and " Overs"
-  std::string label15_19;  ///< run rate, " - " before the first ball
-  std::string label27_0;   ///< the clock, "hh:mm"
-  std::string team1;       ///< full name of the batting side
-  std::string team2;       ///< full name of the bowling side
-  std::string target;      ///< in a chase: "Target " and the runs that win
-  std::string needed;      ///< in a chase: what is needed from how many balls, empty once it is made
+  std::string batting_short_name;  ///< short name of the batting side
+  std::string score;               ///< runs "/" wickets
+  std::string overs;               ///< overs and " Overs"
+  std::string run_rate;            ///< run rate, " - " before the first ball
+  std::string time_of_day;         ///< the clock, "hh:mm"
+  std::string batting_team;        ///< full name of the batting side
+  std::string bowling_team;        ///< full name of the bowling side
+  std::string target;              ///< in a chase: "Target " and the runs that win
+  std::string needed;              ///< in a chase: what is needed from how many balls, empty once it is made
 };
 
 /// One batsman at the crease.
@@ -32,26 +32,26 @@ struct batsman_view {
   int sixes = 0;
   double settled_meter = 0;  ///< 0 to 915
   int aggression = 0;        ///< 1 to 5
-  bool command4_enabled = false;
+  bool aggression_enabled = false;
 };
 
 /// The bowler of this over and the man at the other end.
 struct bowlers_view {
   std::string bowler;
-  std::string label19_11;  ///< his overs
-  std::string label19_10;  ///< maidens
-  std::string label19_9;   ///< runs
-  std::string label19_8;   ///< wickets
+  std::string overs;    ///< his overs
+  std::string maidens;  ///< maidens
+  std::string runs;     ///< runs
+  std::string wickets;  ///< wickets
   std::string next_bowler;
   std::string next_figures;  ///< one line, items parted by " - "
   std::array<int, 2> aggression{};
-  bool command3_enabled = false;  ///< and with it both aggression buttons
+  bool change_enabled = false;  ///< and with it both aggression buttons
 };
 
 /// A row of the running table of bowlers.
 struct bowler_line {
   int position = 0;
-  std::string label25;  ///< the name as shown: shortened from 12 characters on
+  std::string name;  ///< the name as shown: shortened from 12 characters on
   std::string figures;
 };
 
@@ -63,14 +63,14 @@ struct rate_cell {
 /// The rate panel: projections in a first innings, the chase in a second. From the change of innings on it shows
 /// figures of the new innings alone.
 struct rates_view {
-  std::string label15_20;  ///< last five overs
+  std::string last_five_overs;  ///< last five overs
   bool chase = false;
-  std::vector<rate_cell> label26;  ///< projections: cells 0 to 4; chase: 0 to 6
-  std::string label15_4;           ///< chase: "To win ", short name, " need..."; empty once it is made
-  std::string label15_12;          ///< chase: the stage in overs; empty while nothing was bowled
-  std::string label15_13;          ///< chase: this side's score
-  std::string label15_14;          ///< chase: the other side's score at this stage
-  std::string first_innings;       ///< chase: summary of the first innings
+  std::vector<rate_cell> cells;  ///< projections: cells 0 to 4; chase: 0 to 6
+  std::string chase_headline;    ///< chase: "To win ", short name, " need..."; empty once it is made
+  std::string stage_overs;       ///< chase: the stage in overs; empty while nothing was bowled
+  std::string score_now;         ///< chase: this side's score
+  std::string score_then;        ///< chase: the other side's score at this stage
+  std::string first_innings;     ///< chase: summary of the first innings
   std::string first_innings_overs;
 };
 

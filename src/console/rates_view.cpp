@@ -2,9 +2,9 @@
 #include <fmt/format.h>
 
 #include "console/console_view.h"
+#include "model/match_state.h"
 #include "model/rounding.h"
 #include "model/rules.h"
-#include "model/teams.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -83,11 +83,11 @@ void add_comparison(rates_view& view, const rate_figures& rates) {
   const std::string them = short_name(match.team2_name);
   view.first_innings = fmt::format("{} {}/{}", them, int(match.first_total), int(match.first_wickets));
   view.first_innings_overs = overs_from_balls(match.first_balls) + " Overs";
-  if (runs_needed(rates) > 0) view.label15_4 = "To win " + us + " need...";
+  if (runs_needed(rates) > 0) view.chase_headline = "To win " + us + " need...";
   const logged stage = count_overs(match.first_ball_log, 1, rates.innings_balls / balls_of_over);
-  if (rates.innings_balls > 0) view.label15_12 = overs_from_balls(rates.innings_balls) + " Overs";
-  view.label15_13 = fmt::format("{} are {}/{}", us, rates.score_runs, rates.score_wickets);
-  view.label15_14 = fmt::format("{} were {}/{}", them, stage.runs, stage.wickets);
+  if (rates.innings_balls > 0) view.stage_overs = overs_from_balls(rates.innings_balls) + " Overs";
+  view.score_now = fmt::format("{} are {}/{}", us, rates.score_runs, rates.score_wickets);
+  view.score_then = fmt::format("{} were {}/{}", them, stage.runs, stage.wickets);
 }
 
 }  // namespace
@@ -95,9 +95,9 @@ void add_comparison(rates_view& view, const rate_figures& rates) {
 rates_view view_rates() {
   const rate_figures rates = figures_of_this_innings();
   rates_view view;
-  view.label15_20 = last_five(rates);
+  view.last_five_overs = last_five(rates);
   view.chase = match.first_total != 0;
-  view.label26 = view.chase ? chase_cells(rates) : projections(rates);
+  view.cells = view.chase ? chase_cells(rates) : projections(rates);
   if (view.chase) add_comparison(view, rates);
   return view;
 }

@@ -101,42 +101,43 @@ std::optional<std::filesystem::path> followed(const std::filesystem::path& file)
 
 /// That of `database`, or the one beside it that the next update puts in its place.
 std::filesystem::path current_records(const database_files& database) {
-  const std::optional<std::filesystem::path> rec = followed(database.rec);
-  if (!rec) return database.ptr;
-  std::filesystem::path begun = *rec;
-  std::filesystem::path left = real_file(database.ptr);
+  const std::optional<std::filesystem::path> career_file = followed(database.career_file);
+  if (!career_file) return database.record_file;
+  std::filesystem::path begun = *career_file;
+  std::filesystem::path left = real_file(database.record_file);
   begun += ".new";
   left += ".next";
   std::error_code none;
-  if (std::filesystem::exists(begun, none) || !std::filesystem::is_regular_file(left, none)) return database.ptr;
+  if (std::filesystem::exists(begun, none) || !std::filesystem::is_regular_file(left, none))
+    return database.record_file;
   std::error_code failed;
-  const auto time = std::filesystem::last_write_time(*rec, failed);
-  if (failed || std::filesystem::last_write_time(left, failed) != time || failed) return database.ptr;
+  const auto time = std::filesystem::last_write_time(*career_file, failed);
+  if (failed || std::filesystem::last_write_time(left, failed) != time || failed) return database.record_file;
   return left;
 }
 
 }  // namespace
 
-std::optional<database_fault> incomplete_careers(const slot_file& rec) {
-  if (rec.bytes().empty()) return std::nullopt;
-  end_search search(rec);
+std::optional<database_fault> incomplete_careers(const slot_file& career_file) {
+  if (career_file.bytes().empty()) return std::nullopt;
+  end_search search(career_file);
   if (!search.has_value(1, "career_team_count")) return search.fault();
-  const auto count = count_in(rec, 1, career_team_limit);
+  const auto count = count_in(career_file, 1, career_team_limit);
   if (!count) return std::nullopt;
-  const bool full = rec.bytes().size() >= (*count + 1) * rec.slot_length();
+  const bool full = career_file.bytes().size() >= (*count + 1) * career_file.slot_length();
   for (long record = 2; !full && record <= *count + 1; ++record) search.has_record<career_team_rec>(record);
   return search.fault();
 }
 
-std::optional<database_fault> incomplete_records(const slot_file& ptr) {
-  if (ptr.bytes().empty()) return std::nullopt;
-  end_search search(ptr);
-  if (ptr.bytes().size() < table_count_record * ptr.slot_length()) search_lists(search);
+std::optional<database_fault> incomplete_records(const slot_file& record_file) {
+  if (record_file.bytes().empty()) return std::nullopt;
+  end_search search(record_file);
+  if (record_file.bytes().size() < table_count_record * record_file.slot_length()) search_lists(search);
   if (!search.has_value(table_count_record, "table_team_count")) return search.fault();
-  const auto count = count_in(ptr, table_count_record, table_team_limit);
+  const auto count = count_in(record_file, table_count_record, table_team_limit);
   if (!count) return std::nullopt;
   const long last = table_record(*count + 1) - 1;
-  const bool full = ptr.bytes().size() >= last * ptr.slot_length();
+  const bool full = record_file.bytes().size() >= last * record_file.slot_length();
   for (int t = 1; !full && t <= *count; ++t) {
     long record = table_record(t);
     const team_table names;
@@ -145,37 +146,39 @@ std::optional<database_fault> incomplete_records(const slot_file& ptr) {
   return search.fault();
 }
 
-void require_whole_careers(const slot_file& rec) { require_whole(incomplete_careers(rec)); }
-void require_whole_records(const slot_file& ptr) { require_whole(incomplete_records(ptr)); }
+void require_whole_careers(const slot_file& career_file) { require_whole(incomplete_careers(career_file)); }
+void require_whole_records(const slot_file& record_file) { require_whole(incomplete_records(record_file)); }
 
 void require_agreement(const record_books& books) {
   const std::vector<database_fault> faults = contradictions(books);
   if (faults.empty()) return;
   const database_fault& first = faults.front();
-  throw run_time_error(failure::file,
-                       fmt::format("{} and {} do not belong together: {}", books.rec, books.ptr, first.what),
-                       {first.file, first.record, first.field, {}});
+  throw run_time_error(
+      failure::file,
+      fmt::format("{} and {} do not belong together: {}", books.career_file_name, books.record_file_name, first.what),
+      {first.file, first.record, first.field, {}});
 }
 
 slot_file current_record_file(const database_files& database) {
-  return {read_file(current_records(database)).value_or(std::string()), records_slot, file_name_text(database.ptr)};
+  return {read_file(current_records(database)).value_or(std::string()), records_slot,
+          file_name_text(database.record_file)};
 }
 
 void require_database_for_play() {
   require_whole_database();
   if (!files.updates) return;
-  const folder_lock turn(files.rec);
+  const folder_lock turn(files.career_file);
   require_sound_records(files);
 }
 
 void require_sound_records(const database_files& database) {
-  const slot_file rec = slot_file::read(database.rec, career_slot);
-  const slot_file ptr = current_record_file(database);
-  require_whole_careers(rec);
-  require_whole_records(ptr);
-  const career_table careers = careers_in(rec);
-  const record_lists lists = records_in(ptr);
-  require_agreement({careers, lists, rec.name(), ptr.name()});
+  const slot_file career_file = slot_file::read(database.career_file, career_slot);
+  const slot_file record_file = current_record_file(database);
+  require_whole_careers(career_file);
+  require_whole_records(record_file);
+  const career_table careers = careers_in(career_file);
+  const record_lists lists = records_in(record_file);
+  require_agreement({careers, lists, career_file.name(), record_file.name()});
 }
 
 }  // namespace velorin

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "database/records.h"
+#include "database/lasting_records.h"
 
 // Whether the career file and the file of record lists are whole, and of one state. Reading takes what a file lacks for
 // empty, so that a file cut short looks like a small one; who adds to the files asks here first. Every match goes into
@@ -26,20 +26,20 @@ struct database_fault {
 
 /// Where a career file ends before all that its count tells of; nothing if it is whole. An empty file is. A count that
 /// cannot be read is no matter of this one.
-std::optional<database_fault> incomplete_careers(const slot_file& rec);
+std::optional<database_fault> incomplete_careers(const slot_file& career_file);
 /// The same for the record lists, of which a file that is not empty has all.
-std::optional<database_fault> incomplete_records(const slot_file& ptr);
+std::optional<database_fault> incomplete_records(const slot_file& record_file);
 
 /// Raise the run_time_error (file) of a file that is not whole.
-void require_whole_careers(const slot_file& rec);
-void require_whole_records(const slot_file& ptr);
+void require_whole_careers(const slot_file& career_file);
+void require_whole_records(const slot_file& record_file);
 
 /// Careers and lists of one database, with the names of their files for messages.
 struct record_books {
   const career_table& careers;
   const record_lists& lists;
-  std::string rec;
-  std::string ptr;
+  std::string career_file_name;
+  std::string record_file_name;
 };
 
 /// Where they contradict each other, in the order of files and records: a team that only one of them knows, matches

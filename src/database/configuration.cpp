@@ -71,7 +71,7 @@ bool is_known(const std::string& base) {
   if (std::find(offered.begin(), offered.end(), base) != offered.end()) return true;
   if (base.empty() || base.find('/') != std::string::npos || base.find('\0') != std::string::npos) return false;
   const database_files paths = database_paths(files.folder, base);
-  return is_plain_file(paths.rec) || is_plain_file(paths.ptr);
+  return is_plain_file(paths.career_file) || is_plain_file(paths.record_file);
 }
 
 }  // namespace
@@ -81,10 +81,10 @@ database_files database_paths(const std::filesystem::path& folder, const std::st
   database_files paths;
   paths.folder = folder;
   paths.base = base;
-  paths.team = folder / (name + ".team");
-  paths.grd = folder / (name + ".grd");
-  paths.rec = folder / (name + ".rec");
-  paths.ptr = folder / (name + ".ptr");
+  paths.team_file = folder / (name + ".team");
+  paths.ground_file = folder / (name + ".grd");
+  paths.career_file = folder / (name + ".rec");
+  paths.record_file = folder / (name + ".ptr");
   return paths;
 }
 

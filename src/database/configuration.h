@@ -22,12 +22,12 @@ struct configuration {
 
 /// Where the data files lie.
 struct database_files {
-  std::filesystem::path folder;  ///< the folder of all data files
-  std::string base;              ///< base name of the database in use
-  std::filesystem::path team;    ///< teams and squads, only read
-  std::filesystem::path grd;     ///< grounds, only read
-  std::filesystem::path rec;     ///< careers
-  std::filesystem::path ptr;     ///< record lists and team table
+  std::filesystem::path folder;       ///< the folder of all data files
+  std::string base;                   ///< base name of the database in use
+  std::filesystem::path team_file;    ///< teams and squads, only read
+  std::filesystem::path ground_file;  ///< grounds, only read
+  std::filesystem::path career_file;  ///< careers
+  std::filesystem::path record_file;  ///< record lists and team table
   /// The two elevens travel in memory and not through files of the folder. For the headless companion.
   bool elevens_in_memory = false;
   /// The team and ground files are kept as they are read first, whatever becomes of them. For the headless companion.

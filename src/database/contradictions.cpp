@@ -62,7 +62,7 @@ class comparison {
     for (int t = 1; t <= books_.lists.table_team_count; ++t) {
       const std::string name = books_.lists.teams[t].team_name.text();
       if (careers_of(books_.careers, name) != nullptr) continue;
-      add(books_.ptr, table_record(t + 1) - 1, "team_name", fmt::format("\"{}\" has no careers", name));
+      add(books_.record_file_name, table_record(t + 1) - 1, "team_name", fmt::format("\"{}\" has no careers", name));
     }
     return std::move(faults_);
   }
@@ -72,7 +72,8 @@ class comparison {
     const career_team_rec& team = books_.careers.teams[place];
     const int row = table_place(books_.lists, team.team_name);
     if (row == 0) {
-      add(books_.rec, place + 1, "team_name", fmt::format("\"{}\" has no row in the team table", team.team_name));
+      add(books_.career_file_name, place + 1, "team_name",
+          fmt::format("\"{}\" has no row in the team table", team.team_name));
       return;
     }
     compare_high_total(team.team_name, row);
@@ -83,7 +84,7 @@ class comparison {
     }
     const double matches = matches_of(books_.lists.teams[row]);
     if (static_cast<double>(appearances) == men_of_a_side * matches || !std::isfinite(matches)) return;
-    add(books_.rec, place + 1, "matches",
+    add(books_.career_file_name, place + 1, "matches",
         fmt::format("{} appearances of the men of \"{}\", but {} matches in the team table", appearances,
                     team.team_name, number_text(matches)));
   }
@@ -96,7 +97,7 @@ class comparison {
         books_.lists.top_scores, [&](const top_score_rec& last) { return last.runs >= man.high_score; },
         [&](const top_score_rec& line) { return line.runs == man.high_score && is_his(line); });
     if (!score_is_listed) {
-      add(books_.rec, place + 1, fmt::format("players[{}].high_score", p),
+      add(books_.career_file_name, place + 1, fmt::format("players[{}].high_score", p),
           fmt::format("{} by \"{}\" is not among the highest scores", man.high_score, man.name));
     }
     const bool bowling_is_listed = is_listed(
@@ -108,7 +109,7 @@ class comparison {
           return line.wickets == man.best_wickets && line.runs == man.best_runs && is_his(line);
         });
     if (!bowling_is_listed) {
-      add(books_.rec, place + 1, fmt::format("players[{}].best_wickets", p),
+      add(books_.career_file_name, place + 1, fmt::format("players[{}].best_wickets", p),
           fmt::format("{}/{} by \"{}\" is not among the best bowling", man.best_wickets, man.best_runs, man.name));
     }
   }
@@ -119,7 +120,7 @@ class comparison {
         books_.lists.highest_totals, [&](const top_total_rec& last) { return int{last.total} >= highest; },
         [&](const top_total_rec& line) { return int{line.total} == highest && line.team == team; });
     if (total_is_listed) return;
-    add(books_.ptr, table_record(row) + high_for_field, "high_for",
+    add(books_.record_file_name, table_record(row) + high_for_field, "high_for",
         fmt::format("{} by \"{}\" is not among the highest totals", number_text(highest), team));
   }
 
@@ -137,14 +138,14 @@ class comparison {
                                    [](const top_total_rec& line) { return line.team.empty(); });
     const auto taken = free - lists.lowest_totals.begin() - 1;
     if (highest < no_total_yet && free != lists.lowest_totals.end() && static_cast<double>(taken) < innings) {
-      add(books_.ptr, lowest_totals_record + taken, "team",
+      add(books_.record_file_name, lowest_totals_record + taken, "team",
           fmt::format("a free line of the lowest totals after {} innings", number_text(innings)));
     }
     // A total is the sum of its stands, and each stand is at most the record for its wicket.
     int stands = 0;
     for (int w = 1; w <= 10; ++w) stands += int{lists.partnerships[w].partner_runs};
     if (stands < highest) {
-      add(books_.ptr, partnerships_record, "partner_runs",
+      add(books_.record_file_name, partnerships_record, "partner_runs",
           fmt::format("the record partnerships add up to {}, less than a total of {}", stands, number_text(highest)));
     }
   }
@@ -162,7 +163,7 @@ class comparison {
     if (line.player.empty()) return;
     const career_rec* const career = require_career(line.team, line.player, record);
     if (career == nullptr || line.runs <= career->high_score) return;
-    add(books_.ptr, record, "runs",
+    add(books_.record_file_name, record, "runs",
         fmt::format("{} by \"{}\", whose highest score is {}", int{line.runs}, line.player, career->high_score));
   }
 
@@ -173,7 +174,7 @@ class comparison {
     const bool borne_out =
         line.wickets < career->best_wickets || (line.wickets == career->best_wickets && line.runs >= career->best_runs);
     if (borne_out) return;
-    add(books_.ptr, record, "wickets",
+    add(books_.record_file_name, record, "wickets",
         fmt::format("{}/{} by \"{}\", whose best bowling is {}/{}", int{line.wickets}, int{line.runs}, line.player,
                     career->best_wickets, career->best_runs));
   }
@@ -185,7 +186,7 @@ class comparison {
     if (row == 0) return;
     const double highest = books_.lists.teams[row].high_for.number();
     if (int{line.total} <= highest) return;
-    add(books_.ptr, record, "total",
+    add(books_.record_file_name, record, "total",
         fmt::format("{} by \"{}\", whose highest total is {}", int{line.total}, line.team, number_text(highest)));
   }
 
@@ -197,7 +198,7 @@ class comparison {
     if (row == 0 || line.wickets != 10) return;
     const double lowest = books_.lists.teams[row].low_for.number();
     if (int{line.total} >= lowest) return;
-    add(books_.ptr, record, "total",
+    add(books_.record_file_name, record, "total",
         fmt::format("{} by \"{}\", whose lowest total is {}", int{line.total}, line.team, number_text(lowest)));
   }
 
@@ -208,7 +209,7 @@ class comparison {
     if (row == 0) return;
     const double highest = books_.lists.teams[row].high_for.number();
     if (int{line.partner_runs} <= highest) return;
-    add(books_.ptr, record, "partner_runs",
+    add(books_.record_file_name, record, "partner_runs",
         fmt::format("{} by \"{}\", whose highest total is {}", int{line.partner_runs}, line.team,
                     number_text(highest)));
   }
@@ -216,14 +217,14 @@ class comparison {
   void compare_sides(const std::string& team, const std::string& against, long record) {
     for (const auto& [field, name] : {std::pair("team", &team), std::pair("against", &against)}) {
       if (table_place(books_.lists, *name) != 0) continue;
-      add(books_.ptr, record, field, fmt::format("\"{}\" has no row in the team table", *name));
+      add(books_.record_file_name, record, field, fmt::format("\"{}\" has no row in the team table", *name));
     }
   }
 
   const career_rec* require_career(const std::string& team, const std::string& player, long record) {
     const career_rec* const career = career_of(books_.careers, team, player);
     if (career == nullptr)
-      add(books_.ptr, record, "player", fmt::format("\"{}\" of \"{}\" has no career", player, team));
+      add(books_.record_file_name, record, "player", fmt::format("\"{}\" of \"{}\" has no career", player, team));
     return career;
   }
 

@@ -11,8 +11,8 @@
 #include "database/configuration.h"
 #include "database/file_calls.h"
 #include "database/slots.h"
+#include "model/match_state.h"
 #include "model/rules.h"
-#include "model/teams.h"
 
 namespace velorin {
 

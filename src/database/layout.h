@@ -4,7 +4,7 @@
 #include <concepts>
 #include <type_traits>
 
-#include "database/records.h"
+#include "database/lasting_records.h"
 
 // The layout of each record on disk, once: visit_fields() calls visit(name, field) for the fields in their order in the
 // slot. The reader, the writer, the checker and the dumper all walk these lists. Fields follow one another without a

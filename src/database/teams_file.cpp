@@ -107,14 +107,14 @@ const std::vector<Record>& all_records(kept_file<Record>& kept, const char* coun
 }  // namespace
 
 const std::vector<team_rec>& read_team_list() {
-  kept_teams.renew(files.team);
+  kept_teams.renew(files.team_file);
   return all_records(kept_teams, "team_count", team_limit);
 }
 
 const team_rec& read_team(int record) {
   if (record < 2) {
     throw run_time_error(failure::subscript, fmt::format("Subscript out of range: no team in record {}", record),
-                         {file_name_text(files.team), record, {}, {}});
+                         {file_name_text(files.team_file), record, {}, {}});
   }
   const std::vector<team_rec>& teams = read_team_list();
   const auto place = static_cast<std::size_t>(record - 2);
@@ -125,14 +125,14 @@ const team_rec& read_team(int record) {
 }
 
 const std::vector<ground_rec>& read_grounds() {
-  kept_grounds.renew(files.grd);
+  kept_grounds.renew(files.ground_file);
   return all_records(kept_grounds, "ground_count", std::numeric_limits<std::int16_t>::max());
 }
 
 void require_whole_database() {
-  kept_teams.renew(files.team);
+  kept_teams.renew(files.team_file);
   require_whole<team_rec>(kept_teams.file(), "team_count");
-  kept_grounds.renew(files.grd);
+  kept_grounds.renew(files.ground_file);
   require_whole<ground_rec>(kept_grounds.file(), "ground_count");
 }
 

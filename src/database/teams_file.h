@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "model/records.h"
+#include "model/match_records.h"
 
 namespace velorin {
 

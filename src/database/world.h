@@ -23,8 +23,8 @@ std::vector<database_fault> check_database(const database_files& database);
 /// short or contradict each other, and then writes nothing. Raises run_time_error: a value, a row or a character that
 /// is no good (type, with file, line and column), the 21st team or player (subscript), a record beyond its slot
 /// (overflow), a file that cannot be read or written (file).
-void build_database(const std::filesystem::path& source, const std::filesystem::path& team,
-                    const std::filesystem::path& grd);
+void build_database(const std::filesystem::path& source, const std::filesystem::path& team_file,
+                    const std::filesystem::path& ground_file);
 
 /// Writes players.csv and grounds.csv into `folder`, from which build_database makes the same records again, and the
 /// careers and records as tables to read: careers.csv, top_scores.csv, top_bowling.csv, highest_totals.csv,

@@ -147,11 +147,11 @@ void require_play(const csv_table& players, const csv_table& places, const std::
 }
 
 /// The careers and records that lie beside a team file.
-database_files beside(const std::filesystem::path& team) {
+database_files beside(const std::filesystem::path& team_file) {
   database_files database;
-  database.rec = database.ptr = team;
-  database.rec.replace_extension(".rec");
-  database.ptr.replace_extension(".ptr");
+  database.career_file = database.record_file = team_file;
+  database.career_file.replace_extension(".rec");
+  database.record_file.replace_extension(".ptr");
   return database;
 }
 
@@ -166,8 +166,8 @@ std::string counted_file(const std::vector<Record>& records, const std::filesyst
 
 }  // namespace
 
-void build_database(const std::filesystem::path& source, const std::filesystem::path& team,
-                    const std::filesystem::path& grd) {
+void build_database(const std::filesystem::path& source, const std::filesystem::path& team_file,
+                    const std::filesystem::path& ground_file) {
   const csv_table players(
       source / "players.csv", {"team", "name", "bat_skill", "bowl_sr", "econ", "keeper", "hand", "role", "bowler_type"},
       {"team_flag", "reserved_1", "reserved_2", "reserved_3", "reserved_4", "reserved_5", "reserved_6"});
@@ -179,11 +179,11 @@ void build_database(const std::filesystem::path& source, const std::filesystem::
   require_rules(places, grounds, built.teams);
   require_play(players, places, built.teams, grounds);
 
-  const folder_lock turn(team);
-  require_sound_records(beside(team));
-  staged_files staged({team, grd});
-  staged.write(counted_file(built.teams, team));
-  staged.write(counted_file(grounds, grd));
+  const folder_lock turn(team_file);
+  require_sound_records(beside(team_file));
+  staged_files staged({team_file, ground_file});
+  staged.write(counted_file(built.teams, team_file));
+  staged.write(counted_file(grounds, ground_file));
   staged.put_in_place();
 }
 

@@ -38,10 +38,10 @@ bool is_missing(const std::filesystem::path& path) {
 /// fault like others.
 std::filesystem::path file_to_lock(const database_files& database) {
   try {
-    real_file(database.team);
-    return database.team;
+    real_file(database.team_file);
+    return database.team_file;
   } catch (const run_time_error&) {
-    return folder_of(database.team) / ".";
+    return folder_of(database.team_file) / ".";
   }
 }
 
@@ -95,13 +95,13 @@ void check_grounds(checked_file& file, const std::vector<team_rec>* teams) {
 
 /// Compares careers and record lists as far as they can be read; `read_without_fault` if neither has been found at
 /// fault by itself.
-void check_agreement(const slot_file& rec, const slot_file& ptr, bool read_without_fault,
+void check_agreement(const slot_file& career_file, const slot_file& record_file, bool read_without_fault,
                      std::vector<database_fault>& faults) {
-  if (incomplete_careers(rec) || incomplete_records(ptr)) return;
+  if (incomplete_careers(career_file) || incomplete_records(record_file)) return;
   try {
-    const auto careers = std::make_unique<career_table>(careers_in(rec));
-    const auto lists = std::make_unique<record_lists>(records_in(ptr));
-    for (database_fault& fault : contradictions({*careers, *lists, rec.name(), ptr.name()})) {
+    const auto careers = std::make_unique<career_table>(careers_in(career_file));
+    const auto lists = std::make_unique<record_lists>(records_in(record_file));
+    for (database_fault& fault : contradictions({*careers, *lists, career_file.name(), record_file.name()})) {
       faults.push_back(std::move(fault));
     }
   } catch (const run_time_error&) {
@@ -115,7 +115,7 @@ void check_agreement(const slot_file& rec, const slot_file& ptr, bool read_witho
 std::vector<database_fault> check_database(const database_files& database) {
   std::error_code none;
   std::optional<folder_lock> turn;
-  if (std::filesystem::is_directory(folder_of(database.team), none)) turn.emplace(file_to_lock(database));
+  if (std::filesystem::is_directory(folder_of(database.team_file), none)) turn.emplace(file_to_lock(database));
   std::vector<database_fault> faults;
   /// Runs the check of one file; one that cannot be read is a fault by itself.
   const auto check = [&faults](const std::filesystem::path& path, auto read, auto run) -> std::optional<slot_file> {
@@ -138,14 +138,14 @@ std::vector<database_fault> check_database(const database_files& database) {
     }
   };
   std::optional<std::vector<team_rec>> teams;
-  check_required(database.team, [&](checked_file& file) { teams = check_teams(file); });
-  check_required(database.grd, [&](checked_file& file) { check_grounds(file, teams ? &*teams : nullptr); });
+  check_required(database.team_file, [&](checked_file& file) { teams = check_teams(file); });
+  check_required(database.ground_file, [&](checked_file& file) { check_grounds(file, teams ? &*teams : nullptr); });
   const std::size_t before = faults.size();
-  const auto rec = check(
-      database.rec, [](const auto& file) { return slot_file::read(file, career_slot); }, check_careers);
-  const auto ptr = check(
-      database.ptr, [&](const auto&) { return current_record_file(database); }, check_records);
-  if (rec && ptr) check_agreement(*rec, *ptr, faults.size() == before, faults);
+  const auto career_file = check(
+      database.career_file, [](const auto& file) { return slot_file::read(file, career_slot); }, check_careers);
+  const auto record_file = check(
+      database.record_file, [&](const auto&) { return current_record_file(database); }, check_records);
+  if (career_file && record_file) check_agreement(*career_file, *record_file, faults.size() == before, faults);
   return faults;
 }
 

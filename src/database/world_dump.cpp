@@ -206,12 +206,12 @@ void require_no_game_file(const std::filesystem::path& table) {
 
 /// All tables, with no replacement in between.
 std::vector<dumped_table> tables_of(const database_files& database) {
-  const folder_lock turn(database.team);
+  const folder_lock turn(database.team_file);
   std::vector<dumped_table> tables;
-  tables.push_back(players_table(database.team));
-  tables.push_back(grounds_table(database.grd));
-  tables.push_back(careers_table(database.rec));
-  add_record_tables(database.ptr, tables);
+  tables.push_back(players_table(database.team_file));
+  tables.push_back(grounds_table(database.ground_file));
+  tables.push_back(careers_table(database.career_file));
+  add_record_tables(database.record_file, tables);
   return tables;
 }
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/records.h"
+#include "model/match_records.h"
 
 // What makes teams and grounds fit for play. The checker and the builder of databases share these rules.
 

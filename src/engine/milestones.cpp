@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
-#include "engine/storage.h"
+#include "engine/ball_books.h"
+#include "model/match_state.h"
 #include "model/rules.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 #include "model/texts.h"
 #include "ui/front_end.h"
 

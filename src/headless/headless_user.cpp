@@ -3,18 +3,18 @@
 
 #include <algorithm>
 
-#include "competitions/series1.h"
-#include "competitions/series2.h"
-#include "competitions/wc_fix.h"
-#include "competitions/wcsstab.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
+#include "competitions/world_cup_fixtures.h"
+#include "competitions/world_cup_tables.h"
 #include "console/captain_forms.h"
-#include "engine/driver.h"
+#include "engine/over_play.h"
+#include "model/match_state.h"
 #include "model/rules.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
-#include "setup/teamsel.h"
+#include "setup/conditions.h"
+#include "setup/team_selection.h"
 #include "setup/toss.h"
-#include "setup/wecond.h"
 
 namespace velorin {
 
@@ -22,14 +22,14 @@ namespace {
 
 /// The ticked man to leave out of twelve: no keeper, not among the best bowlers, not the bowler who can bat; of these
 /// the one of least batting skill, the later place on a tie. 0 if there is none.
-int man_to_leave_out(const teamsel& form) {
+int man_to_leave_out(const team_selection_form& form) {
   int least = 0;
   for (int place = 1; place <= men_in_squad; ++place) {
     const player_rec& man = form.man(place);
     const auto& best = form.best_bowlers();
     const bool kept = man.is_keeper != 0 || place == form.batting_bowler() ||
                       std::find(best.begin(), best.end(), place) != best.end();
-    if (!form.check1[place] || kept) continue;
+    if (!form.ticks[place] || kept) continue;
     if (least == 0 || man.bat_skill <= form.man(least).bat_skill) least = place;
   }
   return least;
@@ -37,65 +37,65 @@ int man_to_leave_out(const teamsel& form) {
 
 }  // namespace
 
-void headless_user::show(wecond& form) {
+void headless_user::show(conditions_form& form) {
   if (conditions) {
-    form.hscroll1 = (*conditions)[0];
-    form.hscroll2 = (*conditions)[1];
-    form.hscroll3 = (*conditions)[2];
-    form.hscroll4 = (*conditions)[3];
+    form.weather = (*conditions)[0];
+    form.pitch_surface = (*conditions)[1];
+    form.pitch_bounce = (*conditions)[2];
+    form.outfield = (*conditions)[3];
   }
-  form.command1_click();
+  form.accept();
 }
 
-void headless_user::show(teamsel& form) {
-  form.command3_click();
+void headless_user::show(team_selection_form& form) {
+  form.auto_select();
   while (form.ticked() > men_in_eleven) {
     const int place = man_to_leave_out(form);
     if (place == 0) break;
-    form.check1_click(place);
+    form.toggle(place);
   }
   if (form.ticked() != men_in_eleven) {
     throw run_time_error(failure::endless, "Endless search: no eleven can be selected from the squad",
                          {.file = {}, .record = 0, .field = "squad", .player = form.heading()});
   }
-  form.ok_click();
+  form.accept();
 }
 
-void headless_user::show(toss& form) {
-  if (form.coin_visible) form.command1_click(0);
-  if (form.command2_enabled) {
-    form.command2_click();
+void headless_user::show(toss_form& form) {
+  if (form.coin_visible) form.call_coin(0);
+  if (form.bat_enabled) {
+    form.choose_to_bat();
   } else {
-    form.command3_click();
+    form.choose_to_bowl();
   }
 }
 
-void headless_user::show(batorder& form) {
-  for (int row = 1; row <= men_in_eleven && form.chosen == 0; ++row) form.option1_click(row);
-  form.command1_click();
+void headless_user::show(next_batsman_form& form) {
+  for (int row = 1; row <= men_in_eleven && form.chosen == 0; ++row) form.choose(row);
+  form.accept();
 }
 
-void headless_user::show(chgbowler& form) {
+void headless_user::show(bowler_choice_form& form) {
   for (int row = 1; row <= men_in_eleven; ++row) {
     if (!form.enabled[row] || match.bowling_card[row].balls >= balls_of_quota) continue;
-    form.option1_click(row);
-    form.command_click();
+    form.choose(row);
+    form.accept();
     return;
   }
   throw run_time_error(failure::endless, "Endless search: nobody who may bowl has overs left",
                        {.file = {}, .record = 0, .field = "bowling_card", .player = match.team2_name});
 }
 
-void headless_user::show(main_console& form) {
-  while (!form.closed()) form.command1_click();
+void headless_user::show(console_form& form) {
+  while (!form.closed()) form.bowl_next_over();
 }
 
-void headless_user::show(sri_result& form) { form.command1_click(); }
+void headless_user::show(series_results_form& form) { form.accept(); }
 
-void headless_user::show(triserresult& form) { form.command1_click(); }
+void headless_user::show(tri_series_table_form& form) { form.accept(); }
 
-void headless_user::show(wc_fix& form) { form.command1_click(); }
+void headless_user::show(world_cup_fixtures_form& form) { form.accept(); }
 
-void headless_user::show(wcsstab& form) { form.command1_click(); }
+void headless_user::show(world_cup_tables_form& form) { form.accept(); }
 
 }  // namespace velorin

@@ -16,26 +16,26 @@ class headless_user : public front_end {
 
   void show(const message_box&) override {}
   save_answer answer(const failed_save&) override { return save_answer::give_up; }
-  void show(wecond& form) override;
+  void show(conditions_form& form) override;
   /// Raises run_time_error (endless) if no eleven can be made of the squad.
-  void show(teamsel& form) override;
-  void show(toss& form) override;
-  void show(batorder& form) override;
+  void show(team_selection_form& form) override;
+  void show(toss_form& form) override;
+  void show(next_batsman_form& form) override;
   /// Raises run_time_error (endless) if no man who may bowl has balls left.
-  void show(chgbowler& form) override;
-  void show(aggr&) override {}
-  void show(batsmandetails&) override {}
-  void show(main_console& form) override;
+  void show(bowler_choice_form& form) override;
+  void show(aggression_form&) override {}
+  void show(batsman_details_form&) override {}
+  void show(console_form& form) override;
   void ball_bowled() override {}
   void progress(int) override {}
   void progress_done() override {}
   void open(report) override {}
-  void show(sqdet&) override {}
-  void show(allrecs&) override {}
-  void show(sri_result& form) override;
-  void show(triserresult& form) override;
-  void show(wc_fix& form) override;
-  void show(wcsstab& form) override;
+  void show(player_profile_form&) override {}
+  void show(player_rankings_form&) override {}
+  void show(series_results_form& form) override;
+  void show(tri_series_table_form& form) override;
+  void show(world_cup_fixtures_form& form) override;
+  void show(world_cup_tables_form& form) override;
 };
 
 }  // namespace velorin

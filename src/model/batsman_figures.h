@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "model/records.h"
+#include "model/match_records.h"
 
 namespace velorin {
 

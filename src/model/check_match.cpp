@@ -5,8 +5,8 @@
 
 #include <fmt/format.h>
 
+#include "model/match_state.h"
 #include "model/rules.h"
-#include "model/teams.h"
 
 namespace velorin {
 

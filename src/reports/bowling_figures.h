@@ -16,22 +16,22 @@ struct bowling_screen {
   static constexpr std::string_view title = "Bowling Figures";
   static constexpr std::array<std::string_view, 5> headings = {"Overs", "Mdns", "Runs", "Wkts", "R.P.O"};
 
-  std::array<std::string, men_in_eleven + 1> label1;   ///< [1..11] names
-  std::array<std::string, men_in_eleven + 1> label2;   ///< [1..11] overs
-  std::array<std::string, men_in_eleven + 1> label3;   ///< [1..11] maidens
-  std::array<std::string, men_in_eleven + 1> label4;   ///< [1..11] runs
-  std::array<std::string, men_in_eleven + 1> label5;   ///< [1..11] wickets
-  std::array<std::string, men_in_eleven + 1> label11;  ///< [1..11] runs an over, to two places
+  std::array<std::string, men_in_eleven + 1> names;          ///< [1..11] names
+  std::array<std::string, men_in_eleven + 1> overs;          ///< [1..11] overs
+  std::array<std::string, men_in_eleven + 1> maidens;        ///< [1..11] maidens
+  std::array<std::string, men_in_eleven + 1> runs;           ///< [1..11] runs
+  std::array<std::string, men_in_eleven + 1> wickets;        ///< [1..11] wickets
+  std::array<std::string, men_in_eleven + 1> economy_rates;  ///< [1..11] runs an over, to two places
 };
 
 /// The bowlers of the innings in play.
-struct bowlcard : bowling_screen {
+struct bowling_card_form : bowling_screen {
   /// Fills the screen afresh. Reads match.
   void open();
 };
 
 /// The bowlers of the first innings.
-struct bowlcard2nd : bowling_screen {
+struct first_bowling_card_form : bowling_screen {
   /// Fills the screen afresh. Reads match.
   void open();
 };

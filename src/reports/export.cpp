@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "database/configuration.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "reports/export_pieces.h"
 
 namespace velorin {
@@ -21,7 +21,7 @@ std::string between(std::string_view before, std::string_view words, std::string
   return line;
 }
 
-void print_page_head(line_printer& out, const scorecard& card) {
+void print_page_head(line_printer& out, const scorecard_form& card) {
   for (const char* tags : {"<HEAD>", "<TITLE>Scorecard</TITLE>", "</HEAD>"}) out.markup(tags).end();
   out.markup("<BODY TEXT =#").text(settings.text_color).text(" BGCOLOR=#").text(settings.back_color);
   out.markup(" LINK=#00FF00 VLINK=#80FF80>").end();
@@ -30,7 +30,7 @@ void print_page_head(line_printer& out, const scorecard& card) {
   // The closing tags of these two lines do not match their opening ones.
   out.markup("<center><h2>").text(match.team1_name).text(" vs ").text(match.team2_name);
   out.markup("</center></h3>").end();
-  out.markup("<center><i><h4>").text("Played at ").text(card.label12).markup("</i></center></h3>").end();
+  out.markup("<center><i><h4>").text("Played at ").text(card.ground).markup("</i></center></h3>").end();
 }
 
 void print_page_foot(line_printer& out) {
@@ -56,7 +56,7 @@ void print_first_close(line_printer& out, wicket_list& wickets) {
   out.end();
 }
 
-void print_close(line_printer& out, const scorecard& card, wicket_list& wickets) {
+void print_close(line_printer& out, const scorecard_form& card, wicket_list& wickets) {
   out.end();
   print_total(out, card);
   wickets.print(out, match.fall_of_wicket);
@@ -74,8 +74,8 @@ void print_first_innings(line_printer& out, wicket_list& wickets) {
 }
 
 /// The innings in play in the two plain files, and their closing lines.
-void print_last_innings(line_printer& out, const scorecard& card, wicket_list& wickets) {
-  print_heading(out, card.label10, " - Batting");
+void print_last_innings(line_printer& out, const scorecard_form& card, wicket_list& wickets) {
+  print_heading(out, card.batting_side, " - Batting");
   print_batting(out, card, text_columns);
   print_close(out, card, wickets);
   print_heading(out, match.team2_name, " - Bowling");
@@ -98,14 +98,14 @@ void print_lines(line_printer& out, const std::vector<std::string>& lines, std::
   for (std::size_t i = 0; i < count; ++i) out.line(lines[i]);
 }
 
-void print_two_innings_by_ball(line_printer& out, const scorecard& card, wicket_list& wickets) {
+void print_two_innings_by_ball(line_printer& out, const scorecard_form& card, wicket_list& wickets) {
   out.end();
   out.tab(17).line("Velorin Ball By Ball Output");
   out.tab(16).line("===================================");
   out.end();
   out.tab(25).line(sides());
   out.end();
-  out.tab(25).text("Played at ").line(card.label12);
+  out.tab(25).text("Played at ").line(card.ground);
   out.end();
   print_lines(out, stored_commentary_lines(), commentary_places);
   out.end();
@@ -116,13 +116,13 @@ void print_two_innings_by_ball(line_printer& out, const scorecard& card, wicket_
   out.line("Scorecard - 2nd Innings");
 }
 
-void print_one_innings_by_ball(line_printer& out, const scorecard& card) {
+void print_one_innings_by_ball(line_printer& out, const scorecard_form& card) {
   out.end();
   out.tab(17).line("Velorin Ball-by-Ball Output");
   out.tab(16).line("===================================");
   out.tab(25).line(sides());
   out.end();
-  out.tab(25).text("Played at ").line(card.label12);
+  out.tab(25).text("Played at ").line(card.ground);
   print_lines(out, commentary_lines(), std::string::npos);
   out.end();
   out.line("Scorecard");
@@ -130,7 +130,7 @@ void print_one_innings_by_ball(line_printer& out, const scorecard& card) {
 
 }  // namespace
 
-std::string html_scorecard(const scorecard& card) {
+std::string html_scorecard(const scorecard_form& card) {
   line_printer out(line_printer::kind::page);
   wicket_list wickets;
   print_page_head(out, card);
@@ -142,12 +142,12 @@ std::string html_scorecard(const scorecard& card) {
     print_first_total(out);
     wickets.print(out, match.first_fall_of_wicket);
     out.markup("</pre>").end();
-    print_page_heading(out, card.label10, " - Bowling");
+    print_page_heading(out, card.batting_side, " - Bowling");
     out.markup("<pre>").end();
     print_first_bowling(out);
     out.markup("</pre>").end();
   }
-  print_page_heading(out, card.label10, " - Batting");
+  print_page_heading(out, card.batting_side, " - Batting");
   out.markup("<PRE>").end();
   print_batting(out, card, html_columns);
   out.end();
@@ -162,7 +162,7 @@ std::string html_scorecard(const scorecard& card) {
   return out.written();
 }
 
-std::string text_scorecard(const scorecard& card) {
+std::string text_scorecard(const scorecard_form& card) {
   line_printer out;
   wicket_list wickets;
   const bool two = has_two_innings();
@@ -172,14 +172,14 @@ std::string text_scorecard(const scorecard& card) {
   out.end();
   out.tab(25).line(sides());
   out.end();
-  out.tab(25).text(two ? "Played at: " : "Played at ").line(card.label12);
+  out.tab(25).text(two ? "Played at: " : "Played at ").line(card.ground);
   out.end();
   if (two) print_first_innings(out, wickets);
   print_last_innings(out, card, wickets);
   return out.written();
 }
 
-std::string ball_by_ball(const scorecard& card) {
+std::string ball_by_ball(const scorecard_form& card) {
   line_printer out;
   wicket_list wickets;
   if (has_two_innings()) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/export_pieces.h"
 
+#include "model/match_state.h"
 #include "model/rules.h"
-#include "model/teams.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -41,11 +41,11 @@ void print_first_batting(line_printer& out, const batting_columns& columns) {
   }
 }
 
-void print_batting(line_printer& out, const scorecard& card, const batting_columns& columns) {
+void print_batting(line_printer& out, const scorecard_form& card, const batting_columns& columns) {
   print_batting_header(out, columns);
   for (int i = 1; i <= men_in_eleven; ++i) {
     const batting_card_rec& batsman = match.batting_card[i];
-    if (!batsman.name.empty()) print_batting_row(out, batsman, card.label8[i], card.label9[i], columns);
+    if (!batsman.name.empty()) print_batting_row(out, batsman, card.fielders[i], card.how_out[i], columns);
   }
 }
 
@@ -54,8 +54,8 @@ void print_first_total(line_printer& out) {
   out.text(overs_from_balls(match.first_balls)).text("  Overs)").tab(60).number(match.first_total).end();
 }
 
-void print_total(line_printer& out, const scorecard& card) {
-  out.tab(34).text(card.label5).tab(60).text(card.label4).end();
+void print_total(line_printer& out, const scorecard_form& card) {
+  out.tab(34).text(card.wickets_and_overs).tab(60).text(card.total).end();
 }
 
 void print_first_bowling(line_printer& out) {

@@ -4,7 +4,7 @@
 #include <array>
 #include <string>
 
-#include "model/records.h"
+#include "model/match_records.h"
 #include "model/rules.h"
 #include "reports/line_printer.h"
 #include "reports/scorecard.h"
@@ -31,10 +31,10 @@ inline constexpr batting_columns text_columns = {65, 70, 74, 65, 69, 73};
 /// The header and a row for each man who has come in.
 void print_first_batting(line_printer& out, const batting_columns& columns);
 /// Likewise. The dismissals are those shown on the card.
-void print_batting(line_printer& out, const scorecard& card, const batting_columns& columns);
+void print_batting(line_printer& out, const scorecard_form& card, const batting_columns& columns);
 
 void print_first_total(line_printer& out);
-void print_total(line_printer& out, const scorecard& card);
+void print_total(line_printer& out, const scorecard_form& card);
 
 /// The header and a row for each man who has bowled, the eleventh first.
 void print_first_bowling(line_printer& out);

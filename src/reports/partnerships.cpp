@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/partnerships.h"
 
+#include "model/match_state.h"
 #include "model/rules.h"
-#include "model/teams.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -36,14 +36,14 @@ void fill_current_stand(partnership_row& row, const fall_of_wicket_rec& last_fal
 
 }  // namespace
 
-void partners::open() {
+void partnerships_form::open() {
   *this = {};
   fill(*this, match.fall_of_wicket);
   const int wickets = match.score_wickets;
   if (wickets < wickets_of_innings) fill_current_stand(rows[wickets + 1], match.fall_of_wicket[wickets]);
 }
 
-void partners2::open() {
+void first_partnerships_form::open() {
   *this = {};
   fill(*this, match.first_fall_of_wicket);
   for (partnership_row& row : rows) {

@@ -29,13 +29,13 @@ struct partnership_screen {
 };
 
 /// The stands of the innings in play, the unbroken one in the row behind the last wicket.
-struct partners : partnership_screen {
+struct partnerships_form : partnership_screen {
   /// Fills the screen afresh. Reads match; writes `overs_text` of match.fall_of_wicket [1..10].
   void open();
 };
 
 /// The stands of the first innings. The unbroken one shows no score and no overs.
-struct partners2 : partnership_screen {
+struct first_partnerships_form : partnership_screen {
   /// Fills the screen afresh. Reads match; writes `overs_text` of match.first_fall_of_wicket [1..10].
   void open();
 };

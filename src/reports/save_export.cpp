@@ -9,7 +9,7 @@ namespace velorin {
 
 namespace {
 
-std::string export_text(const scorecard& card, export_kind kind) {
+std::string export_text(const scorecard_form& card, export_kind kind) {
   switch (kind) {
     case export_kind::html:
       return html_scorecard(card);
@@ -23,7 +23,7 @@ std::string export_text(const scorecard& card, export_kind kind) {
 
 }  // namespace
 
-void write_export(const scorecard& card, export_kind kind, const std::filesystem::path& path) {
+void write_export(const scorecard_form& card, export_kind kind, const std::filesystem::path& path) {
   if (const std::string use = game_use_of(path); !use.empty()) {
     throw run_time_error(failure::file, "The name is that of a file of the game, for " + use,
                          {file_name_text(path), 0, {}, {}});
@@ -35,7 +35,7 @@ void write_export(const scorecard& card, export_kind kind, const std::filesystem
 }
 
 void write_export(export_kind kind, const std::filesystem::path& path) {
-  scorecard card;
+  scorecard_form card;
   card.open();
   write_export(card, kind, path);
 }

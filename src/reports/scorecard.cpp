@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/scorecard.h"
 
+#include "model/match_state.h"
 #include "model/rounding.h"
 #include "model/rules.h"
-#include "model/teams.h"
 #include "model/texts.h"
 #include "ui/front_end.h"
 
@@ -15,21 +15,22 @@ void fill_batsmen(batting_screen& screen, const batting_card_table& card) {
   for (int i = 1; i <= men_in_eleven; ++i) {
     const batting_card_rec& batsman = card[i];
     const bool has_batted = !batsman.name.empty();
-    screen.label8[i] = batsman.fielder;
-    screen.label9[i] = batsman.how_out;
-    screen.label1[i] = batsman.name;
-    screen.command4[i] = {batsman.name, has_batted};
+    screen.fielders[i] = batsman.fielder;
+    screen.how_out[i] = batsman.how_out;
+    screen.names[i] = batsman.name;
+    screen.details_buttons[i] = {batsman.name, has_batted};
     if (!has_batted) continue;
-    screen.label2[i] = number_text(batsman.runs);
-    screen.label3[i] = "(" + number_text(batsman.balls) + ")";
+    screen.runs[i] = number_text(batsman.runs);
+    screen.balls_faced[i] = "(" + number_text(batsman.balls) + ")";
   }
 }
 
 /// The total, what it was made in, and its rate. `opening` is the bracket ahead of the wickets.
 void fill_total(batting_screen& screen, int total, int wickets, int balls, std::string_view opening) {
-  screen.label4 = number_text(total);
-  screen.label5 = std::string(opening) + number_text(wickets) + " wickets , " + overs_from_balls(balls) + "  Overs)";
-  if (balls != 0) screen.label7 = number_text(runs_per_over(total, balls));
+  screen.total = number_text(total);
+  screen.wickets_and_overs =
+      std::string(opening) + number_text(wickets) + " wickets , " + overs_from_balls(balls) + "  Overs)";
+  if (balls != 0) screen.run_rate = number_text(runs_per_over(total, balls));
 }
 
 std::string counted(int number, std::string_view what) {
@@ -61,51 +62,53 @@ bool at_the_crease(int position) { return position == match.striker || position 
 
 double runs_per_over(int runs, int balls) { return round_to(static_cast<double>(runs) / balls * balls_of_over, 2); }
 
-void scorecard::open() {
+void scorecard_form::open() {
   *this = {};
-  label12 = match.venue_name();
-  label10 = match.team1_name;
+  ground = match.venue_name();
+  batting_side = match.team1_name;
   fill_batsmen(*this, match.batting_card);
   fill_total(*this, match.score_runs, match.score_wickets, match.innings_balls, "(");
   for (int i = 1; i <= men_in_eleven; ++i) {
-    if (at_the_crease(i) && match.batting_card[i].how_out.empty()) label9[i] = "  Not Out   ";
+    if (at_the_crease(i) && match.batting_card[i].how_out.empty()) how_out[i] = "  Not Out   ";
   }
-  label14 = "Extras ( No Balls " + number_text(match.innings_no_balls) + " Wides " + number_text(match.innings_wides) +
-            " Leg Byes " + number_text(match.innings_leg_byes) + " Byes " + number_text(match.innings_byes) + " ) ";
-  label13 = number_text(match.innings_no_balls + match.innings_wides + match.innings_leg_byes + match.innings_byes);
+  extras_line = "Extras ( No Balls " + number_text(match.innings_no_balls) + " Wides " +
+                number_text(match.innings_wides) + " Leg Byes " + number_text(match.innings_leg_byes) + " Byes " +
+                number_text(match.innings_byes) + " ) ";
+  extras_total =
+      number_text(match.innings_no_balls + match.innings_wides + match.innings_leg_byes + match.innings_byes);
   not_counted = left_out(match.innings_no_balls, match.innings_wides);
-  command3_enabled = match.first_total != 0;
+  first_innings_enabled = match.first_total != 0;
 }
 
-void scorecard::command3_click() const {
-  if (command3_enabled) user().open(report::scorecard2);
+void scorecard_form::show_first_innings() const {
+  if (first_innings_enabled) user().open(report::first_scorecard);
 }
-void scorecard::command2_click() const { user().open(report::bowlcard); }
-void scorecard::command5_click() const { user().open(report::partners); }
-void scorecard::command6_click() const { user().open(report::graphs); }
-void scorecard::command10_click() const { user().open(report::worms); }
+void scorecard_form::show_bowling() const { user().open(report::bowling_card); }
+void scorecard_form::show_partnerships() const { user().open(report::partnerships); }
+void scorecard_form::show_overs_graph() const { user().open(report::overs_graph); }
+void scorecard_form::show_worm_graph() const { user().open(report::worm_graph); }
 
-batsman_figures scorecard::details(int i) const {
+batsman_figures scorecard_form::details(int i) const {
   const batting_card_rec& card = match.batting_card[i];
   return details_of(card, card.how_out.empty() && at_the_crease(i));
 }
 
-void scorecard2::open() {
+void first_scorecard_form::open() {
   *this = {};
-  label12 = match.venue_name();
-  label10 = match.team2_name;
+  ground = match.venue_name();
+  batting_side = match.team2_name;
   fill_batsmen(*this, match.first_batting_card);
   fill_total(*this, match.first_total, match.first_wickets, match.first_balls, " (");
-  label14 = "Extras ( No Balls " + number_text(match.first_no_balls) + ",Wides " + number_text(match.first_wides) +
-            " Leg Byes " + number_text(match.first_leg_byes) + ",Byes " + number_text(match.first_byes) + " ) ";
-  label13 = number_text(match.first_no_balls + match.first_wides + match.first_leg_byes + match.first_byes);
+  extras_line = "Extras ( No Balls " + number_text(match.first_no_balls) + ",Wides " + number_text(match.first_wides) +
+                " Leg Byes " + number_text(match.first_leg_byes) + ",Byes " + number_text(match.first_byes) + " ) ";
+  extras_total = number_text(match.first_no_balls + match.first_wides + match.first_leg_byes + match.first_byes);
   not_counted = left_out(match.first_no_balls, match.first_wides);
 }
 
-void scorecard2::command2_click() const { user().open(report::bowlcard2nd); }
-void scorecard2::command3_click() const { user().open(report::partners2); }
+void first_scorecard_form::show_bowling() const { user().open(report::first_bowling_card); }
+void first_scorecard_form::show_partnerships() const { user().open(report::first_partnerships); }
 
-batsman_figures scorecard2::details(int i) const {
+batsman_figures first_scorecard_form::details(int i) const {
   const batting_card_rec& card = match.first_batting_card[i];
   return details_of(card, card.how_out == "not out");
 }

@@ -21,64 +21,64 @@ struct batsman_button {
 
 /// What the two batting cards have in common.
 struct batting_screen {
-  static constexpr std::string_view command1_caption = "OK";
+  static constexpr std::string_view ok_caption = "OK";
 
-  std::string label12;                                     ///< the ground
-  std::string label10;                                     ///< the side that bats
-  std::array<std::string, men_in_eleven + 1> label1;       ///< [1..11] names, "" for a man who has not come in
-  std::array<std::string, men_in_eleven + 1> label8;       ///< [1..11] the catcher's part of the dismissal
-  std::array<std::string, men_in_eleven + 1> label9;       ///< [1..11] the bowler's part of it
-  std::array<std::string, men_in_eleven + 1> label2;       ///< [1..11] runs
-  std::array<std::string, men_in_eleven + 1> label3;       ///< [1..11] balls faced, in brackets
-  std::array<batsman_button, men_in_eleven + 1> command4;  ///< [1..11]
-  std::string label4;                                      ///< the total
-  std::string label5;                                      ///< wickets and overs, in brackets
-  std::string label7;                                      ///< runs an over, to two places; "" while no ball was bowled
-  std::string label14;                                     ///< the four extras
-  std::string label13;                                     ///< their sum
-  std::string not_counted;                                 ///< which of them the total leaves out; "" for none
+  std::string ground;                                             ///< the ground
+  std::string batting_side;                                       ///< the side that bats
+  std::array<std::string, men_in_eleven + 1> names;               ///< [1..11] names, "" for a man who has not come in
+  std::array<std::string, men_in_eleven + 1> fielders;            ///< [1..11] the catcher's part of the dismissal
+  std::array<std::string, men_in_eleven + 1> how_out;             ///< [1..11] the bowler's part of it
+  std::array<std::string, men_in_eleven + 1> runs;                ///< [1..11] runs
+  std::array<std::string, men_in_eleven + 1> balls_faced;         ///< [1..11] balls faced, in brackets
+  std::array<batsman_button, men_in_eleven + 1> details_buttons;  ///< [1..11]
+  std::string total;                                              ///< the total
+  std::string wickets_and_overs;                                  ///< wickets and overs, in brackets
+  std::string run_rate;      ///< runs an over, to two places; "" while no ball was bowled
+  std::string extras_line;   ///< the four extras
+  std::string extras_total;  ///< their sum
+  std::string not_counted;   ///< which of them the total leaves out; "" for none
 };
 
 /// The batting card of the innings in play. It opens by itself at the end of every innings.
-struct scorecard : batting_screen {
-  static constexpr std::string_view command2_caption = "Bowling Figures";
-  static constexpr std::string_view command3_caption = "1st Innings";
-  static constexpr std::string_view command5_caption = "Partnerships";
-  static constexpr std::string_view command6_caption = "Runs Per Over Graph";
-  static constexpr std::string_view command7_caption = "As HTML";
-  static constexpr std::string_view command8_caption = "As Text";
-  static constexpr std::string_view command9_caption = "Ball by Ball";
-  static constexpr std::string_view command10_caption = "Score Comparison Graph";
+struct scorecard_form : batting_screen {
+  static constexpr std::string_view bowling_caption = "Bowling Figures";
+  static constexpr std::string_view first_innings_caption = "1st Innings";
+  static constexpr std::string_view partnerships_caption = "Partnerships";
+  static constexpr std::string_view overs_graph_caption = "Runs Per Over Graph";
+  static constexpr std::string_view html_caption = "As HTML";
+  static constexpr std::string_view text_caption = "As Text";
+  static constexpr std::string_view ball_by_ball_caption = "Ball by Ball";
+  static constexpr std::string_view worm_graph_caption = "Score Comparison Graph";
 
-  bool command3_enabled = false;  ///< there is a first innings to show
+  bool first_innings_enabled = false;  ///< there is a first innings to show
 
   /// Fills the card afresh. Reads match.
   void open();
 
   /// Each opens a further screen, modal. Asks the front end. The first does nothing while it is disabled.
-  void command3_click() const;   // scorecard2
-  void command2_click() const;   // bowlcard
-  void command5_click() const;   // partners
-  void command6_click() const;   // graphs
-  void command10_click() const;  // worms
+  void show_first_innings() const;  // first_scorecard_form
+  void show_bowling() const;        // bowlcard
+  void show_partnerships() const;   // partners
+  void show_overs_graph() const;    // graphs
+  void show_worm_graph() const;     // worms
 
-  /// The details behind command4[i]. Requires 1 <= i <= 11; meant for the visible buttons. Reads match.
+  /// The details behind details_buttons[i]. Requires 1 <= i <= 11; meant for the visible buttons. Reads match.
   batsman_figures details(int i) const;
 };
 
 /// The batting card of the first innings.
-struct scorecard2 : batting_screen {
-  static constexpr std::string_view command2_caption = "1st Innings Bowling Figures";
-  static constexpr std::string_view command3_caption = "1st Innings Partnerships";
+struct first_scorecard_form : batting_screen {
+  static constexpr std::string_view bowling_caption = "1st Innings Bowling Figures";
+  static constexpr std::string_view partnerships_caption = "1st Innings Partnerships";
 
   /// Fills the card afresh. Reads match.
   void open();
 
   /// Each opens a further screen, modal. Asks the front end.
-  void command2_click() const;  // bowlcard2nd
-  void command3_click() const;  // partners2
+  void show_bowling() const;       // first_bowling_card_form
+  void show_partnerships() const;  // first_partnerships_form
 
-  /// The details behind command4[i]. Requires 1 <= i <= 11; meant for the visible buttons. Reads match.
+  /// The details behind details_buttons[i]. Requires 1 <= i <= 11; meant for the visible buttons. Reads match.
   batsman_figures details(int i) const;
 };
 

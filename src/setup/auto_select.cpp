@@ -7,7 +7,7 @@
 #include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
-#include "setup/teamsel.h"
+#include "setup/team_selection.h"
 
 namespace velorin {
 
@@ -30,14 +30,14 @@ using ranking = std::array<ranked, men_in_squad + 1>;  // 1..20
 
 /// Ticks two men of the top order: openers, then the middle order, then the lower order until two have been counted. A
 /// man of the lower order may be counted twice.
-void tick_top_order(teamsel& form) {
+void tick_top_order(team_selection_form& form) {
   constexpr std::array<std::string_view, 3> roles = {"Opener", "Middle Order", "Lower Order"};
   int count = 0;
   for (std::size_t role = 0; count < 2; role = std::min(role + 1, roles.size() - 1)) {
     const int before = count;
     for (int place = 1; place <= men_in_squad && count < 2; ++place) {
       if (form.man(place).role() != roles[role]) continue;
-      form.check1[place] = true;
+      form.ticks[place] = true;
       ++count;
     }
     if (count == before && role == roles.size() - 1) {
@@ -59,7 +59,7 @@ void sort_stably(ranking& ranks, Before before) {
   }
 }
 
-ranking rank_batsmen(const teamsel& form) {
+ranking rank_batsmen(const team_selection_form& form) {
   ranking ranks;
   for (int i = 1; i <= men_in_squad; ++i) ranks[i] = {form.man(i).bat_skill, 0, i};
   sort_stably(ranks, [](const ranked& a, const ranked& b) { return a.key > b.key; });
@@ -72,7 +72,7 @@ int strike_rate_key(float bowl_sr) {
   return rounded >= -32768 && rounded <= 32767 ? static_cast<int>(rounded) : 0;
 }
 
-ranking rank_bowlers(const teamsel& form) {
+ranking rank_bowlers(const team_selection_form& form) {
   ranking ranks;
   for (int i = 1; i <= men_in_squad; ++i) {
     const player_rec& man = form.man(i);
@@ -90,8 +90,8 @@ bool is_shown_as_keeper(const player_rec& man) { return man.is_keeper != 0 || ma
 
 }  // namespace
 
-void teamsel::command3_click() {
-  check1.fill(false);
+void team_selection_form::auto_select() {
+  ticks.fill(false);
   counted_ = true;
   tick_top_order(*this);
   const ranking bat_rank = rank_batsmen(*this);
@@ -99,21 +99,21 @@ void teamsel::command3_click() {
   for (int k = 1; k <= best_taken; ++k) {
     for (const ranking* ranks : {&bat_rank, &bowl_rank}) {
       const int place = (*ranks)[k].place;
-      if (row_visible(place)) check1[place] = true;
+      if (row_visible(place)) ticks[place] = true;
     }
     best_bowlers_[k - 1] = bowl_rank[k].place;
   }
   for (int k = 1; k <= men_in_squad; ++k) {
     if (!is_shown_as_keeper(man(bat_rank[k].place))) continue;
-    check1[bat_rank[k].place] = true;
+    ticks[bat_rank[k].place] = true;
     break;
   }
   batting_bowler_ = 0;
   for (int k = 1; k <= men_in_squad && batting_bowler_ == 0; ++k) {
     if (man(bowl_rank[k].place).bat_skill > can_bat_from) batting_bowler_ = bowl_rank[k].place;
   }
-  if (batting_bowler_ != 0) check1[batting_bowler_] = true;
-  for (int k = 1; k <= men_in_squad && ticked() < men_in_eleven; ++k) check1[bat_rank[k].place] = true;
+  if (batting_bowler_ != 0) ticks[batting_bowler_] = true;
+  for (int k = 1; k <= men_in_squad && ticked() < men_in_eleven; ++k) ticks[bat_rank[k].place] = true;
 }
 
 }  // namespace velorin

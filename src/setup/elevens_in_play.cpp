@@ -7,9 +7,9 @@
 
 #include "database/configuration.h"
 #include "database/elevens.h"
-#include "engine/storage.h"
+#include "engine/ball_books.h"
+#include "model/match_state.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 #include "ui/saving.h"
 
 namespace velorin {

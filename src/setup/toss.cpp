@@ -3,10 +3,10 @@
 
 #include <utility>
 
-#include "captain/aicomp.h"
-#include "engine/driver.h"
+#include "captain/computer_captain.h"
+#include "engine/over_play.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
 #include "setup/elevens_in_play.h"
 #include "ui/front_end.h"
 
@@ -15,14 +15,14 @@ namespace velorin {
 namespace {
 
 void toss_unattended() {
-  toss form;
-  form.label2 = match.team1_name;
-  form.label3 = match.team2_name;
+  toss_form form;
+  form.deciding_line = match.team1_name;
+  form.other_line = match.team2_name;
   reseed();
   if (coin() == 1) {
-    form.command2_click();
+    form.choose_to_bat();
   } else {
-    form.command3_click();
+    form.choose_to_bowl();
   }
 }
 
@@ -32,7 +32,7 @@ bool hold_toss() {
     toss_unattended();
     return true;
   }
-  toss form;
+  toss_form form;
   if (match.computer_bats) {
     reseed();
     const char* call = coin() == 1 ? " have taken Heads" : " have taken Tails";
@@ -47,48 +47,48 @@ bool hold_toss() {
 
 }  // namespace
 
-void toss::open() {
-  *this = toss();
-  label1 = match.team1_name + " to call...";
+void toss_form::open() {
+  *this = toss_form();
+  headline = match.team1_name + " to call...";
 }
 
-void toss::open_decided() {
-  *this = toss();
+void toss_form::open_decided() {
+  *this = toss_form();
   toss_outcome outcome = decide_toss();
-  label1 = std::move(outcome.headline);
-  label2 = std::move(outcome.deciding_line);
-  label3 = std::move(outcome.other_line);
-  command2_enabled = outcome.bat_enabled;
-  command3_enabled = outcome.bowl_enabled;
+  headline = std::move(outcome.headline);
+  deciding_line = std::move(outcome.deciding_line);
+  other_line = std::move(outcome.other_line);
+  bat_enabled = outcome.bat_enabled;
+  bowl_enabled = outcome.bowl_enabled;
   coin_visible = false;
 }
 
-void toss::command1_click(int) {
+void toss_form::call_coin(int) {
   reseed();
   const bool first_wins = coin() == 1;
   const bool second_decides = !first_wins && !match.computer_bowls;
-  label1 = (first_wins ? match.team1_name : match.team2_name) + " have won the toss";
-  label2 = second_decides ? match.team2_name : match.team1_name;
-  label3 = second_decides ? match.team1_name : match.team2_name;
+  headline = (first_wins ? match.team1_name : match.team2_name) + " have won the toss";
+  deciding_line = second_decides ? match.team2_name : match.team1_name;
+  other_line = second_decides ? match.team1_name : match.team2_name;
   if (first_wins || second_decides) {
-    label1 += ".";
+    headline += ".";
   } else if (coin() == 1) {
-    label1 += " and have elected to field first.";
-    command3_enabled = false;
+    headline += " and have elected to field first.";
+    bowl_enabled = false;
   } else {
-    label1 += " and have elected to bat first.";
-    command2_enabled = false;
+    headline += " and have elected to bat first.";
+    bat_enabled = false;
   }
   coin_visible = false;
 }
 
-void toss::command2_click() {
-  if (label3 == match.team1_name) swap_teams();
+void toss_form::choose_to_bat() {
+  if (other_line == match.team1_name) swap_teams();
   closed = true;
 }
 
-void toss::command3_click() {
-  if (label2 == match.team1_name) swap_teams();
+void toss_form::choose_to_bowl() {
+  if (deciding_line == match.team1_name) swap_teams();
   closed = true;
 }
 
@@ -103,7 +103,7 @@ bool toss_and_play() {
   take_elevens();
   open_console();
   if (match.console_open && match.human_involved()) {
-    main_console console;
+    console_form console;
     user().show(console);
   }
   match.console_open = false;

@@ -6,13 +6,13 @@
 namespace velorin {
 
 /// The toss. First the coin's buttons are shown, then the decision's.
-struct toss {
-  std::string label1;            ///< the headline
-  std::string label2;            ///< deciding line: the team for which "Bat" and "Bowl" speak
-  std::string label3;            ///< the other team
-  bool coin_visible = true;      ///< "Heads" and "Tails" are shown, else "Bat" and "Bowl"
-  bool command2_enabled = true;  ///< "Bat"
-  bool command3_enabled = true;  ///< "Bowl"
+struct toss_form {
+  std::string headline;       ///< the headline
+  std::string deciding_line;  ///< deciding line: the team for which "Bat" and "Bowl" speak
+  std::string other_line;     ///< the other team
+  bool coin_visible = true;   ///< "Heads" and "Tails" are shown, else "Bat" and "Bowl"
+  bool bat_enabled = true;    ///< "Bat"
+  bool bowl_enabled = true;   ///< "Bowl"
   bool closed = false;
   bool left = false;  ///< the user has left the match here
 
@@ -23,11 +23,11 @@ struct toss {
 
   /// "Heads" (0) or "Tails" (1): which one has no influence. Draws, after reseeding, the coin, and the election of a
   /// computer second team that wins.
-  void command1_click(int index);
+  void call_coin(int index);
   /// "Bat": the team on the deciding line bats first.
-  void command2_click();
+  void choose_to_bat();
   /// "Bowl": the team on the other line bats first.
-  void command3_click();
+  void choose_to_bowl();
   /// The user leaves the match: the form closes, and the set-up is undone.
   void leave() { left = closed = true; }
 };

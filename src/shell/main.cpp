@@ -11,7 +11,7 @@
 #include "database/file_calls.h"
 #include "desktop/preferences.h"
 #include "desktop/theme.h"
-#include "shell/opening_window.h"
+#include "shell/menu_window.h"
 #include "shell/qt_front_end.h"
 
 int main(int argc, char** argv) {
@@ -31,8 +31,8 @@ int main(int argc, char** argv) {
 
   QtFrontEnd shown_by;
   const front_end_scope in_use(shown_by);
-  OpeningWindow opening(shown_by);
-  opening.show();
-  QTimer::singleShot(0, &opening, &OpeningWindow::start);
+  MenuWindow menu_window(shown_by);
+  menu_window.show();
+  QTimer::singleShot(0, &menu_window, &MenuWindow::start);
   return QApplication::exec();
 }

@@ -1,32 +1,32 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/menu_actions.h"
 
-#include "browsers/allrecs.h"
-#include "browsers/centurytop.h"
-#include "browsers/forms/allrecs_window.h"
-#include "browsers/forms/centurytop_window.h"
-#include "browsers/forms/highinduv_window.h"
-#include "browsers/forms/partnrec_window.h"
-#include "browsers/forms/sqdet_window.h"
-#include "browsers/forms/teamdet_window.h"
-#include "browsers/forms/totrecords_window.h"
-#include "browsers/forms/wldrank_window.h"
+#include "browsers/century_makers.h"
+#include "browsers/forms/best_performances_window.h"
+#include "browsers/forms/century_makers_window.h"
+#include "browsers/forms/player_profile_window.h"
+#include "browsers/forms/player_rankings_window.h"
+#include "browsers/forms/stand_records_window.h"
+#include "browsers/forms/team_records_window.h"
+#include "browsers/forms/total_records_window.h"
+#include "browsers/forms/world_rankings_window.h"
+#include "browsers/player_profile.h"
+#include "browsers/player_rankings.h"
 #include "browsers/record_tables.h"
-#include "browsers/sqdet.h"
-#include "browsers/teamdet.h"
-#include "browsers/wldrank.h"
-#include "competitions/forms/series1_window.h"
-#include "competitions/forms/series2_window.h"
-#include "competitions/forms/wctable_window.h"
-#include "competitions/series1.h"
-#include "competitions/series2.h"
-#include "competitions/wctable.h"
-#include "database/forms/optfrm_window.h"
-#include "database/optfrm.h"
+#include "browsers/team_records.h"
+#include "browsers/world_rankings.h"
+#include "competitions/forms/series_window.h"
+#include "competitions/forms/tri_series_window.h"
+#include "competitions/forms/world_cup_window.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
+#include "competitions/world_cup_form.h"
+#include "database/forms/settings_window.h"
+#include "database/settings_form.h"
 #include "desktop/program_end.h"
-#include "setup/forms/teamfrm_window.h"
-#include "setup/teamfrm.h"
-#include "shell/about_window.h"
+#include "setup/forms/new_match_window.h"
+#include "setup/new_match.h"
+#include "shell/credits_window.h"
 #include "shell/qt_front_end.h"
 
 namespace velorin::menu {
@@ -63,37 +63,37 @@ class UnderWay {
 
 void new_match(QtFrontEnd& shown_by) {
   const UnderWay under_way(shown_by, Activity::single_match);
-  open_form<TeamfrmWindow, teamfrm>();
+  open_form<NewMatchWindow, new_match_form>();
 }
 
 void new_series(QtFrontEnd& shown_by) {
   const UnderWay under_way(shown_by, Activity::series_of_two);
-  open_form<Series1Window, series1>();
+  open_form<SeriesWindow, series_form>();
 }
 
 void tri_series(QtFrontEnd& shown_by) {
   const UnderWay under_way(shown_by, Activity::series_of_three);
-  open_form<Series2Window, series2>();
+  open_form<TriSeriesWindow, tri_series_form>();
 }
 
 void world_cup(QtFrontEnd& shown_by) {
   const UnderWay under_way(shown_by, Activity::cup);
-  wctable& form = shown_by.cup_form();
+  world_cup_form& form = shown_by.cup_form();
   form.show_again();
   if (form.closed) return;  // it has closed itself as it opened
-  WctableWindow window(form);
+  WorldCupWindow window(form);
   run_modal(window);
 }
 
-void player_profiles() { open_form<SqdetWindow, sqdet>(); }
-void team_records() { open_form<TeamdetWindow, teamdet>(); }
-void world_rankings() { open_form<WldrankWindow, wldrank>(); }
+void player_profiles() { open_form<PlayerProfileWindow, player_profile_form>(); }
+void team_records() { open_form<TeamRecordsWindow, team_records_form>(); }
+void world_rankings() { open_form<WorldRankingsWindow, world_rankings_form>(); }
 
-void totals(int record_mode) { open_form<TotrecordsWindow, totrecords>(record_mode); }
-void individual(int record_mode) { open_form<HighinduvWindow, highinduv>(record_mode); }
-void players(int record_mode) { open_form<AllrecsWindow, allrecs>(record_mode); }
-void century_makers() { open_form<CenturytopWindow, centurytop>(); }
-void partnerships() { open_form<PartnrecWindow, partnrec>(); }
+void totals(int record_mode) { open_form<TotalRecordsWindow, total_records_form>(record_mode); }
+void individual(int record_mode) { open_form<BestPerformancesWindow, best_performances_form>(record_mode); }
+void players(int record_mode) { open_form<PlayerRankingsWindow, player_rankings_form>(record_mode); }
+void century_makers() { open_form<CenturyMakersWindow, century_makers_form>(); }
+void partnerships() { open_form<StandRecordsWindow, stand_records_form>(); }
 
 void all_batting() {
   totals(1);
@@ -114,10 +114,10 @@ void all_bowling() {
   individual(0);
 }
 
-void configurations() { open_form<OptfrmWindow, optfrm>(); }
+void configurations() { open_form<SettingsWindow, settings_form>(); }
 
 void credits() {
-  AboutWindow window;
+  CreditsWindow window;
   run_modal(window);
 }
 

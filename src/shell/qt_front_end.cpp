@@ -3,46 +3,46 @@
 
 #include <QCoreApplication>
 
-#include "browsers/allrecs.h"
-#include "browsers/forms/allrecs_window.h"
-#include "browsers/forms/sqdet_window.h"
-#include "competitions/forms/progressbar_window.h"
-#include "competitions/forms/sri_result_window.h"
-#include "competitions/forms/triserresult_window.h"
-#include "competitions/forms/wc_fix_window.h"
-#include "competitions/forms/wcsstab_window.h"
-#include "competitions/series1.h"
-#include "competitions/series2.h"
-#include "competitions/wc_fix.h"
-#include "competitions/wcsstab.h"
+#include "browsers/forms/player_profile_window.h"
+#include "browsers/forms/player_rankings_window.h"
+#include "browsers/player_rankings.h"
+#include "competitions/forms/match_progress_window.h"
+#include "competitions/forms/series_results_window.h"
+#include "competitions/forms/tri_series_table_window.h"
+#include "competitions/forms/world_cup_fixtures_window.h"
+#include "competitions/forms/world_cup_tables_window.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
+#include "competitions/world_cup_fixtures.h"
+#include "competitions/world_cup_tables.h"
 #include "console/captain_forms.h"
-#include "console/forms/aggr_window.h"
-#include "console/forms/batorder_window.h"
-#include "console/forms/batsmandetails_window.h"
-#include "console/forms/chgbowler_window.h"
+#include "console/forms/aggression_window.h"
+#include "console/forms/batsman_details_window.h"
+#include "console/forms/bowler_choice_window.h"
+#include "console/forms/next_batsman_window.h"
 #include "desktop/message_window.h"
 #include "desktop/program_end.h"
-#include "engine/driver.h"
 #include "engine/forms/console_window.h"
+#include "engine/over_play.h"
 #include "reports/bowling_figures.h"
-#include "reports/forms/bowlcard2nd_window.h"
-#include "reports/forms/bowlcard_window.h"
-#include "reports/forms/graphs_window.h"
-#include "reports/forms/partners2_window.h"
-#include "reports/forms/partners_window.h"
-#include "reports/forms/scorecard2_window.h"
+#include "reports/forms/bowling_card_window.h"
+#include "reports/forms/first_bowling_card_window.h"
+#include "reports/forms/first_partnerships_window.h"
+#include "reports/forms/first_scorecard_window.h"
+#include "reports/forms/overs_graph_window.h"
+#include "reports/forms/partnerships_window.h"
 #include "reports/forms/scorecard_window.h"
-#include "reports/forms/worms_window.h"
-#include "reports/graphs.h"
+#include "reports/forms/worm_graph_window.h"
+#include "reports/overs_graph.h"
 #include "reports/partnerships.h"
 #include "reports/scorecard.h"
-#include "reports/worms.h"
-#include "setup/forms/teamsel_window.h"
+#include "reports/worm_graph.h"
+#include "setup/conditions.h"
+#include "setup/forms/conditions_window.h"
+#include "setup/forms/team_selection_window.h"
 #include "setup/forms/toss_window.h"
-#include "setup/forms/wecond_window.h"
-#include "setup/teamsel.h"
+#include "setup/team_selection.h"
 #include "setup/toss.h"
-#include "setup/wecond.h"
 
 namespace velorin {
 
@@ -89,42 +89,42 @@ save_answer QtFrontEnd::answer(const failed_save& failed) {
   return window.answer();
 }
 
-void QtFrontEnd::show(wecond& form) {
+void QtFrontEnd::show(conditions_form& form) {
   play_begins();
   unstopped_.match_begins();
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
-  show_modally<WecondWindow>(form);
+  show_modally<ConditionsWindow>(form);
 }
 
-void QtFrontEnd::show(teamsel& form) {
+void QtFrontEnd::show(team_selection_form& form) {
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
-  show_modally<TeamselWindow>(form);
+  show_modally<TeamSelectionWindow>(form);
 }
 
-void QtFrontEnd::show(toss& form) { show_modally<TossWindow>(form); }
+void QtFrontEnd::show(toss_form& form) { show_modally<TossWindow>(form); }
 
-void QtFrontEnd::show(batorder& form) {
+void QtFrontEnd::show(next_batsman_form& form) {
   refresh_console();
-  show_modally<BatorderWindow>(form);
+  show_modally<NextBatsmanWindow>(form);
 }
 
-void QtFrontEnd::show(chgbowler& form) {
+void QtFrontEnd::show(bowler_choice_form& form) {
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
   refresh_console();
-  show_modally<ChgbowlerWindow>(form);
+  show_modally<BowlerChoiceWindow>(form);
 }
 
-void QtFrontEnd::show(aggr& form) {
+void QtFrontEnd::show(aggression_form& form) {
   refresh_console();
-  show_modally<AggrWindow>(form);
+  show_modally<AggressionWindow>(form);
 }
 
-void QtFrontEnd::show(batsmandetails& form) {
+void QtFrontEnd::show(batsman_details_form& form) {
   refresh_console();
-  show_modally<BatsmandetailsWindow>(form);
+  show_modally<BatsmanDetailsWindow>(form);
 }
 
-void QtFrontEnd::show(main_console& form) {
+void QtFrontEnd::show(console_form& form) {
   ConsoleWindow window(form);
   struct Shown {
     ConsoleWindow*& console;
@@ -145,7 +145,7 @@ void QtFrontEnd::progress(int over) {
   if (unstopped_.answers_match()) return;
   if (!progress_) {
     busy_ = qobject_cast<Form*>(front_window());
-    progress_ = new ProgressbarWindow;
+    progress_ = new MatchProgressWindow;
     if (busy_) busy_->set_busy(true);
   }
   progress_->show_over(over);
@@ -163,47 +163,47 @@ void QtFrontEnd::open(report which) {
   refresh_console();
   switch (which) {
     case report::scorecard:
-      return open_modally<ScorecardWindow, scorecard>();
-    case report::scorecard2:
-      return open_modally<Scorecard2Window, scorecard2>();
-    case report::bowlcard:
-      return open_modally<BowlcardWindow, bowlcard>();
-    case report::bowlcard2nd:
-      return open_modally<Bowlcard2ndWindow, bowlcard2nd>();
-    case report::partners:
-      return open_modally<PartnersWindow, partners>();
-    case report::partners2:
-      return open_modally<Partners2Window, partners2>();
-    case report::graphs:
-      return open_modally<GraphsWindow, graphs>();
-    case report::worms:
+      return open_modally<ScorecardWindow, scorecard_form>();
+    case report::first_scorecard:
+      return open_modally<FirstScorecardWindow, first_scorecard_form>();
+    case report::bowling_card:
+      return open_modally<BowlingCardWindow, bowling_card_form>();
+    case report::first_bowling_card:
+      return open_modally<FirstBowlingCardWindow, first_bowling_card_form>();
+    case report::partnerships:
+      return open_modally<PartnershipsWindow, partnerships_form>();
+    case report::first_partnerships:
+      return open_modally<FirstPartnershipsWindow, first_partnerships_form>();
+    case report::overs_graph:
+      return open_modally<OversGraphWindow, overs_graph_form>();
+    case report::worm_graph:
       // The lines themselves live in the match record and outlast every showing.
-      return open_modally<WormsWindow, worms>();
+      return open_modally<WormGraphWindow, worm_graph_form>();
   }
 }
 
-void QtFrontEnd::show(sqdet& form) { show_modally<SqdetWindow>(form); }
+void QtFrontEnd::show(player_profile_form& form) { show_modally<PlayerProfileWindow>(form); }
 
-void QtFrontEnd::show(allrecs& form) { show_modally<AllrecsWindow>(form); }
+void QtFrontEnd::show(player_rankings_form& form) { show_modally<PlayerRankingsWindow>(form); }
 
-void QtFrontEnd::show(sri_result& form) {
+void QtFrontEnd::show(series_results_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_modally<SriResultWindow>(form);
+  show_modally<SeriesResultsWindow>(form);
 }
 
-void QtFrontEnd::show(triserresult& form) {
+void QtFrontEnd::show(tri_series_table_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_modally<TriserresultWindow>(form);
+  show_modally<TriSeriesTableWindow>(form);
 }
 
-void QtFrontEnd::show(wc_fix& form) {
+void QtFrontEnd::show(world_cup_fixtures_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_modally<WcFixWindow>(form);
+  show_modally<WorldCupFixturesWindow>(form);
 }
 
-void QtFrontEnd::show(wcsstab& form) {
+void QtFrontEnd::show(world_cup_tables_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_modally<WcsstabWindow>(form);
+  show_modally<WorldCupTablesWindow>(form);
 }
 
 }  // namespace velorin

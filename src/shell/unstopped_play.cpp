@@ -6,12 +6,12 @@
 #include <array>
 #include <utility>
 
-#include "competitions/series1.h"
-#include "competitions/series2.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
 #include "competitions/world_cup.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "shell/unstopped_window.h"
 
 namespace velorin {
@@ -36,16 +36,16 @@ bool next_tri_match_has_human() {
   return false;
 }
 
-bool super_six_match_has_human(const wc_fixture& fixture) {
-  return world_cup.wc_ss_human[static_cast<std::size_t>(int(fixture.index_a))] ||
-         world_cup.wc_ss_human[static_cast<std::size_t>(fixture.index_b + 3)];
+bool super_six_match_has_human(const cup_fixture& fixture) {
+  return world_cup.super_six_human[static_cast<std::size_t>(int(fixture.index_a))] ||
+         world_cup.super_six_human[static_cast<std::size_t>(fixture.index_b + 3)];
 }
 
 /// The first semi-final is played by places 1 and 4 of the Super Six, whose table is sorted only after its last
 /// standings were shown.
 bool first_semifinal_has_human() {
-  league_table6 table = world_cup.wc_super_six;
-  std::array<bool, 7> human = world_cup.wc_ss_human;
+  super_six_league table = world_cup.super_six;
+  std::array<bool, 7> human = world_cup.super_six_human;
   sort_league(table, 6, [&](int j) {
     const auto at = static_cast<std::size_t>(j);
     std::swap(human[at], human[at + 1]);
@@ -55,29 +55,29 @@ bool first_semifinal_has_human() {
 
 bool next_cup_match_has_human() {
   const int next = world_cup.next_match;
-  const wc_fixture& fixture = world_cup.wc_fixtures[static_cast<std::size_t>(std::min(next, super_six_end))];
+  const cup_fixture& fixture = world_cup.fixtures[static_cast<std::size_t>(std::min(next, super_six_end))];
   switch (world_cup.stage) {
-    case wc_stage::group_matches: {
+    case cup_stage::group_matches: {
       if (next > group_matches) break;
       const std::array<bool, 5>& human = fixture.stage == "A" ? world_cup.human_a : world_cup.human_b;
       return human[static_cast<std::size_t>(fixture.index_a - 1)] ||
              human[static_cast<std::size_t>(fixture.index_b - 1)];
     }
-    case wc_stage::super_six_draw: {
+    case cup_stage::super_six_draw: {
       // Nobody knows the first match before it is drawn.
-      const wc_fixture& first = world_cup.wc_fixtures[group_matches + 1];
+      const cup_fixture& first = world_cup.fixtures[group_matches + 1];
       return first.stage == "SS" && super_six_match_has_human(first);
     }
-    case wc_stage::super_six_matches:
+    case cup_stage::super_six_matches:
       return next > super_six_end ? first_semifinal_has_human() : super_six_match_has_human(fixture);
-    case wc_stage::knock_out: {
+    case cup_stage::knock_out: {
       if (next == knock_outs) break;
       // The tables are shown before the next tie is entered.
-      if (next == 1) return world_cup.wc_semi[2].human_a || world_cup.wc_semi[2].human_b;
-      const auto winner_human = [](const wc_knockout& semi) {
+      if (next == 1) return world_cup.semi_finals[2].human_a || world_cup.semi_finals[2].human_b;
+      const auto winner_human = [](const cup_knockout& semi) {
         return semi.team_a == semi.winner ? semi.human_a : semi.human_b;
       };
-      return winner_human(world_cup.wc_semi[1]) || winner_human(world_cup.wc_semi[2]);
+      return winner_human(world_cup.semi_finals[1]) || winner_human(world_cup.semi_finals[2]);
     }
     default:
       break;
@@ -94,7 +94,7 @@ int matches_left(Activity activity) {
     case Activity::series_of_three:
       return tri.matches_played < 3 * tri.rounds ? 3 * tri.rounds - tri.matches_played : 0;
     case Activity::cup:
-      if (world_cup.stage == wc_stage::knock_out) return knock_outs - world_cup.next_match;
+      if (world_cup.stage == cup_stage::knock_out) return knock_outs - world_cup.next_match;
       return super_six_end + knock_outs - world_cup.next_match;
     case Activity::single_match:
       break;
@@ -109,7 +109,7 @@ bool is_over(Activity activity) {
     case Activity::series_of_three:
       return tri.final_played;
     case Activity::cup:
-      return world_cup.stage == wc_stage::knock_out && world_cup.next_match == knock_outs;
+      return world_cup.stage == cup_stage::knock_out && world_cup.next_match == knock_outs;
     case Activity::single_match:
       break;
   }

@@ -8,7 +8,7 @@
 #include "console/console_view.h"
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin {
 
@@ -38,7 +38,7 @@ void UnstoppedWindow::show_progress(int left) {
       QStringLiteral("%1 v %2, %3").arg(shown(match.team1_name), shown(match.team2_name), shown(match.venue_name())));
   const score_view view = view_score();
   score_->setText(
-      QStringLiteral("%1 %2 (%3)").arg(shown(view.label15_0), shown(view.label15_1), shown(view.label15_2)));
+      QStringLiteral("%1 %2 (%3)").arg(shown(view.batting_short_name), shown(view.score), shown(view.overs)));
   if (stop_->isEnabled()) {
     left_->setText(QStringLiteral("%1 %2 left after this one").arg(left).arg(left == 1 ? "match" : "matches"));
   }

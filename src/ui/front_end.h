@@ -9,20 +9,20 @@
 
 namespace velorin {
 
-struct aggr;
-struct allrecs;
-struct batorder;
-struct batsmandetails;
-struct chgbowler;
-struct main_console;
-struct sqdet;
-struct sri_result;
-struct teamsel;
-struct toss;
-struct triserresult;
-struct wc_fix;
-struct wcsstab;
-struct wecond;
+struct aggression_form;
+struct player_rankings_form;
+struct next_batsman_form;
+struct batsman_details_form;
+struct bowler_choice_form;
+struct console_form;
+struct player_profile_form;
+struct series_results_form;
+struct team_selection_form;
+struct toss_form;
+struct tri_series_table_form;
+struct world_cup_fixtures_form;
+struct world_cup_tables_form;
+struct conditions_form;
 
 /// A modal message with the information icon. Texts are single bytes of Windows-1252.
 struct message_box {
@@ -40,7 +40,16 @@ struct failed_save {
 enum class save_answer { retry, go_on, give_up };
 
 /// The reading screens, which need nothing but the match.
-enum class report { scorecard, scorecard2, bowlcard, bowlcard2nd, partners, partners2, graphs, worms };
+enum class report {
+  scorecard,
+  first_scorecard,
+  bowling_card,
+  first_bowling_card,
+  partnerships,
+  first_partnerships,
+  overs_graph,
+  worm_graph
+};
 
 class front_end {
  public:
@@ -52,18 +61,18 @@ class front_end {
   virtual save_answer answer(const failed_save& failed) = 0;
 
   /// Set-up: shows the form modally until one of its handlers has closed it.
-  virtual void show(wecond& form) = 0;
-  virtual void show(teamsel& form) = 0;
-  virtual void show(toss& form) = 0;
+  virtual void show(conditions_form& form) = 0;
+  virtual void show(team_selection_form& form) = 0;
+  virtual void show(toss_form& form) = 0;
 
   /// The captain's dialogs: likewise.
-  virtual void show(batorder& form) = 0;
-  virtual void show(chgbowler& form) = 0;
-  virtual void show(aggr& form) = 0;
-  virtual void show(batsmandetails& form) = 0;
+  virtual void show(next_batsman_form& form) = 0;
+  virtual void show(bowler_choice_form& form) = 0;
+  virtual void show(aggression_form& form) = 0;
+  virtual void show(batsman_details_form& form) = 0;
 
   /// The match console of a match with a human side, modal: presses its buttons until the form is closed.
-  virtual void show(main_console& form) = 0;
+  virtual void show(console_form& form) = 0;
   /// A ball has been bowled and booked, and the figures of the console are up to date.
   virtual void ball_bowled() = 0;
   /// An unattended match begins its i-th over, from 1.
@@ -75,14 +84,14 @@ class front_end {
   virtual void open(report which) = 0;
 
   /// Browsers opened from a form, modal.
-  virtual void show(sqdet& form) = 0;
-  virtual void show(allrecs& form) = 0;
+  virtual void show(player_profile_form& form) = 0;
+  virtual void show(player_rankings_form& form) = 0;
 
   /// Standings of a competition, modal, between its matches.
-  virtual void show(sri_result& form) = 0;
-  virtual void show(triserresult& form) = 0;
-  virtual void show(wc_fix& form) = 0;
-  virtual void show(wcsstab& form) = 0;
+  virtual void show(series_results_form& form) = 0;
+  virtual void show(tri_series_table_form& form) = 0;
+  virtual void show(world_cup_fixtures_form& form) = 0;
+  virtual void show(world_cup_tables_form& form) = 0;
 };
 
 /// The front end in use. Raises std::logic_error while none is installed.

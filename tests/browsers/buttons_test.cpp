@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
-#include "browsers/allrecs.h"
 #include "browsers/figures_fixture.h"
-#include "browsers/sqdet.h"
-#include "engine/driver.h"
-#include "model/teams.h"
-#include "setup/teamsel.h"
+#include "browsers/player_profile.h"
+#include "browsers/player_rankings.h"
+#include "engine/over_play.h"
+#include "model/match_state.h"
+#include "setup/team_selection.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 
@@ -22,11 +22,11 @@ using ::testing::IsEmpty;
 class reader : public scripted_user {
  public:
   using scripted_user::show;
-  void show(sqdet& form) override {
-    shown.push_back(under(form.person, "Name").value_or("nobody") + " of " + form.combo1[form.combo1_index] +
+  void show(player_profile_form& form) override {
+    shown.push_back(under(form.person, "Name").value_or("nobody") + " of " + form.teams[form.chosen_team] +
                     (form.locked ? "" : " unlocked"));
   }
-  void show(allrecs& form) override { shown.push_back(form.table.title); }
+  void show(player_rankings_form& form) override { shown.push_back(form.table.title); }
 
   std::vector<std::string> shown;
 };
@@ -57,21 +57,21 @@ TEST_F(Buttons, OfTheConsoleOpenTheProfilesOfBowlersAndBatsmen) {
   for (const char* name : {"A.Bowl8", "A.Bowl9"}) add("Away", bowler(name, 6, 5, 0));
   for (const char* name : {"H.Bat3", "H.Bat5"}) add("Home", batsman(name, 1, 0, 5, 5));
   write();
-  main_console console;
-  console.command7_click();
-  console.command8_click();
-  console.command9_click();
-  console.command10_click();
+  console_form console;
+  console.show_bowler_profile();
+  console.show_lower_batsman_profile();
+  console.show_next_bowler_profile();
+  console.show_higher_batsman_profile();
   EXPECT_THAT(user_.shown, ElementsAre("A.Bowl9 of Away", "H.Bat3 of Home", "A.Bowl8 of Away", "H.Bat5 of Home"));
   EXPECT_THAT(user_.messages, IsEmpty());
 }
 
 TEST_F(Buttons, OfTheConsoleTellOfAManWithoutACareer) {
-  main_console console;
-  console.command7_click();
-  console.command8_click();
-  console.command9_click();
-  console.command10_click();
+  console_form console;
+  console.show_bowler_profile();
+  console.show_lower_batsman_profile();
+  console.show_next_bowler_profile();
+  console.show_higher_batsman_profile();
   EXPECT_THAT(user_.shown, IsEmpty());
   ASSERT_EQ(user_.messages.size(), 4U);
   for (const message_box& message : user_.messages) {
@@ -82,10 +82,10 @@ TEST_F(Buttons, OfTheConsoleTellOfAManWithoutACareer) {
 
 TEST_F(Buttons, OfTheSelectionOpenTheCareersOfItsTeam) {
   const squad men = sample_squad("H.Bat");
-  teamsel form;
+  team_selection_form form;
   form.open("Home", men);
-  form.command5_click(0);
-  form.command5_click(1);
+  form.show_career_averages(0);
+  form.show_career_averages(1);
   EXPECT_THAT(user_.shown, ElementsAre("Home - Career Batting Records", "Home - Career Bowling Records"));
   EXPECT_FALSE(form.closed);
 }

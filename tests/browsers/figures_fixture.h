@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "browsers/shown_table.h"
-#include "database/records.h"
+#include "database/lasting_records.h"
 #include "model/run_time_error.h"
 #include "support/small_database.h"
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "database/records.h"
+#include "database/lasting_records.h"
 
 namespace velorin::testing {
 

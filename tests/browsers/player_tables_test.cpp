@@ -2,9 +2,9 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
-#include "browsers/allrecs.h"
-#include "browsers/centurytop.h"
+#include "browsers/century_makers.h"
 #include "browsers/figures_fixture.h"
+#include "browsers/player_rankings.h"
 #include "database/configuration.h"
 
 namespace velorin::testing {
@@ -17,7 +17,7 @@ class PlayerTables : public figures_fixture {
  protected:
   shown_table opened(int record_mode, const std::string& team = {}) const {
     write();
-    allrecs form;
+    player_rankings_form form;
     form.open(record_mode, team);
     return form.table;
   }
@@ -26,7 +26,7 @@ class PlayerTables : public figures_fixture {
   }
   shown_table centuries() const {
     write();
-    centurytop form;
+    century_makers_form form;
     form.open();
     return form.table;
   }
@@ -47,7 +47,7 @@ TEST_F(PlayerTables, HaveTheirTitlesAndColumnsWithoutAnyRow) {
                                 "Alba - Career Batting Records",
                                 "Alba - Career Bowling Records"};
   for (int mode = 1; mode <= 9; ++mode) {
-    allrecs form;
+    player_rankings_form form;
     form.open(mode, "Alba");
     EXPECT_EQ(form.table.title, titles[mode]);
     EXPECT_THAT(form.table.rows, IsEmpty());
@@ -59,12 +59,12 @@ TEST_F(PlayerTables, HaveTheirTitlesAndColumnsWithoutAnyRow) {
                   ElementsAre("Player", "M", "Ovr", "Mdn", "Runs", "Wkts", "Avg", "Econ.", "5 wkt", "Best"));
     }
   }
-  centurytop form;
+  century_makers_form form;
   form.open();
   EXPECT_EQ(form.table.title, "Top Century Makers");
   EXPECT_THAT(headings(form.table), ElementsAre("Player", "M", "I", "100s", "Runs"));
   EXPECT_THAT(form.table.rows, IsEmpty());
-  EXPECT_FALSE(std::filesystem::exists(files.rec));
+  EXPECT_FALSE(std::filesystem::exists(files.career_file));
 }
 
 TEST_F(PlayerTables, RowsKnowTheirMenAndTeams) {
@@ -77,7 +77,8 @@ TEST_F(PlayerTables, RowsKnowTheirMenAndTeams) {
     return lines;
   };
   EXPECT_THAT(teams(opened(1)), ElementsAre("B.Best of Bora", "A.Same of Bora", "A.Same of Alba"));
-  EXPECT_THAT(teams(opened(allrecs::career_bowling, "Bora")), ElementsAre("B.Best of Bora", "A.Same of Bora"));
+  EXPECT_THAT(teams(opened(player_rankings_form::career_bowling, "Bora")),
+              ElementsAre("B.Best of Bora", "A.Same of Bora"));
   EXPECT_THAT(teams(centuries()), ElementsAre("B.Best of Bora", "A.Same of Bora"));
 }
 

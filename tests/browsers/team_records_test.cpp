@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "browsers/figures_fixture.h"
-#include "browsers/teamdet.h"
-#include "browsers/wldrank.h"
+#include "browsers/team_records.h"
+#include "browsers/world_rankings.h"
 #include "database/configuration.h"
 #include "database/database_fixture.h"
 
@@ -19,13 +19,13 @@ class TeamRecords : public figures_fixture {
  protected:
   shown_table ranking() const {
     write();
-    wldrank form;
+    world_rankings_form form;
     form.open();
     return form.table;
   }
-  teamdet team(int index = 0) const {
+  team_records_form team(int index = 0) const {
     write();
-    teamdet form;
+    team_records_form form;
     form.open();
     form.choose_team(index);
     return form;
@@ -94,7 +94,7 @@ TEST_F(TeamRecords, TheRankingHasTenRowsAndNoEleventh) {
   EXPECT_EQ(ranking().rows.size(), 10U);
   add_teams(11);
   write();
-  wldrank form;
+  world_rankings_form form;
   EXPECT_EQ(failure_of([&] { form.open(); }), failure::subscript);
 }
 
@@ -102,24 +102,24 @@ TEST_F(TeamRecords, ATeamWithoutAMatchHasNoSuccess) {
   add_team("Tamar", {1, 0, 0}, {});
   add_team("Alba", {}, {});
   write();
-  wldrank ranks;
+  world_rankings_form ranks;
   EXPECT_STREQ(
       error_of([&] { ranks.open(); }).what(),
       "Division by zero: a team of the table has played no match (file world.ptr, record 91, field away_won, at "
       "\"Alba\")");
   EXPECT_EQ(failure_of([&] { ranks.open(); }), failure::division);
-  teamdet form;
+  team_records_form form;
   EXPECT_EQ(failure_of([&] { form.open(); }), failure::division);
 }
 
 TEST_F(TeamRecords, ResultsBeyondADoubleAreRefused) {
   write();
   std::filesystem::copy_file(
-      std::filesystem::path(VELORIN_TEST_DATA) / "data" / "broken" / "BrokenResultsBeyondDouble.ptr", files.ptr,
+      std::filesystem::path(VELORIN_TEST_DATA) / "data" / "broken" / "BrokenResultsBeyondDouble.ptr", files.record_file,
       std::filesystem::copy_options::overwrite_existing);
-  wldrank ranks;
+  world_rankings_form ranks;
   EXPECT_EQ(failure_of([&] { ranks.open(); }), failure::overflow);
-  teamdet form;
+  team_records_form form;
   EXPECT_EQ(failure_of([&] { form.open(); }), failure::overflow);
 }
 
@@ -129,7 +129,7 @@ TEST_F(TeamRecords, ResultsBeyondADoubleAtHomeAloneAreRefusedWithTheTeam) {
   team.away_won = team.away_tied = {-1.7e308};
   team.away_lost = {1.0};
   write();
-  teamdet form;
+  team_records_form form;
   form.open();
   const auto error = error_of([&] { form.choose_team(0); });
   EXPECT_EQ(error.kind(), failure::overflow);
@@ -140,7 +140,7 @@ TEST_F(TeamRecords, ResultsBeyondADoubleAtHomeAloneAreRefusedWithTheTeam) {
 TEST_F(TeamRecords, ASuccessBeyondADoubleIsRefused) {
   add_team("Alba", {}, {}).home_won = {1e307};
   write();
-  wldrank ranks;
+  world_rankings_form ranks;
   EXPECT_EQ(failure_of([&] { ranks.open(); }), failure::overflow);
 }
 
@@ -156,9 +156,9 @@ TEST_F(TeamRecords, CountersOfAnyTagCount) {
 
 TEST_F(TeamRecords, ATeamHasThreeColumnsOfResults) {
   add_team("Alba", {3, 1, 1}, {2, 4, 0});
-  const teamdet form = team();
+  const team_records_form form = team();
   EXPECT_EQ(form.title, "Team Records - Alba");
-  EXPECT_THAT(teamdet::result_captions, ElementsAre("Played", "Won", "Lost", "Tied", "Success %"));
+  EXPECT_THAT(team_records_form::result_captions, ElementsAre("Played", "Won", "Lost", "Tied", "Success %"));
   EXPECT_EQ(form.results[0].heading, "Home");
   EXPECT_THAT(form.results[0].texts, ElementsAre("5", "3", "1", "1", "60%"));
   EXPECT_EQ(form.results[1].heading, "Away");
@@ -169,7 +169,7 @@ TEST_F(TeamRecords, ATeamHasThreeColumnsOfResults) {
 
 TEST_F(TeamRecords, ATeamWithoutAHomeMatchHasNoSuccessThere) {
   add_team("Alba", {}, {1, 0, 0});
-  const teamdet form = team();
+  const team_records_form form = team();
   EXPECT_THAT(form.results[0].texts, ElementsAre("0", "0", "0", "0", "  -  "));
   EXPECT_THAT(form.results[1].texts, ElementsAre("1", "1", "0", "0", "100%"));
   EXPECT_THAT(form.results[2].texts, ElementsAre("1", "1", "0", "0", "100%"));
@@ -179,7 +179,7 @@ TEST_F(TeamRecords, TheListHasTheOrderOfTheTableAndTheRankThatOfTheRanking) {
   add_team("Umbria", {1, 1, 0}, {});
   add_team("Alba", {1, 0, 0}, {});
   add_team("Tamar", {1, 1, 0}, {});
-  EXPECT_THAT(team().combo1, ElementsAre("Umbria", "Alba", "Tamar"));
+  EXPECT_THAT(team().teams, ElementsAre("Umbria", "Alba", "Tamar"));
   EXPECT_EQ(team(0).world_ranking.caption, "World Ranking : ");
   EXPECT_EQ(team(0).world_ranking.text, "2");
   EXPECT_EQ(team(1).world_ranking.text, "1");
@@ -247,7 +247,7 @@ TEST_F(TeamRecords, ATeamHasItsBestMen) {
   man.best_against = "Breton";
   add("Alba", man);
   const auto best = team().individual;
-  EXPECT_EQ(teamdet::individual_caption, "Induvidual  Records");
+  EXPECT_EQ(team_records_form::individual_caption, "Induvidual  Records");
   EXPECT_EQ(best[0].caption, "Highest Score:");
   EXPECT_EQ(best[0].text, "A.One  120* vs Tamar");
   EXPECT_EQ(best[1].caption, "Most Runs:");
@@ -297,7 +297,7 @@ TEST_F(TeamRecords, ATeamWithoutCareersShowsNoMen) {
   add_team("Tamar", {1, 0, 0}, {});
   add("Tamar", batsman("T.One", 1, 0, 5, 5));
   write();
-  teamdet form;
+  team_records_form form;
   form.open();
   form.choose_team(1);
   EXPECT_EQ(form.individual[1].text, "T.One  5 runs from 1 matches");
@@ -306,13 +306,13 @@ TEST_F(TeamRecords, ATeamWithoutCareersShowsNoMen) {
 }
 
 TEST_F(TeamRecords, AnEmptyDatabaseHasNoTeams) {
-  teamdet form;
+  team_records_form form;
   form.open();
-  EXPECT_THAT(form.combo1, IsEmpty());
+  EXPECT_THAT(form.teams, IsEmpty());
   form.choose_team(-1);
   EXPECT_EQ(form.world_ranking.text, "");
-  EXPECT_FALSE(std::filesystem::exists(files.ptr));
-  form.command1_click();
+  EXPECT_FALSE(std::filesystem::exists(files.record_file));
+  form.accept();
   EXPECT_TRUE(form.closed);
 }
 

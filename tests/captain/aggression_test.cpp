@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "captain/aicomp.h"
+#include "captain/computer_captain.h"
 #include "model/run_time_error.h"
 #include "support/sample_match.h"
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "model/teams.h"
+#include "model/match_state.h"
 
 // The computer captain's rules written a second time, as plainly as they can be told: bubble sorts, walks from place to
 // place, one branch for each stage of an innings. Slow, and only there to be compared with the captain of the game. All

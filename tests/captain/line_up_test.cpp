@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "captain/aicomp.h"
+#include "captain/computer_captain.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
 #include "support/sample_match.h"

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string>
 
-#include "captain/aicomp.h"
+#include "captain/computer_captain.h"
 #include "model/random.h"
 #include "support/sample_match.h"
 #include "support/shares.h"

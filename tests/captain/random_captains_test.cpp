@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "captain/aicomp.h"
 #include "captain/captains_rules.h"
+#include "captain/computer_captain.h"
 #include "model/run_time_error.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"

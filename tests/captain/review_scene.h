@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "captain/aicomp.h"
+#include "captain/computer_captain.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include "captain/aicomp.h"
+#include "captain/computer_captain.h"
 #include "model/random.h"
 #include "support/sample_match.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/cli_test.h"
+#include "cli/cli_fixture.h"
 
 namespace velorin::testing {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <sys/stat.h>
 
-#include "cli/cli_test.h"
+#include "cli/cli_fixture.h"
 
 namespace velorin::testing {
 namespace {

@@ -7,8 +7,8 @@
 
 #include <cerrno>
 
-#include "cli/cli_test.h"
-#include "database/records.h"
+#include "cli/cli_fixture.h"
+#include "database/lasting_records.h"
 #include "model/run_time_error.h"
 
 namespace velorin::testing {

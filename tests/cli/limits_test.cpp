@@ -5,16 +5,16 @@
 
 #include <limits>
 
-#include "captain/aicomp.h"
-#include "cli/cli_test.h"
+#include "captain/computer_captain.h"
+#include "cli/cli_fixture.h"
 #include "database/configuration.h"
-#include "database/records.h"
+#include "database/lasting_records.h"
 #include "database/slots.h"
 #include "database/teams_file.h"
-#include "engine/algorithm.h"
+#include "engine/delivery_model.h"
 #include "headless/headless_user.h"
 #include "model/random.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -151,53 +151,53 @@ TEST_F(CliLimits, ATableOfMoreTeamsThanCareersHold) {
 TEST_F(CliLimits, ARatingThatIsNoNumber) {
   for (float player_rec::*rating : {&player_rec::econ, &player_rec::bowl_sr}) {
     for (const float value : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
-      slot_file team = slot_file::read(files.team, team_slot);
+      slot_file team = slot_file::read(files.team_file, team_slot);
       const std::string whole = team.bytes();
       team_rec side = read_team(3);
       side.squad[4].*rating = value;
       team.put(3, encoded(side), {});
-      write_bytes(files.team, team.bytes());
+      write_bytes(files.team_file, team.bytes());
       EXPECT_THAT(refusal(), ::testing::EndsWith(fmt::format(
                                  "Type mismatch: a rating that is no number (file small.team, record 3, field "
                                  "squad[4].{}, at \"{}\")",
                                  rating == &player_rec::econ ? "econ" : "bowl_sr", side.squad[4].name)));
-      write_bytes(files.team, whole);
+      write_bytes(files.team_file, whole);
       use_files();
     }
   }
 }
 
 TEST_F(CliLimits, ARatingInAFreePlaceOfTheSquadIsNone) {
-  slot_file team = slot_file::read(files.team, team_slot);
+  slot_file team = slot_file::read(files.team_file, team_slot);
   team_rec side = read_team(3);
   side.squad[20] = player_rec();
   side.squad[20].econ = std::numeric_limits<float>::quiet_NaN();
   team.put(3, encoded(side), {});
-  write_bytes(files.team, team.bytes());
+  write_bytes(files.team_file, team.bytes());
   play_a_match();
 }
 
 TEST_F(CliLimits, AnElevensRecord) {
-  slot_file team = slot_file::read(files.team, team_slot);
+  slot_file team = slot_file::read(files.team_file, team_slot);
   team_rec side = read_team(3);
   player_rec& man = side.squad[7];  // the keeper is always selected
   man.is_keeper = flag_true;
   man.bat_skill = 99;
   man.name = std::string(125 - 30 - man.bat_type.size() - man.bowler_type.size(), 'n');
   team.put(3, encoded(side), {});
-  write_bytes(files.team, team.bytes());
+  write_bytes(files.team_file, team.bytes());
   play_a_match();
   man.name += 'n';
   team.put(3, encoded(side), {});
-  write_bytes(files.team, team.bytes());
+  write_bytes(files.team_file, team.bytes());
   EXPECT_THAT(refusal(), ::testing::MatchesRegex(".*Overflow: a record of 126 bytes in a slot of 125 \\(file "
                                                  "team1r.txt, record [0-9]+, at \"n+\"\\)"));
 }
 
 TEST_F(CliLimits, ATwentyFirstTeamOfTheDatabase) {
-  slot_file team = slot_file::read(files.team, team_slot);
+  slot_file team = slot_file::read(files.team_file, team_slot);
   team.put(1, encoded_field(integer(21)), {});
-  write_bytes(files.team, team.bytes());
+  write_bytes(files.team_file, team.bytes());
   EXPECT_THAT(refusal(), ::testing::EndsWith("Subscript out of range: a count of 21, at most 20 (file small.team, "
                                              "record 22, field team_count)"));
 }
@@ -241,9 +241,9 @@ TEST_P(CliUncounted, DeliveriesWithoutEnd) {
   {
     const front_end_scope scope(finder);
     chance.use_script(draws, "draws");
-    teamfrm form;
+    new_match_form form;
     form.open();
-    EXPECT_THROW(form.command1_click(), draw_finder::found);
+    EXPECT_THROW(form.accept(), draw_finder::found);
     bowler = match.bowling_xi[match.bowler].name;
   }
   play_a_match();

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "database/records.h"
+#include "database/lasting_records.h"
 
 namespace velorin::testing {
 

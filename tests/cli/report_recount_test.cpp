@@ -25,7 +25,7 @@ constexpr int matches_a_round = 30;
 class Season : public ::testing::Test {
  protected:
   void SetUp() override {
-    build_database(fs::path(VELORIN_TEST_DATA).parent_path() / "data" / "world", files.team, files.grd);
+    build_database(fs::path(VELORIN_TEST_DATA).parent_path() / "data" / "world", files.team_file, files.ground_file);
     for (const ground_rec& ground : read_grounds()) {
       ASSERT_TRUE(home_of_.emplace(ground.ground_name, ground.country).second) << ground.ground_name;
     }

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "cli/cli_test.h"
+#include "cli/cli_fixture.h"
 
 namespace velorin::testing {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "cli/cli_test.h"
+#include "cli/cli_fixture.h"
 
 namespace velorin::testing {
 namespace {

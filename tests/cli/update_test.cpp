@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/cli_test.h"
-#include "competitions/wctable.h"
+#include "cli/cli_fixture.h"
+#include "competitions/world_cup_form.h"
 #include "database/configuration.h"
-#include "database/records.h"
+#include "database/lasting_records.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
 #include "support/scripted_user.h"
 
 namespace velorin::testing {
@@ -75,9 +75,9 @@ TEST_F(Update, FilesCutShortTakeNoMatch) {
 
 TEST_F(Update, AFileOfAnotherDayTakesNoMatch) {
   run({"--seed", "1", "match", "--update", "--quiet"});
-  const std::string rec = file_bytes(teams() / "small.rec");
+  const std::string career_file = file_bytes(teams() / "small.rec");
   run({"--seed", "2", "match", "--update", "--quiet"});
-  write_bytes(teams() / "small.rec", rec);
+  write_bytes(teams() / "small.rec", career_file);
   EXPECT_THAT(error(1, {"--seed", "3", "match", "--update"}),
               HasSubstr("small.rec and small.ptr do not belong together"));
   const run_result checked = run({"db", "check", "small"});
@@ -212,12 +212,12 @@ TEST_F(Update, TheFiguresOfAWorldCupAreTheSumOfItsMatches) {
   chance.use_seed(3);
   counting_user user;
   const front_end_scope scope(user);
-  wctable form;
+  world_cup_form form;
   form.open();
-  form.command1_click();
+  form.accept();
   ASSERT_EQ(contents_of(teams()), after);
-  ASSERT_EQ(user.cup_tables.back().label8, shown.back()["winners"]) << "it is the same tournament";
-  ASSERT_EQ(user.cup_tables.back().label1_24, shown.back()["grand_final"]);
+  ASSERT_EQ(user.cup_tables.back().winners_line, shown.back()["winners"]) << "it is the same tournament";
+  ASSERT_EQ(user.cup_tables.back().grand_final, shown.back()["grand_final"]);
 
   EXPECT_EQ(user.matches, 32);
   EXPECT_EQ(sum(&career_rec::matches), 11 * 2 * user.matches);

@@ -4,7 +4,7 @@
 
 #include <fstream>
 
-#include "cli/cli_test.h"
+#include "cli/cli_fixture.h"
 #include "cli/command_line.h"
 #include "database/file_buffer.h"
 #include "database/file_calls.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "competitions/competition_test.h"
+#include "competitions/competition_fixture.h"
 
 namespace velorin::testing {
 

@@ -6,9 +6,9 @@
 #include <map>
 #include <string>
 
-#include "competitions/cup_test.h"
-#include "competitions/series1.h"
-#include "competitions/series2.h"
+#include "competitions/cup_fixture.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
 #include "support/shares.h"
 
 namespace velorin::testing {
@@ -35,12 +35,12 @@ class ground_watcher : public headless_user {
   int drawn = 0;
 
   using headless_user::show;
-  void show(sri_result& form) override {
+  void show(series_results_form& form) override {
     ++series_grounds[series.drawn_ground];
     ++drawn;
     headless_user::show(form);
   }
-  void show(triserresult& form) override {
+  void show(tri_series_table_form& form) override {
     ++tri_grounds[tri.drawn_ground];
     ++drawn;
     headless_user::show(form);
@@ -67,10 +67,10 @@ class DrawShares : public CupTest {
 
 TEST_F(DrawShares, GroundsOfASeries) {
   const front_end_scope scope(watcher_);
-  series1 form;
-  form.combo3 = seven_grounds;
-  form.text1 = "10";
-  while (watcher_.drawn < sample_size) form.command1_click();
+  series_form form;
+  form.grounds = seven_grounds;
+  form.typed_matches = "10";
+  while (watcher_.drawn < sample_size) form.accept();
   share_check shares;
   check_grounds(shares, "series", watcher_.series_grounds, watcher_.drawn);
   EXPECT_EQ(shares.strays(), "");
@@ -79,12 +79,12 @@ TEST_F(DrawShares, GroundsOfASeries) {
 
 TEST_F(DrawShares, GroundsOfATriSeries) {
   const front_end_scope scope(watcher_);
-  series2 form;
+  tri_series_form form;
   form.team_index = {-1, -1, -1};
   chance.use_seed(1992);
-  form.combo4 = seven_grounds;
-  form.text1 = "5";
-  while (watcher_.drawn < sample_size) form.command1_click();
+  form.grounds = seven_grounds;
+  form.typed_rounds = "5";
+  while (watcher_.drawn < sample_size) form.accept();
   share_check shares;
   check_grounds(shares, "tri series", watcher_.tri_grounds, watcher_.drawn);
   EXPECT_EQ(shares.strays(), "");
@@ -111,11 +111,11 @@ TEST_F(DrawShares, TheGroupMatches) {
   for (int n = 0; n < sample_size; ++n) {
     draw_group_fixtures();
     for (int place = 1; place <= 20; ++place) {
-      const wc_fixture& fixture = world_cup.wc_fixtures[place];
+      const cup_fixture& fixture = world_cup.fixtures[place];
       ++counts[entered[fixture.index_a][fixture.index_b] + (fixture.stage == "B" ? 1 : 0)][place];
     }
-    ++first_grounds[world_cup.wc_fixtures[1].venue];
-    ++grounds[world_cup.wc_fixtures[20].venue];
+    ++first_grounds[world_cup.fixtures[1].venue];
+    ++grounds[world_cup.fixtures[20].venue];
   }
   share_check shares;
   for (int from = 1; from <= 20; ++from) {
@@ -131,16 +131,16 @@ TEST_F(DrawShares, TheGroupMatches) {
 }
 
 TEST_F(DrawShares, TheSuperSixMatches) {
-  for (int place = 1; place <= 6; ++place) world_cup.wc_super_six[place].team = "Team " + std::to_string(place);
+  for (int place = 1; place <= 6; ++place) world_cup.super_six[place].team = "Team " + std::to_string(place);
   std::array<std::array<int, 10>, 10> counts{};
   tally grounds;
   for (int n = 0; n < sample_size; ++n) {
     draw_super_six_fixtures();
     for (int place = 1; place <= 9; ++place) {
-      const wc_fixture& fixture = world_cup.wc_fixtures[20 + place];
+      const cup_fixture& fixture = world_cup.fixtures[20 + place];
       ++counts[3 * (fixture.index_a - 1) + fixture.index_b][place];
     }
-    ++grounds[world_cup.wc_fixtures[25].venue];
+    ++grounds[world_cup.fixtures[25].venue];
   }
   share_check shares;
   for (int from = 1; from <= 9; ++from) {
@@ -161,7 +161,7 @@ class knock_out_watcher : public headless_user {
   tally grounds;
 
   using headless_user::show;
-  void show(wecond&) override {
+  void show(conditions_form&) override {
     ++grounds[match.ground.ground_name];
     throw cut_off();
   }
@@ -172,8 +172,8 @@ TEST_F(DrawShares, GroundsOfASemiFinal) {
   const front_end_scope scope(watcher);
   files.read_once = true;
   world_cup.grounds = {"Ardell Oval", "Brava Oval", "Corrin Park"};
-  world_cup.wc_semi[1].team_a = "Ardell";
-  world_cup.wc_semi[1].team_b = "Brava";
+  world_cup.semi_finals[1].team_a = "Ardell";
+  world_cup.semi_finals[1].team_b = "Brava";
   for (int n = 0; n < sample_size; ++n) EXPECT_THROW(run_semifinal(), knock_out_watcher::cut_off);
   share_check shares;
   for (const std::string& ground : world_cup.grounds) {

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "model/match_state.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 
 namespace velorin::testing {
 namespace {

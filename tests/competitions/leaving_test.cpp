@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fmt/format.h>
 
-#include "competitions/cup_test.h"
-#include "competitions/series1.h"
-#include "competitions/series2.h"
-#include "competitions/wc_fix.h"
-#include "competitions/wcsstab.h"
-#include "setup/teamsel.h"
+#include "competitions/cup_fixture.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
+#include "competitions/world_cup_fixtures.h"
+#include "competitions/world_cup_tables.h"
+#include "setup/conditions.h"
+#include "setup/team_selection.h"
 #include "setup/toss.h"
-#include "setup/wecond.h"
 
 // A user who leaves a match of a competition before it has begun. It is still to be played, and with the same draws
 // from the standings on the competition is that of a user who leaves nothing.
@@ -22,31 +22,31 @@ using ::testing::SizeIs;
 enum class step { conditions, first_selection, second_selection, coin };
 constexpr const char* step_names[] = {"Conditions", "FirstSelection", "SecondSelection", "Coin"};
 
-std::string text_of(const sri_result& form) {
-  std::string text = form.label4_1 + "|" + form.label4_0;
-  for (const sri_result::row& row : form.rows) text += "|" + row.label1 + row.label2;
+std::string text_of(const series_results_form& form) {
+  std::string text = form.heading + "|" + form.standing_line;
+  for (const series_results_form::row& row : form.rows) text += "|" + row.match_and_ground + row.result;
   return text;
 }
 
 std::string text_of(const league_texts& row) { return fmt::format("{}", fmt::join(row, " ")); }
 
-std::string text_of(const triserresult& form) {
-  std::string text = form.label5_0 + "|" + form.label5_1;
+std::string text_of(const tri_series_table_form& form) {
+  std::string text = form.final_line + "|" + form.final_result;
   for (const league_texts& row : form.rows) text += "|" + text_of(row);
   return text;
 }
 
-std::string text_of(const wc_fix& form) {
+std::string text_of(const world_cup_fixtures_form& form) {
   std::string text = std::to_string(form.next_fixture);
   for (int place = 1; place <= form.fixtures; ++place) {
-    const wc_fix::row row = form.row_of(place);
-    text += "|" + row.label6 + row.label1 + row.label2 + row.label3 + row.label4;
+    const world_cup_fixtures_form::row row = form.row_of(place);
+    text += "|" + row.match_number + row.team_a + row.team_b + row.venue + row.result;
   }
   return text;
 }
 
-std::string text_of(const wcsstab& form) {
-  std::string text = form.label1_22 + form.label1_23 + form.label1_24 + form.label8;
+std::string text_of(const world_cup_tables_form& form) {
+  std::string text = form.first_semi_final + form.second_semi_final + form.grand_final + form.winners_line;
   for (const auto* table : {&form.group_a, &form.group_b, &form.super_six}) {
     for (const league_texts& row : *table) text += "|" + text_of(row);
   }
@@ -68,16 +68,16 @@ class LeavingUser : public scripted_user {
   bool has_left() const { return left_; }
 
   using scripted_user::show;
-  void show(wecond& form) override {
+  void show(conditions_form& form) override {
     back_ = false;
     if (due(step::conditions)) return form.leave();
     scripted_user::show(form);
   }
-  void show(teamsel& form) override {
+  void show(team_selection_form& form) override {
     if (due(match.first_team_done ? step::second_selection : step::first_selection)) return form.leave();
     scripted_user::show(form);
   }
-  void show(toss& form) override {
+  void show(toss_form& form) override {
     if (due(step::coin)) return form.leave();
     scripted_user::show(form);
   }
@@ -85,13 +85,13 @@ class LeavingUser : public scripted_user {
     scripted_user::show(message);
     if (message.title == "End of Match") results.push_back(message.text + match.result_ground);
   }
-  void show(sri_result& form) override { keep(form); }
-  void show(triserresult& form) override { keep(form); }
-  void show(wcsstab& form) override { keep(form); }
-  void show(wc_fix& form) override {
+  void show(series_results_form& form) override { keep(form); }
+  void show(tri_series_table_form& form) override { keep(form); }
+  void show(world_cup_tables_form& form) override { keep(form); }
+  void show(world_cup_fixtures_form& form) override {
     if (back_ && quits_again_at != 0) {
       keep(form, false);
-      form.command3_click();
+      form.quit();
       return;
     }
     keep(form);
@@ -107,7 +107,7 @@ class LeavingUser : public scripted_user {
   void keep(Form& form, bool closes = true) {
     if (back_ && shown_again.empty() && at_return) at_return();
     (back_ ? shown_again : standings).push_back(text_of(form));
-    if (closes) form.command1_click();
+    if (closes) form.accept();
     seed();
   }
 
@@ -122,41 +122,41 @@ class LeavingCompetitions : public CupTest, public ::testing::WithParamInterface
   static void play_series(LeavingUser& user) {
     const front_end_scope in_use(user);
     series = {};
-    series1 form;
+    series_form form;
     form.open();
-    form.text1 = "3";
-    form.option1_cpu = form.option3_cpu = false;
+    form.typed_matches = "3";
+    form.computer_captains_home = form.computer_captains_away = false;
     play_to_the_end(form, user);
   }
   static void play_tri_series(LeavingUser& user) {
     const front_end_scope in_use(user);
     tri = {};
-    series2 form;
+    tri_series_form form;
     form.open();
-    form.cpu = {false, false, false};
+    form.computer_captains = {false, false, false};
     play_to_the_end(form, user);
   }
-  static wctable play_cup(LeavingUser& user) {
+  static world_cup_form play_cup(LeavingUser& user) {
     const front_end_scope in_use(user);
     world_cup = {};
-    wctable form;
+    world_cup_form form;
     form.open();
-    form.check1.fill(true);
-    form.check2.fill(true);
+    form.human_a.fill(true);
+    form.human_b.fill(true);
     user.seed();
-    form.command1_click();
+    form.accept();
     return form;
   }
 
   template <class Form>
   static void play_to_the_end(Form& form, LeavingUser& user) {
     user.seed();
-    form.command1_click();
+    form.accept();
     if (form.closed) return;
     // Nothing was played: the form is still there.
     EXPECT_THAT(user.results, IsEmpty());
     user.seed();
-    form.command1_click();
+    form.accept();
     EXPECT_TRUE(form.closed);
   }
 
@@ -226,7 +226,7 @@ TEST_P(LeavingCompetitions, AWorldCupGoesOnAsIfNothingWasLeft) {
       const int place = number <= 29 ? number : number - 30;
       EXPECT_EQ(world_cup.next_match, place);
     };
-    const wctable form = play_cup(user);
+    const world_cup_form form = play_cup(user);
     EXPECT_FALSE(form.closed);
     expect_equal(user, reference);
     EXPECT_THAT(user.shown_again, SizeIs(number > 30 ? 2 : 1));
@@ -249,11 +249,11 @@ TEST_F(CupTest, TheListAfterAMatchIsLeftLetsTheUserQuit) {
     user.quits_again_at = 1;
     const front_end_scope in_use(user);
     world_cup = {};
-    wctable form;
+    world_cup_form form;
     form.open();
-    form.check1.fill(true);
+    form.human_a.fill(true);
     user.seed();
-    form.command1_click();
+    form.accept();
     EXPECT_TRUE(form.closed);
     EXPECT_FALSE(world_cup.quit_requested);
     EXPECT_THAT(user.results, SizeIs(number - 1));
@@ -264,7 +264,7 @@ TEST_F(CupTest, AMatchLeftInTheSuperSixKeepsTheRequestToQuitAsToldThere) {
   LeavingUser user(24, step::conditions);
   user.quits_again_at = 1;
   const front_end_scope in_use(user);
-  form_.command1_click();
+  form_.accept();
   EXPECT_FALSE(form_.closed);
   EXPECT_TRUE(world_cup.quit_requested);
 }
@@ -272,7 +272,7 @@ TEST_F(CupTest, AMatchLeftInTheSuperSixKeepsTheRequestToQuitAsToldThere) {
 TEST_F(CupTest, EnteringAMatchEmptiesTheWholeResult) {
   static_cast<match_result&>(match) = {"Old Ground",        "Old",        "Older",
                                        "  won by  1  runs", {"Old", 1.5}, {"Older", -1.5}};
-  user_.on_wecond.push_back([](wecond& form) {
+  user_.on_conditions.push_back([](conditions_form& form) {
     const match_result& now = match;
     EXPECT_EQ(now.result_ground + now.result_winner + now.result_loser + now.result_margin, "");
     EXPECT_EQ(now.rate_first.team + now.rate_second.team, "");
@@ -289,24 +289,24 @@ TEST_F(CupTest, EnteringAMatchEmptiesTheWholeResult) {
 
 TEST_F(CupTest, ALoadedFormKeepsItsChoices) {
   form_.show_again();
-  form_.combo1[0] = 7;
-  form_.check2[1] = true;
+  form_.group_a_index[0] = 7;
+  form_.human_b[1] = true;
   form_.hidden = true;
   form_.show_again();
-  EXPECT_EQ(form_.combo1[0], 7);
-  EXPECT_TRUE(form_.check2[1]);
+  EXPECT_EQ(form_.group_a_index[0], 7);
+  EXPECT_TRUE(form_.human_b[1]);
   EXPECT_FALSE(form_.hidden);
   form_.closed = true;
   form_.show_again();
-  EXPECT_EQ(form_.combo1[0], 0) << "a closed one opens as at first";
-  EXPECT_FALSE(form_.check2[1]);
+  EXPECT_EQ(form_.group_a_index[0], 0) << "a closed one opens as at first";
+  EXPECT_FALSE(form_.human_b[1]);
   EXPECT_FALSE(form_.closed);
-  form_.check2[1] = true;
+  form_.human_b[1] = true;
   database_.add_team("Zenda");
   database_.write();
   form_.show_again();
   EXPECT_EQ(form_.teams.size(), 11U);
-  EXPECT_FALSE(form_.check2[1]) << "of another database nothing was chosen";
+  EXPECT_FALSE(form_.human_b[1]) << "of another database nothing was chosen";
 }
 
 TEST_F(CupTest, AFreshRecordIsThatOfANewStart) {
@@ -315,18 +315,18 @@ TEST_F(CupTest, AFreshRecordIsThatOfANewStart) {
   {
     const front_end_scope in_use(first);
     first.seed();
-    form_.command1_click();
+    form_.accept();
   }
   EXPECT_NE(standing_cup(), "");
-  const wc_group_team stood = world_cup.wc_group_a[1];
+  const cup_group_team stood = world_cup.group_a[1];
   start_cup_afresh();
   EXPECT_EQ(standing_cup(), "");
   LeavingUser second(0, step::conditions);
   const front_end_scope in_use(second);
   second.seed();
-  form_.command1_click();
+  form_.accept();
   EXPECT_EQ(second.standings, first.standings);
-  EXPECT_EQ(world_cup.wc_group_a[1].versus[2].played, stood.versus[2].played);
+  EXPECT_EQ(world_cup.group_a[1].versus[2].played, stood.versus[2].played);
 }
 
 TEST_F(CupTest, CountriesWithoutAGroundAreNamedOnce) {
@@ -337,14 +337,14 @@ TEST_F(CupTest, CountriesWithoutAGroundAreNamedOnce) {
 
 TEST_F(CupTest, OkNeedsEveryTeam) {
   EXPECT_TRUE(form_.ready());
-  form_.combo2[4] = -1;
+  form_.group_b_index[4] = -1;
   EXPECT_FALSE(form_.ready());
-  series1 two;
+  series_form two;
   two.open();
   EXPECT_TRUE(two.ready());
   two.choose_away(-1);
   EXPECT_FALSE(two.ready());
-  series2 three;
+  tri_series_form three;
   three.open();
   EXPECT_TRUE(three.ready());
   three.choose_team(2, -1);

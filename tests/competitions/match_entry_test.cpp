@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "competitions/match_entry.h"
 
-#include "competitions/competition_test.h"
+#include "competitions/competition_fixture.h"
 #include "model/run_time_error.h"
 
 namespace velorin::testing {
@@ -210,15 +210,15 @@ TEST_F(MatchEntry, ProgressCountsTheOversBowledAndNotTheShareOfTheMatch) {
   EXPECT_THAT(user_.requests_of("message"), ElementsAre(StartsWith("message End of Match | ")));
 }
 
-TEST(Progressbar, CountsOversAsIfTheyWerePerCent) {
-  progressbar bar;
+TEST(MatchProgress, CountsOversAsIfTheyWerePerCent) {
+  match_progress bar;
   bar.over = 1;
   EXPECT_EQ(bar.title(), "Simming Match... (1% finished )");
   EXPECT_DOUBLE_EQ(bar.bar_length(), 49.95);
   bar.over = 100;
   EXPECT_EQ(bar.title(), "Simming Match... (100% finished )");
   EXPECT_DOUBLE_EQ(bar.bar_length(), 4995) << "a little beyond the frame of 4935";
-  EXPECT_EQ(progressbar::bar_position, 60);
+  EXPECT_EQ(match_progress::bar_position, 60);
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/cup_fixture.h"
 #include "competitions/cup_model.h"
-#include "competitions/cup_test.h"
-#include "competitions/series1.h"
-#include "competitions/series2.h"
-#include "competitions/wc_fix.h"
-#include "competitions/wcsstab.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
+#include "competitions/world_cup_fixtures.h"
+#include "competitions/world_cup_tables.h"
 #include "model/texts.h"
 
 namespace velorin::testing {
@@ -17,7 +17,7 @@ class Seasons : public CupTest {
  protected:
   /// Plays a World Cup and checks every window of it.
   void play_and_check(std::uint64_t seed);
-  void check_tables(const wcsstab& shown, const std::string& where, bool with_super_six);
+  void check_tables(const world_cup_tables_form& shown, const std::string& where, bool with_super_six);
   void check_knock_out();
 
   cup_model model_;
@@ -47,7 +47,7 @@ void check_shown_points(const std::vector<league_texts>& table) {
   }
 }
 
-void Seasons::check_tables(const wcsstab& shown, const std::string& where, bool with_super_six) {
+void Seasons::check_tables(const world_cup_tables_form& shown, const std::string& where, bool with_super_six) {
   expect_table(shown.group_a, model_.group_table(0), where + ", Group A");
   expect_table(shown.group_b, model_.group_table(1), where + ", Group B");
   check_shown_points(shown.group_a);
@@ -71,14 +71,14 @@ void Seasons::check_knock_out() {
   EXPECT_EQ(all[29].second, table[3].team);
   EXPECT_EQ(all[30].first, table[1].team);
   EXPECT_EQ(all[30].second, table[2].team);
-  const wcsstab& shown = user_.cup_tables.back();
-  EXPECT_EQ(shown.label1_22, pairing(all[29]));
-  EXPECT_EQ(shown.label1_23, pairing(all[30]));
+  const world_cup_tables_form& shown = user_.cup_tables.back();
+  EXPECT_EQ(shown.first_semi_final, pairing(all[29]));
+  EXPECT_EQ(shown.second_semi_final, pairing(all[30]));
   if (all.size() < 32) return;  // a semi-final was tied
   EXPECT_EQ(all[31].first, all[29].result.result_winner);
   EXPECT_EQ(all[31].second, all[30].result.result_winner);
-  EXPECT_EQ(shown.label1_24, pairing(all[31]));
-  EXPECT_EQ(shown.label8, "World Cup winners : " + all[31].result.result_winner);
+  EXPECT_EQ(shown.grand_final, pairing(all[31]));
+  EXPECT_EQ(shown.winners_line, "World Cup winners : " + all[31].result.result_winner);
 }
 
 void Seasons::play_and_check(std::uint64_t seed) {
@@ -86,13 +86,13 @@ void Seasons::play_and_check(std::uint64_t seed) {
   const bool second = six_known_;
   user_.matches.clear();
   user_.cup_tables.clear();
-  form_.command1_click();
+  form_.accept();
   ASSERT_GE(user_.matches.size(), 31U);
   ASSERT_EQ(user_.cup_tables.size(), 33U);
   model_.begin(cup_group_a, cup_group_b);
   std::size_t showing = 0;
   for (int k = 1; k <= 20; ++k) {
-    model_.book_group(world_cup.wc_fixtures[k].stage == "A" ? 0 : 1, user_.matches[k - 1]);
+    model_.book_group(world_cup.fixtures[k].stage == "A" ? 0 : 1, user_.matches[k - 1]);
     check_tables(user_.cup_tables[showing++], "after group match " + std::to_string(k), six_known_);
   }
   for (int group = 0; group < 2; ++group) check_arithmetic(model_.group_table(group), true);
@@ -123,13 +123,13 @@ TEST_F(Seasons, AWorldCupAddsUp) {
 
 TEST_F(Seasons, ASecondWorldCupAddsToTheTalliesOfTheFirst) {
   play_and_check(11);
-  const std::string first_winner = user_.cup_tables.back().label8;
+  const std::string first_winner = user_.cup_tables.back().winners_line;
   user_.fixture_lists.clear();
   play_and_check(12);
   // The tables of the knock-out are overwritten only as it is reached.
-  EXPECT_EQ(user_.cup_tables.front().label8, first_winner);
-  EXPECT_NE(user_.cup_tables.front().label1_24, "");
-  const wc_fix& list = user_.fixture_lists.front();
+  EXPECT_EQ(user_.cup_tables.front().winners_line, first_winner);
+  EXPECT_NE(user_.cup_tables.front().grand_final, "");
+  const world_cup_fixtures_form& list = user_.fixture_lists.front();
   EXPECT_EQ(list.fixtures, 29) << "the Super Six of the first still stands in the list";
   EXPECT_EQ(list.next_fixture, 0) << "with the old results no match looks unplayed";
   EXPECT_EQ(list.scroll, 1);
@@ -145,11 +145,11 @@ TEST_F(Seasons, AThirdAlsoDoes) {
 TEST_F(Seasons, NamesAreDrawnAnewOverTheOldResults) {
   play_and_check(31);
   std::vector<std::string> old_results;
-  for (int k = 1; k <= 29; ++k) old_results.push_back(world_cup.wc_fixtures[k].result);
+  for (int k = 1; k <= 29; ++k) old_results.push_back(world_cup.fixtures[k].result);
   quit_after(0);
-  form_.command1_click();
+  form_.accept();
   std::vector<std::string> kept;
-  for (int k = 1; k <= 29; ++k) kept.push_back(world_cup.wc_fixtures[k].result);
+  for (int k = 1; k <= 29; ++k) kept.push_back(world_cup.fixtures[k].result);
   EXPECT_THAT(std::vector<std::string>(kept.begin(), kept.begin() + 20),
               ::testing::UnorderedElementsAreArray(old_results.begin(), old_results.begin() + 20))
       << "the shuffle carries the old results along";
@@ -161,12 +161,12 @@ TEST_F(Seasons, TriSeriesAddUp) {
     SCOPED_TRACE(seed);
     chance.use_seed(seed);
     user_.tri_tables.clear();
-    series2 form;
+    tri_series_form form;
     form.open();
-    form.vscroll1_change(4);
-    form.command1_click();
+    form.set_rounds(4);
+    form.accept();
     for (std::size_t shown = 0; shown < 12; ++shown) {
-      const triserresult& table = user_.tri_tables[shown];
+      const tri_series_table_form& table = user_.tri_tables[shown];
       const std::vector<league_texts> rows(table.rows.begin(), table.rows.end());
       check_shown_points(rows);
       double played = 0;
@@ -189,7 +189,7 @@ TEST_F(Seasons, TheSameSeedPlaysTheSameSeason) {
     chance.use_seed(seed);
     world_cup = world_cup_record();
     user_.matches.clear();
-    form_.command1_click();
+    form_.accept();
     std::vector<std::string> lines;
     for (const entered_match& played : user_.matches) {
       lines.push_back(played.first + played.second + played.ground + played.result.result_winner +

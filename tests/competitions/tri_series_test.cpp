@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "competitions/competition_test.h"
-#include "competitions/series2.h"
+#include "competitions/tri_series.h"
+#include "competitions/competition_fixture.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
-#include "setup/wecond.h"
+#include "setup/conditions.h"
 
 namespace velorin::testing {
 namespace {
@@ -20,18 +20,18 @@ class TriSeries : public CompetitionTest {
   }
 
   /// Plays the competition; the last showing of its table.
-  triserresult play(int rounds = 1) {
-    form_.vscroll1_change(rounds);
-    form_.command1_click();
+  tri_series_table_form play(int rounds = 1) {
+    form_.set_rounds(rounds);
+    form_.accept();
     EXPECT_EQ(user_.matches.size(), 3U * rounds + 1);
     EXPECT_EQ(user_.tri_tables.size(), 3U * rounds + 1) << "the table is shown after every match";
     return user_.tri_tables.back();
   }
 
-  series2 form_;
+  tri_series_form form_;
 };
 
-std::vector<std::string> teams_of(const triserresult& shown) {
+std::vector<std::string> teams_of(const tri_series_table_form& shown) {
   return {shown.rows[0][0], shown.rows[1][0], shown.rows[2][0]};
 }
 
@@ -43,23 +43,23 @@ std::vector<std::string> pairs_of(const std::vector<entered_match>& matches) {
 
 TEST_F(TriSeries, TheFormOpensOnTheSecondToTheFourthTeam) {
   EXPECT_THAT(form_.team_index, ElementsAre(1, 2, 3));
-  EXPECT_THAT(form_.combo4, ElementsAre("Beta Oval", "Beta Park"));
-  EXPECT_EQ(form_.combo4_index, 1);
-  EXPECT_EQ(form_.text1, "1");
-  EXPECT_THAT(form_.cpu, ElementsAre(true, true, true));
+  EXPECT_THAT(form_.grounds, ElementsAre("Beta Oval", "Beta Park"));
+  EXPECT_EQ(form_.ground_index, 1);
+  EXPECT_EQ(form_.typed_rounds, "1");
+  EXPECT_THAT(form_.computer_captains, ElementsAre(true, true, true));
   form_.choose_team(0, 0);
-  EXPECT_THAT(form_.combo4, ElementsAre("Alpha Oval", "Alpha Park")) << "the grounds follow the host";
+  EXPECT_THAT(form_.grounds, ElementsAre("Alpha Oval", "Alpha Park")) << "the grounds follow the host";
   form_.choose_team(2, 1);
-  EXPECT_THAT(form_.combo4, ElementsAre("Alpha Oval", "Alpha Park"));
+  EXPECT_THAT(form_.grounds, ElementsAre("Alpha Oval", "Alpha Park"));
 }
 
 TEST_F(TriSeries, CancelAndAWrongNumberPlayNothing) {
   for (const char* text : {"6", "0", "", "1.5"}) {
-    form_.text1 = text;
-    EXPECT_THROW(form_.command1_click(), run_time_error) << text;
+    form_.typed_rounds = text;
+    EXPECT_THROW(form_.accept(), run_time_error) << text;
   }
   EXPECT_FALSE(form_.closed);
-  form_.command2_click();
+  form_.cancel();
   EXPECT_TRUE(form_.closed);
   EXPECT_THAT(user_.requests, IsEmpty());
 }
@@ -74,7 +74,7 @@ TEST_F(TriSeries, ARoundIsThreeMatchesInAFixedOrder) {
 
 TEST_F(TriSeries, FiveRoundsAreSixteenMatches) {
   force(std::vector<int>(16, 2));
-  const triserresult shown = play(5);
+  const tri_series_table_form shown = play(5);
   EXPECT_THAT(shown.rows[0], ElementsAre("Delta", "10", "10", "0", "0", "20", "10"));
   EXPECT_THAT(shown.rows[1], ElementsAre("Gamma", "10", "5", "5", "0", "10", "0"));
   EXPECT_THAT(shown.rows[2], ElementsAre("Beta", "10", "0", "10", "0", "0", "-10"));
@@ -100,28 +100,28 @@ TEST_F(TriSeries, TheTableGrowsMatchByMatch) {
 TEST_F(TriSeries, TheFinalistsAreTheFirstTwoOfTheMoment) {
   force({2, 2, 2, 1});
   play();
-  EXPECT_EQ(user_.tri_tables[0].label5_0, "Final (from above table) - Gamma vs Delta");
-  EXPECT_EQ(user_.tri_tables[2].label5_0, "Final (from above table) - Delta vs Gamma");
-  EXPECT_EQ(user_.tri_tables[2].label5_1, "") << "the final is still to come";
-  EXPECT_EQ(user_.tri_tables[3].label5_0, "Final (from above table) - Delta vs Gamma");
-  EXPECT_EQ(user_.tri_tables[3].label5_1, "Delta   won by  7  runs");
+  EXPECT_EQ(user_.tri_tables[0].final_line, "Final (from above table) - Gamma vs Delta");
+  EXPECT_EQ(user_.tri_tables[2].final_line, "Final (from above table) - Delta vs Gamma");
+  EXPECT_EQ(user_.tri_tables[2].final_result, "") << "the final is still to come";
+  EXPECT_EQ(user_.tri_tables[3].final_line, "Final (from above table) - Delta vs Gamma");
+  EXPECT_EQ(user_.tri_tables[3].final_result, "Delta   won by  7  runs");
 }
 
 TEST_F(TriSeries, ATiedFinalHasNoWinner) {
   force({1, 1, 1, 0});
-  EXPECT_EQ(play().label5_1, " Match tied.");
+  EXPECT_EQ(play().final_result, " Match tied.");
 }
 
 TEST_F(TriSeries, ThreeTeamsLevelOnPointsStandByTheirRates) {
   user_.endings = {{ending::first_wins, 1.0}, {ending::second_wins, -1.003}, {ending::first_wins, 1.001}};
   force({2});
-  const triserresult shown = play();
+  const tri_series_table_form shown = play();
   // Beta 1 - 1.003 = -0.003, Gamma -1 + 1.001 = 0.001, Delta 1.003 - 1.001 = 0.002
   EXPECT_THAT(shown.rows[0], ElementsAre("Delta", "2", "1", "1", "0", "2", "0"));
   EXPECT_THAT(shown.rows[1], ElementsAre("Gamma", "2", "1", "1", "0", "2", "0"));
   EXPECT_THAT(shown.rows[2], ElementsAre("Beta", "2", "1", "1", "0", "2", "0"));
-  EXPECT_EQ(shown.label5_0, "Final (from above table) - Delta vs Gamma");
-  EXPECT_EQ(shown.label5_1, "Gamma   won by  7  runs");
+  EXPECT_EQ(shown.final_line, "Final (from above table) - Delta vs Gamma");
+  EXPECT_EQ(shown.final_result, "Gamma   won by  7  runs");
 }
 
 TEST_F(TriSeries, TeamsLevelInEverythingStandAsOnTheForm) {
@@ -131,8 +131,8 @@ TEST_F(TriSeries, TeamsLevelInEverythingStandAsOnTheForm) {
 
 TEST_F(TriSeries, TheTableItselfIsNeverSorted) {
   force({2, 2, 2, 1});
-  user_.on_triserresult.resize(2, [](triserresult& shown) { shown.command1_click(); });
-  user_.on_triserresult.push_back([](triserresult& shown) {
+  user_.on_tri_series_table.resize(2, [](tri_series_table_form& shown) { shown.accept(); });
+  user_.on_tri_series_table.push_back([](tri_series_table_form& shown) {
     EXPECT_EQ(tri.tri_table[1].team, "Beta");
     EXPECT_EQ(tri.tri_table[1].points, 0);
     EXPECT_EQ(tri.tri_table[3].team, "Delta");
@@ -142,7 +142,7 @@ TEST_F(TriSeries, TheTableItselfIsNeverSorted) {
     EXPECT_EQ(tri.tri_table[3].note, "");
     EXPECT_EQ(match.result_winner, "");
     EXPECT_EQ(match.rate_first.team, "");
-    shown.command1_click();
+    shown.accept();
     EXPECT_TRUE(shown.closed);
   });
   play();
@@ -154,7 +154,7 @@ TEST_F(TriSeries, TheTableItselfIsNeverSorted) {
 }
 
 TEST_F(TriSeries, TheCaptainsFollowTheirTeamsIntoTheFinal) {
-  form_.cpu = {true, true, false};
+  form_.computer_captains = {true, true, false};
   force({2, 2, 1, 1});
   play();
   const std::vector<entered_match>& played = user_.matches;
@@ -170,9 +170,9 @@ TEST_F(TriSeries, TheCaptainsFollowTheirTeamsIntoTheFinal) {
 
 TEST_F(TriSeries, OfTeamsOfOneNameTheFirstCaptainCounts) {
   form_.choose_team(1, 1);
-  form_.cpu = {false, true, true};
+  form_.computer_captains = {false, true, true};
   force({1, 1, 1, 1});
-  const triserresult shown = play();
+  const tri_series_table_form shown = play();
   // Beta v Beta: both rows count it twice, the second row wins and loses. Beta v Delta twice: the second row wins.
   EXPECT_THAT(shown.rows[0], ElementsAre("Beta", "4", "3", "1", "0", "6", "2"));
   EXPECT_THAT(shown.rows[1], ElementsAre("Beta", "4", "0", "0", "0", "0", "2"));
@@ -198,8 +198,8 @@ TEST_F(TriSeries, AllMatchesAreInTheHostsCountryEachOnItsOwnDraw) {
 TEST_F(TriSeries, TheFirstDrawIsTheGroundOfTheFirstMatch) {
   for (const auto& [draw, ground] : {std::pair{0.1, "Beta Oval"}, std::pair{0.5, "Beta Park"}}) {
     script_draws({draw, 0.5, 0.5, 0.5, 0.5});
-    user_.on_wecond.push_back([](wecond&) { throw std::runtime_error("seen"); });
-    EXPECT_THROW(form_.command1_click(), std::runtime_error);
+    user_.on_conditions.push_back([](conditions_form&) { throw std::runtime_error("seen"); });
+    EXPECT_THROW(form_.accept(), std::runtime_error);
     EXPECT_EQ(user_.matches.back().ground, ground);
     EXPECT_EQ(chance.draws_used(), 5U) << "the ground and the four of the conditions";
   }
@@ -250,7 +250,7 @@ TEST_F(TriSeries, AMatchPlayedToItsOwnEndIsBookedFromItsResult) {
     const int points_b = 2 * b.won + b.tied;
     return points_a != points_b ? points_a > points_b : a.rate > b.rate;
   });
-  const triserresult& shown = user_.tri_tables[8];
+  const tri_series_table_form& shown = user_.tri_tables[8];
   for (std::size_t i = 0; i < 3; ++i) {
     const account& team = teams[i];
     EXPECT_EQ(shown.rows[i][0], team.team);
@@ -277,10 +277,10 @@ TEST(TriSponsors, FollowTheHost) {
     tri.tri_table[2].team = "England";
     tri.tri_table[2].points = 2;
     tri.tri_table[3].team = "India";
-    triserresult shown;
+    tri_series_table_form shown;
     shown.open();
     EXPECT_EQ(shown.title, std::string(sponsor) + " Tri Series");
-    EXPECT_EQ(shown.label4_1, std::string(sponsor) + " Tri Series - Table");
+    EXPECT_EQ(shown.heading, std::string(sponsor) + " Tri Series - Table");
   }
   tri = tri_record();
 }

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "console/gradi.h"
+#include "console/console_figures.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -34,11 +34,11 @@ class ConsoleView : public ::testing::Test {
 
 TEST_F(ConsoleView, ScoreBeforeTheFirstBall) {
   const score_view view = view_score();
-  EXPECT_EQ(view.label15_1, "0/0");
-  EXPECT_EQ(view.label15_2, "0.0 Overs");
-  EXPECT_EQ(view.label15_19, " - ");
-  EXPECT_EQ(view.team1, "Home");
-  EXPECT_EQ(view.team2, "Away");
+  EXPECT_EQ(view.score, "0/0");
+  EXPECT_EQ(view.overs, "0.0 Overs");
+  EXPECT_EQ(view.run_rate, " - ");
+  EXPECT_EQ(view.batting_team, "Home");
+  EXPECT_EQ(view.bowling_team, "Away");
 }
 
 TEST_F(ConsoleView, ScoreInPlay) {
@@ -46,9 +46,9 @@ TEST_F(ConsoleView, ScoreInPlay) {
   match.score_wickets = 4;
   match.innings_balls = 249;
   const score_view view = view_score();
-  EXPECT_EQ(view.label15_1, "236/4");
-  EXPECT_EQ(view.label15_2, "41.3 Overs");
-  EXPECT_EQ(view.label15_19, "5.69");
+  EXPECT_EQ(view.score, "236/4");
+  EXPECT_EQ(view.overs, "41.3 Overs");
+  EXPECT_EQ(view.run_rate, "5.69");
 }
 
 TEST_F(ConsoleView, TheHeadTellsWhatAChaseNeeds) {
@@ -79,7 +79,7 @@ TEST_F(ConsoleView, RatesHaveTwoPlacesAndNoFill) {
                        row{3, 48, "0.38"}}) {
     match.score_runs = r.runs;
     match.innings_balls = r.balls;
-    EXPECT_EQ(view_score().label15_19, r.rate) << r.runs << " off " << r.balls;
+    EXPECT_EQ(view_score().run_rate, r.rate) << r.runs << " off " << r.balls;
   }
 }
 
@@ -91,17 +91,17 @@ TEST_F(ConsoleView, ShortNames) {
   for (const row& r : {row{"Home", "Hom"}, row{"Ho", "Ho"}, row{"", ""}, row{"New Home", "NH"},
                        row{"Old North Home", "ON"}, row{"A B", "AB"}, row{"Home ", "H"}, row{"Two  Blanks", "T "}}) {
     match.team1_name = r.team;
-    EXPECT_EQ(view_score().label15_0, r.shown) << r.team;
+    EXPECT_EQ(view_score().batting_short_name, r.shown) << r.team;
   }
 }
 
 TEST_F(ConsoleView, TheClockHasTwoDigitsEach) {
   match.clock_minutes = 630;
-  EXPECT_EQ(view_score().label27_0, "10:30");
+  EXPECT_EQ(view_score().time_of_day, "10:30");
   match.clock_minutes = 545;
-  EXPECT_EQ(view_score().label27_0, "09:05");
+  EXPECT_EQ(view_score().time_of_day, "09:05");
   match.clock_minutes = 5610;  // a start of play of three digits: 93 and 30
-  EXPECT_EQ(view_score().label27_0, "93:30");
+  EXPECT_EQ(view_score().time_of_day, "93:30");
 }
 
 TEST_F(ConsoleView, BatsmenStandInTheirSlots) {
@@ -147,9 +147,9 @@ TEST_F(ConsoleView, NobodyMovesTheSettingsOfAComputer) {
     for (const bool bowls : {false, true}) {
       match.computer_bats = bats;
       match.computer_bowls = bowls;
-      EXPECT_EQ(view_batsman(0).command4_enabled, !bats);
-      EXPECT_EQ(view_batsman(1).command4_enabled, !bats);
-      EXPECT_EQ(view_bowlers().command3_enabled, !bowls);
+      EXPECT_EQ(view_batsman(0).aggression_enabled, !bats);
+      EXPECT_EQ(view_batsman(1).aggression_enabled, !bats);
+      EXPECT_EQ(view_bowlers().change_enabled, !bowls);
     }
   }
 }
@@ -160,10 +160,10 @@ TEST_F(ConsoleView, BowlersHaveTheirFigures) {
   match.bowling_aggression = {2, 3};
   const bowlers_view view = view_bowlers();
   EXPECT_EQ(view.bowler, "A.Bowl8");
-  EXPECT_EQ(view.label19_11, "8.3");
-  EXPECT_EQ(view.label19_10, "1");
-  EXPECT_EQ(view.label19_9, "41");
-  EXPECT_EQ(view.label19_8, "2");
+  EXPECT_EQ(view.overs, "8.3");
+  EXPECT_EQ(view.maidens, "1");
+  EXPECT_EQ(view.runs, "41");
+  EXPECT_EQ(view.wickets, "2");
   EXPECT_EQ(view.next_bowler, "A.Bowl11");
   EXPECT_EQ(view.next_figures, "9.0 - 0 - 50 - 1");
   EXPECT_EQ(view.aggression, (std::array<int, 2>{2, 3}));
@@ -183,7 +183,7 @@ TEST_F(ConsoleView, TheTableOfBowlersShortensNamesOfTwelveCharacters) {
     refresh_bowling_card();
     const auto table = view_bowler_list();
     ASSERT_EQ(table.size(), 1U);
-    EXPECT_EQ(table[0].label25, r.shown);
+    EXPECT_EQ(table[0].name, r.shown);
     EXPECT_EQ(table[0].figures, "10.0-2-30-4");
   }
 }
@@ -196,8 +196,8 @@ TEST_F(ConsoleView, TwoMenOfOneShortenedNameHaveTwoRows) {
   refresh_bowling_card();
   const auto table = view_bowler_list();
   ASSERT_EQ(table.size(), 2U);
-  EXPECT_EQ(table[0].label25, "A.Longna'-X");
-  EXPECT_EQ(table[1].label25, "A.Longna'-X");
+  EXPECT_EQ(table[0].name, "A.Longna'-X");
+  EXPECT_EQ(table[1].name, "A.Longna'-X");
 }
 
 // The last wicket.

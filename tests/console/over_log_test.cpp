@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "console/gradi.h"
+#include "console/console_figures.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {

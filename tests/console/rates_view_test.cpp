@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "console/console_figures.h"
 #include "console/console_view.h"
-#include "console/gradi.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -35,12 +35,12 @@ class RatesView : public ::testing::Test {
   }
   static std::vector<std::string> cells() {
     std::vector<std::string> texts;
-    for (const rate_cell& cell : view_rates().label26) texts.push_back(cell.text);
+    for (const rate_cell& cell : view_rates().cells) texts.push_back(cell.text);
     return texts;
   }
   static std::vector<std::string> headings() {
     std::vector<std::string> texts;
-    for (const rate_cell& cell : view_rates().label26) texts.push_back(cell.heading);
+    for (const rate_cell& cell : view_rates().cells) texts.push_back(cell.heading);
     return texts;
   }
   /// A second innings after 250/7.
@@ -57,13 +57,13 @@ TEST_F(RatesView, LastFiveStandsFromTheFifthOver) {
   for (int over = 1; over <= 6; ++over) write_over(match.ball_log, over, {"1", "0", "0", "0", "0", "0"});
   write_over(match.ball_log, 1, {"4", "W", "2", "", "3", "0"});
   refresh_at(0, 0, 0);
-  EXPECT_EQ(view_rates().label15_20, " - ");
+  EXPECT_EQ(view_rates().last_five_overs, " - ");
   refresh_at(12, 1, 24);
-  EXPECT_EQ(view_rates().label15_20, " - ");
+  EXPECT_EQ(view_rates().last_five_overs, " - ");
   refresh_at(13, 1, 30);
-  EXPECT_EQ(view_rates().label15_20, "2.6");
+  EXPECT_EQ(view_rates().last_five_overs, "2.6");
   refresh_at(14, 1, 36);
-  EXPECT_EQ(view_rates().label15_20, "1");
+  EXPECT_EQ(view_rates().last_five_overs, "1");
 }
 
 TEST_F(RatesView, LastFiveChangesOnlyWithARefresh) {
@@ -72,7 +72,7 @@ TEST_F(RatesView, LastFiveChangesOnlyWithARefresh) {
   write_over(match.ball_log, 6, {"6", "6", "6", "", "", ""});
   match.score_runs = 48;
   match.innings_balls = 33;
-  EXPECT_EQ(view_rates().label15_20, "6");
+  EXPECT_EQ(view_rates().last_five_overs, "6");
 }
 
 TEST_F(RatesView, LastFiveEndsWithTheLastCompletedOver) {
@@ -81,26 +81,26 @@ TEST_F(RatesView, LastFiveEndsWithTheLastCompletedOver) {
   match.innings_balls = 36;
   match.over_no = 6;
   refresh_rates();
-  EXPECT_EQ(view_rates().label15_20, "0.8") << "overs 2 to 5, and the sixth still empty";
+  EXPECT_EQ(view_rates().last_five_overs, "0.8") << "overs 2 to 5, and the sixth still empty";
   write_over(match.ball_log, 6, {"5", "", "", "", "", ""});
-  EXPECT_EQ(view_rates().label15_20, "0.8") << "the over in progress does not count";
+  EXPECT_EQ(view_rates().last_five_overs, "0.8") << "the over in progress does not count";
   match.innings_balls = 42;
   match.over_no = 7;
   refresh_rates();
-  EXPECT_EQ(view_rates().label15_20, "1.6") << "overs 3 to 6";
+  EXPECT_EQ(view_rates().last_five_overs, "1.6") << "overs 3 to 6";
 }
 
 TEST_F(RatesView, LastFiveIsEmptyUntilTheFifthOverOfTheChase) {
   for (int over = 45; over <= 49; ++over) write_over(match.ball_log, over, {"1", "1", "1", "1", "1", "2"});
   refresh_at(240, 5, 294);
-  EXPECT_EQ(view_rates().label15_20, "7");
+  EXPECT_EQ(view_rates().last_five_overs, "7");
   std::swap(match.ball_log, match.first_ball_log);
   start_chase();
   match.innings_balls = 0;
   prepare_chase_display();
-  EXPECT_EQ(view_rates().label15_20, " - ");
+  EXPECT_EQ(view_rates().last_five_overs, " - ");
   refresh_at(4, 0, 6);
-  EXPECT_EQ(view_rates().label15_20, " - ");
+  EXPECT_EQ(view_rates().last_five_overs, " - ");
 }
 
 // Projections.
@@ -149,7 +149,7 @@ TEST_F(RatesView, ChaseHeadings) {
   EXPECT_TRUE(view_rates().chase);
   EXPECT_THAT(headings(), ElementsAre("Runs Reqd.", "Overs rem.", "RR Reqd.", "Current RR", "Wkts in hand", "Target",
                                       "Initial RR"));
-  EXPECT_EQ(view_rates().label15_4, "To win Hom need...");
+  EXPECT_EQ(view_rates().chase_headline, "To win Hom need...");
 }
 
 TEST_F(RatesView, ChaseFigures) {
@@ -183,11 +183,11 @@ TEST_F(RatesView, ComparisonIsRecountedFromTheFirstInningsLog) {
   write_over(match.first_ball_log, 3, {"W", "1", "1", "1", "1", "1"});
   refresh_at(20, 1, 12);
   rates_view view = view_rates();
-  EXPECT_EQ(view.label15_12, "2.0 Overs");
-  EXPECT_EQ(view.label15_13, "Hom are 20/1");
-  EXPECT_EQ(view.label15_14, "OA were 28/3");
+  EXPECT_EQ(view.stage_overs, "2.0 Overs");
+  EXPECT_EQ(view.score_now, "Hom are 20/1");
+  EXPECT_EQ(view.score_then, "OA were 28/3");
   refresh_at(21, 1, 18);
-  EXPECT_EQ(view_rates().label15_14, "OA were 33/4");
+  EXPECT_EQ(view_rates().score_then, "OA were 33/4");
 }
 
 TEST_F(RatesView, ComparisonAfterAnOverOfSevenBalls) {
@@ -195,8 +195,8 @@ TEST_F(RatesView, ComparisonAfterAnOverOfSevenBalls) {
   write_over(match.first_ball_log, 1, {"1", "0", "0", "0", "0", "0"});
   write_over(match.first_ball_log, 2, {"6", "0", "0", "0", "0", "0"});
   refresh_at(3, 0, 9);
-  EXPECT_EQ(view_rates().label15_12, "1.3 Overs");
-  EXPECT_EQ(view_rates().label15_14, "OA were 1/0");
+  EXPECT_EQ(view_rates().stage_overs, "1.3 Overs");
+  EXPECT_EQ(view_rates().score_then, "OA were 1/0");
 }
 
 TEST_F(RatesView, StagesAreWrittenInOversAndBalls) {
@@ -204,18 +204,18 @@ TEST_F(RatesView, StagesAreWrittenInOversAndBalls) {
   for (const auto& [balls, shown] :
        {std::pair{1, "0.1 Overs"}, {5, "0.5 Overs"}, {6, "1.0 Overs"}, {299, "49.5 Overs"}}) {
     refresh_at(1, 0, balls);
-    EXPECT_EQ(view_rates().label15_12, shown);
+    EXPECT_EQ(view_rates().stage_overs, shown);
   }
 }
 
 TEST_F(RatesView, ANeedOfNothingIsNotShown) {
   start_chase();
   refresh_at(250, 3, 120);
-  EXPECT_EQ(view_rates().label15_4, "To win Hom need...");
+  EXPECT_EQ(view_rates().chase_headline, "To win Hom need...");
   EXPECT_THAT(cells(), ElementsAre("1", "30.0 (180b)", "0.03", "12.5", "7", "251", "5.02"));
   for (const int runs : {251, 256}) {
     refresh_at(runs, 3, 120);
-    EXPECT_EQ(view_rates().label15_4, "") << runs;
+    EXPECT_EQ(view_rates().chase_headline, "") << runs;
     EXPECT_EQ(cells()[0], "") << runs;
     EXPECT_EQ(cells()[2], "") << runs;
     EXPECT_EQ(cells()[5], "251") << runs;
@@ -229,11 +229,11 @@ TEST_F(RatesView, TheChaseOpensWithItsOwnFigures) {
   prepare_chase_display();
   const rates_view view = view_rates();
   EXPECT_TRUE(view.chase);
-  EXPECT_EQ(view.label15_4, "To win Hom need...");
+  EXPECT_EQ(view.chase_headline, "To win Hom need...");
   EXPECT_THAT(cells(), ElementsAre("251", "50.0 (300b)", "", "", "10", "251", "5.02"));
-  EXPECT_EQ(view.label15_12, "") << "there is no over to compare";
-  EXPECT_EQ(view.label15_13, "Hom are 0/0");
-  EXPECT_EQ(view.label15_14, "OA were 0/0");
+  EXPECT_EQ(view.stage_overs, "") << "there is no over to compare";
+  EXPECT_EQ(view.score_now, "Hom are 0/0");
+  EXPECT_EQ(view.score_then, "OA were 0/0");
   EXPECT_EQ(view.first_innings, "OA 250/7");
   EXPECT_EQ(view.first_innings_overs, "49.4 Overs");
   EXPECT_EQ(match.first_innings_projection.text(), "250") << "the captain reckons with the last refresh";

@@ -8,7 +8,7 @@
 #include <chrono>
 #include <limits>
 
-#include "database/saveavgs.h"
+#include "database/career_update.h"
 #include "database/slots.h"
 #include "database/whole_file.h"
 #include "database/world_fixture.h"
@@ -34,8 +34,8 @@ class Agreement : public testing::world_fixture {
     build({testing::halden, "Tamar,T.One,20,30,4,no,RH ,Opener,x"}, {testing::park});
     testing::set_up_finished_match();
     update_career_and_records();
-    rec_ = bytes_of(files.rec);
-    ptr_ = bytes_of(files.ptr);
+    career_file_ = bytes_of(files.career_file);
+    record_file_ = bytes_of(files.record_file);
     update_career_and_records();
   }
 
@@ -50,16 +50,17 @@ class Agreement : public testing::world_fixture {
 
   /// The refusal of an update; both files must stay as they are.
   static std::string refusal() {
-    const auto rec = read_file(files.rec);
-    const auto ptr = read_file(files.ptr);
+    const auto career_file = read_file(files.career_file);
+    const auto record_file = read_file(files.record_file);
     const run_time_error error = error_of(update_career_and_records);
     EXPECT_EQ(error.kind(), failure::file);
-    EXPECT_TRUE(read_file(files.rec) == rec && read_file(files.ptr) == ptr) << "a file has changed";
+    EXPECT_TRUE(read_file(files.career_file) == career_file && read_file(files.record_file) == record_file)
+        << "a file has changed";
     return error.what();
   }
 
-  std::string rec_;
-  std::string ptr_;
+  std::string career_file_;
+  std::string record_file_;
 };
 
 TEST_F(Agreement, IsKeptByMatchAfterMatch) {
@@ -69,72 +70,72 @@ TEST_F(Agreement, IsKeptByMatchAfterMatch) {
 }
 
 TEST_F(Agreement, CareersCutAnywhereAreRefused) {
-  const std::string whole = bytes_of(files.rec);
+  const std::string whole = bytes_of(files.career_file);
   career_table read = read_career_table();
   const std::size_t end = 2 * career_slot + encoded(read.teams[2]).size();
   for (std::size_t size = end; size-- > 1; size -= size > 20 ? size % 19 : 0) {
-    std::filesystem::resize_file(files.rec, size);
+    std::filesystem::resize_file(files.career_file, size);
     ASSERT_THAT(refusal(), StartsWith("The file is not whole: the file ends ")) << size;
     ASSERT_EQ(faults().size(), 1U) << size;
   }
-  write_bytes(files.rec, whole.substr(0, 2 * career_slot));
+  write_bytes(files.career_file, whole.substr(0, 2 * career_slot));
   EXPECT_EQ(refusal(), "The file is not whole: the file ends before this record (file base.rec, record 3)");
   EXPECT_THAT(faults(), ElementsAre("base.rec:3:: the file ends before this record"));
-  write_bytes(files.rec, whole.substr(0, end));
+  write_bytes(files.career_file, whole.substr(0, end));
   EXPECT_THAT(faults(), IsEmpty()) << "what has no meaning may be missing";
   update_career_and_records();
 }
 
 TEST_F(Agreement, RecordsCutAnywhereAreRefused) {
-  const std::string whole = bytes_of(files.ptr);
+  const std::string whole = bytes_of(files.record_file);
   for (std::size_t size = (table_record(3) - 2) * records_slot; size > records_slot; size -= records_slot) {
-    std::filesystem::resize_file(files.ptr, size);
+    std::filesystem::resize_file(files.record_file, size);
     ASSERT_THAT(refusal(), StartsWith("The file is not whole: the file ends before this record")) << size;
     ASSERT_THAT(faults(), Contains(HasSubstr(": the file ends before this "))) << size;
   }
-  write_bytes(files.ptr, whole.substr(0, 70 * records_slot));
+  write_bytes(files.record_file, whole.substr(0, 70 * records_slot));
   EXPECT_EQ(refusal(), "The file is not whole: the file ends before this record (file base.ptr, record 71)");
-  write_bytes(files.ptr, whole.substr(0, 70 * records_slot + 2));
+  write_bytes(files.record_file, whole.substr(0, 70 * records_slot + 2));
   EXPECT_EQ(refusal(),
             "The file is not whole: the file ends before this field (file base.ptr, record 71, field "
             "table_team_count)");
-  write_bytes(files.ptr, whole.substr(0, 1));
+  write_bytes(files.record_file, whole.substr(0, 1));
   EXPECT_THAT(faults(), ElementsAre("base.ptr:1:player: the file ends within this field"));
 }
 
 TEST_F(Agreement, OneFileAloneTakesNoMatchEither) {
-  std::filesystem::resize_file(files.rec, career_slot + 7);
+  std::filesystem::resize_file(files.career_file, career_slot + 7);
   EXPECT_EQ(error_of(update_career).place().file, "base.rec");
-  std::filesystem::resize_file(files.ptr, records_slot + 7);
+  std::filesystem::resize_file(files.record_file, records_slot + 7);
   EXPECT_EQ(error_of(update_records).place().file, "base.ptr");
 }
 
 TEST_F(Agreement, AMissingOrEmptyFileBesideAFullOneIsRefused) {
-  const std::string ptr = bytes_of(files.ptr);
-  std::filesystem::remove(files.ptr);
+  const std::string record_file = bytes_of(files.record_file);
+  std::filesystem::remove(files.record_file);
   EXPECT_EQ(refusal(),
             "base.rec and base.ptr do not belong together: \"Tamar\" has no row in the team table (file base.rec, "
             "record 2, field team_name)");
   EXPECT_THAT(faults(), ElementsAre("base.rec:2:team_name: \"Tamar\" has no row in the team table",
                                     "base.rec:3:team_name: \"Alba\" has no row in the team table"));
-  write_bytes(files.ptr, ptr);
-  write_bytes(files.rec, "");
+  write_bytes(files.record_file, record_file);
+  write_bytes(files.career_file, "");
   EXPECT_THAT(refusal(), StartsWith("base.rec and base.ptr do not belong together: "));
   EXPECT_THAT(faults(), Contains("base.ptr:90:team_name: \"Tamar\" has no careers"));
 }
 
 TEST_F(Agreement, AFileOfAnotherDayIsRefused) {
-  const std::string now = bytes_of(files.rec);
-  write_bytes(files.rec, rec_);
+  const std::string now = bytes_of(files.career_file);
+  write_bytes(files.career_file, career_file_);
   EXPECT_EQ(
       refusal(),
       "base.rec and base.ptr do not belong together: 11 appearances of the men of \"Tamar\", but 2 matches in the "
       "team table (file base.rec, record 2, field matches)");
   EXPECT_EQ(faults().size(), 2U);
-  write_bytes(files.rec, now);
-  write_bytes(files.ptr, ptr_);
+  write_bytes(files.career_file, now);
+  write_bytes(files.record_file, record_file_);
   EXPECT_EQ(faults().size(), 2U);
-  write_bytes(files.rec, rec_);
+  write_bytes(files.career_file, career_file_);
   EXPECT_THAT(faults(), IsEmpty()) << "both are of that day";
   update_career_and_records();
 }
@@ -201,7 +202,7 @@ TEST_F(Agreement, EqualsOfTheLastLineMayBeKeptOut) {
 }
 
 TEST_F(Agreement, AFaultOfAFileHidesNoDisagreement) {
-  write_bytes(files.rec, rec_);
+  write_bytes(files.career_file, career_file_);
   career_table careers = read_career_table();
   careers.teams[1].players[1].best_against = "A\x01";
   write_career_table(careers);
@@ -242,10 +243,10 @@ TEST_F(Agreement, EveryTextOfCareersAndListsIsRead) {
 }
 
 TEST_F(Agreement, AnUpdateCutOffBetweenTheFilesIsNoFault) {
-  const auto time = std::filesystem::last_write_time(files.rec);
-  std::filesystem::rename(files.ptr, folder / "base.ptr.next");
+  const auto time = std::filesystem::last_write_time(files.career_file);
+  std::filesystem::rename(files.record_file, folder / "base.ptr.next");
   std::filesystem::last_write_time(folder / "base.ptr.next", time - std::chrono::hours(1));
-  write_bytes(files.ptr, ptr_);
+  write_bytes(files.record_file, record_file_);
   EXPECT_THAT(faults(),
               Contains("base.rec:2:matches: 22 appearances of the men of \"Tamar\", but 1 matches in the team "
                        "table"));

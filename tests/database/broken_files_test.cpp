@@ -8,7 +8,7 @@
 #include <set>
 
 #include "database/elevens.h"
-#include "database/records.h"
+#include "database/lasting_records.h"
 #include "database/teams_file.h"
 #include "database/world_fixture.h"
 
@@ -91,11 +91,11 @@ class BrokenFiles : public testing::database_fixture, public ::testing::WithPara
   void read() const {
     const std::string ending = std::filesystem::path(GetParam()).extension();
     if (ending == ".team") {
-      write_bytes(files.grd, {});
+      write_bytes(files.ground_file, {});
       read_team_list();
       require_whole_database();
     } else if (ending == ".grd") {
-      write_bytes(files.team, {});
+      write_bytes(files.team_file, {});
       read_grounds();
       require_whole_database();
     } else if (ending == ".rec") {
@@ -105,7 +105,7 @@ class BrokenFiles : public testing::database_fixture, public ::testing::WithPara
     } else if (ending == ".eleven") {
       read_elevens();
     } else {
-      build_database(folder, files.team, files.grd);
+      build_database(folder, files.team_file, files.ground_file);
     }
   }
 

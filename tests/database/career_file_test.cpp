@@ -34,13 +34,13 @@ TEST_F(CareerFile, ATwentyFirstPlayerIsASubscriptError) {
   for (int i = 1; i <= 9; ++i) match.first_bowling_card[i].name = fmt::format("T.New{}", i);
   update_career();
   EXPECT_EQ(read_career_table().teams[1].player_count, 20);
-  const std::string before = bytes_of(files.rec);
+  const std::string before = bytes_of(files.career_file);
   match.first_bowling_card[10].name = "T.Last";
   const auto error = error_of([] { update_career(); });
   EXPECT_EQ(error.kind(), failure::subscript);
   EXPECT_THAT(error.what(), HasSubstr("more than 20 players of Tamar with careers (file base.rec, record 2, "
                                       "field players, at \"T.Last\")"));
-  EXPECT_EQ(bytes_of(files.rec), before);
+  EXPECT_EQ(bytes_of(files.career_file), before);
 }
 
 TEST_F(CareerFile, ATwentyFirstTeamIsASubscriptError) {
@@ -50,14 +50,14 @@ TEST_F(CareerFile, ATwentyFirstTeamIsASubscriptError) {
     update_career();
   }
   EXPECT_EQ(read_career_table().career_team_count, 20);
-  const std::string before = bytes_of(files.rec);
+  const std::string before = bytes_of(files.career_file);
   match.team1_name = "Team 0";
   match.team2_name = "Team 20";
   const auto error = error_of([] { update_career(); });
   EXPECT_EQ(error.kind(), failure::subscript);
   EXPECT_EQ(error.place().file, "base.rec");
   EXPECT_EQ(error.place().player, "Team 20");
-  EXPECT_EQ(bytes_of(files.rec), before);
+  EXPECT_EQ(bytes_of(files.career_file), before);
 }
 
 TEST_F(CareerFile, ARefusedFirstMatchMakesNoFile) {
@@ -73,12 +73,12 @@ TEST_F(CareerFile, AFigureBeyond32BitsIsAnOverflow) {
   career_table table = read_career_table();
   table.teams[1].players[1].runs = 2147483647 - 49;
   write_career_table(table);
-  const std::string before = bytes_of(files.rec);
+  const std::string before = bytes_of(files.career_file);
   const auto error = error_of([] { update_career(); });
   EXPECT_EQ(error.kind(), failure::overflow);
   EXPECT_EQ(error.place().field, "runs");
   EXPECT_EQ(error.place().player, "T.Man1");
-  EXPECT_EQ(bytes_of(files.rec), before);
+  EXPECT_EQ(bytes_of(files.career_file), before);
 }
 
 TEST_F(CareerFile, WithoutUpdatesTheFolderIsOnlyRead) {
@@ -94,16 +94,16 @@ TEST_F(CareerFile, TheFirstReadMakesTheFilesEmpty) {
   EXPECT_EQ(read_career_table().career_team_count, 0);
   EXPECT_EQ(read_record_lists().table_team_count, 0);
   EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
-  EXPECT_EQ(bytes_of(files.rec), "");
-  EXPECT_EQ(bytes_of(files.ptr), "");
+  EXPECT_EQ(bytes_of(files.career_file), "");
+  EXPECT_EQ(bytes_of(files.record_file), "");
   update_career();
   EXPECT_EQ(read_career_table().career_team_count, 2);
 }
 
 TEST_F(CareerFile, BytesBehindTheLastFieldAndBeyondTheCountStay) {
-  write_bytes(files.rec, testing::hex("00 00") + std::string(5500 * 4 + 10, 'x'));
+  write_bytes(files.career_file, testing::hex("00 00") + std::string(5500 * 4 + 10, 'x'));
   update_career();
-  const std::string bytes = bytes_of(files.rec);
+  const std::string bytes = bytes_of(files.career_file);
   EXPECT_EQ(bytes.size(), 5 * career_slot);
   EXPECT_EQ(bytes.substr(0, 4), testing::hex("02 00 02 00"));
   EXPECT_EQ(bytes.substr(4, 5496), std::string(5496, 'x')) << "behind the count";
@@ -137,7 +137,7 @@ class CareerFaults : public testing::database_fixture {
     team.player_count = player_count;
     file.put(1, count, {});
     file.put(2, encoded(team), {});
-    write_bytes(files.rec, file.bytes());
+    write_bytes(files.career_file, file.bytes());
   }
   failure kind_of_error() {
     return error_of([] { read_career_table(); }).kind();

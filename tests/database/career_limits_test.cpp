@@ -4,9 +4,9 @@
 
 #include <limits>
 
+#include "database/career_update.h"
+#include "database/lasting_records.h"
 #include "database/limits_fixture.h"
-#include "database/records.h"
-#include "database/saveavgs.h"
 #include "database/slots.h"
 
 namespace velorin {
@@ -115,14 +115,14 @@ TEST_F(CareerLimits, ATwentyFirstPlayerOfEitherSide) {
 TEST_F(CareerLimits, ACareerSlotUpToItsLastByte) {
   update_career();
   const std::size_t size = encoded(read_career_table().teams[1]).size();
-  std::filesystem::remove(files.rec);
+  std::filesystem::remove(files.career_file);
   match.first_bowling_card[4].name += std::string(career_slot - size, 'x');
   match.batting_card[4].name = match.first_bowling_card[4].name;
   update_career();
   const career_team_rec full = read_career_table().teams[1];
   EXPECT_EQ(encoded(full).size(), career_slot);
   EXPECT_EQ(full.players[4].runs, 12);
-  EXPECT_EQ(bytes_of(files.rec).size(), 3 * career_slot);
+  EXPECT_EQ(bytes_of(files.career_file).size(), 3 * career_slot);
   EXPECT_EQ(read_career_table().teams[2].team_name, "Alba") << "the next slot";
 
   // Another hundred, against a side whose name has a letter more.
@@ -144,14 +144,14 @@ TEST_F(CareerLimits, ANameWhoseLengthHasNoPlace) {
 TEST_F(CareerLimits, FilesOfZeroLengthAreNewOnes) {
   update_career();
   update_records();
-  const std::string rec = bytes_of(files.rec);
-  const std::string ptr = bytes_of(files.ptr);
-  write_bytes(files.rec, "");
-  write_bytes(files.ptr, "");
+  const std::string career_file = bytes_of(files.career_file);
+  const std::string record_file = bytes_of(files.record_file);
+  write_bytes(files.career_file, "");
+  write_bytes(files.record_file, "");
   update_career();
   update_records();
-  EXPECT_EQ(bytes_of(files.rec), rec);
-  EXPECT_EQ(bytes_of(files.ptr), ptr);
+  EXPECT_EQ(bytes_of(files.career_file), career_file);
+  EXPECT_EQ(bytes_of(files.record_file), record_file);
   EXPECT_EQ(read_career_table().teams[1].players[1].matches, 1);
   EXPECT_EQ(read_record_lists().lowest_totals[3].total, 1000) << "the lines of 0 were freed";
 }

@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "database/career_update.h"
 #include "database/database_fixture.h"
-#include "database/records.h"
-#include "database/saveavgs.h"
+#include "database/lasting_records.h"
 
 namespace velorin::testing {
 

@@ -42,8 +42,8 @@ TEST_F(Careers, TheFirstMatchEnrolsBothSides) {
       EXPECT_EQ(table.teams[t].players[p].innings, t == 1 || p <= 5 ? 1 : 0);
     }
   }
-  EXPECT_EQ(bytes_of(files.rec).size(), 3 * career_slot);
-  EXPECT_EQ(bytes_of(files.rec).substr(0, 4), testing::hex("02 00 02 00"));
+  EXPECT_EQ(bytes_of(files.career_file).size(), 3 * career_slot);
+  EXPECT_EQ(bytes_of(files.career_file).substr(0, 4), testing::hex("02 00 02 00"));
 }
 
 TEST_F(Careers, BattingIsAdded) {

@@ -23,22 +23,24 @@ TEST_F(Configuration, TheFourPathsFollowFromTheBaseName) {
   const database_files paths = database_paths("/srv/teams", "world.2");
   EXPECT_EQ(paths.folder, "/srv/teams");
   EXPECT_EQ(paths.base, "world.2");
-  EXPECT_EQ(paths.team, "/srv/teams/world.2.team");
-  EXPECT_EQ(paths.grd, "/srv/teams/world.2.grd");
-  EXPECT_EQ(paths.rec, "/srv/teams/world.2.rec");
-  EXPECT_EQ(paths.ptr, "/srv/teams/world.2.ptr");
+  EXPECT_EQ(paths.team_file, "/srv/teams/world.2.team");
+  EXPECT_EQ(paths.ground_file, "/srv/teams/world.2.grd");
+  EXPECT_EQ(paths.career_file, "/srv/teams/world.2.rec");
+  EXPECT_EQ(paths.record_file, "/srv/teams/world.2.ptr");
   EXPECT_FALSE(paths.elevens_in_memory);
   EXPECT_TRUE(paths.updates);
 }
 
-TEST_F(Configuration, FileNamesAreUtf8) { EXPECT_EQ(database_paths("/srv", "caf\xE9").team, "/srv/caf\xC3\xA9.team"); }
+TEST_F(Configuration, FileNamesAreUtf8) {
+  EXPECT_EQ(database_paths("/srv", "caf\xE9").team_file, "/srv/caf\xC3\xA9.team");
+}
 
 TEST_F(Configuration, AnotherDatabaseKeepsTheSwitches) {
   files.elevens_in_memory = true;
   files.updates = false;
   use_database("other");
   EXPECT_EQ(files.base, "other");
-  EXPECT_EQ(files.rec, folder / "other.rec");
+  EXPECT_EQ(files.career_file, folder / "other.rec");
   EXPECT_TRUE(files.elevens_in_memory);
   EXPECT_FALSE(files.updates);
 }
@@ -112,7 +114,7 @@ TEST_F(Configuration, CareersAreInUseWithoutTeamsAndGrounds) {
   EXPECT_EQ(files.base, "");
   write_bytes(folder / "small.rec", "careers");
   EXPECT_EQ(take_first_settings(), first_settings::in_use);
-  EXPECT_EQ(files.rec, folder / "small.rec");
+  EXPECT_EQ(files.career_file, folder / "small.rec");
   for (const std::string& elsewhere :
        {std::string("/etc/small"), std::string("../small"), std::string("deep/small"), std::string(300, 'n')}) {
     settings.database_name = elsewhere;

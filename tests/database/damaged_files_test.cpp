@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <random>
 
-#include "database/records.h"
-#include "database/saveavgs.h"
+#include "database/career_update.h"
+#include "database/lasting_records.h"
 #include "database/slots.h"
 #include "database/teams_file.h"
 #include "database/world_fixture.h"
@@ -56,18 +56,18 @@ class DamagedFiles : public testing::world_fixture {
 };
 
 TEST_F(DamagedFiles, AreReadRefusedOrListed) {
-  const std::string team = bytes_of(files.team);
-  const std::string grd = bytes_of(files.grd);
-  const std::string rec = bytes_of(files.rec);
-  const std::string ptr = bytes_of(files.ptr);
+  const std::string team = bytes_of(files.team_file);
+  const std::string ground_file = bytes_of(files.ground_file);
+  const std::string career_file = bytes_of(files.career_file);
+  const std::string record_file = bytes_of(files.record_file);
   ASSERT_TRUE(check_database(files).empty());
   int listed = 0;
   int refusals = 0;
   for (int round = 0; round < rounds; ++round) {
-    write_bytes(files.team, damaged(team, team_slot));
-    write_bytes(files.grd, damaged(grd, team_slot));
-    write_bytes(files.rec, damaged(rec, career_slot));
-    write_bytes(files.ptr, damaged(ptr, records_slot));
+    write_bytes(files.team_file, damaged(team, team_slot));
+    write_bytes(files.ground_file, damaged(ground_file, team_slot));
+    write_bytes(files.career_file, damaged(career_file, career_slot));
+    write_bytes(files.record_file, damaged(record_file, records_slot));
     const bool faulty = !check_database(files).empty();
     bool any = refused([] { read_team_list(); });
     any |= refused([] { read_grounds(); });

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "database/configuration.h"
+#include "model/match_state.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 
 namespace velorin::testing {
 

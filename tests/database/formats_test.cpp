@@ -7,8 +7,8 @@
 
 #include "database/database_fixture.h"
 #include "database/elevens.h"
+#include "database/lasting_records.h"
 #include "database/layout.h"
-#include "database/records.h"
 #include "database/world.h"
 
 namespace velorin {
@@ -89,8 +89,8 @@ class FormatPages : public testing::database_fixture {
 };
 
 TEST_F(FormatPages, TeamsAndGrounds) {
-  write_bytes(files.team, file_on("team.md"));
-  write_bytes(files.grd, file_on("grd.md"));
+  write_bytes(files.team_file, file_on("team.md"));
+  write_bytes(files.ground_file, file_on("grd.md"));
   dump_database(files, folder / "dump");
   EXPECT_EQ(bytes_of(folder / "dump" / "players.csv"), table_on("team.md"));
   EXPECT_EQ(bytes_of(folder / "dump" / "grounds.csv"), table_on("grd.md"));
@@ -127,8 +127,8 @@ TEST_F(FormatPages, Careers) {
   man.high_against = "Tamar";
   man.best_against = "Corran";
   write_career_table(table);
-  EXPECT_EQ(compare_records("rec.md", files.rec, career_slot), 2);
-  EXPECT_EQ(bytes_of(files.rec).size(), 11000U);
+  EXPECT_EQ(compare_records("rec.md", files.career_file, career_slot), 2);
+  EXPECT_EQ(bytes_of(files.career_file).size(), 11000U);
 }
 
 void fill_lists(record_lists& lists) {
@@ -166,8 +166,8 @@ TEST_F(FormatPages, Records) {
   lists.table_team_count = 1;
   lists.teams[1] = alba_row();
   write_record_lists(lists);
-  EXPECT_EQ(compare_records("ptr.md", files.ptr, records_slot), 7 + 19);
-  EXPECT_EQ(bytes_of(files.ptr).size(), 90 * records_slot);
+  EXPECT_EQ(compare_records("ptr.md", files.record_file, records_slot), 7 + 19);
+  EXPECT_EQ(bytes_of(files.record_file).size(), 90 * records_slot);
 }
 
 TEST_F(FormatPages, Elevens) {

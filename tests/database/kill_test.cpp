@@ -11,9 +11,9 @@
 #include <thread>
 #include <utility>
 
+#include "database/career_update.h"
 #include "database/database_fixture.h"
-#include "database/records.h"
-#include "database/saveavgs.h"
+#include "database/lasting_records.h"
 #include "database/world.h"
 
 namespace velorin {
@@ -36,8 +36,12 @@ class undisturbed_files {
   explicit undisturbed_files(const std::filesystem::path& folder) : files_(database_paths(folder, "base")) {}
 
   /// True if the content is that of the file after 0, 1, 2 ... matches; looks from the last hit on.
-  bool has_rec(const std::string& content) { return find(content, files_.rec, rec_, update_career); }
-  bool has_ptr(const std::string& content) { return find(content, files_.ptr, ptr_, update_records); }
+  bool has_career_file(const std::string& content) {
+    return find(content, files_.career_file, career_file_, update_career);
+  }
+  bool has_record_file(const std::string& content) {
+    return find(content, files_.record_file, record_file_, update_records);
+  }
 
  private:
   static constexpr int most_ahead = 2000;
@@ -56,8 +60,8 @@ class undisturbed_files {
   }
 
   database_files files_;
-  std::string rec_;
-  std::string ptr_;
+  std::string career_file_;
+  std::string record_file_;
 };
 
 class Kill : public testing::database_fixture {
@@ -108,11 +112,13 @@ TEST_F(Kill, LeavesTheOldFileOrTheNewOne) {
     for (const auto& entry : std::filesystem::directory_iterator(folder / "game")) {
       if (entry.path().extension() == ".new" || entry.path().extension() == ".next") ++left_behind;
     }
-    const std::string rec = std::filesystem::exists(files.rec) ? bytes_of(files.rec) : "";
-    const std::string ptr = std::filesystem::exists(files.ptr) ? bytes_of(files.ptr) : "";
-    ASSERT_TRUE(expected.has_rec(rec)) << "round " << round << ", a career file of " << rec.size() << " bytes";
-    ASSERT_TRUE(expected.has_ptr(ptr)) << "round " << round << ", a record file of " << ptr.size() << " bytes";
-    updated += std::exchange(last, rec) == rec ? 0 : 1;
+    const std::string career_file = std::filesystem::exists(files.career_file) ? bytes_of(files.career_file) : "";
+    const std::string record_file = std::filesystem::exists(files.record_file) ? bytes_of(files.record_file) : "";
+    ASSERT_TRUE(expected.has_career_file(career_file))
+        << "round " << round << ", a career file of " << career_file.size() << " bytes";
+    ASSERT_TRUE(expected.has_record_file(record_file))
+        << "round " << round << ", a record file of " << record_file.size() << " bytes";
+    updated += std::exchange(last, career_file) == career_file ? 0 : 1;
     ASSERT_TRUE(databases_on_offer(files.folder).empty()) << "what is left is no database";
   }
   RecordProperty("kills", rounds);

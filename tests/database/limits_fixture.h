@@ -23,12 +23,12 @@ class limits_fixture : public database_fixture {
   /// The message of an update that is refused. Both files must stay, byte for byte, and nothing may be left behind.
   std::string refusal(const std::function<void()>& update, failure kind = failure::overflow) const {
     const auto names = names_in(folder);
-    const std::optional<std::string> rec = read_file(files.rec);
-    const std::optional<std::string> ptr = read_file(files.ptr);
+    const std::optional<std::string> career_file = read_file(files.career_file);
+    const std::optional<std::string> record_file = read_file(files.record_file);
     const run_time_error error = error_of(update);
     EXPECT_EQ(error.kind(), kind);
-    EXPECT_TRUE(read_file(files.rec) == rec) << "the careers have changed";
-    EXPECT_TRUE(read_file(files.ptr) == ptr) << "the records have changed";
+    EXPECT_TRUE(read_file(files.career_file) == career_file) << "the careers have changed";
+    EXPECT_TRUE(read_file(files.record_file) == record_file) << "the records have changed";
     EXPECT_EQ(names_in(folder), names);
     return error.what();
   }

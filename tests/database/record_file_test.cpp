@@ -17,7 +17,7 @@ class RecordFile : public testing::records_fixture {};
 
 TEST_F(RecordFile, TheFileHasItsRecordsWhereTheyBelong) {
   update_records();
-  const std::string bytes = bytes_of(files.ptr);
+  const std::string bytes = bytes_of(files.record_file);
   EXPECT_EQ(bytes.size(), (71 + 2 * 19) * records_slot);
   EXPECT_EQ(bytes.substr(70 * records_slot, 4), testing::hex("02 00 02 00"));
   EXPECT_EQ(bytes.substr(71 * records_slot, 2), testing::hex("00 00")) << "Tamar's away_won";
@@ -33,33 +33,33 @@ TEST_F(RecordFile, ATwentySixthTeamIsASubscriptError) {
     update_records();
   }
   EXPECT_EQ(read_record_lists().table_team_count, 25);
-  EXPECT_EQ(bytes_of(files.ptr).size(), (71 + 25 * 19) * records_slot);
-  const std::string before = bytes_of(files.ptr);
+  EXPECT_EQ(bytes_of(files.record_file).size(), (71 + 25 * 19) * records_slot);
+  const std::string before = bytes_of(files.record_file);
   match.team2_name = "Team 25";
   const auto error = error_of([] { update_records(); });
   EXPECT_EQ(error.kind(), failure::subscript);
   EXPECT_EQ(error.place().file, "base.ptr");
   EXPECT_EQ(error.place().player, "Team 25");
-  EXPECT_EQ(bytes_of(files.ptr), before);
+  EXPECT_EQ(bytes_of(files.record_file), before);
 }
 
 TEST_F(RecordFile, AScoreBeyond16BitsIsAnOverflow) {
   update_records();
-  const std::string before = bytes_of(files.ptr);
+  const std::string before = bytes_of(files.record_file);
   match.score_runs = 32768;
   EXPECT_EQ(error_of([] { update_records(); }).kind(), failure::overflow);
-  EXPECT_EQ(bytes_of(files.ptr), before);
+  EXPECT_EQ(bytes_of(files.record_file), before);
 }
 
 TEST_F(RecordFile, ALineBeyondItsSlotIsRefused) {
   update_records();
-  const std::string before = bytes_of(files.ptr);
+  const std::string before = bytes_of(files.record_file);
   match.ground.ground_name = std::string(2500, 'x');
   match.batting_card[1].runs = 200;
   const auto error = error_of([] { update_records(); });
   EXPECT_EQ(error.kind(), failure::overflow);
   EXPECT_THAT(error.what(), HasSubstr("(file base.ptr, record 1, at \"T.Man1\")"));
-  EXPECT_EQ(bytes_of(files.ptr), before);
+  EXPECT_EQ(bytes_of(files.record_file), before);
 }
 
 TEST_F(RecordFile, AFieldOfTheTeamTableBeyondItsSlotNamesTheTeam) {
@@ -97,7 +97,7 @@ TEST_F(RecordFile, CountsOutOfRange) {
   const auto kind_of = [&](const tagged& count) {
     slot_file file({}, records_slot, "x");
     file.put(table_count_record, encoded_field(count), {});
-    write_bytes(files.ptr, file.bytes());
+    write_bytes(files.record_file, file.bytes());
     return error_of([] { read_record_lists(); }).kind();
   };
   EXPECT_EQ(kind_of({integer(-1)}), failure::type);
@@ -107,9 +107,9 @@ TEST_F(RecordFile, CountsOutOfRange) {
 
 TEST_F(RecordFile, ATextBeyondItsSlotIsATypeMismatch) {
   update_records();
-  std::string bytes = bytes_of(files.ptr);
+  std::string bytes = bytes_of(files.record_file);
   bytes[16 * records_slot + 1] = '\x7F';
-  write_bytes(files.ptr, bytes);
+  write_bytes(files.record_file, bytes);
   const auto error = error_of([] { read_record_lists(); });
   EXPECT_EQ(error.kind(), failure::type);
   EXPECT_EQ(error.place().record, 17);

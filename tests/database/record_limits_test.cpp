@@ -5,9 +5,9 @@
 
 #include <functional>
 
+#include "database/career_update.h"
+#include "database/lasting_records.h"
 #include "database/limits_fixture.h"
-#include "database/records.h"
-#include "database/saveavgs.h"
 #include "database/slots.h"
 
 namespace velorin {
@@ -114,7 +114,7 @@ TEST_F(RecordLimits, EverySlotOfTheRecordListsUpToItsLastByte) {
         << list.what;
     play(room);
     update_records();
-    const std::string slot = bytes_of(files.ptr).substr((list.record - 1) * records_slot, records_slot);
+    const std::string slot = bytes_of(files.record_file).substr((list.record - 1) * records_slot, records_slot);
     EXPECT_NE(slot.find(match.ground.ground_name), std::string::npos) << list.what;
   }
 }
@@ -150,7 +150,7 @@ TEST_F(RecordLimits, ATwentySixthTeamInTheTable) {
   update_records();
   EXPECT_EQ(read_record_lists().table_team_count, 25);
   EXPECT_EQ(read_record_lists().teams[25].team_name.text(), "Corran");
-  EXPECT_EQ(bytes_of(files.ptr).size(), 546 * records_slot);
+  EXPECT_EQ(bytes_of(files.record_file).size(), 546 * records_slot);
 }
 
 TEST_F(RecordLimits, ATotalOfTheSecondInnings) {

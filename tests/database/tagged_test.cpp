@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "database/database_fixture.h"
-#include "database/records.h"
+#include "database/lasting_records.h"
 
 namespace velorin {
 namespace {

@@ -36,7 +36,7 @@ team_rec team_called(const std::string& name) {
 class TeamsFile : public testing::database_fixture {
  protected:
   void write_teams(const std::vector<team_rec>& teams) {
-    write_counted(files.team, static_cast<int>(teams.size()), teams);
+    write_counted(files.team_file, static_cast<int>(teams.size()), teams);
   }
   /// Makes the file older than the time in which it may change without a trace.
   static void age(const std::filesystem::path& file) {
@@ -64,7 +64,7 @@ TEST_F(TeamsFile, AMissingFileIsAnError) {
 }
 
 TEST_F(TeamsFile, AFolderInItsPlaceIsAnError) {
-  std::filesystem::create_directory(files.team);
+  std::filesystem::create_directory(files.team_file);
   const auto error = error_of([] { read_team_list(); });
   EXPECT_EQ(error.kind(), failure::file);
   EXPECT_THAT(error.what(), HasSubstr("Is a directory (file base.team)"));
@@ -88,21 +88,21 @@ TEST_F(TeamsFile, ATwentyFirstTeamIsASubscriptError) {
 }
 
 TEST_F(TeamsFile, ACountBelowZeroIsATypeMismatch) {
-  write_counted<team_rec>(files.team, -1, {});
+  write_counted<team_rec>(files.team_file, -1, {});
   EXPECT_EQ(error_of([] { read_team_list(); }).kind(), failure::type);
-  write_counted<ground_rec>(files.grd, -7, {});
+  write_counted<ground_rec>(files.ground_file, -7, {});
   const auto error = error_of([] { read_grounds(); });
   EXPECT_EQ(error.kind(), failure::type);
   EXPECT_STREQ(error.what(), "Type mismatch: a count of -7 (file base.grd, record 1, field ground_count)");
 }
 
 TEST_F(TeamsFile, AnEmptyFileHasNoTeams) {
-  write_bytes(files.team, "");
+  write_bytes(files.team_file, "");
   EXPECT_TRUE(read_team_list().empty());
 }
 
 TEST_F(TeamsFile, ARecordBeyondTheFileIsEmpty) {
-  write_counted(files.team, 2, std::vector{team_called("Tamar")});
+  write_counted(files.team_file, 2, std::vector{team_called("Tamar")});
   const auto& teams = read_team_list();
   ASSERT_EQ(teams.size(), 2U);
   EXPECT_EQ(teams[1].team_name, "");
@@ -112,9 +112,9 @@ TEST_F(TeamsFile, ARecordBeyondTheFileIsEmpty) {
 
 TEST_F(TeamsFile, AFileThatEndsBeforeItsLastRecordIsNotWhole) {
   write_teams({team_called("Tamar"), team_called("Alba")});
-  write_counted(files.grd, 0, std::vector<ground_rec>());
+  write_counted(files.ground_file, 0, std::vector<ground_rec>());
   require_whole_database();
-  write_counted(files.team, 3, std::vector{team_called("Tamar"), team_called("Alba")});
+  write_counted(files.team_file, 3, std::vector{team_called("Tamar"), team_called("Alba")});
   const run_time_error error = error_of([] { require_whole_database(); });
   EXPECT_EQ(error.kind(), failure::file);
   EXPECT_EQ(error.place().file, "base.team");
@@ -123,10 +123,10 @@ TEST_F(TeamsFile, AFileThatEndsBeforeItsLastRecordIsNotWhole) {
 
 TEST_F(TeamsFile, AFileThatEndsWithinItsLastRecordIsNotWhole) {
   write_teams({team_called("Tamar"), team_called("Alba")});
-  write_counted(files.grd, 0, std::vector<ground_rec>());
-  std::filesystem::resize_file(files.team, 2 * 1500 + 6);
+  write_counted(files.ground_file, 0, std::vector<ground_rec>());
+  std::filesystem::resize_file(files.team_file, 2 * 1500 + 6);
   EXPECT_EQ(error_of([] { require_whole_database(); }).place().field, "team_flag") << "an end between two fields";
-  std::filesystem::resize_file(files.team, 2 * 1500 + 5);
+  std::filesystem::resize_file(files.team_file, 2 * 1500 + 5);
   const run_time_error error = error_of([] { require_whole_database(); });
   EXPECT_EQ(error.kind(), failure::file);
   EXPECT_EQ(error.place().record, 3);
@@ -134,7 +134,7 @@ TEST_F(TeamsFile, AFileThatEndsWithinItsLastRecordIsNotWhole) {
 }
 
 TEST_F(TeamsFile, ATeamBeyondTheCountCanBeRead) {
-  write_counted(files.team, 1, std::vector{team_called("Tamar"), team_called("Alba")});
+  write_counted(files.team_file, 1, std::vector{team_called("Tamar"), team_called("Alba")});
   EXPECT_EQ(read_team_list().size(), 1U);
   EXPECT_EQ(read_team(3).team_name, "Alba");
 }
@@ -149,7 +149,7 @@ TEST_F(TeamsFile, GroundsKnowNoLimitOfTwenty) {
   for (std::size_t i = 0; i < grounds.size(); ++i) grounds[i].ground_name = fmt::format("Ground {}", i);
   grounds[299].start_time = 1445;
   grounds[299].reserved = {1, 2, 3};
-  write_counted(files.grd, 300, grounds);
+  write_counted(files.ground_file, 300, grounds);
   const auto& read = read_grounds();
   ASSERT_EQ(read.size(), 300U);
   EXPECT_EQ(read[299].ground_name, "Ground 299");
@@ -159,7 +159,7 @@ TEST_F(TeamsFile, GroundsKnowNoLimitOfTwenty) {
 
 TEST_F(TeamsFile, AnUnchangedFileIsNotReadAgain) {
   write_teams({team_called("Tamar")});
-  age(files.team);
+  age(files.team_file);
   read_team_list();  // the change of the times is too fresh to be trusted
   const auto start = std::chrono::steady_clock::now();
   while (std::chrono::steady_clock::now() - start < std::chrono::milliseconds(150)) {
@@ -179,12 +179,12 @@ TEST_F(TeamsFile, AChangedFileIsReadAgainAtOnce) {
 
 TEST_F(TeamsFile, AReplacedFileWithTheSameTimesIsReadAgain) {
   write_teams({team_called("Tamar")});
-  age(files.team);
-  const auto time = std::filesystem::last_write_time(files.team);
+  age(files.team_file);
+  const auto time = std::filesystem::last_write_time(files.team_file);
   EXPECT_EQ(read_team_list()[0].team_name, "Tamar");
   write_counted(folder / "other", 1, std::vector{team_called("Atlas")});
-  std::filesystem::rename(folder / "other", files.team);
-  std::filesystem::last_write_time(files.team, time);
+  std::filesystem::rename(folder / "other", files.team_file);
+  std::filesystem::last_write_time(files.team_file, time);
   EXPECT_EQ(read_team_list()[0].team_name, "Atlas");
 }
 
@@ -212,7 +212,7 @@ TEST_F(TeamsFile, WithReadOnceAnErrorIsRaisedEveryTime) {
 
 TEST_F(TeamsFile, AnotherDatabaseHasItsOwnTeams) {
   write_teams({team_called("Tamar")});
-  age(files.team);
+  age(files.team_file);
   EXPECT_EQ(read_team_list()[0].team_name, "Tamar");
   use_database("other");
   write_teams({team_called("Atlas")});
@@ -223,9 +223,9 @@ TEST_F(TeamsFile, AnotherDatabaseHasItsOwnTeams) {
 
 TEST_F(TeamsFile, AnErrorIsRaisedEveryTime) {
   write_teams({team_called("Tamar")});
-  std::string bytes = bytes_of(files.team);
+  std::string bytes = bytes_of(files.team_file);
   bytes[1501] = '\x7F';
-  write_bytes(files.team, bytes);
+  write_bytes(files.team_file, bytes);
   for (int i = 0; i < 2; ++i) {
     const auto error = error_of([] { read_team_list(); });
     EXPECT_EQ(error.kind(), failure::type);

@@ -11,10 +11,10 @@
 #include <csignal>
 #include <thread>
 
+#include "database/career_update.h"
 #include "database/database_fixture.h"
 #include "database/elevens.h"
-#include "database/records.h"
-#include "database/saveavgs.h"
+#include "database/lasting_records.h"
 #include "support/failing_disk.h"
 
 namespace velorin {
@@ -283,8 +283,8 @@ TEST_F(WholeFile, AFullDiskLeavesTheOldDatabase) {
   testing::set_up_finished_match();
   update_career();
   update_records();
-  const std::string rec = bytes_of(files.rec);
-  const std::string ptr = bytes_of(files.ptr);
+  const std::string career_file = bytes_of(files.career_file);
+  const std::string record_file = bytes_of(files.record_file);
   match.result_winner = "Tamar";
   for (const auto update : {update_career, update_records}) {
     const auto error = error_of([&] {
@@ -294,8 +294,8 @@ TEST_F(WholeFile, AFullDiskLeavesTheOldDatabase) {
     EXPECT_EQ(error.kind(), failure::file);
     EXPECT_THAT(error.what(), HasSubstr("File too large"));
   }
-  EXPECT_EQ(bytes_of(files.rec), rec);
-  EXPECT_EQ(bytes_of(files.ptr), ptr);
+  EXPECT_EQ(bytes_of(files.career_file), career_file);
+  EXPECT_EQ(bytes_of(files.record_file), record_file);
   EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
   update_career();
   EXPECT_EQ(read_career_table().teams[1].players[1].matches, 2) << "and play goes on";
@@ -354,12 +354,12 @@ TEST_F(WholeFile, AFolderThatTakesNoFilesIsAnError) {
 TEST_F(WholeFile, ABlockedNameLeavesTheOldDatabase) {
   testing::set_up_finished_match();
   update_career();
-  const std::string rec = bytes_of(files.rec);
+  const std::string career_file = bytes_of(files.career_file);
   std::filesystem::create_directory(folder / "base.rec.new");
   const auto error = error_of([] { update_career(); });
   EXPECT_EQ(error.kind(), failure::file);
   EXPECT_THAT(error.what(), HasSubstr("The file cannot be written: File exists (file base.rec.new)"));
-  EXPECT_EQ(bytes_of(files.rec), rec);
+  EXPECT_EQ(bytes_of(files.career_file), career_file);
 }
 
 // The renaming of an update of both files was cut off behind the first.
@@ -368,20 +368,20 @@ TEST_F(WholeFile, AnUpdateOfOneFileBeginsWithTheEndOfOneOfBoth) {
   std::vector<std::string> records;
   for (int matches = 1; matches <= 3; ++matches) {
     update_career_and_records();
-    records.push_back(bytes_of(files.ptr));
+    records.push_back(bytes_of(files.record_file));
   }
   const auto cut_off = [&] {
-    write_bytes(files.ptr, records[0]);
+    write_bytes(files.record_file, records[0]);
     write_bytes(folder / "base.ptr.next", records[1]);
-    age_as(folder / "base.ptr.next", files.rec);
+    age_as(folder / "base.ptr.next", files.career_file);
   };
   cut_off();
   update_career();
-  EXPECT_EQ(bytes_of(files.ptr), records[1]);
+  EXPECT_EQ(bytes_of(files.record_file), records[1]);
   EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
   cut_off();
   update_records();
-  EXPECT_EQ(bytes_of(files.ptr), records[2]);
+  EXPECT_EQ(bytes_of(files.record_file), records[2]);
   EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
 }
 

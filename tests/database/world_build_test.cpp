@@ -6,7 +6,7 @@
 #include <chrono>
 #include <thread>
 
-#include "database/saveavgs.h"
+#include "database/career_update.h"
 #include "database/slots.h"
 #include "database/teams_file.h"
 #include "database/whole_file.h"
@@ -60,11 +60,11 @@ TEST_F(WorldBuild, WhatIsBuiltHasNoFault) {
 
 TEST_F(WorldBuild, TheOldFilesLeaveNoTrace) {
   build({halden, orr}, {park});
-  const std::string team = bytes_of(files.team);
-  write_bytes(files.team, std::string(10000, 'x'));
-  write_bytes(files.grd, std::string(10000, 'x'));
+  const std::string team = bytes_of(files.team_file);
+  write_bytes(files.team_file, std::string(10000, 'x'));
+  write_bytes(files.ground_file, std::string(10000, 'x'));
   build({halden, orr}, {park});
-  EXPECT_EQ(bytes_of(files.team), team);
+  EXPECT_EQ(bytes_of(files.team_file), team);
 }
 
 TEST_F(WorldBuild, ADumpBuildsTheSameBytes) {
@@ -101,7 +101,7 @@ TEST_F(WorldBuild, ADumpWaitsForItsTurn) {
   ASSERT_EQ(::pipe(ready), 0);
   const pid_t child = ::fork();
   if (child == 0) {
-    const folder_lock turn(files.team);
+    const folder_lock turn(files.team_file);
     if (::write(ready[1], "x", 1) != 1) ::_exit(1);
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     write_bytes(folder / "done", "");  // the last act before the end gives the folder free
@@ -177,17 +177,17 @@ TEST_F(WorldBuild, CareersThatAreNotWholeAreLeftAlone) {
   testing::set_up_finished_match();
   update_career_and_records();
   build({halden}, {park});
-  const std::string team = bytes_of(files.team);
-  std::filesystem::resize_file(files.rec, 6000);
+  const std::string team = bytes_of(files.team_file);
+  std::filesystem::resize_file(files.career_file, 6000);
   const auto error = error_of([&] { build({halden, orr}, {park}); });
   EXPECT_THAT(error.what(), StartsWith("The file is not whole: the file ends "));
   EXPECT_EQ(error.place().file, "base.rec");
-  std::filesystem::remove(files.rec);
+  std::filesystem::remove(files.career_file);
   EXPECT_THAT(error_of([&] {
                 build({halden, orr}, {park});
               }).what(),
               StartsWith("base.rec and base.ptr do not belong together: "));
-  EXPECT_EQ(bytes_of(files.team), team);
+  EXPECT_EQ(bytes_of(files.team_file), team);
 }
 
 TEST_F(WorldBuild, TwentyTeamsOfTwentyPlayersAreBuilt) {
@@ -221,8 +221,8 @@ TEST_F(WorldBuild, AsManyGroundsAsTheCountHoldsAreBuilt) {
   std::vector<std::string> rows(32'767, testing::field);
   build({halden}, rows);
   EXPECT_EQ(read_grounds().size(), 32'767U);
-  std::filesystem::remove(files.team);
-  std::filesystem::remove(files.grd);
+  std::filesystem::remove(files.team_file);
+  std::filesystem::remove(files.ground_file);
   rows.push_back(park);
   const auto error = refusal({halden}, rows);
   EXPECT_EQ(error.kind(), failure::subscript);
@@ -314,18 +314,18 @@ TEST_F(WorldBuild, GroundsOutsideTheRulesAreRefused) {
 TEST_F(WorldBuild, AMissingTableIsRefused) {
   std::filesystem::create_directory(folder / "source");
   write_bytes(folder / "source" / "players.csv", table(player_header, {halden}));
-  const auto error = error_of([&] { build_database(folder / "source", files.team, files.grd); });
+  const auto error = error_of([&] { build_database(folder / "source", files.team_file, files.ground_file); });
   EXPECT_STREQ(error.what(), "The file is missing (file grounds.csv)");
   EXPECT_THAT(names_in(folder), ElementsAre("source"));
 }
 
 TEST_F(WorldBuild, AFailedWriteLeavesTheOldDatabase) {
   build({halden}, {park});
-  const std::string team = bytes_of(files.team);
-  std::filesystem::remove(files.grd);
+  const std::string team = bytes_of(files.team_file);
+  std::filesystem::remove(files.ground_file);
   std::filesystem::create_directory(folder / "base.grd.next");
   EXPECT_EQ(error_of([&] { build({halden, orr}, {park}); }).kind(), failure::file);
-  EXPECT_EQ(bytes_of(files.team), team);
+  EXPECT_EQ(bytes_of(files.team_file), team);
   EXPECT_THAT(names_in(folder), ElementsAre("base.grd.next", "base.team", "source"));
 }
 

@@ -5,8 +5,8 @@
 #include <limits>
 #include <memory>
 
+#include "database/career_update.h"
 #include "database/database_fixture.h"
-#include "database/saveavgs.h"
 #include "database/slots.h"
 #include "database/world.h"
 
@@ -58,8 +58,10 @@ class WorldCheck : public testing::database_fixture {
     write_grounds(2, {ground_in("Alba"), ground_in("Neutral")});
   }
 
-  void write_teams(int count, const std::vector<team_rec>& teams) { write_counted(files.team, count, teams); }
-  void write_grounds(int count, const std::vector<ground_rec>& grounds) { write_counted(files.grd, count, grounds); }
+  void write_teams(int count, const std::vector<team_rec>& teams) { write_counted(files.team_file, count, teams); }
+  void write_grounds(int count, const std::vector<ground_rec>& grounds) {
+    write_counted(files.ground_file, count, grounds);
+  }
 
   /// The faults as lines.
   std::vector<std::string> faults() const {
@@ -95,25 +97,25 @@ TEST_F(WorldCheck, ASoundDatabaseHasNoFaults) {
 }
 
 TEST_F(WorldCheck, MissingFiles) {
-  std::filesystem::remove(files.team);
+  std::filesystem::remove(files.team_file);
   EXPECT_THAT(faults(), ElementsAre("base.team:0:: the file is missing")) << "the grounds are not judged by no team";
-  std::filesystem::remove(files.grd);
+  std::filesystem::remove(files.ground_file);
   EXPECT_THAT(faults(), ElementsAre("base.team:0:: the file is missing", "base.grd:0:: the file is missing"));
 }
 
 TEST_F(WorldCheck, AFileThatCannotBeRead) {
-  std::filesystem::create_directory(files.rec);
+  std::filesystem::create_directory(files.career_file);
   EXPECT_THAT(faults(), ElementsAre("base.rec:0:: The file cannot be read: Is a directory (file base.rec)"));
 }
 
 TEST_F(WorldCheck, ALinkThatLeadsNowhereIsOneFault) {
   play();
-  for (const auto& path : {files.team, files.grd, files.rec, files.ptr}) {
+  for (const auto& path : {files.team_file, files.ground_file, files.career_file, files.record_file}) {
     const std::string name = path.filename().string();
     const std::string whole = bytes_of(path);
     std::filesystem::remove(path);
     std::filesystem::create_symlink(name, path);
-    const bool is_records = path == files.ptr;
+    const bool is_records = path == files.record_file;
     EXPECT_THAT(faults(), ElementsAre(fmt::format(
                               "{}:0:: {}: Too many levels of symbolic links (file {})", name,
                               is_records ? "The link cannot be followed" : "The file cannot be opened", name)));
@@ -212,7 +214,7 @@ TEST_F(WorldCheck, RecordsBeyondTheFile) {
 
 TEST_F(WorldCheck, WhereTheEndOfTheFileComesEarly) {
   const auto cut_at = [this](std::size_t bytes) {
-    std::filesystem::resize_file(files.team, 3000 + bytes);
+    std::filesystem::resize_file(files.team_file, 3000 + bytes);
     return faults();
   };
   EXPECT_THAT(cut_at(9), ElementsAre("base.team:3:squad[1].name: the file ends before this field"));
@@ -224,12 +226,12 @@ TEST_F(WorldCheck, WhereTheEndOfTheFileComesEarly) {
 }
 
 TEST_F(WorldCheck, TextsBeyondTheirSlots) {
-  std::string bytes = bytes_of(files.team);
+  std::string bytes = bytes_of(files.team_file);
   bytes[1501] = '\x7F';
-  write_bytes(files.team, bytes);
-  bytes = bytes_of(files.grd);
+  write_bytes(files.team_file, bytes);
+  bytes = bytes_of(files.ground_file);
   bytes[3001] = '\x7F';
-  write_bytes(files.grd, bytes);
+  write_bytes(files.ground_file, bytes);
   EXPECT_THAT(faults(), ElementsAre("base.team:2:team_name: 32516 bytes from byte 2 on run beyond the slot of 1500",
                                     "base.grd:2:country: \"Alba\" is neither a team nor \"Neutral\"",
                                     "base.grd:3:country: 32519 bytes from byte 2 on run beyond the slot of 1500"));
@@ -291,7 +293,7 @@ TEST_F(WorldCheck, CountsOfCareers) {
     team->player_count = players;
     file.put(1, count, {});
     file.put(2, encoded(*team), {});
-    write_bytes(files.rec, file.bytes());
+    write_bytes(files.career_file, file.bytes());
     return faults();
   };
   EXPECT_THAT(with_count(hex("04 00 01 00"), 0), ElementsAre("base.rec:1:career_team_count: unknown tag 4"));
@@ -333,13 +335,13 @@ TEST_F(WorldCheck, EveryFaultOfTheRecords) {
 
 TEST_F(WorldCheck, BytesOfTheRecordsThatCannotBeRead) {
   play();
-  std::string bytes = bytes_of(files.ptr);
+  std::string bytes = bytes_of(files.record_file);
   bytes[1] = '\x7F';                        // the first player's name
   bytes[(73 - 1) * records_slot] = '\x04';  // the tag of Tamar's away_tied
   bytes.resize((90 - 1) * records_slot + 3);
   bytes[(71 - 1) * records_slot + 2] = '\x01';
   bytes[(90 - 1) * records_slot] = '\x08';
-  write_bytes(files.ptr, bytes);
+  write_bytes(files.record_file, bytes);
   EXPECT_THAT(faults(),
               ElementsAre("base.ptr:90:team_name: the file ends within this field",
                           "base.ptr:1:player: 32518 bytes from byte 2 on run beyond the slot of 2500",

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <limits>
 
+#include "database/career_update.h"
 #include "database/csv.h"
-#include "database/saveavgs.h"
 #include "database/slots.h"
 #include "database/teams_file.h"
 #include "database/world_fixture.h"
@@ -97,12 +97,12 @@ TEST_F(WorldDump, ADatabaseThatHasNotPlayedHasEmptyTables) {
 
 TEST_F(WorldDump, WhatATableCannotKeepIsRefused) {
   build({halden, orr}, {park});
-  const std::string good = bytes_of(files.team);
+  const std::string good = bytes_of(files.team_file);
   const auto refused = [&](team_rec team, int teams) {
     slot_file file({}, team_slot, "x");
     file.put(1, encoded_field(integer(teams)), {});
     for (int t = 1; t <= teams; ++t) file.put(t + 1, encoded(team), {});
-    write_bytes(files.team, file.bytes());
+    write_bytes(files.team_file, file.bytes());
     const auto error = error_of([&] { dump_database(files, folder / "dump"); });
     EXPECT_FALSE(std::filesystem::exists(folder / "dump"));
     return std::string(error.what());
@@ -117,7 +117,7 @@ TEST_F(WorldDump, WhatATableCannotKeepIsRefused) {
   EXPECT_THAT(refused(team, 1), HasSubstr("field squad[2].econ"));
   team.squad[2].econ = 4;
   EXPECT_THAT(refused(team, 2), HasSubstr("two teams of one name (file base.team, record 3"));
-  write_bytes(files.team, good);
+  write_bytes(files.team_file, good);
   dump_database(files, folder / "dump");
 }
 
@@ -130,14 +130,14 @@ TEST_F(WorldDump, ATableThatIsALinkToAFileOfTheGameIsRefused) {
   testing::set_up_finished_match();
   update_career();
   update_records();
-  const std::string careers = bytes_of(files.rec);
+  const std::string careers = bytes_of(files.career_file);
   std::filesystem::create_directory(folder / "dump");
-  std::filesystem::create_symlink(files.rec, folder / "dump" / "top_scores.csv");
+  std::filesystem::create_symlink(files.career_file, folder / "dump" / "top_scores.csv");
   const auto error = error_of([&] { dump_database(files, folder / "dump"); });
   EXPECT_EQ(error.kind(), failure::file);
   EXPECT_THAT(error.what(), StartsWith("The link leads to the file of the careers"));
   EXPECT_EQ(error.place().file, "top_scores.csv");
-  EXPECT_EQ(bytes_of(files.rec), careers);
+  EXPECT_EQ(bytes_of(files.career_file), careers);
   EXPECT_THAT(names_in(folder / "dump"), ElementsAre("top_scores.csv"));
 }
 

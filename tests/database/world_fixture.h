@@ -53,7 +53,7 @@ class world_fixture : public database_fixture {
     std::filesystem::create_directory(folder / "source");
     write_bytes(folder / "source" / "players.csv", table(players_line, players));
     write_bytes(folder / "source" / "grounds.csv", table(grounds_line, grounds));
-    build_database(folder / "source", files.team, files.grd);
+    build_database(folder / "source", files.team_file, files.ground_file);
   }
   /// The refusal of a source; nothing must be written.
   run_time_error refusal(const std::vector<std::string>& players, const std::vector<std::string>& grounds) {
@@ -66,12 +66,12 @@ class world_fixture : public database_fixture {
 
   /// Builds, dumps, builds again, and expects the same bytes.
   void expect_round_trip() {
-    const std::string team = bytes_of(files.team);
-    const std::string grd = bytes_of(files.grd);
+    const std::string team = bytes_of(files.team_file);
+    const std::string ground_file = bytes_of(files.ground_file);
     dump_database(files, folder / "dump");
     build_database(folder / "dump", folder / "again.team", folder / "again.grd");
     EXPECT_EQ(bytes_of(folder / "again.team"), team);
-    EXPECT_EQ(bytes_of(folder / "again.grd"), grd);
+    EXPECT_EQ(bytes_of(folder / "again.grd"), ground_file);
     std::filesystem::remove(folder / "again.team");
     std::filesystem::remove(folder / "again.grd");
   }

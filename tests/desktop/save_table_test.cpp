@@ -16,9 +16,9 @@
 namespace velorin::testing {
 namespace {
 
-class SaveTableTest : public ::testing::Test {
+class SaveTable : public ::testing::Test {
  protected:
-  SaveTableTest() {
+  SaveTable() {
     table.name = "Rows";
     table.columns.resize(1);
     table.columns[0].heading = "Name";
@@ -68,7 +68,7 @@ class SaveTableTest : public ::testing::Test {
   Table table;
 };
 
-TEST_F(SaveTableTest, WritesTheTableInPlaceOfWhatWasThere) {
+TEST_F(SaveTable, WritesTheTableInPlaceOfWhatWasThere) {
   write_old("a.csv");
   save(path("a.csv"));
   EXPECT_EQ(content(path("a.csv")), table_csv(table).toUtf8());
@@ -76,7 +76,7 @@ TEST_F(SaveTableTest, WritesTheTableInPlaceOfWhatWasThere) {
 }
 
 // Tables are named after teams and men, who may be called anything.
-TEST_F(SaveTableTest, TheNameProposedStaysInTheFolder) {
+TEST_F(SaveTable, TheNameProposedStaysInTheFolder) {
   preferences::set_last_folder(folder.path());
   for (const auto& [name, proposed] :
        {std::pair("../other/a", "..-other-a.csv"), std::pair("A/B: \"C\"", "A-B- -C-.csv"),
@@ -94,7 +94,7 @@ TEST_F(SaveTableTest, TheNameProposedStaysInTheFolder) {
   }
 }
 
-TEST_F(SaveTableTest, AFolderThatTakesNoFilesIsTheCauseTold) {
+TEST_F(SaveTable, AFolderThatTakesNoFilesIsTheCauseTold) {
   write_old("a.csv");
   const closed_folder closed(folder.path().toStdString());
   if (!closed.holds()) GTEST_SKIP() << "the system lets files be made in a closed folder";
@@ -104,7 +104,7 @@ TEST_F(SaveTableTest, AFolderThatTakesNoFilesIsTheCauseTold) {
   EXPECT_EQ(files(), QStringList({"a.csv"}));
 }
 
-TEST_F(SaveTableTest, AFullDiskLeavesTheOldFile) {
+TEST_F(SaveTable, AFullDiskLeavesTheOldFile) {
   write_old("a.csv");
   {
     const small_disk disk(100);
@@ -115,7 +115,7 @@ TEST_F(SaveTableTest, AFullDiskLeavesTheOldFile) {
   EXPECT_EQ(files(), QStringList({"a.csv"}));
 }
 
-TEST_F(SaveTableTest, NoNameOfTheGamesFilesIsTaken) {
+TEST_F(SaveTable, NoNameOfTheGamesFilesIsTaken) {
   for (const char* name : {"world.rec", "world.ptr", "world.team", "a.grd", "dummy.txt", "options.mc", "x.csv.new"}) {
     write_old(name);
     save(path(name), QStringLiteral("The name is that of a file of the game, for %1 (file %2)")

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "database/elevens.h"
-#include "engine/storage.h"
+#include "engine/ball_books.h"
 #include "model/random.h"
 #include "support/sample_match.h"
 

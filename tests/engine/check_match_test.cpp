@@ -7,8 +7,8 @@
 
 #include <string>
 
-#include "engine/algorithm.h"
-#include "engine/match_test.h"
+#include "engine/delivery_model.h"
+#include "engine/match_fixture.h"
 
 namespace velorin::testing {
 namespace {

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/algorithm.h"
+#include "engine/delivery_model.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
 #include "support/sample_match.h"

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/algorithm.h"
+#include "engine/delivery_model.h"
 #include "model/random.h"
 #include "support/sample_match.h"
 #include "support/shares.h"

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/algorithm.h"
-#include "engine/storage.h"
+#include "engine/ball_books.h"
+#include "engine/delivery_model.h"
 #include "model/random.h"
 #include "support/sample_match.h"
 

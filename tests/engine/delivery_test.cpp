@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "engine/algorithm.h"
+#include "engine/delivery_model.h"
 #include "model/random.h"
 #include "model/rounding.h"
 #include "support/sample_match.h"

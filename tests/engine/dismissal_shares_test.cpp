@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/storage.h"
+#include "engine/ball_books.h"
 #include "model/random.h"
 #include "support/sample_match.h"
 #include "support/shares.h"

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "console/captain_forms.h"
-#include "engine/driver.h"
+#include "engine/over_play.h"
 #include "headless/headless_user.h"
 #include "model/random.h"
 #include "support/referee.h"
@@ -53,25 +53,25 @@ class watching_user : public headless_user {
   void ball_bowled() override { watch->watch_ball(); }
   void open(report) override { watch->watch_innings_end(); }
 
-  void show(batorder& form) override {
+  void show(next_batsman_form& form) override {
     if (any == nullptr) return headless_user::show(form);
-    form.option1_click(between(*any, match.next_batsman_slot + 1, 11));
-    form.vscroll1 = between(*any, 1, 5);
-    form.command1_click();
+    form.choose(between(*any, match.next_batsman_slot + 1, 11));
+    form.aggression = between(*any, 1, 5);
+    form.accept();
   }
-  void show(chgbowler& form) override {
+  void show(bowler_choice_form& form) override {
     if (any == nullptr) return headless_user::show(form);
     std::vector<int> rows;
     for (int row = 1; row <= 11; ++row) {
       if (form.enabled[row] && match.bowling_card[row].balls < 60) rows.push_back(row);
     }
     ASSERT_FALSE(rows.empty());
-    form.option1_click(rows[static_cast<std::size_t>(between(*any, 0, static_cast<int>(rows.size()) - 1))]);
-    form.command_click();
+    form.choose(rows[static_cast<std::size_t>(between(*any, 0, static_cast<int>(rows.size()) - 1))]);
+    form.accept();
   }
-  void show(aggr& form) override {
-    form.vscroll1 = between(*any, 1, 5);
-    form.command_click();
+  void show(aggression_form& form) override {
+    form.aggression = between(*any, 1, 5);
+    form.accept();
   }
 };
 
@@ -126,14 +126,14 @@ TEST_F(Soak, HumansAndComputersMixed) {
     user_.watch = &watch;
     set_up(number, number % 3 == 1, number % 3 == 2);
     open_console();
-    main_console console;
+    console_form console;
     while (!console.closed()) {
-      console.command1_click();
+      console.bowl_next_over();
       ASSERT_EQ(watch.complaint(), "");
       if (console.closed()) break;
-      if (between(any_, 1, 4) == 1) console.command3_click();
-      console.command4_click(between(any_, 0, 1));
-      console.command5_click(between(any_, 0, 1));
+      if (between(any_, 1, 4) == 1) console.change_bowler();
+      console.change_batsman_aggression(between(any_, 0, 1));
+      console.change_bowler_aggression(between(any_, 0, 1));
     }
     watch.watch_result(true);
     ASSERT_EQ(watch.complaint(), "");

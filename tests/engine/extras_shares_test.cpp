@@ -5,8 +5,8 @@
 #include <array>
 #include <string>
 
-#include "engine/algorithm.h"
-#include "engine/driver.h"
+#include "engine/delivery_model.h"
+#include "engine/over_play.h"
 #include "headless/headless_user.h"
 #include "model/random.h"
 #include "support/sample_match.h"

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/algorithm.h"
-#include "engine/match_test.h"
+#include "engine/delivery_model.h"
+#include "engine/match_fixture.h"
 #include "model/check_match.h"
 
 namespace velorin::testing {

@@ -8,12 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "captain/aicomp.h"
+#include "captain/computer_captain.h"
 #include "database/configuration.h"
-#include "engine/algorithm.h"
-#include "engine/driver.h"
-#include "engine/end_of_inns_match.h"
-#include "engine/match_test.h"
+#include "engine/delivery_model.h"
+#include "engine/innings_end.h"
+#include "engine/match_fixture.h"
+#include "engine/over_play.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
 #include "support/folder_contents.h"

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "console/console_view.h"
-#include "engine/algorithm.h"
-#include "engine/end_of_inns_match.h"
-#include "engine/match_test.h"
+#include "engine/delivery_model.h"
+#include "engine/innings_end.h"
+#include "engine/match_fixture.h"
 #include "model/run_time_error.h"
 
 namespace velorin::testing {
@@ -83,23 +83,23 @@ TEST_F(InningsConsole, ThePanelShowsNothingOfTheFirstInningsInTheChase) {
   open(false, false);
   skip_to_over(45);
   play(times(30, hit(2)));
-  EXPECT_EQ(view_rates().label15_20, "12");
+  EXPECT_EQ(view_rates().last_five_overs, "12");
   play(times(5, hit(1)) + std::vector{hit(3)});
   EXPECT_EQ(match.first_total, 68);
   const auto cells = [] {
     std::vector<std::string> texts;
-    for (const rate_cell& cell : view_rates().label26) texts.push_back(cell.text);
+    for (const rate_cell& cell : view_rates().cells) texts.push_back(cell.text);
     return texts;
   };
   const std::vector<std::string> nothing_bowled = {"69", "50.0 (300b)", "", "", "10", "69", "1.38"};
   EXPECT_TRUE(view_rates().chase);
-  EXPECT_EQ(view_rates().label15_20, " - ");
-  EXPECT_EQ(view_rates().label15_13, "Awa are 0/0");
-  EXPECT_EQ(view_rates().label15_14, "Hom were 0/0");
+  EXPECT_EQ(view_rates().last_five_overs, " - ");
+  EXPECT_EQ(view_rates().score_now, "Awa are 0/0");
+  EXPECT_EQ(view_rates().score_then, "Hom were 0/0");
   EXPECT_EQ(cells(), nothing_bowled);
   play(times(6, hit(4)));
-  EXPECT_EQ(view_rates().label15_20, " - ");
-  EXPECT_EQ(view_rates().label15_13, "Awa are 24/0");
+  EXPECT_EQ(view_rates().last_five_overs, " - ");
+  EXPECT_EQ(view_rates().score_now, "Awa are 24/0");
   EXPECT_THAT(cells(), ElementsAre("45", "49.0 (294b)", "0.92", "24", "10", "69", "1.38"));
 }
 
@@ -125,7 +125,7 @@ TEST_F(InningsConsole, TheTableOfBowlersStartsAnew) {
   EXPECT_THAT(view_bowler_list(), IsEmpty());
   play({hit(1)});
   ASSERT_THAT(view_bowler_list(), SizeIs(1));
-  EXPECT_EQ(view_bowler_list()[0].label25, "H.Bat1");
+  EXPECT_EQ(view_bowler_list()[0].name, "H.Bat1");
 }
 
 }  // namespace

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "engine/algorithm.h"
-#include "engine/match_test.h"
-#include "engine/storage.h"
+#include "engine/ball_books.h"
+#include "engine/delivery_model.h"
+#include "engine/match_fixture.h"
 
 namespace velorin::testing {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "console/captain_forms.h"
 #include "console/console_view.h"
-#include "engine/driver.h"
-#include "engine/match_test.h"
+#include "engine/match_fixture.h"
+#include "engine/over_play.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
 
@@ -59,16 +59,16 @@ TEST_F(Opening, NamesTwoBatsmenAndAllBowlers) {
 }
 
 TEST_F(Opening, ChosenOpenersAreNamed) {
-  user.on_batorder = {[](batorder& form) {
-                        form.option1_click(6);
-                        form.vscroll1 = 4;
-                        form.command1_click();
-                      },
-                      [](batorder& form) {
-                        form.option1_click(4);
-                        form.vscroll1 = 2;
-                        form.command1_click();
-                      }};
+  user.on_next_batsman = {[](next_batsman_form& form) {
+                            form.choose(6);
+                            form.aggression = 4;
+                            form.accept();
+                          },
+                          [](next_batsman_form& form) {
+                            form.choose(4);
+                            form.aggression = 2;
+                            form.accept();
+                          }};
   open(false, false);
   EXPECT_EQ(match.batting_card[1].name, "H.Bat6");
   EXPECT_EQ(match.batting_card[2].name, "H.Bat3");
@@ -78,25 +78,25 @@ TEST_F(Opening, ChosenOpenersAreNamed) {
 }
 
 TEST_F(Opening, TheFirstBowlerCannotBeTheSecond) {
-  user.on_chgbowler = {[](chgbowler& form) {
-                         form.option1_click(9);
-                         form.command_click();
-                       },
-                       [](chgbowler& form) {
-                         EXPECT_EQ(form.chosen, 9);
-                         EXPECT_FALSE(form.enabled[9]);
-                         EXPECT_FALSE(form.enabled[7]);
-                         EXPECT_TRUE(form.enabled[1]);
-                         form.option1_click(11);
-                         form.command_click();
-                       }};
+  user.on_bowler_choice = {[](bowler_choice_form& form) {
+                             form.choose(9);
+                             form.accept();
+                           },
+                           [](bowler_choice_form& form) {
+                             EXPECT_EQ(form.chosen, 9);
+                             EXPECT_FALSE(form.enabled[9]);
+                             EXPECT_FALSE(form.enabled[7]);
+                             EXPECT_TRUE(form.enabled[1]);
+                             form.choose(11);
+                             form.accept();
+                           }};
   open(false, false);
   EXPECT_EQ(match.bowler, 9);
   EXPECT_EQ(match.next_bowler, 11);
 }
 
 TEST_F(Opening, ABowlerNotChosenIsAnError) {
-  user.on_chgbowler = {[](chgbowler& form) { form.command_click(); }};
+  user.on_bowler_choice = {[](bowler_choice_form& form) { form.accept(); }};
   try {
     open_console();
     FAIL() << "a match without a bowler";
@@ -134,7 +134,7 @@ TEST_F(Opening, TheClockComesFromTheGround) {
     open_console();
     EXPECT_EQ(match.clock_minutes, minutes) << time;
   }
-  EXPECT_EQ(view_score().label27_0, "23:59");
+  EXPECT_EQ(view_score().time_of_day, "23:59");
 }
 
 TEST_F(Opening, ShowsTheSides) {
@@ -142,17 +142,17 @@ TEST_F(Opening, ShowsTheSides) {
   match.team1_name = "North West Isles";
   open_console();
   const score_view view = view_score();
-  EXPECT_EQ(view.label15_0, "NW");
-  EXPECT_EQ(view.label15_1, "0/0");
-  EXPECT_EQ(view.label15_2, "0.0 Overs");
-  EXPECT_EQ(view.label15_19, " - ");
-  EXPECT_EQ(view.team1, "North West Isles");
-  EXPECT_EQ(view.team2, "Away");
+  EXPECT_EQ(view.batting_short_name, "NW");
+  EXPECT_EQ(view.score, "0/0");
+  EXPECT_EQ(view.overs, "0.0 Overs");
+  EXPECT_EQ(view.run_rate, " - ");
+  EXPECT_EQ(view.batting_team, "North West Isles");
+  EXPECT_EQ(view.bowling_team, "Away");
   EXPECT_EQ(view_batsman(0).name, "H.Bat1 *");
   EXPECT_EQ(view_batsman(1).name, "H.Bat2");
   EXPECT_EQ(view_bowlers().next_figures, "0.0 - 0 - 0 - 0");
-  for (const rate_cell& cell : view_rates().label26) EXPECT_EQ(cell.text, "-") << cell.heading;
-  EXPECT_EQ(view_rates().label15_20, " - ");
+  for (const rate_cell& cell : view_rates().cells) EXPECT_EQ(cell.text, "-") << cell.heading;
+  EXPECT_EQ(view_rates().last_five_overs, " - ");
 }
 
 TEST_F(Opening, TheConsoleIsAFreshOne) {

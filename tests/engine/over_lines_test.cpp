@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "console/console_view.h"
-#include "engine/algorithm.h"
-#include "engine/match_test.h"
+#include "engine/delivery_model.h"
+#include "engine/match_fixture.h"
 
 namespace velorin::testing {
 namespace {
@@ -83,12 +83,12 @@ TEST_F(OverLines, TheTableOfBowlersGoesByTheirComingOn) {
   play({hit(2)});
   const std::vector<bowler_line> rows = view_bowler_list();
   ASSERT_EQ(rows.size(), 3U);
-  EXPECT_EQ(rows[0].label25, "A.Bowl1");
+  EXPECT_EQ(rows[0].name, "A.Bowl1");
   // The maiden is credited behind the last refresh of his row.
   EXPECT_EQ(rows[0].figures, "1.0-0-0-0");
-  EXPECT_EQ(rows[1].label25, "B.Longfe'es");
+  EXPECT_EQ(rows[1].name, "B.Longfe'es");
   EXPECT_EQ(rows[1].figures, "1.0-0-6-0");
-  EXPECT_EQ(rows[2].label25, "A.Bowl9");
+  EXPECT_EQ(rows[2].name, "A.Bowl9");
   EXPECT_EQ(rows[2].figures, "0.1-0-2-0");
 }
 
@@ -112,15 +112,15 @@ TEST_F(OverLines, TheEleventhBowlerHasNoRow) {
 TEST_F(OverLines, TheClockGainsFourMinutesAnOver) {
   play(times(12, hit(0)) + times(3, hit(0)));
   EXPECT_EQ(match.clock_minutes, 638);
-  EXPECT_EQ(view_score().label27_0, "10:38");
+  EXPECT_EQ(view_score().time_of_day, "10:38");
 }
 
 TEST_F(OverLines, TheHeadOfTheScore) {
   play({hit(4), hit(1), out()});
   const score_view view = view_score();
-  EXPECT_EQ(view.label15_1, "5/1");
-  EXPECT_EQ(view.label15_2, "0.3 Overs");
-  EXPECT_EQ(view.label15_19, "10");
+  EXPECT_EQ(view.score, "5/1");
+  EXPECT_EQ(view.overs, "0.3 Overs");
+  EXPECT_EQ(view.run_rate, "10");
   EXPECT_EQ(view_batsman(0).name, "H.Bat1");
   EXPECT_EQ(view_batsman(0).runs, 5);
   EXPECT_EQ(view_batsman(0).fours, 1);
@@ -130,7 +130,7 @@ TEST_F(OverLines, TheHeadOfTheScore) {
 TEST_F(OverLines, TheProjectionsAreThoseOfTheLastEndOfOver) {
   play({hit(6), hit(1), hit(0), hit(4), hit(0), hit(0), hit(6)});
   std::vector<std::string> shown;
-  for (const rate_cell& cell : view_rates().label26) shown.push_back(cell.heading + ": " + cell.text);
+  for (const rate_cell& cell : view_rates().cells) shown.push_back(cell.heading + ": " + cell.text);
   // 11 off 6, 294 balls left.
   EXPECT_THAT(shown, ElementsAre("Current RR: 550", "4 per over: 207", "6 per over: 305", "8 per over: 403",
                                  "10 per over: 501"));
@@ -139,14 +139,14 @@ TEST_F(OverLines, TheProjectionsAreThoseOfTheLastEndOfOver) {
 TEST_F(OverLines, TheLastFiveOversAreShownFromTheFifthOn) {
   for (int over = 1; over <= 4; ++over) {
     play({hit(over), hit(0), hit(0), hit(0), hit(0), hit(0)});
-    EXPECT_EQ(view_rates().label15_20, " - ") << over;
+    EXPECT_EQ(view_rates().last_five_overs, " - ") << over;
   }
   play({hit(4), hit(wide_ball), hit(6), hit(6), hit(0), hit(0), off_the_pad(byes, 3)});
-  EXPECT_EQ(view_rates().label15_20, "6");  // 1 + 2 + 3 + 4 + 20, the wide among them
+  EXPECT_EQ(view_rates().last_five_overs, "6");  // 1 + 2 + 3 + 4 + 20, the wide among them
   play({hit(6), out(), hit(0), hit(0), hit(0), hit(0)});
-  EXPECT_EQ(view_rates().label15_20, "7");
+  EXPECT_EQ(view_rates().last_five_overs, "7");
   play({hit(1), hit(1)});
-  EXPECT_EQ(view_rates().label15_20, "7");
+  EXPECT_EQ(view_rates().last_five_overs, "7");
 }
 
 TEST_F(OverLines, TheLastFiveOversEndWithTheLastCompletedOne) {
@@ -154,9 +154,9 @@ TEST_F(OverLines, TheLastFiveOversEndWithTheLastCompletedOne) {
   play(std::vector{out()} + times(6, hit(no_ball)) + times(5, hit(2)));
   for (int over = 2; over <= 5; ++over) play({hit(1), hit(0), hit(0), hit(0), hit(0), hit(0)});
   ASSERT_EQ(match.innings_balls, 36);
-  EXPECT_EQ(view_rates().label15_20, "0.8");  // overs 2 to 5, the first being six overs back
+  EXPECT_EQ(view_rates().last_five_overs, "0.8");  // overs 2 to 5, the first being six overs back
   play({hit(6), hit(6)});
-  EXPECT_EQ(view_rates().label15_20, "0.8");
+  EXPECT_EQ(view_rates().last_five_overs, "0.8");
 }
 
 TEST_F(OverLines, NothingIsWrittenBeforeTheFirstBall) {

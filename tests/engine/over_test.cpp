@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "engine/algorithm.h"
-#include "engine/driver.h"
-#include "engine/match_test.h"
+#include "engine/delivery_model.h"
+#include "engine/match_fixture.h"
+#include "engine/over_play.h"
 #include "model/check_match.h"
 
 namespace velorin::testing {
@@ -141,12 +141,12 @@ TEST_F(Over, TheBrowserShowsPastOvers) {
   EXPECT_EQ(match.browser_maximum, 2);
   EXPECT_EQ(match.browsed_over, 2);
   EXPECT_THAT(match.over_symbols, ElementsAre("4", "4", "4", "4", "4", "4"));
-  main_console console;
-  console.vscroll1_change(1);
+  console_form console;
+  console.browse_over(1);
   EXPECT_EQ(match.browsed_over, 1);
   EXPECT_THAT(match.over_symbols, ElementsAre("1", "2", "0", "2", "0", "0"));
   EXPECT_EQ(match.ball_log[match.browsed_over][7], "A.Bowl1");
-  for (const int over : {-1, 0, 3, 51}) console.vscroll1_change(over);
+  for (const int over : {-1, 0, 3, 51}) console.browse_over(over);
   EXPECT_EQ(match.browsed_over, 1);
 }
 
@@ -178,15 +178,15 @@ TEST_F(Over, AMeterEndsAt915) {
 }
 
 TEST_F(Over, TheButtonsOfTheConsoleOpenTheirForms) {
-  main_console console;
-  console.command2_click();
-  console.command3_click();
-  console.command4_click(0);
-  console.command4_click(1);
-  console.command5_click(0);
-  console.command5_click(1);
-  console.command6_click();
-  console.command11_click();
+  console_form console;
+  console.show_scorecard();
+  console.change_bowler();
+  console.change_batsman_aggression(0);
+  console.change_batsman_aggression(1);
+  console.change_bowler_aggression(0);
+  console.change_bowler_aggression(1);
+  console.show_worm();
+  console.show_overs_graph();
   EXPECT_THAT(user.requests, ElementsAre("report 0", "chgbowler Change Bowler", "aggr H.Bat1 ", "aggr H.Bat2 ",
                                          "aggr A.Bowl1 ", "aggr A.Bowl2 ", "report 7", "report 6"));
   EXPECT_FALSE(console.closed());
@@ -195,20 +195,20 @@ TEST_F(Over, TheButtonsOfTheConsoleOpenTheirForms) {
 TEST_F(Over, AComputersSideCannotBeCommanded) {
   open(true, false);
   user.requests.clear();
-  main_console console;
-  console.command4_click(0);
-  console.command4_click(1);
+  console_form console;
+  console.change_batsman_aggression(0);
+  console.change_batsman_aggression(1);
   EXPECT_TRUE(user.requests.empty());
-  console.command3_click();
-  console.command5_click(1);
+  console.change_bowler();
+  console.change_bowler_aggression(1);
   EXPECT_EQ(user.requests.size(), 2U);
   open(false, true);
   user.requests.clear();
-  console.command3_click();
-  console.command5_click(0);
-  console.command5_click(1);
+  console.change_bowler();
+  console.change_bowler_aggression(0);
+  console.change_bowler_aggression(1);
   EXPECT_TRUE(user.requests.empty());
-  console.command4_click(0);
+  console.change_batsman_aggression(0);
   EXPECT_EQ(user.requests.size(), 1U);
 }
 

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "console/captain_forms.h"
-#include "engine/driver.h"
-#include "engine/match_test.h"
+#include "engine/match_fixture.h"
+#include "engine/over_play.h"
 #include "model/run_time_error.h"
 
 namespace velorin::testing {
@@ -30,11 +30,11 @@ class Requests : public match_test {
   }
 
   void choose(int row) {
-    user.on_chgbowler.emplace_back([row](chgbowler& form) {
+    user.on_bowler_choice.emplace_back([row](bowler_choice_form& form) {
       EXPECT_EQ(form.title, "Change Bowler");
-      EXPECT_EQ(form.shown_for, chgbowler::use::quota);
-      form.option1_click(row);
-      form.command_click();
+      EXPECT_EQ(form.shown_for, bowler_choice_form::use::quota);
+      form.choose(row);
+      form.accept();
     });
   }
 };
@@ -109,9 +109,9 @@ TEST_F(Requests, TheQuotaIsAskedUntilItIsKept) {
 TEST_F(Requests, AQuotaWithoutAnAnswerIsAnError) {
   open(false, false);
   give_balls(1, 60);
-  user.on_chgbowler = {[](chgbowler& form) {
+  user.on_bowler_choice = {[](bowler_choice_form& form) {
     form.chosen = 0;
-    form.command_click();
+    form.accept();
   }};
   EXPECT_THROW(play({hit(0)}), run_time_error);
 }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The reset of the match: what it clears and what it leaves.
-#include "engine/resetmat.h"
+#include "engine/match_reset.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "engine/algorithm.h"
-#include "engine/match_test.h"
+#include "engine/delivery_model.h"
+#include "engine/match_fixture.h"
 #include "model/random.h"
 
 namespace velorin::testing {

@@ -12,10 +12,10 @@
 #include <vector>
 
 #include "database/configuration.h"
-#include "database/records.h"
-#include "engine/algorithm.h"
-#include "engine/driver.h"
-#include "engine/match_test.h"
+#include "database/lasting_records.h"
+#include "engine/delivery_model.h"
+#include "engine/match_fixture.h"
+#include "engine/over_play.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
 
@@ -260,14 +260,14 @@ TEST_F(Lasting, AStrikerWhoIsTheLowerIsNamedTwice) {
 TEST_F(Lasting, AFailedSaveIsTriedAgainAndTheMatchIsAddedOnce) {
   home_make(times(6, hit(6)));
   files.updates = true;
-  std::filesystem::create_directory(files.ptr);
+  std::filesystem::create_directory(files.record_file);
   user.on_failed_save.push_back([](const failed_save& failed) {
     EXPECT_TRUE(failed.cause.ends_with("(file world.ptr)")) << failed.cause;
     EXPECT_EQ(failed.without, "If you go on without saving, this match is missing from the careers and records.");
     return save_answer::retry;
   });
   user.on_failed_save.push_back([](const failed_save&) {
-    std::filesystem::remove(files.ptr);
+    std::filesystem::remove(files.record_file);
     return save_answer::retry;
   });
   play(std::vector{hit(4)} + times(10, out()));
@@ -283,18 +283,18 @@ TEST_F(Lasting, AFailedSaveIsTriedAgainAndTheMatchIsAddedOnce) {
 TEST_F(Lasting, TheUserCanGoOnWithoutSaving) {
   home_make(times(6, hit(6)));
   files.updates = true;
-  std::filesystem::create_directory(files.ptr);
+  std::filesystem::create_directory(files.record_file);
   user.on_failed_save.push_back([](const failed_save&) { return save_answer::go_on; });
   play(std::vector{hit(4)} + times(10, out()));
   expect_result("Home", "Away", "  won by  32  runs");
   expect_reset();
-  EXPECT_FALSE(std::filesystem::exists(files.rec));
+  EXPECT_FALSE(std::filesystem::exists(files.career_file));
 }
 
 TEST_F(Lasting, AFailedSaveThatNobodyAnswersIsRaised) {
   home_make(times(6, hit(6)));
   files.updates = true;
-  std::filesystem::create_directory(files.ptr);
+  std::filesystem::create_directory(files.record_file);
   EXPECT_THROW(play(std::vector{hit(4)} + times(10, out())), run_time_error);
   EXPECT_EQ(user.requests_of("failed save").size(), 1U);
 }

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "console/console_view.h"
-#include "engine/driver.h"
-#include "engine/match_test.h"
+#include "engine/match_fixture.h"
+#include "engine/over_play.h"
 #include "model/random.h"
 
 namespace velorin::testing {
@@ -56,8 +56,8 @@ class Unattended : public match_test {
     std::vector<std::string>& lines = user.requests;
     for (const std::string& line : stored_commentary_lines()) lines.push_back(line);
     for (const std::string& line : commentary_lines()) lines.push_back(line);
-    for (const bowler_line& line : view_bowler_list()) lines.push_back(line.label25 + line.figures);
-    for (const rate_cell& cell : view_rates().label26) lines.push_back(cell.heading + cell.text);
+    for (const bowler_line& line : view_bowler_list()) lines.push_back(line.name + line.figures);
+    for (const rate_cell& cell : view_rates().cells) lines.push_back(cell.heading + cell.text);
     lines.push_back(view_last_wicket());
     for (const auto& over : match.ball_log) lines.insert(lines.end(), over.begin(), over.end());
     for (const auto& fall : match.fall_of_wicket) lines.push_back(fall.batsman_a + fall.batsman_b);

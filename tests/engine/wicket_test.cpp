@@ -8,8 +8,8 @@
 
 #include "console/captain_forms.h"
 #include "console/console_view.h"
-#include "engine/algorithm.h"
-#include "engine/match_test.h"
+#include "engine/delivery_model.h"
+#include "engine/match_fixture.h"
 #include "model/check_match.h"
 
 namespace velorin::testing {
@@ -27,10 +27,10 @@ class Wicket : public match_test {
 
   /// Answers the next pick of a batsman.
   void next_man(int row, int aggression) {
-    user.on_batorder.emplace_back([row, aggression](batorder& form) {
-      form.option1_click(row);
-      form.vscroll1 = aggression;
-      form.command1_click();
+    user.on_next_batsman.emplace_back([row, aggression](next_batsman_form& form) {
+      form.choose(row);
+      form.aggression = aggression;
+      form.accept();
     });
   }
 };
@@ -90,8 +90,8 @@ TEST_F(Wicket, OffTheSixthBallTheNewManIsTheNonStriker) {
 }
 
 TEST_F(Wicket, AHumanSeesTheFigures) {
-  batsmandetails seen;
-  user.on_batsmandetails = [&seen](const batsmandetails& form) { seen = form; };
+  batsman_details_form seen;
+  user.on_batsman_details = [&seen](const batsman_details_form& form) { seen = form; };
   play({hit(4), hit(6), hit(0), hit(2), hit(3), hit(1)});
   play({hit(1), hit(0), out(12)});
   EXPECT_EQ(seen.title, "Fall Of Wicket");

@@ -13,7 +13,7 @@
 #include <thread>
 
 #include "cli/recount.h"
-#include "database/records.h"
+#include "database/lasting_records.h"
 #include "faults/acts.h"
 #include "model/code_page.h"
 

@@ -7,10 +7,10 @@
 #include <string>
 #include <utility>
 
+#include "database/career_update.h"
 #include "database/configuration.h"
 #include "database/database_fixture.h"
 #include "database/elevens.h"
-#include "database/saveavgs.h"
 #include "model/run_time_error.h"
 
 namespace {

@@ -6,7 +6,7 @@
 
 #include "database/configuration.h"
 #include "database/file_calls.h"
-#include "database/optfrm.h"
+#include "database/settings_form.h"
 
 int main(int count, char** words) {
   if (count != 4) return 2;
@@ -14,12 +14,12 @@ int main(int count, char** words) {
   try {
     velorin::files = velorin::database_paths(words[1], {});
     velorin::read_options();
-    velorin::optfrm form;
+    velorin::settings_form form;
     form.open();
-    form.combo1_text = words[2];
-    form.dir1 = "/photos";
-    form.command4_click(std::stol(velorin::change_to_rgb(words[3])));
-    if (const auto message = form.command1_click()) {
+    form.database = words[2];
+    form.photo_folder = "/photos";
+    form.change_font_color(std::stol(velorin::change_to_rgb(words[3])));
+    if (const auto message = form.accept()) {
       std::cerr << "settings_writer: " << message->text << '\n';
       return 1;
     }

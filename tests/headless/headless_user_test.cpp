@@ -4,12 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "console/captain_forms.h"
-#include "engine/driver.h"
+#include "engine/over_play.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
-#include "setup/teamsel.h"
+#include "setup/conditions.h"
+#include "setup/team_selection.h"
 #include "setup/toss.h"
-#include "setup/wecond.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -33,7 +33,7 @@ TEST_F(HeadlessUser, TakesTheConditionsAsTheyCome) {
   match.ground.pitch_bounce = 1;
   match.ground.pitch_surface = 2;
   script_draws({0.9, 0.7, 0, 0});
-  wecond form;
+  conditions_form form;
   form.open();
   user_.show(form);
   EXPECT_TRUE(form.closed);
@@ -45,7 +45,7 @@ TEST_F(HeadlessUser, TakesTheConditionsAsTheyCome) {
 
 TEST_F(HeadlessUser, MovesTheSlidersWhereConditionsAreGiven) {
   script_draws({0.9, 0.7, 0, 0});
-  wecond form;
+  conditions_form form;
   form.open();
   user_.conditions = {{1, 2, 3, 4}};
   user_.show(form);
@@ -63,7 +63,7 @@ TEST_F(HeadlessUser, CallsAndBats) {
   for (const double coin : {one, two}) {
     set_up_sample_match(false, false);
     script_draws({coin});
-    toss form;
+    toss_form form;
     form.open();
     user_.show(form);
     EXPECT_TRUE(form.closed);
@@ -76,7 +76,7 @@ TEST_F(HeadlessUser, PressesTheButtonThatAComputerLeaves) {
   for (const double election : {one, two}) {
     set_up_sample_match(false, true);
     script_draws({two, election});
-    toss form;
+    toss_form form;
     form.open();
     user_.show(form);
     EXPECT_TRUE(form.closed);
@@ -88,7 +88,7 @@ TEST_F(HeadlessUser, DoesNotCallWhereTheCoinHasFallen) {
   for (const double election : {one, two}) {
     set_up_sample_match(true, false);
     script_draws({one, election});
-    toss form;
+    toss_form form;
     form.open_decided();
     user_.show(form);
     EXPECT_TRUE(form.closed);
@@ -103,7 +103,7 @@ TEST_F(HeadlessUser, SendsInTheFirstManWhoIsFree) {
   match.striker = 2;
   match.non_striker = 4;
   match.batsman_aggression = {1, 5};
-  batorder form("Select Next Batsman");
+  next_batsman_form form("Select Next Batsman");
   user_.show(form);
   EXPECT_TRUE(form.closed);
   EXPECT_EQ(form.chosen, 5);
@@ -112,11 +112,11 @@ TEST_F(HeadlessUser, SendsInTheFirstManWhoIsFree) {
 }
 
 TEST_F(HeadlessUser, OpensWithTheFirstTwoBatsmen) {
-  batorder first("Select 1st Opener");
+  next_batsman_form first("Select 1st Opener");
   user_.show(first);
   EXPECT_EQ(first.chosen, 1);
   match.striker = 1;
-  batorder second("Select 2nd Opener");
+  next_batsman_form second("Select 2nd Opener");
   user_.show(second);
   EXPECT_EQ(second.chosen, 2);
   EXPECT_EQ(match.batsman_aggression, (slots{3, 3}));
@@ -124,11 +124,11 @@ TEST_F(HeadlessUser, OpensWithTheFirstTwoBatsmen) {
 
 TEST_F(HeadlessUser, OpensWithTheFirstTwoWhoMayBowl) {
   match.bowling_xi[1].is_keeper = flag_true;
-  chgbowler first(chgbowler::use::first_opener, "Select 1st Opening Bowler");
+  bowler_choice_form first(bowler_choice_form::use::first_opener, "Select 1st Opening Bowler");
   user_.show(first);
   EXPECT_TRUE(first.closed);
   EXPECT_EQ(match.bowler, 2);
-  chgbowler second(chgbowler::use::second_opener, "Select 2nd Opening Bowler");
+  bowler_choice_form second(bowler_choice_form::use::second_opener, "Select 2nd Opening Bowler");
   user_.show(second);
   EXPECT_EQ(match.next_bowler, 3);
   EXPECT_EQ(match.bowler, 2);
@@ -141,7 +141,7 @@ TEST_F(HeadlessUser, ChangesToTheFirstManWithBallsLeft) {
   match.bowling_card[2].balls = 61;
   match.bowling_card[4].balls = 60;
   match.bowling_card[5].balls = 59;
-  chgbowler form(chgbowler::use::change, "Change Bowler");
+  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
   user_.show(form);
   EXPECT_TRUE(form.closed);
   EXPECT_EQ(match.bowler, 5);
@@ -152,7 +152,7 @@ TEST_F(HeadlessUser, MayKeepTheBowlerWhoIsFirst) {
   match.bowler = 1;
   match.next_bowler = 2;
   match.bowling_card[1].balls = 54;
-  chgbowler form(chgbowler::use::change, "Change Bowler");
+  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
   user_.show(form);
   EXPECT_EQ(match.bowler, 1);
 }
@@ -163,7 +163,7 @@ TEST_F(HeadlessUser, WithNobodyLeftToBowlTheSearchIsEndless) {
   for (int i = 1; i <= 11; ++i) match.bowling_card[i].balls = 60;
   match.bowling_card[2].balls = 0;
   match.bowling_card[7].balls = 0;  // the keeper
-  chgbowler form(chgbowler::use::change, "Change Bowler");
+  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
   try {
     user_.show(form);
     ADD_FAILURE() << "no error";
@@ -177,7 +177,7 @@ TEST_F(HeadlessUser, WithNobodyLeftToBowlTheSearchIsEndless) {
 
 TEST_F(HeadlessUser, LeavesAnAggressionAsItIs) {
   match.batsman_aggression = {4, 2};
-  aggr form = aggr::of_batsman(0);
+  aggression_form form = aggression_form::of_batsman(0);
   user_.show(form);
   EXPECT_EQ(match.batsman_aggression, (slots{4, 2}));
 }
@@ -187,7 +187,7 @@ TEST_F(HeadlessUser, PressesTheOverButtonUntilTheConsoleCloses) {
   chance.use_seed(3);
   open_console();
   ASSERT_TRUE(match.console_open);
-  main_console console;
+  console_form console;
   user_.show(console);
   EXPECT_TRUE(console.closed());
   EXPECT_NE(match.result_margin, "");

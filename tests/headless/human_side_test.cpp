@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "engine/driver.h"
+#include "engine/over_play.h"
 #include "model/random.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
@@ -32,12 +32,12 @@ class HumanSide : public ::testing::Test {
     set_up_sample_match(false, false);
     chance.use_seed(seed);
     open_console();
-    main_console console;
+    console_form console;
     while (match.innings_number == 1) {
       std::array<int, 12> before{};
       for (int i = 1; i <= 11; ++i) before[i] = match.bowling_card[i].balls;
       const int over = match.over_no;
-      console.command1_click();
+      console.bowl_next_over();
       if (match.innings_number != 1) break;
       ASSERT_EQ(match.over_no, over + 1);
       overs_.push_back({match.next_bowler, before[match.next_bowler]});

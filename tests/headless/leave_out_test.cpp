@@ -4,7 +4,7 @@
 #include "database/elevens.h"
 #include "headless/headless_user.h"
 #include "model/random.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "support/sample_match.h"
 #include "support/squad_table.h"
 

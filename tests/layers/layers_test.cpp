@@ -68,76 +68,77 @@ TEST_F(HouseRules, AnEmptyTreeBreaksNothing) {
 }
 
 TEST_F(HouseRules, ARoomIncludesItselfAndLowerFloors) {
-  EXPECT_THAT(floors_of("model/teams.cpp", "model/teams.h"), IsEmpty());
-  EXPECT_THAT(floors_of("ui/front_end.cpp", "model/teams.h"), IsEmpty());
-  EXPECT_THAT(floors_of("engine/driver.cpp", "captain/aicomp.h"), IsEmpty());
-  EXPECT_THAT(floors_of("setup/toss.cpp", "engine/driver.h"), IsEmpty());
-  EXPECT_THAT(floors_of("headless/user.cpp", "competitions/series1.h"), IsEmpty());
-  EXPECT_THAT(floors_of("cli/main.cpp", "competitions/series1.h"), IsEmpty());
+  EXPECT_THAT(floors_of("model/match_state.cpp", "model/match_state.h"), IsEmpty());
+  EXPECT_THAT(floors_of("ui/front_end.cpp", "model/match_state.h"), IsEmpty());
+  EXPECT_THAT(floors_of("engine/over_play.cpp", "captain/computer_captain.h"), IsEmpty());
+  EXPECT_THAT(floors_of("setup/toss.cpp", "engine/over_play.h"), IsEmpty());
+  EXPECT_THAT(floors_of("headless/user.cpp", "competitions/series.h"), IsEmpty());
+  EXPECT_THAT(floors_of("cli/main.cpp", "competitions/series.h"), IsEmpty());
   EXPECT_THAT(floors_of("cli/main.cpp", "headless/user.h"), IsEmpty());
 }
 
 TEST_F(HouseRules, ARoomDoesNotIncludeHigherFloors) {
-  EXPECT_THAT(floors_of("model/teams.cpp", "database/configuration.h"),
-              ElementsAre("src/model/teams.cpp:1: model may not include database"));
-  EXPECT_THAT(floors_of("captain/aicomp.cpp", "engine/driver.h"),
-              ElementsAre("src/captain/aicomp.cpp:1: captain may not include engine"));
-  EXPECT_THAT(floors_of("engine/driver.cpp", "setup/toss.h"),
-              ElementsAre("src/engine/driver.cpp:1: engine may not include setup"));
-  EXPECT_THAT(floors_of("competitions/series1.cpp", "headless/user.h"),
-              ElementsAre("src/competitions/series1.cpp:1: competitions may not include headless"));
-  EXPECT_THAT(floors_of("competitions/series1.cpp", "cli/match.h"),
-              ElementsAre("src/competitions/series1.cpp:1: competitions may not include cli"));
+  EXPECT_THAT(floors_of("model/match_state.cpp", "database/configuration.h"),
+              ElementsAre("src/model/match_state.cpp:1: model may not include database"));
+  EXPECT_THAT(floors_of("captain/computer_captain.cpp", "engine/over_play.h"),
+              ElementsAre("src/captain/computer_captain.cpp:1: captain may not include engine"));
+  EXPECT_THAT(floors_of("engine/over_play.cpp", "setup/toss.h"),
+              ElementsAre("src/engine/over_play.cpp:1: engine may not include setup"));
+  EXPECT_THAT(floors_of("competitions/series.cpp", "headless/user.h"),
+              ElementsAre("src/competitions/series.cpp:1: competitions may not include headless"));
+  EXPECT_THAT(floors_of("competitions/series.cpp", "cli/match.h"),
+              ElementsAre("src/competitions/series.cpp:1: competitions may not include cli"));
 }
 
 TEST_F(HouseRules, ARoomDoesNotIncludeItsNeighboursOnTheSameFloor) {
   EXPECT_THAT(floors_of("ui/front_end.cpp", "database/configuration.h"),
               ElementsAre("src/ui/front_end.cpp:1: ui may not include database"));
-  EXPECT_THAT(floors_of("reports/scorecard.cpp", "console/gradi.h"),
+  EXPECT_THAT(floors_of("reports/scorecard.cpp", "console/console_figures.h"),
               ElementsAre("src/reports/scorecard.cpp:1: reports may not include console"));
   EXPECT_THAT(floors_of("cli/main.cpp", "desktop/theme.h"),
               ElementsAre("src/cli/main.cpp:1: cli may not include desktop"));
 }
 
 TEST_F(HouseRules, WindowsSeeTheFloorsBelowAndTheShellSeesWindows) {
-  EXPECT_THAT(floors_of("console/forms/board.cpp", "console/gradi.h"), IsEmpty());
+  EXPECT_THAT(floors_of("console/forms/board.cpp", "console/console_figures.h"), IsEmpty());
   EXPECT_THAT(floors_of("console/forms/board.cpp", "desktop/theme.h"), IsEmpty());
   EXPECT_THAT(floors_of("console/forms/board.cpp", "console/forms/chips.h"), IsEmpty());
-  EXPECT_THAT(floors_of("shell/forms/menu.cpp", "shell/opening.h"), IsEmpty());
+  EXPECT_THAT(floors_of("shell/forms/menu.cpp", "shell/menu.h"), IsEmpty());
   EXPECT_THAT(floors_of("shell/qt_front_end.cpp", "console/forms/board.h"), IsEmpty());
   EXPECT_THAT(floors_of("shell/qt_front_end.cpp", "shell/forms/menu.h"), IsEmpty());
   EXPECT_THAT(floors_of("shell/main.cpp", "desktop/theme.h"), IsEmpty());
 }
 
 TEST_F(HouseRules, NothingElseSeesWindows) {
-  EXPECT_THAT(floors_of("console/gradi.cpp", "console/forms/board.h"),
-              ElementsAre("src/console/gradi.cpp:1: console may not include console/forms"));
+  EXPECT_THAT(floors_of("console/console_figures.cpp", "console/forms/board.h"),
+              ElementsAre("src/console/console_figures.cpp:1: console may not include console/forms"));
   EXPECT_THAT(floors_of("setup/toss.cpp", "console/forms/board.h"),
               ElementsAre("src/setup/toss.cpp:1: setup may not include console/forms"));
   EXPECT_THAT(floors_of("cli/main.cpp", "console/forms/board.h"),
               ElementsAre("src/cli/main.cpp:1: cli may not include console/forms"));
   EXPECT_THAT(floors_of("console/forms/board.cpp", "reports/forms/worms.h"),
               ElementsAre("src/console/forms/board.cpp:1: console/forms may not include reports/forms"));
-  EXPECT_THAT(floors_of("console/forms/board.cpp", "shell/opening.h"),
+  EXPECT_THAT(floors_of("console/forms/board.cpp", "shell/menu.h"),
               ElementsAre("src/console/forms/board.cpp:1: console/forms may not include shell"));
 }
 
 TEST_F(HouseRules, SharedPartsKnowNoSubsystem) {
   EXPECT_THAT(floors_of("desktop/theme.cpp", "model/code_page.h"), IsEmpty());
   EXPECT_THAT(floors_of("desktop/form.cpp", "ui/front_end.h"), IsEmpty());
-  EXPECT_THAT(floors_of("desktop/theme.cpp", "console/gradi.h"),
+  EXPECT_THAT(floors_of("desktop/theme.cpp", "console/console_figures.h"),
               ElementsAre("src/desktop/theme.cpp:1: desktop may not include console"));
   EXPECT_THAT(floors_of("desktop/theme.cpp", "console/forms/board.h"),
               ElementsAre("src/desktop/theme.cpp:1: desktop may not include console/forms"));
 }
 
 TEST_F(HouseRules, AnIncludeBeginsWithARoomAndNamesAFile) {
-  write("src/model/teams.cpp", "\n#include \"teams.h\"\n#include \"../ui/front_end.h\"\n#include \"model/gone.h\"\n");
-  write("src/model/teams.h", "");
+  write("src/model/match_state.cpp",
+        "\n#include \"teams.h\"\n#include \"../ui/front_end.h\"\n#include \"model/gone.h\"\n");
+  write("src/model/match_state.h", "");
   EXPECT_THAT(check_floors(root_),
-              ElementsAre("src/model/teams.cpp:2: \"teams.h\" does not begin with a room",
-                          "src/model/teams.cpp:3: \"../ui/front_end.h\" does not begin with a room",
-                          "src/model/teams.cpp:4: \"model/gone.h\" is no file of src"));
+              ElementsAre("src/model/match_state.cpp:2: \"teams.h\" does not begin with a room",
+                          "src/model/match_state.cpp:3: \"../ui/front_end.h\" does not begin with a room",
+                          "src/model/match_state.cpp:4: \"model/gone.h\" is no file of src"));
 }
 
 TEST_F(HouseRules, AHeaderMayBeFilledByTheBuild) {
@@ -155,20 +156,20 @@ TEST_F(HouseRules, EveryFolderIsARoom) {
 }
 
 TEST_F(HouseRules, BlanksDoNotHideAnInclude) {
-  write("src/engine/driver.h", "");
-  write("src/model/teams.cpp", "  #  include\t\"engine/driver.h\"  // quick\n");
-  EXPECT_THAT(check_floors(root_), ElementsAre("src/model/teams.cpp:1: model may not include engine"));
+  write("src/engine/over_play.h", "");
+  write("src/model/match_state.cpp", "  #  include\t\"engine/over_play.h\"  // quick\n");
+  EXPECT_THAT(check_floors(root_), ElementsAre("src/model/match_state.cpp:1: model may not include engine"));
 }
 
 TEST_F(HouseRules, TheCoreHasNoQtHeader) {
-  write("src/console/gradi.cpp", "#include <string>\n#include <QString>\n#include \"QtWidgets/QLabel\"\n");
-  write("src/competitions/series1.h", "#include <QtCore/qglobal.h>\n");
+  write("src/console/console_figures.cpp", "#include <string>\n#include <QString>\n#include \"QtWidgets/QLabel\"\n");
+  write("src/competitions/series.h", "#include <QtCore/qglobal.h>\n");
   write("src/cli/main.cpp", "#include <QCoreApplication>\n");
   EXPECT_THAT(check_libraries(root_),
               ElementsAre("src/cli/main.cpp:1: cli may not include a Qt header: QCoreApplication",
-                          "src/competitions/series1.h:1: competitions may not include a Qt header: QtCore/qglobal.h",
-                          "src/console/gradi.cpp:2: console may not include a Qt header: QString",
-                          "src/console/gradi.cpp:3: console may not include a Qt header: QtWidgets/QLabel"));
+                          "src/competitions/series.h:1: competitions may not include a Qt header: QtCore/qglobal.h",
+                          "src/console/console_figures.cpp:2: console may not include a Qt header: QString",
+                          "src/console/console_figures.cpp:3: console may not include a Qt header: QtWidgets/QLabel"));
 }
 
 TEST_F(HouseRules, WindowsAndTheirSharedPartsMayIncludeQt) {
@@ -179,7 +180,7 @@ TEST_F(HouseRules, WindowsAndTheirSharedPartsMayIncludeQt) {
 }
 
 TEST_F(HouseRules, TheCoreUsesTheStandardLibraryAndFmtAlone) {
-  write("src/engine/driver.cpp",
+  write("src/engine/over_play.cpp",
         "#include <array>\n#include <fmt/format.h>\n#include <sys/stat.h>\n#include <ctime>\n");
   write("src/cli/match.cpp", "#include <CLI/CLI.hpp>\n#include <nlohmann/json.hpp>\n");
   EXPECT_THAT(check_libraries(root_), IsEmpty());
@@ -190,7 +191,7 @@ TEST_F(HouseRules, TheCoreUsesTheStandardLibraryAndFmtAlone) {
 }
 
 TEST_F(HouseRules, EverySourceBeginsWithItsLicence) {
-  write("src/model/teams.h", licence + "#pragma once\n");
+  write("src/model/match_state.h", licence + "#pragma once\n");
   write("tests/model/texts_test.cpp", licence);
   write("src/CMakeLists.txt", "# SPDX-License-Identifier: GPL-3.0-or-later\n");
   write("scripts/play", "#!/usr/bin/env bash\n# SPDX-License-Identifier: GPL-3.0-or-later\n");
@@ -215,10 +216,10 @@ TEST_F(HouseRules, ASourceWithoutItsLicenceIsFound) {
 
 TEST_F(HouseRules, WordsThatOnlyOtherPapersKnow) {
   write("docs/notes.md", "As the Speci" + std::string("fication says.\nSee Pa") + "rt 3.1 and pa" + "rts 12.4, 5.\n");
-  write("src/model/teams.h", "// the speci" + std::string("fications\n// part of it; Pa") + "rt 3 of 4\n");
+  write("src/model/match_state.h", "// the speci" + std::string("fications\n// part of it; Pa") + "rt 3 of 4\n");
   EXPECT_THAT(check_words(root_), ElementsAre("docs/notes.md:1: names the speci" + std::string("fication"),
                                               "docs/notes.md:2: names a numbered section",
-                                              "src/model/teams.h:1: names the speci" + std::string("fication")));
+                                              "src/model/match_state.h:1: names the speci" + std::string("fication")));
 }
 
 TEST_F(HouseRules, OrdinaryWordsPass) {

@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin {
 namespace {

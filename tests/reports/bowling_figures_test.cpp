@@ -6,64 +6,64 @@
 namespace velorin {
 namespace {
 
-using bowling_figures_test = reports_test;
+using BowlingCards = reports_test;
 
-TEST_F(bowling_figures_test, shows_the_innings_in_play) {
+TEST_F(BowlingCards, shows_the_innings_in_play) {
   set_second_innings_in_play();
-  bowlcard screen;
+  bowling_card_form screen;
   screen.open();
-  EXPECT_EQ(screen.label1[9], "I.Nettle");
-  EXPECT_EQ(screen.label2[9], "6.0");
-  EXPECT_EQ(screen.label3[9], "11");
-  EXPECT_EQ(screen.label4[9], "42");
-  EXPECT_EQ(screen.label5[9], "1");
-  EXPECT_EQ(screen.label11[9], "7");
-  EXPECT_EQ(screen.label2[3], "0.5");
-  EXPECT_EQ(screen.label11[3], "12");
-  EXPECT_EQ(screen.label11[11], "3.62");  // 3.625 exactly: down to the even digit
+  EXPECT_EQ(screen.names[9], "I.Nettle");
+  EXPECT_EQ(screen.overs[9], "6.0");
+  EXPECT_EQ(screen.maidens[9], "11");
+  EXPECT_EQ(screen.runs[9], "42");
+  EXPECT_EQ(screen.wickets[9], "1");
+  EXPECT_EQ(screen.economy_rates[9], "7");
+  EXPECT_EQ(screen.overs[3], "0.5");
+  EXPECT_EQ(screen.economy_rates[3], "12");
+  EXPECT_EQ(screen.economy_rates[11], "3.62");  // 3.625 exactly: down to the even digit
 }
 
-TEST_F(bowling_figures_test, a_man_who_has_not_bowled_shows_his_name_only) {
+TEST_F(BowlingCards, a_man_who_has_not_bowled_shows_his_name_only) {
   set_second_innings_in_play();
-  bowlcard screen;
+  bowling_card_form screen;
   screen.open();
-  EXPECT_EQ(screen.label1[1], "A.Harrow");
-  EXPECT_EQ(screen.label2[1], "");
-  EXPECT_EQ(screen.label3[1], "");
-  EXPECT_EQ(screen.label4[1], "");
-  EXPECT_EQ(screen.label5[1], "");
-  EXPECT_EQ(screen.label11[1], "");
+  EXPECT_EQ(screen.names[1], "A.Harrow");
+  EXPECT_EQ(screen.overs[1], "");
+  EXPECT_EQ(screen.maidens[1], "");
+  EXPECT_EQ(screen.runs[1], "");
+  EXPECT_EQ(screen.wickets[1], "");
+  EXPECT_EQ(screen.economy_rates[1], "");
 }
 
-TEST_F(bowling_figures_test, shows_the_first_innings) {
+TEST_F(BowlingCards, shows_the_first_innings) {
   set_second_innings_in_play();
-  bowlcard2nd screen;
+  first_bowling_card_form screen;
   screen.open();
-  EXPECT_EQ(screen.label1[5], "E.Marrack");
-  EXPECT_EQ(screen.label2[5], "9.0");
-  EXPECT_EQ(screen.label3[5], "0");
-  EXPECT_EQ(screen.label4[5], "101");
-  EXPECT_EQ(screen.label5[5], "0");
-  EXPECT_EQ(screen.label11[5], "11.22");
-  EXPECT_EQ(screen.label2[11], "9.2");
-  EXPECT_EQ(screen.label1[1], "A.Tamuera");
-  EXPECT_EQ(screen.label2[1], "");
+  EXPECT_EQ(screen.names[5], "E.Marrack");
+  EXPECT_EQ(screen.overs[5], "9.0");
+  EXPECT_EQ(screen.maidens[5], "0");
+  EXPECT_EQ(screen.runs[5], "101");
+  EXPECT_EQ(screen.wickets[5], "0");
+  EXPECT_EQ(screen.economy_rates[5], "11.22");
+  EXPECT_EQ(screen.overs[11], "9.2");
+  EXPECT_EQ(screen.names[1], "A.Tamuera");
+  EXPECT_EQ(screen.overs[1], "");
 }
 
-TEST_F(bowling_figures_test, reopening_forgets_what_was_shown) {
+TEST_F(BowlingCards, reopening_forgets_what_was_shown) {
   set_second_innings_in_play();
-  bowlcard screen;
+  bowling_card_form screen;
   screen.open();
   match.bowling_card[9].balls = 0;
   screen.open();
-  EXPECT_EQ(screen.label2[9], "");
-  EXPECT_EQ(screen.label11[9], "");
+  EXPECT_EQ(screen.overs[9], "");
+  EXPECT_EQ(screen.economy_rates[9], "");
 }
 
-TEST_F(bowling_figures_test, headings) {
-  EXPECT_EQ(bowlcard::title, "Bowling Figures");
+TEST_F(BowlingCards, headings) {
+  EXPECT_EQ(bowling_card_form::title, "Bowling Figures");
   const std::array<std::string_view, 5> wanted = {"Overs", "Mdns", "Runs", "Wkts", "R.P.O"};
-  EXPECT_EQ(bowlcard::headings, wanted);
+  EXPECT_EQ(bowling_card_form::headings, wanted);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "ui/front_end.h"
 
 // Hand-built states of a match for the tests of its reports.
@@ -38,23 +38,23 @@ class opened_reports : public front_end {
     refuse();
     return save_answer::give_up;
   }
-  void show(wecond&) override { refuse(); }
-  void show(teamsel&) override { refuse(); }
-  void show(toss&) override { refuse(); }
-  void show(batorder&) override { refuse(); }
-  void show(chgbowler&) override { refuse(); }
-  void show(aggr&) override { refuse(); }
-  void show(batsmandetails&) override { refuse(); }
-  void show(main_console&) override { refuse(); }
+  void show(conditions_form&) override { refuse(); }
+  void show(team_selection_form&) override { refuse(); }
+  void show(toss_form&) override { refuse(); }
+  void show(next_batsman_form&) override { refuse(); }
+  void show(bowler_choice_form&) override { refuse(); }
+  void show(aggression_form&) override { refuse(); }
+  void show(batsman_details_form&) override { refuse(); }
+  void show(console_form&) override { refuse(); }
   void ball_bowled() override { refuse(); }
   void progress(int) override { refuse(); }
   void progress_done() override { refuse(); }
-  void show(sqdet&) override { refuse(); }
-  void show(allrecs&) override { refuse(); }
-  void show(sri_result&) override { refuse(); }
-  void show(triserresult&) override { refuse(); }
-  void show(wc_fix&) override { refuse(); }
-  void show(wcsstab&) override { refuse(); }
+  void show(player_profile_form&) override { refuse(); }
+  void show(player_rankings_form&) override { refuse(); }
+  void show(series_results_form&) override { refuse(); }
+  void show(tri_series_table_form&) override { refuse(); }
+  void show(world_cup_fixtures_form&) override { refuse(); }
+  void show(world_cup_tables_form&) override { refuse(); }
 
  private:
   static void refuse() { ADD_FAILURE() << "a report asks for reading screens only"; }

@@ -7,11 +7,11 @@
 namespace velorin {
 namespace {
 
-using partnerships_test = reports_test;
+using Partnerships = reports_test;
 
-TEST_F(partnerships_test, ended_stands) {
+TEST_F(Partnerships, ended_stands) {
   set_first_innings_in_play();
-  const partnership_row row = opened<partners>().rows[3];
+  const partnership_row row = opened<partnerships_form>().rows[3];
   EXPECT_EQ(row.batsmen, "C.Vanterpool  &&  D.Sealing");
   EXPECT_EQ(row.partnership, "68 (77)");
   EXPECT_EQ(row.score, "99");
@@ -20,9 +20,9 @@ TEST_F(partnerships_test, ended_stands) {
   EXPECT_TRUE(row.visible);
 }
 
-TEST_F(partnerships_test, the_current_stand_follows_the_last_wicket) {
+TEST_F(Partnerships, the_current_stand_follows_the_last_wicket) {
   set_first_innings_in_play();
-  const partners screen = opened<partners>();
+  const partnerships_form screen = opened<partnerships_form>();
   EXPECT_EQ(screen.rows[4].batsmen, "C.Vanterpool  &&  E.Marrack");  // the striker is the later of the two
   EXPECT_EQ(screen.rows[4].partnership, "32*  (17)");
   EXPECT_EQ(screen.rows[4].wicket, "4");
@@ -30,28 +30,28 @@ TEST_F(partnerships_test, the_current_stand_follows_the_last_wicket) {
   for (int i = 5; i <= 10; ++i) EXPECT_FALSE(screen.rows[i].visible) << i;
 }
 
-TEST_F(partnerships_test, the_order_of_the_current_stand_is_the_batting_order) {
+TEST_F(Partnerships, the_order_of_the_current_stand_is_the_batting_order) {
   set_first_innings_in_play();
   match.striker = 3;
   match.non_striker = 5;
-  EXPECT_EQ(opened<partners>().rows[4].batsmen, "C.Vanterpool  &&  E.Marrack");
+  EXPECT_EQ(opened<partnerships_form>().rows[4].batsmen, "C.Vanterpool  &&  E.Marrack");
 }
 
-TEST_F(partnerships_test, the_first_stand_starts_from_nothing) {
+TEST_F(Partnerships, the_first_stand_starts_from_nothing) {
   match.batting_card[1].name = "A.Harrow";
   match.batting_card[2].name = "D.Moss";
   match.striker = 1;
   match.non_striker = 2;
   match.score_runs = 7;
   match.innings_balls = 8;
-  const partners screen = opened<partners>();
+  const partnerships_form screen = opened<partnerships_form>();
   EXPECT_EQ(screen.rows[1].batsmen, "A.Harrow  &&  D.Moss");
   EXPECT_EQ(screen.rows[1].partnership, "7*  (8)");
   EXPECT_TRUE(screen.rows[1].visible);
   EXPECT_FALSE(screen.rows[2].visible);
 }
 
-TEST_F(partnerships_test, all_out_has_no_current_stand) {
+TEST_F(Partnerships, all_out_has_no_current_stand) {
   for (int i = 1; i <= 10; ++i) {
     match.fall_of_wicket[i].batsman_a = "A.Harrow";
     match.fall_of_wicket[i].batsman_b = "D.Moss";
@@ -62,37 +62,37 @@ TEST_F(partnerships_test, all_out_has_no_current_stand) {
   match.non_striker = 9;
   match.score_runs = 40;
   match.innings_balls = 61;
-  const partners screen = opened<partners>();
+  const partnerships_form screen = opened<partnerships_form>();
   EXPECT_TRUE(screen.rows[10].visible);
   EXPECT_EQ(screen.rows[10].partnership, "0 (0)");
   for (const partnership_row& row : screen.rows) EXPECT_EQ(row.partnership.find('*'), std::string::npos);
 }
 
-TEST_F(partnerships_test, nine_down_puts_the_current_stand_in_the_last_row) {
+TEST_F(Partnerships, nine_down_puts_the_current_stand_in_the_last_row) {
   match.score_wickets = 9;
   match.batting_card[2].name = "D.Moss";
   match.batting_card[11].name = "K.Foss";
   match.striker = 11;
   match.non_striker = 2;
-  EXPECT_EQ(opened<partners>().rows[10].batsmen, "D.Moss  &&  K.Foss");
-  EXPECT_TRUE(opened<partners>().rows[10].visible);
+  EXPECT_EQ(opened<partnerships_form>().rows[10].batsmen, "D.Moss  &&  K.Foss");
+  EXPECT_TRUE(opened<partnerships_form>().rows[10].visible);
 }
 
-TEST_F(partnerships_test, the_overs_go_back_into_the_records) {
+TEST_F(Partnerships, the_overs_go_back_into_the_records) {
   set_second_innings_in_play();
-  opened<partners>();
+  opened<partnerships_form>();
   EXPECT_EQ(match.fall_of_wicket[1].overs_text, "7.0");
   EXPECT_EQ(match.fall_of_wicket[2].overs_text, "7.1");
   EXPECT_EQ(match.fall_of_wicket[4].overs_text, "0.0");
   EXPECT_EQ(match.fall_of_wicket[0].overs_text, "");
   EXPECT_EQ(match.first_fall_of_wicket[1].overs_text, "");
-  opened<partners2>();
+  opened<first_partnerships_form>();
   EXPECT_EQ(match.first_fall_of_wicket[10].overs_text, "48.2");
 }
 
-TEST_F(partnerships_test, first_innings_all_out) {
+TEST_F(Partnerships, first_innings_all_out) {
   set_second_innings_in_play();
-  const partners2 screen = opened<partners2>();
+  const first_partnerships_form screen = opened<first_partnerships_form>();
   EXPECT_EQ(screen.rows[1].batsmen, "A.Harrow  &&  B.Lindqvist-Ramsden");
   EXPECT_EQ(screen.rows[1].partnership, "88 (94)");
   EXPECT_EQ(screen.rows[1].score, "88");
@@ -104,7 +104,7 @@ TEST_F(partnerships_test, first_innings_all_out) {
   for (int i = 1; i <= 10; ++i) EXPECT_TRUE(screen.rows[i].visible) << i;
 }
 
-TEST_F(partnerships_test, the_unbroken_stand_of_the_first_innings_shows_no_score) {
+TEST_F(Partnerships, the_unbroken_stand_of_the_first_innings_shows_no_score) {
   set_second_innings_in_play();
   fall_of_wicket_rec& stand = match.first_fall_of_wicket[10];
   stand = {};
@@ -112,7 +112,7 @@ TEST_F(partnerships_test, the_unbroken_stand_of_the_first_innings_shows_no_score
   stand.batsman_b = "K.Foss * ";
   stand.partner_runs = 20;
   stand.partner_balls = 13;
-  const partnership_row row = opened<partners2>().rows[10];
+  const partnership_row row = opened<first_partnerships_form>().rows[10];
   EXPECT_TRUE(row.visible);
   EXPECT_EQ(row.batsmen, "J.Orme  &&  K.Foss * ");
   EXPECT_EQ(row.partnership, "20 (13)");
@@ -121,16 +121,16 @@ TEST_F(partnerships_test, the_unbroken_stand_of_the_first_innings_shows_no_score
   EXPECT_EQ(row.wicket, "10");
 }
 
-TEST_F(partnerships_test, first_innings_has_no_current_stand) {
+TEST_F(Partnerships, first_innings_has_no_current_stand) {
   set_second_innings_in_play();
   match.score_wickets = 0;
   match.first_fall_of_wicket = {};
-  for (const partnership_row& row : opened<partners2>().rows) EXPECT_FALSE(row.visible);
+  for (const partnership_row& row : opened<first_partnerships_form>().rows) EXPECT_FALSE(row.visible);
 }
 
-TEST_F(partnerships_test, headings) {
+TEST_F(Partnerships, headings) {
   const std::array<std::string_view, 5> wanted = {"  Batsmen", "Partnership", "Score", "Overs", "Wkt."};
-  EXPECT_EQ(partners::headings, wanted);
+  EXPECT_EQ(partnerships_form::headings, wanted);
 }
 
 }  // namespace

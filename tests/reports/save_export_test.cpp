@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 using testing::other_user;
 using testing::redirected_output;
 
-class save_export_test : public reports_test {
+class SaveExport : public reports_test {
  protected:
   void SetUp() override {
     reports_test::SetUp();
@@ -58,10 +58,10 @@ class save_export_test : public reports_test {
   }
 
   fs::path folder;
-  scorecard card;
+  scorecard_form card;
 };
 
-TEST_F(save_export_test, writes_the_kind_asked_for) {
+TEST_F(SaveExport, writes_the_kind_asked_for) {
   write_export(card, export_kind::html, folder / "a.html");
   write_export(card, export_kind::text, folder / "b.txt");
   write_export(card, export_kind::ball_by_ball, folder / "c.txt");
@@ -71,19 +71,19 @@ TEST_F(save_export_test, writes_the_kind_asked_for) {
   EXPECT_EQ(files(), 3);
 }
 
-TEST_F(save_export_test, replaces_what_was_there) {
+TEST_F(SaveExport, replaces_what_was_there) {
   std::ofstream(folder / "a.txt") << std::string(100000, 'x');
   write_export(card, export_kind::text, folder / "a.txt");
   EXPECT_EQ(content(folder / "a.txt"), text_scorecard(card));
   EXPECT_EQ(files(), 1);
 }
 
-TEST_F(save_export_test, opens_a_card_of_its_own) {
+TEST_F(SaveExport, opens_a_card_of_its_own) {
   write_export(export_kind::text, folder / "a.txt");
   EXPECT_EQ(content(folder / "a.txt"), text_scorecard(card));
 }
 
-TEST_F(save_export_test, follows_a_symbolic_link) {
+TEST_F(SaveExport, follows_a_symbolic_link) {
   std::ofstream(folder / "real.txt") << "old";
   fs::create_symlink(folder / "real.txt", folder / "link.txt");
   write_export(card, export_kind::text, folder / "link.txt");
@@ -91,20 +91,20 @@ TEST_F(save_export_test, follows_a_symbolic_link) {
   EXPECT_EQ(content(folder / "real.txt"), text_scorecard(card));
 }
 
-TEST_F(save_export_test, refuses_a_folder_that_is_not_there) {
+TEST_F(SaveExport, refuses_a_folder_that_is_not_there) {
   const fs::path path = folder / "missing" / "a.html";
   EXPECT_EQ(error_of(path), "The file cannot be written: No such file or directory (file " + path.string() + ")");
   EXPECT_EQ(files(), 0);
 }
 
-TEST_F(save_export_test, refuses_a_folder_in_place_of_the_file) {
+TEST_F(SaveExport, refuses_a_folder_in_place_of_the_file) {
   fs::create_directory(folder / "a.html");
   const fs::path path = folder / "a.html";
   EXPECT_EQ(error_of(path), "The file cannot be written: Is a directory (file " + path.string() + ")");
   EXPECT_TRUE(fs::is_directory(folder / "a.html"));
 }
 
-TEST_F(save_export_test, refuses_the_names_of_the_game_beside_its_files) {
+TEST_F(SaveExport, refuses_the_names_of_the_game_beside_its_files) {
   const database_files before = velorin::files;
   velorin::files.folder = folder;
   const std::string told = error_of(folder / "team1r.txt");
@@ -115,12 +115,12 @@ TEST_F(save_export_test, refuses_the_names_of_the_game_beside_its_files) {
   EXPECT_EQ(files(), 0);
 }
 
-TEST_F(save_export_test, writes_straight_to_a_device_and_leaves_it_one) {
+TEST_F(SaveExport, writes_straight_to_a_device_and_leaves_it_one) {
   write_export(card, export_kind::html, "/dev/null");
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
-TEST_F(save_export_test, goes_on_in_the_file_of_standard_output) {
+TEST_F(SaveExport, goes_on_in_the_file_of_standard_output) {
   const fs::path standard_output = make_link_to_standard_output();
   const fs::path path = folder / "out.txt";
   std::ofstream(path) << "before\n";
@@ -133,7 +133,7 @@ TEST_F(save_export_test, goes_on_in_the_file_of_standard_output) {
   EXPECT_EQ(files(), 2);
 }
 
-TEST_F(save_export_test, leaves_the_link_of_standard_output_alone) {
+TEST_F(SaveExport, leaves_the_link_of_standard_output_alone) {
   const fs::path standard_output = make_link_to_standard_output();
   const fs::path path = folder / "out.txt";
   std::string moved;
@@ -150,7 +150,7 @@ TEST_F(save_export_test, leaves_the_link_of_standard_output_alone) {
   EXPECT_TRUE(fs::is_symlink(standard_output));
 }
 
-TEST_F(save_export_test, goes_straight_to_a_pipe_by_the_name_of_its_descriptor) {
+TEST_F(SaveExport, goes_straight_to_a_pipe_by_the_name_of_its_descriptor) {
   int pipe[2];
   ASSERT_EQ(::pipe2(pipe, O_CLOEXEC), 0);
   ASSERT_EQ(::fcntl(pipe[1], F_SETPIPE_SZ, 1 << 20), 1 << 20);
@@ -164,7 +164,7 @@ TEST_F(save_export_test, goes_straight_to_a_pipe_by_the_name_of_its_descriptor) 
   EXPECT_EQ(got, text_scorecard(card));
 }
 
-TEST_F(save_export_test, leaves_a_protected_file_alone) {
+TEST_F(SaveExport, leaves_a_protected_file_alone) {
   const fs::path path = folder / "a.txt";
   std::ofstream(path) << "old";
   fs::permissions(path, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
@@ -178,7 +178,7 @@ TEST_F(save_export_test, leaves_a_protected_file_alone) {
   EXPECT_EQ(files(), 1);
 }
 
-TEST_F(save_export_test, refuses_a_full_device) {
+TEST_F(SaveExport, refuses_a_full_device) {
   if (!fs::exists("/dev/full")) FAIL() << "the test needs /dev/full";
   EXPECT_EQ(error_of("/dev/full"), "The file cannot be written: No space left on device (file /dev/full)");
   EXPECT_TRUE(fs::is_character_file("/dev/full"));

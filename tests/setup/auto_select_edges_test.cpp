@@ -22,7 +22,7 @@ std::array<int, 4> best_bowlers(const std::vector<std::pair<float, float>>& figu
   std::vector<squad_row> rows;
   for (const auto& [sr, econ] : figures) rows.push_back({l, 10, sr, econ});
   selection screen(squad_of(rows));
-  screen.form.command3_click();
+  screen.form.auto_select();
   return screen.form.best_bowlers();
 }
 
@@ -78,7 +78,7 @@ std::vector<squad_row> twelve() {
 
 TEST(AutoSelectTwelve, TwelveAreTickedWhenTheStepsHardlyOverlap) {
   selection screen(squad_of(twelve()));
-  screen.form.command3_click();
+  screen.form.auto_select();
   EXPECT_THAT(ticked_places(screen.form), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12));
   EXPECT_EQ(screen.form.ticked(), 12);
   EXPECT_EQ(screen.form.selected_count(), "12/11 players selected so far.");
@@ -119,11 +119,11 @@ TEST(AutoSelectEmptyPlaces, AsBowlersTheyAreTheWorst) {
   squad men = squad_of(rows);
   men[13].name.clear();
   selection screen(men);
-  screen.form.command3_click();
+  screen.form.auto_select();
   EXPECT_THAT(screen.form.best_bowlers(), ElementsAre(7, 8, 9, 10));
   men[13].name = "back";
   selection with_him(men);
-  with_him.form.command3_click();
+  with_him.form.auto_select();
   EXPECT_THAT(with_him.form.best_bowlers(), ElementsAre(13, 7, 8, 9));
 }
 

@@ -90,7 +90,7 @@ TEST(AutoSelect, TheFirstBowlerAboveTwentyIsTheOneWhoCanBat) {
   squad[14].skill = 21;  // 15 comes before him
   EXPECT_THAT(auto_selected(squad), ElementsAre(1, 2, 4, 5, 6, 7, 8, 10, 12, 13, 15));
   selection screen(squad_of(squad));
-  screen.form.command3_click();
+  screen.form.auto_select();
   EXPECT_EQ(screen.form.batting_bowler(), 15);
   EXPECT_THAT(screen.form.best_bowlers(), ElementsAre(10, 13, 12, 8));
 }
@@ -99,7 +99,7 @@ TEST(AutoSelect, WithNobodyAboveTwentyThereIsNoBowlerWhoCanBat) {
   auto squad = full_squad();
   for (squad_row& row : squad) row.skill -= 25;  // the best is 20, the openers 15, 10 and 5
   selection screen(squad_of(squad));
-  screen.form.command3_click();
+  screen.form.auto_select();
   EXPECT_EQ(screen.form.batting_bowler(), 0);
   EXPECT_THAT(ticked_places(screen.form), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 10, 12, 13));
 }

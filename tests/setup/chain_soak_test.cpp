@@ -12,15 +12,15 @@
 #include <string>
 
 #include "database/configuration.h"
-#include "database/records.h"
+#include "database/lasting_records.h"
 #include "database/teams_file.h"
 #include "database/world.h"
 #include "headless/headless_user.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
 #include "reports/export.h"
 #include "reports/scorecard.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "support/referee.h"
 #include "support/soak_run.h"
 
@@ -50,7 +50,7 @@ class watching_user : public headless_user {
 
  private:
   void note_innings() {
-    scorecard card;
+    scorecard_form card;
     card.open();
     noted += text_scorecard(card);
     noted += ball_by_ball(card);
@@ -76,7 +76,7 @@ class ChainSoak : public ::testing::Test {
     files.updates = false;
     forget_teams_and_grounds();
     const auto tables = std::filesystem::path(VELORIN_TEST_DATA) / ".." / "data" / "world";
-    build_database(tables, files.team, files.grd);
+    build_database(tables, files.team_file, files.ground_file);
     match = match_state();
   }
   void TearDown() override {
@@ -90,16 +90,16 @@ class ChainSoak : public ::testing::Test {
   /// Teams and ground follow from the number, all else from the generator that it starts.
   void play(int number) {
     std::mt19937 any(static_cast<std::uint32_t>(number));
-    teamfrm form;
+    new_match_form form;
     form.open();
-    const auto teams = static_cast<std::uint32_t>(form.combo1.size());
+    const auto teams = static_cast<std::uint32_t>(form.teams.size());
     const auto first = any() % teams;
     form.choose_first_team(static_cast<int>(first));
     form.choose_second_team(static_cast<int>((first + 1 + any() % (teams - 1)) % teams));
-    form.combo3_index = static_cast<int>(any() % form.combo3.size());
+    form.ground_index = static_cast<int>(any() % form.grounds.size());
     chance.use_seed(static_cast<std::uint64_t>(number));
     static_cast<match_result&>(match) = {};
-    form.command1_click();
+    form.accept();
   }
 
   /// Plays and watches a match; false, with the test failed, if it broke a rule.

@@ -2,11 +2,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "engine/driver.h"
+#include "engine/over_play.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
 #include "setup/coin_draws.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "setup/toss.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
@@ -29,7 +29,7 @@ class Chain : public ::testing::TestWithParam<bool> {
     database_.add_ground("Beta", "Green Lane");
     database_.add_ground("Gamma", "Hill Road");
     database_.write();
-    user_.on_console = [this](main_console&) {
+    user_.on_console = [this](console_form&) {
       at_console_ = match;
       match.console_open = false;
     };
@@ -40,11 +40,11 @@ class Chain : public ::testing::TestWithParam<bool> {
     draws.insert(draws.end(), toss_draws.begin(), toss_draws.end());
     draws.push_back(0.5);
     script_draws(draws);
-    teamfrm form;
+    new_match_form form;
     form.open();
-    form.option1_cpu = first_computer;
-    form.option3_cpu = second_computer;
-    form.command1_click();
+    form.computer_captains_first = first_computer;
+    form.computer_captains_second = second_computer;
+    form.accept();
     EXPECT_FALSE(form.visible);
   }
 
@@ -111,14 +111,14 @@ TEST_P(Chain, AComputerAgainstAHuman) {
 }
 
 TEST_P(Chain, TwoComputersPlayTheWholeMatch) {
-  teamfrm form;
+  new_match_form form;
   form.open();
   chance.use_seed(11);
   user_.on_report = [this](report which) {
     EXPECT_EQ(which, report::scorecard);
     if (at_console_.team1_name.empty()) at_console_ = match;
   };
-  form.command1_click();
+  form.accept();
   ASSERT_EQ(user_.messages.size(), 1U);
   EXPECT_THAT(
       user_.requests,
@@ -134,12 +134,12 @@ TEST_P(Chain, TwoComputersPlayTheWholeMatch) {
 }
 
 TEST_P(Chain, ATeamAgainstItselfPlays) {
-  teamfrm form;
+  new_match_form form;
   form.open();
   form.choose_second_team(1);
-  form.combo3_index = 0;
+  form.ground_index = 0;
   chance.use_seed(12);
-  form.command1_click();
+  form.accept();
   EXPECT_THAT(user_.requests_of("teamsel"), ElementsAre("teamsel Beta", "teamsel Beta"));
   EXPECT_EQ(user_.requests_of("message End of Match").size(), 1U);
   EXPECT_EQ(match.team_count, 0);
@@ -147,9 +147,9 @@ TEST_P(Chain, ATeamAgainstItselfPlays) {
 
 TEST_P(Chain, TwoMatchesInARowStartFromNothing) {
   chance.use_seed(13);
-  teamfrm form;
+  new_match_form form;
   form.open();
-  form.command1_click();
+  form.accept();
   user_.requests.clear();
   ok(false, false, {one});
   EXPECT_EQ(user_.requests.back(), "console");

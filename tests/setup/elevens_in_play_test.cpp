@@ -9,8 +9,8 @@
 
 #include "database/configuration.h"
 #include "database/elevens.h"
+#include "model/match_state.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 #include "setup/toss.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"

@@ -8,13 +8,13 @@
 #include <map>
 
 #include "database/elevens.h"
-#include "engine/driver.h"
+#include "engine/over_play.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
-#include "setup/teamfrm.h"
-#include "setup/teamsel.h"
+#include "setup/conditions.h"
+#include "setup/new_match.h"
+#include "setup/team_selection.h"
 #include "setup/toss.h"
-#include "setup/wecond.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
 
@@ -44,36 +44,36 @@ class Leaving : public ::testing::TestWithParam<std::tuple<step, bool>> {
   void leave_at(step where) {
     switch (where) {
       case step::conditions:
-        user_.on_wecond.push_back([](wecond& form) { form.leave(); });
+        user_.on_conditions.push_back([](conditions_form& form) { form.leave(); });
         break;
       case step::second_selection:
-        user_.on_teamsel.push_back([this](teamsel& form) { user_.headless_user::show(form); });
+        user_.on_team_selection.push_back([this](team_selection_form& form) { user_.headless_user::show(form); });
         [[fallthrough]];
       case step::first_selection:
-        user_.on_teamsel.push_back([](teamsel& form) { form.leave(); });
+        user_.on_team_selection.push_back([](team_selection_form& form) { form.leave(); });
         break;
       case step::decision:
-        user_.on_toss.push_back([](toss& form) {
-          form.command1_click(0);
+        user_.on_toss.push_back([](toss_form& form) {
+          form.call_coin(0);
           form.leave();
         });
         break;
       case step::coin:
-        user_.on_toss.push_back([](toss& form) { form.leave(); });
+        user_.on_toss.push_back([](toss_form& form) { form.leave(); });
     }
   }
 
-  static teamfrm new_match() {
-    teamfrm form;
+  static new_match_form new_match() {
+    new_match_form form;
     form.open();
-    form.option1_cpu = form.option3_cpu = false;
+    form.computer_captains_first = form.computer_captains_second = false;
     return form;
   }
 
   std::string play(std::uint64_t seed) {
     chance.use_seed(seed);
-    teamfrm form = new_match();
-    form.command1_click();
+    new_match_form form = new_match();
+    form.accept();
     EXPECT_FALSE(form.left);
     std::string told = match.result_winner + match.result_margin + match.result_ground;
     for (const message_box& message : user_.messages) told += message.title + message.text;
@@ -112,8 +112,8 @@ class Leaving : public ::testing::TestWithParam<std::tuple<step, bool>> {
 
 TEST_P(Leaving, NothingIsKeptOfTheFirstMatch) {
   leave_at(std::get<0>(GetParam()));
-  teamfrm form = new_match();
-  form.command1_click();
+  new_match_form form = new_match();
+  form.accept();
   EXPECT_TRUE(form.left);
   EXPECT_FALSE(form.visible);
   EXPECT_TRUE(user_.requests_of("console").empty());
@@ -129,10 +129,10 @@ TEST_P(Leaving, TheFilesOfTheMatchBeforeComeBack) {
   const std::string margin = match.result_margin;
   EXPECT_EQ(before.size(), files.elevens_in_memory ? 0U : 2U);
   leave_at(std::get<0>(GetParam()));
-  teamfrm form = new_match();
+  new_match_form form = new_match();
   form.choose_first_team(0);
   form.choose_second_team(1);
-  form.command1_click();
+  form.accept();
   EXPECT_TRUE(form.left);
   expect_blank_match();
   EXPECT_TRUE(scratch_files() == before);
@@ -144,9 +144,9 @@ TEST_P(Leaving, TheNextMatchIsThatOfAFreshStart) {
   const std::string last_card = played_.batting_card[1].name + played_.bowling_card[11].name + played_.overs_text();
   match = match_state();
   leave_at(std::get<0>(GetParam()));
-  teamfrm form = new_match();
+  new_match_form form = new_match();
   form.choose_first_team(0);
-  form.command1_click();
+  form.accept();
   user_.messages.clear();
   EXPECT_EQ(play(5), fresh);
   EXPECT_EQ(played_.batting_card[1].name + played_.bowling_card[11].name + played_.overs_text(), last_card);

@@ -2,11 +2,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "model/match_state.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
-#include "setup/teamfrm.h"
-#include "setup/teamsel.h"
-#include "setup/wecond.h"
+#include "setup/conditions.h"
+#include "setup/new_match.h"
+#include "setup/team_selection.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
@@ -44,22 +44,22 @@ class NewMatch : public ::testing::Test {
   }
   /// OK, left at the first team's selection; what the match holds then is looked at afterwards.
   void ok_to_selection() {
-    user_.on_teamsel.push_back([](teamsel&) { throw leave(); });
-    EXPECT_THROW(form_.command1_click(), leave);
+    user_.on_team_selection.push_back([](team_selection_form&) { throw leave(); });
+    EXPECT_THROW(form_.accept(), leave);
   }
 
   small_database database_;
   scripted_user user_;
   front_end_scope shown_{user_};
-  teamfrm form_;
+  new_match_form form_;
 };
 
 TEST_F(NewMatch, ListsTheTeamsWithTheirRecordNumbers) {
   usual_database();
-  ASSERT_EQ(form_.combo1.size(), 4U);
-  for (int i = 0; i < 4; ++i) EXPECT_EQ(form_.combo1[static_cast<std::size_t>(i)].record, i + 2);
-  EXPECT_EQ(form_.combo1[0].name, "First");
-  EXPECT_EQ(form_.combo1[3].name, "Fourth");
+  ASSERT_EQ(form_.teams.size(), 4U);
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(form_.teams[static_cast<std::size_t>(i)].record, i + 2);
+  EXPECT_EQ(form_.teams[0].name, "First");
+  EXPECT_EQ(form_.teams[3].name, "Fourth");
   EXPECT_EQ(match.team_count, 4);
   EXPECT_EQ(match.team_list[1], "First");
   EXPECT_EQ(match.team_list[4], "Fourth");
@@ -68,33 +68,33 @@ TEST_F(NewMatch, ListsTheTeamsWithTheirRecordNumbers) {
 
 TEST_F(NewMatch, PreselectsTheSecondTheThirdAndTheSecondGround) {
   usual_database();
-  EXPECT_EQ(form_.combo1_text(), "Second");
-  EXPECT_EQ(form_.combo2_text(), "Third");
-  EXPECT_EQ(form_.combo3_text(), "Mid Park");
+  EXPECT_EQ(form_.first_team_name(), "Second");
+  EXPECT_EQ(form_.second_team_name(), "Third");
+  EXPECT_EQ(form_.ground_name(), "Mid Park");
 }
 
 TEST_F(NewMatch, WithFewerThanThreeTeamsTextsStayEmpty) {
   add_teams({"First", "Second"});
   database_.write();
   form_.open();
-  EXPECT_EQ(form_.combo1_text(), "Second");
-  EXPECT_EQ(form_.combo2_text(), "");
-  EXPECT_EQ(form_.combo3_text(), "");
-  EXPECT_THAT(form_.combo3, IsEmpty());
+  EXPECT_EQ(form_.first_team_name(), "Second");
+  EXPECT_EQ(form_.second_team_name(), "");
+  EXPECT_EQ(form_.ground_name(), "");
+  EXPECT_THAT(form_.grounds, IsEmpty());
 }
 
 TEST_F(NewMatch, WithOneTeamOrNoneNothingIsChosen) {
   database_.write();
   form_.open();
-  EXPECT_EQ(form_.combo1_text(), "");
-  EXPECT_THAT(form_.combo1, IsEmpty());
+  EXPECT_EQ(form_.first_team_name(), "");
+  EXPECT_THAT(form_.teams, IsEmpty());
   small_database single;
   single.add_team("First");
   single.write();
   form_.open();
-  EXPECT_EQ(form_.combo1.size(), 1U);
-  EXPECT_EQ(form_.combo1_text(), "");
-  EXPECT_EQ(form_.combo2_text(), "");
+  EXPECT_EQ(form_.teams.size(), 1U);
+  EXPECT_EQ(form_.first_team_name(), "");
+  EXPECT_EQ(form_.second_team_name(), "");
 }
 
 TEST_F(NewMatch, MoreThanTwentyTeamsAreASubscriptError) {
@@ -112,21 +112,21 @@ TEST_F(NewMatch, MoreThanTwentyTeamsAreASubscriptError) {
 
 TEST_F(NewMatch, GroundsAreThoseOfBothTeamsAndNeutralOnesInFileOrder) {
   usual_database();
-  EXPECT_THAT(form_.combo3, ElementsAre("Green Lane", "Mid Park", "Hill Road", "Old Field"));
+  EXPECT_THAT(form_.grounds, ElementsAre("Green Lane", "Mid Park", "Hill Road", "Old Field"));
 }
 
 TEST_F(NewMatch, GroundsFollowEitherTeam) {
   usual_database();
   form_.choose_first_team(3);
-  EXPECT_THAT(form_.combo3, ElementsAre("Mid Park", "Far End", "Hill Road"));
-  EXPECT_EQ(form_.combo3_text(), "Far End");
+  EXPECT_THAT(form_.grounds, ElementsAre("Mid Park", "Far End", "Hill Road"));
+  EXPECT_EQ(form_.ground_name(), "Far End");
   form_.choose_second_team(0);
-  EXPECT_THAT(form_.combo3, ElementsAre("Mid Park", "Far End"));
+  EXPECT_THAT(form_.grounds, ElementsAre("Mid Park", "Far End"));
   form_.choose_first_team(0);
-  EXPECT_THAT(form_.combo3, ElementsAre("Mid Park"));
-  EXPECT_EQ(form_.combo3_text(), "") << "there is no second one to show";
+  EXPECT_THAT(form_.grounds, ElementsAre("Mid Park"));
+  EXPECT_EQ(form_.ground_name(), "") << "there is no second one to show";
   form_.choose_second_team(1);
-  EXPECT_THAT(form_.combo3, ElementsAre("Green Lane", "Mid Park", "Old Field"));
+  EXPECT_THAT(form_.grounds, ElementsAre("Green Lane", "Mid Park", "Old Field"));
 }
 
 TEST_F(NewMatch, ATeamCalledNeutralHasItsGroundsTwice) {
@@ -136,27 +136,27 @@ TEST_F(NewMatch, ATeamCalledNeutralHasItsGroundsTwice) {
   database_.add_ground("Neutral", "Side Park");
   database_.write();
   form_.open();
-  EXPECT_THAT(form_.combo3, ElementsAre("Hill Road", "Mid Park", "Mid Park", "Side Park", "Side Park"));
+  EXPECT_THAT(form_.grounds, ElementsAre("Hill Road", "Mid Park", "Mid Park", "Side Park", "Side Park"));
   form_.choose_first_team(0);
-  EXPECT_THAT(form_.combo3, ElementsAre("Hill Road", "Mid Park", "Side Park"));
+  EXPECT_THAT(form_.grounds, ElementsAre("Hill Road", "Mid Park", "Side Park"));
 }
 
 TEST_F(NewMatch, OneTeamAgainstItselfHasItsGroundsOnce) {
   usual_database();
   form_.choose_second_team(1);
-  EXPECT_THAT(form_.combo3, ElementsAre("Green Lane", "Mid Park", "Old Field"));
+  EXPECT_THAT(form_.grounds, ElementsAre("Green Lane", "Mid Park", "Old Field"));
 }
 
 // OK.
 
 TEST_F(NewMatch, OkKeepsTheGroundOfThatName) {
   usual_database();
-  form_.combo3_index = 2;
-  user_.on_wecond.push_back([](wecond& form) {
-    EXPECT_EQ(form.label8(), "Conditions in Hill Road:");
+  form_.ground_index = 2;
+  user_.on_conditions.push_back([](conditions_form& form) {
+    EXPECT_EQ(form.headline(), "Conditions in Hill Road:");
     throw leave();
   });
-  EXPECT_THROW(form_.command1_click(), leave);
+  EXPECT_THROW(form_.accept(), leave);
   EXPECT_EQ(match.ground.country, "Third");
   EXPECT_EQ(match.venue_name(), "Hill Road");
   EXPECT_EQ(match.ground.pitch_bounce, 2);
@@ -166,10 +166,10 @@ TEST_F(NewMatch, OkKeepsTheGroundOfThatName) {
 
 TEST_F(NewMatch, AGroundOfNoSuchNameLeavesTheOneBefore) {
   usual_database();
-  form_.combo3_index = 2;
+  form_.ground_index = 2;
   ok_to_selection();
   form_.enter("Second", "Third", "Nowhere");
-  EXPECT_EQ(form_.combo3_text(), "Nowhere");
+  EXPECT_EQ(form_.ground_name(), "Nowhere");
   script_draws({0.5, 0.5, 0.5, 0.5});
   ok_to_selection();
   EXPECT_EQ(match.venue_name(), "Hill Road");
@@ -179,17 +179,17 @@ TEST_F(NewMatch, CaptainsAreSetBeforeTheConditionsAreShown) {
   usual_database();
   for (const bool first : {true, false}) {
     for (const bool second : {true, false}) {
-      form_.option1_cpu = first;
-      form_.option3_cpu = second;
+      form_.computer_captains_first = first;
+      form_.computer_captains_second = second;
       script_draws({0.5, 0.5, 0.5, 0.5});
-      user_.on_wecond.push_back([&](wecond&) {
+      user_.on_conditions.push_back([&](conditions_form&) {
         EXPECT_EQ(match.computer_bats, first);
         EXPECT_EQ(match.computer_bowls, second);
         EXPECT_FALSE(form_.visible);
         EXPECT_EQ(match.team1_name, "") << "the teams come after the conditions";
         throw leave();
       });
-      EXPECT_THROW(form_.command1_click(), leave);
+      EXPECT_THROW(form_.accept(), leave);
     }
   }
 }
@@ -202,8 +202,8 @@ TEST_F(NewMatch, TheSelectionShowsTheSortedSquad) {
   database_.add_ground("Neutral", "Mid Park");
   database_.write();
   form_.open();
-  form_.combo3_index = 0;
-  user_.on_teamsel.push_back([](teamsel& form) {
+  form_.ground_index = 0;
+  user_.on_team_selection.push_back([](team_selection_form& form) {
     EXPECT_EQ(form.heading(), "Second");
     EXPECT_EQ(form.title(), "Second - Team Selection ");
     EXPECT_EQ(form.man(1).name, "p3");
@@ -214,7 +214,7 @@ TEST_F(NewMatch, TheSelectionShowsTheSortedSquad) {
     EXPECT_EQ(form.selected_count(), " 0 /11 players selected so far.");
     throw leave();
   });
-  EXPECT_THROW(form_.command1_click(), leave);
+  EXPECT_THROW(form_.accept(), leave);
   EXPECT_EQ(match.team1_name, "Second");
   EXPECT_EQ(match.squads[0][1].name, "p3");
 }
@@ -222,11 +222,11 @@ TEST_F(NewMatch, TheSelectionShowsTheSortedSquad) {
 TEST_F(NewMatch, AnOldMarkOfTheFirstSelectionIsForgotten) {
   usual_database();
   match.first_team_done = true;
-  user_.on_teamsel.push_back([](teamsel&) {
+  user_.on_team_selection.push_back([](team_selection_form&) {
     EXPECT_FALSE(match.first_team_done);
     throw leave();
   });
-  EXPECT_THROW(form_.command1_click(), leave);
+  EXPECT_THROW(form_.accept(), leave);
 }
 
 TEST_F(NewMatch, TheTwentiethTeamCannotBePlayed) {
@@ -235,18 +235,18 @@ TEST_F(NewMatch, TheTwentiethTeamCannotBePlayed) {
   database_.add_ground("Neutral", "Side Park");
   database_.write();
   form_.open();
-  EXPECT_EQ(form_.combo1.back().record, 21);
+  EXPECT_EQ(form_.teams.back().record, 21);
   form_.choose_first_team(18);
-  user_.on_teamsel.push_back([](teamsel& form) {
+  user_.on_team_selection.push_back([](team_selection_form& form) {
     EXPECT_EQ(form.man(1).name, "Team 191");
     throw leave();
   });
-  EXPECT_THROW(form_.command1_click(), leave);
+  EXPECT_THROW(form_.accept(), leave);
   form_.choose_first_team(19);
   script_draws({0.5, 0.5, 0.5, 0.5});
   user_.requests.clear();
   try {
-    form_.command1_click();
+    form_.accept();
     ADD_FAILURE() << "no error";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::subscript);
@@ -261,7 +261,7 @@ TEST_F(NewMatch, OkWithoutATeamIsASubscriptError) {
   usual_database();
   form_.choose_first_team(-1);
   try {
-    form_.command1_click();
+    form_.accept();
     ADD_FAILURE() << "no error";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::subscript);
@@ -270,7 +270,7 @@ TEST_F(NewMatch, OkWithoutATeamIsASubscriptError) {
 
 TEST_F(NewMatch, CancelClosesAndDoesNothingElse) {
   usual_database();
-  form_.command2_click();
+  form_.cancel();
   EXPECT_FALSE(form_.visible);
   EXPECT_THAT(user_.requests, IsEmpty());
   EXPECT_EQ(match.team1_name, "");
@@ -280,9 +280,9 @@ TEST_F(NewMatch, CancelClosesAndDoesNothingElse) {
 TEST_F(NewMatch, ACompetitionEntersTeamsByName) {
   usual_database();
   form_.enter("Fourth", "First", "Hill Road");
-  EXPECT_EQ(form_.combo1_text(), "Fourth");
-  EXPECT_EQ(form_.combo2_text(), "First");
-  EXPECT_EQ(form_.combo3_text(), "Hill Road");
+  EXPECT_EQ(form_.first_team_name(), "Fourth");
+  EXPECT_EQ(form_.second_team_name(), "First");
+  EXPECT_EQ(form_.ground_name(), "Hill Road");
   ok_to_selection();
   EXPECT_EQ(match.team1_name, "Fourth");
   EXPECT_EQ(match.venue_name(), "Hill Road") << "also at a ground of neither side";

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "model/run_time_error.h"
+#include "setup/new_match.h"
 #include "setup/selection_rules.h"
-#include "setup/teamfrm.h"
 #include "support/squad_table.h"
 
 // Auto Select and the order of a squad against their rules told a second time, on squads made up at random.
@@ -54,14 +54,14 @@ class RandomSquads : public ::testing::Test {
       const rules::auto_selection expected = rules::auto_select(screen.form);
       bool endless = false;
       try {
-        screen.form.command3_click();
+        screen.form.auto_select();
       } catch (const run_time_error& error) {
         EXPECT_EQ(error.kind(), failure::endless);
         endless = true;
       }
       EXPECT_EQ(endless, expected.endless) << "round " << round;
       if (!endless) {
-        EXPECT_EQ(screen.form.check1, expected.check1) << "round " << round;
+        EXPECT_EQ(screen.form.ticks, expected.ticks) << "round " << round;
       }
       if (HasFailure()) break;
       ++results[static_cast<std::size_t>(endless ? 0 : screen.form.ticked())];

@@ -26,12 +26,12 @@ struct line {
 
 int count(const auto_selection& result) {
   int ticks = 0;
-  for (int i = 1; i <= 20; ++i) ticks += result.check1[i] ? 1 : 0;
+  for (int i = 1; i <= 20; ++i) ticks += result.ticks[i] ? 1 : 0;
   return ticks;
 }
 
 /// Two men of the top order. Gives up after more walks than any squad needs.
-void top_order(const teamsel& form, auto_selection& result) {
+void top_order(const team_selection_form& form, auto_selection& result) {
   int found = 0;
   std::string role = "Opener";
   for (int walk = 1; found < 2; ++walk) {
@@ -40,8 +40,8 @@ void top_order(const teamsel& form, auto_selection& result) {
       return;
     }
     for (int i = 1; i <= 20; ++i) {
-      if (role_of(form.label2(i)) != role) continue;
-      result.check1[i] = true;
+      if (role_of(form.batting_type(i)) != role) continue;
+      result.ticks[i] = true;
       ++found;
       if (found == 2) break;
     }
@@ -64,7 +64,7 @@ bool before(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-auto_selection auto_select(const teamsel& form) {
+auto_selection auto_select(const team_selection_form& form) {
   auto_selection result;
   top_order(form, result);
   if (result.endless) return result;
@@ -73,10 +73,10 @@ auto_selection auto_select(const teamsel& form) {
   line bowl_rank[21];
   for (int i = 1; i <= 20; ++i) {
     const bool hidden = form.man(i).name.empty();
-    bat_rank[i].key = std::stoi(form.label3(i));
+    bat_rank[i].key = std::stoi(form.batting_skill(i));
     bat_rank[i].place = i;
-    bowl_rank[i].key = hidden ? 1000 : whole(std::stod(form.label5(i)));
-    bowl_rank[i].rate = hidden ? 1000 : std::stod(form.label6(i));
+    bowl_rank[i].key = hidden ? 1000 : whole(std::stod(form.balls_per_wicket(i)));
+    bowl_rank[i].rate = hidden ? 1000 : std::stod(form.economy(i));
     bowl_rank[i].place = i;
   }
   for (int a = 19; a >= 1; --a) {
@@ -89,23 +89,23 @@ auto_selection auto_select(const teamsel& form) {
   }
 
   for (int k = 1; k <= 4; ++k) {
-    if (!form.man(bat_rank[k].place).name.empty()) result.check1[bat_rank[k].place] = true;
-    if (!form.man(bowl_rank[k].place).name.empty()) result.check1[bowl_rank[k].place] = true;
+    if (!form.man(bat_rank[k].place).name.empty()) result.ticks[bat_rank[k].place] = true;
+    if (!form.man(bowl_rank[k].place).name.empty()) result.ticks[bowl_rank[k].place] = true;
   }
   for (int k = 1; k <= 20; ++k) {
-    if (!ends_in_wk(form.label4(bat_rank[k].place))) continue;
-    result.check1[bat_rank[k].place] = true;
+    if (!ends_in_wk(form.bowling_type(bat_rank[k].place))) continue;
+    result.ticks[bat_rank[k].place] = true;
     break;
   }
   for (int k = 1; k <= 20; ++k) {
-    if (std::stoi(form.label3(bowl_rank[k].place)) <= 20) continue;
-    result.check1[bowl_rank[k].place] = true;
+    if (std::stoi(form.batting_skill(bowl_rank[k].place)) <= 20) continue;
+    result.ticks[bowl_rank[k].place] = true;
     break;
   }
   while (count(result) <= 10) {
     int k = 1;
-    while (result.check1[bat_rank[k].place]) ++k;
-    result.check1[bat_rank[k].place] = true;
+    while (result.ticks[bat_rank[k].place]) ++k;
+    result.ticks[bat_rank[k].place] = true;
   }
   return result;
 }

@@ -14,8 +14,8 @@
 #include "database/elevens.h"
 #include "headless/headless_user.h"
 #include "model/random.h"
+#include "setup/conditions.h"
 #include "setup/toss.h"
-#include "setup/wecond.h"
 #include "support/sample_match.h"
 #include "support/shares.h"
 
@@ -97,15 +97,15 @@ void sample_conditions(share_check& shares, int bounce, int surface) {
   std::array<int, 5> of_outfield{};
   int warm_and_damp = 0;  // both above their middles, at weather 3
   for (int i = 0; i < sample_size; ++i) {
-    wecond form;
+    conditions_form form;
     form.open();
-    ++counts[form.hscroll1][form.hscroll4];
-    ++of_weather[form.hscroll1];
-    ++of_outfield[form.hscroll4];
-    const auto [temperature, humidity] = numbers_in(form.label5());
-    ++warmth[form.hscroll1][temperature];
-    ++damp[form.hscroll1][humidity];
-    warm_and_damp += form.hscroll1 == 3 && temperature > 26 && humidity > 50 ? 1 : 0;
+    ++counts[form.weather][form.outfield];
+    ++of_weather[form.weather];
+    ++of_outfield[form.outfield];
+    const auto [temperature, humidity] = numbers_in(form.temperature_line());
+    ++warmth[form.weather][temperature];
+    ++damp[form.weather][humidity];
+    warm_and_damp += form.weather == 3 && temperature > 26 && humidity > 50 ? 1 : 0;
   }
   for (int weather = 1; weather <= 4; ++weather) {
     const std::string name = std::to_string(weather);
@@ -146,9 +146,9 @@ class toss_watcher : public headless_user {
   void show(const message_box& message) override {
     if (message.title == "The toss") shown += message.text + "; ";
   }
-  void show(toss& form) override {
-    if (form.coin_visible) form.command1_click(coin_button);
-    shown += form.label1 + "; ";
+  void show(toss_form& form) override {
+    if (form.coin_visible) form.call_coin(coin_button);
+    shown += form.headline + "; ";
     headless_user::show(form);
     throw decided();
   }

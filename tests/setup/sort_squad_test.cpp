@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "support/squad_table.h"
 
 namespace velorin::testing {

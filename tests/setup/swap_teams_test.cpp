@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "database/elevens.h"
+#include "model/match_state.h"
 #include "model/run_time_error.h"
-#include "model/teams.h"
 #include "setup/toss.h"
 #include "support/sample_match.h"
 #include "support/small_database.h"

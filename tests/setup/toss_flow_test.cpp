@@ -7,7 +7,7 @@
 
 #include "database/configuration.h"
 #include "database/elevens.h"
-#include "engine/driver.h"
+#include "engine/over_play.h"
 #include "model/random.h"
 #include "setup/coin_draws.h"
 #include "setup/toss.h"
@@ -33,7 +33,7 @@ class TossFlow : public ::testing::Test {
     write_eleven(side::first, match.batting_xi);
     write_eleven(side::second, match.bowling_xi);
     user_.requests.clear();
-    user_.on_console = [](main_console&) { match.console_open = false; };
+    user_.on_console = [](console_form&) { match.console_open = false; };
     user_.on_ball = [] { throw first_ball(); };
     toss_draws_ = draws.size();
     draws.resize(draws.size() + 20, 0.9999999);
@@ -45,14 +45,14 @@ class TossFlow : public ::testing::Test {
   }
   /// Answers the next toss: a look at the screen, a button of the coin if it shows one, then "Bat" or "Bowl".
   void answer(bool bat) {
-    user_.on_toss.push_back([this, bat](toss& form) {
+    user_.on_toss.push_back([this, bat](toss_form& form) {
       if (form.coin_visible) {
         EXPECT_EQ(chance.draws_used(), 0U) << "nothing is drawn before the call";
-        form.command1_click(1);
+        form.call_coin(1);
       }
       EXPECT_EQ(chance.draws_used(), toss_draws_) << "all draws of the toss, and no more";
-      EXPECT_TRUE(bat ? form.command2_enabled : form.command3_enabled);
-      bat ? form.command2_click() : form.command3_click();
+      EXPECT_TRUE(bat ? form.bat_enabled : form.bowl_enabled);
+      bat ? form.choose_to_bat() : form.choose_to_bowl();
     });
   }
   /// Who bats, and that flags and elevens have gone with the names.
@@ -112,14 +112,14 @@ TEST_F(TossFlow, TheMatchIsThatOfTheMenSelectedHere) {
     write_eleven(side::second, match.bowling_xi);
     match.selected = {match.batting_xi, match.bowling_xi};
     match.elevens_exchanged = false;
-    user_.on_console = [](main_console&) { match.console_open = false; };
-    user_.on_toss.push_back([&](toss& form) {
-      form.command1_click(1);
+    user_.on_console = [](console_form&) { match.console_open = false; };
+    user_.on_toss.push_back([&](toss_form& form) {
+      form.call_coin(1);
       eleven others;
       for (int i = 1; i <= 11; ++i) others[i].name = "Other" + std::to_string(i);
       write_eleven(side::first, others);
       write_eleven(side::second, others);
-      bat ? form.command2_click() : form.command3_click();
+      bat ? form.choose_to_bat() : form.choose_to_bowl();
     });
     script_draws(std::vector<double>(40, one));
     toss_and_play();

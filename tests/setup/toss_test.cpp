@@ -5,8 +5,8 @@
 
 #include "database/configuration.h"
 #include "database/elevens.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
 #include "setup/coin_draws.h"
 #include "support/sample_match.h"
 
@@ -23,25 +23,25 @@ void set_up_toss(bool first_computer, bool second_computer) {
 }
 
 /// The screen after the call, and the draws that the call took.
-toss called(bool second_computer, std::vector<double> draws, int button = 0) {
+toss_form called(bool second_computer, std::vector<double> draws, int button = 0) {
   set_up_toss(false, second_computer);
   const std::size_t count = draws.size();
   script_draws(std::move(draws));
-  toss form;
+  toss_form form;
   form.open();
-  form.command1_click(button);
+  form.call_coin(button);
   EXPECT_EQ(chance.draws_used(), count);
   return form;
 }
 
-void expect_screen(const toss& form, const std::string& headline, const std::string& deciding, const std::string& other,
-                   bool bat, bool bowl) {
-  EXPECT_EQ(form.label1, headline);
-  EXPECT_EQ(form.label2, deciding);
-  EXPECT_EQ(form.label3, other);
+void expect_screen(const toss_form& form, const std::string& headline, const std::string& deciding,
+                   const std::string& other, bool bat, bool bowl) {
+  EXPECT_EQ(form.headline, headline);
+  EXPECT_EQ(form.deciding_line, deciding);
+  EXPECT_EQ(form.other_line, other);
   EXPECT_FALSE(form.coin_visible);
-  EXPECT_EQ(form.command2_enabled, bat);
-  EXPECT_EQ(form.command3_enabled, bowl);
+  EXPECT_EQ(form.bat_enabled, bat);
+  EXPECT_EQ(form.bowl_enabled, bowl);
   EXPECT_FALSE(form.closed);
 }
 
@@ -60,15 +60,15 @@ void expect_first(const std::string& first, bool first_computer, bool second_com
 TEST(Toss, OpensWithTheFirstTeamToCall) {
   set_up_toss(false, false);
   script_draws({});
-  toss form;
-  form.label2 = "old";
-  form.command2_enabled = false;
+  toss_form form;
+  form.deciding_line = "old";
+  form.bat_enabled = false;
   form.closed = true;
   form.open();
-  EXPECT_EQ(form.label1, "Home to call...");
+  EXPECT_EQ(form.headline, "Home to call...");
   EXPECT_TRUE(form.coin_visible);
-  EXPECT_TRUE(form.command2_enabled);
-  EXPECT_TRUE(form.command3_enabled);
+  EXPECT_TRUE(form.bat_enabled);
+  EXPECT_TRUE(form.bowl_enabled);
   EXPECT_FALSE(form.closed);
 }
 
@@ -99,7 +99,7 @@ TEST(Toss, AComputerSecondTeamElects) {
 
 TEST(Toss, TheDecisionOfAComputerFirstTeamIsPrepared) {
   set_up_toss(true, false);
-  toss form;
+  toss_form form;
   script_draws({one, one});
   form.open_decided();
   expect_screen(form, "Home have won the toss.They have elected to field first.", "Away", "Home", true, false);
@@ -112,54 +112,54 @@ TEST(Toss, TheDecisionOfAComputerFirstTeamIsPrepared) {
 }
 
 TEST(TossDecision, OfTheFirstTeam) {
-  toss form = called(false, {one});
-  form.command2_click();
+  toss_form form = called(false, {one});
+  form.choose_to_bat();
   EXPECT_TRUE(form.closed);
   expect_first("Home", false, false);
   form = called(true, {one});
-  form.command3_click();
+  form.choose_to_bowl();
   EXPECT_TRUE(form.closed);
   expect_first("Away", false, true);
 }
 
 TEST(TossDecision, OfAHumanSecondTeam) {
-  toss form = called(false, {two});
-  form.command2_click();
+  toss_form form = called(false, {two});
+  form.choose_to_bat();
   expect_first("Away", false, false);
   form = called(false, {two});
-  form.command3_click();
+  form.choose_to_bowl();
   expect_first("Home", false, false);
 }
 
 TEST(TossDecision, ConfirmsTheElectionOfAComputerSecondTeam) {
-  toss form = called(true, {two, one});
-  form.command2_click();
+  toss_form form = called(true, {two, one});
+  form.choose_to_bat();
   expect_first("Home", false, true);
   form = called(true, {two, two});
-  form.command3_click();
+  form.choose_to_bowl();
   expect_first("Away", false, true);
 }
 
 TEST(TossDecision, ConfirmsTheElectionOfAComputerFirstTeam) {
   set_up_toss(true, false);
-  toss form;
+  toss_form form;
   script_draws({one, one});
   form.open_decided();
-  form.command2_click();
+  form.choose_to_bat();
   expect_first("Away", true, false);
   set_up_toss(true, false);
   script_draws({one, two});
   form.open_decided();
-  form.command3_click();
+  form.choose_to_bowl();
   expect_first("Home", true, false);
 }
 
 TEST(TossDecision, OfAHumanWhoBeatsAComputerFirstTeam) {
   set_up_toss(true, false);
-  toss form;
+  toss_form form;
   script_draws({two});
   form.open_decided();
-  form.command3_click();
+  form.choose_to_bowl();
   expect_first("Home", true, false);
 }
 
@@ -168,10 +168,10 @@ TEST(TossDecision, OfOneTeamAgainstItselfAlwaysSwaps) {
     set_up_toss(false, true);
     match.team2_name = "Home";
     script_draws({one});
-    toss form;
+    toss_form form;
     form.open();
-    form.command1_click(0);
-    bat ? form.command2_click() : form.command3_click();
+    form.call_coin(0);
+    bat ? form.choose_to_bat() : form.choose_to_bowl();
     EXPECT_EQ(match.team1_name, "Home");
     EXPECT_TRUE(match.computer_bats);
     EXPECT_FALSE(match.computer_bowls);

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "desktop/preferences.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "support/failing_disk.h"
 
@@ -52,7 +52,7 @@ TEST_F(BusyPointer, GoesForTheWindowsOfAMatchAndComesBackWithItsOvers) {
     ClickingUser::choose_match(window, 0, 1, false, false);
     press(window, "Command1");
   });
-  play_shown_by(shown_by_, [](OpeningWindow& menu) {
+  play_shown_by(shown_by_, [](MenuWindow& menu) {
     choose(menu, "Label1", "Label8");
     EXPECT_FALSE(pointer_is_busy()) << "at the menu";
   });
@@ -74,7 +74,7 @@ TEST_F(BusyPointer, GoesForTheQuestionOfAFailedSave) {
     ++standings;
     press(window, "Command1");
   });
-  play_shown_by(shown_by_, [](OpeningWindow& menu) { choose(menu, "Label1", "Label9"); });
+  play_shown_by(shown_by_, [](MenuWindow& menu) { choose(menu, "Label1", "Label9"); });
   EXPECT_GE(asked, 2);
   EXPECT_GE(standings, 1);
   EXPECT_GT(shown_by_.busy_overs, overs_before_break_);

@@ -8,11 +8,11 @@
 #include <map>
 
 #include "console/captain_forms.h"
-#include "engine/driver.h"
-#include "model/teams.h"
+#include "engine/over_play.h"
+#include "model/match_state.h"
 #include "reports/export.h"
 #include "reports/partnerships.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "shell/game_fixture.h"
 
 // A human captain who does more than bowl over after over: he changes aggressions and bowlers, browses past overs,
@@ -35,7 +35,7 @@ bool browses(int over) { return over % 5 == 3; }
 bool reads_reports(int over) { return over == 17 || over == 63; }
 
 /// The row of the first man who may bowl now and is not bowling.
-int other_bowler(const chgbowler& form) {
+int other_bowler(const bowler_choice_form& form) {
   for (int row = 1; row <= 11; ++row) {
     if (form.enabled[row] && row != match.bowler && match.bowling_card[row].balls < 60) return row;
   }
@@ -49,34 +49,34 @@ class CoreCaptain : public BookkeepingUser {
   bool changing = false;
 
   using BookkeepingUser::show;
-  void show(main_console& form) override {
+  void show(console_form& form) override {
     while (!form.closed()) {
       ++over;
-      if (sets_batsmen(over)) form.command4_click(over % 2);
-      if (sets_bowlers(over)) form.command5_click(over % 2);
+      if (sets_batsmen(over)) form.change_batsman_aggression(over % 2);
+      if (sets_bowlers(over)) form.change_bowler_aggression(over % 2);
       changing = changes_bowler(over);
-      if (changing) form.command3_click();
+      if (changing) form.change_bowler();
       changing = false;
-      if (browses(over)) form.vscroll1_change(1 + match.browser_maximum / 2);
+      if (browses(over)) form.browse_over(1 + match.browser_maximum / 2);
       if (reads_reports(over)) {
         // Reading the partnerships writes the overs at each fall into the record.
-        partners now;
+        partnerships_form now;
         now.open();
-        partners2 before;
+        first_partnerships_form before;
         if (match.first_total != 0) before.open();
         books_shown.push_back(books());
       }
-      form.command1_click();
+      form.bowl_next_over();
     }
   }
-  void show(aggr& form) override {
-    form.vscroll1 = 1 + over % 5;
-    form.command_click();
+  void show(aggression_form& form) override {
+    form.aggression = 1 + over % 5;
+    form.accept();
   }
-  void show(chgbowler& form) override {
+  void show(bowler_choice_form& form) override {
     if (!changing) return BookkeepingUser::show(form);
-    form.option1_click(other_bowler(form));
-    form.command_click();
+    form.choose(other_bowler(form));
+    form.accept();
   }
 };
 
@@ -106,7 +106,7 @@ void read_everything(ClickingUser& user, const std::filesystem::path& folder, co
   }
 }
 
-class CaptainClickingTest : public GameTest {
+class CaptainClicking : public GameTest {
  protected:
   /// Lays down the captain's acts on the console, one after the other before each over.
   void captain(ClickingUser& user) {
@@ -152,7 +152,7 @@ class CaptainClickingTest : public GameTest {
       const std::string stem = "over" + std::to_string(over_);
       steps_.push_back([this, &user, stem](QWidget& window) {
         read_everything(user, database_.folder(), stem, match.first_total != 0);
-        scorecard card;
+        scorecard_form card;
         card.open();
         expected_[stem + ".html"] = html_scorecard(card);
         expected_[stem + ".txt"] = text_scorecard(card);
@@ -170,7 +170,7 @@ class CaptainClickingTest : public GameTest {
   std::vector<std::function<void(QWidget&)>> steps_;
 };
 
-TEST_F(CaptainClickingTest, ActsReportsAndExportsEqualTheCores) {
+TEST_F(CaptainClicking, ActsReportsAndExportsEqualTheCores) {
   begin_again_with_seed(21);
   ClickingUser user;
   captain(user);
@@ -194,18 +194,18 @@ TEST_F(CaptainClickingTest, ActsReportsAndExportsEqualTheCores) {
       if (control<QAbstractButton>(window, ok)->isVisible()) return press(window, ok);
     }
   });
-  play([&](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+  play([&](MenuWindow& menu) { choose(menu, "Label1", "Label8"); });
   const std::vector<std::string> written = lasting_files();
 
   begin_again_with_seed(21);
   CoreCaptain reference;
   const front_end_scope in_use(reference);
-  teamfrm form;
+  new_match_form form;
   form.open();
   form.choose_first_team(1);
   form.choose_second_team(2);
-  form.option1_cpu = form.option3_cpu = false;
-  form.command1_click();
+  form.computer_captains_first = form.computer_captains_second = false;
+  form.accept();
   EXPECT_EQ(user.books_shown, reference.books_shown);
   EXPECT_EQ(user.messages, reference.messages);
   EXPECT_TRUE(written == lasting_files()) << "the career or record files differ";

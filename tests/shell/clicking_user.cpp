@@ -8,18 +8,18 @@
 #include <QRadioButton>
 
 #include "console/console_view.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "reports/export.h"
 
 namespace velorin::testing {
 
 std::string books() {
-  scorecard card;
+  scorecard_form card;
   card.open();
   std::string text = html_scorecard(card) + text_scorecard(card) + ball_by_ball(card);
   const rates_view rates = view_rates();
-  for (const rate_cell& cell : rates.label26) text += cell.heading + "=" + cell.text + ";";
-  text += rates.label15_20 + view_last_wicket() + view_score().label27_0;
+  for (const rate_cell& cell : rates.cells) text += cell.heading + "=" + cell.text + ";";
+  text += rates.last_five_overs + view_last_wicket() + view_score().time_of_day;
   text += fmt::format("|{}|{}|{}|{}|{}:{}|{}:{}", match.result_ground, match.result_winner, match.result_loser,
                       match.result_margin, match.rate_first.team, match.rate_first.delta, match.rate_second.team,
                       match.rate_second.delta);

@@ -3,13 +3,13 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include "competitions/series1.h"
-#include "competitions/series2.h"
-#include "competitions/wc_fix.h"
-#include "competitions/wcsstab.h"
-#include "competitions/wctable.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
+#include "competitions/world_cup_fixtures.h"
+#include "competitions/world_cup_form.h"
+#include "competitions/world_cup_tables.h"
 #include "desktop/preferences.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "shell/game_fixture.h"
 
 // Whole competitions played by pressing the controls of the windows. Tables, fixtures and results at every stage equal
@@ -24,34 +24,34 @@ std::string line(const league_texts& row) {
   return text;
 }
 
-std::string texts(const sri_result& form) {
-  std::string text = form.label4_1 + "|";
-  for (const sri_result::row& row : form.rows) text += row.label1 + "=" + row.label2 + ";";
-  return text + "|" + form.label4_0;
+std::string texts(const series_results_form& form) {
+  std::string text = form.heading + "|";
+  for (const series_results_form::row& row : form.rows) text += row.match_and_ground + "=" + row.result + ";";
+  return text + "|" + form.standing_line;
 }
 
-std::string texts(const triserresult& form) {
-  std::string text = form.title + "|" + form.label4_1 + "|";
+std::string texts(const tri_series_table_form& form) {
+  std::string text = form.title + "|" + form.heading + "|";
   for (const league_texts& row : form.rows) text += line(row);
-  return text + "|" + form.label5_0 + "|" + form.label5_1;
+  return text + "|" + form.final_line + "|" + form.final_result;
 }
 
-std::string texts(const wc_fix& form) {
+std::string texts(const world_cup_fixtures_form& form) {
   std::string text = std::to_string(form.next_fixture) + "|";
   for (int place = 1; place <= form.fixtures; ++place) {
-    const wc_fix::row row = form.row_of(place);
-    text += row.label6 + row.label1 + row.label8 + row.label2 + row.label7 + row.label3 + row.label4 + ";";
+    const world_cup_fixtures_form::row row = form.row_of(place);
+    text += row.match_number + row.team_a + row.versus + row.team_b + row.at + row.venue + row.result + ";";
   }
   return text;
 }
 
-std::string texts(const wcsstab& form) {
+std::string texts(const world_cup_tables_form& form) {
   std::string text;
   for (const auto* table : {&form.group_a, &form.group_b, &form.super_six}) {
     for (const league_texts& row : *table) text += line(row);
     text += "|";
   }
-  return text + form.label1_22 + form.label1_23 + form.label1_24 + form.label8;
+  return text + form.first_semi_final + form.second_semi_final + form.grand_final + form.winners_line;
 }
 
 template <class CoreForm>
@@ -69,15 +69,15 @@ class StandingsUser : public BookkeepingUser {
   int quits_at = 0;  ///< at which showing of the fixture list, from 1; 0 never
 
   using BookkeepingUser::show;
-  void show(sri_result& form) override { keep(form); }
-  void show(triserresult& form) override { keep(form); }
-  void show(wcsstab& form) override { keep(form); }
-  void show(wc_fix& form) override {
+  void show(series_results_form& form) override { keep(form); }
+  void show(tri_series_table_form& form) override { keep(form); }
+  void show(world_cup_tables_form& form) override { keep(form); }
+  void show(world_cup_fixtures_form& form) override {
     standings.push_back(texts(form));
     if (++lists == quits_at) {
-      form.command3_click();
+      form.quit();
     } else {
-      form.command1_click();
+      form.accept();
     }
   }
 
@@ -85,7 +85,7 @@ class StandingsUser : public BookkeepingUser {
   template <class CoreForm>
   void keep(CoreForm& form) {
     standings.push_back(texts(form));
-    form.command1_click();
+    form.accept();
   }
 };
 
@@ -97,11 +97,11 @@ class StandingsClicker : public ClickingUser {
   int quits_at = 0;
 
   StandingsClicker() {
-    keep<sri_result>("sri_result");
-    keep<triserresult>("triserresult");
-    keep<wcsstab>("wcsstab");
+    keep<series_results_form>("sri_result");
+    keep<tri_series_table_form>("triserresult");
+    keep<world_cup_tables_form>("wcsstab");
     robot.always("wc_fix", [this](QWidget& window) {
-      standings.push_back(standing<wc_fix>());
+      standings.push_back(standing<world_cup_fixtures_form>());
       ++presses;
       press(window, ++lists == quits_at ? "Command3" : "Command1");
     });
@@ -118,7 +118,7 @@ class StandingsClicker : public ClickingUser {
   }
 };
 
-class CompetitionClickingTest : public GameTest {
+class CompetitionClicking : public GameTest {
  protected:
   void expect_equal(const StandingsClicker& clicked, const std::vector<std::string>& written,
                     const StandingsUser& reference) {
@@ -130,7 +130,7 @@ class CompetitionClickingTest : public GameTest {
   }
 };
 
-TEST_F(CompetitionClickingTest, ASeriesOfTenMatches) {
+TEST_F(CompetitionClicking, ASeriesOfTenMatches) {
   StandingsClicker user;
   user.robot.next("series1", [](QWidget& window) {
     control<QComboBox>(window, "Combo1")->setCurrentIndex(2);
@@ -139,24 +139,24 @@ TEST_F(CompetitionClickingTest, ASeriesOfTenMatches) {
     press(window, "Option3_1");
     press(window, "Command1");
   });
-  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label9"); });
+  play([](MenuWindow& menu) { choose(menu, "Label1", "Label9"); });
   const std::vector<std::string> written = lasting_files();
   EXPECT_EQ(user.robot.met("sri_result"), 10);
 
   begin_again_with_seed(1);
   StandingsUser reference;
   const front_end_scope in_use(reference);
-  series1 form;
+  series_form form;
   form.open();
   form.choose_home(2);
   form.choose_away(5);
-  form.text1 = "10";
-  form.option3_cpu = false;
-  form.command1_click();
+  form.typed_matches = "10";
+  form.computer_captains_away = false;
+  form.accept();
   expect_equal(user, written, reference);
 }
 
-TEST_F(CompetitionClickingTest, ATriSeriesOfTwoRoundsWithItsFinal) {
+TEST_F(CompetitionClicking, ATriSeriesOfTwoRoundsWithItsFinal) {
   StandingsClicker user;
   user.robot.next("series2", [](QWidget& window) {
     control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
@@ -166,25 +166,25 @@ TEST_F(CompetitionClickingTest, ATriSeriesOfTwoRoundsWithItsFinal) {
     press(window, "Option2_1");
     press(window, "Command1");
   });
-  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label10"); });
+  play([](MenuWindow& menu) { choose(menu, "Label1", "Label10"); });
   const std::vector<std::string> written = lasting_files();
   EXPECT_EQ(user.robot.met("triserresult"), 7);
 
   begin_again_with_seed(1);
   StandingsUser reference;
   const front_end_scope in_use(reference);
-  series2 form;
+  tri_series_form form;
   form.open();
   form.choose_team(0, 0);
   form.choose_team(1, 3);
   form.choose_team(2, 8);
-  form.text1 = "2";
-  form.cpu[2] = false;
-  form.command1_click();
+  form.typed_rounds = "2";
+  form.computer_captains[2] = false;
+  form.accept();
   expect_equal(user, written, reference);
 }
 
-class WorldCupClickingTest : public CompetitionClickingTest, public ::testing::WithParamInterface<int> {
+class WorldCupClicking : public CompetitionClicking, public ::testing::WithParamInterface<int> {
  protected:
   /// One human side, in Group A.
   StandingsUser play_in_core(int quits_at) {
@@ -192,22 +192,22 @@ class WorldCupClickingTest : public CompetitionClickingTest, public ::testing::W
     StandingsUser reference;
     reference.quits_at = quits_at;
     const front_end_scope in_use(reference);
-    wctable form;
+    world_cup_form form;
     form.open();
-    form.check1[2] = true;
-    form.command1_click();
+    form.human_a[2] = true;
+    form.accept();
     return reference;
   }
 };
 
-TEST_P(WorldCupClickingTest, StandingsEqualTheCoresUpToTheEnd) {
+TEST_P(WorldCupClicking, StandingsEqualTheCoresUpToTheEnd) {
   StandingsClicker user;
   user.quits_at = GetParam();
   user.robot.next("wctable", [](QWidget& window) {
     control<QCheckBox>(window, "Check1_2")->click();
     press(window, "Command1");
   });
-  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label11"); });
+  play([](MenuWindow& menu) { choose(menu, "Label1", "Label11"); });
   const std::vector<std::string> written = lasting_files();
   const bool quit_kept = world_cup.quit_requested;
   const StandingsUser reference = play_in_core(GetParam());
@@ -220,7 +220,7 @@ TEST_P(WorldCupClickingTest, StandingsEqualTheCoresUpToTheEnd) {
   }
 }
 
-TEST_F(CompetitionClickingTest, TheFormOfAFinishedCupKeepsItsChoices) {
+TEST_F(CompetitionClicking, TheFormOfAFinishedCupKeepsItsChoices) {
   preferences::set_plays_without_stopping("wctable", true);
   ClickingUser user;
   std::vector<bool> checked;
@@ -243,14 +243,14 @@ TEST_F(CompetitionClickingTest, TheFormOfAFinishedCupKeepsItsChoices) {
     note(window);
     press(window, "Command2");
   });
-  play([](OpeningWindow& menu) {
+  play([](MenuWindow& menu) {
     for (int time = 0; time < 3; ++time) choose(menu, "Label1", "Label11");
   });
   EXPECT_EQ(user.robot.left(), 0);
   EXPECT_EQ(chosen, (std::vector<int>{9, 0})) << "kept after the end, gone after Cancel";
 }
 
-TEST_F(CompetitionClickingTest, AMatchIsLeftByItsCloseBox) {
+TEST_F(CompetitionClicking, AMatchIsLeftByItsCloseBox) {
   ClickingUser user;
   user.robot.always("leave_question", pressing("Yes"));
   const auto leave = [](QWidget& window) { window.close(); };
@@ -259,7 +259,7 @@ TEST_F(CompetitionClickingTest, AMatchIsLeftByItsCloseBox) {
     press(window, "Command1");
   });
   user.robot.next("toss", leave);
-  play([&](OpeningWindow& menu) {
+  play([&](MenuWindow& menu) {
     choose(menu, "Label1", "Label8");
     EXPECT_EQ(match.team1_name, "");
     EXPECT_EQ(user.robot.met("scorecard"), 0);
@@ -288,7 +288,7 @@ TEST_F(CompetitionClickingTest, AMatchIsLeftByItsCloseBox) {
 }
 
 // To the end; at the first list; within the groups; at the draw of the Super Six; within the Super Six.
-INSTANTIATE_TEST_SUITE_P(Quits, WorldCupClickingTest, ::testing::Values(0, 1, 6, 22, 25));
+INSTANTIATE_TEST_SUITE_P(Quits, WorldCupClicking, ::testing::Values(0, 1, 6, 22, 25));
 
 }  // namespace
 }  // namespace velorin::testing

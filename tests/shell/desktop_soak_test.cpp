@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "shell/game_fixture.h"
 
 // Many matches by clicking in one run of the game, from one menu: captains of all kinds, teams in turn, every report
@@ -39,7 +39,7 @@ long resident_memory() {
 class DesktopSoak : public GameTest {
  protected:
   /// One match from the menu back to the menu.
-  void play_match(OpeningWindow& menu, ClickingUser& user, int number) {
+  void play_match(MenuWindow& menu, ClickingUser& user, int number) {
     user.robot.next("teamfrm", [number](QWidget& window) {
       const int first = number % 10;
       ClickingUser::choose_match(window, first, (first + 1 + number / 10 % 9) % 10, number % 2 == 1, number % 4 >= 2);
@@ -66,7 +66,7 @@ TEST_F(DesktopSoak, NothingGrowsOverManyMatches) {
   long memory_early = 0;
   long memory_late = 0;
   std::size_t shown = 0;
-  play([&](OpeningWindow& menu) {
+  play([&](MenuWindow& menu) {
     for (int number = 1; number <= matches; ++number) {
       SCOPED_TRACE(number);
       match.result_margin.clear();

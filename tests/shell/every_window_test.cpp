@@ -9,7 +9,7 @@
 #include <set>
 
 #include "desktop/modality.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "shell/menu_entry.h"
 #include "windows/accessible_user.h"
@@ -17,9 +17,9 @@
 namespace velorin::testing {
 namespace {
 
-class EveryWindowTest : public GameTest {
+class EveryWindow : public GameTest {
  protected:
-  EveryWindowTest() {
+  EveryWindow() {
     user.robot.at_sight([this](QWidget& window) {
       look_behind(window);
       if (seen.insert(window.objectName().toStdString()).second) ticks += check_toggles(window);
@@ -60,7 +60,7 @@ class EveryWindowTest : public GameTest {
   int ticks = 0;
 };
 
-TEST_F(EveryWindowTest, AMatchAndItsReports) {
+TEST_F(EveryWindow, AMatchAndItsReports) {
   user.robot.next("teamfrm", [](QWidget& window) {
     ClickingUser::choose_match(window, 4, 7, true, true);
     press(window, "Command1");
@@ -82,7 +82,7 @@ TEST_F(EveryWindowTest, AMatchAndItsReports) {
     }
     press(window, "Command1");
   });
-  play([&](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+  play([&](MenuWindow& menu) { choose(menu, "Label1", "Label8"); });
   for (const char* name : {"teamfrm", "wecond", "Teamsel", "toss", "batorder", "chgbowler", "main", "aggr", "message",
                            "scorecard", "batsmandetails", "Bowlcard", "partners", "graphs", "worms"}) {
     EXPECT_TRUE(seen.contains(name)) << name;
@@ -96,23 +96,23 @@ TEST_F(EveryWindowTest, AMatchAndItsReports) {
   EXPECT_FALSE(match.result_margin.empty());
 }
 
-TEST_F(EveryWindowTest, Competitions) {
+TEST_F(EveryWindow, Competitions) {
   for (const char* name : {"series1", "series2", "wctable"}) {
     user.robot.next(name, [](QWidget& window) {
       for (auto* list : window.findChildren<QComboBox*>()) EXPECT_FALSE(list->accessibleName().isEmpty());
       press(window, "Command2");
     });
   }
-  play([&](OpeningWindow& menu) {
+  play([&](MenuWindow& menu) {
     for (const char* entry : {"Label9", "Label10", "Label11"}) choose(menu, "Label1", entry);
   });
   EXPECT_EQ(seen, (std::set<std::string>{"series1", "series2", "wctable"}));
   EXPECT_GT(ticks, 20);
 }
 
-TEST_F(EveryWindowTest, RecordsSettingsAndCredits) {
+TEST_F(EveryWindow, RecordsSettingsAndCredits) {
   user.robot.otherwise([](QWidget& window) { press(window, "Command1"); });
-  play([&](OpeningWindow& menu) {
+  play([&](MenuWindow& menu) {
     for (const char* entry : {"Label27", "Label28", "Label29"}) choose(menu, "Label4", entry);
     choose(menu, "Label2", "Label12");
     choose(menu, "Label3", "Label22");
@@ -125,7 +125,7 @@ TEST_F(EveryWindowTest, RecordsSettingsAndCredits) {
   }
 }
 
-TEST_F(EveryWindowTest, NoSecondMatchStartsBehindTheFirst) {
+TEST_F(EveryWindow, NoSecondMatchStartsBehindTheFirst) {
   user.robot.next("teamfrm", [](QWidget& window) {
     ClickingUser::choose_match(window, 4, 7, true, false);
     press(window, "Command1");
@@ -144,7 +144,7 @@ TEST_F(EveryWindowTest, NoSecondMatchStartsBehindTheFirst) {
     }
     press(window, "Command1");
   });
-  play([&](OpeningWindow& menu) {
+  play([&](MenuWindow& menu) {
     press(menu, "Label1");
     press(menu, "Label8");
   });

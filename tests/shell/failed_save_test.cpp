@@ -11,7 +11,7 @@
 #include "competitions/world_cup.h"
 #include "database/folder_lock.h"
 #include "desktop/preferences.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "support/failing_disk.h"
 #include "windows/window_checks.h"
@@ -61,14 +61,14 @@ class FailedSave : public GameTest {
   static void enter_cup(ClickingUser& user) {
     user.robot.next("wctable", [](QWidget& window) { press(window, "Command1"); });
   }
-  static void play_cup(OpeningWindow& menu) { choose(menu, "Label1", "Label11"); }
+  static void play_cup(MenuWindow& menu) { choose(menu, "Label1", "Label11"); }
   static void enter_match(ClickingUser& user) {
     user.robot.next("teamfrm", [](QWidget& window) {
       ClickingUser::choose_match(window, 0, 1, false, false);
       press(window, "Command1");
     });
   }
-  static void play_match(OpeningWindow& menu) { choose(menu, "Label1", "Label8"); }
+  static void play_match(MenuWindow& menu) { choose(menu, "Label1", "Label8"); }
   /// Another program takes its turn at the folder as the match ends, and stops.
   void stop_at_the_end(ClickingUser& user, std::optional<stopped_program>& other) const {
     user.robot.always("message", [this, &other](QWidget& window) {
@@ -87,7 +87,7 @@ TEST_F(FailedSave, AWorldCupOnAFullDiskGoesOnOnceThereIsRoom) {
     enter_cup(user);
     play(play_cup);
     undisturbed = lasting_files();
-    winner = world_cup.wc_final.winner;
+    winner = world_cup.grand_final.winner;
   }
   begin_again_with_seed(1);
   ClickingUser user;
@@ -103,7 +103,7 @@ TEST_F(FailedSave, AWorldCupOnAFullDiskGoesOnOnceThereIsRoom) {
   });
   play(play_cup);
   EXPECT_EQ(failures, 2);
-  EXPECT_EQ(world_cup.wc_final.winner, winner);
+  EXPECT_EQ(world_cup.grand_final.winner, winner);
   EXPECT_TRUE(lasting_files() == undisturbed) << "every match has been added once";
 }
 
@@ -115,7 +115,7 @@ TEST_F(FailedSave, AWorldCupCanBePlayedWithoutSaving) {
   user.robot.always("save_failed", pressing("go_on"));
   play(play_cup);
   EXPECT_EQ(user.robot.met("save_failed"), 32) << "each match asks";
-  EXPECT_FALSE(world_cup.wc_final.winner.empty());
+  EXPECT_FALSE(world_cup.grand_final.winner.empty());
   EXPECT_TRUE(lasting_files()[0].empty());
 }
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/filled_careers.h"
 
-#include "competitions/wctable.h"
 #include "competitions/world_cup.h"
+#include "competitions/world_cup_form.h"
 #include "headless/headless_user.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
 
 namespace velorin::testing {
 
@@ -13,9 +13,9 @@ void fill_careers() {
   headless_user user;
   const front_end_scope in_use(user);
   chance.use_seed(2026);
-  wctable form;
+  world_cup_form form;
   form.open();
-  form.command1_click();
+  form.accept();
   world_cup = {};
   match = {};  // with the lines of the worm graph
 }

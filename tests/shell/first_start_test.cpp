@@ -17,7 +17,7 @@
 namespace velorin::testing {
 namespace {
 
-class FirstStartTest : public GameTest {
+class FirstStart : public GameTest {
  protected:
   std::filesystem::path file(const char* name) const { return database_.folder() / name; }
 
@@ -28,11 +28,11 @@ class FirstStartTest : public GameTest {
   }
 
   /// Runs the program with real failures, which end it; returns its status.
-  int run(const std::function<void(OpeningWindow&)>& then) {
+  int run(const std::function<void(MenuWindow&)>& then) {
     on_failure({});
     QtFrontEnd shown_by;
     const front_end_scope in_use(shown_by);
-    OpeningWindow menu(shown_by);
+    MenuWindow menu(shown_by);
     menu.show();
     QTimer::singleShot(0, &menu, [&] {
       menu.start();
@@ -45,7 +45,7 @@ class FirstStartTest : public GameTest {
   }
 };
 
-TEST_F(FirstStartTest, WithoutSettingsTheyAreAskedFor) {
+TEST_F(FirstStart, WithoutSettingsTheyAreAskedFor) {
   std::filesystem::remove(file("options.mc"));
   forget_settings();
   ClickingUser user;
@@ -55,18 +55,18 @@ TEST_F(FirstStartTest, WithoutSettingsTheyAreAskedFor) {
     list->setCurrentIndex(0);
     press(window, "Command1");
   });
-  EXPECT_EQ(run([](OpeningWindow&) {}), 0);
+  EXPECT_EQ(run([](MenuWindow&) {}), 0);
   EXPECT_EQ(user.robot.met(), std::vector<std::string>{"optfrm"});
   EXPECT_EQ(files.base, "world");
   EXPECT_TRUE(std::filesystem::exists(file("options.mc")));
 }
 
-TEST_F(FirstStartTest, BrokenSettingsAreAskedForAnew) {
+TEST_F(FirstStart, BrokenSettingsAreAskedForAnew) {
   std::ofstream(file("options.mc")) << "one line only\n";
   forget_settings();
   ClickingUser user;
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
-  EXPECT_EQ(run([](OpeningWindow&) {}), 0);
+  EXPECT_EQ(run([](MenuWindow&) {}), 0);
   EXPECT_EQ(user.robot.left(), 0);
   EXPECT_TRUE(user.messages.empty());
   std::ifstream in(file("options.mc"));
@@ -75,20 +75,20 @@ TEST_F(FirstStartTest, BrokenSettingsAreAskedForAnew) {
   EXPECT_EQ(line, "one line only") << "closing the form must keep the file";
 }
 
-TEST_F(FirstStartTest, SettingsThatCannotBeReadAreToldWithTheirCause) {
+TEST_F(FirstStart, SettingsThatCannotBeReadAreToldWithTheirCause) {
   std::filesystem::remove(file("options.mc"));
   ASSERT_EQ(::mkfifo(file("options.mc").c_str(), 0600), 0);
   forget_settings();
   ClickingUser user;
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
-  EXPECT_EQ(run([](OpeningWindow&) {}), 0);
+  EXPECT_EQ(run([](MenuWindow&) {}), 0);
   EXPECT_EQ(user.messages,
             std::vector<std::string>{
                 "Error | The file cannot be read: it is a pipe, a device or the like (file options.mc)"});
   EXPECT_EQ(user.robot.left(), 0);
 }
 
-TEST_F(FirstStartTest, WithoutADatabaseOnOfferNothingStarts) {
+TEST_F(FirstStart, WithoutADatabaseOnOfferNothingStarts) {
   std::filesystem::remove(file("world.grd"));
   std::filesystem::remove(file("options.mc"));
   forget_settings();
@@ -99,13 +99,13 @@ TEST_F(FirstStartTest, WithoutADatabaseOnOfferNothingStarts) {
   });
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
-  EXPECT_EQ(run([](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); }), 0);
+  EXPECT_EQ(run([](MenuWindow& menu) { choose(menu, "Label1", "Label8"); }), 0);
   EXPECT_EQ(user.robot.met("teamfrm"), 0);
   EXPECT_EQ(user.messages, std::vector<std::string>{"Error | Please select a database before continuing"});
   EXPECT_FALSE(std::filesystem::exists(file("options.mc")));
 }
 
-TEST_F(FirstStartTest, ADatabaseNotOnOfferLeadsToTheSettings) {
+TEST_F(FirstStart, ADatabaseNotOnOfferLeadsToTheSettings) {
   const std::vector<std::string> names = {"gone", "../teams/world", (database_.folder() / "world").string()};
   for (const std::string& name : names) {
     settings.database_name = name;
@@ -116,7 +116,7 @@ TEST_F(FirstStartTest, ADatabaseNotOnOfferLeadsToTheSettings) {
       control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
       press(window, "Command1");
     });
-    EXPECT_EQ(run([](OpeningWindow&) {}), 0);
+    EXPECT_EQ(run([](MenuWindow&) {}), 0);
     EXPECT_EQ(user.messages,
               std::vector<std::string>{"Error | The database \"" + name + "\" is not on offer (file options.mc)"});
     EXPECT_EQ(user.robot.left(), 0);
@@ -132,7 +132,7 @@ void expect_told(const ClickingUser& user, const std::string& words) {
   EXPECT_EQ(user.robot.left(), 0) << "the settings";
 }
 
-TEST_F(FirstStartTest, AFaultBeforePlayIsToldAndTheMenuStays) {
+TEST_F(FirstStart, AFaultBeforePlayIsToldAndTheMenuStays) {
   const std::function<void()> faults[] = {
       [this] { std::filesystem::remove(file("world.team")); },
       [this] { std::filesystem::resize_file(file("world.team"), 4000); },
@@ -147,7 +147,7 @@ TEST_F(FirstStartTest, AFaultBeforePlayIsToldAndTheMenuStays) {
     begin_again_with_seed(1);
     ClickingUser user;
     user.robot.next("optfrm", [](QWidget& window) { window.close(); });
-    EXPECT_EQ(run([&](OpeningWindow& menu) {
+    EXPECT_EQ(run([&](MenuWindow& menu) {
                 faults[i]();
                 choose(menu, "Label1", "Label8");
                 EXPECT_TRUE(menu.isVisible());
@@ -158,11 +158,11 @@ TEST_F(FirstStartTest, AFaultBeforePlayIsToldAndTheMenuStays) {
   }
 }
 
-TEST_F(FirstStartTest, OnlyWhatAnEntryReadsIsAsked) {
+TEST_F(FirstStart, OnlyWhatAnEntryReadsIsAsked) {
   ClickingUser user;
   user.robot.next("totrecords", [](QWidget& window) { press(window, "Command1"); });
   user.robot.next("Sqdet", [](QWidget& window) { press(window, "Command1"); });
-  EXPECT_EQ(run([this](OpeningWindow& menu) {
+  EXPECT_EQ(run([this](MenuWindow& menu) {
               std::filesystem::remove(file("world.team"));
               std::filesystem::remove(file("world.grd"));
               choose(menu, "Label2", "Label13");
@@ -174,10 +174,10 @@ TEST_F(FirstStartTest, OnlyWhatAnEntryReadsIsAsked) {
   EXPECT_EQ(user.robot.left(), 0);
 }
 
-TEST_F(FirstStartTest, AFaultOfARecordListIsToldAndTheMenuStays) {
+TEST_F(FirstStart, AFaultOfARecordListIsToldAndTheMenuStays) {
   ClickingUser user;
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
-  EXPECT_EQ(run([this](OpeningWindow& menu) {
+  EXPECT_EQ(run([this](MenuWindow& menu) {
               std::ofstream(file("world.ptr")) << std::string(2500, '\xFF');
               choose(menu, "Label2", "Label13");
             }),
@@ -185,7 +185,7 @@ TEST_F(FirstStartTest, AFaultOfARecordListIsToldAndTheMenuStays) {
   expect_told(user, "world.ptr, record 1");
 }
 
-TEST_F(FirstStartTest, GroundsCutShortAsTheFormIsLeftAreToldAndNothingIsLost) {
+TEST_F(FirstStart, GroundsCutShortAsTheFormIsLeftAreToldAndNothingIsLost) {
   ClickingUser user;
   user.robot.next("teamfrm", [this](QWidget& window) {
     ClickingUser::choose_match(window, 0, 1, false, false);
@@ -194,12 +194,12 @@ TEST_F(FirstStartTest, GroundsCutShortAsTheFormIsLeftAreToldAndNothingIsLost) {
   });
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
   const std::vector<std::string> before = lasting_files();
-  EXPECT_EQ(run([](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); }), 0);
+  EXPECT_EQ(run([](MenuWindow& menu) { choose(menu, "Label1", "Label8"); }), 0);
   expect_told(user, "world.grd");
   EXPECT_TRUE(before == lasting_files());
 }
 
-TEST_F(FirstStartTest, SettingsThatCannotBeWrittenHoldForThisRun) {
+TEST_F(FirstStart, SettingsThatCannotBeWrittenHoldForThisRun) {
   std::filesystem::remove(file("options.mc"));
   std::filesystem::create_directory(file("options.mc"));
   forget_settings();
@@ -208,13 +208,13 @@ TEST_F(FirstStartTest, SettingsThatCannotBeWrittenHoldForThisRun) {
     control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
     press(window, "Command1");
   });
-  EXPECT_EQ(run([](OpeningWindow&) {}), 0);
+  EXPECT_EQ(run([](MenuWindow&) {}), 0);
   ASSERT_EQ(user.messages.size(), 2U) << "it can be neither read nor written";
   for (const auto& told : user.messages) EXPECT_NE(told.find("options.mc"), std::string::npos) << told;
   EXPECT_EQ(files.base, "world");
 }
 
-TEST_F(FirstStartTest, AnUnwritableFolderIsNamedAtTheEndOfAMatch) {
+TEST_F(FirstStart, AnUnwritableFolderIsNamedAtTheEndOfAMatch) {
   ClickingUser user;
   user.robot.next("teamfrm", [this](QWidget& window) {
     ClickingUser::choose_match(window, 0, 1, false, false);
@@ -227,7 +227,7 @@ TEST_F(FirstStartTest, AnUnwritableFolderIsNamedAtTheEndOfAMatch) {
     EXPECT_TRUE(text.contains("world.rec")) << text.toStdString();
     press(window, "go_on");
   });
-  EXPECT_EQ(run([](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); }), 0);
+  EXPECT_EQ(run([](MenuWindow& menu) { choose(menu, "Label1", "Label8"); }), 0);
   EXPECT_EQ(user.robot.left(), 0);
 }
 

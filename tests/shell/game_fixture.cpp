@@ -5,13 +5,13 @@
 #include <fstream>
 #include <iterator>
 
-#include "competitions/series1.h"
-#include "competitions/series2.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
 #include "competitions/world_cup.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
 
 namespace velorin::testing {
 
@@ -52,14 +52,14 @@ void GameTest::begin_again_with_seed(std::uint64_t seed) {
   chance.use_seed(seed);
 }
 
-void GameTest::play(const std::function<void(OpeningWindow&)>& then) {
+void GameTest::play(const std::function<void(MenuWindow&)>& then) {
   QtFrontEnd shown_by;
   play_shown_by(shown_by, then);
 }
 
-void GameTest::play_shown_by(QtFrontEnd& shown_by, const std::function<void(OpeningWindow&)>& then) {
+void GameTest::play_shown_by(QtFrontEnd& shown_by, const std::function<void(MenuWindow&)>& then) {
   const front_end_scope in_use(shown_by);
-  OpeningWindow menu(shown_by);
+  MenuWindow menu(shown_by);
   menu.show();
   QTimer::singleShot(0, &menu, [&] {
     menu.start();
@@ -70,7 +70,7 @@ void GameTest::play_shown_by(QtFrontEnd& shown_by, const std::function<void(Open
   begin_again();
 }
 
-void GameTest::choose(OpeningWindow& menu, const char* panel, const char* entry) {
+void GameTest::choose(MenuWindow& menu, const char* panel, const char* entry) {
   press(menu, panel);
   press(menu, entry);
   for (const char* back : {"back1", "back2", "back3", "back4"}) {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "shell/clicking_user.h"
-#include "shell/opening_window.h"
+#include "shell/menu_window.h"
 #include "shell/qt_front_end.h"
 #include "support/small_database.h"
 
@@ -24,11 +24,11 @@ class GameTest : public ::testing::Test {
   ~GameTest() override;
 
   /// Opens the menu and starts; then runs `then` within the program's event loop, and leaves the program.
-  void play(const std::function<void(OpeningWindow&)>& then);
+  void play(const std::function<void(MenuWindow&)>& then);
   /// Likewise, with windows shown by this front end.
-  static void play_shown_by(QtFrontEnd& shown_by, const std::function<void(OpeningWindow&)>& then);
+  static void play_shown_by(QtFrontEnd& shown_by, const std::function<void(MenuWindow&)>& then);
   /// Presses an entry of the menu's main panel, then one of the panel it opens. Returns when the menu is back.
-  static void choose(OpeningWindow& menu, const char* panel, const char* entry);
+  static void choose(MenuWindow& menu, const char* panel, const char* entry);
 
   /// Starts anew for a second run that must equal the first: blank records, the files as at the start, the same seed.
   void begin_again_with_seed(std::uint64_t seed);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QComboBox>
 
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 #include "shell/game_fixture.h"
 
 // Whole matches played by pressing the controls of the windows; the books equal those of the core with the same draws.
@@ -16,25 +16,25 @@ struct Captains {
   bool second_human;
 };
 
-class MatchClickingTest : public GameTest, public ::testing::WithParamInterface<Captains> {
+class MatchClicking : public GameTest, public ::testing::WithParamInterface<Captains> {
  protected:
   /// The same match by the headless user.
   BookkeepingUser play_in_core(bool first_human, bool second_human, std::uint64_t seed) {
     begin_again_with_seed(seed);
     BookkeepingUser user;
     const front_end_scope in_use(user);
-    teamfrm form;
+    new_match_form form;
     form.open();
     form.choose_first_team(4);
     form.choose_second_team(7);
-    form.option1_cpu = !first_human;
-    form.option3_cpu = !second_human;
-    form.command1_click();
+    form.computer_captains_first = !first_human;
+    form.computer_captains_second = !second_human;
+    form.accept();
     return user;
   }
 };
 
-TEST_P(MatchClickingTest, TheBooksEqualThoseOfTheCore) {
+TEST_P(MatchClicking, TheBooksEqualThoseOfTheCore) {
   const auto [first_human, second_human] = GetParam();
   for (const std::uint64_t seed : {3U, 8U}) {
     SCOPED_TRACE(seed);
@@ -44,7 +44,7 @@ TEST_P(MatchClickingTest, TheBooksEqualThoseOfTheCore) {
       ClickingUser::choose_match(window, 4, 7, first, second);
       press(window, "Command1");
     });
-    play([&](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+    play([&](MenuWindow& menu) { choose(menu, "Label1", "Label8"); });
     const match_result result = match;
     const std::vector<std::string> written = lasting_files();
     EXPECT_EQ(user.robot.left(), 0);
@@ -61,7 +61,7 @@ TEST_P(MatchClickingTest, TheBooksEqualThoseOfTheCore) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Captains, MatchClickingTest,
+INSTANTIATE_TEST_SUITE_P(Captains, MatchClicking,
                          ::testing::Values(Captains{false, false}, Captains{true, false}, Captains{false, true},
                                            Captains{true, true}),
                          [](const auto& which) {
@@ -79,7 +79,7 @@ TEST_F(GameTest, ADrawnGroundListFollowsTheTeams) {
     EXPECT_EQ(list->currentIndex(), 1);
     press(window, "Command2");
   });
-  play([&](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+  play([&](MenuWindow& menu) { choose(menu, "Label1", "Label8"); });
   EXPECT_EQ(grounds, (std::vector<QString>{"Aden Oval", "Aden Park", "Java Oval", "Java Park"}));
   EXPECT_TRUE(match.team1_name.empty());
 }

@@ -9,17 +9,17 @@
 #include <filesystem>
 #include <fstream>
 
-#include "competitions/wctable.h"
 #include "competitions/world_cup.h"
+#include "competitions/world_cup_form.h"
 #include "database/configuration.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/theme.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
 #include "shell/clicking_user.h"
 #include "shell/filled_careers.h"
-#include "shell/opening_window.h"
+#include "shell/menu_window.h"
 #include "shell/qt_front_end.h"
 
 namespace velorin::testing {
@@ -35,14 +35,14 @@ void take(QWidget& window, const char* name, bool at_size) {
   if (!window.grab().save(path)) std::fprintf(stderr, "not written: %s\n", qPrintable(path));
 }
 
-void open(OpeningWindow& menu, const char* panel, const char* entry) {
+void open(MenuWindow& menu, const char* panel, const char* entry) {
   press(menu, panel);
   press(menu, entry);
   menu.reject();
 }
 
 /// A match with a human side, seen in its second innings.
-void picture_match(OpeningWindow& menu) {
+void picture_match(MenuWindow& menu) {
   chance.use_seed(7);
   ClickingUser user;
   user.robot.next("teamfrm", [](QWidget& window) {
@@ -68,21 +68,21 @@ void picture_match(OpeningWindow& menu) {
       take(card, "scorecard", false);
       press(card, "Command6");
     });
-    user.robot.next("graphs", [](QWidget& graphs) {
-      take(graphs, "graphs", false);
-      press(graphs, "Command1");
+    user.robot.next("graphs", [](QWidget& overs_graph) {
+      take(overs_graph, "graphs", false);
+      press(overs_graph, "Command1");
     });
     user.robot.next("scorecard", [](QWidget& card) { press(card, "Command10"); });
-    user.robot.next("worms", [](QWidget& worms) {
-      take(worms, "worms", false);
-      press(worms, "Command1");
+    user.robot.next("worms", [](QWidget& worm_graph) {
+      take(worm_graph, "worms", false);
+      press(worm_graph, "Command1");
     });
     press(window, "Command2");
   });
   open(menu, "Label1", "Label8");
 }
 
-void picture_world_cup(OpeningWindow& menu) {
+void picture_world_cup(MenuWindow& menu) {
   chance.use_seed(5);
   ClickingUser user;
   user.robot.next("wctable", [](QWidget& window) {
@@ -103,7 +103,7 @@ void picture_world_cup(OpeningWindow& menu) {
   open(menu, "Label1", "Label11");
 }
 
-void picture_profile(OpeningWindow& menu) {
+void picture_profile(MenuWindow& menu) {
   ClickingUser user;
   user.robot.next("Sqdet", [](QWidget& window) {
     for (const char* name : {"Combo1", "Combo2"}) {
@@ -120,7 +120,7 @@ void picture_profile(OpeningWindow& menu) {
 void take_all() {
   QtFrontEnd shown_by;
   const front_end_scope in_use(shown_by);
-  OpeningWindow menu(shown_by);
+  MenuWindow menu(shown_by);
   menu.show();
   QTimer::singleShot(0, &menu, [&] {
     menu.start();

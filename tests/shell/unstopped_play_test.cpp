@@ -5,10 +5,10 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 
-#include "competitions/series1.h"
-#include "competitions/wctable.h"
+#include "competitions/series.h"
+#include "competitions/world_cup_form.h"
 #include "desktop/preferences.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "shell/unstopped_window.h"
 #include "windows/window_checks.h"
@@ -38,29 +38,29 @@ class UnstoppedPlayTest : public GameTest {
       clock.start();
       press(window, "Command1");
     });
-    play([](OpeningWindow& menu) { choose(menu, "Label1", "Label11"); });
+    play([](MenuWindow& menu) { choose(menu, "Label1", "Label11"); });
     return {user.presses, clock.elapsed(), user.robot.met(), lasting_files()};
   }
 };
 
 TEST_F(UnstoppedPlayTest, AWorldCupGivesTheSameBooksWithAndWithoutStops) {
   const Cup stopping = play_cup(false);
-  const std::string winner = world_cup.wc_final.winner;
+  const std::string winner = world_cup.grand_final.winner;
   const Cup unstopped = play_cup(true);
   RecordProperty("presses_stopping", stopping.presses);
   RecordProperty("presses_unstopped", unstopped.presses);
   std::printf("World Cup: %d presses in %lld ms with stops, %d in %lld ms without\n", stopping.presses,
               static_cast<long long>(stopping.milliseconds), unstopped.presses,
               static_cast<long long>(unstopped.milliseconds));
-  EXPECT_EQ(world_cup.wc_final.winner, winner);
+  EXPECT_EQ(world_cup.grand_final.winner, winner);
   EXPECT_TRUE(stopping.files == unstopped.files) << "the career or record files differ";
 
   begin_again_with_seed(1);
   BookkeepingUser reference;
   const front_end_scope in_use(reference);
-  wctable form;
+  world_cup_form form;
   form.open();
-  form.command1_click();
+  form.accept();
   EXPECT_TRUE(unstopped.files == lasting_files()) << "the files differ from the core's";
   EXPECT_LT(unstopped.presses, 5);
   EXPECT_GT(stopping.presses, 32 * 5);
@@ -78,7 +78,7 @@ TEST_F(UnstoppedPlayTest, ItStopsForAHumanSide) {
     EXPECT_TRUE(match.human_involved());
     press(window, "Command1");
   });
-  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label11"); });
+  play([](MenuWindow& menu) { choose(menu, "Label1", "Label11"); });
   EXPECT_GE(user.robot.met("wecond"), 4);
   EXPECT_LE(user.robot.met("wecond"), 11);
   EXPECT_EQ(user.robot.met("toss"), user.robot.met("wecond"));
@@ -87,29 +87,29 @@ TEST_F(UnstoppedPlayTest, ItStopsForAHumanSide) {
 /// What is known of the next match as standings are shown.
 TEST_F(UnstoppedPlayTest, ItKnowsTheHumanSidesOfTheNextCupMatch) {
   world_cup = world_cup_record();
-  world_cup.stage = wc_stage::super_six_draw;
+  world_cup.stage = cup_stage::super_six_draw;
   world_cup.next_match = 21;
-  world_cup.wc_ss_human[6] = true;
+  world_cup.super_six_human[6] = true;
   EXPECT_FALSE(next_match_has_human(Activity::cup)) << "nothing is drawn yet";
-  world_cup.wc_fixtures[21].stage = "SS";
-  world_cup.wc_fixtures[21].index_a = 1;
-  world_cup.wc_fixtures[21].index_b = 2;
+  world_cup.fixtures[21].stage = "SS";
+  world_cup.fixtures[21].index_a = 1;
+  world_cup.fixtures[21].index_b = 2;
   EXPECT_FALSE(next_match_has_human(Activity::cup));
-  world_cup.wc_fixtures[21].index_b = 3;
+  world_cup.fixtures[21].index_b = 3;
   EXPECT_TRUE(next_match_has_human(Activity::cup)) << "the first match of the Super Six";
 
-  world_cup.stage = wc_stage::super_six_matches;
+  world_cup.stage = cup_stage::super_six_matches;
   world_cup.next_match = 29;
-  world_cup.wc_fixtures[29].index_a = 1;
-  world_cup.wc_fixtures[29].index_b = 1;
+  world_cup.fixtures[29].index_a = 1;
+  world_cup.fixtures[29].index_b = 1;
   EXPECT_FALSE(next_match_has_human(Activity::cup));
   world_cup.next_match = 30;
-  for (int place = 1; place <= 6; ++place) world_cup.wc_super_six[static_cast<std::size_t>(place)].points = place;
+  for (int place = 1; place <= 6; ++place) world_cup.super_six[static_cast<std::size_t>(place)].points = place;
   EXPECT_TRUE(next_match_has_human(Activity::cup)) << "place 6 is the first of the table";
-  world_cup.wc_super_six[6].points = 4;
-  world_cup.wc_super_six[6].net_run_rate = 1;
+  world_cup.super_six[6].points = 4;
+  world_cup.super_six[6].net_run_rate = 1;
   EXPECT_FALSE(next_match_has_human(Activity::cup)) << "the second plays in the other semi-final";
-  EXPECT_EQ(world_cup.wc_super_six[1].points, 1) << "the table itself is left alone";
+  EXPECT_EQ(world_cup.super_six[1].points, 1) << "the table itself is left alone";
   world_cup = world_cup_record();
 }
 
@@ -132,7 +132,7 @@ TEST_F(UnstoppedPlayTest, ItCanBeAskedToStopAtTheNextMatch) {
     stopped_at = series.match_no;
     press(window, "Command1");
   });
-  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label9"); });
+  play([](MenuWindow& menu) { choose(menu, "Label1", "Label9"); });
   EXPECT_GE(asked_in, 1);
   EXPECT_EQ(stopped_at, asked_in);
   EXPECT_EQ(user.robot.met("sri_result"), 2) << "once as asked, once at the end";
@@ -148,7 +148,7 @@ TEST_F(UnstoppedPlayTest, ASingleMatchAlwaysStops) {
     ClickingUser::choose_match(window, 0, 1, false, false);
     press(window, "Command1");
   });
-  play([](OpeningWindow& menu) { choose(menu, "Label1", "Label8"); });
+  play([](MenuWindow& menu) { choose(menu, "Label1", "Label8"); });
   EXPECT_EQ(user.robot.met("wecond"), 1);
   EXPECT_EQ(user.robot.met("Teamsel"), 2);
   EXPECT_EQ(user.robot.met("scorecard"), 2);
@@ -162,7 +162,7 @@ TEST_F(UnstoppedPlayTest, TheChoiceOfOneFormSilencesNoOther) {
   ClickingUser user;
   user.robot.next("series1", pressing("Command1"));
   user.robot.next("series2", pressing("Command1"));
-  play([](OpeningWindow& menu) {
+  play([](MenuWindow& menu) {
     choose(menu, "Label1", "Label9");
     choose(menu, "Label1", "Label10");
   });

@@ -5,9 +5,9 @@
 #include <sstream>
 #include <string_view>
 
-#include "engine/algorithm.h"
+#include "engine/delivery_model.h"
 #include "model/check_match.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin::testing {
 

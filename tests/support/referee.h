@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-#include "model/records.h"
+#include "model/match_records.h"
 
 namespace velorin::testing {
 

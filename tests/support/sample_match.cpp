@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "database/configuration.h"
-#include "engine/algorithm.h"
+#include "engine/delivery_model.h"
 #include "model/random.h"
 
 namespace velorin::testing {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin::testing {
 

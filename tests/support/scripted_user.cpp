@@ -2,10 +2,10 @@
 #include "support/scripted_user.h"
 
 #include "console/captain_forms.h"
-#include "engine/driver.h"
-#include "setup/teamsel.h"
+#include "engine/over_play.h"
+#include "setup/conditions.h"
+#include "setup/team_selection.h"
 #include "setup/toss.h"
-#include "setup/wecond.h"
 
 namespace velorin::testing {
 
@@ -37,43 +37,43 @@ save_answer scripted_user::answer(const failed_save& failed) {
   return next(failed);
 }
 
-void scripted_user::show(wecond& form) {
+void scripted_user::show(conditions_form& form) {
   requests.push_back("wecond");
-  if (!take_answer(on_wecond, form)) headless_user::show(form);
+  if (!take_answer(on_conditions, form)) headless_user::show(form);
 }
 
-void scripted_user::show(teamsel& form) {
+void scripted_user::show(team_selection_form& form) {
   requests.push_back("teamsel " + form.heading());
-  if (!take_answer(on_teamsel, form)) headless_user::show(form);
+  if (!take_answer(on_team_selection, form)) headless_user::show(form);
 }
 
-void scripted_user::show(toss& form) {
-  requests.push_back("toss " + form.label1);
+void scripted_user::show(toss_form& form) {
+  requests.push_back("toss " + form.headline);
   if (!take_answer(on_toss, form)) headless_user::show(form);
 }
 
-void scripted_user::show(batorder& form) {
+void scripted_user::show(next_batsman_form& form) {
   requests.push_back("batorder " + form.title);
-  if (!take_answer(on_batorder, form)) headless_user::show(form);
+  if (!take_answer(on_next_batsman, form)) headless_user::show(form);
 }
 
-void scripted_user::show(chgbowler& form) {
+void scripted_user::show(bowler_choice_form& form) {
   requests.push_back("chgbowler " + form.title);
-  if (!take_answer(on_chgbowler, form)) headless_user::show(form);
+  if (!take_answer(on_bowler_choice, form)) headless_user::show(form);
 }
 
-void scripted_user::show(aggr& form) {
-  requests.push_back("aggr" + form.label1_0);
-  if (!take_answer(on_aggr, form)) headless_user::show(form);
+void scripted_user::show(aggression_form& form) {
+  requests.push_back("aggr" + form.player_name);
+  if (!take_answer(on_aggression, form)) headless_user::show(form);
 }
 
-void scripted_user::show(batsmandetails& form) {
+void scripted_user::show(batsman_details_form& form) {
   requests.push_back("batsmandetails " + form.figures.headline);
-  if (on_batsmandetails) on_batsmandetails(form);
-  form.command1_click();
+  if (on_batsman_details) on_batsman_details(form);
+  form.accept();
 }
 
-void scripted_user::show(main_console& form) {
+void scripted_user::show(console_form& form) {
   requests.push_back("console");
   if (on_console) {
     on_console(form);
@@ -99,28 +99,28 @@ void scripted_user::open(report which) {
   if (on_report) on_report(which);
 }
 
-void scripted_user::show(sri_result& form) {
+void scripted_user::show(series_results_form& form) {
   requests.push_back("sri_result");
   series_results.push_back(form);
-  if (!take_answer(on_sri_result, form)) headless_user::show(form);
+  if (!take_answer(on_series_results, form)) headless_user::show(form);
 }
 
-void scripted_user::show(triserresult& form) {
+void scripted_user::show(tri_series_table_form& form) {
   requests.push_back("triserresult");
   tri_tables.push_back(form);
-  if (!take_answer(on_triserresult, form)) headless_user::show(form);
+  if (!take_answer(on_tri_series_table, form)) headless_user::show(form);
 }
 
-void scripted_user::show(wc_fix& form) {
+void scripted_user::show(world_cup_fixtures_form& form) {
   requests.push_back("wc_fix");
   fixture_lists.push_back(form);
-  if (!take_answer(on_wc_fix, form)) headless_user::show(form);
+  if (!take_answer(on_world_cup_fixtures, form)) headless_user::show(form);
 }
 
-void scripted_user::show(wcsstab& form) {
+void scripted_user::show(world_cup_tables_form& form) {
   requests.push_back("wcsstab");
   cup_tables.push_back(form);
-  if (!take_answer(on_wcsstab, form)) headless_user::show(form);
+  if (!take_answer(on_world_cup_tables, form)) headless_user::show(form);
 }
 
 std::vector<std::string> scripted_user::requests_of(const std::string& kind) const {

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "competitions/series1.h"
-#include "competitions/series2.h"
-#include "competitions/wc_fix.h"
-#include "competitions/wcsstab.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
+#include "competitions/world_cup_fixtures.h"
+#include "competitions/world_cup_tables.h"
 #include "headless/headless_user.h"
 #include "ui/front_end.h"
 
@@ -19,57 +19,58 @@ namespace velorin::testing {
 /// headless user does.
 class scripted_user : public headless_user {
  public:
-  /// Every request as a line: "message TITLE | TEXT", "wecond", "teamsel TEAM", "toss HEADLINE", "batorder TITLE",
-  /// "chgbowler TITLE", "aggr NAME", "batsmandetails HEADLINE", "console", "report N", "sri_result", "triserresult",
-  /// "wc_fix", "wcsstab", "failed save CAUSE".
+  /// Every request as a line: "message TITLE | TEXT", "conditions_form", "team_selection_form TEAM", "toss HEADLINE",
+  /// "next_batsman_form TITLE", "bowler_choice_form TITLE", "aggression_form NAME", "batsman_details_form HEADLINE",
+  /// "console", "report N", "series_results_form", "tri_series_table_form", "world_cup_fixtures_form",
+  /// "world_cup_tables_form", "failed save CAUSE".
   std::vector<std::string> requests;
   std::vector<message_box> messages;
   /// Each showing of a competition's windows, as it opened.
-  std::vector<sri_result> series_results;
-  std::vector<triserresult> tri_tables;
-  std::vector<wc_fix> fixture_lists;
-  std::vector<wcsstab> cup_tables;
+  std::vector<series_results_form> series_results;
+  std::vector<tri_series_table_form> tri_tables;
+  std::vector<world_cup_fixtures_form> fixture_lists;
+  std::vector<world_cup_tables_form> cup_tables;
   int balls_bowled = 0;
   int progress_calls = 0;
   bool progress_open = false;
 
   /// Answers in turn; each must close its form.
-  std::deque<std::function<void(wecond&)>> on_wecond;
-  std::deque<std::function<void(teamsel&)>> on_teamsel;
-  std::deque<std::function<void(toss&)>> on_toss;
-  std::deque<std::function<void(batorder&)>> on_batorder;
-  std::deque<std::function<void(chgbowler&)>> on_chgbowler;
-  std::deque<std::function<void(aggr&)>> on_aggr;
-  std::deque<std::function<void(sri_result&)>> on_sri_result;
-  std::deque<std::function<void(triserresult&)>> on_triserresult;
-  std::deque<std::function<void(wc_fix&)>> on_wc_fix;
-  std::deque<std::function<void(wcsstab&)>> on_wcsstab;
+  std::deque<std::function<void(conditions_form&)>> on_conditions;
+  std::deque<std::function<void(team_selection_form&)>> on_team_selection;
+  std::deque<std::function<void(toss_form&)>> on_toss;
+  std::deque<std::function<void(next_batsman_form&)>> on_next_batsman;
+  std::deque<std::function<void(bowler_choice_form&)>> on_bowler_choice;
+  std::deque<std::function<void(aggression_form&)>> on_aggression;
+  std::deque<std::function<void(series_results_form&)>> on_series_results;
+  std::deque<std::function<void(tri_series_table_form&)>> on_tri_series_table;
+  std::deque<std::function<void(world_cup_fixtures_form&)>> on_world_cup_fixtures;
+  std::deque<std::function<void(world_cup_tables_form&)>> on_world_cup_tables;
   std::deque<std::function<save_answer(const failed_save&)>> on_failed_save;
   std::function<void(const message_box&)> on_message;
-  std::function<void(batsmandetails&)> on_batsmandetails;  ///< looks at the form before it is closed
-  std::function<void(main_console&)> on_console;           ///< instead of pressing Next Over to the end
+  std::function<void(batsman_details_form&)> on_batsman_details;  ///< looks at the form before it is closed
+  std::function<void(console_form&)> on_console;                  ///< instead of pressing Next Over to the end
   std::function<void()> on_ball;
   std::function<void(report)> on_report;
 
   using headless_user::show;
   void show(const message_box& message) override;
   save_answer answer(const failed_save& failed) override;
-  void show(wecond& form) override;
-  void show(teamsel& form) override;
-  void show(toss& form) override;
-  void show(batorder& form) override;
-  void show(chgbowler& form) override;
-  void show(aggr& form) override;
-  void show(batsmandetails& form) override;
-  void show(main_console& form) override;
+  void show(conditions_form& form) override;
+  void show(team_selection_form& form) override;
+  void show(toss_form& form) override;
+  void show(next_batsman_form& form) override;
+  void show(bowler_choice_form& form) override;
+  void show(aggression_form& form) override;
+  void show(batsman_details_form& form) override;
+  void show(console_form& form) override;
   void ball_bowled() override;
   void progress(int over) override;
   void progress_done() override;
   void open(report which) override;
-  void show(sri_result& form) override;
-  void show(triserresult& form) override;
-  void show(wc_fix& form) override;
-  void show(wcsstab& form) override;
+  void show(series_results_form& form) override;
+  void show(tri_series_table_form& form) override;
+  void show(world_cup_fixtures_form& form) override;
+  void show(world_cup_tables_form& form) override;
 
   /// The requests that begin with `kind`.
   std::vector<std::string> requests_of(const std::string& kind) const;

@@ -72,8 +72,8 @@ void small_database::add_ground(const std::string& country, const std::string& n
 }
 
 void small_database::write() const {
-  write_records(files.team, teams_);
-  write_records(files.grd, grounds_);
+  write_records(files.team_file, teams_);
+  write_records(files.ground_file, grounds_);
 }
 
 }  // namespace velorin::testing

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "database/configuration.h"
-#include "model/records.h"
+#include "model/match_records.h"
 
 namespace velorin::testing {
 

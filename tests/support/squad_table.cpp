@@ -18,17 +18,17 @@ squad squad_of(const std::vector<squad_row>& rows) {
   return men;
 }
 
-std::vector<int> ticked_places(const teamsel& form) {
+std::vector<int> ticked_places(const team_selection_form& form) {
   std::vector<int> places;
   for (int place = 1; place <= 20; ++place) {
-    if (form.check1[place]) places.push_back(place);
+    if (form.ticks[place]) places.push_back(place);
   }
   return places;
 }
 
 std::vector<int> auto_selected(const squad& men) {
   selection screen(men);
-  screen.form.command3_click();
+  screen.form.auto_select();
   return ticked_places(screen.form);
 }
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "model/records.h"
-#include "setup/teamsel.h"
+#include "model/match_records.h"
+#include "setup/team_selection.h"
 
 namespace velorin::testing {
 
@@ -28,7 +28,7 @@ struct squad_row {
 squad squad_of(const std::vector<squad_row>& rows);
 
 /// The places ticked, in order.
-std::vector<int> ticked_places(const teamsel& form);
+std::vector<int> ticked_places(const team_selection_form& form);
 
 /// A selection screen with its squad.
 class selection {
@@ -37,7 +37,7 @@ class selection {
   selection(const selection&) = delete;
   selection& operator=(const selection&) = delete;
 
-  teamsel form;
+  team_selection_form form;
 
  private:
   squad men_;

@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <array>
 
+#include "browsers/player_profile.h"
 #include "browsers/shown_table.h"
-#include "browsers/sqdet.h"
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -65,11 +65,10 @@ RecordWindow::RecordWindow(const QString& name, table_form& form, bool ranked, Q
   rows_->addStretch();
   add_profile_button(QStringLiteral("profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, 0);
   const auto close = [this] {
-    form_.command1_click();
+    form_.accept();
     if (form_.closed) accept();
   };
-  add_default_button(QStringLiteral("Command1"), {.caption = shown(table_form::command1_caption), .mnemonic = u'O'},
-                     close)
+  add_default_button(QStringLiteral("Command1"), {.caption = shown(table_form::ok_caption), .mnemonic = u'O'}, close)
       ->setFocus();
   on_dismiss(close);
 }

@@ -26,32 +26,32 @@ bool captained(const std::string& team, const std::array<std::string, 5>& teams,
 QString cup_progress() {
   const int next = world_cup.next_match;
   switch (world_cup.stage) {
-    case wc_stage::drawn:
+    case cup_stage::drawn:
       return played("Group matches", 0, group_matches);
-    case wc_stage::group_matches:
+    case cup_stage::group_matches:
       return played("Group matches", std::max(0, next - 1), group_matches);
-    case wc_stage::super_six_draw:
+    case cup_stage::super_six_draw:
       return played("Super Six", 0, super_six_matches);
-    case wc_stage::super_six_matches:
+    case cup_stage::super_six_matches:
       return played("Super Six", std::max(0, next - group_matches - 1), super_six_matches);
-    case wc_stage::knock_out:
+    case cup_stage::knock_out:
       // The tables are shown before the count goes up.
       return next > 2 ? QStringLiteral("Final played") : played("Semi-finals", next, 2);
-    case wc_stage::over:
+    case cup_stage::over:
       break;
   }
   return {};
 }
 
-bool has_super_six() { return world_cup.stage >= wc_stage::super_six_draw; }
+bool has_super_six() { return world_cup.stage >= cup_stage::super_six_draw; }
 
-fixture_captains captains_of(const wc_fixture& fixture) {
+fixture_captains captains_of(const cup_fixture& fixture) {
   const auto at = [](integer place) { return static_cast<std::size_t>(int(place)); };
   if (fixture.team_a.empty()) return {};
   if (fixture.stage == "SS") {
     // Before this tournament's draw those of an earlier one stand there.
     if (!has_super_six()) return {};
-    return {world_cup.wc_ss_human[at(fixture.index_a)], world_cup.wc_ss_human[at(fixture.index_b) + 3]};
+    return {world_cup.super_six_human[at(fixture.index_a)], world_cup.super_six_human[at(fixture.index_b) + 3]};
   }
   const std::array<bool, 5>& human = fixture.stage == "A" ? world_cup.human_a : world_cup.human_b;
   return {human[at(fixture.index_a) - 1], human[at(fixture.index_b) - 1]};

@@ -20,7 +20,7 @@ struct fixture_captains {
   bool human_a = false;
   bool human_b = false;
 };
-fixture_captains captains_of(const wc_fixture& fixture);
+fixture_captains captains_of(const cup_fixture& fixture);
 
 /// Whether the user captains a team of that name in Group A, or in Group B.
 bool human_in_group_a(const std::string& team);

@@ -13,7 +13,7 @@
 
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin {
 

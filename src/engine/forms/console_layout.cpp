@@ -15,7 +15,6 @@
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
-#include "engine/driver.h"
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/console_tables.h"
 #include "engine/forms/console_window.h"
@@ -23,6 +22,7 @@
 #include "engine/forms/player_panels.h"
 #include "engine/forms/rates_panel.h"
 #include "engine/forms/scoreboard.h"
+#include "engine/over_play.h"
 
 // How the console is laid out: the scoreboard above three columns.
 
@@ -64,7 +64,7 @@ Table bowlers_table() {
   for (const bowler_line& line : view_bowler_list()) {
     TableRow row;
     row.id = line.position;
-    row.cells.push_back({shown(line.label25)});
+    row.cells.push_back({shown(line.name)});
     for (const QString& figure : shown(line.figures).split(QLatin1Char('-'))) row.cells.push_back({figure});
     table.rows.push_back(std::move(row));
   }
@@ -84,8 +84,9 @@ QFrame* ConsoleWindow::new_batting_card() {
     if (slot > 0) card_rows(card)->addWidget(new_rule());
     card_rows(card)->addWidget(panel);
     connect(panel->aggression(), &QPushButton::clicked, this,
-            [this, slot] { guarded([&] { act_on_slot(&main_console::command4_click, slot); }); });
-    const auto profile = slot == 0 ? &main_console::command8_click : &main_console::command10_click;
+            [this, slot] { guarded([&] { act_on_slot(&console_form::change_batsman_aggression, slot); }); });
+    const auto profile =
+        slot == 0 ? &console_form::show_lower_batsman_profile : &console_form::show_higher_batsman_profile;
     connect(panel->profile(), &QPushButton::clicked, this, [this, profile] { guarded([&] { act(profile); }); });
   }
   return card;
@@ -99,8 +100,8 @@ QFrame* ConsoleWindow::new_bowling_card() {
     if (slot > 0) card_rows(card)->addWidget(new_rule());
     card_rows(card)->addWidget(panel);
     connect(panel->aggression(), &QPushButton::clicked, this,
-            [this, slot] { guarded([&] { act_on_slot(&main_console::command5_click, slot); }); });
-    const auto profile = slot == 0 ? &main_console::command7_click : &main_console::command9_click;
+            [this, slot] { guarded([&] { act_on_slot(&console_form::change_bowler_aggression, slot); }); });
+    const auto profile = slot == 0 ? &console_form::show_bowler_profile : &console_form::show_next_bowler_profile;
     connect(panel->profile(), &QPushButton::clicked, this, [this, profile] { guarded([&] { act(profile); }); });
   }
   return card;
@@ -232,12 +233,12 @@ void ConsoleWindow::add_foot() {
     const char* caption;
     char16_t mnemonic;
     Qt::Key key;
-    void (main_console::*handler)();
+    void (console_form::*handler)();
   };
   static constexpr Report reports[] = {
-      {"Command2", "Scorecard", u'S', Qt::Key_S, &main_console::command2_click},
-      {"Command6", "Worm", u'W', Qt::Key_W, &main_console::command6_click},
-      {"Command11", "Overs", u'O', Qt::Key_O, &main_console::command11_click},
+      {"Command2", "Scorecard", u'S', Qt::Key_S, &console_form::show_scorecard},
+      {"Command6", "Worm", u'W', Qt::Key_W, &console_form::show_worm},
+      {"Command11", "Overs", u'O', Qt::Key_O, &console_form::show_overs_graph},
   };
   for (const Report& report : reports) {
     add_aside(add_button(
@@ -248,7 +249,7 @@ void ConsoleWindow::add_foot() {
   change_bowler_ =
       add_button(QStringLiteral("Command3"),
                  {.caption = QStringLiteral("Change Bowler"), .mnemonic = u'C', .key = QKeySequence(Qt::Key_C)},
-                 [this] { act(&main_console::command3_click); });
+                 [this] { act(&console_form::change_bowler); });
   add_aside(change_bowler_);
   pace_ = new_pace_choice();
   add_beside_buttons(pace_);

@@ -19,14 +19,14 @@
 #include "desktop/question.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
-#include "engine/driver.h"
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/console_tables.h"
 #include "engine/forms/over_chips.h"
 #include "engine/forms/player_panels.h"
 #include "engine/forms/rates_panel.h"
 #include "engine/forms/scoreboard.h"
-#include "model/teams.h"
+#include "engine/over_play.h"
+#include "model/match_state.h"
 
 namespace velorin {
 
@@ -50,7 +50,7 @@ class Playing {
 
 }  // namespace
 
-ConsoleWindow::ConsoleWindow(main_console& form, QWidget* parent)
+ConsoleWindow::ConsoleWindow(console_form& form, QWidget* parent)
     : Form(QStringLiteral("main"), Dismissal::refused, parent), form_(form) {
   prefer_size(QSize(1280, 800));
   lay_out();
@@ -116,7 +116,7 @@ void ConsoleWindow::play_over() {
   finish_over_ = false;
   {
     const Playing in_progress(playing_);
-    form_.command1_click();
+    form_.bowl_next_over();
   }
   if (form_.closed()) {
     accept();
@@ -141,13 +141,13 @@ void ConsoleWindow::wait(int milliseconds) {
   if (program_is_ending()) throw ProgramEnds{};
 }
 
-void ConsoleWindow::act(void (main_console::*handler)()) {
+void ConsoleWindow::act(void (console_form::*handler)()) {
   if (playing_) return;
   std::invoke(handler, form_);
   refresh();
 }
 
-void ConsoleWindow::act_on_slot(void (main_console::*handler)(int), int slot) {
+void ConsoleWindow::act_on_slot(void (console_form::*handler)(int), int slot) {
   if (playing_) return;
   std::invoke(handler, form_, slot);
   refresh();
@@ -155,7 +155,7 @@ void ConsoleWindow::act_on_slot(void (main_console::*handler)(int), int slot) {
 
 void ConsoleWindow::browse(int over) {
   if (playing_) return;
-  form_.vscroll1_change(over);
+  form_.browse_over(over);
   refresh_over();
 }
 

@@ -21,7 +21,7 @@ class OverChips;
 class RatesPanel;
 class Scoreboard;
 class TableView;
-struct main_console;
+struct console_form;
 
 /// The match console. While an over is bowled it follows each ball at the chosen pace and answers nothing but the
 /// choice of pace and Escape, which finishes the over at once.
@@ -30,7 +30,7 @@ class ConsoleWindow : public Form {
 
  public:
   /// `form` belongs to an open console and outlives the window.
-  explicit ConsoleWindow(main_console& form, QWidget* parent = front_window());
+  explicit ConsoleWindow(console_form& form, QWidget* parent = front_window());
   ~ConsoleWindow() override;
 
   /// Shows the match as it stands.
@@ -56,8 +56,8 @@ class ConsoleWindow : public Form {
 
   void play_over();
   /// Runs a button's work unless an over is being bowled, and shows what it changed.
-  void act(void (main_console::*handler)());
-  void act_on_slot(void (main_console::*handler)(int), int slot);
+  void act(void (console_form::*handler)());
+  void act_on_slot(void (console_form::*handler)(int), int slot);
   void browse(int over);
   void refresh_over();
   void refresh_bowlers();
@@ -66,7 +66,7 @@ class ConsoleWindow : public Form {
   void ask_to_quit();
   bool belongs_to_pace(const QObject* watched) const;
 
-  main_console& form_;
+  console_form& form_;
   bool playing_ = false;
   bool finish_over_ = false;
   QEventLoop* waiting_ = nullptr;

@@ -13,7 +13,7 @@
 #include "desktop/meter_bar.h"
 #include "desktop/photo_view.h"
 #include "desktop/shown_text.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin {
 
@@ -108,7 +108,7 @@ void BatsmanPanel::refresh() {
   rest_->setText(QStringLiteral("4s %1   6s %2").arg(view.fours).arg(view.sixes));
   settled_->set_value(view.settled_meter);
   show_aggression(*aggression_, shown(player), view.aggression);
-  aggression_->setEnabled(view.command4_enabled);
+  aggression_->setEnabled(view.aggression_enabled);
   profile_->setAccessibleName(QStringLiteral("Profile of %1").arg(shown(player)));
 }
 
@@ -165,13 +165,13 @@ void BowlerPanel::refresh() {
   const std::string& player = slot_ == 0 ? view.bowler : view.next_bowler;
   show_photo(*photo_, *name_, shown(player), player);
   if (slot_ == 0) {
-    const std::string* const texts[] = {&view.label19_11, &view.label19_10, &view.label19_9, &view.label19_8};
+    const std::string* const texts[] = {&view.overs, &view.maidens, &view.runs, &view.wickets};
     for (std::size_t i = 0; i < 4; ++i) figures_[i]->setText(shown(*texts[i]));
   } else {
     figures_[0]->setText(shown(view.next_figures));
   }
   show_aggression(*aggression_, shown(player), view.aggression[static_cast<std::size_t>(slot_)]);
-  aggression_->setEnabled(view.command3_enabled);
+  aggression_->setEnabled(view.change_enabled);
   profile_->setAccessibleName(QStringLiteral("Profile of %1").arg(shown(player)));
 }
 

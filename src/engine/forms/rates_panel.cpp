@@ -62,23 +62,23 @@ RatesPanel::RatesPanel(QWidget* parent) : QFrame(parent) {
 
 void RatesPanel::refresh() {
   const rates_view view = view_rates();
-  title_->setText(!view.chase              ? QStringLiteral("Projected score")
-                  : view.label15_4.empty() ? QStringLiteral("The chase")
-                                           : shown(view.label15_4));
+  title_->setText(!view.chase                   ? QStringLiteral("Projected score")
+                  : view.chase_headline.empty() ? QStringLiteral("The chase")
+                                                : shown(view.chase_headline));
   for (std::size_t i = 0; i < cells_.size(); ++i) {
-    const bool used = i < view.label26.size();
+    const bool used = i < view.cells.size();
     cells_[i].box->setVisible(used);
     if (!used) continue;
-    cells_[i].heading->setText(shown(view.label26[i].heading));
-    cells_[i].text->setText(shown(view.label26[i].text));
-    cells_[i].text->setAccessibleName(shown(view.label26[i].heading + ": " + view.label26[i].text));
+    cells_[i].heading->setText(shown(view.cells[i].heading));
+    cells_[i].text->setText(shown(view.cells[i].text));
+    cells_[i].text->setAccessibleName(shown(view.cells[i].heading + ": " + view.cells[i].text));
   }
-  last_five_.text->setText(shown(view.label15_20));
-  last_five_.text->setAccessibleName(shown("Last 5: " + view.label15_20));
-  comparison_->setText(shown(view.label15_12));
-  for (QLabel* label : {stage_, comparison_}) label->setVisible(!view.label15_12.empty());
-  now_->setText(shown(view.label15_13));
-  then_->setText(shown(view.label15_14));
+  last_five_.text->setText(shown(view.last_five_overs));
+  last_five_.text->setAccessibleName(shown("Last 5: " + view.last_five_overs));
+  comparison_->setText(shown(view.stage_overs));
+  for (QLabel* label : {stage_, comparison_}) label->setVisible(!view.stage_overs.empty());
+  now_->setText(shown(view.score_now));
+  then_->setText(shown(view.score_then));
 }
 
 }  // namespace velorin

@@ -8,7 +8,7 @@
 #include "console/console_view.h"
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin {
 
@@ -60,22 +60,22 @@ Scoreboard::Scoreboard(QWidget* parent) : QWidget(parent) {
 
 void Scoreboard::refresh() {
   const score_view view = view_score();
-  side_->setText(shown(view.label15_0));
-  score_->setText(shown(view.label15_1));
-  overs_->setText(shown(view.label15_2));
-  rate_->setText(QStringLiteral("Run rate %1").arg(shown(view.label15_19).trimmed()));
+  side_->setText(shown(view.batting_short_name));
+  score_->setText(shown(view.score));
+  overs_->setText(shown(view.overs));
+  rate_->setText(QStringLiteral("Run rate %1").arg(shown(view.run_rate).trimmed()));
   target_->setText(shown(view.target));
   needed_->setText(shown(view.needed));
   target_->setVisible(!view.target.empty());
   needed_->setVisible(!view.needed.empty());
-  teams_->setText(QStringLiteral("%1 v %2").arg(shown(view.team1), shown(view.team2)));
+  teams_->setText(QStringLiteral("%1 v %2").arg(shown(view.batting_team), shown(view.bowling_team)));
   ground_->setText(shown(match.venue_name()));
-  clock_->setText(shown(view.label27_0));
+  clock_->setText(shown(view.time_of_day));
   const rates_view rates = view_rates();
   first_innings_->setText(rates.chase ? shown(rates.first_innings + " in " + rates.first_innings_overs) : QString());
   first_innings_->setVisible(rates.chase);
   setAccessibleName(QStringLiteral("%1 %2 in %3. %4 %5")
-                        .arg(shown(view.team1), score_->text(), overs_->text(), target_->text(), needed_->text())
+                        .arg(shown(view.batting_team), score_->text(), overs_->text(), target_->text(), needed_->text())
                         .trimmed());
 }
 

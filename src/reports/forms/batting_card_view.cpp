@@ -47,13 +47,13 @@ QString counted(const QString& number, const char* what) {
 /// A whole row, read out: the man, how he got out, what he made.
 QString spoken_row(const batting_screen& card, std::size_t i) {
   QStringList parts;
-  const QString balls_faced = shown(card.label3[i]).remove(QLatin1Char('(')).remove(QLatin1Char(')'));
-  parts << shown_caption(card.command4[i].caption);
-  for (const std::string& part : {card.label8[i], card.label9[i]}) {
+  const QString balls_faced = shown(card.balls_faced[i]).remove(QLatin1Char('(')).remove(QLatin1Char(')'));
+  parts << shown_caption(card.details_buttons[i].caption);
+  for (const std::string& part : {card.fielders[i], card.how_out[i]}) {
     const QString words = shown_caption(part).trimmed();
     if (!words.isEmpty()) parts << words;
   }
-  parts << counted(shown(card.label2[i]), "run") << counted(balls_faced, "ball") << QStringLiteral("details");
+  parts << counted(shown(card.runs[i]), "run") << counted(balls_faced, "ball") << QStringLiteral("details");
   return parts.join(QStringLiteral(", "));
 }
 
@@ -64,7 +64,7 @@ TableCell cell(const std::string& text) {
 }  // namespace
 
 Table batting_table(const batting_screen& card) {
-  Table table{.name = shown(card.label10), .columns = {}, .rows = {}};
+  Table table{.name = shown(card.batting_side), .columns = {}, .rows = {}};
   for (const char* heading : {"Batsman", "Fielder", "Bowler"}) {
     table.columns.push_back({.heading = QString::fromLatin1(heading)});
   }
@@ -72,12 +72,12 @@ Table batting_table(const batting_screen& card) {
     table.columns.push_back({.heading = QString::fromLatin1(heading), .numbers = true});
   }
   for (std::size_t i = 1; i <= men_in_eleven; ++i) {
-    if (!card.command4[i].visible) continue;
-    table.rows.push_back({{cell(card.label1[i]), cell(card.label8[i]), cell(card.label9[i]), cell(card.label2[i]),
-                           cell(card.label3[i])}});
+    if (!card.details_buttons[i].visible) continue;
+    table.rows.push_back({{cell(card.names[i]), cell(card.fielders[i]), cell(card.how_out[i]), cell(card.runs[i]),
+                           cell(card.balls_faced[i])}});
   }
-  table.rows.push_back({{cell(card.label14), {}, {}, cell(card.label13), {}}});
-  table.rows.push_back({{cell(card.label5), {}, {}, cell(card.label4), {}}});
+  table.rows.push_back({{cell(card.extras_line), {}, {}, cell(card.extras_total), {}}});
+  table.rows.push_back({{cell(card.wickets_and_overs), {}, {}, cell(card.total), {}}});
   return table;
 }
 
@@ -85,7 +85,7 @@ BattingCardView::BattingCardView(const batting_screen& card, std::function<void(
     : QFrame(parent), details_(std::move(details)), table_(batting_table(card)), grid_(new QGridLayout(this)) {
   setProperty("card", true);
   setObjectName(QStringLiteral("card"));
-  setAccessibleName(QStringLiteral("Batting card, %1").arg(shown(card.label10)));
+  setAccessibleName(QStringLiteral("Batting card, %1").arg(shown(card.batting_side)));
   grid_->setContentsMargins(16, 8, 16, 8);
   grid_->setHorizontalSpacing(12);
   grid_->setVerticalSpacing(0);
@@ -129,7 +129,7 @@ void BattingCardView::add_man(const batting_screen& card, int place) {
     band->setProperty("band", true);
     grid_->addWidget(band, place, 0, 1, columns);
   }
-  const QString man = shown_caption(card.command4[i].caption);
+  const QString man = shown_caption(card.details_buttons[i].caption);
   auto* button = new_report_button(numbered("Command4", place),
                                    {.caption = man,
                                     .key = QKeySequence(Qt::Key_F1 + place - 1),
@@ -137,13 +137,13 @@ void BattingCardView::add_man(const batting_screen& card, int place) {
                                     .spoken = spoken_row(card, i)},
                                    [this, place] { details_(place); });
   button->setProperty("link", true);
-  button->setVisible(card.command4[i].visible);
+  button->setVisible(card.details_buttons[i].visible);
   grid_->addWidget(button, place, name, Qt::AlignLeft | Qt::AlignVCenter);
   rows_.emplace_back(button, TypeStep::strong);
-  add(new_named_label(numbered("Label8", place), shown_caption(card.label8[i])), fielder, TypeStep::body);
-  add(new_named_label(numbered("Label9", place), shown_caption(card.label9[i])), bowler, TypeStep::body);
-  add(new_figure(numbered("Label2", place), shown(card.label2[i]), TextRole::strong), runs, TypeStep::strong);
-  auto* faced = new_figure(numbered("Label3", place), shown(card.label3[i]), TextRole::muted);
+  add(new_named_label(numbered("Label8", place), shown_caption(card.fielders[i])), fielder, TypeStep::body);
+  add(new_named_label(numbered("Label9", place), shown_caption(card.how_out[i])), bowler, TypeStep::body);
+  add(new_figure(numbered("Label2", place), shown(card.runs[i]), TextRole::strong), runs, TypeStep::strong);
+  auto* faced = new_figure(numbered("Label3", place), shown(card.balls_faced[i]), TextRole::muted);
   faced->setContentsMargins(0, 0, side_space, 0);
   add(faced, balls, TypeStep::body);
   grid_->setRowMinimumHeight(place, row_height);
@@ -158,11 +158,11 @@ void BattingCardView::add_rule(int row) {
 }
 
 void BattingCardView::add_totals(const batting_screen& card) {
-  auto* extras = new_named_label(QStringLiteral("Label14"), shown(card.label14));
+  auto* extras = new_named_label(QStringLiteral("Label14"), shown(card.extras_line));
   extras->setContentsMargins(side_space, 0, 0, 0);
   grid_->addWidget(extras, 12, name, 1, 3);
   rows_.emplace_back(extras, TypeStep::body);
-  auto* sum = new_figure(QStringLiteral("Label13"), shown(card.label13), TextRole::strong);
+  auto* sum = new_figure(QStringLiteral("Label13"), shown(card.extras_total), TextRole::strong);
   grid_->addWidget(sum, 12, runs);
   rows_.emplace_back(sum, TypeStep::strong);
   grid_->setRowMinimumHeight(12, row_height);
@@ -176,13 +176,14 @@ void BattingCardView::add_totals(const batting_screen& card) {
   rate->setContentsMargins(side_space, 0, 0, 0);
   rate->setSpacing(8);
   auto* rate_caption = new_named_label(QStringLiteral("rate_caption"), QStringLiteral("Run rate"), TextRole::muted);
-  rate_caption->setVisible(!card.label7.empty());
+  rate_caption->setVisible(!card.run_rate.empty());
   rate->addWidget(rate_caption);
-  rate->addWidget(new_named_label(QStringLiteral("Label7"), shown(card.label7), TextRole::heading));
+  rate->addWidget(new_named_label(QStringLiteral("Label7"), shown(card.run_rate), TextRole::heading));
   rate->addStretch(1);
   grid_->addLayout(rate, 15, name);
-  grid_->addWidget(new_figure(QStringLiteral("Label5"), shown(card.label5), TextRole::heading), 15, fielder, 1, 2);
-  grid_->addWidget(new_figure(QStringLiteral("Label4"), shown(card.label4), TextRole::score), 15, runs);
+  grid_->addWidget(new_figure(QStringLiteral("Label5"), shown(card.wickets_and_overs), TextRole::heading), 15, fielder,
+                   1, 2);
+  grid_->addWidget(new_figure(QStringLiteral("Label4"), shown(card.total), TextRole::score), 15, runs);
 }
 
 void BattingCardView::resizeEvent(QResizeEvent* event) {

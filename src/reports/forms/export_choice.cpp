@@ -7,15 +7,15 @@
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin {
 
 namespace {
 
 /// The two sides, the one that batted first in front, as a file may be called.
-QString match_name(const scorecard& card) {
-  const bool second_innings = card.command3_enabled;
+QString match_name(const scorecard_form& card) {
+  const bool second_innings = card.first_innings_enabled;
   const QString first = shown(second_innings ? match.team2_name : match.team1_name).trimmed();
   const QString second = shown(second_innings ? match.team1_name : match.team2_name).trimmed();
   return file_name(QStringLiteral("%1 v %2").arg(first, second));
@@ -24,11 +24,11 @@ QString match_name(const scorecard& card) {
 std::string_view caption_of(export_kind kind) {
   switch (kind) {
     case export_kind::html:
-      return scorecard::command7_caption;
+      return scorecard_form::html_caption;
     case export_kind::text:
-      return scorecard::command8_caption;
+      return scorecard_form::text_caption;
     case export_kind::ball_by_ball:
-      return scorecard::command9_caption;
+      return scorecard_form::ball_by_ball_caption;
   }
   return {};
 }
@@ -47,7 +47,7 @@ QString ask_for_file(const FileWish& wish, QWidget* window) {
   return dialog.selectedFiles().constFirst();
 }
 
-FileWish export_wish(const scorecard& card, export_kind kind) {
+FileWish export_wish(const scorecard_form& card, export_kind kind) {
   FileWish wish;
   wish.title = shown(caption_of(kind));
   wish.folder = preferences::last_folder();
@@ -60,7 +60,7 @@ FileWish export_wish(const scorecard& card, export_kind kind) {
   return wish;
 }
 
-QString export_match(const scorecard& card, export_kind kind, const FileChooser& ask, QWidget* window) {
+QString export_match(const scorecard_form& card, export_kind kind, const FileChooser& ask, QWidget* window) {
   const FileWish wish = export_wish(card, kind);
   const QString path = ask(wish, window);
   if (path.isEmpty()) return {};

@@ -26,11 +26,11 @@ using FileChooser = std::function<QString(const FileWish& wish, QWidget* window)
 QString ask_for_file(const FileWish& wish, QWidget* window);
 
 /// What is asked for when the match is to be written. Reads match.
-FileWish export_wish(const scorecard& card, export_kind kind);
+FileWish export_wish(const scorecard_form& card, export_kind kind);
 
 /// Asks for a file and writes the match there; the folder is remembered. A cancelled question writes nothing. Returns
 /// what failed, with its file and cause, else an empty text; what stood there stays then as far as write_export tells.
 /// No message box is shown.
-QString export_match(const scorecard& card, export_kind kind, const FileChooser& ask, QWidget* window);
+QString export_match(const scorecard_form& card, export_kind kind, const FileChooser& ask, QWidget* window);
 
 }  // namespace velorin

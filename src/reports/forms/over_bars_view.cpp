@@ -13,7 +13,7 @@
 #include "desktop/theme.h"
 #include "model/rules.h"
 #include "model/texts.h"
-#include "reports/graphs.h"
+#include "reports/overs_graph.h"
 
 namespace velorin {
 
@@ -27,7 +27,7 @@ constexpr int right = 216;
 
 std::size_t at(int index) { return static_cast<std::size_t>(index); }
 
-QString over_words(const graphs& form, int half, int over) {
+QString over_words(const overs_graph_form& form, int half, int over) {
   const OverFigures figures = over_figures(form, half, over);
   return QStringLiteral("Over %1: %2%3")
       .arg(over)
@@ -35,14 +35,14 @@ QString over_words(const graphs& form, int half, int over) {
            figures.wicket ? QStringLiteral(", wicket") : QString());
 }
 
-QString described(const graphs& form) {
+QString described(const overs_graph_form& form) {
   QStringList halves;
   for (const int half : {0, 1}) {
     QStringList overs;
     for (int over = 1; over <= form.overs[at(half)]; ++over) overs << over_words(form, half, over);
     if (overs.isEmpty()) overs << QStringLiteral("no over");
     halves << QStringLiteral("%1, %2 an over. %3.")
-                  .arg(shown(form.label6[at(half)]), shown(number_text(form.rate[at(half)])),
+                  .arg(shown(form.captions[at(half)]), shown(number_text(form.rate[at(half)])),
                        overs.join(QStringLiteral("; ")));
   }
   return halves.join(QLatin1Char(' '));
@@ -50,41 +50,41 @@ QString described(const graphs& form) {
 
 }  // namespace
 
-OverFigures over_figures(const graphs& form, int half, int over) {
-  const std::size_t place = at(graphs::place(half, over));
-  return {form.shape1[place].height / graphs::units_a_run, form.shape2[place]};
+OverFigures over_figures(const overs_graph_form& form, int half, int over) {
+  const std::size_t place = at(overs_graph_form::place(half, over));
+  return {form.bars[place].height / overs_graph_form::units_a_run, form.wicket_marks[place]};
 }
 
-OverBarsView::OverBarsView(const graphs& form, QWidget* parent) : QWidget(parent), form_(form) {
+OverBarsView::OverBarsView(const overs_graph_form& form, QWidget* parent) : QWidget(parent), form_(form) {
   setObjectName(QStringLiteral("bars"));
   setFocusPolicy(Qt::TabFocus);
   setAccessibleName(QStringLiteral("Runs of each over"));
   setAccessibleDescription(described(form_));
-  for (const over_bar& bar : form_.shape1) {
+  for (const over_bar& bar : form_.bars) {
     if (bar.visible) top_units_ = std::min<double>(top_units_, bar.top);
   }
   for (const int half : {0, 1}) {
-    top_units_ = std::min(top_units_, form_.line6[at(half)]);
-    label6_[at(half)] =
-        new_named_label(QStringLiteral("Label6_%1").arg(half), shown(form_.label6[at(half)]), TextRole::heading, this);
-    label6_[at(half)]->setWordWrap(true);
+    top_units_ = std::min(top_units_, form_.rate_line_heights[at(half)]);
+    captions_[at(half)] = new_named_label(QStringLiteral("Label6_%1").arg(half), shown(form_.captions[at(half)]),
+                                          TextRole::heading, this);
+    captions_[at(half)]->setWordWrap(true);
   }
 }
 
 double OverBarsView::pitch() const { return (width() - left - right) / double{overs_of_innings}; }
 
 double OverBarsView::y_of(double units) const {
-  const double scale = (height() - above - below) / (graphs::base_line[1] - top_units_);
+  const double scale = (height() - above - below) / (overs_graph_form::base_line[1] - top_units_);
   return above + (units - top_units_) * scale;
 }
 
 double OverBarsView::x_of(int over) const { return left + (over - 0.5) * pitch(); }
 
 QRectF OverBarsView::bar_of(int half, int over) const {
-  const over_bar& bar = form_.shape1[at(graphs::place(half, over))];
+  const over_bar& bar = form_.bars[at(overs_graph_form::place(half, over))];
   const double wide = std::max(2.0, pitch() * 0.72);
-  const double top = y_of(graphs::base_line[at(half)] - bar.height);
-  return {x_of(over) - wide / 2, top, wide, y_of(graphs::base_line[at(half)]) - top};
+  const double top = y_of(overs_graph_form::base_line[at(half)] - bar.height);
+  return {x_of(over) - wide / 2, top, wide, y_of(overs_graph_form::base_line[at(half)]) - top};
 }
 
 QRectF OverBarsView::mark_of(int half, int over) const {
@@ -93,13 +93,13 @@ QRectF OverBarsView::mark_of(int half, int over) const {
 }
 
 void OverBarsView::place_label(int half) {
-  QLabel* label = label6_[at(half)];
+  QLabel* label = captions_[at(half)];
   const int wide = right - 24 - 12;
   const int high = std::max(label->heightForWidth(wide), label->fontMetrics().height());
-  const double base = graphs::base_line[at(half)];
+  const double base = overs_graph_form::base_line[at(half)];
   // Beside the plot, clear of the figure at the end of the rate line.
   double top = y_of(base - 3000);
-  const double rate = y_of(form_.line6[at(half)]);
+  const double rate = y_of(form_.rate_line_heights[at(half)]);
   if (rate > top - 20 && rate < top + high + 20) top = rate + 20;
   label->setGeometry(width() - right + 24, static_cast<int>(std::min(top, y_of(base) - high)), wide, high);
 }
@@ -111,11 +111,11 @@ void OverBarsView::resizeEvent(QResizeEvent* event) {
 
 void OverBarsView::paint_axes(QPainter& painter, int half) const {
   const Theme& t = theme();
-  const double base = graphs::base_line[at(half)];
+  const double base = overs_graph_form::base_line[at(half)];
   const double end = width() - right;
   painter.setFont(type_font(TypeStep::small));
-  for (const int runs : graphs::runs_marks) {
-    const double y = y_of(base - runs * graphs::units_a_run);
+  for (const int runs : overs_graph_form::runs_marks) {
+    const double y = y_of(base - runs * overs_graph_form::units_a_run);
     painter.setPen(QPen(t.line, 1, t.high_contrast ? Qt::DotLine : Qt::SolidLine));
     painter.drawLine(QPointF(left, y), QPointF(end, y));
     painter.setPen(t.muted);
@@ -124,17 +124,17 @@ void OverBarsView::paint_axes(QPainter& painter, int half) const {
   const double y = y_of(base);
   painter.setPen(QPen(t.muted, 1.5));
   painter.drawLine(QPointF(left, y), QPointF(end, y));
-  for (const int over : graphs::overs_marks) {
+  for (const int over : overs_graph_form::overs_marks) {
     painter.drawLine(QPointF(x_of(over), y), QPointF(x_of(over), y + 4));
     painter.drawText(QRectF(x_of(over) - 20, y + 3, 40, 18), Qt::AlignCenter, QString::number(over));
   }
   painter.save();
-  painter.translate(16, y_of(base - 10.0 * graphs::units_a_run));
+  painter.translate(16, y_of(base - 10.0 * overs_graph_form::units_a_run));
   painter.rotate(-90);
-  painter.drawText(QRectF(-80, -12, 160, 24), Qt::AlignCenter, shown(graphs::runs_axis));
+  painter.drawText(QRectF(-80, -12, 160, 24), Qt::AlignCenter, shown(overs_graph_form::runs_axis));
   painter.restore();
   if (half == 1) {
-    painter.drawText(QRectF(left, y + 22, end - left, 20), Qt::AlignCenter, shown(graphs::overs_axis));
+    painter.drawText(QRectF(left, y + 22, end - left, 20), Qt::AlignCenter, shown(overs_graph_form::overs_axis));
   }
 }
 
@@ -143,7 +143,7 @@ void OverBarsView::paint_bars(QPainter& painter, int half) const {
   painter.setPen(QPen(theme().dark ? color.lighter(125) : color.darker(135), 1));
   painter.setBrush(color);
   for (int over = 1; over <= overs_of_innings; ++over) {
-    if (form_.shape1[at(graphs::place(half, over))].visible) painter.drawRect(bar_of(half, over));
+    if (form_.bars[at(overs_graph_form::place(half, over))].visible) painter.drawRect(bar_of(half, over));
   }
 }
 
@@ -152,7 +152,7 @@ void OverBarsView::paint_marks(QPainter& painter, int half) const {
   QFont letter = type_font(TypeStep::small);
   letter.setWeight(QFont::Bold);
   for (int over = 1; over <= overs_of_innings; ++over) {
-    if (!form_.shape2[at(graphs::place(half, over))]) continue;
+    if (!form_.wicket_marks[at(overs_graph_form::place(half, over))]) continue;
     const QRectF mark = mark_of(half, over);
     painter.setPen(QPen(t.card, 1));
     painter.setBrush(t.ball);
@@ -166,7 +166,7 @@ void OverBarsView::paint_marks(QPainter& painter, int half) const {
 
 void OverBarsView::paint_rate(QPainter& painter, int half) const {
   const Theme& t = theme();
-  const double y = y_of(form_.line6[at(half)]);
+  const double y = y_of(form_.rate_line_heights[at(half)]);
   const double end = width() - right;
   painter.setPen(QPen(t.card, 3));
   painter.drawLine(QPointF(left, y), QPointF(end, y));
@@ -194,7 +194,7 @@ bool OverBarsView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const int over = static_cast<int>((help->pos().x() - left) / pitch()) + 1;
-  const int half = help->pos().y() < y_of(graphs::base_line[0]) ? 0 : 1;
+  const int half = help->pos().y() < y_of(overs_graph_form::base_line[0]) ? 0 : 1;
   if (help->pos().x() >= left && over <= form_.overs[at(half)]) {
     QToolTip::showText(help->globalPos(), over_words(form_, half, over), this);
   } else {

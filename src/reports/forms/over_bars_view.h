@@ -9,7 +9,7 @@ class QPainter;
 
 namespace velorin {
 
-struct graphs;
+struct overs_graph_form;
 
 /// What a bar says.
 struct OverFigures {
@@ -18,7 +18,7 @@ struct OverFigures {
 };
 
 /// The figures of an over, 1 to 50, of the upper half 0 or the lower half 1.
-OverFigures over_figures(const graphs& form, int half, int over);
+OverFigures over_figures(const overs_graph_form& form, int half, int over);
 
 /// The runs of each over as bars, in the display units of the form: one scale for both halves. What stands higher than
 /// the upper half widens the picture, nothing is cut off. A wicket is a lettered disc over its bar.
@@ -27,7 +27,7 @@ class OverBarsView : public QWidget {
 
  public:
   /// `form` outlives the view.
-  explicit OverBarsView(const graphs& form, QWidget* parent = nullptr);
+  explicit OverBarsView(const overs_graph_form& form, QWidget* parent = nullptr);
 
   /// Where a height in display units stands in the view, in pixels from its top.
   double y_of(double units) const;
@@ -54,9 +54,9 @@ class OverBarsView : public QWidget {
   void paint_marks(QPainter& painter, int half) const;
   void paint_rate(QPainter& painter, int half) const;
 
-  const graphs& form_;
+  const overs_graph_form& form_;
   double top_units_ = 0;
-  std::array<QLabel*, 2> label6_{};
+  std::array<QLabel*, 2> captions_{};
 };
 
 }  // namespace velorin

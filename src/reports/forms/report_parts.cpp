@@ -67,12 +67,12 @@ Table bowling_table(const bowling_screen& screen) {
     table.columns.push_back({.heading = shown(heading), .numbers = true});
   }
   for (std::size_t i = 1; i <= men_in_eleven; ++i) {
-    table.rows.push_back({{name_cell(screen.label1[i]),
-                           {shown(screen.label2[i])},
-                           {shown(screen.label3[i])},
-                           {shown(screen.label4[i])},
-                           {shown(screen.label5[i])},
-                           {shown(screen.label11[i])}}});
+    table.rows.push_back({{name_cell(screen.names[i]),
+                           {shown(screen.overs[i])},
+                           {shown(screen.maidens[i])},
+                           {shown(screen.runs[i])},
+                           {shown(screen.wickets[i])},
+                           {shown(screen.economy_rates[i])}}});
   }
   return table;
 }

@@ -23,15 +23,15 @@ struct Report {
   const char* control;
   std::string_view caption;
   char16_t mnemonic;
-  void (scorecard::*open)() const;
+  void (scorecard_form::*open)() const;
 };
 
 constexpr Report reports[] = {
-    {"Command3", scorecard::command3_caption, u'I', &scorecard::command3_click},
-    {"Command2", scorecard::command2_caption, u'F', &scorecard::command2_click},
-    {"Command5", scorecard::command5_caption, u'P', &scorecard::command5_click},
-    {"Command6", scorecard::command6_caption, u'R', &scorecard::command6_click},
-    {"Command10", scorecard::command10_caption, u'S', &scorecard::command10_click},
+    {"Command3", scorecard_form::first_innings_caption, u'I', &scorecard_form::show_first_innings},
+    {"Command2", scorecard_form::bowling_caption, u'F', &scorecard_form::show_bowling},
+    {"Command5", scorecard_form::partnerships_caption, u'P', &scorecard_form::show_partnerships},
+    {"Command6", scorecard_form::overs_graph_caption, u'R', &scorecard_form::show_overs_graph},
+    {"Command10", scorecard_form::worm_graph_caption, u'S', &scorecard_form::show_worm_graph},
 };
 
 struct Export {
@@ -43,23 +43,23 @@ struct Export {
 };
 
 constexpr Export exports[] = {
-    {"Command7", scorecard::command7_caption, u'H', "Save the match as a page", export_kind::html},
-    {"Command8", scorecard::command8_caption, u'T', "Save the match as plain text", export_kind::text},
-    {"Command9", scorecard::command9_caption, u'B', "Save the match ball by ball", export_kind::ball_by_ball},
+    {"Command7", scorecard_form::html_caption, u'H', "Save the match as a page", export_kind::html},
+    {"Command8", scorecard_form::text_caption, u'T', "Save the match as plain text", export_kind::text},
+    {"Command9", scorecard_form::ball_by_ball_caption, u'B', "Save the match ball by ball", export_kind::ball_by_ball},
 };
 
 }  // namespace
 
-ScorecardWindow::ScorecardWindow(const scorecard& form, QWidget* parent)
+ScorecardWindow::ScorecardWindow(const scorecard_form& form, QWidget* parent)
     : Form(QStringLiteral("scorecard"), Dismissal::closes, parent), form_(form), chooser_(ask_for_file) {
-  set_title(QStringLiteral("Scorecard"), shown(form_.label10));
-  set_subheading(shown(form_.label12));
+  set_title(QStringLiteral("Scorecard"), shown(form_.batting_side));
+  set_subheading(shown(form_.ground));
   name_head(*this, QStringLiteral("Label10"), QStringLiteral("Label12"));
   body()->setContentsMargins(24, 12, 24, 12);
   column_ = new_column(*this, widest_card);
   column_->addWidget(new BattingCardView(form_,
                                          [this](int place) {
-                                           batsmandetails details;
+                                           batsman_details_form details;
                                            details.figures = form_.details(place);
                                            details.title = details.figures.title;
                                            user().show(details);
@@ -88,7 +88,7 @@ void ScorecardWindow::add_reports() {
     row->addWidget(button, 1);
   }
   column_->addLayout(row);
-  findChild<QPushButton*>(QStringLiteral("Command3"))->setEnabled(form_.command3_enabled);
+  findChild<QPushButton*>(QStringLiteral("Command3"))->setEnabled(form_.first_innings_enabled);
 }
 
 void ScorecardWindow::add_exports() {

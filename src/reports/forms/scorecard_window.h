@@ -9,7 +9,7 @@ class QVBoxLayout;
 
 namespace velorin {
 
-struct scorecard;
+struct scorecard_form;
 
 /// The batting card of the innings in play, with the way to the other reports and to the three files.
 class ScorecardWindow : public Form {
@@ -17,7 +17,7 @@ class ScorecardWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit ScorecardWindow(const scorecard& form, QWidget* parent = front_window());
+  explicit ScorecardWindow(const scorecard_form& form, QWidget* parent = front_window());
 
   /// How a file is asked for, in place of the common dialog.
   void choose_files_with(FileChooser chooser) { chooser_ = std::move(chooser); }
@@ -28,7 +28,7 @@ class ScorecardWindow : public Form {
   /// Writes a file; what fails is told in a line of the window.
   void save(export_kind kind);
 
-  const scorecard& form_;
+  const scorecard_form& form_;
   FileChooser chooser_;
   QVBoxLayout* column_;
   QLabel* not_saved_;

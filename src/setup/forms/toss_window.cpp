@@ -54,7 +54,7 @@ class Coin : public QWidget {
 
 }  // namespace
 
-TossWindow::TossWindow(toss& form, QWidget* parent)
+TossWindow::TossWindow(toss_form& form, QWidget* parent)
     : Form(QStringLiteral("toss"), Dismissal::refused, parent), form_(form) {
   limit_body(800);
   name_heading(QStringLiteral("Label1"));
@@ -77,10 +77,10 @@ TossWindow::TossWindow(toss& form, QWidget* parent)
   body()->addStretch(1);
   body()->addWidget(stages_);
   body()->addStretch(1);
-  heads_ = add_choice("Command1_0", "Heads", u'H', [this] { form_.command1_click(0); });
-  tails_ = add_choice("Command1_1", "Tails", u'T', [this] { form_.command1_click(1); });
-  bat_ = add_choice("Command2", "Bat", u'B', [this] { form_.command2_click(); });
-  bowl_ = add_choice("Command3", "Bowl", u'w', [this] { form_.command3_click(); });
+  heads_ = add_choice("Command1_0", "Heads", u'H', [this] { form_.call_coin(0); });
+  tails_ = add_choice("Command1_1", "Tails", u'T', [this] { form_.call_coin(1); });
+  bat_ = add_choice("Command2", "Bat", u'B', [this] { form_.choose_to_bat(); });
+  bowl_ = add_choice("Command3", "Bowl", u'w', [this] { form_.choose_to_bowl(); });
   show_stage();
   let_leave(*this, form_);
 }
@@ -102,16 +102,16 @@ void TossWindow::show_stage() {
     accept();
     return;
   }
-  set_title(QStringLiteral("The toss"), shown(form_.label1));
-  deciding_->setText(shown(form_.label2));
-  other_->setText(shown(form_.label3));
+  set_title(QStringLiteral("The toss"), shown(form_.headline));
+  deciding_->setText(shown(form_.deciding_line));
+  other_->setText(shown(form_.other_line));
   const bool coin = form_.coin_visible;
   stages_->setCurrentIndex(coin ? 0 : 1);
-  bat_->setEnabled(form_.command2_enabled);
-  bowl_->setEnabled(form_.command3_enabled);
+  bat_->setEnabled(form_.bat_enabled);
+  bowl_->setEnabled(form_.bowl_enabled);
   for (QPushButton* button : {heads_, tails_}) button->setVisible(coin);
   for (QPushButton* button : {bat_, bowl_}) button->setVisible(!coin);
-  QPushButton* first = coin ? heads_ : form_.command2_enabled ? bat_ : bowl_;
+  QPushButton* first = coin ? heads_ : form_.bat_enabled ? bat_ : bowl_;
   first->setFocus();
   first->setDefault(true);
   // A longer headline is shown whole at once.

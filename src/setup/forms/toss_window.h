@@ -9,7 +9,7 @@ class QStackedWidget;
 
 namespace velorin {
 
-struct toss;
+struct toss_form;
 
 /// The toss: the coin first, then the decision.
 class TossWindow : public Form {
@@ -17,14 +17,14 @@ class TossWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit TossWindow(toss& form, QWidget* parent = front_window());
+  explicit TossWindow(toss_form& form, QWidget* parent = front_window());
 
  private:
   QPushButton* add_choice(const char* name, const char* caption, char16_t mnemonic, std::function<void()> chosen);
   /// Shows texts and buttons as the form has them; closes the window with the form.
   void show_stage();
 
-  toss& form_;
+  toss_form& form_;
   QStackedWidget* stages_;
   QLabel* deciding_;
   QLabel* other_;

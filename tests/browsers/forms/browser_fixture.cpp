@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "browsers/forms/browser_fixture.h"
 
-#include "browsers/sqdet.h"
+#include "browsers/player_profile.h"
 #include "database/configuration.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
-#include "setup/teamfrm.h"
+#include "setup/new_match.h"
 
 namespace velorin::testing {
 
-void browsing_user::show(sqdet& form) {
-  profiles.push_back(form.combo2[form.combo2_index] + " of " + form.combo1[form.combo1_index]);
+void browsing_user::show(player_profile_form& form) {
+  profiles.push_back(form.players[form.chosen_player] + " of " + form.teams[form.chosen_team]);
   EXPECT_TRUE(form.locked);
 }
 
@@ -27,10 +27,10 @@ void BrowserTest::play_matches(int count) {
   match = match_state();
   chance.use_seed(7);
   for (int i = 0; i < count; ++i) {
-    teamfrm form;
+    new_match_form form;
     form.open();
     form.enter(names[i % 4], names[(i + 1 + i / 4 % 3) % 4], names[i % 4] + (i % 2 == 0 ? " Oval" : " Park"));
-    form.command1_click();
+    form.accept();
   }
   user_.messages.clear();
 }

@@ -14,7 +14,7 @@ namespace velorin::testing {
 class browsing_user : public headless_user {
  public:
   using headless_user::show;
-  void show(sqdet& form) override;
+  void show(player_profile_form& form) override;
   void show(const message_box& message) override { messages.push_back(message.title); }
 
   std::vector<std::string> profiles;  ///< "NAME of TEAM"

@@ -8,13 +8,13 @@
 #include <QTest>
 #include <memory>
 
-#include "browsers/forms/allrecs_window.h"
+#include "browsers/forms/best_performances_window.h"
 #include "browsers/forms/browser_fixture.h"
-#include "browsers/forms/centurytop_window.h"
-#include "browsers/forms/highinduv_window.h"
-#include "browsers/forms/partnrec_window.h"
-#include "browsers/forms/totrecords_window.h"
-#include "browsers/forms/wldrank_window.h"
+#include "browsers/forms/century_makers_window.h"
+#include "browsers/forms/player_rankings_window.h"
+#include "browsers/forms/stand_records_window.h"
+#include "browsers/forms/total_records_window.h"
+#include "browsers/forms/world_rankings_window.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
@@ -42,12 +42,12 @@ struct Opened {
   std::unique_ptr<Window> window;
 };
 
-using Ranking = Opened<wldrank, WldrankWindow>;
-using Individual = Opened<highinduv, HighinduvWindow>;
-using Totals = Opened<totrecords, TotrecordsWindow>;
-using Stands = Opened<partnrec, PartnrecWindow>;
-using Players = Opened<allrecs, AllrecsWindow>;
-using Centuries = Opened<centurytop, CenturytopWindow>;
+using Ranking = Opened<world_rankings_form, WorldRankingsWindow>;
+using Individual = Opened<best_performances_form, BestPerformancesWindow>;
+using Totals = Opened<total_records_form, TotalRecordsWindow>;
+using Stands = Opened<stand_records_form, StandRecordsWindow>;
+using Players = Opened<player_rankings_form, PlayerRankingsWindow>;
+using Centuries = Opened<century_makers_form, CenturyMakersWindow>;
 
 class RecordWindows : public BrowserTest {
  protected:

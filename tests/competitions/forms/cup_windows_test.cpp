@@ -5,15 +5,15 @@
 #include <QTest>
 #include <QWheelEvent>
 
-#include "competitions/cup_test.h"
-#include "competitions/forms/wc_fix_window.h"
-#include "competitions/forms/wcsstab_window.h"
-#include "competitions/wc_fix.h"
-#include "competitions/wcsstab.h"
+#include "competitions/cup_fixture.h"
+#include "competitions/forms/world_cup_fixtures_window.h"
+#include "competitions/forms/world_cup_tables_window.h"
+#include "competitions/world_cup_fixtures.h"
+#include "competitions/world_cup_tables.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 #include "desktop/theme.h"
-#include "engine/driver.h"
+#include "engine/over_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -28,13 +28,14 @@ class CupWindows : public CupTest {
  protected:
   /// Plays the World Cup; every list and all tables pass through their windows, until `quit_at` lists were shown.
   void play(int quit_at = 100) {
-    user_.on_wc_fix.assign(40, [this, quit_at](wc_fix& form) { show_list(form, quit_at); });
-    user_.on_wcsstab.assign(60, [this](wcsstab& form) { show_tables(form); });
-    form_.command1_click();
+    user_.on_world_cup_fixtures.assign(40,
+                                       [this, quit_at](world_cup_fixtures_form& form) { show_list(form, quit_at); });
+    user_.on_world_cup_tables.assign(60, [this](world_cup_tables_form& form) { show_tables(form); });
+    form_.accept();
   }
 
-  void show_list(wc_fix& form, int quit_at) {
-    WcFixWindow window(form);
+  void show_list(world_cup_fixtures_form& form, int quit_at) {
+    WorldCupFixturesWindow window(form);
     window.show();
     lists_.push_back(control<QLabel>(window, "subheading")->text().toStdString());
     const bool in_detail = lists_.size() == 1 || lists_.size() == 12 || lists_.size() == 22 || lists_.size() == 31;
@@ -52,8 +53,8 @@ class CupWindows : public CupTest {
     EXPECT_FALSE(window.isVisible());
   }
 
-  void show_tables(wcsstab& form) {
-    WcsstabWindow window(form);
+  void show_tables(world_cup_tables_form& form) {
+    WorldCupTablesWindow window(form);
     window.show();
     tables_.push_back(control<QLabel>(window, "subheading")->text().toStdString());
     take_picture(window, ("wcsstab_" + std::to_string(tables_.size())).c_str());
@@ -62,10 +63,10 @@ class CupWindows : public CupTest {
     check_table(window, "group_a", form.group_a);
     check_table(window, "group_b", form.group_b);
     check_table(window, "super_six", form.super_six);
-    EXPECT_EQ(control<QLabel>(window, "Label1_22")->text(), shown(form.label1_22));
-    EXPECT_EQ(control<QLabel>(window, "Label1_23")->text(), shown(form.label1_23));
-    EXPECT_EQ(control<QLabel>(window, "Label1_24")->text(), shown(form.label1_24));
-    EXPECT_EQ(control<QLabel>(window, "Label8")->text(), shown(form.label8));
+    EXPECT_EQ(control<QLabel>(window, "Label1_22")->text(), shown(form.first_semi_final));
+    EXPECT_EQ(control<QLabel>(window, "Label1_23")->text(), shown(form.second_semi_final));
+    EXPECT_EQ(control<QLabel>(window, "Label1_24")->text(), shown(form.grand_final));
+    EXPECT_EQ(control<QLabel>(window, "Label8")->text(), shown(form.winners_line));
     press(window, "Command1");
     EXPECT_TRUE(form.closed);
     EXPECT_FALSE(window.isVisible());
@@ -93,7 +94,7 @@ class CupWindows : public CupTest {
     return 0;
   }
 
-  static void check_rows(const QWidget& window, const wc_fix& form) {
+  static void check_rows(const QWidget& window, const world_cup_fixtures_form& form) {
     const Table& table = control<TableView>(window, "fixtures")->table();
     ASSERT_EQ(table.rows.size(), 10U);
     const auto check = [&](std::size_t r, const char* name, const std::string& text, CellLook look) {
@@ -102,14 +103,14 @@ class CupWindows : public CupTest {
       EXPECT_EQ(cell.look, form.rows[r].is_next ? CellLook::dark_blue : look) << name << " in row " << r;
     };
     for (std::size_t r = 0; r < 10; ++r) {
-      const wc_fix::row& row = form.rows[r];
-      check(r, "Match No.", row.label6, CellLook::blue);
-      check(r, "Team A", row.label1, CellLook::normal);
-      check(r, "vs", row.label8, CellLook::red);
-      check(r, "Team B", row.label2, CellLook::normal);
-      check(r, "at", row.label7, CellLook::red);
-      check(r, "Venue", row.label3, CellLook::normal);
-      check(r, "Match Result", row.label4, CellLook::red);
+      const world_cup_fixtures_form::row& row = form.rows[r];
+      check(r, "Match No.", row.match_number, CellLook::blue);
+      check(r, "Team A", row.team_a, CellLook::normal);
+      check(r, "vs", row.versus, CellLook::red);
+      check(r, "Team B", row.team_b, CellLook::normal);
+      check(r, "at", row.at, CellLook::red);
+      check(r, "Venue", row.venue, CellLook::normal);
+      check(r, "Match Result", row.result, CellLook::red);
       EXPECT_EQ(table.rows[r].marked, row.is_next);
     }
     EXPECT_EQ(control<QScrollBar>(window, "VScroll1")->value(), form.scroll);
@@ -136,7 +137,7 @@ TEST_F(CupWindows, AreShownAtEveryStage) {
   EXPECT_EQ(tables_[30], "Semi-finals: 1 of 2 played");
   EXPECT_EQ(tables_[31], "Semi-finals: 2 of 2 played");
   EXPECT_EQ(tables_[32], "Final played");
-  EXPECT_NE(world_cup.wc_final.winner, "");
+  EXPECT_NE(world_cup.grand_final.winner, "");
 }
 
 TEST_F(CupWindows, LetTheUserQuit) {
@@ -147,10 +148,10 @@ TEST_F(CupWindows, LetTheUserQuit) {
 
 TEST_F(CupWindows, OpenTheTablesOverTheList) {
   quit_after(0);
-  user_.on_wc_fix.front() = [this](wc_fix& form) {
-    WcFixWindow window(form);
+  user_.on_world_cup_fixtures.front() = [this](world_cup_fixtures_form& form) {
+    WorldCupFixturesWindow window(form);
     window.show();
-    user_.on_wcsstab.push_back([this](wcsstab& tables) { show_tables(tables); });
+    user_.on_world_cup_tables.push_back([this](world_cup_tables_form& tables) { show_tables(tables); });
     press(window, "Command2");
     EXPECT_TRUE(window.isVisible());
     EXPECT_FALSE(form.closed);
@@ -160,15 +161,15 @@ TEST_F(CupWindows, OpenTheTablesOverTheList) {
     press_and_answer(window, "Command3", "quit_question", "Yes");
     EXPECT_TRUE(form.closed);
   };
-  form_.command1_click();
+  form_.accept();
   EXPECT_THAT(tables_, ElementsAre("Group matches: 0 of 20 played"));
 }
 
 TEST_F(CupWindows, TheListIsAnsweredAndNotDismissed) {
   draw_group_fixtures();
-  wc_fix form;
+  world_cup_fixtures_form form;
   form.open();
-  WcFixWindow window(form);
+  WorldCupFixturesWindow window(form);
   window.show();
   window.reject();
   window.close();
@@ -181,9 +182,9 @@ TEST_F(CupWindows, TheListIsAnsweredAndNotDismissed) {
 TEST_F(CupWindows, TheListScrolls) {
   choose_groups();
   draw_group_fixtures();
-  wc_fix form;
+  world_cup_fixtures_form form;
   form.open();
-  WcFixWindow window(form);
+  WorldCupFixturesWindow window(form);
   window.show();
   auto* scroll = control<QScrollBar>(window, "VScroll1");
   auto* list = control<TableView>(window, "fixtures");
@@ -215,10 +216,10 @@ TEST_F(CupWindows, TheListScrolls) {
 TEST_F(CupWindows, TheNextMatchStandsOut) {
   choose_groups();
   draw_group_fixtures();
-  world_cup.wc_fixtures[1].result = "Match Tied";
-  wc_fix form;
+  world_cup.fixtures[1].result = "Match Tied";
+  world_cup_fixtures_form form;
   form.open();
-  WcFixWindow window(form);
+  WorldCupFixturesWindow window(form);
   window.show();
   const auto* list = control<TableView>(window, "fixtures");
   const auto ground = [&](int row) {
@@ -238,9 +239,9 @@ TEST_F(CupWindows, TheListNamesHumanSides) {
   world_cup.human_a = {false, true, false, false, false};
   world_cup.human_b = {false, false, false, false, true};
   draw_group_fixtures();
-  wc_fix form;
+  world_cup_fixtures_form form;
   form.open();
-  WcFixWindow window(form);
+  WorldCupFixturesWindow window(form);
   window.show();
   take_picture(window, "wc_fix_human");
   check_window_at_sizes(window);
@@ -265,31 +266,31 @@ TEST_F(CupWindows, WhatAnEarlierCupHasLeftNamesNoHumanSides) {
   draw_group_fixtures();
   for (int place = 1; place <= 6; ++place) {
     const auto at = static_cast<std::size_t>(place);
-    world_cup.wc_super_six[at].team = cup_group_a[at % 5];
-    world_cup.wc_ss_human[at] = true;
+    world_cup.super_six[at].team = cup_group_a[at % 5];
+    world_cup.super_six_human[at] = true;
   }
   draw_super_six_fixtures();
-  wc_fix list;
+  world_cup_fixtures_form list;
   list.open();
-  list.vscroll_change(20);
-  const auto named = [&](wc_stage stage, std::size_t row) {
+  list.scroll_to(20);
+  const auto named = [&](cup_stage stage, std::size_t row) {
     world_cup.stage = stage;
-    WcFixWindow window(list);
+    WorldCupFixturesWindow window(list);
     const Table& table = control<TableView>(window, "fixtures")->table();
     return table.rows[row].cells[column(table, "Captain of Team A")].text;
   };
-  EXPECT_EQ(named(wc_stage::group_matches, 0), "Human") << "the last group match";
-  EXPECT_EQ(named(wc_stage::group_matches, 1), "") << "the Super Six of the cup before";
-  EXPECT_EQ(named(wc_stage::super_six_draw, 1), "Human") << "that of this one";
-  const auto has_captains = [](wc_stage stage) {
+  EXPECT_EQ(named(cup_stage::group_matches, 0), "Human") << "the last group match";
+  EXPECT_EQ(named(cup_stage::group_matches, 1), "") << "the Super Six of the cup before";
+  EXPECT_EQ(named(cup_stage::super_six_draw, 1), "Human") << "that of this one";
+  const auto has_captains = [](cup_stage stage) {
     world_cup.stage = stage;
-    wcsstab form;
+    world_cup_tables_form form;
     form.open();
-    WcsstabWindow window(form);
+    WorldCupTablesWindow window(form);
     return control<TableView>(window, "super_six")->table().columns.size() == 8;
   };
-  EXPECT_FALSE(has_captains(wc_stage::group_matches));
-  EXPECT_TRUE(has_captains(wc_stage::super_six_matches));
+  EXPECT_FALSE(has_captains(cup_stage::group_matches));
+  EXPECT_TRUE(has_captains(cup_stage::super_six_matches));
 }
 
 TEST_F(CupWindows, TheTablesNameHumanSides) {
@@ -298,10 +299,10 @@ TEST_F(CupWindows, TheTablesNameHumanSides) {
   world_cup.human_b = {false, false, false, false, true};
   draw_group_fixtures();
   const std::vector<std::string> six = {"Ardell", "Brava", "Corrin", "Farol", "Isker", "Jorvik"};
-  for (std::size_t i = 0; i < six.size(); ++i) world_cup.wc_super_six[i + 1].team = six[i];
-  wcsstab form;
+  for (std::size_t i = 0; i < six.size(); ++i) world_cup.super_six[i + 1].team = six[i];
+  world_cup_tables_form form;
   form.open();
-  WcsstabWindow window(form);
+  WorldCupTablesWindow window(form);
   window.show();
   take_picture(window, "wcsstab_human");
   check_window_at_sizes(window);
@@ -324,9 +325,9 @@ TEST_F(CupWindows, TheTablesOfAGroupWithoutHumanSidesHaveNoColumnForThem) {
   choose_groups();
   world_cup.human_a = {true, false, false, false, false};
   draw_group_fixtures();
-  wcsstab form;
+  world_cup_tables_form form;
   form.open();
-  WcsstabWindow window(form);
+  WorldCupTablesWindow window(form);
   EXPECT_EQ(control<TableView>(window, "group_a")->table().columns.size(), 8U);
   EXPECT_EQ(control<TableView>(window, "group_b")->table().columns.size(), 7U);
 }
@@ -344,12 +345,12 @@ TEST_F(CupWindows, HoldLongNames) {
   world_cup.human_b = {true, true, true, true, true};
   draw_group_fixtures();
   for (int i = 1; i <= 9; ++i) {
-    wc_fixture& fixture = world_cup.wc_fixtures[static_cast<std::size_t>(i)];
+    cup_fixture& fixture = world_cup.fixtures[static_cast<std::size_t>(i)];
     fixture.result = fixture.team_a + "   won by  10  wickets ";
   }
-  wc_fix form;
+  world_cup_fixtures_form form;
   form.open();
-  WcFixWindow window(form);
+  WorldCupFixturesWindow window(form);
   window.show();
   window.resize(smallest_screen);
   take_picture(window, "wc_fix_long");
@@ -364,12 +365,12 @@ TEST_F(CupWindows, HoldLongNames) {
   }
   EXPECT_FALSE(list->horizontalScrollBar()->isVisible());
   EXPECT_GT(list->columnWidth(venue), 100);
-  world_cup.wc_semi[1] = {a[0], b[0], a[0], "  won by  10  wickets ", false, false};
-  world_cup.wc_semi[2] = {a[1], b[1], b[1], "  won by  100  runs", false, false};
-  world_cup.wc_final = {a[0], b[1], a[0], "  won by  100  runs", false, false};
-  wcsstab tables;
+  world_cup.semi_finals[1] = {a[0], b[0], a[0], "  won by  10  wickets ", false, false};
+  world_cup.semi_finals[2] = {a[1], b[1], b[1], "  won by  100  runs", false, false};
+  world_cup.grand_final = {a[0], b[1], a[0], "  won by  100  runs", false, false};
+  world_cup_tables_form tables;
   tables.open();
-  WcsstabWindow standings(tables);
+  WorldCupTablesWindow standings(tables);
   standings.show();
   take_picture(standings, "wcsstab_long");
   check_window_at_sizes(standings);
@@ -378,23 +379,23 @@ TEST_F(CupWindows, HoldLongNames) {
 TEST_F(CupWindows, TheListWithoutHumanSidesHasNoColumnsForThem) {
   choose_groups();
   draw_group_fixtures();
-  wc_fix form;
+  world_cup_fixtures_form form;
   form.open();
-  WcFixWindow window(form);
+  WorldCupFixturesWindow window(form);
   EXPECT_EQ(control<TableView>(window, "fixtures")->table().columns.size(), 7U);
 }
 
 TEST_F(CupWindows, TheListOfTheSuperSixNamesHumanSides) {
-  form_.check1 = {true, true, true, true, true};
+  form_.human_a = {true, true, true, true, true};
   force(std::vector<int>(20, 0));
-  user_.on_console = [](main_console& console) {
-    while (!console.closed()) console.command1_click();
+  user_.on_console = [](console_form& console) {
+    while (!console.closed()) console.bowl_next_over();
   };
   std::vector<std::string> captains;
-  user_.on_wc_fix.assign(21, [](wc_fix& list) { list.command1_click(); });
-  user_.on_wc_fix.push_back([&](wc_fix& form) {
-    form.vscroll_change(20);
-    WcFixWindow window(form);
+  user_.on_world_cup_fixtures.assign(21, [](world_cup_fixtures_form& list) { list.accept(); });
+  user_.on_world_cup_fixtures.push_back([&](world_cup_fixtures_form& form) {
+    form.scroll_to(20);
+    WorldCupFixturesWindow window(form);
     window.show();
     take_picture(window, "wc_fix_super_six");
     const Table& table = control<TableView>(window, "fixtures")->table();
@@ -406,16 +407,16 @@ TEST_F(CupWindows, TheListOfTheSuperSixNamesHumanSides) {
     }
     press_and_answer(window, "Command3", "quit_question", "Yes");
   });
-  form_.command1_click();
+  form_.accept();
   EXPECT_THAT(captains, Contains("Gr SS").Times(9));
 }
 
 TEST_F(CupWindows, TheTablesAreClosedByEscape) {
   choose_groups();
   draw_group_fixtures();
-  wcsstab form;
+  world_cup_tables_form form;
   form.open();
-  WcsstabWindow window(form);
+  WorldCupTablesWindow window(form);
   window.show();
   check_window_at_sizes(window);
   check_table(window, "super_six", {});
@@ -426,9 +427,9 @@ TEST_F(CupWindows, TheTablesAreClosedByEscape) {
 }
 
 TEST_F(CupWindows, AnEmptyTournamentHasAnEmptyList) {
-  wc_fix form;
+  world_cup_fixtures_form form;
   form.open();
-  WcFixWindow window(form);
+  WorldCupFixturesWindow window(form);
   window.show();
   check_window_at_sizes(window);
   check_rows(window, form);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QLabel>
 
-#include "competitions/competition_test.h"
-#include "competitions/forms/sri_result_window.h"
-#include "competitions/forms/triserresult_window.h"
-#include "competitions/series1.h"
-#include "competitions/series2.h"
+#include "competitions/competition_fixture.h"
+#include "competitions/forms/series_results_window.h"
+#include "competitions/forms/tri_series_table_window.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 #include "windows/robot.h"
@@ -23,33 +23,33 @@ class ResultsWindows : public CompetitionTest {
 
   /// Plays a series in which every showing passes through its window.
   void play_series(const std::string& matches) {
-    user_.on_sri_result.assign(10, [this](sri_result& form) { show_series(form); });
-    series1 form;
+    user_.on_series_results.assign(10, [this](series_results_form& form) { show_series(form); });
+    series_form form;
     form.open();
-    form.text1 = matches;
-    form.command1_click();
+    form.typed_matches = matches;
+    form.accept();
   }
   void play_tri_series() {
-    user_.on_triserresult.assign(16, [this](triserresult& form) { show_tri(form); });
-    series2 form;
+    user_.on_tri_series_table.assign(16, [this](tri_series_table_form& form) { show_tri(form); });
+    tri_series_form form;
     form.open();
-    form.command1_click();
+    form.accept();
   }
 
-  void show_series(sri_result& form) {
-    SriResultWindow window(form);
+  void show_series(series_results_form& form) {
+    SeriesResultsWindow window(form);
     window.show();
     ++shown_;
     take_picture(window, ("sri_result_" + std::to_string(shown_)).c_str());
     check_window_at_sizes(window);
-    EXPECT_EQ(window.windowTitle(), shown(form.label4_1));
-    EXPECT_EQ(control<QLabel>(window, "Label4_1")->text(), shown(form.label4_1));
-    EXPECT_EQ(control<QLabel>(window, "Label4_0")->text(), shown(form.label4_0));
+    EXPECT_EQ(window.windowTitle(), shown(form.heading));
+    EXPECT_EQ(control<QLabel>(window, "Label4_1")->text(), shown(form.heading));
+    EXPECT_EQ(control<QLabel>(window, "Label4_0")->text(), shown(form.standing_line));
     const Table& table = control<TableView>(window, "results")->table();
     ASSERT_EQ(table.rows.size(), form.rows.size());
     for (std::size_t i = 0; i < form.rows.size(); ++i) {
-      EXPECT_EQ(table.rows[i].cells[0].text, shown(form.rows[i].label1));
-      EXPECT_EQ(table.rows[i].cells[1].text, shown(form.rows[i].label2));
+      EXPECT_EQ(table.rows[i].cells[0].text, shown(form.rows[i].match_and_ground));
+      EXPECT_EQ(table.rows[i].cells[1].text, shown(form.rows[i].result));
     }
     last_line_ = control<QLabel>(window, "Label4_0")->text();
     last_rows_ = static_cast<int>(table.rows.size());
@@ -62,16 +62,16 @@ class ResultsWindows : public CompetitionTest {
     EXPECT_FALSE(window.isVisible());
   }
 
-  void show_tri(triserresult& form) {
-    TriserresultWindow window(form);
+  void show_tri(tri_series_table_form& form) {
+    TriSeriesTableWindow window(form);
     window.show();
     ++shown_;
     take_picture(window, ("triserresult_" + std::to_string(shown_)).c_str());
     check_window_at_sizes(window);
     EXPECT_EQ(window.windowTitle(), shown(form.title));
-    EXPECT_EQ(control<QLabel>(window, "Label4_1")->text(), shown(form.label4_1));
-    EXPECT_EQ(control<QLabel>(window, "Label5_0")->text(), shown(form.label5_0));
-    EXPECT_EQ(control<QLabel>(window, "Label5_1")->text(), shown(form.label5_1));
+    EXPECT_EQ(control<QLabel>(window, "Label4_1")->text(), shown(form.heading));
+    EXPECT_EQ(control<QLabel>(window, "Label5_0")->text(), shown(form.final_line));
+    EXPECT_EQ(control<QLabel>(window, "Label5_1")->text(), shown(form.final_result));
     const Table& table = control<TableView>(window, "table")->table();
     const QStringList headings = {"Team", "Played", "Won", "Lost", "Tied", "Pts", "Net RR"};
     ASSERT_EQ(table.columns.size(), 7U);

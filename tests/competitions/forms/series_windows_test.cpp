@@ -7,16 +7,16 @@
 #include <QRadioButton>
 #include <QTest>
 
-#include "competitions/competition_test.h"
+#include "competitions/competition_fixture.h"
 #include "competitions/forms/number_field.h"
-#include "competitions/forms/series1_window.h"
-#include "competitions/forms/series2_window.h"
-#include "competitions/series1.h"
-#include "competitions/series2.h"
+#include "competitions/forms/series_window.h"
+#include "competitions/forms/tri_series_window.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
-#include "reports/worms.h"
-#include "setup/wecond.h"
+#include "reports/worm_graph.h"
+#include "setup/conditions.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -81,9 +81,9 @@ class SeriesWindows : public CompetitionTest {
 // The series.
 
 TEST_F(SeriesWindows, TheSeriesShowsItsForm) {
-  series1 form;
+  series_form form;
   form.open();
-  Series1Window window(form);
+  SeriesWindow window(form);
   window.show();
   take_picture(window, "series1");
   check_window_at_sizes(window);
@@ -98,38 +98,38 @@ TEST_F(SeriesWindows, TheSeriesShowsItsForm) {
 }
 
 TEST_F(SeriesWindows, TheSeriesFollowsItsUser) {
-  series1 form;
+  series_form form;
   form.open();
-  Series1Window window(form);
+  SeriesWindow window(form);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(3);
-  EXPECT_EQ(form.combo1_index, 3);
+  EXPECT_EQ(form.home_team_index, 3);
   EXPECT_EQ(chosen(window, "Combo3"), "Dessa Park");
   control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
-  EXPECT_EQ(form.combo2_index, 0);
+  EXPECT_EQ(form.away_team_index, 0);
   control<QComboBox>(window, "Combo3")->setCurrentIndex(0);
-  EXPECT_EQ(form.combo3_index, 0);
+  EXPECT_EQ(form.ground_index, 0);
   control<QRadioButton>(window, "Option1_1")->setChecked(true);
-  EXPECT_FALSE(form.option1_cpu);
-  EXPECT_TRUE(form.option3_cpu);
+  EXPECT_FALSE(form.computer_captains_home);
+  EXPECT_TRUE(form.computer_captains_away);
   control<QRadioButton>(window, "Option3_1")->setChecked(true);
-  EXPECT_FALSE(form.option3_cpu);
+  EXPECT_FALSE(form.computer_captains_away);
   control<QRadioButton>(window, "Option1_0")->setChecked(true);
-  EXPECT_TRUE(form.option1_cpu);
-  check_stepper(window, 10, form.text1);
+  EXPECT_TRUE(form.computer_captains_home);
+  check_stepper(window, 10, form.typed_matches);
 }
 
 TEST_F(SeriesWindows, TheSeriesIsPlayedBehindItsHiddenWindow) {
-  series1 form;
+  series_form form;
   form.open();
-  Series1Window window(form);
+  SeriesWindow window(form);
   window.show();
   control<QLineEdit>(window, "Text1")->setText("2");
   int shown = 0;
-  user_.on_sri_result.assign(2, [&](sri_result& results) {
+  user_.on_series_results.assign(2, [&](series_results_form& results) {
     EXPECT_FALSE(window.isVisible());
     ++shown;
-    results.command1_click();
+    results.accept();
   });
   press(window, "Command1");
   EXPECT_EQ(shown, 2);
@@ -140,10 +140,10 @@ TEST_F(SeriesWindows, TheSeriesIsPlayedBehindItsHiddenWindow) {
 }
 
 TEST_F(SeriesWindows, AModalSeriesReturnsWhenItIsOver) {
-  series1 form;
+  series_form form;
   form.open();
-  form.text1 = "2";
-  Series1Window window(form);
+  form.typed_matches = "2";
+  SeriesWindow window(form);
   Robot robot;
   robot.next("series1", pressing("Command1"));
   run_modal(window);
@@ -153,13 +153,13 @@ TEST_F(SeriesWindows, AModalSeriesReturnsWhenItIsOver) {
 }
 
 TEST_F(SeriesWindows, AFailureOfASeriesIsReported) {
-  series1 form;
+  series_form form;
   form.open();
-  Series1Window window(form);
+  SeriesWindow window(form);
   window.show();
   std::string told;
   on_failure([&](const std::exception& failure) { told = failure.what(); });
-  std::filesystem::remove(files.team);
+  std::filesystem::remove(files.team_file);
   press(window, "Command1");
   on_failure({});
   EXPECT_NE(told, "");
@@ -167,9 +167,9 @@ TEST_F(SeriesWindows, AFailureOfASeriesIsReported) {
 }
 
 TEST_F(SeriesWindows, TheSeriesRefusesWhatIsNoNumberOfMatches) {
-  series1 form;
+  series_form form;
   form.open();
-  Series1Window window(form);
+  SeriesWindow window(form);
   window.show();
   for (const char* typed : {"11", "0", "-1", "", "two", "1.5"}) check_refusal(window, typed, "10");
   EXPECT_THAT(user_.matches, IsEmpty());
@@ -178,9 +178,9 @@ TEST_F(SeriesWindows, TheSeriesRefusesWhatIsNoNumberOfMatches) {
 
 TEST_F(SeriesWindows, TheSeriesIsCancelled) {
   for (const bool escape : {false, true}) {
-    series1 form;
+    series_form form;
     form.open();
-    Series1Window window(form);
+    SeriesWindow window(form);
     window.show();
     if (escape) {
       window.reject();
@@ -194,23 +194,23 @@ TEST_F(SeriesWindows, TheSeriesIsCancelled) {
 }
 
 TEST_F(SeriesWindows, EachFormRemembersItsOwnSwitch) {
-  series1 two;
+  series_form two;
   two.open();
-  series2 three;
+  tri_series_form three;
   three.open();
   const auto switched_on = [](QWidget& window) {
     return control<QCheckBox>(window, "play_without_stopping")->isChecked();
   };
   {
-    Series1Window window(two);
+    SeriesWindow window(two);
     window.show();
     control<QCheckBox>(window, "play_without_stopping")->click();
   }
   EXPECT_TRUE(preferences::plays_without_stopping("series1"));
   EXPECT_FALSE(preferences::plays_without_stopping("series2"));
   EXPECT_FALSE(preferences::plays_without_stopping("wctable"));
-  Series1Window again(two);
-  Series2Window other(three);
+  SeriesWindow again(two);
+  TriSeriesWindow other(three);
   EXPECT_TRUE(switched_on(again));
   EXPECT_FALSE(switched_on(other));
   control<QCheckBox>(other, "play_without_stopping")->click();
@@ -221,12 +221,12 @@ TEST_F(SeriesWindows, EachFormRemembersItsOwnSwitch) {
 }
 
 TEST_F(SeriesWindows, AFirstMatchThatIsLeftBringsTheFormBack) {
-  series1 form;
+  series_form form;
   form.open();
-  Series1Window window(form);
+  SeriesWindow window(form);
   window.show();
   control<QLineEdit>(window, "Text1")->setText("2");
-  user_.on_wecond.push_back([](wecond& conditions) { conditions.leave(); });
+  user_.on_conditions.push_back([](conditions_form& conditions) { conditions.leave(); });
   press(window, "Command1");
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(form.closed);
@@ -253,16 +253,16 @@ void check_groundless(QWidget& window, const QString& country) {
 TEST_F(SeriesWindows, AHostWithoutAGroundIsNamed) {
   database_.add_team("Elmar");
   database_.write();
-  series1 two;
+  series_form two;
   two.open();
-  Series1Window window(two);
+  SeriesWindow window(two);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(4);
   check_groundless(window, "Elmar");
   EXPECT_FALSE(two.closed);
-  series2 three;
+  tri_series_form three;
   three.open();
-  Series2Window other(three);
+  TriSeriesWindow other(three);
   other.show();
   control<QComboBox>(other, "Combo1")->setCurrentIndex(4);
   check_groundless(other, "Elmar");
@@ -277,9 +277,9 @@ TEST_F(SeriesWindows, OkSaysWhichBoxesItWaitsFor) {
     pair.add_ground(name, name);
   }
   pair.write();
-  series1 two;
+  series_form two;
   two.open();
-  Series1Window window(two);
+  SeriesWindow window(two);
   window.show();
   EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose both teams");
@@ -288,9 +288,9 @@ TEST_F(SeriesWindows, OkSaysWhichBoxesItWaitsFor) {
   control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
   EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "");
-  series2 three;
+  tri_series_form three;
   three.open();
-  Series2Window other(three);
+  TriSeriesWindow other(three);
   other.show();
   EXPECT_FALSE(control<QPushButton>(other, "Command1")->isEnabled());
   EXPECT_EQ(control<QLabel>(other, "wanted")->text(), "Choose all three teams");
@@ -301,13 +301,13 @@ TEST_F(SeriesWindows, OkSaysWhichBoxesItWaitsFor) {
 }
 
 TEST_F(SeriesWindows, TheGraphCanBeStartedAfresh) {
-  series1 form;
+  series_form form;
   form.open();
-  EXPECT_EQ(Series1Window(form).findChild<QWidget*>("afresh"), nullptr) << "nothing stands at the start";
+  EXPECT_EQ(SeriesWindow(form).findChild<QWidget*>("afresh"), nullptr) << "nothing stands at the start";
   match.team1_name = "Ardell";
   match.team2_name = "Brava";
   load_worms();
-  Series1Window window(form);
+  SeriesWindow window(form);
   window.show();
   take_picture(window, "series1_standing");
   check_window_at_sizes(window);
@@ -321,9 +321,9 @@ TEST_F(SeriesWindows, TheGraphCanBeStartedAfresh) {
 // The tri series.
 
 TEST_F(SeriesWindows, TheTriSeriesShowsItsForm) {
-  series2 form;
+  tri_series_form form;
   form.open();
-  Series2Window window(form);
+  TriSeriesWindow window(form);
   window.show();
   take_picture(window, "series2");
   check_window_at_sizes(window);
@@ -339,9 +339,9 @@ TEST_F(SeriesWindows, TheTriSeriesShowsItsForm) {
 }
 
 TEST_F(SeriesWindows, TheTriSeriesFollowsItsUser) {
-  series2 form;
+  tri_series_form form;
   form.open();
-  Series2Window window(form);
+  TriSeriesWindow window(form);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
   control<QComboBox>(window, "Combo2")->setCurrentIndex(3);
@@ -349,24 +349,24 @@ TEST_F(SeriesWindows, TheTriSeriesFollowsItsUser) {
   EXPECT_EQ(form.team_index, (std::array<int, 3>{0, 3, 1}));
   EXPECT_EQ(chosen(window, "Combo4"), "Ardell Park");
   control<QComboBox>(window, "Combo4")->setCurrentIndex(0);
-  EXPECT_EQ(form.combo4_index, 0);
+  EXPECT_EQ(form.ground_index, 0);
   control<QRadioButton>(window, "Option3_1")->setChecked(true);
-  EXPECT_EQ(form.cpu, (std::array<bool, 3>{true, false, true}));
+  EXPECT_EQ(form.computer_captains, (std::array<bool, 3>{true, false, true}));
   control<QRadioButton>(window, "Option2_1")->setChecked(true);
-  EXPECT_EQ(form.cpu, (std::array<bool, 3>{true, false, false}));
-  check_stepper(window, 5, form.text1);
+  EXPECT_EQ(form.computer_captains, (std::array<bool, 3>{true, false, false}));
+  check_stepper(window, 5, form.typed_rounds);
 }
 
 TEST_F(SeriesWindows, TheTriSeriesIsPlayedBehindItsHiddenWindow) {
-  series2 form;
+  tri_series_form form;
   form.open();
-  Series2Window window(form);
+  TriSeriesWindow window(form);
   window.show();
   int shown = 0;
-  user_.on_triserresult.assign(4, [&](triserresult& table) {
+  user_.on_tri_series_table.assign(4, [&](tri_series_table_form& table) {
     EXPECT_FALSE(window.isVisible());
     ++shown;
-    table.command1_click();
+    table.accept();
   });
   press(window, "Command1");
   EXPECT_EQ(shown, 4);
@@ -376,9 +376,9 @@ TEST_F(SeriesWindows, TheTriSeriesIsPlayedBehindItsHiddenWindow) {
 }
 
 TEST_F(SeriesWindows, TheTriSeriesRefusesWhatIsNoNumberOfRounds) {
-  series2 form;
+  tri_series_form form;
   form.open();
-  Series2Window window(form);
+  TriSeriesWindow window(form);
   window.show();
   for (const char* typed : {"6", "0", "", "x"}) check_refusal(window, typed, "5");
   EXPECT_THAT(user_.matches, IsEmpty());
@@ -391,9 +391,9 @@ TEST_F(SeriesWindows, ADatabaseOfOneTeamLeavesTheListsUnchosen) {
   small_database lonely;
   lonely.add_team("Solo");
   lonely.write();
-  series2 form;
+  tri_series_form form;
   form.open();
-  Series2Window window(form);
+  TriSeriesWindow window(form);
   window.show();
   check_window_at_sizes(window);
   EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentIndex(), -1);

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "browsers/sqdet.h"
-#include "database/records.h"
+#include "browsers/player_profile.h"
+#include "database/lasting_records.h"
 #include "database/whole_file.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
@@ -20,15 +20,15 @@ class profile_reader : public scripted_user {
     careers.teams[1].team_name = team;
     careers.teams[1].player_count = 1;
     careers.teams[1].players[1].name = player;
-    const folder_lock turn(files.rec);
+    const folder_lock turn(files.career_file);
     write_career_table(careers);
   }
 
   using scripted_user::show;
-  void show(sqdet& form) override {
-    requests.push_back("profile " + form.combo1.at(static_cast<std::size_t>(form.combo1_index)) + " | " +
-                       form.combo2.at(static_cast<std::size_t>(form.combo2_index)) + (form.locked ? " locked" : ""));
-    form.command1_click();
+  void show(player_profile_form& form) override {
+    requests.push_back("profile " + form.teams.at(static_cast<std::size_t>(form.chosen_team)) + " | " +
+                       form.players.at(static_cast<std::size_t>(form.chosen_player)) + (form.locked ? " locked" : ""));
+    form.accept();
   }
 
  private:

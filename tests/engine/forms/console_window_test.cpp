@@ -16,11 +16,11 @@
 #include "desktop/program_end.h"
 #include "desktop/table_view.h"
 #include "desktop/theme.h"
-#include "engine/driver.h"
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/over_chips.h"
+#include "engine/over_play.h"
+#include "model/match_state.h"
 #include "model/random.h"
-#include "model/teams.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 #include "windows/robot.h"
@@ -36,7 +36,7 @@ class ConsoleUser : public scripted_user {
   std::function<void()> before_batsman;  // a man is about to be asked for
 
   using scripted_user::show;
-  void show(batorder& form) override {
+  void show(next_batsman_form& form) override {
     if (before_batsman) before_batsman();
     scripted_user::show(form);
   }
@@ -69,7 +69,7 @@ class ConsoleWindowTest : public ::testing::Test {
   QString text(const char* label) const { return control<QLabel>(*window_, label)->text(); }
 
   ConsoleUser user;
-  main_console form_;
+  console_form form_;
   std::unique_ptr<ConsoleWindow> window_;
 
  private:

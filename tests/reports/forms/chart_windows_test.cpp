@@ -8,20 +8,20 @@
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 #include "desktop/theme.h"
-#include "reports/forms/graphs_window.h"
 #include "reports/forms/over_bars_view.h"
+#include "reports/forms/overs_graph_window.h"
 #include "reports/forms/played_match.h"
-#include "reports/forms/worms_window.h"
-#include "reports/graphs.h"
-#include "reports/worms.h"
+#include "reports/forms/worm_graph_window.h"
+#include "reports/overs_graph.h"
+#include "reports/worm_graph.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
 namespace velorin::testing {
 namespace {
 
-using GraphsWindowTest = ReportWindowTest;
-using WormsWindowTest = ReportWindowTest;
+using OversGraphWindowTest = ReportWindowTest;
+using WormGraphWindowTest = ReportWindowTest;
 
 template <class Screen>
 Screen opened() {
@@ -37,11 +37,11 @@ void set_over(ball_log_table& log, int over, const std::vector<std::string>& sym
 
 QColor color_at(const QImage& picture, QPointF point) { return picture.pixelColor(point.toPoint()); }
 
-TEST_F(GraphsWindowTest, OneScaleServesBothHalves) {
+TEST_F(OversGraphWindowTest, OneScaleServesBothHalves) {
   set_over(match.ball_log, 3, {"6", "6", "0", "0", "0", "0"});
   set_over(match.first_ball_log, 50, {"1", "1", "1", "1", "1", "1"});
-  const auto form = opened<graphs>();
-  GraphsWindow window(form);
+  const auto form = opened<overs_graph_form>();
+  OversGraphWindow window(form);
   window.show();
   const auto* bars = control<OverBarsView>(window, "bars");
   EXPECT_DOUBLE_EQ(bars->bar_of(0, 3).bottom(), bars->y_of(3300));
@@ -51,10 +51,10 @@ TEST_F(GraphsWindowTest, OneScaleServesBothHalves) {
   EXPECT_GT(bars->x_of(50), bars->x_of(3));
 }
 
-TEST_F(GraphsWindowTest, ThePictureShowsBarsMarksAndTheRate) {
+TEST_F(OversGraphWindowTest, ThePictureShowsBarsMarksAndTheRate) {
   set_over(match.ball_log, 3, {"6", "6", "W", "0", "0", "0"});
-  const auto form = opened<graphs>();
-  GraphsWindow window(form);
+  const auto form = opened<overs_graph_form>();
+  OversGraphWindow window(form);
   window.show();
   auto* bars = control<OverBarsView>(window, "bars");
   const QImage picture = bars->grab().toImage();
@@ -66,17 +66,17 @@ TEST_F(GraphsWindowTest, ThePictureShowsBarsMarksAndTheRate) {
   EXPECT_EQ(color_at(picture, QPointF(bars->x_of(50), bars->y_of(3300) - 30)), theme().card) << "not bowled yet";
 }
 
-TEST_F(GraphsWindowTest, ASideHasTheColourOfItsLineInBothInnings) {
+TEST_F(OversGraphWindowTest, ASideHasTheColourOfItsLineInBothInnings) {
   set_over(match.ball_log, 3, {"6", "6", "0", "0", "0", "0"});
   set_over(match.first_ball_log, 3, {"6", "6", "0", "0", "0", "0"});
-  const auto chase = opened<graphs>();
-  const auto lines = opened<worms>();
-  GraphsWindow window(chase);
+  const auto chase = opened<overs_graph_form>();
+  const auto lines = opened<worm_graph_form>();
+  OversGraphWindow window(chase);
   window.show();
   auto* bars = control<OverBarsView>(window, "bars");
   const QImage picture = bars->grab().toImage();
   // The side that batted first has the first line, and stands below in the chase.
-  ASSERT_EQ(lines.label9, match.team2_name);
+  ASSERT_EQ(lines.first_side, match.team2_name);
   const auto color_of = [&](int half) {
     const QRectF bar = bars->bar_of(half, 3);
     return color_at(picture, bar.center() + QPointF(0, bar.height() / 4));
@@ -86,10 +86,10 @@ TEST_F(GraphsWindowTest, ASideHasTheColourOfItsLineInBothInnings) {
   EXPECT_NE(chart_color(0), chart_color(1));
 }
 
-TEST_F(GraphsWindowTest, AnOverBeyondTheScaleIsNotCutOff) {
+TEST_F(OversGraphWindowTest, AnOverBeyondTheScaleIsNotCutOff) {
   set_over(match.ball_log, 3, {"6", "6", "6", "6", "6", "12"});
-  const auto form = opened<graphs>();
-  GraphsWindow window(form);
+  const auto form = opened<overs_graph_form>();
+  OversGraphWindow window(form);
   window.show();
   take_picture(window, "graphs-tall_over");
   auto* bars = control<OverBarsView>(window, "bars");
@@ -100,10 +100,10 @@ TEST_F(GraphsWindowTest, AnOverBeyondTheScaleIsNotCutOff) {
   check_window_at_sizes(window);
 }
 
-TEST_F(GraphsWindowTest, WithoutABallTheRateLiesOnTheBaseLine) {
+TEST_F(OversGraphWindowTest, WithoutABallTheRateLiesOnTheBaseLine) {
   match = played_match().no_ball;
-  const auto form = opened<graphs>();
-  GraphsWindow window(form);
+  const auto form = opened<overs_graph_form>();
+  OversGraphWindow window(form);
   window.show();
   const auto* bars = control<OverBarsView>(window, "bars");
   EXPECT_EQ(bars->bar_of(0, 1).height(), 0);
@@ -111,20 +111,20 @@ TEST_F(GraphsWindowTest, WithoutABallTheRateLiesOnTheBaseLine) {
   EXPECT_TRUE(bars->accessibleDescription().startsWith("South Isles   ( 0/0 ), 0 an over. no over.")) << "in words";
 }
 
-TEST_F(GraphsWindowTest, TheBarsInWords) {
+TEST_F(OversGraphWindowTest, TheBarsInWords) {
   set_over(match.ball_log, 1, {"4", "0", "W", "0", "0", "0"});
   set_over(match.ball_log, 2, {"1", "0", "0", "0", "0", "0"});
-  const auto form = opened<graphs>();
-  GraphsWindow window(form);
+  const auto form = opened<overs_graph_form>();
+  OversGraphWindow window(form);
   const QString words = control<OverBarsView>(window, "bars")->accessibleDescription();
   EXPECT_TRUE(words.contains("an over. Over 1: 4 runs, wicket; Over 2: 1 run; Over 3: ")) << words.toStdString();
   EXPECT_TRUE(words.contains("South Isles   ( "));
 }
 
-TEST_F(GraphsWindowTest, TheSameFiguresAsATable) {
+TEST_F(OversGraphWindowTest, TheSameFiguresAsATable) {
   set_over(match.ball_log, 2, {"4", "0", "W", "0", "0", "3"});
-  const auto form = opened<graphs>();
-  GraphsWindow window(form);
+  const auto form = opened<overs_graph_form>();
+  OversGraphWindow window(form);
   window.show();
   EXPECT_FALSE(window.shows_table());
   press(window, "ShowAsTable");
@@ -134,7 +134,7 @@ TEST_F(GraphsWindowTest, TheSameFiguresAsATable) {
   check_window_at_sizes(window);
   for (const int half : {0, 1}) {
     const Table& table = control<TableView>(window, half == 0 ? "overs_0" : "overs_1")->table();
-    EXPECT_EQ(table.name, shown(form.label6[static_cast<std::size_t>(half)]));
+    EXPECT_EQ(table.name, shown(form.captions[static_cast<std::size_t>(half)]));
     ASSERT_EQ(static_cast<int>(table.rows.size()), form.overs[static_cast<std::size_t>(half)]);
     for (const TableRow& row : table.rows) {
       const OverFigures figures = over_figures(form, half, row.cells[0].text.toInt());
@@ -150,9 +150,9 @@ TEST_F(GraphsWindowTest, TheSameFiguresAsATable) {
   EXPECT_TRUE(control<OverBarsView>(window, "bars")->isVisible());
 }
 
-TEST_F(WormsWindowTest, EachLineStandsOverItsOvers) {
-  const auto form = opened<worms>();
-  WormsWindow window(form);
+TEST_F(WormGraphWindowTest, EachLineStandsOverItsOvers) {
+  const auto form = opened<worm_graph_form>();
+  WormGraphWindow window(form);
   window.show();
   const LineChart& chart = control<LineChartView>(window, "worm")->chart();
   ASSERT_EQ(chart.lines.size(), 2U);
@@ -166,17 +166,17 @@ TEST_F(WormsWindowTest, EachLineStandsOverItsOvers) {
   EXPECT_EQ(chart.across_to, 50);
   EXPECT_EQ(control<QLabel>(window, "Label9")->text(), "South Isles");
   EXPECT_EQ(control<QLabel>(window, "Label10")->text(), "Northland");
-  EXPECT_EQ(control<QLabel>(window, "Label3")->text(), shown(form.label3));
-  EXPECT_EQ(control<QLabel>(window, "Label4")->text(), shown(form.label4));
+  EXPECT_EQ(control<QLabel>(window, "Label3")->text(), shown(form.first_score));
+  EXPECT_EQ(control<QLabel>(window, "Label4")->text(), shown(form.second_score));
 }
 
-TEST_F(WormsWindowTest, TheLinesInWordsAndAsATable) {
-  const auto form = opened<worms>();
-  WormsWindow window(form);
+TEST_F(WormGraphWindowTest, TheLinesInWordsAndAsATable) {
+  const auto form = opened<worm_graph_form>();
+  WormGraphWindow window(form);
   window.show();
   const QString words = control<LineChartView>(window, "worm")->accessibleDescription();
-  EXPECT_TRUE(words.startsWith(QStringLiteral("South Isles %1. over 0: ").arg(shown(form.label3))));
-  EXPECT_TRUE(words.contains(QStringLiteral("Northland %1. over 0: ").arg(shown(form.label4))));
+  EXPECT_TRUE(words.startsWith(QStringLiteral("South Isles %1. over 0: ").arg(shown(form.first_score))));
+  EXPECT_TRUE(words.contains(QStringLiteral("Northland %1. over 0: ").arg(shown(form.second_score))));
   press(window, "ShowAsTable");
   take_picture(window, "worms-table");
   check_window_at_sizes(window);
@@ -189,22 +189,22 @@ TEST_F(WormsWindowTest, TheLinesInWordsAndAsATable) {
   EXPECT_EQ(table.rows.back().cells[2].text, "") << "the second side has batted fewer overs";
 }
 
-TEST_F(WormsWindowTest, ClosingKeepsTheLines) {
-  const auto form = opened<worms>();
-  WormsWindow window(form);
+TEST_F(WormGraphWindowTest, ClosingKeepsTheLines) {
+  const auto form = opened<worm_graph_form>();
+  WormGraphWindow window(form);
   window.show();
   press(window, "Command1");
   EXPECT_FALSE(window.isVisible());
   EXPECT_TRUE(match.loaded);
-  EXPECT_EQ(opened<worms>().series[0].size(), form.series[0].size());
+  EXPECT_EQ(opened<worm_graph_form>().series[0].size(), form.series[0].size());
 }
 
-TEST_F(WormsWindowTest, TheChartFollowsTheLook) {
+TEST_F(WormGraphWindowTest, TheChartFollowsTheLook) {
   const auto before = theme().high_contrast ? Appearance::high_contrast
                       : theme().dark        ? Appearance::dark
                                             : Appearance::light;
-  const auto form = opened<worms>();
-  WormsWindow window(form);
+  const auto form = opened<worm_graph_form>();
+  WormGraphWindow window(form);
   window.show();
   auto* chart = control<LineChartView>(window, "worm");
   for (const Appearance look : {Appearance::light, Appearance::dark, Appearance::high_contrast}) {
@@ -215,9 +215,9 @@ TEST_F(WormsWindowTest, TheChartFollowsTheLook) {
   apply_theme(before);
 }
 
-TEST_F(WormsWindowTest, ItsTableAndItsWordsKeepToTheMatchInPlay) {
-  const auto now = opened<worms>();
-  WormsWindow window(now);
+TEST_F(WormGraphWindowTest, ItsTableAndItsWordsKeepToTheMatchInPlay) {
+  const auto now = opened<worm_graph_form>();
+  WormGraphWindow window(now);
   window.show();
   EXPECT_FALSE(control<QLabel>(window, "old_rows")->isVisible());
   const auto rows = control<TableView>(window, "scores")->table().rows.size();
@@ -227,8 +227,8 @@ TEST_F(WormsWindowTest, ItsTableAndItsWordsKeepToTheMatchInPlay) {
   match.worm[1] = worm_line{.team = "Strangers", .score_runs = 321, .score_set = true};
   match.worm[1].row[40] = 277;
   match.worm[1].row_set[40] = true;
-  const auto mixed = opened<worms>();
-  WormsWindow other(mixed);
+  const auto mixed = opened<worm_graph_form>();
+  WormGraphWindow other(mixed);
   other.show();
   take_picture(other, "worms_old_rows");
   check_window_at_sizes(other);

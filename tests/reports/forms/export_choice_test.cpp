@@ -17,7 +17,7 @@
 namespace velorin::testing {
 namespace {
 
-class ExportChoiceTest : public ReportWindowTest {
+class ExportChoice : public ReportWindowTest {
  protected:
   void SetUp() override {
     ReportWindowTest::SetUp();
@@ -62,11 +62,11 @@ class ExportChoiceTest : public ReportWindowTest {
   }
 
   QTemporaryDir folder;
-  scorecard card;
+  scorecard_form card;
   std::vector<FileWish> wishes;
 };
 
-TEST_F(ExportChoiceTest, EachButtonWritesItsFile) {
+TEST_F(ExportChoice, EachButtonWritesItsFile) {
   const std::tuple<const char*, const char*, std::string> kinds[] = {
       {"Command7", "a.html", html_scorecard(card)},
       {"Command8", "b.txt", text_scorecard(card)},
@@ -83,7 +83,7 @@ TEST_F(ExportChoiceTest, EachButtonWritesItsFile) {
   EXPECT_EQ(files(), QStringList({"a.html", "b.txt", "c.txt"}));
 }
 
-TEST_F(ExportChoiceTest, WhatIsAskedFor) {
+TEST_F(ExportChoice, WhatIsAskedFor) {
   const FileWish page = export_wish(card, export_kind::html);
   EXPECT_EQ(page.title, "As HTML");
   EXPECT_EQ(page.name, "South Isles v Northland.html") << "the side that batted first in front";
@@ -96,14 +96,14 @@ TEST_F(ExportChoiceTest, WhatIsAskedFor) {
   EXPECT_EQ(export_wish(card, export_kind::text).name, "South Isles v Northland.txt");
 }
 
-TEST_F(ExportChoiceTest, ANameThatNoFileMayHaveIsMended) {
+TEST_F(ExportChoice, ANameThatNoFileMayHaveIsMended) {
   match = played_match().first_innings;
   match.team1_name = "A/B \\ C: D?";
   card.open();
   EXPECT_EQ(export_wish(card, export_kind::text).name, "A-B - C- D- v Northland.txt");
 }
 
-TEST_F(ExportChoiceTest, TheFolderIsRemembered) {
+TEST_F(ExportChoice, TheFolderIsRemembered) {
   export_match(card, export_kind::text, naming(folder.filePath("a.txt")), nullptr);
   EXPECT_EQ(QDir(preferences::last_folder()).canonicalPath(), QDir(folder.path()).canonicalPath());
   export_match(card, export_kind::html, naming({}), nullptr);
@@ -112,19 +112,19 @@ TEST_F(ExportChoiceTest, TheFolderIsRemembered) {
   EXPECT_EQ(wishes[1].folder, preferences::last_folder());
 }
 
-TEST_F(ExportChoiceTest, CancellingWritesNothing) {
+TEST_F(ExportChoice, CancellingWritesNothing) {
   export_match(card, export_kind::text, naming({}), nullptr);
   EXPECT_EQ(files(), QStringList());
   EXPECT_EQ(preferences::last_folder(), "");
 }
 
-TEST_F(ExportChoiceTest, AFileThatCannotBeWrittenIsTold) {
+TEST_F(ExportChoice, AFileThatCannotBeWrittenIsTold) {
   const QString path = folder.filePath("missing/a.txt");
   expect_failure(path, "The file cannot be written: No such file or directory (file " + path + ")");
   EXPECT_EQ(files(), QStringList());
 }
 
-TEST_F(ExportChoiceTest, AFileThatIsWrittenEndsTheNoteOfAFailure) {
+TEST_F(ExportChoice, AFileThatIsWrittenEndsTheNoteOfAFailure) {
   ScorecardWindow window(card);
   const auto* note = control<QLabel>(window, "not_saved");
   window.show();
@@ -136,7 +136,7 @@ TEST_F(ExportChoiceTest, AFileThatIsWrittenEndsTheNoteOfAFailure) {
   }
 }
 
-TEST_F(ExportChoiceTest, AFolderThatTakesNoFilesIsTheCauseTold) {
+TEST_F(ExportChoice, AFolderThatTakesNoFilesIsTheCauseTold) {
   write_old("a.txt", QFile::ReadOwner);
   const QString old = folder.filePath("a.txt");
   {
@@ -150,7 +150,7 @@ TEST_F(ExportChoiceTest, AFolderThatTakesNoFilesIsTheCauseTold) {
   EXPECT_EQ(files(), QStringList({"a.txt"}));
 }
 
-TEST_F(ExportChoiceTest, AFullDiskLeavesTheOldFile) {
+TEST_F(ExportChoice, AFullDiskLeavesTheOldFile) {
   write_old("a.txt", QFile::ReadOwner | QFile::WriteOwner);
   const QString path = folder.filePath("a.txt");
   {
@@ -162,12 +162,12 @@ TEST_F(ExportChoiceTest, AFullDiskLeavesTheOldFile) {
 }
 
 // A name beyond the core's bytes is told all the same.
-TEST_F(ExportChoiceTest, AFailureTellsANameOfForeignLetters) {
+TEST_F(ExportChoice, AFailureTellsANameOfForeignLetters) {
   const QString path = folder.filePath(QStringLiteral("\u4e2d/\u00e9.txt"));
   expect_failure(path, "The file cannot be written: No such file or directory (file " + path + ")");
 }
 
-TEST_F(ExportChoiceTest, TheCommonDialogProposesAName) {
+TEST_F(ExportChoice, TheCommonDialogProposesAName) {
   FileWish wish = export_wish(card, export_kind::html);
   wish.folder = folder.path();
   Robot robot;
@@ -180,7 +180,7 @@ TEST_F(ExportChoiceTest, TheCommonDialogProposesAName) {
   EXPECT_EQ(ask_for_file(wish, nullptr), "");
 }
 
-TEST_F(ExportChoiceTest, TheCommonDialogGivesANameItsEnding) {
+TEST_F(ExportChoice, TheCommonDialogGivesANameItsEnding) {
   FileWish wish = export_wish(card, export_kind::html);
   wish.folder = folder.path();
   Robot robot;

@@ -2,7 +2,7 @@
 #include "reports/forms/played_match.h"
 
 #include "console/captain_forms.h"
-#include "engine/driver.h"
+#include "engine/over_play.h"
 #include "model/random.h"
 #include "support/sample_match.h"
 #include "windows/window_checks.h"
@@ -78,7 +78,7 @@ const PlayedMatch& played_match() {
   return kept;
 }
 
-void NotingUser::show(batsmandetails& form) {
+void NotingUser::show(batsman_details_form& form) {
   titles.push_back(form.title);
   headlines.push_back(form.figures.headline);
 }

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "headless/headless_user.h"
-#include "model/teams.h"
+#include "model/match_state.h"
 
 namespace velorin::testing {
 
@@ -33,7 +33,7 @@ class NotingUser : public headless_user {
 
   using headless_user::show;
   void open(report which) override { opened.push_back(which); }
-  void show(batsmandetails& form) override;
+  void show(batsman_details_form& form) override;
 };
 
 /// Starts each test from the second innings of the played match.

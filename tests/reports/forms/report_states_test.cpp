@@ -2,18 +2,18 @@
 #include <memory>
 
 #include "reports/bowling_figures.h"
-#include "reports/forms/bowlcard2nd_window.h"
-#include "reports/forms/bowlcard_window.h"
-#include "reports/forms/graphs_window.h"
-#include "reports/forms/partners2_window.h"
-#include "reports/forms/partners_window.h"
+#include "reports/forms/bowling_card_window.h"
+#include "reports/forms/first_bowling_card_window.h"
+#include "reports/forms/first_partnerships_window.h"
+#include "reports/forms/first_scorecard_window.h"
+#include "reports/forms/overs_graph_window.h"
+#include "reports/forms/partnerships_window.h"
 #include "reports/forms/played_match.h"
-#include "reports/forms/scorecard2_window.h"
 #include "reports/forms/scorecard_window.h"
-#include "reports/forms/worms_window.h"
-#include "reports/graphs.h"
+#include "reports/forms/worm_graph_window.h"
+#include "reports/overs_graph.h"
 #include "reports/partnerships.h"
-#include "reports/worms.h"
+#include "reports/worm_graph.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -37,7 +37,7 @@ constexpr State states[] = {
 
 void PrintTo(const State& state, std::ostream* out) { *out << state.name; }
 
-class ReportStatesTest : public ReportWindowTest, public ::testing::WithParamInterface<State> {
+class ReportStates : public ReportWindowTest, public ::testing::WithParamInterface<State> {
  protected:
   void SetUp() override { match = played_match().*GetParam().moment; }
 
@@ -59,16 +59,16 @@ class ReportStatesTest : public ReportWindowTest, public ::testing::WithParamInt
   }
 };
 
-TEST_P(ReportStatesTest, Scorecard) { check<scorecard, ScorecardWindow>("scorecard"); }
-TEST_P(ReportStatesTest, Scorecard2) { check<scorecard2, Scorecard2Window>("scorecard2"); }
-TEST_P(ReportStatesTest, Bowlcard) { check<bowlcard, BowlcardWindow>("Bowlcard"); }
-TEST_P(ReportStatesTest, Bowlcard2nd) { check<bowlcard2nd, Bowlcard2ndWindow>("bowlcard2nd"); }
-TEST_P(ReportStatesTest, Partners) { check<partners, PartnersWindow>("partners"); }
-TEST_P(ReportStatesTest, Partners2) { check<partners2, Partners2Window>("partners2"); }
-TEST_P(ReportStatesTest, Graphs) { check<graphs, GraphsWindow>("graphs"); }
-TEST_P(ReportStatesTest, Worms) { check<worms, WormsWindow>("worms"); }
+TEST_P(ReportStates, Scorecard) { check<scorecard_form, ScorecardWindow>("scorecard"); }
+TEST_P(ReportStates, Scorecard2) { check<first_scorecard_form, FirstScorecardWindow>("scorecard2"); }
+TEST_P(ReportStates, Bowlcard) { check<bowling_card_form, BowlingCardWindow>("Bowlcard"); }
+TEST_P(ReportStates, Bowlcard2nd) { check<first_bowling_card_form, FirstBowlingCardWindow>("bowlcard2nd"); }
+TEST_P(ReportStates, Partners) { check<partnerships_form, PartnershipsWindow>("partners"); }
+TEST_P(ReportStates, Partners2) { check<first_partnerships_form, FirstPartnershipsWindow>("partners2"); }
+TEST_P(ReportStates, Graphs) { check<overs_graph_form, OversGraphWindow>("graphs"); }
+TEST_P(ReportStates, Worms) { check<worm_graph_form, WormGraphWindow>("worms"); }
 
-INSTANTIATE_TEST_SUITE_P(AtEveryStage, ReportStatesTest, ::testing::ValuesIn(states),
+INSTANTIATE_TEST_SUITE_P(AtEveryStage, ReportStates, ::testing::ValuesIn(states),
                          [](const auto& stage) { return std::string(stage.param.name); });
 
 }  // namespace

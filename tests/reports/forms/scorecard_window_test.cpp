@@ -9,8 +9,8 @@
 
 #include "desktop/shown_text.h"
 #include "reports/forms/batting_card_view.h"
+#include "reports/forms/first_scorecard_window.h"
 #include "reports/forms/played_match.h"
-#include "reports/forms/scorecard2_window.h"
 #include "reports/opened.h"
 #include "reports/scorecard.h"
 #include "windows/robot.h"
@@ -20,7 +20,7 @@ namespace velorin::testing {
 namespace {
 
 using ScorecardWindowTest = ReportWindowTest;
-using Scorecard2WindowTest = ReportWindowTest;
+using FirstScorecardWindowTest = ReportWindowTest;
 
 std::string named(const char* control, int place) { return std::string(control) + "_" + std::to_string(place); }
 
@@ -37,29 +37,29 @@ void show_active(QWidget& window) {
 }
 
 void expect_card(const QWidget& window, const batting_screen& card) {
-  EXPECT_EQ(text_of(window, "Label10"), shown(card.label10));
-  EXPECT_EQ(text_of(window, "Label12"), shown(card.label12));
-  EXPECT_EQ(text_of(window, "Label4"), shown(card.label4));
-  EXPECT_EQ(text_of(window, "Label5"), shown(card.label5));
-  EXPECT_EQ(text_of(window, "Label7"), shown(card.label7));
-  EXPECT_EQ(text_of(window, "Label13"), shown(card.label13));
-  EXPECT_EQ(text_of(window, "Label14"), shown(card.label14));
+  EXPECT_EQ(text_of(window, "Label10"), shown(card.batting_side));
+  EXPECT_EQ(text_of(window, "Label12"), shown(card.ground));
+  EXPECT_EQ(text_of(window, "Label4"), shown(card.total));
+  EXPECT_EQ(text_of(window, "Label5"), shown(card.wickets_and_overs));
+  EXPECT_EQ(text_of(window, "Label7"), shown(card.run_rate));
+  EXPECT_EQ(text_of(window, "Label13"), shown(card.extras_total));
+  EXPECT_EQ(text_of(window, "Label14"), shown(card.extras_line));
   EXPECT_EQ(text_of(window, "not_counted"), shown(card.not_counted));
   for (int i = 1; i <= 11; ++i) {
     SCOPED_TRACE(i);
     const auto place = static_cast<std::size_t>(i);
-    EXPECT_EQ(text_of(window, named("Label8", i)), shown_caption(card.label8[place]));
-    EXPECT_EQ(text_of(window, named("Label9", i)), shown_caption(card.label9[place]));
-    EXPECT_EQ(text_of(window, named("Label2", i)), shown(card.label2[place]));
-    EXPECT_EQ(text_of(window, named("Label3", i)), shown(card.label3[place]));
+    EXPECT_EQ(text_of(window, named("Label8", i)), shown_caption(card.fielders[place]));
+    EXPECT_EQ(text_of(window, named("Label9", i)), shown_caption(card.how_out[place]));
+    EXPECT_EQ(text_of(window, named("Label2", i)), shown(card.runs[place]));
+    EXPECT_EQ(text_of(window, named("Label3", i)), shown(card.balls_faced[place]));
     const auto* name = control<QPushButton>(window, named("Command4", i).c_str());
-    EXPECT_EQ(name->text(), shown(card.command4[place].caption));
-    EXPECT_EQ(name->isVisible(), card.command4[place].visible);
+    EXPECT_EQ(name->text(), shown(card.details_buttons[place].caption));
+    EXPECT_EQ(name->isVisible(), card.details_buttons[place].visible);
   }
 }
 
 TEST_F(ScorecardWindowTest, ShowsTheCard) {
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   window.show();
   expect_card(window, card);
@@ -70,7 +70,7 @@ TEST_F(ScorecardWindowTest, ShowsTheCard) {
 
 TEST_F(ScorecardWindowTest, BeforeTheFirstBallThereAreTwoMenAndNoRate) {
   match = played_match().no_ball;
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   show_active(window);
   expect_card(window, card);
@@ -86,7 +86,7 @@ TEST_F(ScorecardWindowTest, BeforeTheFirstBallThereAreTwoMenAndNoRate) {
 TEST_F(ScorecardWindowTest, ALineTellsWhichExtrasTheTotalLeavesOut) {
   match.innings_no_balls = 2;
   match.innings_wides = 7;
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   window.show();
   const auto* line = control<QLabel>(window, "not_counted");
@@ -96,55 +96,58 @@ TEST_F(ScorecardWindowTest, ALineTellsWhichExtrasTheTotalLeavesOut) {
   EXPECT_LT(line->y(), control<QLabel>(window, "Label4")->y());
   check_window_at_sizes(window);
   match.innings_no_balls = match.innings_wides = 0;
-  const auto without = opened<scorecard>();
+  const auto without = opened<scorecard_form>();
   ScorecardWindow silent(without);
   silent.show();
   EXPECT_FALSE(control<QLabel>(silent, "not_counted")->isVisible());
 }
 
 TEST_F(ScorecardWindowTest, ButtonsBearTheirCaptions) {
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
-  const std::pair<const char*, std::string_view> captions[] = {
-      {"Command1", scorecard::command1_caption},  {"Command2", scorecard::command2_caption},
-      {"Command3", scorecard::command3_caption},  {"Command5", scorecard::command5_caption},
-      {"Command6", scorecard::command6_caption},  {"Command7", scorecard::command7_caption},
-      {"Command8", scorecard::command8_caption},  {"Command9", scorecard::command9_caption},
-      {"Command10", scorecard::command10_caption}};
+  const std::pair<const char*, std::string_view> captions[] = {{"Command1", scorecard_form::ok_caption},
+                                                               {"Command2", scorecard_form::bowling_caption},
+                                                               {"Command3", scorecard_form::first_innings_caption},
+                                                               {"Command5", scorecard_form::partnerships_caption},
+                                                               {"Command6", scorecard_form::overs_graph_caption},
+                                                               {"Command7", scorecard_form::html_caption},
+                                                               {"Command8", scorecard_form::text_caption},
+                                                               {"Command9", scorecard_form::ball_by_ball_caption},
+                                                               {"Command10", scorecard_form::worm_graph_caption}};
   for (const auto& [name, caption] : captions) {
     EXPECT_EQ(control<QPushButton>(window, name)->text().remove('&'), shown(caption)) << name;
   }
 }
 
 TEST_F(ScorecardWindowTest, ButtonsOpenTheReports) {
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   window.show();
   for (const char* name : {"Command3", "Command2", "Command5", "Command6", "Command10"}) press(window, name);
-  const std::vector<report> wanted = {report::scorecard2, report::bowlcard, report::partners, report::graphs,
-                                      report::worms};
+  const std::vector<report> wanted = {report::first_scorecard, report::bowling_card, report::partnerships,
+                                      report::overs_graph, report::worm_graph};
   EXPECT_EQ(noting.opened, wanted);
   EXPECT_TRUE(window.isVisible());
 }
 
 TEST_F(ScorecardWindowTest, TheFirstInningsOpensOnceItIsOver) {
   match = played_match().first_innings;
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   show_active(window);
   EXPECT_FALSE(control<QPushButton>(window, "Command3")->isEnabled());
   QTest::keyClick(&window, Qt::Key_I, Qt::AltModifier);
   QTest::keyClick(&window, Qt::Key_P, Qt::AltModifier);
   ASSERT_TRUE(QTest::qWaitFor([&] { return !noting.opened.empty(); }));
-  EXPECT_EQ(noting.opened, std::vector<report>{report::partners}) << "the first key did nothing";
+  EXPECT_EQ(noting.opened, std::vector<report>{report::partnerships}) << "the first key did nothing";
   match = played_match().second_innings;
-  const auto later = opened<scorecard>();
+  const auto later = opened<scorecard_form>();
   ScorecardWindow second(later);
   EXPECT_TRUE(control<QPushButton>(second, "Command3")->isEnabled());
 }
 
 TEST_F(ScorecardWindowTest, ANameShowsTheMansDetails) {
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   show_active(window);
   press(window, "Command4_1");
@@ -155,7 +158,7 @@ TEST_F(ScorecardWindowTest, ANameShowsTheMansDetails) {
 }
 
 TEST_F(ScorecardWindowTest, AfterAMansDetailsReturnCloses) {
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   show_active(window);
   auto* name = control<QPushButton>(window, "Command4_1");
@@ -172,7 +175,7 @@ TEST_F(ScorecardWindowTest, ANameReadsItsRowOut) {
   match.batting_card[4].how_out = " b F.Uluila";
   match.batting_card[4].runs = 10;
   match.batting_card[4].balls = 8;
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   EXPECT_EQ(control<QPushButton>(window, "Command4_4")->accessibleName(),
             "D.Moss, c B.Okell, b F.Uluila, 10 runs, 8 balls, details");
@@ -182,7 +185,7 @@ TEST_F(ScorecardWindowTest, ANameReadsItsRowOut) {
 TEST_F(ScorecardWindowTest, ADoubledAmpersandIsShownOnceAndKeptInFiles) {
   match.batting_card[1].fielder.clear();
   match.batting_card[1].how_out = " c && b F.Uluila";
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   EXPECT_EQ(text_of(window, "Label9_1"), " c & b F.Uluila");
   const Table table = batting_table(card);
@@ -191,21 +194,21 @@ TEST_F(ScorecardWindowTest, ADoubledAmpersandIsShownOnceAndKeptInFiles) {
 }
 
 TEST_F(ScorecardWindowTest, CopyPutsTheCardOnTheClipboard) {
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   show_active(window);
   QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
   const QStringList lines = QGuiApplication::clipboard()->text().split('\n');
   ASSERT_EQ(lines.size(), 1 + 10 + 2 + 1) << "headings, the men who came in, extras, total";
   EXPECT_EQ(lines[0], "Batsman\tFielder\tBowler\tRuns\tBalls");
-  EXPECT_EQ(lines[1], QStringList({shown(card.label1[1]), shown(card.label8[1]), shown(card.label9[1]),
-                                   shown(card.label2[1]), shown(card.label3[1])})
+  EXPECT_EQ(lines[1], QStringList({shown(card.names[1]), shown(card.fielders[1]), shown(card.how_out[1]),
+                                   shown(card.runs[1]), shown(card.balls_faced[1])})
                           .join('\t'));
-  EXPECT_EQ(lines[12], shown(card.label5) + "\t\t\t" + shown(card.label4) + "\t");
+  EXPECT_EQ(lines[12], shown(card.wickets_and_overs) + "\t\t\t" + shown(card.total) + "\t");
 }
 
 TEST_F(ScorecardWindowTest, ARoomyCardIsWrittenLarger) {
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   window.show();
   const auto size = [&] { return control<QLabel>(window, "Label2_1")->fontInfo().pixelSize(); };
@@ -232,16 +235,16 @@ TEST_F(ScorecardWindowTest, LongNamesFit) {
     match.batting_card[i].balls = 188;
   }
   match.score_runs = 1888;
-  const auto card = opened<scorecard>();
+  const auto card = opened<scorecard_form>();
   ScorecardWindow window(card);
   window.show();
   take_picture(window, "scorecard-long_names");
   check_window_at_sizes(window);
 }
 
-TEST_F(Scorecard2WindowTest, ShowsTheCard) {
-  const auto card = opened<scorecard2>();
-  Scorecard2Window window(card);
+TEST_F(FirstScorecardWindowTest, ShowsTheCard) {
+  const auto card = opened<first_scorecard_form>();
+  FirstScorecardWindow window(card);
   window.show();
   expect_card(window, card);
   EXPECT_EQ(text_of(window, "Label10"), "South Isles");
@@ -250,14 +253,14 @@ TEST_F(Scorecard2WindowTest, ShowsTheCard) {
   EXPECT_EQ(control<QPushButton>(window, "Command3")->text().remove('&'), "1st Innings Partnerships");
 }
 
-TEST_F(Scorecard2WindowTest, ButtonsOpenTheReportsOfItsInnings) {
-  const auto card = opened<scorecard2>();
-  Scorecard2Window window(card);
+TEST_F(FirstScorecardWindowTest, ButtonsOpenTheReportsOfItsInnings) {
+  const auto card = opened<first_scorecard_form>();
+  FirstScorecardWindow window(card);
   window.show();
   press(window, "Command2");
   press(window, "Command3");
   press(window, "Command4_11");
-  EXPECT_EQ(noting.opened, (std::vector<report>{report::bowlcard2nd, report::partners2}));
+  EXPECT_EQ(noting.opened, (std::vector<report>{report::first_bowling_card, report::first_partnerships}));
   EXPECT_EQ(noting.headlines, std::vector<std::string>{card.details(11).headline});
 }
 

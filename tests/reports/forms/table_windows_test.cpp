@@ -4,10 +4,10 @@
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 #include "reports/bowling_figures.h"
-#include "reports/forms/bowlcard2nd_window.h"
-#include "reports/forms/bowlcard_window.h"
-#include "reports/forms/partners2_window.h"
-#include "reports/forms/partners_window.h"
+#include "reports/forms/bowling_card_window.h"
+#include "reports/forms/first_bowling_card_window.h"
+#include "reports/forms/first_partnerships_window.h"
+#include "reports/forms/partnerships_window.h"
 #include "reports/forms/played_match.h"
 #include "reports/opened.h"
 #include "reports/partnerships.h"
@@ -16,8 +16,8 @@
 namespace velorin::testing {
 namespace {
 
-using BowlingWindowsTest = ReportWindowTest;
-using StandsWindowsTest = ReportWindowTest;
+using BowlingWindows = ReportWindowTest;
+using StandsWindows = ReportWindowTest;
 
 QStringList texts(const TableRow& row) {
   QStringList all;
@@ -36,14 +36,14 @@ void expect_bowlers(const Table& table, const bowling_screen& screen) {
   ASSERT_EQ(table.rows.size(), 11U);
   for (std::size_t i = 1; i <= 11; ++i) {
     EXPECT_EQ(texts(table.rows[i - 1]),
-              QStringList({shown(screen.label1[i]), shown(screen.label2[i]), shown(screen.label3[i]),
-                           shown(screen.label4[i]), shown(screen.label5[i]), shown(screen.label11[i])}));
+              QStringList({shown(screen.names[i]), shown(screen.overs[i]), shown(screen.maidens[i]),
+                           shown(screen.runs[i]), shown(screen.wickets[i]), shown(screen.economy_rates[i])}));
   }
 }
 
-TEST_F(BowlingWindowsTest, ShowsTheBowlersOfTheInnings) {
-  const auto screen = opened<bowlcard>();
-  BowlcardWindow window(screen);
+TEST_F(BowlingWindows, ShowsTheBowlersOfTheInnings) {
+  const auto screen = opened<bowling_card_form>();
+  BowlingCardWindow window(screen);
   window.show();
   EXPECT_EQ(window.windowTitle(), "Bowling Figures");
   const Table& table = control<TableView>(window, "bowlers")->table();
@@ -51,19 +51,19 @@ TEST_F(BowlingWindowsTest, ShowsTheBowlersOfTheInnings) {
   EXPECT_EQ(texts(table.rows[0]), QStringList({"A.Tamuera", "", "", "", "", ""})) << "he has not bowled";
 }
 
-TEST_F(BowlingWindowsTest, ShowsTheBowlersOfTheFirstInnings) {
-  const auto screen = opened<bowlcard2nd>();
-  Bowlcard2ndWindow window(screen);
+TEST_F(BowlingWindows, ShowsTheBowlersOfTheFirstInnings) {
+  const auto screen = opened<first_bowling_card_form>();
+  FirstBowlingCardWindow window(screen);
   window.show();
   EXPECT_EQ(window.windowTitle(), "Bowling Figures");
   expect_bowlers(control<TableView>(window, "bowlers")->table(), screen);
 }
 
-TEST_F(BowlingWindowsTest, AHeadingSorts) {
+TEST_F(BowlingWindows, AHeadingSorts) {
   match.bowling_card[3].balls = 6;
   match.bowling_card[3].runs = 99;
-  const auto screen = opened<bowlcard>();
-  BowlcardWindow window(screen);
+  const auto screen = opened<bowling_card_form>();
+  BowlingCardWindow window(screen);
   window.show();
   auto* view = control<TableView>(window, "bowlers");
   EXPECT_EQ(view->table_row(0), 0) << "the order of the eleven at first";
@@ -84,9 +84,9 @@ void expect_stands(const Table& table, const partnership_screen& screen) {
   EXPECT_EQ(table.rows.size(), at);
 }
 
-TEST_F(StandsWindowsTest, ShowsTheStandsOfTheInnings) {
-  const auto screen = opened<partners>();
-  PartnersWindow window(screen);
+TEST_F(StandsWindows, ShowsTheStandsOfTheInnings) {
+  const auto screen = opened<partnerships_form>();
+  PartnershipsWindow window(screen);
   window.show();
   EXPECT_EQ(window.windowTitle(), "Partnerships");
   const Table& table = control<TableView>(window, "stands")->table();
@@ -96,18 +96,18 @@ TEST_F(StandsWindowsTest, ShowsTheStandsOfTheInnings) {
   EXPECT_FALSE(table.sortable) << "stands stand in their order";
 }
 
-TEST_F(StandsWindowsTest, NamesAreJoinedByOneAmpersandAndByTwoInFiles) {
-  const auto screen = opened<partners>();
-  PartnersWindow window(screen);
+TEST_F(StandsWindows, NamesAreJoinedByOneAmpersandAndByTwoInFiles) {
+  const auto screen = opened<partnerships_form>();
+  PartnershipsWindow window(screen);
   const Table& table = control<TableView>(window, "stands")->table();
   EXPECT_TRUE(table.rows[0].cells[0].text.contains("  &  "));
   EXPECT_TRUE(table_csv(table).contains(shown(screen.rows[1].batsmen)));
   EXPECT_TRUE(table_csv(table).contains("  &&  "));
 }
 
-TEST_F(StandsWindowsTest, ShowsTheStandsOfTheFirstInnings) {
-  const auto screen = opened<partners2>();
-  Partners2Window window(screen);
+TEST_F(StandsWindows, ShowsTheStandsOfTheFirstInnings) {
+  const auto screen = opened<first_partnerships_form>();
+  FirstPartnershipsWindow window(screen);
   window.show();
   EXPECT_EQ(window.windowTitle(), "1st Innings Partnerships");
   const Table& table = control<TableView>(window, "stands")->table();
@@ -115,10 +115,10 @@ TEST_F(StandsWindowsTest, ShowsTheStandsOfTheFirstInnings) {
   EXPECT_EQ(table.rows.size(), 10U);
 }
 
-TEST_F(StandsWindowsTest, BeforeTheFirstInningsIsOverItHasNoStand) {
+TEST_F(StandsWindows, BeforeTheFirstInningsIsOverItHasNoStand) {
   match = played_match().first_innings;
-  const auto screen = opened<partners2>();
-  Partners2Window window(screen);
+  const auto screen = opened<first_partnerships_form>();
+  FirstPartnershipsWindow window(screen);
   window.show();
   EXPECT_TRUE(control<TableView>(window, "stands")->table().rows.empty());
 }

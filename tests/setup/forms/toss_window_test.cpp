@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "model/teams.h"
+#include "model/match_state.h"
 #include "setup/forms/check_leaving.h"
 #include "setup/toss.h"
 #include "support/sample_match.h"
@@ -30,7 +30,7 @@ class TossWindowTest : public ::testing::Test {
   static bool is_shown(const QWidget& window, const char* name) { return control<QWidget>(window, name)->isVisible(); }
   static bool enabled(const QWidget& window, const char* name) { return control<QWidget>(window, name)->isEnabled(); }
 
-  toss form_;
+  toss_form form_;
 };
 
 TEST_F(TossWindowTest, PassesTheChecksAtBothStages) {
@@ -117,9 +117,9 @@ TEST_F(TossWindowTest, AComputersTossOpensOnTheDecision) {
   EXPECT_FALSE(is_shown(window, "Command1_0"));
   EXPECT_TRUE(is_shown(window, "Command2"));
   EXPECT_TRUE(is_shown(window, "Command3"));
-  EXPECT_EQ(enabled(window, "Command2"), form_.command2_enabled);
-  EXPECT_EQ(enabled(window, "Command3"), form_.command3_enabled);
-  EXPECT_EQ(text(window, "Label1"), QString::fromStdString(form_.label1));
+  EXPECT_EQ(enabled(window, "Command2"), form_.bat_enabled);
+  EXPECT_EQ(enabled(window, "Command3"), form_.bowl_enabled);
+  EXPECT_EQ(text(window, "Label1"), QString::fromStdString(form_.headline));
   check_window_at_sizes(window);
 }
 

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "browsers/century_makers.h"
+#include "browsers/forms/record_window.h"
+
+namespace velorin {
+
+/// The players of most hundreds.
+class CenturyMakersWindow : public RecordWindow {
+ public:
+  explicit CenturyMakersWindow(century_makers_form& form, QWidget* parent = front_window())
+      : RecordWindow(QStringLiteral("centurytop"), form, true, parent) {}
+};
+
+}  // namespace velorin

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "browsers/forms/record_window.h"
+#include "browsers/player_rankings.h"
+
+namespace velorin {
+
+/// A ranking of all players, or the records of one team's players.
+class PlayerRankingsWindow : public RecordWindow {
+ public:
+  explicit PlayerRankingsWindow(player_rankings_form& form, QWidget* parent = front_window())
+      : RecordWindow(QStringLiteral("allrecs"), form, true, parent) {}
+};
+
+}  // namespace velorin

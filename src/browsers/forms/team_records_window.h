@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+#include "desktop/form.h"
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace velorin {
+
+class TableView;
+struct team_records_form;
+
+/// The records of one team: its results, its rank, its extreme totals and its best men.
+class TeamRecordsWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` has been opened and outlives the window.
+  explicit TeamRecordsWindow(team_records_form& form, QWidget* parent = front_window());
+
+ private:
+  QWidget* new_list();
+  QWidget* new_results();
+  QWidget* new_extremes();
+  QWidget* new_individual();
+  void refresh();
+  /// Opens the profile of the man whom an individual record names.
+  void open_profile(int record);
+
+  team_records_form& form_;
+  QComboBox* teams_;
+  TableView* results_;
+  QLabel* ranking_;
+  std::array<QLabel*, 4> extremes_;
+  TableView* individual_;
+  QPushButton* profile_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "browsers/forms/record_window.h"
+#include "browsers/world_rankings.h"
+
+namespace velorin {
+
+/// The ranking of all teams.
+class WorldRankingsWindow : public RecordWindow {
+ public:
+  explicit WorldRankingsWindow(world_rankings_form& form, QWidget* parent = front_window())
+      : RecordWindow(QStringLiteral("wldrank"), form, false, parent) {}
+};
+
+}  // namespace velorin

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/forms/series_window.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include "competitions/forms/number_field.h"
+#include "competitions/series.h"
+#include "desktop/afresh_line.h"
+#include "desktop/controls.h"
+#include "reports/worm_graph.h"
+
+namespace velorin {
+
+namespace {
+constexpr int most_matches = 10;
+}  // namespace
+
+SeriesWindow::SeriesWindow(series_form& form, QWidget* parent)
+    : Form(QStringLiteral("series1"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox) {
+  set_title(QStringLiteral("New Series"), QStringLiteral("New Series"));
+  body()->setSpacing(16);
+  auto* sides = new QHBoxLayout;
+  sides->setSpacing(16);
+  auto* home = new_team_list(QStringLiteral("Combo1"), form_.teams, form_.home_team_index, [this](int index) {
+    form_.choose_home(index);
+    show_choice();
+  });
+  auto* away = new_team_list(QStringLiteral("Combo2"), form_.teams, form_.away_team_index, [this](int index) {
+    form_.choose_away(index);
+    show_choice();
+  });
+  sides->addWidget(
+      new_side(QStringLiteral("Home Team:"), u'H', home, QStringLiteral("Option1"), form_.computer_captains_home), 1);
+  sides->addWidget(new_label(QStringLiteral("vs"), TextRole::heading));
+  sides->addWidget(
+      new_side(QStringLiteral("Away Team:"), u'A', away, QStringLiteral("Option3"), form_.computer_captains_away), 1);
+  body()->addLayout(sides);
+
+  matches_ = new NumberField(
+      form_.typed_matches, most_matches, [this](const std::string& text) { form_.typed_matches = text; },
+      [this](int value) {
+        form_.set_matches(value);
+        return form_.typed_matches;
+      });
+  grounds_->setObjectName(QStringLiteral("Combo3"));
+  connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.ground_index = index; });
+  body()->addWidget(new_ground_and_number(grounds_, QStringLiteral("No of Matches in Series :"), matches_));
+  body()->addStretch(1);
+  add_afresh_line(*body(), standing_worms(), &start_worms_afresh);
+
+  entry_foot_ = add_entry_foot(*this, [this] { play(); });
+  show_choice();
+  on_dismiss([this] {
+    form_.cancel();
+    done(Rejected);
+  });
+}
+
+void SeriesWindow::show_choice() {
+  show_grounds(*grounds_, form_.grounds, form_.ground_index);
+  show_ready(entry_foot_, form_.ready(), QStringLiteral("Choose both teams"));
+}
+
+void SeriesWindow::play() {
+  if (!number_is_fit(form_.typed_matches, most_matches, "Text1")) {
+    matches_->text()->setFocus();
+    matches_->text()->selectAll();
+    return;
+  }
+  if (!grounds_are_fit(*this, {entry_text(form_.teams, form_.home_team_index)})) return;
+  hide();
+  form_.accept();
+  // Left before its first match was over, the form comes back.
+  form_.closed ? accept() : show();
+}
+
+}  // namespace velorin

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/forms/tri_series_window.h"
+
+#include <QComboBox>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+#include <array>
+
+#include "competitions/forms/number_field.h"
+#include "competitions/tri_series.h"
+#include "desktop/afresh_line.h"
+#include "desktop/controls.h"
+#include "reports/worm_graph.h"
+
+namespace velorin {
+
+namespace {
+
+constexpr int most_rounds = 5;
+
+/// The controls of a team, in the order of the teams.
+struct Side {
+  const char* caption;
+  char16_t mnemonic;
+  const char* list;
+  const char* options;
+};
+constexpr std::array<Side, 3> sides = {{{"First Team (host):", u'F', "Combo1", "Option1"},
+                                        {"Second Team:", u'S', "Combo2", "Option3"},
+                                        {"Third Team:", u'T', "Combo3", "Option2"}}};
+
+}  // namespace
+
+TriSeriesWindow::TriSeriesWindow(tri_series_form& form, QWidget* parent)
+    : Form(QStringLiteral("series2"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox) {
+  set_title(QStringLiteral("Tri Series"), QStringLiteral("Tri Series"));
+  body()->setSpacing(16);
+  body()->addWidget(new_sides());
+  rounds_ = new NumberField(
+      form_.typed_rounds, most_rounds, [this](const std::string& text) { form_.typed_rounds = text; },
+      [this](int value) {
+        form_.set_rounds(value);
+        return form_.typed_rounds;
+      });
+  grounds_->setObjectName(QStringLiteral("Combo4"));
+  connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.ground_index = index; });
+  body()->addWidget(new_ground_and_number(grounds_, QStringLiteral("No. of Round Robin stages:"), rounds_));
+  body()->addStretch(1);
+  add_afresh_line(*body(), standing_worms(), &start_worms_afresh);
+
+  entry_foot_ = add_entry_foot(*this, [this] { play(); });
+  show_choice();
+  on_dismiss([this] {
+    form_.cancel();
+    done(Rejected);
+  });
+}
+
+QWidget* TriSeriesWindow::new_sides() {
+  auto* cards = new QWidget;
+  auto* row = new QHBoxLayout(cards);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(16);
+  for (std::size_t i = 0; i < sides.size(); ++i) {
+    const Side& side = sides[i];
+    auto* teams = new_team_list(QString::fromLatin1(side.list), form_.teams, form_.team_index[i], [this, i](int index) {
+      form_.choose_team(static_cast<int>(i), index);
+      show_choice();
+    });
+    row->addWidget(new_side(QString::fromLatin1(side.caption), side.mnemonic, teams, QString::fromLatin1(side.options),
+                            form_.computer_captains[i]),
+                   1);
+  }
+  return cards;
+}
+
+void TriSeriesWindow::show_choice() {
+  show_grounds(*grounds_, form_.grounds, form_.ground_index);
+  show_ready(entry_foot_, form_.ready(), QStringLiteral("Choose all three teams"));
+}
+
+void TriSeriesWindow::play() {
+  if (!number_is_fit(form_.typed_rounds, most_rounds, "Text1")) {
+    rounds_->text()->setFocus();
+    rounds_->text()->selectAll();
+    return;
+  }
+  if (!grounds_are_fit(*this, {entry_text(form_.teams, form_.team_index[0])})) return;
+  hide();
+  form_.accept();
+  // Left before its first match was over, the form comes back.
+  form_.closed ? accept() : show();
+}
+
+}  // namespace velorin

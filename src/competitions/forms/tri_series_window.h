@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "competitions/forms/entry_controls.h"
+#include "desktop/form.h"
+
+class QComboBox;
+
+namespace velorin {
+
+class NumberField;
+struct tri_series_form;
+
+/// A tri series: three teams, their captains, rounds. While it is played the window is hidden. Left before its first
+/// match was over, it comes back.
+class TriSeriesWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` has been opened and outlives the window.
+  explicit TriSeriesWindow(tri_series_form& form, QWidget* parent = front_window());
+
+ private:
+  QWidget* new_sides();
+  void show_choice();
+  void play();
+
+  tri_series_form& form_;
+  QComboBox* grounds_;
+  EntryFoot entry_foot_;
+  NumberField* rounds_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/forms/world_cup_fixtures_window.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "competitions/forms/cup_progress.h"
+#include "competitions/world_cup_fixtures.h"
+#include "desktop/controls.h"
+#include "desktop/program_end.h"
+#include "desktop/question.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+
+namespace velorin {
+
+namespace {
+
+constexpr int shown_rows = 10;
+
+const cup_fixture& fixture_at(int place) { return world_cup.fixtures[static_cast<std::size_t>(place)]; }
+
+bool any_human_side(const world_cup_fixtures_form& form) {
+  for (int place = 1; place <= form.fixtures; ++place) {
+    const fixture_captains captains = captains_of(fixture_at(place));
+    if (captains.human_a || captains.human_b) return true;
+  }
+  return false;
+}
+
+/// A row of the list; all of the next match is dark blue.
+TableRow table_row(const world_cup_fixtures_form::row& row, int place, bool with_captains) {
+  const fixture_captains captains = row.team_a.empty() ? fixture_captains() : captains_of(fixture_at(place));
+  TableRow line;
+  const auto add = [&](const std::string& text, CellLook look) {
+    line.cells.push_back({.text = shown(text), .look = row.is_next ? CellLook::dark_blue : look});
+  };
+  add(row.match_number, CellLook::blue);
+  add(row.team_a, CellLook::normal);
+  if (with_captains) add(captains.human_a ? "Human" : "", CellLook::muted);
+  add(row.versus, CellLook::red);
+  add(row.team_b, CellLook::normal);
+  if (with_captains) add(captains.human_b ? "Human" : "", CellLook::muted);
+  add(row.at, CellLook::red);
+  add(row.venue, CellLook::normal);
+  add(row.result, CellLook::red);
+  line.marked = row.is_next;
+  line.id = place;
+  return line;
+}
+
+Table fixtures_table(const world_cup_fixtures_form& form, bool with_captains) {
+  Table table;
+  table.name = QStringLiteral("World Cup Fixtures");
+  table.columns.push_back({.heading = QStringLiteral("Match No.")});
+  table.columns.push_back({.heading = QStringLiteral("Team A")});
+  if (with_captains) table.columns.push_back({.heading = {}, .spoken = QStringLiteral("Captain of Team A")});
+  table.columns.push_back({.heading = {}, .spoken = QStringLiteral("vs")});
+  table.columns.push_back({.heading = QStringLiteral("Team B")});
+  if (with_captains) table.columns.push_back({.heading = {}, .spoken = QStringLiteral("Captain of Team B")});
+  table.columns.push_back({.heading = {}, .spoken = QStringLiteral("at")});
+  table.columns.push_back({.heading = QStringLiteral("Venue"), .stretches = true});
+  table.columns.push_back({.heading = QStringLiteral("Match Result")});
+  int place = form.scroll;
+  for (const world_cup_fixtures_form::row& row : form.rows)
+    table.rows.push_back(table_row(row, place++, with_captains));
+  return table;
+}
+
+}  // namespace
+
+WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_fixtures_form& form, QWidget* parent)
+    : Form(QStringLiteral("wc_fix"), Dismissal::refused, parent),
+      form_(form),
+      any_human_(any_human_side(form)),
+      list_(new TableView(QStringLiteral("fixtures"))),
+      scroll_(new QScrollBar(Qt::Vertical)) {
+  set_title(QStringLiteral("World Cup Fixtures"), QStringLiteral("World Cup Fixtures"));
+  set_subheading(cup_progress());
+  auto* row = new QHBoxLayout;
+  row->setSpacing(4);
+  row->addWidget(list_, 1);
+  row->addWidget(scroll_);
+  auto* rows = new_column(body(), 1400);
+  rows->addLayout(row, 1);
+  rows->addStretch();
+  scroll_->setObjectName(QStringLiteral("VScroll1"));
+  scroll_->setAccessibleName(QStringLiteral("Fixtures"));
+  scroll_->setRange(1, form_.scroll_maximum);
+  scroll_->setPageStep(shown_rows - 1);
+  scroll_->setValue(form_.scroll);
+  connect(scroll_, &QScrollBar::valueChanged, this, [this](int value) {
+    guarded([&] {
+      form_.scroll_to(value);
+      refresh();
+    });
+  });
+  refresh();
+  list_->show_all_rows();
+  list_->grow_rows(56, shown_rows);
+  list_->setMinimumWidth(std::clamp(list_->sizeHint().width(), 800, 940));
+  list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  list_->installEventFilter(this);
+  list_->viewport()->installEventFilter(this);
+
+  add_button(QStringLiteral("Command3"), {.caption = QStringLiteral("Quit World Cup"), .mnemonic = u'Q'}, [this] {
+    if (!ask(*this, QStringLiteral("quit_question"), QStringLiteral("Quit World Cup"),
+             QStringLiteral("End the World Cup? What is still to be played is lost."))) {
+      return;
+    }
+    form_.quit();
+    if (form_.closed) accept();
+  });
+  add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("World Cup Tables"), .mnemonic = u'T'},
+             [this] { form_.open_tables(); });
+  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("Play Next Match"), .mnemonic = u'P'},
+                     [this] {
+                       form_.accept();
+                       if (form_.closed) accept();
+                     })
+      ->setFocus();
+}
+
+void WorldCupFixturesWindow::refresh() {
+  list_->set_table(fixtures_table(form_, any_human_));
+  for (int line = 0; line < shown_rows; ++line) {
+    if (form_.rows[static_cast<std::size_t>(line)].is_next) list_->setCurrentIndex(list_->model()->index(line, 0));
+  }
+  list_->clearSelection();
+}
+
+bool WorldCupFixturesWindow::scrolls_on(int key) {
+  const int line = list_->currentIndex().row();
+  const bool on = key == Qt::Key_PageDown || key == Qt::Key_PageUp || (key == Qt::Key_Down && line == shown_rows - 1) ||
+                  (key == Qt::Key_Up && line == 0);
+  if (!on) return false;
+  const int column = list_->currentIndex().column();
+  const bool page = key == Qt::Key_PageDown || key == Qt::Key_PageUp;
+  const int step = page ? scroll_->pageStep() : 1;
+  const bool down = key == Qt::Key_PageDown || key == Qt::Key_Down;
+  scroll_->setValue(scroll_->value() + (down ? step : -step));
+  list_->setCurrentIndex(list_->model()->index(line, column));
+  return true;
+}
+
+bool WorldCupFixturesWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == list_ && event->type() == QEvent::KeyPress) {
+    return scrolls_on(static_cast<QKeyEvent*>(event)->key());
+  }
+  if (watched == list_->viewport() && event->type() == QEvent::Wheel) {
+    QApplication::sendEvent(scroll_, event);
+    return true;
+  }
+  return Form::eventFilter(watched, event);
+}
+
+}  // namespace velorin

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/forms/world_cup_tables_window.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <span>
+#include <vector>
+
+#include "competitions/forms/cup_progress.h"
+#include "competitions/forms/league_view.h"
+#include "competitions/world_cup_tables.h"
+#include "desktop/controls.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+
+namespace velorin {
+
+namespace {
+
+/// A table under its heading.
+QLayout* new_table(const QString& name, const char* heading, const std::vector<league_texts>& rows, int room,
+                   bool (*is_human)(const std::string& team)) {
+  auto* column = new QVBoxLayout;
+  column->setSpacing(4);
+  const QString title = QString::fromLatin1(heading);
+  auto* head = new_label(title, TextRole::heading);
+  head->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  column->addWidget(head);
+  std::vector<bool> human;
+  for (const league_texts& row : rows) human.push_back(is_human(row.front()));
+  column->addWidget(new_league_view(name, title, rows, cup_headings, room, human), 1);
+  return column;
+}
+
+bool human_in_any(const std::string& team) {
+  return has_super_six() && (human_in_group_a(team) || human_in_group_b(team));
+}
+
+}  // namespace
+
+WorldCupTablesWindow::WorldCupTablesWindow(world_cup_tables_form& form, QWidget* parent)
+    : Form(QStringLiteral("wcsstab"), Dismissal::closes, parent), form_(form) {
+  set_title(QStringLiteral("World Cup Tables"), QStringLiteral("World Cup Tables"));
+  show_picture();
+  set_subheading(cup_progress());
+  auto* quarters = new QGridLayout;
+  quarters->setHorizontalSpacing(24);
+  quarters->setVerticalSpacing(16);
+  quarters->setColumnStretch(0, 1);
+  quarters->setColumnStretch(1, 1);
+  quarters->addLayout(new_table(QStringLiteral("group_a"), "Group A Table", form_.group_a, 5, human_in_group_a), 0, 0);
+  quarters->addLayout(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, 5, human_in_group_b), 0, 1);
+  quarters->addLayout(new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, 6, human_in_any), 1,
+                      0);
+  quarters->addWidget(new_knock_out(), 1, 1);
+  auto* rows = new_column(body(), 1480);
+  rows->addLayout(quarters, 1);
+  rows->addStretch();
+  const auto close = [this] {
+    form_.accept();
+    if (form_.closed) accept();
+  };
+  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, close)
+      ->setFocus();
+  on_dismiss(close);
+}
+
+QWidget* WorldCupTablesWindow::new_knock_out() {
+  QFrame* card = new_card();
+  card->setMaximumHeight(320);
+  const auto add = [&](const char* caption, const char* name, const std::string& text) {
+    auto* pair = new QVBoxLayout;
+    pair->setSpacing(2);
+    pair->addWidget(new_label(QString::fromLatin1(caption), TextRole::small_muted));
+    auto* line = new_named_label(QString::fromLatin1(name), shown(text));
+    line->setWordWrap(true);
+    pair->addWidget(line);
+    card_rows(card)->addLayout(pair);
+  };
+  add("Semi Final 1 :", "Label1_22", form_.first_semi_final);
+  add("Semi Final 2 :", "Label1_23", form_.second_semi_final);
+  add("Grand Final :", "Label1_24", form_.grand_final);
+  card_rows(card)->addStretch(1);
+  auto* winners = new_named_label(QStringLiteral("Label8"), shown(form_.winners_line), TextRole::accent);
+  winners->setWordWrap(true);
+  card_rows(card)->addWidget(winners);
+  return card;
+}
+
+}  // namespace velorin

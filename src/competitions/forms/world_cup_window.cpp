@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/forms/world_cup_window.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "competitions/world_cup_form.h"
+#include "desktop/afresh_line.h"
+#include "desktop/controls.h"
+#include "desktop/shown_text.h"
+#include "reports/worm_graph.h"
+
+namespace velorin {
+
+WorldCupWindow::WorldCupWindow(world_cup_form& form, QWidget* parent)
+    : Form(QStringLiteral("wctable"), Dismissal::closes, parent), form_(form) {
+  set_title(QStringLiteral("World Cup"), QStringLiteral("World Cup"));
+  body()->setSpacing(16);
+  auto* groups = new QHBoxLayout;
+  groups->setSpacing(16);
+  groups->addWidget(new_group(QStringLiteral("Group A"), QStringLiteral("Combo1"), QStringLiteral("Check1"),
+                              form_.group_a_index, form_.human_a));
+  groups->addWidget(new_group(QStringLiteral("Group B"), QStringLiteral("Combo2"), QStringLiteral("Check2"),
+                              form_.group_b_index, form_.human_b));
+  body()->addLayout(groups);
+  body()->addWidget(new_named_label(QStringLiteral("note"), shown(world_cup_form::note), TextRole::muted));
+  body()->addWidget(new_hosts());
+  body()->addStretch(1);
+  add_standing();
+
+  entry_foot_ = add_entry_foot(*this, [this] { play(); });
+  show_choice();
+  on_dismiss([this] {
+    form_.cancel();
+    done(Rejected);
+  });
+}
+
+void WorldCupWindow::add_standing() {
+  const std::string cup = standing_cup();
+  const std::string graph = standing_worms();
+  add_afresh_line(*body(), cup.empty() || graph.empty() ? cup + graph : cup + " " + graph, [] {
+    start_cup_afresh();
+    start_worms_afresh();
+  });
+}
+
+void WorldCupWindow::show_choice() { show_ready(entry_foot_, form_.ready(), QStringLiteral("Choose all ten teams")); }
+
+void WorldCupWindow::play() {
+  if (!grounds_are_fit(*this, form_.hosts())) return;
+  hide();
+  form_.accept();
+  accept();
+}
+
+QWidget* WorldCupWindow::new_group(const QString& title, const QString& lists, const QString& checks,
+                                   std::array<int, 5>& teams, std::array<bool, 5>& human) {
+  QFrame* card = new_card();
+  card_rows(card)->addWidget(new_label(title, TextRole::heading));
+  auto* rows = new QGridLayout;
+  rows->setHorizontalSpacing(16);
+  rows->setVerticalSpacing(8);
+  rows->setColumnStretch(1, 1);
+  for (int i = 0; i < 5; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    auto* list =
+        new_team_list(QStringLiteral("%1_%2").arg(lists).arg(i), form_.teams, teams[at], [this, &teams, at](int index) {
+          teams[at] = index;
+          show_choice();
+        });
+    const QString name = QStringLiteral("%1, team %2").arg(title).arg(i + 1);
+    auto* check = new QCheckBox(QStringLiteral("Human"));
+    check->setObjectName(QStringLiteral("%1_%2").arg(checks).arg(i));
+    check->setAccessibleName(name + QStringLiteral(": Human"));
+    check->setChecked(human[at]);
+    connect(check, &QCheckBox::toggled, this, [&human, at](bool on) { human[at] = on; });
+    rows->addWidget(new_caption(QStringLiteral("Team %1").arg(i + 1), QChar(), list), i, 0);
+    list->setAccessibleName(name);
+    rows->addWidget(list, i, 1);
+    rows->addWidget(check, i, 2);
+  }
+  card_rows(card)->addLayout(rows);
+  return card;
+}
+
+QWidget* WorldCupWindow::new_hosts() {
+  QFrame* card = new_card();
+  card_rows(card)->addWidget(new_label(QStringLiteral("Select Host nation(s) :"), TextRole::heading));
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  for (int i = 0; i < 3; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    auto* list = new_team_list(
+        QStringLiteral("Combo3_%1").arg(i), form_.teams, form_.host_index[at],
+        [this, at](int index) { form_.host_index[at] = index; }, true);
+    auto* place = new QVBoxLayout;
+    place->setSpacing(4);
+    place->addWidget(new_caption(QStringLiteral("Host nation %1").arg(i + 1), QChar(), list));
+    place->addWidget(list);
+    row->addLayout(place, 1);
+  }
+  card_rows(card)->addLayout(row);
+  return card;
+}
+
+}  // namespace velorin

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+#include "competitions/forms/entry_controls.h"
+#include "desktop/form.h"
+
+namespace velorin {
+
+struct world_cup_form;
+
+/// The World Cup: groups, hosts, human sides. While it is played the window is hidden.
+class WorldCupWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` has been opened, has not closed itself, and outlives the window.
+  explicit WorldCupWindow(world_cup_form& form, QWidget* parent = front_window());
+
+ private:
+  QWidget* new_group(const QString& title, const QString& lists, const QString& checks, std::array<int, 5>& teams,
+                     std::array<bool, 5>& human);
+  QWidget* new_hosts();
+  void add_standing();
+  void show_choice();
+  void play();
+
+  world_cup_form& form_;
+  EntryFoot entry_foot_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "competitions/league.h"
+#include "competitions/match_entry.h"
+
+namespace velorin {
+
+/// The tri series in play: its table and the place reached.
+struct tri_record {
+  std::array<league_row, 4> tri_table;  ///< [1..3] in the order of the form; notes: finalists, result of the final
+  std::array<entered_side, 4> sides;    ///< [1..3]
+  std::vector<std::string> grounds;     ///< of the host's country
+  int rounds = 0;                       ///< of the league, 1 to 5
+  int matches_played = 0;               ///< league matches so far
+  bool final_played = false;
+  std::string drawn_ground;  ///< of the match in play or the last one
+};
+extern tri_record tri;
+
+/// Plays one league match on a ground drawn anew and books it in tri.tri_table. A name that stands in several rows is
+/// booked in the last of them; each of them counts the match as played. False, with nothing booked, if the user leaves
+/// the match before it has begun.
+bool run_tri_match(const std::string& first_team, const std::string& second_team, bool first_human, bool second_human);
+
+/// A tri series: three teams, captains, rounds. Its OK plays the whole competition.
+struct tri_series_form {
+  std::vector<team_entry> teams;     ///< list of teams, the same for all three
+  std::array<int, 3> team_index{};   ///< entries of Combo1 (the host), Combo2, Combo3, from 0; -1 for none
+  std::vector<std::string> grounds;  ///< grounds of the host's country
+  int ground_index = -1;             ///< the ground on show
+  std::string typed_rounds = "1";    ///< rounds as typed
+  std::array<bool, 3> computer_captains = {true, true,
+                                           true};  ///< Option1, Option3, Option2: captains in the order of the teams
+  bool closed = false;
+
+  /// Loads the teams; preselects the second, third and fourth, and the second ground.
+  void open();
+  /// Chooses the team in box 0, 1 or 2.
+  void choose_team(int box, int index);
+  /// The spin control, 1 to 5: writes its value into text1.
+  void set_rounds(int value);
+  /// All three teams are chosen, which "OK" requires.
+  bool ready() const { return team_index[0] >= 0 && team_index[1] >= 0 && team_index[2] >= 0; }
+  /// "OK": the league, then the final of its first two. A match that the user leaves before it has begun is still to be
+  /// played: the table is shown again, or, before the first match is over, the form stays open and the record as it
+  /// was. Draws, after reseeding once, a ground each time that a match is entered and what the match draws. Asks for
+  /// what the matches ask and for tri_series_table_form after each. Raises run_time_error: a number of rounds that is
+  /// none of 1 to 5 (type), and what a match raises.
+  void accept();
+  /// "Cancel".
+  void cancel() { closed = true; }
+
+ private:
+  void rebuild_grounds();
+};
+
+/// The table of the tri series. Opening it names the finalists of the moment.
+struct tri_series_table_form {
+  std::string title;
+  std::string heading;               ///< heading
+  std::array<league_texts, 3> rows;  ///< in the order of the table
+  std::string final_line;            ///< the final
+  std::string final_result;          ///< its result; empty until it is over
+  bool closed = false;
+
+  /// Fills the form from `tri`, and sets its first two notes.
+  void open();
+  void accept() { closed = true; }
+};
+
+}  // namespace velorin

@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "competitions/world_cup_form.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "competitions/world_cup_fixtures.h"
+#include "competitions/world_cup_tables.h"
+#include "model/match_state.h"
+#include "model/random.h"
+#include "model/run_time_error.h"
+#include "ui/front_end.h"
+
+namespace velorin {
+
+namespace {
+
+void show_tables() {
+  world_cup_tables_form form;
+  form.open();
+  user().show(form);
+}
+
+void show_fixtures() {
+  world_cup_fixtures_form form;
+  form.open();
+  user().show(form);
+}
+
+int place_of(const cup_group& group, const std::string& name) {
+  int place = 0;
+  for (int i = 1; i <= 5; ++i) {
+    if (group[i].team == name) place = i;
+  }
+  if (place != 0) return place;
+  throw run_time_error(failure::subscript, "Subscript out of range: no such team in the group",
+                       {.file = {}, .record = 0, .field = "team", .player = name});
+}
+
+league_row& cell_against(cup_group_team& team, const std::string& name) {
+  int place = 0;
+  for (int i = 1; i <= 5; ++i) {
+    if (team.versus[i].team == name) place = i;
+  }
+  if (place != 0) return team.versus[place];
+  throw run_time_error(failure::subscript, "Subscript out of range: no such opponent in the group",
+                       {.file = {}, .record = 0, .field = "versus", .player = name});
+}
+
+bool run_group_match(cup_group& group, const entered_side& first, const entered_side& second,
+                     const std::string& venue) {
+  if (!enter_match(first, second, venue)) return false;
+  cup_group_team& a = group[place_of(group, first.team)];
+  cup_group_team& b = group[place_of(group, second.team)];
+  league_row& cell_a = cell_against(a, second.team);
+  league_row& cell_b = cell_against(b, first.team);
+  book_played(cell_a, first.team);
+  book_played(cell_b, second.team);
+  book_outcome(cell_a, cell_b, first.team, second.team);
+  const bool a_first = match.rate_first.team == a.team;
+  cell_a.net_run_rate += a_first ? match.rate_first.delta : match.rate_second.delta;
+  cell_b.net_run_rate += a_first ? match.rate_second.delta : match.rate_first.delta;
+  return true;
+}
+
+/// After a match of the list: its result, then the tables and the list. One that the user has left is still to be
+/// played, and the list alone is shown.
+void close_fixture(int place, bool played) {
+  if (!played) {
+    show_fixtures();
+    return;
+  }
+  cup_fixture& fixture = world_cup.fixtures[place];
+  fixture.result = match.result_winner.empty() ? "Match Tied" : match.result_winner + " " + match.result_margin;
+  clear_result();
+  world_cup.next_match = place + 1;
+  show_tables();
+  show_fixtures();
+}
+
+void play_group_fixture(int place) {
+  const cup_fixture fixture = world_cup.fixtures[place];
+  const bool in_a = fixture.stage == "A";
+  const cup_group& group = in_a ? world_cup.group_a : world_cup.group_b;
+  const std::array<bool, 5>& human = in_a ? world_cup.human_a : world_cup.human_b;
+  const entered_side first{group[fixture.index_a].team, human[fixture.index_a - 1]};
+  const entered_side second{group[fixture.index_b].team, human[fixture.index_b - 1]};
+  close_fixture(place, (in_a ? run_group_a_match : run_group_b_match)(first, second, fixture.venue));
+}
+
+void play_super_six_fixture(int place) {
+  const cup_fixture fixture = world_cup.fixtures[place];
+  const int a = fixture.index_a;
+  const int b = fixture.index_b + 3;
+  close_fixture(place, run_super_six_match({world_cup.super_six[a].team, world_cup.super_six_human[a]},
+                                           {world_cup.super_six[b].team, world_cup.super_six_human[b]}, fixture.venue));
+}
+
+void pair_semifinals() {
+  sort_league(world_cup.super_six, 6,
+              [](int j) { std::swap(world_cup.super_six_human[j], world_cup.super_six_human[j + 1]); });
+  constexpr std::array<std::pair<int, int>, 2> pairs = {{{1, 4}, {2, 3}}};
+  for (int i = 1; i <= 2; ++i) {
+    const auto [a, b] = pairs[static_cast<std::size_t>(i - 1)];
+    cup_knockout& semi = world_cup.semi_finals[i];
+    semi.team_a = world_cup.super_six[a].team;
+    semi.team_b = world_cup.super_six[b].team;
+    semi.human_a = world_cup.super_six_human[a];
+    semi.human_b = world_cup.super_six_human[b];
+  }
+}
+
+/// False if the user leaves the match.
+bool play_knockout(cup_knockout& tie) {
+  clear_result();
+  const std::string venue = draw_ground(world_cup.grounds);
+  if (!enter_match({tie.team_a, tie.human_a}, {tie.team_b, tie.human_b}, venue)) return false;
+  tie.winner = match.result_winner;
+  tie.margin = match.result_margin;
+  clear_result();
+  return true;
+}
+
+/// The human flag of a semi-final's winner.
+bool winner_is_human(const cup_knockout& semi) { return semi.team_a == semi.winner ? semi.human_a : semi.human_b; }
+
+/// Ends the tournament if the user has asked for it, and clears his request.
+bool quits() { return std::exchange(world_cup.quit_requested, false); }
+
+/// Plays a tie, 1 to 3 of the knock-out. While the user leaves it, it is still to be played: the tables from which it
+/// was entered, before the first tie the list, are shown again, and the list, where he may quit. False if he does.
+bool play_tie(int number, cup_knockout& tie) {
+  world_cup.next_match = number;
+  while (!play_knockout(tie)) {
+    world_cup.next_match = number - 1;
+    if (number > 1) show_tables();
+    show_fixtures();
+    if (quits()) return false;
+    world_cup.next_match = number;
+  }
+  return true;
+}
+
+/// The stages from the first showing of the fixture list on. True if the form is to close: the user has quit.
+bool play_stages() {
+  if (quits()) return true;
+  world_cup.stage = cup_stage::group_matches;
+  for (world_cup.next_match = 1; world_cup.next_match <= 20;) {
+    play_group_fixture(world_cup.next_match);
+    if (quits()) return true;
+  }
+  world_cup.stage = cup_stage::super_six_draw;
+  build_super_six();
+  show_tables();
+  draw_super_six_fixtures();
+  show_fixtures();
+  if (quits()) return true;
+  world_cup.stage = cup_stage::super_six_matches;
+  for (world_cup.next_match = 21; world_cup.next_match <= 29;) {
+    play_super_six_fixture(world_cup.next_match);
+    // Here the request stays set and the form loaded: the next tournament will end at its first list.
+    if (world_cup.quit_requested) return false;
+  }
+  world_cup.stage = cup_stage::knock_out;
+  pair_semifinals();
+  return !run_semifinal();
+}
+
+}  // namespace
+
+bool run_group_a_match(const entered_side& first, const entered_side& second, const std::string& venue) {
+  return run_group_match(world_cup.group_a, first, second, venue);
+}
+
+bool run_group_b_match(const entered_side& first, const entered_side& second, const std::string& venue) {
+  return run_group_match(world_cup.group_b, first, second, venue);
+}
+
+bool run_super_six_match(const entered_side& first, const entered_side& second, const std::string& venue) {
+  if (!enter_match(first, second, venue)) return false;
+  book_league_match(&world_cup.super_six[1], 6, first.team, second.team);
+  return true;
+}
+
+bool run_semifinal() {
+  for (const int number : {1, 2}) {
+    if (!play_tie(number, world_cup.semi_finals[number])) return false;
+    show_tables();
+  }
+  const cup_knockout& first_semi = world_cup.semi_finals[1];
+  const cup_knockout& second_semi = world_cup.semi_finals[2];
+  cup_knockout final = {first_semi.winner,           second_semi.winner,          {}, {},
+                        winner_is_human(first_semi), winner_is_human(second_semi)};
+  if (!play_tie(3, final)) return false;
+  world_cup.grand_final = final;
+  show_tables();
+  return true;
+}
+
+void world_cup_form::show_again() {
+  const std::vector<team_entry> now = list_teams();
+  const auto same = [](const team_entry& a, const team_entry& b) { return a.name == b.name; };
+  const bool loaded = !closed && !teams.empty();
+  if (loaded && std::equal(teams.begin(), teams.end(), now.begin(), now.end(), same)) {
+    hidden = false;
+    return;
+  }
+  *this = world_cup_form();
+  open();
+}
+
+bool world_cup_form::ready() const {
+  const auto chosen = [](int index) { return index >= 0; };
+  return std::all_of(group_a_index.begin(), group_a_index.end(), chosen) &&
+         std::all_of(group_b_index.begin(), group_b_index.end(), chosen);
+}
+
+std::vector<std::string> world_cup_form::hosts() const {
+  std::vector<std::string> names;
+  for (const int index : host_index) names.push_back(entry_text(teams, index));
+  return names;
+}
+
+void world_cup_form::open() {
+  teams = list_teams();
+  if (teams.size() < 10) {
+    user().show(message_box{"Error", "Not enough teams in current database to play the World cup"});
+    closed = true;
+    return;
+  }
+  for (int i = 0; i < 5; ++i) {
+    group_a_index[i] = i;
+    group_b_index[i] = i + 5;
+  }
+  host_index = {0, -1, -1};
+}
+
+void world_cup_form::accept() {
+  reseed();
+  world_cup.grounds = list_grounds(hosts());
+  for (std::size_t i = 0; i < 5; ++i) {
+    world_cup.chosen_a[i] = entry_text(teams, group_a_index[i]);
+    world_cup.chosen_b[i] = entry_text(teams, group_b_index[i]);
+  }
+  world_cup.human_a = human_a;
+  world_cup.human_b = human_b;
+  hidden = true;
+  world_cup.stage = cup_stage::drawn;
+  world_cup.next_match = 0;
+  draw_group_fixtures();
+  show_fixtures();
+  closed = play_stages();
+  world_cup.stage = cup_stage::over;
+}
+
+}  // namespace velorin

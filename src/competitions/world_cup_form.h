@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "competitions/world_cup.h"
+
+namespace velorin {
+
+/// The World Cup: groups, hosts, human sides. Its OK plays the whole tournament.
+struct world_cup_form {
+  std::vector<team_entry> teams;                 ///< the list of all boxes
+  std::array<int, 5> group_a_index{};            ///< Group A, entries from 0
+  std::array<int, 5> group_b_index{};            ///< Group B
+  std::array<bool, 5> human_a{};                 ///< human sides of Group A
+  std::array<bool, 5> human_b{};                 ///< human sides of Group B
+  std::array<int, 3> host_index = {-1, -1, -1};  ///< hosts; -1 for none
+  bool closed = false;
+  bool hidden = false;  ///< play has begun; after a tournament played to its end the form stays loaded and hidden
+
+  static constexpr const char* note = "Note: Select all the human controlled teams.";
+
+  /// Loads the teams and sets the defaults; with fewer than ten teams reports that in a message and closes.
+  void open();
+  /// The form is asked for again: where it has stayed loaded it shows the choices made, else, or if the database has
+  /// other teams by now, it opens as at first.
+  void show_again();
+  /// All ten teams are chosen, which "OK" requires.
+  bool ready() const;
+  /// The hosts' names, "" for a box left empty.
+  std::vector<std::string> hosts() const;
+  /// "OK": draws the fixtures and plays the stages, with the fixture list and the tables between the matches, to the
+  /// end or until the user quits. A match that the user leaves before it has begun is still to be played: the list is
+  /// shown again, in the knock-out behind the tables. Draws and asks as told at the stages. Raises what the matches
+  /// raise.
+  void accept();
+  /// "Cancel".
+  void cancel() { closed = true; }
+};
+
+/// Plays a match of a group and books it in the cells of the two teams, found by name; of several the last counts.
+/// False, with nothing booked, if the user leaves the match before it has begun.
+bool run_group_a_match(const entered_side& first, const entered_side& second, const std::string& venue);
+bool run_group_b_match(const entered_side& first, const entered_side& second, const std::string& venue);
+/// Plays a match of the Super Six and books it in wc_super_six. False likewise.
+bool run_super_six_match(const entered_side& first, const entered_side& second, const std::string& venue);
+/// Plays both semi-finals and the final, each on a ground drawn anew, and shows the tables after each.
+/// False if the user has left one and then quit.
+bool run_semifinal();
+
+/// Fills the groups and draws the twenty group fixtures: venues, then thirty exchanges, then the numbers. Draws, each
+/// exchange after reseeding.
+void draw_group_fixtures();
+/// Sorts both groups, fills wc_super_six with the first three of each and what they carry over.
+void build_super_six();
+/// Notes the human sides and draws the nine Super Six fixtures: venues, then ten exchanges, then the numbers.
+void draw_super_six_fixtures();
+
+}  // namespace velorin

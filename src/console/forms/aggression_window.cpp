@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/forms/aggression_window.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "console/captain_forms.h"
+#include "desktop/controls.h"
+#include "desktop/level_slider.h"
+#include "desktop/meter_bar.h"
+#include "desktop/shown_text.h"
+
+namespace velorin {
+
+namespace {
+
+/// The labels of the four headings and figures, in shown order.
+constexpr int heading_labels[] = {1, 2, 5, 3};
+constexpr int figure_labels[] = {6, 7, 8, 9};
+
+QString label_name(int index) { return QStringLiteral("Label1_%1").arg(index); }
+
+}  // namespace
+
+AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent)
+    : Form(QStringLiteral("aggr"), Dismissal::closes, parent), form_(form) {
+  limit_body(720);
+  set_title(QStringLiteral("Aggression"), shown(form.player_name));
+  name_heading(label_name(0));
+  body()->addWidget(new_figures());
+  body()->addWidget(new_aggression());
+  findChild<LevelSlider*>(QStringLiteral("VScroll1"))->setFocus();
+  auto* sentence = new_named_label(label_name(4), shown(form_.score_sentence), TextRole::muted);
+  body()->addWidget(sentence);
+  sentence->setVisible(!form_.score_sentence.empty());
+  body()->addStretch(1);
+  const Act ok{.caption = QStringLiteral("OK"), .mnemonic = u'O'};
+  const auto confirm = [this] {
+    form_.accept();
+    if (form_.closed) accept();
+  };
+  for (const bool for_batsman : {true, false}) {
+    const QString name = for_batsman ? QStringLiteral("Command1") : QStringLiteral("Command2");
+    if (for_batsman == form_.for_batsman) {
+      add_default_button(name, ok, confirm);
+    } else {
+      add_button(name, ok, confirm)->hide();
+    }
+  }
+}
+
+QWidget* AggressionWindow::new_figures() {
+  QFrame* card = new_card();
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(32);
+  grid->setVerticalSpacing(4);
+  for (int i = 0; i < 4; ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    grid->addWidget(new_named_label(label_name(heading_labels[i]), shown(form_.headings[at]), TextRole::small_muted), 0,
+                    i);
+    auto* figure = new_named_label(label_name(figure_labels[i]), shown(form_.figures[at]), TextRole::heading, card);
+    grid->addWidget(figure, 1, i);
+    figure->setVisible(i < 3 || !form_.settled_visible);
+    grid->setColumnStretch(i, 1);
+    grid->setColumnMinimumWidth(i, 72);
+  }
+  auto* settled = new MeterBar(QStringLiteral("Picture1"), spoken_name(shown(form_.headings[3])),
+                               aggression_form::settled_full, card);
+  settled->set_value(form_.settled_width);
+  settled->setMinimumWidth(160);
+  grid->addWidget(settled, 1, 3, Qt::AlignVCenter);
+  settled->setVisible(form_.settled_visible);
+  card_rows(card)->addLayout(grid);
+  return card;
+}
+
+QWidget* AggressionWindow::new_aggression() {
+  QFrame* card = new_card();
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  auto* slider = new LevelSlider(QStringLiteral("VScroll1"), 1, 5);
+  slider->setValue(form_.aggression);
+  connect(slider, &QSlider::valueChanged, this, [this](int level) { form_.aggression = level; });
+  row->addWidget(new_caption(QStringLiteral("Aggression"), u'A', slider));
+  row->addStretch(1);
+  row->addWidget(new_label(shown(aggression_form::aggression_low), TextRole::muted));
+  row->addWidget(slider);
+  row->addWidget(new_label(shown(aggression_form::aggression_high), TextRole::muted));
+  card_rows(card)->addLayout(row);
+  return card;
+}
+
+}  // namespace velorin

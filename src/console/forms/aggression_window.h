@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/form.h"
+
+namespace velorin {
+
+struct aggression_form;
+
+/// A player's figures in this match and his aggression.
+class AggressionWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` has been made and outlives the window.
+  explicit AggressionWindow(aggression_form& form, QWidget* parent = front_window());
+
+ private:
+  QWidget* new_figures();
+  QWidget* new_aggression();
+
+  aggression_form& form_;
+};
+
+}  // namespace velorin

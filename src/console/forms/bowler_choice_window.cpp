@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/forms/bowler_choice_window.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "browsers/player_profile.h"
+#include "console/captain_forms.h"
+#include "console/forms/man_list.h"
+#include "desktop/shown_text.h"
+#include "model/match_state.h"
+#include "model/rules.h"
+#include "model/texts.h"
+
+namespace velorin {
+
+namespace {
+
+/// Overs, maidens, runs and wickets so far; nothing for a man who has not bowled.
+QString figures(int row) {
+  const bowling_card_rec& card = match.bowling_card[row];
+  return card.balls == 0 ? QString() : shown(bowling_figures(card.balls, card.maidens, card.runs, card.wickets));
+}
+
+}  // namespace
+
+BowlerChoiceWindow::BowlerChoiceWindow(bowler_choice_form& form, QWidget* parent)
+    : Form(QStringLiteral("chgbowler"),
+           form.shown_for == bowler_choice_form::use::change ? Dismissal::closes : Dismissal::refused, parent),
+      form_(form) {
+  limit_body(1000);
+  set_title(shown(form.title), shown(form.title));
+  set_subheading(shown(match.team2_name));
+  men_ = new ManList(QStringLiteral("Bowler"), {{shown(bowler_choice_form::skill_heading), true, "Label1"},
+                                                {shown(bowler_choice_form::economy_heading), true, "Label2"},
+                                                {QStringLiteral("O-M-R-W"), true, "figures", true},
+                                                {QStringLiteral("Bowler type"), false, nullptr, true},
+                                                {QString(), false, "note", true}});
+  for (int row = 1; row <= men_in_eleven; ++row) {
+    men_->set_row(row, shown(form_.name(row)), form_.enabled[row],
+                  {shown(form_.skill(row)), shown(form_.economy(row)), figures(row),
+                   shown(match.bowling_xi[row].bowler_type), note(row)});
+  }
+  body()->addWidget(men_, 1);
+  body()->addStretch();
+  men_->on_chosen([this](int row) {
+    form_.choose(row);
+    show_choice();
+  });
+  add_acts();
+  // A bowler who has bowled his overs does not start chosen: Return would only bring him back.
+  if (form_.shown_for != bowler_choice_form::use::quota) men_->choose(form_.chosen);
+  const int best = form_.best_row();
+  if (best > 0 && !men_->has_choice()) men_->focus_on(best);
+  show_choice();
+}
+
+QString BowlerChoiceWindow::note(int row) const {
+  const int other_end = form_.shown_for == bowler_choice_form::use::second_opener ? match.bowler : match.next_bowler;
+  if (match.bowling_card[row].balls >= balls_of_quota) return QStringLiteral("10 overs bowled");
+  if (row == other_end) return QStringLiteral("Bowls at the other end");
+  if (match.bowling_xi[row].is_keeper != 0) return QStringLiteral("Wicket-keeper");
+  return {};
+}
+
+void BowlerChoiceWindow::add_acts() {
+  add_button(QStringLiteral("Profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
+    if (form_.chosen > 0) show_profile(match.team2_name, form_.name(form_.chosen));
+  });
+  const Act act{.caption = QStringLiteral("OK"), .mnemonic = u'O'};
+  const auto confirm = [this] {
+    form_.accept();
+    if (form_.closed) accept();
+  };
+  using use = bowler_choice_form::use;
+  const use wanted = form_.shown_for == use::quota ? use::change : form_.shown_for;
+  int number = 0;
+  for (const use shown : {use::change, use::first_opener, use::second_opener}) {
+    const QString name = QStringLiteral("Command%1").arg(++number);
+    if (shown == wanted) {
+      ok_ = add_default_button(name, act, confirm);
+    } else {
+      add_button(name, act, confirm)->hide();
+    }
+  }
+}
+
+void BowlerChoiceWindow::show_choice() {
+  // A side without a man who can be chosen keeps its bowler.
+  const bool any = std::find(form_.enabled.begin() + 1, form_.enabled.end(), true) != form_.enabled.end();
+  ok_->setEnabled(men_->has_choice() || !any);
+}
+
+}  // namespace velorin

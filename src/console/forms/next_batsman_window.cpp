@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/forms/next_batsman_window.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "browsers/player_profile.h"
+#include "console/captain_forms.h"
+#include "console/forms/man_list.h"
+#include "desktop/controls.h"
+#include "desktop/level_slider.h"
+#include "desktop/shown_text.h"
+#include "model/match_state.h"
+#include "model/rules.h"
+
+namespace velorin {
+
+NextBatsmanWindow::NextBatsmanWindow(next_batsman_form& form, QWidget* parent)
+    : Form(QStringLiteral("batorder"), Dismissal::refused, parent), form_(form) {
+  limit_body(800);
+  set_title(shown(form.title), shown(form.title));
+  set_subheading(shown(match.team1_name));
+  auto* men =
+      new ManList(shown(next_batsman_form::names_heading), {{shown(next_batsman_form::skill_heading), true, "Label1"},
+                                                            {QStringLiteral("Bat Type"), false, nullptr, true},
+                                                            {QString(), false, "note", true}});
+  for (int row = 1; row <= men_in_eleven; ++row) {
+    const bool enabled = form_.enabled[row];
+    men->set_row(row, shown(form_.name(row)), enabled,
+                 {shown(form_.skill(row)), shown(match.batting_xi[row].bat_type),
+                  enabled ? QString() : QStringLiteral("Has come in")});
+  }
+  body()->addWidget(men, 1);
+  body()->addWidget(new_aggression());
+  body()->addStretch();
+  men->on_chosen([this](int row) { form_.choose(row); });
+  if (form_.chosen == 0) {
+    const auto first = std::find(form_.enabled.begin() + 1, form_.enabled.end(), true);
+    if (first != form_.enabled.end()) form_.choose(static_cast<int>(first - form_.enabled.begin()));
+  }
+  men->choose(form_.chosen);
+  add_button(QStringLiteral("Profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
+    if (form_.chosen > 0) show_profile(match.team1_name, form_.name(form_.chosen));
+  });
+  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
+    form_.accept();
+    if (form_.closed) accept();
+  });
+}
+
+QWidget* NextBatsmanWindow::new_aggression() {
+  QFrame* card = new_card();
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  auto* slider = new LevelSlider(QStringLiteral("VScroll1"), 1, 5);
+  slider->setValue(form_.aggression);
+  connect(slider, &QSlider::valueChanged, this, [this](int level) { form_.aggression = level; });
+  row->addWidget(new_caption(shown(next_batsman_form::aggression_caption), u'A', slider));
+  row->addStretch(1);
+  row->addWidget(new_label(shown(next_batsman_form::aggression_low), TextRole::muted));
+  row->addWidget(slider);
+  row->addWidget(new_label(shown(next_batsman_form::aggression_high), TextRole::muted));
+  card_rows(card)->addLayout(row);
+  return card;
+}
+
+}  // namespace velorin

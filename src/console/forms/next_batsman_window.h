@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/form.h"
+
+namespace velorin {
+
+struct next_batsman_form;
+
+/// The pick of the next batsman and of his aggression. The first man who can come in starts chosen: he is the one who
+/// comes without a choice.
+class NextBatsmanWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` has been made and outlives the window.
+  explicit NextBatsmanWindow(next_batsman_form& form, QWidget* parent = front_window());
+
+ private:
+  QWidget* new_aggression();
+
+  next_batsman_form& form_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/forms/settings_window.h"
+
+#include <QColorDialog>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "database/configuration.h"
+#include "database/settings_form.h"
+#include "desktop/controls.h"
+#include "desktop/message_window.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+
+namespace velorin {
+
+namespace {
+
+QColor shown_color(long color) {
+  return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF), static_cast<int>(color >> 16 & 0xFF)};
+}
+
+/// A button in the middle of the form.
+QPushButton* new_act(const QString& name, const Act& act, std::function<void()> pressed) {
+  auto* button = new QPushButton;
+  button->setObjectName(name);
+  button->setAutoDefault(false);
+  name_act(*button, act);
+  QObject::connect(button, &QPushButton::clicked, button, [pressed = std::move(pressed)] { guarded(pressed); });
+  return button;
+}
+
+/// Words under a control, shown while there are any.
+QLabel* new_note(const char* name, const QString& text) {
+  QLabel* note = new_named_label(QString::fromLatin1(name), text, TextRole::muted);
+  note->setWordWrap(true);
+  return note;
+}
+
+}  // namespace
+
+SettingsWindow::Choosers SettingsWindow::dialogs() {
+  return {[](QWidget* parent, const QColor& present) -> std::optional<QColor> {
+            const QColor chosen = QColorDialog::getColor(present, parent);
+            return chosen.isValid() ? std::optional(chosen) : std::nullopt;
+          },
+          [](QWidget* parent, const QString& present) {
+            return QFileDialog::getExistingDirectory(parent, QStringLiteral("Give Path for Photos"), present);
+          }};
+}
+
+SettingsWindow::SettingsWindow(settings_form& form, QWidget* parent, Choosers choosers)
+    : Form(QStringLiteral("optfrm"), Dismissal::closes, parent), form_(form), choosers_(std::move(choosers)) {
+  limit_body(880);
+  set_title(QStringLiteral("Configurations"), QStringLiteral("Configurations"));
+  add_database();
+  add_folder();
+  add_sample();
+  body()->addStretch(1);
+  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+                     [this] { confirm(); });
+}
+
+void SettingsWindow::add_database() {
+  QFrame* card = new_card();
+  databases_ = new QComboBox;
+  databases_->setObjectName(QStringLiteral("Combo1"));
+  for (const std::string& name : form_.databases) databases_->addItem(shown(name));
+  databases_->setCurrentIndex(databases_->findText(shown(form_.database), Qt::MatchExactly | Qt::MatchCaseSensitive));
+  connect(databases_, &QComboBox::currentIndexChanged, this, [this](int index) {
+    form_.database = index < 0 ? std::string() : form_.databases[static_cast<std::size_t>(index)];
+    show_database_note();
+  });
+  card_rows(card)->addWidget(new_caption(QStringLiteral("Select Database:"), u'D', databases_));
+  card_rows(card)->addWidget(databases_);
+  database_note_ = new_note("database_note", {});
+  card_rows(card)->addWidget(database_note_);
+  show_database_note();
+  if (form_.databases.empty()) {
+    card_rows(card)->addWidget(new_note(
+        "no_database", QStringLiteral("There is no database here yet. Put the .team file and the .grd file of a "
+                                      "database, both under one name, into the folder %1, then open this "
+                                      "window again.")
+                           .arg(QString::fromStdString(files.folder.string()))));
+  }
+  body()->addWidget(card);
+}
+
+void SettingsWindow::show_database_note() {
+  database_note_->setText(shown(form_.database_note()));
+  database_note_->setVisible(!database_note_->text().isEmpty());
+}
+
+void SettingsWindow::add_folder() {
+  QFrame* card = new_card();
+  folder_ = new QLineEdit(shown(form_.photo_folder));
+  folder_->setObjectName(QStringLiteral("Dir1"));
+  folder_->setReadOnly(true);
+  folder_->setMinimumWidth(360);
+  folder_note_ = new_note("folder_note", {});
+  card_rows(card)->addWidget(new_caption(QStringLiteral("Give Path for Photos :"), u'P', folder_));
+  auto* row = new QHBoxLayout;
+  row->setSpacing(8);
+  row->addWidget(folder_, 1);
+  row->addWidget(
+      new_act(QStringLiteral("Browse"), {.caption = QStringLiteral("Browse"), .mnemonic = u'B'}, [this] { browse(); }));
+  card_rows(card)->addLayout(row);
+  card_rows(card)->addWidget(folder_note_);
+  folder_note_->hide();
+  body()->addWidget(card);
+}
+
+void SettingsWindow::browse() {
+  const QString chosen = choosers_.folder(this, folder_->text());
+  if (chosen.isEmpty()) return;
+  const std::string path = core_text(chosen);
+  QString note;
+  if (shown(path) != chosen) {
+    note = QStringLiteral("The name of that folder has a character that cannot be kept; the former folder stays.");
+  } else {
+    form_.photo_folder = path;
+    folder_->setText(chosen);
+    note = shown(form_.folder_note());
+  }
+  folder_note_->setText(note);
+  folder_note_->setVisible(!note.isEmpty());
+}
+
+void SettingsWindow::add_sample() {
+  QFrame* card = new_card();
+  sample_ = new_named_label(QStringLiteral("Label2"), QStringLiteral("This is a sample line of text."));
+  sample_->setAlignment(Qt::AlignCenter);
+  sample_->setMinimumHeight(56);
+  form_.sample_font = core_text(sample_->font().family());
+  card_rows(card)->addWidget(new_label(QStringLiteral("Sample HTML Output :")));
+  card_rows(card)->addWidget(sample_);
+  auto* acts = new QHBoxLayout;
+  acts->setSpacing(8);
+  acts->addWidget(new_act(QStringLiteral("Command2"),
+                          {.caption = QStringLiteral("Change Background Color"), .mnemonic = u'G'}, [this] {
+                            form_.change_back_color(ask_color(form_.back_dialog_color));
+                            show_sample();
+                          }));
+  acts->addWidget(
+      new_act(QStringLiteral("Command4"), {.caption = QStringLiteral("Change Font Color"), .mnemonic = u'F'}, [this] {
+        form_.change_font_color(ask_color(form_.font_dialog_color));
+        show_sample();
+      }));
+  acts->addStretch(1);
+  card_rows(card)->addLayout(acts);
+  body()->addWidget(card);
+  show_sample();
+}
+
+std::optional<long> SettingsWindow::ask_color(long present) {
+  const std::optional<QColor> chosen = choosers_.color(this, shown_color(present));
+  if (!chosen) return std::nullopt;
+  return chosen->red() + 256L * chosen->green() + 65536L * chosen->blue();
+}
+
+void SettingsWindow::show_sample() {
+  sample_->setStyleSheet(
+      QStringLiteral("QLabel { color: %1; background: %2; border-radius: 4px; }")
+          .arg(shown_color(form_.sample_text_color).name(), shown_color(form_.sample_back_color).name()));
+}
+
+void SettingsWindow::confirm() {
+  if (const auto message = form_.accept()) {
+    MessageWindow window({message->title, message->text});
+    run_modal(window);
+  }
+  if (form_.closed) accept();
+}
+
+}  // namespace velorin

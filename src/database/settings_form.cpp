@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/settings_form.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "database/configuration.h"
+#include "model/code_page.h"
+#include "model/run_time_error.h"
+
+namespace velorin {
+
+namespace {
+
+/// A path as a setting can hold it; "" for one with a character that has no place in Windows-1252.
+std::string text_of(const std::filesystem::path& path) { return from_utf8(path.string()).value_or(std::string()); }
+
+/// The folder above that of the data files.
+std::filesystem::path program_folder() {
+  std::error_code failed;
+  std::filesystem::path data = std::filesystem::absolute(files.folder, failed).lexically_normal();
+  if (!data.has_filename()) data = data.parent_path();  // a slash behind the name
+  return data.parent_path();
+}
+
+bool is_folder(const std::string& path) {
+  std::error_code failed;
+  return std::filesystem::is_directory(to_utf8(path), failed);
+}
+
+/// The databases on offer; none in a folder that cannot be read.
+std::vector<std::string> list_of_databases() {
+  try {
+    return databases_on_offer(files.folder);
+  } catch (const run_time_error&) {
+    return {};
+  }
+}
+
+/// Sets a colour from its setting, unless that is empty or no colour.
+void show_color(long& color, const std::string& digits) {
+  try {
+    if (!digits.empty()) color = std::stol(change_to_rgb(digits));
+  } catch (const run_time_error&) {
+  }
+}
+
+}  // namespace
+
+void settings_form::open() {
+  *this = settings_form();
+  databases = list_of_databases();
+  if (std::find(databases.begin(), databases.end(), settings.database_name) != databases.end()) {
+    database = settings.database_name;
+  }
+  show_color(sample_text_color, settings.text_color);
+  show_color(sample_back_color, settings.back_color);
+  font_dialog_color = sample_text_color;
+  back_dialog_color = sample_back_color;
+  photo_folder = is_folder(settings.photo_path) ? settings.photo_path : text_of(program_folder());
+  current_drive = text_of(std::filesystem::path(to_utf8(photo_folder)).root_path());
+}
+
+std::string settings_form::database_note() const {
+  if (can_be_kept(database)) return {};
+  return "The name of this database cannot be kept: the next start asks for a database again.";
+}
+
+std::string settings_form::folder_note() const {
+  if (can_be_kept(photo_folder)) return {};
+  return "A path with a comma cannot be kept: the next start reads it up to the comma.";
+}
+
+void settings_form::change_drive(const std::string& drive) {
+  if (!is_folder(drive)) return;
+  current_drive = drive;
+  photo_folder = drive;
+}
+
+void settings_form::change_back_color(std::optional<long> chosen) {
+  if (chosen) back_dialog_color = *chosen;
+  sample_back_color = back_dialog_color;
+}
+
+void settings_form::change_font_color(std::optional<long> chosen) {
+  if (chosen) font_dialog_color = *chosen;
+  sample_text_color = font_dialog_color;
+}
+
+std::optional<settings_form::shown_message> settings_form::accept() {
+  if (database.empty()) return shown_message{"Error", "Please select a database before continuing"};
+  settings.database_name = database;
+  use_database(settings.database_name);
+  settings.photo_path = photo_folder;
+  settings.text_color = change_to_hex(font_dialog_color);
+  settings.back_color = change_to_hex(back_dialog_color);
+  settings.font_name = sample_font;
+  closed = true;
+  try {
+    write_options();
+  } catch (const run_time_error& error) {
+    return shown_message{"Error", std::string("The settings hold until the program ends. ") + error.what()};
+  }
+  return std::nullopt;
+}
+
+}  // namespace velorin

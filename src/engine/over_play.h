@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+// The ball and over driver: everything that a ball causes is sequenced from here.
+
+namespace velorin {
+
+/// Opens the console on the match that the set-up left: a fresh set of its values, opening bowlers and openers, clock.
+/// Requires the sides, the elevens, the conditions and the ground. A human captain is asked for his choices. An
+/// unattended match is played here to its end; one that is unfinished after 100 overs has no result and is reset.
+/// Raises run_time_error: a bowler not chosen (subscript), whatever play raises.
+void open_console();
+
+/// Bowls one over, or what is left of the innings. Requires an open console. Draws, for each ball, the delivery and
+/// what follows from it. Tells the front end of each ball. Raises run_time_error: a position that nobody fills or an
+/// over beyond the log's fifty (subscript), a figure beyond its width (overflow, with its field and whose it is), what
+/// the model, the books, the captains and the end of a match raise.
+void next_over();
+
+/// Asks a human captain for the two opening bowlers, or lets the computer choose them.
+void pick_opening_bowlers();
+/// Asks a human captain for the two openers, or lets the computer choose them; sets the batting aggressions.
+void pick_openers();
+/// Copies the names of positions 1 and 2 of batting_xi to the batting card.
+void name_openers();
+/// Copies the names of all eleven of bowling_xi to the bowling card.
+void name_bowlers();
+
+/// The console's form: its buttons. The values it shows are in the match.
+struct console_form {
+  /// "Next Over".
+  void bowl_next_over();
+  /// The scorecard.
+  void show_scorecard();
+  /// Changes the bowler; only while a human bowls.
+  void change_bowler();
+  /// Aggression of the batsman in slot 0 or 1; only while a human bats.
+  void change_batsman_aggression(int slot);
+  /// Aggression of the bowler (0) or the next bowler (1); only while a human bowls.
+  void change_bowler_aggression(int slot);
+  /// The worm and the graph of overs.
+  void show_worm();
+  void show_overs_graph();
+  /// The profiles of the bowler (7), the next bowler (9), and the batsmen in slot 0 (8) and slot 1 (10). Asks the front
+  /// end; a man without a career is a message.
+  void show_bowler_profile();
+  void show_lower_batsman_profile();
+  void show_next_bowler_profile();
+  void show_higher_batsman_profile();
+  /// Shows a past over: 1 to the number of overs completed. Other values are left alone.
+  void browse_over(int over);
+
+  bool closed() const;
+};
+
+}  // namespace velorin

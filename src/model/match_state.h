@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "model/commentary.h"
+#include "model/match_records.h"
+#include "model/rules.h"
+
+// The state of the one match in play. Every procedure of the match works on the one instance `match`. Fields are
+// grouped by lifetime; a group is reset by assigning a fresh one. A copy of `match` is a snapshot.
+
+namespace velorin {
+
+/// Who plays. From the set-up to the reset; the change of innings swaps the sides.
+struct match_sides {
+  std::string team1_name;      ///< the side now batting
+  std::string team2_name;      ///< the side now bowling
+  eleven batting_xi;           ///< [1..11] in batting order; changes when a man comes in out of order
+  eleven bowling_xi;           ///< [1..11]
+  bool computer_bats = true;   ///< the computer captains the batting side; the reset leaves true
+  bool computer_bowls = true;  ///< the computer captains the bowling side; the reset leaves true
+};
+
+/// Where play stands. From the opening of the console to the reset.
+struct match_position {
+  integer over_no;                 ///< 1..50, the over in progress
+  integer bowler;                  ///< position 1..11, bowls this over; 0 nobody yet
+  integer next_bowler;             ///< position 1..11, bowls the next over
+  integer striker;                 ///< position 1..11
+  integer non_striker;             ///< position 1..11
+  integer next_batsman_slot;       ///< 0..10, zero-based place of the man to come in
+  integer ball_outcome;            ///< 0..11, result of the last delivery
+  bool maiden_flag = false;        ///< no run off the bat has come in this over
+  bool innings_over_flag = false;  ///< the last wicket has fallen
+  integer clock_minutes;           ///< time of day of the match in minutes
+};
+
+/// The fourteen innings totals: the current innings, then the other one. `first_total` 0 marks the first innings.
+struct match_totals {
+  integer innings_total;    ///< filled at the end of the innings only
+  integer innings_balls;    ///< legal balls so far
+  integer innings_wickets;  ///< filled at the end of the innings only
+  integer innings_no_balls;
+  integer innings_wides;
+  integer innings_byes;
+  integer innings_leg_byes;
+  integer first_total;
+  integer first_balls;
+  integer first_wickets;
+  integer first_no_balls;
+  integer first_wides;
+  integer first_byes;
+  integer first_leg_byes;
+};
+
+/// The books: each table for the current innings, and again with `first_` for the other one.
+struct match_books {
+  batting_card_table batting_card;
+  batting_card_table first_batting_card;
+  bowling_card_table bowling_card;
+  bowling_card_table first_bowling_card;
+  fall_of_wicket_table fall_of_wicket;
+  fall_of_wicket_table first_fall_of_wicket;
+  ball_log_table ball_log;  ///< slots 1..6 what each ball did, slot 7 the bowler's name
+  ball_log_table first_ball_log;
+  commentary_log commentary_store;  ///< the lines of the innings before this one, without the end marker
+  bool commentary_stored = false;   ///< the store has been filled and ends with its marker
+};
+
+/// Who has been congratulated for what, empty entries behind the last. Not cleared at the change of innings.
+struct match_achievements {
+  std::array<std::string, 23> fifty_list;             // 1..22
+  std::array<std::string, 23> hundred_list;           // 1..22
+  std::array<std::string, 11> century_and_half_list;  // 1..10
+  std::array<std::string, 11> double_century_list;    // 1..10
+  std::array<std::string, 23> five_wicket_list;       // 1..22
+  std::array<std::string, 21> stand50_list;           // 1..20
+  std::array<std::string, 21> stand100_list;          // 1..20
+  std::array<std::string, 21> stand150_list;          // 1..20
+  std::array<std::string, 21> stand200_list;          // 1..20
+  std::array<std::string, 21> stand250_list;          // 1..20
+  std::array<std::string, 21> stand300_list;          // 1..20
+};
+
+/// Ground and conditions. From the set-up to the reset.
+struct match_conditions {
+  ground_rec ground;  ///< the chosen ground; its two pitch figures become the conditions chosen
+  integer weather;    ///< 1..4
+  integer outfield;   ///< 1..4
+};
+
+/// A stand of an innings: wickets down and the pair's positions, the lower one first.
+struct stand_key {
+  int wickets = 0;
+  int lower = 0;
+  int higher = 0;
+
+  bool operator==(const stand_key&) const = default;
+};
+
+/// Who is known to be on the achievement lists, so that no list is searched again for him: the step up to which a man
+/// at a position, or the present pair, has been entered. Steps count the lists of a kind from 1 in rising order. Only
+/// for the innings in play.
+struct match_known_achievements {
+  std::array<std::uint8_t, men_in_eleven + 1> batting_step{};      ///< [1..11] 1 to 4: 50, 100, 150, 200
+  std::array<std::uint8_t, men_in_eleven + 1> five_wicket_step{};  ///< [1..11] 1: entered
+  std::uint8_t stand_step = 0;                                     ///< 1 to 6: 50 to 300
+  stand_key stand_of;                                              ///< the stand when the step was noted
+};
+
+/// What the set-up collects on its way to the toss.
+struct match_set_up {
+  integer team_count;                     ///< teams of the database
+  std::array<std::string, 21> team_list;  ///< [1..20] names in file order
+  std::array<squad, 2> squads;            ///< the first and the second team's men, sorted
+  std::array<eleven, 2> selected;         ///< the eleven of the team chosen first and of the other
+  bool elevens_exchanged = false;         ///< the toss made the team chosen first the second
+  bool elevens_unsaved = false;           ///< the user has gone on without the files of the elevens
+  bool first_team_done = false;           ///< the first side's selection is confirmed
+};
+
+/// The computer captain's list. Built once an innings.
+struct match_bowler_pool {
+  std::array<bowler_pool_rec, men_in_eleven + 1> bowler_pool;  // 1..11, best first
+};
+
+/// A row of the console's running table of bowlers: a man's figures when the table was last refreshed.
+struct bowler_row {
+  integer position;  ///< place in the bowling eleven; 0 for an empty row
+  integer balls;
+  integer maidens;
+  integer runs;
+  integer wickets;
+};
+
+/// The figures of the console's last refresh. The rate panel is written from them, and the projection is frozen from
+/// them at the change of innings, which keeps them.
+struct rate_figures {
+  int score_runs = 0;
+  int score_wickets = 0;
+  integer innings_balls;  ///< 0: nothing bowled yet
+  integer over_no;        ///< the over then about to begin
+  bool of_innings_before =
+      false;                 ///< the innings has changed since: the projection is spent, the panel shows none of it
+  double required_rate = 0;  ///< last value of "RR Reqd."
+  bool required_rate_shown = false;
+};
+
+/// The console's projected score at 6 runs an over, frozen at the change of innings.
+struct projection_text {
+  enum class kind : std::uint8_t { empty, dash, number };
+  kind what = kind::empty;
+  int value = 0;
+
+  /// "", "-" (no over was completed) or the number.
+  std::string text() const;
+  /// The number. Raises run_time_error (type) where the text is none.
+  double number() const {
+    if (what != kind::number) [[unlikely]]
+      raise_no_number();
+    return value;
+  }
+
+ private:
+  [[noreturn]] void raise_no_number() const;
+};
+
+/// The man out last, for the console's label.
+struct last_wicket_note {
+  integer position;        ///< on the batting card of that innings; 0 for none yet
+  integer innings_number;  ///< of the innings in which he was out
+  int score_runs = 0;      ///< the side's runs at that moment
+};
+
+/// The values that the console holds. A fresh one comes with each opening of the console.
+struct match_console {
+  int score_runs = 0;                                  ///< runs of the innings, wides and no balls left out
+  int score_wickets = 0;                               ///< 0..10
+  std::array<short_text, balls_of_over> over_symbols;  ///< [0..5] what each ball of the present over did
+  std::array<int, 2> batsman_aggression = {1, 2};      ///< 1..5; slot 0 the lower batting position at the crease
+  std::array<int, 2> bowling_aggression = {1, 2};      ///< 1..5; slot 0 the over being bowled
+  std::array<double, 2> settled_meter = {0, 0};        ///< 0..915, slots of the batsmen
+  commentary_log ball_commentary;                      ///< the lines of this innings
+  std::array<bowler_row, 11> bowler_list;              // rows 1..10 in the order in which the bowlers came on
+  rate_figures rates;
+  projection_text first_innings_projection;  ///< frozen at the change of innings
+  std::array<integer, 2> opening_bowlers;    ///< positions of this innings' opening pair
+  bool bowler_change_pending = false;        ///< a change is still to be announced
+  integer bowler_change_out;
+  integer bowler_change_in;
+  last_wicket_note last_wicket;
+  int browsed_over = 0;       ///< value of the over browser
+  int browser_maximum = 0;    ///< highest over that can be browsed
+  integer innings_number;     ///< innings begun in this match
+  bool console_open = false;  ///< the console is loaded
+};
+
+/// How the match ended. Outlives the reset: this is how a competition learns the outcome.
+struct match_result {
+  std::string result_ground;
+  std::string result_winner;  ///< empty, like result_loser, on a tie
+  std::string result_loser;
+  std::string result_margin;
+  rate_entry rate_first;  ///< the side that batted first
+  rate_entry rate_second;
+};
+
+/// One side's line in the graph of running scores.
+struct worm_line {
+  std::string team;                                  ///< caption; empty until the graph is first touched
+  int score_runs = 0;                                ///< the score as last written
+  int score_wickets = 0;                             ///< likewise
+  bool score_set = false;                            ///< a score has been written
+  std::array<integer, overs_of_innings + 2> row{};   // 1..51, running score; row 1 is the over that opens the innings
+  std::array<bool, overs_of_innings + 2> row_set{};  // rows written so far
+};
+
+/// The graph of running scores. Lives as long as the program runs: nothing resets it.
+struct match_worms {
+  bool loaded = false;
+  std::array<worm_line, 2> worm;
+};
+
+struct match_state : match_sides,
+                     match_position,
+                     match_totals,
+                     match_books,
+                     match_achievements,
+                     match_known_achievements,
+                     match_conditions,
+                     match_set_up,
+                     match_bowler_pool,
+                     match_console,
+                     match_result,
+                     match_worms {
+  bool innings_changed = false;  ///< the innings or match has just ended; the driver clears it as it leaves
+
+  bool human_involved() const { return !computer_bats || !computer_bowls; }
+  const std::string& venue_name() const { return ground.ground_name; }
+  /// Overs bowled in this innings, such as "49.5".
+  std::string overs_text() const;
+  /// The batsmen's slot of the striker: 0 if his is the lower position at the crease.
+  int striker_slot() const { return int(int(striker) >= int(non_striker)); }
+  int lower_batsman() const { return std::min(int(striker), int(non_striker)); }
+  int higher_batsman() const { return std::max(int(striker), int(non_striker)); }
+};
+
+extern match_state match;
+
+/// The lines shown in the console's commentary box: this innings so far.
+std::vector<std::string> commentary_lines();
+/// The stored lines of the innings before, up to but not including the marker "end of byb", the empty line before the
+/// marker kept. Empty before the change of innings.
+std::vector<std::string> stored_commentary_lines();
+
+}  // namespace velorin

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/forms/first_partnerships_window.h"
+
+#include "reports/forms/report_parts.h"
+#include "reports/partnerships.h"
+
+namespace velorin {
+
+FirstPartnershipsWindow::FirstPartnershipsWindow(const first_partnerships_form& form, QWidget* parent)
+    : Form(QStringLiteral("partners2"), Dismissal::closes, parent) {
+  const QString title = QStringLiteral("1st Innings Partnerships");
+  lay_out_table(*this, title, QStringLiteral("stands"), stands_table(form, title));
+}
+
+}  // namespace velorin

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/forms/first_scorecard_window.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "console/captain_forms.h"
+#include "desktop/shown_text.h"
+#include "reports/forms/batting_card_view.h"
+#include "reports/forms/report_parts.h"
+#include "reports/scorecard.h"
+#include "ui/front_end.h"
+
+namespace velorin {
+
+FirstScorecardWindow::FirstScorecardWindow(const first_scorecard_form& form, QWidget* parent)
+    : Form(QStringLiteral("scorecard2"), Dismissal::closes, parent), form_(form) {
+  set_title(QStringLiteral("Scorecard - 1st Innings"), shown(form_.batting_side));
+  set_subheading(shown(form_.ground));
+  name_head(*this, QStringLiteral("Label10"), QStringLiteral("Label12"));
+  new_column(*this, widest_card)
+      ->addWidget(new BattingCardView(form_,
+                                      [this](int place) {
+                                        batsman_details_form details;
+                                        details.figures = form_.details(place);
+                                        details.title = details.figures.title;
+                                        user().show(details);
+                                        focus_default();
+                                      }),
+                  1);
+  add_aside(new_report_button(QStringLiteral("Command2"),
+                              {.caption = shown(first_scorecard_form::bowling_caption), .mnemonic = u'B'},
+                              [this] { form_.show_bowling(); }));
+  add_aside(new_report_button(QStringLiteral("Command3"),
+                              {.caption = shown(first_scorecard_form::partnerships_caption), .mnemonic = u'P'},
+                              [this] { form_.show_partnerships(); }));
+  add_ok(*this);
+  findChild<QPushButton*>(QStringLiteral("Command1"))->setFocus();
+}
+
+}  // namespace velorin

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+// The running scores of the two sides against the overs. The lines live in match.worm for as long as the program runs;
+// the match that first touches them gives them their names, and later matches write into them only under those names.
+
+namespace velorin {
+
+/// Names the two lines after the sides of the match: first the one batting, then the other. Only the first call in a
+/// run of the program does anything. Reads and writes match.
+void load_worms();
+
+/// A sentence that tells whose names the lines bear; "" while they have none.
+std::string standing_worms();
+/// Lines without names and rows, as at the start of the program. Writes match.
+void start_worms_afresh();
+
+/// Books the present score in the line of the batting side: the row of the over in progress, and the score beside its
+/// name. Loads the lines if need be. Nothing happens for a side that has none. Called after every ball. Reads and
+/// writes match.
+void feed_worms();
+
+/// The place of a side in every chart, 0 or 1, by which it has its colour: that of its line; without one the other, or
+/// that of its innings. Reads match.
+int chart_place(const std::string& team);
+
+/// A point of a line.
+struct worm_point {
+  int row = 0;    ///< 1..51; the end of over n stands on row n + 1
+  int value = 0;  ///< the side's runs
+};
+
+/// The window that shows the lines.
+struct worm_graph_form {
+  std::string first_side;                         ///< the side of the first line
+  std::string second_side;                        ///< the side of the second line
+  std::string first_score;                        ///< score of the first line as last written, "" before
+  std::string second_score;                       ///< score of the second line, likewise
+  std::array<std::vector<worm_point>, 2> series;  ///< the rows written so far, by rows
+  /// Those of them that the match in play has written; rows of an earlier match may stand behind them.
+  std::array<std::vector<worm_point>, 2> of_match;
+
+  /// A line holds rows that are not of this match, or is called after a side that does not play in it.
+  bool has_old_rows() const { return has_old_rows_; }
+
+  /// Fills the window afresh, and loads the lines if need be. Reads match, may write match.worm.
+  void open();
+
+ private:
+  bool has_old_rows_ = false;
+};
+
+}  // namespace velorin

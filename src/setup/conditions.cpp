@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/conditions.h"
+
+#include <cmath>
+
+#include "database/configuration.h"
+#include "database/whole_file.h"
+#include "model/match_state.h"
+#include "model/random.h"
+#include "model/run_time_error.h"
+#include "model/texts.h"
+
+namespace velorin {
+
+namespace {
+
+constexpr std::array<const char*, 4> weather_texts = {
+    "Dark and Rainy, suitable for the quick bowlers.", "Cloudy and Overcast, swing bowlers should dominate.",
+    "Fine and Sunny, perfect for the batsmen.", "Hot and Humid, tiring conditions for players."};
+constexpr std::array<const char*, 4> pitch_texts = {"Green top, will suit the quick bowlers.",
+                                                    "Lots of cracks favouring spinners.",
+                                                    "Somewhat even surface favouring batsmen and bowlers equally.",
+                                                    "Very even surface with dead grass, will suit the batsmen."};
+constexpr std::array<const char*, 4> bounce_texts = {
+    "High bounce, fast bowlers should dominate.", "Uneven bounce, difficult for batsmen.",
+    "Fairly even bounce with the odd one keeping low, should favour batsmen and bowlers equally.",
+    "Perfect even bounce for playing strokes favouring the batsmen."};
+constexpr std::array<const char*, 4> outfield_texts = {"Wet, very slow outfield.", "Slow outfield.",
+                                                       "Somewhat fast outfield.", "Very fast outfield"};
+
+/// Values a draw can give: Int(count x r + lowest).
+struct span_of_values {
+  int count;
+  int lowest;
+};
+constexpr std::array<span_of_values, 4> temperatures = {{{16, 5}, {16, 5}, {13, 20}, {12, 29}}};
+constexpr std::array<span_of_values, 4> humidities = {{{21, 30}, {21, 30}, {41, 30}, {21, 70}}};
+
+constexpr std::array<sky_color, 4> sky_tops = {
+    {{0, 0, 0}, {35536, 35536, 35536}, {0, 33536, 65535}, {65535, 35536, 0}}};
+constexpr std::array<sky_color, 4> sky_bottoms = {
+    {{50536, 50536, 50536}, {65535, 65535, 65535}, {0, 65535, 65535}, {65535, 65036, 0}}};
+
+/// 1 with a chance of 2 in 5; 2, 3 and 4 with 1 in 5 each.
+int draw_condition() {
+  reseed();
+  const int value = static_cast<int>(5 * rnd());
+  return value == 0 ? 1 : value;
+}
+
+int draw_from(const span_of_values& values) {
+  return static_cast<int>(std::floor(values.count * rnd() + values.lowest));
+}
+
+int slider_value(int figure, const char* field) {
+  if (figure < 1 || figure > 4) {
+    throw run_time_error(
+        failure::type, "Invalid value: " + number_text(figure) + " is no pitch condition of 1 to 4",
+        {.file = file_name_text(files.ground_file), .record = 0, .field = field, .player = match.venue_name()});
+  }
+  return figure;
+}
+
+}  // namespace
+
+void conditions_form::open() {
+  pitch_surface = slider_value(match.ground.pitch_bounce, "pitch_bounce");
+  pitch_bounce = slider_value(match.ground.pitch_surface, "pitch_surface");
+  weather = draw_condition();
+  outfield = draw_condition();
+  drawn_ = {weather, pitch_surface, pitch_bounce, outfield};
+  temperature_ = draw_from(temperatures[weather - 1]);
+  humidity_ = draw_from(humidities[weather - 1]);
+  closed = false;
+}
+
+std::string conditions_form::headline() const { return "Conditions in " + match.venue_name() + ":"; }
+std::string conditions_form::weather_words() const { return weather_texts[drawn_[0] - 1]; }
+std::string conditions_form::pitch_words() const { return pitch_texts[drawn_[1] - 1]; }
+std::string conditions_form::bounce_words() const { return bounce_texts[drawn_[2] - 1]; }
+std::string conditions_form::outfield_words() const { return outfield_texts[drawn_[3] - 1]; }
+
+std::string conditions_form::temperature_line() const {
+  return "The temperature is " + number_text(temperature_) + " C with a humidity of " + number_text(humidity_) + "%";
+}
+
+sky_color conditions_form::sky_top() const { return sky_tops[weather - 1]; }
+sky_color conditions_form::sky_bottom() const { return sky_bottoms[weather - 1]; }
+
+void conditions_form::accept() {
+  match.ground.pitch_surface = pitch_surface;
+  match.ground.pitch_bounce = pitch_bounce;
+  match.outfield = outfield;
+  match.weather = weather;
+  closed = true;
+}
+
+}  // namespace velorin

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace velorin {
+
+/// Red, green, blue, 0 to 65535 each.
+using sky_color = std::array<std::uint16_t, 3>;
+
+/// The conditions: the pitch of the ground, weather and outfield by chance, all four to be moved before the OK.
+struct conditions_form {
+  int weather = 1;        ///< weather, 1 to 4
+  int pitch_surface = 1;  ///< pitch surface, 1 to 4
+  int pitch_bounce = 1;   ///< pitch bounce, 1 to 4
+  int outfield = 1;       ///< outfield, 1 to 4
+  bool closed = false;
+  bool left = false;  ///< the user has left the match here
+
+  /// Sets the sliders. Reads match.ground. Draws weather and outfield, each after reseeding, then temperature and
+  /// humidity. Raises run_time_error (type) for a pitch figure outside 1 to 4.
+  void open();
+
+  std::string headline() const;          ///< the headline
+  std::string weather_words() const;     ///< words for the weather as drawn; moving a slider changes no words
+  std::string pitch_words() const;       ///< words for the pitch
+  std::string bounce_words() const;      ///< words for the bounce
+  std::string outfield_words() const;    ///< words for the outfield
+  std::string temperature_line() const;  ///< temperature and humidity
+  /// Colours of the sky for the weather slider as it stands, from the top to the bottom.
+  sky_color sky_top() const;
+  sky_color sky_bottom() const;
+
+  /// "OK": the sliders become the conditions of the match.
+  void accept();
+  /// The user leaves the match: the form closes, and the set-up is undone.
+  void leave() { left = closed = true; }
+
+ private:
+  std::array<int, 4> drawn_ = {1, 1, 1, 1};  // the sliders as the words were written
+  int temperature_ = 0;
+  int humidity_ = 0;
+};
+
+}  // namespace velorin

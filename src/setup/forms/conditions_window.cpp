@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/forms/conditions_window.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "desktop/accessible_role.h"
+#include "desktop/controls.h"
+#include "desktop/level_slider.h"
+#include "desktop/shown_text.h"
+#include "setup/conditions.h"
+#include "setup/forms/leaving.h"
+
+namespace velorin {
+
+namespace {
+
+QColor sky(const sky_color& channels) {
+  return QColor::fromRgba64(QRgba64::fromRgba64(channels[0], channels[1], channels[2], 0xFFFF));
+}
+
+/// The sky over the ground, painted for the weather slider as it stands when it is painted.
+class Sky : public QWidget {
+ public:
+  explicit Sky(const conditions_form& form) : form_(form) {
+    setObjectName(QStringLiteral("Picture1"));
+    setMinimumHeight(120);
+    give_role(*this, QAccessible::Graphic);
+    setAccessibleName(QStringLiteral("The sky"));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QLinearGradient gradient(0, 0, 0, height());
+    gradient.setColorAt(0, sky(form_.sky_top()));
+    gradient.setColorAt(1, sky(form_.sky_bottom()));
+    QPainter(this).fillRect(rect(), gradient);
+  }
+
+ private:
+  const conditions_form& form_;
+};
+
+struct Condition {
+  const char* caption;
+  char16_t mnemonic;
+  const char* slider;
+  const char* label;
+  int conditions_form::*value;
+  std::string (conditions_form::*words)() const;
+};
+
+constexpr Condition conditions[] = {
+    {"Weather", u'W', "HScroll1", "Label1", &conditions_form::weather, &conditions_form::weather_words},
+    {"Pitch", u'P', "HScroll2", "Label2", &conditions_form::pitch_surface, &conditions_form::pitch_words},
+    {"Bounce", u'B', "HScroll3", "Label3", &conditions_form::pitch_bounce, &conditions_form::bounce_words},
+    {"Outfield", u'F', "HScroll4", "Label4", &conditions_form::outfield, &conditions_form::outfield_words},
+};
+
+}  // namespace
+
+ConditionsWindow::ConditionsWindow(conditions_form& form, QWidget* parent)
+    : Form(QStringLiteral("wecond"), Dismissal::refused, parent), form_(form) {
+  set_title(shown(form.headline()), shown(form.headline()));
+  name_heading(QStringLiteral("Label8"));
+  body()->addWidget(new Sky(form_), 1);
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(24);
+  grid->setVerticalSpacing(8);
+  grid->setColumnStretch(2, 1);
+  int row = 0;
+  for (const Condition& condition : conditions) {
+    auto* slider = new LevelSlider(QString::fromLatin1(condition.slider), 1, 4);
+    slider->setValue(form_.*condition.value);
+    connect(slider, &QSlider::valueChanged, this, [this, value = condition.value](int level) { form_.*value = level; });
+    grid->addWidget(new_caption(QString::fromLatin1(condition.caption), condition.mnemonic, slider), row, 0);
+    grid->addWidget(slider, row, 1);
+    auto* words = new_named_label(QString::fromLatin1(condition.label), shown((form_.*condition.words)()));
+    words->setWordWrap(true);
+    words->setMinimumWidth(420);
+    grid->addWidget(words, row, 2);
+    ++row;
+  }
+  body()->addLayout(grid);
+  body()->addWidget(new_named_label(QStringLiteral("Label5"), shown(form_.temperature_line()), TextRole::muted));
+  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
+    form_.accept();
+    if (form_.closed) accept();
+  });
+  let_leave(*this, form_);
+}
+
+}  // namespace velorin

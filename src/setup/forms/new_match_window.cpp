@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/forms/new_match_window.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <functional>
+
+#include "desktop/afresh_line.h"
+#include "desktop/controls.h"
+#include "desktop/preferences.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "reports/worm_graph.h"
+#include "setup/new_match.h"
+
+namespace velorin {
+
+namespace {
+
+/// "CPU" and "Human", one of which is chosen.
+QHBoxLayout* new_captains(const char* name, const QString& team, bool& cpu, QWidget* parent) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  auto* group = new QButtonGroup(parent);
+  const auto add = [&](int index, const char* caption) {
+    auto* option = new QRadioButton(QString::fromLatin1(caption));
+    option->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(index));
+    option->setAccessibleName(QStringLiteral("%1: %2").arg(team, QString::fromLatin1(caption)));
+    group->addButton(option);
+    row->addWidget(option);
+    return option;
+  };
+  QRadioButton* computer = add(0, "CPU");
+  QRadioButton* human = add(1, "Human");
+  (cpu ? computer : human)->setChecked(true);
+  QObject::connect(computer, &QRadioButton::toggled, parent, [&cpu](bool on) { cpu = on; });
+  row->addStretch(1);
+  return row;
+}
+
+}  // namespace
+
+NewMatchWindow::NewMatchWindow(new_match_form& form, QWidget* parent)
+    : Form(QStringLiteral("teamfrm"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox) {
+  limit_body(880);
+  const Captains captains = preferences::captains();
+  form_.computer_captains_first = !captains.first_human;
+  form_.computer_captains_second = !captains.second_human;
+  set_title(QStringLiteral("New Match"), QStringLiteral("New Match"));
+  auto* teams = new QHBoxLayout;
+  teams->setSpacing(16);
+  const auto add_team = [&](const char* caption, char16_t mnemonic, QComboBox* list, const char* options, bool& cpu) {
+    QFrame* card = new_card();
+    QLabel* heading = new_caption(QString::fromLatin1(caption), mnemonic, list);
+    card_rows(card)->addWidget(heading);
+    card_rows(card)->addWidget(list);
+    card_rows(card)->addLayout(new_captains(options, spoken_name(QString::fromLatin1(caption)), cpu, card));
+    teams->addWidget(card, 1);
+  };
+  add_team(" First Team ", u'F', new_team_list("Combo1", form.first_team_index, &new_match_form::choose_first_team),
+           "Option1", form.computer_captains_first);
+  teams->addWidget(new_label(QStringLiteral("vs"), TextRole::heading));
+  add_team(" Second Team ", u'S', new_team_list("Combo2", form.second_team_index, &new_match_form::choose_second_team),
+           "Option3", form.computer_captains_second);
+  body()->addLayout(teams);
+
+  grounds_->setObjectName(QStringLiteral("Combo3"));
+  grounds_->setMinimumWidth(320);
+  auto* place = new QHBoxLayout;
+  place->setSpacing(16);
+  place->addStretch(1);
+  place->addWidget(new_caption(QStringLiteral("at"), u't', grounds_));
+  grounds_->setAccessibleName(QStringLiteral("Ground"));
+  place->addWidget(grounds_);
+  place->addStretch(1);
+  body()->addSpacing(8);
+  body()->addLayout(place);
+  body()->addStretch(1);
+  add_afresh_line(*body(), standing_worms(), &start_worms_afresh);
+  connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) {
+    form_.ground_index = index;
+    show_ready();
+  });
+
+  wanted_ = new_named_label(QStringLiteral("wanted"), {}, TextRole::muted);
+  add_beside_buttons(wanted_);
+  ok_ = add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+                           [this] { play(); });
+  add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
+  on_dismiss([this] {
+    form_.cancel();
+    done(Rejected);
+  });
+  show_grounds();
+}
+
+QComboBox* NewMatchWindow::new_team_list(const char* name, int chosen, void (new_match_form::*choose)(int)) {
+  auto* list = new QComboBox;
+  list->setObjectName(QString::fromLatin1(name));
+  list->setMinimumWidth(240);
+  list->setMaxVisibleItems(20);
+  for (const team_entry& team : form_.teams) list->addItem(shown(team.name), team.record);
+  list->setCurrentIndex(chosen);
+  connect(list, &QComboBox::currentIndexChanged, this, [this, choose](int index) {
+    guarded([&] {
+      std::invoke(choose, form_, index);
+      show_grounds();
+    });
+  });
+  return list;
+}
+
+void NewMatchWindow::show_grounds() {
+  const QSignalBlocker quiet(grounds_);
+  grounds_->clear();
+  for (const std::string& ground : form_.grounds) grounds_->addItem(shown(ground));
+  grounds_->setCurrentIndex(form_.ground_index);
+  show_ready();
+}
+
+void NewMatchWindow::show_ready() {
+  const bool teams = form_.first_team_index >= 0 && form_.second_team_index >= 0;
+  wanted_->setText(form_.ready() ? QString()
+                   : teams       ? QStringLiteral("Choose a ground")
+                                 : QStringLiteral("Choose both teams"));
+  ok_->setEnabled(form_.ready());
+}
+
+void NewMatchWindow::play() {
+  preferences::set_captains({!form_.computer_captains_first, !form_.computer_captains_second});
+  hide();
+  form_.accept();
+  accept();
+}
+
+}  // namespace velorin

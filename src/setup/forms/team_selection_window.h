@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+
+#include "desktop/form.h"
+
+class QCheckBox;
+class QLabel;
+
+namespace velorin {
+
+class BandedGrid;
+struct team_selection_form;
+
+/// The selection of an eleven: twenty rows to tick. Hidden while the second team's OK plays the match.
+class TeamSelectionWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `form` has been opened and outlives the window.
+  explicit TeamSelectionWindow(team_selection_form& form, QWidget* parent = front_window());
+
+ private:
+  void add_row(BandedGrid& grid, int place);
+  void add_acts();
+  /// Shows the ticks and the counter as the form has them.
+  void show_ticks();
+  void confirm();
+
+  team_selection_form& form_;
+  std::array<QCheckBox*, 21> boxes_{};
+  QLabel* counter_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/menu_window.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "database/agreement.h"
+#include "database/configuration.h"
+#include "desktop/controls.h"
+#include "desktop/ground_picture.h"
+#include "desktop/message_window.h"
+#include "desktop/preferences.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "desktop/theme.h"
+#include "shell/menu_actions.h"
+#include "shell/menu_entry.h"
+#include "shell/qt_front_end.h"
+
+namespace velorin {
+
+MenuWindow::MenuWindow(QtFrontEnd& shown_by)
+    : Form(QStringLiteral("opening"), Dismissal::refused, nullptr), shown_by_(shown_by) {
+  setModal(false);
+  set_title(QStringLiteral("Velorin"), {});
+  setMouseTracking(true);
+  body()->setContentsMargins(0, 0, 0, 0);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(0);
+  auto* picture = new GroundPicture(QStringLiteral("picture"));
+  picture->set_words(QStringLiteral("Velorin"), QStringLiteral("One-day international cricket"));
+  picture->setMinimumSize(320, 320);
+  row->addWidget(picture, 3);
+  auto* side = new QWidget;
+  side->setMinimumWidth(360);
+  auto* rows = new QVBoxLayout(side);
+  rows->setContentsMargins(32, 32, 32, 16);
+  panels_ = new QVBoxLayout;
+  rows->addLayout(panels_, 1);
+  database_ = new_named_label(QStringLiteral("database"), {}, TextRole::small_muted);
+  rows->addWidget(database_);
+  row->addWidget(side, 2);
+  body()->addLayout(row);
+  add_main_panel();
+  add_start_panel();
+  add_other_panel();
+  add_batting_panel();
+  add_bowling_panel();
+  rows->addWidget(new_appearance_choice());
+  prefer_size(QSize(1000, 660));
+  show_panel(main_);
+}
+
+void MenuWindow::start() {
+  guarded([this] {
+    std::string cause;
+    const first_settings found = take_first_settings(&cause);
+    if (!cause.empty()) {
+      MessageWindow told({"Error", cause});
+      run_modal(told);
+    }
+    if (found == first_settings::not_on_offer) {
+      MessageWindow told(
+          {"Error", "The database \"" + settings.database_name + "\" is not on offer (file options.mc)"});
+      run_modal(told);
+    }
+    if (found != first_settings::in_use) menu::configurations();
+    show_database();
+  });
+}
+
+QWidget* MenuWindow::new_panel(const char* name, const QString& heading, const std::vector<Entry>& entries) {
+  auto* panel = new QWidget;
+  panel->setObjectName(QString::fromLatin1(name));
+  panel->setMouseTracking(true);
+  auto* rows = new QVBoxLayout(panel);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(2);
+  QLabel* title = new_label(heading, TextRole::title);
+  title->setContentsMargins(20, 0, 0, 8);
+  title->setMouseTracking(true);
+  rows->addWidget(title);
+  for (const Entry& entry : entries) {
+    auto* button = new MenuEntry(QString::fromLatin1(entry.name), QString::fromLatin1(entry.text), entry.mnemonic);
+    connect(button, &MenuEntry::clicked, this, [this, act = entry.act] {
+      guarded([&] {
+        act();
+        clear_highlights();
+        show_database();
+      });
+    });
+    rows->addWidget(button);
+  }
+  rows->addStretch(1);
+  panel->hide();
+  panels_->addWidget(panel);
+  return panel;
+}
+
+void MenuWindow::add_main_panel() {
+  const auto panel = [this](std::size_t i) { return [this, i] { show_panel(sub_[i]); }; };
+  main_ = new_panel("Picture2", QStringLiteral("Menu"),
+                    {{"Label1", "Start Game", u'S', panel(0)},
+                     {"Label2", "Batting Stats", u'B', panel(2)},
+                     {"Label3", "Bowling Stats", u'W', panel(3)},
+                     {"Label4", "Other Records", u'O', panel(1)},
+                     {"Label5", "Configurations", u'C', [] { menu::configurations(); }},
+                     {"Label6", "Credits", u'R', [] { menu::credits(); }},
+                     {"Label7", "Exit", u'X', [this] { leave(); }}});
+}
+
+void MenuWindow::add_start_panel() {
+  sub_[0] = new_panel("Picture1_0", QStringLiteral("Start Game"),
+                      {{"Label8", "New Match", u'M', for_play(menu::new_match)},
+                       {"Label9", "New Series", u'S', for_play(menu::new_series)},
+                       {"Label10", "Tri Series", u'T', for_play(menu::tri_series)},
+                       {"Label11", "World Cup", u'W', for_play(menu::world_cup)},
+                       {"back1", "<<Back", u'B', [this] { show_panel(main_); }}});
+}
+
+void MenuWindow::add_other_panel() {
+  sub_[1] = new_panel("Picture1_1", QStringLiteral("Other Records"),
+                      {{"Label27", "Player Profiles", u'P', with_database(menu::player_profiles)},
+                       {"Label28", "Team Records", u'T', with_database(menu::team_records)},
+                       {"Label29", "World Rankings", u'W', with_database(menu::world_rankings)},
+                       {"back2", "<<Back", u'B', [this] { show_panel(main_); }}});
+}
+
+void MenuWindow::add_batting_panel() {
+  const auto list = [this](void (*show_list)(int), int record_mode) {
+    return with_database([show_list, record_mode] { show_list(record_mode); });
+  };
+  sub_[2] = new_panel("Picture1_2", QStringLiteral("Batting Stats"),
+                      {{"Label12", "All Batting Stats", u'A', with_database(menu::all_batting)},
+                       {"Label13", "Highest Totals", u'H', list(menu::totals, 1)},
+                       {"Label14", "Lowest Totals", u'L', list(menu::totals, 0)},
+                       {"Label15", "Highest Individual Scores", u'I', list(menu::individual, 1)},
+                       {"Label16", "Most Runs Scored", u'M', list(menu::players, 2)},
+                       {"Label17", "Highest Averages", u'V', list(menu::players, 1)},
+                       {"Label18", "% Innings 50 or More", u'5', list(menu::players, 4)},
+                       {"Label19", "Top Century Makers", u'C', with_database(menu::century_makers)},
+                       {"Label20", "Highest Strike Rates", u'S', list(menu::players, 3)},
+                       {"Label21", "Record Partnerships", u'P', with_database(menu::partnerships)},
+                       {"back3", "<<Back", u'B', [this] { show_panel(main_); }}});
+}
+
+void MenuWindow::add_bowling_panel() {
+  const auto list = [this](void (*show_list)(int), int record_mode) {
+    return with_database([show_list, record_mode] { show_list(record_mode); });
+  };
+  sub_[3] = new_panel("Picture1_3", QStringLiteral("Bowling Stats"),
+                      {{"Label22", "All Bowling Stats", u'A', with_database(menu::all_bowling)},
+                       {"Label23", "Most Wickets", u'W', list(menu::players, 5)},
+                       {"Label24", "Best Bowling Averages", u'V', list(menu::players, 7)},
+                       {"Label25", "Best Economy Rates", u'E', list(menu::players, 6)},
+                       {"Label26", "Best Bowling Analysis", u'Y', list(menu::individual, 0)},
+                       {"back4", "<<Back", u'B', [this] { show_panel(main_); }}});
+}
+
+QWidget* MenuWindow::new_appearance_choice() {
+  auto* box = new QWidget;
+  auto* row = new QHBoxLayout(box);
+  row->setContentsMargins(0, 0, 0, 0);
+  auto* choice = new QComboBox;
+  choice->setObjectName(QStringLiteral("appearance"));
+  choice->addItems({QStringLiteral("As the desktop"), QStringLiteral("Light"), QStringLiteral("Dark"),
+                    QStringLiteral("High contrast")});
+  choice->setCurrentIndex(static_cast<int>(preferences::appearance()));
+  connect(choice, &QComboBox::activated, this, [](int index) {
+    preferences::set_appearance(static_cast<Appearance>(index));
+    apply_theme(static_cast<Appearance>(index));
+  });
+  choice->setToolTip(QStringLiteral("Colours of all windows (Alt+N)"));
+  row->addWidget(new_caption(QStringLiteral("Appearance"), u'N', choice));
+  row->addWidget(choice, 1);
+  return box;
+}
+
+std::function<void()> MenuWindow::with_database(std::function<void()> act) {
+  return [act = std::move(act)] {
+    if (files.base.empty()) menu::configurations();
+    if (files.base.empty()) return;
+    take_told_fault();
+    guarded(act);
+    if (take_told_fault()) menu::configurations();
+  };
+}
+
+std::function<void()> MenuWindow::for_play(void (*activity)(QtFrontEnd&)) {
+  return with_database([this, activity] {
+    require_database_for_play();
+    activity(shown_by_);
+  });
+}
+
+void MenuWindow::show_panel(QWidget* panel) {
+  if (shown_ != nullptr) shown_->hide();
+  shown_ = panel;
+  clear_highlights();
+  panel->show();
+  if (auto* first = panel->findChild<MenuEntry*>()) first->setFocus();
+}
+
+void MenuWindow::clear_highlights() {
+  for (MenuEntry* entry : findChildren<MenuEntry*>()) entry->set_highlighted(false);
+}
+
+void MenuWindow::show_database() {
+  database_->setText(files.base.empty() ? QStringLiteral("No database chosen")
+                                        : QStringLiteral("Database: %1").arg(shown(files.base)));
+}
+
+void MenuWindow::move_focus(int step) {
+  const QList<MenuEntry*> entries = shown_->findChildren<MenuEntry*>();
+  qsizetype at = 0;
+  while (at < entries.size() && !entries[at]->hasFocus()) ++at;
+  if (at == entries.size()) at = step > 0 ? -1 : 0;
+  entries[(at + step + entries.size()) % entries.size()]->setFocus();
+}
+
+void MenuWindow::keyPressEvent(QKeyEvent* event) {
+  auto* entry = qobject_cast<MenuEntry*>(focusWidget());
+  switch (event->key()) {
+    case Qt::Key_Down:
+      return move_focus(1);
+    case Qt::Key_Up:
+      return move_focus(-1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (entry != nullptr) entry->click();
+      return;
+    default:
+      Form::keyPressEvent(event);
+  }
+}
+
+void MenuWindow::mouseMoveEvent(QMouseEvent* event) {
+  clear_highlights();
+  Form::mouseMoveEvent(event);
+}
+
+void MenuWindow::reject() {
+  // Escape goes back; the close box leaves, as "Exit" does.
+  if (program_is_ending()) {
+    Form::reject();
+  } else if (shown_ != main_) {
+    show_panel(main_);
+  }
+}
+
+void MenuWindow::closeEvent(QCloseEvent* event) {
+  leave();
+  event->accept();
+}
+
+void MenuWindow::leave() {
+  end_program(0);
+  hide();
+}
+
+}  // namespace velorin

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <functional>
+#include <vector>
+
+#include "desktop/form.h"
+
+class QComboBox;
+class QLabel;
+
+namespace velorin {
+
+class MenuEntry;
+class QtFrontEnd;
+
+/// The start-up form: the menu of all activities, in a main panel and four sub-panels.
+class MenuWindow : public Form {
+  Q_OBJECT
+
+ public:
+  explicit MenuWindow(QtFrontEnd& shown_by);
+
+  /// The start of the program, once the form is on the screen: reads the settings; where there are none that can be
+  /// read, asks for them.
+  void start();
+
+  void reject() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  struct Entry {
+    const char* name;
+    const char* text;
+    char16_t mnemonic;
+    std::function<void()> act;
+  };
+
+  QWidget* new_panel(const char* name, const QString& heading, const std::vector<Entry>& entries);
+  void add_main_panel();
+  void add_start_panel();
+  void add_other_panel();
+  void add_batting_panel();
+  void add_bowling_panel();
+  QWidget* new_appearance_choice();
+
+  /// An entry that needs a database: without one asks for it first. A fault of its files is told, and leads to the
+  /// settings.
+  std::function<void()> with_database(std::function<void()> act);
+  /// The same for an entry that plays: refuses a database that cannot take a match.
+  std::function<void()> for_play(void (*activity)(QtFrontEnd&));
+  void show_panel(QWidget* panel);
+  void clear_highlights();
+  void move_focus(int step);
+  void show_database();
+  void leave();
+
+  QtFrontEnd& shown_by_;
+  QWidget* main_ = nullptr;
+  std::array<QWidget*, 4> sub_{};
+  QWidget* shown_ = nullptr;
+  QLabel* database_ = nullptr;
+  QVBoxLayout* panels_ = nullptr;
+};
+
+}  // namespace velorin

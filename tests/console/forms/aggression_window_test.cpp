@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "console/forms/aggression_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+#include <QTest>
+
+#include "console/captain_forms.h"
+#include "desktop/meter_bar.h"
+#include "model/match_state.h"
+#include "support/sample_match.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+class AggressionWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    set_up_sample_match(false, false);
+    match.striker = 2;
+    match.non_striker = 1;
+    match.batting_card[1].name = "H.Bat1";
+    match.batting_card[1].runs = 41;
+    match.batting_card[1].balls = 60;
+    match.batting_card[2].name = "H.Bat2";
+    match.bowler = 8;
+    match.next_bowler = 9;
+    match.bowling_card[9].name = "A.Bowl9";
+    match.bowling_card[9].balls = 27;
+    match.bowling_card[9].maidens = 1;
+    match.bowling_card[9].runs = 19;
+    match.bowling_card[9].wickets = 2;
+    match.score_runs = 83;
+    match.score_wickets = 1;
+    match.innings_balls = 100;
+    match.batsman_aggression = {4, 2};
+    match.bowling_aggression = {1, 5};
+  }
+  static QString text(const QWidget& window, const char* label) { return control<QLabel>(window, label)->text(); }
+  static bool is_shown(const QWidget& window, const char* name) { return control<QWidget>(window, name)->isVisible(); }
+};
+
+TEST_F(AggressionWindowTest, ShowsABatsman) {
+  aggression_form form = aggression_form::of_batsman(0);
+  AggressionWindow window(form);
+  window.show();
+  take_picture(window, "aggr_batsman");
+  check_window_at_sizes(window);
+  EXPECT_EQ(text(window, "Label1_0"), " H.Bat1 ");
+  EXPECT_EQ(text(window, "Label1_1"), "Runs");
+  EXPECT_EQ(text(window, "Label1_6"), "41");
+  EXPECT_EQ(text(window, "Label1_2"), "Balls");
+  EXPECT_EQ(text(window, "Label1_7"), "60");
+  EXPECT_EQ(text(window, "Label1_5"), "SR");
+  EXPECT_EQ(text(window, "Label1_8"), "68.33");
+  EXPECT_EQ(text(window, "Label1_3"), "Settled  :");
+  EXPECT_FALSE(is_shown(window, "Label1_9"));
+  EXPECT_TRUE(is_shown(window, "Picture1"));
+  EXPECT_DOUBLE_EQ(control<MeterBar>(window, "Picture1")->value(), 5 * (82 + 30));
+  EXPECT_EQ(text(window, "Label1_4"), QString::fromStdString(form.score_sentence));
+  EXPECT_TRUE(text(window, "Label1_4").endsWith("at 4.98 runs per over."));
+  EXPECT_EQ(control<QSlider>(window, "VScroll1")->value(), 4);
+  EXPECT_TRUE(is_shown(window, "Command1"));
+  EXPECT_FALSE(is_shown(window, "Command2"));
+}
+
+TEST_F(AggressionWindowTest, ShowsABowler) {
+  aggression_form form = aggression_form::of_bowler(1);
+  AggressionWindow window(form);
+  window.show();
+  take_picture(window, "aggr_bowler");
+  check_window_at_sizes(window);
+  EXPECT_EQ(text(window, "Label1_0"), " A.Bowl9 ");
+  EXPECT_EQ(text(window, "Label1_1"), "Overs");
+  EXPECT_EQ(text(window, "Label1_6"), "4.3");
+  EXPECT_EQ(text(window, "Label1_2"), "Mdns");
+  EXPECT_EQ(text(window, "Label1_7"), "1");
+  EXPECT_EQ(text(window, "Label1_5"), "Runs");
+  EXPECT_EQ(text(window, "Label1_8"), "19");
+  EXPECT_EQ(text(window, "Label1_3"), "Wkts");
+  EXPECT_EQ(text(window, "Label1_9"), "2");
+  EXPECT_TRUE(is_shown(window, "Label1_9"));
+  EXPECT_FALSE(is_shown(window, "Picture1"));
+  EXPECT_FALSE(is_shown(window, "Label1_4"));
+  EXPECT_EQ(control<QSlider>(window, "VScroll1")->value(), 5);
+  EXPECT_FALSE(is_shown(window, "Command1"));
+  EXPECT_TRUE(is_shown(window, "Command2"));
+}
+
+TEST_F(AggressionWindowTest, ABatsmanBeforeHisFirstBall) {
+  aggression_form form = aggression_form::of_batsman(1);
+  AggressionWindow window(form);
+  window.show();
+  EXPECT_EQ(text(window, "Label1_8"), " - ");
+  EXPECT_DOUBLE_EQ(control<MeterBar>(window, "Picture1")->value(), 0);
+}
+
+TEST_F(AggressionWindowTest, OkSetsTheAggression) {
+  aggression_form form = aggression_form::of_batsman(1);
+  AggressionWindow window(form);
+  window.show();
+  ASSERT_NE(window.focusWidget(), nullptr);
+  EXPECT_EQ(window.focusWidget()->objectName(), "VScroll1");
+  QTest::keyClick(window.focusWidget(), Qt::Key_5);
+  press(window, "Command1");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(match.batsman_aggression[0], 4);
+  EXPECT_EQ(match.batsman_aggression[1], 5);
+
+  aggression_form bowling = aggression_form::of_bowler(0);
+  AggressionWindow other(bowling);
+  other.show();
+  control<QSlider>(other, "VScroll1")->setValue(3);
+  press(other, "Command2");
+  EXPECT_EQ(match.bowling_aggression[0], 3);
+  EXPECT_EQ(match.bowling_aggression[1], 5);
+}
+
+TEST_F(AggressionWindowTest, EscapeChangesNothing) {
+  aggression_form form = aggression_form::of_batsman(0);
+  AggressionWindow window(form);
+  window.show();
+  control<QSlider>(window, "VScroll1")->setValue(1);
+  window.reject();
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(match.batsman_aggression[0], 4);
+}
+
+}  // namespace
+}  // namespace velorin::testing

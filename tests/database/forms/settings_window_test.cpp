@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/forms/settings_window.h"
+
+#include <gmock/gmock.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "database/database_fixture.h"
+#include "database/settings_form.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+class SettingsWindowTest : public database_fixture {
+ protected:
+  void SetUp() override {
+    database_fixture::SetUp();
+    for (const char* name : {"alpha.team", "alpha.grd", "beta.v2.team", "beta.v2.grd", "gamma.team"}) {
+      write_bytes(folder / name, "");
+    }
+  }
+
+  /// Choosers that answer from the fields below and keep what they started from.
+  SettingsWindow::Choosers choosers() {
+    return {[this](QWidget*, const QColor& present) {
+              started_color_ = present;
+              return color_;
+            },
+            [this](QWidget*, const QString& present) {
+              started_folder_ = present;
+              return folder_chosen_;
+            }};
+  }
+  static QColor pixel(const QWidget& window) {
+    return control<QLabel>(window, "Label2")->grab().toImage().pixelColor(20, 8);
+  }
+
+  settings_form form_;
+  std::optional<QColor> color_;
+  QString folder_chosen_;
+  QColor started_color_;
+  QString started_folder_;
+};
+
+TEST_F(SettingsWindowTest, PassesTheChecks) {
+  settings = {folder.string(), "alpha", "1F4D3A", "F4F1E6", ""};
+  form_.open();
+  SettingsWindow window(form_);
+  window.show();
+  take_picture(window, "optfrm");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.windowTitle(), "Configurations");
+}
+
+TEST_F(SettingsWindowTest, ShowsTheSettings) {
+  settings = {folder.string(), "beta.v2", "FF0000", "00FF00", ""};
+  form_.open();
+  SettingsWindow window(form_);
+  window.show();
+  const auto* databases = control<QComboBox>(window, "Combo1");
+  ASSERT_EQ(databases->count(), 2);
+  EXPECT_EQ(databases->itemText(0), "alpha");
+  EXPECT_EQ(databases->currentText(), "beta.v2");
+  EXPECT_EQ(control<QLineEdit>(window, "Dir1")->text(), QString::fromStdString(folder.string()));
+  EXPECT_EQ(control<QLabel>(window, "Label2")->text(), "This is a sample line of text.");
+  EXPECT_EQ(pixel(window), QColor(0, 255, 0));
+  EXPECT_FALSE(form_.sample_font.empty());
+  EXPECT_EQ(QString::fromStdString(form_.sample_font), control<QLabel>(window, "Label2")->font().family());
+}
+
+TEST_F(SettingsWindowTest, ColoursComeFromTheirDialogs) {
+  settings = {"", "alpha", "0000FF", "FFFF00", ""};
+  form_.open();
+  SettingsWindow window(form_, nullptr, choosers());
+  window.show();
+  press(window, "Command2");
+  EXPECT_EQ(started_color_, QColor(255, 255, 0));
+  EXPECT_EQ(pixel(window), QColor(255, 255, 0)) << "cancelled";
+  color_ = QColor(10, 20, 30);
+  press(window, "Command2");
+  EXPECT_EQ(pixel(window), QColor(10, 20, 30));
+  EXPECT_EQ(form_.sample_back_color, 10 + 256 * 20 + 65536 * 30);
+  EXPECT_EQ(form_.sample_text_color, 0xFF0000);
+  color_ = QColor(200, 100, 50);
+  press(window, "Command4");
+  EXPECT_EQ(started_color_, QColor(0, 0, 255));
+  EXPECT_EQ(form_.sample_text_color, 200 + 256 * 100 + 65536 * 50);
+  EXPECT_TRUE(control<QLabel>(window, "Label2")->styleSheet().contains("#c86432"));
+  press(window, "Command1");
+  EXPECT_EQ(settings.text_color, "C86432");
+  EXPECT_EQ(settings.back_color, "0A141E");
+}
+
+TEST_F(SettingsWindowTest, BrowseChoosesTheFolder) {
+  form_.open();
+  SettingsWindow window(form_, nullptr, choosers());
+  window.show();
+  const QString before = control<QLineEdit>(window, "Dir1")->text();
+  press(window, "Browse");
+  EXPECT_EQ(started_folder_, before);
+  EXPECT_EQ(control<QLineEdit>(window, "Dir1")->text(), before) << "cancelled";
+  folder_chosen_ = QString::fromUtf8("/photos/\xC3\xA9t\xC3\xA9");
+  press(window, "Browse");
+  EXPECT_EQ(form_.photo_folder, "/photos/\xE9t\xE9");
+  EXPECT_EQ(control<QLineEdit>(window, "Dir1")->text(), folder_chosen_);
+  EXPECT_FALSE(control<QLabel>(window, "folder_note")->isVisible());
+}
+
+TEST_F(SettingsWindowTest, AFolderThatCannotBeKeptIsExplained) {
+  form_.open();
+  SettingsWindow window(form_, nullptr, choosers());
+  window.show();
+  const std::string before = form_.photo_folder;
+  folder_chosen_ = QString::fromUtf8("/\xE5\xB1\xB1");
+  press(window, "Browse");
+  EXPECT_EQ(form_.photo_folder, before);
+  EXPECT_TRUE(control<QLabel>(window, "folder_note")->isVisible());
+  check_window_at_sizes(window);
+  folder_chosen_ = "/one, two";
+  press(window, "Browse");
+  EXPECT_EQ(form_.photo_folder, "/one, two");
+  EXPECT_TRUE(control<QLabel>(window, "folder_note")->text().contains("comma"));
+}
+
+TEST_F(SettingsWindowTest, ADatabaseThatCannotBeKeptIsExplained) {
+  for (const char* name : {"one, two.team", "one, two.grd"}) write_bytes(folder / name, "");
+  form_.open();
+  SettingsWindow window(form_);
+  window.show();
+  auto* databases = control<QComboBox>(window, "Combo1");
+  EXPECT_FALSE(control<QLabel>(window, "database_note")->isVisible());
+  databases->setCurrentIndex(databases->findText("one, two"));
+  EXPECT_TRUE(control<QLabel>(window, "database_note")->isVisible());
+  EXPECT_TRUE(control<QLabel>(window, "database_note")->text().contains("cannot be kept"));
+  check_window_at_sizes(window);
+  databases->setCurrentIndex(databases->findText("alpha"));
+  EXPECT_FALSE(control<QLabel>(window, "database_note")->isVisible());
+}
+
+TEST_F(SettingsWindowTest, SettingsThatCannotBeWrittenCloseTheFormWithAMessage) {
+  std::filesystem::create_directory(folder / "options.mc");
+  form_.open();
+  SettingsWindow window(form_);
+  window.show();
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  Robot robot;
+  robot.next("message", [](QWidget& message) {
+    EXPECT_TRUE(control<QLabel>(message, "text")->text().contains("options.mc"));
+    press(message, "OK");
+  });
+  press(window, "Command1");
+  EXPECT_EQ(robot.left(), 0);
+  EXPECT_EQ(window.result(), QDialog::Accepted);
+  EXPECT_EQ(files.base, "alpha");
+}
+
+TEST_F(SettingsWindowTest, OkNeedsADatabase) {
+  form_.open();
+  SettingsWindow window(form_);
+  window.show();
+  EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentText(), "");
+  Robot robot;
+  robot.next("message", [](QWidget& message) {
+    EXPECT_EQ(message.windowTitle(), "Error");
+    EXPECT_EQ(control<QLabel>(message, "text")->text(), "Please select a database before continuing");
+    press(message, "OK");
+  });
+  press(window, "Command1");
+  EXPECT_EQ(robot.left(), 0);
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_FALSE(std::filesystem::exists(folder / "options.mc"));
+}
+
+TEST_F(SettingsWindowTest, OkKeepsTheChoices) {
+  form_.open();
+  SettingsWindow window(form_);
+  window.show();
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(1);
+  press(window, "Command1");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(window.result(), QDialog::Accepted);
+  EXPECT_EQ(settings.database_name, "beta.v2");
+  EXPECT_EQ(files.team_file, folder / "beta.v2.team");
+  EXPECT_THAT(bytes_of(folder / "options.mc"), ::testing::HasSubstr("\r\nbeta.v2\r\n000000\r\nFFFFFF\r\n"));
+}
+
+TEST_F(SettingsWindowTest, ClosingKeepsTheFormerSettings) {
+  settings = {folder.string(), "alpha", "FF0000", "00FF00", "Serif"};
+  form_.open();
+  color_ = QColor(1, 2, 3);
+  SettingsWindow window(form_, nullptr, choosers());
+  window.show();
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(1);
+  press(window, "Command2");
+  window.reject();
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(settings.database_name, "alpha");
+  EXPECT_EQ(settings.back_color, "00FF00");
+  EXPECT_FALSE(std::filesystem::exists(folder / "options.mc"));
+}
+
+TEST_F(SettingsWindowTest, AFolderWithoutADatabaseSaysWhatToDo) {
+  const std::filesystem::path empty = folder / "empty";
+  std::filesystem::create_directory(empty);
+  files = database_paths(empty, "");
+  form_.open();
+  SettingsWindow window(form_);
+  window.show();
+  take_picture(window, "optfrm_empty");
+  check_window_at_sizes(window);
+  EXPECT_EQ(control<QComboBox>(window, "Combo1")->count(), 0);
+  const QString note = control<QLabel>(window, "no_database")->text();
+  EXPECT_TRUE(note.contains(".team"));
+  EXPECT_TRUE(note.contains(QString::fromStdString(empty.string())));
+}
+
+}  // namespace
+}  // namespace velorin::testing

@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/overs_graph.h"
+
+#include "reports/match_scenes.h"
+#include "reports/opened.h"
+#include "reports/worm_graph.h"
+
+namespace velorin {
+namespace {
+
+using OversGraph = reports_test;
+
+void set_over(ball_log_table& log, int over, const std::vector<std::string>& symbols) {
+  for (std::size_t b = 0; b < symbols.size(); ++b) log[over][b + 1] = symbols[b];
+}
+
+TEST_F(OversGraph, bars_stand_on_their_base_lines) {
+  set_second_innings_in_play();
+  set_over(match.ball_log, 3, {"1", "0", "4", "0", "2", "0"});
+  set_over(match.first_ball_log, 50, {"6", "0", "0", "0", "0", "3"});
+  const overs_graph_form screen = opened<overs_graph_form>();
+  EXPECT_EQ(screen.bars[3].height, 7 * 165);
+  EXPECT_EQ(screen.bars[3].top, 3300 - 7 * 165);
+  EXPECT_TRUE(screen.bars[3].visible);
+  EXPECT_EQ(screen.bars[52].height, 9 * 165);
+  EXPECT_EQ(screen.bars[52].top, 6840 - 9 * 165);
+  EXPECT_TRUE(screen.bars[52].visible);
+}
+
+TEST_F(OversGraph, only_the_overs_with_runs_show_a_bar) {
+  set_second_innings_in_play();
+  set_over(match.ball_log, 3, {"1"});
+  set_over(match.first_ball_log, 1, {"1"});
+  const overs_graph_form screen = opened<overs_graph_form>();
+  for (int place = 0; place <= 101; ++place) {
+    EXPECT_EQ(screen.bars[place].visible, place == 3 || place == 101) << place;
+    EXPECT_FALSE(screen.wicket_marks[place]) << place;
+  }
+}
+
+TEST_F(OversGraph, places) {
+  EXPECT_EQ(overs_graph_form::place(0, 1), 1);
+  EXPECT_EQ(overs_graph_form::place(0, 50), 50);
+  EXPECT_EQ(overs_graph_form::place(1, 1), 101);
+  EXPECT_EQ(overs_graph_form::place(1, 50), 52);
+}
+
+TEST_F(OversGraph, only_numbers_count) {
+  set_over(match.ball_log, 1, {"1", "W", "2lb", "", "3", "4b"});
+  match.ball_log[1][7] = "7";
+  const overs_graph_form screen = opened<overs_graph_form>();
+  EXPECT_EQ(screen.bars[1].height, 4 * 165);
+  EXPECT_TRUE(screen.wicket_marks[1]);
+}
+
+TEST_F(OversGraph, a_maiden_with_a_wicket_shows_the_mark_alone) {
+  set_over(match.ball_log, 5, {"0", "0", "W", "0", "0", "0"});
+  set_over(match.first_ball_log, 7, {"0", "0", "0", "0", "0", "W"});
+  const overs_graph_form screen = opened<overs_graph_form>();
+  EXPECT_FALSE(screen.bars[5].visible);
+  EXPECT_EQ(screen.bars[5].height, 0);
+  EXPECT_EQ(screen.bars[5].top, 3300);
+  EXPECT_TRUE(screen.wicket_marks[5]);
+  EXPECT_FALSE(screen.bars[95].visible);
+  EXPECT_EQ(screen.bars[95].top, 6840);
+  EXPECT_TRUE(screen.wicket_marks[95]);
+}
+
+TEST_F(OversGraph, an_over_of_more_than_20_runs_reaches_past_the_top) {
+  set_over(match.ball_log, 50, {"6", "6", "6", "6", "6", "12"});
+  const overs_graph_form screen = opened<overs_graph_form>();
+  EXPECT_EQ(screen.bars[50].height, 42 * 165);
+  EXPECT_EQ(screen.bars[50].top, 3300 - 42 * 165);
+  EXPECT_LT(screen.bars[50].top, 0);
+}
+
+TEST_F(OversGraph, rate_lines_and_labels) {
+  set_second_innings_in_play();
+  const overs_graph_form screen = opened<overs_graph_form>();
+  EXPECT_DOUBLE_EQ(screen.rate[0], 5.74);
+  EXPECT_DOUBLE_EQ(screen.rate_line_heights[0], 3300 - 5.74 * 165);
+  EXPECT_EQ(screen.captions[0], "South Isles   ( 131/3 )");
+  EXPECT_DOUBLE_EQ(screen.rate[1], 5.4);
+  EXPECT_DOUBLE_EQ(screen.rate_line_heights[1], 6840 - 5.4 * 165);
+  EXPECT_EQ(screen.captions[1], "Northland   ( 261/10 )");
+}
+
+TEST_F(OversGraph, without_a_ball_the_rate_lines_lie_on_the_base_lines) {
+  match.team1_name = "South Isles";
+  match.team2_name = "Northland";
+  const overs_graph_form screen = opened<overs_graph_form>();
+  EXPECT_EQ(screen.rate_line_heights[0], 3300);
+  EXPECT_EQ(screen.rate_line_heights[1], 6840);
+  EXPECT_EQ(screen.captions[0], "South Isles   ( 0/0 )");
+  for (const over_bar& bar : screen.bars) EXPECT_FALSE(bar.visible);
+  for (const bool mark : screen.wicket_marks) EXPECT_FALSE(mark);
+}
+
+TEST_F(OversGraph, a_first_innings_of_no_ball_leaves_the_lower_half_empty) {
+  set_second_innings_in_play();
+  match.first_balls = 0;
+  const overs_graph_form screen = opened<overs_graph_form>();
+  EXPECT_EQ(screen.rate_line_heights[1], 6840);
+  for (int place = 52; place <= 101; ++place) {
+    EXPECT_FALSE(screen.bars[place].visible) << place;
+    EXPECT_FALSE(screen.wicket_marks[place]) << place;
+  }
+}
+
+TEST_F(OversGraph, the_last_over_on_record) {
+  EXPECT_EQ(opened<overs_graph_form>().overs, (std::array<int, 2>{0, 0}));
+  set_over(match.ball_log, 4, {"0", "0", "0", "0", "0", "0"});
+  set_over(match.first_ball_log, 50, {"", "", "", "", "", "0"});
+  EXPECT_EQ(opened<overs_graph_form>().overs, (std::array<int, 2>{4, 50}));
+}
+
+TEST_F(OversGraph, a_side_keeps_its_place_from_innings_to_innings) {
+  match.team1_name = "Northland";
+  match.team2_name = "South Isles";
+  EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{0, 1})) << "no line yet: the side batting comes first";
+  load_worms();
+  EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{0, 1}));
+  set_second_innings_in_play();
+  ASSERT_EQ(match.team2_name, "Northland");
+  EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{1, 0}));
+  match.loaded = false;
+  EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{1, 0})) << "in a chase the side below batted first";
+}
+
+TEST_F(OversGraph, sides_of_a_later_match_keep_clear_of_each_other) {
+  match.team1_name = "Northland";
+  match.team2_name = "South Isles";
+  load_worms();
+  match.team1_name = "Eastmark";
+  EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{0, 1})) << "South Isles keep the second line's";
+  match.team2_name = "Northland";
+  EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{1, 0}));
+  match.team2_name = "Westmark";
+  EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{0, 1}));
+}
+
+TEST_F(OversGraph, reopening_forgets_what_was_shown) {
+  set_over(match.ball_log, 1, {"4", "W"});
+  overs_graph_form screen = opened<overs_graph_form>();
+  match = match_state{};
+  screen.open();
+  EXPECT_FALSE(screen.bars[1].visible);
+  EXPECT_FALSE(screen.wicket_marks[1]);
+}
+
+}  // namespace
+}  // namespace velorin

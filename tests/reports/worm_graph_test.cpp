@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reports/worm_graph.h"
+
+#include "reports/match_scenes.h"
+#include "reports/opened.h"
+
+namespace velorin {
+namespace {
+
+using WormGraph = reports_test;
+
+void expect_points(const std::vector<worm_point>& points, const std::vector<worm_point>& wanted) {
+  ASSERT_EQ(points.size(), wanted.size());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    EXPECT_EQ(points[i].row, wanted[i].row) << "point " << i;
+    EXPECT_EQ(points[i].value, wanted[i].value) << "point " << i;
+  }
+}
+
+void feed(int balls, int runs, int wickets) {
+  match.innings_balls = balls;
+  match.score_runs = runs;
+  match.score_wickets = wickets;
+  feed_worms();
+}
+
+/// The next match of the same run of the program: everything fresh but the lines.
+void start_match(const std::string& team1, const std::string& team2) {
+  const match_worms kept = match;
+  match = match_state{};
+  static_cast<match_worms&>(match) = kept;
+  match.team1_name = team1;
+  match.team2_name = team2;
+}
+
+TEST_F(WormGraph, the_first_feed_names_the_lines) {
+  start_match("South Isles", "Northland");
+  EXPECT_FALSE(match.loaded);
+  feed(1, 4, 0);
+  EXPECT_TRUE(match.loaded);
+  const worm_graph_form window = opened<worm_graph_form>();
+  EXPECT_EQ(window.first_side, "South Isles");
+  EXPECT_EQ(window.second_side, "Northland");
+  EXPECT_EQ(window.first_score, "4/0");
+  EXPECT_EQ(window.second_score, "");
+  expect_points(window.series[0], {{1, 4}});
+  expect_points(window.series[1], {});
+}
+
+TEST_F(WormGraph, opening_the_window_names_the_lines_too) {
+  start_match("South Isles", "Northland");
+  const worm_graph_form window = opened<worm_graph_form>();
+  EXPECT_EQ(window.first_side, "South Isles");
+  EXPECT_EQ(window.second_side, "Northland");
+  EXPECT_EQ(window.first_score, "");
+  EXPECT_TRUE(match.loaded);
+}
+
+TEST_F(WormGraph, each_ball_overwrites_the_row_of_its_over) {
+  start_match("South Isles", "Northland");
+  feed(1, 1, 0);
+  feed(5, 9, 1);
+  feed(6, 10, 1);
+  feed(7, 12, 1);
+  feed(12, 20, 2);
+  expect_points(opened<worm_graph_form>().series[0], {{1, 9}, {2, 12}, {3, 20}});
+  EXPECT_EQ(opened<worm_graph_form>().first_score, "20/2");
+}
+
+TEST_F(WormGraph, the_end_of_the_50th_over_stands_on_row_51) {
+  start_match("South Isles", "Northland");
+  feed(299, 250, 7);
+  feed(300, 254, 7);
+  expect_points(opened<worm_graph_form>().series[0], {{50, 250}, {51, 254}});
+}
+
+TEST_F(WormGraph, an_over_cut_short_stands_on_the_row_it_began) {
+  start_match("South Isles", "Northland");
+  feed(123, 98, 10);
+  expect_points(opened<worm_graph_form>().series[0], {{21, 98}});
+  EXPECT_EQ(opened<worm_graph_form>().first_score, "98/10");
+}
+
+TEST_F(WormGraph, the_second_innings_takes_the_second_line) {
+  start_match("South Isles", "Northland");
+  feed(6, 10, 0);
+  std::swap(match.team1_name, match.team2_name);
+  feed(6, 3, 2);
+  const worm_graph_form window = opened<worm_graph_form>();
+  EXPECT_EQ(window.first_side, "South Isles");
+  EXPECT_EQ(window.second_side, "Northland");
+  EXPECT_EQ(window.first_score, "10/0");
+  EXPECT_EQ(window.second_score, "3/2");
+  expect_points(window.series[0], {{2, 10}});
+  expect_points(window.series[1], {{2, 3}});
+}
+
+TEST_F(WormGraph, a_later_match_of_other_sides_leaves_the_lines_alone) {
+  start_match("South Isles", "Northland");
+  feed(6, 10, 0);
+  start_match("Westmark", "Easting");
+  feed(6, 99, 9);
+  const worm_graph_form window = opened<worm_graph_form>();
+  EXPECT_EQ(window.first_side, "South Isles");
+  EXPECT_EQ(window.second_side, "Northland");
+  EXPECT_EQ(window.first_score, "10/0");
+  expect_points(window.series[0], {{2, 10}});
+  expect_points(window.series[1], {});
+}
+
+TEST_F(WormGraph, a_name_that_recurs_is_written_over_its_old_line) {
+  start_match("South Isles", "Northland");
+  feed(6, 10, 0);
+  feed(12, 30, 0);
+  start_match("Westmark", "South Isles");
+  feed(6, 99, 9);
+  std::swap(match.team1_name, match.team2_name);
+  feed(6, 1, 1);
+  const worm_graph_form window = opened<worm_graph_form>();
+  EXPECT_EQ(window.first_score, "1/1");
+  expect_points(window.series[0], {{2, 1}, {3, 30}});
+  expect_points(window.series[1], {});
+}
+
+TEST_F(WormGraph, the_rows_of_an_earlier_match_are_told_apart) {
+  start_match("South Isles", "Northland");
+  match.ball_commentary.add_ball({});
+  feed(1, 4, 0);
+  feed(300, 250, 6);
+  worm_graph_form form = opened<worm_graph_form>();
+  expect_points(form.of_match[0], form.series[0]);
+  EXPECT_FALSE(form.has_old_rows());
+
+  start_match("South Isles", "Eastmark");
+  form = opened<worm_graph_form>();
+  expect_points(form.of_match[0], {});
+  EXPECT_TRUE(form.has_old_rows());
+  match.ball_commentary.add_ball({});
+  feed(2, 9, 0);
+  form = opened<worm_graph_form>();
+  expect_points(form.series[0], {{1, 9}, {51, 250}});
+  expect_points(form.of_match[0], {{1, 9}});
+  expect_points(form.of_match[1], {});
+
+  std::swap(match.team1_name, match.team2_name);
+  match.first_balls = 2;
+  match.first_total = 9;
+  match.innings_balls = 0;
+  match.ball_commentary.clear();
+  form = opened<worm_graph_form>();
+  expect_points(form.of_match[0], {{1, 9}});
+}
+
+TEST_F(WormGraph, lines_started_afresh_are_those_of_a_new_start) {
+  EXPECT_EQ(standing_worms(), "");
+  start_match("South Isles", "Northland");
+  feed(1, 4, 0);
+  EXPECT_EQ(standing_worms(), "The Score Comparison Graph stays with South Isles and Northland.");
+  start_worms_afresh();
+  EXPECT_EQ(standing_worms(), "");
+  start_match("Westmark", "Eastmark");
+  const worm_graph_form form = opened<worm_graph_form>();
+  EXPECT_EQ(form.first_side, "Westmark");
+  EXPECT_EQ(form.first_score, "");
+  expect_points(form.series[0], {});
+}
+
+TEST_F(WormGraph, loading_happens_once) {
+  start_match("South Isles", "Northland");
+  load_worms();
+  start_match("Westmark", "Easting");
+  load_worms();
+  EXPECT_EQ(opened<worm_graph_form>().first_side, "South Isles");
+}
+
+}  // namespace
+}  // namespace velorin

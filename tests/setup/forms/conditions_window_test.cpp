@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/forms/conditions_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QLabel>
+#include <QSlider>
+
+#include "model/match_state.h"
+#include "model/random.h"
+#include "setup/conditions.h"
+#include "setup/forms/check_leaving.h"
+#include "support/sample_match.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+class ConditionsWindowTest : public ::testing::Test {
+ protected:
+  ConditionsWindowTest() {
+    set_up_sample_match();
+    chance.use_seed(4);
+    form.open();
+  }
+
+  conditions_form form;
+};
+
+TEST_F(ConditionsWindowTest, PassesTheChecks) {
+  ConditionsWindow window(form);
+  window.show();
+  take_picture(window, "wecond");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.windowTitle(), "Conditions in The Oval:");
+}
+
+TEST_F(ConditionsWindowTest, MovedSlidersCountAndWordsStay) {
+  ConditionsWindow window(form);
+  window.show();
+  const QString words = control<QLabel>(window, "Label1")->text();
+  control<QSlider>(window, "HScroll1")->setValue(4);
+  control<QSlider>(window, "HScroll4")->setValue(2);
+  EXPECT_EQ(control<QLabel>(window, "Label1")->text(), words);
+  press(window, "Command1");
+  EXPECT_TRUE(form.closed);
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(match.weather, 4);
+  EXPECT_EQ(match.outfield, 2);
+}
+
+TEST_F(ConditionsWindowTest, TheSkyIsPaintedForTheSliderAsItStands) {
+  ConditionsWindow window(form);
+  window.show();
+  auto* sky = control<QWidget>(window, "Picture1");
+  control<QSlider>(window, "HScroll1")->setValue(3);
+  const QImage fine = sky->grab().toImage();
+  EXPECT_EQ(fine.pixelColor(5, 0).red(), 0);
+  EXPECT_NEAR(fine.pixelColor(5, 0).green(), 33536 / 257, 2);
+  EXPECT_NEAR(fine.pixelColor(5, fine.height() - 1).green(), 255, 2);
+  control<QSlider>(window, "HScroll1")->setValue(1);
+  EXPECT_LT(sky->grab().toImage().pixelColor(5, 0).lightness(), 4);
+}
+
+TEST_F(ConditionsWindowTest, EscapeAndTheCloseBoxAskBeforeTheyLeave) {
+  ConditionsWindow window(form);
+  check_leaving(window, form);
+}
+
+}  // namespace
+}  // namespace velorin::testing

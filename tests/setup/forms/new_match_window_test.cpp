@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "setup/forms/new_match_window.h"
+
+#include <gmock/gmock.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "desktop/message_window.h"
+#include "desktop/preferences.h"
+#include "desktop/program_end.h"
+#include "engine/over_play.h"
+#include "model/match_state.h"
+#include "model/random.h"
+#include "setup/conditions.h"
+#include "setup/new_match.h"
+#include "setup/team_selection.h"
+#include "support/scripted_user.h"
+#include "support/small_database.h"
+#include "windows/robot.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+QStringList texts(const QComboBox& list) {
+  QStringList all;
+  for (int i = 0; i < list.count(); ++i) all << list.itemText(i);
+  return all;
+}
+
+class NewMatchWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    match = match_state();
+    preferences::set_captains({.first_human = false, .second_human = false});
+    chance.use_seed(7);
+  }
+
+  void open(const std::vector<std::string>& teams) {
+    for (const std::string& team : teams) database_.add_team(team);
+    database_.add_ground("Alba", "Harbour Park");
+    database_.add_ground("Neutral", "Crown & Anchor Oval");
+    database_.add_ground("Brook", "Green Lane");
+    database_.add_ground("Carse", "Hill Road");
+    database_.add_ground("Brook", "Mill Field");
+    database_.write();
+    form_.open();
+  }
+
+  small_database database_;
+  scripted_user user_;
+  front_end_scope shown_{user_};
+  new_match_form form_;
+};
+
+const std::vector<std::string> three = {"Alba", "Brook", "Carse"};
+
+TEST_F(NewMatchWindowTest, PassesTheChecks) {
+  open(three);
+  NewMatchWindow window(form_);
+  window.show();
+  take_picture(window, "teamfrm");
+  check_window_at_sizes(window);
+  EXPECT_EQ(window.windowTitle(), "New Match");
+  EXPECT_EQ(window.objectName(), "teamfrm");
+}
+
+TEST_F(NewMatchWindowTest, ShowsTheFormAsItOpened) {
+  open(three);
+  preferences::set_captains({.first_human = false, .second_human = true});
+  NewMatchWindow window(form_);
+  const auto* first = control<QComboBox>(window, "Combo1");
+  EXPECT_EQ(texts(*first), (QStringList{"Alba", "Brook", "Carse"}));
+  EXPECT_EQ(first->currentText(), "Brook");
+  EXPECT_EQ(first->currentData().toInt(), 3);
+  EXPECT_EQ(control<QComboBox>(window, "Combo2")->currentText(), "Carse");
+  const auto* grounds = control<QComboBox>(window, "Combo3");
+  EXPECT_EQ(texts(*grounds), (QStringList{"Crown & Anchor Oval", "Green Lane", "Hill Road", "Mill Field"}));
+  EXPECT_EQ(grounds->currentText(), "Green Lane");
+  EXPECT_TRUE(control<QRadioButton>(window, "Option1_0")->isChecked());
+  EXPECT_TRUE(control<QRadioButton>(window, "Option3_1")->isChecked());
+  EXPECT_EQ(control<QRadioButton>(window, "Option1_0")->text(), "CPU");
+  EXPECT_EQ(control<QRadioButton>(window, "Option3_1")->text(), "Human");
+}
+
+TEST_F(NewMatchWindowTest, TheGroundsFollowTheTeams) {
+  open(three);
+  NewMatchWindow window(form_);
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  EXPECT_EQ(form_.first_team_name(), "Alba");
+  const auto* grounds = control<QComboBox>(window, "Combo3");
+  EXPECT_EQ(texts(*grounds), (QStringList{"Harbour Park", "Crown & Anchor Oval", "Hill Road"}));
+  EXPECT_EQ(grounds->currentText(), "Crown & Anchor Oval");
+  EXPECT_EQ(form_.ground_name(), "Crown & Anchor Oval");
+  control<QComboBox>(window, "Combo2")->setCurrentIndex(1);
+  EXPECT_EQ(texts(*grounds), (QStringList{"Harbour Park", "Crown & Anchor Oval", "Green Lane", "Mill Field"}));
+}
+
+TEST_F(NewMatchWindowTest, ChoicesReachTheForm) {
+  open(three);
+  NewMatchWindow window(form_);
+  control<QComboBox>(window, "Combo3")->setCurrentIndex(3);
+  EXPECT_EQ(form_.ground_name(), "Mill Field");
+  control<QRadioButton>(window, "Option1_1")->click();
+  EXPECT_FALSE(form_.computer_captains_first);
+  EXPECT_TRUE(form_.computer_captains_second) << "each side has a captain of its own";
+  control<QRadioButton>(window, "Option3_1")->click();
+  control<QRadioButton>(window, "Option1_0")->click();
+  EXPECT_TRUE(form_.computer_captains_first);
+  EXPECT_FALSE(form_.computer_captains_second);
+}
+
+TEST_F(NewMatchWindowTest, ASmallDatabaseLeavesEmptyTexts) {
+  open({"Alba"});
+  NewMatchWindow window(form_);
+  window.show();
+  EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentText(), "");
+  EXPECT_EQ(control<QComboBox>(window, "Combo2")->currentText(), "");
+  EXPECT_EQ(control<QComboBox>(window, "Combo3")->currentText(), "");
+  check_window_at_sizes(window);
+}
+
+TEST_F(NewMatchWindowTest, OkPlaysTheMatchWhileTheWindowIsHidden) {
+  open(three);
+  files.elevens_in_memory = true;
+  NewMatchWindow window(form_);
+  control<QComboBox>(window, "Combo1")->setCurrentIndex(2);
+  control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
+  control<QRadioButton>(window, "Option3_1")->click();
+  bool hidden = false;
+  user_.on_conditions.push_back([&](conditions_form& conditions) {
+    hidden = !window.isVisible();
+    MessageWindow within({"The match", "A window within the match"});
+    run_modal(within);
+    conditions.accept();
+  });
+  user_.on_console = [](console_form&) { match.console_open = false; };
+  Robot robot;
+  robot.next("teamfrm", pressing("Command1"));
+  robot.next("message", pressing("OK"));
+  EXPECT_EQ(window.exec(), QDialog::Accepted);
+  EXPECT_TRUE(hidden);
+  EXPECT_THAT(user_.requests_of("teamsel"), ElementsAre("teamsel Carse", "teamsel Alba"));
+  EXPECT_EQ(user_.requests_of("console").size(), 1u);
+  EXPECT_EQ(match.ground.ground_name, "Crown & Anchor Oval");
+  EXPECT_THAT(robot.met(), ElementsAre("teamfrm", "message"));
+}
+
+TEST_F(NewMatchWindowTest, AFailureInTheMatchIsReported) {
+  open(three);
+  std::string failure;
+  on_failure([&](const std::exception& error) { failure = error.what(); });
+  NewMatchWindow window(form_);
+  window.show();
+  std::filesystem::remove(files.ground_file);
+  press(window, "Command1");
+  on_failure({});
+  EXPECT_THAT(failure, ::testing::HasSubstr("world.grd"));
+}
+
+TEST_F(NewMatchWindowTest, CancelAndEscapeCloseAndDoNothing) {
+  open(three);
+  NewMatchWindow window(form_);
+  window.show();
+  press(window, "Command2");
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_FALSE(form_.visible);
+  form_.open();
+  NewMatchWindow again(form_);
+  again.show();
+  again.reject();
+  EXPECT_FALSE(again.isVisible());
+  EXPECT_FALSE(form_.visible);
+  EXPECT_THAT(user_.requests, ElementsAre());
+}
+
+TEST_F(NewMatchWindowTest, AMatchIsNeverPlayedWithoutStopping) {
+  open(three);
+  const NewMatchWindow window(form_);
+  EXPECT_EQ(window.findChild<QCheckBox*>("play_without_stopping"), nullptr);
+}
+
+TEST_F(NewMatchWindowTest, AtFirstTheUserCaptainsTheFirstTeam) {
+  preferences::use_file(QString::fromStdString((database_.folder() / "fresh.ini").string()));
+  open(three);
+  NewMatchWindow window(form_);
+  EXPECT_TRUE(control<QRadioButton>(window, "Option1_1")->isChecked());
+  EXPECT_TRUE(control<QRadioButton>(window, "Option3_0")->isChecked());
+  EXPECT_FALSE(form_.computer_captains_first);
+  EXPECT_TRUE(form_.computer_captains_second);
+}
+
+TEST_F(NewMatchWindowTest, TheCaptainsOfTheLastMatchAreRemembered) {
+  open(three);
+  user_.on_conditions.assign(2, [](conditions_form& conditions) { conditions.leave(); });
+  for (const bool first_human : {false, true}) {
+    {
+      NewMatchWindow window(form_);
+      window.show();
+      control<QRadioButton>(window, first_human ? "Option1_1" : "Option1_0")->click();
+      control<QRadioButton>(window, first_human ? "Option3_0" : "Option3_1")->click();
+      press(window, "Command1");
+    }
+    {
+      NewMatchWindow cancelled(form_);
+      cancelled.show();
+      control<QRadioButton>(cancelled, first_human ? "Option1_0" : "Option1_1")->click();
+      press(cancelled, "Command2");
+    }
+    new_match_form fresh;
+    fresh.open();
+    NewMatchWindow next(fresh);
+    EXPECT_EQ(fresh.computer_captains_first, !first_human);
+    EXPECT_EQ(fresh.computer_captains_second, first_human);
+  }
+}
+
+TEST_F(NewMatchWindowTest, OkWaitsForTeamsAndAGround) {
+  open({"Alba", "Brook"});
+  NewMatchWindow window(form_);
+  window.show();
+  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose both teams");
+  take_picture(window, "teamfrm_waiting");
+  control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
+  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
+  control<QComboBox>(window, "Combo3")->setCurrentIndex(-1);
+  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose a ground");
+  control<QComboBox>(window, "Combo3")->setCurrentIndex(0);
+  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "");
+}
+
+TEST_F(NewMatchWindowTest, AMatchThatIsLeftClosesTheWindow) {
+  open(three);
+  user_.on_conditions.push_back([](conditions_form& conditions) { conditions.leave(); });
+  Robot robot;
+  robot.next("teamfrm", pressing("Command1"));
+  NewMatchWindow window(form_);
+  window.exec();
+  EXPECT_TRUE(form_.left);
+  EXPECT_FALSE(window.isVisible());
+}
+
+}  // namespace
+}  // namespace velorin::testing
