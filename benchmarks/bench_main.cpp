@@ -18,6 +18,7 @@
 
 #include "bench_world.h"
 #include "database/configuration.h"
+#include "support/game_in_play.h"
 
 namespace velorin::bench {
 namespace {
@@ -83,7 +84,7 @@ void print_ratios(const keeping_reporter& times, long few, long many) {
   const std::string title = fmt::format("peak memory of {} / {} matches", many_matches, few_matches);
   std::cout << fmt::format("{:<60}{:>8.2f}   1   ({} and {} kB)\n", title,
                            static_cast<double>(many) / static_cast<double>(few), many, few);
-  if (in_memory(files.folder)) std::cout << "The files lay in memory: name a folder on a disk in TMPDIR.\n";
+  if (in_memory(data.files.folder)) std::cout << "The files lay in memory: name a folder on a disk in TMPDIR.\n";
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 
 #include "database/configuration.h"
 #include "setup/new_match.h"
+#include "support/game_in_play.h"
 
 namespace velorin::bench {
 
@@ -34,10 +35,10 @@ bench_world::bench_world(const fs::path& teams) {
   if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder for the benchmarks");
   folder_ = pattern;
   for (const char* name : {"world.team", "world.grd"}) fs::copy_file(teams / name, folder_ / name);
-  files = database_paths(folder_, "world");
-  files.elevens_in_memory = true;
-  files.read_once = true;
-  files.updates = false;
+  data.files = database_paths(folder_, "world");
+  data.files.elevens_in_memory = true;
+  data.files.read_once = true;
+  data.files.updates = false;
 }
 
 bench_world::~bench_world() {
@@ -46,7 +47,7 @@ bench_world::~bench_world() {
 }
 
 void play_match() {
-  new_match_form form;
+  new_match_form form(in_play());
   form.open();
   form.accept();
 }
@@ -55,16 +56,16 @@ void put_on_record() {
   static bool done = false;
   if (done) return;
   done = true;
-  files.updates = true;
+  data.files.updates = true;
   for (int played = 0; played < 300; ++played) {
-    new_match_form form;
+    new_match_form form(in_play());
     form.open();
     const int teams = static_cast<int>(form.teams.size()) - 1;  // the last of twenty cannot be played
     form.choose_first_team(played % teams);
     form.choose_second_team((played + 1 + played / teams % (teams - 1)) % teams);
     form.accept();
   }
-  files.updates = false;
+  data.files.updates = false;
 }
 
 long peak_memory(int matches) {

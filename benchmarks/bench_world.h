@@ -5,11 +5,12 @@
 
 #include "headless/headless_user.h"
 #include "model/match_state.h"
+#include "support/test_user.h"
 
 namespace velorin::bench {
 
 /// A user who keeps the match as it stood at some moments of a match.
-class keeping_user : public headless_user {
+class keeping_user : public test_user {
  public:
   match_state in_mid_play;  ///< 25 overs into the first innings
   match_state at_end;       ///< the result known, before the updates

@@ -30,6 +30,7 @@
 #include "shell/menu_actions.h"
 #include "shell/menu_window.h"
 #include "shell/qt_front_end.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -68,11 +69,16 @@ void open_everything(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& us
   for (const char* name : {"series1", "series2", "wctable"}) {
     user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "Command2"); }));
   }
-  const std::vector<std::function<void()>> entries = {
-      [] { menu::all_batting(); },       [] { menu::all_bowling(); },         [] { menu::team_records(); },
-      [] { menu::world_rankings(); },    [] { menu::player_profiles(); },     [] { menu::configurations(); },
-      [] { menu::credits(); },           [&] { menu::new_series(shown_by); }, [&] { menu::tri_series(shown_by); },
-      [&] { menu::world_cup(shown_by); }};
+  const std::vector<std::function<void()>> entries = {[&] { menu::all_batting(shown_by); },
+                                                      [&] { menu::all_bowling(shown_by); },
+                                                      [&] { menu::team_records(shown_by); },
+                                                      [&] { menu::world_rankings(shown_by); },
+                                                      [&] { menu::player_profiles(shown_by); },
+                                                      [&] { menu::configurations(shown_by); },
+                                                      [] { menu::credits(); },
+                                                      [&] { menu::new_series(shown_by); },
+                                                      [&] { menu::tri_series(shown_by); },
+                                                      [&] { menu::world_cup(shown_by); }};
   for (const auto& entry : entries) {
     times.asked();
     entry();
@@ -163,7 +169,7 @@ void tell(const std::string& name, const std::vector<double>& taken) {
 
 void measure() {
   OpeningTimes times;
-  QtFrontEnd shown_by;
+  QtFrontEnd shown_by(tested_game);
   const front_end_scope in_use(shown_by);
   times.asked();
   MenuWindow menu(shown_by);
@@ -204,7 +210,7 @@ int main(int argc, char** argv) {
   for (const char* name : {"world.team", "world.grd", "options.mc"}) {
     std::filesystem::copy_file(std::filesystem::path(bundled) / name, teams / name);
   }
-  files = database_paths(teams, "world");
+  data.files = database_paths(teams, "world");
   velorin::testing::fill_careers();
   velorin::testing::measure();
   benchmark::RunSpecifiedBenchmarks();

@@ -16,6 +16,7 @@
 #include "database/career_update.h"
 #include "database/configuration.h"
 #include "engine/delivery_model.h"
+#include "support/game_in_play.h"
 
 namespace velorin::bench {
 namespace {
@@ -23,7 +24,7 @@ namespace {
 void bare_delivery(benchmark::State& state) {
   match = the_user().in_mid_play;
   for (auto _ : state) {
-    deliver_ball();
+    deliver_ball(match, chance);
     benchmark::DoNotOptimize(match.ball_outcome);
   }
 }
@@ -38,7 +39,7 @@ void bare_deliveries_of_a_match(benchmark::State& state) {
   const long deliveries = (the_user().balls + matches / 2) / matches;
   match = the_user().in_mid_play;
   for (auto _ : state) {
-    for (long i = 0; i < deliveries; ++i) deliver_ball();
+    for (long i = 0; i < deliveries; ++i) deliver_ball(match, chance);
     benchmark::DoNotOptimize(match.ball_outcome);
   }
   state.counters["balls"] = static_cast<double>(deliveries);
@@ -59,9 +60,9 @@ BENCHMARK(whole_match);
 /// The same with the careers and records brought up to date.
 void match_with_updates(benchmark::State& state) {
   put_on_record();
-  files.updates = true;
+  data.files.updates = true;
   for (auto _ : state) play_match();
-  files.updates = false;
+  data.files.updates = false;
 }
 BENCHMARK(match_with_updates)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
@@ -69,11 +70,11 @@ BENCHMARK(match_with_updates)->Unit(benchmark::kMicrosecond)->UseRealTime();
 void career_update(benchmark::State& state) {
   put_on_record();
   match = the_user().at_end;
-  files.updates = true;
+  data.files.updates = true;
   for (auto _ : state) {
-    update_career_and_records();
+    update_career_and_records(match, data);
   }
-  files.updates = false;
+  data.files.updates = false;
   match = match_state();
 }
 BENCHMARK(career_update)->Unit(benchmark::kMicrosecond)->UseRealTime();
@@ -116,23 +117,23 @@ double seconds_of(const auto& work) {
 /// the disk comes and goes.
 void update_and_plain_writes_in_turn(benchmark::State& state) {
   put_on_record();
-  const std::string careers = bytes_of(files.career_file);
-  const std::string records = bytes_of(files.record_file);
+  const std::string careers = bytes_of(data.files.career_file);
+  const std::string records = bytes_of(data.files.record_file);
   const auto both = [&](void (*write)(const std::filesystem::path&, const std::string&)) {
-    write(files.folder / "plain.rec", careers);
-    write(files.folder / "plain.ptr", records);
+    write(data.files.folder / "plain.rec", careers);
+    write(data.files.folder / "plain.ptr", records);
   };
   match = the_user().at_end;
-  files.updates = true;
+  data.files.updates = true;
   double update = 0;
   double plain = 0;
   double replacing = 0;
   for (auto _ : state) {
-    update += seconds_of([] { update_career_and_records(); });
+    update += seconds_of([] { update_career_and_records(match, data); });
     plain += seconds_of([&] { both(plain_write); });
     replacing += seconds_of([&] { both(plain_replacement); });
   }
-  files.updates = false;
+  data.files.updates = false;
   match = match_state();
   state.counters["bytes"] = static_cast<double>(careers.size() + records.size());
   state.counters["update/plain_write"] = update / plain;
@@ -146,7 +147,7 @@ void whole_world_cup(benchmark::State& state) {
   match = match_state();
   for (auto _ : state) {
     world_cup = world_cup_record();
-    world_cup_form form;
+    world_cup_form form(in_play(), world_cup);
     form.open();
     form.accept();
   }

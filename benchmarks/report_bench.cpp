@@ -16,6 +16,7 @@
 #include "database/configuration.h"
 #include "database/teams_file.h"
 #include "reports/export.h"
+#include "support/game_in_play.h"
 
 namespace velorin::bench {
 namespace {
@@ -31,15 +32,15 @@ void table(benchmark::State& state, shown_table (*open)()) {
 
 template <class Form, auto... arguments>
 shown_table opened() {
-  Form form;
+  Form form(data);
   form.open(arguments...);
   return form.table;
 }
 
 template <int record_mode>
 shown_table of_first_team() {
-  player_rankings_form form;
-  form.open(record_mode, read_team_list().front().team_name);
+  player_rankings_form form(data);
+  form.open(record_mode, read_team_list(data).front().team_name);
   return form.table;
 }
 
@@ -70,7 +71,7 @@ const bool tables_registered = [] {
 void profile_of_player(benchmark::State& state) {
   put_on_record();
   for (auto _ : state) {
-    player_profile_form form;
+    player_profile_form form(data);
     form.open();
     form.choose_team(0);
     form.choose_player(0);
@@ -82,7 +83,7 @@ BENCHMARK(profile_of_player)->Unit(benchmark::kMicrosecond);
 void records_of_team(benchmark::State& state) {
   put_on_record();
   for (auto _ : state) {
-    team_records_form form;
+    team_records_form form(data);
     form.open();
     form.choose_team(0);
     benchmark::DoNotOptimize(form);
@@ -94,7 +95,7 @@ BENCHMARK(records_of_team)->Unit(benchmark::kMicrosecond);
 void export_of_match(benchmark::State& state, export_kind kind) {
   match = the_user().at_end;
   for (auto _ : state) {
-    write_export(kind, files.folder / "export");
+    write_export(match, data, kind, data.files.folder / "export");
   }
   match = match_state();
 }
@@ -108,20 +109,26 @@ BENCHMARK_CAPTURE(export_of_match, ball_by_ball, export_kind::ball_by_ball)
 void text_of_export(benchmark::State& state, std::string (*text)(const scorecard_form&)) {
   match = the_user().at_end;
   for (auto _ : state) {
-    scorecard_form card;
+    scorecard_form card(match);
     card.open();
     benchmark::DoNotOptimize(text(card));
   }
   match = match_state();
 }
-BENCHMARK_CAPTURE(text_of_export, html, html_scorecard)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(text_of_export, text, text_scorecard)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(text_of_export, ball_by_ball, ball_by_ball)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(text_of_export, html, [](const scorecard_form& card) {
+  return html_scorecard(match, data, card);
+})->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(text_of_export, text, [](const scorecard_form& card) {
+  return text_scorecard(match, card);
+})->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(text_of_export, ball_by_ball, [](const scorecard_form& card) {
+  return ball_by_ball(match, card);
+})->Unit(benchmark::kMicrosecond);
 
 /// The object of a match, as the companion writes it.
 void text_of_object(benchmark::State& state) {
   match = the_user().at_end;
-  for (auto _ : state) benchmark::DoNotOptimize(cli::state_json().dump());
+  for (auto _ : state) benchmark::DoNotOptimize(cli::state_json(match).dump());
   match = match_state();
 }
 BENCHMARK(text_of_object)->Unit(benchmark::kMicrosecond);

@@ -14,6 +14,7 @@
 #include "shown_texts.h"
 #include "slots_of.h"
 #include "support.h"
+#include "support/game_in_play.h"
 #include "target.h"
 
 namespace velorin::fuzz {
@@ -38,7 +39,7 @@ void write_and_read_again(const career_table& careers) {
 }
 
 void look_at_profiles(const career_table& careers) {
-  player_profile_form form;
+  player_profile_form form{data};
   form.open();
   for (int t = 0; t < careers.career_team_count; ++t) {
     form.choose_team(t);
@@ -51,7 +52,7 @@ void look_at_profiles(const career_table& careers) {
 /// Looks with the records of a match.
 void look_at_teams() {
   write_bytes(files.record_file, records);
-  team_records_form form;
+  team_records_form form{data};
   form.open();
   for (std::size_t t = 0; t < form.teams.size(); ++t) {
     form.choose_team(static_cast<int>(t));
@@ -61,12 +62,12 @@ void look_at_teams() {
 }
 
 void look(int choice, const career_table& careers) {
-  player_rankings_form list;
+  player_rankings_form list{data};
   if (choice >= 1 && choice <= 9) {
     list.open(choice, careers.teams[1].team_name);
     require_shown(list.table);
   } else if (choice == 10) {
-    century_makers_form centuries;
+    century_makers_form centuries{data};
     centuries.open();
     require_shown(centuries.table);
   } else if (choice == 11) {

@@ -11,6 +11,7 @@
 #include "model/random.h"
 #include "setup/new_match.h"
 #include "support.h"
+#include "support/game_in_play.h"
 #include "target.h"
 
 namespace velorin::fuzz {
@@ -30,10 +31,10 @@ void play(std::vector<double> draws) {
   files.elevens_in_memory = true;
   files.read_once = true;
   files.updates = false;
-  headless_user user;
+  headless_user user{match};
   const front_end_scope scope(user);
   try {
-    new_match_form form;
+    new_match_form form{in_play()};
     form.open();
     form.accept();
   } catch (const run_time_error& error) {

@@ -9,6 +9,7 @@
 #include "model/match_state.h"
 #include "slots_of.h"
 #include "support.h"
+#include "support/game_in_play.h"
 #include "target.h"
 
 namespace velorin::fuzz {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "support/game_in_play.h"
 #include "target.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {

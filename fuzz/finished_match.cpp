@@ -12,6 +12,8 @@
 #include "model/match_state.h"
 #include "setup/new_match.h"
 #include "support.h"
+#include "support/game_in_play.h"
+#include "support/test_user.h"
 
 namespace velorin::fuzz {
 
@@ -20,7 +22,7 @@ namespace {
 std::optional<match_state> finished;
 
 /// Keeps the match as it is when its last scorecard opens.
-class match_keeper : public headless_user {
+class match_keeper : public test_user {
  public:
   void open(report which) override {
     if (which == report::scorecard) finished = match;
@@ -36,7 +38,7 @@ void lay_out_database() {
   files.updates = false;
   match_keeper keeper;
   const front_end_scope scope(keeper);
-  new_match_form form;
+  new_match_form form{in_play()};
   form.open();
   form.accept();
   fresh_state();

@@ -10,6 +10,7 @@
 #include "setup/new_match.h"
 #include "slots_of.h"
 #include "support.h"
+#include "support/game_in_play.h"
 #include "target.h"
 
 namespace velorin::fuzz {
@@ -49,7 +50,7 @@ void dump_and_build_again(const std::vector<std::string>& slots) {
 
 /// The list of a form that offers grounds.
 void offer(std::size_t grounds) {
-  new_match_form form;
+  new_match_form form{in_play()};
   form.open();
   require(form.grounds.size() <= grounds, "the grounds on offer are those of the file");
 }

@@ -14,6 +14,7 @@
 #include "model/match_state.h"
 #include "slots_of.h"
 #include "support.h"
+#include "support/game_in_play.h"
 
 namespace velorin::fuzz {
 namespace {

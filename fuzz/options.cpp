@@ -5,6 +5,7 @@
 #include "database/configuration.h"
 #include "database/settings_form.h"
 #include "support.h"
+#include "support/game_in_play.h"
 #include "target.h"
 
 namespace velorin::fuzz {
@@ -28,7 +29,7 @@ void write_and_read_again() {
 
 /// Opens the form and leaves it by its OK.
 void confirm() {
-  settings_form form;
+  settings_form form{data};
   form.open();
   require(form.sample_text_color >= 0 && form.sample_text_color <= 0xFFFFFF, "a colour is shown");
   const std::string chosen = form.database;

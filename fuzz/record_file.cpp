@@ -14,6 +14,7 @@
 #include "shown_texts.h"
 #include "slots_of.h"
 #include "support.h"
+#include "support/game_in_play.h"
 #include "target.h"
 
 namespace velorin::fuzz {
@@ -60,7 +61,7 @@ void look_at(Form form, auto... mode) {
 }
 
 void look_at_teams() {
-  team_records_form form;
+  team_records_form form{data};
   form.open();
   for (std::size_t t = 0; t < form.teams.size(); ++t) {
     form.choose_team(static_cast<int>(t));

@@ -17,6 +17,7 @@
 #include "database/whole_file.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 
 namespace velorin::fuzz {
 

@@ -11,6 +11,7 @@
 #include "setup/new_match.h"
 #include "slots_of.h"
 #include "support.h"
+#include "support/game_in_play.h"
 #include "target.h"
 
 namespace velorin::fuzz {
@@ -58,10 +59,10 @@ void dump_and_build_again(const std::vector<std::string>& slots) {
 void play() {
   files.elevens_in_memory = true;
   files.updates = false;
-  headless_user user;
+  headless_user user{match};
   const front_end_scope scope(user);
   try {
-    new_match_form form;
+    new_match_form form{in_play()};
     form.open();
     if (form.teams.size() < 2) return;
     form.choose_first_team(0);

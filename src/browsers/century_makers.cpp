@@ -13,8 +13,8 @@ career_rate hundreds_key(const career_rec& career) { return career.hundreds; }
 }  // namespace
 
 void century_makers_form::open() {
-  *this = {};
-  const career_table careers = read_career_table();
+  static_cast<table_form&>(*this) = {};
+  const career_table careers = read_career_table(data_);
   player_pool pool = all_players(careers);
   sort_by_held_keys(pool, hundreds_key, sort_order::descending);
   table.title = "Top Century Makers";

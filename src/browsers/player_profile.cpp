@@ -7,6 +7,7 @@
 
 #include "browsers/career_rates.h"
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "database/photos.h"
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
@@ -26,9 +27,9 @@ int index_of(const std::vector<std::string>& list, const std::string& text) {
   return found == list.end() ? -1 : static_cast<int>(found - list.begin());
 }
 
-[[noreturn]] void raise_no_career(const std::string& happened, const std::string& name) {
+[[noreturn]] void raise_no_career(open_database& data, const std::string& happened, const std::string& name) {
   throw run_time_error(failure::subscript, happened,
-                       {.file = file_name_text(files.career_file), .record = 0, .field = {}, .player = name});
+                       {.file = file_name_text(data.files.career_file), .record = 0, .field = {}, .player = name});
 }
 
 std::vector<shown_field> batting_fields(const career_rec& career) {
@@ -62,18 +63,18 @@ std::vector<shown_field> bowling_fields(const career_rec& career) {
 }  // namespace
 
 void player_profile_form::open() {
-  *this = {};
-  careers_ = read_career_table();
+  static_cast<player_profile_screen&>(*this) = {};
+  careers_ = read_career_table(data_);
   for (int t = 1; t <= careers_.career_team_count; ++t) teams.push_back(careers_.teams[t].team_name);
 }
 
 void player_profile_form::open_locked(const std::string& team, const std::string& player) {
   open();
   const int team_index = index_of(teams, team);
-  if (team_index < 0) raise_no_career("No player of the team has a career", team);
+  if (team_index < 0) raise_no_career(data_, "No player of the team has a career", team);
   choose_team(team_index);
   const int player_index = index_of(players, player);
-  if (player_index < 0) raise_no_career(fmt::format("The player has no career for {}", team), player);
+  if (player_index < 0) raise_no_career(data_, fmt::format("The player has no career for {}", team), player);
   choose_player(player_index);
   locked = true;
 }
@@ -107,19 +108,19 @@ void player_profile_form::fill(const career_rec& career) {
   batting = batting_fields(career);
   bowling = bowling_fields(career);
   fielding = {{"Catches", number_text(career.catches)}, {"Stumpings", number_text(career.stumpings)}};
-  photo = profile_photo(career.name);
+  photo = profile_photo(data_, career.name);
   no_photo_visible = !photo;
 }
 
-bool show_profile(const std::string& team, const std::string& player) {
-  player_profile_form form;
+bool show_profile(front_end& user, open_database& data, const std::string& team, const std::string& player) {
+  player_profile_form form(data);
   try {
     form.open_locked(team, player);
   } catch (const run_time_error& failed) {
-    user().show(message_box{"Error - Player Details", failed.what()});
+    user.show(message_box{"Error - Player Details", failed.what()});
     return false;
   }
-  user().show(form);
+  user.show(form);
   return true;
 }
 

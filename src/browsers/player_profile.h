@@ -12,9 +12,12 @@
 
 namespace velorin {
 
+class front_end;
+struct open_database;
+
 /// The profile of one player: the figures of his career, the rates that follow from them, and his photo. Shown texts
 /// stay until another player is chosen.
-struct player_profile_form {
+struct player_profile_screen {
   static constexpr std::string_view title = "Player Profiles";
   static constexpr std::string_view team_caption = "Team:";
   static constexpr std::string_view player_caption = "Player:";
@@ -37,6 +40,11 @@ struct player_profile_form {
   std::optional<std::filesystem::path> photo;  ///< the photo
   bool no_photo_visible = false;               ///< the label in its place
   bool closed = false;
+};
+
+/// The form: fills the screen and follows the user.
+struct player_profile_form : player_profile_screen {
+  explicit player_profile_form(open_database& data) : data_(data) {}
 
   /// Lists the teams, with nothing chosen. Reads the careers; raises what read_career_table raises.
   void open();
@@ -56,10 +64,11 @@ struct player_profile_form {
   void fill(const career_rec& career);
 
   career_table careers_;
+  open_database& data_;
 };
 
 /// Opens the profile of a player, locked, modal. If that fails, shows the failure in a message titled "Error - Player
 /// Details" and returns false. Asks the front end.
-bool show_profile(const std::string& team, const std::string& player);
+bool show_profile(front_end& user, open_database& data, const std::string& team, const std::string& player);
 
 }  // namespace velorin

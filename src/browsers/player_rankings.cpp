@@ -82,10 +82,10 @@ std::vector<std::string> bowling_texts(const career_rec& career) {
 }  // namespace
 
 void player_rankings_form::open(int record_mode, const std::string& team) {
-  *this = {};
+  static_cast<table_form&>(*this) = {};
   const bool one_team = record_mode == career_batting || record_mode == career_bowling;
   const ranking& shown = rankings.at(static_cast<std::size_t>(record_mode));
-  const career_table careers = read_career_table();
+  const career_table careers = read_career_table(data_);
   player_pool pool = one_team ? players_of(careers, team) : all_players(careers);
   sort_by_held_keys(pool, shown.key, shown.order);
   table.title = (one_team ? team : std::string()) + std::string(shown.title);

@@ -46,8 +46,8 @@ void fill_bowling(shown_table& table, const top_bowling_list& list) {
 }  // namespace
 
 void best_performances_form::open(int record_mode) {
-  *this = {};
-  const record_lists lists = read_record_lists();
+  static_cast<table_form&>(*this) = {};
+  const record_lists lists = read_record_lists(data_);
   if (record_mode == 1) {
     fill_scores(table, lists.top_scores);
   } else {
@@ -56,8 +56,8 @@ void best_performances_form::open(int record_mode) {
 }
 
 void total_records_form::open(int record_mode) {
-  *this = {};
-  const record_lists lists = read_record_lists();
+  static_cast<table_form&>(*this) = {};
+  const record_lists lists = read_record_lists(data_);
   table.title = record_mode == 1 ? "Highest Totals in ODI's" : "Lowest Totals in ODI's";
   table.columns = {{"Score"}, {"For"}, {"Against"}};
   const top_total_list& list = record_mode == 1 ? lists.highest_totals : lists.lowest_totals;
@@ -69,8 +69,8 @@ void total_records_form::open(int record_mode) {
 }
 
 void stand_records_form::open() {
-  *this = {};
-  const record_lists lists = read_record_lists();
+  static_cast<table_form&>(*this) = {};
+  const record_lists lists = read_record_lists(data_);
   table.title = "Record Partnerships";
   table.columns = {{"Score"}, {"Players"}, {"For"}, {"Against"}};
   constexpr std::string_view unbroken = " * ";

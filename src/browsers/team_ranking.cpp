@@ -6,6 +6,7 @@
 
 #include "database/configuration.h"
 #include "database/layout.h"
+#include "database/open_database.h"
 #include "database/whole_file.h"
 #include "model/rounding.h"
 
@@ -26,8 +27,8 @@ std::optional<double> team_results::success(const error_place& row) const {
   return fitting(round_to(won * 100 / played(), 2), row);
 }
 
-error_place row_place(const record_lists& lists, int team) {
-  return {.file = file_name_text(files.record_file),
+error_place row_place(open_database& data, const record_lists& lists, int team) {
+  return {.file = file_name_text(data.files.record_file),
           .record = table_record(team),
           .field = "away_won",
           .player = lists.teams[team].team_name.text()};
@@ -47,10 +48,10 @@ team_results total_results(const team_table& team) {
   return {away.won + home.won, away.lost + home.lost, away.tied + home.tied};
 }
 
-std::vector<ranked_team> rank_teams(const record_lists& lists) {
+std::vector<ranked_team> rank_teams(open_database& data, const record_lists& lists) {
   std::vector<ranked_team> ranking;
   for (int t = 1; t <= lists.table_team_count; ++t) {
-    const error_place row = row_place(lists, t);
+    const error_place row = row_place(data, lists, t);
     const std::optional<double> success = total_results(lists.teams[t]).success(row);
     if (!success) {
       throw run_time_error(failure::division, "Division by zero: a team of the table has played no match", row);

@@ -43,11 +43,11 @@ std::string tally_text(const career_rec& man, int tally, const char* of_what) {
 }  // namespace
 
 void team_records_form::open() {
-  *this = {};
+  static_cast<team_records_screen&>(*this) = {};
   title = "Team Records - ";
-  lists_ = read_record_lists();
-  ranking_ = rank_teams(lists_);
-  careers_ = read_career_table();
+  lists_ = read_record_lists(data_);
+  ranking_ = rank_teams(data_, lists_);
+  careers_ = read_career_table(data_);
   for (int t = 1; t <= lists_.table_team_count; ++t) teams.push_back(lists_.teams[t].team_name.text());
 }
 
@@ -57,7 +57,7 @@ void team_records_form::choose_team(int index) {
   const team_table& team = lists_.teams[index + 1];
   const std::string& name = teams[index];
   title = "Team Records - " + name;
-  const error_place place = row_place(lists_, index + 1);
+  const error_place place = row_place(data_, lists_, index + 1);
   results[0].texts = results_texts(home_results(team), place);
   results[1].texts = results_texts(away_results(team), place);
   results[2].texts = results_texts(total_results(team), place);

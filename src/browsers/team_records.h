@@ -12,8 +12,10 @@
 
 namespace velorin {
 
+struct open_database;
+
 /// The records of one team: its results, its rank, its extreme totals and its best men. Empty until a team is chosen.
-struct team_records_form {
+struct team_records_screen {
   /// Results at home, away, or both.
   struct results_column {
     std::string_view heading;
@@ -39,6 +41,11 @@ struct team_records_form {
       {{"Highest Score:", {}}, {"Most Runs:", {}}, {"Best Bowling:", {}}, {"Most Wickets:", {}}}};
   std::array<std::string, 4> men_of_records;  ///< whom each of `individual` names, "" for none
   bool closed = false;
+};
+
+/// The form: fills the screen and follows the user.
+struct team_records_form : team_records_screen {
+  explicit team_records_form(open_database& data) : data_(data) {}
 
   /// Lists the teams, with none chosen. Reads record lists and careers. Raises run_time_error: what ranking the teams
   /// raises, whatever reading them raises.
@@ -54,6 +61,7 @@ struct team_records_form {
   record_lists lists_;
   career_table careers_;
   std::vector<ranked_team> ranking_;
+  open_database& data_;
 };
 
 }  // namespace velorin

@@ -7,6 +7,7 @@
 
 #include "browsers/team_ranking.h"
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
@@ -25,19 +26,19 @@ const team_table& row_of(const record_lists& lists, const std::string& team) {
 }  // namespace
 
 void world_rankings_form::open() {
-  *this = {};
+  static_cast<table_form&>(*this) = {};
   table.title = "Top Ten Teams";
   table.columns = {{"Rank", alignment::right},      {"Team"},
                    {"Success %", alignment::right}, {"Played", alignment::right},
                    {"Won", alignment::right},       {"Lost", alignment::right},
                    {"Tied", alignment::right}};
-  const record_lists lists = read_record_lists();
+  const record_lists lists = read_record_lists(data_);
   int rank = 0;
-  for (const ranked_team& ranked : rank_teams(lists)) {
+  for (const ranked_team& ranked : rank_teams(data_, lists)) {
     if (++rank > row_limit) {
       throw run_time_error(
           failure::subscript, fmt::format("Subscript out of range: the ranking has {} rows", row_limit),
-          {.file = file_name_text(files.record_file), .record = 0, .field = {}, .player = ranked.team});
+          {.file = file_name_text(data_.files.record_file), .record = 0, .field = {}, .player = ranked.team});
     }
     const team_results results = total_results(row_of(lists, ranked.team));
     table.rows.push_back({rank,

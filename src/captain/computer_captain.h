@@ -8,6 +8,10 @@
 
 namespace velorin {
 
+struct match_state;
+class random_source;
+class front_end;
+
 /// What the toss screen shows once the coin has fallen.
 struct toss_outcome {
   std::string headline;
@@ -19,29 +23,29 @@ struct toss_outcome {
 
 /// The toss of a computer first team against a human second team. Requires the team names; changes nothing. Draws,
 /// after reseeding, the coin (1 the computer won) and, if it won, the election (1 field, 2 bat).
-toss_outcome decide_toss();
+toss_outcome decide_toss(const match_state& match, random_source& chance);
 
 /// The next man in: the first remaining "Opener", else the best remaining "Middle Order", else the best remaining
 /// "Lower Order" by bat_skill, earlier place on a tie. Sets next_batsman_slot to the higher of striker and non_striker
 /// and moves the choice to the place after it in batting_xi. Reads striker, non_striker, batting_xi. Draws nothing.
-void choose_next_batsman();
+void choose_next_batsman(match_state& match);
 
 /// Builds bowler_pool from bowling_xi, best first, and sets bowler and next_bowler. Draws, after reseeding, the offset
 /// of the innings, -10 to 10. Raises run_time_error for an economy rate that is no number (type) or beyond a figure
 /// (overflow).
-void choose_opening_bowlers();
+void choose_opening_bowlers(match_state& match, random_source& chance);
 
 /// Sets batsman_aggression of both batsmen. Requires striker, non_striker and bowler; reads the score, the cards, in a
 /// second innings the projection. Draws nothing. Raises run_time_error: a bat_skill of 0 (division), a projection that
 /// is no number (type).
-void set_batting_aggression();
+void set_batting_aggression(match_state& match);
 
 /// Reviews the man who has just finished an over, replaces him where he is tired, expensive or through, and sets
 /// bowling_aggression[0]. Requires: the end of an over, after bowlers and batsmen have been exchanged, so that
 /// next_bowler is the man under review; bowler_pool. Changes next_bowler, bowling_aggression[0], opening_bowlers and
 /// the pending change; asks for the message "Bowler Change" when a human is involved. Draws nothing. Raises
 /// run_time_error: a projection that is no number (type), no replacement to be found (endless).
-void review_bowler();
+void review_bowler(match_state& match, front_end& user);
 
 /// A search for another bowler. Positions of the bowling eleven; -1 excludes nobody.
 struct replacement_search {
@@ -57,6 +61,6 @@ struct replacement_search {
 
 /// The best-ranked man of bowler_pool who fits: by kind in the first pass, of any kind in the second. Records the
 /// change as pending and returns his position. Raises run_time_error (endless) if nobody fits.
-int pick_replacement(const replacement_search& wanted);
+int pick_replacement(match_state& match, const replacement_search& wanted);
 
 }  // namespace velorin

@@ -16,7 +16,7 @@ namespace velorin {
 namespace {
 
 /// Position of the man to come in among `first` to 11, or 0 if no one has a known role.
-int next_man(int first) {
+int next_man(const match_state& match, int first) {
   int best_middle = 0;
   int best_lower = 0;
   int middle_skill = 0;
@@ -44,7 +44,7 @@ struct candidate {
   int position;
 };
 
-candidate candidate_at(int position, int offset) {
+candidate candidate_at(const match_state& match, int position, int offset) {
   const player_rec& man = match.bowling_xi[position];
   const double rating = static_cast<double>(man.bowl_sr) + offset;
   if (std::isnan(man.econ)) {
@@ -60,7 +60,7 @@ candidate candidate_at(int position, int offset) {
 }
 
 /// Place in bowler_pool of the first man of `kind` whose position is not `other`, or 0.
-int first_of_kind(std::string_view kind, int other) {
+int first_of_kind(const match_state& match, std::string_view kind, int other) {
   for (int i = 1; i <= men_in_eleven; ++i) {
     const bowler_pool_rec& man = match.bowler_pool[i];
     if (man.bowler_type == kind && man.position != other) return i;
@@ -69,49 +69,49 @@ int first_of_kind(std::string_view kind, int other) {
 }
 
 /// Position of the opening bowler: a fast one, else a medium pacer, else the man at `fallback` in the pool.
-int opener(int other, int fallback) {
+int opener(const match_state& match, int other, int fallback) {
   for (const std::string_view kind : {"Fast Bowler", "Medium Pacer"}) {
-    if (const int place = first_of_kind(kind, other); place != 0) return match.bowler_pool[place].position;
+    if (const int place = first_of_kind(match, kind, other); place != 0) return match.bowler_pool[place].position;
   }
   return match.bowler_pool[fallback].position;
 }
 
 }  // namespace
 
-toss_outcome decide_toss() {
+toss_outcome decide_toss(const match_state& match, random_source& chance) {
   toss_outcome outcome;
   outcome.deciding_line = match.team2_name;
   outcome.other_line = match.team1_name;
-  reseed();
-  if (coin() == 2) {
+  chance.reseed();
+  if (coin(chance) == 2) {
     outcome.headline = match.team2_name + " have won the toss.";
     return outcome;
   }
-  const bool fields = coin() == 1;
+  const bool fields = coin(chance) == 1;
   outcome.headline =
       match.team1_name + " have won the toss.They have elected to " + (fields ? "field" : "bat") + " first.";
   (fields ? outcome.bowl_enabled : outcome.bat_enabled) = false;
   return outcome;
 }
 
-void choose_next_batsman() {
+void choose_next_batsman(match_state& match) {
   match.next_batsman_slot = match.higher_batsman();
   const int place = match.next_batsman_slot + 1;
-  const int chosen = next_man(place);
+  const int chosen = next_man(match, place);
   if (chosen > place) {
     const auto men = match.batting_xi.begin();
     std::rotate(men + place, men + chosen, men + chosen + 1);
   }
 }
 
-void choose_opening_bowlers() {
-  reseed();
+void choose_opening_bowlers(match_state& match, random_source& chance) {
+  chance.reseed();
   constexpr int most_offset = 10;
-  const int offset = static_cast<int>(std::floor((2 * most_offset + 1) * rnd() - most_offset));
+  const int offset = static_cast<int>(std::floor((2 * most_offset + 1) * chance.rnd() - most_offset));
   // A stable sort by the key: what full bubble passes with a strict comparison give.
   std::array<candidate, men_in_eleven + 1> order;
   for (int i = 1; i <= men_in_eleven; ++i) {
-    const candidate next = candidate_at(i, offset);
+    const candidate next = candidate_at(match, i, offset);
     int place = i;
     for (; place > 1 && next.key < order[place - 1].key; --place) order[place] = order[place - 1];
     order[place] = next;
@@ -125,8 +125,8 @@ void choose_opening_bowlers() {
     line.econ_class = order[i].econ_class;
     line.bowler_type = man.bowler_type;
   }
-  match.bowler = opener(0, 1);
-  match.next_bowler = opener(match.bowler, 2);
+  match.bowler = opener(match, 0, 1);
+  match.next_bowler = opener(match, match.bowler, 2);
 }
 
 }  // namespace velorin

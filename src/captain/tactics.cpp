@@ -20,7 +20,7 @@ namespace {
 constexpr double base_at_start = 2;  ///< of both captains, before the first ball
 
 /// A batsman's standing in the innings.
-double form_of(int position) {
+double form_of(const match_state& match, int position) {
   const batting_card_rec& card = match.batting_card[position];
   return 2 * card.runs + card.balls / 2.0 + 1;
 }
@@ -30,7 +30,7 @@ int clamp_aggression(double value) {
 }
 
 /// The part of the batting aggression that both batsmen share.
-double batting_base() {
+double batting_base(const match_state& match) {
   const int balls = match.innings_balls;
   const int in_hand = wickets_of_innings - match.score_wickets;
   if (balls == 0) return base_at_start;
@@ -50,7 +50,7 @@ double batting_base() {
 }
 
 /// The aggression of the batsman at a position. `strike_rate` is the bowler's.
-int batting_value(int position, double base, double strike_rate) {
+int batting_value(const match_state& match, int position, double base, double strike_rate) {
   constexpr double form_a_step = 100;
   constexpr double skill_weight = 5;  // in parts of 1 / skill: the most that a skill takes away
   constexpr double strike_rate_a_step = 100;
@@ -61,12 +61,12 @@ int batting_value(int position, double base, double strike_rate) {
     throw run_time_error(failure::division, "Division by zero: a batting skill of 0",
                          {.file = {}, .record = 0, .field = "bat_skill", .player = man.name});
   }
-  return clamp_aggression(round_half_even(base + form_of(position) / form_a_step - skill_weight / man.bat_skill +
+  return clamp_aggression(round_half_even(base + form_of(match, position) / form_a_step - skill_weight / man.bat_skill +
                                           strike_rate / strike_rate_a_step));
 }
 
 /// The part of the bowling aggression that the innings decides.
-double bowling_base() {
+double bowling_base(const match_state& match) {
   constexpr double start = 4;
   const double balls = match.innings_balls;
   const double wickets = match.score_wickets;
@@ -83,25 +83,25 @@ double bowling_base() {
   return round_half_even(wickets / wickets_a_step + start - projection / projection_a_step + balls / balls_a_step);
 }
 
-void set_bowling_aggression() {
+void set_bowling_aggression(match_state& match) {
   constexpr double form_a_step = 100;
   constexpr double skills_a_step = 100;
   constexpr double strike_rate_a_step = 100;
   constexpr double wickets_a_step = 2.5;
-  const double form = (form_of(match.striker) + form_of(match.non_striker)) / 2;
+  const double form = (form_of(match, match.striker) + form_of(match, match.non_striker)) / 2;
   const double skills = match.batting_xi[match.striker].bat_skill + match.batting_xi[match.non_striker].bat_skill;
   const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
   const double wickets = match.bowling_card[match.bowler].wickets;
   match.bowling_aggression[0] =
-      clamp_aggression(round_half_even(bowling_base() - form / form_a_step - skills / skills_a_step -
+      clamp_aggression(round_half_even(bowling_base(match) - form / form_a_step - skills / skills_a_step -
                                        strike_rate / strike_rate_a_step + wickets / wickets_a_step));
 }
 
-void announce_change() {
+void announce_change(match_state& match, front_end& user) {
   if (!match.bowler_change_pending) return;
   if (match.human_involved()) {
-    user().show(message_box{"Bowler Change", match.bowling_xi[match.bowler_change_out].name + " has been replaced by " +
-                                                 match.bowling_xi[match.bowler_change_in].name + " ."});
+    user.show(message_box{"Bowler Change", match.bowling_xi[match.bowler_change_out].name + " has been replaced by " +
+                                               match.bowling_xi[match.bowler_change_in].name + " ."});
   }
   match.bowler_change_pending = false;
   match.bowler_change_out = 0;
@@ -195,12 +195,12 @@ double review_score(const review_weights& weights, const bowling_card_rec& card)
 }
 
 /// The man under review is to be changed.
-bool is_to_go(const review_stage& stage, int position) {
+bool is_to_go(const match_state& match, const review_stage& stage, int position) {
   if (stage.fast_only && match.bowling_xi[position].bowler_type != fast) return true;
   return review_score(stage.weights, match.bowling_card[position]) > stage.limit;
 }
 
-void replace_next_bowler(const review_stage& stage, int max_balls) {
+void replace_next_bowler(match_state& match, const review_stage& stage, int max_balls) {
   replacement_search wanted;
   if (stage.by_pace) {
     wanted.type_a = fast;
@@ -213,10 +213,10 @@ void replace_next_bowler(const review_stage& stage, int max_balls) {
     wanted.exclude_d = match.opening_bowlers[1];
   }
   wanted.max_balls = max_balls;
-  match.next_bowler = pick_replacement(wanted);
+  match.next_bowler = pick_replacement(match, wanted);
 }
 
-bool fits(const bowler_pool_rec& man, const replacement_search& wanted) {
+bool fits(const match_state& match, const bowler_pool_rec& man, const replacement_search& wanted) {
   const int position = man.position;
   if (position == wanted.exclude_a || position == wanted.exclude_b || position == wanted.exclude_c ||
       position == wanted.exclude_d) {
@@ -228,19 +228,19 @@ bool fits(const bowler_pool_rec& man, const replacement_search& wanted) {
 
 }  // namespace
 
-void set_batting_aggression() {
-  const double base = batting_base();
+void set_batting_aggression(match_state& match) {
+  const double base = batting_base(match);
   const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
-  match.batsman_aggression[0] = batting_value(match.lower_batsman(), base, strike_rate);
-  match.batsman_aggression[1] = batting_value(match.higher_batsman(), base, strike_rate);
+  match.batsman_aggression[0] = batting_value(match, match.lower_batsman(), base, strike_rate);
+  match.batsman_aggression[1] = batting_value(match, match.higher_batsman(), base, strike_rate);
 }
 
-int pick_replacement(const replacement_search& wanted) {
+int pick_replacement(match_state& match, const replacement_search& wanted) {
   for (const bool relaxed : {false, true}) {
     for (int i = 1; i <= men_in_eleven; ++i) {
       const bowler_pool_rec& man = match.bowler_pool[i];
       const bool kind_fits = relaxed || man.bowler_type == wanted.type_a || man.bowler_type == wanted.type_b;
-      if (!kind_fits || !fits(man, wanted)) continue;
+      if (!kind_fits || !fits(match, man, wanted)) continue;
       match.bowler_change_pending = true;
       match.bowler_change_out = wanted.exclude_b;
       match.bowler_change_in = man.position;
@@ -251,19 +251,19 @@ int pick_replacement(const replacement_search& wanted) {
                        {.file = {}, .record = 0, .field = "bowler_pool", .player = {}});
 }
 
-void review_bowler() {
-  announce_change();
+void review_bowler(match_state& match, front_end& user) {
+  announce_change(match, user);
   if (match.innings_balls < 2 * balls_of_over) {
     match.opening_bowlers[0] = match.bowler;
     match.opening_bowlers[1] = match.next_bowler;
   }
   if (const review_stage* stage = stage_at(match.innings_balls)) {
-    if (is_to_go(*stage, match.next_bowler)) replace_next_bowler(*stage, stage->max_balls);
+    if (is_to_go(match, *stage, match.next_bowler)) replace_next_bowler(match, *stage, stage->max_balls);
     if (stage->forced_max_balls != 0 && match.bowling_card[match.next_bowler].balls >= balls_of_quota) {
-      replace_next_bowler(*stage, stage->forced_max_balls);
+      replace_next_bowler(match, *stage, stage->forced_max_balls);
     }
   }
-  if (match.computer_bowls) set_bowling_aggression();
+  if (match.computer_bowls) set_bowling_aggression(match);
 }
 
 }  // namespace velorin

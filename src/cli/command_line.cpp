@@ -26,9 +26,11 @@ std::string one_line(const std::exception& error) {
 
 }  // namespace
 
-int run(const std::vector<std::string>& arguments, const std::filesystem::path& program_folder, streams io) {
+int run(const std::vector<std::string>& arguments, const std::filesystem::path& program_folder, streams io,
+        turn_watcher* watcher) {
   program_options program;
   program.teams_dir = program_folder / "teams";
+  program.watcher = watcher;
   command_action action;
 
   CLI::App app("Plays one-day cricket without a window, and builds, checks and dumps databases.", "velorin-cli");

@@ -8,6 +8,9 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/command_line.h"
+#include "database/open_database.h"
+#include "model/match_state.h"
+#include "model/random.h"
 
 // One command a file. Each adds its options to the command line and sets what is to be run once the line is read.
 
@@ -21,13 +24,20 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
 void add_report(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_db(CLI::App& app, const program_options& program, streams io, command_action& action);
 
-/// Starts from blank records, as a new process does, and makes the folder, the database and the source of chance of the
-/// command line the ones in use, without updates and with the elevens in memory. Raises run_time_error.
-void set_up_run(const program_options& program);
+/// What a command works on, fresh as in a new process.
+struct run_state {
+  match_state match;
+  random_source chance;
+  open_database data;
+};
+
+/// Opens the folder, the database and the source of chance of the command line, without updates and with the elevens in
+/// memory. Raises run_time_error.
+run_state set_up_run(const program_options& program);
 
 /// The base name of the database to use: as given, else line 2 of options.mc, else the only one on offer. Raises
 /// run_time_error.
-std::string find_database(const program_options& program);
+std::string find_database(open_database& data, const program_options& program);
 
 /// The numbers of a draws file. Raises run_time_error with file and line.
 std::vector<double> read_draws(const std::filesystem::path& file);

@@ -15,6 +15,7 @@
 #include "competitions/world_cup_form.h"
 #include "competitions/world_cup_tables.h"
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "headless/headless_user.h"
 #include "model/code_page.h"
 #include "model/run_time_error.h"
@@ -56,7 +57,8 @@ text_table league_text(const std::vector<std::string>& columns, const std::vecto
 /// The headless user, who prints each showing of a standings window or keeps it as JSON.
 class competition_recorder : public headless_user {
  public:
-  competition_recorder(bool as_json, std::ostream& out) : as_json_(as_json), out_(out) {}
+  competition_recorder(const match_state& match, bool as_json, std::ostream& out)
+      : headless_user(match), as_json_(as_json), out_(out) {}
 
   using headless_user::show;
 
@@ -202,14 +204,20 @@ void fill_and_play(world_cup_form& form, const competition_options& options) {
   form.accept();
 }
 
+/// The record of the competition that a form plays.
+template <class Form>
+using competition_of =
+    std::conditional_t<std::is_same_v<Form, series_form>, series_record,
+                       std::conditional_t<std::is_same_v<Form, tri_series_form>, tri_record, world_cup_record>>;
+
 /// Plays a competition from its form.
 template <class Form>
 int play(const competition_options& options, const program_options& program, streams io) {
-  set_up_run(program);
-  files.updates = options.update;
-  competition_recorder recorder(options.json, io.out);
-  const front_end_scope scope(recorder);
-  Form form;
+  run_state run = set_up_run(program);
+  run.data.files.updates = options.update;
+  competition_recorder recorder(run.match, options.json, io.out);
+  competition_of<Form> competition;
+  Form form({run.match, run.chance, recorder, run.data}, competition);
   fill_and_play(form, options);
   recorder.finish();
   return done;

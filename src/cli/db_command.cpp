@@ -31,8 +31,11 @@ std::string base_name(const std::string& typed) {
 /// The files of a database named on the command line: a base name in the teams folder, or a path without ending.
 database_files named_files(const db_options& options, const program_options& program) {
   const std::filesystem::path given(options.base);
-  if (!given.has_parent_path()) return database_paths(program.teams_dir, core_text(options.base));
-  return database_paths(given.parent_path(), core_text(given.filename().string()));
+  database_files named = given.has_parent_path()
+                             ? database_paths(given.parent_path(), core_text(given.filename().string()))
+                             : database_paths(program.teams_dir, core_text(options.base));
+  named.watcher = program.watcher;
+  return named;
 }
 
 int build(const db_options& options, const program_options& program) {
@@ -41,7 +44,7 @@ int build(const db_options& options, const program_options& program) {
     throw run_time_error(failure::type, fmt::format("The base name \"{}\" has a control character", database.base));
   }
   made_folders made(database.folder);
-  build_database(options.source, database.team_file, database.ground_file);
+  build_database(options.source, database.team_file, database.ground_file, program.watcher);
   made.keep();
   return done;
 }

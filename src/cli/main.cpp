@@ -45,11 +45,10 @@ int main(int argc, char** argv) {
   std::ostream out(&buffer);
   std::cerr.tie(&out);
   waiting_line waiting;
-  velorin::watch_turns(&waiting);
   std::error_code error;
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
   const std::filesystem::path folder = error ? std::filesystem::path(argv[0]).parent_path() : program.parent_path();
-  int status = velorin::cli::run(std::vector<std::string>(argv + 1, argv + argc), folder, {out, std::cerr});
+  int status = velorin::cli::run(std::vector<std::string>(argv + 1, argv + argc), folder, {out, std::cerr}, &waiting);
   out.flush();
   std::cerr.tie(nullptr);
   // Some file systems tell only here that there was no room.

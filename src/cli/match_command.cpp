@@ -17,6 +17,7 @@
 #include "cli/match_summary.h"
 #include "cli/output_files.h"
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "database/teams_file.h"
 #include "model/code_page.h"
 #include "model/match_state.h"
@@ -51,7 +52,7 @@ int choose_team(const new_match_form& form, const std::string& name) {
   raise_unknown("team", wanted, known);
 }
 
-void choose_ground(new_match_form& form, const std::string& name) {
+void choose_ground(open_database& data, new_match_form& form, const std::string& name) {
   const std::string wanted = core_text(name);
   for (std::size_t i = 0; i < form.grounds.size(); ++i) {
     if (form.grounds[i] != wanted) continue;
@@ -59,7 +60,7 @@ void choose_ground(new_match_form& form, const std::string& name) {
     return;
   }
   std::vector<std::string> known;
-  for (const ground_rec& ground : read_grounds()) {
+  for (const ground_rec& ground : read_grounds(data)) {
     known.push_back(ground.ground_name);
     if (ground.ground_name != wanted) continue;
     throw run_time_error(failure::subscript,
@@ -69,11 +70,11 @@ void choose_ground(new_match_form& form, const std::string& name) {
   raise_unknown("ground", wanted, known);
 }
 
-void fill(new_match_form& form, const match_options& options) {
+void fill(open_database& data, new_match_form& form, const match_options& options) {
   form.open();
   if (!options.team1.empty()) form.choose_first_team(choose_team(form, options.team1));
   if (!options.team2.empty()) form.choose_second_team(choose_team(form, options.team2));
-  if (!options.ground.empty()) choose_ground(form, options.ground);
+  if (!options.ground.empty()) choose_ground(data, form, options.ground);
   form.computer_captains_first = options.captain1 == "cpu";
   form.computer_captains_second = options.captain2 == "cpu";
 }
@@ -85,7 +86,7 @@ void show_progress(long played, long matches, streams io) {
   io.err << fmt::format("\r{} of {} matches", played, matches) << (played == matches ? "\n" : "") << std::flush;
 }
 
-void print_result(const match_recorder& recorder, std::ostream& out) {
+void print_result(const match_state& match, const match_recorder& recorder, std::ostream& out) {
   out << recorder.shown_scorecard() << '\n';
   if (match.result_margin.empty()) {
     out << "No result.\n";
@@ -97,13 +98,17 @@ void print_result(const match_recorder& recorder, std::ostream& out) {
 /// A run of matches, whoever plays them.
 class match_run {
  public:
-  match_run(const match_options& options, const program_options& program, streams io)
-      : options_(options), program_(program), io_(io), recorder_(options, summary_), objects_(options.json, io.out) {
+  match_run(run_state& run, const match_options& options, const program_options& program, streams io)
+      : run_(run),
+        options_(options),
+        program_(program),
+        io_(io),
+        recorder_(run.match, run.data, options, summary_),
+        objects_(options.json, io.out) {
     recorder_.conditions = parse_conditions(options.conditions);
   }
 
   void play() {
-    const front_end_scope scope(recorder_);
     const int workers = static_cast<int>(std::min<long>(options_.jobs.value_or(1), options_.matches));
     if (workers > 1) {
       play_over(workers);
@@ -114,7 +119,7 @@ class match_run {
   }
 
   void print(std::chrono::duration<double> taken) const {
-    if (options_.prints_scorecard()) print_result(recorder_, io_.out);
+    if (options_.prints_scorecard()) print_result(run_.match, recorder_, io_.out);
     if (!options_.prints_summary()) return;
     summary_.print(io_.out);
     // A reproducible run says nothing on standard output that a clock decides.
@@ -149,16 +154,16 @@ class match_run {
 
   /// Returns the match's object as a line, "" without --json.
   std::string play_match(long number) {
-    if (options_.jobs && program_.seed) chance.use_seed(seed_of_match(*program_.seed, number));
-    new_match_form form;
-    fill(form, options_);
+    if (options_.jobs && program_.seed) run_.chance.use_seed(seed_of_match(*program_.seed, number));
+    new_match_form form({run_.match, run_.chance, recorder_, run_.data});
+    fill(run_.data, form, options_);
     recorder_.begin_match(number == options_.matches);
-    static_cast<match_result&>(match) = {};
-    const std::uint64_t before = chance.draws_used();
+    static_cast<match_result&>(run_.match) = {};
+    const std::uint64_t before = run_.chance.draws_used();
     form.accept();
-    if (options_.prints_summary()) summary_.add_result(match);
+    if (options_.prints_summary()) summary_.add_result(run_.match);
     if (options_.json.empty()) return {};
-    return recorder_.match_object(chance.draws_used() - before).dump() + '\n';
+    return recorder_.match_object(run_.chance.draws_used() - before).dump() + '\n';
   }
 
   /// Which worker plays a match must not matter, so its numbers follow from its place in the run alone.
@@ -166,6 +171,7 @@ class match_run {
     return random_source::mix(seed) + static_cast<std::uint64_t>(number);
   }
 
+  run_state& run_;
   const match_options& options_;
   const program_options& program_;
   streams io_;
@@ -175,10 +181,10 @@ class match_run {
 };
 
 int play(const match_options& options, const program_options& program, streams io) {
-  set_up_run(program);
-  files.updates = options.update;
-  require_outputs_apart(options, program.draws);
-  match_run run(options, program, io);
+  run_state state = set_up_run(program);
+  state.data.files.updates = options.update;
+  require_outputs_apart(state.data, options, program.draws);
+  match_run run(state, options, program, io);
   const auto start = std::chrono::steady_clock::now();
   run.play();
   run.print(std::chrono::steady_clock::now() - start);

@@ -110,6 +110,7 @@ bool get(int pipe, void* to, std::size_t size) {
 class worker {
  public:
   worker(pid_t process, int pipe) : process_(process), pipe_(pipe) {}
+
   worker(worker&& other) noexcept : process_(std::exchange(other.process_, 0)), pipe_(std::exchange(other.pipe_, -1)) {}
   worker& operator=(worker&&) = delete;
   ~worker() {

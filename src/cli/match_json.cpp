@@ -7,6 +7,7 @@
 
 #include "console/console_view.h"
 #include "model/code_page.h"
+#include "model/match_state.h"
 #include "model/texts.h"
 
 namespace velorin::cli {
@@ -85,7 +86,7 @@ json log_json(const ball_log_table& log) {
   return rows(log, 1, [](const auto& over) { return texts(std::span(over).subspan(1)); });
 }
 
-void add_position(json& state) {
+void add_position(const match_state& match, json& state) {
   state["team1_name"] = text(match.team1_name);
   state["team2_name"] = text(match.team2_name);
   state["computer_bats"] = match.computer_bats;
@@ -104,7 +105,7 @@ void add_position(json& state) {
   state["over_symbols"] = texts(match.over_symbols);
 }
 
-void add_totals(json& state) {
+void add_totals(const match_state& match, json& state) {
   state["innings_total"] = number(match.innings_total);
   state["innings_balls"] = number(match.innings_balls);
   state["innings_wickets"] = number(match.innings_wickets);
@@ -121,7 +122,7 @@ void add_totals(json& state) {
   state["first_leg_byes"] = number(match.first_leg_byes);
 }
 
-void add_books(json& state) {
+void add_books(const match_state& match, json& state) {
   state["batting_xi"] = rows(match.batting_xi, 1, man_json);
   state["bowling_xi"] = rows(match.bowling_xi, 1, man_json);
   state["batting_card"] = rows(match.batting_card, 1, batting_json);
@@ -132,11 +133,11 @@ void add_books(json& state) {
   state["first_fall_of_wicket"] = rows(match.first_fall_of_wicket, 0, fall_json);
   state["ball_log"] = log_json(match.ball_log);
   state["first_ball_log"] = log_json(match.first_ball_log);
-  state["ball_commentary"] = texts(commentary_lines());
-  state["commentary_store"] = texts(stored_commentary_lines());
+  state["ball_commentary"] = texts(commentary_lines(match));
+  state["commentary_store"] = texts(stored_commentary_lines(match));
 }
 
-void add_achievements(json& state) {
+void add_achievements(const match_state& match, json& state) {
   state["fifty_list"] = filled(match.fifty_list);
   state["hundred_list"] = filled(match.hundred_list);
   state["century_and_half_list"] = filled(match.century_and_half_list);
@@ -150,7 +151,7 @@ void add_achievements(json& state) {
   state["stand300_list"] = filled(match.stand300_list);
 }
 
-void add_console(json& state) {
+void add_console(const match_state& match, json& state) {
   state["weather"] = number(match.weather);
   state["pitch_surface"] = number(match.ground.pitch_surface);
   state["pitch_bounce"] = number(match.ground.pitch_bounce);
@@ -164,7 +165,7 @@ void add_console(json& state) {
   state["bowler_pool"] = rows(match.bowler_pool, 1, pool_json);
   state["opening_bowlers"] = {number(match.opening_bowlers[0]), number(match.opening_bowlers[1])};
   json names = json::array();
-  for (const bowler_line& line : view_bowler_list()) names.push_back(text(line.name));
+  for (const bowler_line& line : view_bowler_list(match)) names.push_back(text(line.name));
   state["bowler_list"] = names;
 }
 
@@ -172,13 +173,13 @@ json rate_json(const rate_entry& entry) { return {{"team", text(entry.team)}, {"
 
 }  // namespace
 
-json state_json() {
+json state_json(const match_state& match) {
   json state;
-  add_position(state);
-  add_totals(state);
-  add_books(state);
-  add_achievements(state);
-  add_console(state);
+  add_position(match, state);
+  add_totals(match, state);
+  add_books(match, state);
+  add_achievements(match, state);
+  add_console(match, state);
   return state;
 }
 

@@ -30,13 +30,13 @@ void match_recorder::show(const message_box& message) {
 void match_recorder::open(report which) {
   if (which != report::scorecard) return;
   ++innings_;
-  if (options_.prints_summary()) summary_.add_innings();
-  if (!options_.json.empty()) scorecards_.push_back(state_json());
+  if (options_.prints_summary()) summary_.add_innings(match_);
+  if (!options_.json.empty()) scorecards_.push_back(state_json(match_));
   if (!last_) return;
   if (options_.prints_scorecard()) {
-    scorecard_form card;
+    scorecard_form card(match_);
     card.open();
-    shown_ = text_scorecard(card);
+    shown_ = text_scorecard(match_, card);
   }
   if (innings_ == options_.export_innings) save_exports();
   exported_ = exported_ || innings_ == options_.export_innings;
@@ -50,8 +50,8 @@ void match_recorder::require_exports() const {
 }
 
 json match_recorder::match_object(std::uint64_t draws) const {
-  return {{"format", "velorin-match"},    {"version", 1},       {"scorecards", scorecards_}, {"messages", messages_},
-          {"result", result_json(match)}, {"draws_used", draws}};
+  return {{"format", "velorin-match"},     {"version", 1},       {"scorecards", scorecards_}, {"messages", messages_},
+          {"result", result_json(match_)}, {"draws_used", draws}};
 }
 
 std::string match_recorder::shown_scorecard() const {
@@ -72,7 +72,7 @@ void match_recorder::save_exports() const {
        {export_kind::text, &options_.text},
        {export_kind::ball_by_ball, &options_.ball_by_ball}}};
   for (const auto& [kind, path] : wanted) {
-    if (!path->empty()) write_export(kind, *path);
+    if (!path->empty()) write_export(match_, data_, kind, *path);
   }
 }
 

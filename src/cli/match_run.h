@@ -39,10 +39,11 @@ struct match_options {
   bool prints_summary() const { return matches > 1 && !quiet && json != "-"; }
 };
 
-/// The headless user, who also keeps what the command prints. Both arguments must outlive it.
+/// The headless user, who also keeps what the command prints. What it is given must outlive it.
 class match_recorder : public headless_user {
  public:
-  match_recorder(const match_options& options, match_summary& summary) : options_(options), summary_(summary) {}
+  match_recorder(const match_state& match, open_database& data, const match_options& options, match_summary& summary)
+      : headless_user(match), match_(match), data_(data), options_(options), summary_(summary) {}
 
   using headless_user::show;
 
@@ -65,6 +66,8 @@ class match_recorder : public headless_user {
  private:
   void save_exports() const;
 
+  const match_state& match_;
+  open_database& data_;
   const match_options& options_;
   match_summary& summary_;
   bool last_ = false;

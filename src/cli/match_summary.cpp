@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include "model/code_page.h"
+#include "model/match_state.h"
 
 namespace velorin::cli {
 
@@ -45,7 +46,7 @@ double spread::deviation() const {
   return std::sqrt(std::max(0.0, (squares - sum * sum / n) / (n - 1)));
 }
 
-void match_summary::add_innings() {
+void match_summary::add_innings(const match_state& match) {
   innings_figures& figures = innings_[match.first_total == 0 ? 0 : 1];
   figures.totals.add(match.score_runs);
   figures.wickets.add(match.score_wickets);

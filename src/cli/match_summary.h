@@ -26,7 +26,7 @@ struct spread {
 class match_summary {
  public:
   /// Adds the innings in play as it stands at its end.
-  void add_innings();
+  void add_innings(const match_state& match);
   /// Adds a result.
   void add_result(const match_result& result);
 

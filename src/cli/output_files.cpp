@@ -14,6 +14,7 @@
 #include "database/configuration.h"
 #include "database/file_calls.h"
 #include "database/game_files.h"
+#include "database/open_database.h"
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
 
@@ -63,17 +64,17 @@ class used_file {
 
 }  // namespace
 
-void require_outputs_apart(const match_options& options, const fs::path& draws) {
+void require_outputs_apart(open_database& data, const match_options& options, const fs::path& draws) {
   const std::array<std::pair<const char*, std::string>, 4> outputs = {
       {{"--json", options.json == "-" ? "/proc/self/fd/1" : options.json},
        {"--html", options.html},
        {"--text", options.text},
        {"--ball-by-ball", options.ball_by_ball}}};
-  std::vector<used_file> used = {{"the teams", files.team_file},
-                                 {"the grounds", files.ground_file},
-                                 {"the careers", files.career_file},
-                                 {"the records", files.record_file},
-                                 {"the settings", files.folder / "options.mc"}};
+  std::vector<used_file> used = {{"the teams", data.files.team_file},
+                                 {"the grounds", data.files.ground_file},
+                                 {"the careers", data.files.career_file},
+                                 {"the records", data.files.record_file},
+                                 {"the settings", data.files.folder / "options.mc"}};
   if (!draws.empty()) used.emplace_back("--draws", draws);
   for (const auto& [option, file] : outputs) {
     if (file.empty()) continue;
@@ -81,7 +82,7 @@ void require_outputs_apart(const match_options& options, const fs::path& draws) 
     for (const used_file& other : used) {
       if (output.is(other)) refuse(option, other.use(), file);
     }
-    if (const std::string use = game_use_of(file); !use.empty()) refuse(option, use, file);
+    if (const std::string use = game_use_of(data, file); !use.empty()) refuse(option, use, file);
     used.push_back(std::move(output));
   }
 }

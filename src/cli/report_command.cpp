@@ -15,6 +15,7 @@
 #include "cli/commands.h"
 #include "cli/json.h"
 #include "cli/text_table.h"
+#include "database/open_database.h"
 #include "database/teams_file.h"
 #include "model/code_page.h"
 #include "model/run_time_error.h"
@@ -33,7 +34,7 @@ struct report_options {
 /// A list by its name on the command line.
 struct named_list {
   std::string_view name;
-  shown_table (*open)(const std::string& team);
+  shown_table (*open)(open_database& data, const std::string& team);
   bool of_team = false;
 };
 
@@ -44,16 +45,16 @@ shown_table opened(Form form, auto... arguments) {
 }
 
 template <int record_mode>
-shown_table ranking(const std::string& team) {
-  return opened(player_rankings_form(), record_mode, team);
+shown_table ranking(open_database& data, const std::string& team) {
+  return opened(player_rankings_form(data), record_mode, team);
 }
 
 constexpr std::array<named_list, 15> lists = {{
-    {"highest-scores", [](const std::string&) { return opened(best_performances_form(), 1); }},
-    {"best-bowling", [](const std::string&) { return opened(best_performances_form(), 0); }},
-    {"highest-totals", [](const std::string&) { return opened(total_records_form(), 1); }},
-    {"lowest-totals", [](const std::string&) { return opened(total_records_form(), 0); }},
-    {"partnerships", [](const std::string&) { return opened(stand_records_form()); }},
+    {"highest-scores", [](open_database& data, const std::string&) { return opened(best_performances_form(data), 1); }},
+    {"best-bowling", [](open_database& data, const std::string&) { return opened(best_performances_form(data), 0); }},
+    {"highest-totals", [](open_database& data, const std::string&) { return opened(total_records_form(data), 1); }},
+    {"lowest-totals", [](open_database& data, const std::string&) { return opened(total_records_form(data), 0); }},
+    {"partnerships", [](open_database& data, const std::string&) { return opened(stand_records_form(data)); }},
     {"averages", ranking<1>},
     {"most-runs", ranking<2>},
     {"strike-rates", ranking<3>},
@@ -61,7 +62,7 @@ constexpr std::array<named_list, 15> lists = {{
     {"most-wickets", ranking<5>},
     {"economy", ranking<6>},
     {"bowling-averages", ranking<7>},
-    {"centuries", [](const std::string&) { return opened(century_makers_form()); }},
+    {"centuries", [](open_database& data, const std::string&) { return opened(century_makers_form(data)); }},
     {"career-batting", ranking<player_rankings_form::career_batting>, true},
     {"career-bowling", ranking<player_rankings_form::career_bowling>, true},
 }};
@@ -189,19 +190,19 @@ void print_team(const team_records_form& form, std::ostream& out) {
 }
 
 /// The team of the database by that name, or nothing.
-const team_rec* team_of_database(const std::string& name) {
-  for (const team_rec& team : read_team_list()) {
+const team_rec* team_of_database(open_database& data, const std::string& name) {
+  for (const team_rec& team : read_team_list(data)) {
     if (team.team_name == name) return &team;
   }
   return nullptr;
 }
 
 /// Raises the error for a team that is not among those who have played.
-[[noreturn]] void raise_no_team(const std::string& name, std::vector<std::string> known) {
-  if (team_of_database(name) != nullptr) {
+[[noreturn]] void raise_no_team(open_database& data, const std::string& name, std::vector<std::string> known) {
+  if (team_of_database(data, name) != nullptr) {
     throw run_time_error(failure::subscript, fmt::format("No match of the team \"{}\" is on record", name));
   }
-  for (const team_rec& team : read_team_list()) {
+  for (const team_rec& team : read_team_list(data)) {
     if (std::find(known.begin(), known.end(), team.team_name) == known.end()) known.push_back(team.team_name);
   }
   raise_unknown("team", name, known);
@@ -213,13 +214,13 @@ int item_of(const std::vector<std::string>& list, const std::string& name) {
   return found == list.end() ? -1 : static_cast<int>(found - list.begin());
 }
 
-void report_player(const report_options& options, std::ostream& out) {
-  player_profile_form form;
+void report_player(open_database& data, const report_options& options, std::ostream& out) {
+  player_profile_form form(data);
   form.open();
   const std::string team = core_text(options.team);
   const std::string name = core_text(options.player);
   const int team_item = item_of(form.teams, team);
-  if (team_item < 0) raise_no_team(team, form.teams);
+  if (team_item < 0) raise_no_team(data, team, form.teams);
   form.choose_team(team_item);
   const int player_item = item_of(form.players, name);
   if (player_item < 0) raise_unknown("player of " + team, name, form.players);
@@ -231,12 +232,12 @@ void report_player(const report_options& options, std::ostream& out) {
   }
 }
 
-void report_team(const report_options& options, std::ostream& out) {
-  team_records_form form;
+void report_team(open_database& data, const report_options& options, std::ostream& out) {
+  team_records_form form(data);
   form.open();
   const std::string name = core_text(options.team);
   const int item = item_of(form.teams, name);
-  if (item < 0) raise_no_team(name, form.teams);
+  if (item < 0) raise_no_team(data, name, form.teams);
   form.choose_team(item);
   if (options.json) {
     out << team_json(form).dump() << '\n';
@@ -245,20 +246,20 @@ void report_team(const report_options& options, std::ostream& out) {
   }
 }
 
-void report_rankings(const report_options& options, std::ostream& out) {
-  show_table(opened(world_rankings_form()), options, out);
+void report_rankings(open_database& data, const report_options& options, std::ostream& out) {
+  show_table(opened(world_rankings_form(data)), options, out);
 }
 
 /// A team that has not played yet has an empty table of careers.
-void report_list(const report_options& options, std::ostream& out) {
+void report_list(open_database& data, const report_options& options, std::ostream& out) {
   const named_list& list = find_list(options.list);
   const std::string team = core_text(options.team);
-  if (list.of_team && team_of_database(team) == nullptr) {
-    player_profile_form careers;
+  if (list.of_team && team_of_database(data, team) == nullptr) {
+    player_profile_form careers(data);
     careers.open();
-    if (item_of(careers.teams, team) < 0) raise_no_team(team, careers.teams);
+    if (item_of(careers.teams, team) < 0) raise_no_team(data, team, careers.teams);
   }
-  show_table(list.open(team), options, out);
+  show_table(list.open(data, team), options, out);
 }
 
 /// Refuses a list of a team without --team, and --team with any other list.
@@ -282,8 +283,8 @@ void add_report(CLI::App& app, const program_options& program, streams io, comma
     added->callback([options, &program, io, &action, print] {
       if (!options->list.empty()) check_list(*options);
       action = [options, &program, io, print] {
-        set_up_run(program);
-        print(*options, io.out);
+        run_state run = set_up_run(program);
+        print(run.data, *options, io.out);
         io.out.flush();
         return done;
       };

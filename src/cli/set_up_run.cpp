@@ -12,6 +12,7 @@
 #include "competitions/tri_series.h"
 #include "competitions/world_cup.h"
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "database/teams_file.h"
 #include "database/whole_file.h"
 #include "model/code_page.h"
@@ -107,12 +108,12 @@ void require_readable_files(const database_files& database) {
 
 }  // namespace
 
-std::string find_database(const program_options& program) {
+std::string find_database(open_database& data, const program_options& program) {
   const std::vector<std::string> offered = databases_on_offer(program.teams_dir);
   std::string base = program.database.empty() ? std::string() : core_text(program.database);
   if (base.empty()) {
-    files.folder = program.teams_dir;
-    if (require_readable_options()) base = settings.database_name;
+    data.files.folder = program.teams_dir;
+    if (require_readable_options(data)) base = data.settings.database_name;
   }
   if (base.empty()) {
     if (offered.size() == 1) return offered.front();
@@ -125,26 +126,23 @@ std::string find_database(const program_options& program) {
   raise_unknown("database", base, offered);
 }
 
-void set_up_run(const program_options& program) {
-  match = match_state();
-  series = series_record();
-  tri = tri_record();
-  world_cup = world_cup_record();
-  files = database_paths(program.teams_dir, {});
-  files.elevens_in_memory = true;
-  files.read_once = true;
-  forget_teams_and_grounds();
-  files.updates = false;
-  settings = configuration();
-  require_readable_options();
-  use_database(find_database(program));
+run_state set_up_run(const program_options& program) {
+  run_state run;
+  run.data.files = database_paths(program.teams_dir, {});
+  run.data.files.elevens_in_memory = true;
+  run.data.files.read_once = true;
+  run.data.files.updates = false;
+  run.data.files.watcher = program.watcher;
+  require_readable_options(run.data);
+  use_database(run.data, find_database(run.data, program));
   if (program.seed) {
-    chance.use_seed(*program.seed);
+    run.chance.use_seed(*program.seed);
   } else if (!program.draws.empty()) {
-    chance.use_script(read_draws(program.draws), program.draws.filename().string());
+    run.chance.use_script(read_draws(program.draws), program.draws.filename().string());
   } else {
-    chance.use_clock();
+    run.chance.use_clock();
   }
+  return run;
 }
 
 std::vector<std::string> near_names(const std::string& name, const std::vector<std::string>& known) {

@@ -38,7 +38,7 @@ bool stands_ahead(const league_row& after, const league_row& before) {
   return after.net_run_rate > before.net_run_rate;
 }
 
-void book_outcome(league_row& first, league_row& second, const std::string& first_name,
+void book_outcome(const match_state& match, league_row& first, league_row& second, const std::string& first_name,
                   const std::string& second_name) {
   if (match.result_winner == first_name) {
     book_win(first, first_name, second, second_name);
@@ -61,7 +61,8 @@ void add_row(league_row& row, const league_row& other) {
   row.net_run_rate += other.net_run_rate;
 }
 
-void book_league_match(league_row* rows, int count, const std::string& first_name, const std::string& second_name) {
+void book_league_match(const match_state& match, league_row* rows, int count, const std::string& first_name,
+                       const std::string& second_name) {
   league_row* first = nullptr;
   league_row* second = nullptr;
   for (league_row* row = rows; row != rows + count; ++row) {
@@ -74,7 +75,7 @@ void book_league_match(league_row* rows, int count, const std::string& first_nam
       second = row;
     }
   }
-  if (first != nullptr && second != nullptr) book_outcome(*first, *second, first_name, second_name);
+  if (first != nullptr && second != nullptr) book_outcome(match, *first, *second, first_name, second_name);
   for (league_row* row = rows; row != rows + count; ++row) {
     if (row->team == match.rate_first.team) row->net_run_rate += match.rate_first.delta;
     if (row->team == match.rate_second.team) row->net_run_rate += match.rate_second.delta;

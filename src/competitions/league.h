@@ -9,6 +9,8 @@
 
 namespace velorin {
 
+struct match_state;
+
 /// One team's row of a league table.
 struct league_row {
   std::string team;
@@ -32,7 +34,8 @@ bool stands_ahead(const league_row& after, const league_row& before);
 
 /// Books the last match in two rows from the result block: won, lost, tied, points; a tie for a match without a winner
 /// of either name. Both may be the same row.
-void book_outcome(league_row& first, league_row& second, const std::string& first_name, const std::string& second_name);
+void book_outcome(const match_state& match, league_row& first, league_row& second, const std::string& first_name,
+                  const std::string& second_name);
 
 /// One match more for the team of this name.
 void book_played(league_row& row, const std::string& name);
@@ -43,7 +46,8 @@ void add_row(league_row& row, const league_row& other);
 /// Books the last match in a league of `count` rows, found by name: each row of either name has played one more, and
 /// the last row of each name takes the outcome; every row takes the gains of its team. Nothing is booked but the gains
 /// if a name stands in no row.
-void book_league_match(league_row* rows, int count, const std::string& first_name, const std::string& second_name);
+void book_league_match(const match_state& match, league_row* rows, int count, const std::string& first_name,
+                       const std::string& second_name);
 
 /// Sorts table[1..last] by bubble passes, `swap_also(j)` being called whenever rows j and j + 1 are exchanged: first on
 /// fewer points, then on equal points and a lower net run rate. Level rows keep their order.

@@ -5,23 +5,26 @@
 #include <cmath>
 #include <utility>
 
+#include "database/open_database.h"
 #include "database/teams_file.h"
 #include "model/match_state.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
-bool enter_match(const entered_side& first, const entered_side& second, const std::string& ground) {
-  match_result& result = match;
+bool enter_match(const match_play& play, const entered_side& first, const entered_side& second,
+                 const std::string& ground) {
+  match_result& result = play.match;
   match_result before = std::exchange(result, match_result());
   if (first.team.empty() || second.team.empty()) {
-    match.result_winner = first.team + second.team;
-    match.result_margin = match.result_winner.empty() ? "" : "  by a walkover";
+    play.match.result_winner = first.team + second.team;
+    play.match.result_margin = play.match.result_winner.empty() ? "" : "  by a walkover";
     return true;
   }
-  new_match_form form;
+  new_match_form form(play);
   form.open();
   form.enter(first.team, second.team, ground);
   form.computer_captains_first = !first.human;
@@ -31,7 +34,7 @@ bool enter_match(const entered_side& first, const entered_side& second, const st
   return !form.left;
 }
 
-void clear_result() {
+void clear_result(match_state& match) {
   match.result_winner.clear();
   match.result_margin.clear();
   match.result_ground.clear();
@@ -39,33 +42,33 @@ void clear_result() {
   match.rate_second = {};
 }
 
-std::vector<team_entry> list_teams() {
+std::vector<team_entry> list_teams(open_database& data) {
   std::vector<team_entry> list;
-  for (const team_rec& team : read_team_list()) list.push_back({team.team_name, static_cast<int>(list.size()) + 2});
+  for (const team_rec& team : read_team_list(data)) list.push_back({team.team_name, static_cast<int>(list.size()) + 2});
   return list;
 }
 
-std::vector<std::string> list_grounds(const std::vector<std::string>& countries) {
+std::vector<std::string> list_grounds(open_database& data, const std::vector<std::string>& countries) {
   std::vector<std::string> names;
-  scan_grounds([&](const ground_rec& ground) {
+  scan_grounds(data, [&](const ground_rec& ground) {
     const bool listed = std::find(countries.begin(), countries.end(), ground.country) != countries.end();
     if (listed && !ground.country.empty()) names.push_back(ground.ground_name);
   });
   return names;
 }
 
-std::vector<std::string> countries_without_ground(const std::vector<std::string>& countries) {
+std::vector<std::string> countries_without_ground(open_database& data, const std::vector<std::string>& countries) {
   std::vector<std::string> without;
   for (const std::string& country : countries) {
     const bool told = std::find(without.begin(), without.end(), country) != without.end();
-    if (!country.empty() && !told && list_grounds({country}).empty()) without.push_back(country);
+    if (!country.empty() && !told && list_grounds(data, {country}).empty()) without.push_back(country);
   }
   return without;
 }
 
-std::string draw_ground(const std::vector<std::string>& grounds) {
+std::string draw_ground(random_source& chance, const std::vector<std::string>& grounds) {
   const int length = static_cast<int>(grounds.size());
-  const double index = std::floor(length * rnd() + 1) - 1;
+  const double index = std::floor(length * chance.rnd() + 1) - 1;
   if (grounds.empty()) return {};
   return grounds[std::min(static_cast<std::size_t>(index), grounds.size() - 1)];
 }

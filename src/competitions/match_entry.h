@@ -10,6 +10,11 @@
 
 namespace velorin {
 
+struct match_state;
+class random_source;
+struct open_database;
+struct match_play;
+
 /// A side of a competition's match.
 struct entered_side {
   std::string team;
@@ -20,21 +25,22 @@ struct entered_side {
 /// first. With one empty name no match is played: the other team has a walkover. With two there is no result. False if
 /// the user leaves the match before it has begun: everything but the draws is as it was then. Raises what the match
 /// raises.
-bool enter_match(const entered_side& first, const entered_side& second, const std::string& ground);
+bool enter_match(const match_play& play, const entered_side& first, const entered_side& second,
+                 const std::string& ground);
 
 /// Sets the result strings to "" and clears the two rates.
-void clear_result();
+void clear_result(match_state& match);
 
 /// The teams of the database as entries of a list. Raises what reading them raises.
-std::vector<team_entry> list_teams();
+std::vector<team_entry> list_teams(open_database& data);
 /// Names of the grounds, in file order, whose country is one of `countries`; an empty country matches nothing.
-std::vector<std::string> list_grounds(const std::vector<std::string>& countries);
+std::vector<std::string> list_grounds(open_database& data, const std::vector<std::string>& countries);
 
 /// Those of the countries that have no ground, each once; an empty name is passed over.
-std::vector<std::string> countries_without_ground(const std::vector<std::string>& countries);
+std::vector<std::string> countries_without_ground(open_database& data, const std::vector<std::string>& countries);
 
 /// Draws a ground: one number, also from an empty list, which gives "".
-std::string draw_ground(const std::vector<std::string>& grounds);
+std::string draw_ground(random_source& chance, const std::vector<std::string>& grounds);
 
 /// The text of a list's entry, "" for index -1.
 std::string entry_text(const std::vector<team_entry>& list, int index);

@@ -5,35 +5,34 @@
 #include "model/random.h"
 #include "model/texts.h"
 #include "ui/front_end.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
-series_record series;
-
 namespace {
 
-void show_results() {
-  series_results_form form;
+void show_results(match_state& match, front_end& user, series_record& series) {
+  series_results_form form(match, series);
   form.open();
-  user().show(form);
+  user.show(form);
 }
 
 /// False if the user leaves the match: it is still to be played.
-bool play_next_match() {
+bool play_next_match(const match_play& play, series_record& series) {
   const std::string ground_before = series.drawn_ground;
   series.match_no += 1;
-  series.drawn_ground = draw_ground(series.grounds);
-  if (!enter_match(series.home, series.away, series.drawn_ground)) {
+  series.drawn_ground = draw_ground(play.chance, series.grounds);
+  if (!enter_match(play, series.home, series.away, series.drawn_ground)) {
     series.match_no -= 1;
     series.drawn_ground = ground_before;
     return false;
   }
-  series.series_winner[series.match_no] = match.result_winner;
-  series.series_margin[series.match_no] = match.result_margin;
-  series.series_ground[series.match_no] = match.result_ground;
-  match.result_winner.clear();
-  match.result_margin.clear();
-  match.result_ground.clear();
+  series.series_winner[series.match_no] = play.match.result_winner;
+  series.series_margin[series.match_no] = play.match.result_margin;
+  series.series_ground[series.match_no] = play.match.result_ground;
+  play.match.result_winner.clear();
+  play.match.result_margin.clear();
+  play.match.result_ground.clear();
   if (series.match_no == series.matches) series.series_over = true;
   return true;
 }
@@ -43,7 +42,7 @@ std::string ordinal(int i) {
   return number_text(i) + ending;
 }
 
-std::string standing(const std::string& team, int won, int lost) {
+std::string standing(series_record& series, const std::string& team, int won, int lost) {
   const char* words = series.series_over ? " wins the series " : " leads the series ";
   return team + words + number_text(won) + " - " + number_text(lost);
 }
@@ -51,14 +50,14 @@ std::string standing(const std::string& team, int won, int lost) {
 }  // namespace
 
 void series_form::open() {
-  teams = list_teams();
+  teams = list_teams(play_.data);
   home_team_index = teams.size() > 1 ? 1 : -1;
   away_team_index = teams.size() > 2 ? 2 : -1;
   rebuild_grounds();
 }
 
 void series_form::rebuild_grounds() {
-  grounds = list_grounds({entry_text(teams, home_team_index)});
+  grounds = list_grounds(play_.data, {entry_text(teams, home_team_index)});
   ground_index = grounds.size() > 1 ? 1 : -1;
 }
 
@@ -76,32 +75,32 @@ void series_form::set_matches(int value) { typed_matches = number_text(value); }
 
 void series_form::accept() {
   const int matches = typed_number(typed_matches, 10, "Text1");
-  reseed();
-  const series_record before = series;
-  series = series_record();
-  series.home = {entry_text(teams, home_team_index), !computer_captains_home};
-  series.away = {entry_text(teams, away_team_index), !computer_captains_away};
-  series.grounds = grounds;
-  series.matches = matches;
-  while (series.match_no < matches) {
-    if (!play_next_match() && series.match_no == 0) {
-      series = before;
+  play_.chance.reseed();
+  const series_record before = series_;
+  series_ = series_record();
+  series_.home = {entry_text(teams, home_team_index), !computer_captains_home};
+  series_.away = {entry_text(teams, away_team_index), !computer_captains_away};
+  series_.grounds = grounds;
+  series_.matches = matches;
+  while (series_.match_no < matches) {
+    if (!play_next_match(play_, series_) && series_.match_no == 0) {
+      series_ = before;
       return;
     }
-    show_results();
+    show_results(play_.match, play_.user, series_);
   }
   closed = true;
 }
 
 void series_results_form::open() {
-  team_a = series.home.team;
-  team_b = series.away.team;
+  team_a = series_.home.team;
+  team_b = series_.away.team;
   heading = team_a + " vs " + team_b + " Series Result:";
   int won_a = 0;
   int won_b = 0;
-  for (int i = 1; !series.series_winner[i].empty(); ++i) {
-    const std::string& winner = series.series_winner[i];
-    rows.push_back({ordinal(i) + " ODI - " + series.series_ground[i], winner + series.series_margin[i]});
+  for (int i = 1; !series_.series_winner[i].empty(); ++i) {
+    const std::string& winner = series_.series_winner[i];
+    rows.push_back({ordinal(i) + " ODI - " + series_.series_ground[i], winner + series_.series_margin[i]});
     if (winner == team_a) {
       ++won_a;
     } else if (winner == team_b) {
@@ -109,25 +108,25 @@ void series_results_form::open() {
     }
   }
   if (won_a > won_b) {
-    standing_line = standing(team_a, won_a, won_b);
+    standing_line = standing(series_, team_a, won_a, won_b);
   } else if (won_b > won_a) {
-    standing_line = standing(team_b, won_b, won_a);
+    standing_line = standing(series_, team_b, won_b, won_a);
   } else {
     standing_line = "The series is tied " + number_text(won_a) + " - " + number_text(won_b);
   }
 }
 
 void series_results_form::accept() {
-  if (series.series_over) {
+  if (series_.series_over) {
     for (int i = 1; i <= 10; ++i) {
-      series.series_ground[i].clear();
-      series.series_winner[i].clear();
-      series.series_margin[i].clear();
+      series_.series_ground[i].clear();
+      series_.series_winner[i].clear();
+      series_.series_margin[i].clear();
     }
-    match.result_ground.clear();
-    match.result_winner.clear();
-    match.result_margin.clear();
-    series.series_over = false;
+    match_.result_ground.clear();
+    match_.result_winner.clear();
+    match_.result_margin.clear();
+    series_.series_over = false;
   }
   closed = true;
 }

@@ -6,8 +6,11 @@
 #include <vector>
 
 #include "competitions/match_entry.h"
+#include "ui/match_play.h"
 
 namespace velorin {
+
+struct match_state;
 
 /// The series in play: results so far and the place reached. Places count from 1.
 struct series_record {
@@ -22,10 +25,11 @@ struct series_record {
   std::string drawn_ground;          ///< of that match
   bool series_over = false;          ///< the last match has been played
 };
-extern series_record series;
 
 /// A series: teams, captains, number of matches. Its OK plays the whole series.
 struct series_form {
+  series_form(const match_play& play, series_record& series) : play_(play), series_(series) {}
+
   std::vector<team_entry> teams;     ///< list of teams, for home and away
   int home_team_index = -1;          ///< home team, from 0
   int away_team_index = -1;          ///< away team
@@ -55,10 +59,14 @@ struct series_form {
 
  private:
   void rebuild_grounds();
+  match_play play_;
+  series_record& series_;
 };
 
 /// The results of the series so far. The scan of the results stops at the first match without a winner.
 struct series_results_form {
+  series_results_form(match_state& match, series_record& series) : match_(match), series_(series) {}
+
   std::string team_a;
   std::string team_b;
   std::string heading;  ///< heading
@@ -74,6 +82,10 @@ struct series_results_form {
   void open();
   /// "OK": closes the form; at the end of the series clears its record.
   void accept();
+
+ private:
+  match_state& match_;
+  series_record& series_;
 };
 
 }  // namespace velorin

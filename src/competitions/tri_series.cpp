@@ -7,10 +7,9 @@
 #include "model/random.h"
 #include "model/texts.h"
 #include "ui/front_end.h"
+#include "ui/match_play.h"
 
 namespace velorin {
-
-tri_record tri;
 
 namespace {
 
@@ -34,33 +33,34 @@ std::string sponsor_of(const std::string& host) {
   return "Pepsi";
 }
 
-void show_table() {
-  clear_result();
-  tri_series_table_form form;
+void show_table(match_state& match, front_end& user, tri_record& tri) {
+  clear_result(match);
+  tri_series_table_form form(tri);
   form.open();
-  user().show(form);
+  user.show(form);
 }
 
 /// Enters the next match. False if the user leaves it.
-bool enter_on_drawn_ground(const entered_side& first, const entered_side& second) {
-  std::string ground_before = std::exchange(tri.drawn_ground, draw_ground(tri.grounds));
-  if (enter_match(first, second, tri.drawn_ground)) return true;
+bool enter_on_drawn_ground(const match_play& play, tri_record& tri, const entered_side& first,
+                           const entered_side& second) {
+  std::string ground_before = std::exchange(tri.drawn_ground, draw_ground(play.chance, tri.grounds));
+  if (enter_match(play, first, second, tri.drawn_ground)) return true;
   tri.drawn_ground = std::move(ground_before);
   return false;
 }
 
 /// False if the user leaves the match: it is still to be played.
-bool play_league_match() {
+bool play_league_match(const match_play& play, tri_record& tri) {
   const auto [first, second] = round_pairs[static_cast<std::size_t>(tri.matches_played) % 3];
   const entered_side& one = tri.sides[first];
   const entered_side& other = tri.sides[second];
-  if (!run_tri_match(one.team, other.team, one.human, other.human)) return false;
+  if (!run_tri_match(play, tri, one.team, other.team, one.human, other.human)) return false;
   tri.matches_played += 1;
   return true;
 }
 
 /// The finalist of this name, with the captain of the first team so called.
-entered_side finalist(const std::string& name) {
+entered_side finalist(tri_record& tri, const std::string& name) {
   for (int i = 1; i <= 3; ++i) {
     if (tri.sides[i].team == name) return tri.sides[i];
   }
@@ -68,31 +68,32 @@ entered_side finalist(const std::string& name) {
 }
 
 /// Likewise.
-bool play_final() {
-  const entered_side first = finalist(tri.tri_table[1].note);
-  const entered_side second = finalist(tri.tri_table[2].note);
-  if (!enter_on_drawn_ground(first, second)) return false;
-  tri.tri_table[3].note = match.result_winner + " " + match.result_margin;
+bool play_final(const match_play& play, tri_record& tri) {
+  const entered_side first = finalist(tri, tri.tri_table[1].note);
+  const entered_side second = finalist(tri, tri.tri_table[2].note);
+  if (!enter_on_drawn_ground(play, tri, first, second)) return false;
+  tri.tri_table[3].note = play.match.result_winner + " " + play.match.result_margin;
   tri.final_played = true;
   return true;
 }
 
 }  // namespace
 
-bool run_tri_match(const std::string& first_team, const std::string& second_team, bool first_human, bool second_human) {
-  if (!enter_on_drawn_ground({first_team, first_human}, {second_team, second_human})) return false;
-  book_league_match(&tri.tri_table[1], 3, first_team, second_team);
+bool run_tri_match(const match_play& play, tri_record& tri, const std::string& first_team,
+                   const std::string& second_team, bool first_human, bool second_human) {
+  if (!enter_on_drawn_ground(play, tri, {first_team, first_human}, {second_team, second_human})) return false;
+  book_league_match(play.match, &tri.tri_table[1], 3, first_team, second_team);
   return true;
 }
 
 void tri_series_form::open() {
-  teams = list_teams();
+  teams = list_teams(play_.data);
   for (int box = 0; box < 3; ++box) team_index[box] = static_cast<int>(teams.size()) > box + 1 ? box + 1 : -1;
   rebuild_grounds();
 }
 
 void tri_series_form::rebuild_grounds() {
-  grounds = list_grounds({entry_text(teams, team_index[0])});
+  grounds = list_grounds(play_.data, {entry_text(teams, team_index[0])});
   ground_index = grounds.size() > 1 ? 1 : -1;
 }
 
@@ -105,37 +106,38 @@ void tri_series_form::set_rounds(int value) { typed_rounds = number_text(value);
 
 void tri_series_form::accept() {
   const int rounds = typed_number(typed_rounds, 5, "Text1");
-  reseed();
-  const tri_record before = tri;
-  tri = tri_record();
+  play_.chance.reseed();
+  const tri_record before = tri_;
+  tri_ = tri_record();
   for (int i = 1; i <= 3; ++i) {
-    tri.sides[i] = {entry_text(teams, team_index[i - 1]), !computer_captains[i - 1]};
-    tri.tri_table[i].team = tri.sides[i].team;
+    tri_.sides[i] = {entry_text(teams, team_index[i - 1]), !computer_captains[i - 1]};
+    tri_.tri_table[i].team = tri_.sides[i].team;
   }
-  tri.grounds = grounds;
-  tri.rounds = rounds;
-  while (!tri.final_played) {
-    const bool played = tri.matches_played < 3 * tri.rounds ? play_league_match() : play_final();
-    if (!played && tri.matches_played == 0) {
-      tri = before;
+  tri_.grounds = grounds;
+  tri_.rounds = rounds;
+  while (!tri_.final_played) {
+    const bool played =
+        tri_.matches_played < 3 * tri_.rounds ? play_league_match(play_, tri_) : play_final(play_, tri_);
+    if (!played && tri_.matches_played == 0) {
+      tri_ = before;
       return;
     }
-    show_table();
+    show_table(play_.match, play_.user, tri_);
   }
-  tri.tri_table = {};
+  tri_.tri_table = {};
   closed = true;
 }
 
 void tri_series_table_form::open() {
-  std::array<league_row, 4> table = tri.tri_table;
+  std::array<league_row, 4> table = tri_.tri_table;
   sort_league(table, 3, [](int) {});
   for (int i = 1; i <= 3; ++i) rows[i - 1] = shown_row(table[i]);
-  title = sponsor_of(tri.tri_table[1].team) + " Tri Series";
+  title = sponsor_of(tri_.tri_table[1].team) + " Tri Series";
   heading = title + " - Table";
-  tri.tri_table[1].note = table[1].team;
-  tri.tri_table[2].note = table[2].team;
+  tri_.tri_table[1].note = table[1].team;
+  tri_.tri_table[2].note = table[2].team;
   final_line = "Final (from above table) - " + table[1].team + " vs " + table[2].team;
-  final_result = tri.tri_table[3].note;
+  final_result = tri_.tri_table[3].note;
 }
 
 }  // namespace velorin

@@ -7,6 +7,7 @@
 
 #include "competitions/league.h"
 #include "competitions/match_entry.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
@@ -20,15 +21,17 @@ struct tri_record {
   bool final_played = false;
   std::string drawn_ground;  ///< of the match in play or the last one
 };
-extern tri_record tri;
 
 /// Plays one league match on a ground drawn anew and books it in tri.tri_table. A name that stands in several rows is
 /// booked in the last of them; each of them counts the match as played. False, with nothing booked, if the user leaves
 /// the match before it has begun.
-bool run_tri_match(const std::string& first_team, const std::string& second_team, bool first_human, bool second_human);
+bool run_tri_match(const match_play& play, tri_record& tri, const std::string& first_team,
+                   const std::string& second_team, bool first_human, bool second_human);
 
 /// A tri series: three teams, captains, rounds. Its OK plays the whole competition.
 struct tri_series_form {
+  tri_series_form(const match_play& play, tri_record& tri) : play_(play), tri_(tri) {}
+
   std::vector<team_entry> teams;     ///< list of teams, the same for all three
   std::array<int, 3> team_index{};   ///< entries of Combo1 (the host), Combo2, Combo3, from 0; -1 for none
   std::vector<std::string> grounds;  ///< grounds of the host's country
@@ -57,10 +60,14 @@ struct tri_series_form {
 
  private:
   void rebuild_grounds();
+  match_play play_;
+  tri_record& tri_;
 };
 
 /// The table of the tri series. Opening it names the finalists of the moment.
 struct tri_series_table_form {
+  explicit tri_series_table_form(tri_record& tri) : tri_(tri) {}
+
   std::string title;
   std::string heading;               ///< heading
   std::array<league_texts, 3> rows;  ///< in the order of the table
@@ -71,6 +78,9 @@ struct tri_series_table_form {
   /// Fills the form from `tri`, and sets its first two notes.
   void open();
   void accept() { closed = true; }
+
+ private:
+  tri_record& tri_;
 };
 
 }  // namespace velorin

@@ -64,12 +64,11 @@ struct world_cup_record {
   cup_stage stage = cup_stage::over;
   int next_match = 0;  ///< groups: fixture 1 to 20; Super Six: 21 to 29; knock-out: 1 to 3
 };
-extern world_cup_record world_cup;
 
 /// A sentence that tells that an earlier World Cup of this run stands in the record; "" before the first is drawn.
-std::string standing_cup();
+std::string standing_cup(world_cup_record& world_cup);
 /// A fresh record, as at the start of the program.
-void start_cup_afresh();
+void start_cup_afresh(world_cup_record& world_cup);
 
 /// A group's table in the order of its places: each team's sums over its five rows.
 group_league group_table(const cup_group& group);

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <utility>
 
+#include "competitions/world_cup.h"
 #include "competitions/world_cup_form.h"
 #include "model/random.h"
 
@@ -9,7 +10,7 @@ namespace velorin {
 
 namespace {
 
-void fill_groups() {
+void fill_groups(world_cup_record& world_cup) {
   for (int i = 1; i <= 5; ++i) {
     world_cup.group_a[i].team = world_cup.chosen_a[i - 1];
     world_cup.group_b[i].team = world_cup.chosen_b[i - 1];
@@ -24,29 +25,29 @@ void fill_groups() {
 }
 
 /// Fills a place of the list but for its number; what was there keeps its result.
-void fill_fixture(int place, int index_a, int index_b, const char* stage, const std::string& team_a,
-                  const std::string& team_b) {
+void fill_fixture(random_source& chance, world_cup_record& world_cup, int place, int index_a, int index_b,
+                  const char* stage, const std::string& team_a, const std::string& team_b) {
   cup_fixture& fixture = world_cup.fixtures[place];
   fixture.index_a = index_a;
   fixture.index_b = index_b;
   fixture.team_a = team_a;
   fixture.team_b = team_b;
   fixture.stage = stage;
-  fixture.venue = draw_ground(world_cup.grounds);
+  fixture.venue = draw_ground(chance, world_cup.grounds);
 }
 
 /// Exchanges two places drawn from `count` places from `first` on, so many times.
-void shuffle_fixtures(int times, int count, int first) {
+void shuffle_fixtures(random_source& chance, world_cup_record& world_cup, int times, int count, int first) {
   for (int i = 0; i < times; ++i) {
-    reseed();
-    const int p = static_cast<int>(std::floor(count * rnd() + first));
-    const int q = static_cast<int>(std::floor(count * rnd() + first));
+    chance.reseed();
+    const int p = static_cast<int>(std::floor(count * chance.rnd() + first));
+    const int q = static_cast<int>(std::floor(count * chance.rnd() + first));
     std::swap(world_cup.fixtures[p], world_cup.fixtures[q]);
   }
 }
 
 /// The human flag of a team by its name among the chosen ones: Group A before Group B, the last place of a name counts.
-bool human_by_name(const std::string& name) {
+bool human_by_name(world_cup_record& world_cup, const std::string& name) {
   bool human = false;
   for (std::size_t j = 0; j < 5; ++j) {
     if (world_cup.chosen_a[j] == name) human = world_cup.human_a[j];
@@ -61,7 +62,7 @@ void sort_group(cup_group& group) {
 }
 
 /// Enters the first three of a group into the places from `first` on, with their matches against each other.
-void carry_over(const cup_group& group, int first) {
+void carry_over(world_cup_record& world_cup, const cup_group& group, int first) {
   for (int i = 1; i <= 3; ++i) world_cup.super_six[first + i - 1].team = group[i].team;
   for (int i = 1; i <= 3; ++i) {
     league_row& row = world_cup.super_six[first + i - 1];
@@ -77,17 +78,17 @@ void carry_over(const cup_group& group, int first) {
 
 }  // namespace
 
-void draw_group_fixtures() {
-  fill_groups();
+void draw_group_fixtures(random_source& chance, world_cup_record& world_cup) {
+  fill_groups(world_cup);
   int place = 1;
   for (int i = 1; i <= 5; ++i) {
     for (int j = i + 1; j <= 5; ++j) {
-      fill_fixture(place, i, j, "A", world_cup.group_a[i].team, world_cup.group_a[j].team);
-      fill_fixture(place + 1, i, j, "B", world_cup.group_b[i].team, world_cup.group_b[j].team);
+      fill_fixture(chance, world_cup, place, i, j, "A", world_cup.group_a[i].team, world_cup.group_a[j].team);
+      fill_fixture(chance, world_cup, place + 1, i, j, "B", world_cup.group_b[i].team, world_cup.group_b[j].team);
       place += 2;
     }
   }
-  shuffle_fixtures(30, 20, 1);
+  shuffle_fixtures(chance, world_cup, 30, 20, 1);
   int number_a = 0;
   int number_b = 0;
   for (int k = 1; k <= 20; ++k) {
@@ -96,24 +97,25 @@ void draw_group_fixtures() {
   }
 }
 
-void build_super_six() {
+void build_super_six(world_cup_record& world_cup) {
   sort_group(world_cup.group_a);
   sort_group(world_cup.group_b);
-  carry_over(world_cup.group_a, 1);
-  carry_over(world_cup.group_b, 4);
+  carry_over(world_cup, world_cup.group_a, 1);
+  carry_over(world_cup, world_cup.group_b, 4);
 }
 
-void draw_super_six_fixtures() {
+void draw_super_six_fixtures(random_source& chance, world_cup_record& world_cup) {
   for (int place = 1; place <= 6; ++place) {
-    world_cup.super_six_human[place] = human_by_name(world_cup.super_six[place].team);
+    world_cup.super_six_human[place] = human_by_name(world_cup, world_cup.super_six[place].team);
   }
   int place = 21;
   for (int i = 1; i <= 3; ++i) {
     for (int j = 1; j <= 3; ++j) {
-      fill_fixture(place++, i, j, "SS", world_cup.super_six[i].team, world_cup.super_six[j + 3].team);
+      fill_fixture(chance, world_cup, place++, i, j, "SS", world_cup.super_six[i].team,
+                   world_cup.super_six[j + 3].team);
     }
   }
-  shuffle_fixtures(10, 9, 21);
+  shuffle_fixtures(chance, world_cup, 10, 9, 21);
   for (int k = 21; k <= 29; ++k) world_cup.fixtures[k].match_no = k - 20;
 }
 

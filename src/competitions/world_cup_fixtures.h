@@ -7,8 +7,13 @@
 
 namespace velorin {
 
+class front_end;
+struct world_cup_record;
+
 /// The fixture list, ten at a time.
 struct world_cup_fixtures_form {
+  world_cup_fixtures_form(front_end& user, world_cup_record& world_cup) : user_(user), world_cup_(world_cup) {}
+
   /// A row as shown; all texts are empty past the last fixture.
   struct row {
     std::string match_number;  ///< "Match No."
@@ -41,6 +46,10 @@ struct world_cup_fixtures_form {
   void open_tables();
   /// "Quit World Cup".
   void quit();
+
+ private:
+  front_end& user_;
+  world_cup_record& world_cup_;
 };
 
 }  // namespace velorin

@@ -4,27 +4,29 @@
 #include <algorithm>
 #include <utility>
 
+#include "competitions/world_cup.h"
 #include "competitions/world_cup_fixtures.h"
 #include "competitions/world_cup_tables.h"
 #include "model/match_state.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
 #include "ui/front_end.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
 namespace {
 
-void show_tables() {
-  world_cup_tables_form form;
+void show_tables(front_end& user, world_cup_record& world_cup) {
+  world_cup_tables_form form(world_cup);
   form.open();
-  user().show(form);
+  user.show(form);
 }
 
-void show_fixtures() {
-  world_cup_fixtures_form form;
+void show_fixtures(front_end& user, world_cup_record& world_cup) {
+  world_cup_fixtures_form form(user, world_cup);
   form.open();
-  user().show(form);
+  user.show(form);
 }
 
 int place_of(const cup_group& group, const std::string& name) {
@@ -47,58 +49,60 @@ league_row& cell_against(cup_group_team& team, const std::string& name) {
                        {.file = {}, .record = 0, .field = "versus", .player = name});
 }
 
-bool run_group_match(cup_group& group, const entered_side& first, const entered_side& second,
+bool run_group_match(const match_play& play, cup_group& group, const entered_side& first, const entered_side& second,
                      const std::string& venue) {
-  if (!enter_match(first, second, venue)) return false;
+  if (!enter_match(play, first, second, venue)) return false;
   cup_group_team& a = group[place_of(group, first.team)];
   cup_group_team& b = group[place_of(group, second.team)];
   league_row& cell_a = cell_against(a, second.team);
   league_row& cell_b = cell_against(b, first.team);
   book_played(cell_a, first.team);
   book_played(cell_b, second.team);
-  book_outcome(cell_a, cell_b, first.team, second.team);
-  const bool a_first = match.rate_first.team == a.team;
-  cell_a.net_run_rate += a_first ? match.rate_first.delta : match.rate_second.delta;
-  cell_b.net_run_rate += a_first ? match.rate_second.delta : match.rate_first.delta;
+  book_outcome(play.match, cell_a, cell_b, first.team, second.team);
+  const bool a_first = play.match.rate_first.team == a.team;
+  cell_a.net_run_rate += a_first ? play.match.rate_first.delta : play.match.rate_second.delta;
+  cell_b.net_run_rate += a_first ? play.match.rate_second.delta : play.match.rate_first.delta;
   return true;
 }
 
 /// After a match of the list: its result, then the tables and the list. One that the user has left is still to be
 /// played, and the list alone is shown.
-void close_fixture(int place, bool played) {
+void close_fixture(match_state& match, front_end& user, world_cup_record& world_cup, int place, bool played) {
   if (!played) {
-    show_fixtures();
+    show_fixtures(user, world_cup);
     return;
   }
   cup_fixture& fixture = world_cup.fixtures[place];
   fixture.result = match.result_winner.empty() ? "Match Tied" : match.result_winner + " " + match.result_margin;
-  clear_result();
+  clear_result(match);
   world_cup.next_match = place + 1;
-  show_tables();
-  show_fixtures();
+  show_tables(user, world_cup);
+  show_fixtures(user, world_cup);
 }
 
-void play_group_fixture(int place) {
+void play_group_fixture(const match_play& play, world_cup_record& world_cup, int place) {
   const cup_fixture fixture = world_cup.fixtures[place];
   const bool in_a = fixture.stage == "A";
   const cup_group& group = in_a ? world_cup.group_a : world_cup.group_b;
   const std::array<bool, 5>& human = in_a ? world_cup.human_a : world_cup.human_b;
   const entered_side first{group[fixture.index_a].team, human[fixture.index_a - 1]};
   const entered_side second{group[fixture.index_b].team, human[fixture.index_b - 1]};
-  close_fixture(place, (in_a ? run_group_a_match : run_group_b_match)(first, second, fixture.venue));
+  close_fixture(play.match, play.user, world_cup, place,
+                (in_a ? run_group_a_match : run_group_b_match)(play, world_cup, first, second, fixture.venue));
 }
 
-void play_super_six_fixture(int place) {
+void play_super_six_fixture(const match_play& play, world_cup_record& world_cup, int place) {
   const cup_fixture fixture = world_cup.fixtures[place];
   const int a = fixture.index_a;
   const int b = fixture.index_b + 3;
-  close_fixture(place, run_super_six_match({world_cup.super_six[a].team, world_cup.super_six_human[a]},
-                                           {world_cup.super_six[b].team, world_cup.super_six_human[b]}, fixture.venue));
+  close_fixture(play.match, play.user, world_cup, place,
+                run_super_six_match(play, world_cup, {world_cup.super_six[a].team, world_cup.super_six_human[a]},
+                                    {world_cup.super_six[b].team, world_cup.super_six_human[b]}, fixture.venue));
 }
 
-void pair_semifinals() {
+void pair_semifinals(world_cup_record& world_cup) {
   sort_league(world_cup.super_six, 6,
-              [](int j) { std::swap(world_cup.super_six_human[j], world_cup.super_six_human[j + 1]); });
+              [&](int j) { std::swap(world_cup.super_six_human[j], world_cup.super_six_human[j + 1]); });
   constexpr std::array<std::pair<int, int>, 2> pairs = {{{1, 4}, {2, 3}}};
   for (int i = 1; i <= 2; ++i) {
     const auto [a, b] = pairs[static_cast<std::size_t>(i - 1)];
@@ -111,13 +115,13 @@ void pair_semifinals() {
 }
 
 /// False if the user leaves the match.
-bool play_knockout(cup_knockout& tie) {
-  clear_result();
-  const std::string venue = draw_ground(world_cup.grounds);
-  if (!enter_match({tie.team_a, tie.human_a}, {tie.team_b, tie.human_b}, venue)) return false;
-  tie.winner = match.result_winner;
-  tie.margin = match.result_margin;
-  clear_result();
+bool play_knockout(const match_play& play, world_cup_record& world_cup, cup_knockout& tie) {
+  clear_result(play.match);
+  const std::string venue = draw_ground(play.chance, world_cup.grounds);
+  if (!enter_match(play, {tie.team_a, tie.human_a}, {tie.team_b, tie.human_b}, venue)) return false;
+  tie.winner = play.match.result_winner;
+  tie.margin = play.match.result_margin;
+  clear_result(play.match);
   return true;
 }
 
@@ -125,87 +129,90 @@ bool play_knockout(cup_knockout& tie) {
 bool winner_is_human(const cup_knockout& semi) { return semi.team_a == semi.winner ? semi.human_a : semi.human_b; }
 
 /// Ends the tournament if the user has asked for it, and clears his request.
-bool quits() { return std::exchange(world_cup.quit_requested, false); }
+bool quits(world_cup_record& world_cup) { return std::exchange(world_cup.quit_requested, false); }
 
 /// Plays a tie, 1 to 3 of the knock-out. While the user leaves it, it is still to be played: the tables from which it
 /// was entered, before the first tie the list, are shown again, and the list, where he may quit. False if he does.
-bool play_tie(int number, cup_knockout& tie) {
+bool play_tie(const match_play& play, world_cup_record& world_cup, int number, cup_knockout& tie) {
   world_cup.next_match = number;
-  while (!play_knockout(tie)) {
+  while (!play_knockout(play, world_cup, tie)) {
     world_cup.next_match = number - 1;
-    if (number > 1) show_tables();
-    show_fixtures();
-    if (quits()) return false;
+    if (number > 1) show_tables(play.user, world_cup);
+    show_fixtures(play.user, world_cup);
+    if (quits(world_cup)) return false;
     world_cup.next_match = number;
   }
   return true;
 }
 
 /// The stages from the first showing of the fixture list on. True if the form is to close: the user has quit.
-bool play_stages() {
-  if (quits()) return true;
+bool play_stages(const match_play& play, world_cup_record& world_cup) {
+  if (quits(world_cup)) return true;
   world_cup.stage = cup_stage::group_matches;
   for (world_cup.next_match = 1; world_cup.next_match <= 20;) {
-    play_group_fixture(world_cup.next_match);
-    if (quits()) return true;
+    play_group_fixture(play, world_cup, world_cup.next_match);
+    if (quits(world_cup)) return true;
   }
   world_cup.stage = cup_stage::super_six_draw;
-  build_super_six();
-  show_tables();
-  draw_super_six_fixtures();
-  show_fixtures();
-  if (quits()) return true;
+  build_super_six(world_cup);
+  show_tables(play.user, world_cup);
+  draw_super_six_fixtures(play.chance, world_cup);
+  show_fixtures(play.user, world_cup);
+  if (quits(world_cup)) return true;
   world_cup.stage = cup_stage::super_six_matches;
   for (world_cup.next_match = 21; world_cup.next_match <= 29;) {
-    play_super_six_fixture(world_cup.next_match);
+    play_super_six_fixture(play, world_cup, world_cup.next_match);
     // Here the request stays set and the form loaded: the next tournament will end at its first list.
     if (world_cup.quit_requested) return false;
   }
   world_cup.stage = cup_stage::knock_out;
-  pair_semifinals();
-  return !run_semifinal();
+  pair_semifinals(world_cup);
+  return !run_semifinal(play, world_cup);
 }
 
 }  // namespace
 
-bool run_group_a_match(const entered_side& first, const entered_side& second, const std::string& venue) {
-  return run_group_match(world_cup.group_a, first, second, venue);
+bool run_group_a_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
+                       const entered_side& second, const std::string& venue) {
+  return run_group_match(play, world_cup.group_a, first, second, venue);
 }
 
-bool run_group_b_match(const entered_side& first, const entered_side& second, const std::string& venue) {
-  return run_group_match(world_cup.group_b, first, second, venue);
+bool run_group_b_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
+                       const entered_side& second, const std::string& venue) {
+  return run_group_match(play, world_cup.group_b, first, second, venue);
 }
 
-bool run_super_six_match(const entered_side& first, const entered_side& second, const std::string& venue) {
-  if (!enter_match(first, second, venue)) return false;
-  book_league_match(&world_cup.super_six[1], 6, first.team, second.team);
+bool run_super_six_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
+                         const entered_side& second, const std::string& venue) {
+  if (!enter_match(play, first, second, venue)) return false;
+  book_league_match(play.match, &world_cup.super_six[1], 6, first.team, second.team);
   return true;
 }
 
-bool run_semifinal() {
+bool run_semifinal(const match_play& play, world_cup_record& world_cup) {
   for (const int number : {1, 2}) {
-    if (!play_tie(number, world_cup.semi_finals[number])) return false;
-    show_tables();
+    if (!play_tie(play, world_cup, number, world_cup.semi_finals[number])) return false;
+    show_tables(play.user, world_cup);
   }
   const cup_knockout& first_semi = world_cup.semi_finals[1];
   const cup_knockout& second_semi = world_cup.semi_finals[2];
   cup_knockout final = {first_semi.winner,           second_semi.winner,          {}, {},
                         winner_is_human(first_semi), winner_is_human(second_semi)};
-  if (!play_tie(3, final)) return false;
+  if (!play_tie(play, world_cup, 3, final)) return false;
   world_cup.grand_final = final;
-  show_tables();
+  show_tables(play.user, world_cup);
   return true;
 }
 
 void world_cup_form::show_again() {
-  const std::vector<team_entry> now = list_teams();
+  const std::vector<team_entry> now = list_teams(play_.data);
   const auto same = [](const team_entry& a, const team_entry& b) { return a.name == b.name; };
   const bool loaded = !closed && !teams.empty();
   if (loaded && std::equal(teams.begin(), teams.end(), now.begin(), now.end(), same)) {
     hidden = false;
     return;
   }
-  *this = world_cup_form();
+  static_cast<world_cup_fields&>(*this) = {};
   open();
 }
 
@@ -222,9 +229,9 @@ std::vector<std::string> world_cup_form::hosts() const {
 }
 
 void world_cup_form::open() {
-  teams = list_teams();
+  teams = list_teams(play_.data);
   if (teams.size() < 10) {
-    user().show(message_box{"Error", "Not enough teams in current database to play the World cup"});
+    play_.user.show(message_box{"Error", "Not enough teams in current database to play the World cup"});
     closed = true;
     return;
   }
@@ -236,21 +243,21 @@ void world_cup_form::open() {
 }
 
 void world_cup_form::accept() {
-  reseed();
-  world_cup.grounds = list_grounds(hosts());
+  play_.chance.reseed();
+  world_cup_.grounds = list_grounds(play_.data, hosts());
   for (std::size_t i = 0; i < 5; ++i) {
-    world_cup.chosen_a[i] = entry_text(teams, group_a_index[i]);
-    world_cup.chosen_b[i] = entry_text(teams, group_b_index[i]);
+    world_cup_.chosen_a[i] = entry_text(teams, group_a_index[i]);
+    world_cup_.chosen_b[i] = entry_text(teams, group_b_index[i]);
   }
-  world_cup.human_a = human_a;
-  world_cup.human_b = human_b;
+  world_cup_.human_a = human_a;
+  world_cup_.human_b = human_b;
   hidden = true;
-  world_cup.stage = cup_stage::drawn;
-  world_cup.next_match = 0;
-  draw_group_fixtures();
-  show_fixtures();
-  closed = play_stages();
-  world_cup.stage = cup_stage::over;
+  world_cup_.stage = cup_stage::drawn;
+  world_cup_.next_match = 0;
+  draw_group_fixtures(play_.chance, world_cup_);
+  show_fixtures(play_.user, world_cup_);
+  closed = play_stages(play_, world_cup_);
+  world_cup_.stage = cup_stage::over;
 }
 
 }  // namespace velorin

@@ -6,11 +6,14 @@
 #include <vector>
 
 #include "competitions/world_cup.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
-/// The World Cup: groups, hosts, human sides. Its OK plays the whole tournament.
-struct world_cup_form {
+class random_source;
+
+/// What the form of the World Cup shows.
+struct world_cup_fields {
   std::vector<team_entry> teams;                 ///< the list of all boxes
   std::array<int, 5> group_a_index{};            ///< Group A, entries from 0
   std::array<int, 5> group_b_index{};            ///< Group B
@@ -19,6 +22,11 @@ struct world_cup_form {
   std::array<int, 3> host_index = {-1, -1, -1};  ///< hosts; -1 for none
   bool closed = false;
   bool hidden = false;  ///< play has begun; after a tournament played to its end the form stays loaded and hidden
+};
+
+/// The World Cup: groups, hosts, human sides. Its OK plays the whole tournament.
+struct world_cup_form : world_cup_fields {
+  world_cup_form(const match_play& play, world_cup_record& world_cup) : play_(play), world_cup_(world_cup) {}
 
   static constexpr const char* note = "Note: Select all the human controlled teams.";
 
@@ -38,24 +46,31 @@ struct world_cup_form {
   void accept();
   /// "Cancel".
   void cancel() { closed = true; }
+
+ private:
+  match_play play_;
+  world_cup_record& world_cup_;
 };
 
 /// Plays a match of a group and books it in the cells of the two teams, found by name; of several the last counts.
 /// False, with nothing booked, if the user leaves the match before it has begun.
-bool run_group_a_match(const entered_side& first, const entered_side& second, const std::string& venue);
-bool run_group_b_match(const entered_side& first, const entered_side& second, const std::string& venue);
+bool run_group_a_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
+                       const entered_side& second, const std::string& venue);
+bool run_group_b_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
+                       const entered_side& second, const std::string& venue);
 /// Plays a match of the Super Six and books it in wc_super_six. False likewise.
-bool run_super_six_match(const entered_side& first, const entered_side& second, const std::string& venue);
+bool run_super_six_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
+                         const entered_side& second, const std::string& venue);
 /// Plays both semi-finals and the final, each on a ground drawn anew, and shows the tables after each.
 /// False if the user has left one and then quit.
-bool run_semifinal();
+bool run_semifinal(const match_play& play, world_cup_record& world_cup);
 
 /// Fills the groups and draws the twenty group fixtures: venues, then thirty exchanges, then the numbers. Draws, each
 /// exchange after reseeding.
-void draw_group_fixtures();
+void draw_group_fixtures(random_source& chance, world_cup_record& world_cup);
 /// Sorts both groups, fills wc_super_six with the first three of each and what they carry over.
-void build_super_six();
+void build_super_six(world_cup_record& world_cup);
 /// Notes the human sides and draws the nine Super Six fixtures: venues, then ten exchanges, then the numbers.
-void draw_super_six_fixtures();
+void draw_super_six_fixtures(random_source& chance, world_cup_record& world_cup);
 
 }  // namespace velorin

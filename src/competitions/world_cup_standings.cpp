@@ -9,8 +9,6 @@
 
 namespace velorin {
 
-world_cup_record world_cup;
-
 namespace {
 
 std::vector<league_texts> sorted_group(const cup_group& group) {
@@ -28,12 +26,12 @@ std::string pairing(const cup_knockout& tie) {
 
 }  // namespace
 
-std::string standing_cup() {
+std::string standing_cup(world_cup_record& world_cup) {
   if (world_cup.group_a[1].team.empty()) return {};
   return "The tallies and results of the World Cup before stand, and this one adds to them.";
 }
 
-void start_cup_afresh() { world_cup = {}; }
+void start_cup_afresh(world_cup_record& world_cup) { world_cup = {}; }
 
 group_league group_table(const cup_group& group) {
   group_league table;
@@ -48,24 +46,24 @@ group_league group_table(const cup_group& group) {
 }
 
 void world_cup_tables_form::open() {
-  group_a = sorted_group(world_cup.group_a);
-  group_b = sorted_group(world_cup.group_b);
+  group_a = sorted_group(world_cup_.group_a);
+  group_b = sorted_group(world_cup_.group_b);
   super_six.clear();
-  if (!world_cup.super_six[1].team.empty()) {
-    super_six_league table = world_cup.super_six;
+  if (!world_cup_.super_six[1].team.empty()) {
+    super_six_league table = world_cup_.super_six;
     sort_league(table, 6, [](int) {});
     for (int place = 1; place <= 6; ++place) super_six.push_back(shown_row(table[place]));
   }
-  first_semi_final = pairing(world_cup.semi_finals[1]);
-  second_semi_final = pairing(world_cup.semi_finals[2]);
-  grand_final = pairing(world_cup.grand_final);
-  winners_line = "World Cup winners : " + world_cup.grand_final.winner;
+  first_semi_final = pairing(world_cup_.semi_finals[1]);
+  second_semi_final = pairing(world_cup_.semi_finals[2]);
+  grand_final = pairing(world_cup_.grand_final);
+  winners_line = "World Cup winners : " + world_cup_.grand_final.winner;
 }
 
 world_cup_fixtures_form::row world_cup_fixtures_form::row_of(int place) const {
   row shown;
   if (place > fixtures) return shown;
-  const cup_fixture& fixture = world_cup.fixtures[place];
+  const cup_fixture& fixture = world_cup_.fixtures[place];
   shown.match_number = "Gr " + fixture.stage + " Mt " + number_text(int(fixture.match_no));
   shown.team_a = fixture.team_a;
   shown.versus = "vs";
@@ -79,10 +77,10 @@ world_cup_fixtures_form::row world_cup_fixtures_form::row_of(int place) const {
 
 void world_cup_fixtures_form::open() {
   fixtures = 0;
-  while (fixtures < 50 && !world_cup.fixtures[fixtures + 1].team_a.empty()) ++fixtures;
+  while (fixtures < 50 && !world_cup_.fixtures[fixtures + 1].team_a.empty()) ++fixtures;
   next_fixture = 0;
   for (int place = fixtures; place >= 1; --place) {
-    if (world_cup.fixtures[place].result.empty()) next_fixture = place;
+    if (world_cup_.fixtures[place].result.empty()) next_fixture = place;
   }
   scroll_maximum = std::max(1, fixtures - 9);
   scroll_to(1);
@@ -95,13 +93,13 @@ void world_cup_fixtures_form::scroll_to(int value) {
 }
 
 void world_cup_fixtures_form::open_tables() {
-  world_cup_tables_form form;
+  world_cup_tables_form form(world_cup_);
   form.open();
-  user().show(form);
+  user_.show(form);
 }
 
 void world_cup_fixtures_form::quit() {
-  world_cup.quit_requested = true;
+  world_cup_.quit_requested = true;
   closed = true;
 }
 

@@ -8,8 +8,12 @@
 
 namespace velorin {
 
+struct world_cup_record;
+
 /// The tables of the World Cup.
 struct world_cup_tables_form {
+  explicit world_cup_tables_form(world_cup_record& world_cup) : world_cup_(world_cup) {}
+
   std::vector<league_texts> group_a;  ///< five rows in table order
   std::vector<league_texts> group_b;
   std::vector<league_texts> super_six;  ///< six rows, or none before the Super Six
@@ -22,6 +26,9 @@ struct world_cup_tables_form {
   /// Fills the tables from the tournament.
   void open();
   void accept() { closed = true; }
+
+ private:
+  world_cup_record& world_cup_;
 };
 
 }  // namespace velorin

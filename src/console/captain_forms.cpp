@@ -14,32 +14,33 @@
 
 namespace velorin {
 
-next_batsman_form::next_batsman_form(std::string title_text) : title(std::move(title_text)) {
+next_batsman_form::next_batsman_form(match_state& match, std::string title_text)
+    : title(std::move(title_text)), match_(match) {
   match.next_batsman_slot = match.higher_batsman();
   for (int row = 1; row <= men_in_eleven; ++row) enabled[row] = row > match.next_batsman_slot;
 }
 
-std::string next_batsman_form::name(int row) const { return match.batting_xi[row].name; }
-std::string next_batsman_form::skill(int row) const { return number_text(int(match.batting_xi[row].bat_skill)); }
+std::string next_batsman_form::name(int row) const { return match_.batting_xi[row].name; }
+std::string next_batsman_form::skill(int row) const { return number_text(int(match_.batting_xi[row].bat_skill)); }
 
 void next_batsman_form::choose(int row) {
   if (enabled[row]) chosen = row;
 }
 
 void next_batsman_form::accept() {
-  const int place = match.next_batsman_slot + 1;
+  const int place = match_.next_batsman_slot + 1;
   if (chosen > place) {
-    const auto men = match.batting_xi.begin();
+    const auto men = match_.batting_xi.begin();
     std::rotate(men + place, men + chosen, men + chosen + 1);
   }
-  if (match.striker <= match.non_striker) match.batsman_aggression[0] = match.batsman_aggression[1];
-  match.batsman_aggression[1] = aggression;
-  if (title == "Select 1st Opener") match.batsman_aggression[0] = aggression;
+  if (match_.striker <= match_.non_striker) match_.batsman_aggression[0] = match_.batsman_aggression[1];
+  match_.batsman_aggression[1] = aggression;
+  if (title == "Select 1st Opener") match_.batsman_aggression[0] = aggression;
   closed = true;
 }
 
-bowler_choice_form::bowler_choice_form(use shown, std::string title_text)
-    : title(std::move(title_text)), shown_for(shown) {
+bowler_choice_form::bowler_choice_form(match_state& match, use shown, std::string title_text)
+    : title(std::move(title_text)), shown_for(shown), match_(match) {
   for (int row = 1; row <= men_in_eleven; ++row) {
     enabled[row] = row != match.next_bowler && match.bowling_xi[row].is_keeper == 0;
   }
@@ -47,22 +48,22 @@ bowler_choice_form::bowler_choice_form(use shown, std::string title_text)
   if (shown_for == use::second_opener && match.bowler != 0) enabled[match.bowler] = false;
 }
 
-std::string bowler_choice_form::name(int row) const { return match.bowling_xi[row].name; }
+std::string bowler_choice_form::name(int row) const { return match_.bowling_xi[row].name; }
 
 std::string bowler_choice_form::skill(int row) const {
-  return number_text(round_half_even(100 - static_cast<double>(match.bowling_xi[row].bowl_sr)));
+  return number_text(round_half_even(100 - static_cast<double>(match_.bowling_xi[row].bowl_sr)));
 }
 
-std::string bowler_choice_form::economy(int row) const { return number_text(match.bowling_xi[row].econ); }
+std::string bowler_choice_form::economy(int row) const { return number_text(match_.bowling_xi[row].econ); }
 
 void bowler_choice_form::choose(int row) {
   if (enabled[row]) chosen = row;
 }
 
 int bowler_choice_form::best_row() const {
-  const auto key = [](int row) {
-    const player_rec& man = match.bowling_xi[row];
-    return std::tuple(match.bowling_card[row].balls >= balls_of_quota, float(man.bowl_sr), float(man.econ));
+  const auto key = [this](int row) {
+    const player_rec& man = match_.bowling_xi[row];
+    return std::tuple(match_.bowling_card[row].balls >= balls_of_quota, float(man.bowl_sr), float(man.econ));
   };
   int best = 0;
   for (int row = 1; row <= men_in_eleven; ++row) {
@@ -72,12 +73,12 @@ int bowler_choice_form::best_row() const {
 }
 
 void bowler_choice_form::accept() {
-  (shown_for == use::second_opener ? match.next_bowler : match.bowler) = chosen;
+  (shown_for == use::second_opener ? match_.next_bowler : match_.bowler) = chosen;
   closed = true;
 }
 
-aggression_form aggression_form::of_batsman(int slot) {
-  aggression_form form;
+aggression_form aggression_form::of_batsman(match_state& match, int slot) {
+  aggression_form form(match);
   const int position = slot == 0 ? match.lower_batsman() : match.higher_batsman();
   const batting_card_rec& card = match.batting_card[position];
   form.player_slot = slot;
@@ -96,8 +97,8 @@ aggression_form aggression_form::of_batsman(int slot) {
   return form;
 }
 
-aggression_form aggression_form::of_bowler(int slot) {
-  aggression_form form;
+aggression_form aggression_form::of_bowler(match_state& match, int slot) {
+  aggression_form form(match);
   const bowling_card_rec& card = match.bowling_card[slot == 0 ? match.bowler : match.next_bowler];
   form.for_batsman = false;
   form.player_slot = slot;
@@ -111,7 +112,7 @@ aggression_form aggression_form::of_bowler(int slot) {
 }
 
 void aggression_form::accept() {
-  (for_batsman ? match.batsman_aggression : match.bowling_aggression)[player_slot] = aggression;
+  (for_batsman ? match_.batsman_aggression : match_.bowling_aggression)[player_slot] = aggression;
   closed = true;
 }
 

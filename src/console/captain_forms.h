@@ -13,6 +13,8 @@
 
 namespace velorin {
 
+struct match_state;
+
 /// Picks the next batsman and his aggression.
 struct next_batsman_form {
   static constexpr std::string_view names_heading = " Batsmen";
@@ -28,7 +30,7 @@ struct next_batsman_form {
   bool closed = false;
 
   /// Sets next_batsman_slot and disables the rows of the men who have come in.
-  explicit next_batsman_form(std::string title_text);
+  explicit next_batsman_form(match_state& match, std::string title_text);
 
   std::string name(int row) const;   ///< the row's name
   std::string skill(int row) const;  ///< his batting skill
@@ -36,6 +38,9 @@ struct next_batsman_form {
   void choose(int row);
   /// "OK": moves the chosen man to the place after next_batsman_slot and sets batsman_aggression for the pair.
   void accept();
+
+ private:
+  match_state& match_;
 };
 
 /// Picks a bowler. One of the three OK buttons is visible.
@@ -52,7 +57,7 @@ struct bowler_choice_form {
   int chosen = 0;                                 ///< starts at the current bowler
   bool closed = false;
 
-  bowler_choice_form(use shown, std::string title_text);
+  bowler_choice_form(match_state& match, use shown, std::string title_text);
 
   std::string name(int row) const;     ///< the row's name
   std::string skill(int row) const;    ///< under "Skill": 100 less the strike rate, rounded
@@ -63,10 +68,15 @@ struct bowler_choice_form {
   int best_row() const;
   /// The visible OK: writes the chosen position, 0 for none, to bowler (change, first opener) or next_bowler.
   void accept();
+
+ private:
+  match_state& match_;
 };
 
 /// Shows a player's figures and sets his aggression.
 struct aggression_form {
+  explicit aggression_form(match_state& match) : match_(match) {}
+
   static constexpr std::string_view aggression_low = "Def.";
   static constexpr std::string_view aggression_high = "Agg.";
   static constexpr double settled_full = full_meter;  ///< the greatest width of the settled bar
@@ -82,10 +92,13 @@ struct aggression_form {
   std::string score_sentence;           ///< batsman: the side's score in a sentence
   bool closed = false;
 
-  static aggression_form of_batsman(int slot);
-  static aggression_form of_bowler(int slot);
+  static aggression_form of_batsman(match_state& match, int slot);
+  static aggression_form of_bowler(match_state& match, int slot);
   /// The shown OK: writes the aggression to its slot.
   void accept();
+
+ private:
+  match_state& match_;
 };
 
 /// How a batsman made his runs.

@@ -15,7 +15,7 @@ namespace velorin {
 namespace {
 
 /// The sum of the numeric symbols of an over.
-int over_runs(int over) {
+int over_runs(const match_state& match, int over) {
   int sum = 0;
   for (int slot = 1; slot <= balls_of_over; ++slot) {
     sum += std::max(0, symbol_number(match.ball_log[over][slot]));
@@ -25,18 +25,18 @@ int over_runs(int over) {
 
 }  // namespace
 
-double meter_of(int position) {
+double meter_of(const match_state& match, int position) {
   const batting_card_rec& card = match.batting_card[position];
   // In halves, which are whole numbers: five times the sum of twice his runs and half his balls.
   return std::min(2 * full_meter, 5 * (4 * card.runs + card.balls)) / 2.0;
 }
 
-void refresh_batsmen() {
-  match.settled_meter[0] = meter_of(match.lower_batsman());
-  match.settled_meter[1] = meter_of(match.higher_batsman());
+void refresh_batsmen(match_state& match) {
+  match.settled_meter[0] = meter_of(match, match.lower_batsman());
+  match.settled_meter[1] = meter_of(match, match.higher_batsman());
 }
 
-void refresh_bowling_card() {
+void refresh_bowling_card(match_state& match) {
   auto row = match.bowler_list.begin() + 1;
   while (row != match.bowler_list.end() && row->position != 0 && row->position != match.bowler) ++row;
   if (row == match.bowler_list.end()) return;
@@ -44,7 +44,7 @@ void refresh_bowling_card() {
   *row = {match.bowler, card.balls, card.maidens, card.runs, card.wickets};
 }
 
-void refresh_rates() {
+void refresh_rates(match_state& match) {
   std::swap(match.bowling_aggression[0], match.bowling_aggression[1]);
   rate_figures& rates = match.rates;
   rates.score_runs = match.score_runs;
@@ -59,13 +59,13 @@ void refresh_rates() {
   }
 }
 
-void log_over() {
+void log_over(match_state& match) {
   const int lower = match.lower_batsman();
   const int higher = match.higher_batsman();
   const bowling_card_rec& bowling = match.bowling_card[match.bowler];
   over_note note;
   note.over_no = match.over_no;
-  note.over_runs = over_runs(match.over_no);
+  note.over_runs = over_runs(match, match.over_no);
   note.score_runs = match.score_runs;
   note.score_wickets = match.score_wickets;
   note.innings_balls = match.innings_balls;
@@ -83,9 +83,11 @@ void log_over() {
   match.ball_commentary.add_over(note);
 }
 
-void advance_clock() { book(match.clock_minutes, minutes_of_over, "clock_minutes", match.venue_name()); }
+void advance_clock(match_state& match) {
+  book(match.clock_minutes, minutes_of_over, "clock_minutes", match.venue_name());
+}
 
-void prepare_chase_display() {
+void prepare_chase_display(match_state& match) {
   const rate_figures& rates = match.rates;
   projection_text& projection = match.first_innings_projection;
   if (rates.of_innings_before) {

@@ -6,29 +6,31 @@
 
 namespace velorin {
 
+struct match_state;
+
 /// How far the batsman at a position has settled, 0 to 915, by his figures as they stand. Reads batting_card.
-double meter_of(int position);
+double meter_of(const match_state& match, int position);
 
 /// After every ball and when an innings opens: sets settled_meter of both batsmen. Reads striker, non_striker,
 /// batting_card.
-void refresh_batsmen();
+void refresh_batsmen(match_state& match);
 
 /// After every ball: gives the current bowler a row in the running table of bowlers, if he has none and one of the ten
 /// is free, and writes his figures there. Reads bowler, bowling_card; changes bowler_list.
-void refresh_bowling_card();
+void refresh_bowling_card(match_state& match);
 
 /// At the end of the over and when the console opens: exchanges the two bowling aggressions and takes the figures for
 /// the rate panel. Changes bowling_aggression, rates.
-void refresh_rates();
+void refresh_rates(match_state& match);
 
 /// At the end of the over, before the bowlers are exchanged: appends the block of the over to ball_commentary.
-void log_over();
+void log_over(match_state& match);
 
 /// At the end of the over, after log_over: four minutes pass.
-void advance_clock();
+void advance_clock(match_state& match);
 
 /// Once at the change of innings, after the totals have been exchanged: freezes the projection, empties the table of
 /// bowlers and the commentary, sets the score to 0.
-void prepare_chase_display();
+void prepare_chase_display(match_state& match);
 
 }  // namespace velorin

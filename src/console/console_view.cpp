@@ -21,7 +21,7 @@ std::string shortened(const std::string& name) {
 
 }  // namespace
 
-score_view view_score() {
+score_view view_score(const match_state& match) {
   score_view view;
   view.batting_short_name = short_name(match.team1_name);
   view.score = fmt::format("{}/{}", match.score_runs, match.score_wickets);
@@ -42,7 +42,7 @@ score_view view_score() {
   return view;
 }
 
-batsman_view view_batsman(int slot) {
+batsman_view view_batsman(const match_state& match, int slot) {
   batsman_view view;
   view.position = slot == 0 ? match.lower_batsman() : match.higher_batsman();
   const batting_card_rec& card = match.batting_card[view.position];
@@ -52,13 +52,13 @@ batsman_view view_batsman(int slot) {
   view.fours = card.fours;
   view.sixes = card.sixes;
   // Not as of the last ball: he may have come in since.
-  view.settled_meter = meter_of(view.position);
+  view.settled_meter = meter_of(match, view.position);
   view.aggression = match.batsman_aggression[slot];
   view.aggression_enabled = !match.computer_bats;
   return view;
 }
 
-bowlers_view view_bowlers() {
+bowlers_view view_bowlers(const match_state& match) {
   bowlers_view view;
   const bowling_card_rec& now = match.bowling_card[match.bowler];
   view.bowler = now.name;
@@ -74,7 +74,7 @@ bowlers_view view_bowlers() {
   return view;
 }
 
-std::vector<bowler_line> view_bowler_list() {
+std::vector<bowler_line> view_bowler_list(const match_state& match) {
   std::vector<bowler_line> lines;
   for (int row = 1; row <= 10; ++row) {
     const bowler_row& filled = match.bowler_list[row];
@@ -85,7 +85,7 @@ std::vector<bowler_line> view_bowler_list() {
   return lines;
 }
 
-std::string view_last_wicket() {
+std::string view_last_wicket(const match_state& match) {
   const last_wicket_note& note = match.last_wicket;
   if (note.position == 0) return {};
   // The cards of two innings change places with every innings, so an even distance means the current one.

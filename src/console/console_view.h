@@ -9,6 +9,8 @@
 
 namespace velorin {
 
+struct match_state;
+
 /// The head of the score.
 struct score_view {
   std::string batting_short_name;  ///< short name of the batting side
@@ -74,14 +76,14 @@ struct rates_view {
   std::string first_innings_overs;
 };
 
-score_view view_score();
+score_view view_score(const match_state& match);
 /// The batsman in a slot: 0 the lower position at the crease, 1 the higher.
-batsman_view view_batsman(int slot);
-bowlers_view view_bowlers();
+batsman_view view_batsman(const match_state& match, int slot);
+bowlers_view view_bowlers(const match_state& match);
 /// The filled rows, in the order in which the bowlers came on.
-std::vector<bowler_line> view_bowler_list();
-rates_view view_rates();
+std::vector<bowler_line> view_bowler_list(const match_state& match);
+rates_view view_rates(const match_state& match);
 /// The last-wicket label; empty before the first wicket of the match.
-std::string view_last_wicket();
+std::string view_last_wicket(const match_state& match);
 
 }  // namespace velorin

@@ -31,9 +31,11 @@ logged count_overs(const ball_log_table& log, int from, int to) {
 
 /// What the panel is written from: the figures of the last refresh, and none before the first of an innings. The rates
 /// of the match keep those of the innings before until then, since the projection is frozen from them.
-rate_figures figures_of_this_innings() { return match.rates.of_innings_before ? rate_figures{} : match.rates; }
+rate_figures figures_of_this_innings(const match_state& match) {
+  return match.rates.of_innings_before ? rate_figures{} : match.rates;
+}
 
-std::string last_five(const rate_figures& rates) {
+std::string last_five(const match_state& match, const rate_figures& rates) {
   const int overs = rates.innings_balls / balls_of_over;
   if (overs - 4 <= 0) return " - ";
   // Only overs that were complete at the refresh; the one in progress was still empty then.
@@ -56,15 +58,17 @@ std::vector<rate_cell> projections(const rate_figures& rates) {
   return cells;
 }
 
-int runs_needed(const rate_figures& rates) { return match.first_total + 1 - rates.score_runs; }
+int runs_needed(const match_state& match, const rate_figures& rates) {
+  return match.first_total + 1 - rates.score_runs;
+}
 
-std::vector<rate_cell> chase_cells(const rate_figures& rates) {
+std::vector<rate_cell> chase_cells(const match_state& match, const rate_figures& rates) {
   std::vector<rate_cell> cells = {{"Runs Reqd.", ""},   {"Overs rem.", ""}, {"RR Reqd.", ""},  {"Current RR", ""},
                                   {"Wkts in hand", ""}, {"Target", ""},     {"Initial RR", ""}};
   const int target = match.first_total + 1;
   const int left = balls_of_innings - rates.innings_balls;
-  if (runs_needed(rates) > 0) {
-    cells[0].text = number_text(runs_needed(rates));
+  if (runs_needed(match, rates) > 0) {
+    cells[0].text = number_text(runs_needed(match, rates));
     if (rates.required_rate_shown) cells[2].text = number_text(rates.required_rate);
   }
   cells[1].text = fmt::format("{} ({}b)", overs_from_balls(left), left);
@@ -78,12 +82,12 @@ std::vector<rate_cell> chase_cells(const rate_figures& rates) {
   return cells;
 }
 
-void add_comparison(rates_view& view, const rate_figures& rates) {
+void add_comparison(const match_state& match, rates_view& view, const rate_figures& rates) {
   const std::string us = short_name(match.team1_name);
   const std::string them = short_name(match.team2_name);
   view.first_innings = fmt::format("{} {}/{}", them, int(match.first_total), int(match.first_wickets));
   view.first_innings_overs = overs_from_balls(match.first_balls) + " Overs";
-  if (runs_needed(rates) > 0) view.chase_headline = "To win " + us + " need...";
+  if (runs_needed(match, rates) > 0) view.chase_headline = "To win " + us + " need...";
   const logged stage = count_overs(match.first_ball_log, 1, rates.innings_balls / balls_of_over);
   if (rates.innings_balls > 0) view.stage_overs = overs_from_balls(rates.innings_balls) + " Overs";
   view.score_now = fmt::format("{} are {}/{}", us, rates.score_runs, rates.score_wickets);
@@ -92,13 +96,13 @@ void add_comparison(rates_view& view, const rate_figures& rates) {
 
 }  // namespace
 
-rates_view view_rates() {
-  const rate_figures rates = figures_of_this_innings();
+rates_view view_rates(const match_state& match) {
+  const rate_figures rates = figures_of_this_innings(match);
   rates_view view;
-  view.last_five_overs = last_five(rates);
+  view.last_five_overs = last_five(match, rates);
   view.chase = match.first_total != 0;
-  view.cells = view.chase ? chase_cells(rates) : projections(rates);
-  if (view.chase) add_comparison(view, rates);
+  view.cells = view.chase ? chase_cells(match, rates) : projections(rates);
+  if (view.chase) add_comparison(match, view, rates);
   return view;
 }
 

@@ -8,6 +8,7 @@
 
 #include "database/configuration.h"
 #include "database/file_calls.h"
+#include "database/open_database.h"
 #include "database/slots.h"
 #include "database/teams_file.h"
 #include "database/whole_file.h"
@@ -164,11 +165,11 @@ slot_file current_record_file(const database_files& database) {
           file_name_text(database.record_file)};
 }
 
-void require_database_for_play() {
-  require_whole_database();
-  if (!files.updates) return;
-  const folder_lock turn(files.career_file);
-  require_sound_records(files);
+void require_database_for_play(open_database& data) {
+  require_whole_database(data);
+  if (!data.files.updates) return;
+  const folder_lock turn(data.files.career_file, data.files.watcher);
+  require_sound_records(data.files);
 }
 
 void require_sound_records(const database_files& database) {

@@ -13,6 +13,8 @@
 
 namespace velorin {
 
+struct open_database;
+
 struct database_files;
 class slot_file;
 
@@ -56,7 +58,7 @@ slot_file current_record_file(const database_files& database);
 
 /// Refuses a database that cannot take a match: require_whole_database(), and require_sound_records() where matches are
 /// added, under the lock of the folder. Raises run_time_error.
-void require_database_for_play();
+void require_database_for_play(open_database& data);
 
 /// Refuses careers and lists that are not whole or not of one state. Reads both; a missing one is empty. Requires the
 /// lock of their folder. Raises run_time_error: as told above, and what reading raises.

@@ -6,6 +6,7 @@
 #include "database/agreement.h"
 #include "database/configuration.h"
 #include "database/lasting_records.h"
+#include "database/open_database.h"
 #include "database/record_update.h"
 #include "database/slots.h"
 #include "database/whole_file.h"
@@ -34,24 +35,24 @@ struct side_books {
 struct career_in_file {
   career_rec& career;
   long record;
+  const std::filesystem::path& file;
 
   /// Adds to a figure of it. Raises run_time_error (overflow).
   void add(std::int32_t& figure, int change, const char* field) const {
     if (!__builtin_add_overflow(figure, change, &figure)) return;
-    throw run_time_error(
-        failure::overflow, "Overflow: a career figure does not fit 32 bits",
-        {.file = file_name_text(files.career_file), .record = record, .field = field, .player = career.name});
+    throw run_time_error(failure::overflow, "Overflow: a career figure does not fit 32 bits",
+                         {.file = file_name_text(file), .record = record, .field = field, .player = career.name});
   }
 };
 
-void enrol_team(career_table& table, const std::string& team) {
+void enrol_team(open_database& data, career_table& table, const std::string& team) {
   for (int t = 1; t <= table.career_team_count; ++t) {
     if (table.teams[t].team_name == team) return;
   }
   if (table.career_team_count == career_team_limit) {
     throw run_time_error(failure::subscript,
                          fmt::format("Subscript out of range: more than {} teams with careers", career_team_limit),
-                         {.file = file_name_text(files.career_file),
+                         {.file = file_name_text(data.files.career_file),
                           .record = career_team_limit + 2,
                           .field = "team_name",
                           .player = team});
@@ -61,7 +62,7 @@ void enrol_team(career_table& table, const std::string& team) {
   added.team_name = team;
 }
 
-void enrol_player(career_team_rec& team, long record, const std::string& name) {
+void enrol_player(open_database& data, career_team_rec& team, long record, const std::string& name) {
   for (int p = 1; p <= team.player_count; ++p) {
     if (team.players[p].name == name) return;
   }
@@ -69,7 +70,7 @@ void enrol_player(career_team_rec& team, long record, const std::string& name) {
     throw run_time_error(
         failure::subscript,
         fmt::format("Subscript out of range: more than {} players of {} with careers", player_limit, team.team_name),
-        {.file = file_name_text(files.career_file), .record = record, .field = "players", .player = name});
+        {.file = file_name_text(data.files.career_file), .record = record, .field = "players", .player = name});
   }
   ++team.player_count;
   team.players[team.player_count] = career_rec();
@@ -132,10 +133,10 @@ void add_fielding(const career_in_file& to, const batting_card_rec& line) {
   if (equals_joined(line.fielder, " st ", career.name)) to.add(career.stumpings, 1, "stumpings");
 }
 
-void add_match(career_team_rec& team, long record, const side_books& books) {
+void add_match(const std::filesystem::path& file, career_team_rec& team, long record, const side_books& books) {
   for (int j = 1; j <= men_in_eleven; ++j) {
     for (int p = 1; p <= team.player_count; ++p) {
-      const career_in_file to{team.players[p], record};
+      const career_in_file to{team.players[p], record, file};
       const std::string& name = to.career.name;
       const batting_card_rec& batting = books.batting[j];
       if (books.bowling[j].name == name) add_bowling(to, books.bowling[j], books.opponent);
@@ -146,60 +147,62 @@ void add_match(career_team_rec& team, long record, const side_books& books) {
 }
 
 /// Enrols the side that the bowling card names and adds the match to its careers.
-void update_side(career_table& table, const side_books& books) {
-  enrol_team(table, books.team);
+void update_side(open_database& data, career_table& table, const side_books& books) {
+  enrol_team(data, table, books.team);
   for (int t = 1; t <= table.career_team_count; ++t) {
     career_team_rec& team = table.teams[t];
     if (team.team_name != books.team) continue;
-    for (int j = 1; j <= men_in_eleven; ++j) enrol_player(team, t + 1, books.bowling[j].name);
-    add_match(team, t + 1, books);
+    for (int j = 1; j <= men_in_eleven; ++j) enrol_player(data, team, t + 1, books.bowling[j].name);
+    add_match(data.files.career_file, team, t + 1, books);
   }
 }
 
 /// The career file as it is.
-slot_file whole_careers() {
-  slot_file file = slot_file::read(files.career_file, career_slot);
+slot_file whole_careers(open_database& data) {
+  slot_file file = slot_file::read(data.files.career_file, career_slot);
   require_whole_careers(file);
   return file;
 }
 
 /// Adds the match to the career file, whose careers these are.
-void add_match(slot_file& file, career_table& table) {
+void add_match(const match_state& match, open_database& data, slot_file& file, career_table& table) {
   // The end of an innings writes "not out" into the first innings only.
-  update_side(table, {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card,
-                      match.first_batting_card, ""});
-  update_side(table, {match.team2_name, match.team1_name, match.bowling_card, match.first_batting_card,
-                      match.batting_card, "not out"});
+  update_side(
+      data, table,
+      {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card, match.first_batting_card, ""});
+  update_side(data, table,
+              {match.team2_name, match.team1_name, match.bowling_card, match.first_batting_card, match.batting_card,
+               "not out"});
   put_careers(file, table);
 }
 
 }  // namespace
 
-void settle_update() { const staged_files both({files.career_file, files.record_file}); }
+void settle_update(open_database& data) { const staged_files both({data.files.career_file, data.files.record_file}); }
 
-void update_career() {
-  if (!files.updates) return;
-  const folder_lock turn(files.career_file);
-  settle_update();
-  slot_file career_file = whole_careers();
+void update_career(const match_state& match, open_database& data) {
+  if (!data.files.updates) return;
+  const folder_lock turn(data.files.career_file, data.files.watcher);
+  settle_update(data);
+  slot_file career_file = whole_careers(data);
   career_table careers = careers_in(career_file);
-  add_match(career_file, careers);
-  replace_file(files.career_file, career_file.bytes());
+  add_match(match, data, career_file, careers);
+  replace_file(data.files.career_file, career_file.bytes());
 }
 
 void match_update::run() {
-  if (!files.updates) return;
-  const folder_lock turn(files.career_file);
-  staged_files staged({files.career_file, files.record_file});
+  if (!data_.files.updates) return;
+  const folder_lock turn(data_.files.career_file, data_.files.watcher);
+  staged_files staged({data_.files.career_file, data_.files.record_file});
   if (added_) return staged.synchronise_folders();
-  slot_file career_file = whole_careers();
-  slot_file record_file = whole_records();
+  slot_file career_file = whole_careers(data_);
+  slot_file record_file = whole_records(data_);
   career_table careers = careers_in(career_file);
   record_lists lists = records_in(record_file);
   require_agreement({careers, lists, career_file.name(), record_file.name()});
-  add_match(career_file, careers);
+  add_match(match_, data_, career_file, careers);
   staged.write(career_file.bytes());
-  add_match_to_records(record_file, lists);
+  add_match_to_records(match_, data_, record_file, lists);
   staged.write(record_file.bytes());
   try {
     staged.put_in_place();
@@ -209,6 +212,6 @@ void match_update::run() {
   }
 }
 
-void update_career_and_records() { match_update().run(); }
+void update_career_and_records(const match_state& match, open_database& data) { match_update(match, data).run(); }
 
 }  // namespace velorin

@@ -6,20 +6,25 @@
 
 namespace velorin {
 
+struct match_state;
+struct open_database;
+
 /// Adds the match to the careers of both elevens. Requires: the second-innings state. Reads match, rewrites
 /// <base>.rec as a whole under the folder's lock. Draws nothing, asks nothing. Raises run_time_error: a 21st career
 /// team or player (subscript), a record beyond its slot or a figure beyond its width (overflow), file problems, a file
 /// cut short among them (file); the old file is whole then or, if only the folder could not be synchronised, the new
 /// one.
-void update_career();
+void update_career(const match_state& match, open_database& data);
 
 /// Adds the match to the record lists and the team table. Requires, reads and raises likewise (a 26th table team:
 /// subscript); rewrites <base>.ptr.
-void update_records();
+void update_records(const match_state& match, open_database& data);
 
 /// Both, as the end of a match does it; what has failed may be tried again.
 class match_update {
  public:
+  match_update(const match_state& match, open_database& data) : match_(match), data_(data) {}
+
   /// Adds the match to both. Requires, reads and raises as they do, and refuses files that do not belong together
   /// (file). Neither file is replaced before the new content of both is written: a failure leaves both as they were or,
   /// if it is the renaming of the second, to the next update to finish, which adds to the files as they are then; if
@@ -29,9 +34,11 @@ class match_update {
 
  private:
   bool added_ = false;  ///< by an earlier run, which then failed
+  const match_state& match_;
+  open_database& data_;
 };
 
 /// One run of a match_update.
-void update_career_and_records();
+void update_career_and_records(const match_state& match, open_database& data);
 
 }  // namespace velorin

@@ -8,6 +8,7 @@
 #include <charconv>
 #include <optional>
 
+#include "database/open_database.h"
 #include "database/whole_file.h"
 #include "model/code_page.h"
 #include "model/run_time_error.h"
@@ -15,16 +16,13 @@
 
 namespace velorin {
 
-configuration settings;
-database_files files;
-
 namespace {
 
 constexpr std::array<std::string configuration::*, 5> options_lines = {
     &configuration::photo_path, &configuration::database_name, &configuration::text_color, &configuration::back_color,
     &configuration::font_name};
 
-std::filesystem::path options_file() { return files.folder / "options.mc"; }
+std::filesystem::path options_file(open_database& data) { return data.files.folder / "options.mc"; }
 
 /// Takes the next line off `text`, or nothing at its end.
 std::optional<std::string_view> next_line(std::string_view& text) {
@@ -66,11 +64,11 @@ bool is_plain_file(const std::filesystem::path& file) {
 }
 
 /// On offer, or with careers or records alone, which can be read without teams and grounds.
-bool is_known(const std::string& base) {
-  const std::vector<std::string> offered = databases_on_offer(files.folder);
+bool is_known(open_database& data, const std::string& base) {
+  const std::vector<std::string> offered = databases_on_offer(data.files.folder);
   if (std::find(offered.begin(), offered.end(), base) != offered.end()) return true;
   if (base.empty() || base.find('/') != std::string::npos || base.find('\0') != std::string::npos) return false;
-  const database_files paths = database_paths(files.folder, base);
+  const database_files paths = database_paths(data.files.folder, base);
   return is_plain_file(paths.career_file) || is_plain_file(paths.record_file);
 }
 
@@ -88,40 +86,41 @@ database_files database_paths(const std::filesystem::path& folder, const std::st
   return paths;
 }
 
-void use_database(const std::string& base) {
-  database_files paths = database_paths(files.folder, base);
-  paths.elevens_in_memory = files.elevens_in_memory;
-  paths.read_once = files.read_once;
-  paths.updates = files.updates;
-  files = std::move(paths);
+void use_database(open_database& data, const std::string& base) {
+  database_files paths = database_paths(data.files.folder, base);
+  paths.elevens_in_memory = data.files.elevens_in_memory;
+  paths.read_once = data.files.read_once;
+  paths.updates = data.files.updates;
+  paths.watcher = data.files.watcher;
+  data.files = std::move(paths);
 }
 
-bool read_options() {
+bool read_options(open_database& data) {
   try {
-    return require_readable_options();
+    return require_readable_options(data);
   } catch (const run_time_error&) {
     return false;
   }
 }
 
-bool require_readable_options() {
-  const std::optional<std::string> text = read_file(options_file());
+bool require_readable_options(open_database& data) {
+  const std::optional<std::string> text = read_file(options_file(data));
   if (!text) return false;
   std::optional<configuration> read = parse_options(*text);
   if (!read) return false;
-  settings = std::move(*read);
+  data.settings = std::move(*read);
   return true;
 }
 
-first_settings take_first_settings(std::string* cause) {
+first_settings take_first_settings(open_database& data, std::string* cause) {
   try {
-    if (!require_readable_options()) return first_settings::missing;
+    if (!require_readable_options(data)) return first_settings::missing;
   } catch (const run_time_error& error) {
     if (cause != nullptr) *cause = error.what();
     return first_settings::missing;
   }
-  const bool found = is_known(settings.database_name);
-  use_database(found ? settings.database_name : std::string());
+  const bool found = is_known(data, data.settings.database_name);
+  use_database(data, found ? data.settings.database_name : std::string());
   return found ? first_settings::in_use : first_settings::not_on_offer;
 }
 
@@ -129,14 +128,14 @@ bool can_be_kept(const std::string& value) {
   return field_of(value) == value && value.find_first_of("\r\n") == std::string::npos;
 }
 
-void write_options() {
+void write_options(open_database& data) {
   std::string text;
   for (const auto setting : options_lines) {
-    const std::string& value = settings.*setting;
+    const std::string& value = data.settings.*setting;
     text += value.substr(0, value.find('\n')) + "\r\n";  // a further line would shift those below
   }
-  const folder_lock turn(options_file());
-  replace_file(options_file(), text);
+  const folder_lock turn(options_file(data), data.files.watcher);
+  replace_file(options_file(data), text);
 }
 
 std::vector<std::string> databases_on_offer(const std::filesystem::path& folder) {

@@ -11,6 +11,9 @@
 
 namespace velorin {
 
+struct open_database;
+class turn_watcher;
+
 /// The five lines of options.mc, in their order.
 struct configuration {
   std::string photo_path;     ///< folder of the player photos
@@ -34,22 +37,21 @@ struct database_files {
   bool read_once = false;
   /// Matches change the career and record files. Without, the folder is only read.
   bool updates = true;
+  /// Is told while the turn at the folder is waited for; nullptr for nobody. Outlives the use of these files.
+  turn_watcher* watcher = nullptr;
 };
-
-extern configuration settings;
-extern database_files files;
 
 /// The four paths of the database `base` in `folder`; the switches as at the start.
 database_files database_paths(const std::filesystem::path& folder, const std::string& base);
 
 /// Makes `base` in files.folder the database in use and rebuilds the four paths; the switches stay.
-void use_database(const std::string& base);
+void use_database(open_database& data, const std::string& base);
 
 /// Reads options.mc of files.folder into `settings`. False, with `settings` unchanged, if the file can't be opened or
 /// has fewer than five lines. A line ends with LF or CR LF; a leading blank is dropped; a comma ends the value.
-bool read_options();
+bool read_options(open_database& data);
 /// The same, but a file that is there and cannot be opened or read is a run_time_error (file).
-bool require_readable_options();
+bool require_readable_options(open_database& data);
 
 /// What the program finds of its settings as it starts.
 enum class first_settings {
@@ -62,14 +64,14 @@ enum class first_settings {
 /// or grounds are missing, is in use all the same where its careers or records are there. `cause`, where given,
 /// receives what keeps an options.mc that is there from being read. Raises run_time_error (file) for a folder that
 /// cannot be read.
-first_settings take_first_settings(std::string* cause = nullptr);
+first_settings take_first_settings(open_database& data, std::string* cause = nullptr);
 
 /// True if a line of options.mc gives the value back as it was.
 bool can_be_kept(const std::string& value);
 
 /// Replaces options.mc of files.folder by the five lines of `settings`, CR LF ends. Raises run_time_error (file); the
 /// old file is whole then.
-void write_options();
+void write_options(open_database& data);
 
 /// The base names on offer in `folder`: those with both a .team and a .grd file, in byte order. A missing folder
 /// offers none, and a name without a place in Windows-1252 is passed over. Raises run_time_error (file) for a folder

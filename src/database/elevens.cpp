@@ -10,6 +10,7 @@
 
 #include "database/configuration.h"
 #include "database/file_calls.h"
+#include "database/open_database.h"
 #include "database/slots.h"
 #include "model/match_state.h"
 #include "model/rules.h"
@@ -18,18 +19,9 @@ namespace velorin {
 
 namespace {
 
-/// The elevens while files.elevens_in_memory is set.
-struct elevens_held {
-  std::array<eleven, 2> men;
-  bool exchanged = false;  ///< the first side's men are men[1]
-
-  eleven& of(side which) { return men[(which == side::second) != exchanged ? 1 : 0]; }
-};
-elevens_held held;
-
-std::filesystem::path first_file() { return files.folder / "team1r.txt"; }
-std::filesystem::path second_file() { return files.folder / "team2r.txt"; }
-std::filesystem::path spare_file() { return files.folder / "dummy.txt"; }
+std::filesystem::path first_file(open_database& data) { return data.files.folder / "team1r.txt"; }
+std::filesystem::path second_file(open_database& data) { return data.files.folder / "team2r.txt"; }
+std::filesystem::path spare_file(open_database& data) { return data.files.folder / "dummy.txt"; }
 
 /// The bytes that a man takes in his slot, without writing him.
 std::size_t encoded_size(const player_rec& man) {
@@ -41,18 +33,18 @@ std::size_t encoded_size(const player_rec& man) {
 
 constexpr const char* cannot_exchange = "The elevens cannot be exchanged";
 
-void hold_eleven(side which, const eleven& men) {
+void hold_eleven(open_database& data, side which, const eleven& men) {
   for (int i = 1; i <= men_in_eleven; ++i) {
     if (encoded_size(men[i]) <= eleven_slot) continue;
     throw run_time_error(
         failure::overflow,
         fmt::format("Overflow: a record of {} bytes in a slot of {}", encoded_size(men[i]), eleven_slot),
-        {.file = file_name_text(which == side::first ? first_file() : second_file()),
+        {.file = file_name_text(which == side::first ? first_file(data) : second_file(data)),
          .record = i,
          .field = {},
          .player = men[i].name});
   }
-  held.of(which) = men;
+  data.held.of(which) = men;
 }
 
 void read_eleven(const std::filesystem::path& path, eleven& men) {
@@ -77,70 +69,70 @@ enum class cut_off { nothing, undone, finished, idle_spare };
 /// Settles an exchange that was cut off: one that had renamed the second file alone is undone, one that had renamed the
 /// first, too, is finished. Tells of a plain dummy.txt beside both files, which is left. Requires the lock of the
 /// folder. Raises run_time_error (file): `tried` tells what cannot be done then.
-cut_off settle_exchange(const char* tried) {
-  if (occupant_of(spare_file()) != occupant::plain_file) return cut_off::nothing;
-  for (const std::filesystem::path& file : {second_file(), first_file()}) {
+cut_off settle_exchange(open_database& data, const char* tried) {
+  if (occupant_of(spare_file(data)) != occupant::plain_file) return cut_off::nothing;
+  for (const std::filesystem::path& file : {second_file(data), first_file(data)}) {
     if (occupant_of(file) != occupant::none) continue;
-    if (const int cause = error_of_rename(spare_file(), file)) raise_file_error(tried, cause, spare_file());
-    return file == first_file() ? cut_off::finished : cut_off::undone;
+    if (const int cause = error_of_rename(spare_file(data), file)) raise_file_error(tried, cause, spare_file(data));
+    return file == first_file(data) ? cut_off::finished : cut_off::undone;
   }
   return cut_off::idle_spare;
 }
 
 }  // namespace
 
-void write_eleven(side which, const eleven& men) {
-  if (files.elevens_in_memory) {
-    hold_eleven(which, men);
+void write_eleven(open_database& data, side which, const eleven& men) {
+  if (data.files.elevens_in_memory) {
+    hold_eleven(data, which, men);
     return;
   }
-  const std::filesystem::path path = which == side::first ? first_file() : second_file();
-  const folder_lock turn(path);
-  const bool spare_is_idle = settle_exchange("The eleven cannot be written") == cut_off::idle_spare;
+  const std::filesystem::path path = which == side::first ? first_file(data) : second_file(data);
+  const folder_lock turn(path, data.files.watcher);
+  const bool spare_is_idle = settle_exchange(data, "The eleven cannot be written") == cut_off::idle_spare;
   slot_file file = slot_file::read(path, eleven_slot);
   put_men(file, men);
   replace_file(path, file.bytes());
   // It would be in the way of the exchange.
-  if (spare_is_idle) ::unlink(spare_file().c_str());
+  if (spare_is_idle) ::unlink(spare_file(data).c_str());
 }
 
-void read_elevens() {
-  if (files.elevens_in_memory) {
-    match.batting_xi = held.of(side::first);
-    match.bowling_xi = held.of(side::second);
+void read_elevens(match_state& match, open_database& data) {
+  if (data.files.elevens_in_memory) {
+    match.batting_xi = data.held.of(side::first);
+    match.bowling_xi = data.held.of(side::second);
     return;
   }
-  const folder_lock turn(first_file());
-  read_eleven(first_file(), match.batting_xi);
-  read_eleven(second_file(), match.bowling_xi);
+  const folder_lock turn(first_file(data), data.files.watcher);
+  read_eleven(first_file(data), match.batting_xi);
+  read_eleven(second_file(data), match.bowling_xi);
 }
 
-void swap_elevens(bool again) {
-  if (files.elevens_in_memory) {
-    held.exchanged = !held.exchanged;
+void swap_elevens(open_database& data, bool again) {
+  if (data.files.elevens_in_memory) {
+    data.held.exchanged = !data.held.exchanged;
     return;
   }
-  const folder_lock turn(first_file());
-  if (settle_exchange(cannot_exchange) == cut_off::finished && again) return;
-  if (occupant_of(spare_file()) != occupant::none) {
-    raise_file_error(cannot_exchange, EEXIST, spare_file());
+  const folder_lock turn(first_file(data), data.files.watcher);
+  if (settle_exchange(data, cannot_exchange) == cut_off::finished && again) return;
+  if (occupant_of(spare_file(data)) != occupant::none) {
+    raise_file_error(cannot_exchange, EEXIST, spare_file(data));
   }
-  if (const int cause = error_of_rename(second_file(), spare_file())) {
-    raise_file_error(cannot_exchange, cause, second_file());
+  if (const int cause = error_of_rename(second_file(data), spare_file(data))) {
+    raise_file_error(cannot_exchange, cause, second_file(data));
   }
-  if (const int cause = error_of_rename(first_file(), second_file())) {
-    error_of_rename(spare_file(), second_file());
-    raise_file_error(cannot_exchange, cause, first_file());
+  if (const int cause = error_of_rename(first_file(data), second_file(data))) {
+    error_of_rename(spare_file(data), second_file(data));
+    raise_file_error(cannot_exchange, cause, first_file(data));
   }
-  if (const int cause = error_of_rename(spare_file(), first_file())) {
-    if (error_of_rename(second_file(), first_file()) == 0) error_of_rename(spare_file(), second_file());
-    raise_file_error(cannot_exchange, cause, spare_file());
+  if (const int cause = error_of_rename(spare_file(data), first_file(data))) {
+    if (error_of_rename(second_file(data), first_file(data)) == 0) error_of_rename(spare_file(data), second_file(data));
+    raise_file_error(cannot_exchange, cause, spare_file(data));
   }
 }
 
-elevens_before::elevens_before() {
-  if (files.elevens_in_memory) return;
-  const std::array<std::filesystem::path, 2> paths = {first_file(), second_file()};
+elevens_before::elevens_before(open_database& data) : data_(data) {
+  if (data.files.elevens_in_memory) return;
+  const std::array<std::filesystem::path, 2> paths = {first_file(data), second_file(data)};
   for (std::size_t i = 0; i < 2; ++i) {
     try {
       const bool there = occupant_of(paths[i]) != occupant::none;
@@ -152,10 +144,10 @@ elevens_before::elevens_before() {
 }
 
 void elevens_before::put_back(const std::array<eleven, 2>& written) const {
-  const std::array<std::filesystem::path, 2> paths = {first_file(), second_file()};
+  const std::array<std::filesystem::path, 2> paths = {first_file(data_), second_file(data_)};
   for (std::size_t i = 0; i < 2; ++i) {
     if (!files_[i]) continue;
-    const folder_lock turn(paths[i]);
+    const folder_lock turn(paths[i], data_.files.watcher);
     slot_file as_written(files_[i]->bytes, eleven_slot, file_name_text(paths[i]));
     put_men(as_written, written[i]);
     if (slot_file::read(paths[i], eleven_slot).bytes() != as_written.bytes()) continue;

@@ -35,6 +35,7 @@ bool prepare_process();
 class descriptor {
  public:
   explicit descriptor(int number = -1) : number_(number) {}
+
   descriptor(descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
   ~descriptor() { close(); }
   descriptor& operator=(descriptor&& other) noexcept {

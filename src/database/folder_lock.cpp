@@ -23,8 +23,6 @@ namespace {
 
 using clock = std::chrono::steady_clock;
 
-turn_watcher* watcher_in_use = nullptr;
-
 /// A lock that another program holds. The system has no wait for it that ends, so a thread waits, and shares this with
 /// the one who asked. Who gives up leaves it to the thread; the folder is closed, and so set free, by the last of the
 /// two.
@@ -55,22 +53,23 @@ void wait_for_lock(const std::shared_ptr<awaited_lock>& awaited) {
 /// Tells the watcher of a wait, and of its end.
 class told_wait {
  public:
-  explicit told_wait(std::filesystem::path folder) : folder_(std::move(folder)) {}
+  told_wait(std::filesystem::path folder, turn_watcher* watcher) : folder_(std::move(folder)), watcher_(watcher) {}
   ~told_wait() {
-    if (told_) watcher_in_use->wait_is_over();
+    if (told_) watcher_->wait_is_over();
   }
   told_wait(const told_wait&) = delete;
   told_wait& operator=(const told_wait&) = delete;
 
   clock::duration so_far() const { return clock::now() - start_; }
   void tell() {
-    if (watcher_in_use == nullptr) return;
+    if (watcher_ == nullptr) return;
     told_ = true;
-    watcher_in_use->turn_is_waited_for(folder_, std::chrono::duration_cast<std::chrono::milliseconds>(so_far()));
+    watcher_->turn_is_waited_for(folder_, std::chrono::duration_cast<std::chrono::milliseconds>(so_far()));
   }
 
  private:
   std::filesystem::path folder_;
+  turn_watcher* watcher_;
   clock::time_point start_ = clock::now();
   bool told_ = false;
 };
@@ -86,11 +85,11 @@ class told_wait {
 }
 
 /// The folder with the lock that another program holds now. Raises run_time_error (file).
-descriptor after_others(descriptor folder, const std::filesystem::path& file) {
+descriptor after_others(descriptor folder, const std::filesystem::path& file, turn_watcher* watcher) {
   constexpr std::chrono::milliseconds between_tellings{50};
   const auto awaited = std::make_shared<awaited_lock>();
   awaited->folder = std::move(folder);
-  told_wait wait(folder_of(real_file(file)));
+  told_wait wait(folder_of(real_file(file)), watcher);
   try {
     std::thread(wait_for_lock, awaited).detach();
   } catch (const std::system_error& error) {
@@ -109,15 +108,13 @@ descriptor after_others(descriptor folder, const std::filesystem::path& file) {
 
 }  // namespace
 
-folder_lock::folder_lock(const std::filesystem::path& file)
+folder_lock::folder_lock(const std::filesystem::path& file, turn_watcher* watcher)
     : folder_(open_file(folder_of(real_file(file)), O_RDONLY | O_DIRECTORY)) {
   if (!folder_.open()) raise_file_error("The folder of the file cannot be opened", errno, file);
   const int cause = error_of_lock(folder_.number(), LOCK_EX | LOCK_NB);
   if (cause == 0) return;
   if (cause != EWOULDBLOCK) raise_file_error("The folder of the file cannot be locked", cause, file);
-  folder_ = after_others(std::move(folder_), file);
+  folder_ = after_others(std::move(folder_), file, watcher);
 }
-
-turn_watcher* watch_turns(turn_watcher* watcher) { return std::exchange(watcher_in_use, watcher); }
 
 }  // namespace velorin

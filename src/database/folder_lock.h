@@ -11,20 +11,6 @@ namespace velorin {
 /// How long a program waits for its turn at a folder.
 inline constexpr std::chrono::seconds longest_wait_for_turn{10};
 
-/// The turn of one program at a folder: while one holds it, another that asks for it waits. The lock is the folder
-/// itself and leaves nothing behind. Not recursive: a second lock of the same folder in one program is never granted.
-class folder_lock {
- public:
-  /// Takes the turn at the folder in which `file` lies. Raises run_time_error (file), also after ten seconds in which
-  /// another program has kept it.
-  explicit folder_lock(const std::filesystem::path& file);
-  folder_lock(const folder_lock&) = delete;
-  folder_lock& operator=(const folder_lock&) = delete;
-
- private:
-  descriptor folder_;
-};
-
 /// Is told while a turn is waited for, so that the user can be.
 class turn_watcher {
  public:
@@ -36,7 +22,18 @@ class turn_watcher {
   virtual void wait_is_over() = 0;
 };
 
-/// Makes `watcher`, which may be nullptr, the one to be told; the caller keeps it alive. Returns the one before.
-turn_watcher* watch_turns(turn_watcher* watcher);
+/// The turn of one program at a folder: while one holds it, another that asks for it waits. The lock is the folder
+/// itself and leaves nothing behind. Not recursive: a second lock of the same folder in one program is never granted.
+class folder_lock {
+ public:
+  /// Takes the turn at the folder in which `file` lies. Tells `watcher`, unless it is nullptr, of a wait. Raises
+  /// run_time_error (file), also after ten seconds in which another program has kept it.
+  folder_lock(const std::filesystem::path& file, turn_watcher* watcher);
+  folder_lock(const folder_lock&) = delete;
+  folder_lock& operator=(const folder_lock&) = delete;
+
+ private:
+  descriptor folder_;
+};
 
 }  // namespace velorin

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "database/slots.h"
 #include "model/texts.h"
 
@@ -121,9 +122,9 @@ career_table read_career_table(const std::filesystem::path& career_file) {
   return careers_in(slot_file::read(career_file, career_slot));
 }
 
-career_table read_career_table() {
-  if (files.updates) create_if_missing(files.career_file);
-  return read_career_table(files.career_file);
+career_table read_career_table(open_database& data) {
+  if (data.files.updates) create_if_missing(data.files.career_file);
+  return read_career_table(data.files.career_file);
 }
 
 void put_careers(slot_file& file, const career_table& table) {
@@ -133,10 +134,10 @@ void put_careers(slot_file& file, const career_table& table) {
   }
 }
 
-void write_career_table(const career_table& table) {
-  slot_file file = slot_file::read(files.career_file, career_slot);
+void write_career_table(open_database& data, const career_table& table) {
+  slot_file file = slot_file::read(data.files.career_file, career_slot);
   put_careers(file, table);
-  replace_file(files.career_file, file.bytes());
+  replace_file(data.files.career_file, file.bytes());
 }
 
 record_lists records_in(const slot_file& file) {
@@ -162,9 +163,9 @@ record_lists read_record_lists(const std::filesystem::path& record_file) {
   return records_in(slot_file::read(record_file, records_slot));
 }
 
-record_lists read_record_lists() {
-  if (files.updates) create_if_missing(files.record_file);
-  return read_record_lists(files.record_file);
+record_lists read_record_lists(open_database& data) {
+  if (data.files.updates) create_if_missing(data.files.record_file);
+  return read_record_lists(data.files.record_file);
 }
 
 void put_records(slot_file& file, const record_lists& lists) {
@@ -177,10 +178,10 @@ void put_records(slot_file& file, const record_lists& lists) {
   for (int t = 1; t <= lists.table_team_count; ++t) put_table_team(file, t, lists.teams[t]);
 }
 
-void write_record_lists(const record_lists& lists) {
-  slot_file file = slot_file::read(files.record_file, records_slot);
+void write_record_lists(open_database& data, const record_lists& lists) {
+  slot_file file = slot_file::read(data.files.record_file, records_slot);
   put_records(file, lists);
-  replace_file(files.record_file, file.bytes());
+  replace_file(data.files.record_file, file.bytes());
 }
 
 }  // namespace velorin

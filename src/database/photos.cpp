@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "model/code_page.h"
 
 namespace velorin {
@@ -60,11 +61,11 @@ std::string_view initials_in(std::string_view file) {
 
 }  // namespace
 
-std::vector<std::filesystem::path> photos_of(std::string_view surname) {
+std::vector<std::filesystem::path> photos_of(open_database& data, std::string_view surname) {
   std::vector<std::filesystem::path> photos;
   const std::string wanted = small_letters(surname);
   std::error_code failed;
-  std::filesystem::directory_iterator entry(to_utf8(settings.photo_path), failed);
+  std::filesystem::directory_iterator entry(to_utf8(data.settings.photo_path), failed);
   for (; !failed && entry != std::filesystem::directory_iterator(); entry.increment(failed)) {
     std::error_code unknown;
     if (!is_photo_of(small_name(entry->path()), wanted) || !entry->is_regular_file(unknown)) continue;
@@ -75,15 +76,15 @@ std::vector<std::filesystem::path> photos_of(std::string_view surname) {
   return photos;
 }
 
-std::optional<std::filesystem::path> console_photo(std::string_view name) {
-  const std::vector<std::filesystem::path> photos = photos_of(surname_of(name));
+std::optional<std::filesystem::path> console_photo(open_database& data, std::string_view name) {
+  const std::vector<std::filesystem::path> photos = photos_of(data, surname_of(name));
   if (photos.empty()) return std::nullopt;
   return photos.front();
 }
 
-std::optional<std::filesystem::path> profile_photo(std::string_view name) {
+std::optional<std::filesystem::path> profile_photo(open_database& data, std::string_view name) {
   const std::string initial = small_letters(first_initial(name));
-  for (const std::filesystem::path& photo : photos_of(surname_of(name))) {
+  for (const std::filesystem::path& photo : photos_of(data, surname_of(name))) {
     const std::string file = small_name(photo);
     if (initials_in(file).find(initial) != std::string_view::npos) return photo;
   }

@@ -8,6 +8,7 @@
 #include "database/configuration.h"
 #include "database/lasting_records.h"
 #include "database/layout.h"
+#include "database/open_database.h"
 #include "database/record_update.h"
 #include "database/whole_file.h"
 #include "model/match_state.h"
@@ -29,8 +30,8 @@ void insert_line(std::array<Line, n>& list, const Line& entry, Beats beats) {
   *place = entry;
 }
 
-void update_top_scores(top_score_list& list, const batting_card_table& card, const std::string& team,
-                       const std::string& against, std::string_view not_out) {
+void update_top_scores(const match_state& match, top_score_list& list, const batting_card_table& card,
+                       const std::string& team, const std::string& against, std::string_view not_out) {
   for (int j = 1; j <= men_in_eleven; ++j) {
     const batting_card_rec& man = card[j];
     insert_line(list,
@@ -45,8 +46,8 @@ void update_top_scores(top_score_list& list, const batting_card_table& card, con
   }
 }
 
-void update_top_bowling(top_bowling_list& list, const bowling_card_table& card, const std::string& team,
-                        const std::string& against) {
+void update_top_bowling(const match_state& match, top_bowling_list& list, const bowling_card_table& card,
+                        const std::string& team, const std::string& against) {
   for (int j = 1; j <= men_in_eleven; ++j) {
     const bowling_card_rec& man = card[j];
     insert_line(list,
@@ -63,7 +64,7 @@ void update_top_bowling(top_bowling_list& list, const bowling_card_table& card, 
   }
 }
 
-top_total_rec first_innings_total() {
+top_total_rec first_innings_total(const match_state& match) {
   return {.total = match.first_total,
           .balls = match.first_balls,
           .wickets = match.first_wickets,
@@ -73,20 +74,20 @@ top_total_rec first_innings_total() {
 }
 
 /// The console's runs as a figure of the files. More than fit one would head the highest totals.
-integer second_total() {
+integer second_total(const match_state& match, open_database& data) {
   try {
     return match.score_runs;
   } catch (const run_time_error& error) {
     throw run_time_error(error.kind(), error.what(),
-                         {.file = file_name_text(files.record_file),
+                         {.file = file_name_text(data.files.record_file),
                           .record = highest_totals_record,
                           .field = "total",
                           .player = match.team1_name});
   }
 }
 
-top_total_rec second_innings_total() {
-  return {.total = second_total(),
+top_total_rec second_innings_total(const match_state& match, open_database& data) {
+  return {.total = second_total(match, data),
           .balls = match.innings_balls,
           .wickets = match.score_wickets,
           .team = match.team1_name,
@@ -95,17 +96,17 @@ top_total_rec second_innings_total() {
 }
 
 /// The places go by the wickets of the innings totals.
-void update_highest_totals(top_total_list& list) {
+void update_highest_totals(const match_state& match, open_database& data, top_total_list& list) {
   const auto enter = [&list](const top_total_rec& entry, int wickets) {
     insert_line(list, entry, [&](const top_total_rec& line) {
       return line.total < entry.total || (line.total == entry.total && line.wickets > wickets);
     });
   };
-  enter(first_innings_total(), match.first_wickets);
-  enter(second_innings_total(), match.innings_wickets);
+  enter(first_innings_total(match), match.first_wickets);
+  enter(second_innings_total(match, data), match.innings_wickets);
 }
 
-void update_lowest_totals(top_total_list& list) {
+void update_lowest_totals(const match_state& match, open_database& data, top_total_list& list) {
   for (std::size_t i = 1; i < list.size(); ++i) {
     if (list[i].total == 0) list[i].total = no_total_yet;
   }
@@ -114,12 +115,12 @@ void update_lowest_totals(top_total_list& list) {
       return line.total > entry.total || (line.total == entry.total && line.wickets < wickets);
     });
   };
-  enter(first_innings_total(), match.first_wickets);
-  enter(second_innings_total(), match.innings_wickets);
+  enter(first_innings_total(match), match.first_wickets);
+  enter(second_innings_total(match, data), match.innings_wickets);
 }
 
-void update_partnerships(top_partnership_list& list, const fall_of_wicket_table& falls, const std::string& team,
-                         const std::string& against) {
+void update_partnerships(const match_state& match, top_partnership_list& list, const fall_of_wicket_table& falls,
+                         const std::string& team, const std::string& against) {
   for (std::size_t w = 1; w < list.size(); ++w) {
     top_partnership_rec& line = list[w];
     const fall_of_wicket_rec& fall = falls[w];
@@ -140,14 +141,14 @@ void update_partnerships(top_partnership_list& list, const fall_of_wicket_table&
 }
 
 /// The row of a team, added behind the last if there is none.
-team_table& row_of(record_lists& lists, const std::string& team) {
+team_table& row_of(open_database& data, record_lists& lists, const std::string& team) {
   for (int t = 1; t <= lists.table_team_count; ++t) {
     if (lists.teams[t].team_name.text() == team) return lists.teams[t];
   }
   if (lists.table_team_count == table_team_limit) {
     throw run_time_error(failure::subscript,
                          fmt::format("Subscript out of range: more than {} teams in the team table", table_team_limit),
-                         {.file = file_name_text(files.record_file),
+                         {.file = file_name_text(data.files.record_file),
                           .record = table_record(table_team_limit + 2) - 1,
                           .field = "team_name",
                           .player = team});
@@ -160,7 +161,7 @@ team_table& row_of(record_lists& lists, const std::string& team) {
   return row;
 }
 
-void count_result(team_table& row, const std::string& team) {
+void count_result(const match_state& match, team_table& row, const std::string& team) {
   const bool home = team == match.ground.country;
   tagged* counter = home ? &row.home_tied : &row.away_tied;
   if (team == match.result_winner) {
@@ -171,75 +172,76 @@ void count_result(team_table& row, const std::string& team) {
   counter->value = counter->number() + 1;
 }
 
-void set_total(tagged& total, tagged& by, tagged& venue, const tagged& score, const std::string& opponent) {
+void set_total(const match_state& match, tagged& total, tagged& by, tagged& venue, const tagged& score,
+               const std::string& opponent) {
   total = score;
   by = {opponent};
   venue = {match.venue_name()};
 }
 
 /// Sets a row's extremes from the team's own innings and the opponent's. A lowest total counts only all out.
-void update_extremes(team_table& row, const std::string& opponent, const tagged& own, bool own_all_out,
-                     const tagged& other, bool other_all_out) {
+void update_extremes(const match_state& match, team_table& row, const std::string& opponent, const tagged& own,
+                     bool own_all_out, const tagged& other, bool other_all_out) {
   if (own.number() > row.high_for.number()) {
-    set_total(row.high_for, row.high_for_against, row.high_for_venue, own, opponent);
+    set_total(match, row.high_for, row.high_for_against, row.high_for_venue, own, opponent);
   }
   if (own.number() < row.low_for.number() && own_all_out) {
-    set_total(row.low_for, row.low_for_against, row.low_for_venue, own, opponent);
+    set_total(match, row.low_for, row.low_for_against, row.low_for_venue, own, opponent);
   }
   if (other.number() > row.high_against.number()) {
-    set_total(row.high_against, row.high_against_by, row.high_against_venue, other, opponent);
+    set_total(match, row.high_against, row.high_against_by, row.high_against_venue, other, opponent);
   }
   if (other.number() < row.low_against.number() && other_all_out) {
-    set_total(row.low_against, row.low_against_by, row.low_against_venue, other, opponent);
+    set_total(match, row.low_against, row.low_against_by, row.low_against_venue, other, opponent);
   }
 }
 
-void update_team_table(record_lists& lists) {
+void update_team_table(const match_state& match, open_database& data, record_lists& lists) {
   const tagged first{match.first_total};
   const tagged second{number_text(match.score_runs)};
   const bool first_all_out = match.first_wickets == wickets_of_innings;
   const bool second_all_out = match.score_wickets == wickets_of_innings;
 
-  team_table& chasing = row_of(lists, match.team1_name);
-  count_result(chasing, match.team1_name);
-  update_extremes(chasing, match.team2_name, second, second_all_out, first, first_all_out);
+  team_table& chasing = row_of(data, lists, match.team1_name);
+  count_result(match, chasing, match.team1_name);
+  update_extremes(match, chasing, match.team2_name, second, second_all_out, first, first_all_out);
 
-  team_table& setting = row_of(lists, match.team2_name);
-  count_result(setting, match.team2_name);
-  update_extremes(setting, match.team1_name, first, first_all_out, second, second_all_out);
+  team_table& setting = row_of(data, lists, match.team2_name);
+  count_result(match, setting, match.team2_name);
+  update_extremes(match, setting, match.team1_name, first, first_all_out, second, second_all_out);
 }
 
 }  // namespace
 
-slot_file whole_records() {
-  slot_file file = slot_file::read(files.record_file, records_slot);
+slot_file whole_records(open_database& data) {
+  slot_file file = slot_file::read(data.files.record_file, records_slot);
   require_whole_records(file);
   return file;
 }
 
-void add_match_to_records(slot_file& file, record_lists& lists) {
+void add_match_to_records(const match_state& match, open_database& data, slot_file& file, record_lists& lists) {
   const std::string& chasing = match.team1_name;
   const std::string& setting = match.team2_name;
-  update_top_scores(lists.top_scores, match.batting_card, chasing, setting, "");
-  update_top_scores(lists.top_scores, match.first_batting_card, setting, chasing, "not out");
-  update_top_bowling(lists.top_bowling, match.bowling_card, setting, chasing);
-  update_top_bowling(lists.top_bowling, match.first_bowling_card, chasing, setting);
-  update_highest_totals(lists.highest_totals);
-  update_lowest_totals(lists.lowest_totals);
-  update_partnerships(lists.partnerships, match.fall_of_wicket, chasing, setting);
-  update_partnerships(lists.partnerships, match.first_fall_of_wicket, setting, chasing);
-  update_team_table(lists);
+  update_top_scores(match, lists.top_scores, match.batting_card, chasing, setting, "");
+  update_top_scores(match, lists.top_scores, match.first_batting_card, setting, chasing, "not out");
+  update_top_bowling(match, lists.top_bowling, match.bowling_card, setting, chasing);
+  update_top_bowling(match, lists.top_bowling, match.first_bowling_card, chasing, setting);
+  update_highest_totals(match, data, lists.highest_totals);
+  update_lowest_totals(match, data, lists.lowest_totals);
+  update_partnerships(match, lists.partnerships, match.fall_of_wicket, chasing, setting);
+  update_partnerships(match, lists.partnerships, match.first_fall_of_wicket, setting, chasing);
+  update_team_table(match, data, lists);
   put_records(file, lists);
 }
 
-void update_records() {
-  if (!files.updates) return;
-  const folder_lock turn(files.career_file);
-  settle_update();
-  slot_file file = whole_records();
+void update_records(const match_state& match, open_database& data) {
+  if (!data.files.updates) return;
+  const folder_lock turn(data.files.career_file, data.files.watcher);
+  settle_update(data);
+  slot_file file = whole_records(data);
   record_lists lists = records_in(file);
-  add_match_to_records(file, lists);
-  replace_file(files.record_file, file.bytes());
+  add_match_to_records(match, data, file, lists);
+  replace_file(data.files.record_file, file.bytes());
 }
 
 }  // namespace velorin

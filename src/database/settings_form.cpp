@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "model/code_page.h"
 #include "model/run_time_error.h"
 
@@ -16,11 +17,11 @@ namespace {
 std::string text_of(const std::filesystem::path& path) { return from_utf8(path.string()).value_or(std::string()); }
 
 /// The folder above that of the data files.
-std::filesystem::path program_folder() {
+std::filesystem::path program_folder(open_database& data) {
   std::error_code failed;
-  std::filesystem::path data = std::filesystem::absolute(files.folder, failed).lexically_normal();
-  if (!data.has_filename()) data = data.parent_path();  // a slash behind the name
-  return data.parent_path();
+  std::filesystem::path folder = std::filesystem::absolute(data.files.folder, failed).lexically_normal();
+  if (!folder.has_filename()) folder = folder.parent_path();  // a slash behind the name
+  return folder.parent_path();
 }
 
 bool is_folder(const std::string& path) {
@@ -29,9 +30,9 @@ bool is_folder(const std::string& path) {
 }
 
 /// The databases on offer; none in a folder that cannot be read.
-std::vector<std::string> list_of_databases() {
+std::vector<std::string> list_of_databases(open_database& data) {
   try {
-    return databases_on_offer(files.folder);
+    return databases_on_offer(data.files.folder);
   } catch (const run_time_error&) {
     return {};
   }
@@ -48,16 +49,16 @@ void show_color(long& color, const std::string& digits) {
 }  // namespace
 
 void settings_form::open() {
-  *this = settings_form();
-  databases = list_of_databases();
-  if (std::find(databases.begin(), databases.end(), settings.database_name) != databases.end()) {
-    database = settings.database_name;
+  static_cast<settings_fields&>(*this) = {};
+  databases = list_of_databases(data_);
+  if (std::find(databases.begin(), databases.end(), data_.settings.database_name) != databases.end()) {
+    database = data_.settings.database_name;
   }
-  show_color(sample_text_color, settings.text_color);
-  show_color(sample_back_color, settings.back_color);
+  show_color(sample_text_color, data_.settings.text_color);
+  show_color(sample_back_color, data_.settings.back_color);
   font_dialog_color = sample_text_color;
   back_dialog_color = sample_back_color;
-  photo_folder = is_folder(settings.photo_path) ? settings.photo_path : text_of(program_folder());
+  photo_folder = is_folder(data_.settings.photo_path) ? data_.settings.photo_path : text_of(program_folder(data_));
   current_drive = text_of(std::filesystem::path(to_utf8(photo_folder)).root_path());
 }
 
@@ -89,15 +90,15 @@ void settings_form::change_font_color(std::optional<long> chosen) {
 
 std::optional<settings_form::shown_message> settings_form::accept() {
   if (database.empty()) return shown_message{"Error", "Please select a database before continuing"};
-  settings.database_name = database;
-  use_database(settings.database_name);
-  settings.photo_path = photo_folder;
-  settings.text_color = change_to_hex(font_dialog_color);
-  settings.back_color = change_to_hex(back_dialog_color);
-  settings.font_name = sample_font;
+  data_.settings.database_name = database;
+  use_database(data_, data_.settings.database_name);
+  data_.settings.photo_path = photo_folder;
+  data_.settings.text_color = change_to_hex(font_dialog_color);
+  data_.settings.back_color = change_to_hex(back_dialog_color);
+  data_.settings.font_name = sample_font;
   closed = true;
   try {
-    write_options();
+    write_options(data_);
   } catch (const run_time_error& error) {
     return shown_message{"Error", std::string("The settings hold until the program ends. ") + error.what()};
   }

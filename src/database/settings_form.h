@@ -7,15 +7,10 @@
 
 namespace velorin {
 
-/// The form that chooses the database, the folder of the photos and the colours of exported pages. Its window shows the
-/// fields and calls the procedures. Texts are Windows-1252; colours are red + 256 x green + 65536 x blue.
-struct settings_form {
-  /// A message box to show, with the information icon.
-  struct shown_message {
-    std::string title;
-    std::string text;
-  };
+struct open_database;
 
+/// What the settings form shows. Texts are Windows-1252; colours are red + 256 x green + 65536 x blue.
+struct settings_fields {
   std::vector<std::string> databases;      ///< databases on offer
   std::string database;                    ///< the chosen one; "" for none
   std::string current_drive;               ///< root of the folder chooser
@@ -26,6 +21,18 @@ struct settings_form {
   long font_dialog_color = 0;              ///< the colour dialogs' colours
   long back_dialog_color = 0xFFFFFF;
   bool closed = false;  ///< the form has been left by its OK
+};
+
+/// The form that chooses the database, the folder of the photos and the colours of exported pages. Its window shows the
+/// fields and calls the procedures.
+struct settings_form : settings_fields {
+  explicit settings_form(open_database& data) : data_(data) {}
+
+  /// A message box to show, with the information icon.
+  struct shown_message {
+    std::string title;
+    std::string text;
+  };
 
   /// Fills the fields from `settings` and the folder of the data files. A setting that cannot be shown, such as a
   /// database no longer on offer, a folder out of reach or a colour that is none, is passed over.
@@ -49,6 +56,9 @@ struct settings_form {
   /// `files`, writes options.mc and closes. Where it cannot be written, all that holds for this run, and the message
   /// tells why.
   std::optional<shown_message> accept();
+
+ private:
+  open_database& data_;
 };
 
 }  // namespace velorin

@@ -11,77 +11,12 @@
 #include <optional>
 
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "database/slots.h"
 
 namespace velorin {
 
 namespace {
-
-constexpr std::int64_t settling_time = 100'000'000;  ///< nanoseconds in which a file may change without a trace
-
-std::int64_t nanoseconds(const timespec& time) { return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
-
-/// What tells one state of a file from another.
-struct file_state {
-  dev_t device = 0;
-  ino_t number = 0;
-  off_t size = 0;
-  std::int64_t modified = 0;
-  std::int64_t changed = 0;
-
-  bool operator==(const file_state&) const = default;
-};
-
-file_state state_of(const std::filesystem::path& file) {
-  struct stat facts {};
-  if (::stat(file.c_str(), &facts) != 0) {
-    if (errno == ENOENT) {
-      throw run_time_error(failure::file, "The file is missing", {file_name_text(file), 0, {}, {}});
-    }
-    raise_file_error("The file cannot be read", errno, file);
-  }
-  return {facts.st_dev, facts.st_ino, facts.st_size, nanoseconds(facts.st_mtim), nanoseconds(facts.st_ctim)};
-}
-
-/// The records of a file as last read, with the state of the file that they belong to.
-template <typename Record>
-class kept_file {
- public:
-  /// Forgets the records unless they still are those of the file.
-  void renew(const std::filesystem::path& path) {
-    if (files.read_once && file_ && path.native() == path_.native()) return;
-    const file_state now = state_of(path);
-    if (settled_ && now == state_ && path.native() == path_.native()) return;
-    forget();
-    file_.emplace(slot_file::read_existing(path, team_slot));
-    timespec read_at{};
-    ::clock_gettime(CLOCK_REALTIME, &read_at);
-    path_ = path;
-    state_ = now;
-    const std::int64_t age = nanoseconds(read_at) - std::max(now.modified, now.changed);
-    settled_ = age >= settling_time && state_of(path) == now;
-  }
-
-  void forget() {
-    settled_ = false;
-    records_.reset();
-    file_.reset();
-  }
-
-  const slot_file& file() const { return *file_; }
-  std::optional<std::vector<Record>>& records() { return records_; }
-
- private:
-  std::filesystem::path path_;
-  file_state state_;
-  bool settled_ = false;
-  std::optional<slot_file> file_;
-  std::optional<std::vector<Record>> records_;
-};
-
-kept_file<team_rec> kept_teams;
-kept_file<ground_rec> kept_grounds;
-team_rec single_team;
 
 /// Refuses a file that ends before the last of the records that its count tells of, or within it.
 template <typename Record>
@@ -106,43 +41,43 @@ const std::vector<Record>& all_records(kept_file<Record>& kept, const char* coun
 
 }  // namespace
 
-const std::vector<team_rec>& read_team_list() {
-  kept_teams.renew(files.team_file);
-  return all_records(kept_teams, "team_count", team_limit);
+const std::vector<team_rec>& read_team_list(open_database& data) {
+  data.kept_teams.renew(data.files.team_file, data.files.read_once);
+  return all_records(data.kept_teams, "team_count", team_limit);
 }
 
-const team_rec& read_team(int record) {
+const team_rec& read_team(open_database& data, int record) {
   if (record < 2) {
     throw run_time_error(failure::subscript, fmt::format("Subscript out of range: no team in record {}", record),
-                         {file_name_text(files.team_file), record, {}, {}});
+                         {file_name_text(data.files.team_file), record, {}, {}});
   }
-  const std::vector<team_rec>& teams = read_team_list();
+  const std::vector<team_rec>& teams = read_team_list(data);
   const auto place = static_cast<std::size_t>(record - 2);
   if (place < teams.size()) return teams[place];
-  single_team = team_rec();
-  kept_teams.file().get(record, single_team);
-  return single_team;
+  data.single_team = team_rec();
+  data.kept_teams.file().get(record, data.single_team);
+  return data.single_team;
 }
 
-const std::vector<ground_rec>& read_grounds() {
-  kept_grounds.renew(files.ground_file);
-  return all_records(kept_grounds, "ground_count", std::numeric_limits<std::int16_t>::max());
+const std::vector<ground_rec>& read_grounds(open_database& data) {
+  data.kept_grounds.renew(data.files.ground_file, data.files.read_once);
+  return all_records(data.kept_grounds, "ground_count", std::numeric_limits<std::int16_t>::max());
 }
 
-void require_whole_database() {
-  kept_teams.renew(files.team_file);
-  require_whole<team_rec>(kept_teams.file(), "team_count");
-  kept_grounds.renew(files.ground_file);
-  require_whole<ground_rec>(kept_grounds.file(), "ground_count");
+void require_whole_database(open_database& data) {
+  data.kept_teams.renew(data.files.team_file, data.files.read_once);
+  require_whole<team_rec>(data.kept_teams.file(), "team_count");
+  data.kept_grounds.renew(data.files.ground_file, data.files.read_once);
+  require_whole<ground_rec>(data.kept_grounds.file(), "ground_count");
 }
 
-void forget_teams_and_grounds() {
-  kept_teams.forget();
-  kept_grounds.forget();
+void forget_teams_and_grounds(open_database& data) {
+  data.kept_teams.forget();
+  data.kept_grounds.forget();
 }
 
-void scan_grounds(const std::function<void(const ground_rec&)>& visit) {
-  for (const ground_rec& ground : read_grounds()) visit(ground);
+void scan_grounds(open_database& data, const std::function<void(const ground_rec&)>& visit) {
+  for (const ground_rec& ground : read_grounds(data)) visit(ground);
 }
 
 }  // namespace velorin

@@ -22,9 +22,9 @@ std::vector<database_fault> check_database(const database_files& database);
 /// what check_database would call a fault, also of the careers and records that lie beside as far as they are cut
 /// short or contradict each other, and then writes nothing. Raises run_time_error: a value, a row or a character that
 /// is no good (type, with file, line and column), the 21st team or player (subscript), a record beyond its slot
-/// (overflow), a file that cannot be read or written (file).
+/// (overflow), a file that cannot be read or written (file). `watcher` is told of a wait for the folder.
 void build_database(const std::filesystem::path& source, const std::filesystem::path& team_file,
-                    const std::filesystem::path& ground_file);
+                    const std::filesystem::path& ground_file, turn_watcher* watcher = nullptr);
 
 /// Writes players.csv and grounds.csv into `folder`, from which build_database makes the same records again, and the
 /// careers and records as tables to read: careers.csv, top_scores.csv, top_bowling.csv, highest_totals.csv,

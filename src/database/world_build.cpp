@@ -167,7 +167,7 @@ std::string counted_file(const std::vector<Record>& records, const std::filesyst
 }  // namespace
 
 void build_database(const std::filesystem::path& source, const std::filesystem::path& team_file,
-                    const std::filesystem::path& ground_file) {
+                    const std::filesystem::path& ground_file, turn_watcher* watcher) {
   const csv_table players(
       source / "players.csv", {"team", "name", "bat_skill", "bowl_sr", "econ", "keeper", "hand", "role", "bowler_type"},
       {"team_flag", "reserved_1", "reserved_2", "reserved_3", "reserved_4", "reserved_5", "reserved_6"});
@@ -179,7 +179,7 @@ void build_database(const std::filesystem::path& source, const std::filesystem::
   require_rules(places, grounds, built.teams);
   require_play(players, places, built.teams, grounds);
 
-  const folder_lock turn(team_file);
+  const folder_lock turn(team_file, watcher);
   require_sound_records(beside(team_file));
   staged_files staged({team_file, ground_file});
   staged.write(counted_file(built.teams, team_file));

@@ -115,7 +115,8 @@ void check_agreement(const slot_file& career_file, const slot_file& record_file,
 std::vector<database_fault> check_database(const database_files& database) {
   std::error_code none;
   std::optional<folder_lock> turn;
-  if (std::filesystem::is_directory(folder_of(database.team_file), none)) turn.emplace(file_to_lock(database));
+  if (std::filesystem::is_directory(folder_of(database.team_file), none))
+    turn.emplace(file_to_lock(database), database.watcher);
   std::vector<database_fault> faults;
   /// Runs the check of one file; one that cannot be read is a fault by itself.
   const auto check = [&faults](const std::filesystem::path& path, auto read, auto run) -> std::optional<slot_file> {

@@ -44,6 +44,7 @@ std::string field_text(const std::array<std::uint8_t, n>& raw) {
 class row_maker {
  public:
   row_maker(text_row& row, bool names) : row_(row), names_(names) {}
+
   template <typename Field>
   void operator()(const char* name, const Field& field) {
     row_.push_back(names_ ? std::string(name) : field_text(field));
@@ -206,7 +207,7 @@ void require_no_game_file(const std::filesystem::path& table) {
 
 /// All tables, with no replacement in between.
 std::vector<dumped_table> tables_of(const database_files& database) {
-  const folder_lock turn(database.team_file);
+  const folder_lock turn(database.team_file, database.watcher);
   std::vector<dumped_table> tables;
   tables.push_back(players_table(database.team_file));
   tables.push_back(grounds_table(database.ground_file));
@@ -220,7 +221,7 @@ std::vector<dumped_table> tables_of(const database_files& database) {
 void dump_database(const database_files& database, const std::filesystem::path& folder) {
   const std::vector<dumped_table> tables = tables_of(database);
   made_folders made(folder);
-  const folder_lock turn(folder / "players.csv");
+  const folder_lock turn(folder / "players.csv", database.watcher);
   std::vector<std::filesystem::path> targets;
   for (const dumped_table& table : tables) {
     targets.push_back(folder / table.file);

@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "database/elevens.h"
+#include "database/open_database.h"
 #include "engine/delivery_model.h"
 #include "model/booking.h"
 #include "model/match_state.h"
@@ -49,28 +50,29 @@ constexpr std::array<dismissal_share, 6> dismissals = {{{dismissal::bowled, 11},
                                                         {dismissal::caught_in_the_field, 100},
                                                         {dismissal::leg_before, 110}}};
 
-dismissal draw_dismissal() {
-  const int draw = die(dismissals.back().last_draw);
+dismissal draw_dismissal(random_source& chance) {
+  const int draw = die(chance, dismissals.back().last_draw);
   return std::find_if(dismissals.begin(), dismissals.end(),
                       [draw](const dismissal_share& share) { return draw <= share.last_draw; })
       ->kind;
 }
 
 /// The keeper's name: of several the man of the highest position counts. nullptr without one.
-const std::string* keeper_name() {
+const std::string* keeper_name(const match_state& match) {
   for (int i = men_in_eleven; i >= 1; --i) {
     if (match.bowling_xi[i].is_keeper != 0) return &match.bowling_xi[i].name;
   }
   return nullptr;
 }
 
-void caught_behind(batting_card_rec& out, const player_rec& bowler, const char* how) {
+void caught_behind(const match_state& match, batting_card_rec& out, const player_rec& bowler, const char* how) {
   out.how_out = " b " + bowler.name;
-  if (const std::string* keeper = keeper_name()) out.fielder = how + *keeper;
+  if (const std::string* keeper = keeper_name(match)) out.fielder = how + *keeper;
 }
 
-void caught_in_the_field(batting_card_rec& out, const player_rec& bowler) {
-  const int catcher = die(men_in_eleven);
+void caught_in_the_field(const match_state& match, random_source& chance, batting_card_rec& out,
+                         const player_rec& bowler) {
+  const int catcher = die(chance, men_in_eleven);
   if (catcher == match.bowler) {
     out.how_out = " c && b " + bowler.name;
     out.fielder.clear();
@@ -82,9 +84,9 @@ void caught_in_the_field(batting_card_rec& out, const player_rec& bowler) {
 
 }  // namespace
 
-void load_elevens() { read_elevens(); }
+void load_elevens(match_state& match, open_database& data) { read_elevens(match, data); }
 
-void record_runs() {
+void record_runs(match_state& match) {
   const int outcome = match.ball_outcome;
   if (outcome > six_runs) return;
   // After one or three runs the batsmen have changed ends already.
@@ -99,7 +101,7 @@ void record_runs() {
   match.maiden_flag = match.maiden_flag && outcome == dot_ball;
 }
 
-void record_fall_of_wicket() {
+void record_fall_of_wicket(match_state& match) {
   const int k = match.score_wickets;
   fall_of_wicket_rec& fall = match.fall_of_wicket[k];
   const fall_of_wicket_rec& before = match.fall_of_wicket[k - 1];
@@ -112,26 +114,26 @@ void record_fall_of_wicket() {
   book_as(fall.partner_balls, fall.balls - before.balls, "fall_of_wicket.partner_balls", striker);
 }
 
-void record_dismissal(bool& run_out) {
+void record_dismissal(match_state& match, random_source& chance, bool& run_out) {
   batting_card_rec& out = match.batting_card[match.striker];
   const player_rec& bowler = match.bowling_xi[match.bowler];
-  switch (draw_dismissal()) {
+  switch (draw_dismissal(chance)) {
     case dismissal::bowled:
       out.how_out = " b " + bowler.name;
       out.fielder.clear();
       break;
     case dismissal::caught_behind:
-      caught_behind(out, bowler, " c ");
+      caught_behind(match, out, bowler, " c ");
       break;
     case dismissal::run_out:
-      out.how_out = " run out (" + match.bowling_xi[die(men_in_eleven)].name + ")";
+      out.how_out = " run out (" + match.bowling_xi[die(chance, men_in_eleven)].name + ")";
       run_out = true;
       break;
     case dismissal::by_the_keeper:
-      caught_behind(out, bowler, bowler.bowler_type == "spinner" ? " st " : " c ");
+      caught_behind(match, out, bowler, bowler.bowler_type == "spinner" ? " st " : " c ");
       break;
     case dismissal::caught_in_the_field:
-      caught_in_the_field(out, bowler);
+      caught_in_the_field(match, chance, out, bowler);
       break;
     case dismissal::leg_before:
       out.how_out = " lbw " + bowler.name;

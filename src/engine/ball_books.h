@@ -5,24 +5,29 @@
 
 namespace velorin {
 
+struct match_state;
+class random_source;
+class front_end;
+struct open_database;
+
 /// Reads the two elevens of the selection into batting_xi and bowling_xi. A missing or short file leaves empty records.
 /// Raises what read_elevens raises.
-void load_elevens();
+void load_elevens(match_state& match, open_database& data);
 
 /// Credits the runs off the bat of ball_outcome 0 to 6; does nothing for 7 to 11. Requires that the batsmen have
 /// already been exchanged after an odd number of runs. Changes both cards and maiden_flag.
-void record_runs();
+void record_runs(match_state& match);
 
 /// Fills fall_of_wicket[score_wickets]. Requires that score_wickets has just been raised and that the wicket ball is
 /// not yet in innings_balls.
-void record_fall_of_wicket();
+void record_fall_of_wicket(match_state& match);
 
 /// Draws how the striker was out and writes how_out and fielder of his card. Draws one number, a second one for a run
 /// out and for a catch in the field. Sets `run_out` if it was one; it is left alone otherwise.
-void record_dismissal(bool& run_out);
+void record_dismissal(match_state& match, random_source& chance, bool& run_out);
 
 /// Announces milestones that have not been announced in this match: a message each when a human is involved. Changes
 /// the achievement lists. Raises run_time_error (subscript) when a list is full.
-void check_milestones();
+void check_milestones(match_state& match, front_end& user);
 
 }  // namespace velorin

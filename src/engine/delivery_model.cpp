@@ -60,7 +60,7 @@ double single(double quotient) {
   return static_cast<double>(rounded);
 }
 
-void add_batting_aggression(expectations& expected, double adjusted_skill) {
+void add_batting_aggression(const match_state& match, expectations& expected, double adjusted_skill) {
   const int slot = match.striker_slot();
   const int aggression = match.batsman_aggression[slot];
   if (aggression < least_aggression || aggression > most_aggression) return;
@@ -72,7 +72,7 @@ void add_batting_aggression(expectations& expected, double adjusted_skill) {
   expected.runs_per_over = expected.runs_per_over + weight.runs + single(meter / meter_a_run);
 }
 
-void add_bowling_aggression(expectations& expected, const player_rec& bowler) {
+void add_bowling_aggression(const match_state& match, expectations& expected, const player_rec& bowler) {
   const int aggression = match.bowling_aggression[0];
   if (aggression < least_aggression || aggression > most_aggression || aggression == even_aggression) return;
   const double economy = static_cast<double>(bowler.econ);
@@ -84,7 +84,7 @@ void add_bowling_aggression(expectations& expected, const player_rec& bowler) {
 
 }  // namespace
 
-expectations expect_delivery() {
+expectations expect_delivery(const match_state& match) {
   const player_rec& batsman = match.batting_xi[match.striker];
   const player_rec& bowler = match.bowling_xi[match.bowler];
   const int conditions = match.ground.pitch_surface + match.ground.pitch_bounce + match.weather + match.outfield;
@@ -97,8 +97,8 @@ expectations expect_delivery() {
   expectations expected;
   expected.balls_per_wicket = (adjusted_skill + static_cast<double>(bowler.bowl_sr)) / 2;
   expected.runs_per_over = (static_cast<double>(bowler.econ) + base_rate) / 2;
-  add_batting_aggression(expected, adjusted_skill);
-  add_bowling_aggression(expected, bowler);
+  add_batting_aggression(match, expected, adjusted_skill);
+  add_bowling_aggression(match, expected, bowler);
   if (expected.balls_per_wicket == 0) raise_division("balls_per_wicket", batsman.name);
   return expected;
 }
@@ -121,10 +121,10 @@ int classify(int draw, const std::array<double, 10>& windows) {
   return dot_ball;
 }
 
-void deliver_ball() {
-  reseed();
-  const int draw = die(scale_end);
-  match.ball_outcome = classify(draw, delivery_windows(expect_delivery()));
+void deliver_ball(match_state& match, random_source& chance) {
+  chance.reseed();
+  const int draw = die(chance, scale_end);
+  match.ball_outcome = classify(draw, delivery_windows(expect_delivery(match)));
 }
 
 }  // namespace velorin

@@ -7,6 +7,9 @@
 
 namespace velorin {
 
+struct match_state;
+class random_source;
+
 /// Codes of ball_outcome. 5 does not occur.
 enum outcome : int {
   dot_ball = 0,
@@ -26,7 +29,7 @@ enum outcome : int {
 /// aggressions and the settled meter. Changes ball_outcome only. Draws, after reseeding from the clock, one number.
 /// Raises run_time_error (division): a bat_skill of 0, an econ of 0 with a bowling aggression other than 3, or an
 /// expectation of exactly 0 balls per wicket; ball_outcome is unchanged then.
-void deliver_ball();
+void deliver_ball(match_state& match, random_source& chance);
 
 /// The two expectations of a delivery, before the draw.
 struct expectations {
@@ -35,7 +38,7 @@ struct expectations {
 };
 
 /// The expectations of the next delivery as the match stands. Errors as for deliver_ball. Draws nothing.
-expectations expect_delivery();
+expectations expect_delivery(const match_state& match);
 
 /// Sizes of the windows on the scale of 1000, in the order of the scale: wicket, one, two, three, four, six, no ball,
 /// wide, leg byes, byes. What remains is the dot ball's. Neither clamped nor normalised.

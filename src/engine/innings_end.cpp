@@ -14,6 +14,7 @@
 #include "model/run_time_error.h"
 #include "model/texts.h"
 #include "ui/front_end.h"
+#include "ui/match_play.h"
 #include "ui/saving.h"
 
 namespace velorin {
@@ -30,53 +31,55 @@ struct verdict {
 };
 
 /// The side that batted first is rated over 50 overs, and so is a chase that failed.
-double delta_over_fifty() { return (match.first_total - match.score_runs) / double{overs_of_innings}; }
-
-void conclude(const verdict& outcome) {
-  match.result_ground = match.venue_name();
-  match.result_winner = outcome.winner;
-  match.result_loser = outcome.loser;
-  match.result_margin = outcome.margin;
-  match.rate_first = {match.team2_name, outcome.first_delta};
-  match.rate_second = {match.team1_name, outcome.first_delta == 0 ? 0 : -outcome.first_delta};
-  user().show(message_box{"End of Match", outcome.message});
-  user().open(report::scorecard);
-  finish_match();
-  match.innings_changed = true;
+double delta_over_fifty(const match_state& match) {
+  return (match.first_total - match.score_runs) / double{overs_of_innings};
 }
 
-void conclude_closed_innings() {
-  if (match.score_runs == match.first_total) {
-    conclude({"", "", "Match tied.", "The match was a tie.", delta_over_fifty()});
+void conclude(const match_play& play, const verdict& outcome) {
+  play.match.result_ground = play.match.venue_name();
+  play.match.result_winner = outcome.winner;
+  play.match.result_loser = outcome.loser;
+  play.match.result_margin = outcome.margin;
+  play.match.rate_first = {play.match.team2_name, outcome.first_delta};
+  play.match.rate_second = {play.match.team1_name, outcome.first_delta == 0 ? 0 : -outcome.first_delta};
+  play.user.show(message_box{"End of Match", outcome.message});
+  play.user.open(report::scorecard);
+  finish_match(play);
+  play.match.innings_changed = true;
+}
+
+void conclude_closed_innings(const match_play& play) {
+  if (play.match.score_runs == play.match.first_total) {
+    conclude(play, {"", "", "Match tied.", "The match was a tie.", delta_over_fifty(play.match)});
     return;
   }
-  const std::string runs = number_text(match.first_total - match.score_runs);
-  conclude({match.team2_name, match.team1_name, "  won by  " + runs + "  runs",
-            match.team2_name + "  wins by  " + runs + "  runs", delta_over_fifty()});
+  const std::string runs = number_text(play.match.first_total - play.match.score_runs);
+  conclude(play, {play.match.team2_name, play.match.team1_name, "  won by  " + runs + "  runs",
+                  play.match.team2_name + "  wins by  " + runs + "  runs", delta_over_fifty(play.match)});
 }
 
-void conclude_chase() {
-  const std::string wickets = number_text(wickets_of_innings - match.score_wickets);
-  const double delta =
-      match.first_total / double{overs_of_innings} - double{balls_of_over} * match.score_runs / match.innings_balls;
-  conclude({match.team1_name, match.team2_name, "  won by  " + wickets + "  wickets ",
-            match.team1_name + "   wins by  " + wickets + "  wickets ", delta});
+void conclude_chase(const match_play& play) {
+  const std::string wickets = number_text(wickets_of_innings - play.match.score_wickets);
+  const double delta = play.match.first_total / double{overs_of_innings} -
+                       double{balls_of_over} * play.match.score_runs / play.match.innings_balls;
+  conclude(play, {play.match.team1_name, play.match.team2_name, "  won by  " + wickets + "  wickets ",
+                  play.match.team1_name + "   wins by  " + wickets + "  wickets ", delta});
 }
 
-void end_innings() {
-  match.innings_over_flag = false;
-  if (match.human_involved()) user().show(message_box{"End of Innings", "End of Innings"});
-  if (match.first_total != 0) {
-    conclude_closed_innings();
+void end_innings(const match_play& play) {
+  play.match.innings_over_flag = false;
+  if (play.match.human_involved()) play.user.show(message_box{"End of Innings", "End of Innings"});
+  if (play.match.first_total != 0) {
+    conclude_closed_innings(play);
     return;
   }
-  book_as(match.innings_total, match.score_runs, "innings_total", match.team1_name);
-  match.innings_wickets = match.score_wickets;
-  user().open(report::scorecard);
-  change_innings();
+  book_as(play.match.innings_total, play.match.score_runs, "innings_total", play.match.team1_name);
+  play.match.innings_wickets = play.match.score_wickets;
+  play.user.open(report::scorecard);
+  change_innings(play);
 }
 
-void store_commentary() {
+void store_commentary(match_state& match) {
   if (match.ball_commentary.size() > most_stored_lines) {
     throw run_time_error(failure::subscript, "Subscript out of range: the commentary has more than 1498 lines",
                          {.file = {}, .record = 0, .field = "commentary_store", .player = {}});
@@ -85,13 +88,13 @@ void store_commentary() {
   match.commentary_stored = true;
 }
 
-void swap_sides() {
+void swap_sides(match_state& match) {
   std::swap(match.team1_name, match.team2_name);
   std::swap(match.computer_bats, match.computer_bowls);
   std::swap(match.batting_xi, match.bowling_xi);
 }
 
-void record_unbroken_stand(int wickets, const eleven& men) {
+void record_unbroken_stand(match_state& match, int wickets, const eleven& men) {
   if (wickets >= wickets_of_innings) return;
   const fall_of_wicket_rec& before = match.fall_of_wicket[wickets];
   fall_of_wicket_rec& stand = match.fall_of_wicket[wickets + 1];
@@ -102,7 +105,7 @@ void record_unbroken_stand(int wickets, const eleven& men) {
   book_as(stand.partner_balls, match.innings_balls - before.balls, "fall_of_wicket.partner_balls", striker);
 }
 
-void swap_cards() {
+void swap_cards(match_state& match) {
   std::swap(match.batting_card, match.first_batting_card);
   if (match.innings_wickets < wickets_of_innings) {
     match.first_batting_card[match.striker].how_out = "not out";
@@ -111,7 +114,7 @@ void swap_cards() {
   std::swap(match.bowling_card, match.first_bowling_card);
 }
 
-void move_logs() {
+void move_logs(match_state& match) {
   static const fall_of_wicket_table no_falls{};
   std::swap(match.first_fall_of_wicket, match.fall_of_wicket);
   match.fall_of_wicket = no_falls;
@@ -121,7 +124,7 @@ void move_logs() {
   }
 }
 
-void swap_totals() {
+void swap_totals(match_state& match) {
   std::swap(match.innings_total, match.first_total);
   std::swap(match.innings_balls, match.first_balls);
   std::swap(match.innings_wickets, match.first_wickets);
@@ -131,51 +134,52 @@ void swap_totals() {
   std::swap(match.innings_leg_byes, match.first_leg_byes);
 }
 
-void save_match() {
-  match_update update;
-  saved("If you go on without saving, this match is missing from the careers and records.", [&] { update.run(); });
+void save_match(const match_play& play) {
+  match_update update(play.match, play.data);
+  saved(play.user, "If you go on without saving, this match is missing from the careers and records.",
+        [&] { update.run(); });
 }
 
-void open_second_innings() {
-  match.over_no = 1;
-  name_openers();
-  name_bowlers();
-  match.bowler = match.next_bowler = match.striker = match.non_striker = 0;
-  pick_opening_bowlers();
-  pick_openers();
-  name_openers();
-  refresh_batsmen();
-  name_bowlers();
+void open_second_innings(const match_play& play) {
+  play.match.over_no = 1;
+  name_openers(play.match);
+  name_bowlers(play.match);
+  play.match.bowler = play.match.next_bowler = play.match.striker = play.match.non_striker = 0;
+  pick_opening_bowlers(play);
+  pick_openers(play.match, play.user);
+  name_openers(play.match);
+  refresh_batsmen(play.match);
+  name_bowlers(play.match);
 }
 
 }  // namespace
 
-void end_of_ball_check() {
-  if (match.innings_balls == balls_of_innings || match.innings_over_flag) end_innings();
-  if (match.first_total != 0 && match.score_runs > match.first_total) conclude_chase();
+void end_of_ball_check(const match_play& play) {
+  if (play.match.innings_balls == balls_of_innings || play.match.innings_over_flag) end_innings(play);
+  if (play.match.first_total != 0 && play.match.score_runs > play.match.first_total) conclude_chase(play);
 }
 
-void change_innings() {
-  store_commentary();
-  swap_sides();
-  swap_cards();
-  record_unbroken_stand(match.innings_wickets, match.bowling_xi);
-  move_logs();
-  swap_totals();
-  prepare_chase_display();
-  book(match.innings_number, 1, "innings_number", match.team1_name);
-  static_cast<match_known_achievements&>(match) = {};
-  open_second_innings();
-  match.innings_changed = true;
+void change_innings(const match_play& play) {
+  store_commentary(play.match);
+  swap_sides(play.match);
+  swap_cards(play.match);
+  record_unbroken_stand(play.match, play.match.innings_wickets, play.match.bowling_xi);
+  move_logs(play.match);
+  swap_totals(play.match);
+  prepare_chase_display(play.match);
+  book(play.match.innings_number, 1, "innings_number", play.match.team1_name);
+  static_cast<match_known_achievements&>(play.match) = {};
+  open_second_innings(play);
+  play.match.innings_changed = true;
 }
 
-void finish_match() {
-  record_unbroken_stand(match.score_wickets, match.batting_xi);
-  save_match();
-  match.score_runs = 0;
-  match.score_wickets = 0;
-  if (match.human_involved()) match.console_open = false;
-  reset_match();
+void finish_match(const match_play& play) {
+  record_unbroken_stand(play.match, play.match.score_wickets, play.match.batting_xi);
+  save_match(play);
+  play.match.score_runs = 0;
+  play.match.score_wickets = 0;
+  if (play.match.human_involved()) play.match.console_open = false;
+  reset_match(play.match);
 }
 
 }  // namespace velorin

@@ -100,7 +100,7 @@ void clear(match_set_up& set_up) {
 
 }  // namespace
 
-void reset_match() {
+void reset_match(match_state& match) {
   clear(static_cast<match_sides&>(match));
   static_cast<match_position&>(match) = {};
   static_cast<match_totals&>(match) = {};

@@ -37,30 +37,31 @@ struct milestone {
   const char* words;
 };
 
-void announce_batsman(const batting_card_rec& man, const char* gap, const char* words) {
-  user().show(message_box{man.name + " - Batting achievement",
-                          man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + words});
+void announce_batsman(front_end& user, const batting_card_rec& man, const char* gap, const char* words) {
+  user.show(message_box{man.name + " - Batting achievement",
+                        man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + words});
 }
 
 /// Steps 1 to 4 for one of the two batsmen. True if he has reached the milestone of the step.
-bool check_batsman(int step, const milestone& reached, int position, const char* gap) {
+bool check_batsman(match_state& match, front_end& user, int step, const milestone& reached, int position,
+                   const char* gap) {
   const batting_card_rec& man = match.batting_card[position];
   if (man.runs < reached.runs) return false;
   std::uint8_t& known = match.batting_step[position];
   if (known >= step) return true;
-  if (enter(reached.list, man.name) && match.human_involved()) announce_batsman(man, gap, reached.words);
+  if (enter(reached.list, man.name) && match.human_involved()) announce_batsman(user, man, gap, reached.words);
   // A man without a name is never found on a list, and so never known.
   if (!man.name.empty()) known = static_cast<std::uint8_t>(step);
   return true;
 }
 
 /// The man has reached a step that he is not known for.
-bool is_due(int position) {
+bool is_due(const match_state& match, int position) {
   return std::min(match.batting_card[position].runs / half_century, 4) > match.batting_step[position];
 }
 
-void check_batsmen() {
-  if (!is_due(match.striker) && !is_due(match.non_striker)) return;
+void check_batsmen(match_state& match, front_end& user) {
+  if (!is_due(match, match.striker) && !is_due(match, match.non_striker)) return;
   const milestone milestones[] = {
       {half_century, match.fifty_list, ")  has reached his fifty "},
       {century, match.hundred_list, ")  has reached his century! "},
@@ -68,23 +69,23 @@ void check_batsmen() {
       {2 * century, match.double_century_list, ")  has reached his Double century! "},
   };
   for (int step = 1; step <= 4; ++step) {
-    const bool striker = check_batsman(step, milestones[step - 1], match.striker, "  ");
-    const bool non_striker = check_batsman(step, milestones[step - 1], match.non_striker, " ");
+    const bool striker = check_batsman(match, user, step, milestones[step - 1], match.striker, "  ");
+    const bool non_striker = check_batsman(match, user, step, milestones[step - 1], match.non_striker, " ");
     if (!striker && !non_striker) return;  // the higher ones are further away
   }
 }
 
-void check_bowler() {
+void check_bowler(match_state& match, front_end& user) {
   const bowling_card_rec& man = match.bowling_card[match.bowler];
   std::uint8_t& known = match.five_wicket_step[match.bowler];
   if (man.wickets < five_wicket_haul || known != 0) return;
   if (enter(match.five_wicket_list, man.name) && match.human_involved()) {
-    user().show(message_box{man.name + " - Bowling achievement", man.name + " has taken a Five Wicket Haul! "});
+    user.show(message_box{man.name + " - Bowling achievement", man.name + " has taken a Five Wicket Haul! "});
   }
   if (!man.name.empty()) known = 1;
 }
 
-void enter_stand(int stand) {
+void enter_stand(match_state& match, front_end& user, int stand) {
   const milestone milestones[] = {
       {half_century, match.stand50_list, "Fifty"},
       {century, match.stand100_list, "Hundred"},
@@ -100,29 +101,29 @@ void enter_stand(int stand) {
     if (match.stand_step >= step) continue;
     const milestone& reached = milestones[step - 1];
     if (enter(reached.list, lower, higher) && match.human_involved()) {
-      user().show(message_box{" Partnership",
-                              lower + " & " + higher + " have put on a " + reached.words + " run partnership! "});
+      user.show(message_box{" Partnership",
+                            lower + " & " + higher + " have put on a " + reached.words + " run partnership! "});
     }
     if (named) match.stand_step = static_cast<std::uint8_t>(step);
   }
 }
 
-void check_stand() {
+void check_stand(match_state& match, front_end& user) {
   const stand_key stand_of = {match.score_wickets, match.lower_batsman(), match.higher_batsman()};
   if (match.stand_of != stand_of) {
     match.stand_of = stand_of;
     match.stand_step = 0;
   }
   const int stand = match.score_runs - match.fall_of_wicket[match.score_wickets].score;
-  if (stand >= half_century * (match.stand_step + 1) && match.stand_step < 6) enter_stand(stand);
+  if (stand >= half_century * (match.stand_step + 1) && match.stand_step < 6) enter_stand(match, user, stand);
 }
 
 }  // namespace
 
-void check_milestones() {
-  check_batsmen();
-  check_bowler();
-  check_stand();
+void check_milestones(match_state& match, front_end& user) {
+  check_batsmen(match, user);
+  check_bowler(match, user);
+  check_stand(match, user);
 }
 
 }  // namespace velorin

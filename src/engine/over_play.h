@@ -3,33 +3,40 @@
 
 #include <string>
 
+#include "ui/match_play.h"
+
 // The ball and over driver: everything that a ball causes is sequenced from here.
 
 namespace velorin {
+
+struct match_state;
+class front_end;
 
 /// Opens the console on the match that the set-up left: a fresh set of its values, opening bowlers and openers, clock.
 /// Requires the sides, the elevens, the conditions and the ground. A human captain is asked for his choices. An
 /// unattended match is played here to its end; one that is unfinished after 100 overs has no result and is reset.
 /// Raises run_time_error: a bowler not chosen (subscript), whatever play raises.
-void open_console();
+void open_console(const match_play& play);
 
 /// Bowls one over, or what is left of the innings. Requires an open console. Draws, for each ball, the delivery and
 /// what follows from it. Tells the front end of each ball. Raises run_time_error: a position that nobody fills or an
 /// over beyond the log's fifty (subscript), a figure beyond its width (overflow, with its field and whose it is), what
 /// the model, the books, the captains and the end of a match raise.
-void next_over();
+void next_over(const match_play& play);
 
 /// Asks a human captain for the two opening bowlers, or lets the computer choose them.
-void pick_opening_bowlers();
+void pick_opening_bowlers(const match_play& play);
 /// Asks a human captain for the two openers, or lets the computer choose them; sets the batting aggressions.
-void pick_openers();
+void pick_openers(match_state& match, front_end& user);
 /// Copies the names of positions 1 and 2 of batting_xi to the batting card.
-void name_openers();
+void name_openers(match_state& match);
 /// Copies the names of all eleven of bowling_xi to the bowling card.
-void name_bowlers();
+void name_bowlers(match_state& match);
 
 /// The console's form: its buttons. The values it shows are in the match.
 struct console_form {
+  explicit console_form(const match_play& play) : play_(play) {}
+
   /// "Next Over".
   void bowl_next_over();
   /// The scorecard.
@@ -53,6 +60,9 @@ struct console_form {
   void browse_over(int over);
 
   bool closed() const;
+
+ private:
+  match_play play_;
 };
 
 }  // namespace velorin

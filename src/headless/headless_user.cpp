@@ -77,13 +77,13 @@ void headless_user::show(next_batsman_form& form) {
 
 void headless_user::show(bowler_choice_form& form) {
   for (int row = 1; row <= men_in_eleven; ++row) {
-    if (!form.enabled[row] || match.bowling_card[row].balls >= balls_of_quota) continue;
+    if (!form.enabled[row] || match_->bowling_card[row].balls >= balls_of_quota) continue;
     form.choose(row);
     form.accept();
     return;
   }
   throw run_time_error(failure::endless, "Endless search: nobody who may bowl has overs left",
-                       {.file = {}, .record = 0, .field = "bowling_card", .player = match.team2_name});
+                       {.file = {}, .record = 0, .field = "bowling_card", .player = match_->team2_name});
 }
 
 void headless_user::show(console_form& form) {

@@ -8,9 +8,13 @@
 
 namespace velorin {
 
+struct match_state;
+
 /// A user who shows nothing and answers at once: Auto Select, Heads, Bat, the first man who is free, OK.
 class headless_user : public front_end {
  public:
+  explicit headless_user(const match_state& match) : match_(&match) {}
+
   /// Weather, pitch surface, pitch bounce, outfield, 1 to 4 each, as if the sliders had been moved.
   std::optional<std::array<int, 4>> conditions;
 
@@ -36,6 +40,9 @@ class headless_user : public front_end {
   void show(tri_series_table_form& form) override;
   void show(world_cup_fixtures_form& form) override;
   void show(world_cup_tables_form& form) override;
+
+ private:
+  const match_state* match_;
 };
 
 }  // namespace velorin

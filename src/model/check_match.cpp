@@ -18,7 +18,7 @@ struct card_sums {
   int run_outs = 0;
 };
 
-std::string check_batting(card_sums& sums) {
+std::string check_batting(const match_state& match, card_sums& sums) {
   for (int i = 1; i <= men_in_eleven; ++i) {
     const batting_card_rec& man = match.batting_card[i];
     const int from_strokes = man.singles + 2 * man.twos + 3 * man.threes + 4 * man.fours + 6 * man.sixes;
@@ -37,7 +37,7 @@ std::string check_batting(card_sums& sums) {
   return {};
 }
 
-std::string check_bowling(const card_sums& batting) {
+std::string check_bowling(const match_state& match, const card_sums& batting) {
   int balls = 0;
   int runs = 0;
   int wickets = 0;
@@ -59,7 +59,7 @@ std::string check_bowling(const card_sums& batting) {
 }
 
 /// Nobody begins an over with ten behind him; within one he may pass his sixty balls.
-std::string check_quota() {
+std::string check_quota(const match_state& match) {
   const int this_over = match.innings_balls - match.ball_commentary.balls_at_last_over();
   const int before = match.bowling_card[match.bowler].balls - this_over;
   if (before >= balls_of_quota) {
@@ -68,7 +68,7 @@ std::string check_quota() {
   return {};
 }
 
-std::string check_falls() {
+std::string check_falls(const match_state& match) {
   for (int w = 1; w <= match.score_wickets; ++w) {
     const fall_of_wicket_rec& fall = match.fall_of_wicket[w];
     const fall_of_wicket_rec& before = match.fall_of_wicket[w - 1];
@@ -85,7 +85,7 @@ std::string check_falls() {
   return {};
 }
 
-std::string check_position() {
+std::string check_position(const match_state& match) {
   const auto place = [](int position) { return position >= 1 && position <= men_in_eleven; };
   if (!place(match.bowler) || !place(match.next_bowler)) {
     return fmt::format("bowlers at {} and {}", int(match.bowler), int(match.next_bowler));
@@ -106,7 +106,7 @@ std::string check_position() {
   return {};
 }
 
-std::string check_console() {
+std::string check_console(const match_state& match) {
   for (int slot = 0; slot < 2; ++slot) {
     const auto fits = [](int aggression) { return aggression >= least_aggression && aggression <= most_aggression; };
     if (!fits(match.batsman_aggression[slot]) || !fits(match.bowling_aggression[slot])) {
@@ -122,15 +122,15 @@ std::string check_console() {
 
 }  // namespace
 
-std::string check_match() {
+std::string check_match(const match_state& match) {
   if (match.innings_number > 2) return {};
   card_sums sums;
-  if (std::string broken = check_position(); !broken.empty()) return broken;
-  if (std::string broken = check_batting(sums); !broken.empty()) return broken;
-  if (std::string broken = check_bowling(sums); !broken.empty()) return broken;
-  if (std::string broken = check_quota(); !broken.empty()) return broken;
-  if (std::string broken = check_falls(); !broken.empty()) return broken;
-  if (std::string broken = check_console(); !broken.empty()) return broken;
+  if (std::string broken = check_position(match); !broken.empty()) return broken;
+  if (std::string broken = check_batting(match, sums); !broken.empty()) return broken;
+  if (std::string broken = check_bowling(match, sums); !broken.empty()) return broken;
+  if (std::string broken = check_quota(match); !broken.empty()) return broken;
+  if (std::string broken = check_falls(match); !broken.empty()) return broken;
+  if (std::string broken = check_console(match); !broken.empty()) return broken;
   const int total = sums.runs + match.innings_byes + match.innings_leg_byes;
   if (total != match.score_runs) return fmt::format("score_runs {}, the books give {}", match.score_runs, total);
   if (sums.balls > match.innings_balls) {

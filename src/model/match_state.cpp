@@ -6,8 +6,6 @@
 
 namespace velorin {
 
-match_state match;
-
 std::string match_state::overs_text() const { return overs_from_balls(innings_balls); }
 
 std::string projection_text::text() const {
@@ -27,11 +25,11 @@ void projection_text::raise_no_number() const {
                        {.file = {}, .record = 0, .field = "first_innings_projection", .player = {}});
 }
 
-std::vector<std::string> commentary_lines() {
+std::vector<std::string> commentary_lines(const match_state& match) {
   return match.ball_commentary.lines(match.batting_card, match.bowling_card, match.team1_name);
 }
 
-std::vector<std::string> stored_commentary_lines() {
+std::vector<std::string> stored_commentary_lines(const match_state& match) {
   if (!match.commentary_stored) return {};
   auto lines = match.commentary_store.lines(match.first_batting_card, match.first_bowling_card, match.team2_name);
   lines.emplace_back();

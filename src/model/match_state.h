@@ -250,12 +250,10 @@ struct match_state : match_sides,
   int higher_batsman() const { return std::max(int(striker), int(non_striker)); }
 };
 
-extern match_state match;
-
 /// The lines shown in the console's commentary box: this innings so far.
-std::vector<std::string> commentary_lines();
+std::vector<std::string> commentary_lines(const match_state& match);
 /// The stored lines of the innings before, up to but not including the marker "end of byb", the empty line before the
 /// marker kept. Empty before the change of innings.
-std::vector<std::string> stored_commentary_lines();
+std::vector<std::string> stored_commentary_lines(const match_state& match);
 
 }  // namespace velorin

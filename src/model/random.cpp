@@ -10,8 +10,6 @@
 
 namespace velorin {
 
-random_source chance;
-
 void random_source::use_clock() {
   *this = random_source();
   reseed();

@@ -7,7 +7,7 @@
 
 namespace velorin {
 
-/// Where chance comes from. One instance, `chance`; all draws of the game go through it.
+/// Where chance comes from. All draws of a match go through one source.
 class random_source {
  public:
   /// Draws from a generator that reseed() sets from a nanosecond reading of the clock. The source at start.
@@ -57,18 +57,13 @@ class random_source {
   std::string script_name_;
 };
 
-extern random_source chance;
-
-inline void reseed() { chance.reseed(); }
-inline double rnd() { return chance.rnd(); }
-
 /// A whole number from 1 to n with equal chance: Int(n x r + 1). One draw. n from 1 to 32767.
-inline int die(int n) {
-  const int face = static_cast<int>(n * rnd() + 1.0);
+inline int die(random_source& chance, int n) {
+  const int face = static_cast<int>(n * chance.rnd() + 1.0);
   return face > n ? n : face;
 }
 
 /// 1 or 2 with equal chance. One draw.
-inline int coin() { return die(2); }
+inline int coin(random_source& chance) { return die(chance, 2); }
 
 }  // namespace velorin

@@ -26,13 +26,13 @@ void fill(bowling_screen& screen, const bowling_card_table& card) {
 }  // namespace
 
 void bowling_card_form::open() {
-  *this = {};
-  fill(*this, match.bowling_card);
+  static_cast<bowling_screen&>(*this) = {};
+  fill(*this, match_.bowling_card);
 }
 
 void first_bowling_card_form::open() {
-  *this = {};
-  fill(*this, match.first_bowling_card);
+  static_cast<bowling_screen&>(*this) = {};
+  fill(*this, match_.first_bowling_card);
 }
 
 }  // namespace velorin

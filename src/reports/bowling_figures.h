@@ -11,6 +11,8 @@
 
 namespace velorin {
 
+struct match_state;
+
 /// What the two screens of bowling figures have in common. Of a man who has not bowled only the name is filled.
 struct bowling_screen {
   static constexpr std::string_view title = "Bowling Figures";
@@ -26,14 +28,24 @@ struct bowling_screen {
 
 /// The bowlers of the innings in play.
 struct bowling_card_form : bowling_screen {
+  explicit bowling_card_form(const match_state& match) : match_(match) {}
+
   /// Fills the screen afresh. Reads match.
   void open();
+
+ private:
+  const match_state& match_;
 };
 
 /// The bowlers of the first innings.
 struct first_bowling_card_form : bowling_screen {
+  explicit first_bowling_card_form(const match_state& match) : match_(match) {}
+
   /// Fills the screen afresh. Reads match.
   void open();
+
+ private:
+  const match_state& match_;
 };
 
 }  // namespace velorin

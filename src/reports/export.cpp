@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "model/match_state.h"
 #include "reports/export_pieces.h"
 
@@ -12,7 +13,7 @@ namespace velorin {
 
 namespace {
 
-bool has_two_innings() { return match.first_total != 0; }
+bool has_two_innings(const match_state& match) { return match.first_total != 0; }
 
 std::string between(std::string_view before, std::string_view words, std::string_view after) {
   std::string line(before);
@@ -21,9 +22,9 @@ std::string between(std::string_view before, std::string_view words, std::string
   return line;
 }
 
-void print_page_head(line_printer& out, const scorecard_form& card) {
+void print_page_head(const match_state& match, open_database& data, line_printer& out, const scorecard_form& card) {
   for (const char* tags : {"<HEAD>", "<TITLE>Scorecard</TITLE>", "</HEAD>"}) out.markup(tags).end();
-  out.markup("<BODY TEXT =#").text(settings.text_color).text(" BGCOLOR=#").text(settings.back_color);
+  out.markup("<BODY TEXT =#").text(data.settings.text_color).text(" BGCOLOR=#").text(data.settings.back_color);
   out.markup(" LINK=#00FF00 VLINK=#80FF80>").end();
   out.markup("<font face=arial>").end();
   out.markup("<center><h3>Velorin</h3></center>").end();
@@ -49,14 +50,14 @@ void print_heading(line_printer& out, std::string_view team, std::string_view wh
 }
 
 /// Total line and fall of wickets, with an empty line on both sides.
-void print_first_close(line_printer& out, wicket_list& wickets) {
+void print_first_close(const match_state& match, line_printer& out, wicket_list& wickets) {
   out.end();
-  print_first_total(out);
+  print_first_total(match, out);
   wickets.print(out, match.first_fall_of_wicket);
   out.end();
 }
 
-void print_close(line_printer& out, const scorecard_form& card, wicket_list& wickets) {
+void print_close(const match_state& match, line_printer& out, const scorecard_form& card, wicket_list& wickets) {
   out.end();
   print_total(out, card);
   wickets.print(out, match.fall_of_wicket);
@@ -64,23 +65,23 @@ void print_close(line_printer& out, const scorecard_form& card, wicket_list& wic
 }
 
 /// The first innings of the two plain files. Its batting has no heading.
-void print_first_innings(line_printer& out, wicket_list& wickets) {
-  print_first_batting(out, text_columns);
-  print_first_close(out, wickets);
+void print_first_innings(const match_state& match, line_printer& out, wicket_list& wickets) {
+  print_first_batting(match, out, text_columns);
+  print_first_close(match, out, wickets);
   print_heading(out, match.team1_name, " - Bowling");
   out.end();
-  print_first_bowling(out);
+  print_first_bowling(match, out);
   out.end();
 }
 
 /// The innings in play in the two plain files, and their closing lines.
-void print_last_innings(line_printer& out, const scorecard_form& card, wicket_list& wickets) {
+void print_last_innings(const match_state& match, line_printer& out, const scorecard_form& card, wicket_list& wickets) {
   print_heading(out, card.batting_side, " - Batting");
-  print_batting(out, card, text_columns);
-  print_close(out, card, wickets);
+  print_batting(match, out, card, text_columns);
+  print_close(match, out, card, wickets);
   print_heading(out, match.team2_name, " - Bowling");
   out.end();
-  print_bowling(out);
+  print_bowling(match, out);
   out.end();
   out.line("========================================================");
   out.end();
@@ -88,9 +89,9 @@ void print_last_innings(line_printer& out, const scorecard_form& card, wicket_li
 }
 
 /// The two sides, the one that batted first ahead.
-std::string sides() {
-  return has_two_innings() ? between(match.team2_name, " vs ", match.team1_name)
-                           : between(match.team1_name, " vs ", match.team2_name);
+std::string sides(const match_state& match) {
+  return has_two_innings(match) ? between(match.team2_name, " vs ", match.team1_name)
+                                : between(match.team1_name, " vs ", match.team2_name);
 }
 
 void print_lines(line_printer& out, const std::vector<std::string>& lines, std::size_t most) {
@@ -98,96 +99,97 @@ void print_lines(line_printer& out, const std::vector<std::string>& lines, std::
   for (std::size_t i = 0; i < count; ++i) out.line(lines[i]);
 }
 
-void print_two_innings_by_ball(line_printer& out, const scorecard_form& card, wicket_list& wickets) {
+void print_two_innings_by_ball(const match_state& match, line_printer& out, const scorecard_form& card,
+                               wicket_list& wickets) {
   out.end();
   out.tab(17).line("Velorin Ball By Ball Output");
   out.tab(16).line("===================================");
   out.end();
-  out.tab(25).line(sides());
+  out.tab(25).line(sides(match));
   out.end();
   out.tab(25).text("Played at ").line(card.ground);
   out.end();
-  print_lines(out, stored_commentary_lines(), commentary_places);
+  print_lines(out, stored_commentary_lines(match), commentary_places);
   out.end();
   out.line("Scorecard");
-  print_first_innings(out, wickets);
-  print_lines(out, commentary_lines(), std::string::npos);
+  print_first_innings(match, out, wickets);
+  print_lines(out, commentary_lines(match), std::string::npos);
   out.end();
   out.line("Scorecard - 2nd Innings");
 }
 
-void print_one_innings_by_ball(line_printer& out, const scorecard_form& card) {
+void print_one_innings_by_ball(const match_state& match, line_printer& out, const scorecard_form& card) {
   out.end();
   out.tab(17).line("Velorin Ball-by-Ball Output");
   out.tab(16).line("===================================");
-  out.tab(25).line(sides());
+  out.tab(25).line(sides(match));
   out.end();
   out.tab(25).text("Played at ").line(card.ground);
-  print_lines(out, commentary_lines(), std::string::npos);
+  print_lines(out, commentary_lines(match), std::string::npos);
   out.end();
   out.line("Scorecard");
 }
 
 }  // namespace
 
-std::string html_scorecard(const scorecard_form& card) {
+std::string html_scorecard(const match_state& match, open_database& data, const scorecard_form& card) {
   line_printer out(line_printer::kind::page);
   wicket_list wickets;
-  print_page_head(out, card);
-  if (has_two_innings()) {
+  print_page_head(match, data, out, card);
+  if (has_two_innings(match)) {
     print_page_heading(out, match.team2_name, " - Batting");
     out.markup("<PRE>").end();
-    print_first_batting(out, html_columns);
+    print_first_batting(match, out, html_columns);
     out.end();
-    print_first_total(out);
+    print_first_total(match, out);
     wickets.print(out, match.first_fall_of_wicket);
     out.markup("</pre>").end();
     print_page_heading(out, card.batting_side, " - Bowling");
     out.markup("<pre>").end();
-    print_first_bowling(out);
+    print_first_bowling(match, out);
     out.markup("</pre>").end();
   }
   print_page_heading(out, card.batting_side, " - Batting");
   out.markup("<PRE>").end();
-  print_batting(out, card, html_columns);
+  print_batting(match, out, card, html_columns);
   out.end();
   print_total(out, card);
   wickets.print(out, match.fall_of_wicket);
   out.markup("</pre>").end();
   print_page_heading(out, match.team2_name, " - Bowling");
   out.markup("<pre>").end();
-  print_bowling(out);
+  print_bowling(match, out);
   out.markup("</pre>").end();
   print_page_foot(out);
   return out.written();
 }
 
-std::string text_scorecard(const scorecard_form& card) {
+std::string text_scorecard(const match_state& match, const scorecard_form& card) {
   line_printer out;
   wicket_list wickets;
-  const bool two = has_two_innings();
+  const bool two = has_two_innings(match);
   out.end();
   out.tab(25).line("Velorin Scorecard");
   out.tab(23).line(two ? "=======================" : "============================");
   out.end();
-  out.tab(25).line(sides());
+  out.tab(25).line(sides(match));
   out.end();
   out.tab(25).text(two ? "Played at: " : "Played at ").line(card.ground);
   out.end();
-  if (two) print_first_innings(out, wickets);
-  print_last_innings(out, card, wickets);
+  if (two) print_first_innings(match, out, wickets);
+  print_last_innings(match, out, card, wickets);
   return out.written();
 }
 
-std::string ball_by_ball(const scorecard_form& card) {
+std::string ball_by_ball(const match_state& match, const scorecard_form& card) {
   line_printer out;
   wicket_list wickets;
-  if (has_two_innings()) {
-    print_two_innings_by_ball(out, card, wickets);
+  if (has_two_innings(match)) {
+    print_two_innings_by_ball(match, out, card, wickets);
   } else {
-    print_one_innings_by_ball(out, card);
+    print_one_innings_by_ball(match, out, card);
   }
-  print_last_innings(out, card, wickets);
+  print_last_innings(match, out, card, wickets);
   return out.written();
 }
 

@@ -33,7 +33,7 @@ void print_bowling_row(line_printer& out, const bowling_card_rec& bowler) {
 
 }  // namespace
 
-void print_first_batting(line_printer& out, const batting_columns& columns) {
+void print_first_batting(const match_state& match, line_printer& out, const batting_columns& columns) {
   print_batting_header(out, columns);
   for (int i = 1; i <= men_in_eleven; ++i) {
     const batting_card_rec& batsman = match.first_batting_card[i];
@@ -41,7 +41,8 @@ void print_first_batting(line_printer& out, const batting_columns& columns) {
   }
 }
 
-void print_batting(line_printer& out, const scorecard_form& card, const batting_columns& columns) {
+void print_batting(const match_state& match, line_printer& out, const scorecard_form& card,
+                   const batting_columns& columns) {
   print_batting_header(out, columns);
   for (int i = 1; i <= men_in_eleven; ++i) {
     const batting_card_rec& batsman = match.batting_card[i];
@@ -49,7 +50,7 @@ void print_batting(line_printer& out, const scorecard_form& card, const batting_
   }
 }
 
-void print_first_total(line_printer& out) {
+void print_first_total(const match_state& match, line_printer& out) {
   out.tab(34).text(" (").text(number_text(match.first_wickets)).text(" wickets , ");
   out.text(overs_from_balls(match.first_balls)).text("  Overs)").tab(60).number(match.first_total).end();
 }
@@ -58,7 +59,7 @@ void print_total(line_printer& out, const scorecard_form& card) {
   out.tab(34).text(card.wickets_and_overs).tab(60).text(card.total).end();
 }
 
-void print_first_bowling(line_printer& out) {
+void print_first_bowling(const match_state& match, line_printer& out) {
   print_bowling_header(out);
   for (int i = men_in_eleven; i >= 1; --i) {
     const bowling_card_rec& bowler = match.first_bowling_card[i];
@@ -66,7 +67,7 @@ void print_first_bowling(line_printer& out) {
   }
 }
 
-void print_bowling(line_printer& out) {
+void print_bowling(const match_state& match, line_printer& out) {
   print_bowling_header(out);
   for (int k = 1; k <= 10; ++k) {
     // The list ends at the first row that shows no name.

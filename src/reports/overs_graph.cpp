@@ -48,16 +48,16 @@ void fill_half(overs_graph_form& screen, int half, const std::string& team, int 
 }  // namespace
 
 void overs_graph_form::open() {
-  *this = {};
-  const double current_rate = match.innings_balls != 0 ? runs_per_over(match.score_runs, match.innings_balls) : 0;
-  fill_half(*this, 0, match.team1_name, match.score_runs, match.score_wickets, current_rate);
-  fill_bars(*this, 0, match.ball_log);
+  static_cast<overs_graph_screen&>(*this) = {};
+  const double current_rate = match_.innings_balls != 0 ? runs_per_over(match_.score_runs, match_.innings_balls) : 0;
+  fill_half(*this, 0, match_.team1_name, match_.score_runs, match_.score_wickets, current_rate);
+  fill_bars(*this, 0, match_.ball_log);
 
-  const bool has_first = match.first_total != 0 && match.first_balls != 0;
-  const double first_rate = has_first ? runs_per_over(match.first_total, match.first_balls) : 0;
-  fill_half(*this, 1, match.team2_name, match.first_total, match.first_wickets, first_rate);
-  fill_bars(*this, 1, match.first_ball_log);
-  side = {chart_place(match.team1_name), chart_place(match.team2_name)};
+  const bool has_first = match_.first_total != 0 && match_.first_balls != 0;
+  const double first_rate = has_first ? runs_per_over(match_.first_total, match_.first_balls) : 0;
+  fill_half(*this, 1, match_.team2_name, match_.first_total, match_.first_wickets, first_rate);
+  fill_bars(*this, 1, match_.first_ball_log);
+  side = {chart_place(match_, match_.team1_name), chart_place(match_, match_.team2_name)};
 }
 
 }  // namespace velorin

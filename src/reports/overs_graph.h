@@ -10,6 +10,8 @@
 
 namespace velorin {
 
+struct match_state;
+
 /// The bar of one over.
 struct over_bar {
   int height = 0;
@@ -17,7 +19,7 @@ struct over_bar {
   bool visible = false;
 };
 
-struct overs_graph_form {
+struct overs_graph_screen {
   static constexpr int units_a_run = 165;
   static constexpr std::array<int, 2> base_line = {3300, 6840};  ///< [0] upper half, [1] lower half
   static constexpr std::string_view runs_axis = "R U N S";
@@ -35,9 +37,17 @@ struct overs_graph_form {
   std::array<double, 2> rate_line_heights{};  ///< height of each half's level rate line, both ends
   std::array<std::string, 2> captions;        ///< each half's side and score
   std::array<int, 2> side{};                  ///< each half's place in all charts, 0 or 1
+};
+
+/// The form: fills the screen and follows the user.
+struct overs_graph_form : overs_graph_screen {
+  explicit overs_graph_form(const match_state& match) : match_(match) {}
 
   /// Fills the graphs afresh. Reads match.
   void open();
+
+ private:
+  const match_state& match_;
 };
 
 }  // namespace velorin

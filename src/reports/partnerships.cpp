@@ -26,7 +26,7 @@ void fill(partnership_screen& screen, fall_of_wicket_table& falls) {
 }
 
 /// The row of the two men at the crease.
-void fill_current_stand(partnership_row& row, const fall_of_wicket_rec& last_fall) {
+void fill_current_stand(const match_state& match, partnership_row& row, const fall_of_wicket_rec& last_fall) {
   row.batsmen =
       match.batting_card[match.lower_batsman()].name + between_names + match.batting_card[match.higher_batsman()].name;
   row.partnership = number_text(match.score_runs - last_fall.score) + "*  (" +
@@ -37,15 +37,15 @@ void fill_current_stand(partnership_row& row, const fall_of_wicket_rec& last_fal
 }  // namespace
 
 void partnerships_form::open() {
-  *this = {};
-  fill(*this, match.fall_of_wicket);
-  const int wickets = match.score_wickets;
-  if (wickets < wickets_of_innings) fill_current_stand(rows[wickets + 1], match.fall_of_wicket[wickets]);
+  static_cast<partnership_screen&>(*this) = {};
+  fill(*this, match_.fall_of_wicket);
+  const int wickets = match_.score_wickets;
+  if (wickets < wickets_of_innings) fill_current_stand(match_, rows[wickets + 1], match_.fall_of_wicket[wickets]);
 }
 
 void first_partnerships_form::open() {
-  *this = {};
-  fill(*this, match.first_fall_of_wicket);
+  static_cast<partnership_screen&>(*this) = {};
+  fill(*this, match_.first_fall_of_wicket);
   for (partnership_row& row : rows) {
     if (row.overs != "0.0") continue;
     row.score.clear();

@@ -11,6 +11,8 @@
 
 namespace velorin {
 
+struct match_state;
+
 /// One stand.
 struct partnership_row {
   std::string batsmen;      ///< "  &&  " between the two
@@ -30,14 +32,24 @@ struct partnership_screen {
 
 /// The stands of the innings in play, the unbroken one in the row behind the last wicket.
 struct partnerships_form : partnership_screen {
+  explicit partnerships_form(match_state& match) : match_(match) {}
+
   /// Fills the screen afresh. Reads match; writes `overs_text` of match.fall_of_wicket [1..10].
   void open();
+
+ private:
+  match_state& match_;
 };
 
 /// The stands of the first innings. The unbroken one shows no score and no overs.
 struct first_partnerships_form : partnership_screen {
+  explicit first_partnerships_form(match_state& match) : match_(match) {}
+
   /// Fills the screen afresh. Reads match; writes `overs_text` of match.first_fall_of_wicket [1..10].
   void open();
+
+ private:
+  match_state& match_;
 };
 
 }  // namespace velorin

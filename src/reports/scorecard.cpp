@@ -56,60 +56,63 @@ batsman_figures details_of(const batting_card_rec& card, bool not_out) {
   return figures;
 }
 
-bool at_the_crease(int position) { return position == match.striker || position == match.non_striker; }
+bool at_the_crease(const match_state& match, int position) {
+  return position == match.striker || position == match.non_striker;
+}
 
 }  // namespace
 
 double runs_per_over(int runs, int balls) { return round_to(static_cast<double>(runs) / balls * balls_of_over, 2); }
 
 void scorecard_form::open() {
-  *this = {};
-  ground = match.venue_name();
-  batting_side = match.team1_name;
-  fill_batsmen(*this, match.batting_card);
-  fill_total(*this, match.score_runs, match.score_wickets, match.innings_balls, "(");
+  static_cast<batting_screen&>(*this) = {};
+  ground = match_.venue_name();
+  batting_side = match_.team1_name;
+  fill_batsmen(*this, match_.batting_card);
+  fill_total(*this, match_.score_runs, match_.score_wickets, match_.innings_balls, "(");
   for (int i = 1; i <= men_in_eleven; ++i) {
-    if (at_the_crease(i) && match.batting_card[i].how_out.empty()) how_out[i] = "  Not Out   ";
+    if (at_the_crease(match_, i) && match_.batting_card[i].how_out.empty()) how_out[i] = "  Not Out   ";
   }
-  extras_line = "Extras ( No Balls " + number_text(match.innings_no_balls) + " Wides " +
-                number_text(match.innings_wides) + " Leg Byes " + number_text(match.innings_leg_byes) + " Byes " +
-                number_text(match.innings_byes) + " ) ";
+  extras_line = "Extras ( No Balls " + number_text(match_.innings_no_balls) + " Wides " +
+                number_text(match_.innings_wides) + " Leg Byes " + number_text(match_.innings_leg_byes) + " Byes " +
+                number_text(match_.innings_byes) + " ) ";
   extras_total =
-      number_text(match.innings_no_balls + match.innings_wides + match.innings_leg_byes + match.innings_byes);
-  not_counted = left_out(match.innings_no_balls, match.innings_wides);
-  first_innings_enabled = match.first_total != 0;
+      number_text(match_.innings_no_balls + match_.innings_wides + match_.innings_leg_byes + match_.innings_byes);
+  not_counted = left_out(match_.innings_no_balls, match_.innings_wides);
+  first_innings_enabled = match_.first_total != 0;
 }
 
-void scorecard_form::show_first_innings() const {
-  if (first_innings_enabled) user().open(report::first_scorecard);
+void scorecard_form::show_first_innings(front_end& user) const {
+  if (first_innings_enabled) user.open(report::first_scorecard);
 }
-void scorecard_form::show_bowling() const { user().open(report::bowling_card); }
-void scorecard_form::show_partnerships() const { user().open(report::partnerships); }
-void scorecard_form::show_overs_graph() const { user().open(report::overs_graph); }
-void scorecard_form::show_worm_graph() const { user().open(report::worm_graph); }
+void scorecard_form::show_bowling(front_end& user) const { user.open(report::bowling_card); }
+void scorecard_form::show_partnerships(front_end& user) const { user.open(report::partnerships); }
+void scorecard_form::show_overs_graph(front_end& user) const { user.open(report::overs_graph); }
+void scorecard_form::show_worm_graph(front_end& user) const { user.open(report::worm_graph); }
 
 batsman_figures scorecard_form::details(int i) const {
-  const batting_card_rec& card = match.batting_card[i];
-  return details_of(card, card.how_out.empty() && at_the_crease(i));
+  const batting_card_rec& card = match_.batting_card[i];
+  return details_of(card, card.how_out.empty() && at_the_crease(match_, i));
 }
 
 void first_scorecard_form::open() {
-  *this = {};
-  ground = match.venue_name();
-  batting_side = match.team2_name;
-  fill_batsmen(*this, match.first_batting_card);
-  fill_total(*this, match.first_total, match.first_wickets, match.first_balls, " (");
-  extras_line = "Extras ( No Balls " + number_text(match.first_no_balls) + ",Wides " + number_text(match.first_wides) +
-                " Leg Byes " + number_text(match.first_leg_byes) + ",Byes " + number_text(match.first_byes) + " ) ";
-  extras_total = number_text(match.first_no_balls + match.first_wides + match.first_leg_byes + match.first_byes);
-  not_counted = left_out(match.first_no_balls, match.first_wides);
+  static_cast<batting_screen&>(*this) = {};
+  ground = match_.venue_name();
+  batting_side = match_.team2_name;
+  fill_batsmen(*this, match_.first_batting_card);
+  fill_total(*this, match_.first_total, match_.first_wickets, match_.first_balls, " (");
+  extras_line = "Extras ( No Balls " + number_text(match_.first_no_balls) + ",Wides " +
+                number_text(match_.first_wides) + " Leg Byes " + number_text(match_.first_leg_byes) + ",Byes " +
+                number_text(match_.first_byes) + " ) ";
+  extras_total = number_text(match_.first_no_balls + match_.first_wides + match_.first_leg_byes + match_.first_byes);
+  not_counted = left_out(match_.first_no_balls, match_.first_wides);
 }
 
-void first_scorecard_form::show_bowling() const { user().open(report::first_bowling_card); }
-void first_scorecard_form::show_partnerships() const { user().open(report::first_partnerships); }
+void first_scorecard_form::show_bowling(front_end& user) const { user.open(report::first_bowling_card); }
+void first_scorecard_form::show_partnerships(front_end& user) const { user.open(report::first_partnerships); }
 
 batsman_figures first_scorecard_form::details(int i) const {
-  const batting_card_rec& card = match.first_batting_card[i];
+  const batting_card_rec& card = match_.first_batting_card[i];
   return details_of(card, card.how_out == "not out");
 }
 

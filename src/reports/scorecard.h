@@ -13,6 +13,9 @@
 
 namespace velorin {
 
+struct match_state;
+class front_end;
+
 /// A button that bears a batsman's name and leads to his details.
 struct batsman_button {
   std::string caption;
@@ -41,6 +44,8 @@ struct batting_screen {
 
 /// The batting card of the innings in play. It opens by itself at the end of every innings.
 struct scorecard_form : batting_screen {
+  explicit scorecard_form(const match_state& match) : match_(match) {}
+
   static constexpr std::string_view bowling_caption = "Bowling Figures";
   static constexpr std::string_view first_innings_caption = "1st Innings";
   static constexpr std::string_view partnerships_caption = "Partnerships";
@@ -56,18 +61,23 @@ struct scorecard_form : batting_screen {
   void open();
 
   /// Each opens a further screen, modal. Asks the front end. The first does nothing while it is disabled.
-  void show_first_innings() const;  // first_scorecard_form
-  void show_bowling() const;        // bowlcard
-  void show_partnerships() const;   // partners
-  void show_overs_graph() const;    // graphs
-  void show_worm_graph() const;     // worms
+  void show_first_innings(front_end& user) const;
+  void show_bowling(front_end& user) const;
+  void show_partnerships(front_end& user) const;
+  void show_overs_graph(front_end& user) const;
+  void show_worm_graph(front_end& user) const;
 
   /// The details behind details_buttons[i]. Requires 1 <= i <= 11; meant for the visible buttons. Reads match.
   batsman_figures details(int i) const;
+
+ private:
+  const match_state& match_;
 };
 
 /// The batting card of the first innings.
 struct first_scorecard_form : batting_screen {
+  explicit first_scorecard_form(const match_state& match) : match_(match) {}
+
   static constexpr std::string_view bowling_caption = "1st Innings Bowling Figures";
   static constexpr std::string_view partnerships_caption = "1st Innings Partnerships";
 
@@ -75,11 +85,14 @@ struct first_scorecard_form : batting_screen {
   void open();
 
   /// Each opens a further screen, modal. Asks the front end.
-  void show_bowling() const;       // first_bowling_card_form
-  void show_partnerships() const;  // first_partnerships_form
+  void show_bowling(front_end& user) const;
+  void show_partnerships(front_end& user) const;
 
   /// The details behind details_buttons[i]. Requires 1 <= i <= 11; meant for the visible buttons. Reads match.
   batsman_figures details(int i) const;
+
+ private:
+  const match_state& match_;
 };
 
 /// Runs an over as the reports compute and show them: runs / balls * 6 to two places. Requires balls above 0.

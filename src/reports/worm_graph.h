@@ -10,23 +10,25 @@
 
 namespace velorin {
 
+struct match_state;
+
 /// Names the two lines after the sides of the match: first the one batting, then the other. Only the first call in a
 /// run of the program does anything. Reads and writes match.
-void load_worms();
+void load_worms(match_state& match);
 
 /// A sentence that tells whose names the lines bear; "" while they have none.
-std::string standing_worms();
+std::string standing_worms(const match_state& match);
 /// Lines without names and rows, as at the start of the program. Writes match.
-void start_worms_afresh();
+void start_worms_afresh(match_state& match);
 
 /// Books the present score in the line of the batting side: the row of the over in progress, and the score beside its
 /// name. Loads the lines if need be. Nothing happens for a side that has none. Called after every ball. Reads and
 /// writes match.
-void feed_worms();
+void feed_worms(match_state& match);
 
 /// The place of a side in every chart, 0 or 1, by which it has its colour: that of its line; without one the other, or
 /// that of its innings. Reads match.
-int chart_place(const std::string& team);
+int chart_place(const match_state& match, const std::string& team);
 
 /// A point of a line.
 struct worm_point {
@@ -36,6 +38,8 @@ struct worm_point {
 
 /// The window that shows the lines.
 struct worm_graph_form {
+  explicit worm_graph_form(match_state& match) : match_(match) {}
+
   std::string first_side;                         ///< the side of the first line
   std::string second_side;                        ///< the side of the second line
   std::string first_score;                        ///< score of the first line as last written, "" before
@@ -52,6 +56,7 @@ struct worm_graph_form {
 
  private:
   bool has_old_rows_ = false;
+  match_state& match_;
 };
 
 }  // namespace velorin

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "database/whole_file.h"
 #include "model/match_state.h"
 #include "model/random.h"
@@ -42,21 +43,21 @@ constexpr std::array<sky_color, 4> sky_bottoms = {
     {{50536, 50536, 50536}, {65535, 65535, 65535}, {0, 65535, 65535}, {65535, 65036, 0}}};
 
 /// 1 with a chance of 2 in 5; 2, 3 and 4 with 1 in 5 each.
-int draw_condition() {
-  reseed();
-  const int value = static_cast<int>(5 * rnd());
+int draw_condition(random_source& chance) {
+  chance.reseed();
+  const int value = static_cast<int>(5 * chance.rnd());
   return value == 0 ? 1 : value;
 }
 
-int draw_from(const span_of_values& values) {
-  return static_cast<int>(std::floor(values.count * rnd() + values.lowest));
+int draw_from(random_source& chance, const span_of_values& values) {
+  return static_cast<int>(std::floor(values.count * chance.rnd() + values.lowest));
 }
 
-int slider_value(int figure, const char* field) {
+int slider_value(const match_state& match, open_database& data, int figure, const char* field) {
   if (figure < 1 || figure > 4) {
     throw run_time_error(
         failure::type, "Invalid value: " + number_text(figure) + " is no pitch condition of 1 to 4",
-        {.file = file_name_text(files.ground_file), .record = 0, .field = field, .player = match.venue_name()});
+        {.file = file_name_text(data.files.ground_file), .record = 0, .field = field, .player = match.venue_name()});
   }
   return figure;
 }
@@ -64,17 +65,17 @@ int slider_value(int figure, const char* field) {
 }  // namespace
 
 void conditions_form::open() {
-  pitch_surface = slider_value(match.ground.pitch_bounce, "pitch_bounce");
-  pitch_bounce = slider_value(match.ground.pitch_surface, "pitch_surface");
-  weather = draw_condition();
-  outfield = draw_condition();
+  pitch_surface = slider_value(play_.match, play_.data, play_.match.ground.pitch_bounce, "pitch_bounce");
+  pitch_bounce = slider_value(play_.match, play_.data, play_.match.ground.pitch_surface, "pitch_surface");
+  weather = draw_condition(play_.chance);
+  outfield = draw_condition(play_.chance);
   drawn_ = {weather, pitch_surface, pitch_bounce, outfield};
-  temperature_ = draw_from(temperatures[weather - 1]);
-  humidity_ = draw_from(humidities[weather - 1]);
+  temperature_ = draw_from(play_.chance, temperatures[weather - 1]);
+  humidity_ = draw_from(play_.chance, humidities[weather - 1]);
   closed = false;
 }
 
-std::string conditions_form::headline() const { return "Conditions in " + match.venue_name() + ":"; }
+std::string conditions_form::headline() const { return "Conditions in " + play_.match.venue_name() + ":"; }
 std::string conditions_form::weather_words() const { return weather_texts[drawn_[0] - 1]; }
 std::string conditions_form::pitch_words() const { return pitch_texts[drawn_[1] - 1]; }
 std::string conditions_form::bounce_words() const { return bounce_texts[drawn_[2] - 1]; }
@@ -88,10 +89,10 @@ sky_color conditions_form::sky_top() const { return sky_tops[weather - 1]; }
 sky_color conditions_form::sky_bottom() const { return sky_bottoms[weather - 1]; }
 
 void conditions_form::accept() {
-  match.ground.pitch_surface = pitch_surface;
-  match.ground.pitch_bounce = pitch_bounce;
-  match.outfield = outfield;
-  match.weather = weather;
+  play_.match.ground.pitch_surface = pitch_surface;
+  play_.match.ground.pitch_bounce = pitch_bounce;
+  play_.match.outfield = outfield;
+  play_.match.weather = weather;
   closed = true;
 }
 

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "ui/match_play.h"
+
 namespace velorin {
 
 /// Red, green, blue, 0 to 65535 each.
@@ -12,6 +14,8 @@ using sky_color = std::array<std::uint16_t, 3>;
 
 /// The conditions: the pitch of the ground, weather and outfield by chance, all four to be moved before the OK.
 struct conditions_form {
+  explicit conditions_form(const match_play& play) : play_(play) {}
+
   int weather = 1;        ///< weather, 1 to 4
   int pitch_surface = 1;  ///< pitch surface, 1 to 4
   int pitch_bounce = 1;   ///< pitch bounce, 1 to 4
@@ -42,6 +46,7 @@ struct conditions_form {
   std::array<int, 4> drawn_ = {1, 1, 1, 1};  // the sliders as the words were written
   int temperature_ = 0;
   int humidity_ = 0;
+  match_play play_;
 };
 
 }  // namespace velorin

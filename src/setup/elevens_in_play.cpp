@@ -7,9 +7,11 @@
 
 #include "database/configuration.h"
 #include "database/elevens.h"
+#include "database/open_database.h"
 #include "engine/ball_books.h"
 #include "model/match_state.h"
 #include "model/run_time_error.h"
+#include "ui/match_play.h"
 #include "ui/saving.h"
 
 namespace velorin {
@@ -24,30 +26,34 @@ bool has_names(const eleven& men) {
 }
 
 /// The match can be played without the files.
-bool both_are_selected() { return has_names(match.selected[0]) && has_names(match.selected[1]); }
+bool both_are_selected(const match_state& match) {
+  return has_names(match.selected[0]) && has_names(match.selected[1]);
+}
 
 }  // namespace
 
-void save_selected(int side_index) {
-  if (match.elevens_unsaved) return;
+void save_selected(const match_play& play, int side_index) {
+  if (play.match.elevens_unsaved) return;
   const side which = side_index == 0 ? side::first : side::second;
-  match.elevens_unsaved = !saved(without_files, [&] { write_eleven(which, match.selected[side_index]); });
+  play.match.elevens_unsaved =
+      !saved(play.user, without_files, [&] { write_eleven(play.data, which, play.match.selected[side_index]); });
 }
 
-void exchange_elevens() {
-  if (!both_are_selected()) {
-    swap_elevens();
-  } else if (!match.elevens_unsaved) {
+void exchange_elevens(const match_play& play) {
+  if (!both_are_selected(play.match)) {
+    swap_elevens(play.data);
+  } else if (!play.match.elevens_unsaved) {
     bool again = false;
-    match.elevens_unsaved = !saved(without_files, [&] { swap_elevens(std::exchange(again, true)); });
+    play.match.elevens_unsaved =
+        !saved(play.user, without_files, [&] { swap_elevens(play.data, std::exchange(again, true)); });
   }
-  match.elevens_exchanged = !match.elevens_exchanged;
+  play.match.elevens_exchanged = !play.match.elevens_exchanged;
 }
 
-void take_elevens() {
-  if (files.elevens_in_memory || !both_are_selected()) return load_elevens();
+void take_elevens(match_state& match, open_database& data) {
+  if (data.files.elevens_in_memory || !both_are_selected(match)) return load_elevens(match, data);
   try {
-    if (!match.elevens_unsaved) load_elevens();
+    if (!match.elevens_unsaved) load_elevens(match, data);
   } catch (const run_time_error&) {
     // The files serve every program on their folder. What has become of them does not end this match.
   }

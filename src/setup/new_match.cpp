@@ -8,6 +8,7 @@
 
 #include "database/configuration.h"
 #include "database/elevens.h"
+#include "database/open_database.h"
 #include "database/teams_file.h"
 #include "database/whole_file.h"
 #include "engine/match_reset.h"
@@ -18,6 +19,7 @@
 #include "setup/conditions.h"
 #include "setup/team_selection.h"
 #include "ui/front_end.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
@@ -36,20 +38,20 @@ std::string entry_text(const std::vector<team_entry>& list, int index) {
 }
 
 /// Keeps the ground of this name in the match; without one the ground before stays.
-void take_ground(const std::string& name) {
-  for (const ground_rec& ground : read_grounds()) {
+void take_ground(match_state& match, open_database& data, const std::string& name) {
+  for (const ground_rec& ground : read_grounds(data)) {
     if (ground.ground_name == name) match.ground = ground;
   }
 }
 
 /// Refuses a man with a rating that is no number: nothing can be reckoned with it.
-void require_ratings(const squad& men, int record) {
+void require_ratings(open_database& data, const squad& men, int record) {
   for (int place = 1; place <= men_in_squad; ++place) {
     const player_rec& man = men[place];
     if (man.name.empty() || (std::isfinite(man.bowl_sr) && std::isfinite(man.econ))) continue;
     const char* field = std::isfinite(man.bowl_sr) ? "econ" : "bowl_sr";
     throw run_time_error(failure::type, "Type mismatch: a rating that is no number",
-                         {.file = file_name_text(files.team_file),
+                         {.file = file_name_text(data.files.team_file),
                           .record = record,
                           .field = "squad[" + number_text(place) + "]." + field,
                           .player = man.name});
@@ -58,7 +60,7 @@ void require_ratings(const squad& men, int record) {
 
 /// The squad of the entry chosen. The record is read into the place of the team list with its own number, one behind
 /// that of the team, so the last of twenty teams has none.
-const squad& chosen_squad(const std::vector<team_entry>& list, int index) {
+const squad& chosen_squad(open_database& data, const std::vector<team_entry>& list, int index) {
   if (index < 0) {
     throw run_time_error(failure::subscript, "Subscript out of range: no team is chosen",
                          {.file = {}, .record = 0, .field = "team_name", .player = {}});
@@ -68,20 +70,20 @@ const squad& chosen_squad(const std::vector<team_entry>& list, int index) {
     throw run_time_error(failure::subscript, "Subscript out of range: the twentieth team cannot be played",
                          {.file = {}, .record = entry.record, .field = "team_name", .player = entry.name});
   }
-  const squad& men = read_team(entry.record).squad;
-  require_ratings(men, entry.record);
+  const squad& men = read_team(data, entry.record).squad;
+  require_ratings(data, men, entry.record);
   return men;
 }
 
 /// False if the user leaves the match, in the selection or behind it.
-bool select_team(int place, const std::vector<team_entry>& list, int index) {
+bool select_team(const match_play& play, int place, const std::vector<team_entry>& list, int index) {
   const std::string name = entry_text(list, index);
-  (place == 0 ? match.team1_name : match.team2_name) = name;
-  match.squads[place] = chosen_squad(list, index);
-  sort_squad(match.squads[place]);
-  team_selection_form form;
-  form.open(name, match.squads[place]);
-  user().show(form);
+  (place == 0 ? play.match.team1_name : play.match.team2_name) = name;
+  play.match.squads[place] = chosen_squad(play.data, list, index);
+  sort_squad(play.match.squads[place]);
+  team_selection_form form(play);
+  form.open(name, play.match.squads[place]);
+  play.user.show(form);
   return !form.left;
 }
 
@@ -114,11 +116,11 @@ void sort_squad(squad& men) {
 
 void new_match_form::open() {
   teams.clear();
-  const std::vector<team_rec>& all_teams = read_team_list();
-  match.team_count = all_teams.size();
+  const std::vector<team_rec>& all_teams = read_team_list(play_.data);
+  play_.match.team_count = all_teams.size();
   teams.reserve(all_teams.size());
   for (std::size_t i = 0; i < all_teams.size(); ++i) {
-    match.team_list[i + 1] = all_teams[i].team_name;
+    play_.match.team_list[i + 1] = all_teams[i].team_name;
     teams.push_back({all_teams[i].team_name, static_cast<int>(i) + 2});
   }
   first_team_index = teams.size() > 1 ? 1 : -1;
@@ -148,7 +150,7 @@ void new_match_form::rebuild_grounds() {
   grounds.clear();
   const std::string first = first_team_name();
   const std::string second = second_team_name();
-  const std::vector<ground_rec>& all_grounds = read_grounds();
+  const std::vector<ground_rec>& all_grounds = read_grounds(play_.data);
   grounds.reserve(all_grounds.size());
   for (const ground_rec& ground : all_grounds) {
     if (ground.country == first || ground.country == second) grounds.push_back(ground.ground_name);
@@ -167,19 +169,20 @@ void new_match_form::enter(const std::string& first, const std::string& second, 
 void new_match_form::accept() {
   visible = false;
   // A match that broke off between its two selections has left its mark.
-  match.first_team_done = false;
+  play_.match.first_team_done = false;
   try {
-    take_ground(ground_name());
-    match.computer_bats = computer_captains_first;
-    match.computer_bowls = computer_captains_second;
-    const elevens_before elevens;
-    conditions_form conditions;
+    take_ground(play_.match, play_.data, ground_name());
+    play_.match.computer_bats = computer_captains_first;
+    play_.match.computer_bowls = computer_captains_second;
+    const elevens_before elevens(play_.data);
+    conditions_form conditions(play_);
     conditions.open();
-    user().show(conditions);
-    left = conditions.left || !select_team(0, teams, first_team_index) || !select_team(1, teams, second_team_index);
+    play_.user.show(conditions);
+    left = conditions.left || !select_team(play_, 0, teams, first_team_index) ||
+           !select_team(play_, 1, teams, second_team_index);
     if (left) {
-      elevens.put_back(match.selected);
-      reset_match();
+      elevens.put_back(play_.match.selected);
+      reset_match(play_.match);
     }
   } catch (...) {
     visible = true;

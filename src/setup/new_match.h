@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/match_records.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
@@ -17,6 +18,8 @@ struct team_entry {
 
 /// The new match: teams, captains, ground. Its OK plays the whole match.
 struct new_match_form {
+  explicit new_match_form(const match_play& play) : play_(play) {}
+
   std::vector<team_entry> teams;         ///< list of teams; the second team's list is the same
   int first_team_index = -1;             ///< chosen entry of the first team, from 0; -1 for none
   int second_team_index = -1;            ///< chosen entry of the second team
@@ -54,6 +57,9 @@ struct new_match_form {
   void accept();
   /// "Cancel".
   void cancel() { visible = false; }
+
+ private:
+  match_play play_;
 };
 
 /// Sorts a squad into the order of the selection screen: roles in descending text order, within a role by descending

@@ -14,9 +14,13 @@
 namespace velorin {
 
 void team_selection_form::open(const std::string& team, const squad& men) {
-  *this = team_selection_form();
+  ticks.fill(false);
+  closed = left = false;
   team_ = team;
   squad_ = &men;
+  counted_ = false;
+  best_bowlers_ = {};
+  batting_bowler_ = 0;
 }
 
 bool team_selection_form::row_visible(int place) const { return !man(place).name.empty(); }
@@ -45,13 +49,13 @@ void team_selection_form::clear_selection() {
 }
 
 void team_selection_form::show_career_averages(int index) const {
-  player_rankings_form form;
+  player_rankings_form form(play_.data);
   form.open(index == 0 ? player_rankings_form::career_batting : player_rankings_form::career_bowling, team_);
-  user().show(form);
+  play_.user.show(form);
 }
 
 void team_selection_form::confirm(int side_index) {
-  eleven& chosen = match.selected[side_index];
+  eleven& chosen = play_.match.selected[side_index];
   int filled = 0;
   for (int place = 1; place <= men_in_squad; ++place) {
     if (!ticks[place]) continue;
@@ -65,25 +69,25 @@ void team_selection_form::confirm(int side_index) {
     to.bat_type = from.bat_type;
     to.bowler_type = from.bowler_type;
   }
-  save_selected(side_index);
+  save_selected(play_, side_index);
   closed = true;
 }
 
 void team_selection_form::accept_first() {
   if (ticked() != men_in_eleven) return;
-  match.first_team_done = true;
-  match.elevens_exchanged = false;
-  match.elevens_unsaved = false;
+  play_.match.first_team_done = true;
+  play_.match.elevens_exchanged = false;
+  play_.match.elevens_unsaved = false;
   confirm(0);
 }
 
 void team_selection_form::accept_second() {
   if (ticked() != men_in_eleven) return;
-  match.first_team_done = false;
+  play_.match.first_team_done = false;
   confirm(1);
-  left = !toss_and_play();
+  left = !toss_and_play(play_);
 }
 
-void team_selection_form::accept() { match.first_team_done ? accept_second() : accept_first(); }
+void team_selection_form::accept() { play_.match.first_team_done ? accept_second() : accept_first(); }
 
 }  // namespace velorin

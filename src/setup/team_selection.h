@@ -6,11 +6,14 @@
 
 #include "model/match_records.h"
 #include "model/rules.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
 /// The selection of an eleven from a squad of twenty places. Shown once for each team of a match.
 struct team_selection_form {
+  explicit team_selection_form(const match_play& play) : play_(play) {}
+
   std::array<bool, men_in_squad + 1> ticks{};  ///< [1..20] ticked
   bool closed = false;
   bool left = false;  ///< the user has left the match, here or at the toss
@@ -64,6 +67,7 @@ struct team_selection_form {
   bool counted_ = false;  // the counter has been rewritten since the form opened
   std::array<int, 4> best_bowlers_{};
   int batting_bowler_ = 0;
+  match_play play_;
 };
 
 }  // namespace velorin

@@ -9,17 +9,18 @@
 #include "model/random.h"
 #include "setup/elevens_in_play.h"
 #include "ui/front_end.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
 namespace {
 
-void toss_unattended() {
-  toss_form form;
-  form.deciding_line = match.team1_name;
-  form.other_line = match.team2_name;
-  reseed();
-  if (coin() == 1) {
+void toss_unattended(const match_play& play) {
+  toss_form form(play);
+  form.deciding_line = play.match.team1_name;
+  form.other_line = play.match.team2_name;
+  play.chance.reseed();
+  if (coin(play.chance) == 1) {
     form.choose_to_bat();
   } else {
     form.choose_to_bowl();
@@ -27,34 +28,34 @@ void toss_unattended() {
 }
 
 /// False if the user leaves the match.
-bool hold_toss() {
-  if (!match.human_involved()) {
-    toss_unattended();
+bool hold_toss(const match_play& play) {
+  if (!play.match.human_involved()) {
+    toss_unattended(play);
     return true;
   }
-  toss_form form;
-  if (match.computer_bats) {
-    reseed();
-    const char* call = coin() == 1 ? " have taken Heads" : " have taken Tails";
-    user().show(message_box{"The toss", match.team1_name + call});
+  toss_form form(play);
+  if (play.match.computer_bats) {
+    play.chance.reseed();
+    const char* call = coin(play.chance) == 1 ? " have taken Heads" : " have taken Tails";
+    play.user.show(message_box{"The toss", play.match.team1_name + call});
     form.open_decided();
   } else {
     form.open();
   }
-  user().show(form);
+  play.user.show(form);
   return !form.left;
 }
 
 }  // namespace
 
 void toss_form::open() {
-  *this = toss_form();
-  headline = match.team1_name + " to call...";
+  static_cast<toss_fields&>(*this) = {};
+  headline = play_.match.team1_name + " to call...";
 }
 
 void toss_form::open_decided() {
-  *this = toss_form();
-  toss_outcome outcome = decide_toss();
+  static_cast<toss_fields&>(*this) = {};
+  toss_outcome outcome = decide_toss(play_.match, play_.chance);
   headline = std::move(outcome.headline);
   deciding_line = std::move(outcome.deciding_line);
   other_line = std::move(outcome.other_line);
@@ -64,15 +65,15 @@ void toss_form::open_decided() {
 }
 
 void toss_form::call_coin(int) {
-  reseed();
-  const bool first_wins = coin() == 1;
-  const bool second_decides = !first_wins && !match.computer_bowls;
-  headline = (first_wins ? match.team1_name : match.team2_name) + " have won the toss";
-  deciding_line = second_decides ? match.team2_name : match.team1_name;
-  other_line = second_decides ? match.team1_name : match.team2_name;
+  play_.chance.reseed();
+  const bool first_wins = coin(play_.chance) == 1;
+  const bool second_decides = !first_wins && !play_.match.computer_bowls;
+  headline = (first_wins ? play_.match.team1_name : play_.match.team2_name) + " have won the toss";
+  deciding_line = second_decides ? play_.match.team2_name : play_.match.team1_name;
+  other_line = second_decides ? play_.match.team1_name : play_.match.team2_name;
   if (first_wins || second_decides) {
     headline += ".";
-  } else if (coin() == 1) {
+  } else if (coin(play_.chance) == 1) {
     headline += " and have elected to field first.";
     bowl_enabled = false;
   } else {
@@ -83,30 +84,30 @@ void toss_form::call_coin(int) {
 }
 
 void toss_form::choose_to_bat() {
-  if (other_line == match.team1_name) swap_teams();
+  if (other_line == play_.match.team1_name) swap_teams(play_);
   closed = true;
 }
 
 void toss_form::choose_to_bowl() {
-  if (deciding_line == match.team1_name) swap_teams();
+  if (deciding_line == play_.match.team1_name) swap_teams(play_);
   closed = true;
 }
 
-void swap_teams() {
-  exchange_elevens();
-  std::swap(match.team1_name, match.team2_name);
-  std::swap(match.computer_bats, match.computer_bowls);
+void swap_teams(const match_play& play) {
+  exchange_elevens(play);
+  std::swap(play.match.team1_name, play.match.team2_name);
+  std::swap(play.match.computer_bats, play.match.computer_bowls);
 }
 
-bool toss_and_play() {
-  if (!hold_toss()) return false;
-  take_elevens();
-  open_console();
-  if (match.console_open && match.human_involved()) {
-    console_form console;
-    user().show(console);
+bool toss_and_play(const match_play& play) {
+  if (!hold_toss(play)) return false;
+  take_elevens(play.match, play.data);
+  open_console(play);
+  if (play.match.console_open && play.match.human_involved()) {
+    console_form console(play);
+    play.user.show(console);
   }
-  match.console_open = false;
+  play.match.console_open = false;
   return true;
 }
 

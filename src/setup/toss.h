@@ -3,10 +3,12 @@
 
 #include <string>
 
+#include "ui/match_play.h"
+
 namespace velorin {
 
-/// The toss. First the coin's buttons are shown, then the decision's.
-struct toss_form {
+/// What the toss shows.
+struct toss_fields {
   std::string headline;       ///< the headline
   std::string deciding_line;  ///< deciding line: the team for which "Bat" and "Bowl" speak
   std::string other_line;     ///< the other team
@@ -15,6 +17,11 @@ struct toss_form {
   bool bowl_enabled = true;   ///< "Bowl"
   bool closed = false;
   bool left = false;  ///< the user has left the match here
+};
+
+/// The toss. First the coin's buttons are shown, then the decision's.
+struct toss_form : toss_fields {
+  explicit toss_form(const match_play& play) : play_(play) {}
 
   /// The first team is to call. Reads the team names.
   void open();
@@ -30,14 +37,17 @@ struct toss_form {
   void choose_to_bowl();
   /// The user leaves the match: the form closes, and the set-up is undone.
   void leave() { left = closed = true; }
+
+ private:
+  match_play play_;
 };
 
 /// Makes the first team the second: elevens, names, captains. Asks and raises what exchange_elevens does.
-void swap_teams();
+void swap_teams(const match_play& play);
 
 /// The toss by the captains that the two teams have, then the elevens and the match. Requires both selections. Returns
 /// when the match is over. False if the user leaves it at the toss: no eleven is loaded then and no console opened.
 /// Draws the toss; asks for its message and screen where a human is involved, then shows the console.
-bool toss_and_play();
+bool toss_and_play(const match_play& play);
 
 }  // namespace velorin

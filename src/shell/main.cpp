@@ -6,8 +6,9 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <memory>
 
-#include "database/configuration.h"
+#include "competitions/game_state.h"
 #include "database/file_calls.h"
 #include "desktop/preferences.h"
 #include "desktop/theme.h"
@@ -26,11 +27,11 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("velorin"));
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/velorin.svg")));
-  files.folder = std::filesystem::path(QApplication::applicationDirPath().toStdString()) / "teams";
+  const auto game = std::make_unique<game_state>();  // too large for some stacks
+  game->data.files.folder = std::filesystem::path(QApplication::applicationDirPath().toStdString()) / "teams";
   apply_theme(preferences::appearance());
 
-  QtFrontEnd shown_by;
-  const front_end_scope in_use(shown_by);
+  QtFrontEnd shown_by(*game);
   MenuWindow menu_window(shown_by);
   menu_window.show();
   QTimer::singleShot(0, &menu_window, &MenuWindow::start);

@@ -33,18 +33,26 @@ namespace velorin::menu {
 
 namespace {
 
+/// Shows an open form in its window, unless it has closed itself as it opened. `given`: what the window takes before
+/// the form.
 template <class Window, class CoreForm, class... Given>
-void open_form(Given... given) {
-  CoreForm form;
-  form.open(given...);
+void show_form(CoreForm& form, Given&&... given) {
   if constexpr (requires { form.closed; }) {
-    if (form.closed) return;  // it has closed itself as it opened
+    if (form.closed) return;
   }
-  Window window(form);
+  Window window(given..., form);
   // A form whose competition was left before its first match was over stands open again.
   do {
     run_modal(window);
   } while (window.isVisible());
+}
+
+/// A list of records.
+template <class Window, class CoreForm, class... Mode>
+void show_list(QtFrontEnd& shown_by, Mode... mode) {
+  CoreForm form(shown_by.game().data);
+  form.open(mode...);
+  show_form<Window>(form, shown_by, shown_by.game().data);
 }
 
 /// Tells the front end that an activity is under way.
@@ -63,17 +71,25 @@ class UnderWay {
 
 void new_match(QtFrontEnd& shown_by) {
   const UnderWay under_way(shown_by, Activity::single_match);
-  open_form<NewMatchWindow, new_match_form>();
+  new_match_form form(shown_by.play());
+  form.open();
+  show_form<NewMatchWindow>(form, shown_by.game().match);
 }
 
 void new_series(QtFrontEnd& shown_by) {
   const UnderWay under_way(shown_by, Activity::series_of_two);
-  open_form<SeriesWindow, series_form>();
+  game_state& game = shown_by.game();
+  series_form form(shown_by.play(), game.series);
+  form.open();
+  show_form<SeriesWindow>(form, game.match, game.data);
 }
 
 void tri_series(QtFrontEnd& shown_by) {
   const UnderWay under_way(shown_by, Activity::series_of_three);
-  open_form<TriSeriesWindow, tri_series_form>();
+  game_state& game = shown_by.game();
+  tri_series_form form(shown_by.play(), game.tri);
+  form.open();
+  show_form<TriSeriesWindow>(form, game.match, game.data);
 }
 
 void world_cup(QtFrontEnd& shown_by) {
@@ -81,40 +97,56 @@ void world_cup(QtFrontEnd& shown_by) {
   world_cup_form& form = shown_by.cup_form();
   form.show_again();
   if (form.closed) return;  // it has closed itself as it opened
-  WorldCupWindow window(form);
+  game_state& game = shown_by.game();
+  WorldCupWindow window(game.match, game.data, game.world_cup, form);
   run_modal(window);
 }
 
-void player_profiles() { open_form<PlayerProfileWindow, player_profile_form>(); }
-void team_records() { open_form<TeamRecordsWindow, team_records_form>(); }
-void world_rankings() { open_form<WorldRankingsWindow, world_rankings_form>(); }
-
-void totals(int record_mode) { open_form<TotalRecordsWindow, total_records_form>(record_mode); }
-void individual(int record_mode) { open_form<BestPerformancesWindow, best_performances_form>(record_mode); }
-void players(int record_mode) { open_form<PlayerRankingsWindow, player_rankings_form>(record_mode); }
-void century_makers() { open_form<CenturyMakersWindow, century_makers_form>(); }
-void partnerships() { open_form<StandRecordsWindow, stand_records_form>(); }
-
-void all_batting() {
-  totals(1);
-  totals(0);
-  individual(1);
-  players(2);
-  players(1);
-  players(3);
-  players(4);
-  century_makers();
-  partnerships();
+void player_profiles(QtFrontEnd& shown_by) {
+  player_profile_form form(shown_by.game().data);
+  form.open();
+  show_form<PlayerProfileWindow>(form);
 }
 
-void all_bowling() {
-  players(5);
-  players(7);
-  players(6);
-  individual(0);
+void team_records(QtFrontEnd& shown_by) { show_list<TeamRecordsWindow, team_records_form>(shown_by); }
+void world_rankings(QtFrontEnd& shown_by) { show_list<WorldRankingsWindow, world_rankings_form>(shown_by); }
+
+void totals(QtFrontEnd& shown_by, int record_mode) {
+  show_list<TotalRecordsWindow, total_records_form>(shown_by, record_mode);
+}
+void individual(QtFrontEnd& shown_by, int record_mode) {
+  show_list<BestPerformancesWindow, best_performances_form>(shown_by, record_mode);
+}
+void players(QtFrontEnd& shown_by, int record_mode) {
+  show_list<PlayerRankingsWindow, player_rankings_form>(shown_by, record_mode);
+}
+void century_makers(QtFrontEnd& shown_by) { show_list<CenturyMakersWindow, century_makers_form>(shown_by); }
+void partnerships(QtFrontEnd& shown_by) { show_list<StandRecordsWindow, stand_records_form>(shown_by); }
+
+void all_batting(QtFrontEnd& shown_by) {
+  totals(shown_by, 1);
+  totals(shown_by, 0);
+  individual(shown_by, 1);
+  players(shown_by, 2);
+  players(shown_by, 1);
+  players(shown_by, 3);
+  players(shown_by, 4);
+  century_makers(shown_by);
+  partnerships(shown_by);
 }
 
-void configurations() { open_form<SettingsWindow, settings_form>(); }
+void all_bowling(QtFrontEnd& shown_by) {
+  players(shown_by, 5);
+  players(shown_by, 7);
+  players(shown_by, 6);
+  individual(shown_by, 0);
+}
+
+void configurations(QtFrontEnd& shown_by) {
+  settings_form form(shown_by.game().data);
+  form.open();
+  show_form<SettingsWindow>(form, shown_by.game().data);
+}
 
 void credits() {
   CreditsWindow window;

@@ -17,21 +17,21 @@ void tri_series(QtFrontEnd& shown_by);
 void world_cup(QtFrontEnd& shown_by);
 
 /// "Other Records".
-void player_profiles();
-void team_records();
-void world_rankings();
+void player_profiles(QtFrontEnd& shown_by);
+void team_records(QtFrontEnd& shown_by);
+void world_rankings(QtFrontEnd& shown_by);
 
 /// Record lists, `record_mode` as they take it.
-void totals(int record_mode);
-void individual(int record_mode);
-void players(int record_mode);
-void century_makers();
-void partnerships();
+void totals(QtFrontEnd& shown_by, int record_mode);
+void individual(QtFrontEnd& shown_by, int record_mode);
+void players(QtFrontEnd& shown_by, int record_mode);
+void century_makers(QtFrontEnd& shown_by);
+void partnerships(QtFrontEnd& shown_by);
 /// The lists one after the other, each as the one before is closed.
-void all_batting();
-void all_bowling();
+void all_batting(QtFrontEnd& shown_by);
+void all_bowling(QtFrontEnd& shown_by);
 
-void configurations();
+void configurations(QtFrontEnd& shown_by);
 void credits();
 
 }  // namespace menu

@@ -10,6 +10,7 @@
 
 #include "database/agreement.h"
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "desktop/controls.h"
 #include "desktop/ground_picture.h"
 #include "desktop/message_window.h"
@@ -55,20 +56,22 @@ MenuWindow::MenuWindow(QtFrontEnd& shown_by)
   show_panel(main_);
 }
 
+open_database& MenuWindow::open_data() { return shown_by_.game().data; }
+
 void MenuWindow::start() {
   guarded([this] {
     std::string cause;
-    const first_settings found = take_first_settings(&cause);
+    const first_settings found = take_first_settings(open_data(), &cause);
     if (!cause.empty()) {
       MessageWindow told({"Error", cause});
       run_modal(told);
     }
     if (found == first_settings::not_on_offer) {
       MessageWindow told(
-          {"Error", "The database \"" + settings.database_name + "\" is not on offer (file options.mc)"});
+          {"Error", "The database \"" + open_data().settings.database_name + "\" is not on offer (file options.mc)"});
       run_modal(told);
     }
-    if (found != first_settings::in_use) menu::configurations();
+    if (found != first_settings::in_use) menu::configurations(shown_by_);
     show_database();
   });
 }
@@ -108,7 +111,7 @@ void MenuWindow::add_main_panel() {
                      {"Label2", "Batting Stats", u'B', panel(2)},
                      {"Label3", "Bowling Stats", u'W', panel(3)},
                      {"Label4", "Other Records", u'O', panel(1)},
-                     {"Label5", "Configurations", u'C', [] { menu::configurations(); }},
+                     {"Label5", "Configurations", u'C', [this] { menu::configurations(shown_by_); }},
                      {"Label6", "Credits", u'R', [] { menu::credits(); }},
                      {"Label7", "Exit", u'X', [this] { leave(); }}});
 }
@@ -123,37 +126,39 @@ void MenuWindow::add_start_panel() {
 }
 
 void MenuWindow::add_other_panel() {
-  sub_[1] = new_panel("Picture1_1", QStringLiteral("Other Records"),
-                      {{"Label27", "Player Profiles", u'P', with_database(menu::player_profiles)},
-                       {"Label28", "Team Records", u'T', with_database(menu::team_records)},
-                       {"Label29", "World Rankings", u'W', with_database(menu::world_rankings)},
-                       {"back2", "<<Back", u'B', [this] { show_panel(main_); }}});
+  sub_[1] =
+      new_panel("Picture1_1", QStringLiteral("Other Records"),
+                {{"Label27", "Player Profiles", u'P', with_database([this] { menu::player_profiles(shown_by_); })},
+                 {"Label28", "Team Records", u'T', with_database([this] { menu::team_records(shown_by_); })},
+                 {"Label29", "World Rankings", u'W', with_database([this] { menu::world_rankings(shown_by_); })},
+                 {"back2", "<<Back", u'B', [this] { show_panel(main_); }}});
 }
 
 void MenuWindow::add_batting_panel() {
-  const auto list = [this](void (*show_list)(int), int record_mode) {
-    return with_database([show_list, record_mode] { show_list(record_mode); });
+  const auto list = [this](void (*show_list)(QtFrontEnd&, int), int record_mode) {
+    return with_database([this, show_list, record_mode] { show_list(shown_by_, record_mode); });
   };
-  sub_[2] = new_panel("Picture1_2", QStringLiteral("Batting Stats"),
-                      {{"Label12", "All Batting Stats", u'A', with_database(menu::all_batting)},
-                       {"Label13", "Highest Totals", u'H', list(menu::totals, 1)},
-                       {"Label14", "Lowest Totals", u'L', list(menu::totals, 0)},
-                       {"Label15", "Highest Individual Scores", u'I', list(menu::individual, 1)},
-                       {"Label16", "Most Runs Scored", u'M', list(menu::players, 2)},
-                       {"Label17", "Highest Averages", u'V', list(menu::players, 1)},
-                       {"Label18", "% Innings 50 or More", u'5', list(menu::players, 4)},
-                       {"Label19", "Top Century Makers", u'C', with_database(menu::century_makers)},
-                       {"Label20", "Highest Strike Rates", u'S', list(menu::players, 3)},
-                       {"Label21", "Record Partnerships", u'P', with_database(menu::partnerships)},
-                       {"back3", "<<Back", u'B', [this] { show_panel(main_); }}});
+  sub_[2] =
+      new_panel("Picture1_2", QStringLiteral("Batting Stats"),
+                {{"Label12", "All Batting Stats", u'A', with_database([this] { menu::all_batting(shown_by_); })},
+                 {"Label13", "Highest Totals", u'H', list(menu::totals, 1)},
+                 {"Label14", "Lowest Totals", u'L', list(menu::totals, 0)},
+                 {"Label15", "Highest Individual Scores", u'I', list(menu::individual, 1)},
+                 {"Label16", "Most Runs Scored", u'M', list(menu::players, 2)},
+                 {"Label17", "Highest Averages", u'V', list(menu::players, 1)},
+                 {"Label18", "% Innings 50 or More", u'5', list(menu::players, 4)},
+                 {"Label19", "Top Century Makers", u'C', with_database([this] { menu::century_makers(shown_by_); })},
+                 {"Label20", "Highest Strike Rates", u'S', list(menu::players, 3)},
+                 {"Label21", "Record Partnerships", u'P', with_database([this] { menu::partnerships(shown_by_); })},
+                 {"back3", "<<Back", u'B', [this] { show_panel(main_); }}});
 }
 
 void MenuWindow::add_bowling_panel() {
-  const auto list = [this](void (*show_list)(int), int record_mode) {
-    return with_database([show_list, record_mode] { show_list(record_mode); });
+  const auto list = [this](void (*show_list)(QtFrontEnd&, int), int record_mode) {
+    return with_database([this, show_list, record_mode] { show_list(shown_by_, record_mode); });
   };
   sub_[3] = new_panel("Picture1_3", QStringLiteral("Bowling Stats"),
-                      {{"Label22", "All Bowling Stats", u'A', with_database(menu::all_bowling)},
+                      {{"Label22", "All Bowling Stats", u'A', with_database([this] { menu::all_bowling(shown_by_); })},
                        {"Label23", "Most Wickets", u'W', list(menu::players, 5)},
                        {"Label24", "Best Bowling Averages", u'V', list(menu::players, 7)},
                        {"Label25", "Best Economy Rates", u'E', list(menu::players, 6)},
@@ -181,18 +186,18 @@ QWidget* MenuWindow::new_appearance_choice() {
 }
 
 std::function<void()> MenuWindow::with_database(std::function<void()> act) {
-  return [act = std::move(act)] {
-    if (files.base.empty()) menu::configurations();
-    if (files.base.empty()) return;
+  return [this, act = std::move(act)] {
+    if (open_data().files.base.empty()) menu::configurations(shown_by_);
+    if (open_data().files.base.empty()) return;
     take_told_fault();
     guarded(act);
-    if (take_told_fault()) menu::configurations();
+    if (take_told_fault()) menu::configurations(shown_by_);
   };
 }
 
 std::function<void()> MenuWindow::for_play(void (*activity)(QtFrontEnd&)) {
   return with_database([this, activity] {
-    require_database_for_play();
+    require_database_for_play(open_data());
     activity(shown_by_);
   });
 }
@@ -210,8 +215,9 @@ void MenuWindow::clear_highlights() {
 }
 
 void MenuWindow::show_database() {
-  database_->setText(files.base.empty() ? QStringLiteral("No database chosen")
-                                        : QStringLiteral("Database: %1").arg(shown(files.base)));
+  database_->setText(open_data().files.base.empty()
+                         ? QStringLiteral("No database chosen")
+                         : QStringLiteral("Database: %1").arg(shown(open_data().files.base)));
 }
 
 void MenuWindow::move_focus(int step) {

@@ -14,6 +14,7 @@ namespace velorin {
 
 class MenuEntry;
 class QtFrontEnd;
+struct open_database;
 
 /// The start-up form: the menu of all activities, in a main panel and four sub-panels.
 class MenuWindow : public Form {
@@ -54,6 +55,7 @@ class MenuWindow : public Form {
   std::function<void()> with_database(std::function<void()> act);
   /// The same for an entry that plays: refuses a database that cannot take a match.
   std::function<void()> for_play(void (*activity)(QtFrontEnd&));
+  open_database& open_data();
   void show_panel(QWidget* panel);
   void clear_highlights();
   void move_focus(int step);

@@ -48,22 +48,25 @@ namespace velorin {
 
 namespace {
 
-template <class Window, class CoreForm>
-void show_modally(CoreForm& form) {
-  Window window(form);
+/// Shows an open form in its window. `given`: what the window takes before the form.
+template <class Window, class CoreForm, class... Given>
+void show_modally(CoreForm& form, Given&&... given) {
+  Window window(given..., form);
   run_modal(window);
 }
 
-template <class Window, class CoreForm>
-void open_modally() {
-  CoreForm form;
+/// The same for a report of the match.
+template <class Window, class CoreForm, class... Given>
+void open_modally(match_state& match, Given&&... given) {
+  CoreForm form(match);
   form.open();
-  show_modally<Window>(form);
+  show_modally<Window>(form, given...);
 }
 
 }  // namespace
 
-QtFrontEnd::QtFrontEnd() = default;
+QtFrontEnd::QtFrontEnd(game_state& game)
+    : game_(game), unstopped_(game), turns_(game.data.files), cup_form_(play(), game.world_cup) {}
 QtFrontEnd::~QtFrontEnd() { progress_done(); }
 
 void QtFrontEnd::activity_over() {
@@ -98,20 +101,20 @@ void QtFrontEnd::show(conditions_form& form) {
 
 void QtFrontEnd::show(team_selection_form& form) {
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
-  show_modally<TeamSelectionWindow>(form);
+  show_modally<TeamSelectionWindow>(form, game_.match);
 }
 
 void QtFrontEnd::show(toss_form& form) { show_modally<TossWindow>(form); }
 
 void QtFrontEnd::show(next_batsman_form& form) {
   refresh_console();
-  show_modally<NextBatsmanWindow>(form);
+  show_modally<NextBatsmanWindow>(form, play());
 }
 
 void QtFrontEnd::show(bowler_choice_form& form) {
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
   refresh_console();
-  show_modally<BowlerChoiceWindow>(form);
+  show_modally<BowlerChoiceWindow>(form, play());
 }
 
 void QtFrontEnd::show(aggression_form& form) {
@@ -125,7 +128,7 @@ void QtFrontEnd::show(batsman_details_form& form) {
 }
 
 void QtFrontEnd::show(console_form& form) {
-  ConsoleWindow window(form);
+  ConsoleWindow window(game_.match, game_.data, form);
   struct Shown {
     ConsoleWindow*& console;
     ~Shown() { console = nullptr; }
@@ -163,28 +166,28 @@ void QtFrontEnd::open(report which) {
   refresh_console();
   switch (which) {
     case report::scorecard:
-      return open_modally<ScorecardWindow, scorecard_form>();
+      return open_modally<ScorecardWindow, scorecard_form>(game_.match, play());
     case report::first_scorecard:
-      return open_modally<FirstScorecardWindow, first_scorecard_form>();
+      return open_modally<FirstScorecardWindow, first_scorecard_form>(game_.match, *this);
     case report::bowling_card:
-      return open_modally<BowlingCardWindow, bowling_card_form>();
+      return open_modally<BowlingCardWindow, bowling_card_form>(game_.match);
     case report::first_bowling_card:
-      return open_modally<FirstBowlingCardWindow, first_bowling_card_form>();
+      return open_modally<FirstBowlingCardWindow, first_bowling_card_form>(game_.match);
     case report::partnerships:
-      return open_modally<PartnershipsWindow, partnerships_form>();
+      return open_modally<PartnershipsWindow, partnerships_form>(game_.match);
     case report::first_partnerships:
-      return open_modally<FirstPartnershipsWindow, first_partnerships_form>();
+      return open_modally<FirstPartnershipsWindow, first_partnerships_form>(game_.match);
     case report::overs_graph:
-      return open_modally<OversGraphWindow, overs_graph_form>();
+      return open_modally<OversGraphWindow, overs_graph_form>(game_.match);
     case report::worm_graph:
       // The lines themselves live in the match record and outlast every showing.
-      return open_modally<WormGraphWindow, worm_graph_form>();
+      return open_modally<WormGraphWindow, worm_graph_form>(game_.match);
   }
 }
 
 void QtFrontEnd::show(player_profile_form& form) { show_modally<PlayerProfileWindow>(form); }
 
-void QtFrontEnd::show(player_rankings_form& form) { show_modally<PlayerRankingsWindow>(form); }
+void QtFrontEnd::show(player_rankings_form& form) { show_modally<PlayerRankingsWindow>(form, *this, game_.data); }
 
 void QtFrontEnd::show(series_results_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
@@ -198,12 +201,12 @@ void QtFrontEnd::show(tri_series_table_form& form) {
 
 void QtFrontEnd::show(world_cup_fixtures_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_modally<WorldCupFixturesWindow>(form);
+  show_modally<WorldCupFixturesWindow>(form, game_.world_cup);
 }
 
 void QtFrontEnd::show(world_cup_tables_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_modally<WorldCupTablesWindow>(form);
+  show_modally<WorldCupTablesWindow>(form, game_.world_cup);
 }
 
 }  // namespace velorin

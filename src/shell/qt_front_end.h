@@ -3,10 +3,12 @@
 
 #include <QPointer>
 
+#include "competitions/game_state.h"
 #include "competitions/world_cup_form.h"
 #include "shell/turn_waiting.h"
 #include "shell/unstopped_play.h"
 #include "ui/front_end.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
@@ -18,7 +20,8 @@ class MatchProgressWindow;
 /// once the program is ending.
 class QtFrontEnd : public front_end {
  public:
-  QtFrontEnd();
+  /// `game` outlives it.
+  explicit QtFrontEnd(game_state& game);
   ~QtFrontEnd() override;
 
   void show(const message_box& message) override;
@@ -45,6 +48,9 @@ class QtFrontEnd : public front_end {
   /// The menu opens an activity, or the one it had opened is over.
   void activity_begins(Activity activity) { unstopped_.begin(activity); }
   void activity_over();
+  game_state& game() { return game_; }
+  /// The match in play, shown by this.
+  match_play play() { return {game_.match, game_.chance, *this, game_.data}; }
   /// The form of the World Cup, which may stay loaded from one tournament to the next.
   world_cup_form& cup_form() { return cup_form_; }
 
@@ -52,6 +58,7 @@ class QtFrontEnd : public front_end {
   /// Brings the console up to date before a window opens over it.
   void refresh_console();
 
+  game_state& game_;
   ConsoleWindow* console_ = nullptr;        // the one console, while a match is on
   QPointer<Form> busy_;                     // the window below the progress: it takes no input meanwhile
   QPointer<MatchProgressWindow> progress_;  // while an unattended match runs; the window below it owns it

@@ -35,7 +35,7 @@ TurnWindow::TurnWindow(const std::filesystem::path& folder, QWidget* parent)
 
 TurnWaiting::~TurnWaiting() {
   delete window_.data();
-  watch_turns(before_);
+  files_.watcher = before_;
 }
 
 void TurnWaiting::turn_is_waited_for(const std::filesystem::path& folder, std::chrono::milliseconds so_far) {

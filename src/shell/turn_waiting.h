@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QPointer>
+#include <utility>
 
+#include "database/configuration.h"
 #include "database/folder_lock.h"
 #include "desktop/form.h"
 
@@ -20,7 +22,8 @@ class TurnWindow : public Form {
 /// alive meanwhile, and nothing else takes input.
 class TurnWaiting : public turn_watcher {
  public:
-  TurnWaiting() : before_(watch_turns(this)) {}
+  /// Waits for the folder of these files are told, as long as both live.
+  explicit TurnWaiting(database_files& files) : files_(files), before_(std::exchange(files.watcher, this)) {}
   ~TurnWaiting() override;
   TurnWaiting(const TurnWaiting&) = delete;
   TurnWaiting& operator=(const TurnWaiting&) = delete;
@@ -29,6 +32,7 @@ class TurnWaiting : public turn_watcher {
   void wait_is_over() override;
 
  private:
+  database_files& files_;
   turn_watcher* before_;
   QPointer<TurnWindow> window_;
 };

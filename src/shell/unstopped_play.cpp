@@ -6,12 +6,9 @@
 #include <array>
 #include <utility>
 
-#include "competitions/series.h"
-#include "competitions/tri_series.h"
-#include "competitions/world_cup.h"
+#include "competitions/game_state.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
-#include "model/match_state.h"
 #include "shell/unstopped_window.h"
 
 namespace velorin {
@@ -24,7 +21,7 @@ constexpr int group_matches = 20;
 constexpr int super_six_end = 29;  // the last fixture of the Super Six
 constexpr int knock_outs = 3;
 
-bool next_tri_match_has_human() {
+bool next_tri_match_has_human(const tri_record& tri) {
   if (tri.matches_played < 3 * tri.rounds) {
     static constexpr std::array<std::array<std::size_t, 2>, 3> pairs = {{{1, 2}, {1, 3}, {2, 3}}};
     const auto [a, b] = pairs[static_cast<std::size_t>(tri.matches_played % 3)];
@@ -36,14 +33,14 @@ bool next_tri_match_has_human() {
   return false;
 }
 
-bool super_six_match_has_human(const cup_fixture& fixture) {
+bool super_six_match_has_human(const world_cup_record& world_cup, const cup_fixture& fixture) {
   return world_cup.super_six_human[static_cast<std::size_t>(int(fixture.index_a))] ||
          world_cup.super_six_human[static_cast<std::size_t>(fixture.index_b + 3)];
 }
 
 /// The first semi-final is played by places 1 and 4 of the Super Six, whose table is sorted only after its last
 /// standings were shown.
-bool first_semifinal_has_human() {
+bool first_semifinal_has_human(const world_cup_record& world_cup) {
   super_six_league table = world_cup.super_six;
   std::array<bool, 7> human = world_cup.super_six_human;
   sort_league(table, 6, [&](int j) {
@@ -53,7 +50,7 @@ bool first_semifinal_has_human() {
   return human[1] || human[4];
 }
 
-bool next_cup_match_has_human() {
+bool next_cup_match_has_human(const world_cup_record& world_cup) {
   const int next = world_cup.next_match;
   const cup_fixture& fixture = world_cup.fixtures[static_cast<std::size_t>(std::min(next, super_six_end))];
   switch (world_cup.stage) {
@@ -66,10 +63,11 @@ bool next_cup_match_has_human() {
     case cup_stage::super_six_draw: {
       // Nobody knows the first match before it is drawn.
       const cup_fixture& first = world_cup.fixtures[group_matches + 1];
-      return first.stage == "SS" && super_six_match_has_human(first);
+      return first.stage == "SS" && super_six_match_has_human(world_cup, first);
     }
     case cup_stage::super_six_matches:
-      return next > super_six_end ? first_semifinal_has_human() : super_six_match_has_human(fixture);
+      return next > super_six_end ? first_semifinal_has_human(world_cup)
+                                  : super_six_match_has_human(world_cup, fixture);
     case cup_stage::knock_out: {
       if (next == knock_outs) break;
       // The tables are shown before the next tie is entered.
@@ -87,50 +85,50 @@ bool next_cup_match_has_human() {
 
 }  // namespace
 
-int matches_left(Activity activity) {
+int matches_left(const game_state& game, Activity activity) {
   switch (activity) {
     case Activity::series_of_two:
-      return series.matches - series.match_no;
+      return game.series.matches - game.series.match_no;
     case Activity::series_of_three:
-      return tri.matches_played < 3 * tri.rounds ? 3 * tri.rounds - tri.matches_played : 0;
+      return game.tri.matches_played < 3 * game.tri.rounds ? 3 * game.tri.rounds - game.tri.matches_played : 0;
     case Activity::cup:
-      if (world_cup.stage == cup_stage::knock_out) return knock_outs - world_cup.next_match;
-      return super_six_end + knock_outs - world_cup.next_match;
+      if (game.world_cup.stage == cup_stage::knock_out) return knock_outs - game.world_cup.next_match;
+      return super_six_end + knock_outs - game.world_cup.next_match;
     case Activity::single_match:
       break;
   }
   return 0;
 }
 
-bool is_over(Activity activity) {
+bool is_over(const game_state& game, Activity activity) {
   switch (activity) {
     case Activity::series_of_two:
-      return series.series_over;
+      return game.series.series_over;
     case Activity::series_of_three:
-      return tri.final_played;
+      return game.tri.final_played;
     case Activity::cup:
-      return world_cup.stage == cup_stage::knock_out && world_cup.next_match == knock_outs;
+      return game.world_cup.stage == cup_stage::knock_out && game.world_cup.next_match == knock_outs;
     case Activity::single_match:
       break;
   }
   return true;
 }
 
-bool next_match_has_human(Activity activity) {
+bool next_match_has_human(const game_state& game, Activity activity) {
   switch (activity) {
     case Activity::series_of_two:
-      return series.home.human || series.away.human;
+      return game.series.home.human || game.series.away.human;
     case Activity::series_of_three:
-      return next_tri_match_has_human();
+      return next_tri_match_has_human(game.tri);
     case Activity::cup:
-      return next_cup_match_has_human();
+      return next_cup_match_has_human(game.world_cup);
     case Activity::single_match:
       break;
   }
   return false;
 }
 
-UnstoppedPlay::UnstoppedPlay() = default;
+UnstoppedPlay::UnstoppedPlay(const game_state& game) : game_(game), user_(game.match) {}
 UnstoppedPlay::~UnstoppedPlay() { delete window_.data(); }
 
 void UnstoppedPlay::begin(Activity activity) {
@@ -158,7 +156,7 @@ bool UnstoppedPlay::switched_on() const {
 }
 
 void UnstoppedPlay::match_begins() {
-  answering_ = switched_on() && !match.human_involved();
+  answering_ = switched_on() && !game_.match.human_involved();
   if (answering_) {
     running_ = true;
   } else {
@@ -168,7 +166,8 @@ void UnstoppedPlay::match_begins() {
 
 bool UnstoppedPlay::passes_standings() {
   answering_ = false;
-  if (running_ && !stop_asked_ && switched_on() && !is_over(activity_) && !next_match_has_human(activity_)) {
+  if (running_ && !stop_asked_ && switched_on() && !is_over(game_, activity_) &&
+      !next_match_has_human(game_, activity_)) {
     return true;
   }
   end();
@@ -183,10 +182,10 @@ void UnstoppedPlay::ball_bowled() {
 
 void UnstoppedPlay::show_progress() {
   if (!window_) {
-    window_ = new UnstoppedWindow([this] { ask_to_stop(); });
+    window_ = new UnstoppedWindow(game_.match, [this] { ask_to_stop(); });
     window_->show();
   }
-  window_->show_progress(matches_left(activity_));
+  window_->show_progress(matches_left(game_, activity_));
   QCoreApplication::processEvents();
   since_shown_.start();
   if (program_is_ending()) throw ProgramEnds{};

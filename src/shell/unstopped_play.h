@@ -9,6 +9,7 @@
 namespace velorin {
 
 class UnstoppedWindow;
+struct game_state;
 
 /// What the menu has opened.
 enum class Activity { single_match, series_of_two, series_of_three, cup };
@@ -19,7 +20,7 @@ enum class Activity { single_match, series_of_two, series_of_three, cup };
 /// stop at the next match. It stops by itself before a match with a human side and at the end of a competition.
 class UnstoppedPlay {
  public:
-  UnstoppedPlay();
+  explicit UnstoppedPlay(const game_state& game);
   ~UnstoppedPlay();
 
   /// The menu opens an activity, or it is over.
@@ -47,6 +48,7 @@ class UnstoppedPlay {
   bool switched_on() const;
   void show_progress();
 
+  const game_state& game_;
   headless_user user_;
   Activity activity_ = Activity::single_match;
   bool answering_ = false;  // the match in play is answered
@@ -57,10 +59,10 @@ class UnstoppedPlay {
 };
 
 /// Matches of an activity that are still to come after the one in play.
-int matches_left(Activity activity);
+int matches_left(const game_state& game, Activity activity);
 /// The competition has played its last match.
-bool is_over(Activity activity);
+bool is_over(const game_state& game, Activity activity);
 /// A human captains a side of the match that comes next. Requires that there is one.
-bool next_match_has_human(Activity activity);
+bool next_match_has_human(const game_state& game, Activity activity);
 
 }  // namespace velorin

@@ -12,14 +12,14 @@
 
 namespace velorin {
 
-UnstoppedWindow::UnstoppedWindow(std::function<void()> stop, QWidget* parent)
-    : Form(QStringLiteral("unstopped"), Dismissal::refused, parent) {
+UnstoppedWindow::UnstoppedWindow(const match_state& match, std::function<void()> stop, QWidget* parent)
+    : Form(QStringLiteral("unstopped"), Dismissal::refused, parent), match_(match) {
   set_title(QStringLiteral("Playing"), {});
-  match_ = new_named_label(QStringLiteral("match"), {}, TextRole::heading);
+  title_ = new_named_label(QStringLiteral("match"), {}, TextRole::heading);
   score_ = new_named_label(QStringLiteral("score"), {}, TextRole::title);
   left_ = new_named_label(QStringLiteral("left"), {}, TextRole::muted);
-  match_->setMinimumWidth(420);
-  body()->addWidget(match_);
+  title_->setMinimumWidth(420);
+  body()->addWidget(title_);
   body()->addWidget(score_);
   body()->addWidget(left_);
   body()->addStretch(1);
@@ -34,9 +34,9 @@ UnstoppedWindow::UnstoppedWindow(std::function<void()> stop, QWidget* parent)
 }
 
 void UnstoppedWindow::show_progress(int left) {
-  match_->setText(
-      QStringLiteral("%1 v %2, %3").arg(shown(match.team1_name), shown(match.team2_name), shown(match.venue_name())));
-  const score_view view = view_score();
+  title_->setText(QStringLiteral("%1 v %2, %3")
+                      .arg(shown(match_.team1_name), shown(match_.team2_name), shown(match_.venue_name())));
+  const score_view view = view_score(match_);
   score_->setText(
       QStringLiteral("%1 %2 (%3)").arg(shown(view.batting_short_name), shown(view.score), shown(view.overs)));
   if (stop_->isEnabled()) {

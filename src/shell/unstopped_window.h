@@ -9,22 +9,25 @@ class QLabel;
 
 namespace velorin {
 
+struct match_state;
+
 /// Names the match that runs without stopping, its score as it grows, and the matches left.
 class UnstoppedWindow : public Form {
   Q_OBJECT
 
  public:
-  /// `stop`: the user asks to stop at the next match.
-  explicit UnstoppedWindow(std::function<void()> stop, QWidget* parent = front_window());
+  /// `match` outlives the window. `stop`: the user asks to stop at the next match.
+  UnstoppedWindow(const match_state& match, std::function<void()> stop, QWidget* parent = front_window());
 
   /// Shows the match as it stands. `left`: matches still to come.
   void show_progress(int left);
 
  private:
-  QLabel* match_;
+  QLabel* title_;
   QLabel* score_;
   QLabel* left_;
   QPushButton* stop_;
+  const match_state& match_;
 };
 
 }  // namespace velorin

@@ -94,22 +94,4 @@ class front_end {
   virtual void show(world_cup_tables_form& form) = 0;
 };
 
-/// The front end in use. Raises std::logic_error while none is installed.
-front_end& user();
-/// Makes `shown_by` the front end in use until another one is installed; the caller keeps it alive. Returns the one in
-/// use before, or nullptr.
-front_end* install_front_end(front_end* shown_by);
-
-/// Installs a front end for a scope and puts the one before back at its end.
-class front_end_scope {
- public:
-  explicit front_end_scope(front_end& shown_by) : before_(install_front_end(&shown_by)) {}
-  ~front_end_scope() { install_front_end(before_); }
-  front_end_scope(const front_end_scope&) = delete;
-  front_end_scope& operator=(const front_end_scope&) = delete;
-
- private:
-  front_end* before_;
-};
-
 }  // namespace velorin

@@ -6,13 +6,13 @@
 
 namespace velorin {
 
-bool saved(const std::string& without, const std::function<void()>& save) {
+bool saved(front_end& user, const std::string& without, const std::function<void()>& save) {
   for (;;) {
     try {
       save();
       return true;
     } catch (const run_time_error& error) {
-      switch (user().answer({error.what(), without})) {
+      switch (user.answer({error.what(), without})) {
         case save_answer::retry:
           break;
         case save_answer::go_on:

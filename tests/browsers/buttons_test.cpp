@@ -7,6 +7,7 @@
 #include "engine/over_play.h"
 #include "model/match_state.h"
 #include "setup/team_selection.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 
@@ -34,10 +35,10 @@ class reader : public scripted_user {
 class Buttons : public figures_fixture {
  protected:
   void SetUp() override {
-    const database_files ours = files;
+    const database_files ours = data.files;
     set_up_sample_match(false, false);
-    files = ours;
-    files.updates = false;
+    data.files = ours;
+    data.files.updates = false;
     match.bowling_card[8].name = "A.Bowl8";
     match.bowling_card[9].name = "A.Bowl9";
     match.batting_card[3].name = "H.Bat3";
@@ -57,7 +58,7 @@ TEST_F(Buttons, OfTheConsoleOpenTheProfilesOfBowlersAndBatsmen) {
   for (const char* name : {"A.Bowl8", "A.Bowl9"}) add("Away", bowler(name, 6, 5, 0));
   for (const char* name : {"H.Bat3", "H.Bat5"}) add("Home", batsman(name, 1, 0, 5, 5));
   write();
-  console_form console;
+  console_form console(in_play());
   console.show_bowler_profile();
   console.show_lower_batsman_profile();
   console.show_next_bowler_profile();
@@ -67,7 +68,7 @@ TEST_F(Buttons, OfTheConsoleOpenTheProfilesOfBowlersAndBatsmen) {
 }
 
 TEST_F(Buttons, OfTheConsoleTellOfAManWithoutACareer) {
-  console_form console;
+  console_form console(in_play());
   console.show_bowler_profile();
   console.show_lower_batsman_profile();
   console.show_next_bowler_profile();
@@ -82,7 +83,7 @@ TEST_F(Buttons, OfTheConsoleTellOfAManWithoutACareer) {
 
 TEST_F(Buttons, OfTheSelectionOpenTheCareersOfItsTeam) {
   const squad men = sample_squad("H.Bat");
-  team_selection_form form;
+  team_selection_form form(in_play());
   form.open("Home", men);
   form.show_career_averages(0);
   form.show_career_averages(1);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "browsers/figures_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -54,8 +55,8 @@ team_table& figures_fixture::add_team(const std::string& name, const tally& home
 }
 
 void figures_fixture::write() const {
-  write_career_table(careers);
-  write_record_lists(lists);
+  write_career_table(data, careers);
+  write_record_lists(data, lists);
 }
 
 std::vector<std::string> column(const shown_table& table, const std::string& heading) {

@@ -8,6 +8,7 @@
 #include "browsers/held_key_reference.h"
 #include "browsers/player_pool.h"
 #include "browsers/player_rankings.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -18,7 +19,7 @@ class HeldKeys : public figures_fixture {
  protected:
   std::vector<std::string> names(int record_mode, const std::string& team = {}) const {
     write();
-    player_rankings_form form;
+    player_rankings_form form(data);
     form.open(record_mode, team);
     return column(form.table, "Player");
   }
@@ -103,7 +104,7 @@ TEST_F(HeldKeys, EachOpeningStartsFromNothingHeld) {
   add("Alba", averaging("A.Stayer", 0));
   add("Alba", averaging("A.Ten", 10));
   write();
-  player_rankings_form form;
+  player_rankings_form form(data);
   for (int time = 0; time < 2; ++time) {
     form.open(1);
     EXPECT_THAT(column(form.table, "Player"), ElementsAre("A.Ten", "A.Stayer"));
@@ -151,7 +152,7 @@ TEST_F(RandomTables, AreShownInTheOrderOfTheDescription) {
       for (const int man : reference_order(taken, mode)) {
         if (expected.size() < 15) expected.push_back(taken[man].name);
       }
-      player_rankings_form form;
+      player_rankings_form form(data);
       form.open(mode, "Alba");
       ASSERT_EQ(column(form.table, "Player"), expected) << "round " << round << ", mode " << mode;
     }

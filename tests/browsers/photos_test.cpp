@@ -9,6 +9,7 @@
 
 #include "database/configuration.h"
 #include "model/code_page.h"
+#include "support/game_in_play.h"
 #include "support/small_database.h"
 
 namespace velorin::testing {
@@ -19,8 +20,8 @@ using ::testing::IsEmpty;
 
 class Photos : public ::testing::Test {
  protected:
-  void SetUp() override { settings.photo_path = database_.folder().string(); }
-  void TearDown() override { settings = configuration(); }
+  void SetUp() override { data.settings.photo_path = database_.folder().string(); }
+  void TearDown() override { data.settings = configuration(); }
 
   /// Lays down pictures; names in UTF-8.
   void lay(std::initializer_list<const char*> names) const {
@@ -28,11 +29,11 @@ class Photos : public ::testing::Test {
   }
   static std::vector<std::string> photos(const std::string& surname) {
     std::vector<std::string> names;
-    for (const auto& photo : photos_of(surname)) names.push_back(photo.filename());
+    for (const auto& photo : photos_of(data, surname)) names.push_back(photo.filename());
     return names;
   }
-  static std::string console(const std::string& name) { return console_photo(name).value_or("none").filename(); }
-  static std::string profile(const std::string& name) { return profile_photo(name).value_or("none").filename(); }
+  static std::string console(const std::string& name) { return console_photo(data, name).value_or("none").filename(); }
+  static std::string profile(const std::string& name) { return profile_photo(data, name).value_or("none").filename(); }
 
   const std::filesystem::path& folder() const { return database_.folder(); }
 
@@ -61,17 +62,17 @@ TEST_F(Photos, AreNoFolders) {
 }
 
 TEST_F(Photos, AreNotFoundWhereThereIsNoFolder) {
-  settings.photo_path = (folder() / "gone").string();
+  data.settings.photo_path = (folder() / "gone").string();
   EXPECT_THAT(photos("Smith"), IsEmpty());
-  settings.photo_path = "";
+  data.settings.photo_path = "";
   EXPECT_THAT(photos("Smith"), IsEmpty());
-  EXPECT_EQ(console_photo("A.Smith"), std::nullopt);
-  EXPECT_EQ(profile_photo("A.Smith"), std::nullopt);
+  EXPECT_EQ(console_photo(data, "A.Smith"), std::nullopt);
+  EXPECT_EQ(profile_photo(data, "A.Smith"), std::nullopt);
 }
 
 TEST_F(Photos, AreFoundByNamesOutsideAscii) {
   std::filesystem::create_directory(folder() / "Spieler é");
-  settings.photo_path = *from_utf8((folder() / "Spieler é").string());
+  data.settings.photo_path = *from_utf8((folder() / "Spieler é").string());
   std::ofstream(folder() / "Spieler é" / "Müller éa.bmp") << "picture";
   std::ofstream(folder() / "Spieler é" / "Müller Ж.bmp") << "picture";  // no place in the code page
   EXPECT_THAT(photos("M\xFCller"), ElementsAre("Müller éa.bmp"));

@@ -7,6 +7,7 @@
 #include "browsers/figures_fixture.h"
 #include "browsers/player_profile.h"
 #include "database/configuration.h"
+#include "support/game_in_play.h"
 #include "support/scripted_user.h"
 
 namespace velorin::testing {
@@ -56,7 +57,7 @@ class Profile : public figures_fixture {
   player_profile_form profile_of(const career_rec& man) {
     add("Alba", man);
     write();
-    player_profile_form form;
+    player_profile_form form(data);
     form.open_locked("Alba", man.name);
     return form;
   }
@@ -156,21 +157,21 @@ TEST_F(Profile, FiguresBeyondSixteenBitsHaveRates) {
 }
 
 TEST_F(Profile, ADatabaseWithoutCareersShowsNothing) {
-  player_profile_form form;
+  player_profile_form form(data);
   form.open();
   EXPECT_THAT(form.teams, IsEmpty());
   EXPECT_THAT(form.players, IsEmpty());
   EXPECT_THAT(form.person, IsEmpty());
   EXPECT_FALSE(form.no_photo_visible);
-  EXPECT_FALSE(std::filesystem::exists(files.career_file));  // updates are off, so nothing was created
+  EXPECT_FALSE(std::filesystem::exists(data.files.career_file));  // updates are off, so nothing was created
 }
 
 TEST_F(Profile, OpeningCreatesTheFileWhileMatchesUpdateIt) {
-  files.updates = true;
-  player_profile_form form;
+  data.files.updates = true;
+  player_profile_form form(data);
   form.open();
-  EXPECT_TRUE(std::filesystem::exists(files.career_file));
-  EXPECT_EQ(std::filesystem::file_size(files.career_file), 0U);
+  EXPECT_TRUE(std::filesystem::exists(data.files.career_file));
+  EXPECT_EQ(std::filesystem::file_size(data.files.career_file), 0U);
 }
 
 TEST_F(Profile, ListsTeamsAndTheirPlayersInTheOrderOfTheFile) {
@@ -178,7 +179,7 @@ TEST_F(Profile, ListsTeamsAndTheirPlayersInTheOrderOfTheFile) {
   add("Alba", batsman("A.One", 1, 0, 20, 10));
   add("Alba", batsman("A.Two", 1, 0, 30, 10));
   write();
-  player_profile_form form;
+  player_profile_form form(data);
   form.open();
   EXPECT_THAT(form.teams, ElementsAre("Tamar", "Alba"));
   EXPECT_THAT(form.players, IsEmpty());
@@ -194,7 +195,7 @@ TEST_F(Profile, AnotherTeamLeavesNoPlayerChosenAndTheFiguresOnShow) {
   add("Tamar", batsman("T.One", 1, 0, 10, 10));
   add("Alba", batsman("A.One", 1, 0, 20, 10));
   write();
-  player_profile_form form;
+  player_profile_form form(data);
   form.open();
   form.choose_team(0);
   form.choose_player(0);
@@ -212,7 +213,7 @@ TEST_F(Profile, AnotherTeamLeavesNoPlayerChosenAndTheFiguresOnShow) {
 TEST_F(Profile, TakingTheChoiceBackChangesNothing) {
   add("Alba", batsman("A.One", 1, 0, 20, 10));
   write();
-  player_profile_form form;
+  player_profile_form form(data);
   form.open();
   form.choose_team(-1);
   form.choose_player(0);
@@ -224,7 +225,7 @@ TEST_F(Profile, LockedItKeepsItsPlayer) {
   add("Alba", batsman("A.One", 1, 0, 20, 10));
   add("Alba", batsman("A.Two", 1, 0, 30, 10));
   write();
-  player_profile_form form;
+  player_profile_form form(data);
   form.open_locked("Alba", "A.Two");
   EXPECT_TRUE(form.locked);
   EXPECT_EQ(form.chosen_team, 1);
@@ -242,7 +243,7 @@ TEST_F(Profile, LockedItKeepsItsPlayer) {
 TEST_F(Profile, LockedItNeedsTheTeamAndThePlayer) {
   add("Alba", batsman("A.One", 1, 0, 20, 10));
   write();
-  player_profile_form form;
+  player_profile_form form(data);
   EXPECT_EQ(failure_of([&] { form.open_locked("Tamar", "A.One"); }), failure::subscript);
   EXPECT_EQ(failure_of([&] { form.open_locked("Alba", "A.Two"); }), failure::subscript);
   EXPECT_EQ(failure_of([&] { form.open_locked("Alba", "a.one"); }), failure::subscript);  // compared exactly
@@ -260,17 +261,17 @@ TEST_F(Profile, AskedForAPlayerItOpensOrTellsWhy) {
   } watcher;
   const front_end_scope scope(watcher);
 
-  EXPECT_TRUE(show_profile("Alba", "A.One"));
+  EXPECT_TRUE(show_profile(user_in_use(), data, "Alba", "A.One"));
   EXPECT_THAT(watcher.shown, ElementsAre("A.One"));
   EXPECT_THAT(watcher.messages, IsEmpty());
 
-  EXPECT_FALSE(show_profile("Alba", "A.Nobody"));
+  EXPECT_FALSE(show_profile(user_in_use(), data, "Alba", "A.Nobody"));
   EXPECT_THAT(watcher.shown, ElementsAre("A.One"));
   ASSERT_EQ(watcher.messages.size(), 1U);
   EXPECT_EQ(watcher.messages[0].title, "Error - Player Details");
   EXPECT_THAT(watcher.messages[0].text, HasSubstr("A.Nobody"));
 
-  EXPECT_FALSE(show_profile("Tamar", "A.One"));
+  EXPECT_FALSE(show_profile(user_in_use(), data, "Tamar", "A.One"));
   ASSERT_EQ(watcher.messages.size(), 2U);
   EXPECT_THAT(watcher.messages[1].text, HasSubstr("Tamar"));
 }
@@ -279,16 +280,16 @@ TEST_F(Profile, ShowsThePhotoOrSaysThatThereIsNone) {
   add("Alba", batsman("A.Smith", 1, 0, 20, 10));
   add("Alba", batsman("B.Smith", 1, 0, 20, 10));
   write();
-  settings.photo_path = database.folder().string();
+  data.settings.photo_path = database.folder().string();
   std::ofstream(database.folder() / "smith ac.bmp") << "picture";
-  player_profile_form form;
+  player_profile_form form(data);
   form.open_locked("Alba", "A.Smith");
   EXPECT_EQ(form.photo, database.folder() / "smith ac.bmp");
   EXPECT_FALSE(form.no_photo_visible);
   form.open_locked("Alba", "B.Smith");
   EXPECT_EQ(form.photo, std::nullopt);
   EXPECT_TRUE(form.no_photo_visible);
-  settings = configuration();
+  data.settings = configuration();
 }
 
 }  // namespace

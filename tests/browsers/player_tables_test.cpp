@@ -6,6 +6,7 @@
 #include "browsers/figures_fixture.h"
 #include "browsers/player_rankings.h"
 #include "database/configuration.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -17,7 +18,7 @@ class PlayerTables : public figures_fixture {
  protected:
   shown_table opened(int record_mode, const std::string& team = {}) const {
     write();
-    player_rankings_form form;
+    player_rankings_form form(data);
     form.open(record_mode, team);
     return form.table;
   }
@@ -26,7 +27,7 @@ class PlayerTables : public figures_fixture {
   }
   shown_table centuries() const {
     write();
-    century_makers_form form;
+    century_makers_form form(data);
     form.open();
     return form.table;
   }
@@ -47,7 +48,7 @@ TEST_F(PlayerTables, HaveTheirTitlesAndColumnsWithoutAnyRow) {
                                 "Alba - Career Batting Records",
                                 "Alba - Career Bowling Records"};
   for (int mode = 1; mode <= 9; ++mode) {
-    player_rankings_form form;
+    player_rankings_form form(data);
     form.open(mode, "Alba");
     EXPECT_EQ(form.table.title, titles[mode]);
     EXPECT_THAT(form.table.rows, IsEmpty());
@@ -59,12 +60,12 @@ TEST_F(PlayerTables, HaveTheirTitlesAndColumnsWithoutAnyRow) {
                   ElementsAre("Player", "M", "Ovr", "Mdn", "Runs", "Wkts", "Avg", "Econ.", "5 wkt", "Best"));
     }
   }
-  century_makers_form form;
+  century_makers_form form(data);
   form.open();
   EXPECT_EQ(form.table.title, "Top Century Makers");
   EXPECT_THAT(headings(form.table), ElementsAre("Player", "M", "I", "100s", "Runs"));
   EXPECT_THAT(form.table.rows, IsEmpty());
-  EXPECT_FALSE(std::filesystem::exists(files.career_file));
+  EXPECT_FALSE(std::filesystem::exists(data.files.career_file));
 }
 
 TEST_F(PlayerTables, RowsKnowTheirMenAndTeams) {

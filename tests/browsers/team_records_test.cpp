@@ -7,6 +7,7 @@
 #include "browsers/world_rankings.h"
 #include "database/configuration.h"
 #include "database/database_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -19,13 +20,13 @@ class TeamRecords : public figures_fixture {
  protected:
   shown_table ranking() const {
     write();
-    world_rankings_form form;
+    world_rankings_form form(data);
     form.open();
     return form.table;
   }
   team_records_form team(int index = 0) const {
     write();
-    team_records_form form;
+    team_records_form form(data);
     form.open();
     form.choose_team(index);
     return form;
@@ -94,7 +95,7 @@ TEST_F(TeamRecords, TheRankingHasTenRowsAndNoEleventh) {
   EXPECT_EQ(ranking().rows.size(), 10U);
   add_teams(11);
   write();
-  world_rankings_form form;
+  world_rankings_form form(data);
   EXPECT_EQ(failure_of([&] { form.open(); }), failure::subscript);
 }
 
@@ -102,24 +103,24 @@ TEST_F(TeamRecords, ATeamWithoutAMatchHasNoSuccess) {
   add_team("Tamar", {1, 0, 0}, {});
   add_team("Alba", {}, {});
   write();
-  world_rankings_form ranks;
+  world_rankings_form ranks(data);
   EXPECT_STREQ(
       error_of([&] { ranks.open(); }).what(),
       "Division by zero: a team of the table has played no match (file world.ptr, record 91, field away_won, at "
       "\"Alba\")");
   EXPECT_EQ(failure_of([&] { ranks.open(); }), failure::division);
-  team_records_form form;
+  team_records_form form(data);
   EXPECT_EQ(failure_of([&] { form.open(); }), failure::division);
 }
 
 TEST_F(TeamRecords, ResultsBeyondADoubleAreRefused) {
   write();
   std::filesystem::copy_file(
-      std::filesystem::path(VELORIN_TEST_DATA) / "data" / "broken" / "BrokenResultsBeyondDouble.ptr", files.record_file,
-      std::filesystem::copy_options::overwrite_existing);
-  world_rankings_form ranks;
+      std::filesystem::path(VELORIN_TEST_DATA) / "data" / "broken" / "BrokenResultsBeyondDouble.ptr",
+      data.files.record_file, std::filesystem::copy_options::overwrite_existing);
+  world_rankings_form ranks(data);
   EXPECT_EQ(failure_of([&] { ranks.open(); }), failure::overflow);
-  team_records_form form;
+  team_records_form form(data);
   EXPECT_EQ(failure_of([&] { form.open(); }), failure::overflow);
 }
 
@@ -129,7 +130,7 @@ TEST_F(TeamRecords, ResultsBeyondADoubleAtHomeAloneAreRefusedWithTheTeam) {
   team.away_won = team.away_tied = {-1.7e308};
   team.away_lost = {1.0};
   write();
-  team_records_form form;
+  team_records_form form(data);
   form.open();
   const auto error = error_of([&] { form.choose_team(0); });
   EXPECT_EQ(error.kind(), failure::overflow);
@@ -140,7 +141,7 @@ TEST_F(TeamRecords, ResultsBeyondADoubleAtHomeAloneAreRefusedWithTheTeam) {
 TEST_F(TeamRecords, ASuccessBeyondADoubleIsRefused) {
   add_team("Alba", {}, {}).home_won = {1e307};
   write();
-  world_rankings_form ranks;
+  world_rankings_form ranks(data);
   EXPECT_EQ(failure_of([&] { ranks.open(); }), failure::overflow);
 }
 
@@ -297,7 +298,7 @@ TEST_F(TeamRecords, ATeamWithoutCareersShowsNoMen) {
   add_team("Tamar", {1, 0, 0}, {});
   add("Tamar", batsman("T.One", 1, 0, 5, 5));
   write();
-  team_records_form form;
+  team_records_form form(data);
   form.open();
   form.choose_team(1);
   EXPECT_EQ(form.individual[1].text, "T.One  5 runs from 1 matches");
@@ -306,12 +307,12 @@ TEST_F(TeamRecords, ATeamWithoutCareersShowsNoMen) {
 }
 
 TEST_F(TeamRecords, AnEmptyDatabaseHasNoTeams) {
-  team_records_form form;
+  team_records_form form(data);
   form.open();
   EXPECT_THAT(form.teams, IsEmpty());
   form.choose_team(-1);
   EXPECT_EQ(form.world_ranking.text, "");
-  EXPECT_FALSE(std::filesystem::exists(files.record_file));
+  EXPECT_FALSE(std::filesystem::exists(data.files.record_file));
   form.accept();
   EXPECT_TRUE(form.closed);
 }

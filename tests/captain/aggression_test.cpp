@@ -6,6 +6,7 @@
 
 #include "captain/computer_captain.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -34,7 +35,7 @@ class BattingAggression : public ::testing::Test {
   }
   static std::array<int, 2> set() {
     script_draws({});
-    set_batting_aggression();
+    set_batting_aggression(match);
     return match.batsman_aggression;
   }
   using slots = std::array<int, 2>;
@@ -132,7 +133,7 @@ TEST_F(BattingAggression, AProjectionThatIsNoNumberIsATypeError) {
   for (const auto what : {projection_text::kind::dash, projection_text::kind::empty}) {
     match.first_innings_projection = {what, 0};
     try {
-      set_batting_aggression();
+      set_batting_aggression(match);
       ADD_FAILURE() << "no error";
     } catch (const run_time_error& error) {
       EXPECT_EQ(error.kind(), failure::type);
@@ -143,7 +144,7 @@ TEST_F(BattingAggression, AProjectionThatIsNoNumberIsATypeError) {
 TEST_F(BattingAggression, ASkillOfZeroIsADivisionError) {
   match.batting_xi[2].bat_skill = 0;
   try {
-    set_batting_aggression();
+    set_batting_aggression(match);
     ADD_FAILURE() << "no error";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::division);
@@ -165,7 +166,7 @@ class BowlingAggression : public BattingAggression {
   static int reviewed() {
     script_draws({});
     match.bowling_aggression = {9, 7};
-    review_bowler();
+    review_bowler(match, user_in_use());
     EXPECT_EQ(match.bowling_aggression[1], 7) << "the other end's value stands";
     EXPECT_EQ(match.next_bowler, 9) << "nobody was to be replaced";
     return match.bowling_aggression[0];
@@ -239,7 +240,7 @@ TEST_F(BowlingAggression, AProjectionThatIsNoNumberIsATypeError) {
   score(1, 0, 6);
   match.first_innings_projection = {projection_text::kind::dash, 0};
   try {
-    review_bowler();
+    review_bowler(match, user_in_use());
     ADD_FAILURE() << "no error";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::type);

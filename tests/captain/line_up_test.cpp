@@ -9,6 +9,7 @@
 #include "captain/computer_captain.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -43,7 +44,7 @@ std::string order() {
 std::string send_next(int sent) {
   match.striker = sent;
   match.non_striker = sent > 0 ? sent - 1 : 0;
-  choose_next_batsman();
+  choose_next_batsman(match);
   EXPECT_EQ(match.next_batsman_slot, sent);
   return match.batting_xi[sent + 1].name;
 }
@@ -119,7 +120,7 @@ TEST(ChooseNextBatsman, TheHigherPositionCountsWhicheverEndHeIsAt) {
   set_batsmen({{o, 1}, {o, 1}, {m, 1}, {m, 2}, {m, 3}, {m, 4}, {m, 5}, {l, 1}, {l, 1}, {l, 1}, {l, 1}});
   match.striker = 1;
   match.non_striker = 4;
-  choose_next_batsman();
+  choose_next_batsman(match);
   EXPECT_EQ(match.next_batsman_slot, 4);
   EXPECT_EQ(order(), "abcdgefhijk");
 }
@@ -129,7 +130,7 @@ TEST(ChooseNextBatsman, LeavesTheCreaseAloneAndDrawsNothing) {
   script_draws({});
   match.striker = 3;
   match.non_striker = 2;
-  choose_next_batsman();
+  choose_next_batsman(match);
   EXPECT_EQ(match.striker, 3);
   EXPECT_EQ(match.non_striker, 2);
   EXPECT_EQ(order(), "abckdefghij");
@@ -156,7 +157,7 @@ void set_bowlers(const std::vector<bowls>& men) {
 
 void choose(double draw = 0.5) {
   script_draws({draw});
-  choose_opening_bowlers();
+  choose_opening_bowlers(match, chance);
   EXPECT_EQ(chance.draws_used(), 1U);
 }
 

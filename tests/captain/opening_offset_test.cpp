@@ -9,6 +9,7 @@
 
 #include "captain/computer_captain.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/shares.h"
 
@@ -18,14 +19,14 @@ namespace {
 TEST(OpeningOffset, IsAnyOfTwentyOneAndOneForTheWholePool) {
   set_up_sample_match();
   chance.use_seed(1844);
-  choose_opening_bowlers();
+  choose_opening_bowlers(match, chance);
   const int first = match.bowler;
   const int second = match.next_bowler;
   std::array<int, 21> counts{};
   int other_order = 0;
   int other_offset = 0;
   for (int i = 0; i < sample_size; ++i) {
-    choose_opening_bowlers();
+    choose_opening_bowlers(match, chance);
     const auto offset_of = [](int line) {
       const bowler_pool_rec& man = match.bowler_pool[line];
       return man.rating - static_cast<double>(match.bowling_xi[man.position].bowl_sr);

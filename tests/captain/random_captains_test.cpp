@@ -8,6 +8,7 @@
 #include "captain/captains_rules.h"
 #include "captain/computer_captain.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 
@@ -97,7 +98,7 @@ TEST_F(RandomCaptains, SendInTheSameBatsmen) {
     for (int in = 0; in < 11; ++in) {
       match.striker = told.striker = in;
       match.non_striker = told.non_striker = in > 0 ? number(0, in - 1) : 0;
-      choose_next_batsman();
+      choose_next_batsman(match);
       rules::next_batsman(told);
       ASSERT_EQ(match.next_batsman_slot, told.next_batsman_slot);
       ASSERT_EQ(names(match.batting_xi), names(told.batting_xi)) << "round " << round << ", man " << in + 1;
@@ -113,7 +114,7 @@ TEST_F(RandomCaptains, OpenWithTheSameBowlers) {
     match_state told = match;
     const int offset = number(-10, 10);
     script_draws({die_draw(offset + 11, 21)});
-    choose_opening_bowlers();
+    choose_opening_bowlers(match, chance);
     rules::opening_bowlers(told, offset);
     for (int i = 1; i <= 11; ++i) {
       const bowler_pool_rec& line = match.bowler_pool[i];
@@ -135,7 +136,7 @@ TEST_F(RandomCaptains, BatWithTheSameAggression) {
   for (int round = 0; round < 5000; ++round) {
     random_over_end();
     match_state told = match;
-    set_batting_aggression();
+    set_batting_aggression(match);
     rules::batting_aggression(told);
     ASSERT_EQ(match.batsman_aggression, told.batsman_aggression) << "round " << round;
   }
@@ -152,7 +153,7 @@ TEST_F(RandomCaptains, ReviewTheBowlersAlike) {
     front_end_scope shown(user);
     bool nobody_found = false;
     try {
-      review_bowler();
+      review_bowler(match, user_in_use());
     } catch (const run_time_error& error) {
       ASSERT_EQ(error.kind(), failure::endless);
       nobody_found = true;

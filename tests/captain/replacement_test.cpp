@@ -2,6 +2,7 @@
 #include "captain/review_scene.h"
 
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -18,27 +19,27 @@ replacement_search pace() {
 }
 
 TEST_F(PickReplacement, TakesTheFirstOfEitherKind) {
-  EXPECT_EQ(pick_replacement(pace()), 8);
+  EXPECT_EQ(pick_replacement(match, pace()), 8);
   replacement_search wanted = pace();
   wanted.type_b = "";
-  EXPECT_EQ(pick_replacement(wanted), 5);
+  EXPECT_EQ(pick_replacement(match, wanted), 5);
   wanted.type_a = "";
-  EXPECT_EQ(pick_replacement(wanted), 2);
+  EXPECT_EQ(pick_replacement(match, wanted), 2);
   wanted.type_a = "Slow Bowler";
   wanted.type_b = "spinner";
-  EXPECT_EQ(pick_replacement(wanted), 3);
+  EXPECT_EQ(pick_replacement(match, wanted), 3);
 }
 
 TEST_F(PickReplacement, LeavesOutUpToFourMen) {
   replacement_search wanted = pace();
   wanted.exclude_a = 8;
-  EXPECT_EQ(pick_replacement(wanted), 5);
+  EXPECT_EQ(pick_replacement(match, wanted), 5);
   wanted.exclude_b = 5;
-  EXPECT_EQ(pick_replacement(wanted), 9);
+  EXPECT_EQ(pick_replacement(match, wanted), 9);
   wanted.exclude_c = 9;
-  EXPECT_EQ(pick_replacement(wanted), 4);
+  EXPECT_EQ(pick_replacement(match, wanted), 4);
   wanted.exclude_d = 4;
-  EXPECT_EQ(pick_replacement(wanted), 3) << "of any kind then, from the top of the list";
+  EXPECT_EQ(pick_replacement(match, wanted), 3) << "of any kind then, from the top of the list";
 }
 
 TEST_F(PickReplacement, BothLimitsOfBallsAreInside) {
@@ -48,11 +49,11 @@ TEST_F(PickReplacement, BothLimitsOfBallsAreInside) {
   figures(8, 11, 0, 0);
   figures(5, 25, 0, 0);
   figures(9, 12, 0, 0);
-  EXPECT_EQ(pick_replacement(wanted), 9);
+  EXPECT_EQ(pick_replacement(match, wanted), 9);
   figures(9, 13, 0, 0);
-  EXPECT_EQ(pick_replacement(wanted), 9);
+  EXPECT_EQ(pick_replacement(match, wanted), 9);
   figures(8, 24, 0, 0);
-  EXPECT_EQ(pick_replacement(wanted), 8);
+  EXPECT_EQ(pick_replacement(match, wanted), 8);
 }
 
 TEST_F(PickReplacement, TheSecondPassKeepsExclusionsAndLimits) {
@@ -60,15 +61,15 @@ TEST_F(PickReplacement, TheSecondPassKeepsExclusionsAndLimits) {
   wanted.max_balls = 30;
   wanted.exclude_a = 3;
   for (const int i : {8, 5, 9, 4, 1}) figures(i, 31, 0, 0);
-  EXPECT_EQ(pick_replacement(wanted), 2);
+  EXPECT_EQ(pick_replacement(match, wanted), 2);
   figures(2, 31, 0, 0);
-  EXPECT_EQ(pick_replacement(wanted), 6);
+  EXPECT_EQ(pick_replacement(match, wanted), 6);
 }
 
 TEST_F(PickReplacement, RecordsTheChange) {
   replacement_search wanted = pace();
   wanted.exclude_b = 9;
-  EXPECT_EQ(pick_replacement(wanted), 8);
+  EXPECT_EQ(pick_replacement(match, wanted), 8);
   EXPECT_TRUE(match.bowler_change_pending);
   EXPECT_EQ(match.bowler_change_out, 9);
   EXPECT_EQ(match.bowler_change_in, 8);
@@ -78,12 +79,12 @@ TEST_F(PickReplacement, RecordsTheChange) {
 TEST_F(PickReplacement, TheSecondChangeOfAReviewIsTheOneAnnounced) {
   replacement_search wanted = pace();
   wanted.exclude_b = 9;
-  match.next_bowler = pick_replacement(wanted);
+  match.next_bowler = pick_replacement(match, wanted);
   wanted.exclude_b = match.next_bowler;
-  match.next_bowler = pick_replacement(wanted);
+  match.next_bowler = pick_replacement(match, wanted);
   EXPECT_EQ(match.next_bowler, 5);
   match.innings_balls = 6;
-  review_bowler();
+  review_bowler(match, user_in_use());
   ASSERT_EQ(user_.messages.size(), 1U);
   EXPECT_EQ(user_.messages[0].title, "Bowler Change");
   EXPECT_EQ(user_.messages[0].text, "A.Bowl8 has been replaced by A.Bowl5 .");
@@ -93,7 +94,7 @@ TEST_F(PickReplacement, WithoutAnyManTheSearchIsEndlessAndChangesNothing) {
   replacement_search wanted = pace();
   wanted.max_balls = -1;
   try {
-    pick_replacement(wanted);
+    pick_replacement(match, wanted);
     ADD_FAILURE() << "no error";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::endless);

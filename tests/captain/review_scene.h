@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "captain/computer_captain.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 
@@ -52,7 +53,7 @@ class ReviewScene : public ::testing::Test {
   /// Reviews after so many balls of the innings and returns who bowls the over after the next.
   int reviewed(int innings_balls) {
     match.innings_balls = innings_balls;
-    review_bowler();
+    review_bowler(match, user_in_use());
     return match.next_bowler;
   }
 

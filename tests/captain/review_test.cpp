@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -187,7 +188,7 @@ TEST_F(Review, NoManToBeFoundIsAnEndlessSearch) {
   figures(9, 60, 0, 0);
   match.innings_balls = 264;
   try {
-    review_bowler();
+    review_bowler(match, user_in_use());
     ADD_FAILURE() << "no error";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::endless);

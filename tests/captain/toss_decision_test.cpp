@@ -3,6 +3,7 @@
 
 #include "captain/computer_captain.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -17,7 +18,7 @@ toss_outcome decide(std::vector<double> draws) {
   set_up_sample_match(true, false);
   const std::size_t count = draws.size();
   script_draws(std::move(draws));
-  const toss_outcome outcome = decide_toss();
+  const toss_outcome outcome = decide_toss(match, chance);
   EXPECT_EQ(chance.draws_used(), count) << "every draw of the script, and no more";
   return outcome;
 }
@@ -67,7 +68,7 @@ TEST(DecideToss, ConditionsAndPlayersAreNotConsulted) {
   match.outfield = 0;
   match.ground = {};
   script_draws({one, one});
-  EXPECT_EQ(decide_toss().headline, "Home have won the toss.They have elected to field first.");
+  EXPECT_EQ(decide_toss(match, chance).headline, "Home have won the toss.They have elected to field first.");
 }
 
 }  // namespace

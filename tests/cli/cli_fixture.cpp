@@ -9,6 +9,7 @@
 #include "database/world.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -46,8 +47,8 @@ void CliTest::SetUp() { build_database(small_tables(), teams() / "small.team", t
 
 void CliTest::TearDown() {
   match = match_state();
-  settings = configuration();
-  files = database_files();
+  data.settings = configuration();
+  data.files = database_files();
   chance.use_clock();
 }
 

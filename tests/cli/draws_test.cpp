@@ -3,6 +3,7 @@
 
 #include "cli/cli_fixture.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {

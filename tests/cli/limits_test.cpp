@@ -15,7 +15,9 @@
 #include "headless/headless_user.h"
 #include "model/random.h"
 #include "setup/new_match.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
+#include "support/test_user.h"
 
 namespace velorin::testing {
 namespace {
@@ -30,10 +32,10 @@ class CliLimits : public CliTest {
 
   /// The files of the tests' database, for the test itself.
   void use_files() const {
-    files = database_paths(teams(), "small");
-    files.updates = false;
-    files.elevens_in_memory = true;
-    forget_teams_and_grounds();
+    data.files = database_paths(teams(), "small");
+    data.files.updates = false;
+    data.files.elevens_in_memory = true;
+    forget_teams_and_grounds(data);
   }
 
   /// The message of a match with updates that fails and changes nothing.
@@ -48,9 +50,9 @@ class CliLimits : public CliTest {
   /// Writes careers, and makes the lists of the matches played agree with them. The matches of each team's men must be
   /// a multiple of eleven, and its first men those who played.
   static void write_books(const career_table& careers) {
-    const career_table before = read_career_table();
-    write_career_table(careers);
-    record_lists lists = read_record_lists();
+    const career_table before = read_career_table(data);
+    write_career_table(data, careers);
+    record_lists lists = read_record_lists(data);
     for (int t = 1; t <= before.career_team_count; ++t) rename_men(lists, before.teams[t], careers.teams[t]);
     lists.table_team_count = careers.career_team_count;
     for (int t = 1; t <= careers.career_team_count; ++t) {
@@ -68,7 +70,7 @@ class CliLimits : public CliTest {
       line.total = 999;
       line.team = line.against = careers.teams[1].team_name;
     }
-    write_record_lists(lists);
+    write_record_lists(data, lists);
   }
 
   /// Gives the men of a team's lines the names that stand in the same places now.
@@ -104,7 +106,7 @@ TEST_F(CliLimits, ATwentyFirstTeamWithCareers) {
 
 TEST_F(CliLimits, ATwentyFirstPlayerOfATeam) {
   play_a_match();
-  career_table table = read_career_table();
+  career_table table = read_career_table(data);
   career_team_rec& men = table.teams[2];
   for (int p = 1; p <= 20; ++p) men.players[p].name = fmt::format("Old {}", p);
   men.player_count = 20;
@@ -116,7 +118,7 @@ TEST_F(CliLimits, ATwentyFirstPlayerOfATeam) {
 
 TEST_F(CliLimits, ACareerFigureOf32Bits) {
   play_a_match();
-  career_table table = read_career_table();
+  career_table table = read_career_table(data);
   table.teams[1].players[3].matches = std::numeric_limits<std::int32_t>::max();
   const std::string name = table.teams[1].players[3].name;
   write_books(table);
@@ -127,7 +129,7 @@ TEST_F(CliLimits, ACareerFigureOf32Bits) {
 
 TEST_F(CliLimits, ACareerSlot) {
   play_a_match();
-  career_table table = read_career_table();
+  career_table table = read_career_table(data);
   career_team_rec& team = table.teams[1];
   team.players[1].career_reserved_1 = std::string(career_slot - encoded(team).size(), 'x');
   // Full to the last byte; a debut takes a name more.
@@ -140,10 +142,10 @@ TEST_F(CliLimits, ACareerSlot) {
 
 TEST_F(CliLimits, ATableOfMoreTeamsThanCareersHold) {
   play_a_match();
-  record_lists lists = read_record_lists();
+  record_lists lists = read_record_lists(data);
   lists.table_team_count = 25;
   for (int t = 3; t <= 25; ++t) lists.teams[t].team_name = {fmt::format("Team {}", t)};
-  write_record_lists(lists);
+  write_record_lists(data, lists);
   EXPECT_THAT(refusal(), ::testing::HasSubstr("small.rec and small.ptr do not belong together: \"Team 3\" has no "
                                               "careers (file small.ptr, record 128, field team_name)"));
 }
@@ -151,59 +153,59 @@ TEST_F(CliLimits, ATableOfMoreTeamsThanCareersHold) {
 TEST_F(CliLimits, ARatingThatIsNoNumber) {
   for (float player_rec::*rating : {&player_rec::econ, &player_rec::bowl_sr}) {
     for (const float value : {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
-      slot_file team = slot_file::read(files.team_file, team_slot);
+      slot_file team = slot_file::read(data.files.team_file, team_slot);
       const std::string whole = team.bytes();
-      team_rec side = read_team(3);
+      team_rec side = read_team(data, 3);
       side.squad[4].*rating = value;
       team.put(3, encoded(side), {});
-      write_bytes(files.team_file, team.bytes());
+      write_bytes(data.files.team_file, team.bytes());
       EXPECT_THAT(refusal(), ::testing::EndsWith(fmt::format(
                                  "Type mismatch: a rating that is no number (file small.team, record 3, field "
                                  "squad[4].{}, at \"{}\")",
                                  rating == &player_rec::econ ? "econ" : "bowl_sr", side.squad[4].name)));
-      write_bytes(files.team_file, whole);
+      write_bytes(data.files.team_file, whole);
       use_files();
     }
   }
 }
 
 TEST_F(CliLimits, ARatingInAFreePlaceOfTheSquadIsNone) {
-  slot_file team = slot_file::read(files.team_file, team_slot);
-  team_rec side = read_team(3);
+  slot_file team = slot_file::read(data.files.team_file, team_slot);
+  team_rec side = read_team(data, 3);
   side.squad[20] = player_rec();
   side.squad[20].econ = std::numeric_limits<float>::quiet_NaN();
   team.put(3, encoded(side), {});
-  write_bytes(files.team_file, team.bytes());
+  write_bytes(data.files.team_file, team.bytes());
   play_a_match();
 }
 
 TEST_F(CliLimits, AnElevensRecord) {
-  slot_file team = slot_file::read(files.team_file, team_slot);
-  team_rec side = read_team(3);
+  slot_file team = slot_file::read(data.files.team_file, team_slot);
+  team_rec side = read_team(data, 3);
   player_rec& man = side.squad[7];  // the keeper is always selected
   man.is_keeper = flag_true;
   man.bat_skill = 99;
   man.name = std::string(125 - 30 - man.bat_type.size() - man.bowler_type.size(), 'n');
   team.put(3, encoded(side), {});
-  write_bytes(files.team_file, team.bytes());
+  write_bytes(data.files.team_file, team.bytes());
   play_a_match();
   man.name += 'n';
   team.put(3, encoded(side), {});
-  write_bytes(files.team_file, team.bytes());
+  write_bytes(data.files.team_file, team.bytes());
   EXPECT_THAT(refusal(), ::testing::MatchesRegex(".*Overflow: a record of 126 bytes in a slot of 125 \\(file "
                                                  "team1r.txt, record [0-9]+, at \"n+\"\\)"));
 }
 
 TEST_F(CliLimits, ATwentyFirstTeamOfTheDatabase) {
-  slot_file team = slot_file::read(files.team_file, team_slot);
+  slot_file team = slot_file::read(data.files.team_file, team_slot);
   team.put(1, encoded_field(integer(21)), {});
-  write_bytes(files.team_file, team.bytes());
+  write_bytes(data.files.team_file, team.bytes());
   EXPECT_THAT(refusal(), ::testing::EndsWith("Subscript out of range: a count of 21, at most 20 (file small.team, "
                                              "record 22, field team_count)"));
 }
 
 /// Finds, at the second ball of a match, the draw that makes the third one that does not count.
-class draw_finder : public headless_user {
+class draw_finder : public test_user {
  public:
   struct found {};
   double draw = 0;
@@ -213,7 +215,7 @@ class draw_finder : public headless_user {
   using headless_user::show;
   void ball_bowled() override {
     if (match.innings_balls < 2) return;
-    set_batting_aggression();
+    set_batting_aggression(match);
     draw = draw_outcome(outcome_);
     throw found();
   }
@@ -241,7 +243,7 @@ TEST_P(CliUncounted, DeliveriesWithoutEnd) {
   {
     const front_end_scope scope(finder);
     chance.use_script(draws, "draws");
-    new_match_form form;
+    new_match_form form(in_play());
     form.open();
     EXPECT_THROW(form.accept(), draw_finder::found);
     bowler = match.bowling_xi[match.bowler].name;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/cli_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {

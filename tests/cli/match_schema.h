@@ -2,6 +2,7 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "database/lasting_records.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 

@@ -9,6 +9,7 @@
 #include "database/configuration.h"
 #include "database/teams_file.h"
 #include "database/world.h"
+#include "support/game_in_play.h"
 #include "support/small_database.h"
 
 // A season of 300 matches on the bundled database, every report compared with figures counted anew from the matches.
@@ -25,16 +26,17 @@ constexpr int matches_a_round = 30;
 class Season : public ::testing::Test {
  protected:
   void SetUp() override {
-    build_database(fs::path(VELORIN_TEST_DATA).parent_path() / "data" / "world", files.team_file, files.ground_file);
-    for (const ground_rec& ground : read_grounds()) {
+    build_database(fs::path(VELORIN_TEST_DATA).parent_path() / "data" / "world", data.files.team_file,
+                   data.files.ground_file);
+    for (const ground_rec& ground : read_grounds(data)) {
       ASSERT_TRUE(home_of_.emplace(ground.ground_name, ground.country).second) << ground.ground_name;
     }
   }
-  void TearDown() override { settings = configuration(); }
+  void TearDown() override { data.settings = configuration(); }
 
   /// Plays one pairing of teams and adds its matches to the recount.
   void play_round(int round, recount& figures) {
-    const auto& teams = read_team_list();
+    const auto& teams = read_team_list(data);
     const std::string team1 = teams[round % teams.size()].team_name;
     const std::string team2 = teams[(round * 3 + 1) % teams.size()].team_name;
     const std::string country = round % 3 == 2 ? "Neutral" : round % 3 == 1 ? team1 : team2;
@@ -46,7 +48,7 @@ class Season : public ::testing::Test {
                                           out.string(), "--team1",
                                           team1,        "--team2",
                                           team2};
-    for (const ground_rec& ground : read_grounds()) {
+    for (const ground_rec& ground : read_grounds(data)) {
       if (ground.country != country) continue;
       arguments.insert(arguments.end(), {"--ground", ground.ground_name});
       break;

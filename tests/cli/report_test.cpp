@@ -6,6 +6,7 @@
 #include "browsers/figures_fixture.h"
 #include "cli/report_run.h"
 #include "database/configuration.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -46,7 +47,7 @@ class Report : public figures_fixture {
     database.add_ground("Alba", "Harbour Park");
     database.write();
   }
-  void TearDown() override { settings = configuration(); }
+  void TearDown() override { data.settings = configuration(); }
 
   run_result report(std::vector<std::string> arguments) const {
     arguments.insert(arguments.begin(), "report");
@@ -350,7 +351,7 @@ TEST_F(Report, ADamagedFileIsAnErrorThatNamesIt) {
   lists.table_team_count = 1;
   lists.teams[1].team_name = {std::string("Alba")};
   lists.teams[1].home_won = {std::string("many")};
-  write_record_lists(lists);
+  write_record_lists(data, lists);
   EXPECT_THAT(error(1, {"rankings"}), AllOf(HasSubstr("world.ptr"), HasSubstr("home_won")));
 }
 

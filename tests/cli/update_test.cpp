@@ -5,6 +5,7 @@
 #include "database/lasting_records.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/scripted_user.h"
 
 namespace velorin::testing {
@@ -208,11 +209,13 @@ TEST_F(Update, TheFiguresOfAWorldCupAreTheSumOfItsMatches) {
   const auto after = contents_of(teams());
   match = match_state();
   world_cup = world_cup_record();
-  files.updates = false;
+  data.files = database_paths(teams(), "small");
+  data.files.updates = false;
+  data.files.elevens_in_memory = true;
   chance.use_seed(3);
   counting_user user;
   const front_end_scope scope(user);
-  world_cup_form form;
+  world_cup_form form(in_play(), world_cup);
   form.open();
   form.accept();
   ASSERT_EQ(contents_of(teams()), after);

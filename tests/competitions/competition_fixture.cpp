@@ -6,6 +6,7 @@
 #include "competitions/world_cup.h"
 #include "setup/conditions.h"
 #include "setup/team_selection.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -67,7 +68,7 @@ void CompetitionTest::SetUp() {
   series = series_record();
   tri = tri_record();
   world_cup = world_cup_record();
-  files.elevens_in_memory = true;
+  data.files.elevens_in_memory = true;
   chance.use_seed(20);
 }
 

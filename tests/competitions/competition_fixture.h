@@ -10,6 +10,7 @@
 
 #include "model/match_state.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "competitions/world_cup_fixtures.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 

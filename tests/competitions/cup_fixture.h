@@ -7,6 +7,7 @@
 #include "competitions/competition_fixture.h"
 #include "competitions/world_cup_form.h"
 #include "competitions/world_cup_tables.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -29,7 +30,7 @@ class CupTest : public CompetitionTest {
   /// Makes all group and Super Six matches, but not the last three, ties.
   void tie_the_leagues();
 
-  world_cup_form form_;
+  world_cup_form form_{in_play(), world_cup};
 };
 
 }  // namespace velorin::testing

@@ -9,7 +9,9 @@
 #include "competitions/cup_fixture.h"
 #include "competitions/series.h"
 #include "competitions/tri_series.h"
+#include "support/game_in_play.h"
 #include "support/shares.h"
+#include "support/test_user.h"
 
 namespace velorin::testing {
 namespace {
@@ -28,7 +30,7 @@ void check_grounds(share_check& shares, const std::string& what, tally counts, i
 }
 
 /// Notes the ground of each match of a competition whose teams are not chosen, so that nothing is played.
-class ground_watcher : public headless_user {
+class ground_watcher : public test_user {
  public:
   tally series_grounds;
   tally tri_grounds;
@@ -67,7 +69,7 @@ class DrawShares : public CupTest {
 
 TEST_F(DrawShares, GroundsOfASeries) {
   const front_end_scope scope(watcher_);
-  series_form form;
+  series_form form(in_play(), series);
   form.grounds = seven_grounds;
   form.typed_matches = "10";
   while (watcher_.drawn < sample_size) form.accept();
@@ -79,7 +81,7 @@ TEST_F(DrawShares, GroundsOfASeries) {
 
 TEST_F(DrawShares, GroundsOfATriSeries) {
   const front_end_scope scope(watcher_);
-  tri_series_form form;
+  tri_series_form form(in_play(), tri);
   form.team_index = {-1, -1, -1};
   chance.use_seed(1992);
   form.grounds = seven_grounds;
@@ -109,7 +111,7 @@ TEST_F(DrawShares, TheGroupMatches) {
   tally grounds;
   tally first_grounds;
   for (int n = 0; n < sample_size; ++n) {
-    draw_group_fixtures();
+    draw_group_fixtures(chance, world_cup);
     for (int place = 1; place <= 20; ++place) {
       const cup_fixture& fixture = world_cup.fixtures[place];
       ++counts[entered[fixture.index_a][fixture.index_b] + (fixture.stage == "B" ? 1 : 0)][place];
@@ -135,7 +137,7 @@ TEST_F(DrawShares, TheSuperSixMatches) {
   std::array<std::array<int, 10>, 10> counts{};
   tally grounds;
   for (int n = 0; n < sample_size; ++n) {
-    draw_super_six_fixtures();
+    draw_super_six_fixtures(chance, world_cup);
     for (int place = 1; place <= 9; ++place) {
       const cup_fixture& fixture = world_cup.fixtures[20 + place];
       ++counts[3 * (fixture.index_a - 1) + fixture.index_b][place];
@@ -155,7 +157,7 @@ TEST_F(DrawShares, TheSuperSixMatches) {
 }
 
 /// Cuts a match off at its conditions, and notes the ground.
-class knock_out_watcher : public headless_user {
+class knock_out_watcher : public test_user {
  public:
   struct cut_off {};
   tally grounds;
@@ -170,11 +172,11 @@ class knock_out_watcher : public headless_user {
 TEST_F(DrawShares, GroundsOfASemiFinal) {
   knock_out_watcher watcher;
   const front_end_scope scope(watcher);
-  files.read_once = true;
+  data.files.read_once = true;
   world_cup.grounds = {"Ardell Oval", "Brava Oval", "Corrin Park"};
   world_cup.semi_finals[1].team_a = "Ardell";
   world_cup.semi_finals[1].team_b = "Brava";
-  for (int n = 0; n < sample_size; ++n) EXPECT_THROW(run_semifinal(), knock_out_watcher::cut_off);
+  for (int n = 0; n < sample_size; ++n) EXPECT_THROW(run_semifinal(in_play(), world_cup), knock_out_watcher::cut_off);
   share_check shares;
   for (const std::string& ground : world_cup.grounds) {
     shares.cell("semi-final at " + ground, watcher.grounds[ground], 1.0 / 3);

@@ -12,6 +12,7 @@
 
 #include "model/match_state.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -109,12 +110,12 @@ TEST(League, AWinIsWorthTwoPointsAndATieOne) {
   league_row a = named("A");
   league_row b = named("B");
   set_result("A", "A", "B", 1);
-  book_outcome(a, b, "A", "B");
+  book_outcome(match, a, b, "A", "B");
   set_result("B", "A", "B", 1);
-  book_outcome(a, b, "A", "B");
-  book_outcome(a, b, "A", "B");
+  book_outcome(match, a, b, "A", "B");
+  book_outcome(match, a, b, "A", "B");
   set_result("", "A", "B", 0);
-  book_outcome(a, b, "A", "B");
+  book_outcome(match, a, b, "A", "B");
   EXPECT_THAT(figures(a), ElementsAre(0, 1, 2, 1, 3));
   EXPECT_THAT(figures(b), ElementsAre(0, 2, 1, 1, 5));
   EXPECT_EQ(a.net_run_rate, 0) << "rates are booked apart";
@@ -124,7 +125,7 @@ TEST(League, AWinnerOfNeitherNameIsATie) {
   league_row a = named("A");
   league_row b = named("B");
   set_result("C", "A", "B", 1);
-  book_outcome(a, b, "A", "B");
+  book_outcome(match, a, b, "A", "B");
   EXPECT_THAT(figures(a), ElementsAre(0, 0, 0, 1, 1));
   EXPECT_THAT(figures(b), ElementsAre(0, 0, 0, 1, 1));
 }
@@ -158,9 +159,9 @@ TEST(League, AFigureBeyondSixteenBitsIsAnOverflow) {
     set_result(full.winner, "A", "B", 0);
     std::vector<league_row> rows = {named("A"), named("B")};
     rows[0].*full.figure = full.last;
-    book_league_match(rows.data(), 2, "A", "B");
+    book_league_match(match, rows.data(), 2, "A", "B");
     EXPECT_EQ(rows[0].*full.figure, 32767);
-    EXPECT_EQ(overflow_of([&] { book_league_match(rows.data(), 2, "A", "B"); }),
+    EXPECT_EQ(overflow_of([&] { book_league_match(match, rows.data(), 2, "A", "B"); }),
               does_not_fit(32767 + 32767 - full.last, full.field, "A"));
     EXPECT_EQ(rows[0].*full.figure, 32767);
   }
@@ -171,13 +172,13 @@ TEST(League, TheSecondTeamIsNamedByItsOwnName) {
   league_row against_a = named("A");  // as the cells of a group are headed
   set_result("A", "A", "B", 0);
   against_a.lost = 32767;
-  EXPECT_EQ(overflow_of([&] { book_outcome(a, against_a, "A", "B"); }), does_not_fit(32768, "lost", "B"));
+  EXPECT_EQ(overflow_of([&] { book_outcome(match, a, against_a, "A", "B"); }), does_not_fit(32768, "lost", "B"));
   set_result("", "A", "B", 0);
   against_a.tied = 32767;
-  EXPECT_EQ(overflow_of([&] { book_outcome(a, against_a, "A", "B"); }), does_not_fit(32768, "tied", "B"));
+  EXPECT_EQ(overflow_of([&] { book_outcome(match, a, against_a, "A", "B"); }), does_not_fit(32768, "tied", "B"));
   set_result("B", "A", "B", 0);
   against_a.won = 32767;
-  EXPECT_EQ(overflow_of([&] { book_outcome(a, against_a, "A", "B"); }), does_not_fit(32768, "won", "B"));
+  EXPECT_EQ(overflow_of([&] { book_outcome(match, a, against_a, "A", "B"); }), does_not_fit(32768, "won", "B"));
 }
 
 TEST(League, SumsOfRowsHaveTheSameLimit) {
@@ -201,7 +202,7 @@ TEST(League, SumsOfRowsHaveTheSameLimit) {
 TEST(League, AMatchIsBookedInTheRowsOfBothTeams) {
   std::vector<league_row> rows = {named("A"), named("B"), named("C")};
   set_result("C", "C", "A", 1.25);
-  book_league_match(rows.data(), 3, "A", "C");
+  book_league_match(match, rows.data(), 3, "A", "C");
   EXPECT_THAT(figures(rows[0]), ElementsAre(1, 0, 1, 0, 0));
   EXPECT_THAT(figures(rows[1]), ElementsAre(0, 0, 0, 0, 0));
   EXPECT_THAT(figures(rows[2]), ElementsAre(1, 1, 0, 0, 2));
@@ -214,7 +215,7 @@ TEST(League, RatesAreSummedAndDividedByNothing) {
   std::vector<league_row> rows = {named("A"), named("B")};
   for (const double delta : {0.5, -2.0, 0.25}) {
     set_result(delta > 0 ? "A" : "B", "A", "B", delta);
-    book_league_match(rows.data(), 2, "A", "B");
+    book_league_match(match, rows.data(), 2, "A", "B");
   }
   EXPECT_EQ(rows[0].net_run_rate, -1.25);
   EXPECT_EQ(rows[1].net_run_rate, 1.25);
@@ -223,7 +224,7 @@ TEST(League, RatesAreSummedAndDividedByNothing) {
 TEST(League, ATeamAgainstItselfPlaysTwiceAndWinsAndLoses) {
   std::vector<league_row> rows = {named("A"), named("B")};
   set_result("A", "A", "A", 2);
-  book_league_match(rows.data(), 2, "A", "A");
+  book_league_match(match, rows.data(), 2, "A", "A");
   EXPECT_THAT(figures(rows[0]), ElementsAre(2, 1, 1, 0, 2));
   EXPECT_EQ(rows[0].net_run_rate, 0);
 }
@@ -231,7 +232,7 @@ TEST(League, ATeamAgainstItselfPlaysTwiceAndWinsAndLoses) {
 TEST(League, OfSeveralRowsOfANameTheLastTakesTheOutcome) {
   std::vector<league_row> rows = {named("A"), named("A"), named("B")};
   set_result("A", "A", "B", 1);
-  book_league_match(rows.data(), 3, "A", "B");
+  book_league_match(match, rows.data(), 3, "A", "B");
   EXPECT_THAT(figures(rows[0]), ElementsAre(1, 0, 0, 0, 0));
   EXPECT_THAT(figures(rows[1]), ElementsAre(1, 1, 0, 0, 2));
   EXPECT_THAT(figures(rows[2]), ElementsAre(1, 0, 1, 0, 0));
@@ -254,7 +255,7 @@ TEST(League, TheSumsHoldOverRandomSeasons) {
         const double delta = generator() % 5 == 0 ? 0 : gain(generator);
         const std::string winner = delta == 0 ? "" : delta > 0 ? rows[i].team : rows[j].team;
         set_result(winner, rows[i].team, rows[j].team, delta);
-        book_league_match(rows.data(), count, rows[j].team, rows[i].team);
+        book_league_match(match, rows.data(), count, rows[j].team, rows[i].team);
         ++matches;
       }
     }

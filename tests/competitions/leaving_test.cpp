@@ -9,6 +9,7 @@
 #include "setup/conditions.h"
 #include "setup/team_selection.h"
 #include "setup/toss.h"
+#include "support/game_in_play.h"
 
 // A user who leaves a match of a competition before it has begun. It is still to be played, and with the same draws
 // from the standings on the competition is that of a user who leaves nothing.
@@ -122,7 +123,7 @@ class LeavingCompetitions : public CupTest, public ::testing::WithParamInterface
   static void play_series(LeavingUser& user) {
     const front_end_scope in_use(user);
     series = {};
-    series_form form;
+    series_form form(in_play(), series);
     form.open();
     form.typed_matches = "3";
     form.computer_captains_home = form.computer_captains_away = false;
@@ -131,7 +132,7 @@ class LeavingCompetitions : public CupTest, public ::testing::WithParamInterface
   static void play_tri_series(LeavingUser& user) {
     const front_end_scope in_use(user);
     tri = {};
-    tri_series_form form;
+    tri_series_form form(in_play(), tri);
     form.open();
     form.computer_captains = {false, false, false};
     play_to_the_end(form, user);
@@ -139,7 +140,7 @@ class LeavingCompetitions : public CupTest, public ::testing::WithParamInterface
   static world_cup_form play_cup(LeavingUser& user) {
     const front_end_scope in_use(user);
     world_cup = {};
-    world_cup_form form;
+    world_cup_form form(in_play(), world_cup);
     form.open();
     form.human_a.fill(true);
     form.human_b.fill(true);
@@ -249,7 +250,7 @@ TEST_F(CupTest, TheListAfterAMatchIsLeftLetsTheUserQuit) {
     user.quits_again_at = 1;
     const front_end_scope in_use(user);
     world_cup = {};
-    world_cup_form form;
+    world_cup_form form(in_play(), world_cup);
     form.open();
     form.human_a.fill(true);
     user.seed();
@@ -280,9 +281,9 @@ TEST_F(CupTest, EnteringAMatchEmptiesTheWholeResult) {
     EXPECT_EQ(now.rate_second.delta, 0);
     form.leave();
   });
-  EXPECT_FALSE(enter_match({"Ardell", false}, {"Brava", false}, "Ardell Oval"));
+  EXPECT_FALSE(enter_match(in_play(), {"Ardell", false}, {"Brava", false}, "Ardell Oval"));
   EXPECT_EQ(match.result_loser, "Older") << "a match that was left changes nothing";
-  enter_match({"Ardell", false}, {"", false}, "Ardell Oval");
+  enter_match(in_play(), {"Ardell", false}, {"", false}, "Ardell Oval");
   EXPECT_EQ(match.result_loser + match.result_ground + match.rate_first.team, "") << "a walkover";
   EXPECT_EQ(match.rate_second.delta, 0);
 }
@@ -310,17 +311,17 @@ TEST_F(CupTest, ALoadedFormKeepsItsChoices) {
 }
 
 TEST_F(CupTest, AFreshRecordIsThatOfANewStart) {
-  EXPECT_EQ(standing_cup(), "");
+  EXPECT_EQ(standing_cup(world_cup), "");
   LeavingUser first(0, step::conditions);
   {
     const front_end_scope in_use(first);
     first.seed();
     form_.accept();
   }
-  EXPECT_NE(standing_cup(), "");
+  EXPECT_NE(standing_cup(world_cup), "");
   const cup_group_team stood = world_cup.group_a[1];
-  start_cup_afresh();
-  EXPECT_EQ(standing_cup(), "");
+  start_cup_afresh(world_cup);
+  EXPECT_EQ(standing_cup(world_cup), "");
   LeavingUser second(0, step::conditions);
   const front_end_scope in_use(second);
   second.seed();
@@ -330,21 +331,21 @@ TEST_F(CupTest, AFreshRecordIsThatOfANewStart) {
 }
 
 TEST_F(CupTest, CountriesWithoutAGroundAreNamedOnce) {
-  EXPECT_THAT(countries_without_ground({"Ardell", "Nowhere", "", "Nowhere", "Elsewhere"}),
+  EXPECT_THAT(countries_without_ground(data, {"Ardell", "Nowhere", "", "Nowhere", "Elsewhere"}),
               ::testing::ElementsAre("Nowhere", "Elsewhere"));
-  EXPECT_THAT(countries_without_ground({"", ""}), IsEmpty());
+  EXPECT_THAT(countries_without_ground(data, {"", ""}), IsEmpty());
 }
 
 TEST_F(CupTest, OkNeedsEveryTeam) {
   EXPECT_TRUE(form_.ready());
   form_.group_b_index[4] = -1;
   EXPECT_FALSE(form_.ready());
-  series_form two;
+  series_form two(in_play(), series);
   two.open();
   EXPECT_TRUE(two.ready());
   two.choose_away(-1);
   EXPECT_FALSE(two.ready());
-  tri_series_form three;
+  tri_series_form three(in_play(), tri);
   three.open();
   EXPECT_TRUE(three.ready());
   three.choose_team(2, -1);

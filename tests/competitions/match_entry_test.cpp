@@ -3,6 +3,7 @@
 
 #include "competitions/competition_fixture.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -20,7 +21,7 @@ class MatchEntry : public CompetitionTest {
 };
 
 TEST_F(MatchEntry, TeamsComeInFileOrderWithTheirRecords) {
-  const std::vector<team_entry> teams = list_teams();
+  const std::vector<team_entry> teams = list_teams(data);
   ASSERT_EQ(teams.size(), 3U);
   EXPECT_EQ(teams[0].name, "Alpha");
   EXPECT_EQ(teams[0].record, 2);
@@ -29,31 +30,32 @@ TEST_F(MatchEntry, TeamsComeInFileOrderWithTheirRecords) {
 }
 
 TEST_F(MatchEntry, GroundsAreThoseOfTheCountriesInFileOrder) {
-  EXPECT_THAT(list_grounds({"Beta"}), ElementsAre("Beta Oval", "Beta Park"));
-  EXPECT_THAT(list_grounds({"Gamma", "Alpha"}), ElementsAre("Alpha Oval", "Gamma Oval", "Alpha Park", "Gamma Park"));
-  EXPECT_THAT(list_grounds({"Gamma", "Gamma", ""}), ElementsAre("Gamma Oval", "Gamma Park"));
-  EXPECT_THAT(list_grounds({"", "", ""}), IsEmpty());
-  EXPECT_THAT(list_grounds({"gamma", "Delta"}), IsEmpty());
+  EXPECT_THAT(list_grounds(data, {"Beta"}), ElementsAre("Beta Oval", "Beta Park"));
+  EXPECT_THAT(list_grounds(data, {"Gamma", "Alpha"}),
+              ElementsAre("Alpha Oval", "Gamma Oval", "Alpha Park", "Gamma Park"));
+  EXPECT_THAT(list_grounds(data, {"Gamma", "Gamma", ""}), ElementsAre("Gamma Oval", "Gamma Park"));
+  EXPECT_THAT(list_grounds(data, {"", "", ""}), IsEmpty());
+  EXPECT_THAT(list_grounds(data, {"gamma", "Delta"}), IsEmpty());
 }
 
 TEST_F(MatchEntry, AnEmptyHostMatchesNoGround) {
   database_.add_ground("", "Nowhere");
   database_.write();
-  EXPECT_THAT(list_grounds({"Beta", "", ""}), ElementsAre("Beta Oval", "Beta Park"));
+  EXPECT_THAT(list_grounds(data, {"Beta", "", ""}), ElementsAre("Beta Oval", "Beta Park"));
 }
 
 TEST_F(MatchEntry, AGroundIsDrawnWithOneNumber) {
   const std::vector<std::string> grounds = {"a", "b", "c"};
   script_draws({0, 0.33, 0.34, 0.66, 0.67, 0.999999999});
   std::string drawn;
-  for (int i = 0; i < 6; ++i) drawn += draw_ground(grounds);
+  for (int i = 0; i < 6; ++i) drawn += draw_ground(chance, grounds);
   EXPECT_EQ(drawn, "aabbcc");
   EXPECT_EQ(chance.draws_used(), 6U);
 }
 
 TEST_F(MatchEntry, WithoutGroundsANumberIsDrawnAllTheSame) {
   script_draws({0.7});
-  EXPECT_EQ(draw_ground({}), "");
+  EXPECT_EQ(draw_ground(chance, {}), "");
   EXPECT_EQ(chance.draws_used(), 1U);
 }
 
@@ -72,7 +74,7 @@ TEST_F(MatchEntry, ATypedNumberIsAWholeOneInItsRange) {
 }
 
 TEST_F(MatchEntry, AMatchGoesThroughTheChainOfANewMatch) {
-  enter_match({"Gamma", false}, {"Alpha", false}, "Gamma Park");
+  enter_match(in_play(), {"Gamma", false}, {"Alpha", false}, "Gamma Park");
   ASSERT_EQ(user_.matches.size(), 1U);
   EXPECT_EQ(user_.matches[0].first, "Gamma");
   EXPECT_EQ(user_.matches[0].second, "Alpha");
@@ -88,8 +90,8 @@ TEST_F(MatchEntry, AMatchGoesThroughTheChainOfANewMatch) {
 }
 
 TEST_F(MatchEntry, AHumanSidePlaysByHand) {
-  enter_match({"Alpha", true}, {"Beta", false}, "Alpha Oval");
-  enter_match({"Alpha", false}, {"Beta", true}, "Alpha Oval");
+  enter_match(in_play(), {"Alpha", true}, {"Beta", false}, "Alpha Oval");
+  enter_match(in_play(), {"Alpha", false}, {"Beta", true}, "Alpha Oval");
   EXPECT_TRUE(user_.matches[0].first_human);
   EXPECT_FALSE(user_.matches[0].second_human);
   EXPECT_FALSE(user_.matches[1].first_human);
@@ -101,10 +103,10 @@ TEST_F(MatchEntry, AHumanSidePlaysByHand) {
 }
 
 TEST_F(MatchEntry, AGroundThatIsNotInTheFileHasNoPitchToPlayOn) {
-  enter_match({"Alpha", true}, {"Beta", false}, "Alpha Oval");
+  enter_match(in_play(), {"Alpha", true}, {"Beta", false}, "Alpha Oval");
   EXPECT_EQ(match.result_ground, "Alpha Oval");
   try {
-    enter_match({"Alpha", false}, {"Beta", false}, "No Such Place");
+    enter_match(in_play(), {"Alpha", false}, {"Beta", false}, "No Such Place");
     ADD_FAILURE() << "the reset has cleared the ground before, so its pitch cannot go on the sliders";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::type);
@@ -113,16 +115,16 @@ TEST_F(MatchEntry, AGroundThatIsNotInTheFileHasNoPitchToPlayOn) {
 }
 
 TEST_F(MatchEntry, AnUnknownTeamIsAnError) {
-  EXPECT_THROW(enter_match({"Alpha", false}, {"Delta", false}, "Alpha Oval"), run_time_error);
+  EXPECT_THROW(enter_match(in_play(), {"Alpha", false}, {"Delta", false}, "Alpha Oval"), run_time_error);
   EXPECT_THAT(user_.requests, IsEmpty());
 }
 
 TEST_F(MatchEntry, OneEmptyNameIsAWalkover) {
   const auto before = chance.draws_used();
-  enter_match({"", false}, {"Beta", false}, "Alpha Oval");
+  enter_match(in_play(), {"", false}, {"Beta", false}, "Alpha Oval");
   EXPECT_EQ(match.result_winner, "Beta");
   EXPECT_EQ(match.result_margin, "  by a walkover");
-  enter_match({"Gamma", true}, {"", true}, "Alpha Oval");
+  enter_match(in_play(), {"Gamma", true}, {"", true}, "Alpha Oval");
   EXPECT_EQ(match.result_winner, "Gamma");
   EXPECT_EQ(match.result_margin, "  by a walkover");
   EXPECT_THAT(user_.requests, IsEmpty()) << "no match is played";
@@ -133,17 +135,17 @@ TEST_F(MatchEntry, OneEmptyNameIsAWalkover) {
 TEST_F(MatchEntry, TwoEmptyNamesHaveNoResult) {
   match.result_winner = "Gamma";
   match.result_margin = "  won by  7  runs";
-  enter_match({"", false}, {"", false}, "Alpha Oval");
+  enter_match(in_play(), {"", false}, {"", false}, "Alpha Oval");
   EXPECT_EQ(match.result_winner, "");
   EXPECT_EQ(match.result_margin, "");
   EXPECT_THAT(user_.requests, IsEmpty());
 }
 
 TEST_F(MatchEntry, LeavingAMatchClearsItsResult) {
-  enter_match({"Alpha", false}, {"Beta", false}, "Alpha Oval");
+  enter_match(in_play(), {"Alpha", false}, {"Beta", false}, "Alpha Oval");
   EXPECT_NE(match.result_margin, "");
   EXPECT_NE(match.rate_first.team, "");
-  clear_result();
+  clear_result(match);
   EXPECT_EQ(match.result_winner, "");
   EXPECT_EQ(match.result_margin, "");
   EXPECT_EQ(match.result_ground, "");
@@ -170,7 +172,7 @@ TEST_F(MatchEntry, TheResultBlockFollowsFromTheInnings) {
   int chased = 0;
   for (int i = 0; i < 60; ++i) {
     innings.clear();
-    enter_match({"Alpha", false}, {"Beta", false}, "Alpha Oval");
+    enter_match(in_play(), {"Alpha", false}, {"Beta", false}, "Alpha Oval");
     ASSERT_EQ(innings.size(), 2U);
     const double f = innings[0].runs;
     const double s = innings[1].runs;
@@ -203,7 +205,7 @@ TEST_F(MatchEntry, ProgressCountsTheOversBowledAndNotTheShareOfTheMatch) {
   for (int i = 1; i <= 13; ++i) hopeless[i].bat_skill = 1;
   database_.add_team("Delta", hopeless);
   database_.write();
-  enter_match({"Delta", false}, {"Delta", false}, "Alpha Oval");
+  enter_match(in_play(), {"Delta", false}, {"Delta", false}, "Alpha Oval");
   EXPECT_GT(user_.progress_calls, 1);
   EXPECT_LT(user_.progress_calls, 60) << "both sides are out early";
   EXPECT_FALSE(user_.progress_open);

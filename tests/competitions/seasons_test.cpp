@@ -6,6 +6,7 @@
 #include "competitions/world_cup_fixtures.h"
 #include "competitions/world_cup_tables.h"
 #include "model/texts.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -161,7 +162,7 @@ TEST_F(Seasons, TriSeriesAddUp) {
     SCOPED_TRACE(seed);
     chance.use_seed(seed);
     user_.tri_tables.clear();
-    tri_series_form form;
+    tri_series_form form(in_play(), tri);
     form.open();
     form.set_rounds(4);
     form.accept();

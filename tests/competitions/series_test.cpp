@@ -3,6 +3,7 @@
 
 #include "competitions/competition_fixture.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -35,7 +36,7 @@ class Series : public CompetitionTest {
     return lines;
   }
 
-  series_form form_;
+  series_form form_{in_play(), series};
 };
 
 TEST_F(Series, TheFormOpensOnTheSecondAndTheThirdTeam) {

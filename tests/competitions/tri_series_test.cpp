@@ -4,6 +4,7 @@
 #include "model/run_time_error.h"
 #include "model/texts.h"
 #include "setup/conditions.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -28,7 +29,7 @@ class TriSeries : public CompetitionTest {
     return user_.tri_tables.back();
   }
 
-  tri_series_form form_;
+  tri_series_form form_{in_play(), tri};
 };
 
 std::vector<std::string> teams_of(const tri_series_table_form& shown) {
@@ -211,7 +212,7 @@ TEST_F(TriSeries, RunTriMatchBooksOneMatch) {
   tri.tri_table[2].team = "Gamma";
   tri.tri_table[3].team = "Delta";
   force({1});
-  run_tri_match("Delta", "Gamma", false, true);
+  run_tri_match(in_play(), tri, "Delta", "Gamma", false, true);
   EXPECT_EQ(user_.matches[0].ground, "Beta Oval");
   EXPECT_FALSE(user_.matches[0].first_human);
   EXPECT_TRUE(user_.matches[0].second_human);
@@ -277,7 +278,7 @@ TEST(TriSponsors, FollowTheHost) {
     tri.tri_table[2].team = "England";
     tri.tri_table[2].points = 2;
     tri.tri_table[3].team = "India";
-    tri_series_table_form shown;
+    tri_series_table_form shown(tri);
     shown.open();
     EXPECT_EQ(shown.title, std::string(sponsor) + " Tri Series");
     EXPECT_EQ(shown.heading, std::string(sponsor) + " Tri Series - Table");

@@ -5,6 +5,7 @@
 #include "competitions/cup_fixture.h"
 #include "competitions/world_cup_fixtures.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -61,7 +62,7 @@ TEST(CupForm, NineTeamsAreNotEnough) {
   database.write();
   scripted_user user;
   const front_end_scope shown(user);
-  world_cup_form form;
+  world_cup_form form(in_play(), world_cup);
   form.open();
   EXPECT_TRUE(form.closed);
   EXPECT_THAT(user.requests, ElementsAre("message Error | Not enough teams in current database to play the World cup"));
@@ -79,7 +80,7 @@ TEST_F(CupDraw, AnEleventhTeamIsOnTheListsButNotInTheGroups) {
 
 TEST_F(CupDraw, TheRowsAgainstTheOthersAreNamed) {
   choose_groups();
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   for (int i = 1; i <= 5; ++i) {
     EXPECT_EQ(world_cup.group_a[i].team, cup_group_a[i - 1]);
     EXPECT_EQ(world_cup.group_b[i].team, cup_group_b[i - 1]);
@@ -98,7 +99,7 @@ TEST_F(CupDraw, GroupMatchesAlternateAndEachDrawsItsGround) {
     venues.push_back(k < 5 ? park : oval);
   }
   script_draws(joined(venues, idle_exchanges(30)));
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   EXPECT_EQ(chance.draws_used(), 80U);
   EXPECT_THAT(fixtures(1, 8), ElementsAre("A 1 2 Ardell-Brava Ardell Oval", "B 1 2 Farol-Gintra Ardell Park",
                                           "A 1 3 Ardell-Corrin Ardell Oval", "B 1 3 Farol-Halden Ardell Park",
@@ -117,7 +118,7 @@ TEST_F(CupDraw, GroupMatchesAlternateAndEachDrawsItsGround) {
 TEST_F(CupDraw, ThirtyExchangesShuffleTheGroupMatches) {
   choose_groups();
   script_draws(joined(std::vector<double>(20, oval), idle_exchanges(30)));
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   std::vector<std::string> wanted = fixtures(1, 20);
 
   std::vector<double> draws(20, oval);
@@ -129,7 +130,7 @@ TEST_F(CupDraw, ThirtyExchangesShuffleTheGroupMatches) {
     std::swap(wanted[p - 1], wanted[q - 1]);
   }
   script_draws(draws);
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   EXPECT_EQ(fixtures(1, 20), wanted);
   EXPECT_EQ(chance.draws_used(), 80U) << "thirty exchanges, two draws each";
 }
@@ -138,14 +139,14 @@ TEST_F(CupDraw, TheFirstAndTheLastPlaceCanBeDrawn) {
   choose_groups();
   std::vector<double> draws = joined(std::vector<double>(20, oval), {0.0, 0.9999999});
   script_draws(joined(draws, idle_exchanges(29)));
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   EXPECT_EQ(fixtures(1, 1)[0], "B 4 5 Isker-Jorvik Ardell Oval");
   EXPECT_EQ(fixtures(20, 20)[0], "A 1 2 Ardell-Brava Ardell Oval");
 }
 
 TEST_F(CupDraw, NumbersRunUpWithinEachGroup) {
   choose_groups();
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   int a = 0;
   int b = 0;
   for (int k = 1; k <= 20; ++k) {
@@ -162,7 +163,7 @@ TEST_F(CupDraw, TheSuperSixMeetsAcrossTheGroups) {
   std::vector<double> venues(9, park);
   venues[4] = oval;
   script_draws(joined(venues, idle_exchanges(10)));
-  draw_super_six_fixtures();
+  draw_super_six_fixtures(chance, world_cup);
   EXPECT_EQ(chance.draws_used(), 29U);
   EXPECT_THAT(fixtures(21, 29),
               ElementsAre("SS 1 1 Q1-Q4 Ardell Park", "SS 1 2 Q1-Q5 Ardell Park", "SS 1 3 Q1-Q6 Ardell Park",
@@ -174,7 +175,7 @@ TEST_F(CupDraw, TenExchangesShuffleTheSuperSix) {
   choose_groups();
   for (int place = 1; place <= 6; ++place) world_cup.super_six[place].team = "Q" + std::to_string(place);
   script_draws(joined(std::vector<double>(9, oval), idle_exchanges(10)));
-  draw_super_six_fixtures();
+  draw_super_six_fixtures(chance, world_cup);
   std::vector<std::string> wanted = fixtures(21, 29);
 
   std::vector<double> draws(9, oval);
@@ -186,7 +187,7 @@ TEST_F(CupDraw, TenExchangesShuffleTheSuperSix) {
     std::swap(wanted[p - 21], wanted[q - 21]);
   }
   script_draws(draws);
-  draw_super_six_fixtures();
+  draw_super_six_fixtures(chance, world_cup);
   EXPECT_EQ(fixtures(21, 29), wanted);
   EXPECT_EQ(chance.draws_used(), 29U);
   for (int k = 21; k <= 29; ++k) EXPECT_EQ(world_cup.fixtures[k].match_no, k - 20);

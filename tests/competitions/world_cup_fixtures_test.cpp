@@ -3,6 +3,7 @@
 
 #include "competitions/competition_fixture.h"
 #include "competitions/world_cup.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -36,7 +37,7 @@ class FixtureList : public CompetitionTest {
     return found;
   }
 
-  world_cup_fixtures_form list_;
+  world_cup_fixtures_form list_{user_in_use(), world_cup};
 };
 
 std::vector<std::string> texts(const world_cup_fixtures_form::row& row) {

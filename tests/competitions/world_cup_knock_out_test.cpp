@@ -2,6 +2,7 @@
 #include "competitions/cup_fixture.h"
 #include "competitions/world_cup_fixtures.h"
 #include "competitions/world_cup_tables.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -134,7 +135,7 @@ TEST_F(CupEnd, OfAQualifierNamedTwiceTheLastFlagCounts) {
   world_cup.human_b = {false, false, true, false, false};
   const char* qualifiers[] = {"", "Ardell", "Brava", "Corrin", "Ardell", "Gintra", "Halden"};
   for (int place = 1; place <= 6; ++place) world_cup.super_six[place].team = qualifiers[place];
-  draw_super_six_fixtures();
+  draw_super_six_fixtures(chance, world_cup);
   const bool wanted[] = {false, false, true, false, false, false, true};
   for (int place = 1; place <= 6; ++place) EXPECT_EQ(world_cup.super_six_human[place], wanted[place]) << place;
 }
@@ -184,7 +185,7 @@ TEST_F(CupEnd, QuittingInTheSuperSixLeavesTheRequestAndTheForm) {
   EXPECT_TRUE(world_cup.quit_requested);
   EXPECT_EQ(user_.matches.size(), 23U);
 
-  world_cup_form next;
+  world_cup_form next(in_play(), world_cup);
   next.open();
   user_.requests.clear();
   next.accept();

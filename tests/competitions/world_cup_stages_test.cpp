@@ -7,6 +7,7 @@
 #include "competitions/world_cup_fixtures.h"
 #include "competitions/world_cup_tables.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -23,15 +24,15 @@ std::vector<std::string> row_texts(const league_texts& row) { return {row.begin(
 
 TEST_F(CupStages, AGroupMatchIsBookedInTheCellsOfTheTwo) {
   choose_groups();
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   force({2, 0}, 1.5);
-  run_group_a_match({"Dessa", false}, {"Brava", false}, "Ardell Park");
+  run_group_a_match(in_play(), world_cup, {"Dessa", false}, {"Brava", false}, "Ardell Park");
   EXPECT_EQ(user_.matches[0].ground, "Ardell Park");
   EXPECT_THAT(figures(world_cup.group_a[2].versus[4]), ElementsAre(1, 1, 0, 0, 2));
   EXPECT_THAT(figures(world_cup.group_a[4].versus[2]), ElementsAre(1, 0, 1, 0, 0));
   EXPECT_EQ(world_cup.group_a[2].versus[4].net_run_rate, 1.5);
   EXPECT_EQ(world_cup.group_a[4].versus[2].net_run_rate, -1.5);
-  run_group_b_match({"Farol", false}, {"Jorvik", false}, "Ardell Oval");
+  run_group_b_match(in_play(), world_cup, {"Farol", false}, {"Jorvik", false}, "Ardell Oval");
   EXPECT_THAT(figures(world_cup.group_b[1].versus[5]), ElementsAre(1, 0, 0, 1, 1));
   EXPECT_THAT(figures(world_cup.group_b[5].versus[1]), ElementsAre(1, 0, 0, 1, 1));
   EXPECT_EQ(group_table(world_cup.group_a)[1].played, 0);
@@ -40,13 +41,13 @@ TEST_F(CupStages, AGroupMatchIsBookedInTheCellsOfTheTwo) {
 
 TEST_F(CupStages, ACellThatOverflowsNamesItsTeam) {
   choose_groups();
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   force({1, 0}, 1);
   for (const auto& [team, other, name] : {std::tuple(2, 4, "Brava"), std::tuple(4, 2, "Dessa")}) {
     integer& played = world_cup.group_a[team].versus[other].played;
     played = 32767;
     try {
-      run_group_a_match({"Brava", false}, {"Dessa", false}, "Ardell Park");
+      run_group_a_match(in_play(), world_cup, {"Brava", false}, {"Dessa", false}, "Ardell Park");
       ADD_FAILURE() << "no failure";
     } catch (const run_time_error& error) {
       EXPECT_EQ(error.what(),
@@ -59,9 +60,9 @@ TEST_F(CupStages, ACellThatOverflowsNamesItsTeam) {
 
 TEST_F(CupStages, OfANameTwiceInAGroupTheLastPlaceIsBooked) {
   choose_groups({"Ardell", "Brava", "Ardell", "Dessa", "Elmar"});
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   force({1, 1});
-  run_group_a_match({"Ardell", false}, {"Dessa", false}, "Ardell Park");
+  run_group_a_match(in_play(), world_cup, {"Ardell", false}, {"Dessa", false}, "Ardell Park");
   EXPECT_THAT(figures(world_cup.group_a[3].versus[4]), ElementsAre(1, 1, 0, 0, 2));
   EXPECT_THAT(figures(world_cup.group_a[1].versus[4]), ElementsAre(0, 0, 0, 0, 0));
   EXPECT_THAT(figures(world_cup.group_a[4].versus[3]), ElementsAre(1, 0, 1, 0, 0));
@@ -74,14 +75,14 @@ TEST_F(CupStages, ASuperSixMatchIsBookedInTheTable) {
     world_cup.super_six[place].team = place <= 3 ? cup_group_a[place - 1] : cup_group_b[place - 4];
   }
   force({1, 0}, 0.75);
-  run_super_six_match({"Brava", true}, {"Halden", false}, "Ardell Oval");
+  run_super_six_match(in_play(), world_cup, {"Brava", true}, {"Halden", false}, "Ardell Oval");
   EXPECT_TRUE(user_.matches[0].first_human);
   EXPECT_THAT(figures(world_cup.super_six[2]), ElementsAre(1, 1, 0, 0, 2));
   EXPECT_THAT(figures(world_cup.super_six[6]), ElementsAre(1, 0, 1, 0, 0));
   EXPECT_EQ(world_cup.super_six[2].net_run_rate, 0.75);
   EXPECT_EQ(world_cup.super_six[6].net_run_rate, -0.75);
-  clear_result();
-  run_super_six_match({"Brava", false}, {"Farol", false}, "Ardell Oval");
+  clear_result(match);
+  run_super_six_match(in_play(), world_cup, {"Brava", false}, {"Farol", false}, "Ardell Oval");
   EXPECT_THAT(figures(world_cup.super_six[2]), ElementsAre(2, 1, 0, 1, 3));
   EXPECT_THAT(figures(world_cup.super_six[4]), ElementsAre(1, 0, 0, 1, 1));
 }
@@ -165,7 +166,7 @@ TEST_F(CupStages, QualifiersCarryTheirMatchesAgainstEachOtherAlone) {
   for (int k = 0; k < 80; ++k) draws.push_back(before_the_shuffle(k));
   choose_groups();
   script_draws(draws);
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   chance.use_seed(4);
   // Group A: 1 beats all, 2 beats all but 1, 3 ties with 4, beats 5; 4 beats 5. Qualifiers 1, 2, 3 (3 and 4 level on
   // points and, by the ties of equal gain, on rates).
@@ -174,10 +175,11 @@ TEST_F(CupStages, QualifiersCarryTheirMatchesAgainstEachOtherAlone) {
   force({});
   for (const auto& [pair, winner] : of_a) {
     force({winner}, 0.5);
-    run_group_a_match({cup_group_a[pair[0] - '1'], false}, {cup_group_a[pair[1] - '1'], false}, "Ardell Oval");
-    clear_result();
+    run_group_a_match(in_play(), world_cup, {cup_group_a[pair[0] - '1'], false}, {cup_group_a[pair[1] - '1'], false},
+                      "Ardell Oval");
+    clear_result(match);
   }
-  build_super_six();
+  build_super_six(world_cup);
   EXPECT_EQ(world_cup.super_six[1].team, "Ardell");
   EXPECT_EQ(world_cup.super_six[2].team, "Brava");
   EXPECT_EQ(world_cup.super_six[3].team, "Corrin") << "level with Dessa in everything, and drawn before";
@@ -193,10 +195,10 @@ TEST_F(CupStages, QualifiersCarryTheirMatchesAgainstEachOtherAlone) {
 
 TEST_F(CupStages, TheGroupsEndInTableOrderWithTheirRows) {
   choose_groups();
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   force({1}, 2);
-  run_group_b_match({"Isker", false}, {"Farol", false}, "Ardell Oval");
-  build_super_six();
+  run_group_b_match(in_play(), world_cup, {"Isker", false}, {"Farol", false}, "Ardell Oval");
+  build_super_six(world_cup);
   std::vector<std::string> names;
   for (int i = 1; i <= 5; ++i) names.push_back(world_cup.group_b[i].team);
   EXPECT_THAT(names, ElementsAre("Isker", "Gintra", "Halden", "Jorvik", "Farol"));
@@ -209,14 +211,14 @@ TEST_F(CupStages, TheGroupsEndInTableOrderWithTheirRows) {
 
 TEST_F(CupStages, ATieCarriesItsPointOnlyIfBothQualify) {
   choose_groups();
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   force({0, 0, 1, 1, 1});
-  run_group_a_match({"Ardell", false}, {"Brava", false}, "Ardell Oval");
-  run_group_a_match({"Ardell", false}, {"Elmar", false}, "Ardell Oval");
-  run_group_a_match({"Ardell", false}, {"Dessa", false}, "Ardell Oval");
-  run_group_a_match({"Brava", false}, {"Dessa", false}, "Ardell Oval");
-  run_group_a_match({"Corrin", false}, {"Elmar", false}, "Ardell Oval");
-  build_super_six();
+  run_group_a_match(in_play(), world_cup, {"Ardell", false}, {"Brava", false}, "Ardell Oval");
+  run_group_a_match(in_play(), world_cup, {"Ardell", false}, {"Elmar", false}, "Ardell Oval");
+  run_group_a_match(in_play(), world_cup, {"Ardell", false}, {"Dessa", false}, "Ardell Oval");
+  run_group_a_match(in_play(), world_cup, {"Brava", false}, {"Dessa", false}, "Ardell Oval");
+  run_group_a_match(in_play(), world_cup, {"Corrin", false}, {"Elmar", false}, "Ardell Oval");
+  build_super_six(world_cup);
   EXPECT_EQ(world_cup.super_six[1].team, "Ardell");
   EXPECT_THAT(figures(world_cup.super_six[1]), ElementsAre(1, 0, 0, 1, 1));
   EXPECT_EQ(world_cup.super_six[2].team, "Brava");

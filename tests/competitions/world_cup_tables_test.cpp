@@ -6,6 +6,7 @@
 
 #include "competitions/cup_fixture.h"
 #include "competitions/world_cup.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -26,7 +27,7 @@ class CupTables : public ::testing::Test {
   void TearDown() override { world_cup = world_cup_record(); }
 
   static world_cup_tables_form shown() {
-    world_cup_tables_form form;
+    world_cup_tables_form form(world_cup);
     form.open();
     return form;
   }
@@ -100,11 +101,11 @@ TEST_F(CupTables, TheKnockOutIsShownAsItComes) {
   EXPECT_EQ(form.second_semi_final, "F vs B -  ");
   EXPECT_EQ(form.grand_final, "");
   world_cup.grand_final = {"I", "B", "B", "  won by  12  runs", false, false};
-  form = shown();
-  EXPECT_EQ(form.grand_final, "I vs B - B   won by  12  runs");
-  EXPECT_EQ(form.winners_line, "World Cup winners : B");
-  form.accept();
-  EXPECT_TRUE(form.closed);
+  world_cup_tables_form again = shown();
+  EXPECT_EQ(again.grand_final, "I vs B - B   won by  12  runs");
+  EXPECT_EQ(again.winners_line, "World Cup winners : B");
+  again.accept();
+  EXPECT_TRUE(again.closed);
 }
 
 TEST_F(CupTables, ATiedFinalHasNoWinner) {

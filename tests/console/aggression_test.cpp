@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "console/captain_forms.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -32,7 +33,7 @@ class Aggression : public ::testing::Test {
 TEST_F(Aggression, OfABatsmanShowsTheManOfTheSlot) {
   match.batting_card[2].runs = 3;
   match.batting_card[2].balls = 7;
-  const aggression_form form = aggression_form::of_batsman(0);
+  const aggression_form form = aggression_form::of_batsman(match, 0);
   EXPECT_TRUE(form.for_batsman);
   EXPECT_EQ(form.player_slot, 0);
   EXPECT_EQ(form.aggression, 4);
@@ -44,7 +45,7 @@ TEST_F(Aggression, OfABatsmanShowsTheManOfTheSlot) {
   EXPECT_TRUE(form.settled_visible);
   EXPECT_EQ(form.settled_width, 47.5);
   EXPECT_FALSE(form.closed);
-  const aggression_form other = aggression_form::of_batsman(1);
+  const aggression_form other = aggression_form::of_batsman(match, 1);
   EXPECT_EQ(other.player_slot, 1);
   EXPECT_EQ(other.aggression, 1);
   EXPECT_EQ(other.player_name, " H.Bat5 ");
@@ -52,13 +53,13 @@ TEST_F(Aggression, OfABatsmanShowsTheManOfTheSlot) {
 
 TEST_F(Aggression, TheSlotsDoNotMoveWithTheEnds) {
   std::swap(match.striker, match.non_striker);
-  EXPECT_EQ(aggression_form::of_batsman(0).player_name, " H.Bat2 ");
-  EXPECT_EQ(aggression_form::of_batsman(1).player_name, " H.Bat5 ");
+  EXPECT_EQ(aggression_form::of_batsman(match, 0).player_name, " H.Bat2 ");
+  EXPECT_EQ(aggression_form::of_batsman(match, 1).player_name, " H.Bat5 ");
 }
 
 TEST_F(Aggression, StrikeRates) {
-  EXPECT_EQ(aggression_form::of_batsman(0).figures[2], " - ");
-  EXPECT_EQ(aggression_form::of_batsman(0).settled_width, 0);
+  EXPECT_EQ(aggression_form::of_batsman(match, 0).figures[2], " - ");
+  EXPECT_EQ(aggression_form::of_batsman(match, 0).settled_width, 0);
   struct row {
     int runs, balls;
     const char* rate;
@@ -66,29 +67,29 @@ TEST_F(Aggression, StrikeRates) {
   for (const row& r : {row{0, 1, "0"}, row{1, 1, "100"}, row{1, 3, "33.33"}, row{2, 3, "66.67"}, row{5, 8, "62.5"}}) {
     match.batting_card[2].runs = r.runs;
     match.batting_card[2].balls = r.balls;
-    EXPECT_EQ(aggression_form::of_batsman(0).figures[2], r.rate);
+    EXPECT_EQ(aggression_form::of_batsman(match, 0).figures[2], r.rate);
   }
 }
 
 TEST_F(Aggression, TheSettledBarEndsAt915) {
   match.batting_card[2].balls = 2;
   match.batting_card[2].runs = 91;
-  EXPECT_EQ(aggression_form::of_batsman(0).settled_width, 915);
+  EXPECT_EQ(aggression_form::of_batsman(match, 0).settled_width, 915);
   match.batting_card[2].balls = 1;
-  EXPECT_EQ(aggression_form::of_batsman(0).settled_width, 912.5);
+  EXPECT_EQ(aggression_form::of_batsman(match, 0).settled_width, 912.5);
   match.batting_card[2].balls = 3;
-  EXPECT_EQ(aggression_form::of_batsman(0).settled_width, 915);
+  EXPECT_EQ(aggression_form::of_batsman(match, 0).settled_width, 915);
 }
 
 TEST_F(Aggression, TheSidesScoreInASentence) {
-  EXPECT_EQ(aggression_form::of_batsman(0).score_sentence, "NH are 0/0 from 0.0 Overs at 0.00 runs per over.");
+  EXPECT_EQ(aggression_form::of_batsman(match, 0).score_sentence, "NH are 0/0 from 0.0 Overs at 0.00 runs per over.");
   match.score_runs = 77;
   match.score_wickets = 2;
   match.innings_balls = 100;
-  EXPECT_EQ(aggression_form::of_batsman(1).score_sentence, "NH are 77/2 from 16.4 Overs at 4.62 runs per over.");
+  EXPECT_EQ(aggression_form::of_batsman(match, 1).score_sentence, "NH are 77/2 from 16.4 Overs at 4.62 runs per over.");
   match.team1_name = "Home";
   match.score_runs = 0;
-  EXPECT_EQ(aggression_form::of_batsman(1).score_sentence, "Hom are 0/2 from 16.4 Overs at 0 runs per over.");
+  EXPECT_EQ(aggression_form::of_batsman(match, 1).score_sentence, "Hom are 0/2 from 16.4 Overs at 0 runs per over.");
 }
 
 TEST_F(Aggression, OfABowlerShowsHisFigures) {
@@ -96,7 +97,7 @@ TEST_F(Aggression, OfABowlerShowsHisFigures) {
   match.bowling_card[8].maidens = 1;
   match.bowling_card[8].runs = 41;
   match.bowling_card[8].wickets = 2;
-  const aggression_form form = aggression_form::of_bowler(0);
+  const aggression_form form = aggression_form::of_bowler(match, 0);
   EXPECT_FALSE(form.for_batsman);
   EXPECT_EQ(form.player_slot, 0);
   EXPECT_EQ(form.aggression, 5);
@@ -104,7 +105,7 @@ TEST_F(Aggression, OfABowlerShowsHisFigures) {
   EXPECT_THAT(form.headings, ElementsAre("Overs", "Mdns", "Runs", "Wkts"));
   EXPECT_THAT(form.figures, ElementsAre("8.3", "1", "41", "2"));
   EXPECT_FALSE(form.settled_visible);
-  const aggression_form other = aggression_form::of_bowler(1);
+  const aggression_form other = aggression_form::of_bowler(match, 1);
   EXPECT_EQ(other.player_slot, 1);
   EXPECT_EQ(other.aggression, 2);
   EXPECT_EQ(other.player_name, " A.Bowl11 ");
@@ -112,23 +113,23 @@ TEST_F(Aggression, OfABowlerShowsHisFigures) {
 }
 
 TEST_F(Aggression, OkWritesItsOwnSlot) {
-  aggression_form form = aggression_form::of_batsman(1);
+  aggression_form form = aggression_form::of_batsman(match, 1);
   form.aggression = 3;
   EXPECT_EQ(match.batsman_aggression, (slots{4, 1}));
   form.accept();
   EXPECT_TRUE(form.closed);
   EXPECT_EQ(match.batsman_aggression, (slots{4, 3}));
-  form = aggression_form::of_batsman(0);
-  form.aggression = 5;
-  form.accept();
+  aggression_form again = aggression_form::of_batsman(match, 0);
+  again.aggression = 5;
+  again.accept();
   EXPECT_EQ(match.batsman_aggression, (slots{5, 3}));
   EXPECT_EQ(match.bowling_aggression, (slots{5, 2}));
-  form = aggression_form::of_bowler(0);
-  form.aggression = 1;
-  form.accept();
-  form = aggression_form::of_bowler(1);
-  form.aggression = 4;
-  form.accept();
+  aggression_form third = aggression_form::of_bowler(match, 0);
+  third.aggression = 1;
+  third.accept();
+  aggression_form fourth = aggression_form::of_bowler(match, 1);
+  fourth.aggression = 4;
+  fourth.accept();
   EXPECT_EQ(match.bowling_aggression, (slots{1, 4}));
   EXPECT_EQ(match.batsman_aggression, (slots{5, 3}));
 }

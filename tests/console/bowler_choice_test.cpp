@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "console/captain_forms.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -31,7 +32,7 @@ TEST_F(BowlerChoice, RowsShowNameSkillAndRunsPerOver) {
   };
   const row table[] = {{36, "64"},    {36.5F, "64"}, {35.5F, "64"}, {37.5F, "62"},  {36.4F, "64"},
                        {36.6F, "63"}, {100, "0"},    {100.5F, "0"}, {101.5F, "-2"}, {0, "100"}};
-  const bowler_choice_form form(use::change, "Change Bowler");
+  const bowler_choice_form form(match, use::change, "Change Bowler");
   EXPECT_EQ(form.title, "Change Bowler");
   EXPECT_EQ(form.name(8), "A.Bowl8");
   for (const row& r : table) {
@@ -48,7 +49,7 @@ TEST_F(BowlerChoice, ClosesTheOtherEndAndTheKeepers) {
   match.bowler = 8;
   match.next_bowler = 9;
   match.bowling_xi[3].is_keeper = flag_true;
-  const bowler_choice_form form(use::change, "Change Bowler");
+  const bowler_choice_form form(match, use::change, "Change Bowler");
   EXPECT_EQ(closed_rows(form), "3 7 9 ");
   EXPECT_EQ(form.chosen, 8);
 }
@@ -58,20 +59,20 @@ TEST_F(BowlerChoice, AManPastHisQuotaIsStillOnOffer) {
   match.next_bowler = 9;
   match.bowling_card[8].balls = 60;
   match.bowling_card[10].balls = 60;
-  const bowler_choice_form form(use::change, "Change Bowler");
+  const bowler_choice_form form(match, use::change, "Change Bowler");
   EXPECT_TRUE(form.enabled[8]);
   EXPECT_TRUE(form.enabled[10]);
 }
 
 TEST_F(BowlerChoice, ForTheFirstOpenerAllButTheKeeperAreOpenAndNobodyIsChosen) {
-  const bowler_choice_form form(use::first_opener, "Select 1st Opening Bowler");
+  const bowler_choice_form form(match, use::first_opener, "Select 1st Opening Bowler");
   EXPECT_EQ(closed_rows(form), "7 ");
   EXPECT_EQ(form.chosen, 0);
 }
 
 TEST_F(BowlerChoice, ForTheSecondOpenerTheFirstIsClosed) {
   match.bowler = 9;
-  const bowler_choice_form form(use::second_opener, "Select 2nd Opening Bowler");
+  const bowler_choice_form form(match, use::second_opener, "Select 2nd Opening Bowler");
   EXPECT_EQ(closed_rows(form), "7 9 ");
   EXPECT_EQ(form.chosen, 9);
 }
@@ -79,7 +80,7 @@ TEST_F(BowlerChoice, ForTheSecondOpenerTheFirstIsClosed) {
 TEST_F(BowlerChoice, AClosedRowCannotBeChosen) {
   match.bowler = 8;
   match.next_bowler = 9;
-  bowler_choice_form form(use::change, "Change Bowler");
+  bowler_choice_form form(match, use::change, "Change Bowler");
   form.choose(7);
   form.choose(9);
   EXPECT_EQ(form.chosen, 8);
@@ -90,7 +91,7 @@ TEST_F(BowlerChoice, AClosedRowCannotBeChosen) {
 TEST_F(BowlerChoice, OkChangesTheBowler) {
   match.bowler = 8;
   match.next_bowler = 9;
-  bowler_choice_form form(use::change, "Change Bowler");
+  bowler_choice_form form(match, use::change, "Change Bowler");
   form.choose(2);
   EXPECT_EQ(match.bowler, 8) << "not before the OK";
   form.accept();
@@ -102,18 +103,18 @@ TEST_F(BowlerChoice, OkChangesTheBowler) {
 TEST_F(BowlerChoice, OkWithoutAnotherChoiceKeepsTheBowler) {
   match.bowler = 8;
   match.next_bowler = 9;
-  bowler_choice_form form(use::change, "Change Bowler");
+  bowler_choice_form form(match, use::change, "Change Bowler");
   form.accept();
   EXPECT_EQ(match.bowler, 8);
 }
 
 TEST_F(BowlerChoice, OkOfTheOpenersWritesTheirPlaces) {
-  bowler_choice_form first(use::first_opener, "Select 1st Opening Bowler");
+  bowler_choice_form first(match, use::first_opener, "Select 1st Opening Bowler");
   first.choose(11);
   first.accept();
   EXPECT_EQ(match.bowler, 11);
   EXPECT_EQ(match.next_bowler, 0);
-  bowler_choice_form second(use::second_opener, "Select 2nd Opening Bowler");
+  bowler_choice_form second(match, use::second_opener, "Select 2nd Opening Bowler");
   second.choose(6);
   second.accept();
   EXPECT_EQ(match.bowler, 11);
@@ -123,18 +124,18 @@ TEST_F(BowlerChoice, OkOfTheOpenersWritesTheirPlaces) {
 TEST_F(BowlerChoice, WithNobodyChosenTheOkWritesZero) {
   match.bowler = 8;
   match.next_bowler = 9;
-  bowler_choice_form form(use::change, "Change Bowler");
+  bowler_choice_form form(match, use::change, "Change Bowler");
   form.chosen = 0;
   form.accept();
   EXPECT_EQ(match.bowler, 0);
-  bowler_choice_form second(use::second_opener, "Select 2nd Opening Bowler");
+  bowler_choice_form second(match, use::second_opener, "Select 2nd Opening Bowler");
   second.accept();
   EXPECT_EQ(match.next_bowler, 0);
 }
 
 TEST_F(BowlerChoice, TheSecondOpenerLeftAloneIsTheFirst) {
   match.bowler = 8;
-  bowler_choice_form form(use::second_opener, "Select 2nd Opening Bowler");
+  bowler_choice_form form(match, use::second_opener, "Select 2nd Opening Bowler");
   form.accept();
   EXPECT_EQ(match.next_bowler, 8);
 }
@@ -153,19 +154,20 @@ TEST_F(BowlerChoice, TheBestRowIsTheMostSkilledManWithOversLeft) {
   match.bowling_xi[9].bowl_sr = 21;
   match.bowler = 8;
   match.next_bowler = 9;
-  EXPECT_EQ(bowler_choice_form(use::quota, "Change Bowler").best_row(), 3);
+  EXPECT_EQ(bowler_choice_form(match, use::quota, "Change Bowler").best_row(), 3);
   match.bowling_card[3].balls = 60;
-  EXPECT_EQ(bowler_choice_form(use::quota, "Change Bowler").best_row(), 6) << "fewer runs an over, then the first";
+  EXPECT_EQ(bowler_choice_form(match, use::quota, "Change Bowler").best_row(), 6)
+      << "fewer runs an over, then the first";
   for (int row = 1; row <= 11; ++row) match.bowling_card[row].balls = 60;
-  EXPECT_EQ(bowler_choice_form(use::quota, "Change Bowler").best_row(), 3) << "nobody has overs left";
+  EXPECT_EQ(bowler_choice_form(match, use::quota, "Change Bowler").best_row(), 3) << "nobody has overs left";
   for (int row = 1; row <= 11; ++row) match.bowling_xi[row].is_keeper = flag_true;
-  EXPECT_EQ(bowler_choice_form(use::quota, "Change Bowler").best_row(), 0);
+  EXPECT_EQ(bowler_choice_form(match, use::quota, "Change Bowler").best_row(), 0);
 }
 
 TEST_F(BowlerChoice, AQuotaIsAChangeOfTheBowler) {
   match.bowler = 8;
   match.next_bowler = 9;
-  bowler_choice_form form(use::quota, "Change Bowler");
+  bowler_choice_form form(match, use::quota, "Change Bowler");
   EXPECT_EQ(form.chosen, 8);
   form.choose(10);
   form.accept();

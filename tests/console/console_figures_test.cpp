@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "console/console_view.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -31,12 +32,13 @@ class Refresh : public ::testing::Test {
     match.bowler = position;
     match.bowling_card[position].balls = balls;
     match.bowling_card[position].runs = runs;
-    refresh_bowling_card();
+    refresh_bowling_card(match);
   }
   /// The running table as a text.
   static std::string table() {
     std::string rows;
-    for (const bowler_line& row : view_bowler_list()) rows += std::to_string(row.position) + ":" + row.figures + " ";
+    for (const bowler_line& row : view_bowler_list(match))
+      rows += std::to_string(row.position) + ":" + row.figures + " ";
     return rows;
   }
 };
@@ -44,24 +46,24 @@ class Refresh : public ::testing::Test {
 TEST_F(Refresh, BatsmenMetersFollowThePositions) {
   batsman(2, 10, 7);
   batsman(4, 1, 30);
-  refresh_batsmen();
+  refresh_batsmen(match);
   EXPECT_EQ(match.settled_meter, (meters{117.5, 85}));
   std::swap(match.striker, match.non_striker);
-  refresh_batsmen();
+  refresh_batsmen(match);
   EXPECT_EQ(match.settled_meter, (meters{117.5, 85}));
   match.striker = 7;
-  refresh_batsmen();
+  refresh_batsmen(match);
   EXPECT_EQ(match.settled_meter, (meters{85, 0}));
 }
 
 TEST_F(Refresh, BatsmenMetersEndAt915) {
   batsman(2, 90, 6);
   batsman(4, 91, 1);
-  refresh_batsmen();
+  refresh_batsmen(match);
   EXPECT_EQ(match.settled_meter, (meters{915, 912.5}));
   batsman(2, 150, 90);
   batsman(4, 0, 366);
-  refresh_batsmen();
+  refresh_batsmen(match);
   EXPECT_EQ(match.settled_meter, (meters{915, 915}));
 }
 
@@ -82,35 +84,35 @@ TEST_F(Refresh, OnlyTheRowOfTheCurrentBowlerIsRewritten) {
   bowls(9, 1, 1);
   EXPECT_EQ(table(), "8:1.0-0-4-0 9:0.1-0-1-0 ");
   match.bowler = 8;
-  refresh_bowling_card();
+  refresh_bowling_card(match);
   EXPECT_EQ(table(), "8:1.0-1-4-3 9:0.1-0-1-0 ");
 }
 
 TEST_F(Refresh, TheEleventhBowlerHasNoRow) {
   for (int position = 11; position >= 1; --position) bowls(position, 1, position);
-  EXPECT_EQ(view_bowler_list().size(), 10U);
-  EXPECT_EQ(view_bowler_list().back().position, 2);
+  EXPECT_EQ(view_bowler_list(match).size(), 10U);
+  EXPECT_EQ(view_bowler_list(match).back().position, 2);
   bowls(1, 2, 9);
-  EXPECT_EQ(view_bowler_list().size(), 10U);
+  EXPECT_EQ(view_bowler_list(match).size(), 10U);
   bowls(2, 2, 9);
-  EXPECT_EQ(view_bowler_list().back().figures, "0.2-0-9-0");
+  EXPECT_EQ(view_bowler_list(match).back().figures, "0.2-0-9-0");
 }
 
 TEST_F(Refresh, RatesExchangeTheBowlingAggressions) {
   match.bowling_aggression = {4, 1};
   match.batsman_aggression = {2, 3};
-  refresh_rates();
+  refresh_rates(match);
   EXPECT_EQ(match.bowling_aggression, (slots{1, 4}));
   EXPECT_EQ(match.batsman_aggression, (slots{2, 3}));
-  refresh_rates();
+  refresh_rates(match);
   EXPECT_EQ(match.bowling_aggression, (slots{4, 1}));
 }
 
 TEST_F(Refresh, TheClockGainsFourMinutes) {
   match.clock_minutes = 630;
-  advance_clock();
+  advance_clock(match);
   EXPECT_EQ(match.clock_minutes, 634);
-  EXPECT_EQ(view_score().time_of_day, "10:34");
+  EXPECT_EQ(view_score(match).time_of_day, "10:34");
 }
 
 // The change of innings.
@@ -118,10 +120,10 @@ TEST_F(Refresh, TheClockGainsFourMinutes) {
 TEST_F(Refresh, TheProjectionIsFrozenAsLastRefreshed) {
   match.score_runs = 240;
   match.innings_balls = 294;
-  refresh_rates();
+  refresh_rates(match);
   match.score_runs = 255;
   match.innings_balls = 300;
-  prepare_chase_display();
+  prepare_chase_display(match);
   EXPECT_EQ(match.first_innings_projection.text(), "246");
   EXPECT_EQ(match.score_runs, 0);
   EXPECT_EQ(match.score_wickets, 0);
@@ -130,25 +132,25 @@ TEST_F(Refresh, TheProjectionIsFrozenAsLastRefreshed) {
 TEST_F(Refresh, AnInningsAllOutEarlyFreezesMoreThanItsTotal) {
   match.score_runs = 40;
   match.innings_balls = 60;
-  refresh_rates();
+  refresh_rates(match);
   match.score_runs = 41;
   match.innings_balls = 63;
-  prepare_chase_display();
+  prepare_chase_display(match);
   EXPECT_EQ(match.first_innings_projection.text(), "280");
 }
 
 TEST_F(Refresh, WithoutACompletedOverTheProjectionIsADash) {
-  refresh_rates();
+  refresh_rates(match);
   match.score_runs = 3;
   match.innings_balls = 5;
-  prepare_chase_display();
+  prepare_chase_display(match);
   EXPECT_EQ(match.first_innings_projection.text(), "-");
 }
 
 TEST_F(Refresh, FrozenTwiceWithoutARefreshItIsEmpty) {
-  refresh_rates();
-  prepare_chase_display();
-  prepare_chase_display();
+  refresh_rates(match);
+  prepare_chase_display(match);
+  prepare_chase_display(match);
   EXPECT_EQ(match.first_innings_projection.text(), "");
 }
 
@@ -156,8 +158,8 @@ TEST_F(Refresh, TheChangeOfInningsEmptiesTableAndCommentary) {
   bowls(8, 6, 4);
   match.ball_commentary.add_ball({ball_text::runs, 1, 8, 4});
   match.score_wickets = 10;
-  prepare_chase_display();
-  EXPECT_TRUE(view_bowler_list().empty());
+  prepare_chase_display(match);
+  EXPECT_TRUE(view_bowler_list(match).empty());
   EXPECT_EQ(match.ball_commentary.size(), 0);
   EXPECT_EQ(match.score_wickets, 0);
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "console/console_figures.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -33,7 +34,7 @@ class ConsoleView : public ::testing::Test {
 };
 
 TEST_F(ConsoleView, ScoreBeforeTheFirstBall) {
-  const score_view view = view_score();
+  const score_view view = view_score(match);
   EXPECT_EQ(view.score, "0/0");
   EXPECT_EQ(view.overs, "0.0 Overs");
   EXPECT_EQ(view.run_rate, " - ");
@@ -45,27 +46,27 @@ TEST_F(ConsoleView, ScoreInPlay) {
   match.score_runs = 236;
   match.score_wickets = 4;
   match.innings_balls = 249;
-  const score_view view = view_score();
+  const score_view view = view_score(match);
   EXPECT_EQ(view.score, "236/4");
   EXPECT_EQ(view.overs, "41.3 Overs");
   EXPECT_EQ(view.run_rate, "5.69");
 }
 
 TEST_F(ConsoleView, TheHeadTellsWhatAChaseNeeds) {
-  EXPECT_EQ(view_score().target, "");
-  EXPECT_EQ(view_score().needed, "");
+  EXPECT_EQ(view_score(match).target, "");
+  EXPECT_EQ(view_score(match).needed, "");
   match.first_total = 250;
   match.score_runs = 240;
   match.innings_balls = 288;
-  EXPECT_EQ(view_score().target, "Target 251");
-  EXPECT_EQ(view_score().needed, "need 11 from 12 balls");
+  EXPECT_EQ(view_score(match).target, "Target 251");
+  EXPECT_EQ(view_score(match).needed, "need 11 from 12 balls");
   match.score_runs = 250;
   match.innings_balls = 299;
-  EXPECT_EQ(view_score().needed, "need 1 from 1 ball");
+  EXPECT_EQ(view_score(match).needed, "need 1 from 1 ball");
   for (const int made : {251, 256}) {
     match.score_runs = made;
-    EXPECT_EQ(view_score().needed, "") << made;
-    EXPECT_EQ(view_score().target, "Target 251") << made;
+    EXPECT_EQ(view_score(match).needed, "") << made;
+    EXPECT_EQ(view_score(match).target, "Target 251") << made;
   }
 }
 
@@ -79,7 +80,7 @@ TEST_F(ConsoleView, RatesHaveTwoPlacesAndNoFill) {
                        row{3, 48, "0.38"}}) {
     match.score_runs = r.runs;
     match.innings_balls = r.balls;
-    EXPECT_EQ(view_score().run_rate, r.rate) << r.runs << " off " << r.balls;
+    EXPECT_EQ(view_score(match).run_rate, r.rate) << r.runs << " off " << r.balls;
   }
 }
 
@@ -91,17 +92,17 @@ TEST_F(ConsoleView, ShortNames) {
   for (const row& r : {row{"Home", "Hom"}, row{"Ho", "Ho"}, row{"", ""}, row{"New Home", "NH"},
                        row{"Old North Home", "ON"}, row{"A B", "AB"}, row{"Home ", "H"}, row{"Two  Blanks", "T "}}) {
     match.team1_name = r.team;
-    EXPECT_EQ(view_score().batting_short_name, r.shown) << r.team;
+    EXPECT_EQ(view_score(match).batting_short_name, r.shown) << r.team;
   }
 }
 
 TEST_F(ConsoleView, TheClockHasTwoDigitsEach) {
   match.clock_minutes = 630;
-  EXPECT_EQ(view_score().time_of_day, "10:30");
+  EXPECT_EQ(view_score(match).time_of_day, "10:30");
   match.clock_minutes = 545;
-  EXPECT_EQ(view_score().time_of_day, "09:05");
+  EXPECT_EQ(view_score(match).time_of_day, "09:05");
   match.clock_minutes = 5610;  // a start of play of three digits: 93 and 30
-  EXPECT_EQ(view_score().time_of_day, "93:30");
+  EXPECT_EQ(view_score(match).time_of_day, "93:30");
 }
 
 TEST_F(ConsoleView, BatsmenStandInTheirSlots) {
@@ -111,8 +112,8 @@ TEST_F(ConsoleView, BatsmenStandInTheirSlots) {
   card.fours = 6;
   card.sixes = 1;
   match.batsman_aggression = {3, 5};
-  refresh_batsmen();
-  const batsman_view low = view_batsman(0);
+  refresh_batsmen(match);
+  const batsman_view low = view_batsman(match, 0);
   EXPECT_EQ(low.position, 2);
   EXPECT_EQ(low.name, "H.Bat2");
   EXPECT_EQ(low.runs, 67);
@@ -121,25 +122,25 @@ TEST_F(ConsoleView, BatsmenStandInTheirSlots) {
   EXPECT_EQ(low.sixes, 1);
   EXPECT_EQ(low.settled_meter, 847.5);
   EXPECT_EQ(low.aggression, 3);
-  const batsman_view high = view_batsman(1);
+  const batsman_view high = view_batsman(match, 1);
   EXPECT_EQ(high.position, 5);
   EXPECT_EQ(high.name, "H.Bat5 *");
   EXPECT_EQ(high.runs, 0);
   EXPECT_EQ(high.settled_meter, 0);
   EXPECT_EQ(high.aggression, 5);
   std::swap(match.striker, match.non_striker);
-  EXPECT_EQ(view_batsman(0).name, "H.Bat2 *");
-  EXPECT_EQ(view_batsman(1).name, "H.Bat5");
+  EXPECT_EQ(view_batsman(match, 0).name, "H.Bat2 *");
+  EXPECT_EQ(view_batsman(match, 1).name, "H.Bat5");
 }
 
 TEST_F(ConsoleView, NobodyAtTheCreaseShowsNothing) {
   match.striker = 0;
   match.non_striker = 0;
-  EXPECT_EQ(view_batsman(0).name, "");
-  EXPECT_EQ(view_batsman(1).name, "");
+  EXPECT_EQ(view_batsman(match, 0).name, "");
+  EXPECT_EQ(view_batsman(match, 1).name, "");
   match.striker = 1;
-  EXPECT_EQ(view_batsman(0).name, "");
-  EXPECT_EQ(view_batsman(1).name, "H.Bat1 *");
+  EXPECT_EQ(view_batsman(match, 0).name, "");
+  EXPECT_EQ(view_batsman(match, 1).name, "H.Bat1 *");
 }
 
 TEST_F(ConsoleView, NobodyMovesTheSettingsOfAComputer) {
@@ -147,9 +148,9 @@ TEST_F(ConsoleView, NobodyMovesTheSettingsOfAComputer) {
     for (const bool bowls : {false, true}) {
       match.computer_bats = bats;
       match.computer_bowls = bowls;
-      EXPECT_EQ(view_batsman(0).aggression_enabled, !bats);
-      EXPECT_EQ(view_batsman(1).aggression_enabled, !bats);
-      EXPECT_EQ(view_bowlers().change_enabled, !bowls);
+      EXPECT_EQ(view_batsman(match, 0).aggression_enabled, !bats);
+      EXPECT_EQ(view_batsman(match, 1).aggression_enabled, !bats);
+      EXPECT_EQ(view_bowlers(match).change_enabled, !bowls);
     }
   }
 }
@@ -158,7 +159,7 @@ TEST_F(ConsoleView, BowlersHaveTheirFigures) {
   figures(8, 51, 1, 41, 2);
   figures(11, 54, 0, 50, 1);
   match.bowling_aggression = {2, 3};
-  const bowlers_view view = view_bowlers();
+  const bowlers_view view = view_bowlers(match);
   EXPECT_EQ(view.bowler, "A.Bowl8");
   EXPECT_EQ(view.overs, "8.3");
   EXPECT_EQ(view.maidens, "1");
@@ -180,8 +181,8 @@ TEST_F(ConsoleView, TheTableOfBowlersShortensNamesOfTwelveCharacters) {
     match.bowling_card[8].name = r.name;
     match.bowler_list = {};
     figures(8, 60, 2, 30, 4);
-    refresh_bowling_card();
-    const auto table = view_bowler_list();
+    refresh_bowling_card(match);
+    const auto table = view_bowler_list(match);
     ASSERT_EQ(table.size(), 1U);
     EXPECT_EQ(table[0].name, r.shown);
     EXPECT_EQ(table[0].figures, "10.0-2-30-4");
@@ -191,10 +192,10 @@ TEST_F(ConsoleView, TheTableOfBowlersShortensNamesOfTwelveCharacters) {
 TEST_F(ConsoleView, TwoMenOfOneShortenedNameHaveTwoRows) {
   match.bowling_card[8].name = "A.Longname-One-X";
   match.bowling_card[9].name = "A.Longname-Two-X";
-  refresh_bowling_card();
+  refresh_bowling_card(match);
   match.bowler = 9;
-  refresh_bowling_card();
-  const auto table = view_bowler_list();
+  refresh_bowling_card(match);
+  const auto table = view_bowler_list(match);
   ASSERT_EQ(table.size(), 2U);
   EXPECT_EQ(table[0].name, "A.Longna'-X");
   EXPECT_EQ(table[1].name, "A.Longna'-X");
@@ -202,7 +203,7 @@ TEST_F(ConsoleView, TwoMenOfOneShortenedNameHaveTwoRows) {
 
 // The last wicket.
 
-TEST_F(ConsoleView, BeforeTheFirstWicketTheLabelIsEmpty) { EXPECT_EQ(view_last_wicket(), ""); }
+TEST_F(ConsoleView, BeforeTheFirstWicketTheLabelIsEmpty) { EXPECT_EQ(view_last_wicket(match), ""); }
 
 TEST_F(ConsoleView, TheLastWicketTellsTheManAndTheScore) {
   batting_card_rec& out = match.batting_card[2];
@@ -211,10 +212,10 @@ TEST_F(ConsoleView, TheLastWicketTellsTheManAndTheScore) {
   out.fielder = " c A.Bowl3";
   out.how_out = " b A.Bowl8";
   match.last_wicket = {2, 1, 131};
-  EXPECT_EQ(view_last_wicket(), "H.Bat2  c A.Bowl3  b A.Bowl8 67(71) at 131.");
+  EXPECT_EQ(view_last_wicket(match), "H.Bat2  c A.Bowl3  b A.Bowl8 67(71) at 131.");
   out.fielder = "";
   out.how_out = " lbw A.Bowl8";
-  EXPECT_EQ(view_last_wicket(), "H.Bat2   lbw A.Bowl8 67(71) at 131.");
+  EXPECT_EQ(view_last_wicket(match), "H.Bat2   lbw A.Bowl8 67(71) at 131.");
 }
 
 TEST_F(ConsoleView, TheLastWicketStaysThroughTheChangeOfInnings) {
@@ -222,11 +223,11 @@ TEST_F(ConsoleView, TheLastWicketStaysThroughTheChangeOfInnings) {
   match.last_wicket = {2, 1, 131};
   std::swap(match.batting_card, match.first_batting_card);
   match.innings_number = 2;
-  EXPECT_EQ(view_last_wicket(), "H.Bat2   b A.Bowl8 0(0) at 131.");
+  EXPECT_EQ(view_last_wicket(match), "H.Bat2   b A.Bowl8 0(0) at 131.");
   match.batting_card[7].name = "A.Bowl7";
   match.batting_card[7].how_out = " b H.Bat9";
   match.last_wicket = {7, 2, 12};
-  EXPECT_EQ(view_last_wicket(), "A.Bowl7   b H.Bat9 0(0) at 12.");
+  EXPECT_EQ(view_last_wicket(match), "A.Bowl7   b H.Bat9 0(0) at 12.");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "console/console_figures.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -46,8 +47,8 @@ class OverLog : public ::testing::Test {
 
 TEST_F(OverLog, HasTwelveLines) {
   over({"1", "W", "4", "0", "", "3"});
-  log_over();
-  EXPECT_THAT(commentary_lines(),
+  log_over(match);
+  EXPECT_THAT(commentary_lines(match),
               ElementsAre("-----------------", "End of Over No.12     (8 runs)", "NH   58/3", "-----------------",
                           " Run Rate : 4.83", "-----------------", "H.Bat3     30 (41)", "H.Bat5     2 (9)",
                           "-----------------", "A.Bowl9     6.0-1-22-2", "=================", ""));
@@ -55,28 +56,28 @@ TEST_F(OverLog, HasTwelveLines) {
 
 TEST_F(OverLog, TheLowerPositionComesFirstWhicheverEndHeIsAt) {
   std::swap(match.striker, match.non_striker);
-  log_over();
-  EXPECT_EQ(commentary_lines()[6], "H.Bat3     30 (41)");
-  EXPECT_EQ(commentary_lines()[7], "H.Bat5     2 (9)");
+  log_over(match);
+  EXPECT_EQ(commentary_lines(match)[6], "H.Bat3     30 (41)");
+  EXPECT_EQ(commentary_lines(match)[7], "H.Bat5     2 (9)");
 }
 
 TEST_F(OverLog, OnlyNumbersOfTheSixBallsAreAdded) {
   over({"", "W", "W", "", "W", ""});
-  log_over();
-  EXPECT_EQ(commentary_lines()[1], "End of Over No.12     (0 runs)");
+  log_over(match);
+  EXPECT_EQ(commentary_lines(match)[1], "End of Over No.12     (0 runs)");
   over({"6", "12", "W", "4", "0", "1"});
-  log_over();
-  EXPECT_EQ(commentary_lines()[13], "End of Over No.12     (23 runs)");
+  log_over(match);
+  EXPECT_EQ(commentary_lines(match)[13], "End of Over No.12     (23 runs)");
 }
 
 TEST_F(OverLog, KeepsTheFiguresOfItsMoment) {
-  log_over();
+  log_over(match);
   match.batting_card[3].runs = 99;
   match.bowling_card[9].runs = 50;
   match.score_runs = 200;
   std::swap(match.bowler, match.next_bowler);
-  log_over();
-  const auto lines = commentary_lines();
+  log_over(match);
+  const auto lines = commentary_lines(match);
   ASSERT_EQ(lines.size(), 24U);
   EXPECT_EQ(lines[2], "NH   58/3");
   EXPECT_EQ(lines[6], "H.Bat3     30 (41)");
@@ -89,12 +90,12 @@ TEST_F(OverLog, KeepsTheFiguresOfItsMoment) {
 TEST_F(OverLog, RatesAreWrittenAsTheyCome) {
   match.team1_name = "Home";
   match.score_runs = 72;
-  log_over();
-  EXPECT_EQ(commentary_lines()[2], "Hom   72/3");
-  EXPECT_EQ(commentary_lines()[4], " Run Rate : 6");
+  log_over(match);
+  EXPECT_EQ(commentary_lines(match)[2], "Hom   72/3");
+  EXPECT_EQ(commentary_lines(match)[4], " Run Rate : 6");
   match.score_runs = 54;
-  log_over();
-  EXPECT_EQ(commentary_lines()[16], " Run Rate : 4.5");
+  log_over(match);
+  EXPECT_EQ(commentary_lines(match)[16], " Run Rate : 4.5");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "console/console_figures.h"
 #include "console/console_view.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -27,7 +28,7 @@ class RatesView : public ::testing::Test {
     match.score_wickets = wickets;
     match.innings_balls = balls;
     match.over_no = balls / 6 + 1;
-    refresh_rates();
+    refresh_rates(match);
   }
   static void write_over(ball_log_table& log, int over, over_symbols symbols) {
     for (int slot = 1; slot <= 6; ++slot) log[over][slot] = symbols[static_cast<std::size_t>(slot) - 1];
@@ -35,12 +36,12 @@ class RatesView : public ::testing::Test {
   }
   static std::vector<std::string> cells() {
     std::vector<std::string> texts;
-    for (const rate_cell& cell : view_rates().cells) texts.push_back(cell.text);
+    for (const rate_cell& cell : view_rates(match).cells) texts.push_back(cell.text);
     return texts;
   }
   static std::vector<std::string> headings() {
     std::vector<std::string> texts;
-    for (const rate_cell& cell : view_rates().cells) texts.push_back(cell.heading);
+    for (const rate_cell& cell : view_rates(match).cells) texts.push_back(cell.heading);
     return texts;
   }
   /// A second innings after 250/7.
@@ -57,13 +58,13 @@ TEST_F(RatesView, LastFiveStandsFromTheFifthOver) {
   for (int over = 1; over <= 6; ++over) write_over(match.ball_log, over, {"1", "0", "0", "0", "0", "0"});
   write_over(match.ball_log, 1, {"4", "W", "2", "", "3", "0"});
   refresh_at(0, 0, 0);
-  EXPECT_EQ(view_rates().last_five_overs, " - ");
+  EXPECT_EQ(view_rates(match).last_five_overs, " - ");
   refresh_at(12, 1, 24);
-  EXPECT_EQ(view_rates().last_five_overs, " - ");
+  EXPECT_EQ(view_rates(match).last_five_overs, " - ");
   refresh_at(13, 1, 30);
-  EXPECT_EQ(view_rates().last_five_overs, "2.6");
+  EXPECT_EQ(view_rates(match).last_five_overs, "2.6");
   refresh_at(14, 1, 36);
-  EXPECT_EQ(view_rates().last_five_overs, "1");
+  EXPECT_EQ(view_rates(match).last_five_overs, "1");
 }
 
 TEST_F(RatesView, LastFiveChangesOnlyWithARefresh) {
@@ -72,7 +73,7 @@ TEST_F(RatesView, LastFiveChangesOnlyWithARefresh) {
   write_over(match.ball_log, 6, {"6", "6", "6", "", "", ""});
   match.score_runs = 48;
   match.innings_balls = 33;
-  EXPECT_EQ(view_rates().last_five_overs, "6");
+  EXPECT_EQ(view_rates(match).last_five_overs, "6");
 }
 
 TEST_F(RatesView, LastFiveEndsWithTheLastCompletedOver) {
@@ -80,34 +81,34 @@ TEST_F(RatesView, LastFiveEndsWithTheLastCompletedOver) {
   for (int over = 1; over <= 5; ++over) write_over(match.ball_log, over, {"1", "0", "0", "0", "0", "0"});
   match.innings_balls = 36;
   match.over_no = 6;
-  refresh_rates();
-  EXPECT_EQ(view_rates().last_five_overs, "0.8") << "overs 2 to 5, and the sixth still empty";
+  refresh_rates(match);
+  EXPECT_EQ(view_rates(match).last_five_overs, "0.8") << "overs 2 to 5, and the sixth still empty";
   write_over(match.ball_log, 6, {"5", "", "", "", "", ""});
-  EXPECT_EQ(view_rates().last_five_overs, "0.8") << "the over in progress does not count";
+  EXPECT_EQ(view_rates(match).last_five_overs, "0.8") << "the over in progress does not count";
   match.innings_balls = 42;
   match.over_no = 7;
-  refresh_rates();
-  EXPECT_EQ(view_rates().last_five_overs, "1.6") << "overs 3 to 6";
+  refresh_rates(match);
+  EXPECT_EQ(view_rates(match).last_five_overs, "1.6") << "overs 3 to 6";
 }
 
 TEST_F(RatesView, LastFiveIsEmptyUntilTheFifthOverOfTheChase) {
   for (int over = 45; over <= 49; ++over) write_over(match.ball_log, over, {"1", "1", "1", "1", "1", "2"});
   refresh_at(240, 5, 294);
-  EXPECT_EQ(view_rates().last_five_overs, "7");
+  EXPECT_EQ(view_rates(match).last_five_overs, "7");
   std::swap(match.ball_log, match.first_ball_log);
   start_chase();
   match.innings_balls = 0;
-  prepare_chase_display();
-  EXPECT_EQ(view_rates().last_five_overs, " - ");
+  prepare_chase_display(match);
+  EXPECT_EQ(view_rates(match).last_five_overs, " - ");
   refresh_at(4, 0, 6);
-  EXPECT_EQ(view_rates().last_five_overs, " - ");
+  EXPECT_EQ(view_rates(match).last_five_overs, " - ");
 }
 
 // Projections.
 
 TEST_F(RatesView, ProjectionsAreDashesBeforeTheFirstBall) {
   refresh_at(0, 0, 0);
-  EXPECT_FALSE(view_rates().chase);
+  EXPECT_FALSE(view_rates(match).chase);
   EXPECT_THAT(cells(), Each("-"));
   EXPECT_THAT(headings(), ElementsAre("Current RR", "4 per over", "6 per over", "8 per over", "10 per over"));
 }
@@ -146,10 +147,10 @@ TEST_F(RatesView, ProjectionsChangeOnlyWithARefresh) {
 TEST_F(RatesView, ChaseHeadings) {
   start_chase();
   refresh_at(100, 3, 120);
-  EXPECT_TRUE(view_rates().chase);
+  EXPECT_TRUE(view_rates(match).chase);
   EXPECT_THAT(headings(), ElementsAre("Runs Reqd.", "Overs rem.", "RR Reqd.", "Current RR", "Wkts in hand", "Target",
                                       "Initial RR"));
-  EXPECT_EQ(view_rates().chase_headline, "To win Hom need...");
+  EXPECT_EQ(view_rates(match).chase_headline, "To win Hom need...");
 }
 
 TEST_F(RatesView, ChaseFigures) {
@@ -158,8 +159,8 @@ TEST_F(RatesView, ChaseFigures) {
   EXPECT_THAT(cells(), ElementsAre("151", "30.0 (180b)", "5.03", "5", "7", "251", "5.02"));
   refresh_at(101, 10, 127);
   EXPECT_THAT(cells(), ElementsAre("150", "28.5 (173b)", "5.2", "4.77", "0", "251", "5.02"));
-  EXPECT_EQ(view_rates().first_innings, "OA 250/7");
-  EXPECT_EQ(view_rates().first_innings_overs, "49.4 Overs");
+  EXPECT_EQ(view_rates(match).first_innings, "OA 250/7");
+  EXPECT_EQ(view_rates(match).first_innings_overs, "49.4 Overs");
 }
 
 TEST_F(RatesView, RequiredRateKeepsItsLastValueWithNoBallLeft) {
@@ -182,12 +183,12 @@ TEST_F(RatesView, ComparisonIsRecountedFromTheFirstInningsLog) {
   write_over(match.first_ball_log, 2, {"W", "W", "2", "3", "0", "6"});
   write_over(match.first_ball_log, 3, {"W", "1", "1", "1", "1", "1"});
   refresh_at(20, 1, 12);
-  rates_view view = view_rates();
+  rates_view view = view_rates(match);
   EXPECT_EQ(view.stage_overs, "2.0 Overs");
   EXPECT_EQ(view.score_now, "Hom are 20/1");
   EXPECT_EQ(view.score_then, "OA were 28/3");
   refresh_at(21, 1, 18);
-  EXPECT_EQ(view_rates().score_then, "OA were 33/4");
+  EXPECT_EQ(view_rates(match).score_then, "OA were 33/4");
 }
 
 TEST_F(RatesView, ComparisonAfterAnOverOfSevenBalls) {
@@ -195,8 +196,8 @@ TEST_F(RatesView, ComparisonAfterAnOverOfSevenBalls) {
   write_over(match.first_ball_log, 1, {"1", "0", "0", "0", "0", "0"});
   write_over(match.first_ball_log, 2, {"6", "0", "0", "0", "0", "0"});
   refresh_at(3, 0, 9);
-  EXPECT_EQ(view_rates().stage_overs, "1.3 Overs");
-  EXPECT_EQ(view_rates().score_then, "OA were 1/0");
+  EXPECT_EQ(view_rates(match).stage_overs, "1.3 Overs");
+  EXPECT_EQ(view_rates(match).score_then, "OA were 1/0");
 }
 
 TEST_F(RatesView, StagesAreWrittenInOversAndBalls) {
@@ -204,18 +205,18 @@ TEST_F(RatesView, StagesAreWrittenInOversAndBalls) {
   for (const auto& [balls, shown] :
        {std::pair{1, "0.1 Overs"}, {5, "0.5 Overs"}, {6, "1.0 Overs"}, {299, "49.5 Overs"}}) {
     refresh_at(1, 0, balls);
-    EXPECT_EQ(view_rates().stage_overs, shown);
+    EXPECT_EQ(view_rates(match).stage_overs, shown);
   }
 }
 
 TEST_F(RatesView, ANeedOfNothingIsNotShown) {
   start_chase();
   refresh_at(250, 3, 120);
-  EXPECT_EQ(view_rates().chase_headline, "To win Hom need...");
+  EXPECT_EQ(view_rates(match).chase_headline, "To win Hom need...");
   EXPECT_THAT(cells(), ElementsAre("1", "30.0 (180b)", "0.03", "12.5", "7", "251", "5.02"));
   for (const int runs : {251, 256}) {
     refresh_at(runs, 3, 120);
-    EXPECT_EQ(view_rates().chase_headline, "") << runs;
+    EXPECT_EQ(view_rates(match).chase_headline, "") << runs;
     EXPECT_EQ(cells()[0], "") << runs;
     EXPECT_EQ(cells()[2], "") << runs;
     EXPECT_EQ(cells()[5], "251") << runs;
@@ -226,8 +227,8 @@ TEST_F(RatesView, TheChaseOpensWithItsOwnFigures) {
   refresh_at(244, 7, 294);
   start_chase();
   match.innings_balls = 0;
-  prepare_chase_display();
-  const rates_view view = view_rates();
+  prepare_chase_display(match);
+  const rates_view view = view_rates(match);
   EXPECT_TRUE(view.chase);
   EXPECT_EQ(view.chase_headline, "To win Hom need...");
   EXPECT_THAT(cells(), ElementsAre("251", "50.0 (300b)", "", "", "10", "251", "5.02"));
@@ -243,7 +244,7 @@ TEST_F(RatesView, TheOpeningOfTheChaseLastsUntilItsFirstOver) {
   refresh_at(244, 7, 294);
   start_chase();
   match.innings_balls = 0;
-  prepare_chase_display();
+  prepare_chase_display(match);
   match.score_runs = 6;
   match.innings_balls = 2;
   EXPECT_EQ(cells()[0], "251");
@@ -254,8 +255,8 @@ TEST_F(RatesView, TheOpeningOfTheChaseLastsUntilItsFirstOver) {
 TEST_F(RatesView, AfterAFirstInningsOfNothingTheProjectionsStartAnew) {
   refresh_at(0, 10, 12);
   match.innings_balls = 0;
-  prepare_chase_display();
-  EXPECT_FALSE(view_rates().chase);
+  prepare_chase_display(match);
+  EXPECT_FALSE(view_rates(match).chase);
   EXPECT_THAT(cells(), Each("-"));
 }
 

@@ -12,6 +12,7 @@
 #include "database/slots.h"
 #include "database/whole_file.h"
 #include "database/world_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -33,16 +34,16 @@ class Agreement : public testing::world_fixture {
     world_fixture::SetUp();
     build({testing::halden, "Tamar,T.One,20,30,4,no,RH ,Opener,x"}, {testing::park});
     testing::set_up_finished_match();
-    update_career_and_records();
-    career_file_ = bytes_of(files.career_file);
-    record_file_ = bytes_of(files.record_file);
-    update_career_and_records();
+    update_career_and_records(match, data);
+    career_file_ = bytes_of(data.files.career_file);
+    record_file_ = bytes_of(data.files.record_file);
+    update_career_and_records(match, data);
   }
 
   /// The faults as lines.
   static std::vector<std::string> faults() {
     std::vector<std::string> lines;
-    for (const database_fault& fault : check_database(files)) {
+    for (const database_fault& fault : check_database(data.files)) {
       lines.push_back(fmt::format("{}:{}:{}: {}", fault.file, fault.record, fault.field, fault.what));
     }
     return lines;
@@ -50,11 +51,11 @@ class Agreement : public testing::world_fixture {
 
   /// The refusal of an update; both files must stay as they are.
   static std::string refusal() {
-    const auto career_file = read_file(files.career_file);
-    const auto record_file = read_file(files.record_file);
-    const run_time_error error = error_of(update_career_and_records);
+    const auto career_file = read_file(data.files.career_file);
+    const auto record_file = read_file(data.files.record_file);
+    const run_time_error error = error_of([] { update_career_and_records(match, data); });
     EXPECT_EQ(error.kind(), failure::file);
-    EXPECT_TRUE(read_file(files.career_file) == career_file && read_file(files.record_file) == record_file)
+    EXPECT_TRUE(read_file(data.files.career_file) == career_file && read_file(data.files.record_file) == record_file)
         << "a file has changed";
     return error.what();
   }
@@ -65,90 +66,90 @@ class Agreement : public testing::world_fixture {
 
 TEST_F(Agreement, IsKeptByMatchAfterMatch) {
   EXPECT_THAT(faults(), IsEmpty());
-  update_career_and_records();
+  update_career_and_records(match, data);
   EXPECT_THAT(faults(), IsEmpty());
 }
 
 TEST_F(Agreement, CareersCutAnywhereAreRefused) {
-  const std::string whole = bytes_of(files.career_file);
-  career_table read = read_career_table();
+  const std::string whole = bytes_of(data.files.career_file);
+  career_table read = read_career_table(data);
   const std::size_t end = 2 * career_slot + encoded(read.teams[2]).size();
   for (std::size_t size = end; size-- > 1; size -= size > 20 ? size % 19 : 0) {
-    std::filesystem::resize_file(files.career_file, size);
+    std::filesystem::resize_file(data.files.career_file, size);
     ASSERT_THAT(refusal(), StartsWith("The file is not whole: the file ends ")) << size;
     ASSERT_EQ(faults().size(), 1U) << size;
   }
-  write_bytes(files.career_file, whole.substr(0, 2 * career_slot));
+  write_bytes(data.files.career_file, whole.substr(0, 2 * career_slot));
   EXPECT_EQ(refusal(), "The file is not whole: the file ends before this record (file base.rec, record 3)");
   EXPECT_THAT(faults(), ElementsAre("base.rec:3:: the file ends before this record"));
-  write_bytes(files.career_file, whole.substr(0, end));
+  write_bytes(data.files.career_file, whole.substr(0, end));
   EXPECT_THAT(faults(), IsEmpty()) << "what has no meaning may be missing";
-  update_career_and_records();
+  update_career_and_records(match, data);
 }
 
 TEST_F(Agreement, RecordsCutAnywhereAreRefused) {
-  const std::string whole = bytes_of(files.record_file);
+  const std::string whole = bytes_of(data.files.record_file);
   for (std::size_t size = (table_record(3) - 2) * records_slot; size > records_slot; size -= records_slot) {
-    std::filesystem::resize_file(files.record_file, size);
+    std::filesystem::resize_file(data.files.record_file, size);
     ASSERT_THAT(refusal(), StartsWith("The file is not whole: the file ends before this record")) << size;
     ASSERT_THAT(faults(), Contains(HasSubstr(": the file ends before this "))) << size;
   }
-  write_bytes(files.record_file, whole.substr(0, 70 * records_slot));
+  write_bytes(data.files.record_file, whole.substr(0, 70 * records_slot));
   EXPECT_EQ(refusal(), "The file is not whole: the file ends before this record (file base.ptr, record 71)");
-  write_bytes(files.record_file, whole.substr(0, 70 * records_slot + 2));
+  write_bytes(data.files.record_file, whole.substr(0, 70 * records_slot + 2));
   EXPECT_EQ(refusal(),
             "The file is not whole: the file ends before this field (file base.ptr, record 71, field "
             "table_team_count)");
-  write_bytes(files.record_file, whole.substr(0, 1));
+  write_bytes(data.files.record_file, whole.substr(0, 1));
   EXPECT_THAT(faults(), ElementsAre("base.ptr:1:player: the file ends within this field"));
 }
 
 TEST_F(Agreement, OneFileAloneTakesNoMatchEither) {
-  std::filesystem::resize_file(files.career_file, career_slot + 7);
-  EXPECT_EQ(error_of(update_career).place().file, "base.rec");
-  std::filesystem::resize_file(files.record_file, records_slot + 7);
-  EXPECT_EQ(error_of(update_records).place().file, "base.ptr");
+  std::filesystem::resize_file(data.files.career_file, career_slot + 7);
+  EXPECT_EQ(error_of([] { update_career(match, data); }).place().file, "base.rec");
+  std::filesystem::resize_file(data.files.record_file, records_slot + 7);
+  EXPECT_EQ(error_of([] { update_records(match, data); }).place().file, "base.ptr");
 }
 
 TEST_F(Agreement, AMissingOrEmptyFileBesideAFullOneIsRefused) {
-  const std::string record_file = bytes_of(files.record_file);
-  std::filesystem::remove(files.record_file);
+  const std::string record_file = bytes_of(data.files.record_file);
+  std::filesystem::remove(data.files.record_file);
   EXPECT_EQ(refusal(),
             "base.rec and base.ptr do not belong together: \"Tamar\" has no row in the team table (file base.rec, "
             "record 2, field team_name)");
   EXPECT_THAT(faults(), ElementsAre("base.rec:2:team_name: \"Tamar\" has no row in the team table",
                                     "base.rec:3:team_name: \"Alba\" has no row in the team table"));
-  write_bytes(files.record_file, record_file);
-  write_bytes(files.career_file, "");
+  write_bytes(data.files.record_file, record_file);
+  write_bytes(data.files.career_file, "");
   EXPECT_THAT(refusal(), StartsWith("base.rec and base.ptr do not belong together: "));
   EXPECT_THAT(faults(), Contains("base.ptr:90:team_name: \"Tamar\" has no careers"));
 }
 
 TEST_F(Agreement, AFileOfAnotherDayIsRefused) {
-  const std::string now = bytes_of(files.career_file);
-  write_bytes(files.career_file, career_file_);
+  const std::string now = bytes_of(data.files.career_file);
+  write_bytes(data.files.career_file, career_file_);
   EXPECT_EQ(
       refusal(),
       "base.rec and base.ptr do not belong together: 11 appearances of the men of \"Tamar\", but 2 matches in the "
       "team table (file base.rec, record 2, field matches)");
   EXPECT_EQ(faults().size(), 2U);
-  write_bytes(files.career_file, now);
-  write_bytes(files.record_file, record_file_);
+  write_bytes(data.files.career_file, now);
+  write_bytes(data.files.record_file, record_file_);
   EXPECT_EQ(faults().size(), 2U);
-  write_bytes(files.career_file, career_file_);
+  write_bytes(data.files.career_file, career_file_);
   EXPECT_THAT(faults(), IsEmpty()) << "both are of that day";
-  update_career_and_records();
+  update_career_and_records(match, data);
 }
 
 TEST_F(Agreement, TheListsAreBorneOutByTheCareersAndTheTable) {
-  record_lists lists = read_record_lists();
+  record_lists lists = read_record_lists(data);
   lists.top_scores[1].runs = 121;
   lists.top_scores[2].player = "Nobody";
   lists.top_bowling[1].runs = 30;
   lists.highest_totals[1].total = 232;
   lists.lowest_totals[1].against = "Zoll";
   lists.partnerships[1].team = "Yser";
-  write_record_lists(lists);
+  write_record_lists(data, lists);
   EXPECT_THAT(faults(),
               ElementsAre("base.rec:3:players[2].high_score: 120 by \"A.Man2\" is not among the highest scores",
                           "base.ptr:1:runs: 121 by \"A.Man2\", whose highest score is 120",
@@ -161,12 +162,12 @@ TEST_F(Agreement, TheListsAreBorneOutByTheCareersAndTheTable) {
 }
 
 TEST_F(Agreement, TheBestOfCareersAndTableStandsInTheLists) {
-  record_lists lists = read_record_lists();
+  record_lists lists = read_record_lists(data);
   const record_lists whole = lists;
   const auto with = [&](auto change) {
     lists = whole;
     change();
-    write_record_lists(lists);
+    write_record_lists(data, lists);
     const std::vector<std::string> found = faults();
     if (found.empty()) return found;
     EXPECT_THAT(refusal(), StartsWith("base.rec and base.ptr do not belong together: "));
@@ -195,17 +196,17 @@ TEST_F(Agreement, TheBestOfCareersAndTableStandsInTheLists) {
 }
 
 TEST_F(Agreement, EqualsOfTheLastLineMayBeKeptOut) {
-  for (int i = 0; i < 15; ++i) update_career_and_records();
-  record_lists lists = read_record_lists();
+  for (int i = 0; i < 15; ++i) update_career_and_records(match, data);
+  record_lists lists = read_record_lists(data);
   ASSERT_EQ(lists.top_scores[15].runs, 120);
   EXPECT_THAT(faults(), IsEmpty());
 }
 
 TEST_F(Agreement, AFaultOfAFileHidesNoDisagreement) {
-  write_bytes(files.career_file, career_file_);
-  career_table careers = read_career_table();
+  write_bytes(data.files.career_file, career_file_);
+  career_table careers = read_career_table(data);
   careers.teams[1].players[1].best_against = "A\x01";
-  write_career_table(careers);
+  write_career_table(data, careers);
   EXPECT_THAT(
       faults(),
       ElementsAre("base.rec:2:players[1].best_against: \"A\x01\" has a control character",
@@ -214,13 +215,13 @@ TEST_F(Agreement, AFaultOfAFileHidesNoDisagreement) {
 }
 
 TEST_F(Agreement, ResultsThatDoNotAddUpAreFaults) {
-  record_lists lists = read_record_lists();
+  record_lists lists = read_record_lists(data);
   lists.teams[1].home_won = {1e308};
   lists.teams[1].away_lost = {1.7e308};
   lists.teams[2].home_won = {1.5};
   lists.teams[2].high_for_venue = {std::numeric_limits<double>::quiet_NaN()};
   lists.teams[2].low_for_venue = {std::string("Old\nField")};
-  write_record_lists(lists);
+  write_record_lists(data, lists);
   EXPECT_THAT(faults(), ElementsAre("base.ptr:72:away_won: the results are too many to add up",
                                     "base.ptr:94:home_won: 1.5 is no count",
                                     "base.ptr:99:high_for_venue: a value that is no number",
@@ -228,14 +229,14 @@ TEST_F(Agreement, ResultsThatDoNotAddUpAreFaults) {
 }
 
 TEST_F(Agreement, EveryTextOfCareersAndListsIsRead) {
-  career_table careers = read_career_table();
+  career_table careers = read_career_table(data);
   careers.teams[1].players[1].high_against = "A\x01";
   careers.teams[2].team_name = "Al\x7F";
-  write_career_table(careers);
-  record_lists lists = read_record_lists();
+  write_career_table(data, careers);
+  record_lists lists = read_record_lists(data);
   lists.top_scores[1].venue = "V\n";
   lists.partnerships[1].batsman_b = "\x9D";
-  write_record_lists(lists);
+  write_record_lists(data, lists);
   EXPECT_THAT(faults(), IsSupersetOf({"base.rec:2:players[1].high_against: \"A\x01\" has a control character",
                                       "base.rec:3:team_name: \"Al\x7F\" has a control character",
                                       "base.ptr:1:venue: \"V\n\" has a control character",
@@ -243,16 +244,16 @@ TEST_F(Agreement, EveryTextOfCareersAndListsIsRead) {
 }
 
 TEST_F(Agreement, AnUpdateCutOffBetweenTheFilesIsNoFault) {
-  const auto time = std::filesystem::last_write_time(files.career_file);
-  std::filesystem::rename(files.record_file, folder / "base.ptr.next");
+  const auto time = std::filesystem::last_write_time(data.files.career_file);
+  std::filesystem::rename(data.files.record_file, folder / "base.ptr.next");
   std::filesystem::last_write_time(folder / "base.ptr.next", time - std::chrono::hours(1));
-  write_bytes(files.record_file, record_file_);
+  write_bytes(data.files.record_file, record_file_);
   EXPECT_THAT(faults(),
               Contains("base.rec:2:matches: 22 appearances of the men of \"Tamar\", but 1 matches in the team "
                        "table"));
   std::filesystem::last_write_time(folder / "base.ptr.next", time);
   EXPECT_THAT(faults(), IsEmpty()) << "the next update finishes it";
-  update_career_and_records();
+  update_career_and_records(match, data);
   EXPECT_THAT(faults(), IsEmpty());
 }
 

@@ -11,6 +11,7 @@
 #include "database/lasting_records.h"
 #include "database/teams_file.h"
 #include "database/world_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -91,21 +92,21 @@ class BrokenFiles : public testing::database_fixture, public ::testing::WithPara
   void read() const {
     const std::string ending = std::filesystem::path(GetParam()).extension();
     if (ending == ".team") {
-      write_bytes(files.ground_file, {});
-      read_team_list();
-      require_whole_database();
+      write_bytes(data.files.ground_file, {});
+      read_team_list(data);
+      require_whole_database(data);
     } else if (ending == ".grd") {
-      write_bytes(files.team_file, {});
-      read_grounds();
-      require_whole_database();
+      write_bytes(data.files.team_file, {});
+      read_grounds(data);
+      require_whole_database(data);
     } else if (ending == ".rec") {
-      read_career_table();
+      read_career_table(data);
     } else if (ending == ".ptr") {
-      read_record_lists();
+      read_record_lists(data);
     } else if (ending == ".eleven") {
-      read_elevens();
+      read_elevens(match, data);
     } else {
-      build_database(folder, files.team_file, files.ground_file);
+      build_database(folder, data.files.team_file, data.files.ground_file);
     }
   }
 
@@ -127,10 +128,10 @@ class BrokenDatabaseFiles : public testing::world_fixture, public ::testing::Wit
 
 TEST_P(BrokenDatabaseFiles, AreFaultyForTheCheck) {
   build({}, {});
-  ASSERT_TRUE(check_database(files).empty());
+  ASSERT_TRUE(check_database(data.files).empty());
   const std::string name = "base" + std::filesystem::path(GetParam()).extension().string();
   write_bytes(folder / name, bytes_of(broken / GetParam()));
-  const auto faults = check_database(files);
+  const auto faults = check_database(data.files);
   ASSERT_FALSE(faults.empty());
   EXPECT_EQ(faults.front().file, name);
 }
@@ -170,11 +171,11 @@ TEST_F(BrokenFolder, HasNoFileThatNoTestReads) {
 }
 
 TEST_F(BrokenFolder, SettingsOfFourLinesAreLeftAlone) {
-  settings.font_name = "Old";
+  data.settings.font_name = "Old";
   write_bytes(folder / "options.mc", bytes_of(broken / "BrokenFourLines.mc"));
-  EXPECT_FALSE(read_options());
-  EXPECT_EQ(settings.font_name, "Old");
-  EXPECT_EQ(settings.database_name, "");
+  EXPECT_FALSE(read_options(data));
+  EXPECT_EQ(data.settings.font_name, "Old");
+  EXPECT_EQ(data.settings.database_name, "");
 }
 
 }  // namespace

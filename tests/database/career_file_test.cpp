@@ -4,6 +4,7 @@
 
 #include "database/careers_fixture.h"
 #include "database/slots.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -18,11 +19,11 @@ using testing::write_bytes;
 class CareerFile : public testing::careers_fixture {};
 
 TEST_F(CareerFile, ANewManTakesTheNextPlace) {
-  update_career();
+  update_career(match, data);
   match.first_bowling_card[4].name = "T.New";
   match.batting_card[4].name = "T.New";
-  update_career();
-  const career_table table = read_career_table();
+  update_career(match, data);
+  const career_table table = read_career_table(data);
   EXPECT_EQ(table.teams[1].player_count, 12);
   EXPECT_EQ(table.teams[1].players[12].name, "T.New");
   EXPECT_EQ(table.teams[1].players[12].matches, 1);
@@ -30,80 +31,80 @@ TEST_F(CareerFile, ANewManTakesTheNextPlace) {
 }
 
 TEST_F(CareerFile, ATwentyFirstPlayerIsASubscriptError) {
-  update_career();
+  update_career(match, data);
   for (int i = 1; i <= 9; ++i) match.first_bowling_card[i].name = fmt::format("T.New{}", i);
-  update_career();
-  EXPECT_EQ(read_career_table().teams[1].player_count, 20);
-  const std::string before = bytes_of(files.career_file);
+  update_career(match, data);
+  EXPECT_EQ(read_career_table(data).teams[1].player_count, 20);
+  const std::string before = bytes_of(data.files.career_file);
   match.first_bowling_card[10].name = "T.Last";
-  const auto error = error_of([] { update_career(); });
+  const auto error = error_of([] { update_career(match, data); });
   EXPECT_EQ(error.kind(), failure::subscript);
   EXPECT_THAT(error.what(), HasSubstr("more than 20 players of Tamar with careers (file base.rec, record 2, "
                                       "field players, at \"T.Last\")"));
-  EXPECT_EQ(bytes_of(files.career_file), before);
+  EXPECT_EQ(bytes_of(data.files.career_file), before);
 }
 
 TEST_F(CareerFile, ATwentyFirstTeamIsASubscriptError) {
   for (int i = 0; i < 10; ++i) {
     match.team1_name = fmt::format("Team {}", 2 * i);
     match.team2_name = fmt::format("Team {}", 2 * i + 1);
-    update_career();
+    update_career(match, data);
   }
-  EXPECT_EQ(read_career_table().career_team_count, 20);
-  const std::string before = bytes_of(files.career_file);
+  EXPECT_EQ(read_career_table(data).career_team_count, 20);
+  const std::string before = bytes_of(data.files.career_file);
   match.team1_name = "Team 0";
   match.team2_name = "Team 20";
-  const auto error = error_of([] { update_career(); });
+  const auto error = error_of([] { update_career(match, data); });
   EXPECT_EQ(error.kind(), failure::subscript);
   EXPECT_EQ(error.place().file, "base.rec");
   EXPECT_EQ(error.place().player, "Team 20");
-  EXPECT_EQ(bytes_of(files.career_file), before);
+  EXPECT_EQ(bytes_of(data.files.career_file), before);
 }
 
 TEST_F(CareerFile, ARefusedFirstMatchMakesNoFile) {
   match.first_bowling_card[1].name = std::string(5600, 'x');
-  const auto error = error_of([] { update_career(); });
+  const auto error = error_of([] { update_career(match, data); });
   EXPECT_EQ(error.kind(), failure::overflow);
   EXPECT_THAT(error.what(), HasSubstr("(file base.rec, record 2, at \"Tamar\")"));
   EXPECT_TRUE(names_in(folder).empty()) << "nothing is written";
 }
 
 TEST_F(CareerFile, AFigureBeyond32BitsIsAnOverflow) {
-  update_career();
-  career_table table = read_career_table();
+  update_career(match, data);
+  career_table table = read_career_table(data);
   table.teams[1].players[1].runs = 2147483647 - 49;
-  write_career_table(table);
-  const std::string before = bytes_of(files.career_file);
-  const auto error = error_of([] { update_career(); });
+  write_career_table(data, table);
+  const std::string before = bytes_of(data.files.career_file);
+  const auto error = error_of([] { update_career(match, data); });
   EXPECT_EQ(error.kind(), failure::overflow);
   EXPECT_EQ(error.place().field, "runs");
   EXPECT_EQ(error.place().player, "T.Man1");
-  EXPECT_EQ(bytes_of(files.career_file), before);
+  EXPECT_EQ(bytes_of(data.files.career_file), before);
 }
 
 TEST_F(CareerFile, WithoutUpdatesTheFolderIsOnlyRead) {
-  files.updates = false;
-  update_career();
-  update_records();
-  EXPECT_EQ(read_career_table().career_team_count, 0);
-  EXPECT_EQ(read_record_lists().table_team_count, 0);
+  data.files.updates = false;
+  update_career(match, data);
+  update_records(match, data);
+  EXPECT_EQ(read_career_table(data).career_team_count, 0);
+  EXPECT_EQ(read_record_lists(data).table_team_count, 0);
   EXPECT_TRUE(names_in(folder).empty());
 }
 
 TEST_F(CareerFile, TheFirstReadMakesTheFilesEmpty) {
-  EXPECT_EQ(read_career_table().career_team_count, 0);
-  EXPECT_EQ(read_record_lists().table_team_count, 0);
+  EXPECT_EQ(read_career_table(data).career_team_count, 0);
+  EXPECT_EQ(read_record_lists(data).table_team_count, 0);
   EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
-  EXPECT_EQ(bytes_of(files.career_file), "");
-  EXPECT_EQ(bytes_of(files.record_file), "");
-  update_career();
-  EXPECT_EQ(read_career_table().career_team_count, 2);
+  EXPECT_EQ(bytes_of(data.files.career_file), "");
+  EXPECT_EQ(bytes_of(data.files.record_file), "");
+  update_career(match, data);
+  EXPECT_EQ(read_career_table(data).career_team_count, 2);
 }
 
 TEST_F(CareerFile, BytesBehindTheLastFieldAndBeyondTheCountStay) {
-  write_bytes(files.career_file, testing::hex("00 00") + std::string(5500 * 4 + 10, 'x'));
-  update_career();
-  const std::string bytes = bytes_of(files.career_file);
+  write_bytes(data.files.career_file, testing::hex("00 00") + std::string(5500 * 4 + 10, 'x'));
+  update_career(match, data);
+  const std::string bytes = bytes_of(data.files.career_file);
   EXPECT_EQ(bytes.size(), 5 * career_slot);
   EXPECT_EQ(bytes.substr(0, 4), testing::hex("02 00 02 00"));
   EXPECT_EQ(bytes.substr(4, 5496), std::string(5496, 'x')) << "behind the count";
@@ -112,13 +113,13 @@ TEST_F(CareerFile, BytesBehindTheLastFieldAndBeyondTheCountStay) {
 }
 
 TEST_F(CareerFile, ReservedFieldsAreCarriedAlong) {
-  update_career();
-  career_table table = read_career_table();
+  update_career(match, data);
+  career_table table = read_career_table(data);
   table.teams[1].players[1].career_reserved_1 = "one";
   table.teams[1].players[1].career_reserved_2 = {1, 2, 3, 4, 5, 6, 7, 8};
   table.teams[1].players[1].career_reserved_4 = "four";
-  write_career_table(table);
-  update_career();
+  write_career_table(data, table);
+  update_career(match, data);
   const career_rec man = career_of("Tamar", "T.Man1");
   EXPECT_EQ(man.matches, 2);
   EXPECT_EQ(man.career_reserved_1, "one");
@@ -137,17 +138,17 @@ class CareerFaults : public testing::database_fixture {
     team.player_count = player_count;
     file.put(1, count, {});
     file.put(2, encoded(team), {});
-    write_bytes(files.career_file, file.bytes());
+    write_bytes(data.files.career_file, file.bytes());
   }
   failure kind_of_error() {
-    return error_of([] { read_career_table(); }).kind();
+    return error_of([] { read_career_table(data); }).kind();
   }
 };
 
 TEST_F(CareerFaults, TheCountMayHaveAnyTag) {
   for (const tagged& count : {tagged{std::int32_t{1}}, tagged{1.0}, tagged{std::string("1")}}) {
     write_careers(encoded_field(count), 0);
-    EXPECT_EQ(read_career_table().career_team_count, 1);
+    EXPECT_EQ(read_career_table(data).career_team_count, 1);
   }
 }
 

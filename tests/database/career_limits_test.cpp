@@ -8,6 +8,7 @@
 #include "database/lasting_records.h"
 #include "database/limits_fixture.h"
 #include "database/slots.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -50,25 +51,25 @@ const std::vector<career_figure> career_figures = {
 };
 
 TEST_F(CareerLimits, EveryCareerFigure) {
-  update_career();
+  update_career(match, data);
   for (const career_figure& tried : career_figures) {
-    const career_table before = read_career_table();
+    const career_table before = read_career_table(data);
     career_table full = before;
     career_rec& man = full.teams[tried.team].players[tried.player];
     const std::int32_t gain = man.*tried.figure;  // the match was the only one so far
     ASSERT_GT(gain, 0) << tried.name;
     man.*tried.figure = std::numeric_limits<std::int32_t>::max() - gain + 1;
-    write_career_table(full);
+    write_career_table(data, full);
     EXPECT_EQ(
-        refusal(update_career),
+        refusal([] { update_career(match, data); }),
         fmt::format("Overflow: a career figure does not fit 32 bits (file base.rec, record {}, field {}, at \"{}\")",
                     tried.team + 1, tried.name, man.name));
     man.*tried.figure = std::numeric_limits<std::int32_t>::max() - gain;
-    write_career_table(full);
-    update_career();
-    EXPECT_EQ(read_career_table().teams[tried.team].players[tried.player].*tried.figure,
+    write_career_table(data, full);
+    update_career(match, data);
+    EXPECT_EQ(read_career_table(data).teams[tried.team].players[tried.player].*tried.figure,
               std::numeric_limits<std::int32_t>::max());
-    write_career_table(before);
+    write_career_table(data, before);
   }
 }
 
@@ -76,35 +77,35 @@ TEST_F(CareerLimits, ATwentyFirstTeamWithCareers) {
   career_table table;
   table.career_team_count = 19;
   for (int t = 1; t <= 19; ++t) table.teams[t].team_name = fmt::format("Team {}", t);
-  write_career_table(table);
-  EXPECT_EQ(refusal(update_career, failure::subscript),
+  write_career_table(data, table);
+  EXPECT_EQ(refusal([] { update_career(match, data); }, failure::subscript),
             "Subscript out of range: more than 20 teams with careers (file base.rec, record 22, field team_name, "
             "at \"Alba\")");
   match.team2_name = "Team 19";
-  update_career();
-  EXPECT_EQ(read_career_table().career_team_count, 20);
+  update_career(match, data);
+  EXPECT_EQ(read_career_table(data).career_team_count, 20);
   match.team1_name = "Corran";
-  EXPECT_EQ(refusal(update_career, failure::subscript),
+  EXPECT_EQ(refusal([] { update_career(match, data); }, failure::subscript),
             "Subscript out of range: more than 20 teams with careers (file base.rec, record 22, field team_name, "
             "at \"Corran\")");
 }
 
 TEST_F(CareerLimits, ATwentyFirstPlayerOfEitherSide) {
-  update_career();
-  const career_table first = read_career_table();
+  update_career(match, data);
+  const career_table first = read_career_table(data);
   for (const int team : {1, 2}) {
     career_table table = first;
     career_team_rec& men = table.teams[team];
     for (int p = 12; p <= 20; ++p) men.players[p].name = fmt::format("Old {}", p);
     men.player_count = 20;
-    write_career_table(table);
-    update_career();
-    EXPECT_EQ(read_career_table().teams[team].player_count, 20) << "known men need no place";
+    write_career_table(data, table);
+    update_career(match, data);
+    EXPECT_EQ(read_career_table(data).teams[team].player_count, 20) << "known men need no place";
     bowling_card_table& card = team == 1 ? match.first_bowling_card : match.bowling_card;
     const std::string known = card[11].name;
     card[11].name = "New";
     EXPECT_EQ(
-        refusal(update_career, failure::subscript),
+        refusal([] { update_career(match, data); }, failure::subscript),
         fmt::format("Subscript out of range: more than 20 players of {0} with careers (file base.rec, record {1}, "
                     "field players, at \"New\")",
                     team == 1 ? "Tamar" : "Alba", team + 1));
@@ -113,47 +114,47 @@ TEST_F(CareerLimits, ATwentyFirstPlayerOfEitherSide) {
 }
 
 TEST_F(CareerLimits, ACareerSlotUpToItsLastByte) {
-  update_career();
-  const std::size_t size = encoded(read_career_table().teams[1]).size();
-  std::filesystem::remove(files.career_file);
+  update_career(match, data);
+  const std::size_t size = encoded(read_career_table(data).teams[1]).size();
+  std::filesystem::remove(data.files.career_file);
   match.first_bowling_card[4].name += std::string(career_slot - size, 'x');
   match.batting_card[4].name = match.first_bowling_card[4].name;
-  update_career();
-  const career_team_rec full = read_career_table().teams[1];
+  update_career(match, data);
+  const career_team_rec full = read_career_table(data).teams[1];
   EXPECT_EQ(encoded(full).size(), career_slot);
   EXPECT_EQ(full.players[4].runs, 12);
-  EXPECT_EQ(bytes_of(files.career_file).size(), 3 * career_slot);
-  EXPECT_EQ(read_career_table().teams[2].team_name, "Alba") << "the next slot";
+  EXPECT_EQ(bytes_of(data.files.career_file).size(), 3 * career_slot);
+  EXPECT_EQ(read_career_table(data).teams[2].team_name, "Alba") << "the next slot";
 
   // Another hundred, against a side whose name has a letter more.
   match.batting_card[1].runs = 100;
   match.team2_name = "Albas";
-  EXPECT_EQ(refusal(update_career),
+  EXPECT_EQ(refusal([] { update_career(match, data); }),
             "Overflow: a record of 5501 bytes in a slot of 5500 (file base.rec, record 2, at \"Tamar\")");
   match.team2_name = "Alba";
-  update_career();
-  EXPECT_EQ(read_career_table().teams[1].players[1].high_score, 100);
+  update_career(match, data);
+  EXPECT_EQ(read_career_table(data).teams[1].players[1].high_score, 100);
 }
 
 TEST_F(CareerLimits, ANameWhoseLengthHasNoPlace) {
   match.bowling_card[2].name = std::string(70000, 'x');
-  EXPECT_EQ(refusal(update_career),
+  EXPECT_EQ(refusal([] { update_career(match, data); }),
             "Overflow: a record of 72380 bytes in a slot of 5500 (file base.rec, record 3, at \"Alba\")");
 }
 
 TEST_F(CareerLimits, FilesOfZeroLengthAreNewOnes) {
-  update_career();
-  update_records();
-  const std::string career_file = bytes_of(files.career_file);
-  const std::string record_file = bytes_of(files.record_file);
-  write_bytes(files.career_file, "");
-  write_bytes(files.record_file, "");
-  update_career();
-  update_records();
-  EXPECT_EQ(bytes_of(files.career_file), career_file);
-  EXPECT_EQ(bytes_of(files.record_file), record_file);
-  EXPECT_EQ(read_career_table().teams[1].players[1].matches, 1);
-  EXPECT_EQ(read_record_lists().lowest_totals[3].total, 1000) << "the lines of 0 were freed";
+  update_career(match, data);
+  update_records(match, data);
+  const std::string career_file = bytes_of(data.files.career_file);
+  const std::string record_file = bytes_of(data.files.record_file);
+  write_bytes(data.files.career_file, "");
+  write_bytes(data.files.record_file, "");
+  update_career(match, data);
+  update_records(match, data);
+  EXPECT_EQ(bytes_of(data.files.career_file), career_file);
+  EXPECT_EQ(bytes_of(data.files.record_file), record_file);
+  EXPECT_EQ(read_career_table(data).teams[1].players[1].matches, 1);
+  EXPECT_EQ(read_record_lists(data).lowest_totals[3].total, 1000) << "the lines of 0 were freed";
 }
 
 }  // namespace

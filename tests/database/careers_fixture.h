@@ -6,6 +6,7 @@
 #include "database/career_update.h"
 #include "database/database_fixture.h"
 #include "database/lasting_records.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -19,7 +20,7 @@ class careers_fixture : public database_fixture {
 
   /// The career of a man after the update.
   static career_rec career_of(const std::string& team, const std::string& name) {
-    const career_table table = read_career_table();
+    const career_table table = read_career_table(data);
     for (int t = 1; t <= table.career_team_count; ++t) {
       if (table.teams[t].team_name != team) continue;
       for (int p = 1; p <= table.teams[t].player_count; ++p) {

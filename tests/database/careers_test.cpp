@@ -3,6 +3,7 @@
 
 #include "database/careers_fixture.h"
 #include "database/slots.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -16,7 +17,7 @@ class Careers : public testing::careers_fixture {
     match.team2_name = opponent;
     match.batting_card[1].runs = runs;
     match.batting_card[1].how_out = not_out ? "" : " b A.Man9";
-    update_career();
+    update_career(match, data);
   }
 
   /// Plays the same match with other figures of A.Man9 (second innings).
@@ -24,13 +25,13 @@ class Careers : public testing::careers_fixture {
     match.team1_name = opponent;
     match.bowling_card[9].wickets = wickets;
     match.bowling_card[9].runs = runs;
-    update_career();
+    update_career(match, data);
   }
 };
 
 TEST_F(Careers, TheFirstMatchEnrolsBothSides) {
-  update_career();
-  const career_table table = read_career_table();
+  update_career(match, data);
+  const career_table table = read_career_table(data);
   ASSERT_EQ(table.career_team_count, 2);
   EXPECT_EQ(table.teams[1].team_name, "Tamar") << "the side that batted second comes first";
   EXPECT_EQ(table.teams[2].team_name, "Alba");
@@ -42,13 +43,13 @@ TEST_F(Careers, TheFirstMatchEnrolsBothSides) {
       EXPECT_EQ(table.teams[t].players[p].innings, t == 1 || p <= 5 ? 1 : 0);
     }
   }
-  EXPECT_EQ(bytes_of(files.career_file).size(), 3 * career_slot);
-  EXPECT_EQ(bytes_of(files.career_file).substr(0, 4), testing::hex("02 00 02 00"));
+  EXPECT_EQ(bytes_of(data.files.career_file).size(), 3 * career_slot);
+  EXPECT_EQ(bytes_of(data.files.career_file).substr(0, 4), testing::hex("02 00 02 00"));
 }
 
 TEST_F(Careers, BattingIsAdded) {
-  update_career();
-  update_career();
+  update_career(match, data);
+  update_career(match, data);
   const career_rec man = career_of("Alba", "A.Man2");
   EXPECT_EQ(man.matches, 2);
   EXPECT_EQ(man.innings, 2);
@@ -69,7 +70,7 @@ TEST_F(Careers, BattingIsAdded) {
 }
 
 TEST_F(Careers, TheTwoInningsTellANotOutInTheirOwnWays) {
-  update_career();
+  update_career(match, data);
   const career_rec first = career_of("Alba", "A.Man1");
   EXPECT_EQ(first.not_outs, 1);
   EXPECT_EQ(first.fifties, 1);
@@ -86,14 +87,14 @@ TEST_F(Careers, TheTwoInningsTellANotOutInTheirOwnWays) {
 TEST_F(Careers, TheTextOfTheOtherInningsIsNoNotOut) {
   match.batting_card[1].how_out = "not out";
   match.first_batting_card[1].how_out = "";
-  update_career();
+  update_career(match, data);
   EXPECT_EQ(career_of("Tamar", "T.Man1").not_outs, 0);
   EXPECT_EQ(career_of("Alba", "A.Man1").not_outs, 0);
 }
 
 TEST_F(Careers, BowlingIsAdded) {
-  update_career();
-  update_career();
+  update_career(match, data);
+  update_career(match, data);
   const career_rec man = career_of("Alba", "A.Man9");
   EXPECT_EQ(man.wickets, 10);
   EXPECT_EQ(man.balls_bowled, 120);
@@ -109,7 +110,7 @@ TEST_F(Careers, BowlingIsAdded) {
 }
 
 TEST_F(Careers, NoWicketIsNoBestBowling) {
-  update_career();
+  update_career(match, data);
   const career_rec man = career_of("Tamar", "T.Man11");
   EXPECT_EQ(man.runs_given, 61);
   EXPECT_EQ(man.best_wickets, 0);
@@ -118,7 +119,7 @@ TEST_F(Careers, NoWicketIsNoBestBowling) {
 }
 
 TEST_F(Careers, FieldingIsReadOffTheOpposingCard) {
-  update_career();
+  update_career(match, data);
   EXPECT_EQ(career_of("Tamar", "T.Man10").catches, 1) << "c && b";
   EXPECT_EQ(career_of("Tamar", "T.Man3").catches, 1);
   EXPECT_EQ(career_of("Tamar", "T.Man9").catches, 0);
@@ -130,7 +131,7 @@ TEST_F(Careers, FieldingComparesWholeTexts) {
   match.first_batting_card[4].fielder = " c T.Man33";
   match.first_batting_card[5].fielder = " c  T.Man3";
   match.first_batting_card[3].how_out = " c & b T.Man10";
-  update_career();
+  update_career(match, data);
   EXPECT_EQ(career_of("Tamar", "T.Man3").catches, 0);
   EXPECT_EQ(career_of("Tamar", "T.Man10").catches, 0);
 }
@@ -188,8 +189,8 @@ TEST_F(Careers, ATeamAgainstItselfCountsBothWays) {
   match.team2_name = "Tamar";
   match.bowling_card = match.first_bowling_card;
   match.first_batting_card = match.batting_card;
-  update_career();
-  EXPECT_EQ(read_career_table().career_team_count, 1);
+  update_career(match, data);
+  EXPECT_EQ(read_career_table(data).career_team_count, 1);
   EXPECT_EQ(career_of("Tamar", "T.Man1").matches, 2);
   EXPECT_EQ(career_of("Tamar", "T.Man1").innings, 2);
 }

@@ -10,6 +10,7 @@
 #include "database/database_fixture.h"
 #include "database/slots.h"
 #include "database/teams_file.h"
+#include "support/game_in_play.h"
 
 namespace {
 
@@ -47,19 +48,19 @@ TEST_F(CoarseClock, AFileChangedTwiceWithinATickIsReadAgain) {
   slot_file teams({}, team_slot, "x");
   teams.put(1, encoded_field(integer(1)), {});
   teams.put(2, encoded(team), {});
-  testing::write_bytes(files.team_file, teams.bytes());
-  const descriptor file(open_file(files.team_file, O_WRONLY));
+  testing::write_bytes(data.files.team_file, teams.bytes());
+  const descriptor file(open_file(data.files.team_file, O_WRONLY));
   ASSERT_TRUE(file.open());
   int within = 0;
   for (int i = 0; i < 400 && within < enough; ++i) {
     ASSERT_EQ(::pwrite(file.number(), "B", 1, first_letter), 1);
-    const long changed = tick_of(files.team_file);
+    const long changed = tick_of(data.files.team_file);
     // Some reads come a while behind the change, though within its tick.
     std::this_thread::sleep_for(std::chrono::milliseconds(i % 4 * 9));
-    ASSERT_EQ(read_team_list()[0].team_name, "B");
+    ASSERT_EQ(read_team_list(data)[0].team_name, "B");
     ASSERT_EQ(::pwrite(file.number(), "C", 1, first_letter), 1);
-    if (tick_of(files.team_file) == changed) ++within;
-    ASSERT_EQ(read_team_list()[0].team_name, "C") << within << " changes within a tick";
+    if (tick_of(data.files.team_file) == changed) ++within;
+    ASSERT_EQ(read_team_list(data)[0].team_name, "C") << within << " changes within a tick";
   }
   EXPECT_EQ(within, enough);
 }

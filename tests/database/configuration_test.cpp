@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "database/database_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -36,96 +37,96 @@ TEST_F(Configuration, FileNamesAreUtf8) {
 }
 
 TEST_F(Configuration, AnotherDatabaseKeepsTheSwitches) {
-  files.elevens_in_memory = true;
-  files.updates = false;
-  use_database("other");
-  EXPECT_EQ(files.base, "other");
-  EXPECT_EQ(files.career_file, folder / "other.rec");
-  EXPECT_TRUE(files.elevens_in_memory);
-  EXPECT_FALSE(files.updates);
+  data.files.elevens_in_memory = true;
+  data.files.updates = false;
+  use_database(data, "other");
+  EXPECT_EQ(data.files.base, "other");
+  EXPECT_EQ(data.files.career_file, folder / "other.rec");
+  EXPECT_TRUE(data.files.elevens_in_memory);
+  EXPECT_FALSE(data.files.updates);
 }
 
 TEST_F(Configuration, OptionsAreReadWithEitherLineEnd) {
   write_options_file("/photos\r\nworld\r\n112233\r\nFFEEDD\r\nSans Serif\r\n");
-  ASSERT_TRUE(read_options());
-  EXPECT_EQ(settings.photo_path, "/photos");
-  EXPECT_EQ(settings.database_name, "world");
-  EXPECT_EQ(settings.text_color, "112233");
-  EXPECT_EQ(settings.back_color, "FFEEDD");
-  EXPECT_EQ(settings.font_name, "Sans Serif");
+  ASSERT_TRUE(read_options(data));
+  EXPECT_EQ(data.settings.photo_path, "/photos");
+  EXPECT_EQ(data.settings.database_name, "world");
+  EXPECT_EQ(data.settings.text_color, "112233");
+  EXPECT_EQ(data.settings.back_color, "FFEEDD");
+  EXPECT_EQ(data.settings.font_name, "Sans Serif");
   write_options_file("/p\nw\n1\n2\nlast line without an end");
-  ASSERT_TRUE(read_options());
-  EXPECT_EQ(settings.photo_path, "/p");
-  EXPECT_EQ(settings.font_name, "last line without an end");
+  ASSERT_TRUE(read_options(data));
+  EXPECT_EQ(data.settings.photo_path, "/p");
+  EXPECT_EQ(data.settings.font_name, "last line without an end");
 }
 
 TEST_F(Configuration, ALeadingBlankIsDroppedAndACommaEndsTheValue) {
   write_options_file(" /photos, mine\r\nworld \r\n\r\n,x\r\nf\r\n");
-  ASSERT_TRUE(read_options());
-  EXPECT_EQ(settings.photo_path, "/photos");
-  EXPECT_EQ(settings.database_name, "world ");
-  EXPECT_EQ(settings.text_color, "");
-  EXPECT_EQ(settings.back_color, "");
-  EXPECT_EQ(settings.font_name, "f");
+  ASSERT_TRUE(read_options(data));
+  EXPECT_EQ(data.settings.photo_path, "/photos");
+  EXPECT_EQ(data.settings.database_name, "world ");
+  EXPECT_EQ(data.settings.text_color, "");
+  EXPECT_EQ(data.settings.back_color, "");
+  EXPECT_EQ(data.settings.font_name, "f");
 }
 
 TEST_F(Configuration, WithoutAReadableFileTheSettingsStay) {
-  settings.database_name = "kept";
-  EXPECT_FALSE(read_options()) << "missing";
+  data.settings.database_name = "kept";
+  EXPECT_FALSE(read_options(data)) << "missing";
   write_options_file("a\r\nb\r\nc\r\nd\r\n");
-  EXPECT_FALSE(read_options()) << "four lines";
+  EXPECT_FALSE(read_options(data)) << "four lines";
   write_options_file("");
-  EXPECT_FALSE(read_options()) << "empty";
+  EXPECT_FALSE(read_options(data)) << "empty";
   std::filesystem::remove(folder / "options.mc");
   std::filesystem::create_directory(folder / "options.mc");
-  EXPECT_FALSE(read_options()) << "a folder";
-  EXPECT_EQ(error_of([] { require_readable_options(); }).kind(), failure::file) << "there, and not to be read";
-  EXPECT_EQ(settings.database_name, "kept");
+  EXPECT_FALSE(read_options(data)) << "a folder";
+  EXPECT_EQ(error_of([] { require_readable_options(data); }).kind(), failure::file) << "there, and not to be read";
+  EXPECT_EQ(data.settings.database_name, "kept");
 }
 
 TEST_F(Configuration, WhatIsWrittenIsReadBack) {
   const configuration written{"/photos/caf\xE9", "world", "000000", "FFFFFF", "Serif"};
-  settings = written;
-  write_options();
-  settings = configuration();
-  ASSERT_TRUE(read_options());
-  EXPECT_EQ(settings.photo_path, written.photo_path);
-  EXPECT_EQ(settings.database_name, written.database_name);
-  EXPECT_EQ(settings.text_color, written.text_color);
-  EXPECT_EQ(settings.back_color, written.back_color);
-  EXPECT_EQ(settings.font_name, written.font_name);
+  data.settings = written;
+  write_options(data);
+  data.settings = configuration();
+  ASSERT_TRUE(read_options(data));
+  EXPECT_EQ(data.settings.photo_path, written.photo_path);
+  EXPECT_EQ(data.settings.database_name, written.database_name);
+  EXPECT_EQ(data.settings.text_color, written.text_color);
+  EXPECT_EQ(data.settings.back_color, written.back_color);
+  EXPECT_EQ(data.settings.font_name, written.font_name);
   EXPECT_THAT(names_in(folder), ElementsAre("options.mc"));
 }
 
 TEST_F(Configuration, ALoneCarriageReturnEndsNoLine) {
   write_options_file("C:\\photos\r\nsmall\r\n0000\rFF\r\nFFFFFF\r\nArial\r\n");
-  ASSERT_TRUE(read_options());
-  EXPECT_EQ(settings.text_color, "0000\rFF");
-  write_options();
-  settings = configuration();
-  ASSERT_TRUE(read_options());
-  EXPECT_EQ(settings.text_color, "0000\rFF");
-  EXPECT_EQ(settings.back_color, "FFFFFF");
+  ASSERT_TRUE(read_options(data));
+  EXPECT_EQ(data.settings.text_color, "0000\rFF");
+  write_options(data);
+  data.settings = configuration();
+  ASSERT_TRUE(read_options(data));
+  EXPECT_EQ(data.settings.text_color, "0000\rFF");
+  EXPECT_EQ(data.settings.back_color, "FFFFFF");
 }
 
 TEST_F(Configuration, CareersAreInUseWithoutTeamsAndGrounds) {
   write_options_file("photos\r\nsmall\r\n000000\r\nFFFFFF\r\nArial\r\n");
-  EXPECT_EQ(take_first_settings(), first_settings::not_on_offer);
-  EXPECT_EQ(files.base, "");
+  EXPECT_EQ(take_first_settings(data), first_settings::not_on_offer);
+  EXPECT_EQ(data.files.base, "");
   write_bytes(folder / "small.rec", "careers");
-  EXPECT_EQ(take_first_settings(), first_settings::in_use);
-  EXPECT_EQ(files.career_file, folder / "small.rec");
+  EXPECT_EQ(take_first_settings(data), first_settings::in_use);
+  EXPECT_EQ(data.files.career_file, folder / "small.rec");
   for (const std::string& elsewhere :
        {std::string("/etc/small"), std::string("../small"), std::string("deep/small"), std::string(300, 'n')}) {
-    settings.database_name = elsewhere;
-    write_options();
-    EXPECT_EQ(take_first_settings(), first_settings::not_on_offer) << elsewhere;
+    data.settings.database_name = elsewhere;
+    write_options(data);
+    EXPECT_EQ(take_first_settings(data), first_settings::not_on_offer) << elsewhere;
   }
 }
 
 TEST_F(Configuration, AFailedWriteLeavesNothingBehind) {
   std::filesystem::create_directory(folder / "options.mc");
-  const auto error = error_of([] { write_options(); });
+  const auto error = error_of([] { write_options(data); });
   EXPECT_EQ(error.kind(), failure::file);
   EXPECT_EQ(error.place().file, "options.mc");
   EXPECT_THAT(names_in(folder), ElementsAre("options.mc"));

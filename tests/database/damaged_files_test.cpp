@@ -8,6 +8,7 @@
 #include "database/slots.h"
 #include "database/teams_file.h"
 #include "database/world_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -24,8 +25,8 @@ class DamagedFiles : public testing::world_fixture {
     world_fixture::SetUp();
     build({testing::orr}, {testing::park});
     testing::set_up_finished_match();
-    update_career();
-    update_records();
+    update_career(match, data);
+    update_records(match, data);
   }
 
   /// The file with some bytes changed among the first of its slots, and sometimes an end that comes early.
@@ -56,30 +57,30 @@ class DamagedFiles : public testing::world_fixture {
 };
 
 TEST_F(DamagedFiles, AreReadRefusedOrListed) {
-  const std::string team = bytes_of(files.team_file);
-  const std::string ground_file = bytes_of(files.ground_file);
-  const std::string career_file = bytes_of(files.career_file);
-  const std::string record_file = bytes_of(files.record_file);
-  ASSERT_TRUE(check_database(files).empty());
+  const std::string team = bytes_of(data.files.team_file);
+  const std::string ground_file = bytes_of(data.files.ground_file);
+  const std::string career_file = bytes_of(data.files.career_file);
+  const std::string record_file = bytes_of(data.files.record_file);
+  ASSERT_TRUE(check_database(data.files).empty());
   int listed = 0;
   int refusals = 0;
   for (int round = 0; round < rounds; ++round) {
-    write_bytes(files.team_file, damaged(team, team_slot));
-    write_bytes(files.ground_file, damaged(ground_file, team_slot));
-    write_bytes(files.career_file, damaged(career_file, career_slot));
-    write_bytes(files.record_file, damaged(record_file, records_slot));
-    const bool faulty = !check_database(files).empty();
-    bool any = refused([] { read_team_list(); });
-    any |= refused([] { read_grounds(); });
-    any |= refused([] { read_career_table(); });
-    any |= refused([] { read_record_lists(); });
+    write_bytes(data.files.team_file, damaged(team, team_slot));
+    write_bytes(data.files.ground_file, damaged(ground_file, team_slot));
+    write_bytes(data.files.career_file, damaged(career_file, career_slot));
+    write_bytes(data.files.record_file, damaged(record_file, records_slot));
+    const bool faulty = !check_database(data.files).empty();
+    bool any = refused([] { read_team_list(data); });
+    any |= refused([] { read_grounds(data); });
+    any |= refused([] { read_career_table(data); });
+    any |= refused([] { read_record_lists(data); });
     EXPECT_TRUE(faulty || !any) << "round " << round << ": what cannot be read is a fault";
     listed += faulty ? 1 : 0;
     refusals += any ? 1 : 0;
     if (round % 4 != 0) continue;
-    refused([&] { dump_database(files, folder / "dump"); });
-    refused(update_career);
-    refused(update_records);
+    refused([&] { dump_database(data.files, folder / "dump"); });
+    refused([] { update_career(match, data); });
+    refused([] { update_records(match, data); });
   }
   EXPECT_GT(listed, rounds / 2);
   EXPECT_GT(refusals, rounds / 4);

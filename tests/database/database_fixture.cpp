@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/database_fixture.h"
+#include "support/game_in_play.h"
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -16,15 +17,15 @@ void database_fixture::SetUp() {
   std::string name = (std::filesystem::temp_directory_path() / "velorin-database-XXXXXX").string();
   ASSERT_NE(::mkdtemp(name.data()), nullptr);
   folder = name;
-  files = database_paths(folder, "base");
-  settings = configuration();
+  data.files = database_paths(folder, "base");
+  data.settings = configuration();
   match = match_state();
 }
 
 void database_fixture::TearDown() {
   std::filesystem::remove_all(folder);
-  files = database_files();
-  settings = configuration();
+  data.files = database_files();
+  data.settings = configuration();
   match = match_state();
 }
 

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "database/database_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -41,9 +42,9 @@ class Elevens : public testing::database_fixture, public ::testing::WithParamInt
  protected:
   void SetUp() override {
     database_fixture::SetUp();
-    files.elevens_in_memory = GetParam();
-    write_eleven(side::first, eleven());
-    write_eleven(side::second, eleven());
+    data.files.elevens_in_memory = GetParam();
+    write_eleven(data, side::first, eleven());
+    write_eleven(data, side::second, eleven());
   }
 };
 
@@ -51,9 +52,9 @@ INSTANTIATE_TEST_SUITE_P(, Elevens, ::testing::Values(false, true),
                          [](const auto& where) { return where.param ? "InMemory" : "InFiles"; });
 
 TEST_P(Elevens, TravelIntoTheMatch) {
-  write_eleven(side::first, men_called("A"));
-  write_eleven(side::second, men_called("B"));
-  read_elevens();
+  write_eleven(data, side::first, men_called("A"));
+  write_eleven(data, side::second, men_called("B"));
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, "A1");
   EXPECT_EQ(match.batting_xi[7].is_keeper, flag_true);
   EXPECT_EQ(match.batting_xi[11].bat_skill, 31);
@@ -65,35 +66,35 @@ TEST_P(Elevens, TravelIntoTheMatch) {
 }
 
 TEST_P(Elevens, AreExchanged) {
-  write_eleven(side::first, men_called("A"));
-  write_eleven(side::second, men_called("B"));
-  swap_elevens();
-  read_elevens();
+  write_eleven(data, side::first, men_called("A"));
+  write_eleven(data, side::second, men_called("B"));
+  swap_elevens(data);
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, "B1");
   EXPECT_EQ(match.bowling_xi[1].name, "A1");
-  swap_elevens();
-  read_elevens();
+  swap_elevens(data);
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, "A1");
 }
 
 TEST_P(Elevens, ARecordOf125BytesFits) {
   eleven men = men_called("A");
   men[4] = man_of_size(125);
-  write_eleven(side::first, men);
-  read_elevens();
+  write_eleven(data, side::first, men);
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[4].name, men[4].name);
 }
 
 TEST_P(Elevens, ALongerRecordIsRefusedAndTheOldElevenStays) {
-  write_eleven(side::second, men_called("B"));
+  write_eleven(data, side::second, men_called("B"));
   eleven men = men_called("A");
   men[4] = man_of_size(126);
-  const auto error = error_of([&] { write_eleven(side::second, men); });
+  const auto error = error_of([&] { write_eleven(data, side::second, men); });
   EXPECT_EQ(error.kind(), failure::overflow);
   EXPECT_EQ(error.place().file, "team2r.txt");
   EXPECT_EQ(error.place().record, 4);
   EXPECT_EQ(error.place().player, men[4].name);
-  read_elevens();
+  read_elevens(match, data);
   EXPECT_EQ(match.bowling_xi[1].name, "B1");
   EXPECT_EQ(match.bowling_xi[4].name, "B4");
 }
@@ -101,26 +102,26 @@ TEST_P(Elevens, ALongerRecordIsRefusedAndTheOldElevenStays) {
 class ElevenFiles : public testing::database_fixture {};
 
 TEST_F(ElevenFiles, InMemoryTheFolderIsLeftAlone) {
-  files.elevens_in_memory = true;
-  write_eleven(side::first, men_called("A"));
-  write_eleven(side::second, men_called("B"));
-  swap_elevens();
-  read_elevens();
+  data.files.elevens_in_memory = true;
+  write_eleven(data, side::first, men_called("A"));
+  write_eleven(data, side::second, men_called("B"));
+  swap_elevens(data);
+  read_elevens(match, data);
   EXPECT_TRUE(names_in(folder).empty());
 }
 
 TEST_F(ElevenFiles, MissingFilesAreEmptyElevens) {
   match.batting_xi = men_called("old");
   match.bowling_xi = men_called("old");
-  read_elevens();
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, "");
   EXPECT_EQ(match.bowling_xi[11].bat_skill, 0);
 }
 
 TEST_F(ElevenFiles, AShortFileLeavesEmptyRecords) {
-  write_eleven(side::first, men_called("A"));
+  write_eleven(data, side::first, men_called("A"));
   std::filesystem::resize_file(folder / "team1r.txt", 3 * 125);
-  read_elevens();
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[3].name, "A3");
   EXPECT_EQ(match.batting_xi[4].name, "");
 }
@@ -128,7 +129,7 @@ TEST_F(ElevenFiles, AShortFileLeavesEmptyRecords) {
 TEST_F(ElevenFiles, BytesBehindTheLastFieldStay) {
   write_bytes(folder / "team1r.txt", std::string(1400, 'x'));
   eleven men = men_called("A");
-  write_eleven(side::first, men);
+  write_eleven(data, side::first, men);
   const std::string bytes = bytes_of(folder / "team1r.txt");
   const std::size_t used = 30 + 2 + 9 + 7;  // "A1", "RH Opener", "spinner"
   EXPECT_EQ(bytes.substr(used, 125 - used), std::string(125 - used, 'x'));
@@ -137,14 +138,14 @@ TEST_F(ElevenFiles, BytesBehindTheLastFieldStay) {
 }
 
 TEST_F(ElevenFiles, AFileInTheWayOfTheExchangeIsAnError) {
-  write_eleven(side::first, men_called("A"));
-  write_eleven(side::second, men_called("B"));
+  write_eleven(data, side::first, men_called("A"));
+  write_eleven(data, side::second, men_called("B"));
   write_bytes(folder / "dummy.txt", "mine");
-  const auto error = error_of([] { swap_elevens(); });
+  const auto error = error_of([] { swap_elevens(data); });
   EXPECT_EQ(error.kind(), failure::file);
   EXPECT_THAT(error.what(), HasSubstr("File exists (file dummy.txt)"));
   EXPECT_EQ(bytes_of(folder / "dummy.txt"), "mine");
-  read_elevens();
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, "A1");
   EXPECT_EQ(match.bowling_xi[1].name, "B1");
 }
@@ -154,8 +155,8 @@ class KilledExchange : public ElevenFiles, public ::testing::WithParamInterface<
  protected:
   void SetUp() override {
     ElevenFiles::SetUp();
-    write_eleven(side::first, men_called("A"));
-    write_eleven(side::second, men_called("B"));
+    write_eleven(data, side::first, men_called("A"));
+    write_eleven(data, side::second, men_called("B"));
     std::filesystem::rename(folder / "team2r.txt", folder / "dummy.txt");
     if (GetParam() == 2) std::filesystem::rename(folder / "team1r.txt", folder / "team2r.txt");
   }
@@ -165,42 +166,42 @@ INSTANTIATE_TEST_SUITE_P(, KilledExchange, ::testing::Values(1, 2),
                          [](const auto& of) { return of.param == 1 ? "BehindTheFirst" : "BehindTheSecond"; });
 
 TEST_P(KilledExchange, IsSettledByTheNextSelection) {
-  write_eleven(side::first, men_called("C"));
-  read_elevens();
+  write_eleven(data, side::first, men_called("C"));
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, "C1");
   EXPECT_EQ(match.bowling_xi[1].name, GetParam() == 1 ? "B1" : "A1");
   EXPECT_THAT(names_in(folder), ElementsAre("team1r.txt", "team2r.txt"));
-  write_eleven(side::second, men_called("D"));
-  swap_elevens();
-  read_elevens();
+  write_eleven(data, side::second, men_called("D"));
+  swap_elevens(data);
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, "D1");
   EXPECT_EQ(match.bowling_xi[1].name, "C1");
   EXPECT_THAT(names_in(folder), ElementsAre("team1r.txt", "team2r.txt"));
 }
 
 TEST_P(KilledExchange, IsSettledByTheNextExchange) {
-  swap_elevens();
-  read_elevens();
+  swap_elevens(data);
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, GetParam() == 1 ? "B1" : "A1");
   EXPECT_EQ(match.bowling_xi[1].name, GetParam() == 1 ? "A1" : "B1");
   EXPECT_THAT(names_in(folder), ElementsAre("team1r.txt", "team2r.txt"));
 }
 
 TEST_F(ElevenFiles, ASelectionClearsTheWayOfTheExchange) {
-  write_eleven(side::first, men_called("A"));
+  write_eleven(data, side::first, men_called("A"));
   write_bytes(folder / "team2r.txt", {});
   write_bytes(folder / "dummy.txt", "idle");
-  write_eleven(side::second, men_called("B"));
-  swap_elevens();
-  read_elevens();
+  write_eleven(data, side::second, men_called("B"));
+  swap_elevens(data);
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, "B1");
   EXPECT_THAT(names_in(folder), ElementsAre("team1r.txt", "team2r.txt"));
 }
 
 TEST_F(ElevenFiles, AFailedExchangeIsUndone) {
-  write_eleven(side::second, men_called("B"));
+  write_eleven(data, side::second, men_called("B"));
   const std::string second = bytes_of(folder / "team2r.txt");
-  const auto error = error_of([] { swap_elevens(); });
+  const auto error = error_of([] { swap_elevens(data); });
   EXPECT_EQ(error.kind(), failure::file);
   EXPECT_EQ(error.place().file, "team1r.txt");
   EXPECT_THAT(names_in(folder), ElementsAre("team2r.txt"));

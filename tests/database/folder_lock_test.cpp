@@ -54,14 +54,6 @@ class noting_watcher : public turn_watcher {
 
 class FolderLock : public testing::database_fixture {
  protected:
-  void SetUp() override {
-    database_fixture::SetUp();
-    watch_turns(&watcher_);
-  }
-  void TearDown() override {
-    watch_turns(nullptr);
-    database_fixture::TearDown();
-  }
   noting_watcher watcher_;
 };
 
@@ -70,7 +62,7 @@ TEST_F(FolderLock, OneWaitsWhileAnotherHoldsTheFolder) {
   ASSERT_EQ(::pipe(ready), 0);
   const pid_t child = ::fork();
   if (child == 0) {
-    const folder_lock turn(folder / "f");
+    const folder_lock turn(folder / "f", &watcher_);
     if (::write(ready[1], "x", 1) != 1) ::_exit(1);
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     create_if_missing(folder / "done");  // the last act before the end gives the folder free
@@ -79,7 +71,7 @@ TEST_F(FolderLock, OneWaitsWhileAnotherHoldsTheFolder) {
   char signal = 0;
   ASSERT_EQ(::read(ready[0], &signal, 1), 1);
   {
-    const folder_lock turn(folder / "f");
+    const folder_lock turn(folder / "f", &watcher_);
     EXPECT_THAT(names_in(folder), ElementsAre("done"));
   }
   int status = -1;
@@ -92,7 +84,7 @@ TEST_F(FolderLock, OneWaitsWhileAnotherHoldsTheFolder) {
 TEST_F(FolderLock, WaitsNoLongerThanTenSeconds) {
   const other_program stopped(folder);
   const auto start = clock::now();
-  const auto error = error_of([&] { const folder_lock turn(folder / "f"); });
+  const auto error = error_of([&] { const folder_lock turn(folder / "f", &watcher_); });
   const auto waited = clock::now() - start;
   EXPECT_GE(waited, std::chrono::milliseconds(9900));
   EXPECT_LT(waited, std::chrono::seconds(13));
@@ -106,8 +98,8 @@ TEST_F(FolderLock, WaitsNoLongerThanTenSeconds) {
 }
 
 TEST_F(FolderLock, TellsNobodyWhereNoTurnIsWaitedFor) {
-  { const folder_lock turn(folder / "f"); }
-  { const folder_lock turn(folder / "f"); }
+  { const folder_lock turn(folder / "f", &watcher_); }
+  { const folder_lock turn(folder / "f", &watcher_); }
   EXPECT_EQ(watcher_.told, 0);
   EXPECT_EQ(watcher_.over, 0);
 }
@@ -116,7 +108,7 @@ TEST_F(FolderLock, TakesItsTurnAsSoonAsItCan) {
   other_program other(folder);
   watcher_.act = [&] { other.set_free(); };
   const auto start = clock::now();
-  const folder_lock turn(folder / "f");
+  const folder_lock turn(folder / "f", &watcher_);
   EXPECT_LT(clock::now() - start, std::chrono::seconds(3));
   EXPECT_EQ(watcher_.over, 1);
   const descriptor probe(open_file(folder, O_RDONLY | O_DIRECTORY));
@@ -128,12 +120,12 @@ TEST_F(FolderLock, ATurnThatCameTooLateIsGivenBack) {
   other_program other(folder);
   struct enough {};
   watcher_.act = [] { throw enough(); };
-  EXPECT_THROW(const folder_lock turn(folder / "f"), enough);
+  EXPECT_THROW(const folder_lock turn(folder / "f", &watcher_), enough);
   EXPECT_EQ(watcher_.over, 1);
   other.set_free();
   watcher_.act = {};
   const auto start = clock::now();
-  const folder_lock turn(folder / "f");
+  const folder_lock turn(folder / "f", &watcher_);
   EXPECT_LT(clock::now() - start, std::chrono::seconds(3));
 }
 

@@ -10,6 +10,7 @@
 #include "database/lasting_records.h"
 #include "database/layout.h"
 #include "database/world.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -89,9 +90,9 @@ class FormatPages : public testing::database_fixture {
 };
 
 TEST_F(FormatPages, TeamsAndGrounds) {
-  write_bytes(files.team_file, file_on("team.md"));
-  write_bytes(files.ground_file, file_on("grd.md"));
-  dump_database(files, folder / "dump");
+  write_bytes(data.files.team_file, file_on("team.md"));
+  write_bytes(data.files.ground_file, file_on("grd.md"));
+  dump_database(data.files, folder / "dump");
   EXPECT_EQ(bytes_of(folder / "dump" / "players.csv"), table_on("team.md"));
   EXPECT_EQ(bytes_of(folder / "dump" / "grounds.csv"), table_on("grd.md"));
 }
@@ -126,9 +127,9 @@ TEST_F(FormatPages, Careers) {
   man.high_not_out = flag_true;
   man.high_against = "Tamar";
   man.best_against = "Corran";
-  write_career_table(table);
-  EXPECT_EQ(compare_records("rec.md", files.career_file, career_slot), 2);
-  EXPECT_EQ(bytes_of(files.career_file).size(), 11000U);
+  write_career_table(data, table);
+  EXPECT_EQ(compare_records("rec.md", data.files.career_file, career_slot), 2);
+  EXPECT_EQ(bytes_of(data.files.career_file).size(), 11000U);
 }
 
 void fill_lists(record_lists& lists) {
@@ -165,9 +166,9 @@ TEST_F(FormatPages, Records) {
   fill_lists(lists);
   lists.table_team_count = 1;
   lists.teams[1] = alba_row();
-  write_record_lists(lists);
-  EXPECT_EQ(compare_records("ptr.md", files.record_file, records_slot), 7 + 19);
-  EXPECT_EQ(bytes_of(files.record_file).size(), 90 * records_slot);
+  write_record_lists(data, lists);
+  EXPECT_EQ(compare_records("ptr.md", data.files.record_file, records_slot), 7 + 19);
+  EXPECT_EQ(bytes_of(data.files.record_file).size(), 90 * records_slot);
 }
 
 TEST_F(FormatPages, Elevens) {
@@ -178,14 +179,14 @@ TEST_F(FormatPages, Elevens) {
   men[1].econ = 4.7F;
   men[1].bat_type = "RH Opener";
   men[1].bowler_type = "Medium Pacer";
-  write_eleven(side::first, men);
+  write_eleven(data, side::first, men);
   EXPECT_EQ(compare_records("elevens.md", folder / "team1r.txt", eleven_slot), 1);
   EXPECT_EQ(bytes_of(folder / "team1r.txt").size(), 1375U);
 }
 
 TEST_F(FormatPages, Options) {
-  settings = {"/srv/photos", "world", "101010", "F4ECD8", "Sans Serif"};
-  write_options();
+  data.settings = {"/srv/photos", "world", "101010", "F4ECD8", "Sans Serif"};
+  write_options(data);
   EXPECT_EQ(bytes_of(folder / "options.mc"), example_bytes(blocks_of("options.md").at("hex file")));
 }
 

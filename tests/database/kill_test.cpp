@@ -15,6 +15,7 @@
 #include "database/database_fixture.h"
 #include "database/lasting_records.h"
 #include "database/world.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -37,10 +38,10 @@ class undisturbed_files {
 
   /// True if the content is that of the file after 0, 1, 2 ... matches; looks from the last hit on.
   bool has_career_file(const std::string& content) {
-    return find(content, files_.career_file, career_file_, update_career);
+    return find(content, files_.career_file, career_file_, [] { update_career(match, data); });
   }
   bool has_record_file(const std::string& content) {
-    return find(content, files_.record_file, record_file_, update_records);
+    return find(content, files_.record_file, record_file_, [] { update_records(match, data); });
   }
 
  private:
@@ -48,14 +49,14 @@ class undisturbed_files {
 
   template <typename Update>
   bool find(const std::string& content, const std::filesystem::path& file, std::string& last, Update update) {
-    const database_files in_use = files;
-    files = files_;
+    const database_files in_use = data.files;
+    data.files = files_;
     int tries = 0;
     while (last != content && ++tries < most_ahead) {
       update();
       last = bytes_of(file);
     }
-    files = in_use;
+    data.files = in_use;
     return last == content;
   }
 
@@ -69,11 +70,11 @@ class Kill : public testing::database_fixture {
   /// Microseconds, at least 1.
   long time_of_an_update() const {
     constexpr int updates = 20;
-    const database_files in_use = std::exchange(files, database_paths(folder, "timed"));
+    const database_files in_use = std::exchange(data.files, database_paths(folder, "timed"));
     const auto start = std::chrono::steady_clock::now();
-    for (int made = 0; made < updates; ++made) update_career_and_records();
+    for (int made = 0; made < updates; ++made) update_career_and_records(match, data);
     const auto taken = std::chrono::steady_clock::now() - start;
-    files = in_use;
+    data.files = in_use;
     return std::chrono::duration_cast<std::chrono::microseconds>(taken).count() / updates + 1;
   }
 };
@@ -81,7 +82,7 @@ class Kill : public testing::database_fixture {
 /// The child of a round: it plays the same match until it is killed.
 [[noreturn]] void play_on() {
   try {
-    for (;;) update_career_and_records();
+    for (;;) update_career_and_records(match, data);
   } catch (const run_time_error&) {
     ::_exit(1);
   }
@@ -91,7 +92,7 @@ TEST_F(Kill, LeavesTheOldFileOrTheNewOne) {
   testing::set_up_finished_match();
   std::filesystem::create_directory(folder / "game");
   std::filesystem::create_directory(folder / "undisturbed");
-  files = database_paths(folder / "game", "base");
+  data.files = database_paths(folder / "game", "base");
   undisturbed_files expected(folder / "undisturbed");
   std::mt19937 random(20240229);
   const long microseconds = longest_life * time_of_an_update();
@@ -112,21 +113,23 @@ TEST_F(Kill, LeavesTheOldFileOrTheNewOne) {
     for (const auto& entry : std::filesystem::directory_iterator(folder / "game")) {
       if (entry.path().extension() == ".new" || entry.path().extension() == ".next") ++left_behind;
     }
-    const std::string career_file = std::filesystem::exists(files.career_file) ? bytes_of(files.career_file) : "";
-    const std::string record_file = std::filesystem::exists(files.record_file) ? bytes_of(files.record_file) : "";
+    const std::string career_file =
+        std::filesystem::exists(data.files.career_file) ? bytes_of(data.files.career_file) : "";
+    const std::string record_file =
+        std::filesystem::exists(data.files.record_file) ? bytes_of(data.files.record_file) : "";
     ASSERT_TRUE(expected.has_career_file(career_file))
         << "round " << round << ", a career file of " << career_file.size() << " bytes";
     ASSERT_TRUE(expected.has_record_file(record_file))
         << "round " << round << ", a record file of " << record_file.size() << " bytes";
     updated += std::exchange(last, career_file) == career_file ? 0 : 1;
-    ASSERT_TRUE(databases_on_offer(files.folder).empty()) << "what is left is no database";
+    ASSERT_TRUE(databases_on_offer(data.files.folder).empty()) << "what is left is no database";
   }
   RecordProperty("kills", rounds);
   RecordProperty("kills within a replacement", left_behind);
   EXPECT_GT(left_behind, rounds / 20);
   EXPECT_GT(updated, rounds / 20);
-  update_career_and_records();
-  EXPECT_THAT(testing::names_in(files.folder), ::testing::ElementsAre("base.ptr", "base.rec"));
+  update_career_and_records(match, data);
+  EXPECT_THAT(testing::names_in(data.files.folder), ::testing::ElementsAre("base.ptr", "base.rec"));
 }
 
 }  // namespace

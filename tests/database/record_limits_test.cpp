@@ -9,6 +9,7 @@
 #include "database/lasting_records.h"
 #include "database/limits_fixture.h"
 #include "database/slots.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -106,15 +107,15 @@ TEST_F(RecordLimits, EverySlotOfTheRecordListsUpToItsLastByte) {
       list.score();
     };
     const std::size_t room = records_slot - list.fixed;
-    write_record_lists(lists);
+    write_record_lists(data, lists);
     play(room + 1);
-    EXPECT_EQ(refusal(update_records),
+    EXPECT_EQ(refusal([] { update_records(match, data); }),
               fmt::format("Overflow: a record of 2501 bytes in a slot of 2500 (file base.ptr, record {}, at \"{}\")",
                           list.record, list.at))
         << list.what;
     play(room);
-    update_records();
-    const std::string slot = bytes_of(files.record_file).substr((list.record - 1) * records_slot, records_slot);
+    update_records(match, data);
+    const std::string slot = bytes_of(data.files.record_file).substr((list.record - 1) * records_slot, records_slot);
     EXPECT_NE(slot.find(match.ground.ground_name), std::string::npos) << list.what;
   }
 }
@@ -122,14 +123,14 @@ TEST_F(RecordLimits, EverySlotOfTheRecordListsUpToItsLastByte) {
 TEST_F(RecordLimits, AFieldOfTheTeamTableUpToItsLastByte) {
   record_lists lists = unbeatable();
   lists.teams[1].high_for = {98.0};
-  write_record_lists(lists);
+  write_record_lists(data, lists);
   set_up_bare_match(2497);
-  EXPECT_EQ(refusal(update_records),
+  EXPECT_EQ(refusal([] { update_records(match, data); }),
             "Overflow: a record of 2501 bytes in a slot of 2500 (file base.ptr, record 80, field high_for_venue, "
             "at \"Tamar\")");
   set_up_bare_match(2496);
-  update_records();
-  EXPECT_EQ(read_record_lists().teams[1].high_for_venue.text().size(), 2496U);
+  update_records(match, data);
+  EXPECT_EQ(read_record_lists(data).teams[1].high_for_venue.text().size(), 2496U);
 }
 
 TEST_F(RecordLimits, ATwentySixthTeamInTheTable) {
@@ -139,29 +140,29 @@ TEST_F(RecordLimits, ATwentySixthTeamInTheTable) {
     lists.teams[t].team_name = {fmt::format("Team {}", t)};
   }
   lists.table_team_count = 24;
-  write_record_lists(lists);
+  write_record_lists(data, lists);
   set_up_bare_match(5);
   match.team1_name = "Corran";
   match.team2_name = "Dessa";
-  EXPECT_EQ(refusal(update_records, failure::subscript),
+  EXPECT_EQ(refusal([] { update_records(match, data); }, failure::subscript),
             "Subscript out of range: more than 25 teams in the team table (file base.ptr, record 565, field team_name, "
             "at \"Dessa\")");
   match.team2_name = "Alba";
-  update_records();
-  EXPECT_EQ(read_record_lists().table_team_count, 25);
-  EXPECT_EQ(read_record_lists().teams[25].team_name.text(), "Corran");
-  EXPECT_EQ(bytes_of(files.record_file).size(), 546 * records_slot);
+  update_records(match, data);
+  EXPECT_EQ(read_record_lists(data).table_team_count, 25);
+  EXPECT_EQ(read_record_lists(data).teams[25].team_name.text(), "Corran");
+  EXPECT_EQ(bytes_of(data.files.record_file).size(), 546 * records_slot);
 }
 
 TEST_F(RecordLimits, ATotalOfTheSecondInnings) {
-  update_records();
+  update_records(match, data);
   match.score_runs = 32768;
-  EXPECT_EQ(refusal(update_records),
+  EXPECT_EQ(refusal([] { update_records(match, data); }),
             "Overflow: 32768 does not fit a 16-bit figure (file base.ptr, record 31, field total, at \"Tamar\")");
   match.score_runs = 32767;
   match.first_total = 32767;
-  update_records();
-  const record_lists lists = read_record_lists();
+  update_records(match, data);
+  const record_lists lists = read_record_lists(data);
   EXPECT_EQ(lists.highest_totals[1].total, 32767);
   EXPECT_EQ(lists.highest_totals[2].total, 32767);
   EXPECT_EQ(lists.teams[1].high_for, tagged{std::string("32767")});
@@ -169,13 +170,13 @@ TEST_F(RecordLimits, ATotalOfTheSecondInnings) {
 }
 
 TEST_F(RecordLimits, ACounterPassesTheWidthOfAnInteger) {
-  update_records();
-  record_lists lists = read_record_lists();
+  update_records(match, data);
+  record_lists lists = read_record_lists(data);
   lists.teams[2].home_won = {integer(32767)};
   lists.teams[1].away_lost = {std::int32_t{2147483647}};
-  write_record_lists(lists);
-  update_records();
-  lists = read_record_lists();
+  write_record_lists(data, lists);
+  update_records(match, data);
+  lists = read_record_lists(data);
   EXPECT_EQ(lists.teams[2].home_won, tagged{32768.0});
   EXPECT_EQ(lists.teams[1].away_lost, tagged{2147483648.0});
 }

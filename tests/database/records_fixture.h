@@ -4,6 +4,7 @@
 #include "database/career_update.h"
 #include "database/database_fixture.h"
 #include "database/lasting_records.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -16,8 +17,8 @@ class records_fixture : public database_fixture {
   }
 
   static record_lists updated() {
-    update_records();
-    return read_record_lists();
+    update_records(match, data);
+    return read_record_lists(data);
   }
 
   /// A match in which nobody does anything and nobody wins.

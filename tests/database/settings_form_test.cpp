@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "database/database_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -21,11 +22,11 @@ class SettingsForm : public testing::database_fixture {
     }
   }
 
-  settings_form form;
+  settings_form form{data};
 };
 
 TEST_F(SettingsForm, OpensOnTheSettings) {
-  settings = {folder.string(), "beta", "FF0000", "0000FF", "Serif"};
+  data.settings = {folder.string(), "beta", "FF0000", "0000FF", "Serif"};
   form.open();
   EXPECT_THAT(form.databases, ElementsAre("alpha", "beta"));
   EXPECT_EQ(form.database, "beta");
@@ -47,7 +48,7 @@ TEST_F(SettingsForm, OpensWithoutSettings) {
 }
 
 TEST_F(SettingsForm, PassesOverSettingsThatCannotBeShown) {
-  settings = {(folder / "gone").string(), "gone", "no colour", "00FF00", ""};
+  data.settings = {(folder / "gone").string(), "gone", "no colour", "00FF00", ""};
   form.open();
   EXPECT_EQ(form.database, "");
   EXPECT_EQ(form.sample_text_color, 0);
@@ -56,33 +57,33 @@ TEST_F(SettingsForm, PassesOverSettingsThatCannotBeShown) {
 }
 
 TEST_F(SettingsForm, ASlashBehindTheFolderChangesNothing) {
-  files = database_paths(folder / "", "base");
+  data.files = database_paths(folder / "", "base");
   form.open();
   EXPECT_THAT(form.databases, ElementsAre("alpha", "beta"));
   EXPECT_EQ(form.photo_folder, folder.parent_path().string());
-  files = database_paths(folder / ".", "base");
+  data.files = database_paths(folder / ".", "base");
   form.open();
   EXPECT_EQ(form.photo_folder, folder.parent_path().string());
 }
 
 TEST_F(SettingsForm, AFolderWithoutAPlaceInTheCodePageLeavesNone) {
-  const std::filesystem::path data = folder / "\xE5\xB1\xB1" / "teams";
-  std::filesystem::create_directories(data);
-  write_bytes(data / "delta.team", "");
-  write_bytes(data / "delta.grd", "");
-  files = database_paths(data, "base");
+  const std::filesystem::path teams = folder / "\xE5\xB1\xB1" / "teams";
+  std::filesystem::create_directories(teams);
+  write_bytes(teams / "delta.team", "");
+  write_bytes(teams / "delta.grd", "");
+  data.files = database_paths(teams, "base");
   form.open();
   EXPECT_THAT(form.databases, ElementsAre("delta"));
   EXPECT_EQ(form.photo_folder, "");
   form.database = "delta";
   EXPECT_FALSE(form.accept().has_value());
-  EXPECT_EQ(bytes_of(data / "options.mc"), "\r\ndelta\r\n000000\r\nFFFFFF\r\nSans Serif\r\n");
+  EXPECT_EQ(bytes_of(teams / "options.mc"), "\r\ndelta\r\n000000\r\nFFFFFF\r\nSans Serif\r\n");
 }
 
 TEST_F(SettingsForm, AFolderInTheCodePageIsShownInIt) {
-  const std::filesystem::path data = folder / "caf\xC3\xA9" / "teams";
-  std::filesystem::create_directories(data);
-  files = database_paths(data, "base");
+  const std::filesystem::path teams = folder / "caf\xC3\xA9" / "teams";
+  std::filesystem::create_directories(teams);
+  data.files = database_paths(teams, "base");
   form.open();
   EXPECT_EQ(form.photo_folder, folder.string() + "/caf\xE9");
   EXPECT_EQ(form.current_drive, "/");
@@ -96,7 +97,7 @@ TEST_F(SettingsForm, OkWithoutADatabaseShowsAMessageAndStays) {
   EXPECT_EQ(message->text, "Please select a database before continuing");
   EXPECT_FALSE(form.closed);
   EXPECT_FALSE(std::filesystem::exists(folder / "options.mc"));
-  EXPECT_EQ(files.base, "base");
+  EXPECT_EQ(data.files.base, "base");
 }
 
 TEST_F(SettingsForm, OkSetsThePathsWritesTheFileAndCloses) {
@@ -110,8 +111,8 @@ TEST_F(SettingsForm, OkSetsThePathsWritesTheFileAndCloses) {
   EXPECT_EQ(form.sample_back_color, 657930);
   EXPECT_FALSE(form.accept().has_value());
   EXPECT_TRUE(form.closed);
-  EXPECT_EQ(files.team_file, folder / "alpha.team");
-  EXPECT_EQ(settings.database_name, "alpha");
+  EXPECT_EQ(data.files.team_file, folder / "alpha.team");
+  EXPECT_EQ(data.settings.database_name, "alpha");
   EXPECT_EQ(bytes_of(folder / "options.mc"), "/photos\r\nalpha\r\nFF0000\r\n0A0A0A\r\nSome Sans\r\n");
 }
 
@@ -124,7 +125,7 @@ TEST_F(SettingsForm, ACancelledColourDialogKeepsItsColour) {
 }
 
 TEST_F(SettingsForm, AnInvalidDriveIsIgnored) {
-  settings.photo_path = folder.string();
+  data.settings.photo_path = folder.string();
   form.open();
   form.change_drive((folder / "gone").string());
   EXPECT_EQ(form.current_drive, "/");
@@ -144,8 +145,8 @@ TEST_F(SettingsForm, SettingsThatCannotBeWrittenHoldForThisRun) {
   EXPECT_EQ(message->text,
             "The settings hold until the program ends. The file cannot be written: Is a directory (file options.mc)");
   EXPECT_TRUE(form.closed);
-  EXPECT_EQ(files.team_file, folder / "alpha.team");
-  EXPECT_EQ(settings.text_color, "FF0000");
+  EXPECT_EQ(data.files.team_file, folder / "alpha.team");
+  EXPECT_EQ(data.settings.text_color, "FF0000");
 }
 
 TEST_F(SettingsForm, NamesThatCannotBeKeptHaveANote) {
@@ -161,11 +162,11 @@ TEST_F(SettingsForm, NamesThatCannotBeKeptHaveANote) {
     form.database = name;
     EXPECT_NE(form.database_note(), "") << name;
     EXPECT_FALSE(form.accept().has_value());
-    EXPECT_EQ(files.team_file, folder / (std::string(name) + ".team")) << "it is in use all the same";
-    settings = configuration();
-    EXPECT_EQ(take_first_settings(), first_settings::not_on_offer);
-    EXPECT_EQ(settings.text_color, "000000") << "the lines below are not shifted";
-    EXPECT_EQ(files.base, "");
+    EXPECT_EQ(data.files.team_file, folder / (std::string(name) + ".team")) << "it is in use all the same";
+    data.settings = configuration();
+    EXPECT_EQ(take_first_settings(data), first_settings::not_on_offer);
+    EXPECT_EQ(data.settings.text_color, "000000") << "the lines below are not shifted";
+    EXPECT_EQ(data.files.base, "");
   }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/records_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -7,7 +8,7 @@ namespace {
 class TeamTable : public testing::records_fixture {
  protected:
   static team_table row_of(const std::string& team) {
-    const record_lists lists = read_record_lists();
+    const record_lists lists = read_record_lists(data);
     for (int t = 1; t <= lists.table_team_count; ++t) {
       if (lists.teams[t].team_name.text() == team) return lists.teams[t];
     }
@@ -18,12 +19,12 @@ class TeamTable : public testing::records_fixture {
   static void finish(const std::string& winner, const std::string& loser) {
     match.result_winner = winner;
     match.result_loser = loser;
-    update_records();
+    update_records(match, data);
   }
 };
 
 TEST_F(TeamTable, ANewTeamHasEmptyCounters) {
-  update_records();
+  update_records(match, data);
   const team_table alba = row_of("Alba");
   EXPECT_EQ(alba.home_won, tagged{1.0});
   EXPECT_TRUE(alba.home_lost.is_empty());
@@ -33,11 +34,11 @@ TEST_F(TeamTable, ANewTeamHasEmptyCounters) {
   const team_table tamar = row_of("Tamar");
   EXPECT_EQ(tamar.away_lost, tagged{1.0});
   EXPECT_TRUE(tamar.home_lost.is_empty());
-  EXPECT_EQ(read_record_lists().teams[1].team_name.text(), "Tamar") << "the side that batted second comes first";
+  EXPECT_EQ(read_record_lists(data).teams[1].team_name.text(), "Tamar") << "the side that batted second comes first";
 }
 
 TEST_F(TeamTable, TotalsHaveTheTypesOfTheirSources) {
-  update_records();
+  update_records(match, data);
   const team_table alba = row_of("Alba");
   EXPECT_EQ(alba.high_for, tagged{integer(231)});
   EXPECT_EQ(alba.high_for_against, tagged{std::string("Tamar")});
@@ -57,25 +58,25 @@ TEST_F(TeamTable, TotalsHaveTheTypesOfTheirSources) {
 }
 
 TEST_F(TeamTable, EqualTotalsChangeNothing) {
-  update_records();
+  update_records(match, data);
   match.ground.ground_name = "Elsewhere";
-  update_records();
+  update_records(match, data);
   EXPECT_EQ(row_of("Alba").high_for_venue.text(), "Harbour Park");
   EXPECT_EQ(row_of("Alba").low_against_venue.text(), "Harbour Park");
   EXPECT_EQ(row_of("Tamar").low_for_venue.text(), "Harbour Park");
 }
 
 TEST_F(TeamTable, TotalsAreComparedAsNumbers) {
-  update_records();
+  update_records(match, data);
   match.score_runs = 99;
-  update_records();
+  update_records(match, data);
   EXPECT_EQ(row_of("Tamar").high_for.text(), "174") << "\"99\" is the greater text";
   EXPECT_EQ(row_of("Tamar").low_for.text(), "99");
 }
 
 TEST_F(TeamTable, AFirstInningsAllOutIsALowestTotal) {
   match.first_wickets = 10;
-  update_records();
+  update_records(match, data);
   EXPECT_EQ(row_of("Alba").low_for, tagged{integer(231)});
   EXPECT_EQ(row_of("Tamar").low_against, tagged{integer(231)});
   EXPECT_EQ(row_of("Tamar").low_against_by, tagged{std::string("Alba")});
@@ -104,19 +105,19 @@ TEST_F(TeamTable, ATieCountsForBoth) {
 
 TEST_F(TeamTable, ANeutralGroundIsAwayForBoth) {
   match.ground.country = "Neutral";
-  update_records();
+  update_records(match, data);
   EXPECT_EQ(row_of("Alba").away_won, tagged{1.0});
   EXPECT_EQ(row_of("Tamar").away_lost, tagged{1.0});
 }
 
 TEST_F(TeamTable, AValueKeepsItsTagUntilAMatchSetsIt) {
-  update_records();
-  record_lists lists = read_record_lists();
+  update_records(match, data);
+  record_lists lists = read_record_lists(data);
   lists.teams[1].away_won = {integer(4)};
   lists.teams[1].away_lost = {std::string("6")};
   lists.teams[1].high_against = {std::int32_t{500}};
-  write_record_lists(lists);
-  update_records();
+  write_record_lists(data, lists);
+  update_records(match, data);
   const team_table tamar = row_of("Tamar");
   EXPECT_EQ(tamar.away_won, tagged{integer(4)});
   EXPECT_EQ(tamar.away_lost, tagged{7.0});

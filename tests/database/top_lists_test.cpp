@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include "database/records_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -108,7 +109,7 @@ TEST_F(TopLists, TheHighestTotals) {
 }
 
 TEST_F(TopLists, OfEqualTotalsTheFewerWicketsRankHigherOnBothLists) {
-  update_records();
+  update_records(match, data);
   match.first_total = 174;
   match.first_wickets = 4;
   match.score_runs = 174;
@@ -168,7 +169,7 @@ TEST_F(TopLists, TheBestStandOfEachWicket) {
 }
 
 TEST_F(TopLists, AnEqualStandOfMoreBallsReplacesTheRecord) {
-  update_records();
+  update_records(match, data);
   set_up_quiet_match();
   match.fall_of_wicket[1] = {.score = 150,
                              .overs_text = {},
@@ -194,9 +195,9 @@ TEST_F(TopLists, TheSecondInningsComesFirstAmongTheStands) {
 }
 
 TEST_F(TopLists, TheReservedBytesOfAStandStay) {
-  record_lists lists = read_record_lists();
+  record_lists lists = read_record_lists(data);
   lists.partnerships[1].partnership_reserved = {1, 2, 3, 4};
-  write_record_lists(lists);
+  write_record_lists(data, lists);
   lists = updated();
   EXPECT_EQ(lists.partnerships[1].batsman_a, "A.Man1");
   EXPECT_EQ(lists.partnerships[1].partnership_reserved[3], 4);

@@ -16,6 +16,7 @@
 #include "database/elevens.h"
 #include "database/lasting_records.h"
 #include "support/failing_disk.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -27,6 +28,11 @@ using ::testing::HasSubstr;
 using testing::names_in;
 using testing::small_disk;
 using testing::write_bytes;
+
+using saver = void (*)();
+constexpr saver add_to_careers = [] { update_career(match, data); };
+constexpr saver add_to_records = [] { update_records(match, data); };
+constexpr saver save_options = [] { write_options(data); };
 
 class WholeFile : public testing::database_fixture {
  protected:
@@ -281,12 +287,12 @@ TEST_F(WholeFile, AFullDiskLeavesTheOldFile) {
 
 TEST_F(WholeFile, AFullDiskLeavesTheOldDatabase) {
   testing::set_up_finished_match();
-  update_career();
-  update_records();
-  const std::string career_file = bytes_of(files.career_file);
-  const std::string record_file = bytes_of(files.record_file);
+  update_career(match, data);
+  update_records(match, data);
+  const std::string career_file = bytes_of(data.files.career_file);
+  const std::string record_file = bytes_of(data.files.record_file);
   match.result_winner = "Tamar";
-  for (const auto update : {update_career, update_records}) {
+  for (const auto update : {add_to_careers, add_to_records}) {
     const auto error = error_of([&] {
       const small_disk disk(10'000);
       update();
@@ -294,33 +300,33 @@ TEST_F(WholeFile, AFullDiskLeavesTheOldDatabase) {
     EXPECT_EQ(error.kind(), failure::file);
     EXPECT_THAT(error.what(), HasSubstr("File too large"));
   }
-  EXPECT_EQ(bytes_of(files.career_file), career_file);
-  EXPECT_EQ(bytes_of(files.record_file), record_file);
+  EXPECT_EQ(bytes_of(data.files.career_file), career_file);
+  EXPECT_EQ(bytes_of(data.files.record_file), record_file);
   EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
-  update_career();
-  EXPECT_EQ(read_career_table().teams[1].players[1].matches, 2) << "and play goes on";
+  update_career(match, data);
+  EXPECT_EQ(read_career_table(data).teams[1].players[1].matches, 2) << "and play goes on";
 }
 
 TEST_F(WholeFile, AFullDiskLeavesTheOldElevenAndTheOldSettings) {
   eleven men;
   men[1].name = "A.Man1";
-  write_eleven(side::first, men);
-  settings.database_name = "base";
-  write_options();
+  write_eleven(data, side::first, men);
+  data.settings.database_name = "base";
+  write_options(data);
   const std::string options = bytes_of(folder / "options.mc");
   men[1].name = "A.Man2";
-  settings.database_name = "other";
+  data.settings.database_name = "other";
   EXPECT_EQ(error_of([&] {
               const small_disk disk(100);
-              write_eleven(side::first, men);
+              write_eleven(data, side::first, men);
             }).kind(),
             failure::file);
   EXPECT_EQ(error_of([&] {
               const small_disk disk(5);
-              write_options();
+              write_options(data);
             }).kind(),
             failure::file);
-  read_elevens();
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, "A.Man1");
   EXPECT_EQ(bytes_of(folder / "options.mc"), options);
   EXPECT_THAT(names_in(folder), ElementsAre("options.mc", "team1r.txt"));
@@ -328,38 +334,38 @@ TEST_F(WholeFile, AFullDiskLeavesTheOldElevenAndTheOldSettings) {
 
 TEST_F(WholeFile, AFolderThatIsNoneIsAnError) {
   write_bytes(folder / "file", "x");
-  files = database_paths(folder / "file", "base");
+  data.files = database_paths(folder / "file", "base");
   testing::set_up_finished_match();
-  for (const auto update : {update_career, update_records, write_options}) {
+  for (const auto update : {add_to_careers, add_to_records, save_options}) {
     const auto error = error_of(update);
     EXPECT_EQ(error.kind(), failure::file);
     EXPECT_THAT(error.what(), HasSubstr("Not a directory"));
   }
-  EXPECT_EQ(error_of([] { write_eleven(side::first, eleven()); }).kind(), failure::file);
-  EXPECT_EQ(error_of([] { swap_elevens(); }).kind(), failure::file);
+  EXPECT_EQ(error_of([] { write_eleven(data, side::first, eleven()); }).kind(), failure::file);
+  EXPECT_EQ(error_of([] { swap_elevens(data); }).kind(), failure::file);
 }
 
 // No account, not even that of the system's owner, makes files there.
 TEST_F(WholeFile, AFolderThatTakesNoFilesIsAnError) {
-  files = database_paths("/proc/self", "base");
+  data.files = database_paths("/proc/self", "base");
   testing::set_up_finished_match();
-  for (const auto update : {update_career, update_records, write_options}) {
+  for (const auto update : {add_to_careers, add_to_records, save_options}) {
     const auto error = error_of(update);
     EXPECT_EQ(error.kind(), failure::file);
     EXPECT_THAT(error.what(), HasSubstr("The file cannot be written: "));
   }
-  EXPECT_EQ(error_of([] { read_career_table(); }).kind(), failure::file) << "it cannot be made";
+  EXPECT_EQ(error_of([] { read_career_table(data); }).kind(), failure::file) << "it cannot be made";
 }
 
 TEST_F(WholeFile, ABlockedNameLeavesTheOldDatabase) {
   testing::set_up_finished_match();
-  update_career();
-  const std::string career_file = bytes_of(files.career_file);
+  update_career(match, data);
+  const std::string career_file = bytes_of(data.files.career_file);
   std::filesystem::create_directory(folder / "base.rec.new");
-  const auto error = error_of([] { update_career(); });
+  const auto error = error_of([] { update_career(match, data); });
   EXPECT_EQ(error.kind(), failure::file);
   EXPECT_THAT(error.what(), HasSubstr("The file cannot be written: File exists (file base.rec.new)"));
-  EXPECT_EQ(bytes_of(files.career_file), career_file);
+  EXPECT_EQ(bytes_of(data.files.career_file), career_file);
 }
 
 // The renaming of an update of both files was cut off behind the first.
@@ -367,21 +373,21 @@ TEST_F(WholeFile, AnUpdateOfOneFileBeginsWithTheEndOfOneOfBoth) {
   testing::set_up_finished_match();
   std::vector<std::string> records;
   for (int matches = 1; matches <= 3; ++matches) {
-    update_career_and_records();
-    records.push_back(bytes_of(files.record_file));
+    update_career_and_records(match, data);
+    records.push_back(bytes_of(data.files.record_file));
   }
   const auto cut_off = [&] {
-    write_bytes(files.record_file, records[0]);
+    write_bytes(data.files.record_file, records[0]);
     write_bytes(folder / "base.ptr.next", records[1]);
-    age_as(folder / "base.ptr.next", files.career_file);
+    age_as(folder / "base.ptr.next", data.files.career_file);
   };
   cut_off();
-  update_career();
-  EXPECT_EQ(bytes_of(files.record_file), records[1]);
+  update_career(match, data);
+  EXPECT_EQ(bytes_of(data.files.record_file), records[1]);
   EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
   cut_off();
-  update_records();
-  EXPECT_EQ(bytes_of(files.record_file), records[2]);
+  update_records(match, data);
+  EXPECT_EQ(bytes_of(data.files.record_file), records[2]);
   EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
 }
 
@@ -406,8 +412,8 @@ TEST_F(WholeFile, TwoProgramsAtOnceLoseNothing) {
     int status = 0;
     try {
       for (int i = 0; i < updates; ++i) {
-        update_career();
-        update_records();
+        update_career(match, data);
+        update_records(match, data);
       }
     } catch (const run_time_error&) {
       status = 1;
@@ -419,10 +425,10 @@ TEST_F(WholeFile, TwoProgramsAtOnceLoseNothing) {
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     EXPECT_EQ(status, 0);
   }
-  const career_table careers = read_career_table();
+  const career_table careers = read_career_table(data);
   EXPECT_EQ(careers.teams[1].players[1].matches, 2 * updates);
   EXPECT_EQ(careers.teams[2].players[9].wickets, 5 * 2 * updates);
-  const record_lists lists = read_record_lists();
+  const record_lists lists = read_record_lists(data);
   EXPECT_EQ(lists.teams[2].home_won, tagged{2.0 * updates});
   EXPECT_THAT(names_in(folder), ElementsAre("base.ptr", "base.rec"));
 }

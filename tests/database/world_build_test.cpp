@@ -11,6 +11,7 @@
 #include "database/teams_file.h"
 #include "database/whole_file.h"
 #include "database/world_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -34,7 +35,7 @@ class WorldBuild : public testing::world_fixture {};
 TEST_F(WorldBuild, TeamsStandInTheOrderOfTheirFirstRow) {
   build({"Tamar,T.One,1,0.5,0.1,no,RH ,Opener,Fast Bowler", halden, "Tamar,T.Two,1000,99,9,yes,RHB,Opener,x", orr},
         {park, "Neutral,Old Field,1,4,2359", "Tamar,Ford,4,1,1000"});
-  const auto& teams = read_team_list();
+  const auto& teams = read_team_list(data);
   ASSERT_EQ(teams.size(), 2U);
   EXPECT_EQ(teams[0].team_name, "Tamar");
   EXPECT_EQ(teams[0].squad[2].name, "T.Two");
@@ -44,7 +45,7 @@ TEST_F(WorldBuild, TeamsStandInTheOrderOfTheirFirstRow) {
   EXPECT_EQ(teams[1].squad[1].bat_type, "RH Opener");
   EXPECT_EQ(teams[1].squad[1].role(), "Opener");
   EXPECT_EQ(teams[1].squad[1].econ, 4.7F);
-  const auto& grounds = read_grounds();
+  const auto& grounds = read_grounds(data);
   ASSERT_EQ(grounds.size(), 3U);
   EXPECT_EQ(grounds[1].country, "Neutral");
   EXPECT_EQ(grounds[1].pitch_bounce, 1);
@@ -54,17 +55,17 @@ TEST_F(WorldBuild, TeamsStandInTheOrderOfTheirFirstRow) {
 
 TEST_F(WorldBuild, WhatIsBuiltHasNoFault) {
   build({halden, orr}, {park});
-  EXPECT_TRUE(check_database(files).empty());
+  EXPECT_TRUE(check_database(data.files).empty());
   EXPECT_THAT(names_in(folder), ElementsAre("base.grd", "base.team", "source"));
 }
 
 TEST_F(WorldBuild, TheOldFilesLeaveNoTrace) {
   build({halden, orr}, {park});
-  const std::string team = bytes_of(files.team_file);
-  write_bytes(files.team_file, std::string(10000, 'x'));
-  write_bytes(files.ground_file, std::string(10000, 'x'));
+  const std::string team = bytes_of(data.files.team_file);
+  write_bytes(data.files.team_file, std::string(10000, 'x'));
+  write_bytes(data.files.ground_file, std::string(10000, 'x'));
   build({halden, orr}, {park});
-  EXPECT_EQ(bytes_of(files.team_file), team);
+  EXPECT_EQ(bytes_of(data.files.team_file), team);
 }
 
 TEST_F(WorldBuild, ADumpBuildsTheSameBytes) {
@@ -73,7 +74,7 @@ TEST_F(WorldBuild, ADumpBuildsTheSameBytes) {
                  "\"Tamar, \"\"Old\"\"\",Jos\xC3\xA9 \xE2\x80\x9CX\xE2\x80\x9D,7,33.333332,0.1,no,LHB,Middle Order,"});
   build(players, {park, "Neutral,\"Caf\xC3\xA9, the other\",4,4,1445"});
   expect_round_trip();
-  dump_database(files, folder / "dump");
+  dump_database(data.files, folder / "dump");
   const std::string dumped = bytes_of(folder / "dump" / "players.csv");
   EXPECT_EQ(dumped.size(), table(player_header, players).size()) << "optional columns without content are left out";
   for (const std::string& row : players) EXPECT_THAT(dumped, HasSubstr("\r\n" + row + "\r\n"));
@@ -83,9 +84,9 @@ TEST_F(WorldBuild, ADumpBuildsTheSameBytes) {
 
 TEST_F(WorldBuild, ADumpIntoTheFolderOfTheDatabaseIsOne) {
   build({halden, orr}, {park});
-  dump_database(files, folder);
+  dump_database(data.files, folder);
   EXPECT_TRUE(std::filesystem::exists(folder / "players.csv"));
-  EXPECT_TRUE(check_database(files).empty());
+  EXPECT_TRUE(check_database(data.files).empty());
 }
 
 TEST_F(WorldBuild, ADumpOfAMissingFolderTellsOfTheTeams) {
@@ -101,7 +102,7 @@ TEST_F(WorldBuild, ADumpWaitsForItsTurn) {
   ASSERT_EQ(::pipe(ready), 0);
   const pid_t child = ::fork();
   if (child == 0) {
-    const folder_lock turn(files.team_file);
+    const folder_lock turn(data.files.team_file, nullptr);
     if (::write(ready[1], "x", 1) != 1) ::_exit(1);
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     write_bytes(folder / "done", "");  // the last act before the end gives the folder free
@@ -109,7 +110,7 @@ TEST_F(WorldBuild, ADumpWaitsForItsTurn) {
   }
   char signal = 0;
   ASSERT_EQ(::read(ready[0], &signal, 1), 1);
-  dump_database(files, folder / "dump");
+  dump_database(data.files, folder / "dump");
   EXPECT_TRUE(std::filesystem::exists(folder / "done"));
   int status = -1;
   ASSERT_EQ(::waitpid(child, &status, 0), child);
@@ -122,12 +123,12 @@ TEST_F(WorldBuild, OptionalColumnsAreKept) {
   build_tables(player_header + ",team_flag,reserved_1,reserved_6",
                completed({halden + ",-7,one,six", orr + ",-7,,"}, ",-7,,"), ground_header + ",ground_reserved_2",
                {park + ",-32768"});
-  EXPECT_EQ(read_team_list()[0].team_flag, -7);
-  EXPECT_EQ(read_team_list()[0].squad[1].reserved[0], "one");
-  EXPECT_EQ(read_team_list()[0].squad[1].reserved[5], "six");
-  EXPECT_EQ(read_grounds()[0].reserved[1], -32768);
+  EXPECT_EQ(read_team_list(data)[0].team_flag, -7);
+  EXPECT_EQ(read_team_list(data)[0].squad[1].reserved[0], "one");
+  EXPECT_EQ(read_team_list(data)[0].squad[1].reserved[5], "six");
+  EXPECT_EQ(read_grounds(data)[0].reserved[1], -32768);
   expect_round_trip();
-  dump_database(files, folder / "dump");
+  dump_database(data.files, folder / "dump");
   EXPECT_THAT(bytes_of(folder / "dump" / "players.csv"),
               StartsWith(player_header + ",team_flag,reserved_1,reserved_6\r\n"));
   EXPECT_THAT(bytes_of(folder / "dump" / "grounds.csv"), StartsWith(ground_header + ",ground_reserved_2\r\n"));
@@ -137,8 +138,8 @@ TEST_F(WorldBuild, FreePlacesKeepWhatTheyHold) {
   std::vector<std::string> rows = completed({halden});
   rows.push_back("Alba,,3,-0,0,yes,R,,x");
   build(rows, {});
-  EXPECT_EQ(read_team_list()[0].squad[12].bowler_type, "x");
-  EXPECT_EQ(read_team_list()[0].squad[12].bat_type, "R");
+  EXPECT_EQ(read_team_list(data)[0].squad[12].bowler_type, "x");
+  EXPECT_EQ(read_team_list(data)[0].squad[12].bat_type, "R");
   expect_round_trip();
 }
 
@@ -175,19 +176,19 @@ TEST_F(WorldBuild, ControlCharactersAreRefused) {
 
 TEST_F(WorldBuild, CareersThatAreNotWholeAreLeftAlone) {
   testing::set_up_finished_match();
-  update_career_and_records();
+  update_career_and_records(match, data);
   build({halden}, {park});
-  const std::string team = bytes_of(files.team_file);
-  std::filesystem::resize_file(files.career_file, 6000);
+  const std::string team = bytes_of(data.files.team_file);
+  std::filesystem::resize_file(data.files.career_file, 6000);
   const auto error = error_of([&] { build({halden, orr}, {park}); });
   EXPECT_THAT(error.what(), StartsWith("The file is not whole: the file ends "));
   EXPECT_EQ(error.place().file, "base.rec");
-  std::filesystem::remove(files.career_file);
+  std::filesystem::remove(data.files.career_file);
   EXPECT_THAT(error_of([&] {
                 build({halden, orr}, {park});
               }).what(),
               StartsWith("base.rec and base.ptr do not belong together: "));
-  EXPECT_EQ(bytes_of(files.team_file), team);
+  EXPECT_EQ(bytes_of(data.files.team_file), team);
 }
 
 TEST_F(WorldBuild, TwentyTeamsOfTwentyPlayersAreBuilt) {
@@ -196,8 +197,8 @@ TEST_F(WorldBuild, TwentyTeamsOfTwentyPlayersAreBuilt) {
     for (int p = 1; p <= 20; ++p) rows.push_back(fmt::format("T{},P{}.{},20,30,4,no,RH ,Opener,spinner", t, t, p));
   }
   build(rows, {});
-  EXPECT_EQ(read_team_list().size(), 20U);
-  EXPECT_EQ(read_team_list()[19].squad[20].name, "P20.20");
+  EXPECT_EQ(read_team_list(data).size(), 20U);
+  EXPECT_EQ(read_team_list(data)[19].squad[20].name, "P20.20");
   expect_round_trip();
 }
 
@@ -220,9 +221,9 @@ TEST_F(WorldBuild, A21stPlayerIsRefused) {
 TEST_F(WorldBuild, AsManyGroundsAsTheCountHoldsAreBuilt) {
   std::vector<std::string> rows(32'767, testing::field);
   build({halden}, rows);
-  EXPECT_EQ(read_grounds().size(), 32'767U);
-  std::filesystem::remove(files.team_file);
-  std::filesystem::remove(files.ground_file);
+  EXPECT_EQ(read_grounds(data).size(), 32'767U);
+  std::filesystem::remove(data.files.team_file);
+  std::filesystem::remove(data.files.ground_file);
   rows.push_back(park);
   const auto error = refusal({halden}, rows);
   EXPECT_EQ(error.kind(), failure::subscript);
@@ -236,7 +237,7 @@ TEST_F(WorldBuild, ATeamBeyondItsSlotIsRefused) {
     rows.push_back(fmt::format("{},{:030},20,30,4,no,RH ,Opener,typed", std::string(16, 't'), p));
   }
   build(rows, {});
-  EXPECT_EQ(encoded(read_team_list()[0]).size(), 1500U);
+  EXPECT_EQ(encoded(read_team_list(data)[0]).size(), 1500U);
   for (const char* name : {"base.team", "base.grd"}) std::filesystem::remove(folder / name);
   for (std::string& row : rows) row.insert(0, "t");
   const auto error = refusal(rows, {});
@@ -256,7 +257,7 @@ TEST_F(WorldBuild, AnElevensRecordBeyondItsSlotIsRefused) {
 TEST_F(WorldBuild, ReservedTextsDoNotCountInAnEleven) {
   build_tables(player_header + ",reserved_1", completed({halden + "," + std::string(200, 'r')}, ","), ground_header,
                {testing::field});
-  EXPECT_TRUE(check_database(files).empty());
+  EXPECT_TRUE(check_database(data.files).empty());
 }
 
 TEST_F(WorldBuild, RatingsThatTheModelCannotPlayWithAreRefused) {
@@ -314,18 +315,18 @@ TEST_F(WorldBuild, GroundsOutsideTheRulesAreRefused) {
 TEST_F(WorldBuild, AMissingTableIsRefused) {
   std::filesystem::create_directory(folder / "source");
   write_bytes(folder / "source" / "players.csv", table(player_header, {halden}));
-  const auto error = error_of([&] { build_database(folder / "source", files.team_file, files.ground_file); });
+  const auto error = error_of([&] { build_database(folder / "source", data.files.team_file, data.files.ground_file); });
   EXPECT_STREQ(error.what(), "The file is missing (file grounds.csv)");
   EXPECT_THAT(names_in(folder), ElementsAre("source"));
 }
 
 TEST_F(WorldBuild, AFailedWriteLeavesTheOldDatabase) {
   build({halden}, {park});
-  const std::string team = bytes_of(files.team_file);
-  std::filesystem::remove(files.ground_file);
+  const std::string team = bytes_of(data.files.team_file);
+  std::filesystem::remove(data.files.ground_file);
   std::filesystem::create_directory(folder / "base.grd.next");
   EXPECT_EQ(error_of([&] { build({halden, orr}, {park}); }).kind(), failure::file);
-  EXPECT_EQ(bytes_of(files.team_file), team);
+  EXPECT_EQ(bytes_of(data.files.team_file), team);
   EXPECT_THAT(names_in(folder), ElementsAre("base.grd.next", "base.team", "source"));
 }
 

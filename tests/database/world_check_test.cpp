@@ -9,6 +9,7 @@
 #include "database/database_fixture.h"
 #include "database/slots.h"
 #include "database/world.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -58,15 +59,15 @@ class WorldCheck : public testing::database_fixture {
     write_grounds(2, {ground_in("Alba"), ground_in("Neutral")});
   }
 
-  void write_teams(int count, const std::vector<team_rec>& teams) { write_counted(files.team_file, count, teams); }
+  void write_teams(int count, const std::vector<team_rec>& teams) { write_counted(data.files.team_file, count, teams); }
   void write_grounds(int count, const std::vector<ground_rec>& grounds) {
-    write_counted(files.ground_file, count, grounds);
+    write_counted(data.files.ground_file, count, grounds);
   }
 
   /// The faults as lines.
   std::vector<std::string> faults() const {
     std::vector<std::string> lines;
-    for (const database_fault& fault : check_database(files)) {
+    for (const database_fault& fault : check_database(data.files)) {
       lines.push_back(fmt::format("{}:{}:{}: {}", fault.file, fault.record, fault.field, fault.what));
     }
     return lines;
@@ -75,8 +76,8 @@ class WorldCheck : public testing::database_fixture {
   /// The files that a match leaves.
   static void play() {
     testing::set_up_finished_match();
-    update_career();
-    update_records();
+    update_career(match, data);
+    update_records(match, data);
   }
 
  private:
@@ -97,25 +98,26 @@ TEST_F(WorldCheck, ASoundDatabaseHasNoFaults) {
 }
 
 TEST_F(WorldCheck, MissingFiles) {
-  std::filesystem::remove(files.team_file);
+  std::filesystem::remove(data.files.team_file);
   EXPECT_THAT(faults(), ElementsAre("base.team:0:: the file is missing")) << "the grounds are not judged by no team";
-  std::filesystem::remove(files.ground_file);
+  std::filesystem::remove(data.files.ground_file);
   EXPECT_THAT(faults(), ElementsAre("base.team:0:: the file is missing", "base.grd:0:: the file is missing"));
 }
 
 TEST_F(WorldCheck, AFileThatCannotBeRead) {
-  std::filesystem::create_directory(files.career_file);
+  std::filesystem::create_directory(data.files.career_file);
   EXPECT_THAT(faults(), ElementsAre("base.rec:0:: The file cannot be read: Is a directory (file base.rec)"));
 }
 
 TEST_F(WorldCheck, ALinkThatLeadsNowhereIsOneFault) {
   play();
-  for (const auto& path : {files.team_file, files.ground_file, files.career_file, files.record_file}) {
+  for (const auto& path :
+       {data.files.team_file, data.files.ground_file, data.files.career_file, data.files.record_file}) {
     const std::string name = path.filename().string();
     const std::string whole = bytes_of(path);
     std::filesystem::remove(path);
     std::filesystem::create_symlink(name, path);
-    const bool is_records = path == files.record_file;
+    const bool is_records = path == data.files.record_file;
     EXPECT_THAT(faults(), ElementsAre(fmt::format(
                               "{}:0:: {}: Too many levels of symbolic links (file {})", name,
                               is_records ? "The link cannot be followed" : "The file cannot be opened", name)));
@@ -214,7 +216,7 @@ TEST_F(WorldCheck, RecordsBeyondTheFile) {
 
 TEST_F(WorldCheck, WhereTheEndOfTheFileComesEarly) {
   const auto cut_at = [this](std::size_t bytes) {
-    std::filesystem::resize_file(files.team_file, 3000 + bytes);
+    std::filesystem::resize_file(data.files.team_file, 3000 + bytes);
     return faults();
   };
   EXPECT_THAT(cut_at(9), ElementsAre("base.team:3:squad[1].name: the file ends before this field"));
@@ -226,12 +228,12 @@ TEST_F(WorldCheck, WhereTheEndOfTheFileComesEarly) {
 }
 
 TEST_F(WorldCheck, TextsBeyondTheirSlots) {
-  std::string bytes = bytes_of(files.team_file);
+  std::string bytes = bytes_of(data.files.team_file);
   bytes[1501] = '\x7F';
-  write_bytes(files.team_file, bytes);
-  bytes = bytes_of(files.ground_file);
+  write_bytes(data.files.team_file, bytes);
+  bytes = bytes_of(data.files.ground_file);
   bytes[3001] = '\x7F';
-  write_bytes(files.ground_file, bytes);
+  write_bytes(data.files.ground_file, bytes);
   EXPECT_THAT(faults(), ElementsAre("base.team:2:team_name: 32516 bytes from byte 2 on run beyond the slot of 1500",
                                     "base.grd:2:country: \"Alba\" is neither a team nor \"Neutral\"",
                                     "base.grd:3:country: 32519 bytes from byte 2 on run beyond the slot of 1500"));
@@ -272,7 +274,7 @@ TEST_F(WorldCheck, EveryFaultOfACareer) {
   table.teams[2].players[1].name = "Twin";
   table.teams[2].players[2].name = "Twin";
   table.teams[1].players[2].name = "Sound";
-  write_career_table(table);
+  write_career_table(data, table);
   EXPECT_THAT(
       faults(),
       ElementsAre("base.rec:2:players[1].name: a career without a name", "base.rec:2:players[1].runs: -1 is below 0",
@@ -293,7 +295,7 @@ TEST_F(WorldCheck, CountsOfCareers) {
     team->player_count = players;
     file.put(1, count, {});
     file.put(2, encoded(*team), {});
-    write_bytes(files.career_file, file.bytes());
+    write_bytes(data.files.career_file, file.bytes());
     return faults();
   };
   EXPECT_THAT(with_count(hex("04 00 01 00"), 0), ElementsAre("base.rec:1:career_team_count: unknown tag 4"));
@@ -321,7 +323,7 @@ TEST_F(WorldCheck, EveryFaultOfTheRecords) {
   lists.teams[1].home_lost = {-1.0};
   lists.teams[2].team_name = {std::string("Alba")};
   lists.teams[3].team_name = {integer(5)};
-  write_record_lists(lists);
+  write_record_lists(data, lists);
   EXPECT_THAT(faults(),
               ElementsAre("base.ptr:1:not_out: 2 is no flag (-1 or 0)", "base.ptr:15:runs: -1 is below 0",
                           "base.ptr:16:wickets: 11 wickets in an innings", "base.ptr:32:balls: -300 is below 0",
@@ -335,13 +337,13 @@ TEST_F(WorldCheck, EveryFaultOfTheRecords) {
 
 TEST_F(WorldCheck, BytesOfTheRecordsThatCannotBeRead) {
   play();
-  std::string bytes = bytes_of(files.record_file);
+  std::string bytes = bytes_of(data.files.record_file);
   bytes[1] = '\x7F';                        // the first player's name
   bytes[(73 - 1) * records_slot] = '\x04';  // the tag of Tamar's away_tied
   bytes.resize((90 - 1) * records_slot + 3);
   bytes[(71 - 1) * records_slot + 2] = '\x01';
   bytes[(90 - 1) * records_slot] = '\x08';
-  write_bytes(files.record_file, bytes);
+  write_bytes(data.files.record_file, bytes);
   EXPECT_THAT(faults(),
               ElementsAre("base.ptr:90:team_name: the file ends within this field",
                           "base.ptr:1:player: 32518 bytes from byte 2 on run beyond the slot of 2500",

@@ -6,6 +6,7 @@
 #include "database/slots.h"
 #include "database/teams_file.h"
 #include "database/world_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -28,9 +29,9 @@ class WorldDump : public testing::world_fixture {};
 TEST_F(WorldDump, WritesCareersAndRecordsToRead) {
   build({halden}, {park});
   testing::set_up_finished_match();
-  update_career();
-  update_records();
-  dump_database(files, folder / "dump");
+  update_career(match, data);
+  update_records(match, data);
+  dump_database(data.files, folder / "dump");
   EXPECT_THAT(names_in(folder / "dump"),
               ElementsAre("careers.csv", "grounds.csv", "highest_totals.csv", "lowest_totals.csv", "partnerships.csv",
                           "players.csv", "team_table.csv", "top_bowling.csv", "top_scores.csv"));
@@ -90,24 +91,24 @@ TEST_F(WorldDump, WritesCareersAndRecordsToRead) {
 
 TEST_F(WorldDump, ADatabaseThatHasNotPlayedHasEmptyTables) {
   build({halden}, {park});
-  dump_database(files, folder / "dump");
+  dump_database(data.files, folder / "dump");
   EXPECT_EQ(bytes_of(folder / "dump" / "lowest_totals.csv"), "line,total,balls,wickets,team,against,venue\r\n");
   EXPECT_THAT(names_in(folder), Not(Contains("base.rec"))) << "the database is only read";
 }
 
 TEST_F(WorldDump, WhatATableCannotKeepIsRefused) {
   build({halden, orr}, {park});
-  const std::string good = bytes_of(files.team_file);
+  const std::string good = bytes_of(data.files.team_file);
   const auto refused = [&](team_rec team, int teams) {
     slot_file file({}, team_slot, "x");
     file.put(1, encoded_field(integer(teams)), {});
     for (int t = 1; t <= teams; ++t) file.put(t + 1, encoded(team), {});
-    write_bytes(files.team_file, file.bytes());
-    const auto error = error_of([&] { dump_database(files, folder / "dump"); });
+    write_bytes(data.files.team_file, file.bytes());
+    const auto error = error_of([&] { dump_database(data.files, folder / "dump"); });
     EXPECT_FALSE(std::filesystem::exists(folder / "dump"));
     return std::string(error.what());
   };
-  team_rec team = read_team_list()[0];
+  team_rec team = read_team_list(data)[0];
   team.squad[2].is_keeper = 1;
   EXPECT_EQ(refused(team, 1),
             "A table cannot keep a flag that is not -1 or 0 (file base.team, record 2, "
@@ -117,34 +118,35 @@ TEST_F(WorldDump, WhatATableCannotKeepIsRefused) {
   EXPECT_THAT(refused(team, 1), HasSubstr("field squad[2].econ"));
   team.squad[2].econ = 4;
   EXPECT_THAT(refused(team, 2), HasSubstr("two teams of one name (file base.team, record 3"));
-  write_bytes(files.team_file, good);
-  dump_database(files, folder / "dump");
+  write_bytes(data.files.team_file, good);
+  dump_database(data.files, folder / "dump");
 }
 
 TEST_F(WorldDump, AMissingTeamFileIsAnError) {
-  EXPECT_STREQ(error_of([&] { dump_database(files, folder / "dump"); }).what(), "The file is missing (file base.team)");
+  EXPECT_STREQ(error_of([&] { dump_database(data.files, folder / "dump"); }).what(),
+               "The file is missing (file base.team)");
 }
 
 TEST_F(WorldDump, ATableThatIsALinkToAFileOfTheGameIsRefused) {
   build({halden}, {park});
   testing::set_up_finished_match();
-  update_career();
-  update_records();
-  const std::string careers = bytes_of(files.career_file);
+  update_career(match, data);
+  update_records(match, data);
+  const std::string careers = bytes_of(data.files.career_file);
   std::filesystem::create_directory(folder / "dump");
-  std::filesystem::create_symlink(files.career_file, folder / "dump" / "top_scores.csv");
-  const auto error = error_of([&] { dump_database(files, folder / "dump"); });
+  std::filesystem::create_symlink(data.files.career_file, folder / "dump" / "top_scores.csv");
+  const auto error = error_of([&] { dump_database(data.files, folder / "dump"); });
   EXPECT_EQ(error.kind(), failure::file);
   EXPECT_THAT(error.what(), StartsWith("The link leads to the file of the careers"));
   EXPECT_EQ(error.place().file, "top_scores.csv");
-  EXPECT_EQ(bytes_of(files.career_file), careers);
+  EXPECT_EQ(bytes_of(data.files.career_file), careers);
   EXPECT_THAT(names_in(folder / "dump"), ElementsAre("top_scores.csv"));
 }
 
 TEST_F(WorldDump, AFolderThatCannotBeMadeIsAnError) {
   build({halden}, {park});
   write_bytes(folder / "dump", "a file");
-  EXPECT_EQ(error_of([&] { dump_database(files, folder / "dump"); }).kind(), failure::file);
+  EXPECT_EQ(error_of([&] { dump_database(data.files, folder / "dump"); }).kind(), failure::file);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "database/database_fixture.h"
 #include "database/world.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -53,7 +54,7 @@ class world_fixture : public database_fixture {
     std::filesystem::create_directory(folder / "source");
     write_bytes(folder / "source" / "players.csv", table(players_line, players));
     write_bytes(folder / "source" / "grounds.csv", table(grounds_line, grounds));
-    build_database(folder / "source", files.team_file, files.ground_file);
+    build_database(folder / "source", data.files.team_file, data.files.ground_file);
   }
   /// The refusal of a source; nothing must be written.
   run_time_error refusal(const std::vector<std::string>& players, const std::vector<std::string>& grounds) {
@@ -66,9 +67,9 @@ class world_fixture : public database_fixture {
 
   /// Builds, dumps, builds again, and expects the same bytes.
   void expect_round_trip() {
-    const std::string team = bytes_of(files.team_file);
-    const std::string ground_file = bytes_of(files.ground_file);
-    dump_database(files, folder / "dump");
+    const std::string team = bytes_of(data.files.team_file);
+    const std::string ground_file = bytes_of(data.files.ground_file);
+    dump_database(data.files, folder / "dump");
     build_database(folder / "dump", folder / "again.team", folder / "again.grd");
     EXPECT_EQ(bytes_of(folder / "again.team"), team);
     EXPECT_EQ(bytes_of(folder / "again.grd"), ground_file);

@@ -8,6 +8,7 @@
 #include "database/elevens.h"
 #include "engine/ball_books.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -39,7 +40,7 @@ class Books : public ::testing::Test {
     const auto count = draws.size();
     script_draws(draws);
     bool run_out = false;
-    record_dismissal(run_out);
+    record_dismissal(match, chance, run_out);
     EXPECT_EQ(chance.draws_used(), count) << "kind " << kind;
     return run_out;
   }
@@ -60,7 +61,7 @@ TEST_F(Books, RunsGoToTheManWhoHitThem) {
     match.bowling_card = {};
     match.maiden_flag = true;
     match.ball_outcome = r.outcome;
-    record_runs();
+    record_runs(match);
     const batting_card_rec& man = match.batting_card[r.batsman];
     EXPECT_EQ(man.runs, r.outcome);
     EXPECT_EQ(man.balls, 1);
@@ -77,7 +78,7 @@ TEST_F(Books, RunsGoToTheManWhoHitThem) {
 TEST_F(Books, OtherOutcomesCreditNothing) {
   for (const int outcome : {7, 8, 9, 10, 11}) {
     match.ball_outcome = outcome;
-    record_runs();
+    record_runs(match);
     EXPECT_EQ(striker().balls + striker().runs + striker().dots, 0) << outcome;
     EXPECT_EQ(partner().balls + partner().runs + partner().dots, 0) << outcome;
     EXPECT_EQ(match.bowling_card[8].runs, 0) << outcome;
@@ -89,7 +90,7 @@ TEST_F(Books, FallsOfWicketCountFromTheOneBefore) {
   match.score_wickets = 1;
   match.score_runs = 37;
   match.innings_balls = 49;
-  record_fall_of_wicket();
+  record_fall_of_wicket(match);
   const fall_of_wicket_rec& first = match.fall_of_wicket[1];
   EXPECT_EQ(first.score, 37);
   EXPECT_EQ(first.partner_runs, 37);
@@ -102,7 +103,7 @@ TEST_F(Books, FallsOfWicketCountFromTheOneBefore) {
   match.non_striker = 4;
   match.score_wickets = 2;
   match.innings_balls = 50;
-  record_fall_of_wicket();
+  record_fall_of_wicket(match);
   const fall_of_wicket_rec& second = match.fall_of_wicket[2];
   EXPECT_EQ(second.score, 37);
   EXPECT_EQ(second.partner_runs, 0);
@@ -198,7 +199,7 @@ TEST_F(Books, WithoutAKeeperTheFielderStaysAsItWas) {
     striker().fielder = "kept";
     script_draws({die_draw(kind, 110)});
     bool run_out = false;
-    record_dismissal(run_out);
+    record_dismissal(match, chance, run_out);
     EXPECT_EQ(striker().fielder, "kept") << kind;
   }
 }
@@ -208,7 +209,7 @@ TEST_F(Books, ARunOutLeavesTheFielderAndOthersClearHim) {
     striker().fielder = "before";
     script_draws({die_draw(kind, 110), die_draw(face, 11)});
     bool run_out = false;
-    record_dismissal(run_out);
+    record_dismissal(match, chance, run_out);
     return striker().fielder;
   };
   EXPECT_EQ(fielder_after(35, 4), "before");
@@ -220,7 +221,7 @@ TEST_F(Books, ARunOutLeavesTheFielderAndOthersClearHim) {
 TEST_F(Books, TheFlagOfARunOutIsOnlyEverSet) {
   script_draws({die_draw(1, 110)});
   bool run_out = true;
-  record_dismissal(run_out);
+  record_dismissal(match, chance, run_out);
   EXPECT_TRUE(run_out);
 }
 
@@ -228,7 +229,7 @@ TEST_F(Books, ADismissalContinuesTheDrawsBeforeIt) {
   chance.use_clock();
   random_source before = chance;
   bool run_out = false;
-  record_dismissal(run_out);
+  record_dismissal(match, chance, run_out);
   const auto draws = chance.draws_used();
   while (before.draws_used() < draws) before.rnd();
   EXPECT_EQ(chance.rnd(), before.rnd());
@@ -240,14 +241,14 @@ TEST_F(Books, NamesComeFromTheElevensAndNotFromTheCards) {
   dismiss(1);
   EXPECT_EQ(striker().how_out, " b A.Bowl8");
   match.score_wickets = 1;
-  record_fall_of_wicket();
+  record_fall_of_wicket(match);
   EXPECT_EQ(match.fall_of_wicket[1].batsman_a, "H.Bat5");
 }
 
 TEST_F(Books, TheElevensAreReadInTheirOrder) {
-  write_eleven(side::first, sample_eleven("X."));
-  write_eleven(side::second, sample_eleven("Y."));
-  load_elevens();
+  write_eleven(data, side::first, sample_eleven("X."));
+  write_eleven(data, side::second, sample_eleven("Y."));
+  load_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, "X.1");
   EXPECT_EQ(match.batting_xi[11].name, "X.11");
   EXPECT_EQ(match.bowling_xi[1].name, "Y.1");

@@ -9,6 +9,7 @@
 
 #include "engine/delivery_model.h"
 #include "engine/match_fixture.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -24,10 +25,10 @@ class CheckMatch : public match_test {
     play({hit(1), hit(2), hit(3), hit(4), hit(6), hit(0)});
     play({hit(0), out(), off_the_pad(byes, 2), hit(1), hit(wide_ball), out(31, 4), off_the_pad(leg_byes, 1)});
     play({hit(1), hit(no_ball), hit(0), out(50, 3), hit(4), hit(0), hit(0), hit(1)});
-    ASSERT_EQ(check_match(), "");
+    ASSERT_EQ(check_match(match), "");
   }
 
-  static void expect_named(const std::string& what) { EXPECT_THAT(check_match(), HasSubstr(what)); }
+  static void expect_named(const std::string& what) { EXPECT_THAT(check_match(match), HasSubstr(what)); }
 };
 
 TEST_F(CheckMatch, AnOverBegunBeyondTheQuota) {
@@ -38,7 +39,7 @@ TEST_F(CheckMatch, AnOverBegunBeyondTheQuota) {
   over_note note;
   note.innings_balls = 59;
   match.ball_commentary.add_over(note);
-  EXPECT_EQ(check_match(), "");
+  EXPECT_EQ(check_match(match), "");
   note.innings_balls = 60;
   match.ball_commentary.add_over(note);
   expect_named("began an over with 60 balls");
@@ -57,7 +58,7 @@ TEST_F(CheckMatch, AStrokeTooMany) {
     expect_named("batting_card 2: ");
     match.batting_card[2].*stroke -= 1;
   }
-  EXPECT_EQ(check_match(), "");
+  EXPECT_EQ(check_match(match), "");
 }
 
 TEST_F(CheckMatch, BallsThatTheStrokesDoNotGive) {
@@ -209,7 +210,7 @@ TEST_F(CheckMatch, TheMeters) {
 
 TEST_F(CheckMatch, TheStoreOfCommentary) {
   for (int line = 1; line <= 1498; ++line) match.commentary_store.add_ball({ball_text::runs, 0, 1, 1});
-  EXPECT_EQ(check_match(), "");
+  EXPECT_EQ(check_match(match), "");
   match.commentary_store.add_ball({ball_text::runs, 0, 1, 1});
   expect_named("commentary_store");
 }
@@ -223,7 +224,7 @@ TEST_F(CheckMatch, MoreBallsFacedThanBowled) {
 TEST_F(CheckMatch, AThirdInningsIsNotJudged) {
   match.innings_number = 3;
   match.score_runs += 1;
-  EXPECT_EQ(check_match(), "");
+  EXPECT_EQ(check_match(match), "");
 }
 
 TEST_F(CheckMatch, ASecondInningsIs) {

@@ -11,6 +11,7 @@
 #include "engine/delivery_model.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -42,7 +43,7 @@ class DeliveryLimits : public ::testing::Test {
 
   static int outcome_of(int draw) {
     script_draws({draw_for(draw)});
-    deliver_ball();
+    deliver_ball(match, chance);
     return match.ball_outcome;
   }
 
@@ -62,7 +63,7 @@ class DeliveryLimits : public ::testing::Test {
     match.ball_outcome = 4;
     script_draws({0.5});
     try {
-      deliver_ball();
+      deliver_ball(match, chance);
       FAIL() << "no failure on " << field;
     } catch (const run_time_error& error) {
       EXPECT_EQ(error.kind(), failure::division);
@@ -79,7 +80,7 @@ using stretch = std::pair<int, int>;
 TEST_F(DeliveryLimits, WindowsPastTheScaleLeaveNoDotBall) {
   rate_bowler(36.0F, 14.0F);
   // 9.6667 an over: windows 25, 612, 148, 37, 122, 14, 16, 18, 10, 6 add up to 1008; the last are cut off at 1000.
-  EXPECT_THAT(delivery_windows(expect_delivery()), ElementsAre(25, 612, 148, 37, 122, 14, 16, 18, 10, 6));
+  EXPECT_THAT(delivery_windows(expect_delivery(match)), ElementsAre(25, 612, 148, 37, 122, 14, 16, 18, 10, 6));
   EXPECT_THAT(stretches(),
               ElementsAre(stretch{7, 25}, stretch{1, 612}, stretch{2, 148}, stretch{3, 37}, stretch{4, 122},
                           stretch{6, 14}, stretch{8, 16}, stretch{9, 18}, stretch{10, 8}));
@@ -94,15 +95,15 @@ TEST_F(DeliveryLimits, WindowsFarPastTheScaleLeaveTheLaterOnesOut) {
 TEST_F(DeliveryLimits, ANegativeRateMakesEveryWindowButTheWicketsEmpty) {
   rate_bowler(36.0F, 0.5F);
   match.bowling_aggression = {1, 3};  // 2.9167 less 6
-  ASSERT_LT(expect_delivery().runs_per_over, -3);
+  ASSERT_LT(expect_delivery(match).runs_per_over, -3);
   EXPECT_THAT(stretches(), ElementsAre(stretch{7, 20}, stretch{0, 980}));
 }
 
 TEST_F(DeliveryLimits, ANegativeWicketWindowPullsTheOthersDown) {
   rate_bowler(-20.0F, 4.5F);
   match.batsman_aggression = {5, 3};  // 12.5 less 18: a window of -182; 5.9167 an over
-  ASSERT_EQ(expect_delivery().balls_per_wicket, -5.5);
-  EXPECT_THAT(delivery_windows(expect_delivery()), ElementsAre(-182, 375, 91, 23, 75, 9, 10, 11, 6, 4));
+  ASSERT_EQ(expect_delivery(match).balls_per_wicket, -5.5);
+  EXPECT_THAT(delivery_windows(expect_delivery(match)), ElementsAre(-182, 375, 91, 23, 75, 9, 10, 11, 6, 4));
   EXPECT_THAT(stretches(),
               ElementsAre(stretch{1, 375 - 182}, stretch{2, 91}, stretch{3, 23}, stretch{4, 75}, stretch{6, 9},
                           stretch{8, 10}, stretch{9, 11}, stretch{10, 6}, stretch{11, 4}, stretch{0, 1000 - 422}));
@@ -122,15 +123,15 @@ TEST_F(DeliveryLimits, ANegativeWindowInTheMiddlePullsTheLaterOnesDown) {
 
 TEST_F(DeliveryLimits, AWicketWindowOfZeroStartsTheOneRunWindowAtOne) {
   rate_bowler(5000.0F, 4.5F);
-  EXPECT_EQ(delivery_windows(expect_delivery())[0], 0);
+  EXPECT_EQ(delivery_windows(expect_delivery(match))[0], 0);
   EXPECT_EQ(outcome_of(1), 1);
   EXPECT_EQ(outcome_of(311), 1);
   EXPECT_EQ(outcome_of(312), 2);
   rate_bowler(3955.0F, 4.5F);  // 2000 balls a wicket: half a place, which goes to 0
-  ASSERT_EQ(expect_delivery().balls_per_wicket, 2000);
-  EXPECT_EQ(delivery_windows(expect_delivery())[0], 0);
+  ASSERT_EQ(expect_delivery(match).balls_per_wicket, 2000);
+  EXPECT_EQ(delivery_windows(expect_delivery(match))[0], 0);
   rate_bowler(3953.0F, 4.5F);
-  EXPECT_EQ(delivery_windows(expect_delivery())[0], 1);
+  EXPECT_EQ(delivery_windows(expect_delivery(match))[0], 1);
   EXPECT_EQ(outcome_of(1), 7);
   EXPECT_EQ(outcome_of(2), 1);
 }
@@ -141,7 +142,7 @@ TEST_F(DeliveryLimits, EveryDrawOfEveryOrdinarySituationHasAnOutcome) {
       match.batting_xi[1].bat_skill = skill;
       match.batsman_aggression = {aggressions / 5 + 1, 3};
       match.bowling_aggression = {aggressions % 5 + 1, 3};
-      const auto windows = delivery_windows(expect_delivery());
+      const auto windows = delivery_windows(expect_delivery(match));
       for (int draw = 1; draw <= 1000; ++draw) {
         const int outcome = classify(draw, windows);
         ASSERT_TRUE(outcome >= 0 && outcome <= 11 && outcome != 5) << "draw " << draw;
@@ -173,13 +174,13 @@ TEST_F(DeliveryLimits, NoBallsAWicketFail) {
 TEST_F(DeliveryLimits, AFailureTakesItsDrawAllTheSame) {
   match.batting_xi[1].bat_skill = 0;
   script_draws({0.5, 0.5});
-  EXPECT_THROW(deliver_ball(), run_time_error);
+  EXPECT_THROW(deliver_ball(match, chance), run_time_error);
   EXPECT_EQ(chance.draws_used(), 1U);
 }
 
 TEST_F(DeliveryLimits, ExpectationsAndWindowsDrawNothing) {
   script_draws({});
-  delivery_windows(expect_delivery());
+  delivery_windows(expect_delivery(match));
   EXPECT_EQ(chance.draws_used(), 0U);
 }
 

@@ -11,6 +11,7 @@
 
 #include "engine/delivery_model.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/shares.h"
 
@@ -168,7 +169,7 @@ class DeliveryShares : public ::testing::Test {
     set_up(s);
     std::array<int, 12> counts{};
     for (int i = 0; i < sample_size; ++i) {
-      deliver_ball();
+      deliver_ball(match, chance);
       ++counts[static_cast<std::size_t>(static_cast<int>(match.ball_outcome))];
     }
     const std::array<int, 12> places = places_of(s);

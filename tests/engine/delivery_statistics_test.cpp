@@ -12,6 +12,7 @@
 #include "engine/ball_books.h"
 #include "engine/delivery_model.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -76,7 +77,7 @@ std::string strays_of_deliveries() {
   std::vector<double> places;
   places.reserve(sample_size);
   for (int i = 0; i < sample_size; ++i) {
-    deliver_ball();
+    deliver_ball(match, chance);
     const auto outcome = static_cast<std::size_t>(static_cast<int>(match.ball_outcome));
     ++counts[outcome];
     places.push_back(middles[outcome]);
@@ -96,8 +97,8 @@ std::string strays_of_draws() {
   draws.reserve(sample_size);
   std::array<int, 10> tenths{};
   for (int i = 0; i < sample_size; ++i) {
-    reseed();
-    const int draw = die(1000);
+    chance.reseed();
+    const int draw = die(chance, 1000);
     draws.push_back(draw);
     ++tenths[static_cast<std::size_t>((draw - 1) / 100)];
   }
@@ -141,7 +142,7 @@ TEST_F(Chances, DismissalsHaveTheirShares) {
     card.how_out.clear();
     card.fielder.clear();
     bool run_out = false;
-    record_dismissal(run_out);
+    record_dismissal(match, chance, run_out);
     if (run_out) {
       ++run_outs;
       const std::string name = card.how_out.substr(16, card.how_out.size() - 17);  // behind " run out (A.Bowl"

@@ -12,6 +12,7 @@
 #include "engine/delivery_model.h"
 #include "model/random.h"
 #include "model/rounding.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -59,7 +60,7 @@ class Delivery : public ::testing::Test {
   /// What a delivery with this number of the generator brings.
   static int outcome_of(double drawn) {
     script_draws({drawn});
-    deliver_ball();
+    deliver_ball(match, chance);
     EXPECT_EQ(chance.draws_used(), 1U);
     return match.ball_outcome;
   }
@@ -87,7 +88,7 @@ class Delivery : public ::testing::Test {
 };
 
 TEST_F(Delivery, FirstWorkedFigure) {
-  const expectations expected = expect_delivery();
+  const expectations expected = expect_delivery(match);
   EXPECT_EQ(expected.balls_per_wicket, 40.5);
   EXPECT_EQ(expected.runs_per_over, (4.5 + (40.0 / 45.0) * 6) / 2);
   EXPECT_EQ(round_to(expected.runs_per_over, 4), 4.9167);
@@ -100,7 +101,7 @@ TEST_F(Delivery, FirstWorkedFigure) {
 TEST_F(Delivery, SecondWorkedFigure) {
   match.batsman_aggression = {5, 1};
   match.settled_meter = {400, 0};
-  const expectations expected = expect_delivery();
+  const expectations expected = expect_delivery(match);
   EXPECT_EQ(expected.balls_per_wicket, 40.5 - 0.4 * 45 + single(400 / 150.0));
   EXPECT_EQ(round_to(expected.balls_per_wicket, 4), 25.1667);
   EXPECT_EQ(round_to(expected.runs_per_over, 4), 6.3167);
@@ -115,7 +116,7 @@ TEST_F(Delivery, ThirdWorkedFigure) {
   match.non_striker = 1;
   match.batsman_aggression = {5, 1};
   match.settled_meter = {0, 400};
-  const expectations expected = expect_delivery();
+  const expectations expected = expect_delivery(match);
   EXPECT_EQ(expected.balls_per_wicket, 67);
   EXPECT_EQ(round_to(expected.runs_per_over, 4), 3.5667);
   EXPECT_THAT(delivery_windows(expected), ElementsAre(15, 226, 55, 14, 45, 5, 6, 7, 4, 2));
@@ -140,7 +141,7 @@ TEST_F(Delivery, OnlyTheSumOfTheConditionsCounts) {
     for (const auto& order : {std::array<int, 4>{0, 1, 2, 3}, std::array<int, 4>{3, 2, 1, 0}}) {
       const std::array<int, 4> four = {surface, bounce, weather, outfield};
       set_conditions(four[order[0]], four[order[1]], four[order[2]], four[order[3]]);
-      const expectations expected = expect_delivery();
+      const expectations expected = expect_delivery(match);
       EXPECT_DOUBLE_EQ(expected.balls_per_wicket, (skill + 36) / 2) << "sum " << sum;
       EXPECT_DOUBLE_EQ(expected.runs_per_over, (4.5 + 40 / skill * 6) / 2) << "sum " << sum;
     }
@@ -149,10 +150,10 @@ TEST_F(Delivery, OnlyTheSumOfTheConditionsCounts) {
 
 TEST_F(Delivery, TheSkillInTheConditionsIsRoundedHalfToEven) {
   match.batting_xi[1].bat_skill = 11;  // 11 / 0.88 = 12.5
-  EXPECT_EQ(expect_delivery().balls_per_wicket, (12 + 36) / 2.0);
-  EXPECT_EQ(expect_delivery().runs_per_over, (4.5 + 11.0 / 12 * 6) / 2);
+  EXPECT_EQ(expect_delivery(match).balls_per_wicket, (12 + 36) / 2.0);
+  EXPECT_EQ(expect_delivery(match).runs_per_over, (4.5 + 11.0 / 12 * 6) / 2);
   match.batting_xi[1].bat_skill = 33;  // 37.5
-  EXPECT_EQ(expect_delivery().balls_per_wicket, (38 + 36) / 2.0);
+  EXPECT_EQ(expect_delivery(match).balls_per_wicket, (38 + 36) / 2.0);
 }
 
 TEST_F(Delivery, EachBattingAggressionInBothSlots) {
@@ -176,7 +177,7 @@ TEST_F(Delivery, EachBattingAggressionInBothSlots) {
         match.batsman_aggression[1 - slot] = 6 - r.aggression;
         match.settled_meter[slot] = meter;
         match.settled_meter[1 - slot] = 77;
-        const expectations expected = expect_delivery();
+        const expectations expected = expect_delivery(match);
         EXPECT_EQ(expected.balls_per_wicket, 40.5 + r.wicket_share * 45 + single(meter / r.divisor[slot]))
             << "aggression " << r.aggression << " slot " << slot << " meter " << meter;
         EXPECT_EQ(expected.runs_per_over, (4.5 + 40.0 / 45 * 6) / 2 + r.runs + single(meter / 1000))
@@ -191,16 +192,16 @@ TEST_F(Delivery, TheMeterIsRoundedToSinglePrecision) {
   const double plain = 40.5 + 915 / 150.0;
   const double rounded = 40.5 + static_cast<double>(6.1F);
   ASSERT_NE(plain, rounded);
-  EXPECT_EQ(expect_delivery().balls_per_wicket, rounded);
-  EXPECT_EQ(expect_delivery().runs_per_over, (4.5 + 40.0 / 45 * 6) / 2 + static_cast<double>(0.915F));
+  EXPECT_EQ(expect_delivery(match).balls_per_wicket, rounded);
+  EXPECT_EQ(expect_delivery(match).runs_per_over, (4.5 + 40.0 / 45 * 6) / 2 + static_cast<double>(0.915F));
 }
 
 TEST_F(Delivery, ABattingAggressionOutsideTheRangeAddsNothing) {
   match.settled_meter = {400, 400};
   for (const int aggression : {-1, 0, 6, 7}) {
     match.batsman_aggression = {aggression, 3};
-    EXPECT_EQ(expect_delivery().balls_per_wicket, 40.5) << aggression;
-    EXPECT_EQ(expect_delivery().runs_per_over, (4.5 + 40.0 / 45 * 6) / 2) << aggression;
+    EXPECT_EQ(expect_delivery(match).balls_per_wicket, 40.5) << aggression;
+    EXPECT_EQ(expect_delivery(match).runs_per_over, (4.5 + 40.0 / 45 * 6) / 2) << aggression;
   }
 }
 
@@ -214,13 +215,13 @@ TEST_F(Delivery, EachBowlingAggression) {
   for (const row& r :
        {row{1, 0.25, -0.667}, row{2, 0.15, -0.222}, row{3, 0, 0}, row{4, -0.15, 0.222}, row{5, -0.25, 0.667}}) {
     match.bowling_aggression = {r.aggression, 6 - r.aggression};
-    EXPECT_EQ(expect_delivery().balls_per_wicket, 40.5 + r.wicket_share * 36) << r.aggression;
-    EXPECT_EQ(expect_delivery().runs_per_over, base + r.runs) << r.aggression;
+    EXPECT_EQ(expect_delivery(match).balls_per_wicket, 40.5 + r.wicket_share * 36) << r.aggression;
+    EXPECT_EQ(expect_delivery(match).runs_per_over, base + r.runs) << r.aggression;
   }
   for (const int aggression : {-1, 0, 6}) {
     match.bowling_aggression = {aggression, 5};
-    EXPECT_EQ(expect_delivery().balls_per_wicket, 40.5) << aggression;
-    EXPECT_EQ(expect_delivery().runs_per_over, base) << aggression;
+    EXPECT_EQ(expect_delivery(match).balls_per_wicket, 40.5) << aggression;
+    EXPECT_EQ(expect_delivery(match).runs_per_over, base) << aggression;
   }
 }
 
@@ -228,23 +229,23 @@ TEST_F(Delivery, TheShareOfTheEconomyRateIsRoundedHalfToEven) {
   rate_bowler(36.0F, 16.0F);
   const double base = (16 + 40.0 / 45 * 6) / 2;
   match.bowling_aggression = {4, 3};
-  EXPECT_EQ(expect_delivery().runs_per_over, base + 0.062);  // 0.0625
+  EXPECT_EQ(expect_delivery(match).runs_per_over, base + 0.062);  // 0.0625
   match.bowling_aggression = {2, 3};
-  EXPECT_EQ(expect_delivery().runs_per_over, base - 0.062);
+  EXPECT_EQ(expect_delivery(match).runs_per_over, base - 0.062);
   match.bowling_aggression = {5, 3};
-  EXPECT_EQ(expect_delivery().runs_per_over, base + 0.188);  // 0.1875
+  EXPECT_EQ(expect_delivery(match).runs_per_over, base + 0.188);  // 0.1875
   match.bowling_aggression = {1, 3};
-  EXPECT_EQ(expect_delivery().runs_per_over, base - 0.188);
+  EXPECT_EQ(expect_delivery(match).runs_per_over, base - 0.188);
 }
 
 TEST_F(Delivery, TheSlotFollowsThePositionAndNotTheEnd) {
   match.batsman_aggression = {5, 1};
   match.striker = 3;
   match.non_striker = 7;
-  EXPECT_EQ(expect_delivery().balls_per_wicket, 40.5 - 0.4 * 45);
+  EXPECT_EQ(expect_delivery(match).balls_per_wicket, 40.5 - 0.4 * 45);
   match.striker = 7;
   match.non_striker = 3;
-  EXPECT_EQ(expect_delivery().balls_per_wicket, 40.5 + 0.5 * 45);
+  EXPECT_EQ(expect_delivery(match).balls_per_wicket, 40.5 + 0.5 * 45);
 }
 
 TEST_F(Delivery, WindowsAreRoundedHalfToEven) {
@@ -264,7 +265,7 @@ TEST_F(Delivery, WindowsAreRoundedHalfToEven) {
 TEST_F(Delivery, EachDeliveryStartsTheGeneratorAnew) {
   chance.use_clock();
   random_source without_reseeding = chance;
-  deliver_ball();
+  deliver_ball(match, chance);
   without_reseeding.rnd();
   EXPECT_NE(chance.rnd(), without_reseeding.rnd());
 }

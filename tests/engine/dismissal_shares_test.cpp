@@ -10,6 +10,7 @@
 
 #include "engine/ball_books.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/shares.h"
 
@@ -82,7 +83,7 @@ class DismissalShares : public ::testing::Test {
     for (int i = 0; i < sample_size; ++i) {
       card = {};
       bool run_out = false;
-      record_dismissal(run_out);
+      record_dismissal(match, chance, run_out);
       other_flag += run_out == card.how_out.starts_with(" run out ") ? 0 : 1;
       ++counts[{card.how_out, card.fielder}];
     }

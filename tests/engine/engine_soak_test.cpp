@@ -12,9 +12,11 @@
 #include "engine/over_play.h"
 #include "headless/headless_user.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/referee.h"
 #include "support/sample_match.h"
 #include "support/soak_run.h"
+#include "support/test_user.h"
 
 namespace velorin::testing {
 namespace {
@@ -44,7 +46,7 @@ eleven any_eleven(generator& any, const std::string& prefix) {
 }
 
 /// A user who watches, and, given a generator, chooses at will.
-class watching_user : public headless_user {
+class watching_user : public test_user {
  public:
   referee* watch = nullptr;
   generator* any = nullptr;
@@ -105,7 +107,7 @@ TEST_F(Soak, Unattended) {
     referee watch(number);
     user_.watch = &watch;
     set_up(number, true, true);
-    open_console();
+    open_console(in_play());
     ASSERT_EQ(match.over_no, 0) << "match " << number;
     without_result += match.result_margin.empty() ? 1 : 0;
     watch.watch_result(!match.result_margin.empty());
@@ -125,8 +127,8 @@ TEST_F(Soak, HumansAndComputersMixed) {
     referee watch(number);
     user_.watch = &watch;
     set_up(number, number % 3 == 1, number % 3 == 2);
-    open_console();
-    console_form console;
+    open_console(in_play());
+    console_form console(in_play());
     while (!console.closed()) {
       console.bowl_next_over();
       ASSERT_EQ(watch.complaint(), "");

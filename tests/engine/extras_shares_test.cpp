@@ -9,8 +9,10 @@
 #include "engine/over_play.h"
 #include "headless/headless_user.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/shares.h"
+#include "support/test_user.h"
 
 namespace velorin::testing {
 namespace {
@@ -23,7 +25,7 @@ constexpr int wanted = sample_size / 2;
 #endif
 
 /// Counts the runs that each delivery off the body brought.
-class extras_watcher : public headless_user {
+class extras_watcher : public test_user {
  public:
   std::array<int, 7> leg_bye_runs{};
   std::array<int, 7> bye_runs{};
@@ -61,7 +63,7 @@ TEST(ExtrasShares, OneToFourRunsComeAlike) {
       }
     }
     chance.use_seed(static_cast<std::uint64_t>(number));
-    open_console();
+    open_console(in_play());
   }
   share_check shares;
   for (const auto* runs : {&watcher.leg_bye_runs, &watcher.bye_runs}) {

@@ -9,6 +9,7 @@
 #include "engine/delivery_model.h"
 #include "engine/match_fixture.h"
 #include "model/check_match.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -35,8 +36,8 @@ TEST_F(Extras, AFirstBallWideIsALegalBallThatLeavesNoTrace) {
   EXPECT_EQ(match.score_runs, 0);
   EXPECT_EQ(match.batting_card[1].balls, 0);
   EXPECT_THAT(log_of(1), ElementsAre("", "", "", "", "", "", ""));
-  EXPECT_THAT(commentary_lines(), IsEmpty());
-  EXPECT_EQ(check_match(), "");
+  EXPECT_THAT(commentary_lines(match), IsEmpty());
+  EXPECT_EQ(check_match(match), "");
 }
 
 TEST_F(Extras, TheOverAfterAFirstBallWideHasFiveMoreBalls) {
@@ -113,7 +114,7 @@ TEST_F(Extras, ANoBallBehindAWicketGivesASeventhCountedBall) {
   EXPECT_THAT(log_of(1), ElementsAre("0", "W", "0", "0", "0", "0", "A.Bowl1"));
   // The man in faced the four balls that had a result.
   EXPECT_EQ(match.batting_card[3].balls, 4);
-  EXPECT_EQ(check_match(), "");
+  EXPECT_EQ(check_match(match), "");
 }
 
 TEST_F(Extras, EachExtraBehindAWicketCountsOnceMore) {

@@ -17,6 +17,7 @@
 #include "model/random.h"
 #include "model/run_time_error.h"
 #include "support/folder_contents.h"
+#include "support/game_in_play.h"
 #include "support/small_database.h"
 
 namespace velorin::testing {
@@ -88,14 +89,14 @@ class FigureLimits : public match_test {
   void SetUp() override {
     match_test::SetUp();
     play_first_innings(false, false);
-    files.updates = true;
+    data.files.updates = true;
     play(times(4, hit(6)));
     ASSERT_THAT(contents_of(database_.folder()), ElementsAre(Key("world.ptr"), Key("world.rec")));
   }
 
   void open_match() {
     open(false, false);
-    files.updates = true;
+    data.files.updates = true;
   }
 
   /// The message of the overflow, or of another failure. Nothing in the folder may change.
@@ -137,7 +138,7 @@ TEST_P(BallFigures, EndTheMatchPastTheirLimit) {
     script_draws(draws);
   };
   script_draws({draw_outcome(dot_ball)});
-  EXPECT_EQ(refusal(next_over), does_not_fit(limit.too_great, limit.field, limit.concerned));
+  EXPECT_EQ(refusal([] { next_over(in_play()); }), does_not_fit(limit.too_great, limit.field, limit.concerned));
   EXPECT_EQ(user.balls_bowled, 1) << "the ball is not announced";
   EXPECT_EQ(*figure, limit.value) << "what does not fit is not booked";
 }
@@ -185,7 +186,7 @@ TEST_F(FigureLimits, MaidensAndTheClockCountOvers) {
       if (++balls == 6) *over.figure() = over.value;
     };
     script_draws(std::vector<double>(6, draw_outcome(dot_ball)));
-    EXPECT_EQ(refusal(next_over), does_not_fit(last + 1, over.field, over.concerned));
+    EXPECT_EQ(refusal([] { next_over(in_play()); }), does_not_fit(last + 1, over.field, over.concerned));
     EXPECT_EQ(balls, 6);
     EXPECT_EQ(*figure, over.value);
   }
@@ -196,12 +197,12 @@ TEST_F(FigureLimits, TheTotalOfAnInnings) {
   match.score_runs = last;
   before().score = 10;
   match.innings_over_flag = true;
-  end_of_ball_check();
+  end_of_ball_check(in_play());
   EXPECT_EQ(match.first_total, last);
   open_match();
   match.score_runs = last + 1;
   match.innings_over_flag = true;
-  EXPECT_EQ(refusal(end_of_ball_check), does_not_fit(last + 1, "innings_total", "Home"));
+  EXPECT_EQ(refusal([] { end_of_ball_check(in_play()); }), does_not_fit(last + 1, "innings_total", "Home"));
   EXPECT_EQ(match.innings_total, 0);
   EXPECT_EQ(match.innings_number, 1) << "the innings has not changed";
 }
@@ -210,19 +211,20 @@ TEST_F(FigureLimits, AnUnbrokenStand) {
   open_match();
   match.score_runs = 1;
   before().score = -last;
-  EXPECT_EQ(refusal(change_innings), does_not_fit(last + 1, "fall_of_wicket.partner_runs", "H.Bat1"));
+  EXPECT_EQ(refusal([] { change_innings(in_play()); }),
+            does_not_fit(last + 1, "fall_of_wicket.partner_runs", "H.Bat1"));
   EXPECT_EQ(fall().partner_runs, 0);
   open_match();
   match.innings_balls = 1;
   before().balls = -last;
-  EXPECT_EQ(refusal(finish_match), does_not_fit(last + 1, "fall_of_wicket.partner_balls", "H.Bat1"));
+  EXPECT_EQ(refusal([] { finish_match(in_play()); }), does_not_fit(last + 1, "fall_of_wicket.partner_balls", "H.Bat1"));
   EXPECT_EQ(fall().partner_balls, 0);
 }
 
 TEST_F(FigureLimits, TheNumberOfInnings) {
   open_match();
   match.innings_number = last;
-  EXPECT_EQ(refusal(change_innings), does_not_fit(last + 1, "innings_number", "Away"));
+  EXPECT_EQ(refusal([] { change_innings(in_play()); }), does_not_fit(last + 1, "innings_number", "Away"));
   EXPECT_EQ(match.innings_number, last);
 }
 
@@ -234,7 +236,7 @@ TEST_F(FigureLimits, AFiftyFirstOver) {
   EXPECT_EQ(match.innings_balls, 300) << "which the side bats on from";
   play(times(300, hit(0)));
   EXPECT_EQ(match.over_no, 51);
-  EXPECT_EQ(refusal(next_over, failure::subscript),
+  EXPECT_EQ(refusal([] { next_over(in_play()); }, failure::subscript),
             "Subscript out of range: an innings of more than 50 overs (field ball_log, at \"Home\")");
 }
 
@@ -242,9 +244,9 @@ TEST_F(FigureLimits, TheClassOfAnEconomy) {
   set_up_sample_match();
   script_draws({0.5, 0.5});
   match.bowling_xi[5].econ = 32767.4F;
-  choose_opening_bowlers();
+  choose_opening_bowlers(match, chance);
   match.bowling_xi[5].econ = 32768.0F;
-  EXPECT_EQ(refusal(choose_opening_bowlers), does_not_fit(last + 1, "econ_class", "A.Bowl5"));
+  EXPECT_EQ(refusal([] { choose_opening_bowlers(match, chance); }), does_not_fit(last + 1, "econ_class", "A.Bowl5"));
 }
 
 }  // namespace

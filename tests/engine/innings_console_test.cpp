@@ -11,6 +11,7 @@
 #include "engine/innings_end.h"
 #include "engine/match_fixture.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -23,7 +24,7 @@ class InningsConsole : public match_test {};
 
 TEST_F(InningsConsole, TheCommentaryIsStored) {
   play_first_innings(false, false);
-  const std::vector<std::string> stored = stored_commentary_lines();
+  const std::vector<std::string> stored = stored_commentary_lines(match);
   ASSERT_THAT(stored, SizeIs(6 + 12 + 11 + 1));
   EXPECT_EQ(stored[0], "A.Bowl1 to H.Bat1 : 2 runs.");
   EXPECT_EQ(stored[8], "Hom   12/0");
@@ -32,21 +33,21 @@ TEST_F(InningsConsole, TheCommentaryIsStored) {
   EXPECT_EQ(stored[26], "A.Bowl2 to H.Bat3 : no ball.");
   EXPECT_EQ(stored[28], "A.Bowl2 to H.Bat3 : no run.");
   EXPECT_EQ(stored[29], "");
-  EXPECT_THAT(commentary_lines(), IsEmpty());
+  EXPECT_THAT(commentary_lines(match), IsEmpty());
   play({hit(1)});
-  EXPECT_THAT(commentary_lines(), ElementsAre("H.Bat1 to A.Bowl1 : 1 run."));
-  EXPECT_EQ(stored_commentary_lines(), stored);
+  EXPECT_THAT(commentary_lines(match), ElementsAre("H.Bat1 to A.Bowl1 : 1 run."));
+  EXPECT_EQ(stored_commentary_lines(match), stored);
 }
 
 TEST_F(InningsConsole, ACommentaryBeyondItsPlacesIsAnError) {
   open(false, false);
   match.innings_total = 4;
   for (int line = 1; line <= 1498; ++line) match.ball_commentary.add_ball({ball_text::runs, 0, 1, 1});
-  change_innings();
-  EXPECT_THAT(stored_commentary_lines(), SizeIs(1499));
+  change_innings(in_play());
+  EXPECT_THAT(stored_commentary_lines(match), SizeIs(1499));
   open(false, false);
   for (int line = 1; line <= 1499; ++line) match.ball_commentary.add_ball({ball_text::runs, 0, 1, 1});
-  EXPECT_THROW(change_innings(), run_time_error);
+  EXPECT_THROW(change_innings(in_play()), run_time_error);
 }
 
 TEST_F(InningsConsole, TheProjectionIsFrozenAtTheLastEndOfOver) {
@@ -67,7 +68,7 @@ TEST_F(InningsConsole, WithoutACompletedOverThereIsNoProjection) {
   open(false, true);
   play({hit(1)});
   match.innings_total = match.score_runs;
-  change_innings();
+  change_innings(in_play());
   EXPECT_EQ(match.first_innings_projection.text(), "-");
   match.innings_changed = false;
   ASSERT_TRUE(match.computer_bats);
@@ -83,23 +84,23 @@ TEST_F(InningsConsole, ThePanelShowsNothingOfTheFirstInningsInTheChase) {
   open(false, false);
   skip_to_over(45);
   play(times(30, hit(2)));
-  EXPECT_EQ(view_rates().last_five_overs, "12");
+  EXPECT_EQ(view_rates(match).last_five_overs, "12");
   play(times(5, hit(1)) + std::vector{hit(3)});
   EXPECT_EQ(match.first_total, 68);
   const auto cells = [] {
     std::vector<std::string> texts;
-    for (const rate_cell& cell : view_rates().cells) texts.push_back(cell.text);
+    for (const rate_cell& cell : view_rates(match).cells) texts.push_back(cell.text);
     return texts;
   };
   const std::vector<std::string> nothing_bowled = {"69", "50.0 (300b)", "", "", "10", "69", "1.38"};
-  EXPECT_TRUE(view_rates().chase);
-  EXPECT_EQ(view_rates().last_five_overs, " - ");
-  EXPECT_EQ(view_rates().score_now, "Awa are 0/0");
-  EXPECT_EQ(view_rates().score_then, "Hom were 0/0");
+  EXPECT_TRUE(view_rates(match).chase);
+  EXPECT_EQ(view_rates(match).last_five_overs, " - ");
+  EXPECT_EQ(view_rates(match).score_now, "Awa are 0/0");
+  EXPECT_EQ(view_rates(match).score_then, "Hom were 0/0");
   EXPECT_EQ(cells(), nothing_bowled);
   play(times(6, hit(4)));
-  EXPECT_EQ(view_rates().last_five_overs, " - ");
-  EXPECT_EQ(view_rates().score_now, "Awa are 24/0");
+  EXPECT_EQ(view_rates(match).last_five_overs, " - ");
+  EXPECT_EQ(view_rates(match).score_now, "Awa are 24/0");
   EXPECT_THAT(cells(), ElementsAre("45", "49.0 (294b)", "0.92", "24", "10", "69", "1.38"));
 }
 
@@ -122,10 +123,10 @@ TEST_F(InningsConsole, TheGraphOfScoresFollowsTheSides) {
 
 TEST_F(InningsConsole, TheTableOfBowlersStartsAnew) {
   play_first_innings(false, false);
-  EXPECT_THAT(view_bowler_list(), IsEmpty());
+  EXPECT_THAT(view_bowler_list(match), IsEmpty());
   play({hit(1)});
-  ASSERT_THAT(view_bowler_list(), SizeIs(1));
-  EXPECT_EQ(view_bowler_list()[0].name, "H.Bat1");
+  ASSERT_THAT(view_bowler_list(match), SizeIs(1));
+  EXPECT_EQ(view_bowler_list(match)[0].name, "H.Bat1");
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "engine/delivery_model.h"
 #include "engine/match_fixture.h"
 #include "model/check_match.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -53,7 +54,7 @@ TEST_F(Innings, TheSidesAndTotalsChangePlaces) {
   EXPECT_EQ(match.overs_text(), "0.0");
   EXPECT_EQ(match.innings_number, 2);
   EXPECT_FALSE(match.innings_changed);
-  EXPECT_EQ(check_match(), "");
+  EXPECT_EQ(check_match(match), "");
 }
 
 TEST_F(Innings, TheCardsChangePlaces) {

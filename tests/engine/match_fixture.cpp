@@ -9,6 +9,7 @@
 #include "engine/over_play.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -23,7 +24,7 @@ bool innings_ends() {
 /// The draw for the delivery after the one just booked: a computer captain will set his batsmen's aggression first.
 double draw_after_ball(int outcome) {
   const auto aggression = match.batsman_aggression;
-  if (match.computer_bats) set_batting_aggression();
+  if (match.computer_bats) set_batting_aggression(match);
   const double draw = draw_outcome(outcome);
   match.batsman_aggression = aggression;
   return draw;
@@ -65,7 +66,7 @@ void match_test::TearDown() {
 void match_test::open(bool computer_bats, bool computer_bowls) {
   set_up_sample_match(computer_bats, computer_bowls);
   script_draws({0.5});
-  open_console();
+  open_console(in_play());
   EXPECT_EQ(chance.draws_used(), computer_bowls ? 1U : 0U);
 }
 
@@ -89,7 +90,7 @@ void match_test::play(const std::vector<ball>& balls) {
     ASSERT_NE(match.over_no, 0) << "the match is over after " << next << " balls of " << balls.size();
     script_draws(with_its_draws({draw_outcome(balls[next].outcome)}));
     try {
-      next_over();
+      next_over(in_play());
     } catch (const run_time_error& error) {
       if (next < balls.size() || !out_of_draws(error)) throw;
     }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/match_state.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 

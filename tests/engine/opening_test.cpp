@@ -9,6 +9,7 @@
 #include "engine/over_play.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -98,7 +99,7 @@ TEST_F(Opening, TheFirstBowlerCannotBeTheSecond) {
 TEST_F(Opening, ABowlerNotChosenIsAnError) {
   user.on_bowler_choice = {[](bowler_choice_form& form) { form.accept(); }};
   try {
-    open_console();
+    open_console(in_play());
     FAIL() << "a match without a bowler";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::subscript);
@@ -111,7 +112,7 @@ TEST_F(Opening, ComputerOpenersAreSentByRole) {
   match.batting_xi[1].bat_type = "RH Lower Order";
   match.batting_xi[2].bat_type = "RH Middle Order";
   match.batting_xi[5].bat_type = "RH Opener";
-  open_console();
+  open_console(in_play());
   EXPECT_EQ(match.batting_card[1].name, "H.Bat5");
   EXPECT_EQ(match.batting_card[2].name, "H.Bat2");  // 42, the best of the middle order
   EXPECT_EQ(match.batting_xi[3].name, "H.Bat1");
@@ -131,28 +132,28 @@ TEST_F(Opening, TheClockComesFromTheGround) {
   for (const auto& [time, minutes] : {std::pair{1030, 630}, std::pair{1400, 840}, std::pair{2359, 1439}}) {
     set_up_sample_match(false, false);
     match.ground.start_time = time;
-    open_console();
+    open_console(in_play());
     EXPECT_EQ(match.clock_minutes, minutes) << time;
   }
-  EXPECT_EQ(view_score().time_of_day, "23:59");
+  EXPECT_EQ(view_score(match).time_of_day, "23:59");
 }
 
 TEST_F(Opening, ShowsTheSides) {
   set_up_sample_match(false, false);
   match.team1_name = "North West Isles";
-  open_console();
-  const score_view view = view_score();
+  open_console(in_play());
+  const score_view view = view_score(match);
   EXPECT_EQ(view.batting_short_name, "NW");
   EXPECT_EQ(view.score, "0/0");
   EXPECT_EQ(view.overs, "0.0 Overs");
   EXPECT_EQ(view.run_rate, " - ");
   EXPECT_EQ(view.batting_team, "North West Isles");
   EXPECT_EQ(view.bowling_team, "Away");
-  EXPECT_EQ(view_batsman(0).name, "H.Bat1 *");
-  EXPECT_EQ(view_batsman(1).name, "H.Bat2");
-  EXPECT_EQ(view_bowlers().next_figures, "0.0 - 0 - 0 - 0");
-  for (const rate_cell& cell : view_rates().cells) EXPECT_EQ(cell.text, "-") << cell.heading;
-  EXPECT_EQ(view_rates().last_five_overs, " - ");
+  EXPECT_EQ(view_batsman(match, 0).name, "H.Bat1 *");
+  EXPECT_EQ(view_batsman(match, 1).name, "H.Bat2");
+  EXPECT_EQ(view_bowlers(match).next_figures, "0.0 - 0 - 0 - 0");
+  for (const rate_cell& cell : view_rates(match).cells) EXPECT_EQ(cell.text, "-") << cell.heading;
+  EXPECT_EQ(view_rates(match).last_five_overs, " - ");
 }
 
 TEST_F(Opening, TheConsoleIsAFreshOne) {
@@ -171,20 +172,20 @@ TEST_F(Opening, TheConsoleIsAFreshOne) {
   match.bowler_change_in = 5;
   match.last_wicket.position = 3;
   match.browser_maximum = 9;
-  open_console();
+  open_console(in_play());
   EXPECT_EQ(match.score_runs, 0);
   EXPECT_EQ(match.score_wickets, 0);
   EXPECT_THAT(match.over_symbols, ElementsAre("", "", "", "", "", ""));
   EXPECT_THAT(match.bowling_aggression, ElementsAre(2, 1));
   EXPECT_THAT(match.settled_meter, ElementsAre(0, 0));
-  EXPECT_THAT(commentary_lines(), IsEmpty());
-  EXPECT_THAT(view_bowler_list(), IsEmpty());
+  EXPECT_THAT(commentary_lines(match), IsEmpty());
+  EXPECT_THAT(view_bowler_list(match), IsEmpty());
   EXPECT_EQ(match.first_innings_projection.text(), "");
   EXPECT_THAT(match.opening_bowlers, ElementsAre(0, 0));
   EXPECT_FALSE(match.bowler_change_pending);
   EXPECT_EQ(match.bowler_change_out, 0);
   EXPECT_EQ(match.bowler_change_in, 0);
-  EXPECT_EQ(view_last_wicket(), "");
+  EXPECT_EQ(view_last_wicket(match), "");
   EXPECT_EQ(match.browser_maximum, 0);
 }
 

@@ -10,6 +10,7 @@
 #include "engine/match_fixture.h"
 #include "engine/over_play.h"
 #include "model/check_match.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -54,7 +55,7 @@ TEST_F(Over, RunsOffTheBat) {
   EXPECT_EQ(bowler.runs, 16);
   EXPECT_EQ(bowler.maidens, 0);
   EXPECT_EQ(bowler.wickets, 0);
-  EXPECT_EQ(check_match(), "");
+  EXPECT_EQ(check_match(match), "");
 }
 
 TEST_F(Over, TheEndOfTheOver) {
@@ -141,7 +142,7 @@ TEST_F(Over, TheBrowserShowsPastOvers) {
   EXPECT_EQ(match.browser_maximum, 2);
   EXPECT_EQ(match.browsed_over, 2);
   EXPECT_THAT(match.over_symbols, ElementsAre("4", "4", "4", "4", "4", "4"));
-  console_form console;
+  console_form console(in_play());
   console.browse_over(1);
   EXPECT_EQ(match.browsed_over, 1);
   EXPECT_THAT(match.over_symbols, ElementsAre("1", "2", "0", "2", "0", "0"));
@@ -178,7 +179,7 @@ TEST_F(Over, AMeterEndsAt915) {
 }
 
 TEST_F(Over, TheButtonsOfTheConsoleOpenTheirForms) {
-  console_form console;
+  console_form console(in_play());
   console.show_scorecard();
   console.change_bowler();
   console.change_batsman_aggression(0);
@@ -195,7 +196,7 @@ TEST_F(Over, TheButtonsOfTheConsoleOpenTheirForms) {
 TEST_F(Over, AComputersSideCannotBeCommanded) {
   open(true, false);
   user.requests.clear();
-  console_form console;
+  console_form console(in_play());
   console.change_batsman_aggression(0);
   console.change_batsman_aggression(1);
   EXPECT_TRUE(user.requests.empty());

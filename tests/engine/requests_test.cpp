@@ -10,6 +10,7 @@
 #include "engine/match_fixture.h"
 #include "engine/over_play.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {

@@ -8,6 +8,7 @@
 #include "engine/delivery_model.h"
 #include "engine/match_fixture.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -56,7 +57,7 @@ class Reset : public match_test {
 
 TEST_F(Reset, SidesAndPosition) {
   fill();
-  reset_match();
+  reset_match(match);
   EXPECT_EQ(match.team1_name, "");
   EXPECT_EQ(match.team2_name, "");
   EXPECT_TRUE(match.computer_bats);
@@ -75,7 +76,7 @@ TEST_F(Reset, SidesAndPosition) {
 
 TEST_F(Reset, Totals) {
   fill();
-  reset_match();
+  reset_match(match);
   for (const integer& total :
        {match.innings_total, match.innings_balls, match.innings_wickets, match.innings_no_balls, match.innings_wides,
         match.innings_byes, match.innings_leg_byes, match.first_total, match.first_balls, match.first_wickets,
@@ -87,7 +88,7 @@ TEST_F(Reset, Totals) {
 TEST_F(Reset, ElevensCardsAndPool) {
   fill();
   ASSERT_NE(match.bowler_pool[11].name, "");
-  reset_match();
+  reset_match(match);
   for (int i = 0; i <= 11; ++i) {
     for (const eleven* men : {&match.batting_xi, &match.bowling_xi, &match.selected[0], &match.selected[1]}) {
       EXPECT_EQ((*men)[i].name, "");
@@ -115,7 +116,7 @@ TEST_F(Reset, ElevensCardsAndPool) {
 
 TEST_F(Reset, FallsLogsAndCommentary) {
   fill();
-  reset_match();
+  reset_match(match);
   for (const fall_of_wicket_table* falls : {&match.fall_of_wicket, &match.first_fall_of_wicket}) {
     for (const fall_of_wicket_rec& fall : *falls) {
       EXPECT_EQ(fall.batsman_a + fall.batsman_b + fall.overs_text, "");
@@ -126,12 +127,12 @@ TEST_F(Reset, FallsLogsAndCommentary) {
     for (const auto& over : *log) EXPECT_THAT(over, Each(""));
   }
   EXPECT_EQ(match.commentary_store.size(), 0);
-  EXPECT_THAT(stored_commentary_lines(), IsEmpty());
+  EXPECT_THAT(stored_commentary_lines(match), IsEmpty());
 }
 
 TEST_F(Reset, AchievementLists) {
   fill();
-  reset_match();
+  reset_match(match);
   EXPECT_THAT(match.fifty_list, Each(""));
   EXPECT_THAT(match.hundred_list, Each(""));
   EXPECT_THAT(match.century_and_half_list, Each(""));
@@ -147,7 +148,7 @@ TEST_F(Reset, AchievementLists) {
 
 TEST_F(Reset, ConditionsAndSetUp) {
   fill();
-  reset_match();
+  reset_match(match);
   EXPECT_EQ(match.venue_name(), "");
   EXPECT_EQ(match.ground.country, "");
   EXPECT_EQ(match.ground.pitch_bounce, 0);
@@ -177,7 +178,7 @@ TEST_F(Reset, LeavesTheResultTheCaptionsAndTheSignal) {
   match.batsman_aggression = {4, 5};
   match.bowling_aggression = {2, 5};
   script_draws({});
-  reset_match();
+  reset_match(match);
   EXPECT_EQ(match.result_ground, "The Oval");
   EXPECT_EQ(match.result_winner, "Home");
   EXPECT_EQ(match.result_loser, "Away");

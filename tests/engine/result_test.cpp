@@ -18,6 +18,7 @@
 #include "engine/over_play.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -194,7 +195,7 @@ TEST_F(Result, ATargetPassedBeforeTheLastWicketIsAWin) {
 TEST_F(Result, AnUnattendedConsoleIsLeftOpen) {
   set_up_sample_match(true, true);
   chance.use_seed(4);
-  open_console();
+  open_console(in_play());
   EXPECT_EQ(match.over_no, 0);
   EXPECT_TRUE(match.console_open);
 }
@@ -204,15 +205,15 @@ class Lasting : public Result {
  protected:
   void SetUp() override {
     Result::SetUp();
-    before_ = files;
+    before_ = data.files;
     std::string pattern = (std::filesystem::temp_directory_path() / "velorin-engine-XXXXXX").string();
     ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
     folder_ = pattern;
-    files = database_paths(folder_, "world");
-    files.elevens_in_memory = true;
+    data.files = database_paths(folder_, "world");
+    data.files.elevens_in_memory = true;
   }
   void TearDown() override {
-    files = before_;
+    data.files = before_;
     std::filesystem::remove_all(folder_);
     Result::TearDown();
   }
@@ -224,10 +225,10 @@ class Lasting : public Result {
 
 TEST_F(Lasting, TheLastStandOfTheMatchIsEntered) {
   home_make({hit(6), hit(6), hit(0), hit(0), hit(0), out()});
-  files.updates = true;
+  data.files.updates = true;
   play({hit(4), hit(4), hit(1), out(), hit(2), hit(2)});
   expect_result("Away", "Home", "  won by  9  wickets ");
-  const record_lists lists = read_record_lists();
+  const record_lists lists = read_record_lists(data);
   EXPECT_EQ(lists.partnerships[1].batsman_b, "H.Bat1");
   EXPECT_EQ(lists.partnerships[1].partner_runs, 12);
   EXPECT_EQ(lists.partnerships[2].batsman_a, "A.Bowl1");
@@ -235,14 +236,14 @@ TEST_F(Lasting, TheLastStandOfTheMatchIsEntered) {
   EXPECT_EQ(lists.partnerships[2].partner_runs, 4);
   EXPECT_EQ(lists.partnerships[2].partner_balls, 2);
   EXPECT_EQ(lists.partnerships[2].team, "Away");
-  EXPECT_EQ(read_career_table().career_team_count, 2);
+  EXPECT_EQ(read_career_table(data).career_team_count, 2);
 }
 
 TEST_F(Lasting, AllOutThereIsNoLastStand) {
   home_make(times(6, hit(6)));
-  files.updates = true;
+  data.files.updates = true;
   play(std::vector{hit(4)} + times(10, out()));
-  const record_lists lists = read_record_lists();
+  const record_lists lists = read_record_lists(data);
   EXPECT_EQ(lists.partnerships[10].batsman_b, "A.Bowl11");
   EXPECT_EQ(lists.partnerships[10].partner_balls, 1);
   EXPECT_EQ(lists.lowest_totals[1].total, 4);
@@ -250,51 +251,51 @@ TEST_F(Lasting, AllOutThereIsNoLastStand) {
 
 TEST_F(Lasting, AStrikerWhoIsTheLowerIsNamedTwice) {
   home_make({out(), hit(0), hit(0), hit(0), hit(0), hit(1)});
-  files.updates = true;
+  data.files.updates = true;
   play({hit(2)});
-  const record_lists lists = read_record_lists();
+  const record_lists lists = read_record_lists(data);
   EXPECT_EQ(lists.partnerships[1].batsman_a, "A.Bowl1");
   EXPECT_EQ(lists.partnerships[1].batsman_b, "A.Bowl1 * ");
 }
 
 TEST_F(Lasting, AFailedSaveIsTriedAgainAndTheMatchIsAddedOnce) {
   home_make(times(6, hit(6)));
-  files.updates = true;
-  std::filesystem::create_directory(files.record_file);
+  data.files.updates = true;
+  std::filesystem::create_directory(data.files.record_file);
   user.on_failed_save.push_back([](const failed_save& failed) {
     EXPECT_TRUE(failed.cause.ends_with("(file world.ptr)")) << failed.cause;
     EXPECT_EQ(failed.without, "If you go on without saving, this match is missing from the careers and records.");
     return save_answer::retry;
   });
   user.on_failed_save.push_back([](const failed_save&) {
-    std::filesystem::remove(files.record_file);
+    std::filesystem::remove(data.files.record_file);
     return save_answer::retry;
   });
   play(std::vector{hit(4)} + times(10, out()));
   EXPECT_TRUE(user.on_failed_save.empty());
   expect_result("Home", "Away", "  won by  32  runs");
   expect_reset();
-  EXPECT_EQ(read_record_lists().lowest_totals[1].total, 4);
-  const career_table careers = read_career_table();
+  EXPECT_EQ(read_record_lists(data).lowest_totals[1].total, 4);
+  const career_table careers = read_career_table(data);
   EXPECT_EQ(careers.career_team_count, 2);
   EXPECT_EQ(careers.teams[1].players[1].matches, 1);
 }
 
 TEST_F(Lasting, TheUserCanGoOnWithoutSaving) {
   home_make(times(6, hit(6)));
-  files.updates = true;
-  std::filesystem::create_directory(files.record_file);
+  data.files.updates = true;
+  std::filesystem::create_directory(data.files.record_file);
   user.on_failed_save.push_back([](const failed_save&) { return save_answer::go_on; });
   play(std::vector{hit(4)} + times(10, out()));
   expect_result("Home", "Away", "  won by  32  runs");
   expect_reset();
-  EXPECT_FALSE(std::filesystem::exists(files.career_file));
+  EXPECT_FALSE(std::filesystem::exists(data.files.career_file));
 }
 
 TEST_F(Lasting, AFailedSaveThatNobodyAnswersIsRaised) {
   home_make(times(6, hit(6)));
-  files.updates = true;
-  std::filesystem::create_directory(files.record_file);
+  data.files.updates = true;
+  std::filesystem::create_directory(data.files.record_file);
   EXPECT_THROW(play(std::vector{hit(4)} + times(10, out())), run_time_error);
   EXPECT_EQ(user.requests_of("failed save").size(), 1U);
 }

@@ -10,6 +10,7 @@
 #include "engine/match_fixture.h"
 #include "engine/over_play.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -45,8 +46,8 @@ class Unattended : public match_test {
     set_up(computer_bats, computer_bowls);
     for (int i = 1; i <= 11; ++i) match.batting_xi[i].bat_skill = match.batting_xi[i].bat_skill * 2;
     chance.use_seed(seed);
-    open_console();
-    while (match.over_no != 0) next_over();
+    open_console(in_play());
+    while (match.over_no != 0) next_over(in_play());
     user.requests.push_back(match.result_winner + match.result_margin + " " + std::to_string(match.rate_first.delta));
     user.requests.push_back(std::to_string(chance.draws_used()));
     return user.requests;
@@ -54,11 +55,11 @@ class Unattended : public match_test {
 
   void note_state() {
     std::vector<std::string>& lines = user.requests;
-    for (const std::string& line : stored_commentary_lines()) lines.push_back(line);
-    for (const std::string& line : commentary_lines()) lines.push_back(line);
-    for (const bowler_line& line : view_bowler_list()) lines.push_back(line.name + line.figures);
-    for (const rate_cell& cell : view_rates().cells) lines.push_back(cell.heading + cell.text);
-    lines.push_back(view_last_wicket());
+    for (const std::string& line : stored_commentary_lines(match)) lines.push_back(line);
+    for (const std::string& line : commentary_lines(match)) lines.push_back(line);
+    for (const bowler_line& line : view_bowler_list(match)) lines.push_back(line.name + line.figures);
+    for (const rate_cell& cell : view_rates(match).cells) lines.push_back(cell.heading + cell.text);
+    lines.push_back(view_last_wicket(match));
     for (const auto& over : match.ball_log) lines.insert(lines.end(), over.begin(), over.end());
     for (const auto& fall : match.fall_of_wicket) lines.push_back(fall.batsman_a + fall.batsman_b);
     for (const std::string& name : match.fifty_list) lines.push_back(name);
@@ -76,7 +77,7 @@ TEST_F(Unattended, OnlyScorecardsAndTheResultAreShown) {
     int fifties = 0;
     user.on_report = [&fifties](report) { fifties += match.fifty_list[1].empty() ? 0 : 1; };
     chance.use_seed(static_cast<std::uint64_t>(seed));
-    open_console();
+    open_console(in_play());
     ASSERT_EQ(user.requests.size(), 3U) << seed;
     EXPECT_EQ(user.requests[0], "report 0");
     EXPECT_THAT(user.requests[1], StartsWith("message End of Match | "));
@@ -97,7 +98,7 @@ TEST_F(Unattended, ASideAllOutEndsTheLoopEarly) {
   add_wickets(draws, 10);
   const auto all = draws.size();
   script_draws(draws);
-  open_console();
+  open_console(in_play());
   EXPECT_EQ(chance.draws_used(), all);
   EXPECT_EQ(user.progress_calls, 4);
   EXPECT_FALSE(user.progress_open);
@@ -114,7 +115,7 @@ TEST_F(Unattended, AFirstInningsOfNoRunsLeavesNoResult) {
   draws.push_back(0.5);
   script_draws(draws);
   user.on_report = [](report) { EXPECT_EQ(match.score_wickets, 10); };
-  open_console();
+  open_console(in_play());
   EXPECT_EQ(chance.draws_used(), 22U);
   EXPECT_THAT(user.requests, ElementsAre("report 0"));
   EXPECT_EQ(user.progress_calls, 2);
@@ -140,7 +141,7 @@ TEST_F(Unattended, TheQuotaIsAskedInAnUnattendedMatchToo) {
     match.innings_balls += 60;
     asked = match.next_bowler;
   };
-  open_console();
+  open_console(in_play());
   const std::vector<std::string> messages = user.requests_of("message");
   ASSERT_FALSE(messages.empty());
   EXPECT_EQ(messages[0], "message Full Quota Bowled | A.Bowl" + std::to_string(asked) +
@@ -173,7 +174,7 @@ TEST_F(Unattended, TheSecondOfTwoMatchesNamesNobodyOfTheFirst) {
   match.bowling_xi = sample_eleven("N.South");
   user.requests.clear();
   chance.use_seed(6);
-  open_console();
+  open_console(in_play());
   for (const std::string& request : user.requests) {
     EXPECT_EQ(request.find("H.Bat"), std::string::npos) << request;
     EXPECT_EQ(request.find("A.Bowl"), std::string::npos) << request;
@@ -199,8 +200,8 @@ TEST_F(Unattended, ZeroAttendedGoesOnIntoAThirdInnings) {
   EXPECT_EQ(match.batting_card[1].how_out, " b A.Bowl1");  // the card of their first innings goes on
   EXPECT_EQ(match.batting_card[1].balls, 1);
   EXPECT_EQ(match.first_batting_card[1].name, "A.Bowl1");
-  EXPECT_THAT(commentary_lines(), IsEmpty());
-  EXPECT_EQ(stored_commentary_lines().at(0), "H.Bat1 to A.Bowl1 : 4 runs.");
+  EXPECT_THAT(commentary_lines(match), IsEmpty());
+  EXPECT_EQ(stored_commentary_lines(match).at(0), "H.Bat1 to A.Bowl1 : 4 runs.");
   user.requests.clear();
   play({hit(4), hit(1)});
   EXPECT_EQ(match.result_winner, "Home");

@@ -11,6 +11,7 @@
 #include "engine/delivery_model.h"
 #include "engine/match_fixture.h"
 #include "model/check_match.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -54,7 +55,7 @@ TEST_F(Wicket, BooksTheBall) {
   EXPECT_EQ(match.fall_of_wicket[1].batsman_a, "H.Bat2");
   EXPECT_EQ(match.fall_of_wicket[1].batsman_b, "H.Bat1");
   EXPECT_FALSE(match.innings_over_flag);
-  EXPECT_EQ(check_match(), "");
+  EXPECT_EQ(check_match(match), "");
 }
 
 TEST_F(Wicket, TheNewManTakesStrike) {
@@ -72,7 +73,7 @@ TEST_F(Wicket, ARunOutIsNoWicketOfTheBowler) {
   EXPECT_EQ(match.bowling_card[1].wickets, 0);
   EXPECT_EQ(match.batting_card[1].how_out, " run out (A.Bowl5)");
   EXPECT_EQ(match.striker, 3);
-  EXPECT_EQ(check_match(), "");
+  EXPECT_EQ(check_match(match), "");
 }
 
 TEST_F(Wicket, EveryOtherDismissalIsTheBowlers) {
@@ -113,12 +114,12 @@ TEST_F(Wicket, HeadlineLabelAndDialogs) {
               ElementsAre("batsmandetails H.Bat1  c A.Bowl11  b A.Bowl1  0 (1).", "batorder Select Next Batsman",
                           "batsmandetails H.Bat3   run out (A.Bowl2)  0 (1).", "batorder Select Next Batsman",
                           "batsmandetails H.Bat4   lbw A.Bowl1  0 (1).", "batorder Select Next Batsman"));
-  EXPECT_EQ(view_last_wicket(), "H.Bat4   lbw A.Bowl1 0(1) at 0.");
+  EXPECT_EQ(view_last_wicket(match), "H.Bat4   lbw A.Bowl1 0(1) at 0.");
 }
 
 TEST_F(Wicket, TheLabelKeepsTheScoreOfTheFall) {
   play({hit(4), out(12), hit(6)});
-  EXPECT_EQ(view_last_wicket(), "H.Bat1  c A.Bowl7  b A.Bowl1 4(2) at 4.");
+  EXPECT_EQ(view_last_wicket(match), "H.Bat1  c A.Bowl7  b A.Bowl1 4(2) at 4.");
 }
 
 TEST_F(Wicket, AManChosenOutOfOrderMovesUp) {

@@ -7,6 +7,7 @@
 #include "database/configuration.h"
 #include "database/elevens.h"
 #include "database/file_calls.h"
+#include "database/open_database.h"
 
 namespace {
 
@@ -28,12 +29,13 @@ int main(int count, char** words) {
   if (!velorin::prepare_process()) return 1;
   const std::string wanted = words[2];
   try {
-    velorin::files = velorin::database_paths(words[1], {});
+    velorin::open_database data;
+    data.files = velorin::database_paths(words[1], {});
     if (wanted == "write") {
-      velorin::write_eleven(velorin::side::first, men_called("A."));
-      velorin::write_eleven(velorin::side::second, men_called("B."));
+      velorin::write_eleven(data, velorin::side::first, men_called("A."));
+      velorin::write_eleven(data, velorin::side::second, men_called("B."));
     } else {
-      velorin::swap_elevens();
+      velorin::swap_elevens(data);
     }
     return 0;
   } catch (const std::exception& error) {

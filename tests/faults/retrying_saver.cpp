@@ -12,6 +12,7 @@
 #include "database/database_fixture.h"
 #include "database/elevens.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace {
 
@@ -29,14 +30,14 @@ void with_a_second_try(const std::function<void()>& save) {
 int main(int count, char** words) {
   if (count != 3) return 2;
   try {
-    velorin::files = velorin::database_paths(words[1], "base");
+    velorin::data.files = velorin::database_paths(words[1], "base");
     if (words[2] == std::string("match")) {
       velorin::testing::set_up_finished_match();
-      velorin::match_update update;
+      velorin::match_update update(velorin::match, velorin::data);
       with_a_second_try([&] { update.run(); });
     } else {
       bool again = false;
-      with_a_second_try([&] { velorin::swap_elevens(std::exchange(again, true)); });
+      with_a_second_try([&] { velorin::swap_elevens(velorin::data, std::exchange(again, true)); });
     }
     return 0;
   } catch (const std::exception& error) {

@@ -6,15 +6,17 @@
 
 #include "database/configuration.h"
 #include "database/file_calls.h"
+#include "database/open_database.h"
 #include "database/settings_form.h"
 
 int main(int count, char** words) {
   if (count != 4) return 2;
   if (!velorin::prepare_process()) return 1;
   try {
-    velorin::files = velorin::database_paths(words[1], {});
-    velorin::read_options();
-    velorin::settings_form form;
+    velorin::open_database data;
+    data.files = velorin::database_paths(words[1], {});
+    velorin::read_options(data);
+    velorin::settings_form form(data);
     form.open();
     form.database = words[2];
     form.photo_folder = "/photos";

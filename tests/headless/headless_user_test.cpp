@@ -10,6 +10,7 @@
 #include "setup/conditions.h"
 #include "setup/team_selection.h"
 #include "setup/toss.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -24,7 +25,7 @@ class HeadlessUser : public ::testing::Test {
  protected:
   void SetUp() override { set_up_sample_match(false, false); }
 
-  headless_user user_;
+  headless_user user_{match};
 };
 
 // The conditions.
@@ -33,7 +34,7 @@ TEST_F(HeadlessUser, TakesTheConditionsAsTheyCome) {
   match.ground.pitch_bounce = 1;
   match.ground.pitch_surface = 2;
   script_draws({0.9, 0.7, 0, 0});
-  conditions_form form;
+  conditions_form form(in_play());
   form.open();
   user_.show(form);
   EXPECT_TRUE(form.closed);
@@ -45,7 +46,7 @@ TEST_F(HeadlessUser, TakesTheConditionsAsTheyCome) {
 
 TEST_F(HeadlessUser, MovesTheSlidersWhereConditionsAreGiven) {
   script_draws({0.9, 0.7, 0, 0});
-  conditions_form form;
+  conditions_form form(in_play());
   form.open();
   user_.conditions = {{1, 2, 3, 4}};
   user_.show(form);
@@ -63,7 +64,7 @@ TEST_F(HeadlessUser, CallsAndBats) {
   for (const double coin : {one, two}) {
     set_up_sample_match(false, false);
     script_draws({coin});
-    toss_form form;
+    toss_form form(in_play());
     form.open();
     user_.show(form);
     EXPECT_TRUE(form.closed);
@@ -76,7 +77,7 @@ TEST_F(HeadlessUser, PressesTheButtonThatAComputerLeaves) {
   for (const double election : {one, two}) {
     set_up_sample_match(false, true);
     script_draws({two, election});
-    toss_form form;
+    toss_form form(in_play());
     form.open();
     user_.show(form);
     EXPECT_TRUE(form.closed);
@@ -88,7 +89,7 @@ TEST_F(HeadlessUser, DoesNotCallWhereTheCoinHasFallen) {
   for (const double election : {one, two}) {
     set_up_sample_match(true, false);
     script_draws({one, election});
-    toss_form form;
+    toss_form form(in_play());
     form.open_decided();
     user_.show(form);
     EXPECT_TRUE(form.closed);
@@ -103,7 +104,7 @@ TEST_F(HeadlessUser, SendsInTheFirstManWhoIsFree) {
   match.striker = 2;
   match.non_striker = 4;
   match.batsman_aggression = {1, 5};
-  next_batsman_form form("Select Next Batsman");
+  next_batsman_form form(match, "Select Next Batsman");
   user_.show(form);
   EXPECT_TRUE(form.closed);
   EXPECT_EQ(form.chosen, 5);
@@ -112,11 +113,11 @@ TEST_F(HeadlessUser, SendsInTheFirstManWhoIsFree) {
 }
 
 TEST_F(HeadlessUser, OpensWithTheFirstTwoBatsmen) {
-  next_batsman_form first("Select 1st Opener");
+  next_batsman_form first(match, "Select 1st Opener");
   user_.show(first);
   EXPECT_EQ(first.chosen, 1);
   match.striker = 1;
-  next_batsman_form second("Select 2nd Opener");
+  next_batsman_form second(match, "Select 2nd Opener");
   user_.show(second);
   EXPECT_EQ(second.chosen, 2);
   EXPECT_EQ(match.batsman_aggression, (slots{3, 3}));
@@ -124,11 +125,11 @@ TEST_F(HeadlessUser, OpensWithTheFirstTwoBatsmen) {
 
 TEST_F(HeadlessUser, OpensWithTheFirstTwoWhoMayBowl) {
   match.bowling_xi[1].is_keeper = flag_true;
-  bowler_choice_form first(bowler_choice_form::use::first_opener, "Select 1st Opening Bowler");
+  bowler_choice_form first(match, bowler_choice_form::use::first_opener, "Select 1st Opening Bowler");
   user_.show(first);
   EXPECT_TRUE(first.closed);
   EXPECT_EQ(match.bowler, 2);
-  bowler_choice_form second(bowler_choice_form::use::second_opener, "Select 2nd Opening Bowler");
+  bowler_choice_form second(match, bowler_choice_form::use::second_opener, "Select 2nd Opening Bowler");
   user_.show(second);
   EXPECT_EQ(match.next_bowler, 3);
   EXPECT_EQ(match.bowler, 2);
@@ -141,7 +142,7 @@ TEST_F(HeadlessUser, ChangesToTheFirstManWithBallsLeft) {
   match.bowling_card[2].balls = 61;
   match.bowling_card[4].balls = 60;
   match.bowling_card[5].balls = 59;
-  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
   user_.show(form);
   EXPECT_TRUE(form.closed);
   EXPECT_EQ(match.bowler, 5);
@@ -152,7 +153,7 @@ TEST_F(HeadlessUser, MayKeepTheBowlerWhoIsFirst) {
   match.bowler = 1;
   match.next_bowler = 2;
   match.bowling_card[1].balls = 54;
-  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
   user_.show(form);
   EXPECT_EQ(match.bowler, 1);
 }
@@ -163,7 +164,7 @@ TEST_F(HeadlessUser, WithNobodyLeftToBowlTheSearchIsEndless) {
   for (int i = 1; i <= 11; ++i) match.bowling_card[i].balls = 60;
   match.bowling_card[2].balls = 0;
   match.bowling_card[7].balls = 0;  // the keeper
-  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
   try {
     user_.show(form);
     ADD_FAILURE() << "no error";
@@ -177,7 +178,7 @@ TEST_F(HeadlessUser, WithNobodyLeftToBowlTheSearchIsEndless) {
 
 TEST_F(HeadlessUser, LeavesAnAggressionAsItIs) {
   match.batsman_aggression = {4, 2};
-  aggression_form form = aggression_form::of_batsman(0);
+  aggression_form form = aggression_form::of_batsman(match, 0);
   user_.show(form);
   EXPECT_EQ(match.batsman_aggression, (slots{4, 2}));
 }
@@ -185,9 +186,9 @@ TEST_F(HeadlessUser, LeavesAnAggressionAsItIs) {
 TEST_F(HeadlessUser, PressesTheOverButtonUntilTheConsoleCloses) {
   front_end_scope shown(user_);
   chance.use_seed(3);
-  open_console();
+  open_console(in_play());
   ASSERT_TRUE(match.console_open);
-  console_form console;
+  console_form console(in_play());
   user_.show(console);
   EXPECT_TRUE(console.closed());
   EXPECT_NE(match.result_margin, "");

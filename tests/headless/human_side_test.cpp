@@ -9,6 +9,7 @@
 
 #include "engine/over_play.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 
@@ -31,8 +32,8 @@ class HumanSide : public ::testing::Test {
   void play_first_innings(std::uint64_t seed) {
     set_up_sample_match(false, false);
     chance.use_seed(seed);
-    open_console();
-    console_form console;
+    open_console(in_play());
+    console_form console(in_play());
     while (match.innings_number == 1) {
       std::array<int, 12> before{};
       for (int i = 1; i <= 11; ++i) before[i] = match.bowling_card[i].balls;

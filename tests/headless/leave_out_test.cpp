@@ -5,6 +5,7 @@
 #include "headless/headless_user.h"
 #include "model/random.h"
 #include "setup/new_match.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/squad_table.h"
 
@@ -39,11 +40,11 @@ std::vector<squad_row> twelve() {
 std::string selected(const squad& men) {
   set_up_sample_match();
   selection screen(men);
-  headless_user user;
+  headless_user user(match);
   user.show(screen.form);
   EXPECT_TRUE(screen.form.closed);
   EXPECT_TRUE(match.first_team_done);
-  read_elevens();
+  read_elevens(match, data);
   std::string names;
   for (int i = 1; i <= 11; ++i) names += (i > 1 ? " " : "") + match.batting_xi[i].name;
   return names;
@@ -109,7 +110,7 @@ TEST(LeaveOut, ABatsmanIfNobodyElseMayGo) {
 TEST(LeaveOut, TheSecondTeamsOkIsPressedForTheSecondTeam) {
   set_up_sample_match();
   chance.use_seed(5);
-  headless_user user;
+  headless_user user(match);
   front_end_scope shown(user);
   selection first(squad_of(twelve()), "Home");
   user.show(first.form);

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "model/match_state.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -187,7 +188,7 @@ class CommentaryOfTheMatch : public testing::Test {
 TEST_F(CommentaryOfTheMatch, ReadsTheCardsOfTheInningsInPlay) {
   match.ball_commentary.add_ball({ball_text::runs, 2, 4, 1});
   match.ball_commentary.add_over(over_of_figures());
-  const auto lines = commentary_lines();
+  const auto lines = commentary_lines(match);
   ASSERT_EQ(lines.size(), 13U);
   EXPECT_EQ(lines[0], "K.Voss to T.Marrow : 2 runs.");
   EXPECT_EQ(lines[3], "Nor   41/2");
@@ -197,7 +198,7 @@ TEST_F(CommentaryOfTheMatch, TheStoreReadsTheCardsOfTheOtherInningsAndEndsWithAn
   match.commentary_store.add_ball({ball_text::runs, 6, 5, 2});
   match.commentary_store.add_over(over_of_figures());
   match.commentary_stored = true;
-  const auto lines = stored_commentary_lines();
+  const auto lines = stored_commentary_lines(match);
   ASSERT_EQ(lines.size(), 14U);
   EXPECT_EQ(lines[0], "S.Orr to P.Lind : 6 runs.");
   EXPECT_EQ(lines[3], "EM   41/2");
@@ -207,12 +208,12 @@ TEST_F(CommentaryOfTheMatch, TheStoreReadsTheCardsOfTheOtherInningsAndEndsWithAn
 }
 
 TEST_F(CommentaryOfTheMatch, TheStoreIsEmptyBeforeTheChangeOfInnings) {
-  EXPECT_THAT(stored_commentary_lines(), IsEmpty());
+  EXPECT_THAT(stored_commentary_lines(match), IsEmpty());
 }
 
 TEST_F(CommentaryOfTheMatch, AnInningsWithoutALineLeavesTheEmptyLineAlone) {
   match.commentary_stored = true;
-  EXPECT_THAT(stored_commentary_lines(), ElementsAre(""));
+  EXPECT_THAT(stored_commentary_lines(match), ElementsAre(""));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -22,7 +23,7 @@ class Random : public testing::Test {
 
 std::vector<double> draws(int count) {
   std::vector<double> drawn;
-  for (int i = 0; i < count; ++i) drawn.push_back(rnd());
+  for (int i = 0; i < count; ++i) drawn.push_back(chance.rnd());
   return drawn;
 }
 
@@ -39,11 +40,11 @@ TEST_F(Random, ASeedRepeatsItsDraws) {
 
 TEST_F(Random, ASeedGivesTheSameDrawsOnEveryMachine) {
   chance.use_seed(1);
-  EXPECT_EQ(rnd(), 3220144176 * 0x1p-32);
-  EXPECT_EQ(rnd(), 1599417572 * 0x1p-32);
-  EXPECT_EQ(rnd(), 1882415043 * 0x1p-32);
+  EXPECT_EQ(chance.rnd(), 3220144176 * 0x1p-32);
+  EXPECT_EQ(chance.rnd(), 1599417572 * 0x1p-32);
+  EXPECT_EQ(chance.rnd(), 1882415043 * 0x1p-32);
   chance.use_seed(0);
-  EXPECT_EQ(rnd(), 3793791033 * 0x1p-32);
+  EXPECT_EQ(chance.rnd(), 3793791033 * 0x1p-32);
 }
 
 TEST_F(Random, ReseedingChangesNothingUnderASeed) {
@@ -52,8 +53,8 @@ TEST_F(Random, ReseedingChangesNothingUnderASeed) {
   chance.use_seed(42);
   std::vector<double> reseeded;
   for (int i = 0; i < 100; ++i) {
-    reseed();
-    reseeded.push_back(rnd());
+    chance.reseed();
+    reseeded.push_back(chance.rnd());
   }
   EXPECT_EQ(reseeded, plain);
 }
@@ -61,7 +62,7 @@ TEST_F(Random, ReseedingChangesNothingUnderASeed) {
 TEST_F(Random, DrawsLieFromZeroToBelowOne) {
   chance.use_seed(3);
   for (int i = 0; i < 1000000; ++i) {
-    const double r = rnd();
+    const double r = chance.rnd();
     ASSERT_GE(r, 0);
     ASSERT_LT(r, 1);
   }
@@ -70,10 +71,10 @@ TEST_F(Random, DrawsLieFromZeroToBelowOne) {
 TEST_F(Random, CountsTheDraws) {
   chance.use_seed(3);
   EXPECT_EQ(chance.draws_used(), 0U);
-  rnd();
-  die(6);
-  coin();
-  reseed();
+  chance.rnd();
+  die(chance, 6);
+  coin(chance);
+  chance.reseed();
   EXPECT_EQ(chance.draws_used(), 3U);
   chance.use_script({0.5}, "draws.txt");
   EXPECT_EQ(chance.draws_used(), 0U);
@@ -81,12 +82,12 @@ TEST_F(Random, CountsTheDraws) {
 
 TEST_F(Random, AScriptGivesItsNumbersInTurn) {
   chance.use_script({0.25, 0, just_under_one, 0.5}, "draws.txt");
-  EXPECT_EQ(rnd(), 0.25);
-  reseed();
-  EXPECT_EQ(rnd(), 0);
-  EXPECT_EQ(rnd(), just_under_one);
-  reseed();
-  EXPECT_EQ(rnd(), 0.5);
+  EXPECT_EQ(chance.rnd(), 0.25);
+  chance.reseed();
+  EXPECT_EQ(chance.rnd(), 0);
+  EXPECT_EQ(chance.rnd(), just_under_one);
+  chance.reseed();
+  EXPECT_EQ(chance.rnd(), 0.5);
 }
 
 TEST_F(Random, AScriptThatHasRunOutIsAFailureThatNamesItsLength) {
@@ -94,7 +95,7 @@ TEST_F(Random, AScriptThatHasRunOutIsAFailureThatNamesItsLength) {
   draws(3);
   for (int again = 0; again < 2; ++again) {
     try {
-      rnd();
+      chance.rnd();
       ADD_FAILURE() << "a fourth number came";
     } catch (const run_time_error& error) {
       EXPECT_EQ(error.kind(), failure::subscript);
@@ -107,9 +108,9 @@ TEST_F(Random, AScriptThatHasRunOutIsAFailureThatNamesItsLength) {
 TEST_F(Random, ADieShowsItsFirstFaceAtZeroAndItsLastJustUnderOne) {
   for (int n = 1; n <= 32767; ++n) {
     chance.use_script({0, just_under_one, 1 - 0x1p-32}, "ends");
-    ASSERT_EQ(die(n), 1) << n << " faces";
-    ASSERT_EQ(die(n), n) << n << " faces";
-    ASSERT_EQ(die(n), n) << n << " faces, the highest number that the generators give";
+    ASSERT_EQ(die(chance, n), 1) << n << " faces";
+    ASSERT_EQ(die(chance, n), n) << n << " faces";
+    ASSERT_EQ(die(chance, n), n) << n << " faces, the highest number that the generators give";
   }
 }
 
@@ -118,18 +119,18 @@ TEST_F(Random, EachFaceBeginsAtItsFraction) {
     for (int face = 2; face <= n; ++face) {
       const double start = (face - 1.0) / n;
       chance.use_script({start, start - 0x1p-40}, "faces");
-      ASSERT_EQ(die(n), face);
-      ASSERT_EQ(die(n), face - 1);
+      ASSERT_EQ(die(chance, n), face);
+      ASSERT_EQ(die(chance, n), face - 1);
     }
   }
 }
 
 TEST_F(Random, ACoinHasTwoSides) {
   chance.use_script({0, 0.49, 0.5, just_under_one}, "coins");
-  EXPECT_EQ(coin(), 1);
-  EXPECT_EQ(coin(), 1);
-  EXPECT_EQ(coin(), 2);
-  EXPECT_EQ(coin(), 2);
+  EXPECT_EQ(coin(chance), 1);
+  EXPECT_EQ(coin(chance), 1);
+  EXPECT_EQ(coin(chance), 2);
+  EXPECT_EQ(coin(chance), 2);
 }
 
 TEST_F(Random, MixTurnsOverHalfTheBitsForEachBit) {
@@ -209,8 +210,8 @@ constexpr int million = 1000000;
 TEST_F(Random, TheClockAtFullSpeedGivesEvenAndIndependentDraws) {
   draw_statistics drawn;
   for (int i = 0; i < million; ++i) {
-    reseed();
-    drawn.add(rnd());
+    chance.reseed();
+    drawn.add(chance.rnd());
   }
   expect_even(drawn);
 }
@@ -219,9 +220,9 @@ TEST_F(Random, TheSecondDrawAfterTheClockIsEvenAndIndependentToo) {
   draw_statistics seconds;
   draw_statistics both;
   for (int i = 0; i < million / 2; ++i) {
-    reseed();
-    both.add(rnd());
-    const double second = rnd();
+    chance.reseed();
+    both.add(chance.rnd());
+    const double second = chance.rnd();
     both.add(second);
     seconds.add(second);
   }
@@ -253,7 +254,7 @@ TEST_F(Random, TheStateAfterAReadingIsAPureFunctionOfIt) {
 TEST_F(Random, OneSeedGivesEvenAndIndependentDraws) {
   chance.use_seed(20240229);
   draw_statistics drawn;
-  for (int i = 0; i < million; ++i) drawn.add(rnd());
+  for (int i = 0; i < million; ++i) drawn.add(chance.rnd());
   expect_even(drawn);
 }
 
@@ -262,7 +263,7 @@ TEST_F(Random, ADieFallsOnAllFacesAlike) {
   constexpr int faces = 110;
   constexpr int throws = 550000;
   std::array<int, faces + 1> seen{};
-  for (int i = 0; i < throws; ++i) ++seen[static_cast<std::size_t>(die(faces))];
+  for (int i = 0; i < throws; ++i) ++seen[static_cast<std::size_t>(die(chance, faces))];
   EXPECT_EQ(seen[0], 0);
   double chi_square = 0;
   const double expected = static_cast<double>(throws) / faces;

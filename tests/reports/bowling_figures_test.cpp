@@ -2,6 +2,7 @@
 #include "reports/bowling_figures.h"
 
 #include "reports/match_scenes.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -10,7 +11,7 @@ using BowlingCards = reports_test;
 
 TEST_F(BowlingCards, shows_the_innings_in_play) {
   set_second_innings_in_play();
-  bowling_card_form screen;
+  bowling_card_form screen(match);
   screen.open();
   EXPECT_EQ(screen.names[9], "I.Nettle");
   EXPECT_EQ(screen.overs[9], "6.0");
@@ -25,7 +26,7 @@ TEST_F(BowlingCards, shows_the_innings_in_play) {
 
 TEST_F(BowlingCards, a_man_who_has_not_bowled_shows_his_name_only) {
   set_second_innings_in_play();
-  bowling_card_form screen;
+  bowling_card_form screen(match);
   screen.open();
   EXPECT_EQ(screen.names[1], "A.Harrow");
   EXPECT_EQ(screen.overs[1], "");
@@ -37,7 +38,7 @@ TEST_F(BowlingCards, a_man_who_has_not_bowled_shows_his_name_only) {
 
 TEST_F(BowlingCards, shows_the_first_innings) {
   set_second_innings_in_play();
-  first_bowling_card_form screen;
+  first_bowling_card_form screen(match);
   screen.open();
   EXPECT_EQ(screen.names[5], "E.Marrack");
   EXPECT_EQ(screen.overs[5], "9.0");
@@ -52,7 +53,7 @@ TEST_F(BowlingCards, shows_the_first_innings) {
 
 TEST_F(BowlingCards, reopening_forgets_what_was_shown) {
   set_second_innings_in_play();
-  bowling_card_form screen;
+  bowling_card_form screen(match);
   screen.open();
   match.bowling_card[9].balls = 0;
   screen.open();

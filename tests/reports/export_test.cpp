@@ -9,6 +9,7 @@
 #include "database/configuration.h"
 #include "reports/match_scenes.h"
 #include "reports/opened.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -68,16 +69,16 @@ void expect_golden(const std::string& name, const std::string& bytes) {
 
 TEST_F(Export, golden_one_innings) {
   set_first_innings_in_play();
-  expect_golden("one_innings.html", html_scorecard(opened<scorecard_form>()));
-  expect_golden("one_innings.txt", text_scorecard(opened<scorecard_form>()));
-  expect_golden("one_innings_by_ball.txt", ball_by_ball(opened<scorecard_form>()));
+  expect_golden("one_innings.html", html_scorecard(match, data, opened<scorecard_form>()));
+  expect_golden("one_innings.txt", text_scorecard(match, opened<scorecard_form>()));
+  expect_golden("one_innings_by_ball.txt", ball_by_ball(match, opened<scorecard_form>()));
 }
 
 TEST_F(Export, golden_two_innings) {
   set_second_innings_in_play();
-  expect_golden("two_innings.html", html_scorecard(opened<scorecard_form>()));
-  expect_golden("two_innings.txt", text_scorecard(opened<scorecard_form>()));
-  expect_golden("two_innings_by_ball.txt", ball_by_ball(opened<scorecard_form>()));
+  expect_golden("two_innings.html", html_scorecard(match, data, opened<scorecard_form>()));
+  expect_golden("two_innings.txt", text_scorecard(match, opened<scorecard_form>()));
+  expect_golden("two_innings_by_ball.txt", ball_by_ball(match, opened<scorecard_form>()));
 }
 
 TEST_F(Export, golden_before_the_first_ball) {
@@ -89,18 +90,21 @@ TEST_F(Export, golden_before_the_first_ball) {
   match.bowling_card[11].name = "K.Foss";
   match.striker = 1;
   match.non_striker = 2;
-  expect_golden("no_ball_bowled.txt", text_scorecard(opened<scorecard_form>()));
+  expect_golden("no_ball_bowled.txt", text_scorecard(match, opened<scorecard_form>()));
 }
 
 TEST_F(Export, the_header_names_the_boundaries_only) {
   set_first_innings_in_play();
-  EXPECT_NE(place_of(lines_of(html_scorecard(opened<scorecard_form>())), blanks(71) + "4s" + blanks(4) + "6s"), -1);
-  EXPECT_NE(place_of(lines_of(text_scorecard(opened<scorecard_form>())), blanks(69) + "4s" + blanks(2) + "6s"), -1);
+  EXPECT_NE(
+      place_of(lines_of(html_scorecard(match, data, opened<scorecard_form>())), blanks(71) + "4s" + blanks(4) + "6s"),
+      -1);
+  EXPECT_NE(place_of(lines_of(text_scorecard(match, opened<scorecard_form>())), blanks(69) + "4s" + blanks(2) + "6s"),
+            -1);
 }
 
 TEST_F(Export, a_name_breaks_its_row_only_behind_column_20) {
   set_second_innings_in_play();
-  const auto lines = lines_of(text_scorecard(opened<scorecard_form>()));
+  const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   EXPECT_NE(
       place_of(lines, "B.Lindqvist-Ramsden c E.Marrack" + blanks(8) + " b K.Stote" + blanks(10) + " 40   44  5   0 "),
       -1);
@@ -111,17 +115,18 @@ TEST_F(Export, a_name_breaks_its_row_only_behind_column_20) {
 
 TEST_F(Export, a_hundred_balls_break_the_rows_of_the_plain_files_only) {
   set_second_innings_in_play();
-  const auto text = lines_of(text_scorecard(opened<scorecard_form>()));
+  const auto text = lines_of(text_scorecard(match, opened<scorecard_form>()));
   const std::string lead = "A.Harrow" + blanks(31) + " c && b J.Abara" + blanks(5);
   const int place = place_of(text, lead + " 123  131 ");
   ASSERT_NE(place, -1);
   EXPECT_EQ(text[place + 1], blanks(68) + " 14  2 ");
-  EXPECT_NE(place_of(lines_of(html_scorecard(opened<scorecard_form>())), lead + " 123   131  14    2 "), -1);
+  EXPECT_NE(place_of(lines_of(html_scorecard(match, data, opened<scorecard_form>())), lead + " 123   131  14    2 "),
+            -1);
 }
 
 TEST_F(Export, a_long_catcher_breaks_the_row) {
   set_first_innings_in_play();
-  const auto lines = lines_of(text_scorecard(opened<scorecard_form>()));
+  const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   const int place = place_of(lines, "A.Tamuera" + blanks(10) + " c B.Lindqvist-Ramsden");
   ASSERT_NE(place, -1);
   EXPECT_EQ(lines[place + 1], blanks(39) + " b I.Nettle" + blanks(9) + " 12   20  2   0 ");
@@ -129,7 +134,7 @@ TEST_F(Export, a_long_catcher_breaks_the_row) {
 
 TEST_F(Export, only_men_who_have_come_in_have_a_row) {
   set_first_innings_in_play();
-  const std::string file = text_scorecard(opened<scorecard_form>());
+  const std::string file = text_scorecard(match, opened<scorecard_form>());
   EXPECT_NE(file.find("E.Marrack"), std::string::npos);
   EXPECT_EQ(file.find("F.Uluila"), std::string::npos);
 }
@@ -137,7 +142,7 @@ TEST_F(Export, only_men_who_have_come_in_have_a_row) {
 TEST_F(Export, the_totals_of_the_two_innings_differ_in_form) {
   set_second_innings_in_play();
   match.first_wickets = 9;
-  const auto lines = lines_of(text_scorecard(opened<scorecard_form>()));
+  const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   EXPECT_NE(place_of(lines, blanks(33) + " (9 wickets , 48.2  Overs) 261 "), -1);
   EXPECT_NE(place_of(lines, blanks(33) + "(3 wickets , 22.5  Overs) 131"), -1);
 }
@@ -145,7 +150,7 @@ TEST_F(Export, the_totals_of_the_two_innings_differ_in_form) {
 TEST_F(Export, ten_wickets_break_the_total_line_of_the_first_innings_only) {
   set_second_innings_in_play();
   match.score_wickets = 10;
-  const auto lines = lines_of(text_scorecard(opened<scorecard_form>()));
+  const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   const int place = place_of(lines, blanks(33) + " (10 wickets , 48.2  Overs)");
   ASSERT_NE(place, -1);
   EXPECT_EQ(lines[place + 1], blanks(59) + " 261 ");
@@ -154,8 +159,9 @@ TEST_F(Export, ten_wickets_break_the_total_line_of_the_first_innings_only) {
 
 TEST_F(Export, the_second_list_of_wickets_goes_on_with_the_first) {
   set_second_innings_in_play();
-  for (const std::string& file : {html_scorecard(opened<scorecard_form>()), text_scorecard(opened<scorecard_form>()),
-                                  ball_by_ball(opened<scorecard_form>())}) {
+  for (const std::string& file :
+       {html_scorecard(match, data, opened<scorecard_form>()), text_scorecard(match, opened<scorecard_form>()),
+        ball_by_ball(match, opened<scorecard_form>())}) {
     const auto first = fall_lines(file, 1);
     const auto second = fall_lines(file, 2);
     EXPECT_EQ(first[0], "88 (15.4,B.Lindqvist-Ramsden)");
@@ -168,14 +174,14 @@ TEST_F(Export, the_second_list_of_wickets_goes_on_with_the_first) {
 
 TEST_F(Export, a_long_entry_breaks_the_list_of_wickets) {
   set_second_innings_in_play();
-  const auto list = fall_lines(text_scorecard(opened<scorecard_form>()), 1);
+  const auto list = fall_lines(text_scorecard(match, opened<scorecard_form>()), 1);
   EXPECT_EQ(list[0], "88 (15.4,B.Lindqvist-Ramsden)");
   EXPECT_EQ(list[1], blanks(24) + "109 (20.1,C.Featherstonehaughs)");
   EXPECT_EQ(list[2], blanks(49) + "109 (20.2,D.Moss)");
 }
 
 TEST_F(Export, an_empty_list_of_wickets_is_blanks) {
-  const auto list = fall_lines(text_scorecard(opened<scorecard_form>()), 1);
+  const auto list = fall_lines(text_scorecard(match, opened<scorecard_form>()), 1);
   const std::vector<std::string> wanted = {blanks(49), blanks(49), blanks(49), ""};
   EXPECT_EQ(list, wanted);
 }
@@ -186,13 +192,13 @@ TEST_F(Export, an_unbroken_stand_is_no_wicket) {
   match.first_fall_of_wicket[10].batsman_a = "J.Orme";
   match.first_fall_of_wicket[10].batsman_b = "K.Foss * ";
   match.first_fall_of_wicket[10].partner_balls = 23;
-  EXPECT_EQ(text_scorecard(opened<scorecard_form>()).find("261 (48.2"), std::string::npos);
-  EXPECT_EQ(text_scorecard(opened<scorecard_form>()).find("K.Foss * "), std::string::npos);
+  EXPECT_EQ(text_scorecard(match, opened<scorecard_form>()).find("261 (48.2"), std::string::npos);
+  EXPECT_EQ(text_scorecard(match, opened<scorecard_form>()).find("K.Foss * "), std::string::npos);
 }
 
 TEST_F(Export, bowlers_of_the_first_innings_come_backward) {
   set_second_innings_in_play();
-  const auto lines = lines_of(text_scorecard(opened<scorecard_form>()));
+  const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   const int header = place_of(lines, blanks(20) + "O" + blanks(5) + "M" + blanks(4) + "R" + blanks(4) + "W");
   ASSERT_NE(header, -1);
   EXPECT_EQ(lines[header + 1], "K.Stote" + blanks(12) + "9.2" + blanks(3) + " 10   23   3 ");
@@ -205,7 +211,7 @@ TEST_F(Export, bowlers_of_the_first_innings_come_backward) {
 
 TEST_F(Export, bowlers_of_the_innings_in_play_follow_the_console) {
   set_first_innings_in_play();
-  const auto lines = lines_of(text_scorecard(opened<scorecard_form>()));
+  const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   const int header = place_of(lines, blanks(20) + "O" + blanks(5) + "M" + blanks(4) + "R" + blanks(4) + "W");
   ASSERT_NE(header, -1);
   EXPECT_EQ(lines[header + 1], "K.Foss" + blanks(13) + "8.0" + blanks(3) + " 2    29   1 ");
@@ -219,7 +225,7 @@ TEST_F(Export, bowlers_of_the_innings_in_play_follow_the_console) {
 TEST_F(Export, the_list_of_bowlers_ends_at_its_first_empty_row) {
   set_first_innings_in_play();
   match.bowler_list[3].position = 0;
-  const std::string file = text_scorecard(opened<scorecard_form>());
+  const std::string file = text_scorecard(match, opened<scorecard_form>());
   EXPECT_NE(file.find("\r\nH.Ekwueme "), std::string::npos);
   EXPECT_EQ(file.find("\r\nI.Nettle "), std::string::npos);
   EXPECT_EQ(file.find("\r\nC.Featherstonehaughs"), std::string::npos);
@@ -228,8 +234,9 @@ TEST_F(Export, the_list_of_bowlers_ends_at_its_first_empty_row) {
 TEST_F(Export, the_list_of_bowlers_ends_at_a_man_without_a_name) {
   set_first_innings_in_play();
   match.bowling_card[9].name.clear();
-  for (const std::string& file : {html_scorecard(opened<scorecard_form>()), text_scorecard(opened<scorecard_form>()),
-                                  ball_by_ball(opened<scorecard_form>())}) {
+  for (const std::string& file :
+       {html_scorecard(match, data, opened<scorecard_form>()), text_scorecard(match, opened<scorecard_form>()),
+        ball_by_ball(match, opened<scorecard_form>())}) {
     const auto lines = lines_of(file);
     const int header = place_of(lines, blanks(20) + "O" + blanks(5) + "M" + blanks(4) + "R" + blanks(4) + "W");
     ASSERT_NE(header, -1);
@@ -242,7 +249,7 @@ TEST_F(Export, the_list_of_bowlers_ends_at_a_man_without_a_name) {
 TEST_F(Export, a_man_without_a_name_has_a_row_where_the_first_innings_lists_who_bowled) {
   set_second_innings_in_play();
   match.first_bowling_card[10].name.clear();
-  const auto lines = lines_of(text_scorecard(opened<scorecard_form>()));
+  const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   const int stote = place_of(lines, "K.Stote" + blanks(12) + "9.2" + blanks(3) + " 10   23   3 ");
   ASSERT_NE(stote, -1);
   EXPECT_EQ(lines[stote + 1], blanks(19) + "10.0" + blanks(2) + " 3    30   3 ");
@@ -251,11 +258,11 @@ TEST_F(Export, a_man_without_a_name_has_a_row_where_the_first_innings_lists_who_
 
 TEST_F(Export, a_man_without_a_name_has_no_batting_row_in_either_innings) {
   set_second_innings_in_play();
-  const std::size_t before = lines_of(html_scorecard(opened<scorecard_form>())).size();
+  const std::size_t before = lines_of(html_scorecard(match, data, opened<scorecard_form>())).size();
   match.first_batting_card[4].name.clear();
-  EXPECT_EQ(lines_of(html_scorecard(opened<scorecard_form>())).size(), before - 1);
+  EXPECT_EQ(lines_of(html_scorecard(match, data, opened<scorecard_form>())).size(), before - 1);
   match.batting_card[4].name.clear();
-  const auto lines = lines_of(html_scorecard(opened<scorecard_form>()));
+  const auto lines = lines_of(html_scorecard(match, data, opened<scorecard_form>()));
   EXPECT_EQ(lines.size(), before - 2);
   EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
                           [](const std::string& line) { return line.find("run out (F.Aldous)") != std::string::npos; }),
@@ -265,30 +272,30 @@ TEST_F(Export, a_man_without_a_name_has_no_batting_row_in_either_innings) {
 TEST_F(Export, ten_bowlers_fill_the_list) {
   set_first_innings_in_play();
   for (int k = 1; k <= 10; ++k) match.bowler_list[k].position = k;
-  const auto lines = lines_of(text_scorecard(opened<scorecard_form>()));
+  const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   EXPECT_NE(place_of(lines, "J.Orme" + blanks(13) + "0.0" + blanks(3) + " 0    0    0 "), -1);
 }
 
 TEST_F(Export, the_page_takes_its_colours_from_the_settings) {
-  settings.text_color = "0000A0";
-  settings.back_color = "FFFFE0";
-  EXPECT_EQ(lines_of(html_scorecard(opened<scorecard_form>()))[3],
+  data.settings.text_color = "0000A0";
+  data.settings.back_color = "FFFFE0";
+  EXPECT_EQ(lines_of(html_scorecard(match, data, opened<scorecard_form>()))[3],
             "<BODY TEXT =#0000A0 BGCOLOR=#FFFFE0 LINK=#00FF00 VLINK=#80FF80>");
 }
 
 TEST_F(Export, a_first_innings_of_0_is_no_first_innings) {
   set_second_innings_in_play();
   match.first_total = 0;
-  EXPECT_EQ(html_scorecard(opened<scorecard_form>()).find("Northland - Batting"), std::string::npos);
-  EXPECT_EQ(lines_of(text_scorecard(opened<scorecard_form>()))[2], blanks(22) + "============================");
-  EXPECT_EQ(lines_of(ball_by_ball(opened<scorecard_form>()))[1], blanks(16) + "Velorin Ball-by-Ball Output");
+  EXPECT_EQ(html_scorecard(match, data, opened<scorecard_form>()).find("Northland - Batting"), std::string::npos);
+  EXPECT_EQ(lines_of(text_scorecard(match, opened<scorecard_form>()))[2], blanks(22) + "============================");
+  EXPECT_EQ(lines_of(ball_by_ball(match, opened<scorecard_form>()))[1], blanks(16) + "Velorin Ball-by-Ball Output");
 }
 
 TEST_F(Export, at_most_1500_lines_of_the_first_innings) {
   set_second_innings_in_play();
   match.commentary_store.clear();
   for (int i = 0; i < 1600; ++i) match.commentary_store.add_ball({ball_text::runs, 2, 11, 1});
-  const auto lines = lines_of(ball_by_ball(opened<scorecard_form>()));
+  const auto lines = lines_of(ball_by_ball(match, opened<scorecard_form>()));
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "K.Stote to A.Harrow : 2 runs."), 1500);
   EXPECT_EQ(place_of(lines, "Scorecard"), 8 + 1500 + 1);
 }
@@ -300,11 +307,11 @@ TEST_F(Export, a_name_is_no_tag_of_the_page) {
   match.batting_card[1].name = "A.<i>";
   match.fall_of_wicket[10].balls = 6;
   match.fall_of_wicket[10].batsman_b = "Z.<u>";
-  const std::string page = html_scorecard(opened<scorecard_form>());
+  const std::string page = html_scorecard(match, data, opened<scorecard_form>());
   EXPECT_NE(page.find("<center><h2>C\xF4te &lt;b&gt; & co vs &lt;&gt;</center></h3>\r\n"), std::string::npos);
   EXPECT_NE(page.find("<h4>C\xF4te &lt;b&gt; & co - Batting</h4>"), std::string::npos);
   // Every column of a row up to the runs stands in the same place on the page, as it is shown, and in the text.
-  const std::string text = text_scorecard(opened<scorecard_form>());
+  const std::string text = text_scorecard(match, opened<scorecard_form>());
   const std::size_t row = page.find("\r\nA.&lt;i&gt; ");
   const std::size_t plain = text.find("\r\nA.<i> ");
   ASSERT_NE(row, std::string::npos);

@@ -2,6 +2,7 @@
 #include "reports/match_scenes.h"
 
 #include "database/configuration.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 
@@ -156,9 +157,9 @@ void leave_the_last_pair_in() {
 
 void reports_test::SetUp() {
   match = match_state{};
-  settings = configuration{};
-  settings.text_color = "FFFF00";
-  settings.back_color = "004020";
+  data.settings = configuration{};
+  data.settings.text_color = "FFFF00";
+  data.settings.back_color = "004020";
 }
 
 void set_first_innings_in_play() {

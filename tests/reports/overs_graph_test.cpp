@@ -4,6 +4,7 @@
 #include "reports/match_scenes.h"
 #include "reports/opened.h"
 #include "reports/worm_graph.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -118,7 +119,7 @@ TEST_F(OversGraph, a_side_keeps_its_place_from_innings_to_innings) {
   match.team1_name = "Northland";
   match.team2_name = "South Isles";
   EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{0, 1})) << "no line yet: the side batting comes first";
-  load_worms();
+  load_worms(match);
   EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{0, 1}));
   set_second_innings_in_play();
   ASSERT_EQ(match.team2_name, "Northland");
@@ -130,7 +131,7 @@ TEST_F(OversGraph, a_side_keeps_its_place_from_innings_to_innings) {
 TEST_F(OversGraph, sides_of_a_later_match_keep_clear_of_each_other) {
   match.team1_name = "Northland";
   match.team2_name = "South Isles";
-  load_worms();
+  load_worms(match);
   match.team1_name = "Eastmark";
   EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{0, 1})) << "South Isles keep the second line's";
   match.team2_name = "Northland";

@@ -3,6 +3,7 @@
 
 #include "reports/match_scenes.h"
 #include "reports/opened.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {

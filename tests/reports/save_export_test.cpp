@@ -11,6 +11,7 @@
 #include "reports/export.h"
 #include "reports/match_scenes.h"
 #include "support/failing_disk.h"
+#include "support/game_in_play.h"
 #include "support/redirected_output.h"
 
 namespace velorin {
@@ -41,7 +42,7 @@ class SaveExport : public reports_test {
   /// What writing the page raises; "" for nothing.
   std::string error_of(const fs::path& path) const {
     try {
-      write_export(card, export_kind::html, path);
+      write_export(match, data, card, export_kind::html, path);
       return "";
     } catch (const run_time_error& error) {
       EXPECT_EQ(error.kind(), failure::file);
@@ -58,37 +59,37 @@ class SaveExport : public reports_test {
   }
 
   fs::path folder;
-  scorecard_form card;
+  scorecard_form card{match};
 };
 
 TEST_F(SaveExport, writes_the_kind_asked_for) {
-  write_export(card, export_kind::html, folder / "a.html");
-  write_export(card, export_kind::text, folder / "b.txt");
-  write_export(card, export_kind::ball_by_ball, folder / "c.txt");
-  EXPECT_EQ(content(folder / "a.html"), html_scorecard(card));
-  EXPECT_EQ(content(folder / "b.txt"), text_scorecard(card));
-  EXPECT_EQ(content(folder / "c.txt"), ball_by_ball(card));
+  write_export(match, data, card, export_kind::html, folder / "a.html");
+  write_export(match, data, card, export_kind::text, folder / "b.txt");
+  write_export(match, data, card, export_kind::ball_by_ball, folder / "c.txt");
+  EXPECT_EQ(content(folder / "a.html"), html_scorecard(match, data, card));
+  EXPECT_EQ(content(folder / "b.txt"), text_scorecard(match, card));
+  EXPECT_EQ(content(folder / "c.txt"), ball_by_ball(match, card));
   EXPECT_EQ(files(), 3);
 }
 
 TEST_F(SaveExport, replaces_what_was_there) {
   std::ofstream(folder / "a.txt") << std::string(100000, 'x');
-  write_export(card, export_kind::text, folder / "a.txt");
-  EXPECT_EQ(content(folder / "a.txt"), text_scorecard(card));
+  write_export(match, data, card, export_kind::text, folder / "a.txt");
+  EXPECT_EQ(content(folder / "a.txt"), text_scorecard(match, card));
   EXPECT_EQ(files(), 1);
 }
 
 TEST_F(SaveExport, opens_a_card_of_its_own) {
-  write_export(export_kind::text, folder / "a.txt");
-  EXPECT_EQ(content(folder / "a.txt"), text_scorecard(card));
+  write_export(match, data, export_kind::text, folder / "a.txt");
+  EXPECT_EQ(content(folder / "a.txt"), text_scorecard(match, card));
 }
 
 TEST_F(SaveExport, follows_a_symbolic_link) {
   std::ofstream(folder / "real.txt") << "old";
   fs::create_symlink(folder / "real.txt", folder / "link.txt");
-  write_export(card, export_kind::text, folder / "link.txt");
+  write_export(match, data, card, export_kind::text, folder / "link.txt");
   EXPECT_TRUE(fs::is_symlink(folder / "link.txt"));
-  EXPECT_EQ(content(folder / "real.txt"), text_scorecard(card));
+  EXPECT_EQ(content(folder / "real.txt"), text_scorecard(match, card));
 }
 
 TEST_F(SaveExport, refuses_a_folder_that_is_not_there) {
@@ -105,18 +106,18 @@ TEST_F(SaveExport, refuses_a_folder_in_place_of_the_file) {
 }
 
 TEST_F(SaveExport, refuses_the_names_of_the_game_beside_its_files) {
-  const database_files before = velorin::files;
-  velorin::files.folder = folder;
+  const database_files before = velorin::data.files;
+  velorin::data.files.folder = folder;
   const std::string told = error_of(folder / "team1r.txt");
   const std::string of_any = error_of(folder / "any.ptr");
-  velorin::files = before;
+  velorin::data.files = before;
   EXPECT_EQ(told, "The name is that of a file of the game, for the elevens (file team1r.txt)");
   EXPECT_EQ(of_any, "The name is that of a file of the game, for the records (file any.ptr)");
   EXPECT_EQ(files(), 0);
 }
 
 TEST_F(SaveExport, writes_straight_to_a_device_and_leaves_it_one) {
-  write_export(card, export_kind::html, "/dev/null");
+  write_export(match, data, card, export_kind::html, "/dev/null");
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
@@ -126,10 +127,10 @@ TEST_F(SaveExport, goes_on_in_the_file_of_standard_output) {
   std::ofstream(path) << "before\n";
   {
     const redirected_output redirected(path);
-    write_export(card, export_kind::text, standard_output);
-    write_export(card, export_kind::text, path);
+    write_export(match, data, card, export_kind::text, standard_output);
+    write_export(match, data, card, export_kind::text, path);
   }
-  EXPECT_EQ(content(path), "before\n" + text_scorecard(card) + text_scorecard(card));
+  EXPECT_EQ(content(path), "before\n" + text_scorecard(match, card) + text_scorecard(match, card));
   EXPECT_EQ(files(), 2);
 }
 
@@ -140,12 +141,12 @@ TEST_F(SaveExport, leaves_the_link_of_standard_output_alone) {
   {
     const redirected_output redirected(path);
     fs::rename(path, folder / "moved.txt");
-    write_export(card, export_kind::html, standard_output);
+    write_export(match, data, card, export_kind::html, standard_output);
     moved = content(folder / "moved.txt");
     fs::remove(folder / "moved.txt");
-    write_export(card, export_kind::html, standard_output);
+    write_export(match, data, card, export_kind::html, standard_output);
   }
-  EXPECT_EQ(moved, html_scorecard(card));
+  EXPECT_EQ(moved, html_scorecard(match, data, card));
   EXPECT_EQ(files(), 1);
   EXPECT_TRUE(fs::is_symlink(standard_output));
 }
@@ -154,14 +155,14 @@ TEST_F(SaveExport, goes_straight_to_a_pipe_by_the_name_of_its_descriptor) {
   int pipe[2];
   ASSERT_EQ(::pipe2(pipe, O_CLOEXEC), 0);
   ASSERT_EQ(::fcntl(pipe[1], F_SETPIPE_SZ, 1 << 20), 1 << 20);
-  write_export(card, export_kind::text, "/proc/self/fd/" + std::to_string(pipe[1]));
+  write_export(match, data, card, export_kind::text, "/proc/self/fd/" + std::to_string(pipe[1]));
   ::close(pipe[1]);
   std::string got(100'000, ' ');
   const ssize_t size = ::read(pipe[0], got.data(), got.size());
   ::close(pipe[0]);
   ASSERT_GE(size, 0);
   got.resize(static_cast<std::size_t>(size));
-  EXPECT_EQ(got, text_scorecard(card));
+  EXPECT_EQ(got, text_scorecard(match, card));
 }
 
 TEST_F(SaveExport, leaves_a_protected_file_alone) {

@@ -3,6 +3,7 @@
 
 #include "reports/match_scenes.h"
 #include "reports/opened.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -123,14 +124,14 @@ TEST_F(Scorecard, buttons_open_their_screens) {
   opened_reports seen;
   const front_end_scope scope(seen);
   const scorecard_form card = opened<scorecard_form>();
-  card.show_first_innings();
-  card.show_bowling();
-  card.show_partnerships();
-  card.show_overs_graph();
-  card.show_worm_graph();
+  card.show_first_innings(user_in_use());
+  card.show_bowling(user_in_use());
+  card.show_partnerships(user_in_use());
+  card.show_overs_graph(user_in_use());
+  card.show_worm_graph(user_in_use());
   const first_scorecard_form first = opened<first_scorecard_form>();
-  first.show_bowling();
-  first.show_partnerships();
+  first.show_bowling(user_in_use());
+  first.show_partnerships(user_in_use());
   const std::vector<report> wanted = {report::first_scorecard,   report::bowling_card, report::partnerships,
                                       report::overs_graph,       report::worm_graph,   report::first_bowling_card,
                                       report::first_partnerships};
@@ -166,7 +167,7 @@ TEST_F(Scorecard, the_first_innings_cannot_be_opened_before_its_end) {
   const front_end_scope scope(seen);
   const scorecard_form card = opened<scorecard_form>();
   EXPECT_FALSE(card.first_innings_enabled);
-  card.show_first_innings();
+  card.show_first_innings(user_in_use());
   EXPECT_TRUE(seen.opened.empty());
   set_second_innings_in_play();
   EXPECT_TRUE(opened<scorecard_form>().first_innings_enabled);

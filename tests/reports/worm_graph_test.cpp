@@ -3,6 +3,7 @@
 
 #include "reports/match_scenes.h"
 #include "reports/opened.h"
+#include "support/game_in_play.h"
 
 namespace velorin {
 namespace {
@@ -21,7 +22,7 @@ void feed(int balls, int runs, int wickets) {
   match.innings_balls = balls;
   match.score_runs = runs;
   match.score_wickets = wickets;
-  feed_worms();
+  feed_worms(match);
 }
 
 /// The next match of the same run of the program: everything fresh but the lines.
@@ -132,32 +133,32 @@ TEST_F(WormGraph, the_rows_of_an_earlier_match_are_told_apart) {
   EXPECT_FALSE(form.has_old_rows());
 
   start_match("South Isles", "Eastmark");
-  form = opened<worm_graph_form>();
-  expect_points(form.of_match[0], {});
-  EXPECT_TRUE(form.has_old_rows());
+  worm_graph_form again = opened<worm_graph_form>();
+  expect_points(again.of_match[0], {});
+  EXPECT_TRUE(again.has_old_rows());
   match.ball_commentary.add_ball({});
   feed(2, 9, 0);
-  form = opened<worm_graph_form>();
-  expect_points(form.series[0], {{1, 9}, {51, 250}});
-  expect_points(form.of_match[0], {{1, 9}});
-  expect_points(form.of_match[1], {});
+  worm_graph_form third = opened<worm_graph_form>();
+  expect_points(third.series[0], {{1, 9}, {51, 250}});
+  expect_points(third.of_match[0], {{1, 9}});
+  expect_points(third.of_match[1], {});
 
   std::swap(match.team1_name, match.team2_name);
   match.first_balls = 2;
   match.first_total = 9;
   match.innings_balls = 0;
   match.ball_commentary.clear();
-  form = opened<worm_graph_form>();
-  expect_points(form.of_match[0], {{1, 9}});
+  worm_graph_form fourth = opened<worm_graph_form>();
+  expect_points(fourth.of_match[0], {{1, 9}});
 }
 
 TEST_F(WormGraph, lines_started_afresh_are_those_of_a_new_start) {
-  EXPECT_EQ(standing_worms(), "");
+  EXPECT_EQ(standing_worms(match), "");
   start_match("South Isles", "Northland");
   feed(1, 4, 0);
-  EXPECT_EQ(standing_worms(), "The Score Comparison Graph stays with South Isles and Northland.");
-  start_worms_afresh();
-  EXPECT_EQ(standing_worms(), "");
+  EXPECT_EQ(standing_worms(match), "The Score Comparison Graph stays with South Isles and Northland.");
+  start_worms_afresh(match);
+  EXPECT_EQ(standing_worms(match), "");
   start_match("Westmark", "Eastmark");
   const worm_graph_form form = opened<worm_graph_form>();
   EXPECT_EQ(form.first_side, "Westmark");
@@ -167,9 +168,9 @@ TEST_F(WormGraph, lines_started_afresh_are_those_of_a_new_start) {
 
 TEST_F(WormGraph, loading_happens_once) {
   start_match("South Isles", "Northland");
-  load_worms();
+  load_worms(match);
   start_match("Westmark", "Easting");
-  load_worms();
+  load_worms(match);
   EXPECT_EQ(opened<worm_graph_form>().first_side, "South Isles");
 }
 

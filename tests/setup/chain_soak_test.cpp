@@ -21,8 +21,10 @@
 #include "reports/export.h"
 #include "reports/scorecard.h"
 #include "setup/new_match.h"
+#include "support/game_in_play.h"
 #include "support/referee.h"
 #include "support/soak_run.h"
+#include "support/test_user.h"
 
 namespace velorin::testing {
 namespace {
@@ -30,7 +32,7 @@ namespace {
 constexpr int replay_every = 200;
 
 /// Watches a match and, when told so, writes down all that its end shows.
-class watching_user : public headless_user {
+class watching_user : public test_user {
  public:
   referee* watch = nullptr;
   bool notes = false;
@@ -50,11 +52,11 @@ class watching_user : public headless_user {
 
  private:
   void note_innings() {
-    scorecard_form card;
+    scorecard_form card(match);
     card.open();
-    noted += text_scorecard(card);
-    noted += ball_by_ball(card);
-    for (const std::string& line : commentary_lines()) noted += line + "\n";
+    noted += text_scorecard(match, card);
+    noted += ball_by_ball(match, card);
+    for (const std::string& line : commentary_lines(match)) noted += line + "\n";
     for (const double meter : match.settled_meter) noted += std::to_string(meter) + " ";
     for (int i = 1; i <= 11; ++i) noted += match.bowler_pool[i].name + "|";
     for (const std::string& name : match.fifty_list) noted += name + "|";
@@ -70,27 +72,27 @@ class ChainSoak : public ::testing::Test {
     std::string pattern = (std::filesystem::temp_directory_path() / "velorin-soak-XXXXXX").string();
     ASSERT_NE(mkdtemp(pattern.data()), nullptr);
     folder_ = pattern;
-    files = database_paths(folder_, "world");
-    files.elevens_in_memory = true;
-    files.read_once = true;
-    files.updates = false;
-    forget_teams_and_grounds();
+    data.files = database_paths(folder_, "world");
+    data.files.elevens_in_memory = true;
+    data.files.read_once = true;
+    data.files.updates = false;
+    forget_teams_and_grounds(data);
     const auto tables = std::filesystem::path(VELORIN_TEST_DATA) / ".." / "data" / "world";
-    build_database(tables, files.team_file, files.ground_file);
+    build_database(tables, data.files.team_file, data.files.ground_file);
     match = match_state();
   }
   void TearDown() override {
     std::filesystem::remove_all(folder_);
-    files = database_files();
+    data.files = database_files();
     match = match_state();
     chance.use_clock();
-    forget_teams_and_grounds();
+    forget_teams_and_grounds(data);
   }
 
   /// Teams and ground follow from the number, all else from the generator that it starts.
   void play(int number) {
     std::mt19937 any(static_cast<std::uint32_t>(number));
-    new_match_form form;
+    new_match_form form(in_play());
     form.open();
     const auto teams = static_cast<std::uint32_t>(form.teams.size());
     const auto first = any() % teams;
@@ -156,7 +158,7 @@ TEST_F(ChainSoak, Unattended) {
 constexpr int most_updates = 1000;
 
 TEST_F(ChainSoak, WithUpdates) {
-  files.updates = true;
+  data.files.updates = true;
   soak_run run(std::min(soak_matches(most_updates, 60), most_updates));
   int finished = 0;
   for (int number = 1; number <= run.matches(); ++number) {
@@ -167,14 +169,14 @@ TEST_F(ChainSoak, WithUpdates) {
   }
   EXPECT_EQ(run.growth(), "");
   run.report();
-  EXPECT_TRUE(check_database(files).empty());
+  EXPECT_TRUE(check_database(data.files).empty());
   int careers = 0;
-  for (const career_team_rec& team : read_career_table().teams) {
+  for (const career_team_rec& team : read_career_table(data).teams) {
     for (const career_rec& man : team.players) careers += man.matches;
   }
   EXPECT_EQ(careers, 22 * finished);
   double results = 0;
-  for (const team_table& team : read_record_lists().teams) {
+  for (const team_table& team : read_record_lists(data).teams) {
     for (const tagged* count :
          {&team.home_won, &team.home_tied, &team.home_lost, &team.away_won, &team.away_tied, &team.away_lost}) {
       results += count->number();

@@ -8,6 +8,7 @@
 #include "setup/coin_draws.h"
 #include "setup/new_match.h"
 #include "setup/toss.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
@@ -24,7 +25,7 @@ class Chain : public ::testing::TestWithParam<bool> {
  protected:
   void SetUp() override {
     match = match_state();
-    files.elevens_in_memory = GetParam();
+    data.files.elevens_in_memory = GetParam();
     for (const char* name : {"Alpha", "Beta", "Gamma"}) database_.add_team(name);
     database_.add_ground("Beta", "Green Lane");
     database_.add_ground("Gamma", "Hill Road");
@@ -40,7 +41,7 @@ class Chain : public ::testing::TestWithParam<bool> {
     draws.insert(draws.end(), toss_draws.begin(), toss_draws.end());
     draws.push_back(0.5);
     script_draws(draws);
-    new_match_form form;
+    new_match_form form(in_play());
     form.open();
     form.computer_captains_first = first_computer;
     form.computer_captains_second = second_computer;
@@ -111,7 +112,7 @@ TEST_P(Chain, AComputerAgainstAHuman) {
 }
 
 TEST_P(Chain, TwoComputersPlayTheWholeMatch) {
-  new_match_form form;
+  new_match_form form(in_play());
   form.open();
   chance.use_seed(11);
   user_.on_report = [this](report which) {
@@ -134,7 +135,7 @@ TEST_P(Chain, TwoComputersPlayTheWholeMatch) {
 }
 
 TEST_P(Chain, ATeamAgainstItselfPlays) {
-  new_match_form form;
+  new_match_form form(in_play());
   form.open();
   form.choose_second_team(1);
   form.ground_index = 0;
@@ -147,7 +148,7 @@ TEST_P(Chain, ATeamAgainstItselfPlays) {
 
 TEST_P(Chain, TwoMatchesInARowStartFromNothing) {
   chance.use_seed(13);
-  new_match_form form;
+  new_match_form form(in_play());
   form.open();
   form.accept();
   user_.requests.clear();

@@ -8,6 +8,7 @@
 #include "model/match_state.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -24,7 +25,7 @@ conditions_form opened(std::vector<double> draws, int first_figure = 2, int seco
   match.ground.pitch_bounce = first_figure;
   match.ground.pitch_surface = second_figure;
   script_draws(std::move(draws));
-  conditions_form form;
+  conditions_form form(in_play());
   form.open();
   EXPECT_EQ(chance.draws_used(), 4U);
   return form;
@@ -167,7 +168,7 @@ TEST(Conditions, AFigureThatNoSliderCanShowIsAnError) {
     match.ground.pitch_bounce = first;
     match.ground.pitch_surface = second;
     script_draws({});
-    conditions_form form;
+    conditions_form form(in_play());
     try {
       form.open();
       ADD_FAILURE() << "no error for " << first << ", " << second;

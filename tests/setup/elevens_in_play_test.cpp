@@ -12,6 +12,7 @@
 #include "model/match_state.h"
 #include "model/run_time_error.h"
 #include "setup/toss.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
@@ -28,9 +29,9 @@ using ::testing::StartsWith;
 class ElevensInPlay : public ::testing::Test {
  protected:
   void SetUp() override {
-    const database_files own = files;
+    const database_files own = data.files;
     set_up_sample_match(false, false);
-    files = own;
+    data.files = own;
     match.selected = {match.batting_xi, match.bowling_xi};
     match.elevens_exchanged = match.elevens_unsaved = false;
   }
@@ -65,11 +66,11 @@ class ElevensInPlay : public ::testing::Test {
 TEST_F(ElevensInPlay, WithoutTheirFilesTheMatchIsThatOfTheMenSelected) {
   const auto first = block("team1r.txt");
   answer(save_answer::go_on);
-  save_selected(0);
+  save_selected(in_play(), 0);
   std::filesystem::remove(first);
-  save_selected(1);
-  swap_teams();
-  take_elevens();
+  save_selected(in_play(), 1);
+  swap_teams(in_play());
+  take_elevens(match, data);
   expect_exchanged_men();
   EXPECT_THAT(user_.requests, ElementsAre(AllOf(StartsWith("failed save "), EndsWith("(file team1r.txt)"))))
       << "one question a match";
@@ -80,57 +81,57 @@ TEST_F(ElevensInPlay, AFailedWritingIsTriedAgain) {
   const auto first = block("team1r.txt");
   answer(save_answer::retry);
   answer(save_answer::retry, first);
-  save_selected(0);
-  save_selected(1);
+  save_selected(in_play(), 0);
+  save_selected(in_play(), 1);
   EXPECT_EQ(user_.requests.size(), 2U);
   EXPECT_FALSE(match.elevens_unsaved);
   match.selected = {};
-  take_elevens();
+  take_elevens(match, data);
   EXPECT_EQ(match.batting_xi[3].name, "H.Bat3") << "read from the files";
   EXPECT_EQ(match.bowling_xi[3].name, "A.Bowl3");
 }
 
 TEST_F(ElevensInPlay, AFailedExchangeIsTriedAgain) {
-  save_selected(0);
-  save_selected(1);
+  save_selected(in_play(), 0);
+  save_selected(in_play(), 1);
   const auto spare = block("dummy.txt");
   answer(save_answer::retry);
   answer(save_answer::retry, spare);
-  swap_teams();
+  swap_teams(in_play());
   EXPECT_EQ(user_.requests.size(), 2U);
-  read_elevens();
+  read_elevens(match, data);
   expect_exchanged_men();
-  take_elevens();
+  take_elevens(match, data);
   expect_exchanged_men();
 }
 
 TEST_F(ElevensInPlay, TheMatchGoesOnWithoutTheExchange) {
-  save_selected(0);
-  save_selected(1);
+  save_selected(in_play(), 0);
+  save_selected(in_play(), 1);
   block("dummy.txt");
   answer(save_answer::go_on);
-  swap_teams();
-  take_elevens();
+  swap_teams(in_play());
+  take_elevens(match, data);
   expect_exchanged_men();
-  read_elevens();
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[3].name, "H.Bat3") << "the files stay as they are";
 }
 
 TEST_F(ElevensInPlay, FilesThatCannotBeReadBackEndNoMatch) {
-  save_selected(0);
-  save_selected(1);
+  save_selected(in_play(), 0);
+  save_selected(in_play(), 1);
   std::filesystem::remove(database_.folder() / "team2r.txt");
   block("team2r.txt");
-  take_elevens();
+  take_elevens(match, data);
   EXPECT_EQ(match.bowling_xi[3].name, "A.Bowl3");
   EXPECT_THAT(user_.requests, IsEmpty());
   match.selected = {};
-  EXPECT_THROW(take_elevens(), run_time_error) << "nobody has been selected";
+  EXPECT_THROW(take_elevens(match, data), run_time_error) << "nobody has been selected";
 }
 
 TEST_F(ElevensInPlay, AFailureThatNobodyAnswersIsRaised) {
   block("team1r.txt");
-  EXPECT_THROW(save_selected(0), run_time_error);
+  EXPECT_THROW(save_selected(in_play(), 0), run_time_error);
   EXPECT_FALSE(match.elevens_unsaved);
 }
 

@@ -15,6 +15,7 @@
 #include "setup/new_match.h"
 #include "setup/team_selection.h"
 #include "setup/toss.h"
+#include "support/game_in_play.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
 
@@ -32,7 +33,7 @@ class Leaving : public ::testing::TestWithParam<std::tuple<step, bool>> {
   void SetUp() override {
     match = match_state();
     chance.use_seed(1);
-    files.elevens_in_memory = std::get<1>(GetParam());
+    data.files.elevens_in_memory = std::get<1>(GetParam());
     for (const char* name : {"Alpha", "Beta", "Gamma"}) database_.add_team(name);
     database_.add_ground("Beta", "Green Lane", 2, 4);
     database_.add_ground("Gamma", "Hill Road", 1, 3);
@@ -64,7 +65,7 @@ class Leaving : public ::testing::TestWithParam<std::tuple<step, bool>> {
   }
 
   static new_match_form new_match() {
-    new_match_form form;
+    new_match_form form(in_play());
     form.open();
     form.computer_captains_first = form.computer_captains_second = false;
     return form;
@@ -127,7 +128,7 @@ TEST_P(Leaving, TheFilesOfTheMatchBeforeComeBack) {
   play(3);
   const auto before = scratch_files();
   const std::string margin = match.result_margin;
-  EXPECT_EQ(before.size(), files.elevens_in_memory ? 0U : 2U);
+  EXPECT_EQ(before.size(), data.files.elevens_in_memory ? 0U : 2U);
   leave_at(std::get<0>(GetParam()));
   new_match_form form = new_match();
   form.choose_first_team(0);
@@ -176,7 +177,7 @@ class ElevensBefore : public ::testing::Test {
     return men;
   }
   static std::string first_name() {
-    read_elevens();
+    read_elevens(match, data);
     return match.batting_xi[1].name;
   }
 
@@ -184,12 +185,12 @@ class ElevensBefore : public ::testing::Test {
 };
 
 TEST_F(ElevensBefore, WhatAnotherProgramHasWrittenStays) {
-  write_eleven(side::first, men_called("Old"));
-  const elevens_before kept;
-  write_eleven(side::first, men_called("Mine"));
+  write_eleven(data, side::first, men_called("Old"));
+  const elevens_before kept(data);
+  write_eleven(data, side::first, men_called("Mine"));
   kept.put_back({men_called("Mine"), eleven()});
   EXPECT_EQ(first_name(), "Old1");
-  write_eleven(side::first, men_called("Theirs"));
+  write_eleven(data, side::first, men_called("Theirs"));
   kept.put_back({men_called("Mine"), eleven()});
   EXPECT_EQ(first_name(), "Theirs1");
 }

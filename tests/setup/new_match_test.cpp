@@ -7,6 +7,7 @@
 #include "setup/conditions.h"
 #include "setup/new_match.h"
 #include "setup/team_selection.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
@@ -51,7 +52,7 @@ class NewMatch : public ::testing::Test {
   small_database database_;
   scripted_user user_;
   front_end_scope shown_{user_};
-  new_match_form form_;
+  new_match_form form_{in_play()};
 };
 
 TEST_F(NewMatch, ListsTheTeamsWithTheirRecordNumbers) {

@@ -16,8 +16,10 @@
 #include "model/random.h"
 #include "setup/conditions.h"
 #include "setup/toss.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/shares.h"
+#include "support/test_user.h"
 
 namespace velorin::testing {
 namespace {
@@ -97,7 +99,7 @@ void sample_conditions(share_check& shares, int bounce, int surface) {
   std::array<int, 5> of_outfield{};
   int warm_and_damp = 0;  // both above their middles, at weather 3
   for (int i = 0; i < sample_size; ++i) {
-    conditions_form form;
+    conditions_form form(in_play());
     form.open();
     ++counts[form.weather][form.outfield];
     ++of_weather[form.weather];
@@ -134,7 +136,7 @@ TEST_F(SetUpShares, ConditionsOnTheClock) {
 }
 
 /// Cuts a match off once the toss is decided, and notes what the toss showed and who bats first.
-class toss_watcher : public headless_user {
+class toss_watcher : public test_user {
  public:
   struct decided {};
 
@@ -162,7 +164,7 @@ class toss_watcher : public headless_user {
     match.computer_bowls = second_computer;
     shown.clear();
     try {
-      toss_and_play();
+      toss_and_play(in_play());
     } catch (const decided&) {
       ++seen[shown + match.team1_name];
     }
@@ -211,8 +213,8 @@ const std::array<captains, 5> tosses = {{
 
 void sample_tosses(share_check& shares, const captains& who, const std::array<int, 4>& conditions) {
   set_up_sample_match();
-  write_eleven(side::first, match.batting_xi);
-  write_eleven(side::second, match.bowling_xi);
+  write_eleven(data, side::first, match.batting_xi);
+  write_eleven(data, side::second, match.bowling_xi);
   match.weather = conditions[0];
   match.ground.pitch_surface = conditions[1];
   match.ground.pitch_bounce = conditions[2];

@@ -8,6 +8,7 @@
 #include "model/match_state.h"
 #include "model/run_time_error.h"
 #include "setup/toss.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/small_database.h"
 
@@ -19,12 +20,12 @@ class SwapTeams : public ::testing::TestWithParam<bool> {
  protected:
   void SetUp() override {
     set_up_sample_match(true, false);
-    files.elevens_in_memory = GetParam();
-    write_eleven(side::first, match.batting_xi);
-    write_eleven(side::second, match.bowling_xi);
+    data.files.elevens_in_memory = GetParam();
+    write_eleven(data, side::first, match.batting_xi);
+    write_eleven(data, side::second, match.bowling_xi);
   }
   static std::string first_names() {
-    read_elevens();
+    read_elevens(match, data);
     return match.batting_xi[1].name + " " + match.bowling_xi[1].name;
   }
 
@@ -33,13 +34,13 @@ class SwapTeams : public ::testing::TestWithParam<bool> {
 
 TEST_P(SwapTeams, ExchangesNamesFlagsAndElevens) {
   EXPECT_EQ(first_names(), "H.Bat1 A.Bowl1");
-  swap_teams();
+  swap_teams(in_play());
   EXPECT_EQ(match.team1_name, "Away");
   EXPECT_EQ(match.team2_name, "Home");
   EXPECT_FALSE(match.computer_bats);
   EXPECT_TRUE(match.computer_bowls);
   EXPECT_EQ(first_names(), "A.Bowl1 H.Bat1");
-  swap_teams();
+  swap_teams(in_play());
   EXPECT_EQ(match.team1_name, "Home");
   EXPECT_EQ(first_names(), "H.Bat1 A.Bowl1");
 }
@@ -51,9 +52,9 @@ class SwapFiles : public ::testing::Test {
  protected:
   void SetUp() override {
     set_up_sample_match();
-    files.elevens_in_memory = false;
-    write_eleven(side::first, match.batting_xi);
-    write_eleven(side::second, match.bowling_xi);
+    data.files.elevens_in_memory = false;
+    write_eleven(data, side::first, match.batting_xi);
+    write_eleven(data, side::second, match.bowling_xi);
   }
   std::string bytes(const std::string& file) const {
     std::ifstream in(database_.folder() / file, std::ios::binary);
@@ -61,7 +62,7 @@ class SwapFiles : public ::testing::Test {
   }
   static void expect_file_error() {
     try {
-      swap_teams();
+      swap_teams(in_play());
       ADD_FAILURE() << "no error";
     } catch (const run_time_error& error) {
       EXPECT_EQ(error.kind(), failure::file);
@@ -77,7 +78,7 @@ TEST_F(SwapFiles, ChangeTheirNamesAndKeepTheirBytes) {
   const std::string second = bytes("team2r.txt");
   ASSERT_EQ(first.size(), 11U * 125);
   ASSERT_NE(first, second);
-  swap_teams();
+  swap_teams(in_play());
   EXPECT_EQ(bytes("team1r.txt"), second);
   EXPECT_EQ(bytes("team2r.txt"), first);
   EXPECT_FALSE(std::filesystem::exists(database_.folder() / "dummy.txt"));

@@ -8,6 +8,7 @@
 #include "database/slots.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
@@ -113,7 +114,7 @@ class TeamSelectionOk : public ::testing::Test {
 
   small_database database_;
   squad men_ = squad_of(std::vector<squad_row>(15, {l, 30}));
-  team_selection_form form_;
+  team_selection_form form_{in_play()};
 };
 
 TEST_F(TeamSelectionOk, DoesNothingUnlessElevenAreTicked) {
@@ -177,7 +178,7 @@ TEST_F(TeamSelectionOk, OfTheSecondTeamClearsTheMarkAndGoesOnToTheToss) {
   ASSERT_TRUE(match.first_team_done);
   EXPECT_FALSE(match.elevens_exchanged);
   EXPECT_THAT(user.requests, IsEmpty());
-  team_selection_form second;
+  team_selection_form second(in_play());
   second.open("Away", men_);
   tick(second, 2, 12);
   second.accept();

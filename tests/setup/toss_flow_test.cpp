@@ -11,6 +11,7 @@
 #include "model/random.h"
 #include "setup/coin_draws.h"
 #include "setup/toss.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 
@@ -30,8 +31,8 @@ class TossFlow : public ::testing::Test {
   /// Plays Home against Away up to the first over; the draws given are those of the toss.
   void play(bool first_computer, bool second_computer, std::vector<double> draws) {
     set_up_sample_match(first_computer, second_computer);
-    write_eleven(side::first, match.batting_xi);
-    write_eleven(side::second, match.bowling_xi);
+    write_eleven(data, side::first, match.batting_xi);
+    write_eleven(data, side::second, match.bowling_xi);
     user_.requests.clear();
     user_.on_console = [](console_form&) { match.console_open = false; };
     user_.on_ball = [] { throw first_ball(); };
@@ -39,7 +40,7 @@ class TossFlow : public ::testing::Test {
     draws.resize(draws.size() + 20, 0.9999999);
     script_draws(std::move(draws));
     try {
-      toss_and_play();
+      toss_and_play(in_play());
     } catch (const first_ball&) {
     }
   }
@@ -90,13 +91,13 @@ TEST_F(TossFlow, TwoComputersOfOneNameSwapEitherWay) {
   for (const double draw : {one, two}) {
     set_up_sample_match();
     match.team2_name = "Home";
-    write_eleven(side::first, match.batting_xi);
-    write_eleven(side::second, match.bowling_xi);
+    write_eleven(data, side::first, match.batting_xi);
+    write_eleven(data, side::second, match.bowling_xi);
     user_.on_ball = [] { throw first_ball(); };
     std::vector<double> draws(20, 0.9999999);
     draws[0] = draw;
     script_draws(draws);
-    EXPECT_THROW(toss_and_play(), first_ball);
+    EXPECT_THROW(toss_and_play(in_play()), first_ball);
     EXPECT_EQ(match.batting_xi[1].name, "A.Bowl1");
   }
 }
@@ -107,9 +108,9 @@ TEST_F(TossFlow, TheMatchIsThatOfTheMenSelectedHere) {
   ASSERT_NE(mkdtemp(folder.data()), nullptr);
   for (const bool bat : {true, false}) {
     set_up_sample_match(false, false);
-    files = database_paths(folder, "base");
-    write_eleven(side::first, match.batting_xi);
-    write_eleven(side::second, match.bowling_xi);
+    data.files = database_paths(folder, "base");
+    write_eleven(data, side::first, match.batting_xi);
+    write_eleven(data, side::second, match.bowling_xi);
     match.selected = {match.batting_xi, match.bowling_xi};
     match.elevens_exchanged = false;
     user_.on_console = [](console_form&) { match.console_open = false; };
@@ -117,16 +118,16 @@ TEST_F(TossFlow, TheMatchIsThatOfTheMenSelectedHere) {
       form.call_coin(1);
       eleven others;
       for (int i = 1; i <= 11; ++i) others[i].name = "Other" + std::to_string(i);
-      write_eleven(side::first, others);
-      write_eleven(side::second, others);
+      write_eleven(data, side::first, others);
+      write_eleven(data, side::second, others);
       bat ? form.choose_to_bat() : form.choose_to_bowl();
     });
     script_draws(std::vector<double>(40, one));
-    toss_and_play();
+    toss_and_play(in_play());
     EXPECT_EQ(match.team1_name, bat ? "Home" : "Away");
     EXPECT_EQ(match.batting_xi[3].name, bat ? "H.Bat3" : "A.Bowl3");
     EXPECT_EQ(match.bowling_xi[3].name, bat ? "A.Bowl3" : "H.Bat3");
-    read_elevens();
+    read_elevens(match, data);
     EXPECT_EQ(match.batting_xi[3].name, "Other3") << "the files have the others";
   }
   std::filesystem::remove_all(folder);

@@ -8,6 +8,7 @@
 #include "model/match_state.h"
 #include "model/random.h"
 #include "setup/coin_draws.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 // The screen of the toss.
@@ -18,8 +19,8 @@ namespace {
 /// Home against Away, their elevens selected.
 void set_up_toss(bool first_computer, bool second_computer) {
   set_up_sample_match(first_computer, second_computer);
-  write_eleven(side::first, match.batting_xi);
-  write_eleven(side::second, match.bowling_xi);
+  write_eleven(data, side::first, match.batting_xi);
+  write_eleven(data, side::second, match.bowling_xi);
 }
 
 /// The screen after the call, and the draws that the call took.
@@ -27,7 +28,7 @@ toss_form called(bool second_computer, std::vector<double> draws, int button = 0
   set_up_toss(false, second_computer);
   const std::size_t count = draws.size();
   script_draws(std::move(draws));
-  toss_form form;
+  toss_form form(in_play());
   form.open();
   form.call_coin(button);
   EXPECT_EQ(chance.draws_used(), count);
@@ -52,7 +53,7 @@ void expect_first(const std::string& first, bool first_computer, bool second_com
   EXPECT_EQ(match.team2_name, home ? "Away" : "Home");
   EXPECT_EQ(match.computer_bats, home ? first_computer : second_computer);
   EXPECT_EQ(match.computer_bowls, home ? second_computer : first_computer);
-  read_elevens();
+  read_elevens(match, data);
   EXPECT_EQ(match.batting_xi[1].name, home ? "H.Bat1" : "A.Bowl1");
   EXPECT_EQ(match.bowling_xi[11].name, home ? "A.Bowl11" : "H.Bat11");
 }
@@ -60,7 +61,7 @@ void expect_first(const std::string& first, bool first_computer, bool second_com
 TEST(Toss, OpensWithTheFirstTeamToCall) {
   set_up_toss(false, false);
   script_draws({});
-  toss_form form;
+  toss_form form(in_play());
   form.deciding_line = "old";
   form.bat_enabled = false;
   form.closed = true;
@@ -99,7 +100,7 @@ TEST(Toss, AComputerSecondTeamElects) {
 
 TEST(Toss, TheDecisionOfAComputerFirstTeamIsPrepared) {
   set_up_toss(true, false);
-  toss_form form;
+  toss_form form(in_play());
   script_draws({one, one});
   form.open_decided();
   expect_screen(form, "Home have won the toss.They have elected to field first.", "Away", "Home", true, false);
@@ -116,9 +117,9 @@ TEST(TossDecision, OfTheFirstTeam) {
   form.choose_to_bat();
   EXPECT_TRUE(form.closed);
   expect_first("Home", false, false);
-  form = called(true, {one});
-  form.choose_to_bowl();
-  EXPECT_TRUE(form.closed);
+  toss_form again = called(true, {one});
+  again.choose_to_bowl();
+  EXPECT_TRUE(again.closed);
   expect_first("Away", false, true);
 }
 
@@ -126,8 +127,8 @@ TEST(TossDecision, OfAHumanSecondTeam) {
   toss_form form = called(false, {two});
   form.choose_to_bat();
   expect_first("Away", false, false);
-  form = called(false, {two});
-  form.choose_to_bowl();
+  toss_form again = called(false, {two});
+  again.choose_to_bowl();
   expect_first("Home", false, false);
 }
 
@@ -135,14 +136,14 @@ TEST(TossDecision, ConfirmsTheElectionOfAComputerSecondTeam) {
   toss_form form = called(true, {two, one});
   form.choose_to_bat();
   expect_first("Home", false, true);
-  form = called(true, {two, two});
-  form.choose_to_bowl();
+  toss_form again = called(true, {two, two});
+  again.choose_to_bowl();
   expect_first("Away", false, true);
 }
 
 TEST(TossDecision, ConfirmsTheElectionOfAComputerFirstTeam) {
   set_up_toss(true, false);
-  toss_form form;
+  toss_form form(in_play());
   script_draws({one, one});
   form.open_decided();
   form.choose_to_bat();
@@ -156,7 +157,7 @@ TEST(TossDecision, ConfirmsTheElectionOfAComputerFirstTeam) {
 
 TEST(TossDecision, OfAHumanWhoBeatsAComputerFirstTeam) {
   set_up_toss(true, false);
-  toss_form form;
+  toss_form form(in_play());
   script_draws({two});
   form.open_decided();
   form.choose_to_bowl();
@@ -168,14 +169,14 @@ TEST(TossDecision, OfOneTeamAgainstItselfAlwaysSwaps) {
     set_up_toss(false, true);
     match.team2_name = "Home";
     script_draws({one});
-    toss_form form;
+    toss_form form(in_play());
     form.open();
     form.call_coin(0);
     bat ? form.choose_to_bat() : form.choose_to_bowl();
     EXPECT_EQ(match.team1_name, "Home");
     EXPECT_TRUE(match.computer_bats);
     EXPECT_FALSE(match.computer_bowls);
-    read_elevens();
+    read_elevens(match, data);
     EXPECT_EQ(match.batting_xi[1].name, "A.Bowl1");
     EXPECT_EQ(match.bowling_xi[1].name, "H.Bat1");
   }

@@ -6,6 +6,7 @@
 #include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "support/failing_disk.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -17,6 +18,8 @@ bool pointer_is_busy() {
 /// Looks at the pointer as each over of an unattended match begins, and as the match is over.
 class WatchedFrontEnd : public QtFrontEnd {
  public:
+  WatchedFrontEnd() : QtFrontEnd(tested_game) {}
+
   int busy_overs = 0;
   int idle_overs = 0;
   int busy_ends = 0;

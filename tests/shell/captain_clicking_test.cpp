@@ -14,6 +14,7 @@
 #include "reports/partnerships.h"
 #include "setup/new_match.h"
 #include "shell/game_fixture.h"
+#include "support/game_in_play.h"
 
 // A human captain who does more than bowl over after over: he changes aggressions and bowlers, browses past overs,
 // opens every report in mid-innings and writes the match in all three forms. The same acts on the core's forms give the
@@ -60,9 +61,9 @@ class CoreCaptain : public BookkeepingUser {
       if (browses(over)) form.browse_over(1 + match.browser_maximum / 2);
       if (reads_reports(over)) {
         // Reading the partnerships writes the overs at each fall into the record.
-        partnerships_form now;
+        partnerships_form now(match);
         now.open();
-        first_partnerships_form before;
+        first_partnerships_form before(match);
         if (match.first_total != 0) before.open();
         books_shown.push_back(books());
       }
@@ -152,11 +153,11 @@ class CaptainClicking : public GameTest {
       const std::string stem = "over" + std::to_string(over_);
       steps_.push_back([this, &user, stem](QWidget& window) {
         read_everything(user, database_.folder(), stem, match.first_total != 0);
-        scorecard_form card;
+        scorecard_form card(match);
         card.open();
-        expected_[stem + ".html"] = html_scorecard(card);
-        expected_[stem + ".txt"] = text_scorecard(card);
-        expected_[stem + ".byb.txt"] = ball_by_ball(card);
+        expected_[stem + ".html"] = html_scorecard(match, data, card);
+        expected_[stem + ".txt"] = text_scorecard(match, card);
+        expected_[stem + ".byb.txt"] = ball_by_ball(match, card);
         press(window, "Command2");
       });
       for (const char* report : {"Command6", "Command11"}) steps_.push_back(pressed(report));
@@ -200,7 +201,7 @@ TEST_F(CaptainClicking, ActsReportsAndExportsEqualTheCores) {
   begin_again_with_seed(21);
   CoreCaptain reference;
   const front_end_scope in_use(reference);
-  new_match_form form;
+  new_match_form form(in_play());
   form.open();
   form.choose_first_team(1);
   form.choose_second_team(2);

@@ -10,16 +10,17 @@
 #include "console/console_view.h"
 #include "model/match_state.h"
 #include "reports/export.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
 std::string books() {
-  scorecard_form card;
+  scorecard_form card(match);
   card.open();
-  std::string text = html_scorecard(card) + text_scorecard(card) + ball_by_ball(card);
-  const rates_view rates = view_rates();
+  std::string text = html_scorecard(match, data, card) + text_scorecard(match, card) + ball_by_ball(match, card);
+  const rates_view rates = view_rates(match);
   for (const rate_cell& cell : rates.cells) text += cell.heading + "=" + cell.text + ";";
-  text += rates.last_five_overs + view_last_wicket() + view_score().time_of_day;
+  text += rates.last_five_overs + view_last_wicket(match) + view_score(match).time_of_day;
   text += fmt::format("|{}|{}|{}|{}|{}:{}|{}:{}", match.result_ground, match.result_winner, match.result_loser,
                       match.result_margin, match.rate_first.team, match.rate_first.delta, match.rate_second.team,
                       match.rate_second.delta);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "headless/headless_user.h"
+#include "support/test_user.h"
 #include "windows/robot.h"
 
 namespace velorin::testing {
@@ -36,7 +37,7 @@ class ClickingUser {
 };
 
 /// The headless user, who keeps the same.
-class BookkeepingUser : public headless_user {
+class BookkeepingUser : public test_user {
  public:
   std::vector<std::string> books_shown;
   std::vector<std::string> messages;

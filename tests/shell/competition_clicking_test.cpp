@@ -11,6 +11,8 @@
 #include "desktop/preferences.h"
 #include "model/match_state.h"
 #include "shell/game_fixture.h"
+#include "support/game_in_play.h"
+#include "support/new_form.h"
 
 // Whole competitions played by pressing the controls of the windows. Tables, fixtures and results at every stage equal
 // the core's with the same draws.
@@ -56,7 +58,7 @@ std::string texts(const world_cup_tables_form& form) {
 
 template <class CoreForm>
 std::string standing() {
-  CoreForm form;
+  auto form = new_form<CoreForm>();
   form.open();
   return texts(form);
 }
@@ -146,7 +148,7 @@ TEST_F(CompetitionClicking, ASeriesOfTenMatches) {
   begin_again_with_seed(1);
   StandingsUser reference;
   const front_end_scope in_use(reference);
-  series_form form;
+  series_form form(in_play(), series);
   form.open();
   form.choose_home(2);
   form.choose_away(5);
@@ -173,7 +175,7 @@ TEST_F(CompetitionClicking, ATriSeriesOfTwoRoundsWithItsFinal) {
   begin_again_with_seed(1);
   StandingsUser reference;
   const front_end_scope in_use(reference);
-  tri_series_form form;
+  tri_series_form form(in_play(), tri);
   form.open();
   form.choose_team(0, 0);
   form.choose_team(1, 3);
@@ -192,7 +194,7 @@ class WorldCupClicking : public CompetitionClicking, public ::testing::WithParam
     StandingsUser reference;
     reference.quits_at = quits_at;
     const front_end_scope in_use(reference);
-    world_cup_form form;
+    world_cup_form form(in_play(), world_cup);
     form.open();
     form.human_a[2] = true;
     form.accept();

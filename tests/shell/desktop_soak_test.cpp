@@ -8,6 +8,7 @@
 
 #include "model/match_state.h"
 #include "shell/game_fixture.h"
+#include "support/game_in_play.h"
 
 // Many matches by clicking in one run of the game, from one menu: captains of all kinds, teams in turn, every report
 // read now and then. Nothing may grow. VELORIN_SOAK_MATCHES says how many.

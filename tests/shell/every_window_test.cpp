@@ -12,6 +12,7 @@
 #include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "shell/menu_entry.h"
+#include "support/game_in_play.h"
 #include "windows/accessible_user.h"
 
 namespace velorin::testing {

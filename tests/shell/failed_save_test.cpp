@@ -14,6 +14,7 @@
 #include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "support/failing_disk.h"
+#include "support/game_in_play.h"
 #include "windows/window_checks.h"
 
 namespace velorin::testing {
@@ -27,7 +28,7 @@ class stopped_program {
     EXPECT_EQ(::pipe(ready), 0);
     process_ = ::fork();
     if (process_ == 0) {
-      const folder_lock turn(folder / "f");
+      const folder_lock turn(folder / "f", nullptr);
       if (::write(ready[1], "x", 1) != 1) ::_exit(1);
       ::raise(SIGSTOP);
       ::_exit(0);

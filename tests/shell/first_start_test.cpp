@@ -11,6 +11,7 @@
 #include "database/configuration.h"
 #include "desktop/program_end.h"
 #include "shell/game_fixture.h"
+#include "support/game_in_play.h"
 
 // Starts without settings, and databases that go away under the running program.
 
@@ -22,15 +23,15 @@ class FirstStart : public GameTest {
   std::filesystem::path file(const char* name) const { return database_.folder() / name; }
 
   void forget_settings() {
-    settings = {};
-    files = database_paths(database_.folder(), "");
-    files.updates = true;
+    data.settings = {};
+    data.files = database_paths(database_.folder(), "");
+    data.files.updates = true;
   }
 
   /// Runs the program with real failures, which end it; returns its status.
   int run(const std::function<void(MenuWindow&)>& then) {
     on_failure({});
-    QtFrontEnd shown_by;
+    QtFrontEnd shown_by(tested_game);
     const front_end_scope in_use(shown_by);
     MenuWindow menu(shown_by);
     menu.show();
@@ -57,7 +58,7 @@ TEST_F(FirstStart, WithoutSettingsTheyAreAskedFor) {
   });
   EXPECT_EQ(run([](MenuWindow&) {}), 0);
   EXPECT_EQ(user.robot.met(), std::vector<std::string>{"optfrm"});
-  EXPECT_EQ(files.base, "world");
+  EXPECT_EQ(data.files.base, "world");
   EXPECT_TRUE(std::filesystem::exists(file("options.mc")));
 }
 
@@ -108,8 +109,8 @@ TEST_F(FirstStart, WithoutADatabaseOnOfferNothingStarts) {
 TEST_F(FirstStart, ADatabaseNotOnOfferLeadsToTheSettings) {
   const std::vector<std::string> names = {"gone", "../teams/world", (database_.folder() / "world").string()};
   for (const std::string& name : names) {
-    settings.database_name = name;
-    write_options();
+    data.settings.database_name = name;
+    write_options(data);
     forget_settings();
     ClickingUser user;
     user.robot.next("optfrm", [](QWidget& window) {
@@ -120,7 +121,7 @@ TEST_F(FirstStart, ADatabaseNotOnOfferLeadsToTheSettings) {
     EXPECT_EQ(user.messages,
               std::vector<std::string>{"Error | The database \"" + name + "\" is not on offer (file options.mc)"});
     EXPECT_EQ(user.robot.left(), 0);
-    EXPECT_EQ(files.base, "world");
+    EXPECT_EQ(data.files.base, "world");
   }
 }
 
@@ -211,7 +212,7 @@ TEST_F(FirstStart, SettingsThatCannotBeWrittenHoldForThisRun) {
   EXPECT_EQ(run([](MenuWindow&) {}), 0);
   ASSERT_EQ(user.messages.size(), 2U) << "it can be neither read nor written";
   for (const auto& told : user.messages) EXPECT_NE(told.find("options.mc"), std::string::npos) << told;
-  EXPECT_EQ(files.base, "world");
+  EXPECT_EQ(data.files.base, "world");
 }
 
 TEST_F(FirstStart, AnUnwritableFolderIsNamedAtTheEndOfAMatch) {

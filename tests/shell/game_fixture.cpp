@@ -12,6 +12,7 @@
 #include "desktop/program_end.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -22,8 +23,8 @@ GameTest::GameTest() {
     database_.add_ground(name, std::string(name) + " Park", 2, 4);
   }
   database_.write();
-  settings = {"", "world", "000000", "FFFFFF", "Sans Serif"};
-  write_options();
+  data.settings = {"", "world", "000000", "FFFFFF", "Sans Serif"};
+  write_options(data);
   preferences::set_pace(Pace::instant);
   for (const char* form : {"series1", "series2", "wctable"}) preferences::set_plays_without_stopping(form, false);
   begin_again_with_seed(1);
@@ -46,14 +47,14 @@ void GameTest::begin_again_with_seed(std::uint64_t seed) {
   series = {};
   tri = {};
   world_cup = {};
-  use_database("world");
-  files.updates = true;
-  files.elevens_in_memory = false;
+  use_database(data, "world");
+  data.files.updates = true;
+  data.files.elevens_in_memory = false;
   chance.use_seed(seed);
 }
 
 void GameTest::play(const std::function<void(MenuWindow&)>& then) {
-  QtFrontEnd shown_by;
+  QtFrontEnd shown_by(tested_game);
   play_shown_by(shown_by, then);
 }
 

@@ -5,6 +5,7 @@
 #include "model/random.h"
 #include "setup/new_match.h"
 #include "shell/game_fixture.h"
+#include "support/game_in_play.h"
 
 // Whole matches played by pressing the controls of the windows; the books equal those of the core with the same draws.
 
@@ -23,7 +24,7 @@ class MatchClicking : public GameTest, public ::testing::WithParamInterface<Capt
     begin_again_with_seed(seed);
     BookkeepingUser user;
     const front_end_scope in_use(user);
-    new_match_form form;
+    new_match_form form(in_play());
     form.open();
     form.choose_first_team(4);
     form.choose_second_team(7);

@@ -9,6 +9,7 @@
 #include "desktop/theme.h"
 #include "shell/game_fixture.h"
 #include "shell/menu_entry.h"
+#include "support/game_in_play.h"
 #include "windows/window_checks.h"
 
 namespace velorin::testing {
@@ -32,7 +33,7 @@ class MenuWindowTest : public GameTest {
     return found;
   }
 
-  QtFrontEnd front_;
+  QtFrontEnd front_{tested_game};
   front_end_scope in_use_;
   MenuWindow menu;
 };

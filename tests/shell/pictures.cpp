@@ -21,6 +21,7 @@
 #include "shell/filled_careers.h"
 #include "shell/menu_window.h"
 #include "shell/qt_front_end.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
@@ -163,7 +164,7 @@ int main(int argc, char** argv) {
   for (const char* name : {"world.team", "world.grd", "options.mc"}) {
     std::filesystem::copy_file(std::filesystem::path(argv[2]) / name, teams / name);
   }
-  files = database_paths(teams, "world");
+  data.files = database_paths(teams, "world");
   velorin::testing::fill_careers();
   velorin::testing::take_all();
   return ::testing::UnitTest::GetInstance()->Failed() ? 1 : 0;

@@ -11,6 +11,7 @@
 #include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "shell/unstopped_window.h"
+#include "support/game_in_play.h"
 #include "windows/window_checks.h"
 
 // Matches between two computer sides that run without stopping.
@@ -58,7 +59,7 @@ TEST_F(UnstoppedPlayTest, AWorldCupGivesTheSameBooksWithAndWithoutStops) {
   begin_again_with_seed(1);
   BookkeepingUser reference;
   const front_end_scope in_use(reference);
-  world_cup_form form;
+  world_cup_form form(in_play(), world_cup);
   form.open();
   form.accept();
   EXPECT_TRUE(unstopped.files == lasting_files()) << "the files differ from the core's";
@@ -90,25 +91,25 @@ TEST_F(UnstoppedPlayTest, ItKnowsTheHumanSidesOfTheNextCupMatch) {
   world_cup.stage = cup_stage::super_six_draw;
   world_cup.next_match = 21;
   world_cup.super_six_human[6] = true;
-  EXPECT_FALSE(next_match_has_human(Activity::cup)) << "nothing is drawn yet";
+  EXPECT_FALSE(next_match_has_human(tested_game, Activity::cup)) << "nothing is drawn yet";
   world_cup.fixtures[21].stage = "SS";
   world_cup.fixtures[21].index_a = 1;
   world_cup.fixtures[21].index_b = 2;
-  EXPECT_FALSE(next_match_has_human(Activity::cup));
+  EXPECT_FALSE(next_match_has_human(tested_game, Activity::cup));
   world_cup.fixtures[21].index_b = 3;
-  EXPECT_TRUE(next_match_has_human(Activity::cup)) << "the first match of the Super Six";
+  EXPECT_TRUE(next_match_has_human(tested_game, Activity::cup)) << "the first match of the Super Six";
 
   world_cup.stage = cup_stage::super_six_matches;
   world_cup.next_match = 29;
   world_cup.fixtures[29].index_a = 1;
   world_cup.fixtures[29].index_b = 1;
-  EXPECT_FALSE(next_match_has_human(Activity::cup));
+  EXPECT_FALSE(next_match_has_human(tested_game, Activity::cup));
   world_cup.next_match = 30;
   for (int place = 1; place <= 6; ++place) world_cup.super_six[static_cast<std::size_t>(place)].points = place;
-  EXPECT_TRUE(next_match_has_human(Activity::cup)) << "place 6 is the first of the table";
+  EXPECT_TRUE(next_match_has_human(tested_game, Activity::cup)) << "place 6 is the first of the table";
   world_cup.super_six[6].points = 4;
   world_cup.super_six[6].net_run_rate = 1;
-  EXPECT_FALSE(next_match_has_human(Activity::cup)) << "the second plays in the other semi-final";
+  EXPECT_FALSE(next_match_has_human(tested_game, Activity::cup)) << "the second plays in the other semi-final";
   EXPECT_EQ(world_cup.super_six[1].points, 1) << "the table itself is left alone";
   world_cup = world_cup_record();
 }

@@ -8,6 +8,7 @@
 #include "engine/delivery_model.h"
 #include "model/check_match.h"
 #include "model/match_state.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -36,7 +37,7 @@ void referee::complain(const std::string& what) {
 
 void referee::watch_ball() {
   ++balls_;
-  complain(check_match());
+  complain(check_match(match));
   if (match.innings_number != innings_) start_innings();
   if (match.over_no != over_) start_over();
   ++innings_deliveries_;

@@ -6,6 +6,7 @@
 #include "database/configuration.h"
 #include "engine/delivery_model.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -46,8 +47,8 @@ void set_up_sample_match(bool computer_bats, bool computer_bowls) {
   match.ground.start_time = 1030;
   match.weather = 3;
   match.outfield = 3;
-  files.updates = false;
-  files.elevens_in_memory = true;
+  data.files.updates = false;
+  data.files.elevens_in_memory = true;
 }
 
 double draw_for(int n) { return die_draw(n, 1000); }
@@ -57,7 +58,7 @@ double die_draw(int face, int sides) { return (face - 0.5) / sides; }
 void script_draws(std::vector<double> draws) { chance.use_script(std::move(draws), "script"); }
 
 double draw_outcome(int outcome) {
-  const auto windows = delivery_windows(expect_delivery());
+  const auto windows = delivery_windows(expect_delivery(match));
   int end = 0;
   int first = 0;
   int last = 0;

@@ -10,19 +10,18 @@
 #include "competitions/tri_series.h"
 #include "competitions/world_cup_fixtures.h"
 #include "competitions/world_cup_tables.h"
-#include "headless/headless_user.h"
+#include "support/test_user.h"
 #include "ui/front_end.h"
 
 namespace velorin::testing {
 
 /// A user for tests: records every request in order and answers from lists; where a list is empty it answers as the
 /// headless user does.
-class scripted_user : public headless_user {
+class scripted_user : public test_user {
  public:
-  /// Every request as a line: "message TITLE | TEXT", "conditions_form", "team_selection_form TEAM", "toss HEADLINE",
-  /// "next_batsman_form TITLE", "bowler_choice_form TITLE", "aggression_form NAME", "batsman_details_form HEADLINE",
-  /// "console", "report N", "series_results_form", "tri_series_table_form", "world_cup_fixtures_form",
-  /// "world_cup_tables_form", "failed save CAUSE".
+  /// Every request as a line: "message TITLE | TEXT", "wecond", "teamsel TEAM", "toss HEADLINE", "batorder TITLE",
+  /// "chgbowler TITLE", "aggr NAME", "batsmandetails HEADLINE", "console", "report N", "sri_result", "triserresult",
+  /// "wc_fix", "wcsstab", "failed save CAUSE". The short words are the ids of the windows.
   std::vector<std::string> requests;
   std::vector<message_box> messages;
   /// Each showing of a competition's windows, as it opened.
@@ -52,7 +51,7 @@ class scripted_user : public headless_user {
   std::function<void()> on_ball;
   std::function<void(report)> on_report;
 
-  using headless_user::show;
+  using test_user::show;
   void show(const message_box& message) override;
   save_answer answer(const failed_save& failed) override;
   void show(conditions_form& form) override;

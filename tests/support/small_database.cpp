@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "database/slots.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 
 namespace velorin::testing {
@@ -39,16 +40,16 @@ squad sample_squad(const std::string& prefix) {
   return men;
 }
 
-small_database::small_database() : before_(files) {
+small_database::small_database() : before_(data.files) {
   std::string pattern = (std::filesystem::temp_directory_path() / "velorin-test-XXXXXX").string();
   if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder for a test");
   folder_ = pattern;
-  files = database_paths(folder_, "world");
-  files.updates = false;
+  data.files = database_paths(folder_, "world");
+  data.files.updates = false;
 }
 
 small_database::~small_database() {
-  files = before_;
+  data.files = before_;
   std::error_code ignored;
   std::filesystem::remove_all(folder_, ignored);
 }
@@ -72,8 +73,8 @@ void small_database::add_ground(const std::string& country, const std::string& n
 }
 
 void small_database::write() const {
-  write_records(files.team_file, teams_);
-  write_records(files.ground_file, grounds_);
+  write_records(data.files.team_file, teams_);
+  write_records(data.files.ground_file, grounds_);
 }
 
 }  // namespace velorin::testing

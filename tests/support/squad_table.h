@@ -6,6 +6,7 @@
 
 #include "model/match_records.h"
 #include "setup/team_selection.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -37,7 +38,7 @@ class selection {
   selection(const selection&) = delete;
   selection& operator=(const selection&) = delete;
 
-  team_selection_form form;
+  team_selection_form form{in_play()};
 
  private:
   squad men_;

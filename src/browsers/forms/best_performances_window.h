@@ -6,11 +6,15 @@
 
 namespace velorin {
 
+class front_end;
+struct open_database;
+
 /// The highest individual scores, or the best bowling figures.
 class BestPerformancesWindow : public RecordWindow {
  public:
-  explicit BestPerformancesWindow(best_performances_form& form, QWidget* parent = front_window())
-      : RecordWindow(QStringLiteral("highinduv"), form, true, parent) {}
+  explicit BestPerformancesWindow(front_end& user, open_database& database, best_performances_form& form,
+                                  QWidget* parent = front_window())
+      : RecordWindow(user, database, QStringLiteral("highinduv"), form, true, parent) {}
 };
 
 }  // namespace velorin

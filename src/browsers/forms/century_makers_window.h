@@ -6,11 +6,15 @@
 
 namespace velorin {
 
+class front_end;
+struct open_database;
+
 /// The players of most hundreds.
 class CenturyMakersWindow : public RecordWindow {
  public:
-  explicit CenturyMakersWindow(century_makers_form& form, QWidget* parent = front_window())
-      : RecordWindow(QStringLiteral("centurytop"), form, true, parent) {}
+  explicit CenturyMakersWindow(front_end& user, open_database& database, century_makers_form& form,
+                               QWidget* parent = front_window())
+      : RecordWindow(user, database, QStringLiteral("centurytop"), form, true, parent) {}
 };
 
 }  // namespace velorin

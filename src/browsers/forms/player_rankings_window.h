@@ -6,11 +6,15 @@
 
 namespace velorin {
 
+class front_end;
+struct open_database;
+
 /// A ranking of all players, or the records of one team's players.
 class PlayerRankingsWindow : public RecordWindow {
  public:
-  explicit PlayerRankingsWindow(player_rankings_form& form, QWidget* parent = front_window())
-      : RecordWindow(QStringLiteral("allrecs"), form, true, parent) {}
+  explicit PlayerRankingsWindow(front_end& user, open_database& database, player_rankings_form& form,
+                                QWidget* parent = front_window())
+      : RecordWindow(user, database, QStringLiteral("allrecs"), form, true, parent) {}
 };
 
 }  // namespace velorin

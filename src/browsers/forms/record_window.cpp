@@ -54,11 +54,14 @@ Table table_of(const shown_table& shown_table, bool ranked) {
 
 }  // namespace
 
-RecordWindow::RecordWindow(const QString& name, table_form& form, bool ranked, QWidget* parent)
+RecordWindow::RecordWindow(front_end& user, open_database& database, const QString& name, table_form& form, bool ranked,
+                           QWidget* parent)
     : Form(name, Dismissal::closes, parent),
       form_(form),
       rows_(new_column(body(), 1120)),
-      table_(new TableView(QStringLiteral("table"))) {
+      table_(new TableView(QStringLiteral("table"))),
+      user_(user),
+      data_(database) {
   set_title(shown(form_.table.title), shown(form_.table.title));
   rows_->addWidget(table_, 1);
   show_rows(ranked);
@@ -99,7 +102,7 @@ const std::string& RecordWindow::man_of(int row, int man) const {
 void RecordWindow::open_profile(int row, int man) {
   const std::string& name = man_of(row, man);
   if (name.empty()) return;
-  show_profile(form_.table.rows[static_cast<std::size_t>(row)].team, name);
+  show_profile(user_, data_, form_.table.rows[static_cast<std::size_t>(row)].team, name);
   focus_default();
 }
 

@@ -10,6 +10,9 @@ class QVBoxLayout;
 
 namespace velorin {
 
+class front_end;
+struct open_database;
+
 struct table_form;
 class TableView;
 
@@ -20,7 +23,8 @@ class RecordWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window. `ranked`: places stand before the rows.
-  RecordWindow(const QString& name, table_form& form, bool ranked, QWidget* parent);
+  RecordWindow(front_end& user, open_database& database, const QString& name, table_form& form, bool ranked,
+               QWidget* parent);
 
  protected:
   table_form& form() const { return form_; }
@@ -37,6 +41,8 @@ class RecordWindow : public Form {
   table_form& form_;
   QVBoxLayout* rows_;
   TableView* table_;
+  front_end& user_;
+  open_database& data_;
 };
 
 }  // namespace velorin

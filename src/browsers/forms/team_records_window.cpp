@@ -13,10 +13,12 @@
 #include "browsers/forms/figure_grid.h"
 #include "browsers/player_profile.h"
 #include "browsers/team_records.h"
+#include "database/open_database.h"
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
+#include "ui/front_end.h"
 
 namespace velorin {
 
@@ -54,8 +56,8 @@ Table individual_table(const team_records_form& form) {
 
 }  // namespace
 
-TeamRecordsWindow::TeamRecordsWindow(team_records_form& form, QWidget* parent)
-    : Form(QStringLiteral("teamdet"), Dismissal::closes, parent), form_(form) {
+TeamRecordsWindow::TeamRecordsWindow(front_end& user, open_database& database, team_records_form& form, QWidget* parent)
+    : Form(QStringLiteral("teamdet"), Dismissal::closes, parent), form_(form), user_(user), data_(database) {
   body()->setSpacing(16);
   auto* rows = new_column(body(), 1280);
   rows->addWidget(new_list());
@@ -164,7 +166,7 @@ void TeamRecordsWindow::open_profile(int record) {
   if (record < 0 || record >= static_cast<int>(form_.men_of_records.size())) return;
   const std::string& man = form_.men_of_records[static_cast<std::size_t>(record)];
   if (man.empty()) return;
-  show_profile(form_.teams[static_cast<std::size_t>(form_.chosen_team)], man);
+  show_profile(user_, data_, form_.teams[static_cast<std::size_t>(form_.chosen_team)], man);
   focus_default();
 }
 

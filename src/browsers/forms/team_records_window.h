@@ -11,6 +11,9 @@ class QPushButton;
 
 namespace velorin {
 
+class front_end;
+struct open_database;
+
 class TableView;
 struct team_records_form;
 
@@ -20,7 +23,8 @@ class TeamRecordsWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit TeamRecordsWindow(team_records_form& form, QWidget* parent = front_window());
+  explicit TeamRecordsWindow(front_end& user, open_database& database, team_records_form& form,
+                             QWidget* parent = front_window());
 
  private:
   QWidget* new_list();
@@ -38,6 +42,8 @@ class TeamRecordsWindow : public Form {
   std::array<QLabel*, 4> extremes_;
   TableView* individual_;
   QPushButton* profile_;
+  front_end& user_;
+  open_database& data_;
 };
 
 }  // namespace velorin

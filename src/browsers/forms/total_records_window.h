@@ -6,11 +6,15 @@
 
 namespace velorin {
 
+class front_end;
+struct open_database;
+
 /// The highest or the lowest totals.
 class TotalRecordsWindow : public RecordWindow {
  public:
-  explicit TotalRecordsWindow(total_records_form& form, QWidget* parent = front_window())
-      : RecordWindow(QStringLiteral("totrecords"), form, true, parent) {}
+  explicit TotalRecordsWindow(front_end& user, open_database& database, total_records_form& form,
+                              QWidget* parent = front_window())
+      : RecordWindow(user, database, QStringLiteral("totrecords"), form, true, parent) {}
 };
 
 }  // namespace velorin

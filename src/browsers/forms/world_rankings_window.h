@@ -6,11 +6,15 @@
 
 namespace velorin {
 
+class front_end;
+struct open_database;
+
 /// The ranking of all teams.
 class WorldRankingsWindow : public RecordWindow {
  public:
-  explicit WorldRankingsWindow(world_rankings_form& form, QWidget* parent = front_window())
-      : RecordWindow(QStringLiteral("wldrank"), form, false, parent) {}
+  explicit WorldRankingsWindow(front_end& user, open_database& database, world_rankings_form& form,
+                               QWidget* parent = front_window())
+      : RecordWindow(user, database, QStringLiteral("wldrank"), form, false, parent) {}
 };
 
 }  // namespace velorin

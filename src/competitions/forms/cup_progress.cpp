@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "competitions/forms/cup_progress.h"
+#include "competitions/world_cup.h"
 
 #include <algorithm>
 
@@ -23,7 +24,7 @@ bool captained(const std::string& team, const std::array<std::string, 5>& teams,
 
 }  // namespace
 
-QString cup_progress() {
+QString cup_progress(world_cup_record& world_cup) {
   const int next = world_cup.next_match;
   switch (world_cup.stage) {
     case cup_stage::drawn:
@@ -43,21 +44,25 @@ QString cup_progress() {
   return {};
 }
 
-bool has_super_six() { return world_cup.stage >= cup_stage::super_six_draw; }
+bool has_super_six(world_cup_record& world_cup) { return world_cup.stage >= cup_stage::super_six_draw; }
 
-fixture_captains captains_of(const cup_fixture& fixture) {
+fixture_captains captains_of(world_cup_record& world_cup, const cup_fixture& fixture) {
   const auto at = [](integer place) { return static_cast<std::size_t>(int(place)); };
   if (fixture.team_a.empty()) return {};
   if (fixture.stage == "SS") {
     // Before this tournament's draw those of an earlier one stand there.
-    if (!has_super_six()) return {};
+    if (!has_super_six(world_cup)) return {};
     return {world_cup.super_six_human[at(fixture.index_a)], world_cup.super_six_human[at(fixture.index_b) + 3]};
   }
   const std::array<bool, 5>& human = fixture.stage == "A" ? world_cup.human_a : world_cup.human_b;
   return {human[at(fixture.index_a) - 1], human[at(fixture.index_b) - 1]};
 }
 
-bool human_in_group_a(const std::string& team) { return captained(team, world_cup.chosen_a, world_cup.human_a); }
-bool human_in_group_b(const std::string& team) { return captained(team, world_cup.chosen_b, world_cup.human_b); }
+bool human_in_group_a(world_cup_record& world_cup, const std::string& team) {
+  return captained(team, world_cup.chosen_a, world_cup.human_a);
+}
+bool human_in_group_b(world_cup_record& world_cup, const std::string& team) {
+  return captained(team, world_cup.chosen_b, world_cup.human_b);
+}
 
 }  // namespace velorin

@@ -16,6 +16,7 @@
 
 #include "competitions/forms/number_field.h"
 #include "competitions/match_entry.h"
+#include "database/open_database.h"
 #include "desktop/controls.h"
 #include "desktop/form.h"
 #include "desktop/message_window.h"
@@ -104,16 +105,16 @@ void show_ready(const EntryFoot& foot, bool ready, const QString& wanted) {
   foot.wanted->setText(ready ? QString() : wanted);
 }
 
-bool grounds_are_fit(QWidget& window, const std::vector<std::string>& hosts) {
-  const std::vector<std::string> without = countries_without_ground(hosts);
-  if (without.empty() && !list_grounds(hosts).empty()) return true;
+bool grounds_are_fit(open_database& database, QWidget& window, const std::vector<std::string>& hosts) {
+  const std::vector<std::string> without = countries_without_ground(database, hosts);
+  if (without.empty() && !list_grounds(database, hosts).empty()) return true;
   QStringList names;
   for (const std::string& country : without) names << shown(country);
   const QString told = names.isEmpty() ? QStringLiteral("No host is chosen.")
                        : names.size() == 1
                            ? QStringLiteral("%1 has no ground.").arg(names.front())
                            : QStringLiteral("%1 have no ground.").arg(names.join(QStringLiteral(" and ")));
-  if (list_grounds(hosts).empty()) {
+  if (list_grounds(database, hosts).empty()) {
     MessageWindow message({"Error", core_text(told)}, MessageWindow::Kind::information, &window);
     run_modal(message);
     return false;

@@ -16,6 +16,8 @@ class QWidget;
 
 namespace velorin {
 
+struct open_database;
+
 class Form;
 class NumberField;
 struct team_entry;
@@ -49,7 +51,7 @@ void show_ready(const EntryFoot& foot, bool ready, const QString& wanted);
 
 /// Names the countries among the hosts that have no ground. True if the competition can go on: all have one, or the
 /// user plays on the grounds of the others.
-bool grounds_are_fit(QWidget& window, const std::vector<std::string>& hosts);
+bool grounds_are_fit(open_database& database, QWidget& window, const std::vector<std::string>& hosts);
 
 /// True if a box holds a whole number from 1 to `most`. Otherwise shows a message that says so.
 bool number_is_fit(const std::string& text, int most, const char* field);

@@ -10,8 +10,10 @@
 
 #include "competitions/forms/number_field.h"
 #include "competitions/series.h"
+#include "database/open_database.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
+#include "model/match_state.h"
 #include "reports/worm_graph.h"
 
 namespace velorin {
@@ -20,8 +22,12 @@ namespace {
 constexpr int most_matches = 10;
 }  // namespace
 
-SeriesWindow::SeriesWindow(series_form& form, QWidget* parent)
-    : Form(QStringLiteral("series1"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox) {
+SeriesWindow::SeriesWindow(match_state& match, open_database& database, series_form& form, QWidget* parent)
+    : Form(QStringLiteral("series1"), Dismissal::closes, parent),
+      form_(form),
+      grounds_(new QComboBox),
+      match_(match),
+      data_(database) {
   set_title(QStringLiteral("New Series"), QStringLiteral("New Series"));
   body()->setSpacing(16);
   auto* sides = new QHBoxLayout;
@@ -51,7 +57,7 @@ SeriesWindow::SeriesWindow(series_form& form, QWidget* parent)
   connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.ground_index = index; });
   body()->addWidget(new_ground_and_number(grounds_, QStringLiteral("No of Matches in Series :"), matches_));
   body()->addStretch(1);
-  add_afresh_line(*body(), standing_worms(), &start_worms_afresh);
+  add_afresh_line(*body(), standing_worms(match), [this] { start_worms_afresh(match_); });
 
   entry_foot_ = add_entry_foot(*this, [this] { play(); });
   show_choice();
@@ -72,7 +78,7 @@ void SeriesWindow::play() {
     matches_->text()->selectAll();
     return;
   }
-  if (!grounds_are_fit(*this, {entry_text(form_.teams, form_.home_team_index)})) return;
+  if (!grounds_are_fit(data_, *this, {entry_text(form_.teams, form_.home_team_index)})) return;
   hide();
   form_.accept();
   // Left before its first match was over, the form comes back.

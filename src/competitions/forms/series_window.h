@@ -8,6 +8,9 @@ class QComboBox;
 
 namespace velorin {
 
+struct match_state;
+struct open_database;
+
 class NumberField;
 struct series_form;
 
@@ -18,7 +21,8 @@ class SeriesWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit SeriesWindow(series_form& form, QWidget* parent = front_window());
+  explicit SeriesWindow(match_state& match, open_database& database, series_form& form,
+                        QWidget* parent = front_window());
 
  private:
   void show_choice();
@@ -28,6 +32,8 @@ class SeriesWindow : public Form {
   QComboBox* grounds_;
   EntryFoot entry_foot_;
   NumberField* matches_;
+  match_state& match_;
+  open_database& data_;
 };
 
 }  // namespace velorin

@@ -11,8 +11,10 @@
 
 #include "competitions/forms/number_field.h"
 #include "competitions/tri_series.h"
+#include "database/open_database.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
+#include "model/match_state.h"
 #include "reports/worm_graph.h"
 
 namespace velorin {
@@ -34,8 +36,12 @@ constexpr std::array<Side, 3> sides = {{{"First Team (host):", u'F', "Combo1", "
 
 }  // namespace
 
-TriSeriesWindow::TriSeriesWindow(tri_series_form& form, QWidget* parent)
-    : Form(QStringLiteral("series2"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox) {
+TriSeriesWindow::TriSeriesWindow(match_state& match, open_database& database, tri_series_form& form, QWidget* parent)
+    : Form(QStringLiteral("series2"), Dismissal::closes, parent),
+      form_(form),
+      grounds_(new QComboBox),
+      match_(match),
+      data_(database) {
   set_title(QStringLiteral("Tri Series"), QStringLiteral("Tri Series"));
   body()->setSpacing(16);
   body()->addWidget(new_sides());
@@ -49,7 +55,7 @@ TriSeriesWindow::TriSeriesWindow(tri_series_form& form, QWidget* parent)
   connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.ground_index = index; });
   body()->addWidget(new_ground_and_number(grounds_, QStringLiteral("No. of Round Robin stages:"), rounds_));
   body()->addStretch(1);
-  add_afresh_line(*body(), standing_worms(), &start_worms_afresh);
+  add_afresh_line(*body(), standing_worms(match), [this] { start_worms_afresh(match_); });
 
   entry_foot_ = add_entry_foot(*this, [this] { play(); });
   show_choice();
@@ -88,7 +94,7 @@ void TriSeriesWindow::play() {
     rounds_->text()->selectAll();
     return;
   }
-  if (!grounds_are_fit(*this, {entry_text(form_.teams, form_.team_index[0])})) return;
+  if (!grounds_are_fit(data_, *this, {entry_text(form_.teams, form_.team_index[0])})) return;
   hide();
   form_.accept();
   // Left before its first match was over, the form comes back.

@@ -8,6 +8,9 @@ class QComboBox;
 
 namespace velorin {
 
+struct match_state;
+struct open_database;
+
 class NumberField;
 struct tri_series_form;
 
@@ -18,7 +21,8 @@ class TriSeriesWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit TriSeriesWindow(tri_series_form& form, QWidget* parent = front_window());
+  explicit TriSeriesWindow(match_state& match, open_database& database, tri_series_form& form,
+                           QWidget* parent = front_window());
 
  private:
   QWidget* new_sides();
@@ -29,6 +33,8 @@ class TriSeriesWindow : public Form {
   QComboBox* grounds_;
   EntryFoot entry_foot_;
   NumberField* rounds_;
+  match_state& match_;
+  open_database& data_;
 };
 
 }  // namespace velorin

@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "competitions/forms/cup_progress.h"
+#include "competitions/world_cup.h"
 #include "competitions/world_cup_fixtures.h"
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
@@ -24,19 +25,23 @@ namespace {
 
 constexpr int shown_rows = 10;
 
-const cup_fixture& fixture_at(int place) { return world_cup.fixtures[static_cast<std::size_t>(place)]; }
+const cup_fixture& fixture_at(world_cup_record& world_cup, int place) {
+  return world_cup.fixtures[static_cast<std::size_t>(place)];
+}
 
-bool any_human_side(const world_cup_fixtures_form& form) {
+bool any_human_side(world_cup_record& world_cup, const world_cup_fixtures_form& form) {
   for (int place = 1; place <= form.fixtures; ++place) {
-    const fixture_captains captains = captains_of(fixture_at(place));
+    const fixture_captains captains = captains_of(world_cup, fixture_at(world_cup, place));
     if (captains.human_a || captains.human_b) return true;
   }
   return false;
 }
 
 /// A row of the list; all of the next match is dark blue.
-TableRow table_row(const world_cup_fixtures_form::row& row, int place, bool with_captains) {
-  const fixture_captains captains = row.team_a.empty() ? fixture_captains() : captains_of(fixture_at(place));
+TableRow table_row(world_cup_record& world_cup, const world_cup_fixtures_form::row& row, int place,
+                   bool with_captains) {
+  const fixture_captains captains =
+      row.team_a.empty() ? fixture_captains() : captains_of(world_cup, fixture_at(world_cup, place));
   TableRow line;
   const auto add = [&](const std::string& text, CellLook look) {
     line.cells.push_back({.text = shown(text), .look = row.is_next ? CellLook::dark_blue : look});
@@ -55,7 +60,7 @@ TableRow table_row(const world_cup_fixtures_form::row& row, int place, bool with
   return line;
 }
 
-Table fixtures_table(const world_cup_fixtures_form& form, bool with_captains) {
+Table fixtures_table(world_cup_record& world_cup, const world_cup_fixtures_form& form, bool with_captains) {
   Table table;
   table.name = QStringLiteral("World Cup Fixtures");
   table.columns.push_back({.heading = QStringLiteral("Match No.")});
@@ -69,20 +74,22 @@ Table fixtures_table(const world_cup_fixtures_form& form, bool with_captains) {
   table.columns.push_back({.heading = QStringLiteral("Match Result")});
   int place = form.scroll;
   for (const world_cup_fixtures_form::row& row : form.rows)
-    table.rows.push_back(table_row(row, place++, with_captains));
+    table.rows.push_back(table_row(world_cup, row, place++, with_captains));
   return table;
 }
 
 }  // namespace
 
-WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_fixtures_form& form, QWidget* parent)
+WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_record& world_cup, world_cup_fixtures_form& form,
+                                               QWidget* parent)
     : Form(QStringLiteral("wc_fix"), Dismissal::refused, parent),
       form_(form),
-      any_human_(any_human_side(form)),
+      any_human_(any_human_side(world_cup, form)),
       list_(new TableView(QStringLiteral("fixtures"))),
-      scroll_(new QScrollBar(Qt::Vertical)) {
+      scroll_(new QScrollBar(Qt::Vertical)),
+      world_cup_(world_cup) {
   set_title(QStringLiteral("World Cup Fixtures"), QStringLiteral("World Cup Fixtures"));
-  set_subheading(cup_progress());
+  set_subheading(cup_progress(world_cup));
   auto* row = new QHBoxLayout;
   row->setSpacing(4);
   row->addWidget(list_, 1);
@@ -128,7 +135,7 @@ WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_fixtures_form& form, QW
 }
 
 void WorldCupFixturesWindow::refresh() {
-  list_->set_table(fixtures_table(form_, any_human_));
+  list_->set_table(fixtures_table(world_cup_, form_, any_human_));
   for (int line = 0; line < shown_rows; ++line) {
     if (form_.rows[static_cast<std::size_t>(line)].is_next) list_->setCurrentIndex(list_->model()->index(line, 0));
   }

@@ -7,6 +7,8 @@ class QScrollBar;
 
 namespace velorin {
 
+struct world_cup_record;
+
 class TableView;
 struct Table;
 struct world_cup_fixtures_form;
@@ -17,7 +19,8 @@ class WorldCupFixturesWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit WorldCupFixturesWindow(world_cup_fixtures_form& form, QWidget* parent = front_window());
+  explicit WorldCupFixturesWindow(world_cup_record& world_cup, world_cup_fixtures_form& form,
+                                  QWidget* parent = front_window());
 
  protected:
   /// The list's arrow keys and the wheel go on beyond its ends.
@@ -31,6 +34,7 @@ class WorldCupFixturesWindow : public Form {
   bool any_human_;
   TableView* list_;
   QScrollBar* scroll_;
+  world_cup_record& world_cup_;
 };
 
 }  // namespace velorin

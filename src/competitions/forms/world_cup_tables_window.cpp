@@ -6,11 +6,13 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <functional>
 #include <span>
 #include <vector>
 
 #include "competitions/forms/cup_progress.h"
 #include "competitions/forms/league_view.h"
+#include "competitions/world_cup.h"
 #include "competitions/world_cup_tables.h"
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
@@ -22,7 +24,7 @@ namespace {
 
 /// A table under its heading.
 QLayout* new_table(const QString& name, const char* heading, const std::vector<league_texts>& rows, int room,
-                   bool (*is_human)(const std::string& team)) {
+                   const std::function<bool(const std::string& team)>& is_human) {
   auto* column = new QVBoxLayout;
   column->setSpacing(4);
   const QString title = QString::fromLatin1(heading);
@@ -35,26 +37,28 @@ QLayout* new_table(const QString& name, const char* heading, const std::vector<l
   return column;
 }
 
-bool human_in_any(const std::string& team) {
-  return has_super_six() && (human_in_group_a(team) || human_in_group_b(team));
+bool human_in_any(world_cup_record& world_cup, const std::string& team) {
+  return has_super_six(world_cup) && (human_in_group_a(world_cup, team) || human_in_group_b(world_cup, team));
 }
 
 }  // namespace
 
-WorldCupTablesWindow::WorldCupTablesWindow(world_cup_tables_form& form, QWidget* parent)
-    : Form(QStringLiteral("wcsstab"), Dismissal::closes, parent), form_(form) {
+WorldCupTablesWindow::WorldCupTablesWindow(world_cup_record& world_cup, world_cup_tables_form& form, QWidget* parent)
+    : Form(QStringLiteral("wcsstab"), Dismissal::closes, parent), form_(form), world_cup_(world_cup) {
   set_title(QStringLiteral("World Cup Tables"), QStringLiteral("World Cup Tables"));
   show_picture();
-  set_subheading(cup_progress());
+  set_subheading(cup_progress(world_cup));
   auto* quarters = new QGridLayout;
   quarters->setHorizontalSpacing(24);
   quarters->setVerticalSpacing(16);
   quarters->setColumnStretch(0, 1);
   quarters->setColumnStretch(1, 1);
-  quarters->addLayout(new_table(QStringLiteral("group_a"), "Group A Table", form_.group_a, 5, human_in_group_a), 0, 0);
-  quarters->addLayout(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, 5, human_in_group_b), 0, 1);
-  quarters->addLayout(new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, 6, human_in_any), 1,
-                      0);
+  const auto in_group_a = [&](const std::string& team) { return human_in_group_a(world_cup, team); };
+  const auto in_group_b = [&](const std::string& team) { return human_in_group_b(world_cup, team); };
+  const auto in_any = [&](const std::string& team) { return human_in_any(world_cup, team); };
+  quarters->addLayout(new_table(QStringLiteral("group_a"), "Group A Table", form_.group_a, 5, in_group_a), 0, 0);
+  quarters->addLayout(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, 5, in_group_b), 0, 1);
+  quarters->addLayout(new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, 6, in_any), 1, 0);
   quarters->addWidget(new_knock_out(), 1, 1);
   auto* rows = new_column(body(), 1480);
   rows->addLayout(quarters, 1);

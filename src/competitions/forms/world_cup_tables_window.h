@@ -5,6 +5,8 @@
 
 namespace velorin {
 
+struct world_cup_record;
+
 struct world_cup_tables_form;
 
 /// The tables of the World Cup: both groups, the Super Six, the knock-out.
@@ -13,12 +15,14 @@ class WorldCupTablesWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit WorldCupTablesWindow(world_cup_tables_form& form, QWidget* parent = front_window());
+  explicit WorldCupTablesWindow(world_cup_record& world_cup, world_cup_tables_form& form,
+                                QWidget* parent = front_window());
 
  private:
   QWidget* new_knock_out();
 
   world_cup_tables_form& form_;
+  world_cup_record& world_cup_;
 };
 
 }  // namespace velorin

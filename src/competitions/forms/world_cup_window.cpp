@@ -9,16 +9,24 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "competitions/world_cup.h"
 #include "competitions/world_cup_form.h"
+#include "database/open_database.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
+#include "model/match_state.h"
 #include "reports/worm_graph.h"
 
 namespace velorin {
 
-WorldCupWindow::WorldCupWindow(world_cup_form& form, QWidget* parent)
-    : Form(QStringLiteral("wctable"), Dismissal::closes, parent), form_(form) {
+WorldCupWindow::WorldCupWindow(match_state& match, open_database& database, world_cup_record& world_cup,
+                               world_cup_form& form, QWidget* parent)
+    : Form(QStringLiteral("wctable"), Dismissal::closes, parent),
+      form_(form),
+      match_(match),
+      data_(database),
+      world_cup_(world_cup) {
   set_title(QStringLiteral("World Cup"), QStringLiteral("World Cup"));
   body()->setSpacing(16);
   auto* groups = new QHBoxLayout;
@@ -42,18 +50,18 @@ WorldCupWindow::WorldCupWindow(world_cup_form& form, QWidget* parent)
 }
 
 void WorldCupWindow::add_standing() {
-  const std::string cup = standing_cup();
-  const std::string graph = standing_worms();
-  add_afresh_line(*body(), cup.empty() || graph.empty() ? cup + graph : cup + " " + graph, [] {
-    start_cup_afresh();
-    start_worms_afresh();
+  const std::string cup = standing_cup(world_cup_);
+  const std::string graph = standing_worms(match_);
+  add_afresh_line(*body(), cup.empty() || graph.empty() ? cup + graph : cup + " " + graph, [this] {
+    start_cup_afresh(world_cup_);
+    start_worms_afresh(match_);
   });
 }
 
 void WorldCupWindow::show_choice() { show_ready(entry_foot_, form_.ready(), QStringLiteral("Choose all ten teams")); }
 
 void WorldCupWindow::play() {
-  if (!grounds_are_fit(*this, form_.hosts())) return;
+  if (!grounds_are_fit(data_, *this, form_.hosts())) return;
   hide();
   form_.accept();
   accept();

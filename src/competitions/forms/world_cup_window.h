@@ -8,6 +8,10 @@
 
 namespace velorin {
 
+struct match_state;
+struct open_database;
+struct world_cup_record;
+
 struct world_cup_form;
 
 /// The World Cup: groups, hosts, human sides. While it is played the window is hidden.
@@ -16,7 +20,8 @@ class WorldCupWindow : public Form {
 
  public:
   /// `form` has been opened, has not closed itself, and outlives the window.
-  explicit WorldCupWindow(world_cup_form& form, QWidget* parent = front_window());
+  explicit WorldCupWindow(match_state& match, open_database& database, world_cup_record& world_cup,
+                          world_cup_form& form, QWidget* parent = front_window());
 
  private:
   QWidget* new_group(const QString& title, const QString& lists, const QString& checks, std::array<int, 5>& teams,
@@ -28,6 +33,9 @@ class WorldCupWindow : public Form {
 
   world_cup_form& form_;
   EntryFoot entry_foot_;
+  match_state& match_;
+  open_database& data_;
+  world_cup_record& world_cup_;
 };
 
 }  // namespace velorin

@@ -12,26 +12,28 @@
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "model/texts.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
 namespace {
 
 /// Overs, maidens, runs and wickets so far; nothing for a man who has not bowled.
-QString figures(int row) {
+QString figures(const match_state& match, int row) {
   const bowling_card_rec& card = match.bowling_card[row];
   return card.balls == 0 ? QString() : shown(bowling_figures(card.balls, card.maidens, card.runs, card.wickets));
 }
 
 }  // namespace
 
-BowlerChoiceWindow::BowlerChoiceWindow(bowler_choice_form& form, QWidget* parent)
+BowlerChoiceWindow::BowlerChoiceWindow(const match_play& play, bowler_choice_form& form, QWidget* parent)
     : Form(QStringLiteral("chgbowler"),
            form.shown_for == bowler_choice_form::use::change ? Dismissal::closes : Dismissal::refused, parent),
-      form_(form) {
+      form_(form),
+      play_(play) {
   limit_body(1000);
   set_title(shown(form.title), shown(form.title));
-  set_subheading(shown(match.team2_name));
+  set_subheading(shown(play.match.team2_name));
   men_ = new ManList(QStringLiteral("Bowler"), {{shown(bowler_choice_form::skill_heading), true, "Label1"},
                                                 {shown(bowler_choice_form::economy_heading), true, "Label2"},
                                                 {QStringLiteral("O-M-R-W"), true, "figures", true},
@@ -39,8 +41,8 @@ BowlerChoiceWindow::BowlerChoiceWindow(bowler_choice_form& form, QWidget* parent
                                                 {QString(), false, "note", true}});
   for (int row = 1; row <= men_in_eleven; ++row) {
     men_->set_row(row, shown(form_.name(row)), form_.enabled[row],
-                  {shown(form_.skill(row)), shown(form_.economy(row)), figures(row),
-                   shown(match.bowling_xi[row].bowler_type), note(row)});
+                  {shown(form_.skill(row)), shown(form_.economy(row)), figures(play.match, row),
+                   shown(play.match.bowling_xi[row].bowler_type), note(row)});
   }
   body()->addWidget(men_, 1);
   body()->addStretch();
@@ -57,16 +59,17 @@ BowlerChoiceWindow::BowlerChoiceWindow(bowler_choice_form& form, QWidget* parent
 }
 
 QString BowlerChoiceWindow::note(int row) const {
-  const int other_end = form_.shown_for == bowler_choice_form::use::second_opener ? match.bowler : match.next_bowler;
-  if (match.bowling_card[row].balls >= balls_of_quota) return QStringLiteral("10 overs bowled");
+  const int other_end =
+      form_.shown_for == bowler_choice_form::use::second_opener ? play_.match.bowler : play_.match.next_bowler;
+  if (play_.match.bowling_card[row].balls >= balls_of_quota) return QStringLiteral("10 overs bowled");
   if (row == other_end) return QStringLiteral("Bowls at the other end");
-  if (match.bowling_xi[row].is_keeper != 0) return QStringLiteral("Wicket-keeper");
+  if (play_.match.bowling_xi[row].is_keeper != 0) return QStringLiteral("Wicket-keeper");
   return {};
 }
 
 void BowlerChoiceWindow::add_acts() {
   add_button(QStringLiteral("Profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
-    if (form_.chosen > 0) show_profile(match.team2_name, form_.name(form_.chosen));
+    if (form_.chosen > 0) show_profile(play_.user, play_.data, play_.match.team2_name, form_.name(form_.chosen));
   });
   const Act act{.caption = QStringLiteral("OK"), .mnemonic = u'O'};
   const auto confirm = [this] {

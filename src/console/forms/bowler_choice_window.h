@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/form.h"
+#include "ui/match_play.h"
 
 class QPushButton;
 
@@ -16,7 +17,7 @@ class BowlerChoiceWindow : public Form {
 
  public:
   /// `form` has been made and outlives the window.
-  explicit BowlerChoiceWindow(bowler_choice_form& form, QWidget* parent = front_window());
+  explicit BowlerChoiceWindow(const match_play& play, bowler_choice_form& form, QWidget* parent = front_window());
 
  private:
   QString note(int row) const;
@@ -26,6 +27,7 @@ class BowlerChoiceWindow : public Form {
   bowler_choice_form& form_;
   ManList* men_;
   QPushButton* ok_ = nullptr;
+  match_play play_;
 };
 
 }  // namespace velorin

@@ -14,14 +14,15 @@
 #include "desktop/shown_text.h"
 #include "model/match_state.h"
 #include "model/rules.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
-NextBatsmanWindow::NextBatsmanWindow(next_batsman_form& form, QWidget* parent)
-    : Form(QStringLiteral("batorder"), Dismissal::refused, parent), form_(form) {
+NextBatsmanWindow::NextBatsmanWindow(const match_play& play, next_batsman_form& form, QWidget* parent)
+    : Form(QStringLiteral("batorder"), Dismissal::refused, parent), form_(form), play_(play) {
   limit_body(800);
   set_title(shown(form.title), shown(form.title));
-  set_subheading(shown(match.team1_name));
+  set_subheading(shown(play.match.team1_name));
   auto* men =
       new ManList(shown(next_batsman_form::names_heading), {{shown(next_batsman_form::skill_heading), true, "Label1"},
                                                             {QStringLiteral("Bat Type"), false, nullptr, true},
@@ -29,7 +30,7 @@ NextBatsmanWindow::NextBatsmanWindow(next_batsman_form& form, QWidget* parent)
   for (int row = 1; row <= men_in_eleven; ++row) {
     const bool enabled = form_.enabled[row];
     men->set_row(row, shown(form_.name(row)), enabled,
-                 {shown(form_.skill(row)), shown(match.batting_xi[row].bat_type),
+                 {shown(form_.skill(row)), shown(play.match.batting_xi[row].bat_type),
                   enabled ? QString() : QStringLiteral("Has come in")});
   }
   body()->addWidget(men, 1);
@@ -42,7 +43,7 @@ NextBatsmanWindow::NextBatsmanWindow(next_batsman_form& form, QWidget* parent)
   }
   men->choose(form_.chosen);
   add_button(QStringLiteral("Profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
-    if (form_.chosen > 0) show_profile(match.team1_name, form_.name(form_.chosen));
+    if (form_.chosen > 0) show_profile(play_.user, play_.data, play_.match.team1_name, form_.name(form_.chosen));
   });
   add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
     form_.accept();

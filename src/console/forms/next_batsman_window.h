@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/form.h"
+#include "ui/match_play.h"
 
 namespace velorin {
 
@@ -14,12 +15,13 @@ class NextBatsmanWindow : public Form {
 
  public:
   /// `form` has been made and outlives the window.
-  explicit NextBatsmanWindow(next_batsman_form& form, QWidget* parent = front_window());
+  explicit NextBatsmanWindow(const match_play& play, next_batsman_form& form, QWidget* parent = front_window());
 
  private:
   QWidget* new_aggression();
 
   next_batsman_form& form_;
+  match_play play_;
 };
 
 }  // namespace velorin

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "database/configuration.h"
+#include "database/open_database.h"
 #include "database/settings_form.h"
 #include "desktop/controls.h"
 #include "desktop/message_window.h"
@@ -54,8 +55,11 @@ SettingsWindow::Choosers SettingsWindow::dialogs() {
           }};
 }
 
-SettingsWindow::SettingsWindow(settings_form& form, QWidget* parent, Choosers choosers)
-    : Form(QStringLiteral("optfrm"), Dismissal::closes, parent), form_(form), choosers_(std::move(choosers)) {
+SettingsWindow::SettingsWindow(open_database& database, settings_form& form, QWidget* parent, Choosers choosers)
+    : Form(QStringLiteral("optfrm"), Dismissal::closes, parent),
+      form_(form),
+      choosers_(std::move(choosers)),
+      data_(database) {
   limit_body(880);
   set_title(QStringLiteral("Configurations"), QStringLiteral("Configurations"));
   add_database();
@@ -86,7 +90,7 @@ void SettingsWindow::add_database() {
         "no_database", QStringLiteral("There is no database here yet. Put the .team file and the .grd file of a "
                                       "database, both under one name, into the folder %1, then open this "
                                       "window again.")
-                           .arg(QString::fromStdString(files.folder.string()))));
+                           .arg(QString::fromStdString(data_.files.folder.string()))));
   }
   body()->addWidget(card);
 }

@@ -14,6 +14,8 @@ class QVBoxLayout;
 
 namespace velorin {
 
+struct open_database;
+
 struct settings_form;
 
 /// The settings: database, folder of the photos, colours of exported pages. Closing it keeps the former ones.
@@ -30,7 +32,8 @@ class SettingsWindow : public Form {
   static Choosers dialogs();
 
   /// `form` has been opened and outlives the window.
-  explicit SettingsWindow(settings_form& form, QWidget* parent = front_window(), Choosers choosers = dialogs());
+  explicit SettingsWindow(open_database& database, settings_form& form, QWidget* parent = front_window(),
+                          Choosers choosers = dialogs());
 
  private:
   void add_database();
@@ -49,6 +52,7 @@ class SettingsWindow : public Form {
   QLineEdit* folder_ = nullptr;
   QLabel* folder_note_ = nullptr;
   QLabel* sample_ = nullptr;
+  open_database& data_;
 };
 
 }  // namespace velorin

@@ -20,14 +20,14 @@ namespace velorin {
 /// The lines as they were last read. An innings only appends to them.
 class CommentaryModel : public QAbstractListModel {
  public:
-  using QAbstractListModel::QAbstractListModel;
+  CommentaryModel(const match_state& match, QObject* parent) : QAbstractListModel(parent), match_(match) {}
 
   /// True if lines came or went.
   bool read() {
-    const int size = velorin::match.ball_commentary.size();
+    const int size = match_.ball_commentary.size();
     const int before = static_cast<int>(lines_.size());
     if (size == before) return false;
-    const std::vector<std::string> lines = commentary_lines();
+    const std::vector<std::string> lines = commentary_lines(match_);
     if (size < before) {
       beginResetModel();
       lines_ = lines;
@@ -108,6 +108,7 @@ class CommentaryModel : public QAbstractListModel {
   }
 
   std::vector<std::string> lines_;
+  const match_state& match_;
 };
 
 namespace {
@@ -144,7 +145,8 @@ QString shortened_line(const QString& line, const QFontMetrics& metrics, int roo
                   : metrics.elidedText(outcome.mid(3), Qt::ElideRight, room);
 }
 
-CommentaryList::CommentaryList(QWidget* parent) : QListView(parent), lines_(new CommentaryModel(this)) {
+CommentaryList::CommentaryList(const match_state& match, QWidget* parent)
+    : QListView(parent), lines_(new CommentaryModel(match, this)), match_(match) {
   setObjectName(QStringLiteral("List1"));
   setAccessibleName(QStringLiteral("Ball by ball"));
   setModel(lines_);

@@ -5,6 +5,8 @@
 
 namespace velorin {
 
+struct match_state;
+
 class CommentaryModel;
 
 /// A line of the commentary in so many pixels: what is too long loses letters before its outcome, " : 4 runs.".
@@ -16,7 +18,7 @@ class CommentaryList : public QListView {
   Q_OBJECT
 
  public:
-  explicit CommentaryList(QWidget* parent = nullptr);
+  explicit CommentaryList(const match_state& match, QWidget* parent = nullptr);
 
   /// Shows the lines of the innings in play.
   void refresh();
@@ -26,6 +28,7 @@ class CommentaryList : public QListView {
 
  private:
   CommentaryModel* lines_;
+  const match_state& match_;
 };
 
 }  // namespace velorin

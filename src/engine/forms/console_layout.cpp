@@ -23,6 +23,7 @@
 #include "engine/forms/rates_panel.h"
 #include "engine/forms/scoreboard.h"
 #include "engine/over_play.h"
+#include "model/match_state.h"
 
 // How the console is laid out: the scoreboard above three columns.
 
@@ -53,7 +54,7 @@ QToolButton* new_step(const QString& name, const QString& sign, const Act& act) 
 
 }  // namespace
 
-Table bowlers_table() {
+Table bowlers_table(const match_state& match) {
   Table table;
   table.name = QStringLiteral("Bowlers of this innings");
   table.columns = {{QStringLiteral("Bowlers")},
@@ -61,7 +62,7 @@ Table bowlers_table() {
                    {QStringLiteral("M"), true, QStringLiteral("Maidens")},
                    {QStringLiteral("R"), true, QStringLiteral("Runs")},
                    {QStringLiteral("W"), true, QStringLiteral("Wickets")}};
-  for (const bowler_line& line : view_bowler_list()) {
+  for (const bowler_line& line : view_bowler_list(match)) {
     TableRow row;
     row.id = line.position;
     row.cells.push_back({shown(line.name)});
@@ -71,15 +72,15 @@ Table bowlers_table() {
   return table;
 }
 
-std::string last_wicket_line() {
-  const std::string line = view_last_wicket();
+std::string last_wicket_line(const match_state& match) {
+  const std::string line = view_last_wicket(match);
   return line.empty() ? line : "Last wicket: " + line;
 }
 
 QFrame* ConsoleWindow::new_batting_card() {
   QFrame* card = new_panel();
   for (int slot = 0; slot < 2; ++slot) {
-    auto* panel = new BatsmanPanel(slot);
+    auto* panel = new BatsmanPanel(match_, data_, slot);
     batsmen_[static_cast<std::size_t>(slot)] = panel;
     if (slot > 0) card_rows(card)->addWidget(new_rule());
     card_rows(card)->addWidget(panel);
@@ -95,7 +96,7 @@ QFrame* ConsoleWindow::new_batting_card() {
 QFrame* ConsoleWindow::new_bowling_card() {
   QFrame* card = new_panel();
   for (int slot = 0; slot < 2; ++slot) {
-    auto* panel = new BowlerPanel(slot);
+    auto* panel = new BowlerPanel(match_, data_, slot);
     bowlers_[static_cast<std::size_t>(slot)] = panel;
     if (slot > 0) card_rows(card)->addWidget(new_rule());
     card_rows(card)->addWidget(panel);
@@ -140,13 +141,13 @@ QFrame* ConsoleWindow::new_over_card() {
 QFrame* ConsoleWindow::new_commentary_card() {
   QFrame* card = new_panel();
   card_rows(card)->addWidget(new_label(QStringLiteral("Ball by ball"), TextRole::strong));
-  commentary_ = new CommentaryList;
+  commentary_ = new CommentaryList(match_);
   card_rows(card)->addWidget(commentary_, 1);
   return card;
 }
 
 void ConsoleWindow::lay_out() {
-  scoreboard_ = new Scoreboard;
+  scoreboard_ = new Scoreboard(match_);
   static_cast<QVBoxLayout*>(layout())->insertWidget(0, scoreboard_);
   body()->setContentsMargins(16, 12, 16, 8);
   auto* columns = new QHBoxLayout;
@@ -161,7 +162,7 @@ void ConsoleWindow::lay_out() {
   auto* middle = new QVBoxLayout;
   middle->setSpacing(12);
   middle->addWidget(new_over_card());
-  rates_ = new RatesPanel;
+  rates_ = new RatesPanel(match_);
   middle->addWidget(rates_);
   bowler_table_ = new TableView(QStringLiteral("bowlers"));
   bowler_table_->verticalHeader()->setDefaultSectionSize(22);

@@ -7,10 +7,12 @@
 
 namespace velorin {
 
+struct match_state;
+
 /// The running table of the innings' bowlers, a column for each of their figures.
-Table bowlers_table();
+Table bowlers_table(const match_state& match);
 
 /// The console's line of the last wicket, or what stands there before the first.
-std::string last_wicket_line();
+std::string last_wicket_line(const match_state& match);
 
 }  // namespace velorin

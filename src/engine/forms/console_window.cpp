@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "database/open_database.h"
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
 #include "desktop/question.h"
@@ -50,8 +51,8 @@ class Playing {
 
 }  // namespace
 
-ConsoleWindow::ConsoleWindow(console_form& form, QWidget* parent)
-    : Form(QStringLiteral("main"), Dismissal::refused, parent), form_(form) {
+ConsoleWindow::ConsoleWindow(const match_state& match, open_database& database, console_form& form, QWidget* parent)
+    : Form(QStringLiteral("main"), Dismissal::refused, parent), form_(form), match_(match), data_(database) {
   prefer_size(QSize(1280, 800));
   lay_out();
   add_foot();
@@ -75,41 +76,41 @@ ConsoleWindow::~ConsoleWindow() { qApp->removeEventFilter(this); }
 void ConsoleWindow::refresh() {
   if (form_.closed()) return;
   const QString title =
-      QStringLiteral("%1 v %2, %3").arg(shown(match.team1_name), shown(match.team2_name), shown(match.venue_name()));
+      QStringLiteral("%1 v %2, %3").arg(shown(match_.team1_name), shown(match_.team2_name), shown(match_.venue_name()));
   if (title != windowTitle()) set_title(title, {});
   scoreboard_->refresh();
   for (BatsmanPanel* panel : batsmen_) panel->refresh();
   for (BowlerPanel* panel : bowlers_) panel->refresh();
-  change_bowler_->setEnabled(!match.computer_bowls);
+  change_bowler_->setEnabled(!match_.computer_bowls);
   rates_->refresh();
   commentary_->refresh();
-  last_wicket_->setText(shown_caption(last_wicket_line()));
+  last_wicket_->setText(shown_caption(last_wicket_line(match_)));
   refresh_over();
   refresh_bowlers();
 }
 
 void ConsoleWindow::refresh_over() {
   QStringList symbols;
-  for (const short_text& symbol : match.over_symbols) symbols << shown(std::string_view(symbol));
+  for (const short_text& symbol : match_.over_symbols) symbols << shown(std::string_view(symbol));
   chips_->set_symbols(symbols);
   // Only the overs of this innings are on offer: its first press finds the browser as the innings before left it.
-  const int past = std::min(match.browser_maximum, int(match.over_no) - 1);
-  const bool browsing = !playing_ && match.browsed_over > 0 && past > 0;
+  const int past = std::min(match_.browser_maximum, int(match_.over_no) - 1);
+  const bool browsing = !playing_ && match_.browsed_over > 0 && past > 0;
   const bool bowled = !symbols.join(QString()).isEmpty();
-  over_title_->setText(browsing              ? QStringLiteral("Over %1").arg(match.browsed_over)
+  over_title_->setText(browsing              ? QStringLiteral("Over %1").arg(match_.browsed_over)
                        : playing_ || !bowled ? QStringLiteral("This over")
                                              : QStringLiteral("Last over"));
-  over_bowler_->setText(browsing ? shown(std::string_view(match.ball_log[match.browsed_over][7])) : QString());
+  over_bowler_->setText(browsing ? shown(std::string_view(match_.ball_log[match_.browsed_over][7])) : QString());
   const QSignalBlocker quiet(browser_);
   browser_->setRange(1, std::max(1, past));
-  browser_->setValue(match.browsed_over);
+  browser_->setValue(match_.browsed_over);
   const bool any = past > 0;
   browser_->setEnabled(any);
   over_before_->setEnabled(any);
   over_after_->setEnabled(any);
 }
 
-void ConsoleWindow::refresh_bowlers() { bowler_table_->set_table(bowlers_table()); }
+void ConsoleWindow::refresh_bowlers() { bowler_table_->set_table(bowlers_table(match_)); }
 
 void ConsoleWindow::play_over() {
   if (playing_) return;

@@ -14,6 +14,9 @@ class QToolButton;
 
 namespace velorin {
 
+struct match_state;
+struct open_database;
+
 class BatsmanPanel;
 class BowlerPanel;
 class CommentaryList;
@@ -30,7 +33,8 @@ class ConsoleWindow : public Form {
 
  public:
   /// `form` belongs to an open console and outlives the window.
-  explicit ConsoleWindow(console_form& form, QWidget* parent = front_window());
+  explicit ConsoleWindow(const match_state& match, open_database& database, console_form& form,
+                         QWidget* parent = front_window());
   ~ConsoleWindow() override;
 
   /// Shows the match as it stands.
@@ -87,6 +91,8 @@ class ConsoleWindow : public Form {
   QLabel* last_wicket_ = nullptr;
   QWidget* pace_ = nullptr;
   QPushButton* next_over_ = nullptr;
+  const match_state& match_;
+  open_database& data_;
 };
 
 }  // namespace velorin

@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "console/console_view.h"
+#include "database/open_database.h"
 #include "database/photos.h"
 #include "desktop/controls.h"
 #include "desktop/form.h"
@@ -37,7 +38,8 @@ void show_aggression(QPushButton& button, const QString& player, int aggression)
 }
 
 /// Photos are looked for on disk only when another man comes.
-void show_photo(PhotoView& photo, QLabel& name, const QString& shown_name, const std::string& player) {
+void show_photo(open_database& database, PhotoView& photo, QLabel& name, const QString& shown_name,
+                const std::string& player) {
   if (name.property("player").toString() == shown(player) && name.property("asked").toBool()) {
     name.setText(shown_name);
     return;
@@ -45,7 +47,7 @@ void show_photo(PhotoView& photo, QLabel& name, const QString& shown_name, const
   name.setProperty("player", shown(player));
   name.setProperty("asked", true);
   name.setText(shown_name);
-  photo.show_photo(shown(player), player.empty() ? std::nullopt : console_photo(player));
+  photo.show_photo(shown(player), player.empty() ? std::nullopt : console_photo(database, player));
 }
 
 QHBoxLayout* name_row(QLabel* name, QLabel* figure) {
@@ -65,7 +67,8 @@ QHBoxLayout* button_row(QPushButton* aggression, QPushButton* profile) {
 
 }  // namespace
 
-BatsmanPanel::BatsmanPanel(int slot, QWidget* parent) : QWidget(parent), slot_(slot) {
+BatsmanPanel::BatsmanPanel(const match_state& match, open_database& database, int slot, QWidget* parent)
+    : QWidget(parent), slot_(slot), match_(match), data_(database) {
   const QString number = QString::number(slot);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
@@ -101,9 +104,9 @@ BatsmanPanel::BatsmanPanel(int slot, QWidget* parent) : QWidget(parent), slot_(s
 }
 
 void BatsmanPanel::refresh() {
-  const batsman_view view = view_batsman(slot_);
-  const std::string& player = match.batting_card[view.position].name;
-  show_photo(*photo_, *name_, shown(view.name), player);
+  const batsman_view view = view_batsman(match_, slot_);
+  const std::string& player = match_.batting_card[view.position].name;
+  show_photo(data_, *photo_, *name_, shown(view.name), player);
   runs_->setText(QStringLiteral("%1 (%2)").arg(view.runs).arg(view.balls));
   rest_->setText(QStringLiteral("4s %1   6s %2").arg(view.fours).arg(view.sixes));
   settled_->set_value(view.settled_meter);
@@ -114,7 +117,8 @@ void BatsmanPanel::refresh() {
 
 void BatsmanPanel::set_photo_size(QSize size) { photo_->set_size(size); }
 
-BowlerPanel::BowlerPanel(int slot, QWidget* parent) : QWidget(parent), slot_(slot) {
+BowlerPanel::BowlerPanel(const match_state& match, open_database& database, int slot, QWidget* parent)
+    : QWidget(parent), slot_(slot), match_(match), data_(database) {
   const QString number = QString::number(slot);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
@@ -161,9 +165,9 @@ BowlerPanel::BowlerPanel(int slot, QWidget* parent) : QWidget(parent), slot_(slo
 void BowlerPanel::set_photo_size(QSize size) { photo_->set_size(size); }
 
 void BowlerPanel::refresh() {
-  const bowlers_view view = view_bowlers();
+  const bowlers_view view = view_bowlers(match_);
   const std::string& player = slot_ == 0 ? view.bowler : view.next_bowler;
-  show_photo(*photo_, *name_, shown(player), player);
+  show_photo(data_, *photo_, *name_, shown(player), player);
   if (slot_ == 0) {
     const std::string* const texts[] = {&view.overs, &view.maidens, &view.runs, &view.wickets};
     for (std::size_t i = 0; i < 4; ++i) figures_[i]->setText(shown(*texts[i]));

@@ -9,6 +9,9 @@ class QPushButton;
 
 namespace velorin {
 
+struct match_state;
+struct open_database;
+
 class MeterBar;
 class PhotoView;
 
@@ -18,7 +21,7 @@ class BatsmanPanel : public QWidget {
 
  public:
   /// `slot`: 0 the lower position at the crease, 1 the higher.
-  explicit BatsmanPanel(int slot, QWidget* parent = nullptr);
+  explicit BatsmanPanel(const match_state& match, open_database& database, int slot, QWidget* parent = nullptr);
 
   void refresh();
   /// The photo's width and height in pixels.
@@ -35,6 +38,8 @@ class BatsmanPanel : public QWidget {
   MeterBar* settled_;
   QPushButton* aggression_;
   QPushButton* profile_;
+  const match_state& match_;
+  open_database& data_;
 };
 
 /// One bowler: the man of this over (0) or of the next (1).
@@ -42,7 +47,7 @@ class BowlerPanel : public QWidget {
   Q_OBJECT
 
  public:
-  explicit BowlerPanel(int slot, QWidget* parent = nullptr);
+  explicit BowlerPanel(const match_state& match, open_database& database, int slot, QWidget* parent = nullptr);
 
   void refresh();
   /// The photo's width and height in pixels.
@@ -57,6 +62,8 @@ class BowlerPanel : public QWidget {
   std::array<QLabel*, 4> figures_{};  ///< overs, maidens, runs, wickets; of the next bowler only the first, as one line
   QPushButton* aggression_;
   QPushButton* profile_;
+  const match_state& match_;
+  open_database& data_;
 };
 
 }  // namespace velorin

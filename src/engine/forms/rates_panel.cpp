@@ -9,6 +9,7 @@
 #include "console/console_view.h"
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
+#include "model/match_state.h"
 
 namespace velorin {
 
@@ -25,7 +26,7 @@ RatesPanel::Cell RatesPanel::new_cell(const QString& name) {
   return cell;
 }
 
-RatesPanel::RatesPanel(QWidget* parent) : QFrame(parent) {
+RatesPanel::RatesPanel(const match_state& match, QWidget* parent) : QFrame(parent), match_(match) {
   setProperty("card", true);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(16, 8, 16, 8);
@@ -61,7 +62,7 @@ RatesPanel::RatesPanel(QWidget* parent) : QFrame(parent) {
 }
 
 void RatesPanel::refresh() {
-  const rates_view view = view_rates();
+  const rates_view view = view_rates(match_);
   title_->setText(!view.chase                   ? QStringLiteral("Projected score")
                   : view.chase_headline.empty() ? QStringLiteral("The chase")
                                                 : shown(view.chase_headline));

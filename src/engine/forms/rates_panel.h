@@ -8,12 +8,14 @@ class QLabel;
 
 namespace velorin {
 
+struct match_state;
+
 /// The rates of the innings: projections in the first, the chase in the second, and the last five overs.
 class RatesPanel : public QFrame {
   Q_OBJECT
 
  public:
-  explicit RatesPanel(QWidget* parent = nullptr);
+  explicit RatesPanel(const match_state& match, QWidget* parent = nullptr);
 
   void refresh();
 
@@ -32,6 +34,7 @@ class RatesPanel : public QFrame {
   QLabel* comparison_;
   QLabel* now_;
   QLabel* then_;
+  const match_state& match_;
 };
 
 }  // namespace velorin

@@ -25,7 +25,7 @@ QVBoxLayout* stacked(std::initializer_list<QLabel*> labels, Qt::Alignment aligne
 
 }  // namespace
 
-Scoreboard::Scoreboard(QWidget* parent) : QWidget(parent) {
+Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(parent), match_(match) {
   setObjectName(QStringLiteral("head"));
   setAttribute(Qt::WA_StyledBackground);
   side_ = new_named_label(QStringLiteral("Label15_0"), {}, TextRole::title);
@@ -59,7 +59,7 @@ Scoreboard::Scoreboard(QWidget* parent) : QWidget(parent) {
 }
 
 void Scoreboard::refresh() {
-  const score_view view = view_score();
+  const score_view view = view_score(match_);
   side_->setText(shown(view.batting_short_name));
   score_->setText(shown(view.score));
   overs_->setText(shown(view.overs));
@@ -69,9 +69,9 @@ void Scoreboard::refresh() {
   target_->setVisible(!view.target.empty());
   needed_->setVisible(!view.needed.empty());
   teams_->setText(QStringLiteral("%1 v %2").arg(shown(view.batting_team), shown(view.bowling_team)));
-  ground_->setText(shown(match.venue_name()));
+  ground_->setText(shown(match_.venue_name()));
   clock_->setText(shown(view.time_of_day));
-  const rates_view rates = view_rates();
+  const rates_view rates = view_rates(match_);
   first_innings_->setText(rates.chase ? shown(rates.first_innings + " in " + rates.first_innings_overs) : QString());
   first_innings_->setVisible(rates.chase);
   setAccessibleName(QStringLiteral("%1 %2 in %3. %4 %5")

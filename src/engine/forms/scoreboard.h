@@ -7,12 +7,14 @@ class QLabel;
 
 namespace velorin {
 
+struct match_state;
+
 /// The head of the console: score, overs, rate, what is needed, ground and clock.
 class Scoreboard : public QWidget {
   Q_OBJECT
 
  public:
-  explicit Scoreboard(QWidget* parent = nullptr);
+  explicit Scoreboard(const match_state& match, QWidget* parent = nullptr);
 
   void refresh();
 
@@ -27,6 +29,7 @@ class Scoreboard : public QWidget {
   QLabel* teams_;
   QLabel* ground_;
   QLabel* clock_;
+  const match_state& match_;
 };
 
 }  // namespace velorin

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+#include "database/open_database.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -14,7 +15,7 @@ namespace velorin {
 namespace {
 
 /// The two sides, the one that batted first in front, as a file may be called.
-QString match_name(const scorecard_form& card) {
+QString match_name(const match_state& match, const scorecard_form& card) {
   const bool second_innings = card.first_innings_enabled;
   const QString first = shown(second_innings ? match.team2_name : match.team1_name).trimmed();
   const QString second = shown(second_innings ? match.team1_name : match.team2_name).trimmed();
@@ -47,11 +48,11 @@ QString ask_for_file(const FileWish& wish, QWidget* window) {
   return dialog.selectedFiles().constFirst();
 }
 
-FileWish export_wish(const scorecard_form& card, export_kind kind) {
+FileWish export_wish(const match_state& match, const scorecard_form& card, export_kind kind) {
   FileWish wish;
   wish.title = shown(caption_of(kind));
   wish.folder = preferences::last_folder();
-  wish.name = match_name(card);
+  wish.name = match_name(match, card);
   wish.ending = kind == export_kind::html ? QStringLiteral("html") : QStringLiteral("txt");
   if (kind == export_kind::ball_by_ball) wish.name += QStringLiteral(", ball by ball");
   wish.name += QLatin1Char('.') + wish.ending;
@@ -60,14 +61,15 @@ FileWish export_wish(const scorecard_form& card, export_kind kind) {
   return wish;
 }
 
-QString export_match(const scorecard_form& card, export_kind kind, const FileChooser& ask, QWidget* window) {
-  const FileWish wish = export_wish(card, kind);
+QString export_match(const match_state& match, open_database& database, const scorecard_form& card, export_kind kind,
+                     const FileChooser& ask, QWidget* window) {
+  const FileWish wish = export_wish(match, card, kind);
   const QString path = ask(wish, window);
   if (path.isEmpty()) return {};
   const QFileInfo file(path);
   preferences::set_last_folder(file.absolutePath());
   try {
-    write_export(card, kind, file.filesystemFilePath());
+    write_export(match, database, card, kind, file.filesystemFilePath());
   } catch (const std::exception& error) {
     return shown_error(error);
   }

@@ -10,6 +10,9 @@ class QWidget;
 
 namespace velorin {
 
+struct match_state;
+struct open_database;
+
 /// What a file is asked for.
 struct FileWish {
   QString title;
@@ -26,11 +29,12 @@ using FileChooser = std::function<QString(const FileWish& wish, QWidget* window)
 QString ask_for_file(const FileWish& wish, QWidget* window);
 
 /// What is asked for when the match is to be written. Reads match.
-FileWish export_wish(const scorecard_form& card, export_kind kind);
+FileWish export_wish(const match_state& match, const scorecard_form& card, export_kind kind);
 
 /// Asks for a file and writes the match there; the folder is remembered. A cancelled question writes nothing. Returns
 /// what failed, with its file and cause, else an empty text; what stood there stays then as far as write_export tells.
 /// No message box is shown.
-QString export_match(const scorecard_form& card, export_kind kind, const FileChooser& ask, QWidget* window);
+QString export_match(const match_state& match, open_database& database, const scorecard_form& card, export_kind kind,
+                     const FileChooser& ask, QWidget* window);
 
 }  // namespace velorin

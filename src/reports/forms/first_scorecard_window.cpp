@@ -13,8 +13,8 @@
 
 namespace velorin {
 
-FirstScorecardWindow::FirstScorecardWindow(const first_scorecard_form& form, QWidget* parent)
-    : Form(QStringLiteral("scorecard2"), Dismissal::closes, parent), form_(form) {
+FirstScorecardWindow::FirstScorecardWindow(front_end& user, const first_scorecard_form& form, QWidget* parent)
+    : Form(QStringLiteral("scorecard2"), Dismissal::closes, parent), form_(form), user_(user) {
   set_title(QStringLiteral("Scorecard - 1st Innings"), shown(form_.batting_side));
   set_subheading(shown(form_.ground));
   name_head(*this, QStringLiteral("Label10"), QStringLiteral("Label12"));
@@ -24,16 +24,16 @@ FirstScorecardWindow::FirstScorecardWindow(const first_scorecard_form& form, QWi
                                         batsman_details_form details;
                                         details.figures = form_.details(place);
                                         details.title = details.figures.title;
-                                        user().show(details);
+                                        user_.show(details);
                                         focus_default();
                                       }),
                   1);
   add_aside(new_report_button(QStringLiteral("Command2"),
                               {.caption = shown(first_scorecard_form::bowling_caption), .mnemonic = u'B'},
-                              [this] { form_.show_bowling(); }));
+                              [this] { form_.show_bowling(user_); }));
   add_aside(new_report_button(QStringLiteral("Command3"),
                               {.caption = shown(first_scorecard_form::partnerships_caption), .mnemonic = u'P'},
-                              [this] { form_.show_partnerships(); }));
+                              [this] { form_.show_partnerships(user_); }));
   add_ok(*this);
   findChild<QPushButton*>(QStringLiteral("Command1"))->setFocus();
 }

@@ -5,6 +5,8 @@
 
 namespace velorin {
 
+class front_end;
+
 struct first_scorecard_form;
 
 /// The batting card of the first innings.
@@ -13,10 +15,11 @@ class FirstScorecardWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit FirstScorecardWindow(const first_scorecard_form& form, QWidget* parent = front_window());
+  FirstScorecardWindow(front_end& user, const first_scorecard_form& form, QWidget* parent = front_window());
 
  private:
   const first_scorecard_form& form_;
+  front_end& user_;
 };
 
 }  // namespace velorin

@@ -23,7 +23,7 @@ struct Report {
   const char* control;
   std::string_view caption;
   char16_t mnemonic;
-  void (scorecard_form::*open)() const;
+  void (scorecard_form::*open)(front_end& user) const;
 };
 
 constexpr Report reports[] = {
@@ -50,8 +50,8 @@ constexpr Export exports[] = {
 
 }  // namespace
 
-ScorecardWindow::ScorecardWindow(const scorecard_form& form, QWidget* parent)
-    : Form(QStringLiteral("scorecard"), Dismissal::closes, parent), form_(form), chooser_(ask_for_file) {
+ScorecardWindow::ScorecardWindow(const match_play& play, const scorecard_form& form, QWidget* parent)
+    : Form(QStringLiteral("scorecard"), Dismissal::closes, parent), form_(form), chooser_(ask_for_file), play_(play) {
   set_title(QStringLiteral("Scorecard"), shown(form_.batting_side));
   set_subheading(shown(form_.ground));
   name_head(*this, QStringLiteral("Label10"), QStringLiteral("Label12"));
@@ -62,7 +62,7 @@ ScorecardWindow::ScorecardWindow(const scorecard_form& form, QWidget* parent)
                                            batsman_details_form details;
                                            details.figures = form_.details(place);
                                            details.title = details.figures.title;
-                                           user().show(details);
+                                           play_.user.show(details);
                                            focus_default();
                                          }),
                      1);
@@ -84,7 +84,7 @@ void ScorecardWindow::add_reports() {
   for (const Report& report : reports) {
     auto* button = new_report_button(QString::fromLatin1(report.control),
                                      {.caption = shown(report.caption), .mnemonic = report.mnemonic},
-                                     [this, open = report.open] { std::invoke(open, form_); });
+                                     [this, open = report.open] { std::invoke(open, form_, play_.user); });
     row->addWidget(button, 1);
   }
   column_->addLayout(row);
@@ -101,7 +101,7 @@ void ScorecardWindow::add_exports() {
 }
 
 void ScorecardWindow::save(export_kind kind) {
-  const QString failed = export_match(form_, kind, chooser_, this);
+  const QString failed = export_match(play_.match, play_.data, form_, kind, chooser_, this);
   not_saved_->setText(failed);
   not_saved_->setAccessibleName(failed);
   not_saved_->setVisible(!failed.isEmpty());

@@ -3,6 +3,7 @@
 
 #include "desktop/form.h"
 #include "reports/forms/export_choice.h"
+#include "ui/match_play.h"
 
 class QLabel;
 class QVBoxLayout;
@@ -17,7 +18,7 @@ class ScorecardWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit ScorecardWindow(const scorecard_form& form, QWidget* parent = front_window());
+  ScorecardWindow(const match_play& play, const scorecard_form& form, QWidget* parent = front_window());
 
   /// How a file is asked for, in place of the common dialog.
   void choose_files_with(FileChooser chooser) { chooser_ = std::move(chooser); }
@@ -32,6 +33,7 @@ class ScorecardWindow : public Form {
   FileChooser chooser_;
   QVBoxLayout* column_;
   QLabel* not_saved_;
+  match_play play_;
 };
 
 }  // namespace velorin

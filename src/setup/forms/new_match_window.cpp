@@ -16,6 +16,7 @@
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
+#include "model/match_state.h"
 #include "reports/worm_graph.h"
 #include "setup/new_match.h"
 
@@ -46,8 +47,8 @@ QHBoxLayout* new_captains(const char* name, const QString& team, bool& cpu, QWid
 
 }  // namespace
 
-NewMatchWindow::NewMatchWindow(new_match_form& form, QWidget* parent)
-    : Form(QStringLiteral("teamfrm"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox) {
+NewMatchWindow::NewMatchWindow(match_state& match, new_match_form& form, QWidget* parent)
+    : Form(QStringLiteral("teamfrm"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox), match_(match) {
   limit_body(880);
   const Captains captains = preferences::captains();
   form_.computer_captains_first = !captains.first_human;
@@ -82,7 +83,7 @@ NewMatchWindow::NewMatchWindow(new_match_form& form, QWidget* parent)
   body()->addSpacing(8);
   body()->addLayout(place);
   body()->addStretch(1);
-  add_afresh_line(*body(), standing_worms(), &start_worms_afresh);
+  add_afresh_line(*body(), standing_worms(match), [this] { start_worms_afresh(match_); });
   connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) {
     form_.ground_index = index;
     show_ready();

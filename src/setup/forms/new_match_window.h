@@ -8,6 +8,8 @@ class QLabel;
 
 namespace velorin {
 
+struct match_state;
+
 struct new_match_form;
 
 /// The new match: two teams, who captains them, the ground. Starts with the captains of the user's last match. Hidden
@@ -17,7 +19,7 @@ class NewMatchWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit NewMatchWindow(new_match_form& form, QWidget* parent = front_window());
+  explicit NewMatchWindow(match_state& match, new_match_form& form, QWidget* parent = front_window());
 
  private:
   QComboBox* new_team_list(const char* name, int chosen, void (new_match_form::*choose)(int));
@@ -29,6 +31,7 @@ class NewMatchWindow : public Form {
   QComboBox* grounds_;
   QLabel* wanted_ = nullptr;
   QPushButton* ok_ = nullptr;
+  match_state& match_;
 };
 
 }  // namespace velorin

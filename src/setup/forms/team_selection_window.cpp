@@ -37,8 +37,8 @@ constexpr Column columns[] = {
 
 }  // namespace
 
-TeamSelectionWindow::TeamSelectionWindow(team_selection_form& form, QWidget* parent)
-    : Form(QStringLiteral("Teamsel"), Dismissal::refused, parent), form_(form) {
+TeamSelectionWindow::TeamSelectionWindow(const match_state& match, team_selection_form& form, QWidget* parent)
+    : Form(QStringLiteral("Teamsel"), Dismissal::refused, parent), form_(form), match_(match) {
   limit_body(1320);
   set_title(shown(form.title()), shown(form.heading()));
   counter_ = new_named_label(QStringLiteral("selected_count"), {}, TextRole::strong);
@@ -102,7 +102,7 @@ void TeamSelectionWindow::add_acts() {
              [this] { form_.show_career_averages(1); });
   const Act ok{
       .caption = QStringLiteral("OK"), .mnemonic = u'O', .hint = QStringLiteral("Takes the eleven men ticked")};
-  const bool second = match.first_team_done;
+  const bool second = match_.first_team_done;
   for (const char* name : {"Command1", "Command2"}) {
     const bool offered = second == (name == std::string_view("Command2"));
     QPushButton* button = offered ? add_default_button(QString::fromLatin1(name), ok, [this] { confirm(); })

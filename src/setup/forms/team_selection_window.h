@@ -10,6 +10,8 @@ class QLabel;
 
 namespace velorin {
 
+struct match_state;
+
 class BandedGrid;
 struct team_selection_form;
 
@@ -19,7 +21,7 @@ class TeamSelectionWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit TeamSelectionWindow(team_selection_form& form, QWidget* parent = front_window());
+  explicit TeamSelectionWindow(const match_state& match, team_selection_form& form, QWidget* parent = front_window());
 
  private:
   void add_row(BandedGrid& grid, int place);
@@ -31,6 +33,7 @@ class TeamSelectionWindow : public Form {
   team_selection_form& form_;
   std::array<QCheckBox*, 21> boxes_{};
   QLabel* counter_;
+  const match_state& match_;
 };
 
 }  // namespace velorin

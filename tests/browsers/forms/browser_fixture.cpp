@@ -6,6 +6,7 @@
 #include "model/match_state.h"
 #include "model/random.h"
 #include "setup/new_match.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 
@@ -22,12 +23,12 @@ void BrowserTest::play_matches(int count) {
     database.add_ground(name, name + " Park", 2, 4);
   }
   database.write();
-  files.elevens_in_memory = true;
-  files.updates = true;
+  data.files.elevens_in_memory = true;
+  data.files.updates = true;
   match = match_state();
   chance.use_seed(7);
   for (int i = 0; i < count; ++i) {
-    new_match_form form;
+    new_match_form form(in_play());
     form.open();
     form.enter(names[i % 4], names[(i + 1 + i / 4 % 3) % 4], names[i % 4] + (i % 2 == 0 ? " Oval" : " Park"));
     form.accept();

@@ -7,11 +7,13 @@
 
 #include "browsers/figures_fixture.h"
 #include "headless/headless_user.h"
+#include "support/game_in_play.h"
+#include "support/test_user.h"
 
 namespace velorin::testing {
 
 /// Plays its matches, and notes the profiles and messages that windows ask for.
-class browsing_user : public headless_user {
+class browsing_user : public test_user {
  public:
   using headless_user::show;
   void show(player_profile_form& form) override;

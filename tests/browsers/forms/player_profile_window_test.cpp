@@ -13,6 +13,7 @@
 #include "database/configuration.h"
 #include "desktop/photo_view.h"
 #include "desktop/shown_text.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -21,8 +22,8 @@ namespace {
 
 class PlayerProfileWindowTest : public BrowserTest {
  protected:
-  PlayerProfileWindowTest() { settings.photo_path.clear(); }
-  void TearDown() override { settings = configuration(); }
+  PlayerProfileWindowTest() { data.settings.photo_path.clear(); }
+  void TearDown() override { data.settings = configuration(); }
 
   /// A choice as the user makes it.
   static void choose(const QWidget& window, const char* name, int index) {
@@ -54,7 +55,7 @@ class PlayerProfileWindowTest : public BrowserTest {
     check_block(window, "fielding", form.fielding);
   }
 
-  player_profile_form form;
+  player_profile_form form{data};
 };
 
 TEST_F(PlayerProfileWindowTest, ShowsNothingOfAnEmptyDatabase) {
@@ -142,7 +143,7 @@ TEST_F(PlayerProfileWindowTest, ChoosesByTheKeyboard) {
 
 TEST_F(PlayerProfileWindowTest, IsLockedOnOnePlayer) {
   play_matches(1);
-  player_profile_form list;
+  player_profile_form list(data);
   list.open();
   list.choose_team(0);
   form.open_locked(list.teams[0], list.players[3]);
@@ -172,7 +173,7 @@ TEST_F(PlayerProfileWindowTest, ShowsThePhotoOrTheWordsInItsPlace) {
   write();
   QImage picture(60, 80, QImage::Format_RGB32);
   picture.fill(Qt::red);
-  settings.photo_path = database.folder().string();
+  data.settings.photo_path = database.folder().string();
   ASSERT_TRUE(picture.save(QString::fromStdString((database.folder() / "Longsurname-Wetherby ab.png").string())));
   form.open();
   PlayerProfileWindow window(form);

@@ -18,6 +18,7 @@
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
+#include "support/new_form.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -33,12 +34,12 @@ struct Opened {
   template <class... Arguments>
   explicit Opened(Arguments... arguments) {
     form.open(arguments...);
-    window = std::make_unique<Window>(form);
+    window = std::make_unique<window_of<Window, Form>>(form);
     window->show();
   }
   const Table& table() const { return control<TableView>(*window, "table")->table(); }
 
-  Form form;
+  Form form = new_form<Form>();
   std::unique_ptr<Window> window;
 };
 

@@ -12,6 +12,7 @@
 #include "browsers/team_records.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -42,12 +43,12 @@ class TeamRecordsWindowTest : public BrowserTest {
     }
   }
 
-  team_records_form form;
+  team_records_form form{data};
 };
 
 TEST_F(TeamRecordsWindowTest, ShowsNothingOfAnEmptyDatabase) {
   form.open();
-  TeamRecordsWindow window(form);
+  TeamRecordsWindow window(user_in_use(), data, form);
   window.show();
   take_picture(window, "teamdet_empty");
   check_window_at_sizes(window);
@@ -60,7 +61,7 @@ TEST_F(TeamRecordsWindowTest, ShowsNothingOfAnEmptyDatabase) {
 TEST_F(TeamRecordsWindowTest, ShowsTheChosenTeam) {
   play_matches(20);
   form.open();
-  TeamRecordsWindow window(form);
+  TeamRecordsWindow window(user_in_use(), data, form);
   window.show();
   check_contents(window);
   EXPECT_EQ(window.findChild<QLabel*>("empty"), nullptr);
@@ -90,7 +91,7 @@ TEST_F(TeamRecordsWindowTest, OpensTheProfilesOfItsMen) {
   add("Alba", fast);
   write();
   form.open();
-  TeamRecordsWindow window(form);
+  TeamRecordsWindow window(user_in_use(), data, form);
   window.show();
   EXPECT_FALSE(control<QPushButton>(window, "profile")->isEnabled()) << "no team is chosen";
   control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
@@ -111,7 +112,7 @@ TEST_F(TeamRecordsWindowTest, WithoutCareersNamesNobody) {
   add_team("Alba", {1, 0, 0}, {});
   write();
   form.open();
-  TeamRecordsWindow window(form);
+  TeamRecordsWindow window(user_in_use(), data, form);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
   EXPECT_FALSE(control<QPushButton>(window, "profile")->isEnabled());
@@ -123,7 +124,7 @@ TEST_F(TeamRecordsWindowTest, WithoutCareersNamesNobody) {
 TEST_F(TeamRecordsWindowTest, ShowsWhatIsNotAvailable) {
   play_matches(1);
   form.open();
-  TeamRecordsWindow window(form);
+  TeamRecordsWindow window(user_in_use(), data, form);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(1);
   take_picture(window, "teamdet_one");
@@ -142,7 +143,7 @@ TEST_F(TeamRecordsWindowTest, HoldsLongNames) {
   add("West Carrington Islands", man);
   write();
   form.open();
-  TeamRecordsWindow window(form);
+  TeamRecordsWindow window(user_in_use(), data, form);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
   take_picture(window, "teamdet_long");

@@ -14,6 +14,7 @@
 #include "desktop/table_view.h"
 #include "desktop/theme.h"
 #include "engine/over_play.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -35,7 +36,7 @@ class CupWindows : public CupTest {
   }
 
   void show_list(world_cup_fixtures_form& form, int quit_at) {
-    WorldCupFixturesWindow window(form);
+    WorldCupFixturesWindow window(world_cup, form);
     window.show();
     lists_.push_back(control<QLabel>(window, "subheading")->text().toStdString());
     const bool in_detail = lists_.size() == 1 || lists_.size() == 12 || lists_.size() == 22 || lists_.size() == 31;
@@ -54,7 +55,7 @@ class CupWindows : public CupTest {
   }
 
   void show_tables(world_cup_tables_form& form) {
-    WorldCupTablesWindow window(form);
+    WorldCupTablesWindow window(world_cup, form);
     window.show();
     tables_.push_back(control<QLabel>(window, "subheading")->text().toStdString());
     take_picture(window, ("wcsstab_" + std::to_string(tables_.size())).c_str());
@@ -149,7 +150,7 @@ TEST_F(CupWindows, LetTheUserQuit) {
 TEST_F(CupWindows, OpenTheTablesOverTheList) {
   quit_after(0);
   user_.on_world_cup_fixtures.front() = [this](world_cup_fixtures_form& form) {
-    WorldCupFixturesWindow window(form);
+    WorldCupFixturesWindow window(world_cup, form);
     window.show();
     user_.on_world_cup_tables.push_back([this](world_cup_tables_form& tables) { show_tables(tables); });
     press(window, "Command2");
@@ -166,10 +167,10 @@ TEST_F(CupWindows, OpenTheTablesOverTheList) {
 }
 
 TEST_F(CupWindows, TheListIsAnsweredAndNotDismissed) {
-  draw_group_fixtures();
-  world_cup_fixtures_form form;
+  draw_group_fixtures(chance, world_cup);
+  world_cup_fixtures_form form(user_in_use(), world_cup);
   form.open();
-  WorldCupFixturesWindow window(form);
+  WorldCupFixturesWindow window(world_cup, form);
   window.show();
   window.reject();
   window.close();
@@ -181,10 +182,10 @@ TEST_F(CupWindows, TheListIsAnsweredAndNotDismissed) {
 
 TEST_F(CupWindows, TheListScrolls) {
   choose_groups();
-  draw_group_fixtures();
-  world_cup_fixtures_form form;
+  draw_group_fixtures(chance, world_cup);
+  world_cup_fixtures_form form(user_in_use(), world_cup);
   form.open();
-  WorldCupFixturesWindow window(form);
+  WorldCupFixturesWindow window(world_cup, form);
   window.show();
   auto* scroll = control<QScrollBar>(window, "VScroll1");
   auto* list = control<TableView>(window, "fixtures");
@@ -215,11 +216,11 @@ TEST_F(CupWindows, TheListScrolls) {
 
 TEST_F(CupWindows, TheNextMatchStandsOut) {
   choose_groups();
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   world_cup.fixtures[1].result = "Match Tied";
-  world_cup_fixtures_form form;
+  world_cup_fixtures_form form(user_in_use(), world_cup);
   form.open();
-  WorldCupFixturesWindow window(form);
+  WorldCupFixturesWindow window(world_cup, form);
   window.show();
   const auto* list = control<TableView>(window, "fixtures");
   const auto ground = [&](int row) {
@@ -238,10 +239,10 @@ TEST_F(CupWindows, TheListNamesHumanSides) {
   choose_groups();
   world_cup.human_a = {false, true, false, false, false};
   world_cup.human_b = {false, false, false, false, true};
-  draw_group_fixtures();
-  world_cup_fixtures_form form;
+  draw_group_fixtures(chance, world_cup);
+  world_cup_fixtures_form form(user_in_use(), world_cup);
   form.open();
-  WorldCupFixturesWindow window(form);
+  WorldCupFixturesWindow window(world_cup, form);
   window.show();
   take_picture(window, "wc_fix_human");
   check_window_at_sizes(window);
@@ -263,19 +264,19 @@ TEST_F(CupWindows, TheListNamesHumanSides) {
 TEST_F(CupWindows, WhatAnEarlierCupHasLeftNamesNoHumanSides) {
   choose_groups();
   world_cup.human_a = world_cup.human_b = {true, true, true, true, true};
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   for (int place = 1; place <= 6; ++place) {
     const auto at = static_cast<std::size_t>(place);
     world_cup.super_six[at].team = cup_group_a[at % 5];
     world_cup.super_six_human[at] = true;
   }
-  draw_super_six_fixtures();
-  world_cup_fixtures_form list;
+  draw_super_six_fixtures(chance, world_cup);
+  world_cup_fixtures_form list(user_in_use(), world_cup);
   list.open();
   list.scroll_to(20);
   const auto named = [&](cup_stage stage, std::size_t row) {
     world_cup.stage = stage;
-    WorldCupFixturesWindow window(list);
+    WorldCupFixturesWindow window(world_cup, list);
     const Table& table = control<TableView>(window, "fixtures")->table();
     return table.rows[row].cells[column(table, "Captain of Team A")].text;
   };
@@ -284,9 +285,9 @@ TEST_F(CupWindows, WhatAnEarlierCupHasLeftNamesNoHumanSides) {
   EXPECT_EQ(named(cup_stage::super_six_draw, 1), "Human") << "that of this one";
   const auto has_captains = [](cup_stage stage) {
     world_cup.stage = stage;
-    world_cup_tables_form form;
+    world_cup_tables_form form(world_cup);
     form.open();
-    WorldCupTablesWindow window(form);
+    WorldCupTablesWindow window(world_cup, form);
     return control<TableView>(window, "super_six")->table().columns.size() == 8;
   };
   EXPECT_FALSE(has_captains(cup_stage::group_matches));
@@ -297,12 +298,12 @@ TEST_F(CupWindows, TheTablesNameHumanSides) {
   choose_groups();
   world_cup.human_a = {false, true, false, false, false};
   world_cup.human_b = {false, false, false, false, true};
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   const std::vector<std::string> six = {"Ardell", "Brava", "Corrin", "Farol", "Isker", "Jorvik"};
   for (std::size_t i = 0; i < six.size(); ++i) world_cup.super_six[i + 1].team = six[i];
-  world_cup_tables_form form;
+  world_cup_tables_form form(world_cup);
   form.open();
-  WorldCupTablesWindow window(form);
+  WorldCupTablesWindow window(world_cup, form);
   window.show();
   take_picture(window, "wcsstab_human");
   check_window_at_sizes(window);
@@ -324,10 +325,10 @@ TEST_F(CupWindows, TheTablesNameHumanSides) {
 TEST_F(CupWindows, TheTablesOfAGroupWithoutHumanSidesHaveNoColumnForThem) {
   choose_groups();
   world_cup.human_a = {true, false, false, false, false};
-  draw_group_fixtures();
-  world_cup_tables_form form;
+  draw_group_fixtures(chance, world_cup);
+  world_cup_tables_form form(world_cup);
   form.open();
-  WorldCupTablesWindow window(form);
+  WorldCupTablesWindow window(world_cup, form);
   EXPECT_EQ(control<TableView>(window, "group_a")->table().columns.size(), 8U);
   EXPECT_EQ(control<TableView>(window, "group_b")->table().columns.size(), 7U);
 }
@@ -343,14 +344,14 @@ TEST_F(CupWindows, HoldLongNames) {
   world_cup.grounds = {"North Ardelia International Stadium Ground"};
   world_cup.human_a = {true, true, true, true, true};
   world_cup.human_b = {true, true, true, true, true};
-  draw_group_fixtures();
+  draw_group_fixtures(chance, world_cup);
   for (int i = 1; i <= 9; ++i) {
     cup_fixture& fixture = world_cup.fixtures[static_cast<std::size_t>(i)];
     fixture.result = fixture.team_a + "   won by  10  wickets ";
   }
-  world_cup_fixtures_form form;
+  world_cup_fixtures_form form(user_in_use(), world_cup);
   form.open();
-  WorldCupFixturesWindow window(form);
+  WorldCupFixturesWindow window(world_cup, form);
   window.show();
   window.resize(smallest_screen);
   take_picture(window, "wc_fix_long");
@@ -368,9 +369,9 @@ TEST_F(CupWindows, HoldLongNames) {
   world_cup.semi_finals[1] = {a[0], b[0], a[0], "  won by  10  wickets ", false, false};
   world_cup.semi_finals[2] = {a[1], b[1], b[1], "  won by  100  runs", false, false};
   world_cup.grand_final = {a[0], b[1], a[0], "  won by  100  runs", false, false};
-  world_cup_tables_form tables;
+  world_cup_tables_form tables(world_cup);
   tables.open();
-  WorldCupTablesWindow standings(tables);
+  WorldCupTablesWindow standings(world_cup, tables);
   standings.show();
   take_picture(standings, "wcsstab_long");
   check_window_at_sizes(standings);
@@ -378,10 +379,10 @@ TEST_F(CupWindows, HoldLongNames) {
 
 TEST_F(CupWindows, TheListWithoutHumanSidesHasNoColumnsForThem) {
   choose_groups();
-  draw_group_fixtures();
-  world_cup_fixtures_form form;
+  draw_group_fixtures(chance, world_cup);
+  world_cup_fixtures_form form(user_in_use(), world_cup);
   form.open();
-  WorldCupFixturesWindow window(form);
+  WorldCupFixturesWindow window(world_cup, form);
   EXPECT_EQ(control<TableView>(window, "fixtures")->table().columns.size(), 7U);
 }
 
@@ -395,7 +396,7 @@ TEST_F(CupWindows, TheListOfTheSuperSixNamesHumanSides) {
   user_.on_world_cup_fixtures.assign(21, [](world_cup_fixtures_form& list) { list.accept(); });
   user_.on_world_cup_fixtures.push_back([&](world_cup_fixtures_form& form) {
     form.scroll_to(20);
-    WorldCupFixturesWindow window(form);
+    WorldCupFixturesWindow window(world_cup, form);
     window.show();
     take_picture(window, "wc_fix_super_six");
     const Table& table = control<TableView>(window, "fixtures")->table();
@@ -413,10 +414,10 @@ TEST_F(CupWindows, TheListOfTheSuperSixNamesHumanSides) {
 
 TEST_F(CupWindows, TheTablesAreClosedByEscape) {
   choose_groups();
-  draw_group_fixtures();
-  world_cup_tables_form form;
+  draw_group_fixtures(chance, world_cup);
+  world_cup_tables_form form(world_cup);
   form.open();
-  WorldCupTablesWindow window(form);
+  WorldCupTablesWindow window(world_cup, form);
   window.show();
   check_window_at_sizes(window);
   check_table(window, "super_six", {});
@@ -427,9 +428,9 @@ TEST_F(CupWindows, TheTablesAreClosedByEscape) {
 }
 
 TEST_F(CupWindows, AnEmptyTournamentHasAnEmptyList) {
-  world_cup_fixtures_form form;
+  world_cup_fixtures_form form(user_in_use(), world_cup);
   form.open();
-  WorldCupFixturesWindow window(form);
+  WorldCupFixturesWindow window(world_cup, form);
   window.show();
   check_window_at_sizes(window);
   check_rows(window, form);

@@ -8,6 +8,7 @@
 #include "competitions/tri_series.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -24,14 +25,14 @@ class ResultsWindows : public CompetitionTest {
   /// Plays a series in which every showing passes through its window.
   void play_series(const std::string& matches) {
     user_.on_series_results.assign(10, [this](series_results_form& form) { show_series(form); });
-    series_form form;
+    series_form form(in_play(), series);
     form.open();
     form.typed_matches = matches;
     form.accept();
   }
   void play_tri_series() {
     user_.on_tri_series_table.assign(16, [this](tri_series_table_form& form) { show_tri(form); });
-    tri_series_form form;
+    tri_series_form form(in_play(), tri);
     form.open();
     form.accept();
   }

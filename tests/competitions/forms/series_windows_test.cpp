@@ -17,6 +17,7 @@
 #include "desktop/program_end.h"
 #include "reports/worm_graph.h"
 #include "setup/conditions.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -81,9 +82,9 @@ class SeriesWindows : public CompetitionTest {
 // The series.
 
 TEST_F(SeriesWindows, TheSeriesShowsItsForm) {
-  series_form form;
+  series_form form(in_play(), series);
   form.open();
-  SeriesWindow window(form);
+  SeriesWindow window(match, data, form);
   window.show();
   take_picture(window, "series1");
   check_window_at_sizes(window);
@@ -98,9 +99,9 @@ TEST_F(SeriesWindows, TheSeriesShowsItsForm) {
 }
 
 TEST_F(SeriesWindows, TheSeriesFollowsItsUser) {
-  series_form form;
+  series_form form(in_play(), series);
   form.open();
-  SeriesWindow window(form);
+  SeriesWindow window(match, data, form);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(3);
   EXPECT_EQ(form.home_team_index, 3);
@@ -120,9 +121,9 @@ TEST_F(SeriesWindows, TheSeriesFollowsItsUser) {
 }
 
 TEST_F(SeriesWindows, TheSeriesIsPlayedBehindItsHiddenWindow) {
-  series_form form;
+  series_form form(in_play(), series);
   form.open();
-  SeriesWindow window(form);
+  SeriesWindow window(match, data, form);
   window.show();
   control<QLineEdit>(window, "Text1")->setText("2");
   int shown = 0;
@@ -140,10 +141,10 @@ TEST_F(SeriesWindows, TheSeriesIsPlayedBehindItsHiddenWindow) {
 }
 
 TEST_F(SeriesWindows, AModalSeriesReturnsWhenItIsOver) {
-  series_form form;
+  series_form form(in_play(), series);
   form.open();
   form.typed_matches = "2";
-  SeriesWindow window(form);
+  SeriesWindow window(match, data, form);
   Robot robot;
   robot.next("series1", pressing("Command1"));
   run_modal(window);
@@ -153,13 +154,13 @@ TEST_F(SeriesWindows, AModalSeriesReturnsWhenItIsOver) {
 }
 
 TEST_F(SeriesWindows, AFailureOfASeriesIsReported) {
-  series_form form;
+  series_form form(in_play(), series);
   form.open();
-  SeriesWindow window(form);
+  SeriesWindow window(match, data, form);
   window.show();
   std::string told;
   on_failure([&](const std::exception& failure) { told = failure.what(); });
-  std::filesystem::remove(files.team_file);
+  std::filesystem::remove(data.files.team_file);
   press(window, "Command1");
   on_failure({});
   EXPECT_NE(told, "");
@@ -167,9 +168,9 @@ TEST_F(SeriesWindows, AFailureOfASeriesIsReported) {
 }
 
 TEST_F(SeriesWindows, TheSeriesRefusesWhatIsNoNumberOfMatches) {
-  series_form form;
+  series_form form(in_play(), series);
   form.open();
-  SeriesWindow window(form);
+  SeriesWindow window(match, data, form);
   window.show();
   for (const char* typed : {"11", "0", "-1", "", "two", "1.5"}) check_refusal(window, typed, "10");
   EXPECT_THAT(user_.matches, IsEmpty());
@@ -178,9 +179,9 @@ TEST_F(SeriesWindows, TheSeriesRefusesWhatIsNoNumberOfMatches) {
 
 TEST_F(SeriesWindows, TheSeriesIsCancelled) {
   for (const bool escape : {false, true}) {
-    series_form form;
+    series_form form(in_play(), series);
     form.open();
-    SeriesWindow window(form);
+    SeriesWindow window(match, data, form);
     window.show();
     if (escape) {
       window.reject();
@@ -194,23 +195,23 @@ TEST_F(SeriesWindows, TheSeriesIsCancelled) {
 }
 
 TEST_F(SeriesWindows, EachFormRemembersItsOwnSwitch) {
-  series_form two;
+  series_form two(in_play(), series);
   two.open();
-  tri_series_form three;
+  tri_series_form three(in_play(), tri);
   three.open();
   const auto switched_on = [](QWidget& window) {
     return control<QCheckBox>(window, "play_without_stopping")->isChecked();
   };
   {
-    SeriesWindow window(two);
+    SeriesWindow window(match, data, two);
     window.show();
     control<QCheckBox>(window, "play_without_stopping")->click();
   }
   EXPECT_TRUE(preferences::plays_without_stopping("series1"));
   EXPECT_FALSE(preferences::plays_without_stopping("series2"));
   EXPECT_FALSE(preferences::plays_without_stopping("wctable"));
-  SeriesWindow again(two);
-  TriSeriesWindow other(three);
+  SeriesWindow again(match, data, two);
+  TriSeriesWindow other(match, data, three);
   EXPECT_TRUE(switched_on(again));
   EXPECT_FALSE(switched_on(other));
   control<QCheckBox>(other, "play_without_stopping")->click();
@@ -221,9 +222,9 @@ TEST_F(SeriesWindows, EachFormRemembersItsOwnSwitch) {
 }
 
 TEST_F(SeriesWindows, AFirstMatchThatIsLeftBringsTheFormBack) {
-  series_form form;
+  series_form form(in_play(), series);
   form.open();
-  SeriesWindow window(form);
+  SeriesWindow window(match, data, form);
   window.show();
   control<QLineEdit>(window, "Text1")->setText("2");
   user_.on_conditions.push_back([](conditions_form& conditions) { conditions.leave(); });
@@ -253,16 +254,16 @@ void check_groundless(QWidget& window, const QString& country) {
 TEST_F(SeriesWindows, AHostWithoutAGroundIsNamed) {
   database_.add_team("Elmar");
   database_.write();
-  series_form two;
+  series_form two(in_play(), series);
   two.open();
-  SeriesWindow window(two);
+  SeriesWindow window(match, data, two);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(4);
   check_groundless(window, "Elmar");
   EXPECT_FALSE(two.closed);
-  tri_series_form three;
+  tri_series_form three(in_play(), tri);
   three.open();
-  TriSeriesWindow other(three);
+  TriSeriesWindow other(match, data, three);
   other.show();
   control<QComboBox>(other, "Combo1")->setCurrentIndex(4);
   check_groundless(other, "Elmar");
@@ -277,9 +278,9 @@ TEST_F(SeriesWindows, OkSaysWhichBoxesItWaitsFor) {
     pair.add_ground(name, name);
   }
   pair.write();
-  series_form two;
+  series_form two(in_play(), series);
   two.open();
-  SeriesWindow window(two);
+  SeriesWindow window(match, data, two);
   window.show();
   EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose both teams");
@@ -288,9 +289,9 @@ TEST_F(SeriesWindows, OkSaysWhichBoxesItWaitsFor) {
   control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
   EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "");
-  tri_series_form three;
+  tri_series_form three(in_play(), tri);
   three.open();
-  TriSeriesWindow other(three);
+  TriSeriesWindow other(match, data, three);
   other.show();
   EXPECT_FALSE(control<QPushButton>(other, "Command1")->isEnabled());
   EXPECT_EQ(control<QLabel>(other, "wanted")->text(), "Choose all three teams");
@@ -301,13 +302,13 @@ TEST_F(SeriesWindows, OkSaysWhichBoxesItWaitsFor) {
 }
 
 TEST_F(SeriesWindows, TheGraphCanBeStartedAfresh) {
-  series_form form;
+  series_form form(in_play(), series);
   form.open();
-  EXPECT_EQ(SeriesWindow(form).findChild<QWidget*>("afresh"), nullptr) << "nothing stands at the start";
+  EXPECT_EQ(SeriesWindow(match, data, form).findChild<QWidget*>("afresh"), nullptr) << "nothing stands at the start";
   match.team1_name = "Ardell";
   match.team2_name = "Brava";
-  load_worms();
-  SeriesWindow window(form);
+  load_worms(match);
+  SeriesWindow window(match, data, form);
   window.show();
   take_picture(window, "series1_standing");
   check_window_at_sizes(window);
@@ -321,9 +322,9 @@ TEST_F(SeriesWindows, TheGraphCanBeStartedAfresh) {
 // The tri series.
 
 TEST_F(SeriesWindows, TheTriSeriesShowsItsForm) {
-  tri_series_form form;
+  tri_series_form form(in_play(), tri);
   form.open();
-  TriSeriesWindow window(form);
+  TriSeriesWindow window(match, data, form);
   window.show();
   take_picture(window, "series2");
   check_window_at_sizes(window);
@@ -339,9 +340,9 @@ TEST_F(SeriesWindows, TheTriSeriesShowsItsForm) {
 }
 
 TEST_F(SeriesWindows, TheTriSeriesFollowsItsUser) {
-  tri_series_form form;
+  tri_series_form form(in_play(), tri);
   form.open();
-  TriSeriesWindow window(form);
+  TriSeriesWindow window(match, data, form);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
   control<QComboBox>(window, "Combo2")->setCurrentIndex(3);
@@ -358,9 +359,9 @@ TEST_F(SeriesWindows, TheTriSeriesFollowsItsUser) {
 }
 
 TEST_F(SeriesWindows, TheTriSeriesIsPlayedBehindItsHiddenWindow) {
-  tri_series_form form;
+  tri_series_form form(in_play(), tri);
   form.open();
-  TriSeriesWindow window(form);
+  TriSeriesWindow window(match, data, form);
   window.show();
   int shown = 0;
   user_.on_tri_series_table.assign(4, [&](tri_series_table_form& table) {
@@ -376,9 +377,9 @@ TEST_F(SeriesWindows, TheTriSeriesIsPlayedBehindItsHiddenWindow) {
 }
 
 TEST_F(SeriesWindows, TheTriSeriesRefusesWhatIsNoNumberOfRounds) {
-  tri_series_form form;
+  tri_series_form form(in_play(), tri);
   form.open();
-  TriSeriesWindow window(form);
+  TriSeriesWindow window(match, data, form);
   window.show();
   for (const char* typed : {"6", "0", "", "x"}) check_refusal(window, typed, "5");
   EXPECT_THAT(user_.matches, IsEmpty());
@@ -391,9 +392,9 @@ TEST_F(SeriesWindows, ADatabaseOfOneTeamLeavesTheListsUnchosen) {
   small_database lonely;
   lonely.add_team("Solo");
   lonely.write();
-  tri_series_form form;
+  tri_series_form form(in_play(), tri);
   form.open();
-  TriSeriesWindow window(form);
+  TriSeriesWindow window(match, data, form);
   window.show();
   check_window_at_sizes(window);
   EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentIndex(), -1);

@@ -11,6 +11,7 @@
 #include "competitions/cup_fixture.h"
 #include "competitions/world_cup_fixtures.h"
 #include "competitions/world_cup_tables.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -29,7 +30,7 @@ class WorldCupWindowTest : public CupTest {
 };
 
 TEST_F(WorldCupWindowTest, ShowsItsForm) {
-  WorldCupWindow window(form_);
+  WorldCupWindow window(match, data, world_cup, form_);
   window.show();
   take_picture(window, "wctable");
   check_window_at_sizes(window);
@@ -50,7 +51,7 @@ TEST_F(WorldCupWindowTest, ShowsItsForm) {
 }
 
 TEST_F(WorldCupWindowTest, EveryListHasALabelAndANameOfItsOwn) {
-  WorldCupWindow window(form_);
+  WorldCupWindow window(match, data, world_cup, form_);
   window.show();
   std::set<QString> names;
   for (const auto* list : window.findChildren<QComboBox*>()) {
@@ -66,7 +67,7 @@ TEST_F(WorldCupWindowTest, EveryListHasALabelAndANameOfItsOwn) {
 }
 
 TEST_F(WorldCupWindowTest, FollowsItsUser) {
-  WorldCupWindow window(form_);
+  WorldCupWindow window(match, data, world_cup, form_);
   window.show();
   at<QComboBox>(window, "Combo1", 2)->setCurrentIndex(9);
   at<QComboBox>(window, "Combo2", 4)->setCurrentIndex(0);
@@ -84,7 +85,7 @@ TEST_F(WorldCupWindowTest, FollowsItsUser) {
 TEST_F(WorldCupWindowTest, ClosesWhenTheUserHasQuit) {
   quit_after(1);
   user_.on_world_cup_fixtures.front() = [](world_cup_fixtures_form& list) { list.accept(); };
-  WorldCupWindow window(form_);
+  WorldCupWindow window(match, data, world_cup, form_);
   window.show();
   press(window, "Command1");
   EXPECT_TRUE(form_.closed);
@@ -93,7 +94,7 @@ TEST_F(WorldCupWindowTest, ClosesWhenTheUserHasQuit) {
 }
 
 TEST_F(WorldCupWindowTest, ClosesAfterATournamentToItsEnd) {
-  WorldCupWindow window(form_);
+  WorldCupWindow window(match, data, world_cup, form_);
   window.show();
   user_.on_world_cup_tables.assign(40, [&](world_cup_tables_form& tables) {
     EXPECT_FALSE(window.isVisible());
@@ -112,7 +113,7 @@ TEST_F(WorldCupWindowTest, HostsWithoutGroundsAreNamed) {
   database_.add_team("Lorne");
   database_.write();
   form_.open();
-  WorldCupWindow window(form_);
+  WorldCupWindow window(match, data, world_cup, form_);
   window.show();
   {
     Robot robot;
@@ -149,7 +150,7 @@ TEST_F(WorldCupWindowTest, HostsWithoutGroundsAreNamed) {
 
 TEST_F(WorldCupWindowTest, OkWaitsForEveryTeam) {
   form_.group_a_index[3] = -1;
-  WorldCupWindow window(form_);
+  WorldCupWindow window(match, data, world_cup, form_);
   window.show();
   EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose all ten teams");
@@ -159,11 +160,12 @@ TEST_F(WorldCupWindowTest, OkWaitsForEveryTeam) {
 }
 
 TEST_F(WorldCupWindowTest, ACupThatStandsIsToldAndCanBeStartedAfresh) {
-  EXPECT_EQ(WorldCupWindow(form_).findChild<QWidget*>("afresh"), nullptr) << "nothing stands at the start";
+  EXPECT_EQ(WorldCupWindow(match, data, world_cup, form_).findChild<QWidget*>("afresh"), nullptr)
+      << "nothing stands at the start";
   form_.accept();
   world_cup.quit_requested = true;
   form_.show_again();
-  WorldCupWindow window(form_);
+  WorldCupWindow window(match, data, world_cup, form_);
   window.show();
   take_picture(window, "wctable_standing");
   check_window_at_sizes(window);
@@ -181,7 +183,7 @@ TEST_F(WorldCupWindowTest, ACupThatStandsIsToldAndCanBeStartedAfresh) {
 TEST_F(WorldCupWindowTest, IsCancelled) {
   for (const bool escape : {false, true}) {
     form_.closed = false;
-    WorldCupWindow window(form_);
+    WorldCupWindow window(match, data, world_cup, form_);
     window.show();
     if (escape) {
       window.reject();

@@ -11,6 +11,7 @@
 #include "console/captain_forms.h"
 #include "desktop/meter_bar.h"
 #include "model/match_state.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
@@ -46,7 +47,7 @@ class AggressionWindowTest : public ::testing::Test {
 };
 
 TEST_F(AggressionWindowTest, ShowsABatsman) {
-  aggression_form form = aggression_form::of_batsman(0);
+  aggression_form form = aggression_form::of_batsman(match, 0);
   AggressionWindow window(form);
   window.show();
   take_picture(window, "aggr_batsman");
@@ -70,7 +71,7 @@ TEST_F(AggressionWindowTest, ShowsABatsman) {
 }
 
 TEST_F(AggressionWindowTest, ShowsABowler) {
-  aggression_form form = aggression_form::of_bowler(1);
+  aggression_form form = aggression_form::of_bowler(match, 1);
   AggressionWindow window(form);
   window.show();
   take_picture(window, "aggr_bowler");
@@ -93,7 +94,7 @@ TEST_F(AggressionWindowTest, ShowsABowler) {
 }
 
 TEST_F(AggressionWindowTest, ABatsmanBeforeHisFirstBall) {
-  aggression_form form = aggression_form::of_batsman(1);
+  aggression_form form = aggression_form::of_batsman(match, 1);
   AggressionWindow window(form);
   window.show();
   EXPECT_EQ(text(window, "Label1_8"), " - ");
@@ -101,7 +102,7 @@ TEST_F(AggressionWindowTest, ABatsmanBeforeHisFirstBall) {
 }
 
 TEST_F(AggressionWindowTest, OkSetsTheAggression) {
-  aggression_form form = aggression_form::of_batsman(1);
+  aggression_form form = aggression_form::of_batsman(match, 1);
   AggressionWindow window(form);
   window.show();
   ASSERT_NE(window.focusWidget(), nullptr);
@@ -112,7 +113,7 @@ TEST_F(AggressionWindowTest, OkSetsTheAggression) {
   EXPECT_EQ(match.batsman_aggression[0], 4);
   EXPECT_EQ(match.batsman_aggression[1], 5);
 
-  aggression_form bowling = aggression_form::of_bowler(0);
+  aggression_form bowling = aggression_form::of_bowler(match, 0);
   AggressionWindow other(bowling);
   other.show();
   control<QSlider>(other, "VScroll1")->setValue(3);
@@ -122,7 +123,7 @@ TEST_F(AggressionWindowTest, OkSetsTheAggression) {
 }
 
 TEST_F(AggressionWindowTest, EscapeChangesNothing) {
-  aggression_form form = aggression_form::of_batsman(0);
+  aggression_form form = aggression_form::of_batsman(match, 0);
   AggressionWindow window(form);
   window.show();
   control<QSlider>(window, "VScroll1")->setValue(1);

@@ -11,6 +11,7 @@
 #include "console/captain_forms.h"
 #include "console/forms/profile_reader.h"
 #include "model/match_state.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
@@ -25,7 +26,7 @@ class BowlerChoiceWindowTest : public ::testing::Test {
  protected:
   void SetUp() override { set_up_sample_match(false, false); }
 
-  static void in_play() {
+  static void start_play() {
     match.bowler = 8;
     match.next_bowler = 9;
     match.bowling_card[6].balls = 60;
@@ -50,9 +51,9 @@ class BowlerChoiceWindowTest : public ::testing::Test {
 };
 
 TEST_F(BowlerChoiceWindowTest, PassesTheChecks) {
-  in_play();
-  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
-  BowlerChoiceWindow window(form);
+  start_play();
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   window.show();
   take_picture(window, "chgbowler");
   check_window_at_sizes(window);
@@ -60,9 +61,9 @@ TEST_F(BowlerChoiceWindowTest, PassesTheChecks) {
 }
 
 TEST_F(BowlerChoiceWindowTest, ShowsWhatACaptainNeeds) {
-  in_play();
-  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
-  BowlerChoiceWindow window(form);
+  start_play();
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   for (int row = 1; row <= 11; ++row) {
     EXPECT_EQ(option(window, row)->text(), QString::fromStdString(form.name(row))) << row;
     EXPECT_EQ(option(window, row)->isEnabled(), row != 7 && row != 9) << row;
@@ -79,8 +80,8 @@ TEST_F(BowlerChoiceWindowTest, ShowsWhatACaptainNeeds) {
 }
 
 TEST_F(BowlerChoiceWindowTest, TheHeadingsStandAsTheyAreTold) {
-  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
-  BowlerChoiceWindow window(form);
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   QStringList texts;
   for (const QLabel* label : window.findChildren<QLabel*>()) texts << label->text();
   EXPECT_EQ(texts.count("Skill"), 1);
@@ -88,9 +89,9 @@ TEST_F(BowlerChoiceWindowTest, TheHeadingsStandAsTheyAreTold) {
 }
 
 TEST_F(BowlerChoiceWindowTest, TheCaptainChangesTheBowler) {
-  in_play();
-  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
-  BowlerChoiceWindow window(form);
+  start_play();
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   window.show();
   EXPECT_FALSE(control<QPushButton>(window, "Command2")->isVisible());
   EXPECT_FALSE(control<QPushButton>(window, "Command3")->isVisible());
@@ -102,9 +103,9 @@ TEST_F(BowlerChoiceWindowTest, TheCaptainChangesTheBowler) {
 }
 
 TEST_F(BowlerChoiceWindowTest, EscapeKeepsTheBowler) {
-  in_play();
-  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
-  BowlerChoiceWindow window(form);
+  start_play();
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   window.show();
   option(window, 10)->click();
   window.reject();
@@ -114,8 +115,8 @@ TEST_F(BowlerChoiceWindowTest, EscapeKeepsTheBowler) {
 }
 
 TEST_F(BowlerChoiceWindowTest, TheFirstOpenerMustBeChosen) {
-  bowler_choice_form form(bowler_choice_form::use::first_opener, "Select 1st Opening Bowler");
-  BowlerChoiceWindow window(form);
+  bowler_choice_form form(match, bowler_choice_form::use::first_opener, "Select 1st Opening Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   window.show();
   EXPECT_FALSE(ok_enabled(window, "Command2"));
   EXPECT_EQ(window.focusWidget(), option(window, form.best_row()));
@@ -131,8 +132,8 @@ TEST_F(BowlerChoiceWindowTest, TheFirstOpenerMustBeChosen) {
 
 TEST_F(BowlerChoiceWindowTest, TheSecondOpenerMustBeAnotherMan) {
   match.bowler = 8;
-  bowler_choice_form form(bowler_choice_form::use::second_opener, "Select 2nd Opening Bowler");
-  BowlerChoiceWindow window(form);
+  bowler_choice_form form(match, bowler_choice_form::use::second_opener, "Select 2nd Opening Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   window.show();
   take_picture(window, "chgbowler_second");
   check_window_at_sizes(window);
@@ -154,9 +155,9 @@ TEST_F(BowlerChoiceWindowTest, TheSecondOpenerMustBeAnotherMan) {
 }
 
 TEST_F(BowlerChoiceWindowTest, AManWithHisQuotaCanBeChosen) {
-  in_play();
-  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
-  BowlerChoiceWindow window(form);
+  start_play();
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   window.show();
   option(window, 6)->click();
   press(window, "Command1");
@@ -164,12 +165,12 @@ TEST_F(BowlerChoiceWindowTest, AManWithHisQuotaCanBeChosen) {
 }
 
 TEST_F(BowlerChoiceWindowTest, AQuotaNeedsAManWhoIsChosenHimself) {
-  in_play();
+  start_play();
   match.bowling_card[8].balls = 60;
   match.bowling_xi[11].bowl_sr = 25;
   match.bowling_xi[8].bowl_sr = 20;
-  bowler_choice_form form(bowler_choice_form::use::quota, "Change Bowler");
-  BowlerChoiceWindow window(form);
+  bowler_choice_form form(match, bowler_choice_form::use::quota, "Change Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   window.show();
   take_picture(window, "chgbowler_quota");
   check_window_at_sizes(window);
@@ -190,18 +191,18 @@ TEST_F(BowlerChoiceWindowTest, AQuotaNeedsAManWhoIsChosenHimself) {
 
 TEST_F(BowlerChoiceWindowTest, ASideOfKeepersIsNotStuck) {
   for (int row = 1; row <= 11; ++row) match.bowling_xi[row].is_keeper = flag_true;
-  bowler_choice_form form(bowler_choice_form::use::first_opener, "Select 1st Opening Bowler");
-  BowlerChoiceWindow window(form);
+  bowler_choice_form form(match, bowler_choice_form::use::first_opener, "Select 1st Opening Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   window.show();
   EXPECT_TRUE(ok_enabled(window, "Command2"));
 }
 
 TEST_F(BowlerChoiceWindowTest, TheProfileOpensFromItsButtonOnly) {
-  in_play();
+  start_play();
   profile_reader user("Away", "A.Bowl11");
   const front_end_scope scope(user);
-  bowler_choice_form form(bowler_choice_form::use::change, "Change Bowler");
-  BowlerChoiceWindow window(form);
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
+  BowlerChoiceWindow window(in_play(), form);
   window.show();
   option(window, 11)->click();
   EXPECT_THAT(user.requests, ElementsAre());

@@ -12,6 +12,7 @@
 #include "console/captain_forms.h"
 #include "console/forms/profile_reader.h"
 #include "model/match_state.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
@@ -37,8 +38,8 @@ class NextBatsmanWindowTest : public ::testing::Test {
 TEST_F(NextBatsmanWindowTest, PassesTheChecks) {
   match.striker = 3;
   match.non_striker = 2;
-  next_batsman_form form("Select Next Batsman");
-  NextBatsmanWindow window(form);
+  next_batsman_form form(match, "Select Next Batsman");
+  NextBatsmanWindow window(in_play(), form);
   window.show();
   take_picture(window, "batorder");
   check_window_at_sizes(window);
@@ -49,8 +50,8 @@ TEST_F(NextBatsmanWindowTest, ShowsTheEleven) {
   match.striker = 1;
   match.non_striker = 3;
   match.batting_xi[5].name = "R.& S.Vance";
-  next_batsman_form form("Select Next Batsman");
-  NextBatsmanWindow window(form);
+  next_batsman_form form(match, "Select Next Batsman");
+  NextBatsmanWindow window(in_play(), form);
   for (int row = 1; row <= 11; ++row) {
     EXPECT_EQ(option(window, row)->isEnabled(), row > 3) << row;
     EXPECT_EQ(text(window, "Label1", row), QString::fromStdString(form.skill(row))) << row;
@@ -61,8 +62,8 @@ TEST_F(NextBatsmanWindowTest, ShowsTheEleven) {
 }
 
 TEST_F(NextBatsmanWindowTest, TheCaptionsStandAsTheyAreTold) {
-  next_batsman_form form("Select 1st Opener");
-  NextBatsmanWindow window(form);
+  next_batsman_form form(match, "Select 1st Opener");
+  NextBatsmanWindow window(in_play(), form);
   QStringList texts;
   for (const QLabel* label : window.findChildren<QLabel*>()) texts << QString(label->text()).remove(u'&');
   for (const char* caption : {" Batsmen", " Skill", " Induvidual Agg.", "Defensive", "Aggressive"}) {
@@ -74,8 +75,8 @@ TEST_F(NextBatsmanWindowTest, OkBringsInTheChosenMan) {
   match.striker = 1;
   match.non_striker = 2;
   match.batsman_aggression = {4, 5};
-  next_batsman_form form("Select Next Batsman");
-  NextBatsmanWindow window(form);
+  next_batsman_form form(match, "Select Next Batsman");
+  NextBatsmanWindow window(in_play(), form);
   window.show();
   EXPECT_EQ(control<QSlider>(window, "VScroll1")->value(), 3);
   option(window, 9)->click();
@@ -91,8 +92,8 @@ TEST_F(NextBatsmanWindowTest, OkBringsInTheChosenMan) {
 
 TEST_F(NextBatsmanWindowTest, OkAtOnceBringsInTheNextInOrder) {
   const eleven before = match.batting_xi;
-  next_batsman_form form("Select 1st Opener");
-  NextBatsmanWindow window(form);
+  next_batsman_form form(match, "Select 1st Opener");
+  NextBatsmanWindow window(in_play(), form);
   window.show();
   take_picture(window, "batorder_opener");
   EXPECT_TRUE(option(window, 1)->isEnabled());
@@ -105,8 +106,8 @@ TEST_F(NextBatsmanWindowTest, OkAtOnceBringsInTheNextInOrder) {
 TEST_F(NextBatsmanWindowTest, ArrowsMoveBetweenTheRowsThatAreOpen) {
   match.striker = 4;
   match.non_striker = 5;
-  next_batsman_form form("Select Next Batsman");
-  NextBatsmanWindow window(form);
+  next_batsman_form form(match, "Select Next Batsman");
+  NextBatsmanWindow window(in_play(), form);
   window.show();
   window.activateWindow();
   QApplication::processEvents();
@@ -123,8 +124,8 @@ TEST_F(NextBatsmanWindowTest, ArrowsMoveBetweenTheRowsThatAreOpen) {
 TEST_F(NextBatsmanWindowTest, TheProfileOpensFromItsButtonOnly) {
   profile_reader user("Home", "H.Bat6");
   const front_end_scope scope(user);
-  next_batsman_form form("Select Next Batsman");
-  NextBatsmanWindow window(form);
+  next_batsman_form form(match, "Select Next Batsman");
+  NextBatsmanWindow window(in_play(), form);
   window.show();
   option(window, 6)->click();
   EXPECT_THAT(user.requests, ElementsAre());
@@ -138,8 +139,8 @@ TEST_F(NextBatsmanWindowTest, TheProfileOpensFromItsButtonOnly) {
 }
 
 TEST_F(NextBatsmanWindowTest, EscapeLeavesItOpen) {
-  next_batsman_form form("Select 2nd Opener");
-  NextBatsmanWindow window(form);
+  next_batsman_form form(match, "Select 2nd Opener");
+  NextBatsmanWindow window(in_play(), form);
   window.show();
   window.reject();
   window.close();

@@ -6,6 +6,7 @@
 #include "browsers/player_profile.h"
 #include "database/lasting_records.h"
 #include "database/whole_file.h"
+#include "support/game_in_play.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
 
@@ -20,8 +21,8 @@ class profile_reader : public scripted_user {
     careers.teams[1].team_name = team;
     careers.teams[1].player_count = 1;
     careers.teams[1].players[1].name = player;
-    const folder_lock turn(files.career_file);
-    write_career_table(careers);
+    const folder_lock turn(data.files.career_file, nullptr);
+    write_career_table(data, careers);
   }
 
   using scripted_user::show;

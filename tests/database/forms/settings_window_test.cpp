@@ -10,6 +10,7 @@
 
 #include "database/database_fixture.h"
 #include "database/settings_form.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -40,7 +41,7 @@ class SettingsWindowTest : public database_fixture {
     return control<QLabel>(window, "Label2")->grab().toImage().pixelColor(20, 8);
   }
 
-  settings_form form_;
+  settings_form form_{data};
   std::optional<QColor> color_;
   QString folder_chosen_;
   QColor started_color_;
@@ -48,9 +49,9 @@ class SettingsWindowTest : public database_fixture {
 };
 
 TEST_F(SettingsWindowTest, PassesTheChecks) {
-  settings = {folder.string(), "alpha", "1F4D3A", "F4F1E6", ""};
+  data.settings = {folder.string(), "alpha", "1F4D3A", "F4F1E6", ""};
   form_.open();
-  SettingsWindow window(form_);
+  SettingsWindow window(data, form_);
   window.show();
   take_picture(window, "optfrm");
   check_window_at_sizes(window);
@@ -58,9 +59,9 @@ TEST_F(SettingsWindowTest, PassesTheChecks) {
 }
 
 TEST_F(SettingsWindowTest, ShowsTheSettings) {
-  settings = {folder.string(), "beta.v2", "FF0000", "00FF00", ""};
+  data.settings = {folder.string(), "beta.v2", "FF0000", "00FF00", ""};
   form_.open();
-  SettingsWindow window(form_);
+  SettingsWindow window(data, form_);
   window.show();
   const auto* databases = control<QComboBox>(window, "Combo1");
   ASSERT_EQ(databases->count(), 2);
@@ -74,9 +75,9 @@ TEST_F(SettingsWindowTest, ShowsTheSettings) {
 }
 
 TEST_F(SettingsWindowTest, ColoursComeFromTheirDialogs) {
-  settings = {"", "alpha", "0000FF", "FFFF00", ""};
+  data.settings = {"", "alpha", "0000FF", "FFFF00", ""};
   form_.open();
-  SettingsWindow window(form_, nullptr, choosers());
+  SettingsWindow window(data, form_, nullptr, choosers());
   window.show();
   press(window, "Command2");
   EXPECT_EQ(started_color_, QColor(255, 255, 0));
@@ -92,13 +93,13 @@ TEST_F(SettingsWindowTest, ColoursComeFromTheirDialogs) {
   EXPECT_EQ(form_.sample_text_color, 200 + 256 * 100 + 65536 * 50);
   EXPECT_TRUE(control<QLabel>(window, "Label2")->styleSheet().contains("#c86432"));
   press(window, "Command1");
-  EXPECT_EQ(settings.text_color, "C86432");
-  EXPECT_EQ(settings.back_color, "0A141E");
+  EXPECT_EQ(data.settings.text_color, "C86432");
+  EXPECT_EQ(data.settings.back_color, "0A141E");
 }
 
 TEST_F(SettingsWindowTest, BrowseChoosesTheFolder) {
   form_.open();
-  SettingsWindow window(form_, nullptr, choosers());
+  SettingsWindow window(data, form_, nullptr, choosers());
   window.show();
   const QString before = control<QLineEdit>(window, "Dir1")->text();
   press(window, "Browse");
@@ -113,7 +114,7 @@ TEST_F(SettingsWindowTest, BrowseChoosesTheFolder) {
 
 TEST_F(SettingsWindowTest, AFolderThatCannotBeKeptIsExplained) {
   form_.open();
-  SettingsWindow window(form_, nullptr, choosers());
+  SettingsWindow window(data, form_, nullptr, choosers());
   window.show();
   const std::string before = form_.photo_folder;
   folder_chosen_ = QString::fromUtf8("/\xE5\xB1\xB1");
@@ -130,7 +131,7 @@ TEST_F(SettingsWindowTest, AFolderThatCannotBeKeptIsExplained) {
 TEST_F(SettingsWindowTest, ADatabaseThatCannotBeKeptIsExplained) {
   for (const char* name : {"one, two.team", "one, two.grd"}) write_bytes(folder / name, "");
   form_.open();
-  SettingsWindow window(form_);
+  SettingsWindow window(data, form_);
   window.show();
   auto* databases = control<QComboBox>(window, "Combo1");
   EXPECT_FALSE(control<QLabel>(window, "database_note")->isVisible());
@@ -145,7 +146,7 @@ TEST_F(SettingsWindowTest, ADatabaseThatCannotBeKeptIsExplained) {
 TEST_F(SettingsWindowTest, SettingsThatCannotBeWrittenCloseTheFormWithAMessage) {
   std::filesystem::create_directory(folder / "options.mc");
   form_.open();
-  SettingsWindow window(form_);
+  SettingsWindow window(data, form_);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
   Robot robot;
@@ -156,12 +157,12 @@ TEST_F(SettingsWindowTest, SettingsThatCannotBeWrittenCloseTheFormWithAMessage) 
   press(window, "Command1");
   EXPECT_EQ(robot.left(), 0);
   EXPECT_EQ(window.result(), QDialog::Accepted);
-  EXPECT_EQ(files.base, "alpha");
+  EXPECT_EQ(data.files.base, "alpha");
 }
 
 TEST_F(SettingsWindowTest, OkNeedsADatabase) {
   form_.open();
-  SettingsWindow window(form_);
+  SettingsWindow window(data, form_);
   window.show();
   EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentText(), "");
   Robot robot;
@@ -178,38 +179,38 @@ TEST_F(SettingsWindowTest, OkNeedsADatabase) {
 
 TEST_F(SettingsWindowTest, OkKeepsTheChoices) {
   form_.open();
-  SettingsWindow window(form_);
+  SettingsWindow window(data, form_);
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(1);
   press(window, "Command1");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.result(), QDialog::Accepted);
-  EXPECT_EQ(settings.database_name, "beta.v2");
-  EXPECT_EQ(files.team_file, folder / "beta.v2.team");
+  EXPECT_EQ(data.settings.database_name, "beta.v2");
+  EXPECT_EQ(data.files.team_file, folder / "beta.v2.team");
   EXPECT_THAT(bytes_of(folder / "options.mc"), ::testing::HasSubstr("\r\nbeta.v2\r\n000000\r\nFFFFFF\r\n"));
 }
 
 TEST_F(SettingsWindowTest, ClosingKeepsTheFormerSettings) {
-  settings = {folder.string(), "alpha", "FF0000", "00FF00", "Serif"};
+  data.settings = {folder.string(), "alpha", "FF0000", "00FF00", "Serif"};
   form_.open();
   color_ = QColor(1, 2, 3);
-  SettingsWindow window(form_, nullptr, choosers());
+  SettingsWindow window(data, form_, nullptr, choosers());
   window.show();
   control<QComboBox>(window, "Combo1")->setCurrentIndex(1);
   press(window, "Command2");
   window.reject();
   EXPECT_FALSE(window.isVisible());
-  EXPECT_EQ(settings.database_name, "alpha");
-  EXPECT_EQ(settings.back_color, "00FF00");
+  EXPECT_EQ(data.settings.database_name, "alpha");
+  EXPECT_EQ(data.settings.back_color, "00FF00");
   EXPECT_FALSE(std::filesystem::exists(folder / "options.mc"));
 }
 
 TEST_F(SettingsWindowTest, AFolderWithoutADatabaseSaysWhatToDo) {
   const std::filesystem::path empty = folder / "empty";
   std::filesystem::create_directory(empty);
-  files = database_paths(empty, "");
+  data.files = database_paths(empty, "");
   form_.open();
-  SettingsWindow window(form_);
+  SettingsWindow window(data, form_);
   window.show();
   take_picture(window, "optfrm_empty");
   check_window_at_sizes(window);

@@ -21,6 +21,7 @@
 #include "engine/over_play.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 #include "windows/robot.h"
@@ -56,9 +57,9 @@ class ConsoleWindowTest : public ::testing::Test {
   /// Opens the console of a match with these captains.
   ConsoleWindow& open(bool computer_bats, bool computer_bowls) {
     set_up_sample_match(computer_bats, computer_bowls);
-    open_console();
+    open_console(in_play());
     window_.reset();
-    window_ = std::make_unique<ConsoleWindow>(form_);
+    window_ = std::make_unique<ConsoleWindow>(match, data, form_);
     user.window = window_.get();
     window_->show();
     window_->activateWindow();
@@ -69,7 +70,7 @@ class ConsoleWindowTest : public ::testing::Test {
   QString text(const char* label) const { return control<QLabel>(*window_, label)->text(); }
 
   ConsoleUser user;
-  console_form form_;
+  console_form form_{in_play()};
   std::unique_ptr<ConsoleWindow> window_;
 
  private:
@@ -318,7 +319,7 @@ TEST_F(ConsoleWindowTest, TheCommentaryHoldsEveryLineWithTheNewestInView) {
   ConsoleWindow& window = open(false, true);
   auto* list = control<QListView>(window, "List1");
   for (int over = 0; over < 8; ++over) press(window, "Command1");
-  const std::vector<std::string> lines = commentary_lines();
+  const std::vector<std::string> lines = commentary_lines(match);
   ASSERT_EQ(list->model()->rowCount(), static_cast<int>(lines.size()));
   for (int row = 0; row < list->model()->rowCount(); ++row) {
     EXPECT_EQ(list->model()->index(row, 0).data(Qt::UserRole).toString().toStdString(),

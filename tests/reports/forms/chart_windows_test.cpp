@@ -14,6 +14,7 @@
 #include "reports/forms/worm_graph_window.h"
 #include "reports/overs_graph.h"
 #include "reports/worm_graph.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -25,7 +26,7 @@ using WormGraphWindowTest = ReportWindowTest;
 
 template <class Screen>
 Screen opened() {
-  Screen screen;
+  Screen screen(match);
   screen.open();
   return screen;
 }

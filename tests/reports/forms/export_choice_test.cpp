@@ -11,6 +11,7 @@
 #include "reports/forms/played_match.h"
 #include "reports/forms/scorecard_window.h"
 #include "support/failing_disk.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -49,7 +50,7 @@ class ExportChoice : public ReportWindowTest {
   /// message box.
   void expect_failure(const QString& path, const QString& told) {
     const Robot nothing_opens;
-    ScorecardWindow window(card);
+    ScorecardWindow window(in_play(), card);
     const auto* note = control<QLabel>(window, "not_saved");
     window.show();
     EXPECT_FALSE(note->isVisible());
@@ -62,18 +63,18 @@ class ExportChoice : public ReportWindowTest {
   }
 
   QTemporaryDir folder;
-  scorecard_form card;
+  scorecard_form card{match};
   std::vector<FileWish> wishes;
 };
 
 TEST_F(ExportChoice, EachButtonWritesItsFile) {
   const std::tuple<const char*, const char*, std::string> kinds[] = {
-      {"Command7", "a.html", html_scorecard(card)},
-      {"Command8", "b.txt", text_scorecard(card)},
-      {"Command9", "c.txt", ball_by_ball(card)},
+      {"Command7", "a.html", html_scorecard(match, data, card)},
+      {"Command8", "b.txt", text_scorecard(match, card)},
+      {"Command9", "c.txt", ball_by_ball(match, card)},
   };
   for (const auto& [button, name, bytes] : kinds) {
-    ScorecardWindow window(card);
+    ScorecardWindow window(in_play(), card);
     window.choose_files_with(naming(folder.filePath(name)));
     window.show();
     press(window, button);
@@ -84,36 +85,36 @@ TEST_F(ExportChoice, EachButtonWritesItsFile) {
 }
 
 TEST_F(ExportChoice, WhatIsAskedFor) {
-  const FileWish page = export_wish(card, export_kind::html);
+  const FileWish page = export_wish(match, card, export_kind::html);
   EXPECT_EQ(page.title, "As HTML");
   EXPECT_EQ(page.name, "South Isles v Northland.html") << "the side that batted first in front";
   EXPECT_TRUE(page.filter.startsWith("HTML pages (*.html"));
   EXPECT_EQ(page.ending, "html");
-  EXPECT_EQ(export_wish(card, export_kind::text).name, "South Isles v Northland.txt");
-  EXPECT_EQ(export_wish(card, export_kind::ball_by_ball).name, "South Isles v Northland, ball by ball.txt");
+  EXPECT_EQ(export_wish(match, card, export_kind::text).name, "South Isles v Northland.txt");
+  EXPECT_EQ(export_wish(match, card, export_kind::ball_by_ball).name, "South Isles v Northland, ball by ball.txt");
   match = played_match().first_innings;
   card.open();
-  EXPECT_EQ(export_wish(card, export_kind::text).name, "South Isles v Northland.txt");
+  EXPECT_EQ(export_wish(match, card, export_kind::text).name, "South Isles v Northland.txt");
 }
 
 TEST_F(ExportChoice, ANameThatNoFileMayHaveIsMended) {
   match = played_match().first_innings;
   match.team1_name = "A/B \\ C: D?";
   card.open();
-  EXPECT_EQ(export_wish(card, export_kind::text).name, "A-B - C- D- v Northland.txt");
+  EXPECT_EQ(export_wish(match, card, export_kind::text).name, "A-B - C- D- v Northland.txt");
 }
 
 TEST_F(ExportChoice, TheFolderIsRemembered) {
-  export_match(card, export_kind::text, naming(folder.filePath("a.txt")), nullptr);
+  export_match(match, data, card, export_kind::text, naming(folder.filePath("a.txt")), nullptr);
   EXPECT_EQ(QDir(preferences::last_folder()).canonicalPath(), QDir(folder.path()).canonicalPath());
-  export_match(card, export_kind::html, naming({}), nullptr);
+  export_match(match, data, card, export_kind::html, naming({}), nullptr);
   ASSERT_EQ(wishes.size(), 2U);
   EXPECT_EQ(wishes[0].folder, "");
   EXPECT_EQ(wishes[1].folder, preferences::last_folder());
 }
 
 TEST_F(ExportChoice, CancellingWritesNothing) {
-  export_match(card, export_kind::text, naming({}), nullptr);
+  export_match(match, data, card, export_kind::text, naming({}), nullptr);
   EXPECT_EQ(files(), QStringList());
   EXPECT_EQ(preferences::last_folder(), "");
 }
@@ -125,7 +126,7 @@ TEST_F(ExportChoice, AFileThatCannotBeWrittenIsTold) {
 }
 
 TEST_F(ExportChoice, AFileThatIsWrittenEndsTheNoteOfAFailure) {
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   const auto* note = control<QLabel>(window, "not_saved");
   window.show();
   for (const char* name : {"missing/a.txt", "a.txt"}) {
@@ -168,7 +169,7 @@ TEST_F(ExportChoice, AFailureTellsANameOfForeignLetters) {
 }
 
 TEST_F(ExportChoice, TheCommonDialogProposesAName) {
-  FileWish wish = export_wish(card, export_kind::html);
+  FileWish wish = export_wish(match, card, export_kind::html);
   wish.folder = folder.path();
   Robot robot;
   robot.next("CommonDialog1", [&](QWidget& window) {
@@ -181,7 +182,7 @@ TEST_F(ExportChoice, TheCommonDialogProposesAName) {
 }
 
 TEST_F(ExportChoice, TheCommonDialogGivesANameItsEnding) {
-  FileWish wish = export_wish(card, export_kind::html);
+  FileWish wish = export_wish(match, card, export_kind::html);
   wish.folder = folder.path();
   Robot robot;
   robot.next("CommonDialog1", [](QWidget& window) {

@@ -4,7 +4,9 @@
 #include "console/captain_forms.h"
 #include "engine/over_play.h"
 #include "model/random.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
+#include "support/test_user.h"
 #include "windows/window_checks.h"
 
 namespace velorin::testing {
@@ -27,7 +29,7 @@ const char* const away[] = {"",
                             "K.Foss"};
 
 /// Copies the match as it passes by.
-class Copying : public headless_user {
+class Copying : public test_user {
  public:
   PlayedMatch copies;
   int ends = 0;
@@ -58,7 +60,7 @@ bool play(std::uint64_t seed, PlayedMatch& copies) {
   chance.use_seed(seed);
   Copying user;
   const front_end_scope scope(user);
-  open_console();
+  open_console(in_play());
   copies = user.copies;
   return user.ends == 2 && copies.first_all_out.score_wickets == 10 && copies.second_all_out.score_wickets == 10 &&
          copies.first_innings.over_no == 31 && copies.second_innings.over_no == 27;

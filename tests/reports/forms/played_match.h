@@ -9,6 +9,8 @@
 
 #include "headless/headless_user.h"
 #include "model/match_state.h"
+#include "support/game_in_play.h"
+#include "support/test_user.h"
 
 namespace velorin::testing {
 
@@ -25,7 +27,7 @@ struct PlayedMatch {
 const PlayedMatch& played_match();
 
 /// A user who notes the reports that are asked for and the details that are shown.
-class NotingUser : public headless_user {
+class NotingUser : public test_user {
  public:
   std::vector<report> opened;
   std::vector<std::string> titles;

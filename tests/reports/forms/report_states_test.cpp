@@ -14,6 +14,7 @@
 #include "reports/overs_graph.h"
 #include "reports/partnerships.h"
 #include "reports/worm_graph.h"
+#include "support/new_form.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -43,16 +44,16 @@ class ReportStates : public ReportWindowTest, public ::testing::WithParamInterfa
 
   template <class Screen, class Window>
   void check(const char* name) {
-    Screen screen;
+    Screen screen(match);
     screen.open();
-    Window window(screen);
+    window_of<Window, Screen> window(screen);
     window.show();
     EXPECT_EQ(window.objectName(), QString::fromLatin1(name));
     take_pictures(window, std::string(name) + "-" + GetParam().name);
     check_window_at_sizes(window);
     press(window, "Command1");
     EXPECT_FALSE(window.isVisible());
-    Window again(screen);
+    window_of<Window, Screen> again(screen);
     again.show();
     again.reject();
     EXPECT_FALSE(again.isVisible()) << "Escape closes what is only read";

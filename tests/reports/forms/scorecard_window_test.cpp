@@ -13,6 +13,7 @@
 #include "reports/forms/played_match.h"
 #include "reports/opened.h"
 #include "reports/scorecard.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -60,7 +61,7 @@ void expect_card(const QWidget& window, const batting_screen& card) {
 
 TEST_F(ScorecardWindowTest, ShowsTheCard) {
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   window.show();
   expect_card(window, card);
   EXPECT_EQ(text_of(window, "Label10"), "Northland");
@@ -71,7 +72,7 @@ TEST_F(ScorecardWindowTest, ShowsTheCard) {
 TEST_F(ScorecardWindowTest, BeforeTheFirstBallThereAreTwoMenAndNoRate) {
   match = played_match().no_ball;
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   show_active(window);
   expect_card(window, card);
   EXPECT_TRUE(control<QPushButton>(window, "Command4_2")->isVisible());
@@ -87,7 +88,7 @@ TEST_F(ScorecardWindowTest, ALineTellsWhichExtrasTheTotalLeavesOut) {
   match.innings_no_balls = 2;
   match.innings_wides = 7;
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   window.show();
   const auto* line = control<QLabel>(window, "not_counted");
   EXPECT_TRUE(line->isVisible());
@@ -97,14 +98,14 @@ TEST_F(ScorecardWindowTest, ALineTellsWhichExtrasTheTotalLeavesOut) {
   check_window_at_sizes(window);
   match.innings_no_balls = match.innings_wides = 0;
   const auto without = opened<scorecard_form>();
-  ScorecardWindow silent(without);
+  ScorecardWindow silent(in_play(), without);
   silent.show();
   EXPECT_FALSE(control<QLabel>(silent, "not_counted")->isVisible());
 }
 
 TEST_F(ScorecardWindowTest, ButtonsBearTheirCaptions) {
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   const std::pair<const char*, std::string_view> captions[] = {{"Command1", scorecard_form::ok_caption},
                                                                {"Command2", scorecard_form::bowling_caption},
                                                                {"Command3", scorecard_form::first_innings_caption},
@@ -121,7 +122,7 @@ TEST_F(ScorecardWindowTest, ButtonsBearTheirCaptions) {
 
 TEST_F(ScorecardWindowTest, ButtonsOpenTheReports) {
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   window.show();
   for (const char* name : {"Command3", "Command2", "Command5", "Command6", "Command10"}) press(window, name);
   const std::vector<report> wanted = {report::first_scorecard, report::bowling_card, report::partnerships,
@@ -133,7 +134,7 @@ TEST_F(ScorecardWindowTest, ButtonsOpenTheReports) {
 TEST_F(ScorecardWindowTest, TheFirstInningsOpensOnceItIsOver) {
   match = played_match().first_innings;
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   show_active(window);
   EXPECT_FALSE(control<QPushButton>(window, "Command3")->isEnabled());
   QTest::keyClick(&window, Qt::Key_I, Qt::AltModifier);
@@ -142,13 +143,13 @@ TEST_F(ScorecardWindowTest, TheFirstInningsOpensOnceItIsOver) {
   EXPECT_EQ(noting.opened, std::vector<report>{report::partnerships}) << "the first key did nothing";
   match = played_match().second_innings;
   const auto later = opened<scorecard_form>();
-  ScorecardWindow second(later);
+  ScorecardWindow second(in_play(), later);
   EXPECT_TRUE(control<QPushButton>(second, "Command3")->isEnabled());
 }
 
 TEST_F(ScorecardWindowTest, ANameShowsTheMansDetails) {
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   show_active(window);
   press(window, "Command4_1");
   QTest::keyClick(&window, Qt::Key_F3);
@@ -159,7 +160,7 @@ TEST_F(ScorecardWindowTest, ANameShowsTheMansDetails) {
 
 TEST_F(ScorecardWindowTest, AfterAMansDetailsReturnCloses) {
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   show_active(window);
   auto* name = control<QPushButton>(window, "Command4_1");
   name->setFocus(Qt::TabFocusReason);
@@ -176,7 +177,7 @@ TEST_F(ScorecardWindowTest, ANameReadsItsRowOut) {
   match.batting_card[4].runs = 10;
   match.batting_card[4].balls = 8;
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   EXPECT_EQ(control<QPushButton>(window, "Command4_4")->accessibleName(),
             "D.Moss, c B.Okell, b F.Uluila, 10 runs, 8 balls, details");
   EXPECT_TRUE(control<QPushButton>(window, "Command4_8")->accessibleName().endsWith("0 runs, 1 ball, details"));
@@ -186,7 +187,7 @@ TEST_F(ScorecardWindowTest, ADoubledAmpersandIsShownOnceAndKeptInFiles) {
   match.batting_card[1].fielder.clear();
   match.batting_card[1].how_out = " c && b F.Uluila";
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   EXPECT_EQ(text_of(window, "Label9_1"), " c & b F.Uluila");
   const Table table = batting_table(card);
   EXPECT_EQ(table.rows[0].cells[2].text, " c & b F.Uluila");
@@ -195,7 +196,7 @@ TEST_F(ScorecardWindowTest, ADoubledAmpersandIsShownOnceAndKeptInFiles) {
 
 TEST_F(ScorecardWindowTest, CopyPutsTheCardOnTheClipboard) {
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   show_active(window);
   QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
   const QStringList lines = QGuiApplication::clipboard()->text().split('\n');
@@ -209,7 +210,7 @@ TEST_F(ScorecardWindowTest, CopyPutsTheCardOnTheClipboard) {
 
 TEST_F(ScorecardWindowTest, ARoomyCardIsWrittenLarger) {
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   window.show();
   const auto size = [&] { return control<QLabel>(window, "Label2_1")->fontInfo().pixelSize(); };
   window.resize(smallest_screen);
@@ -236,7 +237,7 @@ TEST_F(ScorecardWindowTest, LongNamesFit) {
   }
   match.score_runs = 1888;
   const auto card = opened<scorecard_form>();
-  ScorecardWindow window(card);
+  ScorecardWindow window(in_play(), card);
   window.show();
   take_picture(window, "scorecard-long_names");
   check_window_at_sizes(window);
@@ -244,7 +245,7 @@ TEST_F(ScorecardWindowTest, LongNamesFit) {
 
 TEST_F(FirstScorecardWindowTest, ShowsTheCard) {
   const auto card = opened<first_scorecard_form>();
-  FirstScorecardWindow window(card);
+  FirstScorecardWindow window(user_in_use(), card);
   window.show();
   expect_card(window, card);
   EXPECT_EQ(text_of(window, "Label10"), "South Isles");
@@ -255,7 +256,7 @@ TEST_F(FirstScorecardWindowTest, ShowsTheCard) {
 
 TEST_F(FirstScorecardWindowTest, ButtonsOpenTheReportsOfItsInnings) {
   const auto card = opened<first_scorecard_form>();
-  FirstScorecardWindow window(card);
+  FirstScorecardWindow window(user_in_use(), card);
   window.show();
   press(window, "Command2");
   press(window, "Command3");

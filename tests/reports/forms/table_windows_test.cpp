@@ -11,6 +11,7 @@
 #include "reports/forms/played_match.h"
 #include "reports/opened.h"
 #include "reports/partnerships.h"
+#include "support/game_in_play.h"
 #include "windows/robot.h"
 
 namespace velorin::testing {

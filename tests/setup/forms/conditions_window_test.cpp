@@ -11,6 +11,7 @@
 #include "model/random.h"
 #include "setup/conditions.h"
 #include "setup/forms/check_leaving.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
@@ -26,7 +27,7 @@ class ConditionsWindowTest : public ::testing::Test {
     form.open();
   }
 
-  conditions_form form;
+  conditions_form form{in_play()};
 };
 
 TEST_F(ConditionsWindowTest, PassesTheChecks) {

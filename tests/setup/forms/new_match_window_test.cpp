@@ -18,6 +18,7 @@
 #include "setup/conditions.h"
 #include "setup/new_match.h"
 #include "setup/team_selection.h"
+#include "support/game_in_play.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
 #include "windows/robot.h"
@@ -56,14 +57,14 @@ class NewMatchWindowTest : public ::testing::Test {
   small_database database_;
   scripted_user user_;
   front_end_scope shown_{user_};
-  new_match_form form_;
+  new_match_form form_{in_play()};
 };
 
 const std::vector<std::string> three = {"Alba", "Brook", "Carse"};
 
 TEST_F(NewMatchWindowTest, PassesTheChecks) {
   open(three);
-  NewMatchWindow window(form_);
+  NewMatchWindow window(match, form_);
   window.show();
   take_picture(window, "teamfrm");
   check_window_at_sizes(window);
@@ -74,7 +75,7 @@ TEST_F(NewMatchWindowTest, PassesTheChecks) {
 TEST_F(NewMatchWindowTest, ShowsTheFormAsItOpened) {
   open(three);
   preferences::set_captains({.first_human = false, .second_human = true});
-  NewMatchWindow window(form_);
+  NewMatchWindow window(match, form_);
   const auto* first = control<QComboBox>(window, "Combo1");
   EXPECT_EQ(texts(*first), (QStringList{"Alba", "Brook", "Carse"}));
   EXPECT_EQ(first->currentText(), "Brook");
@@ -91,7 +92,7 @@ TEST_F(NewMatchWindowTest, ShowsTheFormAsItOpened) {
 
 TEST_F(NewMatchWindowTest, TheGroundsFollowTheTeams) {
   open(three);
-  NewMatchWindow window(form_);
+  NewMatchWindow window(match, form_);
   control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
   EXPECT_EQ(form_.first_team_name(), "Alba");
   const auto* grounds = control<QComboBox>(window, "Combo3");
@@ -104,7 +105,7 @@ TEST_F(NewMatchWindowTest, TheGroundsFollowTheTeams) {
 
 TEST_F(NewMatchWindowTest, ChoicesReachTheForm) {
   open(three);
-  NewMatchWindow window(form_);
+  NewMatchWindow window(match, form_);
   control<QComboBox>(window, "Combo3")->setCurrentIndex(3);
   EXPECT_EQ(form_.ground_name(), "Mill Field");
   control<QRadioButton>(window, "Option1_1")->click();
@@ -118,7 +119,7 @@ TEST_F(NewMatchWindowTest, ChoicesReachTheForm) {
 
 TEST_F(NewMatchWindowTest, ASmallDatabaseLeavesEmptyTexts) {
   open({"Alba"});
-  NewMatchWindow window(form_);
+  NewMatchWindow window(match, form_);
   window.show();
   EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentText(), "");
   EXPECT_EQ(control<QComboBox>(window, "Combo2")->currentText(), "");
@@ -128,8 +129,8 @@ TEST_F(NewMatchWindowTest, ASmallDatabaseLeavesEmptyTexts) {
 
 TEST_F(NewMatchWindowTest, OkPlaysTheMatchWhileTheWindowIsHidden) {
   open(three);
-  files.elevens_in_memory = true;
-  NewMatchWindow window(form_);
+  data.files.elevens_in_memory = true;
+  NewMatchWindow window(match, form_);
   control<QComboBox>(window, "Combo1")->setCurrentIndex(2);
   control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
   control<QRadioButton>(window, "Option3_1")->click();
@@ -156,9 +157,9 @@ TEST_F(NewMatchWindowTest, AFailureInTheMatchIsReported) {
   open(three);
   std::string failure;
   on_failure([&](const std::exception& error) { failure = error.what(); });
-  NewMatchWindow window(form_);
+  NewMatchWindow window(match, form_);
   window.show();
-  std::filesystem::remove(files.ground_file);
+  std::filesystem::remove(data.files.ground_file);
   press(window, "Command1");
   on_failure({});
   EXPECT_THAT(failure, ::testing::HasSubstr("world.grd"));
@@ -166,13 +167,13 @@ TEST_F(NewMatchWindowTest, AFailureInTheMatchIsReported) {
 
 TEST_F(NewMatchWindowTest, CancelAndEscapeCloseAndDoNothing) {
   open(three);
-  NewMatchWindow window(form_);
+  NewMatchWindow window(match, form_);
   window.show();
   press(window, "Command2");
   EXPECT_FALSE(window.isVisible());
   EXPECT_FALSE(form_.visible);
   form_.open();
-  NewMatchWindow again(form_);
+  NewMatchWindow again(match, form_);
   again.show();
   again.reject();
   EXPECT_FALSE(again.isVisible());
@@ -182,14 +183,14 @@ TEST_F(NewMatchWindowTest, CancelAndEscapeCloseAndDoNothing) {
 
 TEST_F(NewMatchWindowTest, AMatchIsNeverPlayedWithoutStopping) {
   open(three);
-  const NewMatchWindow window(form_);
+  const NewMatchWindow window(match, form_);
   EXPECT_EQ(window.findChild<QCheckBox*>("play_without_stopping"), nullptr);
 }
 
 TEST_F(NewMatchWindowTest, AtFirstTheUserCaptainsTheFirstTeam) {
   preferences::use_file(QString::fromStdString((database_.folder() / "fresh.ini").string()));
   open(three);
-  NewMatchWindow window(form_);
+  NewMatchWindow window(match, form_);
   EXPECT_TRUE(control<QRadioButton>(window, "Option1_1")->isChecked());
   EXPECT_TRUE(control<QRadioButton>(window, "Option3_0")->isChecked());
   EXPECT_FALSE(form_.computer_captains_first);
@@ -201,21 +202,21 @@ TEST_F(NewMatchWindowTest, TheCaptainsOfTheLastMatchAreRemembered) {
   user_.on_conditions.assign(2, [](conditions_form& conditions) { conditions.leave(); });
   for (const bool first_human : {false, true}) {
     {
-      NewMatchWindow window(form_);
+      NewMatchWindow window(match, form_);
       window.show();
       control<QRadioButton>(window, first_human ? "Option1_1" : "Option1_0")->click();
       control<QRadioButton>(window, first_human ? "Option3_0" : "Option3_1")->click();
       press(window, "Command1");
     }
     {
-      NewMatchWindow cancelled(form_);
+      NewMatchWindow cancelled(match, form_);
       cancelled.show();
       control<QRadioButton>(cancelled, first_human ? "Option1_0" : "Option1_1")->click();
       press(cancelled, "Command2");
     }
-    new_match_form fresh;
+    new_match_form fresh(in_play());
     fresh.open();
-    NewMatchWindow next(fresh);
+    NewMatchWindow next(match, fresh);
     EXPECT_EQ(fresh.computer_captains_first, !first_human);
     EXPECT_EQ(fresh.computer_captains_second, first_human);
   }
@@ -223,7 +224,7 @@ TEST_F(NewMatchWindowTest, TheCaptainsOfTheLastMatchAreRemembered) {
 
 TEST_F(NewMatchWindowTest, OkWaitsForTeamsAndAGround) {
   open({"Alba", "Brook"});
-  NewMatchWindow window(form_);
+  NewMatchWindow window(match, form_);
   window.show();
   EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose both teams");
@@ -243,7 +244,7 @@ TEST_F(NewMatchWindowTest, AMatchThatIsLeftClosesTheWindow) {
   user_.on_conditions.push_back([](conditions_form& conditions) { conditions.leave(); });
   Robot robot;
   robot.next("teamfrm", pressing("Command1"));
-  NewMatchWindow window(form_);
+  NewMatchWindow window(match, form_);
   window.exec();
   EXPECT_TRUE(form_.left);
   EXPECT_FALSE(window.isVisible());

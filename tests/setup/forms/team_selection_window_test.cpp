@@ -16,6 +16,7 @@
 #include "model/random.h"
 #include "setup/forms/check_leaving.h"
 #include "setup/team_selection.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
@@ -63,11 +64,11 @@ class TeamSelectionWindowTest : public ::testing::Test {
   scripted_user user_;
   front_end_scope shown_{user_};
   squad men_ = full_squad();
-  team_selection_form form_;
+  team_selection_form form_{in_play()};
 };
 
 TEST_F(TeamSelectionWindowTest, PassesTheChecksWithTwentyRows) {
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   window.show();
   take_picture(window, "teamsel");
   check_window_at_sizes(window);
@@ -76,7 +77,7 @@ TEST_F(TeamSelectionWindowTest, PassesTheChecksWithTwentyRows) {
 }
 
 TEST_F(TeamSelectionWindowTest, ShowsTheRows) {
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   EXPECT_EQ(box(window, 4)->text(), "R.&& S.Vance");
   EXPECT_EQ(text(window, "Label2", 1), "RH Opener");
   EXPECT_EQ(text(window, "Label3", 20), "20");
@@ -89,7 +90,7 @@ TEST_F(TeamSelectionWindowTest, ShowsTheRows) {
 }
 
 TEST_F(TeamSelectionWindowTest, ATickByAnAssistiveActionCounts) {
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   window.show();
   QAccessibleActionInterface* action = QAccessible::queryAccessibleInterface(box(window, 3))->actionInterface();
   action->doAction(QAccessibleActionInterface::toggleAction());
@@ -101,7 +102,7 @@ TEST_F(TeamSelectionWindowTest, ATickByAnAssistiveActionCounts) {
 }
 
 TEST_F(TeamSelectionWindowTest, TheHeadingsStandAsTheyAreTold) {
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   QStringList texts;
   for (const QLabel* label : window.findChildren<QLabel*>()) texts << label->text();
   for (const char* heading : {" Player", "Bat Type", "Bat Skill", "Bowler type", "Bowl SR", "Econ."}) {
@@ -113,7 +114,7 @@ TEST_F(TeamSelectionWindowTest, AnEmptyPlaceHasNoRow) {
   men_[3] = player_rec();
   for (int place = 12; place <= 20; ++place) men_[place] = player_rec();
   form_.open("Alba", men_);
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   window.show();
   take_picture(window, "teamsel_eleven");
   check_window_at_sizes(window);
@@ -124,7 +125,7 @@ TEST_F(TeamSelectionWindowTest, AnEmptyPlaceHasNoRow) {
 }
 
 TEST_F(TeamSelectionWindowTest, TicksAreCounted) {
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   window.show();
   box(window, 4)->click();
   box(window, 20)->click();
@@ -137,7 +138,7 @@ TEST_F(TeamSelectionWindowTest, TicksAreCounted) {
 }
 
 TEST_F(TeamSelectionWindowTest, AClickBesideTheBoxTicksTheRow) {
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   window.show();
   QApplication::processEvents();
   auto* grid = box(window, 9)->parentWidget();
@@ -149,7 +150,7 @@ TEST_F(TeamSelectionWindowTest, AClickBesideTheBoxTicksTheRow) {
 }
 
 TEST_F(TeamSelectionWindowTest, AutoSelectAndClear) {
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   window.show();
   press(window, "Command3");
   EXPECT_EQ(form_.ticked(), 11);
@@ -163,7 +164,7 @@ TEST_F(TeamSelectionWindowTest, AutoSelectAndClear) {
 }
 
 TEST_F(TeamSelectionWindowTest, TheFirstTeamsOkNeedsEleven) {
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   window.show();
   EXPECT_FALSE(control<QPushButton>(window, "Command2")->isVisible());
   for (int place = 1; place <= 10; ++place) box(window, place)->click();
@@ -180,12 +181,12 @@ TEST_F(TeamSelectionWindowTest, TheFirstTeamsOkNeedsEleven) {
 }
 
 TEST_F(TeamSelectionWindowTest, TheSecondTeamsOkPlaysWhileTheWindowIsHidden) {
-  files.elevens_in_memory = true;
+  data.files.elevens_in_memory = true;
   form_.auto_select();
   form_.accept_first();
   form_.open("Brook", men_);
   match.computer_bats = match.computer_bowls = false;
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   EXPECT_FALSE(control<QPushButton>(window, "Command1")->isVisible());
   window.show();
   press(window, "Command3");
@@ -209,7 +210,7 @@ TEST_F(TeamSelectionWindowTest, TheAveragesAreAskedFor) {
   const front_end_scope scope(reader);
   std::string failure;
   on_failure([&](const std::exception& error) { failure = error.what(); });
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   window.show();
   press(window, "Command5_0");
   press(window, "Command5_1");
@@ -220,7 +221,7 @@ TEST_F(TeamSelectionWindowTest, TheAveragesAreAskedFor) {
 }
 
 TEST_F(TeamSelectionWindowTest, EscapeAndTheCloseBoxAskBeforeTheyLeave) {
-  TeamSelectionWindow window(form_);
+  TeamSelectionWindow window(match, form_);
   check_leaving(window, form_);
 }
 

@@ -10,6 +10,7 @@
 #include "model/match_state.h"
 #include "setup/forms/check_leaving.h"
 #include "setup/toss.h"
+#include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
@@ -30,7 +31,7 @@ class TossWindowTest : public ::testing::Test {
   static bool is_shown(const QWidget& window, const char* name) { return control<QWidget>(window, name)->isVisible(); }
   static bool enabled(const QWidget& window, const char* name) { return control<QWidget>(window, name)->isEnabled(); }
 
-  toss_form form_;
+  toss_form form_{in_play()};
 };
 
 TEST_F(TossWindowTest, PassesTheChecksAtBothStages) {
