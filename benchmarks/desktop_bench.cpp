@@ -64,10 +64,10 @@ Robot::answer then_ask(OpeningTimes& times, Request request) {
 void open_everything(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& user) {
   for (const char* name : {"allrecs", "totrecords", "highinduv", "centurytop", "partnrec", "teamdet", "wldrank",
                            "Sqdet", "optfrm", "frmAbout"}) {
-    user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "Command1"); }));
+    user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "accept"); }));
   }
   for (const char* name : {"series1", "series2", "wctable"}) {
-    user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "Command2"); }));
+    user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "cancel"); }));
   }
   const std::vector<std::function<void()>> entries = {[&] { menu::all_batting(shown_by); },
                                                       [&] { menu::all_bowling(shown_by); },
@@ -91,25 +91,24 @@ std::vector<double> play_match(OpeningTimes& times, QtFrontEnd& shown_by, Clicki
   QElapsedTimer clock;
   user.robot.next("teamfrm", then_ask(times, [](QWidget& window) {
                     ClickingUser::choose_match(window, 0, 2, true, false);
-                    press(window, "Command1");
+                    press(window, "accept");
                   }));
   user.robot.always("Teamsel", then_ask(times, [&times](QWidget& window) {
-                      press(window, "Command3");
+                      press(window, "auto_select");
                       times.asked();
-                      press(window, match.first_team_done ? "Command2" : "Command1");
+                      press(window, match.first_team_done ? "accept_second_team" : "accept_first_team");
                     }));
   user.robot.always("toss", then_ask(times, [](QWidget& window) {
-                      if (control<QAbstractButton>(window, "Command1_0")->isVisible()) press(window, "Command1_0");
-                      press(window,
-                            control<QAbstractButton>(window, "Command2")->isEnabled() ? "Command2" : "Command3");
+                      if (control<QAbstractButton>(window, "heads")->isVisible()) press(window, "heads");
+                      press(window, control<QAbstractButton>(window, "bat")->isEnabled() ? "bat" : "bowl");
                     }));
   user.robot.always("batorder", then_ask(times, [](QWidget& window) {
                       choose_first_batsman(window);
-                      press(window, "Command1");
+                      press(window, "accept");
                     }));
   for (const char* name : {"wecond", "batsmandetails", "scorecard2", "Bowlcard", "bowlcard2nd", "partners", "partners2",
                            "graphs", "worms"}) {
-    user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "Command1"); }));
+    user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "accept"); }));
   }
   bool reports_read = false;
   bool console_seen = false;
@@ -120,19 +119,20 @@ std::vector<double> play_match(OpeningTimes& times, QtFrontEnd& shown_by, Clicki
     }
     if (match.first_total != 0 && match.over_no == 20 && !reports_read) {
       reports_read = true;
-      for (const char* report : {"Command2", "Command5", "Command6", "Command10", "Command3"}) {
+      for (const char* report :
+           {"show_bowling", "show_partnerships", "show_overs_graph", "show_worm_graph", "show_first_innings"}) {
         user.robot.next("scorecard", then_ask(times, [report](QWidget& card) { press(card, report); }));
       }
-      user.robot.next("scorecard2", then_ask(times, [](QWidget& card) { press(card, "Command2"); }));
-      user.robot.next("scorecard2", then_ask(times, [](QWidget& card) { press(card, "Command3"); }));
+      user.robot.next("scorecard2", then_ask(times, [](QWidget& card) { press(card, "show_bowling"); }));
+      user.robot.next("scorecard2", then_ask(times, [](QWidget& card) { press(card, "show_partnerships"); }));
       times.asked();
-      press(window, "Command2");
+      press(window, "show_scorecard");
       return;
     }
     const std::size_t requests = user.robot.met().size();
     clock.start();
     times.asked();
-    press(window, "Command1");
+    press(window, "next_over");
     // An over without a wicket, a milestone or the end of an innings: what counts is the over alone.
     if (window.isVisible() && user.robot.met().size() == requests) {
       window.repaint();
@@ -147,7 +147,7 @@ std::vector<double> play_match(OpeningTimes& times, QtFrontEnd& shown_by, Clicki
 /// A series of one match between two computer sides, in milliseconds.
 double unattended_series(QtFrontEnd& shown_by, bool without_stopping, ClickingUser& user) {
   preferences::set_plays_without_stopping(QStringLiteral("series1"), without_stopping);
-  user.robot.next("series1", [](QWidget& window) { press(window, "Command1"); });
+  user.robot.next("series1", [](QWidget& window) { press(window, "accept"); });
   QElapsedTimer clock;
   clock.start();
   menu::new_series(shown_by);

@@ -44,7 +44,7 @@ struct series_form {
   void open();
   void choose_home(int index);
   void choose_away(int index);
-  /// The spin control, 1 to 10: writes its value into text1.
+  /// The spin control, 1 to 10: writes its value into typed_matches.
   void set_matches(int value);
   /// Both teams are chosen, which "OK" requires.
   bool ready() const { return home_team_index >= 0 && away_team_index >= 0; }

@@ -32,20 +32,19 @@ bool run_tri_match(const match_play& play, tri_record& tri, const std::string& f
 struct tri_series_form {
   tri_series_form(const match_play& play, tri_record& tri) : play_(play), tri_(tri) {}
 
-  std::vector<team_entry> teams;     ///< list of teams, the same for all three
-  std::array<int, 3> team_index{};   ///< entries of Combo1 (the host), Combo2, Combo3, from 0; -1 for none
-  std::vector<std::string> grounds;  ///< grounds of the host's country
-  int ground_index = -1;             ///< the ground on show
-  std::string typed_rounds = "1";    ///< rounds as typed
-  std::array<bool, 3> computer_captains = {true, true,
-                                           true};  ///< Option1, Option3, Option2: captains in the order of the teams
+  std::vector<team_entry> teams;                               ///< list of teams, the same for all three
+  std::array<int, 3> team_index{};                             ///< the host, the second, the third, from 0; -1 for none
+  std::vector<std::string> grounds;                            ///< grounds of the host's country
+  int ground_index = -1;                                       ///< the ground on show
+  std::string typed_rounds = "1";                              ///< rounds as typed
+  std::array<bool, 3> computer_captains = {true, true, true};  ///< in the order of the teams
   bool closed = false;
 
   /// Loads the teams; preselects the second, third and fourth, and the second ground.
   void open();
   /// Chooses the team in box 0, 1 or 2.
   void choose_team(int box, int index);
-  /// The spin control, 1 to 5: writes its value into text1.
+  /// The spin control, 1 to 5: writes its value into typed_rounds.
   void set_rounds(int value);
   /// All three teams are chosen, which "OK" requires.
   bool ready() const { return team_index[0] >= 0 && team_index[1] >= 0 && team_index[2] >= 0; }

@@ -56,11 +56,11 @@ struct world_cup_record {
   std::array<cup_knockout, 3> semi_finals;  ///< [1..2]
   cup_knockout grand_final;
   bool quit_requested = false;
-  std::vector<std::string> grounds;     ///< Combo4: the hosts' grounds
-  std::array<std::string, 5> chosen_a;  ///< texts of Combo1
-  std::array<std::string, 5> chosen_b;  ///< texts of Combo2
-  std::array<bool, 5> human_a{};        ///< Check1
-  std::array<bool, 5> human_b{};        ///< Check2
+  std::vector<std::string> grounds;     ///< of the hosts' countries
+  std::array<std::string, 5> chosen_a;  ///< teams of Group A as chosen
+  std::array<std::string, 5> chosen_b;  ///< teams of Group B as chosen
+  std::array<bool, 5> human_a{};        ///< which of them the user captains
+  std::array<bool, 5> human_b{};        ///< likewise
   cup_stage stage = cup_stage::over;
   int next_match = 0;  ///< groups: fixture 1 to 20; Super Six: 21 to 29; knock-out: 1 to 3
 };

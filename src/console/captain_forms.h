@@ -52,7 +52,7 @@ struct bowler_choice_form {
   static constexpr std::string_view economy_heading = "R.P.O";
 
   std::string title;
-  use shown_for = use::change;  ///< decides which OK button is visible: Command1 (also for quota), 2 or 3
+  use shown_for = use::change;                    ///< decides which OK button is visible; `quota` has that of `change`
   std::array<bool, men_in_eleven + 1> enabled{};  ///< [1..11]
   int chosen = 0;                                 ///< starts at the current bowler
   bool closed = false;
@@ -81,7 +81,7 @@ struct aggression_form {
   static constexpr std::string_view aggression_high = "Agg.";
   static constexpr double settled_full = full_meter;  ///< the greatest width of the settled bar
 
-  bool for_batsman = true;              ///< Command1 is shown, else Command2
+  bool for_batsman = true;              ///< a batsman's aggression, else a bowler's
   int player_slot = 0;                  ///< the slot
   int aggression = 0;                   ///< the aggression, 1 to 5
   std::string player_name;              ///< blank, name, blank

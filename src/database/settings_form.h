@@ -15,9 +15,9 @@ struct settings_fields {
   std::string database;                    ///< the chosen one; "" for none
   std::string current_drive;               ///< root of the folder chooser
   std::string photo_folder;                ///< the chosen folder; "" for none
-  long sample_text_color = 0;              ///< of Label2
-  long sample_back_color = 0xFFFFFF;       ///< of Label2
-  std::string sample_font = "Sans Serif";  ///< of Label2; the window fills in the font it uses
+  long sample_text_color = 0;              ///< of the sample
+  long sample_back_color = 0xFFFFFF;       ///< of the sample
+  std::string sample_font = "Sans Serif";  ///< of the sample; the window fills in the font it uses
   long font_dialog_color = 0;              ///< the colour dialogs' colours
   long back_dialog_color = 0xFFFFFF;
   bool closed = false;  ///< the form has been left by its OK

@@ -71,7 +71,7 @@ void lay_out(Form& form, const message_box& message, MessageWindow::Kind kind) {
 MessageWindow::MessageWindow(const message_box& message, Kind kind, QWidget* parent)
     : Form(QStringLiteral("message"), Dismissal::closes, parent) {
   lay_out(*this, message, kind);
-  auto* ok = add_default_button(QStringLiteral("OK"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+  auto* ok = add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
                                 [this] { accept(); });
   ok->setFocus();
 }

@@ -20,8 +20,8 @@ QuestionWindow::QuestionWindow(const QString& name, const QString& title, const 
   words->setMinimumWidth(360);
   body()->addWidget(words);
   body()->addStretch(1);
-  add_button(QStringLiteral("Yes"), {.caption = QStringLiteral("Yes"), .mnemonic = u'Y'}, [this] { accept(); });
-  add_default_button(QStringLiteral("No"), {.caption = QStringLiteral("No"), .mnemonic = u'N'}, [this] {
+  add_button(QStringLiteral("yes"), {.caption = QStringLiteral("Yes"), .mnemonic = u'Y'}, [this] { accept(); });
+  add_default_button(QStringLiteral("no"), {.caption = QStringLiteral("No"), .mnemonic = u'N'}, [this] {
     reject();
   })->setFocus();
 }

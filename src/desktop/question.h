@@ -5,7 +5,7 @@
 
 namespace velorin {
 
-/// A question before an act that cannot be taken back: the buttons `Yes` and `No`. Return and Escape mean No.
+/// A question before an act that cannot be taken back: the buttons `yes` and `no`. Return and Escape mean No.
 class QuestionWindow : public Form {
   Q_OBJECT
 

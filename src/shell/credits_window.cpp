@@ -31,13 +31,13 @@ constexpr const char* developers = "The Velorin developers";
 constexpr const char* mail_address = "mailto:developers@velorin.example";
 
 constexpr Credit credits[] = {
-    {"Label2", "Main Programming and Concept:", "Label3", developers, u'T', true},
-    {"Label4", "Additional Programming, Graphical Interface and Website Development:", "Label5", developers, u'H',
-     true},
-    {"Label6", "Research and Data:", "Label7", developers, u'E', true},
-    {"Label8", "Beta Testing and Additional Support:", "Label9", developers, u'D', true},
-    {"Label10_0", "Based on:", "Label11", "Velorin", u'V', false},
-    {"Label10_1", "Official Website:", "Label12", nullptr, u'P', false},
+    {"programming_heading", "Main Programming and Concept:", "programming_link", developers, u'T', true},
+    {"interface_heading", "Additional Programming, Graphical Interface and Website Development:", "interface_link",
+     developers, u'H', true},
+    {"research_heading", "Research and Data:", "research_link", developers, u'E', true},
+    {"testing_heading", "Beta Testing and Additional Support:", "testing_link", developers, u'D', true},
+    {"origin_heading", "Based on:", "origin_link", "Velorin", u'V', false},
+    {"website_heading", "Official Website:", "website_link", nullptr, u'P', false},
 };
 
 }  // namespace
@@ -68,7 +68,7 @@ CreditsWindow::CreditsWindow(std::function<void(const QUrl&)> open_link, QWidget
   }
   body()->addLayout(grid);
   body()->addStretch(1);
-  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
+  add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
     accept();
   })->setFocus();
 }

@@ -106,64 +106,65 @@ QWidget* MenuWindow::new_panel(const char* name, const QString& heading, const s
 
 void MenuWindow::add_main_panel() {
   const auto panel = [this](std::size_t i) { return [this, i] { show_panel(sub_[i]); }; };
-  main_ = new_panel("Picture2", QStringLiteral("Menu"),
-                    {{"Label1", "Start Game", u'S', panel(0)},
-                     {"Label2", "Batting Stats", u'B', panel(2)},
-                     {"Label3", "Bowling Stats", u'W', panel(3)},
-                     {"Label4", "Other Records", u'O', panel(1)},
-                     {"Label5", "Configurations", u'C', [this] { menu::configurations(shown_by_); }},
-                     {"Label6", "Credits", u'R', [] { menu::credits(); }},
-                     {"Label7", "Exit", u'X', [this] { leave(); }}});
+  main_ = new_panel("main_panel", QStringLiteral("Menu"),
+                    {{"start_game", "Start Game", u'S', panel(0)},
+                     {"batting_stats", "Batting Stats", u'B', panel(2)},
+                     {"bowling_stats", "Bowling Stats", u'W', panel(3)},
+                     {"other_records", "Other Records", u'O', panel(1)},
+                     {"configurations", "Configurations", u'C', [this] { menu::configurations(shown_by_); }},
+                     {"credits", "Credits", u'R', [] { menu::credits(); }},
+                     {"exit", "Exit", u'X', [this] { leave(); }}});
 }
 
 void MenuWindow::add_start_panel() {
-  sub_[0] = new_panel("Picture1_0", QStringLiteral("Start Game"),
-                      {{"Label8", "New Match", u'M', for_play(menu::new_match)},
-                       {"Label9", "New Series", u'S', for_play(menu::new_series)},
-                       {"Label10", "Tri Series", u'T', for_play(menu::tri_series)},
-                       {"Label11", "World Cup", u'W', for_play(menu::world_cup)},
-                       {"back1", "<<Back", u'B', [this] { show_panel(main_); }}});
+  sub_[0] = new_panel("start_panel", QStringLiteral("Start Game"),
+                      {{"new_match", "New Match", u'M', for_play(menu::new_match)},
+                       {"new_series", "New Series", u'S', for_play(menu::new_series)},
+                       {"tri_series", "Tri Series", u'T', for_play(menu::tri_series)},
+                       {"world_cup", "World Cup", u'W', for_play(menu::world_cup)},
+                       {"start_back", "<<Back", u'B', [this] { show_panel(main_); }}});
 }
 
 void MenuWindow::add_other_panel() {
-  sub_[1] =
-      new_panel("Picture1_1", QStringLiteral("Other Records"),
-                {{"Label27", "Player Profiles", u'P', with_database([this] { menu::player_profiles(shown_by_); })},
-                 {"Label28", "Team Records", u'T', with_database([this] { menu::team_records(shown_by_); })},
-                 {"Label29", "World Rankings", u'W', with_database([this] { menu::world_rankings(shown_by_); })},
-                 {"back2", "<<Back", u'B', [this] { show_panel(main_); }}});
+  sub_[1] = new_panel(
+      "other_panel", QStringLiteral("Other Records"),
+      {{"player_profiles", "Player Profiles", u'P', with_database([this] { menu::player_profiles(shown_by_); })},
+       {"team_records", "Team Records", u'T', with_database([this] { menu::team_records(shown_by_); })},
+       {"world_rankings", "World Rankings", u'W', with_database([this] { menu::world_rankings(shown_by_); })},
+       {"other_back", "<<Back", u'B', [this] { show_panel(main_); }}});
 }
 
 void MenuWindow::add_batting_panel() {
   const auto list = [this](void (*show_list)(QtFrontEnd&, int), int record_mode) {
     return with_database([this, show_list, record_mode] { show_list(shown_by_, record_mode); });
   };
-  sub_[2] =
-      new_panel("Picture1_2", QStringLiteral("Batting Stats"),
-                {{"Label12", "All Batting Stats", u'A', with_database([this] { menu::all_batting(shown_by_); })},
-                 {"Label13", "Highest Totals", u'H', list(menu::totals, 1)},
-                 {"Label14", "Lowest Totals", u'L', list(menu::totals, 0)},
-                 {"Label15", "Highest Individual Scores", u'I', list(menu::individual, 1)},
-                 {"Label16", "Most Runs Scored", u'M', list(menu::players, 2)},
-                 {"Label17", "Highest Averages", u'V', list(menu::players, 1)},
-                 {"Label18", "% Innings 50 or More", u'5', list(menu::players, 4)},
-                 {"Label19", "Top Century Makers", u'C', with_database([this] { menu::century_makers(shown_by_); })},
-                 {"Label20", "Highest Strike Rates", u'S', list(menu::players, 3)},
-                 {"Label21", "Record Partnerships", u'P', with_database([this] { menu::partnerships(shown_by_); })},
-                 {"back3", "<<Back", u'B', [this] { show_panel(main_); }}});
+  sub_[2] = new_panel(
+      "batting_panel", QStringLiteral("Batting Stats"),
+      {{"all_batting", "All Batting Stats", u'A', with_database([this] { menu::all_batting(shown_by_); })},
+       {"highest_totals", "Highest Totals", u'H', list(menu::totals, 1)},
+       {"lowest_totals", "Lowest Totals", u'L', list(menu::totals, 0)},
+       {"highest_scores", "Highest Individual Scores", u'I', list(menu::individual, 1)},
+       {"most_runs", "Most Runs Scored", u'M', list(menu::players, 2)},
+       {"highest_averages", "Highest Averages", u'V', list(menu::players, 1)},
+       {"innings_of_fifty", "% Innings 50 or More", u'5', list(menu::players, 4)},
+       {"century_makers", "Top Century Makers", u'C', with_database([this] { menu::century_makers(shown_by_); })},
+       {"highest_strike_rates", "Highest Strike Rates", u'S', list(menu::players, 3)},
+       {"partnerships", "Record Partnerships", u'P', with_database([this] { menu::partnerships(shown_by_); })},
+       {"batting_back", "<<Back", u'B', [this] { show_panel(main_); }}});
 }
 
 void MenuWindow::add_bowling_panel() {
   const auto list = [this](void (*show_list)(QtFrontEnd&, int), int record_mode) {
     return with_database([this, show_list, record_mode] { show_list(shown_by_, record_mode); });
   };
-  sub_[3] = new_panel("Picture1_3", QStringLiteral("Bowling Stats"),
-                      {{"Label22", "All Bowling Stats", u'A', with_database([this] { menu::all_bowling(shown_by_); })},
-                       {"Label23", "Most Wickets", u'W', list(menu::players, 5)},
-                       {"Label24", "Best Bowling Averages", u'V', list(menu::players, 7)},
-                       {"Label25", "Best Economy Rates", u'E', list(menu::players, 6)},
-                       {"Label26", "Best Bowling Analysis", u'Y', list(menu::individual, 0)},
-                       {"back4", "<<Back", u'B', [this] { show_panel(main_); }}});
+  sub_[3] =
+      new_panel("bowling_panel", QStringLiteral("Bowling Stats"),
+                {{"all_bowling", "All Bowling Stats", u'A', with_database([this] { menu::all_bowling(shown_by_); })},
+                 {"most_wickets", "Most Wickets", u'W', list(menu::players, 5)},
+                 {"best_averages", "Best Bowling Averages", u'V', list(menu::players, 7)},
+                 {"best_economy_rates", "Best Economy Rates", u'E', list(menu::players, 6)},
+                 {"best_analysis", "Best Bowling Analysis", u'Y', list(menu::individual, 0)},
+                 {"bowling_back", "<<Back", u'B', [this] { show_panel(main_); }}});
 }
 
 QWidget* MenuWindow::new_appearance_choice() {

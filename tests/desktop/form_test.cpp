@@ -124,7 +124,7 @@ class SizedForm : public Form {
   explicit SizedForm(QSize size, const char* name = "sized")
       : Form(QString::fromLatin1(name), Dismissal::closes, nullptr) {
     setModal(false);
-    add_default_button(QStringLiteral("OK"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [] {});
+    add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [] {});
     filling = new QWidget;
     filling->setMinimumSize(size);
     body()->addWidget(filling);
@@ -162,7 +162,7 @@ TEST(FormTest, ABodyLargerThanTheScreenScrollsAndTheButtonsStay) {
     QTest::qWait(10);
     EXPECT_TRUE(room.contains(form.frameGeometry())) << form.frameGeometry().height();
     EXPECT_TRUE(form.scrolls());
-    const auto* ok = control<QPushButton>(form, "OK");
+    const auto* ok = control<QPushButton>(form, "accept");
     EXPECT_TRUE(room.contains(QRect(ok->mapToGlobal(QPoint()), ok->size())));
     EXPECT_EQ(ok->visibleRegion().boundingRect(), ok->rect());
     // What gets the keyboard comes into view.
@@ -190,7 +190,7 @@ TEST(FormTest, ThePageKeysScrollFromTheFootAsWell) {
   SizedForm form({300, 3000}, "tall-foot");
   form.show();
   QTest::qWait(10);
-  auto* ok = control<QPushButton>(form, "OK");
+  auto* ok = control<QPushButton>(form, "accept");
   ok->setFocus();
   QTest::keyClick(ok, Qt::Key_PageDown);
   const int below = form.area().verticalScrollBar()->value();
@@ -225,7 +225,7 @@ TEST(FormTest, AFootTooLongForTheScreenHasTwoRows) {
   QTest::qWait(10);
   EXPECT_TRUE(room.contains(form.frameGeometry())) << form.width();
   for (const QWidget* button :
-       {static_cast<QWidget*>(aside), static_cast<QWidget*>(control<QPushButton>(form, "OK"))}) {
+       {static_cast<QWidget*>(aside), static_cast<QWidget*>(control<QPushButton>(form, "accept"))}) {
     EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect());
   }
 }
@@ -275,7 +275,7 @@ TEST(FormTest, AFailureIsShownAndEndsTheProgram) {
   robot.next("message", [](QWidget& window) {
     EXPECT_EQ(window.windowTitle(), "Run-time error");
     EXPECT_EQ(control<QLabel>(window, "text")->text(), "The file is gone");
-    press(window, "OK");
+    press(window, "accept");
   });
   guarded([] { throw std::runtime_error("The file is gone"); });
   EXPECT_TRUE(program_is_ending());

@@ -11,7 +11,7 @@ namespace {
 
 class LevelSliderTest : public ::testing::Test {
  protected:
-  LevelSliderTest() : slider(QStringLiteral("VScroll1"), 1, 5) {
+  LevelSliderTest() : slider(QStringLiteral("level"), 1, 5) {
     slider.setValue(3);
     slider.show();
   }

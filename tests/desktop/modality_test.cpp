@@ -199,7 +199,7 @@ TEST_F(ModalityTest, WindowsInTheMiddleStayDead) {
   }
   EXPECT_FALSE(is_covered(middle));
   EXPECT_TRUE(is_covered(form));
-  EXPECT_TRUE(control<QPushButton>(middle, "OK")->isEnabled());
+  EXPECT_TRUE(control<QPushButton>(middle, "accept")->isEnabled());
 }
 
 }  // namespace

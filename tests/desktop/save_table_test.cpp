@@ -57,7 +57,7 @@ class SaveTable : public ::testing::Test {
       robot.next("message", [&](QWidget& box) {
         EXPECT_EQ(box.windowTitle(), "Save as CSV");
         EXPECT_EQ(control<QLabel>(box, "text")->text(), told);
-        press(box, "OK");
+        press(box, "accept");
       });
     }
     save_table(table, nullptr);

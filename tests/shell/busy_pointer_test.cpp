@@ -53,10 +53,10 @@ class BusyPointer : public GameTest {
 TEST_F(BusyPointer, GoesForTheWindowsOfAMatchAndComesBackWithItsOvers) {
   user_.robot.next("teamfrm", [](QWidget& window) {
     ClickingUser::choose_match(window, 0, 1, false, false);
-    press(window, "Command1");
+    press(window, "accept");
   });
   play_shown_by(shown_by_, [](MenuWindow& menu) {
-    choose(menu, "Label1", "Label8");
+    choose(menu, "start_game", "new_match");
     EXPECT_FALSE(pointer_is_busy()) << "at the menu";
   });
   EXPECT_EQ(user_.robot.met("scorecard"), 2);
@@ -68,16 +68,16 @@ TEST_F(BusyPointer, GoesForTheWindowsOfAMatchAndComesBackWithItsOvers) {
 }
 
 TEST_F(BusyPointer, GoesForTheQuestionOfAFailedSave) {
-  user_.robot.next("series1", pressing("Command1"));
+  user_.robot.next("series1", pressing("accept"));
   const small_disk full(20'000);
   int asked = 0;
   user_.robot.always("save_failed", [&](QWidget& window) { press(window, ++asked == 1 ? "retry" : "go_on"); });
   int standings = 0;
   user_.robot.always("sri_result", [&](QWidget& window) {
     ++standings;
-    press(window, "Command1");
+    press(window, "accept");
   });
-  play_shown_by(shown_by_, [](MenuWindow& menu) { choose(menu, "Label1", "Label9"); });
+  play_shown_by(shown_by_, [](MenuWindow& menu) { choose(menu, "start_game", "new_series"); });
   EXPECT_GE(asked, 2);
   EXPECT_GE(standings, 1);
   EXPECT_GT(shown_by_.busy_overs, overs_before_break_);

@@ -84,21 +84,22 @@ class CoreCaptain : public BookkeepingUser {
 /// Lays down the answers of a batting card read in mid-innings: every report, then the three exports.
 void read_everything(ClickingUser& user, const std::filesystem::path& folder, const std::string& stem,
                      bool second_innings) {
-  std::vector<const char*> reports = {"Command2", "Command5", "Command6", "Command10"};
-  if (second_innings) reports.push_back("Command3");
+  std::vector<const char*> reports = {"show_bowling", "show_partnerships", "show_overs_graph", "show_worm_graph"};
+  if (second_innings) reports.push_back("show_first_innings");
   for (const char* report : reports) user.robot.next("scorecard", pressing(report));
   if (second_innings) {
-    user.robot.next("scorecard2", pressing("Command2"));
-    user.robot.next("scorecard2", pressing("Command3"));
+    user.robot.next("scorecard2", pressing("show_bowling"));
+    user.robot.next("scorecard2", pressing("show_partnerships"));
   }
   struct Export {
     const char* button;
     const char* ending;
   };
-  for (const Export& one : {Export{"Command7", ".html"}, Export{"Command8", ".txt"}, Export{"Command9", ".byb.txt"}}) {
+  for (const Export& one :
+       {Export{"save_html", ".html"}, Export{"save_text", ".txt"}, Export{"save_ball_by_ball", ".byb.txt"}}) {
     user.robot.next("scorecard", pressing(one.button));
     const QString path = QString::fromStdString((folder / (stem + one.ending)).string());
-    user.robot.next("CommonDialog1", [path](QWidget& window) {
+    user.robot.next("save_file", [path](QWidget& window) {
       auto* dialog = qobject_cast<QFileDialog*>(&window);
       ASSERT_NE(dialog, nullptr);
       dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
@@ -118,9 +119,9 @@ class CaptainClicking : public GameTest {
       step(window);
     });
     user.robot.always("aggr", [this](QWidget& window) {
-      control<QSlider>(window, "VScroll1")->setValue(1 + over_ % 5);
-      const bool batsman = control<QAbstractButton>(window, "Command1")->isVisible();
-      press(window, batsman ? "Command1" : "Command2");
+      control<QSlider>(window, "aggression")->setValue(1 + over_ % 5);
+      const bool batsman = control<QAbstractButton>(window, "accept_for_batsman")->isVisible();
+      press(window, batsman ? "accept_for_batsman" : "accept_for_bowler");
     });
   }
 
@@ -134,10 +135,10 @@ class CaptainClicking : public GameTest {
         if (control<QAbstractButton>(window, name.c_str())->isEnabled()) press(window, name.c_str());
       };
     };
-    if (sets_batsmen(over_)) steps_.push_back(if_enabled("Command4_" + std::to_string(over_ % 2)));
-    if (sets_bowlers(over_)) steps_.push_back(if_enabled("Command5_" + std::to_string(over_ % 2)));
+    if (sets_batsmen(over_)) steps_.push_back(if_enabled("batsman_aggression_" + std::to_string(over_ % 2)));
+    if (sets_bowlers(over_)) steps_.push_back(if_enabled("bowler_aggression_" + std::to_string(over_ % 2)));
     if (changes_bowler(over_)) {
-      steps_.push_back([this, change = if_enabled("Command3")](QWidget& window) {
+      steps_.push_back([this, change = if_enabled("change_bowler")](QWidget& window) {
         changing_ = true;
         change(window);
         changing_ = false;
@@ -145,7 +146,7 @@ class CaptainClicking : public GameTest {
     }
     if (browses(over_)) {
       steps_.push_back([](QWidget& window) {
-        auto* browser = control<QScrollBar>(window, "VScroll1");
+        auto* browser = control<QScrollBar>(window, "past_overs");
         if (browser->isEnabled()) browser->setValue(1 + match.browser_maximum / 2);
       });
     }
@@ -158,11 +159,11 @@ class CaptainClicking : public GameTest {
         expected_[stem + ".html"] = html_scorecard(match, data, card);
         expected_[stem + ".txt"] = text_scorecard(match, card);
         expected_[stem + ".byb.txt"] = ball_by_ball(match, card);
-        press(window, "Command2");
+        press(window, "show_scorecard");
       });
-      for (const char* report : {"Command6", "Command11"}) steps_.push_back(pressed(report));
+      for (const char* report : {"show_worm", "show_overs_graph"}) steps_.push_back(pressed(report));
     }
-    steps_.push_back(pressed("Command1"));
+    steps_.push_back(pressed("next_over"));
   }
 
   int over_ = 0;
@@ -177,7 +178,7 @@ TEST_F(CaptainClicking, ActsReportsAndExportsEqualTheCores) {
   captain(user);
   user.robot.next("teamfrm", [](QWidget& window) {
     ClickingUser::choose_match(window, 1, 2, true, true);
-    press(window, "Command1");
+    press(window, "accept");
   });
   // The captain's own changes of bowler take the first other man.
   user.robot.always("chgbowler", [this](QWidget& window) {
@@ -185,17 +186,17 @@ TEST_F(CaptainClicking, ActsReportsAndExportsEqualTheCores) {
       choose_first_bowler(window);
     } else {
       for (int row = 1; row <= 11; ++row) {
-        auto* option = control<QAbstractButton>(window, ("Option1_" + std::to_string(row)).c_str());
+        auto* option = control<QAbstractButton>(window, ("man_" + std::to_string(row)).c_str());
         if (!option->isEnabled() || row == match.bowler || match.bowling_card[row].balls >= 60) continue;
         option->click();
         break;
       }
     }
-    for (const char* ok : {"Command1", "Command2", "Command3"}) {
+    for (const char* ok : {"accept_change", "accept_first_opener", "accept_second_opener"}) {
       if (control<QAbstractButton>(window, ok)->isVisible()) return press(window, ok);
     }
   });
-  play([&](MenuWindow& menu) { choose(menu, "Label1", "Label8"); });
+  play([&](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });
   const std::vector<std::string> written = lasting_files();
 
   begin_again_with_seed(21);

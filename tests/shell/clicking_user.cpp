@@ -40,32 +40,32 @@ void ClickingUser::press_ok(QWidget& window, const char* name) {
 }
 
 void ClickingUser::choose_match(QWidget& window, int first, int second, bool first_human, bool second_human) {
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(first);
-  control<QComboBox>(window, "Combo2")->setCurrentIndex(second);
-  press(window, first_human ? "Option1_1" : "Option1_0");
-  press(window, second_human ? "Option3_1" : "Option3_0");
+  control<QComboBox>(window, "first_team")->setCurrentIndex(first);
+  control<QComboBox>(window, "second_team")->setCurrentIndex(second);
+  press(window, first_human ? "first_human" : "first_computer");
+  press(window, second_human ? "second_human" : "second_computer");
 }
 
 void ClickingUser::answer_set_up() {
-  robot.always("wecond", [this](QWidget& window) { press_ok(window, "Command1"); });
+  robot.always("wecond", [this](QWidget& window) { press_ok(window, "accept"); });
   robot.always("Teamsel", [this](QWidget& window) {
-    press_ok(window, "Command3");
-    press_ok(window, match.first_team_done ? "Command2" : "Command1");
+    press_ok(window, "auto_select");
+    press_ok(window, match.first_team_done ? "accept_second_team" : "accept_first_team");
   });
   robot.always("toss", [this](QWidget& window) {
-    if (control<QAbstractButton>(window, "Command1_0")->isVisible()) press_ok(window, "Command1_0");
-    press_ok(window, control<QAbstractButton>(window, "Command2")->isEnabled() ? "Command2" : "Command3");
+    if (control<QAbstractButton>(window, "heads")->isVisible()) press_ok(window, "heads");
+    press_ok(window, control<QAbstractButton>(window, "bat")->isEnabled() ? "bat" : "bowl");
   });
   robot.always("message", [this](QWidget& window) {
     messages.push_back(window.windowTitle().toStdString() + " | " +
                        control<QLabel>(window, "text")->text().toStdString());
-    press_ok(window, "OK");
+    press_ok(window, "accept");
   });
 }
 
 void choose_first_batsman(QWidget& window) {
   for (int row = 1; row <= 11; ++row) {
-    auto* option = control<QRadioButton>(window, ("Option1_" + std::to_string(row)).c_str());
+    auto* option = control<QRadioButton>(window, ("man_" + std::to_string(row)).c_str());
     if (!option->isEnabled()) continue;
     option->click();
     return;
@@ -75,7 +75,7 @@ void choose_first_batsman(QWidget& window) {
 
 void choose_first_bowler(QWidget& window) {
   for (int row = 1; row <= 11; ++row) {
-    auto* option = control<QRadioButton>(window, ("Option1_" + std::to_string(row)).c_str());
+    auto* option = control<QRadioButton>(window, ("man_" + std::to_string(row)).c_str());
     if (!option->isEnabled() || match.bowling_card[row].balls >= 60) continue;
     option->click();
     return;
@@ -84,41 +84,41 @@ void choose_first_bowler(QWidget& window) {
 }
 
 void ClickingUser::answer_captain() {
-  robot.always("main", [this](QWidget& window) { press_ok(window, "Command1"); });
+  robot.always("main", [this](QWidget& window) { press_ok(window, "next_over"); });
   robot.always("batorder", [this](QWidget& window) {
     choose_first_batsman(window);
-    press_ok(window, "Command1");
+    press_ok(window, "accept");
   });
   robot.always("chgbowler", [this](QWidget& window) {
     choose_first_bowler(window);
-    for (const char* ok : {"Command1", "Command2", "Command3"}) {
+    for (const char* ok : {"accept_change", "accept_first_opener", "accept_second_opener"}) {
       const auto* button = window.findChild<QAbstractButton*>(QString::fromLatin1(ok));
       if (button != nullptr && button->isVisible()) return press_ok(window, ok);
     }
     ADD_FAILURE() << "no OK in " << window.windowTitle().toStdString();
   });
   robot.always("aggr", [this](QWidget& window) {
-    const bool batsman = control<QAbstractButton>(window, "Command1")->isVisible();
-    press_ok(window, batsman ? "Command1" : "Command2");
+    const bool batsman = control<QAbstractButton>(window, "accept_for_batsman")->isVisible();
+    press_ok(window, batsman ? "accept_for_batsman" : "accept_for_bowler");
   });
-  robot.always("batsmandetails", [this](QWidget& window) { press_ok(window, "Command1"); });
+  robot.always("batsmandetails", [this](QWidget& window) { press_ok(window, "accept"); });
 }
 
 void ClickingUser::answer_reports() {
   robot.always("scorecard", [this](QWidget& window) {
     books_shown.push_back(books());
-    press_ok(window, "Command1");
+    press_ok(window, "accept");
   });
   for (const char* name : {"scorecard2", "Bowlcard", "bowlcard2nd", "partners", "partners2", "graphs", "worms"}) {
-    robot.always(name, [this](QWidget& window) { press_ok(window, "Command1"); });
+    robot.always(name, [this](QWidget& window) { press_ok(window, "accept"); });
   }
 }
 
 void ClickingUser::answer_competitions() {
   for (const char* name : {"sri_result", "triserresult", "wc_fix", "wcsstab", "Sqdet", "allrecs"}) {
-    robot.always(name, [this](QWidget& window) { press_ok(window, "Command1"); });
+    robot.always(name, [this](QWidget& window) { press_ok(window, "accept"); });
   }
-  robot.always("quit_question", pressing("Yes"));
+  robot.always("quit_question", pressing("yes"));
   // Windows that only show how far play has come, and close themselves.
   for (const char* name : {"Progressbar", "unstopped"}) robot.always(name, [](QWidget&) {});
 }

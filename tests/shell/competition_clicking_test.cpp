@@ -105,7 +105,7 @@ class StandingsClicker : public ClickingUser {
     robot.always("wc_fix", [this](QWidget& window) {
       standings.push_back(standing<world_cup_fixtures_form>());
       ++presses;
-      press(window, ++lists == quits_at ? "Command3" : "Command1");
+      press(window, ++lists == quits_at ? "quit" : "accept");
     });
   }
 
@@ -115,7 +115,7 @@ class StandingsClicker : public ClickingUser {
     robot.always(name, [this](QWidget& window) {
       standings.push_back(standing<CoreForm>());
       ++presses;
-      press(window, "Command1");
+      press(window, "accept");
     });
   }
 };
@@ -135,13 +135,13 @@ class CompetitionClicking : public GameTest {
 TEST_F(CompetitionClicking, ASeriesOfTenMatches) {
   StandingsClicker user;
   user.robot.next("series1", [](QWidget& window) {
-    control<QComboBox>(window, "Combo1")->setCurrentIndex(2);
-    control<QComboBox>(window, "Combo2")->setCurrentIndex(5);
-    control<QLineEdit>(window, "Text1")->setText(QStringLiteral("10"));
-    press(window, "Option3_1");
-    press(window, "Command1");
+    control<QComboBox>(window, "home_team")->setCurrentIndex(2);
+    control<QComboBox>(window, "away_team")->setCurrentIndex(5);
+    control<QLineEdit>(window, "matches")->setText(QStringLiteral("10"));
+    press(window, "away_human");
+    press(window, "accept");
   });
-  play([](MenuWindow& menu) { choose(menu, "Label1", "Label9"); });
+  play([](MenuWindow& menu) { choose(menu, "start_game", "new_series"); });
   const std::vector<std::string> written = lasting_files();
   EXPECT_EQ(user.robot.met("sri_result"), 10);
 
@@ -161,14 +161,14 @@ TEST_F(CompetitionClicking, ASeriesOfTenMatches) {
 TEST_F(CompetitionClicking, ATriSeriesOfTwoRoundsWithItsFinal) {
   StandingsClicker user;
   user.robot.next("series2", [](QWidget& window) {
-    control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
-    control<QComboBox>(window, "Combo2")->setCurrentIndex(3);
-    control<QComboBox>(window, "Combo3")->setCurrentIndex(8);
-    control<QLineEdit>(window, "Text1")->setText(QStringLiteral("2"));
-    press(window, "Option2_1");
-    press(window, "Command1");
+    control<QComboBox>(window, "first_team")->setCurrentIndex(0);
+    control<QComboBox>(window, "second_team")->setCurrentIndex(3);
+    control<QComboBox>(window, "third_team")->setCurrentIndex(8);
+    control<QLineEdit>(window, "rounds")->setText(QStringLiteral("2"));
+    press(window, "third_human");
+    press(window, "accept");
   });
-  play([](MenuWindow& menu) { choose(menu, "Label1", "Label10"); });
+  play([](MenuWindow& menu) { choose(menu, "start_game", "tri_series"); });
   const std::vector<std::string> written = lasting_files();
   EXPECT_EQ(user.robot.met("triserresult"), 7);
 
@@ -206,10 +206,10 @@ TEST_P(WorldCupClicking, StandingsEqualTheCoresUpToTheEnd) {
   StandingsClicker user;
   user.quits_at = GetParam();
   user.robot.next("wctable", [](QWidget& window) {
-    control<QCheckBox>(window, "Check1_2")->click();
-    press(window, "Command1");
+    control<QCheckBox>(window, "group_a_human_2")->click();
+    press(window, "accept");
   });
-  play([](MenuWindow& menu) { choose(menu, "Label1", "Label11"); });
+  play([](MenuWindow& menu) { choose(menu, "start_game", "world_cup"); });
   const std::vector<std::string> written = lasting_files();
   const bool quit_kept = world_cup.quit_requested;
   const StandingsUser reference = play_in_core(GetParam());
@@ -229,24 +229,24 @@ TEST_F(CompetitionClicking, TheFormOfAFinishedCupKeepsItsChoices) {
   std::vector<int> chosen;
   const auto note = [&](QWidget& window) {
     checked.push_back(control<QCheckBox>(window, "play_without_stopping")->isChecked());
-    chosen.push_back(control<QComboBox>(window, "Combo1_0")->currentIndex());
+    chosen.push_back(control<QComboBox>(window, "group_a_team_0")->currentIndex());
   };
   user.robot.next("wctable", [&](QWidget& window) {
-    control<QComboBox>(window, "Combo1_0")->setCurrentIndex(9);
-    control<QComboBox>(window, "Combo2_4")->setCurrentIndex(0);
-    press(window, "Command1");
+    control<QComboBox>(window, "group_a_team_0")->setCurrentIndex(9);
+    control<QComboBox>(window, "group_b_team_4")->setCurrentIndex(0);
+    press(window, "accept");
   });
   user.robot.next("wctable", [&](QWidget& window) {
     note(window);
     EXPECT_NE(window.findChild<QWidget*>("afresh"), nullptr);
-    press(window, "Command2");
+    press(window, "cancel");
   });
   user.robot.next("wctable", [&](QWidget& window) {
     note(window);
-    press(window, "Command2");
+    press(window, "cancel");
   });
   play([](MenuWindow& menu) {
-    for (int time = 0; time < 3; ++time) choose(menu, "Label1", "Label11");
+    for (int time = 0; time < 3; ++time) choose(menu, "start_game", "world_cup");
   });
   EXPECT_EQ(user.robot.left(), 0);
   EXPECT_EQ(chosen, (std::vector<int>{9, 0})) << "kept after the end, gone after Cancel";
@@ -254,33 +254,33 @@ TEST_F(CompetitionClicking, TheFormOfAFinishedCupKeepsItsChoices) {
 
 TEST_F(CompetitionClicking, AMatchIsLeftByItsCloseBox) {
   ClickingUser user;
-  user.robot.always("leave_question", pressing("Yes"));
+  user.robot.always("leave_question", pressing("yes"));
   const auto leave = [](QWidget& window) { window.close(); };
   user.robot.next("teamfrm", [](QWidget& window) {
     ClickingUser::choose_match(window, 0, 1, true, true);
-    press(window, "Command1");
+    press(window, "accept");
   });
   user.robot.next("toss", leave);
   play([&](MenuWindow& menu) {
-    choose(menu, "Label1", "Label8");
+    choose(menu, "start_game", "new_match");
     EXPECT_EQ(match.team1_name, "");
     EXPECT_EQ(user.robot.met("scorecard"), 0);
     EXPECT_EQ(user.robot.met("leave_question"), 1);
     // Left in its first match, the form comes back; left in the second, the results do.
     user.robot.next("series1", [&](QWidget& window) {
-      control<QLineEdit>(window, "Text1")->setText(QStringLiteral("2"));
+      control<QLineEdit>(window, "matches")->setText(QStringLiteral("2"));
       user.robot.next("wecond", leave);
-      press(window, "Command1");
+      press(window, "accept");
     });
     user.robot.next("series1", [](QWidget& window) {
-      EXPECT_EQ(control<QLineEdit>(window, "Text1")->text(), "2");
-      press(window, "Command1");
+      EXPECT_EQ(control<QLineEdit>(window, "matches")->text(), "2");
+      press(window, "accept");
     });
     user.robot.next("sri_result", [&](QWidget& window) {
       user.robot.next("Teamsel", leave);
-      press(window, "Command1");
+      press(window, "accept");
     });
-    choose(menu, "Label1", "Label9");
+    choose(menu, "start_game", "new_series");
   });
   EXPECT_EQ(user.robot.left(), 0);
   EXPECT_EQ(user.robot.met("leave_question"), 3);

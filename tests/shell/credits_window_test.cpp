@@ -26,14 +26,14 @@ TEST(CreditsWindowTest, PassesTheChecks) {
   take_picture(window, "about");
   EXPECT_EQ(window.windowTitle(), "Credits");
   const std::pair<const char*, const char*> headings[] = {
-      {"Label2", "Main Programming and Concept:"},
-      {"Label4", "Additional Programming, Graphical Interface and Website Development:"},
-      {"Label6", "Research and Data:"},
-      {"Label8", "Beta Testing and Additional Support:"},
-      {"Label10_0", "Based on:"},
-      {"Label10_1", "Official Website:"}};
+      {"programming_heading", "Main Programming and Concept:"},
+      {"interface_heading", "Additional Programming, Graphical Interface and Website Development:"},
+      {"research_heading", "Research and Data:"},
+      {"testing_heading", "Beta Testing and Additional Support:"},
+      {"origin_heading", "Based on:"},
+      {"website_heading", "Official Website:"}};
   for (const auto& [name, text] : headings) EXPECT_EQ(control<QLabel>(window, name)->text(), QLatin1String(text));
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_FALSE(window.isVisible());
 }
 
@@ -41,8 +41,8 @@ TEST(CreditsWindowTest, LinksOpenMailAndTheWeb) {
   std::vector<QUrl> opened;
   CreditsWindow window([&](const QUrl& address) { opened.push_back(address); });
   window.show();
-  for (const char* mail : {"Label3", "Label5", "Label7", "Label9"}) press(window, mail);
-  for (const char* page : {"Label11", "Label12"}) press(window, page);
+  for (const char* mail : {"programming_link", "interface_link", "research_link", "testing_link"}) press(window, mail);
+  for (const char* page : {"origin_link", "website_link"}) press(window, page);
   ASSERT_EQ(opened.size(), 6U);
   for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(opened[i].scheme(), "mailto");
   for (std::size_t i = 4; i < 6; ++i) EXPECT_EQ(opened[i].toString().toStdString(), home_page);
@@ -54,7 +54,7 @@ TEST(CreditsWindowTest, ReturnFollowsALink) {
   window.show();
   window.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-  for (const char* name : {"Label3", "Label12"}) {
+  for (const char* name : {"programming_link", "website_link"}) {
     auto* link = control<LinkButton>(window, name);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(link)->role(), QAccessible::Button);
     link->setFocus();
@@ -71,8 +71,8 @@ TEST(CreditsWindowTest, ALinkUnderThePointerTurnsBlue) {
   apply_theme(Appearance::light);
   CreditsWindow window([](const QUrl&) {});
   window.show();
-  auto* link = control<LinkButton>(window, "Label3");
-  auto* other = control<LinkButton>(window, "Label5");
+  auto* link = control<LinkButton>(window, "programming_link");
+  auto* other = control<LinkButton>(window, "interface_link");
   EXPECT_EQ(link->color(), QColor(192, 0, 0));
   QEnterEvent enter(QPointF(2, 2), QPointF(2, 2), link->mapToGlobal(QPointF(2, 2)));
   QApplication::sendEvent(link, &enter);

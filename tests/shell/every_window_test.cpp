@@ -64,26 +64,28 @@ class EveryWindow : public GameTest {
 TEST_F(EveryWindow, AMatchAndItsReports) {
   user.robot.next("teamfrm", [](QWidget& window) {
     ClickingUser::choose_match(window, 4, 7, true, true);
-    press(window, "Command1");
+    press(window, "accept");
   });
   // At the second over every report and every dialog of the console, from them what they open.
   bool done = false;
   user.robot.always("main", [&](QWidget& window) {
     if (match.over_no == 2 && !done) {
       done = true;
-      for (const char* name : {"Command4_0", "Command5_0", "Command3", "Command6", "Command11", "Command8"}) {
+      for (const char* name : {"batsman_aggression_0", "bowler_aggression_0", "change_bowler", "show_worm",
+                               "show_overs_graph", "batsman_profile_0"}) {
         press(window, name);
       }
       user.robot.next("scorecard", [](QWidget& card) {
-        for (const char* name : {"Command4_1", "Command2", "Command5", "Command6", "Command10", "Command1"}) {
+        for (const char* name :
+             {"batting_name_1", "show_bowling", "show_partnerships", "show_overs_graph", "show_worm_graph", "accept"}) {
           press(card, name);
         }
       });
-      press(window, "Command2");
+      press(window, "show_scorecard");
     }
-    press(window, "Command1");
+    press(window, "next_over");
   });
-  play([&](MenuWindow& menu) { choose(menu, "Label1", "Label8"); });
+  play([&](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });
   for (const char* name : {"teamfrm", "wecond", "Teamsel", "toss", "batorder", "chgbowler", "main", "aggr", "message",
                            "scorecard", "batsmandetails", "Bowlcard", "partners", "graphs", "worms"}) {
     EXPECT_TRUE(seen.contains(name)) << name;
@@ -101,24 +103,25 @@ TEST_F(EveryWindow, Competitions) {
   for (const char* name : {"series1", "series2", "wctable"}) {
     user.robot.next(name, [](QWidget& window) {
       for (auto* list : window.findChildren<QComboBox*>()) EXPECT_FALSE(list->accessibleName().isEmpty());
-      press(window, "Command2");
+      press(window, "cancel");
     });
   }
   play([&](MenuWindow& menu) {
-    for (const char* entry : {"Label9", "Label10", "Label11"}) choose(menu, "Label1", entry);
+    for (const char* entry : {"new_series", "tri_series", "world_cup"}) choose(menu, "start_game", entry);
   });
   EXPECT_EQ(seen, (std::set<std::string>{"series1", "series2", "wctable"}));
   EXPECT_GT(ticks, 20);
 }
 
 TEST_F(EveryWindow, RecordsSettingsAndCredits) {
-  user.robot.otherwise([](QWidget& window) { press(window, "Command1"); });
+  user.robot.otherwise([](QWidget& window) { press(window, "accept"); });
   play([&](MenuWindow& menu) {
-    for (const char* entry : {"Label27", "Label28", "Label29"}) choose(menu, "Label4", entry);
-    choose(menu, "Label2", "Label12");
-    choose(menu, "Label3", "Label22");
-    press(menu, "Label5");
-    press(menu, "Label6");
+    for (const char* entry : {"player_profiles", "team_records", "world_rankings"})
+      choose(menu, "other_records", entry);
+    choose(menu, "batting_stats", "all_batting");
+    choose(menu, "bowling_stats", "all_bowling");
+    press(menu, "configurations");
+    press(menu, "credits");
   });
   for (const char* name : {"Sqdet", "teamdet", "wldrank", "totrecords", "highinduv", "allrecs", "centurytop",
                            "partnrec", "optfrm", "frmAbout"}) {
@@ -129,7 +132,7 @@ TEST_F(EveryWindow, RecordsSettingsAndCredits) {
 TEST_F(EveryWindow, NoSecondMatchStartsBehindTheFirst) {
   user.robot.next("teamfrm", [](QWidget& window) {
     ClickingUser::choose_match(window, 4, 7, true, false);
-    press(window, "Command1");
+    press(window, "accept");
   });
   int tries = 0;
   user.robot.always("main", [&](QWidget& window) {
@@ -138,16 +141,16 @@ TEST_F(EveryWindow, NoSecondMatchStartsBehindTheFirst) {
       for (QWidget* any : QApplication::topLevelWidgets()) {
         if (any->objectName() == "opening") menu = any;
       }
-      auto* entry = control<MenuEntry>(*menu, "Label8");
+      auto* entry = control<MenuEntry>(*menu, "new_match");
       QAccessible::queryAccessibleInterface(entry)->actionInterface()->doAction(
           QAccessibleActionInterface::pressAction());
       QTest::qWait(150);
     }
-    press(window, "Command1");
+    press(window, "next_over");
   });
   play([&](MenuWindow& menu) {
-    press(menu, "Label1");
-    press(menu, "Label8");
+    press(menu, "start_game");
+    press(menu, "new_match");
   });
   EXPECT_EQ(user.robot.met("teamfrm"), 1);
   EXPECT_EQ(user.robot.met("toss"), 1);

@@ -60,21 +60,21 @@ class FailedSave : public GameTest {
  protected:
   /// Answers the form of a World Cup of computer sides.
   static void enter_cup(ClickingUser& user) {
-    user.robot.next("wctable", [](QWidget& window) { press(window, "Command1"); });
+    user.robot.next("wctable", [](QWidget& window) { press(window, "accept"); });
   }
-  static void play_cup(MenuWindow& menu) { choose(menu, "Label1", "Label11"); }
+  static void play_cup(MenuWindow& menu) { choose(menu, "start_game", "world_cup"); }
   static void enter_match(ClickingUser& user) {
     user.robot.next("teamfrm", [](QWidget& window) {
       ClickingUser::choose_match(window, 0, 1, false, false);
-      press(window, "Command1");
+      press(window, "accept");
     });
   }
-  static void play_match(MenuWindow& menu) { choose(menu, "Label1", "Label8"); }
+  static void play_match(MenuWindow& menu) { choose(menu, "start_game", "new_match"); }
   /// Another program takes its turn at the folder as the match ends, and stops.
   void stop_at_the_end(ClickingUser& user, std::optional<stopped_program>& other) const {
     user.robot.always("message", [this, &other](QWidget& window) {
       if (window.windowTitle() == "End of Match") other.emplace(database_.folder());
-      press(window, "OK");
+      press(window, "accept");
     });
   }
 };

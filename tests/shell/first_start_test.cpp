@@ -51,10 +51,10 @@ TEST_F(FirstStart, WithoutSettingsTheyAreAskedFor) {
   forget_settings();
   ClickingUser user;
   user.robot.next("optfrm", [](QWidget& window) {
-    auto* list = control<QComboBox>(window, "Combo1");
+    auto* list = control<QComboBox>(window, "databases");
     ASSERT_EQ(list->count(), 1);
     list->setCurrentIndex(0);
-    press(window, "Command1");
+    press(window, "accept");
   });
   EXPECT_EQ(run([](MenuWindow&) {}), 0);
   EXPECT_EQ(user.robot.met(), std::vector<std::string>{"optfrm"});
@@ -95,12 +95,12 @@ TEST_F(FirstStart, WithoutADatabaseOnOfferNothingStarts) {
   forget_settings();
   ClickingUser user;
   user.robot.next("optfrm", [](QWidget& window) {
-    EXPECT_EQ(control<QComboBox>(window, "Combo1")->count(), 0);
-    press(window, "Command1");
+    EXPECT_EQ(control<QComboBox>(window, "databases")->count(), 0);
+    press(window, "accept");
   });
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
-  EXPECT_EQ(run([](MenuWindow& menu) { choose(menu, "Label1", "Label8"); }), 0);
+  EXPECT_EQ(run([](MenuWindow& menu) { choose(menu, "start_game", "new_match"); }), 0);
   EXPECT_EQ(user.robot.met("teamfrm"), 0);
   EXPECT_EQ(user.messages, std::vector<std::string>{"Error | Please select a database before continuing"});
   EXPECT_FALSE(std::filesystem::exists(file("options.mc")));
@@ -114,8 +114,8 @@ TEST_F(FirstStart, ADatabaseNotOnOfferLeadsToTheSettings) {
     forget_settings();
     ClickingUser user;
     user.robot.next("optfrm", [](QWidget& window) {
-      control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
-      press(window, "Command1");
+      control<QComboBox>(window, "databases")->setCurrentIndex(0);
+      press(window, "accept");
     });
     EXPECT_EQ(run([](MenuWindow&) {}), 0);
     EXPECT_EQ(user.messages,
@@ -150,7 +150,7 @@ TEST_F(FirstStart, AFaultBeforePlayIsToldAndTheMenuStays) {
     user.robot.next("optfrm", [](QWidget& window) { window.close(); });
     EXPECT_EQ(run([&](MenuWindow& menu) {
                 faults[i]();
-                choose(menu, "Label1", "Label8");
+                choose(menu, "start_game", "new_match");
                 EXPECT_TRUE(menu.isVisible());
               }),
               0);
@@ -161,14 +161,14 @@ TEST_F(FirstStart, AFaultBeforePlayIsToldAndTheMenuStays) {
 
 TEST_F(FirstStart, OnlyWhatAnEntryReadsIsAsked) {
   ClickingUser user;
-  user.robot.next("totrecords", [](QWidget& window) { press(window, "Command1"); });
-  user.robot.next("Sqdet", [](QWidget& window) { press(window, "Command1"); });
+  user.robot.next("totrecords", [](QWidget& window) { press(window, "accept"); });
+  user.robot.next("Sqdet", [](QWidget& window) { press(window, "accept"); });
   EXPECT_EQ(run([this](MenuWindow& menu) {
               std::filesystem::remove(file("world.team"));
               std::filesystem::remove(file("world.grd"));
-              choose(menu, "Label2", "Label13");
+              choose(menu, "batting_stats", "highest_totals");
               std::ofstream(file("world.ptr")) << "cut";
-              choose(menu, "Label4", "Label27");
+              choose(menu, "other_records", "player_profiles");
             }),
             0);
   EXPECT_TRUE(user.messages.empty());
@@ -180,7 +180,7 @@ TEST_F(FirstStart, AFaultOfARecordListIsToldAndTheMenuStays) {
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
   EXPECT_EQ(run([this](MenuWindow& menu) {
               std::ofstream(file("world.ptr")) << std::string(2500, '\xFF');
-              choose(menu, "Label2", "Label13");
+              choose(menu, "batting_stats", "highest_totals");
             }),
             0);
   expect_told(user, "world.ptr, record 1");
@@ -191,11 +191,11 @@ TEST_F(FirstStart, GroundsCutShortAsTheFormIsLeftAreToldAndNothingIsLost) {
   user.robot.next("teamfrm", [this](QWidget& window) {
     ClickingUser::choose_match(window, 0, 1, false, false);
     std::filesystem::remove(file("world.grd"));
-    press(window, "Command1");
+    press(window, "accept");
   });
   user.robot.next("optfrm", [](QWidget& window) { window.close(); });
   const std::vector<std::string> before = lasting_files();
-  EXPECT_EQ(run([](MenuWindow& menu) { choose(menu, "Label1", "Label8"); }), 0);
+  EXPECT_EQ(run([](MenuWindow& menu) { choose(menu, "start_game", "new_match"); }), 0);
   expect_told(user, "world.grd");
   EXPECT_TRUE(before == lasting_files());
 }
@@ -206,8 +206,8 @@ TEST_F(FirstStart, SettingsThatCannotBeWrittenHoldForThisRun) {
   forget_settings();
   ClickingUser user;
   user.robot.next("optfrm", [](QWidget& window) {
-    control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
-    press(window, "Command1");
+    control<QComboBox>(window, "databases")->setCurrentIndex(0);
+    press(window, "accept");
   });
   EXPECT_EQ(run([](MenuWindow&) {}), 0);
   ASSERT_EQ(user.messages.size(), 2U) << "it can be neither read nor written";
@@ -221,14 +221,14 @@ TEST_F(FirstStart, AnUnwritableFolderIsNamedAtTheEndOfAMatch) {
     ClickingUser::choose_match(window, 0, 1, false, false);
     // A folder in the place of the career file can be neither read nor replaced.
     std::filesystem::create_directory(file("world.rec"));
-    press(window, "Command1");
+    press(window, "accept");
   });
   user.robot.next("save_failed", [](QWidget& window) {
     const QString text = control<QLabel>(window, "text")->text();
     EXPECT_TRUE(text.contains("world.rec")) << text.toStdString();
     press(window, "go_on");
   });
-  EXPECT_EQ(run([](MenuWindow& menu) { choose(menu, "Label1", "Label8"); }), 0);
+  EXPECT_EQ(run([](MenuWindow& menu) { choose(menu, "start_game", "new_match"); }), 0);
   EXPECT_EQ(user.robot.left(), 0);
 }
 

@@ -74,7 +74,7 @@ void GameTest::play_shown_by(QtFrontEnd& shown_by, const std::function<void(Menu
 void GameTest::choose(MenuWindow& menu, const char* panel, const char* entry) {
   press(menu, panel);
   press(menu, entry);
-  for (const char* back : {"back1", "back2", "back3", "back4"}) {
+  for (const char* back : {"start_back", "other_back", "batting_back", "bowling_back"}) {
     auto* button = menu.findChild<QAbstractButton*>(QString::fromLatin1(back));
     if (button != nullptr && button->isVisible()) button->click();
   }

@@ -43,9 +43,9 @@ TEST_P(MatchClicking, TheBooksEqualThoseOfTheCore) {
     ClickingUser user;
     user.robot.next("teamfrm", [first = first_human, second = second_human](QWidget& window) {
       ClickingUser::choose_match(window, 4, 7, first, second);
-      press(window, "Command1");
+      press(window, "accept");
     });
-    play([&](MenuWindow& menu) { choose(menu, "Label1", "Label8"); });
+    play([&](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });
     const match_result result = match;
     const std::vector<std::string> written = lasting_files();
     EXPECT_EQ(user.robot.left(), 0);
@@ -75,12 +75,12 @@ TEST_F(GameTest, ADrawnGroundListFollowsTheTeams) {
   std::vector<QString> grounds;
   user.robot.next("teamfrm", [&](QWidget& window) {
     ClickingUser::choose_match(window, 0, 9, false, false);
-    auto* list = control<QComboBox>(window, "Combo3");
+    auto* list = control<QComboBox>(window, "grounds");
     for (int i = 0; i < list->count(); ++i) grounds.push_back(list->itemText(i));
     EXPECT_EQ(list->currentIndex(), 1);
-    press(window, "Command2");
+    press(window, "cancel");
   });
-  play([&](MenuWindow& menu) { choose(menu, "Label1", "Label8"); });
+  play([&](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });
   EXPECT_EQ(grounds, (std::vector<QString>{"Aden Oval", "Aden Park", "Java Oval", "Java Park"}));
   EXPECT_TRUE(match.team1_name.empty());
 }

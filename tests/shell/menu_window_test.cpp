@@ -41,7 +41,7 @@ class MenuWindowTest : public GameTest {
 TEST_F(MenuWindowTest, EveryPanelPassesTheChecks) {
   take_picture(menu, "opening");
   check_window_at_sizes(menu);
-  for (const char* entry : {"Label1", "Label2", "Label3", "Label4"}) {
+  for (const char* entry : {"start_game", "batting_stats", "bowling_stats", "other_records"}) {
     press(menu, entry);
     check_window_at_sizes(menu);
     take_picture(menu, (std::string("opening_") + entry).c_str());
@@ -51,36 +51,38 @@ TEST_F(MenuWindowTest, EveryPanelPassesTheChecks) {
 
 TEST_F(MenuWindowTest, PanelsHoldTheirEntries) {
   using list = std::vector<std::string>;
-  EXPECT_EQ(texts("Picture2"), (list{"Start Game", "Batting Stats", "Bowling Stats", "Other Records", "Configurations",
-                                     "Credits", "Exit"}));
-  EXPECT_EQ(texts("Picture1_0"), (list{"New Match", "New Series", "Tri Series", "World Cup", "<<Back"}));
-  EXPECT_EQ(texts("Picture1_1"), (list{"Player Profiles", "Team Records", "World Rankings", "<<Back"}));
-  EXPECT_EQ(texts("Picture1_2"),
+  EXPECT_EQ(texts("main_panel"), (list{"Start Game", "Batting Stats", "Bowling Stats", "Other Records",
+                                       "Configurations", "Credits", "Exit"}));
+  EXPECT_EQ(texts("start_panel"), (list{"New Match", "New Series", "Tri Series", "World Cup", "<<Back"}));
+  EXPECT_EQ(texts("other_panel"), (list{"Player Profiles", "Team Records", "World Rankings", "<<Back"}));
+  EXPECT_EQ(texts("batting_panel"),
             (list{"All Batting Stats", "Highest Totals", "Lowest Totals", "Highest Individual Scores",
                   "Most Runs Scored", "Highest Averages", "% Innings 50 or More", "Top Century Makers",
                   "Highest Strike Rates", "Record Partnerships", "<<Back"}));
-  EXPECT_EQ(texts("Picture1_3"), (list{"All Bowling Stats", "Most Wickets", "Best Bowling Averages",
-                                       "Best Economy Rates", "Best Bowling Analysis", "<<Back"}));
+  EXPECT_EQ(texts("bowling_panel"), (list{"All Bowling Stats", "Most Wickets", "Best Bowling Averages",
+                                          "Best Economy Rates", "Best Bowling Analysis", "<<Back"}));
 }
 
 TEST_F(MenuWindowTest, OnePanelIsVisibleAtATime) {
-  const std::pair<const char*, const char*> ways[] = {
-      {"Label1", "Picture1_0"}, {"Label4", "Picture1_1"}, {"Label2", "Picture1_2"}, {"Label3", "Picture1_3"}};
-  const char* const backs[] = {"back1", "back2", "back3", "back4"};
+  const std::pair<const char*, const char*> ways[] = {{"start_game", "start_panel"},
+                                                      {"other_records", "other_panel"},
+                                                      {"batting_stats", "batting_panel"},
+                                                      {"bowling_stats", "bowling_panel"}};
+  const char* const backs[] = {"start_back", "other_back", "batting_back", "bowling_back"};
   for (std::size_t i = 0; i < 4; ++i) {
-    EXPECT_TRUE(visible("Picture2"));
+    EXPECT_TRUE(visible("main_panel"));
     press(menu, ways[i].first);
-    EXPECT_FALSE(visible("Picture2"));
+    EXPECT_FALSE(visible("main_panel"));
     EXPECT_TRUE(visible(ways[i].second));
     press(menu, backs[i]);
     EXPECT_FALSE(visible(ways[i].second));
   }
-  EXPECT_TRUE(visible("Picture2"));
+  EXPECT_TRUE(visible("main_panel"));
 }
 
 TEST_F(MenuWindowTest, ThePointerHighlightsOneEntryAlone) {
-  auto* first = control<MenuEntry>(menu, "Label1");
-  auto* third = control<MenuEntry>(menu, "Label3");
+  auto* first = control<MenuEntry>(menu, "start_game");
+  auto* third = control<MenuEntry>(menu, "bowling_stats");
   const auto enter = [](MenuEntry* entry) {
     QEnterEvent event(QPointF(5, 5), QPointF(5, 5), entry->mapToGlobal(QPointF(5, 5)));
     QApplication::sendEvent(entry, &event);
@@ -97,7 +99,7 @@ TEST_F(MenuWindowTest, ThePointerHighlightsOneEntryAlone) {
 }
 
 TEST_F(MenuWindowTest, APointerThatStayedOverAnEntryHighlightsItAgain) {
-  auto* entry = control<MenuEntry>(menu, "Label2");
+  auto* entry = control<MenuEntry>(menu, "batting_stats");
   const auto move = [&] {
     QMouseEvent over(QEvent::MouseMove, QPointF(6, 6), entry->mapToGlobal(QPointF(6, 6)), Qt::NoButton, Qt::NoButton,
                      Qt::NoModifier);
@@ -105,23 +107,23 @@ TEST_F(MenuWindowTest, APointerThatStayedOverAnEntryHighlightsItAgain) {
   };
   move();
   EXPECT_TRUE(entry->highlighted());
-  press(menu, "Label2");
-  press(menu, "back3");
+  press(menu, "batting_stats");
+  press(menu, "batting_back");
   EXPECT_FALSE(entry->highlighted()) << "the menu is back as it was";
   move();
   EXPECT_TRUE(entry->highlighted());
-  EXPECT_FALSE(control<MenuEntry>(menu, "Label1")->highlighted());
+  EXPECT_FALSE(control<MenuEntry>(menu, "start_game")->highlighted());
 }
 
 TEST_F(MenuWindowTest, BackIsSpokenWithoutItsSigns) {
-  for (const char* name : {"back1", "back2", "back3", "back4"}) {
+  for (const char* name : {"start_back", "other_back", "batting_back", "bowling_back"}) {
     EXPECT_EQ(control<MenuEntry>(menu, name)->accessibleName(), "Back") << name;
   }
 }
 
 TEST_F(MenuWindowTest, TheAppearanceHasItsKeyOnEveryPanel) {
   const auto* choice = control<QComboBox>(menu, "appearance");
-  for (const char* entry : {"", "Label1", "Label2", "Label3", "Label4"}) {
+  for (const char* entry : {"", "start_game", "batting_stats", "bowling_stats", "other_records"}) {
     if (*entry != '\0') press(menu, entry);
     QTest::keyClick(&menu, Qt::Key_N, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([choice] { return choice->hasFocus(); })) << entry;
@@ -130,17 +132,17 @@ TEST_F(MenuWindowTest, TheAppearanceHasItsKeyOnEveryPanel) {
 }
 
 TEST_F(MenuWindowTest, TheKeyboardReachesEverything) {
-  EXPECT_TRUE(control<MenuEntry>(menu, "Label1")->hasFocus());
+  EXPECT_TRUE(control<MenuEntry>(menu, "start_game")->hasFocus());
   QTest::keyClick(menu.focusWidget(), Qt::Key_Down);
-  EXPECT_TRUE(control<MenuEntry>(menu, "Label2")->hasFocus());
+  EXPECT_TRUE(control<MenuEntry>(menu, "batting_stats")->hasFocus());
   QTest::keyClick(menu.focusWidget(), Qt::Key_Up);
   QTest::keyClick(menu.focusWidget(), Qt::Key_Up);
-  EXPECT_TRUE(control<MenuEntry>(menu, "Label7")->hasFocus());
+  EXPECT_TRUE(control<MenuEntry>(menu, "exit")->hasFocus());
   QTest::keyClick(menu.focusWidget(), Qt::Key_Down);
   QTest::keyClick(menu.focusWidget(), Qt::Key_Return);
-  EXPECT_TRUE(visible("Picture1_0"));
+  EXPECT_TRUE(visible("start_panel"));
   QTest::keyClick(menu.focusWidget(), Qt::Key_Escape);
-  EXPECT_TRUE(visible("Picture2"));
+  EXPECT_TRUE(visible("main_panel"));
   QTest::keyClick(menu.focusWidget(), Qt::Key_Escape);
   EXPECT_TRUE(menu.isVisible());
 }
@@ -157,7 +159,7 @@ TEST_F(MenuWindowTest, TheAppearanceIsAppliedAndRemembered) {
 }
 
 TEST_F(MenuWindowTest, ExitEndsTheProgram) {
-  press(menu, "Label7");
+  press(menu, "exit");
   EXPECT_TRUE(program_is_ending());
   EXPECT_FALSE(menu.isVisible());
   begin_again();
@@ -170,13 +172,13 @@ TEST_F(AllStats, AllBattingStatsOpensNineListsInTheirOrder) {
   std::vector<std::string> titles;
   user.robot.otherwise([&](QWidget& window) {
     titles.push_back(window.windowTitle().toStdString());
-    press(window, "Command1");
+    press(window, "accept");
   });
   user.robot.always("allrecs", [&](QWidget& window) {
     titles.push_back(window.windowTitle().toStdString());
-    press(window, "Command1");
+    press(window, "accept");
   });
-  play([&](MenuWindow& menu) { choose(menu, "Label2", "Label12"); });
+  play([&](MenuWindow& menu) { choose(menu, "batting_stats", "all_batting"); });
   EXPECT_EQ(user.robot.met(), (std::vector<std::string>{"totrecords", "totrecords", "highinduv", "allrecs", "allrecs",
                                                         "allrecs", "allrecs", "centurytop", "partnrec"}));
   ASSERT_EQ(titles.size(), 9U);
@@ -195,11 +197,11 @@ TEST_F(AllStats, AllBowlingStatsOpensFourListsInTheirOrder) {
   std::vector<std::string> titles;
   const auto note = [&](QWidget& window) {
     titles.push_back(window.windowTitle().toStdString());
-    press(window, "Command1");
+    press(window, "accept");
   };
   user.robot.otherwise(note);
   user.robot.always("allrecs", note);
-  play([&](MenuWindow& menu) { choose(menu, "Label3", "Label22"); });
+  play([&](MenuWindow& menu) { choose(menu, "bowling_stats", "all_bowling"); });
   EXPECT_EQ(titles, (std::vector<std::string>{"Bowling Records - Most Wickets", "Bowling Records - Best Average",
                                               "Bowling Records - Best Economy Rate", "Best Bowling Figures"}));
 }
@@ -212,25 +214,25 @@ TEST_F(AllStats, EveryEntryOpensItsList) {
     const char* title;
   };
   const Way ways[] = {
-      {"Label2", "Label13", "totrecords", "Highest Totals in ODI's"},
-      {"Label2", "Label14", "totrecords", "Lowest Totals in ODI's"},
-      {"Label2", "Label15", "highinduv", "Highest Induvidual Scores"},
-      {"Label2", "Label16", "allrecs", "Records - Most Runs"},
-      {"Label2", "Label17", "allrecs", "Records - Highest Averages"},
-      {"Label2", "Label18", "allrecs", "Records - Innings% (50 or more)"},
-      {"Label2", "Label19", "centurytop", "Top Century Makers"},
-      {"Label2", "Label20", "allrecs", "Records - Highest Strike Rate"},
-      {"Label2", "Label21", "partnrec", nullptr},
-      {"Label3", "Label23", "allrecs", "Bowling Records - Most Wickets"},
-      {"Label3", "Label24", "allrecs", "Bowling Records - Best Average"},
-      {"Label3", "Label25", "allrecs", "Bowling Records - Best Economy Rate"},
-      {"Label3", "Label26", "highinduv", "Best Bowling Figures"},
-      {"Label4", "Label27", "Sqdet", "Player Profiles"},
-      {"Label4", "Label28", "teamdet", nullptr},
-      {"Label4", "Label29", "wldrank", "Top Ten Teams"},
-      {"Label1", "Label9", "series1", nullptr},
-      {"Label1", "Label10", "series2", nullptr},
-      {"Label1", "Label11", "wctable", nullptr},
+      {"batting_stats", "highest_totals", "totrecords", "Highest Totals in ODI's"},
+      {"batting_stats", "lowest_totals", "totrecords", "Lowest Totals in ODI's"},
+      {"batting_stats", "highest_scores", "highinduv", "Highest Induvidual Scores"},
+      {"batting_stats", "most_runs", "allrecs", "Records - Most Runs"},
+      {"batting_stats", "highest_averages", "allrecs", "Records - Highest Averages"},
+      {"batting_stats", "innings_of_fifty", "allrecs", "Records - Innings% (50 or more)"},
+      {"batting_stats", "century_makers", "centurytop", "Top Century Makers"},
+      {"batting_stats", "highest_strike_rates", "allrecs", "Records - Highest Strike Rate"},
+      {"batting_stats", "partnerships", "partnrec", nullptr},
+      {"bowling_stats", "most_wickets", "allrecs", "Bowling Records - Most Wickets"},
+      {"bowling_stats", "best_averages", "allrecs", "Bowling Records - Best Average"},
+      {"bowling_stats", "best_economy_rates", "allrecs", "Bowling Records - Best Economy Rate"},
+      {"bowling_stats", "best_analysis", "highinduv", "Best Bowling Figures"},
+      {"other_records", "player_profiles", "Sqdet", "Player Profiles"},
+      {"other_records", "team_records", "teamdet", nullptr},
+      {"other_records", "world_rankings", "wldrank", "Top Ten Teams"},
+      {"start_game", "new_series", "series1", nullptr},
+      {"start_game", "tri_series", "series2", nullptr},
+      {"start_game", "world_cup", "wctable", nullptr},
   };
   for (const Way& way : ways) {
     SCOPED_TRACE(way.entry);
@@ -241,8 +243,8 @@ TEST_F(AllStats, EveryEntryOpensItsList) {
         EXPECT_EQ(window.windowTitle(), QLatin1String(way.title));
       }
       check_window_at_sizes(window);
-      const bool competition = std::string(way.panel) == "Label1";
-      press(window, competition ? "Command2" : "Command1");
+      const bool competition = std::string(way.panel) == "start_game";
+      press(window, competition ? "cancel" : "accept");
     };
     user.robot.always(way.window, note);
     play([&](MenuWindow& menu) { choose(menu, way.panel, way.entry); });

@@ -49,38 +49,38 @@ void picture_match(MenuWindow& menu) {
   user.robot.next("teamfrm", [](QWidget& window) {
     ClickingUser::choose_match(window, 0, 2, true, false);
     take(window, "new-match", false);
-    press(window, "Command1");
+    press(window, "accept");
   });
   user.robot.next("wecond", [](QWidget& window) {
     take(window, "conditions", false);
-    press(window, "Command1");
+    press(window, "accept");
   });
   user.robot.next("Teamsel", [](QWidget& window) {
-    press(window, "Command3");
+    press(window, "auto_select");
     take(window, "selection", false);
-    press(window, "Command1");
+    press(window, "accept_first_team");
   });
   bool taken = false;
   user.robot.always("main", [&](QWidget& window) {
-    if (match.first_total == 0 || match.over_no < 31 || taken) return press(window, "Command1");
+    if (match.first_total == 0 || match.over_no < 31 || taken) return press(window, "next_over");
     taken = true;
     take(window, "console", true);
     user.robot.next("scorecard", [](QWidget& card) {
       take(card, "scorecard", false);
-      press(card, "Command6");
+      press(card, "show_overs_graph");
     });
     user.robot.next("graphs", [](QWidget& overs_graph) {
       take(overs_graph, "graphs", false);
-      press(overs_graph, "Command1");
+      press(overs_graph, "accept");
     });
-    user.robot.next("scorecard", [](QWidget& card) { press(card, "Command10"); });
+    user.robot.next("scorecard", [](QWidget& card) { press(card, "show_worm_graph"); });
     user.robot.next("worms", [](QWidget& worm_graph) {
       take(worm_graph, "worms", false);
-      press(worm_graph, "Command1");
+      press(worm_graph, "accept");
     });
-    press(window, "Command2");
+    press(window, "show_scorecard");
   });
-  open(menu, "Label1", "Label8");
+  open(menu, "start_game", "new_match");
 }
 
 void picture_world_cup(MenuWindow& menu) {
@@ -88,34 +88,34 @@ void picture_world_cup(MenuWindow& menu) {
   ClickingUser user;
   user.robot.next("wctable", [](QWidget& window) {
     take(window, "world-cup", false);
-    press(window, "Command1");
+    press(window, "accept");
   });
   int lists = 0;
   user.robot.always("wcsstab", [&](QWidget& window) {
     if (lists == 27) take(window, "world-cup-tables", false);
-    press(window, "Command1");
+    press(window, "accept");
   });
   user.robot.always("wc_fix", [&](QWidget& window) {
     ++lists;
     if (lists == 14) take(window, "world-cup-fixtures", false);
-    if (lists == 28) user.robot.next("quit_question", pressing("Yes"));
-    press(window, lists == 28 ? "Command3" : "Command1");
+    if (lists == 28) user.robot.next("quit_question", pressing("yes"));
+    press(window, lists == 28 ? "quit" : "accept");
   });
-  open(menu, "Label1", "Label11");
+  open(menu, "start_game", "world_cup");
 }
 
 void picture_profile(MenuWindow& menu) {
   ClickingUser user;
   user.robot.next("Sqdet", [](QWidget& window) {
-    for (const char* name : {"Combo1", "Combo2"}) {
+    for (const char* name : {"teams", "players"}) {
       auto* list = control<QComboBox>(window, name);
       list->setCurrentIndex(1);
       emit list->activated(1);
     }
     take(window, "profile", false);
-    press(window, "Command1");
+    press(window, "accept");
   });
-  open(menu, "Label4", "Label27");
+  open(menu, "other_records", "player_profiles");
 }
 
 void take_all() {

@@ -33,13 +33,13 @@ class UnstoppedPlayTest : public GameTest {
     preferences::set_plays_without_stopping("wctable", without_stopping);
     ClickingUser user;
     QElapsedTimer clock;
-    user.robot.next("wctable", [](QWidget& window) { press(window, "Command1"); });
+    user.robot.next("wctable", [](QWidget& window) { press(window, "accept"); });
     user.robot.next("wc_fix", [&](QWidget& window) {
       user.presses = 1;
       clock.start();
-      press(window, "Command1");
+      press(window, "accept");
     });
-    play([](MenuWindow& menu) { choose(menu, "Label1", "Label11"); });
+    play([](MenuWindow& menu) { choose(menu, "start_game", "world_cup"); });
     return {user.presses, clock.elapsed(), user.robot.met(), lasting_files()};
   }
 };
@@ -71,15 +71,15 @@ TEST_F(UnstoppedPlayTest, ItStopsForAHumanSide) {
   preferences::set_plays_without_stopping("wctable", true);
   ClickingUser user;
   user.robot.next("wctable", [](QWidget& window) {
-    control<QCheckBox>(window, "Check2_4")->click();
-    press(window, "Command1");
+    control<QCheckBox>(window, "group_b_human_4")->click();
+    press(window, "accept");
   });
   std::vector<std::string> sides;
   user.robot.always("wecond", [&](QWidget& window) {
     EXPECT_TRUE(match.human_involved());
-    press(window, "Command1");
+    press(window, "accept");
   });
-  play([](MenuWindow& menu) { choose(menu, "Label1", "Label11"); });
+  play([](MenuWindow& menu) { choose(menu, "start_game", "world_cup"); });
   EXPECT_GE(user.robot.met("wecond"), 4);
   EXPECT_LE(user.robot.met("wecond"), 11);
   EXPECT_EQ(user.robot.met("toss"), user.robot.met("wecond"));
@@ -118,8 +118,8 @@ TEST_F(UnstoppedPlayTest, ItCanBeAskedToStopAtTheNextMatch) {
   preferences::set_plays_without_stopping("series1", true);
   ClickingUser user;
   user.robot.next("series1", [](QWidget& window) {
-    control<QLineEdit>(window, "Text1")->setText(QStringLiteral("10"));
-    press(window, "Command1");
+    control<QLineEdit>(window, "matches")->setText(QStringLiteral("10"));
+    press(window, "accept");
   });
   int asked_in = 0;
   user.robot.next("unstopped", [&](QWidget& window) {
@@ -131,9 +131,9 @@ TEST_F(UnstoppedPlayTest, ItCanBeAskedToStopAtTheNextMatch) {
   int stopped_at = 0;
   user.robot.next("sri_result", [&](QWidget& window) {
     stopped_at = series.match_no;
-    press(window, "Command1");
+    press(window, "accept");
   });
-  play([](MenuWindow& menu) { choose(menu, "Label1", "Label9"); });
+  play([](MenuWindow& menu) { choose(menu, "start_game", "new_series"); });
   EXPECT_GE(asked_in, 1);
   EXPECT_EQ(stopped_at, asked_in);
   EXPECT_EQ(user.robot.met("sri_result"), 2) << "once as asked, once at the end";
@@ -147,9 +147,9 @@ TEST_F(UnstoppedPlayTest, ASingleMatchAlwaysStops) {
   ClickingUser user;
   user.robot.next("teamfrm", [](QWidget& window) {
     ClickingUser::choose_match(window, 0, 1, false, false);
-    press(window, "Command1");
+    press(window, "accept");
   });
-  play([](MenuWindow& menu) { choose(menu, "Label1", "Label8"); });
+  play([](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });
   EXPECT_EQ(user.robot.met("wecond"), 1);
   EXPECT_EQ(user.robot.met("Teamsel"), 2);
   EXPECT_EQ(user.robot.met("scorecard"), 2);
@@ -161,11 +161,11 @@ TEST_F(UnstoppedPlayTest, TheChoiceOfOneFormSilencesNoOther) {
   preferences::set_plays_without_stopping("wctable", true);
   preferences::set_plays_without_stopping("series2", true);
   ClickingUser user;
-  user.robot.next("series1", pressing("Command1"));
-  user.robot.next("series2", pressing("Command1"));
+  user.robot.next("series1", pressing("accept"));
+  user.robot.next("series2", pressing("accept"));
   play([](MenuWindow& menu) {
-    choose(menu, "Label1", "Label9");
-    choose(menu, "Label1", "Label10");
+    choose(menu, "start_game", "new_series");
+    choose(menu, "start_game", "tri_series");
   });
   EXPECT_EQ(user.robot.met("wecond"), 1) << "the series stops, the tri series does not";
   EXPECT_EQ(user.robot.met("scorecard"), 2);

@@ -57,7 +57,7 @@ class Robot {
   std::vector<std::string> met_;
 };
 
-/// Presses a button whose work asks a question of this name, and answers it with the button `Yes` or `No`.
+/// Presses a button whose work asks a question of this name, and answers it with the button `yes` or `no`.
 void press_and_answer(QWidget& window, const char* name, const char* question, const char* answer);
 
 /// An answer that presses a button.

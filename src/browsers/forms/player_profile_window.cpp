@@ -75,7 +75,7 @@ PlayerProfileWindow::PlayerProfileWindow(player_profile_form& form, QWidget* par
     form_.accept();
     if (form_.closed) accept();
   };
-  auto* ok = add_default_button(QStringLiteral("Command1"),
+  auto* ok = add_default_button(QStringLiteral("accept"),
                                 {.caption = shown(player_profile_form::ok_caption), .mnemonic = u'O'}, close);
   on_dismiss(close);
   if (form_.locked) ok->setFocus();
@@ -87,8 +87,8 @@ QWidget* PlayerProfileWindow::new_lists() {
   auto* lists = new QWidget;
   auto* row = new QHBoxLayout(lists);
   row->setContentsMargins(0, 0, 0, 0);
-  teams_ = new_list(QStringLiteral("Combo1"), form_.teams, form_.chosen_team);
-  players_ = new_list(QStringLiteral("Combo2"), form_.players, form_.chosen_player);
+  teams_ = new_list(QStringLiteral("teams"), form_.teams, form_.chosen_team);
+  players_ = new_list(QStringLiteral("players"), form_.players, form_.chosen_player);
   row->addWidget(new_caption(shown(player_profile_form::team_caption), u'T', teams_));
   row->addWidget(teams_);
   row->addSpacing(24);
@@ -116,7 +116,7 @@ QWidget* PlayerProfileWindow::new_figures() {
   batting_ = batting.grid;
   bowling_ = bowling.grid;
   fielding_ = fielding.grid;
-  photo_ = new PhotoView(QStringLiteral("Image2"), QSize(160, 200));
+  photo_ = new PhotoView(QStringLiteral("photo"), QSize(160, 200));
   card_rows(person)->addWidget(photo_, 0, Qt::AlignHCenter);
   card_rows(person)->addLayout(person_);
   card_rows(person)->addStretch(1);

@@ -71,7 +71,7 @@ RecordWindow::RecordWindow(front_end& user, open_database& database, const QStri
     form_.accept();
     if (form_.closed) accept();
   };
-  add_default_button(QStringLiteral("Command1"), {.caption = shown(table_form::ok_caption), .mnemonic = u'O'}, close)
+  add_default_button(QStringLiteral("accept"), {.caption = shown(table_form::ok_caption), .mnemonic = u'O'}, close)
       ->setFocus();
   on_dismiss(close);
 }

@@ -79,7 +79,7 @@ TeamRecordsWindow::TeamRecordsWindow(front_end& user, open_database& database, t
     form_.accept();
     if (form_.closed) accept();
   };
-  add_default_button(QStringLiteral("Command1"), {.caption = shown(team_records_form::ok_caption), .mnemonic = u'O'},
+  add_default_button(QStringLiteral("accept"), {.caption = shown(team_records_form::ok_caption), .mnemonic = u'O'},
                      close);
   on_dismiss(close);
   refresh();
@@ -90,7 +90,7 @@ QWidget* TeamRecordsWindow::new_list() {
   auto* row = new QHBoxLayout(list);
   row->setContentsMargins(0, 0, 0, 0);
   teams_ = new QComboBox;
-  teams_->setObjectName(QStringLiteral("Combo1"));
+  teams_->setObjectName(QStringLiteral("teams"));
   teams_->setMinimumWidth(240);
   for (const std::string& team : form_.teams) teams_->addItem(shown(team));
   teams_->setCurrentIndex(form_.chosen_team);

@@ -43,23 +43,23 @@ QComboBox* new_team_list(const QString& name, const std::vector<team_entry>& tea
   return list;
 }
 
-QFrame* new_side(const QString& caption, QChar mnemonic, QComboBox* teams, const QString& options, bool& cpu) {
+QFrame* new_side(const QString& caption, QChar mnemonic, QComboBox* teams, const QString& side, bool& cpu) {
   QFrame* card = new_card();
   card_rows(card)->addWidget(new_caption(caption, mnemonic, teams));
   card_rows(card)->addWidget(teams);
   auto* row = new QHBoxLayout;
   row->setSpacing(16);
   auto* group = new QButtonGroup(card);
-  const auto add = [&](int index, const QString& text) {
+  const auto add = [&](const char* captain, const QString& text) {
     auto* option = new QRadioButton(text);
-    option->setObjectName(QStringLiteral("%1_%2").arg(options).arg(index));
+    option->setObjectName(QStringLiteral("%1_%2").arg(side, QLatin1String(captain)));
     option->setAccessibleName(QStringLiteral("%1: %2").arg(spoken_name(caption), text));
     group->addButton(option);
     row->addWidget(option);
     return option;
   };
-  QRadioButton* computer = add(0, QStringLiteral("CPU"));
-  QRadioButton* human = add(1, QStringLiteral("Human"));
+  QRadioButton* computer = add("computer", QStringLiteral("CPU"));
+  QRadioButton* human = add("human", QStringLiteral("Human"));
   (cpu ? computer : human)->setChecked(true);
   QObject::connect(computer, &QRadioButton::toggled, card, [&cpu](bool on) { cpu = on; });
   row->addStretch(1);
@@ -93,9 +93,9 @@ EntryFoot add_entry_foot(Form& form, std::function<void()> play) {
   EntryFoot foot;
   foot.wanted = new_named_label(QStringLiteral("wanted"), {}, TextRole::muted);
   form.add_beside_buttons(foot.wanted);
-  foot.ok = form.add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+  foot.ok = form.add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
                                     std::move(play));
-  form.add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'},
+  form.add_button(QStringLiteral("cancel"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'},
                   [&form] { form.reject(); });
   return foot;
 }

@@ -27,9 +27,9 @@ struct team_entry;
 QComboBox* new_team_list(const QString& name, const std::vector<team_entry>& teams, int chosen,
                          std::function<void(int)> choose, bool or_none = false);
 
-/// A card for one side: its caption with that mnemonic, its list, and its captain, "CPU" or "Human", two options of
-/// the name `options`. `cpu` is kept as the user chooses, and must outlive the card.
-QFrame* new_side(const QString& caption, QChar mnemonic, QComboBox* teams, const QString& options, bool& cpu);
+/// A card for one side: its caption with that mnemonic, its list, and its captain, "CPU" or "Human", the options
+/// `side`_computer and `side`_human. `cpu` is kept as the user chooses, and must outlive the card.
+QFrame* new_side(const QString& caption, QChar mnemonic, QComboBox* teams, const QString& side, bool& cpu);
 
 /// A card with the list of grounds and, below it, the number of matches or rounds, its caption with the mnemonic N.
 QFrame* new_ground_and_number(QComboBox* grounds, const QString& caption, NumberField* number);

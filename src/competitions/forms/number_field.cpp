@@ -47,15 +47,16 @@ void Stepper::mousePressEvent(QMouseEvent* event) {
   triggerAction(up ? SliderSingleStepAdd : SliderSingleStepSub);
 }
 
-NumberField::NumberField(const std::string& text, int highest, std::function<void(std::string)> typed,
-                         std::function<std::string(int)> stepped, QWidget* parent)
+NumberField::NumberField(const QString& name, const std::string& text, int highest,
+                         std::function<void(std::string)> typed, std::function<std::string(int)> stepped,
+                         QWidget* parent)
     : QWidget(parent),
       text_(new QLineEdit(shown(text))),
-      stepper_(new Stepper(QStringLiteral("VScroll1"), 1, highest)) {
+      stepper_(new Stepper(name + QStringLiteral("_stepper"), 1, highest)) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(4);
-  text_->setObjectName(QStringLiteral("Text1"));
+  text_->setObjectName(name);
   text_->setFixedWidth(72);
   text_->setAlignment(Qt::AlignRight);
   text_->installEventFilter(this);

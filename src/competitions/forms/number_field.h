@@ -24,14 +24,14 @@ class Stepper : public QAbstractSlider {
   void mousePressEvent(QMouseEvent* event) override;
 };
 
-/// A box for a number, `Text1`, and the stepper `VScroll1` beside it, also moved by the arrow keys of the box. What is
-/// typed may be anything.
+/// A box for a number and a stepper beside it, also moved by the arrow keys of the box. What is typed may be anything.
 class NumberField : public QWidget {
   Q_OBJECT
 
  public:
-  /// `typed` gets every text typed; `stepped` gets the stepper's value, and returns the text for the box.
-  NumberField(const std::string& text, int highest, std::function<void(std::string)> typed,
+  /// `name`: objectName of the box; that of the stepper has "_stepper" behind it. `typed` gets every text typed;
+  /// `stepped` gets the stepper's value, and returns the text for the box.
+  NumberField(const QString& name, const std::string& text, int highest, std::function<void(std::string)> typed,
               std::function<std::string(int)> stepped, QWidget* parent = nullptr);
 
   QLineEdit* text() const { return text_; }

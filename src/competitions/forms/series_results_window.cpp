@@ -31,7 +31,6 @@ SeriesResultsWindow::SeriesResultsWindow(series_results_form& form, QWidget* par
     : Form(QStringLiteral("sri_result"), Dismissal::closes, parent), form_(form) {
   set_title(shown(form_.heading), shown(form_.heading));
   show_picture();
-  name_heading(QStringLiteral("Label4_1"));
   auto* results = new TableView(QStringLiteral("results"));
   results->set_table(results_table(form_));
   results->setMinimumWidth(std::clamp(results->sizeHint().width(), 560, 960));
@@ -40,14 +39,13 @@ SeriesResultsWindow::SeriesResultsWindow(series_results_form& form, QWidget* par
   auto* rows = new_column(body(), 1000);
   rows->addWidget(results, 1);
   rows->addSpacing(8);
-  rows->addWidget(new_named_label(QStringLiteral("Label4_0"), shown(form_.standing_line), TextRole::heading));
+  rows->addWidget(new_named_label(QStringLiteral("standing_line"), shown(form_.standing_line), TextRole::heading));
   rows->addStretch();
   const auto close = [this] {
     form_.accept();
     if (form_.closed) accept();
   };
-  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, close)
-      ->setFocus();
+  add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, close)->setFocus();
   on_dismiss(close);
 }
 

@@ -32,28 +32,29 @@ SeriesWindow::SeriesWindow(match_state& match, open_database& database, series_f
   body()->setSpacing(16);
   auto* sides = new QHBoxLayout;
   sides->setSpacing(16);
-  auto* home = new_team_list(QStringLiteral("Combo1"), form_.teams, form_.home_team_index, [this](int index) {
+  auto* home = new_team_list(QStringLiteral("home_team"), form_.teams, form_.home_team_index, [this](int index) {
     form_.choose_home(index);
     show_choice();
   });
-  auto* away = new_team_list(QStringLiteral("Combo2"), form_.teams, form_.away_team_index, [this](int index) {
+  auto* away = new_team_list(QStringLiteral("away_team"), form_.teams, form_.away_team_index, [this](int index) {
     form_.choose_away(index);
     show_choice();
   });
   sides->addWidget(
-      new_side(QStringLiteral("Home Team:"), u'H', home, QStringLiteral("Option1"), form_.computer_captains_home), 1);
+      new_side(QStringLiteral("Home Team:"), u'H', home, QStringLiteral("home"), form_.computer_captains_home), 1);
   sides->addWidget(new_label(QStringLiteral("vs"), TextRole::heading));
   sides->addWidget(
-      new_side(QStringLiteral("Away Team:"), u'A', away, QStringLiteral("Option3"), form_.computer_captains_away), 1);
+      new_side(QStringLiteral("Away Team:"), u'A', away, QStringLiteral("away"), form_.computer_captains_away), 1);
   body()->addLayout(sides);
 
   matches_ = new NumberField(
-      form_.typed_matches, most_matches, [this](const std::string& text) { form_.typed_matches = text; },
+      QStringLiteral("matches"), form_.typed_matches, most_matches,
+      [this](const std::string& text) { form_.typed_matches = text; },
       [this](int value) {
         form_.set_matches(value);
         return form_.typed_matches;
       });
-  grounds_->setObjectName(QStringLiteral("Combo3"));
+  grounds_->setObjectName(QStringLiteral("grounds"));
   connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.ground_index = index; });
   body()->addWidget(new_ground_and_number(grounds_, QStringLiteral("No of Matches in Series :"), matches_));
   body()->addStretch(1);

@@ -30,9 +30,9 @@ struct Side {
   const char* list;
   const char* options;
 };
-constexpr std::array<Side, 3> sides = {{{"First Team (host):", u'F', "Combo1", "Option1"},
-                                        {"Second Team:", u'S', "Combo2", "Option3"},
-                                        {"Third Team:", u'T', "Combo3", "Option2"}}};
+constexpr std::array<Side, 3> sides = {{{"First Team (host):", u'F', "first_team", "first"},
+                                        {"Second Team:", u'S', "second_team", "second"},
+                                        {"Third Team:", u'T', "third_team", "third"}}};
 
 }  // namespace
 
@@ -46,12 +46,13 @@ TriSeriesWindow::TriSeriesWindow(match_state& match, open_database& database, tr
   body()->setSpacing(16);
   body()->addWidget(new_sides());
   rounds_ = new NumberField(
-      form_.typed_rounds, most_rounds, [this](const std::string& text) { form_.typed_rounds = text; },
+      QStringLiteral("rounds"), form_.typed_rounds, most_rounds,
+      [this](const std::string& text) { form_.typed_rounds = text; },
       [this](int value) {
         form_.set_rounds(value);
         return form_.typed_rounds;
       });
-  grounds_->setObjectName(QStringLiteral("Combo4"));
+  grounds_->setObjectName(QStringLiteral("grounds"));
   connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.ground_index = index; });
   body()->addWidget(new_ground_and_number(grounds_, QStringLiteral("No. of Round Robin stages:"), rounds_));
   body()->addStretch(1);

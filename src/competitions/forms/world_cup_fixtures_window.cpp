@@ -97,7 +97,7 @@ WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_record& world_cup, worl
   auto* rows = new_column(body(), 1400);
   rows->addLayout(row, 1);
   rows->addStretch();
-  scroll_->setObjectName(QStringLiteral("VScroll1"));
+  scroll_->setObjectName(QStringLiteral("scroll"));
   scroll_->setAccessibleName(QStringLiteral("Fixtures"));
   scroll_->setRange(1, form_.scroll_maximum);
   scroll_->setPageStep(shown_rows - 1);
@@ -116,7 +116,7 @@ WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_record& world_cup, worl
   list_->installEventFilter(this);
   list_->viewport()->installEventFilter(this);
 
-  add_button(QStringLiteral("Command3"), {.caption = QStringLiteral("Quit World Cup"), .mnemonic = u'Q'}, [this] {
+  add_button(QStringLiteral("quit"), {.caption = QStringLiteral("Quit World Cup"), .mnemonic = u'Q'}, [this] {
     if (!ask(*this, QStringLiteral("quit_question"), QStringLiteral("Quit World Cup"),
              QStringLiteral("End the World Cup? What is still to be played is lost."))) {
       return;
@@ -124,9 +124,9 @@ WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_record& world_cup, worl
     form_.quit();
     if (form_.closed) accept();
   });
-  add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("World Cup Tables"), .mnemonic = u'T'},
+  add_button(QStringLiteral("open_tables"), {.caption = QStringLiteral("World Cup Tables"), .mnemonic = u'T'},
              [this] { form_.open_tables(); });
-  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("Play Next Match"), .mnemonic = u'P'},
+  add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("Play Next Match"), .mnemonic = u'P'},
                      [this] {
                        form_.accept();
                        if (form_.closed) accept();

@@ -67,8 +67,7 @@ WorldCupTablesWindow::WorldCupTablesWindow(world_cup_record& world_cup, world_cu
     form_.accept();
     if (form_.closed) accept();
   };
-  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, close)
-      ->setFocus();
+  add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, close)->setFocus();
   on_dismiss(close);
 }
 
@@ -84,11 +83,11 @@ QWidget* WorldCupTablesWindow::new_knock_out() {
     pair->addWidget(line);
     card_rows(card)->addLayout(pair);
   };
-  add("Semi Final 1 :", "Label1_22", form_.first_semi_final);
-  add("Semi Final 2 :", "Label1_23", form_.second_semi_final);
-  add("Grand Final :", "Label1_24", form_.grand_final);
+  add("Semi Final 1 :", "first_semi_final", form_.first_semi_final);
+  add("Semi Final 2 :", "second_semi_final", form_.second_semi_final);
+  add("Grand Final :", "grand_final", form_.grand_final);
   card_rows(card)->addStretch(1);
-  auto* winners = new_named_label(QStringLiteral("Label8"), shown(form_.winners_line), TextRole::accent);
+  auto* winners = new_named_label(QStringLiteral("winners_line"), shown(form_.winners_line), TextRole::accent);
   winners->setWordWrap(true);
   card_rows(card)->addWidget(winners);
   return card;

@@ -31,10 +31,10 @@ WorldCupWindow::WorldCupWindow(match_state& match, open_database& database, worl
   body()->setSpacing(16);
   auto* groups = new QHBoxLayout;
   groups->setSpacing(16);
-  groups->addWidget(new_group(QStringLiteral("Group A"), QStringLiteral("Combo1"), QStringLiteral("Check1"),
-                              form_.group_a_index, form_.human_a));
-  groups->addWidget(new_group(QStringLiteral("Group B"), QStringLiteral("Combo2"), QStringLiteral("Check2"),
-                              form_.group_b_index, form_.human_b));
+  groups->addWidget(new_group(QStringLiteral("Group A"), QStringLiteral("group_a_team"),
+                              QStringLiteral("group_a_human"), form_.group_a_index, form_.human_a));
+  groups->addWidget(new_group(QStringLiteral("Group B"), QStringLiteral("group_b_team"),
+                              QStringLiteral("group_b_human"), form_.group_b_index, form_.human_b));
   body()->addLayout(groups);
   body()->addWidget(new_named_label(QStringLiteral("note"), shown(world_cup_form::note), TextRole::muted));
   body()->addWidget(new_hosts());
@@ -105,7 +105,7 @@ QWidget* WorldCupWindow::new_hosts() {
   for (int i = 0; i < 3; ++i) {
     const auto at = static_cast<std::size_t>(i);
     auto* list = new_team_list(
-        QStringLiteral("Combo3_%1").arg(i), form_.teams, form_.host_index[at],
+        QStringLiteral("host_%1").arg(i), form_.teams, form_.host_index[at],
         [this, at](int index) { form_.host_index[at] = index; }, true);
     auto* place = new QVBoxLayout;
     place->setSpacing(4);

@@ -15,25 +15,15 @@
 
 namespace velorin {
 
-namespace {
-
-/// The labels of the four headings and figures, in shown order.
-constexpr int heading_labels[] = {1, 2, 5, 3};
-constexpr int figure_labels[] = {6, 7, 8, 9};
-
-QString label_name(int index) { return QStringLiteral("Label1_%1").arg(index); }
-
-}  // namespace
-
 AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent)
     : Form(QStringLiteral("aggr"), Dismissal::closes, parent), form_(form) {
   limit_body(720);
   set_title(QStringLiteral("Aggression"), shown(form.player_name));
-  name_heading(label_name(0));
+  name_heading(QStringLiteral("player_name"));
   body()->addWidget(new_figures());
   body()->addWidget(new_aggression());
-  findChild<LevelSlider*>(QStringLiteral("VScroll1"))->setFocus();
-  auto* sentence = new_named_label(label_name(4), shown(form_.score_sentence), TextRole::muted);
+  findChild<LevelSlider*>(QStringLiteral("aggression"))->setFocus();
+  auto* sentence = new_named_label(QStringLiteral("score_sentence"), shown(form_.score_sentence), TextRole::muted);
   body()->addWidget(sentence);
   sentence->setVisible(!form_.score_sentence.empty());
   body()->addStretch(1);
@@ -43,7 +33,7 @@ AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent)
     if (form_.closed) accept();
   };
   for (const bool for_batsman : {true, false}) {
-    const QString name = for_batsman ? QStringLiteral("Command1") : QStringLiteral("Command2");
+    const QString name = for_batsman ? QStringLiteral("accept_for_batsman") : QStringLiteral("accept_for_bowler");
     if (for_batsman == form_.for_batsman) {
       add_default_button(name, ok, confirm);
     } else {
@@ -59,15 +49,16 @@ QWidget* AggressionWindow::new_figures() {
   grid->setVerticalSpacing(4);
   for (int i = 0; i < 4; ++i) {
     const auto at = static_cast<std::size_t>(i);
-    grid->addWidget(new_named_label(label_name(heading_labels[i]), shown(form_.headings[at]), TextRole::small_muted), 0,
-                    i);
-    auto* figure = new_named_label(label_name(figure_labels[i]), shown(form_.figures[at]), TextRole::heading, card);
+    grid->addWidget(
+        new_named_label(QStringLiteral("heading_%1").arg(i), shown(form_.headings[at]), TextRole::small_muted), 0, i);
+    auto* figure =
+        new_named_label(QStringLiteral("figure_%1").arg(i), shown(form_.figures[at]), TextRole::heading, card);
     grid->addWidget(figure, 1, i);
     figure->setVisible(i < 3 || !form_.settled_visible);
     grid->setColumnStretch(i, 1);
     grid->setColumnMinimumWidth(i, 72);
   }
-  auto* settled = new MeterBar(QStringLiteral("Picture1"), spoken_name(shown(form_.headings[3])),
+  auto* settled = new MeterBar(QStringLiteral("settled_meter"), spoken_name(shown(form_.headings[3])),
                                aggression_form::settled_full, card);
   settled->set_value(form_.settled_width);
   settled->setMinimumWidth(160);
@@ -81,7 +72,7 @@ QWidget* AggressionWindow::new_aggression() {
   QFrame* card = new_card();
   auto* row = new QHBoxLayout;
   row->setSpacing(16);
-  auto* slider = new LevelSlider(QStringLiteral("VScroll1"), 1, 5);
+  auto* slider = new LevelSlider(QStringLiteral("aggression"), 1, 5);
   slider->setValue(form_.aggression);
   connect(slider, &QSlider::valueChanged, this, [this](int level) { form_.aggression = level; });
   row->addWidget(new_caption(QStringLiteral("Aggression"), u'A', slider));

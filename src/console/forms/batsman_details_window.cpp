@@ -54,11 +54,10 @@ BatsmanDetailsWindow::BatsmanDetailsWindow(batsman_details_form& form, QWidget* 
   card_rows(card)->addLayout(grid);
   body()->addWidget(card);
   body()->addStretch(1);
-  auto* ok =
-      add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
-        form_.accept();
-        accept();
-      });
+  auto* ok = add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
+    form_.accept();
+    accept();
+  });
   ok->setFocus();
   on_dismiss([ok] { ok->click(); });
 }

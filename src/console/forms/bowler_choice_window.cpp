@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "browsers/player_profile.h"
 #include "console/captain_forms.h"
@@ -34,8 +35,8 @@ BowlerChoiceWindow::BowlerChoiceWindow(const match_play& play, bowler_choice_for
   limit_body(1000);
   set_title(shown(form.title), shown(form.title));
   set_subheading(shown(play.match.team2_name));
-  men_ = new ManList(QStringLiteral("Bowler"), {{shown(bowler_choice_form::skill_heading), true, "Label1"},
-                                                {shown(bowler_choice_form::economy_heading), true, "Label2"},
+  men_ = new ManList(QStringLiteral("Bowler"), {{shown(bowler_choice_form::skill_heading), true, "skill"},
+                                                {shown(bowler_choice_form::economy_heading), true, "economy"},
                                                 {QStringLiteral("O-M-R-W"), true, "figures", true},
                                                 {QStringLiteral("Bowler type"), false, nullptr, true},
                                                 {QString(), false, "note", true}});
@@ -68,7 +69,7 @@ QString BowlerChoiceWindow::note(int row) const {
 }
 
 void BowlerChoiceWindow::add_acts() {
-  add_button(QStringLiteral("Profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
+  add_button(QStringLiteral("profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
     if (form_.chosen > 0) show_profile(play_.user, play_.data, play_.match.team2_name, form_.name(form_.chosen));
   });
   const Act act{.caption = QStringLiteral("OK"), .mnemonic = u'O'};
@@ -78,9 +79,11 @@ void BowlerChoiceWindow::add_acts() {
   };
   using use = bowler_choice_form::use;
   const use wanted = form_.shown_for == use::quota ? use::change : form_.shown_for;
-  int number = 0;
-  for (const use shown : {use::change, use::first_opener, use::second_opener}) {
-    const QString name = QStringLiteral("Command%1").arg(++number);
+  const std::pair<use, const char*> buttons[] = {{use::change, "accept_change"},
+                                                 {use::first_opener, "accept_first_opener"},
+                                                 {use::second_opener, "accept_second_opener"}};
+  for (const auto& [shown, control] : buttons) {
+    const QString name = QString::fromLatin1(control);
     if (shown == wanted) {
       ok_ = add_default_button(name, act, confirm);
     } else {

@@ -22,7 +22,7 @@ ManList::ManList(const QString& names_heading, std::vector<Column> columns, QWid
 
 void ManList::set_row(int row, const QString& name, bool enabled, const std::vector<QString>& texts) {
   auto* option = new QRadioButton(button_text(name));
-  option->setObjectName(QStringLiteral("Option1_%1").arg(row));
+  option->setObjectName(QStringLiteral("man_%1").arg(row));
   option->setEnabled(enabled);
   group_->addButton(option, row);
   options_[static_cast<std::size_t>(row)] = option;

@@ -12,7 +12,7 @@ class QRadioButton;
 
 namespace velorin {
 
-/// The eleven men of a side, one to choose: the option buttons `Option1_1` to `Option1_11`, each in its row with the
+/// The eleven men of a side, one to choose: the option buttons `man_1` to `man_11`, each in its row with the
 /// man's figures. Arrow keys and a click on a row choose.
 class ManList : public BandedGrid {
   Q_OBJECT

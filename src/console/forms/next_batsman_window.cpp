@@ -24,7 +24,7 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, next_batsman_form& 
   set_title(shown(form.title), shown(form.title));
   set_subheading(shown(play.match.team1_name));
   auto* men =
-      new ManList(shown(next_batsman_form::names_heading), {{shown(next_batsman_form::skill_heading), true, "Label1"},
+      new ManList(shown(next_batsman_form::names_heading), {{shown(next_batsman_form::skill_heading), true, "skill"},
                                                             {QStringLiteral("Bat Type"), false, nullptr, true},
                                                             {QString(), false, "note", true}});
   for (int row = 1; row <= men_in_eleven; ++row) {
@@ -42,10 +42,10 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, next_batsman_form& 
     if (first != form_.enabled.end()) form_.choose(static_cast<int>(first - form_.enabled.begin()));
   }
   men->choose(form_.chosen);
-  add_button(QStringLiteral("Profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
+  add_button(QStringLiteral("profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
     if (form_.chosen > 0) show_profile(play_.user, play_.data, play_.match.team1_name, form_.name(form_.chosen));
   });
-  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
+  add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
     form_.accept();
     if (form_.closed) accept();
   });
@@ -55,7 +55,7 @@ QWidget* NextBatsmanWindow::new_aggression() {
   QFrame* card = new_card();
   auto* row = new QHBoxLayout;
   row->setSpacing(16);
-  auto* slider = new LevelSlider(QStringLiteral("VScroll1"), 1, 5);
+  auto* slider = new LevelSlider(QStringLiteral("aggression"), 1, 5);
   slider->setValue(form_.aggression);
   connect(slider, &QSlider::valueChanged, this, [this](int level) { form_.aggression = level; });
   row->addWidget(new_caption(shown(next_batsman_form::aggression_caption), u'A', slider));

@@ -66,14 +66,14 @@ SettingsWindow::SettingsWindow(open_database& database, settings_form& form, QWi
   add_folder();
   add_sample();
   body()->addStretch(1);
-  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+  add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
                      [this] { confirm(); });
 }
 
 void SettingsWindow::add_database() {
   QFrame* card = new_card();
   databases_ = new QComboBox;
-  databases_->setObjectName(QStringLiteral("Combo1"));
+  databases_->setObjectName(QStringLiteral("databases"));
   for (const std::string& name : form_.databases) databases_->addItem(shown(name));
   databases_->setCurrentIndex(databases_->findText(shown(form_.database), Qt::MatchExactly | Qt::MatchCaseSensitive));
   connect(databases_, &QComboBox::currentIndexChanged, this, [this](int index) {
@@ -103,7 +103,7 @@ void SettingsWindow::show_database_note() {
 void SettingsWindow::add_folder() {
   QFrame* card = new_card();
   folder_ = new QLineEdit(shown(form_.photo_folder));
-  folder_->setObjectName(QStringLiteral("Dir1"));
+  folder_->setObjectName(QStringLiteral("photo_folder"));
   folder_->setReadOnly(true);
   folder_->setMinimumWidth(360);
   folder_note_ = new_note("folder_note", {});
@@ -112,7 +112,7 @@ void SettingsWindow::add_folder() {
   row->setSpacing(8);
   row->addWidget(folder_, 1);
   row->addWidget(
-      new_act(QStringLiteral("Browse"), {.caption = QStringLiteral("Browse"), .mnemonic = u'B'}, [this] { browse(); }));
+      new_act(QStringLiteral("browse"), {.caption = QStringLiteral("Browse"), .mnemonic = u'B'}, [this] { browse(); }));
   card_rows(card)->addLayout(row);
   card_rows(card)->addWidget(folder_note_);
   folder_note_->hide();
@@ -137,7 +137,7 @@ void SettingsWindow::browse() {
 
 void SettingsWindow::add_sample() {
   QFrame* card = new_card();
-  sample_ = new_named_label(QStringLiteral("Label2"), QStringLiteral("This is a sample line of text."));
+  sample_ = new_named_label(QStringLiteral("sample"), QStringLiteral("This is a sample line of text."));
   sample_->setAlignment(Qt::AlignCenter);
   sample_->setMinimumHeight(56);
   form_.sample_font = core_text(sample_->font().family());
@@ -145,16 +145,16 @@ void SettingsWindow::add_sample() {
   card_rows(card)->addWidget(sample_);
   auto* acts = new QHBoxLayout;
   acts->setSpacing(8);
-  acts->addWidget(new_act(QStringLiteral("Command2"),
+  acts->addWidget(new_act(QStringLiteral("change_back_color"),
                           {.caption = QStringLiteral("Change Background Color"), .mnemonic = u'G'}, [this] {
                             form_.change_back_color(ask_color(form_.back_dialog_color));
                             show_sample();
                           }));
-  acts->addWidget(
-      new_act(QStringLiteral("Command4"), {.caption = QStringLiteral("Change Font Color"), .mnemonic = u'F'}, [this] {
-        form_.change_font_color(ask_color(form_.font_dialog_color));
-        show_sample();
-      }));
+  acts->addWidget(new_act(QStringLiteral("change_font_color"),
+                          {.caption = QStringLiteral("Change Font Color"), .mnemonic = u'F'}, [this] {
+                            form_.change_font_color(ask_color(form_.font_dialog_color));
+                            show_sample();
+                          }));
   acts->addStretch(1);
   card_rows(card)->addLayout(acts);
   body()->addWidget(card);

@@ -147,7 +147,7 @@ QString shortened_line(const QString& line, const QFontMetrics& metrics, int roo
 
 CommentaryList::CommentaryList(const match_state& match, QWidget* parent)
     : QListView(parent), lines_(new CommentaryModel(match, this)), match_(match) {
-  setObjectName(QStringLiteral("List1"));
+  setObjectName(QStringLiteral("commentary"));
   setAccessibleName(QStringLiteral("Ball by ball"));
   setModel(lines_);
   setUniformItemSizes(true);

@@ -113,7 +113,7 @@ QFrame* ConsoleWindow::new_over_card() {
   over_title_ = new_named_label(QStringLiteral("over_title"), {}, TextRole::strong);
   over_bowler_ = new_named_label(QStringLiteral("over_bowler"), {}, TextRole::muted);
   browser_ = new QScrollBar(Qt::Horizontal);
-  browser_->setObjectName(QStringLiteral("VScroll1"));
+  browser_->setObjectName(QStringLiteral("past_overs"));
   browser_->setAccessibleName(QStringLiteral("Past overs"));
   browser_->setFocusPolicy(Qt::TabFocus);
   browser_->setPageStep(5);
@@ -219,7 +219,7 @@ QWidget* ConsoleWindow::new_pace_choice() {
 }
 
 void ConsoleWindow::add_foot() {
-  add_aside(add_button(QStringLiteral("Command12"),
+  add_aside(add_button(QStringLiteral("quit"),
                        {.caption = QStringLiteral("Quit"),
                         .mnemonic = QChar(),
                         .key = QKeySequence(Qt::CTRL | Qt::Key_Q),
@@ -237,9 +237,9 @@ void ConsoleWindow::add_foot() {
     void (console_form::*handler)();
   };
   static constexpr Report reports[] = {
-      {"Command2", "Scorecard", u'S', Qt::Key_S, &console_form::show_scorecard},
-      {"Command6", "Worm", u'W', Qt::Key_W, &console_form::show_worm},
-      {"Command11", "Overs", u'O', Qt::Key_O, &console_form::show_overs_graph},
+      {"show_scorecard", "Scorecard", u'S', Qt::Key_S, &console_form::show_scorecard},
+      {"show_worm", "Worm", u'W', Qt::Key_W, &console_form::show_worm},
+      {"show_overs_graph", "Overs", u'O', Qt::Key_O, &console_form::show_overs_graph},
   };
   for (const Report& report : reports) {
     add_aside(add_button(
@@ -248,14 +248,14 @@ void ConsoleWindow::add_foot() {
         [this, handler = report.handler] { act(handler); }));
   }
   change_bowler_ =
-      add_button(QStringLiteral("Command3"),
+      add_button(QStringLiteral("change_bowler"),
                  {.caption = QStringLiteral("Change Bowler"), .mnemonic = u'C', .key = QKeySequence(Qt::Key_C)},
                  [this] { act(&console_form::change_bowler); });
   add_aside(change_bowler_);
   pace_ = new_pace_choice();
   add_beside_buttons(pace_);
   next_over_ = add_default_button(
-      QStringLiteral("Command1"),
+      QStringLiteral("next_over"),
       {.caption = QStringLiteral("Next Over"),
        .mnemonic = u'N',
        .key = QKeySequence(Qt::Key_N),

@@ -78,13 +78,13 @@ BatsmanPanel::BatsmanPanel(const match_state& match, open_database& database, in
   runs_ = new_named_label(QStringLiteral("batsman_runs_") + number, {}, TextRole::title);
   rest_ = new_named_label(QStringLiteral("batsman_figures_") + number, {}, TextRole::muted);
   settled_ = new MeterBar(QStringLiteral("settled_meter_") + number, QStringLiteral("Settled"), 915);
-  aggression_ = small_button(QStringLiteral("Command4_") + number);
+  aggression_ = small_button(QStringLiteral("batsman_aggression_") + number);
   name_act(*aggression_, {.caption = QStringLiteral("Aggression"),
                           .mnemonic = QChar(),
                           .key = QKeySequence(Qt::Key_1 + slot),
                           .hint = QStringLiteral("Set this batsman's aggression")});
   aggression_->setProperty("caption", QStringLiteral("Aggression"));
-  profile_ = small_button(slot == 0 ? QStringLiteral("Command8") : QStringLiteral("Command10"));
+  profile_ = small_button(QStringLiteral("batsman_profile_") + number);
   name_act(*profile_, {.caption = QStringLiteral("Profile"),
                        .mnemonic = QChar(),
                        .key = QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + slot)),
@@ -128,7 +128,7 @@ BowlerPanel::BowlerPanel(const match_state& match, open_database& database, int 
   auto* figures = new QHBoxLayout;
   figures->setSpacing(4);
   if (slot == 0) {
-    static constexpr const char* names[] = {"Label19_11", "Label19_10", "Label19_9", "Label19_8"};
+    static constexpr const char* names[] = {"bowler_overs", "bowler_maidens", "bowler_runs", "bowler_wickets"};
     for (int i = 0; i < 4; ++i) {
       if (i > 0) figures->addWidget(new_label(QStringLiteral("-"), TextRole::muted));
       figures_[static_cast<std::size_t>(i)] = new_named_label(QString::fromLatin1(names[i]), {}, TextRole::body);
@@ -141,13 +141,13 @@ BowlerPanel::BowlerPanel(const match_state& match, open_database& database, int 
   figures->addStretch(1);
   figures->addWidget(
       new_label(slot == 0 ? QStringLiteral("bowls this over") : QStringLiteral("next over"), TextRole::small_muted));
-  aggression_ = small_button(QStringLiteral("Command5_") + number);
+  aggression_ = small_button(QStringLiteral("bowler_aggression_") + number);
   name_act(*aggression_, {.caption = QStringLiteral("Aggression"),
                           .mnemonic = QChar(),
                           .key = QKeySequence(Qt::Key_3 + slot),
                           .hint = QStringLiteral("Set this bowler's aggression")});
   aggression_->setProperty("caption", QStringLiteral("Aggression"));
-  profile_ = small_button(slot == 0 ? QStringLiteral("Command7") : QStringLiteral("Command9"));
+  profile_ = small_button(QStringLiteral("bowler_profile_") + number);
   name_act(*profile_, {.caption = QStringLiteral("Profile"),
                        .mnemonic = QChar(),
                        .key = QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_3 + slot)),

@@ -31,26 +31,26 @@ RatesPanel::RatesPanel(const match_state& match, QWidget* parent) : QFrame(paren
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(16, 8, 16, 8);
   rows->setSpacing(4);
-  title_ = new_named_label(QStringLiteral("Label15_4"), {}, TextRole::strong);
+  title_ = new_named_label(QStringLiteral("rates_title"), {}, TextRole::strong);
   rows->addWidget(title_);
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(12);
   grid->setVerticalSpacing(6);
   for (int i = 0; i < 7; ++i) {
     Cell& cell = cells_[static_cast<std::size_t>(i)];
-    cell = new_cell(QStringLiteral("Label26_%1").arg(i));
+    cell = new_cell(QStringLiteral("rate_cell_%1").arg(i));
     grid->addWidget(cell.box, i / 4, i % 4);
   }
-  last_five_ = new_cell(QStringLiteral("Label15_20"));
+  last_five_ = new_cell(QStringLiteral("last_five_overs"));
   last_five_.heading->setText(QStringLiteral("Last 5"));
   grid->addWidget(last_five_.box, 1, 3);
   for (int column = 0; column < 4; ++column) grid->setColumnStretch(column, 1);
   rows->addLayout(grid);
   auto* comparing = new QHBoxLayout;
   comparing->setSpacing(12);
-  comparison_ = new_named_label(QStringLiteral("Label15_12"), {}, TextRole::muted);
-  now_ = new_named_label(QStringLiteral("Label15_13"), {});
-  then_ = new_named_label(QStringLiteral("Label15_14"), {});
+  comparison_ = new_named_label(QStringLiteral("stage_overs"), {}, TextRole::muted);
+  now_ = new_named_label(QStringLiteral("score_now"), {});
+  then_ = new_named_label(QStringLiteral("score_then"), {});
   stage_ = new_label(QStringLiteral("After"), TextRole::muted);
   comparing->addWidget(stage_);
   comparing->addWidget(comparison_);

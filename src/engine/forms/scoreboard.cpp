@@ -28,16 +28,16 @@ QVBoxLayout* stacked(std::initializer_list<QLabel*> labels, Qt::Alignment aligne
 Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(parent), match_(match) {
   setObjectName(QStringLiteral("head"));
   setAttribute(Qt::WA_StyledBackground);
-  side_ = new_named_label(QStringLiteral("Label15_0"), {}, TextRole::title);
-  score_ = new_named_label(QStringLiteral("Label15_1"), {}, TextRole::score);
-  overs_ = new_named_label(QStringLiteral("Label15_2"), {}, TextRole::heading);
-  rate_ = new_named_label(QStringLiteral("Label15_19"), {}, TextRole::body);
+  side_ = new_named_label(QStringLiteral("batting_side"), {}, TextRole::title);
+  score_ = new_named_label(QStringLiteral("score"), {}, TextRole::score);
+  overs_ = new_named_label(QStringLiteral("overs"), {}, TextRole::heading);
+  rate_ = new_named_label(QStringLiteral("run_rate"), {}, TextRole::body);
   target_ = new_named_label(QStringLiteral("target"), {}, TextRole::title);
   needed_ = new_named_label(QStringLiteral("needed"), {}, TextRole::heading);
   first_innings_ = new_named_label(QStringLiteral("first_innings"), {}, TextRole::body);
   teams_ = new_named_label(QStringLiteral("teams"), {}, TextRole::heading);
   ground_ = new_named_label(QStringLiteral("ground"), {}, TextRole::body);
-  clock_ = new_named_label(QStringLiteral("Label27_0"), {}, TextRole::strong);
+  clock_ = new_named_label(QStringLiteral("time_of_day"), {}, TextRole::strong);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(24, 8, 24, 8);
   row->setSpacing(16);

@@ -130,7 +130,7 @@ void BattingCardView::add_man(const batting_screen& card, int place) {
     grid_->addWidget(band, place, 0, 1, columns);
   }
   const QString man = shown_caption(card.details_buttons[i].caption);
-  auto* button = new_report_button(numbered("Command4", place),
+  auto* button = new_report_button(numbered("batting_name", place),
                                    {.caption = man,
                                     .key = QKeySequence(Qt::Key_F1 + place - 1),
                                     .hint = QStringLiteral("Details of %1").arg(man),
@@ -140,10 +140,10 @@ void BattingCardView::add_man(const batting_screen& card, int place) {
   button->setVisible(card.details_buttons[i].visible);
   grid_->addWidget(button, place, name, Qt::AlignLeft | Qt::AlignVCenter);
   rows_.emplace_back(button, TypeStep::strong);
-  add(new_named_label(numbered("Label8", place), shown_caption(card.fielders[i])), fielder, TypeStep::body);
-  add(new_named_label(numbered("Label9", place), shown_caption(card.how_out[i])), bowler, TypeStep::body);
-  add(new_figure(numbered("Label2", place), shown(card.runs[i]), TextRole::strong), runs, TypeStep::strong);
-  auto* faced = new_figure(numbered("Label3", place), shown(card.balls_faced[i]), TextRole::muted);
+  add(new_named_label(numbered("fielder", place), shown_caption(card.fielders[i])), fielder, TypeStep::body);
+  add(new_named_label(numbered("how_out", place), shown_caption(card.how_out[i])), bowler, TypeStep::body);
+  add(new_figure(numbered("runs", place), shown(card.runs[i]), TextRole::strong), runs, TypeStep::strong);
+  auto* faced = new_figure(numbered("balls_faced", place), shown(card.balls_faced[i]), TextRole::muted);
   faced->setContentsMargins(0, 0, side_space, 0);
   add(faced, balls, TypeStep::body);
   grid_->setRowMinimumHeight(place, row_height);
@@ -158,11 +158,11 @@ void BattingCardView::add_rule(int row) {
 }
 
 void BattingCardView::add_totals(const batting_screen& card) {
-  auto* extras = new_named_label(QStringLiteral("Label14"), shown(card.extras_line));
+  auto* extras = new_named_label(QStringLiteral("extras_line"), shown(card.extras_line));
   extras->setContentsMargins(side_space, 0, 0, 0);
   grid_->addWidget(extras, 12, name, 1, 3);
   rows_.emplace_back(extras, TypeStep::body);
-  auto* sum = new_figure(QStringLiteral("Label13"), shown(card.extras_total), TextRole::strong);
+  auto* sum = new_figure(QStringLiteral("extras_total"), shown(card.extras_total), TextRole::strong);
   grid_->addWidget(sum, 12, runs);
   rows_.emplace_back(sum, TypeStep::strong);
   grid_->setRowMinimumHeight(12, row_height);
@@ -178,12 +178,12 @@ void BattingCardView::add_totals(const batting_screen& card) {
   auto* rate_caption = new_named_label(QStringLiteral("rate_caption"), QStringLiteral("Run rate"), TextRole::muted);
   rate_caption->setVisible(!card.run_rate.empty());
   rate->addWidget(rate_caption);
-  rate->addWidget(new_named_label(QStringLiteral("Label7"), shown(card.run_rate), TextRole::heading));
+  rate->addWidget(new_named_label(QStringLiteral("run_rate"), shown(card.run_rate), TextRole::heading));
   rate->addStretch(1);
   grid_->addLayout(rate, 15, name);
-  grid_->addWidget(new_figure(QStringLiteral("Label5"), shown(card.wickets_and_overs), TextRole::heading), 15, fielder,
-                   1, 2);
-  grid_->addWidget(new_figure(QStringLiteral("Label4"), shown(card.total), TextRole::score), 15, runs);
+  grid_->addWidget(new_figure(QStringLiteral("wickets_and_overs"), shown(card.wickets_and_overs), TextRole::heading),
+                   15, fielder, 1, 2);
+  grid_->addWidget(new_figure(QStringLiteral("total"), shown(card.total), TextRole::score), 15, runs);
 }
 
 void BattingCardView::resizeEvent(QResizeEvent* event) {

@@ -15,8 +15,8 @@ namespace velorin {
 
 struct batting_screen;
 
-/// A batting card on paper: a row for each of the eleven, the extras, the total. Its controls bear the screen's names:
-/// Command4_1 to Command4_11 and so on. Ctrl+C copies it as text, Ctrl+E saves it as CSV; the context menu offers the
+/// A batting card on paper: a row for each of the eleven, the extras, the total. The men's names are the buttons
+/// `batting_name_1` to `batting_name_11`. Ctrl+C copies it as text, Ctrl+E saves it as CSV; the context menu offers the
 /// same.
 class BattingCardView : public QFrame {
   Q_OBJECT

@@ -29,7 +29,7 @@ void ChartForm::set_pages(QWidget* chart, QWidget* table) {
   pages_->addWidget(table);
   body()->addWidget(pages_, 1);
   auto* toggle = new QPushButton;
-  toggle->setObjectName(QStringLiteral("ShowAsTable"));
+  toggle->setObjectName(QStringLiteral("show_as_table"));
   toggle->setAutoDefault(false);
   toggle->setCheckable(true);
   name_act(*toggle, {.caption = QStringLiteral("Show as Table"),

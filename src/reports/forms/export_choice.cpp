@@ -38,7 +38,7 @@ std::string_view caption_of(export_kind kind) {
 
 QString ask_for_file(const FileWish& wish, QWidget* window) {
   QFileDialog dialog(window, wish.title, wish.folder, wish.filter);
-  dialog.setObjectName(QStringLiteral("CommonDialog1"));
+  dialog.setObjectName(QStringLiteral("save_file"));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setDefaultSuffix(wish.ending);

@@ -17,7 +17,7 @@ FirstScorecardWindow::FirstScorecardWindow(front_end& user, const first_scorecar
     : Form(QStringLiteral("scorecard2"), Dismissal::closes, parent), form_(form), user_(user) {
   set_title(QStringLiteral("Scorecard - 1st Innings"), shown(form_.batting_side));
   set_subheading(shown(form_.ground));
-  name_head(*this, QStringLiteral("Label10"), QStringLiteral("Label12"));
+  name_head(*this, QStringLiteral("batting_side"), QStringLiteral("ground"));
   new_column(*this, widest_card)
       ->addWidget(new BattingCardView(form_,
                                       [this](int place) {
@@ -28,14 +28,14 @@ FirstScorecardWindow::FirstScorecardWindow(front_end& user, const first_scorecar
                                         focus_default();
                                       }),
                   1);
-  add_aside(new_report_button(QStringLiteral("Command2"),
+  add_aside(new_report_button(QStringLiteral("show_bowling"),
                               {.caption = shown(first_scorecard_form::bowling_caption), .mnemonic = u'B'},
                               [this] { form_.show_bowling(user_); }));
-  add_aside(new_report_button(QStringLiteral("Command3"),
+  add_aside(new_report_button(QStringLiteral("show_partnerships"),
                               {.caption = shown(first_scorecard_form::partnerships_caption), .mnemonic = u'P'},
                               [this] { form_.show_partnerships(user_); }));
   add_ok(*this);
-  findChild<QPushButton*>(QStringLiteral("Command1"))->setFocus();
+  findChild<QPushButton*>(QStringLiteral("accept"))->setFocus();
 }
 
 }  // namespace velorin

@@ -65,7 +65,7 @@ OverBarsView::OverBarsView(const overs_graph_form& form, QWidget* parent) : QWid
   }
   for (const int half : {0, 1}) {
     top_units_ = std::min(top_units_, form_.rate_line_heights[at(half)]);
-    captions_[at(half)] = new_named_label(QStringLiteral("Label6_%1").arg(half), shown(form_.captions[at(half)]),
+    captions_[at(half)] = new_named_label(QStringLiteral("caption_%1").arg(half), shown(form_.captions[at(half)]),
                                           TextRole::heading, this);
     captions_[at(half)]->setWordWrap(true);
   }

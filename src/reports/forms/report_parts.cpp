@@ -34,7 +34,7 @@ QPushButton* new_report_button(const QString& name, const Act& act, std::functio
 }
 
 void add_ok(Form& form) {
-  form.add_default_button(QStringLiteral("Command1"),
+  form.add_default_button(QStringLiteral("accept"),
                           {.caption = QStringLiteral("OK"), .mnemonic = u'O', .hint = QStringLiteral("Close")},
                           [&form] { form.accept(); });
 }

@@ -27,11 +27,11 @@ struct Report {
 };
 
 constexpr Report reports[] = {
-    {"Command3", scorecard_form::first_innings_caption, u'I', &scorecard_form::show_first_innings},
-    {"Command2", scorecard_form::bowling_caption, u'F', &scorecard_form::show_bowling},
-    {"Command5", scorecard_form::partnerships_caption, u'P', &scorecard_form::show_partnerships},
-    {"Command6", scorecard_form::overs_graph_caption, u'R', &scorecard_form::show_overs_graph},
-    {"Command10", scorecard_form::worm_graph_caption, u'S', &scorecard_form::show_worm_graph},
+    {"show_first_innings", scorecard_form::first_innings_caption, u'I', &scorecard_form::show_first_innings},
+    {"show_bowling", scorecard_form::bowling_caption, u'F', &scorecard_form::show_bowling},
+    {"show_partnerships", scorecard_form::partnerships_caption, u'P', &scorecard_form::show_partnerships},
+    {"show_overs_graph", scorecard_form::overs_graph_caption, u'R', &scorecard_form::show_overs_graph},
+    {"show_worm_graph", scorecard_form::worm_graph_caption, u'S', &scorecard_form::show_worm_graph},
 };
 
 struct Export {
@@ -43,9 +43,10 @@ struct Export {
 };
 
 constexpr Export exports[] = {
-    {"Command7", scorecard_form::html_caption, u'H', "Save the match as a page", export_kind::html},
-    {"Command8", scorecard_form::text_caption, u'T', "Save the match as plain text", export_kind::text},
-    {"Command9", scorecard_form::ball_by_ball_caption, u'B', "Save the match ball by ball", export_kind::ball_by_ball},
+    {"save_html", scorecard_form::html_caption, u'H', "Save the match as a page", export_kind::html},
+    {"save_text", scorecard_form::text_caption, u'T', "Save the match as plain text", export_kind::text},
+    {"save_ball_by_ball", scorecard_form::ball_by_ball_caption, u'B', "Save the match ball by ball",
+     export_kind::ball_by_ball},
 };
 
 }  // namespace
@@ -54,7 +55,7 @@ ScorecardWindow::ScorecardWindow(const match_play& play, const scorecard_form& f
     : Form(QStringLiteral("scorecard"), Dismissal::closes, parent), form_(form), chooser_(ask_for_file), play_(play) {
   set_title(QStringLiteral("Scorecard"), shown(form_.batting_side));
   set_subheading(shown(form_.ground));
-  name_head(*this, QStringLiteral("Label10"), QStringLiteral("Label12"));
+  name_head(*this, QStringLiteral("batting_side"), QStringLiteral("ground"));
   body()->setContentsMargins(24, 12, 24, 12);
   column_ = new_column(*this, widest_card);
   column_->addWidget(new BattingCardView(form_,
@@ -75,7 +76,7 @@ ScorecardWindow::ScorecardWindow(const match_play& play, const scorecard_form& f
   column_->addWidget(not_saved_);
   add_exports();
   add_ok(*this);
-  findChild<QPushButton*>(QStringLiteral("Command1"))->setFocus();
+  findChild<QPushButton*>(QStringLiteral("accept"))->setFocus();
 }
 
 void ScorecardWindow::add_reports() {
@@ -88,7 +89,7 @@ void ScorecardWindow::add_reports() {
     row->addWidget(button, 1);
   }
   column_->addLayout(row);
-  findChild<QPushButton*>(QStringLiteral("Command3"))->setEnabled(form_.first_innings_enabled);
+  findChild<QPushButton*>(QStringLiteral("show_first_innings"))->setEnabled(form_.first_innings_enabled);
 }
 
 void ScorecardWindow::add_exports() {

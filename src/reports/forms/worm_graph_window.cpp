@@ -86,10 +86,11 @@ WormGraphWindow::WormGraphWindow(const worm_graph_form& form, QWidget* parent)
   show_picture();
   auto* sides = new QHBoxLayout;
   sides->setSpacing(16);
-  sides->addWidget(new_side(0, QStringLiteral("Label9"), form.first_side, QStringLiteral("Label3"), form.first_score),
-                   1);
   sides->addWidget(
-      new_side(1, QStringLiteral("Label10"), form.second_side, QStringLiteral("Label4"), form.second_score), 1);
+      new_side(0, QStringLiteral("first_side"), form.first_side, QStringLiteral("first_score"), form.first_score), 1);
+  sides->addWidget(
+      new_side(1, QStringLiteral("second_side"), form.second_side, QStringLiteral("second_score"), form.second_score),
+      1);
   body()->addLayout(sides);
   auto* note = new_named_label(QStringLiteral("old_rows"), QString::fromLatin1(old_rows), TextRole::muted);
   note->setVisible(form.has_old_rows());

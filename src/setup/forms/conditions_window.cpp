@@ -26,7 +26,7 @@ QColor sky(const sky_color& channels) {
 class Sky : public QWidget {
  public:
   explicit Sky(const conditions_form& form) : form_(form) {
-    setObjectName(QStringLiteral("Picture1"));
+    setObjectName(QStringLiteral("sky"));
     setMinimumHeight(120);
     give_role(*this, QAccessible::Graphic);
     setAccessibleName(QStringLiteral("The sky"));
@@ -54,10 +54,10 @@ struct Condition {
 };
 
 constexpr Condition conditions[] = {
-    {"Weather", u'W', "HScroll1", "Label1", &conditions_form::weather, &conditions_form::weather_words},
-    {"Pitch", u'P', "HScroll2", "Label2", &conditions_form::pitch_surface, &conditions_form::pitch_words},
-    {"Bounce", u'B', "HScroll3", "Label3", &conditions_form::pitch_bounce, &conditions_form::bounce_words},
-    {"Outfield", u'F', "HScroll4", "Label4", &conditions_form::outfield, &conditions_form::outfield_words},
+    {"Weather", u'W', "weather", "weather_words", &conditions_form::weather, &conditions_form::weather_words},
+    {"Pitch", u'P', "pitch_surface", "pitch_words", &conditions_form::pitch_surface, &conditions_form::pitch_words},
+    {"Bounce", u'B', "pitch_bounce", "bounce_words", &conditions_form::pitch_bounce, &conditions_form::bounce_words},
+    {"Outfield", u'F', "outfield", "outfield_words", &conditions_form::outfield, &conditions_form::outfield_words},
 };
 
 }  // namespace
@@ -65,7 +65,7 @@ constexpr Condition conditions[] = {
 ConditionsWindow::ConditionsWindow(conditions_form& form, QWidget* parent)
     : Form(QStringLiteral("wecond"), Dismissal::refused, parent), form_(form) {
   set_title(shown(form.headline()), shown(form.headline()));
-  name_heading(QStringLiteral("Label8"));
+  name_heading(QStringLiteral("headline"));
   body()->addWidget(new Sky(form_), 1);
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(24);
@@ -85,8 +85,9 @@ ConditionsWindow::ConditionsWindow(conditions_form& form, QWidget* parent)
     ++row;
   }
   body()->addLayout(grid);
-  body()->addWidget(new_named_label(QStringLiteral("Label5"), shown(form_.temperature_line()), TextRole::muted));
-  add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
+  body()->addWidget(
+      new_named_label(QStringLiteral("temperature_line"), shown(form_.temperature_line()), TextRole::muted));
+  add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
     form_.accept();
     if (form_.closed) accept();
   });

@@ -24,21 +24,21 @@ namespace velorin {
 
 namespace {
 
-/// "CPU" and "Human", one of which is chosen.
-QHBoxLayout* new_captains(const char* name, const QString& team, bool& cpu, QWidget* parent) {
+/// "CPU" and "Human", one of which is chosen: the options `side`_computer and `side`_human.
+QHBoxLayout* new_captains(const char* side, const QString& team, bool& cpu, QWidget* parent) {
   auto* row = new QHBoxLayout;
   row->setSpacing(16);
   auto* group = new QButtonGroup(parent);
-  const auto add = [&](int index, const char* caption) {
+  const auto add = [&](const char* captain, const char* caption) {
     auto* option = new QRadioButton(QString::fromLatin1(caption));
-    option->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(index));
+    option->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(side), QLatin1String(captain)));
     option->setAccessibleName(QStringLiteral("%1: %2").arg(team, QString::fromLatin1(caption)));
     group->addButton(option);
     row->addWidget(option);
     return option;
   };
-  QRadioButton* computer = add(0, "CPU");
-  QRadioButton* human = add(1, "Human");
+  QRadioButton* computer = add("computer", "CPU");
+  QRadioButton* human = add("human", "Human");
   (cpu ? computer : human)->setChecked(true);
   QObject::connect(computer, &QRadioButton::toggled, parent, [&cpu](bool on) { cpu = on; });
   row->addStretch(1);
@@ -56,22 +56,23 @@ NewMatchWindow::NewMatchWindow(match_state& match, new_match_form& form, QWidget
   set_title(QStringLiteral("New Match"), QStringLiteral("New Match"));
   auto* teams = new QHBoxLayout;
   teams->setSpacing(16);
-  const auto add_team = [&](const char* caption, char16_t mnemonic, QComboBox* list, const char* options, bool& cpu) {
+  const auto add_team = [&](const char* caption, char16_t mnemonic, QComboBox* list, const char* side, bool& cpu) {
     QFrame* card = new_card();
     QLabel* heading = new_caption(QString::fromLatin1(caption), mnemonic, list);
     card_rows(card)->addWidget(heading);
     card_rows(card)->addWidget(list);
-    card_rows(card)->addLayout(new_captains(options, spoken_name(QString::fromLatin1(caption)), cpu, card));
+    card_rows(card)->addLayout(new_captains(side, spoken_name(QString::fromLatin1(caption)), cpu, card));
     teams->addWidget(card, 1);
   };
-  add_team(" First Team ", u'F', new_team_list("Combo1", form.first_team_index, &new_match_form::choose_first_team),
-           "Option1", form.computer_captains_first);
+  add_team(" First Team ", u'F', new_team_list("first_team", form.first_team_index, &new_match_form::choose_first_team),
+           "first", form.computer_captains_first);
   teams->addWidget(new_label(QStringLiteral("vs"), TextRole::heading));
-  add_team(" Second Team ", u'S', new_team_list("Combo2", form.second_team_index, &new_match_form::choose_second_team),
-           "Option3", form.computer_captains_second);
+  add_team(" Second Team ", u'S',
+           new_team_list("second_team", form.second_team_index, &new_match_form::choose_second_team), "second",
+           form.computer_captains_second);
   body()->addLayout(teams);
 
-  grounds_->setObjectName(QStringLiteral("Combo3"));
+  grounds_->setObjectName(QStringLiteral("grounds"));
   grounds_->setMinimumWidth(320);
   auto* place = new QHBoxLayout;
   place->setSpacing(16);
@@ -91,9 +92,9 @@ NewMatchWindow::NewMatchWindow(match_state& match, new_match_form& form, QWidget
 
   wanted_ = new_named_label(QStringLiteral("wanted"), {}, TextRole::muted);
   add_beside_buttons(wanted_);
-  ok_ = add_default_button(QStringLiteral("Command1"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
+  ok_ = add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
                            [this] { play(); });
-  add_button(QStringLiteral("Command2"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
+  add_button(QStringLiteral("cancel"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
   on_dismiss([this] {
     form_.cancel();
     done(Rejected);

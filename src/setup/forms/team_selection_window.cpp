@@ -28,11 +28,11 @@ struct Column {
 };
 
 constexpr Column columns[] = {
-    {"Bat Type", "Label2", &team_selection_form::batting_type, false},
-    {"Bat Skill", "Label3", &team_selection_form::batting_skill, true},
-    {"Bowler type", "Label4", &team_selection_form::bowling_type, false},
-    {"Bowl SR", "Label5", &team_selection_form::balls_per_wicket, true},
-    {"Econ.", "Label6", &team_selection_form::economy, true},
+    {"Bat Type", "batting_type", &team_selection_form::batting_type, false},
+    {"Bat Skill", "batting_skill", &team_selection_form::batting_skill, true},
+    {"Bowler type", "bowling_type", &team_selection_form::bowling_type, false},
+    {"Bowl SR", "balls_per_wicket", &team_selection_form::balls_per_wicket, true},
+    {"Econ.", "economy", &team_selection_form::economy, true},
 };
 
 }  // namespace
@@ -63,7 +63,7 @@ TeamSelectionWindow::TeamSelectionWindow(const match_state& match, team_selectio
 void TeamSelectionWindow::add_row(BandedGrid& grid, int place) {
   const bool visible = form_.row_visible(place);
   auto* box = new QCheckBox(button_text(shown(form_.man(place).name)));
-  box->setObjectName(QStringLiteral("Check1_%1").arg(place));
+  box->setObjectName(QStringLiteral("man_%1").arg(place));
   QStringList spoken{shown(form_.man(place).name)};
   grid.add(place, 0, box);
   box->setVisible(visible);
@@ -88,23 +88,26 @@ void TeamSelectionWindow::add_row(BandedGrid& grid, int place) {
 
 void TeamSelectionWindow::add_acts() {
   add_aside(counter_);
-  add_button(QStringLiteral("Command3"), {.caption = QStringLiteral("Auto Select"), .mnemonic = u'A'}, [this] {
+  add_button(QStringLiteral("auto_select"), {.caption = QStringLiteral("Auto Select"), .mnemonic = u'A'}, [this] {
     form_.auto_select();
     show_ticks();
   });
-  add_button(QStringLiteral("Command4"), {.caption = QStringLiteral("Clear Selection"), .mnemonic = u'C'}, [this] {
-    form_.clear_selection();
-    show_ticks();
-  });
-  add_button(QStringLiteral("Command5_0"), {.caption = QStringLiteral("Career Bat Avgs."), .mnemonic = u'B'},
+  add_button(QStringLiteral("clear_selection"), {.caption = QStringLiteral("Clear Selection"), .mnemonic = u'C'},
+             [this] {
+               form_.clear_selection();
+               show_ticks();
+             });
+  add_button(QStringLiteral("career_batting_averages"),
+             {.caption = QStringLiteral("Career Bat Avgs."), .mnemonic = u'B'},
              [this] { form_.show_career_averages(0); });
-  add_button(QStringLiteral("Command5_1"), {.caption = QStringLiteral("Career Bowl Avgs."), .mnemonic = u'w'},
+  add_button(QStringLiteral("career_bowling_averages"),
+             {.caption = QStringLiteral("Career Bowl Avgs."), .mnemonic = u'w'},
              [this] { form_.show_career_averages(1); });
   const Act ok{
       .caption = QStringLiteral("OK"), .mnemonic = u'O', .hint = QStringLiteral("Takes the eleven men ticked")};
   const bool second = match_.first_team_done;
-  for (const char* name : {"Command1", "Command2"}) {
-    const bool offered = second == (name == std::string_view("Command2"));
+  for (const char* name : {"accept_first_team", "accept_second_team"}) {
+    const bool offered = second == (name == std::string_view("accept_second_team"));
     QPushButton* button = offered ? add_default_button(QString::fromLatin1(name), ok, [this] { confirm(); })
                                   : add_button(QString::fromLatin1(name), ok, [this] { confirm(); });
     button->setVisible(offered);

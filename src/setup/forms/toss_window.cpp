@@ -57,14 +57,14 @@ class Coin : public QWidget {
 TossWindow::TossWindow(toss_form& form, QWidget* parent)
     : Form(QStringLiteral("toss"), Dismissal::refused, parent), form_(form) {
   limit_body(800);
-  name_heading(QStringLiteral("Label1"));
+  name_heading(QStringLiteral("headline"));
   QFrame* card = new_card();
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(24);
   grid->setVerticalSpacing(8);
   grid->setColumnStretch(1, 1);
-  deciding_ = new_named_label(QStringLiteral("Label2"), {}, TextRole::heading);
-  other_ = new_named_label(QStringLiteral("Label3"), {}, TextRole::heading);
+  deciding_ = new_named_label(QStringLiteral("deciding_line"), {}, TextRole::heading);
+  other_ = new_named_label(QStringLiteral("other_line"), {}, TextRole::heading);
   grid->addWidget(new_label(QStringLiteral("To bat or to bowl"), TextRole::muted), 0, 0);
   grid->addWidget(deciding_, 0, 1);
   grid->addWidget(new_label(QStringLiteral("The other side"), TextRole::muted), 1, 0);
@@ -77,10 +77,10 @@ TossWindow::TossWindow(toss_form& form, QWidget* parent)
   body()->addStretch(1);
   body()->addWidget(stages_);
   body()->addStretch(1);
-  heads_ = add_choice("Command1_0", "Heads", u'H', [this] { form_.call_coin(0); });
-  tails_ = add_choice("Command1_1", "Tails", u'T', [this] { form_.call_coin(1); });
-  bat_ = add_choice("Command2", "Bat", u'B', [this] { form_.choose_to_bat(); });
-  bowl_ = add_choice("Command3", "Bowl", u'w', [this] { form_.choose_to_bowl(); });
+  heads_ = add_choice("heads", "Heads", u'H', [this] { form_.call_coin(0); });
+  tails_ = add_choice("tails", "Tails", u'T', [this] { form_.call_coin(1); });
+  bat_ = add_choice("bat", "Bat", u'B', [this] { form_.choose_to_bat(); });
+  bowl_ = add_choice("bowl", "Bowl", u'w', [this] { form_.choose_to_bowl(); });
   show_stage();
   let_leave(*this, form_);
 }

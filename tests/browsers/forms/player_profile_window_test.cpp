@@ -65,11 +65,11 @@ TEST_F(PlayerProfileWindowTest, ShowsNothingOfAnEmptyDatabase) {
   take_picture(window, "sqdet_empty");
   check_window_at_sizes(window);
   EXPECT_EQ(window.windowTitle(), "Player Profiles");
-  EXPECT_EQ(control<QComboBox>(window, "Combo1")->count(), 0);
-  EXPECT_EQ(control<QComboBox>(window, "Combo2")->count(), 0);
+  EXPECT_EQ(control<QComboBox>(window, "teams")->count(), 0);
+  EXPECT_EQ(control<QComboBox>(window, "players")->count(), 0);
   EXPECT_EQ(control<QLabel>(window, "nobody")->text(), "No records yet");
   EXPECT_TRUE(control<QLabel>(window, "nobody")->isVisible());
-  EXPECT_FALSE(control<PhotoView>(window, "Image2")->isVisible());
+  EXPECT_FALSE(control<PhotoView>(window, "photo")->isVisible());
 }
 
 TEST_F(PlayerProfileWindowTest, ShowsTheChosenPlayer) {
@@ -77,28 +77,28 @@ TEST_F(PlayerProfileWindowTest, ShowsTheChosenPlayer) {
   form.open();
   PlayerProfileWindow window(form);
   window.show();
-  EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentIndex(), -1);
+  EXPECT_EQ(control<QComboBox>(window, "teams")->currentIndex(), -1);
   EXPECT_TRUE(control<QLabel>(window, "nobody")->isVisible());
   check_window_at_sizes(window);
-  choose(window, "Combo1", 1);
+  choose(window, "teams", 1);
   EXPECT_EQ(form.chosen_team, 1);
-  ASSERT_EQ(control<QComboBox>(window, "Combo2")->count(), static_cast<int>(form.players.size()));
-  EXPECT_EQ(control<QComboBox>(window, "Combo2")->currentIndex(), -1);
+  ASSERT_EQ(control<QComboBox>(window, "players")->count(), static_cast<int>(form.players.size()));
+  EXPECT_EQ(control<QComboBox>(window, "players")->currentIndex(), -1);
   EXPECT_TRUE(control<QLabel>(window, "nobody")->isVisible());
-  choose(window, "Combo2", 8);
+  choose(window, "players", 8);
   EXPECT_FALSE(control<QLabel>(window, "nobody")->isVisible());
   take_picture(window, "sqdet_season");
   check_window_at_sizes(window);
   check_figures(window);
   const QString bowler = control<QLabel>(window, "person_1")->text();
   EXPECT_EQ(bowler, shown(form.players[8]));
-  choose(window, "Combo1", 2);
-  EXPECT_EQ(control<QComboBox>(window, "Combo2")->currentIndex(), -1);
+  choose(window, "teams", 2);
+  EXPECT_EQ(control<QComboBox>(window, "players")->currentIndex(), -1);
   EXPECT_EQ(control<QLabel>(window, "person_1")->text(), bowler) << "stays until another is chosen";
-  choose(window, "Combo2", 0);
+  choose(window, "players", 0);
   check_figures(window);
   EXPECT_NE(control<QLabel>(window, "person_1")->text(), bowler);
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_TRUE(form.closed);
   EXPECT_FALSE(window.isVisible());
 }
@@ -116,8 +116,8 @@ TEST_F(PlayerProfileWindowTest, IsCopiedAsATable) {
   QApplication::clipboard()->setText("as before");
   QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text(), "as before") << "nobody is chosen";
-  choose(window, "Combo1", 0);
-  choose(window, "Combo2", 0);
+  choose(window, "teams", 0);
+  choose(window, "players", 0);
   QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
   const QStringList lines = QApplication::clipboard()->text().split(QLatin1Char('\n'));
   EXPECT_EQ(lines.size(), static_cast<qsizetype>(2 + form.person.size() + form.batting.size() + form.bowling.size() +
@@ -133,9 +133,9 @@ TEST_F(PlayerProfileWindowTest, ChoosesByTheKeyboard) {
   form.open();
   PlayerProfileWindow window(form);
   window.show();
-  QTest::keyClick(control<QComboBox>(window, "Combo1"), Qt::Key_Down);
-  QTest::keyClick(control<QComboBox>(window, "Combo2"), Qt::Key_Down);
-  QTest::keyClick(control<QComboBox>(window, "Combo2"), Qt::Key_Down);
+  QTest::keyClick(control<QComboBox>(window, "teams"), Qt::Key_Down);
+  QTest::keyClick(control<QComboBox>(window, "players"), Qt::Key_Down);
+  QTest::keyClick(control<QComboBox>(window, "players"), Qt::Key_Down);
   EXPECT_EQ(form.chosen_team, 0);
   EXPECT_EQ(form.chosen_player, 1);
   check_figures(window);
@@ -152,10 +152,10 @@ TEST_F(PlayerProfileWindowTest, IsLockedOnOnePlayer) {
   take_picture(window, "sqdet_locked");
   check_window_at_sizes(window);
   check_figures(window);
-  EXPECT_FALSE(control<QComboBox>(window, "Combo1")->isEnabled());
-  EXPECT_FALSE(control<QComboBox>(window, "Combo2")->isEnabled());
-  EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentText(), shown(list.teams[0]));
-  EXPECT_EQ(control<QComboBox>(window, "Combo2")->currentText(), shown(list.players[3]));
+  EXPECT_FALSE(control<QComboBox>(window, "teams")->isEnabled());
+  EXPECT_FALSE(control<QComboBox>(window, "players")->isEnabled());
+  EXPECT_EQ(control<QComboBox>(window, "teams")->currentText(), shown(list.teams[0]));
+  EXPECT_EQ(control<QComboBox>(window, "players")->currentText(), shown(list.players[3]));
   window.reject();
   EXPECT_TRUE(form.closed);
   EXPECT_FALSE(window.isVisible());
@@ -178,17 +178,17 @@ TEST_F(PlayerProfileWindowTest, ShowsThePhotoOrTheWordsInItsPlace) {
   form.open();
   PlayerProfileWindow window(form);
   window.show();
-  choose(window, "Combo1", 0);
-  choose(window, "Combo2", 0);
+  choose(window, "teams", 0);
+  choose(window, "players", 0);
   take_picture(window, "sqdet_photo");
   check_window_at_sizes(window);
   check_figures(window);
-  EXPECT_TRUE(control<PhotoView>(window, "Image2")->has_photo());
-  EXPECT_EQ(control<PhotoView>(window, "Image2")->accessibleName(), "Photo of A.B.Longsurname-Wetherby");
-  choose(window, "Combo2", 1);
+  EXPECT_TRUE(control<PhotoView>(window, "photo")->has_photo());
+  EXPECT_EQ(control<PhotoView>(window, "photo")->accessibleName(), "Photo of A.B.Longsurname-Wetherby");
+  choose(window, "players", 1);
   EXPECT_TRUE(form.no_photo_visible);
-  EXPECT_FALSE(control<PhotoView>(window, "Image2")->has_photo());
-  EXPECT_EQ(control<PhotoView>(window, "Image2")->accessibleName(), "No Pic Available");
+  EXPECT_FALSE(control<PhotoView>(window, "photo")->has_photo());
+  EXPECT_EQ(control<PhotoView>(window, "photo")->accessibleName(), "No Pic Available");
 }
 
 }  // namespace

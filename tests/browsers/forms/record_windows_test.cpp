@@ -83,7 +83,7 @@ class RecordWindows : public BrowserTest {
       EXPECT_EQ(empty->text(), "No records yet");
     }
     check_columns(window);
-    press(window, "Command1");
+    press(window, "accept");
     EXPECT_TRUE(opened.form.closed);
     EXPECT_FALSE(window.isVisible());
   }
@@ -170,7 +170,7 @@ TEST_F(RecordWindows, OpenTheProfileOfTheManInTheRow) {
   auto* table = control<TableView>(*players.window, "table");
   control<QPushButton>(*players.window, "profile")->setFocus();
   press(*players.window, "profile");
-  EXPECT_EQ(players.window->focusWidget(), control<QPushButton>(*players.window, "Command1")) << "Return closes";
+  EXPECT_EQ(players.window->focusWidget(), control<QPushButton>(*players.window, "accept")) << "Return closes";
   QTest::keyClick(table, Qt::Key_Down);
   QTest::keyClick(table, Qt::Key_Return);
   QTest::keyClick(table, Qt::Key_Down);

@@ -53,7 +53,7 @@ TEST_F(TeamRecordsWindowTest, ShowsNothingOfAnEmptyDatabase) {
   take_picture(window, "teamdet_empty");
   check_window_at_sizes(window);
   EXPECT_EQ(window.windowTitle(), "Team Records - ");
-  EXPECT_EQ(control<QComboBox>(window, "Combo1")->count(), 0);
+  EXPECT_EQ(control<QComboBox>(window, "teams")->count(), 0);
   EXPECT_EQ(control<QLabel>(window, "empty")->text(), "No records yet");
   check_contents(window);
 }
@@ -65,7 +65,7 @@ TEST_F(TeamRecordsWindowTest, ShowsTheChosenTeam) {
   window.show();
   check_contents(window);
   EXPECT_EQ(window.findChild<QLabel*>("empty"), nullptr);
-  auto* list = control<QComboBox>(window, "Combo1");
+  auto* list = control<QComboBox>(window, "teams");
   ASSERT_EQ(list->count(), 4);
   EXPECT_EQ(list->currentIndex(), -1);
   for (int team = 0; team < 4; ++team) {
@@ -76,7 +76,7 @@ TEST_F(TeamRecordsWindowTest, ShowsTheChosenTeam) {
     check_window_at_sizes(window);
   }
   take_picture(window, "teamdet_season");
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_TRUE(form.closed);
   EXPECT_FALSE(window.isVisible());
 }
@@ -94,7 +94,7 @@ TEST_F(TeamRecordsWindowTest, OpensTheProfilesOfItsMen) {
   TeamRecordsWindow window(user_in_use(), data, form);
   window.show();
   EXPECT_FALSE(control<QPushButton>(window, "profile")->isEnabled()) << "no team is chosen";
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  control<QComboBox>(window, "teams")->setCurrentIndex(0);
   auto* records = control<TableView>(window, "individual");
   QTest::keyClick(records, Qt::Key_Return);
   QTest::keyClick(records, Qt::Key_Down);
@@ -114,7 +114,7 @@ TEST_F(TeamRecordsWindowTest, WithoutCareersNamesNobody) {
   form.open();
   TeamRecordsWindow window(user_in_use(), data, form);
   window.show();
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  control<QComboBox>(window, "teams")->setCurrentIndex(0);
   EXPECT_FALSE(control<QPushButton>(window, "profile")->isEnabled());
   QTest::keyClick(control<TableView>(window, "individual"), Qt::Key_Return);
   EXPECT_TRUE(user_.profiles.empty());
@@ -126,7 +126,7 @@ TEST_F(TeamRecordsWindowTest, ShowsWhatIsNotAvailable) {
   form.open();
   TeamRecordsWindow window(user_in_use(), data, form);
   window.show();
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(1);
+  control<QComboBox>(window, "teams")->setCurrentIndex(1);
   take_picture(window, "teamdet_one");
   check_contents(window);
   check_window_at_sizes(window);
@@ -145,7 +145,7 @@ TEST_F(TeamRecordsWindowTest, HoldsLongNames) {
   form.open();
   TeamRecordsWindow window(user_in_use(), data, form);
   window.show();
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  control<QComboBox>(window, "teams")->setCurrentIndex(0);
   take_picture(window, "teamdet_long");
   check_contents(window);
   check_window_at_sizes(window);

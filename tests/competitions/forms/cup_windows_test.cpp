@@ -45,9 +45,9 @@ class CupWindows : public CupTest {
     check_rows(window, form);
     const bool quits = static_cast<int>(lists_.size()) == quit_at;
     if (quits) {
-      press_and_answer(window, "Command3", "quit_question", "Yes");
+      press_and_answer(window, "quit", "quit_question", "yes");
     } else {
-      press(window, "Command1");
+      press(window, "accept");
     }
     EXPECT_TRUE(form.closed);
     EXPECT_EQ(world_cup.quit_requested, quits);
@@ -64,11 +64,11 @@ class CupWindows : public CupTest {
     check_table(window, "group_a", form.group_a);
     check_table(window, "group_b", form.group_b);
     check_table(window, "super_six", form.super_six);
-    EXPECT_EQ(control<QLabel>(window, "Label1_22")->text(), shown(form.first_semi_final));
-    EXPECT_EQ(control<QLabel>(window, "Label1_23")->text(), shown(form.second_semi_final));
-    EXPECT_EQ(control<QLabel>(window, "Label1_24")->text(), shown(form.grand_final));
-    EXPECT_EQ(control<QLabel>(window, "Label8")->text(), shown(form.winners_line));
-    press(window, "Command1");
+    EXPECT_EQ(control<QLabel>(window, "first_semi_final")->text(), shown(form.first_semi_final));
+    EXPECT_EQ(control<QLabel>(window, "second_semi_final")->text(), shown(form.second_semi_final));
+    EXPECT_EQ(control<QLabel>(window, "grand_final")->text(), shown(form.grand_final));
+    EXPECT_EQ(control<QLabel>(window, "winners_line")->text(), shown(form.winners_line));
+    press(window, "accept");
     EXPECT_TRUE(form.closed);
     EXPECT_FALSE(window.isVisible());
   }
@@ -114,8 +114,8 @@ class CupWindows : public CupTest {
       check(r, "Match Result", row.result, CellLook::red);
       EXPECT_EQ(table.rows[r].marked, row.is_next);
     }
-    EXPECT_EQ(control<QScrollBar>(window, "VScroll1")->value(), form.scroll);
-    EXPECT_EQ(control<QScrollBar>(window, "VScroll1")->maximum(), form.scroll_maximum);
+    EXPECT_EQ(control<QScrollBar>(window, "scroll")->value(), form.scroll);
+    EXPECT_EQ(control<QScrollBar>(window, "scroll")->maximum(), form.scroll_maximum);
   }
 
   std::vector<std::string> lists_;
@@ -153,13 +153,13 @@ TEST_F(CupWindows, OpenTheTablesOverTheList) {
     WorldCupFixturesWindow window(world_cup, form);
     window.show();
     user_.on_world_cup_tables.push_back([this](world_cup_tables_form& tables) { show_tables(tables); });
-    press(window, "Command2");
+    press(window, "open_tables");
     EXPECT_TRUE(window.isVisible());
     EXPECT_FALSE(form.closed);
-    press_and_answer(window, "Command3", "quit_question", "No");
+    press_and_answer(window, "quit", "quit_question", "no");
     EXPECT_TRUE(window.isVisible());
     EXPECT_FALSE(form.closed) << "the question comes first";
-    press_and_answer(window, "Command3", "quit_question", "Yes");
+    press_and_answer(window, "quit", "quit_question", "yes");
     EXPECT_TRUE(form.closed);
   };
   form_.accept();
@@ -187,7 +187,7 @@ TEST_F(CupWindows, TheListScrolls) {
   form.open();
   WorldCupFixturesWindow window(world_cup, form);
   window.show();
-  auto* scroll = control<QScrollBar>(window, "VScroll1");
+  auto* scroll = control<QScrollBar>(window, "scroll");
   auto* list = control<TableView>(window, "fixtures");
   EXPECT_EQ(form.scroll_maximum, 11);
   EXPECT_TRUE(scroll->isVisible());
@@ -406,7 +406,7 @@ TEST_F(CupWindows, TheListOfTheSuperSixNamesHumanSides) {
       EXPECT_EQ(row.cells[column(table, "Captain of Team A")].text, human ? "Human" : "") << team.toStdString();
       captains.push_back(row.cells[0].text.left(5).toStdString());
     }
-    press_and_answer(window, "Command3", "quit_question", "Yes");
+    press_and_answer(window, "quit", "quit_question", "yes");
   });
   form_.accept();
   EXPECT_THAT(captains, Contains("Gr SS").Times(9));
@@ -421,7 +421,7 @@ TEST_F(CupWindows, TheTablesAreClosedByEscape) {
   window.show();
   check_window_at_sizes(window);
   check_table(window, "super_six", {});
-  EXPECT_EQ(control<QLabel>(window, "Label8")->text(), "World Cup winners : ");
+  EXPECT_EQ(control<QLabel>(window, "winners_line")->text(), "World Cup winners : ");
   window.reject();
   EXPECT_TRUE(form.closed);
   EXPECT_FALSE(window.isVisible());
@@ -435,7 +435,7 @@ TEST_F(CupWindows, AnEmptyTournamentHasAnEmptyList) {
   check_window_at_sizes(window);
   check_rows(window, form);
   EXPECT_FALSE(control<QLabel>(window, "subheading")->isVisible());
-  EXPECT_EQ(control<QScrollBar>(window, "VScroll1")->maximum(), 1);
+  EXPECT_EQ(control<QScrollBar>(window, "scroll")->maximum(), 1);
 }
 
 }  // namespace

@@ -44,20 +44,20 @@ class ResultsWindows : public CompetitionTest {
     take_picture(window, ("sri_result_" + std::to_string(shown_)).c_str());
     check_window_at_sizes(window);
     EXPECT_EQ(window.windowTitle(), shown(form.heading));
-    EXPECT_EQ(control<QLabel>(window, "Label4_1")->text(), shown(form.heading));
-    EXPECT_EQ(control<QLabel>(window, "Label4_0")->text(), shown(form.standing_line));
+    EXPECT_EQ(control<QLabel>(window, "heading")->text(), shown(form.heading));
+    EXPECT_EQ(control<QLabel>(window, "standing_line")->text(), shown(form.standing_line));
     const Table& table = control<TableView>(window, "results")->table();
     ASSERT_EQ(table.rows.size(), form.rows.size());
     for (std::size_t i = 0; i < form.rows.size(); ++i) {
       EXPECT_EQ(table.rows[i].cells[0].text, shown(form.rows[i].match_and_ground));
       EXPECT_EQ(table.rows[i].cells[1].text, shown(form.rows[i].result));
     }
-    last_line_ = control<QLabel>(window, "Label4_0")->text();
+    last_line_ = control<QLabel>(window, "standing_line")->text();
     last_rows_ = static_cast<int>(table.rows.size());
     if (escape_) {
       window.reject();
     } else {
-      press(window, "Command1");
+      press(window, "accept");
     }
     EXPECT_TRUE(form.closed);
     EXPECT_FALSE(window.isVisible());
@@ -70,9 +70,9 @@ class ResultsWindows : public CompetitionTest {
     take_picture(window, ("triserresult_" + std::to_string(shown_)).c_str());
     check_window_at_sizes(window);
     EXPECT_EQ(window.windowTitle(), shown(form.title));
-    EXPECT_EQ(control<QLabel>(window, "Label4_1")->text(), shown(form.heading));
-    EXPECT_EQ(control<QLabel>(window, "Label5_0")->text(), shown(form.final_line));
-    EXPECT_EQ(control<QLabel>(window, "Label5_1")->text(), shown(form.final_result));
+    EXPECT_EQ(control<QLabel>(window, "heading")->text(), shown(form.heading));
+    EXPECT_EQ(control<QLabel>(window, "final_line")->text(), shown(form.final_line));
+    EXPECT_EQ(control<QLabel>(window, "final_result")->text(), shown(form.final_result));
     const Table& table = control<TableView>(window, "table")->table();
     const QStringList headings = {"Team", "Played", "Won", "Lost", "Tied", "Pts", "Net RR"};
     ASSERT_EQ(table.columns.size(), 7U);
@@ -82,8 +82,8 @@ class ResultsWindows : public CompetitionTest {
       EXPECT_EQ(table.columns[c].numbers, c > 0);
       for (std::size_t r = 0; r < 3; ++r) EXPECT_EQ(table.rows[r].cells[c].text, shown(form.rows[r][c]));
     }
-    last_line_ = control<QLabel>(window, "Label5_1")->text();
-    press(window, "Command1");
+    last_line_ = control<QLabel>(window, "final_result")->text();
+    press(window, "accept");
     EXPECT_TRUE(form.closed);
     EXPECT_FALSE(window.isVisible());
   }

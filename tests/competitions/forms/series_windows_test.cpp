@@ -35,18 +35,18 @@ void check_refusal(const QWidget& window, const QString& typed, const QString& m
   Robot robot;
   robot.next("message", [&](QWidget& message) {
     EXPECT_EQ(control<QLabel>(message, "text")->text(), "Type a whole number from 1 to " + most + ".");
-    press(message, "OK");
+    press(message, "accept");
   });
-  control<QLineEdit>(window, "Text1")->setText(typed);
-  press(window, "Command1");
+  window.findChild<NumberField*>()->text()->setText(typed);
+  press(window, "accept");
   EXPECT_EQ(robot.left(), 0);
   EXPECT_TRUE(window.isVisible());
 }
 
 /// The stepper, its arrows and the arrow keys of the box.
 void check_stepper(const QWidget& window, int most, const std::string& text) {
-  auto* stepper = control<Stepper>(window, "VScroll1");
-  auto* box = control<QLineEdit>(window, "Text1");
+  auto* stepper = window.findChild<Stepper*>();
+  auto* box = window.findChild<NumberField*>()->text();
   EXPECT_EQ(box->text(), "1");
   EXPECT_EQ(text, "1");
   EXPECT_EQ(stepper->minimum(), 1);
@@ -89,12 +89,12 @@ TEST_F(SeriesWindows, TheSeriesShowsItsForm) {
   take_picture(window, "series1");
   check_window_at_sizes(window);
   EXPECT_EQ(window.objectName(), "series1");
-  EXPECT_EQ(control<QComboBox>(window, "Combo1")->count(), 4);
-  EXPECT_EQ(chosen(window, "Combo1"), "Brava");
-  EXPECT_EQ(chosen(window, "Combo2"), "Corrin");
-  EXPECT_EQ(chosen(window, "Combo3"), "Brava Park");
-  EXPECT_TRUE(control<QRadioButton>(window, "Option1_0")->isChecked());
-  EXPECT_TRUE(control<QRadioButton>(window, "Option3_0")->isChecked());
+  EXPECT_EQ(control<QComboBox>(window, "home_team")->count(), 4);
+  EXPECT_EQ(chosen(window, "home_team"), "Brava");
+  EXPECT_EQ(chosen(window, "away_team"), "Corrin");
+  EXPECT_EQ(chosen(window, "grounds"), "Brava Park");
+  EXPECT_TRUE(control<QRadioButton>(window, "home_computer")->isChecked());
+  EXPECT_TRUE(control<QRadioButton>(window, "away_computer")->isChecked());
   EXPECT_FALSE(control<QCheckBox>(window, "play_without_stopping")->isChecked());
 }
 
@@ -103,19 +103,19 @@ TEST_F(SeriesWindows, TheSeriesFollowsItsUser) {
   form.open();
   SeriesWindow window(match, data, form);
   window.show();
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(3);
+  control<QComboBox>(window, "home_team")->setCurrentIndex(3);
   EXPECT_EQ(form.home_team_index, 3);
-  EXPECT_EQ(chosen(window, "Combo3"), "Dessa Park");
-  control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
+  EXPECT_EQ(chosen(window, "grounds"), "Dessa Park");
+  control<QComboBox>(window, "away_team")->setCurrentIndex(0);
   EXPECT_EQ(form.away_team_index, 0);
-  control<QComboBox>(window, "Combo3")->setCurrentIndex(0);
+  control<QComboBox>(window, "grounds")->setCurrentIndex(0);
   EXPECT_EQ(form.ground_index, 0);
-  control<QRadioButton>(window, "Option1_1")->setChecked(true);
+  control<QRadioButton>(window, "home_human")->setChecked(true);
   EXPECT_FALSE(form.computer_captains_home);
   EXPECT_TRUE(form.computer_captains_away);
-  control<QRadioButton>(window, "Option3_1")->setChecked(true);
+  control<QRadioButton>(window, "away_human")->setChecked(true);
   EXPECT_FALSE(form.computer_captains_away);
-  control<QRadioButton>(window, "Option1_0")->setChecked(true);
+  control<QRadioButton>(window, "home_computer")->setChecked(true);
   EXPECT_TRUE(form.computer_captains_home);
   check_stepper(window, 10, form.typed_matches);
 }
@@ -125,14 +125,14 @@ TEST_F(SeriesWindows, TheSeriesIsPlayedBehindItsHiddenWindow) {
   form.open();
   SeriesWindow window(match, data, form);
   window.show();
-  control<QLineEdit>(window, "Text1")->setText("2");
+  control<QLineEdit>(window, "matches")->setText("2");
   int shown = 0;
   user_.on_series_results.assign(2, [&](series_results_form& results) {
     EXPECT_FALSE(window.isVisible());
     ++shown;
     results.accept();
   });
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_EQ(shown, 2);
   EXPECT_THAT(user_.matches, SizeIs(2));
   EXPECT_TRUE(form.closed);
@@ -146,7 +146,7 @@ TEST_F(SeriesWindows, AModalSeriesReturnsWhenItIsOver) {
   form.typed_matches = "2";
   SeriesWindow window(match, data, form);
   Robot robot;
-  robot.next("series1", pressing("Command1"));
+  robot.next("series1", pressing("accept"));
   run_modal(window);
   EXPECT_THAT(user_.matches, SizeIs(2));
   EXPECT_EQ(window.result(), QDialog::Accepted);
@@ -161,7 +161,7 @@ TEST_F(SeriesWindows, AFailureOfASeriesIsReported) {
   std::string told;
   on_failure([&](const std::exception& failure) { told = failure.what(); });
   std::filesystem::remove(data.files.team_file);
-  press(window, "Command1");
+  press(window, "accept");
   on_failure({});
   EXPECT_NE(told, "");
   EXPECT_THAT(user_.matches, IsEmpty());
@@ -186,7 +186,7 @@ TEST_F(SeriesWindows, TheSeriesIsCancelled) {
     if (escape) {
       window.reject();
     } else {
-      press(window, "Command2");
+      press(window, "cancel");
     }
     EXPECT_TRUE(form.closed);
     EXPECT_FALSE(window.isVisible());
@@ -226,14 +226,14 @@ TEST_F(SeriesWindows, AFirstMatchThatIsLeftBringsTheFormBack) {
   form.open();
   SeriesWindow window(match, data, form);
   window.show();
-  control<QLineEdit>(window, "Text1")->setText("2");
+  control<QLineEdit>(window, "matches")->setText("2");
   user_.on_conditions.push_back([](conditions_form& conditions) { conditions.leave(); });
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(form.closed);
   EXPECT_TRUE(user_.series_results.empty());
-  EXPECT_EQ(control<QLineEdit>(window, "Text1")->text(), "2");
-  press(window, "Command1");
+  EXPECT_EQ(control<QLineEdit>(window, "matches")->text(), "2");
+  press(window, "accept");
   EXPECT_TRUE(form.closed);
   EXPECT_FALSE(window.isVisible());
   EXPECT_THAT(user_.series_results, SizeIs(2));
@@ -244,9 +244,9 @@ void check_groundless(QWidget& window, const QString& country) {
   Robot robot;
   robot.next("message", [&](QWidget& message) {
     EXPECT_EQ(control<QLabel>(message, "text")->text(), country + " has no ground.");
-    press(message, "OK");
+    press(message, "accept");
   });
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_EQ(robot.left(), 0);
   EXPECT_TRUE(window.isVisible());
 }
@@ -258,14 +258,14 @@ TEST_F(SeriesWindows, AHostWithoutAGroundIsNamed) {
   two.open();
   SeriesWindow window(match, data, two);
   window.show();
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(4);
+  control<QComboBox>(window, "home_team")->setCurrentIndex(4);
   check_groundless(window, "Elmar");
   EXPECT_FALSE(two.closed);
   tri_series_form three(in_play(), tri);
   three.open();
   TriSeriesWindow other(match, data, three);
   other.show();
-  control<QComboBox>(other, "Combo1")->setCurrentIndex(4);
+  control<QComboBox>(other, "first_team")->setCurrentIndex(4);
   check_groundless(other, "Elmar");
   EXPECT_FALSE(three.closed);
   EXPECT_THAT(user_.matches, IsEmpty());
@@ -282,23 +282,23 @@ TEST_F(SeriesWindows, OkSaysWhichBoxesItWaitsFor) {
   two.open();
   SeriesWindow window(match, data, two);
   window.show();
-  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_FALSE(control<QPushButton>(window, "accept")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose both teams");
   take_picture(window, "series1_waiting");
   check_window_at_sizes(window);
-  control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
-  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
+  control<QComboBox>(window, "away_team")->setCurrentIndex(0);
+  EXPECT_TRUE(control<QPushButton>(window, "accept")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "");
   tri_series_form three(in_play(), tri);
   three.open();
   TriSeriesWindow other(match, data, three);
   other.show();
-  EXPECT_FALSE(control<QPushButton>(other, "Command1")->isEnabled());
+  EXPECT_FALSE(control<QPushButton>(other, "accept")->isEnabled());
   EXPECT_EQ(control<QLabel>(other, "wanted")->text(), "Choose all three teams");
-  control<QComboBox>(other, "Combo2")->setCurrentIndex(0);
-  EXPECT_FALSE(control<QPushButton>(other, "Command1")->isEnabled());
-  control<QComboBox>(other, "Combo3")->setCurrentIndex(1);
-  EXPECT_TRUE(control<QPushButton>(other, "Command1")->isEnabled());
+  control<QComboBox>(other, "second_team")->setCurrentIndex(0);
+  EXPECT_FALSE(control<QPushButton>(other, "accept")->isEnabled());
+  control<QComboBox>(other, "third_team")->setCurrentIndex(1);
+  EXPECT_TRUE(control<QPushButton>(other, "accept")->isEnabled());
 }
 
 TEST_F(SeriesWindows, TheGraphCanBeStartedAfresh) {
@@ -329,11 +329,11 @@ TEST_F(SeriesWindows, TheTriSeriesShowsItsForm) {
   take_picture(window, "series2");
   check_window_at_sizes(window);
   EXPECT_EQ(window.objectName(), "series2");
-  EXPECT_EQ(chosen(window, "Combo1"), "Brava");
-  EXPECT_EQ(chosen(window, "Combo2"), "Corrin");
-  EXPECT_EQ(chosen(window, "Combo3"), "Dessa");
-  EXPECT_EQ(chosen(window, "Combo4"), "Brava Park");
-  for (const char* cpu : {"Option1_0", "Option3_0", "Option2_0"}) {
+  EXPECT_EQ(chosen(window, "first_team"), "Brava");
+  EXPECT_EQ(chosen(window, "second_team"), "Corrin");
+  EXPECT_EQ(chosen(window, "third_team"), "Dessa");
+  EXPECT_EQ(chosen(window, "grounds"), "Brava Park");
+  for (const char* cpu : {"first_computer", "second_computer", "third_computer"}) {
     EXPECT_TRUE(control<QRadioButton>(window, cpu)->isChecked()) << cpu;
   }
   EXPECT_FALSE(control<QCheckBox>(window, "play_without_stopping")->isChecked());
@@ -344,16 +344,16 @@ TEST_F(SeriesWindows, TheTriSeriesFollowsItsUser) {
   form.open();
   TriSeriesWindow window(match, data, form);
   window.show();
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
-  control<QComboBox>(window, "Combo2")->setCurrentIndex(3);
-  control<QComboBox>(window, "Combo3")->setCurrentIndex(1);
+  control<QComboBox>(window, "first_team")->setCurrentIndex(0);
+  control<QComboBox>(window, "second_team")->setCurrentIndex(3);
+  control<QComboBox>(window, "third_team")->setCurrentIndex(1);
   EXPECT_EQ(form.team_index, (std::array<int, 3>{0, 3, 1}));
-  EXPECT_EQ(chosen(window, "Combo4"), "Ardell Park");
-  control<QComboBox>(window, "Combo4")->setCurrentIndex(0);
+  EXPECT_EQ(chosen(window, "grounds"), "Ardell Park");
+  control<QComboBox>(window, "grounds")->setCurrentIndex(0);
   EXPECT_EQ(form.ground_index, 0);
-  control<QRadioButton>(window, "Option3_1")->setChecked(true);
+  control<QRadioButton>(window, "second_human")->setChecked(true);
   EXPECT_EQ(form.computer_captains, (std::array<bool, 3>{true, false, true}));
-  control<QRadioButton>(window, "Option2_1")->setChecked(true);
+  control<QRadioButton>(window, "third_human")->setChecked(true);
   EXPECT_EQ(form.computer_captains, (std::array<bool, 3>{true, false, false}));
   check_stepper(window, 5, form.typed_rounds);
 }
@@ -369,7 +369,7 @@ TEST_F(SeriesWindows, TheTriSeriesIsPlayedBehindItsHiddenWindow) {
     ++shown;
     table.accept();
   });
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_EQ(shown, 4);
   EXPECT_THAT(user_.matches, SizeIs(4));
   EXPECT_TRUE(form.closed);
@@ -383,7 +383,7 @@ TEST_F(SeriesWindows, TheTriSeriesRefusesWhatIsNoNumberOfRounds) {
   window.show();
   for (const char* typed : {"6", "0", "", "x"}) check_refusal(window, typed, "5");
   EXPECT_THAT(user_.matches, IsEmpty());
-  press(window, "Command2");
+  press(window, "cancel");
   EXPECT_TRUE(form.closed);
   EXPECT_FALSE(window.isVisible());
 }
@@ -397,8 +397,8 @@ TEST_F(SeriesWindows, ADatabaseOfOneTeamLeavesTheListsUnchosen) {
   TriSeriesWindow window(match, data, form);
   window.show();
   check_window_at_sizes(window);
-  EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentIndex(), -1);
-  EXPECT_EQ(chosen(window, "Combo4"), "");
+  EXPECT_EQ(control<QComboBox>(window, "first_team")->currentIndex(), -1);
+  EXPECT_EQ(chosen(window, "grounds"), "");
 }
 
 }  // namespace

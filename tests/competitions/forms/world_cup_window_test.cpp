@@ -37,16 +37,16 @@ TEST_F(WorldCupWindowTest, ShowsItsForm) {
   EXPECT_EQ(window.objectName(), "wctable");
   EXPECT_EQ(control<QLabel>(window, "note")->text(), "Note: Select all the human controlled teams.");
   for (int i = 0; i < 5; ++i) {
-    EXPECT_EQ(at<QComboBox>(window, "Combo1", i)->currentText().toStdString(),
+    EXPECT_EQ(at<QComboBox>(window, "group_a_team", i)->currentText().toStdString(),
               cup_group_a[static_cast<std::size_t>(i)]);
-    EXPECT_EQ(at<QComboBox>(window, "Combo2", i)->currentText().toStdString(),
+    EXPECT_EQ(at<QComboBox>(window, "group_b_team", i)->currentText().toStdString(),
               cup_group_b[static_cast<std::size_t>(i)]);
-    EXPECT_FALSE(at<QCheckBox>(window, "Check1", i)->isChecked());
-    EXPECT_FALSE(at<QCheckBox>(window, "Check2", i)->isChecked());
+    EXPECT_FALSE(at<QCheckBox>(window, "group_a_human", i)->isChecked());
+    EXPECT_FALSE(at<QCheckBox>(window, "group_b_human", i)->isChecked());
   }
-  EXPECT_EQ(at<QComboBox>(window, "Combo3", 0)->currentText(), "Ardell");
-  EXPECT_EQ(at<QComboBox>(window, "Combo3", 1)->currentText(), "");
-  EXPECT_EQ(at<QComboBox>(window, "Combo3", 2)->currentText(), "");
+  EXPECT_EQ(at<QComboBox>(window, "host", 0)->currentText(), "Ardell");
+  EXPECT_EQ(at<QComboBox>(window, "host", 1)->currentText(), "");
+  EXPECT_EQ(at<QComboBox>(window, "host", 2)->currentText(), "");
   EXPECT_FALSE(control<QCheckBox>(window, "play_without_stopping")->isChecked());
 }
 
@@ -69,12 +69,12 @@ TEST_F(WorldCupWindowTest, EveryListHasALabelAndANameOfItsOwn) {
 TEST_F(WorldCupWindowTest, FollowsItsUser) {
   WorldCupWindow window(match, data, world_cup, form_);
   window.show();
-  at<QComboBox>(window, "Combo1", 2)->setCurrentIndex(9);
-  at<QComboBox>(window, "Combo2", 4)->setCurrentIndex(0);
-  at<QCheckBox>(window, "Check1", 0)->click();
-  at<QCheckBox>(window, "Check2", 3)->click();
-  at<QComboBox>(window, "Combo3", 1)->setCurrentIndex(4);
-  at<QComboBox>(window, "Combo3", 0)->setCurrentIndex(0);
+  at<QComboBox>(window, "group_a_team", 2)->setCurrentIndex(9);
+  at<QComboBox>(window, "group_b_team", 4)->setCurrentIndex(0);
+  at<QCheckBox>(window, "group_a_human", 0)->click();
+  at<QCheckBox>(window, "group_b_human", 3)->click();
+  at<QComboBox>(window, "host", 1)->setCurrentIndex(4);
+  at<QComboBox>(window, "host", 0)->setCurrentIndex(0);
   EXPECT_EQ(form_.group_a_index, (std::array<int, 5>{0, 1, 9, 3, 4}));
   EXPECT_EQ(form_.group_b_index, (std::array<int, 5>{5, 6, 7, 8, 0}));
   EXPECT_EQ(form_.human_a, (std::array<bool, 5>{true, false, false, false, false}));
@@ -87,7 +87,7 @@ TEST_F(WorldCupWindowTest, ClosesWhenTheUserHasQuit) {
   user_.on_world_cup_fixtures.front() = [](world_cup_fixtures_form& list) { list.accept(); };
   WorldCupWindow window(match, data, world_cup, form_);
   window.show();
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_TRUE(form_.closed);
   EXPECT_FALSE(window.isVisible());
   EXPECT_THAT(user_.matches, SizeIs(1));
@@ -100,7 +100,7 @@ TEST_F(WorldCupWindowTest, ClosesAfterATournamentToItsEnd) {
     EXPECT_FALSE(window.isVisible());
     tables.accept();
   });
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_FALSE(form_.closed);
   EXPECT_TRUE(form_.hidden);
   EXPECT_FALSE(window.isVisible());
@@ -119,31 +119,31 @@ TEST_F(WorldCupWindowTest, HostsWithoutGroundsAreNamed) {
     Robot robot;
     robot.next("message", [](QWidget& message) {
       EXPECT_EQ(control<QLabel>(message, "text")->text(), "Kestle and Lorne have no ground.");
-      press(message, "OK");
+      press(message, "accept");
     });
-    at<QComboBox>(window, "Combo3", 0)->setCurrentIndex(11);
-    at<QComboBox>(window, "Combo3", 2)->setCurrentIndex(12);
-    press(window, "Command1");
+    at<QComboBox>(window, "host", 0)->setCurrentIndex(11);
+    at<QComboBox>(window, "host", 2)->setCurrentIndex(12);
+    press(window, "accept");
     EXPECT_EQ(robot.left(), 0);
   }
   {
     Robot robot;
     robot.next("message", [](QWidget& message) {
       EXPECT_EQ(control<QLabel>(message, "text")->text(), "No host is chosen.");
-      press(message, "OK");
+      press(message, "accept");
     });
-    at<QComboBox>(window, "Combo3", 0)->setCurrentIndex(0);
-    at<QComboBox>(window, "Combo3", 2)->setCurrentIndex(0);
-    press(window, "Command1");
+    at<QComboBox>(window, "host", 0)->setCurrentIndex(0);
+    at<QComboBox>(window, "host", 2)->setCurrentIndex(0);
+    press(window, "accept");
     EXPECT_EQ(robot.left(), 0);
   }
-  at<QComboBox>(window, "Combo3", 0)->setCurrentIndex(11);
-  at<QComboBox>(window, "Combo3", 1)->setCurrentIndex(1);
-  press_and_answer(window, "Command1", "grounds_question", "No");
+  at<QComboBox>(window, "host", 0)->setCurrentIndex(11);
+  at<QComboBox>(window, "host", 1)->setCurrentIndex(1);
+  press_and_answer(window, "accept", "grounds_question", "no");
   EXPECT_TRUE(window.isVisible());
   EXPECT_THAT(user_.requests, IsEmpty());
   quit_after(0);
-  press_and_answer(window, "Command1", "grounds_question", "Yes");
+  press_and_answer(window, "accept", "grounds_question", "yes");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(texts_of(world_cup.grounds), (std::vector<std::string>{"Ardell Oval", "Ardell Park"}));
 }
@@ -152,10 +152,10 @@ TEST_F(WorldCupWindowTest, OkWaitsForEveryTeam) {
   form_.group_a_index[3] = -1;
   WorldCupWindow window(match, data, world_cup, form_);
   window.show();
-  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_FALSE(control<QPushButton>(window, "accept")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose all ten teams");
-  at<QComboBox>(window, "Combo1", 3)->setCurrentIndex(3);
-  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
+  at<QComboBox>(window, "group_a_team", 3)->setCurrentIndex(3);
+  EXPECT_TRUE(control<QPushButton>(window, "accept")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "");
 }
 
@@ -188,7 +188,7 @@ TEST_F(WorldCupWindowTest, IsCancelled) {
     if (escape) {
       window.reject();
     } else {
-      press(window, "Command2");
+      press(window, "cancel");
     }
     EXPECT_TRUE(form_.closed);
     EXPECT_FALSE(window.isVisible());

@@ -52,22 +52,22 @@ TEST_F(AggressionWindowTest, ShowsABatsman) {
   window.show();
   take_picture(window, "aggr_batsman");
   check_window_at_sizes(window);
-  EXPECT_EQ(text(window, "Label1_0"), " H.Bat1 ");
-  EXPECT_EQ(text(window, "Label1_1"), "Runs");
-  EXPECT_EQ(text(window, "Label1_6"), "41");
-  EXPECT_EQ(text(window, "Label1_2"), "Balls");
-  EXPECT_EQ(text(window, "Label1_7"), "60");
-  EXPECT_EQ(text(window, "Label1_5"), "SR");
-  EXPECT_EQ(text(window, "Label1_8"), "68.33");
-  EXPECT_EQ(text(window, "Label1_3"), "Settled  :");
-  EXPECT_FALSE(is_shown(window, "Label1_9"));
-  EXPECT_TRUE(is_shown(window, "Picture1"));
-  EXPECT_DOUBLE_EQ(control<MeterBar>(window, "Picture1")->value(), 5 * (82 + 30));
-  EXPECT_EQ(text(window, "Label1_4"), QString::fromStdString(form.score_sentence));
-  EXPECT_TRUE(text(window, "Label1_4").endsWith("at 4.98 runs per over."));
-  EXPECT_EQ(control<QSlider>(window, "VScroll1")->value(), 4);
-  EXPECT_TRUE(is_shown(window, "Command1"));
-  EXPECT_FALSE(is_shown(window, "Command2"));
+  EXPECT_EQ(text(window, "player_name"), " H.Bat1 ");
+  EXPECT_EQ(text(window, "heading_0"), "Runs");
+  EXPECT_EQ(text(window, "figure_0"), "41");
+  EXPECT_EQ(text(window, "heading_1"), "Balls");
+  EXPECT_EQ(text(window, "figure_1"), "60");
+  EXPECT_EQ(text(window, "heading_2"), "SR");
+  EXPECT_EQ(text(window, "figure_2"), "68.33");
+  EXPECT_EQ(text(window, "heading_3"), "Settled  :");
+  EXPECT_FALSE(is_shown(window, "figure_3"));
+  EXPECT_TRUE(is_shown(window, "settled_meter"));
+  EXPECT_DOUBLE_EQ(control<MeterBar>(window, "settled_meter")->value(), 5 * (82 + 30));
+  EXPECT_EQ(text(window, "score_sentence"), QString::fromStdString(form.score_sentence));
+  EXPECT_TRUE(text(window, "score_sentence").endsWith("at 4.98 runs per over."));
+  EXPECT_EQ(control<QSlider>(window, "aggression")->value(), 4);
+  EXPECT_TRUE(is_shown(window, "accept_for_batsman"));
+  EXPECT_FALSE(is_shown(window, "accept_for_bowler"));
 }
 
 TEST_F(AggressionWindowTest, ShowsABowler) {
@@ -76,29 +76,29 @@ TEST_F(AggressionWindowTest, ShowsABowler) {
   window.show();
   take_picture(window, "aggr_bowler");
   check_window_at_sizes(window);
-  EXPECT_EQ(text(window, "Label1_0"), " A.Bowl9 ");
-  EXPECT_EQ(text(window, "Label1_1"), "Overs");
-  EXPECT_EQ(text(window, "Label1_6"), "4.3");
-  EXPECT_EQ(text(window, "Label1_2"), "Mdns");
-  EXPECT_EQ(text(window, "Label1_7"), "1");
-  EXPECT_EQ(text(window, "Label1_5"), "Runs");
-  EXPECT_EQ(text(window, "Label1_8"), "19");
-  EXPECT_EQ(text(window, "Label1_3"), "Wkts");
-  EXPECT_EQ(text(window, "Label1_9"), "2");
-  EXPECT_TRUE(is_shown(window, "Label1_9"));
-  EXPECT_FALSE(is_shown(window, "Picture1"));
-  EXPECT_FALSE(is_shown(window, "Label1_4"));
-  EXPECT_EQ(control<QSlider>(window, "VScroll1")->value(), 5);
-  EXPECT_FALSE(is_shown(window, "Command1"));
-  EXPECT_TRUE(is_shown(window, "Command2"));
+  EXPECT_EQ(text(window, "player_name"), " A.Bowl9 ");
+  EXPECT_EQ(text(window, "heading_0"), "Overs");
+  EXPECT_EQ(text(window, "figure_0"), "4.3");
+  EXPECT_EQ(text(window, "heading_1"), "Mdns");
+  EXPECT_EQ(text(window, "figure_1"), "1");
+  EXPECT_EQ(text(window, "heading_2"), "Runs");
+  EXPECT_EQ(text(window, "figure_2"), "19");
+  EXPECT_EQ(text(window, "heading_3"), "Wkts");
+  EXPECT_EQ(text(window, "figure_3"), "2");
+  EXPECT_TRUE(is_shown(window, "figure_3"));
+  EXPECT_FALSE(is_shown(window, "settled_meter"));
+  EXPECT_FALSE(is_shown(window, "score_sentence"));
+  EXPECT_EQ(control<QSlider>(window, "aggression")->value(), 5);
+  EXPECT_FALSE(is_shown(window, "accept_for_batsman"));
+  EXPECT_TRUE(is_shown(window, "accept_for_bowler"));
 }
 
 TEST_F(AggressionWindowTest, ABatsmanBeforeHisFirstBall) {
   aggression_form form = aggression_form::of_batsman(match, 1);
   AggressionWindow window(form);
   window.show();
-  EXPECT_EQ(text(window, "Label1_8"), " - ");
-  EXPECT_DOUBLE_EQ(control<MeterBar>(window, "Picture1")->value(), 0);
+  EXPECT_EQ(text(window, "figure_2"), " - ");
+  EXPECT_DOUBLE_EQ(control<MeterBar>(window, "settled_meter")->value(), 0);
 }
 
 TEST_F(AggressionWindowTest, OkSetsTheAggression) {
@@ -106,9 +106,9 @@ TEST_F(AggressionWindowTest, OkSetsTheAggression) {
   AggressionWindow window(form);
   window.show();
   ASSERT_NE(window.focusWidget(), nullptr);
-  EXPECT_EQ(window.focusWidget()->objectName(), "VScroll1");
+  EXPECT_EQ(window.focusWidget()->objectName(), "aggression");
   QTest::keyClick(window.focusWidget(), Qt::Key_5);
-  press(window, "Command1");
+  press(window, "accept_for_batsman");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(match.batsman_aggression[0], 4);
   EXPECT_EQ(match.batsman_aggression[1], 5);
@@ -116,8 +116,8 @@ TEST_F(AggressionWindowTest, OkSetsTheAggression) {
   aggression_form bowling = aggression_form::of_bowler(match, 0);
   AggressionWindow other(bowling);
   other.show();
-  control<QSlider>(other, "VScroll1")->setValue(3);
-  press(other, "Command2");
+  control<QSlider>(other, "aggression")->setValue(3);
+  press(other, "accept_for_bowler");
   EXPECT_EQ(match.bowling_aggression[0], 3);
   EXPECT_EQ(match.bowling_aggression[1], 5);
 }
@@ -126,7 +126,7 @@ TEST_F(AggressionWindowTest, EscapeChangesNothing) {
   aggression_form form = aggression_form::of_batsman(match, 0);
   AggressionWindow window(form);
   window.show();
-  control<QSlider>(window, "VScroll1")->setValue(1);
+  control<QSlider>(window, "aggression")->setValue(1);
   window.reject();
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(match.batsman_aggression[0], 4);

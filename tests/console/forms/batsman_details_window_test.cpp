@@ -82,7 +82,7 @@ TEST_F(BatsmanDetailsWindowTest, AManWithoutABallHasNoStrikeRate) {
   EXPECT_EQ(text(window, "runs"), "0");
   EXPECT_EQ(text(window, "strike_rate"), "");
   check_window_at_sizes(window);
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_TRUE(form_.closed);
 }
 

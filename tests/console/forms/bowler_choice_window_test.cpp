@@ -40,7 +40,7 @@ class BowlerChoiceWindowTest : public ::testing::Test {
     match.bowling_card[9].runs = 31;
   }
   static QRadioButton* option(const QWidget& window, int row) {
-    return control<QRadioButton>(window, ("Option1_" + std::to_string(row)).c_str());
+    return control<QRadioButton>(window, ("man_" + std::to_string(row)).c_str());
   }
   static QString text(const QWidget& window, const char* label, int row) {
     return control<QLabel>(window, (label + std::string("_") + std::to_string(row)).c_str())->text();
@@ -67,8 +67,8 @@ TEST_F(BowlerChoiceWindowTest, ShowsWhatACaptainNeeds) {
   for (int row = 1; row <= 11; ++row) {
     EXPECT_EQ(option(window, row)->text(), QString::fromStdString(form.name(row))) << row;
     EXPECT_EQ(option(window, row)->isEnabled(), row != 7 && row != 9) << row;
-    EXPECT_EQ(text(window, "Label1", row), QString::fromStdString(form.skill(row))) << row;
-    EXPECT_EQ(text(window, "Label2", row), QString::fromStdString(form.economy(row))) << row;
+    EXPECT_EQ(text(window, "skill", row), QString::fromStdString(form.skill(row))) << row;
+    EXPECT_EQ(text(window, "economy", row), QString::fromStdString(form.economy(row))) << row;
   }
   EXPECT_TRUE(option(window, 8)->isChecked());
   EXPECT_EQ(text(window, "figures", 8), "5.4-1-27-3");
@@ -93,10 +93,10 @@ TEST_F(BowlerChoiceWindowTest, TheCaptainChangesTheBowler) {
   bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
   BowlerChoiceWindow window(in_play(), form);
   window.show();
-  EXPECT_FALSE(control<QPushButton>(window, "Command2")->isVisible());
-  EXPECT_FALSE(control<QPushButton>(window, "Command3")->isVisible());
+  EXPECT_FALSE(control<QPushButton>(window, "accept_first_opener")->isVisible());
+  EXPECT_FALSE(control<QPushButton>(window, "accept_second_opener")->isVisible());
   option(window, 10)->click();
-  press(window, "Command1");
+  press(window, "accept_change");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(match.bowler, 10);
   EXPECT_EQ(match.next_bowler, 9);
@@ -118,13 +118,13 @@ TEST_F(BowlerChoiceWindowTest, TheFirstOpenerMustBeChosen) {
   bowler_choice_form form(match, bowler_choice_form::use::first_opener, "Select 1st Opening Bowler");
   BowlerChoiceWindow window(in_play(), form);
   window.show();
-  EXPECT_FALSE(ok_enabled(window, "Command2"));
+  EXPECT_FALSE(ok_enabled(window, "accept_first_opener"));
   EXPECT_EQ(window.focusWidget(), option(window, form.best_row()));
   window.reject();
   EXPECT_TRUE(window.isVisible());
   option(window, 8)->click();
-  EXPECT_TRUE(ok_enabled(window, "Command2"));
-  press(window, "Command2");
+  EXPECT_TRUE(ok_enabled(window, "accept_first_opener"));
+  press(window, "accept_first_opener");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(match.bowler, 8);
   EXPECT_EQ(match.next_bowler, 0);
@@ -140,7 +140,7 @@ TEST_F(BowlerChoiceWindowTest, TheSecondOpenerMustBeAnotherMan) {
   EXPECT_TRUE(option(window, 8)->isChecked());
   EXPECT_FALSE(option(window, 8)->isEnabled());
   EXPECT_EQ(text(window, "note", 8), "Bowls at the other end");
-  EXPECT_FALSE(ok_enabled(window, "Command3"));
+  EXPECT_FALSE(ok_enabled(window, "accept_second_opener"));
   EXPECT_EQ(window.focusWidget(), option(window, form.best_row()));
   EXPECT_TRUE(window.focusWidget()->isEnabled());
   QTest::keyClick(&window, Qt::Key_Return);
@@ -160,7 +160,7 @@ TEST_F(BowlerChoiceWindowTest, AManWithHisQuotaCanBeChosen) {
   BowlerChoiceWindow window(in_play(), form);
   window.show();
   option(window, 6)->click();
-  press(window, "Command1");
+  press(window, "accept_change");
   EXPECT_EQ(match.bowler, 6);
 }
 
@@ -175,15 +175,15 @@ TEST_F(BowlerChoiceWindowTest, AQuotaNeedsAManWhoIsChosenHimself) {
   take_picture(window, "chgbowler_quota");
   check_window_at_sizes(window);
   EXPECT_EQ(window.focusWidget(), option(window, 11)) << "the best of those with overs left";
-  EXPECT_FALSE(ok_enabled(window, "Command1"));
-  EXPECT_FALSE(control<QPushButton>(window, "Command2")->isVisible());
+  EXPECT_FALSE(ok_enabled(window, "accept_change"));
+  EXPECT_FALSE(control<QPushButton>(window, "accept_first_opener")->isVisible());
   window.reject();
   EXPECT_TRUE(window.isVisible());
-  EXPECT_FALSE(ok_enabled(window, "Command1"));
+  EXPECT_FALSE(ok_enabled(window, "accept_change"));
   QTest::keyClick(window.focusWidget(), Qt::Key_Return);
   EXPECT_TRUE(window.isVisible()) << "the first Return chooses";
   EXPECT_FALSE(form.closed);
-  EXPECT_TRUE(ok_enabled(window, "Command1"));
+  EXPECT_TRUE(ok_enabled(window, "accept_change"));
   QTest::keyClick(window.focusWidget(), Qt::Key_Return);
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(match.bowler, 11);
@@ -194,7 +194,7 @@ TEST_F(BowlerChoiceWindowTest, ASideOfKeepersIsNotStuck) {
   bowler_choice_form form(match, bowler_choice_form::use::first_opener, "Select 1st Opening Bowler");
   BowlerChoiceWindow window(in_play(), form);
   window.show();
-  EXPECT_TRUE(ok_enabled(window, "Command2"));
+  EXPECT_TRUE(ok_enabled(window, "accept_first_opener"));
 }
 
 TEST_F(BowlerChoiceWindowTest, TheProfileOpensFromItsButtonOnly) {
@@ -206,10 +206,10 @@ TEST_F(BowlerChoiceWindowTest, TheProfileOpensFromItsButtonOnly) {
   window.show();
   option(window, 11)->click();
   EXPECT_THAT(user.requests, ElementsAre());
-  press(window, "Profile");
+  press(window, "profile");
   EXPECT_THAT(user.requests, ElementsAre("profile Away | A.Bowl11 locked"));
   option(window, 10)->click();
-  press(window, "Profile");
+  press(window, "profile");
   ASSERT_EQ(user.requests.size(), 2u);
   EXPECT_THAT(user.requests.back(), StartsWith("message Error - Player Details | ")) << "he has no career";
   EXPECT_TRUE(window.isVisible());

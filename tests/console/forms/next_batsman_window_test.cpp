@@ -28,7 +28,7 @@ class NextBatsmanWindowTest : public ::testing::Test {
   void SetUp() override { set_up_sample_match(false, false); }
 
   static QRadioButton* option(const QWidget& window, int row) {
-    return control<QRadioButton>(window, ("Option1_" + std::to_string(row)).c_str());
+    return control<QRadioButton>(window, ("man_" + std::to_string(row)).c_str());
   }
   static QString text(const QWidget& window, const char* label, int row) {
     return control<QLabel>(window, (label + std::string("_") + std::to_string(row)).c_str())->text();
@@ -54,7 +54,7 @@ TEST_F(NextBatsmanWindowTest, ShowsTheEleven) {
   NextBatsmanWindow window(in_play(), form);
   for (int row = 1; row <= 11; ++row) {
     EXPECT_EQ(option(window, row)->isEnabled(), row > 3) << row;
-    EXPECT_EQ(text(window, "Label1", row), QString::fromStdString(form.skill(row))) << row;
+    EXPECT_EQ(text(window, "skill", row), QString::fromStdString(form.skill(row))) << row;
     EXPECT_EQ(text(window, "note", row), row > 3 ? "" : "Has come in") << row;
   }
   EXPECT_EQ(option(window, 5)->text(), "R.&& S.Vance");
@@ -78,10 +78,10 @@ TEST_F(NextBatsmanWindowTest, OkBringsInTheChosenMan) {
   next_batsman_form form(match, "Select Next Batsman");
   NextBatsmanWindow window(in_play(), form);
   window.show();
-  EXPECT_EQ(control<QSlider>(window, "VScroll1")->value(), 3);
+  EXPECT_EQ(control<QSlider>(window, "aggression")->value(), 3);
   option(window, 9)->click();
-  control<QSlider>(window, "VScroll1")->setValue(2);
-  press(window, "Command1");
+  control<QSlider>(window, "aggression")->setValue(2);
+  press(window, "accept");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.result(), QDialog::Accepted);
   EXPECT_EQ(match.batting_xi[3].name, "H.Bat9");
@@ -97,7 +97,7 @@ TEST_F(NextBatsmanWindowTest, OkAtOnceBringsInTheNextInOrder) {
   window.show();
   take_picture(window, "batorder_opener");
   EXPECT_TRUE(option(window, 1)->isEnabled());
-  press(window, "Command1");
+  press(window, "accept");
   for (int row = 1; row <= 11; ++row) EXPECT_EQ(match.batting_xi[row].name, before[row].name) << row;
   EXPECT_EQ(match.batsman_aggression[0], 3) << "both slots at the first opener";
   EXPECT_EQ(match.batsman_aggression[1], 3);
@@ -112,7 +112,7 @@ TEST_F(NextBatsmanWindowTest, ArrowsMoveBetweenTheRowsThatAreOpen) {
   window.activateWindow();
   QApplication::processEvents();
   ASSERT_NE(window.focusWidget(), nullptr);
-  EXPECT_EQ(window.focusWidget()->objectName(), "Option1_6");
+  EXPECT_EQ(window.focusWidget()->objectName(), "man_6");
   QTest::keyClick(window.focusWidget(), Qt::Key_Down);
   QTest::keyClick(window.focusWidget(), Qt::Key_Down);
   EXPECT_EQ(form.chosen, 8);
@@ -129,10 +129,10 @@ TEST_F(NextBatsmanWindowTest, TheProfileOpensFromItsButtonOnly) {
   window.show();
   option(window, 6)->click();
   EXPECT_THAT(user.requests, ElementsAre());
-  press(window, "Profile");
+  press(window, "profile");
   EXPECT_THAT(user.requests, ElementsAre("profile Home | H.Bat6 locked"));
   option(window, 10)->click();
-  press(window, "Profile");
+  press(window, "profile");
   ASSERT_EQ(user.requests.size(), 2u);
   EXPECT_THAT(user.requests.back(), StartsWith("message Error - Player Details | ")) << "he has no career";
   EXPECT_TRUE(window.isVisible());

@@ -38,7 +38,7 @@ class SettingsWindowTest : public database_fixture {
             }};
   }
   static QColor pixel(const QWidget& window) {
-    return control<QLabel>(window, "Label2")->grab().toImage().pixelColor(20, 8);
+    return control<QLabel>(window, "sample")->grab().toImage().pixelColor(20, 8);
   }
 
   settings_form form_{data};
@@ -63,15 +63,15 @@ TEST_F(SettingsWindowTest, ShowsTheSettings) {
   form_.open();
   SettingsWindow window(data, form_);
   window.show();
-  const auto* databases = control<QComboBox>(window, "Combo1");
+  const auto* databases = control<QComboBox>(window, "databases");
   ASSERT_EQ(databases->count(), 2);
   EXPECT_EQ(databases->itemText(0), "alpha");
   EXPECT_EQ(databases->currentText(), "beta.v2");
-  EXPECT_EQ(control<QLineEdit>(window, "Dir1")->text(), QString::fromStdString(folder.string()));
-  EXPECT_EQ(control<QLabel>(window, "Label2")->text(), "This is a sample line of text.");
+  EXPECT_EQ(control<QLineEdit>(window, "photo_folder")->text(), QString::fromStdString(folder.string()));
+  EXPECT_EQ(control<QLabel>(window, "sample")->text(), "This is a sample line of text.");
   EXPECT_EQ(pixel(window), QColor(0, 255, 0));
   EXPECT_FALSE(form_.sample_font.empty());
-  EXPECT_EQ(QString::fromStdString(form_.sample_font), control<QLabel>(window, "Label2")->font().family());
+  EXPECT_EQ(QString::fromStdString(form_.sample_font), control<QLabel>(window, "sample")->font().family());
 }
 
 TEST_F(SettingsWindowTest, ColoursComeFromTheirDialogs) {
@@ -79,20 +79,20 @@ TEST_F(SettingsWindowTest, ColoursComeFromTheirDialogs) {
   form_.open();
   SettingsWindow window(data, form_, nullptr, choosers());
   window.show();
-  press(window, "Command2");
+  press(window, "change_back_color");
   EXPECT_EQ(started_color_, QColor(255, 255, 0));
   EXPECT_EQ(pixel(window), QColor(255, 255, 0)) << "cancelled";
   color_ = QColor(10, 20, 30);
-  press(window, "Command2");
+  press(window, "change_back_color");
   EXPECT_EQ(pixel(window), QColor(10, 20, 30));
   EXPECT_EQ(form_.sample_back_color, 10 + 256 * 20 + 65536 * 30);
   EXPECT_EQ(form_.sample_text_color, 0xFF0000);
   color_ = QColor(200, 100, 50);
-  press(window, "Command4");
+  press(window, "change_font_color");
   EXPECT_EQ(started_color_, QColor(0, 0, 255));
   EXPECT_EQ(form_.sample_text_color, 200 + 256 * 100 + 65536 * 50);
-  EXPECT_TRUE(control<QLabel>(window, "Label2")->styleSheet().contains("#c86432"));
-  press(window, "Command1");
+  EXPECT_TRUE(control<QLabel>(window, "sample")->styleSheet().contains("#c86432"));
+  press(window, "accept");
   EXPECT_EQ(data.settings.text_color, "C86432");
   EXPECT_EQ(data.settings.back_color, "0A141E");
 }
@@ -101,14 +101,14 @@ TEST_F(SettingsWindowTest, BrowseChoosesTheFolder) {
   form_.open();
   SettingsWindow window(data, form_, nullptr, choosers());
   window.show();
-  const QString before = control<QLineEdit>(window, "Dir1")->text();
-  press(window, "Browse");
+  const QString before = control<QLineEdit>(window, "photo_folder")->text();
+  press(window, "browse");
   EXPECT_EQ(started_folder_, before);
-  EXPECT_EQ(control<QLineEdit>(window, "Dir1")->text(), before) << "cancelled";
+  EXPECT_EQ(control<QLineEdit>(window, "photo_folder")->text(), before) << "cancelled";
   folder_chosen_ = QString::fromUtf8("/photos/\xC3\xA9t\xC3\xA9");
-  press(window, "Browse");
+  press(window, "browse");
   EXPECT_EQ(form_.photo_folder, "/photos/\xE9t\xE9");
-  EXPECT_EQ(control<QLineEdit>(window, "Dir1")->text(), folder_chosen_);
+  EXPECT_EQ(control<QLineEdit>(window, "photo_folder")->text(), folder_chosen_);
   EXPECT_FALSE(control<QLabel>(window, "folder_note")->isVisible());
 }
 
@@ -118,12 +118,12 @@ TEST_F(SettingsWindowTest, AFolderThatCannotBeKeptIsExplained) {
   window.show();
   const std::string before = form_.photo_folder;
   folder_chosen_ = QString::fromUtf8("/\xE5\xB1\xB1");
-  press(window, "Browse");
+  press(window, "browse");
   EXPECT_EQ(form_.photo_folder, before);
   EXPECT_TRUE(control<QLabel>(window, "folder_note")->isVisible());
   check_window_at_sizes(window);
   folder_chosen_ = "/one, two";
-  press(window, "Browse");
+  press(window, "browse");
   EXPECT_EQ(form_.photo_folder, "/one, two");
   EXPECT_TRUE(control<QLabel>(window, "folder_note")->text().contains("comma"));
 }
@@ -133,7 +133,7 @@ TEST_F(SettingsWindowTest, ADatabaseThatCannotBeKeptIsExplained) {
   form_.open();
   SettingsWindow window(data, form_);
   window.show();
-  auto* databases = control<QComboBox>(window, "Combo1");
+  auto* databases = control<QComboBox>(window, "databases");
   EXPECT_FALSE(control<QLabel>(window, "database_note")->isVisible());
   databases->setCurrentIndex(databases->findText("one, two"));
   EXPECT_TRUE(control<QLabel>(window, "database_note")->isVisible());
@@ -148,13 +148,13 @@ TEST_F(SettingsWindowTest, SettingsThatCannotBeWrittenCloseTheFormWithAMessage) 
   form_.open();
   SettingsWindow window(data, form_);
   window.show();
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  control<QComboBox>(window, "databases")->setCurrentIndex(0);
   Robot robot;
   robot.next("message", [](QWidget& message) {
     EXPECT_TRUE(control<QLabel>(message, "text")->text().contains("options.mc"));
-    press(message, "OK");
+    press(message, "accept");
   });
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_EQ(robot.left(), 0);
   EXPECT_EQ(window.result(), QDialog::Accepted);
   EXPECT_EQ(data.files.base, "alpha");
@@ -164,14 +164,14 @@ TEST_F(SettingsWindowTest, OkNeedsADatabase) {
   form_.open();
   SettingsWindow window(data, form_);
   window.show();
-  EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentText(), "");
+  EXPECT_EQ(control<QComboBox>(window, "databases")->currentText(), "");
   Robot robot;
   robot.next("message", [](QWidget& message) {
     EXPECT_EQ(message.windowTitle(), "Error");
     EXPECT_EQ(control<QLabel>(message, "text")->text(), "Please select a database before continuing");
-    press(message, "OK");
+    press(message, "accept");
   });
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_EQ(robot.left(), 0);
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(std::filesystem::exists(folder / "options.mc"));
@@ -181,8 +181,8 @@ TEST_F(SettingsWindowTest, OkKeepsTheChoices) {
   form_.open();
   SettingsWindow window(data, form_);
   window.show();
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(1);
-  press(window, "Command1");
+  control<QComboBox>(window, "databases")->setCurrentIndex(1);
+  press(window, "accept");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.result(), QDialog::Accepted);
   EXPECT_EQ(data.settings.database_name, "beta.v2");
@@ -196,8 +196,8 @@ TEST_F(SettingsWindowTest, ClosingKeepsTheFormerSettings) {
   color_ = QColor(1, 2, 3);
   SettingsWindow window(data, form_, nullptr, choosers());
   window.show();
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(1);
-  press(window, "Command2");
+  control<QComboBox>(window, "databases")->setCurrentIndex(1);
+  press(window, "change_back_color");
   window.reject();
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(data.settings.database_name, "alpha");
@@ -214,7 +214,7 @@ TEST_F(SettingsWindowTest, AFolderWithoutADatabaseSaysWhatToDo) {
   window.show();
   take_picture(window, "optfrm_empty");
   check_window_at_sizes(window);
-  EXPECT_EQ(control<QComboBox>(window, "Combo1")->count(), 0);
+  EXPECT_EQ(control<QComboBox>(window, "databases")->count(), 0);
   const QString note = control<QLabel>(window, "no_database")->text();
   EXPECT_TRUE(note.contains(".team"));
   EXPECT_TRUE(note.contains(QString::fromStdString(empty.string())));

@@ -82,27 +82,27 @@ TEST_F(ConsoleWindowTest, PassesTheChecksAtTheStart) {
   window.resize(1280, 800);
   check_window_at_sizes(window);
   take_picture(window, "console_start");
-  EXPECT_EQ(text("Label15_1"), "0/0");
-  EXPECT_EQ(text("Label15_2"), "0.0 Overs");
-  EXPECT_EQ(text("Label27_0"), "10:30");
-  EXPECT_FALSE(control<QScrollBar>(window, "VScroll1")->isEnabled());
+  EXPECT_EQ(text("score"), "0/0");
+  EXPECT_EQ(text("overs"), "0.0 Overs");
+  EXPECT_EQ(text("time_of_day"), "10:30");
+  EXPECT_FALSE(control<QScrollBar>(window, "past_overs")->isEnabled());
 }
 
 TEST_F(ConsoleWindowTest, PassesTheChecksInBothInnings) {
   ConsoleWindow& window = open(false, true);
   window.resize(1280, 800);
-  for (int over = 0; over < 30; ++over) press(window, "Command1");
+  for (int over = 0; over < 30; ++over) press(window, "next_over");
   take_picture(window, "console_first_innings");
   check_window_at_sizes(window);
-  while (match.first_total == 0) press(window, "Command1");
+  while (match.first_total == 0) press(window, "next_over");
   take_picture(window, "console_between_innings");
-  EXPECT_EQ(text("Label26_0"), QString::number(match.first_total + 1));
-  EXPECT_EQ(text("Label26_1"), "50.0 (300b)");
-  EXPECT_EQ(text("Label26_2"), "");
-  EXPECT_EQ(text("Label26_3"), "");
-  EXPECT_EQ(text("Label26_4"), "10");
-  EXPECT_EQ(text("Label15_20"), " - ");
-  for (int over = 0; over < 12; ++over) press(window, "Command1");
+  EXPECT_EQ(text("rate_cell_0"), QString::number(match.first_total + 1));
+  EXPECT_EQ(text("rate_cell_1"), "50.0 (300b)");
+  EXPECT_EQ(text("rate_cell_2"), "");
+  EXPECT_EQ(text("rate_cell_3"), "");
+  EXPECT_EQ(text("rate_cell_4"), "10");
+  EXPECT_EQ(text("last_five_overs"), " - ");
+  for (int over = 0; over < 12; ++over) press(window, "next_over");
   window.resize(1280, 800);
   take_picture(window, "console_chase");
   check_window_at_sizes(window);
@@ -114,12 +114,12 @@ TEST_F(ConsoleWindowTest, PassesTheChecksInBothInnings) {
 
 TEST_F(ConsoleWindowTest, AnOverShowsItsBallsAndMovesTheBrowser) {
   ConsoleWindow& window = open(false, true);
-  press(window, "Command1");
+  press(window, "next_over");
   const QStringList first = control<OverChips>(window, "over_symbols")->symbols();
   ASSERT_EQ(first.size(), 6);
   EXPECT_EQ(match.over_no, 2);
-  press(window, "Command1");
-  auto* browser = control<QScrollBar>(window, "VScroll1");
+  press(window, "next_over");
+  auto* browser = control<QScrollBar>(window, "past_overs");
   EXPECT_EQ(browser->maximum(), 2);
   EXPECT_EQ(browser->value(), 2);
   EXPECT_EQ(text("over_title"), "Over 2");
@@ -132,14 +132,14 @@ TEST_F(ConsoleWindowTest, AnOverShowsItsBallsAndMovesTheBrowser) {
 
 TEST_F(ConsoleWindowTest, AComputersSideHasItsControlsDisabled) {
   ConsoleWindow& batting = open(false, true);
-  EXPECT_TRUE(control<QPushButton>(batting, "Command4_0")->isEnabled());
-  EXPECT_TRUE(control<QPushButton>(batting, "Command4_1")->isEnabled());
-  for (const char* name : {"Command3", "Command5_0", "Command5_1"}) {
+  EXPECT_TRUE(control<QPushButton>(batting, "batsman_aggression_0")->isEnabled());
+  EXPECT_TRUE(control<QPushButton>(batting, "batsman_aggression_1")->isEnabled());
+  for (const char* name : {"change_bowler", "bowler_aggression_0", "bowler_aggression_1"}) {
     EXPECT_FALSE(control<QPushButton>(batting, name)->isEnabled()) << name;
   }
   ConsoleWindow& bowling = open(true, false);
-  EXPECT_FALSE(control<QPushButton>(bowling, "Command4_0")->isEnabled());
-  for (const char* name : {"Command3", "Command5_0", "Command5_1"}) {
+  EXPECT_FALSE(control<QPushButton>(bowling, "batsman_aggression_0")->isEnabled());
+  for (const char* name : {"change_bowler", "bowler_aggression_0", "bowler_aggression_1"}) {
     EXPECT_TRUE(control<QPushButton>(bowling, name)->isEnabled()) << name;
   }
 }
@@ -147,8 +147,8 @@ TEST_F(ConsoleWindowTest, AComputersSideHasItsControlsDisabled) {
 TEST_F(ConsoleWindowTest, ButtonsAskForTheirForms) {
   ConsoleWindow& window = open(false, false);
   user.requests.clear();
-  for (const char* name :
-       {"Command4_0", "Command4_1", "Command5_0", "Command5_1", "Command3", "Command2", "Command6", "Command11"}) {
+  for (const char* name : {"batsman_aggression_0", "batsman_aggression_1", "bowler_aggression_0", "bowler_aggression_1",
+                           "change_bowler", "show_scorecard", "show_worm", "show_overs_graph"}) {
     press(window, name);
   }
   const std::vector<std::string> expected = {"aggr " + match.batting_card[1].name + " ",
@@ -165,7 +165,7 @@ TEST_F(ConsoleWindowTest, ButtonsAskForTheirForms) {
 TEST_F(ConsoleWindowTest, ReturnPressesTheButtonReachedByTab) {
   ConsoleWindow& window = open(false, true);
   user.requests.clear();
-  auto* card = control<QPushButton>(window, "Command2");
+  auto* card = control<QPushButton>(window, "show_scorecard");
   QTest::mouseClick(card, Qt::LeftButton);
   EXPECT_EQ(user.requests_of("report").size(), 1U);
   QTest::keyClick(window.focusWidget(), Qt::Key_Return);
@@ -192,10 +192,10 @@ TEST_F(ConsoleWindowTest, WhileAnOverRunsOnlyPaceAndEscapeReact) {
   int pressed = 0;
   QTimer::singleShot(0, &window, [&] {
     EXPECT_TRUE(window.playing());
-    QTest::mouseClick(control<QPushButton>(window, "Command1"), Qt::LeftButton);
-    QTest::mouseClick(control<QPushButton>(window, "Command2"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(window, "next_over"), Qt::LeftButton);
+    QTest::mouseClick(control<QPushButton>(window, "show_scorecard"), Qt::LeftButton);
     QTest::keyClick(&window, Qt::Key_S);
-    press(window, "Command1");
+    press(window, "next_over");
     EXPECT_EQ(user.balls_bowled, 1);
     EXPECT_TRUE(user.requests_of("report").empty());
     ++pressed;
@@ -203,7 +203,7 @@ TEST_F(ConsoleWindowTest, WhileAnOverRunsOnlyPaceAndEscapeReact) {
   });
   QElapsedTimer clock;
   clock.start();
-  press(window, "Command1");
+  press(window, "next_over");
   EXPECT_EQ(pressed, 1);
   EXPECT_EQ(match.over_no, 2);
   EXPECT_LT(clock.elapsed(), 3000) << "Escape did not finish the over";
@@ -217,7 +217,7 @@ TEST_F(ConsoleWindowTest, ThePaceCanBeChangedInTheMiddleOfAnOver) {
                      [&] { QTest::mouseClick(control<QPushButton>(window, "pace_instant"), Qt::LeftButton); });
   QElapsedTimer clock;
   clock.start();
-  press(window, "Command1");
+  press(window, "next_over");
   EXPECT_LT(clock.elapsed(), 3000);
   EXPECT_EQ(match.over_no, 2);
   EXPECT_EQ(preferences::pace(), Pace::instant);
@@ -239,7 +239,7 @@ TEST_F(ConsoleWindowTest, TitleAndSettledBarsFollowTheChangeOfInnings) {
   const auto settled = [&](int slot) {
     return control<QWidget>(window, slot == 0 ? "settled_meter_0" : "settled_meter_1")->accessibleName();
   };
-  for (int over = 0; over < 4; ++over) press(window, "Command1");
+  for (int over = 0; over < 4; ++over) press(window, "next_over");
   EXPECT_TRUE(settled(0) != "Settled: 0 %" || settled(1) != "Settled: 0 %");
   // The men of the second innings are chosen while the old figures are still in the books.
   int asked = 0;
@@ -251,7 +251,7 @@ TEST_F(ConsoleWindowTest, TitleAndSettledBarsFollowTheChangeOfInnings) {
     EXPECT_EQ(settled(1), "Settled: 0 %");
     EXPECT_TRUE(window.windowTitle().startsWith(QString::fromStdString(match.team1_name + " v " + match.team2_name)));
   };
-  while (match.first_total == 0) press(window, "Command1");
+  while (match.first_total == 0) press(window, "next_over");
   user.before_batsman = {};
   EXPECT_GT(asked, 0);
   EXPECT_FALSE(window.windowTitle().startsWith(first));
@@ -273,8 +273,8 @@ TEST(ShortenedLine, KeepsTheOutcome) {
 
 TEST_F(ConsoleWindowTest, TheOutcomeOfEveryBallIsInViewInANarrowList) {
   ConsoleWindow& window = open(false, true);
-  for (int over = 0; over < 3; ++over) press(window, "Command1");
-  auto* list = control<QListView>(window, "List1");
+  for (int over = 0; over < 3; ++over) press(window, "next_over");
+  auto* list = control<QListView>(window, "commentary");
   list->setMinimumWidth(100);
   list->setFixedWidth(110);
   QTest::qWait(10);
@@ -306,10 +306,10 @@ TEST_F(ConsoleWindowTest, EveryBallIsShownAtAQuickPace) {
     QTimer::singleShot(0, &window, [&] {
       const QStringList symbols = control<OverChips>(window, "over_symbols")->symbols();
       bowled.push_back(symbols.size() - symbols.count(QString()));
-      EXPECT_EQ(text("Label15_1"), QStringLiteral("%1/%2").arg(match.score_runs).arg(match.score_wickets));
+      EXPECT_EQ(text("score"), QStringLiteral("%1/%2").arg(match.score_runs).arg(match.score_wickets));
     });
   };
-  press(window, "Command1");
+  press(window, "next_over");
   ASSERT_GE(bowled.size(), 6U);
   EXPECT_TRUE(std::is_sorted(bowled.begin(), bowled.end()));
   EXPECT_EQ(bowled.back(), 6);
@@ -317,8 +317,8 @@ TEST_F(ConsoleWindowTest, EveryBallIsShownAtAQuickPace) {
 
 TEST_F(ConsoleWindowTest, TheCommentaryHoldsEveryLineWithTheNewestInView) {
   ConsoleWindow& window = open(false, true);
-  auto* list = control<QListView>(window, "List1");
-  for (int over = 0; over < 8; ++over) press(window, "Command1");
+  auto* list = control<QListView>(window, "commentary");
+  for (int over = 0; over < 8; ++over) press(window, "next_over");
   const std::vector<std::string> lines = commentary_lines(match);
   ASSERT_EQ(list->model()->rowCount(), static_cast<int>(lines.size()));
   for (int row = 0; row < list->model()->rowCount(); ++row) {
@@ -326,20 +326,20 @@ TEST_F(ConsoleWindowTest, TheCommentaryHoldsEveryLineWithTheNewestInView) {
               lines[static_cast<std::size_t>(row)]);
   }
   EXPECT_EQ(list->currentIndex().row(), list->model()->rowCount() - 1);
-  while (match.first_total == 0) press(window, "Command1");
+  while (match.first_total == 0) press(window, "next_over");
   EXPECT_EQ(list->model()->rowCount(), 0);
 }
 
 TEST_F(ConsoleWindowTest, ADoubledAmpersandIsShownAsOne) {
   ConsoleWindow& window = open(false, true);
-  press(window, "Command1");
+  press(window, "next_over");
   batting_card_rec& out = match.batting_card[match.striker];
   out.how_out = " c && b " + match.bowling_card[match.bowler].name;
   match.last_wicket = {match.striker, match.innings_number, match.score_runs};
   match.ball_commentary.add_wicket(match.bowler, match.striker);
   window.refresh();
   EXPECT_TRUE(text("last_wicket").contains(" c & b ")) << text("last_wicket").toStdString();
-  const auto* list = control<QListView>(window, "List1")->model();
+  const auto* list = control<QListView>(window, "commentary")->model();
   const QModelIndex line = list->index(list->rowCount() - 3, 0);
   EXPECT_TRUE(line.data().toString().contains(" c & b ")) << line.data().toString().toStdString();
   EXPECT_TRUE(line.data(Qt::AccessibleTextRole).toString().contains(" c & b "));
@@ -348,17 +348,17 @@ TEST_F(ConsoleWindowTest, ADoubledAmpersandIsShownAsOne) {
 
 TEST_F(ConsoleWindowTest, TheBrowserOffersTheOversOfThisInningsOnly) {
   ConsoleWindow& window = open(false, true);
-  auto* browser = control<QScrollBar>(window, "VScroll1");
-  while (match.first_total == 0) press(window, "Command1");
+  auto* browser = control<QScrollBar>(window, "past_overs");
+  while (match.first_total == 0) press(window, "next_over");
   ASSERT_GT(match.browser_maximum, 1) << "the first innings had overs";
   EXPECT_FALSE(browser->isEnabled());
   EXPECT_FALSE(control<QWidget>(window, "over_before")->isEnabled());
   EXPECT_EQ(text("over_title"), "Last over");
   EXPECT_EQ(text("over_bowler"), "");
-  EXPECT_FALSE(control<QLabel>(window, "Label15_12")->isVisible()) << "no over is there to compare";
-  EXPECT_TRUE(text("Label15_13").endsWith(" are 0/0"));
-  press(window, "Command1");
-  EXPECT_TRUE(control<QLabel>(window, "Label15_12")->isVisible());
+  EXPECT_FALSE(control<QLabel>(window, "stage_overs")->isVisible()) << "no over is there to compare";
+  EXPECT_TRUE(text("score_now").endsWith(" are 0/0"));
+  press(window, "next_over");
+  EXPECT_TRUE(control<QLabel>(window, "stage_overs")->isVisible());
   EXPECT_TRUE(browser->isEnabled());
   EXPECT_EQ(browser->maximum(), 1);
   EXPECT_EQ(text("over_title"), "Over 1");
@@ -366,19 +366,19 @@ TEST_F(ConsoleWindowTest, TheBrowserOffersTheOversOfThisInningsOnly) {
 
 TEST_F(ConsoleWindowTest, AButtonNamesTheManWhoHasComeIn) {
   ConsoleWindow& window = open(false, true);
-  const auto* button = control<QPushButton>(window, "Command4_1");
+  const auto* button = control<QPushButton>(window, "batsman_aggression_1");
   const QString before = button->text();
   match.batting_card[match.higher_batsman()].name = "N.Newcomer";
   window.refresh();
   EXPECT_EQ(button->text(), before);
   EXPECT_EQ(button->accessibleName(),
             QStringLiteral("Aggression of N.Newcomer: %1 of 5").arg(match.batsman_aggression[1]));
-  EXPECT_EQ(control<QPushButton>(window, "Command10")->accessibleName(), "Profile of N.Newcomer");
+  EXPECT_EQ(control<QPushButton>(window, "batsman_profile_1")->accessibleName(), "Profile of N.Newcomer");
 }
 
 TEST_F(ConsoleWindowTest, PicturesAreToldToScreenReaders) {
   ConsoleWindow& window = open(false, true);
-  press(window, "Command1");
+  press(window, "next_over");
   for (const char* name : {"batsman_photo_0", "bowler_photo_1", "settled_meter_0", "over_symbols"}) {
     QAccessibleInterface* told = QAccessible::queryAccessibleInterface(control<QWidget>(window, name));
     ASSERT_NE(told, nullptr) << name;
@@ -389,7 +389,7 @@ TEST_F(ConsoleWindowTest, PicturesAreToldToScreenReaders) {
 
 TEST_F(ConsoleWindowTest, TheTableOfBowlersShowsTheirFigures) {
   ConsoleWindow& window = open(false, true);
-  for (int over = 0; over < 9; ++over) press(window, "Command1");
+  for (int over = 0; over < 9; ++over) press(window, "next_over");
   const Table& table = control<TableView>(window, "bowlers")->table();
   ASSERT_GE(table.rows.size(), 2U);
   for (std::size_t i = 0; i < table.rows.size(); ++i) {
@@ -402,7 +402,7 @@ TEST_F(ConsoleWindowTest, TheTableOfBowlersShowsTheirFigures) {
 
 TEST_F(ConsoleWindowTest, TheLastBallClosesTheConsole) {
   ConsoleWindow& window = open(false, true);
-  for (int over = 0; over < 120 && window.isVisible(); ++over) press(window, "Command1");
+  for (int over = 0; over < 120 && window.isVisible(); ++over) press(window, "next_over");
   EXPECT_FALSE(window.isVisible());
   EXPECT_TRUE(form_.closed());
 }
@@ -410,7 +410,7 @@ TEST_F(ConsoleWindowTest, TheLastBallClosesTheConsole) {
 TEST_F(ConsoleWindowTest, TheCloseBoxAsksFirst) {
   ConsoleWindow& window = open(false, true);
   Robot robot;
-  robot.next("quit_question", pressing("No"));
+  robot.next("quit_question", pressing("no"));
   window.close();
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(program_is_ending());
@@ -419,18 +419,18 @@ TEST_F(ConsoleWindowTest, TheCloseBoxAsksFirst) {
 
 TEST_F(ConsoleWindowTest, QuitAsksAndEndsTheProgram) {
   ConsoleWindow& window = open(false, true);
-  press_and_answer(window, "Command12", "quit_question", "No");
+  press_and_answer(window, "quit", "quit_question", "no");
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(program_is_ending());
-  press_and_answer(window, "Command12", "quit_question", "Yes");
+  press_and_answer(window, "quit", "quit_question", "yes");
   EXPECT_TRUE(program_is_ending());
   begin_again();
 }
 
 TEST_F(ConsoleWindowTest, QuitStandsApartFromTheReports) {
   ConsoleWindow& window = open(false, true);
-  const QRect quit = control<QPushButton>(window, "Command12")->geometry();
-  for (const char* report : {"Command2", "Command6", "Command11", "Command3"}) {
+  const QRect quit = control<QPushButton>(window, "quit")->geometry();
+  for (const char* report : {"show_scorecard", "show_worm", "show_overs_graph", "change_bowler"}) {
     const QRect other = control<QPushButton>(window, report)->geometry();
     EXPECT_GE(other.left() - quit.right(), 40) << report;
   }

@@ -108,7 +108,7 @@ TEST_F(OversGraphWindowTest, WithoutABallTheRateLiesOnTheBaseLine) {
   window.show();
   const auto* bars = control<OverBarsView>(window, "bars");
   EXPECT_EQ(bars->bar_of(0, 1).height(), 0);
-  EXPECT_EQ(control<QLabel>(window, "Label6_0")->text(), "South Isles   ( 0/0 )");
+  EXPECT_EQ(control<QLabel>(window, "caption_0")->text(), "South Isles   ( 0/0 )");
   EXPECT_TRUE(bars->accessibleDescription().startsWith("South Isles   ( 0/0 ), 0 an over. no over.")) << "in words";
 }
 
@@ -128,7 +128,7 @@ TEST_F(OversGraphWindowTest, TheSameFiguresAsATable) {
   OversGraphWindow window(form);
   window.show();
   EXPECT_FALSE(window.shows_table());
-  press(window, "ShowAsTable");
+  press(window, "show_as_table");
   EXPECT_TRUE(window.shows_table());
   EXPECT_FALSE(control<OverBarsView>(window, "bars")->isVisible());
   take_picture(window, "graphs-table");
@@ -146,7 +146,7 @@ TEST_F(OversGraphWindowTest, TheSameFiguresAsATable) {
   const Table& innings = control<TableView>(window, "overs_0")->table();
   EXPECT_EQ(innings.rows[1].cells[1].text, "7");
   EXPECT_EQ(innings.rows[1].cells[2].text, "W");
-  press(window, "ShowAsTable");
+  press(window, "show_as_table");
   EXPECT_FALSE(window.shows_table());
   EXPECT_TRUE(control<OverBarsView>(window, "bars")->isVisible());
 }
@@ -165,10 +165,10 @@ TEST_F(WormGraphWindowTest, EachLineStandsOverItsOvers) {
     }
   }
   EXPECT_EQ(chart.across_to, 50);
-  EXPECT_EQ(control<QLabel>(window, "Label9")->text(), "South Isles");
-  EXPECT_EQ(control<QLabel>(window, "Label10")->text(), "Northland");
-  EXPECT_EQ(control<QLabel>(window, "Label3")->text(), shown(form.first_score));
-  EXPECT_EQ(control<QLabel>(window, "Label4")->text(), shown(form.second_score));
+  EXPECT_EQ(control<QLabel>(window, "first_side")->text(), "South Isles");
+  EXPECT_EQ(control<QLabel>(window, "second_side")->text(), "Northland");
+  EXPECT_EQ(control<QLabel>(window, "first_score")->text(), shown(form.first_score));
+  EXPECT_EQ(control<QLabel>(window, "second_score")->text(), shown(form.second_score));
 }
 
 TEST_F(WormGraphWindowTest, TheLinesInWordsAndAsATable) {
@@ -178,7 +178,7 @@ TEST_F(WormGraphWindowTest, TheLinesInWordsAndAsATable) {
   const QString words = control<LineChartView>(window, "worm")->accessibleDescription();
   EXPECT_TRUE(words.startsWith(QStringLiteral("South Isles %1. over 0: ").arg(shown(form.first_score))));
   EXPECT_TRUE(words.contains(QStringLiteral("Northland %1. over 0: ").arg(shown(form.second_score))));
-  press(window, "ShowAsTable");
+  press(window, "show_as_table");
   take_picture(window, "worms-table");
   check_window_at_sizes(window);
   const Table& table = control<TableView>(window, "scores")->table();
@@ -194,7 +194,7 @@ TEST_F(WormGraphWindowTest, ClosingKeepsTheLines) {
   const auto form = opened<worm_graph_form>();
   WormGraphWindow window(form);
   window.show();
-  press(window, "Command1");
+  press(window, "accept");
   EXPECT_FALSE(window.isVisible());
   EXPECT_TRUE(match.loaded);
   EXPECT_EQ(opened<worm_graph_form>().series[0].size(), form.series[0].size());

@@ -55,7 +55,7 @@ class ExportChoice : public ReportWindowTest {
     window.show();
     EXPECT_FALSE(note->isVisible());
     window.choose_files_with(naming(path));
-    press(window, "Command8");
+    press(window, "save_text");
     EXPECT_TRUE(note->isVisible());
     EXPECT_EQ(note->text(), told);
     EXPECT_EQ(note->accessibleName(), told);
@@ -69,9 +69,9 @@ class ExportChoice : public ReportWindowTest {
 
 TEST_F(ExportChoice, EachButtonWritesItsFile) {
   const std::tuple<const char*, const char*, std::string> kinds[] = {
-      {"Command7", "a.html", html_scorecard(match, data, card)},
-      {"Command8", "b.txt", text_scorecard(match, card)},
-      {"Command9", "c.txt", ball_by_ball(match, card)},
+      {"save_html", "a.html", html_scorecard(match, data, card)},
+      {"save_text", "b.txt", text_scorecard(match, card)},
+      {"save_ball_by_ball", "c.txt", ball_by_ball(match, card)},
   };
   for (const auto& [button, name, bytes] : kinds) {
     ScorecardWindow window(in_play(), card);
@@ -131,7 +131,7 @@ TEST_F(ExportChoice, AFileThatIsWrittenEndsTheNoteOfAFailure) {
   window.show();
   for (const char* name : {"missing/a.txt", "a.txt"}) {
     window.choose_files_with(naming(folder.filePath(name)));
-    press(window, "Command8");
+    press(window, "save_text");
     EXPECT_EQ(note->isVisible(), std::string_view(name) == "missing/a.txt") << name;
     if (note->isVisible()) take_picture(window, "scorecard_not_saved");
   }
@@ -172,7 +172,7 @@ TEST_F(ExportChoice, TheCommonDialogProposesAName) {
   FileWish wish = export_wish(match, card, export_kind::html);
   wish.folder = folder.path();
   Robot robot;
-  robot.next("CommonDialog1", [&](QWidget& window) {
+  robot.next("save_file", [&](QWidget& window) {
     auto& dialog = dynamic_cast<QFileDialog&>(window);
     EXPECT_EQ(dialog.selectedFiles(), QStringList(folder.filePath("South Isles v Northland.html")));
     EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
@@ -185,7 +185,7 @@ TEST_F(ExportChoice, TheCommonDialogGivesANameItsEnding) {
   FileWish wish = export_wish(match, card, export_kind::html);
   wish.folder = folder.path();
   Robot robot;
-  robot.next("CommonDialog1", [](QWidget& window) {
+  robot.next("save_file", [](QWidget& window) {
     auto& dialog = dynamic_cast<QFileDialog&>(window);
     dialog.selectFile("final");
     static_cast<QDialog&>(dialog).done(QDialog::Accepted);

@@ -51,7 +51,7 @@ class ReportStates : public ReportWindowTest, public ::testing::WithParamInterfa
     EXPECT_EQ(window.objectName(), QString::fromLatin1(name));
     take_pictures(window, std::string(name) + "-" + GetParam().name);
     check_window_at_sizes(window);
-    press(window, "Command1");
+    press(window, "accept");
     EXPECT_FALSE(window.isVisible());
     window_of<Window, Screen> again(screen);
     again.show();

@@ -38,22 +38,22 @@ void show_active(QWidget& window) {
 }
 
 void expect_card(const QWidget& window, const batting_screen& card) {
-  EXPECT_EQ(text_of(window, "Label10"), shown(card.batting_side));
-  EXPECT_EQ(text_of(window, "Label12"), shown(card.ground));
-  EXPECT_EQ(text_of(window, "Label4"), shown(card.total));
-  EXPECT_EQ(text_of(window, "Label5"), shown(card.wickets_and_overs));
-  EXPECT_EQ(text_of(window, "Label7"), shown(card.run_rate));
-  EXPECT_EQ(text_of(window, "Label13"), shown(card.extras_total));
-  EXPECT_EQ(text_of(window, "Label14"), shown(card.extras_line));
+  EXPECT_EQ(text_of(window, "batting_side"), shown(card.batting_side));
+  EXPECT_EQ(text_of(window, "ground"), shown(card.ground));
+  EXPECT_EQ(text_of(window, "total"), shown(card.total));
+  EXPECT_EQ(text_of(window, "wickets_and_overs"), shown(card.wickets_and_overs));
+  EXPECT_EQ(text_of(window, "run_rate"), shown(card.run_rate));
+  EXPECT_EQ(text_of(window, "extras_total"), shown(card.extras_total));
+  EXPECT_EQ(text_of(window, "extras_line"), shown(card.extras_line));
   EXPECT_EQ(text_of(window, "not_counted"), shown(card.not_counted));
   for (int i = 1; i <= 11; ++i) {
     SCOPED_TRACE(i);
     const auto place = static_cast<std::size_t>(i);
-    EXPECT_EQ(text_of(window, named("Label8", i)), shown_caption(card.fielders[place]));
-    EXPECT_EQ(text_of(window, named("Label9", i)), shown_caption(card.how_out[place]));
-    EXPECT_EQ(text_of(window, named("Label2", i)), shown(card.runs[place]));
-    EXPECT_EQ(text_of(window, named("Label3", i)), shown(card.balls_faced[place]));
-    const auto* name = control<QPushButton>(window, named("Command4", i).c_str());
+    EXPECT_EQ(text_of(window, named("fielder", i)), shown_caption(card.fielders[place]));
+    EXPECT_EQ(text_of(window, named("how_out", i)), shown_caption(card.how_out[place]));
+    EXPECT_EQ(text_of(window, named("runs", i)), shown(card.runs[place]));
+    EXPECT_EQ(text_of(window, named("balls_faced", i)), shown(card.balls_faced[place]));
+    const auto* name = control<QPushButton>(window, named("batting_name", i).c_str());
     EXPECT_EQ(name->text(), shown(card.details_buttons[place].caption));
     EXPECT_EQ(name->isVisible(), card.details_buttons[place].visible);
   }
@@ -64,9 +64,9 @@ TEST_F(ScorecardWindowTest, ShowsTheCard) {
   ScorecardWindow window(in_play(), card);
   window.show();
   expect_card(window, card);
-  EXPECT_EQ(text_of(window, "Label10"), "Northland");
+  EXPECT_EQ(text_of(window, "batting_side"), "Northland");
   EXPECT_EQ(window.windowTitle(), "Scorecard");
-  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isDefault());
+  EXPECT_TRUE(control<QPushButton>(window, "accept")->isDefault());
 }
 
 TEST_F(ScorecardWindowTest, BeforeTheFirstBallThereAreTwoMenAndNoRate) {
@@ -75,11 +75,11 @@ TEST_F(ScorecardWindowTest, BeforeTheFirstBallThereAreTwoMenAndNoRate) {
   ScorecardWindow window(in_play(), card);
   show_active(window);
   expect_card(window, card);
-  EXPECT_TRUE(control<QPushButton>(window, "Command4_2")->isVisible());
-  EXPECT_FALSE(control<QPushButton>(window, "Command4_3")->isVisible());
-  EXPECT_EQ(text_of(window, "Label7"), "");
+  EXPECT_TRUE(control<QPushButton>(window, "batting_name_2")->isVisible());
+  EXPECT_FALSE(control<QPushButton>(window, "batting_name_3")->isVisible());
+  EXPECT_EQ(text_of(window, "run_rate"), "");
   EXPECT_FALSE(control<QLabel>(window, "rate_caption")->isVisible());
-  EXPECT_EQ(text_of(window, "Label9_1"), "  Not Out   ");
+  EXPECT_EQ(text_of(window, "how_out_1"), "  Not Out   ");
   QTest::keyClick(&window, Qt::Key_F11);
   EXPECT_TRUE(noting.headlines.empty()) << "the key of a man who has not come in does nothing";
 }
@@ -93,8 +93,8 @@ TEST_F(ScorecardWindowTest, ALineTellsWhichExtrasTheTotalLeavesOut) {
   const auto* line = control<QLabel>(window, "not_counted");
   EXPECT_TRUE(line->isVisible());
   EXPECT_EQ(line->text(), "The total does not count 2 no balls and 7 wides.");
-  EXPECT_GT(line->y(), control<QLabel>(window, "Label14")->y());
-  EXPECT_LT(line->y(), control<QLabel>(window, "Label4")->y());
+  EXPECT_GT(line->y(), control<QLabel>(window, "extras_line")->y());
+  EXPECT_LT(line->y(), control<QLabel>(window, "total")->y());
   check_window_at_sizes(window);
   match.innings_no_balls = match.innings_wides = 0;
   const auto without = opened<scorecard_form>();
@@ -106,15 +106,16 @@ TEST_F(ScorecardWindowTest, ALineTellsWhichExtrasTheTotalLeavesOut) {
 TEST_F(ScorecardWindowTest, ButtonsBearTheirCaptions) {
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
-  const std::pair<const char*, std::string_view> captions[] = {{"Command1", scorecard_form::ok_caption},
-                                                               {"Command2", scorecard_form::bowling_caption},
-                                                               {"Command3", scorecard_form::first_innings_caption},
-                                                               {"Command5", scorecard_form::partnerships_caption},
-                                                               {"Command6", scorecard_form::overs_graph_caption},
-                                                               {"Command7", scorecard_form::html_caption},
-                                                               {"Command8", scorecard_form::text_caption},
-                                                               {"Command9", scorecard_form::ball_by_ball_caption},
-                                                               {"Command10", scorecard_form::worm_graph_caption}};
+  const std::pair<const char*, std::string_view> captions[] = {
+      {"accept", scorecard_form::ok_caption},
+      {"show_bowling", scorecard_form::bowling_caption},
+      {"show_first_innings", scorecard_form::first_innings_caption},
+      {"show_partnerships", scorecard_form::partnerships_caption},
+      {"show_overs_graph", scorecard_form::overs_graph_caption},
+      {"save_html", scorecard_form::html_caption},
+      {"save_text", scorecard_form::text_caption},
+      {"save_ball_by_ball", scorecard_form::ball_by_ball_caption},
+      {"show_worm_graph", scorecard_form::worm_graph_caption}};
   for (const auto& [name, caption] : captions) {
     EXPECT_EQ(control<QPushButton>(window, name)->text().remove('&'), shown(caption)) << name;
   }
@@ -124,7 +125,9 @@ TEST_F(ScorecardWindowTest, ButtonsOpenTheReports) {
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
   window.show();
-  for (const char* name : {"Command3", "Command2", "Command5", "Command6", "Command10"}) press(window, name);
+  for (const char* name :
+       {"show_first_innings", "show_bowling", "show_partnerships", "show_overs_graph", "show_worm_graph"})
+    press(window, name);
   const std::vector<report> wanted = {report::first_scorecard, report::bowling_card, report::partnerships,
                                       report::overs_graph, report::worm_graph};
   EXPECT_EQ(noting.opened, wanted);
@@ -136,7 +139,7 @@ TEST_F(ScorecardWindowTest, TheFirstInningsOpensOnceItIsOver) {
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
   show_active(window);
-  EXPECT_FALSE(control<QPushButton>(window, "Command3")->isEnabled());
+  EXPECT_FALSE(control<QPushButton>(window, "show_first_innings")->isEnabled());
   QTest::keyClick(&window, Qt::Key_I, Qt::AltModifier);
   QTest::keyClick(&window, Qt::Key_P, Qt::AltModifier);
   ASSERT_TRUE(QTest::qWaitFor([&] { return !noting.opened.empty(); }));
@@ -144,14 +147,14 @@ TEST_F(ScorecardWindowTest, TheFirstInningsOpensOnceItIsOver) {
   match = played_match().second_innings;
   const auto later = opened<scorecard_form>();
   ScorecardWindow second(in_play(), later);
-  EXPECT_TRUE(control<QPushButton>(second, "Command3")->isEnabled());
+  EXPECT_TRUE(control<QPushButton>(second, "show_first_innings")->isEnabled());
 }
 
 TEST_F(ScorecardWindowTest, ANameShowsTheMansDetails) {
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
   show_active(window);
-  press(window, "Command4_1");
+  press(window, "batting_name_1");
   QTest::keyClick(&window, Qt::Key_F3);
   const std::vector<std::string> wanted = {card.details(1).headline, card.details(3).headline};
   EXPECT_EQ(noting.headlines, wanted);
@@ -162,10 +165,10 @@ TEST_F(ScorecardWindowTest, AfterAMansDetailsReturnCloses) {
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
   show_active(window);
-  auto* name = control<QPushButton>(window, "Command4_1");
+  auto* name = control<QPushButton>(window, "batting_name_1");
   name->setFocus(Qt::TabFocusReason);
   QTest::keyClick(name, Qt::Key_Return);
-  EXPECT_TRUE(control<QPushButton>(window, "Command1")->hasFocus());
+  EXPECT_TRUE(control<QPushButton>(window, "accept")->hasFocus());
   QTest::keyClick(window.focusWidget(), Qt::Key_Return);
   EXPECT_EQ(noting.headlines.size(), 1U);
   EXPECT_FALSE(window.isVisible());
@@ -178,9 +181,9 @@ TEST_F(ScorecardWindowTest, ANameReadsItsRowOut) {
   match.batting_card[4].balls = 8;
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
-  EXPECT_EQ(control<QPushButton>(window, "Command4_4")->accessibleName(),
+  EXPECT_EQ(control<QPushButton>(window, "batting_name_4")->accessibleName(),
             "D.Moss, c B.Okell, b F.Uluila, 10 runs, 8 balls, details");
-  EXPECT_TRUE(control<QPushButton>(window, "Command4_8")->accessibleName().endsWith("0 runs, 1 ball, details"));
+  EXPECT_TRUE(control<QPushButton>(window, "batting_name_8")->accessibleName().endsWith("0 runs, 1 ball, details"));
 }
 
 TEST_F(ScorecardWindowTest, ADoubledAmpersandIsShownOnceAndKeptInFiles) {
@@ -188,7 +191,7 @@ TEST_F(ScorecardWindowTest, ADoubledAmpersandIsShownOnceAndKeptInFiles) {
   match.batting_card[1].how_out = " c && b F.Uluila";
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
-  EXPECT_EQ(text_of(window, "Label9_1"), " c & b F.Uluila");
+  EXPECT_EQ(text_of(window, "how_out_1"), " c & b F.Uluila");
   const Table table = batting_table(card);
   EXPECT_EQ(table.rows[0].cells[2].text, " c & b F.Uluila");
   EXPECT_TRUE(table_csv(table).contains(" c && b F.Uluila"));
@@ -212,7 +215,7 @@ TEST_F(ScorecardWindowTest, ARoomyCardIsWrittenLarger) {
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
   window.show();
-  const auto size = [&] { return control<QLabel>(window, "Label2_1")->fontInfo().pixelSize(); };
+  const auto size = [&] { return control<QLabel>(window, "runs_1")->fontInfo().pixelSize(); };
   window.resize(smallest_screen);
   QCoreApplication::processEvents();
   const int usual = size();
@@ -248,19 +251,19 @@ TEST_F(FirstScorecardWindowTest, ShowsTheCard) {
   FirstScorecardWindow window(user_in_use(), card);
   window.show();
   expect_card(window, card);
-  EXPECT_EQ(text_of(window, "Label10"), "South Isles");
-  EXPECT_TRUE(text_of(window, "Label5").startsWith(" ("));
-  EXPECT_EQ(control<QPushButton>(window, "Command2")->text().remove('&'), "1st Innings Bowling Figures");
-  EXPECT_EQ(control<QPushButton>(window, "Command3")->text().remove('&'), "1st Innings Partnerships");
+  EXPECT_EQ(text_of(window, "batting_side"), "South Isles");
+  EXPECT_TRUE(text_of(window, "wickets_and_overs").startsWith(" ("));
+  EXPECT_EQ(control<QPushButton>(window, "show_bowling")->text().remove('&'), "1st Innings Bowling Figures");
+  EXPECT_EQ(control<QPushButton>(window, "show_partnerships")->text().remove('&'), "1st Innings Partnerships");
 }
 
 TEST_F(FirstScorecardWindowTest, ButtonsOpenTheReportsOfItsInnings) {
   const auto card = opened<first_scorecard_form>();
   FirstScorecardWindow window(user_in_use(), card);
   window.show();
-  press(window, "Command2");
-  press(window, "Command3");
-  press(window, "Command4_11");
+  press(window, "show_bowling");
+  press(window, "show_partnerships");
+  press(window, "batting_name_11");
   EXPECT_EQ(noting.opened, (std::vector<report>{report::first_bowling_card, report::first_partnerships}));
   EXPECT_EQ(noting.headlines, std::vector<std::string>{card.details(11).headline});
 }

@@ -31,7 +31,7 @@ void check_leaving(QWidget& window, CoreForm& form) {
       [](QWidget& question) {
         take_picture(question, "leave_question");
         check_window_at_sizes(question);
-        press(question, "No");
+        press(question, "no");
       },
       false);
   asked([](QWidget& question) { QTest::keyClick(&question, Qt::Key_Escape); }, true);
@@ -39,7 +39,7 @@ void check_leaving(QWidget& window, CoreForm& form) {
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(form.closed);
   EXPECT_FALSE(form.left);
-  asked(pressing("Yes"), true);
+  asked(pressing("yes"), true);
   EXPECT_FALSE(window.isVisible());
   EXPECT_TRUE(form.closed);
   EXPECT_TRUE(form.left);

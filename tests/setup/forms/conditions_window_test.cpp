@@ -41,11 +41,11 @@ TEST_F(ConditionsWindowTest, PassesTheChecks) {
 TEST_F(ConditionsWindowTest, MovedSlidersCountAndWordsStay) {
   ConditionsWindow window(form);
   window.show();
-  const QString words = control<QLabel>(window, "Label1")->text();
-  control<QSlider>(window, "HScroll1")->setValue(4);
-  control<QSlider>(window, "HScroll4")->setValue(2);
-  EXPECT_EQ(control<QLabel>(window, "Label1")->text(), words);
-  press(window, "Command1");
+  const QString words = control<QLabel>(window, "weather_words")->text();
+  control<QSlider>(window, "weather")->setValue(4);
+  control<QSlider>(window, "outfield")->setValue(2);
+  EXPECT_EQ(control<QLabel>(window, "weather_words")->text(), words);
+  press(window, "accept");
   EXPECT_TRUE(form.closed);
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(match.weather, 4);
@@ -55,13 +55,13 @@ TEST_F(ConditionsWindowTest, MovedSlidersCountAndWordsStay) {
 TEST_F(ConditionsWindowTest, TheSkyIsPaintedForTheSliderAsItStands) {
   ConditionsWindow window(form);
   window.show();
-  auto* sky = control<QWidget>(window, "Picture1");
-  control<QSlider>(window, "HScroll1")->setValue(3);
+  auto* sky = control<QWidget>(window, "sky");
+  control<QSlider>(window, "weather")->setValue(3);
   const QImage fine = sky->grab().toImage();
   EXPECT_EQ(fine.pixelColor(5, 0).red(), 0);
   EXPECT_NEAR(fine.pixelColor(5, 0).green(), 33536 / 257, 2);
   EXPECT_NEAR(fine.pixelColor(5, fine.height() - 1).green(), 255, 2);
-  control<QSlider>(window, "HScroll1")->setValue(1);
+  control<QSlider>(window, "weather")->setValue(1);
   EXPECT_LT(sky->grab().toImage().pixelColor(5, 0).lightness(), 4);
 }
 

@@ -76,43 +76,43 @@ TEST_F(NewMatchWindowTest, ShowsTheFormAsItOpened) {
   open(three);
   preferences::set_captains({.first_human = false, .second_human = true});
   NewMatchWindow window(match, form_);
-  const auto* first = control<QComboBox>(window, "Combo1");
+  const auto* first = control<QComboBox>(window, "first_team");
   EXPECT_EQ(texts(*first), (QStringList{"Alba", "Brook", "Carse"}));
   EXPECT_EQ(first->currentText(), "Brook");
   EXPECT_EQ(first->currentData().toInt(), 3);
-  EXPECT_EQ(control<QComboBox>(window, "Combo2")->currentText(), "Carse");
-  const auto* grounds = control<QComboBox>(window, "Combo3");
+  EXPECT_EQ(control<QComboBox>(window, "second_team")->currentText(), "Carse");
+  const auto* grounds = control<QComboBox>(window, "grounds");
   EXPECT_EQ(texts(*grounds), (QStringList{"Crown & Anchor Oval", "Green Lane", "Hill Road", "Mill Field"}));
   EXPECT_EQ(grounds->currentText(), "Green Lane");
-  EXPECT_TRUE(control<QRadioButton>(window, "Option1_0")->isChecked());
-  EXPECT_TRUE(control<QRadioButton>(window, "Option3_1")->isChecked());
-  EXPECT_EQ(control<QRadioButton>(window, "Option1_0")->text(), "CPU");
-  EXPECT_EQ(control<QRadioButton>(window, "Option3_1")->text(), "Human");
+  EXPECT_TRUE(control<QRadioButton>(window, "first_computer")->isChecked());
+  EXPECT_TRUE(control<QRadioButton>(window, "second_human")->isChecked());
+  EXPECT_EQ(control<QRadioButton>(window, "first_computer")->text(), "CPU");
+  EXPECT_EQ(control<QRadioButton>(window, "second_human")->text(), "Human");
 }
 
 TEST_F(NewMatchWindowTest, TheGroundsFollowTheTeams) {
   open(three);
   NewMatchWindow window(match, form_);
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(0);
+  control<QComboBox>(window, "first_team")->setCurrentIndex(0);
   EXPECT_EQ(form_.first_team_name(), "Alba");
-  const auto* grounds = control<QComboBox>(window, "Combo3");
+  const auto* grounds = control<QComboBox>(window, "grounds");
   EXPECT_EQ(texts(*grounds), (QStringList{"Harbour Park", "Crown & Anchor Oval", "Hill Road"}));
   EXPECT_EQ(grounds->currentText(), "Crown & Anchor Oval");
   EXPECT_EQ(form_.ground_name(), "Crown & Anchor Oval");
-  control<QComboBox>(window, "Combo2")->setCurrentIndex(1);
+  control<QComboBox>(window, "second_team")->setCurrentIndex(1);
   EXPECT_EQ(texts(*grounds), (QStringList{"Harbour Park", "Crown & Anchor Oval", "Green Lane", "Mill Field"}));
 }
 
 TEST_F(NewMatchWindowTest, ChoicesReachTheForm) {
   open(three);
   NewMatchWindow window(match, form_);
-  control<QComboBox>(window, "Combo3")->setCurrentIndex(3);
+  control<QComboBox>(window, "grounds")->setCurrentIndex(3);
   EXPECT_EQ(form_.ground_name(), "Mill Field");
-  control<QRadioButton>(window, "Option1_1")->click();
+  control<QRadioButton>(window, "first_human")->click();
   EXPECT_FALSE(form_.computer_captains_first);
   EXPECT_TRUE(form_.computer_captains_second) << "each side has a captain of its own";
-  control<QRadioButton>(window, "Option3_1")->click();
-  control<QRadioButton>(window, "Option1_0")->click();
+  control<QRadioButton>(window, "second_human")->click();
+  control<QRadioButton>(window, "first_computer")->click();
   EXPECT_TRUE(form_.computer_captains_first);
   EXPECT_FALSE(form_.computer_captains_second);
 }
@@ -121,9 +121,9 @@ TEST_F(NewMatchWindowTest, ASmallDatabaseLeavesEmptyTexts) {
   open({"Alba"});
   NewMatchWindow window(match, form_);
   window.show();
-  EXPECT_EQ(control<QComboBox>(window, "Combo1")->currentText(), "");
-  EXPECT_EQ(control<QComboBox>(window, "Combo2")->currentText(), "");
-  EXPECT_EQ(control<QComboBox>(window, "Combo3")->currentText(), "");
+  EXPECT_EQ(control<QComboBox>(window, "first_team")->currentText(), "");
+  EXPECT_EQ(control<QComboBox>(window, "second_team")->currentText(), "");
+  EXPECT_EQ(control<QComboBox>(window, "grounds")->currentText(), "");
   check_window_at_sizes(window);
 }
 
@@ -131,9 +131,9 @@ TEST_F(NewMatchWindowTest, OkPlaysTheMatchWhileTheWindowIsHidden) {
   open(three);
   data.files.elevens_in_memory = true;
   NewMatchWindow window(match, form_);
-  control<QComboBox>(window, "Combo1")->setCurrentIndex(2);
-  control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
-  control<QRadioButton>(window, "Option3_1")->click();
+  control<QComboBox>(window, "first_team")->setCurrentIndex(2);
+  control<QComboBox>(window, "second_team")->setCurrentIndex(0);
+  control<QRadioButton>(window, "second_human")->click();
   bool hidden = false;
   user_.on_conditions.push_back([&](conditions_form& conditions) {
     hidden = !window.isVisible();
@@ -143,8 +143,8 @@ TEST_F(NewMatchWindowTest, OkPlaysTheMatchWhileTheWindowIsHidden) {
   });
   user_.on_console = [](console_form&) { match.console_open = false; };
   Robot robot;
-  robot.next("teamfrm", pressing("Command1"));
-  robot.next("message", pressing("OK"));
+  robot.next("teamfrm", pressing("accept"));
+  robot.next("message", pressing("accept"));
   EXPECT_EQ(window.exec(), QDialog::Accepted);
   EXPECT_TRUE(hidden);
   EXPECT_THAT(user_.requests_of("teamsel"), ElementsAre("teamsel Carse", "teamsel Alba"));
@@ -160,7 +160,7 @@ TEST_F(NewMatchWindowTest, AFailureInTheMatchIsReported) {
   NewMatchWindow window(match, form_);
   window.show();
   std::filesystem::remove(data.files.ground_file);
-  press(window, "Command1");
+  press(window, "accept");
   on_failure({});
   EXPECT_THAT(failure, ::testing::HasSubstr("world.grd"));
 }
@@ -169,7 +169,7 @@ TEST_F(NewMatchWindowTest, CancelAndEscapeCloseAndDoNothing) {
   open(three);
   NewMatchWindow window(match, form_);
   window.show();
-  press(window, "Command2");
+  press(window, "cancel");
   EXPECT_FALSE(window.isVisible());
   EXPECT_FALSE(form_.visible);
   form_.open();
@@ -191,8 +191,8 @@ TEST_F(NewMatchWindowTest, AtFirstTheUserCaptainsTheFirstTeam) {
   preferences::use_file(QString::fromStdString((database_.folder() / "fresh.ini").string()));
   open(three);
   NewMatchWindow window(match, form_);
-  EXPECT_TRUE(control<QRadioButton>(window, "Option1_1")->isChecked());
-  EXPECT_TRUE(control<QRadioButton>(window, "Option3_0")->isChecked());
+  EXPECT_TRUE(control<QRadioButton>(window, "first_human")->isChecked());
+  EXPECT_TRUE(control<QRadioButton>(window, "second_computer")->isChecked());
   EXPECT_FALSE(form_.computer_captains_first);
   EXPECT_TRUE(form_.computer_captains_second);
 }
@@ -204,15 +204,15 @@ TEST_F(NewMatchWindowTest, TheCaptainsOfTheLastMatchAreRemembered) {
     {
       NewMatchWindow window(match, form_);
       window.show();
-      control<QRadioButton>(window, first_human ? "Option1_1" : "Option1_0")->click();
-      control<QRadioButton>(window, first_human ? "Option3_0" : "Option3_1")->click();
-      press(window, "Command1");
+      control<QRadioButton>(window, first_human ? "first_human" : "first_computer")->click();
+      control<QRadioButton>(window, first_human ? "second_computer" : "second_human")->click();
+      press(window, "accept");
     }
     {
       NewMatchWindow cancelled(match, form_);
       cancelled.show();
-      control<QRadioButton>(cancelled, first_human ? "Option1_0" : "Option1_1")->click();
-      press(cancelled, "Command2");
+      control<QRadioButton>(cancelled, first_human ? "first_computer" : "first_human")->click();
+      press(cancelled, "cancel");
     }
     new_match_form fresh(in_play());
     fresh.open();
@@ -226,16 +226,16 @@ TEST_F(NewMatchWindowTest, OkWaitsForTeamsAndAGround) {
   open({"Alba", "Brook"});
   NewMatchWindow window(match, form_);
   window.show();
-  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
+  EXPECT_FALSE(control<QPushButton>(window, "accept")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose both teams");
   take_picture(window, "teamfrm_waiting");
-  control<QComboBox>(window, "Combo2")->setCurrentIndex(0);
-  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
-  control<QComboBox>(window, "Combo3")->setCurrentIndex(-1);
-  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isEnabled());
+  control<QComboBox>(window, "second_team")->setCurrentIndex(0);
+  EXPECT_TRUE(control<QPushButton>(window, "accept")->isEnabled());
+  control<QComboBox>(window, "grounds")->setCurrentIndex(-1);
+  EXPECT_FALSE(control<QPushButton>(window, "accept")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "Choose a ground");
-  control<QComboBox>(window, "Combo3")->setCurrentIndex(0);
-  EXPECT_TRUE(control<QPushButton>(window, "Command1")->isEnabled());
+  control<QComboBox>(window, "grounds")->setCurrentIndex(0);
+  EXPECT_TRUE(control<QPushButton>(window, "accept")->isEnabled());
   EXPECT_EQ(control<QLabel>(window, "wanted")->text(), "");
 }
 
@@ -243,7 +243,7 @@ TEST_F(NewMatchWindowTest, AMatchThatIsLeftClosesTheWindow) {
   open(three);
   user_.on_conditions.push_back([](conditions_form& conditions) { conditions.leave(); });
   Robot robot;
-  robot.next("teamfrm", pressing("Command1"));
+  robot.next("teamfrm", pressing("accept"));
   NewMatchWindow window(match, form_);
   window.exec();
   EXPECT_TRUE(form_.left);

@@ -53,7 +53,7 @@ class TeamSelectionWindowTest : public ::testing::Test {
     form_.open("Alba", men_);
   }
   static QCheckBox* box(const QWidget& window, int place) {
-    return control<QCheckBox>(window, ("Check1_" + std::to_string(place)).c_str());
+    return control<QCheckBox>(window, ("man_" + std::to_string(place)).c_str());
   }
   static QString text(const QWidget& window, const char* label, int place) {
     return control<QLabel>(window, (label + std::string("_") + std::to_string(place)).c_str())->text();
@@ -79,12 +79,12 @@ TEST_F(TeamSelectionWindowTest, PassesTheChecksWithTwentyRows) {
 TEST_F(TeamSelectionWindowTest, ShowsTheRows) {
   TeamSelectionWindow window(match, form_);
   EXPECT_EQ(box(window, 4)->text(), "R.&& S.Vance");
-  EXPECT_EQ(text(window, "Label2", 1), "RH Opener");
-  EXPECT_EQ(text(window, "Label3", 20), "20");
-  EXPECT_EQ(text(window, "Label4", 6), "Fast Bowler/Wk");
-  EXPECT_EQ(text(window, "Label4", 7), "Medium Pacer");
-  EXPECT_EQ(text(window, "Label5", 2), "37.5");
-  EXPECT_EQ(text(window, "Label6", 1), "4.35");
+  EXPECT_EQ(text(window, "batting_type", 1), "RH Opener");
+  EXPECT_EQ(text(window, "batting_skill", 20), "20");
+  EXPECT_EQ(text(window, "bowling_type", 6), "Fast Bowler/Wk");
+  EXPECT_EQ(text(window, "bowling_type", 7), "Medium Pacer");
+  EXPECT_EQ(text(window, "balls_per_wicket", 2), "37.5");
+  EXPECT_EQ(text(window, "economy", 1), "4.35");
   EXPECT_EQ(counter(window), " 0 /11 players selected so far.");
   EXPECT_TRUE(box(window, 6)->accessibleName().contains("Bowler type Fast Bowler/Wk"));
 }
@@ -118,7 +118,8 @@ TEST_F(TeamSelectionWindowTest, AnEmptyPlaceHasNoRow) {
   window.show();
   take_picture(window, "teamsel_eleven");
   check_window_at_sizes(window);
-  for (const char* name : {"Check1_3", "Label2_3", "Label3_3", "Label4_3", "Label5_3", "Label6_3", "Check1_20"}) {
+  for (const char* name :
+       {"man_3", "batting_type_3", "batting_skill_3", "bowling_type_3", "balls_per_wicket_3", "economy_3", "man_20"}) {
     EXPECT_FALSE(control<QWidget>(window, name)->isVisible()) << name;
   }
   EXPECT_TRUE(box(window, 11)->isVisible());
@@ -142,7 +143,7 @@ TEST_F(TeamSelectionWindowTest, AClickBesideTheBoxTicksTheRow) {
   window.show();
   QApplication::processEvents();
   auto* grid = box(window, 9)->parentWidget();
-  const QWidget* skill = control<QLabel>(window, "Label3_9");
+  const QWidget* skill = control<QLabel>(window, "batting_skill_9");
   QTest::mouseClick(grid, Qt::LeftButton, {}, skill->geometry().center());
   EXPECT_TRUE(box(window, 9)->isChecked());
   EXPECT_TRUE(form_.ticks[9]);
@@ -152,12 +153,12 @@ TEST_F(TeamSelectionWindowTest, AClickBesideTheBoxTicksTheRow) {
 TEST_F(TeamSelectionWindowTest, AutoSelectAndClear) {
   TeamSelectionWindow window(match, form_);
   window.show();
-  press(window, "Command3");
+  press(window, "auto_select");
   EXPECT_EQ(form_.ticked(), 11);
   for (int place = 1; place <= 20; ++place) EXPECT_EQ(box(window, place)->isChecked(), form_.ticks[place]) << place;
   EXPECT_EQ(counter(window), "11/11 players selected so far.");
   take_picture(window, "teamsel_chosen");
-  press(window, "Command4");
+  press(window, "clear_selection");
   EXPECT_EQ(form_.ticked(), 0);
   for (int place = 1; place <= 20; ++place) EXPECT_FALSE(box(window, place)->isChecked()) << place;
   EXPECT_EQ(counter(window), "0/11 players selected so far.");
@@ -166,14 +167,14 @@ TEST_F(TeamSelectionWindowTest, AutoSelectAndClear) {
 TEST_F(TeamSelectionWindowTest, TheFirstTeamsOkNeedsEleven) {
   TeamSelectionWindow window(match, form_);
   window.show();
-  EXPECT_FALSE(control<QPushButton>(window, "Command2")->isVisible());
+  EXPECT_FALSE(control<QPushButton>(window, "accept_second_team")->isVisible());
   for (int place = 1; place <= 10; ++place) box(window, place)->click();
-  press(window, "Command1");
+  press(window, "accept_first_team");
   EXPECT_TRUE(window.isVisible());
   EXPECT_FALSE(form_.closed);
   EXPECT_FALSE(match.first_team_done);
   box(window, 15)->click();
-  press(window, "Command1");
+  press(window, "accept_first_team");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.result(), QDialog::Accepted);
   EXPECT_TRUE(match.first_team_done);
@@ -187,15 +188,15 @@ TEST_F(TeamSelectionWindowTest, TheSecondTeamsOkPlaysWhileTheWindowIsHidden) {
   form_.open("Brook", men_);
   match.computer_bats = match.computer_bowls = false;
   TeamSelectionWindow window(match, form_);
-  EXPECT_FALSE(control<QPushButton>(window, "Command1")->isVisible());
+  EXPECT_FALSE(control<QPushButton>(window, "accept_first_team")->isVisible());
   window.show();
-  press(window, "Command3");
+  press(window, "auto_select");
   bool hidden = false;
   user_.on_console = [&](console_form&) {
     hidden = !window.isVisible();
     match.console_open = false;
   };
-  press(window, "Command2");
+  press(window, "accept_second_team");
   EXPECT_TRUE(hidden);
   EXPECT_EQ(window.result(), QDialog::Accepted);
   EXPECT_EQ(user_.requests_of("toss").size(), 1u);
@@ -212,8 +213,8 @@ TEST_F(TeamSelectionWindowTest, TheAveragesAreAskedFor) {
   on_failure([&](const std::exception& error) { failure = error.what(); });
   TeamSelectionWindow window(match, form_);
   window.show();
-  press(window, "Command5_0");
-  press(window, "Command5_1");
+  press(window, "career_batting_averages");
+  press(window, "career_bowling_averages");
   on_failure({});
   EXPECT_EQ(failure, "");
   EXPECT_EQ(reader.shown_lists, 2);

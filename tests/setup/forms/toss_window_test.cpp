@@ -41,22 +41,22 @@ TEST_F(TossWindowTest, PassesTheChecksAtBothStages) {
   window.show();
   take_picture(window, "toss_coin");
   check_window_at_sizes(window);
-  EXPECT_EQ(text(window, "Label1"), "Home to call...");
-  EXPECT_TRUE(is_shown(window, "Command1_0"));
-  EXPECT_TRUE(is_shown(window, "Command1_1"));
-  EXPECT_FALSE(is_shown(window, "Command2"));
-  EXPECT_FALSE(is_shown(window, "Command3"));
-  EXPECT_FALSE(is_shown(window, "Label2"));
-  press(window, "Command1_1");
+  EXPECT_EQ(text(window, "headline"), "Home to call...");
+  EXPECT_TRUE(is_shown(window, "heads"));
+  EXPECT_TRUE(is_shown(window, "tails"));
+  EXPECT_FALSE(is_shown(window, "bat"));
+  EXPECT_FALSE(is_shown(window, "bowl"));
+  EXPECT_FALSE(is_shown(window, "deciding_line"));
+  press(window, "tails");
   take_picture(window, "toss_decision");
   check_window_at_sizes(window);
-  EXPECT_EQ(text(window, "Label1"), "Home have won the toss.");
-  EXPECT_EQ(text(window, "Label2"), "Home");
-  EXPECT_EQ(text(window, "Label3"), "Away");
-  EXPECT_FALSE(is_shown(window, "Command1_0"));
-  EXPECT_FALSE(is_shown(window, "Command1_1"));
-  EXPECT_TRUE(enabled(window, "Command2"));
-  EXPECT_TRUE(enabled(window, "Command3"));
+  EXPECT_EQ(text(window, "headline"), "Home have won the toss.");
+  EXPECT_EQ(text(window, "deciding_line"), "Home");
+  EXPECT_EQ(text(window, "other_line"), "Away");
+  EXPECT_FALSE(is_shown(window, "heads"));
+  EXPECT_FALSE(is_shown(window, "tails"));
+  EXPECT_TRUE(enabled(window, "bat"));
+  EXPECT_TRUE(enabled(window, "bowl"));
 }
 
 TEST_F(TossWindowTest, BatAndBowlDecide) {
@@ -64,10 +64,10 @@ TEST_F(TossWindowTest, BatAndBowlDecide) {
   script_draws({second_wins});
   TossWindow window(form_);
   window.show();
-  press(window, "Command1_0");
-  EXPECT_EQ(text(window, "Label2"), "Away");
-  EXPECT_EQ(text(window, "Label3"), "Home");
-  press(window, "Command2");
+  press(window, "heads");
+  EXPECT_EQ(text(window, "deciding_line"), "Away");
+  EXPECT_EQ(text(window, "other_line"), "Home");
+  press(window, "bat");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.result(), QDialog::Accepted);
   EXPECT_EQ(match.team1_name, "Away") << "it bats first";
@@ -76,8 +76,8 @@ TEST_F(TossWindowTest, BatAndBowlDecide) {
   script_draws({first_wins});
   TossWindow again(form_);
   again.show();
-  press(again, "Command1_0");
-  press(again, "Command3");
+  press(again, "heads");
+  press(again, "bowl");
   EXPECT_FALSE(again.isVisible());
   EXPECT_EQ(match.team1_name, "Home") << "Away won and bowls";
 }
@@ -88,11 +88,11 @@ TEST_F(TossWindowTest, AComputersElectionCanOnlyBeConfirmed) {
   script_draws({second_wins, field});
   TossWindow window(form_);
   window.show();
-  press(window, "Command1_0");
-  EXPECT_EQ(text(window, "Label1"), "Away have won the toss and have elected to field first.");
-  EXPECT_TRUE(enabled(window, "Command2"));
-  EXPECT_FALSE(enabled(window, "Command3"));
-  EXPECT_EQ(window.focusWidget()->objectName(), "Command2");
+  press(window, "heads");
+  EXPECT_EQ(text(window, "headline"), "Away have won the toss and have elected to field first.");
+  EXPECT_TRUE(enabled(window, "bat"));
+  EXPECT_FALSE(enabled(window, "bowl"));
+  EXPECT_EQ(window.focusWidget()->objectName(), "bat");
   take_picture(window, "toss_elected");
   check_window_at_sizes(window);
 
@@ -100,10 +100,10 @@ TEST_F(TossWindowTest, AComputersElectionCanOnlyBeConfirmed) {
   script_draws({second_wins, bat});
   TossWindow again(form_);
   again.show();
-  press(again, "Command1_1");
-  EXPECT_EQ(text(again, "Label1"), "Away have won the toss and have elected to bat first.");
-  EXPECT_FALSE(enabled(again, "Command2"));
-  EXPECT_EQ(again.focusWidget()->objectName(), "Command3");
+  press(again, "tails");
+  EXPECT_EQ(text(again, "headline"), "Away have won the toss and have elected to bat first.");
+  EXPECT_FALSE(enabled(again, "bat"));
+  EXPECT_EQ(again.focusWidget()->objectName(), "bowl");
   QTest::keyClick(again.focusWidget(), Qt::Key_Return);
   EXPECT_FALSE(again.isVisible());
   EXPECT_EQ(match.team1_name, "Away");
@@ -115,12 +115,12 @@ TEST_F(TossWindowTest, AComputersTossOpensOnTheDecision) {
   form_.open_decided();
   TossWindow window(form_);
   window.show();
-  EXPECT_FALSE(is_shown(window, "Command1_0"));
-  EXPECT_TRUE(is_shown(window, "Command2"));
-  EXPECT_TRUE(is_shown(window, "Command3"));
-  EXPECT_EQ(enabled(window, "Command2"), form_.bat_enabled);
-  EXPECT_EQ(enabled(window, "Command3"), form_.bowl_enabled);
-  EXPECT_EQ(text(window, "Label1"), QString::fromStdString(form_.headline));
+  EXPECT_FALSE(is_shown(window, "heads"));
+  EXPECT_TRUE(is_shown(window, "bat"));
+  EXPECT_TRUE(is_shown(window, "bowl"));
+  EXPECT_EQ(enabled(window, "bat"), form_.bat_enabled);
+  EXPECT_EQ(enabled(window, "bowl"), form_.bowl_enabled);
+  EXPECT_EQ(text(window, "headline"), QString::fromStdString(form_.headline));
   check_window_at_sizes(window);
 }
 
