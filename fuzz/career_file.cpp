@@ -33,9 +33,9 @@ void require_same(const career_table& a, const career_table& b) {
 
 /// Writes careers into an empty file.
 void write_and_read_again(const career_table& careers) {
-  write_bytes(files.career_file, {});
-  write_career_table(careers);
-  require_same(read_career_table(), careers);
+  write_bytes(data.files.career_file, {});
+  write_career_table(data, careers);
+  require_same(read_career_table(data), careers);
 }
 
 void look_at_profiles(const career_table& careers) {
@@ -51,14 +51,14 @@ void look_at_profiles(const career_table& careers) {
 
 /// Looks with the records of a match.
 void look_at_teams() {
-  write_bytes(files.record_file, records);
+  write_bytes(data.files.record_file, records);
   team_records_form form{data};
   form.open();
   for (std::size_t t = 0; t < form.teams.size(); ++t) {
     form.choose_team(static_cast<int>(t));
     require_shown(form.world_ranking.text);
   }
-  std::filesystem::remove(files.record_file);
+  std::filesystem::remove(data.files.record_file);
 }
 
 void look(int choice, const career_table& careers) {
@@ -75,7 +75,7 @@ void look(int choice, const career_table& careers) {
   } else if (choice == 12) {
     look_at_teams();
   } else if (choice == 13) {
-    dump_database(files, scratch() / "dump");
+    dump_database(data.files, scratch() / "dump");
   } else if (choice == 14) {
     require_report({"list", "averages"});
   } else if (choice == 15) {
@@ -87,11 +87,11 @@ void look(int choice, const career_table& careers) {
 /// Adds a match: done, or refused with the file as it was. Done, it can be read and looked at again.
 void update(std::string_view before) {
   stage_finished_match();
-  if (!done("base.rec", update_career)) {
-    require_bytes(files.career_file, before);
+  if (!done("base.rec", [] { update_career(match, data); })) {
+    require_bytes(data.files.career_file, before);
     return;
   }
-  read_career_table();
+  read_career_table(data);
 }
 
 }  // namespace
@@ -104,16 +104,16 @@ void take(std::string_view input) {
   career_table careers;
   bool faultless = false;
   {
-    const unchanged rec(files.career_file, file);
-    write_bytes(files.record_file, records);
-    faultless = check_database(files).empty();
-    std::filesystem::remove(files.record_file);
-    const bool read = done("base.rec", [&] { careers = read_career_table(); });
+    const unchanged rec(data.files.career_file, file);
+    write_bytes(data.files.record_file, records);
+    faultless = check_database(data.files).empty();
+    std::filesystem::remove(data.files.record_file);
+    const bool read = done("base.rec", [&] { careers = read_career_table(data); });
     require(read || !faultless, "what cannot be read is a fault");
     if (read) look(choice, careers);
   }
   if (choice >= 28) {
-    update_both(files.career_file, file, files.record_file, records);
+    update_both(data.files.career_file, file, data.files.record_file, records);
   } else if (choice >= 24) {
     update(file);
   } else if (choice >= 16) {
@@ -123,7 +123,7 @@ void take(std::string_view input) {
 
 void prepare() {
   lay_out_database();
-  records = bytes_of(files.record_file);
+  records = bytes_of(data.files.record_file);
   shrink_database();
 }
 

@@ -28,9 +28,9 @@ void play(std::vector<double> draws) {
     for (std::size_t i = 0; draws.size() < whole_match; ++i) draws.push_back(draws[i % given]);
   }
   chance.use_script(std::move(draws), "draws.txt");
-  files.elevens_in_memory = true;
-  files.read_once = true;
-  files.updates = false;
+  data.files.elevens_in_memory = true;
+  data.files.read_once = true;
+  data.files.updates = false;
   headless_user user{match};
   const front_end_scope scope(user);
   try {
@@ -48,7 +48,7 @@ void prepare() { lay_out_database(); }
 
 void take(std::string_view input) {
   match = match_state();
-  files = database_paths(scratch(), "base");
+  data.files = database_paths(scratch(), "base");
   const std::filesystem::path file = scratch() / "draws.txt";
   std::vector<double> draws;
   {

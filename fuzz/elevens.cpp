@@ -25,7 +25,7 @@ std::string encoded_men(const eleven& men) {
 
 void require_elevens(const std::string& batting, const std::string& bowling) {
   match.batting_xi = match.bowling_xi = eleven();
-  read_elevens();
+  read_elevens(match, data);
   require(encoded_men(match.batting_xi) == batting, "the first eleven is read as it was written");
   require(encoded_men(match.bowling_xi) == bowling, "the second eleven is read as it was written");
 }
@@ -34,10 +34,10 @@ void require_elevens(const std::string& batting, const std::string& bowling) {
 void go_round() {
   const eleven batting = match.batting_xi;
   const eleven bowling = match.bowling_xi;
-  write_eleven(side::first, batting);
-  write_eleven(side::second, bowling);
+  write_eleven(data, side::first, batting);
+  write_eleven(data, side::second, bowling);
   require_elevens(encoded_men(batting), encoded_men(bowling));
-  swap_elevens();
+  swap_elevens(data);
   require_elevens(encoded_men(bowling), encoded_men(batting));
 }
 
@@ -47,15 +47,15 @@ void prepare() {}
 
 void take(std::string_view input) {
   fresh_state();
-  const std::filesystem::path first = files.folder / "team1r.txt";
-  const std::filesystem::path second = files.folder / "team2r.txt";
+  const std::filesystem::path first = data.files.folder / "team1r.txt";
+  const std::filesystem::path second = data.files.folder / "team2r.txt";
   const std::string both = unfolded(input, eleven_slot, 22);
   const std::string_view all = both;
   {
     const unchanged first_file(first, all.substr(0, first_size));
     const unchanged second_file(second, all.substr(std::min(first_size, all.size())));
     try {
-      read_elevens();
+      read_elevens(match, data);
     } catch (const run_time_error& error) {
       const std::string& named = error.place().file;
       require(named == "team1r.txt" || named == "team2r.txt", "the error is of a file of the elevens", error.what());
@@ -65,7 +65,7 @@ void take(std::string_view input) {
     }
   }
   go_round();
-  files.elevens_in_memory = true;
+  data.files.elevens_in_memory = true;
   go_round();
 }
 

@@ -33,9 +33,9 @@ class match_keeper : public test_user {
 
 void lay_out_database() {
   fresh_state();
-  build_database(small_tables(), files.team_file, files.ground_file);
-  files.elevens_in_memory = true;
-  files.updates = false;
+  build_database(small_tables(), data.files.team_file, data.files.ground_file);
+  data.files.elevens_in_memory = true;
+  data.files.updates = false;
   match_keeper keeper;
   const front_end_scope scope(keeper);
   new_match_form form{in_play()};
@@ -43,8 +43,8 @@ void lay_out_database() {
   form.accept();
   fresh_state();
   stage_finished_match();
-  update_career();
-  update_records();
+  update_career(match, data);
+  update_records(match, data);
   fresh_state();
 }
 
@@ -52,15 +52,15 @@ void shrink_database() {
   std::string players = "team,name,bat_skill,bowl_sr,econ,keeper,hand,role,bowler_type\n";
   for (int t = 0; t < 3; ++t) {
     for (char man = 'A'; man < 'A' + 11; ++man) {
-      players += read_team_list()[t].team_name + "," + man + ".Man,30,40,5,no,RH ,Opener,spinner\n";
+      players += read_team_list(data)[t].team_name + "," + man + ".Man,30,40,5,no,RH ,Opener,spinner\n";
     }
   }
   write_bytes(scratch() / "players.csv", players);
   write_bytes(scratch() / "grounds.csv",
               "country,ground,pitch_bounce,pitch_surface,start_time\nNeutral,Harbour Park,3,2,1030\n");
-  build_database(scratch(), files.team_file, files.ground_file);
-  std::filesystem::remove(files.career_file);
-  std::filesystem::remove(files.record_file);
+  build_database(scratch(), data.files.team_file, data.files.ground_file);
+  std::filesystem::remove(data.files.career_file);
+  std::filesystem::remove(data.files.record_file);
   fresh_state();
 }
 
@@ -72,13 +72,13 @@ void stage_finished_match() {
 bool update_both(const std::filesystem::path& fuzzed, std::string_view before, const std::filesystem::path& other,
                  std::string_view sound) {
   write_bytes(other, sound);
-  const bool faultless = check_database(files).empty();
+  const bool faultless = check_database(data.files).empty();
   stage_finished_match();
-  const bool updated = done(fuzzed.filename().native(), update_career_and_records);
+  const bool updated = done(fuzzed.filename().native(), [] { update_career_and_records(match, data); });
   if (updated) {
-    read_career_table();
-    read_record_lists();
-    if (faultless) require(check_database(files).empty(), "an update leaves no fault");
+    read_career_table(data);
+    read_record_lists(data);
+    if (faultless) require(check_database(data.files).empty(), "an update leaves no fault");
   } else {
     require_bytes(fuzzed, before);
     require_bytes(other, sound);

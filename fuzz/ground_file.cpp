@@ -42,10 +42,10 @@ void write_and_read_again(const std::vector<std::string>& slots) {
 }
 
 void dump_and_build_again(const std::vector<std::string>& slots) {
-  dump_database(files, scratch() / "dump");
+  dump_database(data.files, scratch() / "dump");
   build_database(scratch() / "dump", scratch() / "again.team", scratch() / "again.grd");
-  files.ground_file = scratch() / "again.grd";
-  require(encoded_grounds(read_grounds()) == slots, "grounds are built as they were dumped");
+  data.files.ground_file = scratch() / "again.grd";
+  require(encoded_grounds(read_grounds(data)) == slots, "grounds are built as they were dumped");
 }
 
 /// The list of a form that offers grounds.
@@ -71,16 +71,16 @@ void take(std::string_view input) {
   std::vector<std::string> slots;
   bool faultless = false;
   {
-    const unchanged grd(files.ground_file, file);
-    faultless = check_database(files).empty();
-    const bool read = done("base.grd", [&] { slots = encoded_grounds(read_grounds()); });
+    const unchanged grd(data.files.ground_file, file);
+    faultless = check_database(data.files).empty();
+    const bool read = done("base.grd", [&] { slots = encoded_grounds(read_grounds(data)); });
     require(read || !faultless, "what cannot be read is a fault");
-    const bool whole = done("base.grd", require_whole_database);
+    const bool whole = done("base.grd", [] { require_whole_database(data); });
     require(whole || !faultless, "a file cut short is a fault");
     if (!read) return;
     if (choice == 0) write_and_read_again(slots);
     if (choice == 1) offer(slots.size());
-    if (choice == 2 && !faultless) done("base.grd", [] { dump_database(files, scratch() / "dump"); });
+    if (choice == 2 && !faultless) done("base.grd", [] { dump_database(data.files, scratch() / "dump"); });
   }
   if (choice == 2 && faultless) dump_and_build_again(slots);
 }

@@ -29,14 +29,14 @@ std::string first_records(const std::string& file, std::size_t slot_length, int 
 }
 
 void make_teams(const fs::path& folder) {
-  const std::string teams = bytes_of(files.team_file);
+  const std::string teams = bytes_of(data.files.team_file);
   const std::string two = first_records(teams, team_slot, 2);
   write_bytes(folder / "two-teams", '\0' + folded(two, team_slot));
   write_bytes(folder / "two-teams-play", '\1' + folded(two, team_slot));
   write_bytes(folder / "two-teams-dump", '\2' + folded(two, team_slot));
   write_bytes(folder / "team-cut-short", '\0' + folded(two.substr(0, two.size() - team_slot / 2 - 400), team_slot));
   slot_file odd(two, team_slot, {});
-  team_rec numberless = read_team(2);
+  team_rec numberless = read_team(data, 2);
   for (player_rec& man : numberless.squad) man.bowl_sr = man.econ = std::nanf("");
   odd.put(2, encoded(numberless), {});
   write_bytes(folder / "no-numbers-play", '\1' + folded(odd.bytes(), team_slot));
@@ -45,7 +45,7 @@ void make_teams(const fs::path& folder) {
   team_rec small;
   small.team_name = "Alba";
   small.team_flag = 3;
-  small.squad[1] = read_team(2).squad[1];
+  small.squad[1] = read_team(data, 2).squad[1];
   small.squad[1].reserved.fill("kept");
   slot_file one({}, team_slot, {});
   one.put(1, encoded_field(integer(1)), {});
@@ -54,7 +54,7 @@ void make_teams(const fs::path& folder) {
 }
 
 void make_grounds(const fs::path& folder) {
-  const std::string grounds = bytes_of(files.ground_file);
+  const std::string grounds = bytes_of(data.files.ground_file);
   const std::string two = first_records(grounds, team_slot, 2);
   write_bytes(folder / "all", '\1' + folded(grounds, team_slot));
   write_bytes(folder / "all-dump", '\2' + folded(grounds, team_slot));
@@ -65,39 +65,39 @@ void make_grounds(const fs::path& folder) {
 }
 
 void make_careers(const fs::path& folder) {
-  const std::string rec = bytes_of(files.career_file);
+  const std::string rec = bytes_of(data.files.career_file);
   for (const int choice : {3, 6, 9, 12, 13, 14, 16, 24, 28}) {
     write_bytes(folder / ("match-" + std::to_string(choice)), static_cast<char>(choice) + folded(rec, career_slot));
   }
   write_bytes(folder / "cut-short", '\0' + folded(rec.substr(0, career_slot + 200), career_slot));
-  career_table careers = read_career_table(files.career_file);
+  career_table careers = read_career_table(data.files.career_file);
   careers.career_team_count = 1;
   careers.teams[1].player_count = 2;
   for (int p = 3; p <= player_limit; ++p) careers.teams[1].players[p] = career_rec();
   careers.teams[1].players[1].career_reserved_1 = "kept";
   careers.teams[1].players[2].runs = 2'147'483'640;
-  fs::remove(files.career_file);
-  write_career_table(careers);
+  fs::remove(data.files.career_file);
+  write_career_table(data, careers);
   for (const int choice : {1, 4, 11, 12, 15, 16, 24, 28}) {
     write_bytes(folder / ("two-men-" + std::to_string(choice)),
-                static_cast<char>(choice) + folded(bytes_of(files.career_file), career_slot));
+                static_cast<char>(choice) + folded(bytes_of(data.files.career_file), career_slot));
   }
 }
 
 /// Writes an input for each choice with the file of these lists.
 void make_records_of(const record_lists& lists, const fs::path& name, std::initializer_list<int> choices) {
-  fs::remove(files.record_file);
-  write_record_lists(lists);
+  fs::remove(data.files.record_file);
+  write_record_lists(data, lists);
   for (const int choice : choices) {
     write_bytes(name.native() + "-" + std::to_string(choice),
-                static_cast<char>(choice) + folded(bytes_of(files.record_file), records_slot));
+                static_cast<char>(choice) + folded(bytes_of(data.files.record_file), records_slot));
   }
 }
 
 void make_records(const fs::path& folder) {
-  const std::string ptr = bytes_of(files.record_file);
+  const std::string ptr = bytes_of(data.files.record_file);
   write_bytes(folder / "cut-short", '\5' + folded(ptr.substr(0, 80 * records_slot + 3), records_slot));
-  make_records_of(read_record_lists(), folder / "match", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 12, 14});
+  make_records_of(read_record_lists(data), folder / "match", {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 12, 14});
   record_lists lists;
   lists.table_team_count = 1;
   team_table& team = lists.teams[1];

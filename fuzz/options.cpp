@@ -17,14 +17,14 @@ std::array<std::string, 5> lines_of(const configuration& values) {
 
 /// Settings are read as they were written, but for the blank that each reading drops.
 void write_and_read_again() {
-  std::array<std::string, 5> lines = lines_of(settings);
-  write_options();
-  settings = configuration();
-  require(read_options(), "five lines are read");
+  std::array<std::string, 5> lines = lines_of(data.settings);
+  write_options(data);
+  data.settings = configuration();
+  require(read_options(data), "five lines are read");
   for (std::string& line : lines) {
     if (line.starts_with(' ')) line.erase(0, 1);
   }
-  require(lines_of(settings) == lines, "settings are read as they were written");
+  require(lines_of(data.settings) == lines, "settings are read as they were written");
 }
 
 /// Opens the form and leaves it by its OK.
@@ -35,33 +35,33 @@ void confirm() {
   const std::string chosen = form.database;
   require(chosen.empty() || chosen == "base", "only a database on offer is shown", chosen);
   if (form.accept()) return;
-  const std::array<std::string, 5> confirmed = lines_of(settings);
-  require(read_options() && lines_of(settings) == confirmed, "the confirmed settings are read again");
+  const std::array<std::string, 5> confirmed = lines_of(data.settings);
+  require(read_options(data) && lines_of(data.settings) == confirmed, "the confirmed settings are read again");
 }
 
 }  // namespace
 
 void prepare() {
   fresh_state();
-  write_bytes(files.team_file, {});
-  write_bytes(files.ground_file, {});
+  write_bytes(data.files.team_file, {});
+  write_bytes(data.files.ground_file, {});
 }
 
 void take(std::string_view input) {
   fresh_state();
-  const std::filesystem::path options = files.folder / "options.mc";
+  const std::filesystem::path options = data.files.folder / "options.mc";
   {
     const unchanged file(options, input);
-    if (!read_options()) {
-      require(lines_of(settings) == lines_of({}), "settings that cannot be read leave the old ones");
+    if (!read_options(data)) {
+      require(lines_of(data.settings) == lines_of({}), "settings that cannot be read leave the old ones");
       return;
     }
-    use_database(settings.database_name);
-    use_database("base");
+    use_database(data, data.settings.database_name);
+    use_database(data, "base");
   }
-  const configuration read = settings;
+  const configuration read = data.settings;
   write_and_read_again();
-  settings = read;
+  data.settings = read;
   confirm();
 }
 

@@ -49,9 +49,9 @@ void require_same(const record_lists& a, const record_lists& b) {
 
 /// Writes lists into an empty file.
 void write_and_read_again(const record_lists& lists) {
-  write_bytes(files.record_file, {});
-  write_record_lists(lists);
-  require_same(read_record_lists(), lists);
+  write_bytes(data.files.record_file, {});
+  write_record_lists(data, lists);
+  require_same(read_record_lists(data), lists);
 }
 
 template <typename Form>
@@ -74,23 +74,23 @@ void look_at_teams() {
 void look(int choice, const record_lists& lists) {
   switch (choice) {
     case 0:
-      return look_at(best_performances_form(), 1);
+      return look_at(best_performances_form(data), 1);
     case 1:
-      return look_at(best_performances_form(), 0);
+      return look_at(best_performances_form(data), 0);
     case 2:
-      return look_at(total_records_form(), 1);
+      return look_at(total_records_form(data), 1);
     case 3:
-      return look_at(total_records_form(), 0);
+      return look_at(total_records_form(data), 0);
     case 4:
-      return look_at(stand_records_form());
+      return look_at(stand_records_form(data));
     case 5:
-      done("base.ptr", [] { look_at(world_rankings_form()); });
+      done("base.ptr", [] { look_at(world_rankings_form(data)); });
       return;
     case 6:
       done("base.ptr", look_at_teams);
       return;
     case 7:
-      return dump_database(files, scratch() / "dump");
+      return dump_database(data.files, scratch() / "dump");
     case 8:
       return require_report({"rankings", "--json"});
     case 9:
@@ -103,11 +103,11 @@ void look(int choice, const record_lists& lists) {
 /// Adds a match: done, or refused with the file as it was. Done, it can be read again.
 void update(std::string_view before) {
   stage_finished_match();
-  if (!done("base.ptr", update_records)) {
-    require_bytes(files.record_file, before);
+  if (!done("base.ptr", [] { update_records(match, data); })) {
+    require_bytes(data.files.record_file, before);
     return;
   }
-  read_record_lists();
+  read_record_lists(data);
 }
 
 }  // namespace
@@ -120,16 +120,16 @@ void take(std::string_view input) {
   record_lists lists;
   bool faultless = false;
   {
-    const unchanged ptr(files.record_file, file);
-    write_bytes(files.career_file, careers);
-    faultless = check_database(files).empty();
-    std::filesystem::remove(files.career_file);
-    const bool read = done("base.ptr", [&] { lists = read_record_lists(); });
+    const unchanged ptr(data.files.record_file, file);
+    write_bytes(data.files.career_file, careers);
+    faultless = check_database(data.files).empty();
+    std::filesystem::remove(data.files.career_file);
+    const bool read = done("base.ptr", [&] { lists = read_record_lists(data); });
     require(read || !faultless, "what cannot be read is a fault");
     if (read) look(choice, lists);
   }
   if (choice >= 14) {
-    update_both(files.record_file, file, files.career_file, careers);
+    update_both(data.files.record_file, file, data.files.career_file, careers);
   } else if (choice >= 12) {
     update(file);
   } else if (choice >= 10) {
@@ -139,7 +139,7 @@ void take(std::string_view input) {
 
 void prepare() {
   lay_out_database();
-  careers = bytes_of(files.career_file);
+  careers = bytes_of(data.files.career_file);
   shrink_database();
 }
 

@@ -6,6 +6,7 @@
 #include "cli/command_line.h"
 #include "database/configuration.h"
 #include "support.h"
+#include "support/game_in_play.h"
 
 namespace velorin::fuzz {
 
@@ -30,11 +31,11 @@ void require_shown(std::string_view text) {
 }
 
 void require_report(const std::vector<std::string>& report) {
-  std::vector<std::string> arguments = {"--teams-dir", files.folder.string(), "--database", "base", "report"};
+  std::vector<std::string> arguments = {"--teams-dir", data.files.folder.string(), "--database", "base", "report"};
   arguments.insert(arguments.end(), report.begin(), report.end());
   std::ostringstream out;
   std::ostringstream err;
-  const int status = cli::run(arguments, files.folder, {out, err});
+  const int status = cli::run(arguments, data.files.folder, {out, err});
   require(is_utf8(out.str()) && is_utf8(err.str()), "output is UTF-8", err.str());
   if (status == cli::done) {
     require(out.str().ends_with('\n') && err.str().empty(), "a report is printed", err.str());

@@ -52,9 +52,9 @@ void fresh_state() {
   series = series_record();
   tri = tri_record();
   world_cup = world_cup_record();
-  settings = configuration();
-  files = database_paths(scratch(), "base");
-  forget_teams_and_grounds();
+  data.settings = configuration();
+  data.files = database_paths(scratch(), "base");
+  forget_teams_and_grounds(data);
   chance.use_seed(1);
 }
 

@@ -36,7 +36,7 @@ void write_and_read_again(const std::vector<std::string>& slots) {
 
 /// True if a free place of a squad holds something. That is no fault, but a table may not be able to keep it.
 bool has_left_overs() {
-  for (const team_rec& team : read_team_list()) {
+  for (const team_rec& team : read_team_list(data)) {
     for (int place = 1; place <= player_limit; ++place) {
       const player_rec& man = team.squad[place];
       if (man.name.empty() && encoded(man) != encoded(player_rec())) return true;
@@ -47,18 +47,18 @@ bool has_left_overs() {
 
 /// A file without a fault is dumped and built again without loss.
 void dump_and_build_again(const std::vector<std::string>& slots) {
-  const bool dumped = done("base.team", [] { dump_database(files, scratch() / "dump"); });
+  const bool dumped = done("base.team", [] { dump_database(data.files, scratch() / "dump"); });
   require(dumped || has_left_overs(), "a file without a fault can be dumped");
   if (!dumped) return;
   build_database(scratch() / "dump", scratch() / "again.team", scratch() / "again.grd");
-  files.team_file = scratch() / "again.team";
-  require(encoded_teams(read_team_list()) == slots, "teams are built as they were dumped");
+  data.files.team_file = scratch() / "again.team";
+  require(encoded_teams(read_team_list(data)) == slots, "teams are built as they were dumped");
 }
 
 /// A match of the first two teams: it is played, or refused as what it is.
 void play() {
-  files.elevens_in_memory = true;
-  files.updates = false;
+  data.files.elevens_in_memory = true;
+  data.files.updates = false;
   headless_user user{match};
   const front_end_scope scope(user);
   try {
@@ -88,18 +88,18 @@ void take(std::string_view input) {
   std::vector<std::string> slots;
   bool faultless = false;
   {
-    const unchanged team(files.team_file, file);
-    faultless = check_database(files).empty();
-    const bool read = done("base.team", [&] { slots = encoded_teams(read_team_list()); });
+    const unchanged team(data.files.team_file, file);
+    faultless = check_database(data.files).empty();
+    const bool read = done("base.team", [&] { slots = encoded_teams(read_team_list(data)); });
     require(read || !faultless, "what cannot be read is a fault");
-    const bool one_read = done("base.team", [] { read_team(2); });
+    const bool one_read = done("base.team", [] { read_team(data, 2); });
     require(one_read || !read || slots.empty(), "what is read with all others is read alone");
-    const bool whole = done("base.team", require_whole_database);
+    const bool whole = done("base.team", [] { require_whole_database(data); });
     require(whole || !faultless, "a file cut short is a fault");
     if (!read) return;
     if (choice == 0) write_and_read_again(slots);
     if (choice == 1) play();
-    if (choice == 2 && !faultless) done("base.team", [] { dump_database(files, scratch() / "dump"); });
+    if (choice == 2 && !faultless) done("base.team", [] { dump_database(data.files, scratch() / "dump"); });
   }
   if (choice == 2 && faultless) dump_and_build_again(slots);
 }
