@@ -11,6 +11,7 @@
 #include "cli/match_json.h"
 #include "cli/match_summary.h"
 #include "database/fresh_file.h"
+#include "database/open_database.h"
 #include "headless/headless_user.h"
 
 // What a run of matches asks for, and what it keeps of them.
