@@ -9,7 +9,7 @@ namespace {
 
 using BowlingCards = reports_test;
 
-TEST_F(BowlingCards, shows_the_innings_in_play) {
+TEST_F(BowlingCards, ShowsTheInningsInPlay) {
   set_second_innings_in_play();
   bowling_card_form screen(match);
   screen.open();
@@ -24,7 +24,7 @@ TEST_F(BowlingCards, shows_the_innings_in_play) {
   EXPECT_EQ(screen.economy_rates[11], "3.62");  // 3.625 exactly: down to the even digit
 }
 
-TEST_F(BowlingCards, a_man_who_has_not_bowled_shows_his_name_only) {
+TEST_F(BowlingCards, AManWhoHasNotBowledShowsHisNameOnly) {
   set_second_innings_in_play();
   bowling_card_form screen(match);
   screen.open();
@@ -36,7 +36,7 @@ TEST_F(BowlingCards, a_man_who_has_not_bowled_shows_his_name_only) {
   EXPECT_EQ(screen.economy_rates[1], "");
 }
 
-TEST_F(BowlingCards, shows_the_first_innings) {
+TEST_F(BowlingCards, ShowsTheFirstInnings) {
   set_second_innings_in_play();
   first_bowling_card_form screen(match);
   screen.open();
@@ -51,7 +51,7 @@ TEST_F(BowlingCards, shows_the_first_innings) {
   EXPECT_EQ(screen.overs[1], "");
 }
 
-TEST_F(BowlingCards, reopening_forgets_what_was_shown) {
+TEST_F(BowlingCards, ReopeningForgetsWhatWasShown) {
   set_second_innings_in_play();
   bowling_card_form screen(match);
   screen.open();
@@ -61,7 +61,7 @@ TEST_F(BowlingCards, reopening_forgets_what_was_shown) {
   EXPECT_EQ(screen.economy_rates[9], "");
 }
 
-TEST_F(BowlingCards, headings) {
+TEST_F(BowlingCards, Headings) {
   EXPECT_EQ(bowling_card_form::title, "Bowling Figures");
   const std::array<std::string_view, 5> wanted = {"Overs", "Mdns", "Runs", "Wkts", "R.P.O"};
   EXPECT_EQ(bowling_card_form::headings, wanted);

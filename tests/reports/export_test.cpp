@@ -67,21 +67,21 @@ void expect_golden(const std::string& name, const std::string& bytes) {
   EXPECT_EQ(bytes, wanted.str()) << name;
 }
 
-TEST_F(Export, golden_one_innings) {
+TEST_F(Export, GoldenOneInnings) {
   set_first_innings_in_play();
   expect_golden("one_innings.html", html_scorecard(match, data, opened<scorecard_form>()));
   expect_golden("one_innings.txt", text_scorecard(match, opened<scorecard_form>()));
   expect_golden("one_innings_by_ball.txt", ball_by_ball(match, opened<scorecard_form>()));
 }
 
-TEST_F(Export, golden_two_innings) {
+TEST_F(Export, GoldenTwoInnings) {
   set_second_innings_in_play();
   expect_golden("two_innings.html", html_scorecard(match, data, opened<scorecard_form>()));
   expect_golden("two_innings.txt", text_scorecard(match, opened<scorecard_form>()));
   expect_golden("two_innings_by_ball.txt", ball_by_ball(match, opened<scorecard_form>()));
 }
 
-TEST_F(Export, golden_before_the_first_ball) {
+TEST_F(Export, GoldenBeforeTheFirstBall) {
   match.ground.ground_name = "Lake End";
   match.team1_name = "South Isles";
   match.team2_name = "Northland";
@@ -93,7 +93,7 @@ TEST_F(Export, golden_before_the_first_ball) {
   expect_golden("no_ball_bowled.txt", text_scorecard(match, opened<scorecard_form>()));
 }
 
-TEST_F(Export, the_header_names_the_boundaries_only) {
+TEST_F(Export, TheHeaderNamesTheBoundariesOnly) {
   set_first_innings_in_play();
   EXPECT_NE(
       place_of(lines_of(html_scorecard(match, data, opened<scorecard_form>())), blanks(71) + "4s" + blanks(4) + "6s"),
@@ -102,7 +102,7 @@ TEST_F(Export, the_header_names_the_boundaries_only) {
             -1);
 }
 
-TEST_F(Export, a_name_breaks_its_row_only_behind_column_20) {
+TEST_F(Export, ANameBreaksItsRowOnlyBehindColumn20) {
   set_second_innings_in_play();
   const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   EXPECT_NE(
@@ -113,7 +113,7 @@ TEST_F(Export, a_name_breaks_its_row_only_behind_column_20) {
   EXPECT_EQ(lines[place + 1], blanks(19) + " st G.Penhall" + blanks(7) + " b H.Dray" + blanks(11) + " 9    12  1   0 ");
 }
 
-TEST_F(Export, a_hundred_balls_break_the_rows_of_the_plain_files_only) {
+TEST_F(Export, AHundredBallsBreakTheRowsOfThePlainFilesOnly) {
   set_second_innings_in_play();
   const auto text = lines_of(text_scorecard(match, opened<scorecard_form>()));
   const std::string lead = "A.Harrow" + blanks(31) + " c && b J.Abara" + blanks(5);
@@ -124,7 +124,7 @@ TEST_F(Export, a_hundred_balls_break_the_rows_of_the_plain_files_only) {
             -1);
 }
 
-TEST_F(Export, a_long_catcher_breaks_the_row) {
+TEST_F(Export, ALongCatcherBreaksTheRow) {
   set_first_innings_in_play();
   const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   const int place = place_of(lines, "A.Tamuera" + blanks(10) + " c B.Lindqvist-Ramsden");
@@ -132,14 +132,14 @@ TEST_F(Export, a_long_catcher_breaks_the_row) {
   EXPECT_EQ(lines[place + 1], blanks(39) + " b I.Nettle" + blanks(9) + " 12   20  2   0 ");
 }
 
-TEST_F(Export, only_men_who_have_come_in_have_a_row) {
+TEST_F(Export, OnlyMenWhoHaveComeInHaveARow) {
   set_first_innings_in_play();
   const std::string file = text_scorecard(match, opened<scorecard_form>());
   EXPECT_NE(file.find("E.Marrack"), std::string::npos);
   EXPECT_EQ(file.find("F.Uluila"), std::string::npos);
 }
 
-TEST_F(Export, the_totals_of_the_two_innings_differ_in_form) {
+TEST_F(Export, TheTotalsOfTheTwoInningsDifferInForm) {
   set_second_innings_in_play();
   match.first_wickets = 9;
   const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
@@ -147,7 +147,7 @@ TEST_F(Export, the_totals_of_the_two_innings_differ_in_form) {
   EXPECT_NE(place_of(lines, blanks(33) + "(3 wickets , 22.5  Overs) 131"), -1);
 }
 
-TEST_F(Export, ten_wickets_break_the_total_line_of_the_first_innings_only) {
+TEST_F(Export, TenWicketsBreakTheTotalLineOfTheFirstInningsOnly) {
   set_second_innings_in_play();
   match.score_wickets = 10;
   const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
@@ -157,7 +157,7 @@ TEST_F(Export, ten_wickets_break_the_total_line_of_the_first_innings_only) {
   EXPECT_NE(place_of(lines, blanks(33) + "(10 wickets , 22.5  Overs)131"), -1);
 }
 
-TEST_F(Export, the_second_list_of_wickets_goes_on_with_the_first) {
+TEST_F(Export, TheSecondListOfWicketsGoesOnWithTheFirst) {
   set_second_innings_in_play();
   for (const std::string& file :
        {html_scorecard(match, data, opened<scorecard_form>()), text_scorecard(match, opened<scorecard_form>()),
@@ -172,7 +172,7 @@ TEST_F(Export, the_second_list_of_wickets_goes_on_with_the_first) {
   }
 }
 
-TEST_F(Export, a_long_entry_breaks_the_list_of_wickets) {
+TEST_F(Export, ALongEntryBreaksTheListOfWickets) {
   set_second_innings_in_play();
   const auto list = fall_lines(text_scorecard(match, opened<scorecard_form>()), 1);
   EXPECT_EQ(list[0], "88 (15.4,B.Lindqvist-Ramsden)");
@@ -180,13 +180,13 @@ TEST_F(Export, a_long_entry_breaks_the_list_of_wickets) {
   EXPECT_EQ(list[2], blanks(49) + "109 (20.2,D.Moss)");
 }
 
-TEST_F(Export, an_empty_list_of_wickets_is_blanks) {
+TEST_F(Export, AnEmptyListOfWicketsIsBlanks) {
   const auto list = fall_lines(text_scorecard(match, opened<scorecard_form>()), 1);
   const std::vector<std::string> wanted = {blanks(49), blanks(49), blanks(49), ""};
   EXPECT_EQ(list, wanted);
 }
 
-TEST_F(Export, an_unbroken_stand_is_no_wicket) {
+TEST_F(Export, AnUnbrokenStandIsNoWicket) {
   set_second_innings_in_play();
   match.first_fall_of_wicket[10] = {};
   match.first_fall_of_wicket[10].batsman_a = "J.Orme";
@@ -196,7 +196,7 @@ TEST_F(Export, an_unbroken_stand_is_no_wicket) {
   EXPECT_EQ(text_scorecard(match, opened<scorecard_form>()).find("K.Foss * "), std::string::npos);
 }
 
-TEST_F(Export, bowlers_of_the_first_innings_come_backward) {
+TEST_F(Export, BowlersOfTheFirstInningsComeBackward) {
   set_second_innings_in_play();
   const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   const int header = place_of(lines, blanks(20) + "O" + blanks(5) + "M" + blanks(4) + "R" + blanks(4) + "W");
@@ -209,7 +209,7 @@ TEST_F(Export, bowlers_of_the_first_innings_come_backward) {
   EXPECT_EQ(lines[header + 6], "");
 }
 
-TEST_F(Export, bowlers_of_the_innings_in_play_follow_the_console) {
+TEST_F(Export, BowlersOfTheInningsInPlayFollowTheConsole) {
   set_first_innings_in_play();
   const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   const int header = place_of(lines, blanks(20) + "O" + blanks(5) + "M" + blanks(4) + "R" + blanks(4) + "W");
@@ -222,7 +222,7 @@ TEST_F(Export, bowlers_of_the_innings_in_play_follow_the_console) {
   EXPECT_EQ(lines[header + 6], "");
 }
 
-TEST_F(Export, the_list_of_bowlers_ends_at_its_first_empty_row) {
+TEST_F(Export, TheListOfBowlersEndsAtItsFirstEmptyRow) {
   set_first_innings_in_play();
   match.bowler_list[3].position = 0;
   const std::string file = text_scorecard(match, opened<scorecard_form>());
@@ -231,7 +231,7 @@ TEST_F(Export, the_list_of_bowlers_ends_at_its_first_empty_row) {
   EXPECT_EQ(file.find("\r\nC.Featherstonehaughs"), std::string::npos);
 }
 
-TEST_F(Export, the_list_of_bowlers_ends_at_a_man_without_a_name) {
+TEST_F(Export, TheListOfBowlersEndsAtAManWithoutAName) {
   set_first_innings_in_play();
   match.bowling_card[9].name.clear();
   for (const std::string& file :
@@ -246,7 +246,7 @@ TEST_F(Export, the_list_of_bowlers_ends_at_a_man_without_a_name) {
   }
 }
 
-TEST_F(Export, a_man_without_a_name_has_a_row_where_the_first_innings_lists_who_bowled) {
+TEST_F(Export, AManWithoutANameHasARowWhereTheFirstInningsListsWhoBowled) {
   set_second_innings_in_play();
   match.first_bowling_card[10].name.clear();
   const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
@@ -256,7 +256,7 @@ TEST_F(Export, a_man_without_a_name_has_a_row_where_the_first_innings_lists_who_
   EXPECT_EQ(lines[stote + 2], "I.Quennell" + blanks(9) + "10.0" + blanks(2) + " 0    52   1 ");
 }
 
-TEST_F(Export, a_man_without_a_name_has_no_batting_row_in_either_innings) {
+TEST_F(Export, AManWithoutANameHasNoBattingRowInEitherInnings) {
   set_second_innings_in_play();
   const std::size_t before = lines_of(html_scorecard(match, data, opened<scorecard_form>())).size();
   match.first_batting_card[4].name.clear();
@@ -269,21 +269,21 @@ TEST_F(Export, a_man_without_a_name_has_no_batting_row_in_either_innings) {
             0);
 }
 
-TEST_F(Export, ten_bowlers_fill_the_list) {
+TEST_F(Export, TenBowlersFillTheList) {
   set_first_innings_in_play();
   for (int k = 1; k <= 10; ++k) match.bowler_list[k].position = k;
   const auto lines = lines_of(text_scorecard(match, opened<scorecard_form>()));
   EXPECT_NE(place_of(lines, "J.Orme" + blanks(13) + "0.0" + blanks(3) + " 0    0    0 "), -1);
 }
 
-TEST_F(Export, the_page_takes_its_colours_from_the_settings) {
+TEST_F(Export, ThePageTakesItsColoursFromTheSettings) {
   data.settings.text_color = "0000A0";
   data.settings.back_color = "FFFFE0";
   EXPECT_EQ(lines_of(html_scorecard(match, data, opened<scorecard_form>()))[3],
             "<BODY TEXT =#0000A0 BGCOLOR=#FFFFE0 LINK=#00FF00 VLINK=#80FF80>");
 }
 
-TEST_F(Export, a_first_innings_of_0_is_no_first_innings) {
+TEST_F(Export, AFirstInningsOf0IsNoFirstInnings) {
   set_second_innings_in_play();
   match.first_total = 0;
   EXPECT_EQ(html_scorecard(match, data, opened<scorecard_form>()).find("Northland - Batting"), std::string::npos);
@@ -291,7 +291,7 @@ TEST_F(Export, a_first_innings_of_0_is_no_first_innings) {
   EXPECT_EQ(lines_of(ball_by_ball(match, opened<scorecard_form>()))[1], blanks(16) + "Velorin Ball-by-Ball Output");
 }
 
-TEST_F(Export, at_most_1500_lines_of_the_first_innings) {
+TEST_F(Export, AtMost1500LinesOfTheFirstInnings) {
   set_second_innings_in_play();
   match.commentary_store.clear();
   for (int i = 0; i < 1600; ++i) match.commentary_store.add_ball({ball_text::runs, 2, 11, 1});
@@ -300,7 +300,7 @@ TEST_F(Export, at_most_1500_lines_of_the_first_innings) {
   EXPECT_EQ(place_of(lines, "Scorecard"), 8 + 1500 + 1);
 }
 
-TEST_F(Export, a_name_is_no_tag_of_the_page) {
+TEST_F(Export, ANameIsNoTagOfThePage) {
   set_second_innings_in_play();
   match.team1_name = "C\xF4te <b> & co";
   match.team2_name = "<>";

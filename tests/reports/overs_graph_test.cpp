@@ -15,7 +15,7 @@ void set_over(ball_log_table& log, int over, const std::vector<std::string>& sym
   for (std::size_t b = 0; b < symbols.size(); ++b) log[over][b + 1] = symbols[b];
 }
 
-TEST_F(OversGraph, bars_stand_on_their_base_lines) {
+TEST_F(OversGraph, BarsStandOnTheirBaseLines) {
   set_second_innings_in_play();
   set_over(match.ball_log, 3, {"1", "0", "4", "0", "2", "0"});
   set_over(match.first_ball_log, 50, {"6", "0", "0", "0", "0", "3"});
@@ -28,7 +28,7 @@ TEST_F(OversGraph, bars_stand_on_their_base_lines) {
   EXPECT_TRUE(screen.bars[52].visible);
 }
 
-TEST_F(OversGraph, only_the_overs_with_runs_show_a_bar) {
+TEST_F(OversGraph, OnlyTheOversWithRunsShowABar) {
   set_second_innings_in_play();
   set_over(match.ball_log, 3, {"1"});
   set_over(match.first_ball_log, 1, {"1"});
@@ -39,14 +39,14 @@ TEST_F(OversGraph, only_the_overs_with_runs_show_a_bar) {
   }
 }
 
-TEST_F(OversGraph, places) {
+TEST_F(OversGraph, Places) {
   EXPECT_EQ(overs_graph_form::place(0, 1), 1);
   EXPECT_EQ(overs_graph_form::place(0, 50), 50);
   EXPECT_EQ(overs_graph_form::place(1, 1), 101);
   EXPECT_EQ(overs_graph_form::place(1, 50), 52);
 }
 
-TEST_F(OversGraph, only_numbers_count) {
+TEST_F(OversGraph, OnlyNumbersCount) {
   set_over(match.ball_log, 1, {"1", "W", "2lb", "", "3", "4b"});
   match.ball_log[1][7] = "7";
   const overs_graph_form screen = opened<overs_graph_form>();
@@ -54,7 +54,7 @@ TEST_F(OversGraph, only_numbers_count) {
   EXPECT_TRUE(screen.wicket_marks[1]);
 }
 
-TEST_F(OversGraph, a_maiden_with_a_wicket_shows_the_mark_alone) {
+TEST_F(OversGraph, AMaidenWithAWicketShowsTheMarkAlone) {
   set_over(match.ball_log, 5, {"0", "0", "W", "0", "0", "0"});
   set_over(match.first_ball_log, 7, {"0", "0", "0", "0", "0", "W"});
   const overs_graph_form screen = opened<overs_graph_form>();
@@ -67,7 +67,7 @@ TEST_F(OversGraph, a_maiden_with_a_wicket_shows_the_mark_alone) {
   EXPECT_TRUE(screen.wicket_marks[95]);
 }
 
-TEST_F(OversGraph, an_over_of_more_than_20_runs_reaches_past_the_top) {
+TEST_F(OversGraph, AnOverOfMoreThan20RunsReachesPastTheTop) {
   set_over(match.ball_log, 50, {"6", "6", "6", "6", "6", "12"});
   const overs_graph_form screen = opened<overs_graph_form>();
   EXPECT_EQ(screen.bars[50].height, 42 * 165);
@@ -75,7 +75,7 @@ TEST_F(OversGraph, an_over_of_more_than_20_runs_reaches_past_the_top) {
   EXPECT_LT(screen.bars[50].top, 0);
 }
 
-TEST_F(OversGraph, rate_lines_and_labels) {
+TEST_F(OversGraph, RateLinesAndLabels) {
   set_second_innings_in_play();
   const overs_graph_form screen = opened<overs_graph_form>();
   EXPECT_DOUBLE_EQ(screen.rate[0], 5.74);
@@ -86,7 +86,7 @@ TEST_F(OversGraph, rate_lines_and_labels) {
   EXPECT_EQ(screen.captions[1], "Northland   ( 261/10 )");
 }
 
-TEST_F(OversGraph, without_a_ball_the_rate_lines_lie_on_the_base_lines) {
+TEST_F(OversGraph, WithoutABallTheRateLinesLieOnTheBaseLines) {
   match.team1_name = "South Isles";
   match.team2_name = "Northland";
   const overs_graph_form screen = opened<overs_graph_form>();
@@ -97,7 +97,7 @@ TEST_F(OversGraph, without_a_ball_the_rate_lines_lie_on_the_base_lines) {
   for (const bool mark : screen.wicket_marks) EXPECT_FALSE(mark);
 }
 
-TEST_F(OversGraph, a_first_innings_of_no_ball_leaves_the_lower_half_empty) {
+TEST_F(OversGraph, AFirstInningsOfNoBallLeavesTheLowerHalfEmpty) {
   set_second_innings_in_play();
   match.first_balls = 0;
   const overs_graph_form screen = opened<overs_graph_form>();
@@ -108,14 +108,14 @@ TEST_F(OversGraph, a_first_innings_of_no_ball_leaves_the_lower_half_empty) {
   }
 }
 
-TEST_F(OversGraph, the_last_over_on_record) {
+TEST_F(OversGraph, TheLastOverOnRecord) {
   EXPECT_EQ(opened<overs_graph_form>().overs, (std::array<int, 2>{0, 0}));
   set_over(match.ball_log, 4, {"0", "0", "0", "0", "0", "0"});
   set_over(match.first_ball_log, 50, {"", "", "", "", "", "0"});
   EXPECT_EQ(opened<overs_graph_form>().overs, (std::array<int, 2>{4, 50}));
 }
 
-TEST_F(OversGraph, a_side_keeps_its_place_from_innings_to_innings) {
+TEST_F(OversGraph, ASideKeepsItsPlaceFromInningsToInnings) {
   match.team1_name = "Northland";
   match.team2_name = "South Isles";
   EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{0, 1})) << "no line yet: the side batting comes first";
@@ -128,7 +128,7 @@ TEST_F(OversGraph, a_side_keeps_its_place_from_innings_to_innings) {
   EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{1, 0})) << "in a chase the side below batted first";
 }
 
-TEST_F(OversGraph, sides_of_a_later_match_keep_clear_of_each_other) {
+TEST_F(OversGraph, SidesOfALaterMatchKeepClearOfEachOther) {
   match.team1_name = "Northland";
   match.team2_name = "South Isles";
   load_worms(match);
@@ -140,7 +140,7 @@ TEST_F(OversGraph, sides_of_a_later_match_keep_clear_of_each_other) {
   EXPECT_EQ(opened<overs_graph_form>().side, (std::array<int, 2>{0, 1}));
 }
 
-TEST_F(OversGraph, reopening_forgets_what_was_shown) {
+TEST_F(OversGraph, ReopeningForgetsWhatWasShown) {
   set_over(match.ball_log, 1, {"4", "W"});
   overs_graph_form screen = opened<overs_graph_form>();
   match = match_state{};

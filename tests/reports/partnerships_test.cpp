@@ -10,7 +10,7 @@ namespace {
 
 using Partnerships = reports_test;
 
-TEST_F(Partnerships, ended_stands) {
+TEST_F(Partnerships, EndedStands) {
   set_first_innings_in_play();
   const partnership_row row = opened<partnerships_form>().rows[3];
   EXPECT_EQ(row.batsmen, "C.Vanterpool  &&  D.Sealing");
@@ -21,7 +21,7 @@ TEST_F(Partnerships, ended_stands) {
   EXPECT_TRUE(row.visible);
 }
 
-TEST_F(Partnerships, the_current_stand_follows_the_last_wicket) {
+TEST_F(Partnerships, TheCurrentStandFollowsTheLastWicket) {
   set_first_innings_in_play();
   const partnerships_form screen = opened<partnerships_form>();
   EXPECT_EQ(screen.rows[4].batsmen, "C.Vanterpool  &&  E.Marrack");  // the striker is the later of the two
@@ -31,14 +31,14 @@ TEST_F(Partnerships, the_current_stand_follows_the_last_wicket) {
   for (int i = 5; i <= 10; ++i) EXPECT_FALSE(screen.rows[i].visible) << i;
 }
 
-TEST_F(Partnerships, the_order_of_the_current_stand_is_the_batting_order) {
+TEST_F(Partnerships, TheOrderOfTheCurrentStandIsTheBattingOrder) {
   set_first_innings_in_play();
   match.striker = 3;
   match.non_striker = 5;
   EXPECT_EQ(opened<partnerships_form>().rows[4].batsmen, "C.Vanterpool  &&  E.Marrack");
 }
 
-TEST_F(Partnerships, the_first_stand_starts_from_nothing) {
+TEST_F(Partnerships, TheFirstStandStartsFromNothing) {
   match.batting_card[1].name = "A.Harrow";
   match.batting_card[2].name = "D.Moss";
   match.striker = 1;
@@ -52,7 +52,7 @@ TEST_F(Partnerships, the_first_stand_starts_from_nothing) {
   EXPECT_FALSE(screen.rows[2].visible);
 }
 
-TEST_F(Partnerships, all_out_has_no_current_stand) {
+TEST_F(Partnerships, AllOutHasNoCurrentStand) {
   for (int i = 1; i <= 10; ++i) {
     match.fall_of_wicket[i].batsman_a = "A.Harrow";
     match.fall_of_wicket[i].batsman_b = "D.Moss";
@@ -69,7 +69,7 @@ TEST_F(Partnerships, all_out_has_no_current_stand) {
   for (const partnership_row& row : screen.rows) EXPECT_EQ(row.partnership.find('*'), std::string::npos);
 }
 
-TEST_F(Partnerships, nine_down_puts_the_current_stand_in_the_last_row) {
+TEST_F(Partnerships, NineDownPutsTheCurrentStandInTheLastRow) {
   match.score_wickets = 9;
   match.batting_card[2].name = "D.Moss";
   match.batting_card[11].name = "K.Foss";
@@ -79,7 +79,7 @@ TEST_F(Partnerships, nine_down_puts_the_current_stand_in_the_last_row) {
   EXPECT_TRUE(opened<partnerships_form>().rows[10].visible);
 }
 
-TEST_F(Partnerships, the_overs_go_back_into_the_records) {
+TEST_F(Partnerships, TheOversGoBackIntoTheRecords) {
   set_second_innings_in_play();
   opened<partnerships_form>();
   EXPECT_EQ(match.fall_of_wicket[1].overs_text, "7.0");
@@ -91,7 +91,7 @@ TEST_F(Partnerships, the_overs_go_back_into_the_records) {
   EXPECT_EQ(match.first_fall_of_wicket[10].overs_text, "48.2");
 }
 
-TEST_F(Partnerships, first_innings_all_out) {
+TEST_F(Partnerships, FirstInningsAllOut) {
   set_second_innings_in_play();
   const first_partnerships_form screen = opened<first_partnerships_form>();
   EXPECT_EQ(screen.rows[1].batsmen, "A.Harrow  &&  B.Lindqvist-Ramsden");
@@ -105,7 +105,7 @@ TEST_F(Partnerships, first_innings_all_out) {
   for (int i = 1; i <= 10; ++i) EXPECT_TRUE(screen.rows[i].visible) << i;
 }
 
-TEST_F(Partnerships, the_unbroken_stand_of_the_first_innings_shows_no_score) {
+TEST_F(Partnerships, TheUnbrokenStandOfTheFirstInningsShowsNoScore) {
   set_second_innings_in_play();
   fall_of_wicket_rec& stand = match.first_fall_of_wicket[10];
   stand = {};
@@ -122,14 +122,14 @@ TEST_F(Partnerships, the_unbroken_stand_of_the_first_innings_shows_no_score) {
   EXPECT_EQ(row.wicket, "10");
 }
 
-TEST_F(Partnerships, first_innings_has_no_current_stand) {
+TEST_F(Partnerships, FirstInningsHasNoCurrentStand) {
   set_second_innings_in_play();
   match.score_wickets = 0;
   match.first_fall_of_wicket = {};
   for (const partnership_row& row : opened<first_partnerships_form>().rows) EXPECT_FALSE(row.visible);
 }
 
-TEST_F(Partnerships, headings) {
+TEST_F(Partnerships, Headings) {
   const std::array<std::string_view, 5> wanted = {"  Batsmen", "Partnership", "Score", "Overs", "Wkt."};
   EXPECT_EQ(partnerships_form::headings, wanted);
 }

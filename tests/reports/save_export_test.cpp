@@ -62,7 +62,7 @@ class SaveExport : public reports_test {
   scorecard_form card{match};
 };
 
-TEST_F(SaveExport, writes_the_kind_asked_for) {
+TEST_F(SaveExport, WritesTheKindAskedFor) {
   write_export(match, data, card, export_kind::html, folder / "a.html");
   write_export(match, data, card, export_kind::text, folder / "b.txt");
   write_export(match, data, card, export_kind::ball_by_ball, folder / "c.txt");
@@ -72,19 +72,19 @@ TEST_F(SaveExport, writes_the_kind_asked_for) {
   EXPECT_EQ(files(), 3);
 }
 
-TEST_F(SaveExport, replaces_what_was_there) {
+TEST_F(SaveExport, ReplacesWhatWasThere) {
   std::ofstream(folder / "a.txt") << std::string(100000, 'x');
   write_export(match, data, card, export_kind::text, folder / "a.txt");
   EXPECT_EQ(content(folder / "a.txt"), text_scorecard(match, card));
   EXPECT_EQ(files(), 1);
 }
 
-TEST_F(SaveExport, opens_a_card_of_its_own) {
+TEST_F(SaveExport, OpensACardOfItsOwn) {
   write_export(match, data, export_kind::text, folder / "a.txt");
   EXPECT_EQ(content(folder / "a.txt"), text_scorecard(match, card));
 }
 
-TEST_F(SaveExport, follows_a_symbolic_link) {
+TEST_F(SaveExport, FollowsASymbolicLink) {
   std::ofstream(folder / "real.txt") << "old";
   fs::create_symlink(folder / "real.txt", folder / "link.txt");
   write_export(match, data, card, export_kind::text, folder / "link.txt");
@@ -92,20 +92,20 @@ TEST_F(SaveExport, follows_a_symbolic_link) {
   EXPECT_EQ(content(folder / "real.txt"), text_scorecard(match, card));
 }
 
-TEST_F(SaveExport, refuses_a_folder_that_is_not_there) {
+TEST_F(SaveExport, RefusesAFolderThatIsNotThere) {
   const fs::path path = folder / "missing" / "a.html";
   EXPECT_EQ(error_of(path), "The file cannot be written: No such file or directory (file " + path.string() + ")");
   EXPECT_EQ(files(), 0);
 }
 
-TEST_F(SaveExport, refuses_a_folder_in_place_of_the_file) {
+TEST_F(SaveExport, RefusesAFolderInPlaceOfTheFile) {
   fs::create_directory(folder / "a.html");
   const fs::path path = folder / "a.html";
   EXPECT_EQ(error_of(path), "The file cannot be written: Is a directory (file " + path.string() + ")");
   EXPECT_TRUE(fs::is_directory(folder / "a.html"));
 }
 
-TEST_F(SaveExport, refuses_the_names_of_the_game_beside_its_files) {
+TEST_F(SaveExport, RefusesTheNamesOfTheGameBesideItsFiles) {
   const database_files before = velorin::data.files;
   velorin::data.files.folder = folder;
   const std::string told = error_of(folder / "team1r.txt");
@@ -116,12 +116,12 @@ TEST_F(SaveExport, refuses_the_names_of_the_game_beside_its_files) {
   EXPECT_EQ(files(), 0);
 }
 
-TEST_F(SaveExport, writes_straight_to_a_device_and_leaves_it_one) {
+TEST_F(SaveExport, WritesStraightToADeviceAndLeavesItOne) {
   write_export(match, data, card, export_kind::html, "/dev/null");
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
-TEST_F(SaveExport, goes_on_in_the_file_of_standard_output) {
+TEST_F(SaveExport, GoesOnInTheFileOfStandardOutput) {
   const fs::path standard_output = make_link_to_standard_output();
   const fs::path path = folder / "out.txt";
   std::ofstream(path) << "before\n";
@@ -134,7 +134,7 @@ TEST_F(SaveExport, goes_on_in_the_file_of_standard_output) {
   EXPECT_EQ(files(), 2);
 }
 
-TEST_F(SaveExport, leaves_the_link_of_standard_output_alone) {
+TEST_F(SaveExport, LeavesTheLinkOfStandardOutputAlone) {
   const fs::path standard_output = make_link_to_standard_output();
   const fs::path path = folder / "out.txt";
   std::string moved;
@@ -151,7 +151,7 @@ TEST_F(SaveExport, leaves_the_link_of_standard_output_alone) {
   EXPECT_TRUE(fs::is_symlink(standard_output));
 }
 
-TEST_F(SaveExport, goes_straight_to_a_pipe_by_the_name_of_its_descriptor) {
+TEST_F(SaveExport, GoesStraightToAPipeByTheNameOfItsDescriptor) {
   int pipe[2];
   ASSERT_EQ(::pipe2(pipe, O_CLOEXEC), 0);
   ASSERT_EQ(::fcntl(pipe[1], F_SETPIPE_SZ, 1 << 20), 1 << 20);
@@ -165,7 +165,7 @@ TEST_F(SaveExport, goes_straight_to_a_pipe_by_the_name_of_its_descriptor) {
   EXPECT_EQ(got, text_scorecard(match, card));
 }
 
-TEST_F(SaveExport, leaves_a_protected_file_alone) {
+TEST_F(SaveExport, LeavesAProtectedFileAlone) {
   const fs::path path = folder / "a.txt";
   std::ofstream(path) << "old";
   fs::permissions(path, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
@@ -179,7 +179,7 @@ TEST_F(SaveExport, leaves_a_protected_file_alone) {
   EXPECT_EQ(files(), 1);
 }
 
-TEST_F(SaveExport, refuses_a_full_device) {
+TEST_F(SaveExport, RefusesAFullDevice) {
   if (!fs::exists("/dev/full")) FAIL() << "the test needs /dev/full";
   EXPECT_EQ(error_of("/dev/full"), "The file cannot be written: No space left on device (file /dev/full)");
   EXPECT_TRUE(fs::is_character_file("/dev/full"));

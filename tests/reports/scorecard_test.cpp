@@ -10,7 +10,7 @@ namespace {
 
 using Scorecard = reports_test;
 
-TEST_F(Scorecard, shows_the_innings_in_play) {
+TEST_F(Scorecard, ShowsTheInningsInPlay) {
   set_first_innings_in_play();
   const scorecard_form card = opened<scorecard_form>();
   EXPECT_EQ(card.ground, "Lake End");
@@ -27,7 +27,7 @@ TEST_F(Scorecard, shows_the_innings_in_play) {
   EXPECT_EQ(card.extras_total, "15");
 }
 
-TEST_F(Scorecard, marks_both_men_at_the_crease) {
+TEST_F(Scorecard, MarksBothMenAtTheCrease) {
   set_first_innings_in_play();
   const scorecard_form card = opened<scorecard_form>();
   EXPECT_EQ(card.how_out[3], "  Not Out   ");
@@ -36,7 +36,7 @@ TEST_F(Scorecard, marks_both_men_at_the_crease) {
   EXPECT_EQ(card.fielders[3], "");
 }
 
-TEST_F(Scorecard, hides_the_men_who_have_not_come_in) {
+TEST_F(Scorecard, HidesTheMenWhoHaveNotComeIn) {
   set_first_innings_in_play();
   const scorecard_form card = opened<scorecard_form>();
   for (int i = 1; i <= 5; ++i) {
@@ -53,7 +53,7 @@ TEST_F(Scorecard, hides_the_men_who_have_not_come_in) {
   }
 }
 
-TEST_F(Scorecard, before_the_first_ball_there_is_no_rate) {
+TEST_F(Scorecard, BeforeTheFirstBallThereIsNoRate) {
   match.team1_name = "Northland";
   match.batting_card[1].name = "A.Harrow";
   match.batting_card[2].name = "D.Moss";
@@ -70,7 +70,7 @@ TEST_F(Scorecard, before_the_first_ball_there_is_no_rate) {
   EXPECT_EQ(card.extras_total, "0");
 }
 
-TEST_F(Scorecard, nobody_at_the_crease_marks_nobody) {
+TEST_F(Scorecard, NobodyAtTheCreaseMarksNobody) {
   set_first_innings_in_play();
   match.striker = 0;
   match.non_striker = 0;
@@ -78,7 +78,7 @@ TEST_F(Scorecard, nobody_at_the_crease_marks_nobody) {
   for (int i = 1; i <= 11; ++i) EXPECT_NE(card.how_out[i], "  Not Out   ") << i;
 }
 
-TEST_F(Scorecard, all_out_leaves_the_last_pair_as_it_stands) {
+TEST_F(Scorecard, AllOutLeavesTheLastPairAsItStands) {
   for (int i = 1; i <= 11; ++i) {
     match.batting_card[i].name = "A.Man";
     match.batting_card[i].how_out = " b K.Foss";
@@ -93,7 +93,7 @@ TEST_F(Scorecard, all_out_leaves_the_last_pair_as_it_stands) {
   EXPECT_EQ(card.wickets_and_overs, "(10 wickets , 0.0  Overs)");
 }
 
-TEST_F(Scorecard, the_rate_divides_first) {
+TEST_F(Scorecard, TheRateDividesFirst) {
   match.score_runs = 27;
   match.innings_balls = 80;
   EXPECT_EQ(opened<scorecard_form>().run_rate, "2.03");  // 27 / 80 * 6 lies a hair above 2.025
@@ -106,7 +106,7 @@ TEST_F(Scorecard, the_rate_divides_first) {
   EXPECT_EQ(opened<scorecard_form>().run_rate, "6");
 }
 
-TEST_F(Scorecard, reopening_forgets_what_was_shown) {
+TEST_F(Scorecard, ReopeningForgetsWhatWasShown) {
   set_second_innings_in_play();
   scorecard_form card = opened<scorecard_form>();
   match = match_state{};
@@ -119,7 +119,7 @@ TEST_F(Scorecard, reopening_forgets_what_was_shown) {
   EXPECT_FALSE(card.first_innings_enabled);
 }
 
-TEST_F(Scorecard, buttons_open_their_screens) {
+TEST_F(Scorecard, ButtonsOpenTheirScreens) {
   set_second_innings_in_play();
   opened_reports seen;
   const front_end_scope scope(seen);
@@ -138,7 +138,7 @@ TEST_F(Scorecard, buttons_open_their_screens) {
   EXPECT_EQ(seen.opened, wanted);
 }
 
-TEST_F(Scorecard, what_the_total_does_not_count) {
+TEST_F(Scorecard, WhatTheTotalDoesNotCount) {
   set_second_innings_in_play();
   struct row {
     int no_balls, wides;
@@ -161,7 +161,7 @@ TEST_F(Scorecard, what_the_total_does_not_count) {
   }
 }
 
-TEST_F(Scorecard, the_first_innings_cannot_be_opened_before_its_end) {
+TEST_F(Scorecard, TheFirstInningsCannotBeOpenedBeforeItsEnd) {
   set_first_innings_in_play();
   opened_reports seen;
   const front_end_scope scope(seen);
@@ -173,7 +173,7 @@ TEST_F(Scorecard, the_first_innings_cannot_be_opened_before_its_end) {
   EXPECT_TRUE(opened<scorecard_form>().first_innings_enabled);
 }
 
-TEST_F(Scorecard, captions) {
+TEST_F(Scorecard, Captions) {
   EXPECT_EQ(scorecard_form::ok_caption, "OK");
   EXPECT_EQ(scorecard_form::bowling_caption, "Bowling Figures");
   EXPECT_EQ(scorecard_form::first_innings_caption, "1st Innings");
@@ -187,7 +187,7 @@ TEST_F(Scorecard, captions) {
   EXPECT_EQ(first_scorecard_form::partnerships_caption, "1st Innings Partnerships");
 }
 
-TEST_F(Scorecard, details_of_a_man_who_is_out) {
+TEST_F(Scorecard, DetailsOfAManWhoIsOut) {
   set_first_innings_in_play();
   match.batting_card[1].dots = 13;
   match.batting_card[1].singles = 4;
@@ -206,7 +206,7 @@ TEST_F(Scorecard, details_of_a_man_who_is_out) {
   EXPECT_EQ(figures.strike_rate, "60");
 }
 
-TEST_F(Scorecard, details_of_a_man_at_the_crease) {
+TEST_F(Scorecard, DetailsOfAManAtTheCrease) {
   set_first_innings_in_play();
   EXPECT_EQ(opened<scorecard_form>().details(3).headline, "C.Vanterpool  Not Out         102 (101).");
   EXPECT_EQ(opened<scorecard_form>().details(3).strike_rate, "100.99");
@@ -216,20 +216,20 @@ TEST_F(Scorecard, details_of_a_man_at_the_crease) {
   EXPECT_EQ(opened<scorecard_form>().details(5).strike_rate, "");
 }
 
-TEST_F(Scorecard, a_man_without_a_dismissal_away_from_the_crease_counts_as_out) {
+TEST_F(Scorecard, AManWithoutADismissalAwayFromTheCreaseCountsAsOut) {
   set_first_innings_in_play();
   match.striker = 6;
   EXPECT_EQ(opened<scorecard_form>().details(5).headline, "E.Marrack    8 (6).");
 }
 
-TEST_F(Scorecard, the_strike_rate_divides_first) {
+TEST_F(Scorecard, TheStrikeRateDividesFirst) {
   set_first_innings_in_play();
   match.batting_card[3].runs = 23;
   match.batting_card[3].balls = 160;
   EXPECT_EQ(opened<scorecard_form>().details(3).strike_rate, "14.37");  // 23 / 160 * 100 lies a hair below 14.375
 }
 
-TEST_F(Scorecard, first_innings) {
+TEST_F(Scorecard, FirstInnings) {
   set_second_innings_in_play();
   const first_scorecard_form card = opened<first_scorecard_form>();
   EXPECT_EQ(card.ground, "Lake End");
@@ -247,7 +247,7 @@ TEST_F(Scorecard, first_innings) {
   EXPECT_TRUE(card.details_buttons[11].visible);
 }
 
-TEST_F(Scorecard, first_innings_has_no_striker_step) {
+TEST_F(Scorecard, FirstInningsHasNoStrikerStep) {
   set_second_innings_in_play();
   leave_the_last_pair_in();
   match.first_batting_card[5].how_out.clear();  // 5 is the striker of the innings in play
@@ -255,13 +255,13 @@ TEST_F(Scorecard, first_innings_has_no_striker_step) {
   EXPECT_EQ(opened<first_scorecard_form>().how_out[11], "not out");
 }
 
-TEST_F(Scorecard, the_man_stranded_in_the_first_innings_has_no_dismissal) {
+TEST_F(Scorecard, TheManStrandedInTheFirstInningsHasNoDismissal) {
   set_second_innings_in_play();
   EXPECT_EQ(opened<first_scorecard_form>().how_out[11], "");
   EXPECT_EQ(opened<first_scorecard_form>().details(11).headline, "K.Foss    2 (4).");
 }
 
-TEST_F(Scorecard, details_of_the_first_innings) {
+TEST_F(Scorecard, DetailsOfTheFirstInnings) {
   set_second_innings_in_play();
   leave_the_last_pair_in();
   const first_scorecard_form card = opened<first_scorecard_form>();
@@ -272,14 +272,14 @@ TEST_F(Scorecard, details_of_the_first_innings) {
   EXPECT_EQ(card.details(5).headline, "E.Sandoval    17 (30).");
 }
 
-TEST_F(Scorecard, first_innings_of_no_ball_has_no_rate) {
+TEST_F(Scorecard, FirstInningsOfNoBallHasNoRate) {
   set_second_innings_in_play();
   match.first_balls = 0;
   EXPECT_EQ(opened<first_scorecard_form>().run_rate, "");
   EXPECT_EQ(opened<first_scorecard_form>().wickets_and_overs, " (10 wickets , 0.0  Overs)");
 }
 
-TEST_F(Scorecard, opening_changes_nothing_in_the_match) {
+TEST_F(Scorecard, OpeningChangesNothingInTheMatch) {
   set_second_innings_in_play();
   opened<scorecard_form>();
   opened<first_scorecard_form>();

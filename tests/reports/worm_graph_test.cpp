@@ -34,7 +34,7 @@ void start_match(const std::string& team1, const std::string& team2) {
   match.team2_name = team2;
 }
 
-TEST_F(WormGraph, the_first_feed_names_the_lines) {
+TEST_F(WormGraph, TheFirstFeedNamesTheLines) {
   start_match("South Isles", "Northland");
   EXPECT_FALSE(match.loaded);
   feed(1, 4, 0);
@@ -48,7 +48,7 @@ TEST_F(WormGraph, the_first_feed_names_the_lines) {
   expect_points(window.series[1], {});
 }
 
-TEST_F(WormGraph, opening_the_window_names_the_lines_too) {
+TEST_F(WormGraph, OpeningTheWindowNamesTheLinesToo) {
   start_match("South Isles", "Northland");
   const worm_graph_form window = opened<worm_graph_form>();
   EXPECT_EQ(window.first_side, "South Isles");
@@ -57,7 +57,7 @@ TEST_F(WormGraph, opening_the_window_names_the_lines_too) {
   EXPECT_TRUE(match.loaded);
 }
 
-TEST_F(WormGraph, each_ball_overwrites_the_row_of_its_over) {
+TEST_F(WormGraph, EachBallOverwritesTheRowOfItsOver) {
   start_match("South Isles", "Northland");
   feed(1, 1, 0);
   feed(5, 9, 1);
@@ -68,21 +68,21 @@ TEST_F(WormGraph, each_ball_overwrites_the_row_of_its_over) {
   EXPECT_EQ(opened<worm_graph_form>().first_score, "20/2");
 }
 
-TEST_F(WormGraph, the_end_of_the_50th_over_stands_on_row_51) {
+TEST_F(WormGraph, TheEndOfThe50thOverStandsOnRow51) {
   start_match("South Isles", "Northland");
   feed(299, 250, 7);
   feed(300, 254, 7);
   expect_points(opened<worm_graph_form>().series[0], {{50, 250}, {51, 254}});
 }
 
-TEST_F(WormGraph, an_over_cut_short_stands_on_the_row_it_began) {
+TEST_F(WormGraph, AnOverCutShortStandsOnTheRowItBegan) {
   start_match("South Isles", "Northland");
   feed(123, 98, 10);
   expect_points(opened<worm_graph_form>().series[0], {{21, 98}});
   EXPECT_EQ(opened<worm_graph_form>().first_score, "98/10");
 }
 
-TEST_F(WormGraph, the_second_innings_takes_the_second_line) {
+TEST_F(WormGraph, TheSecondInningsTakesTheSecondLine) {
   start_match("South Isles", "Northland");
   feed(6, 10, 0);
   std::swap(match.team1_name, match.team2_name);
@@ -96,7 +96,7 @@ TEST_F(WormGraph, the_second_innings_takes_the_second_line) {
   expect_points(window.series[1], {{2, 3}});
 }
 
-TEST_F(WormGraph, a_later_match_of_other_sides_leaves_the_lines_alone) {
+TEST_F(WormGraph, ALaterMatchOfOtherSidesLeavesTheLinesAlone) {
   start_match("South Isles", "Northland");
   feed(6, 10, 0);
   start_match("Westmark", "Easting");
@@ -109,7 +109,7 @@ TEST_F(WormGraph, a_later_match_of_other_sides_leaves_the_lines_alone) {
   expect_points(window.series[1], {});
 }
 
-TEST_F(WormGraph, a_name_that_recurs_is_written_over_its_old_line) {
+TEST_F(WormGraph, ANameThatRecursIsWrittenOverItsOldLine) {
   start_match("South Isles", "Northland");
   feed(6, 10, 0);
   feed(12, 30, 0);
@@ -123,7 +123,7 @@ TEST_F(WormGraph, a_name_that_recurs_is_written_over_its_old_line) {
   expect_points(window.series[1], {});
 }
 
-TEST_F(WormGraph, the_rows_of_an_earlier_match_are_told_apart) {
+TEST_F(WormGraph, TheRowsOfAnEarlierMatchAreToldApart) {
   start_match("South Isles", "Northland");
   match.ball_commentary.add_ball({});
   feed(1, 4, 0);
@@ -152,7 +152,7 @@ TEST_F(WormGraph, the_rows_of_an_earlier_match_are_told_apart) {
   expect_points(fourth.of_match[0], {{1, 9}});
 }
 
-TEST_F(WormGraph, lines_started_afresh_are_those_of_a_new_start) {
+TEST_F(WormGraph, LinesStartedAfreshAreThoseOfANewStart) {
   EXPECT_EQ(standing_worms(match), "");
   start_match("South Isles", "Northland");
   feed(1, 4, 0);
@@ -166,7 +166,7 @@ TEST_F(WormGraph, lines_started_afresh_are_those_of_a_new_start) {
   expect_points(form.series[0], {});
 }
 
-TEST_F(WormGraph, loading_happens_once) {
+TEST_F(WormGraph, LoadingHappensOnce) {
   start_match("South Isles", "Northland");
   load_worms(match);
   start_match("Westmark", "Easting");
