@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -8,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "layers/house_rules.h"
+#include "layers/rules_fixture.h"
 
 namespace velorin::house {
 namespace {
@@ -16,23 +16,11 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const fs::path project = fs::path(VELORIN_TEST_DATA).parent_path();
 const std::string licence = "// SPDX-License-Identifier: GPL-3.0-or-later\n";
 
-/// A small tree of made-up files, gone at the end of the test.
-class HouseRules : public testing::Test {
+/// Trees of a file that includes another.
+class HouseRules : public RulesTest {
  protected:
-  void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "velorin-house-XXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    root_ = pattern;
-  }
-  void TearDown() override { fs::remove_all(root_); }
-
-  void write(const std::string& path, const std::string& text) const {
-    fs::create_directories((root_ / path).parent_path());
-    std::ofstream(root_ / path, std::ios::binary) << text;
-  }
   /// A file of src that includes one other, which is there too.
   void write_include(const std::string& path, const std::string& header) const {
     write("src/" + path, "#include \"" + header + "\"\n");
@@ -44,8 +32,6 @@ class HouseRules : public testing::Test {
     write_include(path, header);
     return check_floors(root_);
   }
-
-  fs::path root_;
 };
 
 // The project itself.
