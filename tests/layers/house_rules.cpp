@@ -216,8 +216,8 @@ std::vector<std::string> check_words(const fs::path& root) {
   static const std::string document = std::string("specif") + "ication";
   std::vector<std::string> breaches;
   for (const auto& file :
-       gather_all(root, {".ci", "CHANGELOG.md", "CMakeLists.txt", "CMakePresets.json", "README.md", "benchmarks",
-                         "cmake", "data", "docs", "fuzz", "packaging", "scripts", "src", "tests"})) {
+       gather_all(root, {".ci", "CHANGELOG.md", "CMakeLists.txt", "CMakePresets.json", "CONTRIBUTING.md", "README.md",
+                         "benchmarks", "cmake", "data", "docs", "fuzz", "packaging", "scripts", "src", "tests"})) {
     for (std::size_t i = 0; i < file.lines.size(); ++i) {
       const std::string& line = file.lines[i];
       if (has_word(line, document)) breaches.push_back(breach(file, i, "names the " + document));
