@@ -11,8 +11,8 @@
 #include "model/match_records.h"
 #include "model/rules.h"
 
-// The state of the one match in play. Every procedure of the match works on the one instance `match`. Fields are
-// grouped by lifetime; a group is reset by assigning a fresh one. A copy of `match` is a snapshot.
+// The state of a match. Fields are grouped by lifetime; a group is reset by assigning a fresh one. A copy is a
+// snapshot.
 
 namespace velorin {
 
