@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "desktop/guarded_access.h"
+#include "desktop/of_application.h"
 
 namespace velorin {
 
@@ -54,8 +55,6 @@ bool meant_enabled(const QWidget& widget) {
 /// Follows all windows of the program.
 class Modality : public QObject {
  public:
-  using QObject::QObject;
-
   bool covers(const QWidget& widget) const { return !covered_.isEmpty() && covered_.contains(widget.window()); }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -162,20 +161,17 @@ bool Modality::let_press_pass(QWidget& widget, QEvent* event) {
   return true;
 }
 
-QPointer<Modality>& modality() {
-  static QPointer<Modality> kept;
-  return kept;
-}
-
 }  // namespace
 
 void keep_covered_windows_dead() {
-  if (modality()) return;
-  modality() = new Modality(qApp);
-  qApp->installEventFilter(modality());
+  if (find_of_application<Modality>() != nullptr) return;
+  qApp->installEventFilter(&of_application<Modality>());
   guard_access();
 }
 
-bool is_covered(const QWidget& widget) { return modality() && modality()->covers(widget); }
+bool is_covered(const QWidget& widget) {
+  const auto* modality = find_of_application<Modality>();
+  return modality != nullptr && modality->covers(widget);
+}
 
 }  // namespace velorin

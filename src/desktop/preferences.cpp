@@ -4,18 +4,21 @@
 #include <QSettings>
 #include <memory>
 
+#include "desktop/of_application.h"
+
 namespace velorin::preferences {
 
 namespace {
 
-std::unique_ptr<QSettings>& store() {
-  static std::unique_ptr<QSettings> kept;
-  return kept;
-}
+/// Writes what has changed when it goes.
+struct Store {
+  std::unique_ptr<QSettings> settings;
+};
 
 QSettings& settings() {
-  if (!store()) store() = std::make_unique<QSettings>(QStringLiteral("velorin"), QStringLiteral("velorin"));
-  return *store();
+  auto& kept = of_application<Store>().settings;
+  if (!kept) kept = std::make_unique<QSettings>(QStringLiteral("velorin"), QStringLiteral("velorin"));
+  return *kept;
 }
 
 /// A number from 0 to `highest`; anything else in the file counts as `otherwise`.
@@ -29,8 +32,9 @@ QString unstopped_key(const QString& form) { return QStringLiteral("without_stop
 
 }  // namespace
 
-void use_file(const QString& path) { store() = std::make_unique<QSettings>(path, QSettings::IniFormat); }
-void close() { store().reset(); }
+void use_file(const QString& path) {
+  of_application<Store>().settings = std::make_unique<QSettings>(path, QSettings::IniFormat);
+}
 
 Appearance appearance() { return static_cast<Appearance>(number(QStringLiteral("appearance"), 3, 0)); }
 void set_appearance(Appearance chosen) { settings().setValue(QStringLiteral("appearance"), static_cast<int>(chosen)); }

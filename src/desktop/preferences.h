@@ -5,7 +5,8 @@
 #include <QString>
 
 // What the windows remember of their user from one run to the next: sizes, appearance, pace. The game's own settings
-// are not among it: they stand in options.mc.
+// are not among it: they stand in options.mc. All here requires the application object; what has changed is written at
+// the latest when that goes.
 
 namespace velorin {
 
@@ -24,8 +25,6 @@ namespace preferences {
 
 /// Keeps everything in this file from now on; without it, in the user's folder of settings.
 void use_file(const QString& path);
-/// Writes what has changed, and lets go of the file.
-void close();
 
 Appearance appearance();
 void set_appearance(Appearance chosen);

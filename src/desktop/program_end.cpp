@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "desktop/message_window.h"
+#include "desktop/of_application.h"
 #include "model/run_time_error.h"
 
 namespace velorin {
@@ -20,10 +21,7 @@ struct Ending {
   std::function<void(const std::exception&)> handler;
 };
 
-Ending& ending() {
-  static Ending state;
-  return state;
-}
+Ending& ending() { return of_application<Ending>(); }
 
 /// A failure that names its place in a file, or the file that cannot be used.
 bool is_fault_of_file(const std::exception& raised) {

@@ -6,7 +6,7 @@
 
 // How a control sets off the core, and how the program ends from within nested modal windows. A window's handler runs
 // inside an event loop, which no exception may cross: it is wrapped in guarded(). Between two handlers lie procedures
-// of the core, which are left by an exception.
+// of the core, which are left by an exception. All here requires the application object.
 
 class QDialog;
 

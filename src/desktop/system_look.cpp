@@ -8,16 +8,19 @@
 #include <QObject>
 #include <QPalette>
 
+#include "desktop/of_application.h"
 #include "desktop/settings_watcher.h"
 
 namespace velorin {
 
 namespace {
 
-bool& dark_palette() {
-  static bool dark = false;
-  return dark;
-}
+struct SystemLook {
+  bool dark_palette = false;
+  SettingsWatcher watcher;
+};
+
+SystemLook& system_look() { return of_application<SystemLook>(); }
 
 /// The desktop portal's word on a setting of appearance; -1 where there is none to ask.
 int portal_value(const char* key) {
@@ -38,20 +41,21 @@ int portal_value(const char* key) {
 
 void note_system_palette() {
   const QPalette given = QGuiApplication::palette();
-  dark_palette() = given.color(QPalette::WindowText).lightness() > given.color(QPalette::Window).lightness();
+  system_look().dark_palette =
+      given.color(QPalette::WindowText).lightness() > given.color(QPalette::Window).lightness();
 }
 
 bool system_is_dark() {
   const int preferred = portal_value("color-scheme");  // 1 dark, 2 light
   if (preferred == 1) return true;
   if (preferred == 2) return false;
-  return dark_palette();
+  return system_look().dark_palette;
 }
 
 bool system_wants_contrast() { return portal_value("contrast") == 1; }
 
 void on_system_look_change(std::function<void()> act) {
-  static SettingsWatcher watcher;
+  SettingsWatcher& watcher = system_look().watcher;
   watcher.changed = std::move(act);
   if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return;
   QDBusConnection::sessionBus().connect({}, QStringLiteral("/org/freedesktop/portal/desktop"),

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-// What the desktop around the program looks like, so far as it says so.
+// What the desktop around the program looks like, so far as it says so. All here requires the application object.
 
 namespace velorin {
 

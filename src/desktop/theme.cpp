@@ -7,6 +7,7 @@
 #include <QStyleFactory>
 #include <QWidget>
 
+#include "desktop/of_application.h"
 #include "desktop/system_look.h"
 #include "desktop/theme_sheet.h"
 
@@ -96,10 +97,7 @@ struct Look {
   bool styled = false;
 };
 
-Look& look() {
-  static Look kept;
-  return kept;
-}
+Look& look() { return of_application<Look>(); }
 
 QPalette palette_of(const Theme& t) {
   QPalette p;

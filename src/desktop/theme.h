@@ -41,7 +41,7 @@ struct Theme {
   QColor next_ground;  ///< behind the row of the next match
 };
 
-/// The look in use.
+/// The look in use; light before apply_theme. Requires the application object, as all here.
 const Theme& theme();
 
 /// Chooses the look and restyles all windows; Appearance::system follows the desktop, also when that changes later.

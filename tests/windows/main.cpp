@@ -14,14 +14,11 @@ int main(int argc, char** argv) {
   const QTemporaryDir folder;
   // The toolkit would make a folder of its own, and leave it.
   if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
-  QApplication application(argc, argv);
+  QApplication application(argc, argv);  // writes the preferences when it goes: before the folder does
   velorin::preferences::use_file(folder.filePath(QStringLiteral("preferences.ini")));
   const QString look = qEnvironmentVariable("VELORIN_APPEARANCE");
   velorin::apply_theme(look == "dark"       ? velorin::Appearance::dark
                        : look == "contrast" ? velorin::Appearance::high_contrast
                                             : velorin::Appearance::light);
-  const int result = RUN_ALL_TESTS();
-  // Later it would write the file anew, in a folder that is gone.
-  velorin::preferences::close();
-  return result;
+  return RUN_ALL_TESTS();
 }
