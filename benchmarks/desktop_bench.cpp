@@ -200,8 +200,8 @@ int main(int argc, char** argv) {
   }
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   ::testing::InitGoogleTest();
-  QApplication application(argc, argv);
   const QTemporaryDir own;
+  QApplication application(argc, argv);  // writes the preferences when it goes: before the folder does
   preferences::use_file(own.filePath(QStringLiteral("preferences.ini")));
   preferences::set_pace(Pace::instant);
   apply_theme(Appearance::light);
