@@ -187,7 +187,7 @@ void fill_and_play(series_form& form, const competition_options& options) {
 
 void fill_and_play(tri_series_form& form, const competition_options& options) {
   form.open();
-  for (int box = 0; box < 3; ++box) form.choose_team(box, entry_of(form.teams, options.teams[box]));
+  for (int box = 0; box < tri_teams; ++box) form.choose_team(box, entry_of(form.teams, options.teams[box]));
   form.set_rounds(options.count);
   form.accept();
 }
@@ -246,20 +246,20 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
   series_command->add_option("--away", one->teams[1], "Away team")->required()->type_name("NAME");
   series_command->add_option("--matches", one->count, "Matches, 1 to 10 (default: 1)")
       ->transform(plain_number)
-      ->check(CLI::Range(1, 10))
+      ->check(CLI::Range(1, most_series_matches))
       ->type_name("N");
   add_common(*series_command, *one);
   set_action<series_form>(*series_command, one, program, io, action);
 
   auto three = std::make_shared<competition_options>();
-  three->teams.resize(3);
+  three->teams.resize(tri_teams);
   CLI::App* tri_command = app.add_subcommand("tri", "Plays a tri series and prints the tables");
   tri_command->add_option("--team1", three->teams[0], "First team, the host")->required()->type_name("NAME");
   tri_command->add_option("--team2", three->teams[1], "Second team")->required()->type_name("NAME");
   tri_command->add_option("--team3", three->teams[2], "Third team")->required()->type_name("NAME");
   tri_command->add_option("--rounds", three->count, "Rounds of the league, 1 to 5 (default: 1)")
       ->transform(plain_number)
-      ->check(CLI::Range(1, 5))
+      ->check(CLI::Range(1, most_tri_rounds))
       ->type_name("R");
   add_common(*tri_command, *three);
   set_action<tri_series_form>(*tri_command, three, program, io, action);
@@ -268,15 +268,15 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
   CLI::App* cup_command = app.add_subcommand("worldcup", "Plays a World Cup and prints fixtures and tables");
   cup_command->add_option("--group-a", cup->group_a, "Five teams (default: teams 1 to 5)")
       ->delimiter(',')
-      ->expected(5)
+      ->expected(cup_group_teams)
       ->type_name("N1,N2,N3,N4,N5");
   cup_command->add_option("--group-b", cup->group_b, "Five teams (default: teams 6 to 10)")
       ->delimiter(',')
-      ->expected(5)
+      ->expected(cup_group_teams)
       ->type_name("N1,N2,N3,N4,N5");
   cup_command->add_option("--hosts", cup->hosts, "One to three host teams (default: the first team)")
       ->delimiter(',')
-      ->expected(1, 3)
+      ->expected(1, cup_hosts)
       ->type_name("N1[,N2[,N3]]");
   add_common(*cup_command, *cup);
   set_action<world_cup_form>(*cup_command, cup, program, io, action);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "competitions/series.h"
 
+#include "competitions/next_match.h"
 #include "model/match_state.h"
 #include "model/random.h"
 #include "model/texts.h"
@@ -18,11 +19,11 @@ void show_results(match_state& match, front_end& user, series_record& series) {
 }
 
 /// False if the user leaves the match: it is still to be played.
-bool play_next_match(const match_play& play, series_record& series) {
+bool play_match(const match_play& play, series_record& series, const coming_match& coming) {
   const std::string ground_before = series.drawn_ground;
-  series.match_no += 1;
+  series.match_no = coming.number;
   series.drawn_ground = draw_ground(play.chance, series.grounds);
-  if (!enter_match(play, series.home, series.away, series.drawn_ground)) {
+  if (!enter_match(play, coming.sides->front(), coming.sides->back(), series.drawn_ground)) {
     series.match_no -= 1;
     series.drawn_ground = ground_before;
     return false;
@@ -33,7 +34,7 @@ bool play_next_match(const match_play& play, series_record& series) {
   play.match.result_winner.clear();
   play.match.result_margin.clear();
   play.match.result_ground.clear();
-  if (series.match_no == series.matches) series.series_over = true;
+  if (coming.left == 0) series.series_over = true;
   return true;
 }
 
@@ -74,7 +75,7 @@ void series_form::choose_away(int index) {
 void series_form::set_matches(int value) { typed_matches = number_text(value); }
 
 void series_form::accept() {
-  const int matches = typed_number(typed_matches, 10, "Text1");
+  const int matches = typed_number(typed_matches, most_series_matches, "Text1");
   play_.chance.reseed();
   const series_record before = series_;
   series_ = series_record();
@@ -82,8 +83,8 @@ void series_form::accept() {
   series_.away = {entry_text(teams, away_team_index), !computer_captains_away};
   series_.grounds = grounds;
   series_.matches = matches;
-  while (series_.match_no < matches) {
-    if (!play_next_match(play_, series_) && series_.match_no == 0) {
+  while (const auto coming = next_match(series_)) {
+    if (!play_match(play_, series_, *coming) && series_.match_no == 0) {
       series_ = before;
       return;
     }
@@ -118,7 +119,7 @@ void series_results_form::open() {
 
 void series_results_form::accept() {
   if (series_.series_over) {
-    for (int i = 1; i <= 10; ++i) {
+    for (int i = 1; i <= most_series_matches; ++i) {
       series_.series_ground[i].clear();
       series_.series_winner[i].clear();
       series_.series_margin[i].clear();

@@ -12,11 +12,14 @@ namespace velorin {
 
 struct match_state;
 
+/// The longest series.
+constexpr int most_series_matches = 10;
+
 /// The series in play: results so far and the place reached. Places count from 1.
 struct series_record {
-  std::array<std::string, 11> series_ground;  ///< [1..10]
-  std::array<std::string, 12> series_winner;  ///< [1..11]; the eleventh is never written
-  std::array<std::string, 11> series_margin;  ///< [1..10]
+  std::array<std::string, most_series_matches + 1> series_ground;  ///< [1..10]
+  std::array<std::string, most_series_matches + 2> series_winner;  ///< [1..11]; the eleventh is never written
+  std::array<std::string, most_series_matches + 1> series_margin;  ///< [1..10]
   entered_side home;
   entered_side away;
   std::vector<std::string> grounds;  ///< from which each match draws

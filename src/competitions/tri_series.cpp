@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "competitions/next_match.h"
 #include "model/match_state.h"
 #include "model/random.h"
 #include "model/texts.h"
@@ -12,9 +13,6 @@
 namespace velorin {
 
 namespace {
-
-/// The pairs of a round, by the teams' places.
-constexpr std::array<std::pair<int, int>, 3> round_pairs = {{{1, 2}, {1, 3}, {2, 3}}};
 
 /// Sponsors by the host's name.
 constexpr std::array<std::pair<const char*, const char*>, 8> sponsors = {{{"Australia", "Orange"},
@@ -49,31 +47,17 @@ bool enter_on_drawn_ground(const match_play& play, tri_record& tri, const entere
   return false;
 }
 
-/// False if the user leaves the match: it is still to be played.
-bool play_league_match(const match_play& play, tri_record& tri) {
-  const auto [first, second] = round_pairs[static_cast<std::size_t>(tri.matches_played) % 3];
-  const entered_side& one = tri.sides[first];
-  const entered_side& other = tri.sides[second];
-  if (!run_tri_match(play, tri, one.team, other.team, one.human, other.human)) return false;
-  tri.matches_played += 1;
-  return true;
-}
-
-/// The finalist of this name, with the captain of the first team so called.
-entered_side finalist(tri_record& tri, const std::string& name) {
-  for (int i = 1; i <= 3; ++i) {
-    if (tri.sides[i].team == name) return tri.sides[i];
+/// Plays the match that comes next. False if the user leaves it: it is still to be played.
+bool play_match(const match_play& play, tri_record& tri, const coming_match& coming) {
+  const auto& [one, other] = *coming.sides;
+  if (coming.stage == match_stage::tri_league) {
+    if (!run_tri_match(play, tri, one.team, other.team, one.human, other.human)) return false;
+    tri.matches_played += 1;
+  } else {
+    if (!enter_on_drawn_ground(play, tri, one, other)) return false;
+    tri.tri_table[3].note = play.match.result_winner + " " + play.match.result_margin;
+    tri.final_played = true;
   }
-  return {name, false};
-}
-
-/// Likewise.
-bool play_final(const match_play& play, tri_record& tri) {
-  const entered_side first = finalist(tri, tri.tri_table[1].note);
-  const entered_side second = finalist(tri, tri.tri_table[2].note);
-  if (!enter_on_drawn_ground(play, tri, first, second)) return false;
-  tri.tri_table[3].note = play.match.result_winner + " " + play.match.result_margin;
-  tri.final_played = true;
   return true;
 }
 
@@ -82,13 +66,13 @@ bool play_final(const match_play& play, tri_record& tri) {
 bool run_tri_match(const match_play& play, tri_record& tri, const std::string& first_team,
                    const std::string& second_team, bool first_human, bool second_human) {
   if (!enter_on_drawn_ground(play, tri, {first_team, first_human}, {second_team, second_human})) return false;
-  book_league_match(play.match, &tri.tri_table[1], 3, first_team, second_team);
+  book_league_match(play.match, &tri.tri_table[1], tri_teams, first_team, second_team);
   return true;
 }
 
 void tri_series_form::open() {
   teams = list_teams(play_.data);
-  for (int box = 0; box < 3; ++box) team_index[box] = static_cast<int>(teams.size()) > box + 1 ? box + 1 : -1;
+  for (int box = 0; box < tri_teams; ++box) team_index[box] = static_cast<int>(teams.size()) > box + 1 ? box + 1 : -1;
   rebuild_grounds();
 }
 
@@ -105,20 +89,18 @@ void tri_series_form::choose_team(int box, int index) {
 void tri_series_form::set_rounds(int value) { typed_rounds = number_text(value); }
 
 void tri_series_form::accept() {
-  const int rounds = typed_number(typed_rounds, 5, "Text1");
+  const int rounds = typed_number(typed_rounds, most_tri_rounds, "Text1");
   play_.chance.reseed();
   const tri_record before = tri_;
   tri_ = tri_record();
-  for (int i = 1; i <= 3; ++i) {
+  for (int i = 1; i <= tri_teams; ++i) {
     tri_.sides[i] = {entry_text(teams, team_index[i - 1]), !computer_captains[i - 1]};
     tri_.tri_table[i].team = tri_.sides[i].team;
   }
   tri_.grounds = grounds;
   tri_.rounds = rounds;
-  while (!tri_.final_played) {
-    const bool played =
-        tri_.matches_played < 3 * tri_.rounds ? play_league_match(play_, tri_) : play_final(play_, tri_);
-    if (!played && tri_.matches_played == 0) {
+  while (const auto coming = next_match(tri_)) {
+    if (!play_match(play_, tri_, *coming) && tri_.matches_played == 0) {
       tri_ = before;
       return;
     }
@@ -129,9 +111,9 @@ void tri_series_form::accept() {
 }
 
 void tri_series_table_form::open() {
-  std::array<league_row, 4> table = tri_.tri_table;
-  sort_league(table, 3, [](int) {});
-  for (int i = 1; i <= 3; ++i) rows[i - 1] = shown_row(table[i]);
+  std::array<league_row, tri_teams + 1> table = tri_.tri_table;
+  sort_league(table, tri_teams, [](int) {});
+  for (int i = 1; i <= tri_teams; ++i) rows[i - 1] = shown_row(table[i]);
   title = sponsor_of(tri_.tri_table[1].team) + " Tri Series";
   heading = title + " - Table";
   tri_.tri_table[1].note = table[1].team;

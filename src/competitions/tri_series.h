@@ -11,13 +11,18 @@
 
 namespace velorin {
 
+constexpr int tri_teams = 3;
+constexpr int tri_round_matches = 3;  // each team against each other
+constexpr int most_tri_rounds = 5;
+
 /// The tri series in play: its table and the place reached.
 struct tri_record {
-  std::array<league_row, 4> tri_table;  ///< [1..3] in the order of the form; notes: finalists, result of the final
-  std::array<entered_side, 4> sides;    ///< [1..3]
-  std::vector<std::string> grounds;     ///< of the host's country
-  int rounds = 0;                       ///< of the league, 1 to 5
-  int matches_played = 0;               ///< league matches so far
+  std::array<league_row, tri_teams + 1>
+      tri_table;  ///< [1..3] in the order of the form; notes: finalists, result of the final
+  std::array<entered_side, tri_teams + 1> sides;  ///< [1..3]
+  std::vector<std::string> grounds;               ///< of the host's country
+  int rounds = 0;                                 ///< of the league, 1 to 5
+  int matches_played = 0;                         ///< league matches so far
   bool final_played = false;
   std::string drawn_ground;  ///< of the match in play or the last one
 };
@@ -32,12 +37,12 @@ bool run_tri_match(const match_play& play, tri_record& tri, const std::string& f
 struct tri_series_form {
   tri_series_form(const match_play& play, tri_record& tri) : play_(play), tri_(tri) {}
 
-  std::vector<team_entry> teams;                               ///< list of teams, the same for all three
-  std::array<int, 3> team_index{};                             ///< the host, the second, the third, from 0; -1 for none
-  std::vector<std::string> grounds;                            ///< grounds of the host's country
-  int ground_index = -1;                                       ///< the ground on show
-  std::string typed_rounds = "1";                              ///< rounds as typed
-  std::array<bool, 3> computer_captains = {true, true, true};  ///< in the order of the teams
+  std::vector<team_entry> teams;            ///< list of teams, the same for all three
+  std::array<int, tri_teams> team_index{};  ///< the host, the second, the third, from 0; -1 for none
+  std::vector<std::string> grounds;         ///< grounds of the host's country
+  int ground_index = -1;                    ///< the ground on show
+  std::string typed_rounds = "1";           ///< rounds as typed
+  std::array<bool, tri_teams> computer_captains = {true, true, true};  ///< in the order of the teams
   bool closed = false;
 
   /// Loads the teams; preselects the second, third and fourth, and the second ground.
@@ -68,10 +73,10 @@ struct tri_series_table_form {
   explicit tri_series_table_form(tri_record& tri) : tri_(tri) {}
 
   std::string title;
-  std::string heading;               ///< heading
-  std::array<league_texts, 3> rows;  ///< in the order of the table
-  std::string final_line;            ///< the final
-  std::string final_result;          ///< its result; empty until it is over
+  std::string heading;                       ///< heading
+  std::array<league_texts, tri_teams> rows;  ///< in the order of the table
+  std::string final_line;                    ///< the final
+  std::string final_result;                  ///< its result; empty until it is over
   bool closed = false;
 
   /// Fills the form from `tri`, and sets its first two notes.

@@ -10,10 +10,24 @@
 
 namespace velorin {
 
+// The sizes of the tournament.
+constexpr int cup_group_teams = 5;     // of each of the two groups
+constexpr int cup_hosts = 3;           // at most
+constexpr int cup_group_matches = 20;  // of both groups together
+constexpr int cup_qualifiers = 3;      // of each group, for the Super Six
+constexpr int cup_super_six_places = 2 * cup_qualifiers;
+constexpr int cup_super_six_matches = cup_qualifiers * cup_qualifiers;  // against those of the other group
+constexpr int cup_first_super_six = cup_group_matches + 1;              // its place in the fixture list
+constexpr int cup_last_fixture = cup_group_matches + cup_super_six_matches;
+constexpr int cup_fixture_places = 50;  // of the list, of which the tournament fills those up to the last fixture
+constexpr int cup_semi_finals = 2;
+constexpr int cup_knock_outs = cup_semi_finals + 1;
+constexpr int cup_matches = cup_last_fixture + cup_knock_outs;
+
 /// A team of a group, with its results against each place of the group.
 struct cup_group_team {
   std::string team;
-  std::array<league_row, 6> versus;  ///< [1..5]; the row of the team's own place keeps an empty name
+  std::array<league_row, cup_group_teams + 1> versus;  ///< [1..5]; the row of the team's own place keeps an empty name
 };
 
 /// A line of the fixture list.
@@ -38,9 +52,9 @@ struct cup_knockout {
   bool human_b = false;
 };
 
-using cup_group = std::array<cup_group_team, 6>;     // 1..5
-using group_league = std::array<league_row, 6>;      // 1..5
-using super_six_league = std::array<league_row, 7>;  // 1..6
+using cup_group = std::array<cup_group_team, cup_group_teams + 1>;          // 1..5
+using group_league = std::array<league_row, cup_group_teams + 1>;           // 1..5
+using super_six_league = std::array<league_row, cup_super_six_places + 1>;  // 1..6
 
 /// The stages of the tournament in their order.
 enum class cup_stage { drawn, group_matches, super_six_draw, super_six_matches, knock_out, over };
@@ -50,17 +64,17 @@ enum class cup_stage { drawn, group_matches, super_six_draw, super_six_matches, 
 struct world_cup_record {
   cup_group group_a;
   cup_group group_b;
-  std::array<cup_fixture, 51> fixtures;     ///< [1..50]: 1 to 20 the groups, 21 to 29 the Super Six
-  super_six_league super_six;               ///< [1..6]
-  std::array<bool, 7> super_six_human{};    ///< [1..6] human sides, sorted along with the table
-  std::array<cup_knockout, 3> semi_finals;  ///< [1..2]
+  std::array<cup_fixture, cup_fixture_places + 1> fixtures;  ///< [1..50]: 1 to 20 the groups, 21 to 29 the Super Six
+  super_six_league super_six;                                ///< [1..6]
+  std::array<bool, cup_super_six_places + 1> super_six_human{};  ///< [1..6] human sides, sorted along with the table
+  std::array<cup_knockout, cup_semi_finals + 1> semi_finals;     ///< [1..2]
   cup_knockout grand_final;
   bool quit_requested = false;
-  std::vector<std::string> grounds;     ///< of the hosts' countries
-  std::array<std::string, 5> chosen_a;  ///< teams of Group A as chosen
-  std::array<std::string, 5> chosen_b;  ///< teams of Group B as chosen
-  std::array<bool, 5> human_a{};        ///< which of them the user captains
-  std::array<bool, 5> human_b{};        ///< likewise
+  std::vector<std::string> grounds;                   ///< of the hosts' countries
+  std::array<std::string, cup_group_teams> chosen_a;  ///< teams of Group A as chosen
+  std::array<std::string, cup_group_teams> chosen_b;  ///< teams of Group B as chosen
+  std::array<bool, cup_group_teams> human_a{};        ///< which of them the user captains
+  std::array<bool, cup_group_teams> human_b{};        ///< likewise
   cup_stage stage = cup_stage::over;
   int next_match = 0;  ///< groups: fixture 1 to 20; Super Six: 21 to 29; knock-out: 1 to 3
 };

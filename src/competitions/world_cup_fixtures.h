@@ -10,6 +10,9 @@ namespace velorin {
 class front_end;
 struct world_cup_record;
 
+/// Rows of the fixture list on show.
+constexpr int cup_list_rows = 10;
+
 /// The fixture list, ten at a time.
 struct world_cup_fixtures_form {
   world_cup_fixtures_form(front_end& user, world_cup_record& world_cup) : user_(user), world_cup_(world_cup) {}
@@ -30,7 +33,7 @@ struct world_cup_fixtures_form {
   int next_fixture = 0;  ///< place of the first unplayed one, 0 if there is none
   int scroll = 1;        ///< place of the first row, 1 to scroll_maximum
   int scroll_maximum = 1;
-  std::array<row, 10> rows;
+  std::array<row, cup_list_rows> rows;
   bool closed = false;
 
   /// Fills the list from the tournament.

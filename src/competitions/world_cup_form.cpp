@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "competitions/next_match.h"
 #include "competitions/world_cup.h"
 #include "competitions/world_cup_fixtures.h"
 #include "competitions/world_cup_tables.h"
@@ -31,7 +32,7 @@ void show_fixtures(front_end& user, world_cup_record& world_cup) {
 
 int place_of(const cup_group& group, const std::string& name) {
   int place = 0;
-  for (int i = 1; i <= 5; ++i) {
+  for (int i = 1; i <= cup_group_teams; ++i) {
     if (group[i].team == name) place = i;
   }
   if (place != 0) return place;
@@ -41,7 +42,7 @@ int place_of(const cup_group& group, const std::string& name) {
 
 league_row& cell_against(cup_group_team& team, const std::string& name) {
   int place = 0;
-  for (int i = 1; i <= 5; ++i) {
+  for (int i = 1; i <= cup_group_teams; ++i) {
     if (team.versus[i].team == name) place = i;
   }
   if (place != 0) return team.versus[place];
@@ -80,37 +81,26 @@ void close_fixture(match_state& match, front_end& user, world_cup_record& world_
   show_fixtures(user, world_cup);
 }
 
-void play_group_fixture(const match_play& play, world_cup_record& world_cup, int place) {
-  const cup_fixture fixture = world_cup.fixtures[place];
-  const bool in_a = fixture.stage == "A";
-  const cup_group& group = in_a ? world_cup.group_a : world_cup.group_b;
-  const std::array<bool, 5>& human = in_a ? world_cup.human_a : world_cup.human_b;
-  const entered_side first{group[fixture.index_a].team, human[fixture.index_a - 1]};
-  const entered_side second{group[fixture.index_b].team, human[fixture.index_b - 1]};
-  close_fixture(play.match, play.user, world_cup, place,
-                (in_a ? run_group_a_match : run_group_b_match)(play, world_cup, first, second, fixture.venue));
-}
-
-void play_super_six_fixture(const match_play& play, world_cup_record& world_cup, int place) {
-  const cup_fixture fixture = world_cup.fixtures[place];
-  const int a = fixture.index_a;
-  const int b = fixture.index_b + 3;
-  close_fixture(play.match, play.user, world_cup, place,
-                run_super_six_match(play, world_cup, {world_cup.super_six[a].team, world_cup.super_six_human[a]},
-                                    {world_cup.super_six[b].team, world_cup.super_six_human[b]}, fixture.venue));
+/// Plays the fixture that comes next.
+void play_fixture(const match_play& play, world_cup_record& world_cup) {
+  const coming_match coming = *next_match(world_cup);
+  const auto& [first, second] = *coming.sides;
+  auto* run = run_super_six_match;
+  if (coming.stage == match_stage::cup_groups) {
+    run = world_cup.fixtures[coming.number].stage == "A" ? run_group_a_match : run_group_b_match;
+  }
+  close_fixture(play.match, play.user, world_cup, coming.number, run(play, world_cup, first, second, *coming.ground));
 }
 
 void pair_semifinals(world_cup_record& world_cup) {
-  sort_league(world_cup.super_six, 6,
-              [&](int j) { std::swap(world_cup.super_six_human[j], world_cup.super_six_human[j + 1]); });
-  constexpr std::array<std::pair<int, int>, 2> pairs = {{{1, 4}, {2, 3}}};
-  for (int i = 1; i <= 2; ++i) {
-    const auto [a, b] = pairs[static_cast<std::size_t>(i - 1)];
+  sort_super_six(world_cup.super_six, world_cup.super_six_human);
+  for (int i = 1; i <= cup_semi_finals; ++i) {
+    const auto [a, b] = semi_final_sides(world_cup.super_six, world_cup.super_six_human, i);
     cup_knockout& semi = world_cup.semi_finals[i];
-    semi.team_a = world_cup.super_six[a].team;
-    semi.team_b = world_cup.super_six[b].team;
-    semi.human_a = world_cup.super_six_human[a];
-    semi.human_b = world_cup.super_six_human[b];
+    semi.team_a = a.team;
+    semi.team_b = b.team;
+    semi.human_a = a.human;
+    semi.human_b = b.human;
   }
 }
 
@@ -124,9 +114,6 @@ bool play_knockout(const match_play& play, world_cup_record& world_cup, cup_knoc
   clear_result(play.match);
   return true;
 }
-
-/// The human flag of a semi-final's winner.
-bool winner_is_human(const cup_knockout& semi) { return semi.team_a == semi.winner ? semi.human_a : semi.human_b; }
 
 /// Ends the tournament if the user has asked for it, and clears his request.
 bool quits(world_cup_record& world_cup) { return std::exchange(world_cup.quit_requested, false); }
@@ -149,8 +136,8 @@ bool play_tie(const match_play& play, world_cup_record& world_cup, int number, c
 bool play_stages(const match_play& play, world_cup_record& world_cup) {
   if (quits(world_cup)) return true;
   world_cup.stage = cup_stage::group_matches;
-  for (world_cup.next_match = 1; world_cup.next_match <= 20;) {
-    play_group_fixture(play, world_cup, world_cup.next_match);
+  for (world_cup.next_match = 1; world_cup.next_match <= cup_group_matches;) {
+    play_fixture(play, world_cup);
     if (quits(world_cup)) return true;
   }
   world_cup.stage = cup_stage::super_six_draw;
@@ -160,8 +147,8 @@ bool play_stages(const match_play& play, world_cup_record& world_cup) {
   show_fixtures(play.user, world_cup);
   if (quits(world_cup)) return true;
   world_cup.stage = cup_stage::super_six_matches;
-  for (world_cup.next_match = 21; world_cup.next_match <= 29;) {
-    play_super_six_fixture(play, world_cup, world_cup.next_match);
+  for (world_cup.next_match = cup_first_super_six; world_cup.next_match <= cup_last_fixture;) {
+    play_fixture(play, world_cup);
     // Here the request stays set and the form loaded: the next tournament will end at its first list.
     if (world_cup.quit_requested) return false;
   }
@@ -185,20 +172,18 @@ bool run_group_b_match(const match_play& play, world_cup_record& world_cup, cons
 bool run_super_six_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
                          const entered_side& second, const std::string& venue) {
   if (!enter_match(play, first, second, venue)) return false;
-  book_league_match(play.match, &world_cup.super_six[1], 6, first.team, second.team);
+  book_league_match(play.match, &world_cup.super_six[1], cup_super_six_places, first.team, second.team);
   return true;
 }
 
 bool run_semifinal(const match_play& play, world_cup_record& world_cup) {
-  for (const int number : {1, 2}) {
+  for (int number = 1; number <= cup_semi_finals; ++number) {
     if (!play_tie(play, world_cup, number, world_cup.semi_finals[number])) return false;
     show_tables(play.user, world_cup);
   }
-  const cup_knockout& first_semi = world_cup.semi_finals[1];
-  const cup_knockout& second_semi = world_cup.semi_finals[2];
-  cup_knockout final = {first_semi.winner,           second_semi.winner,          {}, {},
-                        winner_is_human(first_semi), winner_is_human(second_semi)};
-  if (!play_tie(play, world_cup, 3, final)) return false;
+  const auto [one, other] = final_sides(world_cup);
+  cup_knockout final = {one.team, other.team, {}, {}, one.human, other.human};
+  if (!play_tie(play, world_cup, cup_knock_outs, final)) return false;
   world_cup.grand_final = final;
   show_tables(play.user, world_cup);
   return true;
@@ -230,14 +215,14 @@ std::vector<std::string> world_cup_form::hosts() const {
 
 void world_cup_form::open() {
   teams = list_teams(play_.data);
-  if (teams.size() < 10) {
+  if (teams.size() < 2 * cup_group_teams) {
     play_.user.show(message_box{"Error", "Not enough teams in current database to play the World cup"});
     closed = true;
     return;
   }
-  for (int i = 0; i < 5; ++i) {
+  for (int i = 0; i < cup_group_teams; ++i) {
     group_a_index[i] = i;
-    group_b_index[i] = i + 5;
+    group_b_index[i] = i + cup_group_teams;
   }
   host_index = {0, -1, -1};
 }
@@ -245,7 +230,7 @@ void world_cup_form::open() {
 void world_cup_form::accept() {
   play_.chance.reseed();
   world_cup_.grounds = list_grounds(play_.data, hosts());
-  for (std::size_t i = 0; i < 5; ++i) {
+  for (std::size_t i = 0; i < cup_group_teams; ++i) {
     world_cup_.chosen_a[i] = entry_text(teams, group_a_index[i]);
     world_cup_.chosen_b[i] = entry_text(teams, group_b_index[i]);
   }

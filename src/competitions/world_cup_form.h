@@ -14,12 +14,12 @@ class random_source;
 
 /// What the form of the World Cup shows.
 struct world_cup_fields {
-  std::vector<team_entry> teams;                 ///< the list of all boxes
-  std::array<int, 5> group_a_index{};            ///< Group A, entries from 0
-  std::array<int, 5> group_b_index{};            ///< Group B
-  std::array<bool, 5> human_a{};                 ///< human sides of Group A
-  std::array<bool, 5> human_b{};                 ///< human sides of Group B
-  std::array<int, 3> host_index = {-1, -1, -1};  ///< hosts; -1 for none
+  std::vector<team_entry> teams;                         ///< the list of all boxes
+  std::array<int, cup_group_teams> group_a_index{};      ///< Group A, entries from 0
+  std::array<int, cup_group_teams> group_b_index{};      ///< Group B
+  std::array<bool, cup_group_teams> human_a{};           ///< human sides of Group A
+  std::array<bool, cup_group_teams> human_b{};           ///< human sides of Group B
+  std::array<int, cup_hosts> host_index = {-1, -1, -1};  ///< hosts; -1 for none
   bool closed = false;
   bool hidden = false;  ///< play has begun; after a tournament played to its end the form stays loaded and hidden
 };

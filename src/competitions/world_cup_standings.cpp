@@ -13,9 +13,9 @@ namespace {
 
 std::vector<league_texts> sorted_group(const cup_group& group) {
   group_league table = group_table(group);
-  sort_league(table, 5, [](int) {});
+  sort_league(table, cup_group_teams, [](int) {});
   std::vector<league_texts> rows;
-  for (int place = 1; place <= 5; ++place) rows.push_back(shown_row(table[place]));
+  for (int place = 1; place <= cup_group_teams; ++place) rows.push_back(shown_row(table[place]));
   return rows;
 }
 
@@ -35,10 +35,10 @@ void start_cup_afresh(world_cup_record& world_cup) { world_cup = {}; }
 
 group_league group_table(const cup_group& group) {
   group_league table;
-  for (int place = 1; place <= 5; ++place) {
+  for (int place = 1; place <= cup_group_teams; ++place) {
     league_row& row = table[place];
     row.team = group[place].team;
-    for (int other = 1; other <= 5; ++other) {
+    for (int other = 1; other <= cup_group_teams; ++other) {
       add_row(row, group[place].versus[other]);
     }
   }
@@ -51,8 +51,8 @@ void world_cup_tables_form::open() {
   super_six.clear();
   if (!world_cup_.super_six[1].team.empty()) {
     super_six_league table = world_cup_.super_six;
-    sort_league(table, 6, [](int) {});
-    for (int place = 1; place <= 6; ++place) super_six.push_back(shown_row(table[place]));
+    sort_league(table, cup_super_six_places, [](int) {});
+    for (int place = 1; place <= cup_super_six_places; ++place) super_six.push_back(shown_row(table[place]));
   }
   first_semi_final = pairing(world_cup_.semi_finals[1]);
   second_semi_final = pairing(world_cup_.semi_finals[2]);
@@ -77,19 +77,22 @@ world_cup_fixtures_form::row world_cup_fixtures_form::row_of(int place) const {
 
 void world_cup_fixtures_form::open() {
   fixtures = 0;
-  while (fixtures < 50 && !world_cup_.fixtures[fixtures + 1].team_a.empty()) ++fixtures;
+  while (fixtures < cup_fixture_places && !world_cup_.fixtures[fixtures + 1].team_a.empty()) ++fixtures;
   next_fixture = 0;
   for (int place = fixtures; place >= 1; --place) {
     if (world_cup_.fixtures[place].result.empty()) next_fixture = place;
   }
-  scroll_maximum = std::max(1, fixtures - 9);
+  scroll_maximum = std::max(1, fixtures - cup_list_rows + 1);
   scroll_to(1);
-  if (next_fixture >= 11 && next_fixture != 21 && next_fixture != 30) scroll_to(next_fixture - 9);
+  // At the first of a stage the list stands at its top.
+  if (next_fixture > cup_list_rows && next_fixture != cup_first_super_six && next_fixture != cup_last_fixture + 1) {
+    scroll_to(next_fixture - cup_list_rows + 1);
+  }
 }
 
 void world_cup_fixtures_form::scroll_to(int value) {
   scroll = std::clamp(value, 1, scroll_maximum);
-  for (int line = 0; line < 10; ++line) rows[line] = row_of(scroll + line);
+  for (int line = 0; line < cup_list_rows; ++line) rows[line] = row_of(scroll + line);
 }
 
 void world_cup_fixtures_form::open_tables() {

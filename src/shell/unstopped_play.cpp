@@ -2,11 +2,10 @@
 #include "shell/unstopped_play.h"
 
 #include <QCoreApplication>
-#include <algorithm>
-#include <array>
-#include <utility>
+#include <optional>
 
 #include "competitions/game_state.h"
+#include "competitions/next_match.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "shell/unstopped_window.h"
@@ -17,70 +16,18 @@ namespace {
 
 constexpr int frame = 16;  // milliseconds between two looks at the screen
 
-constexpr int group_matches = 20;
-constexpr int super_six_end = 29;  // the last fixture of the Super Six
-constexpr int knock_outs = 3;
-
-bool next_tri_match_has_human(const tri_record& tri) {
-  if (tri.matches_played < 3 * tri.rounds) {
-    static constexpr std::array<std::array<std::size_t, 2>, 3> pairs = {{{1, 2}, {1, 3}, {2, 3}}};
-    const auto [a, b] = pairs[static_cast<std::size_t>(tri.matches_played % 3)];
-    return tri.sides[a].human || tri.sides[b].human;
-  }
-  for (const entered_side& side : tri.sides) {
-    if (side.human && (side.team == tri.tri_table[1].note || side.team == tri.tri_table[2].note)) return true;
-  }
-  return false;
-}
-
-bool super_six_match_has_human(const world_cup_record& world_cup, const cup_fixture& fixture) {
-  return world_cup.super_six_human[static_cast<std::size_t>(int(fixture.index_a))] ||
-         world_cup.super_six_human[static_cast<std::size_t>(fixture.index_b + 3)];
-}
-
-/// The first semi-final is played by places 1 and 4 of the Super Six, whose table is sorted only after its last
-/// standings were shown.
-bool first_semifinal_has_human(const world_cup_record& world_cup) {
-  super_six_league table = world_cup.super_six;
-  std::array<bool, 7> human = world_cup.super_six_human;
-  sort_league(table, 6, [&](int j) {
-    const auto at = static_cast<std::size_t>(j);
-    std::swap(human[at], human[at + 1]);
-  });
-  return human[1] || human[4];
-}
-
-bool next_cup_match_has_human(const world_cup_record& world_cup) {
-  const int next = world_cup.next_match;
-  const cup_fixture& fixture = world_cup.fixtures[static_cast<std::size_t>(std::min(next, super_six_end))];
-  switch (world_cup.stage) {
-    case cup_stage::group_matches: {
-      if (next > group_matches) break;
-      const std::array<bool, 5>& human = fixture.stage == "A" ? world_cup.human_a : world_cup.human_b;
-      return human[static_cast<std::size_t>(fixture.index_a - 1)] ||
-             human[static_cast<std::size_t>(fixture.index_b - 1)];
-    }
-    case cup_stage::super_six_draw: {
-      // Nobody knows the first match before it is drawn.
-      const cup_fixture& first = world_cup.fixtures[group_matches + 1];
-      return first.stage == "SS" && super_six_match_has_human(world_cup, first);
-    }
-    case cup_stage::super_six_matches:
-      return next > super_six_end ? first_semifinal_has_human(world_cup)
-                                  : super_six_match_has_human(world_cup, fixture);
-    case cup_stage::knock_out: {
-      if (next == knock_outs) break;
-      // The tables are shown before the next tie is entered.
-      if (next == 1) return world_cup.semi_finals[2].human_a || world_cup.semi_finals[2].human_b;
-      const auto winner_human = [](const cup_knockout& semi) {
-        return semi.team_a == semi.winner ? semi.human_a : semi.human_b;
-      };
-      return winner_human(world_cup.semi_finals[1]) || winner_human(world_cup.semi_finals[2]);
-    }
-    default:
+std::optional<coming_match> next_match_of(const game_state& game, Activity activity) {
+  switch (activity) {
+    case Activity::series_of_two:
+      return next_match(game.series);
+    case Activity::series_of_three:
+      return next_match(game.tri);
+    case Activity::cup:
+      return next_match(game.world_cup);
+    case Activity::single_match:
       break;
   }
-  return false;
+  return std::nullopt;
 }
 
 }  // namespace
@@ -88,44 +35,22 @@ bool next_cup_match_has_human(const world_cup_record& world_cup) {
 int matches_left(const game_state& game, Activity activity) {
   switch (activity) {
     case Activity::series_of_two:
-      return game.series.matches - game.series.match_no;
+      return matches_after_this(game.series);
     case Activity::series_of_three:
-      return game.tri.matches_played < 3 * game.tri.rounds ? 3 * game.tri.rounds - game.tri.matches_played : 0;
+      return matches_after_this(game.tri);
     case Activity::cup:
-      if (game.world_cup.stage == cup_stage::knock_out) return knock_outs - game.world_cup.next_match;
-      return super_six_end + knock_outs - game.world_cup.next_match;
+      return matches_after_this(game.world_cup);
     case Activity::single_match:
       break;
   }
   return 0;
 }
 
-bool is_over(const game_state& game, Activity activity) {
-  switch (activity) {
-    case Activity::series_of_two:
-      return game.series.series_over;
-    case Activity::series_of_three:
-      return game.tri.final_played;
-    case Activity::cup:
-      return game.world_cup.stage == cup_stage::knock_out && game.world_cup.next_match == knock_outs;
-    case Activity::single_match:
-      break;
-  }
-  return true;
-}
+bool is_over(const game_state& game, Activity activity) { return !next_match_of(game, activity); }
 
 bool next_match_has_human(const game_state& game, Activity activity) {
-  switch (activity) {
-    case Activity::series_of_two:
-      return game.series.home.human || game.series.away.human;
-    case Activity::series_of_three:
-      return next_tri_match_has_human(game.tri);
-    case Activity::cup:
-      return next_cup_match_has_human(game.world_cup);
-    case Activity::single_match:
-      break;
-  }
-  return false;
+  const auto coming = next_match_of(game, activity);
+  return coming && coming->has_human();
 }
 
 UnstoppedPlay::UnstoppedPlay(const game_state& game) : game_(game), user_(game.match) {}

@@ -62,7 +62,7 @@ class UnstoppedPlay {
 int matches_left(const game_state& game, Activity activity);
 /// The competition has played its last match.
 bool is_over(const game_state& game, Activity activity);
-/// A human captains a side of the match that comes next. Requires that there is one.
+/// It is known that a human captains a side of the match that comes next.
 bool next_match_has_human(const game_state& game, Activity activity);
 
 }  // namespace velorin

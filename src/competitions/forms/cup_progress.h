@@ -12,9 +12,6 @@ namespace velorin {
 /// under way.
 QString cup_progress(world_cup_record& world_cup);
 
-/// The Super Six in the record is that of the tournament under way, and not what an earlier one has left.
-bool has_super_six(world_cup_record& world_cup);
-
 /// Whether the user captains the two sides of a fixture.
 struct fixture_captains {
   bool human_a = false;

@@ -18,10 +18,6 @@
 
 namespace velorin {
 
-namespace {
-constexpr int most_matches = 10;
-}  // namespace
-
 SeriesWindow::SeriesWindow(match_state& match, open_database& database, series_form& form, QWidget* parent)
     : Form(QStringLiteral("series1"), Dismissal::closes, parent),
       form_(form),
@@ -48,7 +44,7 @@ SeriesWindow::SeriesWindow(match_state& match, open_database& database, series_f
   body()->addLayout(sides);
 
   matches_ = new NumberField(
-      QStringLiteral("matches"), form_.typed_matches, most_matches,
+      QStringLiteral("matches"), form_.typed_matches, most_series_matches,
       [this](const std::string& text) { form_.typed_matches = text; },
       [this](int value) {
         form_.set_matches(value);
@@ -74,7 +70,7 @@ void SeriesWindow::show_choice() {
 }
 
 void SeriesWindow::play() {
-  if (!number_is_fit(form_.typed_matches, most_matches, "Text1")) {
+  if (!number_is_fit(form_.typed_matches, most_series_matches, "Text1")) {
     matches_->text()->setFocus();
     matches_->text()->selectAll();
     return;

@@ -21,8 +21,6 @@ namespace velorin {
 
 namespace {
 
-constexpr int most_rounds = 5;
-
 /// The controls of a team, in the order of the teams.
 struct Side {
   const char* caption;
@@ -30,9 +28,9 @@ struct Side {
   const char* list;
   const char* options;
 };
-constexpr std::array<Side, 3> sides = {{{"First Team (host):", u'F', "first_team", "first"},
-                                        {"Second Team:", u'S', "second_team", "second"},
-                                        {"Third Team:", u'T', "third_team", "third"}}};
+constexpr std::array<Side, tri_teams> sides = {{{"First Team (host):", u'F', "first_team", "first"},
+                                                {"Second Team:", u'S', "second_team", "second"},
+                                                {"Third Team:", u'T', "third_team", "third"}}};
 
 }  // namespace
 
@@ -46,7 +44,7 @@ TriSeriesWindow::TriSeriesWindow(match_state& match, open_database& database, tr
   body()->setSpacing(16);
   body()->addWidget(new_sides());
   rounds_ = new NumberField(
-      QStringLiteral("rounds"), form_.typed_rounds, most_rounds,
+      QStringLiteral("rounds"), form_.typed_rounds, most_tri_rounds,
       [this](const std::string& text) { form_.typed_rounds = text; },
       [this](int value) {
         form_.set_rounds(value);
@@ -90,7 +88,7 @@ void TriSeriesWindow::show_choice() {
 }
 
 void TriSeriesWindow::play() {
-  if (!number_is_fit(form_.typed_rounds, most_rounds, "Text1")) {
+  if (!number_is_fit(form_.typed_rounds, most_tri_rounds, "Text1")) {
     rounds_->text()->setFocus();
     rounds_->text()->selectAll();
     return;

@@ -23,8 +23,6 @@ namespace velorin {
 
 namespace {
 
-constexpr int shown_rows = 10;
-
 const cup_fixture& fixture_at(world_cup_record& world_cup, int place) {
   return world_cup.fixtures[static_cast<std::size_t>(place)];
 }
@@ -100,7 +98,7 @@ WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_record& world_cup, worl
   scroll_->setObjectName(QStringLiteral("scroll"));
   scroll_->setAccessibleName(QStringLiteral("Fixtures"));
   scroll_->setRange(1, form_.scroll_maximum);
-  scroll_->setPageStep(shown_rows - 1);
+  scroll_->setPageStep(cup_list_rows - 1);
   scroll_->setValue(form_.scroll);
   connect(scroll_, &QScrollBar::valueChanged, this, [this](int value) {
     guarded([&] {
@@ -110,7 +108,7 @@ WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_record& world_cup, worl
   });
   refresh();
   list_->show_all_rows();
-  list_->grow_rows(56, shown_rows);
+  list_->grow_rows(56, cup_list_rows);
   list_->setMinimumWidth(std::clamp(list_->sizeHint().width(), 800, 940));
   list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   list_->installEventFilter(this);
@@ -136,7 +134,7 @@ WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_record& world_cup, worl
 
 void WorldCupFixturesWindow::refresh() {
   list_->set_table(fixtures_table(world_cup_, form_, any_human_));
-  for (int line = 0; line < shown_rows; ++line) {
+  for (int line = 0; line < cup_list_rows; ++line) {
     if (form_.rows[static_cast<std::size_t>(line)].is_next) list_->setCurrentIndex(list_->model()->index(line, 0));
   }
   list_->clearSelection();
@@ -144,8 +142,8 @@ void WorldCupFixturesWindow::refresh() {
 
 bool WorldCupFixturesWindow::scrolls_on(int key) {
   const int line = list_->currentIndex().row();
-  const bool on = key == Qt::Key_PageDown || key == Qt::Key_PageUp || (key == Qt::Key_Down && line == shown_rows - 1) ||
-                  (key == Qt::Key_Up && line == 0);
+  const bool on = key == Qt::Key_PageDown || key == Qt::Key_PageUp ||
+                  (key == Qt::Key_Down && line == cup_list_rows - 1) || (key == Qt::Key_Up && line == 0);
   if (!on) return false;
   const int column = list_->currentIndex().column();
   const bool page = key == Qt::Key_PageDown || key == Qt::Key_PageUp;

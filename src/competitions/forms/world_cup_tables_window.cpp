@@ -12,6 +12,7 @@
 
 #include "competitions/forms/cup_progress.h"
 #include "competitions/forms/league_view.h"
+#include "competitions/next_match.h"
 #include "competitions/world_cup.h"
 #include "competitions/world_cup_tables.h"
 #include "desktop/controls.h"
@@ -56,9 +57,12 @@ WorldCupTablesWindow::WorldCupTablesWindow(world_cup_record& world_cup, world_cu
   const auto in_group_a = [&](const std::string& team) { return human_in_group_a(world_cup, team); };
   const auto in_group_b = [&](const std::string& team) { return human_in_group_b(world_cup, team); };
   const auto in_any = [&](const std::string& team) { return human_in_any(world_cup, team); };
-  quarters->addLayout(new_table(QStringLiteral("group_a"), "Group A Table", form_.group_a, 5, in_group_a), 0, 0);
-  quarters->addLayout(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, 5, in_group_b), 0, 1);
-  quarters->addLayout(new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, 6, in_any), 1, 0);
+  quarters->addLayout(new_table(QStringLiteral("group_a"), "Group A Table", form_.group_a, cup_group_teams, in_group_a),
+                      0, 0);
+  quarters->addLayout(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, cup_group_teams, in_group_b),
+                      0, 1);
+  quarters->addLayout(
+      new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, cup_super_six_places, in_any), 1, 0);
   quarters->addWidget(new_knock_out(), 1, 1);
   auto* rows = new_column(body(), 1480);
   rows->addLayout(quarters, 1);

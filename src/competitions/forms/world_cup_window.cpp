@@ -68,14 +68,14 @@ void WorldCupWindow::play() {
 }
 
 QWidget* WorldCupWindow::new_group(const QString& title, const QString& lists, const QString& checks,
-                                   std::array<int, 5>& teams, std::array<bool, 5>& human) {
+                                   std::array<int, cup_group_teams>& teams, std::array<bool, cup_group_teams>& human) {
   QFrame* card = new_card();
   card_rows(card)->addWidget(new_label(title, TextRole::heading));
   auto* rows = new QGridLayout;
   rows->setHorizontalSpacing(16);
   rows->setVerticalSpacing(8);
   rows->setColumnStretch(1, 1);
-  for (int i = 0; i < 5; ++i) {
+  for (int i = 0; i < cup_group_teams; ++i) {
     const auto at = static_cast<std::size_t>(i);
     auto* list =
         new_team_list(QStringLiteral("%1_%2").arg(lists).arg(i), form_.teams, teams[at], [this, &teams, at](int index) {
@@ -102,7 +102,7 @@ QWidget* WorldCupWindow::new_hosts() {
   card_rows(card)->addWidget(new_label(QStringLiteral("Select Host nation(s) :"), TextRole::heading));
   auto* row = new QHBoxLayout;
   row->setSpacing(16);
-  for (int i = 0; i < 3; ++i) {
+  for (int i = 0; i < cup_hosts; ++i) {
     const auto at = static_cast<std::size_t>(i);
     auto* list = new_team_list(
         QStringLiteral("host_%1").arg(i), form_.teams, form_.host_index[at],
