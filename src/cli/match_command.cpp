@@ -3,123 +3,50 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <iostream>
 #include <memory>
+#include <mutex>
 #include <optional>
-#include <ostream>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "cli/commands.h"
+#include "cli/common_watcher.h"
 #include "cli/match_jobs.h"
+#include "cli/match_player.h"
 #include "cli/match_run.h"
 #include "cli/match_summary.h"
 #include "cli/output_files.h"
 #include "database/configuration.h"
 #include "database/open_database.h"
-#include "database/teams_file.h"
-#include "model/code_page.h"
-#include "model/match_state.h"
-#include "model/random.h"
-#include "model/run_time_error.h"
-#include "setup/new_match.h"
 
 namespace velorin::cli {
 
 namespace {
 
-/// The four values of --conditions, or nothing if they are none.
-std::optional<std::array<int, 4>> parse_conditions(const std::string& text) {
-  std::array<int, 4> values{};
-  bool good = text.size() == 7;
-  for (std::size_t i = 0; good && i < 4; ++i) {
-    const char digit = text[2 * i];
-    good = digit >= '1' && digit <= '4' && (i == 3 || text[2 * i + 1] == ',');
-    values[i] = digit - '0';
-  }
-  if (!good) return std::nullopt;
-  return values;
-}
-
-int choose_team(const new_match_form& form, const std::string& name) {
-  const std::string wanted = core_text(name);
-  std::vector<std::string> known;
-  for (std::size_t i = 0; i < form.teams.size(); ++i) {
-    if (form.teams[i].name == wanted) return static_cast<int>(i);
-    known.push_back(form.teams[i].name);
-  }
-  raise_unknown("team", wanted, known);
-}
-
-void choose_ground(open_database& data, new_match_form& form, const std::string& name) {
-  const std::string wanted = core_text(name);
-  for (std::size_t i = 0; i < form.grounds.size(); ++i) {
-    if (form.grounds[i] != wanted) continue;
-    form.ground_index = static_cast<int>(i);
-    return;
-  }
-  std::vector<std::string> known;
-  for (const ground_rec& ground : read_grounds(data)) {
-    known.push_back(ground.ground_name);
-    if (ground.ground_name != wanted) continue;
-    throw run_time_error(failure::subscript,
-                         "The ground is not on offer for " + form.first_team_name() + " and " + form.second_team_name(),
-                         {.file = {}, .record = 0, .field = {}, .player = wanted});
-  }
-  raise_unknown("ground", wanted, known);
-}
-
-void fill(open_database& data, new_match_form& form, const match_options& options) {
-  form.open();
-  if (!options.team1.empty()) form.choose_first_team(choose_team(form, options.team1));
-  if (!options.team2.empty()) form.choose_second_team(choose_team(form, options.team2));
-  if (!options.ground.empty()) choose_ground(data, form, options.ground);
-  form.computer_captains_first = options.captain1 == "cpu";
-  form.computer_captains_second = options.captain2 == "cpu";
-}
-
-void show_progress(long played, long matches, streams io) {
-  constexpr long step = 5000;
-  const bool due = played % step == 0 || played == matches;
-  if (!due || matches <= step || &io.err != &std::cerr || isatty(STDERR_FILENO) == 0) return;
-  io.err << fmt::format("\r{} of {} matches", played, matches) << (played == matches ? "\n" : "") << std::flush;
-}
-
-void print_result(const match_state& match, const match_recorder& recorder, std::ostream& out) {
-  out << recorder.shown_scorecard() << '\n';
-  if (match.result_margin.empty()) {
-    out << "No result.\n";
-  } else {
-    out << shown_line(match.result_winner + match.result_margin) << '\n';
-  }
-}
-
-/// A run of matches, whoever plays them.
+/// A run of matches, by one player or by several at once.
 class match_run {
  public:
-  match_run(run_state& run, const match_options& options, const program_options& program, streams io)
-      : run_(run),
-        options_(options),
-        program_(program),
-        io_(io),
-        recorder_(run.match, run.data, options, summary_),
-        objects_(options.json, io.out) {
-    recorder_.conditions = parse_conditions(options.conditions);
-  }
+  /// The state that each player begins with.
+  match_run(run_state state, const match_options& options, const program_options& program, streams io)
+      : state_(std::move(state)), options_(options), program_(program), io_(io), objects_(options.json, io.out) {}
 
   void play() {
-    const int workers = static_cast<int>(std::min<long>(options_.jobs.value_or(1), options_.matches));
-    if (workers > 1) {
-      play_over(workers);
+    const int jobs = static_cast<int>(std::min<long>(options_.jobs.value_or(1), options_.matches));
+    seats_.resize(static_cast<std::size_t>(jobs));
+    if (jobs > 1) {
+      play_over(jobs);
     } else {
       play_here();
     }
+    for (const seat& each : seats_) summary_.add(each.player->summary());
     if (!options_.json.empty()) objects_.close();
   }
 
   void print(std::chrono::duration<double> taken) const {
-    if (options_.prints_scorecard()) print_result(run_.match, recorder_, io_.out);
+    if (options_.prints_scorecard()) seats_.front().player->print_result(io_.out);
     if (!options_.prints_summary()) return;
     summary_.print(io_.out);
     // A reproducible run says nothing on standard output that a clock decides.
@@ -128,55 +55,65 @@ class match_run {
   }
 
  private:
+  struct seat {
+    std::optional<common_watcher> watcher;
+    std::unique_ptr<match_player> player;
+  };
+
   void play_here() {
+    match_player& player = player_at(0);
     for (long number = 1; number <= options_.matches; ++number) {
-      const std::string line = play_match(number);
+      const std::string line = player.play(number);
       if (!line.empty()) objects_.write(line);
-      show_progress(number, options_.matches, io_);
+      show_progress(number);
     }
-    recorder_.require_exports();
+    player.require_exports();
   }
 
-  void play_over(int workers) {
-    worker_task task{.matches = options_.matches,
-                     .jobs = workers,
-                     .summary = summary_,
-                     .play = {},
-                     .finish = {},
-                     .progress = {},
-                     .take = {}};
-    task.play = [this](long number) { return play_match(number); };
-    task.finish = [this] { recorder_.require_exports(); };
-    task.progress = [this](long played) { show_progress(played, options_.matches, io_); };
-    if (!options_.json.empty()) task.take = [this](std::string_view line) { objects_.write(line); };
+  void play_over(int jobs) {
+    worker_task task{.matches = options_.matches, .jobs = jobs, .play = {}, .finish = {}, .progress = {}, .take = {}};
+    task.play = [this](int place, long number) { return player_at(place).play(number); };
+    task.finish = [this](int place) { player_at(place).require_exports(); };
+    task.progress = [this](long played) { show_progress(played); };
+    if (!options_.json.empty()) {
+      task.take = [this](std::string_view line) {
+        const std::lock_guard hold(speech_.turn);
+        objects_.write(line);
+      };
+    }
     play_in_workers(task);
   }
 
-  /// Returns the match's object as a line, "" without --json.
-  std::string play_match(long number) {
-    if (options_.jobs && program_.seed) run_.chance.use_seed(seed_of_match(*program_.seed, number));
-    new_match_form form({run_.match, run_.chance, recorder_, run_.data});
-    fill(run_.data, form, options_);
-    recorder_.begin_match(number == options_.matches);
-    static_cast<match_result&>(run_.match) = {};
-    const std::uint64_t before = run_.chance.draws_used();
-    form.accept();
-    if (options_.prints_summary()) summary_.add_result(run_.match);
-    if (options_.json.empty()) return {};
-    return recorder_.match_object(run_.chance.draws_used() - before).dump() + '\n';
+  /// The player at this place, who is made, in his own thread, when he is first asked for.
+  match_player& player_at(int place) {
+    seat& at = seats_[static_cast<std::size_t>(place)];
+    if (!at.player) {
+      run_state own = state_;
+      if (turn_watcher* told = own.data.files.watcher; told != nullptr) {
+        own.data.files.watcher = &at.watcher.emplace(*told, speech_);
+      }
+      at.player = std::make_unique<match_player>(std::move(own), options_, program_);
+    }
+    return *at.player;
   }
 
-  /// Which worker plays a match must not matter, so its numbers follow from its place in the run alone.
-  static std::uint64_t seed_of_match(std::uint64_t seed, long number) {
-    return random_source::mix(seed) + static_cast<std::uint64_t>(number);
+  /// In the thread of any player.
+  void show_progress(long played) {
+    constexpr long step = 5000;
+    const long matches = options_.matches;
+    const bool due = played % step == 0 || played == matches;
+    if (!due || matches <= step || &io_.err != &std::cerr || isatty(STDERR_FILENO) == 0) return;
+    const std::lock_guard hold(speech_.turn);
+    io_.err << fmt::format("\r{} of {} matches", played, matches) << (played == matches ? "\n" : "") << std::flush;
   }
 
-  run_state& run_;
+  const run_state state_;
   const match_options& options_;
   const program_options& program_;
   streams io_;
+  speech speech_;  ///< of all that goes to the streams while several play
+  std::vector<seat> seats_;
   match_summary summary_;
-  match_recorder recorder_;
   json_output objects_;
 };
 
@@ -184,7 +121,7 @@ int play(const match_options& options, const program_options& program, streams i
   run_state state = set_up_run(program);
   state.data.files.updates = options.update;
   require_outputs_apart(state.data, options, program.draws);
-  match_run run(state, options, program, io);
+  match_run run(std::move(state), options, program, io);
   const auto start = std::chrono::steady_clock::now();
   run.play();
   run.print(std::chrono::steady_clock::now() - start);

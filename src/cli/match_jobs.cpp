@@ -2,23 +2,17 @@
 #include "cli/match_jobs.h"
 
 #include <fmt/format.h>
-#include <sys/mman.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#ifdef __linux__
-#include <sys/prctl.h>
-#endif
 
-#include <array>
 #include <atomic>
-#include <cerrno>
-#include <csignal>
-#include <cstdint>
-#include <cstring>
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <exception>
 #include <limits>
-#include <new>
+#include <mutex>
 #include <optional>
-#include <stdexcept>
+#include <system_error>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -28,215 +22,137 @@ namespace velorin::cli {
 
 namespace {
 
-[[noreturn]] void raise_worker(const std::string& what) {
-  throw run_time_error(failure::file, what, {.file = {}, .record = 0, .field = {}, .player = {}});
-}
+constexpr std::size_t most_bytes_ahead = 65'536;  ///< of lines of a worker that wait for their turn
 
-/// What all processes of a run see.
-struct common_board {
-  std::atomic<long> first_failed = std::numeric_limits<long>::max();  ///< the lowest match that broke off
-  std::atomic<long> played = 0;
-
-  void note_failure(long number) {
-    long known = first_failed;
-    while (number < known && !first_failed.compare_exchange_weak(known, number)) continue;
-  }
+/// A worker as all threads see it.
+struct worker {
+  std::deque<std::string> lines;  ///< that wait for their turn
+  std::size_t bytes = 0;          ///< of these lines
+  bool ended = false;
+  long failed = 0;           ///< the match that broke off, with an error
+  std::exception_ptr error;  ///< nullptr if none
+  std::condition_variable changed;
+  std::thread thread;
 };
-
-/// The board in memory that processes share.
-class shared_board {
- public:
-  shared_board() {
-    memory_ = ::mmap(nullptr, sizeof(common_board), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    if (memory_ == MAP_FAILED) raise_worker(fmt::format("No memory for the workers: {}", std::strerror(errno)));
-    board_ = new (memory_) common_board;
-  }
-  ~shared_board() { ::munmap(memory_, sizeof(common_board)); }
-  shared_board(const shared_board&) = delete;
-  shared_board& operator=(const shared_board&) = delete;
-
-  common_board* operator->() const { return board_; }
-
- private:
-  void* memory_ = nullptr;
-  common_board* board_ = nullptr;
-};
-
-/// A message of a worker.
-struct note {
-  enum class kind : long { line, summary, failure };
-  struct header {
-    kind what = kind::line;
-    long number = 0;  ///< of the match
-    std::size_t size = 0;
-  };
-
-  header head;
-  std::string text;
-};
-
-/// Writes all of it, or ends this worker: nobody listens any more.
-void put(int pipe, const void* from, std::size_t size) {
-  const char* bytes = static_cast<const char*>(from);
-  while (size != 0) {
-    const ssize_t written = ::write(pipe, bytes, size);
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) ::_exit(1);
-    bytes += written;
-    size -= static_cast<std::size_t>(written);
-  }
-}
-
-void put_note(int pipe, note::kind what, long number, std::string_view text) {
-  const note::header head = {what, number, text.size()};
-  put(pipe, &head, sizeof head);
-  put(pipe, text.data(), text.size());
-}
-
-/// False at the end of the pipe.
-bool get(int pipe, void* to, std::size_t size) {
-  char* bytes = static_cast<char*>(to);
-  while (size != 0) {
-    const ssize_t got = ::read(pipe, bytes, size);
-    if (got < 0 && errno == EINTR) continue;
-    if (got <= 0) return false;
-    bytes += got;
-    size -= static_cast<std::size_t>(got);
-  }
-  return true;
-}
-
-/// A worker as the process that started it sees it. It is gone with the object.
-class worker {
- public:
-  worker(pid_t process, int pipe) : process_(process), pipe_(pipe) {}
-
-  worker(worker&& other) noexcept : process_(std::exchange(other.process_, 0)), pipe_(std::exchange(other.pipe_, -1)) {}
-  worker& operator=(worker&&) = delete;
-  ~worker() {
-    if (process_ == 0) return;
-    ::close(pipe_);
-    while (::waitpid(process_, nullptr, 0) < 0 && errno == EINTR) continue;
-  }
-
-  int pipe() const { return pipe_; }
-
-  note next_note() const {
-    note told;
-    if (get(pipe_, &told.head, sizeof told.head)) {
-      told.text.resize(told.head.size);
-      if (get(pipe_, told.text.data(), told.text.size())) return told;
-    }
-    raise_worker("A process that played matches ended before its work was done");
-  }
-
- private:
-  pid_t process_;
-  int pipe_;
-};
-
-/// A worker does not outlive the run that started it.
-void end_with(pid_t parent) {
-#ifdef __linux__
-  ::prctl(PR_SET_PDEATHSIG, SIGTERM);
-#endif
-  if (::getppid() != parent) ::_exit(1);
-  std::signal(SIGPIPE, SIG_DFL);
-}
-
-/// The life of a worker: plays its share and tells of it.
-void work(const worker_task& task, int place, int pipe, const shared_board& board) {
-  long number = place + 1;
-  try {
-    for (; number <= task.matches && number < board->first_failed; number += task.jobs) {
-      const std::string line = task.play(number);
-      if (!line.empty()) put_note(pipe, note::kind::line, number, line);
-      task.progress(++board->played);
-    }
-    const bool had_last = number == task.matches + task.jobs;
-    number = task.matches;
-    if (had_last) task.finish();
-    put_note(pipe, note::kind::summary, 0, task.summary.packed());
-  } catch (const std::exception& error) {
-    board->note_failure(number);
-    put_note(pipe, note::kind::failure, number, error.what());
-  }
-}
 
 /// All workers of a run.
 class workforce {
  public:
-  explicit workforce(const worker_task& task) : task_(task) {
-    men_.reserve(static_cast<std::size_t>(task.jobs));
-    try {
-      for (int place = 0; place < task.jobs; ++place) start(place);
-    } catch (...) {
-      stop();
-      throw;
-    }
+  explicit workforce(const worker_task& task) : task_(task), workers_(static_cast<std::size_t>(task.jobs)) {}
+  ~workforce() {
+    stop_from(0);
+    join();
   }
-  ~workforce() { stop(); }
   workforce(const workforce&) = delete;
   workforce& operator=(const workforce&) = delete;
 
-  const worker& of_match(long number) const { return men_[static_cast<std::size_t>((number - 1) % task_.jobs)]; }
-  const std::vector<worker>& men() const { return men_; }
+  void start() {
+    try {
+      for (int place = 0; place < task_.jobs; ++place) at(place).thread = std::thread([this, place] { work(place); });
+    } catch (const std::system_error& error) {
+      throw run_time_error(failure::file, fmt::format("A worker cannot be started: {}", error.code().message()),
+                           {.file = {}, .record = 0, .field = {}, .player = {}});
+    }
+  }
+
+  void take_lines() {
+    for (long number = 1; number <= task_.matches; ++number) {
+      const std::optional<std::string> line = next_line(at(static_cast<int>((number - 1) % task_.jobs)));
+      // Whoever has no line for his match has broken off, and no later line counts.
+      if (!line) return;
+      task_.take(*line);
+    }
+  }
+
+  void join() {
+    for (worker& each : workers_) {
+      if (each.thread.joinable()) each.thread.join();
+    }
+  }
+
+  /// Requires that all have been joined.
+  void raise_first_failure() const {
+    const worker* first = nullptr;
+    for (const worker& each : workers_) {
+      if (each.error && (first == nullptr || each.failed < first->failed)) first = &each;
+    }
+    if (first != nullptr) std::rethrow_exception(first->error);
+  }
 
  private:
-  /// No worker begins another match.
-  void stop() { board_->first_failed = 0; }
+  worker& at(int place) { return workers_[static_cast<std::size_t>(place)]; }
 
-  void start(int place) {
-    std::array<int, 2> ends{};
-    if (::pipe(ends.data()) != 0) raise_worker(fmt::format("No pipe for a worker: {}", std::strerror(errno)));
-    const pid_t parent = ::getpid();
-    const pid_t process = ::fork();
-    if (process < 0) {
-      const int cause = errno;
-      ::close(ends[0]);
-      ::close(ends[1]);
-      raise_worker(fmt::format("A worker cannot be started: {}", std::strerror(cause)));
+  /// The life of a worker: plays its share and tells of it.
+  void work(int place) {
+    worker& me = at(place);
+    long number = place + 1;
+    try {
+      for (; number <= task_.matches && number < stopped_from_; number += task_.jobs) {
+        std::string line = task_.play(place, number);
+        if (task_.take) hand_over(me, number, std::move(line));
+        task_.progress(++played_);
+      }
+      if (number - task_.jobs == task_.matches) {
+        number = task_.matches;
+        task_.finish(place);
+      }
+    } catch (...) {
+      me.failed = number;
+      me.error = std::current_exception();
+      stop_from(number);
     }
-    if (process == 0) {
-      for (const worker& other : men_) ::close(other.pipe());
-      ::close(ends[0]);
-      end_with(parent);
-      work(task_, place, ends[1], board_);
-      ::_exit(0);
-    }
-    ::close(ends[1]);
-    men_.emplace_back(process, ends[0]);
+    const std::lock_guard hold(guard_);
+    me.ended = true;
+    me.changed.notify_all();
+  }
+
+  /// Waits for room, unless the line does not count any more.
+  void hand_over(worker& me, long number, std::string line) {
+    std::unique_lock hold(guard_);
+    me.changed.wait(hold, [&] {
+      return me.lines.empty() || me.bytes + line.size() <= most_bytes_ahead || stopped_from_ <= number;
+    });
+    if (stopped_from_ <= number) return;
+    me.bytes += line.size();
+    me.lines.push_back(std::move(line));
+    me.changed.notify_all();
+  }
+
+  /// The line of the worker's next match, or nothing if there is none.
+  std::optional<std::string> next_line(worker& from) {
+    std::unique_lock hold(guard_);
+    from.changed.wait(hold, [&] { return !from.lines.empty() || from.ended; });
+    if (from.lines.empty()) return std::nullopt;
+    std::string line = std::move(from.lines.front());
+    from.lines.pop_front();
+    from.bytes -= line.size();
+    from.changed.notify_all();
+    return line;
+  }
+
+  /// No worker begins this match or a later one, nor waits with its line.
+  void stop_from(long number) {
+    const std::lock_guard hold(guard_);
+    if (number >= stopped_from_) return;
+    stopped_from_ = number;
+    for (worker& each : workers_) each.changed.notify_all();
   }
 
   const worker_task& task_;
-  shared_board board_;
-  std::vector<worker> men_;
+  std::mutex guard_;  ///< of what the workers and the one who takes their lines share
+  std::atomic<long> stopped_from_ = std::numeric_limits<long>::max();
+  std::atomic<long> played_ = 0;
+  std::vector<worker> workers_;
 };
 
 }  // namespace
 
 void play_in_workers(const worker_task& task) {
-  const workforce force(task);
-  std::vector<std::optional<note>> ends(static_cast<std::size_t>(task.jobs));
-  // Whoever tells of something else than a line has come to his end, and no later line counts.
-  for (long number = 1; task.take && number <= task.matches; ++number) {
-    note told = force.of_match(number).next_note();
-    if (told.head.what != note::kind::line) {
-      ends[static_cast<std::size_t>((number - 1) % task.jobs)] = std::move(told);
-      break;
-    }
-    task.take(told.text);
-  }
-  const note* failed = nullptr;
-  for (std::size_t i = 0; i < ends.size(); ++i) {
-    while (!ends[i] || ends[i]->head.what == note::kind::line) ends[i] = force.men()[i].next_note();
-    if (ends[i]->head.what == note::kind::summary) {
-      task.summary.add(match_summary::unpacked(ends[i]->text));
-    } else if (failed == nullptr || ends[i]->head.number < failed->head.number) {
-      failed = &*ends[i];
-    }
-  }
-  if (failed != nullptr) throw std::runtime_error(failed->text);
+  workforce force(task);
+  force.start();
+  if (task.take) force.take_lines();
+  force.join();
+  force.raise_first_failure();
 }
 
 }  // namespace velorin::cli

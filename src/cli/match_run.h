@@ -26,7 +26,7 @@ struct match_options {
   std::string captain2 = "cpu";
   std::string conditions;
   long matches = 1;
-  std::optional<int> jobs;  ///< worker processes; each match has a seed of its own then
+  std::optional<int> jobs;  ///< threads that play; each match has a seed of its own then
   bool update = false;
   std::string json;
   std::string html;

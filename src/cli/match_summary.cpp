@@ -3,8 +3,6 @@
 
 #include <cmath>
 #include <ostream>
-#include <sstream>
-#include <stdexcept>
 
 #include <fmt/format.h>
 
@@ -86,51 +84,6 @@ void match_summary::add(const match_summary& other) {
   ties_ += other.ties_;
   unfinished_ += other.unfinished_;
   matches_ += other.matches_;
-}
-
-std::string match_summary::packed() const {
-  std::string text;
-  const auto put = [&](auto... values) { ((text += fmt::format("{} ", values)), ...); };
-  for (const innings_figures& f : innings_) {
-    put(f.totals.count, f.totals.sum, f.totals.squares, f.wickets.count, f.wickets.sum, f.wickets.squares, f.runs,
-        f.balls, f.all_out);
-  }
-  put(first_wins_, chases_, ties_, unfinished_, matches_);
-  for (const counts_by_name* counts : {&dismissals_, &wins_}) {
-    put(counts->size());
-    for (const auto& [name, count] : *counts) {
-      put(count, name.size());
-      text += name;
-    }
-  }
-  return text;
-}
-
-match_summary match_summary::unpacked(const std::string& text) {
-  match_summary summary;
-  std::istringstream in(text);
-  const auto get = [&](auto&... values) { (in >> ... >> values); };
-  for (innings_figures& f : summary.innings_) {
-    get(f.totals.count, f.totals.sum, f.totals.squares, f.wickets.count, f.wickets.sum, f.wickets.squares, f.runs,
-        f.balls, f.all_out);
-  }
-  get(summary.first_wins_, summary.chases_, summary.ties_, summary.unfinished_, summary.matches_);
-  for (counts_by_name* counts : {&summary.dismissals_, &summary.wins_}) {
-    std::size_t size = 0;
-    get(size);
-    for (; in && size != 0; --size) {
-      long count = 0;
-      std::size_t length = 0;
-      get(count, length);
-      if (!in || length > text.size()) throw std::logic_error("no packed summary");
-      in.get();  // the blank behind the length
-      std::string name(length, '\0');
-      in.read(name.data(), static_cast<std::streamsize>(length));
-      (*counts)[name] = count;
-    }
-  }
-  if (!in) throw std::logic_error("no packed summary");
-  return summary;
 }
 
 void match_summary::print(std::ostream& out) const {

@@ -33,14 +33,8 @@ class match_summary {
   /// Adds what other matches add up to.
   void add(const match_summary& other);
 
-  /// The figures as one text, for another process, and back again. Raises std::logic_error for any other text.
-  std::string packed() const;
-  static match_summary unpacked(const std::string& text);
-
   /// Prints the figures, a line each.
   void print(std::ostream& out) const;
-
-  long matches() const { return matches_; }
 
  private:
   struct innings_figures {

@@ -2,12 +2,15 @@
 #include "cli/match_jobs.h"
 
 #include <fmt/format.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <cerrno>
+#include <atomic>
+#include <chrono>
+#include <iterator>
+#include <mutex>
+#include <thread>
 
 #include "cli/cli_fixture.h"
+#include "cli/common_watcher.h"
 #include "database/lasting_records.h"
 #include "model/run_time_error.h"
 
@@ -17,10 +20,13 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-/// No process that this one has started is left.
-bool no_worker_is_left() { return ::waitpid(-1, nullptr, WNOHANG) < 0 && errno == ECHILD; }
+/// This process has no thread but its own.
+bool no_worker_is_left() {
+  const std::filesystem::directory_iterator threads("/proc/self/task");
+  return std::distance(begin(threads), end(threads)) == 1;
+}
 
-/// Matches played by several processes.
+/// Matches played by several threads.
 class Jobs : public CliTest {
  protected:
   std::vector<std::string> line(const std::string& matches, const std::string& jobs,
@@ -49,6 +55,19 @@ TEST_F(Jobs, TheObjectsAreTheSameAndInOrder) {
   EXPECT_EQ(run(line("9", "4", {"--json", "-"})).out, one.out);
   EXPECT_EQ(run(line("9", "2", {"--quiet", "--json", file("matches.json")})).out, "");
   EXPECT_EQ(file_bytes(file("matches.json")), one.out);
+}
+
+TEST_F(Jobs, EightGiveTheBytesOfOne) {
+  const auto all = [&](const char* jobs) {
+    const run_result result =
+        run(line("60", jobs, {"--json", file("m.json"), "--html", file("p.html"), "--ball-by-ball", file("b.txt")}));
+    EXPECT_EQ(result.status, 0) << result.err;
+    return std::vector<std::string>{result.out, file_bytes(file("m.json")), file_bytes(file("p.html")),
+                                    file_bytes(file("b.txt"))};
+  };
+  const std::vector<std::string> one = all("1");
+  EXPECT_EQ(lines_of(one[1]).size(), 60U);
+  EXPECT_TRUE(all("8") == one);
 }
 
 TEST_F(Jobs, AMatchIsTheSameInALongerRun) {
@@ -80,6 +99,7 @@ TEST_F(Jobs, AllUpdatesAreKept) {
     for (int p = 1; p <= careers.teams[t].player_count; ++p) matches += careers.teams[t].players[p].matches;
   }
   EXPECT_EQ(matches, 30 * 22);
+  EXPECT_EQ(text({"db", "check", "small"}), "");
 }
 
 TEST_F(Jobs, TheClockSeedsWithoutASeed) {
@@ -89,7 +109,7 @@ TEST_F(Jobs, TheClockSeedsWithoutASeed) {
   EXPECT_THAT(result.out, HasSubstr("Matches a second"));
 }
 
-TEST_F(Jobs, AnErrorIsTheOneOfASingleProcess) {
+TEST_F(Jobs, AnErrorIsTheOneOfASingleJob) {
   const std::string single = error(1, {"match", "--matches", "9", "--team1", "Vestira"});
   EXPECT_EQ(error(1, line("9", "3", {"--team1", "Vestira"})), single);
   EXPECT_THAT(error(1, line("9", "3", {"--html", file("none/p.html")})), HasSubstr("cannot be written"));
@@ -110,7 +130,9 @@ TEST_F(Jobs, NoSenseIsRefused) {
 class Workers : public ::testing::Test {
  protected:
   Workers() {
-    task.finish = [] {};
+    task.matches = 10;
+    task.jobs = 3;
+    task.finish = [](int) {};
     task.progress = [](long) {};
     task.take = [this](std::string_view one) { taken.emplace_back(one); };
   }
@@ -125,15 +147,13 @@ class Workers : public ::testing::Test {
     return "";
   }
 
-  cli::match_summary summary;
   std::vector<std::string> taken;
-  cli::worker_task task{
-      .matches = 10, .jobs = 3, .summary = summary, .play = {}, .finish = {}, .progress = {}, .take = {}};
+  cli::worker_task task;
 };
 
 TEST_F(Workers, TheLowestMatchThatBreaksOffDecides) {
-  task.play = [](long number) -> std::string {
-    if (number == 5) ::usleep(50'000);  // by then the seventh has been played
+  task.play = [](int, long number) -> std::string {
+    if (number == 5) std::this_thread::sleep_for(std::chrono::milliseconds(50));  // the seventh has been played by then
     if (number >= 5 && number != 7) throw std::runtime_error(fmt::format("match {} broke off", number));
     return fmt::format("{}", number);
   };
@@ -142,8 +162,31 @@ TEST_F(Workers, TheLowestMatchThatBreaksOffDecides) {
   EXPECT_TRUE(no_worker_is_left());
 }
 
+TEST_F(Workers, WhatAMatchRaisesComesAsItWas) {
+  task.play = [](int, long) -> std::string { throw run_time_error(failure::subscript, "broke off"); };
+  EXPECT_THROW(cli::play_in_workers(task), run_time_error);
+}
+
+TEST_F(Workers, EachPlaysItsShare) {
+  std::mutex guard;
+  std::vector<std::vector<long>> played(3);
+  std::vector<std::thread::id> threads(3);
+  task.play = [&](int place, long number) {
+    const std::lock_guard hold(guard);
+    const auto at = static_cast<std::size_t>(place);
+    EXPECT_TRUE(played[at].empty() || threads[at] == std::this_thread::get_id());
+    threads[at] = std::this_thread::get_id();
+    played[at].push_back(number);
+    return std::string();
+  };
+  EXPECT_EQ(failure_of_play(), "");
+  EXPECT_THAT(played, ElementsAre(ElementsAre(1, 4, 7, 10), ElementsAre(2, 5, 8), ElementsAre(3, 6, 9)));
+  EXPECT_NE(threads[0], threads[1]);
+  EXPECT_NE(threads[1], threads[2]);
+}
+
 TEST_F(Workers, LongLinesArriveWhole) {
-  task.play = [](long number) { return std::string(300'000, static_cast<char>('a' + number)); };
+  task.play = [](int, long number) { return std::string(300'000, static_cast<char>('a' + number)); };
   EXPECT_EQ(failure_of_play(), "");
   ASSERT_EQ(taken.size(), 10U);
   for (std::size_t i = 0; i < taken.size(); ++i) {
@@ -151,38 +194,80 @@ TEST_F(Workers, LongLinesArriveWhole) {
   }
 }
 
-TEST_F(Workers, AWorkerThatIsGoneIsAnError) {
-  task.play = [](long number) -> std::string {
-    if (number == 2) ::_exit(0);
-    return "line";
+/// The first match lasts until no other worker goes on.
+TEST_F(Workers, WhoIsFarAheadWaits) {
+  task.matches = 100'000;
+  std::atomic<long> played = 0;
+  task.play = [&](int, long number) {
+    for (long before = -1; number == 1 && before != played;) {
+      before = played;
+      std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+    if (number == 1) {
+      EXPECT_LE(played, 2 * (64 + 1));
+    }
+    ++played;
+    return std::string(1024, 'x');
   };
-  EXPECT_THAT(failure_of_play(), HasSubstr("ended before its work was done"));
+  EXPECT_EQ(failure_of_play(), "");
+  EXPECT_EQ(taken.size(), 100'000U);
+}
+
+TEST_F(Workers, NoneWaitsBehindAMatchThatBrokeOff) {
+  task.matches = 100'000;
+  task.play = [](int, long number) -> std::string {
+    if (number == 1) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    if (number == 1) throw std::runtime_error("broke off");
+    return std::string(1024, 'x');
+  };
+  EXPECT_EQ(failure_of_play(), "broke off");
+  EXPECT_THAT(taken, ElementsAre());
+  EXPECT_TRUE(no_worker_is_left());
+}
+
+TEST_F(Workers, ALineThatCannotBeWrittenEndsAll) {
+  task.matches = 1'000'000'000;
+  task.play = [](int, long) { return std::string(1024, 'x'); };
+  task.take = [&](std::string_view) {
+    taken.emplace_back();
+    if (taken.size() == 20) throw std::runtime_error("no room");
+  };
+  EXPECT_EQ(failure_of_play(), "no room");
   EXPECT_TRUE(no_worker_is_left());
 }
 
 TEST_F(Workers, TheOneWithTheLastMatchFinishes) {
-  task.play = [](long) { return std::string(); };
+  std::atomic<int> finished = -1;
+  task.play = [](int, long) { return std::string(); };
   task.take = nullptr;
-  task.finish = [] { throw std::runtime_error("finished"); };
+  task.finish = [&](int place) { finished = place; };
+  EXPECT_EQ(failure_of_play(), "");
+  EXPECT_EQ(finished, 0);
+  task.finish = [](int) { throw std::runtime_error("finished"); };
   EXPECT_EQ(failure_of_play(), "finished");
 }
 
-TEST(PackedSummary, ComesBackAsItWas) {
-  cli::match_summary summary;
-  match_result won;
-  won.result_winner = "King's 11, \"Vest\"";
-  won.result_margin = "  won by  3  wickets ";
-  summary.add_result(won);
-  summary.add_result(match_result());
-  std::ostringstream before;
-  summary.print(before);
-  cli::match_summary back = cli::match_summary::unpacked(summary.packed());
-  std::ostringstream after;
-  back.print(after);
-  EXPECT_EQ(after.str(), before.str());
-  back.add(summary);
-  EXPECT_EQ(back.matches(), 4);
-  EXPECT_THROW(cli::match_summary::unpacked("nothing"), std::logic_error);
+/// Keeps what it is told.
+class noting_watcher : public turn_watcher {
+ public:
+  void turn_is_waited_for(const std::filesystem::path&, std::chrono::milliseconds) override { told += "waits "; }
+  void wait_is_over() override { told += "over "; }
+
+  std::string told;
+};
+
+TEST(CommonWatcher, TellsOfSeveralWaitsAsOfOne) {
+  noting_watcher user;
+  cli::speech shared;
+  cli::common_watcher first(user, shared);
+  cli::common_watcher second(user, shared);
+  first.turn_is_waited_for("f", {});
+  second.turn_is_waited_for("f", {});
+  first.wait_is_over();
+  EXPECT_EQ(user.told, "waits waits ");
+  second.turn_is_waited_for("f", {});
+  second.wait_is_over();
+  EXPECT_EQ(user.told, "waits waits waits over ");
 }
 
 }  // namespace

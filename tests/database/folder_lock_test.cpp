@@ -8,7 +8,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <thread>
+#include <vector>
 
 #include "database/database_fixture.h"
 #include "database/whole_file.h"
@@ -79,6 +81,28 @@ TEST_F(FolderLock, OneWaitsWhileAnotherHoldsTheFolder) {
   EXPECT_EQ(status, 0);
   ::close(ready[0]);
   ::close(ready[1]);
+}
+
+TEST_F(FolderLock, ThreadsOfOneProgramExcludeEachOther) {
+  std::atomic<int> inside = 0;
+  std::atomic<int> turns = 0;
+  std::atomic<bool> met = false;
+  {
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < 4; ++i) {
+      threads.emplace_back([&] {
+        for (int round = 0; round < 25; ++round) {
+          const folder_lock turn(folder / "f", nullptr);
+          if (++inside != 1) met = true;
+          std::this_thread::sleep_for(std::chrono::microseconds(200));
+          --inside;
+          ++turns;
+        }
+      });
+    }
+  }
+  EXPECT_FALSE(met);
+  EXPECT_EQ(turns, 100);
 }
 
 TEST_F(FolderLock, WaitsNoLongerThanTenSeconds) {

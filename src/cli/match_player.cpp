@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/match_player.h"
+
+#include <cstdint>
+#include <ostream>
+#include <utility>
+#include <vector>
+
+#include "database/teams_file.h"
+#include "model/code_page.h"
+#include "model/run_time_error.h"
+#include "setup/new_match.h"
+
+namespace velorin::cli {
+
+namespace {
+
+int choose_team(const new_match_form& form, const std::string& name) {
+  const std::string wanted = core_text(name);
+  std::vector<std::string> known;
+  for (std::size_t i = 0; i < form.teams.size(); ++i) {
+    if (form.teams[i].name == wanted) return static_cast<int>(i);
+    known.push_back(form.teams[i].name);
+  }
+  raise_unknown("team", wanted, known);
+}
+
+void choose_ground(open_database& data, new_match_form& form, const std::string& name) {
+  const std::string wanted = core_text(name);
+  for (std::size_t i = 0; i < form.grounds.size(); ++i) {
+    if (form.grounds[i] != wanted) continue;
+    form.ground_index = static_cast<int>(i);
+    return;
+  }
+  std::vector<std::string> known;
+  for (const ground_rec& ground : read_grounds(data)) {
+    known.push_back(ground.ground_name);
+    if (ground.ground_name != wanted) continue;
+    throw run_time_error(failure::subscript,
+                         "The ground is not on offer for " + form.first_team_name() + " and " + form.second_team_name(),
+                         {.file = {}, .record = 0, .field = {}, .player = wanted});
+  }
+  raise_unknown("ground", wanted, known);
+}
+
+void fill(open_database& data, new_match_form& form, const match_options& options) {
+  form.open();
+  if (!options.team1.empty()) form.choose_first_team(choose_team(form, options.team1));
+  if (!options.team2.empty()) form.choose_second_team(choose_team(form, options.team2));
+  if (!options.ground.empty()) choose_ground(data, form, options.ground);
+  form.computer_captains_first = options.captain1 == "cpu";
+  form.computer_captains_second = options.captain2 == "cpu";
+}
+
+/// Which worker plays a match must not matter, so its numbers follow from its place in the run alone.
+std::uint64_t seed_of_match(std::uint64_t seed, long number) {
+  return random_source::mix(seed) + static_cast<std::uint64_t>(number);
+}
+
+}  // namespace
+
+std::optional<std::array<int, 4>> parse_conditions(const std::string& text) {
+  std::array<int, 4> values{};
+  bool good = text.size() == 7;
+  for (std::size_t i = 0; good && i < 4; ++i) {
+    const char digit = text[2 * i];
+    good = digit >= '1' && digit <= '4' && (i == 3 || text[2 * i + 1] == ',');
+    values[i] = digit - '0';
+  }
+  if (!good) return std::nullopt;
+  return values;
+}
+
+match_player::match_player(run_state state, const match_options& options, const program_options& program)
+    : state_(std::move(state)),
+      options_(options),
+      program_(program),
+      recorder_(state_.match, state_.data, options, summary_) {
+  recorder_.conditions = parse_conditions(options.conditions);
+}
+
+std::string match_player::play(long number) {
+  if (options_.jobs && program_.seed) state_.chance.use_seed(seed_of_match(*program_.seed, number));
+  new_match_form form({state_.match, state_.chance, recorder_, state_.data});
+  fill(state_.data, form, options_);
+  recorder_.begin_match(number == options_.matches);
+  static_cast<match_result&>(state_.match) = {};
+  const std::uint64_t before = state_.chance.draws_used();
+  form.accept();
+  if (options_.prints_summary()) summary_.add_result(state_.match);
+  if (options_.json.empty()) return {};
+  return recorder_.match_object(state_.chance.draws_used() - before).dump() + '\n';
+}
+
+void match_player::print_result(std::ostream& out) const {
+  const match_state& match = state_.match;
+  out << recorder_.shown_scorecard() << '\n';
+  if (match.result_margin.empty()) {
+    out << "No result.\n";
+  } else {
+    out << shown_line(match.result_winner + match.result_margin) << '\n';
+  }
+}
+
+}  // namespace velorin::cli
