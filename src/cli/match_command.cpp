@@ -157,8 +157,8 @@ void add_match(CLI::App& app, const program_options& program, streams io, comman
       ->type_name("N");
   command
       ->add_option("--jobs", options->jobs,
-                   "Play the matches of --matches in this many processes, 1 to 1024. With --seed each match has a seed "
-                   "of its own then, so that its figures are the same for any number of processes")
+                   "Play the matches of --matches in this many threads, 1 to 1024. With --seed each match has a seed "
+                   "of its own then, so that its figures are the same for any number of threads")
       ->transform(plain_number)
       ->check(CLI::Range(1, 1024))
       ->needs(command->get_option("--matches"))

@@ -23,8 +23,8 @@ class turn_watcher {
 };
 
 /// The turn of one program, or one thread of it, at a folder: while one holds it, another that asks for it waits. The
-/// lock is the folder itself and leaves nothing behind. Not recursive: a second lock of the same folder in one thread is
-/// never granted.
+/// lock is the folder itself and leaves nothing behind. Not recursive: a second lock of the same folder in one thread
+/// is never granted.
 class folder_lock {
  public:
   /// Takes the turn at the folder in which `file` lies. Tells `watcher`, unless it is nullptr, of a wait. Raises
