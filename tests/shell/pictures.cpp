@@ -119,7 +119,7 @@ void picture_profile(MenuWindow& menu) {
 }
 
 void take_all() {
-  QtFrontEnd shown_by;
+  QtFrontEnd shown_by(tested_game);
   const front_end_scope in_use(shown_by);
   MenuWindow menu(shown_by);
   menu.show();
