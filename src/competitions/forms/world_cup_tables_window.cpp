@@ -45,7 +45,7 @@ bool human_in_any(world_cup_record& world_cup, const std::string& team) {
 }  // namespace
 
 WorldCupTablesWindow::WorldCupTablesWindow(world_cup_record& world_cup, world_cup_tables_form& form, QWidget* parent)
-    : Form(QStringLiteral("wcsstab"), Dismissal::closes, parent), form_(form), world_cup_(world_cup) {
+    : Form(QStringLiteral("wcsstab"), Dismissal::closes, parent), form_(form) {
   set_title(QStringLiteral("World Cup Tables"), QStringLiteral("World Cup Tables"));
   show_picture();
   set_subheading(cup_progress(world_cup));

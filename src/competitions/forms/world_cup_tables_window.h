@@ -22,7 +22,6 @@ class WorldCupTablesWindow : public Form {
   QWidget* new_knock_out();
 
   world_cup_tables_form& form_;
-  world_cup_record& world_cup_;
 };
 
 }  // namespace velorin
