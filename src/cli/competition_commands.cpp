@@ -171,6 +171,7 @@ class competition_recorder : public headless_user {
 int entry_of(const std::vector<team_entry>& list, const std::string& name) {
   const std::string wanted = core_text(name);
   std::vector<std::string> known;
+  known.reserve(list.size());
   for (const team_entry& entry : list) known.push_back(entry.name);
   const auto found = std::find(known.begin(), known.end(), wanted);
   if (found == known.end()) raise_unknown("team", wanted, known);

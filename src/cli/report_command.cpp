@@ -73,6 +73,7 @@ const named_list& find_list(const std::string& name) {
 
 std::vector<std::string> list_names() {
   std::vector<std::string> names;
+  names.reserve(lists.size());
   for (const named_list& list : lists) names.emplace_back(list.name);
   return names;
 }

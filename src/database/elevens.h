@@ -33,7 +33,7 @@ void swap_elevens(open_database& data, bool again = false);
 class elevens_before {
  public:
   /// Reads both files. One that cannot be read is not put back.
-  elevens_before(open_database& data);
+  explicit elevens_before(open_database& data);
   /// Puts back what write_eleven has written of these elevens since, the first side's and the second's, without an
   /// exchange; a file that was not there is taken away. What another program has written since stays. Raises
   /// run_time_error (file).

@@ -98,7 +98,7 @@ void create_if_missing(const std::filesystem::path& file) {
   if (!opened.open()) raise_file_error("The file cannot be created", errno, file);
 }
 
-staged_files::staged_files(std::vector<std::filesystem::path> targets) {
+staged_files::staged_files(const std::vector<std::filesystem::path>& targets) {
   for (const std::filesystem::path& target : targets) {
     staged_file file{real_file(target), {}, descriptor()};
     file.beside = file.target;

@@ -47,7 +47,7 @@ class staged_files {
  public:
   /// Finishes or takes away what a killed program has left, so it comes before the old files are read. Raises
   /// run_time_error (file).
-  explicit staged_files(std::vector<std::filesystem::path> targets);
+  explicit staged_files(const std::vector<std::filesystem::path>& targets);
   /// Drops what has been written, unless putting it in place has begun.
   ~staged_files();
   staged_files(const staged_files&) = delete;

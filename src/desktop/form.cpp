@@ -198,11 +198,10 @@ bool Form::event(QEvent* event) {
 }
 
 void Form::reject() {
-  if (program_is_ending()) {
-    QDialog::reject();
-  } else if (dismissed_) {
+  const bool ending = program_is_ending();
+  if (dismissed_ && !ending) {
     guarded(dismissed_);
-  } else if (dismissal_ == Dismissal::closes) {
+  } else if (ending || dismissal_ == Dismissal::closes) {
     QDialog::reject();
   }
 }

@@ -108,7 +108,7 @@ void Modality::cover(QWidget& window) {
     tell_assistants(*widget);
   }
   connect(&window, &QObject::destroyed, this, [this, &window] { covered_.remove(&window); });
-  covered_.insert(&window, std::move(kept));
+  covered_.emplace(&window, std::move(kept));
 }
 
 void Modality::uncover(QWidget& window) {
