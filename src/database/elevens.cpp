@@ -130,29 +130,31 @@ void swap_elevens(open_database& data, bool again) {
   }
 }
 
-elevens_before::elevens_before(open_database& data) : data_(data) {
-  if (data.files.elevens_in_memory) return;
+eleven_files_before read_elevens_before(open_database& data) {
+  eleven_files_before before;
+  if (data.files.elevens_in_memory) return before;
   const std::array<std::filesystem::path, 2> paths = {first_file(data), second_file(data)};
   for (std::size_t i = 0; i < 2; ++i) {
     try {
       const bool there = occupant_of(paths[i]) != occupant::none;
-      files_[i] = file_before{there, slot_file::read(paths[i], eleven_slot).bytes()};
+      before[i] = eleven_file_before{there, slot_file::read(paths[i], eleven_slot).bytes()};
     } catch (const run_time_error&) {
-      files_[i].reset();
+      before[i].reset();
     }
   }
+  return before;
 }
 
-void elevens_before::put_back(const std::array<eleven, 2>& written) const {
-  const std::array<std::filesystem::path, 2> paths = {first_file(data_), second_file(data_)};
+void put_back_elevens(open_database& data, const eleven_files_before& before, const std::array<eleven, 2>& written) {
+  const std::array<std::filesystem::path, 2> paths = {first_file(data), second_file(data)};
   for (std::size_t i = 0; i < 2; ++i) {
-    if (!files_[i]) continue;
-    const folder_lock turn(paths[i], data_.files.watcher);
-    slot_file as_written(files_[i]->bytes, eleven_slot, file_name_text(paths[i]));
+    if (!before[i]) continue;
+    const folder_lock turn(paths[i], data.files.watcher);
+    slot_file as_written(before[i]->bytes, eleven_slot, file_name_text(paths[i]));
     put_men(as_written, written[i]);
     if (slot_file::read(paths[i], eleven_slot).bytes() != as_written.bytes()) continue;
-    if (files_[i]->there) {
-      replace_file(paths[i], files_[i]->bytes);
+    if (before[i]->there) {
+      replace_file(paths[i], before[i]->bytes);
     } else {
       ::unlink(paths[i].c_str());
     }

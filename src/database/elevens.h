@@ -2,15 +2,11 @@
 #pragma once
 
 #include <array>
-#include <optional>
-#include <string>
 
 #include "database/open_database.h"
-#include "model/match_records.h"
+#include "model/match_state.h"
 
 namespace velorin {
-
-struct match_state;
 
 /// Writes records 1 to 11 of that side's eleven (team1r.txt or team2r.txt in the folder of the data files). Raises
 /// run_time_error: a record beyond 125 bytes (overflow, with the player's name), the file cannot be written (file);
@@ -28,24 +24,13 @@ void read_elevens(match_state& match, open_database& data);
 /// before, and is done where settling it is enough.
 void swap_elevens(open_database& data, bool again = false);
 
-/// The files of the elevens as they stand before a set-up, for a user who leaves it. Nothing is kept while the elevens
-/// travel in memory, where nobody meets them.
-class elevens_before {
- public:
-  /// Reads both files. One that cannot be read is not put back.
-  explicit elevens_before(open_database& data);
-  /// Puts back what write_eleven has written of these elevens since, the first side's and the second's, without an
-  /// exchange; a file that was not there is taken away. What another program has written since stays. Raises
-  /// run_time_error (file).
-  void put_back(const std::array<eleven, 2>& written) const;
+/// The files of the elevens as they stand before a set-up, for a user who leaves it. Nothing is kept of one that cannot
+/// be read, nor while the elevens travel in memory, where nobody meets them.
+eleven_files_before read_elevens_before(open_database& data);
 
- private:
-  struct file_before {
-    bool there = false;
-    std::string bytes;
-  };
-  std::array<std::optional<file_before>, 2> files_;
-  open_database& data_;
-};
+/// Puts back what write_eleven has written of these elevens since, the first side's and the second's, without an
+/// exchange; a file that was not there is taken away. What another program has written since stays. Raises
+/// run_time_error (file).
+void put_back_elevens(open_database& data, const eleven_files_before& before, const std::array<eleven, 2>& written);
 
 }  // namespace velorin

@@ -27,6 +27,11 @@ void clear(player_rec& man) {
   man.reserved = {};
 }
 
+void clear(chosen_team& team) {
+  team.name.clear();
+  team.record = 0;
+}
+
 void clear(batting_card_rec& line) {
   for (integer* figure :
        {&line.runs, &line.balls, &line.fours, &line.sixes, &line.twos, &line.threes, &line.singles, &line.dots}) {
@@ -89,6 +94,7 @@ void clear(match_achievements& lists) {
 }
 
 void clear(match_set_up& set_up) {
+  set_up.step = match_step::none;
   set_up.team_count = 0;
   clear(set_up.team_list);
   clear(set_up.squads);
@@ -96,6 +102,13 @@ void clear(match_set_up& set_up) {
   set_up.elevens_exchanged = false;
   set_up.elevens_unsaved = false;
   set_up.first_team_done = false;
+  set_up.exchange_tried = false;
+  clear(set_up.chosen);
+  set_up.conditions_drawn = {};
+  set_up.toss_call.clear();
+  set_up.toss = {};
+  set_up.elevens_before = {};
+  set_up.result_before.reset();
 }
 
 }  // namespace

@@ -18,6 +18,10 @@ class front_end;
 /// Raises run_time_error: a bowler not chosen (subscript), whatever play raises.
 void open_console(const match_play& play);
 
+/// Opens the console if it is not open, and plays the match to its end; with a human side shows the console, which is
+/// closed in the end. Requires, asks and raises what open_console() does.
+void play_match(const match_play& play);
+
 /// Bowls one over, or what is left of the innings. Requires an open console. Draws, for each ball, the delivery and
 /// what follows from it. Tells the front end of each ball. Raises run_time_error: a position that nobody fills or an
 /// over beyond the log's fifty (subscript), a figure beyond its width (overflow, with its field and whose it is), what

@@ -65,24 +65,33 @@ int slider_value(const match_state& match, open_database& data, int figure, cons
 }  // namespace
 
 void conditions_form::open() {
-  pitch_surface = slider_value(play_.match, play_.data, play_.match.ground.pitch_bounce, "pitch_bounce");
-  pitch_bounce = slider_value(play_.match, play_.data, play_.match.ground.pitch_surface, "pitch_surface");
-  weather = draw_condition(play_.chance);
-  outfield = draw_condition(play_.chance);
-  drawn_ = {weather, pitch_surface, pitch_bounce, outfield};
-  temperature_ = draw_from(play_.chance, temperatures[weather - 1]);
-  humidity_ = draw_from(play_.chance, humidities[weather - 1]);
-  closed = false;
+  const int surface = slider_value(play_.match, play_.data, play_.match.ground.pitch_bounce, "pitch_bounce");
+  const int bounce = slider_value(play_.match, play_.data, play_.match.ground.pitch_surface, "pitch_surface");
+  const int weather_drawn = draw_condition(play_.chance);
+  const int outfield_drawn = draw_condition(play_.chance);
+  const int temperature = draw_from(play_.chance, temperatures[weather_drawn - 1]);
+  const int humidity = draw_from(play_.chance, humidities[weather_drawn - 1]);
+  play_.match.conditions_drawn = {{weather_drawn, surface, bounce, outfield_drawn}, temperature, humidity};
+  show_drawn();
+}
+
+void conditions_form::show_drawn() {
+  drawn_ = play_.match.conditions_drawn;
+  weather = drawn_.levels[0];
+  pitch_surface = drawn_.levels[1];
+  pitch_bounce = drawn_.levels[2];
+  outfield = drawn_.levels[3];
+  closed = left = false;
 }
 
 std::string conditions_form::headline() const { return "Conditions in " + play_.match.venue_name() + ":"; }
-std::string conditions_form::weather_words() const { return weather_texts[drawn_[0] - 1]; }
-std::string conditions_form::pitch_words() const { return pitch_texts[drawn_[1] - 1]; }
-std::string conditions_form::bounce_words() const { return bounce_texts[drawn_[2] - 1]; }
-std::string conditions_form::outfield_words() const { return outfield_texts[drawn_[3] - 1]; }
+std::string conditions_form::weather_words() const { return weather_texts[drawn_.levels[0] - 1]; }
+std::string conditions_form::pitch_words() const { return pitch_texts[drawn_.levels[1] - 1]; }
+std::string conditions_form::bounce_words() const { return bounce_texts[drawn_.levels[2] - 1]; }
+std::string conditions_form::outfield_words() const { return outfield_texts[drawn_.levels[3] - 1]; }
 
 std::string conditions_form::temperature_line() const {
-  return "The temperature is " + number_text(temperature_) + " C with a humidity of " + number_text(humidity_) + "%";
+  return "The temperature is " + number_text(drawn_.temperature) + " C with a humidity of " + number_text(drawn_.humidity) + "%";
 }
 
 sky_color conditions_form::sky_top() const { return sky_tops[weather - 1]; }

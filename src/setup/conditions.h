@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "model/match_state.h"
 #include "ui/match_play.h"
 
 namespace velorin {
@@ -23,9 +24,11 @@ struct conditions_form {
   bool closed = false;
   bool left = false;  ///< the user has left the match here
 
-  /// Sets the sliders. Reads match.ground. Draws weather and outfield, each after reseeding, then temperature and
-  /// humidity. Raises run_time_error (type) for a pitch figure outside 1 to 4.
+  /// Draws the conditions and shows them. Reads match.ground, sets match.conditions_drawn. Draws weather and outfield, each
+  /// after reseeding, then temperature and humidity. Raises run_time_error (type) for a pitch figure outside 1 to 4.
   void open();
+  /// Sets the sliders to match.conditions_drawn, as they were drawn.
+  void show_drawn();
 
   std::string headline() const;          ///< the headline
   std::string weather_words() const;     ///< words for the weather as drawn; moving a slider changes no words
@@ -43,9 +46,7 @@ struct conditions_form {
   void leave() { left = closed = true; }
 
  private:
-  std::array<int, 4> drawn_ = {1, 1, 1, 1};  // the sliders as the words were written
-  int temperature_ = 0;
-  int humidity_ = 0;
+  drawn_conditions drawn_;  // the sliders as the words were written
   match_play play_;
 };
 

@@ -30,6 +30,15 @@ bool both_are_selected(const match_state& match) {
   return has_names(match.selected[0]) && has_names(match.selected[1]);
 }
 
+/// Exchanges the files. False if the user goes on without them.
+bool exchanged_files(const match_play& play) {
+  struct tried_mark {
+    bool& tried;
+    ~tried_mark() { tried = false; }
+  } mark{play.match.exchange_tried};
+  return saved(play.user, without_files, [&] { swap_elevens(play.data, std::exchange(mark.tried, true)); });
+}
+
 }  // namespace
 
 void save_selected(const match_play& play, int side_index) {
@@ -43,17 +52,15 @@ void exchange_elevens(const match_play& play) {
   if (!both_are_selected(play.match)) {
     swap_elevens(play.data);
   } else if (!play.match.elevens_unsaved) {
-    bool again = false;
-    play.match.elevens_unsaved =
-        !saved(play.user, without_files, [&] { swap_elevens(play.data, std::exchange(again, true)); });
+    play.match.elevens_unsaved = !exchanged_files(play);
   }
   play.match.elevens_exchanged = !play.match.elevens_exchanged;
 }
 
 void take_elevens(match_state& match, open_database& data) {
-  if (data.files.elevens_in_memory || !both_are_selected(match)) return load_elevens(match, data);
+  if (!both_are_selected(match)) return load_elevens(match, data);
   try {
-    if (!match.elevens_unsaved) load_elevens(match, data);
+    if (!match.elevens_unsaved && !data.files.elevens_in_memory) load_elevens(match, data);
   } catch (const run_time_error&) {
     // The files serve every program on their folder. What has become of them does not end this match.
   }

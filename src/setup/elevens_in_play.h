@@ -15,11 +15,11 @@ struct match_play;
 void save_selected(const match_play& play, int side_index);
 
 /// Exchanges the two elevens, and notes it in elevens_exchanged. Asks and raises likewise; without a selection a
-/// failure is raised at once.
+/// failure is raised at once. exchange_tried stands while the user is asked.
 void exchange_elevens(const match_play& play);
 
 /// Puts the two elevens into batting_xi and bowling_xi: the selected men as they have been exchanged, or, where nobody
-/// has been selected, those of the files. Raises what load_elevens raises in the latter case.
+/// has been selected, those of the files or the memory. Raises what load_elevens raises in the latter case.
 void take_elevens(match_state& match, open_database& data);
 
 }  // namespace velorin

@@ -2,23 +2,17 @@
 #include "setup/new_match.h"
 
 #include <array>
-#include <cmath>
 #include <string_view>
 #include <utility>
 
-#include "database/configuration.h"
 #include "database/elevens.h"
 #include "database/open_database.h"
 #include "database/teams_file.h"
-#include "database/whole_file.h"
-#include "engine/match_reset.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "model/run_time_error.h"
-#include "model/texts.h"
 #include "setup/conditions.h"
-#include "setup/team_selection.h"
-#include "ui/front_end.h"
+#include "setup/match_steps.h"
 #include "ui/match_play.h"
 
 namespace velorin {
@@ -44,47 +38,11 @@ void take_ground(match_state& match, open_database& data, const std::string& nam
   }
 }
 
-/// Refuses a man with a rating that is no number: nothing can be reckoned with it.
-void require_ratings(open_database& data, const squad& men, int record) {
-  for (int place = 1; place <= men_in_squad; ++place) {
-    const player_rec& man = men[place];
-    if (man.name.empty() || (std::isfinite(man.bowl_sr) && std::isfinite(man.econ))) continue;
-    const char* field = std::isfinite(man.bowl_sr) ? "econ" : "bowl_sr";
-    throw run_time_error(failure::type, "Type mismatch: a rating that is no number",
-                         {.file = file_name_text(data.files.team_file),
-                          .record = record,
-                          .field = "squad[" + number_text(place) + "]." + field,
-                          .player = man.name});
-  }
-}
-
-/// The squad of the entry chosen. The record is read into the place of the team list with its own number, one behind
-/// that of the team, so the last of twenty teams has none.
-const squad& chosen_squad(open_database& data, const std::vector<team_entry>& list, int index) {
-  if (index < 0) {
-    throw run_time_error(failure::subscript, "Subscript out of range: no team is chosen",
-                         {.file = {}, .record = 0, .field = "team_name", .player = {}});
-  }
+/// The team of the entry chosen.
+chosen_team team_of(const std::vector<team_entry>& list, int index) {
+  if (index < 0) return {};
   const team_entry& entry = list[static_cast<std::size_t>(index)];
-  if (entry.record > 20) {
-    throw run_time_error(failure::subscript, "Subscript out of range: the twentieth team cannot be played",
-                         {.file = {}, .record = entry.record, .field = "team_name", .player = entry.name});
-  }
-  const squad& men = read_team(data, entry.record).squad;
-  require_ratings(data, men, entry.record);
-  return men;
-}
-
-/// False if the user leaves the match, in the selection or behind it.
-bool select_team(const match_play& play, int place, const std::vector<team_entry>& list, int index) {
-  const std::string name = entry_text(list, index);
-  (place == 0 ? play.match.team1_name : play.match.team2_name) = name;
-  play.match.squads[place] = chosen_squad(play.data, list, index);
-  sort_squad(play.match.squads[place]);
-  team_selection_form form(play);
-  form.open(name, play.match.squads[place]);
-  play.user.show(form);
-  return !form.left;
+  return {entry.name, entry.record};
 }
 
 }  // namespace
@@ -166,24 +124,25 @@ void new_match_form::enter(const std::string& first, const std::string& second, 
   ground_index = 0;
 }
 
+void new_match_form::begin() {
+  // A match that broke off has left its marks.
+  play_.match.step = match_step::none;
+  play_.match.first_team_done = play_.match.exchange_tried = false;
+  play_.match.result_before.reset();
+  take_ground(play_.match, play_.data, ground_name());
+  play_.match.computer_bats = computer_captains_first;
+  play_.match.computer_bowls = computer_captains_second;
+  play_.match.chosen = {team_of(teams, first_team_index), team_of(teams, second_team_index)};
+  play_.match.elevens_before = read_elevens_before(play_.data);
+  conditions_form(play_).open();
+  play_.match.step = match_step::conditions;
+}
+
 void new_match_form::accept() {
   visible = false;
-  // A match that broke off between its two selections has left its mark.
-  play_.match.first_team_done = false;
   try {
-    take_ground(play_.match, play_.data, ground_name());
-    play_.match.computer_bats = computer_captains_first;
-    play_.match.computer_bowls = computer_captains_second;
-    const elevens_before elevens(play_.data);
-    conditions_form conditions(play_);
-    conditions.open();
-    play_.user.show(conditions);
-    left = conditions.left || !select_team(play_, 0, teams, first_team_index) ||
-           !select_team(play_, 1, teams, second_team_index);
-    if (left) {
-      elevens.put_back(play_.match.selected);
-      reset_match(play_.match);
-    }
+    begin();
+    left = !resume_match(play_);
   } catch (...) {
     visible = true;
     throw;

@@ -49,7 +49,10 @@ struct new_match_form {
 
   /// "OK" does something: both teams and a ground are chosen.
   bool ready() const { return first_team_index >= 0 && second_team_index >= 0 && ground_index >= 0; }
-  /// "OK": conditions, both selections, toss and match, one within the other. Returns when the match is over, or left
+  /// Brings the match of this choice to its first question, the conditions, which are drawn. Asks nothing. Raises what
+  /// reading the grounds and drawing the conditions raises: no match is on then.
+  void begin();
+  /// "OK": conditions, both selections, toss and match, one after the other. Returns when the match is over, or left
   /// at one of these steps: nothing of it is kept then, in match and in the files of the elevens. Requires both teams
   /// chosen. Changes the match; draws and asks what each step does. Raises run_time_error: no team chosen or
   /// the twentieth team (subscript), a rating that is no number (type), and whatever a step raises; the form is visible

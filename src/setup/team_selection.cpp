@@ -8,7 +8,6 @@
 #include "model/rules.h"
 #include "model/texts.h"
 #include "setup/elevens_in_play.h"
-#include "setup/toss.h"
 #include "ui/front_end.h"
 
 namespace velorin {
@@ -85,7 +84,6 @@ void team_selection_form::accept_second() {
   if (ticked() != men_in_eleven) return;
   play_.match.first_team_done = false;
   confirm(1);
-  left = !toss_and_play(play_);
 }
 
 void team_selection_form::accept() { play_.match.first_team_done ? accept_second() : accept_first(); }

@@ -16,7 +16,7 @@ struct team_selection_form {
 
   std::array<bool, men_in_squad + 1> ticks{};  ///< [1..20] ticked
   bool closed = false;
-  bool left = false;  ///< the user has left the match, here or at the toss
+  bool left = false;  ///< the user has left the match here
 
   /// Shows a squad, nothing ticked. The squad must outlive the form.
   void open(const std::string& team, const squad& men);
@@ -46,8 +46,7 @@ struct team_selection_form {
   /// "OK" of the first team; it is shown while match.first_team_done is clear. Nothing happens unless exactly eleven
   /// are ticked. Writes the eleven and closes the form. Asks and raises what save_selected does.
   void accept_first();
-  /// "OK" of the second team: likewise, then goes on with the toss and the match, and returns when it is over, or
-  /// left at the toss.
+  /// "OK" of the second team: likewise. The toss comes next.
   void accept_second();
   /// The OK that is shown.
   void accept();

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "captain/computer_captain.h"
-#include "engine/over_play.h"
 #include "model/match_state.h"
 #include "model/random.h"
 #include "setup/elevens_in_play.h"
@@ -13,44 +12,10 @@
 
 namespace velorin {
 
-namespace {
-
-void toss_unattended(const match_play& play) {
-  toss_form form(play);
-  form.deciding_line = play.match.team1_name;
-  form.other_line = play.match.team2_name;
-  play.chance.reseed();
-  if (coin(play.chance) == 1) {
-    form.choose_to_bat();
-  } else {
-    form.choose_to_bowl();
-  }
-}
-
-/// False if the user leaves the match.
-bool hold_toss(const match_play& play) {
-  if (!play.match.human_involved()) {
-    toss_unattended(play);
-    return true;
-  }
-  toss_form form(play);
-  if (play.match.computer_bats) {
-    play.chance.reseed();
-    const char* call = coin(play.chance) == 1 ? " have taken Heads" : " have taken Tails";
-    play.user.show(message_box{"The toss", play.match.team1_name + call});
-    form.open_decided();
-  } else {
-    form.open();
-  }
-  play.user.show(form);
-  return !form.left;
-}
-
-}  // namespace
-
 void toss_form::open() {
   static_cast<toss_fields&>(*this) = {};
   headline = play_.match.team1_name + " to call...";
+  play_.match.toss = *this;
 }
 
 void toss_form::open_decided() {
@@ -62,6 +27,23 @@ void toss_form::open_decided() {
   bat_enabled = outcome.bat_enabled;
   bowl_enabled = outcome.bowl_enabled;
   coin_visible = false;
+  play_.match.toss = *this;
+}
+
+void toss_form::open_unattended() {
+  static_cast<toss_fields&>(*this) = {};
+  deciding_line = play_.match.team1_name;
+  other_line = play_.match.team2_name;
+  play_.chance.reseed();
+  bat_enabled = coin(play_.chance) == 1;
+  bowl_enabled = !bat_enabled;
+  coin_visible = false;
+  play_.match.toss = *this;
+}
+
+void toss_form::open_again() {
+  static_cast<toss_fields&>(*this) = {};
+  static_cast<toss_screen&>(*this) = play_.match.toss;
 }
 
 void toss_form::call_coin(int) {
@@ -81,6 +63,7 @@ void toss_form::call_coin(int) {
     bat_enabled = false;
   }
   coin_visible = false;
+  play_.match.toss = *this;
 }
 
 void toss_form::choose_to_bat() {
@@ -99,15 +82,41 @@ void swap_teams(const match_play& play) {
   std::swap(play.match.computer_bats, play.match.computer_bowls);
 }
 
-bool toss_and_play(const match_play& play) {
-  if (!hold_toss(play)) return false;
-  take_elevens(play.match, play.data);
-  open_console(play);
-  if (play.match.console_open && play.match.human_involved()) {
-    console_form console(play);
-    play.user.show(console);
+void begin_toss(const match_play& play) {
+  toss_form form(play);
+  if (!play.match.human_involved()) {
+    form.open_unattended();
+  } else if (play.match.computer_bats) {
+    play.chance.reseed();
+    play.match.toss_call =
+        play.match.team1_name + (coin(play.chance) == 1 ? " have taken Heads" : " have taken Tails");
+    play.match.step = match_step::toss_call;
+    return;
+  } else {
+    form.open();
   }
+  play.match.step = match_step::toss;
+}
+
+void go_on_to_toss(const match_play& play) {
+  toss_form(play).open_decided();
+  play.match.step = match_step::toss;
+}
+
+bool hold_toss(const match_play& play) {
+  toss_form form(play);
+  form.open_again();
+  if (play.match.human_involved()) {
+    play.user.show(form);
+    if (form.left) return false;
+  } else if (form.bat_enabled) {
+    form.choose_to_bat();
+  } else {
+    form.choose_to_bowl();
+  }
+  take_elevens(play.match, play.data);
   play.match.console_open = false;
+  play.match.step = match_step::play;
   return true;
 }
 

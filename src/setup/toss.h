@@ -3,23 +3,18 @@
 
 #include <string>
 
+#include "model/match_state.h"
 #include "ui/match_play.h"
 
 namespace velorin {
 
-/// What the toss shows.
-struct toss_fields {
-  std::string headline;       ///< the headline
-  std::string deciding_line;  ///< deciding line: the team for which "Bat" and "Bowl" speak
-  std::string other_line;     ///< the other team
-  bool coin_visible = true;   ///< "Heads" and "Tails" are shown, else "Bat" and "Bowl"
-  bool bat_enabled = true;    ///< "Bat"
-  bool bowl_enabled = true;   ///< "Bowl"
+/// What the toss shows, and how it ends.
+struct toss_fields : toss_screen {
   bool closed = false;
   bool left = false;  ///< the user has left the match here
 };
 
-/// The toss. First the coin's buttons are shown, then the decision's.
+/// The toss. First the coin's buttons are shown, then the decision's. What it shows is noted in match.toss.
 struct toss_form : toss_fields {
   explicit toss_form(const match_play& play) : play_(play) {}
 
@@ -27,6 +22,10 @@ struct toss_form : toss_fields {
   void open();
   /// A computer first team tosses against a human second team: the decision is prepared. Draws what decide_toss draws.
   void open_decided();
+  /// Two computer sides: the decision is prepared, with one button enabled. Draws it, after reseeding.
+  void open_unattended();
+  /// Shows match.toss, as it was last shown.
+  void open_again();
 
   /// "Heads" (0) or "Tails" (1): which one has no influence. Draws, after reseeding, the coin, and the election of a
   /// computer second team that wins.
@@ -45,9 +44,15 @@ struct toss_form : toss_fields {
 /// Makes the first team the second: elevens, names, captains. Asks and raises what exchange_elevens does.
 void swap_teams(const match_play& play);
 
-/// The toss by the captains that the two teams have, then the elevens and the match. Requires both selections. Returns
-/// when the match is over. False if the user leaves it at the toss: no eleven is loaded then and no console opened.
-/// Draws the toss; asks for its message and screen where a human is involved, then shows the console.
-bool toss_and_play(const match_play& play);
+/// Brings the match to its toss, by the captains that the two teams have: match.step becomes toss_call or toss. Requires
+/// both selections. Draws what is known before anybody is asked; asks nothing.
+void begin_toss(const match_play& play);
+
+/// The message of the toss is read, and the toss itself comes next. Draws the decision.
+void go_on_to_toss(const match_play& play);
+
+/// Asks for the toss, where a human is involved, then takes the elevens: match.step becomes play. False if the user
+/// leaves the match: no eleven is taken then. Draws the coin once it is called.
+bool hold_toss(const match_play& play);
 
 }  // namespace velorin

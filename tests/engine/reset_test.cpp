@@ -40,6 +40,14 @@ class Reset : public match_test {
     match.first_team_done = true;
     match.elevens_exchanged = true;
     match.elevens_unsaved = true;
+    match.exchange_tried = true;
+    match.step = match_step::play;
+    match.chosen = {{{"Home", 2}, {"Away", 21}}};
+    match.conditions_drawn = {{4, 3, 2, 1}, 30, 80};
+    match.toss_call = "Home have taken Heads";
+    match.toss = {"Home have won the toss.", "Home", "Away", false, false, false};
+    match.elevens_before = {{{{true, "bytes"}}, {{false, ""}}}};
+    match.result_before = match_result();
     for (auto* list : {&match.fifty_list, &match.hundred_list, &match.five_wicket_list}) {
       (*list)[1] = "first";
       (*list)[22] = "last";
@@ -164,6 +172,18 @@ TEST_F(Reset, ConditionsAndSetUp) {
   EXPECT_FALSE(match.first_team_done);
   EXPECT_FALSE(match.elevens_exchanged);
   EXPECT_FALSE(match.elevens_unsaved);
+  EXPECT_FALSE(match.exchange_tried);
+  EXPECT_EQ(match.step, match_step::none);
+  for (const chosen_team& team : match.chosen) {
+    EXPECT_EQ(team.name, "");
+    EXPECT_EQ(team.record, 0);
+  }
+  EXPECT_THAT(match.conditions_drawn.levels, Each(1));
+  EXPECT_EQ(match.conditions_drawn.temperature + match.conditions_drawn.humidity, 0);
+  EXPECT_EQ(match.toss_call + match.toss.headline + match.toss.deciding_line + match.toss.other_line, "");
+  EXPECT_TRUE(match.toss.coin_visible && match.toss.bat_enabled && match.toss.bowl_enabled);
+  EXPECT_FALSE(match.elevens_before[0] || match.elevens_before[1]);
+  EXPECT_FALSE(match.result_before);
 }
 
 TEST_F(Reset, LeavesTheResultTheCaptionsAndTheSignal) {

@@ -186,12 +186,12 @@ class ElevensBefore : public ::testing::Test {
 
 TEST_F(ElevensBefore, WhatAnotherProgramHasWrittenStays) {
   write_eleven(data, side::first, men_called("Old"));
-  const elevens_before kept(data);
+  const eleven_files_before kept = read_elevens_before(data);
   write_eleven(data, side::first, men_called("Mine"));
-  kept.put_back({men_called("Mine"), eleven()});
+  put_back_elevens(data, kept, {men_called("Mine"), eleven()});
   EXPECT_EQ(first_name(), "Old1");
   write_eleven(data, side::first, men_called("Theirs"));
-  kept.put_back({men_called("Mine"), eleven()});
+  put_back_elevens(data, kept, {men_called("Mine"), eleven()});
   EXPECT_EQ(first_name(), "Theirs1");
 }
 

@@ -15,6 +15,7 @@
 #include "headless/headless_user.h"
 #include "model/random.h"
 #include "setup/conditions.h"
+#include "setup/match_steps.h"
 #include "setup/toss.h"
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
@@ -164,7 +165,8 @@ class toss_watcher : public test_user {
     match.computer_bowls = second_computer;
     shown.clear();
     try {
-      toss_and_play(in_play());
+      begin_toss(in_play());
+      resume_match(in_play());
     } catch (const decided&) {
       ++seen[shown + match.team1_name];
     }

@@ -122,7 +122,7 @@ void TeamSelectionWindow::show_ticks() {
 }
 
 void TeamSelectionWindow::confirm() {
-  // The second team's OK returns when the match is over.
+  // Whatever is told of a save that fails stands alone.
   if (form_.ticked() == men_in_eleven) hide();
   form_.accept();
   if (form_.closed) accept();
