@@ -15,23 +15,23 @@
 
 namespace velorin {
 
-bool enter_match(const match_play& play, const entered_side& first, const entered_side& second,
+void enter_match(const match_play& play, const entered_side& first, const entered_side& second,
                  const std::string& ground) {
+  play.match.step = match_step::none;
   match_result& result = play.match;
   match_result before = std::exchange(result, match_result());
   if (first.team.empty() || second.team.empty()) {
     play.match.result_winner = first.team + second.team;
     play.match.result_margin = play.match.result_winner.empty() ? "" : "  by a walkover";
-    return true;
+    return;
   }
   new_match_form form(play);
   form.open();
   form.enter(first.team, second.team, ground);
   form.computer_captains_first = !first.human;
   form.computer_captains_second = !second.human;
-  form.accept();
-  if (form.left) result = std::move(before);
-  return !form.left;
+  form.begin();
+  play.match.result_before = std::move(before);
 }
 
 void clear_result(match_state& match) {

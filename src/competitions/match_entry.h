@@ -21,11 +21,11 @@ struct entered_side {
   bool human = false;
 };
 
-/// Fills the form of a new match and plays it; returns when it is over, with the result block filled, which is emptied
-/// first. With one empty name no match is played: the other team has a walkover. With two there is no result. False if
-/// the user leaves the match before it has begun: everything but the draws is as it was then. Raises what the match
-/// raises.
-bool enter_match(const match_play& play, const entered_side& first, const entered_side& second,
+/// Empties the result block, fills the form of a new match and brings the match to its first question: resume_match()
+/// plays it. With one empty name no match is on: the other team has a walkover. With two there is no result. Draws the
+/// conditions; raises what reading teams and grounds raises. A user who leaves the match finds the result block as it
+/// was.
+void enter_match(const match_play& play, const entered_side& first, const entered_side& second,
                  const std::string& ground);
 
 /// Sets the result strings to "" and clears the two rates.

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "competitions/series.h"
 
+#include <utility>
+
 #include "competitions/next_match.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "model/run_time_error.h"
 #include "model/texts.h"
+#include "setup/match_steps.h"
 #include "ui/front_end.h"
 #include "ui/match_play.h"
 
@@ -18,23 +22,54 @@ void show_results(match_state& match, front_end& user, series_record& series) {
   user.show(form);
 }
 
-/// False if the user leaves the match: it is still to be played.
-bool play_match(const match_play& play, series_record& series, const coming_match& coming) {
-  const std::string ground_before = series.drawn_ground;
+void enter_next(const match_play& play, series_record& series) {
+  const coming_match coming = *next_match(series);
+  series.ground_before = std::move(series.drawn_ground);
   series.match_no = coming.number;
   series.drawn_ground = draw_ground(play.chance, series.grounds);
-  if (!enter_match(play, coming.sides->front(), coming.sides->back(), series.drawn_ground)) {
+  enter_match(play, coming.sides->front(), coming.sides->back(), series.drawn_ground);
+  series.step = series_step::match;
+}
+
+void book_match(match_state& match, series_record& series) {
+  series.series_winner[series.match_no] = match.result_winner;
+  series.series_margin[series.match_no] = match.result_margin;
+  series.series_ground[series.match_no] = match.result_ground;
+  match.result_winner.clear();
+  match.result_margin.clear();
+  match.result_ground.clear();
+  series.series_over = !next_match(series);
+  series.before = {};
+}
+
+/// False if the user leaves the match before any is over.
+bool play_entered(const match_play& play, series_record& series) {
+  if (resume_match(play)) {
+    book_match(play.match, series);
+  } else {
     series.match_no -= 1;
-    series.drawn_ground = ground_before;
-    return false;
+    series.drawn_ground = std::move(series.ground_before);
+    if (series.match_no == 0) return false;
   }
-  series.series_winner[series.match_no] = play.match.result_winner;
-  series.series_margin[series.match_no] = play.match.result_margin;
-  series.series_ground[series.match_no] = play.match.result_ground;
-  play.match.result_winner.clear();
-  play.match.result_margin.clear();
-  play.match.result_ground.clear();
-  if (coming.left == 0) series.series_over = true;
+  series.step = series_step::results;
+  return true;
+}
+
+/// False if the user leaves the match before any is over.
+bool take_step(const match_play& play, series_record& series) {
+  switch (series.step) {
+    case series_step::entering:
+      enter_next(play, series);
+      break;
+    case series_step::match:
+      return play_entered(play, series);
+    case series_step::results:
+      show_results(play.match, play.user, series);
+      series.step = next_match(series) ? series_step::entering : series_step::over;
+      break;
+    case series_step::over:
+      break;
+  }
   return true;
 }
 
@@ -49,6 +84,22 @@ std::string standing(series_record& series, const std::string& team, int won, in
 }
 
 }  // namespace
+
+bool resume_series(const match_play& play, series_record& series) {
+  try {
+    while (series.step != series_step::over) {
+      if (take_step(play, series)) continue;
+      series_standing before = std::move(series.before);
+      series = {};
+      static_cast<series_standing&>(series) = std::move(before);
+      return false;
+    }
+  } catch (const run_time_error&) {
+    series.step = series_step::over;
+    throw;
+  }
+  return true;
+}
 
 void series_form::open() {
   teams = list_teams(play_.data);
@@ -77,20 +128,15 @@ void series_form::set_matches(int value) { typed_matches = number_text(value); }
 void series_form::accept() {
   const int matches = typed_number(typed_matches, most_series_matches, "Text1");
   play_.chance.reseed();
-  const series_record before = series_;
-  series_ = series_record();
+  series_standing before = std::move(series_);
+  series_ = {};
+  series_.before = std::move(before);
   series_.home = {entry_text(teams, home_team_index), !computer_captains_home};
   series_.away = {entry_text(teams, away_team_index), !computer_captains_away};
   series_.grounds = grounds;
   series_.matches = matches;
-  while (const auto coming = next_match(series_)) {
-    if (!play_match(play_, series_, *coming) && series_.match_no == 0) {
-      series_ = before;
-      return;
-    }
-    show_results(play_.match, play_.user, series_);
-  }
-  closed = true;
+  series_.step = series_step::entering;
+  closed = resume_series(play_, series_);
 }
 
 void series_results_form::open() {

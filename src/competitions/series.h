@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,16 @@ struct match_state;
 /// The longest series.
 constexpr int most_series_matches = 10;
 
-/// The series in play: results so far and the place reached. Places count from 1.
-struct series_record {
+/// Where a series stands.
+enum class series_step : std::uint8_t {
+  over,      ///< none is in play
+  entering,  ///< the next match is to be entered
+  match,     ///< a match is on, or has just ended: the match tells where it stands
+  results    ///< the results are shown
+};
+
+/// Results of a series so far and the place reached. Places count from 1.
+struct series_standing {
   std::array<std::string, most_series_matches + 1> series_ground;  ///< [1..10]
   std::array<std::string, most_series_matches + 2> series_winner;  ///< [1..11]; the eleventh is never written
   std::array<std::string, most_series_matches + 1> series_margin;  ///< [1..10]
@@ -28,6 +37,20 @@ struct series_record {
   std::string drawn_ground;          ///< of that match
   bool series_over = false;          ///< the last match has been played
 };
+
+/// The series in play.
+struct series_record : series_standing {
+  series_step step = series_step::over;
+  std::string ground_before;  ///< the ground drawn before that of the match in play
+  series_standing before;     ///< what stood here before, as long as no match is over
+};
+
+/// Goes on with a series from where it stands to its end: enters matches, plays on in the one that is on, shows the
+/// results. Nothing but the match, its chance, its files and the record is needed for it. A match that the user leaves
+/// before it has begun is still to be played: the results are shown again. False if no match was over by then: the
+/// record is as before the series. Draws a ground each time that a match is entered, and what the match draws. Asks for
+/// what the matches ask and for series_results_form. Raises what a match raises; a run_time_error ends the series.
+bool resume_series(const match_play& play, series_record& series);
 
 /// A series: teams, captains, number of matches. Its OK plays the whole series.
 struct series_form {
@@ -51,11 +74,10 @@ struct series_form {
   void set_matches(int value);
   /// Both teams are chosen, which "OK" requires.
   bool ready() const { return home_team_index >= 0 && away_team_index >= 0; }
-  /// "OK": plays all matches, each on a ground drawn anew, and shows the results after each. A match that
-  /// the user leaves before it has begun is still to be played: the results are shown again, or, before the first match
-  /// is over, the form stays open and the record as it was. Draws, after reseeding once, a ground each time that a
-  /// match is entered and what the match draws. Asks for what the matches ask and for series_results_form. Raises
-  /// run_time_error: a number of matches that is none of 1 to 10 (type), and what a match raises.
+  /// "OK": plays all matches, each on a ground drawn anew, and shows the results after each. If the user leaves the
+  /// first match before it has begun, the form stays open and the record as it was. Draws, after reseeding once, and
+  /// asks what resume_series() does. Raises run_time_error: a number of matches that is none of 1 to 10 (type), and
+  /// what a match raises.
   void accept();
   /// "Cancel".
   void cancel() { closed = true; }

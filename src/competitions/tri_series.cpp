@@ -6,7 +6,9 @@
 #include "competitions/next_match.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "model/run_time_error.h"
 #include "model/texts.h"
+#include "setup/match_steps.h"
 #include "ui/front_end.h"
 #include "ui/match_play.h"
 
@@ -38,35 +40,80 @@ void show_table(match_state& match, front_end& user, tri_record& tri) {
   user.show(form);
 }
 
-/// Enters the next match. False if the user leaves it.
-bool enter_on_drawn_ground(const match_play& play, tri_record& tri, const entered_side& first,
-                           const entered_side& second) {
-  std::string ground_before = std::exchange(tri.drawn_ground, draw_ground(play.chance, tri.grounds));
-  if (enter_match(play, first, second, tri.drawn_ground)) return true;
-  tri.drawn_ground = std::move(ground_before);
-  return false;
+void enter_next(const match_play& play, tri_record& tri) {
+  const coming_match coming = *next_match(tri);
+  tri.ground_before = std::exchange(tri.drawn_ground, draw_ground(play.chance, tri.grounds));
+  enter_match(play, coming.sides->front(), coming.sides->back(), tri.drawn_ground);
+  tri.step = tri_step::match;
 }
 
-/// Plays the match that comes next. False if the user leaves it: it is still to be played.
-bool play_match(const match_play& play, tri_record& tri, const coming_match& coming) {
-  const auto& [one, other] = *coming.sides;
-  if (coming.stage == match_stage::tri_league) {
-    if (!run_tri_match(play, tri, one.team, other.team, one.human, other.human)) return false;
+void book_match(const match_state& match, tri_record& tri) {
+  const coming_match played = *next_match(tri);
+  if (played.stage == match_stage::tri_league) {
+    const auto& [one, other] = *played.sides;
+    book_league_match(match, &tri.tri_table[1], tri_teams, one.team, other.team);
     tri.matches_played += 1;
   } else {
-    if (!enter_on_drawn_ground(play, tri, one, other)) return false;
-    tri.tri_table[3].note = play.match.result_winner + " " + play.match.result_margin;
+    tri.tri_table[3].note = match.result_winner + " " + match.result_margin;
     tri.final_played = true;
+  }
+  tri.before = {};
+}
+
+/// False if the user leaves the match before any is over.
+bool play_entered(const match_play& play, tri_record& tri) {
+  if (resume_match(play)) {
+    book_match(play.match, tri);
+  } else {
+    tri.drawn_ground = std::move(tri.ground_before);
+    if (tri.matches_played == 0) return false;
+  }
+  tri.step = tri_step::table;
+  return true;
+}
+
+void end_series(tri_record& tri) {
+  tri.tri_table = {};
+  tri.step = tri_step::over;
+}
+
+/// False if the user leaves the match before any is over.
+bool take_step(const match_play& play, tri_record& tri) {
+  switch (tri.step) {
+    case tri_step::entering:
+      enter_next(play, tri);
+      break;
+    case tri_step::match:
+      return play_entered(play, tri);
+    case tri_step::table:
+      show_table(play.match, play.user, tri);
+      if (next_match(tri)) {
+        tri.step = tri_step::entering;
+      } else {
+        end_series(tri);
+      }
+      break;
+    case tri_step::over:
+      break;
   }
   return true;
 }
 
 }  // namespace
 
-bool run_tri_match(const match_play& play, tri_record& tri, const std::string& first_team,
-                   const std::string& second_team, bool first_human, bool second_human) {
-  if (!enter_on_drawn_ground(play, tri, {first_team, first_human}, {second_team, second_human})) return false;
-  book_league_match(play.match, &tri.tri_table[1], tri_teams, first_team, second_team);
+bool resume_tri_series(const match_play& play, tri_record& tri) {
+  try {
+    while (tri.step != tri_step::over) {
+      if (take_step(play, tri)) continue;
+      tri_standing before = std::move(tri.before);
+      tri = {};
+      static_cast<tri_standing&>(tri) = std::move(before);
+      return false;
+    }
+  } catch (const run_time_error&) {
+    tri.step = tri_step::over;
+    throw;
+  }
   return true;
 }
 
@@ -91,23 +138,17 @@ void tri_series_form::set_rounds(int value) { typed_rounds = number_text(value);
 void tri_series_form::accept() {
   const int rounds = typed_number(typed_rounds, most_tri_rounds, "Text1");
   play_.chance.reseed();
-  const tri_record before = tri_;
-  tri_ = tri_record();
+  tri_standing before = std::move(tri_);
+  tri_ = {};
+  tri_.before = std::move(before);
   for (int i = 1; i <= tri_teams; ++i) {
     tri_.sides[i] = {entry_text(teams, team_index[i - 1]), !computer_captains[i - 1]};
     tri_.tri_table[i].team = tri_.sides[i].team;
   }
   tri_.grounds = grounds;
   tri_.rounds = rounds;
-  while (const auto coming = next_match(tri_)) {
-    if (!play_match(play_, tri_, *coming) && tri_.matches_played == 0) {
-      tri_ = before;
-      return;
-    }
-    show_table(play_.match, play_.user, tri_);
-  }
-  tri_.tri_table = {};
-  closed = true;
+  tri_.step = tri_step::entering;
+  closed = resume_tri_series(play_, tri_);
 }
 
 void tri_series_table_form::open() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,16 @@ constexpr int tri_teams = 3;
 constexpr int tri_round_matches = 3;  // each team against each other
 constexpr int most_tri_rounds = 5;
 
-/// The tri series in play: its table and the place reached.
-struct tri_record {
+/// Where a tri series stands.
+enum class tri_step : std::uint8_t {
+  over,      ///< none is in play
+  entering,  ///< the next match is to be entered
+  match,     ///< a match is on, or has just ended: the match tells where it stands
+  table      ///< the table is shown
+};
+
+/// The table of a tri series and the place reached.
+struct tri_standing {
   std::array<league_row, tri_teams + 1>
       tri_table;  ///< [1..3] in the order of the form; notes: finalists, result of the final
   std::array<entered_side, tri_teams + 1> sides;  ///< [1..3]
@@ -27,11 +36,21 @@ struct tri_record {
   std::string drawn_ground;  ///< of the match in play or the last one
 };
 
-/// Plays one league match on a ground drawn anew and books it in tri.tri_table. A name that stands in several rows is
-/// booked in the last of them; each of them counts the match as played. False, with nothing booked, if the user leaves
-/// the match before it has begun.
-bool run_tri_match(const match_play& play, tri_record& tri, const std::string& first_team,
-                   const std::string& second_team, bool first_human, bool second_human);
+/// The tri series in play.
+struct tri_record : tri_standing {
+  tri_step step = tri_step::over;
+  std::string ground_before;  ///< the ground drawn before that of the match in play
+  tri_standing before;        ///< what stood here before, as long as no match is over
+};
+
+/// Goes on with a tri series from where it stands to its end: enters matches, plays on in the one that is on, shows the
+/// table. Nothing but the match, its chance, its files and the record is needed for it. A league match is booked in
+/// tri.tri_table; of a name that stands in several rows in the last of them, while each of them counts the match as
+/// played. A match that the user leaves before it has begun is still to be played: the table is shown again. False if
+/// no match was over by then: the record is as before the tri series. Draws a ground each time that a match is entered,
+/// and what the match draws. Asks for what the matches ask and for tri_series_table_form. Raises what a match raises; a
+/// run_time_error ends the tri series.
+bool resume_tri_series(const match_play& play, tri_record& tri);
 
 /// A tri series: three teams, captains, rounds. Its OK plays the whole competition.
 struct tri_series_form {
@@ -53,11 +72,10 @@ struct tri_series_form {
   void set_rounds(int value);
   /// All three teams are chosen, which "OK" requires.
   bool ready() const { return team_index[0] >= 0 && team_index[1] >= 0 && team_index[2] >= 0; }
-  /// "OK": the league, then the final of its first two. A match that the user leaves before it has begun is still to be
-  /// played: the table is shown again, or, before the first match is over, the form stays open and the record as it
-  /// was. Draws, after reseeding once, a ground each time that a match is entered and what the match draws. Asks for
-  /// what the matches ask and for tri_series_table_form after each. Raises run_time_error: a number of rounds that is
-  /// none of 1 to 5 (type), and what a match raises.
+  /// "OK": the league, then the final of its first two, and the table after each match. If the user leaves the first
+  /// match before it has begun, the form stays open and the record as it was. Draws, after reseeding once, and asks
+  /// what resume_tri_series() does. Raises run_time_error: a number of rounds that is none of 1 to 5 (type), and what a
+  /// match raises.
   void accept();
   /// "Cancel".
   void cancel() { closed = true; }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -59,6 +60,16 @@ using super_six_league = std::array<league_row, cup_super_six_places + 1>;  // 1
 /// The stages of the tournament in their order.
 enum class cup_stage { drawn, group_matches, super_six_draw, super_six_matches, knock_out, over };
 
+/// Where the tournament stands within its stage.
+enum class cup_step : std::uint8_t {
+  none,          ///< none is in play
+  entering,      ///< the next match is to be entered
+  match,         ///< a match is on, or has just ended: the match tells where it stands
+  tables,        ///< the tables are shown
+  tables_again,  ///< the tables are shown from which a tie was entered and left; the list follows
+  list           ///< the fixture list is shown
+};
+
 /// The World Cup of this run of the program and the place reached in it. Nothing but the place is cleared between two
 /// tournaments.
 struct world_cup_record {
@@ -76,6 +87,7 @@ struct world_cup_record {
   std::array<bool, cup_group_teams> human_a{};        ///< which of them the user captains
   std::array<bool, cup_group_teams> human_b{};        ///< likewise
   cup_stage stage = cup_stage::over;
+  cup_step step = cup_step::none;
   int next_match = 0;  ///< groups: fixture 1 to 20; Super Six: 21 to 29; knock-out: 1 to 3
 };
 

@@ -2,7 +2,6 @@
 #include "competitions/world_cup_form.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "competitions/next_match.h"
 #include "competitions/world_cup.h"
@@ -11,6 +10,7 @@
 #include "model/match_state.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "setup/match_steps.h"
 #include "ui/front_end.h"
 #include "ui/match_play.h"
 
@@ -50,46 +50,69 @@ league_row& cell_against(cup_group_team& team, const std::string& name) {
                        {.file = {}, .record = 0, .field = "versus", .player = name});
 }
 
-bool run_group_match(const match_play& play, cup_group& group, const entered_side& first, const entered_side& second,
-                     const std::string& venue) {
-  if (!enter_match(play, first, second, venue)) return false;
-  cup_group_team& a = group[place_of(group, first.team)];
-  cup_group_team& b = group[place_of(group, second.team)];
-  league_row& cell_a = cell_against(a, second.team);
-  league_row& cell_b = cell_against(b, first.team);
-  book_played(cell_a, first.team);
-  book_played(cell_b, second.team);
-  book_outcome(play.match, cell_a, cell_b, first.team, second.team);
-  const bool a_first = play.match.rate_first.team == a.team;
-  cell_a.net_run_rate += a_first ? play.match.rate_first.delta : play.match.rate_second.delta;
-  cell_b.net_run_rate += a_first ? play.match.rate_second.delta : play.match.rate_first.delta;
-  return true;
+void enter_next(const match_play& play, world_cup_record& world_cup) {
+  coming_match coming = *next_match(world_cup);
+  if (world_cup.stage == cup_stage::knock_out) {
+    world_cup.next_match += 1;
+    clear_result(play.match);
+    coming.ground = draw_ground(play.chance, world_cup.grounds);
+  }
+  enter_match(play, coming.sides->front(), coming.sides->back(), *coming.ground);
+  world_cup.step = cup_step::match;
 }
 
-/// After a match of the list: its result, then the tables and the list. One that the user has left is still to be
-/// played, and the list alone is shown.
-void close_fixture(match_state& match, front_end& user, world_cup_record& world_cup, int place, bool played) {
-  if (!played) {
-    show_fixtures(user, world_cup);
-    return;
+/// Books the fixture just played, with its result.
+void book_fixture(match_state& match, world_cup_record& world_cup) {
+  cup_fixture& fixture = world_cup.fixtures[world_cup.next_match];
+  if (world_cup.stage == cup_stage::super_six_matches) {
+    book_league_match(match, &world_cup.super_six[1], cup_super_six_places, fixture.team_a, fixture.team_b);
+  } else {
+    book_group_match(match, fixture.stage == "A" ? world_cup.group_a : world_cup.group_b, fixture.team_a,
+                     fixture.team_b);
   }
-  cup_fixture& fixture = world_cup.fixtures[place];
   fixture.result = match.result_winner.empty() ? "Match Tied" : match.result_winner + " " + match.result_margin;
   clear_result(match);
-  world_cup.next_match = place + 1;
-  show_tables(user, world_cup);
-  show_fixtures(user, world_cup);
+  world_cup.next_match += 1;
 }
 
-/// Plays the fixture that comes next.
-void play_fixture(const match_play& play, world_cup_record& world_cup) {
-  const coming_match coming = *next_match(world_cup);
-  const auto& [first, second] = *coming.sides;
-  auto* run = run_super_six_match;
-  if (coming.stage == match_stage::cup_groups) {
-    run = world_cup.fixtures[coming.number].stage == "A" ? run_group_a_match : run_group_b_match;
+/// Books the tie just played.
+void book_tie(match_state& match, world_cup_record& world_cup) {
+  const bool is_final = world_cup.next_match == cup_knock_outs;
+  if (is_final) {
+    const auto [one, other] = final_sides(world_cup);
+    world_cup.grand_final = {one.team, other.team, {}, {}, one.human, other.human};
   }
-  close_fixture(play.match, play.user, world_cup, coming.number, run(play, world_cup, first, second, *coming.ground));
+  cup_knockout& tie = is_final ? world_cup.grand_final : world_cup.semi_finals[world_cup.next_match];
+  tie.winner = match.result_winner;
+  tie.margin = match.result_margin;
+  clear_result(match);
+}
+
+/// A match of the list that the user leaves is followed by the list alone; a tie by the tables from which it was
+/// entered, before the first tie by the list.
+void play_entered(const match_play& play, world_cup_record& world_cup) {
+  const bool played = resume_match(play);
+  const bool is_tie = world_cup.stage == cup_stage::knock_out;
+  if (played) {
+    if (is_tie) {
+      book_tie(play.match, world_cup);
+    } else {
+      book_fixture(play.match, world_cup);
+    }
+    world_cup.step = cup_step::tables;
+    return;
+  }
+  if (is_tie) world_cup.next_match -= 1;
+  world_cup.step = is_tie && world_cup.next_match > 0 ? cup_step::tables_again : cup_step::list;
+}
+
+void leave_tables(random_source& chance, world_cup_record& world_cup) {
+  if (world_cup.stage == cup_stage::knock_out && world_cup.step == cup_step::tables) {
+    world_cup.step = world_cup.next_match < cup_knock_outs ? cup_step::entering : cup_step::none;
+    return;
+  }
+  if (world_cup.stage == cup_stage::super_six_draw) draw_super_six_fixtures(chance, world_cup);
+  world_cup.step = cup_step::list;
 }
 
 void pair_semifinals(world_cup_record& world_cup) {
@@ -104,89 +127,98 @@ void pair_semifinals(world_cup_record& world_cup) {
   }
 }
 
-/// False if the user leaves the match.
-bool play_knockout(const match_play& play, world_cup_record& world_cup, cup_knockout& tie) {
-  clear_result(play.match);
-  const std::string venue = draw_ground(play.chance, world_cup.grounds);
-  if (!enter_match(play, {tie.team_a, tie.human_a}, {tie.team_b, tie.human_b}, venue)) return false;
-  tie.winner = play.match.result_winner;
-  tie.margin = play.match.result_margin;
-  clear_result(play.match);
+/// From the list to the match that comes next, into the next stage where this one is over.
+void go_on_from_list(world_cup_record& world_cup) {
+  world_cup.step = cup_step::entering;
+  switch (world_cup.stage) {
+    case cup_stage::drawn:
+      world_cup.stage = cup_stage::group_matches;
+      world_cup.next_match = 1;
+      break;
+    case cup_stage::group_matches:
+      if (world_cup.next_match <= cup_group_matches) break;
+      world_cup.stage = cup_stage::super_six_draw;
+      build_super_six(world_cup);
+      world_cup.step = cup_step::tables;
+      break;
+    case cup_stage::super_six_draw:
+      world_cup.stage = cup_stage::super_six_matches;
+      world_cup.next_match = cup_first_super_six;
+      break;
+    case cup_stage::super_six_matches:
+      if (world_cup.next_match <= cup_last_fixture) break;
+      world_cup.stage = cup_stage::knock_out;
+      world_cup.next_match = 0;
+      pair_semifinals(world_cup);
+      break;
+    case cup_stage::knock_out:
+    case cup_stage::over:
+      break;
+  }
+}
+
+/// True if the user quits the tournament, and his request is cleared.
+bool leave_list(world_cup_record& world_cup) {
+  if (!world_cup.quit_requested) {
+    go_on_from_list(world_cup);
+    return false;
+  }
+  world_cup.step = cup_step::none;
+  // Here the request stays set and the form loaded: the next tournament will end at its first list.
+  if (world_cup.stage == cup_stage::super_six_matches) return false;
+  world_cup.quit_requested = false;
   return true;
 }
 
-/// Ends the tournament if the user has asked for it, and clears his request.
-bool quits(world_cup_record& world_cup) { return std::exchange(world_cup.quit_requested, false); }
-
-/// Plays a tie, 1 to 3 of the knock-out. While the user leaves it, it is still to be played: the tables from which it
-/// was entered, before the first tie the list, are shown again, and the list, where he may quit. False if he does.
-bool play_tie(const match_play& play, world_cup_record& world_cup, int number, cup_knockout& tie) {
-  world_cup.next_match = number;
-  while (!play_knockout(play, world_cup, tie)) {
-    world_cup.next_match = number - 1;
-    if (number > 1) show_tables(play.user, world_cup);
-    show_fixtures(play.user, world_cup);
-    if (quits(world_cup)) return false;
-    world_cup.next_match = number;
+/// True if the user quits.
+bool take_step(const match_play& play, world_cup_record& world_cup) {
+  switch (world_cup.step) {
+    case cup_step::entering:
+      enter_next(play, world_cup);
+      break;
+    case cup_step::match:
+      play_entered(play, world_cup);
+      break;
+    case cup_step::tables:
+    case cup_step::tables_again:
+      show_tables(play.user, world_cup);
+      leave_tables(play.chance, world_cup);
+      break;
+    case cup_step::list:
+      show_fixtures(play.user, world_cup);
+      return leave_list(world_cup);
+    case cup_step::none:
+      break;
   }
-  return true;
-}
-
-/// The stages from the first showing of the fixture list on. True if the form is to close: the user has quit.
-bool play_stages(const match_play& play, world_cup_record& world_cup) {
-  if (quits(world_cup)) return true;
-  world_cup.stage = cup_stage::group_matches;
-  for (world_cup.next_match = 1; world_cup.next_match <= cup_group_matches;) {
-    play_fixture(play, world_cup);
-    if (quits(world_cup)) return true;
-  }
-  world_cup.stage = cup_stage::super_six_draw;
-  build_super_six(world_cup);
-  show_tables(play.user, world_cup);
-  draw_super_six_fixtures(play.chance, world_cup);
-  show_fixtures(play.user, world_cup);
-  if (quits(world_cup)) return true;
-  world_cup.stage = cup_stage::super_six_matches;
-  for (world_cup.next_match = cup_first_super_six; world_cup.next_match <= cup_last_fixture;) {
-    play_fixture(play, world_cup);
-    // Here the request stays set and the form loaded: the next tournament will end at its first list.
-    if (world_cup.quit_requested) return false;
-  }
-  world_cup.stage = cup_stage::knock_out;
-  pair_semifinals(world_cup);
-  return !run_semifinal(play, world_cup);
+  return false;
 }
 
 }  // namespace
 
-bool run_group_a_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
-                       const entered_side& second, const std::string& venue) {
-  return run_group_match(play, world_cup.group_a, first, second, venue);
-}
-
-bool run_group_b_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
-                       const entered_side& second, const std::string& venue) {
-  return run_group_match(play, world_cup.group_b, first, second, venue);
-}
-
-bool run_super_six_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
-                         const entered_side& second, const std::string& venue) {
-  if (!enter_match(play, first, second, venue)) return false;
-  book_league_match(play.match, &world_cup.super_six[1], cup_super_six_places, first.team, second.team);
-  return true;
-}
-
-bool run_semifinal(const match_play& play, world_cup_record& world_cup) {
-  for (int number = 1; number <= cup_semi_finals; ++number) {
-    if (!play_tie(play, world_cup, number, world_cup.semi_finals[number])) return false;
-    show_tables(play.user, world_cup);
+bool resume_world_cup(const match_play& play, world_cup_record& world_cup) {
+  bool quit = false;
+  try {
+    while (world_cup.step != cup_step::none) quit = take_step(play, world_cup);
+  } catch (const run_time_error&) {
+    world_cup.step = cup_step::none;
+    throw;
   }
-  const auto [one, other] = final_sides(world_cup);
-  cup_knockout final = {one.team, other.team, {}, {}, one.human, other.human};
-  if (!play_tie(play, world_cup, cup_knock_outs, final)) return false;
-  world_cup.grand_final = final;
-  show_tables(play.user, world_cup);
-  return true;
+  world_cup.stage = cup_stage::over;
+  return quit;
+}
+
+void book_group_match(const match_state& match, cup_group& group, const std::string& first,
+                      const std::string& second) {
+  cup_group_team& a = group[place_of(group, first)];
+  cup_group_team& b = group[place_of(group, second)];
+  league_row& cell_a = cell_against(a, second);
+  league_row& cell_b = cell_against(b, first);
+  book_played(cell_a, first);
+  book_played(cell_b, second);
+  book_outcome(match, cell_a, cell_b, first, second);
+  const bool a_first = match.rate_first.team == a.team;
+  cell_a.net_run_rate += a_first ? match.rate_first.delta : match.rate_second.delta;
+  cell_b.net_run_rate += a_first ? match.rate_second.delta : match.rate_first.delta;
 }
 
 void world_cup_form::show_again() {
@@ -240,9 +272,8 @@ void world_cup_form::accept() {
   world_cup_.stage = cup_stage::drawn;
   world_cup_.next_match = 0;
   draw_group_fixtures(play_.chance, world_cup_);
-  show_fixtures(play_.user, world_cup_);
-  closed = play_stages(play_, world_cup_);
-  world_cup_.stage = cup_stage::over;
+  world_cup_.step = cup_step::list;
+  closed = resume_world_cup(play_, world_cup_);
 }
 
 }  // namespace velorin

@@ -11,6 +11,7 @@
 namespace velorin {
 
 class random_source;
+struct match_state;
 
 /// What the form of the World Cup shows.
 struct world_cup_fields {
@@ -40,9 +41,7 @@ struct world_cup_form : world_cup_fields {
   /// The hosts' names, "" for a box left empty.
   std::vector<std::string> hosts() const;
   /// "OK": draws the fixtures and plays the stages, with the fixture list and the tables between the matches, to the
-  /// end or until the user quits. A match that the user leaves before it has begun is still to be played: the list is
-  /// shown again, in the knock-out behind the tables. Draws and asks as told at the stages. Raises what the matches
-  /// raise.
+  /// end or until the user quits. Draws, asks and raises what draw_group_fixtures() and resume_world_cup() do.
   void accept();
   /// "Cancel".
   void cancel() { closed = true; }
@@ -52,18 +51,18 @@ struct world_cup_form : world_cup_fields {
   world_cup_record& world_cup_;
 };
 
-/// Plays a match of a group and books it in the cells of the two teams, found by name; of several the last counts.
-/// False, with nothing booked, if the user leaves the match before it has begun.
-bool run_group_a_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
-                       const entered_side& second, const std::string& venue);
-bool run_group_b_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
-                       const entered_side& second, const std::string& venue);
-/// Plays a match of the Super Six and books it in wc_super_six. False likewise.
-bool run_super_six_match(const match_play& play, world_cup_record& world_cup, const entered_side& first,
-                         const entered_side& second, const std::string& venue);
-/// Plays both semi-finals and the final, each on a ground drawn anew, and shows the tables after each.
-/// False if the user has left one and then quit.
-bool run_semifinal(const match_play& play, world_cup_record& world_cup);
+/// Goes on with a tournament from where it stands to its end, or until the user quits: enters matches, plays on in the
+/// one that is on, shows the tables and the fixture list. Nothing but the match, its chance, its files and the record is
+/// needed for it. A match that the user leaves before it has begun is still to be played: the list is shown again, in
+/// the knock-out behind the tables. Draws the Super Six, the grounds of the knock-out, and what the matches draw. Asks
+/// for what the matches ask, for world_cup_tables_form and world_cup_fixtures_form. True if the user has quit; in the
+/// Super Six his request stays set instead, and the next tournament ends at its first list. Raises what a match raises;
+/// a run_time_error ends the tournament.
+bool resume_world_cup(const match_play& play, world_cup_record& world_cup);
+
+/// Books the last match in the cells of the two teams of a group, found by name; of several the last counts. Raises
+/// run_time_error: a team that is not in the group (subscript), a figure beyond its width (overflow).
+void book_group_match(const match_state& match, cup_group& group, const std::string& first, const std::string& second);
 
 /// Fills the groups and draws the twenty group fixtures: venues, then thirty exchanges, then the numbers. Draws, each
 /// exchange after reseeding.

@@ -5,6 +5,7 @@
 #include "competitions/tri_series.h"
 #include "competitions/world_cup.h"
 #include "setup/conditions.h"
+#include "setup/match_steps.h"
 #include "setup/team_selection.h"
 #include "support/game_in_play.h"
 
@@ -61,6 +62,11 @@ std::vector<std::string> competition_user::winners() const {
   std::vector<std::string> names;
   for (const entered_match& played : matches) names.push_back(played.result.result_winner);
   return names;
+}
+
+bool play_entered(const entered_side& first, const entered_side& second, const std::string& ground) {
+  enter_match(in_play(), first, second, ground);
+  return resume_match(in_play());
 }
 
 void CompetitionTest::SetUp() {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "competitions/match_entry.h"
 #include "model/match_state.h"
 #include "model/random.h"
 #include "support/game_in_play.h"
@@ -66,6 +67,9 @@ class CompetitionTest : public ::testing::Test {
   competition_user user_;
   front_end_scope shown_{user_};
 };
+
+/// Enters a match and plays it to its end. False if the user leaves it.
+bool play_entered(const entered_side& first, const entered_side& second, const std::string& ground);
 
 /// The texts of an array or a vector of texts, for comparisons.
 template <class Texts>

@@ -176,7 +176,12 @@ TEST_F(DrawShares, GroundsOfASemiFinal) {
   world_cup.grounds = {"Ardell Oval", "Brava Oval", "Corrin Park"};
   world_cup.semi_finals[1].team_a = "Ardell";
   world_cup.semi_finals[1].team_b = "Brava";
-  for (int n = 0; n < sample_size; ++n) EXPECT_THROW(run_semifinal(in_play(), world_cup), knock_out_watcher::cut_off);
+  world_cup.stage = cup_stage::knock_out;
+  for (int n = 0; n < sample_size; ++n) {
+    world_cup.next_match = 0;
+    world_cup.step = cup_step::entering;
+    EXPECT_THROW(resume_world_cup(in_play(), world_cup), knock_out_watcher::cut_off);
+  }
   share_check shares;
   for (const std::string& ground : world_cup.grounds) {
     shares.cell("semi-final at " + ground, watcher.grounds[ground], 1.0 / 3);

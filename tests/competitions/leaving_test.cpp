@@ -281,9 +281,9 @@ TEST_F(CupTest, EnteringAMatchEmptiesTheWholeResult) {
     EXPECT_EQ(now.rate_second.delta, 0);
     form.leave();
   });
-  EXPECT_FALSE(enter_match(in_play(), {"Ardell", false}, {"Brava", false}, "Ardell Oval"));
+  EXPECT_FALSE(play_entered({"Ardell", false}, {"Brava", false}, "Ardell Oval"));
   EXPECT_EQ(match.result_loser, "Older") << "a match that was left changes nothing";
-  enter_match(in_play(), {"Ardell", false}, {"", false}, "Ardell Oval");
+  play_entered({"Ardell", false}, {"", false}, "Ardell Oval");
   EXPECT_EQ(match.result_loser + match.result_ground + match.rate_first.team, "") << "a walkover";
   EXPECT_EQ(match.rate_second.delta, 0);
 }

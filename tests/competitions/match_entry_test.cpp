@@ -74,7 +74,7 @@ TEST_F(MatchEntry, ATypedNumberIsAWholeOneInItsRange) {
 }
 
 TEST_F(MatchEntry, AMatchGoesThroughTheChainOfANewMatch) {
-  enter_match(in_play(), {"Gamma", false}, {"Alpha", false}, "Gamma Park");
+  play_entered({"Gamma", false}, {"Alpha", false}, "Gamma Park");
   ASSERT_EQ(user_.matches.size(), 1U);
   EXPECT_EQ(user_.matches[0].first, "Gamma");
   EXPECT_EQ(user_.matches[0].second, "Alpha");
@@ -90,8 +90,8 @@ TEST_F(MatchEntry, AMatchGoesThroughTheChainOfANewMatch) {
 }
 
 TEST_F(MatchEntry, AHumanSidePlaysByHand) {
-  enter_match(in_play(), {"Alpha", true}, {"Beta", false}, "Alpha Oval");
-  enter_match(in_play(), {"Alpha", false}, {"Beta", true}, "Alpha Oval");
+  play_entered({"Alpha", true}, {"Beta", false}, "Alpha Oval");
+  play_entered({"Alpha", false}, {"Beta", true}, "Alpha Oval");
   EXPECT_TRUE(user_.matches[0].first_human);
   EXPECT_FALSE(user_.matches[0].second_human);
   EXPECT_FALSE(user_.matches[1].first_human);
@@ -103,10 +103,10 @@ TEST_F(MatchEntry, AHumanSidePlaysByHand) {
 }
 
 TEST_F(MatchEntry, AGroundThatIsNotInTheFileHasNoPitchToPlayOn) {
-  enter_match(in_play(), {"Alpha", true}, {"Beta", false}, "Alpha Oval");
+  play_entered({"Alpha", true}, {"Beta", false}, "Alpha Oval");
   EXPECT_EQ(match.result_ground, "Alpha Oval");
   try {
-    enter_match(in_play(), {"Alpha", false}, {"Beta", false}, "No Such Place");
+    play_entered({"Alpha", false}, {"Beta", false}, "No Such Place");
     ADD_FAILURE() << "the reset has cleared the ground before, so its pitch cannot go on the sliders";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::type);
@@ -115,16 +115,16 @@ TEST_F(MatchEntry, AGroundThatIsNotInTheFileHasNoPitchToPlayOn) {
 }
 
 TEST_F(MatchEntry, AnUnknownTeamIsAnError) {
-  EXPECT_THROW(enter_match(in_play(), {"Alpha", false}, {"Delta", false}, "Alpha Oval"), run_time_error);
+  EXPECT_THROW(play_entered({"Alpha", false}, {"Delta", false}, "Alpha Oval"), run_time_error);
   EXPECT_THAT(user_.requests, IsEmpty());
 }
 
 TEST_F(MatchEntry, OneEmptyNameIsAWalkover) {
   const auto before = chance.draws_used();
-  enter_match(in_play(), {"", false}, {"Beta", false}, "Alpha Oval");
+  play_entered({"", false}, {"Beta", false}, "Alpha Oval");
   EXPECT_EQ(match.result_winner, "Beta");
   EXPECT_EQ(match.result_margin, "  by a walkover");
-  enter_match(in_play(), {"Gamma", true}, {"", true}, "Alpha Oval");
+  play_entered({"Gamma", true}, {"", true}, "Alpha Oval");
   EXPECT_EQ(match.result_winner, "Gamma");
   EXPECT_EQ(match.result_margin, "  by a walkover");
   EXPECT_THAT(user_.requests, IsEmpty()) << "no match is played";
@@ -135,14 +135,14 @@ TEST_F(MatchEntry, OneEmptyNameIsAWalkover) {
 TEST_F(MatchEntry, TwoEmptyNamesHaveNoResult) {
   match.result_winner = "Gamma";
   match.result_margin = "  won by  7  runs";
-  enter_match(in_play(), {"", false}, {"", false}, "Alpha Oval");
+  play_entered({"", false}, {"", false}, "Alpha Oval");
   EXPECT_EQ(match.result_winner, "");
   EXPECT_EQ(match.result_margin, "");
   EXPECT_THAT(user_.requests, IsEmpty());
 }
 
 TEST_F(MatchEntry, LeavingAMatchClearsItsResult) {
-  enter_match(in_play(), {"Alpha", false}, {"Beta", false}, "Alpha Oval");
+  play_entered({"Alpha", false}, {"Beta", false}, "Alpha Oval");
   EXPECT_NE(match.result_margin, "");
   EXPECT_NE(match.rate_first.team, "");
   clear_result(match);
@@ -172,7 +172,7 @@ TEST_F(MatchEntry, TheResultBlockFollowsFromTheInnings) {
   int chased = 0;
   for (int i = 0; i < 60; ++i) {
     innings.clear();
-    enter_match(in_play(), {"Alpha", false}, {"Beta", false}, "Alpha Oval");
+    play_entered({"Alpha", false}, {"Beta", false}, "Alpha Oval");
     ASSERT_EQ(innings.size(), 2U);
     const double f = innings[0].runs;
     const double s = innings[1].runs;
@@ -205,7 +205,7 @@ TEST_F(MatchEntry, ProgressCountsTheOversBowledAndNotTheShareOfTheMatch) {
   for (int i = 1; i <= 13; ++i) hopeless[i].bat_skill = 1;
   database_.add_team("Delta", hopeless);
   database_.write();
-  enter_match(in_play(), {"Delta", false}, {"Delta", false}, "Alpha Oval");
+  play_entered({"Delta", false}, {"Delta", false}, "Alpha Oval");
   EXPECT_GT(user_.progress_calls, 1);
   EXPECT_LT(user_.progress_calls, 60) << "both sides are out early";
   EXPECT_FALSE(user_.progress_open);

@@ -19,6 +19,18 @@ using CupStages = CupTest;
 /// played, won, lost, tied, points of a row.
 std::vector<int> figures(const league_row& row) { return {row.played, row.won, row.lost, row.tied, row.points}; }
 
+/// Plays a match of a group and books it.
+void play_in(cup_group& group, const entered_side& first, const entered_side& second, const std::string& ground) {
+  play_entered(first, second, ground);
+  book_group_match(match, group, first.team, second.team);
+}
+
+/// The same in the Super Six.
+void play_in_super_six(const entered_side& first, const entered_side& second, const std::string& ground) {
+  play_entered(first, second, ground);
+  book_league_match(match, &world_cup.super_six[1], cup_super_six_places, first.team, second.team);
+}
+
 /// The texts of a table, the rate with them.
 std::vector<std::string> row_texts(const league_texts& row) { return {row.begin(), row.end()}; }
 
@@ -26,13 +38,13 @@ TEST_F(CupStages, AGroupMatchIsBookedInTheCellsOfTheTwo) {
   choose_groups();
   draw_group_fixtures(chance, world_cup);
   force({2, 0}, 1.5);
-  run_group_a_match(in_play(), world_cup, {"Dessa", false}, {"Brava", false}, "Ardell Park");
+  play_in(world_cup.group_a, {"Dessa", false}, {"Brava", false}, "Ardell Park");
   EXPECT_EQ(user_.matches[0].ground, "Ardell Park");
   EXPECT_THAT(figures(world_cup.group_a[2].versus[4]), ElementsAre(1, 1, 0, 0, 2));
   EXPECT_THAT(figures(world_cup.group_a[4].versus[2]), ElementsAre(1, 0, 1, 0, 0));
   EXPECT_EQ(world_cup.group_a[2].versus[4].net_run_rate, 1.5);
   EXPECT_EQ(world_cup.group_a[4].versus[2].net_run_rate, -1.5);
-  run_group_b_match(in_play(), world_cup, {"Farol", false}, {"Jorvik", false}, "Ardell Oval");
+  play_in(world_cup.group_b, {"Farol", false}, {"Jorvik", false}, "Ardell Oval");
   EXPECT_THAT(figures(world_cup.group_b[1].versus[5]), ElementsAre(1, 0, 0, 1, 1));
   EXPECT_THAT(figures(world_cup.group_b[5].versus[1]), ElementsAre(1, 0, 0, 1, 1));
   EXPECT_EQ(group_table(world_cup.group_a)[1].played, 0);
@@ -47,7 +59,7 @@ TEST_F(CupStages, ACellThatOverflowsNamesItsTeam) {
     integer& played = world_cup.group_a[team].versus[other].played;
     played = 32767;
     try {
-      run_group_a_match(in_play(), world_cup, {"Brava", false}, {"Dessa", false}, "Ardell Park");
+      play_in(world_cup.group_a, {"Brava", false}, {"Dessa", false}, "Ardell Park");
       ADD_FAILURE() << "no failure";
     } catch (const run_time_error& error) {
       EXPECT_EQ(error.what(),
@@ -62,7 +74,7 @@ TEST_F(CupStages, OfANameTwiceInAGroupTheLastPlaceIsBooked) {
   choose_groups({"Ardell", "Brava", "Ardell", "Dessa", "Elmar"});
   draw_group_fixtures(chance, world_cup);
   force({1, 1});
-  run_group_a_match(in_play(), world_cup, {"Ardell", false}, {"Dessa", false}, "Ardell Park");
+  play_in(world_cup.group_a, {"Ardell", false}, {"Dessa", false}, "Ardell Park");
   EXPECT_THAT(figures(world_cup.group_a[3].versus[4]), ElementsAre(1, 1, 0, 0, 2));
   EXPECT_THAT(figures(world_cup.group_a[1].versus[4]), ElementsAre(0, 0, 0, 0, 0));
   EXPECT_THAT(figures(world_cup.group_a[4].versus[3]), ElementsAre(1, 0, 1, 0, 0));
@@ -75,14 +87,14 @@ TEST_F(CupStages, ASuperSixMatchIsBookedInTheTable) {
     world_cup.super_six[place].team = place <= 3 ? cup_group_a[place - 1] : cup_group_b[place - 4];
   }
   force({1, 0}, 0.75);
-  run_super_six_match(in_play(), world_cup, {"Brava", true}, {"Halden", false}, "Ardell Oval");
+  play_in_super_six({"Brava", true}, {"Halden", false}, "Ardell Oval");
   EXPECT_TRUE(user_.matches[0].first_human);
   EXPECT_THAT(figures(world_cup.super_six[2]), ElementsAre(1, 1, 0, 0, 2));
   EXPECT_THAT(figures(world_cup.super_six[6]), ElementsAre(1, 0, 1, 0, 0));
   EXPECT_EQ(world_cup.super_six[2].net_run_rate, 0.75);
   EXPECT_EQ(world_cup.super_six[6].net_run_rate, -0.75);
   clear_result(match);
-  run_super_six_match(in_play(), world_cup, {"Brava", false}, {"Farol", false}, "Ardell Oval");
+  play_in_super_six({"Brava", false}, {"Farol", false}, "Ardell Oval");
   EXPECT_THAT(figures(world_cup.super_six[2]), ElementsAre(2, 1, 0, 1, 3));
   EXPECT_THAT(figures(world_cup.super_six[4]), ElementsAre(1, 0, 0, 1, 1));
 }
@@ -175,7 +187,7 @@ TEST_F(CupStages, QualifiersCarryTheirMatchesAgainstEachOtherAlone) {
   force({});
   for (const auto& [pair, winner] : of_a) {
     force({winner}, 0.5);
-    run_group_a_match(in_play(), world_cup, {cup_group_a[pair[0] - '1'], false}, {cup_group_a[pair[1] - '1'], false},
+    play_in(world_cup.group_a, {cup_group_a[pair[0] - '1'], false}, {cup_group_a[pair[1] - '1'], false},
                       "Ardell Oval");
     clear_result(match);
   }
@@ -197,7 +209,7 @@ TEST_F(CupStages, TheGroupsEndInTableOrderWithTheirRows) {
   choose_groups();
   draw_group_fixtures(chance, world_cup);
   force({1}, 2);
-  run_group_b_match(in_play(), world_cup, {"Isker", false}, {"Farol", false}, "Ardell Oval");
+  play_in(world_cup.group_b, {"Isker", false}, {"Farol", false}, "Ardell Oval");
   build_super_six(world_cup);
   std::vector<std::string> names;
   for (int i = 1; i <= 5; ++i) names.push_back(world_cup.group_b[i].team);
@@ -213,11 +225,11 @@ TEST_F(CupStages, ATieCarriesItsPointOnlyIfBothQualify) {
   choose_groups();
   draw_group_fixtures(chance, world_cup);
   force({0, 0, 1, 1, 1});
-  run_group_a_match(in_play(), world_cup, {"Ardell", false}, {"Brava", false}, "Ardell Oval");
-  run_group_a_match(in_play(), world_cup, {"Ardell", false}, {"Elmar", false}, "Ardell Oval");
-  run_group_a_match(in_play(), world_cup, {"Ardell", false}, {"Dessa", false}, "Ardell Oval");
-  run_group_a_match(in_play(), world_cup, {"Brava", false}, {"Dessa", false}, "Ardell Oval");
-  run_group_a_match(in_play(), world_cup, {"Corrin", false}, {"Elmar", false}, "Ardell Oval");
+  play_in(world_cup.group_a, {"Ardell", false}, {"Brava", false}, "Ardell Oval");
+  play_in(world_cup.group_a, {"Ardell", false}, {"Elmar", false}, "Ardell Oval");
+  play_in(world_cup.group_a, {"Ardell", false}, {"Dessa", false}, "Ardell Oval");
+  play_in(world_cup.group_a, {"Brava", false}, {"Dessa", false}, "Ardell Oval");
+  play_in(world_cup.group_a, {"Corrin", false}, {"Elmar", false}, "Ardell Oval");
   build_super_six(world_cup);
   EXPECT_EQ(world_cup.super_six[1].team, "Ardell");
   EXPECT_THAT(figures(world_cup.super_six[1]), ElementsAre(1, 0, 0, 1, 1));
