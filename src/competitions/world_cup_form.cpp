@@ -207,8 +207,7 @@ bool resume_world_cup(const match_play& play, world_cup_record& world_cup) {
   return quit;
 }
 
-void book_group_match(const match_state& match, cup_group& group, const std::string& first,
-                      const std::string& second) {
+void book_group_match(const match_state& match, cup_group& group, const std::string& first, const std::string& second) {
   cup_group_team& a = group[place_of(group, first)];
   cup_group_team& b = group[place_of(group, second)];
   league_row& cell_a = cell_against(a, second);

@@ -52,12 +52,12 @@ struct world_cup_form : world_cup_fields {
 };
 
 /// Goes on with a tournament from where it stands to its end, or until the user quits: enters matches, plays on in the
-/// one that is on, shows the tables and the fixture list. Nothing but the match, its chance, its files and the record is
-/// needed for it. A match that the user leaves before it has begun is still to be played: the list is shown again, in
-/// the knock-out behind the tables. Draws the Super Six, the grounds of the knock-out, and what the matches draw. Asks
-/// for what the matches ask, for world_cup_tables_form and world_cup_fixtures_form. True if the user has quit; in the
-/// Super Six his request stays set instead, and the next tournament ends at its first list. Raises what a match raises;
-/// a run_time_error ends the tournament.
+/// one that is on, shows the tables and the fixture list. Nothing but the match, its chance, its files and the record
+/// is needed for it. A match that the user leaves before it has begun is still to be played: the list is shown again,
+/// in the knock-out behind the tables. Draws the Super Six, the grounds of the knock-out, and what the matches draw.
+/// Asks for what the matches ask, for world_cup_tables_form and world_cup_fixtures_form. True if the user has quit; in
+/// the Super Six his request stays set instead, and the next tournament ends at its first list. Raises what a match
+/// raises; a run_time_error ends the tournament.
 bool resume_world_cup(const match_play& play, world_cup_record& world_cup);
 
 /// Books the last match in the cells of the two teams of a group, found by name; of several the last counts. Raises

@@ -91,7 +91,8 @@ std::string conditions_form::bounce_words() const { return bounce_texts[drawn_.l
 std::string conditions_form::outfield_words() const { return outfield_texts[drawn_.levels[3] - 1]; }
 
 std::string conditions_form::temperature_line() const {
-  return "The temperature is " + number_text(drawn_.temperature) + " C with a humidity of " + number_text(drawn_.humidity) + "%";
+  return "The temperature is " + number_text(drawn_.temperature) + " C with a humidity of " +
+         number_text(drawn_.humidity) + "%";
 }
 
 sky_color conditions_form::sky_top() const { return sky_tops[weather - 1]; }

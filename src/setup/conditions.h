@@ -24,8 +24,9 @@ struct conditions_form {
   bool closed = false;
   bool left = false;  ///< the user has left the match here
 
-  /// Draws the conditions and shows them. Reads match.ground, sets match.conditions_drawn. Draws weather and outfield, each
-  /// after reseeding, then temperature and humidity. Raises run_time_error (type) for a pitch figure outside 1 to 4.
+  /// Draws the conditions and shows them. Reads match.ground, sets match.conditions_drawn. Draws weather and outfield,
+  /// each after reseeding, then temperature and humidity. Raises run_time_error (type) for a pitch figure outside 1
+  /// to 4.
   void open();
   /// Sets the sliders to match.conditions_drawn, as they were drawn.
   void show_drawn();

@@ -88,8 +88,7 @@ void begin_toss(const match_play& play) {
     form.open_unattended();
   } else if (play.match.computer_bats) {
     play.chance.reseed();
-    play.match.toss_call =
-        play.match.team1_name + (coin(play.chance) == 1 ? " have taken Heads" : " have taken Tails");
+    play.match.toss_call = play.match.team1_name + (coin(play.chance) == 1 ? " have taken Heads" : " have taken Tails");
     play.match.step = match_step::toss_call;
     return;
   } else {

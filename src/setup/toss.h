@@ -44,8 +44,8 @@ struct toss_form : toss_fields {
 /// Makes the first team the second: elevens, names, captains. Asks and raises what exchange_elevens does.
 void swap_teams(const match_play& play);
 
-/// Brings the match to its toss, by the captains that the two teams have: match.step becomes toss_call or toss. Requires
-/// both selections. Draws what is known before anybody is asked; asks nothing.
+/// Brings the match to its toss, by the captains that the two teams have: match.step becomes toss_call or toss.
+/// Requires both selections. Draws what is known before anybody is asked; asks nothing.
 void begin_toss(const match_play& play);
 
 /// The message of the toss is read, and the toss itself comes next. Draws the decision.

@@ -187,8 +187,7 @@ TEST_F(CupStages, QualifiersCarryTheirMatchesAgainstEachOtherAlone) {
   force({});
   for (const auto& [pair, winner] : of_a) {
     force({winner}, 0.5);
-    play_in(world_cup.group_a, {cup_group_a[pair[0] - '1'], false}, {cup_group_a[pair[1] - '1'], false},
-                      "Ardell Oval");
+    play_in(world_cup.group_a, {cup_group_a[pair[0] - '1'], false}, {cup_group_a[pair[1] - '1'], false}, "Ardell Oval");
     clear_result(match);
   }
   build_super_six(world_cup);
