@@ -105,6 +105,31 @@ TEST_F(ElevensInPlay, AFailedExchangeIsTriedAgain) {
   expect_exchanged_men();
 }
 
+// The program was ended while it asked about an exchange that had stopped before its last renaming.
+TEST_F(ElevensInPlay, AnExchangeThatWasStoppedIsFinishedAndNotDoneTwice) {
+  save_selected(in_play(), 0);
+  save_selected(in_play(), 1);
+  const auto spare = block("dummy.txt");
+  match_state stopped;
+  user_.on_failed_save.push_back([&](const failed_save&) {
+    stopped = match;
+    return save_answer::go_on;
+  });
+  swap_teams(in_play());
+  EXPECT_FALSE(match.exchange_tried);
+  match = stopped;
+  EXPECT_TRUE(match.exchange_tried);
+  std::filesystem::remove(spare);
+  std::filesystem::rename(database_.folder() / "team2r.txt", spare);
+  std::filesystem::rename(database_.folder() / "team1r.txt", database_.folder() / "team2r.txt");
+  swap_teams(in_play());
+  EXPECT_EQ(user_.requests.size(), 1U);
+  take_elevens(match, data);
+  expect_exchanged_men();
+  read_elevens(match, data);
+  expect_exchanged_men();
+}
+
 TEST_F(ElevensInPlay, TheMatchGoesOnWithoutTheExchange) {
   save_selected(in_play(), 0);
   save_selected(in_play(), 1);
