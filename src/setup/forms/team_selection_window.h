@@ -15,7 +15,7 @@ struct match_state;
 class BandedGrid;
 struct team_selection_form;
 
-/// The selection of an eleven: twenty rows to tick. Hidden while the second team's OK plays the match.
+/// The selection of an eleven: twenty rows to tick.
 class TeamSelectionWindow : public Form {
   Q_OBJECT
 
