@@ -61,8 +61,7 @@ std::string told(const series_record& series) {
 }
 
 std::string told(const tri_record& tri) {
-  std::string text =
-      line_of("tri", int(tri.step), tri.rounds, tri.matches_played, tri.final_played, tri.drawn_ground);
+  std::string text = line_of("tri", int(tri.step), tri.rounds, tri.matches_played, tri.final_played, tri.drawn_ground);
   for (int i = 1; i <= tri_teams; ++i) text += told(tri.tri_table[i]) + tri.sides[i].team;
   return text;
 }
@@ -105,7 +104,8 @@ open_database opened(const std::filesystem::path& folder, bool through_files) {
 }
 
 /// "" if a copy was asked what the first game was asked from this line on, else where they part.
-std::string parting(const std::vector<std::string>& of_first, std::size_t line, const std::vector<std::string>& of_copy) {
+std::string parting(const std::vector<std::string>& of_first, std::size_t line,
+                    const std::vector<std::string>& of_copy) {
   const auto rest = of_first.begin() + static_cast<std::ptrdiff_t>(line);
   const auto [first, copy] = std::mismatch(rest, of_first.end(), of_copy.begin(), of_copy.end());
   if (first == of_first.end() && copy == of_copy.end()) return {};
@@ -163,9 +163,9 @@ save_answer stopping_user::answer(const failed_save& failed) {
 }
 
 void stopping_user::show(conditions_form& form) {
-  asked(request::conditions,
-        line_of("conditions", form.headline(), form.weather, form.pitch_surface, form.pitch_bounce, form.outfield,
-                form.weather_words(), form.temperature_line(), !game_.match.computer_bats, !game_.match.computer_bowls));
+  asked(request::conditions, line_of("conditions", form.headline(), form.weather, form.pitch_surface, form.pitch_bounce,
+                                     form.outfield, form.weather_words(), form.temperature_line(),
+                                     !game_.match.computer_bats, !game_.match.computer_bowls));
   if (chance_of(leaves_one_in, 1)) return form.leave();
   form.weather = 1 + form.weather % 4;
   headless_user::show(form);
@@ -257,8 +257,7 @@ void stopping_user::show(series_results_form& form) {
 }
 
 void stopping_user::show(tri_series_table_form& form) {
-  asked(request::tri_table,
-        line_of("tri table", form.heading, rows_of(form.rows), form.final_line, form.final_result));
+  asked(request::tri_table, line_of("tri table", form.heading, rows_of(form.rows), form.final_line, form.final_result));
   headless_user::show(form);
 }
 
@@ -274,9 +273,8 @@ void stopping_user::show(world_cup_fixtures_form& form) {
 }
 
 void stopping_user::show(world_cup_tables_form& form) {
-  asked(request::tables,
-        line_of("tables", rows_of(form.group_a), rows_of(form.group_b), rows_of(form.super_six), form.first_semi_final,
-                form.second_semi_final, form.grand_final, form.winners_line));
+  asked(request::tables, line_of("tables", rows_of(form.group_a), rows_of(form.group_b), rows_of(form.super_six),
+                                 form.first_semi_final, form.second_semi_final, form.grand_final, form.winners_line));
   headless_user::show(form);
 }
 

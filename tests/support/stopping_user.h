@@ -10,8 +10,8 @@
 #include "competitions/game_state.h"
 #include "headless/headless_user.h"
 
-// Games that are stopped at their questions: a copy, taken while a question is open, goes on in a game of its own and has
-// to end as the first does.
+// Games that are stopped at their questions: a copy, taken while a question is open, goes on in a game of its own and
+// has to end as the first does.
 
 namespace velorin::testing {
 
@@ -45,8 +45,8 @@ using stop_filter = std::function<bool(request, const game_state&)>;
 /// Every request but those of play itself: the set-up and the competitions.
 bool outside_play(request kind, const game_state& game);
 
-/// A user whose answers follow from the question and the number that would be drawn next alone, so that a copy of the game is
-/// answered alike: at times he leaves a match, quits a World Cup or looks at the averages.
+/// A user whose answers follow from the question and the number that would be drawn next alone, so that a copy of the
+/// game is answered alike: at times he leaves a match, quits a World Cup or looks at the averages.
 class stopping_user : public headless_user {
  public:
   /// Calls `at_stop` at each request that the filter lets through, before it is answered. `game` outlives the user.
@@ -100,7 +100,7 @@ struct stopped_game {
   stop_filter filter = outside_play;
   int leaves_one_in = 0;
   int quits_one_in = 0;
-  int one_stop_in = 1;  ///< so many of the requests that the filter lets through are gone on from
+  int one_stop_in = 1;         ///< so many of the requests that the filter lets through are gone on from
   bool through_files = false;  ///< the elevens travel through files, and matches change careers and records
 };
 
