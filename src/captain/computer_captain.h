@@ -10,7 +10,7 @@ namespace velorin {
 
 struct match_state;
 class random_source;
-class front_end;
+struct message_box;
 
 /// What the toss screen shows once the coin has fallen.
 struct toss_outcome {
@@ -35,17 +35,26 @@ void choose_next_batsman(match_state& match);
 /// (overflow).
 void choose_opening_bowlers(match_state& match, random_source& chance);
 
+/// Builds bowler_pool from bowling_xi, best first; each rating is raised by `offset`, which leaves their order. Draws
+/// nothing. Raises as choose_opening_bowlers(); nothing is changed then.
+void rank_bowlers(match_state& match, int offset);
+
 /// Sets batsman_aggression of both batsmen. Requires striker, non_striker and bowler; reads the score, the cards, in a
 /// second innings the projection. Draws nothing. Raises run_time_error: a bat_skill of 0 (division), a projection that
 /// is no number (type).
 void set_batting_aggression(match_state& match);
 
+/// A change of bowler is pending, and there is somebody to be told.
+bool has_bowler_change_to_tell(const match_state& match);
+/// The message that tells of the pending change of bowler. Requires one.
+message_box bowler_change_message(const match_state& match);
+
 /// Reviews the man who has just finished an over, replaces him where he is tired, expensive or through, and sets
-/// bowling_aggression[0]. Requires: the end of an over, after bowlers and batsmen have been exchanged, so that
-/// next_bowler is the man under review; bowler_pool. Changes next_bowler, bowling_aggression[0], opening_bowlers and
-/// the pending change; asks for the message "Bowler Change" when a human is involved. Draws nothing. Raises
-/// run_time_error: a projection that is no number (type), no replacement to be found (endless).
-void review_bowler(match_state& match, front_end& user);
+/// bowling_aggression[0]. The change that was pending has been told. Requires: the end of an over, after bowlers and
+/// batsmen have been exchanged, so that next_bowler is the man under review; bowler_pool. Changes next_bowler,
+/// bowling_aggression[0], opening_bowlers and the pending change. Draws nothing. Raises run_time_error: a projection
+/// that is no number (type), no replacement to be found (endless).
+void review_bowler(match_state& match);
 
 /// A search for another bowler. Positions of the bowling eleven; -1 excludes nobody.
 struct replacement_search {

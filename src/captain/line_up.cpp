@@ -104,10 +104,7 @@ void choose_next_batsman(match_state& match) {
   }
 }
 
-void choose_opening_bowlers(match_state& match, random_source& chance) {
-  chance.reseed();
-  constexpr int most_offset = 10;
-  const int offset = static_cast<int>(std::floor((2 * most_offset + 1) * chance.rnd() - most_offset));
+void rank_bowlers(match_state& match, int offset) {
   // A stable sort by the key: what full bubble passes with a strict comparison give.
   std::array<candidate, men_in_eleven + 1> order;
   for (int i = 1; i <= men_in_eleven; ++i) {
@@ -125,6 +122,12 @@ void choose_opening_bowlers(match_state& match, random_source& chance) {
     line.econ_class = order[i].econ_class;
     line.bowler_type = man.bowler_type;
   }
+}
+
+void choose_opening_bowlers(match_state& match, random_source& chance) {
+  chance.reseed();
+  constexpr int most_offset = 10;
+  rank_bowlers(match, static_cast<int>(std::floor((2 * most_offset + 1) * chance.rnd() - most_offset)));
   match.bowler = opener(match, 0, 1);
   match.next_bowler = opener(match, match.bowler, 2);
 }

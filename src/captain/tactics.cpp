@@ -19,11 +19,13 @@ namespace {
 
 constexpr double base_at_start = 2;  ///< of both captains, before the first ball
 
-/// A batsman's standing in the innings.
-double form_of(const match_state& match, int position) {
+/// A batsman's standing in the innings, in halves.
+int form_in_halves(const match_state& match, int position) {
   const batting_card_rec& card = match.batting_card[position];
-  return 2 * card.runs + card.balls / 2.0 + 1;
+  return 4 * card.runs + card.balls + 2;
 }
+
+double form_of(const match_state& match, int position) { return form_in_halves(match, position) / 2.0; }
 
 int clamp_aggression(double value) {
   return static_cast<int>(std::min(double{most_aggression}, std::max(double{least_aggression}, value)));
@@ -95,17 +97,6 @@ void set_bowling_aggression(match_state& match) {
   match.bowling_aggression[0] =
       clamp_aggression(round_half_even(bowling_base(match) - form / form_a_step - skills / skills_a_step -
                                        strike_rate / strike_rate_a_step + wickets / wickets_a_step));
-}
-
-void announce_change(match_state& match, front_end& user) {
-  if (!match.bowler_change_pending) return;
-  if (match.human_involved()) {
-    user.show(message_box{"Bowler Change", match.bowling_xi[match.bowler_change_out].name + " has been replaced by " +
-                                               match.bowling_xi[match.bowler_change_in].name + " ."});
-  }
-  match.bowler_change_pending = false;
-  match.bowler_change_out = 0;
-  match.bowler_change_in = 0;
 }
 
 constexpr std::string_view fast = "Fast Bowler";
@@ -231,8 +222,17 @@ bool fits(const match_state& match, const bowler_pool_rec& man, const replacemen
 void set_batting_aggression(match_state& match) {
   const double base = batting_base(match);
   const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
-  match.batsman_aggression[0] = batting_value(match, match.lower_batsman(), base, strike_rate);
-  match.batsman_aggression[1] = batting_value(match, match.higher_batsman(), base, strike_rate);
+  for (const std::size_t slot : {0U, 1U}) {
+    const int position = slot == 0 ? match.lower_batsman() : match.higher_batsman();
+    known_aggression& known = match.known_aggressions[slot];
+    const int form = form_in_halves(match, position);
+    const int bat_skill = match.batting_xi[position].bat_skill;
+    if (known.base != base || known.form != form || known.bat_skill != bat_skill || known.strike_rate != strike_rate ||
+        known.aggression == 0) {
+      known = {base, strike_rate, form, bat_skill, batting_value(match, position, base, strike_rate)};
+    }
+    match.batsman_aggression[slot] = known.aggression;
+  }
 }
 
 int pick_replacement(match_state& match, const replacement_search& wanted) {
@@ -251,8 +251,19 @@ int pick_replacement(match_state& match, const replacement_search& wanted) {
                        {.file = {}, .record = 0, .field = "bowler_pool", .player = {}});
 }
 
-void review_bowler(match_state& match, front_end& user) {
-  announce_change(match, user);
+bool has_bowler_change_to_tell(const match_state& match) {
+  return match.bowler_change_pending && match.human_involved();
+}
+
+message_box bowler_change_message(const match_state& match) {
+  return {"Bowler Change", match.bowling_xi[match.bowler_change_out].name + " has been replaced by " +
+                               match.bowling_xi[match.bowler_change_in].name + " ."};
+}
+
+void review_bowler(match_state& match) {
+  match.bowler_change_pending = false;
+  match.bowler_change_out = 0;
+  match.bowler_change_in = 0;
   if (match.innings_balls < 2 * balls_of_over) {
     match.opening_bowlers[0] = match.bowler;
     match.opening_bowlers[1] = match.next_bowler;

@@ -62,11 +62,6 @@ class competition_recorder : public headless_user {
 
   using headless_user::show;
 
-  void show(const message_box& message) override {
-    // The tournament reports in a message that it cannot be played.
-    if (message.title == "Error") refusal_ = message.text;
-  }
-
   void show(series_results_form& form) override {
     if (as_json_) {
       json rows = json::array();
@@ -149,7 +144,6 @@ class competition_recorder : public headless_user {
   }
 
   void finish() {
-    if (!refusal_.empty()) throw run_time_error(failure::subscript, refusal_);
     if (as_json_) out_ << json{{"windows", windows_}}.dump() << '\n';
     out_.flush();
   }
@@ -164,7 +158,6 @@ class competition_recorder : public headless_user {
   bool as_json_;
   std::ostream& out_;
   json windows_ = json::array();
-  std::string refusal_;
 };
 
 /// The entry of a team by name in the list of a form.
@@ -195,7 +188,7 @@ void fill_and_play(tri_series_form& form, const competition_options& options) {
 
 void fill_and_play(world_cup_form& form, const competition_options& options) {
   form.open();
-  if (form.closed) return;
+  if (form.closed) throw run_time_error(failure::subscript, world_cup_form::too_few_teams);
   for (std::size_t i = 0; i < options.group_a.size(); ++i)
     form.group_a_index[i] = entry_of(form.teams, options.group_a[i]);
   for (std::size_t i = 0; i < options.group_b.size(); ++i)

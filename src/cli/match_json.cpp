@@ -7,7 +7,9 @@
 
 #include "console/console_view.h"
 #include "model/code_page.h"
+#include "model/innings_log.h"
 #include "model/match_state.h"
+#include "model/rules.h"
 #include "model/texts.h"
 
 namespace velorin::cli {
@@ -82,8 +84,19 @@ json rows(const Table& table, std::size_t first, Writer as) {
   return array;
 }
 
-json log_json(const ball_log_table& log) {
-  return rows(log, 1, [](const auto& over) { return texts(std::span(over).subspan(1)); });
+/// Fifty overs: the entries of six balls, and the bowler's name once the over has come to its end.
+json log_json(const told_innings& innings) {
+  const innings_log log = log_of(innings.deliveries);
+  json overs = json::array();
+  for (int over = 1; over <= overs_of_innings; ++over) {
+    json slots = json::array();
+    for (int ball = 1; ball <= balls_of_over; ++ball) slots.push_back(log[over].balls[ball].text());
+    const auto balls = deliveries_of_over(innings.deliveries, over);
+    const bool closed = !balls.empty() && over <= innings.overs_closed;
+    slots.push_back(closed ? text(innings.bowling[balls.front().bowler].name) : json(""));
+    overs.push_back(std::move(slots));
+  }
+  return overs;
 }
 
 void add_position(const match_state& match, json& state) {
@@ -102,7 +115,7 @@ void add_position(const match_state& match, json& state) {
   state["score_runs"] = match.score_runs;
   state["score_wickets"] = match.score_wickets;
   state["overs_text"] = match.overs_text();
-  state["over_symbols"] = texts(match.over_symbols);
+  state["over_symbols"] = texts(over_symbols(match));
 }
 
 void add_totals(const match_state& match, json& state) {
@@ -131,8 +144,8 @@ void add_books(const match_state& match, json& state) {
   state["first_bowling_card"] = rows(match.first_bowling_card, 1, bowling_json);
   state["fall_of_wicket"] = rows(match.fall_of_wicket, 0, fall_json);
   state["first_fall_of_wicket"] = rows(match.first_fall_of_wicket, 0, fall_json);
-  state["ball_log"] = log_json(match.ball_log);
-  state["first_ball_log"] = log_json(match.first_ball_log);
+  state["ball_log"] = log_json(innings_in_play(match));
+  state["first_ball_log"] = log_json(innings_before(match));
   state["ball_commentary"] = texts(commentary_lines(match));
   state["commentary_store"] = texts(stored_commentary_lines(match));
 }

@@ -95,7 +95,7 @@ std::string match_player::play(long number) {
 void match_player::print_result(std::ostream& out) const {
   const match_state& match = state_.match;
   out << recorder_.shown_scorecard() << '\n';
-  if (match.result_margin.empty()) {
+  if (match.decided == match_decision::none) {
     out << "No result.\n";
   } else {
     out << shown_line(match.result_winner + match.result_margin) << '\n';

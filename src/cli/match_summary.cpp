@@ -13,12 +13,23 @@ namespace velorin::cli {
 
 namespace {
 
-std::string kind_of(const batting_card_rec& card) {
-  if (card.how_out.starts_with(" run out (")) return "run out";
-  if (card.how_out.starts_with(" lbw ")) return "lbw";
-  if (card.how_out.starts_with(" c && b ")) return "caught and bowled";
-  if (card.fielder.starts_with(" st ")) return "stumped";
-  if (card.fielder.starts_with(" c ")) return "caught";
+const char* words_of(dismissal how) {
+  switch (how) {
+    case dismissal::run_out:
+      return "run out";
+    case dismissal::leg_before:
+      return "lbw";
+    case dismissal::caught_and_bowled:
+      return "caught and bowled";
+    case dismissal::stumped:
+      return "stumped";
+    case dismissal::caught:
+      return "caught";
+    case dismissal::bowled:
+    case dismissal::not_out:
+    case dismissal::none:
+      break;
+  }
   return "bowled";
 }
 
@@ -52,20 +63,28 @@ void match_summary::add_innings(const match_state& match) {
   figures.balls += match.innings_balls;
   figures.all_out += match.score_wickets == 10 ? 1 : 0;
   for (const batting_card_rec& card : match.batting_card) {
-    if (!card.how_out.empty()) ++dismissals_[kind_of(card)];
+    if (card.how != dismissal::none) ++dismissals_[words_of(card.how)];
   }
 }
 
 void match_summary::add_result(const match_result& result) {
   ++matches_;
-  if (result.result_margin.empty()) {
-    ++unfinished_;
-  } else if (result.result_winner.empty()) {
-    ++ties_;
-  } else {
-    ++wins_[result.result_winner];
-    ++(result.result_margin.ends_with("wickets ") ? chases_ : first_wins_);
+  switch (result.decided) {
+    case match_decision::none:
+      ++unfinished_;
+      return;
+    case match_decision::tie:
+      ++ties_;
+      return;
+    case match_decision::runs:
+    case match_decision::walkover:
+      ++first_wins_;
+      break;
+    case match_decision::wickets:
+      ++chases_;
+      break;
   }
+  ++wins_[result.result_winner];
 }
 
 void match_summary::add(const match_summary& other) {

@@ -22,6 +22,7 @@ void enter_match(const match_play& play, const entered_side& first, const entere
   match_result before = std::exchange(result, match_result());
   if (first.team.empty() || second.team.empty()) {
     play.match.result_winner = first.team + second.team;
+    play.match.decided = play.match.result_winner.empty() ? match_decision::none : match_decision::walkover;
     play.match.result_margin = play.match.result_winner.empty() ? "" : "  by a walkover";
     return;
   }
@@ -35,6 +36,7 @@ void enter_match(const match_play& play, const entered_side& first, const entere
 }
 
 void clear_result(match_state& match) {
+  match.decided = match_decision::none;
   match.result_winner.clear();
   match.result_margin.clear();
   match.result_ground.clear();

@@ -247,7 +247,7 @@ std::vector<std::string> world_cup_form::hosts() const {
 void world_cup_form::open() {
   teams = list_teams(play_.data);
   if (teams.size() < 2 * cup_group_teams) {
-    play_.user.show(message_box{"Error", "Not enough teams in current database to play the World cup"});
+    play_.user.show(message_box{"Error", too_few_teams});
     closed = true;
     return;
   }

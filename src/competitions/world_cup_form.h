@@ -29,6 +29,7 @@ struct world_cup_fields {
 struct world_cup_form : world_cup_fields {
   world_cup_form(const match_play& play, world_cup_record& world_cup) : play_(play), world_cup_(world_cup) {}
 
+  static constexpr const char* too_few_teams = "Not enough teams in current database to play the World cup";
   static constexpr const char* note = "Note: Select all the human controlled teams.";
 
   /// Loads the teams and sets the defaults; with fewer than ten teams reports that in a message and closes.

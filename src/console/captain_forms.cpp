@@ -14,8 +14,24 @@
 
 namespace velorin {
 
-next_batsman_form::next_batsman_form(match_state& match, std::string title_text)
-    : title(std::move(title_text)), match_(match) {
+namespace {
+
+std::string title_of(next_batsman_form::use shown) {
+  switch (shown) {
+    case next_batsman_form::use::first_opener:
+      return "Select 1st Opener";
+    case next_batsman_form::use::second_opener:
+      return "Select 2nd Opener";
+    case next_batsman_form::use::next:
+      break;
+  }
+  return "Select Next Batsman";
+}
+
+}  // namespace
+
+next_batsman_form::next_batsman_form(match_state& match, use shown)
+    : title(title_of(shown)), shown_for(shown), match_(match) {
   match.next_batsman_slot = match.higher_batsman();
   for (int row = 1; row <= men_in_eleven; ++row) enabled[row] = row > match.next_batsman_slot;
 }
@@ -35,7 +51,7 @@ void next_batsman_form::accept() {
   }
   if (match_.striker <= match_.non_striker) match_.batsman_aggression[0] = match_.batsman_aggression[1];
   match_.batsman_aggression[1] = aggression;
-  if (title == "Select 1st Opener") match_.batsman_aggression[0] = aggression;
+  if (shown_for == use::first_opener) match_.batsman_aggression[0] = aggression;
   closed = true;
 }
 

@@ -23,14 +23,18 @@ struct next_batsman_form {
   static constexpr std::string_view aggression_low = "Defensive";
   static constexpr std::string_view aggression_high = "Aggressive";
 
-  std::string title;                              ///< "Select 1st Opener", "Select 2nd Opener" or "Select Next Batsman"
+  /// For whom it asks: the openers come in one after the other.
+  enum class use { first_opener, second_opener, next };
+
+  std::string title;  ///< "Select 1st Opener", "Select 2nd Opener" or "Select Next Batsman"
+  use shown_for = use::next;
   std::array<bool, men_in_eleven + 1> enabled{};  ///< [1..11] the row's option can be chosen
   int chosen = 0;                                 ///< the chosen row, 0 for none
   int aggression = 3;                             ///< aggression of the new man, 1 to 5
   bool closed = false;
 
   /// Sets next_batsman_slot and disables the rows of the men who have come in.
-  explicit next_batsman_form(match_state& match, std::string title_text);
+  next_batsman_form(match_state& match, use shown);
 
   std::string name(int row) const;   ///< the row's name
   std::string skill(int row) const;  ///< his batting skill

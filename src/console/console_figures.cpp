@@ -12,19 +12,6 @@
 
 namespace velorin {
 
-namespace {
-
-/// The sum of the numeric symbols of an over.
-int over_runs(const match_state& match, int over) {
-  int sum = 0;
-  for (int slot = 1; slot <= balls_of_over; ++slot) {
-    sum += std::max(0, symbol_number(match.ball_log[over][slot]));
-  }
-  return sum;
-}
-
-}  // namespace
-
 double meter_of(const match_state& match, int position) {
   const batting_card_rec& card = match.batting_card[position];
   // In halves, which are whole numbers: five times the sum of twice his runs and half his balls.
@@ -36,10 +23,19 @@ void refresh_batsmen(match_state& match) {
   match.settled_meter[1] = meter_of(match, match.higher_batsman());
 }
 
+void refresh_batsman(match_state& match, int position) {
+  match.settled_meter[position == match.lower_batsman() ? 0 : 1] = meter_of(match, position);
+}
+
 void refresh_bowling_card(match_state& match) {
-  auto row = match.bowler_list.begin() + 1;
-  while (row != match.bowler_list.end() && row->position != 0 && row->position != match.bowler) ++row;
-  if (row == match.bowler_list.end()) return;
+  // The row of the ball before is hardly ever another man's.
+  auto row = match.bowler_list.begin() + match.bowler_row_in_use;
+  if (row->position != match.bowler) [[unlikely]] {
+    row = match.bowler_list.begin() + 1;
+    while (row != match.bowler_list.end() && row->position != 0 && row->position != match.bowler) ++row;
+    if (row == match.bowler_list.end()) return;
+    match.bowler_row_in_use = static_cast<int>(row - match.bowler_list.begin());
+  }
   const bowling_card_rec& card = match.bowling_card[match.bowler];
   *row = {match.bowler, card.balls, card.maidens, card.runs, card.wickets};
 }
@@ -59,30 +55,6 @@ void refresh_rates(match_state& match) {
   }
 }
 
-void log_over(match_state& match) {
-  const int lower = match.lower_batsman();
-  const int higher = match.higher_batsman();
-  const bowling_card_rec& bowling = match.bowling_card[match.bowler];
-  over_note note;
-  note.over_no = match.over_no;
-  note.over_runs = over_runs(match, match.over_no);
-  note.score_runs = match.score_runs;
-  note.score_wickets = match.score_wickets;
-  note.innings_balls = match.innings_balls;
-  note.first_batsman = lower;
-  note.first_runs = match.batting_card[lower].runs;
-  note.first_balls = match.batting_card[lower].balls;
-  note.second_batsman = higher;
-  note.second_runs = match.batting_card[higher].runs;
-  note.second_balls = match.batting_card[higher].balls;
-  note.bowler = match.bowler;
-  note.bowler_balls = bowling.balls;
-  note.bowler_maidens = bowling.maidens;
-  note.bowler_runs = bowling.runs;
-  note.bowler_wickets = bowling.wickets;
-  match.ball_commentary.add_over(note);
-}
-
 void advance_clock(match_state& match) {
   book(match.clock_minutes, minutes_of_over, "clock_minutes", match.venue_name());
 }
@@ -99,7 +71,7 @@ void prepare_chase_display(match_state& match) {
   }
   match.rates.of_innings_before = true;
   match.bowler_list = {};
-  match.ball_commentary.clear();
+  match.bowler_row_in_use = 1;
   match.score_runs = 0;
   match.score_wickets = 0;
 }

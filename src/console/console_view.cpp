@@ -79,8 +79,10 @@ std::vector<bowler_line> view_bowler_list(const match_state& match) {
   for (int row = 1; row <= 10; ++row) {
     const bowler_row& filled = match.bowler_list[row];
     if (filled.position == 0) break;
-    lines.push_back({filled.position, shortened(match.bowling_card[filled.position].name),
-                     bowling_figures(filled.balls, filled.maidens, filled.runs, filled.wickets)});
+    lines.push_back({filled.position,
+                     shortened(match.bowling_card[filled.position].name),
+                     {overs_from_balls(filled.balls), number_text(int(filled.maidens)), number_text(int(filled.runs)),
+                      number_text(int(filled.wickets))}});
   }
   return lines;
 }

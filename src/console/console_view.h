@@ -53,8 +53,8 @@ struct bowlers_view {
 /// A row of the running table of bowlers.
 struct bowler_line {
   int position = 0;
-  std::string name;  ///< the name as shown: shortened from 12 characters on
-  std::string figures;
+  std::string name;                    ///< the name as shown: shortened from 12 characters on
+  std::array<std::string, 4> figures;  ///< overs, maidens, runs, wickets
 };
 
 struct rate_cell {

@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include "console/console_view.h"
+#include "model/innings_log.h"
 #include "model/match_state.h"
 #include "model/rounding.h"
 #include "model/rules.h"
@@ -11,20 +12,18 @@ namespace velorin {
 
 namespace {
 
-/// Runs and wickets that the log of an innings holds for some overs: numbers are added, each "W" is a wicket.
+/// Runs and wickets that the log of an innings holds for some overs.
 struct logged {
   int runs = 0;
   int wickets = 0;
 };
 
-logged count_overs(const ball_log_table& log, int from, int to) {
+logged count_overs(const delivery_list& deliveries, int from, int to) {
   logged sum;
-  for (int over = from < 1 ? 1 : from; over <= to && over <= overs_of_innings; ++over) {
-    for (int slot = 1; slot <= balls_of_over; ++slot) {
-      const short_text& symbol = log[over][slot];
-      if (const int number = symbol_number(symbol); number > 0) sum.runs += number;
-      if (symbol == "W") ++sum.wickets;
-    }
+  for (int over = from; over <= to; ++over) {
+    const over_entries entries = entries_of_over(deliveries, over);
+    sum.runs += entries.runs();
+    sum.wickets += entries.wickets();
   }
   return sum;
 }
@@ -40,7 +39,7 @@ std::string last_five(const match_state& match, const rate_figures& rates) {
   if (overs - 4 <= 0) return " - ";
   // Only overs that were complete at the refresh; the one in progress was still empty then.
   const int last = overs < rates.over_no ? overs : rates.over_no - 1;
-  return number_text(round_to(count_overs(match.ball_log, overs - 4, last).runs / 5.0, 2));
+  return number_text(round_to(count_overs(match.deliveries, overs - 4, last).runs / 5.0, 2));
 }
 
 std::vector<rate_cell> projections(const rate_figures& rates) {
@@ -88,7 +87,7 @@ void add_comparison(const match_state& match, rates_view& view, const rate_figur
   view.first_innings = fmt::format("{} {}/{}", them, int(match.first_total), int(match.first_wickets));
   view.first_innings_overs = overs_from_balls(match.first_balls) + " Overs";
   if (runs_needed(match, rates) > 0) view.chase_headline = "To win " + us + " need...";
-  const logged stage = count_overs(match.first_ball_log, 1, rates.innings_balls / balls_of_over);
+  const logged stage = count_overs(match.first_deliveries, 1, rates.innings_balls / balls_of_over);
   if (rates.innings_balls > 0) view.stage_overs = overs_from_balls(rates.innings_balls) + " Overs";
   view.score_now = fmt::format("{} are {}/{}", us, rates.score_runs, rates.score_wickets);
   view.score_then = fmt::format("{} were {}/{}", them, stage.runs, stage.wickets);

@@ -26,9 +26,9 @@ struct side_books {
   const bowling_card_table& bowling;
   const batting_card_table& batting;
   const batting_card_table& opposing;
-  std::string_view not_out;  ///< `how_out` of a man of this side who was not dismissed
+  dismissal not_out;  ///< `how` of a man of this side who was not dismissed
 
-  bool is_not_out(const batting_card_rec& line) const { return line.how_out == not_out; }
+  bool is_not_out(const batting_card_rec& line) const { return line.how == not_out; }
 };
 
 /// A career in its record of the file.
@@ -126,11 +126,15 @@ void add_batting(const career_in_file& to, const batting_card_rec& line, bool no
   add_high_score(career, line, not_out, opponent);
 }
 
-void add_fielding(const career_in_file& to, const batting_card_rec& line) {
+/// `fielders` are the men of the side that bowled at the batsman of the line.
+void add_fielding(const career_in_file& to, const batting_card_rec& line, const bowling_card_table& fielders) {
   career_rec& career = to.career;
-  if (equals_joined(line.fielder, " c ", career.name)) to.add(career.catches, 1, "catches");
-  if (equals_joined(line.how_out, " c && b ", career.name)) to.add(career.catches, 1, "catches");
-  if (equals_joined(line.fielder, " st ", career.name)) to.add(career.stumpings, 1, "stumpings");
+  if (line.fielder_position == 0 || fielders[line.fielder_position].name != career.name) return;
+  if (line.how == dismissal::stumped) {
+    to.add(career.stumpings, 1, "stumpings");
+  } else {
+    to.add(career.catches, 1, "catches");
+  }
 }
 
 void add_match(const std::filesystem::path& file, career_team_rec& team, long record, const side_books& books) {
@@ -141,7 +145,7 @@ void add_match(const std::filesystem::path& file, career_team_rec& team, long re
       const batting_card_rec& batting = books.batting[j];
       if (books.bowling[j].name == name) add_bowling(to, books.bowling[j], books.opponent);
       if (batting.name == name) add_batting(to, batting, books.is_not_out(batting), books.opponent);
-      add_fielding(to, books.opposing[j]);
+      add_fielding(to, books.opposing[j], books.bowling);
     }
   }
 }
@@ -167,12 +171,12 @@ slot_file whole_careers(open_database& data) {
 /// Adds the match to the career file, whose careers these are.
 void add_match(const match_state& match, open_database& data, slot_file& file, career_table& table) {
   // The end of an innings writes "not out" into the first innings only.
-  update_side(
-      data, table,
-      {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card, match.first_batting_card, ""});
+  update_side(data, table,
+              {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card,
+               match.first_batting_card, dismissal::none});
   update_side(data, table,
               {match.team2_name, match.team1_name, match.bowling_card, match.first_batting_card, match.batting_card,
-               "not out"});
+               dismissal::not_out});
   put_careers(file, table);
 }
 
@@ -212,6 +216,9 @@ void match_update::run() {
   }
 }
 
-void update_career_and_records(const match_state& match, open_database& data) { match_update(match, data).run(); }
+void update_career_and_records(const match_state& match, open_database& data) {
+  bool added = false;
+  match_update(match, data, added).run();
+}
 
 }  // namespace velorin

@@ -23,7 +23,9 @@ void update_records(const match_state& match, open_database& data);
 /// Both, as the end of a match does it; what has failed may be tried again.
 class match_update {
  public:
-  match_update(const match_state& match, open_database& data) : match_(match), data_(data) {}
+  /// `added` is set once the files have the match; it outlives the update.
+  match_update(const match_state& match, open_database& data, bool& added)
+      : added_(added), match_(match), data_(data) {}
 
   /// Adds the match to both. Requires, reads and raises as they do, and refuses files that do not belong together
   /// (file). Neither file is replaced before the new content of both is written: a failure leaves both as they were or,
@@ -33,7 +35,7 @@ class match_update {
   void run();
 
  private:
-  bool added_ = false;  ///< by an earlier run, which then failed
+  bool& added_;  ///< by an earlier run, which then failed
   const match_state& match_;
   open_database& data_;
 };

@@ -31,7 +31,7 @@ void insert_line(std::array<Line, n>& list, const Line& entry, Beats beats) {
 }
 
 void update_top_scores(const match_state& match, top_score_list& list, const batting_card_table& card,
-                       const std::string& team, const std::string& against, std::string_view not_out) {
+                       const std::string& team, const std::string& against, dismissal not_out) {
   for (int j = 1; j <= men_in_eleven; ++j) {
     const batting_card_rec& man = card[j];
     insert_line(list,
@@ -41,7 +41,7 @@ void update_top_scores(const match_state& match, top_score_list& list, const bat
                               .team = team,
                               .against = against,
                               .venue = match.venue_name(),
-                              .not_out = man.how_out == not_out ? flag_true : 0},
+                              .not_out = man.how == not_out ? flag_true : 0},
                 [&](const top_score_rec& line) { return line.runs < man.runs; });
   }
 }
@@ -222,8 +222,8 @@ slot_file whole_records(open_database& data) {
 void add_match_to_records(const match_state& match, open_database& data, slot_file& file, record_lists& lists) {
   const std::string& chasing = match.team1_name;
   const std::string& setting = match.team2_name;
-  update_top_scores(match, lists.top_scores, match.batting_card, chasing, setting, "");
-  update_top_scores(match, lists.top_scores, match.first_batting_card, setting, chasing, "not out");
+  update_top_scores(match, lists.top_scores, match.batting_card, chasing, setting, dismissal::none);
+  update_top_scores(match, lists.top_scores, match.first_batting_card, setting, chasing, dismissal::not_out);
   update_top_bowling(match, lists.top_bowling, match.bowling_card, setting, chasing);
   update_top_bowling(match, lists.top_bowling, match.first_bowling_card, chasing, setting);
   update_highest_totals(match, data, lists.highest_totals);

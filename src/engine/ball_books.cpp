@@ -33,53 +33,68 @@ constexpr std::array<counter, 7> counters = {{{&batting_card_rec::dots, "batting
                                               {&batting_card_rec::sixes, "batting_card.sixes"},
                                               {&batting_card_rec::sixes, "batting_card.sixes"}}};
 
-/// How a batsman can be out. A ball that the keeper takes is a stumping off a spinner and a catch off another.
-enum class dismissal : std::uint8_t { bowled, caught_behind, run_out, by_the_keeper, caught_in_the_field, leg_before };
+/// What the draw decides. A ball that the keeper takes is a stumping off a spinner and a catch off another.
+enum class fate : std::uint8_t { bowled, caught_behind, run_out, by_the_keeper, caught_in_the_field, leg_before };
 
-/// A kind of dismissal and the last of the draws that bring it; they begin behind those of the kind before.
-struct dismissal_share {
-  dismissal kind;
+/// A fate and the last of the draws that bring it; they begin behind those of the kind before.
+struct fate_share {
+  fate kind;
   int last_draw;
 };
 
 /// In rising order of the draws, of which the last kind ends the scale.
-constexpr std::array<dismissal_share, 6> dismissals = {{{dismissal::bowled, 11},
-                                                        {dismissal::caught_behind, 30},
-                                                        {dismissal::run_out, 40},
-                                                        {dismissal::by_the_keeper, 45},
-                                                        {dismissal::caught_in_the_field, 100},
-                                                        {dismissal::leg_before, 110}}};
+constexpr std::array<fate_share, 6> fates = {{{fate::bowled, 11},
+                                              {fate::caught_behind, 30},
+                                              {fate::run_out, 40},
+                                              {fate::by_the_keeper, 45},
+                                              {fate::caught_in_the_field, 100},
+                                              {fate::leg_before, 110}}};
 
-dismissal draw_dismissal(random_source& chance) {
-  const int draw = die(chance, dismissals.back().last_draw);
-  return std::find_if(dismissals.begin(), dismissals.end(),
-                      [draw](const dismissal_share& share) { return draw <= share.last_draw; })
+fate draw_fate(random_source& chance) {
+  const int draw = die(chance, fates.back().last_draw);
+  return std::find_if(fates.begin(), fates.end(), [draw](const fate_share& share) { return draw <= share.last_draw; })
       ->kind;
 }
 
-/// The keeper's name: of several the man of the highest position counts. nullptr without one.
-const std::string* keeper_name(const match_state& match) {
+/// The keeper's position: of several the highest counts. 0 without one.
+int keeper(const match_state& match) {
   for (int i = men_in_eleven; i >= 1; --i) {
-    if (match.bowling_xi[i].is_keeper != 0) return &match.bowling_xi[i].name;
+    if (match.bowling_xi[i].is_keeper != 0) return i;
   }
-  return nullptr;
+  return 0;
 }
 
-void caught_behind(const match_state& match, batting_card_rec& out, const player_rec& bowler, const char* how) {
-  out.how_out = " b " + bowler.name;
-  if (const std::string* keeper = keeper_name(match)) out.fielder = how + *keeper;
+/// Writes on the card who took the batsman: `how` and `words` tell of it.
+void taken_by(const match_state& match, batting_card_rec& out, int position, dismissal how, const char* words) {
+  out.how = how;
+  out.fielder_position = static_cast<std::uint8_t>(position);
+  out.fielder = words + match.bowling_xi[position].name;
+}
+
+/// Without a keeper nobody is named.
+void taken_behind(const match_state& match, batting_card_rec& out, dismissal how, const char* words) {
+  out.how = how;
+  out.how_out = " b " + match.bowling_xi[match.bowler].name;
+  if (const int position = keeper(match); position != 0) taken_by(match, out, position, how, words);
+}
+
+void taken_by_nobody(batting_card_rec& out, dismissal how) {
+  out.how = how;
+  out.fielder_position = 0;
+  out.fielder.clear();
 }
 
 void caught_in_the_field(const match_state& match, random_source& chance, batting_card_rec& out,
-                         const player_rec& bowler) {
+                         const std::string& bowler) {
   const int catcher = die(chance, men_in_eleven);
   if (catcher == match.bowler) {
-    out.how_out = " c && b " + bowler.name;
-    out.fielder.clear();
+    taken_by_nobody(out, dismissal::caught_and_bowled);
+    out.fielder_position = static_cast<std::uint8_t>(catcher);
+    out.how_out = " c && b " + bowler;
     return;
   }
-  out.how_out = " b " + bowler.name;
-  out.fielder = " c " + match.bowling_xi[catcher].name;
+  out.how_out = " b " + bowler;
+  taken_by(match, out, catcher, dismissal::caught, " c ");
 }
 
 }  // namespace
@@ -114,32 +129,40 @@ void record_fall_of_wicket(match_state& match) {
   book_as(fall.partner_balls, fall.balls - before.balls, "fall_of_wicket.partner_balls", striker);
 }
 
-void record_dismissal(match_state& match, random_source& chance, bool& run_out) {
+void record_dismissal(match_state& match, random_source& chance, delivery& ball) {
   batting_card_rec& out = match.batting_card[match.striker];
   const player_rec& bowler = match.bowling_xi[match.bowler];
-  switch (draw_dismissal(chance)) {
-    case dismissal::bowled:
+  switch (draw_fate(chance)) {
+    case fate::bowled:
+      taken_by_nobody(out, dismissal::bowled);
       out.how_out = " b " + bowler.name;
-      out.fielder.clear();
       break;
-    case dismissal::caught_behind:
-      caught_behind(match, out, bowler, " c ");
+    case fate::caught_behind:
+      taken_behind(match, out, dismissal::caught, " c ");
       break;
-    case dismissal::run_out:
-      out.how_out = " run out (" + match.bowling_xi[die(chance, men_in_eleven)].name + ")";
-      run_out = true;
+    case fate::run_out:
+      ball.fielder = static_cast<std::uint8_t>(die(chance, men_in_eleven));
+      out.how = dismissal::run_out;
+      out.fielder_position = 0;
+      out.how_out = " run out (" + match.bowling_xi[ball.fielder].name + ")";
       break;
-    case dismissal::by_the_keeper:
-      caught_behind(match, out, bowler, bowler.bowler_type == "spinner" ? " st " : " c ");
+    case fate::by_the_keeper:
+      if (bowler.bowler_type == "spinner") {
+        taken_behind(match, out, dismissal::stumped, " st ");
+      } else {
+        taken_behind(match, out, dismissal::caught, " c ");
+      }
       break;
-    case dismissal::caught_in_the_field:
-      caught_in_the_field(match, chance, out, bowler);
+    case fate::caught_in_the_field:
+      caught_in_the_field(match, chance, out, bowler.name);
       break;
-    case dismissal::leg_before:
+    case fate::leg_before:
+      taken_by_nobody(out, dismissal::leg_before);
       out.how_out = " lbw " + bowler.name;
-      out.fielder.clear();
       break;
   }
+  ball.how = out.how;
+  if (out.how != dismissal::run_out) ball.fielder = out.fielder_position;
 }
 
 }  // namespace velorin

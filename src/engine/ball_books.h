@@ -5,9 +5,9 @@
 
 namespace velorin {
 
+struct delivery;
 struct match_state;
 class random_source;
-class front_end;
 struct open_database;
 
 /// Reads the two elevens of the selection into batting_xi and bowling_xi. A missing or short file leaves empty records.
@@ -22,12 +22,12 @@ void record_runs(match_state& match);
 /// not yet in innings_balls.
 void record_fall_of_wicket(match_state& match);
 
-/// Draws how the striker was out and writes how_out and fielder of his card. Draws one number, a second one for a run
-/// out and for a catch in the field. Sets `run_out` if it was one; it is left alone otherwise.
-void record_dismissal(match_state& match, random_source& chance, bool& run_out);
+/// Draws how the striker was out, and writes it and who had part in it on his card and into the delivery. Draws one
+/// number, a second one for a run out and for a catch in the field.
+void record_dismissal(match_state& match, random_source& chance, delivery& ball);
 
-/// Announces milestones that have not been announced in this match: a message each when a human is involved. Changes
-/// the achievement lists. Raises run_time_error (subscript) when a list is full.
-void check_milestones(match_state& match, front_end& user);
+/// Enters milestones that have not been announced in this match in the achievement lists; when a human is involved,
+/// with a message each behind the announcements of the match. Raises run_time_error (subscript) when a list is full.
+void check_milestones(match_state& match);
 
 }  // namespace velorin

@@ -12,6 +12,10 @@ bool console_form::closed() const { return !play_.match.console_open; }
 
 void console_form::bowl_next_over() { next_over(play_); }
 
+bool console_form::has_over_in_play() const {
+  return play_.match.next_step != play_step::between_overs && play_.match.next_step != play_step::closed;
+}
+
 void console_form::show_scorecard() { play_.user.open(report::scorecard); }
 
 void console_form::change_bowler() {
@@ -54,11 +58,12 @@ void console_form::show_higher_batsman_profile() {
 
 void console_form::show_overs_graph() { play_.user.open(report::overs_graph); }
 
-void console_form::browse_over(int over) {
-  if (over < 1 || over > play_.match.browser_maximum) return;
-  play_.match.browsed_over = over;
-  for (int slot = 1; slot <= balls_of_over; ++slot)
-    play_.match.over_symbols[slot - 1] = play_.match.ball_log[over][slot];
+void console_form::browse_over(int over) { show_past_over(play_.match, over); }
+
+void show_past_over(match_state& match, int over) {
+  if (over < 1 || over > match.browser_maximum) return;
+  match.browsed_over = over;
+  match.over_on_show = {over, false, false};
 }
 
 }  // namespace velorin

@@ -3,27 +3,14 @@
 
 #include <array>
 
+#include "model/delivery.h"
+
 // The statistical model of one delivery: the only judge of a ball.
 
 namespace velorin {
 
 struct match_state;
 class random_source;
-
-/// Codes of ball_outcome. 5 does not occur.
-enum outcome : int {
-  dot_ball = 0,
-  one_run = 1,
-  two_runs = 2,
-  three_runs = 3,
-  four_runs = 4,
-  six_runs = 6,
-  wicket = 7,
-  no_ball = 8,
-  wide_ball = 9,
-  leg_byes = 10,
-  byes = 11,
-};
 
 /// Settles one delivery. Requires striker, non_striker, bowler, the elevens, the four conditions, both pairs of
 /// aggressions and the settled meter. Changes ball_outcome only. Draws, after reseeding from the clock, one number.

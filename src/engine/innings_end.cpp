@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/innings_end.h"
-
 #include <string>
 #include <utility>
 
@@ -8,11 +6,13 @@
 #include "database/career_update.h"
 #include "engine/match_reset.h"
 #include "engine/over_play.h"
+#include "engine/play_steps.h"
 #include "model/booking.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
+#include "reports/worm_graph.h"
 #include "ui/front_end.h"
 #include "ui/match_play.h"
 #include "ui/saving.h"
@@ -23,6 +23,7 @@ namespace {
 
 /// Winner, loser and margin; empty names for a tie.
 struct verdict {
+  match_decision decided;
   std::string winner;
   std::string loser;
   std::string margin;
@@ -35,56 +36,43 @@ double delta_over_fifty(const match_state& match) {
   return (match.first_total - match.score_runs) / double{overs_of_innings};
 }
 
-void conclude(const match_play& play, const verdict& outcome) {
-  play.match.result_ground = play.match.venue_name();
-  play.match.result_winner = outcome.winner;
-  play.match.result_loser = outcome.loser;
-  play.match.result_margin = outcome.margin;
-  play.match.rate_first = {play.match.team2_name, outcome.first_delta};
-  play.match.rate_second = {play.match.team1_name, outcome.first_delta == 0 ? 0 : -outcome.first_delta};
-  play.user.show(message_box{"End of Match", outcome.message});
-  play.user.open(report::scorecard);
-  finish_match(play);
-  play.match.innings_changed = true;
-}
+bool is_closed(const match_state& match) { return match.innings_balls == balls_of_innings || match.innings_over_flag; }
 
-void conclude_closed_innings(const match_play& play) {
-  if (play.match.score_runs == play.match.first_total) {
-    conclude(play, {"", "", "Match tied.", "The match was a tie.", delta_over_fifty(play.match)});
-    return;
+verdict verdict_on_closed_innings(const match_state& match) {
+  if (match.score_runs == match.first_total) {
+    return {match_decision::tie, "", "", "Match tied.", "The match was a tie.", delta_over_fifty(match)};
   }
-  const std::string runs = number_text(play.match.first_total - play.match.score_runs);
-  conclude(play, {play.match.team2_name, play.match.team1_name, "  won by  " + runs + "  runs",
-                  play.match.team2_name + "  wins by  " + runs + "  runs", delta_over_fifty(play.match)});
+  const std::string runs = number_text(match.first_total - match.score_runs);
+  return {match_decision::runs,
+          match.team2_name,
+          match.team1_name,
+          "  won by  " + runs + "  runs",
+          match.team2_name + "  wins by  " + runs + "  runs",
+          delta_over_fifty(match)};
 }
 
-void conclude_chase(const match_play& play) {
-  const std::string wickets = number_text(wickets_of_innings - play.match.score_wickets);
-  const double delta = play.match.first_total / double{overs_of_innings} -
-                       double{balls_of_over} * play.match.score_runs / play.match.innings_balls;
-  conclude(play, {play.match.team1_name, play.match.team2_name, "  won by  " + wickets + "  wickets ",
-                  play.match.team1_name + "   wins by  " + wickets + "  wickets ", delta});
+verdict verdict_on_chase(const match_state& match) {
+  const std::string wickets = number_text(wickets_of_innings - match.score_wickets);
+  const double delta =
+      match.first_total / double{overs_of_innings} - double{balls_of_over} * match.score_runs / match.innings_balls;
+  return {match_decision::wickets,
+          match.team1_name,
+          match.team2_name,
+          "  won by  " + wickets + "  wickets ",
+          match.team1_name + "   wins by  " + wickets + "  wickets ",
+          delta};
 }
 
-void end_innings(const match_play& play) {
-  play.match.innings_over_flag = false;
-  if (play.match.human_involved()) play.user.show(message_box{"End of Innings", "End of Innings"});
-  if (play.match.first_total != 0) {
-    conclude_closed_innings(play);
-    return;
-  }
-  book_as(play.match.innings_total, play.match.score_runs, "innings_total", play.match.team1_name);
-  play.match.innings_wickets = play.match.score_wickets;
-  play.user.open(report::scorecard);
-  change_innings(play);
+/// An innings that is closed is judged before a chase that has succeeded.
+verdict verdict_on(const match_state& match) {
+  return is_closed(match) ? verdict_on_closed_innings(match) : verdict_on_chase(match);
 }
 
 void store_commentary(match_state& match) {
-  if (match.ball_commentary.size() > most_stored_lines) {
+  if (has_too_many_lines(match.deliveries, overs_closed(match))) {
     throw run_time_error(failure::subscript, "Subscript out of range: the commentary has more than 1498 lines",
                          {.file = {}, .record = 0, .field = "commentary_store", .player = {}});
   }
-  std::swap(match.commentary_store, match.ball_commentary);
   match.commentary_stored = true;
 }
 
@@ -108,8 +96,10 @@ void record_unbroken_stand(match_state& match, int wickets, const eleven& men) {
 void swap_cards(match_state& match) {
   std::swap(match.batting_card, match.first_batting_card);
   if (match.innings_wickets < wickets_of_innings) {
-    match.first_batting_card[match.striker].how_out = "not out";
-    match.first_batting_card[match.non_striker].how_out = "not out";
+    for (const int position : {match.striker, match.non_striker}) {
+      match.first_batting_card[position].how = dismissal::not_out;
+      match.first_batting_card[position].how_out = "not out";
+    }
   }
   std::swap(match.bowling_card, match.first_bowling_card);
 }
@@ -118,10 +108,9 @@ void move_logs(match_state& match) {
   static const fall_of_wicket_table no_falls{};
   std::swap(match.first_fall_of_wicket, match.fall_of_wicket);
   match.fall_of_wicket = no_falls;
-  std::swap(match.first_ball_log, match.ball_log);
-  for (auto& over : match.ball_log) {
-    for (short_text& ball : over) ball.clear();
-  }
+  std::swap(match.first_deliveries, match.deliveries);
+  match.deliveries.clear();
+  match.over_on_show.of_innings_before = true;
 }
 
 void swap_totals(match_state& match) {
@@ -134,52 +123,71 @@ void swap_totals(match_state& match) {
   std::swap(match.innings_leg_byes, match.first_leg_byes);
 }
 
+}  // namespace
+
+play_step judge_innings(const match_state& match) {
+  if (is_closed(match)) return match.human_involved() ? play_step::innings_end_told : play_step::innings_over;
+  if (match.first_total != 0 && match.score_runs > match.first_total) return play_step::match_end_told;
+  return play_step::milestones;
+}
+
+play_step close_innings(match_state& match) {
+  if (match.first_total != 0) return play_step::match_end_told;
+  match.innings_over_flag = false;
+  book_as(match.innings_total, match.score_runs, "innings_total", match.team1_name);
+  match.innings_wickets = match.score_wickets;
+  return play_step::innings_card_shown;
+}
+
+void conclude(match_state& match) {
+  const verdict outcome = verdict_on(match);
+  match.result_ground = match.venue_name();
+  match.decided = outcome.decided;
+  match.result_winner = outcome.winner;
+  match.result_loser = outcome.loser;
+  match.result_margin = outcome.margin;
+  match.rate_first = {match.team2_name, outcome.first_delta};
+  match.rate_second = {match.team1_name, outcome.first_delta == 0 ? 0 : -outcome.first_delta};
+}
+
+void tell_match_end(const match_state& match, front_end& user) {
+  user.show(message_box{"End of Match", verdict_on(match).message});
+}
+
+void change_innings(match_state& match) {
+  store_commentary(match);
+  keep_worms(match);
+  swap_sides(match);
+  swap_cards(match);
+  record_unbroken_stand(match, match.innings_wickets, match.bowling_xi);
+  move_logs(match);
+  swap_totals(match);
+  prepare_chase_display(match);
+  book(match.innings_number, 1, "innings_number", match.team1_name);
+  static_cast<match_known_achievements&>(match) = {};
+  match.over_no = 1;
+  name_openers(match);
+  name_bowlers(match);
+  match.bowler = match.next_bowler = match.striker = match.non_striker = 0;
+}
+
+void close_books(match_state& match) {
+  record_unbroken_stand(match, match.score_wickets, match.batting_xi);
+  keep_worms(match);
+}
+
 void save_match(const match_play& play) {
-  match_update update(play.match, play.data);
+  match_update update(play.match, play.data, play.match.update_added);
   saved(play.user, "If you go on without saving, this match is missing from the careers and records.",
         [&] { update.run(); });
 }
 
-void open_second_innings(const match_play& play) {
-  play.match.over_no = 1;
-  name_openers(play.match);
-  name_bowlers(play.match);
-  play.match.bowler = play.match.next_bowler = play.match.striker = play.match.non_striker = 0;
-  pick_opening_bowlers(play);
-  pick_openers(play.match, play.user);
-  name_openers(play.match);
-  refresh_batsmen(play.match);
-  name_bowlers(play.match);
-}
-
-}  // namespace
-
-void end_of_ball_check(const match_play& play) {
-  if (play.match.innings_balls == balls_of_innings || play.match.innings_over_flag) end_innings(play);
-  if (play.match.first_total != 0 && play.match.score_runs > play.match.first_total) conclude_chase(play);
-}
-
-void change_innings(const match_play& play) {
-  store_commentary(play.match);
-  swap_sides(play.match);
-  swap_cards(play.match);
-  record_unbroken_stand(play.match, play.match.innings_wickets, play.match.bowling_xi);
-  move_logs(play.match);
-  swap_totals(play.match);
-  prepare_chase_display(play.match);
-  book(play.match.innings_number, 1, "innings_number", play.match.team1_name);
-  static_cast<match_known_achievements&>(play.match) = {};
-  open_second_innings(play);
-  play.match.innings_changed = true;
-}
-
-void finish_match(const match_play& play) {
-  record_unbroken_stand(play.match, play.match.score_wickets, play.match.batting_xi);
-  save_match(play);
-  play.match.score_runs = 0;
-  play.match.score_wickets = 0;
-  if (play.match.human_involved()) play.match.console_open = false;
-  reset_match(play.match);
+play_step close_match(match_state& match) {
+  match.score_runs = 0;
+  match.score_wickets = 0;
+  if (match.human_involved()) match.console_open = false;
+  reset_match(match);
+  return play_step::closed;
 }
 
 }  // namespace velorin

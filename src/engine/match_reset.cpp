@@ -14,7 +14,6 @@ namespace {
 // Clearing in place keeps the memory that texts and lists have, and writes no more than it has to.
 
 void clear(std::string& text) { text.clear(); }
-void clear(short_text& text) { text.clear(); }
 
 void clear(player_rec& man) {
   man.name.clear();
@@ -37,6 +36,8 @@ void clear(batting_card_rec& line) {
        {&line.runs, &line.balls, &line.fours, &line.sixes, &line.twos, &line.threes, &line.singles, &line.dots}) {
     *figure = 0;
   }
+  line.how = dismissal::none;
+  line.fielder_position = 0;
   for (std::string* text : {&line.name, &line.how_out, &line.fielder}) text->clear();
 }
 
@@ -78,9 +79,8 @@ void clear(match_books& books) {
   clear(books.first_bowling_card);
   clear(books.fall_of_wicket);
   clear(books.first_fall_of_wicket);
-  clear(books.ball_log);
-  clear(books.first_ball_log);
-  books.commentary_store.clear();
+  books.deliveries.clear();
+  books.first_deliveries.clear();
   books.commentary_stored = false;
 }
 
@@ -116,6 +116,7 @@ void clear(match_set_up& set_up) {
 void reset_match(match_state& match) {
   clear(static_cast<match_sides&>(match));
   static_cast<match_position&>(match) = {};
+  static_cast<match_play_place&>(match) = {};
   static_cast<match_totals&>(match) = {};
   clear(static_cast<match_books&>(match));
   clear(static_cast<match_achievements&>(match));

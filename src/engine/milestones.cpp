@@ -4,13 +4,13 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "engine/ball_books.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
-#include "ui/front_end.h"
 
 namespace velorin {
 
@@ -37,19 +37,22 @@ struct milestone {
   const char* words;
 };
 
-void announce_batsman(front_end& user, const batting_card_rec& man, const char* gap, const char* words) {
-  user.show(message_box{man.name + " - Batting achievement",
-                        man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + words});
+void announce(match_state& match, std::string title, std::string text) {
+  if (match.human_involved()) match.announcements.push_back({std::move(title), std::move(text)});
+}
+
+void announce_batsman(match_state& match, const batting_card_rec& man, const char* gap, const char* words) {
+  announce(match, man.name + " - Batting achievement",
+           man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + words);
 }
 
 /// Steps 1 to 4 for one of the two batsmen. True if he has reached the milestone of the step.
-bool check_batsman(match_state& match, front_end& user, int step, const milestone& reached, int position,
-                   const char* gap) {
+bool check_batsman(match_state& match, int step, const milestone& reached, int position, const char* gap) {
   const batting_card_rec& man = match.batting_card[position];
   if (man.runs < reached.runs) return false;
   std::uint8_t& known = match.batting_step[position];
   if (known >= step) return true;
-  if (enter(reached.list, man.name) && match.human_involved()) announce_batsman(user, man, gap, reached.words);
+  if (enter(reached.list, man.name)) announce_batsman(match, man, gap, reached.words);
   // A man without a name is never found on a list, and so never known.
   if (!man.name.empty()) known = static_cast<std::uint8_t>(step);
   return true;
@@ -60,7 +63,7 @@ bool is_due(const match_state& match, int position) {
   return std::min(match.batting_card[position].runs / half_century, 4) > match.batting_step[position];
 }
 
-void check_batsmen(match_state& match, front_end& user) {
+void check_batsmen(match_state& match) {
   if (!is_due(match, match.striker) && !is_due(match, match.non_striker)) return;
   const milestone milestones[] = {
       {half_century, match.fifty_list, ")  has reached his fifty "},
@@ -69,23 +72,23 @@ void check_batsmen(match_state& match, front_end& user) {
       {2 * century, match.double_century_list, ")  has reached his Double century! "},
   };
   for (int step = 1; step <= 4; ++step) {
-    const bool striker = check_batsman(match, user, step, milestones[step - 1], match.striker, "  ");
-    const bool non_striker = check_batsman(match, user, step, milestones[step - 1], match.non_striker, " ");
+    const bool striker = check_batsman(match, step, milestones[step - 1], match.striker, "  ");
+    const bool non_striker = check_batsman(match, step, milestones[step - 1], match.non_striker, " ");
     if (!striker && !non_striker) return;  // the higher ones are further away
   }
 }
 
-void check_bowler(match_state& match, front_end& user) {
+void check_bowler(match_state& match) {
   const bowling_card_rec& man = match.bowling_card[match.bowler];
   std::uint8_t& known = match.five_wicket_step[match.bowler];
   if (man.wickets < five_wicket_haul || known != 0) return;
-  if (enter(match.five_wicket_list, man.name) && match.human_involved()) {
-    user.show(message_box{man.name + " - Bowling achievement", man.name + " has taken a Five Wicket Haul! "});
+  if (enter(match.five_wicket_list, man.name)) {
+    announce(match, man.name + " - Bowling achievement", man.name + " has taken a Five Wicket Haul! ");
   }
   if (!man.name.empty()) known = 1;
 }
 
-void enter_stand(match_state& match, front_end& user, int stand) {
+void enter_stand(match_state& match, int stand) {
   const milestone milestones[] = {
       {half_century, match.stand50_list, "Fifty"},
       {century, match.stand100_list, "Hundred"},
@@ -100,30 +103,30 @@ void enter_stand(match_state& match, front_end& user, int stand) {
   for (int step = 1; step <= 6 && stand >= milestones[step - 1].runs; ++step) {
     if (match.stand_step >= step) continue;
     const milestone& reached = milestones[step - 1];
-    if (enter(reached.list, lower, higher) && match.human_involved()) {
-      user.show(message_box{" Partnership",
-                            lower + " & " + higher + " have put on a " + reached.words + " run partnership! "});
+    if (enter(reached.list, lower, higher)) {
+      announce(match, " Partnership",
+               lower + " & " + higher + " have put on a " + reached.words + " run partnership! ");
     }
     if (named) match.stand_step = static_cast<std::uint8_t>(step);
   }
 }
 
-void check_stand(match_state& match, front_end& user) {
+void check_stand(match_state& match) {
   const stand_key stand_of = {match.score_wickets, match.lower_batsman(), match.higher_batsman()};
   if (match.stand_of != stand_of) {
     match.stand_of = stand_of;
     match.stand_step = 0;
   }
   const int stand = match.score_runs - match.fall_of_wicket[match.score_wickets].score;
-  if (stand >= half_century * (match.stand_step + 1) && match.stand_step < 6) enter_stand(match, user, stand);
+  if (stand >= half_century * (match.stand_step + 1) && match.stand_step < 6) enter_stand(match, stand);
 }
 
 }  // namespace
 
-void check_milestones(match_state& match, front_end& user) {
-  check_batsmen(match, user);
-  check_bowler(match, user);
-  check_stand(match, user);
+void check_milestones(match_state& match) {
+  check_batsmen(match);
+  check_bowler(match);
+  check_stand(match);
 }
 
 }  // namespace velorin

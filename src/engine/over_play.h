@@ -18,31 +18,45 @@ class front_end;
 /// Raises run_time_error: a bowler not chosen (subscript), whatever play raises.
 void open_console(const match_play& play);
 
-/// Opens the console if it is not open, and plays the match to its end; with a human side shows the console, which is
-/// closed in the end. Requires, asks and raises what open_console() does.
-void play_match(const match_play& play);
-
-/// Bowls one over, or what is left of the innings. Requires an open console. Draws, for each ball, the delivery and
-/// what follows from it. Tells the front end of each ball. Raises run_time_error: a position that nobody fills or an
-/// over beyond the log's fifty (subscript), a figure beyond its width (overflow, with its field and whose it is), what
-/// the model, the books, the captains and the end of a match raise.
+/// Bowls one over, or what is left of the innings; an over that was left at a ball is gone on with. Requires an open
+/// console. Draws, for each ball, the delivery and what follows from it. Tells the front end of each ball. Raises
+/// run_time_error: a position that nobody fills or an over beyond the log's fifty (subscript), a figure beyond its
+/// width (overflow, with its field and whose it is), what the model, the books, the captains and the end of a match
+/// raise.
 void next_over(const match_play& play);
 
-/// Asks a human captain for the two opening bowlers, or lets the computer choose them.
-void pick_opening_bowlers(const match_play& play);
-/// Asks a human captain for the two openers, or lets the computer choose them; sets the batting aggressions.
-void pick_openers(match_state& match, front_end& user);
+/// Plays the match that the set-up left: opens the console and, with a human side, shows it until the match is over.
+/// Draws and raises as open_console() and next_over().
+void play_match(const match_play& play);
+/// Goes on with a match that was left at any point of play, as a copy of it stands: the question that was open is asked
+/// again. Returns and raises as play_match(). Nothing happens where no match is in play.
+void resume_play(const match_play& play);
+
+/// Takes the match out of play wherever it stands: its deliveries go, nobody is asked any more. The books stay.
+void leave_play(match_state& match);
+
+/// A side of the match in play.
+enum class match_side { batting, bowling };
+/// Gives a side to the computer or to a human captain, at any step of play. What the computer needs of the innings so
+/// far is made up for; nothing is drawn. An unattended match that gets a human captain asks him from then on. Raises
+/// run_time_error (type, overflow): an economy rate with which the bowlers cannot be ranked; nothing is changed then.
+void set_captain(match_state& match, match_side side, bool computer);
+
 /// Copies the names of positions 1 and 2 of batting_xi to the batting card.
 void name_openers(match_state& match);
 /// Copies the names of all eleven of bowling_xi to the bowling card.
 void name_bowlers(match_state& match);
+/// Shows an over that is over, 1 to the number of overs completed. Other values are left alone.
+void show_past_over(match_state& match, int over);
 
 /// The console's form: its buttons. The values it shows are in the match.
 struct console_form {
   explicit console_form(const match_play& play) : play_(play) {}
 
-  /// "Next Over".
+  /// "Next Over"; goes on with an over that was left at a ball.
   void bowl_next_over();
+  /// An over, or what follows on it, has been left on the way: bowl_next_over() goes on with it.
+  bool has_over_in_play() const;
   /// The scorecard.
   void show_scorecard();
   /// Changes the bowler; only while a human bowls.

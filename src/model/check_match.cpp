@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/check_match.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include <fmt/format.h>
 
+#include "model/innings_log.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 
@@ -32,7 +34,7 @@ std::string check_batting(const match_state& match, card_sums& sums) {
     if (man.name.empty() && man.balls != 0) return fmt::format("batting_card {}: balls without a name", i);
     sums.runs += man.runs;
     sums.balls += man.balls;
-    sums.run_outs += man.how_out.starts_with(" run out (") ? 1 : 0;
+    sums.run_outs += man.how == dismissal::run_out ? 1 : 0;
   }
   return {};
 }
@@ -60,8 +62,9 @@ std::string check_bowling(const match_state& match, const card_sums& batting) {
 
 /// Nobody begins an over with ten behind him; within one he may pass his sixty balls.
 std::string check_quota(const match_state& match) {
-  const int this_over = match.innings_balls - match.ball_commentary.balls_at_last_over();
-  const int before = match.bowling_card[match.bowler].balls - this_over;
+  const auto over = deliveries_of_over(match.deliveries, match.over_no);
+  const auto this_over = std::count_if(over.begin(), over.end(), [](const delivery& ball) { return ball.counted; });
+  const auto before = match.bowling_card[match.bowler].balls - this_over;
   if (before >= balls_of_quota) {
     return fmt::format("bowling_card {}: began an over with {} balls", int(match.bowler), before);
   }
@@ -116,7 +119,10 @@ std::string check_console(const match_state& match) {
     const double meter = match.settled_meter[slot];
     if (meter < 0 || meter > full_meter) return fmt::format("settled_meter {} in slot {}", meter, slot);
   }
-  if (match.commentary_store.size() > most_stored_lines) return "commentary_store runs past its 1500 places";
+  const told_innings before = innings_before(match);
+  if (count_lines(before.deliveries, before.overs_closed) > most_stored_lines) {
+    return "commentary_store runs past its 1500 places";
+  }
   return {};
 }
 

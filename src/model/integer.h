@@ -19,7 +19,7 @@ class integer {
   constexpr integer() = default;
 
   template <std::integral T>
-  constexpr integer(T value) {  // NOLINT(google-explicit-constructor)
+  constexpr integer(T value) {  // NOLINT(google-explicit-constructor): as its number
     if constexpr (std::same_as<T, unsigned long> || std::same_as<T, unsigned long long>) {
       if (value > 0x7FFF) [[unlikely]] {
         detail::raise_integer_overflow(static_cast<unsigned long long>(value));
@@ -31,7 +31,7 @@ class integer {
   template <std::floating_point T>
   integer(T) = delete;
 
-  constexpr operator int() const { return value_; }  // NOLINT(google-explicit-constructor)
+  constexpr operator int() const { return value_; }  // NOLINT(google-explicit-constructor): as its number
 
   constexpr integer& operator+=(int change) {
     value_ = checked(static_cast<long long>(value_) + change);

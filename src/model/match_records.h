@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
+#include "model/delivery.h"
 #include "model/integer.h"
 #include "model/rules.h"
-#include "model/short_text.h"
 
 // The plain records of a match. Texts are single bytes of Windows-1252. Arrays that start at 1 keep their unused
 // element 0.
@@ -46,13 +46,14 @@ class reserved_texts {
 
   /// Gives the memory back if all texts are empty.
   void settle() {
-    if (held_ && *held_ == texts()) held_.reset();
+    if (held_ && *held_ == none()) held_.reset();
   }
 
  private:
-  const texts& all() const {
-    static const texts none;
-    return held_ ? *held_ : none;
+  const texts& all() const { return held_ ? *held_ : none(); }
+  static const texts& none() {
+    static const texts six;
+    return six;
   }
   texts& filled() {
     if (!held_) held_ = std::make_unique<texts>();
@@ -106,9 +107,11 @@ struct batting_card_rec {
   integer twos;
   integer threes;
   integer singles;
-  integer dots;         ///< balls without a run off the bat: leg byes, byes and the ball of a dismissal count
-  std::string how_out;  ///< the bowler's part of the dismissal, or "not out"
-  std::string fielder;  ///< the catcher's part of the dismissal, or empty
+  integer dots;  ///< balls without a run off the bat: leg byes, byes and the ball of a dismissal count
+  dismissal how = dismissal::none;
+  std::uint8_t fielder_position = 0;  ///< of the man who caught or stumped him, 0 nobody; a run out has none
+  std::string how_out;                ///< as cards show it: the bowler's part of the dismissal, or "not out"
+  std::string fielder;                ///< likewise the catcher's part, or empty
 };
 
 /// One bowler's line of an innings.
@@ -151,7 +154,5 @@ using bowling_card_table = std::array<bowling_card_rec, men_in_eleven + 1>;     
 using fall_of_wicket_table = std::array<fall_of_wicket_rec, wickets_of_innings + 1>;  // 0..10
 using eleven = std::array<player_rec, men_in_eleven + 1>;                             // 1..11
 using squad = std::array<player_rec, men_in_squad + 1>;                               // 1..20
-using ball_log_table =
-    std::array<std::array<short_text, balls_of_over + 2>, overs_of_innings + 1>;  // over 1..50, slot 1..7
 
 }  // namespace velorin

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "model/commentary.h"
+#include "model/delivery.h"
 #include "model/match_records.h"
 #include "model/rules.h"
 
@@ -41,6 +42,61 @@ struct match_position {
   integer clock_minutes;           ///< time of day of the match in minutes
 };
 
+/// What play does next. A step that asks is left when it is answered, so that a copy of the match taken while somebody
+/// is asked asks him again.
+enum class play_step : std::uint8_t {
+  closed,                 ///< no match is in play
+  opening_bowlers,        ///< the computer's two, or a human captain's first
+  second_opening_bowler,  ///< asks
+  opening_bowlers_named,  ///< tells
+  openers,                ///< the computer's two, or a human captain's first
+  second_opener,          ///< asks
+  innings_opens,
+  between_overs,  ///< the next over is awaited
+  over_told,      ///< tells the progress of an unattended match
+  over_begins,
+  quota_told,    ///< tells that the bowler has bowled his overs
+  quota_choice,  ///< asks for another one
+  ball_bowled,   ///< the delivery and its outcome
+  wicket_told,   ///< shows the man who is out
+  next_batsman,  ///< asks, or lets the computer choose
+  ball_booked,
+  ball_told,         ///< tells of the ball
+  innings_judged,    ///< has the innings or the match ended with this ball?
+  innings_end_told,  ///< tells
+  innings_over,
+  innings_card_shown,  ///< shows the scorecard
+  innings_changes,
+  match_end_told,    ///< tells
+  match_card_shown,  ///< shows the scorecard
+  last_stand,
+  match_saved,  ///< careers and records; asks where that fails
+  match_closed,
+  unattended_over,  ///< tells that an unattended match is over
+  milestones,
+  milestone_told,  ///< tells, one after the other
+  ball_over,
+  over_ends,
+  change_told,  ///< tells of a new bowler
+  bowler_reviewed,
+};
+
+/// A message on its way to the user.
+struct announcement {
+  std::string title;
+  std::string text;
+};
+
+/// Where play itself stands: all of it that is not told by the books. From the opening of the console on.
+struct match_play_place {
+  play_step next_step = play_step::closed;
+  int ball_no = 1;            ///< 1 to 6: the place of the next ball in its over
+  int overs_begun = 0;        ///< of an unattended match, 0 to 100
+  bool attended = false;      ///< a human captained a side when the console was opened
+  bool update_added = false;  ///< careers and records have this match; their folder may want synchronising
+  std::vector<announcement> announcements;  ///< milestones that are still to be told
+};
+
 /// The fourteen innings totals: the current innings, then the other one. `first_total` 0 marks the first innings.
 struct match_totals {
   integer innings_total;    ///< filled at the end of the innings only
@@ -67,10 +123,9 @@ struct match_books {
   bowling_card_table first_bowling_card;
   fall_of_wicket_table fall_of_wicket;
   fall_of_wicket_table first_fall_of_wicket;
-  ball_log_table ball_log;  ///< slots 1..6 what each ball did, slot 7 the bowler's name
-  ball_log_table first_ball_log;
-  commentary_log commentary_store;  ///< the lines of the innings before this one, without the end marker
-  bool commentary_stored = false;   ///< the store has been filled and ends with its marker
+  delivery_list deliveries;        ///< of the innings in play, in order
+  delivery_list first_deliveries;  ///< of the innings before it
+  bool commentary_stored = false;  ///< an innings has ended: the store of its lines ends with its marker
 };
 
 /// Who has been congratulated for what, empty entries behind the last. Not cleared at the change of innings.
@@ -114,8 +169,26 @@ struct match_known_achievements {
   stand_key stand_of;                                              ///< the stand when the step was noted
 };
 
+/// A batsman's aggression as the computer chose it last, and all that it followed from: the choice for the same figures
+/// is the same.
+struct known_aggression {
+  double base = 0;
+  double strike_rate = 0;
+  int form = 0;
+  int bat_skill = 0;
+  int aggression = 0;  ///< 1 to 5; 0: nothing was chosen
+};
+
+struct match_known_aggressions {
+  std::array<known_aggression, 2> known_aggressions;  ///< by the batsmen's slots
+};
+
+/// How a match was decided.
+enum class match_decision : std::uint8_t { none, tie, runs, wickets, walkover };
+
 /// How the match ended. Outlives the reset: this is how a competition learns the outcome.
 struct match_result {
+  match_decision decided = match_decision::none;
   std::string result_ground;
   std::string result_winner;  ///< empty, like result_loser, on a tie
   std::string result_loser;
@@ -240,16 +313,23 @@ struct last_wicket_note {
   int score_runs = 0;      ///< the side's runs at that moment
 };
 
+/// The over whose balls the console shows.
+struct over_shown {
+  integer over;                    ///< 1..50; 0 for none
+  bool in_play = false;            ///< as it is bowled; else one that has been browsed
+  bool of_innings_before = false;  ///< the innings has changed since
+};
+
 /// The values that the console holds. A fresh one comes with each opening of the console.
 struct match_console {
-  int score_runs = 0;                                  ///< runs of the innings, wides and no balls left out
-  int score_wickets = 0;                               ///< 0..10
-  std::array<short_text, balls_of_over> over_symbols;  ///< [0..5] what each ball of the present over did
-  std::array<int, 2> batsman_aggression = {1, 2};      ///< 1..5; slot 0 the lower batting position at the crease
-  std::array<int, 2> bowling_aggression = {1, 2};      ///< 1..5; slot 0 the over being bowled
-  std::array<double, 2> settled_meter = {0, 0};        ///< 0..915, slots of the batsmen
-  commentary_log ball_commentary;                      ///< the lines of this innings
-  std::array<bowler_row, 11> bowler_list;              // rows 1..10 in the order in which the bowlers came on
+  int score_runs = 0;                              ///< runs of the innings, wides and no balls left out
+  int score_wickets = 0;                           ///< 0..10
+  over_shown over_on_show;                         ///< whose six balls the console shows
+  std::array<int, 2> batsman_aggression = {1, 2};  ///< 1..5; slot 0 the lower batting position at the crease
+  std::array<int, 2> bowling_aggression = {1, 2};  ///< 1..5; slot 0 the over being bowled
+  std::array<double, 2> settled_meter = {0, 0};    ///< 0..915, slots of the batsmen
+  std::array<bowler_row, 11> bowler_list;          // rows 1..10 in the order in which the bowlers came on
+  int bowler_row_in_use = 1;                       ///< of these, the one that was written last
   rate_figures rates;
   projection_text first_innings_projection;  ///< frozen at the change of innings
   std::array<integer, 2> opening_bowlers;    ///< positions of this innings' opening pair
@@ -269,11 +349,12 @@ struct worm_line {
   int score_runs = 0;                                ///< the score as last written
   int score_wickets = 0;                             ///< likewise
   bool score_set = false;                            ///< a score has been written
-  std::array<integer, overs_of_innings + 2> row{};   // 1..51, running score; row 1 is the over that opens the innings
+  std::array<int, overs_of_innings + 2> row{};       // 1..51, running score; row 1 is the over that opens the innings
   std::array<bool, overs_of_innings + 2> row_set{};  // rows written so far
 };
 
-/// The graph of running scores. Lives as long as the program runs: nothing resets it.
+/// The graph of running scores, as the innings before the one in play have left it. Lives as long as the program runs:
+/// nothing resets it.
 struct match_worms {
   bool loaded = false;
   std::array<worm_line, 2> worm;
@@ -281,19 +362,20 @@ struct match_worms {
 
 struct match_state : match_sides,
                      match_position,
+                     match_play_place,
                      match_totals,
                      match_books,
                      match_achievements,
                      match_known_achievements,
+                     match_known_aggressions,
                      match_conditions,
                      match_set_up,
                      match_bowler_pool,
                      match_console,
                      match_result,
                      match_worms {
-  bool innings_changed = false;  ///< the innings or match has just ended; the driver clears it as it leaves
-
-  bool human_involved() const { return !computer_bats || !computer_bowls; }
+  /// Somebody sits before the match, also while the computer captains both sides for him.
+  bool human_involved() const { return attended || !computer_bats || !computer_bowls; }
   const std::string& venue_name() const { return ground.ground_name; }
   /// Overs bowled in this innings, such as "49.5".
   std::string overs_text() const;
@@ -302,6 +384,18 @@ struct match_state : match_sides,
   int lower_batsman() const { return std::min(int(striker), int(non_striker)); }
   int higher_batsman() const { return std::max(int(striker), int(non_striker)); }
 };
+
+/// What each ball of the over on show did, [0..5].
+std::array<std::string, balls_of_over> over_symbols(const match_state& match);
+/// The name of the man who bowled an over of the innings in play; "" unless it has come to its end.
+std::string bowler_of_over(const match_state& match, int over);
+/// The number of the last over of the innings in play that has come to its end, 0 for none.
+int overs_closed(const match_state& match);
+
+/// The innings in play, for those who tell of its balls. Refers to the match.
+told_innings innings_in_play(const match_state& match);
+/// The innings before it, whose last over never comes to its end.
+told_innings innings_before(const match_state& match);
 
 /// The lines shown in the console's commentary box: this innings so far.
 std::vector<std::string> commentary_lines(const match_state& match);

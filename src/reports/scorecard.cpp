@@ -71,7 +71,7 @@ void scorecard_form::open() {
   fill_batsmen(*this, match_.batting_card);
   fill_total(*this, match_.score_runs, match_.score_wickets, match_.innings_balls, "(");
   for (int i = 1; i <= men_in_eleven; ++i) {
-    if (at_the_crease(match_, i) && match_.batting_card[i].how_out.empty()) how_out[i] = "  Not Out   ";
+    if (at_the_crease(match_, i) && match_.batting_card[i].how == dismissal::none) how_out[i] = "  Not Out   ";
   }
   extras_line = "Extras ( No Balls " + number_text(match_.innings_no_balls) + " Wides " +
                 number_text(match_.innings_wides) + " Leg Byes " + number_text(match_.innings_leg_byes) + " Byes " +
@@ -92,7 +92,7 @@ void scorecard_form::show_worm_graph(front_end& user) const { user.open(report::
 
 batsman_figures scorecard_form::details(int i) const {
   const batting_card_rec& card = match_.batting_card[i];
-  return details_of(card, card.how_out.empty() && at_the_crease(match_, i));
+  return details_of(card, card.how == dismissal::none && at_the_crease(match_, i));
 }
 
 void first_scorecard_form::open() {
@@ -113,7 +113,7 @@ void first_scorecard_form::show_partnerships(front_end& user) const { user.open(
 
 batsman_figures first_scorecard_form::details(int i) const {
   const batting_card_rec& card = match_.first_batting_card[i];
-  return details_of(card, card.how_out == "not out");
+  return details_of(card, card.how == dismissal::not_out);
 }
 
 }  // namespace velorin

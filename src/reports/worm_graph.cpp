@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "model/booking.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "model/texts.h"
@@ -25,21 +24,56 @@ std::vector<worm_point> points_of(const worm_line& line) {
   return points;
 }
 
-/// The last row that the match in play has written in this line, 0 for none.
-int last_row_of_match(const match_state& match, const worm_line& line) {
+/// The last row that the match in play has written in this line of `worms`, 0 for none.
+int last_row_of_match(const match_state& match, const match_worms& worms, const worm_line& line) {
   // Of two lines of one name the first is written.
-  if (&line != &match.worm[0] && line.team == match.worm[0].team) return 0;
-  const bool bats = line.team == match.team1_name && match.ball_commentary.size() > 0;
+  if (&line != &worms.worm[0] && line.team == worms.worm[0].team) return 0;
+  const bool bats = line.team == match.team1_name && !match.deliveries.empty();
   const bool has_batted = line.team == match.team2_name && match.first_total != 0;
   return std::max(bats ? match.innings_balls / balls_of_over + 1 : 0,
                   has_batted ? match.first_balls / balls_of_over + 1 : 0);
 }
 
-std::vector<worm_point> points_of_match(const match_state& match, const worm_line& line) {
+std::vector<worm_point> points_of_match(const match_state& match, const match_worms& worms, const worm_line& line) {
   std::vector<worm_point> points = points_of(line);
-  const int last = last_row_of_match(match, line);
+  const int last = last_row_of_match(match, worms, line);
   std::erase_if(points, [last](const worm_point& point) { return point.row > last; });
   return points;
+}
+
+void name_lines(const match_state& match, match_worms& worms) {
+  if (worms.loaded) return;
+  worms.loaded = true;
+  worms.worm[0].team = match.team1_name;
+  worms.worm[1].team = match.team2_name;
+}
+
+/// Writes the scores after each delivery of the innings in play into the line of its side. A side that has none leaves
+/// no trace.
+void write_innings(const match_state& match, match_worms& worms) {
+  if (match.deliveries.empty()) return;
+  name_lines(match, worms);
+  const auto line = std::find_if(worms.worm.begin(), worms.worm.end(),
+                                 [&](const worm_line& one) { return one.team == match.team1_name; });
+  if (line == worms.worm.end()) return;
+  // From the last ball back: the first that is met of a row is the last one bowled.
+  int score = match.score_runs;
+  int balls = match.innings_balls;
+  int row_before = 0;
+  for (auto ball = match.deliveries.rbegin(); ball != match.deliveries.rend(); ++ball) {
+    const int row = balls / balls_of_over + 1;
+    // An innings that goes on with the balls of an earlier one has rows beyond the last.
+    if (row != row_before && row >= 1 && row <= overs_of_innings + 1) {
+      line->row[row] = score;
+      line->row_set[row] = true;
+    }
+    row_before = row;
+    score -= ball->score();
+    balls -= ball->counted ? 1 : 0;
+  }
+  line->score_runs = match.score_runs;
+  line->score_wickets = match.score_wickets;
+  line->score_set = true;
 }
 
 }  // namespace
@@ -51,27 +85,14 @@ std::string standing_worms(const match_state& match) {
 
 void start_worms_afresh(match_state& match) { static_cast<match_worms&>(match) = {}; }
 
-void load_worms(match_state& match) {
-  if (match.loaded) return;
-  match.loaded = true;
-  match.worm[0].team = match.team1_name;
-  match.worm[1].team = match.team2_name;
-}
+void load_worms(match_state& match) { name_lines(match, match); }
 
-void feed_worms(match_state& match) {
-  load_worms(match);
-  for (worm_line& line : match.worm) {
-    if (line.team != match.team1_name) continue;
-    const int row = match.innings_balls / balls_of_over + 1;
-    if (row <= overs_of_innings + 1) {  // an innings that goes on with the balls of an earlier one has no row left
-      book_as(line.row[row], match.score_runs, "worm.row", line.team);
-      line.row_set[row] = true;
-    }
-    line.score_runs = match.score_runs;
-    line.score_wickets = match.score_wickets;
-    line.score_set = true;
-    return;
-  }
+void keep_worms(match_state& match) { write_innings(match, match); }
+
+match_worms worms_with_this_innings(const match_state& match) {
+  match_worms worms = match;
+  write_innings(match, worms);
+  return worms;
 }
 
 int chart_place(const match_state& match, const std::string& team) {
@@ -89,15 +110,17 @@ int chart_place(const match_state& match, const std::string& team) {
 
 void worm_graph_form::open() {
   load_worms(match_);
-  first_side = match_.worm[0].team;
-  second_side = match_.worm[1].team;
-  first_score = score_text(match_.worm[0]);
-  second_score = score_text(match_.worm[1]);
-  series = {points_of(match_.worm[0]), points_of(match_.worm[1])};
-  of_match = {points_of_match(match_, match_.worm[0]), points_of_match(match_, match_.worm[1])};
+  const match_worms worms = worms_with_this_innings(match_);
+  const auto& [first, second] = worms.worm;
+  first_side = first.team;
+  second_side = second.team;
+  first_score = score_text(first);
+  second_score = score_text(second);
+  series = {points_of(first), points_of(second)};
+  of_match = {points_of_match(match_, worms, first), points_of_match(match_, worms, second)};
   has_old_rows_ = false;
   for (const std::size_t i : {0U, 1U}) {
-    const std::string& name = match_.worm[i].team;
+    const std::string& name = worms.worm[i].team;
     const bool plays = name == match_.team1_name || name == match_.team2_name;
     has_old_rows_ |= !plays || of_match[i].size() < series[i].size();
   }

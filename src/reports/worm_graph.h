@@ -11,6 +11,7 @@
 namespace velorin {
 
 struct match_state;
+struct match_worms;
 
 /// Names the two lines after the sides of the match: first the one batting, then the other. Only the first call in a
 /// run of the program does anything. Reads and writes match.
@@ -21,10 +22,13 @@ std::string standing_worms(const match_state& match);
 /// Lines without names and rows, as at the start of the program. Writes match.
 void start_worms_afresh(match_state& match);
 
-/// Books the present score in the line of the batting side: the row of the over in progress, and the score beside its
-/// name. Loads the lines if need be. Nothing happens for a side that has none. Called after every ball. Reads and
-/// writes match.
-void feed_worms(match_state& match);
+/// Writes the innings in play into the line of its side, the first that bears its name: the rows of its overs, and the
+/// score beside the name. Loads the lines if need be; nothing happens for a side that has none. Called before the
+/// deliveries of an innings go: at its end, and where a match breaks off. Writing it again changes nothing.
+void keep_worms(match_state& match);
+
+/// The lines with the innings in play up to its last ball.
+match_worms worms_with_this_innings(const match_state& match);
 
 /// The place of a side in every chart, 0 or 1, by which it has its colour: that of its line; without one the other, or
 /// that of its innings. Reads match.

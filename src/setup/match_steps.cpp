@@ -97,8 +97,13 @@ bool tell_the_call(const match_play& play) {
   return true;
 }
 
+/// Plays the match, or goes on with it where it was left.
 bool play_on(const match_play& play) {
-  play_match(play);
+  if (play.match.next_step == play_step::closed) {
+    play_match(play);
+  } else {
+    resume_play(play);
+  }
   play.match.step = match_step::none;
   return true;
 }

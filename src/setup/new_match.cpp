@@ -8,9 +8,11 @@
 #include "database/elevens.h"
 #include "database/open_database.h"
 #include "database/teams_file.h"
+#include "engine/over_play.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "model/run_time_error.h"
+#include "reports/worm_graph.h"
 #include "setup/conditions.h"
 #include "setup/match_steps.h"
 #include "ui/match_play.h"
@@ -126,6 +128,8 @@ void new_match_form::enter(const std::string& first, const std::string& second, 
 
 void new_match_form::begin() {
   // A match that broke off has left its marks.
+  keep_worms(play_.match);
+  leave_play(play_.match);
   play_.match.step = match_step::none;
   play_.match.first_team_done = play_.match.exchange_tried = false;
   play_.match.result_before.reset();

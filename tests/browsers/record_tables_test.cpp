@@ -8,6 +8,7 @@
 #include "database/career_update.h"
 #include "database/configuration.h"
 #include "model/match_state.h"
+#include "support/cards.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
@@ -36,7 +37,7 @@ class RecordTables : public figures_fixture {
     match.ground.ground_name = "Harbour Park";
     match.batting_card[1].name = name;
     match.batting_card[1].runs = runs;
-    match.batting_card[1].how_out = not_out ? "" : " b A.Bowler";
+    put_out(match.batting_card[1], not_out ? dismissal::none : dismissal::bowled, "A.Bowler");
     update_records(match, data);
   }
 };

@@ -166,7 +166,7 @@ class BowlingAggression : public BattingAggression {
   static int reviewed() {
     script_draws({});
     match.bowling_aggression = {9, 7};
-    review_bowler(match, user_in_use());
+    review_bowler(match);
     EXPECT_EQ(match.bowling_aggression[1], 7) << "the other end's value stands";
     EXPECT_EQ(match.next_bowler, 9) << "nobody was to be replaced";
     return match.bowling_aggression[0];
@@ -240,7 +240,7 @@ TEST_F(BowlingAggression, AProjectionThatIsNoNumberIsATypeError) {
   score(1, 0, 6);
   match.first_innings_projection = {projection_text::kind::dash, 0};
   try {
-    review_bowler(match, user_in_use());
+    review_bowler(match);
     ADD_FAILURE() << "no error";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::type);

@@ -149,11 +149,10 @@ TEST_F(RandomCaptains, ReviewTheBowlersAlike) {
     random_over_end();
     match_state told = match;
     const rules::review_result expected = rules::review(told);
-    scripted_user user;
-    front_end_scope shown(user);
+    const std::string announcement = has_bowler_change_to_tell(match) ? bowler_change_message(match).text : "";
     bool nobody_found = false;
     try {
-      review_bowler(match, user_in_use());
+      review_bowler(match);
     } catch (const run_time_error& error) {
       ASSERT_EQ(error.kind(), failure::endless);
       nobody_found = true;
@@ -167,7 +166,7 @@ TEST_F(RandomCaptains, ReviewTheBowlersAlike) {
     ASSERT_EQ(match.opening_bowlers[0], told.opening_bowlers[0]);
     ASSERT_EQ(match.opening_bowlers[1], told.opening_bowlers[1]);
     ASSERT_EQ(match.bowling_aggression, told.bowling_aggression) << "round " << round;
-    ASSERT_EQ(user.messages.empty() ? "" : user.messages[0].text, expected.announcement.value_or(""));
+    ASSERT_EQ(announcement, expected.announcement.value_or(""));
     changes += match.bowler_change_pending ? 1 : 0;
     without_a_man += nobody_found ? 1 : 0;
   }

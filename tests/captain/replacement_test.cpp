@@ -84,10 +84,11 @@ TEST_F(PickReplacement, TheSecondChangeOfAReviewIsTheOneAnnounced) {
   match.next_bowler = pick_replacement(match, wanted);
   EXPECT_EQ(match.next_bowler, 5);
   match.innings_balls = 6;
-  review_bowler(match, user_in_use());
-  ASSERT_EQ(user_.messages.size(), 1U);
-  EXPECT_EQ(user_.messages[0].title, "Bowler Change");
-  EXPECT_EQ(user_.messages[0].text, "A.Bowl8 has been replaced by A.Bowl5 .");
+  const message_box message = bowler_change_message(match);
+  EXPECT_EQ(message.title, "Bowler Change");
+  EXPECT_EQ(message.text, "A.Bowl8 has been replaced by A.Bowl5 .");
+  review_bowler(match);
+  EXPECT_FALSE(match.bowler_change_pending);
 }
 
 TEST_F(PickReplacement, WithoutAnyManTheSearchIsEndlessAndChangesNothing) {

@@ -53,7 +53,8 @@ class ReviewScene : public ::testing::Test {
   /// Reviews after so many balls of the innings and returns who bowls the over after the next.
   int reviewed(int innings_balls) {
     match.innings_balls = innings_balls;
-    review_bowler(match, user_in_use());
+    if (has_bowler_change_to_tell(match)) user_.show(bowler_change_message(match));
+    review_bowler(match);
     return match.next_bowler;
   }
 

@@ -188,7 +188,7 @@ TEST_F(Review, NoManToBeFoundIsAnEndlessSearch) {
   figures(9, 60, 0, 0);
   match.innings_balls = 264;
   try {
-    review_bowler(match, user_in_use());
+    review_bowler(match);
     ADD_FAILURE() << "no error";
   } catch (const run_time_error& error) {
     EXPECT_EQ(error.kind(), failure::endless);

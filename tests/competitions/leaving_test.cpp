@@ -271,10 +271,11 @@ TEST_F(CupTest, AMatchLeftInTheSuperSixKeepsTheRequestToQuitAsToldThere) {
 }
 
 TEST_F(CupTest, EnteringAMatchEmptiesTheWholeResult) {
-  static_cast<match_result&>(match) = {"Old Ground",        "Old",        "Older",
-                                       "  won by  1  runs", {"Old", 1.5}, {"Older", -1.5}};
+  static_cast<match_result&>(match) = {match_decision::runs, "Old Ground", "Old",          "Older",
+                                       "  won by  1  runs",  {"Old", 1.5}, {"Older", -1.5}};
   user_.on_conditions.push_back([](conditions_form& form) {
     const match_result& now = match;
+    EXPECT_EQ(now.decided, match_decision::none);
     EXPECT_EQ(now.result_ground + now.result_winner + now.result_loser + now.result_margin, "");
     EXPECT_EQ(now.rate_first.team + now.rate_second.team, "");
     EXPECT_EQ(now.rate_first.delta, 0);

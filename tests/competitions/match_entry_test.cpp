@@ -127,6 +127,7 @@ TEST_F(MatchEntry, OneEmptyNameIsAWalkover) {
   play_entered({"Gamma", true}, {"", true}, "Alpha Oval");
   EXPECT_EQ(match.result_winner, "Gamma");
   EXPECT_EQ(match.result_margin, "  by a walkover");
+  EXPECT_EQ(match.decided, match_decision::walkover);
   EXPECT_THAT(user_.requests, IsEmpty()) << "no match is played";
   EXPECT_EQ(chance.draws_used(), before);
   EXPECT_EQ(match.rate_first.team, "");
@@ -135,9 +136,11 @@ TEST_F(MatchEntry, OneEmptyNameIsAWalkover) {
 TEST_F(MatchEntry, TwoEmptyNamesHaveNoResult) {
   match.result_winner = "Gamma";
   match.result_margin = "  won by  7  runs";
+  match.decided = match_decision::runs;
   play_entered({"", false}, {"", false}, "Alpha Oval");
   EXPECT_EQ(match.result_winner, "");
   EXPECT_EQ(match.result_margin, "");
+  EXPECT_EQ(match.decided, match_decision::none);
   EXPECT_THAT(user_.requests, IsEmpty());
 }
 
@@ -145,7 +148,9 @@ TEST_F(MatchEntry, LeavingAMatchClearsItsResult) {
   play_entered({"Alpha", false}, {"Beta", false}, "Alpha Oval");
   EXPECT_NE(match.result_margin, "");
   EXPECT_NE(match.rate_first.team, "");
+  EXPECT_NE(match.decided, match_decision::none);
   clear_result(match);
+  EXPECT_EQ(match.decided, match_decision::none);
   EXPECT_EQ(match.result_winner, "");
   EXPECT_EQ(match.result_margin, "");
   EXPECT_EQ(match.result_ground, "");

@@ -162,6 +162,46 @@ TEST_F(ResumedGame, AKnockOutEndsAlikeFromEveryStop) {
   }
 }
 
+TEST_F(ResumedGame, ASeriesEndsAlikeFromWithinItsMatches) {
+  int copies = 0;
+  for (std::uint64_t seed = 1; seed <= 4; ++seed) {
+    stopped_game played = series_of(3, static_cast<int>(seed - 1), seed);
+    played.filter = anywhere;
+    played.one_stop_in = 31;
+    copies += expect_copies_to_end_alike(played);
+  }
+  EXPECT_GE(copies, 240);
+}
+
+TEST_F(ResumedGame, ATriSeriesEndsAlikeFromWithinItsMatches) {
+  int copies = 0;
+  for (std::uint64_t seed = 1; seed <= 4; ++seed) {
+    stopped_game played = tri_series_of(2, static_cast<int>(seed * 2 % 8), seed);
+    played.filter = anywhere;
+    played.leaves_one_in = 40;
+    played.one_stop_in = 97;
+    copies += expect_copies_to_end_alike(played);
+  }
+  EXPECT_GE(copies, 150);
+}
+
+TEST_F(ResumedGame, AWorldCupEndsAlikeFromWithinItsMatches) {
+  for (std::uint64_t seed = 1; seed <= 2; ++seed) {
+    stopped_game played = world_cup_of(static_cast<int>(seed * 331 % 1024), seed);
+    played.filter = anywhere;
+    played.one_stop_in = 997;
+    EXPECT_GE(expect_copies_to_end_alike(played), 20);
+  }
+}
+
+TEST_F(ResumedGame, ASeriesWithItsFilesEndsAlikeFromWithinItsMatches) {
+  stopped_game played = series_of(2, 2, 4);
+  played.through_files = true;
+  played.filter = anywhere;
+  played.one_stop_in = 67;
+  EXPECT_GE(expect_copies_to_end_alike(played), 15);
+}
+
 TEST_F(ResumedGame, ACopyTellsNobodyOfItsWaits) {
   struct : turn_watcher {
     void turn_is_waited_for(const std::filesystem::path&, std::chrono::milliseconds) override {}

@@ -40,7 +40,7 @@ class NextBatsman : public ::testing::Test {
 TEST_F(NextBatsman, RowsShowNamesAndSkills) {
   match.batting_xi[3].bat_skill = 41;
   match.batting_xi[4].bat_skill = -1;
-  const next_batsman_form form(match, "Select Next Batsman");
+  const next_batsman_form form(match, next_batsman_form::use::next);
   EXPECT_EQ(form.title, "Select Next Batsman");
   EXPECT_EQ(form.name(3), "c");
   EXPECT_EQ(form.skill(3), "41");
@@ -51,22 +51,22 @@ TEST_F(NextBatsman, RowsShowNamesAndSkills) {
 }
 
 TEST_F(NextBatsman, RowsUpToTheHigherPositionAreClosed) {
-  EXPECT_EQ(open_rows(next_batsman_form(match, "Select 1st Opener")), "abcdefghijk");
+  EXPECT_EQ(open_rows(next_batsman_form(match, next_batsman_form::use::first_opener)), "abcdefghijk");
   EXPECT_EQ(match.next_batsman_slot, 0);
   at_the_crease(1, 0);
-  EXPECT_EQ(open_rows(next_batsman_form(match, "Select 2nd Opener")), "-bcdefghijk");
+  EXPECT_EQ(open_rows(next_batsman_form(match, next_batsman_form::use::second_opener)), "-bcdefghijk");
   EXPECT_EQ(match.next_batsman_slot, 1);
   at_the_crease(2, 5);
-  EXPECT_EQ(open_rows(next_batsman_form(match, "Select Next Batsman")), "-----fghijk");
+  EXPECT_EQ(open_rows(next_batsman_form(match, next_batsman_form::use::next)), "-----fghijk");
   EXPECT_EQ(match.next_batsman_slot, 5);
   at_the_crease(10, 9);
-  EXPECT_EQ(open_rows(next_batsman_form(match, "Select Next Batsman")), "----------k");
+  EXPECT_EQ(open_rows(next_batsman_form(match, next_batsman_form::use::next)), "----------k");
   EXPECT_EQ(match.next_batsman_slot, 10);
 }
 
 TEST_F(NextBatsman, AClosedRowCannotBeChosen) {
   at_the_crease(2, 1);
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   form.choose(2);
   EXPECT_EQ(form.chosen, 0);
   form.choose(5);
@@ -78,7 +78,7 @@ TEST_F(NextBatsman, AClosedRowCannotBeChosen) {
 
 TEST_F(NextBatsman, OkMovesTheChosenManUp) {
   at_the_crease(2, 4);
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   form.choose(9);
   EXPECT_EQ(order(), "abcdefghijk") << "not before the OK";
   form.accept();
@@ -89,12 +89,12 @@ TEST_F(NextBatsman, OkMovesTheChosenManUp) {
 }
 
 TEST_F(NextBatsman, TheFirstPickMovesToPlaceOneAndTheSecondToPlaceTwo) {
-  next_batsman_form first(match, "Select 1st Opener");
+  next_batsman_form first(match, next_batsman_form::use::first_opener);
   first.choose(6);
   first.accept();
   EXPECT_EQ(order(), "fabcdeghijk");
   match.striker = 1;
-  next_batsman_form second(match, "Select 2nd Opener");
+  next_batsman_form second(match, next_batsman_form::use::second_opener);
   second.choose(11);
   second.accept();
   EXPECT_EQ(order(), "fkabcdeghij");
@@ -102,18 +102,18 @@ TEST_F(NextBatsman, TheFirstPickMovesToPlaceOneAndTheSecondToPlaceTwo) {
 
 TEST_F(NextBatsman, TheNextFreePlaceOrNobodyMovesNobody) {
   at_the_crease(1, 2);
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   form.choose(3);
   form.accept();
   EXPECT_EQ(order(), "abcdefghijk");
-  next_batsman_form nobody(match, "Select Next Batsman");
+  next_batsman_form nobody(match, next_batsman_form::use::next);
   nobody.accept();
   EXPECT_TRUE(nobody.closed);
   EXPECT_EQ(order(), "abcdefghijk");
 }
 
 TEST_F(NextBatsman, TheFirstOpenersAggressionGoesToBothSlots) {
-  next_batsman_form form(match, "Select 1st Opener");
+  next_batsman_form form(match, next_batsman_form::use::first_opener);
   form.aggression = 5;
   form.accept();
   EXPECT_EQ(match.batsman_aggression, (slots{5, 5}));
@@ -122,7 +122,7 @@ TEST_F(NextBatsman, TheFirstOpenersAggressionGoesToBothSlots) {
 TEST_F(NextBatsman, TheSecondOpenersAggressionGoesToTheSecondSlot) {
   match.batsman_aggression = {5, 5};
   match.striker = 1;
-  next_batsman_form form(match, "Select 2nd Opener");
+  next_batsman_form form(match, next_batsman_form::use::second_opener);
   form.aggression = 2;
   form.accept();
   EXPECT_EQ(match.batsman_aggression, (slots{5, 2}));
@@ -131,7 +131,7 @@ TEST_F(NextBatsman, TheSecondOpenersAggressionGoesToTheSecondSlot) {
 TEST_F(NextBatsman, TheSurvivorMovesToTheFirstSlotIfTheLowerManIsOut) {
   match.batsman_aggression = {4, 1};
   at_the_crease(2, 3);  // 2 is out
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   form.accept();
   EXPECT_EQ(match.batsman_aggression, (slots{1, 3}));
 }
@@ -139,7 +139,7 @@ TEST_F(NextBatsman, TheSurvivorMovesToTheFirstSlotIfTheLowerManIsOut) {
 TEST_F(NextBatsman, TheSurvivorStaysInTheFirstSlotIfTheHigherManIsOut) {
   match.batsman_aggression = {4, 1};
   at_the_crease(3, 2);  // 3 is out
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   form.aggression = 2;
   form.accept();
   EXPECT_EQ(match.batsman_aggression, (slots{4, 2}));

@@ -4,6 +4,7 @@
 
 #include "console/console_figures.h"
 #include "console/console_view.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
 
@@ -12,8 +13,6 @@ namespace {
 
 using ::testing::Each;
 using ::testing::ElementsAre;
-
-using over_symbols = std::array<const char*, 6>;
 
 class RatesView : public ::testing::Test {
  protected:
@@ -29,10 +28,6 @@ class RatesView : public ::testing::Test {
     match.innings_balls = balls;
     match.over_no = balls / 6 + 1;
     refresh_rates(match);
-  }
-  static void write_over(ball_log_table& log, int over, over_symbols symbols) {
-    for (int slot = 1; slot <= 6; ++slot) log[over][slot] = symbols[static_cast<std::size_t>(slot) - 1];
-    log[over][7] = "5";
   }
   static std::vector<std::string> cells() {
     std::vector<std::string> texts;
@@ -55,8 +50,8 @@ class RatesView : public ::testing::Test {
 // The last five overs.
 
 TEST_F(RatesView, LastFiveStandsFromTheFifthOver) {
-  for (int over = 1; over <= 6; ++over) write_over(match.ball_log, over, {"1", "0", "0", "0", "0", "0"});
-  write_over(match.ball_log, 1, {"4", "W", "2", "", "3", "0"});
+  add_over(match.deliveries, 1, {"4", "W", "2", "", "3", "0"});
+  for (int over = 2; over <= 6; ++over) add_over(match.deliveries, over, {"1", "0", "0", "0", "0", "0"});
   refresh_at(0, 0, 0);
   EXPECT_EQ(view_rates(match).last_five_overs, " - ");
   refresh_at(12, 1, 24);
@@ -68,9 +63,9 @@ TEST_F(RatesView, LastFiveStandsFromTheFifthOver) {
 }
 
 TEST_F(RatesView, LastFiveChangesOnlyWithARefresh) {
-  for (int over = 1; over <= 5; ++over) write_over(match.ball_log, over, {"2", "2", "2", "0", "0", "0"});
+  for (int over = 1; over <= 5; ++over) add_over(match.deliveries, over, {"2", "2", "2", "0", "0", "0"});
   refresh_at(30, 0, 30);
-  write_over(match.ball_log, 6, {"6", "6", "6", "", "", ""});
+  add_over(match.deliveries, 6, {"6", "6", "6", "", "", ""});
   match.score_runs = 48;
   match.innings_balls = 33;
   EXPECT_EQ(view_rates(match).last_five_overs, "6");
@@ -78,12 +73,12 @@ TEST_F(RatesView, LastFiveChangesOnlyWithARefresh) {
 
 TEST_F(RatesView, LastFiveEndsWithTheLastCompletedOver) {
   // Balls that count beyond six an over: 36 of them make five overs, and 42 make six.
-  for (int over = 1; over <= 5; ++over) write_over(match.ball_log, over, {"1", "0", "0", "0", "0", "0"});
+  for (int over = 1; over <= 5; ++over) add_over(match.deliveries, over, {"1", "0", "0", "0", "0", "0"});
   match.innings_balls = 36;
   match.over_no = 6;
   refresh_rates(match);
   EXPECT_EQ(view_rates(match).last_five_overs, "0.8") << "overs 2 to 5, and the sixth still empty";
-  write_over(match.ball_log, 6, {"5", "", "", "", "", ""});
+  add_over(match.deliveries, 6, {"5", "", "", "", "", ""});
   EXPECT_EQ(view_rates(match).last_five_overs, "0.8") << "the over in progress does not count";
   match.innings_balls = 42;
   match.over_no = 7;
@@ -92,10 +87,10 @@ TEST_F(RatesView, LastFiveEndsWithTheLastCompletedOver) {
 }
 
 TEST_F(RatesView, LastFiveIsEmptyUntilTheFifthOverOfTheChase) {
-  for (int over = 45; over <= 49; ++over) write_over(match.ball_log, over, {"1", "1", "1", "1", "1", "2"});
+  for (int over = 45; over <= 49; ++over) add_over(match.deliveries, over, {"1", "1", "1", "1", "1", "2"});
   refresh_at(240, 5, 294);
   EXPECT_EQ(view_rates(match).last_five_overs, "7");
-  std::swap(match.ball_log, match.first_ball_log);
+  std::swap(match.deliveries, match.first_deliveries);
   start_chase();
   match.innings_balls = 0;
   prepare_chase_display(match);
@@ -179,9 +174,9 @@ TEST_F(RatesView, CurrentRateIsEmptyBeforeTheFirstBall) {
 
 TEST_F(RatesView, ComparisonIsRecountedFromTheFirstInningsLog) {
   start_chase();
-  write_over(match.first_ball_log, 1, {"1", "W", "4", "", "12", "0"});
-  write_over(match.first_ball_log, 2, {"W", "W", "2", "3", "0", "6"});
-  write_over(match.first_ball_log, 3, {"W", "1", "1", "1", "1", "1"});
+  add_over(match.first_deliveries, 1, {"1", "W", "4", "", "12", "0"});
+  add_over(match.first_deliveries, 2, {"W", "W", "2", "3", "0", "6"});
+  add_over(match.first_deliveries, 3, {"W", "1", "1", "1", "1", "1"});
   refresh_at(20, 1, 12);
   rates_view view = view_rates(match);
   EXPECT_EQ(view.stage_overs, "2.0 Overs");
@@ -193,8 +188,8 @@ TEST_F(RatesView, ComparisonIsRecountedFromTheFirstInningsLog) {
 
 TEST_F(RatesView, ComparisonAfterAnOverOfSevenBalls) {
   start_chase();
-  write_over(match.first_ball_log, 1, {"1", "0", "0", "0", "0", "0"});
-  write_over(match.first_ball_log, 2, {"6", "0", "0", "0", "0", "0"});
+  add_over(match.first_deliveries, 1, {"1", "0", "0", "0", "0", "0"});
+  add_over(match.first_deliveries, 2, {"6", "0", "0", "0", "0", "0"});
   refresh_at(3, 0, 9);
   EXPECT_EQ(view_rates(match).stage_overs, "1.3 Overs");
   EXPECT_EQ(view_rates(match).score_then, "OA were 1/0");

@@ -3,6 +3,7 @@
 
 #include "database/careers_fixture.h"
 #include "database/slots.h"
+#include "support/cards.h"
 #include "support/game_in_play.h"
 
 namespace velorin {
@@ -16,7 +17,7 @@ class Careers : public testing::careers_fixture {
   static void bat_again(int runs, bool not_out, const std::string& opponent) {
     match.team2_name = opponent;
     match.batting_card[1].runs = runs;
-    match.batting_card[1].how_out = not_out ? "" : " b A.Man9";
+    put_out(match.batting_card[1], not_out ? dismissal::none : dismissal::bowled, "A.Man9");
     update_career(match, data);
   }
 
@@ -84,9 +85,9 @@ TEST_F(Careers, TheTwoInningsTellANotOutInTheirOwnWays) {
   EXPECT_EQ(second.high_against, "Alba");
 }
 
-TEST_F(Careers, TheTextOfTheOtherInningsIsNoNotOut) {
-  match.batting_card[1].how_out = "not out";
-  match.first_batting_card[1].how_out = "";
+TEST_F(Careers, TheMarkOfTheOtherInningsIsNoNotOut) {
+  put_out(match.batting_card[1], dismissal::not_out);
+  put_out(match.first_batting_card[1], dismissal::none);
   update_career(match, data);
   EXPECT_EQ(career_of("Tamar", "T.Man1").not_outs, 0);
   EXPECT_EQ(career_of("Alba", "A.Man1").not_outs, 0);
@@ -127,11 +128,23 @@ TEST_F(Careers, FieldingIsReadOffTheOpposingCard) {
   EXPECT_EQ(career_of("Alba", "A.Man7").catches, 0);
 }
 
-TEST_F(Careers, FieldingComparesWholeTexts) {
-  match.first_batting_card[4].fielder = " c T.Man33";
-  match.first_batting_card[5].fielder = " c  T.Man3";
-  match.first_batting_card[3].how_out = " c & b T.Man10";
+TEST_F(Careers, FieldingComparesWholeNames) {
+  match.first_bowling_card[1].name = "T.Man33";
+  match.first_bowling_card[2].name = " T.Man3";
+  put_out(match.first_batting_card[4], dismissal::caught, "T.Man9", {1, "T.Man33"});
+  put_out(match.first_batting_card[5], dismissal::caught, "T.Man9", {2, " T.Man3"});
   update_career(match, data);
+  EXPECT_EQ(career_of("Tamar", "T.Man3").catches, 0);
+  EXPECT_EQ(career_of("Tamar", "T.Man33").catches, 1);
+  EXPECT_EQ(career_of("Tamar", " T.Man3").catches, 1);
+}
+
+TEST_F(Careers, FieldingIsNotReadOffTheWords) {
+  put_out(match.first_batting_card[3], dismissal::bowled, "T.Man10");
+  match.first_batting_card[3].how_out = " c && b T.Man10";
+  match.first_batting_card[4].fielder_position = 0;
+  update_career(match, data);
+  EXPECT_EQ(match.first_batting_card[4].fielder, " c T.Man3");
   EXPECT_EQ(career_of("Tamar", "T.Man3").catches, 0);
   EXPECT_EQ(career_of("Tamar", "T.Man10").catches, 0);
 }

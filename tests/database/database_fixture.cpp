@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/database_fixture.h"
+#include "support/cards.h"
 #include "support/game_in_play.h"
 
 #include <fmt/format.h>
@@ -73,8 +74,7 @@ std::string padded(std::string bytes, std::size_t size) {
 
 namespace {
 
-void bat(batting_card_rec& line, const std::string& name, int runs, int balls, const std::string& how_out,
-         const std::string& fielder = {}) {
+void bat(batting_card_rec& line, const std::string& name, int runs, int balls) {
   line.name = name;
   line.runs = runs;
   line.balls = balls;
@@ -84,8 +84,6 @@ void bat(batting_card_rec& line, const std::string& name, int runs, int balls, c
   line.threes = 2;
   line.singles = 3;
   line.dots = balls / 2;
-  line.how_out = how_out;
-  line.fielder = fielder;
 }
 
 void bowl(bowling_card_rec& line, int balls, int maidens, int runs, int wickets) {
@@ -100,19 +98,29 @@ void name_bowlers(bowling_card_table& card, const std::string& prefix) {
 }
 
 void fill_cards() {
-  bat(match.first_batting_card[1], "A.Man1", 64, 71, "not out");
-  bat(match.first_batting_card[2], "A.Man2", 120, 110, " b T.Man9");
-  bat(match.first_batting_card[3], "A.Man3", 0, 4, " c && b T.Man10");
-  bat(match.first_batting_card[4], "A.Man4", 40, 90, " b T.Man9", " c T.Man3");
-  bat(match.first_batting_card[5], "A.Man5", 3, 25, "not out");
+  batting_card_table& first = match.first_batting_card;
+  bat(first[1], "A.Man1", 64, 71);
+  put_out(first[1], dismissal::not_out);
+  bat(first[2], "A.Man2", 120, 110);
+  put_out(first[2], dismissal::bowled, "T.Man9");
+  bat(first[3], "A.Man3", 0, 4);
+  put_out(first[3], dismissal::caught_and_bowled, "T.Man10", {10, "T.Man10"});
+  bat(first[4], "A.Man4", 40, 90);
+  put_out(first[4], dismissal::caught, "T.Man9", {3, "T.Man3"});
+  bat(first[5], "A.Man5", 3, 25);
+  put_out(first[5], dismissal::not_out);
   name_bowlers(match.first_bowling_card, "T.Man");
   bowl(match.first_bowling_card[9], 60, 2, 48, 2);
   bowl(match.first_bowling_card[10], 60, 0, 50, 1);
   bowl(match.first_bowling_card[11], 54, 1, 61, 0);
 
-  bat(match.batting_card[1], "T.Man1", 50, 60, "");
-  bat(match.batting_card[2], "T.Man2", 12, 20, " b A.Man9", " st A.Man7");
-  for (int i = 3; i <= 11; ++i) bat(match.batting_card[i], fmt::format("T.Man{}", i), 12, 20, " b A.Man10");
+  bat(match.batting_card[1], "T.Man1", 50, 60);
+  bat(match.batting_card[2], "T.Man2", 12, 20);
+  put_out(match.batting_card[2], dismissal::stumped, "A.Man9", {7, "A.Man7"});
+  for (int i = 3; i <= 11; ++i) {
+    bat(match.batting_card[i], fmt::format("T.Man{}", i), 12, 20);
+    put_out(match.batting_card[i], dismissal::bowled, "A.Man10");
+  }
   name_bowlers(match.bowling_card, "A.Man");
   bowl(match.bowling_card[9], 60, 3, 31, 5);
   bowl(match.bowling_card[10], 58, 0, 40, 4);

@@ -31,18 +31,28 @@ class Books : public ::testing::Test {
   static batting_card_rec& striker() { return match.batting_card[3]; }
   static batting_card_rec& partner() { return match.batting_card[5]; }
 
-  /// Dismisses the striker with these faces of the dice of 110 and of 11. Returns the run out's flag.
-  static bool dismiss(int kind, int fielder = 0) {
+  /// Dismisses the striker with these faces of the dice of 110 and of 11. Returns the delivery's dismissal, which is
+  /// also the card's.
+  static dismissal dismiss(int kind, int fielder = 0) {
     striker().how_out.clear();
     striker().fielder.clear();
+    striker().how = dismissal::none;
+    striker().fielder_position = 0;
     std::vector<double> draws = {die_draw(kind, 110)};
     if (fielder != 0) draws.push_back(die_draw(fielder, 11));
     const auto count = draws.size();
     script_draws(draws);
-    bool run_out = false;
-    record_dismissal(match, chance, run_out);
+    delivery ball;
+    record_dismissal(match, chance, ball);
     EXPECT_EQ(chance.draws_used(), count) << "kind " << kind;
-    return run_out;
+    EXPECT_EQ(ball.how, striker().how) << "kind " << kind;
+    if (ball.how == dismissal::run_out) {
+      EXPECT_EQ(ball.fielder, fielder) << "kind " << kind;
+      EXPECT_EQ(striker().fielder_position, 0) << "kind " << kind;
+    } else {
+      EXPECT_EQ(ball.fielder, striker().fielder_position) << "kind " << kind;
+    }
+    return ball.how;
   }
 };
 
@@ -116,7 +126,8 @@ TEST_F(Books, FallsOfWicketCountFromTheOneBefore) {
 
 TEST_F(Books, Bowled) {
   for (const int kind : {1, 11}) {
-    EXPECT_FALSE(dismiss(kind)) << kind;
+    EXPECT_EQ(dismiss(kind), dismissal::bowled) << kind;
+    EXPECT_EQ(striker().fielder_position, 0) << kind;
     EXPECT_EQ(striker().how_out, " b A.Bowl8") << kind;
     EXPECT_EQ(striker().fielder, "") << kind;
   }
@@ -124,7 +135,8 @@ TEST_F(Books, Bowled) {
 
 TEST_F(Books, CaughtBehind) {
   for (const int kind : {12, 30}) {
-    EXPECT_FALSE(dismiss(kind)) << kind;
+    EXPECT_EQ(dismiss(kind), dismissal::caught) << kind;
+    EXPECT_EQ(striker().fielder_position, 7) << kind;
     EXPECT_EQ(striker().how_out, " b A.Bowl8") << kind;
     EXPECT_EQ(striker().fielder, " c A.Bowl7") << kind;
   }
@@ -133,7 +145,7 @@ TEST_F(Books, CaughtBehind) {
 TEST_F(Books, RunOutByAnyone) {
   for (const int kind : {31, 40}) {
     for (int fielder = 1; fielder <= 11; ++fielder) {
-      EXPECT_TRUE(dismiss(kind, fielder)) << kind;
+      EXPECT_EQ(dismiss(kind, fielder), dismissal::run_out) << kind;
       EXPECT_EQ(striker().how_out, " run out (A.Bowl" + std::to_string(fielder) + ")");
       EXPECT_EQ(striker().fielder, "");
     }
@@ -144,7 +156,8 @@ TEST_F(Books, StumpedOffASpinnerOnly) {
   for (const int kind : {41, 45}) {
     for (const char* type : {"spinner", "Fast Bowler", "Medium Pacer", "Spinner", "off spinner", ""}) {
       match.bowling_xi[8].bowler_type = type;
-      EXPECT_FALSE(dismiss(kind)) << kind;
+      EXPECT_EQ(dismiss(kind), type == std::string("spinner") ? dismissal::stumped : dismissal::caught) << type;
+      EXPECT_EQ(striker().fielder_position, 7) << type;
       EXPECT_EQ(striker().how_out, " b A.Bowl8") << type;
       EXPECT_EQ(striker().fielder, type == std::string("spinner") ? " st A.Bowl7" : " c A.Bowl7") << type;
     }
@@ -154,7 +167,8 @@ TEST_F(Books, StumpedOffASpinnerOnly) {
 TEST_F(Books, CaughtInTheField) {
   for (const int kind : {46, 100}) {
     for (int fielder = 1; fielder <= 11; ++fielder) {
-      EXPECT_FALSE(dismiss(kind, fielder)) << kind;
+      EXPECT_EQ(dismiss(kind, fielder), fielder == 8 ? dismissal::caught_and_bowled : dismissal::caught) << kind;
+      EXPECT_EQ(striker().fielder_position, fielder) << kind;
       if (fielder == 8) {
         EXPECT_EQ(striker().how_out, " c && b A.Bowl8");
         EXPECT_EQ(striker().fielder, "");
@@ -168,7 +182,8 @@ TEST_F(Books, CaughtInTheField) {
 
 TEST_F(Books, LegBefore) {
   for (const int kind : {101, 110}) {
-    EXPECT_FALSE(dismiss(kind)) << kind;
+    EXPECT_EQ(dismiss(kind), dismissal::leg_before) << kind;
+    EXPECT_EQ(striker().fielder_position, 0) << kind;
     EXPECT_EQ(striker().how_out, " lbw A.Bowl8") << kind;
     EXPECT_EQ(striker().fielder, "") << kind;
   }
@@ -198,8 +213,8 @@ TEST_F(Books, WithoutAKeeperTheFielderStaysAsItWas) {
     EXPECT_EQ(striker().fielder, "") << kind;
     striker().fielder = "kept";
     script_draws({die_draw(kind, 110)});
-    bool run_out = false;
-    record_dismissal(match, chance, run_out);
+    delivery ball;
+    record_dismissal(match, chance, ball);
     EXPECT_EQ(striker().fielder, "kept") << kind;
   }
 }
@@ -208,8 +223,8 @@ TEST_F(Books, ARunOutLeavesTheFielderAndOthersClearHim) {
   const auto fielder_after = [](int kind, int face) {
     striker().fielder = "before";
     script_draws({die_draw(kind, 110), die_draw(face, 11)});
-    bool run_out = false;
-    record_dismissal(match, chance, run_out);
+    delivery ball;
+    record_dismissal(match, chance, ball);
     return striker().fielder;
   };
   EXPECT_EQ(fielder_after(35, 4), "before");
@@ -218,18 +233,11 @@ TEST_F(Books, ARunOutLeavesTheFielderAndOthersClearHim) {
   EXPECT_EQ(fielder_after(105, 1), "");
 }
 
-TEST_F(Books, TheFlagOfARunOutIsOnlyEverSet) {
-  script_draws({die_draw(1, 110)});
-  bool run_out = true;
-  record_dismissal(match, chance, run_out);
-  EXPECT_TRUE(run_out);
-}
-
 TEST_F(Books, ADismissalContinuesTheDrawsBeforeIt) {
   chance.use_clock();
   random_source before = chance;
-  bool run_out = false;
-  record_dismissal(match, chance, run_out);
+  delivery ball;
+  record_dismissal(match, chance, ball);
   const auto draws = chance.draws_used();
   while (before.draws_used() < draws) before.rnd();
   EXPECT_EQ(chance.rnd(), before.rnd());

@@ -9,6 +9,7 @@
 
 #include "engine/delivery_model.h"
 #include "engine/match_fixture.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
@@ -36,12 +37,14 @@ TEST_F(CheckMatch, AnOverBegunBeyondTheQuota) {
   for (int i = 1; i <= 11; ++i) match.bowling_card[i].balls = match.bowling_card[i].maidens = 0;
   match.bowling_card[match.bowler].balls = 66;
   match.innings_balls = 66;
-  over_note note;
-  note.innings_balls = 59;
-  match.ball_commentary.add_over(note);
+  // What counts of the over in progress he has bowled in it; the rest was behind him when it began.
+  const men_at_work men = {match.bowler, match.striker, match.non_striker};
+  const delivery ball = ball_of_runs(0, men, match.over_no);
+  std::erase_if(match.deliveries, [&](const delivery& other) { return other.over == ball.over; });
+  match.deliveries.insert(match.deliveries.end(), 7, ball);
+  match.deliveries.push_back(wide_on(6, men, match.over_no));
   EXPECT_EQ(check_match(match), "");
-  note.innings_balls = 60;
-  match.ball_commentary.add_over(note);
+  match.deliveries.erase(match.deliveries.end() - 2);
   expect_named("began an over with 60 balls");
 }
 
@@ -209,9 +212,9 @@ TEST_F(CheckMatch, TheMeters) {
 }
 
 TEST_F(CheckMatch, TheStoreOfCommentary) {
-  for (int line = 1; line <= 1498; ++line) match.commentary_store.add_ball({ball_text::runs, 0, 1, 1});
+  match.first_deliveries = delivery_list(1498, ball_of_runs(0));
   EXPECT_EQ(check_match(match), "");
-  match.commentary_store.add_ball({ball_text::runs, 0, 1, 1});
+  match.first_deliveries.push_back(ball_of_runs(0));
   expect_named("commentary_store");
 }
 

@@ -141,9 +141,9 @@ TEST_F(Chances, DismissalsHaveTheirShares) {
     batting_card_rec& card = match.batting_card[1];
     card.how_out.clear();
     card.fielder.clear();
-    bool run_out = false;
-    record_dismissal(match, chance, run_out);
-    if (run_out) {
+    delivery ball;
+    record_dismissal(match, chance, ball);
+    if (ball.how == dismissal::run_out) {
       ++run_outs;
       const std::string name = card.how_out.substr(16, card.how_out.size() - 17);  // behind " run out (A.Bowl"
       ++run_out_by[std::stoul(name)];

@@ -82,9 +82,9 @@ class DismissalShares : public ::testing::Test {
     batting_card_rec& card = match.batting_card[a.striker];
     for (int i = 0; i < sample_size; ++i) {
       card = {};
-      bool run_out = false;
-      record_dismissal(match, chance, run_out);
-      other_flag += run_out == card.how_out.starts_with(" run out ") ? 0 : 1;
+      delivery ball;
+      record_dismissal(match, chance, ball);
+      other_flag += (ball.how == dismissal::run_out) == card.how_out.starts_with(" run out ") ? 0 : 1;
       ++counts[{card.how_out, card.fielder}];
     }
     EXPECT_EQ(other_flag, 0) << a.what;

@@ -11,9 +11,9 @@
 #include "captain/computer_captain.h"
 #include "database/configuration.h"
 #include "engine/delivery_model.h"
-#include "engine/innings_end.h"
 #include "engine/match_fixture.h"
 #include "engine/over_play.h"
+#include "engine/play_steps.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
 #include "support/folder_contents.h"
@@ -68,8 +68,6 @@ const std::vector<near_limit> limits = {
     {"innings_leg_byes", "", [] { return &match.innings_leg_byes; }, last - 1, off_the_pad(leg_byes, 4), last + 3,
      "Home"},
     {"innings_byes", "", [] { return &match.innings_byes; }, last - 2, off_the_pad(byes, 3), last + 1, "Home"},
-    {"worm.row", "", [] { return &match.worm[0].row[1]; }, 7, hit(1), last + 1, "Home",
-     [] { match.score_runs = last; }},
     {"fall_of_wicket.score", "", [] { return &fall().score; }, 7, out(), last + 1, "H.Bat1",
      [] { match.score_runs = last + 1; }},
     {"fall_of_wicket.partner_runs", "", [] { return &fall().partner_runs; }, 7, out(), last + 1, "H.Bat1",
@@ -164,7 +162,7 @@ TEST_F(FigureLimits, WidesBeyondTheFigureAreAnError) {
   open_match();
   play(std::vector{hit(0)} + times(last, hit(wide_ball)));
   EXPECT_EQ(match.innings_wides, last);
-  EXPECT_EQ(match.ball_log[1][1], "32767");
+  EXPECT_EQ(log_of_over(innings_in_play(match), 1)[0], "32767");
   open_match();
   EXPECT_EQ(refusal([&] { play(std::vector{hit(0)} + times(last + 1, hit(wide_ball))); }),
             does_not_fit(last + 1, "innings_wides", "A.Bowl1"));
@@ -197,12 +195,13 @@ TEST_F(FigureLimits, TheTotalOfAnInnings) {
   match.score_runs = last;
   before().score = 10;
   match.innings_over_flag = true;
-  end_of_ball_check(in_play());
+  match.next_step = play_step::innings_judged;
+  take_steps(in_play());
   EXPECT_EQ(match.first_total, last);
   open_match();
   match.score_runs = last + 1;
   match.innings_over_flag = true;
-  EXPECT_EQ(refusal([] { end_of_ball_check(in_play()); }), does_not_fit(last + 1, "innings_total", "Home"));
+  EXPECT_EQ(refusal([] { close_innings(match); }), does_not_fit(last + 1, "innings_total", "Home"));
   EXPECT_EQ(match.innings_total, 0);
   EXPECT_EQ(match.innings_number, 1) << "the innings has not changed";
 }
@@ -211,20 +210,19 @@ TEST_F(FigureLimits, AnUnbrokenStand) {
   open_match();
   match.score_runs = 1;
   before().score = -last;
-  EXPECT_EQ(refusal([] { change_innings(in_play()); }),
-            does_not_fit(last + 1, "fall_of_wicket.partner_runs", "H.Bat1"));
+  EXPECT_EQ(refusal([] { change_innings(match); }), does_not_fit(last + 1, "fall_of_wicket.partner_runs", "H.Bat1"));
   EXPECT_EQ(fall().partner_runs, 0);
   open_match();
   match.innings_balls = 1;
   before().balls = -last;
-  EXPECT_EQ(refusal([] { finish_match(in_play()); }), does_not_fit(last + 1, "fall_of_wicket.partner_balls", "H.Bat1"));
+  EXPECT_EQ(refusal([] { close_books(match); }), does_not_fit(last + 1, "fall_of_wicket.partner_balls", "H.Bat1"));
   EXPECT_EQ(fall().partner_balls, 0);
 }
 
 TEST_F(FigureLimits, TheNumberOfInnings) {
   open_match();
   match.innings_number = last;
-  EXPECT_EQ(refusal([] { change_innings(in_play()); }), does_not_fit(last + 1, "innings_number", "Away"));
+  EXPECT_EQ(refusal([] { change_innings(match); }), does_not_fit(last + 1, "innings_number", "Away"));
   EXPECT_EQ(match.innings_number, last);
 }
 

@@ -8,9 +8,11 @@
 
 #include "console/console_view.h"
 #include "engine/delivery_model.h"
-#include "engine/innings_end.h"
 #include "engine/match_fixture.h"
+#include "engine/play_steps.h"
 #include "model/run_time_error.h"
+#include "reports/worm_graph.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
@@ -21,6 +23,12 @@ using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
 class InningsConsole : public match_test {};
+
+/// The change of innings, and what follows on it up to the first over.
+void change_innings_and_open() {
+  match.next_step = play_step::innings_changes;
+  take_steps(in_play());
+}
 
 TEST_F(InningsConsole, TheCommentaryIsStored) {
   play_first_innings(false, false);
@@ -40,14 +48,19 @@ TEST_F(InningsConsole, TheCommentaryIsStored) {
 }
 
 TEST_F(InningsConsole, ACommentaryBeyondItsPlacesIsAnError) {
-  open(false, false);
+  const auto bowl = [&](int lines) {
+    open(false, false);
+    match.deliveries = {ball_of_runs(0)};
+    match.deliveries.insert(match.deliveries.end(), static_cast<std::size_t>(lines) - 1, wide_on(1));
+    match.innings_balls = 1;
+    ASSERT_THAT(commentary_lines(match), SizeIs(lines));
+  };
+  bowl(1498);
   match.innings_total = 4;
-  for (int line = 1; line <= 1498; ++line) match.ball_commentary.add_ball({ball_text::runs, 0, 1, 1});
-  change_innings(in_play());
+  change_innings_and_open();
   EXPECT_THAT(stored_commentary_lines(match), SizeIs(1499));
-  open(false, false);
-  for (int line = 1; line <= 1499; ++line) match.ball_commentary.add_ball({ball_text::runs, 0, 1, 1});
-  EXPECT_THROW(change_innings(in_play()), run_time_error);
+  bowl(1499);
+  EXPECT_THROW(change_innings_and_open(), run_time_error);
 }
 
 TEST_F(InningsConsole, TheProjectionIsFrozenAtTheLastEndOfOver) {
@@ -68,9 +81,8 @@ TEST_F(InningsConsole, WithoutACompletedOverThereIsNoProjection) {
   open(false, true);
   play({hit(1)});
   match.innings_total = match.score_runs;
-  change_innings(in_play());
+  change_innings_and_open();
   EXPECT_EQ(match.first_innings_projection.text(), "-");
-  match.innings_changed = false;
   ASSERT_TRUE(match.computer_bats);
   try {
     play({hit(0)});
@@ -107,18 +119,20 @@ TEST_F(InningsConsole, ThePanelShowsNothingOfTheFirstInningsInTheChase) {
 TEST_F(InningsConsole, TheGraphOfScoresFollowsTheSides) {
   open(false, false);
   play({hit(4), hit(0)});
-  EXPECT_EQ(match.worm[0].team, "Home");
-  EXPECT_EQ(match.worm[0].row[1], 4);
-  EXPECT_FALSE(match.worm[0].row_set[2]);
-  EXPECT_FALSE(match.worm[1].score_set);
+  match_worms worms = worms_with_this_innings(match);
+  EXPECT_EQ(worms.worm[0].team, "Home");
+  EXPECT_EQ(worms.worm[0].row[1], 4);
+  EXPECT_FALSE(worms.worm[0].row_set[2]);
+  EXPECT_FALSE(worms.worm[1].score_set);
   play_first_innings(false, false);
   EXPECT_EQ(match.worm[0].row[50], 22);  // at 299 balls
   EXPECT_EQ(match.worm[0].row[51], 22);  // at 300
   play(times(6, hit(1)) + std::vector{out()});
-  EXPECT_EQ(match.worm[1].team, "Away");
-  EXPECT_EQ(match.worm[1].row[1], 5);
-  EXPECT_EQ(match.worm[1].row[2], 6);
-  EXPECT_EQ(match.worm[1].score_wickets, 1);
+  worms = worms_with_this_innings(match);
+  EXPECT_EQ(worms.worm[1].team, "Away");
+  EXPECT_EQ(worms.worm[1].row[1], 5);
+  EXPECT_EQ(worms.worm[1].row[2], 6);
+  EXPECT_EQ(worms.worm[1].score_wickets, 1);
 }
 
 TEST_F(InningsConsole, TheTableOfBowlersStartsAnew) {

@@ -53,7 +53,7 @@ TEST_F(Innings, TheSidesAndTotalsChangePlaces) {
   EXPECT_EQ(match.score_wickets, 0);
   EXPECT_EQ(match.overs_text(), "0.0");
   EXPECT_EQ(match.innings_number, 2);
-  EXPECT_FALSE(match.innings_changed);
+  EXPECT_EQ(match.next_step, play_step::between_overs);
   EXPECT_EQ(check_match(match), "");
 }
 
@@ -64,6 +64,11 @@ TEST_F(Innings, TheCardsChangePlaces) {
   EXPECT_EQ(match.first_batting_card[2].how_out, " b A.Bowl2");
   EXPECT_EQ(match.first_batting_card[2].fielder, " c A.Bowl7");
   EXPECT_EQ(match.first_batting_card[4].how_out, "");
+  EXPECT_EQ(match.first_batting_card[1].how, dismissal::not_out);
+  EXPECT_EQ(match.first_batting_card[3].how, dismissal::not_out);
+  EXPECT_EQ(match.first_batting_card[2].how, dismissal::caught);
+  EXPECT_EQ(match.first_batting_card[2].fielder_position, 7);
+  EXPECT_EQ(match.first_batting_card[4].how, dismissal::none);
   EXPECT_EQ(match.first_batting_card[1].runs, 12);
   EXPECT_EQ(match.first_bowling_card[2].wickets, 1);
   EXPECT_EQ(match.first_bowling_card[2].runs, 8);
@@ -116,7 +121,10 @@ TEST_F(Innings, AllOutNobodyIsNotOut) {
   open(false, false);
   play(std::vector{hit(1)} + times(10, out()));
   EXPECT_EQ(match.first_wickets, 10);
-  for (int i = 1; i <= 11; ++i) EXPECT_NE(match.first_batting_card[i].how_out, "not out") << i;
+  for (int i = 1; i <= 11; ++i) {
+    EXPECT_NE(match.first_batting_card[i].how_out, "not out") << i;
+    EXPECT_NE(match.first_batting_card[i].how, dismissal::not_out) << i;
+  }
   EXPECT_EQ(match.first_batting_card[11].how_out, " b A.Bowl2");
   EXPECT_EQ(match.first_fall_of_wicket[10].batsman_b, "H.Bat11");
 }
@@ -149,11 +157,10 @@ TEST_F(Innings, TheSameBowlerAndBatsmanReachTheirsInTurn) {
 
 TEST_F(Innings, TheLastOverIsNotClosed) {
   play_first_innings(false, false);
-  EXPECT_EQ(match.first_ball_log[49][7], "A.Bowl1");
-  EXPECT_EQ(match.first_ball_log[49][1], "2");
-  const auto& over = match.first_ball_log[50];
-  EXPECT_THAT(std::vector(over.begin() + 1, over.end()), ElementsAre("4", "W", "2", "3", "2", "0", ""));
-  for (const auto& symbols : match.ball_log) EXPECT_THAT(symbols, ::testing::Each(""));
+  const told_innings before = innings_before(match);
+  EXPECT_THAT(log_of_over(before, 49), ElementsAre("2", "2", "2", "2", "2", "2", "A.Bowl1"));
+  EXPECT_THAT(log_of_over(before, 50), ElementsAre("4", "W", "2", "3", "2", "0", ""));
+  EXPECT_TRUE(match.deliveries.empty());
   EXPECT_EQ(match.clock_minutes, 634);
 }
 

@@ -7,7 +7,9 @@
 #include "captain/computer_captain.h"
 #include "engine/delivery_model.h"
 #include "engine/over_play.h"
+#include "model/innings_log.h"
 #include "model/random.h"
+#include "model/rules.h"
 #include "model/run_time_error.h"
 #include "support/game_in_play.h"
 
@@ -44,6 +46,16 @@ ball out(int kind, int fielder) {
   ball result{wicket, {die_draw(kind, 110)}, {}};
   if (fielder != 0) result.then.push_back(die_draw(fielder, 11));
   return result;
+}
+
+std::vector<std::string> log_of_over(const told_innings& innings, int over) {
+  const over_entries entries = entries_of_over(innings.deliveries, over);
+  std::vector<std::string> texts;
+  for (int i = 1; i <= balls_of_over; ++i) texts.push_back(entries.balls[static_cast<std::size_t>(i)].text());
+  const auto balls = deliveries_of_over(innings.deliveries, over);
+  const bool closed = !balls.empty() && over <= innings.overs_closed;
+  texts.push_back(closed ? innings.bowling[balls.front().bowler].name : "");
+  return texts;
 }
 
 std::vector<ball> times(int count, const ball& one) { return std::vector<ball>(static_cast<std::size_t>(count), one); }

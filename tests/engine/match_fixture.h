@@ -29,6 +29,9 @@ ball off_the_pad(int outcome, int runs);
 /// A wicket by the dismissal draw `kind` (1 to 110; the man is bowled unless told) and, where there is a second draw,
 /// the man at position `fielder`.
 ball out(int kind = 1, int fielder = 0);
+/// The entries that the log of an innings holds for an over, and the bowler's name once the over has come to its end.
+std::vector<std::string> log_of_over(const told_innings& innings, int over);
+
 /// `count` times the same ball.
 std::vector<ball> times(int count, const ball& one);
 /// One list behind the other.

@@ -46,6 +46,13 @@ class Milestones : public match_test {
     match.batting_card[position].balls = balls;
   }
 
+  /// Looks for milestones, and tells the user of those found.
+  void check_and_tell() {
+    check_milestones(match);
+    for (const announcement& found : match.announcements) user.show(message_box{found.title, found.text});
+    match.announcements.clear();
+  }
+
   static std::vector<std::string> filled(std::span<const std::string> list) {
     std::vector<std::string> names;
     for (std::size_t i = 1; i < list.size() && !list[i].empty(); ++i) names.push_back(list[i]);
@@ -58,7 +65,7 @@ TEST_F(Milestones, NothingBelowTheFirstOnes) {
   give(5, 49, 31);
   match.bowling_card[8].wickets = 4;
   match.score_runs = 119;
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_THAT(user.requests, IsEmpty());
   EXPECT_THAT(filled(match.fifty_list), IsEmpty());
   EXPECT_THAT(filled(match.stand50_list), IsEmpty());
@@ -67,13 +74,13 @@ TEST_F(Milestones, NothingBelowTheFirstOnes) {
 TEST_F(Milestones, TheStrikersFour) {
   const std::string lead = "message H.Bat3 - Batting achievement | H.Bat3  ";
   give(3, 50, 61);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   give(3, 101, 90);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   give(3, 150, 111);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   give(3, 204, 130);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_THAT(user.requests,
               ElementsAre(lead + "50(61)  has reached his fifty ", lead + "101(90)  has reached his century! ",
                           lead + "150(111)  has reached his one hundred fifty ",
@@ -83,13 +90,13 @@ TEST_F(Milestones, TheStrikersFour) {
 TEST_F(Milestones, TheNonStrikersFour) {
   const std::string lead = "message H.Bat5 - Batting achievement | H.Bat5 ";
   give(5, 53, 61);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   give(5, 100, 90);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   give(5, 151, 111);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   give(5, 200, 130);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_THAT(user.requests,
               ElementsAre(lead + "53(61)  has reached his fifty ", lead + "100(90)  has reached his century! ",
                           lead + "151(111)  has reached his one hundred fifty ",
@@ -98,9 +105,9 @@ TEST_F(Milestones, TheNonStrikersFour) {
 
 TEST_F(Milestones, TheBowlers) {
   match.bowling_card[8].wickets = 5;
-  check_milestones(match, user_in_use());
+  check_and_tell();
   match.bowling_card[8].wickets = 6;
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_THAT(user.requests,
               ElementsAre("message A.Bowl8 - Bowling achievement | A.Bowl8 has taken a Five Wicket Haul! "));
   EXPECT_THAT(filled(match.five_wicket_list), ElementsAre("A.Bowl8"));
@@ -110,10 +117,10 @@ TEST_F(Milestones, TheStandsSix) {
   const std::string lead = "message  Partnership | H.Bat3 & H.Bat5 have put on a ";
   for (const int stand : {50, 100, 150, 200, 250, 300, 350}) {
     match.score_runs = 70 + stand - 1;
-    check_milestones(match, user_in_use());
+    check_and_tell();
     match.score_runs = 70 + stand;
     std::swap(match.striker, match.non_striker);
-    check_milestones(match, user_in_use());
+    check_and_tell();
   }
   EXPECT_THAT(user.requests,
               ElementsAre(lead + "Fifty run partnership! ", lead + "Hundred run partnership! ",
@@ -130,7 +137,7 @@ TEST_F(Milestones, AllAtOnceComeInTheirOrder) {
   give(5, 200, 98);
   match.bowling_card[8].wickets = 7;
   match.score_runs = 70 + 300;
-  check_milestones(match, user_in_use());
+  check_and_tell();
   std::vector<std::string> firsts;
   for (const message_box& message : user.messages) firsts.push_back(message.text);
   EXPECT_THAT(firsts,
@@ -146,9 +153,9 @@ TEST_F(Milestones, AllAtOnceComeInTheirOrder) {
                           "H.Bat3 & H.Bat5 have put on a Two hundred run partnership! ",
                           "H.Bat3 & H.Bat5 have put on a Two hundred Fifty run partnership! ",
                           "H.Bat3 & H.Bat5 have put on a Three hundred run partnership! "));
-  check_milestones(match, user_in_use());
+  check_and_tell();
   std::swap(match.striker, match.non_striker);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_EQ(user.messages.size(), 15U);
 }
 
@@ -158,7 +165,7 @@ TEST_F(Milestones, UnattendedTheListsAreFilledWithoutAWord) {
   give(5, 55, 98);
   match.bowling_card[8].wickets = 5;
   match.score_runs = 70 + 100;
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_THAT(user.requests, IsEmpty());
   EXPECT_THAT(filled(match.fifty_list), ElementsAre("H.Bat3", "H.Bat5"));
   EXPECT_THAT(filled(match.hundred_list), ElementsAre("H.Bat3"));
@@ -173,7 +180,7 @@ TEST_F(Milestones, OneHumanIsEnough) {
   for (const bool human_bats : {true, false}) {
     stand_here(!human_bats, human_bats);
     give(3, 50, 50);
-    check_milestones(match, user_in_use());
+    check_and_tell();
     EXPECT_EQ(user.requests.size(), 1U);
   }
 }
@@ -183,7 +190,7 @@ TEST_F(Milestones, ANameOnTheListIsNotAnnouncedAgain) {
   match.fifty_list[2] = "H.Bat5";  // of the other side, in the other innings
   give(3, 50, 50);
   give(5, 50, 50);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_EQ(user.requests.size(), 1U);
   EXPECT_THAT(filled(match.fifty_list), ElementsAre("Somebody", "H.Bat5", "H.Bat3"));
 }
@@ -193,25 +200,25 @@ TEST_F(Milestones, ANameOnTheListIsNotAnnouncedAgain) {
 TEST_F(Milestones, ABatsmanWithoutANameIsAnnouncedWithEveryBall) {
   match.batting_card[3].name.clear();
   give(3, 100, 61);
-  check_milestones(match, user_in_use());
-  check_milestones(match, user_in_use());
+  check_and_tell();
+  check_and_tell();
   const std::string fifty = "message  - Batting achievement |   100(61)  has reached his fifty ";
   const std::string century = "message  - Batting achievement |   100(61)  has reached his century! ";
   EXPECT_THAT(user.requests, ElementsAre(fifty, century, fifty, century));
   EXPECT_THAT(filled(match.fifty_list), IsEmpty());
   give(5, 50, 70);
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_THAT(filled(match.fifty_list), ElementsAre("H.Bat5"));
   user.requests.clear();
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_THAT(user.requests, ElementsAre(fifty, century)) << "he is still unknown, the other one is known";
 }
 
 TEST_F(Milestones, ABowlerWithoutANameIsAnnouncedWithEveryBall) {
   match.bowling_card[8].name.clear();
   match.bowling_card[8].wickets = 5;
-  check_milestones(match, user_in_use());
-  check_milestones(match, user_in_use());
+  check_and_tell();
+  check_and_tell();
   const std::string line = "message  - Bowling achievement |  has taken a Five Wicket Haul! ";
   EXPECT_THAT(user.requests, ElementsAre(line, line));
   EXPECT_THAT(filled(match.five_wicket_list), IsEmpty());
@@ -221,8 +228,8 @@ TEST_F(Milestones, APairWithoutNamesIsAnnouncedWithEveryBall) {
   match.batting_xi[3].name.clear();
   match.batting_xi[5].name.clear();
   match.score_runs = 70 + 50;
-  check_milestones(match, user_in_use());
-  check_milestones(match, user_in_use());
+  check_and_tell();
+  check_and_tell();
   const std::string line = "message  Partnership |  &  have put on a Fifty run partnership! ";
   EXPECT_THAT(user.requests, ElementsAre(line, line));
   EXPECT_THAT(filled(match.stand50_list), IsEmpty());
@@ -233,8 +240,8 @@ TEST_F(Milestones, APairOfWhichOneHasANameIsAnnouncedOnce) {
     stand_here(false, false);
     match.batting_xi[nameless].name.clear();
     match.score_runs = 70 + 50;
-    check_milestones(match, user_in_use());
-    check_milestones(match, user_in_use());
+    check_and_tell();
+    check_and_tell();
     EXPECT_EQ(user.requests.size(), 1U);
     EXPECT_THAT(filled(match.stand50_list), ElementsAre(nameless == 3 ? "H.Bat5" : "H.Bat3"));
   }
@@ -243,20 +250,20 @@ TEST_F(Milestones, APairOfWhichOneHasANameIsAnnouncedOnce) {
 TEST_F(Milestones, AStandCountsExtrasAndNoBatsmansRuns) {
   match.score_runs = 70 + 50;
   match.innings_byes = 50;
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_EQ(user.requests.size(), 1U);
 }
 
 TEST_F(Milestones, AnotherPairIsAnotherStand) {
   match.score_runs = 70 + 50;
-  check_milestones(match, user_in_use());
+  check_and_tell();
   match.score_wickets = 3;
   match.fall_of_wicket[3].score = 120;
   match.striker = 6;
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_EQ(user.requests.size(), 1U);
   match.score_runs = 170;
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_EQ(user.requests.back(), "message  Partnership | H.Bat5 & H.Bat6 have put on a Fifty run partnership! ");
   EXPECT_THAT(filled(match.stand50_list), ElementsAre("H.Bat3H.Bat5", "H.Bat5H.Bat6"));
 }
@@ -301,7 +308,7 @@ TEST_F(Milestones, AStandThatEndsAtFiftyIsNoneAnyMore) {
   match.score_runs = 70 + 50;
   match.score_wickets = 3;
   match.fall_of_wicket[3].score = 70 + 50;
-  check_milestones(match, user_in_use());
+  check_and_tell();
   EXPECT_THAT(user.requests, IsEmpty());
   EXPECT_THAT(filled(match.stand50_list), IsEmpty());
 }

@@ -9,6 +9,7 @@
 #include "engine/over_play.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
@@ -159,11 +160,13 @@ TEST_F(Opening, ShowsTheSides) {
 TEST_F(Opening, TheConsoleIsAFreshOne) {
   match.score_runs = 77;
   match.score_wickets = 3;
-  match.over_symbols[2] = "W";
+  match.deliveries = {ball_of_wicket(dismissal::bowled)};
+  match.first_deliveries = {ball_of_runs(1)};
+  match.over_on_show = {1, true, false};
+  ASSERT_EQ(over_symbols(match)[0], "W");
   match.batsman_aggression = {5, 5};
   match.bowling_aggression = {4, 4};
   match.settled_meter = {100, 200};
-  match.ball_commentary.add_ball({ball_text::runs, 1, 1, 1});
   match.bowler_list[1].position = 4;
   match.first_innings_projection = {projection_text::kind::number, 300};
   match.opening_bowlers = {4, 5};
@@ -175,10 +178,11 @@ TEST_F(Opening, TheConsoleIsAFreshOne) {
   open_console(in_play());
   EXPECT_EQ(match.score_runs, 0);
   EXPECT_EQ(match.score_wickets, 0);
-  EXPECT_THAT(match.over_symbols, ElementsAre("", "", "", "", "", ""));
+  EXPECT_THAT(over_symbols(match), ElementsAre("", "", "", "", "", ""));
   EXPECT_THAT(match.bowling_aggression, ElementsAre(2, 1));
   EXPECT_THAT(match.settled_meter, ElementsAre(0, 0));
   EXPECT_THAT(commentary_lines(match), IsEmpty());
+  EXPECT_THAT(match.first_deliveries, IsEmpty());
   EXPECT_THAT(view_bowler_list(match), IsEmpty());
   EXPECT_EQ(match.first_innings_projection.text(), "");
   EXPECT_THAT(match.opening_bowlers, ElementsAre(0, 0));

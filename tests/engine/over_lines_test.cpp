@@ -86,17 +86,17 @@ TEST_F(OverLines, TheTableOfBowlersGoesByTheirComingOn) {
   ASSERT_EQ(rows.size(), 3U);
   EXPECT_EQ(rows[0].name, "A.Bowl1");
   // The maiden is credited behind the last refresh of his row.
-  EXPECT_EQ(rows[0].figures, "1.0-0-0-0");
+  EXPECT_THAT(rows[0].figures, ElementsAre("1.0", "0", "0", "0"));
   EXPECT_EQ(rows[1].name, "B.Longfe'es");
-  EXPECT_EQ(rows[1].figures, "1.0-0-6-0");
+  EXPECT_THAT(rows[1].figures, ElementsAre("1.0", "0", "6", "0"));
   EXPECT_EQ(rows[2].name, "A.Bowl9");
-  EXPECT_EQ(rows[2].figures, "0.1-0-2-0");
+  EXPECT_THAT(rows[2].figures, ElementsAre("0.1", "0", "2", "0"));
 }
 
 TEST_F(OverLines, ARowIsRewrittenWhenItsManBowlsAgain) {
   play(times(12, hit(0)) + std::vector{hit(0)});
   ASSERT_EQ(view_bowler_list(match).size(), 2U);
-  EXPECT_EQ(view_bowler_list(match)[0].figures, "1.1-1-0-0");
+  EXPECT_THAT(view_bowler_list(match)[0].figures, ElementsAre("1.1", "1", "0", "0"));
 }
 
 TEST_F(OverLines, TheEleventhBowlerHasNoRow) {

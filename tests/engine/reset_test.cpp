@@ -110,6 +110,8 @@ TEST_F(Reset, ElevensCardsAndPool) {
     for (const batting_card_table* card : {&match.batting_card, &match.first_batting_card}) {
       const batting_card_rec& man = (*card)[i];
       EXPECT_EQ(man.name + man.how_out + man.fielder, "");
+      EXPECT_EQ(man.how, dismissal::none);
+      EXPECT_EQ(man.fielder_position, 0);
       EXPECT_EQ(man.runs + man.balls + man.fours + man.sixes + man.twos + man.threes + man.singles + man.dots, 0);
     }
     for (const bowling_card_table* card : {&match.bowling_card, &match.first_bowling_card}) {
@@ -124,6 +126,9 @@ TEST_F(Reset, ElevensCardsAndPool) {
 
 TEST_F(Reset, FallsLogsAndCommentary) {
   fill();
+  ASSERT_FALSE(match.deliveries.empty());
+  ASSERT_FALSE(match.first_deliveries.empty());
+  ASSERT_FALSE(stored_commentary_lines(match).empty());
   reset_match(match);
   for (const fall_of_wicket_table* falls : {&match.fall_of_wicket, &match.first_fall_of_wicket}) {
     for (const fall_of_wicket_rec& fall : *falls) {
@@ -131,10 +136,9 @@ TEST_F(Reset, FallsLogsAndCommentary) {
       EXPECT_EQ(fall.score + fall.balls + fall.partner_runs + fall.partner_balls, 0);
     }
   }
-  for (const ball_log_table* log : {&match.ball_log, &match.first_ball_log}) {
-    for (const auto& over : *log) EXPECT_THAT(over, Each(""));
-  }
-  EXPECT_EQ(match.commentary_store.size(), 0);
+  EXPECT_THAT(match.deliveries, IsEmpty());
+  EXPECT_THAT(match.first_deliveries, IsEmpty());
+  EXPECT_FALSE(match.commentary_stored);
   EXPECT_THAT(stored_commentary_lines(match), IsEmpty());
 }
 
@@ -194,7 +198,6 @@ TEST_F(Reset, LeavesTheResultTheCaptionsAndTheSignal) {
   match.result_margin = "  won by  3  runs";
   match.rate_first = {"Home", 0.06};
   match.rate_second = {"Away", -0.06};
-  match.innings_changed = true;
   match.batsman_aggression = {4, 5};
   match.bowling_aggression = {2, 5};
   script_draws({});
@@ -206,7 +209,6 @@ TEST_F(Reset, LeavesTheResultTheCaptionsAndTheSignal) {
   EXPECT_EQ(match.rate_first.team, "Home");
   EXPECT_EQ(match.rate_first.delta, 0.06);
   EXPECT_EQ(match.rate_second.delta, -0.06);
-  EXPECT_TRUE(match.innings_changed);
   EXPECT_THAT(match.batsman_aggression, ElementsAre(4, 5));
   EXPECT_THAT(match.bowling_aggression, ElementsAre(2, 5));
   EXPECT_EQ(chance.draws_used(), 0U);

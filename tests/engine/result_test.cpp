@@ -55,7 +55,7 @@ class Result : public match_test {
     EXPECT_EQ(match.first_total, 0);
     EXPECT_EQ(match.over_no, 0);
     EXPECT_EQ(match.team1_name, "");
-    EXPECT_FALSE(match.innings_changed);
+    EXPECT_EQ(match.next_step, play_step::closed);
     EXPECT_FALSE(match.console_open);
   }
 
@@ -134,7 +134,7 @@ TEST_F(Result, AChaseThatSucceeds) {
   user.on_report = [](report) {
     EXPECT_EQ(match.score_runs, 8);
     EXPECT_EQ(match.innings_balls, 5);
-    EXPECT_EQ(match.ball_log[1][6], "");
+    EXPECT_EQ(log_of_over(innings_in_play(match), 1)[5], "");
   };
   play({hit(4), out(), hit(0), hit(0), hit(4)});
   EXPECT_THAT(user.requests, ElementsAre("batsmandetails A.Bowl1   b H.Bat1  4 (2).", "batorder Select Next Batsman",

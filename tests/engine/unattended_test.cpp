@@ -57,10 +57,16 @@ class Unattended : public match_test {
     std::vector<std::string>& lines = user.requests;
     for (const std::string& line : stored_commentary_lines(match)) lines.push_back(line);
     for (const std::string& line : commentary_lines(match)) lines.push_back(line);
-    for (const bowler_line& line : view_bowler_list(match)) lines.push_back(line.name + line.figures);
+    for (const bowler_line& line : view_bowler_list(match)) {
+      lines.push_back(line.name);
+      lines.insert(lines.end(), line.figures.begin(), line.figures.end());
+    }
     for (const rate_cell& cell : view_rates(match).cells) lines.push_back(cell.heading + cell.text);
     lines.push_back(view_last_wicket(match));
-    for (const auto& over : match.ball_log) lines.insert(lines.end(), over.begin(), over.end());
+    for (int over = 1; over <= 50; ++over) {
+      const std::vector<std::string> entries = log_of_over(innings_in_play(match), over);
+      lines.insert(lines.end(), entries.begin(), entries.end());
+    }
     for (const auto& fall : match.fall_of_wicket) lines.push_back(fall.batsman_a + fall.batsman_b);
     for (const std::string& name : match.fifty_list) lines.push_back(name);
     for (const std::string& name : match.stand50_list) lines.push_back(name);

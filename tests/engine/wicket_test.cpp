@@ -41,13 +41,14 @@ TEST_F(Wicket, BooksTheBall) {
   EXPECT_EQ(match.score_wickets, 1);
   EXPECT_EQ(match.score_runs, 4);
   EXPECT_EQ(match.innings_balls, 2);
-  EXPECT_EQ(match.ball_log[1][2], "W");
-  EXPECT_EQ(match.over_symbols[1], "W");
+  EXPECT_EQ(log_of_over(innings_in_play(match), 1)[1], "W");
+  EXPECT_EQ(over_symbols(match)[1], "W");
   const batting_card_rec& gone = match.batting_card[1];
   EXPECT_EQ(gone.balls, 2);
   EXPECT_EQ(gone.dots, 1);
   EXPECT_EQ(gone.runs, 4);
   EXPECT_EQ(gone.how_out, " b A.Bowl1");
+  EXPECT_EQ(gone.how, dismissal::bowled);
   EXPECT_EQ(match.bowling_card[1].wickets, 1);
   EXPECT_EQ(match.bowling_card[1].balls, 2);
   EXPECT_EQ(match.fall_of_wicket[1].score, 4);

@@ -33,7 +33,8 @@ int main(int count, char** words) {
     velorin::data.files = velorin::database_paths(words[1], "base");
     if (words[2] == std::string("match")) {
       velorin::testing::set_up_finished_match();
-      velorin::match_update update(velorin::match, velorin::data);
+      bool added = false;
+      velorin::match_update update(velorin::match, velorin::data, added);
       with_a_second_try([&] { update.run(); });
     } else {
       bool again = false;

@@ -104,7 +104,7 @@ TEST_F(HeadlessUser, SendsInTheFirstManWhoIsFree) {
   match.striker = 2;
   match.non_striker = 4;
   match.batsman_aggression = {1, 5};
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   user_.show(form);
   EXPECT_TRUE(form.closed);
   EXPECT_EQ(form.chosen, 5);
@@ -113,11 +113,11 @@ TEST_F(HeadlessUser, SendsInTheFirstManWhoIsFree) {
 }
 
 TEST_F(HeadlessUser, OpensWithTheFirstTwoBatsmen) {
-  next_batsman_form first(match, "Select 1st Opener");
+  next_batsman_form first(match, next_batsman_form::use::first_opener);
   user_.show(first);
   EXPECT_EQ(first.chosen, 1);
   match.striker = 1;
-  next_batsman_form second(match, "Select 2nd Opener");
+  next_batsman_form second(match, next_batsman_form::use::second_opener);
   user_.show(second);
   EXPECT_EQ(second.chosen, 2);
   EXPECT_EQ(match.batsman_aggression, (slots{3, 3}));

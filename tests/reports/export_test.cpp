@@ -9,6 +9,7 @@
 #include "database/configuration.h"
 #include "reports/match_scenes.h"
 #include "reports/opened.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 
 namespace velorin {
@@ -293,8 +294,7 @@ TEST_F(Export, AFirstInningsOf0IsNoFirstInnings) {
 
 TEST_F(Export, AtMost1500LinesOfTheFirstInnings) {
   set_second_innings_in_play();
-  match.commentary_store.clear();
-  for (int i = 0; i < 1600; ++i) match.commentary_store.add_ball({ball_text::runs, 2, 11, 1});
+  match.first_deliveries.assign(1600, ball_of_runs(2, {11, 1, 4}, 49));
   const auto lines = lines_of(ball_by_ball(match, opened<scorecard_form>()));
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "K.Stote to A.Harrow : 2 runs."), 1500);
   EXPECT_EQ(place_of(lines, "Scorecard"), 8 + 1500 + 1);

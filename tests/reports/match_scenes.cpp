@@ -2,6 +2,8 @@
 #include "reports/match_scenes.h"
 
 #include "database/configuration.h"
+#include "support/cards.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 
 namespace velorin {
@@ -11,16 +13,15 @@ namespace {
 const char* const south_isles[] = {"",         "A.Tamuera", "B.Okell", "C.Vanterpool", "D.Sealing", "E.Marrack",
                                    "F.Uluila", "G.Penhall", "H.Dray",  "I.Quennell",   "J.Abara",   "K.Stote"};
 
-batting_card_rec batsman(const char* name, int runs, int balls, int fours, int sixes, const char* fielder,
-                         const char* how_out) {
+batting_card_rec batsman(const char* name, int runs, int balls, int fours, int sixes, dismissal how = dismissal::none,
+                         const char* bowler = "", const man_in_the_field& fielder = {}) {
   batting_card_rec card;
   card.name = name;
   card.runs = runs;
   card.balls = balls;
   card.fours = fours;
   card.sixes = sixes;
-  card.fielder = fielder;
-  card.how_out = how_out;
+  put_out(card, how, bowler, fielder);
   return card;
 }
 
@@ -58,11 +59,11 @@ void set_south_isles_innings() {
   match.innings_wides = 7;
   match.innings_leg_byes = 5;
   match.innings_byes = 1;
-  match.batting_card[1] = batsman("A.Tamuera", 12, 20, 2, 0, " c B.Lindqvist-Ramsden", " b I.Nettle");
-  match.batting_card[2] = batsman("B.Okell", 0, 1, 0, 0, "", " lbw K.Foss");
-  match.batting_card[3] = batsman("C.Vanterpool", 102, 101, 11, 3, "", "");
-  match.batting_card[4] = batsman("D.Sealing", 3, 9, 0, 0, "", " run out (F.Aldous)");
-  match.batting_card[5] = batsman("E.Marrack", 8, 6, 0, 1, "", "");
+  match.batting_card[1] = batsman("A.Tamuera", 12, 20, 2, 0, dismissal::caught, "I.Nettle", {2, "B.Lindqvist-Ramsden"});
+  match.batting_card[2] = batsman("B.Okell", 0, 1, 0, 0, dismissal::leg_before, "K.Foss");
+  match.batting_card[3] = batsman("C.Vanterpool", 102, 101, 11, 3);
+  match.batting_card[4] = batsman("D.Sealing", 3, 9, 0, 0, dismissal::run_out, "F.Aldous");
+  match.batting_card[5] = batsman("E.Marrack", 8, 6, 0, 1);
   match.fall_of_wicket[1] = fall(31, 42, 31, 42, "B.Okell", "A.Tamuera");
   match.fall_of_wicket[2] = fall(31, 43, 0, 1, "C.Vanterpool", "B.Okell");
   match.fall_of_wicket[3] = fall(99, 120, 68, 77, "C.Vanterpool", "D.Sealing");
@@ -97,17 +98,17 @@ void set_northland_bowling() {
 
 void set_northland_batting() {
   batting_card_table& card = match.first_batting_card;
-  card[1] = batsman("A.Harrow", 123, 131, 14, 2, "", " c && b J.Abara");
-  card[2] = batsman("B.Lindqvist-Ramsden", 40, 44, 5, 0, " c E.Marrack", " b K.Stote");
-  card[3] = batsman("C.Featherstonehaughs", 9, 12, 1, 0, " st G.Penhall", " b H.Dray");
-  card[4] = batsman("D.Moss", 0, 1, 0, 0, "", " b K.Stote");
-  card[5] = batsman("E.Sandoval", 17, 30, 0, 0, "", " lbw J.Abara");
-  card[6] = batsman("F.Aldous", 22, 20, 1, 1, " c G.Penhall", " b I.Quennell");
-  card[7] = batsman("G.Bright", 11, 19, 1, 0, "", " run out (A.Tamuera)");
-  card[8] = batsman("H.Ekwueme", 5, 9, 0, 0, " c F.Uluila", " b H.Dray");
-  card[9] = batsman("I.Nettle", 1, 4, 0, 0, "", " b J.Abara");
-  card[10] = batsman("J.Orme", 19, 16, 2, 1, " c D.Sealing", " b K.Stote");
-  card[11] = batsman("K.Foss", 2, 4, 0, 0, "", "");  // nothing is written for the man whom the last wicket strands
+  card[1] = batsman("A.Harrow", 123, 131, 14, 2, dismissal::caught_and_bowled, "J.Abara", {10, "J.Abara"});
+  card[2] = batsman("B.Lindqvist-Ramsden", 40, 44, 5, 0, dismissal::caught, "K.Stote", {5, "E.Marrack"});
+  card[3] = batsman("C.Featherstonehaughs", 9, 12, 1, 0, dismissal::stumped, "H.Dray", {7, "G.Penhall"});
+  card[4] = batsman("D.Moss", 0, 1, 0, 0, dismissal::bowled, "K.Stote");
+  card[5] = batsman("E.Sandoval", 17, 30, 0, 0, dismissal::leg_before, "J.Abara");
+  card[6] = batsman("F.Aldous", 22, 20, 1, 1, dismissal::caught, "I.Quennell", {7, "G.Penhall"});
+  card[7] = batsman("G.Bright", 11, 19, 1, 0, dismissal::run_out, "A.Tamuera");
+  card[8] = batsman("H.Ekwueme", 5, 9, 0, 0, dismissal::caught, "H.Dray", {6, "F.Uluila"});
+  card[9] = batsman("I.Nettle", 1, 4, 0, 0, dismissal::bowled, "J.Abara");
+  card[10] = batsman("J.Orme", 19, 16, 2, 1, dismissal::caught, "K.Stote", {4, "D.Sealing"});
+  card[11] = batsman("K.Foss", 2, 4, 0, 0);  // nothing is written for the man whom the last wicket strands
 
   fall_of_wicket_table& falls = match.first_fall_of_wicket;
   falls[1] = fall(88, 94, 88, 94, "A.Harrow", "B.Lindqvist-Ramsden");
@@ -137,9 +138,8 @@ void set_first_innings_of_northland() {
   match.first_bowling_card[9] = bowler("I.Quennell", 60, 0, 52, 1);
   match.first_bowling_card[10] = bowler("J.Abara", 60, 3, 30, 3);
   match.first_bowling_card[11] = bowler("K.Stote", 56, 10, 23, 3);
-  match.commentary_store.add_ball({ball_text::runs, 4, 11, 1});
-  match.commentary_store.add_ball({ball_text::leg_byes, 1, 11, 1});
-  match.commentary_store.add_wicket(11, 4);
+  match.first_deliveries = {ball_of_runs(4, {11, 1, 4}, 49, 1), ball_of_leg_byes(1, {11, 4, 1}, 49, 2),
+                            ball_of_wicket(dismissal::bowled, {11, 4, 1}, 5, 49, 3)};
   match.commentary_stored = true;
 }
 
@@ -147,9 +147,8 @@ void set_first_innings_of_northland() {
 
 void leave_the_last_pair_in() {
   batting_card_table& card = match.first_batting_card;
-  card[10].fielder.clear();
-  card[10].how_out = "not out";
-  card[11].how_out = "not out";
+  put_out(card[10], dismissal::not_out);
+  put_out(card[11], dismissal::not_out);
   match.first_wickets = 9;
   match.first_balls = 300;
   match.first_fall_of_wicket[10] = fall(0, 0, 20, 23, "J.Orme", "K.Foss * ");
@@ -168,9 +167,7 @@ void set_first_innings_in_play() {
   match.team2_name = "Northland";
   set_south_isles_innings();
   set_northland_bowling();
-  match.ball_commentary.add_ball({ball_text::runs, 0, 3, 5});
-  match.ball_commentary.add_ball({ball_text::runs, 1, 3, 5});
-  match.ball_commentary.add_ball({ball_text::wide, 0, 3, 3});
+  match.deliveries = {ball_of_runs(0, {3, 5, 3}, 23, 4), ball_of_runs(1, {3, 5, 3}, 23, 5), wide_on(5, {3, 3, 5}, 23)};
 }
 
 void set_second_innings_in_play() {

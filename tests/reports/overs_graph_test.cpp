@@ -4,6 +4,7 @@
 #include "reports/match_scenes.h"
 #include "reports/opened.h"
 #include "reports/worm_graph.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 
 namespace velorin {
@@ -11,14 +12,17 @@ namespace {
 
 using OversGraph = reports_test;
 
-void set_over(ball_log_table& log, int over, const std::vector<std::string>& symbols) {
-  for (std::size_t b = 0; b < symbols.size(); ++b) log[over][b + 1] = symbols[b];
+/// The second innings in play, of which no ball is on record.
+void set_innings_without_deliveries() {
+  set_second_innings_in_play();
+  match.deliveries.clear();
+  match.first_deliveries.clear();
 }
 
 TEST_F(OversGraph, BarsStandOnTheirBaseLines) {
-  set_second_innings_in_play();
-  set_over(match.ball_log, 3, {"1", "0", "4", "0", "2", "0"});
-  set_over(match.first_ball_log, 50, {"6", "0", "0", "0", "0", "3"});
+  set_innings_without_deliveries();
+  add_over(match.deliveries, 3, {"1", "0", "4", "0", "2", "0"});
+  add_over(match.first_deliveries, 50, {"6", "0", "0", "0", "0", "3"});
   const overs_graph_form screen = opened<overs_graph_form>();
   EXPECT_EQ(screen.bars[3].height, 7 * 165);
   EXPECT_EQ(screen.bars[3].top, 3300 - 7 * 165);
@@ -29,9 +33,9 @@ TEST_F(OversGraph, BarsStandOnTheirBaseLines) {
 }
 
 TEST_F(OversGraph, OnlyTheOversWithRunsShowABar) {
-  set_second_innings_in_play();
-  set_over(match.ball_log, 3, {"1"});
-  set_over(match.first_ball_log, 1, {"1"});
+  set_innings_without_deliveries();
+  add_over(match.deliveries, 3, {"1"});
+  add_over(match.first_deliveries, 1, {"1"});
   const overs_graph_form screen = opened<overs_graph_form>();
   for (int place = 0; place <= 101; ++place) {
     EXPECT_EQ(screen.bars[place].visible, place == 3 || place == 101) << place;
@@ -47,16 +51,18 @@ TEST_F(OversGraph, Places) {
 }
 
 TEST_F(OversGraph, OnlyNumbersCount) {
-  set_over(match.ball_log, 1, {"1", "W", "2lb", "", "3", "4b"});
-  match.ball_log[1][7] = "7";
+  add_over(match.deliveries, 1, {"1", "W", "2lb", "", "3", "4b"});
+  delivery no_number = wide_on(2);  // stands on the wicket
+  no_number.counted = true;
+  match.deliveries.push_back(no_number);
   const overs_graph_form screen = opened<overs_graph_form>();
-  EXPECT_EQ(screen.bars[1].height, 4 * 165);
+  EXPECT_EQ(screen.bars[1].height, (1 + 2 + 3 + 4) * 165);
   EXPECT_TRUE(screen.wicket_marks[1]);
 }
 
 TEST_F(OversGraph, AMaidenWithAWicketShowsTheMarkAlone) {
-  set_over(match.ball_log, 5, {"0", "0", "W", "0", "0", "0"});
-  set_over(match.first_ball_log, 7, {"0", "0", "0", "0", "0", "W"});
+  add_over(match.deliveries, 5, {"0", "0", "W", "0", "0", "0"});
+  add_over(match.first_deliveries, 7, {"0", "0", "0", "0", "0", "W"});
   const overs_graph_form screen = opened<overs_graph_form>();
   EXPECT_FALSE(screen.bars[5].visible);
   EXPECT_EQ(screen.bars[5].height, 0);
@@ -68,7 +74,7 @@ TEST_F(OversGraph, AMaidenWithAWicketShowsTheMarkAlone) {
 }
 
 TEST_F(OversGraph, AnOverOfMoreThan20RunsReachesPastTheTop) {
-  set_over(match.ball_log, 50, {"6", "6", "6", "6", "6", "12"});
+  add_over(match.deliveries, 50, {"6", "6", "6", "6", "6", "12"});
   const overs_graph_form screen = opened<overs_graph_form>();
   EXPECT_EQ(screen.bars[50].height, 42 * 165);
   EXPECT_EQ(screen.bars[50].top, 3300 - 42 * 165);
@@ -98,7 +104,7 @@ TEST_F(OversGraph, WithoutABallTheRateLinesLieOnTheBaseLines) {
 }
 
 TEST_F(OversGraph, AFirstInningsOfNoBallLeavesTheLowerHalfEmpty) {
-  set_second_innings_in_play();
+  set_innings_without_deliveries();
   match.first_balls = 0;
   const overs_graph_form screen = opened<overs_graph_form>();
   EXPECT_EQ(screen.rate_line_heights[1], 6840);
@@ -110,8 +116,8 @@ TEST_F(OversGraph, AFirstInningsOfNoBallLeavesTheLowerHalfEmpty) {
 
 TEST_F(OversGraph, TheLastOverOnRecord) {
   EXPECT_EQ(opened<overs_graph_form>().overs, (std::array<int, 2>{0, 0}));
-  set_over(match.ball_log, 4, {"0", "0", "0", "0", "0", "0"});
-  set_over(match.first_ball_log, 50, {"", "", "", "", "", "0"});
+  add_over(match.deliveries, 4, {"0", "0", "0", "0", "0", "0"});
+  add_over(match.first_deliveries, 50, {"", "", "", "", "", "0"});
   EXPECT_EQ(opened<overs_graph_form>().overs, (std::array<int, 2>{4, 50}));
 }
 
@@ -141,7 +147,7 @@ TEST_F(OversGraph, SidesOfALaterMatchKeepClearOfEachOther) {
 }
 
 TEST_F(OversGraph, ReopeningForgetsWhatWasShown) {
-  set_over(match.ball_log, 1, {"4", "W"});
+  add_over(match.deliveries, 1, {"4", "W"});
   overs_graph_form screen = opened<overs_graph_form>();
   match = match_state{};
   screen.open();

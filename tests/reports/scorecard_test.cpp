@@ -3,6 +3,7 @@
 
 #include "reports/match_scenes.h"
 #include "reports/opened.h"
+#include "support/cards.h"
 #include "support/game_in_play.h"
 
 namespace velorin {
@@ -81,9 +82,9 @@ TEST_F(Scorecard, NobodyAtTheCreaseMarksNobody) {
 TEST_F(Scorecard, AllOutLeavesTheLastPairAsItStands) {
   for (int i = 1; i <= 11; ++i) {
     match.batting_card[i].name = "A.Man";
-    match.batting_card[i].how_out = " b K.Foss";
+    put_out(match.batting_card[i], dismissal::bowled, "K.Foss");
   }
-  match.batting_card[9].how_out.clear();
+  put_out(match.batting_card[9], dismissal::none);
   match.striker = 11;
   match.non_striker = 9;
   match.score_wickets = 10;
@@ -250,7 +251,7 @@ TEST_F(Scorecard, FirstInnings) {
 TEST_F(Scorecard, FirstInningsHasNoStrikerStep) {
   set_second_innings_in_play();
   leave_the_last_pair_in();
-  match.first_batting_card[5].how_out.clear();  // 5 is the striker of the innings in play
+  put_out(match.first_batting_card[5], dismissal::none);  // 5 is the striker of the innings in play
   EXPECT_EQ(opened<first_scorecard_form>().how_out[5], "");
   EXPECT_EQ(opened<first_scorecard_form>().how_out[11], "not out");
 }
@@ -268,7 +269,7 @@ TEST_F(Scorecard, DetailsOfTheFirstInnings) {
   EXPECT_EQ(card.details(11).headline, "K.Foss  Not Out         2 (4).");
   EXPECT_EQ(card.details(1).headline, "A.Harrow   c && b J.Abara  123 (131).");
   EXPECT_EQ(card.details(1).strike_rate, "93.89");
-  match.first_batting_card[5].how_out.clear();
+  put_out(match.first_batting_card[5], dismissal::none);
   EXPECT_EQ(card.details(5).headline, "E.Sandoval    17 (30).");
 }
 
@@ -285,6 +286,8 @@ TEST_F(Scorecard, OpeningChangesNothingInTheMatch) {
   opened<first_scorecard_form>();
   EXPECT_EQ(match.batting_card[3].how_out, "");
   EXPECT_EQ(match.batting_card[5].how_out, "");
+  EXPECT_EQ(match.batting_card[3].how, dismissal::none);
+  EXPECT_EQ(match.batting_card[5].how, dismissal::none);
 }
 
 }  // namespace

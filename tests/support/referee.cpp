@@ -3,29 +3,14 @@
 
 #include <algorithm>
 #include <sstream>
-#include <string_view>
 
 #include "engine/delivery_model.h"
 #include "model/check_match.h"
+#include "model/innings_log.h"
 #include "model/match_state.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
-
-namespace {
-
-/// The number that a symbol of the ball log is, or -1.
-int number_of(std::string_view symbol) {
-  if (symbol.empty()) return -1;
-  int number = 0;
-  for (const char digit : symbol) {
-    if (digit < '0' || digit > '9') return -1;
-    number = 10 * number + (digit - '0');
-  }
-  return number;
-}
-
-}  // namespace
 
 void referee::complain(const std::string& what) {
   if (what.empty() || !complaint_.empty()) return;
@@ -111,12 +96,9 @@ void referee::check_fifty(const batting_card_rec& man) {
 void referee::check_log() {
   int sum = 0;
   int wickets = 0;
-  for (int over = 1; over <= 50; ++over) {
-    for (int ball = 1; ball <= 6; ++ball) {
-      const std::string_view symbol = match.ball_log[over][ball];
-      sum += std::max(0, number_of(symbol));
-      wickets += symbol == "W" ? 1 : 0;
-    }
+  for (const over_entries& over : log_of(match.deliveries)) {
+    sum += over.runs();
+    wickets += over.wickets();
   }
   if (sum != match.score_runs + match.innings_no_balls + match.innings_wides)
     complain("the ball log adds up to another score");
@@ -125,7 +107,8 @@ void referee::check_log() {
   // each over that came to its end before the innings did.
   const int extras = outcomes_[no_ball] + outcomes_[wide_ball] - match.innings_no_balls - match.innings_wides;
   const int lines = innings_deliveries_ - extras + 4 * match.score_wickets + 12 * (match.over_no - 1);
-  if (match.ball_commentary.size() != lines) complain("the commentary has too few or too many lines");
+  if (count_lines(match.deliveries, overs_closed(match)) != lines)
+    complain("the commentary has too few or too many lines");
 }
 
 /// Deliveries by outcome against the cards.

@@ -137,6 +137,8 @@ bool outside_play(request kind, const game_state& game) {
   return kind != request::progress_done && game.match.step != match_step::play;
 }
 
+bool anywhere(request kind, const game_state& /*game*/) { return kind != request::progress_done; }
+
 stopping_user::stopping_user(game_state& game, stop_filter filter, std::function<void()> at_stop)
     : headless_user(game.match), game_(game), filter_(std::move(filter)), at_stop_(std::move(at_stop)) {}
 

@@ -45,6 +45,9 @@ using stop_filter = std::function<bool(request, const game_state&)>;
 /// Every request but those of play itself: the set-up and the competitions.
 bool outside_play(request kind, const game_state& game);
 
+/// Every request but the one that follows on the end of an unattended match: play itself too.
+bool anywhere(request kind, const game_state& game);
+
 /// A user whose answers follow from the question and the number that would be drawn next alone, so that a copy of the
 /// game is answered alike: at times he leaves a match, quits a World Cup or looks at the averages.
 class stopping_user : public headless_user {

@@ -33,6 +33,7 @@ QLayout* new_table(const QString& name, const char* heading, const std::vector<l
   head->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   column->addWidget(head);
   std::vector<bool> human;
+  human.reserve(rows.size());
   for (const league_texts& row : rows) human.push_back(is_human(row.front()));
   column->addWidget(new_league_view(name, title, rows, cup_headings, room, human), 1);
   return column;

@@ -24,10 +24,10 @@ class CommentaryModel : public QAbstractListModel {
 
   /// True if lines came or went.
   bool read() {
-    const int size = match_.ball_commentary.size();
+    const int size = count_lines(match_.deliveries, overs_closed(match_));
     const int before = static_cast<int>(lines_.size());
     if (size == before) return false;
-    const std::vector<std::string> lines = commentary_lines(match_);
+    const std::vector<commentary_line> lines = tell(innings_in_play(match_));
     if (size < before) {
       beginResetModel();
       lines_ = lines;
@@ -46,8 +46,7 @@ class CommentaryModel : public QAbstractListModel {
 
   QVariant data(const QModelIndex& index, int role) const override {
     if (!index.isValid()) return {};
-    const std::string& line = lines_[static_cast<std::size_t>(index.row())];
-    const Kind kind = kind_of(line);
+    const auto& [line, kind] = lines_[static_cast<std::size_t>(index.row())];
     switch (role) {
       case Qt::DisplayRole:
         return sign(kind) + shown_caption(line);
@@ -59,55 +58,46 @@ class CommentaryModel : public QAbstractListModel {
       case Qt::ForegroundRole:
         return color(kind);
       case Qt::FontRole:
-        return type_font(kind == Kind::plain || kind == Kind::block ? TypeStep::body : TypeStep::strong);
+        return type_font(kind == line_kind::ball || is_block(kind) ? TypeStep::body : TypeStep::strong);
       default:
         return {};
     }
   }
 
  private:
-  enum class Kind { plain, block, four, six, wicket };
+  static bool is_block(line_kind kind) { return kind == line_kind::wicket_card || kind == line_kind::over_end; }
 
-  static Kind kind_of(const std::string& line) {
-    if (line.find(" : ") == std::string::npos || line.rfind(" Run Rate", 0) == 0 || line.rfind("Fours", 0) == 0) {
-      return Kind::block;
-    }
-    if (line.ends_with(" : Wicket!")) return Kind::wicket;
-    if (line.ends_with(" : 4 runs.")) return Kind::four;
-    if (line.ends_with(" : 6 runs.")) return Kind::six;
-    return Kind::plain;
-  }
-
-  static QString sign(Kind kind) {
+  static QString sign(line_kind kind) {
     switch (kind) {
-      case Kind::wicket:
+      case line_kind::wicket:
         return QStringLiteral("\u25A0 ");
-      case Kind::four:
+      case line_kind::four:
         return QStringLiteral("\u25CF ");
-      case Kind::six:
+      case line_kind::six:
         return QStringLiteral("\u25B2 ");
       default:
         return {};
     }
   }
 
-  static QColor color(Kind kind) {
+  static QColor color(line_kind kind) {
     const Theme& t = theme();
     switch (kind) {
-      case Kind::wicket:
+      case line_kind::wicket:
         return t.ball;
-      case Kind::four:
+      case line_kind::four:
         return t.high_contrast || t.dark ? t.four : t.four.darker(115);
-      case Kind::six:
+      case line_kind::six:
         return t.six;
-      case Kind::block:
+      case line_kind::wicket_card:
+      case line_kind::over_end:
         return t.muted;
       default:
         return t.ink;
     }
   }
 
-  std::vector<std::string> lines_;
+  std::vector<commentary_line> lines_;
   const match_state& match_;
 };
 

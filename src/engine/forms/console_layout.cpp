@@ -66,7 +66,7 @@ Table bowlers_table(const match_state& match) {
     TableRow row;
     row.id = line.position;
     row.cells.push_back({shown(line.name)});
-    for (const QString& figure : shown(line.figures).split(QLatin1Char('-'))) row.cells.push_back({figure});
+    for (const std::string& figure : line.figures) row.cells.push_back({shown(figure)});
     table.rows.push_back(std::move(row));
   }
   return table;

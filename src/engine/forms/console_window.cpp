@@ -69,6 +69,8 @@ ConsoleWindow::ConsoleWindow(const match_state& match, open_database& database, 
   qApp->installEventFilter(this);
   refresh();
   next_over_->setFocus();
+  // A match taken up in the midst of an over goes on with it.
+  if (form_.has_over_in_play()) QTimer::singleShot(0, this, [this] { guarded([this] { play_over(); }); });
 }
 
 ConsoleWindow::~ConsoleWindow() { qApp->removeEventFilter(this); }
@@ -91,7 +93,7 @@ void ConsoleWindow::refresh() {
 
 void ConsoleWindow::refresh_over() {
   QStringList symbols;
-  for (const short_text& symbol : match_.over_symbols) symbols << shown(std::string_view(symbol));
+  for (const std::string& symbol : over_symbols(match_)) symbols << shown(symbol);
   chips_->set_symbols(symbols);
   // Only the overs of this innings are on offer: its first press finds the browser as the innings before left it.
   const int past = std::min(match_.browser_maximum, int(match_.over_no) - 1);
@@ -100,7 +102,7 @@ void ConsoleWindow::refresh_over() {
   over_title_->setText(browsing              ? QStringLiteral("Over %1").arg(match_.browsed_over)
                        : playing_ || !bowled ? QStringLiteral("This over")
                                              : QStringLiteral("Last over"));
-  over_bowler_->setText(browsing ? shown(std::string_view(match_.ball_log[match_.browsed_over][7])) : QString());
+  over_bowler_->setText(browsing ? shown(bowler_of_over(match_, match_.browsed_over)) : QString());
   const QSignalBlocker quiet(browser_);
   browser_->setRange(1, std::max(1, past));
   browser_->setValue(match_.browsed_over);

@@ -38,7 +38,7 @@ class NextBatsmanWindowTest : public ::testing::Test {
 TEST_F(NextBatsmanWindowTest, PassesTheChecks) {
   match.striker = 3;
   match.non_striker = 2;
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   NextBatsmanWindow window(in_play(), form);
   window.show();
   take_picture(window, "batorder");
@@ -50,7 +50,7 @@ TEST_F(NextBatsmanWindowTest, ShowsTheEleven) {
   match.striker = 1;
   match.non_striker = 3;
   match.batting_xi[5].name = "R.& S.Vance";
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   NextBatsmanWindow window(in_play(), form);
   for (int row = 1; row <= 11; ++row) {
     EXPECT_EQ(option(window, row)->isEnabled(), row > 3) << row;
@@ -62,7 +62,7 @@ TEST_F(NextBatsmanWindowTest, ShowsTheEleven) {
 }
 
 TEST_F(NextBatsmanWindowTest, TheCaptionsStandAsTheyAreTold) {
-  next_batsman_form form(match, "Select 1st Opener");
+  next_batsman_form form(match, next_batsman_form::use::first_opener);
   NextBatsmanWindow window(in_play(), form);
   QStringList texts;
   for (const QLabel* label : window.findChildren<QLabel*>()) texts << QString(label->text()).remove(u'&');
@@ -75,7 +75,7 @@ TEST_F(NextBatsmanWindowTest, OkBringsInTheChosenMan) {
   match.striker = 1;
   match.non_striker = 2;
   match.batsman_aggression = {4, 5};
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   NextBatsmanWindow window(in_play(), form);
   window.show();
   EXPECT_EQ(control<QSlider>(window, "aggression")->value(), 3);
@@ -92,7 +92,7 @@ TEST_F(NextBatsmanWindowTest, OkBringsInTheChosenMan) {
 
 TEST_F(NextBatsmanWindowTest, OkAtOnceBringsInTheNextInOrder) {
   const eleven before = match.batting_xi;
-  next_batsman_form form(match, "Select 1st Opener");
+  next_batsman_form form(match, next_batsman_form::use::first_opener);
   NextBatsmanWindow window(in_play(), form);
   window.show();
   take_picture(window, "batorder_opener");
@@ -106,7 +106,7 @@ TEST_F(NextBatsmanWindowTest, OkAtOnceBringsInTheNextInOrder) {
 TEST_F(NextBatsmanWindowTest, ArrowsMoveBetweenTheRowsThatAreOpen) {
   match.striker = 4;
   match.non_striker = 5;
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   NextBatsmanWindow window(in_play(), form);
   window.show();
   window.activateWindow();
@@ -124,7 +124,7 @@ TEST_F(NextBatsmanWindowTest, ArrowsMoveBetweenTheRowsThatAreOpen) {
 TEST_F(NextBatsmanWindowTest, TheProfileOpensFromItsButtonOnly) {
   profile_reader user("Home", "H.Bat6");
   const front_end_scope scope(user);
-  next_batsman_form form(match, "Select Next Batsman");
+  next_batsman_form form(match, next_batsman_form::use::next);
   NextBatsmanWindow window(in_play(), form);
   window.show();
   option(window, 6)->click();
@@ -139,7 +139,7 @@ TEST_F(NextBatsmanWindowTest, TheProfileOpensFromItsButtonOnly) {
 }
 
 TEST_F(NextBatsmanWindowTest, EscapeLeavesItOpen) {
-  next_batsman_form form(match, "Select 2nd Opener");
+  next_batsman_form form(match, next_batsman_form::use::second_opener);
   NextBatsmanWindow window(in_play(), form);
   window.show();
   window.reject();

@@ -21,6 +21,7 @@
 #include "engine/over_play.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
@@ -126,7 +127,7 @@ TEST_F(ConsoleWindowTest, AnOverShowsItsBallsAndMovesTheBrowser) {
   press(window, "over_before");
   EXPECT_EQ(text("over_title"), "Over 1");
   EXPECT_EQ(control<OverChips>(window, "over_symbols")->symbols(), first);
-  EXPECT_EQ(text("over_bowler").toStdString(), std::string(std::string_view(match.ball_log[1][7])));
+  EXPECT_EQ(text("over_bowler").toStdString(), bowler_of_over(match, 1));
   EXPECT_EQ(match.browsed_over, 1);
 }
 
@@ -334,9 +335,11 @@ TEST_F(ConsoleWindowTest, ADoubledAmpersandIsShownAsOne) {
   ConsoleWindow& window = open(false, true);
   press(window, "next_over");
   batting_card_rec& out = match.batting_card[match.striker];
+  out.how = dismissal::caught_and_bowled;
   out.how_out = " c && b " + match.bowling_card[match.bowler].name;
   match.last_wicket = {match.striker, match.innings_number, match.score_runs};
-  match.ball_commentary.add_wicket(match.bowler, match.striker);
+  match.deliveries.push_back(
+      ball_of_wicket(dismissal::caught_and_bowled, {match.bowler, match.striker, match.non_striker}, 0, match.over_no));
   window.refresh();
   EXPECT_TRUE(text("last_wicket").contains(" c & b ")) << text("last_wicket").toStdString();
   const auto* list = control<QListView>(window, "commentary")->model();

@@ -4,6 +4,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <algorithm>
+
 #include "desktop/line_chart.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
@@ -14,6 +16,7 @@
 #include "reports/forms/worm_graph_window.h"
 #include "reports/overs_graph.h"
 #include "reports/worm_graph.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
@@ -31,16 +34,21 @@ Screen opened() {
   return screen;
 }
 
-void set_over(ball_log_table& log, int over, const std::vector<std::string>& symbols) {
-  for (std::size_t b = 1; b <= 6; ++b) log[static_cast<std::size_t>(over)][b] = "";
-  for (std::size_t b = 0; b < symbols.size(); ++b) log[static_cast<std::size_t>(over)][b + 1] = symbols[b];
+/// Puts an over in the place of what was bowled in it.
+void set_over(delivery_list& deliveries, int over, std::initializer_list<std::string_view> entries) {
+  std::erase_if(deliveries, [over](const delivery& ball) { return ball.over == over; });
+  delivery_list balls;
+  add_over(balls, over, entries);
+  const auto place =
+      std::find_if(deliveries.begin(), deliveries.end(), [over](const delivery& ball) { return ball.over > over; });
+  deliveries.insert(place, balls.begin(), balls.end());
 }
 
 QColor color_at(const QImage& picture, QPointF point) { return picture.pixelColor(point.toPoint()); }
 
 TEST_F(OversGraphWindowTest, OneScaleServesBothHalves) {
-  set_over(match.ball_log, 3, {"6", "6", "0", "0", "0", "0"});
-  set_over(match.first_ball_log, 50, {"1", "1", "1", "1", "1", "1"});
+  set_over(match.deliveries, 3, {"6", "6", "0", "0", "0", "0"});
+  set_over(match.first_deliveries, 50, {"1", "1", "1", "1", "1", "1"});
   const auto form = opened<overs_graph_form>();
   OversGraphWindow window(form);
   window.show();
@@ -53,7 +61,7 @@ TEST_F(OversGraphWindowTest, OneScaleServesBothHalves) {
 }
 
 TEST_F(OversGraphWindowTest, ThePictureShowsBarsMarksAndTheRate) {
-  set_over(match.ball_log, 3, {"6", "6", "W", "0", "0", "0"});
+  set_over(match.deliveries, 3, {"6", "6", "W", "0", "0", "0"});
   const auto form = opened<overs_graph_form>();
   OversGraphWindow window(form);
   window.show();
@@ -68,8 +76,8 @@ TEST_F(OversGraphWindowTest, ThePictureShowsBarsMarksAndTheRate) {
 }
 
 TEST_F(OversGraphWindowTest, ASideHasTheColourOfItsLineInBothInnings) {
-  set_over(match.ball_log, 3, {"6", "6", "0", "0", "0", "0"});
-  set_over(match.first_ball_log, 3, {"6", "6", "0", "0", "0", "0"});
+  set_over(match.deliveries, 3, {"6", "6", "0", "0", "0", "0"});
+  set_over(match.first_deliveries, 3, {"6", "6", "0", "0", "0", "0"});
   const auto chase = opened<overs_graph_form>();
   const auto lines = opened<worm_graph_form>();
   OversGraphWindow window(chase);
@@ -88,7 +96,7 @@ TEST_F(OversGraphWindowTest, ASideHasTheColourOfItsLineInBothInnings) {
 }
 
 TEST_F(OversGraphWindowTest, AnOverBeyondTheScaleIsNotCutOff) {
-  set_over(match.ball_log, 3, {"6", "6", "6", "6", "6", "12"});
+  set_over(match.deliveries, 3, {"6", "6", "6", "6", "6", "12"});
   const auto form = opened<overs_graph_form>();
   OversGraphWindow window(form);
   window.show();
@@ -113,8 +121,8 @@ TEST_F(OversGraphWindowTest, WithoutABallTheRateLiesOnTheBaseLine) {
 }
 
 TEST_F(OversGraphWindowTest, TheBarsInWords) {
-  set_over(match.ball_log, 1, {"4", "0", "W", "0", "0", "0"});
-  set_over(match.ball_log, 2, {"1", "0", "0", "0", "0", "0"});
+  set_over(match.deliveries, 1, {"4", "0", "W", "0", "0", "0"});
+  set_over(match.deliveries, 2, {"1", "0", "0", "0", "0", "0"});
   const auto form = opened<overs_graph_form>();
   OversGraphWindow window(form);
   const QString words = control<OverBarsView>(window, "bars")->accessibleDescription();
@@ -123,7 +131,7 @@ TEST_F(OversGraphWindowTest, TheBarsInWords) {
 }
 
 TEST_F(OversGraphWindowTest, TheSameFiguresAsATable) {
-  set_over(match.ball_log, 2, {"4", "0", "W", "0", "0", "3"});
+  set_over(match.deliveries, 2, {"4", "0", "W", "0", "0", "3"});
   const auto form = opened<overs_graph_form>();
   OversGraphWindow window(form);
   window.show();

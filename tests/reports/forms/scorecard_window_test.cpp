@@ -13,6 +13,7 @@
 #include "reports/forms/played_match.h"
 #include "reports/opened.h"
 #include "reports/scorecard.h"
+#include "support/cards.h"
 #include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
@@ -175,8 +176,7 @@ TEST_F(ScorecardWindowTest, AfterAMansDetailsReturnCloses) {
 }
 
 TEST_F(ScorecardWindowTest, ANameReadsItsRowOut) {
-  match.batting_card[4].fielder = " c B.Okell";
-  match.batting_card[4].how_out = " b F.Uluila";
+  put_out(match.batting_card[4], dismissal::caught, "F.Uluila", {2, "B.Okell"});
   match.batting_card[4].runs = 10;
   match.batting_card[4].balls = 8;
   const auto card = opened<scorecard_form>();
@@ -187,8 +187,7 @@ TEST_F(ScorecardWindowTest, ANameReadsItsRowOut) {
 }
 
 TEST_F(ScorecardWindowTest, ADoubledAmpersandIsShownOnceAndKeptInFiles) {
-  match.batting_card[1].fielder.clear();
-  match.batting_card[1].how_out = " c && b F.Uluila";
+  put_out(match.batting_card[1], dismissal::caught_and_bowled, "F.Uluila", {6, "F.Uluila"});
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
   EXPECT_EQ(text_of(window, "how_out_1"), " c & b F.Uluila");
@@ -233,8 +232,8 @@ TEST_F(ScorecardWindowTest, LongNamesFit) {
   match.ground.ground_name = "Northern Memorial Recreation Ground";
   for (int i = 1; i <= 11; ++i) {
     match.batting_card[i].name = "C.Featherstonehaughs";
+    put_out(match.batting_card[i], dismissal::run_out, "C.Featherstonehaughs");
     match.batting_card[i].fielder = " st B.Lindqvist-Ramsden";
-    match.batting_card[i].how_out = " run out (C.Featherstonehaughs)";
     match.batting_card[i].runs = 188;
     match.batting_card[i].balls = 188;
   }

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <stdexcept>
+
+#include "captain/computer_captain.h"
+#include "console/captain_forms.h"
+#include "console/console_figures.h"
+#include "engine/ball_books.h"
+#include "engine/delivery_model.h"
+#include "engine/play_steps.h"
+#include "model/booking.h"
+#include "model/check_match.h"
+#include "model/match_state.h"
+#include "model/random.h"
+#include "model/rules.h"
+#include "model/texts.h"
+#include "ui/front_end.h"
+#include "ui/match_play.h"
+
+namespace velorin {
+
+namespace {
+
+/// After an odd number of runs the batsmen have changed ends. Written without a branch: nobody can foresee it.
+void change_ends(match_state& match, int runs) {
+  const std::array<integer, 2> ends = {match.striker, match.non_striker};
+  const std::size_t odd = static_cast<std::size_t>(runs) & 1U;
+  match.striker = ends[odd];
+  match.non_striker = ends[1 - odd];
+}
+
+void off_the_bat(match_state& match, delivery& ball) {
+  const int runs = match.ball_outcome;
+  ball.runs = static_cast<std::uint8_t>(runs);
+  match.score_runs += runs;
+  change_ends(match, runs);
+}
+
+/// A ball faced without a run off the bat.
+void book_dot(batting_card_rec& batsman) {
+  book(batsman.balls, 1, "batting_card.balls", batsman.name);
+  book(batsman.dots, 1, "batting_card.dots", batsman.name);
+}
+
+void extras_off_the_body(match_state& match, random_source& chance, delivery& ball) {
+  book_dot(match.batting_card[match.striker]);
+  const int runs = die(chance, 4);
+  ball.extras = static_cast<std::uint8_t>(runs);
+  change_ends(match, runs);
+  match.score_runs += runs;
+  if (match.ball_outcome == leg_byes) {
+    book(match.innings_leg_byes, runs, "innings_leg_byes", match.team1_name);
+  } else {
+    book(match.innings_byes, runs, "innings_byes", match.team1_name);
+  }
+}
+
+/// The last ball before the newest delivery at a place of its over has left a number there: no wicket, and not nothing.
+bool has_number(const delivery_list& deliveries, int place) {
+  const int over = deliveries.back().over;
+  for (auto ball = deliveries.rbegin() + 1; ball != deliveries.rend() && ball->over == over; ++ball) {
+    if (ball->ball == place && !ball->is_no_ball_or_wide()) return !ball->is_wicket();
+  }
+  return false;
+}
+
+/// No balls and wides stand on the entry of the ball before; where that is no number, the ball counts and leaves no
+/// other trace. Deliveries that do not count have no end but that of the figure.
+void no_ball_or_wide(match_state& match, delivery& ball) {
+  if (match.ball_no > 1) match.ball_no -= 1;
+  ball.ball = static_cast<std::uint8_t>(match.ball_no);
+  if (!has_number(match.deliveries, match.ball_no)) return;
+  ball.counted = false;
+  ball.extras = 1;
+  const std::string& bowler = match.bowling_card[match.bowler].name;
+  if (match.ball_outcome == no_ball) {
+    book(match.innings_no_balls, 1, "innings_no_balls", bowler);
+  } else {
+    book(match.innings_wides, 1, "innings_wides", bowler);
+  }
+}
+
+void fall_of_a_wicket(match_state& match, random_source& chance, delivery& ball) {
+  match.score_wickets += 1;
+  book_dot(match.batting_card[match.striker]);
+  record_fall_of_wicket(match);
+  record_dismissal(match, chance, ball);
+  bowling_card_rec& bowler = match.bowling_card[match.bowler];
+  if (ball.how != dismissal::run_out) book(bowler.wickets, 1, "bowling_card.wickets", bowler.name);
+  match.last_wicket = {match.striker, match.innings_number, match.score_runs};
+}
+
+/// The record of the delivery just settled, as far as it is known before it is acted upon.
+delivery& record_delivery(match_state& match, int ball_no) {
+  const auto small = [](int figure) { return static_cast<std::uint8_t>(figure); };
+  return match.deliveries.emplace_back(
+      delivery{.innings = static_cast<std::int16_t>(match.innings_number),
+               .over = small(match.over_no),
+               .ball = small(ball_no),
+               .bowler = small(match.bowler),
+               .striker = small(match.striker),
+               .non_striker = small(match.non_striker),
+               .batting_aggression = small(match.batsman_aggression[static_cast<std::size_t>(match.striker_slot())]),
+               .bowling_aggression = small(match.bowling_aggression[0]),
+               .outcome = small(match.ball_outcome)});
+}
+
+#ifndef NDEBUG
+void verify_match(const match_state& match) {
+  if (const std::string broken = check_match(match); !broken.empty()) throw std::logic_error(broken);
+}
+#else
+void verify_match(const match_state& /*match*/) {}
+#endif
+
+}  // namespace
+
+play_step bowl_ball(match_state& match, random_source& chance) {
+  deliver_ball(match, chance);
+  delivery& ball = record_delivery(match, match.ball_no);
+  if (match.ball_outcome <= six_runs) {
+    off_the_bat(match, ball);
+    return play_step::ball_booked;
+  }
+  switch (match.ball_outcome) {
+    case wicket:
+      fall_of_a_wicket(match, chance, ball);
+      return match.human_involved() ? play_step::wicket_told : play_step::next_batsman;
+    case no_ball:
+    case wide_ball:
+      no_ball_or_wide(match, ball);
+      break;
+    default:
+      extras_off_the_body(match, chance, ball);
+  }
+  return play_step::ball_booked;
+}
+
+void tell_wicket(const match_state& match, front_end& user) {
+  const batting_card_rec& out = match.batting_card[match.striker];
+  batsman_details_form form;
+  form.title = "Fall Of Wicket";
+  form.figures = figures_of(out);
+  form.figures.title = form.title;
+  form.figures.headline = out.name + " " + out.fielder + " " + out.how_out + "  " + number_text(int(out.runs)) + " (" +
+                          number_text(int(out.balls)) + ").";
+  user.show(form);
+}
+
+void bring_in_next_batsman(match_state& match, front_end& user) {
+  if (match.striker >= men_in_eleven || match.non_striker >= men_in_eleven) {
+    match.innings_over_flag = true;
+    return;
+  }
+  if (match.computer_bats) {
+    choose_next_batsman(match);
+  } else {
+    next_batsman_form form(match, next_batsman_form::use::next);
+    user.show(form);
+  }
+  match.striker = match.next_batsman_slot + 1;
+  match.batting_card[match.striker].name = match.batting_xi[match.striker].name;
+  match.deliveries.back().next_batsman = static_cast<std::uint8_t>(match.striker);
+}
+
+void book_ball(match_state& match) {
+  const delivery& ball = match.deliveries.back();
+  record_runs(match);
+  if (ball.counted) {
+    bowling_card_rec& bowler = match.bowling_card[match.bowler];
+    book(match.innings_balls, 1, "innings_balls", match.team1_name);
+    book(bowler.balls, 1, "bowling_card.balls", bowler.name);
+  }
+  if (ball.is_wicket()) {
+    refresh_batsmen(match);
+  } else if (ball.is_faced()) {
+    refresh_batsman(match, ball.striker);
+  }
+  refresh_bowling_card(match);
+  verify_match(match);
+}
+
+}  // namespace velorin

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "model/match_state.h"
+
+// The steps of play: what each does, and which one follows it. Between two of them the match is whole and can be
+// copied.
+
+namespace velorin {
+
+class front_end;
+class random_source;
+struct match_play;
+
+/// Takes step after step until the next over is awaited or no match is in play. Where a step fails, the match stands
+/// before it. Raises what the steps raise.
+void take_steps(const match_play& play);
+
+// The opening of an innings.
+
+/// The computer's two opening bowlers, or a human captain's first. Draws the offset of the computer's bowlers.
+play_step open_bowling(const match_play& play);
+play_step ask_second_bowler(match_state& match, front_end& user);
+void tell_opening_bowlers(const match_state& match, front_end& user);
+/// The computer's two openers, or a human captain's first.
+play_step open_batting(match_state& match, front_end& user);
+play_step ask_second_opener(match_state& match, front_end& user);
+/// The names of those who begin, the figures of the console, and in a first innings the clock.
+void open_innings(match_state& match);
+
+// An over.
+
+play_step begin_over(match_state& match);
+/// Whether the bowler may bowl: the first ball, or the message that he has bowled his overs.
+play_step judge_quota(match_state& match);
+void tell_quota(const match_state& match, front_end& user);
+void ask_bowler_for_quota(match_state& match, front_end& user);
+/// Books the over and exchanges ends.
+play_step end_over(match_state& match);
+
+// A ball.
+
+/// Settles a delivery, records it and acts upon its outcome, but for the man who comes in. Draws the delivery and what
+/// follows from it.
+play_step bowl_ball(match_state& match, random_source& chance);
+void tell_wicket(const match_state& match, front_end& user);
+/// The next man comes in, chosen by the captain of the batting side, or the innings is over.
+void bring_in_next_batsman(match_state& match, front_end& user);
+/// The books of the ball and the figures of the console.
+void book_ball(match_state& match);
+
+// The end of an innings and of a match.
+
+/// Has the innings or the match ended with the ball just booked?
+play_step judge_innings(const match_state& match);
+/// A first innings is to be changed, another one decides the match.
+play_step close_innings(match_state& match);
+/// Writes the result block of a match that has been decided.
+void conclude(match_state& match);
+void tell_match_end(const match_state& match, front_end& user);
+/// Stores the commentary, swaps the sides and their books. Requires innings_total and innings_wickets. Raises
+/// run_time_error (subscript): a commentary beyond its 1500 places.
+void change_innings(match_state& match);
+/// Records the unbroken stand of the last innings. Requires the result block.
+void close_books(match_state& match);
+/// Updates careers and records; where that fails, the user is asked. Raises what it raises if he gives no answer.
+void save_match(const match_play& play);
+/// Closes the console and resets the match.
+play_step close_match(match_state& match);
+
+}  // namespace velorin
