@@ -3,6 +3,7 @@
 
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "console/console_view.h"
@@ -25,6 +26,29 @@ json texts(const List& list) {
   for (const auto& line : list) array.push_back(to_utf8(line));
   return array;
 }
+
+/// The text of an object, written member by member, so that never more than one of them stands as a value.
+class object_text {
+ public:
+  class member {
+   public:
+    explicit member(std::string& text) : text_(text) {}
+    void operator=(const json& value) const { text_ += value.dump(); }
+
+   private:
+    std::string& text_;
+  };
+
+  member operator[](const char* name) {
+    text_ += text_.empty() ? '{' : ',';
+    text_.append(1, '"').append(name).append("\":");
+    return member(text_);
+  }
+  std::string closed() && { return std::move(text_) + '}'; }
+
+ private:
+  std::string text_;
+};
 
 /// The entries from 1 up to the first empty one.
 json filled(std::span<const std::string> list) {
@@ -99,7 +123,7 @@ json log_json(const told_innings& innings) {
   return overs;
 }
 
-void add_position(const match_state& match, json& state) {
+void add_position(const match_state& match, object_text& state) {
   state["team1_name"] = text(match.team1_name);
   state["team2_name"] = text(match.team2_name);
   state["computer_bats"] = match.computer_bats;
@@ -118,7 +142,7 @@ void add_position(const match_state& match, json& state) {
   state["over_symbols"] = texts(over_symbols(match));
 }
 
-void add_totals(const match_state& match, json& state) {
+void add_totals(const match_state& match, object_text& state) {
   state["innings_total"] = number(match.innings_total);
   state["innings_balls"] = number(match.innings_balls);
   state["innings_wickets"] = number(match.innings_wickets);
@@ -135,7 +159,7 @@ void add_totals(const match_state& match, json& state) {
   state["first_leg_byes"] = number(match.first_leg_byes);
 }
 
-void add_books(const match_state& match, json& state) {
+void add_books(const match_state& match, object_text& state) {
   state["batting_xi"] = rows(match.batting_xi, 1, man_json);
   state["bowling_xi"] = rows(match.bowling_xi, 1, man_json);
   state["batting_card"] = rows(match.batting_card, 1, batting_json);
@@ -150,7 +174,7 @@ void add_books(const match_state& match, json& state) {
   state["commentary_store"] = texts(stored_commentary_lines(match));
 }
 
-void add_achievements(const match_state& match, json& state) {
+void add_achievements(const match_state& match, object_text& state) {
   state["fifty_list"] = filled(match.fifty_list);
   state["hundred_list"] = filled(match.hundred_list);
   state["century_and_half_list"] = filled(match.century_and_half_list);
@@ -164,7 +188,7 @@ void add_achievements(const match_state& match, json& state) {
   state["stand300_list"] = filled(match.stand300_list);
 }
 
-void add_console(const match_state& match, json& state) {
+void add_console(const match_state& match, object_text& state) {
   state["weather"] = number(match.weather);
   state["pitch_surface"] = number(match.ground.pitch_surface);
   state["pitch_bounce"] = number(match.ground.pitch_bounce);
@@ -186,14 +210,14 @@ json rate_json(const rate_entry& entry) { return {{"team", text(entry.team)}, {"
 
 }  // namespace
 
-json state_json(const match_state& match) {
-  json state;
+std::string state_text(const match_state& match) {
+  object_text state;
   add_position(match, state);
   add_totals(match, state);
   add_books(match, state);
   add_achievements(match, state);
   add_console(match, state);
-  return state;
+  return std::move(state).closed();
 }
 
 json result_json(const match_result& result) {

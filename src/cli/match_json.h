@@ -7,7 +7,7 @@
 namespace velorin::cli {
 
 /// The match in play as an object of its fields, UTF-8. The commentary is that of the match in play.
-json state_json(const match_state& match);
+std::string state_text(const match_state& match);
 /// The result block.
 json result_json(const match_result& result);
 

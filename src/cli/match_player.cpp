@@ -89,7 +89,7 @@ std::string match_player::play(long number) {
   form.accept();
   if (options_.prints_summary()) summary_.add_result(state_.match);
   if (options_.json.empty()) return {};
-  return recorder_.match_object(state_.chance.draws_used() - before).dump() + '\n';
+  return recorder_.match_line(state_.chance.draws_used() - before);
 }
 
 void match_player::print_result(std::ostream& out) const {

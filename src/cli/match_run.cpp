@@ -15,11 +15,18 @@
 
 namespace velorin::cli {
 
+namespace {
+
+constexpr std::size_t usual_line = 112 * 1024;  ///< bytes of a match's object, with some to spare
+
+}  // namespace
+
 void match_recorder::begin_match(bool last) {
   last_ = last;
   innings_ = 0;
   if (options_.json.empty()) return;
-  scorecards_ = json::array();
+  line_.reserve(usual_line);
+  line_ = R"({"format":"velorin-match","version":1,"scorecards":[)";
   messages_ = json::array();
 }
 
@@ -31,7 +38,7 @@ void match_recorder::open(report which) {
   if (which != report::scorecard) return;
   ++innings_;
   if (options_.prints_summary()) summary_.add_innings(match_);
-  if (!options_.json.empty()) scorecards_.push_back(state_json(match_));
+  if (!options_.json.empty()) line_.append(innings_ == 1 ? "" : ",").append(state_text(match_));
   if (!last_) return;
   if (options_.prints_scorecard()) {
     scorecard_form card(match_);
@@ -49,9 +56,11 @@ void match_recorder::require_exports() const {
                        fmt::format("Nothing to export: there was no end of innings {}", options_.export_innings));
 }
 
-json match_recorder::match_object(std::uint64_t draws) const {
-  return {{"format", "velorin-match"},     {"version", 1},       {"scorecards", scorecards_}, {"messages", messages_},
-          {"result", result_json(match_)}, {"draws_used", draws}};
+std::string match_recorder::match_line(std::uint64_t draws) {
+  line_.append(R"(],"messages":)").append(messages_.dump());
+  line_.append(R"(,"result":)").append(result_json(match_).dump());
+  line_.append(R"(,"draws_used":)").append(std::to_string(draws)).append("}\n");
+  return std::move(line_);
 }
 
 std::string match_recorder::shown_scorecard() const {

@@ -58,8 +58,8 @@ class match_recorder : public headless_user {
   /// Raises run_time_error (file) if a file was asked for and its innings never came to an end.
   void require_exports() const;
 
-  /// The match just played, which drew so many numbers.
-  json match_object(std::uint64_t draws) const;
+  /// The line of the match just played, which drew so many numbers; taken once.
+  std::string match_line(std::uint64_t draws);
 
   /// The text scorecard of the last innings shown, UTF-8 with plain line ends.
   std::string shown_scorecard() const;
@@ -74,7 +74,7 @@ class match_recorder : public headless_user {
   bool last_ = false;
   bool exported_ = false;
   int innings_ = 0;
-  json scorecards_;
+  std::string line_;  // what is written of the match so far: as a value it would take ten times the room
   json messages_;
   std::string shown_;
 };

@@ -27,8 +27,8 @@ void tell_milestones(match_state& match, front_end& user) {
   }
 }
 
-/// One step; returns the one that follows.
-play_step take_step(const match_play& play) {
+/// Takes the step that comes next; returns the one that follows on it.
+play_step step_taken(const match_play& play) {
   match_state& match = play.match;
   front_end& user = play.user;
   switch (match.next_step) {
@@ -57,6 +57,8 @@ play_step take_step(const match_play& play) {
     case play_step::quota_choice:
       ask_bowler_for_quota(match, user);
       return play_step::over_begins;
+    case play_step::ball_bowled:
+      return bowl_ball(match, play.chance);
     case play_step::wicket_told:
       tell_wicket(match, user);
       return play_step::next_batsman;
@@ -114,7 +116,6 @@ play_step take_step(const match_play& play) {
       if (match.computer_bowls) review_bowler(match);
       refresh_rates(match);
       return play_step::between_overs;
-    case play_step::ball_bowled:
     case play_step::closed:
     case play_step::between_overs:
     case play_step::unattended_over:
@@ -157,9 +158,11 @@ void take_steps(const match_play& play) {
     if (play.match.next_step == play_step::ball_bowled) {
       bowl_balls(play);
     } else {
-      play.match.next_step = take_step(play);
+      take_step(play);
     }
   }
 }
+
+void take_step(const match_play& play) { play.match.next_step = step_taken(play); }
 
 }  // namespace velorin

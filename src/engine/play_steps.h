@@ -16,6 +16,9 @@ struct match_play;
 /// before it. Raises what the steps raise.
 void take_steps(const match_play& play);
 
+/// Takes one step; nothing happens where the next over is awaited or no match is in play.
+void take_step(const match_play& play);
+
 // The opening of an innings.
 
 /// The computer's two opening bowlers, or a human captain's first. Draws the offset of the computer's bowlers.

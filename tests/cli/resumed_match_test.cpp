@@ -80,7 +80,7 @@ class watched_game : public headless_user {
     scorecard_form card(game_.match);
     card.open();
     told_ += ball_by_ball(game_.match, card);
-    if (whole_objects_) told_ += cli::state_json(game_.match).dump();
+    if (whole_objects_) told_ += cli::state_text(game_.match);
   }
   void note_result() { result_ = cli::result_json(game_.match).dump() + std::to_string(game_.chance.draws_used()); }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/over_play.h"
+#include "engine/play_steps.h"
 #include "headless/headless_user.h"
 #include "reports/export.h"
 #include "reports/scorecard.h"
@@ -31,6 +32,15 @@ class lone_game : public headless_user {
   bool bowl_over() {
     if (!match_.console_open) return false;
     next_over(play());
+    return match_.console_open;
+  }
+  /// Plays up to the end of the next ball. False once the match is over.
+  bool bowl_one_ball() {
+    if (!match_.console_open) return false;
+    if (match_.next_step == play_step::between_overs) match_.next_step = play_step::over_begins;
+    do take_step(play());
+    while (match_.console_open && match_.next_step != play_step::ball_bowled &&
+           match_.next_step != play_step::between_overs);
     return match_.console_open;
   }
   void bowl_to_the_end() {
@@ -78,6 +88,22 @@ class ManyGames : public ::testing::Test {
 TEST_F(ManyGames, DifferBySeedAlone) {
   EXPECT_EQ(played_alone(1), played_alone(1));
   EXPECT_NE(played_alone(1), played_alone(2));
+}
+
+TEST_F(ManyGames, BallByBallInTurnGoAsAlone) {
+  const auto first = new_game(1);
+  const auto second = new_game(2);
+  bool first_on = true;
+  bool second_on = true;
+  int turns = 0;
+  while (first_on || second_on) {
+    first_on = first->bowl_one_ball();
+    second_on = second->bowl_one_ball();
+    ++turns;
+  }
+  EXPECT_GT(turns, 300) << "of one ball each";
+  EXPECT_EQ(first->seen(), played_alone(1));
+  EXPECT_EQ(second->seen(), played_alone(2));
 }
 
 TEST_F(ManyGames, OverByOverInTurnGoAsAlone) {
