@@ -90,7 +90,7 @@ endfunction()
 
 # velorin_test(NAME SOURCES file... USES room-or-library... LABELS label...): a GoogleTest program, each test case known
 # to ctest. Labels: "house" for the rules that the sources keep, "long" for cases that the sanitizers' run leaves out.
-# The target short_tests builds all others.
+# The target short_tests builds all others, and short_tests.txt in the build folder names their programs.
 add_custom_target(short_tests)
 function(velorin_test name)
   cmake_parse_arguments(TEST "" "" "SOURCES;USES;LABELS" ${ARGN})
@@ -103,6 +103,9 @@ function(velorin_test name)
   target_compile_definitions(${name} PRIVATE VELORIN_TEST_DATA="${CMAKE_SOURCE_DIR}/tests")
   if(NOT "long" IN_LIST TEST_LABELS)
     add_dependencies(short_tests ${name})
+    if(NOT "house" IN_LIST TEST_LABELS)
+      set_property(GLOBAL APPEND PROPERTY VELORIN_SHORT_TESTS $<TARGET_FILE:${name}>)
+    endif()
   endif()
   set(properties TIMEOUT 600)
   if(TEST_LABELS)

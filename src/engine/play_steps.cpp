@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/play_steps.h"
 
+#include <limits>
+
 #include "captain/computer_captain.h"
 #include "console/console_figures.h"
 #include "engine/ball_books.h"
@@ -57,8 +59,6 @@ play_step step_taken(const match_play& play) {
     case play_step::quota_choice:
       ask_bowler_for_quota(match, user);
       return play_step::over_begins;
-    case play_step::ball_bowled:
-      return bowl_ball(match, play.chance);
     case play_step::wicket_told:
       tell_wicket(match, user);
       return play_step::next_batsman;
@@ -116,6 +116,7 @@ play_step step_taken(const match_play& play) {
       if (match.computer_bowls) review_bowler(match);
       refresh_rates(match);
       return play_step::between_overs;
+    case play_step::ball_bowled:
     case play_step::closed:
     case play_step::between_overs:
     case play_step::unattended_over:
@@ -124,11 +125,11 @@ play_step step_taken(const match_play& play) {
   return match.next_step;
 }
 
-/// Ball after ball without a look at what else play can do, until something else comes next. The step is written
-/// wherever somebody may copy the match, and where one can fail.
-void bowl_balls(const match_play& play) {
+/// Ball after ball, at most so many, without a look at what else play can do, until something else comes next. The step
+/// is written wherever somebody may copy the match, and where one can fail.
+void bowl_balls(const match_play& play, int most) {
   match_state& match = play.match;
-  while (match.next_step == play_step::ball_bowled) {
+  for (; most > 0 && match.next_step == play_step::ball_bowled; --most) {
     match.next_step = bowl_ball(match, play.chance);
     if (match.next_step != play_step::ball_booked) return;
     book_ball(match);
@@ -156,13 +157,19 @@ bool awaits(play_step step) {
 void take_steps(const match_play& play) {
   while (!awaits(play.match.next_step)) {
     if (play.match.next_step == play_step::ball_bowled) {
-      bowl_balls(play);
+      bowl_balls(play, std::numeric_limits<int>::max());
     } else {
-      take_step(play);
+      play.match.next_step = step_taken(play);
     }
   }
 }
 
-void take_step(const match_play& play) { play.match.next_step = step_taken(play); }
+void take_step(const match_play& play) {
+  if (play.match.next_step == play_step::ball_bowled) {
+    bowl_balls(play, 1);
+  } else {
+    play.match.next_step = step_taken(play);
+  }
+}
 
 }  // namespace velorin

@@ -16,7 +16,8 @@ struct match_play;
 /// before it. Raises what the steps raise.
 void take_steps(const match_play& play);
 
-/// Takes one step; nothing happens where the next over is awaited or no match is in play.
+/// Takes one step, or all those of one ball up to the first that asks; nothing happens where the next over is awaited
+/// or no match is in play.
 void take_step(const match_play& play);
 
 // The opening of an innings.
