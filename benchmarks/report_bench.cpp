@@ -128,7 +128,7 @@ BENCHMARK_CAPTURE(text_of_export, ball_by_ball, [](const scorecard_form& card) {
 /// The object of a match, as the companion writes it.
 void text_of_object(benchmark::State& state) {
   match = the_user().at_end;
-  for (auto _ : state) benchmark::DoNotOptimize(cli::state_json(match).dump());
+  for (auto _ : state) benchmark::DoNotOptimize(cli::state_text(match));
   match = match_state();
 }
 BENCHMARK(text_of_object)->Unit(benchmark::kMicrosecond);
