@@ -19,6 +19,7 @@
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/over_chips.h"
 #include "engine/over_play.h"
+#include "engine/play_steps.h"
 #include "model/match_state.h"
 #include "model/random.h"
 #include "support/deliveries.h"
@@ -111,6 +112,21 @@ TEST_F(ConsoleWindowTest, PassesTheChecksInBothInnings) {
   EXPECT_EQ(text("target"), QStringLiteral("Target %1").arg(match.first_total + 1));
   window.resize(1920, 1080);
   take_picture(window, "console_large");
+}
+
+TEST_F(ConsoleWindowTest, OpenedOnAMatchLeftWithinAnOverGoesOnWithIt) {
+  set_up_sample_match(false, true);
+  open_console(in_play());
+  match.next_step = play_step::over_begins;
+  while (match.deliveries.size() < 3) take_step(in_play());
+  ASSERT_EQ(match.over_no, 1);
+  ConsoleWindow window(match, data, form_);
+  user.window = &window;
+  window.show();
+  EXPECT_TRUE(QTest::qWaitFor([] { return match.next_step == play_step::between_overs; }));
+  user.window = nullptr;
+  EXPECT_EQ(match.over_no, 2);
+  EXPECT_GE(match.deliveries.size(), 6U);
 }
 
 TEST_F(ConsoleWindowTest, AnOverShowsItsBallsAndMovesTheBrowser) {
