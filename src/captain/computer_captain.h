@@ -39,6 +39,9 @@ void choose_opening_bowlers(match_state& match, random_source& chance);
 /// nothing. Raises as choose_opening_bowlers(); nothing is changed then.
 void rank_bowlers(match_state& match, int offset);
 
+/// The second of two opening bowlers, where bowler is the first. Requires bowler_pool; sets next_bowler.
+void choose_second_opening_bowler(match_state& match);
+
 /// Sets batsman_aggression of both batsmen. Requires striker, non_striker and bowler; reads the score, the cards, in a
 /// second innings the projection. Draws nothing. Raises run_time_error: a bat_skill of 0 (division), a projection that
 /// is no number (type).

@@ -129,7 +129,9 @@ void choose_opening_bowlers(match_state& match, random_source& chance) {
   constexpr int most_offset = 10;
   rank_bowlers(match, static_cast<int>(std::floor((2 * most_offset + 1) * chance.rnd() - most_offset)));
   match.bowler = opener(match, 0, 1);
-  match.next_bowler = opener(match, match.bowler, 2);
+  choose_second_opening_bowler(match);
 }
+
+void choose_second_opening_bowler(match_state& match) { match.next_bowler = opener(match, match.bowler, 2); }
 
 }  // namespace velorin

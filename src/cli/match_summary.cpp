@@ -8,26 +8,30 @@
 
 #include "model/code_page.h"
 #include "model/match_state.h"
+#include "model/rules.h"
 
 namespace velorin::cli {
 
 namespace {
 
-const char* words_of(dismissal how) {
-  switch (how) {
+/// A catch or stumping without a name on the card counts as bowled, as the card reads.
+const char* words_of(const batting_card_rec& card) {
+  switch (card.how) {
     case dismissal::run_out:
       return "run out";
     case dismissal::leg_before:
       return "lbw";
     case dismissal::caught_and_bowled:
       return "caught and bowled";
-    case dismissal::stumped:
+    default:
+      break;
+  }
+  switch (card.taken) {
+    case fielding::stumped:
       return "stumped";
-    case dismissal::caught:
+    case fielding::caught:
       return "caught";
-    case dismissal::bowled:
-    case dismissal::not_out:
-    case dismissal::none:
+    case fielding::none:
       break;
   }
   return "bowled";
@@ -61,9 +65,9 @@ void match_summary::add_innings(const match_state& match) {
   figures.wickets.add(match.score_wickets);
   figures.runs += match.score_runs;
   figures.balls += match.innings_balls;
-  figures.all_out += match.score_wickets == 10 ? 1 : 0;
+  figures.all_out += match.score_wickets == wickets_of_innings ? 1 : 0;
   for (const batting_card_rec& card : match.batting_card) {
-    if (card.how != dismissal::none) ++dismissals_[words_of(card.how)];
+    if (card.how != dismissal::none) ++dismissals_[words_of(card)];
   }
 }
 

@@ -130,9 +130,9 @@ void add_batting(const career_in_file& to, const batting_card_rec& line, bool no
 void add_fielding(const career_in_file& to, const batting_card_rec& line, const bowling_card_table& fielders) {
   career_rec& career = to.career;
   if (line.fielder_position == 0 || fielders[line.fielder_position].name != career.name) return;
-  if (line.how == dismissal::stumped) {
+  if (line.taken == fielding::stumped) {
     to.add(career.stumpings, 1, "stumpings");
-  } else {
+  } else if (line.taken == fielding::caught || line.how == dismissal::caught_and_bowled) {
     to.add(career.catches, 1, "catches");
   }
 }

@@ -64,37 +64,58 @@ int keeper(const match_state& match) {
   return 0;
 }
 
-/// Writes on the card who took the batsman: `how` and `words` tell of it.
-void taken_by(const match_state& match, batting_card_rec& out, int position, dismissal how, const char* words) {
-  out.how = how;
+void name_fielder(const match_state& match, batting_card_rec& out, int position, fielding taken) {
+  out.taken = taken;
   out.fielder_position = static_cast<std::uint8_t>(position);
-  out.fielder = words + match.bowling_xi[position].name;
+  out.fielder = (taken == fielding::stumped ? " st " : " c ") + match.bowling_xi[position].name;
 }
 
-/// Without a keeper nobody is named.
-void taken_behind(const match_state& match, batting_card_rec& out, dismissal how, const char* words) {
-  out.how = how;
-  out.how_out = " b " + match.bowling_xi[match.bowler].name;
-  if (const int position = keeper(match); position != 0) taken_by(match, out, position, how, words);
-}
-
-void taken_by_nobody(batting_card_rec& out, dismissal how) {
-  out.how = how;
+void name_nobody(batting_card_rec& out) {
+  out.taken = fielding::none;
   out.fielder_position = 0;
   out.fielder.clear();
 }
 
-void caught_in_the_field(const match_state& match, random_source& chance, batting_card_rec& out,
-                         const std::string& bowler) {
+/// The keeper has taken it. Without one nobody is named, and what the card has of a fielder stays. Returns the keeper's
+/// position, 0 without one.
+int taken_behind(const match_state& match, batting_card_rec& out, fielding taken) {
+  out.how = taken == fielding::stumped ? dismissal::stumped : dismissal::caught;
+  out.how_out = " b " + match.bowling_xi[match.bowler].name;
+  const int position = keeper(match);
+  if (position != 0) name_fielder(match, out, position, taken);
+  return position;
+}
+
+/// Returns the catcher's position.
+int caught_in_the_field(const match_state& match, random_source& chance, batting_card_rec& out,
+                        const std::string& bowler) {
   const int catcher = die(chance, men_in_eleven);
   if (catcher == match.bowler) {
-    taken_by_nobody(out, dismissal::caught_and_bowled);
-    out.fielder_position = static_cast<std::uint8_t>(catcher);
+    name_nobody(out);
+    out.how = dismissal::caught_and_bowled;
     out.how_out = " c && b " + bowler;
-    return;
+    out.fielder_position = static_cast<std::uint8_t>(catcher);
+  } else {
+    out.how = dismissal::caught;
+    out.how_out = " b " + bowler;
+    name_fielder(match, out, catcher, fielding::caught);
   }
-  out.how_out = " b " + bowler;
-  taken_by(match, out, catcher, dismissal::caught, " c ");
+  return catcher;
+}
+
+/// Nobody but the bowler has a part in it.
+void beaten(batting_card_rec& out, dismissal how, const char* words, const std::string& bowler) {
+  name_nobody(out);
+  out.how = how;
+  out.how_out = words + bowler;
+}
+
+/// Returns the position of the man who threw. What the card has of a fielder stays.
+int run_out(const match_state& match, random_source& chance, batting_card_rec& out) {
+  const int thrower = die(chance, men_in_eleven);
+  out.how = dismissal::run_out;
+  out.how_out = " run out (" + match.bowling_xi[thrower].name + ")";
+  return thrower;
 }
 
 }  // namespace
@@ -132,37 +153,29 @@ void record_fall_of_wicket(match_state& match) {
 void record_dismissal(match_state& match, random_source& chance, delivery& ball) {
   batting_card_rec& out = match.batting_card[match.striker];
   const player_rec& bowler = match.bowling_xi[match.bowler];
+  int fielder = 0;
   switch (draw_fate(chance)) {
     case fate::bowled:
-      taken_by_nobody(out, dismissal::bowled);
-      out.how_out = " b " + bowler.name;
+      beaten(out, dismissal::bowled, " b ", bowler.name);
       break;
     case fate::caught_behind:
-      taken_behind(match, out, dismissal::caught, " c ");
+      fielder = taken_behind(match, out, fielding::caught);
       break;
     case fate::run_out:
-      ball.fielder = static_cast<std::uint8_t>(die(chance, men_in_eleven));
-      out.how = dismissal::run_out;
-      out.fielder_position = 0;
-      out.how_out = " run out (" + match.bowling_xi[ball.fielder].name + ")";
+      fielder = run_out(match, chance, out);
       break;
     case fate::by_the_keeper:
-      if (bowler.bowler_type == "spinner") {
-        taken_behind(match, out, dismissal::stumped, " st ");
-      } else {
-        taken_behind(match, out, dismissal::caught, " c ");
-      }
+      fielder = taken_behind(match, out, bowler.bowler_type == "spinner" ? fielding::stumped : fielding::caught);
       break;
     case fate::caught_in_the_field:
-      caught_in_the_field(match, chance, out, bowler.name);
+      fielder = caught_in_the_field(match, chance, out, bowler.name);
       break;
     case fate::leg_before:
-      taken_by_nobody(out, dismissal::leg_before);
-      out.how_out = " lbw " + bowler.name;
+      beaten(out, dismissal::leg_before, " lbw ", bowler.name);
       break;
   }
   ball.how = out.how;
-  if (out.how != dismissal::run_out) ball.fielder = out.fielder_position;
+  ball.fielder = static_cast<std::uint8_t>(fielder);
 }
 
 }  // namespace velorin

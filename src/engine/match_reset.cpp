@@ -37,6 +37,7 @@ void clear(batting_card_rec& line) {
     *figure = 0;
   }
   line.how = dismissal::none;
+  line.taken = fielding::none;
   line.fielder_position = 0;
   for (std::string* text : {&line.name, &line.how_out, &line.fielder}) text->clear();
 }

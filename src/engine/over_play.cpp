@@ -80,6 +80,25 @@ void play_unattended(const match_play& play) {
   reset_match(match);
 }
 
+/// The computer has ranked the bowlers of this side already.
+bool is_ranked(const match_state& match) {
+  for (int i = 1; i <= men_in_eleven; ++i) {
+    const bowler_pool_rec& man = match.bowler_pool[i];
+    if (man.position == 0 || man.name != match.bowling_xi[man.position].name) return false;
+  }
+  return true;
+}
+
+/// The opening pair as the reviews of the first two overs would have noted it: the man of the second over, then that of
+/// the first.
+void make_up_opening_pair(match_state& match) {
+  const auto first = deliveries_of_over(match.deliveries, 1);
+  if (first.empty() || overs_closed(match) == 0) return;
+  const auto second = deliveries_of_over(match.deliveries, 2);
+  match.opening_bowlers[0] = second.empty() ? match.bowler : integer(second.front().bowler);
+  match.opening_bowlers[1] = first.front().bowler;
+}
+
 /// With somebody before the match the console is shown until it is over.
 void show_console(const match_play& play) {
   if (play.match.console_open && play.match.human_involved()) {
@@ -113,6 +132,10 @@ play_step open_bowling(const match_play& play) {
 }
 
 play_step ask_second_bowler(match_state& match, front_end& user) {
+  if (match.computer_bowls) {
+    choose_second_opening_bowler(match);
+    return play_step::openers;
+  }
   bowler_choice_form form(match, bowler_choice_form::use::second_opener, "Select 2nd Opening Bowler");
   user.show(form);
   require_position(match.next_bowler, "next_bowler");
@@ -141,6 +164,12 @@ play_step open_batting(match_state& match, front_end& user) {
 }
 
 play_step ask_second_opener(match_state& match, front_end& user) {
+  if (match.computer_bats) {
+    choose_next_batsman(match);
+    match.non_striker = 2;
+    set_batting_aggression(match);
+    return play_step::innings_opens;
+  }
   next_batsman_form form(match, next_batsman_form::use::second_opener);
   user.show(form);
   match.non_striker = 2;
@@ -242,13 +271,12 @@ void set_captain(match_state& match, match_side side, bool computer) {
     return;
   }
   if (computer && !match.computer_bowls && match.bowler != 0) {
-    rank_bowlers(match, 0);
-    for (const int over : {1, 2}) {
-      const auto balls = deliveries_of_over(match.deliveries, over);
-      if (!balls.empty()) match.opening_bowlers[static_cast<std::size_t>(over) - 1] = balls.front().bowler;
-    }
+    if (!is_ranked(match)) rank_bowlers(match, 0);
+    make_up_opening_pair(match);
   }
   match.computer_bowls = computer;
+  match.bowler_change_pending = false;
+  match.bowler_change_out = match.bowler_change_in = 0;
 }
 
 }  // namespace velorin

@@ -5,7 +5,7 @@
 
 #include "ui/match_play.h"
 
-// The ball and over driver: everything that a ball causes is sequenced from here.
+// Starts, resumes and hands over a match; the console's buttons. What a ball causes is a row of steps (play_steps.h).
 
 namespace velorin {
 
@@ -38,8 +38,10 @@ void leave_play(match_state& match);
 /// A side of the match in play.
 enum class match_side { batting, bowling };
 /// Gives a side to the computer or to a human captain, at any step of play. What the computer needs of the innings so
-/// far is made up for; nothing is drawn. An unattended match that gets a human captain asks him from then on. Raises
-/// run_time_error (type, overflow): an economy rate with which the bowlers cannot be ranked; nothing is changed then.
+/// far is made up for; nothing is drawn. He sets the aggressions from the next ball on when he bats, from the next over
+/// on when he bowls; a change of bowler that is still to be told is told no more. An unattended match that gets a human
+/// captain asks him from then on, but has no console. Raises run_time_error (type, overflow): an economy rate with
+/// which the bowlers cannot be ranked; nothing is changed then.
 void set_captain(match_state& match, match_side side, bool computer);
 
 /// Copies the names of positions 1 and 2 of batting_xi to the batting card.

@@ -12,8 +12,8 @@ class front_end;
 class random_source;
 struct match_play;
 
-/// Takes step after step until the next over is awaited or no match is in play. Where a step fails, the match stands
-/// before it. Raises what the steps raise.
+/// Takes step after step until the next over is awaited or no match is in play. Raises what the steps raise; the match
+/// then stands in the step that failed, with what this has done so far.
 void take_steps(const match_play& play);
 
 /// Takes one step, or all those of one ball up to the first that asks; nothing happens where the next over is awaited
@@ -34,9 +34,8 @@ void open_innings(match_state& match);
 
 // An over.
 
+/// The first ball, or the message that the bowler has bowled his overs.
 play_step begin_over(match_state& match);
-/// Whether the bowler may bowl: the first ball, or the message that he has bowled his overs.
-play_step judge_quota(match_state& match);
 void tell_quota(const match_state& match, front_end& user);
 void ask_bowler_for_quota(match_state& match, front_end& user);
 /// Books the over and exchanges ends.

@@ -106,6 +106,10 @@ running_figures figures_at_start(const told_innings& innings) {
     for (const delivery& ball : over) brought.add(ball);
     if (over.front().over <= innings.overs_closed) brought.close_over(over);
   });
+  if (innings.last_ball_open && !innings.deliveries.empty() && innings.deliveries.back().counted) {
+    brought.balls -= 1;
+    brought.bowlers[innings.deliveries.back().bowler].balls -= 1;
+  }
   running_figures start;
   start.score = innings.score_runs - brought.score;
   start.wickets = innings.score_wickets - brought.wickets;

@@ -39,7 +39,8 @@ struct told_innings {
   int score_runs = 0;
   int score_wickets = 0;
   int innings_balls = 0;
-  int overs_closed = 0;  ///< the number of the last over that has come to its end, 0 for none
+  int overs_closed = 0;         ///< the number of the last over that has come to its end, 0 for none
+  bool last_ball_open = false;  ///< the balls of innings and bowler do not count the last delivery yet
 };
 
 /// All lines, in order.

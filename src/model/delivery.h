@@ -37,6 +37,9 @@ enum class dismissal : std::uint8_t {
   run_out,
 };
 
+/// What a card tells of a fielder besides.
+enum class fielding : std::uint8_t { none, caught, stumped };
+
 /// One delivery. Men are positions 1 to 11 in their elevens, which no later change moves.
 struct delivery {
   std::int16_t innings = 0;  ///< of the match, from 1

@@ -109,7 +109,8 @@ struct batting_card_rec {
   integer singles;
   integer dots;  ///< balls without a run off the bat: leg byes, byes and the ball of a dismissal count
   dismissal how = dismissal::none;
-  std::uint8_t fielder_position = 0;  ///< of the man who caught or stumped him, 0 nobody; a run out has none
+  fielding taken = fielding::none;    ///< what `fielder` tells; a card that is gone on with keeps it behind a run out
+  std::uint8_t fielder_position = 0;  ///< of the man whom it names, or who caught off his own bowling; 0 nobody
   std::string how_out;                ///< as cards show it: the bowler's part of the dismissal, or "not out"
   std::string fielder;                ///< likewise the catcher's part, or empty
 };

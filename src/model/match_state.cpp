@@ -42,6 +42,11 @@ std::string bowler_of_over(const match_state& match, int over) {
   return match.bowling_card[balls.front().bowler].name;
 }
 
+bool is_last_ball_open(const match_state& match) {
+  return match.next_step == play_step::wicket_told || match.next_step == play_step::next_batsman ||
+         match.next_step == play_step::ball_booked;
+}
+
 int overs_closed(const match_state& match) { return match.over_no - 1; }
 
 told_innings innings_in_play(const match_state& match) {
@@ -52,7 +57,8 @@ told_innings innings_in_play(const match_state& match) {
           .score_runs = match.score_runs,
           .score_wickets = match.score_wickets,
           .innings_balls = match.innings_balls,
-          .overs_closed = overs_closed(match)};
+          .overs_closed = overs_closed(match),
+          .last_ball_open = is_last_ball_open(match)};
 }
 
 told_innings innings_before(const match_state& match) {
@@ -63,7 +69,8 @@ told_innings innings_before(const match_state& match) {
           .score_runs = match.first_total,
           .score_wickets = match.first_wickets,
           .innings_balls = match.first_balls,
-          .overs_closed = match.first_deliveries.empty() ? 0 : match.first_deliveries.back().over - 1};
+          .overs_closed = match.first_deliveries.empty() ? 0 : match.first_deliveries.back().over - 1,
+          .last_ball_open = false};
 }
 
 namespace {

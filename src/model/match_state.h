@@ -389,6 +389,8 @@ struct match_state : match_sides,
 std::array<std::string, balls_of_over> over_symbols(const match_state& match);
 /// The name of the man who bowled an over of the innings in play; "" unless it has come to its end.
 std::string bowler_of_over(const match_state& match, int over);
+/// The last delivery waits for a word on its wicket: the balls of innings and bowler do not count it yet.
+bool is_last_ball_open(const match_state& match);
 /// The number of the last over of the innings in play that has come to its end, 0 for none.
 int overs_closed(const match_state& match);
 

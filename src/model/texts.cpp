@@ -50,10 +50,6 @@ double shown_value(float value) {
   return result;
 }
 
-bool is_numeric(std::string_view symbol) {
-  return !symbol.empty() && std::all_of(symbol.begin(), symbol.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
 std::optional<double> number_in(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return std::nullopt;

@@ -22,24 +22,6 @@ void append_number(std::string& text, long value);
 /// 4.7f gives 4.7.
 double shown_value(float value);
 
-/// True for a ball symbol that counts as a number: one or more decimal digits.
-bool is_numeric(std::string_view symbol);
-
-/// The number of a ball symbol, or -1 if it is none. Up to nine digits.
-inline int symbol_number(std::string_view symbol) {
-  if (symbol.size() == 1) {
-    const int digit = symbol[0] - '0';
-    return digit >= 0 && digit <= 9 ? digit : -1;
-  }
-  if (symbol.empty()) return -1;
-  int number = 0;
-  for (const char c : symbol) {
-    if (c < '0' || c > '9') return -1;
-    number = number * 10 + (c - '0');
-  }
-  return number;
-}
-
 /// The number in a shown text (blanks around it allowed), or nothing if the text is no number.
 std::optional<double> number_in(std::string_view text);
 

@@ -60,7 +60,9 @@ void write_innings(const match_state& match, match_worms& worms) {
   int score = match.score_runs;
   int balls = match.innings_balls;
   int row_before = 0;
-  for (auto ball = match.deliveries.rbegin(); ball != match.deliveries.rend(); ++ball) {
+  auto last = match.deliveries.rbegin();
+  if (is_last_ball_open(match)) ++last;  // a wicket: the score is that of the ball before
+  for (auto ball = last; ball != match.deliveries.rend(); ++ball) {
     const int row = balls / balls_of_over + 1;
     // An innings that goes on with the balls of an earlier one has rows beyond the last.
     if (row != row_before && row >= 1 && row <= overs_of_innings + 1) {

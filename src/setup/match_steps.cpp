@@ -16,6 +16,7 @@
 #include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
+#include "reports/worm_graph.h"
 #include "setup/conditions.h"
 #include "setup/new_match.h"
 #include "setup/team_selection.h"
@@ -146,6 +147,8 @@ bool resume_match(const match_play& play) {
     }
   } catch (const run_time_error&) {
     play.match.step = match_step::none;
+    keep_worms(play.match);
+    leave_play(play.match);
     throw;
   }
   return true;

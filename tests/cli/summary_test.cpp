@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "cli/cli_fixture.h"
+#include "cli/match_summary.h"
+#include "support/cards.h"
 
 namespace velorin::testing {
 namespace {
@@ -139,6 +141,25 @@ TEST_F(Summary, DismissalsAreThoseOfTheCards) {
   for (const auto& [kind, count] : kinds) {
     expect("Out " + kind, {std::to_string(count), fmt::format("{:.1f}%", 100.0 * count / all)});
   }
+}
+
+TEST_F(Summary, ACatchWithoutANameOnTheCardCountsAsBowled) {
+  match_state played;
+  put_out(played.batting_card[1], dismissal::caught, "A.Bowl1", {7, "A.Bowl7"});
+  put_out(played.batting_card[2], dismissal::stumped, "A.Bowl1", {7, "A.Bowl7"});
+  for (const int unnamed : {3, 4}) {
+    put_out(played.batting_card[unnamed], unnamed == 3 ? dismissal::caught : dismissal::stumped, "A.Bowl1");
+    played.batting_card[unnamed].taken = fielding::none;
+    played.batting_card[unnamed].fielder.clear();
+  }
+  cli::match_summary summary;
+  summary.add_innings(played);
+  std::ostringstream out;
+  summary.print(out);
+  lines_ = lines_of(out.str());
+  expect("Out bowled", {"2", "50.0%"});
+  expect("Out caught", {"1", "25.0%"});
+  expect("Out stumped", {"1", "25.0%"});
 }
 
 TEST_F(Summary, OfATeamAgainstItselfTheMarginTellsWhoWon) {

@@ -212,19 +212,24 @@ TEST_F(Books, WithoutAKeeperTheFielderStaysAsItWas) {
     EXPECT_EQ(striker().how_out, " b A.Bowl8") << kind;
     EXPECT_EQ(striker().fielder, "") << kind;
     striker().fielder = "kept";
+    striker().taken = fielding::caught;
     script_draws({die_draw(kind, 110)});
     delivery ball;
     record_dismissal(match, chance, ball);
     EXPECT_EQ(striker().fielder, "kept") << kind;
+    EXPECT_EQ(striker().taken, fielding::caught) << kind;
+    EXPECT_EQ(ball.fielder, 0) << kind;
   }
 }
 
 TEST_F(Books, ARunOutLeavesTheFielderAndOthersClearHim) {
   const auto fielder_after = [](int kind, int face) {
     striker().fielder = "before";
+    striker().taken = fielding::stumped;
     script_draws({die_draw(kind, 110), die_draw(face, 11)});
     delivery ball;
     record_dismissal(match, chance, ball);
+    EXPECT_EQ(striker().taken == fielding::none, striker().fielder.empty()) << kind;
     return striker().fielder;
   };
   EXPECT_EQ(fielder_after(35, 4), "before");

@@ -141,27 +141,6 @@ TEST(ShownValue, AgreesWithTheTextOverRandomSingles) {
   }
 }
 
-TEST(IsNumeric, OnlyDigitsCountAndAtLeastOne) {
-  EXPECT_TRUE(is_numeric("0"));
-  EXPECT_TRUE(is_numeric("6"));
-  EXPECT_TRUE(is_numeric("12"));
-  EXPECT_TRUE(is_numeric("0123456789"));
-  for (const char* text : {"", "W", "1lb", "4b", "-1", "+1", " 1", "1 ", "1.5", "\xB2"}) {
-    EXPECT_FALSE(is_numeric(text)) << '"' << text << '"';
-  }
-}
-
-TEST(SymbolNumber, IsTheNumberOfANumericSymbol) {
-  EXPECT_EQ(symbol_number("0"), 0);
-  EXPECT_EQ(symbol_number("6"), 6);
-  EXPECT_EQ(symbol_number("12"), 12);
-  EXPECT_EQ(symbol_number("007"), 7);
-  EXPECT_EQ(symbol_number("999999999"), 999999999);
-  for (const char* text : {"", "W", "1lb", "4b", "-1", "+1", " 1", "1 ", "1.5"}) {
-    EXPECT_EQ(symbol_number(text), -1) << '"' << text << '"';
-  }
-}
-
 TEST(NumberIn, ReadsDecimalsWithBlanksAround) {
   EXPECT_EQ(number_in("0"), 0);
   EXPECT_EQ(number_in("42"), 42);

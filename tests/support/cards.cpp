@@ -35,8 +35,14 @@ void put_out(batting_card_rec& card, dismissal how, const std::string& bowler, c
   card.fielder_position = static_cast<std::uint8_t>(fielder.position);
   card.how_out = words_of_bowler(how, bowler);
   card.fielder.clear();
-  if (how == dismissal::caught) card.fielder = " c " + fielder.name;
-  if (how == dismissal::stumped) card.fielder = " st " + fielder.name;
+  card.taken = fielding::none;
+  if (how == dismissal::caught) {
+    card.taken = fielding::caught;
+    card.fielder = " c " + fielder.name;
+  } else if (how == dismissal::stumped) {
+    card.taken = fielding::stumped;
+    card.fielder = " st " + fielder.name;
+  }
 }
 
 }  // namespace velorin

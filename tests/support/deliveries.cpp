@@ -3,8 +3,7 @@
 
 #include <cstdint>
 #include <stdexcept>
-
-#include "model/texts.h"
+#include <string>
 
 namespace velorin {
 
@@ -66,7 +65,7 @@ void add_over(delivery_list& deliveries, int over, std::initializer_list<std::st
   for (const std::string_view entry : entries) {
     ++ball;
     const auto letters = entry.find_first_not_of("0123456789");
-    const int number = symbol_number(entry.substr(0, letters));
+    const int number = letters == 0 || entry.empty() ? 0 : std::stoi(std::string(entry.substr(0, letters)));
     if (entry.empty()) continue;
     if (entry == "W") {
       deliveries.push_back(ball_of_wicket(dismissal::bowled, men, 0, over, ball));
