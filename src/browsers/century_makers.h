@@ -9,13 +9,13 @@ struct open_database;
 
 /// The 15 players of most hundreds. A row without a hundred is hidden.
 struct century_makers_form : table_form {
-  explicit century_makers_form(open_database& data) : data_(data) {}
+  explicit century_makers_form(const open_database& data) : data_(data) {}
 
   /// Fills the table. Reads the careers; raises what read_career_table raises.
   void open();
 
  private:
-  open_database& data_;
+  const open_database& data_;
 };
 
 }  // namespace velorin

@@ -27,7 +27,7 @@ int index_of(const std::vector<std::string>& list, const std::string& text) {
   return found == list.end() ? -1 : static_cast<int>(found - list.begin());
 }
 
-[[noreturn]] void raise_no_career(open_database& data, const std::string& happened, const std::string& name) {
+[[noreturn]] void raise_no_career(const open_database& data, const std::string& happened, const std::string& name) {
   throw run_time_error(failure::subscript, happened,
                        {.file = file_name_text(data.files.career_file), .record = 0, .field = {}, .player = name});
 }
@@ -112,7 +112,7 @@ void player_profile_form::fill(const career_rec& career) {
   no_photo_visible = !photo;
 }
 
-bool show_profile(front_end& user, open_database& data, const std::string& team, const std::string& player) {
+bool show_profile(front_end& user, const open_database& data, const std::string& team, const std::string& player) {
   player_profile_form form(data);
   try {
     form.open_locked(team, player);

@@ -44,7 +44,7 @@ struct player_profile_screen {
 
 /// The form: fills the screen and follows the user.
 struct player_profile_form : player_profile_screen {
-  explicit player_profile_form(open_database& data) : data_(data) {}
+  explicit player_profile_form(const open_database& data) : data_(data) {}
 
   /// Lists the teams, with nothing chosen. Reads the careers; raises what read_career_table raises.
   void open();
@@ -64,11 +64,11 @@ struct player_profile_form : player_profile_screen {
   void fill(const career_rec& career);
 
   career_table careers_;
-  open_database& data_;
+  const open_database& data_;
 };
 
 /// Opens the profile of a player, locked, modal. If that fails, shows the failure in a message titled "Error - Player
 /// Details" and returns false. Asks the front end.
-bool show_profile(front_end& user, open_database& data, const std::string& team, const std::string& player);
+bool show_profile(front_end& user, const open_database& data, const std::string& team, const std::string& player);
 
 }  // namespace velorin

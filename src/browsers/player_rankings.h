@@ -17,7 +17,7 @@ struct open_database;
 ///   4  innings of 50 or more
 ///   8  batting of a team, by average  9  bowling of a team, by wickets
 struct player_rankings_form : table_form {
-  explicit player_rankings_form(open_database& data) : data_(data) {}
+  explicit player_rankings_form(const open_database& data) : data_(data) {}
 
   static constexpr int career_batting = 8;
   static constexpr int career_bowling = 9;
@@ -27,7 +27,7 @@ struct player_rankings_form : table_form {
   void open(int record_mode, const std::string& team = {});
 
  private:
-  open_database& data_;
+  const open_database& data_;
 };
 
 }  // namespace velorin

@@ -11,32 +11,32 @@ struct open_database;
 
 /// Record mode 1: the highest individual scores; 0: the best bowling figures. A row without a player is hidden.
 struct best_performances_form : table_form {
-  explicit best_performances_form(open_database& data) : data_(data) {}
+  explicit best_performances_form(const open_database& data) : data_(data) {}
 
   void open(int record_mode);
 
  private:
-  open_database& data_;
+  const open_database& data_;
 };
 
 /// Record mode 1: the highest totals; 0: the lowest. A row without a team is hidden.
 struct total_records_form : table_form {
-  explicit total_records_form(open_database& data) : data_(data) {}
+  explicit total_records_form(const open_database& data) : data_(data) {}
 
   void open(int record_mode);
 
  private:
-  open_database& data_;
+  const open_database& data_;
 };
 
 /// The record stand for each wicket, a row's place being the wicket. A row without a first man is hidden.
 struct stand_records_form : table_form {
-  explicit stand_records_form(open_database& data) : data_(data) {}
+  explicit stand_records_form(const open_database& data) : data_(data) {}
 
   void open();
 
  private:
-  open_database& data_;
+  const open_database& data_;
 };
 
 }  // namespace velorin

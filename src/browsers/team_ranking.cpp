@@ -27,7 +27,7 @@ std::optional<double> team_results::success(const error_place& row) const {
   return fitting(round_to(won * 100 / played(), 2), row);
 }
 
-error_place row_place(open_database& data, const record_lists& lists, int team) {
+error_place row_place(const open_database& data, const record_lists& lists, int team) {
   return {.file = file_name_text(data.files.record_file),
           .record = table_record(team),
           .field = "away_won",
@@ -48,7 +48,7 @@ team_results total_results(const team_table& team) {
   return {away.won + home.won, away.lost + home.lost, away.tied + home.tied};
 }
 
-std::vector<ranked_team> rank_teams(open_database& data, const record_lists& lists) {
+std::vector<ranked_team> rank_teams(const open_database& data, const record_lists& lists) {
   std::vector<ranked_team> ranking;
   for (int t = 1; t <= lists.table_team_count; ++t) {
     const error_place row = row_place(data, lists, t);

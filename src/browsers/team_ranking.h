@@ -27,7 +27,7 @@ struct team_results {
 };
 
 /// The row of a team in the record file in use, by its place from 1, as errors name it: by its first record.
-error_place row_place(open_database& data, const record_lists& lists, int team);
+error_place row_place(const open_database& data, const record_lists& lists, int team);
 
 team_results home_results(const team_table& team);
 team_results away_results(const team_table& team);
@@ -40,6 +40,6 @@ struct ranked_team {
 
 /// All teams of the table by success, best first; equal ones in the order of the table. Raises run_time_error: a team
 /// without a match (division), numbers too large to add up (overflow).
-std::vector<ranked_team> rank_teams(open_database& data, const record_lists& lists);
+std::vector<ranked_team> rank_teams(const open_database& data, const record_lists& lists);
 
 }  // namespace velorin

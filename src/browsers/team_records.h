@@ -45,7 +45,7 @@ struct team_records_screen {
 
 /// The form: fills the screen and follows the user.
 struct team_records_form : team_records_screen {
-  explicit team_records_form(open_database& data) : data_(data) {}
+  explicit team_records_form(const open_database& data) : data_(data) {}
 
   /// Lists the teams, with none chosen. Reads record lists and careers. Raises run_time_error: what ranking the teams
   /// raises, whatever reading them raises.
@@ -61,7 +61,7 @@ struct team_records_form : team_records_screen {
   record_lists lists_;
   career_table careers_;
   std::vector<ranked_team> ranking_;
-  open_database& data_;
+  const open_database& data_;
 };
 
 }  // namespace velorin

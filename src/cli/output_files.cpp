@@ -64,7 +64,7 @@ class used_file {
 
 }  // namespace
 
-void require_outputs_apart(open_database& data, const match_options& options, const fs::path& draws) {
+void require_outputs_apart(const open_database& data, const match_options& options, const fs::path& draws) {
   const std::array<std::pair<const char*, std::string>, 4> outputs = {
       {{"--json", options.json == "-" ? "/proc/self/fd/1" : options.json},
        {"--html", options.html},

@@ -34,7 +34,7 @@ struct report_options {
 /// A list by its name on the command line.
 struct named_list {
   std::string_view name;
-  shown_table (*open)(open_database& data, const std::string& team);
+  shown_table (*open)(const open_database& data, const std::string& team);
   bool of_team = false;
 };
 
@@ -45,16 +45,20 @@ shown_table opened(Form form, auto... arguments) {
 }
 
 template <int record_mode>
-shown_table ranking(open_database& data, const std::string& team) {
+shown_table ranking(const open_database& data, const std::string& team) {
   return opened(player_rankings_form(data), record_mode, team);
 }
 
 constexpr std::array<named_list, 15> lists = {{
-    {"highest-scores", [](open_database& data, const std::string&) { return opened(best_performances_form(data), 1); }},
-    {"best-bowling", [](open_database& data, const std::string&) { return opened(best_performances_form(data), 0); }},
-    {"highest-totals", [](open_database& data, const std::string&) { return opened(total_records_form(data), 1); }},
-    {"lowest-totals", [](open_database& data, const std::string&) { return opened(total_records_form(data), 0); }},
-    {"partnerships", [](open_database& data, const std::string&) { return opened(stand_records_form(data)); }},
+    {"highest-scores",
+     [](const open_database& data, const std::string&) { return opened(best_performances_form(data), 1); }},
+    {"best-bowling",
+     [](const open_database& data, const std::string&) { return opened(best_performances_form(data), 0); }},
+    {"highest-totals",
+     [](const open_database& data, const std::string&) { return opened(total_records_form(data), 1); }},
+    {"lowest-totals",
+     [](const open_database& data, const std::string&) { return opened(total_records_form(data), 0); }},
+    {"partnerships", [](const open_database& data, const std::string&) { return opened(stand_records_form(data)); }},
     {"averages", ranking<1>},
     {"most-runs", ranking<2>},
     {"strike-rates", ranking<3>},
@@ -62,7 +66,7 @@ constexpr std::array<named_list, 15> lists = {{
     {"most-wickets", ranking<5>},
     {"economy", ranking<6>},
     {"bowling-averages", ranking<7>},
-    {"centuries", [](open_database& data, const std::string&) { return opened(century_makers_form(data)); }},
+    {"centuries", [](const open_database& data, const std::string&) { return opened(century_makers_form(data)); }},
     {"career-batting", ranking<player_rankings_form::career_batting>, true},
     {"career-bowling", ranking<player_rankings_form::career_bowling>, true},
 }};
@@ -247,7 +251,7 @@ void report_team(open_database& data, const report_options& options, std::ostrea
   }
 }
 
-void report_rankings(open_database& data, const report_options& options, std::ostream& out) {
+void report_rankings(const open_database& data, const report_options& options, std::ostream& out) {
   show_table(opened(world_rankings_form(data)), options, out);
 }
 

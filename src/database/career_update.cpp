@@ -45,7 +45,7 @@ struct career_in_file {
   }
 };
 
-void enrol_team(open_database& data, career_table& table, const std::string& team) {
+void enrol_team(const open_database& data, career_table& table, const std::string& team) {
   for (int t = 1; t <= table.career_team_count; ++t) {
     if (table.teams[t].team_name == team) return;
   }
@@ -62,7 +62,7 @@ void enrol_team(open_database& data, career_table& table, const std::string& tea
   added.team_name = team;
 }
 
-void enrol_player(open_database& data, career_team_rec& team, long record, const std::string& name) {
+void enrol_player(const open_database& data, career_team_rec& team, long record, const std::string& name) {
   for (int p = 1; p <= team.player_count; ++p) {
     if (team.players[p].name == name) return;
   }
@@ -151,7 +151,7 @@ void add_match(const std::filesystem::path& file, career_team_rec& team, long re
 }
 
 /// Enrols the side that the bowling card names and adds the match to its careers.
-void update_side(open_database& data, career_table& table, const side_books& books) {
+void update_side(const open_database& data, career_table& table, const side_books& books) {
   enrol_team(data, table, books.team);
   for (int t = 1; t <= table.career_team_count; ++t) {
     career_team_rec& team = table.teams[t];
@@ -162,14 +162,14 @@ void update_side(open_database& data, career_table& table, const side_books& boo
 }
 
 /// The career file as it is.
-slot_file whole_careers(open_database& data) {
+slot_file whole_careers(const open_database& data) {
   slot_file file = slot_file::read(data.files.career_file, career_slot);
   require_whole_careers(file);
   return file;
 }
 
 /// Adds the match to the career file, whose careers these are.
-void add_match(const match_state& match, open_database& data, slot_file& file, career_table& table) {
+void add_match(const match_state& match, const open_database& data, slot_file& file, career_table& table) {
   // The end of an innings writes "not out" into the first innings only.
   update_side(data, table,
               {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card,
@@ -182,9 +182,11 @@ void add_match(const match_state& match, open_database& data, slot_file& file, c
 
 }  // namespace
 
-void settle_update(open_database& data) { const staged_files both({data.files.career_file, data.files.record_file}); }
+void settle_update(const open_database& data) {
+  const staged_files both({data.files.career_file, data.files.record_file});
+}
 
-void update_career(const match_state& match, open_database& data) {
+void update_career(const match_state& match, const open_database& data) {
   if (!data.files.updates) return;
   const folder_lock turn(data.files.career_file, data.files.watcher);
   settle_update(data);
@@ -216,7 +218,7 @@ void match_update::run() {
   }
 }
 
-void update_career_and_records(const match_state& match, open_database& data) {
+void update_career_and_records(const match_state& match, const open_database& data) {
   bool added = false;
   match_update(match, data, added).run();
 }

@@ -14,17 +14,17 @@ struct open_database;
 /// team or player (subscript), a record beyond its slot or a figure beyond its width (overflow), file problems, a file
 /// cut short among them (file); the old file is whole then or, if only the folder could not be synchronised, the new
 /// one.
-void update_career(const match_state& match, open_database& data);
+void update_career(const match_state& match, const open_database& data);
 
 /// Adds the match to the record lists and the team table. Requires, reads and raises likewise (a 26th table team:
 /// subscript); rewrites <base>.ptr.
-void update_records(const match_state& match, open_database& data);
+void update_records(const match_state& match, const open_database& data);
 
 /// Both, as the end of a match does it; what has failed may be tried again.
 class match_update {
  public:
   /// `added` is set once the files have the match; it outlives the update.
-  match_update(const match_state& match, open_database& data, bool& added)
+  match_update(const match_state& match, const open_database& data, bool& added)
       : added_(added), match_(match), data_(data) {}
 
   /// Adds the match to both. Requires, reads and raises as they do, and refuses files that do not belong together
@@ -37,10 +37,10 @@ class match_update {
  private:
   bool& added_;  ///< by an earlier run, which then failed
   const match_state& match_;
-  open_database& data_;
+  const open_database& data_;
 };
 
 /// One run of a match_update.
-void update_career_and_records(const match_state& match, open_database& data);
+void update_career_and_records(const match_state& match, const open_database& data);
 
 }  // namespace velorin

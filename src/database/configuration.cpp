@@ -22,7 +22,7 @@ constexpr std::array<std::string configuration::*, 5> options_lines = {
     &configuration::photo_path, &configuration::database_name, &configuration::text_color, &configuration::back_color,
     &configuration::font_name};
 
-std::filesystem::path options_file(open_database& data) { return data.files.folder / "options.mc"; }
+std::filesystem::path options_file(const open_database& data) { return data.files.folder / "options.mc"; }
 
 /// Takes the next line off `text`, or nothing at its end.
 std::optional<std::string_view> next_line(std::string_view& text) {
@@ -64,7 +64,7 @@ bool is_plain_file(const std::filesystem::path& file) {
 }
 
 /// On offer, or with careers or records alone, which can be read without teams and grounds.
-bool is_known(open_database& data, const std::string& base) {
+bool is_known(const open_database& data, const std::string& base) {
   const std::vector<std::string> offered = databases_on_offer(data.files.folder);
   if (std::find(offered.begin(), offered.end(), base) != offered.end()) return true;
   if (base.empty() || base.find('/') != std::string::npos || base.find('\0') != std::string::npos) return false;
@@ -128,7 +128,7 @@ bool can_be_kept(const std::string& value) {
   return field_of(value) == value && value.find_first_of("\r\n") == std::string::npos;
 }
 
-void write_options(open_database& data) {
+void write_options(const open_database& data) {
   std::string text;
   for (const auto setting : options_lines) {
     const std::string& value = data.settings.*setting;

@@ -71,7 +71,7 @@ bool can_be_kept(const std::string& value);
 
 /// Replaces options.mc of files.folder by the five lines of `settings`, CR LF ends. Raises run_time_error (file); the
 /// old file is whole then.
-void write_options(open_database& data);
+void write_options(const open_database& data);
 
 /// The base names on offer in `folder`: those with both a .team and a .grd file, in byte order. A missing folder
 /// offers none, and a name without a place in Windows-1252 is passed over. Raises run_time_error (file) for a folder

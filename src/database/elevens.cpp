@@ -19,9 +19,9 @@ namespace velorin {
 
 namespace {
 
-std::filesystem::path first_file(open_database& data) { return data.files.folder / "team1r.txt"; }
-std::filesystem::path second_file(open_database& data) { return data.files.folder / "team2r.txt"; }
-std::filesystem::path spare_file(open_database& data) { return data.files.folder / "dummy.txt"; }
+std::filesystem::path first_file(const open_database& data) { return data.files.folder / "team1r.txt"; }
+std::filesystem::path second_file(const open_database& data) { return data.files.folder / "team2r.txt"; }
+std::filesystem::path spare_file(const open_database& data) { return data.files.folder / "dummy.txt"; }
 
 /// The bytes that a man takes in his slot, without writing him.
 std::size_t encoded_size(const player_rec& man) {
@@ -69,7 +69,7 @@ enum class cut_off { nothing, undone, finished, idle_spare };
 /// Settles an exchange that was cut off: one that had renamed the second file alone is undone, one that had renamed the
 /// first, too, is finished. Tells of a plain dummy.txt beside both files, which is left. Requires the lock of the
 /// folder. Raises run_time_error (file): `tried` tells what cannot be done then.
-cut_off settle_exchange(open_database& data, const char* tried) {
+cut_off settle_exchange(const open_database& data, const char* tried) {
   if (occupant_of(spare_file(data)) != occupant::plain_file) return cut_off::nothing;
   for (const std::filesystem::path& file : {second_file(data), first_file(data)}) {
     if (occupant_of(file) != occupant::none) continue;
@@ -96,7 +96,7 @@ void write_eleven(open_database& data, side which, const eleven& men) {
   if (spare_is_idle) ::unlink(spare_file(data).c_str());
 }
 
-void read_elevens(match_state& match, open_database& data) {
+void read_elevens(match_state& match, const open_database& data) {
   if (data.files.elevens_in_memory) {
     match.batting_xi = data.held.of(side::first);
     match.bowling_xi = data.held.of(side::second);
@@ -130,7 +130,7 @@ void swap_elevens(open_database& data, bool again) {
   }
 }
 
-eleven_files_before read_elevens_before(open_database& data) {
+eleven_files_before read_elevens_before(const open_database& data) {
   eleven_files_before before;
   if (data.files.elevens_in_memory) return before;
   const std::array<std::filesystem::path, 2> paths = {first_file(data), second_file(data)};
@@ -145,7 +145,8 @@ eleven_files_before read_elevens_before(open_database& data) {
   return before;
 }
 
-void put_back_elevens(open_database& data, const eleven_files_before& before, const std::array<eleven, 2>& written) {
+void put_back_elevens(const open_database& data, const eleven_files_before& before,
+                      const std::array<eleven, 2>& written) {
   const std::array<std::filesystem::path, 2> paths = {first_file(data), second_file(data)};
   for (std::size_t i = 0; i < 2; ++i) {
     if (!before[i]) continue;

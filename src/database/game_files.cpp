@@ -20,7 +20,7 @@ bool is_same_folder(const std::filesystem::path& one, const std::filesystem::pat
 
 }  // namespace
 
-std::string game_use_of(open_database& data, const std::filesystem::path& file) {
+std::string game_use_of(const open_database& data, const std::filesystem::path& file) {
   const std::filesystem::path real = real_file(file);
   if (!is_same_folder(folder_of(real), data.files.folder)) return {};
   return std::string(game_use_of_name(real.filename().native()));

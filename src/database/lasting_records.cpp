@@ -122,7 +122,7 @@ career_table read_career_table(const std::filesystem::path& career_file) {
   return careers_in(slot_file::read(career_file, career_slot));
 }
 
-career_table read_career_table(open_database& data) {
+career_table read_career_table(const open_database& data) {
   if (data.files.updates) create_if_missing(data.files.career_file);
   return read_career_table(data.files.career_file);
 }
@@ -134,7 +134,7 @@ void put_careers(slot_file& file, const career_table& table) {
   }
 }
 
-void write_career_table(open_database& data, const career_table& table) {
+void write_career_table(const open_database& data, const career_table& table) {
   slot_file file = slot_file::read(data.files.career_file, career_slot);
   put_careers(file, table);
   replace_file(data.files.career_file, file.bytes());
@@ -163,7 +163,7 @@ record_lists read_record_lists(const std::filesystem::path& record_file) {
   return records_in(slot_file::read(record_file, records_slot));
 }
 
-record_lists read_record_lists(open_database& data) {
+record_lists read_record_lists(const open_database& data) {
   if (data.files.updates) create_if_missing(data.files.record_file);
   return read_record_lists(data.files.record_file);
 }
@@ -178,7 +178,7 @@ void put_records(slot_file& file, const record_lists& lists) {
   for (int t = 1; t <= lists.table_team_count; ++t) put_table_team(file, t, lists.teams[t]);
 }
 
-void write_record_lists(open_database& data, const record_lists& lists) {
+void write_record_lists(const open_database& data, const record_lists& lists) {
   slot_file file = slot_file::read(data.files.record_file, records_slot);
   put_records(file, lists);
   replace_file(data.files.record_file, file.bytes());

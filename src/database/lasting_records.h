@@ -174,17 +174,17 @@ struct record_lists {
 /// The careers of the database in use, in the order in which the teams first played. A missing file is empty; while
 /// files.updates is true it is created. Raises run_time_error: unreadable (file), more than 20 teams or players
 /// (subscript), a text beyond its slot, an unknown tag or a count below 0 (type).
-career_table read_career_table(open_database& data);
+career_table read_career_table(const open_database& data);
 /// Replaces the career file of the database in use by one with these careers; bytes that belong to no field stay.
 /// Requires the lock of the folder. Raises run_time_error: a record beyond its slot (overflow), the file (file); the
 /// old file is whole then.
-void write_career_table(open_database& data, const career_table& table);
+void write_career_table(const open_database& data, const career_table& table);
 
 /// The record lists and the team table of the database in use. Creates and raises likewise (25 teams; a count or total
 /// that is no number: type).
-record_lists read_record_lists(open_database& data);
+record_lists read_record_lists(const open_database& data);
 /// Replaces their file. Requires and raises as for the careers.
-void write_record_lists(open_database& data, const record_lists& lists);
+void write_record_lists(const open_database& data, const record_lists& lists);
 
 /// The same for any file; nothing is created.
 career_table read_career_table(const std::filesystem::path& career_file);

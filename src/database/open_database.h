@@ -16,7 +16,11 @@ struct elevens_held {
   std::array<eleven, 2> men;
   bool exchanged = false;  ///< the first side's men are men[1]
 
-  eleven& of(side which) { return men[(which == side::second) != exchanged ? 1 : 0]; }
+  eleven& of(side which) { return men[place_of(which)]; }
+  const eleven& of(side which) const { return men[place_of(which)]; }
+
+  /// 0 or 1: where the men of `which` stand in men.
+  std::size_t place_of(side which) const { return (which == side::second) != exchanged ? 1 : 0; }
 };
 
 /// The settings, the paths of the database in use, and what has been read of its files. A copy is a database of its

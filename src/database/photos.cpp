@@ -61,7 +61,7 @@ std::string_view initials_in(std::string_view file) {
 
 }  // namespace
 
-std::vector<std::filesystem::path> photos_of(open_database& data, std::string_view surname) {
+std::vector<std::filesystem::path> photos_of(const open_database& data, std::string_view surname) {
   std::vector<std::filesystem::path> photos;
   const std::string wanted = small_letters(surname);
   std::error_code failed;
@@ -76,13 +76,13 @@ std::vector<std::filesystem::path> photos_of(open_database& data, std::string_vi
   return photos;
 }
 
-std::optional<std::filesystem::path> console_photo(open_database& data, std::string_view name) {
+std::optional<std::filesystem::path> console_photo(const open_database& data, std::string_view name) {
   const std::vector<std::filesystem::path> photos = photos_of(data, surname_of(name));
   if (photos.empty()) return std::nullopt;
   return photos.front();
 }
 
-std::optional<std::filesystem::path> profile_photo(open_database& data, std::string_view name) {
+std::optional<std::filesystem::path> profile_photo(const open_database& data, std::string_view name) {
   const std::string initial = small_letters(first_initial(name));
   for (const std::filesystem::path& photo : photos_of(data, surname_of(name))) {
     const std::string file = small_name(photo);

@@ -17,13 +17,13 @@ struct open_database;
 
 /// The files of the folder whose names begin with `surname` and end in .bmp, .png or .jpg, in the order of the bytes of
 /// their names.
-std::vector<std::filesystem::path> photos_of(open_database& data, std::string_view surname);
+std::vector<std::filesystem::path> photos_of(const open_database& data, std::string_view surname);
 
 /// The console's photo of a player: the first file of his surname.
-std::optional<std::filesystem::path> console_photo(open_database& data, std::string_view name);
+std::optional<std::filesystem::path> console_photo(const open_database& data, std::string_view name);
 
 /// The profile's photo: the first file of his surname whose last three letters have his first initial among them. For a
 /// name without initials, the first file of his surname.
-std::optional<std::filesystem::path> profile_photo(open_database& data, std::string_view name);
+std::optional<std::filesystem::path> profile_photo(const open_database& data, std::string_view name);
 
 }  // namespace velorin

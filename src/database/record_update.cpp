@@ -74,7 +74,7 @@ top_total_rec first_innings_total(const match_state& match) {
 }
 
 /// The console's runs as a figure of the files. More than fit one would head the highest totals.
-integer second_total(const match_state& match, open_database& data) {
+integer second_total(const match_state& match, const open_database& data) {
   try {
     return match.score_runs;
   } catch (const run_time_error& error) {
@@ -86,7 +86,7 @@ integer second_total(const match_state& match, open_database& data) {
   }
 }
 
-top_total_rec second_innings_total(const match_state& match, open_database& data) {
+top_total_rec second_innings_total(const match_state& match, const open_database& data) {
   return {.total = second_total(match, data),
           .balls = match.innings_balls,
           .wickets = match.score_wickets,
@@ -96,7 +96,7 @@ top_total_rec second_innings_total(const match_state& match, open_database& data
 }
 
 /// The places go by the wickets of the innings totals.
-void update_highest_totals(const match_state& match, open_database& data, top_total_list& list) {
+void update_highest_totals(const match_state& match, const open_database& data, top_total_list& list) {
   const auto enter = [&list](const top_total_rec& entry, int wickets) {
     insert_line(list, entry, [&](const top_total_rec& line) {
       return line.total < entry.total || (line.total == entry.total && line.wickets > wickets);
@@ -106,7 +106,7 @@ void update_highest_totals(const match_state& match, open_database& data, top_to
   enter(second_innings_total(match, data), match.innings_wickets);
 }
 
-void update_lowest_totals(const match_state& match, open_database& data, top_total_list& list) {
+void update_lowest_totals(const match_state& match, const open_database& data, top_total_list& list) {
   for (std::size_t i = 1; i < list.size(); ++i) {
     if (list[i].total == 0) list[i].total = no_total_yet;
   }
@@ -141,7 +141,7 @@ void update_partnerships(const match_state& match, top_partnership_list& list, c
 }
 
 /// The row of a team, added behind the last if there is none.
-team_table& row_of(open_database& data, record_lists& lists, const std::string& team) {
+team_table& row_of(const open_database& data, record_lists& lists, const std::string& team) {
   for (int t = 1; t <= lists.table_team_count; ++t) {
     if (lists.teams[t].team_name.text() == team) return lists.teams[t];
   }
@@ -196,7 +196,7 @@ void update_extremes(const match_state& match, team_table& row, const std::strin
   }
 }
 
-void update_team_table(const match_state& match, open_database& data, record_lists& lists) {
+void update_team_table(const match_state& match, const open_database& data, record_lists& lists) {
   const tagged first{match.first_total};
   const tagged second{number_text(match.score_runs)};
   const bool first_all_out = match.first_wickets == wickets_of_innings;
@@ -213,13 +213,13 @@ void update_team_table(const match_state& match, open_database& data, record_lis
 
 }  // namespace
 
-slot_file whole_records(open_database& data) {
+slot_file whole_records(const open_database& data) {
   slot_file file = slot_file::read(data.files.record_file, records_slot);
   require_whole_records(file);
   return file;
 }
 
-void add_match_to_records(const match_state& match, open_database& data, slot_file& file, record_lists& lists) {
+void add_match_to_records(const match_state& match, const open_database& data, slot_file& file, record_lists& lists) {
   const std::string& chasing = match.team1_name;
   const std::string& setting = match.team2_name;
   update_top_scores(match, lists.top_scores, match.batting_card, chasing, setting, dismissal::none);
@@ -234,7 +234,7 @@ void add_match_to_records(const match_state& match, open_database& data, slot_fi
   put_records(file, lists);
 }
 
-void update_records(const match_state& match, open_database& data) {
+void update_records(const match_state& match, const open_database& data) {
   if (!data.files.updates) return;
   const folder_lock turn(data.files.career_file, data.files.watcher);
   settle_update(data);

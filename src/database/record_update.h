@@ -10,14 +10,14 @@ struct open_database;
 
 /// The file of record lists and team table of the database in use. Raises run_time_error (file), also for one that is
 /// not whole.
-slot_file whole_records(open_database& data);
+slot_file whole_records(const open_database& data);
 
 /// Adds the match as it stands at its end to the file, whose lists these are. Reads match. Raises run_time_error as
 /// update_records().
-void add_match_to_records(const match_state& match, open_database& data, slot_file& file, record_lists& lists);
+void add_match_to_records(const match_state& match, const open_database& data, slot_file& file, record_lists& lists);
 
 /// Finishes an update of both files that was cut off between them, before one of them is replaced alone. Requires the
 /// lock of their folder. Raises run_time_error (file).
-void settle_update(open_database& data);
+void settle_update(const open_database& data);
 
 }  // namespace velorin

@@ -17,7 +17,7 @@ namespace {
 std::string text_of(const std::filesystem::path& path) { return from_utf8(path.string()).value_or(std::string()); }
 
 /// The folder above that of the data files.
-std::filesystem::path program_folder(open_database& data) {
+std::filesystem::path program_folder(const open_database& data) {
   std::error_code failed;
   std::filesystem::path folder = std::filesystem::absolute(data.files.folder, failed).lexically_normal();
   if (!folder.has_filename()) folder = folder.parent_path();  // a slash behind the name
@@ -30,7 +30,7 @@ bool is_folder(const std::string& path) {
 }
 
 /// The databases on offer; none in a folder that cannot be read.
-std::vector<std::string> list_of_databases(open_database& data) {
+std::vector<std::string> list_of_databases(const open_database& data) {
   try {
     return databases_on_offer(data.files.folder);
   } catch (const run_time_error&) {

@@ -120,7 +120,7 @@ int run_out(const match_state& match, random_source& chance, batting_card_rec& o
 
 }  // namespace
 
-void load_elevens(match_state& match, open_database& data) { read_elevens(match, data); }
+void load_elevens(match_state& match, const open_database& data) { read_elevens(match, data); }
 
 void record_runs(match_state& match) {
   const int outcome = match.ball_outcome;

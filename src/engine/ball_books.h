@@ -12,7 +12,7 @@ struct open_database;
 
 /// Reads the two elevens of the selection into batting_xi and bowling_xi. A missing or short file leaves empty records.
 /// Raises what read_elevens raises.
-void load_elevens(match_state& match, open_database& data);
+void load_elevens(match_state& match, const open_database& data);
 
 /// Credits the runs off the bat of ball_outcome 0 to 6; does nothing for 7 to 11. Requires that the batsmen have
 /// already been exchanged after an odd number of runs. Changes both cards and maiden_flag.

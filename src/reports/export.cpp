@@ -22,7 +22,8 @@ std::string between(std::string_view before, std::string_view words, std::string
   return line;
 }
 
-void print_page_head(const match_state& match, open_database& data, line_printer& out, const scorecard_form& card) {
+void print_page_head(const match_state& match, const open_database& data, line_printer& out,
+                     const scorecard_form& card) {
   for (const char* tags : {"<HEAD>", "<TITLE>Scorecard</TITLE>", "</HEAD>"}) out.markup(tags).end();
   out.markup("<BODY TEXT =#").text(data.settings.text_color).text(" BGCOLOR=#").text(data.settings.back_color);
   out.markup(" LINK=#00FF00 VLINK=#80FF80>").end();
@@ -132,7 +133,7 @@ void print_one_innings_by_ball(const match_state& match, line_printer& out, cons
 
 }  // namespace
 
-std::string html_scorecard(const match_state& match, open_database& data, const scorecard_form& card) {
+std::string html_scorecard(const match_state& match, const open_database& data, const scorecard_form& card) {
   line_printer out(line_printer::kind::page);
   wicket_list wickets;
   print_page_head(match, data, out, card);

@@ -12,7 +12,8 @@ namespace velorin {
 
 namespace {
 
-std::string export_text(const match_state& match, open_database& data, const scorecard_form& card, export_kind kind) {
+std::string export_text(const match_state& match, const open_database& data, const scorecard_form& card,
+                        export_kind kind) {
   switch (kind) {
     case export_kind::html:
       return html_scorecard(match, data, card);
@@ -26,7 +27,7 @@ std::string export_text(const match_state& match, open_database& data, const sco
 
 }  // namespace
 
-void write_export(const match_state& match, open_database& data, const scorecard_form& card, export_kind kind,
+void write_export(const match_state& match, const open_database& data, const scorecard_form& card, export_kind kind,
                   const std::filesystem::path& path) {
   if (const std::string use = game_use_of(data, path); !use.empty()) {
     throw run_time_error(failure::file, "The name is that of a file of the game, for " + use,
@@ -38,7 +39,8 @@ void write_export(const match_state& match, open_database& data, const scorecard
   file.put_in_place();
 }
 
-void write_export(const match_state& match, open_database& data, export_kind kind, const std::filesystem::path& path) {
+void write_export(const match_state& match, const open_database& data, export_kind kind,
+                  const std::filesystem::path& path) {
   scorecard_form card(match);
   card.open();
   write_export(match, data, card, kind, path);

@@ -53,7 +53,7 @@ int draw_from(random_source& chance, const span_of_values& values) {
   return static_cast<int>(std::floor(values.count * chance.rnd() + values.lowest));
 }
 
-int slider_value(const match_state& match, open_database& data, int figure, const char* field) {
+int slider_value(const match_state& match, const open_database& data, int figure, const char* field) {
   if (figure < 1 || figure > 4) {
     throw run_time_error(
         failure::type, "Invalid value: " + number_text(figure) + " is no pitch condition of 1 to 4",

@@ -57,7 +57,7 @@ void exchange_elevens(const match_play& play) {
   play.match.elevens_exchanged = !play.match.elevens_exchanged;
 }
 
-void take_elevens(match_state& match, open_database& data) {
+void take_elevens(match_state& match, const open_database& data) {
   if (!both_are_selected(match)) return load_elevens(match, data);
   try {
     if (!match.elevens_unsaved && !data.files.elevens_in_memory) load_elevens(match, data);

@@ -20,6 +20,6 @@ void exchange_elevens(const match_play& play);
 
 /// Puts the two elevens into batting_xi and bowling_xi: the selected men as they have been exchanged, or, where nobody
 /// has been selected, those of the files or the memory. Raises what load_elevens raises in the latter case.
-void take_elevens(match_state& match, open_database& data);
+void take_elevens(match_state& match, const open_database& data);
 
 }  // namespace velorin

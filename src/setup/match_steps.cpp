@@ -29,7 +29,7 @@ namespace velorin {
 namespace {
 
 /// Refuses a man with a rating that is no number: nothing can be reckoned with it.
-void require_ratings(open_database& data, const squad& men, int record) {
+void require_ratings(const open_database& data, const squad& men, int record) {
   for (int place = 1; place <= men_in_squad; ++place) {
     const player_rec& man = men[place];
     if (man.name.empty() || (std::isfinite(man.bowl_sr) && std::isfinite(man.econ))) continue;

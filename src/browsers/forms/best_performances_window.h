@@ -12,7 +12,7 @@ struct open_database;
 /// The highest individual scores, or the best bowling figures.
 class BestPerformancesWindow : public RecordWindow {
  public:
-  explicit BestPerformancesWindow(front_end& user, open_database& database, best_performances_form& form,
+  explicit BestPerformancesWindow(front_end& user, const open_database& database, best_performances_form& form,
                                   QWidget* parent = front_window())
       : RecordWindow(user, database, QStringLiteral("highinduv"), form, true, parent) {}
 };

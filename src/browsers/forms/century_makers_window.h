@@ -12,7 +12,7 @@ struct open_database;
 /// The players of most hundreds.
 class CenturyMakersWindow : public RecordWindow {
  public:
-  explicit CenturyMakersWindow(front_end& user, open_database& database, century_makers_form& form,
+  explicit CenturyMakersWindow(front_end& user, const open_database& database, century_makers_form& form,
                                QWidget* parent = front_window())
       : RecordWindow(user, database, QStringLiteral("centurytop"), form, true, parent) {}
 };

@@ -12,7 +12,7 @@ struct open_database;
 /// A ranking of all players, or the records of one team's players.
 class PlayerRankingsWindow : public RecordWindow {
  public:
-  explicit PlayerRankingsWindow(front_end& user, open_database& database, player_rankings_form& form,
+  explicit PlayerRankingsWindow(front_end& user, const open_database& database, player_rankings_form& form,
                                 QWidget* parent = front_window())
       : RecordWindow(user, database, QStringLiteral("allrecs"), form, true, parent) {}
 };

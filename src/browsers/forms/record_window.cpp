@@ -54,8 +54,8 @@ Table table_of(const shown_table& shown_table, bool ranked) {
 
 }  // namespace
 
-RecordWindow::RecordWindow(front_end& user, open_database& database, const QString& name, table_form& form, bool ranked,
-                           QWidget* parent)
+RecordWindow::RecordWindow(front_end& user, const open_database& database, const QString& name, table_form& form,
+                           bool ranked, QWidget* parent)
     : Form(name, Dismissal::closes, parent),
       form_(form),
       rows_(new_column(body(), 1120)),

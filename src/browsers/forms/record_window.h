@@ -23,7 +23,7 @@ class RecordWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window. `ranked`: places stand before the rows.
-  RecordWindow(front_end& user, open_database& database, const QString& name, table_form& form, bool ranked,
+  RecordWindow(front_end& user, const open_database& database, const QString& name, table_form& form, bool ranked,
                QWidget* parent);
 
  protected:
@@ -42,7 +42,7 @@ class RecordWindow : public Form {
   QVBoxLayout* rows_;
   TableView* table_;
   front_end& user_;
-  open_database& data_;
+  const open_database& data_;
 };
 
 }  // namespace velorin

@@ -12,7 +12,7 @@ struct open_database;
 /// The record stand for each wicket, the wicket standing before it. Both men have a button.
 class StandRecordsWindow : public RecordWindow {
  public:
-  explicit StandRecordsWindow(front_end& user, open_database& database, stand_records_form& form,
+  explicit StandRecordsWindow(front_end& user, const open_database& database, stand_records_form& form,
                               QWidget* parent = front_window())
       : RecordWindow(user, database, QStringLiteral("partnrec"), form, true, parent) {
     add_profile_button(QStringLiteral("partner"), {.caption = QStringLiteral("Partner's Profile"), .mnemonic = u'a'},

@@ -56,7 +56,8 @@ Table individual_table(const team_records_form& form) {
 
 }  // namespace
 
-TeamRecordsWindow::TeamRecordsWindow(front_end& user, open_database& database, team_records_form& form, QWidget* parent)
+TeamRecordsWindow::TeamRecordsWindow(front_end& user, const open_database& database, team_records_form& form,
+                                     QWidget* parent)
     : Form(QStringLiteral("teamdet"), Dismissal::closes, parent), form_(form), user_(user), data_(database) {
   body()->setSpacing(16);
   auto* rows = new_column(body(), 1280);

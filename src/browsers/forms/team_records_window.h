@@ -23,7 +23,7 @@ class TeamRecordsWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit TeamRecordsWindow(front_end& user, open_database& database, team_records_form& form,
+  explicit TeamRecordsWindow(front_end& user, const open_database& database, team_records_form& form,
                              QWidget* parent = front_window());
 
  private:
@@ -43,7 +43,7 @@ class TeamRecordsWindow : public Form {
   TableView* individual_;
   QPushButton* profile_;
   front_end& user_;
-  open_database& data_;
+  const open_database& data_;
 };
 
 }  // namespace velorin

@@ -12,7 +12,7 @@ struct open_database;
 /// The highest or the lowest totals.
 class TotalRecordsWindow : public RecordWindow {
  public:
-  explicit TotalRecordsWindow(front_end& user, open_database& database, total_records_form& form,
+  explicit TotalRecordsWindow(front_end& user, const open_database& database, total_records_form& form,
                               QWidget* parent = front_window())
       : RecordWindow(user, database, QStringLiteral("totrecords"), form, true, parent) {}
 };

@@ -12,7 +12,7 @@ struct open_database;
 /// The ranking of all teams.
 class WorldRankingsWindow : public RecordWindow {
  public:
-  explicit WorldRankingsWindow(front_end& user, open_database& database, world_rankings_form& form,
+  explicit WorldRankingsWindow(front_end& user, const open_database& database, world_rankings_form& form,
                                QWidget* parent = front_window())
       : RecordWindow(user, database, QStringLiteral("wldrank"), form, false, parent) {}
 };

@@ -55,7 +55,7 @@ SettingsWindow::Choosers SettingsWindow::dialogs() {
           }};
 }
 
-SettingsWindow::SettingsWindow(open_database& database, settings_form& form, QWidget* parent, Choosers choosers)
+SettingsWindow::SettingsWindow(const open_database& database, settings_form& form, QWidget* parent, Choosers choosers)
     : Form(QStringLiteral("optfrm"), Dismissal::closes, parent),
       form_(form),
       choosers_(std::move(choosers)),

@@ -32,7 +32,7 @@ class SettingsWindow : public Form {
   static Choosers dialogs();
 
   /// `form` has been opened and outlives the window.
-  explicit SettingsWindow(open_database& database, settings_form& form, QWidget* parent = front_window(),
+  explicit SettingsWindow(const open_database& database, settings_form& form, QWidget* parent = front_window(),
                           Choosers choosers = dialogs());
 
  private:
@@ -52,7 +52,7 @@ class SettingsWindow : public Form {
   QLineEdit* folder_ = nullptr;
   QLabel* folder_note_ = nullptr;
   QLabel* sample_ = nullptr;
-  open_database& data_;
+  const open_database& data_;
 };
 
 }  // namespace velorin

@@ -51,7 +51,8 @@ class Playing {
 
 }  // namespace
 
-ConsoleWindow::ConsoleWindow(const match_state& match, open_database& database, console_form& form, QWidget* parent)
+ConsoleWindow::ConsoleWindow(const match_state& match, const open_database& database, console_form& form,
+                             QWidget* parent)
     : Form(QStringLiteral("main"), Dismissal::refused, parent), form_(form), match_(match), data_(database) {
   prefer_size(QSize(1280, 800));
   lay_out();

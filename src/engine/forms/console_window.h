@@ -33,7 +33,7 @@ class ConsoleWindow : public Form {
 
  public:
   /// `form` belongs to an open console and outlives the window.
-  explicit ConsoleWindow(const match_state& match, open_database& database, console_form& form,
+  explicit ConsoleWindow(const match_state& match, const open_database& database, console_form& form,
                          QWidget* parent = front_window());
   ~ConsoleWindow() override;
 
@@ -92,7 +92,7 @@ class ConsoleWindow : public Form {
   QWidget* pace_ = nullptr;
   QPushButton* next_over_ = nullptr;
   const match_state& match_;
-  open_database& data_;
+  const open_database& data_;
 };
 
 }  // namespace velorin

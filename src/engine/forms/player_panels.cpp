@@ -38,7 +38,7 @@ void show_aggression(QPushButton& button, const QString& player, int aggression)
 }
 
 /// Photos are looked for on disk only when another man comes.
-void show_photo(open_database& database, PhotoView& photo, QLabel& name, const QString& shown_name,
+void show_photo(const open_database& database, PhotoView& photo, QLabel& name, const QString& shown_name,
                 const std::string& player) {
   if (name.property("player").toString() == shown(player) && name.property("asked").toBool()) {
     name.setText(shown_name);
@@ -67,7 +67,7 @@ QHBoxLayout* button_row(QPushButton* aggression, QPushButton* profile) {
 
 }  // namespace
 
-BatsmanPanel::BatsmanPanel(const match_state& match, open_database& database, int slot, QWidget* parent)
+BatsmanPanel::BatsmanPanel(const match_state& match, const open_database& database, int slot, QWidget* parent)
     : QWidget(parent), slot_(slot), match_(match), data_(database) {
   const QString number = QString::number(slot);
   auto* row = new QHBoxLayout(this);
@@ -117,7 +117,7 @@ void BatsmanPanel::refresh() {
 
 void BatsmanPanel::set_photo_size(QSize size) { photo_->set_size(size); }
 
-BowlerPanel::BowlerPanel(const match_state& match, open_database& database, int slot, QWidget* parent)
+BowlerPanel::BowlerPanel(const match_state& match, const open_database& database, int slot, QWidget* parent)
     : QWidget(parent), slot_(slot), match_(match), data_(database) {
   const QString number = QString::number(slot);
   auto* row = new QHBoxLayout(this);

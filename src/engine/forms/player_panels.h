@@ -21,7 +21,7 @@ class BatsmanPanel : public QWidget {
 
  public:
   /// `slot`: 0 the lower position at the crease, 1 the higher.
-  explicit BatsmanPanel(const match_state& match, open_database& database, int slot, QWidget* parent = nullptr);
+  explicit BatsmanPanel(const match_state& match, const open_database& database, int slot, QWidget* parent = nullptr);
 
   void refresh();
   /// The photo's width and height in pixels.
@@ -39,7 +39,7 @@ class BatsmanPanel : public QWidget {
   QPushButton* aggression_;
   QPushButton* profile_;
   const match_state& match_;
-  open_database& data_;
+  const open_database& data_;
 };
 
 /// One bowler: the man of this over (0) or of the next (1).
@@ -47,7 +47,7 @@ class BowlerPanel : public QWidget {
   Q_OBJECT
 
  public:
-  explicit BowlerPanel(const match_state& match, open_database& database, int slot, QWidget* parent = nullptr);
+  explicit BowlerPanel(const match_state& match, const open_database& database, int slot, QWidget* parent = nullptr);
 
   void refresh();
   /// The photo's width and height in pixels.
@@ -63,7 +63,7 @@ class BowlerPanel : public QWidget {
   QPushButton* aggression_;
   QPushButton* profile_;
   const match_state& match_;
-  open_database& data_;
+  const open_database& data_;
 };
 
 }  // namespace velorin

@@ -61,8 +61,8 @@ FileWish export_wish(const match_state& match, const scorecard_form& card, expor
   return wish;
 }
 
-QString export_match(const match_state& match, open_database& database, const scorecard_form& card, export_kind kind,
-                     const FileChooser& ask, QWidget* window) {
+QString export_match(const match_state& match, const open_database& database, const scorecard_form& card,
+                     export_kind kind, const FileChooser& ask, QWidget* window) {
   const FileWish wish = export_wish(match, card, kind);
   const QString path = ask(wish, window);
   if (path.isEmpty()) return {};

@@ -34,7 +34,7 @@ FileWish export_wish(const match_state& match, const scorecard_form& card, expor
 /// Asks for a file and writes the match there; the folder is remembered. A cancelled question writes nothing. Returns
 /// what failed, with its file and cause, else an empty text; what stood there stays then as far as write_export tells.
 /// No message box is shown.
-QString export_match(const match_state& match, open_database& database, const scorecard_form& card, export_kind kind,
-                     const FileChooser& ask, QWidget* window);
+QString export_match(const match_state& match, const open_database& database, const scorecard_form& card,
+                     export_kind kind, const FileChooser& ask, QWidget* window);
 
 }  // namespace velorin
