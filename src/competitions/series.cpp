@@ -78,7 +78,7 @@ std::string ordinal(int i) {
   return number_text(i) + ending;
 }
 
-std::string standing(series_record& series, const std::string& team, int won, int lost) {
+std::string standing(const series_record& series, const std::string& team, int won, int lost) {
   const char* words = series.series_over ? " wins the series " : " leads the series ";
   return team + words + number_text(won) + " - " + number_text(lost);
 }

@@ -92,7 +92,7 @@ struct world_cup_record {
 };
 
 /// A sentence that tells that an earlier World Cup of this run stands in the record; "" before the first is drawn.
-std::string standing_cup(world_cup_record& world_cup);
+std::string standing_cup(const world_cup_record& world_cup);
 /// A fresh record, as at the start of the program.
 void start_cup_afresh(world_cup_record& world_cup);
 

@@ -51,7 +51,7 @@ void shuffle_fixtures(random_source& chance, world_cup_record& world_cup, int ti
 }
 
 /// The human flag of a team by its name among the chosen ones: Group A before Group B, the last place of a name counts.
-bool human_by_name(world_cup_record& world_cup, const std::string& name) {
+bool human_by_name(const world_cup_record& world_cup, const std::string& name) {
   bool human = false;
   for (std::size_t j = 0; j < cup_group_teams; ++j) {
     if (world_cup.chosen_a[j] == name) human = world_cup.human_a[j];

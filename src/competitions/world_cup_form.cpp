@@ -18,7 +18,7 @@ namespace velorin {
 
 namespace {
 
-void show_tables(front_end& user, world_cup_record& world_cup) {
+void show_tables(front_end& user, const world_cup_record& world_cup) {
   world_cup_tables_form form(world_cup);
   form.open();
   user.show(form);

@@ -26,7 +26,7 @@ std::string pairing(const cup_knockout& tie) {
 
 }  // namespace
 
-std::string standing_cup(world_cup_record& world_cup) {
+std::string standing_cup(const world_cup_record& world_cup) {
   if (world_cup.group_a[1].team.empty()) return {};
   return "The tallies and results of the World Cup before stand, and this one adds to them.";
 }

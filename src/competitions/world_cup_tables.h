@@ -12,7 +12,7 @@ struct world_cup_record;
 
 /// The tables of the World Cup.
 struct world_cup_tables_form {
-  explicit world_cup_tables_form(world_cup_record& world_cup) : world_cup_(world_cup) {}
+  explicit world_cup_tables_form(const world_cup_record& world_cup) : world_cup_(world_cup) {}
 
   std::vector<league_texts> group_a;  ///< five rows in table order
   std::vector<league_texts> group_b;
@@ -28,7 +28,7 @@ struct world_cup_tables_form {
   void accept() { closed = true; }
 
  private:
-  world_cup_record& world_cup_;
+  const world_cup_record& world_cup_;
 };
 
 }  // namespace velorin

@@ -22,7 +22,7 @@ bool captained(const std::string& team, const std::array<std::string, cup_group_
 
 }  // namespace
 
-QString cup_progress(world_cup_record& world_cup) {
+QString cup_progress(const world_cup_record& world_cup) {
   if (world_cup.stage == cup_stage::over) return {};
   const auto coming = next_match(world_cup);
   if (!coming) return QStringLiteral("Final played");
@@ -38,17 +38,17 @@ QString cup_progress(world_cup_record& world_cup) {
   }
 }
 
-fixture_captains captains_of(world_cup_record& world_cup, const cup_fixture& fixture) {
+fixture_captains captains_of(const world_cup_record& world_cup, const cup_fixture& fixture) {
   // Before this tournament's draw those of an earlier one stand in the Super Six.
   if (fixture.team_a.empty() || (fixture.stage == "SS" && !has_super_six(world_cup))) return {};
   const auto sides = fixture_sides(world_cup, fixture);
   return sides ? fixture_captains{sides->front().human, sides->back().human} : fixture_captains();
 }
 
-bool human_in_group_a(world_cup_record& world_cup, const std::string& team) {
+bool human_in_group_a(const world_cup_record& world_cup, const std::string& team) {
   return captained(team, world_cup.chosen_a, world_cup.human_a);
 }
-bool human_in_group_b(world_cup_record& world_cup, const std::string& team) {
+bool human_in_group_b(const world_cup_record& world_cup, const std::string& team) {
   return captained(team, world_cup.chosen_b, world_cup.human_b);
 }
 

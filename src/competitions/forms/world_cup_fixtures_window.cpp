@@ -23,11 +23,11 @@ namespace velorin {
 
 namespace {
 
-const cup_fixture& fixture_at(world_cup_record& world_cup, int place) {
+const cup_fixture& fixture_at(const world_cup_record& world_cup, int place) {
   return world_cup.fixtures[static_cast<std::size_t>(place)];
 }
 
-bool any_human_side(world_cup_record& world_cup, const world_cup_fixtures_form& form) {
+bool any_human_side(const world_cup_record& world_cup, const world_cup_fixtures_form& form) {
   for (int place = 1; place <= form.fixtures; ++place) {
     const fixture_captains captains = captains_of(world_cup, fixture_at(world_cup, place));
     if (captains.human_a || captains.human_b) return true;
@@ -36,7 +36,7 @@ bool any_human_side(world_cup_record& world_cup, const world_cup_fixtures_form& 
 }
 
 /// A row of the list; all of the next match is dark blue.
-TableRow table_row(world_cup_record& world_cup, const world_cup_fixtures_form::row& row, int place,
+TableRow table_row(const world_cup_record& world_cup, const world_cup_fixtures_form::row& row, int place,
                    bool with_captains) {
   const fixture_captains captains =
       row.team_a.empty() ? fixture_captains() : captains_of(world_cup, fixture_at(world_cup, place));
@@ -58,7 +58,7 @@ TableRow table_row(world_cup_record& world_cup, const world_cup_fixtures_form::r
   return line;
 }
 
-Table fixtures_table(world_cup_record& world_cup, const world_cup_fixtures_form& form, bool with_captains) {
+Table fixtures_table(const world_cup_record& world_cup, const world_cup_fixtures_form& form, bool with_captains) {
   Table table;
   table.name = QStringLiteral("World Cup Fixtures");
   table.columns.push_back({.heading = QStringLiteral("Match No.")});
@@ -78,7 +78,7 @@ Table fixtures_table(world_cup_record& world_cup, const world_cup_fixtures_form&
 
 }  // namespace
 
-WorldCupFixturesWindow::WorldCupFixturesWindow(world_cup_record& world_cup, world_cup_fixtures_form& form,
+WorldCupFixturesWindow::WorldCupFixturesWindow(const world_cup_record& world_cup, world_cup_fixtures_form& form,
                                                QWidget* parent)
     : Form(QStringLiteral("wc_fix"), Dismissal::refused, parent),
       form_(form),

@@ -19,7 +19,7 @@ class WorldCupFixturesWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit WorldCupFixturesWindow(world_cup_record& world_cup, world_cup_fixtures_form& form,
+  explicit WorldCupFixturesWindow(const world_cup_record& world_cup, world_cup_fixtures_form& form,
                                   QWidget* parent = front_window());
 
  protected:
@@ -34,7 +34,7 @@ class WorldCupFixturesWindow : public Form {
   bool any_human_;
   TableView* list_;
   QScrollBar* scroll_;
-  world_cup_record& world_cup_;
+  const world_cup_record& world_cup_;
 };
 
 }  // namespace velorin

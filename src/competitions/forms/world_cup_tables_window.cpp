@@ -39,13 +39,14 @@ QLayout* new_table(const QString& name, const char* heading, const std::vector<l
   return column;
 }
 
-bool human_in_any(world_cup_record& world_cup, const std::string& team) {
+bool human_in_any(const world_cup_record& world_cup, const std::string& team) {
   return has_super_six(world_cup) && (human_in_group_a(world_cup, team) || human_in_group_b(world_cup, team));
 }
 
 }  // namespace
 
-WorldCupTablesWindow::WorldCupTablesWindow(world_cup_record& world_cup, world_cup_tables_form& form, QWidget* parent)
+WorldCupTablesWindow::WorldCupTablesWindow(const world_cup_record& world_cup, world_cup_tables_form& form,
+                                           QWidget* parent)
     : Form(QStringLiteral("wcsstab"), Dismissal::closes, parent), form_(form) {
   set_title(QStringLiteral("World Cup Tables"), QStringLiteral("World Cup Tables"));
   show_picture();

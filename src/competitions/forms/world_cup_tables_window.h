@@ -15,7 +15,7 @@ class WorldCupTablesWindow : public Form {
 
  public:
   /// `form` has been opened and outlives the window.
-  explicit WorldCupTablesWindow(world_cup_record& world_cup, world_cup_tables_form& form,
+  explicit WorldCupTablesWindow(const world_cup_record& world_cup, world_cup_tables_form& form,
                                 QWidget* parent = front_window());
 
  private:
