@@ -68,7 +68,7 @@ struct player_profile_form : player_profile_screen {
 };
 
 /// Opens the profile of a player, locked, modal. If that fails, shows the failure in a message titled "Error - Player
-/// Details" and returns false. Asks the front end.
+/// Details" and returns false.
 bool show_profile(front_end& user, const open_database& data, const std::string& team, const std::string& player);
 
 }  // namespace velorin

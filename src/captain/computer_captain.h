@@ -21,13 +21,13 @@ struct toss_outcome {
   bool bowl_enabled = true;
 };
 
-/// The toss of a computer first team against a human second team. Requires the team names; changes nothing. Draws,
-/// after reseeding, the coin (1 the computer won) and, if it won, the election (1 field, 2 bat).
+/// The toss of a computer first team against a human second team. Requires the team names. Draws, after reseeding,
+/// the coin (1 the computer won) and, if it won, the election (1 field, 2 bat).
 toss_outcome decide_toss(const match_state& match, random_source& chance);
 
 /// The next man in: the first remaining "Opener", else the best remaining "Middle Order", else the best remaining
 /// "Lower Order" by bat_skill, earlier place on a tie. Sets next_batsman_slot to the higher of striker and non_striker
-/// and moves the choice to the place after it in batting_xi. Reads striker, non_striker, batting_xi. Draws nothing.
+/// and moves the choice to the place after it in batting_xi. Reads striker, non_striker, batting_xi.
 void choose_next_batsman(match_state& match);
 
 /// Builds bowler_pool from bowling_xi, best first, and sets bowler and next_bowler. Draws, after reseeding, the offset
@@ -35,16 +35,16 @@ void choose_next_batsman(match_state& match);
 /// (overflow).
 void choose_opening_bowlers(match_state& match, random_source& chance);
 
-/// Builds bowler_pool from bowling_xi, best first; each rating is raised by `offset`, which leaves their order. Draws
-/// nothing. Raises as choose_opening_bowlers(); nothing is changed then.
+/// Builds bowler_pool from bowling_xi, best first; each rating is raised by `offset`, which leaves their order. Raises
+/// as choose_opening_bowlers(); nothing is changed then.
 void rank_bowlers(match_state& match, int offset);
 
 /// The second of two opening bowlers, where bowler is the first. Requires bowler_pool; sets next_bowler.
 void choose_second_opening_bowler(match_state& match);
 
 /// Sets batsman_aggression of both batsmen. Requires striker, non_striker and bowler; reads the score, the cards, in a
-/// second innings the projection. Draws nothing. Raises run_time_error: a bat_skill of 0 (division), a projection that
-/// is no number (type).
+/// second innings the projection. Raises run_time_error: a bat_skill of 0 (division), a projection that is no number
+/// (type).
 void set_batting_aggression(match_state& match);
 
 /// A change of bowler is pending, and there is somebody to be told.
@@ -55,8 +55,8 @@ message_box bowler_change_message(const match_state& match);
 /// Reviews the man who has just finished an over, replaces him where he is tired, expensive or through, and sets
 /// bowling_aggression[0]. The change that was pending has been told. Requires: the end of an over, after bowlers and
 /// batsmen have been exchanged, so that next_bowler is the man under review; bowler_pool. Changes next_bowler,
-/// bowling_aggression[0], opening_bowlers and the pending change. Draws nothing. Raises run_time_error: a projection
-/// that is no number (type), no replacement to be found (endless).
+/// bowling_aggression[0], opening_bowlers and the pending change. Raises run_time_error: a projection that is no number
+/// (type), no replacement to be found (endless).
 void review_bowler(match_state& match);
 
 /// A search for another bowler. Positions of the bowling eleven; -1 excludes nobody.

@@ -34,8 +34,8 @@ struct coming_match {
 };
 
 /// The match that comes next, as the records stand between two matches, while the standings are shown. Nothing before
-/// the competition has begun and once it is over. Changes nothing: where the table from which the sides follow is still
-/// unsorted, they are those of the table as it will be sorted.
+/// the competition has begun and once it is over. Where the table from which the sides follow is still unsorted, they
+/// are those of the table as it will be sorted.
 std::optional<coming_match> next_match(const series_record& series);
 std::optional<coming_match> next_match(const tri_record& tri);
 std::optional<coming_match> next_match(const world_cup_record& world_cup);

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// The console's shown texts, written from the match when they are asked for. Reading only; nothing is drawn or asked.
+// The console's shown texts, written from the match when they are asked for.
 
 namespace velorin {
 

@@ -9,11 +9,10 @@ namespace velorin {
 struct match_state;
 struct open_database;
 
-/// Adds the match to the careers of both elevens. Requires: the second-innings state. Reads match, rewrites
-/// <base>.rec as a whole under the folder's lock. Draws nothing, asks nothing. Raises run_time_error: a 21st career
-/// team or player (subscript), a record beyond its slot or a figure beyond its width (overflow), file problems, a file
-/// cut short among them (file); the old file is whole then or, if only the folder could not be synchronised, the new
-/// one.
+/// Adds the match to the careers of both elevens. Requires: the second-innings state. Rewrites <base>.rec as a
+/// whole under the folder's lock. Raises run_time_error: a 21st career team or player (subscript), a record beyond its
+/// slot or a figure beyond its width (overflow), file problems, a file cut short among them (file); the old file is
+/// whole then or, if only the folder could not be synchronised, the new one.
 void update_career(const match_state& match, const open_database& data);
 
 /// Adds the match to the record lists and the team table. Requires, reads and raises likewise (a 26th table team:

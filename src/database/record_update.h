@@ -12,7 +12,7 @@ struct open_database;
 /// not whole.
 slot_file whole_records(const open_database& data);
 
-/// Adds the match as it stands at its end to the file, whose lists these are. Reads match. Raises run_time_error as
+/// Adds the match as it stands at its end to the file, whose lists these are. Raises run_time_error as
 /// update_records().
 void add_match_to_records(const match_state& match, const open_database& data, slot_file& file, record_lists& lists);
 

@@ -24,7 +24,7 @@ struct expectations {
   double runs_per_over = 0;
 };
 
-/// The expectations of the next delivery as the match stands. Errors as for deliver_ball. Draws nothing.
+/// The expectations of the next delivery as the match stands. Errors as for deliver_ball.
 expectations expect_delivery(const match_state& match);
 
 /// Sizes of the windows on the scale of 1000, in the order of the scale: wicket, one, two, three, four, six, no ball,

@@ -38,7 +38,7 @@ void leave_play(match_state& match);
 /// A side of the match in play.
 enum class match_side { batting, bowling };
 /// Gives a side to the computer or to a human captain, at any step of play. What the computer needs of the innings so
-/// far is made up for; nothing is drawn. He sets the aggressions from the next ball on when he bats, from the next over
+/// far is made up for. He sets the aggressions from the next ball on when he bats, from the next over
 /// on when he bowls; a change of bowler that is still to be told is told no more. An unattended match that gets a human
 /// captain asks him from then on, but has no console. Raises run_time_error (type, overflow): an economy rate with
 /// which the bowlers cannot be ranked; nothing is changed then.

@@ -30,7 +30,7 @@ struct bowling_screen {
 struct bowling_card_form : bowling_screen {
   explicit bowling_card_form(const match_state& match) : match_(match) {}
 
-  /// Fills the screen afresh. Reads match.
+  /// Fills the screen afresh.
   void open();
 
  private:
@@ -41,7 +41,7 @@ struct bowling_card_form : bowling_screen {
 struct first_bowling_card_form : bowling_screen {
   explicit first_bowling_card_form(const match_state& match) : match_(match) {}
 
-  /// Fills the screen afresh. Reads match.
+  /// Fills the screen afresh.
   void open();
 
  private:

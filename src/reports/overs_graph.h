@@ -43,7 +43,7 @@ struct overs_graph_screen {
 struct overs_graph_form : overs_graph_screen {
   explicit overs_graph_form(const match_state& match) : match_(match) {}
 
-  /// Fills the graphs afresh. Reads match.
+  /// Fills the graphs afresh.
   void open();
 
  private:

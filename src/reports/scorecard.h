@@ -57,17 +57,17 @@ struct scorecard_form : batting_screen {
 
   bool first_innings_enabled = false;  ///< there is a first innings to show
 
-  /// Fills the card afresh. Reads match.
+  /// Fills the card afresh.
   void open();
 
-  /// Each opens a further screen, modal. Asks the front end. The first does nothing while it is disabled.
+  /// Each opens a further screen, modal. The first does nothing while it is disabled.
   void show_first_innings(front_end& user) const;
   void show_bowling(front_end& user) const;
   void show_partnerships(front_end& user) const;
   void show_overs_graph(front_end& user) const;
   void show_worm_graph(front_end& user) const;
 
-  /// The details behind details_buttons[i]. Requires 1 <= i <= 11; meant for the visible buttons. Reads match.
+  /// The details behind details_buttons[i]. Requires 1 <= i <= 11; meant for the visible buttons.
   batsman_figures details(int i) const;
 
  private:
@@ -81,14 +81,14 @@ struct first_scorecard_form : batting_screen {
   static constexpr std::string_view bowling_caption = "1st Innings Bowling Figures";
   static constexpr std::string_view partnerships_caption = "1st Innings Partnerships";
 
-  /// Fills the card afresh. Reads match.
+  /// Fills the card afresh.
   void open();
 
-  /// Each opens a further screen, modal. Asks the front end.
+  /// Each opens a further screen, modal.
   void show_bowling(front_end& user) const;
   void show_partnerships(front_end& user) const;
 
-  /// The details behind details_buttons[i]. Requires 1 <= i <= 11; meant for the visible buttons. Reads match.
+  /// The details behind details_buttons[i]. Requires 1 <= i <= 11; meant for the visible buttons.
   batsman_figures details(int i) const;
 
  private:

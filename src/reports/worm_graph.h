@@ -14,12 +14,12 @@ struct match_state;
 struct match_worms;
 
 /// Names the two lines after the sides of the match: first the one batting, then the other. Only the first call in a
-/// run of the program does anything. Reads and writes match.
+/// run of the program does anything.
 void load_worms(match_state& match);
 
 /// A sentence that tells whose names the lines bear; "" while they have none.
 std::string standing_worms(const match_state& match);
-/// Lines without names and rows, as at the start of the program. Writes match.
+/// Lines without names and rows, as at the start of the program.
 void start_worms_afresh(match_state& match);
 
 /// Writes the innings in play into the line of its side, the first that bears its name: the rows of its overs, and the
@@ -31,7 +31,7 @@ void keep_worms(match_state& match);
 match_worms worms_with_this_innings(const match_state& match);
 
 /// The place of a side in every chart, 0 or 1, by which it has its colour: that of its line; without one the other, or
-/// that of its innings. Reads match.
+/// that of its innings.
 int chart_place(const match_state& match, const std::string& team);
 
 /// A point of a line.
@@ -55,7 +55,7 @@ struct worm_graph_form {
   /// A line holds rows that are not of this match, or is called after a side that does not play in it.
   bool has_old_rows() const { return has_old_rows_; }
 
-  /// Fills the window afresh, and loads the lines if need be. Reads match, may write match.worm.
+  /// Fills the window afresh, and loads the lines if need be, into match.worm.
   void open();
 
  private:

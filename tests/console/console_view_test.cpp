@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/console_view.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "console/console_figures.h"
 #include "support/game_in_play.h"
@@ -9,6 +9,8 @@
 
 namespace velorin::testing {
 namespace {
+
+using ::testing::ElementsAre;
 
 class ConsoleView : public ::testing::Test {
  protected:

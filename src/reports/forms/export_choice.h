@@ -28,7 +28,7 @@ using FileChooser = std::function<QString(const FileWish& wish, QWidget* window)
 /// The common save dialog.
 QString ask_for_file(const FileWish& wish, QWidget* window);
 
-/// What is asked for when the match is to be written. Reads match.
+/// What is asked for when the match is to be written.
 FileWish export_wish(const match_state& match, const scorecard_form& card, export_kind kind);
 
 /// Asks for a file and writes the match there; the folder is remembered. A cancelled question writes nothing. Returns
