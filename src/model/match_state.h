@@ -13,8 +13,7 @@
 #include "model/match_records.h"
 #include "model/rules.h"
 
-// The state of a match. Fields are grouped by lifetime; a group is reset by assigning a fresh one. A copy is a
-// snapshot.
+// The state of a match. Fields are grouped by lifetime. A copy is a snapshot.
 
 namespace velorin {
 
