@@ -30,19 +30,9 @@ json texts(const List& list) {
 /// The text of an object, written member by member, so that never more than one of them stands as a value.
 class object_text {
  public:
-  class member {
-   public:
-    explicit member(std::string& text) : text_(text) {}
-    void operator=(const json& value) const { text_ += value.dump(); }
-
-   private:
-    std::string& text_;
-  };
-
-  member operator[](const char* name) {
+  void add(const char* name, const json& value) {
     text_ += text_.empty() ? '{' : ',';
-    text_.append(1, '"').append(name).append("\":");
-    return member(text_);
+    text_.append(1, '"').append(name).append("\":").append(value.dump());
   }
   std::string closed() && { return std::move(text_) + '}'; }
 
@@ -124,86 +114,86 @@ json log_json(const told_innings& innings) {
 }
 
 void add_position(const match_state& match, object_text& state) {
-  state["team1_name"] = text(match.team1_name);
-  state["team2_name"] = text(match.team2_name);
-  state["computer_bats"] = match.computer_bats;
-  state["computer_bowls"] = match.computer_bowls;
-  state["over_no"] = number(match.over_no);
-  state["bowler"] = number(match.bowler);
-  state["next_bowler"] = number(match.next_bowler);
-  state["striker"] = number(match.striker);
-  state["non_striker"] = number(match.non_striker);
-  state["next_batsman_slot"] = number(match.next_batsman_slot);
-  state["maiden_flag"] = match.maiden_flag;
-  state["clock_minutes"] = number(match.clock_minutes);
-  state["score_runs"] = match.score_runs;
-  state["score_wickets"] = match.score_wickets;
-  state["overs_text"] = match.overs_text();
-  state["over_symbols"] = texts(over_symbols(match));
+  state.add("team1_name", text(match.team1_name));
+  state.add("team2_name", text(match.team2_name));
+  state.add("computer_bats", match.computer_bats);
+  state.add("computer_bowls", match.computer_bowls);
+  state.add("over_no", number(match.over_no));
+  state.add("bowler", number(match.bowler));
+  state.add("next_bowler", number(match.next_bowler));
+  state.add("striker", number(match.striker));
+  state.add("non_striker", number(match.non_striker));
+  state.add("next_batsman_slot", number(match.next_batsman_slot));
+  state.add("maiden_flag", match.maiden_flag);
+  state.add("clock_minutes", number(match.clock_minutes));
+  state.add("score_runs", match.score_runs);
+  state.add("score_wickets", match.score_wickets);
+  state.add("overs_text", match.overs_text());
+  state.add("over_symbols", texts(over_symbols(match)));
 }
 
 void add_totals(const match_state& match, object_text& state) {
-  state["innings_total"] = number(match.innings_total);
-  state["innings_balls"] = number(match.innings_balls);
-  state["innings_wickets"] = number(match.innings_wickets);
-  state["innings_no_balls"] = number(match.innings_no_balls);
-  state["innings_wides"] = number(match.innings_wides);
-  state["innings_byes"] = number(match.innings_byes);
-  state["innings_leg_byes"] = number(match.innings_leg_byes);
-  state["first_total"] = number(match.first_total);
-  state["first_balls"] = number(match.first_balls);
-  state["first_wickets"] = number(match.first_wickets);
-  state["first_no_balls"] = number(match.first_no_balls);
-  state["first_wides"] = number(match.first_wides);
-  state["first_byes"] = number(match.first_byes);
-  state["first_leg_byes"] = number(match.first_leg_byes);
+  state.add("innings_total", number(match.innings_total));
+  state.add("innings_balls", number(match.innings_balls));
+  state.add("innings_wickets", number(match.innings_wickets));
+  state.add("innings_no_balls", number(match.innings_no_balls));
+  state.add("innings_wides", number(match.innings_wides));
+  state.add("innings_byes", number(match.innings_byes));
+  state.add("innings_leg_byes", number(match.innings_leg_byes));
+  state.add("first_total", number(match.first_total));
+  state.add("first_balls", number(match.first_balls));
+  state.add("first_wickets", number(match.first_wickets));
+  state.add("first_no_balls", number(match.first_no_balls));
+  state.add("first_wides", number(match.first_wides));
+  state.add("first_byes", number(match.first_byes));
+  state.add("first_leg_byes", number(match.first_leg_byes));
 }
 
 void add_books(const match_state& match, object_text& state) {
-  state["batting_xi"] = rows(match.batting_xi, 1, man_json);
-  state["bowling_xi"] = rows(match.bowling_xi, 1, man_json);
-  state["batting_card"] = rows(match.batting_card, 1, batting_json);
-  state["first_batting_card"] = rows(match.first_batting_card, 1, batting_json);
-  state["bowling_card"] = rows(match.bowling_card, 1, bowling_json);
-  state["first_bowling_card"] = rows(match.first_bowling_card, 1, bowling_json);
-  state["fall_of_wicket"] = rows(match.fall_of_wicket, 0, fall_json);
-  state["first_fall_of_wicket"] = rows(match.first_fall_of_wicket, 0, fall_json);
-  state["ball_log"] = log_json(innings_in_play(match));
-  state["first_ball_log"] = log_json(innings_before(match));
-  state["ball_commentary"] = texts(commentary_lines(match));
-  state["commentary_store"] = texts(stored_commentary_lines(match));
+  state.add("batting_xi", rows(match.batting_xi, 1, man_json));
+  state.add("bowling_xi", rows(match.bowling_xi, 1, man_json));
+  state.add("batting_card", rows(match.batting_card, 1, batting_json));
+  state.add("first_batting_card", rows(match.first_batting_card, 1, batting_json));
+  state.add("bowling_card", rows(match.bowling_card, 1, bowling_json));
+  state.add("first_bowling_card", rows(match.first_bowling_card, 1, bowling_json));
+  state.add("fall_of_wicket", rows(match.fall_of_wicket, 0, fall_json));
+  state.add("first_fall_of_wicket", rows(match.first_fall_of_wicket, 0, fall_json));
+  state.add("ball_log", log_json(innings_in_play(match)));
+  state.add("first_ball_log", log_json(innings_before(match)));
+  state.add("ball_commentary", texts(commentary_lines(match)));
+  state.add("commentary_store", texts(stored_commentary_lines(match)));
 }
 
 void add_achievements(const match_state& match, object_text& state) {
-  state["fifty_list"] = filled(match.fifty_list);
-  state["hundred_list"] = filled(match.hundred_list);
-  state["century_and_half_list"] = filled(match.century_and_half_list);
-  state["double_century_list"] = filled(match.double_century_list);
-  state["five_wicket_list"] = filled(match.five_wicket_list);
-  state["stand50_list"] = filled(match.stand50_list);
-  state["stand100_list"] = filled(match.stand100_list);
-  state["stand150_list"] = filled(match.stand150_list);
-  state["stand200_list"] = filled(match.stand200_list);
-  state["stand250_list"] = filled(match.stand250_list);
-  state["stand300_list"] = filled(match.stand300_list);
+  state.add("fifty_list", filled(match.fifty_list));
+  state.add("hundred_list", filled(match.hundred_list));
+  state.add("century_and_half_list", filled(match.century_and_half_list));
+  state.add("double_century_list", filled(match.double_century_list));
+  state.add("five_wicket_list", filled(match.five_wicket_list));
+  state.add("stand50_list", filled(match.stand50_list));
+  state.add("stand100_list", filled(match.stand100_list));
+  state.add("stand150_list", filled(match.stand150_list));
+  state.add("stand200_list", filled(match.stand200_list));
+  state.add("stand250_list", filled(match.stand250_list));
+  state.add("stand300_list", filled(match.stand300_list));
 }
 
 void add_console(const match_state& match, object_text& state) {
-  state["weather"] = number(match.weather);
-  state["pitch_surface"] = number(match.ground.pitch_surface);
-  state["pitch_bounce"] = number(match.ground.pitch_bounce);
-  state["outfield"] = number(match.outfield);
-  state["venue_name"] = text(match.venue_name());
-  state["start_time"] = match.ground.start_time;
-  state["batsman_aggression"] = match.batsman_aggression;
-  state["bowling_aggression"] = match.bowling_aggression;
-  state["settled_meter"] = match.settled_meter;
-  state["first_innings_projection"] = match.first_innings_projection.text();
-  state["bowler_pool"] = rows(match.bowler_pool, 1, pool_json);
-  state["opening_bowlers"] = {number(match.opening_bowlers[0]), number(match.opening_bowlers[1])};
+  state.add("weather", number(match.weather));
+  state.add("pitch_surface", number(match.ground.pitch_surface));
+  state.add("pitch_bounce", number(match.ground.pitch_bounce));
+  state.add("outfield", number(match.outfield));
+  state.add("venue_name", text(match.venue_name()));
+  state.add("start_time", match.ground.start_time);
+  state.add("batsman_aggression", match.batsman_aggression);
+  state.add("bowling_aggression", match.bowling_aggression);
+  state.add("settled_meter", match.settled_meter);
+  state.add("first_innings_projection", match.first_innings_projection.text());
+  state.add("bowler_pool", rows(match.bowler_pool, 1, pool_json));
+  state.add("opening_bowlers", {number(match.opening_bowlers[0]), number(match.opening_bowlers[1])});
   json names = json::array();
   for (const bowler_line& line : view_bowler_list(match)) names.push_back(text(line.name));
-  state["bowler_list"] = names;
+  state.add("bowler_list", names);
 }
 
 json rate_json(const rate_entry& entry) { return {{"team", text(entry.team)}, {"delta", entry.delta}}; }
