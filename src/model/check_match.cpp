@@ -103,7 +103,7 @@ std::string check_position(const match_state& match) {
   if (match.score_wickets < 0 || match.score_wickets > wickets_of_innings) {
     return fmt::format("score_wickets {}", match.score_wickets);
   }
-  if (match.ball_outcome < 0 || match.ball_outcome > 11 || match.ball_outcome == 5) {
+  if (match.ball_outcome < dot_ball || match.ball_outcome > byes || match.ball_outcome == four_runs + 1) {
     return fmt::format("ball_outcome {}", int(match.ball_outcome));
   }
   return {};

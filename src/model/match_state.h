@@ -4,13 +4,15 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "model/commentary.h"
 #include "model/delivery.h"
 #include "model/match_records.h"
+#include "model/match_result.h"
+#include "model/match_set_up.h"
+#include "model/play_place.h"
 #include "model/rules.h"
 
 // The state of a match. Fields are grouped by lifetime. A copy is a snapshot.
@@ -39,61 +41,6 @@ struct match_position {
   bool maiden_flag = false;        ///< no run off the bat has come in this over
   bool innings_over_flag = false;  ///< the last wicket has fallen
   integer clock_minutes;           ///< time of day of the match in minutes
-};
-
-/// What play does next. A step that asks is left when it is answered, so that a copy of the match taken while somebody
-/// is asked asks him again.
-enum class play_step : std::uint8_t {
-  closed,                 ///< no match is in play
-  opening_bowlers,        ///< the computer's two, or a human captain's first
-  second_opening_bowler,  ///< asks
-  opening_bowlers_named,  ///< tells
-  openers,                ///< the computer's two, or a human captain's first
-  second_opener,          ///< asks
-  innings_opens,
-  between_overs,  ///< the next over is awaited
-  over_told,      ///< tells the progress of an unattended match
-  over_begins,
-  quota_told,    ///< tells that the bowler has bowled his overs
-  quota_choice,  ///< asks for another one
-  ball_bowled,   ///< the delivery and its outcome
-  wicket_told,   ///< shows the man who is out
-  next_batsman,  ///< asks, or lets the computer choose
-  ball_booked,
-  ball_told,         ///< tells of the ball
-  innings_judged,    ///< has the innings or the match ended with this ball?
-  innings_end_told,  ///< tells
-  innings_over,
-  innings_card_shown,  ///< shows the scorecard
-  innings_changes,
-  match_end_told,    ///< tells
-  match_card_shown,  ///< shows the scorecard
-  last_stand,
-  match_saved,  ///< careers and records; asks where that fails
-  match_closed,
-  unattended_over,  ///< tells that an unattended match is over
-  milestones,
-  milestone_told,  ///< tells, one after the other
-  ball_over,
-  over_ends,
-  change_told,  ///< tells of a new bowler
-  bowler_reviewed,
-};
-
-/// A message on its way to the user.
-struct announcement {
-  std::string title;
-  std::string text;
-};
-
-/// Where play itself stands: all of it that is not told by the books. From the opening of the console on.
-struct match_play_place {
-  play_step next_step = play_step::closed;
-  int ball_no = 1;            ///< 1 to 6: the place of the next ball in its over
-  int overs_begun = 0;        ///< of an unattended match, 0 to 100
-  bool attended = false;      ///< a human captained a side when the console was opened
-  bool update_added = false;  ///< careers and records have this match; their folder may want synchronising
-  std::vector<announcement> announcements;  ///< milestones that are still to be told
 };
 
 /// The fourteen innings totals: the current innings, then the other one. `first_total` 0 marks the first innings.
@@ -180,83 +127,6 @@ struct known_aggression {
 
 struct match_known_aggressions {
   std::array<known_aggression, 2> known_aggressions;  ///< by the batsmen's slots
-};
-
-/// How a match was decided.
-enum class match_decision : std::uint8_t { none, tie, runs, wickets, walkover };
-
-/// How the match ended. Outlives the reset: this is how a competition learns the outcome.
-struct match_result {
-  match_decision decided = match_decision::none;
-  std::string result_ground;
-  std::string result_winner;  ///< empty, like result_loser, on a tie
-  std::string result_loser;
-  std::string result_margin;
-  rate_entry rate_first;  ///< the side that batted first
-  rate_entry rate_second;
-};
-
-/// Where a match stands: the question that is open, or play. It moves on as a question is answered. What the question
-/// shows is drawn before it is asked and stands in the record, so that it can be asked again as it was.
-enum class match_step : std::uint8_t {
-  none,              ///< no match is on
-  conditions,        ///< the conditions
-  first_selection,   ///< the eleven of the team chosen first
-  second_selection,  ///< the eleven of the other
-  toss_call,         ///< the message that tells what a computer side has called
-  toss,              ///< the coin, or what the winner of the toss does; without a human side it asks nobody
-  play               ///< the sides are known: the console is to open, or is open
-};
-
-/// A team as chosen for a match.
-struct chosen_team {
-  std::string name;
-  int record = 0;  ///< its number in the team file, 2 to 21; 0 for none chosen
-};
-
-/// The conditions as drawn.
-struct drawn_conditions {
-  std::array<int, 4> levels = {1, 1, 1, 1};  ///< weather, pitch surface, pitch bounce, outfield, 1 to 4 each
-  int temperature = 0;                       ///< degrees Celsius
-  int humidity = 0;                          ///< percent
-};
-
-/// What the toss shows.
-struct toss_screen {
-  std::string headline;       ///< the headline
-  std::string deciding_line;  ///< deciding line: the team for which "Bat" and "Bowl" speak
-  std::string other_line;     ///< the other team
-  bool coin_visible = true;   ///< "Heads" and "Tails" are shown, else "Bat" and "Bowl"
-  bool bat_enabled = true;    ///< "Bat"
-  bool bowl_enabled = true;   ///< "Bowl"
-};
-
-/// A file of an eleven as it stood before the set-up.
-struct eleven_file_before {
-  bool there = false;
-  std::string bytes;
-};
-
-/// The files of both elevens; nothing for one that is not to be put back.
-using eleven_files_before = std::array<std::optional<eleven_file_before>, 2>;
-
-/// What the set-up collects on its way to the toss.
-struct match_set_up {
-  match_step step = match_step::none;
-  integer team_count;                     ///< teams of the database
-  std::array<std::string, 21> team_list;  ///< [1..20] names in file order
-  std::array<squad, 2> squads;            ///< the first and the second team's men, sorted
-  std::array<eleven, 2> selected;         ///< the eleven of the team chosen first and of the other
-  bool elevens_exchanged = false;         ///< the toss made the team chosen first the second
-  bool elevens_unsaved = false;           ///< the user has gone on without the files of the elevens
-  bool first_team_done = false;           ///< the first side's selection is confirmed
-  bool exchange_tried = false;            ///< an exchange of the elevens has failed, and is still to be done
-  std::array<chosen_team, 2> chosen;      ///< the first and the second team
-  drawn_conditions conditions_drawn;
-  std::string toss_call;                      ///< what a computer side has called, as its message tells it
-  toss_screen toss;                           ///< as last shown
-  eleven_files_before elevens_before;         ///< for a user who leaves the match
-  std::optional<match_result> result_before;  ///< likewise, where a competition has emptied the result
 };
 
 /// The computer captain's list. Built once an innings.

@@ -46,10 +46,10 @@ void partnerships_form::open() {
 void first_partnerships_form::open() {
   static_cast<partnership_screen&>(*this) = {};
   fill(*this, match_.first_fall_of_wicket);
-  for (partnership_row& row : rows) {
-    if (row.overs != "0.0") continue;
-    row.score.clear();
-    row.overs.clear();
+  for (int i = 1; i <= wickets_of_innings; ++i) {
+    if (match_.first_fall_of_wicket[i].balls != 0) continue;
+    rows[i].score.clear();
+    rows[i].overs.clear();
   }
 }
 

@@ -19,7 +19,7 @@ struct Other {
 
 QObject* newest_of_application() { return qApp->children().constLast(); }
 
-TEST(OfApplication, is_made_on_first_use_found_by_its_type_and_gone_with_its_keeper) {
+TEST(OfApplication, IsMadeOnFirstUseFoundByItsTypeAndGoneWithItsKeeper) {
   EXPECT_EQ(find_of_application<Watched>(), nullptr);
   Watched& first = of_application<Watched>();
   QObject* const keeper = newest_of_application();

@@ -112,7 +112,7 @@ class watched_game : public headless_user {
   std::string result_;
 };
 
-class ResumedMatch : public ::testing::Test {
+class ResumedPlay : public ::testing::Test {
  protected:
   static left_match seeded(std::uint64_t seed, bool computer_bats, bool computer_bowls) {
     set_up_sample_match(computer_bats, computer_bowls);
@@ -150,7 +150,7 @@ class ResumedMatch : public ::testing::Test {
   }
 };
 
-TEST_F(ResumedMatch, EachRequestOfAMatchIsAskedAgain) {
+TEST_F(ResumedPlay, EachRequestOfAMatchIsAskedAgain) {
   for (const bool computer_bats : {false, true}) {
     for (const bool computer_bowls : {false, true}) {
       const left_match start = seeded(7, computer_bats, computer_bowls);
@@ -166,17 +166,17 @@ TEST_F(ResumedMatch, EachRequestOfAMatchIsAskedAgain) {
   }
 }
 
-TEST_F(ResumedMatch, AThousandSeedsGoOnFromAnyRequest) {
+TEST_F(ResumedPlay, AThousandSeedsGoOnFromAnyRequest) {
   std::mt19937 draw(2026);
   for (std::uint64_t seed = 1; seed <= seeds; ++seed) {
     const left_match start = seeded(seed, seed % 2 == 0, seed % 4 < 2);
     const int requests = count_requests(start);
-    expect_same_from(start, std::uniform_int_distribution(1, requests)(draw), seed % 10 == 0);
+    expect_same_from(start, std::uniform_int_distribution(1, requests)(draw), true);
     if (HasFatalFailure()) return;
   }
 }
 
-TEST_F(ResumedMatch, CaptainsChangeAtAnyBall) {
+TEST_F(ResumedPlay, CaptainsChangeAtAnyBall) {
   std::mt19937 draw(11);
   for (std::uint64_t seed = 1; seed <= 100; ++seed) {
     const int change_every = 1 + static_cast<int>(seed % 23);
@@ -187,7 +187,7 @@ TEST_F(ResumedMatch, CaptainsChangeAtAnyBall) {
   }
 }
 
-TEST_F(ResumedMatch, NothingIsResumedBehindTheEnd) {
+TEST_F(ResumedPlay, NothingIsResumedBehindTheEnd) {
   left_match start = seeded(3, true, true);
   watched_game game(start, data, false);
   game.play_from_start();
@@ -196,7 +196,7 @@ TEST_F(ResumedMatch, NothingIsResumedBehindTheEnd) {
   EXPECT_EQ(game.told(), told);
 }
 
-TEST_F(ResumedMatch, AComputerThatTakesOverAnInningsBowlsItToItsEnd) {
+TEST_F(ResumedPlay, AComputerThatTakesOverAnInningsBowlsItToItsEnd) {
   for (std::uint64_t seed = 1; seed <= 200; ++seed) {
     left_match start = seeded(seed, true, false);
     headless_user user(start.match);
