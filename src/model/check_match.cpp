@@ -120,7 +120,7 @@ std::string check_console(const match_state& match) {
     if (meter < 0 || meter > full_meter) return fmt::format("settled_meter {} in slot {}", meter, slot);
   }
   const told_innings before = innings_before(match);
-  if (count_lines(before.deliveries, before.overs_closed) > most_stored_lines) {
+  if (has_too_many_lines(before.deliveries, before.overs_closed)) {
     return "commentary_store runs past its 1500 places";
   }
   return {};

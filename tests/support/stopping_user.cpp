@@ -290,6 +290,13 @@ std::string end_of(const game_state& game) {
   return text;
 }
 
+// The woven-in checks of a sanitizer take their time: not every copy goes on there.
+#ifdef VELORIN_SANITIZED
+constexpr std::size_t copies_apart = 9;
+#else
+constexpr std::size_t copies_apart = 1;
+#endif
+
 int expect_copies_to_end_alike(const stopped_game& played) {
   game_state first;
   first.data = opened(copied_folder(data.files.folder, "first"), played.through_files);
@@ -307,7 +314,8 @@ int expect_copies_to_end_alike(const stopped_game& played) {
   const std::string end = end_of(first);
   const auto files = contents_of(first.data.files.folder);
   EXPECT_FALSE(resume_game(first, user)) << "nothing is in play any more";
-  for (taken_game& taken : copies) {
+  for (std::size_t i = 0; i < copies.size(); i += copies_apart) {
+    taken_game& taken = copies[i];
     const std::string where = taken.line < user.lines().size() ? user.lines()[taken.line].substr(0, 200) : "the end";
     taken.game.data = opened(taken.folder, played.through_files);
     stopping_user other = user_of(taken.game, played, {});
