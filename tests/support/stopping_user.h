@@ -111,7 +111,8 @@ struct stopped_game {
 std::string end_of(const game_state& game);
 
 /// Plays the game on the database in use, and every copy that was taken at a stop in a game of its own, on files of its
-/// own. Fails the test where one of them ends otherwise, or is asked something else on its way. The number of copies taken.
+/// own. Fails the test where one of them ends otherwise, or is asked something else on its way. The number of copies
+/// taken.
 int expect_copies_to_end_alike(const stopped_game& played);
 
 }  // namespace velorin::testing
