@@ -57,11 +57,13 @@ void extras_off_the_body(match_state& match, random_source& chance, delivery& ba
   }
 }
 
-/// The last ball before the newest delivery at a place of its over has left a number there: no wicket, and not nothing.
+/// The entry of a place in the over of the newest delivery is a number: by the last ball before it at this place, which
+/// was no wicket. A no ball or wide that did not count stood on a number, and one that counted on none.
 bool has_number(const delivery_list& deliveries, int place) {
   const int over = deliveries.back().over;
   for (auto ball = deliveries.rbegin() + 1; ball != deliveries.rend() && ball->over == over; ++ball) {
-    if (ball->ball == place && !ball->is_no_ball_or_wide()) return !ball->is_wicket();
+    if (ball->ball != place) continue;
+    return ball->is_no_ball_or_wide() ? !ball->counted : !ball->is_wicket();
   }
   return false;
 }

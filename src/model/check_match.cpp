@@ -62,6 +62,7 @@ std::string check_bowling(const match_state& match, const card_sums& batting) {
 
 /// Nobody begins an over with ten behind him; within one he may pass his sixty balls.
 std::string check_quota(const match_state& match) {
+  if (match.bowling_card[match.bowler].balls < balls_of_quota) return {};
   const auto over = deliveries_of_over(match.deliveries, match.over_no);
   const auto this_over = std::count_if(over.begin(), over.end(), [](const delivery& ball) { return ball.counted; });
   const auto before = match.bowling_card[match.bowler].balls - this_over;
