@@ -11,6 +11,7 @@
 #include "model/innings_log.h"
 #include "model/match_state.h"
 #include "model/rules.h"
+#include "model/stands.h"
 #include "model/texts.h"
 
 namespace velorin::cli {
@@ -156,8 +157,8 @@ void add_books(const match_state& match, object_text& state) {
   state.add("first_batting_card", rows(match.first_batting_card, 1, batting_json));
   state.add("bowling_card", rows(match.bowling_card, 1, bowling_json));
   state.add("first_bowling_card", rows(match.first_bowling_card, 1, bowling_json));
-  state.add("fall_of_wicket", rows(match.fall_of_wicket, 0, fall_json));
-  state.add("first_fall_of_wicket", rows(match.first_fall_of_wicket, 0, fall_json));
+  state.add("fall_of_wicket", rows(falls_in_play(match), 0, fall_json));
+  state.add("first_fall_of_wicket", rows(falls_before(match), 0, fall_json));
   state.add("ball_log", log_json(innings_in_play(match)));
   state.add("first_ball_log", log_json(innings_before(match)));
   state.add("ball_commentary", texts(commentary_lines(match)));

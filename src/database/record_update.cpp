@@ -14,6 +14,7 @@
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "model/run_time_error.h"
+#include "model/stands.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -228,8 +229,8 @@ void add_match_to_records(const match_state& match, const open_database& data, s
   update_top_bowling(match, lists.top_bowling, match.first_bowling_card, chasing, setting);
   update_highest_totals(match, data, lists.highest_totals);
   update_lowest_totals(match, data, lists.lowest_totals);
-  update_partnerships(match, lists.partnerships, match.fall_of_wicket, chasing, setting);
-  update_partnerships(match, lists.partnerships, match.first_fall_of_wicket, setting, chasing);
+  update_partnerships(match, lists.partnerships, falls_in_play(match), chasing, setting);
+  update_partnerships(match, lists.partnerships, falls_before(match), setting, chasing);
   update_team_table(match, data, lists);
   put_records(file, lists);
 }

@@ -137,19 +137,6 @@ void record_runs(match_state& match) {
   match.maiden_flag = match.maiden_flag && outcome == dot_ball;
 }
 
-void record_fall_of_wicket(match_state& match) {
-  const int k = match.score_wickets;
-  fall_of_wicket_rec& fall = match.fall_of_wicket[k];
-  const fall_of_wicket_rec& before = match.fall_of_wicket[k - 1];
-  const std::string& striker = match.batting_xi[match.striker].name;
-  book_as(fall.score, match.score_runs, "fall_of_wicket.score", striker);
-  fall.batsman_a = match.batting_xi[match.non_striker].name;
-  fall.batsman_b = striker;
-  book_as(fall.partner_runs, fall.score - before.score, "fall_of_wicket.partner_runs", striker);
-  book_as(fall.balls, match.innings_balls + 1, "fall_of_wicket.balls", striker);
-  book_as(fall.partner_balls, fall.balls - before.balls, "fall_of_wicket.partner_balls", striker);
-}
-
 void record_dismissal(match_state& match, random_source& chance, delivery& ball) {
   batting_card_rec& out = match.batting_card[match.striker];
   const player_rec& bowler = match.bowling_xi[match.bowler];

@@ -20,7 +20,6 @@ void record_runs(match_state& match);
 
 /// Fills fall_of_wicket[score_wickets]. Requires that score_wickets has just been raised and that the wicket ball is
 /// not yet in innings_balls.
-void record_fall_of_wicket(match_state& match);
 
 /// Draws how the striker was out, and writes it and who had part in it on his card and into the delivery. Draws one
 /// number, a second one for a run out and for a catch in the field.

@@ -87,7 +87,6 @@ void no_ball_or_wide(match_state& match, delivery& ball) {
 void fall_of_a_wicket(match_state& match, random_source& chance, delivery& ball) {
   match.score_wickets += 1;
   book_dot(match.batting_card[match.striker]);
-  record_fall_of_wicket(match);
   record_dismissal(match, chance, ball);
   bowling_card_rec& bowler = match.bowling_card[match.bowler];
   if (ball.how != dismissal::run_out) book(bowler.wickets, 1, "bowling_card.wickets", bowler.name);

@@ -82,17 +82,6 @@ void swap_sides(match_state& match) {
   std::swap(match.batting_xi, match.bowling_xi);
 }
 
-void record_unbroken_stand(match_state& match, int wickets, const eleven& men) {
-  if (wickets >= wickets_of_innings) return;
-  const fall_of_wicket_rec& before = match.fall_of_wicket[wickets];
-  fall_of_wicket_rec& stand = match.fall_of_wicket[wickets + 1];
-  stand.batsman_a = men[match.lower_batsman()].name;
-  const std::string& striker = men[match.striker].name;
-  stand.batsman_b = striker + " * ";
-  book_as(stand.partner_runs, match.score_runs - before.score, "fall_of_wicket.partner_runs", striker);
-  book_as(stand.partner_balls, match.innings_balls - before.balls, "fall_of_wicket.partner_balls", striker);
-}
-
 void swap_cards(match_state& match) {
   std::swap(match.batting_card, match.first_batting_card);
   if (match.innings_wickets < wickets_of_innings) {
@@ -105,9 +94,7 @@ void swap_cards(match_state& match) {
 }
 
 void move_logs(match_state& match) {
-  static const fall_of_wicket_table no_falls{};
-  std::swap(match.first_fall_of_wicket, match.fall_of_wicket);
-  match.fall_of_wicket = no_falls;
+  match.first_falls_shown = std::exchange(match.falls_shown, -1);
   std::swap(match.first_deliveries, match.deliveries);
   match.deliveries.clear();
   match.over_on_show.of_innings_before = true;
@@ -159,7 +146,6 @@ void change_innings(match_state& match) {
   keep_worms(match);
   swap_sides(match);
   swap_cards(match);
-  record_unbroken_stand(match, match.innings_wickets, match.bowling_xi);
   move_logs(match);
   swap_totals(match);
   prepare_chase_display(match);
@@ -172,7 +158,7 @@ void change_innings(match_state& match) {
 }
 
 void close_books(match_state& match) {
-  record_unbroken_stand(match, match.score_wickets, match.batting_xi);
+  match.last_stand_closed = true;
   keep_worms(match);
 }
 

@@ -47,11 +47,6 @@ void clear(bowling_card_rec& line) {
   for (integer* figure : {&line.balls, &line.maidens, &line.runs, &line.wickets}) *figure = 0;
 }
 
-void clear(fall_of_wicket_rec& fall) {
-  for (integer* figure : {&fall.score, &fall.partner_runs, &fall.partner_balls, &fall.balls}) *figure = 0;
-  for (std::string* text : {&fall.overs_text, &fall.batsman_a, &fall.batsman_b}) text->clear();
-}
-
 void clear(bowler_pool_rec& man) {
   man.name.clear();
   man.rating = 0;
@@ -78,11 +73,10 @@ void clear(match_books& books) {
   clear(books.first_batting_card);
   clear(books.bowling_card);
   clear(books.first_bowling_card);
-  clear(books.fall_of_wicket);
-  clear(books.first_fall_of_wicket);
   books.deliveries.clear();
   books.first_deliveries.clear();
-  books.commentary_stored = false;
+  books.commentary_stored = books.last_stand_closed = false;
+  books.falls_shown = books.first_falls_shown = -1;
 }
 
 void clear(match_achievements& lists) {

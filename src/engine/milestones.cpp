@@ -117,7 +117,7 @@ void check_stand(match_state& match) {
     match.stand_of = stand_of;
     match.stand_step = 0;
   }
-  const int stand = match.score_runs - match.fall_of_wicket[match.score_wickets].score;
+  const int stand = match.score_runs - score_at_last_fall(match);
   if (stand >= half_century * (match.stand_step + 1) && match.stand_step < 6) enter_stand(match, stand);
 }
 

@@ -72,19 +72,22 @@ std::string check_quota(const match_state& match) {
   return {};
 }
 
-std::string check_falls(const match_state& match) {
-  for (int w = 1; w <= match.score_wickets; ++w) {
-    const fall_of_wicket_rec& fall = match.fall_of_wicket[w];
-    const fall_of_wicket_rec& before = match.fall_of_wicket[w - 1];
-    if (fall.score - before.score != fall.partner_runs || fall.partner_runs < 0) {
-      return fmt::format("fall_of_wicket {}: partner_runs {} do not fit the scores", w, int(fall.partner_runs));
-    }
-    if (fall.balls - before.balls != fall.partner_balls || fall.partner_balls < 1) {
-      return fmt::format("fall_of_wicket {}: partner_balls {} do not fit the balls", w, int(fall.partner_balls));
-    }
-    if (fall.score > match.score_runs || fall.balls > match.innings_balls) {
-      return fmt::format("fall_of_wicket {}: later than the innings", w);
-    }
+/// The deliveries bring no more than the innings has come to.
+std::string check_deliveries(const match_state& match) {
+  int runs = 0;
+  int balls = 0;
+  int wickets = 0;
+  for (const delivery& ball : match.deliveries) {
+    runs += ball.score();
+    balls += int(ball.counted);
+    wickets += int(ball.is_wicket());
+  }
+  if (runs > match.score_runs) return fmt::format("deliveries: {} runs, score_runs {}", runs, match.score_runs);
+  if (balls > match.innings_balls) {
+    return fmt::format("deliveries: {} balls, innings_balls {}", balls, int(match.innings_balls));
+  }
+  if (wickets > match.score_wickets) {
+    return fmt::format("deliveries: {} wickets, score_wickets {}", wickets, match.score_wickets);
   }
   return {};
 }
@@ -136,8 +139,8 @@ std::string check_match(const match_state& match) {
   if (std::string broken = check_batting(match, sums); !broken.empty()) return broken;
   if (std::string broken = check_bowling(match, sums); !broken.empty()) return broken;
   if (std::string broken = check_quota(match); !broken.empty()) return broken;
-  if (std::string broken = check_falls(match); !broken.empty()) return broken;
   if (std::string broken = check_console(match); !broken.empty()) return broken;
+  if (std::string broken = check_deliveries(match); !broken.empty()) return broken;
   const int total = sums.runs + match.innings_byes + match.innings_leg_byes;
   if (total != match.score_runs) return fmt::format("score_runs {}, the books give {}", match.score_runs, total);
   if (sums.balls > match.innings_balls) {

@@ -127,7 +127,7 @@ struct bowling_card_rec {
 /// The fall of a wicket, or the unbroken stand at the end of an innings.
 struct fall_of_wicket_rec {
   integer score;           ///< the side's runs at the fall
-  std::string overs_text;  ///< overs of the fall; filled by the partnership screen when shown
+  std::string overs_text;  ///< overs of the fall; empty until the stands have been shown
   integer partner_runs;    ///< runs of the stand that ended
   integer partner_balls;   ///< balls of it
   integer balls;           ///< balls of the innings at the fall, the wicket ball counted

@@ -49,6 +49,11 @@ bool is_last_ball_open(const match_state& match) {
 
 int overs_closed(const match_state& match) { return match.over_no - 1; }
 
+int score_at_last_fall(const match_state& match) {
+  const last_wicket_note& last = match.last_wicket;
+  return last.position != 0 && last.innings_number == match.innings_number ? last.score_runs : 0;
+}
+
 told_innings innings_in_play(const match_state& match) {
   return {.deliveries = match.deliveries,
           .batting = match.batting_card,

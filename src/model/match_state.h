@@ -67,11 +67,12 @@ struct match_books {
   batting_card_table first_batting_card;
   bowling_card_table bowling_card;
   bowling_card_table first_bowling_card;
-  fall_of_wicket_table fall_of_wicket;
-  fall_of_wicket_table first_fall_of_wicket;
   delivery_list deliveries;        ///< of the innings in play, in order
   delivery_list first_deliveries;  ///< of the innings before it
   bool commentary_stored = false;  ///< an innings has ended: the store of its lines ends with its marker
+  bool last_stand_closed = false;  ///< the match has ended, and so has the stand at the crease
+  int falls_shown = -1;            ///< wickets down when the stands were last shown, 0 to 10; -1 never
+  int first_falls_shown = -1;      ///< likewise of the innings before it
 };
 
 /// Who has been congratulated for what, empty entries behind the last. Not cleared at the change of innings.
@@ -267,6 +268,9 @@ int overs_closed(const match_state& match);
 told_innings innings_in_play(const match_state& match);
 /// The innings before it, whose last over never comes to its end.
 told_innings innings_before(const match_state& match);
+
+/// The side's runs at the fall of the last wicket of the innings in play, 0 if none has fallen.
+int score_at_last_fall(const match_state& match);
 
 /// The lines shown in the console's commentary box: this innings so far.
 std::vector<std::string> commentary_lines(const match_state& match);

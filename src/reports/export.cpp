@@ -7,6 +7,7 @@
 #include "database/configuration.h"
 #include "database/open_database.h"
 #include "model/match_state.h"
+#include "model/stands.h"
 #include "reports/export_pieces.h"
 
 namespace velorin {
@@ -54,14 +55,14 @@ void print_heading(line_printer& out, std::string_view team, std::string_view wh
 void print_first_close(const match_state& match, line_printer& out, wicket_list& wickets) {
   out.end();
   print_first_total(match, out);
-  wickets.print(out, match.first_fall_of_wicket);
+  wickets.print(out, falls_before(match));
   out.end();
 }
 
 void print_close(const match_state& match, line_printer& out, const scorecard_form& card, wicket_list& wickets) {
   out.end();
   print_total(out, card);
-  wickets.print(out, match.fall_of_wicket);
+  wickets.print(out, falls_in_play(match));
   out.end();
 }
 
@@ -143,7 +144,7 @@ std::string html_scorecard(const match_state& match, const open_database& data, 
     print_first_batting(match, out, html_columns);
     out.end();
     print_first_total(match, out);
-    wickets.print(out, match.first_fall_of_wicket);
+    wickets.print(out, falls_before(match));
     out.markup("</pre>").end();
     print_page_heading(out, card.batting_side, " - Bowling");
     out.markup("<pre>").end();
@@ -155,7 +156,7 @@ std::string html_scorecard(const match_state& match, const open_database& data, 
   print_batting(match, out, card, html_columns);
   out.end();
   print_total(out, card);
-  wickets.print(out, match.fall_of_wicket);
+  wickets.print(out, falls_in_play(match));
   out.markup("</pre>").end();
   print_page_heading(out, match.team2_name, " - Bowling");
   out.markup("<pre>").end();

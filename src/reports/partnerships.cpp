@@ -3,6 +3,7 @@
 
 #include "model/match_state.h"
 #include "model/rules.h"
+#include "model/stands.h"
 #include "model/texts.h"
 
 namespace velorin {
@@ -11,11 +12,9 @@ namespace {
 
 constexpr const char* between_names = "  &&  ";
 
-/// Fills the rows of an innings from its records and writes the overs of each fall back into its record.
-void fill(partnership_screen& screen, fall_of_wicket_table& falls) {
+void fill(partnership_screen& screen, const fall_of_wicket_table& falls) {
   for (int i = 1; i <= wickets_of_innings; ++i) {
-    fall_of_wicket_rec& fall = falls[i];
-    fall.overs_text = overs_from_balls(fall.balls);
+    const fall_of_wicket_rec& fall = falls[i];
     screen.rows[i] = {fall.batsman_a + between_names + fall.batsman_b,
                       number_text(fall.partner_runs) + " (" + number_text(fall.partner_balls) + ")",
                       number_text(fall.score),
@@ -38,16 +37,19 @@ void fill_current_stand(const match_state& match, partnership_row& row, const fa
 
 void partnerships_form::open() {
   static_cast<partnership_screen&>(*this) = {};
-  fill(*this, match_.fall_of_wicket);
-  const int wickets = match_.score_wickets;
-  if (wickets < wickets_of_innings) fill_current_stand(match_, rows[wickets + 1], match_.fall_of_wicket[wickets]);
+  const int wickets = match_.falls_shown = match_.score_wickets;
+  const fall_of_wicket_table falls = falls_in_play(match_);
+  fill(*this, falls);
+  if (wickets < wickets_of_innings) fill_current_stand(match_, rows[wickets + 1], falls[wickets]);
 }
 
 void first_partnerships_form::open() {
   static_cast<partnership_screen&>(*this) = {};
-  fill(*this, match_.first_fall_of_wicket);
+  match_.first_falls_shown = match_.first_wickets;
+  const fall_of_wicket_table falls = falls_before(match_);
+  fill(*this, falls);
   for (int i = 1; i <= wickets_of_innings; ++i) {
-    if (match_.first_fall_of_wicket[i].balls != 0) continue;
+    if (falls[i].balls != 0) continue;
     rows[i].score.clear();
     rows[i].overs.clear();
   }

@@ -34,7 +34,7 @@ struct partnership_screen {
 struct partnerships_form : partnership_screen {
   explicit partnerships_form(match_state& match) : match_(match) {}
 
-  /// Fills the screen afresh. Writes `overs_text` of match.fall_of_wicket [1..10].
+  /// Fills the screen afresh. From now on the falls tell their overs; see match_books.
   void open();
 
  private:
@@ -45,7 +45,7 @@ struct partnerships_form : partnership_screen {
 struct first_partnerships_form : partnership_screen {
   explicit first_partnerships_form(match_state& match) : match_(match) {}
 
-  /// Fills the screen afresh. Writes `overs_text` of match.first_fall_of_wicket [1..10].
+  /// Fills the screen afresh. From now on the falls tell their overs; see match_books.
   void open();
 
  private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/database_fixture.h"
 #include "support/cards.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 
 #include <fmt/format.h>
@@ -127,29 +128,16 @@ void fill_cards() {
   bowl(match.bowling_card[11], 60, 1, 60, 1);
 }
 
-void fill_falls() {
-  auto& first = match.first_fall_of_wicket[1];
-  first.score = 150;
-  first.overs_text = "30.1";
-  first.partner_runs = 150;
-  first.partner_balls = 181;
-  first.balls = 181;
-  first.batsman_a = "A.Man1";
-  first.batsman_b = "A.Man2";
-  auto& last = match.first_fall_of_wicket[4];
-  last.score = 231;
-  last.partner_runs = 81;
-  last.partner_balls = 30;
-  last.balls = 300;
-  last.batsman_a = "A.Man1";
-  last.batsman_b = "A.Man5 * ";
-  auto& reply = match.fall_of_wicket[1];
-  reply.score = 20;
-  reply.partner_runs = 20;
-  reply.partner_balls = 33;
-  reply.balls = 33;
-  reply.batsman_a = "T.Man1";
-  reply.batsman_b = "T.Man2";
+/// Alba lost its first wicket at 150 and two with the next two balls; Tamar its first at 20.
+void fill_stands() {
+  add_stand(match.first_deliveries, {150, 181, 1, 2});
+  add_stand(match.first_deliveries, {0, 1, 1, 3});
+  add_stand(match.first_deliveries, {0, 1, 1, 4});
+  add_unbroken_stand(match.first_deliveries, {81, 117, 1, 5});
+  match.first_falls_shown = 3;
+  add_stand(match.deliveries, {20, 33, 1, 2});
+  for (int i = 3; i <= 10; ++i) add_stand(match.deliveries, {0, 1, 1, i});
+  add_stand(match.deliveries, {154, 221, 1, 11});
 }
 
 }  // namespace
@@ -171,7 +159,7 @@ void set_up_finished_match() {
   match.result_winner = "Alba";
   match.result_loser = "Tamar";
   fill_cards();
-  fill_falls();
+  fill_stands();
 }
 
 }  // namespace velorin::testing

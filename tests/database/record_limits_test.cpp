@@ -9,6 +9,7 @@
 #include "database/lasting_records.h"
 #include "database/limits_fixture.h"
 #include "database/slots.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 
 namespace velorin {
@@ -29,10 +30,10 @@ void bowl(bowling_card_rec& line) {
   line.wickets = 1;
 }
 
-void stand(fall_of_wicket_rec& fall) {
-  fall.partner_runs = 1;
-  fall.batsman_a = "one";
-  fall.batsman_b = "two";
+void stand(delivery_list& deliveries, batting_card_table& card) {
+  add_stand(deliveries, {1, 2, 1, 2});
+  card[1].name = "one";
+  card[2].name = "two";
 }
 
 /// A list of the record file with room for one line, what makes that line, and its message.
@@ -60,9 +61,16 @@ const std::vector<full_list> full_lists = {
     {"last of the lowest totals", 60, 12 + 4 + 5, "Alba",
      [](record_lists& lists) { lists.lowest_totals[15].total = 101; }, [] {}},
     {"first stand", 61, 24 + 3 + 3 + 5 + 4, "one", [](record_lists& lists) { lists.partnerships[1] = {}; },
-     [] { stand(match.fall_of_wicket[1]); }},
+     [] {
+       stand(match.deliveries, match.batting_card);
+       match.score_wickets = 1;
+     }},
     {"last stand", 70, 24 + 3 + 3 + 4 + 5, "one", [](record_lists& lists) { lists.partnerships[10] = {}; },
-     [] { stand(match.first_fall_of_wicket[10]); }},
+     [] {
+       for (int i = 1; i <= 9; ++i) add_stand(match.first_deliveries, {0, 1, 1, 2});
+       stand(match.first_deliveries, match.first_batting_card);
+       match.first_wickets = 10;
+     }},
 };
 
 /// Record lists that no match enters, with room for two teams that no total betters.

@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 
 #include "database/records_fixture.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 
 namespace velorin {
@@ -164,22 +165,24 @@ TEST_F(TopLists, TheBestStandOfEachWicket) {
   EXPECT_EQ(list[1].team, "Alba");
   EXPECT_EQ(list[1].against, "Tamar");
   EXPECT_EQ(list[1].venue, "Harbour Park");
-  EXPECT_EQ(list[2].batsman_a, "");
+  EXPECT_EQ(list[2].overs_text, "") << "the stand of the second innings comes first";
+  EXPECT_EQ(list[4].batsman_a, "A.Man1");
   EXPECT_EQ(list[4].batsman_b, "A.Man5 * ");
 }
 
 TEST_F(TopLists, AnEqualStandOfMoreBallsReplacesTheRecord) {
   update_records(match, data);
   set_up_quiet_match();
-  match.fall_of_wicket[1] = {.score = 150,
-                             .overs_text = {},
-                             .partner_runs = 150,
-                             .partner_balls = 180,
-                             .balls = 180,
-                             .batsman_a = "New",
-                             .batsman_b = "Pair"};
+  match.batting_card[1].name = "New";
+  match.batting_card[2].name = "Pair";
+  match.score_runs = 150;
+  match.score_wickets = 1;
+  match.innings_balls = 180;
+  add_stand(match.deliveries, {150, 180, 1, 2});
   EXPECT_EQ(updated().partnerships[1].batsman_a, "A.Man1");
-  match.fall_of_wicket[1].partner_balls = 182;
+  match.deliveries.clear();
+  match.innings_balls = 182;
+  add_stand(match.deliveries, {150, 182, 1, 2});
   const record_lists lists = updated();
   EXPECT_EQ(lists.partnerships[1].batsman_a, "New");
   EXPECT_EQ(lists.partnerships[1].team, "Tamar");
@@ -187,8 +190,10 @@ TEST_F(TopLists, AnEqualStandOfMoreBallsReplacesTheRecord) {
 }
 
 TEST_F(TopLists, TheSecondInningsComesFirstAmongTheStands) {
-  match.fall_of_wicket[1] = match.first_fall_of_wicket[1];
-  match.fall_of_wicket[1].batsman_a = "T.Man1";
+  match.deliveries = match.first_deliveries;
+  match.score_runs = match.first_total;
+  match.score_wickets = match.first_wickets;
+  match.innings_balls = match.first_balls;
   const record_lists lists = updated();
   EXPECT_EQ(lists.partnerships[1].batsman_a, "T.Man1");
   EXPECT_EQ(lists.partnerships[1].team, "Tamar");

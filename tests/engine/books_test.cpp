@@ -96,34 +96,6 @@ TEST_F(Books, OtherOutcomesCreditNothing) {
   }
 }
 
-TEST_F(Books, FallsOfWicketCountFromTheOneBefore) {
-  match.score_wickets = 1;
-  match.score_runs = 37;
-  match.innings_balls = 49;
-  record_fall_of_wicket(match);
-  const fall_of_wicket_rec& first = match.fall_of_wicket[1];
-  EXPECT_EQ(first.score, 37);
-  EXPECT_EQ(first.partner_runs, 37);
-  EXPECT_EQ(first.balls, 50);
-  EXPECT_EQ(first.partner_balls, 50);
-  EXPECT_EQ(first.batsman_a, "H.Bat5");
-  EXPECT_EQ(first.batsman_b, "H.Bat3");
-  EXPECT_EQ(first.overs_text, "");
-  match.striker = 5;
-  match.non_striker = 4;
-  match.score_wickets = 2;
-  match.innings_balls = 50;
-  record_fall_of_wicket(match);
-  const fall_of_wicket_rec& second = match.fall_of_wicket[2];
-  EXPECT_EQ(second.score, 37);
-  EXPECT_EQ(second.partner_runs, 0);
-  EXPECT_EQ(second.balls, 51);
-  EXPECT_EQ(second.partner_balls, 1);
-  EXPECT_EQ(second.batsman_a, "H.Bat4");
-  EXPECT_EQ(second.batsman_b, "H.Bat5");
-  EXPECT_EQ(match.fall_of_wicket[0].balls, 0);
-}
-
 TEST_F(Books, Bowled) {
   for (const int kind : {1, 11}) {
     EXPECT_EQ(dismiss(kind), dismissal::bowled) << kind;
@@ -253,9 +225,6 @@ TEST_F(Books, NamesComeFromTheElevensAndNotFromTheCards) {
   match.batting_card[5].name = "another";
   dismiss(1);
   EXPECT_EQ(striker().how_out, " b A.Bowl8");
-  match.score_wickets = 1;
-  record_fall_of_wicket(match);
-  EXPECT_EQ(match.fall_of_wicket[1].batsman_a, "H.Bat5");
 }
 
 TEST_F(Books, TheElevensAreReadInTheirOrder) {

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "engine/delivery_model.h"
@@ -113,29 +114,25 @@ TEST_F(CheckMatch, ByesAndLegByes) {
   expect_named("score_runs");
 }
 
-TEST_F(CheckMatch, StandsThatDoNotAddUp) {
-  match.fall_of_wicket[2].partner_runs += 1;
-  expect_named("fall_of_wicket 2: partner_runs");
-  match.fall_of_wicket[2].partner_runs -= 1;
-  match.fall_of_wicket[2].partner_balls += 1;
-  expect_named("fall_of_wicket 2: partner_balls");
+TEST_F(CheckMatch, DeliveriesOfMoreRunsThanTheScore) {
+  match.deliveries[1].runs += 1;
+  expect_named("deliveries: ");
+  expect_named("score_runs");
 }
 
-TEST_F(CheckMatch, AFallAfterTheInnings) {
-  match.fall_of_wicket[3].balls += 100;
-  match.fall_of_wicket[3].partner_balls += 100;
-  expect_named("fall_of_wicket 3: later");
-  match.fall_of_wicket[3].balls -= 100;
-  match.fall_of_wicket[3].partner_balls -= 100;
-  match.fall_of_wicket[3].score += 100;
-  match.fall_of_wicket[3].partner_runs += 100;
-  expect_named("fall_of_wicket 3: later");
+TEST_F(CheckMatch, DeliveriesOfMoreBallsThanTheInnings) {
+  const auto wide = std::find_if(match.deliveries.begin(), match.deliveries.end(),
+                                 [](const delivery& ball) { return !ball.counted; });
+  ASSERT_NE(wide, match.deliveries.end());
+  wide->counted = true;
+  expect_named("deliveries: ");
+  expect_named("innings_balls");
 }
 
-TEST_F(CheckMatch, AFallBeforeTheOneBefore) {
-  match.fall_of_wicket[2].score = 0;
-  match.fall_of_wicket[2].partner_runs = -match.fall_of_wicket[1].score;
-  expect_named("fall_of_wicket 2: partner_runs");
+TEST_F(CheckMatch, DeliveriesOfMoreWicketsThanHaveFallen) {
+  match.deliveries[5].outcome = wicket;
+  expect_named("deliveries: ");
+  expect_named("score_wickets");
 }
 
 TEST_F(CheckMatch, PositionsOfTheBowlers) {

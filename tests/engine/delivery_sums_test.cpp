@@ -12,6 +12,7 @@
 #include "headless/headless_user.h"
 #include "model/innings_log.h"
 #include "model/random.h"
+#include "model/stands.h"
 #include "reports/worm_graph.h"
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
@@ -24,7 +25,7 @@ constexpr int matches = 200;
 /// The books of one innings.
 struct innings_books {
   const told_innings& innings;
-  const fall_of_wicket_table& falls;
+  fall_of_wicket_table falls;
   int no_balls = 0;
   int wides = 0;
   int byes = 0;
@@ -190,9 +191,9 @@ class recounting_user : public headless_user {
     ++looked;
     const told_innings before = innings_before(match);
     const told_innings now = innings_in_play(match);
-    check_innings({before, match.first_fall_of_wicket, match.first_no_balls, match.first_wides, match.first_byes,
-                   match.first_leg_byes});
-    check_innings({now, match.fall_of_wicket, match.innings_no_balls, match.innings_wides, match.innings_byes,
+    check_innings(
+        {before, falls_before(match), match.first_no_balls, match.first_wides, match.first_byes, match.first_leg_byes});
+    check_innings({now, falls_in_play(match), match.innings_no_balls, match.innings_wides, match.innings_byes,
                    match.innings_leg_byes});
     check_worm(before);
     check_worm(now);

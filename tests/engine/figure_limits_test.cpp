@@ -44,8 +44,6 @@ std::ostream& operator<<(std::ostream& out, const near_limit& limit) { return ou
 
 batting_card_rec& striker() { return match.batting_card[match.striker]; }
 bowling_card_rec& bowler() { return match.bowling_card[match.bowler]; }
-fall_of_wicket_rec& fall() { return match.fall_of_wicket[1]; }
-fall_of_wicket_rec& before() { return match.fall_of_wicket[0]; }
 
 const std::vector<near_limit> limits = {
     {"batting_card.runs", "", [] { return &striker().runs; }, last - 5, hit(6), last + 1, "H.Bat1"},
@@ -68,17 +66,6 @@ const std::vector<near_limit> limits = {
     {"innings_leg_byes", "", [] { return &match.innings_leg_byes; }, last - 1, off_the_pad(leg_byes, 4), last + 3,
      "Home"},
     {"innings_byes", "", [] { return &match.innings_byes; }, last - 2, off_the_pad(byes, 3), last + 1, "Home"},
-    {"fall_of_wicket.score", "", [] { return &fall().score; }, 7, out(), last + 1, "H.Bat1",
-     [] { match.score_runs = last + 1; }},
-    {"fall_of_wicket.partner_runs", "", [] { return &fall().partner_runs; }, 7, out(), last + 1, "H.Bat1",
-     [] {
-       match.score_runs = 1;
-       before().score = -last;
-     }},
-    {"fall_of_wicket.balls", "", [] { return &fall().balls; }, 7, out(), last + 1, "H.Bat1",
-     [] { match.innings_balls = last; }},
-    {"fall_of_wicket.partner_balls", "", [] { return &fall().partner_balls; }, 7, out(), last + 1, "H.Bat1",
-     [] { before().balls = 2 - last - 1; }},
 };
 
 /// Plays in a folder that has careers and records, with updates on.
@@ -193,7 +180,6 @@ TEST_F(FigureLimits, MaidensAndTheClockCountOvers) {
 TEST_F(FigureLimits, TheTotalOfAnInnings) {
   open_match();
   match.score_runs = last;
-  before().score = 10;
   match.innings_over_flag = true;
   match.next_step = play_step::innings_judged;
   take_steps(in_play());
@@ -204,19 +190,6 @@ TEST_F(FigureLimits, TheTotalOfAnInnings) {
   EXPECT_EQ(refusal([] { close_innings(match); }), does_not_fit(last + 1, "innings_total", "Home"));
   EXPECT_EQ(match.innings_total, 0);
   EXPECT_EQ(match.innings_number, 1) << "the innings has not changed";
-}
-
-TEST_F(FigureLimits, AnUnbrokenStand) {
-  open_match();
-  match.score_runs = 1;
-  before().score = -last;
-  EXPECT_EQ(refusal([] { change_innings(match); }), does_not_fit(last + 1, "fall_of_wicket.partner_runs", "H.Bat1"));
-  EXPECT_EQ(fall().partner_runs, 0);
-  open_match();
-  match.innings_balls = 1;
-  before().balls = -last;
-  EXPECT_EQ(refusal([] { close_books(match); }), does_not_fit(last + 1, "fall_of_wicket.partner_balls", "H.Bat1"));
-  EXPECT_EQ(fall().partner_balls, 0);
 }
 
 TEST_F(FigureLimits, TheNumberOfInnings) {

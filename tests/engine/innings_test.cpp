@@ -9,6 +9,7 @@
 #include "engine/delivery_model.h"
 #include "engine/match_fixture.h"
 #include "model/check_match.h"
+#include "model/stands.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
@@ -82,27 +83,27 @@ TEST_F(Innings, TheCardsChangePlaces) {
 
 TEST_F(Innings, TheUnbrokenStandIsRecorded) {
   play_first_innings(false, false);
-  const fall_of_wicket_rec& stand = match.first_fall_of_wicket[2];
+  const fall_of_wicket_rec stand = falls_before(match)[2];
   EXPECT_EQ(stand.batsman_a, "H.Bat1");
   EXPECT_EQ(stand.batsman_b, "H.Bat3 * ");
   EXPECT_EQ(stand.partner_runs, 6);
   EXPECT_EQ(stand.partner_balls, 4);
   EXPECT_EQ(stand.score, 0);
   EXPECT_EQ(stand.balls, 0);
-  EXPECT_EQ(match.first_fall_of_wicket[1].partner_runs, 16);
-  EXPECT_EQ(match.first_fall_of_wicket[1].balls, 296);
-  EXPECT_EQ(match.first_fall_of_wicket[3].batsman_a, "");
-  for (const fall_of_wicket_rec& fall : match.fall_of_wicket) EXPECT_EQ(fall.batsman_b, "");
+  EXPECT_EQ(falls_before(match)[1].partner_runs, 16);
+  EXPECT_EQ(falls_before(match)[1].balls, 296);
+  EXPECT_EQ(falls_before(match)[3].batsman_a, "");
+  for (const fall_of_wicket_rec& fall : falls_in_play(match)) EXPECT_EQ(fall.batsman_b, "");
 }
 
 TEST_F(Innings, AStrikerWhoIsTheLowerIsNamedTwice) {
   open(false, false);
   skip_to_over(50);
   play(times(5, hit(0)) + std::vector{hit(2)});
-  EXPECT_EQ(match.first_fall_of_wicket[1].batsman_a, "H.Bat1");
-  EXPECT_EQ(match.first_fall_of_wicket[1].batsman_b, "H.Bat1 * ");
-  EXPECT_EQ(match.first_fall_of_wicket[1].partner_runs, 2);
-  EXPECT_EQ(match.first_fall_of_wicket[1].partner_balls, 300);
+  EXPECT_EQ(falls_before(match)[1].batsman_a, "H.Bat1");
+  EXPECT_EQ(falls_before(match)[1].batsman_b, "H.Bat1 * ");
+  EXPECT_EQ(falls_before(match)[1].partner_runs, 2);
+  EXPECT_EQ(falls_before(match)[1].partner_balls, 300);
 }
 
 TEST_F(Innings, NineDownTheLastPairHasAStand) {
@@ -110,9 +111,9 @@ TEST_F(Innings, NineDownTheLastPairHasAStand) {
   skip_to_over(48);
   play(times(9, out()) + std::vector{hit(1)} + times(8, hit(0)));
   EXPECT_EQ(match.first_wickets, 9);
-  EXPECT_EQ(match.first_fall_of_wicket[10].batsman_a, "H.Bat8");
-  EXPECT_EQ(match.first_fall_of_wicket[10].partner_runs, 1);
-  EXPECT_EQ(match.first_fall_of_wicket[10].partner_balls, 9);
+  EXPECT_EQ(falls_before(match)[10].batsman_a, "H.Bat8");
+  EXPECT_EQ(falls_before(match)[10].partner_runs, 1);
+  EXPECT_EQ(falls_before(match)[10].partner_balls, 9);
   EXPECT_EQ(match.first_batting_card[8].how_out, "not out");
   EXPECT_EQ(match.first_batting_card[11].how_out, "not out");
 }
@@ -126,7 +127,7 @@ TEST_F(Innings, AllOutNobodyIsNotOut) {
     EXPECT_NE(match.first_batting_card[i].how, dismissal::not_out) << i;
   }
   EXPECT_EQ(match.first_batting_card[11].how_out, " b A.Bowl2");
-  EXPECT_EQ(match.first_fall_of_wicket[10].batsman_b, "H.Bat11");
+  EXPECT_EQ(falls_before(match)[10].batsman_b, "H.Bat11");
 }
 
 TEST_F(Innings, TheSecondInningsHasItsOwnMilestones) {

@@ -37,7 +37,7 @@ class Milestones : public match_test {
     match.bowling_card[8].name = "A.Bowl8";
     match.score_wickets = 2;
     match.score_runs = 70;
-    match.fall_of_wicket[2].score = 70;
+    match.last_wicket = {4, match.innings_number, 70};
     user.requests.clear();
   }
 
@@ -258,7 +258,7 @@ TEST_F(Milestones, AnotherPairIsAnotherStand) {
   match.score_runs = 70 + 50;
   check_and_tell();
   match.score_wickets = 3;
-  match.fall_of_wicket[3].score = 120;
+  match.last_wicket = {3, match.innings_number, 120};
   match.striker = 6;
   check_and_tell();
   EXPECT_EQ(user.requests.size(), 1U);
@@ -307,7 +307,7 @@ TEST_F(Milestones, TheFifthWicketIsAnnouncedOnItsBall) {
 TEST_F(Milestones, AStandThatEndsAtFiftyIsNoneAnyMore) {
   match.score_runs = 70 + 50;
   match.score_wickets = 3;
-  match.fall_of_wicket[3].score = 70 + 50;
+  match.last_wicket = {3, match.innings_number, 70 + 50};
   check_and_tell();
   EXPECT_THAT(user.requests, IsEmpty());
   EXPECT_THAT(filled(match.stand50_list), IsEmpty());

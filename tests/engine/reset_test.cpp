@@ -8,6 +8,7 @@
 #include "engine/delivery_model.h"
 #include "engine/match_fixture.h"
 #include "model/random.h"
+#include "model/stands.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
@@ -58,8 +59,9 @@ class Reset : public match_test {
                        &match.stand250_list, &match.stand300_list}) {
       (*list)[20] = "last";
     }
-    match.fall_of_wicket[10].batsman_a = "last";
-    match.first_fall_of_wicket[10].overs_text = "49.5";
+    match.last_stand_closed = true;
+    match.falls_shown = 3;
+    match.first_falls_shown = 10;
   }
 };
 
@@ -130,12 +132,15 @@ TEST_F(Reset, FallsLogsAndCommentary) {
   ASSERT_FALSE(match.first_deliveries.empty());
   ASSERT_FALSE(stored_commentary_lines(match).empty());
   reset_match(match);
-  for (const fall_of_wicket_table* falls : {&match.fall_of_wicket, &match.first_fall_of_wicket}) {
-    for (const fall_of_wicket_rec& fall : *falls) {
+  for (const fall_of_wicket_table& falls : {falls_in_play(match), falls_before(match)}) {
+    for (const fall_of_wicket_rec& fall : falls) {
       EXPECT_EQ(fall.batsman_a + fall.batsman_b + fall.overs_text, "");
       EXPECT_EQ(fall.score + fall.balls + fall.partner_runs + fall.partner_balls, 0);
     }
   }
+  EXPECT_FALSE(match.last_stand_closed);
+  EXPECT_EQ(match.falls_shown, -1);
+  EXPECT_EQ(match.first_falls_shown, -1);
   EXPECT_THAT(match.deliveries, IsEmpty());
   EXPECT_THAT(match.first_deliveries, IsEmpty());
   EXPECT_FALSE(match.commentary_stored);

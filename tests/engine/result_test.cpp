@@ -18,6 +18,7 @@
 #include "engine/over_play.h"
 #include "model/random.h"
 #include "model/run_time_error.h"
+#include "model/stands.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
@@ -91,7 +92,7 @@ TEST_F(Result, AllOutBelowTheTarget) {
   home_make(six_off_the_last());
   user.on_report = [](report) {
     EXPECT_EQ(match.score_wickets, 10);
-    EXPECT_EQ(match.fall_of_wicket[10].balls, 11);
+    EXPECT_EQ(falls_in_play(match)[10].balls, 11);
   };
   play(std::vector{hit(2)} + times(10, out()));
   expect_result("Home", "Away", "  won by  4  runs");

@@ -10,6 +10,7 @@
 #include "engine/match_fixture.h"
 #include "engine/over_play.h"
 #include "model/random.h"
+#include "model/stands.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
@@ -67,7 +68,7 @@ class Unattended : public match_test {
       const std::vector<std::string> entries = log_of_over(innings_in_play(match), over);
       lines.insert(lines.end(), entries.begin(), entries.end());
     }
-    for (const auto& fall : match.fall_of_wicket) lines.push_back(fall.batsman_a + fall.batsman_b);
+    for (const auto& fall : falls_in_play(match)) lines.push_back(fall.batsman_a + fall.batsman_b);
     for (const std::string& name : match.fifty_list) lines.push_back(name);
     for (const std::string& name : match.stand50_list) lines.push_back(name);
     for (const std::string& name : match.five_wicket_list) lines.push_back(name);

@@ -11,6 +11,7 @@
 #include "engine/delivery_model.h"
 #include "engine/match_fixture.h"
 #include "model/check_match.h"
+#include "model/stands.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
@@ -51,10 +52,10 @@ TEST_F(Wicket, BooksTheBall) {
   EXPECT_EQ(gone.how, dismissal::bowled);
   EXPECT_EQ(match.bowling_card[1].wickets, 1);
   EXPECT_EQ(match.bowling_card[1].balls, 2);
-  EXPECT_EQ(match.fall_of_wicket[1].score, 4);
-  EXPECT_EQ(match.fall_of_wicket[1].balls, 2);
-  EXPECT_EQ(match.fall_of_wicket[1].batsman_a, "H.Bat2");
-  EXPECT_EQ(match.fall_of_wicket[1].batsman_b, "H.Bat1");
+  EXPECT_EQ(falls_in_play(match)[1].score, 4);
+  EXPECT_EQ(falls_in_play(match)[1].balls, 2);
+  EXPECT_EQ(falls_in_play(match)[1].batsman_a, "H.Bat2");
+  EXPECT_EQ(falls_in_play(match)[1].batsman_b, "H.Bat1");
   EXPECT_FALSE(match.innings_over_flag);
   EXPECT_EQ(check_match(match), "");
 }
@@ -166,9 +167,9 @@ TEST_F(Wicket, TheManAtElevenOnStrikeEndsTheInnings) {
     EXPECT_EQ(match.score_wickets, 10);
     EXPECT_EQ(match.innings_wickets, 10);
     EXPECT_EQ(match.innings_balls, 11);
-    EXPECT_EQ(match.fall_of_wicket[10].batsman_b, "H.Bat11");
-    EXPECT_EQ(match.fall_of_wicket[10].batsman_a, "H.Bat2");
-    EXPECT_EQ(match.fall_of_wicket[10].balls, 11);
+    EXPECT_EQ(falls_in_play(match)[10].batsman_b, "H.Bat11");
+    EXPECT_EQ(falls_in_play(match)[10].batsman_a, "H.Bat2");
+    EXPECT_EQ(falls_in_play(match)[10].balls, 11);
     EXPECT_EQ(match.batting_card[11].how_out, " b A.Bowl2");
     EXPECT_EQ(match.batting_card[2].how_out, "");
     EXPECT_FALSE(match.innings_over_flag);
@@ -187,8 +188,8 @@ TEST_F(Wicket, TheManAtElevenAtTheOtherEndEndsTheInnings) {
     EXPECT_EQ(match.striker, 8);
     EXPECT_EQ(match.non_striker, 11);
     EXPECT_EQ(match.score_wickets, 10);
-    EXPECT_EQ(match.fall_of_wicket[10].batsman_b, "H.Bat8");
-    EXPECT_EQ(match.fall_of_wicket[10].batsman_a, "H.Bat11");
+    EXPECT_EQ(falls_in_play(match)[10].batsman_b, "H.Bat8");
+    EXPECT_EQ(falls_in_play(match)[10].batsman_a, "H.Bat11");
   };
   play(times(9, out()) + std::vector{hit(1), out()});
   EXPECT_EQ(user.requests_of("report").size(), 1U);

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/match_scenes.h"
 
+#include <cstdint>
+#include <vector>
+
 #include "database/configuration.h"
 #include "support/cards.h"
 #include "support/deliveries.h"
 #include "support/game_in_play.h"
-
 namespace velorin {
 
 namespace {
@@ -35,15 +37,36 @@ bowling_card_rec bowler(const char* name, int balls, int maidens, int runs, int 
   return card;
 }
 
-fall_of_wicket_rec fall(int score, int balls, int partner_runs, int partner_balls, const char* a, const char* b) {
-  fall_of_wicket_rec record;
-  record.score = score;
-  record.balls = balls;
-  record.partner_runs = partner_runs;
-  record.partner_balls = partner_balls;
-  record.batsman_a = a;
-  record.batsman_b = b;
-  return record;
+/// Gives each over its bowler.
+void share_overs(delivery_list& deliveries, const std::vector<int>& bowlers) {
+  for (delivery& ball : deliveries) ball.bowler = static_cast<std::uint8_t>(bowlers[ball.over - 1U]);
+}
+
+void play_south_isles_stands() {
+  delivery_list& deliveries = match.deliveries;
+  deliveries.clear();
+  add_stand(deliveries, {31, 42, 2, 1});
+  add_stand(deliveries, {0, 1, 3, 2});
+  add_stand(deliveries, {68, 77, 3, 4});
+  add_unbroken_stand(deliveries, {31, 16, 3, 5});
+  deliveries.push_back(ball_of_runs(1, {3, 5, 3}, 23, 5));
+  deliveries.push_back(wide_on(5, {3, 3, 5}, 23));
+  share_overs(deliveries, {11, 8, 9, 11, 8, 9, 11, 8, 9, 11, 8, 9, 11, 8, 9, 11, 8, 9, 11, 8, 11, 8, 3});
+}
+
+void play_northlands_stands() {
+  delivery_list& deliveries = match.first_deliveries;
+  deliveries.clear();
+  for (const stand_made& stand :
+       {stand_made{88, 94, 1, 2}, stand_made{21, 27, 1, 3}, stand_made{0, 1, 1, 4}, stand_made{53, 69, 1, 5},
+        stand_made{48, 47, 1, 6}, stand_made{16, 22, 7, 1}, stand_made{9, 8, 8, 7}, stand_made{3, 5, 9, 8},
+        stand_made{3, 4, 10, 9}, stand_made{20, 13, 11, 10}}) {
+    add_stand(deliveries, stand);
+  }
+  std::vector<int> bowlers;
+  for (int i = 0; i < 9; ++i) bowlers.insert(bowlers.end(), {11, 10, 9, 8, 5});
+  bowlers.insert(bowlers.end(), {10, 9, 8, 11});
+  share_overs(deliveries, bowlers);
 }
 
 /// The innings of South Isles in the fields of the innings in play.
@@ -64,9 +87,6 @@ void set_south_isles_innings() {
   match.batting_card[3] = batsman("C.Vanterpool", 102, 101, 11, 3);
   match.batting_card[4] = batsman("D.Sealing", 3, 9, 0, 0, dismissal::run_out, "F.Aldous");
   match.batting_card[5] = batsman("E.Marrack", 8, 6, 0, 1);
-  match.fall_of_wicket[1] = fall(31, 42, 31, 42, "B.Okell", "A.Tamuera");
-  match.fall_of_wicket[2] = fall(31, 43, 0, 1, "C.Vanterpool", "B.Okell");
-  match.fall_of_wicket[3] = fall(99, 120, 68, 77, "C.Vanterpool", "D.Sealing");
 }
 
 /// Northland's eleven bowl to South Isles. The table of bowlers is in the order in which they came on.
@@ -109,18 +129,6 @@ void set_northland_batting() {
   card[9] = batsman("I.Nettle", 1, 4, 0, 0, dismissal::bowled, "J.Abara");
   card[10] = batsman("J.Orme", 19, 16, 2, 1, dismissal::caught, "K.Stote", {4, "D.Sealing"});
   card[11] = batsman("K.Foss", 2, 4, 0, 0);  // nothing is written for the man whom the last wicket strands
-
-  fall_of_wicket_table& falls = match.first_fall_of_wicket;
-  falls[1] = fall(88, 94, 88, 94, "A.Harrow", "B.Lindqvist-Ramsden");
-  falls[2] = fall(109, 121, 21, 27, "A.Harrow", "C.Featherstonehaughs");
-  falls[3] = fall(109, 122, 0, 1, "A.Harrow", "D.Moss");
-  falls[4] = fall(162, 191, 53, 69, "A.Harrow", "E.Sandoval");
-  falls[5] = fall(210, 238, 48, 47, "A.Harrow", "F.Aldous");
-  falls[6] = fall(226, 260, 16, 22, "G.Bright", "A.Harrow");
-  falls[7] = fall(235, 268, 9, 8, "H.Ekwueme", "G.Bright");
-  falls[8] = fall(238, 273, 3, 5, "I.Nettle", "H.Ekwueme");
-  falls[9] = fall(241, 277, 3, 4, "J.Orme", "I.Nettle");
-  falls[10] = fall(261, 290, 20, 13, "K.Foss", "J.Orme");
 }
 
 void set_first_innings_of_northland() {
@@ -138,8 +146,7 @@ void set_first_innings_of_northland() {
   match.first_bowling_card[9] = bowler("I.Quennell", 60, 0, 52, 1);
   match.first_bowling_card[10] = bowler("J.Abara", 60, 3, 30, 3);
   match.first_bowling_card[11] = bowler("K.Stote", 56, 10, 23, 3);
-  match.first_deliveries = {ball_of_runs(4, {11, 1, 4}, 49, 1), ball_of_leg_byes(1, {11, 4, 1}, 49, 2),
-                            ball_of_wicket(dismissal::bowled, {11, 4, 1}, 5, 49, 3)};
+  play_northlands_stands();
   match.commentary_stored = true;
 }
 
@@ -151,7 +158,8 @@ void leave_the_last_pair_in() {
   put_out(card[11], dismissal::not_out);
   match.first_wickets = 9;
   match.first_balls = 300;
-  match.first_fall_of_wicket[10] = fall(0, 0, 20, 23, "J.Orme", "K.Foss * ");
+  match.first_deliveries.resize(match.first_deliveries.size() - 13);
+  add_unbroken_stand(match.first_deliveries, {20, 23, 10, 11}, 11);
 }
 
 void reports_test::SetUp() {
@@ -167,7 +175,7 @@ void set_first_innings_in_play() {
   match.team2_name = "Northland";
   set_south_isles_innings();
   set_northland_bowling();
-  match.deliveries = {ball_of_runs(0, {3, 5, 3}, 23, 4), ball_of_runs(1, {3, 5, 3}, 23, 5), wide_on(5, {3, 3, 5}, 23)};
+  play_south_isles_stands();
 }
 
 void set_second_innings_in_play() {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/partnerships.h"
 
+#include "model/stands.h"
 #include "reports/match_scenes.h"
 #include "reports/opened.h"
+#include "support/deliveries.h"
 #include "support/game_in_play.h"
 
 namespace velorin {
@@ -54,18 +56,18 @@ TEST_F(Partnerships, TheFirstStandStartsFromNothing) {
 
 TEST_F(Partnerships, AllOutHasNoCurrentStand) {
   for (int i = 1; i <= 10; ++i) {
-    match.fall_of_wicket[i].batsman_a = "A.Harrow";
-    match.fall_of_wicket[i].batsman_b = "D.Moss";
-    match.fall_of_wicket[i].balls = 6 * i;
+    match.batting_card[i].name = "A.Harrow";
+    add_stand(match.deliveries, {i == 10 ? 0 : 4, 6, 11, i});
   }
+  match.batting_card[11].name = "D.Moss";
   match.score_wickets = 10;
   match.striker = 11;
   match.non_striker = 9;
-  match.score_runs = 40;
-  match.innings_balls = 61;
+  match.score_runs = 36;
+  match.innings_balls = 60;
   const partnerships_form screen = opened<partnerships_form>();
   EXPECT_TRUE(screen.rows[10].visible);
-  EXPECT_EQ(screen.rows[10].partnership, "0 (0)");
+  EXPECT_EQ(screen.rows[10].partnership, "0 (6)");
   for (const partnership_row& row : screen.rows) EXPECT_EQ(row.partnership.find('*'), std::string::npos);
 }
 
@@ -79,16 +81,16 @@ TEST_F(Partnerships, NineDownPutsTheCurrentStandInTheLastRow) {
   EXPECT_TRUE(opened<partnerships_form>().rows[10].visible);
 }
 
-TEST_F(Partnerships, TheOversGoBackIntoTheRecords) {
+TEST_F(Partnerships, TheOversOfTheFallsAreToldOnceTheyHaveBeenShown) {
   set_second_innings_in_play();
   opened<partnerships_form>();
-  EXPECT_EQ(match.fall_of_wicket[1].overs_text, "7.0");
-  EXPECT_EQ(match.fall_of_wicket[2].overs_text, "7.1");
-  EXPECT_EQ(match.fall_of_wicket[4].overs_text, "0.0");
-  EXPECT_EQ(match.fall_of_wicket[0].overs_text, "");
-  EXPECT_EQ(match.first_fall_of_wicket[1].overs_text, "");
+  EXPECT_EQ(falls_in_play(match)[1].overs_text, "7.0");
+  EXPECT_EQ(falls_in_play(match)[2].overs_text, "7.1");
+  EXPECT_EQ(falls_in_play(match)[4].overs_text, "0.0");
+  EXPECT_EQ(falls_in_play(match)[0].overs_text, "");
+  EXPECT_EQ(falls_before(match)[1].overs_text, "");
   opened<first_partnerships_form>();
-  EXPECT_EQ(match.first_fall_of_wicket[10].overs_text, "48.2");
+  EXPECT_EQ(falls_before(match)[10].overs_text, "48.2");
 }
 
 TEST_F(Partnerships, FirstInningsAllOut) {
@@ -107,16 +109,11 @@ TEST_F(Partnerships, FirstInningsAllOut) {
 
 TEST_F(Partnerships, TheUnbrokenStandOfTheFirstInningsShowsNoScore) {
   set_second_innings_in_play();
-  fall_of_wicket_rec& stand = match.first_fall_of_wicket[10];
-  stand = {};
-  stand.batsman_a = "J.Orme";
-  stand.batsman_b = "K.Foss * ";
-  stand.partner_runs = 20;
-  stand.partner_balls = 13;
+  leave_the_last_pair_in();
   const partnership_row row = opened<first_partnerships_form>().rows[10];
   EXPECT_TRUE(row.visible);
   EXPECT_EQ(row.batsmen, "J.Orme  &&  K.Foss * ");
-  EXPECT_EQ(row.partnership, "20 (13)");
+  EXPECT_EQ(row.partnership, "20 (23)");
   EXPECT_EQ(row.score, "");
   EXPECT_EQ(row.overs, "");
   EXPECT_EQ(row.wicket, "10");
@@ -125,7 +122,7 @@ TEST_F(Partnerships, TheUnbrokenStandOfTheFirstInningsShowsNoScore) {
 TEST_F(Partnerships, FirstInningsHasNoCurrentStand) {
   set_second_innings_in_play();
   match.score_wickets = 0;
-  match.first_fall_of_wicket = {};
+  match.first_deliveries.clear();
   for (const partnership_row& row : opened<first_partnerships_form>().rows) EXPECT_FALSE(row.visible);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/deliveries.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <stdexcept>
 #include <string>
@@ -26,6 +27,25 @@ delivery by_men(const men_at_work& men, int over, int ball, int outcome) {
 delivery with_extras(delivery ball, int extras) {
   ball.extras = small(extras);
   return ball;
+}
+
+/// The over and the place of the ball that follows those that count.
+delivery next_ball(const delivery_list& deliveries, delivery ball) {
+  const auto counted = std::count_if(deliveries.begin(), deliveries.end(), [](const delivery& b) { return b.counted; });
+  ball.over = static_cast<std::uint8_t>(counted / 6 + 1);
+  ball.ball = static_cast<std::uint8_t>(counted % 6 + 1);
+  return ball;
+}
+
+/// The balls of a stand but for the last one, which ends it.
+void add_runs(delivery_list& deliveries, const stand_made& stand, int bowler) {
+  int runs = stand.runs;
+  for (int i = 1; i < stand.balls; ++i) {
+    const int off_the_bat = runs >= 6 ? 6 : std::min(runs, 4);
+    runs -= off_the_bat;
+    deliveries.push_back(next_ball(deliveries, ball_of_runs(off_the_bat, {bowler, stand.striker, stand.non_striker})));
+  }
+  if (runs > 0) throw std::invalid_argument("a stand of too many runs for its balls");
 }
 
 delivery uncounted(delivery ball) {
@@ -58,6 +78,18 @@ delivery ball_of_wicket(dismissal how, men_at_work men, int next_batsman, int ov
   made.how = how;
   made.next_batsman = small(next_batsman);
   return made;
+}
+
+void add_stand(delivery_list& deliveries, stand_made stand, int bowler) {
+  add_runs(deliveries, stand, bowler);
+  const men_at_work men = {bowler, stand.striker, stand.non_striker};
+  deliveries.push_back(next_ball(deliveries, ball_of_wicket(dismissal::bowled, men)));
+}
+
+void add_unbroken_stand(delivery_list& deliveries, stand_made stand, int bowler) {
+  add_runs(deliveries, stand, bowler);
+  const men_at_work men = {bowler, stand.striker, stand.non_striker};
+  deliveries.push_back(next_ball(deliveries, ball_of_runs(0, men)));
 }
 
 void add_over(delivery_list& deliveries, int over, std::initializer_list<std::string_view> entries, men_at_work men) {
