@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QEventLoop>
 #include <QHBoxLayout>
 #include <QHideEvent>
 #include <QKeyEvent>
@@ -17,6 +18,7 @@
 
 #include "desktop/body_area.h"
 #include "desktop/controls.h"
+#include "desktop/frame.h"
 #include "desktop/ground_picture.h"
 #include "desktop/modality.h"
 #include "desktop/preferences.h"
@@ -45,7 +47,7 @@ void name_act(QAbstractButton& button, const Act& act) {
 }
 
 QWidget* front_window() {
-  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (QWidget* waiting = waiting_window()) return waiting;
   if (QWidget* active = QApplication::activeWindow()) return active;
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->isVisible() && window->isWindow()) return window;
@@ -53,10 +55,15 @@ QWidget* front_window() {
   return nullptr;
 }
 
+namespace {
+
+constexpr Qt::WindowFlags window_flags = Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                         Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint;
+
+}  // namespace
+
 Form::Form(const QString& name, Dismissal dismissal, QWidget* parent)
-    : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
-                          Qt::WindowCloseButtonHint),
-      dismissal_(dismissal) {
+    : QDialog(parent, window_flags), frame_(frame_of(parent)), dismissal_(dismissal) {
   keep_covered_windows_dead();
   setObjectName(name);
   setModal(true);
@@ -106,7 +113,106 @@ Form::Form(const QString& name, Dismissal dismissal, QWidget* parent)
   rows->addWidget(foot_);
 }
 
-Form::~Form() = default;
+Form::~Form() {
+  if (in_frame_ && frame_) frame_->forget(*this);
+  if (loop_ != nullptr) loop_->quit();
+}
+
+void Form::stand_as(Place place, const QString& about) {
+  place_ = place;
+  about_ = about;
+}
+
+void Form::setVisible(bool visible) {
+  if (moving_ || !frame_) return QDialog::setVisible(visible);
+  const bool enters = visible && !in_frame_;
+  if (enters) {
+    in_frame_ = true;
+    frame_->enter(*this);
+  }
+  QDialog::setVisible(visible);
+  if (enters) frame_->entered();
+  if (visible || !in_frame_) return;
+  in_frame_ = false;
+  frame_->leave(*this);
+  if (loop_ != nullptr) loop_->quit();
+}
+
+int Form::exec() {
+  if (!frame_) return QDialog::exec();
+  setResult(Rejected);
+  show();
+  if (!in_frame_) return result();
+  const QPointer<Form> alive(this);
+  QEventLoop loop;
+  loop_ = &loop;
+  loop.exec(QEventLoop::DialogExec);
+  if (!alive) return Rejected;
+  loop_ = nullptr;
+  return result();
+}
+
+QSize Form::wanted_size() const { return sizeHint().expandedTo(preferred_); }
+
+QSize Form::size_within(QSize most) {
+  fit_into(most);
+  const QSize wanted = wanted_size().boundedTo(most);
+  if (!layout()->hasHeightForWidth()) return wanted;
+  return {wanted.width(), std::clamp(layout()->totalHeightForWidth(wanted.width()), wanted.height(), most.height())};
+}
+
+void Form::stand_alone(std::function<void()> back) {
+  moving_ = true;
+  if (return_bar_ == nullptr) {
+    return_bar_ = new QWidget(this);
+    return_bar_->setObjectName(QStringLiteral("return_bar"));
+    auto* row = new QHBoxLayout(return_bar_);
+    row->setContentsMargins(12, 6, 12, 6);
+    auto* button = new QPushButton(return_bar_);
+    button->setObjectName(QStringLiteral("put_back"));
+    button->setAutoDefault(false);
+    name_act(*button, {.caption = QStringLiteral("Put back"),
+                       .key = QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W),
+                       .hint = QStringLiteral("Shows this page in the main window again")});
+    connect(button, &QPushButton::clicked, this, [back = std::move(back)] { back(); });
+    row->addStretch(1);
+    row->addWidget(button);
+    static_cast<QVBoxLayout&>(*layout()).insertWidget(0, return_bar_);
+  }
+  return_bar_->show();
+  placed_ = false;
+  setParent(frame_, window_flags);
+  QDialog::setVisible(true);
+  moving_ = false;
+}
+
+void Form::come_back(QWidget* slot) {
+  moving_ = true;
+  preferences::set_geometry(objectName(), saveGeometry());
+  return_bar_->hide();
+  setParent(slot, Qt::Widget);
+  QDialog::setVisible(true);
+  moving_ = false;
+}
+
+void Form::rest(QWidget* hidden) {
+  moving_ = true;
+  if (return_bar_ != nullptr) return_bar_->hide();
+  setParent(hidden, Qt::Widget);
+  moving_ = false;
+}
+
+void Form::fit_into(QSize room) {
+  widest_ = room.width();
+  lay_out_foot();
+  int others = 0;
+  for (int i = 0; i < layout()->count(); ++i) {
+    const QLayoutItem* item = layout()->itemAt(i);
+    if (item->widget() != area_ && !item->isEmpty()) others += item->minimumSize().height();
+  }
+  area_->set_room({room.width(), std::max(0, room.height() - others)});
+  layout()->activate();
+}
 
 void Form::set_title(const QString& title, const QString& heading) {
   setWindowTitle(title);
@@ -191,7 +297,7 @@ bool Form::event(QEvent* event) {
     QTimer::singleShot(0, this, [this] { make_room(); });
   }
   // The desktop may have put something else around the window than was expected.
-  if (event->type() == QEvent::WindowActivate && expected_ != frame()) {
+  if (event->type() == QEvent::WindowActivate && isWindow() && expected_ != frame()) {
     QTimer::singleShot(0, this, [this] { stay_on_screen(); });
   }
   return QDialog::event(event);
@@ -247,28 +353,23 @@ void Form::lay_out_foot() {
 }
 
 void Form::resizeEvent(QResizeEvent* event) {
-  lay_out_foot();
+  if (isWindow()) {
+    lay_out_foot();
+  } else {
+    fit_into(size());
+  }
   QDialog::resizeEvent(event);
 }
 
 void Form::measure_room() {
   const QScreen* at = screen();
   if (at == nullptr) return;
-  const QSize room = at->availableSize().shrunkBy(frame());
-  widest_ = room.width();
-  lay_out_foot();
-  int others = 0;
-  for (int i = 0; i < layout()->count(); ++i) {
-    const QLayoutItem* item = layout()->itemAt(i);
-    if (item->widget() != area_ && !item->isEmpty()) others += item->minimumSize().height();
-  }
-  area_->set_room({room.width(), std::max(0, room.height() - others)});
-  layout()->activate();
+  fit_into(at->availableSize().shrunkBy(frame()));
 }
 
 void Form::stay_on_screen() {
   const QScreen* at = screen();
-  if (at == nullptr || isMaximized() || isFullScreen() || !isVisible()) return;
+  if (at == nullptr || !isWindow() || isMaximized() || isFullScreen() || !isVisible()) return;
   const QRect room = at->availableGeometry();
   const QMargins around = frame();
   expected_ = around;
@@ -287,13 +388,16 @@ void Form::grow() {
 }
 
 void Form::make_room() {
-  if (!isVisible() || isMaximized() || isFullScreen() || !area_->wants_room()) return;
+  if (!isVisible() || isMaximized() || isFullScreen()) return;
+  if (!isWindow() && frame_) return frame_->arrange();
+  if (!area_->wants_room()) return;
   measure_room();
   grow();
   stay_on_screen();
 }
 
 void Form::showEvent(QShowEvent* event) {
+  if (!isWindow()) return QWidget::showEvent(event);
   placing_ = !event->spontaneous();
   if (placing_) measure_room();
   if (!placed_ && !event->spontaneous()) {
@@ -312,7 +416,7 @@ void Form::showEvent(QShowEvent* event) {
 }
 
 void Form::hideEvent(QHideEvent* event) {
-  if (!event->spontaneous()) preferences::set_geometry(objectName(), saveGeometry());
+  if (isWindow() && !event->spontaneous()) preferences::set_geometry(objectName(), saveGeometry());
   QDialog::hideEvent(event);
 }
 

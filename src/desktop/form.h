@@ -3,9 +3,11 @@
 
 #include <QDialog>
 #include <QKeySequence>
+#include <QPointer>
 #include <functional>
 
 class QAbstractButton;
+class QEventLoop;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -14,6 +16,7 @@ class QVBoxLayout;
 namespace velorin {
 
 class BodyArea;
+class Frame;
 
 /// What a control does, as its user reads it.
 struct Act {
@@ -30,19 +33,28 @@ void name_act(QAbstractButton& button, const Act& act);
 /// The window that modal windows open over: the one on top now, nullptr before there is any.
 QWidget* front_window();
 
-/// The base of all windows: a heading, a body, a row of buttons; remembers its place and size under its name, and opens
-/// on the screen, frame and all. A body too large for the screen scrolls; the buttons stay. While another window stands
-/// over it, its controls do nothing, whoever presses them.
+/// The base of all windows: a heading, a body, a row of buttons. A form that opens over one in the main window stands
+/// in it, too: as a page, beside the page below it, or as a sheet. Elsewhere it is a window of its own, which remembers
+/// its place and size under its name, and opens on the screen, frame and all. A body too large for its room scrolls;
+/// the buttons stay. While another form stands over it, its controls do nothing, whoever presses them.
 class Form : public QDialog {
   Q_OBJECT
 
  public:
   /// What Escape and the close box do: close the form as it stands, or nothing, since the game needs an answer.
   enum class Dismissal { closes, refused };
+  /// Where a form stands in the main window: it fills it; it stands beside the page below where there is room; it lies
+  /// over the page below.
+  enum class Place { page, beside, sheet };
 
   /// `name`: objectName of the window, and the key under which its geometry is remembered.
   Form(const QString& name, Dismissal dismissal, QWidget* parent = front_window());
   ~Form() override;
+
+  /// A page unless told. `about`: the name of the control below near which a sheet lies; in the middle without it.
+  void stand_as(Place place, const QString& about = {});
+  Place place() const { return place_; }
+  const QString& about() const { return about_; }
 
   /// The window's title, and the line in large type at the head of the form; an empty heading shows none.
   void set_title(const QString& title, const QString& heading);
@@ -76,7 +88,23 @@ class Form : public QDialog {
   /// Escape or the close box do this instead of closing; the form must close itself.
   void on_dismiss(std::function<void()> act) { dismissed_ = std::move(act); }
 
+  /// Escape or the close box can do something.
+  bool can_be_left() const { return dismissed_ != nullptr || dismissal_ == Dismissal::closes; }
+
+  void setVisible(bool visible) override;
+  int exec() override;
   void reject() override;
+
+  /// For the main window. The size at which the form opens, and that of a sheet with so much room around it.
+  QSize wanted_size() const;
+  QSize size_within(QSize most);
+  /// The form leaves the main window for a window of its own, with a button that calls `back`; returns to its slot;
+  /// has closed, and waits there, hidden, to be shown again or to go.
+  void stand_alone(std::function<void()> back);
+  void come_back(QWidget* slot);
+  void rest(QWidget* hidden);
+  /// Another form stands over it, or none any more.
+  void note_covered(bool covered) { show_busy(busy_ && !covered); }
 
  protected:
   bool event(QEvent* event) override;
@@ -104,6 +132,16 @@ class Form : public QDialog {
   void grow();
   /// Likewise on the screen, as far as it has room.
   void make_room();
+  /// The same for a form in the main window, whose size is given.
+  void fit_into(QSize room);
+
+  QPointer<Frame> frame_;  // the main window it belongs to, if any
+  bool in_frame_ = false;  // it has a layer there, torn off or not
+  bool moving_ = false;    // between the main window and a window of its own
+  QEventLoop* loop_ = nullptr;
+  Place place_ = Place::page;
+  QString about_;
+  QWidget* return_bar_ = nullptr;
 
   Dismissal dismissal_;
   std::function<void()> dismissed_;

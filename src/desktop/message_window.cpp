@@ -43,6 +43,7 @@ QPixmap icon_of(MessageWindow::Kind kind, qreal scale) {
 /// Fills the form with the icon, the title and the text.
 void lay_out(Form& form, const message_box& message, MessageWindow::Kind kind) {
   form.set_title(shown(message.title), {});
+  form.stand_as(Form::Place::sheet);
   form.setAccessibleDescription(shown(message.text));
   auto* row = new QHBoxLayout;
   row->setSpacing(16);

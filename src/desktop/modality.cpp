@@ -55,7 +55,15 @@ bool meant_enabled(const QWidget& widget) {
 /// Follows all windows of the program.
 class Modality : public QObject {
  public:
-  bool covers(const QWidget& widget) const { return !covered_.isEmpty() && covered_.contains(widget.window()); }
+  bool covers(const QWidget& widget) const {
+    if (covered_.isEmpty()) return false;
+    for (const QWidget* at = &widget; at != nullptr; at = at->isWindow() ? nullptr : at->parentWidget()) {
+      if (covered_.contains(at)) return true;
+    }
+    return false;
+  }
+  void cover(QWidget& root);
+  void uncover(QWidget& root);
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     auto* widget = qobject_cast<QWidget*>(watched);
@@ -76,8 +84,6 @@ class Modality : public QObject {
   }
 
  private:
-  void cover(QWidget& window);
-  void uncover(QWidget& window);
   bool paint(QWidget& widget, QEvent* event);
   bool let_press_pass(QWidget& widget, QEvent* event);
 
@@ -85,11 +91,11 @@ class Modality : public QObject {
   bool passing_ = false;  // an event is on its way to its widget
 };
 
-void Modality::cover(QWidget& window) {
-  if (covered_.contains(&window)) return;
+void Modality::cover(QWidget& root) {
+  if (covered_.contains(&root)) return;
   Covered kept;
   std::vector<QWidget*> all;
-  collect(window, all);
+  collect(root, all);
   for (QWidget* widget : all) {
     if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
       kept.views.emplace_back(view, view->selectionMode());
@@ -107,16 +113,16 @@ void Modality::cover(QWidget& window) {
     kept.deadened.emplace_back(widget);
     tell_assistants(*widget);
   }
-  connect(&window, &QObject::destroyed, this, [this, &window] { covered_.remove(&window); });
-  covered_.emplace(&window, std::move(kept));
+  connect(&root, &QObject::destroyed, this, [this, &root] { covered_.remove(&root); });
+  covered_.emplace(&root, std::move(kept));
 }
 
-void Modality::uncover(QWidget& window) {
-  const auto found = covered_.find(&window);
+void Modality::uncover(QWidget& root) {
+  const auto found = covered_.find(&root);
   if (found == covered_.end()) return;
   const Covered kept = std::move(*found);
   covered_.erase(found);
-  disconnect(&window, &QObject::destroyed, this, nullptr);
+  disconnect(&root, &QObject::destroyed, this, nullptr);
   for (const QMetaObject::Connection& text : kept.texts) disconnect(text);
   for (const auto& [view, mode] : kept.views) {
     if (view) view->setSelectionMode(mode);
@@ -128,8 +134,10 @@ void Modality::uncover(QWidget& window) {
   }
   // What the program enabled or disabled meanwhile takes hold now.
   std::vector<QWidget*> all;
-  collect(window, all);
-  for (QWidget* widget : all) widget->setEnabled(!widget->testAttribute(Qt::WA_ForceDisabled));
+  collect(root, all);
+  for (QWidget* widget : all) {
+    if (!covers(*widget)) widget->setEnabled(!widget->testAttribute(Qt::WA_ForceDisabled));
+  }
 }
 
 /// Paints a widget of a covered window as if nothing stood over it.
@@ -167,6 +175,15 @@ void keep_covered_windows_dead() {
   if (find_of_application<Modality>() != nullptr) return;
   qApp->installEventFilter(&of_application<Modality>());
   guard_access();
+}
+
+void cover(QWidget& form) {
+  keep_covered_windows_dead();
+  of_application<Modality>().cover(form);
+}
+
+void uncover(QWidget& form) {
+  if (auto* modality = find_of_application<Modality>()) modality->uncover(form);
 }
 
 bool is_covered(const QWidget& widget) {

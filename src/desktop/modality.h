@@ -14,4 +14,8 @@ void keep_covered_windows_dead();
 /// Whether a modal window stands over the window of this widget.
 bool is_covered(const QWidget& widget);
 
+/// The same for a form within a window: it is dead until it is uncovered. A second call does nothing.
+void cover(QWidget& form);
+void uncover(QWidget& form);
+
 }  // namespace velorin

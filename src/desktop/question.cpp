@@ -13,6 +13,7 @@ namespace velorin {
 QuestionWindow::QuestionWindow(const QString& name, const QString& title, const QString& text, QWidget* parent)
     : Form(name, Dismissal::closes, parent) {
   set_title(title, {});
+  stand_as(Place::sheet);
   setAccessibleDescription(text);
   body()->addWidget(new_named_label(QStringLiteral("title"), title, TextRole::heading));
   auto* words = new_named_label(QStringLiteral("text"), text);

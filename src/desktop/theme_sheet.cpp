@@ -15,6 +15,7 @@ constexpr const char* rules = R"(
 QWidget#head { background: @pitch; }
 QWidget#head QLabel { color: @on_pitch; }
 QWidget#head QLabel#subheading, QWidget#head QLabel[role="subheading"] { color: @on_pitch_muted; }
+QWidget#bar { background: @card_raised; border-bottom: 1px solid @line; }
 QWidget#foot { background: @card_raised; border-top: 1px solid @line; }
 QFrame[card="true"] { background: @card; border: 1px solid @line; border-radius: 8px; }
 QFrame[band="true"] { background: @card_raised; border: none; border-radius: 6px; }

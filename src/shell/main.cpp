@@ -10,6 +10,7 @@
 
 #include "competitions/game_state.h"
 #include "database/file_calls.h"
+#include "desktop/frame.h"
 #include "desktop/preferences.h"
 #include "desktop/theme.h"
 #include "shell/menu_window.h"
@@ -32,7 +33,9 @@ int main(int argc, char** argv) {
   apply_theme(preferences::appearance());
 
   QtFrontEnd shown_by(*game);
-  MenuWindow menu_window(shown_by);
+  Frame frame;
+  MenuWindow menu_window(shown_by, &frame);
+  frame.show();
   menu_window.show();
   QTimer::singleShot(0, &menu_window, &MenuWindow::start);
   return QApplication::exec();

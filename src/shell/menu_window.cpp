@@ -24,8 +24,8 @@
 
 namespace velorin {
 
-MenuWindow::MenuWindow(QtFrontEnd& shown_by)
-    : Form(QStringLiteral("opening"), Dismissal::refused, nullptr), shown_by_(shown_by) {
+MenuWindow::MenuWindow(QtFrontEnd& shown_by, QWidget* parent)
+    : Form(QStringLiteral("opening"), Dismissal::refused, parent), shown_by_(shown_by) {
   setModal(false);
   set_title(QStringLiteral("Velorin"), {});
   setMouseTracking(true);

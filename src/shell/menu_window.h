@@ -21,7 +21,8 @@ class MenuWindow : public Form {
   Q_OBJECT
 
  public:
-  explicit MenuWindow(QtFrontEnd& shown_by);
+  /// `parent`: the main window, in which it is the first page; without it the menu is a window of its own.
+  explicit MenuWindow(QtFrontEnd& shown_by, QWidget* parent = nullptr);
 
   /// The start of the program, once the form is on the screen: reads the settings; where there are none that can be
   /// read, asks for them.

@@ -19,6 +19,7 @@ constexpr std::chrono::milliseconds told_after{300};
 
 TurnWindow::TurnWindow(const std::filesystem::path& folder, QWidget* parent)
     : Form(QStringLiteral("waiting"), Dismissal::refused, parent) {
+  stand_as(Place::sheet);
   set_title(QStringLiteral("Waiting"), {});
   body()->addWidget(
       new_named_label(QStringLiteral("title"), QStringLiteral("Waiting for another program"), TextRole::heading));

@@ -14,6 +14,7 @@ namespace velorin {
 
 UnstoppedWindow::UnstoppedWindow(const match_state& match, std::function<void()> stop, QWidget* parent)
     : Form(QStringLiteral("unstopped"), Dismissal::refused, parent), match_(match) {
+  stand_as(Place::sheet);
   set_title(QStringLiteral("Playing"), {});
   title_ = new_named_label(QStringLiteral("match"), {}, TextRole::heading);
   score_ = new_named_label(QStringLiteral("score"), {}, TextRole::title);

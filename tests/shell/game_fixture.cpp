@@ -8,6 +8,7 @@
 #include "competitions/series.h"
 #include "competitions/tri_series.h"
 #include "competitions/world_cup.h"
+#include "desktop/frame.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "model/match_state.h"
@@ -60,7 +61,9 @@ void GameTest::play(const std::function<void(MenuWindow&)>& then) {
 
 void GameTest::play_shown_by(QtFrontEnd& shown_by, const std::function<void(MenuWindow&)>& then) {
   const front_end_scope in_use(shown_by);
-  MenuWindow menu(shown_by);
+  Frame frame;
+  MenuWindow menu(shown_by, &frame);
+  frame.show();
   menu.show();
   QTimer::singleShot(0, &menu, [&] {
     menu.start();

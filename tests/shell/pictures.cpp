@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Plays on a copy of the bundled database without a screen and takes the pictures of the README.
-//   velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark] [WIDTH HEIGHT]
+//   velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark|contrast] [WIDTH HEIGHT]
 #include <QApplication>
 #include <QComboBox>
 #include <QTemporaryDir>
@@ -12,6 +12,7 @@
 #include "competitions/world_cup.h"
 #include "competitions/world_cup_form.h"
 #include "database/configuration.h"
+#include "desktop/frame.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/theme.h"
@@ -29,9 +30,10 @@ namespace {
 QString folder;
 QSize size(1280, 800);
 
-void take(QWidget& window, const char* name, bool at_size) {
-  if (at_size) window.resize(size);
-  for (int round = 0; round < 4; ++round) QApplication::processEvents();
+/// A picture of the whole main window while this form is on top.
+void take(QWidget& form, const char* name) {
+  QWidget& window = *form.window();
+  for (int round = 0; round < 6; ++round) QApplication::processEvents();
   const QString path = QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name));
   if (!window.grab().save(path)) std::fprintf(stderr, "not written: %s\n", qPrintable(path));
 }
@@ -48,34 +50,34 @@ void picture_match(MenuWindow& menu) {
   ClickingUser user;
   user.robot.next("teamfrm", [](QWidget& window) {
     ClickingUser::choose_match(window, 0, 2, true, false);
-    take(window, "new-match", false);
+    take(window, "new-match");
     press(window, "accept");
   });
   user.robot.next("wecond", [](QWidget& window) {
-    take(window, "conditions", false);
+    take(window, "conditions");
     press(window, "accept");
   });
   user.robot.next("Teamsel", [](QWidget& window) {
     press(window, "auto_select");
-    take(window, "selection", false);
+    take(window, "selection");
     press(window, "accept_first_team");
   });
   bool taken = false;
   user.robot.always("main", [&](QWidget& window) {
     if (match.first_total == 0 || match.over_no < 31 || taken) return press(window, "next_over");
     taken = true;
-    take(window, "console", true);
+    take(window, "console");
     user.robot.next("scorecard", [](QWidget& card) {
-      take(card, "scorecard", false);
+      take(card, "scorecard");
       press(card, "show_overs_graph");
     });
     user.robot.next("graphs", [](QWidget& overs_graph) {
-      take(overs_graph, "graphs", false);
+      take(overs_graph, "graphs");
       press(overs_graph, "accept");
     });
     user.robot.next("scorecard", [](QWidget& card) { press(card, "show_worm_graph"); });
     user.robot.next("worms", [](QWidget& worm_graph) {
-      take(worm_graph, "worms", false);
+      take(worm_graph, "worms");
       press(worm_graph, "accept");
     });
     press(window, "show_scorecard");
@@ -87,17 +89,17 @@ void picture_world_cup(MenuWindow& menu) {
   chance.use_seed(5);
   ClickingUser user;
   user.robot.next("wctable", [](QWidget& window) {
-    take(window, "world-cup", false);
+    take(window, "world-cup");
     press(window, "accept");
   });
   int lists = 0;
   user.robot.always("wcsstab", [&](QWidget& window) {
-    if (lists == 27) take(window, "world-cup-tables", false);
+    if (lists == 27) take(window, "world-cup-tables");
     press(window, "accept");
   });
   user.robot.always("wc_fix", [&](QWidget& window) {
     ++lists;
-    if (lists == 14) take(window, "world-cup-fixtures", false);
+    if (lists == 14) take(window, "world-cup-fixtures");
     if (lists == 28) user.robot.next("quit_question", pressing("yes"));
     press(window, lists == 28 ? "quit" : "accept");
   });
@@ -112,7 +114,7 @@ void picture_profile(MenuWindow& menu) {
       list->setCurrentIndex(1);
       emit list->activated(1);
     }
-    take(window, "profile", false);
+    take(window, "profile");
     press(window, "accept");
   });
   open(menu, "other_records", "player_profiles");
@@ -121,11 +123,14 @@ void picture_profile(MenuWindow& menu) {
 void take_all() {
   QtFrontEnd shown_by(tested_game);
   const front_end_scope in_use(shown_by);
-  MenuWindow menu(shown_by);
+  Frame frame;
+  MenuWindow menu(shown_by, &frame);
+  frame.show();
+  frame.resize(size);
   menu.show();
   QTimer::singleShot(0, &menu, [&] {
     menu.start();
-    take(menu, "menu", false);
+    take(menu, "menu");
     picture_match(menu);
     picture_profile(menu);
     picture_world_cup(menu);
@@ -140,22 +145,23 @@ void take_all() {
 int main(int argc, char** argv) {
   using namespace velorin;
   if (argc < 3) {
-    std::fprintf(stderr,
-                 "usage: velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark] [WIDTH HEIGHT]\n");
+    std::fprintf(
+        stderr,
+        "usage: velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark|contrast] [WIDTH HEIGHT]\n");
     return 2;
   }
   // The usual screen of the offscreen platform is smaller than some windows.
   const QTemporaryDir own;
   const std::string screen = own.filePath(QStringLiteral("screen.json")).toStdString();
-  std::ofstream(screen) << R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 2560, "height": 1600,)"
+  std::ofstream(screen) << R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 4096, "height": 2304,)"
                         << R"( "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
   qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString("offscreen:configfile=" + screen));
   ::testing::InitGoogleTest();
   QApplication application(argc, argv);
   preferences::use_file(own.filePath(QStringLiteral("preferences.ini")));
   preferences::set_pace(Pace::instant);
-  const bool dark = argc > 3 && std::string(argv[3]) == "dark";
-  apply_theme(dark ? Appearance::dark : Appearance::light);
+  const std::string look = argc > 3 ? argv[3] : "light";
+  apply_theme(look == "dark" ? Appearance::dark : look == "contrast" ? Appearance::high_contrast : Appearance::light);
   velorin::testing::folder = QString::fromLocal8Bit(argv[1]);
   if (argc > 5) velorin::testing::size = QSize(std::atoi(argv[4]), std::atoi(argv[5]));
   std::filesystem::create_directories(argv[1]);

@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "desktop/frame.h"
 #include "desktop/program_end.h"
 
 namespace velorin::testing {
@@ -49,8 +50,9 @@ int Robot::left() const {
 
 void Robot::look() {
   look_soon();
-  QWidget* window = QApplication::activeModalWidget();
-  if (window == nullptr || !window->isVisible() || !window->isEnabled() || program_is_ending()) return;
+  QWidget* window = waiting_window();
+  if (window == nullptr || !window->isVisible() || !window->isModal() || !window->isEnabled() || program_is_ending())
+    return;
   if (std::find(answering_.begin(), answering_.end(), window) != answering_.end()) return;
   const std::string name = window->objectName().toStdString();
   met_.push_back(name);

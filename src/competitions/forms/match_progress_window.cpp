@@ -51,6 +51,7 @@ class MatchProgressWindow::Bar : public QWidget {
 
 MatchProgressWindow::MatchProgressWindow(QWidget* parent)
     : Form(QStringLiteral("Progressbar"), Dismissal::refused, parent), bar_(new Bar) {
+  stand_as(Place::sheet);
   setModal(false);
   setAttribute(Qt::WA_ShowWithoutActivating);
   setFocusPolicy(Qt::NoFocus);

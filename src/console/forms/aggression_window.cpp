@@ -17,6 +17,7 @@ namespace velorin {
 
 AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent)
     : Form(QStringLiteral("aggr"), Dismissal::closes, parent), form_(form) {
+  stand_as(Place::sheet);
   limit_body(720);
   set_title(QStringLiteral("Aggression"), shown(form.player_name));
   name_heading(QStringLiteral("player_name"));

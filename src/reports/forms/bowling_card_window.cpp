@@ -9,6 +9,7 @@ namespace velorin {
 
 BowlingCardWindow::BowlingCardWindow(const bowling_card_form& form, QWidget* parent)
     : Form(QStringLiteral("Bowlcard"), Dismissal::closes, parent) {
+  stand_as(Place::beside);
   lay_out_table(*this, shown(bowling_card_form::title), QStringLiteral("bowlers"), bowling_table(form));
 }
 

@@ -19,7 +19,9 @@ class Pages : public QStackedWidget {
 
 }  // namespace
 
-ChartForm::ChartForm(const QString& name, QWidget* parent) : Form(name, Dismissal::closes, parent) {}
+ChartForm::ChartForm(const QString& name, QWidget* parent) : Form(name, Dismissal::closes, parent) {
+  stand_as(Place::beside);
+}
 
 bool ChartForm::shows_table() const { return pages_->currentIndex() == 1; }
 

@@ -9,6 +9,7 @@ namespace velorin {
 
 FirstBowlingCardWindow::FirstBowlingCardWindow(const first_bowling_card_form& form, QWidget* parent)
     : Form(QStringLiteral("bowlcard2nd"), Dismissal::closes, parent) {
+  stand_as(Place::beside);
   lay_out_table(*this, shown(first_bowling_card_form::title), QStringLiteral("bowlers"), bowling_table(form));
 }
 

@@ -8,6 +8,7 @@ namespace velorin {
 
 FirstPartnershipsWindow::FirstPartnershipsWindow(const first_partnerships_form& form, QWidget* parent)
     : Form(QStringLiteral("partners2"), Dismissal::closes, parent) {
+  stand_as(Place::beside);
   const QString title = QStringLiteral("1st Innings Partnerships");
   lay_out_table(*this, title, QStringLiteral("stands"), stands_table(form, title));
 }

@@ -15,6 +15,7 @@ namespace velorin {
 
 FirstScorecardWindow::FirstScorecardWindow(front_end& user, const first_scorecard_form& form, QWidget* parent)
     : Form(QStringLiteral("scorecard2"), Dismissal::closes, parent), form_(form), user_(user) {
+  stand_as(Place::beside);
   set_title(QStringLiteral("Scorecard - 1st Innings"), shown(form_.batting_side));
   set_subheading(shown(form_.ground));
   name_head(*this, QStringLiteral("batting_side"), QStringLiteral("ground"));

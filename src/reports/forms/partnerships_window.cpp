@@ -8,6 +8,7 @@ namespace velorin {
 
 PartnershipsWindow::PartnershipsWindow(const partnerships_form& form, QWidget* parent)
     : Form(QStringLiteral("partners"), Dismissal::closes, parent) {
+  stand_as(Place::beside);
   const QString title = QStringLiteral("Partnerships");
   lay_out_table(*this, title, QStringLiteral("stands"), stands_table(form, title));
 }

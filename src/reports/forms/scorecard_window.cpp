@@ -53,6 +53,7 @@ constexpr Export exports[] = {
 
 ScorecardWindow::ScorecardWindow(const match_play& play, const scorecard_form& form, QWidget* parent)
     : Form(QStringLiteral("scorecard"), Dismissal::closes, parent), form_(form), chooser_(ask_for_file), play_(play) {
+  stand_as(Place::beside);
   set_title(QStringLiteral("Scorecard"), shown(form_.batting_side));
   set_subheading(shown(form_.ground));
   name_head(*this, QStringLiteral("batting_side"), QStringLiteral("ground"));

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <vector>
+
+class QLabel;
+class QPushButton;
+
+namespace velorin {
+
+class Form;
+
+/// The main window. Forms stand in it as layers, each over the one that opened it: pages fill it, reports stand beside
+/// the page they belong to where there is room, sheets lie over it. The layer on top alone takes input. A bar tells
+/// where one is, leads back, and shows the score while a match is on. A page can be torn off into a window of its own
+/// and put back; what opens from it then is a window, too.
+class Frame : public QWidget {
+  Q_OBJECT
+
+ public:
+  Frame();
+  ~Frame() override;
+
+  /// The score of the match that is on, seen over every page; empty while there is none.
+  void show_score(const QString& score);
+  /// The form that waits for its user, torn off or not; nullptr before there is any.
+  Form* top() const;
+  /// Whether the form on top stands in a window of its own.
+  bool is_torn_off(const Form& form) const;
+
+  /// Takes the page on top out of the frame into a window of its own.
+  void tear_off();
+  /// Takes it back.
+  void put_back(Form& form);
+
+  /// For forms: one of this frame is about to be shown; has been shown; has been hidden for good; is going; needs
+  /// another size.
+  void enter(Form& form);
+  void entered();
+  void leave(Form& form);
+  void forget(Form& form);
+  void arrange();
+
+  /// From this width on, reports stand beside their page.
+  static constexpr int least_width_for_two = 1280;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  class Slot;
+  struct Layer {
+    Form* form;
+    Slot* slot;
+    bool torn;
+    QPointer<QWidget> focus;  // what had the keyboard before another layer came
+  };
+
+  void add_bar();
+  void show_bar();
+  std::vector<Layer>::iterator layer_of(const Form& form);
+  void remove(std::vector<Layer>::iterator layer);
+  /// The layer that waits for the user; the end if there is none.
+  std::vector<Layer>::const_iterator top_layer() const;
+  /// The topmost layer that hides all below it.
+  std::size_t base() const;
+  bool stands_beside(const Layer& layer) const;
+  void place(std::size_t base);
+  void place_sheet(Layer& layer, const Form* below);
+  void give_focus();
+
+  std::vector<Layer> layers_;
+  QPointer<Form> focused_;  // the layer that got the keyboard last
+  QWidget* bar_ = nullptr;
+  QPushButton* back_ = nullptr;
+  QLabel* trail_ = nullptr;
+  QLabel* score_ = nullptr;
+  QPushButton* tear_off_ = nullptr;
+  QWidget* area_;
+  QWidget* shade_;
+  QWidget* resting_;  // hidden forms that may be shown again
+  bool placed_ = false;
+};
+
+/// The frame in which a widget stands, nullptr outside of one.
+Frame* frame_of(const QWidget* widget);
+
+/// The form or window that waits for its user now; nullptr if none does.
+QWidget* waiting_window();
+
+}  // namespace velorin
