@@ -71,6 +71,8 @@ Form::Form(const QString& name, Dismissal dismissal, QWidget* parent)
   rows->setContentsMargins(0, 0, 0, 0);
   rows->setSpacing(0);
 
+  add_return_bar();
+
   head_ = new QWidget(this);
   head_->setObjectName(QStringLiteral("head"));
   head_->setAttribute(Qt::WA_StyledBackground);
@@ -118,6 +120,30 @@ Form::~Form() {
   if (loop_ != nullptr) loop_->quit();
 }
 
+/// The row at the head of a form that stands in a window of its own.
+void Form::add_return_bar() {
+  return_bar_ = new QWidget(this);
+  return_bar_->setObjectName(QStringLiteral("return_bar"));
+  auto* row = new QHBoxLayout(return_bar_);
+  row->setContentsMargins(12, 6, 12, 6);
+  auto* button = new QPushButton(return_bar_);
+  button->setObjectName(QStringLiteral("put_back"));
+  button->setAutoDefault(false);
+  name_act(*button, {.caption = QStringLiteral("Put back"),
+                     .key = QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W),
+                     .hint = QStringLiteral("Shows this page in the main window again")});
+  connect(button, &QPushButton::clicked, this, [this] {
+    // What is called may be replaced by it.
+    if (const auto back = put_back_) back();
+  });
+  row->addStretch(1);
+  row->addWidget(button);
+  return_bar_->hide();
+  layout()->addWidget(return_bar_);
+}
+
+Frame* Form::main_window() const { return frame_; }
+
 void Form::stand_as(Place place, const QString& about) {
   place_ = place;
   about_ = about;
@@ -163,22 +189,7 @@ QSize Form::size_within(QSize most) {
 
 void Form::stand_alone(std::function<void()> back) {
   moving_ = true;
-  if (return_bar_ == nullptr) {
-    return_bar_ = new QWidget(this);
-    return_bar_->setObjectName(QStringLiteral("return_bar"));
-    auto* row = new QHBoxLayout(return_bar_);
-    row->setContentsMargins(12, 6, 12, 6);
-    auto* button = new QPushButton(return_bar_);
-    button->setObjectName(QStringLiteral("put_back"));
-    button->setAutoDefault(false);
-    name_act(*button, {.caption = QStringLiteral("Put back"),
-                       .key = QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W),
-                       .hint = QStringLiteral("Shows this page in the main window again")});
-    connect(button, &QPushButton::clicked, this, [back = std::move(back)] { back(); });
-    row->addStretch(1);
-    row->addWidget(button);
-    static_cast<QVBoxLayout&>(*layout()).insertWidget(0, return_bar_);
-  }
+  put_back_ = std::move(back);
   return_bar_->show();
   placed_ = false;
   setParent(frame_, window_flags);
@@ -197,7 +208,7 @@ void Form::come_back(QWidget* slot) {
 
 void Form::rest(QWidget* hidden) {
   moving_ = true;
-  if (return_bar_ != nullptr) return_bar_->hide();
+  return_bar_->hide();
   setParent(hidden, Qt::Widget);
   moving_ = false;
 }

@@ -56,6 +56,12 @@ class Form : public QDialog {
   Place place() const { return place_; }
   const QString& about() const { return about_; }
 
+  /// The main window in which it stands or is to stand; nullptr for a window of its own.
+  Frame* main_window() const;
+  /// The form tells the score of the match: the main window need not while the form is on top.
+  void show_score_itself() { shows_score_ = true; }
+  bool shows_score() const { return shows_score_; }
+
   /// The window's title, and the line in large type at the head of the form; an empty heading shows none.
   void set_title(const QString& title, const QString& heading);
   /// The heading stands for the control of this name.
@@ -118,6 +124,7 @@ class Form : public QDialog {
  private:
   QPushButton* new_button(const QString& name, const Act& act, std::function<void()> pressed);
 
+  void add_return_bar();
   void show_busy(bool on);
   /// What the desktop puts around the window; the usual before that is known.
   QMargins frame() const;
@@ -141,7 +148,9 @@ class Form : public QDialog {
   QEventLoop* loop_ = nullptr;
   Place place_ = Place::page;
   QString about_;
+  bool shows_score_ = false;
   QWidget* return_bar_ = nullptr;
+  std::function<void()> put_back_;
 
   Dismissal dismissal_;
   std::function<void()> dismissed_;

@@ -91,6 +91,7 @@ Frame::Frame() : area_(new QWidget(this)), shade_(new Shade(area_)), resting_(ne
   rows->addWidget(area_, 1);
   shade_->setObjectName(QStringLiteral("shade"));
   shade_->hide();
+  resting_->setObjectName(QStringLiteral("resting"));
   resting_->hide();
 }
 
@@ -118,7 +119,6 @@ void Frame::add_bar() {
     if (Form* form = top()) form->reject();
   });
   trail_ = new_named_label(QStringLiteral("trail"), {}, TextRole::muted, bar_);
-  trail_->setMinimumWidth(0);
   trail_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   score_ = new_named_label(QStringLiteral("frame_score"), {}, TextRole::strong, bar_);
   tear_off_ = new QPushButton(bar_);
@@ -137,7 +137,7 @@ void Frame::add_bar() {
 
 void Frame::show_score(const QString& score) {
   score_->setText(score);
-  score_->setVisible(!score.isEmpty());
+  show_bar();
 }
 
 std::vector<Frame::Layer>::const_iterator Frame::top_layer() const {
@@ -334,6 +334,7 @@ void Frame::show_bar() {
   trail_->setText(words);
   trail_->setToolTip(words);
   const bool page = form.place() != Form::Place::sheet && waiting != layers_.begin();
+  score_->setVisible(!score_->text().isEmpty() && !form.shows_score());
   back_->setEnabled(page && form.can_be_left());
   tear_off_->setEnabled(page && !waiting->torn);
   const QString title = title_of(form);
@@ -344,7 +345,8 @@ void Frame::give_focus() {
   const auto waiting = std::as_const(*this).top_layer();
   if (waiting == layers_.cend() || waiting->torn || focused_ == waiting->form) return;
   focused_ = waiting->form;
-  QWidget* wanted = waiting->focus && waiting->focus->isEnabled() ? waiting->focus.data() : waiting->form->focusWidget();
+  QWidget* wanted =
+      waiting->focus && waiting->focus->isEnabled() ? waiting->focus.data() : waiting->form->focusWidget();
   if (wanted == nullptr || !waiting->form->isAncestorOf(wanted)) {
     wanted = waiting->form;
     for (QWidget* at = wanted->nextInFocusChain(); at != wanted; at = at->nextInFocusChain()) {
@@ -389,16 +391,15 @@ void Frame::closeEvent(QCloseEvent* event) {
 void Frame::keyPressEvent(QKeyEvent* event) {
   // A key in the bar means the page below it, unless it presses one of its buttons.
   const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (auto* button = qobject_cast<QPushButton*>(focusWidget()); enters && button != nullptr && bar_->isAncestorOf(button)) {
+  if (auto* button = qobject_cast<QPushButton*>(focusWidget());
+      enters && button != nullptr && bar_->isAncestorOf(button)) {
     return button->click();
   }
   if (Form* form = top(); event->key() == Qt::Key_Escape && form != nullptr) return form->reject();
   QWidget::keyPressEvent(event);
 }
 
-Frame* frame_of(const QWidget* widget) {
-  return widget == nullptr ? nullptr : qobject_cast<Frame*>(widget->window());
-}
+Frame* frame_of(const QWidget* widget) { return widget == nullptr ? nullptr : qobject_cast<Frame*>(widget->window()); }
 
 QWidget* waiting_window() {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;

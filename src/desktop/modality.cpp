@@ -72,7 +72,7 @@ class Modality : public QObject {
         if (widget != nullptr && widget->isWindow()) cover(*widget);
         return false;
       case QEvent::WindowUnblocked:
-        if (widget != nullptr) uncover(*widget);
+        if (widget != nullptr && widget->isWindow()) uncover(*widget);
         return false;
       case QEvent::Paint:
         return widget != nullptr && paint(*widget, event);

@@ -16,12 +16,15 @@
 #include "competitions/world_cup_fixtures.h"
 #include "competitions/world_cup_tables.h"
 #include "console/captain_forms.h"
+#include "console/console_view.h"
 #include "console/forms/aggression_window.h"
 #include "console/forms/batsman_details_window.h"
 #include "console/forms/bowler_choice_window.h"
 #include "console/forms/next_batsman_window.h"
+#include "desktop/frame.h"
 #include "desktop/message_window.h"
 #include "desktop/program_end.h"
+#include "desktop/shown_text.h"
 #include "engine/forms/console_window.h"
 #include "engine/over_play.h"
 #include "reports/bowling_figures.h"
@@ -75,7 +78,18 @@ void QtFrontEnd::activity_over() {
 }
 
 void QtFrontEnd::refresh_console() {
-  if (console_ != nullptr) console_->refresh();
+  if (console_ == nullptr) return;
+  console_->refresh();
+  show_score();
+}
+
+void QtFrontEnd::show_score() {
+  if (!frame_) return;
+  if (console_ == nullptr) return frame_->show_score({});
+  const score_view view = view_score(game_.match);
+  const std::string chase = view.needed.empty() ? view.target : view.target + ", " + view.needed;
+  const std::string score = view.batting_short_name + "  " + view.score + "  " + view.overs;
+  frame_->show_score(shown(chase.empty() ? score : score + "   " + chase));
 }
 
 void QtFrontEnd::show(const message_box& message) {
@@ -130,9 +144,15 @@ void QtFrontEnd::show(batsman_details_form& form) {
 void QtFrontEnd::show(console_form& form) {
   ConsoleWindow window(game_.match, game_.data, form);
   struct Shown {
-    ConsoleWindow*& console;
-    ~Shown() { console = nullptr; }
-  } shown_console{console_ = &window};
+    QtFrontEnd& user;
+    ~Shown() {
+      user.console_ = nullptr;
+      user.show_score();
+    }
+  } shown_console{*this};
+  console_ = &window;
+  frame_ = window.main_window();
+  window.show_score_itself();
   run_modal(window);
 }
 

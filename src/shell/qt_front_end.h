@@ -14,6 +14,7 @@ namespace velorin {
 
 class ConsoleWindow;
 class Form;
+class Frame;
 class MatchProgressWindow;
 
 /// Shows the game in windows: each form modally, in the order in which the game asks. Every request raises ProgramEnds
@@ -57,9 +58,12 @@ class QtFrontEnd : public front_end {
  private:
   /// Brings the console up to date before a window opens over it.
   void refresh_console();
+  /// The score of the match in play, in the main window's bar; none without a console.
+  void show_score();
 
   game_state& game_;
   ConsoleWindow* console_ = nullptr;        // the one console, while a match is on
+  QPointer<Frame> frame_;                   // the main window in which it stands
   QPointer<Form> busy_;                     // the window below the progress: it takes no input meanwhile
   QPointer<MatchProgressWindow> progress_;  // while an unattended match runs; the window below it owns it
   UnstoppedPlay unstopped_;

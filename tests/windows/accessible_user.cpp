@@ -58,7 +58,7 @@ int act_on(QAccessibleInterface& control) {
 int try_everything(QWidget& window) {
   std::vector<QPointer<QWidget>> widgets;
   for (QWidget* widget : window.findChildren<QWidget*>()) {
-    if (widget->window() == &window) widgets.emplace_back(widget);
+    if (widget->window() == window.window()) widgets.emplace_back(widget);
   }
   int tried = 0;
   for (const QPointer<QWidget>& widget : widgets) {
@@ -71,7 +71,7 @@ int try_everything(QWidget& window) {
 QString state_of(const QWidget& window) {
   QStringList parts;
   for (const QWidget* widget : window.findChildren<QWidget*>()) {
-    if (widget->window() != &window) continue;
+    if (widget->window() != window.window()) continue;
     QString part = widget->objectName() + (widget->isVisible() ? u'+' : u'-');
     if (const auto* label = qobject_cast<const QLabel*>(widget)) part += label->text();
     if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
@@ -111,7 +111,8 @@ QAbstractButton* sibling_of(const QAbstractButton& button) {
 int check_toggles(QWidget& window) {
   int count = 0;
   for (QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
-    if (button->window() != &window || !button->isCheckable() || !button->isVisible() || !button->isEnabled()) continue;
+    if (button->window() != window.window() || !button->isCheckable() || !button->isVisible() || !button->isEnabled())
+      continue;
     SCOPED_TRACE(window.objectName().toStdString() + " " + button->objectName().toStdString());
     ++count;
     QAbstractButton* chosen = button->group() == nullptr ? nullptr : button->group()->checkedButton();

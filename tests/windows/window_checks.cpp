@@ -48,7 +48,7 @@ template <class Kind>
 QList<Kind*> visible(const QWidget& window) {
   QList<Kind*> found;
   for (Kind* widget : window.findChildren<Kind*>()) {
-    if (widget->isVisibleTo(&window) && !is_inner(*widget) && widget->window() == &window) found << widget;
+    if (widget->isVisibleTo(&window) && !is_inner(*widget) && widget->window() == window.window()) found << widget;
   }
   return found;
 }
@@ -101,7 +101,7 @@ bool takes_tab(const QWidget& widget) {
 QList<QWidget*> tab_chain(QWidget& window) {
   QList<QWidget*> chain;
   for (QWidget* at = window.nextInFocusChain(); at != nullptr && at != &window; at = at->nextInFocusChain()) {
-    if (at->window() == &window && takes_tab(*at) && !is_inner(*at)) chain << at;
+    if (window.isAncestorOf(at) && at->window() == window.window() && takes_tab(*at) && !is_inner(*at)) chain << at;
   }
   return chain;
 }
