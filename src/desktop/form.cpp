@@ -24,6 +24,7 @@
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
+#include "desktop/step_bar.h"
 
 namespace velorin {
 
@@ -239,6 +240,11 @@ void Form::show_picture() {
   auto* picture = new GroundPicture(QStringLiteral("picture"), head_);
   picture->setFixedWidth(180);
   head_->layout()->addWidget(picture);
+}
+
+void Form::show_steps(const std::vector<FlowStep>& steps, int current) {
+  auto& rows = static_cast<QVBoxLayout&>(*layout());
+  rows.insertWidget(rows.indexOf(head_) + 1, new StepBar(steps, current, this));
 }
 
 void Form::set_subheading(const QString& text) {

@@ -5,6 +5,7 @@
 #include <QKeySequence>
 #include <QPointer>
 #include <functional>
+#include <vector>
 
 class QAbstractButton;
 class QEventLoop;
@@ -17,6 +18,7 @@ namespace velorin {
 
 class BodyArea;
 class Frame;
+struct FlowStep;
 
 /// What a control does, as its user reads it.
 struct Act {
@@ -68,6 +70,8 @@ class Form : public QDialog {
   void name_heading(const QString& name);
   /// Puts the picture of the opening form beside the heading, for decoration.
   void show_picture();
+  /// Shows under the heading which step of a flow the form is, from 0, and what was chosen in the others.
+  void show_steps(const std::vector<FlowStep>& steps, int current);
   /// A quieter line under the heading; an empty text shows none.
   void set_subheading(const QString& text);
 

@@ -42,6 +42,7 @@
 #include "reports/worm_graph.h"
 #include "setup/conditions.h"
 #include "setup/forms/conditions_window.h"
+#include "setup/forms/set_up_steps.h"
 #include "setup/forms/team_selection_window.h"
 #include "setup/forms/toss_window.h"
 #include "setup/team_selection.h"
@@ -110,15 +111,23 @@ void QtFrontEnd::show(conditions_form& form) {
   play_begins();
   unstopped_.match_begins();
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
-  show_modally<ConditionsWindow>(form);
+  ConditionsWindow window(form);
+  show_set_up_steps(window, game_.match, SetUpStep::conditions);
+  run_modal(window);
 }
 
 void QtFrontEnd::show(team_selection_form& form) {
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
-  show_modally<TeamSelectionWindow>(form, game_.match);
+  TeamSelectionWindow window(game_.match, form);
+  show_set_up_steps(window, game_.match, SetUpStep::elevens);
+  run_modal(window);
 }
 
-void QtFrontEnd::show(toss_form& form) { show_modally<TossWindow>(form); }
+void QtFrontEnd::show(toss_form& form) {
+  TossWindow window(form);
+  show_set_up_steps(window, game_.match, SetUpStep::toss);
+  run_modal(window);
+}
 
 void QtFrontEnd::show(next_batsman_form& form) {
   refresh_console();

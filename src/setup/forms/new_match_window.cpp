@@ -18,6 +18,7 @@
 #include "desktop/shown_text.h"
 #include "model/match_state.h"
 #include "reports/worm_graph.h"
+#include "setup/forms/set_up_steps.h"
 #include "setup/new_match.h"
 
 namespace velorin {
@@ -54,6 +55,7 @@ NewMatchWindow::NewMatchWindow(match_state& match, new_match_form& form, QWidget
   form_.computer_captains_first = !captains.first_human;
   form_.computer_captains_second = !captains.second_human;
   set_title(QStringLiteral("New Match"), QStringLiteral("New Match"));
+  show_set_up_steps(*this, match, SetUpStep::teams);
   auto* teams = new QHBoxLayout;
   teams->setSpacing(16);
   const auto add_team = [&](const char* caption, char16_t mnemonic, QComboBox* list, const char* side, bool& cpu) {

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/step_bar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "desktop/controls.h"
+#include "desktop/theme.h"
+
+namespace velorin {
+
+namespace {
+
+/// The number of a step in a disc, ticked once it is done.
+class StepDisc : public QWidget {
+ public:
+  enum class State { done, current, ahead };
+
+  StepDisc(int number, State state) : number_(number), state_(state) { setFixedSize(28, 28); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    const Theme& t = theme();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF disc = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
+    painter.setPen(QPen(state_ == State::ahead ? t.muted : t.accent, 2));
+    painter.setBrush(state_ == State::current ? QBrush(t.accent) : QBrush(Qt::NoBrush));
+    painter.drawEllipse(disc);
+    if (state_ == State::done) {
+      painter.setPen(QPen(t.accent, 2.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+      const QPointF tick[] = {{9, 14.5}, {12.5, 18}, {19, 10.5}};
+      painter.drawPolyline(tick, 3);
+      return;
+    }
+    painter.setPen(state_ == State::current ? t.on_accent : t.muted);
+    painter.setFont(type_font(TypeStep::strong));
+    painter.drawText(disc, Qt::AlignCenter, QString::number(number_));
+  }
+
+ private:
+  int number_;
+  State state_;
+};
+
+/// Of a text too long for its place the end is left out; it stands whole in the tooltip.
+class ShortLabel : public QLabel {
+ public:
+  explicit ShortLabel(const QString& text) : whole_(text) {
+    setTextFormat(Qt::PlainText);
+    setProperty("role", QStringLiteral("muted"));
+    setFont(type_font(TypeStep::small));
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    setAccessibleName(text);
+    setToolTip(text);
+    setText(text);
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QLabel::resizeEvent(event);
+    setText(fontMetrics().elidedText(whole_, Qt::ElideRight, width()));
+  }
+
+ private:
+  QString whole_;
+};
+
+}  // namespace
+
+StepBar::StepBar(const std::vector<FlowStep>& steps, int current, QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("steps"));
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(24, 10, 24, 10);
+  row->setSpacing(24);
+  QStringList spoken;
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    const int number = static_cast<int>(i) + 1;
+    const auto state = static_cast<int>(i) < current    ? StepDisc::State::done
+                       : static_cast<int>(i) == current ? StepDisc::State::current
+                                                        : StepDisc::State::ahead;
+    auto* step = new QHBoxLayout;
+    step->setSpacing(8);
+    step->addWidget(new StepDisc(number, state), 0, Qt::AlignVCenter);
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(0);
+    texts->addWidget(new_named_label(QStringLiteral("step_%1").arg(number), steps[i].name,
+                                     state == StepDisc::State::ahead ? TextRole::muted : TextRole::strong));
+    auto* chosen = new ShortLabel(steps[i].chosen);
+    chosen->setObjectName(QStringLiteral("chosen_%1").arg(number));
+    texts->addWidget(chosen);
+    step->addLayout(texts, 1);
+    row->addLayout(step, 1);
+    if (!steps[i].chosen.isEmpty()) spoken << QStringLiteral("%1: %2").arg(steps[i].name, steps[i].chosen);
+  }
+  setAccessibleName(QStringLiteral("Step %1 of %2, %3. %4")
+                        .arg(current + 1)
+                        .arg(steps.size())
+                        .arg(steps[static_cast<std::size_t>(current)].name, spoken.join(QStringLiteral(". ")))
+                        .trimmed());
+}
+
+}  // namespace velorin

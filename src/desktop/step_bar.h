@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <vector>
+
+namespace velorin {
+
+/// A step of a flow: its name, and in a few words what was chosen in it so far.
+struct FlowStep {
+  QString name;
+  QString chosen;
+};
+
+/// Shows the steps of a flow side by side, what was chosen in each, and where one is. Takes no input.
+class StepBar : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// `current`: the step one is at, from 0.
+  StepBar(const std::vector<FlowStep>& steps, int current, QWidget* parent = nullptr);
+};
+
+}  // namespace velorin
