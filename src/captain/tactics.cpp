@@ -256,8 +256,10 @@ bool has_bowler_change_to_tell(const match_state& match) {
 }
 
 message_box bowler_change_message(const match_state& match) {
-  return {"Bowler Change", match.bowling_xi[match.bowler_change_out].name + " has been replaced by " +
-                               match.bowling_xi[match.bowler_change_in].name + " ."};
+  return {"Bowler Change",
+          match.bowling_xi[match.bowler_change_out].name + " has been replaced by " +
+              match.bowling_xi[match.bowler_change_in].name + " .",
+          message_kind::bowler_change};
 }
 
 void review_bowler(match_state& match) {

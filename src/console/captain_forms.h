@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "model/batsman_figures.h"
+#include "model/message_kind.h"
 #include "model/rules.h"
 
 // The dialogs of a human captain. A form is opened, changed through its fields as a user would, and closed by one of
@@ -113,6 +114,7 @@ struct batsman_details_form {
 
   std::string title;
   batsman_figures figures;
+  message_kind kind = message_kind::other;  ///< fall_of_wicket where the game tells of one
   bool closed = false;
 
   void accept() { closed = true; }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/frame.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -9,6 +10,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -120,6 +122,15 @@ void Frame::add_bar() {
   });
   trail_ = new_named_label(QStringLiteral("trail"), {}, TextRole::muted, bar_);
   trail_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  passing_ = new_named_label(QStringLiteral("passing"), {}, TextRole::strong, bar_);
+  passing_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  passing_->hide();
+  passed_ = new QTimer(this);
+  passed_->setSingleShot(true);
+  connect(passed_, &QTimer::timeout, this, [this] {
+    passing_->hide();
+    trail_->show();
+  });
   score_ = new_named_label(QStringLiteral("frame_score"), {}, TextRole::strong, bar_);
   tear_off_ = new QPushButton(bar_);
   tear_off_->setObjectName(QStringLiteral("tear_off"));
@@ -130,6 +141,7 @@ void Frame::add_bar() {
   connect(tear_off_, &QPushButton::clicked, this, [this] { tear_off(); });
   row->addWidget(back_);
   row->addWidget(trail_, 1);
+  row->addWidget(passing_, 1);
   row->addWidget(score_);
   row->addWidget(tear_off_);
   bar_->hide();
@@ -138,6 +150,19 @@ void Frame::add_bar() {
 void Frame::show_score(const QString& score) {
   score_->setText(score);
   show_bar();
+}
+
+void Frame::show_passing(const QString& text) {
+  constexpr int long_enough_to_read = 6000;  // milliseconds
+  passing_->setText(text);
+  passing_->setToolTip(text);
+  passing_->show();
+  trail_->hide();
+  passed_->start(long_enough_to_read);
+  if (!QAccessible::isActive()) return;
+  passing_->setAccessibleName(text);
+  QAccessibleEvent event(passing_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&event);
 }
 
 std::vector<Frame::Layer>::const_iterator Frame::top_layer() const {

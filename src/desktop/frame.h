@@ -7,6 +7,7 @@
 
 class QLabel;
 class QPushButton;
+class QTimer;
 
 namespace velorin {
 
@@ -25,6 +26,8 @@ class Frame : public QWidget {
 
   /// The score of the match that is on, seen over every page; empty while there is none.
   void show_score(const QString& score);
+  /// Shows in the bar, for some seconds, what is told without stopping; screen readers are told it.
+  void show_passing(const QString& text);
   /// The form that waits for its user, torn off or not; nullptr before there is any.
   Form* top() const;
   /// Whether the form on top stands in a window of its own.
@@ -80,6 +83,8 @@ class Frame : public QWidget {
   QWidget* bar_ = nullptr;
   QPushButton* back_ = nullptr;
   QLabel* trail_ = nullptr;
+  QLabel* passing_ = nullptr;
+  QTimer* passed_ = nullptr;  // what passes by goes when it fires
   QLabel* score_ = nullptr;
   QPushButton* tear_off_ = nullptr;
   QWidget* area_;

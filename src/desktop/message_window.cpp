@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/controls.h"
+#include "desktop/message_kinds.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
@@ -72,6 +73,7 @@ void lay_out(Form& form, const message_box& message, MessageWindow::Kind kind) {
 MessageWindow::MessageWindow(const message_box& message, Kind kind, QWidget* parent)
     : Form(QStringLiteral("message"), Dismissal::closes, parent) {
   lay_out(*this, message, kind);
+  add_pass_by(*this, message.kind);
   auto* ok = add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
                                 [this] { accept(); });
   ok->setFocus();

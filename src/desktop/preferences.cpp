@@ -30,6 +30,14 @@ int number(const QString& key, int highest, int otherwise) {
 
 QString unstopped_key(const QString& form) { return QStringLiteral("without_stopping/") + form; }
 
+/// The names stand in users' files, and do not change.
+QString message_key(message_kind kind) {
+  constexpr const char* names[] = {"other",           "toss_call",      "opening_bowlers",   "bowler_change",
+                                   "full_quota",      "fall_of_wicket", "batting_milestone", "bowling_milestone",
+                                   "stand_milestone", "end_of_innings", "end_of_match"};
+  return QStringLiteral("stops_for/") + QLatin1String(names[static_cast<std::size_t>(kind)]);
+}
+
 }  // namespace
 
 void use_file(const QString& path) {
@@ -53,6 +61,9 @@ void set_captains(Captains chosen) {
   settings().setValue(QStringLiteral("captains/first_human"), chosen.first_human ? 1 : 0);
   settings().setValue(QStringLiteral("captains/second_human"), chosen.second_human ? 1 : 0);
 }
+
+bool stops_for(message_kind kind) { return number(message_key(kind), 1, 1) == 1; }
+void set_stops_for(message_kind kind, bool on) { settings().setValue(message_key(kind), on ? 1 : 0); }
 
 QByteArray geometry(const QString& window) {
   return settings().value(QStringLiteral("windows/") + window).toByteArray();

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include "model/message_kind.h"
+
 // What the windows remember of their user from one run to the next: sizes, appearance, pace. The game's own settings
 // are not among it: they stand in options.mc. All here requires the application object; what has changed is written at
 // the latest when that goes.
@@ -41,6 +43,10 @@ void set_plays_without_stopping(const QString& form, bool on);
 /// Who captains the sides of a new match: at first the user the first team, the computer the second.
 Captains captains();
 void set_captains(Captains chosen);
+
+/// Whether the game stops for messages of this kind, or lets them pass by; true at first.
+bool stops_for(message_kind kind);
+void set_stops_for(message_kind kind, bool on);
 
 /// Place and size of a window; empty before it was first closed.
 QByteArray geometry(const QString& window);

@@ -145,6 +145,7 @@ void tell_wicket(const match_state& match, front_end& user) {
   form.title = "Fall Of Wicket";
   form.figures = figures_of(out);
   form.figures.title = form.title;
+  form.kind = message_kind::fall_of_wicket;
   form.figures.headline = out.name + " " + out.fielder + " " + out.how_out + "  " + number_text(int(out.runs)) + " (" +
                           number_text(int(out.balls)) + ").";
   user.show(form);

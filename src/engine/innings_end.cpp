@@ -138,7 +138,7 @@ void conclude(match_state& match) {
 }
 
 void tell_match_end(const match_state& match, front_end& user) {
-  user.show(message_box{"End of Match", verdict_on(match).message});
+  user.show(message_box{"End of Match", verdict_on(match).message, message_kind::end_of_match});
 }
 
 void change_innings(match_state& match) {

@@ -37,13 +37,14 @@ struct milestone {
   const char* words;
 };
 
-void announce(match_state& match, std::string title, std::string text) {
-  if (match.human_involved()) match.announcements.push_back({std::move(title), std::move(text)});
+void announce(match_state& match, std::string title, std::string text, message_kind kind) {
+  if (match.human_involved()) match.announcements.push_back({std::move(title), std::move(text), kind});
 }
 
 void announce_batsman(match_state& match, const batting_card_rec& man, const char* gap, const char* words) {
   announce(match, man.name + " - Batting achievement",
-           man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + words);
+           man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + words,
+           message_kind::batting_milestone);
 }
 
 /// Steps 1 to 4 for one of the two batsmen. True if he has reached the milestone of the step.
@@ -83,7 +84,8 @@ void check_bowler(match_state& match) {
   std::uint8_t& known = match.five_wicket_step[match.bowler];
   if (man.wickets < five_wicket_haul || known != 0) return;
   if (enter(match.five_wicket_list, man.name)) {
-    announce(match, man.name + " - Bowling achievement", man.name + " has taken a Five Wicket Haul! ");
+    announce(match, man.name + " - Bowling achievement", man.name + " has taken a Five Wicket Haul! ",
+             message_kind::bowling_milestone);
   }
   if (!man.name.empty()) known = 1;
 }
@@ -104,8 +106,8 @@ void enter_stand(match_state& match, int stand) {
     if (match.stand_step >= step) continue;
     const milestone& reached = milestones[step - 1];
     if (enter(reached.list, lower, higher)) {
-      announce(match, " Partnership",
-               lower + " & " + higher + " have put on a " + reached.words + " run partnership! ");
+      announce(match, " Partnership", lower + " & " + higher + " have put on a " + reached.words + " run partnership! ",
+               message_kind::stand_milestone);
     }
     if (named) match.stand_step = static_cast<std::uint8_t>(step);
   }

@@ -143,9 +143,10 @@ play_step ask_second_bowler(match_state& match, front_end& user) {
 }
 
 void tell_opening_bowlers(const match_state& match, front_end& user) {
-  user.show(message_box{"Opening Bowlers", match.bowling_xi[match.bowler].name + " and " +
-                                               match.bowling_xi[match.next_bowler].name +
-                                               " are the opening bowlers for " + match.team2_name});
+  user.show(message_box{"Opening Bowlers",
+                        match.bowling_xi[match.bowler].name + " and " + match.bowling_xi[match.next_bowler].name +
+                            " are the opening bowlers for " + match.team2_name,
+                        message_kind::opening_bowlers});
 }
 
 play_step open_batting(match_state& match, front_end& user) {
@@ -196,8 +197,10 @@ play_step begin_over(match_state& match) {
 }
 
 void tell_quota(const match_state& match, front_end& user) {
-  user.show(message_box{"Full Quota Bowled", match.bowling_xi[match.bowler].name +
-                                                 " has bowled his full quota of 10 overs.Please select a new bowler"});
+  user.show(message_box{
+      "Full Quota Bowled",
+      match.bowling_xi[match.bowler].name + " has bowled his full quota of 10 overs.Please select a new bowler",
+      message_kind::full_quota});
 }
 
 void ask_bowler_for_quota(match_state& match, front_end& user) {

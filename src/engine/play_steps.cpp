@@ -24,7 +24,7 @@ play_step close_ball(match_state& match) {
 void tell_milestones(match_state& match, front_end& user) {
   while (!match.announcements.empty()) {
     const announcement& next = match.announcements.front();
-    user.show(message_box{next.title, next.text});
+    user.show(message_box{next.title, next.text, next.kind});
     match.announcements.erase(match.announcements.begin());
   }
 }
@@ -74,7 +74,7 @@ play_step step_taken(const match_play& play) {
     case play_step::innings_judged:
       return judge_innings(match);
     case play_step::innings_end_told:
-      user.show(message_box{"End of Innings", "End of Innings"});
+      user.show(message_box{"End of Innings", "End of Innings", message_kind::end_of_innings});
       return play_step::innings_over;
     case play_step::innings_over:
       return close_innings(match);

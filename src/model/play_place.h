@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "model/message_kind.h"
+
 // Where play stands: what a match that is left needs to be gone on with, beside its books.
 
 namespace velorin {
@@ -52,6 +54,7 @@ enum class play_step : std::uint8_t {
 struct announcement {
   std::string title;
   std::string text;
+  message_kind kind = message_kind::other;
 };
 
 /// Where play itself stands: all of it that is not told by the books. From the opening of the console on.

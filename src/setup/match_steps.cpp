@@ -93,7 +93,7 @@ bool ask_for_eleven(const match_play& play, int place) {
 }
 
 bool tell_the_call(const match_play& play) {
-  play.user.show(message_box{"The toss", play.match.toss_call});
+  play.user.show(message_box{"The toss", play.match.toss_call, message_kind::toss_call});
   go_on_to_toss(play);
   return true;
 }

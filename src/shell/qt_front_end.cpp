@@ -23,6 +23,7 @@
 #include "console/forms/next_batsman_window.h"
 #include "desktop/frame.h"
 #include "desktop/message_window.h"
+#include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "engine/forms/console_window.h"
@@ -93,9 +94,16 @@ void QtFrontEnd::show_score() {
   frame_->show_score(shown(chase.empty() ? score : score + "   " + chase));
 }
 
+bool QtFrontEnd::passes_by(message_kind kind, const std::string& text) {
+  if (kind == message_kind::other || preferences::stops_for(kind)) return false;
+  if (auto* frame = frame_of(front_window())) frame->show_passing(shown(text).simplified());
+  return true;
+}
+
 void QtFrontEnd::show(const message_box& message) {
   if (unstopped_.answers_match()) return;
   refresh_console();
+  if (passes_by(message.kind, message.text)) return;
   MessageWindow window(message);
   run_modal(window);
 }
@@ -147,6 +155,7 @@ void QtFrontEnd::show(aggression_form& form) {
 
 void QtFrontEnd::show(batsman_details_form& form) {
   refresh_console();
+  if (passes_by(form.kind, form.figures.headline)) return form.accept();
   show_modally<BatsmanDetailsWindow>(form);
 }
 

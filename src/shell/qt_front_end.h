@@ -58,6 +58,8 @@ class QtFrontEnd : public front_end {
  private:
   /// Brings the console up to date before a window opens over it.
   void refresh_console();
+  /// A message of a kind that the user does not stop for passes by in the main window's bar. False: it must be shown.
+  static bool passes_by(message_kind kind, const std::string& text);
   /// The score of the match in play, in the main window's bar; none without a console.
   void show_score();
 

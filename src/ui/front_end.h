@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/message_kind.h"
+
 // The seam between the game and whoever shows it. The game asks; a request returns when the user is done with it. Forms
 // are plain records with handlers: whoever shows one calls its handlers and returns once the form is closed.
 
@@ -28,6 +30,7 @@ struct conditions_form;
 struct message_box {
   std::string title;
   std::string text;
+  message_kind kind = message_kind::other;
 };
 
 /// A save of the game that has failed. Texts are single bytes of Windows-1252.

@@ -9,6 +9,7 @@
 
 #include "console/captain_forms.h"
 #include "desktop/controls.h"
+#include "desktop/message_kinds.h"
 #include "desktop/shown_text.h"
 
 namespace velorin {
@@ -55,6 +56,7 @@ BatsmanDetailsWindow::BatsmanDetailsWindow(batsman_details_form& form, QWidget* 
   card_rows(card)->addLayout(grid);
   body()->addWidget(card);
   body()->addStretch(1);
+  add_pass_by(*this, form.kind);
   auto* ok = add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
     form_.accept();
     accept();

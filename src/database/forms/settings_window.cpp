@@ -14,6 +14,7 @@
 #include "database/open_database.h"
 #include "database/settings_form.h"
 #include "desktop/controls.h"
+#include "desktop/message_kinds.h"
 #include "desktop/message_window.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -66,6 +67,14 @@ SettingsWindow::SettingsWindow(const open_database& database, settings_form& for
   add_folder();
   add_sample();
   body()->addStretch(1);
+  add_button(QStringLiteral("messages"),
+             {.caption = QStringLiteral("Messages"),
+              .mnemonic = u'M',
+              .hint = QStringLiteral("Which messages of a match the game stops for")},
+             [this] {
+               MessageKindsWindow kinds(this);
+               run_modal(kinds);
+             });
   add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
                      [this] { confirm(); });
 }
