@@ -13,9 +13,9 @@ namespace velorin {
 
 const std::vector<message_kind>& passing_kinds() {
   static const std::vector<message_kind> kinds = {
-      message_kind::toss_call,         message_kind::opening_bowlers, message_kind::batting_milestone,
-      message_kind::stand_milestone,   message_kind::fall_of_wicket,  message_kind::bowling_milestone,
-      message_kind::bowler_change,     message_kind::full_quota,      message_kind::end_of_innings,
+      message_kind::toss_call,       message_kind::opening_bowlers, message_kind::batting_milestone,
+      message_kind::stand_milestone, message_kind::fall_of_wicket,  message_kind::bowling_milestone,
+      message_kind::bowler_change,   message_kind::full_quota,      message_kind::end_of_innings,
       message_kind::end_of_match,
   };
   return kinds;
@@ -66,8 +66,7 @@ void add_pass_by(Form& form, message_kind kind) {
   form.add_aside(box);
 }
 
-MessageKindsWindow::MessageKindsWindow(QWidget* parent)
-    : Form(QStringLiteral("messages"), Dismissal::closes, parent) {
+MessageKindsWindow::MessageKindsWindow(QWidget* parent) : Form(QStringLiteral("messages"), Dismissal::closes, parent) {
   stand_as(Place::sheet);
   set_title(QStringLiteral("Messages"), QStringLiteral("Messages"));
   body()->addWidget(new_label(QStringLiteral("The game stops for"), TextRole::muted));

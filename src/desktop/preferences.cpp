@@ -62,6 +62,27 @@ void set_captains(Captains chosen) {
   settings().setValue(QStringLiteral("captains/second_human"), chosen.second_human ? 1 : 0);
 }
 
+LastSides last_sides() {
+  const auto text = [](const char* key) { return settings().value(QLatin1String(key)).toString(); };
+  return {text("last_match/first"), text("last_match/second"), text("last_match/ground")};
+}
+void set_last_sides(const LastSides& sides) {
+  settings().setValue(QStringLiteral("last_match/first"), sides.first);
+  settings().setValue(QStringLiteral("last_match/second"), sides.second);
+  settings().setValue(QStringLiteral("last_match/ground"), sides.ground);
+}
+
+QuickAnswers quick_answers() {
+  const auto answered = [](const char* key) { return number(QLatin1String(key), 1, 1) == 1; };
+  return {answered("quick/conditions"), answered("quick/elevens"), answered("quick/toss"), answered("quick/openers")};
+}
+void set_quick_answers(QuickAnswers answers) {
+  settings().setValue(QStringLiteral("quick/conditions"), answers.conditions ? 1 : 0);
+  settings().setValue(QStringLiteral("quick/elevens"), answers.elevens ? 1 : 0);
+  settings().setValue(QStringLiteral("quick/toss"), answers.toss ? 1 : 0);
+  settings().setValue(QStringLiteral("quick/openers"), answers.openers ? 1 : 0);
+}
+
 bool stops_for(message_kind kind) { return number(message_key(kind), 1, 1) == 1; }
 void set_stops_for(message_kind kind, bool on) { settings().setValue(message_key(kind), on ? 1 : 0); }
 

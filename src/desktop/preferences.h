@@ -23,6 +23,21 @@ struct Captains {
   bool second_human = false;
 };
 
+/// The sides and the ground of the user's last match, by name; empty before it.
+struct LastSides {
+  QString first;
+  QString second;
+  QString ground;
+};
+
+/// What the computer answers for the user on the way to the first ball of a quick match.
+struct QuickAnswers {
+  bool conditions = true;
+  bool elevens = true;
+  bool toss = true;
+  bool openers = true;  ///< the opening batsmen and bowlers
+};
+
 namespace preferences {
 
 /// Keeps everything in this file from now on; without it, in the user's folder of settings.
@@ -43,6 +58,13 @@ void set_plays_without_stopping(const QString& form, bool on);
 /// Who captains the sides of a new match: at first the user the first team, the computer the second.
 Captains captains();
 void set_captains(Captains chosen);
+
+LastSides last_sides();
+void set_last_sides(const LastSides& sides);
+
+/// All of them at first.
+QuickAnswers quick_answers();
+void set_quick_answers(QuickAnswers answers);
 
 /// Whether the game stops for messages of this kind, or lets them pass by; true at first.
 bool stops_for(message_kind kind);

@@ -25,6 +25,7 @@
 #include "database/settings_form.h"
 #include "desktop/program_end.h"
 #include "setup/forms/new_match_window.h"
+#include "setup/forms/quick_match_window.h"
 #include "setup/new_match.h"
 #include "shell/credits_window.h"
 #include "shell/qt_front_end.h"
@@ -74,6 +75,15 @@ void new_match(QtFrontEnd& shown_by) {
   new_match_form form(shown_by.play());
   form.open();
   show_form<NewMatchWindow>(form, shown_by.game().match);
+}
+
+void quick_match(QtFrontEnd& shown_by) {
+  const UnderWay under_way(shown_by, Activity::single_match);
+  new_match_form form(shown_by.play());
+  form.open();
+  QuickMatchWindow window(shown_by.game().match, form,
+                          [&shown_by](QuickAnswers answers) { shown_by.answer_set_up(answers); });
+  run_modal(window);
 }
 
 void new_series(QtFrontEnd& shown_by) {

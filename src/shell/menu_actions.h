@@ -12,6 +12,7 @@ namespace menu {
 
 /// "Start Game".
 void new_match(QtFrontEnd& shown_by);
+void quick_match(QtFrontEnd& shown_by);
 void new_series(QtFrontEnd& shown_by);
 void tri_series(QtFrontEnd& shown_by);
 void world_cup(QtFrontEnd& shown_by);

@@ -107,7 +107,8 @@ QWidget* MenuWindow::new_panel(const char* name, const QString& heading, const s
 void MenuWindow::add_main_panel() {
   const auto panel = [this](std::size_t i) { return [this, i] { show_panel(sub_[i]); }; };
   main_ = new_panel("main_panel", QStringLiteral("Menu"),
-                    {{"start_game", "Start Game", u'S', panel(0)},
+                    {{"quick_match", "Quick Match", u'Q', for_play(menu::quick_match)},
+                     {"start_game", "Start Game", u'S', panel(0)},
                      {"batting_stats", "Batting Stats", u'B', panel(2)},
                      {"bowling_stats", "Bowling Stats", u'W', panel(3)},
                      {"other_records", "Other Records", u'O', panel(1)},

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/qt_front_end.h"
 
+#include <QAbstractButton>
 #include <QCoreApplication>
+#include <QTimer>
+#include <utility>
 
 #include "browsers/forms/player_profile_window.h"
 #include "browsers/forms/player_rankings_window.h"
@@ -75,6 +78,7 @@ QtFrontEnd::QtFrontEnd(game_state& game)
 QtFrontEnd::~QtFrontEnd() { progress_done(); }
 
 void QtFrontEnd::activity_over() {
+  quick_.reset();
   unstopped_.end();
   play_over();
 }
@@ -94,8 +98,8 @@ void QtFrontEnd::show_score() {
   frame_->show_score(shown(chase.empty() ? score : score + "   " + chase));
 }
 
-bool QtFrontEnd::passes_by(message_kind kind, const std::string& text) {
-  if (kind == message_kind::other || preferences::stops_for(kind)) return false;
+bool QtFrontEnd::passes_by(message_kind kind, const std::string& text) const {
+  if (kind == message_kind::other || (!quick_ && preferences::stops_for(kind))) return false;
   if (auto* frame = frame_of(front_window())) frame->show_passing(shown(text).simplified());
   return true;
 }
@@ -118,32 +122,38 @@ save_answer QtFrontEnd::answer(const failed_save& failed) {
 void QtFrontEnd::show(conditions_form& form) {
   play_begins();
   unstopped_.match_begins();
-  if (unstopped_.answers_match()) return unstopped_.user().show(form);
+  if (unstopped_.answers_match() || (quick_ && quick_->conditions)) return unstopped_.user().show(form);
   ConditionsWindow window(form);
   show_set_up_steps(window, game_.match, SetUpStep::conditions);
   run_modal(window);
 }
 
 void QtFrontEnd::show(team_selection_form& form) {
-  if (unstopped_.answers_match()) return unstopped_.user().show(form);
+  if (unstopped_.answers_match() || (quick_ && quick_->elevens)) return unstopped_.user().show(form);
   TeamSelectionWindow window(game_.match, form);
   show_set_up_steps(window, game_.match, SetUpStep::elevens);
   run_modal(window);
 }
 
 void QtFrontEnd::show(toss_form& form) {
+  if (quick_ && quick_->toss) return unstopped_.user().show(form);
   TossWindow window(form);
   show_set_up_steps(window, game_.match, SetUpStep::toss);
   run_modal(window);
 }
 
 void QtFrontEnd::show(next_batsman_form& form) {
+  if (quick_ && quick_->openers) return unstopped_.user().show(form);
   refresh_console();
   show_modally<NextBatsmanWindow>(form, play());
 }
 
 void QtFrontEnd::show(bowler_choice_form& form) {
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
+  if (quick_ && quick_->openers) {
+    form.choose(form.best_row());
+    return form.accept();
+  }
   refresh_console();
   show_modally<BowlerChoiceWindow>(form, play());
 }
@@ -171,6 +181,12 @@ void QtFrontEnd::show(console_form& form) {
   console_ = &window;
   frame_ = window.main_window();
   window.show_score_itself();
+  if (std::exchange(quick_, std::nullopt)) {
+    QTimer::singleShot(0, &window, [this, &window] {
+      if (!game_.match.deliveries.empty()) return;
+      window.findChild<QAbstractButton*>(QStringLiteral("next_over"))->click();
+    });
+  }
   run_modal(window);
 }
 

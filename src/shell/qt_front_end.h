@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QPointer>
+#include <optional>
 
 #include "competitions/game_state.h"
 #include "competitions/world_cup_form.h"
+#include "desktop/preferences.h"
 #include "shell/turn_waiting.h"
 #include "shell/unstopped_play.h"
 #include "ui/front_end.h"
@@ -49,6 +51,8 @@ class QtFrontEnd : public front_end {
   /// The menu opens an activity, or the one it had opened is over.
   void activity_begins(Activity activity) { unstopped_.begin(activity); }
   void activity_over();
+  /// What the computer answers for the user until the first over of the next match, which then begins by itself.
+  void answer_set_up(QuickAnswers answers) { quick_ = answers; }
   game_state& game() { return game_; }
   /// The match in play, shown by this.
   match_play play() { return {game_.match, game_.chance, *this, game_.data}; }
@@ -59,7 +63,7 @@ class QtFrontEnd : public front_end {
   /// Brings the console up to date before a window opens over it.
   void refresh_console();
   /// A message of a kind that the user does not stop for passes by in the main window's bar. False: it must be shown.
-  static bool passes_by(message_kind kind, const std::string& text);
+  bool passes_by(message_kind kind, const std::string& text) const;
   /// The score of the match in play, in the main window's bar; none without a console.
   void show_score();
 
@@ -68,6 +72,7 @@ class QtFrontEnd : public front_end {
   QPointer<Frame> frame_;                   // the main window in which it stands
   QPointer<Form> busy_;                     // the window below the progress: it takes no input meanwhile
   QPointer<MatchProgressWindow> progress_;  // while an unattended match runs; the window below it owns it
+  std::optional<QuickAnswers> quick_;       // on the way to the first over of a quick match
   UnstoppedPlay unstopped_;
   TurnWaiting turns_;
   world_cup_form cup_form_;

@@ -220,7 +220,7 @@ bool ConsoleWindow::eventFilter(QObject* watched, QEvent* event) {
   const auto* widget = qobject_cast<const QWidget*>(watched);
   const QObject* owner = widget != nullptr ? static_cast<const QObject*>(widget) : watched->parent();
   const auto* owning = qobject_cast<const QWidget*>(owner);
-  if (owning == nullptr || owning->window() != this || belongs_to_pace(owner)) return false;
+  if (owning == nullptr || !(owning == this || isAncestorOf(owning)) || belongs_to_pace(owner)) return false;
   const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
   if (key && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) return false;
   return true;

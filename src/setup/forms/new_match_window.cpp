@@ -49,7 +49,20 @@ QHBoxLayout* new_captains(const char* side, const QString& team, bool& cpu, QWid
 }  // namespace
 
 NewMatchWindow::NewMatchWindow(match_state& match, new_match_form& form, QWidget* parent)
-    : Form(QStringLiteral("teamfrm"), Dismissal::closes, parent), form_(form), grounds_(new QComboBox), match_(match) {
+    : NewMatchWindow(QStringLiteral("teamfrm"), match, form, parent) {
+  if (preferences::last_sides().first.isEmpty()) return;
+  auto* again = new QPushButton;
+  again->setObjectName(QStringLiteral("as_last_time"));
+  again->setAutoDefault(false);
+  name_act(*again, {.caption = QStringLiteral("As Last Time"),
+                    .mnemonic = u'L',
+                    .hint = QStringLiteral("The sides and the ground of the last match")});
+  connect(again, &QPushButton::clicked, this, [this] { as_last_time(); });
+  add_aside(again);
+}
+
+NewMatchWindow::NewMatchWindow(const QString& name, match_state& match, new_match_form& form, QWidget* parent)
+    : Form(name, Dismissal::closes, parent), form_(form), grounds_(new QComboBox), match_(match) {
   limit_body(880);
   const Captains captains = preferences::captains();
   form_.computer_captains_first = !captains.first_human;
@@ -66,12 +79,11 @@ NewMatchWindow::NewMatchWindow(match_state& match, new_match_form& form, QWidget
     card_rows(card)->addLayout(new_captains(side, spoken_name(QString::fromLatin1(caption)), cpu, card));
     teams->addWidget(card, 1);
   };
-  add_team(" First Team ", u'F', new_team_list("first_team", form.first_team_index, &new_match_form::choose_first_team),
-           "first", form.computer_captains_first);
+  first_ = new_team_list("first_team", form.first_team_index, &new_match_form::choose_first_team);
+  second_ = new_team_list("second_team", form.second_team_index, &new_match_form::choose_second_team);
+  add_team(" First Team ", u'F', first_, "first", form.computer_captains_first);
   teams->addWidget(new_label(QStringLiteral("vs"), TextRole::heading));
-  add_team(" Second Team ", u'S',
-           new_team_list("second_team", form.second_team_index, &new_match_form::choose_second_team), "second",
-           form.computer_captains_second);
+  add_team(" Second Team ", u'S', second_, "second", form.computer_captains_second);
   body()->addLayout(teams);
 
   grounds_->setObjectName(QStringLiteral("grounds"));
@@ -85,6 +97,7 @@ NewMatchWindow::NewMatchWindow(match_state& match, new_match_form& form, QWidget
   place->addStretch(1);
   body()->addSpacing(8);
   body()->addLayout(place);
+  rows_ = body()->count();
   body()->addStretch(1);
   add_afresh_line(*body(), standing_worms(match), [this] { start_worms_afresh(match_); });
   connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) {
@@ -120,6 +133,18 @@ QComboBox* NewMatchWindow::new_team_list(const char* name, int chosen, void (new
   return list;
 }
 
+QWidget* NewMatchWindow::grounds() const { return grounds_; }
+
+void NewMatchWindow::as_last_time() {
+  const LastSides last = preferences::last_sides();
+  const int first = first_->findText(last.first);
+  const int second = second_->findText(last.second);
+  if (first < 0 || second < 0) return;
+  first_->setCurrentIndex(first);
+  second_->setCurrentIndex(second);
+  if (const int ground = grounds_->findText(last.ground); ground >= 0) grounds_->setCurrentIndex(ground);
+}
+
 void NewMatchWindow::show_grounds() {
   const QSignalBlocker quiet(grounds_);
   grounds_->clear();
@@ -137,6 +162,8 @@ void NewMatchWindow::show_ready() {
 }
 
 void NewMatchWindow::play() {
+  preferences::set_last_sides(
+      {shown(form_.first_team_name()), shown(form_.second_team_name()), shown(form_.ground_name())});
   preferences::set_captains({!form_.computer_captains_first, !form_.computer_captains_second});
   hide();
   form_.accept();

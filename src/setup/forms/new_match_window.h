@@ -21,13 +21,27 @@ class NewMatchWindow : public Form {
   /// `form` has been opened and outlives the window.
   explicit NewMatchWindow(match_state& match, new_match_form& form, QWidget* parent = front_window());
 
+ protected:
+  NewMatchWindow(const QString& name, match_state& match, new_match_form& form, QWidget* parent);
+
+  /// "OK": plays the match, and keeps its sides for the next time.
+  virtual void play();
+  /// Chooses the sides and the ground of the last match, as far as the database has them.
+  void as_last_time();
+  /// Where in the body more may stand, below the choices.
+  int rows_before_stretch() const { return rows_; }
+  QPushButton* ready_button() const { return ok_; }
+  QWidget* grounds() const;
+
  private:
   QComboBox* new_team_list(const char* name, int chosen, void (new_match_form::*choose)(int));
   void show_grounds();
   void show_ready();
-  void play();
 
   new_match_form& form_;
+  QComboBox* first_ = nullptr;
+  QComboBox* second_ = nullptr;
+  int rows_ = 0;
   QComboBox* grounds_;
   QLabel* wanted_ = nullptr;
   QPushButton* ok_ = nullptr;

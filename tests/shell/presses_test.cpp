@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How many presses lead to play.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+
+#include "model/match_state.h"
+#include "shell/game_fixture.h"
+#include "support/game_in_play.h"
+#include "windows/window_checks.h"
+
+namespace velorin::testing {
+namespace {
+
+class Presses : public GameTest {
+ protected:
+  Presses() {
+    preferences::set_quick_answers({});
+    preferences::set_last_sides({});
+    preferences::set_captains({true, false});
+  }
+};
+
+TEST_F(Presses, TwoLeadToTheFirstBallOfAQuickMatch) {
+  ClickingUser user;
+  user.robot.next("quick", [](QWidget& window) {
+    check_window(window);
+    press(window, "accept");  // the second press
+  });
+  std::vector<std::string> met;
+  user.robot.next("main", [&](QWidget& window) {
+    met = user.robot.met();
+    EXPECT_EQ(match.over_no, 1) << "the first over begins by itself";
+    EXPECT_TRUE(match.deliveries.empty());
+    EXPECT_TRUE(window.isVisible());
+  });
+  bool bowled = false;
+  user.robot.always("main", [&](QWidget& window) {
+    bowled = bowled || match.over_no == 2;
+    press(window, "next_over");
+  });
+  play([&](MenuWindow& menu) { press(menu, "quick_match"); });  // the first press
+  EXPECT_EQ(met, (std::vector<std::string>{"quick", "main"}));
+  EXPECT_TRUE(bowled);
+  EXPECT_FALSE(match.result_margin.empty());
+}
+
+TEST_F(Presses, AQuickMatchHasTheSidesOfTheLastOne) {
+  ClickingUser user;
+  user.robot.next("teamfrm", [](QWidget& window) {
+    EXPECT_EQ(window.findChild<QWidget*>(QStringLiteral("as_last_time")), nullptr) << "there was none";
+    ClickingUser::choose_match(window, 6, 3, false, true);
+    press(window, "accept");
+  });
+  QStringList sides;
+  const auto note = [&](QWidget& window) {
+    for (const char* list : {"first_team", "second_team", "grounds"}) {
+      sides << control<QComboBox>(window, list)->currentText();
+    }
+    press(window, "cancel");
+  };
+  user.robot.next("quick", note);
+  user.robot.next("teamfrm", [&](QWidget& window) {
+    press(window, "as_last_time");
+    note(window);
+  });
+  play([&](MenuWindow& menu) {
+    choose(menu, "start_game", "new_match");
+    press(menu, "quick_match");
+    choose(menu, "start_game", "new_match");
+  });
+  ASSERT_EQ(sides.size(), 6);
+  EXPECT_EQ(sides[0], QStringLiteral("Ghent"));
+  EXPECT_EQ(sides[1], QStringLiteral("Dorset"));
+  EXPECT_EQ(sides.mid(0, 3), sides.mid(3, 3));
+}
+
+TEST_F(Presses, WhatTheComputerAnswersIsShownAndCanBeChanged) {
+  ClickingUser user;
+  user.robot.next("quick", [](QWidget& window) {
+    for (const char* answer : {"conditions", "elevens", "toss", "openers"}) {
+      const std::string name = std::string("answers_") + answer;
+      auto* box = control<QCheckBox>(window, name.c_str());
+      const auto* words = control<QLabel>(window, (name + "_words").c_str());
+      EXPECT_TRUE(box->isChecked());
+      EXPECT_NE(words->text(), QStringLiteral("you are asked"));
+      if (std::string(answer) != "toss") box->click();
+      EXPECT_EQ(words->text() == QStringLiteral("you are asked"), std::string(answer) != "toss");
+    }
+    press(window, "accept");
+  });
+  play([&](MenuWindow& menu) { press(menu, "quick_match"); });
+  EXPECT_EQ(user.robot.met("wecond"), 1);
+  EXPECT_EQ(user.robot.met("Teamsel"), 2);
+  EXPECT_EQ(user.robot.met("toss"), 0);
+  EXPECT_GT(user.robot.met("batorder") + user.robot.met("chgbowler"), 0);
+  EXPECT_FALSE(preferences::quick_answers().elevens) << "remembered";
+  EXPECT_TRUE(preferences::quick_answers().toss);
+  EXPECT_FALSE(match.result_margin.empty());
+}
+
+TEST_F(Presses, OneBowlsAnOver) {
+  ClickingUser user;
+  user.robot.next("quick", pressing("accept"));
+  int over = 0;
+  user.robot.always("main", [&](QWidget& window) {
+    const bool in_first = over != 0 && match.innings_number == 1;
+    EXPECT_TRUE(!in_first || match.over_no == over + 1) << match.over_no;
+    over = match.over_no;
+    press(window, "next_over");
+  });
+  play([&](MenuWindow& menu) { press(menu, "quick_match"); });
+  EXPECT_FALSE(match.result_margin.empty());
+}
+
+}  // namespace
+}  // namespace velorin::testing
