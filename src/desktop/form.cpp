@@ -20,6 +20,7 @@
 #include "desktop/controls.h"
 #include "desktop/frame.h"
 #include "desktop/ground_picture.h"
+#include "desktop/help_window.h"
 #include "desktop/modality.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
@@ -330,6 +331,8 @@ void Form::reject() {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) return tell_help();
+  if (is_jump(*event) && frame_ && !isWindow()) return frame_->jump();
   const bool down = event->key() == Qt::Key_PageDown;
   if ((down || event->key() == Qt::Key_PageUp) && area_->turn_page(down)) return;
   const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -340,6 +343,14 @@ void Form::keyPressEvent(QKeyEvent* event) {
   }
   if (!enters || event->modifiers() != Qt::NoModifier || button == nullptr) return QDialog::keyPressEvent(event);
   button->click();
+}
+
+void Form::tell_help() {
+  if (busy_ || objectName() == QStringLiteral("help")) return;
+  guarded([this] {
+    HelpWindow help(*this, this);
+    run_modal(help);
+  });
 }
 
 QMargins Form::frame() const {

@@ -129,6 +129,7 @@ class Form : public QDialog {
   QPushButton* new_button(const QString& name, const Act& act, std::function<void()> pressed);
 
   void add_return_bar();
+  void tell_help();
   void show_busy(bool on);
   /// What the desktop puts around the window; the usual before that is known.
   QMargins frame() const;

@@ -152,6 +152,13 @@ void Frame::show_score(const QString& score) {
   show_bar();
 }
 
+void Frame::on_jump(std::function<void()> jump) { jump_ = std::move(jump); }
+
+void Frame::jump() {
+  const Form* form = top();
+  if (jump_ && form != nullptr && form->place() != Form::Place::sheet && form->isEnabled()) guarded(jump_);
+}
+
 void Frame::show_passing(const QString& text) {
   constexpr int long_enough_to_read = 6000;  // milliseconds
   passing_->setText(text);
@@ -420,9 +427,12 @@ void Frame::keyPressEvent(QKeyEvent* event) {
       enters && button != nullptr && bar_->isAncestorOf(button)) {
     return button->click();
   }
+  if (is_jump(*event)) return jump();
   if (Form* form = top(); event->key() == Qt::Key_Escape && form != nullptr) return form->reject();
   QWidget::keyPressEvent(event);
 }
+
+bool is_jump(const QKeyEvent& key) { return key.key() == Qt::Key_K && key.modifiers() == Qt::ControlModifier; }
 
 Frame* frame_of(const QWidget* widget) { return widget == nullptr ? nullptr : qobject_cast<Frame*>(widget->window()); }
 

@@ -3,6 +3,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 class QLabel;
@@ -28,6 +29,9 @@ class Frame : public QWidget {
   void show_score(const QString& score);
   /// Shows in the bar, for some seconds, what is told without stopping; screen readers are told it.
   void show_passing(const QString& text);
+  /// What Ctrl+K does while a page waits for its user.
+  void on_jump(std::function<void()> jump);
+  void jump();
   /// The form that waits for its user, torn off or not; nullptr before there is any.
   Form* top() const;
   /// Whether the form on top stands in a window of its own.
@@ -79,6 +83,7 @@ class Frame : public QWidget {
   void give_focus();
 
   std::vector<Layer> layers_;
+  std::function<void()> jump_;
   QPointer<Form> focused_;  // the layer that got the keyboard last
   QWidget* bar_ = nullptr;
   QPushButton* back_ = nullptr;
@@ -92,6 +97,9 @@ class Frame : public QWidget {
   QWidget* resting_;  // hidden forms that may be shown again
   bool placed_ = false;
 };
+
+/// Ctrl+K.
+bool is_jump(const QKeyEvent& key);
 
 /// The frame in which a widget stands, nullptr outside of one.
 Frame* frame_of(const QWidget* widget);

@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/menu_actions.h"
 
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "browsers/century_makers.h"
 #include "browsers/forms/best_performances_window.h"
 #include "browsers/forms/century_makers_window.h"
@@ -22,12 +28,15 @@
 #include "competitions/tri_series.h"
 #include "competitions/world_cup_form.h"
 #include "database/forms/settings_window.h"
+#include "database/lasting_records.h"
 #include "database/settings_form.h"
 #include "desktop/program_end.h"
+#include "desktop/shown_text.h"
 #include "setup/forms/new_match_window.h"
 #include "setup/forms/quick_match_window.h"
 #include "setup/new_match.h"
 #include "shell/credits_window.h"
+#include "shell/jump_window.h"
 #include "shell/qt_front_end.h"
 
 namespace velorin::menu {
@@ -150,6 +159,72 @@ void all_bowling(QtFrontEnd& shown_by) {
   players(shown_by, 7);
   players(shown_by, 6);
   individual(shown_by, 0);
+}
+
+namespace {
+
+/// The records of a team; the page with none chosen where its table does not have it.
+void show_team(QtFrontEnd& shown_by, const std::string& team) {
+  team_records_form form(shown_by.game().data);
+  form.open();
+  const auto found = std::find(form.teams.begin(), form.teams.end(), team);
+  if (found != form.teams.end()) form.choose_team(static_cast<int>(found - form.teams.begin()));
+  show_form<TeamRecordsWindow>(form, shown_by, shown_by.game().data);
+}
+
+}  // namespace
+
+void jump(QtFrontEnd& shown_by, bool at_menu) {
+  const open_database& data = shown_by.game().data;
+  std::vector<JumpTarget> targets;
+  const auto add = [&](const char* name, std::function<void()> go) {
+    targets.push_back({QString::fromLatin1(name), QStringLiteral("Page"), std::move(go)});
+  };
+  const auto page = [&](const char* name, void (*open)(QtFrontEnd&)) {
+    add(name, [&shown_by, open] { open(shown_by); });
+  };
+  const auto list = [&](const char* name, void (*open)(QtFrontEnd&, int), int mode) {
+    add(name, [&shown_by, open, mode] { open(shown_by, mode); });
+  };
+  if (at_menu) {
+    page("Quick Match", quick_match);
+    page("New Match", new_match);
+    page("New Series", new_series);
+    page("Tri Series", tri_series);
+    page("World Cup", world_cup);
+    page("Configurations", configurations);
+  }
+  page("Player Profiles", player_profiles);
+  page("Team Records", team_records);
+  page("World Rankings", world_rankings);
+  list("Highest Totals", totals, 1);
+  list("Lowest Totals", totals, 0);
+  list("Highest Individual Scores", individual, 1);
+  list("Best Bowling Analysis", individual, 0);
+  list("Most Runs Scored", players, 2);
+  list("Highest Averages", players, 1);
+  list("Highest Strike Rates", players, 3);
+  list("% Innings 50 or More", players, 4);
+  list("Most Wickets", players, 5);
+  list("Best Economy Rates", players, 6);
+  list("Best Bowling Averages", players, 7);
+  page("Top Century Makers", century_makers);
+  page("Record Partnerships", partnerships);
+  add("Credits", [] { credits(); });
+  const career_table careers = read_career_table(data);
+  for (int t = 1; t <= careers.career_team_count; ++t) {
+    const career_team_rec& team = careers.teams[static_cast<std::size_t>(t)];
+    const std::string& name = team.team_name;
+    targets.push_back({shown(name), QStringLiteral("Team"), [&shown_by, name] { show_team(shown_by, name); }});
+    for (int p = 1; p <= team.player_count; ++p) {
+      const std::string& man = team.players[static_cast<std::size_t>(p)].name;
+      targets.push_back({shown(man), QStringLiteral("Player, %1").arg(shown(name)),
+                         [&shown_by, name, man] { show_profile(shown_by, shown_by.game().data, name, man); }});
+    }
+  }
+  JumpWindow window(std::move(targets));
+  run_modal(window);
+  if (const JumpTarget* target = window.chosen()) target->go();
 }
 
 void configurations(QtFrontEnd& shown_by) {

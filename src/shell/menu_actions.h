@@ -32,6 +32,10 @@ void partnerships(QtFrontEnd& shown_by);
 void all_batting(QtFrontEnd& shown_by);
 void all_bowling(QtFrontEnd& shown_by);
 
+/// Goes to what the user types: a page, a team, a player. Activities are on offer at the menu alone. `parent`: the form
+/// over which it opens.
+void jump(QtFrontEnd& shown_by, bool at_menu);
+
 void configurations(QtFrontEnd& shown_by);
 void credits();
 

@@ -12,6 +12,7 @@
 #include "database/configuration.h"
 #include "database/open_database.h"
 #include "desktop/controls.h"
+#include "desktop/frame.h"
 #include "desktop/ground_picture.h"
 #include "desktop/message_window.h"
 #include "desktop/preferences.h"
@@ -54,6 +55,9 @@ MenuWindow::MenuWindow(QtFrontEnd& shown_by, QWidget* parent)
   rows->addWidget(new_appearance_choice());
   prefer_size(QSize(1000, 660));
   show_panel(main_);
+  if (Frame* frame = main_window()) {
+    frame->on_jump([this, frame] { with_database([this, frame] { menu::jump(shown_by_, frame->top() == this); })(); });
+  }
 }
 
 open_database& MenuWindow::open_data() { return shown_by_.game().data; }

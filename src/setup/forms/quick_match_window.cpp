@@ -49,8 +49,8 @@ QuickMatchWindow::QuickMatchWindow(match_state& match, new_match_form& form, std
     auto* box = new QCheckBox;
     box->setObjectName(QString::fromLatin1(answer.name));
     box->setText(button_text(QString::fromLatin1(answer.question), answer.mnemonic));
-    box->setAccessibleName(QStringLiteral("%1: %2").arg(QLatin1String(answer.question),
-                                                        QLatin1String(answer.by_computer)));
+    box->setAccessibleName(
+        QStringLiteral("%1: %2").arg(QLatin1String(answer.question), QLatin1String(answer.by_computer)));
     box->setToolTip(QStringLiteral("Without a tick you are asked (Alt+%1)").arg(QChar(answer.mnemonic).toUpper()));
     box->setChecked(answers_.*answer.answered);
     auto* words = new_named_label(QStringLiteral("%1_words").arg(QLatin1String(answer.name)), {}, TextRole::muted);

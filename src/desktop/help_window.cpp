@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/help_window.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <map>
+
+#include "desktop/controls.h"
+#include "desktop/table_view.h"
+
+namespace velorin {
+
+namespace {
+
+struct Purpose {
+  const char* id;
+  const char* words;
+};
+
+constexpr Purpose purposes[] = {
+    {"opening", "The menu. Choose what to play or what to read."},
+    {"quick", "A match with the sides of the last one. What has a tick the computer answers for you."},
+    {"teamfrm", "Choose two teams, who captains them, and the ground."},
+    {"wecond", "Weather and ground as they were drawn. Move a slider to change them."},
+    {"Teamsel", "Tick the eleven men who play. Auto Select picks them for you."},
+    {"toss", "Call the coin. Who wins it bats or bowls first."},
+    {"leave_question", "Yes leaves the match before it has begun; nothing of it is kept."},
+    {"main",
+     "The match. Next Over bowls six balls at the pace chosen below. Aggression says how hard a man goes for runs, or "
+     "for wickets; the settled bar grows with each ball that a batsman faces."},
+    {"quit_question", "Yes ends it at once; the match in play is lost."},
+    {"aggr", "A man's figures in this match, and how hard he goes from now on: 1 careful, 5 all out."},
+    {"batorder", "Choose who comes in next."},
+    {"chgbowler", "Choose who bowls. Nobody bowls more than ten overs, and nobody two in a row."},
+    {"batsmandetails", "How a batsman made his runs."},
+    {"scorecard", "The batting card. The buttons below lead to the other reports and write files."},
+    {"scorecard2", "The batting card of the first innings."},
+    {"Bowlcard", "The bowling of this innings: overs, maidens, runs, wickets."},
+    {"bowlcard2nd", "The bowling of the first innings."},
+    {"partners", "What each pair added, and when its wicket fell."},
+    {"partners2", "What each pair of the first innings added."},
+    {"graphs", "The runs of each over, wickets marked."},
+    {"worms", "The scores of both sides, over by over."},
+    {"save_file", "Choose where the file goes."},
+    {"series1", "Two sides play up to ten matches."},
+    {"sri_result", "The results of the series so far."},
+    {"series2", "Three sides play each other in turn, and the two best a final."},
+    {"triserresult", "The table of the tri series."},
+    {"wctable", "Ten sides in two groups. Tick those that people captain, and choose the hosts."},
+    {"grounds_question", "Yes plays on the grounds of the other hosts."},
+    {"wc_fix", "The matches of the World Cup; the next one is marked."},
+    {"wcsstab", "The tables of the World Cup."},
+    {"Progressbar", "The match between two computer sides is being played."},
+    {"Sqdet", "A player's career. Choose a team, then a player."},
+    {"teamdet", "A team's results, rank and records."},
+    {"allrecs", "The best players by one figure."},
+    {"highinduv", "The best scores, or the best bowling, of one innings."},
+    {"totrecords", "The highest or the lowest totals."},
+    {"centurytop", "Who has made most hundreds."},
+    {"partnrec", "The best stand for each wicket."},
+    {"wldrank", "The teams by the share of matches won."},
+    {"optfrm", "The database, the photos and the colours of exported pages."},
+    {"messages", "Messages without a tick pass by in the bar above, and the game goes on."},
+    {"frmAbout", "Who made the game."},
+    {"unstopped", "Matches between computer sides run without a stop."},
+    {"waiting", "Another program works on the same files; the game goes on when it is done."},
+    {"message", "Read it, and press OK."},
+    {"save_failed", "The game could not be saved. Make room or mend the cause and try again, or go on without."},
+    {"help", "What one can do here, and by which keys."},
+    {"jump", "Type a few letters of a page, a team or a player; Return goes there."},
+};
+
+/// The keys of a button: its mnemonic and its shortcuts.
+QString keys_of(const QAbstractButton& button) {
+  QStringList keys;
+  const QKeySequence mnemonic = QKeySequence::mnemonic(button.text());
+  if (!mnemonic.isEmpty()) keys << mnemonic.toString(QKeySequence::NativeText);
+  for (const QShortcut* shortcut : button.findChildren<QShortcut*>(QString(), Qt::FindDirectChildrenOnly)) {
+    for (const QKeySequence& key : shortcut->keys()) keys << key.toString(QKeySequence::NativeText);
+  }
+  if (const auto* pushed = qobject_cast<const QPushButton*>(&button); pushed != nullptr && pushed->isDefault()) {
+    keys << QStringLiteral("Return");
+  }
+  return keys.join(QStringLiteral(", "));
+}
+
+/// What a control does; without the keys, which stand beside it.
+QString hint_of(const QAbstractButton& button) {
+  const QString tip = button.toolTip();
+  const qsizetype keys = tip.lastIndexOf(QStringLiteral(" ("));
+  return keys > 0 && tip.endsWith(u')') ? tip.left(keys) : tip;
+}
+
+Table acts_of(const Form& form) {
+  Table table;
+  table.columns = {{QStringLiteral("Control")}, {QStringLiteral("Keys")}, {QStringLiteral("What it does")}};
+  const auto add = [&](const QString& control, const QString& keys, const QString& does) {
+    TableRow row;
+    row.cells = {{control}, {keys}, {does}};
+    table.rows.push_back(row);
+  };
+  std::map<QString, bool> told;
+  for (const QAbstractButton* button : form.findChildren<QAbstractButton*>()) {
+    if (!button->isVisibleTo(&form) || button->window() != form.window()) continue;
+    const QString keys = keys_of(*button);
+    const QString name = button->accessibleName();
+    if (keys.isEmpty() || name.isEmpty() || !told.emplace(name, true).second) continue;
+    const QString hint = hint_of(*button);
+    add(name, keys, hint == name ? QString() : hint);
+  }
+  if (form.can_be_left()) add(QStringLiteral("Leave"), QStringLiteral("Esc"), QStringLiteral("Leaves this page"));
+  add(QStringLiteral("Next control"), QStringLiteral("Tab"), QStringLiteral("Arrows move within lists and choices"));
+  add(QStringLiteral("Go to"), QStringLiteral("Ctrl+K"), QStringLiteral("A page, a team or a player by typing"));
+  add(QStringLiteral("Help"), QStringLiteral("F1"), QStringLiteral("This page"));
+  return table;
+}
+
+}  // namespace
+
+QString purpose_of(const QString& id) {
+  for (const Purpose& purpose : purposes) {
+    if (id == QLatin1String(purpose.id)) return QString::fromLatin1(purpose.words);
+  }
+  return {};
+}
+
+HelpWindow::HelpWindow(const Form& about, QWidget* parent) : Form(QStringLiteral("help"), Dismissal::closes, parent) {
+  stand_as(Place::sheet);
+  const QString name = about.windowTitle().trimmed().isEmpty() ? about.accessibleName() : about.windowTitle().trimmed();
+  set_title(QStringLiteral("Help"), name);
+  const QString purpose = purpose_of(about.objectName());
+  auto* words = new_named_label(QStringLiteral("purpose"), purpose);
+  words->setWordWrap(true);
+  words->setMinimumWidth(520);
+  body()->addWidget(words);
+  setAccessibleDescription(purpose);
+  auto* acts = new TableView(QStringLiteral("acts"));
+  acts->set_table(acts_of(about));
+  acts->setAccessibleName(QStringLiteral("What one can do here"));
+  acts->setMinimumHeight(200);
+  body()->addWidget(acts, 1);
+  prefer_size(QSize(760, 560));
+  add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
+    accept();
+  })->setFocus();
+}
+
+}  // namespace velorin
