@@ -161,6 +161,12 @@ void Frame::jump() {
 
 void Frame::show_passing(const QString& text) {
   constexpr int long_enough_to_read = 6000;  // milliseconds
+  if (text.isEmpty()) {
+    passed_->stop();
+    passing_->hide();
+    trail_->show();
+    return;
+  }
   passing_->setText(text);
   passing_->setToolTip(text);
   passing_->show();
@@ -355,7 +361,10 @@ void Frame::place_sheet(Layer& layer, const Form* below) {
 
 void Frame::show_bar() {
   const auto waiting = top_layer();
-  bar_->setVisible(layers_.size() > 1);
+  // A sheet over the first page leaves it where it is.
+  bar_->setVisible(std::any_of(layers_.begin(), layers_.end(), [this](const Layer& layer) {
+    return &layer != &layers_.front() && layer.form->place() != Form::Place::sheet;
+  }));
   if (waiting == layers_.end()) return;
   const Form& form = *waiting->form;
   QStringList trail;

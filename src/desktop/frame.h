@@ -27,7 +27,8 @@ class Frame : public QWidget {
 
   /// The score of the match that is on, seen over every page; empty while there is none.
   void show_score(const QString& score);
-  /// Shows in the bar, for some seconds, what is told without stopping; screen readers are told it.
+  /// Shows in the bar, for some seconds, what is told without stopping; screen readers are told it. An
+  /// empty text takes it away.
   void show_passing(const QString& text);
   /// What Ctrl+K does while a page waits for its user.
   void on_jump(std::function<void()> jump);

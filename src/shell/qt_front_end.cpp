@@ -176,6 +176,7 @@ void QtFrontEnd::show(console_form& form) {
     ~Shown() {
       user.console_ = nullptr;
       user.show_score();
+      if (user.frame_) user.frame_->show_passing({});
     }
   } shown_console{*this};
   console_ = &window;

@@ -99,6 +99,7 @@ TEST_F(MainWindow, ASheetLiesInTheMiddleOverADimmedDeadPage) {
     EXPECT_TRUE(part<QWidget>("shade").isVisible());
     EXPECT_FALSE(part<QPushButton>("back").isEnabled());
     EXPECT_FALSE(part<QPushButton>("tear_off").isEnabled());
+    EXPECT_FALSE(part<QWidget>("bar").isVisible()) << "the page stays where it was";
     const QRect place = place_of(sheet);
     EXPECT_TRUE(frame_.rect().contains(place));
     EXPECT_LT(place.width(), frame_.width() / 2);

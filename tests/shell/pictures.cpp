@@ -3,11 +3,14 @@
 //   velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark|contrast] [WIDTH HEIGHT]
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 #include "competitions/world_cup.h"
 #include "competitions/world_cup_form.h"
@@ -85,6 +88,34 @@ void picture_match(MenuWindow& menu) {
   open(menu, "start_game", "new_match");
 }
 
+/// What opens from the menu by a press or a key, and sheets of a match.
+void picture_sheets(MenuWindow& menu) {
+  chance.use_seed(7);
+  ClickingUser user;
+  user.robot.next("quick", [](QWidget& window) {
+    take(window, "quick-match");
+    QTest::keyClick(window.focusWidget(), Qt::Key_F1);
+    press(window, "accept");
+  });
+  user.robot.next("help", [](QWidget& window) {
+    take(window, "help");
+    press(window, "accept");
+  });
+  std::set<std::string> seen;
+  user.robot.at_sight([&](QWidget& window) {
+    const std::string name = window.objectName().toStdString();
+    const bool sheet = name == "message" || name == "batorder" || name == "chgbowler" || name == "batsmandetails";
+    if (sheet && match.over_no > 3 && seen.insert(name).second) take(window, ("sheet-" + name).c_str());
+  });
+  press(menu, "quick_match");
+  user.robot.next("jump", [](QWidget& window) {
+    QTest::keyClicks(control<QLineEdit>(window, "words"), QStringLiteral("h"));
+    take(window, "jump");
+    press(window, "cancel");
+  });
+  QTest::keyClick(menu.focusWidget(), Qt::Key_K, Qt::ControlModifier);
+}
+
 void picture_world_cup(MenuWindow& menu) {
   chance.use_seed(5);
   ClickingUser user;
@@ -132,6 +163,7 @@ void take_all() {
     menu.start();
     take(menu, "menu");
     picture_match(menu);
+    picture_sheets(menu);
     picture_profile(menu);
     picture_world_cup(menu);
     end_program(0);
