@@ -398,6 +398,7 @@ void Frame::give_focus() {
     }
   }
   wanted->setFocus(Qt::ActiveWindowFocusReason);
+  emit top_changed(waiting->form);
 }
 
 bool Frame::eventFilter(QObject* watched, QEvent* event) {

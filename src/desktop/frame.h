@@ -54,6 +54,10 @@ class Frame : public QWidget {
   /// From this width on, reports stand beside their page.
   static constexpr int least_width_for_two = 1280;
 
+ signals:
+  /// Another form waits for its user, or none.
+  void top_changed(Form* top);
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;

@@ -69,6 +69,7 @@ constexpr Purpose purposes[] = {
     {"waiting", "Another program works on the same files; the game goes on when it is done."},
     {"message", "Read it, and press OK."},
     {"save_failed", "The game could not be saved. Make room or mend the cause and try again, or go on without."},
+    {"guide_question", "Yes begins a match with six hints on the way."},
     {"help", "What one can do here, and by which keys."},
     {"jump", "Type a few letters of a page, a team or a player; Return goes there."},
 };

@@ -62,6 +62,9 @@ void set_captains(Captains chosen) {
   settings().setValue(QStringLiteral("captains/second_human"), chosen.second_human ? 1 : 0);
 }
 
+bool guide_offered() { return number(QStringLiteral("guide_offered"), 1, 0) == 1; }
+void set_guide_offered(bool offered) { settings().setValue(QStringLiteral("guide_offered"), offered ? 1 : 0); }
+
 LastSides last_sides() {
   const auto text = [](const char* key) { return settings().value(QLatin1String(key)).toString(); };
   return {text("last_match/first"), text("last_match/second"), text("last_match/ground")};

@@ -59,6 +59,10 @@ void set_plays_without_stopping(const QString& form, bool on);
 Captains captains();
 void set_captains(Captains chosen);
 
+/// A guided first match has been offered; false at first.
+bool guide_offered();
+void set_guide_offered(bool offered);
+
 LastSides last_sides();
 void set_last_sides(const LastSides& sides);
 

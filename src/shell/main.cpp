@@ -37,6 +37,9 @@ int main(int argc, char** argv) {
   MenuWindow menu_window(shown_by, &frame);
   frame.show();
   menu_window.show();
-  QTimer::singleShot(0, &menu_window, &MenuWindow::start);
+  QTimer::singleShot(0, &menu_window, [&menu_window] {
+    menu_window.start();
+    menu_window.offer_guide();
+  });
   return QApplication::exec();
 }

@@ -17,8 +17,10 @@
 #include "desktop/message_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
+#include "desktop/question.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
+#include "shell/guide.h"
 #include "shell/menu_actions.h"
 #include "shell/menu_entry.h"
 #include "shell/qt_front_end.h"
@@ -77,6 +79,19 @@ void MenuWindow::start() {
     }
     if (found != first_settings::in_use) menu::configurations(shown_by_);
     show_database();
+  });
+}
+
+void MenuWindow::offer_guide() {
+  guarded([this] {
+    if (program_is_ending() || main_window() == nullptr || preferences::guide_offered()) return;
+    preferences::set_guide_offered(true);
+    const bool guided = ask(*this, QStringLiteral("guide_question"), QStringLiteral("Your first match"),
+                            QStringLiteral("Six short hints lead through a first match, each at the place it is "
+                                           "about. Play it now?"));
+    if (!guided) return;
+    new Guide(*main_window());
+    for_play(menu::quick_match)();
   });
 }
 

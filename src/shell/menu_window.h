@@ -28,6 +28,9 @@ class MenuWindow : public Form {
   /// read, asks for them.
   void start();
 
+  /// Asks a newcomer, once, whether he wants to be led through his first match, and begins it.
+  void offer_guide();
+
   void reject() override;
 
  protected:

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <vector>
+
+namespace velorin {
+
+class Form;
+class Frame;
+class Hint;
+
+/// A hint of the guided match: the form and the control that it is about, and its words.
+struct GuideHint {
+  const char* form;
+  const char* control;
+  const char* words;
+};
+
+/// The six hints, in the order in which a match meets them.
+const std::vector<GuideHint>& guide_hints();
+
+/// Leads a newcomer through his first match: shows each hint once, when its control is first on show in the main
+/// window, one at a time. Goes when the last has been read.
+class Guide : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit Guide(Frame& frame);
+
+  /// Hints that have not been read.
+  int left() const { return static_cast<int>(waiting_.size()); }
+
+ private:
+  void look(Form* top);
+
+  Frame& frame_;
+  std::vector<GuideHint> waiting_;
+  QPointer<Hint> shown_;
+};
+
+}  // namespace velorin
