@@ -33,11 +33,17 @@ class Install : public ::testing::Test {
     write(root_ / "path" / "cmake", "#!/bin/sh\n");
     for (const char* name : {"velorin", "velorin-cli"}) write(built() / name, "#!/bin/sh\necho started\n");
     for (const char* name : {"world.team", "world.grd", "options.mc"}) write(built() / "teams" / name, name);
+    // What somebody has played in the built game is his, and not installed.
+    for (const char* name : {"world.rec", "world.ptr"}) {
+      write(seasons() / name, std::string("seasons in ") + name);
+      write(built() / "teams" / name, "played in the built game");
+    }
   }
   void TearDown() override { fs::remove_all(root_); }
 
   fs::path tree() const { return root_ / "tree"; }
   fs::path here() const { return root_ / "here"; }
+  fs::path seasons() const { return tree() / "build" / "release" / "seasons"; }
   fs::path built() const { return tree() / "build" / "release" / "bin"; }
 
   static void write(const fs::path& file, const std::string& text) {
@@ -115,6 +121,40 @@ TEST_F(Install, AnotherTimeKeepsTheSettings) {
   write(prefix / "lib" / "velorin" / "teams" / "options.mc", "mine");
   ASSERT_EQ(install(prefix), 0);
   EXPECT_EQ(text_of(prefix / "lib" / "velorin" / "teams" / "options.mc"), "mine");
+}
+
+TEST_F(Install, TheFirstTimeBringsCareersAndRecords) {
+  const fs::path teams = root_ / "first" / "lib" / "velorin" / "teams";
+  ASSERT_EQ(install(root_ / "first"), 0);
+  EXPECT_EQ(text_of(teams / "world.rec"), "seasons in world.rec");
+  EXPECT_EQ(text_of(teams / "world.ptr"), "seasons in world.ptr");
+  EXPECT_FALSE(fs::exists(teams / "world.rec.made"));
+  EXPECT_FALSE(fs::exists(teams / "world.ptr.made"));
+}
+
+TEST_F(Install, AnotherTimeKeepsCareersAndRecords) {
+  const fs::path teams = root_ / "again" / "lib" / "velorin" / "teams";
+  for (const char* kept : {"world.rec", "world.ptr"}) {
+    SCOPED_TRACE(kept);
+    fs::remove_all(teams);
+    write(teams / kept, "mine");
+    ASSERT_EQ(install(root_ / "again"), 0);
+    EXPECT_EQ(text_of(teams / kept), "mine");
+    EXPECT_EQ(fs::exists(teams / "world.rec") + fs::exists(teams / "world.ptr"), 1) << "nothing beside them";
+  }
+  // Begun anew: there, and empty.
+  for (const char* emptied : {"world.rec", "world.ptr"}) write(teams / emptied, "");
+  ASSERT_EQ(install(root_ / "again"), 0);
+  EXPECT_EQ(text_of(teams / "world.rec") + text_of(teams / "world.ptr"), "");
+}
+
+TEST_F(Install, WhatAStoppedOneHasLeftIsFinished) {
+  const fs::path teams = root_ / "stopped" / "lib" / "velorin" / "teams";
+  write(teams / "world.ptr", "seasons in world.ptr");
+  write(teams / "world.rec.made", "seasons in");
+  ASSERT_EQ(install(root_ / "stopped"), 0);
+  EXPECT_EQ(text_of(teams / "world.rec"), "seasons in world.rec");
+  EXPECT_FALSE(fs::exists(teams / "world.rec.made"));
 }
 
 }  // namespace
