@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "database/begin_anew.h"
 #include "database/configuration.h"
 #include "database/open_database.h"
 #include "model/code_page.h"
@@ -36,6 +37,13 @@ std::vector<std::string> list_of_databases(const open_database& data) {
   } catch (const run_time_error&) {
     return {};
   }
+}
+
+/// The files of the database chosen, if it were in use.
+database_files files_of(const open_database& data, const std::string& base) {
+  database_files files = database_paths(data.files.folder, base);
+  files.watcher = data.files.watcher;
+  return files;
 }
 
 /// Sets a colour from its setting, unless that is empty or no colour.
@@ -86,6 +94,19 @@ void settings_form::change_back_color(std::optional<long> chosen) {
 void settings_form::change_font_color(std::optional<long> chosen) {
   if (chosen) font_dialog_color = *chosen;
   sample_text_color = font_dialog_color;
+}
+
+bool settings_form::has_careers() const {
+  return !database.empty() && has_careers_or_records(files_of(data_, database));
+}
+
+std::optional<settings_form::shown_message> settings_form::begin_anew() {
+  try {
+    begin_careers_anew(files_of(data_, database));
+  } catch (const run_time_error& error) {
+    return shown_message{"Error", error.what()};
+  }
+  return std::nullopt;
 }
 
 std::optional<settings_form::shown_message> settings_form::accept() {

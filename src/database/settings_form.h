@@ -52,6 +52,12 @@ struct settings_form : settings_fields {
   /// The same below the folder.
   std::string folder_note() const;
 
+  /// Whether the database chosen has careers or records that can be begun anew.
+  bool has_careers() const;
+  /// "Begin careers and records anew", once the user has said yes: empties those of the database chosen, and leaves the
+  /// settings as they are. Returns the message of what has failed. Requires a database.
+  std::optional<shown_message> begin_anew();
+
   /// "OK". Without a database returns the message to show and changes nothing. Else changes `settings` and the paths of
   /// `files`, writes options.mc and closes. Where it cannot be written, all that holds for this run, and the message
   /// tells why.

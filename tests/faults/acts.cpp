@@ -120,6 +120,12 @@ act settings() {
   return what;
 }
 
+act begin_anew() {
+  act what = update();
+  what.words = {settings_writer, "@", "small", "begin_anew"};
+  return what;
+}
+
 act elevens() {
   act what;
   what.words = {elevens_writer, "@", "write"};
@@ -186,7 +192,7 @@ std::vector<std::string> writing_act_names() {
           "exports", "draws",      "settings", "first_settings", "elevens"};
 }
 
-std::vector<std::string> act_names() { return joined(writing_act_names(), {"exchange"}); }
+std::vector<std::string> act_names() { return joined(writing_act_names(), {"begin_anew", "exchange"}); }
 
 act act_of(const std::string& name) {
   const std::map<std::string, std::function<act()>> makers = {{"build", build},
@@ -199,6 +205,7 @@ act act_of(const std::string& name) {
                                                               {"draws", draws},
                                                               {"settings", settings},
                                                               {"first_settings", [] { return anew(settings()); }},
+                                                              {"begin_anew", begin_anew},
                                                               {"elevens", elevens},
                                                               {"exchange", exchange}};
   act what = makers.at(name)();

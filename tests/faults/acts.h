@@ -35,6 +35,7 @@ inline constexpr const char* old_bytes = "what stood here before\n";
 ///   exports                a match of a known seed saved as page, text, ball by ball and object, over old files
 ///   draws                  a match of scripted draws saved as text, where nothing was
 ///   settings, first_settings   the configurations confirmed, over old ones or where there were none
+///   begin_anew             careers and records emptied
 ///   elevens, exchange      both elevens written over old ones, or exchanged with each other
 act act_of(const std::string& name);
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Confirms the configurations as the game does: settings_writer FOLDER BASE RRGGBB
+// or begins careers and records anew as they do: settings_writer FOLDER BASE begin_anew
 #include <exception>
 #include <iostream>
 #include <string>
@@ -19,9 +20,12 @@ int main(int count, char** words) {
     velorin::settings_form form(data);
     form.open();
     form.database = words[2];
-    form.photo_folder = "/photos";
-    form.change_font_color(std::stol(velorin::change_to_rgb(words[3])));
-    if (const auto message = form.accept()) {
+    const bool anew = std::string(words[3]) == "begin_anew";
+    if (!anew) {
+      form.photo_folder = "/photos";
+      form.change_font_color(std::stol(velorin::change_to_rgb(words[3])));
+    }
+    if (const auto message = anew ? form.begin_anew() : form.accept()) {
       std::cerr << "settings_writer: " << message->text << '\n';
       return 1;
     }

@@ -51,8 +51,7 @@ class Seasons : public ::testing::Test {
   /// Runs what the build runs to put the seasons in place.
   int lay_out() const {
     const std::string line = std::string(VELORIN_CMAKE) + " -DSOURCE=" + quoted(seasons) +
-                             " -DTEAMS=" + quoted(folder_) + " -P " +
-                             quoted(project / "data" / "first_seasons.cmake");
+                             " -DTEAMS=" + quoted(folder_) + " -P " + quoted(project / "data" / "first_seasons.cmake");
     return std::system(line.c_str());
   }
 

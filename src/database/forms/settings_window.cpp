@@ -17,6 +17,7 @@
 #include "desktop/message_kinds.h"
 #include "desktop/message_window.h"
 #include "desktop/program_end.h"
+#include "desktop/question.h"
 #include "desktop/shown_text.h"
 
 namespace velorin {
@@ -88,6 +89,7 @@ void SettingsWindow::add_database() {
   connect(databases_, &QComboBox::currentIndexChanged, this, [this](int index) {
     form_.database = index < 0 ? std::string() : form_.databases[static_cast<std::size_t>(index)];
     show_database_note();
+    show_careers();
   });
   card_rows(card)->addWidget(new_caption(QStringLiteral("Select Database:"), u'D', databases_));
   card_rows(card)->addWidget(databases_);
@@ -101,7 +103,49 @@ void SettingsWindow::add_database() {
                                       "window again.")
                            .arg(QString::fromStdString(data_.files.folder.string()))));
   }
+  add_careers(card_rows(card));
   body()->addWidget(card);
+}
+
+void SettingsWindow::add_careers(QVBoxLayout* rows) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  careers_note_ = new_note("careers_note", {});
+  row->addWidget(careers_note_, 1);
+  begin_anew_ = new_act(QStringLiteral("begin_anew"),
+                        {.caption = QStringLiteral("Begin careers and records anew"),
+                         .mnemonic = u'r',
+                         .key = {},
+                         .hint = QStringLiteral("Empties the careers and records of this database, after a question")},
+                        [this] { begin_anew(); });
+  row->addWidget(begin_anew_, 0, Qt::AlignTop);
+  rows->addLayout(row);
+  show_careers();
+}
+
+void SettingsWindow::show_careers() {
+  const bool any = form_.has_careers();
+  begin_anew_->setEnabled(any);
+  careers_note_->setText(
+      any ? QStringLiteral("Matches add to the careers and records of this database.")
+          : QStringLiteral("This database has no careers and records yet. The first match begins them."));
+  careers_note_->setVisible(!form_.database.empty());
+  begin_anew_->setVisible(!form_.database.empty());
+}
+
+void SettingsWindow::begin_anew() {
+  if (!ask(*this, QStringLiteral("anew_question"), QStringLiteral("Begin careers and records anew?"),
+           QStringLiteral("Every career, record list and team record of the database \"%1\" is emptied. This cannot be "
+                          "undone.")
+               .arg(shown(form_.database)))) {
+    return;
+  }
+  if (const auto failed = form_.begin_anew()) {
+    MessageWindow window({failed->title, failed->text}, MessageWindow::Kind::failure);
+    run_modal(window);
+  }
+  show_careers();
+  focus_default();
 }
 
 void SettingsWindow::show_database_note() {

@@ -10,6 +10,7 @@
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QVBoxLayout;
 
 namespace velorin {
@@ -37,10 +38,14 @@ class SettingsWindow : public Form {
 
  private:
   void add_database();
+  void add_careers(QVBoxLayout* rows);
   void add_folder();
   void add_sample();
   void browse();
   void show_database_note();
+  /// What becomes of careers and records follows the database chosen.
+  void show_careers();
+  void begin_anew();
   std::optional<long> ask_color(long present);
   void show_sample();
   void confirm();
@@ -49,6 +54,8 @@ class SettingsWindow : public Form {
   Choosers choosers_;
   QComboBox* databases_ = nullptr;
   QLabel* database_note_ = nullptr;
+  QLabel* careers_note_ = nullptr;
+  QPushButton* begin_anew_ = nullptr;
   QLineEdit* folder_ = nullptr;
   QLabel* folder_note_ = nullptr;
   QLabel* sample_ = nullptr;

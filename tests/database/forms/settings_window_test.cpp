@@ -220,5 +220,56 @@ TEST_F(SettingsWindowTest, AFolderWithoutADatabaseSaysWhatToDo) {
   EXPECT_TRUE(note.contains(QString::fromStdString(empty.string())));
 }
 
+TEST_F(SettingsWindowTest, CareersBeginAnewAfterAQuestion) {
+  for (const char* name : {"alpha.rec", "alpha.ptr"}) write_bytes(folder / name, "what matches have left");
+  data.settings = {folder.string(), "beta.v2", "", "", ""};
+  form_.open();
+  SettingsWindow window(data, form_);
+  window.show();
+  EXPECT_FALSE(control<QPushButton>(window, "begin_anew")->isEnabled()) << "nothing to begin anew";
+  control<QComboBox>(window, "databases")->setCurrentIndex(0);
+  ASSERT_TRUE(control<QPushButton>(window, "begin_anew")->isEnabled());
+  take_picture(window, "optfrm_careers");
+  check_window_at_sizes(window);
+  Robot robot;
+  robot.next("anew_question", [](QWidget& question) {
+    EXPECT_EQ(question.focusWidget(), control<QPushButton>(question, "no"));
+    EXPECT_TRUE(control<QLabel>(question, "text")->text().contains("\"alpha\""));
+    take_picture(question, "anew_question");
+    check_window_at_sizes(question);
+    press(question, "no");
+  });
+  press(window, "begin_anew");
+  EXPECT_EQ(bytes_of(folder / "alpha.rec"), "what matches have left");
+  robot.next("anew_question", pressing("yes"));
+  press(window, "begin_anew");
+  EXPECT_EQ(bytes_of(folder / "alpha.rec") + bytes_of(folder / "alpha.ptr"), "");
+  EXPECT_FALSE(control<QPushButton>(window, "begin_anew")->isEnabled());
+  EXPECT_TRUE(control<QLabel>(window, "careers_note")->text().contains("first match"));
+  EXPECT_EQ(window.focusWidget(), control<QPushButton>(window, "accept"));
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_EQ(robot.left(), 0);
+}
+
+TEST_F(SettingsWindowTest, ACareerFileThatCannotBeEmptiedIsTold) {
+  write_bytes(folder / "alpha.ptr", "what matches have left");
+  std::filesystem::create_directory(folder / "alpha.rec");
+  data.settings = {folder.string(), "alpha", "", "", ""};
+  form_.open();
+  SettingsWindow window(data, form_);
+  window.show();
+  Robot robot;
+  robot.next("anew_question", pressing("yes"));
+  std::string told;
+  robot.next("message", [&](QWidget& message) {
+    told = control<QLabel>(message, "text")->text().toStdString();
+    press(message, "accept");
+  });
+  press(window, "begin_anew");
+  EXPECT_THAT(told, ::testing::HasSubstr("alpha.rec"));
+  EXPECT_EQ(bytes_of(folder / "alpha.ptr"), "what matches have left");
+  EXPECT_TRUE(control<QPushButton>(window, "begin_anew")->isEnabled()) << "may be tried again";
+}
+
 }  // namespace
 }  // namespace velorin::testing
