@@ -62,8 +62,7 @@ Robot::answer then_ask(OpeningTimes& times, Request request) {
 }
 
 void open_everything(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& user) {
-  for (const char* name : {"allrecs", "totrecords", "highinduv", "centurytop", "partnrec", "teamdet", "wldrank",
-                           "Sqdet", "optfrm", "frmAbout"}) {
+  for (const char* name : {"reclists", "teamdet", "Sqdet", "optfrm", "frmAbout"}) {
     user.robot.always(name, then_ask(times, [](QWidget& window) { press(window, "accept"); }));
   }
   for (const char* name : {"series1", "series2", "wctable"}) {

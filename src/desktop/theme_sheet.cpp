@@ -66,6 +66,12 @@ QRadioButton::indicator { border-radius: 7px; }
 QRadioButton::indicator:checked { width: 6px; height: 6px; border: 4px solid @accent; background: @on_accent; }
 QRadioButton::indicator:disabled, QCheckBox::indicator:disabled { border-color: @line; background: transparent; }
 QRadioButton::indicator:checked:disabled { border: 4px solid @muted; background: @card; }
+QRadioButton[entry="true"] { padding: 4px 8px; border-radius: 6px; spacing: 0px; }
+QRadioButton[entry="true"]:hover { background: @card_raised; }
+QRadioButton[entry="true"]:checked { background: @accent; color: @on_accent; font-weight: 600; }
+QRadioButton[entry="true"]::indicator, QRadioButton[entry="true"]::indicator:checked {
+  width: 0px; height: 0px; border: none; background: transparent;
+}
 
 QTableView, QListView {
   background: @card; alternate-background-color: @card_raised; color: @ink; border: 1px solid @line;

@@ -7,20 +7,12 @@
 #include <utility>
 #include <vector>
 
-#include "browsers/century_makers.h"
-#include "browsers/forms/best_performances_window.h"
-#include "browsers/forms/century_makers_window.h"
 #include "browsers/forms/player_profile_window.h"
-#include "browsers/forms/player_rankings_window.h"
-#include "browsers/forms/stand_records_window.h"
+#include "browsers/forms/record_lists_window.h"
 #include "browsers/forms/team_records_window.h"
-#include "browsers/forms/total_records_window.h"
-#include "browsers/forms/world_rankings_window.h"
 #include "browsers/player_profile.h"
-#include "browsers/player_rankings.h"
-#include "browsers/record_tables.h"
+#include "browsers/record_lists.h"
 #include "browsers/team_records.h"
-#include "browsers/world_rankings.h"
 #include "competitions/forms/series_window.h"
 #include "competitions/forms/tri_series_window.h"
 #include "competitions/forms/world_cup_window.h"
@@ -57,12 +49,18 @@ void show_form(CoreForm& form, Given&&... given) {
   } while (window.isVisible());
 }
 
-/// A list of records.
-template <class Window, class CoreForm, class... Mode>
-void show_list(QtFrontEnd& shown_by, Mode... mode) {
-  CoreForm form(shown_by.game().data);
-  form.open(mode...);
-  show_form<Window>(form, shown_by, shown_by.game().data);
+/// The record lists, on the one of a form and mode.
+void show_list(QtFrontEnd& shown_by, std::string_view form_id, int record_mode = 0) {
+  record_lists_form form(shown_by.game().data);
+  form.open(record_list_place(form_id, record_mode));
+  show_form<RecordListsWindow>(form, shown_by, shown_by.game().data);
+}
+
+/// The lists of a group, one after the other.
+void show_group(QtFrontEnd& shown_by, std::string_view group) {
+  record_lists_form form(shown_by.game().data);
+  form.open_group(group);
+  show_form<RecordListsWindow>(form, shown_by, shown_by.game().data);
 }
 
 /// Tells the front end that an activity is under way.
@@ -127,39 +125,20 @@ void player_profiles(QtFrontEnd& shown_by) {
   show_form<PlayerProfileWindow>(form);
 }
 
-void team_records(QtFrontEnd& shown_by) { show_list<TeamRecordsWindow, team_records_form>(shown_by); }
-void world_rankings(QtFrontEnd& shown_by) { show_list<WorldRankingsWindow, world_rankings_form>(shown_by); }
-
-void totals(QtFrontEnd& shown_by, int record_mode) {
-  show_list<TotalRecordsWindow, total_records_form>(shown_by, record_mode);
-}
-void individual(QtFrontEnd& shown_by, int record_mode) {
-  show_list<BestPerformancesWindow, best_performances_form>(shown_by, record_mode);
-}
-void players(QtFrontEnd& shown_by, int record_mode) {
-  show_list<PlayerRankingsWindow, player_rankings_form>(shown_by, record_mode);
-}
-void century_makers(QtFrontEnd& shown_by) { show_list<CenturyMakersWindow, century_makers_form>(shown_by); }
-void partnerships(QtFrontEnd& shown_by) { show_list<StandRecordsWindow, stand_records_form>(shown_by); }
-
-void all_batting(QtFrontEnd& shown_by) {
-  totals(shown_by, 1);
-  totals(shown_by, 0);
-  individual(shown_by, 1);
-  players(shown_by, 2);
-  players(shown_by, 1);
-  players(shown_by, 3);
-  players(shown_by, 4);
-  century_makers(shown_by);
-  partnerships(shown_by);
+void team_records(QtFrontEnd& shown_by) {
+  team_records_form form(shown_by.game().data);
+  form.open();
+  show_form<TeamRecordsWindow>(form, shown_by, shown_by.game().data);
 }
 
-void all_bowling(QtFrontEnd& shown_by) {
-  players(shown_by, 5);
-  players(shown_by, 7);
-  players(shown_by, 6);
-  individual(shown_by, 0);
-}
+void world_rankings(QtFrontEnd& shown_by) { show_list(shown_by, "wldrank"); }
+void totals(QtFrontEnd& shown_by, int record_mode) { show_list(shown_by, "totrecords", record_mode); }
+void individual(QtFrontEnd& shown_by, int record_mode) { show_list(shown_by, "highinduv", record_mode); }
+void players(QtFrontEnd& shown_by, int record_mode) { show_list(shown_by, "allrecs", record_mode); }
+void century_makers(QtFrontEnd& shown_by) { show_list(shown_by, "centurytop"); }
+void partnerships(QtFrontEnd& shown_by) { show_list(shown_by, "partnrec"); }
+void all_batting(QtFrontEnd& shown_by) { show_group(shown_by, "Batting"); }
+void all_bowling(QtFrontEnd& shown_by) { show_group(shown_by, "Bowling"); }
 
 namespace {
 

@@ -22,13 +22,13 @@ void player_profiles(QtFrontEnd& shown_by);
 void team_records(QtFrontEnd& shown_by);
 void world_rankings(QtFrontEnd& shown_by);
 
-/// Record lists, `record_mode` as they take it.
+/// The window of all record lists, opened on one of them; `record_mode` as its form takes it.
 void totals(QtFrontEnd& shown_by, int record_mode);
 void individual(QtFrontEnd& shown_by, int record_mode);
 void players(QtFrontEnd& shown_by, int record_mode);
 void century_makers(QtFrontEnd& shown_by);
 void partnerships(QtFrontEnd& shown_by);
-/// The lists one after the other, each as the one before is closed.
+/// The lists of a group one after the other, each as the one before is closed.
 void all_batting(QtFrontEnd& shown_by);
 void all_bowling(QtFrontEnd& shown_by);
 

@@ -11,8 +11,8 @@
 namespace velorin {
 namespace {
 
-using ::testing::ElementsAre;
 using testing::bytes_of;
+using ::testing::ElementsAre;
 using testing::error_of;
 using testing::names_in;
 using testing::write_bytes;

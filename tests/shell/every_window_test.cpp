@@ -134,10 +134,11 @@ TEST_F(EveryWindow, RecordsSettingsAndCredits) {
     press(menu, "configurations");
     press(menu, "credits");
   });
-  for (const char* name : {"Sqdet", "teamdet", "wldrank", "totrecords", "highinduv", "allrecs", "centurytop",
-                           "partnrec", "optfrm", "frmAbout"}) {
+  for (const char* name : {"Sqdet", "teamdet", "reclists", "optfrm", "frmAbout"}) {
     EXPECT_TRUE(pairs.contains(std::string("opening < ") + name)) << name;
   }
+  EXPECT_EQ(user.robot.met("reclists"), 1 + 9 + 4) << "the ranking, then list after list";
+  EXPECT_GT(ticks, 13) << "each list is chosen by a press and by an assistive action";
 }
 
 TEST_F(EveryWindow, NoSecondMatchStartsBehindTheFirst) {

@@ -161,7 +161,7 @@ TEST_F(FirstStart, AFaultBeforePlayIsToldAndTheMenuStays) {
 
 TEST_F(FirstStart, OnlyWhatAnEntryReadsIsAsked) {
   ClickingUser user;
-  user.robot.next("totrecords", [](QWidget& window) { press(window, "accept"); });
+  user.robot.next("reclists", [](QWidget& window) { press(window, "accept"); });
   user.robot.next("Sqdet", [](QWidget& window) { press(window, "accept"); });
   EXPECT_EQ(run([this](MenuWindow& menu) {
               std::filesystem::remove(file("world.team"));

@@ -53,7 +53,7 @@ TEST_F(GoingPlaces, CtrlKLeadsToAPageATeamAndAPlayer) {
   });
   EXPECT_EQ(turn, 3U);
   ASSERT_EQ(titles.size(), 2U) << ::testing::PrintToString(titles);
-  EXPECT_EQ(titles[0].substr(0, 9), "totrecord");
+  EXPECT_EQ(titles[0].substr(0, 8), "reclists");
   EXPECT_EQ(titles[1].substr(0, 7), "teamdet");
   EXPECT_EQ(user.robot.met("Sqdet"), 1);
 }

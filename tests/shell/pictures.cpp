@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -12,6 +13,7 @@
 #include <fstream>
 #include <set>
 
+#include "browsers/record_lists.h"
 #include "competitions/world_cup.h"
 #include "competitions/world_cup_form.h"
 #include "database/configuration.h"
@@ -151,6 +153,28 @@ void picture_profile(MenuWindow& menu) {
   open(menu, "other_records", "player_profiles");
 }
 
+void picture_record_lists(MenuWindow& menu) {
+  ClickingUser user;
+  user.robot.next("reclists", [](QWidget& window) {
+    for (const record_list& list : every_record_list) {
+      const std::string key = std::string(list.form) + "_" + std::to_string(list.record_mode);
+      control<QRadioButton>(window, ("list_" + key).c_str())->click();
+      take(window, ("records-" + key).c_str(), true);
+    }
+    press(window, "accept");
+  });
+  open(menu, "batting_stats", "highest_totals");
+}
+
+void picture_settings(MenuWindow& menu) {
+  ClickingUser user;
+  user.robot.next("optfrm", [](QWidget& window) {
+    take(window, "settings", true);
+    press(window, "accept");
+  });
+  press(menu, "configurations");
+}
+
 void take_all() {
   QtFrontEnd shown_by(tested_game);
   const front_end_scope in_use(shown_by);
@@ -165,6 +189,8 @@ void take_all() {
     picture_match(menu);
     picture_sheets(menu);
     picture_profile(menu);
+    picture_record_lists(menu);
+    picture_settings(menu);
     picture_world_cup(menu);
     end_program(0);
   });
@@ -199,11 +225,16 @@ int main(int argc, char** argv) {
   std::filesystem::create_directories(argv[1]);
   const std::filesystem::path teams = own.filePath(QStringLiteral("teams")).toStdString();
   std::filesystem::create_directory(teams);
+  const std::filesystem::path given(argv[2]);
   for (const char* name : {"world.team", "world.grd", "options.mc"}) {
-    std::filesystem::copy_file(std::filesystem::path(argv[2]) / name, teams / name);
+    std::filesystem::copy_file(given / name, teams / name);
+  }
+  const bool played = std::filesystem::exists(given / "world.rec");
+  for (const char* name : {"world.rec", "world.ptr"}) {
+    if (played) std::filesystem::copy_file(given / name, teams / name);
   }
   data.files = database_paths(teams, "world");
-  velorin::testing::fill_careers();
+  if (!played) velorin::testing::fill_careers();
   velorin::testing::take_all();
   return ::testing::UnitTest::GetInstance()->Failed() ? 1 : 0;
 }

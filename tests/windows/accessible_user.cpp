@@ -72,7 +72,9 @@ QString state_of(const QWidget& window) {
   QStringList parts;
   for (const QWidget* widget : window.findChildren<QWidget*>()) {
     if (widget->window() != window.window()) continue;
-    QString part = widget->objectName() + (widget->isVisible() ? u'+' : u'-');
+    // Scroll bars come and go a moment after what they are for.
+    const bool of_scrolling = widget->objectName().startsWith(u"qt_scrollarea_") || widget->inherits("QScrollBar");
+    QString part = widget->objectName() + (of_scrolling ? u'.' : widget->isVisible() ? u'+' : u'-');
     if (const auto* label = qobject_cast<const QLabel*>(widget)) part += label->text();
     if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
       part += button->text() + (button->isChecked() ? u'x' : u'o') + (button->isEnabled() ? u'+' : u'-');

@@ -9,7 +9,7 @@ namespace velorin {
 class front_end;
 struct open_database;
 
-/// A ranking of all players, or the records of one team's players.
+/// The records of one team's players.
 class PlayerRankingsWindow : public RecordWindow {
  public:
   explicit PlayerRankingsWindow(front_end& user, const open_database& database, player_rankings_form& form,

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "browsers/forms/record_window.h"
 
+#include <QHBoxLayout>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
+#include <functional>
 
 #include "browsers/player_profile.h"
 #include "browsers/shown_table.h"
@@ -58,45 +60,77 @@ RecordWindow::RecordWindow(front_end& user, const open_database& database, const
                            bool ranked, QWidget* parent)
     : Form(name, Dismissal::closes, parent),
       form_(form),
-      rows_(new_column(body(), 1120)),
+      across_(new QHBoxLayout),
       table_(new TableView(QStringLiteral("table"))),
+      empty_(new_named_label(QStringLiteral("empty"), QStringLiteral("No records yet"), TextRole::muted)),
       user_(user),
       data_(database) {
-  set_title(shown(form_.table.title), shown(form_.table.title));
-  rows_->addWidget(table_, 1);
-  show_rows(ranked);
-  rows_->addStretch();
-  add_profile_button(QStringLiteral("profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, 0);
-  const auto close = [this] {
-    form_.accept();
-    if (form_.closed) accept();
-  };
-  add_default_button(QStringLiteral("accept"), {.caption = shown(table_form::ok_caption), .mnemonic = u'O'}, close)
-      ->setFocus();
+  auto* column = new_column(body(), 1376);
+  across_->setSpacing(16);
+  column->addLayout(across_, 1);
+  auto* rows = new QVBoxLayout;
+  rows->addWidget(table_, 1);
+  rows->addWidget(empty_);
+  rows->addStretch();
+  across_->addLayout(rows, 1);
+  profiles_ = {
+      new_profile_button(QStringLiteral("profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, 0),
+      new_profile_button(QStringLiteral("partner"), {.caption = QStringLiteral("Partner's Profile"), .mnemonic = u'a'},
+                         1)};
+  connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { follow_row(); });
+  const auto close = [this] { press_ok(); };
+  ok_ =
+      add_default_button(QStringLiteral("accept"), {.caption = shown(table_form::ok_caption), .mnemonic = u'O'}, close);
+  ok_->setFocus();
   on_dismiss(close);
+  show_table(ranked);
 }
 
-void RecordWindow::show_rows(bool ranked) {
+void RecordWindow::press_ok() {
+  form_.accept();
+  if (form_.closed) accept();
+}
+
+void RecordWindow::add_at_left(QWidget* widget, QWidget* last) {
+  across_->insertWidget(0, widget, 0, Qt::AlignTop);
+  // From the end on: the table would count as the one behind the last, around the window.
+  for (QWidget* next : std::initializer_list<QWidget*>{ok_, profiles_[1], profiles_[0], table_}) {
+    setTabOrder(last, next);
+  }
+}
+
+void RecordWindow::show_table(bool ranked) {
+  set_title(shown(form_.table.title), shown(form_.table.title));
   table_->set_table(table_of(form_.table, ranked));
   // The size remembered may come from shorter names and fewer rows.
   const QSize whole = table_->sizeHint();
   table_->setMinimumSize(std::clamp(whole.width(), 480, 960), std::clamp(whole.height(), 120, 480));
   table_->grow_rows(40, static_cast<int>(form_.table.rows.size()));
-  if (form_.table.rows.empty()) {
-    rows_->addWidget(new_named_label(QStringLiteral("empty"), QStringLiteral("No records yet"), TextRole::muted));
-    return;
-  }
-  const auto& rows = form_.table.rows;
-  if (std::any_of(rows.begin(), rows.end(), [](const shown_table::row& row) { return !row.player.empty(); })) {
-    table_->on_open([this](int row) { open_profile(row, 0); });
-  }
+  empty_->setVisible(form_.table.rows.empty());
+  table_->on_open(names_men(0) ? [this](int row) { open_profile(row, 0); } : std::function<void(int)>());
+  for (int man = 0; man < 2; ++man) profiles_[static_cast<std::size_t>(man)]->setVisible(names_men(man));
+  follow_row();
 }
+
+bool RecordWindow::names_men(int man) const {
+  const auto& rows = form_.table.rows;
+  return std::any_of(rows.begin(), rows.end(),
+                     [&](const shown_table::row& row) { return !(man == 0 ? row.player : row.partner).empty(); });
+}
+
+int RecordWindow::chosen_row() const { return table_->table_row(table_->currentIndex().row()); }
 
 const std::string& RecordWindow::man_of(int row, int man) const {
   static const std::string nobody;
   if (row < 0 || row >= static_cast<int>(form_.table.rows.size())) return nobody;
   const shown_table::row& line = form_.table.rows[static_cast<std::size_t>(row)];
   return man == 0 ? line.player : line.partner;
+}
+
+void RecordWindow::follow_row() {
+  for (int man = 0; man < 2; ++man) {
+    profiles_[static_cast<std::size_t>(man)]->setEnabled(!man_of(chosen_row(), man).empty());
+  }
 }
 
 void RecordWindow::open_profile(int row, int man) {
@@ -106,22 +140,13 @@ void RecordWindow::open_profile(int row, int man) {
   focus_default();
 }
 
-QPushButton* RecordWindow::add_profile_button(const QString& name, const Act& act, int man) {
-  const auto& rows = form_.table.rows;
-  const bool any = std::any_of(rows.begin(), rows.end(), [&](const shown_table::row& row) {
-    return !(man == 0 ? row.player : row.partner).empty();
-  });
-  if (!any) return nullptr;
-  const auto chosen = [this] { return table_->table_row(table_->currentIndex().row()); };
+QPushButton* RecordWindow::new_profile_button(const QString& name, const Act& act, int man) {
   auto* button = new QPushButton;
   button->setObjectName(name);
   button->setAutoDefault(false);
   name_act(*button, act);
   add_aside(button);
-  connect(button, &QPushButton::clicked, this, [this, chosen, man] { guarded([&] { open_profile(chosen(), man); }); });
-  const auto follow = [this, button, chosen, man] { button->setEnabled(!man_of(chosen(), man).empty()); };
-  connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, button, follow);
-  follow();
+  connect(button, &QPushButton::clicked, this, [this, man] { guarded([&] { open_profile(chosen_row(), man); }); });
   return button;
 }
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "desktop/form.h"
 
+class QHBoxLayout;
+class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
@@ -16,8 +19,8 @@ struct open_database;
 struct table_form;
 class TableView;
 
-/// The base of the windows that show one table of records. The rows keep their order; a row that names a man opens his
-/// profile.
+/// The base of the windows that show one table of records. The rows keep their order; a row that names men opens their
+/// profiles.
 class RecordWindow : public Form {
   Q_OBJECT
 
@@ -27,20 +30,30 @@ class RecordWindow : public Form {
                QWidget* parent);
 
  protected:
-  table_form& form() const { return form_; }
-  TableView* table() const { return table_; }
-  /// Adds a button for the profile of one of the men that a row names; nothing if no row names him.
-  QPushButton* add_profile_button(const QString& name, const Act& act, int man);
+  /// Shows what stands in the form's table now.
+  void show_table(bool ranked);
+  /// The tab key goes from `last`, the last control of the widget, on to the table.
+  void add_at_left(QWidget* widget, QWidget* last);
+  /// OK, Escape and the close box.
+  virtual void press_ok();
 
  private:
-  void show_rows(bool ranked);
-  /// Opens the profile of the first or second man, 0 or 1, of the row now chosen.
+  /// A button for the profile of one of the men that a row names, the first or second, 0 or 1; hidden where no row
+  /// names him.
+  QPushButton* new_profile_button(const QString& name, const Act& act, int man);
+  void follow_row();
+  /// Opens the profile of the first or second man of a row.
   void open_profile(int row, int man);
+  int chosen_row() const;
   const std::string& man_of(int row, int man) const;
+  bool names_men(int man) const;
 
   table_form& form_;
-  QVBoxLayout* rows_;
+  QHBoxLayout* across_;
   TableView* table_;
+  QLabel* empty_;
+  std::array<QPushButton*, 2> profiles_{};
+  QPushButton* ok_;
   front_end& user_;
   const open_database& data_;
 };

@@ -5,16 +5,16 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
+#include <fstream>
 #include <memory>
 
-#include "browsers/forms/best_performances_window.h"
 #include "browsers/forms/browser_fixture.h"
-#include "browsers/forms/century_makers_window.h"
 #include "browsers/forms/player_rankings_window.h"
-#include "browsers/forms/stand_records_window.h"
-#include "browsers/forms/total_records_window.h"
-#include "browsers/forms/world_rankings_window.h"
+#include "browsers/forms/record_lists_window.h"
+#include "browsers/player_rankings.h"
+#include "browsers/record_lists.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
@@ -28,12 +28,10 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// Opens a form and its window.
+/// A form with its window.
 template <class Form, class Window>
 struct Opened {
-  template <class... Arguments>
-  explicit Opened(Arguments... arguments) {
-    form.open(arguments...);
+  void show() {
     window = std::make_unique<window_of<Window, Form>>(form);
     window->show();
   }
@@ -43,12 +41,39 @@ struct Opened {
   std::unique_ptr<Window> window;
 };
 
-using Ranking = Opened<world_rankings_form, WorldRankingsWindow>;
-using Individual = Opened<best_performances_form, BestPerformancesWindow>;
-using Totals = Opened<total_records_form, TotalRecordsWindow>;
-using Stands = Opened<stand_records_form, StandRecordsWindow>;
-using Players = Opened<player_rankings_form, PlayerRankingsWindow>;
-using Centuries = Opened<century_makers_form, CenturyMakersWindow>;
+/// The window of all lists, opened on one of them.
+struct Listed : Opened<record_lists_form, RecordListsWindow> {
+  explicit Listed(const char* id, int record_mode = 0) {
+    form.open(record_list_place(id, record_mode));
+    show();
+  }
+};
+struct Ranking : Listed {
+  Ranking() : Listed("wldrank") {}
+};
+struct Individual : Listed {
+  explicit Individual(int record_mode) : Listed("highinduv", record_mode) {}
+};
+struct Totals : Listed {
+  explicit Totals(int record_mode) : Listed("totrecords", record_mode) {}
+};
+struct Stands : Listed {
+  Stands() : Listed("partnrec") {}
+};
+struct Players : Listed {
+  explicit Players(int record_mode) : Listed("allrecs", record_mode) {}
+};
+struct Centuries : Listed {
+  Centuries() : Listed("centurytop") {}
+};
+
+/// The records of a team's players, as the choice of an eleven opens them.
+struct OneTeam : Opened<player_rankings_form, PlayerRankingsWindow> {
+  explicit OneTeam(int record_mode) {
+    form.open(record_mode, "Ardell");
+    show();
+  }
+};
 
 class RecordWindows : public BrowserTest {
  protected:
@@ -62,6 +87,7 @@ class RecordWindows : public BrowserTest {
     take_picture(window, picture);
     check_window_at_sizes(window);
     EXPECT_EQ(window.objectName(), name);
+    EXPECT_EQ(window.accessibleName(), window.windowTitle());
     EXPECT_EQ(window.windowTitle(), shown(opened.form.table.title));
     const Table& table = opened.table();
     EXPECT_FALSE(table.sortable);
@@ -77,11 +103,9 @@ class RecordWindows : public BrowserTest {
         EXPECT_EQ(table.rows[r].cells[i].text, shown_caption(row.texts[i]));
       }
     }
-    const auto* empty = window.template findChild<QLabel*>("empty");
-    EXPECT_EQ(empty != nullptr, table.rows.empty());
-    if (empty != nullptr) {
-      EXPECT_EQ(empty->text(), "No records yet");
-    }
+    const auto* empty = control<QLabel>(window, "empty");
+    EXPECT_EQ(empty->isVisible(), table.rows.empty());
+    EXPECT_EQ(empty->text(), "No records yet");
     check_columns(window);
     press(window, "accept");
     EXPECT_TRUE(opened.form.closed);
@@ -91,15 +115,14 @@ class RecordWindows : public BrowserTest {
   /// Opens and checks all of them; `when` goes into the pictures' names.
   void check_all(const std::string& when) {
     const auto named = [&](const std::string& form) { return form + "_" + when; };
-    check(Ranking(), "wldrank", named("wldrank").c_str());
-    for (int mode = 0; mode <= 1; ++mode) {
-      check(Individual(mode), "highinduv", named("highinduv" + std::to_string(mode)).c_str());
-      check(Totals(mode), "totrecords", named("totrecords" + std::to_string(mode)).c_str());
+    for (const record_list& list : every_record_list) {
+      const std::string key = std::string(list.form) + "_" + std::to_string(list.record_mode);
+      const Listed opened(std::string(list.form).c_str(), list.record_mode);
+      EXPECT_TRUE(control<QRadioButton>(*opened.window, ("list_" + key).c_str())->isChecked());
+      check(opened, "reclists", named(key).c_str());
     }
-    check(Stands(), "partnrec", named("partnrec").c_str());
-    check(Centuries(), "centurytop", named("centurytop").c_str());
-    for (int mode = 1; mode <= 9; ++mode) {
-      check(Players(mode, "Ardell"), "allrecs", named("allrecs" + std::to_string(mode)).c_str());
+    for (const int mode : {player_rankings_form::career_batting, player_rankings_form::career_bowling}) {
+      check(OneTeam(mode), "allrecs", named("allrecs_" + std::to_string(mode)).c_str());
     }
   }
 
@@ -118,7 +141,7 @@ class RecordWindows : public BrowserTest {
 
 TEST_F(RecordWindows, AreEmptyOnAnEmptyDatabase) {
   check_all("empty");
-  EXPECT_EQ(Players(1).window->findChild<QPushButton*>("profile"), nullptr);
+  EXPECT_FALSE(control<QPushButton>(*Players(1).window, "profile")->isVisible());
 }
 
 TEST_F(RecordWindows, ShowOneMatch) {
@@ -208,11 +231,11 @@ TEST_F(RecordWindows, TellOfAManWithoutACareer) {
 TEST_F(RecordWindows, OfTeamsOpenNoProfiles) {
   play_matches(1);
   Totals totals(1);
-  EXPECT_EQ(totals.window->findChild<QPushButton*>("profile"), nullptr);
+  EXPECT_FALSE(control<QPushButton>(*totals.window, "profile")->isVisible());
   QTest::keyClick(control<TableView>(*totals.window, "table"), Qt::Key_Return);
   EXPECT_TRUE(totals.form.closed) << "Return goes to the default button";
   Ranking ranking;
-  EXPECT_EQ(ranking.window->findChild<QPushButton*>("profile"), nullptr);
+  EXPECT_FALSE(control<QPushButton>(*ranking.window, "profile")->isVisible());
 }
 
 TEST_F(RecordWindows, EscapeClosesThem) {
@@ -229,6 +252,80 @@ TEST_F(RecordWindows, KeepTheNamesOfTheCodePage) {
   EXPECT_EQ(players.table().rows[0].cells[0].text, QString::fromUtf8("É.Garçon"));
   press(*players.window, "profile");
   EXPECT_THAT(user_.profiles, ElementsAre("\xC9.Gar\xE7on of C\xF4te"));
+}
+
+TEST_F(RecordWindows, ShowAnotherListByOnePress) {
+  play_matches(20);
+  Totals totals(1);
+  const auto size = totals.window->size();
+  for (const record_list& list : every_record_list) {
+    const std::string key = "list_" + std::string(list.form) + "_" + std::to_string(list.record_mode);
+    SCOPED_TRACE(key);
+    press(*totals.window, key.c_str());
+    const Listed alone(std::string(list.form).c_str(), list.record_mode);
+    EXPECT_EQ(totals.window->windowTitle(), alone.window->windowTitle());
+    EXPECT_EQ(table_csv(totals.table()), table_csv(alone.table()));
+    EXPECT_EQ(totals.table().rows.front().head, alone.table().rows.front().head);
+    for (const char* button : {"profile", "partner"}) {
+      EXPECT_EQ(control<QPushButton>(*totals.window, button)->isVisible(),
+                control<QPushButton>(*alone.window, button)->isVisible());
+    }
+    EXPECT_TRUE(control<QRadioButton>(*totals.window, key.c_str())->isChecked());
+    EXPECT_EQ(totals.window->size(), size) << "the window stays as it is";
+  }
+  press(*totals.window, "list_partnrec_0");
+  press(*totals.window, "partner");
+  EXPECT_EQ(user_.profiles.size(), 1U) << "the row is one of the list now shown";
+  press(*totals.window, "accept");
+  EXPECT_FALSE(totals.window->isVisible());
+}
+
+TEST_F(RecordWindows, AreGoneThroughByTheArrowKeys) {
+  play_matches(1);
+  Totals totals(1);
+  totals.window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(totals.window.get()));
+  auto* entry = control<QRadioButton>(*totals.window, "list_totrecords_1");
+  entry->setFocus();
+  QTest::keyClick(entry, Qt::Key_Down);
+  EXPECT_EQ(totals.window->windowTitle().toStdString(), "Lowest Totals in ODI's");
+  QTest::keyClick(control<QRadioButton>(*totals.window, "list_totrecords_0"), Qt::Key_Down);
+  EXPECT_EQ(totals.window->windowTitle().toStdString(), "Highest Induvidual Scores");
+}
+
+TEST_F(RecordWindows, AGroupIsPassedThrough) {
+  play_matches(1);
+  Opened<record_lists_form, RecordListsWindow> opened;
+  opened.form.open_group("Bowling");
+  opened.show();
+  std::vector<std::string> titles;
+  std::vector<std::string> told;
+  while (opened.window->isVisible()) {
+    titles.push_back(opened.window->windowTitle().toStdString());
+    told.push_back(control<QLabel>(*opened.window, "subheading")->text().toStdString());
+    if (titles.size() % 2 == 1) {
+      press(*opened.window, "accept");
+    } else {
+      opened.window->reject();
+    }
+  }
+  EXPECT_THAT(titles, ElementsAre("Bowling Records - Most Wickets", "Bowling Records - Best Average",
+                                  "Bowling Records - Best Economy Rate", "Best Bowling Figures"));
+  EXPECT_THAT(told, ElementsAre("1 of 4", "2 of 4", "3 of 4", "4 of 4"));
+}
+
+TEST_F(RecordWindows, AListThatCannotBeReadLeavesTheFormerOne) {
+  play_matches(1);
+  Totals totals(1);
+  std::string told;
+  on_failure([&](const std::exception& failure) { told = failure.what(); });
+  std::ofstream(data.files.career_file) << std::string(2500, '\xFF');
+  press(*totals.window, "list_allrecs_2");
+  EXPECT_THAT(told, ::testing::HasSubstr(".rec"));
+  EXPECT_EQ(totals.window->windowTitle(), "Highest Totals in ODI's");
+  EXPECT_TRUE(control<QRadioButton>(*totals.window, "list_totrecords_1")->isChecked());
+  press(*totals.window, "list_totrecords_0");
+  EXPECT_EQ(totals.window->windowTitle().toStdString(), "Lowest Totals in ODI's");
 }
 
 }  // namespace
