@@ -64,12 +64,30 @@ std::vector<shown_field> bowling_fields(const career_rec& career) {
 
 void player_profile_form::open() {
   static_cast<player_profile_screen&>(*this) = {};
+  squads_.clear();
   careers_ = read_career_table(data_);
   for (int t = 1; t <= careers_.career_team_count; ++t) teams.push_back(careers_.teams[t].team_name);
 }
 
+void player_profile_form::offer_squads() {
+  squads_ = squads_on_hand(data_);
+  for (const team_rec& team : squads_) {
+    if (index_of(teams, team.team_name) < 0) teams.push_back(team.team_name);
+  }
+}
+
 void player_profile_form::open_locked(const std::string& team, const std::string& player) {
   open();
+  lock_on(team, player);
+}
+
+void player_profile_form::open_locked_in_squad(const std::string& team, const std::string& player) {
+  open();
+  offer_squads();
+  lock_on(team, player);
+}
+
+void player_profile_form::lock_on(const std::string& team, const std::string& player) {
   const int team_index = index_of(teams, team);
   if (team_index < 0) raise_no_career(data_, "No player of the team has a career", team);
   choose_team(team_index);
@@ -92,15 +110,31 @@ void player_profile_form::choose_player(int index) {
   tick();
 }
 
+const career_team_rec* player_profile_form::chosen_careers() const {
+  return chosen_team < careers_.career_team_count ? &careers_.teams[chosen_team + 1] : nullptr;
+}
+
 void player_profile_form::tick() {
-  if (chosen_team >= 0 && team_changed) {
-    const career_team_rec& team = careers_.teams[chosen_team + 1];
+  if (chosen_team < 0) return;
+  const career_team_rec* with_careers = chosen_careers();
+  const std::string& team = teams[static_cast<std::size_t>(chosen_team)];
+  int careers = 0;
+  if (with_careers != nullptr) careers = with_careers->player_count;
+  if (team_changed) {
     players.clear();
     chosen_player = -1;
-    for (int p = 1; p <= team.player_count; ++p) players.push_back(team.players[p].name);
+    for (int p = 1; p <= careers; ++p) players.push_back(with_careers->players[p].name);
+    for (const team_rec& offered : squads_) {
+      if (offered.team_name != team) continue;
+      for (const player_rec& man : offered.squad) {
+        if (!man.name.empty() && index_of(players, man.name) < 0) players.push_back(man.name);
+      }
+    }
     team_changed = false;
   }
-  if (chosen_team >= 0 && chosen_player >= 0) fill(careers_.teams[chosen_team + 1].players[chosen_player + 1]);
+  if (chosen_player < 0) return;
+  if (chosen_player < careers) return fill(with_careers->players[chosen_player + 1]);
+  fill(*squad_man(squads_, team, players[static_cast<std::size_t>(chosen_player)]));
 }
 
 void player_profile_form::fill(const career_rec& career) {
@@ -108,7 +142,18 @@ void player_profile_form::fill(const career_rec& career) {
   batting = batting_fields(career);
   bowling = bowling_fields(career);
   fielding = {{"Catches", number_text(career.catches)}, {"Stumpings", number_text(career.stumpings)}};
+  standing.reset();
   photo = profile_photo(data_, career.name);
+  no_photo_visible = !photo;
+}
+
+void player_profile_form::fill(const player_rec& man) {
+  standing = standing_of(squads_, man);
+  person = {{"Name", man.name}, {"Matches", number_text(0)}};
+  batting.clear();
+  bowling.clear();
+  fielding.clear();
+  photo = profile_photo(data_, man.name);
   no_photo_visible = !photo;
 }
 
@@ -117,8 +162,11 @@ bool show_profile(front_end& user, const open_database& data, const std::string&
   try {
     form.open_locked(team, player);
   } catch (const run_time_error& failed) {
-    user.show(message_box{"Error - Player Details", failed.what()});
-    return false;
+    if (squad_man(squads_on_hand(data), team, player) == nullptr || failed.kind() != failure::subscript) {
+      user.show(message_box{"Error - Player Details", failed.what()});
+      return false;
+    }
+    form.open_locked_in_squad(team, player);
   }
   user.show(form);
   return true;

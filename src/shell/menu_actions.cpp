@@ -122,6 +122,7 @@ void world_cup(QtFrontEnd& shown_by) {
 void player_profiles(QtFrontEnd& shown_by) {
   player_profile_form form(shown_by.game().data);
   form.open();
+  form.offer_squads();
   show_form<PlayerProfileWindow>(form);
 }
 

@@ -148,6 +148,10 @@ void picture_profile(MenuWindow& menu) {
       emit list->activated(1);
     }
     take(window, "profile");
+    auto* players = control<QComboBox>(window, "players");
+    players->setCurrentIndex(players->count() - 1);
+    emit players->activated(players->count() - 1);
+    take(window, "profile-without-career");
     press(window, "accept");
   });
   open(menu, "other_records", "player_profiles");
@@ -159,7 +163,7 @@ void picture_record_lists(MenuWindow& menu) {
     for (const record_list& list : every_record_list) {
       const std::string key = std::string(list.form) + "_" + std::to_string(list.record_mode);
       control<QRadioButton>(window, ("list_" + key).c_str())->click();
-      take(window, ("records-" + key).c_str(), true);
+      take(window, ("records-" + key).c_str());
     }
     press(window, "accept");
   });
@@ -169,7 +173,7 @@ void picture_record_lists(MenuWindow& menu) {
 void picture_settings(MenuWindow& menu) {
   ClickingUser user;
   user.robot.next("optfrm", [](QWidget& window) {
-    take(window, "settings", true);
+    take(window, "settings");
     press(window, "accept");
   });
   press(menu, "configurations");

@@ -9,11 +9,13 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <tuple>
 #include <utility>
 
 #include "browsers/forms/figure_grid.h"
 #include "browsers/player_profile.h"
 #include "desktop/controls.h"
+#include "desktop/meter_bar.h"
 #include "desktop/photo_view.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -32,6 +34,23 @@ QComboBox* new_list(const QString& name, const std::vector<std::string>& texts, 
   return list;
 }
 
+/// What a man of a squad is, besides his ratings.
+std::vector<shown_field> standing_fields(const squad_standing& standing) {
+  return {{"Role", standing.role},
+          {"Bats", standing.hand},
+          {"Bowls", standing.bowls},
+          {"Keeps wicket", standing.keeps_wicket ? "Yes" : "No"}};
+}
+
+/// His ratings with their places, as the table has them.
+std::vector<shown_field> skill_fields(const squad_standing& standing) {
+  std::vector<shown_field> fields;
+  for (const rated_skill& skill : standing.skills) {
+    fields.push_back({skill.caption, skill.text + " (" + skill.place_text + ")"});
+  }
+  return fields;
+}
+
 /// The player in one table.
 Table figures_table(const player_profile_form& form) {
   Table table;
@@ -40,8 +59,12 @@ Table figures_table(const player_profile_form& form) {
   for (const char* heading : {"Group", "Figure", "Value"}) {
     table.columns.push_back({.heading = QString::fromLatin1(heading)});
   }
+  const auto man = form.standing ? standing_fields(*form.standing) : std::vector<shown_field>();
+  const auto skills = form.standing ? skill_fields(*form.standing) : std::vector<shown_field>();
   const std::pair<const char*, const std::vector<shown_field>*> groups[] = {
-      {"", &form.person}, {"Batting", &form.batting}, {"Bowling", &form.bowling}, {"Fielding", &form.fielding}};
+      {"", &form.person},         {"", &man},
+      {"Ratings", &skills},       {"Batting", &form.batting},
+      {"Bowling", &form.bowling}, {"Fielding", &form.fielding}};
   for (const auto& [group, fields] : groups) {
     for (const shown_field& field : *fields) {
       table.rows.push_back({.cells = {{.text = QString::fromLatin1(group)},
@@ -68,6 +91,7 @@ PlayerProfileWindow::PlayerProfileWindow(player_profile_form& form, QWidget* par
   nobody->setMinimumSize(928, 424);
   pages_->addWidget(nobody);
   pages_->addWidget(new_figures());
+  pages_->addWidget(new_standing());
   pages_->setMaximumHeight(560);
   rows->addWidget(pages_, 1);
   rows->addStretch();
@@ -130,6 +154,47 @@ QWidget* PlayerProfileWindow::new_figures() {
   return figures;
 }
 
+QWidget* PlayerProfileWindow::new_standing() {
+  auto* page = new QWidget;
+  auto* row = new QHBoxLayout(page);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(16);
+  QFrame* person = new_card();
+  newcomer_photo_ = new PhotoView(QStringLiteral("newcomer_photo"), QSize(160, 160));
+  newcomer_ = new QVBoxLayout;
+  card_rows(person)->addWidget(newcomer_photo_, 0, Qt::AlignHCenter);
+  card_rows(person)->addLayout(newcomer_);
+  card_rows(person)->addStretch(1);
+  row->addWidget(person);
+  QFrame* skills = new_card();
+  QVBoxLayout* rows = card_rows(skills);
+  rows->addWidget(new_label(QStringLiteral("How he compares"), TextRole::heading));
+  for (int i = 1; i <= static_cast<int>(std::tuple_size_v<decltype(squad_standing::skills)>); ++i) {
+    rows->addSpacing(12);
+    auto* text = new_named_label(QStringLiteral("skill_%1").arg(i), {}, TextRole::strong);
+    auto* bar = new MeterBar(QStringLiteral("skill_bar_%1").arg(i), QStringLiteral("Men of his role behind him"), 1);
+    auto* place = new_named_label(QStringLiteral("skill_place_%1").arg(i), {});
+    auto* meaning = new_named_label(QStringLiteral("skill_meaning_%1").arg(i), {}, TextRole::small_muted);
+    auto* line = new QHBoxLayout;
+    line->addWidget(text, 1);
+    line->addWidget(place);
+    rows->addLayout(line);
+    rows->addWidget(bar);
+    rows->addWidget(meaning);
+    skills_.push_back({text, bar, place, meaning});
+  }
+  rows->addSpacing(16);
+  auto* note = new_named_label(QStringLiteral("no_career"),
+                               QStringLiteral("He has no career yet; his first match begins it. Ratings are compared "
+                                              "with those of all men of his role in this database."),
+                               TextRole::muted);
+  note->setWordWrap(true);
+  rows->addWidget(note);
+  rows->addStretch(1);
+  row->addWidget(skills, 1);
+  return page;
+}
+
 void PlayerProfileWindow::choose_team(int index) {
   guarded([&] {
     form_.choose_team(index);
@@ -153,20 +218,37 @@ void PlayerProfileWindow::list_players() {
 
 void PlayerProfileWindow::refresh() {
   if (form_.person.empty()) return;
+  if (form_.standing) return show_standing();
   pages_->setCurrentIndex(1);
-  show_person();
+  show_person(person_, QStringLiteral("person"), form_.person);
   show_block(batting_, QStringLiteral("batting"), form_.batting);
   show_block(bowling_, QStringLiteral("bowling"), form_.bowling);
   show_block(fielding_, QStringLiteral("fielding"), form_.fielding);
   photo_->show_photo(shown(form_.person.front().text), form_.photo);
 }
 
-void PlayerProfileWindow::show_person() {
-  for (std::size_t i = 0; i < form_.person.size(); ++i) {
-    const QString name = QStringLiteral("person_%1").arg(i + 1);
+void PlayerProfileWindow::show_standing() {
+  pages_->setCurrentIndex(2);
+  std::vector<shown_field> fields = form_.person;
+  for (const shown_field& field : standing_fields(*form_.standing)) fields.push_back(field);
+  show_person(newcomer_, QStringLiteral("newcomer"), fields);
+  newcomer_photo_->show_photo(shown(form_.person.front().text), form_.photo);
+  for (std::size_t i = 0; i < skills_.size(); ++i) {
+    const rated_skill& skill = form_.standing->skills[i];
+    skills_[i].text->setText(QStringLiteral("%1: %2").arg(shown(skill.caption), shown(skill.text)));
+    skills_[i].meaning->setText(shown(skill.meaning));
+    skills_[i].bar->set_value(skill.share());
+    skills_[i].place->setText(shown(skill.place_text));
+  }
+}
+
+void PlayerProfileWindow::show_person(QVBoxLayout* rows, const QString& prefix,
+                                      const std::vector<shown_field>& fields) {
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const QString name = QStringLiteral("%1_%2").arg(prefix).arg(i + 1);
     auto* value = findChild<QLabel*>(name);
-    if (value == nullptr) value = add_figure_below(person_, form_.person[i].caption, name);
-    set_figure(value, form_.person[i].text);
+    if (value == nullptr) value = add_figure_below(rows, fields[i].caption, name);
+    set_figure(value, fields[i].text);
   }
 }
 

@@ -11,6 +11,7 @@
 #include "browsers/forms/browser_fixture.h"
 #include "browsers/player_profile.h"
 #include "database/configuration.h"
+#include "desktop/meter_bar.h"
 #include "desktop/photo_view.h"
 #include "desktop/shown_text.h"
 #include "support/game_in_play.h"
@@ -189,6 +190,38 @@ TEST_F(PlayerProfileWindowTest, ShowsThePhotoOrTheWordsInItsPlace) {
   EXPECT_TRUE(form.no_photo_visible);
   EXPECT_FALSE(control<PhotoView>(window, "photo")->has_photo());
   EXPECT_EQ(control<PhotoView>(window, "photo")->accessibleName(), "No Pic Available");
+}
+
+TEST_F(PlayerProfileWindowTest, ShowsHowAManWithoutACareerCompares) {
+  play_matches(20);
+  form.open();
+  form.offer_squads();
+  form.choose_team(1);
+  const int newcomer = static_cast<int>(form.players.size()) - 1;
+  PlayerProfileWindow window(form);
+  window.show();
+  choose(window, "players", newcomer);
+  ASSERT_TRUE(form.standing.has_value()) << "two men of each squad never play";
+  take_picture(window, "sqdet_newcomer");
+  check_window_at_sizes(window);
+  EXPECT_TRUE(control<QLabel>(window, "no_career")->isVisible());
+  EXPECT_EQ(control<QLabel>(window, "newcomer_1")->text(), shown(form.players[static_cast<std::size_t>(newcomer)]));
+  EXPECT_EQ(control<QLabel>(window, "newcomer_3")->text(), shown(form.standing->role));
+  for (int i = 1; i <= 3; ++i) {
+    const rated_skill& skill = form.standing->skills[static_cast<std::size_t>(i - 1)];
+    EXPECT_EQ(control<QLabel>(window, ("skill_place_" + std::to_string(i)).c_str())->text(), shown(skill.place_text));
+    EXPECT_EQ(control<MeterBar>(window, ("skill_bar_" + std::to_string(i)).c_str())->value(), skill.share());
+    EXPECT_EQ(control<QLabel>(window, ("skill_" + std::to_string(i)).c_str())->text(),
+              shown(skill.caption) + ": " + shown(skill.text));
+    EXPECT_EQ(control<QLabel>(window, ("skill_meaning_" + std::to_string(i)).c_str())->text(), shown(skill.meaning));
+  }
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QApplication::clipboard()->text().contains(shown(form.standing->skills[0].place_text)));
+  choose(window, "players", 0);
+  EXPECT_FALSE(control<QLabel>(window, "no_career")->isVisible());
+  check_figures(window);
 }
 
 }  // namespace
