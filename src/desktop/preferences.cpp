@@ -38,6 +38,10 @@ QString message_key(message_kind kind) {
   return QStringLiteral("stops_for/") + QLatin1String(names[static_cast<std::size_t>(kind)]);
 }
 
+QString table_key(const QString& window, const QString& table) {
+  return QStringLiteral("tables/%1/%2/").arg(window, table);
+}
+
 }  // namespace
 
 void use_file(const QString& path) {
@@ -94,6 +98,29 @@ QByteArray geometry(const QString& window) {
 }
 void set_geometry(const QString& window, const QByteArray& geometry) {
   settings().setValue(QStringLiteral("windows/") + window, geometry);
+}
+
+TableState table_state(const QString& window, const QString& table) {
+  const QString at = table_key(window, table);
+  TableState state;
+  state.hidden = settings().value(at + QStringLiteral("hidden")).toStringList();
+  const QVariantMap widths = settings().value(at + QStringLiteral("widths")).toMap();
+  for (auto width = widths.begin(); width != widths.end(); ++width) {
+    if (width->toInt() > 0) state.widths[width.key()] = width->toInt();
+  }
+  state.sorted_by = settings().value(at + QStringLiteral("sorted_by")).toString();
+  state.descending = number(at + QStringLiteral("descending"), 1, 0) == 1;
+  return state;
+}
+
+void set_table_state(const QString& window, const QString& table, const TableState& state) {
+  const QString at = table_key(window, table);
+  QVariantMap widths;
+  for (auto width = state.widths.begin(); width != state.widths.end(); ++width) widths[width.key()] = width.value();
+  settings().setValue(at + QStringLiteral("hidden"), state.hidden);
+  settings().setValue(at + QStringLiteral("widths"), widths);
+  settings().setValue(at + QStringLiteral("sorted_by"), state.sorted_by);
+  settings().setValue(at + QStringLiteral("descending"), state.descending ? 1 : 0);
 }
 
 QString last_folder() { return settings().value(QStringLiteral("last_folder")).toString(); }

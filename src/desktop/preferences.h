@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMap>
 #include <QString>
+#include <QStringList>
 
 #include "model/message_kind.h"
 
@@ -36,6 +38,16 @@ struct QuickAnswers {
   bool elevens = true;
   bool toss = true;
   bool openers = true;  ///< the opening batsmen and bowlers
+};
+
+/// How a user has left a table. Columns go by their names; one that the table does not have says nothing.
+struct TableState {
+  QStringList hidden;
+  QMap<QString, int> widths;  ///< of the columns that he has drawn, in pixels
+  QString sorted_by;          ///< "" for the order told
+  bool descending = false;
+
+  bool operator==(const TableState&) const = default;
 };
 
 namespace preferences {
@@ -77,6 +89,10 @@ void set_stops_for(message_kind kind, bool on);
 /// Place and size of a window; empty before it was first closed.
 QByteArray geometry(const QString& window);
 void set_geometry(const QString& window, const QByteArray& geometry);
+
+/// How a table of a window was left; as told at first.
+TableState table_state(const QString& window, const QString& table);
+void set_table_state(const QString& window, const QString& table, const TableState& state);
 
 /// The folder in which a file was last saved; "" at first.
 QString last_folder();

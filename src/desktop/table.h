@@ -28,14 +28,19 @@ struct TableRow {
   std::vector<TableCell> cells;  ///< one for each column
   bool marked = false;           ///< stands out, also by a sign at its head for those who see no colour
   int id = 0;                    ///< the owner's own
+  bool opens = true;             ///< leads on, where the rows of its table do
   QString head = {};             ///< stands before the first column, in no file and no copy: the row's place
 };
+
+/// Whose the order of the rows is: the window's alone; told, which its user may change until the table opens again; or
+/// free, and kept as its user left it.
+enum class RowOrder { fixed, told, free };
 
 struct Table {
   QString name;  ///< for screen readers and for exported files
   std::vector<TableColumn> columns;
   std::vector<TableRow> rows;
-  bool sortable = false;  ///< the order of the rows is free: a click on a heading sorts
+  RowOrder order = RowOrder::told;
 };
 
 /// The table, or the rows `chosen` of it, as lines of cells parted by tabs, headings first.

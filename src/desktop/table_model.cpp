@@ -132,6 +132,8 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
       return column.heading;
     case Qt::TextAlignmentRole:
       return QVariant(Qt::AlignVCenter | (column.numbers ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::InitialSortOrderRole:  // of figures the highest come first
+      return static_cast<int>(column.numbers ? Qt::DescendingOrder : Qt::AscendingOrder);
     case Qt::AccessibleTextRole:
       return spoken_name(column.heading.trimmed().isEmpty() ? column.spoken : column.heading);
     default:

@@ -14,7 +14,6 @@
 #include <QPainter>
 #include <QSaveFile>
 #include <QShortcut>
-#include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
@@ -24,7 +23,9 @@
 #include "desktop/message_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
+#include "desktop/row_order.h"
 #include "desktop/shown_text.h"
+#include "desktop/table_columns.h"
 #include "desktop/table_model.h"
 #include "model/code_page.h"
 #include "model/game_names.h"
@@ -75,9 +76,8 @@ int error_of_writing(int number, QByteArrayView bytes) {
 }  // namespace
 
 TableView::TableView(const QString& name, QWidget* parent)
-    : QTableView(parent), model_(new TableModel(this)), order_(new QSortFilterProxyModel(this)) {
+    : QTableView(parent), model_(new TableModel(this)), order_(new RowSorter(this)) {
   setObjectName(name);
-  order_->setSortRole(Qt::UserRole);
   order_->setSourceModel(model_);
   setModel(order_);
   setItemDelegate(new CellPainter(this));
@@ -92,33 +92,45 @@ TableView::TableView(const QString& name, QWidget* parent)
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(lowest_row);
   verticalHeader()->setMinimumWidth(24);
-  horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setMinimumSectionSize(32);
-  connect(this, &QTableView::doubleClicked, this, &TableView::open_row);
+  columns_ = new TableColumns(*this);
+  connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
+    if (!opens_by_press_) open_row(index);
+  });
+  connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
+    if (opens_by_press_) open_row(index);
+  });
 }
 
 void TableView::set_table(Table table) {
   setAccessibleName(table.name);
-  horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);  // the order given, until a heading is pressed
-  setSortingEnabled(table.sortable);
   const bool any_head = std::any_of(table.rows.begin(), table.rows.end(),
                                     [](const TableRow& r) { return r.marked || !r.head.isEmpty(); });
-  const auto stretching = [&](auto wanted) {
-    const auto found = std::find_if(table.columns.begin(), table.columns.end(), wanted);
-    return found == table.columns.end() ? -1 : static_cast<int>(found - table.columns.begin());
-  };
-  int wide = stretching([](const TableColumn& c) { return c.stretches; });
-  if (wide < 0) wide = stretching([](const TableColumn& c) { return !c.numbers; });
   model_->set_table(std::move(table));
-  if (model_->table().sortable) order_->sort(-1);
   verticalHeader()->setVisible(any_head);
-  for (int column = 0; column < model_->columnCount(); ++column) {
-    const bool stretches = column == wide || model_->table().columns[static_cast<std::size_t>(column)].stretches;
-    horizontalHeader()->setSectionResizeMode(column, stretches ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
-  }
-  if (model_->rowCount() > 0) setCurrentIndex(order_->index(0, 0));
+  columns_->show(model_->table());
+  if (model_->rowCount() > 0) setCurrentIndex(order_->index(0, first_shown_column()));
   clearSelection();
   updateGeometry();
+}
+
+int TableView::first_shown_column() const {
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    if (columns_->is_shown(column)) return column;
+  }
+  return 0;
+}
+
+void TableView::on_open(std::function<void(int id)> act, Opens by) {
+  opened_ = std::move(act);
+  opens_by_press_ = by == Opens::press;
+}
+
+Table TableView::shown_table() const {
+  Table shown = model_->table();
+  for (int row = 0; row < order_->rowCount(); ++row) {
+    shown.rows[static_cast<std::size_t>(row)] = model_->table().rows[static_cast<std::size_t>(table_row(row))];
+  }
+  return shown;
 }
 
 const Table& TableView::table() const { return model_->table(); }
@@ -144,6 +156,7 @@ void TableView::grow_rows(int highest, int rows) {
 
 void TableView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
+  columns_->fit();
   if (highest_row_ == 0) return;
   const int height = std::clamp(viewport()->height() / growing_rows_, lowest_row, highest_row_);
   if (height != verticalHeader()->defaultSectionSize()) verticalHeader()->setDefaultSectionSize(height);
@@ -153,6 +166,7 @@ QSize TableView::sizeHint() const {
   int width =
       2 * frameWidth() + (verticalHeader()->isHidden() ? 0 : std::max(24, verticalHeader()->sizeHint().width())) + 24;
   for (int column = 0; column < model_->columnCount(); ++column) {
+    if (!columns_->is_shown(column)) continue;
     width += std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column)) + 8;
   }
   return {width, rows_height()};
@@ -160,44 +174,84 @@ QSize TableView::sizeHint() const {
 
 void TableView::copy() const {
   std::vector<int> rows;
-  for (const QModelIndex& index : selectionModel()->selectedRows()) rows.push_back(table_row(index.row()));
+  for (const QModelIndex& index : selectionModel()->selectedRows(first_shown_column())) rows.push_back(index.row());
   std::sort(rows.begin(), rows.end());
-  QGuiApplication::clipboard()->setText(table_text(model_->table(), rows));
+  QGuiApplication::clipboard()->setText(table_text(shown_table(), rows));
 }
 
-void TableView::save_csv() { save_table(model_->table(), window()); }
+void TableView::save_csv() { save_table(shown_table(), window()); }
 
 void TableView::open_row(const QModelIndex& index) {
-  if (!opened_ || !index.isValid()) return;
-  const int id = model_->table().rows[static_cast<std::size_t>(table_row(index.row()))].id;
-  guarded([&] { opened_(id); });
+  if (!index.isValid()) return;
+  const TableRow& row = model_->table().rows[static_cast<std::size_t>(table_row(index.row()))];
+  if (!row.opens) return;
+  const int id = row.id;
+  guarded([&] {
+    emit row_activated(id);
+    if (opened_) opened_(id);
+  });
+}
+
+bool TableView::sort_by_key(const QKeyEvent& event) {
+  if (event.modifiers() != Qt::AltModifier) return false;
+  if (event.key() != Qt::Key_Up && event.key() != Qt::Key_Down) return false;
+  columns_->sort(currentIndex().column(), event.key() == Qt::Key_Up ? Qt::AscendingOrder : Qt::DescendingOrder);
+  return true;
 }
 
 void TableView::keyPressEvent(QKeyEvent* event) {
+  const bool is_return = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   if (event->matches(QKeySequence::Copy)) {
     copy();
   } else if (event->key() == Qt::Key_E && event->modifiers() == Qt::ControlModifier) {
     guarded([this] { save_csv(); });
-  } else if (opened_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+  } else if (event->key() == Qt::Key_H && event->modifiers() == Qt::ControlModifier) {
+    columns_->open_menu(horizontalHeader()->mapToGlobal(horizontalHeader()->rect().bottomLeft()));
+  } else if (sort_by_key(*event)) {
+    return;
+  } else if (is_return && can_open(currentIndex())) {
     open_row(currentIndex());
-  } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+  } else if (is_return) {
     event->ignore();  // for the window's default button
   } else {
     QTableView::keyPressEvent(event);
   }
 }
 
+bool TableView::can_open(const QModelIndex& index) const {
+  return opened_ && index.isValid() && model_->table().rows[static_cast<std::size_t>(table_row(index.row()))].opens;
+}
+
 void TableView::contextMenuEvent(QContextMenuEvent* event) {
   QMenu menu(this);
-  QAction* open = nullptr;
-  if (opened_ && currentIndex().isValid()) open = menu.addAction(QStringLiteral("&Open\tReturn"));
-  QAction* copied = menu.addAction(QStringLiteral("&Copy\tCtrl+C"));
-  QAction* saved = menu.addAction(QStringLiteral("Save as CS&V ...\tCtrl+E"));
-  const QAction* chosen = menu.exec(event->globalPos());
-  if (chosen == nullptr) return;
-  if (chosen == copied) copy();
-  if (chosen == saved) guarded([this] { save_csv(); });
-  if (chosen == open) open_row(currentIndex());
+  menu.setObjectName(QStringLiteral("table_menu"));
+  const int column = currentIndex().column();
+  if (can_open(currentIndex())) {
+    menu.addAction(QStringLiteral("&Open\tReturn"), this, [this] { open_row(currentIndex()); });
+  }
+  menu.addAction(QStringLiteral("&Copy\tCtrl+C"), this, &TableView::copy);
+  menu.addAction(QStringLiteral("Save as CS&V ...\tCtrl+E"), this, [this] { guarded([this] { save_csv(); }); });
+  menu.addSeparator();
+  if (model_->table().order != RowOrder::fixed && column >= 0) {
+    menu.addAction(QStringLiteral("Sort &Upwards\tAlt+Up"), this,
+                   [this, column] { columns_->sort(column, Qt::AscendingOrder); });
+    menu.addAction(QStringLiteral("Sort &Downwards\tAlt+Down"), this,
+                   [this, column] { columns_->sort(column, Qt::DescendingOrder); });
+    menu.addAction(QStringLiteral("&As Told"), this, [this] { columns_->sort_as_told(); });
+  }
+  const QPoint at = event->globalPos();
+  menu.addAction(QStringLiteral("Co&lumns ...\tCtrl+H"), this, [this, at] { columns_->open_menu(at); });
+  menu.exec(at);
+}
+
+void TableView::showEvent(QShowEvent* event) {
+  QTableView::showEvent(event);
+  columns_->fit();
+}
+
+void TableView::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) columns_->fit();
 }
 
 void offer_table(QWidget& widget, const std::function<Table()>& table) {

@@ -6,24 +6,33 @@
 
 #include "desktop/table.h"
 
-class QSortFilterProxyModel;
-
 namespace velorin {
 
+class RowSorter;
+class TableColumns;
 class TableModel;
 
-/// Shows a table. Arrow keys move, Return and a double click open a row, Ctrl+C copies the chosen rows or else the
-/// whole table, Ctrl+E saves it as CSV; the context menu offers the same.
+/// Shows a table. Arrow keys move, Return and a double press open a row; a heading sorts, as do Alt+Up and Alt+Down by
+/// the column of the present cell, and once more gives the order told back; Ctrl+H or the heading's context menu tells
+/// which columns are shown. Ctrl+C copies the chosen rows or else the whole table, Ctrl+E saves it as CSV: both with
+/// all columns and in the order shown. The context menu offers the same. Widths, hidden columns and a free order are
+/// kept under the names of its window and its own.
 class TableView : public QTableView {
   Q_OBJECT
 
  public:
+  /// What opens a row beside Return.
+  enum class Opens { double_press, press };
+
   explicit TableView(const QString& name, QWidget* parent = nullptr);
 
   void set_table(Table table);
   const Table& table() const;
+  /// The same with the rows in the order shown.
+  Table shown_table() const;
   /// What opening a row does; it gets the row's id. Without it rows cannot be opened.
-  void on_open(std::function<void(int id)> act) { opened_ = std::move(act); }
+  void on_open(std::function<void(int id)> act, Opens by = Opens::double_press);
+  TableColumns& columns() const { return *columns_; }
   /// The row of the table at a row of the view.
   int table_row(int view_row) const;
 
@@ -39,18 +48,29 @@ class TableView : public QTableView {
 
   QSize sizeHint() const override;
 
+ signals:
+  /// A row has been opened; its id.
+  void row_activated(int id);
+
  protected:
+  void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   void open_row(const QModelIndex& index);
+  bool can_open(const QModelIndex& index) const;
+  bool sort_by_key(const QKeyEvent& event);
+  int first_shown_column() const;
   int rows_height() const;
 
   TableModel* model_;
-  QSortFilterProxyModel* order_;
+  RowSorter* order_;
+  TableColumns* columns_ = nullptr;
   std::function<void(int)> opened_;
+  bool opens_by_press_ = false;
   int highest_row_ = 0;
   int growing_rows_ = 1;
 };

@@ -61,7 +61,7 @@ QVBoxLayout* new_column(Form& form, int widest) {
 }
 
 Table bowling_table(const bowling_screen& screen) {
-  Table table{.name = shown(bowling_screen::title), .columns = {}, .rows = {}, .sortable = true};
+  Table table{.name = shown(bowling_screen::title), .columns = {}, .rows = {}, .order = RowOrder::free};
   table.columns.push_back({.heading = {}, .spoken = QStringLiteral("Bowler")});
   for (const std::string_view heading : bowling_screen::headings) {
     table.columns.push_back({.heading = shown(heading), .numbers = true});

@@ -90,7 +90,7 @@ class RecordWindows : public BrowserTest {
     EXPECT_EQ(window.accessibleName(), window.windowTitle());
     EXPECT_EQ(window.windowTitle(), shown(opened.form.table.title));
     const Table& table = opened.table();
-    EXPECT_FALSE(table.sortable);
+    EXPECT_EQ(table.order, RowOrder::told);
     ASSERT_EQ(table.columns.size(), opened.form.table.columns.size());
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
       EXPECT_EQ(table.columns[i].heading, shown(opened.form.table.columns[i].heading));

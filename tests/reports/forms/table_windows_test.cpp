@@ -94,7 +94,7 @@ TEST_F(StandsWindows, ShowsTheStandsOfTheInnings) {
   expect_stands(table, screen);
   EXPECT_EQ(static_cast<int>(table.rows.size()), match.score_wickets + 1);
   EXPECT_TRUE(table.rows.back().cells[1].text.contains("*  ("));
-  EXPECT_FALSE(table.sortable) << "stands stand in their order";
+  EXPECT_EQ(table.order, RowOrder::told) << "stands stand in their order";
 }
 
 TEST_F(StandsWindows, NamesAreJoinedByOneAmpersandAndByTwoInFiles) {
