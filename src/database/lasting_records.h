@@ -94,6 +94,8 @@ struct top_score_rec {
   std::string against;
   std::string venue;
   integer not_out;  ///< flag
+
+  bool operator==(const top_score_rec&) const = default;
 };
 
 /// A line of the best bowling figures; a free one has no player.
@@ -105,6 +107,8 @@ struct top_bowling_rec {
   std::string team;
   std::string against;
   std::string venue;
+
+  bool operator==(const top_bowling_rec&) const = default;
 };
 
 /// A line of the highest or the lowest totals; a free one has no team.
@@ -115,6 +119,8 @@ struct top_total_rec {
   std::string team;
   std::string against;
   std::string venue;
+
+  bool operator==(const top_total_rec&) const = default;
 };
 
 /// The record stand for one wicket; a free line has no batsman_a. Fields 1 to 7 as in fall_of_wicket_rec.
@@ -130,6 +136,8 @@ struct top_partnership_rec {
   std::string team;
   std::string against;
   std::string venue;
+
+  bool operator==(const top_partnership_rec&) const = default;
 };
 
 /// One team's row of the team table. A value keeps its tag until a match sets it.

@@ -75,20 +75,20 @@ top_total_rec first_innings_total(const match_state& match) {
 }
 
 /// The console's runs as a figure of the files. More than fit one would head the highest totals.
-integer second_total(const match_state& match, const open_database& data) {
+integer second_total(const match_state& match, const std::filesystem::path& record_file) {
   try {
     return match.score_runs;
   } catch (const run_time_error& error) {
     throw run_time_error(error.kind(), error.what(),
-                         {.file = file_name_text(data.files.record_file),
+                         {.file = file_name_text(record_file),
                           .record = highest_totals_record,
                           .field = "total",
                           .player = match.team1_name});
   }
 }
 
-top_total_rec second_innings_total(const match_state& match, const open_database& data) {
-  return {.total = second_total(match, data),
+top_total_rec second_innings_total(const match_state& match, const std::filesystem::path& record_file) {
+  return {.total = second_total(match, record_file),
           .balls = match.innings_balls,
           .wickets = match.score_wickets,
           .team = match.team1_name,
@@ -97,17 +97,17 @@ top_total_rec second_innings_total(const match_state& match, const open_database
 }
 
 /// The places go by the wickets of the innings totals.
-void update_highest_totals(const match_state& match, const open_database& data, top_total_list& list) {
+void update_highest_totals(const match_state& match, const std::filesystem::path& record_file, top_total_list& list) {
   const auto enter = [&list](const top_total_rec& entry, int wickets) {
     insert_line(list, entry, [&](const top_total_rec& line) {
       return line.total < entry.total || (line.total == entry.total && line.wickets > wickets);
     });
   };
   enter(first_innings_total(match), match.first_wickets);
-  enter(second_innings_total(match, data), match.innings_wickets);
+  enter(second_innings_total(match, record_file), match.innings_wickets);
 }
 
-void update_lowest_totals(const match_state& match, const open_database& data, top_total_list& list) {
+void update_lowest_totals(const match_state& match, const std::filesystem::path& record_file, top_total_list& list) {
   for (std::size_t i = 1; i < list.size(); ++i) {
     if (list[i].total == 0) list[i].total = no_total_yet;
   }
@@ -117,7 +117,7 @@ void update_lowest_totals(const match_state& match, const open_database& data, t
     });
   };
   enter(first_innings_total(match), match.first_wickets);
-  enter(second_innings_total(match, data), match.innings_wickets);
+  enter(second_innings_total(match, record_file), match.innings_wickets);
 }
 
 void update_partnerships(const match_state& match, top_partnership_list& list, const fall_of_wicket_table& falls,
@@ -220,17 +220,21 @@ slot_file whole_records(const open_database& data) {
   return file;
 }
 
-void add_match_to_records(const match_state& match, const open_database& data, slot_file& file, record_lists& lists) {
+void add_match_to_lists(const match_state& match, const std::filesystem::path& record_file, record_lists& lists) {
   const std::string& chasing = match.team1_name;
   const std::string& setting = match.team2_name;
   update_top_scores(match, lists.top_scores, match.batting_card, chasing, setting, dismissal::none);
   update_top_scores(match, lists.top_scores, match.first_batting_card, setting, chasing, dismissal::not_out);
   update_top_bowling(match, lists.top_bowling, match.bowling_card, setting, chasing);
   update_top_bowling(match, lists.top_bowling, match.first_bowling_card, chasing, setting);
-  update_highest_totals(match, data, lists.highest_totals);
-  update_lowest_totals(match, data, lists.lowest_totals);
+  update_highest_totals(match, record_file, lists.highest_totals);
+  update_lowest_totals(match, record_file, lists.lowest_totals);
   update_partnerships(match, lists.partnerships, falls_in_play(match), chasing, setting);
   update_partnerships(match, lists.partnerships, falls_before(match), setting, chasing);
+}
+
+void add_match_to_records(const match_state& match, const open_database& data, slot_file& file, record_lists& lists) {
+  add_match_to_lists(match, data.files.record_file, lists);
   update_team_table(match, data, lists);
   put_records(file, lists);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <filesystem>
+
 #include "database/slots.h"
 
 namespace velorin {
@@ -15,6 +17,10 @@ slot_file whole_records(const open_database& data);
 /// Adds the match as it stands at its end to the file, whose lists these are. Raises run_time_error as
 /// update_records().
 void add_match_to_records(const match_state& match, const open_database& data, slot_file& file, record_lists& lists);
+
+/// The part of it that goes into the five record lists, in memory alone. `record_file` is named in errors. Raises
+/// run_time_error (overflow): a total that no list has room for.
+void add_match_to_lists(const match_state& match, const std::filesystem::path& record_file, record_lists& lists);
 
 /// Finishes an update of both files that was cut off between them, before one of them is replaced alone. Requires the
 /// lock of their folder. Raises run_time_error (file).

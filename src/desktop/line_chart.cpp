@@ -85,13 +85,13 @@ class LineSwatch : public QWidget {
   int place_;
 };
 
-/// The next whole step above the highest point: 50 at least.
+/// The next whole step above the highest point and its mark: 50 at least.
 double top_of(const LineChart& chart) {
   double highest = 0;
   for (const ChartLine& line : chart.lines) {
     for (const QPointF& point : line.points) highest = std::max(highest, point.y());
   }
-  return std::max(50.0, 50.0 * std::ceil((highest + 1) / 50.0));
+  return std::max(50.0, 50.0 * std::ceil((highest + 6) / 50.0));
 }
 
 }  // namespace

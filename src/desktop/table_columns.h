@@ -32,6 +32,8 @@ class TableColumns : public QObject {
   void fit();
 
   bool is_shown(int column) const;
+  /// The width of its contents, in pixels.
+  int natural_width(int column) const;
   /// Hides a column or brings it back; the last one stays.
   void set_shown(int column, bool shown);
 
@@ -51,7 +53,6 @@ class TableColumns : public QObject {
   QString window_name() const;
   int shown_count() const;
   int drawn_width(int column) const;
-  int natural_width(int column) const;
   /// Those that share what is left: where all of these are hidden or drawn, the first that holds texts.
   std::vector<int> sharing() const;
   void hide_as_kept();

@@ -162,14 +162,18 @@ void TableView::resizeEvent(QResizeEvent* event) {
   if (height != verticalHeader()->defaultSectionSize()) verticalHeader()->setDefaultSectionSize(height);
 }
 
-QSize TableView::sizeHint() const {
+int TableView::needed_width() const {
   int width =
-      2 * frameWidth() + (verticalHeader()->isHidden() ? 0 : std::max(24, verticalHeader()->sizeHint().width())) + 24;
+      2 * frameWidth() + (verticalHeader()->isHidden() ? 0 : std::max(24, verticalHeader()->sizeHint().width()));
   for (int column = 0; column < model_->columnCount(); ++column) {
-    if (!columns_->is_shown(column)) continue;
-    width += std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column)) + 8;
+    if (columns_->is_shown(column)) width += columns_->natural_width(column);
   }
-  return {width, rows_height()};
+  return width;
+}
+
+QSize TableView::sizeHint() const {
+  constexpr int air = 8;  // pixels, beside each column
+  return {needed_width() + air * model_->columnCount() + 3 * air, rows_height()};
 }
 
 void TableView::copy() const {

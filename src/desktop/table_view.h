@@ -46,6 +46,9 @@ class TableView : public QTableView {
   /// Asks for a file and saves the table there.
   void save_csv();
 
+  /// The least width at which every text of the columns shown is whole, in pixels.
+  int needed_width() const;
+
   QSize sizeHint() const override;
 
  signals:

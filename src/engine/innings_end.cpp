@@ -12,6 +12,7 @@
 #include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
+#include "reports/match_report.h"
 #include "reports/worm_graph.h"
 #include "ui/front_end.h"
 #include "ui/match_play.h"
@@ -114,12 +115,12 @@ void swap_totals(match_state& match) {
 
 play_step judge_innings(const match_state& match) {
   if (is_closed(match)) return match.human_involved() ? play_step::innings_end_told : play_step::innings_over;
-  if (match.first_total != 0 && match.score_runs > match.first_total) return play_step::match_end_told;
+  if (match.first_total != 0 && match.score_runs > match.first_total) return play_step::match_reported;
   return play_step::milestones;
 }
 
 play_step close_innings(match_state& match) {
-  if (match.first_total != 0) return play_step::match_end_told;
+  if (match.first_total != 0) return play_step::match_reported;
   match.innings_over_flag = false;
   book_as(match.innings_total, match.score_runs, "innings_total", match.team1_name);
   match.innings_wickets = match.score_wickets;
@@ -135,6 +136,11 @@ void conclude(match_state& match) {
   match.result_margin = outcome.margin;
   match.rate_first = {match.team2_name, outcome.first_delta};
   match.rate_second = {match.team1_name, outcome.first_delta == 0 ? 0 : -outcome.first_delta};
+}
+
+void show_match_report(const match_play& play) {
+  match_report_form form(play.match, play.data);
+  play.user.show(form);
 }
 
 void tell_match_end(const match_state& match, front_end& user) {

@@ -84,8 +84,11 @@ play_step step_taken(const match_play& play) {
     case play_step::innings_changes:
       change_innings(match);
       return play_step::opening_bowlers;
-    case play_step::match_end_told:
+    case play_step::match_reported:
       conclude(match);
+      show_match_report(play);
+      return play_step::match_end_told;
+    case play_step::match_end_told:
       tell_match_end(match, user);
       return play_step::match_card_shown;
     case play_step::match_card_shown:

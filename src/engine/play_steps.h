@@ -60,6 +60,8 @@ play_step judge_innings(const match_state& match);
 play_step close_innings(match_state& match);
 /// Writes the result block of a match that has been decided.
 void conclude(match_state& match);
+/// Requires the result block.
+void show_match_report(const match_play& play);
 void tell_match_end(const match_state& match, front_end& user);
 /// Stores the commentary, swaps the sides and their books. Requires innings_total and innings_wickets. Raises
 /// run_time_error (subscript): a commentary beyond its 1500 places.

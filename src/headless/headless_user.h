@@ -34,6 +34,7 @@ class headless_user : public front_end {
   void progress(int) override {}
   void progress_done() override {}
   void open(report) override {}
+  void show(match_report_form&) override {}
   void show(player_profile_form&) override {}
   void show(player_rankings_form&) override {}
   void show(series_results_form& form) override;

@@ -36,6 +36,7 @@ enum class play_step : std::uint8_t {
   innings_over,
   innings_card_shown,  ///< shows the scorecard
   innings_changes,
+  match_reported,    ///< shows the report, where somebody sits before the match
   match_end_told,    ///< tells
   match_card_shown,  ///< shows the scorecard
   last_stand,

@@ -36,10 +36,12 @@
 #include "reports/forms/first_bowling_card_window.h"
 #include "reports/forms/first_partnerships_window.h"
 #include "reports/forms/first_scorecard_window.h"
+#include "reports/forms/match_report_window.h"
 #include "reports/forms/overs_graph_window.h"
 #include "reports/forms/partnerships_window.h"
 #include "reports/forms/scorecard_window.h"
 #include "reports/forms/worm_graph_window.h"
+#include "reports/match_report.h"
 #include "reports/overs_graph.h"
 #include "reports/partnerships.h"
 #include "reports/scorecard.h"
@@ -60,6 +62,14 @@ namespace {
 template <class Window, class CoreForm, class... Given>
 void show_modally(CoreForm& form, Given&&... given) {
   Window window(given..., form);
+  run_modal(window);
+}
+
+/// The same for the standings of a competition, which lead on to the matches played.
+template <class Window, class CoreForm, class... Given>
+void show_standings(CoreForm& form, const PlayedReports& reports, Given&&... given) {
+  Window window(given..., form);
+  window.lead_to(reports.matches());
   run_modal(window);
 }
 
@@ -240,28 +250,38 @@ void QtFrontEnd::open(report which) {
   }
 }
 
+void QtFrontEnd::show(match_report_form& form) {
+  if (!form.attended() && !reports_.keeps()) return;
+  form.open();
+  reports_.keep(game_, form.report);
+  if (!form.attended()) return;
+  refresh_console();
+  MatchReportWindow window(form.report);
+  run_modal(window);
+}
+
 void QtFrontEnd::show(player_profile_form& form) { show_modally<PlayerProfileWindow>(form); }
 
 void QtFrontEnd::show(player_rankings_form& form) { show_modally<PlayerRankingsWindow>(form, *this, game_.data); }
 
 void QtFrontEnd::show(series_results_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_modally<SeriesResultsWindow>(form);
+  show_standings<SeriesResultsWindow>(form, reports_);
 }
 
 void QtFrontEnd::show(tri_series_table_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_modally<TriSeriesTableWindow>(form);
+  show_standings<TriSeriesTableWindow>(form, reports_);
 }
 
 void QtFrontEnd::show(world_cup_fixtures_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_modally<WorldCupFixturesWindow>(form, game_.world_cup);
+  show_standings<WorldCupFixturesWindow>(form, reports_, game_.world_cup);
 }
 
 void QtFrontEnd::show(world_cup_tables_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_modally<WorldCupTablesWindow>(form, game_.world_cup);
+  show_standings<WorldCupTablesWindow>(form, reports_, game_.world_cup);
 }
 
 }  // namespace velorin

@@ -7,6 +7,7 @@
 #include "competitions/game_state.h"
 #include "competitions/world_cup_form.h"
 #include "desktop/preferences.h"
+#include "shell/played_reports.h"
 #include "shell/turn_waiting.h"
 #include "shell/unstopped_play.h"
 #include "ui/front_end.h"
@@ -41,6 +42,7 @@ class QtFrontEnd : public front_end {
   void progress(int over) override;
   void progress_done() override;
   void open(report which) override;
+  void show(match_report_form& form) override;
   void show(player_profile_form& form) override;
   void show(player_rankings_form& form) override;
   void show(series_results_form& form) override;
@@ -49,7 +51,10 @@ class QtFrontEnd : public front_end {
   void show(world_cup_tables_form& form) override;
 
   /// The menu opens an activity, or the one it had opened is over.
-  void activity_begins(Activity activity) { unstopped_.begin(activity); }
+  void activity_begins(Activity activity) {
+    unstopped_.begin(activity);
+    reports_.begin(activity);
+  }
   void activity_over();
   /// What the computer answers for the user until the first over of the next match, which then begins by itself.
   void answer_set_up(QuickAnswers answers) { quick_ = answers; }
@@ -74,6 +79,7 @@ class QtFrontEnd : public front_end {
   QPointer<MatchProgressWindow> progress_;  // while an unattended match runs; the window below it owns it
   std::optional<QuickAnswers> quick_;       // on the way to the first over of a quick match
   UnstoppedPlay unstopped_;
+  PlayedReports reports_;
   TurnWaiting turns_;
   world_cup_form cup_form_;
 };

@@ -17,6 +17,7 @@ struct next_batsman_form;
 struct batsman_details_form;
 struct bowler_choice_form;
 struct console_form;
+struct match_report_form;
 struct player_profile_form;
 struct series_results_form;
 struct team_selection_form;
@@ -85,6 +86,9 @@ class front_end {
 
   /// A reading screen, modal.
   virtual void open(report which) = 0;
+
+  /// A match has been decided, and its report can be opened: shown modally where somebody sits before the match.
+  virtual void show(match_report_form& form) = 0;
 
   /// Browsers opened from a form, modal.
   virtual void show(player_profile_form& form) = 0;

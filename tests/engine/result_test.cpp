@@ -63,6 +63,28 @@ class Result : public match_test {
   static std::vector<ball> six_off_the_last() { return times(5, hit(0)) + std::vector{hit(6)}; }
 };
 
+TEST_F(Result, TheReportIsShownBeforeTheEndIsTold) {
+  home_make(times(6, hit(4)));
+  skip_to_over(50);
+  int shown = 0;
+  user.on_match_report = [&](match_report_form& form) {
+    ++shown;
+    EXPECT_THAT(user.requests, ElementsAre("message End of Innings | End of Innings"));
+    EXPECT_TRUE(form.attended());
+    form.open();
+    EXPECT_EQ(form.report.result, "Home  won by  17  runs");
+    EXPECT_EQ(form.report.innings[0].side, "Home");
+    EXPECT_EQ(form.report.innings[0].total, 24);
+    EXPECT_EQ(form.report.innings[1].side, "Away");
+    EXPECT_EQ(form.report.innings[1].total, 7);
+    EXPECT_EQ(match.next_step, play_step::match_reported) << "a copy taken here asks again";
+  };
+  play(std::vector{hit(1), hit(6)} + times(4, hit(0)));
+  EXPECT_EQ(shown, 1);
+  EXPECT_EQ(user.requests.size(), 3U) << "the told messages and cards as ever";
+  EXPECT_EQ(user.requests[1], "message End of Match | Home  wins by  17  runs");
+}
+
 TEST_F(Result, AWinByRuns) {
   home_make(times(6, hit(4)));
   skip_to_over(50);

@@ -49,6 +49,7 @@ class opened_reports : public front_end {
   void ball_bowled() override { refuse(); }
   void progress(int) override { refuse(); }
   void progress_done() override { refuse(); }
+  void show(match_report_form&) override { refuse(); }
   void show(player_profile_form&) override { refuse(); }
   void show(player_rankings_form&) override { refuse(); }
   void show(series_results_form&) override { refuse(); }

@@ -98,12 +98,12 @@ TEST_F(EveryWindow, AMatchAndItsReports) {
   });
   play([&](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });
   for (const char* name : {"teamfrm", "wecond", "Teamsel", "toss", "batorder", "chgbowler", "main", "aggr", "message",
-                           "scorecard", "batsmandetails", "Bowlcard", "partners", "graphs", "worms"}) {
+                           "scorecard", "batsmandetails", "Bowlcard", "partners", "graphs", "worms", "matchrep"}) {
     EXPECT_TRUE(seen.contains(name)) << name;
   }
   for (const char* pair :
        {"opening < teamfrm", "opening < main", "opening < scorecard", "main < scorecard", "main < batsmandetails",
-        "scorecard < batsmandetails", "scorecard < graphs", "main < aggr"}) {
+        "main < matchrep", "scorecard < batsmandetails", "scorecard < graphs", "main < aggr"}) {
     EXPECT_TRUE(pairs.contains(pair)) << pair;
   }
   EXPECT_GT(ticks, 40);

@@ -87,6 +87,14 @@ void picture_match(MenuWindow& menu) {
     });
     press(window, "show_scorecard");
   });
+  user.robot.next("matchrep", [](QWidget& window) {
+    take(window, "match-report");
+    window.resize(1000, 700);
+    take(window, "match-report-narrow");
+    window.resize(window.width(), 2200);
+    take(window, "match-report-whole");
+    press(window, "accept");
+  });
   open(menu, "start_game", "new_match");
 }
 
@@ -116,6 +124,27 @@ void picture_sheets(MenuWindow& menu) {
     press(window, "cancel");
   });
   QTest::keyClick(menu.focusWidget(), Qt::Key_K, Qt::ControlModifier);
+}
+
+/// Results that lead to their reports.
+void picture_results(MenuWindow& menu) {
+  chance.use_seed(11);
+  ClickingUser user;
+  user.robot.next("series1", [](QWidget& window) {
+    control<QLineEdit>(window, "matches")->setText("3");
+    press(window, "accept");
+  });
+  user.robot.always("sri_result", [](QWidget& window) {
+    take(window, "series-results");
+    press(window, "accept");
+  });
+  open(menu, "start_game", "new_series");
+  user.robot.next("series2", pressing("accept"));
+  user.robot.always("triserresult", [](QWidget& window) {
+    take(window, "tri-series-table");
+    press(window, "accept");
+  });
+  open(menu, "start_game", "tri_series");
 }
 
 void picture_world_cup(MenuWindow& menu) {
@@ -195,6 +224,7 @@ void take_all() {
     picture_profile(menu);
     picture_record_lists(menu);
     picture_settings(menu);
+    picture_results(menu);
     picture_world_cup(menu);
     end_program(0);
   });

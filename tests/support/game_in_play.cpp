@@ -28,6 +28,7 @@ class user_of_tests : public front_end {
   void progress(int over) override { asked().progress(over); }
   void progress_done() override { asked().progress_done(); }
   void open(report which) override { asked().open(which); }
+  void show(match_report_form& form) override { asked().show(form); }
   void show(player_profile_form& form) override { asked().show(form); }
   void show(player_rankings_form& form) override { asked().show(form); }
   void show(series_results_form& form) override { asked().show(form); }

@@ -10,6 +10,7 @@
 #include "competitions/tri_series.h"
 #include "competitions/world_cup_fixtures.h"
 #include "competitions/world_cup_tables.h"
+#include "reports/match_report.h"
 #include "support/test_user.h"
 #include "ui/front_end.h"
 
@@ -50,6 +51,7 @@ class scripted_user : public test_user {
   std::function<void(console_form&)> on_console;                  ///< instead of pressing Next Over to the end
   std::function<void()> on_ball;
   std::function<void(report)> on_report;
+  std::function<void(match_report_form&)> on_match_report;  ///< a report of the end leaves no line
 
   using test_user::show;
   void show(const message_box& message) override;
@@ -66,6 +68,9 @@ class scripted_user : public test_user {
   void progress(int over) override;
   void progress_done() override;
   void open(report which) override;
+  void show(match_report_form& form) override {
+    if (on_match_report) on_match_report(form);
+  }
   void show(series_results_form& form) override;
   void show(tri_series_table_form& form) override;
   void show(world_cup_fixtures_form& form) override;

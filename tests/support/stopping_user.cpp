@@ -14,6 +14,7 @@
 #include "console/captain_forms.h"
 #include "database/configuration.h"
 #include "reports/export.h"
+#include "reports/match_report.h"
 #include "reports/scorecard.h"
 #include "setup/conditions.h"
 #include "setup/team_selection.h"
@@ -239,6 +240,16 @@ void stopping_user::open(report which) {
     text = text_scorecard(game_.match, card) + ball_by_ball(game_.match, card);
   }
   asked(request::report, line_of("report", int(which), text));
+}
+
+void stopping_user::show(match_report_form& form) {
+  form.open();
+  std::string text;
+  for (const reported_innings& innings : form.report.innings) {
+    text += line_of(innings.side, innings.total, innings.wickets, innings.overs, innings.extras_sum());
+  }
+  asked(request::match_report,
+        line_of("match report", form.report.result, text, form.report.milestones.size(), form.report.records.size()));
 }
 
 void stopping_user::show(player_profile_form& form) {

@@ -31,6 +31,7 @@ enum class request {
   progress,
   progress_done,
   report,
+  match_report,
   profile,
   rankings,
   results,
@@ -77,6 +78,7 @@ class stopping_user : public headless_user {
   void progress(int over) override;
   void progress_done() override;
   void open(report which) override;
+  void show(match_report_form& form) override;
   void show(player_profile_form& form) override;
   void show(player_rankings_form& form) override;
   void show(series_results_form& form) override;

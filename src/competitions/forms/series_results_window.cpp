@@ -15,12 +15,15 @@ namespace velorin {
 
 namespace {
 
-Table results_table(const series_results_form& form) {
+Table results_table(const series_results_form& form, const PlayedMatches& played) {
   Table table;
   table.name = shown(form.heading);
   table.columns = {{.heading = QStringLiteral("Match"), .stretches = true}, {.heading = QStringLiteral("Result")}};
   for (const series_results_form::row& row : form.rows) {
-    table.rows.push_back({.cells = {{.text = shown(row.match_and_ground)}, {.text = shown(row.result)}}});
+    const int number = static_cast<int>(table.rows.size()) + 1;
+    table.rows.push_back({.cells = {{.text = shown(row.match_and_ground)}, {.text = shown(row.result)}},
+                          .id = number,
+                          .opens = played.has(number)});
   }
   return table;
 }
@@ -28,25 +31,34 @@ Table results_table(const series_results_form& form) {
 }  // namespace
 
 SeriesResultsWindow::SeriesResultsWindow(series_results_form& form, QWidget* parent)
-    : Form(QStringLiteral("sri_result"), Dismissal::closes, parent), form_(form) {
+    : Form(QStringLiteral("sri_result"), Dismissal::closes, parent),
+      form_(form),
+      results_(new TableView(QStringLiteral("results"))) {
   set_title(shown(form_.heading), shown(form_.heading));
   show_picture();
-  auto* results = new TableView(QStringLiteral("results"));
-  results->set_table(results_table(form_));
-  results->setMinimumWidth(std::clamp(results->sizeHint().width(), 560, 960));
-  results->show_all_rows();
-  results->grow_rows(40, static_cast<int>(form_.rows.size()));
-  auto* rows = new_column(body(), 1000);
-  rows->addWidget(results, 1);
-  rows->addSpacing(8);
-  rows->addWidget(new_named_label(QStringLiteral("standing_line"), shown(form_.standing_line), TextRole::heading));
-  rows->addStretch();
+  results_->set_table(results_table(form_, played_));
+  results_->setMinimumWidth(std::clamp(results_->sizeHint().width(), 560, 960));
+  results_->show_all_rows();
+  results_->grow_rows(40, static_cast<int>(form_.rows.size()));
+  rows_ = new_column(body(), 1000);
+  rows_->addWidget(results_, 1);
+  rows_->addSpacing(8);
+  rows_->addWidget(new_named_label(QStringLiteral("standing_line"), shown(form_.standing_line), TextRole::heading));
+  rows_->addStretch();
   const auto close = [this] {
     form_.accept();
     if (form_.closed) accept();
   };
   add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, close)->setFocus();
   on_dismiss(close);
+}
+
+void SeriesResultsWindow::lead_to(PlayedMatches played) {
+  played_ = std::move(played);
+  results_->set_table(results_table(form_, played_));
+  if (played_.all.empty()) return;
+  results_->on_open(played_.open, TableView::Opens::press);
+  rows_->insertWidget(1, new_named_label(QStringLiteral("leads_on"), QLatin1String(leads_on), TextRole::muted));
 }
 
 }  // namespace velorin

@@ -61,6 +61,7 @@ TableRow table_row(const world_cup_record& world_cup, const world_cup_fixtures_f
 Table fixtures_table(const world_cup_record& world_cup, const world_cup_fixtures_form& form, bool with_captains) {
   Table table;
   table.name = QStringLiteral("World Cup Fixtures");
+  table.order = RowOrder::fixed;  // it is a part of the list
   table.columns.push_back({.heading = QStringLiteral("Match No.")});
   table.columns.push_back({.heading = QStringLiteral("Team A")});
   if (with_captains) table.columns.push_back({.heading = {}, .spoken = QStringLiteral("Captain of Team A")});
@@ -92,9 +93,9 @@ WorldCupFixturesWindow::WorldCupFixturesWindow(const world_cup_record& world_cup
   row->setSpacing(4);
   row->addWidget(list_, 1);
   row->addWidget(scroll_);
-  auto* rows = new_column(body(), 1400);
-  rows->addLayout(row, 1);
-  rows->addStretch();
+  rows_ = new_column(body(), 1400);
+  rows_->addLayout(row, 1);
+  rows_->addStretch();
   scroll_->setObjectName(QStringLiteral("scroll"));
   scroll_->setAccessibleName(QStringLiteral("Fixtures"));
   scroll_->setRange(1, form_.scroll_maximum);
@@ -133,11 +134,21 @@ WorldCupFixturesWindow::WorldCupFixturesWindow(const world_cup_record& world_cup
 }
 
 void WorldCupFixturesWindow::refresh() {
-  list_->set_table(fixtures_table(world_cup_, form_, any_human_));
+  Table table = fixtures_table(world_cup_, form_, any_human_);
+  for (TableRow& row : table.rows) row.opens = played_.has(row.id);
+  list_->set_table(std::move(table));
   for (int line = 0; line < cup_list_rows; ++line) {
     if (form_.rows[static_cast<std::size_t>(line)].is_next) list_->setCurrentIndex(list_->model()->index(line, 0));
   }
   list_->clearSelection();
+}
+
+void WorldCupFixturesWindow::lead_to(PlayedMatches played) {
+  played_ = std::move(played);
+  refresh();
+  if (played_.all.empty()) return;
+  list_->on_open(played_.open, TableView::Opens::press);
+  rows_->insertWidget(1, new_named_label(QStringLiteral("leads_on"), QLatin1String(leads_on), TextRole::muted));
 }
 
 bool WorldCupFixturesWindow::scrolls_on(int key) {

@@ -3,6 +3,7 @@
 
 #include <QFrame>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -16,6 +17,7 @@
 #include "competitions/world_cup.h"
 #include "competitions/world_cup_tables.h"
 #include "desktop/controls.h"
+#include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 
@@ -77,21 +79,46 @@ WorldCupTablesWindow::WorldCupTablesWindow(const world_cup_record& world_cup, wo
   on_dismiss(close);
 }
 
+void WorldCupTablesWindow::lead_to(const PlayedMatches& played) {
+  const std::array<const char*, cup_knock_outs> names = {"Semi Final 1", "Semi Final 2", "Grand Final"};
+  QWidget* before = findChild<TableView*>(QStringLiteral("super_six"));
+  for (int tie = 0; tie < cup_knock_outs; ++tie) {
+    const int number = cup_last_fixture + tie + 1;
+    if (!played.has(number)) continue;
+    const auto at = static_cast<std::size_t>(tie);
+    auto* button = new QPushButton;
+    button->setObjectName(QStringLiteral("report_%1").arg(tie + 1));
+    button->setAutoDefault(false);
+    button->setProperty("link", true);
+    name_act(*button, {.caption = QStringLiteral("Report"),
+                       .key = QKeySequence(Qt::Key_F2 + tie),
+                       .hint = QStringLiteral("Report of the %1").arg(QLatin1String(names[at])),
+                       .spoken = QStringLiteral("Report of the %1").arg(QLatin1String(names[at]))});
+    connect(button, &QPushButton::clicked, this, [open = played.open, number] { guarded([&] { open(number); }); });
+    ties_[at]->addWidget(button);
+    setTabOrder(before, button);
+    before = button;
+  }
+}
+
 QWidget* WorldCupTablesWindow::new_knock_out() {
   QFrame* card = new_card();
   card->setMaximumHeight(320);
-  const auto add = [&](const char* caption, const char* name, const std::string& text) {
+  const auto add = [&](const char* caption, const char* name, const std::string& text, std::size_t tie) {
     auto* pair = new QVBoxLayout;
     pair->setSpacing(2);
-    pair->addWidget(new_label(QString::fromLatin1(caption), TextRole::small_muted));
+    ties_[tie] = new QHBoxLayout;
+    ties_[tie]->addWidget(new_label(QString::fromLatin1(caption), TextRole::small_muted));
+    ties_[tie]->addStretch(1);
+    pair->addLayout(ties_[tie]);
     auto* line = new_named_label(QString::fromLatin1(name), shown(text));
     line->setWordWrap(true);
     pair->addWidget(line);
     card_rows(card)->addLayout(pair);
   };
-  add("Semi Final 1 :", "first_semi_final", form_.first_semi_final);
-  add("Semi Final 2 :", "second_semi_final", form_.second_semi_final);
-  add("Grand Final :", "grand_final", form_.grand_final);
+  add("Semi Final 1 :", "first_semi_final", form_.first_semi_final, 0);
+  add("Semi Final 2 :", "second_semi_final", form_.second_semi_final, 1);
+  add("Grand Final :", "grand_final", form_.grand_final, 2);
   card_rows(card)->addStretch(1);
   auto* winners = new_named_label(QStringLiteral("winners_line"), shown(form_.winners_line), TextRole::accent);
   winners->setWordWrap(true);

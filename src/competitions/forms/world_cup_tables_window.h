@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
+
+#include "competitions/forms/played_matches.h"
 #include "desktop/form.h"
+
+class QHBoxLayout;
 
 namespace velorin {
 
@@ -18,10 +23,14 @@ class WorldCupTablesWindow : public Form {
   explicit WorldCupTablesWindow(const world_cup_record& world_cup, world_cup_tables_form& form,
                                 QWidget* parent = front_window());
 
+  /// Each tie among these matches gets a button that opens its report.
+  void lead_to(const PlayedMatches& played);
+
  private:
   QWidget* new_knock_out();
 
   world_cup_tables_form& form_;
+  std::array<QHBoxLayout*, 3> ties_{};  // the row of each tie's caption
 };
 
 }  // namespace velorin

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "desktop/form.h"
+#include "desktop/line_chart.h"
+#include "desktop/table.h"
+
+class QGridLayout;
+class QScrollArea;
+
+namespace velorin {
+
+struct match_report;
+struct reported_innings;
+
+/// A match that has been decided, on one page: result, both cards, the running scores, milestones and records. The two
+/// innings stand side by side where there is room, else one below the other.
+class MatchReportWindow : public Form {
+  Q_OBJECT
+
+ public:
+  /// `report` is read here and not kept.
+  explicit MatchReportWindow(const match_report& report, QWidget* parent = front_window());
+
+ protected:
+  /// The page keys turn the page.
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void add_innings(const reported_innings& innings, std::size_t place);
+  QWidget* new_brought(const match_report& report);
+  /// Both innings fit side by side with every text whole.
+  bool has_room_for_two() const;
+  void arrange(bool side_by_side);
+
+  std::array<std::vector<QWidget*>, 2> pieces_;  // of each innings, from top to bottom
+  QWidget* chart_ = nullptr;
+  QWidget* brought_ = nullptr;
+  QGridLayout* grid_ = nullptr;
+  QScrollArea* pages_ = nullptr;
+  bool arranged_ = false;
+  bool side_by_side_ = false;
+};
+
+/// The parts of a report as tables and as a chart.
+Table batting_table(const reported_innings& innings);
+Table bowling_table(const reported_innings& innings);
+Table milestones_table(const match_report& report);
+Table records_table(const match_report& report);
+LineChart worm_chart(const match_report& report);
+
+}  // namespace velorin
