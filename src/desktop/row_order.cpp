@@ -6,7 +6,7 @@ namespace velorin {
 RowSorter::RowSorter(QObject* parent) : QSortFilterProxyModel(parent) { setSortRole(Qt::UserRole); }
 
 QVariant RowSorter::headerData(int section, Qt::Orientation orientation, int role) const {
-  const QVariant told = QSortFilterProxyModel::headerData(section, orientation, role);
+  QVariant told = QSortFilterProxyModel::headerData(section, orientation, role);
   if (role != Qt::AccessibleTextRole || orientation != Qt::Horizontal || section != sortColumn()) return told;
   return QStringLiteral("%1, sorted %2")
       .arg(told.toString(),

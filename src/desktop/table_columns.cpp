@@ -51,6 +51,7 @@ TableColumns::TableColumns(QTableView& view) : QObject(&view), view_(view) {
   header->setMinimumSectionSize(narrowest);
   header->setSectionResizeMode(QHeaderView::Interactive);
   header->setSortIndicatorClearable(true);
+  header->setToolTip(QStringLiteral("A press sorts, the third one as told (Alt+Up, Alt+Down). Columns: Ctrl+H"));
   header->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(header, &QWidget::customContextMenuRequested, this,
           [this, header](const QPoint& at) { open_menu(header->mapToGlobal(at)); });

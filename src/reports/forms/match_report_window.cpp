@@ -152,10 +152,12 @@ Table milestones_table(const match_report& report) {
   Table table{.name = QStringLiteral("Milestones"), .columns = {}, .rows = {}};
   table.columns = {{.heading = QStringLiteral("Milestone")},
                    {.heading = QStringLiteral("Player"), .stretches = true},
+                   {.heading = QStringLiteral("Team")},
                    {.heading = QStringLiteral("Figures"), .numbers = true}};
   for (const reported_milestone& one : report.milestones) {
     table.rows.push_back({{{.text = shown(one.what), .look = CellLook::strong},
                            {.text = shown_caption(one.player), .kept = shown(one.player)},
+                           {.text = shown(one.side), .look = CellLook::muted},
                            {.text = shown(one.figures)}}});
   }
   return table;

@@ -87,7 +87,7 @@ TEST_F(MatchReportWindows, MilestonesAndRecordsAreTables) {
   report.records = {{"Highest scores", 4, "A.Harrow", "123 (131)"}};
   MatchReportWindow window(report);
   EXPECT_EQ(row_texts(control<TableView>(window, "milestones")->table().rows.at(0)),
-            QStringList({"Hundred", "A.Harrow", "123 (131)"}));
+            QStringList({"Hundred", "A.Harrow", "Northland", "123 (131)"}));
   EXPECT_EQ(row_texts(control<TableView>(window, "records")->table().rows.at(0)),
             QStringList({"Highest scores", "4", "A.Harrow", "123 (131)"}));
 }
