@@ -150,7 +150,14 @@ std::vector<int> TableColumns::sharing() const {
 void TableColumns::fit() {
   if (fitting_ || keys_.isEmpty() || view_.model()->columnCount() != keys_.size()) return;
   restore();
-  const QScopedValueRollback quiet(fitting_, true);
+  {
+    const QScopedValueRollback quiet(fitting_, true);
+    lay_out();
+  }
+  emit fitted();
+}
+
+void TableColumns::lay_out() {
   const std::vector<int> shared = sharing();
   int left = view_.viewport()->width();
   for (int column = 0; column < keys_.size(); ++column) {

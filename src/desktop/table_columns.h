@@ -48,6 +48,10 @@ class TableColumns : public QObject {
   /// The columns with a tick each, and all of them again, at a place on the screen.
   void open_menu(const QPoint& at);
 
+ signals:
+  /// The columns have their widths.
+  void fitted();
+
  private:
   /// Under which name its window keeps it; "" without a window.
   QString window_name() const;
@@ -55,6 +59,7 @@ class TableColumns : public QObject {
   int drawn_width(int column) const;
   /// Those that share what is left: where all of these are hidden or drawn, the first that holds texts.
   std::vector<int> sharing() const;
+  void lay_out();
   void hide_as_kept();
   void note_width(int column, int width);
   void note_sorting(int column, Qt::SortOrder order);

@@ -93,6 +93,8 @@ TableView::TableView(const QString& name, QWidget* parent)
   verticalHeader()->setDefaultSectionSize(lowest_row);
   verticalHeader()->setMinimumWidth(24);
   columns_ = new TableColumns(*this);
+  // At once, or a scroll bar that is not needed any more would be seen for a moment.
+  connect(columns_, &TableColumns::fitted, this, [this] { updateGeometries(); });
   connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
     if (!opens_by_press_) open_row(index);
   });

@@ -35,6 +35,14 @@ class MatchReportWindows : public ReportWindowTest {
     return {widget->mapTo(&window, QPoint()), widget->size()};
   }
 
+  /// Until everything has its place.
+  static void settle() {
+    for (int round = 0; round < 10; ++round) {
+      QApplication::sendPostedEvents();
+      QTest::qWait(5);
+    }
+  }
+
   match_report report;
 };
 
@@ -118,13 +126,13 @@ TEST_F(MatchReportWindows, TheInningsStandSideBySideWhereThereIsRoom) {
   MatchReportWindow window(report);
   window.show();
   window.resize(1400, 900);
-  QTest::qWait(40);
+  settle();
   check_window(window);
   EXPECT_EQ(place(window, "batting_1").top(), place(window, "batting_2").top());
   EXPECT_EQ(place(window, "bowling_1").top(), place(window, "bowling_2").top());
   EXPECT_GT(place(window, "batting_2").left(), place(window, "batting_1").right());
   window.resize(1000, 700);
-  QTest::qWait(40);
+  settle();
   check_window(window);
   EXPECT_GT(place(window, "batting_2").top(), place(window, "bowling_1").bottom());
   EXPECT_EQ(place(window, "batting_2").left(), place(window, "batting_1").left());
@@ -136,7 +144,7 @@ TEST_F(MatchReportWindows, NoCardScrollsByItself) {
   check_window_at_sizes(window);
   for (const QSize size : {QSize(1024, 700), QSize(1280, 800), QSize(1920, 1080)}) {
     window.resize(size);
-    QTest::qWait(40);
+    settle();
     for (const char* name : {"batting_1", "bowling_1", "batting_2", "bowling_2", "records"}) {
       const auto* view = control<TableView>(window, name);
       EXPECT_FALSE(view->horizontalScrollBar()->isVisible()) << name << " " << size.width();
@@ -149,7 +157,7 @@ TEST_F(MatchReportWindows, ThePageKeysTurnThePage) {
   MatchReportWindow window(report);
   window.show();
   window.resize(1000, 700);
-  QTest::qWait(40);
+  settle();
   const auto* bar = control<QScrollArea>(window, "page")->verticalScrollBar();
   QTest::keyClick(&window, Qt::Key_PageDown);
   EXPECT_EQ(bar->value(), bar->pageStep());
@@ -161,7 +169,7 @@ TEST_F(MatchReportWindows, TheKeyboardBringsWhatItReachesIntoView) {
   MatchReportWindow window(report);
   window.show();
   window.resize(1000, 700);
-  QTest::qWait(40);
+  settle();
   auto* records = control<TableView>(window, "records");
   const auto is_in_view = [&] {
     const QPoint at = records->mapTo(control<QScrollArea>(window, "page"), QPoint(1, 1));
