@@ -22,12 +22,14 @@ struct rating {
 };
 
 constexpr std::array<rating, 3> ratings = {{
-    {"Batting skill", "Balls he lasts for each dismissal; the more, the better", [](const player_rec& man) -> double { return man.bat_skill; },
+    {"Batting skill", "Balls he lasts for each dismissal; the more, the better",
+     [](const player_rec& man) -> double { return man.bat_skill; },
      [](const player_rec& man) { return number_text(static_cast<int>(man.bat_skill)); }, true},
     {"Bowling strike rate", "Balls he bowls for each wicket; the fewer, the better",
      [](const player_rec& man) -> double { return man.bowl_sr; },
      [](const player_rec& man) { return number_text(man.bowl_sr); }, false},
-    {"Economy", "Runs he gives an over; the fewer, the better", [](const player_rec& man) -> double { return man.econ; },
+    {"Economy", "Runs he gives an over; the fewer, the better",
+     [](const player_rec& man) -> double { return man.econ; },
      [](const player_rec& man) { return number_text(man.econ); }, false},
 }};
 

@@ -59,6 +59,7 @@ constexpr Purpose purposes[] = {
     {"reclists", "The record lists. Press one at the left."},
     {"allrecs", "The batting or bowling of one team's men."},
     {"optfrm", "The database, the photos and the colours of exported pages."},
+    {"matchrep", "The whole match: both cards, the scores over by over, what it brought. Page keys scroll."},
     {"anew_question", "Yes empties careers and records; they begin anew."},
     {"messages", "Messages without a tick pass by in the bar above, and the game goes on."},
     {"frmAbout", "Who made the game."},

@@ -54,9 +54,8 @@ class SquadStanding : public figures_fixture {
 TEST_F(SquadStanding, RanksAManAmongThoseOfHisRole) {
   EXPECT_THAT(places("Alba", "A.One"), ElementsAre("2nd of 4 openers", "2nd of 4 openers", "joint 1st of 4 openers"));
   EXPECT_THAT(places("Bora", "B.One"), ElementsAre("1st of 4 openers", "3rd of 4 openers", "4th of 4 openers"));
-  EXPECT_THAT(places("Alba", "A.Last"),
-              ElementsAre("1st of 1 lower order batsman", "1st of 1 lower order batsman",
-                          "1st of 1 lower order batsman"));
+  EXPECT_THAT(places("Alba", "A.Last"), ElementsAre("1st of 1 lower order batsman", "1st of 1 lower order batsman",
+                                                    "1st of 1 lower order batsman"));
 }
 
 TEST_F(SquadStanding, EqualsShareTheirPlaceAndTheNextOneComesBehindThem) {
