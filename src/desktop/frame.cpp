@@ -118,7 +118,7 @@ void Frame::add_bar() {
                     .hint = QStringLiteral("Leaves this page"),
                     .spoken = QStringLiteral("Back")});
   connect(back_, &QPushButton::clicked, this, [this] {
-    if (Form* form = top()) form->reject();
+    if (Form* form = top()) form->close();
   });
   trail_ = new_named_label(QStringLiteral("trail"), {}, TextRole::muted, bar_);
   trail_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

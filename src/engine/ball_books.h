@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// The books of a ball: cards, falls of wicket, dismissals, milestones.
+// The books of a ball: cards, dismissals, milestones.
 
 namespace velorin {
 
@@ -17,9 +17,6 @@ void load_elevens(match_state& match, const open_database& data);
 /// Credits the runs off the bat of ball_outcome 0 to 6; does nothing for 7 to 11. Requires that the batsmen have
 /// already been exchanged after an odd number of runs. Changes both cards and maiden_flag.
 void record_runs(match_state& match);
-
-/// Fills fall_of_wicket[score_wickets]. Requires that score_wickets has just been raised and that the wicket ball is
-/// not yet in innings_balls.
 
 /// Draws how the striker was out, and writes it and who had part in it on his card and into the delivery. Draws one
 /// number, a second one for a run out and for a catch in the field.

@@ -223,6 +223,8 @@ play_step end_over(match_state& match) {
 void leave_play(match_state& match) {
   match.deliveries.clear();
   match.first_deliveries.clear();
+  match.falls_shown = match.first_falls_shown = -1;
+  match.last_stand_closed = false;
   static_cast<match_play_place&>(match) = {};
 }
 

@@ -15,6 +15,9 @@ inline constexpr QSize smallest_screen(1024, 700);
 /// screen readers; no text is cut off. Failures are test failures.
 void check_window(QWidget& window);
 
+/// The part of it that is about the controls, at whatever size the window has.
+void check_controls(QWidget& window);
+
 /// Likewise at the smallest screen's size and as it came.
 void check_window_at_sizes(QWidget& window);
 
