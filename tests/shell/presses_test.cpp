@@ -113,5 +113,22 @@ TEST_F(Presses, OneBowlsAnOver) {
   EXPECT_FALSE(match.result_margin.empty());
 }
 
+TEST_F(Presses, ThreePlayAWholeUnattendedWorldCup) {
+  preferences::set_plays_without_stopping(QStringLiteral("wctable"), true);
+  ClickingUser user;
+  user.robot.next("wctable", pressing("accept"));  // the third press
+  play([&](MenuWindow& menu) {
+    press(menu, "start_game");
+    press(menu, "world_cup");
+  });
+  preferences::set_plays_without_stopping(QStringLiteral("wctable"), false);
+  const auto& met = user.robot.met();
+  std::vector<std::string> waited;
+  for (const std::string& window : met) {
+    if (window != "unstopped" && window != "Progressbar") waited.push_back(window);
+  }
+  EXPECT_EQ(waited, (std::vector<std::string>{"wctable", "wc_fix", "wcsstab"})) << "the end alone waits to be read";
+}
+
 }  // namespace
 }  // namespace velorin::testing
