@@ -36,6 +36,28 @@ void console_form::change_bowler_aggression(int slot) {
   play_.user.show(form);
 }
 
+void console_form::set_batsman_aggression(int slot, int level) {
+  if (play_.match.computer_bats || level < least_aggression || level > most_aggression) return;
+  aggression_form form = aggression_form::of_batsman(play_.match, slot);
+  form.aggression = level;
+  form.accept();
+}
+
+void console_form::set_bowler_aggression(int slot, int level) {
+  if (play_.match.computer_bowls || level < least_aggression || level > most_aggression) return;
+  aggression_form form = aggression_form::of_bowler(play_.match, slot);
+  form.aggression = level;
+  form.accept();
+}
+
+void console_form::choose_bowler(int position) {
+  if (play_.match.computer_bowls || position < 1 || position > men_in_eleven) return;
+  if (play_.match.bowling_card[static_cast<std::size_t>(position)].balls >= balls_of_quota) return;
+  bowler_choice_form form(play_.match, bowler_choice_form::use::change, "Change Bowler");
+  form.choose(position);
+  form.accept();
+}
+
 void console_form::show_worm() { play_.user.open(report::worm_graph); }
 
 void console_form::show_bowler_profile() {
@@ -54,6 +76,16 @@ void console_form::show_next_bowler_profile() {
 void console_form::show_higher_batsman_profile() {
   show_profile(play_.user, play_.data, play_.match.team1_name,
                play_.match.batting_card[play_.match.higher_batsman()].name);
+}
+
+void console_form::show_profile_of_batsman(int position) {
+  show_profile(play_.user, play_.data, play_.match.team1_name,
+               play_.match.batting_xi[static_cast<std::size_t>(position)].name);
+}
+
+void console_form::show_profile_of_bowler(int position) {
+  show_profile(play_.user, play_.data, play_.match.team2_name,
+               play_.match.bowling_xi[static_cast<std::size_t>(position)].name);
 }
 
 void console_form::show_overs_graph() { play_.user.open(report::overs_graph); }

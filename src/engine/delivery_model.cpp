@@ -11,8 +11,6 @@ namespace velorin {
 
 namespace {
 
-constexpr int scale_end = 1000;  ///< draws of 1 to this settle a ball
-
 /// Conditions of 1 to 4 each, by their sum: skill is divided by (rise * sum + start) / whole.
 struct conditions_weights {
   double rise;
@@ -44,10 +42,6 @@ constexpr std::array<bowling_weight, 5> bowling_weights = {{{0.25, -3}, {0.15, -
 /// Window sizes in parts of the runs per over, in the order of the scale behind the wicket's.
 constexpr std::array<double, 9> run_weights = {63.33, 15.333, 3.8666, 12.6666, 1.4666, 1.6666, 1.8666, 1, 0.6666};
 
-/// Outcomes in the order of the scale.
-constexpr std::array<int, 10> scale_order = {wicket,   one_run, two_runs,  three_runs, four_runs,
-                                             six_runs, no_ball, wide_ball, leg_byes,   byes};
-
 [[noreturn]] void raise_division(const char* field, const std::string& player) {
   throw run_time_error(failure::division, "Division by zero in the delivery model",
                        {.file = {}, .record = 0, .field = field, .player = player});
@@ -60,20 +54,20 @@ double single(double quotient) {
   return static_cast<double>(rounded);
 }
 
-void add_batting_aggression(const match_state& match, expectations& expected, double adjusted_skill) {
-  const int slot = match.striker_slot();
-  const int aggression = match.batsman_aggression[slot];
+void add_batting_aggression(const contest& met, expectations& expected, double adjusted_skill) {
+  const int aggression = met.batting_aggression;
   if (aggression < least_aggression || aggression > most_aggression) return;
-  const double meter = match.settled_meter[slot];
+  const double meter = met.settled_meter;
   // On the lowest aggression the meter protects the man of the higher position half as much again.
-  const double divisor = aggression == least_aggression && slot == 1 ? meter_a_protected_ball : meter_a_ball;
+  const double divisor = aggression == least_aggression && met.higher_slot ? meter_a_protected_ball : meter_a_ball;
   const batting_weight& weight = batting_weights[aggression - least_aggression];
   expected.balls_per_wicket = expected.balls_per_wicket + weight.skill_share * adjusted_skill + single(meter / divisor);
   expected.runs_per_over = expected.runs_per_over + weight.runs + single(meter / meter_a_run);
 }
 
-void add_bowling_aggression(const match_state& match, expectations& expected, const player_rec& bowler) {
-  const int aggression = match.bowling_aggression[0];
+void add_bowling_aggression(const contest& met, expectations& expected) {
+  const player_rec& bowler = met.bowler;
+  const int aggression = met.bowling_aggression;
   if (aggression < least_aggression || aggression > most_aggression || aggression == even_aggression) return;
   const double economy = static_cast<double>(bowler.econ);
   if (economy == 0) raise_division("econ", bowler.name);
@@ -84,12 +78,22 @@ void add_bowling_aggression(const match_state& match, expectations& expected, co
 
 }  // namespace
 
-expectations expect_delivery(const match_state& match) {
-  const player_rec& batsman = match.batting_xi[match.striker];
-  const player_rec& bowler = match.bowling_xi[match.bowler];
-  const int conditions = match.ground.pitch_surface + match.ground.pitch_bounce + match.weather + match.outfield;
+contest contest_in_play(const match_state& match) {
+  const int slot = match.striker_slot();
+  return {.batsman = match.batting_xi[match.striker],
+          .bowler = match.bowling_xi[match.bowler],
+          .conditions = match.ground.pitch_surface + match.ground.pitch_bounce + match.weather + match.outfield,
+          .batting_aggression = match.batsman_aggression[slot],
+          .bowling_aggression = match.bowling_aggression[0],
+          .settled_meter = match.settled_meter[slot],
+          .higher_slot = slot == 1};
+}
+
+expectations expect_ball(const contest& met) {
+  const player_rec& batsman = met.batsman;
+  const player_rec& bowler = met.bowler;
   const double condition_factor =
-      (conditions_weight.rise * conditions + conditions_weight.start) / conditions_weight.whole;
+      (conditions_weight.rise * met.conditions + conditions_weight.start) / conditions_weight.whole;
   const double skill = batsman.bat_skill;
   const double adjusted_skill = round_half_even(skill / condition_factor);
   if (adjusted_skill == 0) raise_division("bat_skill", batsman.name);
@@ -97,15 +101,17 @@ expectations expect_delivery(const match_state& match) {
   expectations expected;
   expected.balls_per_wicket = (adjusted_skill + static_cast<double>(bowler.bowl_sr)) / 2;
   expected.runs_per_over = (static_cast<double>(bowler.econ) + base_rate) / 2;
-  add_batting_aggression(match, expected, adjusted_skill);
-  add_bowling_aggression(match, expected, bowler);
+  add_batting_aggression(met, expected, adjusted_skill);
+  add_bowling_aggression(met, expected);
   if (expected.balls_per_wicket == 0) raise_division("balls_per_wicket", batsman.name);
   return expected;
 }
 
+expectations expect_delivery(const match_state& match) { return expect_ball(contest_in_play(match)); }
+
 std::array<double, 10> delivery_windows(const expectations& expected) {
   std::array<double, 10> windows{};
-  windows[0] = round_half_even((1 / expected.balls_per_wicket) * scale_end);
+  windows[0] = round_half_even((1 / expected.balls_per_wicket) * draw_scale);
   for (std::size_t i = 0; i < run_weights.size(); ++i) {
     windows[i + 1] = round_half_even(run_weights[i] * expected.runs_per_over);
   }
@@ -116,14 +122,14 @@ int classify(int draw, const std::array<double, 10>& windows) {
   double end = 0;
   for (std::size_t i = 0; i < windows.size(); ++i) {
     end += windows[i];
-    if (draw <= end) return scale_order[i];
+    if (draw <= end) return window_outcomes[i];
   }
   return dot_ball;
 }
 
 void deliver_ball(match_state& match, random_source& chance) {
   chance.reseed();
-  const int draw = die(chance, scale_end);
+  const int draw = die(chance, draw_scale);
   match.ball_outcome = classify(draw, delivery_windows(expect_delivery(match)));
 }
 

@@ -67,6 +67,12 @@ struct console_form {
   void change_batsman_aggression(int slot);
   /// Aggression of the bowler (0) or the next bowler (1); only while a human bowls.
   void change_bowler_aggression(int slot);
+  /// The same without a dialog, under the same rules: sets an aggression, 1 to 5. Other levels are left alone.
+  void set_batsman_aggression(int slot, int level);
+  void set_bowler_aggression(int slot, int level);
+  /// Gives this over to the man at a position of the bowling eleven, as the dialog would. One who cannot be chosen
+  /// there, or has bowled his overs, is left alone.
+  void choose_bowler(int position);
   /// The worm and the graph of overs.
   void show_worm();
   void show_overs_graph();
@@ -76,6 +82,9 @@ struct console_form {
   void show_lower_batsman_profile();
   void show_next_bowler_profile();
   void show_higher_batsman_profile();
+  /// The profile of any man of the batting or the bowling eleven, by his position from 1 to 11.
+  void show_profile_of_batsman(int position);
+  void show_profile_of_bowler(int position);
   /// Shows a past over: 1 to the number of overs completed. Other values are left alone.
   void browse_over(int over);
 

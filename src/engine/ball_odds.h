@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "engine/delivery_model.h"
+#include "model/rules.h"
+
+// What the model of a delivery promises, in words a captain uses: runs an over and balls for a wicket. Exact, from the
+// windows of the draw; nothing is drawn.
+
+namespace velorin {
+
+struct match_state;
+
+/// How many of the 1000 draws end in each outcome, [0..11] by the codes of `outcome`.
+using outcome_draws = std::array<int, 12>;
+/// Sums to 1000. Windows as delivery_windows() gives them: one that is not above 0, or lies beyond the scale, has none.
+outcome_draws draws_of(const std::array<double, 10>& windows);
+
+/// Byes and leg byes are one to four, each as likely.
+inline constexpr double mean_body_extras = 2.5;
+
+struct ball_odds {
+  double runs_an_over = 0;    ///< the side's, off six balls; what is a no ball or a wide is bowled again
+  double balls_a_wicket = 0;  ///< of those that are not bowled again, until one falls; 0: none ever does
+};
+
+/// Requires a draw that is neither a no ball nor a wide; without one all is 0.
+ball_odds odds_of(const outcome_draws& draws);
+/// Errors as for deliver_ball.
+ball_odds odds_of(const contest& met);
+
+/// What each aggression would bring, [0..4] for 1 to 5; nothing where the model has no answer.
+using aggression_odds = std::array<std::optional<ball_odds>, most_aggression>;
+
+/// For the batsman in a slot, 0 the lower position at the crease, 1 the higher: against the bowler of this over.
+aggression_odds batting_odds(const match_state& match, int slot);
+/// For the bowler of this over (0) or the next (1): against the man on strike. The batsman's aggression stays.
+aggression_odds bowling_odds(const match_state& match, int slot);
+
+/// The runs an over that the batsman in a slot is worth more for being settled, against the bowler of this over; nothing
+/// where the model has no answer.
+std::optional<double> meter_worth(const match_state& match, int slot);
+
+/// "5.9 an over, a wicket every 29 balls"; "-" for no answer.
+std::string odds_sentence(const std::optional<ball_odds>& odds);
+
+}  // namespace velorin
