@@ -72,7 +72,8 @@ commentary_row over_row(const told_innings& innings, std::span<const delivery> o
   const over_entries entries = entries_of_over(over, row.over);
   const int runs = entries.runs();
   row.brief = fmt::format("{} {}", runs, runs == 1 ? "run" : "runs");
-  if (entries.wickets() > 0) row.brief += fmt::format(", {} {}", entries.wickets(), entries.wickets() == 1 ? "wicket" : "wickets");
+  if (entries.wickets() > 0)
+    row.brief += fmt::format(", {} {}", entries.wickets(), entries.wickets() == 1 ? "wicket" : "wickets");
   // The third line of the block is the side and its score.
   if (row.lines.size() > 2) row.brief += "  \xB7  " + row.lines[2];
   return row;

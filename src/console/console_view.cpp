@@ -11,15 +11,10 @@
 
 namespace velorin {
 
-namespace {
-
-/// A name in the running table: 12 or more characters give the first 8, a mark and the last 2.
-std::string shortened(const std::string& name) {
+std::string shortened_name(const std::string& name) {
   if (name.size() < 12) return name;
   return name.substr(0, 8) + "'" + name.substr(name.size() - 2);
 }
-
-}  // namespace
 
 score_view view_score(const match_state& match) {
   score_view view;
@@ -80,7 +75,7 @@ std::vector<bowler_line> view_bowler_list(const match_state& match) {
     const bowler_row& filled = match.bowler_list[row];
     if (filled.position == 0) break;
     lines.push_back({filled.position,
-                     shortened(match.bowling_card[filled.position].name),
+                     shortened_name(match.bowling_card[filled.position].name),
                      {overs_from_balls(filled.balls), number_text(int(filled.maidens)), number_text(int(filled.runs)),
                       number_text(int(filled.wickets))}});
   }

@@ -80,6 +80,8 @@ score_view view_score(const match_state& match);
 /// The batsman in a slot: 0 the lower position at the crease, 1 the higher.
 batsman_view view_batsman(const match_state& match, int slot);
 bowlers_view view_bowlers(const match_state& match);
+/// A bowler's name where there is little room: 12 or more characters give the first 8, a mark and the last 2.
+std::string shortened_name(const std::string& name);
 /// The filled rows, in the order in which the bowlers came on.
 std::vector<bowler_line> view_bowler_list(const match_state& match);
 rates_view view_rates(const match_state& match);

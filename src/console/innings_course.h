@@ -12,12 +12,12 @@ struct match_state;
 
 /// An innings after one of its overs.
 struct over_stage {
-  int over = 0;           ///< 1 to 50
-  int runs = 0;           ///< of this over, as the log has them
-  int wickets = 0;        ///< in this over
-  int score = 0;          ///< the side's runs after it
-  int balls = 0;          ///< of the innings after it
-  double run_rate = 0;    ///< runs an over so far; 0 without a ball
+  int over = 0;                         ///< 1 to 50
+  int runs = 0;                         ///< of this over, as the log has them
+  int wickets = 0;                      ///< in this over
+  int score = 0;                        ///< the side's runs after it
+  int balls = 0;                        ///< of the innings after it
+  double run_rate = 0;                  ///< runs an over so far; 0 without a ball
   std::optional<double> required_rate;  ///< in a chase: what is asked from here on; nothing once it is made or lost
 };
 

@@ -39,6 +39,8 @@ QPushButton:focus, QToolButton:focus { border: 2px solid @focus; padding: 5px 13
 QPushButton[link="true"] {
   background: transparent; border: 2px solid transparent; padding: 1px 8px; text-align: left; font-weight: 500;
 }
+QPushButton[link="true"][flush="true"], QPushButton[link="true"][flush="true"]:focus { padding: 1px 2px; }
+QPushButton[link="true"]:disabled { border-color: transparent; }
 QPushButton[link="true"]:hover { color: @accent; border-color: @line; }
 QPushButton[link="true"]:focus { border-color: @focus; padding: 1px 8px; }
 

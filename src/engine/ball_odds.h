@@ -41,8 +41,8 @@ aggression_odds batting_odds(const match_state& match, int slot);
 /// For the bowler of this over (0) or the next (1): against the man on strike. The batsman's aggression stays.
 aggression_odds bowling_odds(const match_state& match, int slot);
 
-/// The runs an over that the batsman in a slot is worth more for being settled, against the bowler of this over; nothing
-/// where the model has no answer.
+/// The runs an over that the batsman in a slot is worth more for being settled, against the bowler of this over;
+/// nothing where the model has no answer.
 std::optional<double> meter_worth(const match_state& match, int slot);
 
 /// "5.9 an over, a wicket every 29 balls"; "-" for no answer.

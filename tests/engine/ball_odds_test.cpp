@@ -48,12 +48,10 @@ TEST_F(BallOdds, EachWindowHasTheDrawsThatTheModelGivesIt) {
 }
 
 TEST_F(BallOdds, WindowsThatFallShortOrRunOverAreCountedAsTheyAreJudged) {
-  const std::array<double, 10> cases[] = {{-40, 100, -30, 20, 10, 5, 1, 1, 1, 1},
-                                          {1200, 100, 20, 3, 40, 5, 1, 1, 1, 1},
-                                          {30, 900, 200, -500, 40, 5, 1, 1, 1, 1},
-                                          {0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
-                                          {HUGE_VAL, 1, 1, 1, 1, 1, 1, 1, 1, 1},
-                                          {-HUGE_VAL, 1, 1, 1, 1, 1, 1, 1, 1, 1}};
+  const std::array<double, 10> cases[] = {
+      {-40, 100, -30, 20, 10, 5, 1, 1, 1, 1},  {1200, 100, 20, 3, 40, 5, 1, 1, 1, 1},
+      {30, 900, 200, -500, 40, 5, 1, 1, 1, 1}, {0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
+      {HUGE_VAL, 1, 1, 1, 1, 1, 1, 1, 1, 1},   {-HUGE_VAL, 1, 1, 1, 1, 1, 1, 1, 1, 1}};
   for (const auto& windows : cases) EXPECT_EQ(draws_of(windows), counted(windows)) << windows[0];
 }
 

@@ -184,7 +184,8 @@ TEST_F(LiveConsole, TheAttackIsRankedAndCountsItsOvers) {
     EXPECT_EQ(row.bowls_next, other_end);
     EXPECT_EQ(row.bowls_now, row.position == match.bowler);
     if (other_end) {
-      EXPECT_EQ(row.overs + " " + row.maidens + " " + row.runs + " " + row.wickets + " " + row.economy, "1.0 0 6 0 6.0");
+      EXPECT_EQ(row.overs + " " + row.maidens + " " + row.runs + " " + row.wickets + " " + row.economy,
+                "1.0 0 6 0 6.0");
     }
   }
 }

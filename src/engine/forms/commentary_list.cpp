@@ -11,149 +11,223 @@
 #include <string>
 #include <vector>
 
+#include "console/commentary_rows.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
+#include "engine/forms/ball_chip.h"
 #include "model/match_state.h"
 
 namespace velorin {
 
-/// The lines as they were last read. An innings only appends to them.
+namespace {
+
+constexpr int ball_height = 28;
+constexpr int wicket_height = 46;
+constexpr int over_height = 26;
+constexpr int chip_size = 22;
+constexpr int stripe = 3;
+constexpr int place_width = 38;
+
+}  // namespace
+
+/// The rows as they were last read. An innings only appends to them.
 class CommentaryModel : public QAbstractListModel {
  public:
   CommentaryModel(const match_state& match, QObject* parent) : QAbstractListModel(parent), match_(match) {}
 
-  /// True if lines came or went.
+  /// True if rows came or went.
   bool read() {
-    const int size = count_lines(match_.deliveries, overs_closed(match_));
-    const int before = static_cast<int>(lines_.size());
-    if (size == before) return false;
-    const std::vector<commentary_line> lines = tell(innings_in_play(match_));
-    if (size < before) {
+    const int lines = count_lines(match_.deliveries, overs_closed(match_));
+    if (lines == lines_) return false;
+    std::vector<commentary_row> rows = view_commentary(match_);
+    const auto before = rows_.size();
+    if (lines < lines_ || rows.size() < before) {
       beginResetModel();
-      lines_ = lines;
+      rows_ = std::move(rows);
       endResetModel();
-    } else {
-      beginInsertRows({}, before, size - 1);
-      lines_.insert(lines_.end(), lines.begin() + before, lines.end());
+    } else if (rows.size() > before) {
+      beginInsertRows({}, static_cast<int>(before), static_cast<int>(rows.size()) - 1);
+      rows_ = std::move(rows);
       endInsertRows();
     }
+    lines_ = lines;
     return true;
   }
 
   int rowCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() ? 0 : static_cast<int>(lines_.size());
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
   }
+
+  const commentary_row& row(const QModelIndex& index) const { return rows_[static_cast<std::size_t>(index.row())]; }
 
   QVariant data(const QModelIndex& index, int role) const override {
     if (!index.isValid()) return {};
-    const auto& [line, kind] = lines_[static_cast<std::size_t>(index.row())];
+    const commentary_row& shown_row = row(index);
     switch (role) {
       case Qt::DisplayRole:
-        return sign(kind) + shown_caption(line);
       case Qt::AccessibleTextRole:
       case Qt::ToolTipRole:
-        return shown_caption(line);
+        return lines(shown_row, shown_caption);
       case Qt::UserRole:  // as it is copied and exported
-        return shown(line);
-      case Qt::ForegroundRole:
-        return color(kind);
-      case Qt::FontRole:
-        return type_font(kind == line_kind::ball || is_block(kind) ? TypeStep::body : TypeStep::strong);
+        return lines(shown_row, shown);
       default:
         return {};
     }
   }
 
  private:
-  static bool is_block(line_kind kind) { return kind == line_kind::wicket_card || kind == line_kind::over_end; }
-
-  static QString sign(line_kind kind) {
-    switch (kind) {
-      case line_kind::wicket:
-        return QStringLiteral("\u25A0 ");
-      case line_kind::four:
-        return QStringLiteral("\u25CF ");
-      case line_kind::six:
-        return QStringLiteral("\u25B2 ");
-      default:
-        return {};
-    }
+  static QString lines(const commentary_row& row, QString (*text)(std::string_view)) {
+    QStringList all;
+    for (const std::string& line : row.lines) all << text(line);
+    return all.join(QLatin1Char('\n'));
   }
 
-  static QColor color(line_kind kind) {
-    const Theme& t = theme();
-    switch (kind) {
-      case line_kind::wicket:
-        return t.ball;
-      case line_kind::four:
-        return t.high_contrast || t.dark ? t.four : t.four.darker(115);
-      case line_kind::six:
-        return t.six;
-      case line_kind::wicket_card:
-      case line_kind::over_end:
-        return t.muted;
-      default:
-        return t.ink;
-    }
-  }
-
-  std::vector<commentary_line> lines_;
+  std::vector<commentary_row> rows_;
+  int lines_ = 0;
   const match_state& match_;
 };
 
+QRect outcome_place(const QRect& row, const QString& symbol) {
+  const int wide = static_cast<int>(chip_width(symbol, chip_size) + 0.5);
+  return {row.right() - 6 - wide, row.top() + (ball_height - chip_size) / 2, wide, chip_size};
+}
+
 namespace {
 
-/// Shortens a line that is too long before its outcome, which stays whole.
-class LinePainter : public QStyledItemDelegate {
+QColor color_of(line_kind kind) {
+  const Theme& t = theme();
+  switch (kind) {
+    case line_kind::wicket:
+      return t.ball;
+    case line_kind::four:
+      return t.high_contrast || t.dark ? t.four : t.four.darker(115);
+    case line_kind::six:
+      return t.six;
+    default:
+      return t.ink;
+  }
+}
+
+/// Draws the row of a ball or of the end of an over.
+class RowPainter : public QStyledItemDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  RowPainter(const CommentaryModel& rows, QObject* parent) : QStyledItemDelegate(parent), rows_(rows) {}
 
-  void paint(QPainter* painter, const QStyleOptionViewItem& given, const QModelIndex& index) const override {
-    QStyleOptionViewItem option = given;
-    initStyleOption(&option, index);
-    const QStyle& style = *option.widget->style();
-    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &option, option.widget) + 1;
-    const int room = style.subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget).width() - 2 * margin;
-    option.text = shortened_line(option.text, option.fontMetrics, room);
-    style.drawControl(QStyle::CE_ItemViewItem, &option, painter, option.widget);
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const Theme& t = theme();
+    const commentary_row& row = rows_.row(index);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const bool chosen = option.state.testFlag(QStyle::State_Selected);
+    const bool over_end = row.kind == line_kind::over_end;
+    if (chosen || over_end) painter->fillRect(option.rect, t.card_raised);
+    if (over_end) {
+      paint_over_end(*painter, option.rect, row);
+    } else {
+      paint_ball(*painter, option.rect, row);
+    }
+    if (option.state.testFlag(QStyle::State_HasFocus) && option.widget->hasFocus()) {
+      painter->setPen(QPen(t.focus, 1));
+      painter->setBrush(Qt::NoBrush);
+      painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    }
+    painter->restore();
   }
 
-  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    // As wide as the list, whatever the line.
-    return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+  QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
+    // As wide as the list, whatever the row.
+    const line_kind kind = rows_.row(index).kind;
+    return {0, kind == line_kind::over_end ? over_height : kind == line_kind::wicket ? wicket_height : ball_height};
   }
+
+ private:
+  static void paint_text(QPainter& painter, const QRect& place, const QString& text) {
+    if (place.width() < 12) return;
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+  }
+
+  static void paint_ball(QPainter& painter, const QRect& rect, const commentary_row& row) {
+    const Theme& t = theme();
+    const bool marked = row.kind != line_kind::ball;
+    const QColor color = color_of(row.kind);
+    if (marked) painter.fillRect(QRect(rect.left(), rect.top() + 2, stripe, rect.height() - 4), color);
+    const QString symbol = shown(row.symbol);
+    const QRect chip = outcome_place(rect, symbol);
+    paint_chip(painter, QRectF(chip).adjusted(0.5, 0.5, -0.5, -0.5), symbol);
+    const QRect line(rect.left() + stripe + 5, rect.top(), chip.left() - 8 - (rect.left() + stripe + 5), ball_height);
+    painter.setFont(type_font(TypeStep::small));
+    painter.setPen(t.muted);
+    paint_text(painter, QRect(line.topLeft(), QSize(std::min(place_width, line.width()), ball_height)),
+               QStringLiteral("%1.%2").arg(row.over - 1).arg(row.ball));
+    painter.setFont(type_font(marked ? TypeStep::strong : TypeStep::body));
+    painter.setPen(color);
+    paint_names(painter, line.adjusted(place_width, 0, 0, 0), row);
+    if (row.kind != line_kind::wicket) return;
+    painter.setFont(type_font(TypeStep::small));
+    const int left = line.left() + place_width;
+    paint_text(painter, QRect(left, rect.top() + ball_height - 4, rect.right() - 6 - left, wicket_height - ball_height),
+               shown_caption(row.brief).simplified());
+  }
+
+  /// Both names; the longer loses letters where there is no room.
+  static void paint_names(QPainter& painter, const QRect& place, const commentary_row& row) {
+    const QFontMetrics& metrics = painter.fontMetrics();
+    const QString bowler = shown(row.bowler);
+    const QString batsman = shown(row.batsman);
+    const QString link = QStringLiteral(" to ");
+    const QString whole = bowler + link + batsman;
+    if (metrics.horizontalAdvance(whole) <= place.width()) return paint_text(painter, place, whole);
+    const int half = (place.width() - metrics.horizontalAdvance(link)) / 2;
+    if (half < 24) return paint_text(painter, place, batsman);
+    const int for_batsman =
+        std::min(metrics.horizontalAdvance(batsman), std::max(half, 2 * half - metrics.horizontalAdvance(bowler)));
+    paint_text(painter, place,
+               metrics.elidedText(bowler, Qt::ElideRight, 2 * half - for_batsman) + link +
+                   metrics.elidedText(batsman, Qt::ElideRight, for_batsman));
+  }
+
+  static void paint_over_end(QPainter& painter, const QRect& rect, const commentary_row& row) {
+    const Theme& t = theme();
+    painter.setFont(type_font(TypeStep::small));
+    painter.setPen(t.muted);
+    QRect place = rect.adjusted(stripe + 5, 0, -6, 0);
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Over %1").arg(row.over));
+    place.setLeft(place.left() + painter.fontMetrics().horizontalAdvance(QStringLiteral("Over 50  ")));
+    painter.setPen(t.ink);
+    if (place.width() > 12) {
+      painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter,
+                       painter.fontMetrics().elidedText(shown(row.brief), Qt::ElideLeft, place.width()));
+    }
+    painter.setPen(t.line);
+    painter.drawLine(rect.bottomLeft(), rect.bottomRight());
+  }
+
+  const CommentaryModel& rows_;
 };
 
 }  // namespace
 
-QString shortened_line(const QString& line, const QFontMetrics& metrics, int room) {
-  const qsizetype cut = line.lastIndexOf(QLatin1String(" : "));
-  if (cut < 0 || metrics.horizontalAdvance(line) <= room) return metrics.elidedText(line, Qt::ElideMiddle, room);
-  const QString outcome = line.mid(cut);
-  const int left = room - metrics.horizontalAdvance(outcome);
-  return left > 0 ? metrics.elidedText(line.left(cut), Qt::ElideMiddle, left) + outcome
-                  : metrics.elidedText(outcome.mid(3), Qt::ElideRight, room);
-}
-
 CommentaryList::CommentaryList(const match_state& match, QWidget* parent)
-    : QListView(parent), lines_(new CommentaryModel(match, this)), match_(match) {
+    : QListView(parent), rows_(new CommentaryModel(match, this)), match_(match) {
   setObjectName(QStringLiteral("commentary"));
   setAccessibleName(QStringLiteral("Ball by ball"));
-  setModel(lines_);
-  setUniformItemSizes(true);
+  setModel(rows_);
   setSelectionMode(QAbstractItemView::ExtendedSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
-  setItemDelegate(new LinePainter(this));
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setItemDelegate(new RowPainter(*rows_, this));
   setMinimumWidth(160);
-  // The newest line is selected all the time: it must not outshine the rest.
+  // The newest row is selected all the time: it must not outshine the rest.
   setProperty("quiet", true);
 }
 
 void CommentaryList::refresh() {
-  if (!lines_->read()) return;
-  const int rows = lines_->rowCount();
+  if (!rows_->read()) return;
+  const int rows = rows_->rowCount();
   if (rows == 0) return;
-  setCurrentIndex(lines_->index(rows - 1));
+  setCurrentIndex(rows_->index(rows - 1));
   scrollToBottom();
 }
 

@@ -9,25 +9,26 @@ struct match_state;
 
 class CommentaryModel;
 
-/// A line of the commentary in so many pixels: what is too long loses letters before its outcome, " : 4 runs.".
-QString shortened_line(const QString& line, const QFontMetrics& metrics, int room);
+/// Where the outcome's chip stands in a row of the commentary: always in view, whatever is told beside it.
+QRect outcome_place(const QRect& row, const QString& symbol);
 
-/// The console's commentary box: every line of the innings, the newest in view, wickets and boundaries marked by a sign
-/// and a colour, each line with its outcome in view.
+/// The console's commentary: a row for each ball, the newest in view, with over and ball, who bowled to whom, and the
+/// outcome as a chip; wickets and boundaries stand out by shape and colour; the end of an over is one compact row. What
+/// is copied and read aloud are the lines as they are told.
 class CommentaryList : public QListView {
   Q_OBJECT
 
  public:
   explicit CommentaryList(const match_state& match, QWidget* parent = nullptr);
 
-  /// Shows the lines of the innings in play.
+  /// Shows the innings in play.
   void refresh();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  CommentaryModel* lines_;
+  CommentaryModel* rows_;
   const match_state& match_;
 };
 

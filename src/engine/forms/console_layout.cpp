@@ -10,22 +10,24 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "console/console_view.h"
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
-#include "desktop/shown_text.h"
 #include "desktop/table_view.h"
+#include "engine/forms/attack_list.h"
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/console_tables.h"
 #include "engine/forms/console_window.h"
+#include "engine/forms/course_charts.h"
+#include "engine/forms/level_segments.h"
 #include "engine/forms/over_chips.h"
+#include "engine/forms/over_strip.h"
 #include "engine/forms/player_panels.h"
 #include "engine/forms/rates_panel.h"
 #include "engine/forms/scoreboard.h"
 #include "engine/over_play.h"
 #include "model/match_state.h"
 
-// How the console is laid out: the scoreboard above three columns.
+// How the console is laid out: the scoreboard above three to five columns.
 
 namespace velorin {
 
@@ -33,7 +35,8 @@ namespace {
 
 QFrame* new_panel() {
   QFrame* card = new_card();
-  card->layout()->setContentsMargins(16, 8, 16, 8);
+  card->layout()->setContentsMargins(12, 8, 12, 8);
+  card_rows(card)->setSpacing(6);
   return card;
 }
 
@@ -54,38 +57,25 @@ QToolButton* new_step(const QString& name, const QString& sign, const Act& act) 
 
 }  // namespace
 
-Table bowlers_table(const match_state& match) {
-  Table table;
-  table.name = QStringLiteral("Bowlers of this innings");
-  table.columns = {{QStringLiteral("Bowlers")},
-                   {QStringLiteral("O"), true, QStringLiteral("Overs")},
-                   {QStringLiteral("M"), true, QStringLiteral("Maidens")},
-                   {QStringLiteral("R"), true, QStringLiteral("Runs")},
-                   {QStringLiteral("W"), true, QStringLiteral("Wickets")}};
-  for (const bowler_line& line : view_bowler_list(match)) {
-    TableRow row;
-    row.id = line.position;
-    row.cells.push_back({shown(line.name)});
-    for (const std::string& figure : line.figures) row.cells.push_back({shown(figure)});
-    table.rows.push_back(std::move(row));
-  }
-  return table;
-}
-
-std::string last_wicket_line(const match_state& match) {
-  const std::string line = view_last_wicket(match);
-  return line.empty() ? line : "Last wicket: " + line;
-}
-
 QFrame* ConsoleWindow::new_batting_card() {
   QFrame* card = new_panel();
   for (int slot = 0; slot < 2; ++slot) {
     auto* panel = new BatsmanPanel(match_, data_, slot);
     batsmen_[static_cast<std::size_t>(slot)] = panel;
-    if (slot > 0) card_rows(card)->addWidget(new_rule());
-    card_rows(card)->addWidget(panel);
+    if (slot > 0) {
+      stand_ = new_named_label(QStringLiteral("stand"), {}, TextRole::small_muted);
+      stand_->setToolTip(QStringLiteral("The stand at the crease, its balls, and what each has made of it"));
+      auto* between = new QHBoxLayout;
+      between->addWidget(new_rule(), 1);
+      between->addWidget(stand_);
+      between->addWidget(new_rule(), 1);
+      card_rows(card)->addLayout(between);
+    }
+    card_rows(card)->addWidget(panel, 1);
     connect(panel->aggression(), &QPushButton::clicked, this,
             [this, slot] { guarded([&] { act_on_slot(&console_form::change_batsman_aggression, slot); }); });
+    panel->levels()->on_chosen(
+        [this, slot](int level) { set_in_place([&] { form_.set_batsman_aggression(slot, level); }); });
     const auto profile =
         slot == 0 ? &console_form::show_lower_batsman_profile : &console_form::show_higher_batsman_profile;
     connect(panel->profile(), &QPushButton::clicked, this, [this, profile] { guarded([&] { act(profile); }); });
@@ -99,9 +89,11 @@ QFrame* ConsoleWindow::new_bowling_card() {
     auto* panel = new BowlerPanel(match_, data_, slot);
     bowlers_[static_cast<std::size_t>(slot)] = panel;
     if (slot > 0) card_rows(card)->addWidget(new_rule());
-    card_rows(card)->addWidget(panel);
+    card_rows(card)->addWidget(panel, 1);
     connect(panel->aggression(), &QPushButton::clicked, this,
             [this, slot] { guarded([&] { act_on_slot(&console_form::change_bowler_aggression, slot); }); });
+    panel->levels()->on_chosen(
+        [this, slot](int level) { set_in_place([&] { form_.set_bowler_aggression(slot, level); }); });
     const auto profile = slot == 0 ? &console_form::show_bowler_profile : &console_form::show_next_bowler_profile;
     connect(panel->profile(), &QPushButton::clicked, this, [this, profile] { guarded([&] { act(profile); }); });
   }
@@ -135,6 +127,9 @@ QFrame* ConsoleWindow::new_over_card() {
   card_rows(card)->addLayout(head);
   chips_ = new OverChips;
   card_rows(card)->addWidget(chips_);
+  strip_ = new OverStrip;
+  strip_->on_chosen([this](int over) { guarded([&] { browse(over); }); });
+  card_rows(card)->addWidget(strip_);
   return card;
 }
 
@@ -146,35 +141,136 @@ QFrame* ConsoleWindow::new_commentary_card() {
   return card;
 }
 
+QFrame* ConsoleWindow::new_charts_card() {
+  QFrame* card = new_panel();
+  static constexpr std::pair<const char*, CourseChart::Kind> kinds[] = {{"runs_chart", CourseChart::Kind::runs},
+                                                                        {"score_chart", CourseChart::Kind::score},
+                                                                        {"rates_chart", CourseChart::Kind::rates}};
+  charts_grid_ = new QGridLayout;
+  charts_grid_->setSpacing(8);
+  for (std::size_t i = 0; i < charts_.size(); ++i) {
+    charts_[i] = new CourseChart(QString::fromLatin1(kinds[i].first), kinds[i].second, card);
+  }
+  card_rows(card)->addLayout(charts_grid_, 1);
+  return card;
+}
+
+QFrame* ConsoleWindow::new_sides_card() {
+  QFrame* card = new_panel();
+  sides_choice_ = new QWidget;
+  auto* head = new QHBoxLayout(sides_choice_);
+  head->setContentsMargins(0, 0, 0, 0);
+  head->setSpacing(4);
+  auto* group = new QButtonGroup(card);
+  const auto add = [&](const char* name, const char* caption, Qt::Key key, const char* hint) {
+    auto* button = new QPushButton;
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAutoDefault(false);
+    button->setCheckable(true);
+    name_act(*button, {.caption = QString::fromLatin1(caption),
+                       .mnemonic = QChar(),
+                       .key = QKeySequence(key),
+                       .hint = QString::fromLatin1(hint)});
+    connect(button, &QPushButton::toggled, this, [this](bool) { guarded([this] { show_sides(); }); });
+    group->addButton(button);
+    head->addWidget(button, 1);
+    return button;
+  };
+  QPushButton* attack = add("choose_attack", "Attack", Qt::Key_A, "Show all who can bowl");
+  add("choose_batting", "Batting", Qt::Key_T, "Show the batting side");
+  card_rows(card)->addWidget(sides_choice_);
+  attack_ = new AttackList(match_);
+  attack_->on_chosen([this](int position) { set_in_place([&] { form_.choose_bowler(position); }); });
+  attack_->on_profile([this](int position) { set_in_place([&] { form_.show_profile_of_bowler(position); }); });
+  card_rows(card)->addWidget(attack_, 1);
+  batting_table_ = new TableView(QStringLiteral("batting_so_far"));
+  batting_table_->verticalHeader()->setMinimumSectionSize(22);
+  batting_table_->grow_rows(36, men_in_eleven);
+  batting_table_->setMinimumHeight(64);
+  batting_table_->on_open([this](int position) { set_in_place([&] { form_.show_profile_of_batsman(position); }); });
+  card_rows(card)->addWidget(batting_table_, 1);
+  attack->setChecked(true);
+  return card;
+}
+
 void ConsoleWindow::lay_out() {
   scoreboard_ = new Scoreboard(match_);
   static_cast<QVBoxLayout*>(layout())->insertWidget(0, scoreboard_);
-  body()->setContentsMargins(16, 12, 16, 8);
-  auto* columns = new QHBoxLayout;
-  columns->setSpacing(12);
-
-  auto* left = new QVBoxLayout;
-  left->setSpacing(12);
-  left->addWidget(new_batting_card());
-  left->addWidget(new_bowling_card());
-  left->addStretch(1);
-
-  auto* middle = new QVBoxLayout;
-  middle->setSpacing(12);
-  middle->addWidget(new_over_card());
+  body()->setContentsMargins(16, 8, 16, 8);
+  columns_ = new QHBoxLayout;
+  columns_->setSpacing(8);
+  batting_card_ = new_batting_card();
+  bowling_card_ = new_bowling_card();
+  over_card_ = new_over_card();
   rates_ = new RatesPanel(match_);
-  middle->addWidget(rates_);
-  bowler_table_ = new TableView(QStringLiteral("bowlers"));
-  bowler_table_->verticalHeader()->setDefaultSectionSize(22);
-  middle->addWidget(bowler_table_, 1);
-
-  columns->addLayout(left, 5);
-  columns->addLayout(middle, 5);
-  columns->addWidget(new_commentary_card(), 4);
-  body()->addLayout(columns, 1);
+  charts_card_ = new_charts_card();
+  commentary_card_ = new_commentary_card();
+  sides_card_ = new_sides_card();
+  body()->addLayout(columns_, 1);
   last_wicket_ = new_named_label(QStringLiteral("last_wicket"), {}, TextRole::muted);
   last_wicket_->setMinimumHeight(20);
   body()->addWidget(last_wicket_);
+  arrange(Arrangement::narrow);
+}
+
+void ConsoleWindow::arrange(Arrangement wanted) {
+  if (wanted == arranged_) return;
+  arranged_ = wanted;
+  while (QLayoutItem* item = columns_->takeAt(0)) {
+    while (QLayoutItem* inner = item->layout()->takeAt(0)) delete inner;
+    delete item;
+  }
+  const auto add = [this](int stretch, std::initializer_list<std::pair<QWidget*, int>> cards) {
+    auto* column = new QVBoxLayout;
+    column->setSpacing(8);
+    for (const auto& [card, share] : cards) column->addWidget(card, share);
+    columns_->addLayout(column, stretch);
+  };
+  switch (wanted) {
+    case Arrangement::narrow:
+      add(22, {{batting_card_, 5}, {bowling_card_, 4}});
+      add(20, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
+      add(20, {{commentary_card_, 11}, {sides_card_, 10}});
+      break;
+    case Arrangement::wide:
+      add(20, {{batting_card_, 5}, {bowling_card_, 4}});
+      add(22, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
+      add(23, {{sides_card_, 1}});
+      add(22, {{commentary_card_, 1}});
+      break;
+    case Arrangement::widest:
+      add(20, {{batting_card_, 5}, {bowling_card_, 4}});
+      add(20, {{over_card_, 0}, {rates_, 0}, {sides_card_, 1}});
+      add(30, {{charts_card_, 1}});
+      add(22, {{commentary_card_, 1}});
+      break;
+    case Arrangement::large:
+      add(20, {{batting_card_, 0}, {bowling_card_, 0}, {sides_card_, 1}});
+      add(32, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
+      add(20, {{commentary_card_, 1}});
+      break;
+  }
+  arrange_charts(wanted != Arrangement::narrow);
+  sides_choice_->setVisible(wanted == Arrangement::narrow);
+  show_sides();
+}
+
+void ConsoleWindow::arrange_charts(bool stacked) {
+  for (CourseChart* chart : charts_) charts_grid_->removeWidget(chart);
+  charts_grid_->addWidget(charts_[0], 0, 0, 1, 2);
+  charts_grid_->addWidget(charts_[1], 1, 0, 1, stacked ? 2 : 1);
+  charts_grid_->addWidget(charts_[2], stacked ? 2 : 1, stacked ? 0 : 1, 1, stacked ? 2 : 1);
+  for (int row = 0; row < 3; ++row) charts_grid_->setRowStretch(row, row < 2 || stacked ? 1 : 0);
+}
+
+void ConsoleWindow::show_sides() {
+  const bool both = arranged_ != Arrangement::narrow;
+  const auto* batting = sides_choice_->findChild<QPushButton*>(QStringLiteral("choose_batting"));
+  const bool shows_batting = batting != nullptr && batting->isChecked();
+  if (attack_ == nullptr || batting_table_ == nullptr) return;
+  attack_->setVisible(both || !shows_batting);
+  batting_table_->setVisible(both || shows_batting);
+  refresh_sides();
 }
 
 QWidget* ConsoleWindow::new_pace_choice() {

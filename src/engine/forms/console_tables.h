@@ -9,8 +9,19 @@ namespace velorin {
 
 struct match_state;
 
-/// The running table of the innings' bowlers, a column for each of their figures.
-Table bowlers_table(const match_state& match);
+/// The whole attack, ranked, a column for each of the figures.
+Table attack_table(const match_state& match);
+/// What a card tells besides runs, balls and strike rate.
+enum class CardDetail {
+  runs,        ///< nothing
+  boundaries,  ///< fours and sixes
+  dismissals,  ///< and how they were out
+};
+/// The batting side as far as it has come; the row's id is the man's position.
+Table batting_table(const match_state& match, CardDetail detail);
+
+/// The stand at the crease in a line: runs, balls, each man's share.
+std::string stand_line(const match_state& match);
 
 /// The console's line of the last wicket, or what stands there before the first.
 std::string last_wicket_line(const match_state& match);

@@ -20,9 +20,12 @@
 #include "desktop/question.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
+#include "engine/forms/attack_list.h"
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/console_tables.h"
+#include "engine/forms/course_charts.h"
 #include "engine/forms/over_chips.h"
+#include "engine/forms/over_strip.h"
 #include "engine/forms/player_panels.h"
 #include "engine/forms/rates_panel.h"
 #include "engine/forms/scoreboard.h"
@@ -88,8 +91,12 @@ void ConsoleWindow::refresh() {
   rates_->refresh();
   commentary_->refresh();
   last_wicket_->setText(shown_caption(last_wicket_line(match_)));
+  stand_->setText(shown(stand_line(match_)));
+  const CourseFigures course = course_figures(match_);
+  for (CourseChart* chart : charts_) chart->set_figures(course);
+  strip_->set_overs(last_overs(match_, OverStrip::overs));
   refresh_over();
-  refresh_bowlers();
+  refresh_sides();
 }
 
 void ConsoleWindow::refresh_over() {
@@ -113,7 +120,17 @@ void ConsoleWindow::refresh_over() {
   over_after_->setEnabled(any);
 }
 
-void ConsoleWindow::refresh_bowlers() { bowler_table_->set_table(bowlers_table(match_)); }
+void ConsoleWindow::refresh_sides() {
+  constexpr int room_for_boundaries = 340;
+  constexpr int room_for_dismissals = 420;
+  if (form_.closed()) return;
+  if (!attack_->isHidden()) attack_->refresh();
+  if (batting_table_->isHidden()) return;
+  const int room = batting_table_->width();
+  batting_table_->set_table(batting_table(match_, room >= room_for_dismissals   ? CardDetail::dismissals
+                                                  : room >= room_for_boundaries ? CardDetail::boundaries
+                                                                                : CardDetail::runs));
+}
 
 void ConsoleWindow::play_over() {
   if (playing_) return;
@@ -157,6 +174,11 @@ void ConsoleWindow::act_on_slot(void (console_form::*handler)(int), int slot) {
   refresh();
 }
 
+void ConsoleWindow::set_in_place(const std::function<void()>& change) {
+  if (!playing_) change();
+  refresh();
+}
+
 void ConsoleWindow::browse(int over) {
   if (playing_) return;
   form_.browse_over(over);
@@ -184,15 +206,36 @@ void ConsoleWindow::ask_to_quit() {
   if (yes) end_program(0);
 }
 
+ConsoleWindow::Arrangement ConsoleWindow::arrangement() const {
+  constexpr int wide_from = 1600;
+  constexpr int widest_from = 2600;
+  constexpr int large_height = 1800;
+  if (width() < wide_from) return Arrangement::narrow;
+  if (width() < widest_from) return Arrangement::wide;
+  return height() < large_height ? Arrangement::widest : Arrangement::large;
+}
+
 void ConsoleWindow::resizeEvent(QResizeEvent* event) {
   Form::resizeEvent(event);
-  // Four photos share what height the window has beyond the smallest.
-  constexpr int least = 88;
-  constexpr int least_window = 700;
+  arrange(arrangement());
+  // What height the window has beyond the smallest goes to words, then to the four photos.
+  constexpr int room_for_answers = 780;
+  constexpr int batsman_least = 74;
+  constexpr int bowler_least = 60;
   constexpr int most = 150;
-  const int tall = std::clamp(least + (height() - least_window - 24) / 4, least, most);
-  for (BatsmanPanel* panel : batsmen_) panel->set_photo_size({tall * 9 / 11, tall});
-  for (BowlerPanel* panel : bowlers_) panel->set_photo_size({tall * 9 / 11, tall});
+  const bool roomy = height() >= room_for_answers;
+  const int spare = std::max(0, height() - room_for_answers) / 4;
+  for (BatsmanPanel* panel : batsmen_) {
+    panel->set_roomy(roomy);
+    const int tall = std::min(batsman_least + spare, most);
+    panel->set_photo_size({std::max(60, tall * 9 / 11), tall});
+  }
+  for (BowlerPanel* panel : bowlers_) {
+    panel->set_roomy(roomy);
+    const int tall = std::min(bowler_least + spare, most);
+    panel->set_photo_size({std::max(60, tall * 9 / 11), tall});
+  }
+  refresh_sides();
 }
 
 bool ConsoleWindow::belongs_to_pace(const QObject* watched) const {
@@ -220,7 +263,7 @@ bool ConsoleWindow::eventFilter(QObject* watched, QEvent* event) {
   const auto* widget = qobject_cast<const QWidget*>(watched);
   const QObject* owner = widget != nullptr ? static_cast<const QObject*>(widget) : watched->parent();
   const auto* owning = qobject_cast<const QWidget*>(owner);
-  if (owning == nullptr || !(owning == this || isAncestorOf(owning)) || belongs_to_pace(owner)) return false;
+  if (owning == nullptr || (owning != this && !isAncestorOf(owning)) || belongs_to_pace(owner)) return false;
   const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
   if (key && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) return false;
   return true;

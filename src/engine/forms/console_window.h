@@ -2,12 +2,16 @@
 #pragma once
 
 #include <array>
+#include <functional>
+#include <optional>
 
 #include "desktop/form.h"
 #include "desktop/preferences.h"
 
 class QEventLoop;
 class QFrame;
+class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QScrollBar;
 class QToolButton;
@@ -17,10 +21,13 @@ namespace velorin {
 struct match_state;
 struct open_database;
 
+class AttackList;
 class BatsmanPanel;
 class BowlerPanel;
 class CommentaryList;
+class CourseChart;
 class OverChips;
+class OverStrip;
 class RatesPanel;
 class Scoreboard;
 class TableView;
@@ -53,18 +60,33 @@ class ConsoleWindow : public Form {
   QFrame* new_batting_card();
   QFrame* new_bowling_card();
   QFrame* new_over_card();
+  QFrame* new_charts_card();
+  QFrame* new_sides_card();
   QFrame* new_commentary_card();
   QWidget* new_pace_choice();
   void add_foot();
   void lay_out();
+  /// How the cards stand, by the room that there is.
+  enum class Arrangement {
+    narrow,  ///< three columns; attack and batting side take turns
+    wide,    ///< four columns
+    widest,  ///< four columns, the charts in one of their own
+    large,   ///< three wide columns, all that is about the men in one
+  };
+  Arrangement arrangement() const;
+  void arrange(Arrangement wanted);
+  void arrange_charts(bool stacked);
+  void show_sides();
 
   void play_over();
   /// Runs a button's work unless an over is being bowled, and shows what it changed.
   void act(void (console_form::*handler)());
   void act_on_slot(void (console_form::*handler)(int), int slot);
+  /// Likewise for what is set in place.
+  void set_in_place(const std::function<void()>& change);
   void browse(int over);
   void refresh_over();
-  void refresh_bowlers();
+  void refresh_sides();
   void choose_pace(Pace pace);
   void wait(int milliseconds);
   void ask_to_quit();
@@ -79,16 +101,30 @@ class ConsoleWindow : public Form {
   std::array<BatsmanPanel*, 2> batsmen_{};
   std::array<BowlerPanel*, 2> bowlers_{};
   QPushButton* change_bowler_ = nullptr;
+  QLabel* stand_ = nullptr;
   OverChips* chips_ = nullptr;
+  OverStrip* strip_ = nullptr;
   QLabel* over_title_ = nullptr;
   QLabel* over_bowler_ = nullptr;
   QScrollBar* browser_ = nullptr;
   QToolButton* over_before_ = nullptr;
   QToolButton* over_after_ = nullptr;
   RatesPanel* rates_ = nullptr;
-  TableView* bowler_table_ = nullptr;
+  std::array<CourseChart*, 3> charts_{};
+  QGridLayout* charts_grid_ = nullptr;
+  AttackList* attack_ = nullptr;
+  TableView* batting_table_ = nullptr;
+  QWidget* sides_choice_ = nullptr;
   CommentaryList* commentary_ = nullptr;
   QLabel* last_wicket_ = nullptr;
+  QHBoxLayout* columns_ = nullptr;
+  QFrame* batting_card_ = nullptr;
+  QFrame* bowling_card_ = nullptr;
+  QFrame* over_card_ = nullptr;
+  QFrame* charts_card_ = nullptr;
+  QFrame* commentary_card_ = nullptr;
+  QFrame* sides_card_ = nullptr;
+  std::optional<Arrangement> arranged_;
   QWidget* pace_ = nullptr;
   QPushButton* next_over_ = nullptr;
   const match_state& match_;

@@ -6,7 +6,7 @@
 
 namespace velorin {
 
-/// The six balls of an over: a chip each, coloured by what the ball did and lettered; a wicket's chip is square.
+/// The six balls of an over, a chip each.
 class OverChips : public QWidget {
   Q_OBJECT
 

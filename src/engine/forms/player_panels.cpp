@@ -5,8 +5,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
+#include <cmath>
 
 #include "console/console_view.h"
+#include "console/recent_play.h"
 #include "database/open_database.h"
 #include "database/photos.h"
 #include "desktop/controls.h"
@@ -14,169 +17,204 @@
 #include "desktop/meter_bar.h"
 #include "desktop/photo_view.h"
 #include "desktop/shown_text.h"
+#include "engine/ball_odds.h"
+#include "engine/forms/ball_chip.h"
+#include "engine/forms/level_segments.h"
 #include "model/match_state.h"
 
 namespace velorin {
 
 namespace {
 
-constexpr QSize photo_size(72, 88);
+constexpr QSize batsman_photo(60, 74);
+constexpr QSize bowler_photo(60, 60);
+constexpr std::size_t most_balls = 16;
 
-QPushButton* small_button(const QString& name) {
+QStringList shown_list(const std::vector<std::string>& symbols) {
+  QStringList list;
+  for (const std::string& symbol : symbols) list << shown(symbol);
+  return list;
+}
+
+/// A button that looks like a text.
+QPushButton* new_link(const QString& name) {
   auto* button = new QPushButton;
   button->setObjectName(name);
   button->setAutoDefault(false);
+  button->setProperty("link", true);
+  button->setProperty("flush", true);
   return button;
 }
 
-void show_aggression(QPushButton& button, const QString& player, int aggression) {
-  // The mnemonic stays, whatever the figure.
-  const QString text = QStringLiteral("%1 %2").arg(button.property("caption").toString()).arg(aggression);
-  if (button.text() != text) button.setText(text);
-  const QString spoken = QStringLiteral("Aggression of %1: %2 of 5").arg(player.trimmed()).arg(aggression);
-  if (button.accessibleName() != spoken) button.setAccessibleName(spoken);
-}
-
-/// Photos are looked for on disk only when another man comes.
-void show_photo(const open_database& database, PhotoView& photo, QLabel& name, const QString& shown_name,
-                const std::string& player) {
-  if (name.property("player").toString() == shown(player) && name.property("asked").toBool()) {
-    name.setText(shown_name);
-    return;
-  }
-  name.setProperty("player", shown(player));
-  name.setProperty("asked", true);
-  name.setText(shown_name);
-  photo.show_photo(shown(player), player.empty() ? std::nullopt : console_photo(database, player));
-}
-
-QHBoxLayout* name_row(QLabel* name, QLabel* figure) {
+QHBoxLayout* in_row(std::initializer_list<QWidget*> widgets, int spacing, QWidget* stretched) {
   auto* row = new QHBoxLayout;
-  row->addWidget(name, 1);
-  row->addWidget(figure);
+  row->setSpacing(spacing);
+  for (QWidget* widget : widgets) row->addWidget(widget, widget == stretched ? 1 : 0);
   return row;
 }
 
-QHBoxLayout* button_row(QPushButton* aggression, QPushButton* profile) {
-  auto* row = new QHBoxLayout;
-  row->setSpacing(8);
-  row->addWidget(aggression, 1);
-  row->addWidget(profile, 1);
-  return row;
+QString signed_rate(double worth) {
+  const double rounded = std::round(worth * 10) / 10;
+  return (rounded < 0 ? QStringLiteral("\u2212%1") : QStringLiteral("+%1")).arg(std::abs(rounded), 0, 'f', 1);
 }
 
 }  // namespace
 
-BatsmanPanel::BatsmanPanel(const match_state& match, const open_database& database, int slot, QWidget* parent)
-    : QWidget(parent), slot_(slot), match_(match), data_(database) {
-  const QString number = QString::number(slot);
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(12);
-  photo_ = new PhotoView(QStringLiteral("batsman_photo_") + number, photo_size);
-  name_ = new_named_label(QStringLiteral("batsman_name_") + number, {}, TextRole::heading);
-  runs_ = new_named_label(QStringLiteral("batsman_runs_") + number, {}, TextRole::title);
-  rest_ = new_named_label(QStringLiteral("batsman_figures_") + number, {}, TextRole::muted);
-  settled_ = new MeterBar(QStringLiteral("settled_meter_") + number, QStringLiteral("Settled"), 915);
-  aggression_ = small_button(QStringLiteral("batsman_aggression_") + number);
+PlayerPanel::PlayerPanel(const QString& whose, int slot, Qt::Key key, QSize photo, QWidget* parent)
+    : QWidget(parent),
+      slot_(slot),
+      photo_(new PhotoView(QStringLiteral("%1_photo_%2").arg(whose).arg(slot), photo)),
+      profile_(new_link(QStringLiteral("%1_profile_%2").arg(whose).arg(slot))),
+      aggression_(new_link(QStringLiteral("%1_aggression_%2").arg(whose).arg(slot))),
+      levels_(new LevelSegments(QStringLiteral("%1_level_%2").arg(whose).arg(slot))),
+      answer_(new_named_label(QStringLiteral("%1_answer_%2").arg(whose).arg(slot), {}, TextRole::small_muted)),
+      least_photo_(photo) {
+  name_act(*profile_, {.caption = QString(),
+                       .mnemonic = QChar(),
+                       .key = QKeySequence(Qt::CTRL | key),
+                       .hint = QStringLiteral("Open this %1's career").arg(whose),
+                       .spoken = QStringLiteral("Profile of %1 %2").arg(whose).arg(slot + 1)});
   name_act(*aggression_, {.caption = QStringLiteral("Aggression"),
                           .mnemonic = QChar(),
-                          .key = QKeySequence(Qt::Key_1 + slot),
-                          .hint = QStringLiteral("Set this batsman's aggression")});
-  aggression_->setProperty("caption", QStringLiteral("Aggression"));
-  profile_ = small_button(QStringLiteral("batsman_profile_") + number);
-  name_act(*profile_, {.caption = QStringLiteral("Profile"),
-                       .mnemonic = QChar(),
-                       .key = QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + slot)),
-                       .hint = QStringLiteral("Open this batsman's career"),
-                       .spoken = QStringLiteral("Profile of batsman %1").arg(slot + 1)});
-  auto* rows = new QVBoxLayout;
-  rows->setSpacing(4);
-  rows->addLayout(name_row(name_, runs_));
-  auto* middle = new QHBoxLayout;
-  middle->setSpacing(12);
-  middle->addWidget(rest_, 1);
-  middle->addWidget(settled_);
-  rows->addLayout(middle);
-  rows->addLayout(button_row(aggression_, profile_));
-  row->addWidget(photo_, 0, Qt::AlignVCenter);
-  row->addLayout(rows, 1);
+                          .key = QKeySequence(key),
+                          .hint = QStringLiteral("Set this %1's aggression").arg(whose)});
+}
+
+void PlayerPanel::lay_out(std::initializer_list<QLayout*> rows) {
+  auto* whole = new QVBoxLayout(this);
+  whole->setContentsMargins(0, 0, 0, 0);
+  whole->setSpacing(4);
+  whole->addStretch(1);
+  auto* top = new QHBoxLayout;
+  top->setSpacing(8);
+  top->addWidget(photo_, 0, Qt::AlignVCenter);
+  auto* beside = new QVBoxLayout;
+  beside->setSpacing(2);
+  beside->addStretch(1);
+  for (QLayout* row : rows) beside->addLayout(row);
+  beside->addStretch(1);
+  beside_ = beside;
+  top->addLayout(beside, 1);
+  whole->addLayout(top);
+  whole->addLayout(in_row({aggression_, levels_}, 4, levels_));
+  answer_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  answer_->hide();
+  whole->addWidget(answer_);
+  whole->addStretch(1);
+}
+
+void PlayerPanel::set_photo_size(QSize size) { photo_->set_size(size); }
+void PlayerPanel::set_roomy(bool roomy) { answer_->setVisible(roomy); }
+
+QSize PlayerPanel::minimumSizeHint() const {
+  QSize least = QWidget::minimumSizeHint();
+  if (beside_ == nullptr) return least;
+  if (!answer_->isHidden()) least.rheight() -= answer_->minimumSizeHint().height() + layout()->spacing();
+  const int rows = beside_->minimumSize().height();
+  least.rheight() -= std::max(rows, photo_->height()) - std::max(rows, least_photo_.height());
+  least.rwidth() -= std::max(0, photo_->width() - least_photo_.width());
+  return least;
+}
+
+void PlayerPanel::show_man(const open_database& database, const QString& shown_name, const std::string& player) {
+  const QString text = button_text(shown_name);
+  if (profile_->text() != text) profile_->setText(text);
+  if (profile_->property("player").toString() == shown(player) && profile_->property("asked").toBool()) return;
+  profile_->setProperty("player", shown(player));
+  profile_->setProperty("asked", true);
+  profile_->setAccessibleName(QStringLiteral("Profile of %1").arg(shown(player)));
+  photo_->show_photo(shown(player), player.empty() ? std::nullopt : console_photo(database, player));
+}
+
+void PlayerPanel::show_aggression(const std::string& player, int level, const aggression_odds& odds, bool enabled) {
+  const QString whose = shown(player).trimmed();
+  const QString spoken = QStringLiteral("Aggression of %1: %2 of 5").arg(whose).arg(level);
+  if (aggression_->accessibleName() != spoken) aggression_->setAccessibleName(spoken);
+  aggression_->setEnabled(enabled);
+  levels_->show_levels(whose, level, odds, enabled);
+  const bool known = level >= least_aggression && level <= most_aggression;
+  const std::string sentence =
+      known ? odds_sentence(odds[static_cast<std::size_t>(level - least_aggression)]) : std::string();
+  answer_->setText(known ? QStringLiteral("%1: %2").arg(level).arg(shown(sentence)) : QString());
+}
+
+BatsmanPanel::BatsmanPanel(const match_state& match, const open_database& database, int slot, QWidget* parent)
+    : PlayerPanel(QStringLiteral("batsman"), slot, static_cast<Qt::Key>(Qt::Key_1 + slot), batsman_photo, parent),
+      match_(match),
+      data_(database) {
+  const QString number = QString::number(slot);
+  runs_ = new_named_label(QStringLiteral("batsman_runs_") + number, {}, TextRole::heading);
+  gained_ = new_named_label(QStringLiteral("batsman_gained_") + number, {}, TextRole::accent);
+  gained_->setToolTip(QStringLiteral("Runs and balls in the last over"));
+  rest_ = new_named_label(QStringLiteral("batsman_figures_") + number, {}, TextRole::small_muted);
+  faced_ = new BallChips(QStringLiteral("batsman_balls_") + number, QStringLiteral("Last balls faced"));
+  settled_ = new MeterBar(QStringLiteral("settled_meter_") + number, QStringLiteral("Settled"), full_meter);
+  worth_ = new_named_label(QStringLiteral("settled_worth_") + number, {}, TextRole::small_muted);
+  worth_->setToolTip(QStringLiteral("How well he has settled, and what that adds to the runs of an over"));
+  QHBoxLayout* names = in_row({profile_}, 8, nullptr);
+  names->addStretch(1);
+  names->addWidget(runs_);
+  lay_out({names, in_row({faced_, gained_}, 8, faced_), in_row({settled_, worth_, rest_}, 8, settled_)});
 }
 
 void BatsmanPanel::refresh() {
   const batsman_view view = view_batsman(match_, slot_);
   const std::string& player = match_.batting_card[view.position].name;
-  show_photo(data_, *photo_, *name_, shown(view.name), player);
+  show_man(data_, shown(view.name), player);
   runs_->setText(QStringLiteral("%1 (%2)").arg(view.runs).arg(view.balls));
-  rest_->setText(QStringLiteral("4s %1   6s %2").arg(view.fours).arg(view.sixes));
+  rest_->setText(QStringLiteral("4s %1  6s %2").arg(view.fours).arg(view.sixes));
+  const over_share share = batsman_in_last_over(match_, view.position);
+  gained_->setText(share.any ? QStringLiteral("+%1 (%2)").arg(share.runs).arg(share.balls) : QString());
+  faced_->set_symbols(shown_list(balls_faced(match_, view.position, most_balls)));
   settled_->set_value(view.settled_meter);
-  show_aggression(*aggression_, shown(player), view.aggression);
-  aggression_->setEnabled(view.aggression_enabled);
-  profile_->setAccessibleName(QStringLiteral("Profile of %1").arg(shown(player)));
+  const auto worth = meter_worth(match_, slot_);
+  const int percent = static_cast<int>(100 * view.settled_meter / full_meter);
+  worth_->setText(worth ? QStringLiteral("Settled %1 %: %2 an over").arg(percent).arg(signed_rate(*worth))
+                        : QStringLiteral("Settled %1 %").arg(percent));
+  show_aggression(player, view.aggression, batting_odds(match_, slot_), view.aggression_enabled);
 }
-
-void BatsmanPanel::set_photo_size(QSize size) { photo_->set_size(size); }
 
 BowlerPanel::BowlerPanel(const match_state& match, const open_database& database, int slot, QWidget* parent)
-    : QWidget(parent), slot_(slot), match_(match), data_(database) {
+    : PlayerPanel(QStringLiteral("bowler"), slot, static_cast<Qt::Key>(Qt::Key_3 + slot), bowler_photo, parent),
+      match_(match),
+      data_(database) {
   const QString number = QString::number(slot);
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(12);
-  photo_ = new PhotoView(QStringLiteral("bowler_photo_") + number, photo_size);
-  name_ = new_named_label(QStringLiteral("bowler_name_") + number, {}, TextRole::heading);
-  auto* figures = new QHBoxLayout;
-  figures->setSpacing(4);
+  QHBoxLayout* names = in_row({profile_}, 3, nullptr);
+  names->addStretch(1);
   if (slot == 0) {
-    static constexpr const char* names[] = {"bowler_overs", "bowler_maidens", "bowler_runs", "bowler_wickets"};
-    for (int i = 0; i < 4; ++i) {
-      if (i > 0) figures->addWidget(new_label(QStringLiteral("-"), TextRole::muted));
-      figures_[static_cast<std::size_t>(i)] = new_named_label(QString::fromLatin1(names[i]), {}, TextRole::body);
-      figures->addWidget(figures_[static_cast<std::size_t>(i)]);
+    static constexpr const char* figures[] = {"bowler_overs", "bowler_maidens", "bowler_runs", "bowler_wickets"};
+    for (std::size_t i = 0; i < 4; ++i) {
+      if (i > 0) names->addWidget(new_label(QStringLiteral("-"), TextRole::muted));
+      figures_[i] = new_named_label(QString::fromLatin1(figures[i]), {}, TextRole::strong);
+      names->addWidget(figures_[i]);
     }
   } else {
-    figures_[0] = new_named_label(QStringLiteral("next_figures"), {}, TextRole::body);
-    figures->addWidget(figures_[0]);
+    figures_[0] = new_named_label(QStringLiteral("next_figures"), {}, TextRole::strong);
+    names->addWidget(figures_[0]);
   }
-  figures->addStretch(1);
-  figures->addWidget(
-      new_label(slot == 0 ? QStringLiteral("bowls this over") : QStringLiteral("next over"), TextRole::small_muted));
-  aggression_ = small_button(QStringLiteral("bowler_aggression_") + number);
-  name_act(*aggression_, {.caption = QStringLiteral("Aggression"),
-                          .mnemonic = QChar(),
-                          .key = QKeySequence(Qt::Key_3 + slot),
-                          .hint = QStringLiteral("Set this bowler's aggression")});
-  aggression_->setProperty("caption", QStringLiteral("Aggression"));
-  profile_ = small_button(QStringLiteral("bowler_profile_") + number);
-  name_act(*profile_, {.caption = QStringLiteral("Profile"),
-                       .mnemonic = QChar(),
-                       .key = QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_3 + slot)),
-                       .hint = QStringLiteral("Open this bowler's career"),
-                       .spoken = QStringLiteral("Profile of bowler %1").arg(slot + 1)});
-  auto* rows = new QVBoxLayout;
-  rows->setSpacing(4);
-  rows->addWidget(name_);
-  rows->addLayout(figures);
-  rows->addLayout(button_row(aggression_, profile_));
-  row->addWidget(photo_, 0, Qt::AlignVCenter);
-  row->addLayout(rows, 1);
+  bowled_ = new BallChips(QStringLiteral("bowler_balls_") + number, QStringLiteral("Last balls bowled"));
+  last_over_ = new_named_label(QStringLiteral("bowler_last_over_") + number, {}, TextRole::small_muted);
+  lay_out({names, in_row({bowled_, last_over_}, 8, bowled_)});
 }
-
-void BowlerPanel::set_photo_size(QSize size) { photo_->set_size(size); }
 
 void BowlerPanel::refresh() {
   const bowlers_view view = view_bowlers(match_);
   const std::string& player = slot_ == 0 ? view.bowler : view.next_bowler;
-  show_photo(data_, *photo_, *name_, shown(player), player);
+  const int position = slot_ == 0 ? match_.bowler : match_.next_bowler;
+  show_man(data_, shown(player), player);
   if (slot_ == 0) {
     const std::string* const texts[] = {&view.overs, &view.maidens, &view.runs, &view.wickets};
     for (std::size_t i = 0; i < 4; ++i) figures_[i]->setText(shown(*texts[i]));
   } else {
     figures_[0]->setText(shown(view.next_figures));
   }
-  show_aggression(*aggression_, shown(player), view.aggression[static_cast<std::size_t>(slot_)]);
-  aggression_->setEnabled(view.change_enabled);
-  profile_->setAccessibleName(QStringLiteral("Profile of %1").arg(shown(player)));
+  bowled_->set_symbols(shown_list(balls_bowled(match_, position, most_balls)));
+  const over_share share = bowler_in_his_last_over(match_, position);
+  const QString when = slot_ == 0 ? QStringLiteral("this over") : QStringLiteral("next over");
+  last_over_->setText(share.any ? QStringLiteral("%1 \u00B7 last %2/%3").arg(when).arg(share.runs).arg(share.wickets)
+                                : when);
+  show_aggression(player, view.aggression[static_cast<std::size_t>(slot_)], bowling_odds(match_, slot_),
+                  view.change_enabled);
 }
 
 }  // namespace velorin

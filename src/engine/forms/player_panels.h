@@ -3,8 +3,13 @@
 
 #include <QFrame>
 #include <array>
+#include <initializer_list>
+#include <string>
+
+#include "engine/ball_odds.h"
 
 class QLabel;
+class QLayout;
 class QPushButton;
 
 namespace velorin {
@@ -12,11 +17,51 @@ namespace velorin {
 struct match_state;
 struct open_database;
 
+class BallChips;
+class LevelSegments;
 class MeterBar;
 class PhotoView;
 
-/// One batsman at the crease: photo, name, figures, settled bar, aggression.
-class BatsmanPanel : public QWidget {
+/// What the panels of batsmen and bowlers have in common: a photo beside some rows, the aggression under both.
+class PlayerPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// The photo's width and height in pixels.
+  void set_photo_size(QSize size);
+  /// With room to spare the answer of the level in use stands in words as well.
+  void set_roomy(bool roomy);
+  QPushButton* aggression() const { return aggression_; }
+  LevelSegments* levels() const { return levels_; }
+  QPushButton* profile() const { return profile_; }
+
+  /// Without what a tall window adds, so that it can become a low one again.
+  QSize minimumSizeHint() const override;
+
+ protected:
+  /// `whose` and `number` make the names of the controls; `key` is that of the aggression, and with Ctrl the profile's.
+  PlayerPanel(const QString& whose, int slot, Qt::Key key, QSize photo, QWidget* parent);
+
+  void lay_out(std::initializer_list<QLayout*> rows);
+  /// Photos are looked for on disk only when another man comes.
+  void show_man(const open_database& database, const QString& shown_name, const std::string& player);
+  void show_aggression(const std::string& player, int level, const aggression_odds& odds, bool enabled);
+
+  int slot_;
+  PhotoView* photo_;
+  QPushButton* profile_;
+  QPushButton* aggression_;
+  LevelSegments* levels_;
+  QLabel* answer_;
+
+ private:
+  QSize least_photo_;
+  QLayout* beside_ = nullptr;
+};
+
+/// One batsman at the crease: photo, name, figures, what the last over brought him, the balls that he has faced last,
+/// settled bar, aggression. The name leads to his profile.
+class BatsmanPanel : public PlayerPanel {
   Q_OBJECT
 
  public:
@@ -24,44 +69,31 @@ class BatsmanPanel : public QWidget {
   explicit BatsmanPanel(const match_state& match, const open_database& database, int slot, QWidget* parent = nullptr);
 
   void refresh();
-  /// The photo's width and height in pixels.
-  void set_photo_size(QSize size);
-  QPushButton* aggression() const { return aggression_; }
-  QPushButton* profile() const { return profile_; }
 
  private:
-  int slot_;
-  PhotoView* photo_;
-  QLabel* name_;
   QLabel* runs_;
+  QLabel* gained_;
   QLabel* rest_;
+  BallChips* faced_;
   MeterBar* settled_;
-  QPushButton* aggression_;
-  QPushButton* profile_;
+  QLabel* worth_;
   const match_state& match_;
   const open_database& data_;
 };
 
-/// One bowler: the man of this over (0) or of the next (1).
-class BowlerPanel : public QWidget {
+/// One bowler: the man of this over (0) or of the next (1), with his last balls. The name leads to his profile.
+class BowlerPanel : public PlayerPanel {
   Q_OBJECT
 
  public:
   explicit BowlerPanel(const match_state& match, const open_database& database, int slot, QWidget* parent = nullptr);
 
   void refresh();
-  /// The photo's width and height in pixels.
-  void set_photo_size(QSize size);
-  QPushButton* aggression() const { return aggression_; }
-  QPushButton* profile() const { return profile_; }
 
  private:
-  int slot_;
-  PhotoView* photo_;
-  QLabel* name_;
   std::array<QLabel*, 4> figures_{};  ///< overs, maidens, runs, wickets; of the next bowler only the first, as one line
-  QPushButton* aggression_;
-  QPushButton* profile_;
+  BallChips* bowled_;
+  QLabel* last_over_;
   const match_state& match_;
   const open_database& data_;
 };

@@ -8,14 +8,16 @@
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <map>
 
+#include "console/commentary_rows.h"
 #include "desktop/program_end.h"
-#include "desktop/table_view.h"
-#include "desktop/theme.h"
+#include "engine/ball_odds.h"
+#include "engine/forms/attack_list.h"
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/over_chips.h"
 #include "engine/over_play.h"
@@ -274,44 +276,30 @@ TEST_F(ConsoleWindowTest, TitleAndSettledBarsFollowTheChangeOfInnings) {
   EXPECT_FALSE(window.windowTitle().startsWith(first));
 }
 
-TEST(ShortenedLine, KeepsTheOutcome) {
-  const QFontMetrics metrics(type_font(TypeStep::body));
-  const QString line = QStringLiteral("49.6 C.Longfellow-Smythe to T.W.Fairhurst : 4 runs.");
-  const int whole = metrics.horizontalAdvance(line);
-  EXPECT_EQ(shortened_line(line, metrics, whole), line);
-  for (int room = metrics.horizontalAdvance(QStringLiteral("4 runs.")) + 1; room < whole; ++room) {
-    const QString text = shortened_line(line, metrics, room);
-    EXPECT_TRUE(text.endsWith("4 runs.")) << room;
-    EXPECT_LE(metrics.horizontalAdvance(text), room);
-  }
-  const QString dismissal = shortened_line("O.R.Penhaligon c R.S.Marchetti b L.D.Stanhope 12 (15)", metrics, 160);
-  EXPECT_TRUE(dismissal.startsWith("O.R.") && dismissal.endsWith("12 (15)")) << dismissal.toStdString();
-}
-
 TEST_F(ConsoleWindowTest, TheOutcomeOfEveryBallIsInViewInANarrowList) {
   ConsoleWindow& window = open(false, true);
-  for (int over = 0; over < 3; ++over) press(window, "next_over");
+  for (int over = 0; over < 9; ++over) press(window, "next_over");
   auto* list = control<QListView>(window, "commentary");
   list->setMinimumWidth(100);
   list->setFixedWidth(110);
   QTest::qWait(10);
   EXPECT_EQ(list->horizontalScrollBar()->maximum(), 0);
-  // Lines that differ in their outcome alone look different.
-  std::map<QString, std::pair<QString, QImage>> seen;
+  // Where the outcome stands, rows of another outcome look different, and those of the same one alike.
+  std::map<std::string, QImage> seen;
   int compared = 0;
-  for (int row = 0; row < list->model()->rowCount(); ++row) {
-    const QModelIndex line = list->model()->index(row, 0);
-    const QStringList parts = line.data().toString().split(QStringLiteral(" : "));
-    if (parts.size() != 2 || !parts[1].endsWith(QStringLiteral("."))) continue;
-    list->clearSelection();
-    list->scrollTo(line);
-    const QImage picture = list->viewport()->grab(list->visualRect(line)).toImage();
-    const auto [other, fresh] = seen.try_emplace(parts[0], parts[1], picture);
-    if (fresh || other->second.first == parts[1]) continue;
-    ++compared;
-    EXPECT_NE(other->second.second, picture) << parts[0].toStdString();
+  list->clearSelection();
+  for (const commentary_row& row : view_commentary(match)) {
+    const QModelIndex index = list->model()->index(compared++, 0);
+    if (row.kind == line_kind::over_end) continue;
+    list->scrollTo(index);
+    const QRect place = outcome_place(list->visualRect(index), QString::fromStdString(row.symbol));
+    EXPECT_TRUE(list->viewport()->rect().contains(place)) << row.lines.front();
+    const QImage picture = list->viewport()->grab(place).toImage();
+    for (const auto& [symbol, before] : seen) EXPECT_EQ(symbol == row.symbol, before == picture) << symbol;
+    seen.emplace(row.symbol, picture);
   }
-  EXPECT_GT(compared, 2);
+  EXPECT_EQ(compared, list->model()->rowCount());
+  EXPECT_GT(seen.size(), 3U);
   EXPECT_EQ(list->model()->index(0, 0).data(Qt::ToolTipRole), list->model()->index(0, 0).data(Qt::AccessibleTextRole));
 }
 
@@ -336,12 +324,16 @@ TEST_F(ConsoleWindowTest, TheCommentaryHoldsEveryLineWithTheNewestInView) {
   ConsoleWindow& window = open(false, true);
   auto* list = control<QListView>(window, "commentary");
   for (int over = 0; over < 8; ++over) press(window, "next_over");
-  const std::vector<std::string> lines = commentary_lines(match);
-  ASSERT_EQ(list->model()->rowCount(), static_cast<int>(lines.size()));
+  std::string told;
+  std::string copied;
+  for (const std::string& line : commentary_lines(match)) told += line + "\n";
   for (int row = 0; row < list->model()->rowCount(); ++row) {
-    EXPECT_EQ(list->model()->index(row, 0).data(Qt::UserRole).toString().toStdString(),
-              lines[static_cast<std::size_t>(row)]);
+    const QModelIndex index = list->model()->index(row, 0);
+    copied += index.data(Qt::UserRole).toString().toStdString() + "\n";
+    EXPECT_EQ(index.data(Qt::AccessibleTextRole), index.data(Qt::UserRole)) << "no line here has an ampersand";
   }
+  EXPECT_EQ(copied, told);
+  EXPECT_TRUE(list->viewport()->rect().contains(list->visualRect(list->currentIndex()).center()));
   EXPECT_EQ(list->currentIndex().row(), list->model()->rowCount() - 1);
   while (match.first_total == 0) press(window, "next_over");
   EXPECT_EQ(list->model()->rowCount(), 0);
@@ -359,7 +351,7 @@ TEST_F(ConsoleWindowTest, ADoubledAmpersandIsShownAsOne) {
   window.refresh();
   EXPECT_TRUE(text("last_wicket").contains(" c & b ")) << text("last_wicket").toStdString();
   const auto* list = control<QListView>(window, "commentary")->model();
-  const QModelIndex line = list->index(list->rowCount() - 3, 0);
+  const QModelIndex line = list->index(list->rowCount() - 1, 0);
   EXPECT_TRUE(line.data().toString().contains(" c & b ")) << line.data().toString().toStdString();
   EXPECT_TRUE(line.data(Qt::AccessibleTextRole).toString().contains(" c & b "));
   EXPECT_TRUE(line.data(Qt::UserRole).toString().contains(" c && b ")) << "copied as it is exported";
@@ -406,16 +398,160 @@ TEST_F(ConsoleWindowTest, PicturesAreToldToScreenReaders) {
   }
 }
 
-TEST_F(ConsoleWindowTest, TheTableOfBowlersShowsTheirFigures) {
+TEST_F(ConsoleWindowTest, TheAttackShowsItsFigures) {
   ConsoleWindow& window = open(false, true);
   for (int over = 0; over < 9; ++over) press(window, "next_over");
-  const Table& table = control<TableView>(window, "bowlers")->table();
-  ASSERT_GE(table.rows.size(), 2U);
-  for (std::size_t i = 0; i < table.rows.size(); ++i) {
-    const bowling_card_rec& card = match.bowling_card[match.bowler_list[i + 1].position];
-    EXPECT_EQ(table.rows[i].cells[1].text, QStringLiteral("%1.%2").arg(card.balls / 6).arg(card.balls % 6));
-    EXPECT_EQ(table.rows[i].cells[3].text, QString::number(card.runs));
-    EXPECT_EQ(table.rows[i].cells[4].text, QString::number(card.wickets));
+  const std::vector<attack_row> men = control<AttackList>(window, "attack")->men();
+  ASSERT_EQ(men.size(), 10U);
+  int overs = 0;
+  for (const attack_row& man : men) {
+    const bowling_card_rec& card = match.bowling_card[man.position];
+    EXPECT_EQ(man.overs, std::to_string(card.balls / 6) + "." + std::to_string(card.balls % 6));
+    EXPECT_EQ(man.runs, std::to_string(card.runs));
+    EXPECT_EQ(man.wickets, std::to_string(card.wickets));
+    EXPECT_EQ(man.overs_left, 10 - card.balls / 6);
+    overs += card.balls / 6;
+  }
+  EXPECT_EQ(overs, 9);
+}
+
+/// The row of the attack that shows the man at a position.
+AttackRow* row_of(const ConsoleWindow& window, int position) {
+  for (auto* row : window.findChildren<AttackRow*>()) {
+    if (row->position() == position) return row;
+  }
+  return nullptr;
+}
+
+TEST_F(ConsoleWindowTest, OnePressChangesTheBowler) {
+  ConsoleWindow& window = open(true, false);
+  for (int over = 0; over < 2; ++over) press(window, "next_over");
+  const int wanted = match.bowler != 9 && match.next_bowler != 9 ? 9 : 10;
+  EXPECT_FALSE(row_of(window, match.next_bowler)->isEnabled());
+  QTest::mouseClick(row_of(window, wanted), Qt::LeftButton);
+  EXPECT_EQ(match.bowler, wanted);
+  EXPECT_EQ(control<QPushButton>(window, "bowler_profile_0")->text().toStdString(), match.bowling_xi[wanted].name);
+  EXPECT_TRUE(row_of(window, wanted)->isChecked());
+  const int third = wanted == 9 && match.next_bowler != 10 ? 10 : 11;
+  QAccessible::queryAccessibleInterface(row_of(window, third))
+      ->actionInterface()
+      ->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_EQ(match.bowler, third);
+}
+
+TEST_F(ConsoleWindowTest, AComputersAttackCannotBeChosenFrom) {
+  ConsoleWindow& window = open(false, true);
+  const int bowler = match.bowler;
+  for (auto* row : window.findChildren<AttackRow*>()) {
+    EXPECT_FALSE(row->isVisible() && row->isEnabled());
+    QTest::mouseClick(row, Qt::LeftButton);
+  }
+  EXPECT_EQ(match.bowler, bowler);
+}
+
+TEST_F(ConsoleWindowTest, AggressionIsSetByOnePressOnASegment) {
+  ConsoleWindow& window = open(false, false);
+  user.requests.clear();
+  QTest::mouseClick(control<QRadioButton>(window, "batsman_level_0_5"), Qt::LeftButton);
+  QTest::mouseClick(control<QRadioButton>(window, "bowler_level_1_1"), Qt::LeftButton);
+  EXPECT_EQ(match.batsman_aggression[0], 5);
+  EXPECT_EQ(match.bowling_aggression[1], 1);
+  EXPECT_TRUE(user.requests.empty()) << "nobody is asked";
+  EXPECT_EQ(control<QPushButton>(window, "batsman_aggression_0")->accessibleName().toStdString(),
+            "Aggression of " + match.batting_card[1].name + ": 5 of 5");
+  QAccessible::queryAccessibleInterface(control<QRadioButton>(window, "batsman_level_1_4"))
+      ->actionInterface()
+      ->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_EQ(match.batsman_aggression[1], 4);
+  auto* chosen = control<QRadioButton>(window, "batsman_level_1_4");
+  chosen->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(chosen, Qt::Key_Left);
+  EXPECT_EQ(match.batsman_aggression[1], 3);
+  EXPECT_TRUE(control<QRadioButton>(window, "batsman_level_1_3")->isChecked());
+}
+
+TEST_F(ConsoleWindowTest, TheSegmentsOfAComputersSideAreDead) {
+  ConsoleWindow& window = open(false, true);
+  const auto before = match.bowling_aggression;
+  for (int level = 1; level <= 5; ++level) {
+    auto* segment = control<QRadioButton>(window, ("bowler_level_0_" + std::to_string(level)).c_str());
+    EXPECT_FALSE(segment->isEnabled());
+    QTest::mouseClick(segment, Qt::LeftButton);
+  }
+  EXPECT_EQ(match.bowling_aggression, before);
+}
+
+TEST_F(ConsoleWindowTest, EachSegmentTellsTheModelsAnswer) {
+  ConsoleWindow& window = open(false, true);
+  for (int over = 0; over < 6; ++over) press(window, "next_over");
+  for (int slot = 0; slot < 2; ++slot) {
+    const aggression_odds odds = batting_odds(match, slot);
+    for (int level = 1; level <= 5; ++level) {
+      const std::string name = "batsman_level_" + std::to_string(slot) + "_" + std::to_string(level);
+      const std::string sentence =
+          std::to_string(level) + ": " + odds_sentence(odds[static_cast<std::size_t>(level - 1)]);
+      const auto* segment = control<QRadioButton>(window, name.c_str());
+      EXPECT_EQ(segment->toolTip().toStdString(), sentence);
+      EXPECT_TRUE(segment->accessibleName().toStdString().ends_with(sentence));
+      EXPECT_NE(sentence.find("an over, a wicket every"), std::string::npos);
+    }
+  }
+  EXPECT_TRUE(text("settled_worth_0").startsWith("Settled ")) << text("settled_worth_0").toStdString();
+  EXPECT_TRUE(text("settled_worth_0").endsWith(" an over"));
+}
+
+TEST_F(ConsoleWindowTest, WhileAnOverRunsNothingIsSetInPlace) {
+  ConsoleWindow& window = open(false, false);
+  preferences::set_pace(Pace::quick);
+  const int level = match.batsman_aggression[0] == 5 ? 4 : 5;
+  int tried = 0;
+  QTimer::singleShot(0, &window, [&] {
+    ASSERT_TRUE(window.playing());
+    auto* segment = control<QRadioButton>(window, ("batsman_level_0_" + std::to_string(level)).c_str());
+    QTest::mouseClick(segment, Qt::LeftButton);
+    segment->toggle();
+    EXPECT_NE(match.batsman_aggression[0], level);
+    EXPECT_FALSE(segment->isChecked()) << "it shows what is in use";
+    ++tried;
+  });
+  press(window, "next_over");
+  EXPECT_EQ(tried, 1);
+}
+
+TEST_F(ConsoleWindowTest, ChartsAndStripFollowTheMatch) {
+  ConsoleWindow& window = open(false, true);
+  for (int over = 0; over < 3; ++over) press(window, "next_over");
+  for (const char* name : {"runs_chart", "score_chart", "rates_chart", "last_overs", "batsman_balls_0"}) {
+    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(control<QWidget>(window, name));
+    ASSERT_NE(told, nullptr) << name;
+    EXPECT_EQ(told->role(), QAccessible::Graphic) << name;
+  }
+  EXPECT_TRUE(control<QWidget>(window, "score_chart")
+                  ->accessibleDescription()
+                  .endsWith(QStringLiteral("after 3 overs: %1 runs").arg(match.score_runs)));
+  EXPECT_TRUE(control<QWidget>(window, "last_overs")->accessibleName().contains("over 3, "));
+  QTest::mouseClick(control<QWidget>(window, "last_overs"), Qt::LeftButton, {}, QPoint(5, 20));
+  EXPECT_EQ(text("over_title"), "Over 1");
+}
+
+TEST_F(ConsoleWindowTest, WiderWindowsHaveMoreColumns) {
+  ConsoleWindow& window = open(false, true);
+  for (int over = 0; over < 12; ++over) press(window, "next_over");
+  window.resize(1280, 800);
+  QTest::qWait(10);
+  EXPECT_TRUE(control<QWidget>(window, "attack")->isVisible());
+  EXPECT_FALSE(control<QWidget>(window, "batting_so_far")->isVisible());
+  press(window, "choose_batting");
+  EXPECT_TRUE(control<QWidget>(window, "batting_so_far")->isVisible());
+  EXPECT_FALSE(control<QWidget>(window, "attack")->isVisible());
+  for (const QSize size : {QSize(1024, 768), QSize(1920, 1080), QSize(3840, 2160)}) {
+    window.resize(size);
+    QTest::qWait(10);
+    SCOPED_TRACE(size.width());
+    check_window(window);
+    take_picture(window, qPrintable(QStringLiteral("console_%1").arg(size.width())));
+    EXPECT_EQ(control<QWidget>(window, "attack")->isVisible(), size.width() > 1600);
+    EXPECT_TRUE(control<QWidget>(window, "batting_so_far")->isVisible());
   }
 }
 

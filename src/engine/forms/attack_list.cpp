@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/forms/attack_list.h"
+
+#include <QButtonGroup>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "console/console_view.h"
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "desktop/theme.h"
+#include "engine/forms/console_tables.h"
+#include "model/match_state.h"
+
+namespace velorin {
+
+namespace {
+
+constexpr int heading_height = 20;
+constexpr int mark_width = 20;
+constexpr int highest_row = 36;
+
+/// A column of figures: how wide, its heading, and whether a narrow list has it.
+struct FigureColumn {
+  int width;
+  const char* heading;
+  bool in_narrow;
+  QString (*text)(const attack_row&);
+};
+
+constexpr FigureColumn columns[] = {
+    {36, "O", true, [](const attack_row& row) { return shown(row.overs); }},
+    {28, "M", false, [](const attack_row& row) { return shown(row.maidens); }},
+    {30, "R", true, [](const attack_row& row) { return shown(row.runs); }},
+    {24, "W", true, [](const attack_row& row) { return shown(row.wickets); }},
+    {38, "Econ", true, [](const attack_row& row) { return shown(row.economy); }},
+    {32, "Left", true, [](const attack_row& row) { return QString::number(row.overs_left); }},
+};
+constexpr int narrow = 330;
+
+/// Calls `visit` with the place and the text of each column of figures, from the right; returns where they begin.
+template <class Visit>
+int place_columns(const QRect& row, Visit visit) {
+  int right = row.right() - 6;
+  for (auto column = std::rbegin(columns); column != std::rend(columns); ++column) {
+    if (row.width() < narrow && !column->in_narrow) continue;
+    visit(QRect(right - column->width, row.top(), column->width, row.height()), *column);
+    right -= column->width;
+  }
+  return right;
+}
+
+}  // namespace
+
+AttackRow::AttackRow(QWidget* parent) : QRadioButton(parent) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  setMaximumHeight(highest_row);
+}
+
+void AttackRow::show_man(const attack_row& row) {
+  row_ = row;
+  QString spoken = QStringLiteral("%1: %2 overs, %3 maidens, %4 runs, %5 wickets, %6 an over, %7 overs left")
+                       .arg(shown(row.name), shown(row.overs), shown(row.maidens), shown(row.runs), shown(row.wickets),
+                            shown(row.economy))
+                       .arg(row.overs_left);
+  if (row.bowls_now) spoken += QStringLiteral(", bowls this over");
+  if (row.bowls_next) spoken += QStringLiteral(", bowls at the other end");
+  if (spoken != accessibleName()) {
+    setAccessibleName(spoken);
+    setToolTip(spoken + QStringLiteral(".\nA press gives him this over where it is yours to give; "
+                                       "P or a right click opens his profile."));
+  }
+  setEnabled(row.can_be_chosen);
+  update();
+}
+
+void AttackRow::paintEvent(QPaintEvent*) {
+  const Theme& t = theme();
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter.setPen(hasFocus() ? QPen(t.focus, 2) : QPen(Qt::NoPen));
+  painter.setBrush(row_.bowls_now || (underMouse() && isEnabled()) ? QBrush(t.card_raised) : QBrush(Qt::NoBrush));
+  painter.drawRoundedRect(frame, 4, 4);
+  // Who bowls now has a ball, who bowls next a ring.
+  const QPointF mark(mark_width / 2.0 + 1, height() / 2.0);
+  if (row_.bowls_now || row_.bowls_next) {
+    painter.setPen(QPen(t.ball, 2));
+    painter.setBrush(row_.bowls_now ? QBrush(t.ball) : QBrush(Qt::NoBrush));
+    painter.drawEllipse(mark, 4, 4);
+  } else if (isEnabled()) {
+    painter.setPen(QPen(t.line, 1.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(mark, 4, 4);
+  }
+  const bool spent = row_.overs_left == 0;
+  const QColor ink = spent ? t.muted : t.ink;
+  painter.setFont(type_font(TypeStep::body));
+  painter.setPen(ink);
+  const int right = place_columns(rect(), [&](const QRect& place, const FigureColumn& column) {
+    painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter, column.text(row_));
+  });
+  painter.setFont(type_font(row_.bowls_now ? TypeStep::strong : TypeStep::body));
+  const QRect room(mark_width + 2, 0, right - mark_width - 4, height());
+  QString name = shown(row_.name);
+  if (painter.fontMetrics().horizontalAdvance(name) > room.width()) name = shown(shortened_name(row_.name));
+  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
+                   painter.fontMetrics().elidedText(name, Qt::ElideRight, room.width()));
+}
+
+AttackList::AttackList(const match_state& match, QWidget* parent)
+    : QWidget(parent), group_(new QButtonGroup(this)), match_(match) {
+  setObjectName(QStringLiteral("attack"));
+  auto* list = new QVBoxLayout(this);
+  list->setContentsMargins(0, heading_height, 0, 0);
+  list->setSpacing(0);
+  setMaximumHeight(heading_height + (men_in_eleven - 1) * highest_row);
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    auto* row = new AttackRow;
+    row->setObjectName(QStringLiteral("attack_%1").arg(i + 1));
+    rows_[i] = row;
+    group_->addButton(row);
+    list->addWidget(row);
+    // Assistive technology toggles without a click.
+    connect(row, &QRadioButton::toggled, this, [this, row](bool on) {
+      if (on && !showing_ && chosen_) guarded([&] { chosen_(row->position()); });
+    });
+  }
+}
+
+void AttackList::refresh() {
+  showing_ = true;
+  const std::vector<attack_row> attack = view_attack(match_);
+  group_->setExclusive(false);
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    rows_[i]->setVisible(i < attack.size());
+    if (i >= attack.size()) continue;
+    rows_[i]->show_man(attack[i]);
+    rows_[i]->setChecked(attack[i].bowls_now);
+  }
+  group_->setExclusive(true);
+  showing_ = false;
+}
+
+std::vector<attack_row> AttackList::men() const {
+  std::vector<attack_row> men;
+  for (const AttackRow* row : rows_) {
+    if (row->position() != 0) men.push_back(row->man());
+  }
+  return men;
+}
+
+void AttackList::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setFont(type_font(TypeStep::small));
+  painter.setPen(theme().muted);
+  const QRect head(0, 0, width(), heading_height);
+  place_columns(head, [&](const QRect& place, const FigureColumn& column) {
+    painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter, QString::fromLatin1(column.heading));
+  });
+  painter.drawText(head.adjusted(mark_width + 2, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                   QStringLiteral("Bowlers"));
+}
+
+void AttackList::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    QGuiApplication::clipboard()->setText(table_text(attack_table(match_)));
+    return;
+  }
+  for (const AttackRow* row : rows_) {
+    if (event->key() == Qt::Key_P && row->hasFocus() && profile_) {
+      guarded([&] { profile_(row->position()); });
+      return;
+    }
+  }
+  QWidget::keyPressEvent(event);
+}
+
+void AttackList::contextMenuEvent(QContextMenuEvent* event) {
+  for (const AttackRow* row : rows_) {
+    if (!row->isVisible() || !row->geometry().contains(event->pos()) || !profile_) continue;
+    guarded([&] { profile_(row->position()); });
+    return;
+  }
+}
+
+}  // namespace velorin

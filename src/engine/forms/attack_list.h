@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QRadioButton>
+#include <array>
+#include <functional>
+#include <vector>
+
+#include "console/side_views.h"
+#include "model/rules.h"
+
+class QButtonGroup;
+
+namespace velorin {
+
+struct match_state;
+
+/// A man of the attack: his figures in columns. Pressed, he has the over.
+class AttackRow : public QRadioButton {
+  Q_OBJECT
+
+ public:
+  explicit AttackRow(QWidget* parent = nullptr);
+
+  void show_man(const attack_row& row);
+  int position() const { return row_.position; }
+  const attack_row& man() const { return row_; }
+
+  QSize sizeHint() const override { return {240, 26}; }
+  QSize minimumSizeHint() const override { return {200, 18}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool hitButton(const QPoint& at) const override { return rect().contains(at); }
+
+ private:
+  attack_row row_;
+};
+
+/// The whole attack, ranked: who bowls now and next, figures, overs left. One press changes the bowler of this over; P
+/// or a right click leads to the man's profile, Ctrl+C copies the figures.
+class AttackList : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit AttackList(const match_state& match, QWidget* parent = nullptr);
+
+  void refresh();
+  void on_chosen(std::function<void(int position)> act) { chosen_ = std::move(act); }
+  void on_profile(std::function<void(int position)> act) { profile_ = std::move(act); }
+  /// The rows as they stand.
+  std::vector<attack_row> men() const;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  std::array<AttackRow*, men_in_eleven> rows_{};
+  QButtonGroup* group_;
+  std::function<void(int)> chosen_;
+  std::function<void(int)> profile_;
+  bool showing_ = false;
+  const match_state& match_;
+};
+
+}  // namespace velorin

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/forms/level_segments.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <cmath>
+
+#include "desktop/program_end.h"
+#include "desktop/shown_text.h"
+#include "desktop/theme.h"
+
+namespace velorin {
+
+LevelSegment::LevelSegment(int level, QWidget* parent) : QRadioButton(QString::number(level), parent), level_(level) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize LevelSegment::sizeHint() const {
+  const int wide = QFontMetrics(type_font(TypeStep::small)).horizontalAdvance(QStringLiteral("0.0\u00B700")) + 4;
+  return {wide, 36};
+}
+
+void LevelSegment::show_answer(const QString& whose, const std::optional<ball_odds>& odds) {
+  const QString sentence = QStringLiteral("%1: %2").arg(level_).arg(shown(odds_sentence(odds)));
+  const QString spoken = QStringLiteral("Aggression of %1, %2").arg(whose, sentence);
+  if (spoken == accessibleName()) return;
+  setAccessibleName(spoken);
+  setToolTip(sentence);
+  answer_.clear();
+  if (odds) {
+    const QString balls =
+        odds->balls_a_wicket == 0 ? QStringLiteral("\u2013") : QString::number(std::lround(odds->balls_a_wicket));
+    answer_ = QStringLiteral("%1\u00B7%2").arg(odds->runs_an_over, 0, 'f', 1).arg(balls);
+  }
+  update();
+}
+
+void LevelSegment::paintEvent(QPaintEvent*) {
+  const Theme& t = theme();
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const bool on = isChecked();
+  const bool live = isEnabled();
+  const QRectF frame = QRectF(rect()).adjusted(0.75, 0.75, -0.75, -0.75);
+  const QColor fill = !on ? t.card : live ? t.accent : t.card_raised;
+  const QColor ink = on && live ? t.on_accent : live ? t.ink : t.muted;
+  painter.setBrush(underMouse() && live && !on ? t.card_raised : fill);
+  if (hasFocus()) {
+    painter.setPen(QPen(t.focus, 2));
+  } else if (on) {
+    painter.setPen(QPen(live ? t.accent : t.muted, 1.5));
+  } else {
+    painter.setPen(QPen(t.line, 1, live ? Qt::SolidLine : Qt::DashLine));
+  }
+  painter.drawRoundedRect(frame, 5, 5);
+  painter.setPen(ink);
+  painter.setFont(type_font(TypeStep::strong));
+  painter.drawText(rect().adjusted(0, 2, 0, -height() / 2 + 1), Qt::AlignCenter, text());
+  painter.setFont(type_font(TypeStep::small));
+  painter.setPen(on && live ? t.on_accent : t.muted);
+  painter.drawText(rect().adjusted(0, height() / 2 - 1, 0, -2), Qt::AlignCenter, answer_);
+}
+
+LevelSegments::LevelSegments(const QString& name, QWidget* parent) : QWidget(parent) {
+  setObjectName(name);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(3);
+  auto* group = new QButtonGroup(this);
+  for (int level = least_aggression; level <= most_aggression; ++level) {
+    auto* segment = new LevelSegment(level);
+    segment->setObjectName(QStringLiteral("%1_%2").arg(name).arg(level));
+    segments_[static_cast<std::size_t>(level - 1)] = segment;
+    group->addButton(segment, level);
+    row->addWidget(segment, 1);
+    // Assistive technology toggles without a click.
+    connect(segment, &QRadioButton::toggled, this, [this, level](bool on) {
+      if (on && !showing_ && chosen_) guarded([&] { chosen_(level); });
+    });
+  }
+}
+
+void LevelSegments::show_levels(const QString& whose, int level, const aggression_odds& odds, bool enabled) {
+  showing_ = true;
+  for (int at = least_aggression; at <= most_aggression; ++at) {
+    LevelSegment& one = *segment(at);
+    one.show_answer(whose, odds[static_cast<std::size_t>(at - 1)]);
+    one.setEnabled(enabled);
+    if (at == level) one.setChecked(true);
+  }
+  showing_ = false;
+}
+
+}  // namespace velorin

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QRadioButton>
+#include <array>
+#include <functional>
+
+#include "engine/ball_odds.h"
+
+namespace velorin {
+
+/// One level of an aggression: its figure and, under it, the runs an over and the balls for a wicket that it brings.
+class LevelSegment : public QRadioButton {
+  Q_OBJECT
+
+ public:
+  explicit LevelSegment(int level, QWidget* parent = nullptr);
+
+  void show_answer(const QString& whose, const std::optional<ball_odds>& odds);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  bool hitButton(const QPoint& at) const override { return rect().contains(at); }
+
+ private:
+  int level_;
+  QString answer_;
+};
+
+/// An aggression of 1 to 5 as five segments, one of which is pressed. One press sets it; arrow keys and assistive
+/// actions do as well.
+class LevelSegments : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit LevelSegments(const QString& name, QWidget* parent = nullptr);
+
+  /// Shows the level in use, and what each would bring. `whose`: the man's name.
+  void show_levels(const QString& whose, int level, const aggression_odds& odds, bool enabled);
+  /// What setting a level does.
+  void on_chosen(std::function<void(int level)> act) { chosen_ = std::move(act); }
+  LevelSegment* segment(int level) const { return segments_[static_cast<std::size_t>(level - 1)]; }
+
+ private:
+  std::array<LevelSegment*, most_aggression> segments_{};
+  std::function<void(int)> chosen_;
+  bool showing_ = false;
+};
+
+}  // namespace velorin
