@@ -12,6 +12,8 @@
 #include <filesystem>
 #include <fstream>
 #include <set>
+#include <functional>
+#include <vector>
 
 #include "browsers/record_lists.h"
 #include "competitions/world_cup.h"
@@ -147,6 +149,41 @@ void picture_results(MenuWindow& menu) {
   open(menu, "start_game", "tri_series");
 }
 
+/// The console of a match with a human on each side, at several of its moments.
+void picture_console(MenuWindow& menu) {
+  chance.use_seed(11);
+  ClickingUser user;
+  user.robot.next("teamfrm", [](QWidget& window) {
+    ClickingUser::choose_match(window, 1, 3, true, true);
+    press(window, "accept");
+  });
+  struct Moment {
+    const char* name;
+    std::function<bool()> reached;
+  };
+  std::vector<Moment> moments = {
+      {"console-first-ball", [] { return match.deliveries.empty(); }},
+      {"console-first-over", [] { return match.over_no == 2; }},
+      {"console-middle", [] { return match.over_no >= 26; }},
+      {"console-end", [] { return match.over_no >= 47; }},
+      {"console-chase-begins", [] { return match.first_total != 0; }},
+      {"console-chase", [] { return match.first_total != 0 && match.over_no >= 21; }},
+      {"console-late-chase",
+       [] { return match.first_total != 0 && (match.over_no >= 44 || match.score_wickets >= 8); }},
+  };
+  std::size_t next = 0;
+  user.robot.always("main", [&](QWidget& window) {
+    while (next < moments.size() && moments[next].reached()) take(window, moments[next++].name);
+    if (next == 3 && match.over_no == 27 && control<QWidget>(window, "choose_batting")->isVisible()) {
+      press(window, "choose_batting");
+      take(window, "console-middle-batting");
+      press(window, "choose_attack");
+    }
+    press(window, "next_over");
+  });
+  open(menu, "start_game", "new_match");
+}
+
 void picture_world_cup(MenuWindow& menu) {
   chance.use_seed(5);
   ClickingUser user;
@@ -221,6 +258,7 @@ void take_all() {
     take(menu, "menu");
     picture_match(menu);
     picture_sheets(menu);
+    picture_console(menu);
     picture_profile(menu);
     picture_record_lists(menu);
     picture_settings(menu);

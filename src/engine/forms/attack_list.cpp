@@ -162,8 +162,7 @@ void AttackList::paintEvent(QPaintEvent*) {
   place_columns(head, [&](const QRect& place, const FigureColumn& column) {
     painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter, QString::fromLatin1(column.heading));
   });
-  painter.drawText(head.adjusted(mark_width + 2, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                   QStringLiteral("Bowlers"));
+  painter.drawText(head.adjusted(mark_width + 2, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Bowlers"));
 }
 
 void AttackList::keyPressEvent(QKeyEvent* event) {

@@ -11,8 +11,8 @@ namespace velorin {
 /// The width in pixels of a ball's chip of this height: longer symbols are given more.
 double chip_width(const QString& symbol, double height);
 
-/// Paints a ball's chip into `place`, coloured by what the ball did and lettered as well. A wicket is a square, a four a
-/// disc, a six a hexagon, another ball an outlined disc; "" is a ball to come.
+/// Paints a ball's chip into `place`, coloured by what the ball did and lettered as well. A wicket is a square, a four
+/// a disc, a six a hexagon, another ball an outlined disc; "" is a ball to come.
 void paint_chip(QPainter& painter, const QRectF& place, const QString& symbol);
 
 /// A man's last balls as a row of small chips, the newest at the right. What there is no room for is left out at the

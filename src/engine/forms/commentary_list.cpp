@@ -231,6 +231,21 @@ void CommentaryList::refresh() {
   scrollToBottom();
 }
 
+void CommentaryList::paintEvent(QPaintEvent* event) {
+  QListView::paintEvent(event);
+  if (rows_->rowCount() > 0) return;
+  QPainter painter(viewport());
+  painter.setPen(theme().muted);
+  painter.setFont(type_font(TypeStep::body));
+  painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap,
+                   QStringLiteral("No ball bowled yet in this innings"));
+}
+
+void CommentaryList::resizeEvent(QResizeEvent* event) {
+  QListView::resizeEvent(event);
+  if (rows_->rowCount() > 0 && currentIndex().row() == rows_->rowCount() - 1) scrollToBottom();
+}
+
 void CommentaryList::keyPressEvent(QKeyEvent* event) {
   if (!event->matches(QKeySequence::Copy)) {
     QListView::keyPressEvent(event);

@@ -26,6 +26,9 @@ class CommentaryList : public QListView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  /// The newest row stays in view.
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   CommentaryModel* rows_;

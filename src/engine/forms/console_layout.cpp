@@ -187,6 +187,7 @@ QFrame* ConsoleWindow::new_sides_card() {
   batting_table_->verticalHeader()->setMinimumSectionSize(22);
   batting_table_->grow_rows(36, men_in_eleven);
   batting_table_->setMinimumHeight(64);
+  batting_table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   batting_table_->on_open([this](int position) { set_in_place([&] { form_.show_profile_of_batsman(position); }); });
   card_rows(card)->addWidget(batting_table_, 1);
   attack->setChecked(true);
@@ -238,21 +239,30 @@ void ConsoleWindow::arrange(Arrangement wanted) {
       add(23, {{sides_card_, 1}});
       add(22, {{commentary_card_, 1}});
       break;
-    case Arrangement::widest:
-      add(20, {{batting_card_, 5}, {bowling_card_, 4}});
-      add(20, {{over_card_, 0}, {rates_, 0}, {sides_card_, 1}});
-      add(30, {{charts_card_, 1}});
-      add(22, {{commentary_card_, 1}});
-      break;
     case Arrangement::large:
-      add(20, {{batting_card_, 0}, {bowling_card_, 0}, {sides_card_, 1}});
-      add(32, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
-      add(20, {{commentary_card_, 1}});
+      add(20, {{batting_card_, 5}, {bowling_card_, 4}});
+      add(30, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
+      add(20, {{sides_card_, 4}, {commentary_card_, 5}});
       break;
   }
   arrange_charts(wanted != Arrangement::narrow);
+  order_tabs();
   sides_choice_->setVisible(wanted == Arrangement::narrow);
   show_sides();
+}
+
+/// The keyboard goes down the columns, whichever they are.
+void ConsoleWindow::order_tabs() {
+  QWidgetList sides;
+  for (QAbstractButton* button : sides_card_->findChildren<QAbstractButton*>()) {
+    if (button->focusPolicy() != Qt::NoFocus && !button->objectName().isEmpty()) sides << button;
+  }
+  sides << batting_table_;
+  QWidgetList order = {over_after_};
+  if (arranged_ == Arrangement::narrow) order << commentary_;
+  order << sides;
+  if (arranged_ != Arrangement::narrow) order << commentary_;
+  for (qsizetype i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
 void ConsoleWindow::arrange_charts(bool stacked) {

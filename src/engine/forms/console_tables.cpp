@@ -24,8 +24,13 @@ Table attack_table(const match_state& match) {
   for (const attack_row& man : view_attack(match)) {
     TableRow row;
     row.id = man.position;
-    row.cells = {{shown(man.name)}, {shown(man.overs)},   {shown(man.maidens)},           {shown(man.runs)},
-                 {shown(man.wickets)}, {shown(man.economy)}, {QString::number(man.overs_left)}};
+    row.cells = {{shown(man.name)},
+                 {shown(man.overs)},
+                 {shown(man.maidens)},
+                 {shown(man.runs)},
+                 {shown(man.wickets)},
+                 {shown(man.economy)},
+                 {QString::number(man.overs_left)}};
     table.rows.push_back(std::move(row));
   }
   return table;
@@ -37,7 +42,7 @@ Table batting_table(const match_state& match, CardDetail detail) {
   Table table;
   table.name = QStringLiteral("The batting side");
   table.columns = {{QStringLiteral("Batsmen")}};
-  if (with_dismissals) table.columns.push_back({QStringLiteral("How out")});
+  if (with_dismissals) table.columns.push_back({.heading = QStringLiteral("How out"), .stretches = true});
   const auto add = [&](const char* heading, const char* spoken) {
     table.columns.push_back({QString::fromLatin1(heading), true, QString::fromLatin1(spoken)});
   };

@@ -208,33 +208,15 @@ void ConsoleWindow::ask_to_quit() {
 
 ConsoleWindow::Arrangement ConsoleWindow::arrangement() const {
   constexpr int wide_from = 1600;
-  constexpr int widest_from = 2600;
+  constexpr int large_from = 2600;
   constexpr int large_height = 1800;
   if (width() < wide_from) return Arrangement::narrow;
-  if (width() < widest_from) return Arrangement::wide;
-  return height() < large_height ? Arrangement::widest : Arrangement::large;
+  return width() >= large_from && height() >= large_height ? Arrangement::large : Arrangement::wide;
 }
 
 void ConsoleWindow::resizeEvent(QResizeEvent* event) {
   Form::resizeEvent(event);
   arrange(arrangement());
-  // What height the window has beyond the smallest goes to words, then to the four photos.
-  constexpr int room_for_answers = 780;
-  constexpr int batsman_least = 74;
-  constexpr int bowler_least = 60;
-  constexpr int most = 150;
-  const bool roomy = height() >= room_for_answers;
-  const int spare = std::max(0, height() - room_for_answers) / 4;
-  for (BatsmanPanel* panel : batsmen_) {
-    panel->set_roomy(roomy);
-    const int tall = std::min(batsman_least + spare, most);
-    panel->set_photo_size({std::max(60, tall * 9 / 11), tall});
-  }
-  for (BowlerPanel* panel : bowlers_) {
-    panel->set_roomy(roomy);
-    const int tall = std::min(bowler_least + spare, most);
-    panel->set_photo_size({std::max(60, tall * 9 / 11), tall});
-  }
   refresh_sides();
 }
 

@@ -70,12 +70,12 @@ class ConsoleWindow : public Form {
   enum class Arrangement {
     narrow,  ///< three columns; attack and batting side take turns
     wide,    ///< four columns
-    widest,  ///< four columns, the charts in one of their own
-    large,   ///< three wide columns, all that is about the men in one
+    large,   ///< three wide columns, both sides over the commentary
   };
   Arrangement arrangement() const;
   void arrange(Arrangement wanted);
   void arrange_charts(bool stacked);
+  void order_tabs();
   void show_sides();
 
   void play_over();

@@ -19,10 +19,10 @@ namespace velorin {
 
 namespace {
 
-constexpr double head = 22;   // pixels for the caption
-constexpr double foot = 16;   // for the overs
-constexpr double value_room = 26;   // for the values
-constexpr double margin = 6;  // at the right
+constexpr double head = 22;        // pixels for the caption
+constexpr double foot = 16;        // for the overs
+constexpr double value_room = 26;  // for the values
+constexpr double margin = 6;       // at the right
 
 /// A round step that cuts the axis into three or four.
 double step_for(double highest) {
@@ -93,6 +93,7 @@ QString CourseChart::described() const {
 
 void CourseChart::set_figures(const CourseFigures& figures) {
   figures_ = figures;
+  highest_ = find_highest();
   setAccessibleName(title());
   const QString words = described();
   if (words != accessibleDescription()) {
@@ -102,7 +103,7 @@ void CourseChart::set_figures(const CourseFigures& figures) {
   update();
 }
 
-double CourseChart::highest() const {
+double CourseChart::find_highest() const {
   double top = kind_ == Kind::score ? 50 : kind_ == Kind::runs ? 10 : 6;
   for (const std::vector<over_stage>* course : {&figures_.now, &figures_.before}) {
     for (const over_stage& stage : *course) {
@@ -120,14 +121,14 @@ QRectF CourseChart::plot() const { return QRectF(rect()).adjusted(value_room, he
 
 QPointF CourseChart::place(double over, double value) const {
   const QRectF area = plot();
-  return {area.left() + area.width() * over / overs_of_innings, area.bottom() - area.height() * value / highest()};
+  return {area.left() + area.width() * over / overs_of_innings, area.bottom() - area.height() * value / highest_};
 }
 
 void CourseChart::paint_axes(QPainter& painter) const {
   const Theme& t = theme();
   painter.setFont(type_font(TypeStep::small));
   const QRectF area = plot();
-  const double top = highest();
+  const double top = highest_;
   const double step = step_for(top) * (area.height() < 70 ? 2 : 1);
   const int style = t.high_contrast ? Qt::DotLine : Qt::SolidLine;
   for (double value = 0; value <= top; value += step) {
@@ -135,7 +136,8 @@ void CourseChart::paint_axes(QPainter& painter) const {
     painter.setPen(QPen(t.line, 1, static_cast<Qt::PenStyle>(style)));
     painter.drawLine(QPointF(area.left(), y), QPointF(area.right(), y));
     painter.setPen(t.muted);
-    painter.drawText(QRectF(0, y - 8.0, value_room - 4, 16), Qt::AlignRight | Qt::AlignVCenter, QString::number(int(value)));
+    painter.drawText(QRectF(0, y - 8.0, value_room - 4, 16), Qt::AlignRight | Qt::AlignVCenter,
+                     QString::number(int(value)));
   }
   for (int over = 10; over <= overs_of_innings; over += area.width() < 150 ? 20 : 10) {
     const double x = std::min(place(over, 0).x(), area.right() - 4);
@@ -208,7 +210,8 @@ void CourseChart::paint_scores(QPainter& painter) const {
     painter.setPen(Qt::NoPen);
     painter.setBrush(t.ball);
     for (const over_stage& stage : course) {
-      if (stage.wickets > 0 && which == 0) painter.drawRect(QRectF(place(stage.over, stage.score) - QPointF(2.5, 2.5), QSizeF(5, 5)));
+      if (stage.wickets > 0 && which == 0)
+        painter.drawRect(QRectF(place(stage.over, stage.score) - QPointF(2.5, 2.5), QSizeF(5, 5)));
     }
   }
 }

@@ -50,7 +50,7 @@ class CourseChart : public QWidget {
  private:
   QString title() const;
   QString described() const;
-  double highest() const;
+  double find_highest() const;
   /// The inner rectangle of the plot.
   QRectF plot() const;
   QPointF place(double over, double value) const;
@@ -63,6 +63,7 @@ class CourseChart : public QWidget {
 
   Kind kind_;
   CourseFigures figures_;
+  double highest_ = 10;  // of the vertical axis
 };
 
 }  // namespace velorin

@@ -53,7 +53,8 @@ void OverStrip::set_overs(std::vector<over_in_strip> shown) {
   shown_ = std::move(shown);
   QStringList words;
   for (const over_in_strip& over : shown_) words << words_of(over);
-  const QString spoken = QStringLiteral("Last overs: %1").arg(words.isEmpty() ? QStringLiteral("none") : words.join("; "));
+  const QString spoken =
+      QStringLiteral("Last overs: %1").arg(words.isEmpty() ? QStringLiteral("none") : words.join("; "));
   if (spoken != accessibleName()) {
     setAccessibleName(spoken);
     setToolTip(words.join(QLatin1Char('\n')));

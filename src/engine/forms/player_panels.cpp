@@ -103,8 +103,16 @@ void PlayerPanel::lay_out(std::initializer_list<QLayout*> rows) {
   whole->addStretch(1);
 }
 
-void PlayerPanel::set_photo_size(QSize size) { photo_->set_size(size); }
-void PlayerPanel::set_roomy(bool roomy) { answer_->setVisible(roomy); }
+void PlayerPanel::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  constexpr int highest_photo = 150;
+  int spare = height() - minimumSizeHint().height();
+  const int words = answer_->minimumSizeHint().height() + layout()->spacing();
+  answer_->setVisible(spare >= words);
+  if (spare >= words) spare -= words;
+  const int tall = std::clamp(least_photo_.height() + spare, least_photo_.height(), highest_photo);
+  photo_->set_size({std::max(least_photo_.width(), tall * 9 / 11), tall});
+}
 
 QSize PlayerPanel::minimumSizeHint() const {
   QSize least = QWidget::minimumSizeHint();
@@ -149,6 +157,7 @@ BatsmanPanel::BatsmanPanel(const match_state& match, const open_database& databa
   rest_ = new_named_label(QStringLiteral("batsman_figures_") + number, {}, TextRole::small_muted);
   faced_ = new BallChips(QStringLiteral("batsman_balls_") + number, QStringLiteral("Last balls faced"));
   settled_ = new MeterBar(QStringLiteral("settled_meter_") + number, QStringLiteral("Settled"), full_meter);
+  settled_->setMinimumWidth(32);
   worth_ = new_named_label(QStringLiteral("settled_worth_") + number, {}, TextRole::small_muted);
   worth_->setToolTip(QStringLiteral("How well he has settled, and what that adds to the runs of an over"));
   QHBoxLayout* names = in_row({profile_}, 8, nullptr);

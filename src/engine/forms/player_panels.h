@@ -27,18 +27,18 @@ class PlayerPanel : public QWidget {
   Q_OBJECT
 
  public:
-  /// The photo's width and height in pixels.
-  void set_photo_size(QSize size);
-  /// With room to spare the answer of the level in use stands in words as well.
-  void set_roomy(bool roomy);
   QPushButton* aggression() const { return aggression_; }
   LevelSegments* levels() const { return levels_; }
   QPushButton* profile() const { return profile_; }
 
   /// Without what a tall window adds, so that it can become a low one again.
   QSize minimumSizeHint() const override;
+  QSize sizeHint() const override { return minimumSizeHint(); }
 
  protected:
+  /// With room to spare the answer of the level in use stands in words as well, and the photo grows.
+  void resizeEvent(QResizeEvent* event) override;
+
   /// `whose` and `number` make the names of the controls; `key` is that of the aggression, and with Ctrl the profile's.
   PlayerPanel(const QString& whose, int slot, Qt::Key key, QSize photo, QWidget* parent);
 

@@ -29,12 +29,12 @@ RatesPanel::Cell RatesPanel::new_cell(const QString& name) {
 RatesPanel::RatesPanel(const match_state& match, QWidget* parent) : QFrame(parent), match_(match) {
   setProperty("card", true);
   auto* rows = new QVBoxLayout(this);
-  rows->setContentsMargins(16, 8, 16, 8);
+  rows->setContentsMargins(12, 8, 12, 8);
   rows->setSpacing(4);
   title_ = new_named_label(QStringLiteral("rates_title"), {}, TextRole::strong);
   rows->addWidget(title_);
   auto* grid = new QGridLayout;
-  grid->setHorizontalSpacing(12);
+  grid->setHorizontalSpacing(8);
   grid->setVerticalSpacing(6);
   for (int i = 0; i < 7; ++i) {
     Cell& cell = cells_[static_cast<std::size_t>(i)];
@@ -47,11 +47,11 @@ RatesPanel::RatesPanel(const match_state& match, QWidget* parent) : QFrame(paren
   for (int column = 0; column < 4; ++column) grid->setColumnStretch(column, 1);
   rows->addLayout(grid);
   auto* comparing = new QHBoxLayout;
-  comparing->setSpacing(12);
-  comparison_ = new_named_label(QStringLiteral("stage_overs"), {}, TextRole::muted);
-  now_ = new_named_label(QStringLiteral("score_now"), {});
-  then_ = new_named_label(QStringLiteral("score_then"), {});
-  stage_ = new_label(QStringLiteral("After"), TextRole::muted);
+  comparing->setSpacing(8);
+  comparison_ = new_named_label(QStringLiteral("stage_overs"), {}, TextRole::small_muted);
+  now_ = new_named_label(QStringLiteral("score_now"), {}, TextRole::small_muted);
+  then_ = new_named_label(QStringLiteral("score_then"), {}, TextRole::small_muted);
+  stage_ = new_label(QStringLiteral("After"), TextRole::small_muted);
   comparing->addWidget(stage_);
   comparing->addWidget(comparison_);
   comparing->addWidget(now_);
@@ -80,6 +80,7 @@ void RatesPanel::refresh() {
   for (QLabel* label : {stage_, comparison_}) label->setVisible(!view.stage_overs.empty());
   now_->setText(shown(view.score_now));
   then_->setText(shown(view.score_then));
+  for (QLabel* label : {now_, then_}) label->setVisible(view.chase);
 }
 
 }  // namespace velorin

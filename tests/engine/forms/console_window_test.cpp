@@ -544,13 +544,15 @@ TEST_F(ConsoleWindowTest, WiderWindowsHaveMoreColumns) {
   press(window, "choose_batting");
   EXPECT_TRUE(control<QWidget>(window, "batting_so_far")->isVisible());
   EXPECT_FALSE(control<QWidget>(window, "attack")->isVisible());
-  for (const QSize size : {QSize(1024, 768), QSize(1920, 1080), QSize(3840, 2160)}) {
+  for (const QSize size : {QSize(1024, 768), QSize(1920, 1080), QSize(3440, 1440), QSize(3840, 2160)}) {
     window.resize(size);
     QTest::qWait(10);
     SCOPED_TRACE(size.width());
     check_window(window);
     take_picture(window, qPrintable(QStringLiteral("console_%1").arg(size.width())));
     EXPECT_EQ(control<QWidget>(window, "attack")->isVisible(), size.width() > 1600);
+    const auto* list = control<QListView>(window, "commentary");
+    EXPECT_TRUE(list->viewport()->rect().contains(list->visualRect(list->currentIndex()))) << "the newest row";
     EXPECT_TRUE(control<QWidget>(window, "batting_so_far")->isVisible());
   }
 }
