@@ -60,7 +60,11 @@ commentary_row ball_row(const told_innings& innings, const delivery& ball, line_
   const std::size_t from = row.bowler.size() + std::string(" to ").size();
   const std::size_t to = line.rfind(" : ");
   if (to != std::string::npos && to >= from) row.batsman = line.substr(from, to - from);
-  if (row.kind == line_kind::wicket && row.lines.size() > 2) row.brief = row.lines[2];
+  if (row.kind == line_kind::wicket && row.lines.size() > 2) {
+    // The third line begins with his name, which the row has.
+    const std::string& card = row.lines[2];
+    row.brief = card.rfind(row.batsman, 0) == 0 ? card.substr(row.batsman.size()) : card;
+  }
   return row;
 }
 

@@ -166,8 +166,11 @@ class RowPainter : public QStyledItemDelegate {
     if (row.kind != line_kind::wicket) return;
     painter.setFont(type_font(TypeStep::small));
     const int left = line.left() + place_width;
-    paint_text(painter, QRect(left, rect.top() + ball_height - 4, rect.right() - 6 - left, wicket_height - ball_height),
-               shown_caption(row.brief).simplified());
+    // What he made stands at the end and stays whole.
+    const QRect under(left, rect.top() + ball_height - 4, rect.right() - 6 - left, wicket_height - ball_height);
+    const QString brief = shown_caption(row.brief).simplified();
+    painter.drawText(under, Qt::AlignLeft | Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(brief, Qt::ElideMiddle, under.width()));
   }
 
   /// Both names; the longer loses letters where there is no room.
