@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -88,7 +89,7 @@ class CommentaryModel : public QAbstractListModel {
 };
 
 QRect outcome_place(const QRect& row, const QString& symbol) {
-  const int wide = static_cast<int>(chip_width(symbol, chip_size) + 0.5);
+  const int wide = static_cast<int>(std::lround(chip_width(symbol, chip_size)));
   return {row.right() - 6 - wide, row.top() + (ball_height - chip_size) / 2, wide, chip_size};
 }
 

@@ -206,14 +206,6 @@ void ConsoleWindow::ask_to_quit() {
   if (yes) end_program(0);
 }
 
-ConsoleWindow::Arrangement ConsoleWindow::arrangement() const {
-  constexpr int wide_from = 1600;
-  constexpr int large_from = 2600;
-  constexpr int large_height = 1800;
-  if (width() < wide_from) return Arrangement::narrow;
-  return width() >= large_from && height() >= large_height ? Arrangement::large : Arrangement::wide;
-}
-
 void ConsoleWindow::resizeEvent(QResizeEvent* event) {
   Form::resizeEvent(event);
   arrange(arrangement());

@@ -114,7 +114,9 @@ double CourseChart::find_highest() const {
     }
   }
   // What is asked for from the last balls knows no bounds; the line leaves the chart there.
-  return kind_ == Kind::rates ? std::min(top, 18.0) : top;
+  // Lines keep off the caption.
+  constexpr double above_lines = 1.08;
+  return kind_ == Kind::runs ? top : above_lines * (kind_ == Kind::rates ? std::min(top, 18.0) : top);
 }
 
 QRectF CourseChart::plot() const { return QRectF(rect()).adjusted(value_room, head, -margin, -foot); }
