@@ -32,7 +32,7 @@ TEST_F(GuidedMatch, SixHintsComeEachAtItsPlace) {
       const QString words = hint->findChild<QLabel*>(QStringLiteral("hint_text"))->text();
       told << window.objectName() + u'|' + words;
       EXPECT_TRUE(window.rect().contains(hint->geometry()));
-      check_window(window);
+      check_controls(window);
       press(*hint, "got_it");
       QCoreApplication::sendPostedEvents(hint, QEvent::DeferredDelete);
     }

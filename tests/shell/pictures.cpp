@@ -11,8 +11,8 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <set>
 #include <functional>
+#include <set>
 #include <vector>
 
 #include "browsers/record_lists.h"
