@@ -19,6 +19,7 @@
 #include "competitions/world_cup.h"
 #include "competitions/world_cup_form.h"
 #include "database/configuration.h"
+#include "desktop/frame.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/theme.h"
@@ -171,7 +172,9 @@ void measure() {
   QtFrontEnd shown_by(tested_game);
   const front_end_scope in_use(shown_by);
   times.asked();
-  MenuWindow menu(shown_by);
+  Frame frame;
+  MenuWindow menu(shown_by, &frame);
+  frame.show();
   menu.show();
   times.opened(menu);
   menu.start();

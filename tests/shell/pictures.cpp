@@ -45,6 +45,29 @@ void take(QWidget& form, const char* name) {
   if (!window.grab().save(path)) std::fprintf(stderr, "not written: %s\n", qPrintable(path));
 }
 
+/// Bowls an over at a pace that can be followed, and keeps a small picture of each moment.
+void film_over(QWidget& console) {
+  const std::filesystem::path frames = folder.toStdString() + "/film";
+  std::filesystem::create_directories(frames);
+  int number = 0;
+  const auto keep = [&] {
+    const QPixmap picture = console.window()->grab().scaledToWidth(800, Qt::SmoothTransformation);
+    const QString name = QStringLiteral("%1.png").arg(number++, 2, 10, QLatin1Char('0'));
+    picture.toImage()
+        .convertToFormat(QImage::Format_RGB888)
+        .save(QString::fromStdString(frames.string()) + u'/' + name);
+  };
+  keep();
+  QTimer clock;
+  QObject::connect(&clock, &QTimer::timeout, &console, keep);
+  clock.start(260);
+  preferences::set_pace(Pace::quick);
+  press(console, "next_over");
+  preferences::set_pace(Pace::instant);
+  clock.stop();
+  keep();
+}
+
 void open(MenuWindow& menu, const char* panel, const char* entry) {
   press(menu, panel);
   press(menu, entry);
@@ -70,7 +93,12 @@ void picture_match(MenuWindow& menu) {
     press(window, "accept_first_team");
   });
   bool taken = false;
+  bool filmed = false;
   user.robot.always("main", [&](QWidget& window) {
+    if (match.first_total == 0 && match.over_no == 12 && !filmed) {
+      filmed = true;
+      return film_over(window);
+    }
     if (match.first_total == 0 || match.over_no < 31 || taken) return press(window, "next_over");
     taken = true;
     take(window, "console");
