@@ -7,6 +7,8 @@
 #include <QPainterPath>
 
 #include "desktop/accessible_role.h"
+#include "desktop/crest.h"
+#include "desktop/portrait.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -42,7 +44,14 @@ PhotoView::PhotoView(const QString& name, QSize size, QWidget* parent) : QWidget
   setAccessibleName(QString::fromLatin1(no_photo));
 }
 
-void PhotoView::show_photo(const QString& player, const std::optional<std::filesystem::path>& file) {
+void PhotoView::show_photo(const QString& player, const std::optional<std::filesystem::path>& file,
+                           const QString& team) {
+  if (player.trimmed() != player_ || team != team_) {
+    player_ = player.trimmed();
+    team_ = team;
+    portrait_ = {};
+    update();
+  }
   const QString path = file ? QString::fromStdString(file->string()) : QString();
   if (path != file_) {
     file_ = path;
@@ -61,6 +70,14 @@ void PhotoView::set_size(QSize size) {
   setFixedSize(size);
 }
 
+const QPixmap& PhotoView::portrait() {
+  const double ratio = devicePixelRatioF();
+  if (portrait_.isNull() || portrait_.size() != size() * ratio) {
+    portrait_ = svg_picture(portrait_svg(player_, team_), size(), ratio);
+  }
+  return portrait_;
+}
+
 void PhotoView::paintEvent(QPaintEvent*) {
   const Theme& t = theme();
   QPainter painter(this);
@@ -69,7 +86,9 @@ void PhotoView::paintEvent(QPaintEvent*) {
   QPainterPath frame;
   frame.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
   painter.setClipPath(frame);
-  if (photo_.isNull()) {
+  if (shows_portrait()) {
+    painter.drawPixmap(rect(), portrait());
+  } else if (photo_.isNull()) {
     painter.fillRect(rect(), t.card_raised);
     painter.setPen(t.muted);
     painter.setFont(type_font(TypeStep::small));

@@ -93,6 +93,9 @@ void set_quick_answers(QuickAnswers answers) {
 bool stops_for(message_kind kind) { return number(message_key(kind), 1, 1) == 1; }
 void set_stops_for(message_kind kind, bool on) { settings().setValue(message_key(kind), on ? 1 : 0); }
 
+bool moments() { return number(QStringLiteral("moments"), 1, 1) == 1; }
+void set_moments(bool on) { settings().setValue(QStringLiteral("moments"), on ? 1 : 0); }
+
 QByteArray geometry(const QString& window) {
   return settings().value(QStringLiteral("windows/") + window).toByteArray();
 }

@@ -86,6 +86,10 @@ void set_quick_answers(QuickAnswers answers);
 bool stops_for(message_kind kind);
 void set_stops_for(message_kind kind, bool on);
 
+/// Whether great moments are celebrated; on at first.
+bool moments();
+void set_moments(bool on);
+
 /// Place and size of a window; empty before it was first closed.
 QByteArray geometry(const QString& window);
 void set_geometry(const QString& window, const QByteArray& geometry);

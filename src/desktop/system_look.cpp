@@ -22,13 +22,15 @@ struct SystemLook {
 
 SystemLook& system_look() { return of_application<SystemLook>(); }
 
-/// The desktop portal's word on a setting of appearance; -1 where there is none to ask.
-int portal_value(const char* key) {
+constexpr const char* appearance_settings = "org.freedesktop.appearance";
+
+/// The desktop portal's word on a setting; -1 where there is none to ask.
+int portal_value(const char* settings, const char* key) {
   if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return -1;
   QDBusMessage question = QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
       QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("Read"));
-  question << QStringLiteral("org.freedesktop.appearance") << QString::fromLatin1(key);
+  question << QString::fromLatin1(settings) << QString::fromLatin1(key);
   constexpr int patience = 200;  // milliseconds
   const QDBusMessage answer = QDBusConnection::sessionBus().call(question, QDBus::Block, patience);
   if (answer.type() != QDBusMessage::ReplyMessage || answer.arguments().isEmpty()) return -1;
@@ -46,13 +48,18 @@ void note_system_palette() {
 }
 
 bool system_is_dark() {
-  const int preferred = portal_value("color-scheme");  // 1 dark, 2 light
+  const int preferred = portal_value(appearance_settings, "color-scheme");  // 1 dark, 2 light
   if (preferred == 1) return true;
   if (preferred == 2) return false;
   return system_look().dark_palette;
 }
 
-bool system_wants_contrast() { return portal_value("contrast") == 1; }
+bool system_wants_contrast() { return portal_value(appearance_settings, "contrast") == 1; }
+
+bool system_wants_stillness() {
+  return portal_value(appearance_settings, "reduced-motion") == 1 ||
+         portal_value("org.gnome.desktop.interface", "enable-animations") == 0;
+}
 
 void on_system_look_change(std::function<void()> act) {
   SettingsWatcher& watcher = system_look().watcher;

@@ -14,6 +14,8 @@ void note_system_palette();
 bool system_is_dark();
 /// The user has asked his desktop for more contrast.
 bool system_wants_contrast();
+/// The user has asked his desktop for less motion.
+bool system_wants_stillness();
 
 /// Calls `act` when the desktop's settings change. One call at a time is kept.
 void on_system_look_change(std::function<void()> act);

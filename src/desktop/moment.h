@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace velorin {
+
+/// What a moment is for.
+enum class MomentKind { champions, hundred, five_wickets, last_ball_win };
+
+/// Whether things may move over `widget`: neither its style nor the user's desktop has asked for less of it.
+bool may_move(const QWidget& widget);
+
+/// Shows a quiet banner with `words` over the upper part of a widget for a second and a half. It takes no input and no
+/// focus, and goes by itself; another one over the same widget takes its place. Nothing is shown where the user has
+/// turned moments off in the settings, or where nothing may move. Returns at once.
+void celebrate(QWidget& over, MomentKind kind, const QString& words);
+
+}  // namespace velorin
