@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/crest.h"
 
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QIconEngine>
 #include <QPainter>
@@ -9,6 +10,7 @@
 
 #include "desktop/accessible_role.h"
 #include "desktop/crest_svg.h"
+#include "desktop/form.h"
 #include "desktop/name_draw.h"
 
 namespace velorin {
@@ -66,6 +68,7 @@ QPixmap svg_picture(const QString& svg, QSize size, double ratio) {
 QIcon crest_icon(const QString& team) { return plain_name(team).isEmpty() ? QIcon() : QIcon(new CrestEngine(team)); }
 
 void show_crests(QComboBox& teams) {
+  teams.setIconSize({20, 20});
   for (int i = 0; i < teams.count(); ++i) teams.setItemIcon(i, crest_icon(teams.itemText(i)));
 }
 
@@ -80,6 +83,14 @@ void CrestView::show_team(const QString& team) {
   team_ = team;
   setAccessibleName(plain_name(team).isEmpty() ? QString() : QStringLiteral("Crest of %1").arg(team.trimmed()));
   update();
+}
+
+CrestView* add_head_crest(Form& form, const QString& name) {
+  auto* crest = new CrestView(name, 44);
+  auto* row = qobject_cast<QBoxLayout*>(form.findChild<QWidget*>(QStringLiteral("head"))->layout());
+  row->insertSpacing(0, 24);
+  row->insertWidget(1, crest);
+  return crest;
 }
 
 void CrestView::paintEvent(QPaintEvent*) {

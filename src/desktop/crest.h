@@ -21,6 +21,8 @@ QIcon crest_icon(const QString& team);
 /// Puts its crest before every team of a list; for lists whose items are names of teams.
 void show_crests(QComboBox& teams);
 
+class Form;
+
 /// A team's crest of a fixed size; empty without a name.
 class CrestView : public QWidget {
   Q_OBJECT
@@ -40,5 +42,8 @@ class CrestView : public QWidget {
   int size_;
   QString team_;
 };
+
+/// Puts a crest before the heading of a form, for it to show a team.
+CrestView* add_head_crest(Form& form, const QString& name);
 
 }  // namespace velorin

@@ -3,14 +3,21 @@
 
 #include <QWidget>
 
+#include "desktop/ground_scene.h"
+
 namespace velorin {
 
-/// The picture of the opening form: a ground at the start of play, painted in the colours of the theme.
+/// A picture of a ground: its sky and light by the hour, clouds by the weather, what stands behind it by the country;
+/// painted for the theme.
 class GroundPicture : public QWidget {
   Q_OBJECT
 
  public:
   explicit GroundPicture(const QString& name, QWidget* parent = nullptr);
+
+  /// Where and when it is; without it a ground anywhere, early in a clear afternoon.
+  void set_scene(const GroundScene& scene);
+  const GroundScene& scene() const { return scene_; }
 
   /// Words over the picture: a large line and a smaller one.
   void set_words(const QString& title, const QString& below);
@@ -19,6 +26,7 @@ class GroundPicture : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  GroundScene scene_;
   QString title_;
   QString below_;
 };

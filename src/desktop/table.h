@@ -22,6 +22,7 @@ struct TableColumn {
   bool numbers = false;    ///< aligned to the right
   QString spoken = {};     ///< what screen readers call it, where the heading is empty
   bool stretches = false;  ///< takes what width is left; without any such column the first one that is no number does
+  bool teams = false;      ///< its cells name teams, whose crests stand before them
 };
 
 struct TableRow {

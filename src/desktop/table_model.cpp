@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -99,6 +100,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
       return cell.text;
+    case Qt::DecorationRole:
+      return column.teams && !cell.text.isEmpty() ? QVariant(crest_icon(cell.text)) : QVariant();
     case Qt::UserRole:
       return sort_value(cell.text);
     case Qt::TextAlignmentRole:

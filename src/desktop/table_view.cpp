@@ -85,6 +85,7 @@ TableView::TableView(const QString& name, QWidget* parent)
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setAlternatingRowColors(true);
   setShowGrid(false);
+  setIconSize({18, 18});
   setWordWrap(false);
   setTabKeyNavigation(false);
   setCornerButtonEnabled(false);

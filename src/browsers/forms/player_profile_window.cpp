@@ -15,6 +15,7 @@
 #include "browsers/forms/figure_grid.h"
 #include "browsers/player_profile.h"
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/meter_bar.h"
 #include "desktop/photo_view.h"
 #include "desktop/program_end.h"
@@ -113,6 +114,7 @@ QWidget* PlayerProfileWindow::new_lists() {
   row->setContentsMargins(0, 0, 0, 0);
   teams_ = new_list(QStringLiteral("teams"), form_.teams, form_.chosen_team);
   players_ = new_list(QStringLiteral("players"), form_.players, form_.chosen_player);
+  show_crests(*teams_);
   row->addWidget(new_caption(shown(player_profile_form::team_caption), u'T', teams_));
   row->addWidget(teams_);
   row->addSpacing(24);
@@ -224,7 +226,7 @@ void PlayerProfileWindow::refresh() {
   show_block(batting_, QStringLiteral("batting"), form_.batting);
   show_block(bowling_, QStringLiteral("bowling"), form_.bowling);
   show_block(fielding_, QStringLiteral("fielding"), form_.fielding);
-  photo_->show_photo(shown(form_.person.front().text), form_.photo);
+  photo_->show_photo(shown(form_.person.front().text), form_.photo, teams_->currentText());
 }
 
 void PlayerProfileWindow::show_standing() {

@@ -24,6 +24,7 @@ namespace {
 /// The columns that share what width is left.
 constexpr std::array<std::string_view, 3> wide_columns = {"Player", "Players", "Team"};
 constexpr std::array<std::string_view, 2> wide_without_men = {"For", "Against"};
+constexpr std::array<std::string_view, 3> team_columns = {"Team", "For", "Against"};
 
 template <class Names>
 bool is_in(std::string_view heading, const Names& names) {
@@ -39,7 +40,8 @@ Table table_of(const shown_table& shown_table, bool ranked) {
     table.columns.push_back(
         {.heading = shown_caption(column.heading),
          .numbers = column.aligned == alignment::right,
-         .stretches = men ? is_in(column.heading, wide_columns) : is_in(column.heading, wide_without_men)});
+         .stretches = men ? is_in(column.heading, wide_columns) : is_in(column.heading, wide_without_men),
+         .teams = is_in(column.heading, team_columns)});
   }
   int index = 0;
   for (const shown_table::row& row : shown_table.rows) {

@@ -15,6 +15,7 @@
 #include "browsers/team_records.h"
 #include "database/open_database.h"
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
@@ -60,6 +61,7 @@ TeamRecordsWindow::TeamRecordsWindow(front_end& user, const open_database& datab
                                      QWidget* parent)
     : Form(QStringLiteral("teamdet"), Dismissal::closes, parent), form_(form), user_(user), data_(database) {
   body()->setSpacing(16);
+  crest_ = add_head_crest(*this, QStringLiteral("crest"));
   auto* rows = new_column(body(), 1280);
   rows->addWidget(new_list());
   auto* upper = new QHBoxLayout;
@@ -94,6 +96,7 @@ QWidget* TeamRecordsWindow::new_list() {
   teams_->setObjectName(QStringLiteral("teams"));
   teams_->setMinimumWidth(240);
   for (const std::string& team : form_.teams) teams_->addItem(shown(team));
+  show_crests(*teams_);
   teams_->setCurrentIndex(form_.chosen_team);
   row->addWidget(new_caption(shown(team_records_form::team_caption), u'S', teams_));
   row->addWidget(teams_);
@@ -154,6 +157,7 @@ QWidget* TeamRecordsWindow::new_individual() {
 
 void TeamRecordsWindow::refresh() {
   set_title(shown(form_.title), shown(form_.title));
+  crest_->show_team(teams_->currentText());
   results_->set_table(results_table(form_));
   results_->show_all_rows();
   ranking_->setText(shown(form_.world_ranking.caption) + shown(form_.world_ranking.text));

@@ -14,6 +14,7 @@ namespace velorin {
 class front_end;
 struct open_database;
 
+class CrestView;
 class TableView;
 struct team_records_form;
 
@@ -37,6 +38,7 @@ class TeamRecordsWindow : public Form {
 
   team_records_form& form_;
   QComboBox* teams_;
+  CrestView* crest_;
   TableView* results_;
   QLabel* ranking_;
   std::array<QLabel*, 4> extremes_;

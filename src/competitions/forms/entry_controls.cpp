@@ -18,6 +18,7 @@
 #include "competitions/match_entry.h"
 #include "database/open_database.h"
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/form.h"
 #include "desktop/message_window.h"
 #include "desktop/program_end.h"
@@ -37,6 +38,7 @@ QComboBox* new_team_list(const QString& name, const std::vector<team_entry>& tea
   const int first = or_none ? 1 : 0;
   if (or_none) list->addItem(QString());
   for (const team_entry& team : teams) list->addItem(shown(team.name), team.record);
+  show_crests(*list);
   list->setCurrentIndex(chosen + first);
   QObject::connect(list, &QComboBox::currentIndexChanged, list,
                    [choose = std::move(choose), first](int index) { guarded([&] { choose(index - first); }); });

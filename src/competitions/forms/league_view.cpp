@@ -18,7 +18,7 @@ TableView* new_league_view(const QString& name, const QString& title, std::span<
   const bool any_human = std::find(human.begin(), human.end(), true) != human.end();
   Table table;
   table.name = title;
-  table.columns.push_back({.heading = QStringLiteral("Team"), .stretches = true});
+  table.columns.push_back({.heading = QStringLiteral("Team"), .stretches = true, .teams = true});
   if (any_human) table.columns.push_back({.heading = {}, .spoken = QStringLiteral("Captain")});
   for (const char* heading : {"Played", "Won", "Lost", "Tied", headings.points, headings.rate}) {
     table.columns.push_back({.heading = QString::fromLatin1(heading), .numbers = true});

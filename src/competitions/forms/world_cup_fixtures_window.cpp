@@ -63,10 +63,10 @@ Table fixtures_table(const world_cup_record& world_cup, const world_cup_fixtures
   table.name = QStringLiteral("World Cup Fixtures");
   table.order = RowOrder::fixed;  // it is a part of the list
   table.columns.push_back({.heading = QStringLiteral("Match No.")});
-  table.columns.push_back({.heading = QStringLiteral("Team A")});
+  table.columns.push_back({.heading = QStringLiteral("Team A"), .teams = true});
   if (with_captains) table.columns.push_back({.heading = {}, .spoken = QStringLiteral("Captain of Team A")});
   table.columns.push_back({.heading = {}, .spoken = QStringLiteral("vs")});
-  table.columns.push_back({.heading = QStringLiteral("Team B")});
+  table.columns.push_back({.heading = QStringLiteral("Team B"), .teams = true});
   if (with_captains) table.columns.push_back({.heading = {}, .spoken = QStringLiteral("Captain of Team B")});
   table.columns.push_back({.heading = {}, .spoken = QStringLiteral("at")});
   table.columns.push_back({.heading = QStringLiteral("Venue"), .stretches = true});

@@ -124,14 +124,16 @@ QSize PlayerPanel::minimumSizeHint() const {
   return least;
 }
 
-void PlayerPanel::show_man(const open_database& database, const QString& shown_name, const std::string& player) {
+void PlayerPanel::show_man(const open_database& database, const QString& shown_name, const std::string& player,
+                           const std::string& team) {
   const QString text = button_text(shown_name);
   if (profile_->text() != text) profile_->setText(text);
-  if (profile_->property("player").toString() == shown(player) && profile_->property("asked").toBool()) return;
-  profile_->setProperty("player", shown(player));
+  const QString man = shown(player + '/' + team);
+  if (profile_->property("player").toString() == man && profile_->property("asked").toBool()) return;
+  profile_->setProperty("player", man);
   profile_->setProperty("asked", true);
   profile_->setAccessibleName(QStringLiteral("Profile of %1").arg(shown(player)));
-  photo_->show_photo(shown(player), player.empty() ? std::nullopt : console_photo(database, player));
+  photo_->show_photo(shown(player), player.empty() ? std::nullopt : console_photo(database, player), shown(team));
 }
 
 void PlayerPanel::show_aggression(const std::string& player, int level, const aggression_odds& odds, bool enabled) {
@@ -169,7 +171,7 @@ BatsmanPanel::BatsmanPanel(const match_state& match, const open_database& databa
 void BatsmanPanel::refresh() {
   const batsman_view view = view_batsman(match_, slot_);
   const std::string& player = match_.batting_card[view.position].name;
-  show_man(data_, shown(view.name), player);
+  show_man(data_, shown(view.name), player, match_.team1_name);
   runs_->setText(QStringLiteral("%1 (%2)").arg(view.runs).arg(view.balls));
   rest_->setText(QStringLiteral("4s %1  6s %2").arg(view.fours).arg(view.sixes));
   const over_share share = batsman_in_last_over(match_, view.position);
@@ -210,7 +212,7 @@ void BowlerPanel::refresh() {
   const bowlers_view view = view_bowlers(match_);
   const std::string& player = slot_ == 0 ? view.bowler : view.next_bowler;
   const int position = slot_ == 0 ? match_.bowler : match_.next_bowler;
-  show_man(data_, shown(player), player);
+  show_man(data_, shown(player), player, match_.team2_name);
   if (slot_ == 0) {
     const std::string* const texts[] = {&view.overs, &view.maidens, &view.runs, &view.wickets};
     for (std::size_t i = 0; i < 4; ++i) figures_[i]->setText(shown(*texts[i]));

@@ -44,7 +44,8 @@ class PlayerPanel : public QWidget {
 
   void lay_out(std::initializer_list<QLayout*> rows);
   /// Photos are looked for on disk only when another man comes.
-  void show_man(const open_database& database, const QString& shown_name, const std::string& player);
+  void show_man(const open_database& database, const QString& shown_name, const std::string& player,
+                const std::string& team);
   void show_aggression(const std::string& player, int level, const aggression_odds& odds, bool enabled);
 
   int slot_;

@@ -7,6 +7,7 @@
 
 #include "console/console_view.h"
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/shown_text.h"
 #include "model/match_state.h"
 
@@ -41,6 +42,7 @@ Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(pare
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(24, 8, 24, 8);
   row->setSpacing(16);
+  row->addWidget(crest_ = new CrestView(QStringLiteral("batting_crest"), 44));
   row->addWidget(side_, 0, Qt::AlignVCenter);
   row->addWidget(score_, 0, Qt::AlignVCenter);
   row->addLayout(stacked({overs_, rate_}, Qt::AlignLeft));
@@ -61,6 +63,7 @@ Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(pare
 void Scoreboard::refresh() {
   const score_view view = view_score(match_);
   side_->setText(shown(view.batting_short_name));
+  crest_->show_team(shown(view.batting_team));
   score_->setText(shown(view.score));
   overs_->setText(shown(view.overs));
   rate_->setText(QStringLiteral("Run rate %1").arg(shown(view.run_rate).trimmed()));

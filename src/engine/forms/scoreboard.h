@@ -9,6 +9,8 @@ namespace velorin {
 
 struct match_state;
 
+class CrestView;
+
 /// The head of the console: score, overs, rate, what is needed, ground and clock.
 class Scoreboard : public QWidget {
   Q_OBJECT
@@ -19,6 +21,7 @@ class Scoreboard : public QWidget {
   void refresh();
 
  private:
+  CrestView* crest_;
   QLabel* side_;
   QLabel* score_;
   QLabel* overs_;

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "console/captain_forms.h"
+#include "desktop/crest.h"
 #include "desktop/shown_text.h"
 #include "reports/forms/batting_card_view.h"
 #include "reports/forms/report_parts.h"
@@ -19,6 +20,7 @@ FirstScorecardWindow::FirstScorecardWindow(front_end& user, const first_scorecar
   set_title(QStringLiteral("Scorecard - 1st Innings"), shown(form_.batting_side));
   set_subheading(shown(form_.ground));
   name_head(*this, QStringLiteral("batting_side"), QStringLiteral("ground"));
+  add_head_crest(*this, QStringLiteral("crest"))->show_team(shown(form_.batting_side));
   new_column(*this, widest_card)
       ->addWidget(new BattingCardView(form_,
                                       [this](int place) {

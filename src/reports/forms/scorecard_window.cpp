@@ -9,6 +9,7 @@
 
 #include "console/captain_forms.h"
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/shown_text.h"
 #include "reports/forms/batting_card_view.h"
 #include "reports/forms/report_parts.h"
@@ -57,6 +58,7 @@ ScorecardWindow::ScorecardWindow(const match_play& play, const scorecard_form& f
   set_title(QStringLiteral("Scorecard"), shown(form_.batting_side));
   set_subheading(shown(form_.ground));
   name_head(*this, QStringLiteral("batting_side"), QStringLiteral("ground"));
+  add_head_crest(*this, QStringLiteral("crest"))->show_team(shown(form_.batting_side));
   body()->setContentsMargins(24, 12, 24, 12);
   column_ = new_column(*this, widest_card);
   column_->addWidget(new BattingCardView(form_,

@@ -13,6 +13,7 @@
 
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -46,6 +47,14 @@ QHBoxLayout* new_captains(const char* side, const QString& team, bool& cpu, QWid
   return row;
 }
 
+/// The crest of the team that a list has chosen.
+CrestView* new_crest(const QComboBox& list, const QString& name) {
+  auto* crest = new CrestView(name, 80);
+  crest->show_team(list.currentText());
+  QObject::connect(&list, &QComboBox::currentTextChanged, crest, &CrestView::show_team);
+  return crest;
+}
+
 }  // namespace
 
 NewMatchWindow::NewMatchWindow(match_state& match, new_match_form& form, QWidget* parent)
@@ -74,9 +83,15 @@ NewMatchWindow::NewMatchWindow(const QString& name, match_state& match, new_matc
   const auto add_team = [&](const char* caption, char16_t mnemonic, QComboBox* list, const char* side, bool& cpu) {
     QFrame* card = new_card();
     QLabel* heading = new_caption(QString::fromLatin1(caption), mnemonic, list);
-    card_rows(card)->addWidget(heading);
-    card_rows(card)->addWidget(list);
-    card_rows(card)->addLayout(new_captains(side, spoken_name(QString::fromLatin1(caption)), cpu, card));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(16);
+    row->addWidget(new_crest(*list, QStringLiteral("%1_crest").arg(QLatin1String(side))));
+    auto* rows = new QVBoxLayout;
+    rows->addWidget(heading);
+    rows->addWidget(list);
+    rows->addLayout(new_captains(side, spoken_name(QString::fromLatin1(caption)), cpu, card));
+    row->addLayout(rows, 1);
+    card_rows(card)->addLayout(row);
     teams->addWidget(card, 1);
   };
   first_ = new_team_list("first_team", form.first_team_index, &new_match_form::choose_first_team);
@@ -120,9 +135,10 @@ NewMatchWindow::NewMatchWindow(const QString& name, match_state& match, new_matc
 QComboBox* NewMatchWindow::new_team_list(const char* name, int chosen, void (new_match_form::*choose)(int)) {
   auto* list = new QComboBox;
   list->setObjectName(QString::fromLatin1(name));
-  list->setMinimumWidth(240);
+  list->setMinimumWidth(200);
   list->setMaxVisibleItems(20);
   for (const team_entry& team : form_.teams) list->addItem(shown(team.name), team.record);
+  show_crests(*list);
   list->setCurrentIndex(chosen);
   connect(list, &QComboBox::currentIndexChanged, this, [this, choose](int index) {
     guarded([&] {

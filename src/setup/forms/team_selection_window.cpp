@@ -9,6 +9,7 @@
 
 #include "desktop/banded_grid.h"
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "model/match_state.h"
@@ -41,6 +42,7 @@ TeamSelectionWindow::TeamSelectionWindow(const match_state& match, team_selectio
     : Form(QStringLiteral("Teamsel"), Dismissal::refused, parent), form_(form), match_(match) {
   limit_body(1320);
   set_title(shown(form.title()), shown(form.heading()));
+  add_head_crest(*this, QStringLiteral("crest"))->show_team(shown(form.heading()));
   counter_ = new_named_label(QStringLiteral("selected_count"), {}, TextRole::strong);
   auto* grid = new BandedGrid(2);
   // Twenty rows have to fit the smallest screen.

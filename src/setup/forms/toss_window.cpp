@@ -11,6 +11,7 @@
 
 #include "desktop/accessible_role.h"
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
 #include "setup/forms/leaving.h"
@@ -62,13 +63,17 @@ TossWindow::TossWindow(toss_form& form, QWidget* parent)
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(24);
   grid->setVerticalSpacing(8);
-  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(2, 1);
   deciding_ = new_named_label(QStringLiteral("deciding_line"), {}, TextRole::heading);
   other_ = new_named_label(QStringLiteral("other_line"), {}, TextRole::heading);
   grid->addWidget(new_label(QStringLiteral("To bat or to bowl"), TextRole::muted), 0, 0);
-  grid->addWidget(deciding_, 0, 1);
+  deciding_crest_ = new CrestView(QStringLiteral("deciding_crest"), 40);
+  other_crest_ = new CrestView(QStringLiteral("other_crest"), 40);
+  grid->addWidget(deciding_crest_, 0, 1);
+  grid->addWidget(other_crest_, 1, 1);
+  grid->addWidget(deciding_, 0, 2);
   grid->addWidget(new_label(QStringLiteral("The other side"), TextRole::muted), 1, 0);
-  grid->addWidget(other_, 1, 1);
+  grid->addWidget(other_, 1, 2);
   card_rows(card)->addLayout(grid);
   stages_ = new QStackedWidget;
   stages_->addWidget(new Coin);
@@ -105,6 +110,8 @@ void TossWindow::show_stage() {
   set_title(QStringLiteral("The toss"), shown(form_.headline));
   deciding_->setText(shown(form_.deciding_line));
   other_->setText(shown(form_.other_line));
+  deciding_crest_->show_team(deciding_->text());
+  other_crest_->show_team(other_->text());
   const bool coin = form_.coin_visible;
   stages_->setCurrentIndex(coin ? 0 : 1);
   bat_->setEnabled(form_.bat_enabled);

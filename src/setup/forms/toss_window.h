@@ -9,6 +9,7 @@ class QStackedWidget;
 
 namespace velorin {
 
+class CrestView;
 struct toss_form;
 
 /// The toss: the coin first, then the decision.
@@ -26,6 +27,8 @@ class TossWindow : public Form {
 
   toss_form& form_;
   QStackedWidget* stages_;
+  CrestView* deciding_crest_;
+  CrestView* other_crest_;
   QLabel* deciding_;
   QLabel* other_;
   QPushButton* heads_;
