@@ -14,6 +14,7 @@
 #include "competitions/forms/tri_series_table_window.h"
 #include "competitions/forms/world_cup_fixtures_window.h"
 #include "competitions/forms/world_cup_tables_window.h"
+#include "competitions/next_match.h"
 #include "competitions/series.h"
 #include "competitions/tri_series.h"
 #include "competitions/world_cup_fixtures.h"
@@ -26,11 +27,13 @@
 #include "console/forms/next_batsman_window.h"
 #include "desktop/frame.h"
 #include "desktop/message_window.h"
+#include "desktop/moment.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "engine/forms/console_window.h"
 #include "engine/over_play.h"
+#include "model/rules.h"
 #include "reports/bowling_figures.h"
 #include "reports/forms/bowling_card_window.h"
 #include "reports/forms/first_bowling_card_window.h"
@@ -114,9 +117,33 @@ bool QtFrontEnd::passes_by(message_kind kind, const std::string& text) const {
   return true;
 }
 
+void QtFrontEnd::celebrate_message(const message_box& message) {
+  if (console_ == nullptr) return;
+  const match_state& match = game_.match;
+  const auto celebrated = [&](MomentKind kind) {
+    celebrate(*console_->window(), kind, shown(message.text).simplified());
+  };
+  if (message.kind == message_kind::bowling_milestone) celebrated(MomentKind::five_wickets);
+  if (message.kind == message_kind::batting_milestone) {
+    // A hundred is told as soon as it is reached: within one stroke of it.
+    const auto just = [&](int position) {
+      const int runs = match.batting_card[static_cast<std::size_t>(position)].runs;
+      return runs >= century && runs < century + six_runs;
+    };
+    if (just(match.striker) || just(match.non_striker)) celebrated(MomentKind::hundred);
+  }
+  if (message.kind != message_kind::end_of_match) return;
+  // Won with the last ball that could win it, or held by less than a stroke.
+  const bool made = match.decided == match_decision::wickets && match.innings_balls == balls_of_innings - 1;
+  const bool held = match.decided == match_decision::runs && match.innings_balls == balls_of_innings &&
+                    match.first_total - match.score_runs < six_runs;
+  if (made || held) celebrated(MomentKind::last_ball_win);
+}
+
 void QtFrontEnd::show(const message_box& message) {
   if (unstopped_.answers_match()) return;
   refresh_console();
+  celebrate_message(message);
   if (passes_by(message.kind, message.text)) return;
   MessageWindow window(message);
   run_modal(window);
@@ -281,6 +308,10 @@ void QtFrontEnd::show(world_cup_fixtures_form& form) {
 
 void QtFrontEnd::show(world_cup_tables_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
+  const QWidget* before = front_window();
+  if (before != nullptr && !next_match(game_.world_cup) && !form.winners_line.empty()) {
+    celebrate(*before->window(), MomentKind::champions, shown(form.winners_line).simplified());
+  }
   show_standings<WorldCupTablesWindow>(form, reports_, game_.world_cup);
 }
 
