@@ -71,7 +71,7 @@ void paint_palms(const GroundPart& g) {
   const QColor trunk = g.lit(0x7A5C3C, 0x3A2E22);
   for (int i = 0; i < 9; ++i) {
     const double foot = g.x((i + draw.below(60) / 100.0) / 9);
-    const double tall = g.y(0.09 + draw.below(7) / 100.0);
+    const double tall = g.y(0.07 + draw.below(4) / 100.0);
     const QPointF crown(foot + g.x((draw.below(5) - 2) / 100.0), base - tall);
     QPainterPath stem(QPointF(foot, base));
     stem.quadTo(QPointF(foot, base - tall * 0.5), crown);
@@ -82,7 +82,7 @@ void paint_palms(const GroundPart& g) {
     for (const double turn : {-1.0, -0.75, -0.4, 0.4, 0.75, 1.0}) {
       QPainterPath frond(crown);
       const double reach = g.x(0.045) * turn;
-      frond.quadTo(crown + QPointF(reach * 0.5, -g.y(0.03)),
+      frond.quadTo(crown + QPointF(reach * 0.5, -g.y(0.022)),
                    crown + QPointF(reach, g.y(0.012) * std::abs(turn) * 2 - g.y(0.008)));
       g.painter.drawPath(frond);
     }
@@ -95,7 +95,7 @@ void paint_skyline(const GroundPart& g) {
   double left = 0;
   while (left < 1) {
     const double wide = 0.035 + draw.below(5) / 100.0;
-    const double tall = 0.05 + draw.below(13) / 100.0;
+    const double tall = 0.04 + draw.below(8) / 100.0;
     const QRectF house(g.x(left), g.y(ground_horizon - tall), g.x(wide), g.y(tall));
     g.painter.setBrush(draw.below(2) == 0 ? g.lit(0x8FA3B3, 0x24303A) : g.lit(0xA5B5C0, 0x2B3843));
     g.painter.drawRect(house);
@@ -111,10 +111,10 @@ void paint_skyline(const GroundPart& g) {
 
 void paint_tiers(const GroundPart& g) {
   const double base = g.y(ground_horizon);
-  const double top = g.y(ground_horizon - 0.15);
+  const double top = g.y(ground_horizon - 0.115);
   QPainterPath bowl(QPointF(0, base));
   bowl.lineTo(0, top);
-  bowl.quadTo(g.x(0.5), top + g.y(0.07), g.x(1), top);
+  bowl.quadTo(g.x(0.5), top + g.y(0.06), g.x(1), top);
   bowl.lineTo(g.x(1), base);
   g.painter.setBrush(g.lit(0x6E8796, 0x222E36));
   g.painter.drawPath(bowl);
@@ -124,11 +124,11 @@ void paint_tiers(const GroundPart& g) {
   for (int row = 0; row < 6; ++row) {
     for (int seat = 0; seat < 70; ++seat) {
       const double across = (seat + 0.5) / 70;
-      const double sag = 0.07 * 2 * across * (1 - across);
+      const double sag = 0.06 * 2 * across * (1 - across);
       const QRgb shirt = shirts[static_cast<std::size_t>(draw.below(5))];
       if (draw.below(5) == 0) continue;
       g.painter.setBrush(g.lit(shirt, QColor(shirt).darker(260).rgb()));
-      g.painter.drawEllipse(QPointF(g.x(across), top + g.y(sag + 0.018 + 0.016 * row)), g.x(0.004), g.x(0.004));
+      g.painter.drawEllipse(QPointF(g.x(across), top + g.y(sag + 0.014 + 0.0125 * row)), g.x(0.004), g.x(0.004));
     }
   }
 }
@@ -138,10 +138,10 @@ void paint_behind(const GroundPart& g) {
     case Backdrop::trees:
       return paint_trees(g, 1);
     case Backdrop::hills:
-      paint_ridge(g, g.lit(0x7FA08E, 0x223229), 0.15, false);
+      paint_ridge(g, g.lit(0x7FA08E, 0x223229), 0.11, false);
       return paint_trees(g, 0.55);
     case Backdrop::mountains:
-      paint_ridge(g, g.lit(0x8C9DAF, 0x26313E), 0.19, true);
+      paint_ridge(g, g.lit(0x8C9DAF, 0x26313E), 0.125, true);
       return paint_trees(g, 0.55);
     case Backdrop::palms:
       paint_ridge(g, g.lit(0x8DB0A8, 0x21332F), 0.08, false);
@@ -156,7 +156,7 @@ void paint_behind(const GroundPart& g) {
 
 /// Masts with lamps, lit at night.
 void paint_lamps(const GroundPart& g) {
-  for (const double at : {0.035, 0.47, 0.95}) {
+  for (const double at : {0.59, 0.95}) {
     const double top = g.y(ground_horizon - 0.2);
     g.painter.setPen(QPen(g.lit(0x8A949A, 0x3A444A), std::max(2.0, g.x(0.006))));
     g.painter.drawLine(QPointF(g.x(at), g.y(ground_horizon)), QPointF(g.x(at), top));
@@ -181,10 +181,10 @@ void paint_sky(const GroundPart& g) {
   sky.setColorAt(1, g.light.sky_low);
   g.painter.fillRect(QRectF(0, 0, g.all.width(), g.y(ground_horizon)), sky);
   g.painter.setPen(Qt::NoPen);
-  // From the left at six to the right at nineteen; the moon stands still.
+  // From the middle at six to the right at nineteen, clear of the words; the moon stands still.
   const double day = (g.scene.minutes - 6 * 60) / (13.0 * 60);
   const QPointF at = g.light.night ? QPointF(g.x(0.8), g.y(0.08))
-                                   : QPointF(g.x(0.12 + 0.76 * day), g.y(0.06 + 0.8 * (day - 0.5) * (day - 0.5)));
+                                   : QPointF(g.x(0.62 + 0.3 * day), g.y(0.06 + 0.8 * (day - 0.5) * (day - 0.5)));
   if (g.scene.weather >= 3) {
     QColor disc(g.light.night ? 0xE8ECF4 : 0xFFF1C2);
     if (g.dark && !g.light.night) disc = QColor(0xD9C58E);

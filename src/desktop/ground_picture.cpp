@@ -3,6 +3,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <algorithm>
 
 #include "desktop/ground_backdrop.h"
 #include "desktop/theme.h"
@@ -112,6 +113,8 @@ void GroundPicture::set_words(const QString& title, const QString& below) {
 
 void GroundPicture::set_scene(const GroundScene& scene) {
   scene_ = scene;
+  scene_.minutes = std::clamp(scene.minutes, 0, 24 * 60 - 1);
+  scene_.weather = std::clamp(scene.weather, 1, 4);
   update();
 }
 

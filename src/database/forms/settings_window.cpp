@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "database/forms/settings_window.h"
 
+#include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QFileDialog>
@@ -16,6 +17,7 @@
 #include "desktop/controls.h"
 #include "desktop/message_kinds.h"
 #include "desktop/message_window.h"
+#include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/question.h"
 #include "desktop/shown_text.h"
@@ -67,6 +69,7 @@ SettingsWindow::SettingsWindow(const open_database& database, settings_form& for
   add_database();
   add_folder();
   add_sample();
+  add_moments();
   body()->addStretch(1);
   add_button(QStringLiteral("messages"),
              {.caption = QStringLiteral("Messages"),
@@ -214,6 +217,18 @@ void SettingsWindow::add_sample() {
   show_sample();
 }
 
+void SettingsWindow::add_moments() {
+  moments_ = new QCheckBox(button_text(QStringLiteral("Celebrate great moments"), u'M'));
+  moments_->setObjectName(QStringLiteral("moments"));
+  moments_->setAccessibleName(QStringLiteral("Celebrate great moments"));
+  moments_->setToolTip(
+      QStringLiteral("A short banner for champions, hundreds, five wickets and wins with the last ball (Alt+M)"));
+  moments_->setChecked(preferences::moments());
+  QFrame* card = new_card();
+  card_rows(card)->addWidget(moments_);
+  body()->addWidget(card);
+}
+
 std::optional<long> SettingsWindow::ask_color(long present) {
   const std::optional<QColor> chosen = choosers_.color(this, shown_color(present));
   if (!chosen) return std::nullopt;
@@ -231,7 +246,9 @@ void SettingsWindow::confirm() {
     MessageWindow window({message->title, message->text});
     run_modal(window);
   }
-  if (form_.closed) accept();
+  if (!form_.closed) return;
+  preferences::set_moments(moments_->isChecked());
+  accept();
 }
 
 }  // namespace velorin

@@ -7,6 +7,7 @@
 
 #include "desktop/form.h"
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -19,7 +20,8 @@ struct open_database;
 
 struct settings_form;
 
-/// The settings: database, folder of the photos, colours of exported pages. Closing it keeps the former ones.
+/// The settings: database, folder of the photos, colours of exported pages, and whether moments are
+/// celebrated. Closing it keeps the former ones.
 class SettingsWindow : public Form {
   Q_OBJECT
 
@@ -41,6 +43,7 @@ class SettingsWindow : public Form {
   void add_careers(QVBoxLayout* rows);
   void add_folder();
   void add_sample();
+  void add_moments();
   void browse();
   void show_database_note();
   /// What becomes of careers and records follows the database chosen.
@@ -59,6 +62,7 @@ class SettingsWindow : public Form {
   QLineEdit* folder_ = nullptr;
   QLabel* folder_note_ = nullptr;
   QLabel* sample_ = nullptr;
+  QCheckBox* moments_ = nullptr;
   const open_database& data_;
 };
 

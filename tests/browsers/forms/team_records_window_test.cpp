@@ -10,6 +10,7 @@
 
 #include "browsers/forms/browser_fixture.h"
 #include "browsers/team_records.h"
+#include "desktop/crest.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 #include "support/game_in_play.h"
@@ -71,6 +72,7 @@ TEST_F(TeamRecordsWindowTest, ShowsTheChosenTeam) {
   for (int team = 0; team < 4; ++team) {
     list->setCurrentIndex(team);
     EXPECT_EQ(form.chosen_team, team);
+    EXPECT_EQ(control<CrestView>(window, "crest")->team(), list->itemText(team));
     EXPECT_EQ(window.windowTitle(), "Team Records - " + list->currentText());
     check_contents(window);
     check_window_at_sizes(window);

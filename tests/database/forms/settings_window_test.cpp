@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +11,7 @@
 
 #include "database/database_fixture.h"
 #include "database/settings_form.h"
+#include "desktop/preferences.h"
 #include "support/game_in_play.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
@@ -56,6 +58,24 @@ TEST_F(SettingsWindowTest, PassesTheChecks) {
   take_picture(window, "optfrm");
   check_window_at_sizes(window);
   EXPECT_EQ(window.windowTitle(), "Configurations");
+}
+
+TEST_F(SettingsWindowTest, MomentsAreTurnedOffWithTheOkAlone) {
+  data.settings = {folder.string(), "alpha", "1F4D3A", "F4F1E6", ""};
+  form_.open();
+  {
+    SettingsWindow window(data, form_);
+    EXPECT_TRUE(control<QCheckBox>(window, "moments")->isChecked());
+    control<QCheckBox>(window, "moments")->click();
+    window.reject();
+  }
+  EXPECT_TRUE(preferences::moments());
+  SettingsWindow window(data, form_);
+  window.show();
+  control<QCheckBox>(window, "moments")->click();
+  press(window, "accept");
+  EXPECT_FALSE(preferences::moments());
+  preferences::set_moments(true);
 }
 
 TEST_F(SettingsWindowTest, ShowsTheSettings) {

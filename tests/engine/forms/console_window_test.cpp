@@ -15,7 +15,12 @@
 #include <map>
 
 #include "console/commentary_rows.h"
+#include "desktop/crest.h"
+#include "desktop/photo_view.h"
 #include "desktop/program_end.h"
+#include "desktop/table_view.h"
+#include "desktop/team_colors.h"
+#include "desktop/theme.h"
 #include "engine/ball_odds.h"
 #include "engine/forms/attack_list.h"
 #include "engine/forms/commentary_list.h"
@@ -396,6 +401,30 @@ TEST_F(ConsoleWindowTest, PicturesAreToldToScreenReaders) {
     EXPECT_EQ(told->role(), QAccessible::Graphic) << name;
     EXPECT_FALSE(told->text(QAccessible::Name).isEmpty()) << name;
   }
+}
+
+TEST_F(ConsoleWindowTest, CrestAndPortraitsAreThoseOfTheSides) {
+  ConsoleWindow& window = open(false, true);
+  const auto* crest = control<CrestView>(window, "batting_crest");
+  EXPECT_EQ(QString::fromStdString(match.team1_name), crest->team());
+  const auto shows = [&](const char* photo, const std::string& team) {
+    const QImage picture = control<PhotoView>(window, photo)->grab().toImage();
+    const QColor cap = team_colors(QString::fromStdString(team)).body;
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) {
+        if (picture.pixelColor(x, y) == cap) return true;
+      }
+    }
+    return false;
+  };
+  for (const char* photo : {"batsman_photo_0", "batsman_photo_1", "bowler_photo_0", "bowler_photo_1"}) {
+    EXPECT_TRUE(control<PhotoView>(window, photo)->shows_portrait()) << photo;
+    EXPECT_EQ(control<PhotoView>(window, photo)->accessibleName(), "No Pic Available") << photo;
+  }
+  EXPECT_TRUE(shows("batsman_photo_0", match.team1_name));
+  EXPECT_FALSE(shows("batsman_photo_0", match.team2_name));
+  EXPECT_TRUE(shows("bowler_photo_0", match.team2_name));
+  EXPECT_FALSE(shows("bowler_photo_0", match.team1_name));
 }
 
 TEST_F(ConsoleWindowTest, TheAttackShowsItsFigures) {

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "desktop/crest.h"
 #include "desktop/shown_text.h"
 #include "reports/forms/batting_card_view.h"
 #include "reports/forms/first_scorecard_window.h"
@@ -66,6 +67,7 @@ TEST_F(ScorecardWindowTest, ShowsTheCard) {
   window.show();
   expect_card(window, card);
   EXPECT_EQ(text_of(window, "batting_side"), "Northland");
+  EXPECT_EQ(control<CrestView>(window, "crest")->team(), "Northland");
   EXPECT_EQ(window.windowTitle(), "Scorecard");
   EXPECT_TRUE(control<QPushButton>(window, "accept")->isDefault());
 }
@@ -251,6 +253,7 @@ TEST_F(FirstScorecardWindowTest, ShowsTheCard) {
   window.show();
   expect_card(window, card);
   EXPECT_EQ(text_of(window, "batting_side"), "South Isles");
+  EXPECT_EQ(control<CrestView>(window, "crest")->team(), "South Isles");
   EXPECT_TRUE(text_of(window, "wickets_and_overs").startsWith(" ("));
   EXPECT_EQ(control<QPushButton>(window, "show_bowling")->text().remove('&'), "1st Innings Bowling Figures");
   EXPECT_EQ(control<QPushButton>(window, "show_partnerships")->text().remove('&'), "1st Innings Partnerships");

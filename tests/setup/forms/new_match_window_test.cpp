@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "desktop/crest.h"
 #include "desktop/message_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
@@ -101,6 +102,19 @@ TEST_F(NewMatchWindowTest, TheGroundsFollowTheTeams) {
   EXPECT_EQ(form_.ground_name(), "Crown & Anchor Oval");
   control<QComboBox>(window, "second_team")->setCurrentIndex(1);
   EXPECT_EQ(texts(*grounds), (QStringList{"Harbour Park", "Crown & Anchor Oval", "Green Lane", "Mill Field"}));
+}
+
+TEST_F(NewMatchWindowTest, TheCrestsFollowTheTeams) {
+  open(three);
+  NewMatchWindow window(match, form_);
+  const auto* crest = control<CrestView>(window, "first_crest");
+  EXPECT_EQ(crest->team(), "Brook");
+  EXPECT_EQ(control<CrestView>(window, "second_crest")->team(), "Carse");
+  auto* first = control<QComboBox>(window, "first_team");
+  first->setCurrentIndex(0);
+  EXPECT_EQ(crest->team(), "Alba");
+  EXPECT_EQ(crest->accessibleName(), "Crest of Alba");
+  for (int team = 0; team < first->count(); ++team) EXPECT_FALSE(first->itemIcon(team).isNull());
 }
 
 TEST_F(NewMatchWindowTest, ChoicesReachTheForm) {

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "desktop/crest.h"
 #include "model/match_state.h"
 #include "setup/forms/check_leaving.h"
 #include "setup/toss.h"
@@ -53,6 +54,8 @@ TEST_F(TossWindowTest, PassesTheChecksAtBothStages) {
   EXPECT_EQ(text(window, "headline"), "Home have won the toss.");
   EXPECT_EQ(text(window, "deciding_line"), "Home");
   EXPECT_EQ(text(window, "other_line"), "Away");
+  EXPECT_EQ(control<CrestView>(window, "deciding_crest")->team(), "Home");
+  EXPECT_EQ(control<CrestView>(window, "other_crest")->team(), "Away");
   EXPECT_FALSE(is_shown(window, "heads"));
   EXPECT_FALSE(is_shown(window, "tails"));
   EXPECT_TRUE(enabled(window, "bat"));
