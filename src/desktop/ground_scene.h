@@ -12,7 +12,7 @@ namespace velorin {
 struct GroundScene {
   QString country;        ///< empty: a ground anywhere
   int minutes = 13 * 60;  ///< the time of day since midnight, 0 to 1439
-  int weather = 1;        ///< 1 clear to 4 overcast
+  int weather = 3;        ///< as in a match: 1 rain, 2 overcast, 3 sunshine, 4 haze
 };
 
 /// What stands behind the ground.
