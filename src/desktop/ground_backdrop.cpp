@@ -16,7 +16,7 @@ namespace {
 
 void paint_clouds(const GroundPart& g) {
   NameDraw draw(g.scene.country + QStringLiteral("/clouds"));
-  const int count = static_cast<int>(g.light.cloud * 11 + 0.5);
+  const int count = static_cast<int>(std::lround(g.light.cloud * 11));
   QColor cloud = g.light.night || g.dark ? g.light.sky_low.lighter(118) : QColor(0xFFFFFF);
   cloud.setAlphaF(g.scene.weather <= 2 ? 0.4F : 0.75F);
   g.painter.setBrush(cloud);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <iterator>
 
 #include "desktop/name_draw.h"
@@ -50,7 +51,7 @@ constexpr CountryBackdrop country_backdrops[] = {
 };
 
 QColor sky_mix(const QColor& a, const QColor& b, double share) {
-  const auto channel = [share](int from, int to) { return static_cast<int>(from + (to - from) * share + 0.5); };
+  const auto channel = [share](int from, int to) { return static_cast<int>(std::lround(from + (to - from) * share)); };
   return {channel(a.red(), b.red()), channel(a.green(), b.green()), channel(a.blue(), b.blue())};
 }
 
