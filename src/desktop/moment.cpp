@@ -7,6 +7,7 @@
 #include <QPainterPath>
 #include <QStyle>
 #include <QVariantAnimation>
+#include <QWidget>
 #include <algorithm>
 #include <cmath>
 
