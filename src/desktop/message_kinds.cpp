@@ -13,10 +13,10 @@ namespace velorin {
 
 const std::vector<message_kind>& passing_kinds() {
   static const std::vector<message_kind> kinds = {
-      message_kind::toss_call,       message_kind::opening_bowlers, message_kind::batting_milestone,
-      message_kind::stand_milestone, message_kind::fall_of_wicket,  message_kind::bowling_milestone,
-      message_kind::bowler_change,   message_kind::full_quota,      message_kind::end_of_innings,
-      message_kind::end_of_match,
+      message_kind::toss_call,         message_kind::opening_bowlers, message_kind::batting_milestone,
+      message_kind::hundred,           message_kind::stand_milestone, message_kind::fall_of_wicket,
+      message_kind::bowling_milestone, message_kind::bowler_change,   message_kind::full_quota,
+      message_kind::end_of_innings,    message_kind::end_of_match,
   };
   return kinds;
 }
@@ -34,7 +34,9 @@ QString name_of(message_kind kind) {
     case message_kind::fall_of_wicket:
       return QStringLiteral("Falls of wicket");
     case message_kind::batting_milestone:
-      return QStringLiteral("Fifties and hundreds");
+      return QStringLiteral("Fifties of a batsman");
+    case message_kind::hundred:
+      return QStringLiteral("Hundreds of a batsman");
     case message_kind::bowling_milestone:
       return QStringLiteral("Five wickets");
     case message_kind::stand_milestone:

@@ -32,9 +32,10 @@ QString unstopped_key(const QString& form) { return QStringLiteral("without_stop
 
 /// The names stand in users' files, and do not change.
 QString message_key(message_kind kind) {
-  constexpr const char* names[] = {"other",           "toss_call",      "opening_bowlers",   "bowler_change",
-                                   "full_quota",      "fall_of_wicket", "batting_milestone", "bowling_milestone",
-                                   "stand_milestone", "end_of_innings", "end_of_match"};
+  constexpr const char* names[] = {
+      "other",          "toss_call",         "opening_bowlers", "bowler_change",     "full_quota",
+      "fall_of_wicket", "batting_milestone", "hundred",         "bowling_milestone", "stand_milestone",
+      "end_of_innings", "end_of_match"};
   return QStringLiteral("stops_for/") + QLatin1String(names[static_cast<std::size_t>(kind)]);
 }
 

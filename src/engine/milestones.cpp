@@ -41,10 +41,10 @@ void announce(match_state& match, std::string title, std::string text, message_k
   if (match.human_involved()) match.announcements.push_back({std::move(title), std::move(text), kind});
 }
 
-void announce_batsman(match_state& match, const batting_card_rec& man, const char* gap, const char* words) {
+void announce_batsman(match_state& match, const batting_card_rec& man, const char* gap, const milestone& reached) {
   announce(match, man.name + " - Batting achievement",
-           man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + words,
-           message_kind::batting_milestone);
+           man.name + gap + number_text(int(man.runs)) + "(" + number_text(int(man.balls)) + reached.words,
+           reached.runs % century == 0 ? message_kind::hundred : message_kind::batting_milestone);
 }
 
 /// Steps 1 to 4 for one of the two batsmen. True if he has reached the milestone of the step.
@@ -53,7 +53,7 @@ bool check_batsman(match_state& match, int step, const milestone& reached, int p
   if (man.runs < reached.runs) return false;
   std::uint8_t& known = match.batting_step[position];
   if (known >= step) return true;
-  if (enter(reached.list, man.name)) announce_batsman(match, man, gap, reached.words);
+  if (enter(reached.list, man.name)) announce_batsman(match, man, gap, reached);
   // A man without a name is never found on a list, and so never known.
   if (!man.name.empty()) known = static_cast<std::uint8_t>(step);
   return true;

@@ -13,7 +13,8 @@ enum class message_kind : std::uint8_t {
   bowler_change,
   full_quota,
   fall_of_wicket,
-  batting_milestone,
+  batting_milestone,  ///< of fifty runs and its odd multiples
+  hundred,            ///< of a hundred runs and its multiples
   bowling_milestone,
   stand_milestone,
   end_of_innings,

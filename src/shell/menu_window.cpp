@@ -3,6 +3,7 @@
 
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDateTime>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -38,6 +39,10 @@ MenuWindow::MenuWindow(QtFrontEnd& shown_by, QWidget* parent)
   auto* picture = new GroundPicture(QStringLiteral("picture"));
   picture->set_words(QStringLiteral("Velorin"), QStringLiteral("One-day international cricket"));
   picture->setMinimumSize(320, 320);
+  // The hour of the user's day, at home with the side of his last match; another weather each day.
+  const QDateTime now = QDateTime::currentDateTime();
+  picture->set_scene(
+      {preferences::last_sides().first, now.time().hour() * 60 + now.time().minute(), 1 + now.date().dayOfYear() % 4});
   row->addWidget(picture, 3);
   auto* side = new QWidget;
   side->setMinimumWidth(360);

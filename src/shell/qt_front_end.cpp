@@ -124,14 +124,7 @@ void QtFrontEnd::celebrate_message(const message_box& message) {
     celebrate(*console_->window(), kind, shown(message.text).simplified());
   };
   if (message.kind == message_kind::bowling_milestone) celebrated(MomentKind::five_wickets);
-  if (message.kind == message_kind::batting_milestone) {
-    // A hundred is told as soon as it is reached: within one stroke of it.
-    const auto just = [&](int position) {
-      const int runs = match.batting_card[static_cast<std::size_t>(position)].runs;
-      return runs >= century && runs < century + six_runs;
-    };
-    if (just(match.striker) || just(match.non_striker)) celebrated(MomentKind::hundred);
-  }
+  if (message.kind == message_kind::hundred) celebrated(MomentKind::hundred);
   if (message.kind != message_kind::end_of_match) return;
   // Won with the last ball that could win it, or held by less than a stroke.
   const bool made = match.decided == match_decision::wickets && match.innings_balls == balls_of_innings - 1;

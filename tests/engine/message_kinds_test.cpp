@@ -24,6 +24,7 @@ class listening_user : public headless_user {
 
   void show(const message_box& message) override {
     EXPECT_NE(message.kind, message_kind::other) << message.title << ": " << message.text;
+    EXPECT_EQ(message.kind == message_kind::hundred, message.text.find("entury!") != std::string::npos) << message.text;
     kinds.insert(message.kind);
   }
   void show(batsman_details_form& form) override {
@@ -48,8 +49,8 @@ TEST(MessageKinds, EveryMessageOfPlayHasOne) {
   EXPECT_GT(user.falls, 100);
   for (const message_kind kind :
        {message_kind::opening_bowlers, message_kind::bowler_change, message_kind::batting_milestone,
-        message_kind::bowling_milestone, message_kind::stand_milestone, message_kind::end_of_innings,
-        message_kind::end_of_match}) {
+        message_kind::hundred, message_kind::bowling_milestone, message_kind::stand_milestone,
+        message_kind::end_of_innings, message_kind::end_of_match}) {
     EXPECT_TRUE(user.kinds.contains(kind)) << static_cast<int>(kind);
   }
 }

@@ -73,7 +73,7 @@ SettingsWindow::SettingsWindow(const open_database& database, settings_form& for
   body()->addStretch(1);
   add_button(QStringLiteral("messages"),
              {.caption = QStringLiteral("Messages"),
-              .mnemonic = u'M',
+              .mnemonic = u's',
               .hint = QStringLiteral("Which messages of a match the game stops for")},
              [this] {
                MessageKindsWindow kinds(this);

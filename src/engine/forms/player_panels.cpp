@@ -108,8 +108,9 @@ void PlayerPanel::resizeEvent(QResizeEvent* event) {
   constexpr int highest_photo = 150;
   int spare = height() - minimumSizeHint().height();
   const int words = answer_->minimumSizeHint().height() + layout()->spacing();
-  answer_->setVisible(spare >= words);
-  if (spare >= words) spare -= words;
+  // Two panels in a card may differ by a pixel, and show the same all the same.
+  answer_->setVisible(spare + 1 >= words);
+  spare = answer_->isHidden() ? 0 : std::max(0, spare - words);
   const int tall = std::clamp(least_photo_.height() + spare, least_photo_.height(), highest_photo);
   photo_->set_size({std::max(least_photo_.width(), tall * 9 / 11), tall});
 }

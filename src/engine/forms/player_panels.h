@@ -33,8 +33,6 @@ class PlayerPanel : public QWidget {
 
   /// Without what a tall window adds, so that it can become a low one again.
   QSize minimumSizeHint() const override;
-  /// The same, so that two panels share a height alike whatever they show.
-  QSize sizeHint() const override { return minimumSizeHint(); }
   QSize sizeHint() const override { return minimumSizeHint(); }
 
  protected:
