@@ -20,6 +20,7 @@
 #include "competitions/world_cup_form.h"
 #include "database/configuration.h"
 #include "desktop/frame.h"
+#include "desktop/ground_picture.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/theme.h"
@@ -283,6 +284,8 @@ void take_all() {
   menu.show();
   QTimer::singleShot(0, &menu, [&] {
     menu.start();
+    // The same hour in every run.
+    menu.findChild<GroundPicture*>(QStringLiteral("picture"))->set_scene({QStringLiteral("Australia"), 16 * 60, 3});
     take(menu, "menu");
     picture_match(menu);
     picture_sheets(menu);
@@ -317,6 +320,7 @@ int main(int argc, char** argv) {
   ::testing::InitGoogleTest();
   QApplication application(argc, argv);
   preferences::use_file(own.filePath(QStringLiteral("preferences.ini")));
+  preferences::set_moments(false);
   preferences::set_pace(Pace::instant);
   const std::string look = argc > 3 ? argv[3] : "light";
   apply_theme(look == "dark" ? Appearance::dark : look == "contrast" ? Appearance::high_contrast : Appearance::light);
