@@ -3,6 +3,7 @@
 
 #include <QButtonGroup>
 #include <QFrame>
+#include <QLabel>
 #include <QRadioButton>
 #include <QVBoxLayout>
 

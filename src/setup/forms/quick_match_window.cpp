@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "desktop/controls.h"
+#include "desktop/shown_text.h"
 
 namespace velorin {
 
