@@ -145,11 +145,12 @@ std::vector<double> play_match(OpeningTimes& times, QtFrontEnd& shown_by, Clicki
 }
 
 /// A series of one match between two computer sides, in milliseconds.
-double unattended_series(QtFrontEnd& shown_by, bool without_stopping, ClickingUser& user) {
+double unattended_series(OpeningTimes& times, QtFrontEnd& shown_by, bool without_stopping, ClickingUser& user) {
   preferences::set_plays_without_stopping(QStringLiteral("series1"), without_stopping);
-  user.robot.next("series1", [](QWidget& window) { press(window, "accept"); });
+  user.robot.next("series1", then_ask(times, [](QWidget& window) { press(window, "accept"); }));
   QElapsedTimer clock;
   clock.start();
+  times.asked();
   menu::new_series(shown_by);
   return static_cast<double>(clock.nsecsElapsed()) / 1e6;
 }
@@ -182,8 +183,8 @@ void measure() {
   ClickingUser user;
   open_everything(times, shown_by, user);
   tell("over_with_every_refresh", play_match(times, shown_by, user));
-  tell("unattended_series_with_stops", {unattended_series(shown_by, false, user)});
-  tell("unattended_series_without_stops", {unattended_series(shown_by, true, user)});
+  tell("unattended_series_with_stops", {unattended_series(times, shown_by, false, user)});
+  tell("unattended_series_without_stops", {unattended_series(times, shown_by, true, user)});
   for (const auto& [name, taken] : times.taken) tell("open_window/" + name, taken);
   end_program(0);
 }
