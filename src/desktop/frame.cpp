@@ -369,7 +369,8 @@ void Frame::show_bar() {
   const Form& form = *waiting->form;
   QStringList trail;
   for (const Layer& layer : layers_) {
-    if (layer.form->place() != Form::Place::sheet) trail << title_of(*layer.form);
+    if (layer.form->place() == Form::Place::sheet) continue;
+    trail << (trail.isEmpty() ? QStringLiteral("Menu") : title_of(*layer.form));
   }
   const QString words = trail.join(QStringLiteral("  \u203A  "));
   trail_->setText(words);

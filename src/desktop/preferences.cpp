@@ -80,6 +80,13 @@ void set_last_sides(const LastSides& sides) {
   settings().setValue(QStringLiteral("last_match/ground"), sides.ground);
 }
 
+QVariantMap last_choices(const QString& form) {
+  return settings().value(QStringLiteral("last_choices/") + form).toMap();
+}
+void set_last_choices(const QString& form, const QVariantMap& chosen) {
+  settings().setValue(QStringLiteral("last_choices/") + form, chosen);
+}
+
 QuickAnswers quick_answers() {
   const auto answered = [](const char* key) { return number(QLatin1String(key), 1, 1) == 1; };
   return {answered("quick/conditions"), answered("quick/elevens"), answered("quick/toss"), answered("quick/openers")};

@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QString>
 #include <QStringList>
+#include <QVariantMap>
 
 #include "model/message_kind.h"
 
@@ -77,6 +78,10 @@ void set_guide_offered(bool offered);
 
 LastSides last_sides();
 void set_last_sides(const LastSides& sides);
+
+/// What was last chosen in a form, by its controls' names; nothing at first.
+QVariantMap last_choices(const QString& form);
+void set_last_choices(const QString& form, const QVariantMap& chosen);
 
 /// All of them at first.
 QuickAnswers quick_answers();

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -92,6 +93,11 @@ StepBar::StepBar(const std::vector<FlowStep>& steps, int current, QWidget* paren
     chosen->setObjectName(QStringLiteral("chosen_%1").arg(number));
     texts->addWidget(chosen);
     step->addLayout(texts, 1);
+    for (const QString& team : steps[i].teams) {
+      auto* crest = new CrestView(QStringLiteral("step_crest_%1").arg(step->count() - 1), 28);
+      crest->show_team(team);
+      step->addWidget(crest, 0, Qt::AlignVCenter);
+    }
     row->addLayout(step, 1);
     if (!steps[i].chosen.isEmpty()) spoken << QStringLiteral("%1: %2").arg(steps[i].name, steps[i].chosen);
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 #include <vector>
 
@@ -11,6 +12,7 @@ namespace velorin {
 struct FlowStep {
   QString name;
   QString chosen;
+  QStringList teams = {};  ///< whose crests stand beside it
 };
 
 /// Shows the steps of a flow side by side, what was chosen in each, and where one is. Takes no input.

@@ -78,19 +78,24 @@ class UnderWay {
 }  // namespace
 
 void new_match(QtFrontEnd& shown_by) {
-  const UnderWay under_way(shown_by, Activity::single_match);
-  new_match_form form(shown_by.play());
-  form.open();
-  show_form<NewMatchWindow>(form, shown_by.game().match);
+  {
+    const UnderWay under_way(shown_by, Activity::single_match);
+    new_match_form form(shown_by.play());
+    form.open();
+    show_form<NewMatchWindow>(form, shown_by.game().match);
+  }
+  if (shown_by.take_rematch()) quick_match(shown_by);
 }
 
 void quick_match(QtFrontEnd& shown_by) {
-  const UnderWay under_way(shown_by, Activity::single_match);
-  new_match_form form(shown_by.play());
-  form.open();
-  QuickMatchWindow window(shown_by.game().match, form,
-                          [&shown_by](QuickAnswers answers) { shown_by.answer_set_up(answers); });
-  run_modal(window);
+  do {
+    const UnderWay under_way(shown_by, Activity::single_match);
+    new_match_form form(shown_by.play());
+    form.open();
+    QuickMatchWindow window(shown_by.game().match, form,
+                            [&shown_by](QuickAnswers answers) { shown_by.answer_set_up(answers); });
+    run_modal(window);
+  } while (shown_by.take_rematch());
 }
 
 void new_series(QtFrontEnd& shown_by) {

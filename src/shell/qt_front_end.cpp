@@ -113,7 +113,9 @@ void QtFrontEnd::show_score() {
 
 bool QtFrontEnd::passes_by(message_kind kind, const std::string& text) const {
   if (kind == message_kind::other || (!quick_ && preferences::stops_for(kind))) return false;
-  if (auto* frame = frame_of(front_window())) frame->show_passing(shown(text).simplified());
+  const QString words = shown(text).simplified();
+  if (auto* frame = frame_of(front_window())) frame->show_passing(words);
+  if (console_ != nullptr) console_->message_passed(words);
   return true;
 }
 
@@ -277,6 +279,7 @@ void QtFrontEnd::show(match_report_form& form) {
   if (!form.attended()) return;
   refresh_console();
   MatchReportWindow window(form.report);
+  if (!reports_.keeps()) window.offer_rematch([this] { rematch_ = true; });
   run_modal(window);
 }
 
@@ -291,6 +294,10 @@ void QtFrontEnd::show(series_results_form& form) {
 
 void QtFrontEnd::show(tri_series_table_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
+  const QWidget* before = front_window();
+  if (before != nullptr && !form.final_result.empty()) {
+    celebrate(*before->window(), MomentKind::champions, shown(form.final_result).simplified());
+  }
   show_standings<TriSeriesTableWindow>(form, reports_);
 }
 

@@ -3,6 +3,7 @@
 
 #include <QPointer>
 #include <optional>
+#include <utility>
 
 #include "competitions/game_state.h"
 #include "competitions/world_cup_form.h"
@@ -58,6 +59,8 @@ class QtFrontEnd : public front_end {
   void activity_over();
   /// What the computer answers for the user until the first over of the next match, which then begins by itself.
   void answer_set_up(QuickAnswers answers) { quick_ = answers; }
+  /// The user has asked, at the end of a match, for the same sides again; once for each time.
+  bool take_rematch() { return std::exchange(rematch_, false); }
   game_state& game() { return game_; }
   /// The match in play, shown by this.
   match_play play() { return {game_.match, game_.chance, *this, game_.data}; }
@@ -80,6 +83,7 @@ class QtFrontEnd : public front_end {
   QPointer<Form> busy_;                     // the window below the progress: it takes no input meanwhile
   QPointer<MatchProgressWindow> progress_;  // while an unattended match runs; the window below it owns it
   std::optional<QuickAnswers> quick_;       // on the way to the first over of a quick match
+  bool rematch_ = false;
   UnstoppedPlay unstopped_;
   PlayedReports reports_;
   TurnWaiting turns_;

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is told in a match and needs no answer: declined once, a kind of messages stops play no more.
+#include <QAbstractItemView>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QTest>
 #include <map>
 
 #include "desktop/frame.h"
@@ -70,6 +74,38 @@ TEST_F(PassingMessages, TheBooksAreTheSame) {
     EXPECT_EQ(user.robot.met("message") > 0, stops);
   }
   EXPECT_EQ(books[0], books[1]);
+}
+
+TEST_F(PassingMessages, TheCommentaryHasARowForEach) {
+  for (const message_kind kind : passing_kinds()) preferences::set_stops_for(kind, false);
+  ClickingUser user;
+  QStringList rows;
+  QString copied;
+  user.robot.always("main", [&](QWidget& window) {
+    if (match.over_no == 50 && match.first_total == 0) {
+      auto* list = control<QAbstractItemView>(window, "commentary");
+      for (int row = 0; row < list->model()->rowCount(); ++row) {
+        const QModelIndex at = list->model()->index(row, 0);
+        rows << at.data().toString();
+        EXPECT_GT(list->visualRect(at).height(), 0);
+      }
+      list->selectAll();
+      QTest::keySequence(list, QKeySequence::Copy);
+      copied = QGuiApplication::clipboard()->text();
+    }
+    press(window, "next_over");
+  });
+  play_match(user, 3);
+  ASSERT_FALSE(rows.isEmpty());
+  int passed = 0;
+  for (const QString& row : rows) {
+    if (!row.contains(QLatin1String("run partnership!")) && !row.contains(QLatin1String(" has been replaced by ")))
+      continue;
+    ++passed;
+    EXPECT_FALSE(copied.contains(row)) << "it is no line of the commentary";
+  }
+  EXPECT_GE(passed, 2);
+  EXPECT_TRUE(copied.contains(QLatin1String("End of Over No.49"))) << copied.right(400).toStdString();
 }
 
 TEST_F(PassingMessages, TheBarTellsThemInPassing) {

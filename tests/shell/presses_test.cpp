@@ -3,6 +3,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <utility>
+#include <vector>
 
 #include "model/match_state.h"
 #include "shell/game_fixture.h"
@@ -73,6 +76,82 @@ TEST_F(Presses, AQuickMatchHasTheSidesOfTheLastOne) {
   EXPECT_EQ(sides[0], QStringLiteral("Ghent"));
   EXPECT_EQ(sides[1], QStringLiteral("Dorset"));
   EXPECT_EQ(sides.mid(0, 3), sides.mid(3, 3));
+}
+
+TEST_F(Presses, ARematchIsOfferedWhereAMatchEndsAndTakesTwo) {
+  ClickingUser user;
+  QStringList sides;
+  const auto note = [&](QWidget& window) {
+    for (const char* list : {"first_team", "second_team", "grounds"}) {
+      sides << control<QComboBox>(window, list)->currentText();
+    }
+  };
+  user.robot.next("teamfrm", [&](QWidget& window) {
+    ClickingUser::choose_match(window, 6, 3, true, false);
+    note(window);
+    press(window, "accept");
+  });
+  user.robot.next("matchrep", [](QWidget& window) { press(window, "rematch"); });  // the first press
+  user.robot.next("quick", [&](QWidget& window) {
+    EXPECT_FALSE(match.result_margin.empty()) << "the match before has come to its end";
+    note(window);
+    press(window, "accept");  // the second
+  });
+  play([&](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });
+  ASSERT_EQ(sides.size(), 6);
+  EXPECT_EQ(sides.mid(0, 3), sides.mid(3, 3));
+  EXPECT_EQ(user.robot.met("matchrep"), 2) << "played once more, and no third time";
+  EXPECT_EQ(user.robot.met("quick"), 1);
+}
+
+TEST_F(Presses, WhatWasPlayedOfACompetitionIsChosenAgainByOne) {
+  const std::vector<std::pair<const char*, const char*>> entries = {
+      {"series1", "new_series"}, {"series2", "tri_series"}, {"wctable", "world_cup"}};
+  for (const auto& [name, entry] : entries) {
+    SCOPED_TRACE(name);
+    preferences::set_last_choices(QString::fromLatin1(name), {});
+    preferences::set_plays_without_stopping(QString::fromLatin1(name), true);
+    ClickingUser user;
+    QStringList chosen;
+    const auto note = [&](QWidget& window) {
+      QStringList all;
+      for (const auto* list : window.findChildren<QComboBox*>()) all << list->currentText();
+      for (const auto* field : window.findChildren<QLineEdit*>()) all << field->text();
+      for (const auto* button : window.findChildren<QAbstractButton*>()) all << QString::number(button->isChecked());
+      chosen << all.join(u'|');
+    };
+    user.robot.next(name, [&](QWidget& window) {
+      EXPECT_EQ(window.findChild<QWidget*>(QStringLiteral("as_last_time")), nullptr) << "nothing was played";
+      const QList<QComboBox*> lists = window.findChildren<QComboBox*>();
+      // The first two lists of teams change their sides.
+      const int first = lists[0]->currentIndex();
+      lists[0]->setCurrentIndex(lists[1]->currentIndex());
+      lists[1]->setCurrentIndex(first);
+      for (auto* field : window.findChildren<QLineEdit*>()) field->setText(QStringLiteral("2"));
+      note(window);
+      press(window, "accept");
+    });
+    user.robot.next(name, [&](QWidget& window) {
+      // As it opens at first, wherever it stayed loaded.
+      const QList<QComboBox*> lists = window.findChildren<QComboBox*>();
+      lists[0]->setCurrentIndex(5);
+      lists[1]->setCurrentIndex(6);
+      press(window, "as_last_time");
+      chosen << QString();
+      QStringList all;
+      for (const auto* list : window.findChildren<QComboBox*>()) all << list->currentText();
+      for (const auto* field : window.findChildren<QLineEdit*>()) all << field->text();
+      chosen.last() = all.join(u'|');
+      press(window, "cancel");
+    });
+    play([&, entry = entry](MenuWindow& menu) {
+      choose(menu, "start_game", entry);
+      choose(menu, "start_game", entry);
+    });
+    ASSERT_EQ(chosen.size(), 2);
+    EXPECT_TRUE(chosen[0].startsWith(chosen[1])) << chosen[0].toStdString() << "\n" << chosen[1].toStdString();
+    preferences::set_plays_without_stopping(QString::fromLatin1(name), false);
+  }
 }
 
 TEST_F(Presses, WhatTheComputerAnswersIsShownAndCanBeChanged) {

@@ -13,6 +13,7 @@
 #include "database/open_database.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
+#include "desktop/last_choices.h"
 #include "model/match_state.h"
 #include "reports/worm_graph.h"
 
@@ -56,6 +57,7 @@ SeriesWindow::SeriesWindow(match_state& match, open_database& database, series_f
   body()->addStretch(1);
   add_afresh_line(*body(), standing_worms(match), [this] { start_worms_afresh(match_); });
 
+  add_as_last_time(*this);
   entry_foot_ = add_entry_foot(*this, [this] { play(); });
   show_choice();
   on_dismiss([this] {
@@ -77,6 +79,7 @@ void SeriesWindow::play() {
   }
   if (!grounds_are_fit(data_, *this, {entry_text(form_.teams, form_.home_team_index)})) return;
   hide();
+  keep_choices(*this);
   form_.accept();
   // Left before its first match was over, the form comes back.
   form_.closed ? accept() : show();

@@ -14,6 +14,7 @@
 #include "database/open_database.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
+#include "desktop/last_choices.h"
 #include "model/match_state.h"
 #include "reports/worm_graph.h"
 
@@ -56,6 +57,7 @@ TriSeriesWindow::TriSeriesWindow(match_state& match, open_database& database, tr
   body()->addStretch(1);
   add_afresh_line(*body(), standing_worms(match), [this] { start_worms_afresh(match_); });
 
+  add_as_last_time(*this);
   entry_foot_ = add_entry_foot(*this, [this] { play(); });
   show_choice();
   on_dismiss([this] {
@@ -95,6 +97,7 @@ void TriSeriesWindow::play() {
   }
   if (!grounds_are_fit(data_, *this, {entry_text(form_.teams, form_.team_index[0])})) return;
   hide();
+  keep_choices(*this);
   form_.accept();
   // Left before its first match was over, the form comes back.
   form_.closed ? accept() : show();

@@ -14,6 +14,7 @@
 #include "database/open_database.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
+#include "desktop/last_choices.h"
 #include "desktop/shown_text.h"
 #include "model/match_state.h"
 #include "reports/worm_graph.h"
@@ -41,6 +42,7 @@ WorldCupWindow::WorldCupWindow(match_state& match, open_database& database, worl
   body()->addStretch(1);
   add_standing();
 
+  add_as_last_time(*this);
   entry_foot_ = add_entry_foot(*this, [this] { play(); });
   show_choice();
   on_dismiss([this] {
@@ -63,6 +65,7 @@ void WorldCupWindow::show_choice() { show_ready(entry_foot_, form_.ready(), QStr
 void WorldCupWindow::play() {
   if (!grounds_are_fit(data_, *this, form_.hosts())) return;
   hide();
+  keep_choices(*this);
   form_.accept();
   accept();
 }

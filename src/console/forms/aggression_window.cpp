@@ -17,7 +17,9 @@ namespace velorin {
 
 AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent)
     : Form(QStringLiteral("aggr"), Dismissal::closes, parent), form_(form) {
-  stand_as(Place::sheet);
+  stand_as(Place::sheet, QStringLiteral("%1_%2")
+                             .arg(form.for_batsman ? QStringLiteral("batsman") : QStringLiteral("bowler"))
+                             .arg(form.player_slot));
   limit_body(720);
   set_title(QStringLiteral("Aggression"), shown(form.player_name));
   name_heading(QStringLiteral("player_name"));

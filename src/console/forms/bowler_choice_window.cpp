@@ -33,7 +33,7 @@ BowlerChoiceWindow::BowlerChoiceWindow(const match_play& play, bowler_choice_for
       form_(form),
       play_(play) {
   limit_body(1000);
-  stand_as(Place::sheet);
+  stand_as(Place::sheet, QStringLiteral("attack"));
   set_title(shown(form.title), shown(form.title));
   set_subheading(shown(play.match.team2_name));
   men_ = new ManList(QStringLiteral("Bowler"), {{shown(bowler_choice_form::skill_heading), true, "skill"},

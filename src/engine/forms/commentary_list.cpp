@@ -25,13 +25,14 @@ namespace {
 constexpr int ball_height = 28;
 constexpr int wicket_height = 46;
 constexpr int over_height = 26;
+constexpr int message_height = 26;
 constexpr int chip_size = 22;
 constexpr int stripe = 3;
 constexpr int place_width = 38;
 
 }  // namespace
 
-/// The rows as they were last read. An innings only appends to them.
+/// The rows as they were last read, and the messages that have passed by between them. An innings only appends to them.
 class CommentaryModel : public QAbstractListModel {
  public:
   CommentaryModel(const match_state& match, QObject* parent) : QAbstractListModel(parent), match_(match) {}
@@ -44,25 +45,41 @@ class CommentaryModel : public QAbstractListModel {
     const auto before = rows_.size();
     if (lines < lines_ || rows.size() < before) {
       beginResetModel();
+      entries_.clear();
       rows_ = std::move(rows);
+      append_from(0);
       endResetModel();
     } else if (rows.size() > before) {
-      beginInsertRows({}, static_cast<int>(before), static_cast<int>(rows.size()) - 1);
+      const int first = static_cast<int>(entries_.size());
+      beginInsertRows({}, first, first + static_cast<int>(rows.size() - before) - 1);
       rows_ = std::move(rows);
+      append_from(before);
       endInsertRows();
     }
     lines_ = lines;
     return true;
   }
 
-  int rowCount(const QModelIndex& parent = {}) const override {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+  void add_message(const QString& text) {
+    const int place = static_cast<int>(entries_.size());
+    beginInsertRows({}, place, place);
+    entries_.push_back({0, text});
+    endInsertRows();
   }
 
-  const commentary_row& row(const QModelIndex& index) const { return rows_[static_cast<std::size_t>(index.row())]; }
+  int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+  }
+
+  /// The message that stands there; empty where it is a row of the commentary.
+  const QString& message(const QModelIndex& index) const { return entry_at(index).message; }
+  /// Requires a row of the commentary.
+  const commentary_row& row(const QModelIndex& index) const { return rows_[entry_at(index).row]; }
 
   QVariant data(const QModelIndex& index, int role) const override {
     if (!index.isValid()) return {};
+    const bool words = role == Qt::DisplayRole || role == Qt::AccessibleTextRole || role == Qt::ToolTipRole;
+    if (const QString& passed = message(index); !passed.isEmpty()) return words ? QVariant(passed) : QVariant();
     const commentary_row& shown_row = row(index);
     switch (role) {
       case Qt::DisplayRole:
@@ -77,6 +94,16 @@ class CommentaryModel : public QAbstractListModel {
   }
 
  private:
+  struct Entry {
+    std::size_t row = 0;  // of the commentary
+    QString message;
+  };
+
+  const Entry& entry_at(const QModelIndex& index) const { return entries_[static_cast<std::size_t>(index.row())]; }
+  void append_from(std::size_t row) {
+    for (; row < rows_.size(); ++row) entries_.push_back({row, {}});
+  }
+
   static QString lines(const commentary_row& row, QString (*text)(std::string_view)) {
     QStringList all;
     for (const std::string& line : row.lines) all << text(line);
@@ -84,6 +111,7 @@ class CommentaryModel : public QAbstractListModel {
   }
 
   std::vector<commentary_row> rows_;
+  std::vector<Entry> entries_;
   int lines_ = 0;
   const match_state& match_;
 };
@@ -116,16 +144,18 @@ class RowPainter : public QStyledItemDelegate {
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const Theme& t = theme();
-    const commentary_row& row = rows_.row(index);
+    const QString& message = rows_.message(index);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     const bool chosen = option.state.testFlag(QStyle::State_Selected);
-    const bool over_end = row.kind == line_kind::over_end;
+    const bool over_end = message.isEmpty() && rows_.row(index).kind == line_kind::over_end;
     if (chosen || over_end) painter->fillRect(option.rect, t.card_raised);
-    if (over_end) {
-      paint_over_end(*painter, option.rect, row);
+    if (!message.isEmpty()) {
+      paint_message(*painter, option.rect, message);
+    } else if (over_end) {
+      paint_over_end(*painter, option.rect, rows_.row(index));
     } else {
-      paint_ball(*painter, option.rect, row);
+      paint_ball(*painter, option.rect, rows_.row(index));
     }
     if (option.state.testFlag(QStyle::State_HasFocus) && option.widget->hasFocus()) {
       painter->setPen(QPen(t.focus, 1));
@@ -137,6 +167,7 @@ class RowPainter : public QStyledItemDelegate {
 
   QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
     // As wide as the list, whatever the row.
+    if (!rows_.message(index).isEmpty()) return {0, message_height};
     const line_kind kind = rows_.row(index).kind;
     return {0, kind == line_kind::over_end ? over_height : kind == line_kind::wicket ? wicket_height : ball_height};
   }
@@ -191,6 +222,17 @@ class RowPainter : public QStyledItemDelegate {
                    metrics.elidedText(batsman, Qt::ElideRight, for_batsman));
   }
 
+  /// In a frame of its own, as no ball is.
+  static void paint_message(QPainter& painter, const QRect& rect, const QString& message) {
+    const Theme& t = theme();
+    painter.setPen(QPen(t.accent, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect).adjusted(stripe + 0.5, 2.5, -4.5, -2.5), 4, 4);
+    painter.setFont(type_font(TypeStep::small));
+    painter.setPen(t.ink);
+    paint_text(painter, rect.adjusted(stripe + 8, 0, -10, 0), message);
+  }
+
   static void paint_over_end(QPainter& painter, const QRect& rect, const commentary_row& row) {
     const Theme& t = theme();
     painter.setFont(type_font(TypeStep::small));
@@ -228,7 +270,16 @@ CommentaryList::CommentaryList(const match_state& match, QWidget* parent)
 }
 
 void CommentaryList::refresh() {
-  if (!rows_->read()) return;
+  if (rows_->read()) show_newest();
+}
+
+void CommentaryList::add_message(const QString& text) {
+  rows_->read();
+  rows_->add_message(text);
+  show_newest();
+}
+
+void CommentaryList::show_newest() {
   const int rows = rows_->rowCount();
   if (rows == 0) return;
   setCurrentIndex(rows_->index(rows - 1));
@@ -258,7 +309,9 @@ void CommentaryList::keyPressEvent(QKeyEvent* event) {
   QModelIndexList chosen = selectionModel()->selectedIndexes();
   std::sort(chosen.begin(), chosen.end());
   QString text;
-  for (const QModelIndex& index : chosen) text += index.data(Qt::UserRole).toString() + QLatin1Char('\n');
+  for (const QModelIndex& index : chosen) {
+    if (rows_->message(index).isEmpty()) text += index.data(Qt::UserRole).toString() + QLatin1Char('\n');
+  }
   QGuiApplication::clipboard()->setText(text);
 }
 

@@ -23,6 +23,9 @@ class CommentaryList : public QListView {
 
   /// Shows the innings in play.
   void refresh();
+  /// A message that nobody stopped for passes by: a row of its own behind the balls so far. It is no line of the
+  /// commentary, and not copied with them.
+  void add_message(const QString& text);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -31,6 +34,8 @@ class CommentaryList : public QListView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void show_newest();
+
   CommentaryModel* rows_;
   const match_state& match_;
 };

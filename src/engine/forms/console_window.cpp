@@ -146,6 +146,8 @@ void ConsoleWindow::play_over() {
   refresh();
 }
 
+void ConsoleWindow::message_passed(const QString& text) { commentary_->add_message(text); }
+
 void ConsoleWindow::ball_bowled() {
   const Pace pace = preferences::pace();
   if (!playing_ || finish_over_ || pace == Pace::instant) return;

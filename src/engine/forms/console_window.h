@@ -47,6 +47,8 @@ class ConsoleWindow : public Form {
   /// Shows the match as it stands.
   void refresh();
   /// A ball has been bowled: shows it, and waits as long as the pace says.
+  /// A message has passed by without a stop: a row in the commentary.
+  void message_passed(const QString& text);
   void ball_bowled();
   /// An over is being bowled.
   bool playing() const { return playing_; }

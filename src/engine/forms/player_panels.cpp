@@ -69,6 +69,7 @@ PlayerPanel::PlayerPanel(const QString& whose, int slot, Qt::Key key, QSize phot
       levels_(new LevelSegments(QStringLiteral("%1_level_%2").arg(whose).arg(slot))),
       answer_(new_named_label(QStringLiteral("%1_answer_%2").arg(whose).arg(slot), {}, TextRole::small_muted)),
       least_photo_(photo) {
+  setObjectName(QStringLiteral("%1_%2").arg(whose).arg(slot));
   name_act(*profile_, {.caption = QString(),
                        .mnemonic = QChar(),
                        .key = QKeySequence(Qt::CTRL | key),

@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
@@ -236,6 +237,17 @@ MatchReportWindow::MatchReportWindow(const match_report& report, QWidget* parent
   add_ok(*this);
   prefer_size({1280, 900});
   focus_default();
+}
+
+void MatchReportWindow::offer_rematch(std::function<void()> rematch) {
+  add_button(QStringLiteral("rematch"),
+             {.caption = QStringLiteral("Rematch"),
+              .mnemonic = u'R',
+              .hint = QStringLiteral("Once this match is closed, the same sides again")},
+             [this, rematch = std::move(rematch)] {
+               rematch();
+               accept();
+             });
 }
 
 void MatchReportWindow::add_innings(const reported_innings& innings, std::size_t place) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <vector>
 
 #include "desktop/form.h"
@@ -24,6 +25,9 @@ class MatchReportWindow : public Form {
  public:
   /// `report` is read here and not kept.
   explicit MatchReportWindow(const match_report& report, QWidget* parent = front_window());
+
+  /// Offers the same sides again: `rematch` runs as the page closes by that press.
+  void offer_rematch(std::function<void()> rematch);
 
  protected:
   /// The page keys turn the page.

@@ -17,6 +17,12 @@ QString teams_chosen(const match_state& match) {
   return match.venue_name().empty() ? teams : teams + QStringLiteral(", ") + shown(match.venue_name());
 }
 
+QStringList crests_of(const match_state& match) {
+  const auto& [first, second] = match.chosen;
+  if (first.name.empty() || second.name.empty()) return {};
+  return {shown(first.name), shown(second.name)};
+}
+
 QString conditions_chosen(const match_state& match) {
   return QStringLiteral("Weather %1, pitch %2, bounce %3, outfield %4")
       .arg(int(match.weather))
@@ -36,7 +42,8 @@ QString elevens_chosen(const match_state& match, bool both) {
 void show_set_up_steps(Form& form, const match_state& match, SetUpStep step) {
   const auto reached = [step](SetUpStep other) { return step > other; };
   form.show_steps(
-      {{QStringLiteral("Teams"), reached(SetUpStep::teams) ? teams_chosen(match) : QString()},
+      {{QStringLiteral("Teams"), reached(SetUpStep::teams) ? teams_chosen(match) : QString(),
+        reached(SetUpStep::teams) ? crests_of(match) : QStringList()},
        {QStringLiteral("Conditions"), reached(SetUpStep::conditions) ? conditions_chosen(match) : QString()},
        {QStringLiteral("Elevens"), elevens_chosen(match, reached(SetUpStep::elevens))},
        {QStringLiteral("Toss"), {}}},
