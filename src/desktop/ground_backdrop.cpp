@@ -177,10 +177,11 @@ void paint_lamps(const GroundPart& g) {
 
 void paint_sky(const GroundPart& g) {
   QLinearGradient sky(0, 0, 0, g.y(ground_horizon));
-  sky.setColorAt(0, g.light.sky_top);
-  sky.setColorAt(1, g.light.sky_low);
+  sky.setColorAt(0, g.scene.sky ? g.scene.sky->front() : g.light.sky_top);
+  sky.setColorAt(1, g.scene.sky ? g.scene.sky->back() : g.light.sky_low);
   g.painter.fillRect(QRectF(0, 0, g.all.width(), g.y(ground_horizon)), sky);
   g.painter.setPen(Qt::NoPen);
+  if (g.scene.sky) return;
   // From the middle at six to the right at nineteen, clear of the words; the moon stands still.
   const double day = (g.scene.minutes - 6 * 60) / (13.0 * 60);
   const QPointF at = g.light.night ? QPointF(g.x(0.8), g.y(0.08))

@@ -3,6 +3,8 @@
 
 #include <QColor>
 #include <QString>
+#include <array>
+#include <optional>
 
 // What a picture of a ground shows: where it lies, when, and in which weather.
 
@@ -13,6 +15,8 @@ struct GroundScene {
   QString country;        ///< empty: a ground anywhere
   int minutes = 13 * 60;  ///< the time of day since midnight, 0 to 1439
   int weather = 3;        ///< as in a match: 1 rain, 2 overcast, 3 sunshine, 4 haze
+  /// The sky from the top to the horizon where it is told, without sun and clouds; otherwise by hour and weather.
+  std::optional<std::array<QColor, 2>> sky = {};
 };
 
 /// What stands behind the ground.

@@ -98,7 +98,8 @@ StepBar::StepBar(const std::vector<FlowStep>& steps, int current, QWidget* paren
       crest->show_team(team);
       step->addWidget(crest, 0, Qt::AlignVCenter);
     }
-    row->addLayout(step, 1);
+    // Where something was chosen there is more to be read.
+    row->addLayout(step, steps[i].chosen.isEmpty() ? 2 : 3);
     if (!steps[i].chosen.isEmpty()) spoken << QStringLiteral("%1: %2").arg(steps[i].name, steps[i].chosen);
   }
   setAccessibleName(QStringLiteral("Step %1 of %2, %3. %4")

@@ -37,6 +37,7 @@ struct conditions_form {
   std::string bounce_words() const;      ///< words for the bounce
   std::string outfield_words() const;    ///< words for the outfield
   std::string temperature_line() const;  ///< temperature and humidity
+  const std::string& country() const { return play_.match.ground.country; }  ///< where the ground lies
   /// Colours of the sky for the weather slider as it stands, from the top to the bottom.
   sky_color sky_top() const;
   sky_color sky_bottom() const;

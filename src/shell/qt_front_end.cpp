@@ -198,7 +198,9 @@ void QtFrontEnd::show(aggression_form& form) {
 void QtFrontEnd::show(batsman_details_form& form) {
   refresh_console();
   if (passes_by(form.kind, form.figures.headline)) return form.accept();
-  show_modally<BatsmanDetailsWindow>(form);
+  BatsmanDetailsWindow window(form);
+  window.stand_as(Form::Place::sheet, QStringLiteral("batsman_%1").arg(game_.match.striker_slot()));
+  run_modal(window);
 }
 
 void QtFrontEnd::show(console_form& form) {

@@ -29,7 +29,7 @@ std::array<QString, 9> texts_of(const batsman_figures& figures) {
 
 BatsmanDetailsWindow::BatsmanDetailsWindow(batsman_details_form& form, QWidget* parent)
     : Form(QStringLiteral("batsmandetails"), Dismissal::closes, parent), form_(form) {
-  stand_as(Place::sheet, QStringLiteral("batting_so_far"));
+  stand_as(Place::sheet);
   const std::string& title = form.figures.title.empty() ? form.title : form.figures.title;
   limit_body(800);
   set_title(title.empty() ? QStringLiteral("Batsman") : shown(title), shown_caption(form.figures.headline));

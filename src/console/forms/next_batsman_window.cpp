@@ -20,7 +20,7 @@ namespace velorin {
 
 NextBatsmanWindow::NextBatsmanWindow(const match_play& play, next_batsman_form& form, QWidget* parent)
     : Form(QStringLiteral("batorder"), Dismissal::refused, parent), form_(form), play_(play) {
-  stand_as(Place::sheet, QStringLiteral("batting_so_far"));
+  stand_as(Place::sheet, QStringLiteral("batsman_%1").arg(play.match.striker_slot()));
   limit_body(800);
   set_title(shown(form.title), shown(form.title));
   set_subheading(shown(play.match.team1_name));

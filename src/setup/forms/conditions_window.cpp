@@ -2,13 +2,13 @@
 #include "setup/forms/conditions_window.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
-#include <QLinearGradient>
-#include <QPainter>
 #include <QVBoxLayout>
 
 #include "desktop/accessible_role.h"
 #include "desktop/controls.h"
+#include "desktop/ground_picture.h"
 #include "desktop/level_slider.h"
 #include "desktop/shown_text.h"
 #include "setup/conditions.h"
@@ -22,27 +22,13 @@ QColor sky(const sky_color& channels) {
   return QColor::fromRgba64(QRgba64::fromRgba64(channels[0], channels[1], channels[2], 0xFFFF));
 }
 
-/// The sky over the ground, painted for the weather slider as it stands when it is painted.
-class Sky : public QWidget {
- public:
-  explicit Sky(const conditions_form& form) : form_(form) {
-    setObjectName(QStringLiteral("sky"));
-    setMinimumHeight(120);
-    give_role(*this, QAccessible::Graphic);
-    setAccessibleName(QStringLiteral("The sky"));
-  }
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QLinearGradient gradient(0, 0, 0, height());
-    gradient.setColorAt(0, sky(form_.sky_top()));
-    gradient.setColorAt(1, sky(form_.sky_bottom()));
-    QPainter(this).fillRect(rect(), gradient);
-  }
-
- private:
-  const conditions_form& form_;
-};
+/// The ground under the sky of the weather slider as it stands.
+GroundScene scene_of(const conditions_form& form) {
+  return {.country = shown(form.country()),
+          .minutes = 12 * 60,
+          .weather = form.weather,
+          .sky = {{sky(form.sky_top()), sky(form.sky_bottom())}}};
+}
 
 struct Condition {
   const char* caption;
@@ -66,10 +52,14 @@ ConditionsWindow::ConditionsWindow(conditions_form& form, QWidget* parent)
     : Form(QStringLiteral("wecond"), Dismissal::refused, parent), form_(form) {
   set_title(shown(form.headline()), shown(form.headline()));
   name_heading(QStringLiteral("headline"));
-  body()->addWidget(new Sky(form_), 1);
+  auto* ground = new GroundPicture(QStringLiteral("sky"));
+  ground->setMinimumSize(240, 320);
+  give_role(*ground, QAccessible::Graphic);
+  ground->setAccessibleName(QStringLiteral("The sky"));
+  ground->set_scene(scene_of(form_));
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(24);
-  grid->setVerticalSpacing(8);
+  grid->setVerticalSpacing(24);
   grid->setColumnStretch(2, 1);
   int row = 0;
   for (const Condition& condition : conditions) {
@@ -80,13 +70,24 @@ ConditionsWindow::ConditionsWindow(conditions_form& form, QWidget* parent)
     grid->addWidget(slider, row, 1);
     auto* words = new_named_label(QString::fromLatin1(condition.label), shown((form_.*condition.words)()));
     words->setWordWrap(true);
-    words->setMinimumWidth(420);
+    words->setMinimumWidth(240);
     grid->addWidget(words, row, 2);
     ++row;
   }
-  body()->addLayout(grid);
-  body()->addWidget(
+  auto* levels = new QVBoxLayout;
+  levels->addStretch(1);
+  levels->addLayout(grid);
+  levels->addSpacing(16);
+  levels->addWidget(
       new_named_label(QStringLiteral("temperature_line"), shown(form_.temperature_line()), TextRole::muted));
+  levels->addStretch(1);
+  auto* sides = new QHBoxLayout;
+  sides->setSpacing(32);
+  sides->addWidget(ground, 1);
+  sides->addLayout(levels, 1);
+  body()->addLayout(sides, 1);
+  connect(findChild<LevelSlider*>(QStringLiteral("weather")), &QSlider::valueChanged, ground,
+          [this, ground] { ground->set_scene(scene_of(form_)); });
   add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
     form_.accept();
     if (form_.closed) accept();
