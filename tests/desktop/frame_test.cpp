@@ -184,10 +184,10 @@ TEST_F(MainWindow, NothingLeadsBackFromAPageThatNeedsAnAnswer) {
 TEST_F(MainWindow, TheBarTellsTheWayAndTheWindowThePage) {
   Leaf page("Conditions", &menu_);
   open(page, [&] {
-    EXPECT_EQ(part<QLabel>("trail").text(), QStringLiteral("menu  \u203A  Conditions"));
+    EXPECT_EQ(part<QLabel>("trail").text(), QStringLiteral("Menu  \u203A  Conditions"));
     EXPECT_EQ(frame_.windowTitle(), QStringLiteral("Conditions - Velorin"));
     page.setWindowTitle(QStringLiteral("Toss"));
-    EXPECT_EQ(part<QLabel>("trail").text(), QStringLiteral("menu  \u203A  Toss"));
+    EXPECT_EQ(part<QLabel>("trail").text(), QStringLiteral("Menu  \u203A  Toss"));
     page.reject();
   });
 }
