@@ -118,6 +118,19 @@ void GroundPicture::set_scene(const GroundScene& scene) {
   update();
 }
 
+GroundBelow::GroundBelow() : picture_(new GroundPicture(QStringLiteral("ground_below"), this)) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+}
+
+void GroundBelow::show_country(const QString& country) { picture_->set_scene({.country = country}); }
+
+void GroundBelow::resizeEvent(QResizeEvent* event) {
+  constexpr int least_height = 120;
+  QWidget::resizeEvent(event);
+  picture_->setGeometry(rect());
+  picture_->setVisible(height() >= least_height);
+}
+
 void GroundPicture::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);

@@ -31,4 +31,21 @@ class GroundPicture : public QWidget {
   QString below_;
 };
 
+/// Fills what is left of a page below its choices with the picture of a ground; it goes where there is little room.
+class GroundBelow : public QWidget {
+  Q_OBJECT
+
+ public:
+  GroundBelow();
+
+  /// The country of the ground.
+  void show_country(const QString& country);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  GroundPicture* picture_;
+};
+
 }  // namespace velorin

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/new_match.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -93,6 +94,14 @@ std::string new_match_form::first_team_name() const { return entry_text(teams, f
 std::string new_match_form::second_team_name() const { return entry_text(teams, second_team_index); }
 std::string new_match_form::ground_name() const {
   return ground_index < 0 ? std::string() : grounds[static_cast<std::size_t>(ground_index)];
+}
+
+std::string new_match_form::ground_country() const {
+  if (ground_index < 0) return {};
+  const std::vector<ground_rec>& all = read_grounds(play_.data);
+  const auto found =
+      std::find_if(all.begin(), all.end(), [&](const ground_rec& each) { return each.ground_name == ground_name(); });
+  return found == all.end() ? std::string() : found->country;
 }
 
 void new_match_form::choose_first_team(int index) {

@@ -37,6 +37,8 @@ struct new_match_form {
   std::string first_team_name() const;  ///< name of the first team, "" for none
   std::string second_team_name() const;
   std::string ground_name() const;  ///< the ground, "" for none
+  /// The country of the ground chosen, "" for none. Reads the grounds; raises what reading them raises.
+  std::string ground_country() const;
 
   /// A choice of team: the ground list follows it. The entry must be in range or -1.
   void choose_first_team(int index);

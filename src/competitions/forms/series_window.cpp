@@ -13,7 +13,9 @@
 #include "database/open_database.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
+#include "desktop/ground_picture.h"
 #include "desktop/last_choices.h"
+#include "desktop/shown_text.h"
 #include "model/match_state.h"
 #include "reports/worm_graph.h"
 
@@ -54,7 +56,9 @@ SeriesWindow::SeriesWindow(match_state& match, open_database& database, series_f
   grounds_->setObjectName(QStringLiteral("grounds"));
   connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) { form_.ground_index = index; });
   body()->addWidget(new_ground_and_number(grounds_, QStringLiteral("No of Matches in Series :"), matches_));
-  body()->addStretch(1);
+  body()->addSpacing(8);
+  ground_below_ = new GroundBelow;
+  body()->addWidget(ground_below_, 1);
   add_afresh_line(*body(), standing_worms(match), [this] { start_worms_afresh(match_); });
 
   add_as_last_time(*this);
@@ -68,6 +72,7 @@ SeriesWindow::SeriesWindow(match_state& match, open_database& database, series_f
 
 void SeriesWindow::show_choice() {
   show_grounds(*grounds_, form_.grounds, form_.ground_index);
+  ground_below_->show_country(shown(entry_text(form_.teams, form_.home_team_index)));
   show_ready(entry_foot_, form_.ready(), QStringLiteral("Choose both teams"));
 }
 

@@ -8,6 +8,7 @@ class QComboBox;
 
 namespace velorin {
 
+class GroundBelow;
 struct match_state;
 struct open_database;
 
@@ -30,6 +31,7 @@ class SeriesWindow : public Form {
 
   series_form& form_;
   QComboBox* grounds_;
+  GroundBelow* ground_below_ = nullptr;
   EntryFoot entry_foot_;
   NumberField* matches_;
   match_state& match_;

@@ -8,6 +8,7 @@ class QComboBox;
 
 namespace velorin {
 
+class GroundBelow;
 struct match_state;
 struct open_database;
 
@@ -31,6 +32,7 @@ class TriSeriesWindow : public Form {
 
   tri_series_form& form_;
   QComboBox* grounds_;
+  GroundBelow* ground_below_ = nullptr;
   EntryFoot entry_foot_;
   NumberField* rounds_;
   match_state& match_;

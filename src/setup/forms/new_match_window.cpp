@@ -14,6 +14,7 @@
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
 #include "desktop/crest.h"
+#include "desktop/ground_picture.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -113,10 +114,12 @@ NewMatchWindow::NewMatchWindow(const QString& name, match_state& match, new_matc
   body()->addSpacing(8);
   body()->addLayout(place);
   rows_ = body()->count();
-  body()->addStretch(1);
+  ground_below_ = new GroundBelow;
+  body()->addWidget(ground_below_, 1);
   add_afresh_line(*body(), standing_worms(match), [this] { start_worms_afresh(match_); });
   connect(grounds_, &QComboBox::currentIndexChanged, this, [this](int index) {
     form_.ground_index = index;
+    show_ground();
     show_ready();
   });
 
@@ -166,7 +169,12 @@ void NewMatchWindow::show_grounds() {
   grounds_->clear();
   for (const std::string& ground : form_.grounds) grounds_->addItem(shown(ground));
   grounds_->setCurrentIndex(form_.ground_index);
+  show_ground();
   show_ready();
+}
+
+void NewMatchWindow::show_ground() {
+  guarded([this] { ground_below_->show_country(shown(form_.ground_country())); });
 }
 
 void NewMatchWindow::show_ready() {

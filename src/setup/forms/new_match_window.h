@@ -8,6 +8,7 @@ class QLabel;
 
 namespace velorin {
 
+class GroundBelow;
 struct match_state;
 
 struct new_match_form;
@@ -36,11 +37,13 @@ class NewMatchWindow : public Form {
  private:
   QComboBox* new_team_list(const char* name, int chosen, void (new_match_form::*choose)(int));
   void show_grounds();
+  void show_ground();
   void show_ready();
 
   new_match_form& form_;
   QComboBox* first_ = nullptr;
   QComboBox* second_ = nullptr;
+  GroundBelow* ground_below_ = nullptr;
   int rows_ = 0;
   QComboBox* grounds_;
   QLabel* wanted_ = nullptr;
