@@ -8,9 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/command_line.h"
-#include "database/open_database.h"
-#include "model/match_state.h"
-#include "model/random.h"
+#include "competitions/game_state.h"
 
 // One command a file. Each adds its options to the command line and sets what is to be run once the line is read.
 
@@ -21,15 +19,12 @@ using command_action = std::function<int()>;
 
 void add_match(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_competitions(CLI::App& app, const program_options& program, streams io, command_action& action);
+void add_replay(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_report(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_db(CLI::App& app, const program_options& program, streams io, command_action& action);
 
 /// What a command works on, fresh as in a new process.
-struct run_state {
-  match_state match;
-  random_source chance;
-  open_database data;
-};
+using run_state = game_state;
 
 /// Opens the folder, the database and the source of chance of the command line, without updates and with the elevens in
 /// memory. Raises run_time_error.

@@ -21,6 +21,7 @@
 #include "cli/output_files.h"
 #include "database/configuration.h"
 #include "database/open_database.h"
+#include "database/whole_file.h"
 
 namespace velorin::cli {
 
@@ -121,6 +122,11 @@ int play(const match_options& options, const program_options& program, streams i
   run_state state = set_up_run(program);
   state.data.files.updates = options.update;
   require_outputs_apart(state.data, options, program.draws);
+  if (options.records_to_folder && !options.record.empty()) {
+    std::error_code failed;
+    std::filesystem::create_directories(options.record, failed);
+    if (failed) raise_file_error("The folder of the recordings cannot be made", failed.value(), options.record);
+  }
   match_run run(std::move(state), options, program, io);
   const auto start = std::chrono::steady_clock::now();
   run.play();
@@ -165,6 +171,10 @@ void add_match(CLI::App& app, const program_options& program, streams io, comman
       ->excludes(app.get_option("--draws"))
       ->type_name("J");
   command->add_flag("--update", options->update, "Add every match to the careers and records of the database");
+  command
+      ->add_option("--record", options->record,
+                   "Record the match, for replay and forecast; with --matches the folder of one recording a match")
+      ->type_name("FILE");
   command->add_option("--json", options->json, "One JSON object a match, a line each; - for standard output")
       ->type_name("FILE");
   command->add_option("--html", options->html, "Save the last match's scorecard as a page")->type_name("FILE");
@@ -176,12 +186,15 @@ void add_match(CLI::App& app, const program_options& program, streams io, comman
       ->transform(plain_number)
       ->check(CLI::Range(1, 2))
       ->type_name("1|2");
-  for (const char* name : {"--team1", "--team2", "--ground", "--json", "--html", "--text", "--ball-by-ball"}) {
+  for (const char* name :
+       {"--team1", "--team2", "--ground", "--json", "--html", "--text", "--ball-by-ball", "--record"}) {
     command->get_option(name)->check(not_empty);
   }
   command->add_flag("--quiet", options->quiet, "Print neither scorecard nor summary");
-  command->callback(
-      [options, &program, io, &action] { action = [options, &program, io] { return play(*options, program, io); }; });
+  command->callback([options, command, &program, io, &action] {
+    options->records_to_folder = command->count("--matches") > 0;
+    action = [options, &program, io] { return play(*options, program, io); };
+  });
 }
 
 }  // namespace velorin::cli

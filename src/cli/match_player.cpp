@@ -1,12 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/match_player.h"
 
+#include <fcntl.h>
+#include <fmt/format.h>
+
+#include <cerrno>
 #include <cstdint>
 #include <ostream>
 #include <utility>
 #include <vector>
 
+#include "cli/version.h"
+#include "database/file_calls.h"
+#include "database/fresh_file.h"
 #include "database/teams_file.h"
+#include "database/whole_file.h"
 #include "model/code_page.h"
 #include "model/run_time_error.h"
 #include "setup/new_match.h"
@@ -77,19 +85,37 @@ match_player::match_player(run_state state, const match_options& options, const 
       program_(program),
       recorder_(state_.match, state_.data, options, summary_) {
   recorder_.conditions = parse_conditions(options.conditions);
+  if (!options.record.empty()) recording_.emplace(recorder_, state_, recorded_, version);
 }
 
 std::string match_player::play(long number) {
   if (options_.jobs && program_.seed) state_.chance.use_seed(seed_of_match(*program_.seed, number));
-  new_match_form form({state_.match, state_.chance, recorder_, state_.data});
+  front_end& user = recording_ ? static_cast<front_end&>(*recording_) : recorder_;
+  new_match_form form({state_.match, state_.chance, user, state_.data});
   fill(state_.data, form, options_);
   recorder_.begin_match(number == options_.matches);
   static_cast<match_result&>(state_.match) = {};
   const std::uint64_t before = state_.chance.draws_used();
   form.accept();
+  if (recording_) save_recording(number);
   if (options_.prints_summary()) summary_.add_result(state_.match);
   if (options_.json.empty()) return {};
   return recorder_.match_line(state_.chance.draws_used() - before);
+}
+
+void match_player::save_recording(long number) {
+  recording_->game_over();
+  if (!options_.records_to_folder) {
+    fresh_file file(options_.record);
+    file.stream() << recorded_.bytes();
+    return file.put_in_place();
+  }
+  const std::filesystem::path path =
+      std::filesystem::path(options_.record) / fmt::format("{:06}{}", number, recording_extension);
+  descriptor file(open_file(path, O_WRONLY | O_CREAT | O_TRUNC, 0666));
+  if (!file.open() || !write_all(file.number(), recorded_.bytes()) || !file.close()) {
+    raise_file_error("The recording cannot be written", errno, path);
+  }
 }
 
 void match_player::print_result(std::ostream& out) const {

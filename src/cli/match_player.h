@@ -9,6 +9,7 @@
 #include "cli/commands.h"
 #include "cli/match_run.h"
 #include "cli/match_summary.h"
+#include "recording/recorder.h"
 
 namespace velorin::cli {
 
@@ -36,11 +37,15 @@ class match_player {
   const match_summary& summary() const { return summary_; }
 
  private:
+  void save_recording(long number);
+
   run_state state_;
   const match_options& options_;
   const program_options& program_;
   match_summary summary_;
   match_recorder recorder_;
+  recording_in_memory recorded_;
+  std::optional<recorder> recording_;  // with --record
 };
 
 }  // namespace velorin::cli

@@ -28,6 +28,8 @@ struct match_options {
   long matches = 1;
   std::optional<int> jobs;  ///< threads that play; each match has a seed of its own then
   bool update = false;
+  std::string record;              ///< a recording
+  bool records_to_folder = false;  ///< `record` is a folder, for one recording a match
   std::string json;
   std::string html;
   std::string text;

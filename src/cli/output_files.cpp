@@ -65,11 +65,12 @@ class used_file {
 }  // namespace
 
 void require_outputs_apart(const open_database& data, const match_options& options, const fs::path& draws) {
-  const std::array<std::pair<const char*, std::string>, 4> outputs = {
+  const std::array<std::pair<const char*, std::string>, 5> outputs = {
       {{"--json", options.json == "-" ? "/proc/self/fd/1" : options.json},
        {"--html", options.html},
        {"--text", options.text},
-       {"--ball-by-ball", options.ball_by_ball}}};
+       {"--ball-by-ball", options.ball_by_ball},
+       {"--record", options.records_to_folder ? "" : options.record}}};
   std::vector<used_file> used = {{"the teams", data.files.team_file},
                                  {"the grounds", data.files.ground_file},
                                  {"the careers", data.files.career_file},

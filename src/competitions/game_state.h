@@ -26,6 +26,7 @@ struct game_state {
 inline game_state own_copy(const game_state& game) {
   game_state copy = game;
   copy.data.files.watcher = nullptr;
+  copy.chance.log_to(nullptr);
   return copy;
 }
 

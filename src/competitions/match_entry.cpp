@@ -79,6 +79,12 @@ std::string entry_text(const std::vector<team_entry>& list, int index) {
   return index < 0 ? std::string() : list[static_cast<std::size_t>(index)].name;
 }
 
+entered_team entered_team_of(const std::vector<team_entry>& list, int index, bool human) {
+  if (index < 0) return {{}, 0, human};
+  const team_entry& entry = list[static_cast<std::size_t>(index)];
+  return {entry.name, entry.record, human};
+}
+
 int typed_number(const std::string& text, int most, const char* field) {
   const auto number = number_in(text);
   if (!number || *number != std::floor(*number) || *number < 1 || *number > most) {

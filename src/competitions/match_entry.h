@@ -45,6 +45,9 @@ std::string draw_ground(random_source& chance, const std::vector<std::string>& g
 /// The text of a list's entry, "" for index -1.
 std::string entry_text(const std::vector<team_entry>& list, int index);
 
+/// An entry of a list as it is told to whoever records the game; nameless for index -1.
+entered_team entered_team_of(const std::vector<team_entry>& list, int index, bool human);
+
 /// The number typed into a box: a whole number from 1 to `most`. Raises run_time_error (type) for anything else.
 int typed_number(const std::string& text, int most, const char* field);
 

@@ -127,6 +127,12 @@ void series_form::set_matches(int value) { typed_matches = number_text(value); }
 
 void series_form::accept() {
   const int matches = typed_number(typed_matches, most_series_matches, "Text1");
+  play_.user.game_begins({.kind = game_kind::series,
+                          .teams = {entered_team_of(teams, home_team_index, !computer_captains_home),
+                                    entered_team_of(teams, away_team_index, !computer_captains_away)},
+                          .ground = {},
+                          .number = matches,
+                          .hosts = {}});
   play_.chance.reseed();
   series_standing before = std::move(series_);
   series_ = {};

@@ -259,6 +259,14 @@ void world_cup_form::open() {
 }
 
 void world_cup_form::accept() {
+  entered_game entered{.kind = game_kind::world_cup, .teams = {}, .ground = {}, .number = 0, .hosts = hosts()};
+  for (std::size_t i = 0; i < cup_group_teams; ++i) {
+    entered.teams.push_back(entered_team_of(teams, group_a_index[i], human_a[i]));
+  }
+  for (std::size_t i = 0; i < cup_group_teams; ++i) {
+    entered.teams.push_back(entered_team_of(teams, group_b_index[i], human_b[i]));
+  }
+  play_.user.game_begins(entered);
   play_.chance.reseed();
   world_cup_.grounds = list_grounds(play_.data, hosts());
   for (std::size_t i = 0; i < cup_group_teams; ++i) {

@@ -2,6 +2,7 @@
 #include "database/begin_anew.h"
 
 #include "database/configuration.h"
+#include "database/counted_matches.h"
 #include "database/folder_lock.h"
 #include "database/whole_file.h"
 
@@ -18,6 +19,8 @@ bool has_careers_or_records(const database_files& database) {
 
 void begin_careers_anew(const database_files& database) {
   const folder_lock turn(database.career_file, database.watcher);
+  // What a killed program has left of an update is settled as a whole first.
+  { const staged_files all({database.career_file, database.record_file, counted_file(database)}); }
   staged_files staged({database.career_file, database.record_file});
   staged.write({});
   staged.write({});

@@ -5,6 +5,7 @@
 
 #include "database/agreement.h"
 #include "database/configuration.h"
+#include "database/counted_matches.h"
 #include "database/lasting_records.h"
 #include "database/open_database.h"
 #include "database/record_update.h"
@@ -183,7 +184,7 @@ void add_match(const match_state& match, const open_database& data, slot_file& f
 }  // namespace
 
 void settle_update(const open_database& data) {
-  const staged_files both({data.files.career_file, data.files.record_file});
+  const staged_files all({data.files.career_file, data.files.record_file, counted_file(data.files)});
 }
 
 void update_career(const match_state& match, const open_database& data) {
@@ -199,7 +200,15 @@ void update_career(const match_state& match, const open_database& data) {
 void match_update::run() {
   if (!data_.files.updates) return;
   const folder_lock turn(data_.files.career_file, data_.files.watcher);
-  staged_files staged({data_.files.career_file, data_.files.record_file});
+  settle_update(data_);
+  std::vector<std::filesystem::path> files = {data_.files.career_file, data_.files.record_file};
+  std::string counted;
+  if (!name_.empty()) {
+    files.push_back(counted_file(data_.files));
+    counted = read_file(files.back()).value_or("");
+    added_ = added_ || is_counted(counted, name_);
+  }
+  staged_files staged(files);
   if (added_) return staged.synchronise_folders();
   slot_file career_file = whole_careers(data_);
   slot_file record_file = whole_records(data_);
@@ -210,6 +219,7 @@ void match_update::run() {
   staged.write(career_file.bytes());
   add_match_to_records(match_, data_, record_file, lists);
   staged.write(record_file.bytes());
+  if (!name_.empty()) staged.write(list_with(counted, name_));
   try {
     staged.put_in_place();
   } catch (const run_time_error&) {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <string>
+#include <utility>
+
 // The lasting figures. Both run once at the end of a match, in this order, on the match as it stands then: the second
 // innings current, the last stand recorded, the result block filled. While files.updates is false, nothing is done.
 
@@ -22,19 +25,22 @@ void update_records(const match_state& match, const open_database& data);
 /// Both, as the end of a match does it; what has failed may be tried again.
 class match_update {
  public:
-  /// `added` is set once the files have the match; it outlives the update.
-  match_update(const match_state& match, const open_database& data, bool& added)
-      : added_(added), match_(match), data_(data) {}
+  /// `added` is set once the files have the match; it outlives the update. `name`: one under which the match is added
+  /// once, whoever asks again, also after a crash; a line of printable characters; "" for none.
+  match_update(const match_state& match, const open_database& data, bool& added, std::string name = {})
+      : added_(added), name_(std::move(name)), match_(match), data_(data) {}
 
   /// Adds the match to both. Requires, reads and raises as they do, and refuses files that do not belong together
   /// (file). Neither file is replaced before the new content of both is written: a failure leaves both as they were or,
   /// if it is the renaming of the second, to the next update to finish, which adds to the files as they are then; if
   /// only the folder could not be synchronised, both are new.
-  /// Called again after a failure, it does what is left to be done: no match is added twice.
+  /// Called again after a failure, it does what is left to be done: no match is added twice. A match with a name is
+  /// noted in the third file that is put in place with the two, and one that is noted there is not added again.
   void run();
 
  private:
   bool& added_;  ///< by an earlier run, which then failed
+  std::string name_;
   const match_state& match_;
   const open_database& data_;
 };

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "database/slots.h"
@@ -37,6 +38,7 @@ class kept_file {
   /// Forgets the records unless they still are those of the file. `read_once`: they are taken for it unseen. Raises
   /// run_time_error (file).
   void renew(const std::filesystem::path& path, bool read_once) {
+    if (held_) return;
     if (read_once && file_ && path.native() == path_.native()) return;
     const file_state now = state_of(path);
     if (settled_ && now == state_ && path.native() == path_.native()) return;
@@ -48,11 +50,21 @@ class kept_file {
   }
 
   void forget() {
+    if (held_) return;
     settled_ = false;
     records_.reset();
     file_.reset();
   }
 
+  /// From here on these are the records, whatever any file has: there is none.
+  void hold(std::vector<Record> records) {
+    forget();
+    records_ = std::move(records);
+    held_ = true;
+  }
+  bool held() const { return held_; }
+
+  /// Requires a file that has been read.
   const slot_file& file() const { return *file_; }
   std::optional<std::vector<Record>>& records() { return records_; }
 
@@ -60,6 +72,7 @@ class kept_file {
   std::filesystem::path path_;
   file_state state_;
   bool settled_ = false;
+  bool held_ = false;
   std::optional<slot_file> file_;
   std::optional<std::vector<Record>> records_;
 };

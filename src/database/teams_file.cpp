@@ -9,6 +9,7 @@
 #include <ctime>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "database/configuration.h"
 #include "database/open_database.h"
@@ -55,6 +56,7 @@ const team_rec& read_team(open_database& data, int record) {
   const auto place = static_cast<std::size_t>(record - 2);
   if (place < teams.size()) return teams[place];
   data.single_team = team_rec();
+  if (data.kept_teams.held()) return data.single_team;
   data.kept_teams.file().get(record, data.single_team);
   return data.single_team;
 }
@@ -64,7 +66,13 @@ const std::vector<ground_rec>& read_grounds(open_database& data) {
   return all_records(data.kept_grounds, "ground_count", std::numeric_limits<std::int16_t>::max());
 }
 
+void hold_teams_and_grounds(open_database& data, std::vector<team_rec> teams, std::vector<ground_rec> grounds) {
+  data.kept_teams.hold(std::move(teams));
+  data.kept_grounds.hold(std::move(grounds));
+}
+
 void require_whole_database(open_database& data) {
+  if (data.kept_teams.held() && data.kept_grounds.held()) return;
   data.kept_teams.renew(data.files.team_file, data.files.read_once);
   require_whole<team_rec>(data.kept_teams.file(), "team_count");
   data.kept_grounds.renew(data.files.ground_file, data.files.read_once);

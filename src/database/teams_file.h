@@ -27,6 +27,9 @@ void require_whole_database(open_database& data);
 /// Drops what has been kept of both files: the next call reads them, files.read_once or not.
 void forget_teams_and_grounds(open_database& data);
 
+/// From here on these are the teams and grounds of the database, which has no files of them: element n - 1 is team n.
+void hold_teams_and_grounds(open_database& data, std::vector<team_rec> teams, std::vector<ground_rec> grounds);
+
 /// Calls `visit` for each ground of the database in use, in file order. Errors as for read_grounds().
 void scan_grounds(open_database& data, const std::function<void(const ground_rec&)>& visit);
 

@@ -2,15 +2,26 @@
 #include "browsers/player_profile.h"
 #include "console/captain_forms.h"
 #include "engine/over_play.h"
+#include "model/captain_answer.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "ui/front_end.h"
 
 namespace velorin {
 
+namespace {
+
+/// As an answer holds it. Requires no negative number.
+std::uint32_t number_of(int value) { return static_cast<std::uint32_t>(value); }
+
+}  // namespace
+
 bool console_form::closed() const { return !play_.match.console_open; }
 
-void console_form::bowl_next_over() { next_over(play_); }
+void console_form::bowl_next_over() {
+  play_.user.answered({answer_kind::next_over});
+  next_over(play_);
+}
 
 bool console_form::has_over_in_play() const {
   return play_.match.next_step != play_step::between_overs && play_.match.next_step != play_step::closed;
@@ -20,24 +31,28 @@ void console_form::show_scorecard() { play_.user.open(report::scorecard); }
 
 void console_form::change_bowler() {
   if (play_.match.computer_bowls) return;
+  play_.user.answered({answer_kind::change_bowler});
   bowler_choice_form form(play_.match, bowler_choice_form::use::change, "Change Bowler");
   play_.user.show(form);
 }
 
 void console_form::change_batsman_aggression(int slot) {
   if (play_.match.computer_bats) return;
+  play_.user.answered({answer_kind::change_batsman_aggression, number_of(slot)});
   aggression_form form = aggression_form::of_batsman(play_.match, slot);
   play_.user.show(form);
 }
 
 void console_form::change_bowler_aggression(int slot) {
   if (play_.match.computer_bowls) return;
+  play_.user.answered({answer_kind::change_bowler_aggression, number_of(slot)});
   aggression_form form = aggression_form::of_bowler(play_.match, slot);
   play_.user.show(form);
 }
 
 void console_form::set_batsman_aggression(int slot, int level) {
   if (play_.match.computer_bats || level < least_aggression || level > most_aggression) return;
+  play_.user.answered({answer_kind::set_batsman_aggression, number_of(slot), number_of(level)});
   aggression_form form = aggression_form::of_batsman(play_.match, slot);
   form.aggression = level;
   form.accept();
@@ -45,6 +60,7 @@ void console_form::set_batsman_aggression(int slot, int level) {
 
 void console_form::set_bowler_aggression(int slot, int level) {
   if (play_.match.computer_bowls || level < least_aggression || level > most_aggression) return;
+  play_.user.answered({answer_kind::set_bowler_aggression, number_of(slot), number_of(level)});
   aggression_form form = aggression_form::of_bowler(play_.match, slot);
   form.aggression = level;
   form.accept();
@@ -53,6 +69,7 @@ void console_form::set_bowler_aggression(int slot, int level) {
 void console_form::choose_bowler(int position) {
   if (play_.match.computer_bowls || position < 1 || position > men_in_eleven) return;
   if (play_.match.bowling_card[static_cast<std::size_t>(position)].balls >= balls_of_quota) return;
+  play_.user.answered({answer_kind::choose_bowler, number_of(position)});
   bowler_choice_form form(play_.match, bowler_choice_form::use::change, "Change Bowler");
   form.choose(position);
   form.accept();
@@ -90,7 +107,11 @@ void console_form::show_profile_of_bowler(int position) {
 
 void console_form::show_overs_graph() { play_.user.open(report::overs_graph); }
 
-void console_form::browse_over(int over) { show_past_over(play_.match, over); }
+void console_form::browse_over(int over) {
+  if (over < 1 || over > play_.match.browser_maximum) return;
+  play_.user.answered({answer_kind::browse_over, number_of(over)});
+  show_past_over(play_.match, over);
+}
 
 void show_past_over(match_state& match, int over) {
   if (over < 1 || over > match.browser_maximum) return;

@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace velorin {
+
+/// What chance has come from, for whoever wants to draw it once more.
+struct chance_log {
+  std::vector<std::uint64_t> readings;  ///< nanosecond readings of the clock, in the order in which they were taken
+  std::vector<double> draws;            ///< scripted draws, likewise
+};
 
 /// Where chance comes from. All draws of a match go through one source.
 class random_source {
@@ -17,9 +24,28 @@ class random_source {
   /// Draws the given numbers, each in [0,1), in turn; reseed() does nothing. `name` is the file's name for errors.
   void use_script(std::vector<double> draws, std::string name);
 
+  /// Draws from the generator in this state; reseed() takes the given nanosecond readings in turn.
+  void use_readings(std::uint64_t state, std::vector<std::uint64_t> readings);
+  /// Draws from the generator in this state; reseed() does nothing.
+  void use_state(std::uint64_t state);
+  /// From here on reseed() reads the clock; the generator goes on where it stands.
+  void go_on_by_clock();
+
+  /// What the source draws from.
+  enum class kind : std::uint8_t { seed, script, clock, readings };
+  kind drawn_from() const { return kind_; }
+  /// The generator's state.
+  std::uint64_t state() const { return state_; }
+  /// Given readings that reseed() has not taken yet, or scripted draws not used yet.
+  std::size_t left() const;
+
+  /// Readings of the clock and scripted draws are added to `log`, which outlives its use; nullptr for none. A copy of
+  /// the source adds to the same.
+  void log_to(chance_log* log) { log_ = log; }
+
   /// Before most groups of draws. With the clock: restarts the generator from a pure function of a nanosecond reading.
   void reseed() {
-    if (kind_ == kind::clock) state_ = seed_from_clock();
+    if (kind_ >= kind::clock) state_ = seed_from_reading(next_reading());
   }
 
   /// A number in [0,1). Raises run_time_error (subscript) when a script has run out.
@@ -44,16 +70,18 @@ class random_source {
   static constexpr std::uint64_t seed_from_reading(std::uint64_t nanoseconds) { return mix(nanoseconds + golden); }
 
  private:
-  enum class kind { clock, seed, script };
   static constexpr std::uint64_t golden = 0x9E3779B97F4A7C15U;
 
-  static std::uint64_t seed_from_clock();
+  std::uint64_t next_reading();
   double next_of_script();
 
   kind kind_ = kind::clock;
   std::uint64_t state_ = 0;
   std::uint64_t draws_used_ = 0;
   std::vector<double> script_;
+  std::vector<std::uint64_t> readings_;
+  std::size_t readings_taken_ = 0;
+  chance_log* log_ = nullptr;
   std::string script_name_;
 };
 

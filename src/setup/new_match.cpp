@@ -16,6 +16,7 @@
 #include "reports/worm_graph.h"
 #include "setup/conditions.h"
 #include "setup/match_steps.h"
+#include "ui/front_end.h"
 #include "ui/match_play.h"
 
 namespace velorin {
@@ -151,9 +152,22 @@ void new_match_form::begin() {
   play_.match.step = match_step::conditions;
 }
 
+entered_game new_match_form::entered() const {
+  const auto team = [this](int index, bool computer) {
+    const team_entry& entry = teams[static_cast<std::size_t>(index)];
+    return entered_team{entry.name, entry.record, !computer};
+  };
+  return {.kind = game_kind::match,
+          .teams = {team(first_team_index, computer_captains_first), team(second_team_index, computer_captains_second)},
+          .ground = ground_name(),
+          .number = 0,
+          .hosts = {}};
+}
+
 void new_match_form::accept() {
   visible = false;
   try {
+    if (first_team_index >= 0 && second_team_index >= 0) play_.user.game_begins(entered());
     begin();
     left = !resume_match(play_);
   } catch (...) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "model/entered_game.h"
 #include "model/match_records.h"
 #include "ui/match_play.h"
 
@@ -62,6 +63,9 @@ struct new_match_form {
   void accept();
   /// "Cancel".
   void cancel() { visible = false; }
+
+  /// The choice as it is told to whoever records the match. Requires both teams chosen.
+  entered_game entered() const;
 
  private:
   match_play play_;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "captain/computer_captain.h"
+#include "model/captain_answer.h"
 #include "model/match_state.h"
 #include "model/random.h"
 #include "setup/elevens_in_play.h"
@@ -46,7 +47,8 @@ void toss_form::open_again() {
   static_cast<toss_screen&>(*this) = play_.match.toss;
 }
 
-void toss_form::call_coin(int) {
+void toss_form::call_coin(int index) {
+  play_.user.answered({answer_kind::toss_call, static_cast<std::uint32_t>(index)});
   play_.chance.reseed();
   const bool first_wins = coin(play_.chance) == 1;
   const bool second_decides = !first_wins && !play_.match.computer_bowls;
@@ -67,11 +69,13 @@ void toss_form::call_coin(int) {
 }
 
 void toss_form::choose_to_bat() {
+  if (play_.match.human_involved()) play_.user.answered({answer_kind::toss_bat});
   if (other_line == play_.match.team1_name) swap_teams(play_);
   closed = true;
 }
 
 void toss_form::choose_to_bowl() {
+  if (play_.match.human_involved()) play_.user.answered({answer_kind::toss_bowl});
   if (deciding_line == play_.match.team1_name) swap_teams(play_);
   closed = true;
 }

@@ -11,6 +11,8 @@
 
 namespace velorin {
 
+struct captain_answer;
+struct entered_game;
 struct aggression_form;
 struct player_rankings_form;
 struct next_batsman_form;
@@ -77,6 +79,18 @@ class front_end {
 
   /// The match console of a match with a human side, modal: presses its buttons until the form is closed.
   virtual void show(console_form& form) = 0;
+  // What is told to whoever keeps a record of the game; others need not listen.
+
+  /// A match by itself or a competition has been entered, and is about to make its first draw.
+  virtual void game_begins(const entered_game& /*entered*/) {}
+  /// The user has done something that play follows from, in a form that stays open: it is about to act.
+  virtual void answered(const captain_answer& /*answer*/) {}
+  /// The match in play is about to be added to the careers and records. Returns the name under which it is added, so
+  /// that it is added once; "" for none.
+  virtual std::string saves_match() { return {}; }
+  /// It has been added, or is to be missing from them.
+  virtual void match_saved() {}
+
   /// A ball has been bowled and booked, and the figures of the console are up to date.
   virtual void ball_bowled() = 0;
   /// An unattended match begins its i-th over, from 1.

@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "recording/recorder.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <ctime>
+
+#include "competitions/match_entry.h"
+#include "competitions/series.h"
+#include "competitions/tri_series.h"
+#include "competitions/world_cup_fixtures.h"
+#include "competitions/world_cup_tables.h"
+#include "console/captain_forms.h"
+#include "database/teams_file.h"
+#include "engine/over_play.h"
+#include "model/run_time_error.h"
+#include "reports/match_report.h"
+#include "setup/conditions.h"
+#include "setup/team_selection.h"
+#include "setup/toss.h"
+#include "ui/saving.h"
+
+namespace velorin {
+
+namespace {
+
+constexpr const char* without_recording = "If you go on without it, this game cannot be continued or watched again.";
+
+bool is_fresh(const world_cup_record& cup) { return standing_cup(cup).empty() && !cup.quit_requested; }
+
+std::uint32_t packed_levels(const conditions_form& form) {
+  const std::array<int, 4> levels = {form.weather, form.pitch_surface, form.pitch_bounce, form.outfield};
+  std::uint32_t packed = 0;
+  for (std::size_t i = 0; i < levels.size(); ++i) packed |= static_cast<std::uint32_t>(levels[i]) << 4 * i;
+  return packed;
+}
+
+std::uint32_t packed_ticks(const team_selection_form& form) {
+  std::uint32_t packed = 0;
+  for (std::size_t place = 1; place < form.ticks.size(); ++place) packed |= form.ticks[place] ? 1U << place : 0U;
+  return packed;
+}
+
+}  // namespace
+
+recorded_beginning beginning_of(const entered_game& entered, game_state& game) {
+  recorded_beginning begun;
+  begun.game = entered;
+  // A match chooses by number, a competition by name.
+  const std::vector<team_rec>& teams = read_team_list(game.data);
+  for (std::size_t i = 0; i < teams.size(); ++i) {
+    const int number = static_cast<int>(i) + 2;
+    const bool taken = std::any_of(entered.teams.begin(), entered.teams.end(), [&](const entered_team& each) {
+      return each.record == number || (!each.name.empty() && each.name == teams[i].team_name);
+    });
+    if (taken) begun.teams.emplace_back(number, teams[i]);
+  }
+  for (const ground_rec& ground : read_grounds(game.data)) {
+    if (entered.kind != game_kind::match || ground.ground_name == entered.ground) begun.grounds.push_back(ground);
+  }
+  begun.text_color = game.data.settings.text_color;
+  begun.back_color = game.data.settings.back_color;
+  begun.chance = game.chance.drawn_from();
+  begun.chance_state = game.chance.state();
+  begun.standing.worms = game.match;
+  if (entered.kind == game_kind::world_cup && !is_fresh(game.world_cup)) begun.standing.world_cup = game.world_cup;
+  return begun;
+}
+
+recorder::recorder(front_end& shown_by, game_state& game, recording_sink& sink, std::string program)
+    : shown_by_(shown_by), game_(game), sink_(sink), program_(std::move(program)) {}
+
+recorder::~recorder() { game_.chance.log_to(nullptr); }
+
+void recorder::go_on_with(const recording& before) {
+  entries_ = entry_writer(before.check);
+  id_ = text_of(before.beginning.id);
+  matches_saved_ = static_cast<int>(
+      std::count(before.events.begin(), before.events.end(), recorded_event(recorded_saving{})));
+  log_ = {};
+  game_.chance.log_to(&log_);
+  on_ = true;
+}
+
+void recorder::game_begins(const entered_game& entered) {
+  shown_by_.game_begins(entered);
+  stop();
+  recorded_beginning begun = beginning_of(entered, game_);
+  begun.id = new_recording_id();
+  begun.begun_at = std::time(nullptr);
+  begun.program = program_;
+  entries_ = entry_writer();
+  entries_.beginning(begun);
+  id_ = text_of(begun.id);
+  matches_saved_ = 0;
+  log_ = {};
+  game_.chance.log_to(&log_);
+  on_ = true;
+  save([&] { sink_.begin(begun); });
+  flush(true);
+}
+
+void recorder::game_over() {
+  if (!on_) return;
+  entries_.chance(log_);
+  write(recorded_end{});
+  flush(true);
+  stop();
+}
+
+void recorder::stop() {
+  game_.chance.log_to(nullptr);
+  if (std::exchange(on_, false)) sink_.end();
+}
+
+void recorder::save(const std::function<void()>& act) {
+  if (!saved(shown_by_, without_recording, act)) stop();
+}
+
+void recorder::write(const recorded_event& event) {
+  if (!on_) return;
+  entries_.chance(log_);
+  entries_.event(event);
+}
+
+void recorder::flush(bool settle) {
+  if (!on_) return;
+  entries_.chance(log_);
+  if (!entries_.empty()) {
+    const std::string bytes = entries_.take();
+    save([&] { sink_.append(bytes); });
+  }
+  if (on_ && settle) sink_.settle();
+}
+
+void recorder::record(const captain_answer& answer) {
+  write(answer);
+  flush(true);
+}
+
+void recorder::answered(const captain_answer& answer) {
+  shown_by_.answered(answer);
+  if (answer.kind == answer_kind::next_over) write(check_of(game_.match));
+  record(answer);
+}
+
+std::string recorder::saves_match() {
+  write(check_of(game_.match));
+  flush(true);
+  return on_ ? fmt::format("{}-{}", id_, matches_saved_ + 1) : std::string();
+}
+
+void recorder::match_saved() {
+  ++matches_saved_;
+  write(recorded_saving{});
+  flush(true);
+  shown_by_.match_saved();
+}
+
+template <class Asked>
+void recorder::ask(Asked& asked) {
+  flush(false);
+  shown_by_.show(asked);
+  record({answer_kind::read});
+}
+
+void recorder::show(const message_box& message) { ask(message); }
+void recorder::show(batsman_details_form& form) { ask(form); }
+void recorder::show(match_report_form& form) { ask(form); }
+void recorder::show(series_results_form& form) { ask(form); }
+void recorder::show(tri_series_table_form& form) { ask(form); }
+
+void recorder::show(world_cup_tables_form& form) {
+  // From the fixture list the user opens them of himself.
+  if (game_.world_cup.step == cup_step::list) return shown_by_.show(form);
+  ask(form);
+}
+
+void recorder::show(world_cup_fixtures_form& form) {
+  flush(false);
+  const bool before = std::exchange(game_.world_cup.quit_requested, false);
+  shown_by_.show(form);
+  const bool quits = game_.world_cup.quit_requested;
+  game_.world_cup.quit_requested = before || quits;
+  record({quits ? answer_kind::quit_cup : answer_kind::read});
+}
+
+void recorder::show(conditions_form& form) {
+  flush(false);
+  shown_by_.show(form);
+  record(form.left ? captain_answer{answer_kind::left} : captain_answer{answer_kind::conditions, packed_levels(form)});
+}
+
+void recorder::show(team_selection_form& form) {
+  flush(false);
+  shown_by_.show(form);
+  record(form.left ? captain_answer{answer_kind::left} : captain_answer{answer_kind::selection, packed_ticks(form)});
+}
+
+void recorder::show(toss_form& form) {
+  flush(false);
+  shown_by_.show(form);
+  if (form.left) record({answer_kind::left});
+}
+
+void recorder::show(next_batsman_form& form) {
+  flush(false);
+  shown_by_.show(form);
+  record({answer_kind::next_batsman, static_cast<std::uint32_t>(form.chosen),
+          static_cast<std::uint32_t>(form.aggression)});
+}
+
+void recorder::show(bowler_choice_form& form) {
+  flush(false);
+  shown_by_.show(form);
+  record({answer_kind::bowler, static_cast<std::uint32_t>(form.chosen), form.closed ? 1U : 0U});
+}
+
+void recorder::show(aggression_form& form) {
+  flush(false);
+  shown_by_.show(form);
+  record({answer_kind::aggression, form.closed ? static_cast<std::uint32_t>(form.aggression) : 0U});
+}
+
+void recorder::show(console_form& form) {
+  flush(false);
+  shown_by_.show(form);
+}
+
+void recorder::ball_bowled() {
+  // Of an unattended match no ball is shown.
+  if (game_.match.human_involved()) flush(false);
+  shown_by_.ball_bowled();
+}
+
+void recorder::progress(int over) {
+  write(check_of(game_.match));
+  flush(false);
+  shown_by_.progress(over);
+}
+
+void recorder::progress_done() { shown_by_.progress_done(); }
+
+void recorder::open(report which) {
+  const play_step step = game_.match.next_step;
+  const bool stops = step == play_step::innings_card_shown || step == play_step::match_card_shown;
+  // What is opened from the card at which play stops is no card.
+  if (stops && which == report::scorecard) {
+    flush(false);
+    shown_by_.open(which);
+    record({answer_kind::read});
+    return;
+  }
+  if (which == report::partnerships || which == report::first_partnerships || which == report::worm_graph) {
+    record({answer_kind::looked, static_cast<std::uint32_t>(which)});
+  }
+  shown_by_.open(which);
+}
+
+}  // namespace velorin

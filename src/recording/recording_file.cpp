@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "recording/recording_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "database/whole_file.h"
+#include "model/run_time_error.h"
+
+namespace velorin {
+
+namespace {
+
+[[noreturn]] void raise_in_use(const std::filesystem::path& file) {
+  throw run_time_error(failure::file, "Another program plays this game",
+                       {.file = file_name_text(file), .record = 0, .field = {}, .player = {}});
+}
+
+}  // namespace
+
+recording_file::recording_file() : settler_([this] { write_back(); }) {}
+
+recording_file::~recording_file() {
+  {
+    const std::lock_guard hold(guard_);
+    over_ = true;
+  }
+  changed_.notify_all();
+  settler_.join();
+}
+
+void recording_file::take(int number) {
+  const std::lock_guard hold(guard_);
+  file_.take(number);
+}
+
+void recording_file::begin(const recorded_beginning&) {
+  std::error_code ignored;
+  std::filesystem::create_directories(folder_of(path_), ignored);
+  take(open_file(path_, O_WRONLY | O_CREAT | O_EXCL, 0666));
+  if (!file_.open()) raise_file_error("The game cannot be recorded", errno, path_);
+  if (::flock(file_.number(), LOCK_EX | LOCK_NB) != 0) raise_in_use(path_);
+  length_ = 0;
+}
+
+recording recording_file::go_on(const std::filesystem::path& file) {
+  take(open_file(file, O_WRONLY | O_NONBLOCK));
+  path_ = file;
+  if (!file_.open()) raise_file_error("The recording cannot be opened", errno, file);
+  if (::flock(file_.number(), LOCK_EX | LOCK_NB) != 0) {
+    take(-1);
+    raise_in_use(file);
+  }
+  recording before = read_recording(file);
+  length_ = before.whole_bytes;
+  if (::ftruncate(file_.number(), static_cast<off_t>(length_)) != 0 ||
+      ::lseek(file_.number(), static_cast<off_t>(length_), SEEK_SET) < 0) {
+    raise_file_error("The recording cannot be written", errno, file);
+  }
+  return before;
+}
+
+void recording_file::append(std::string_view bytes) {
+  if (!file_.open()) raise_file_error("The game cannot be recorded", EBADF, path_);
+  if (write_all(file_.number(), bytes)) {
+    length_ += bytes.size();
+    return;
+  }
+  const int cause = errno;
+  // Nothing of it counts: where it is tried again, it follows on what was whole.
+  if (::ftruncate(file_.number(), static_cast<off_t>(length_)) == 0) {
+    ::lseek(file_.number(), static_cast<off_t>(length_), SEEK_SET);
+  }
+  raise_file_error("The game cannot be recorded", cause, path_);
+}
+
+void recording_file::settle() {
+  {
+    const std::lock_guard hold(guard_);
+    to_settle_ = true;
+  }
+  changed_.notify_all();
+}
+
+void recording_file::end() {
+  std::unique_lock hold(guard_);
+  changed_.wait(hold, [this] { return !settling_; });
+  if (file_.open()) ::fdatasync(file_.number());
+  to_settle_ = false;
+  file_.close();
+}
+
+void recording_file::write_back() {
+  std::unique_lock hold(guard_);
+  for (;;) {
+    changed_.wait(hold, [this] { return to_settle_ || over_; });
+    if (over_) return;
+    to_settle_ = false;
+    if (!file_.open()) continue;
+    settling_ = true;
+    const int number = file_.number();
+    hold.unlock();
+    ::fdatasync(number);
+    hold.lock();
+    settling_ = false;
+    changed_.notify_all();
+  }
+}
+
+bool is_in_use(const std::filesystem::path& file) {
+  const descriptor opened(open_file(file, O_RDONLY | O_NONBLOCK));
+  return opened.open() && ::flock(opened.number(), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
+}  // namespace velorin
