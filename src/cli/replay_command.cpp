@@ -46,7 +46,8 @@ std::optional<innings_place> parse_place(const std::string& text) {
   };
   if (!number(innings, ':') || !number(over, '.') || !number(ball, '\0')) return std::nullopt;
   const innings_place place{innings, over * balls_of_over + ball};
-  if (innings < 1 || innings > 2 || ball >= balls_of_over || over > overs_of_innings || place.balls > balls_of_innings) {
+  if (innings < 1 || innings > 2 || ball >= balls_of_over || over > overs_of_innings ||
+      place.balls > balls_of_innings) {
     return std::nullopt;
   }
   return place;

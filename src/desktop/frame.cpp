@@ -139,10 +139,21 @@ void Frame::add_bar() {
                         .key = QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W),
                         .hint = QStringLiteral("Shows this page in a window of its own")});
   connect(tear_off_, &QPushButton::clicked, this, [this] { tear_off(); });
+  save_ = new QPushButton(bar_);
+  save_->setObjectName(QStringLiteral("save_game"));
+  save_->setAutoDefault(false);
+  name_act(*save_, {.caption = QStringLiteral("Save As"),
+                    .key = QKeySequence(Qt::CTRL | Qt::Key_S),
+                    .hint = QStringLiteral("Keeps a copy of the game as it stands under a name")});
+  connect(save_, &QPushButton::clicked, this, [this] {
+    if (save_game_) guarded(save_game_);
+  });
+  save_->hide();
   row->addWidget(back_);
   row->addWidget(trail_, 1);
   row->addWidget(passing_, 1);
   row->addWidget(score_);
+  row->addWidget(save_);
   row->addWidget(tear_off_);
   bar_->hide();
 }
@@ -150,6 +161,11 @@ void Frame::add_bar() {
 void Frame::show_score(const QString& score) {
   score_->setText(score);
   show_bar();
+}
+
+void Frame::offer_save(std::function<void()> save) {
+  save_game_ = std::move(save);
+  save_->setVisible(static_cast<bool>(save_game_));
 }
 
 void Frame::on_jump(std::function<void()> jump) { jump_ = std::move(jump); }
@@ -379,6 +395,7 @@ void Frame::show_bar() {
   score_->setVisible(!score_->text().isEmpty() && !form.shows_score());
   back_->setEnabled(page && form.can_be_left());
   tear_off_->setEnabled(page && !waiting->torn);
+  save_->setEnabled(page);
   const QString title = title_of(form);
   setWindowTitle(title == QStringLiteral("Velorin") ? title : title + QStringLiteral(" - Velorin"));
 }

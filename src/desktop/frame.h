@@ -40,6 +40,8 @@ class Frame : public QWidget {
 
   /// Takes the page on top out of the frame into a window of its own.
   void tear_off();
+  /// A game is in play that can be saved under a name: "Save As" in the bar runs this; an empty function takes it away.
+  void offer_save(std::function<void()> save);
   /// Takes it back.
   void put_back(Form& form);
 
@@ -97,6 +99,8 @@ class Frame : public QWidget {
   QTimer* passed_ = nullptr;  // what passes by goes when it fires
   QLabel* score_ = nullptr;
   QPushButton* tear_off_ = nullptr;
+  QPushButton* save_ = nullptr;
+  std::function<void()> save_game_;
   QWidget* area_;
   QWidget* shade_;
   QWidget* resting_;  // hidden forms that may be shown again

@@ -19,8 +19,10 @@ std::uint32_t number_of(int value) { return static_cast<std::uint32_t>(value); }
 bool console_form::closed() const { return !play_.match.console_open; }
 
 void console_form::bowl_next_over() {
-  play_.user.answered({answer_kind::next_over});
+  // An over that was left at a ball was asked for when it began.
+  if (!has_over_in_play()) play_.user.answered({answer_kind::next_over});
   next_over(play_);
+  play_.user.over_bowled();
 }
 
 bool console_form::has_over_in_play() const {

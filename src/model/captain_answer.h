@@ -8,18 +8,18 @@ namespace velorin {
 /// What a user answers to the game, or does of himself in it: all that play follows from besides chance. The numbers
 /// stand in files, and do not change.
 enum class answer_kind : std::uint8_t {
-  read = 1,                        ///< a message, a report or a table at which play stops is put away
-  left = 2,                        ///< the set-up is left
-  conditions = 3,                  ///< first: weather, pitch surface, pitch bounce, outfield, each 4 bits from the low end
-  selection = 4,                   ///< first: bit n is set if the man at place n, 1 to 20, is ticked
-  toss_call = 5,                   ///< first: 0 heads, 1 tails
-  toss_bat = 6,                    ///< "Bat"
-  toss_bowl = 7,                   ///< "Bowl"
-  next_batsman = 8,                ///< first: the row chosen, 1 to 11, 0 for none; second: his aggression
-  bowler = 9,                      ///< first: the row chosen, 0 for none; second: 1 for "OK", 0 for a form put away
-  aggression = 10,                 ///< first: 1 to 5; 0 for a form put away
-  next_over = 11,                  ///< "Next Over"
-  change_bowler = 12,              ///< opens the choice of a bowler
+  read = 1,            ///< a message, a report or a table at which play stops is put away
+  left = 2,            ///< the set-up is left
+  conditions = 3,      ///< first: weather, pitch surface, pitch bounce, outfield, each 4 bits from the low end
+  selection = 4,       ///< first: bit n is set if the man at place n, 1 to 20, is ticked
+  toss_call = 5,       ///< first: 0 heads, 1 tails
+  toss_bat = 6,        ///< "Bat"
+  toss_bowl = 7,       ///< "Bowl"
+  next_batsman = 8,    ///< first: the row chosen, 1 to 11, 0 for none; second: his aggression
+  bowler = 9,          ///< first: the row chosen, 0 for none; second: 1 for "OK", 0 for a form put away
+  aggression = 10,     ///< first: 1 to 5; 0 for a form put away
+  next_over = 11,      ///< "Next Over"
+  change_bowler = 12,  ///< opens the choice of a bowler
   change_batsman_aggression = 13,  ///< opens the aggression of the batsman in slot `first`
   change_bowler_aggression = 14,   ///< opens the aggression of the bowler in slot `first`
   set_batsman_aggression = 15,     ///< first: the slot; second: 1 to 5

@@ -10,9 +10,9 @@
 
 #include "model/integer.h"
 
-// How values stand in a recording. Whole numbers take seven bits a byte, the lowest first, the eighth bit set in all but
-// the last; those that can be negative are folded first: 0, -1, 1, -2 become 0, 1, 2, 3. A text is its length and its
-// bytes. Numbers with a fraction are their IEEE 754 bytes, the lowest first.
+// How values stand in a recording. Whole numbers take seven bits a byte, the lowest first, the eighth bit set in all
+// but the last; those that can be negative are folded first: 0, -1, 1, -2 become 0, 1, 2, 3. A text is its length and
+// its bytes. Numbers with a fraction are their IEEE 754 bytes, the lowest first.
 
 namespace velorin {
 

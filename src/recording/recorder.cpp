@@ -59,6 +59,7 @@ recorded_beginning beginning_of(const entered_game& entered, game_state& game) {
   for (const ground_rec& ground : read_grounds(game.data)) {
     if (entered.kind != game_kind::match || ground.ground_name == entered.ground) begun.grounds.push_back(ground);
   }
+  begun.database = game.data.files.base;
   begun.text_color = game.data.settings.text_color;
   begun.back_color = game.data.settings.back_color;
   begun.chance = game.chance.drawn_from();
@@ -74,13 +75,13 @@ recorder::recorder(front_end& shown_by, game_state& game, recording_sink& sink, 
 recorder::~recorder() { game_.chance.log_to(nullptr); }
 
 void recorder::go_on_with(const recording& before) {
-  entries_ = entry_writer(before.check);
+  entries_ = entry_writer(before);
   id_ = text_of(before.beginning.id);
-  matches_saved_ = static_cast<int>(
-      std::count(before.events.begin(), before.events.end(), recorded_event(recorded_saving{})));
+  matches_saved_ =
+      static_cast<int>(std::count(before.events.begin(), before.events.end(), recorded_event(recorded_saving{})));
   log_ = {};
   game_.chance.log_to(&log_);
-  on_ = true;
+  on_ = played_ = true;
 }
 
 void recorder::game_begins(const entered_game& entered) {
@@ -97,6 +98,7 @@ void recorder::game_begins(const entered_game& entered) {
   log_ = {};
   game_.chance.log_to(&log_);
   on_ = true;
+  played_ = false;
   save([&] { sink_.begin(begun); });
   flush(true);
 }
@@ -143,6 +145,11 @@ void recorder::answered(const captain_answer& answer) {
   shown_by_.answered(answer);
   if (answer.kind == answer_kind::next_over) write(check_of(game_.match));
   record(answer);
+}
+
+void recorder::over_bowled() {
+  flush(true);
+  shown_by_.over_bowled();
 }
 
 std::string recorder::saves_match() {
@@ -229,6 +236,7 @@ void recorder::show(console_form& form) {
 }
 
 void recorder::ball_bowled() {
+  played_ = true;
   // Of an unattended match no ball is shown.
   if (game_.match.human_involved()) flush(false);
   shown_by_.ball_bowled();

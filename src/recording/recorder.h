@@ -54,6 +54,8 @@ class recorder : public front_end {
   void go_on_with(const recording& before);
   /// A game is being recorded.
   bool is_on() const { return on_; }
+  /// A ball has been bowled in it.
+  bool has_play() const { return played_; }
   /// The game that was recorded is over, or was left: nothing of it is to be gone on with.
   void game_over();
   /// The game stays as it is, to be gone on with some day.
@@ -61,6 +63,7 @@ class recorder : public front_end {
 
   void game_begins(const entered_game& entered) override;
   void answered(const captain_answer& answer) override;
+  void over_bowled() override;
   std::string saves_match() override;
   void match_saved() override;
 
@@ -101,6 +104,7 @@ class recorder : public front_end {
   recording_sink& sink_;
   std::string program_;
   bool on_ = false;
+  bool played_ = false;
   std::string id_;
   int matches_saved_ = 0;
   chance_log log_;

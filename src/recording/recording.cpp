@@ -181,6 +181,7 @@ void pass_beginning(Io& io, Begun& begun) {
   pass_game(io, begun.game);
   pass_teams(io, begun.teams);
   pass_list(io, begun.grounds, [&](auto& ground) { visit_fields(ground, io); });
+  pass_text(io, begun.database);
   pass_text(io, begun.text_color);
   pass_text(io, begun.back_color);
   pass_number(io, begun.chance, static_cast<int>(random_source::kind::clock));
@@ -420,8 +421,9 @@ recorded_check check_of(const match_state& match) {
     for (std::size_t i = from; i < list->size(); ++i) {
       const delivery& ball = (*list)[i];
       const std::array<char, 8> figures = {
-          static_cast<char>(ball.over),    static_cast<char>(ball.bowler),  static_cast<char>(ball.striker),
-          static_cast<char>(ball.outcome), static_cast<char>(ball.fielder), static_cast<char>(ball.extras),
+          static_cast<char>(ball.over),    static_cast<char>(ball.bowler),
+          static_cast<char>(ball.striker), static_cast<char>(ball.outcome),
+          static_cast<char>(ball.fielder), static_cast<char>(ball.extras),
           static_cast<char>(ball.how),     static_cast<char>(ball.batting_aggression * 8 + ball.bowling_aggression)};
       sum = crc_32({figures.data(), figures.size()}, sum);
     }

@@ -28,7 +28,7 @@ inline constexpr std::string_view recording_extension = ".velorin";
 inline constexpr int recording_version = 1;
 /// To be raised with every change by which a recording would be played otherwise than it was.
 inline constexpr int rules_version = 1;
-inline constexpr std::size_t recording_head = 12;  ///< bytes: magic, format version, rules version
+inline constexpr std::size_t recording_head = 12;      ///< bytes: magic, format version, rules version
 inline constexpr std::size_t longest_entry = 1 << 20;  ///< bytes of an entry's content
 
 using recording_id = std::array<std::uint8_t, 16>;
@@ -51,8 +51,9 @@ struct recorded_beginning {
   entered_game game;
   std::vector<std::pair<int, team_rec>> teams;  ///< with their numbers in the team file; men without a name left out
   std::vector<ground_rec> grounds;              ///< in file order
-  std::string text_color;  ///< of exported pages, as the settings had it
-  std::string back_color;  ///< likewise
+  std::string database;                         ///< base name of the database whose careers count the matches
+  std::string text_color;                       ///< of exported pages, as the settings had it
+  std::string back_color;                       ///< likewise
   random_source::kind chance = random_source::kind::clock;
   std::uint64_t chance_state = 0;
   standing_games standing;
@@ -98,8 +99,9 @@ class entry_writer {
  public:
   /// Begins a file: its head is the first that is taken.
   entry_writer();
-  /// Goes on behind whole entries with this check.
-  explicit entry_writer(std::uint32_t check) : check_(check) {}
+  /// Goes on behind the whole entries of a file.
+  explicit entry_writer(const recording& before)
+      : check_(before.check), last_reading_(before.readings.empty() ? 0 : before.readings.back()) {}
 
   void beginning(const recorded_beginning& begun);
   /// Nothing for an empty log. Empties it.

@@ -346,8 +346,8 @@ void play_cup(const recording& recorded, const std::string& name, const match_pl
   require_teams(recorded, name, 2 * cup_group_teams);
   const entered_game& entered = recorded.beginning.game;
   if (entered.hosts.size() != cup_hosts) {
-    throw run_time_error(failure::file, fmt::format("The recording names {} hosts, not {}", entered.hosts.size(),
-                                                    cup_hosts),
+    throw run_time_error(failure::file,
+                         fmt::format("The recording names {} hosts, not {}", entered.hosts.size(), cup_hosts),
                          {.file = name, .record = 1, .field = {}, .player = {}});
   }
   world_cup_form form(play, cup);
@@ -401,8 +401,7 @@ game_state game_at_beginning(const recording& recorded) {
   return game;
 }
 
-replay_end replay(const recording& recorded, const std::string& name, game_state& game,
-                  const replay_options& options) {
+replay_end replay(const recording& recorded, const std::string& name, game_state& game, const replay_options& options) {
   recorded_user user(recorded, name, game, options);
   const match_play play{game.match, game.chance, user, game.data};
   try {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QApplication>
 #include <QIcon>
+#include <QStandardPaths>
 #include <QTimer>
 #include <cerrno>
 #include <cstdio>
@@ -32,13 +33,16 @@ int main(int argc, char** argv) {
   game->data.files.folder = std::filesystem::path(QApplication::applicationDirPath().toStdString()) / "teams";
   apply_theme(preferences::appearance());
 
-  QtFrontEnd shown_by(*game);
+  const QString kept = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+  QtFrontEnd shown_by(*game, std::filesystem::path(kept.toStdString()) / "games");
   Frame frame;
   MenuWindow menu_window(shown_by, &frame);
   frame.show();
   menu_window.show();
-  QTimer::singleShot(0, &menu_window, [&menu_window] {
+  const QStringList arguments = QApplication::arguments();
+  QTimer::singleShot(0, &menu_window, [&menu_window, &arguments] {
     menu_window.start();
+    if (arguments.size() > 1) return menu_window.open_game(arguments[1]);
     menu_window.offer_guide();
   });
   return QApplication::exec();

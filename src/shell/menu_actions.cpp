@@ -16,12 +16,16 @@
 #include "competitions/forms/series_window.h"
 #include "competitions/forms/tri_series_window.h"
 #include "competitions/forms/world_cup_window.h"
+#include "competitions/resume_game.h"
 #include "competitions/series.h"
 #include "competitions/tri_series.h"
 #include "competitions/world_cup_form.h"
+#include "database/file_calls.h"
 #include "database/forms/settings_window.h"
 #include "database/lasting_records.h"
 #include "database/settings_form.h"
+#include "database/whole_file.h"
+#include "desktop/message_window.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "setup/forms/new_match_window.h"
@@ -30,6 +34,7 @@
 #include "shell/credits_window.h"
 #include "shell/jump_window.h"
 #include "shell/qt_front_end.h"
+#include "shell/saved_games_window.h"
 
 namespace velorin::menu {
 
@@ -75,7 +80,60 @@ class UnderWay {
   QtFrontEnd& shown_by_;
 };
 
+Activity activity_of(game_kind kind) {
+  switch (kind) {
+    case game_kind::match:
+      return Activity::single_match;
+    case game_kind::series:
+      return Activity::series_of_two;
+    case game_kind::tri_series:
+      return Activity::series_of_three;
+    case game_kind::world_cup:
+      return Activity::cup;
+  }
+  return Activity::single_match;
+}
+
 }  // namespace
+
+std::filesystem::path take_in(QtFrontEnd& shown_by, const std::filesystem::path& file) {
+  try {
+    const std::filesystem::path& folder = shown_by.keeper()->folder();
+    std::error_code unlike;
+    if (std::filesystem::equivalent(folder_of(file), folder, unlike)) return file;
+    return copy_game_to(folder, file, file.stem().string());
+  } catch (const run_time_error& fault) {
+    MessageWindow told({"Error", fault.what()}, MessageWindow::Kind::failure);
+    run_modal(told);
+  }
+  return {};
+}
+
+void go_on(QtFrontEnd& shown_by, const std::filesystem::path& game) {
+  const kept_game kept = look_at_game(game);
+  if (kept.over || kept.in_use || !kept.fault.empty()) {
+    const std::string why = kept.over     ? "The game is over"
+                            : kept.in_use ? "Another program plays this game"
+                                          : kept.fault;
+    MessageWindow told({"Error", why + (kept.fault.empty() ? " (" + file_name_text(game) + ")" : "")},
+                       MessageWindow::Kind::failure);
+    return run_modal(told);
+  }
+  const UnderWay under_way(shown_by, activity_of(kept.kind));
+  if (!shown_by.keeper()->take_up(game)) return;
+  shown_by.activity_goes_on();
+  resume_game(shown_by.game(), shown_by.user());
+}
+
+void saved_games(QtFrontEnd& shown_by) {
+  std::filesystem::path chosen;
+  {
+    SavedGamesWindow window(*shown_by.keeper());
+    run_modal(window);
+    chosen = window.chosen();
+  }
+  if (!chosen.empty()) go_on(shown_by, chosen);
+}
 
 void new_match(QtFrontEnd& shown_by) {
   {

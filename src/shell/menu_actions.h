@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <filesystem>
+
 namespace velorin {
 
 class QtFrontEnd;
@@ -9,6 +11,14 @@ class QtFrontEnd;
 // ProgramEnds once the program is ending.
 
 namespace menu {
+
+/// Goes on with a game that is kept, at the place where it was left. One that cannot be gone on with is told.
+void go_on(QtFrontEnd& shown_by, const std::filesystem::path& game);
+/// Takes a game from anywhere among the user's games; one that is there already stays the one it is. Returns its file;
+/// empty where the file holds no game, which is told.
+std::filesystem::path take_in(QtFrontEnd& shown_by, const std::filesystem::path& file);
+/// The list of the games that are kept.
+void saved_games(QtFrontEnd& shown_by);
 
 /// "Start Game".
 void new_match(QtFrontEnd& shown_by);

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDateTime>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -100,6 +101,15 @@ void MenuWindow::offer_guide() {
   });
 }
 
+void MenuWindow::open_game(const QString& file) {
+  with_database([this, file] {
+    const std::filesystem::path named = QFileInfo(file).filesystemFilePath();
+    const std::filesystem::path taken = menu::take_in(shown_by_, named);
+    if (!taken.empty()) menu::go_on(shown_by_, taken);
+    show_what_waits();
+  })();
+}
+
 QWidget* MenuWindow::new_panel(const char* name, const QString& heading, const std::vector<Entry>& entries) {
   auto* panel = new QWidget;
   panel->setObjectName(QString::fromLatin1(name));
@@ -118,6 +128,7 @@ QWidget* MenuWindow::new_panel(const char* name, const QString& heading, const s
         act();
         clear_highlights();
         show_database();
+        show_what_waits();
       });
     });
     rows->addWidget(button);
@@ -130,15 +141,26 @@ QWidget* MenuWindow::new_panel(const char* name, const QString& heading, const s
 
 void MenuWindow::add_main_panel() {
   const auto panel = [this](std::size_t i) { return [this, i] { show_panel(sub_[i]); }; };
-  main_ = new_panel("main_panel", QStringLiteral("Menu"),
-                    {{"quick_match", "Quick Match", u'Q', for_play(menu::quick_match)},
-                     {"start_game", "Start Game", u'S', panel(0)},
-                     {"batting_stats", "Batting Stats", u'B', panel(2)},
-                     {"bowling_stats", "Bowling Stats", u'W', panel(3)},
-                     {"other_records", "Other Records", u'O', panel(1)},
-                     {"configurations", "Configurations", u'C', [this] { menu::configurations(shown_by_); }},
-                     {"credits", "Credits", u'R', [] { menu::credits(); }},
-                     {"exit", "Exit", u'X', [this] { leave(); }}});
+  main_ =
+      new_panel("main_panel", QStringLiteral("Menu"),
+                {{"continue", "Continue", u'T', with_database([this] { menu::go_on(shown_by_, game_that_waits_); })},
+                 {"quick_match", "Quick Match", u'Q', for_play(menu::quick_match)},
+                 {"start_game", "Start Game", u'S', panel(0)},
+                 {"saved_games", "Saved Games", u'G', with_database([this] { menu::saved_games(shown_by_); })},
+                 {"batting_stats", "Batting Stats", u'B', panel(2)},
+                 {"bowling_stats", "Bowling Stats", u'W', panel(3)},
+                 {"other_records", "Other Records", u'O', panel(1)},
+                 {"configurations", "Configurations", u'C', [this] { menu::configurations(shown_by_); }},
+                 {"credits", "Credits", u'R', [] { menu::credits(); }},
+                 {"exit", "Exit", u'X', [this] { leave(); }}});
+  continue_ = main_->findChild<MenuEntry*>(QStringLiteral("continue"));
+  waits_ = new_named_label(QStringLiteral("waits"), {}, TextRole::small_muted);
+  waits_->setWordWrap(true);
+  waits_->setContentsMargins(20, 0, 0, 8);
+  auto* rows = static_cast<QVBoxLayout*>(main_->layout());
+  rows->insertWidget(rows->indexOf(continue_) + 1, waits_);
+  main_->findChild<MenuEntry*>(QStringLiteral("saved_games"))->setVisible(shown_by_.keeper() != nullptr);
+  show_what_waits();
 }
 
 void MenuWindow::add_start_panel() {
@@ -233,7 +255,11 @@ void MenuWindow::show_panel(QWidget* panel) {
   shown_ = panel;
   clear_highlights();
   panel->show();
-  if (auto* first = panel->findChild<MenuEntry*>()) first->setFocus();
+  for (MenuEntry* entry : panel->findChildren<MenuEntry*>()) {
+    if (entry->isHidden()) continue;
+    entry->setFocus();
+    break;
+  }
 }
 
 void MenuWindow::clear_highlights() {
@@ -246,8 +272,23 @@ void MenuWindow::show_database() {
                          : QStringLiteral("Database: %1").arg(shown(open_data().files.base)));
 }
 
+void MenuWindow::show_what_waits() {
+  if (continue_ == nullptr || program_is_ending()) return;
+  game_that_waits_ =
+      shown_by_.keeper() == nullptr ? std::filesystem::path() : game_that_waits(shown_by_.keeper()->folder());
+  kept_game waiting;
+  if (!game_that_waits_.empty()) waiting = look_at_game(game_that_waits_);
+  const bool waits = !game_that_waits_.empty() && waiting.fault.empty();
+  const QString words = waits ? shown(waiting.words.line()) : QString();
+  continue_->setVisible(waits);
+  continue_->setAccessibleDescription(words);
+  waits_->setText(words);
+  waits_->setVisible(waits);
+}
+
 void MenuWindow::move_focus(int step) {
-  const QList<MenuEntry*> entries = shown_->findChildren<MenuEntry*>();
+  QList<MenuEntry*> entries = shown_->findChildren<MenuEntry*>();
+  entries.removeIf([](const MenuEntry* entry) { return entry->isHidden(); });
   qsizetype at = 0;
   while (at < entries.size() && !entries[at]->hasFocus()) ++at;
   if (at == entries.size()) at = step > 0 ? -1 : 0;

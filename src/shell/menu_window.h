@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
 #include <functional>
 #include <vector>
 
@@ -30,6 +31,10 @@ class MenuWindow : public Form {
 
   /// Asks a newcomer, once, whether he wants to be led through his first match, and begins it.
   void offer_guide();
+
+  /// Opens a saved game, as the command line or a file manager names it: it is taken among the user's games, and goes
+  /// on. What cannot be opened is told.
+  void open_game(const QString& file);
 
   void reject() override;
 
@@ -64,6 +69,8 @@ class MenuWindow : public Form {
   void clear_highlights();
   void move_focus(int step);
   void show_database();
+  /// "Continue" with what waits, the first entry; none where nothing does.
+  void show_what_waits();
   void leave();
 
   QtFrontEnd& shown_by_;
@@ -71,6 +78,9 @@ class MenuWindow : public Form {
   std::array<QWidget*, 4> sub_{};
   QWidget* shown_ = nullptr;
   QLabel* database_ = nullptr;
+  MenuEntry* continue_ = nullptr;
+  QLabel* waits_ = nullptr;
+  std::filesystem::path game_that_waits_;
   QVBoxLayout* panels_ = nullptr;
 };
 

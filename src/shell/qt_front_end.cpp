@@ -86,14 +86,40 @@ void open_modally(match_state& match, Given&&... given) {
 
 }  // namespace
 
-QtFrontEnd::QtFrontEnd(game_state& game)
-    : game_(game), unstopped_(game), turns_(game.data.files), cup_form_(play(), game.world_cup) {}
+QtFrontEnd::QtFrontEnd(game_state& game, const std::filesystem::path& kept_games)
+    : game_(game),
+      keeper_(kept_games.empty() ? std::nullopt : std::optional<GameKeeper>(std::in_place, *this, game, kept_games)),
+      unstopped_(game),
+      turns_(game.data.files),
+      cup_form_(play(), game.world_cup) {}
 QtFrontEnd::~QtFrontEnd() { progress_done(); }
 
+void QtFrontEnd::activity_goes_on() {
+  play_begins();
+  if (game_.match.step != match_step::none) unstopped_.match_begins();
+}
+
 void QtFrontEnd::activity_over() {
+  if (keeper_ && program_is_ending()) keeper_->stop();
+  if (keeper_ && !program_is_ending()) keeper_->game_over();
   quick_.reset();
   unstopped_.end();
   play_over();
+}
+
+void QtFrontEnd::save_game() {
+  if (console_ == nullptr || keeper_->file_in_play().empty()) return;
+  const QString name = ask_for_game_name(*console_, QStringLiteral("Save as"),
+                                         QString::fromStdString(keeper_->file_in_play().stem().string()));
+  if (name.isEmpty()) return;
+  std::string told = "Saved Games has it now: ";
+  try {
+    told += core_text(QString::fromStdString(keeper_->save_as(name.toStdString()).stem().string()));
+  } catch (const run_time_error& fault) {
+    told = fault.what();
+  }
+  MessageWindow window({"Save as", told});
+  run_modal(window);
 }
 
 void QtFrontEnd::refresh_console() {
@@ -210,12 +236,18 @@ void QtFrontEnd::show(console_form& form) {
     ~Shown() {
       user.console_ = nullptr;
       user.show_score();
-      if (user.frame_) user.frame_->show_passing({});
+      if (!user.frame_) return;
+      user.frame_->show_passing({});
+      user.frame_->offer_save({});
     }
   } shown_console{*this};
   console_ = &window;
   frame_ = window.main_window();
   window.show_score_itself();
+  if (keeper_) {
+    window.let_keep([this] { keeper_->discard(); });
+    if (frame_) frame_->offer_save([this] { save_game(); });
+  }
   if (std::exchange(quick_, std::nullopt)) {
     QTimer::singleShot(0, &window, [this, &window] {
       if (!game_.match.deliveries.empty()) return;
@@ -257,7 +289,7 @@ void QtFrontEnd::open(report which) {
     case report::scorecard:
       return open_modally<ScorecardWindow, scorecard_form>(game_.match, play());
     case report::first_scorecard:
-      return open_modally<FirstScorecardWindow, first_scorecard_form>(game_.match, *this);
+      return open_modally<FirstScorecardWindow, first_scorecard_form>(game_.match, user());
     case report::bowling_card:
       return open_modally<BowlingCardWindow, bowling_card_form>(game_.match);
     case report::first_bowling_card:

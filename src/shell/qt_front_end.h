@@ -2,12 +2,14 @@
 #pragma once
 
 #include <QPointer>
+#include <filesystem>
 #include <optional>
 #include <utility>
 
 #include "competitions/game_state.h"
 #include "competitions/world_cup_form.h"
 #include "desktop/preferences.h"
+#include "shell/game_keeper.h"
 #include "shell/played_reports.h"
 #include "shell/turn_waiting.h"
 #include "shell/unstopped_play.h"
@@ -25,8 +27,8 @@ class MatchProgressWindow;
 /// once the program is ending.
 class QtFrontEnd : public front_end {
  public:
-  /// `game` outlives it.
-  explicit QtFrontEnd(game_state& game);
+  /// `game` outlives it. `kept_games`: the folder in which each game is recorded as it is played; "" for none.
+  explicit QtFrontEnd(game_state& game, const std::filesystem::path& kept_games = {});
   ~QtFrontEnd() override;
 
   void show(const message_box& message) override;
@@ -56,6 +58,8 @@ class QtFrontEnd : public front_end {
     unstopped_.begin(activity);
     reports_.begin(activity);
   }
+  /// The activity goes on with a game that was left: what stands of it in the windows is made up for.
+  void activity_goes_on();
   void activity_over();
   /// What the computer answers for the user until the first over of the next match, which then begins by itself.
   void answer_set_up(QuickAnswers answers) { quick_ = answers; }
@@ -63,7 +67,11 @@ class QtFrontEnd : public front_end {
   bool take_rematch() { return std::exchange(rematch_, false); }
   game_state& game() { return game_; }
   /// The match in play, shown by this.
-  match_play play() { return {game_.match, game_.chance, *this, game_.data}; }
+  match_play play() { return {game_.match, game_.chance, user(), game_.data}; }
+  /// Whom the game asks: this, by way of whoever records it.
+  front_end& user() { return keeper_ ? keeper_->user() : *this; }
+  /// None where games are not recorded.
+  GameKeeper* keeper() { return keeper_ ? &*keeper_ : nullptr; }
   /// The form of the World Cup, which may stay loaded from one tournament to the next.
   world_cup_form& cup_form() { return cup_form_; }
 
@@ -76,8 +84,11 @@ class QtFrontEnd : public front_end {
   void celebrate_message(const message_box& message);
   /// The score of the match in play, in the main window's bar; none without a console.
   void show_score();
+  /// Asks for a name, and keeps a copy of the game in play under it.
+  void save_game();
 
   game_state& game_;
+  std::optional<GameKeeper> keeper_;
   ConsoleWindow* console_ = nullptr;        // the one console, while a match is on
   QPointer<Frame> frame_;                   // the main window in which it stands
   QPointer<Form> busy_;                     // the window below the progress: it takes no input meanwhile

@@ -85,6 +85,8 @@ class front_end {
   virtual void game_begins(const entered_game& /*entered*/) {}
   /// The user has done something that play follows from, in a form that stays open: it is about to act.
   virtual void answered(const captain_answer& /*answer*/) {}
+  /// The over that a user asked for has been bowled, with all that follows on it: the console waits for him again.
+  virtual void over_bowled() {}
   /// The match in play is about to be added to the careers and records. Returns the name under which it is added, so
   /// that it is added once; "" for none.
   virtual std::string saves_match() { return {}; }

@@ -16,6 +16,7 @@
 
 #include "database/open_database.h"
 #include "desktop/controls.h"
+#include "desktop/keep_question.h"
 #include "desktop/program_end.h"
 #include "desktop/question.h"
 #include "desktop/shown_text.h"
@@ -203,6 +204,12 @@ void ConsoleWindow::closeEvent(QCloseEvent* event) {
 
 void ConsoleWindow::ask_to_quit() {
   if (playing_) return;
+  if (discard_) {
+    const KeepAnswer answer = ask_to_keep(*this);
+    if (answer == KeepAnswer::discard) discard_();
+    if (answer != KeepAnswer::stay) end_program(0);
+    return;
+  }
   const bool yes = ask(*this, QStringLiteral("quit_question"), QStringLiteral("Quit"),
                        QStringLiteral("End the program? The match is lost."));
   if (yes) end_program(0);

@@ -49,6 +49,8 @@ class ConsoleWindow : public Form {
   /// A ball has been bowled: shows it, and waits as long as the pace says.
   /// A message has passed by without a stop: a row in the commentary.
   void message_passed(const QString& text);
+  /// The match is recorded: who quits is asked whether to keep it, and `discard` runs where not.
+  void let_keep(std::function<void()> discard) { discard_ = std::move(discard); }
   void ball_bowled();
   /// An over is being bowled.
   bool playing() const { return playing_; }
@@ -117,6 +119,7 @@ class ConsoleWindow : public Form {
   AttackList* attack_ = nullptr;
   TableView* batting_table_ = nullptr;
   QWidget* sides_choice_ = nullptr;
+  std::function<void()> discard_;  // none where the match is not recorded
   CommentaryList* commentary_ = nullptr;
   QLabel* last_wicket_ = nullptr;
   QHBoxLayout* columns_ = nullptr;
