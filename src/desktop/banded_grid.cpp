@@ -44,8 +44,8 @@ void BandedGrid::add(int row, int column, QWidget* widget) {
   cells_->addWidget(widget, row, column);
   if (row > 0) widget->setSizePolicy(widget->sizePolicy().horizontalPolicy(), QSizePolicy::Minimum);
   setMaximumHeight(roomiest_row * cells_->rowCount());
-  // Clicks on a text reach the grid.
-  if (label != nullptr) label->setAttribute(Qt::WA_TransparentForMouseEvents);
+  // Clicks on a text reach the grid; a heading has a tooltip of its own.
+  if (label != nullptr && row > 0) label->setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 QRect BandedGrid::band(int row) const {

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/shown_text.h"
+#include "desktop/terms.h"
 
 namespace velorin {
 
@@ -31,6 +32,7 @@ QLabel* new_label(const QString& text, TextRole role, QWidget* parent) {
   label->setTextFormat(Qt::PlainText);
   label->setFont(type_font(look.step));
   if (*look.role != '\0') label->setProperty("role", QLatin1String(look.role));
+  explain(*label, text);
   return label;
 }
 

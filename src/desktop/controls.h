@@ -18,7 +18,7 @@ namespace velorin {
 
 enum class TextRole { body, strong, heading, title, score, muted, small_muted, red, blue, accent };
 
-/// A label that shows its text as it stands: no markup, no mnemonics.
+/// A label that shows its text as it stands: no markup, no mnemonics. A term gets its meaning as the tooltip.
 QLabel* new_label(const QString& text, TextRole role = TextRole::body, QWidget* parent = nullptr);
 /// The same under a control's name.
 QLabel* new_named_label(const QString& name, const QString& text, TextRole role = TextRole::body,

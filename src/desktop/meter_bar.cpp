@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "desktop/accessible_role.h"
+#include "desktop/terms.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -23,7 +24,8 @@ void MeterBar::set_value(double value) {
   value_ = value;
   const int share = static_cast<int>(100 * value_ / full_);
   setAccessibleName(QStringLiteral("%1: %2 %").arg(spoken_).arg(share));
-  setToolTip(accessibleName());
+  const QString meaning = meaning_of(spoken_);
+  setToolTip(meaning.isEmpty() ? accessibleName() : QStringLiteral("%1\n%2").arg(accessibleName(), meaning));
   update();
 }
 

@@ -11,6 +11,7 @@
 #include "desktop/controls.h"
 #include "desktop/form.h"
 #include "desktop/table.h"
+#include "desktop/table_model.h"
 
 namespace velorin {
 
@@ -51,7 +52,7 @@ TableColumns::TableColumns(QTableView& view) : QObject(&view), view_(view) {
   header->setMinimumSectionSize(narrowest);
   header->setSectionResizeMode(QHeaderView::Interactive);
   header->setSortIndicatorClearable(true);
-  header->setToolTip(QStringLiteral("A press sorts, the third one as told (Alt+Up, Alt+Down). Columns: Ctrl+H"));
+  header->setToolTip(QString::fromLatin1(header_hint));
   header->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(header, &QWidget::customContextMenuRequested, this,
           [this, header](const QPoint& at) { open_menu(header->mapToGlobal(at)); });

@@ -6,6 +6,7 @@
 
 #include "desktop/controls.h"
 #include "desktop/crest.h"
+#include "desktop/terms.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -39,6 +40,12 @@ QString csv_field(const QString& text) {
   static const QRegularExpression special(QStringLiteral("[\",\r\n]"));
   if (!text.contains(special)) return text;
   return QLatin1Char('"') + QString(text).replace(QLatin1Char('"'), QStringLiteral("\"\"")) + QLatin1Char('"');
+}
+
+/// A column's meaning, by the words that are spoken for its heading or else by itself.
+QString meaning_of_column(const TableColumn& column) {
+  const QString meaning = meaning_of(column.spoken);
+  return meaning.isEmpty() ? meaning_of(column.heading) : meaning;
 }
 
 QStringList written_row(const TableRow& row) {
@@ -137,6 +144,13 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
       return QVariant(Qt::AlignVCenter | (column.numbers ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::InitialSortOrderRole:  // of figures the highest come first
       return static_cast<int>(column.numbers ? Qt::DescendingOrder : Qt::AscendingOrder);
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole: {
+      const QString meaning = meaning_of_column(column);
+      if (meaning.isEmpty()) return {};
+      if (role == Qt::AccessibleDescriptionRole || table_.order == RowOrder::fixed) return meaning;
+      return QStringLiteral("%1\n%2").arg(meaning, QString::fromLatin1(header_hint));
+    }
     case Qt::AccessibleTextRole:
       return spoken_name(column.heading.trimmed().isEmpty() ? column.spoken : column.heading);
     default:

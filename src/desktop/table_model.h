@@ -7,6 +7,9 @@
 
 namespace velorin {
 
+/// What one can do with the heading of a table that can be sorted.
+inline constexpr const char* header_hint = "A press sorts, the third one as told (Alt+Up, Alt+Down). Columns: Ctrl+H";
+
 /// A plain table for a view. Qt::UserRole gives what a column is sorted by: a number where the text begins with one.
 class TableModel : public QAbstractTableModel {
   Q_OBJECT

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "desktop/frame.h"
@@ -16,6 +17,7 @@
 #include "shell/menu_entry.h"
 #include "support/game_in_play.h"
 #include "windows/accessible_user.h"
+#include "windows/term_checks.h"
 
 namespace velorin::testing {
 namespace {
@@ -25,6 +27,8 @@ class EveryWindow : public GameTest {
   EveryWindow() {
     user.robot.at_sight([this](QWidget& window) {
       look_behind(window);
+      const bool chase = match.first_total != 0;
+      if (explained.insert({window.objectName().toStdString(), chase}).second) terms += check_terms(window);
       if (seen.insert(window.objectName().toStdString()).second) ticks += check_toggles(window);
     });
   }
@@ -70,6 +74,8 @@ class EveryWindow : public GameTest {
   std::set<std::string> seen;
   std::set<std::string> pairs;
   int ticks = 0;
+  int terms = 0;
+  std::set<std::pair<std::string, bool>> explained;  // windows, in each innings
 };
 
 TEST_F(EveryWindow, AMatchAndItsReports) {
@@ -107,6 +113,7 @@ TEST_F(EveryWindow, AMatchAndItsReports) {
     EXPECT_TRUE(pairs.contains(pair)) << pair;
   }
   EXPECT_GT(ticks, 40);
+  EXPECT_GT(terms, 60);
   EXPECT_FALSE(match.result_margin.empty());
 }
 

@@ -9,6 +9,7 @@
 #include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "support/game_in_play.h"
+#include "windows/term_checks.h"
 #include "windows/window_checks.h"
 
 namespace velorin::testing {
@@ -32,6 +33,7 @@ class Walk : public GameTest {
   }
 
   void look_at(QWidget& form) {
+    terms += check_terms(form);
     QWidget& window = *form.window();
     if (&window == &form) return;  // a dialog of the desktop
     const QSize before = window.size();
@@ -54,6 +56,7 @@ class Walk : public GameTest {
   ClickingUser user;
   std::set<std::string> seen;
   int looks = 0;
+  int terms = 0;
 };
 
 TEST_F(Walk, AMatchFromTheMenuToItsReport) {
@@ -87,6 +90,7 @@ TEST_F(Walk, AMatchFromTheMenuToItsReport) {
                            "scorecard", "batsmandetails", "Bowlcard", "partners", "graphs", "worms", "matchrep"}) {
     EXPECT_TRUE(seen.contains(name)) << name;
   }
+  EXPECT_GT(terms, 60);
 }
 
 TEST_F(Walk, CompetitionsRecordsAndSettings) {

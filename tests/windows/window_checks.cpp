@@ -20,6 +20,8 @@
 #include <QToolButton>
 #include <map>
 
+#include "windows/term_checks.h"
+
 namespace velorin::testing {
 
 namespace {
@@ -157,6 +159,7 @@ void settle() {
 }  // namespace
 
 void check_window(QWidget& window) {
+  check_terms(window);
   SCOPED_TRACE(window.objectName().toStdString());
   EXPECT_FALSE(window.windowTitle().trimmed().isEmpty());
   const QSize least = window.minimumSizeHint().expandedTo(window.minimumSize());

@@ -31,7 +31,8 @@ void ManList::set_row(int row, const QString& name, bool enabled, const std::vec
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     const Column& column = columns_[i];
     QLabel* text = new_label(texts[i], column.muted || !enabled ? TextRole::muted : TextRole::body);
-    if (column.label != nullptr) text->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(column.label)).arg(row));
+    const char* kind = column.label == nullptr ? "text" : column.label;
+    text->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(kind)).arg(row));
     add(row, static_cast<int>(i) + 1, text);
     if (!texts[i].isEmpty()) spoken << QStringLiteral("%1 %2").arg(column.heading.trimmed(), texts[i]).trimmed();
   }

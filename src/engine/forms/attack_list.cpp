@@ -6,12 +6,18 @@
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 #include "console/console_view.h"
+#include "desktop/controls.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
+#include "desktop/terms.h"
 #include "desktop/theme.h"
 #include "engine/forms/console_tables.h"
 #include "model/match_state.h"
@@ -28,17 +34,18 @@ constexpr int highest_row = 36;
 struct FigureColumn {
   int width;
   const char* heading;
+  const char* spoken;
   bool in_narrow;
   QString (*text)(const attack_row&);
 };
 
 constexpr FigureColumn columns[] = {
-    {36, "O", true, [](const attack_row& row) { return shown(row.overs); }},
-    {28, "M", false, [](const attack_row& row) { return shown(row.maidens); }},
-    {30, "R", true, [](const attack_row& row) { return shown(row.runs); }},
-    {24, "W", true, [](const attack_row& row) { return shown(row.wickets); }},
-    {38, "Econ", true, [](const attack_row& row) { return shown(row.economy); }},
-    {32, "Left", true, [](const attack_row& row) { return QString::number(row.overs_left); }},
+    {36, "O", "Overs", true, [](const attack_row& row) { return shown(row.overs); }},
+    {28, "M", "Maidens", false, [](const attack_row& row) { return shown(row.maidens); }},
+    {30, "R", "Runs", true, [](const attack_row& row) { return shown(row.runs); }},
+    {24, "W", "Wickets", true, [](const attack_row& row) { return shown(row.wickets); }},
+    {38, "Econ", "Economy", true, [](const attack_row& row) { return shown(row.economy); }},
+    {32, "Left", "Overs left", true, [](const attack_row& row) { return QString::number(row.overs_left); }},
 };
 constexpr int narrow = 330;
 
@@ -118,6 +125,13 @@ AttackList::AttackList(const match_state& match, QWidget* parent)
   auto* list = new QVBoxLayout(this);
   list->setContentsMargins(0, heading_height, 0, 0);
   list->setSpacing(0);
+  title_ = new_label(QStringLiteral("Bowlers"), TextRole::small_muted, this);
+  for (const FigureColumn& column : columns) {
+    QLabel* heading = new_label(QString::fromLatin1(column.heading), TextRole::small_muted, this);
+    heading->setToolTip(meaning_of(QString::fromLatin1(column.spoken)));
+    heading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    headings_.push_back(heading);
+  }
   setMaximumHeight(heading_height + (men_in_eleven - 1) * highest_row);
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     auto* row = new AttackRow;
@@ -154,15 +168,25 @@ std::vector<attack_row> AttackList::men() const {
   return men;
 }
 
-void AttackList::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setFont(type_font(TypeStep::small));
-  painter.setPen(theme().muted);
+void AttackList::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  place_headings();
+}
+
+void AttackList::place_headings() {
   const QRect head(0, 0, width(), heading_height);
-  place_columns(head, [&](const QRect& place, const FigureColumn& column) {
-    painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter, QString::fromLatin1(column.heading));
+  std::array<bool, std::size(columns)> placed{};
+  const int right = place_columns(head, [&](const QRect& place, const FigureColumn& column) {
+    const auto at = static_cast<std::size_t>(&column - columns);
+    headings_[at]->setGeometry(place);
+    placed[at] = true;
   });
-  painter.drawText(head.adjusted(mark_width + 2, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Bowlers"));
+  // The figure at its right stands clear of the left half of its own place.
+  title_->setGeometry(mark_width + 2, 0, std::max(right - mark_width - 2, title_->sizeHint().width()), heading_height);
+  // Last, since a label that comes or goes may change the width, and all are placed anew meanwhile.
+  for (std::size_t at = 0; at < headings_.size(); ++at) {
+    if (headings_[at]->isHidden() == placed[at]) headings_[at]->setVisible(placed[at]);
+  }
 }
 
 void AttackList::keyPressEvent(QKeyEvent* event) {

@@ -10,6 +10,7 @@
 #include "model/rules.h"
 
 class QButtonGroup;
+class QLabel;
 
 namespace velorin {
 
@@ -52,11 +53,15 @@ class AttackList : public QWidget {
   std::vector<attack_row> men() const;
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  void place_headings();
+
+  QLabel* title_;
+  std::vector<QLabel*> headings_;  // one for each column of figures
   std::array<AttackRow*, men_in_eleven> rows_{};
   QButtonGroup* group_;
   std::function<void(int)> chosen_;

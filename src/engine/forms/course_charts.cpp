@@ -9,6 +9,7 @@
 #include "desktop/accessible_role.h"
 #include "desktop/line_chart.h"
 #include "desktop/shown_text.h"
+#include "desktop/terms.h"
 #include "desktop/theme.h"
 #include "model/match_state.h"
 #include "model/rules.h"
@@ -98,7 +99,8 @@ void CourseChart::set_figures(const CourseFigures& figures) {
   const QString words = described();
   if (words != accessibleDescription()) {
     setAccessibleDescription(words);
-    setToolTip(words);
+    const QString meaning = meaning_of(title());
+    setToolTip(meaning.isEmpty() ? words : QStringLiteral("%1\n%2").arg(words, meaning));
   }
   update();
 }

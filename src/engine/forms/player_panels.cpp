@@ -17,6 +17,7 @@
 #include "desktop/meter_bar.h"
 #include "desktop/photo_view.h"
 #include "desktop/shown_text.h"
+#include "desktop/terms.h"
 #include "engine/ball_odds.h"
 #include "engine/forms/ball_chip.h"
 #include "engine/forms/level_segments.h"
@@ -159,6 +160,7 @@ BatsmanPanel::BatsmanPanel(const match_state& match, const open_database& databa
   gained_ = new_named_label(QStringLiteral("batsman_gained_") + number, {}, TextRole::accent);
   gained_->setToolTip(QStringLiteral("Runs and balls in the last over"));
   rest_ = new_named_label(QStringLiteral("batsman_figures_") + number, {}, TextRole::small_muted);
+  rest_->setToolTip(meaning_of(QStringLiteral("4s")) + QLatin1Char('\n') + meaning_of(QStringLiteral("6s")));
   faced_ = new BallChips(QStringLiteral("batsman_balls_") + number, QStringLiteral("Last balls faced"));
   settled_ = new MeterBar(QStringLiteral("settled_meter_") + number, QStringLiteral("Settled"), full_meter);
   settled_->setMinimumWidth(32);
@@ -199,10 +201,12 @@ BowlerPanel::BowlerPanel(const match_state& match, const open_database& database
     for (std::size_t i = 0; i < 4; ++i) {
       if (i > 0) names->addWidget(new_label(QStringLiteral("-"), TextRole::muted));
       figures_[i] = new_named_label(QString::fromLatin1(figures[i]), {}, TextRole::strong);
+      explain(*figures_[i], QStringLiteral("O-M-R-W"));
       names->addWidget(figures_[i]);
     }
   } else {
     figures_[0] = new_named_label(QStringLiteral("next_figures"), {}, TextRole::strong);
+    explain(*figures_[0], QStringLiteral("O-M-R-W"));
     names->addWidget(figures_[0]);
   }
   bowled_ = new BallChips(QStringLiteral("bowler_balls_") + number, QStringLiteral("Last balls bowled"));

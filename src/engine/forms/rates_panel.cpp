@@ -9,6 +9,7 @@
 #include "console/console_view.h"
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
+#include "desktop/terms.h"
 #include "model/match_state.h"
 
 namespace velorin {
@@ -43,6 +44,7 @@ RatesPanel::RatesPanel(const match_state& match, QWidget* parent) : QFrame(paren
   }
   last_five_ = new_cell(QStringLiteral("last_five_overs"));
   last_five_.heading->setText(QStringLiteral("Last 5"));
+  explain(*last_five_.heading, last_five_.heading->text());
   grid->addWidget(last_five_.box, 1, 3);
   for (int column = 0; column < 4; ++column) grid->setColumnStretch(column, 1);
   rows->addLayout(grid);
@@ -66,11 +68,13 @@ void RatesPanel::refresh() {
   title_->setText(!view.chase                   ? QStringLiteral("Projected score")
                   : view.chase_headline.empty() ? QStringLiteral("The chase")
                                                 : shown(view.chase_headline));
+  explain(*title_, view.chase ? QStringLiteral("The chase") : QStringLiteral("Projected score"));
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     const bool used = i < view.cells.size();
     cells_[i].box->setVisible(used);
     if (!used) continue;
     cells_[i].heading->setText(shown(view.cells[i].heading));
+    explain(*cells_[i].heading, cells_[i].heading->text());
     cells_[i].text->setText(shown(view.cells[i].text));
     cells_[i].text->setAccessibleName(shown(view.cells[i].heading + ": " + view.cells[i].text));
   }

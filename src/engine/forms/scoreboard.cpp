@@ -9,6 +9,7 @@
 #include "desktop/controls.h"
 #include "desktop/crest.h"
 #include "desktop/shown_text.h"
+#include "desktop/terms.h"
 #include "model/match_state.h"
 
 namespace velorin {
@@ -39,6 +40,10 @@ Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(pare
   teams_ = new_named_label(QStringLiteral("teams"), {}, TextRole::heading);
   ground_ = new_named_label(QStringLiteral("ground"), {}, TextRole::body);
   clock_ = new_named_label(QStringLiteral("time_of_day"), {}, TextRole::strong);
+  explain(*overs_, QStringLiteral("Overs"));
+  explain(*rate_, QStringLiteral("Run rate"));
+  explain(*target_, QStringLiteral("Target"));
+  explain(*needed_, QStringLiteral("Runs Reqd."));
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(24, 8, 24, 8);
   row->setSpacing(16);

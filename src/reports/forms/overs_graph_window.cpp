@@ -36,7 +36,7 @@ QWidget* new_tables(const overs_graph_form& form) {
   for (const int half : {0, 1}) {
     auto* side = new QVBoxLayout;
     const Table table = overs_table(form, half);
-    side->addWidget(new_label(table.name, TextRole::heading));
+    side->addWidget(new_named_label(QStringLiteral("side_%1").arg(half), table.name, TextRole::heading));
     auto* view = new TableView(QStringLiteral("overs_%1").arg(half));
     view->set_table(table);
     side->addWidget(view, 1);
