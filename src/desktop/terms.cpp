@@ -26,12 +26,14 @@ constexpr const char* matches = "Matches that he has played.";
 constexpr const char* innings = "Innings in which he has batted.";
 constexpr const char* not_outs = "Not outs: innings at whose end he was still in.";
 constexpr const char* average = "Average: runs for each time out; for a bowler, runs given away for each wicket.";
-constexpr const char* highest = "Highest score: the most runs that he has made in an innings; * tells that he was not out.";
+constexpr const char* highest =
+    "Highest score: the most runs that he has made in an innings; * tells that he was not out.";
 constexpr const char* hundreds = "Hundreds: innings of a hundred runs or more.";
 constexpr const char* fifties = "Fifties: innings of fifty runs or more that came to no hundred.";
 constexpr const char* share_of_fifties = "Of a hundred innings, how many brought fifty runs or more.";
 constexpr const char* five_wickets = "Matches in which he took five wickets or more.";
-constexpr const char* best = "Best bowling: the most wickets that he has taken in a match, and the runs that they cost.";
+constexpr const char* best =
+    "Best bowling: the most wickets that he has taken in a match, and the runs that they cost.";
 constexpr const char* points = "Points: two for a match won, one for a tie; they settle the order of the table.";
 constexpr const char* net_rate =
     "Net run rate: runs an over made less runs an over given, match by match; it parts sides level on points.";

@@ -45,7 +45,7 @@ PlayedMatches PlayedReports::matches() const {
                           .result = shown(report.result).simplified()});
   }
   played.open = [this](int number) {
-    MatchReportWindow window(reports_.at(number));
+    MatchReportWindow window(reports_.at(number), profile_);
     run_modal(window);
   };
   return played;

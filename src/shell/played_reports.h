@@ -3,8 +3,10 @@
 
 #include <functional>
 #include <map>
+#include <utility>
 
 #include "competitions/forms/played_matches.h"
+#include "reports/forms/match_report_window.h"
 #include "reports/match_report.h"
 #include "shell/unstopped_play.h"
 
@@ -24,10 +26,14 @@ class PlayedReports {
 
   /// Keeps the report of the match in play by its number in the competition.
   void keep(const game_state& game, const match_report& report);
+  /// What the names of men in the reports do.
+  void on_profile(MatchReportWindow::ShowProfile show) { profile_ = std::move(show); }
+
   /// For the windows of the competition; a report is shown modally.
   PlayedMatches matches() const;
 
  private:
+  MatchReportWindow::ShowProfile profile_;
   Activity activity_ = Activity::single_match;
   std::map<int, match_report> reports_;
 };

@@ -8,6 +8,7 @@
 
 #include "browsers/forms/player_profile_window.h"
 #include "browsers/forms/player_rankings_window.h"
+#include "browsers/player_profile.h"
 #include "browsers/player_rankings.h"
 #include "competitions/forms/match_progress_window.h"
 #include "competitions/forms/series_results_window.h"
@@ -86,12 +87,19 @@ void open_modally(match_state& match, Given&&... given) {
 
 }  // namespace
 
+<<<<<<< HEAD
 QtFrontEnd::QtFrontEnd(game_state& game, const std::filesystem::path& kept_games)
     : game_(game),
       keeper_(kept_games.empty() ? std::nullopt : std::optional<GameKeeper>(std::in_place, *this, game, kept_games)),
       unstopped_(game),
       turns_(game.data.files),
       cup_form_(play(), game.world_cup) {}
+=======
+QtFrontEnd::QtFrontEnd(game_state& game)
+    : game_(game), unstopped_(game), turns_(game.data.files), cup_form_(play(), game.world_cup) {
+  reports_.on_profile(profile_of());
+}
+>>>>>>> 73f5fa0 (Lead from the match report to the profiles)
 QtFrontEnd::~QtFrontEnd() { progress_done(); }
 
 void QtFrontEnd::activity_goes_on() {
@@ -306,14 +314,22 @@ void QtFrontEnd::open(report which) {
   }
 }
 
+MatchReportWindow::ShowProfile QtFrontEnd::profile_of() {
+  return [this](const std::string& side, const std::string& player) { show_profile(*this, game_.data, side, player); };
+}
+
 void QtFrontEnd::show(match_report_form& form) {
   if (!form.attended() && !reports_.keeps()) return;
   form.open();
   reports_.keep(game_, form.report);
   if (!form.attended()) return;
   refresh_console();
+<<<<<<< HEAD
   MatchReportWindow window(form.report);
   if (!reports_.keeps()) window.offer_rematch([this] { rematch_ = true; });
+=======
+  MatchReportWindow window(form.report, profile_of());
+>>>>>>> 73f5fa0 (Lead from the match report to the profiles)
   run_modal(window);
 }
 

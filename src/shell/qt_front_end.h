@@ -9,7 +9,11 @@
 #include "competitions/game_state.h"
 #include "competitions/world_cup_form.h"
 #include "desktop/preferences.h"
+<<<<<<< HEAD
 #include "shell/game_keeper.h"
+=======
+#include "reports/forms/match_report_window.h"
+>>>>>>> 73f5fa0 (Lead from the match report to the profiles)
 #include "shell/played_reports.h"
 #include "shell/turn_waiting.h"
 #include "shell/unstopped_play.h"
@@ -76,6 +80,8 @@ class QtFrontEnd : public front_end {
   world_cup_form& cup_form() { return cup_form_; }
 
  private:
+  /// What the names of men in the reports of matches do.
+  MatchReportWindow::ShowProfile profile_of();
   /// Brings the console up to date before a window opens over it.
   void refresh_console();
   /// A message of a kind that the user does not stop for passes by in the main window's bar. False: it must be shown.

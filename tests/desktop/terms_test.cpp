@@ -43,7 +43,8 @@ TEST(Terms, DescribeALabelAndLeaveItsName) {
   EXPECT_EQ(told(QAccessible::Name), QStringLiteral("NRR"));
   EXPECT_EQ(told(QAccessible::Description), label->toolTip());
   explain(*label, QStringLiteral("Target"));
-  EXPECT_EQ(label->toolTip(), meaning_of(QStringLiteral("Target"))) << "the next term takes the place of the one before";
+  EXPECT_EQ(label->toolTip(), meaning_of(QStringLiteral("Target")))
+      << "the next term takes the place of the one before";
   explain(*label, QStringLiteral("Name"));
   EXPECT_TRUE(label->toolTip().isEmpty());
   delete label;

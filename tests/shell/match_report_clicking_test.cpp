@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The report of a match, met by whoever plays: before the end is told, and from the results of a competition.
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
@@ -78,6 +79,41 @@ TEST_F(MatchReports, TheResultsOfASeriesOpenThem) {
   EXPECT_EQ(showing, 3);
   ASSERT_FALSE(told.isEmpty());
   EXPECT_EQ(results, told + QStringList(told.front()));
+}
+
+TEST_F(MatchReports, TheirNamesLeadToProfilesAfterTheMatchAndFromTheResults) {
+  QStringList pressed;
+  QStringList met;
+  user.robot.always("Sqdet", [&](QWidget& window) {
+    met << control<QComboBox>(window, "teams")->currentText() + '/' +
+               control<QComboBox>(window, "players")->currentText();
+    press(window, "accept");
+  });
+  user.robot.always("matchrep", [&](QWidget& window) {
+    for (const char* name : {"batting_1", "bowling_2"}) {
+      auto* view = control<TableView>(window, name);
+      const QString side = control<QLabel>(window, "side_1")->text();
+      pressed << side + '/' + view->model()->index(1, 0).data().toString();
+      view->setCurrentIndex(view->model()->index(1, 0));
+      QTest::keyClick(view, Qt::Key_Return);
+    }
+    press(window, "accept");
+  });
+  play_match(true);
+  ASSERT_EQ(pressed.size(), 2) << "a batsman of the side that batted first, and a bowler of it";
+  user.robot.next("series1", [](QWidget& window) {
+    control<QLineEdit>(window, "matches")->setText("1");
+    press(window, "accept");
+  });
+  user.robot.always("sri_result", [](QWidget& window) {
+    auto* list = control<TableView>(window, "results");
+    list->setCurrentIndex(list->model()->index(0, 0));
+    QTest::keyClick(list, Qt::Key_Return);
+    press(window, "accept");
+  });
+  play([&](MenuWindow& menu) { choose(menu, "start_game", "new_series"); });
+  EXPECT_EQ(pressed.size(), 4);
+  EXPECT_EQ(met, pressed);
 }
 
 TEST_F(MatchReports, AWorldCupPlayedWithoutStoppingKeepsThemAll) {

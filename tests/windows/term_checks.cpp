@@ -19,7 +19,90 @@ namespace {
 
 /// Words that need no meaning told, as they stand without a colon.
 const QStringList& plain_words() {
-  static const QStringList words = {"Against", "Appearance", "Away", "Away Team", "Ball by ball", "Batsman", "Batsmen", "Batting", "Batting Stats", "Bowler", "Bowlers", "Bowling", "Bowling Stats", "Control", "Fielding", "Figure", "First Team", "For", "Give Path for Photos", "Go to", "Grand Final", "Ground", "Group", "Group A", "Group A Table", "Group B", "Group B Table", "Highest total against", "Highest total for", "Home", "Home Team", "How he compares", "Induvidual  Records", "Keys", "List", "Lost", "Lowest total against", "Lowest total for", "Match", "Match No.", "Match Result", "Menu", "Name", "No of Matches in Series", "No.", "Other Records", "Over", "Place", "Player", "Players", "Rank", "Record", "Records", "Result", "Results", "Sample HTML Output", "Score", "Second Team", "Select Database", "Select Team", "Semi Final 1", "Semi Final 2", "Start Game", "Team", "Team 1", "Team 2", "Team 3", "Team 4", "Team 5", "Team A", "Team B", "Teams", "The computer answers for you", "The game stops for", "The other side", "Third Team", "Total", "Totals", "Value", "Venue", "What it does", "Won", "at", "vs"};
+  static const QStringList words = {"Against",
+                                    "Appearance",
+                                    "Away",
+                                    "Away Team",
+                                    "Ball by ball",
+                                    "Batsman",
+                                    "Batsmen",
+                                    "Batting",
+                                    "Batting Stats",
+                                    "Bowler",
+                                    "Bowlers",
+                                    "Bowling",
+                                    "Bowling Stats",
+                                    "Control",
+                                    "Fielding",
+                                    "Figure",
+                                    "First Team",
+                                    "For",
+                                    "Give Path for Photos",
+                                    "Go to",
+                                    "Grand Final",
+                                    "Ground",
+                                    "Group",
+                                    "Group A",
+                                    "Group A Table",
+                                    "Group B",
+                                    "Group B Table",
+                                    "Highest total against",
+                                    "Highest total for",
+                                    "Home",
+                                    "Home Team",
+                                    "How he compares",
+                                    "Induvidual  Records",
+                                    "Keys",
+                                    "List",
+                                    "Lost",
+                                    "Lowest total against",
+                                    "Lowest total for",
+                                    "Match",
+                                    "Match No.",
+                                    "Match Result",
+                                    "Menu",
+                                    "Name",
+                                    "No of Matches in Series",
+                                    "No.",
+                                    "Other Records",
+                                    "Over",
+                                    "Place",
+                                    "Player",
+                                    "Players",
+                                    "Rank",
+                                    "Record",
+                                    "Records",
+                                    "Result",
+                                    "Results",
+                                    "Sample HTML Output",
+                                    "Score",
+                                    "Second Team",
+                                    "Select Database",
+                                    "Select Team",
+                                    "Semi Final 1",
+                                    "Semi Final 2",
+                                    "Start Game",
+                                    "Team",
+                                    "Team 1",
+                                    "Team 2",
+                                    "Team 3",
+                                    "Team 4",
+                                    "Team 5",
+                                    "Team A",
+                                    "Team B",
+                                    "Teams",
+                                    "The computer answers for you",
+                                    "The game stops for",
+                                    "The other side",
+                                    "Third Team",
+                                    "Total",
+                                    "Totals",
+                                    "Value",
+                                    "Venue",
+                                    "What it does",
+                                    "Won",
+                                    "at",
+                                    "vs"};
   return words;
 }
 
@@ -47,11 +130,13 @@ bool is_caption(const QLabel& label) {
 bool check_term(const QString& shown, const QString& tooltip, const QString& meaning) {
   if (!has_letters(shown)) return false;
   if (meaning.isEmpty()) {
-    EXPECT_TRUE(plain_words().contains(plain(shown)) || team_names().contains(shown)) << "neither a term nor a plain word: " << shown.toStdString();
+    EXPECT_TRUE(plain_words().contains(plain(shown)) || team_names().contains(shown))
+        << "neither a term nor a plain word: " << shown.toStdString();
     return false;
   }
   EXPECT_FALSE(plain_words().contains(plain(shown))) << "a term and a plain word: " << shown.toStdString();
-  EXPECT_TRUE(tooltip.contains(meaning)) << shown.toStdString() << " has the tooltip \"" << tooltip.toStdString() << '"';
+  EXPECT_TRUE(tooltip.contains(meaning)) << shown.toStdString() << " has the tooltip \"" << tooltip.toStdString()
+                                         << '"';
   return true;
 }
 

@@ -128,6 +128,7 @@ Table batting_table(const reported_innings& innings) {
           number_cell(man.fours),
           number_cell(man.sixes),
           {.text = shown(man.strike_rate)}}});
+    table.rows.back().id = static_cast<int>(table.rows.size()) - 1;
   }
   return table;
 }
@@ -145,6 +146,7 @@ Table bowling_table(const reported_innings& innings) {
                            number_cell(man.runs),
                            number_cell(man.wickets, CellLook::strong),
                            {.text = shown(man.economy)}}});
+    table.rows.back().id = static_cast<int>(table.rows.size()) - 1;
   }
   return table;
 }
@@ -160,6 +162,7 @@ Table milestones_table(const match_report& report) {
                            {.text = shown_caption(one.player), .kept = shown(one.player)},
                            {.text = shown(one.side), .look = CellLook::muted},
                            {.text = shown(one.figures)}}});
+    table.rows.back().id = static_cast<int>(table.rows.size()) - 1;
   }
   return table;
 }
@@ -199,8 +202,8 @@ LineChart worm_chart(const match_report& report) {
   return chart;
 }
 
-MatchReportWindow::MatchReportWindow(const match_report& report, QWidget* parent)
-    : Form(QStringLiteral("matchrep"), Dismissal::closes, parent) {
+MatchReportWindow::MatchReportWindow(const match_report& report, ShowProfile profile, QWidget* parent)
+    : Form(QStringLiteral("matchrep"), Dismissal::closes, parent), profile_(std::move(profile)) {
   set_title(QStringLiteral("Match Report"), shown(report.result).simplified());
   set_subheading(QStringLiteral("%1 v %2, %3")
                      .arg(shown(report.innings[0].side), shown(report.innings[1].side), shown(report.ground)));
@@ -252,9 +255,25 @@ void MatchReportWindow::offer_rematch(std::function<void()> rematch) {
 
 void MatchReportWindow::add_innings(const reported_innings& innings, std::size_t place) {
   const QString number = QString::number(place + 1);
-  pieces_[place] = {
-      new_innings_head(innings, number), new_table_view(QStringLiteral("batting_") + number, batting_table(innings)),
-      new_notes(innings, number), new_table_view(QStringLiteral("bowling_") + number, bowling_table(innings))};
+  TableView* batting = new_table_view(QStringLiteral("batting_") + number, batting_table(innings));
+  TableView* bowling = new_table_view(QStringLiteral("bowling_") + number, bowling_table(innings));
+  std::vector<std::pair<std::string, std::string>> men;
+  for (const reported_batsman& man : innings.batsmen) men.emplace_back(innings.side, man.name);
+  lead_to_profiles(*batting, std::move(men));
+  men = {};
+  for (const reported_bowler& man : innings.bowlers) men.emplace_back(innings.bowling_side, man.name);
+  lead_to_profiles(*bowling, std::move(men));
+  pieces_[place] = {new_innings_head(innings, number), batting, new_notes(innings, number), bowling};
+}
+
+void MatchReportWindow::lead_to_profiles(TableView& view, std::vector<std::pair<std::string, std::string>> men) {
+  if (!profile_) return;
+  view.on_open(
+      [this, men = std::move(men)](int row) {
+        const auto& [side, player] = men[static_cast<std::size_t>(row)];
+        profile_(side, player);
+      },
+      TableView::Opens::press);
 }
 
 QWidget* MatchReportWindow::new_brought(const match_report& report) {
@@ -264,14 +283,21 @@ QWidget* MatchReportWindow::new_brought(const match_report& report) {
   rows->setSpacing(4);
   const auto add = [&](const char* heading, const char* name, const Table& table, const QString& none) {
     rows->addWidget(new_label(QLatin1String(heading), TextRole::heading));
-    if (table.rows.empty()) {
+    TableView* view = table.rows.empty() ? nullptr : new_table_view(QLatin1String(name), table);
+    if (view == nullptr) {
       rows->addWidget(new_line(QStringLiteral("no_") + QLatin1String(name), none, TextRole::muted));
     } else {
-      rows->addWidget(new_table_view(QLatin1String(name), table));
+      rows->addWidget(view);
     }
     rows->addSpacing(8);
+    return view;
   };
-  add("Milestones", "milestones", milestones_table(report), QStringLiteral("No fifty, no hundred, no five wickets."));
+  if (TableView* view = add("Milestones", "milestones", milestones_table(report),
+                            QStringLiteral("No fifty, no hundred, no five wickets."))) {
+    std::vector<std::pair<std::string, std::string>> men;
+    for (const reported_milestone& one : report.milestones) men.emplace_back(one.side, one.player);
+    lead_to_profiles(*view, std::move(men));
+  }
   add("Records", "records", records_table(report),
       report.records_known ? QStringLiteral("No line of the record lists.")
                            : QStringLiteral("The record lists do not take this match."));

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <functional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/form.h"
@@ -14,6 +16,8 @@ class QScrollArea;
 
 namespace velorin {
 
+class TableView;
+
 struct match_report;
 struct reported_innings;
 
@@ -23,8 +27,11 @@ class MatchReportWindow : public Form {
   Q_OBJECT
 
  public:
-  /// `report` is read here and not kept.
-  explicit MatchReportWindow(const match_report& report, QWidget* parent = front_window());
+  /// What pressing a man's name does; it gets his side and his name.
+  using ShowProfile = std::function<void(const std::string& side, const std::string& player)>;
+
+  /// `report` is read here and not kept. Without `profile` the names of the men lead nowhere.
+  explicit MatchReportWindow(const match_report& report, ShowProfile profile = {}, QWidget* parent = front_window());
 
   /// Offers the same sides again: `rematch` runs as the page closes by that press.
   void offer_rematch(std::function<void()> rematch);
@@ -37,10 +44,13 @@ class MatchReportWindow : public Form {
  private:
   void add_innings(const reported_innings& innings, std::size_t place);
   QWidget* new_brought(const match_report& report);
+  /// A press on a row, or Return, opens the profile of its man. `men` are those of the rows.
+  void lead_to_profiles(TableView& view, std::vector<std::pair<std::string, std::string>> men);
   /// Both innings fit side by side with every text whole.
   bool has_room_for_two() const;
   void arrange(bool side_by_side);
 
+  ShowProfile profile_;
   std::array<std::vector<QWidget*>, 2> pieces_;  // of each innings, from top to bottom
   QWidget* chart_ = nullptr;
   QWidget* brought_ = nullptr;

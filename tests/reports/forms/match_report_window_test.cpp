@@ -7,6 +7,9 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "database/lasting_records.h"
 #include "desktop/shown_text.h"
@@ -179,6 +182,47 @@ TEST_F(MatchReportWindows, TheKeyboardBringsWhatItReachesIntoView) {
   for (int tab = 0; tab < 20 && !records->hasFocus(); ++tab) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   EXPECT_TRUE(records->hasFocus());
   EXPECT_TRUE(is_in_view());
+}
+
+TEST_F(MatchReportWindows, NamesLeadToTheirMen) {
+  std::vector<std::pair<std::string, std::string>> met;
+  MatchReportWindow window(report,
+                           [&](const std::string& side, const std::string& player) { met.emplace_back(side, player); });
+  window.show();
+  settle();
+  const auto click = [&](const char* name, int row) {
+    auto* view = control<TableView>(window, name);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(view->model()->index(row, 0)).center());
+  };
+  click("batting_1", 2);
+  click("bowling_1", 0);
+  click("batting_2", 10);
+  click("milestones", 0);
+  auto* view = control<TableView>(window, "bowling_2");
+  view->setCurrentIndex(view->model()->index(1, 0));
+  QTest::keyClick(view, Qt::Key_Return);
+  const auto& [first, second] = report.innings;
+  const std::vector<std::pair<std::string, std::string>> wanted = {
+      {first.side, first.batsmen[2].name},
+      {first.bowling_side, first.bowlers[0].name},
+      {second.side, second.batsmen[10].name},
+      {report.milestones[0].side, report.milestones[0].player},
+      {second.bowling_side, second.bowlers[1].name}};
+  EXPECT_EQ(met, wanted);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(MatchReportWindows, NamesLeadTheSameWayWhenTheCardIsSorted) {
+  std::string met;
+  MatchReportWindow window(report, [&](const std::string&, const std::string& player) { met = player; });
+  window.show();
+  settle();
+  auto* view = control<TableView>(window, "batting_1");
+  view->sortByColumn(2, Qt::DescendingOrder);
+  view->setCurrentIndex(view->model()->index(0, 0));
+  QTest::keyClick(view, Qt::Key_Return);
+  EXPECT_EQ(shown_caption(met), view->model()->index(0, 0).data().toString());
+  EXPECT_NE(met, report.innings[0].batsmen[0].name) << "the first row is another man's now";
 }
 
 TEST_F(MatchReportWindows, ReturnAndEscapeCloseIt) {
