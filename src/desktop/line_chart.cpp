@@ -16,6 +16,7 @@
 #include <cmath>
 #include <memory>
 
+#include "desktop/team_colors.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -34,28 +35,32 @@ void style_axis(QValueAxis& axis, const QString& title) {
   axis.setLabelFormat(QStringLiteral("%d"));
 }
 
-QPen stroke(int place) {
-  QPen pen(chart_color(place), 3, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
+ChartSides sides_of(const LineChart& chart) {
+  return chart.lines.size() == 2 ? ChartSides{chart.lines[0].name, chart.lines[1].name} : ChartSides{};
+}
+
+QPen stroke(const QColor& color, int place) {
+  QPen pen(color, 3, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
   if (place != 0) pen.setDashPattern({3, 1.5});
   return pen;
 }
 
-QLineSeries* new_series(const ChartLine& line, int place) {
+QLineSeries* new_series(const ChartLine& line, const QColor& color, int place) {
   auto* series = new QLineSeries;
   series->setName(line.name);
   QList<QPointF> points(line.points.begin(), line.points.end());
   series->replace(points);
-  series->setPen(stroke(place));
+  series->setPen(stroke(color, place));
   return series;
 }
 
 /// The mark at the last point of a line: a disc or a square.
-QScatterSeries* new_end_mark(const ChartLine& line, int place) {
+QScatterSeries* new_end_mark(const ChartLine& line, const QColor& color, int place) {
   auto* mark = new QScatterSeries;
   mark->append(line.points.back());
   mark->setMarkerShape(place == 0 ? QScatterSeries::MarkerShapeCircle : QScatterSeries::MarkerShapeRectangle);
   mark->setMarkerSize(11);
-  mark->setColor(chart_color(place));
+  mark->setColor(color);
   mark->setBorderColor(theme().card);
   return mark;
 }
@@ -63,16 +68,19 @@ QScatterSeries* new_end_mark(const ChartLine& line, int place) {
 /// A line's stroke and its mark beside a caption.
 class LineSwatch : public QWidget {
  public:
-  LineSwatch(int place, QWidget* parent) : QWidget(parent), place_(place) { setFixedSize(44, 16); }
+  LineSwatch(const ChartSides& sides, int place, QWidget* parent) : QWidget(parent), sides_(sides), place_(place) {
+    setFixedSize(44, 16);
+  }
 
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(stroke(place_));
+    const QColor color = chart_color(sides_, place_);
+    painter.setPen(stroke(color, place_));
     painter.drawLine(QPointF(0, 8), QPointF(36, 8));
     painter.setPen(Qt::NoPen);
-    painter.setBrush(chart_color(place_));
+    painter.setBrush(color);
     const QRectF mark(32, 3, 10, 10);
     if (place_ == 0) {
       painter.drawEllipse(mark);
@@ -82,6 +90,7 @@ class LineSwatch : public QWidget {
   }
 
  private:
+  ChartSides sides_;
   int place_;
 };
 
@@ -96,10 +105,12 @@ double top_of(const LineChart& chart) {
 
 }  // namespace
 
-QColor chart_color(int place) {
+QColor chart_color(const ChartSides& sides, int place) {
   const Theme& t = theme();
-  if (place == 0) return t.accent;
-  return t.high_contrast ? t.four : t.willow;  // there willow and accent are one
+  if (!sides[0].isEmpty() && !sides[1].isEmpty()) {
+    return match_colors(sides[0], sides[1], t)[static_cast<std::size_t>(place)];
+  }
+  return place == 0 ? t.accent : t.four;
 }
 
 LineChartView::LineChartView(const QString& name, QWidget* parent) : QWidget(parent), view_(new QChartView(this)) {
@@ -150,12 +161,14 @@ void LineChartView::draw() {
   chart->addAxis(across, Qt::AlignBottom);
   chart->addAxis(up, Qt::AlignLeft);
   for (std::size_t i = 0; i < chart_.lines.size(); ++i) {
-    QLineSeries* series = new_series(chart_.lines[i], static_cast<int>(i));
+    const auto place = static_cast<int>(i);
+    const QColor color = chart_color(sides_of(chart_), place);
+    QLineSeries* series = new_series(chart_.lines[i], color, place);
     chart->addSeries(series);
     series->attachAxis(across);
     series->attachAxis(up);
     if (chart_.lines[i].points.empty()) continue;
-    QScatterSeries* mark = new_end_mark(chart_.lines[i], static_cast<int>(i));
+    QScatterSeries* mark = new_end_mark(chart_.lines[i], color, place);
     chart->addSeries(mark);
     mark->attachAxis(across);
     mark->attachAxis(up);
@@ -170,6 +183,8 @@ void LineChartView::draw() {
   view_->setBackgroundBrush(t.ground);
 }
 
-QWidget* new_line_swatch(int place, QWidget* parent) { return new LineSwatch(place, parent); }
+QWidget* new_line_swatch(const ChartSides& sides, int place, QWidget* parent) {
+  return new LineSwatch(sides, place, parent);
+}
 
 }  // namespace velorin

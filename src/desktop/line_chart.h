@@ -4,6 +4,7 @@
 #include <QPointF>
 #include <QString>
 #include <QWidget>
+#include <array>
 #include <vector>
 
 class QChartView;
@@ -23,9 +24,9 @@ struct LineChart {
   QString up;      ///< title of the vertical axis
   double across_to = 50;
   int across_step = 10;
-  std::vector<ChartLine> lines;
-  QString described;   ///< the chart in words, for those who cannot see it
-  bool legend = true;  ///< names the lines; without, the window around it does
+  std::vector<ChartLine> lines;  ///< named after their sides
+  QString described;             ///< the chart in words, for those who cannot see it
+  bool legend = true;            ///< names the lines; without, the window around it does
 };
 
 /// Shows a line chart in the style of all charts: lines differ in colour and in stroke, and each ends in a mark of its
@@ -51,10 +52,14 @@ class LineChartView : public QWidget {
   QChartView* view_;
 };
 
-/// Colour of a side's line or bars by its place in all charts, 0 or 1.
-QColor chart_color(int place);
+/// The teams at the two places of a match's charts.
+using ChartSides = std::array<QString, 2>;
+
+/// Colour of a side's line or bars by its place in the charts of its match, 0 or 1: its team's, as match_colors() has
+/// them in the present look. Where a side has no name, both have colours of the look.
+QColor chart_color(const ChartSides& sides, int place);
 
 /// A short piece of the line at a place, for a caption that stands beside the chart.
-QWidget* new_line_swatch(int place, QWidget* parent = nullptr);
+QWidget* new_line_swatch(const ChartSides& sides, int place, QWidget* parent = nullptr);
 
 }  // namespace velorin

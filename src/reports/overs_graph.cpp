@@ -43,6 +43,8 @@ void overs_graph_form::open() {
   fill_half(*this, 1, match_.team2_name, match_.first_total, match_.first_wickets, first_rate);
   fill_bars(*this, 1, match_.first_deliveries);
   side = {chart_place(match_, match_.team1_name), chart_place(match_, match_.team2_name)};
+  teams[static_cast<std::size_t>(side[0])] = match_.team1_name;
+  teams[static_cast<std::size_t>(1 - side[0])] = match_.team2_name;
 }
 
 }  // namespace velorin

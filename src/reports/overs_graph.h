@@ -37,6 +37,7 @@ struct overs_graph_screen {
   std::array<double, 2> rate_line_heights{};  ///< height of each half's level rate line, both ends
   std::array<std::string, 2> captions;        ///< each half's side and score
   std::array<int, 2> side{};                  ///< each half's place in all charts, 0 or 1
+  std::array<std::string, 2> teams;           ///< at these places
 };
 
 /// The form: fills the screen and follows the user.

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/team_colors.h"
+#include "desktop/line_chart.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 
+#include "desktop/line_chart.h"
 #include "desktop/team_names.h"
 
 namespace velorin::testing {
@@ -54,6 +56,21 @@ TEST_F(TeamColorsTest, TwoSidesAreLegibleAndApartInEveryLook) {
         EXPECT_GE(color_distance(one, two), told_apart);
       }
     }
+  }
+}
+
+TEST_F(TeamColorsTest, ChartsHaveThoseOfTheirSidesInEveryLook) {
+  const ChartSides sides = {"England", "New Zealand"};
+  for (const Appearance look : {Appearance::light, Appearance::dark, Appearance::high_contrast}) {
+    apply_theme(look);
+    for (const int place : {0, 1}) {
+      const QColor color = chart_color(sides, place);
+      EXPECT_EQ(color, match_colors(sides[0], sides[1], theme())[static_cast<std::size_t>(place)]);
+      EXPECT_GE(contrast_of(color, theme().card), least_contrast(theme())) << "look " << static_cast<int>(look);
+      EXPECT_GE(contrast_of(chart_color({}, place), theme().card), 3)
+          << "without names, look " << static_cast<int>(look);
+    }
+    EXPECT_GE(color_distance(chart_color(sides, 0), chart_color(sides, 1)), told_apart);
   }
 }
 

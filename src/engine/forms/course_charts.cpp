@@ -40,6 +40,8 @@ CourseFigures course_figures(const match_state& match) {
   figures.sides[0] = shown(short_name(match.team1_name));
   figures.places[0] = chart_place(match, match.team1_name);
   figures.places[1] = 1 - figures.places[0];
+  figures.teams[static_cast<std::size_t>(figures.places[0])] = shown(match.team1_name);
+  figures.teams[static_cast<std::size_t>(figures.places[1])] = shown(match.team2_name);
   figures.now = course_in_play(match);
   figures.before = course_before(match);
   if (match.first_total != 0) {
@@ -153,7 +155,7 @@ void CourseChart::paint_axes(QPainter& painter) const {
 void CourseChart::paint_bars(QPainter& painter) const {
   const Theme& t = theme();
   const double wide = plot().width() / overs_of_innings;
-  QColor behind = chart_color(figures_.places[1]);
+  QColor behind = chart_color(figures_.teams, figures_.places[1]);
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(behind, 1));
   // The other side as steps, so that the bars in front stay clear.
@@ -168,7 +170,7 @@ void CourseChart::paint_bars(QPainter& painter) const {
   for (const over_stage& stage : figures_.now) {
     const QPointF from = place(stage.over - 1, stage.runs);
     const double gap = wide > 4 ? 1 : 0.5;
-    painter.setBrush(chart_color(figures_.places[0]));
+    painter.setBrush(chart_color(figures_.teams, figures_.places[0]));
     painter.drawRect(QRectF(from.x() + gap / 2, from.y(), std::max(1.0, wide - gap), plot().bottom() - from.y()));
     painter.setBrush(t.ball);
     const double size = std::clamp(wide, 4.0, 8.0);
@@ -209,7 +211,7 @@ void CourseChart::paint_scores(QPainter& painter) const {
     if (course.empty()) continue;
     std::vector<QPointF> points = {place(course.front().over - 1, 0)};
     for (const over_stage& stage : course) points.push_back(place(stage.over, stage.score));
-    paint_line(painter, points, chart_color(figures_.places[static_cast<std::size_t>(which)]),
+    paint_line(painter, points, chart_color(figures_.teams, figures_.places[static_cast<std::size_t>(which)]),
                figures_.places[static_cast<std::size_t>(which)] != 0);
     painter.setPen(Qt::NoPen);
     painter.setBrush(t.ball);
@@ -229,7 +231,7 @@ void CourseChart::paint_rates(QPainter& painter) const {
     if (stage.required_rate) required.push_back(place(stage.over, *stage.required_rate));
   }
   if (figures_.target != 0) paint_line(painter, required, theme().ball, true);
-  paint_line(painter, rate, chart_color(figures_.places[0]), false);
+  paint_line(painter, rate, chart_color(figures_.teams, figures_.places[0]), false);
 }
 
 void CourseChart::paint_caption(QPainter& painter) const {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "console/innings_course.h"
+#include "desktop/line_chart.h"
 
 class QPainter;
 
@@ -18,6 +19,7 @@ struct match_state;
 struct CourseFigures {
   std::array<QString, 2> sides;  ///< [0] in play, [1] before; "" for none
   std::array<int, 2> places{};   ///< of the sides in all charts, 0 or 1
+  ChartSides teams;              ///< at these places
   std::vector<over_stage> now;
   std::vector<over_stage> before;
   int target = 0;  ///< runs that win; 0 in a first innings

@@ -50,6 +50,8 @@ QString described(const overs_graph_form& form) {
 
 }  // namespace
 
+ChartSides sides_of(const overs_graph_form& form) { return {shown(form.teams[0]), shown(form.teams[1])}; }
+
 OverFigures over_figures(const overs_graph_form& form, int half, int over) {
   const std::size_t place = at(overs_graph_form::place(half, over));
   return {form.bars[place].height / overs_graph_form::units_a_run, form.wicket_marks[place]};
@@ -139,7 +141,7 @@ void OverBarsView::paint_axes(QPainter& painter, int half) const {
 }
 
 void OverBarsView::paint_bars(QPainter& painter, int half) const {
-  const QColor color = chart_color(form_.side[at(half)]);
+  const QColor color = chart_color(sides_of(form_), form_.side[at(half)]);
   painter.setPen(QPen(theme().dark ? color.lighter(125) : color.darker(135), 1));
   painter.setBrush(color);
   for (int over = 1; over <= overs_of_innings; ++over) {

@@ -4,6 +4,8 @@
 #include <QWidget>
 #include <array>
 
+#include "desktop/line_chart.h"
+
 class QLabel;
 class QPainter;
 
@@ -19,6 +21,9 @@ struct OverFigures {
 
 /// The figures of an over, 1 to 50, of the upper half 0 or the lower half 1.
 OverFigures over_figures(const overs_graph_form& form, int half, int over);
+
+/// The teams at the places of the sides, for their colours.
+ChartSides sides_of(const overs_graph_form& form);
 
 /// The runs of each over as bars, in the display units of the form: one scale for both halves. What stands higher than
 /// the upper half widens the picture, nothing is cut off. A wicket is a lettered disc over its bar.

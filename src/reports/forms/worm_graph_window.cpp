@@ -47,12 +47,12 @@ Table worm_table(const worm_graph_form& form) {
 }
 
 /// A side's name and score beside a piece of its line.
-QWidget* new_side(int place, const QString& name_control, const std::string& name, const QString& score_control,
-                  const std::string& score) {
+QWidget* new_side(const ChartSides& teams, int place, const QString& name_control, const std::string& name,
+                  const QString& score_control, const std::string& score) {
   auto* card = new_card();
   auto* row = new QHBoxLayout;
   row->setSpacing(12);
-  row->addWidget(new_line_swatch(place));
+  row->addWidget(new_line_swatch(teams, place));
   row->addWidget(new_named_label(name_control, shown(name), TextRole::heading));
   row->addStretch(1);
   row->addWidget(new_named_label(score_control, shown(score), TextRole::title));
@@ -86,11 +86,13 @@ WormGraphWindow::WormGraphWindow(const worm_graph_form& form, QWidget* parent)
   show_picture();
   auto* sides = new QHBoxLayout;
   sides->setSpacing(16);
-  sides->addWidget(
-      new_side(0, QStringLiteral("first_side"), form.first_side, QStringLiteral("first_score"), form.first_score), 1);
-  sides->addWidget(
-      new_side(1, QStringLiteral("second_side"), form.second_side, QStringLiteral("second_score"), form.second_score),
-      1);
+  const ChartSides teams = {shown(form.first_side), shown(form.second_side)};
+  sides->addWidget(new_side(teams, 0, QStringLiteral("first_side"), form.first_side, QStringLiteral("first_score"),
+                            form.first_score),
+                   1);
+  sides->addWidget(new_side(teams, 1, QStringLiteral("second_side"), form.second_side, QStringLiteral("second_score"),
+                            form.second_score),
+                   1);
   body()->addLayout(sides);
   auto* note = new_named_label(QStringLiteral("old_rows"), QString::fromLatin1(old_rows), TextRole::muted);
   note->setVisible(form.has_old_rows());
