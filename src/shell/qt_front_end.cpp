@@ -87,19 +87,14 @@ void open_modally(match_state& match, Given&&... given) {
 
 }  // namespace
 
-<<<<<<< HEAD
 QtFrontEnd::QtFrontEnd(game_state& game, const std::filesystem::path& kept_games)
     : game_(game),
       keeper_(kept_games.empty() ? std::nullopt : std::optional<GameKeeper>(std::in_place, *this, game, kept_games)),
       unstopped_(game),
       turns_(game.data.files),
-      cup_form_(play(), game.world_cup) {}
-=======
-QtFrontEnd::QtFrontEnd(game_state& game)
-    : game_(game), unstopped_(game), turns_(game.data.files), cup_form_(play(), game.world_cup) {
+      cup_form_(play(), game.world_cup) {
   reports_.on_profile(profile_of());
 }
->>>>>>> 73f5fa0 (Lead from the match report to the profiles)
 QtFrontEnd::~QtFrontEnd() { progress_done(); }
 
 void QtFrontEnd::activity_goes_on() {
@@ -324,12 +319,8 @@ void QtFrontEnd::show(match_report_form& form) {
   reports_.keep(game_, form.report);
   if (!form.attended()) return;
   refresh_console();
-<<<<<<< HEAD
-  MatchReportWindow window(form.report);
-  if (!reports_.keeps()) window.offer_rematch([this] { rematch_ = true; });
-=======
   MatchReportWindow window(form.report, profile_of());
->>>>>>> 73f5fa0 (Lead from the match report to the profiles)
+  if (!reports_.keeps()) window.offer_rematch([this] { rematch_ = true; });
   run_modal(window);
 }
 

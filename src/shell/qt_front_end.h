@@ -9,11 +9,8 @@
 #include "competitions/game_state.h"
 #include "competitions/world_cup_form.h"
 #include "desktop/preferences.h"
-<<<<<<< HEAD
-#include "shell/game_keeper.h"
-=======
 #include "reports/forms/match_report_window.h"
->>>>>>> 73f5fa0 (Lead from the match report to the profiles)
+#include "shell/game_keeper.h"
 #include "shell/played_reports.h"
 #include "shell/turn_waiting.h"
 #include "shell/unstopped_play.h"
