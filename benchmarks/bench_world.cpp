@@ -19,6 +19,9 @@ namespace fs = std::filesystem;
 void keeping_user::ball_bowled() {
   ++balls;
   if (keeping && match.innings_balls == 150 && match.first_total == 0) in_mid_play = match;
+  if (keeping && match.innings_balls == 1 && match.first_total != 0) at_half = match;
+  const bool is_close = match.score_wickets <= 7 && match.first_total - match.score_runs > 40;
+  if (keeping && match.innings_balls == 240 && match.first_total != 0 && is_close) in_last_ten = match;
 }
 
 void keeping_user::open(report) {

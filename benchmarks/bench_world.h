@@ -13,6 +13,8 @@ namespace velorin::bench {
 class keeping_user : public test_user {
  public:
   match_state in_mid_play;  ///< 25 overs into the first innings
+  match_state at_half;      ///< the first ball of the second innings is booked
+  match_state in_last_ten;  ///< ten overs before the end of the second innings
   match_state at_end;       ///< the result known, before the updates
   long balls = 0;
   bool keeping = false;

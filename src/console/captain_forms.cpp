@@ -76,6 +76,13 @@ void bowler_choice_form::choose(int row) {
   if (enabled[row]) chosen = row;
 }
 
+int bowler_choice_form::first_row() const {
+  for (int row = 1; row <= men_in_eleven; ++row) {
+    if (enabled[row] && match_.bowling_card[row].balls < balls_of_quota) return row;
+  }
+  return 0;
+}
+
 int bowler_choice_form::best_row() const {
   const auto key = [this](int row) {
     const player_rec& man = match_.bowling_xi[row];

@@ -68,6 +68,8 @@ struct bowler_choice_form {
   std::string skill(int row) const;    ///< under "Skill": 100 less the strike rate, rounded
   std::string economy(int row) const;  ///< under "R.P.O": the economy rate
   void choose(int row);
+  /// The row of the first man who can be chosen and has overs left, 0 for none.
+  int first_row() const;
   /// The row of the best man who can be chosen and has overs left: of most skill, of these of the least runs an over,
   /// of these the first. Where nobody has, of those who can be chosen; 0 for none.
   int best_row() const;

@@ -86,10 +86,7 @@ int taken_behind(const match_state& match, batting_card_rec& out, fielding taken
   return position;
 }
 
-/// Returns the catcher's position.
-int caught_in_the_field(const match_state& match, random_source& chance, batting_card_rec& out,
-                        const std::string& bowler) {
-  const int catcher = die(chance, men_in_eleven);
+void caught_in_the_field(const match_state& match, int catcher, batting_card_rec& out, const std::string& bowler) {
   if (catcher == match.bowler) {
     name_nobody(out);
     out.how = dismissal::caught_and_bowled;
@@ -100,7 +97,6 @@ int caught_in_the_field(const match_state& match, random_source& chance, batting
     out.how_out = " b " + bowler;
     name_fielder(match, out, catcher, fielding::caught);
   }
-  return catcher;
 }
 
 /// Nobody but the bowler has a part in it.
@@ -110,18 +106,29 @@ void beaten(batting_card_rec& out, dismissal how, const char* words, const std::
   out.how_out = words + bowler;
 }
 
-/// Returns the position of the man who threw. What the card has of a fielder stays.
-int run_out(const match_state& match, random_source& chance, batting_card_rec& out) {
-  const int thrower = die(chance, men_in_eleven);
+/// What the card has of a fielder stays.
+void run_out(const match_state& match, int thrower, batting_card_rec& out) {
   out.how = dismissal::run_out;
   out.how_out = " run out (" + match.bowling_xi[thrower].name + ")";
-  return thrower;
+}
+
+/// The fate of the striker, and the man of the field who had part in it, drawn in this order; 0 where none is drawn.
+struct drawn_dismissal {
+  fate kind;
+  int fielder;
+};
+
+drawn_dismissal draw_dismissal(random_source& chance) {
+  const fate kind = draw_fate(chance);
+  const bool of_the_field = kind == fate::run_out || kind == fate::caught_in_the_field;
+  return {kind, of_the_field ? die(chance, men_in_eleven) : 0};
 }
 
 }  // namespace
 
 void load_elevens(match_state& match, const open_database& data) { read_elevens(match, data); }
 
+template <keeping Kept>
 void record_runs(match_state& match) {
   const int outcome = match.ball_outcome;
   if (outcome > six_runs) return;
@@ -129,19 +136,31 @@ void record_runs(match_state& match) {
   const std::array<integer, 2> ends = {match.striker, match.non_striker};
   batting_card_rec& batsman = match.batting_card[ends[static_cast<std::size_t>(outcome) & 1U]];
   bowling_card_rec& bowler = match.bowling_card[match.bowler];
-  const counter& counted = counters[static_cast<std::size_t>(outcome)];
   book(batsman.balls, 1, "batting_card.balls", batsman.name);
-  book(batsman.*counted.figure, 1, counted.field, batsman.name);
+  if constexpr (Kept == keeping::everything) {
+    const counter& counted = counters[static_cast<std::size_t>(outcome)];
+    book(batsman.*counted.figure, 1, counted.field, batsman.name);
+  }
   book(batsman.runs, outcome, "batting_card.runs", batsman.name);
   book(bowler.runs, outcome, "bowling_card.runs", bowler.name);
   match.maiden_flag = match.maiden_flag && outcome == dot_ball;
 }
 
+template void record_runs<keeping::everything>(match_state& match);
+template void record_runs<keeping::rules>(match_state& match);
+
+template <keeping Kept>
 void record_dismissal(match_state& match, random_source& chance, delivery& ball) {
+  const drawn_dismissal drawn = draw_dismissal(chance);
+  if constexpr (Kept == keeping::rules) {
+    // The bowler has no part in a run out alone; how else a man was out is no rule's business.
+    ball.how = drawn.kind == fate::run_out ? dismissal::run_out : dismissal::bowled;
+    return;
+  }
   batting_card_rec& out = match.batting_card[match.striker];
   const player_rec& bowler = match.bowling_xi[match.bowler];
-  int fielder = 0;
-  switch (draw_fate(chance)) {
+  int fielder = drawn.fielder;
+  switch (drawn.kind) {
     case fate::bowled:
       beaten(out, dismissal::bowled, " b ", bowler.name);
       break;
@@ -149,13 +168,13 @@ void record_dismissal(match_state& match, random_source& chance, delivery& ball)
       fielder = taken_behind(match, out, fielding::caught);
       break;
     case fate::run_out:
-      fielder = run_out(match, chance, out);
+      run_out(match, fielder, out);
       break;
     case fate::by_the_keeper:
       fielder = taken_behind(match, out, bowler.bowler_type == "spinner" ? fielding::stumped : fielding::caught);
       break;
     case fate::caught_in_the_field:
-      fielder = caught_in_the_field(match, chance, out, bowler.name);
+      caught_in_the_field(match, fielder, out, bowler.name);
       break;
     case fate::leg_before:
       beaten(out, dismissal::leg_before, " lbw ", bowler.name);
@@ -164,5 +183,8 @@ void record_dismissal(match_state& match, random_source& chance, delivery& ball)
   ball.how = out.how;
   ball.fielder = static_cast<std::uint8_t>(fielder);
 }
+
+template void record_dismissal<keeping::everything>(match_state& match, random_source& chance, delivery& ball);
+template void record_dismissal<keeping::rules>(match_state& match, random_source& chance, delivery& ball);
 
 }  // namespace velorin

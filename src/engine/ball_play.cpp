@@ -84,18 +84,26 @@ void no_ball_or_wide(match_state& match, delivery& ball) {
   }
 }
 
+template <keeping Kept>
 void fall_of_a_wicket(match_state& match, random_source& chance, delivery& ball) {
   match.score_wickets += 1;
   book_dot(match.batting_card[match.striker]);
-  record_dismissal(match, chance, ball);
+  record_dismissal<Kept>(match, chance, ball);
   bowling_card_rec& bowler = match.bowling_card[match.bowler];
   if (ball.how != dismissal::run_out) book(bowler.wickets, 1, "bowling_card.wickets", bowler.name);
   match.last_wicket = {match.striker, match.innings_number, match.score_runs};
 }
 
 /// The record of the delivery just settled, as far as it is known before it is acted upon.
+template <keeping Kept>
 delivery& record_delivery(match_state& match, int ball_no) {
   const auto small = [](int figure) { return static_cast<std::uint8_t>(figure); };
+  if constexpr (Kept == keeping::rules) {
+    return match.deliveries.emplace_back(delivery{.over = small(match.over_no),
+                                                  .ball = small(ball_no),
+                                                  .striker = small(match.striker),
+                                                  .outcome = small(match.ball_outcome)});
+  }
   return match.deliveries.emplace_back(
       delivery{.innings = static_cast<std::int16_t>(match.innings_number),
                .over = small(match.over_no),
@@ -106,6 +114,28 @@ delivery& record_delivery(match_state& match, int ball_no) {
                .batting_aggression = small(match.batsman_aggression[static_cast<std::size_t>(match.striker_slot())]),
                .bowling_aggression = small(match.bowling_aggression[0]),
                .outcome = small(match.ball_outcome)});
+}
+
+/// Acts upon the delivery just settled.
+template <keeping Kept>
+play_step act_upon_ball(match_state& match, random_source& chance) {
+  delivery& ball = record_delivery<Kept>(match, match.ball_no);
+  if (match.ball_outcome <= six_runs) {
+    off_the_bat(match, ball);
+    return play_step::ball_booked;
+  }
+  switch (match.ball_outcome) {
+    case wicket:
+      fall_of_a_wicket<Kept>(match, chance, ball);
+      return match.human_involved() ? play_step::wicket_told : play_step::next_batsman;
+    case no_ball:
+    case wide_ball:
+      no_ball_or_wide(match, ball);
+      break;
+    default:
+      extras_off_the_body(match, chance, ball);
+  }
+  return play_step::ball_booked;
 }
 
 #ifndef NDEBUG
@@ -120,23 +150,12 @@ void verify_match(const match_state& /*match*/) {}
 
 play_step bowl_ball(match_state& match, random_source& chance) {
   deliver_ball(match, chance);
-  delivery& ball = record_delivery(match, match.ball_no);
-  if (match.ball_outcome <= six_runs) {
-    off_the_bat(match, ball);
-    return play_step::ball_booked;
-  }
-  switch (match.ball_outcome) {
-    case wicket:
-      fall_of_a_wicket(match, chance, ball);
-      return match.human_involved() ? play_step::wicket_told : play_step::next_batsman;
-    case no_ball:
-    case wide_ball:
-      no_ball_or_wide(match, ball);
-      break;
-    default:
-      extras_off_the_body(match, chance, ball);
-  }
-  return play_step::ball_booked;
+  return act_upon_ball<keeping::everything>(match, chance);
+}
+
+play_step bowl_ball_unread(match_state& match, random_source& chance, known_contests& known) {
+  deliver_ball(match, chance, known);
+  return act_upon_ball<keeping::rules>(match, chance);
 }
 
 void tell_wicket(const match_state& match, front_end& user) {
@@ -151,8 +170,18 @@ void tell_wicket(const match_state& match, front_end& user) {
   user.show(form);
 }
 
+bool has_man_to_come(const match_state& match) {
+  return match.striker < men_in_eleven && match.non_striker < men_in_eleven;
+}
+
+void send_in(match_state& match) {
+  match.striker = match.next_batsman_slot + 1;
+  match.batting_card[match.striker].name = match.batting_xi[match.striker].name;
+  match.deliveries.back().next_batsman = static_cast<std::uint8_t>(match.striker);
+}
+
 void bring_in_next_batsman(match_state& match, front_end& user) {
-  if (match.striker >= men_in_eleven || match.non_striker >= men_in_eleven) {
+  if (!has_man_to_come(match)) {
     match.innings_over_flag = true;
     return;
   }
@@ -162,14 +191,22 @@ void bring_in_next_batsman(match_state& match, front_end& user) {
     next_batsman_form form(match, next_batsman_form::use::next);
     user.show(form);
   }
-  match.striker = match.next_batsman_slot + 1;
-  match.batting_card[match.striker].name = match.batting_xi[match.striker].name;
-  match.deliveries.back().next_batsman = static_cast<std::uint8_t>(match.striker);
+  send_in(match);
 }
 
+void bring_in_computers_choice(match_state& match) {
+  if (!has_man_to_come(match)) {
+    match.innings_over_flag = true;
+    return;
+  }
+  choose_next_batsman(match);
+  match.striker = match.next_batsman_slot + 1;
+}
+
+template <keeping Kept>
 void book_ball(match_state& match) {
   const delivery& ball = match.deliveries.back();
-  record_runs(match);
+  record_runs<Kept>(match);
   if (ball.counted) {
     bowling_card_rec& bowler = match.bowling_card[match.bowler];
     book(match.innings_balls, 1, "innings_balls", match.team1_name);
@@ -180,8 +217,13 @@ void book_ball(match_state& match) {
   } else if (ball.is_faced()) {
     refresh_batsman(match, ball.striker);
   }
-  refresh_bowling_card(match);
-  verify_match(match);
+  if constexpr (Kept == keeping::everything) {
+    refresh_bowling_card(match);
+    verify_match(match);
+  }
 }
+
+template void book_ball<keeping::everything>(match_state& match);
+template void book_ball<keeping::rules>(match_state& match);
 
 }  // namespace velorin

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/delivery_model.h"
 
+#include <algorithm>
+
 #include "model/match_state.h"
 #include "model/random.h"
 #include "model/rounding.h"
@@ -54,26 +56,25 @@ double single(double quotient) {
   return static_cast<double>(rounded);
 }
 
-void add_batting_aggression(const contest& met, expectations& expected, double adjusted_skill) {
+void add_batting_aggression(const contest& met, contest_terms& terms, double adjusted_skill) {
   const int aggression = met.batting_aggression;
   if (aggression < least_aggression || aggression > most_aggression) return;
-  const double meter = met.settled_meter;
   // On the lowest aggression the meter protects the man of the higher position half as much again.
-  const double divisor = aggression == least_aggression && met.higher_slot ? meter_a_protected_ball : meter_a_ball;
+  terms.meter_a_ball = aggression == least_aggression && met.higher_slot ? meter_a_protected_ball : meter_a_ball;
   const batting_weight& weight = batting_weights[aggression - least_aggression];
-  expected.balls_per_wicket = expected.balls_per_wicket + weight.skill_share * adjusted_skill + single(meter / divisor);
-  expected.runs_per_over = expected.runs_per_over + weight.runs + single(meter / meter_a_run);
+  terms.balls_per_wicket += weight.skill_share * adjusted_skill;
+  terms.runs_per_over += weight.runs;
 }
 
-void add_bowling_aggression(const contest& met, expectations& expected) {
+void add_bowling_aggression(const contest& met, contest_terms& terms) {
   const player_rec& bowler = met.bowler;
   const int aggression = met.bowling_aggression;
   if (aggression < least_aggression || aggression > most_aggression || aggression == even_aggression) return;
   const double economy = static_cast<double>(bowler.econ);
   if (economy == 0) raise_division("econ", bowler.name);
   const bowling_weight& weight = bowling_weights[aggression - least_aggression];
-  expected.balls_per_wicket += weight.strike_share * static_cast<double>(bowler.bowl_sr);
-  expected.runs_per_over += round_to(weight.economy_parts / economy, 3);
+  terms.balls_by_bowler = weight.strike_share * static_cast<double>(bowler.bowl_sr);
+  terms.runs_by_bowler = round_to(weight.economy_parts / economy, 3);
 }
 
 }  // namespace
@@ -89,7 +90,7 @@ contest contest_in_play(const match_state& match) {
           .higher_slot = slot == 1};
 }
 
-expectations expect_ball(const contest& met) {
+contest_terms terms_of(const contest& met) {
   const player_rec& batsman = met.batsman;
   const player_rec& bowler = met.bowler;
   const double condition_factor =
@@ -98,14 +99,27 @@ expectations expect_ball(const contest& met) {
   const double adjusted_skill = round_half_even(skill / condition_factor);
   if (adjusted_skill == 0) raise_division("bat_skill", batsman.name);
   const double base_rate = (skill / adjusted_skill) * balls_of_over;
-  expectations expected;
-  expected.balls_per_wicket = (adjusted_skill + static_cast<double>(bowler.bowl_sr)) / 2;
-  expected.runs_per_over = (static_cast<double>(bowler.econ) + base_rate) / 2;
-  add_batting_aggression(met, expected, adjusted_skill);
-  add_bowling_aggression(met, expected);
-  if (expected.balls_per_wicket == 0) raise_division("balls_per_wicket", batsman.name);
+  contest_terms terms;
+  terms.balls_per_wicket = (adjusted_skill + static_cast<double>(bowler.bowl_sr)) / 2;
+  terms.runs_per_over = (static_cast<double>(bowler.econ) + base_rate) / 2;
+  add_batting_aggression(met, terms, adjusted_skill);
+  add_bowling_aggression(met, terms);
+  return terms;
+}
+
+expectations expect_ball(const contest_terms& terms, double settled_meter, const std::string& batsman) {
+  expectations expected{terms.balls_per_wicket, terms.runs_per_over};
+  if (terms.meter_a_ball != 0) {
+    expected.balls_per_wicket += single(settled_meter / terms.meter_a_ball);
+    expected.runs_per_over += single(settled_meter / meter_a_run);
+  }
+  expected.balls_per_wicket += terms.balls_by_bowler;
+  expected.runs_per_over += terms.runs_by_bowler;
+  if (expected.balls_per_wicket == 0) raise_division("balls_per_wicket", batsman);
   return expected;
 }
+
+expectations expect_ball(const contest& met) { return expect_ball(terms_of(met), met.settled_meter, met.batsman.name); }
 
 expectations expect_delivery(const match_state& match) { return expect_ball(contest_in_play(match)); }
 
@@ -125,6 +139,50 @@ int classify(int draw, const std::array<double, 10>& windows) {
     if (draw <= end) return window_outcomes[i];
   }
   return dot_ball;
+}
+
+int classify(int draw, const expectations& expected) {
+  // Where no window is below 0 the ends rise, and the outcome is told by how many of them a draw lies beyond.
+  constexpr double most_runs = 1e6;
+  const bool rises =
+      expected.balls_per_wicket >= 1e-3 && expected.runs_per_over >= 0 && expected.runs_per_over < most_runs;
+  if (!rises) [[unlikely]] {
+    return classify(draw, delivery_windows(expected));
+  }
+  const int wicket_end = static_cast<int>(round_half_even((1 / expected.balls_per_wicket) * draw_scale));
+  std::array<int, run_weights.size()> sizes;
+  for (std::size_t i = 0; i < sizes.size(); ++i)
+    sizes[i] = small_round_half_even(run_weights[i] * expected.runs_per_over);
+  int end = wicket_end;
+  int beyond = static_cast<int>(draw > end);
+  for (const int size : sizes) {
+    end += size;
+    beyond += static_cast<int>(draw > end);
+  }
+  constexpr std::array<int, window_outcomes.size() + 1> outcomes = [] {
+    std::array<int, window_outcomes.size() + 1> all{};
+    std::copy(window_outcomes.begin(), window_outcomes.end(), all.begin());
+    all.back() = dot_ball;
+    return all;
+  }();
+  return outcomes[static_cast<std::size_t>(beyond)];
+}
+
+void deliver_ball(match_state& match, random_source& chance, known_contests& known) {
+  const int slot = match.striker_slot();
+  const contest_key key{.innings = match.innings_number,
+                        .striker = match.striker,
+                        .bowler = match.bowler,
+                        .slot = slot,
+                        .batting_aggression = match.batsman_aggression[slot],
+                        .bowling_aggression = match.bowling_aggression[0]};
+  known_contest& contest = known.at(slot);
+  if (contest.key != key) contest = {key, terms_of(contest_in_play(match))};
+  chance.reseed();
+  const int draw = die(chance, draw_scale);
+  const expectations expected =
+      expect_ball(contest.terms, match.settled_meter[slot], match.batting_xi[match.striker].name);
+  match.ball_outcome = classify(draw, expected);
 }
 
 void deliver_ball(match_state& match, random_source& chance) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 #include "model/delivery.h"
 
@@ -39,6 +40,44 @@ struct contest {
 /// The next delivery's, as the match stands.
 contest contest_in_play(const match_state& match);
 
+/// What the two expectations of a contest are made of, but for how far the batsman has settled: sums are taken in this
+/// order.
+struct contest_terms {
+  double balls_per_wicket = 0;  ///< by skill and strike rate, with the batsman's aggression
+  double runs_per_over = 0;
+  double meter_a_ball = 0;     ///< so much of the meter adds a ball per wicket; 0: the meter adds nothing
+  double balls_by_bowler = 0;  ///< what the bowler's aggression adds
+  double runs_by_bowler = 0;
+};
+
+/// Errors as for deliver_ball.
+contest_terms terms_of(const contest& met);
+/// `batsman` is named where the expectation is exactly 0 balls per wicket, which is a run_time_error (division).
+expectations expect_ball(const contest_terms& terms, double settled_meter, const std::string& batsman);
+
+/// Of what the terms of a contest follow within a match.
+struct contest_key {
+  int innings = 0;
+  int striker = 0;
+  int bowler = 0;
+  int slot = 0;
+  int batting_aggression = 0;
+  int bowling_aggression = 0;
+
+  bool operator==(const contest_key&) const = default;
+};
+
+/// The last contest of each batsman's slot, whose terms need not be reckoned again. Of one match, whose ground,
+/// conditions and elevens stay; men yet to come in may change their places.
+struct known_contest {
+  contest_key key;
+  contest_terms terms;
+};
+using known_contests = std::array<known_contest, 2>;
+
+/// Settles one delivery as the other one does.
+void deliver_ball(match_state& match, random_source& chance, known_contests& known);
+
 /// The expectations of a delivery. Errors as for deliver_ball.
 expectations expect_ball(const contest& met);
 
@@ -58,5 +97,7 @@ inline constexpr int draw_scale = 1000;
 
 /// The outcome on which a draw of 1 to 1000 falls.
 int classify(int draw, const std::array<double, 10>& windows);
+/// The same by the windows of these expectations, quicker.
+int classify(int draw, const expectations& expected);
 
 }  // namespace velorin

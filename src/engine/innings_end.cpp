@@ -24,7 +24,7 @@ namespace {
 
 /// Winner, loser and margin; empty names for a tie.
 struct verdict {
-  match_decision decided;
+  match_decision decided = match_decision::none;
   std::string winner;
   std::string loser;
   std::string margin;
@@ -32,41 +32,34 @@ struct verdict {
   double first_delta = 0;  ///< of the side that batted first; the other's is its negative
 };
 
-/// The side that batted first is rated over 50 overs, and so is a chase that failed.
-double delta_over_fifty(const match_state& match) {
-  return (match.first_total - match.score_runs) / double{overs_of_innings};
-}
-
 bool is_closed(const match_state& match) { return match.innings_balls == balls_of_innings || match.innings_over_flag; }
 
-verdict verdict_on_closed_innings(const match_state& match) {
-  if (match.score_runs == match.first_total) {
-    return {match_decision::tie, "", "", "Match tied.", "The match was a tie.", delta_over_fifty(match)};
+verdict verdict_on_closed_innings(const match_state& match, match_decision decided) {
+  if (decided == match_decision::tie) {
+    return {decided, "", "", "Match tied.", "The match was a tie.", rate_gain(match)};
   }
   const std::string runs = number_text(match.first_total - match.score_runs);
-  return {match_decision::runs,
+  return {decided,
           match.team2_name,
           match.team1_name,
           "  won by  " + runs + "  runs",
           match.team2_name + "  wins by  " + runs + "  runs",
-          delta_over_fifty(match)};
+          rate_gain(match)};
 }
 
 verdict verdict_on_chase(const match_state& match) {
   const std::string wickets = number_text(wickets_of_innings - match.score_wickets);
-  const double delta =
-      match.first_total / double{overs_of_innings} - double{balls_of_over} * match.score_runs / match.innings_balls;
-  return {match_decision::wickets,
+  return {decision_on(match),
           match.team1_name,
           match.team2_name,
           "  won by  " + wickets + "  wickets ",
           match.team1_name + "   wins by  " + wickets + "  wickets ",
-          delta};
+          rate_gain(match)};
 }
 
-/// An innings that is closed is judged before a chase that has succeeded.
 verdict verdict_on(const match_state& match) {
-  return is_closed(match) ? verdict_on_closed_innings(match) : verdict_on_chase(match);
+  const match_decision decided = decision_on(match);
+  return decided == match_decision::wickets ? verdict_on_chase(match) : verdict_on_closed_innings(match, decided);
 }
 
 void store_commentary(match_state& match) {
@@ -113,6 +106,18 @@ void swap_totals(match_state& match) {
 
 }  // namespace
 
+match_decision decision_on(const match_state& match) {
+  // An innings that is closed is judged before a chase that has succeeded.
+  if (!is_closed(match)) return match_decision::wickets;
+  return match.score_runs == match.first_total ? match_decision::tie : match_decision::runs;
+}
+
+double rate_gain(const match_state& match) {
+  // The side that batted first is rated over 50 overs, and so is a chase that failed.
+  if (is_closed(match)) return (match.first_total - match.score_runs) / double{overs_of_innings};
+  return match.first_total / double{overs_of_innings} - double{balls_of_over} * match.score_runs / match.innings_balls;
+}
+
 play_step judge_innings(const match_state& match) {
   if (is_closed(match)) return match.human_involved() ? play_step::innings_end_told : play_step::innings_over;
   if (match.first_total != 0 && match.score_runs > match.first_total) return play_step::match_reported;
@@ -147,9 +152,10 @@ void tell_match_end(const match_state& match, front_end& user) {
   user.show(message_box{"End of Match", verdict_on(match).message, message_kind::end_of_match});
 }
 
+template <keeping Kept>
 void change_innings(match_state& match) {
   store_commentary(match);
-  keep_worms(match);
+  if constexpr (Kept == keeping::everything) keep_worms(match);
   swap_sides(match);
   swap_cards(match);
   move_logs(match);
@@ -162,6 +168,9 @@ void change_innings(match_state& match) {
   name_bowlers(match);
   match.bowler = match.next_bowler = match.striker = match.non_striker = 0;
 }
+
+template void change_innings<keeping::everything>(match_state& match);
+template void change_innings<keeping::rules>(match_state& match);
 
 void close_books(match_state& match) {
   match.last_stand_closed = true;

@@ -55,13 +55,6 @@ void browse_last_over(match_state& match) {
   show_past_over(match, match.browser_maximum);
 }
 
-/// An unattended match awaits its next over, or is over: reset, or a first innings of 0, which is taken for the end of
-/// the match, or after a hundred overs.
-bool is_unattended_over(const match_state& match) {
-  if (match.next_step == play_step::closed || match.overs_begun >= 2 * overs_of_innings) return true;
-  return match.overs_begun > 0 && match.innings_balls == 0 && match.first_total == 0;
-}
-
 void play_unattended(const match_play& play) {
   match_state& match = play.match;
   take_steps(play);
@@ -109,6 +102,11 @@ void show_console(const match_play& play) {
 }
 
 }  // namespace
+
+bool is_unattended_over(const match_state& match) {
+  if (match.next_step == play_step::closed || match.overs_begun >= 2 * overs_of_innings) return true;
+  return match.overs_begun > 0 && match.innings_balls == 0 && match.first_total == 0;
+}
 
 void name_openers(match_state& match) {
   for (const int i : {1, 2}) match.batting_card[i].name = match.batting_xi[i].name;
@@ -228,9 +226,8 @@ void leave_play(match_state& match) {
   static_cast<match_play_place&>(match) = {};
 }
 
-void open_console(const match_play& play) {
+void begin_play(match_state& match) {
   static const match_console fresh_console{};
-  match_state& match = play.match;
   leave_play(match);
   static_cast<match_console&>(match) = fresh_console;
   match.console_open = true;
@@ -239,6 +236,11 @@ void open_console(const match_play& play) {
   match.bowler = match.next_bowler = match.striker = match.non_striker = 0;
   match.attended = match.human_involved();
   match.next_step = play_step::opening_bowlers;
+}
+
+void open_console(const match_play& play) {
+  match_state& match = play.match;
+  begin_play(match);
   if (match.attended) {
     take_steps(play);
   } else {

@@ -12,6 +12,9 @@ namespace velorin {
 struct match_state;
 class front_end;
 
+/// A fresh set of the console's values for the match that the set-up left; its opening comes next. Asks nothing.
+void begin_play(match_state& match);
+
 /// Opens the console on the match that the set-up left: a fresh set of its values, opening bowlers and openers, clock.
 /// Requires the sides, the elevens, the conditions and the ground. A human captain is asked for his choices. An
 /// unattended match is played here to its end; one that is unfinished after 100 overs has no result and is reset.

@@ -6,6 +6,7 @@
 #include "captain/computer_captain.h"
 #include "console/console_figures.h"
 #include "engine/ball_books.h"
+#include "engine/standing_orders.h"
 #include "ui/front_end.h"
 #include "ui/match_play.h"
 
@@ -29,10 +30,13 @@ void tell_milestones(match_state& match, front_end& user) {
   }
 }
 
-/// Takes the step that comes next; returns the one that follows on it.
+/// Takes the step that comes next; returns the one that follows on it. What is only shown is passed over where nobody
+/// reads.
+template <keeping Kept>
 play_step step_taken(const match_play& play) {
   match_state& match = play.match;
   front_end& user = play.user;
+  constexpr bool is_read = Kept == keeping::everything;
   switch (match.next_step) {
     case play_step::opening_bowlers:
       return open_bowling(play);
@@ -63,13 +67,17 @@ play_step step_taken(const match_play& play) {
       tell_wicket(match, user);
       return play_step::next_batsman;
     case play_step::next_batsman:
-      bring_in_next_batsman(match, user);
+      if constexpr (is_read) {
+        bring_in_next_batsman(match, user);
+      } else {
+        bring_in_computers_choice(match);
+      }
       return play_step::ball_booked;
     case play_step::ball_booked:
-      book_ball(match);
+      book_ball<Kept>(match);
       return play_step::ball_told;
     case play_step::ball_told:
-      user.ball_bowled();
+      if constexpr (is_read) user.ball_bowled();
       return play_step::innings_judged;
     case play_step::innings_judged:
       return judge_innings(match);
@@ -79,10 +87,10 @@ play_step step_taken(const match_play& play) {
     case play_step::innings_over:
       return close_innings(match);
     case play_step::innings_card_shown:
-      user.open(report::scorecard);
+      if constexpr (is_read) user.open(report::scorecard);
       return play_step::innings_changes;
     case play_step::innings_changes:
-      change_innings(match);
+      change_innings<Kept>(match);
       return play_step::opening_bowlers;
     case play_step::match_reported:
       conclude(match);
@@ -103,10 +111,10 @@ play_step step_taken(const match_play& play) {
     case play_step::match_closed:
       return close_match(match);
     case play_step::milestones:
-      check_milestones(match);
+      if constexpr (is_read) check_milestones(match);
       return play_step::milestone_told;
     case play_step::milestone_told:
-      tell_milestones(match, user);
+      if constexpr (is_read) tell_milestones(match, user);
       return play_step::ball_over;
     case play_step::ball_over:
       return close_ball(match);
@@ -151,6 +159,20 @@ void bowl_balls(const match_play& play, int most) {
   }
 }
 
+/// The same without anybody who reads or copies. `orders` may be nullptr.
+void bowl_balls_unread(match_state& match, random_source& chance, known_contests& known,
+                       const standing_orders* orders) {
+  while (match.next_step == play_step::ball_bowled) {
+    if (orders != nullptr) follow(*orders, match);
+    match.next_step = bowl_ball_unread(match, chance, known);
+    if (match.next_step != play_step::ball_booked) return;
+    book_ball<keeping::rules>(match);
+    match.next_step = judge_innings(match);
+    if (match.next_step != play_step::milestones) return;
+    match.next_step = close_ball(match);
+  }
+}
+
 bool awaits(play_step step) {
   return step == play_step::between_overs || step == play_step::closed || step == play_step::unattended_over;
 }
@@ -162,7 +184,7 @@ void take_steps(const match_play& play) {
     if (play.match.next_step == play_step::ball_bowled) {
       bowl_balls(play, std::numeric_limits<int>::max());
     } else {
-      play.match.next_step = step_taken(play);
+      play.match.next_step = step_taken<keeping::everything>(play);
     }
   }
 }
@@ -171,7 +193,24 @@ void take_step(const match_play& play) {
   if (play.match.next_step == play_step::ball_bowled) {
     bowl_balls(play, 1);
   } else {
-    play.match.next_step = step_taken(play);
+    play.match.next_step = step_taken<keeping::everything>(play);
+  }
+}
+
+void play_unread(const match_play& play, bool unattended, const standing_orders* orders) {
+  match_state& match = play.match;
+  known_contests known;
+  while (match.next_step != play_step::match_reported && match.next_step != play_step::unattended_over) {
+    if (match.next_step == play_step::ball_bowled) {
+      bowl_balls_unread(match, play.chance, known, orders);
+    } else if (match.next_step != play_step::between_overs) {
+      match.next_step = step_taken<keeping::rules>(play);
+    } else if (unattended && is_unattended_over(match)) {
+      match.next_step = play_step::unattended_over;
+    } else {
+      match.overs_begun += 1;
+      match.next_step = play_step::over_begins;
+    }
   }
 }
 

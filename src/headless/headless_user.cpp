@@ -76,8 +76,7 @@ void headless_user::show(next_batsman_form& form) {
 }
 
 void headless_user::show(bowler_choice_form& form) {
-  for (int row = 1; row <= men_in_eleven; ++row) {
-    if (!form.enabled[row] || match_->bowling_card[row].balls >= balls_of_quota) continue;
+  if (const int row = form.first_row(); row != 0) {
     form.choose(row);
     form.accept();
     return;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 namespace velorin {
 
@@ -13,6 +15,13 @@ inline double round_half_even(double value) {
   if (value < limit && value > -limit) [[likely]]
     return (value + shift) - shift;
   return std::nearbyint(value);
+}
+
+/// The same as a whole number, for values of -1e9 to 1e9: without a branch, so that several can be rounded at once.
+inline int small_round_half_even(double value) {
+  // The whole number stands in the lowest bits of the sum.
+  constexpr double shift = 6755399441055744.0;
+  return static_cast<int>(static_cast<std::uint32_t>(std::bit_cast<std::uint64_t>(value + shift)));
 }
 
 /// Rounds to `places` decimals (0 to 9): scales by a power of ten, rounds half to even, scales back.

@@ -35,8 +35,7 @@ void toss_form::open_unattended() {
   static_cast<toss_fields&>(*this) = {};
   deciding_line = play_.match.team1_name;
   other_line = play_.match.team2_name;
-  play_.chance.reseed();
-  bat_enabled = coin(play_.chance) == 1;
+  bat_enabled = draw_unattended_toss(play_.chance);
   bowl_enabled = !bat_enabled;
   coin_visible = false;
   play_.match.toss = *this;
@@ -78,6 +77,11 @@ void toss_form::choose_to_bowl() {
   if (play_.match.human_involved()) play_.user.answered({answer_kind::toss_bowl});
   if (deciding_line == play_.match.team1_name) swap_teams(play_);
   closed = true;
+}
+
+bool draw_unattended_toss(random_source& chance) {
+  chance.reseed();
+  return coin(chance) == 1;
 }
 
 void swap_teams(const match_play& play) {

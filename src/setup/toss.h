@@ -8,6 +8,8 @@
 
 namespace velorin {
 
+class random_source;
+
 /// What the toss shows, and how it ends.
 struct toss_fields : toss_screen {
   bool closed = false;
@@ -40,6 +42,9 @@ struct toss_form : toss_fields {
  private:
   match_play play_;
 };
+
+/// The toss of two computer sides. Draws, after reseeding, the coin. True if the first team bats.
+bool draw_unattended_toss(random_source& chance);
 
 /// Makes the first team the second: elevens, names, captains. Asks and raises what exchange_elevens does.
 void swap_teams(const match_play& play);

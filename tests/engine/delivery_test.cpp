@@ -262,6 +262,22 @@ TEST_F(Delivery, WindowsAreRoundedHalfToEven) {
   EXPECT_EQ(windows[8], 4);
 }
 
+TEST_F(Delivery, TheQuickWayToAnOutcomeIsTheSame) {
+  random_source dice;
+  dice.use_seed(1);
+  for (int i = 0; i < 3000; ++i) {
+    // Most of them usual, the others out of all bounds.
+    const bool usual = i % 4 != 0;
+    const expectations expected{usual ? 1 + 100 * dice.rnd() : 4 * dice.rnd() - 2,
+                                usual ? 12 * dice.rnd() : 1000 * dice.rnd() - 500};
+    const auto windows = delivery_windows(expected);
+    for (int draw = 1; draw <= draw_scale; draw += 1 + i % 7) {
+      ASSERT_EQ(classify(draw, expected), classify(draw, windows))
+          << expected.balls_per_wicket << " " << expected.runs_per_over << " " << draw;
+    }
+  }
+}
+
 TEST_F(Delivery, EachDeliveryStartsTheGeneratorAnew) {
   chance.use_clock();
   random_source without_reseeding = chance;

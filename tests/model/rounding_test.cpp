@@ -66,6 +66,14 @@ TEST(RoundHalfEven, NumbersTooLargeForAFractionStayAsTheyAre) {
   EXPECT_EQ(round_half_even(std::numeric_limits<double>::max()), std::numeric_limits<double>::max());
 }
 
+TEST(RoundHalfEven, TheQuickWayIsTheSameForSmallNumbers) {
+  for (int quarter = -40'000; quarter <= 40'000; ++quarter) {
+    for (const double value : {quarter / 4.0, quarter / 4.0 + 1e-9, quarter * 24'999.75}) {
+      ASSERT_EQ(small_round_half_even(value), round_half_even(value)) << value;
+    }
+  }
+}
+
 TEST(RoundTo, RoundsTheScaledValue) {
   EXPECT_EQ(round_to(5.688888, 2), 5.69);
   EXPECT_EQ(round_to(1.0 / 3, 3), 0.333);

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forecast/forecast.h"
+
+#include <cstddef>
+
+#include "engine/ball_odds.h"
+#include "engine/delivery_model.h"
+#include "forecast/shared_runs.h"
+#include "model/match_state.h"
+#include "model/random.h"
+#include "model/run_time_error.h"
+
+namespace velorin {
+
+namespace {
+
+/// A thread's share of a forecast.
+class share_of_rests {
+ public:
+  share_of_rests(const match_start& start, std::uint64_t seed) : start_(&start), seed_(seed) {}
+
+  void play(long run) {
+    random_source chance;
+    seed_run(chance, seed_, run);
+    tally_.add(player_.play(*start_, chance));
+  }
+  const result_tally& tally() const { return tally_; }
+
+ private:
+  const match_start* start_;
+  std::uint64_t seed_;
+  rest_player player_;
+  result_tally tally_;
+};
+
+/// The pair and the bowler of the next ball are at their places.
+bool is_ball_to_come(const match_state& match) {
+  switch (match.next_step) {
+    case play_step::between_overs:
+    case play_step::over_told:
+    case play_step::over_begins:
+    case play_step::ball_bowled:
+      return match.striker != 0 && match.non_striker != 0 && match.bowler != 0;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+forecast_answer forecast_rest(const match_start& start, const forecast_options& options) {
+  const auto shares = play_shared(options.runs, options.threads, options.stop,
+                                  [&] { return share_of_rests(start, options.seed); });
+  result_tally sum;
+  for (const share_of_rests& share : shares) sum.add(share.tally());
+  forecast_answer answer = sum.answer();
+  answer.first = start.first;
+  answer.second = start.second;
+  return answer;
+}
+
+forecast_answer forecast_rest(const match_state& match, const forecast_options& options) {
+  return forecast_rest(start_at(match), options);
+}
+
+std::optional<next_ball> odds_of_next_ball(const match_state& match) {
+  if (!is_ball_to_come(match)) return std::nullopt;
+  outcome_draws draws{};
+  try {
+    draws = draws_of(delivery_windows(expect_delivery(match)));
+  } catch (const run_time_error&) {
+    return std::nullopt;
+  }
+  const auto chance_of = [&draws](outcome what) {
+    return draws[static_cast<std::size_t>(what)] / static_cast<double>(draw_scale);
+  };
+  next_ball odds;
+  odds.wicket = chance_of(wicket);
+  for (std::size_t off_the_bat = 0; off_the_bat < odds.runs.size(); ++off_the_bat) {
+    odds.runs[off_the_bat] = draws[off_the_bat] / static_cast<double>(draw_scale);
+  }
+  odds.no_ball = chance_of(no_ball);
+  odds.wide = chance_of(wide_ball);
+  odds.leg_byes = chance_of(leg_byes);
+  odds.byes = chance_of(byes);
+  return odds;
+}
+
+}  // namespace velorin
