@@ -60,6 +60,7 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
   add_match(app, program, io, action);
   add_competitions(app, program, io, action);
   add_replay(app, program, io, action);
+  add_forecast(app, program, io, action);
   add_report(app, program, io, action);
   add_db(app, program, io, action);
 

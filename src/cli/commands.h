@@ -20,6 +20,7 @@ using command_action = std::function<int()>;
 void add_match(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_competitions(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_replay(CLI::App& app, const program_options& program, streams io, command_action& action);
+void add_forecast(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_report(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_db(CLI::App& app, const program_options& program, streams io, command_action& action);
 

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "cli/commands.h"
+#include "cli/competition_options.h"
 #include "cli/json.h"
 #include "cli/text_table.h"
 #include "competitions/series.h"
@@ -23,16 +24,6 @@
 namespace velorin::cli {
 
 namespace {
-
-struct competition_options {
-  std::vector<std::string> teams;  // in the order of the command's names
-  std::vector<std::string> group_a;
-  std::vector<std::string> group_b;
-  std::vector<std::string> hosts;
-  int count = 1;  // matches or rounds
-  bool update = false;
-  bool json = false;
-};
 
 // Over points and net run rate each competition has words of its own.
 const std::vector<std::string> tri_columns = {"Team", "Played", "Won", "Lost", "Tied", "Pts", "Net RR"};
@@ -187,14 +178,7 @@ void fill_and_play(tri_series_form& form, const competition_options& options) {
 }
 
 void fill_and_play(world_cup_form& form, const competition_options& options) {
-  form.open();
-  if (form.closed) throw run_time_error(failure::subscript, world_cup_form::too_few_teams);
-  for (std::size_t i = 0; i < options.group_a.size(); ++i)
-    form.group_a_index[i] = entry_of(form.teams, options.group_a[i]);
-  for (std::size_t i = 0; i < options.group_b.size(); ++i)
-    form.group_b_index[i] = entry_of(form.teams, options.group_b[i]);
-  if (!options.hosts.empty()) form.host_index.fill(-1);
-  for (std::size_t i = 0; i < options.hosts.size(); ++i) form.host_index[i] = entry_of(form.teams, options.hosts[i]);
+  fill(form, options);
   form.accept();
 }
 
@@ -232,6 +216,32 @@ void set_action(CLI::App& command, const std::shared_ptr<competition_options>& o
 
 }  // namespace
 
+void add_cup_choice(CLI::App& command, competition_options& options) {
+  command.add_option("--group-a", options.group_a, "Five teams (default: teams 1 to 5)")
+      ->delimiter(',')
+      ->expected(cup_group_teams)
+      ->type_name("N1,N2,N3,N4,N5");
+  command.add_option("--group-b", options.group_b, "Five teams (default: teams 6 to 10)")
+      ->delimiter(',')
+      ->expected(cup_group_teams)
+      ->type_name("N1,N2,N3,N4,N5");
+  command.add_option("--hosts", options.hosts, "One to three host teams (default: the first team)")
+      ->delimiter(',')
+      ->expected(1, cup_hosts)
+      ->type_name("N1[,N2[,N3]]");
+}
+
+void fill(world_cup_form& form, const competition_options& options) {
+  form.open();
+  if (form.closed) throw run_time_error(failure::subscript, world_cup_form::too_few_teams);
+  for (std::size_t i = 0; i < options.group_a.size(); ++i)
+    form.group_a_index[i] = entry_of(form.teams, options.group_a[i]);
+  for (std::size_t i = 0; i < options.group_b.size(); ++i)
+    form.group_b_index[i] = entry_of(form.teams, options.group_b[i]);
+  if (!options.hosts.empty()) form.host_index.fill(-1);
+  for (std::size_t i = 0; i < options.hosts.size(); ++i) form.host_index[i] = entry_of(form.teams, options.hosts[i]);
+}
+
 void add_competitions(CLI::App& app, const program_options& program, streams io, command_action& action) {
   auto one = std::make_shared<competition_options>();
   one->teams.resize(2);
@@ -260,18 +270,7 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
 
   auto cup = std::make_shared<competition_options>();
   CLI::App* cup_command = app.add_subcommand("worldcup", "Plays a World Cup and prints fixtures and tables");
-  cup_command->add_option("--group-a", cup->group_a, "Five teams (default: teams 1 to 5)")
-      ->delimiter(',')
-      ->expected(cup_group_teams)
-      ->type_name("N1,N2,N3,N4,N5");
-  cup_command->add_option("--group-b", cup->group_b, "Five teams (default: teams 6 to 10)")
-      ->delimiter(',')
-      ->expected(cup_group_teams)
-      ->type_name("N1,N2,N3,N4,N5");
-  cup_command->add_option("--hosts", cup->hosts, "One to three host teams (default: the first team)")
-      ->delimiter(',')
-      ->expected(1, cup_hosts)
-      ->type_name("N1[,N2[,N3]]");
+  add_cup_choice(*cup_command, *cup);
   add_common(*cup_command, *cup);
   set_action<world_cup_form>(*cup_command, cup, program, io, action);
 }

@@ -140,23 +140,7 @@ int play(const match_options& options, const program_options& program, streams i
 void add_match(CLI::App& app, const program_options& program, streams io, command_action& action) {
   auto options = std::make_shared<match_options>();
   CLI::App* command = app.add_subcommand("match", "Plays matches and prints the scorecard, or a summary of several");
-  command->add_option("--team1", options->team1, "First team (default: the second of the database)")->type_name("NAME");
-  command->add_option("--team2", options->team2, "Second team (default: the third of the database)")->type_name("NAME");
-  command->add_option("--ground", options->ground, "A ground of either team or a neutral one (default: the second)")
-      ->type_name("NAME");
-  command->add_option("--captain1", options->captain1, "Who captains the first team: cpu (default) or human")
-      ->check(CLI::IsMember({"cpu", "human"}))
-      ->type_name("WHO");
-  command->add_option("--captain2", options->captain2, "Who captains the second team: cpu (default) or human")
-      ->check(CLI::IsMember({"cpu", "human"}))
-      ->type_name("WHO");
-  command
-      ->add_option("--conditions", options->conditions, "Weather, pitch surface, pitch bounce, outfield, 1 to 4 each")
-      ->type_name("W,S,B,O")
-      ->delimiter('\0')
-      ->check([](const std::string& text) {
-        return parse_conditions(text) ? "" : "not four values 1 to 4 parted by commas, such as 3,2,4,1: " + text;
-      });
+  add_match_choice(*command, *options);
   command->add_option("--matches", options->matches, "Matches to play one after another (default: 1)")
       ->transform(plain_number)
       ->check(CLI::Range(1L, 1'000'000'000L))
@@ -186,8 +170,7 @@ void add_match(CLI::App& app, const program_options& program, streams io, comman
       ->transform(plain_number)
       ->check(CLI::Range(1, 2))
       ->type_name("1|2");
-  for (const char* name :
-       {"--team1", "--team2", "--ground", "--json", "--html", "--text", "--ball-by-ball", "--record"}) {
+  for (const char* name : {"--json", "--html", "--text", "--ball-by-ball", "--record"}) {
     command->get_option(name)->check(not_empty);
   }
   command->add_flag("--quiet", options->quiet, "Print neither scorecard nor summary");

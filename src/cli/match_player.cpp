@@ -51,15 +51,6 @@ void choose_ground(open_database& data, new_match_form& form, const std::string&
   raise_unknown("ground", wanted, known);
 }
 
-void fill(open_database& data, new_match_form& form, const match_options& options) {
-  form.open();
-  if (!options.team1.empty()) form.choose_first_team(choose_team(form, options.team1));
-  if (!options.team2.empty()) form.choose_second_team(choose_team(form, options.team2));
-  if (!options.ground.empty()) choose_ground(data, form, options.ground);
-  form.computer_captains_first = options.captain1 == "cpu";
-  form.computer_captains_second = options.captain2 == "cpu";
-}
-
 /// Which worker plays a match must not matter, so its numbers follow from its place in the run alone.
 std::uint64_t seed_of_match(std::uint64_t seed, long number) {
   return random_source::mix(seed) + static_cast<std::uint64_t>(number);
@@ -77,6 +68,35 @@ std::optional<std::array<int, 4>> parse_conditions(const std::string& text) {
   }
   if (!good) return std::nullopt;
   return values;
+}
+
+void add_match_choice(CLI::App& command, match_options& chosen) {
+  command.add_option("--team1", chosen.team1, "First team (default: the second of the database)")->type_name("NAME");
+  command.add_option("--team2", chosen.team2, "Second team (default: the third of the database)")->type_name("NAME");
+  command.add_option("--ground", chosen.ground, "A ground of either team or a neutral one (default: the second)")
+      ->type_name("NAME");
+  command.add_option("--captain1", chosen.captain1, "Who captains the first team: cpu (default) or human")
+      ->check(CLI::IsMember({"cpu", "human"}))
+      ->type_name("WHO");
+  command.add_option("--captain2", chosen.captain2, "Who captains the second team: cpu (default) or human")
+      ->check(CLI::IsMember({"cpu", "human"}))
+      ->type_name("WHO");
+  command.add_option("--conditions", chosen.conditions, "Weather, pitch surface, pitch bounce, outfield, 1 to 4 each")
+      ->type_name("W,S,B,O")
+      ->delimiter('\0')
+      ->check([](const std::string& text) {
+        return parse_conditions(text) ? "" : "not four values 1 to 4 parted by commas, such as 3,2,4,1: " + text;
+      });
+  for (const char* name : {"--team1", "--team2", "--ground"}) command.get_option(name)->check(not_empty);
+}
+
+void fill(open_database& data, new_match_form& form, const match_options& options) {
+  form.open();
+  if (!options.team1.empty()) form.choose_first_team(choose_team(form, options.team1));
+  if (!options.team2.empty()) form.choose_second_team(choose_team(form, options.team2));
+  if (!options.ground.empty()) choose_ground(data, form, options.ground);
+  form.computer_captains_first = options.captain1 == "cpu";
+  form.computer_captains_second = options.captain2 == "cpu";
 }
 
 match_player::match_player(run_state state, const match_options& options, const program_options& program)

@@ -11,10 +11,20 @@
 #include "cli/match_summary.h"
 #include "recording/recorder.h"
 
+namespace velorin {
+struct new_match_form;
+}  // namespace velorin
+
 namespace velorin::cli {
 
 /// The four values of --conditions, or nothing if they are none.
 std::optional<std::array<int, 4>> parse_conditions(const std::string& text);
+
+/// Adds the options that choose a match, up to --conditions.
+void add_match_choice(CLI::App& command, match_options& options);
+/// Enters the teams, captains and ground of the options into an opened form. Raises run_time_error for names that are
+/// not known.
+void fill(open_database& data, new_match_form& form, const match_options& options);
 
 /// Plays matches of a run one after another, on a state of its own. The options must outlive it.
 class match_player {

@@ -15,17 +15,20 @@
 
 namespace velorin {
 
+bool enter_walkover(match_state& match, const entered_side& first, const entered_side& second) {
+  if (!first.team.empty() && !second.team.empty()) return false;
+  match.result_winner = first.team + second.team;
+  match.decided = match.result_winner.empty() ? match_decision::none : match_decision::walkover;
+  match.result_margin = match.result_winner.empty() ? "" : "  by a walkover";
+  return true;
+}
+
 void enter_match(const match_play& play, const entered_side& first, const entered_side& second,
                  const std::string& ground) {
   play.match.step = match_step::none;
   match_result& result = play.match;
   match_result before = std::exchange(result, match_result());
-  if (first.team.empty() || second.team.empty()) {
-    play.match.result_winner = first.team + second.team;
-    play.match.decided = play.match.result_winner.empty() ? match_decision::none : match_decision::walkover;
-    play.match.result_margin = play.match.result_winner.empty() ? "" : "  by a walkover";
-    return;
-  }
+  if (enter_walkover(play.match, first, second)) return;
   new_match_form form(play);
   form.open();
   form.enter(first.team, second.team, ground);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,14 @@ struct entered_side {
 /// was.
 void enter_match(const match_play& play, const entered_side& first, const entered_side& second,
                  const std::string& ground);
+
+/// A side without a team has lost by a walkover, which is written into an empty result block; of two without there is
+/// no result. False where both sides have a team: nothing is changed then.
+bool enter_walkover(match_state& match, const entered_side& first, const entered_side& second);
+
+/// Plays the match between two sides on a ground and leaves its result block in the match of the competition.
+using match_maker =
+    std::function<void(const entered_side& first, const entered_side& second, const std::string& ground)>;
 
 /// Sets the result strings to "" and clears the two rates.
 void clear_result(match_state& match);

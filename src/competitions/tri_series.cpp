@@ -40,10 +40,16 @@ void show_table(match_state& match, front_end& user, tri_record& tri) {
   user.show(form);
 }
 
-void enter_next(const match_play& play, tri_record& tri) {
+/// The sides of the next match; its ground is drawn.
+entered_sides next_sides(random_source& chance, tri_record& tri) {
   const coming_match coming = *next_match(tri);
-  tri.ground_before = std::exchange(tri.drawn_ground, draw_ground(play.chance, tri.grounds));
-  enter_match(play, coming.sides->front(), coming.sides->back(), tri.drawn_ground);
+  tri.ground_before = std::exchange(tri.drawn_ground, draw_ground(chance, tri.grounds));
+  return *coming.sides;
+}
+
+void enter_next(const match_play& play, tri_record& tri) {
+  const entered_sides sides = next_sides(play.chance, tri);
+  enter_match(play, sides.front(), sides.back(), tri.drawn_ground);
   tri.step = tri_step::match;
 }
 
@@ -115,6 +121,23 @@ bool resume_tri_series(const match_play& play, tri_record& tri) {
     throw;
   }
   return true;
+}
+
+void finish_tri_series(match_state& match, random_source& chance, tri_record& tri, const match_maker& play) {
+  for (;;) {
+    if (tri.step == tri_step::match) {
+      book_match(match, tri);
+      tri.step = tri_step::table;
+    }
+    // Opening the table names the finalists.
+    if (tri.step == tri_step::table) tri_series_table_form(tri).open();
+    if (tri.step == tri_step::over || !next_match(tri)) break;
+    const entered_sides sides = next_sides(chance, tri);
+    clear_result(match);
+    play(sides.front(), sides.back(), tri.drawn_ground);
+    tri.step = tri_step::match;
+  }
+  tri.step = tri_step::over;
 }
 
 void tri_series_form::open() {

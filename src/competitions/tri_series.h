@@ -12,6 +12,9 @@
 
 namespace velorin {
 
+class random_source;
+struct match_state;
+
 constexpr int tri_teams = 3;
 constexpr int tri_round_matches = 3;  // each team against each other
 constexpr int most_tri_rounds = 5;
@@ -51,6 +54,11 @@ struct tri_record : tri_standing {
 /// and what the match draws. Asks for what the matches ask and for tri_series_table_form. Raises what a match raises; a
 /// run_time_error ends the tri series.
 bool resume_tri_series(const match_play& play, tri_record& tri);
+
+/// Plays what is left of a tri series without asking anybody: `play` plays each match. Where a match is on, it must
+/// have been played: its result stands in `match`. The table of the league, with the notes of the finalists, and the
+/// result of the final stay. Draws the grounds.
+void finish_tri_series(match_state& match, random_source& chance, tri_record& tri, const match_maker& play);
 
 /// A tri series: three teams, captains, rounds. Its OK plays the whole competition.
 struct tri_series_form {

@@ -50,13 +50,19 @@ league_row& cell_against(cup_group_team& team, const std::string& name) {
                        {.file = {}, .record = 0, .field = "versus", .player = name});
 }
 
-void enter_next(const match_play& play, world_cup_record& world_cup) {
+/// The match that is to be entered, its ground known.
+coming_match take_next(match_state& match, random_source& chance, world_cup_record& world_cup) {
   coming_match coming = *next_match(world_cup);
   if (world_cup.stage == cup_stage::knock_out) {
     world_cup.next_match += 1;
-    clear_result(play.match);
-    coming.ground = draw_ground(play.chance, world_cup.grounds);
+    clear_result(match);
+    coming.ground = draw_ground(chance, world_cup.grounds);
   }
+  return coming;
+}
+
+void enter_next(const match_play& play, world_cup_record& world_cup) {
+  const coming_match coming = take_next(play.match, play.chance, world_cup);
   enter_match(play, coming.sides->front(), coming.sides->back(), *coming.ground);
   world_cup.step = cup_step::match;
 }
@@ -88,20 +94,21 @@ void book_tie(match_state& match, world_cup_record& world_cup) {
   clear_result(match);
 }
 
+void book_match(match_state& match, world_cup_record& world_cup) {
+  if (world_cup.stage == cup_stage::knock_out) {
+    book_tie(match, world_cup);
+  } else {
+    book_fixture(match, world_cup);
+  }
+  world_cup.step = cup_step::tables;
+}
+
 /// A match of the list that the user leaves is followed by the list alone; a tie by the tables from which it was
 /// entered, before the first tie by the list.
 void play_entered(const match_play& play, world_cup_record& world_cup) {
   const bool played = resume_match(play);
+  if (played) return book_match(play.match, world_cup);
   const bool is_tie = world_cup.stage == cup_stage::knock_out;
-  if (played) {
-    if (is_tie) {
-      book_tie(play.match, world_cup);
-    } else {
-      book_fixture(play.match, world_cup);
-    }
-    world_cup.step = cup_step::tables;
-    return;
-  }
   if (is_tie) world_cup.next_match -= 1;
   world_cup.step = is_tie && world_cup.next_match > 0 ? cup_step::tables_again : cup_step::list;
 }
@@ -207,6 +214,33 @@ bool resume_world_cup(const match_play& play, world_cup_record& world_cup) {
   return quit;
 }
 
+void finish_world_cup(match_state& match, random_source& chance, world_cup_record& world_cup, const match_maker& play) {
+  while (world_cup.step != cup_step::none) {
+    switch (world_cup.step) {
+      case cup_step::entering: {
+        const coming_match coming = take_next(match, chance, world_cup);
+        static_cast<match_result&>(match) = {};
+        play(coming.sides->front(), coming.sides->back(), *coming.ground);
+        world_cup.step = cup_step::match;
+        break;
+      }
+      case cup_step::match:
+        book_match(match, world_cup);
+        break;
+      case cup_step::tables:
+      case cup_step::tables_again:
+        leave_tables(chance, world_cup);
+        break;
+      case cup_step::list:
+        go_on_from_list(world_cup);
+        break;
+      case cup_step::none:
+        break;
+    }
+  }
+  world_cup.stage = cup_stage::over;
+}
+
 void book_group_match(const match_state& match, cup_group& group, const std::string& first, const std::string& second) {
   cup_group_team& a = group[place_of(group, first)];
   cup_group_team& b = group[place_of(group, second)];
@@ -258,15 +292,7 @@ void world_cup_form::open() {
   host_index = {0, -1, -1};
 }
 
-void world_cup_form::accept() {
-  entered_game entered{.kind = game_kind::world_cup, .teams = {}, .ground = {}, .number = 0, .hosts = hosts()};
-  for (std::size_t i = 0; i < cup_group_teams; ++i) {
-    entered.teams.push_back(entered_team_of(teams, group_a_index[i], human_a[i]));
-  }
-  for (std::size_t i = 0; i < cup_group_teams; ++i) {
-    entered.teams.push_back(entered_team_of(teams, group_b_index[i], human_b[i]));
-  }
-  play_.user.game_begins(entered);
+void world_cup_form::begin() {
   play_.chance.reseed();
   world_cup_.grounds = list_grounds(play_.data, hosts());
   for (std::size_t i = 0; i < cup_group_teams; ++i) {
@@ -280,6 +306,22 @@ void world_cup_form::accept() {
   world_cup_.next_match = 0;
   draw_group_fixtures(play_.chance, world_cup_);
   world_cup_.step = cup_step::list;
+}
+
+entered_game world_cup_form::entered() const {
+  entered_game entered{.kind = game_kind::world_cup, .teams = {}, .ground = {}, .number = 0, .hosts = hosts()};
+  for (std::size_t i = 0; i < cup_group_teams; ++i) {
+    entered.teams.push_back(entered_team_of(teams, group_a_index[i], human_a[i]));
+  }
+  for (std::size_t i = 0; i < cup_group_teams; ++i) {
+    entered.teams.push_back(entered_team_of(teams, group_b_index[i], human_b[i]));
+  }
+  return entered;
+}
+
+void world_cup_form::accept() {
+  play_.user.game_begins(entered());
+  begin();
   closed = resume_world_cup(play_, world_cup_);
 }
 

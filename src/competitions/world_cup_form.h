@@ -41,9 +41,13 @@ struct world_cup_form : world_cup_fields {
   bool ready() const;
   /// The hosts' names, "" for a box left empty.
   std::vector<std::string> hosts() const;
+  /// Draws the fixtures of the choice made: the list is shown next. Draws what draw_group_fixtures() does.
+  void begin();
   /// "OK": draws the fixtures and plays the stages, with the fixture list and the tables between the matches, to the
   /// end or until the user quits. Draws, asks and raises what draw_group_fixtures() and resume_world_cup() do.
   void accept();
+  /// The choice as it is told to whoever records the game.
+  entered_game entered() const;
   /// "Cancel".
   void cancel() { closed = true; }
 
@@ -60,6 +64,11 @@ struct world_cup_form : world_cup_fields {
 /// the Super Six his request stays set instead, and the next tournament ends at its first list. Raises what a match
 /// raises; a run_time_error ends the tournament.
 bool resume_world_cup(const match_play& play, world_cup_record& world_cup);
+
+/// Plays what is left of a tournament without asking anybody: `play` plays each match. Where a match is on, it must
+/// have been played: its result stands in `match`. Draws the Super Six and the grounds of the knock-out. Raises what
+/// booking a match raises.
+void finish_world_cup(match_state& match, random_source& chance, world_cup_record& world_cup, const match_maker& play);
 
 /// Books the last match in the cells of the two teams of a group, found by name; of several the last counts. Raises
 /// run_time_error: a team that is not in the group (subscript), a figure beyond its width (overflow).

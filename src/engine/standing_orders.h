@@ -14,8 +14,8 @@ struct match_state;
 /// Aggressions by position, [1..11]; 0 leaves a man's to the computer. They hold in one innings, whenever the man faces
 /// or bowls in an over up to the last: a batsman's for his stay, a bowler's for every spell of his in it.
 struct standing_orders {
-  int innings = 1;                    ///< of the match, from 1
-  int last_over = overs_of_innings;   ///< 1 to 50
+  int innings = 1;                   ///< of the match, from 1
+  int last_over = overs_of_innings;  ///< 1 to 50
   std::array<int, men_in_eleven + 1> batting{};
   std::array<int, men_in_eleven + 1> bowling{};
 };

@@ -49,8 +49,8 @@ bool is_ball_to_come(const match_state& match) {
 }  // namespace
 
 forecast_answer forecast_rest(const match_start& start, const forecast_options& options) {
-  const auto shares = play_shared(options.runs, options.threads, options.stop,
-                                  [&] { return share_of_rests(start, options.seed); });
+  const auto shares =
+      play_shared(options.runs, options.threads, options.stop, [&] { return share_of_rests(start, options.seed); });
   result_tally sum;
   for (const share_of_rests& share : shares) sum.add(share.tally());
   forecast_answer answer = sum.answer();

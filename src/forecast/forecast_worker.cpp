@@ -80,8 +80,7 @@ class forecast_worker::pool {
   /// Waits for a question with runs to be played; nothing once the worker stops.
   std::shared_ptr<question> next_question(const std::stop_token& stop) {
     std::unique_lock hold(guard_);
-    const bool found =
-        changed_.wait(hold, stop, [this] { return current_ && current_->next_run.load() < plan_.runs; });
+    const bool found = changed_.wait(hold, stop, [this] { return current_ && current_->next_run.load() < plan_.runs; });
     return found && !stop.stop_requested() ? current_ : nullptr;
   }
 

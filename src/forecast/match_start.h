@@ -24,16 +24,16 @@ struct card_figures {
 
 /// What of a match its rest depends on, both sides led by the computer. No name stands in it, but the two teams'.
 struct match_start {
-  std::string first;                         ///< the sides as told
+  std::string first;  ///< the sides as told
   std::string second;
-  std::array<match_sides, 2> sides;          ///< [1] is used where the toss is open: the team chosen second bats
-  bool toss_open = false;                    ///< who bats is still to be drawn
-  bool to_begin = false;                     ///< the console is still to be opened
-  bool unattended = true;                    ///< such a match ends after a hundred overs
+  std::array<match_sides, 2> sides;  ///< [1] is used where the toss is open: the team chosen second bats
+  bool toss_open = false;            ///< who bats is still to be drawn
+  bool to_begin = false;             ///< the console is still to be opened
+  bool unattended = true;            ///< such a match ends after a hundred overs
   match_position position;
   match_play_place place;
   match_totals totals;
-  std::array<card_figures, 4> cards;         ///< batting, bowling, and both of the innings before
+  std::array<card_figures, 4> cards;  ///< batting, bowling, and both of the innings before
   delivery_list deliveries;
   match_known_aggressions known_aggressions;
   match_conditions conditions;

@@ -3,52 +3,16 @@
 
 #include <cstddef>
 
-#include "console/captain_forms.h"
 #include "engine/over_play.h"
 #include "engine/play_steps.h"
+#include "forecast/nobody.h"
 #include "model/run_time_error.h"
 #include "setup/toss.h"
-#include "ui/front_end.h"
 #include "ui/match_play.h"
 
 namespace velorin {
 
 namespace {
-
-/// Sits before no match. Asked for a bowler in the place of one without overs left, he names the first who can bowl.
-class nobody final : public front_end {
- public:
-  void show(bowler_choice_form& form) override {
-    const int row = form.first_row();
-    if (row == 0) {
-      throw run_time_error(failure::endless, "Endless search: nobody who may bowl has overs left",
-                           {.file = {}, .record = 0, .field = "bowling_card", .player = {}});
-    }
-    form.choose(row);
-    form.accept();
-  }
-
-  void show(const message_box&) override {}
-  save_answer answer(const failed_save&) override { return save_answer::give_up; }
-  void show(conditions_form&) override {}
-  void show(team_selection_form&) override {}
-  void show(toss_form&) override {}
-  void show(next_batsman_form&) override {}
-  void show(aggression_form&) override {}
-  void show(batsman_details_form&) override {}
-  void show(console_form&) override {}
-  void ball_bowled() override {}
-  void progress(int) override {}
-  void progress_done() override {}
-  void open(report) override {}
-  void show(match_report_form&) override {}
-  void show(player_profile_form&) override {}
-  void show(player_rankings_form&) override {}
-  void show(series_results_form&) override {}
-  void show(tri_series_table_form&) override {}
-  void show(world_cup_fixtures_form&) override {}
-  void show(world_cup_tables_form&) override {}
-};
 
 void put_back(batting_card_table& card, const card_figures& figures) {
   for (std::size_t i = 1; i < card.size(); ++i) {

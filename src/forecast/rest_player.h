@@ -32,8 +32,8 @@ struct played_rest {
   bool first_batted = true;  ///< the side called first batted before the other one
   innings_score first;
   innings_score second;
-  long deliveries = 0;       ///< bowled in this rest
-  double rate_gain = 0;      ///< of the side that batted before, in runs an over, as league tables count it
+  long deliveries = 0;   ///< bowled in this rest
+  double rate_gain = 0;  ///< of the side that batted before, in runs an over, as league tables count it
 };
 
 /// Generator of a run: what it draws follows from the seed of the forecast and the number of the run alone.

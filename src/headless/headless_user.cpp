@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "headless/headless_user.h"
 
-#include <algorithm>
-
 #include "competitions/series.h"
 #include "competitions/tri_series.h"
 #include "competitions/world_cup_fixtures.h"
@@ -18,25 +16,6 @@
 
 namespace velorin {
 
-namespace {
-
-/// The ticked man to leave out of twelve: no keeper, not among the best bowlers, not the bowler who can bat; of these
-/// the one of least batting skill, the later place on a tie. 0 if there is none.
-int man_to_leave_out(const team_selection_form& form) {
-  int least = 0;
-  for (int place = 1; place <= men_in_squad; ++place) {
-    const player_rec& man = form.man(place);
-    const auto& best = form.best_bowlers();
-    const bool kept = man.is_keeper != 0 || place == form.batting_bowler() ||
-                      std::find(best.begin(), best.end(), place) != best.end();
-    if (!form.ticks[place] || kept) continue;
-    if (least == 0 || man.bat_skill <= form.man(least).bat_skill) least = place;
-  }
-  return least;
-}
-
-}  // namespace
-
 void headless_user::show(conditions_form& form) {
   if (conditions) {
     form.weather = (*conditions)[0];
@@ -48,16 +27,7 @@ void headless_user::show(conditions_form& form) {
 }
 
 void headless_user::show(team_selection_form& form) {
-  form.auto_select();
-  while (form.ticked() > men_in_eleven) {
-    const int place = man_to_leave_out(form);
-    if (place == 0) break;
-    form.toggle(place);
-  }
-  if (form.ticked() != men_in_eleven) {
-    throw run_time_error(failure::endless, "Endless search: no eleven can be selected from the squad",
-                         {.file = {}, .record = 0, .field = "squad", .player = form.heading()});
-  }
+  form.select_eleven();
   form.accept();
 }
 

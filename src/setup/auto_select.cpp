@@ -88,6 +88,21 @@ ranking rank_bowlers(const team_selection_form& form) {
 
 bool is_shown_as_keeper(const player_rec& man) { return man.is_keeper != 0 || man.bowler_type.ends_with("Wk"); }
 
+/// The ticked man to leave out of twelve: no keeper, not among the best bowlers, not the bowler who can bat; of these
+/// the one of least batting skill, the later place on a tie. 0 if there is none.
+int man_to_leave_out(const team_selection_form& form) {
+  int least = 0;
+  for (int place = 1; place <= men_in_squad; ++place) {
+    const player_rec& man = form.man(place);
+    const auto& best = form.best_bowlers();
+    const bool kept = man.is_keeper != 0 || place == form.batting_bowler() ||
+                      std::find(best.begin(), best.end(), place) != best.end();
+    if (!form.ticks[place] || kept) continue;
+    if (least == 0 || man.bat_skill <= form.man(least).bat_skill) least = place;
+  }
+  return least;
+}
+
 }  // namespace
 
 void team_selection_form::auto_select() {
@@ -114,6 +129,18 @@ void team_selection_form::auto_select() {
   }
   if (batting_bowler_ != 0) ticks[batting_bowler_] = true;
   for (int k = 1; k <= men_in_squad && ticked() < men_in_eleven; ++k) ticks[bat_rank[k].place] = true;
+}
+
+void team_selection_form::select_eleven() {
+  auto_select();
+  while (ticked() > men_in_eleven) {
+    const int place = man_to_leave_out(*this);
+    if (place == 0) break;
+    toggle(place);
+  }
+  if (ticked() == men_in_eleven) return;
+  throw run_time_error(failure::endless, "Endless search: no eleven can be selected from the squad",
+                       {.file = {}, .record = 0, .field = "squad", .player = heading()});
 }
 
 }  // namespace velorin

@@ -42,22 +42,6 @@ void require_ratings(const open_database& data, const squad& men, int record) {
   }
 }
 
-/// The squad of a team. The record is read into the place of the team list with its own number, one behind that of the
-/// team, so the last of twenty teams has none.
-const squad& squad_of(open_database& data, const chosen_team& team) {
-  if (team.record == 0) {
-    throw run_time_error(failure::subscript, "Subscript out of range: no team is chosen",
-                         {.file = {}, .record = 0, .field = "team_name", .player = {}});
-  }
-  if (team.record > 20) {
-    throw run_time_error(failure::subscript, "Subscript out of range: the twentieth team cannot be played",
-                         {.file = {}, .record = team.record, .field = "team_name", .player = team.name});
-  }
-  const squad& men = read_team(data, team.record).squad;
-  require_ratings(data, men, team.record);
-  return men;
-}
-
 /// Reads and sorts the squad of team 0 or 1, from which its eleven is to be selected.
 void begin_selection(const match_play& play, int place) {
   const chosen_team& team = play.match.chosen[place];
@@ -137,6 +121,22 @@ void undo_set_up(const match_play& play) {
 }
 
 }  // namespace
+
+const squad& squad_of(open_database& data, const chosen_team& team) {
+  if (team.record == 0) {
+    throw run_time_error(failure::subscript, "Subscript out of range: no team is chosen",
+                         {.file = {}, .record = 0, .field = "team_name", .player = {}});
+  }
+  // The record is read into the place of the team list with its own number, one behind that of the team, so the last of
+  // twenty teams has none.
+  if (team.record > 20) {
+    throw run_time_error(failure::subscript, "Subscript out of range: the twentieth team cannot be played",
+                         {.file = {}, .record = team.record, .field = "team_name", .player = team.name});
+  }
+  const squad& men = read_team(data, team.record).squad;
+  require_ratings(data, men, team.record);
+  return men;
+}
 
 bool resume_match(const match_play& play) {
   try {

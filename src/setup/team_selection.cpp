@@ -53,8 +53,7 @@ void team_selection_form::show_career_averages(int index) const {
   play_.user.show(form);
 }
 
-void team_selection_form::confirm(int side_index) {
-  eleven& chosen = play_.match.selected[side_index];
+void team_selection_form::take_ticked(eleven& chosen) const {
   int filled = 0;
   for (int place = 1; place <= men_in_squad; ++place) {
     if (!ticks[place]) continue;
@@ -68,6 +67,16 @@ void team_selection_form::confirm(int side_index) {
     to.bat_type = from.bat_type;
     to.bowler_type = from.bowler_type;
   }
+}
+
+eleven team_selection_form::chosen_men() const {
+  eleven men;
+  take_ticked(men);
+  return men;
+}
+
+void team_selection_form::confirm(int side_index) {
+  take_ticked(play_.match.selected[side_index]);
   save_selected(play_, side_index);
   closed = true;
 }

@@ -38,6 +38,11 @@ struct team_selection_form {
   void toggle(int place);
   /// "Auto Select". Raises run_time_error (endless) for a squad without a man of any known role.
   void auto_select();
+  /// "Auto Select", with men left out again until eleven are ticked: what a user who leaves it to the computer takes.
+  /// Raises run_time_error (endless) besides if no eleven can be made of the squad.
+  void select_eleven();
+  /// The eleven ticked, in the order of their places. Requires eleven.
+  eleven chosen_men() const;
   /// "Clear Selection".
   void clear_selection();
   /// "Career Bat Avgs." (0) and "Career Bowl Avgs." (1): the records of the team's players. Asks the front end. Raises
@@ -60,6 +65,7 @@ struct team_selection_form {
 
  private:
   void confirm(int side_index);
+  void take_ticked(eleven& chosen) const;
 
   std::string team_;
   const squad* squad_ = nullptr;

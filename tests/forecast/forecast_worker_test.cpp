@@ -81,7 +81,8 @@ TEST(ForecastWorker, IsNotAskedForWhatCannotBeTold) {
 /// A match during which every ball asks.
 class asking_user : public headless_user {
  public:
-  asking_user(const match_state& played, forecast_worker* worker) : headless_user(played), played_(played), worker_(worker) {}
+  asking_user(const match_state& played, forecast_worker* worker)
+      : headless_user(played), played_(played), worker_(worker) {}
   using headless_user::show;
   void ball_bowled() override {
     if (worker_ != nullptr) last_ = worker_->ask(played_);

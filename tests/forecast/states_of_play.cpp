@@ -75,9 +75,9 @@ class witness : public headless_user {
     end.rest.first_batted = !first_bats;
     end.rest.rate_gain = played_.rate_first.delta;
     const std::string& first = first_bats ? played_.team1_name : played_.team2_name;
-    end.rest.outcome = played_.result_winner.empty()     ? rest_outcome::tie
+    end.rest.outcome = played_.result_winner.empty()    ? rest_outcome::tie
                        : played_.result_winner == first ? rest_outcome::first_wins
-                                                         : rest_outcome::second_wins;
+                                                        : rest_outcome::second_wins;
     end.draws = chance_.draws_used();
   }
 
