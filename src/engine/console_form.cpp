@@ -18,21 +18,58 @@ std::uint32_t number_of(int value) { return static_cast<std::uint32_t>(value); }
 
 bool console_form::closed() const { return !play_.match.console_open; }
 
-void console_form::bowl_next_over() {
-  // An over that was left at a ball was asked for when it began.
-  if (!has_over_in_play()) play_.user.answered({answer_kind::next_over});
-  next_over(play_);
+void console_form::bowl_ball_on_record() {
+  match_state& match = play_.match;
+  const bool awaited = match.next_step == play_step::between_overs || match.next_step == play_step::ball_bowled;
+  if (match.practice && awaited) history_.note(match, play_.chance);
+  next_ball(play_);
+  if (match.next_step == play_step::closed) history_.clear(play_.chance);
+}
+
+void console_form::bowl_ball() {
+  play_.user.answered({answer_kind::next_ball});
+  bowl_ball_on_record();
   play_.user.over_bowled();
 }
+
+void console_form::bowl_next_over() {
+  play_.user.answered({has_over_in_play() ? answer_kind::go_on : answer_kind::next_over});
+  if (play_.match.practice) {
+    do bowl_ball_on_record();
+    while (has_over_in_play());
+  } else {
+    next_over(play_);
+  }
+  play_.user.over_bowled();
+}
+
+void console_form::play_to(skip_target target) {
+  if (play_.match.next_step == play_step::closed || !is_ahead(play_.match, target)) return;
+  const skip on_way = skip_from(play_.match, target);
+  stop_asked_ = false;
+  do bowl_ball();
+  while (!stop_asked_ && !is_reached(play_.match, on_way));
+}
+
+void console_form::stop() { stop_asked_ = true; }
 
 bool console_form::has_over_in_play() const {
   return play_.match.next_step != play_step::between_overs && play_.match.next_step != play_step::closed;
 }
 
+bool console_form::can_take_back() const { return play_.match.practice && history_.can_take_back(); }
+
+void console_form::take_back(taken_back how_far, luck wanted) {
+  if (!can_take_back()) return;
+  play_.user.answered({answer_kind::take_back, number_of(static_cast<int>(how_far)),
+                       number_of(static_cast<int>(wanted))});
+  history_.go_back(play_.match, play_.chance, how_far, wanted);
+}
+
 void console_form::show_scorecard() { play_.user.open(report::scorecard); }
 
 void console_form::change_bowler() {
-  if (play_.match.computer_bowls) return;
+  if (play_.match.computer_bowls || has_over_in_play()) return;
   play_.user.answered({answer_kind::change_bowler});
   bowler_choice_form form(play_.match, bowler_choice_form::use::change, "Change Bowler");
   play_.user.show(form);
@@ -69,7 +106,7 @@ void console_form::set_bowler_aggression(int slot, int level) {
 }
 
 void console_form::choose_bowler(int position) {
-  if (play_.match.computer_bowls || position < 1 || position > men_in_eleven) return;
+  if (play_.match.computer_bowls || has_over_in_play() || position < 1 || position > men_in_eleven) return;
   if (play_.match.bowling_card[static_cast<std::size_t>(position)].balls >= balls_of_quota) return;
   play_.user.answered({answer_kind::choose_bowler, number_of(position)});
   bowler_choice_form form(play_.match, bowler_choice_form::use::change, "Change Bowler");

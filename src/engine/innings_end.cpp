@@ -178,6 +178,7 @@ void close_books(match_state& match) {
 }
 
 void save_match(const match_play& play) {
+  if (play.match.practice) return;
   match_update update(play.match, play.data, play.match.update_added, play.user.saves_match());
   saved(play.user, "If you go on without saving, this match is missing from the careers and records.",
         [&] { update.run(); });

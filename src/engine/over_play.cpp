@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/over_play.h"
 
+#include <cstddef>
 #include <utility>
 
 #include "captain/computer_captain.h"
@@ -11,6 +12,7 @@
 #include "model/booking.h"
 #include "model/innings_log.h"
 #include "model/match_state.h"
+#include "model/random.h"
 #include "model/rules.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
@@ -92,9 +94,20 @@ void make_up_opening_pair(match_state& match) {
   match.opening_bowlers[1] = first.front().bowler;
 }
 
+/// The steps of an over from its beginning to its first ball, and any later one that is to be bowled.
+bool awaits_ball(play_step step) {
+  return step == play_step::over_begins || step == play_step::quota_told || step == play_step::quota_choice ||
+         step == play_step::ball_bowled;
+}
+
 /// With somebody before the match the console is shown until it is over.
 void show_console(const match_play& play) {
   if (play.match.console_open && play.match.human_involved()) {
+    // However it is left, no later match plays with what is kept for one of practice.
+    struct Kept {
+      random_source& chance;
+      ~Kept() { chance.forget_readings(); }
+    } const kept{play.chance};
     console_form console(play);
     play.user.show(console);
   }
@@ -253,6 +266,19 @@ void next_over(const match_play& play) {
     play.match.next_step = play_step::over_begins;
   }
   take_steps(play);
+}
+
+void next_ball(const match_play& play) {
+  match_state& match = play.match;
+  if (match.next_step == play_step::closed || match.next_step == play_step::between_overs) {
+    match.next_step = play_step::over_begins;
+  }
+  const bool to_be_bowled = awaits_ball(match.next_step);
+  const std::size_t before = match.deliveries.size();
+  do {
+    take_step(play);
+    if (match.next_step == play_step::closed || match.next_step == play_step::between_overs) return;
+  } while (match.next_step != play_step::ball_bowled || (to_be_bowled && match.deliveries.size() == before));
 }
 
 void play_match(const match_play& play) {

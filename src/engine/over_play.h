@@ -3,6 +3,9 @@
 
 #include <string>
 
+#include "engine/practice_history.h"
+#include "engine/skip.h"
+#include "model/random.h"
 #include "ui/match_play.h"
 
 // Starts, resumes and hands over a match; the console's buttons. What a ball causes is a row of steps (play_steps.h).
@@ -27,6 +30,12 @@ void open_console(const match_play& play);
 /// width (overflow, with its field and whose it is), what the model, the books, the captains and the end of a match
 /// raise.
 void next_over(const match_play& play);
+
+/// Bowls the next ball alone, with all that follows from it: play then awaits the next ball, or, after the last of an
+/// over, of an innings or of the match, what next_over() leaves it with. A ball that was left on its way is gone on
+/// with, and none is bowled after it. As many of these as an over has balls are a next_over(). Draws, tells and raises
+/// as that does.
+void next_ball(const match_play& play);
 
 /// Plays the match that the set-up left: opens the console and, with a human side, shows it until the match is over.
 /// Draws and raises as open_console() and next_over().
@@ -60,11 +69,21 @@ struct console_form {
 
   /// "Next Over"; goes on with an over that was left at a ball.
   void bowl_next_over();
+  /// Plays on as by that, over after over, until the target is reached, at the latest to the end of the innings. To a
+  /// wicket it stops after the ball, also within an over. Does nothing where the target is not ahead.
+  void play_to(skip_target target);
+  /// Asks a play_to() that is on its way to stop after the ball that the front end is just told of.
+  void stop();
   /// An over, or what follows on it, has been left on the way: bowl_next_over() goes on with it.
   bool has_over_in_play() const;
+  /// A practice match: there is a ball to be taken back.
+  bool can_take_back() const;
+  /// Takes the last ball back, or the over in play or else the last one, also over the end of an innings. What comes
+  /// then has the same luck or fresh one. Does nothing where there is nothing to be taken back.
+  void take_back(taken_back how_far, luck wanted);
   /// The scorecard.
   void show_scorecard();
-  /// Changes the bowler; only while a human bowls.
+  /// Changes the bowler; only while a human bowls, and not within an over.
   void change_bowler();
   /// Aggression of the batsman in slot 0 or 1; only while a human bats.
   void change_batsman_aggression(int slot);
@@ -94,7 +113,12 @@ struct console_form {
   bool closed() const;
 
  private:
+  /// Bowls the next ball; in a practice match it can be taken back.
+  void bowl_ball_on_record();
+
   match_play play_;
+  practice_history history_;
+  bool stop_asked_ = false;
 };
 
 }  // namespace velorin

@@ -97,7 +97,8 @@ template <keeping Kept = keeping::everything>
 void change_innings(match_state& match);
 /// Records the unbroken stand of the last innings. Requires the result block.
 void close_books(match_state& match);
-/// Updates careers and records; where that fails, the user is asked. Raises what it raises if he gives no answer.
+/// Updates careers and records, but for a practice match; where that fails, the user is asked. Raises what it raises if
+/// he gives no answer.
 void save_match(const match_play& play);
 /// Closes the console and resets the match.
 play_step close_match(match_state& match);

@@ -28,6 +28,9 @@ enum class answer_kind : std::uint8_t {
   browse_over = 18,                ///< first: the over
   looked = 19,                     ///< first: a `report` whose showing is noted in the match
   quit_cup = 20,                   ///< "Quit World Cup"
+  go_on = 21,                      ///< the rest of an over that was left at a ball
+  next_ball = 22,                  ///< a ball by itself, on the way to a place further on
+  take_back = 23,                  ///< first: a `taken_back`; second: a `luck`
 };
 
 /// One answer. What the numbers mean follows from the kind; 0 where nothing is told of them.

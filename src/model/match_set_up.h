@@ -61,6 +61,7 @@ using eleven_files_before = std::array<std::optional<eleven_file_before>, 2>;
 /// What the set-up collects on its way to the toss.
 struct match_set_up {
   match_step step = match_step::none;
+  bool practice = false;                  ///< counts for no career and no record; its balls can be taken back
   integer team_count;                     ///< teams of the database
   std::array<std::string, 21> team_list;  ///< [1..20] names in file order
   std::array<squad, 2> squads;            ///< the first and the second team's men, sorted

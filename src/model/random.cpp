@@ -33,7 +33,7 @@ void random_source::use_readings(std::uint64_t state, std::vector<std::uint64_t>
   *this = random_source();
   kind_ = kind::readings;
   state_ = state;
-  readings_ = std::move(readings);
+  given_ = std::move(readings);
 }
 
 void random_source::use_state(std::uint64_t state) {
@@ -44,27 +44,64 @@ void random_source::use_state(std::uint64_t state) {
 
 void random_source::go_on_by_clock() {
   kind_ = kind::clock;
-  readings_.clear();
-  readings_taken_ = 0;
+  given_.clear();
+  given_taken_ = 0;
 }
 
 std::size_t random_source::left() const {
-  if (kind_ == kind::readings) return readings_.size() - readings_taken_;
+  if (kind_ == kind::readings) return given_.size() - given_taken_;
   return kind_ == kind::script ? script_.size() - std::min<std::size_t>(script_.size(), draws_used_) : 0;
 }
 
-std::uint64_t random_source::next_reading() {
+std::uint64_t random_source::clock_reading() {
   if (kind_ == kind::readings) {
-    if (readings_taken_ < readings_.size()) return readings_[readings_taken_++];
+    if (given_taken_ < given_.size()) return given_[given_taken_++];
     throw run_time_error(failure::subscript, "The readings of the clock ran out",
                          {.file = {}, .record = 0, .field = {}, .player = {}});
   }
   timespec now{};
   clock_gettime(CLOCK_REALTIME, &now);
-  const std::uint64_t reading =
-      static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000U + static_cast<std::uint64_t>(now.tv_nsec);
+  return static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000U + static_cast<std::uint64_t>(now.tv_nsec);
+}
+
+std::uint64_t random_source::next_reading() {
+  // Given readings come in the order in which they were used, those that came again included.
+  std::uint64_t reading = 0;
+  if (!keeps_readings_ || kind_ == kind::readings) {
+    reading = clock_reading();
+  } else {
+    if (readings_used_ == readings_.size()) readings_.push_back(clock_reading());
+    reading = readings_[readings_used_++];
+  }
   if (log_ != nullptr) log_->readings.push_back(reading);
   return reading;
+}
+
+void random_source::keep_readings() {
+  forget_readings();
+  keeps_readings_ = true;
+}
+
+void random_source::forget_readings() {
+  keeps_readings_ = false;
+  readings_.clear();
+  readings_used_ = 0;
+}
+
+void random_source::return_to(const place& earlier, luck wanted) {
+  furthest_draw_ = std::max(furthest_draw_, draws_used_);
+  state_ = earlier.state;
+  draws_used_ = earlier.draws_used;
+  readings_used_ = std::min(earlier.readings_used, readings_.size());
+  if (wanted == luck::same) return;
+  readings_.resize(readings_used_);
+  if (kind_ == kind::script) {
+    draws_used_ = furthest_draw_;
+  } else {
+    const std::uint64_t reading = clock_reading();
+    if (log_ != nullptr) log_->readings.push_back(reading);
+    state_ = seed_from_reading(reading);
+  }
 }
 
 double random_source::next_of_script() {

@@ -14,9 +14,19 @@ struct chance_log {
   std::vector<double> draws;            ///< scripted draws, likewise
 };
 
+/// The draws that follow on a place once taken up again: those that came there before, or others.
+enum class luck : std::uint8_t { same, fresh };
+
 /// Where chance comes from. All draws of a match go through one source.
 class random_source {
  public:
+  /// A place in the row of draws, to come back to.
+  struct place {
+    std::uint64_t state = 0;
+    std::uint64_t draws_used = 0;
+    std::size_t readings_used = 0;
+  };
+
   /// Draws from a generator that reseed() sets from a nanosecond reading of the clock. The source at start.
   void use_clock();
   /// Draws from one generator started with `seed`; reseed() does nothing.
@@ -59,6 +69,19 @@ class random_source {
   /// Numbers drawn since the program started or the source was chosen.
   std::uint64_t draws_used() const { return draws_used_; }
 
+  /// From now on the readings of the clock are kept, so that return_to() can bring them again. None are kept at first.
+  void keep_readings();
+  /// What is kept goes, and no more is kept. The next reading is that of the clock.
+  void forget_readings();
+  bool keeps_readings() const { return keeps_readings_; }
+
+  place here() const { return {state_, draws_used_, readings_used_}; }
+  /// Goes back to a place. With the same luck the draws come again that followed on it; with the clock that takes
+  /// readings kept since before it, and once they are used up the clock is read again. With fresh luck nothing comes
+  /// that has been drawn since: the generator starts from a reading of the clock, also one of a seed; a script goes on
+  /// with the draws that nobody has had.
+  void return_to(const place& earlier, luck wanted);
+
   /// A bijection of 64-bit numbers with full avalanche: each bit of the value turns over half the bits of the result.
   static constexpr std::uint64_t mix(std::uint64_t value) {
     value = (value ^ (value >> 30)) * 0xBF58476D1CE4E5B9U;
@@ -72,6 +95,7 @@ class random_source {
  private:
   static constexpr std::uint64_t golden = 0x9E3779B97F4A7C15U;
 
+  std::uint64_t clock_reading();
   std::uint64_t next_reading();
   double next_of_script();
 
@@ -79,10 +103,14 @@ class random_source {
   std::uint64_t state_ = 0;
   std::uint64_t draws_used_ = 0;
   std::vector<double> script_;
-  std::vector<std::uint64_t> readings_;
-  std::size_t readings_taken_ = 0;
+  std::vector<std::uint64_t> given_;  // readings, of the kind `readings`
+  std::size_t given_taken_ = 0;
   chance_log* log_ = nullptr;
   std::string script_name_;
+  std::uint64_t furthest_draw_ = 0;  // of a script, before it went back
+  bool keeps_readings_ = false;
+  std::size_t readings_used_ = 0;
+  std::vector<std::uint64_t> readings_;  // in nanoseconds; those behind the used ones come again
 };
 
 /// A whole number from 1 to n with equal chance: Int(n x r + 1). One draw. n from 1 to 32767.

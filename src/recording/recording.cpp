@@ -284,7 +284,7 @@ class entry_reader {
         break;
       case answer_entry: {
         captain_answer answer;
-        answer.kind = static_cast<answer_kind>(in.number_to(static_cast<int>(answer_kind::quit_cup)));
+        answer.kind = static_cast<answer_kind>(in.number_to(static_cast<int>(answer_kind::take_back)));
         if (in.left() > 0) answer.first = static_cast<std::uint32_t>(in.number());
         if (in.left() > 0) answer.second = static_cast<std::uint32_t>(in.number());
         into_.events.emplace_back(answer);

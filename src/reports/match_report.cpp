@@ -178,6 +178,7 @@ match_report report_on(const match_state& match, const record_lists* before) {
   report.ground = match.venue_name();
   report.winner = match.result_winner;
   report.result = match.result_winner + match.result_margin;
+  report.practice = match.practice;
   report.innings = {innings_of(first_books(match)), innings_of(second_books(match))};
   add_milestones(report, match);
   if (before == nullptr) return report;
@@ -187,7 +188,7 @@ match_report report_on(const match_state& match, const record_lists* before) {
 }
 
 void match_report_form::open() {
-  if (data_.files.updates) {
+  if (data_.files.updates && !match_.practice) {
     try {
       const record_lists before = records_in(current_record_file(data_.files));
       report = report_on(match_, &before);

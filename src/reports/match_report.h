@@ -86,6 +86,7 @@ struct match_report {
   std::vector<reported_milestone> milestones;
   std::vector<reported_record> records;
   bool records_known = false;  ///< the record lists take the match, and could be read
+  bool practice = false;       ///< it counts for no career and no record
 };
 
 /// The report of a match that has been decided: in its second innings, the result block filled. `before`: the record

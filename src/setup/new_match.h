@@ -28,6 +28,7 @@ struct new_match_form {
   int ground_index = -1;                 ///< chosen ground
   bool computer_captains_first = true;   ///< the computer captains the first team
   bool computer_captains_second = true;  ///< the computer captains the second team
+  bool practice = false;                 ///< the match counts for nothing, and its balls can be taken back
   bool visible = false;
   bool left = false;  ///< the user has left the match at a step of the set-up
 

@@ -47,6 +47,69 @@ TEST_F(Random, ASeedGivesTheSameDrawsOnEveryMachine) {
   EXPECT_EQ(chance.rnd(), 3793791033 * 0x1p-32);
 }
 
+TEST_F(Random, ASeedGoesBackToAPlace) {
+  chance.use_seed(42);
+  draws(10);
+  const random_source::place place = chance.here();
+  const auto wanted = draws(100);
+  chance.return_to(place, luck::same);
+  EXPECT_EQ(chance.draws_used(), 10U);
+  EXPECT_EQ(draws(100), wanted);
+}
+
+TEST_F(Random, TheClockGoesBackToAPlaceWithTheReadingsKept) {
+  chance.keep_readings();
+  const auto reseeded = [](int count) {
+    std::vector<double> drawn;
+    for (int i = 0; i < count; ++i) {
+      chance.reseed();
+      drawn.push_back(chance.rnd());
+    }
+    return drawn;
+  };
+  reseeded(5);
+  const random_source::place place = chance.here();
+  const auto wanted = reseeded(50);
+  chance.return_to(place, luck::same);
+  EXPECT_EQ(reseeded(50), wanted);
+  const auto after = reseeded(3);
+  EXPECT_NE(after, std::vector<double>(wanted.begin(), wanted.begin() + 3)) << "the clock is read again";
+  chance.return_to(place, luck::fresh);
+  EXPECT_NE(reseeded(50), wanted);
+}
+
+TEST_F(Random, ForgottenReadingsComeNoMore) {
+  chance.keep_readings();
+  const random_source::place place = chance.here();
+  chance.reseed();
+  const double wanted = chance.rnd();
+  chance.return_to(place, luck::same);
+  chance.forget_readings();
+  EXPECT_FALSE(chance.keeps_readings());
+  chance.reseed();
+  EXPECT_NE(chance.rnd(), wanted);
+}
+
+TEST_F(Random, FreshLuckBringsOtherDrawsAlsoOfASeed) {
+  chance.use_seed(42);
+  const random_source::place place = chance.here();
+  const auto before = draws(100);
+  chance.return_to(place, luck::fresh);
+  EXPECT_EQ(chance.draws_used(), 0U);
+  EXPECT_NE(draws(100), before);
+}
+
+TEST_F(Random, AScriptGoesOnWithDrawsThatNobodyHasHadForFreshLuck) {
+  chance.use_script({0.1, 0.2, 0.3, 0.4, 0.5}, "draws");
+  draws(1);
+  const random_source::place place = chance.here();
+  draws(2);
+  chance.return_to(place, luck::same);
+  EXPECT_EQ(chance.rnd(), 0.2);
+  chance.return_to(place, luck::fresh);
+  EXPECT_EQ(chance.rnd(), 0.4);
+}
+
 TEST_F(Random, ReseedingChangesNothingUnderASeed) {
   chance.use_seed(42);
   const auto plain = draws(100);

@@ -205,8 +205,9 @@ LineChart worm_chart(const match_report& report) {
 MatchReportWindow::MatchReportWindow(const match_report& report, ShowProfile profile, QWidget* parent)
     : Form(QStringLiteral("matchrep"), Dismissal::closes, parent), profile_(std::move(profile)) {
   set_title(QStringLiteral("Match Report"), shown(report.result).simplified());
-  set_subheading(QStringLiteral("%1 v %2, %3")
-                     .arg(shown(report.innings[0].side), shown(report.innings[1].side), shown(report.ground)));
+  const QString match = QStringLiteral("%1 v %2, %3")
+                            .arg(shown(report.innings[0].side), shown(report.innings[1].side), shown(report.ground));
+  set_subheading(report.practice ? match + QStringLiteral(". Practice: counts for no career") : match);
   name_head(*this, QStringLiteral("result"), QStringLiteral("match"));
   show_picture();
   body()->setContentsMargins(16, 8, 8, 8);
@@ -299,8 +300,9 @@ QWidget* MatchReportWindow::new_brought(const match_report& report) {
     lead_to_profiles(*view, std::move(men));
   }
   add("Records", "records", records_table(report),
-      report.records_known ? QStringLiteral("No line of the record lists.")
-                           : QStringLiteral("The record lists do not take this match."));
+      report.practice        ? QStringLiteral("The record lists take no practice match.")
+      : report.records_known ? QStringLiteral("No line of the record lists.")
+                             : QStringLiteral("The record lists do not take this match."));
   rows->addStretch(1);
   return column;
 }
