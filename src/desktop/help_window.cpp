@@ -23,13 +23,18 @@ struct Purpose {
 constexpr Purpose purposes[] = {
     {"opening", "The menu. Choose what to play or what to read."},
     {"quick", "A match with the sides of the last one. What has a tick the computer answers for you."},
-    {"teamfrm", "Choose two teams, who captains them, and the ground."},
+    {"teamfrm",
+     "Choose two teams, who captains them, and the ground. A practice match counts for no career, and its balls can be "
+     "taken back."},
     {"wecond", "Weather and ground as they were drawn. Move a slider to change them."},
     {"Teamsel", "Tick the eleven men who play. Auto Select picks them for you."},
     {"toss", "Call the coin. Who wins it bats or bowls first."},
     {"leave_question", "Yes leaves the match before it has begun; nothing of it is kept."},
     {"main",
-     "The match. Next Over bowls six balls at the pace chosen below. Aggression says how hard a man goes for runs, or "
+     "The match. Next Over bowls six balls at the pace chosen below; Play to goes on to a wicket, an over or the end "
+     "of "
+     "the innings. Take Back plays the last ball or over of a practice match anew. Aggression says how hard a man goes "
+     "for runs, or "
      "for wickets; the settled bar grows with each ball that a batsman faces."},
     {"quit_question", "Yes ends it at once; the match in play is lost."},
     {"aggr", "A man's figures in this match, and how hard he goes from now on: 1 careful, 5 all out."},

@@ -55,6 +55,9 @@ void set_appearance(Appearance chosen) { settings().setValue(QStringLiteral("app
 Pace pace() { return static_cast<Pace>(number(QStringLiteral("pace"), 2, static_cast<int>(Pace::quick))); }
 void set_pace(Pace chosen) { settings().setValue(QStringLiteral("pace"), static_cast<int>(chosen)); }
 
+QString last_skip() { return settings().value(QStringLiteral("last_skip")).toString(); }
+void set_last_skip(const QString& name) { settings().setValue(QStringLiteral("last_skip"), name); }
+
 bool plays_without_stopping(const QString& form) { return number(unstopped_key(form), 1, 0) == 1; }
 void set_plays_without_stopping(const QString& form, bool on) { settings().setValue(unstopped_key(form), on ? 1 : 0); }
 

@@ -63,6 +63,10 @@ void set_appearance(Appearance chosen);
 Pace pace();
 void set_pace(Pace chosen);
 
+/// The place to which a match was last skipped, by the console's name for it; "" before the first time.
+QString last_skip();
+void set_last_skip(const QString& name);
+
 /// Whether matches between two computer sides run without stopping in the competitions of the form of this name; off at
 /// first.
 bool plays_without_stopping(const QString& form);

@@ -36,6 +36,8 @@ QPushButton:default { background: @accent; color: @on_accent; border-color: @acc
 QPushButton:default:hover { border-color: @ink; }
 QPushButton:disabled, QToolButton:disabled { background: transparent; color: @muted; border: 1px dashed @line; }
 QPushButton:focus, QToolButton:focus { border: 2px solid @focus; padding: 5px 13px; }
+QPushButton[compact="true"] { padding: 2px 10px; }
+QPushButton[compact="true"]:focus { padding: 1px 9px; }
 QPushButton[link="true"] {
   background: transparent; border: 2px solid transparent; padding: 1px 8px; text-align: left; font-weight: 500;
 }

@@ -19,6 +19,13 @@ TEST(PreferencesTest, WhatIsChosenIsKept) {
   EXPECT_EQ(preferences::pace(), before);
 }
 
+TEST(PreferencesTest, TheLastSkipIsKept) {
+  EXPECT_EQ(preferences::last_skip(), QString());
+  preferences::set_last_skip(QStringLiteral("over_20"));
+  EXPECT_EQ(preferences::last_skip(), QStringLiteral("over_20"));
+  preferences::set_last_skip({});
+}
+
 TEST(PreferencesTest, ATestProgramLeavesNothingBehind) {
   const QTemporaryDir temporary;
   QProcess program;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMenu>
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -213,6 +214,45 @@ void picture_console(MenuWindow& menu) {
   open(menu, "start_game", "new_match");
 }
 
+/// A practice match at rest between two balls, with the menus of its two buttons.
+void picture_practice(MenuWindow& menu) {
+  chance.use_seed(11);
+  ClickingUser user;
+  user.robot.next("teamfrm", [](QWidget& window) {
+    ClickingUser::choose_match(window, 1, 3, true, true);
+    press(window, "practice");
+    take(window, "new-match-practice");
+    press(window, "accept");
+  });
+  const auto take_menu = [](QWidget& window, const char* button, const char* name) {
+    press(window, button);
+    auto* menu_of = control<QMenu>(window, (std::string(button) + "_menu").c_str());
+    take(window, name);
+    const QString path = QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name));
+    menu_of->grab().save(path);
+    menu_of->close();
+  };
+  bool taken = false;
+  user.robot.always("main", [&](QWidget& window) {
+    if (!taken && match.over_no > 2) {
+      taken = true;
+      press(window, "play_to");
+      control<QMenu>(window, "play_to_menu")->actions().constFirst()->trigger();
+      control<QMenu>(window, "play_to_menu")->close();
+      QTest::qWait(10);
+      take(window, "console-practice");
+      take_menu(window, "play_to", "menu-play-to");
+      take_menu(window, "take_back", "menu-take-back");
+    }
+    press(window, "next_over");
+  });
+  user.robot.next("matchrep", [](QWidget& window) {
+    take(window, "match-report-practice");
+    press(window, "accept");
+  });
+  open(menu, "start_game", "new_match");
+}
+
 void picture_world_cup(MenuWindow& menu) {
   chance.use_seed(5);
   ClickingUser user;
@@ -290,6 +330,7 @@ void take_all() {
     picture_match(menu);
     picture_sheets(menu);
     picture_console(menu);
+    picture_practice(menu);
     picture_profile(menu);
     picture_record_lists(menu);
     picture_settings(menu);

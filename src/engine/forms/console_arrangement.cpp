@@ -76,6 +76,7 @@ void ConsoleWindow::order_tabs() {
   if (arranged_ == Arrangement::narrow) order << commentary_;
   order << sides;
   if (arranged_ != Arrangement::narrow) order << commentary_;
+  order << take_back_;
   for (qsizetype i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 

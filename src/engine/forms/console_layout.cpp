@@ -210,7 +210,13 @@ void ConsoleWindow::lay_out() {
   body()->addLayout(columns_, 1);
   last_wicket_ = new_named_label(QStringLiteral("last_wicket"), {}, TextRole::muted);
   last_wicket_->setMinimumHeight(20);
-  body()->addWidget(last_wicket_);
+  take_back_ = new_take_back_choice();
+  take_back_->setProperty("compact", true);
+  auto* line = new QHBoxLayout;
+  line->setSpacing(16);
+  line->addWidget(last_wicket_, 1);
+  line->addWidget(take_back_);
+  body()->addLayout(line);
   arrange(Arrangement::narrow);
 }
 
@@ -219,8 +225,9 @@ QWidget* ConsoleWindow::new_pace_choice() {
   box->setObjectName(QStringLiteral("pace"));
   auto* row = new QHBoxLayout(box);
   row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(4);
+  row->setSpacing(2);
   row->addWidget(new_label(QStringLiteral("Pace"), TextRole::muted));
+  row->addSpacing(4);
   auto* group = new QButtonGroup(box);
   struct Choice {
     Pace pace;
@@ -291,6 +298,7 @@ void ConsoleWindow::add_foot() {
   add_aside(change_bowler_);
   pace_ = new_pace_choice();
   add_beside_buttons(pace_);
+  add_beside_buttons(new_skip_choice());
   next_over_ = add_default_button(
       QStringLiteral("next_over"),
       {.caption = QStringLiteral("Next Over"),
@@ -298,7 +306,7 @@ void ConsoleWindow::add_foot() {
        .key = QKeySequence(Qt::Key_N),
        .hint = QStringLiteral("Bowl the next over; Return does the same, Escape finishes the over at once")},
       [this] { play_over(); });
-  next_over_->setMinimumWidth(120);
+  next_over_->setMinimumWidth(112);  // "Finish Over" has room, too
 }
 
 }  // namespace velorin

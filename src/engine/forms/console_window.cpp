@@ -40,6 +40,13 @@ namespace {
 /// How long each ball stays before the next, in milliseconds.
 constexpr int quick_pause = 150;
 constexpr int ball_pause = 900;
+/// Within a skip that shows its balls.
+constexpr int glimpse = 25;
+
+int pause_of(Pace pace, bool skipping) {
+  if (skipping) return pace == Pace::quick ? glimpse : quick_pause;
+  return pace == Pace::quick ? quick_pause : ball_pause;
+}
 
 /// Sets a flag for a scope.
 class Playing {
@@ -62,9 +69,13 @@ ConsoleWindow::ConsoleWindow(const match_state& match, const open_database& data
   lay_out();
   add_foot();
   on_dismiss([this] {
-    // Escape finishes the over at once; between overs it does nothing.
+    // Escape finishes the over at once, or stops a skip after the ball; between overs it does nothing.
     if (!playing_) return;
-    finish_over_ = true;
+    if (skipping_) {
+      form_.stop();
+    } else {
+      finish_over_ = true;
+    }
     if (waiting_ != nullptr) waiting_->quit();
   });
   // A click leaves the keyboard with Next Over, so that Return goes on bowling.
@@ -84,11 +95,11 @@ void ConsoleWindow::refresh() {
   if (form_.closed()) return;
   const QString title =
       QStringLiteral("%1 v %2, %3").arg(shown(match_.team1_name), shown(match_.team2_name), shown(match_.venue_name()));
-  if (title != windowTitle()) set_title(title, {});
+  const QString shown_title = match_.practice ? title + QStringLiteral(" (practice)") : title;
+  if (shown_title != windowTitle()) set_title(shown_title, {});
   scoreboard_->refresh();
   for (BatsmanPanel* panel : batsmen_) panel->refresh();
   for (BowlerPanel* panel : bowlers_) panel->refresh();
-  change_bowler_->setEnabled(!match_.computer_bowls);
   rates_->refresh();
   commentary_->refresh();
   last_wicket_->setText(shown_caption(last_wicket_line(match_)));
@@ -98,6 +109,7 @@ void ConsoleWindow::refresh() {
   strip_->set_overs(last_overs(match_, OverStrip::overs));
   refresh_over();
   refresh_sides();
+  refresh_choices();
 }
 
 void ConsoleWindow::refresh_over() {
@@ -106,11 +118,12 @@ void ConsoleWindow::refresh_over() {
   chips_->set_symbols(symbols);
   // Only the overs of this innings are on offer: its first press finds the browser as the innings before left it.
   const int past = std::min(match_.browser_maximum, int(match_.over_no) - 1);
-  const bool browsing = !playing_ && match_.browsed_over > 0 && past > 0;
+  const bool resting = !playing_ && form_.has_over_in_play() && match_.over_on_show.in_play;
+  const bool browsing = !playing_ && !resting && match_.browsed_over > 0 && past > 0;
   const bool bowled = !symbols.join(QString()).isEmpty();
-  over_title_->setText(browsing              ? QStringLiteral("Over %1").arg(match_.browsed_over)
-                       : playing_ || !bowled ? QStringLiteral("This over")
-                                             : QStringLiteral("Last over"));
+  over_title_->setText(browsing                         ? QStringLiteral("Over %1").arg(match_.browsed_over)
+                       : playing_ || resting || !bowled ? QStringLiteral("This over")
+                                                        : QStringLiteral("Last over"));
   over_bowler_->setText(browsing ? shown(bowler_of_over(match_, match_.browsed_over)) : QString());
   const QSignalBlocker quiet(browser_);
   browser_->setRange(1, std::max(1, past));
@@ -135,10 +148,15 @@ void ConsoleWindow::refresh_sides() {
 
 void ConsoleWindow::play_over() {
   if (playing_) return;
+  skipping_ = false;
+  play([this] { form_.bowl_next_over(); });
+}
+
+void ConsoleWindow::play(const std::function<void()>& work) {
   finish_over_ = false;
   {
     const Playing in_progress(playing_);
-    form_.bowl_next_over();
+    work();
   }
   if (form_.closed()) {
     accept();
@@ -153,7 +171,7 @@ void ConsoleWindow::ball_bowled() {
   const Pace pace = preferences::pace();
   if (!playing_ || finish_over_ || pace == Pace::instant) return;
   refresh();
-  wait(pace == Pace::quick ? quick_pause : ball_pause);
+  wait(pause_of(pace, skipping_));
 }
 
 void ConsoleWindow::wait(int milliseconds) {

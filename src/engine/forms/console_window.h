@@ -7,6 +7,9 @@
 
 #include "desktop/form.h"
 #include "desktop/preferences.h"
+#include "engine/practice_history.h"
+#include "engine/skip.h"
+#include "model/random.h"
 
 class QEventLoop;
 class QFrame;
@@ -34,7 +37,7 @@ class TableView;
 struct console_form;
 
 /// The match console. While an over is bowled it follows each ball at the chosen pace and answers nothing but the
-/// choice of pace and Escape, which finishes the over at once.
+/// choice of pace and Escape, which finishes the over at once. A skip goes a pace faster, and Escape stops it.
 class ConsoleWindow : public Form {
   Q_OBJECT
 
@@ -82,7 +85,13 @@ class ConsoleWindow : public Form {
   void order_tabs();
   void show_sides();
 
+  QWidget* new_skip_choice();
+  QPushButton* new_take_back_choice();
   void play_over();
+  void skip_to(skip_target target);
+  void take_back(taken_back how_far, luck wanted);
+  /// Runs what bowls balls, and shows where it has led.
+  void play(const std::function<void()>& work);
   /// Runs a button's work unless an over is being bowled, and shows what it changed.
   void act(void (console_form::*handler)());
   void act_on_slot(void (console_form::*handler)(int), int slot);
@@ -91,6 +100,7 @@ class ConsoleWindow : public Form {
   void browse(int over);
   void refresh_over();
   void refresh_sides();
+  void refresh_choices();
   void choose_pace(Pace pace);
   void wait(int milliseconds);
   void ask_to_quit();
@@ -98,6 +108,7 @@ class ConsoleWindow : public Form {
 
   console_form& form_;
   bool playing_ = false;
+  bool skipping_ = false;
   bool finish_over_ = false;
   QEventLoop* waiting_ = nullptr;
 
@@ -122,6 +133,9 @@ class ConsoleWindow : public Form {
   std::function<void()> discard_;  // none where the match is not recorded
   CommentaryList* commentary_ = nullptr;
   QLabel* last_wicket_ = nullptr;
+  QPushButton* take_back_ = nullptr;
+  taken_back taken_ = taken_back::ball;  // as it was last done
+  luck luck_ = luck::fresh;
   QHBoxLayout* columns_ = nullptr;
   QFrame* batting_card_ = nullptr;
   QFrame* bowling_card_ = nullptr;

@@ -39,6 +39,8 @@ Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(pare
   first_innings_ = new_named_label(QStringLiteral("first_innings"), {}, TextRole::body);
   teams_ = new_named_label(QStringLiteral("teams"), {}, TextRole::heading);
   ground_ = new_named_label(QStringLiteral("ground"), {}, TextRole::body);
+  practice_ = new_named_label(QStringLiteral("practice"), QStringLiteral("Practice"), TextRole::strong);
+  practice_->setToolTip(QStringLiteral("Counts for no career; balls can be taken back"));
   clock_ = new_named_label(QStringLiteral("time_of_day"), {}, TextRole::strong);
   explain(*overs_, QStringLiteral("Overs"));
   explain(*rate_, QStringLiteral("Run rate"));
@@ -57,6 +59,7 @@ Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(pare
   auto* place = new QHBoxLayout;
   place->setSpacing(12);
   place->addStretch(1);
+  place->addWidget(practice_);
   place->addWidget(ground_);
   place->addWidget(clock_);
   auto* right = stacked({teams_}, Qt::AlignRight);
@@ -78,6 +81,7 @@ void Scoreboard::refresh() {
   needed_->setVisible(!view.needed.empty());
   teams_->setText(QStringLiteral("%1 v %2").arg(shown(view.batting_team), shown(view.bowling_team)));
   ground_->setText(shown(match_.venue_name()));
+  practice_->setVisible(match_.practice);
   clock_->setText(shown(view.time_of_day));
   const rates_view rates = view_rates(match_);
   first_innings_->setText(rates.chase ? shown(rates.first_innings + " in " + rates.first_innings_overs) : QString());

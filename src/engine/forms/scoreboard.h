@@ -11,7 +11,7 @@ struct match_state;
 
 class CrestView;
 
-/// The head of the console: score, overs, rate, what is needed, ground and clock.
+/// The head of the console: score, overs, rate, what is needed, ground and clock, and whether it is practice.
 class Scoreboard : public QWidget {
   Q_OBJECT
 
@@ -31,6 +31,7 @@ class Scoreboard : public QWidget {
   QLabel* first_innings_;
   QLabel* teams_;
   QLabel* ground_;
+  QLabel* practice_;
   QLabel* clock_;
   const match_state& match_;
 };

@@ -2,6 +2,7 @@
 #include "setup/forms/new_match_window.h"
 
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -60,6 +61,7 @@ CrestView* new_crest(const QComboBox& list, const QString& name) {
 
 NewMatchWindow::NewMatchWindow(match_state& match, new_match_form& form, QWidget* parent)
     : NewMatchWindow(QStringLiteral("teamfrm"), match, form, parent) {
+  add_practice();
   if (preferences::last_sides().first.isEmpty()) return;
   auto* again = new QPushButton;
   again->setObjectName(QStringLiteral("as_last_time"));
@@ -133,6 +135,18 @@ NewMatchWindow::NewMatchWindow(const QString& name, match_state& match, new_matc
     done(Rejected);
   });
   show_grounds();
+}
+
+void NewMatchWindow::add_practice() {
+  auto* box = new QCheckBox;
+  box->setObjectName(QStringLiteral("practice"));
+  box->setText(button_text(QStringLiteral("Practice: counts for no career, balls can be taken back"), u'P'));
+  box->setAccessibleName(spoken_name(QStringLiteral("Practice: counts for no career, balls can be taken back")));
+  box->setToolTip(QStringLiteral("A match to try things out; careers and records stay as they are (Alt+P)"));
+  box->setChecked(form_.practice);
+  connect(box, &QCheckBox::toggled, this, [this](bool on) { form_.practice = on; });
+  body()->insertWidget(rows_before_stretch(), box, 0, Qt::AlignHCenter);
+  setTabOrder(grounds_, box);
 }
 
 QComboBox* NewMatchWindow::new_team_list(const char* name, int chosen, void (new_match_form::*choose)(int)) {

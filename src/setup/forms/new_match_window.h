@@ -36,6 +36,8 @@ class NewMatchWindow : public Form {
 
  private:
   QComboBox* new_team_list(const char* name, int chosen, void (new_match_form::*choose)(int));
+  /// The switch of a practice match. It is off each time, so that no match is practice unawares.
+  void add_practice();
   void show_grounds();
   void show_ground();
   void show_ready();

@@ -115,6 +115,17 @@ TEST_F(MatchReportWindows, WithoutThemALineSaysSo) {
   EXPECT_EQ(text(MatchReportWindow(report), "no_records"), "The record lists do not take this match.");
 }
 
+TEST_F(MatchReportWindows, APracticeMatchIsCalledSo) {
+  report.practice = true;
+  report.records_known = false;
+  report.records.clear();
+  MatchReportWindow window(report);
+  window.show();
+  EXPECT_TRUE(text(window, "match").endsWith("Lake End. Practice: counts for no career"));
+  EXPECT_EQ(text(window, "no_records"), "The record lists take no practice match.");
+  check_window_at_sizes(window);
+}
+
 TEST_F(MatchReportWindows, TheChartEndsWithBothTotals) {
   const LineChart chart = worm_chart(report);
   ASSERT_EQ(chart.lines.size(), 2U);

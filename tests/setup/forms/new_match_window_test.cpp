@@ -22,6 +22,7 @@
 #include "support/game_in_play.h"
 #include "support/scripted_user.h"
 #include "support/small_database.h"
+#include "windows/accessible_user.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -129,6 +130,29 @@ TEST_F(NewMatchWindowTest, ChoicesReachTheForm) {
   control<QRadioButton>(window, "first_computer")->click();
   EXPECT_TRUE(form_.computer_captains_first);
   EXPECT_FALSE(form_.computer_captains_second);
+}
+
+TEST_F(NewMatchWindowTest, PracticeIsOffEachTimeAndIsSwitchedOnByATick) {
+  open(three);
+  {
+    NewMatchWindow window(match, form_);
+    window.show();
+    auto* practice = control<QCheckBox>(window, "practice");
+    EXPECT_FALSE(practice->isChecked());
+    EXPECT_TRUE(practice->accessibleName().contains("Practice"));
+    press(window, "practice");
+    EXPECT_TRUE(form_.practice);
+    bool played = false;
+    user_.on_match_report = [&](match_report_form&) { played = match.practice; };
+    press(window, "accept");
+    EXPECT_TRUE(played);
+  }
+  new_match_form next(in_play());
+  next.open();
+  NewMatchWindow window(match, next);
+  EXPECT_FALSE(control<QCheckBox>(window, "practice")->isChecked()) << "no match is practice unawares";
+  window.show();
+  EXPECT_GT(check_toggles(window), 0);
 }
 
 TEST_F(NewMatchWindowTest, ASmallDatabaseLeavesEmptyTexts) {
