@@ -56,7 +56,6 @@ TEST_P(PracticeMatch, CountsForNoCareerAndNoRecord) {
 }
 
 TEST_P(PracticeMatch, CountsForNothingAlsoWithBallsTakenBack) {
-  if (!GetParam()) GTEST_SKIP() << "nobody sits before it";
   play(false);
   const auto counted = contents_of(database_.folder());
   int taken = 0;
@@ -69,7 +68,7 @@ TEST_P(PracticeMatch, CountsForNothingAlsoWithBallsTakenBack) {
     }
   };
   play(true);
-  EXPECT_EQ(taken, 12);
+  EXPECT_EQ(taken, GetParam() ? 12 : 0) << "somebody has to sit before it";
   EXPECT_EQ(contents_of(database_.folder()), counted);
   EXPECT_FALSE(chance.keeps_readings());
 }
