@@ -136,6 +136,24 @@ TEST_F(Skip, ASpellOfAHumansBowlerEndsWithHisTenOvers) {
       << "who has bowled his overs is replaced on the way";
 }
 
+TEST_F(Skip, TwoComputersThatAreWatchedSkipAlike) {
+  for (std::uint64_t seed = 1; seed <= 4; ++seed) {
+    std::vector<std::string> ends;
+    for (const bool skipped : {false, true}) {
+      open_seeded(seed, false, true);
+      set_captain(match, match_side::batting, true);
+      ends.push_back(end_of([&](console_form& console) {
+        if (skipped) {
+          console.play_to(skip_target::next_wicket);
+        } else {
+          console.bowl_next_over();
+        }
+      }));
+    }
+    EXPECT_EQ(ends[1], ends[0]) << seed;
+  }
+}
+
 TEST_F(Skip, StopsAfterTheBallAtWhichItIsAsked) {
   open_seeded(4, false, true);
   console_form console(in_play());
