@@ -14,7 +14,7 @@
 namespace velorin::bench {
 namespace {
 
-double seconds_of(const auto& work) {
+double seconds_taken(const auto& work) {
   const auto start = std::chrono::steady_clock::now();
   work();
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
@@ -37,14 +37,14 @@ void rests(benchmark::State& state, const match_start& start, const std::string&
   long run = 0;
   for (auto _ : state) {
     long deliveries = 0;
-    rest_seconds += seconds_of([&] {
+    rest_seconds += seconds_taken([&] {
       for (long i = 0; i < a_turn; ++i) {
         random_source own;
         seed_run(own, 1, run++);
         deliveries += player.play(start, own).deliveries;
       }
     });
-    bare_seconds += seconds_of([&] {
+    bare_seconds += seconds_taken([&] {
       for (long i = 0; i < deliveries; ++i) deliver_ball(match, drawn);
       benchmark::DoNotOptimize(match.ball_outcome);
     });

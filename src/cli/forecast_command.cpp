@@ -84,7 +84,8 @@ void print(const competition_forecast<cup_chances>& forecast, bool as_json, std:
 
 int forecast_world_cup(const forecast_choice& choice, const program_options& program, streams io) {
   run_state state = set_up_run(program);
-  game_state game{.match = {}, .chance = state.chance, .data = std::move(state.data), .series = {}, .tri = {}, .world_cup = {}};
+  game_state game{
+      .match = {}, .chance = state.chance, .data = std::move(state.data), .series = {}, .tri = {}, .world_cup = {}};
   headless_user user(game.match);
   world_cup_form form({game.match, game.chance, user, game.data}, game.world_cup);
   fill(form, choice.of_cup);
@@ -122,7 +123,8 @@ void add_forecast(CLI::App& app, const program_options& program, streams io, com
       ->transform(plain_number)
       ->check(CLI::Range(1L, 1'000'000'000L))
       ->type_name("N");
-  command->add_option("--jobs", choice->jobs, "Threads that play, 1 to 1024; with --seed the answer is the same for any")
+  command
+      ->add_option("--jobs", choice->jobs, "Threads that play, 1 to 1024; with --seed the answer is the same for any")
       ->transform(plain_number)
       ->check(CLI::Range(1, 1024))
       ->type_name("J");

@@ -20,9 +20,9 @@ json total_json(const total_forecast& total) {
 }
 
 json next_ball_json(const next_ball& odds) {
-  return {{"wicket", odds.wicket},     {"0", odds.runs[0]},   {"1", odds.runs[1]}, {"2", odds.runs[2]},
-          {"3", odds.runs[3]},         {"4", odds.runs[4]},   {"6", odds.runs[6]}, {"no_ball", odds.no_ball},
-          {"wide", odds.wide},         {"leg_byes", odds.leg_byes}, {"byes", odds.byes}};
+  return {{"wicket", odds.wicket}, {"0", odds.runs[0]},         {"1", odds.runs[1]}, {"2", odds.runs[2]},
+          {"3", odds.runs[3]},     {"4", odds.runs[4]},         {"6", odds.runs[6]}, {"no_ball", odds.no_ball},
+          {"wide", odds.wide},     {"leg_byes", odds.leg_byes}, {"byes", odds.byes}};
 }
 
 json point_json(const forecast_point& point, const forecast_answer& answer) {
@@ -44,10 +44,11 @@ std::string range(const total_forecast& total) {
 }
 
 void print_next_ball(const next_ball& odds, std::ostream& out) {
-  out << fmt::format("Next ball: wicket {}, no run {}, 1 {}, 2 {}, 3 {}, 4 {}, 6 {}, no ball {}, wide {}, leg byes {}, byes {}\n",
-                     percent(odds.wicket), percent(odds.runs[0]), percent(odds.runs[1]), percent(odds.runs[2]),
-                     percent(odds.runs[3]), percent(odds.runs[4]), percent(odds.runs[6]), percent(odds.no_ball),
-                     percent(odds.wide), percent(odds.leg_byes), percent(odds.byes));
+  out << fmt::format(
+      "Next ball: wicket {}, no run {}, 1 {}, 2 {}, 3 {}, 4 {}, 6 {}, no ball {}, wide {}, leg byes {}, byes {}\n",
+      percent(odds.wicket), percent(odds.runs[0]), percent(odds.runs[1]), percent(odds.runs[2]), percent(odds.runs[3]),
+      percent(odds.runs[4]), percent(odds.runs[6]), percent(odds.no_ball), percent(odds.wide), percent(odds.leg_byes),
+      percent(odds.byes));
 }
 
 void print_table(const std::vector<forecast_point>& points, const std::vector<forecast_answer>& answers,

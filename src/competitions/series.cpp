@@ -132,7 +132,8 @@ void series_form::accept() {
                                     entered_team_of(teams, away_team_index, !computer_captains_away)},
                           .ground = {},
                           .number = matches,
-                          .hosts = {}});
+                          .hosts = {},
+                          .practice = false});
   play_.chance.reseed();
   series_standing before = std::move(series_);
   series_ = {};

@@ -22,7 +22,7 @@ void console_form::bowl_ball_on_record() {
   match_state& match = play_.match;
   const bool awaited = match.next_step == play_step::between_overs || match.next_step == play_step::ball_bowled;
   if (match.practice && awaited) history_.note(match, play_.chance);
-  next_ball(play_);
+  bowl_next_ball(play_);
   if (match.next_step == play_step::closed) history_.clear(play_.chance);
 }
 
@@ -61,8 +61,8 @@ bool console_form::can_take_back() const { return play_.match.practice && histor
 
 void console_form::take_back(taken_back how_far, luck wanted) {
   if (!can_take_back()) return;
-  play_.user.answered({answer_kind::take_back, number_of(static_cast<int>(how_far)),
-                       number_of(static_cast<int>(wanted))});
+  play_.user.answered(
+      {answer_kind::take_back, number_of(static_cast<int>(how_far)), number_of(static_cast<int>(wanted))});
   history_.go_back(play_.match, play_.chance, how_far, wanted);
 }
 

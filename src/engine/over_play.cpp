@@ -268,7 +268,7 @@ void next_over(const match_play& play) {
   take_steps(play);
 }
 
-void next_ball(const match_play& play) {
+void bowl_next_ball(const match_play& play) {
   match_state& match = play.match;
   if (match.next_step == play_step::closed || match.next_step == play_step::between_overs) {
     match.next_step = play_step::over_begins;

@@ -35,7 +35,7 @@ void next_over(const match_play& play);
 /// over, of an innings or of the match, what next_over() leaves it with. A ball that was left on its way is gone on
 /// with, and none is bowled after it. As many of these as an over has balls are a next_over(). Draws, tells and raises
 /// as that does.
-void next_ball(const match_play& play);
+void bowl_next_ball(const match_play& play);
 
 /// Plays the match that the set-up left: opens the console and, with a human side, shows it until the match is over.
 /// Draws and raises as open_console() and next_over().
@@ -72,6 +72,8 @@ struct console_form {
   /// Plays on as by that, over after over, until the target is reached, at the latest to the end of the innings. To a
   /// wicket it stops after the ball, also within an over. Does nothing where the target is not ahead.
   void play_to(skip_target target);
+  /// Bowls the next ball alone, with what follows on it.
+  void bowl_ball();
   /// Asks a play_to() that is on its way to stop after the ball that the front end is just told of.
   void stop();
   /// An over, or what follows on it, has been left on the way: bowl_next_over() goes on with it.

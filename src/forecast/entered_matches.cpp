@@ -55,7 +55,8 @@ competition_world world_of_competition(match_state& match, open_database& data, 
   competition_world world;
   const std::vector<team_entry> entries = list_teams(data);
   for (const std::string& team : teams) {
-    const auto entry = std::find_if(entries.begin(), entries.end(), [&](const team_entry& e) { return e.name == team; });
+    const auto entry =
+        std::find_if(entries.begin(), entries.end(), [&](const team_entry& e) { return e.name == team; });
     if (team.empty() || world.elevens.contains(team)) continue;
     if (entry == entries.end()) {
       throw run_time_error(failure::subscript, "Subscript out of range: no such team in the database",
@@ -98,8 +99,8 @@ void entered_matches::play(const entered_side& first, const entered_side& second
   conditions_form conditions({scratch_, chance, user, no_files});
   conditions.open();
   conditions.accept();
-  play_from(start_before_toss(first.team, second.team, world_->elevens.at(first.team),
-                              world_->elevens.at(second.team), scratch_),
+  play_from(start_before_toss(first.team, second.team, world_->elevens.at(first.team), world_->elevens.at(second.team),
+                              scratch_),
             chance);
 }
 

@@ -21,9 +21,9 @@ struct open_database;
 struct competition_world {
   std::map<std::string, eleven> elevens;  ///< by the team's name, as the computer selects them; men without names
   std::vector<ground_rec> grounds;
-  ground_rec ground_before;                ///< where a match has no ground of its own
-  std::optional<match_start> in_play;      ///< the match of the competition that is on
-  match_result result_before;              ///< of the match that has ended but is not booked
+  ground_rec ground_before;            ///< where a match has no ground of its own
+  std::optional<match_start> in_play;  ///< the match of the competition that is on
+  match_result result_before;          ///< of the match that has ended but is not booked
 };
 
 /// Reads teams and grounds, and where a match is on takes its start. Raises what forecast_cup() does.

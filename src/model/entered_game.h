@@ -27,6 +27,7 @@ struct entered_game {
   std::string ground;              ///< of a match
   int number = 0;                  ///< matches of a series, rounds of a tri series
   std::vector<std::string> hosts;  ///< of a World Cup, "" for a box left empty
+  bool practice = false;           ///< a match that counts for nothing
 
   bool operator==(const entered_game&) const = default;
 };

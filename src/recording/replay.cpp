@@ -180,9 +180,17 @@ class recorded_user : public front_end {
  private:
   bool at_end() const { return next_ >= recorded_.events.size(); }
 
-  /// Where nothing follows in the recording, play stops: here it broke off.
+  bool goes_on(std::size_t event) const {
+    return event < recorded_.events.size() &&
+           recorded_.events[event] == recorded_event(captain_answer{answer_kind::go_on});
+  }
+
+  /// Where nothing follows in the recording, play stops: here it broke off. An over that was gone on with, and broke
+  /// off again before its next ball, is nothing either.
   void stop_at_end() const {
-    if (at_end() && game_.chance.left() == 0) throw play_left{replay_end::open};
+    std::size_t next = next_;
+    while (in_call_ && goes_on(next)) ++next;
+    if (next >= recorded_.events.size() && game_.chance.left() == 0) throw play_left{replay_end::open};
   }
 
   [[noreturn]] void raise_unfit() const {
@@ -209,6 +217,8 @@ class recorded_user : public front_end {
 
   /// The next answer. Leaves play where there is none.
   const captain_answer& peek() {
+    // What the recording went on with after it had been left here is still on the way in this call.
+    for (; in_call_ && goes_on(next_); ++next_) rest_of_over_ = true;
     take_check();
     if (at_end()) {
       // Chance that nobody has used tells that play went another way.
@@ -251,7 +261,22 @@ class recorded_user : public front_end {
     const int second = in_range(static_cast<int>(answer.second), 0, 0xFFFF);
     switch (answer.kind) {
       case answer_kind::next_over:
-        return form.bowl_next_over();
+      case answer_kind::go_on:
+        in_call_ = true;
+        form.bowl_next_over();
+        in_call_ = false;
+        while (goes_on(next_)) ++next_;
+        return;
+      case answer_kind::next_ball:
+        in_call_ = true;
+        rest_of_over_ = false;
+        form.bowl_ball();
+        in_call_ = false;
+        if (rest_of_over_ && form.has_over_in_play()) act(form, {answer_kind::go_on});
+        return;
+      case answer_kind::take_back:
+        return form.take_back(static_cast<taken_back>(in_range(first, 0, 1)),
+                              static_cast<luck>(in_range(second, 0, 1)));
       case answer_kind::change_bowler:
         return form.change_bowler();
       case answer_kind::change_batsman_aggression:
@@ -278,6 +303,8 @@ class recorded_user : public front_end {
   game_state& game_;
   const replay_options& options_;
   std::size_t next_ = 0;
+  bool in_call_ = false;       // an over or a ball is being bowled
+  bool rest_of_over_ = false;  // and, of a ball, the over is to be gone on with
 };
 
 [[noreturn]] void raise_unknown_team(const std::string& name, const entered_team& team) {
@@ -311,6 +338,7 @@ void play_match(const recording& recorded, const std::string& name, const match_
   form.second_team_index = place_of(recorded, name, entered.teams[1]);
   form.grounds = {entered.ground};
   form.ground_index = 0;
+  form.practice = entered.practice;
   form.computer_captains_first = !entered.teams[0].human;
   form.computer_captains_second = !entered.teams[1].human;
   form.accept();

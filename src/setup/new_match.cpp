@@ -162,7 +162,8 @@ entered_game new_match_form::entered() const {
           .teams = {team(first_team_index, computer_captains_first), team(second_team_index, computer_captains_second)},
           .ground = ground_name(),
           .number = 0,
-          .hosts = {}};
+          .hosts = {},
+          .practice = practice};
 }
 
 void new_match_form::accept() {

@@ -51,7 +51,7 @@ TEST_F(Skip, BallAfterBallIsTheSameMatchToo) {
     open_seeded(seed, seed % 2 == 0, false);
     const std::string overs = end_of([](console_form& console) { console.bowl_next_over(); });
     open_seeded(seed, seed % 2 == 0, false);
-    EXPECT_EQ(end_of([](console_form&) { next_ball(in_play()); }), overs) << seed;
+    EXPECT_EQ(end_of([](console_form&) { bowl_next_ball(in_play()); }), overs) << seed;
   }
 }
 

@@ -152,9 +152,9 @@ TEST_F(CompetitionForecast, EndsAWorldCupAsItIsPlayed) {
     game_state quick = own_copy(state);
     random_source drawn;
     drawn.use_seed(9);
-    const competition_world world = world_of_competition(quick.match, quick.data, ten_teams,
-                                                         quick.world_cup.step == cup_step::match &&
-                                                             quick.match.step != match_step::none);
+    const competition_world world =
+        world_of_competition(quick.match, quick.data, ten_teams,
+                             quick.world_cup.step == cup_step::match && quick.match.step != match_step::none);
     in_play += world.in_play ? 1 : 0;
     entered_matches matches(world);
     matches.begin_run();
@@ -190,8 +190,8 @@ TEST_F(CompetitionForecast, EndsATriSeriesAsItIsPlayed) {
     finish_tri_series(matches.match(), drawn, quick.tri, unread(matches, drawn));
     tri_series_table_form table(quick.tri);
     table.open();
-    EXPECT_THAT(user.last_tables, ::testing::StartsWith(in_words({table.rows.begin(), table.rows.end()}) +
-                                                        table.final_result));
+    EXPECT_THAT(user.last_tables,
+                ::testing::StartsWith(in_words({table.rows.begin(), table.rows.end()}) + table.final_result));
     EXPECT_EQ(drawn.draws_used(), full.chance.draws_used());
   }
 }
