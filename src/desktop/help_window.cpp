@@ -22,6 +22,13 @@ struct Purpose {
 
 constexpr Purpose purposes[] = {
     {"opening", "The menu. Choose what to play or what to read."},
+    {"savedgames",
+     "The games that are kept: each as it was left. Continue goes on with one; copy, rename, delete, export, import."},
+    {"game_name", "The name under which a game is kept."},
+    {"delete_question", "Whether a game is deleted for good."},
+    {"keep_question", "Whether the game that you leave is kept, to be gone on with."},
+    {"export_file", "The file to which a game is written."},
+    {"import_file", "The file from which a game is taken."},
     {"quick", "A match with the sides of the last one. What has a tick the computer answers for you."},
     {"teamfrm",
      "Choose two teams, who captains them, and the ground. A practice match counts for no career, and its balls can be "

@@ -80,7 +80,6 @@ SavedGamesWindow::SavedGamesWindow(const GameKeeper& keeper, QWidget* parent)
       keeper_(keeper),
       table_(new TableView(QStringLiteral("games"))) {
   set_title(QStringLiteral("Saved Games"), QStringLiteral("Saved Games"));
-  set_subheading(QStringLiteral("Every game is kept as it is played"));
   body()->addWidget(table_, 1);
   table_->on_open([this](int) { go_on(); });
   connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] { show_acts(); });
@@ -127,10 +126,10 @@ void SavedGamesWindow::list(const std::filesystem::path& current) {
   Table table{QStringLiteral("Saved games"),
               {{QStringLiteral("Game")},
                {QStringLiteral("Stage")},
-               {.heading = QStringLiteral("Score"), .stretches = true},
+               {QStringLiteral("Score")},
                {QStringLiteral("Last played")},
                {QStringLiteral("State")},
-               {QStringLiteral("Name")}},
+               {.heading = QStringLiteral("Name"), .stretches = true}},
               {},
               RowOrder::free};
   int row = 0;

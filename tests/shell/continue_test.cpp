@@ -2,6 +2,7 @@
 // A game that is left goes on where it was, with the next start of the program.
 #include <QLabel>
 #include <QLineEdit>
+#include <QTemporaryDir>
 #include <filesystem>
 #include <memory>
 #include <utility>
@@ -21,11 +22,7 @@ namespace {
 
 class Continue : public GameTest {
  protected:
-  Continue() {
-    chance.use_clock();
-    std::filesystem::remove_all(folder_);
-  }
-  ~Continue() override { std::filesystem::remove_all(folder_); }
+  Continue() { chance.use_clock(); }
 
   /// A start of the program: fresh records on the files as they are.
   void start(const std::function<void(MenuWindow&)>& then) {
@@ -47,7 +44,8 @@ class Continue : public GameTest {
     });
   }
 
-  std::filesystem::path folder_ = std::filesystem::temp_directory_path() / "velorin-kept-games";
+  QTemporaryDir place_;
+  std::filesystem::path folder_ = std::filesystem::path(place_.path().toStdString()) / "games";
 };
 
 /// Quits in the console once so many overs have begun there.
@@ -193,6 +191,7 @@ TEST_F(Continue, TheListOfSavedGamesCopiesRenamesDeletesAndGoesOn) {
     user.robot.next("delete_question", pressing("no"));
     user.robot.next("delete_question", pressing("yes"));
     user.robot.next("savedgames", [&](QWidget& window) {
+      take_picture(window, "saved_games");
       check_window(window);
       auto* games = control<TableView>(window, "games");
       ASSERT_EQ(games->table().rows.size(), 1U);
@@ -219,7 +218,7 @@ TEST_F(Continue, AGameOfTheCommandLineIsTakenInAndGoesOn) {
     quit_after(user, 3, "keep");
     choose(menu, "start_game", "new_match");
   });
-  const std::filesystem::path elsewhere = std::filesystem::temp_directory_path() / "velorin-sent.velorin";
+  const std::filesystem::path elsewhere = folder_.parent_path() / "velorin-sent.velorin";
   std::filesystem::rename(games_in(folder_).front().file, elsewhere);
   start([&](MenuWindow& menu) {
     EXPECT_FALSE(offered(menu));
@@ -231,9 +230,8 @@ TEST_F(Continue, AGameOfTheCommandLineIsTakenInAndGoesOn) {
       EXPECT_TRUE(control<QLabel>(window, "text")->text().contains(QStringLiteral("velorin-no-game")));
       press(window, "accept");
     });
-    menu.open_game(QString::fromStdString((std::filesystem::temp_directory_path() / "velorin-no-game").string()));
+    menu.open_game(QString::fromStdString((folder_.parent_path() / "velorin-no-game").string()));
   });
-  std::filesystem::remove(elsewhere);
 }
 
 TEST_F(Continue, ACopyIsSavedUnderANameWhilePlayGoesOn) {

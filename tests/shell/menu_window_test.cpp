@@ -51,8 +51,8 @@ TEST_F(MenuWindowTest, EveryPanelPassesTheChecks) {
 
 TEST_F(MenuWindowTest, PanelsHoldTheirEntries) {
   using list = std::vector<std::string>;
-  EXPECT_EQ(texts("main_panel"), (list{"Quick Match", "Start Game", "Batting Stats", "Bowling Stats", "Other Records",
-                                       "Configurations", "Credits", "Exit"}));
+  EXPECT_EQ(texts("main_panel"), (list{"Continue", "Quick Match", "Start Game", "Saved Games", "Batting Stats",
+                                       "Bowling Stats", "Other Records", "Configurations", "Credits", "Exit"}));
   EXPECT_EQ(texts("start_panel"), (list{"New Match", "New Series", "Tri Series", "World Cup", "<<Back"}));
   EXPECT_EQ(texts("other_panel"), (list{"Player Profiles", "Team Records", "World Rankings", "<<Back"}));
   EXPECT_EQ(texts("batting_panel"),
