@@ -76,6 +76,7 @@ forecast_point point_at(const match_state& match) {
 void print_forecasts(const std::vector<forecast_point>& points, const forecast_options& options, bool as_json,
                      streams io) {
   std::vector<forecast_answer> answers;
+  answers.reserve(points.size());
   for (const forecast_point& point : points) answers.push_back(forecast_rest(point.start, options));
   if (answers.empty()) return;
   if (!as_json) return print_table(points, answers, io.out);

@@ -35,12 +35,15 @@ bool can_come_in(const match_state& match, int position) {
 }
 
 bool can_bowl(const match_state& match, int position) {
-  if (!is_over_to_begin(match) || position < 1 || position > men_in_eleven || position == match.next_bowler) return false;
+  if (!is_over_to_begin(match) || position < 1 || position > men_in_eleven || position == match.next_bowler)
+    return false;
   const auto at = static_cast<std::size_t>(position);
   return match.bowling_xi[at].is_keeper == 0 && match.bowling_card[at].balls < balls_of_quota;
 }
 
-bool is_toss_open(const match_state& match) { return match.next_step == play_step::closed && start_at(match).toss_open; }
+bool is_toss_open(const match_state& match) {
+  return match.next_step == play_step::closed && start_at(match).toss_open;
+}
 
 bool can_be_made(const match_state& match, const captains_choice& choice) {
   const bool level = choice.level >= least_aggression && choice.level <= most_aggression;
@@ -153,7 +156,8 @@ match_state with_choice(const match_state& match, const captains_choice& choice)
 std::vector<captains_choice> choices_at_hand(const match_state& match, advised_side side) {
   std::vector<captains_choice> choices;
   if (match.next_step == play_step::closed) {
-    if (side == advised_side::team_chosen_first && is_toss_open(match)) choices = {{kind::bat_first}, {kind::bowl_first}};
+    if (side == advised_side::team_chosen_first && is_toss_open(match))
+      choices = {{kind::bat_first}, {kind::bowl_first}};
     return choices;
   }
   if (side == advised_side::batting) {
@@ -181,9 +185,8 @@ std::vector<advice> advise(const match_state& match, advised_side side, const st
   for (const captains_choice& choice : choices) {
     if (can_be_made(match, choice)) all.push_back(made_ready(match, choice));
   }
-  const auto shares = play_shared(options.runs, options.threads, options.stop, [&] {
-    return share_of_choices(all, win_of(match, side), options.seed);
-  });
+  const auto shares = play_shared(options.runs, options.threads, options.stop,
+                                  [&] { return share_of_choices(all, win_of(match, side), options.seed); });
   std::vector<advice> advised;
   for (std::size_t i = 0; i < all.size(); ++i) {
     paired_counts sum;

@@ -29,9 +29,9 @@ struct captains_choice {
   int last_over = overs_of_innings;  ///< an aggression holds up to this over, and is the computer's from then on
 };
 
-/// What a choice is worth. An aggression holds until its man is out or the innings is over, since a captain's does until
-/// he changes it, or up to its last over; what would be meant by choosing it for one ball alone is hardly to be told from
-/// chance. All else is played by the computer for both sides.
+/// What a choice is worth. An aggression holds until its man is out or the innings is over, since a captain's does
+/// until he changes it, or up to its last over; what would be meant by choosing it for one ball alone is hardly to be
+/// told from chance. All else is played by the computer for both sides.
 struct advice {
   captains_choice choice;
   double win = 0;             ///< chance that the side that chooses wins

@@ -51,9 +51,8 @@ void match_line::add(const match_state& after) {
 
 std::vector<line_point> match_line::turning_points(std::size_t count) const {
   std::vector<line_point> turns = points_;
-  std::stable_sort(turns.begin(), turns.end(), [](const line_point& a, const line_point& b) {
-    return std::abs(a.swing) > std::abs(b.swing);
-  });
+  std::stable_sort(turns.begin(), turns.end(),
+                   [](const line_point& a, const line_point& b) { return std::abs(a.swing) > std::abs(b.swing); });
   if (turns.size() > count) turns.resize(count);
   return turns;
 }

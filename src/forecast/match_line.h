@@ -15,12 +15,12 @@ struct match_state;
 
 /// A ball of the line.
 struct line_point {
-  delivery ball;               ///< the delivery that was bowled
-  bool first_bats = true;      ///< the side that bats first is batting
-  std::string striker;         ///< the men of it
+  delivery ball;           ///< the delivery that was bowled
+  bool first_bats = true;  ///< the side that bats first is batting
+  std::string striker;     ///< the men of it
   std::string bowler;
-  double win_first = 0;        ///< chance of the side that bats first after the ball
-  double swing = 0;            ///< what the ball has changed in it
+  double win_first = 0;  ///< chance of the side that bats first after the ball
+  double swing = 0;      ///< what the ball has changed in it
   bool is_boundary() const { return ball.outcome == four_runs || ball.outcome == six_runs; }
 };
 
@@ -37,8 +37,8 @@ struct man_impact {
 /// end alike and the line moves by what the balls have changed.
 class match_line {
  public:
-  /// Nobody has bowled yet: the line begins at the chance before the first ball. Requires can_be_forecast(). Raises what
-  /// forecast_rest() does.
+  /// Nobody has bowled yet: the line begins at the chance before the first ball. Requires can_be_forecast(). Raises
+  /// what forecast_rest() does.
   match_line(const match_state& before, const forecast_options& options);
 
   /// A ball more: the state once it is booked, or when the man who comes in is known, or when the match is decided by
@@ -53,8 +53,8 @@ class match_line {
   /// The balls of the greatest swings, most first; of equal ones the earlier. At most `count`.
   std::vector<line_point> turning_points(std::size_t count = 5) const;
 
-  /// Every man who faced or bowled a ball, the greatest impact first. A ball's swing counts for the striker with the bat
-  /// and, turned round, for the bowler with the ball, whatever became of it: extras, too. A run out is none of the
+  /// Every man who faced or bowled a ball, the greatest impact first. A ball's swing counts for the striker with the
+  /// bat and, turned round, for the bowler with the ball, whatever became of it: extras, too. A run out is none of the
   /// bowler's: as on the cards he has no part in it, and its swing counts for the man who is out alone.
   std::vector<man_impact> impacts() const;
 

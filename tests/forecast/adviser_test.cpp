@@ -39,7 +39,8 @@ TEST(Adviser, LeavesOutWhatCannotBeChosen) {
   set_up_sample_match();
   match.selected = {match.batting_xi, match.bowling_xi};
   match.step = match_step::toss;
-  EXPECT_EQ(advise(match, advised_side::batting, {{kind::bowler, 3}, {kind::batting_aggression, 1, 3}}, few).size(), 1U);
+  EXPECT_EQ(advise(match, advised_side::batting, {{kind::bowler, 3}, {kind::batting_aggression, 1, 3}}, few).size(),
+            1U);
   EXPECT_EQ(choices_at_hand(match, advised_side::team_chosen_first).size(), 2U);
   const auto told = advise(match, advised_side::team_chosen_first, {{kind::bat_first}, {kind::bowl_first}}, few);
   ASSERT_EQ(told.size(), 3U);
@@ -66,8 +67,10 @@ TEST(Adviser, TakesTheMenWhoCanCome) {
 TEST(Adviser, TellsTheSameForAnyNumberOfThreads) {
   for (const match_state& state : states_of_a_match(5, 200)) {
     const auto choices = choices_at_hand(state, advised_side::bowling);
-    const auto alone = advise(state, advised_side::bowling, choices, {.runs = 100, .seed = 2, .threads = 1, .stop = {}});
-    const auto several = advise(state, advised_side::bowling, choices, {.runs = 100, .seed = 2, .threads = 3, .stop = {}});
+    const auto alone =
+        advise(state, advised_side::bowling, choices, {.runs = 100, .seed = 2, .threads = 1, .stop = {}});
+    const auto several =
+        advise(state, advised_side::bowling, choices, {.runs = 100, .seed = 2, .threads = 3, .stop = {}});
     ASSERT_EQ(alone.size(), several.size());
     for (std::size_t i = 0; i < alone.size(); ++i) {
       EXPECT_EQ(alone[i].win, several[i].win);

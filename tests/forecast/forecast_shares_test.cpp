@@ -34,9 +34,7 @@ double share_in_full(const match_state& state, int matches, const std::function<
   return static_cast<double>(won) / matches;
 }
 
-double error_of(double share, int matches) {
-  return std::sqrt(std::max(share * (1 - share), 1.0 / matches) / matches);
-}
+double error_of(double share, int matches) { return std::sqrt(std::max(share * (1 - share), 1.0 / matches) / matches); }
 
 TEST(ForecastShares, AreThoseOfTheOrdinaryEngine) {
   int states = 0;
@@ -47,7 +45,8 @@ TEST(ForecastShares, AreThoseOfTheOrdinaryEngine) {
           forecast_rest(kept[i], {.runs = ordinary_matches, .seed = 3, .threads = 1, .stop = {}});
       if (told.undecided != 0) continue;
       const double wanted = share_in_full(kept[i], ordinary_matches, [](match_state&) {});
-      const double allowed = 4 * std::hypot(error_of(wanted, ordinary_matches), error_of(told.win_first, ordinary_matches));
+      const double allowed =
+          4 * std::hypot(error_of(wanted, ordinary_matches), error_of(told.win_first, ordinary_matches));
       EXPECT_NEAR(told.win_first, wanted, allowed) << described(kept[i]);
       ++states;
     }
@@ -66,8 +65,8 @@ TEST(ForecastShares, DifferByAChoiceAsFullMatchesDo) {
   const double computers = share_in_full(state, advised_matches, [](match_state&) {});
   const std::vector<captains_choice> choices = {{captains_choice::kind::batting_aggression, man, 1},
                                                 {captains_choice::kind::batting_aggression, man, 5}};
-  const auto told = advise(state, advised_side::batting, choices,
-                           {.runs = advised_matches, .seed = 3, .threads = 1, .stop = {}});
+  const auto told =
+      advise(state, advised_side::batting, choices, {.runs = advised_matches, .seed = 3, .threads = 1, .stop = {}});
   ASSERT_EQ(told.size(), 3U);
   for (const std::size_t i : {1U, 2U}) {
     const double chosen = share_in_full(state, advised_matches, [&](match_state& played) {
@@ -76,8 +75,8 @@ TEST(ForecastShares, DifferByAChoiceAsFullMatchesDo) {
       if (played.higher_batsman() == man) played.batsman_aggression[1] = choices[i - 1].level;
     });
     const double difference = first_bats ? chosen - computers : computers - chosen;
-    const double error = std::hypot(told[i].standard_error, error_of(chosen, advised_matches),
-                                    error_of(computers, advised_matches));
+    const double error =
+        std::hypot(told[i].standard_error, error_of(chosen, advised_matches), error_of(computers, advised_matches));
     EXPECT_NEAR(told[i].difference, difference, 4 * error) << "aggression " << choices[i - 1].level;
   }
 }

@@ -77,7 +77,8 @@ TEST_F(MatchLine, TurnsAtItsGreatestSwings) {
   const std::vector<line_point> turns = line_->turning_points();
   ASSERT_EQ(turns.size(), 5U);
   std::size_t greater = 0;
-  for (const line_point& point : line_->points()) greater += std::abs(point.swing) > std::abs(turns.back().swing) ? 1 : 0;
+  for (const line_point& point : line_->points())
+    greater += std::abs(point.swing) > std::abs(turns.back().swing) ? 1 : 0;
   EXPECT_LE(greater, 4U);
   for (std::size_t i = 1; i < turns.size(); ++i) EXPECT_GE(std::abs(turns[i - 1].swing), std::abs(turns[i].swing));
 }
