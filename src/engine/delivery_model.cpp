@@ -77,20 +77,8 @@ void add_bowling_aggression(const contest& met, contest_terms& terms) {
   terms.runs_by_bowler = round_to(weight.economy_parts / economy, 3);
 }
 
-}  // namespace
-
-contest contest_in_play(const match_state& match) {
-  const int slot = match.striker_slot();
-  return {.batsman = match.batting_xi[match.striker],
-          .bowler = match.bowling_xi[match.bowler],
-          .conditions = match.ground.pitch_surface + match.ground.pitch_bounce + match.weather + match.outfield,
-          .batting_aggression = match.batsman_aggression[slot],
-          .bowling_aggression = match.bowling_aggression[0],
-          .settled_meter = match.settled_meter[slot],
-          .higher_slot = slot == 1};
-}
-
-contest_terms terms_of(const contest& met) {
+/// Each ball of a match goes through these two; they are worth being written out where they are used.
+[[gnu::always_inline]] inline contest_terms reckoned_terms(const contest& met) {
   const player_rec& batsman = met.batsman;
   const player_rec& bowler = met.bowler;
   const double condition_factor =
@@ -107,7 +95,8 @@ contest_terms terms_of(const contest& met) {
   return terms;
 }
 
-expectations expect_ball(const contest_terms& terms, double settled_meter, const std::string& batsman) {
+[[gnu::always_inline]] inline expectations expectations_of(const contest_terms& terms, double settled_meter,
+                                                           const std::string& batsman) {
   expectations expected{terms.balls_per_wicket, terms.runs_per_over};
   if (terms.meter_a_ball != 0) {
     expected.balls_per_wicket += single(settled_meter / terms.meter_a_ball);
@@ -119,7 +108,28 @@ expectations expect_ball(const contest_terms& terms, double settled_meter, const
   return expected;
 }
 
-expectations expect_ball(const contest& met) { return expect_ball(terms_of(met), met.settled_meter, met.batsman.name); }
+}  // namespace
+
+contest contest_in_play(const match_state& match) {
+  const int slot = match.striker_slot();
+  return {.batsman = match.batting_xi[match.striker],
+          .bowler = match.bowling_xi[match.bowler],
+          .conditions = match.ground.pitch_surface + match.ground.pitch_bounce + match.weather + match.outfield,
+          .batting_aggression = match.batsman_aggression[slot],
+          .bowling_aggression = match.bowling_aggression[0],
+          .settled_meter = match.settled_meter[slot],
+          .higher_slot = slot == 1};
+}
+
+contest_terms terms_of(const contest& met) { return reckoned_terms(met); }
+
+expectations expect_ball(const contest_terms& terms, double settled_meter, const std::string& batsman) {
+  return expectations_of(terms, settled_meter, batsman);
+}
+
+expectations expect_ball(const contest& met) {
+  return expectations_of(reckoned_terms(met), met.settled_meter, met.batsman.name);
+}
 
 expectations expect_delivery(const match_state& match) { return expect_ball(contest_in_play(match)); }
 
