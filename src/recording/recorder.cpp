@@ -79,6 +79,7 @@ void recorder::go_on_with(const recording& before) {
   id_ = text_of(before.beginning.id);
   matches_saved_ =
       static_cast<int>(std::count(before.events.begin(), before.events.end(), recorded_event(recorded_saving{})));
+  last_ = before.events.empty() ? recorded_event() : before.events.back();
   log_ = {};
   game_.chance.log_to(&log_);
   on_ = played_ = true;
@@ -95,6 +96,7 @@ void recorder::game_begins(const entered_game& entered) {
   entries_.beginning(begun);
   id_ = text_of(begun.id);
   matches_saved_ = 0;
+  last_ = {};
   log_ = {};
   game_.chance.log_to(&log_);
   on_ = true;
@@ -123,7 +125,10 @@ void recorder::save(const std::function<void()>& act) {
 void recorder::write(const recorded_event& event) {
   if (!on_) return;
   entries_.chance(log_);
+  // Where a game that broke off goes on, it comes by its last check once more.
+  if (std::holds_alternative<recorded_check>(event) && event == last_) return;
   entries_.event(event);
+  last_ = event;
 }
 
 void recorder::flush(bool settle) {

@@ -107,6 +107,7 @@ class recorder : public front_end {
   bool played_ = false;
   std::string id_;
   int matches_saved_ = 0;
+  recorded_event last_;
   chance_log log_;
   entry_writer entries_;
 };

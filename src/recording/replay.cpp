@@ -256,6 +256,13 @@ class recorded_user : public front_end {
     }
   }
 
+  /// A dialog that the user had opened is answered. One that was open as the game broke off is gone, and the console
+  /// waits for him again.
+  bool is_answered(answer_kind kind) const {
+    const auto* answer = at_end() ? nullptr : std::get_if<captain_answer>(&recorded_.events[next_]);
+    return answer != nullptr && answer->kind == kind;
+  }
+
   void act(console_form& form, const captain_answer& answer) {
     const int first = in_range(static_cast<int>(answer.first), 0, 0xFFFF);
     const int second = in_range(static_cast<int>(answer.second), 0, 0xFFFF);
@@ -278,11 +285,11 @@ class recorded_user : public front_end {
         return form.take_back(static_cast<taken_back>(in_range(first, 0, 1)),
                               static_cast<luck>(in_range(second, 0, 1)));
       case answer_kind::change_bowler:
-        return form.change_bowler();
+        return is_answered(answer_kind::bowler) ? form.change_bowler() : void();
       case answer_kind::change_batsman_aggression:
-        return form.change_batsman_aggression(in_range(first, 0, 1));
+        return is_answered(answer_kind::aggression) ? form.change_batsman_aggression(in_range(first, 0, 1)) : void();
       case answer_kind::change_bowler_aggression:
-        return form.change_bowler_aggression(in_range(first, 0, 1));
+        return is_answered(answer_kind::aggression) ? form.change_bowler_aggression(in_range(first, 0, 1)) : void();
       case answer_kind::set_batsman_aggression:
         return form.set_batsman_aggression(in_range(first, 0, 1), second);
       case answer_kind::set_bowler_aggression:
