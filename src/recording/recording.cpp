@@ -6,6 +6,7 @@
 #include <random>
 #include <utility>
 
+#include "database/lasting_records.h"
 #include "database/layout.h"
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
@@ -56,12 +57,12 @@ void pass_flag(Io& io, Flag& value) {
   }
 }
 
-/// A list with its length; each of its items takes a byte at least.
+/// A list with its length, of so many items at most; each of them takes a byte at least.
 template <class Io, class List, class Pass>
-void pass_list(Io& io, List& list, Pass pass) {
+void pass_list(Io& io, List& list, [[maybe_unused]] std::size_t most, Pass pass) {
   if constexpr (reads<Io>) {
     const std::uint64_t length = io.number();
-    if (length > io.left()) return io.fail();
+    if (length > most || length > io.left()) return io.fail();
     list.resize(static_cast<std::size_t>(length));
   } else {
     io.number(list.size());
@@ -72,14 +73,14 @@ void pass_list(Io& io, List& list, Pass pass) {
 template <class Io, class Game>
 void pass_game(Io& io, Game& game) {
   pass_number(io, game.kind, static_cast<int>(game_kind::world_cup));
-  pass_list(io, game.teams, [&](auto& team) {
+  pass_list(io, game.teams, team_limit, [&](auto& team) {
     pass_text(io, team.name);
     pass_number(io, team.record, 0xFFFF);
     pass_flag(io, team.human);
   });
   pass_text(io, game.ground);
   pass_number(io, game.number, 0xFF);
-  pass_list(io, game.hosts, [&](auto& host) { pass_text(io, host); });
+  pass_list(io, game.hosts, cup_hosts, [&](auto& host) { pass_text(io, host); });
   pass_flag(io, game.practice);
 }
 
@@ -99,7 +100,7 @@ void pass_squad(Io& io, Squad& men) {
 
 template <class Io, class Teams>
 void pass_teams(Io& io, Teams& teams) {
-  pass_list(io, teams, [&](auto& numbered) {
+  pass_list(io, teams, team_limit, [&](auto& numbered) {
     pass_number(io, numbered.first, 0xFFFF);
     pass_text(io, numbered.second.team_name);
     io("", numbered.second.team_flag);
@@ -181,7 +182,7 @@ void pass_beginning(Io& io, Begun& begun) {
   pass_text(io, begun.program);
   pass_game(io, begun.game);
   pass_teams(io, begun.teams);
-  pass_list(io, begun.grounds, [&](auto& ground) { visit_fields(ground, io); });
+  pass_list(io, begun.grounds, longest_entry, [&](auto& ground) { visit_fields(ground, io); });
   pass_text(io, begun.database);
   pass_text(io, begun.text_color);
   pass_text(io, begun.back_color);
