@@ -54,13 +54,18 @@ recording recording_file::go_on(const std::filesystem::path& file) {
     take(-1);
     raise_in_use(file);
   }
-  recording before = read_recording(file);
-  length_ = before.whole_bytes;
-  if (::ftruncate(file_.number(), static_cast<off_t>(length_)) != 0 ||
-      ::lseek(file_.number(), static_cast<off_t>(length_), SEEK_SET) < 0) {
-    raise_file_error("The recording cannot be written", errno, file);
+  try {
+    recording before = read_recording(file);
+    length_ = before.whole_bytes;
+    if (::ftruncate(file_.number(), static_cast<off_t>(length_)) != 0 ||
+        ::lseek(file_.number(), static_cast<off_t>(length_), SEEK_SET) < 0) {
+      raise_file_error("The recording cannot be written", errno, file);
+    }
+    return before;
+  } catch (const run_time_error&) {
+    take(-1);  // nobody plays it
+    throw;
   }
-  return before;
 }
 
 void recording_file::append(std::string_view bytes) {
@@ -90,6 +95,8 @@ void recording_file::end() {
   changed_.wait(hold, [this] { return !settling_; });
   if (file_.open()) ::fdatasync(file_.number());
   to_settle_ = false;
+  // A file that had no room for a beginning is none.
+  if (file_.open() && length_ == 0) ::unlink(path_.c_str());
   file_.close();
 }
 

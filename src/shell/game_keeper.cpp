@@ -33,27 +33,33 @@ std::filesystem::path GameKeeper::file_in_play() const {
 
 bool GameKeeper::take_up(const std::filesystem::path& file) {
   recorder_.stop();
-  const std::string name = file_name_text(file);
   const recording before = file_.go_on(file);
-  open_database data = game_.data;
-  if (data.files.base != before.beginning.database) {
-    const std::vector<std::string> offered = databases_on_offer(data.files.folder);
-    if (std::find(offered.begin(), offered.end(), before.beginning.database) == offered.end()) {
-      file_.end();
-      throw run_time_error(failure::file,
-                           "The game is of the database \"" + before.beginning.database + "\", which is not on offer",
-                           {.file = name, .record = 0, .field = {}, .player = {}});
+  try {
+    std::optional<game_state> game = game_to_continue(before, file_name_text(file), database_of(before, file));
+    if (game) {
+      game_ = *std::move(game);
+      recorder_.go_on_with(before);
+      return true;
     }
-    use_database(data, before.beginning.database);
-  }
-  std::optional<game_state> game = game_to_continue(before, name, data);
-  if (!game) {
+  } catch (const run_time_error&) {
     file_.end();
-    return false;
+    throw;
   }
-  game_ = *std::move(game);
-  recorder_.go_on_with(before);
-  return true;
+  file_.end();
+  return false;
+}
+
+open_database GameKeeper::database_of(const recording& before, const std::filesystem::path& file) const {
+  open_database data = game_.data;
+  const std::string& base = before.beginning.database;
+  if (data.files.base == base) return data;
+  const std::vector<std::string> offered = databases_on_offer(data.files.folder);
+  if (std::find(offered.begin(), offered.end(), base) == offered.end()) {
+    throw run_time_error(failure::file, "The game is of the database \"" + base + "\", which is not on offer",
+                         {.file = file_name_text(file), .record = 0, .field = {}, .player = {}});
+  }
+  use_database(data, base);
+  return data;
 }
 
 void GameKeeper::game_over() {

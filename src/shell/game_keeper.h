@@ -51,6 +51,9 @@ class GameKeeper {
     const GameKeeper& keeper_;
   };
 
+  /// The database that the game of a recording is played on. Raises run_time_error (file) if it is not on offer.
+  open_database database_of(const recording& before, const std::filesystem::path& file) const;
+
   game_state& game_;
   std::filesystem::path folder_;
   File file_{*this};

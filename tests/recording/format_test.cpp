@@ -110,10 +110,12 @@ TEST(RecordingFormat, TheExampleIsReadAsWhatItTells) {
   EXPECT_EQ(read.beginning.chance_state, told.chance_state);
   EXPECT_EQ(read.readings, (std::vector<std::uint64_t>{1000, 1300, 1299}));
   EXPECT_EQ(read.draws, std::vector<double>{0.5});
-  const std::vector<recorded_event> events = {
-      captain_answer{answer_kind::conditions, 0x4321}, captain_answer{answer_kind::next_batsman, 3, 5},
-      captain_answer{answer_kind::read},               recorded_check{0x11223344},
-      recorded_saving{},                               recorded_end{}};
+  const std::vector<recorded_event> events = {captain_answer{answer_kind::conditions, 0x4321},
+                                              captain_answer{answer_kind::next_batsman, 3, 5},
+                                              captain_answer{answer_kind::read},
+                                              recorded_check{0x11223344},
+                                              recorded_saving{},
+                                              recorded_end{}};
   EXPECT_TRUE(read.events == events);
   EXPECT_TRUE(read.ended());
   EXPECT_EQ(read.whole_bytes, example().size());

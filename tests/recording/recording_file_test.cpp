@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The file of a game in play: one player at a time, what is torn is cut off, and a disk without room loses the recording
+// but not the game.
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "model/run_time_error.h"
+#include "recording/kept_games.h"
+#include "recording/recorded_games.h"
+#include "recording/recording_file.h"
+#include "recording/replay.h"
+#include "support/folder_contents.h"
+#include "support/game_in_play.h"
+#include "support/stopping_user.h"
+
+namespace velorin::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Files that may not grow beyond a limit while this lives.
+class small_files {
+ public:
+  explicit small_files(rlim_t bytes) {
+    before_ = std::signal(SIGXFSZ, SIG_IGN);
+    ::getrlimit(RLIMIT_FSIZE, &limit_);
+    const rlimit small = {bytes, limit_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+  }
+  ~small_files() {
+    ::setrlimit(RLIMIT_FSIZE, &limit_);
+    std::signal(SIGXFSZ, before_);
+  }
+  small_files(const small_files&) = delete;
+  small_files& operator=(const small_files&) = delete;
+
+ private:
+  rlimit limit_{};
+  void (*before_)(int) = nullptr;
+};
+
+/// A random captain who answers a save that fails.
+class patient_captain : public random_captain {
+ public:
+  using random_captain::random_captain;
+
+  std::function<save_answer()> at_failure;
+  std::vector<std::string> causes;
+
+  save_answer answer(const failed_save& failed) override {
+    causes.push_back(failed.cause);
+    return at_failure();
+  }
+};
+
+class RecordingFile : public RecordedGames {
+ protected:
+  RecordingFile() : file_(database_.folder() / "kept.velorin") {}
+
+  static void write(const fs::path& file, const std::string& bytes) {
+    std::ofstream(file, std::ios::binary | std::ios::trunc) << bytes;
+  }
+
+  /// Plays a match that is recorded to the file. Returns how it ended.
+  std::string play_to_file(patient_captain& captain, game_state& game) {
+    game.data.files = data.files;
+    game.data.files.elevens_in_memory = true;
+    game.chance.use_seed(3);
+    recording_file file;
+    file.use(file_);
+    recorder recorded(captain, game, file, "test");
+    captain.asks_through = &recorded;
+    match_of(1, 4, 3, 3).start(game, recorded);
+    recorded.game_over();
+    return end_of(game);
+  }
+
+  fs::path file_;
+};
+
+/// Why a game cannot be gone on with; "" if it can.
+std::string refusal_of(const fs::path& path) {
+  try {
+    recording_file file;
+    file.go_on(path);
+  } catch (const run_time_error& fault) {
+    return fault.what();
+  }
+  return {};
+}
+
+TEST_F(RecordingFile, OneProgramPlaysAGameAtATime) {
+  write(file_, play(match_of(0, 1, 0, 1)).bytes);
+  {
+    recording_file first;
+    first.go_on(file_);
+    EXPECT_TRUE(is_in_use(file_));
+    EXPECT_THAT(refusal_of(file_), ::testing::HasSubstr("Another program plays this game"));
+    EXPECT_EQ(game_that_waits(database_.folder()), fs::path());
+    first.end();
+    EXPECT_FALSE(is_in_use(file_));
+    EXPECT_EQ(refusal_of(file_), "");
+  }
+  recording_file second;
+  EXPECT_NO_THROW(second.go_on(file_));
+}
+
+TEST_F(RecordingFile, OfTwoGamesBegunAtOnceNoneTakesTheOthersFile) {
+  recording_file first;
+  first.use(file_);
+  first.begin({});
+  recording_file second;
+  second.use(file_);
+  EXPECT_THROW(second.begin({}), run_time_error);
+  EXPECT_NE(free_game_file(database_.folder(), "kept"), file_);
+}
+
+TEST_F(RecordingFile, WhatIsTornIsCutOffAndPlayGoesOnBehindIt) {
+  const std::string whole = play(match_of(0, 1, 1, 2)).bytes;
+  const recording all = read_recording(whole, "all");
+  const std::string torn = whole.substr(0, whole.size() * 3 / 4);
+  const std::size_t kept = read_recording(torn, "torn").whole_bytes;
+  write(file_, torn + std::string(100, '\0'));
+  recording_file file;
+  EXPECT_EQ(file.go_on(file_).whole_bytes, kept);
+  EXPECT_EQ(fs::file_size(file_), kept);
+  file.append(std::string_view(whole).substr(kept));
+  file.end();
+  EXPECT_TRUE(file_bytes(file_) == whole);
+}
+
+TEST_F(RecordingFile, ADamagedGameIsLeftAsItIsAndFree) {
+  std::string bytes = play(match_of(0, 1, 0, 1)).bytes;
+  bytes[200] = static_cast<char>(bytes[200] ^ 1);
+  write(file_, bytes);
+  recording_file file;
+  EXPECT_THROW(file.go_on(file_), run_time_error);
+  EXPECT_FALSE(is_in_use(file_)) << "nobody plays it";
+  EXPECT_TRUE(file_bytes(file_) == bytes);
+  EXPECT_NE(look_at_game(file_).fault, "");
+}
+
+TEST_F(RecordingFile, AGameGoesOnWithoutOneOnAFullDisk) {
+  auto game = std::make_unique<game_state>();
+  patient_captain undisturbed(*game, 3);
+  const std::string end = play_to_file(undisturbed, *game);
+  const std::string whole = file_bytes(file_);
+  for (const rlim_t room : {0UL, 700UL, whole.size() / 2, whole.size() - 1}) {
+    SCOPED_TRACE(room);
+    fs::remove(file_);
+    *game = {};
+    patient_captain captain(*game, 3);
+    captain.at_failure = [] { return save_answer::go_on; };
+    std::string ended;
+    {
+      const small_files full(room);
+      ended = play_to_file(captain, *game);
+    }
+    EXPECT_EQ(ended, end) << "the match is the same";
+    ASSERT_EQ(captain.causes.size(), 1U) << "told once";
+    EXPECT_THAT(captain.causes[0], ::testing::HasSubstr("cannot be recorded"));
+    ASSERT_EQ(fs::exists(file_), room > 1000) << "a file without a beginning is none";
+    if (!fs::exists(file_)) continue;
+    const std::string bytes = file_bytes(file_);
+    EXPECT_LE(bytes.size(), room);
+    const recording read = read_recording(bytes, "full");
+    EXPECT_EQ(read.whole_bytes, bytes.size()) << "nothing is half written";
+    EXPECT_FALSE(read.ended());
+    game_state again = game_at_beginning(read);
+    EXPECT_EQ(replay(read, "full", again), room < whole.size() - 1 ? replay_end::open : replay_end::over);
+  }
+}
+
+TEST_F(RecordingFile, RetryGoesOnWhereTheDiskWasFull) {
+  auto game = std::make_unique<game_state>();
+  std::optional<small_files> full(std::in_place, 1500);
+  patient_captain captain(*game, 3);
+  int asked = 0;
+  captain.at_failure = [&] {
+    if (++asked == 3) full.reset();
+    return save_answer::retry;
+  };
+  const std::string end = play_to_file(captain, *game);
+  EXPECT_EQ(asked, 3) << "twice in vain";
+  const recording read = read_recording(file_);
+  EXPECT_TRUE(read.ended());
+  EXPECT_EQ(read.whole_bytes, fs::file_size(file_));
+  game_state again = game_at_beginning(read);
+  EXPECT_EQ(replay(read, "retried", again), replay_end::over);
+  EXPECT_EQ(end_of(again), end);
+}
+
+}  // namespace
+}  // namespace velorin::testing
