@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file of a game in play: one player at a time, what is torn is cut off, and a disk without room loses the recording
-// but not the game.
+// The file of a game in play: one player at a time, what is torn is cut off, and a disk without room loses the
+// recording but not the game.
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 
