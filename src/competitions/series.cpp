@@ -132,8 +132,7 @@ void series_form::accept() {
                                     entered_team_of(teams, away_team_index, !computer_captains_away)},
                           .ground = {},
                           .number = matches,
-                          .hosts = {},
-                          .practice = false});
+                          .hosts = {}});
   play_.chance.reseed();
   series_standing before = std::move(series_);
   series_ = {};

@@ -160,8 +160,7 @@ void tri_series_form::set_rounds(int value) { typed_rounds = number_text(value);
 
 void tri_series_form::accept() {
   const int rounds = typed_number(typed_rounds, most_tri_rounds, "Text1");
-  entered_game entered{
-      .kind = game_kind::tri_series, .teams = {}, .ground = {}, .number = rounds, .hosts = {}, .practice = false};
+  entered_game entered{.kind = game_kind::tri_series, .teams = {}, .ground = {}, .number = rounds, .hosts = {}};
   for (std::size_t i = 0; i < tri_teams; ++i) {
     entered.teams.push_back(entered_team_of(teams, team_index[i], !computer_captains[i]));
   }

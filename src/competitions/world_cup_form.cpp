@@ -309,8 +309,7 @@ void world_cup_form::begin() {
 }
 
 entered_game world_cup_form::entered() const {
-  entered_game entered{
-      .kind = game_kind::world_cup, .teams = {}, .ground = {}, .number = 0, .hosts = hosts(), .practice = false};
+  entered_game entered{.kind = game_kind::world_cup, .teams = {}, .ground = {}, .number = 0, .hosts = hosts()};
   for (std::size_t i = 0; i < cup_group_teams; ++i) {
     entered.teams.push_back(entered_team_of(teams, group_a_index[i], human_a[i]));
   }

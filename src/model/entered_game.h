@@ -25,9 +25,8 @@ struct entered_game {
   /// First and second team; home and away; the three; Group A's five and Group B's.
   std::vector<entered_team> teams;
   std::string ground;              ///< of a match
-  int number = 0;                  ///< matches of a series, rounds of a tri series
+  int number = 0;                  ///< matches of a series, rounds of a tri series; of a match 1 for practice, else 0
   std::vector<std::string> hosts;  ///< of a World Cup, "" for a box left empty
-  bool practice = false;           ///< a match that counts for nothing
 
   bool operator==(const entered_game&) const = default;
 };

@@ -42,6 +42,17 @@ std::uint32_t packed_ticks(const team_selection_form& form) {
   return packed;
 }
 
+/// What was bowled last was asked for as an over, and not as a ball by itself.
+bool broke_off_in_over(const recording& before) {
+  for (auto event = before.events.rbegin(); event != before.events.rend(); ++event) {
+    const auto* answer = std::get_if<captain_answer>(&*event);
+    if (answer == nullptr) continue;
+    if (answer->kind == answer_kind::next_over || answer->kind == answer_kind::go_on) return true;
+    if (answer->kind == answer_kind::next_ball) return false;
+  }
+  return false;
+}
+
 }  // namespace
 
 recorded_beginning beginning_of(const entered_game& entered, game_state& game) {
@@ -80,6 +91,7 @@ void recorder::go_on_with(const recording& before) {
   matches_saved_ =
       static_cast<int>(std::count(before.events.begin(), before.events.end(), recorded_event(recorded_saving{})));
   last_ = before.events.empty() ? recorded_event() : before.events.back();
+  goes_on_within_over_ = broke_off_in_over(before);
   log_ = {};
   game_.chance.log_to(&log_);
   on_ = played_ = true;
@@ -97,6 +109,7 @@ void recorder::game_begins(const entered_game& entered) {
   id_ = text_of(begun.id);
   matches_saved_ = 0;
   last_ = {};
+  goes_on_within_over_ = false;
   log_ = {};
   game_.chance.log_to(&log_);
   on_ = true;
@@ -148,6 +161,8 @@ void recorder::record(const captain_answer& answer) {
 
 void recorder::answered(const captain_answer& answer) {
   shown_by_.answered(answer);
+  const bool asked_before = std::exchange(goes_on_within_over_, false) && answer.kind == answer_kind::go_on;
+  if (asked_before) return;
   if (answer.kind == answer_kind::next_over) write(check_of(game_.match));
   record(answer);
 }

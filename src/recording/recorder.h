@@ -108,6 +108,7 @@ class recorder : public front_end {
   std::string id_;
   int matches_saved_ = 0;
   recorded_event last_;
+  bool goes_on_within_over_ = false;  // the over at which the recording broke off is still asked for
   chance_log log_;
   entry_writer entries_;
 };

@@ -81,7 +81,6 @@ void pass_game(Io& io, Game& game) {
   pass_text(io, game.ground);
   pass_number(io, game.number, 0xFF);
   pass_list(io, game.hosts, cup_hosts, [&](auto& host) { pass_text(io, host); });
-  pass_flag(io, game.practice);
 }
 
 template <class Io, class Squad>

@@ -345,7 +345,7 @@ void play_match(const recording& recorded, const std::string& name, const match_
   form.second_team_index = place_of(recorded, name, entered.teams[1]);
   form.grounds = {entered.ground};
   form.ground_index = 0;
-  form.practice = entered.practice;
+  form.practice = entered.number == 1;
   form.computer_captains_first = !entered.teams[0].human;
   form.computer_captains_second = !entered.teams[1].human;
   form.accept();

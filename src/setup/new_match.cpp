@@ -161,9 +161,8 @@ entered_game new_match_form::entered() const {
   return {.kind = game_kind::match,
           .teams = {team(first_team_index, computer_captains_first), team(second_team_index, computer_captains_second)},
           .ground = ground_name(),
-          .number = 0,
-          .hosts = {},
-          .practice = practice};
+          .number = practice ? 1 : 0,
+          .hosts = {}};
 }
 
 void new_match_form::accept() {

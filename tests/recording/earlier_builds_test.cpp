@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The recordings of tests/data/recordings were made by earlier builds. This one plays them to what is noted beside them:
-// a line for each card at which play stopped and for each match, with the check of what was to be read there. Whoever
-// changes what they play raises rules_version and puts recordings of his build in their place.
+// The recordings of tests/data/recordings were made by earlier builds. This one plays them to what is noted beside
+// them: a line for each card at which play stopped and for each match, with the check of what was to be read there.
+// Whoever changes what they play raises rules_version and puts recordings of his build in their place.
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
