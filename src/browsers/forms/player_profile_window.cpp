@@ -26,6 +26,8 @@ namespace velorin {
 
 namespace {
 
+constexpr QSize photo_size(160, 200);
+
 QComboBox* new_list(const QString& name, const std::vector<std::string>& texts, int chosen) {
   auto* list = new QComboBox;
   list->setObjectName(name);
@@ -142,7 +144,7 @@ QWidget* PlayerProfileWindow::new_figures() {
   batting_ = batting.grid;
   bowling_ = bowling.grid;
   fielding_ = fielding.grid;
-  photo_ = new PhotoView(QStringLiteral("photo"), QSize(160, 200));
+  photo_ = new PhotoView(QStringLiteral("photo"), photo_size);
   card_rows(person)->addWidget(photo_, 0, Qt::AlignHCenter);
   card_rows(person)->addLayout(person_);
   card_rows(person)->addStretch(1);
@@ -162,7 +164,7 @@ QWidget* PlayerProfileWindow::new_standing() {
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(16);
   QFrame* person = new_card();
-  newcomer_photo_ = new PhotoView(QStringLiteral("newcomer_photo"), QSize(160, 160));
+  newcomer_photo_ = new PhotoView(QStringLiteral("newcomer_photo"), photo_size);
   newcomer_ = new QVBoxLayout;
   card_rows(person)->addWidget(newcomer_photo_, 0, Qt::AlignHCenter);
   card_rows(person)->addLayout(newcomer_);
@@ -234,7 +236,7 @@ void PlayerProfileWindow::show_standing() {
   std::vector<shown_field> fields = form_.person;
   for (const shown_field& field : standing_fields(*form_.standing)) fields.push_back(field);
   show_person(newcomer_, QStringLiteral("newcomer"), fields);
-  newcomer_photo_->show_photo(shown(form_.person.front().text), form_.photo);
+  newcomer_photo_->show_photo(shown(form_.person.front().text), form_.photo, teams_->currentText());
   for (std::size_t i = 0; i < skills_.size(); ++i) {
     const rated_skill& skill = form_.standing->skills[i];
     skills_[i].text->setText(QStringLiteral("%1: %2").arg(shown(skill.caption), shown(skill.text)));

@@ -207,6 +207,18 @@ TEST_F(PlayerProfileWindowTest, ShowsHowAManWithoutACareerCompares) {
   EXPECT_TRUE(control<QLabel>(window, "no_career")->isVisible());
   EXPECT_EQ(control<QLabel>(window, "newcomer_1")->text(), shown(form.players[static_cast<std::size_t>(newcomer)]));
   EXPECT_EQ(control<QLabel>(window, "newcomer_3")->text(), shown(form.standing->role));
+  // In his team's cap, as large as the others.
+  auto* portrait = control<PhotoView>(window, "newcomer_photo");
+  PhotoView capped(QStringLiteral("capped"), control<PhotoView>(window, "photo")->sizeHint());
+  capped.show_photo(shown(form.players[static_cast<std::size_t>(newcomer)]), std::nullopt,
+                    control<QComboBox>(window, "teams")->currentText());
+  EXPECT_EQ(portrait->size(), capped.size());
+  const QRect within(16, 16, 128, 168);  // without the rounded corners
+  const auto drawn = [&](PhotoView& view) {
+    return view.grab(within).toImage().convertToFormat(QImage::Format_RGB32);
+  };
+  EXPECT_EQ(drawn(*portrait), drawn(capped));
+  EXPECT_EQ(form.person.front().text, form.players[static_cast<std::size_t>(newcomer)]);
   for (int i = 1; i <= 3; ++i) {
     const rated_skill& skill = form.standing->skills[static_cast<std::size_t>(i - 1)];
     EXPECT_EQ(control<QLabel>(window, ("skill_place_" + std::to_string(i)).c_str())->text(), shown(skill.place_text));
