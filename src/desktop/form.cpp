@@ -128,7 +128,8 @@ void Form::add_return_bar() {
   return_bar_->setObjectName(QStringLiteral("return_bar"));
   auto* row = new QHBoxLayout(return_bar_);
   row->setContentsMargins(12, 6, 12, 6);
-  auto* button = new QPushButton(return_bar_);
+  put_back_button_ = new QPushButton(return_bar_);
+  QPushButton* button = put_back_button_;
   button->setObjectName(QStringLiteral("put_back"));
   button->setAutoDefault(false);
   name_act(*button, {.caption = QStringLiteral("Put back"),
@@ -142,6 +143,19 @@ void Form::add_return_bar() {
   row->addWidget(button);
   return_bar_->hide();
   layout()->addWidget(return_bar_);
+}
+
+void Form::offer_return(bool offered) {
+  QBoxLayout* row = nullptr;
+  for (const QWidget* head : findChildren<QWidget*>(QStringLiteral("head"))) {
+    if (!head->isHidden()) row = qobject_cast<QBoxLayout*>(head->layout());
+  }
+  const bool in_head = offered && row != nullptr;
+  head_->layout()->setContentsMargins(0, 0, in_head ? 16 : 0, 0);
+  if (!in_head) row = static_cast<QBoxLayout*>(return_bar_->layout());
+  row->addWidget(put_back_button_, 0, Qt::AlignVCenter);
+  put_back_button_->setVisible(offered);
+  return_bar_->setVisible(offered && !in_head);
 }
 
 Frame* Form::main_window() const { return frame_; }
@@ -192,7 +206,7 @@ QSize Form::size_within(QSize most) {
 void Form::stand_alone(std::function<void()> back) {
   moving_ = true;
   put_back_ = std::move(back);
-  return_bar_->show();
+  offer_return(true);
   placed_ = false;
   setParent(frame_, window_flags);
   QDialog::setVisible(true);
@@ -202,7 +216,7 @@ void Form::stand_alone(std::function<void()> back) {
 void Form::come_back(QWidget* slot) {
   moving_ = true;
   preferences::set_geometry(objectName(), saveGeometry());
-  return_bar_->hide();
+  offer_return(false);
   setParent(slot, Qt::Widget);
   QDialog::setVisible(true);
   moving_ = false;
@@ -210,7 +224,7 @@ void Form::come_back(QWidget* slot) {
 
 void Form::rest(QWidget* hidden) {
   moving_ = true;
-  return_bar_->hide();
+  offer_return(false);
   setParent(hidden, Qt::Widget);
   moving_ = false;
 }
@@ -259,13 +273,13 @@ QPushButton* Form::new_button(const QString& name, const Act& act, std::function
   button->setAutoDefault(false);
   name_act(*button, act);
   connect(button, &QPushButton::clicked, this, [pressed = std::move(pressed)] { guarded(pressed); });
-  foot_->show();
   return button;
 }
 
 QPushButton* Form::add_button(const QString& name, const Act& act, std::function<void()> pressed) {
   QPushButton* button = new_button(name, act, std::move(pressed));
   buttons_->addWidget(button);
+  foot_->show();
   return button;
 }
 

@@ -83,6 +83,8 @@ class Form : public QDialog {
   QPushButton* add_button(const QString& name, const Act& act, std::function<void()> pressed);
   /// Likewise; Return presses it. A form has one.
   QPushButton* add_default_button(const QString& name, const Act& act, std::function<void()> pressed);
+  /// A button for a place of its own in the body.
+  QPushButton* new_button(const QString& name, const Act& act, std::function<void()> pressed);
   /// Gives the keyboard to that button, if there is one.
   void focus_default();
   void add_aside(QWidget* widget);
@@ -126,9 +128,9 @@ class Form : public QDialog {
   void hideEvent(QHideEvent* event) override;
 
  private:
-  QPushButton* new_button(const QString& name, const Act& act, std::function<void()> pressed);
-
   void add_return_bar();
+  /// Shows the button that leads back in the head of the form, in a bar of its own where it has none; or hides it.
+  void offer_return(bool offered);
   void tell_help();
   void show_busy(bool on);
   /// What the desktop puts around the window; the usual before that is known.
@@ -155,6 +157,7 @@ class Form : public QDialog {
   QString about_;
   bool shows_score_ = false;
   QWidget* return_bar_ = nullptr;
+  QPushButton* put_back_button_ = nullptr;  // in the bar, or in a head that is shown
   std::function<void()> put_back_;
 
   Dismissal dismissal_;

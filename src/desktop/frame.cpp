@@ -93,6 +93,7 @@ Frame::Frame() : area_(new QWidget(this)), shade_(new Shade(area_)), resting_(ne
   rows->addWidget(area_, 1);
   shade_->setObjectName(QStringLiteral("shade"));
   shade_->hide();
+  add_away();
   resting_->setObjectName(QStringLiteral("resting"));
   resting_->hide();
 }
@@ -101,6 +102,31 @@ Frame::~Frame() {
   area_->removeEventFilter(this);
   // Forms that live longer find no frame any more.
   layers_.clear();
+}
+
+/// What stands over the page below one that has a window of its own.
+void Frame::add_away() {
+  away_ = new QFrame(shade_);
+  away_->setObjectName(QStringLiteral("away"));
+  away_->setProperty("card", true);
+  auto* rows = new QVBoxLayout(away_);
+  rows->setContentsMargins(32, 24, 32, 24);
+  rows->setSpacing(8);
+  away_title_ = new_named_label(QStringLiteral("away_title"), {}, TextRole::heading, away_);
+  rows->addWidget(away_title_, 0, Qt::AlignHCenter);
+  rows->addWidget(new_label(QStringLiteral("stands in a window of its own; Put back there leads back here."),
+                            TextRole::muted, away_),
+                  0, Qt::AlignHCenter);
+  away_->hide();
+}
+
+void Frame::show_away(const Form* torn) {
+  away_->setVisible(torn != nullptr);
+  if (torn == nullptr) return;
+  away_title_->setText(title_of(*torn));
+  away_->setMaximumWidth(std::max(0, area_->width() - 2 * around_sheet));
+  away_->adjustSize();
+  away_->move(area_->rect().center() - away_->rect().center());
 }
 
 void Frame::add_bar() {
@@ -320,7 +346,14 @@ void Frame::arrange() {
     }
     layer.slot->setVisible(!hidden);
   }
-  shade_->setVisible(dimmed);
+  const auto waiting = std::as_const(*this).top_layer();
+  const bool away = waiting != layers_.cend() && waiting->torn;
+  if (away) {
+    shade_->setGeometry(area_->rect());
+    shade_->raise();
+  }
+  show_away(away ? waiting->form : nullptr);
+  shade_->setVisible(dimmed || away);
   if (top_form != nullptr) uncover(const_cast<Form&>(*top_form));
   for (const Layer& layer : layers_) layer.form->note_covered(is_covered(*layer.form));
 }
@@ -393,7 +426,7 @@ void Frame::show_bar() {
   trail_->setToolTip(words);
   const bool page = form.place() != Form::Place::sheet && waiting != layers_.begin();
   score_->setVisible(!score_->text().isEmpty() && !form.shows_score());
-  back_->setEnabled(page && form.can_be_left());
+  back_->setEnabled(page && !waiting->torn && form.can_be_left());
   tear_off_->setEnabled(page && !waiting->torn);
   save_->setEnabled(page);
   const QString title = title_of(form);

@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+class QFrame;
 class QLabel;
 class QPushButton;
 class QTimer;
@@ -77,6 +78,9 @@ class Frame : public QWidget {
   };
 
   void add_bar();
+  void add_away();
+  /// Tells of the form that waits in a window of its own; nullptr for none.
+  void show_away(const Form* torn);
   void show_bar();
   std::vector<Layer>::iterator layer_of(const Form& form);
   void remove(std::vector<Layer>::iterator layer);
@@ -103,6 +107,8 @@ class Frame : public QWidget {
   std::function<void()> save_game_;
   QWidget* area_;
   QWidget* shade_;
+  QFrame* away_ = nullptr;  // on the shade
+  QLabel* away_title_ = nullptr;
   QWidget* resting_;  // hidden forms that may be shown again
   bool placed_ = false;
 };

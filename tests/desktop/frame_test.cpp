@@ -242,10 +242,17 @@ TEST_F(MainWindow, APageIsTornOffAndPutBack) {
     EXPECT_TRUE(is_covered(menu_)) << "and dead";
     EXPECT_EQ(waiting_window(), &page);
     check_window(page);
+    EXPECT_TRUE(part<QWidget>("shade").isVisible()) << "and looks so";
+    EXPECT_TRUE(part<QWidget>("away").isVisible());
+    EXPECT_EQ(part<QLabel>("away_title").text(), page.windowTitle());
+    EXPECT_FALSE(part<QPushButton>("back").isEnabled());
+    EXPECT_EQ(page.findChild<QWidget*>(QStringLiteral("put_back"))->parentWidget()->objectName(), "head");
     press(page, "put_back");
     EXPECT_FALSE(page.isWindow());
     EXPECT_FALSE(frame_.is_torn_off(page));
     EXPECT_FALSE(menu_.isVisible());
+    EXPECT_FALSE(part<QWidget>("away").isVisible());
+    EXPECT_FALSE(page.findChild<QWidget*>(QStringLiteral("put_back"))->isVisible());
     EXPECT_EQ(place_of(page).bottom(), frame_.rect().bottom());
     press(frame_, "tear_off");
     page.resize(777, 555);
