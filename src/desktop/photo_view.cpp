@@ -86,13 +86,17 @@ void PhotoView::paintEvent(QPaintEvent*) {
   QPainterPath frame;
   frame.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
   painter.setClipPath(frame);
-  if (shows_portrait()) {
-    painter.drawPixmap(rect(), portrait());
-  } else if (photo_.isNull()) {
+  if (photo_.isNull() && !shows_portrait()) {
+    // Nobody yet: the outline of a man.
     painter.fillRect(rect(), t.card_raised);
-    painter.setPen(t.muted);
-    painter.setFont(type_font(TypeStep::small));
-    painter.drawText(rect().adjusted(3, 3, -3, -3), Qt::AlignCenter | Qt::TextWordWrap, QString::fromLatin1(no_photo));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(t.line);
+    const double wide = width();
+    const double head = wide * 0.2;
+    painter.drawEllipse(QPointF(wide / 2, height() * 0.42), head, head * 1.15);
+    painter.drawEllipse(QPointF(wide / 2, height() * 0.42 + wide * 0.68), wide * 0.4, wide * 0.4);
+  } else if (shows_portrait()) {
+    painter.drawPixmap(rect(), portrait());
   } else {
     const QSize scaled = photo_.size().scaled(size(), Qt::KeepAspectRatioByExpanding);
     painter.drawPixmap(QRect(QPoint((width() - scaled.width()) / 2, 0), scaled), photo_);

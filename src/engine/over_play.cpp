@@ -100,15 +100,31 @@ bool awaits_ball(play_step step) {
          step == play_step::ball_bowled;
 }
 
+/// While it lives, whoever sits before the match sees its console.
+class ConsoleInSight {
+ public:
+  ConsoleInSight(const match_play& play, console_form& console) : user_(play.user), opened_(play.match.attended) {
+    if (opened_) user_.console_opens(console);
+  }
+  ~ConsoleInSight() {
+    if (opened_) user_.console_closes();
+  }
+  ConsoleInSight(const ConsoleInSight&) = delete;
+  ConsoleInSight& operator=(const ConsoleInSight&) = delete;
+
+ private:
+  front_end& user_;
+  bool opened_;
+};
+
 /// With somebody before the match the console is shown until it is over.
-void show_console(const match_play& play) {
+void show_console(const match_play& play, console_form& console) {
   if (play.match.console_open && play.match.human_involved()) {
     // However it is left, no later match plays with what is kept for one of practice.
     struct Kept {
       random_source& chance;
       ~Kept() { chance.forget_readings(); }
     } const kept{play.chance};
-    console_form console(play);
     play.user.show(console);
   }
   play.match.console_open = false;
@@ -282,20 +298,22 @@ void bowl_next_ball(const match_play& play) {
 }
 
 void play_match(const match_play& play) {
-  open_console(play);
-  show_console(play);
+  begin_play(play.match);
+  resume_play(play);
 }
 
 void resume_play(const match_play& play) {
   match_state& match = play.match;
   if (match.next_step == play_step::closed) return;
+  console_form console(play);
+  const ConsoleInSight in_sight(play, console);
   if (!match.attended) {
     play_unattended(play);
   } else if (match.innings_number == 1 && match.deliveries.empty()) {
-    // The console is shown once the first innings has been opened.
+    // The console is used once the first innings has been opened.
     take_steps(play);
   }
-  show_console(play);
+  show_console(play, console);
 }
 
 void set_captain(match_state& match, match_side side, bool computer) {

@@ -77,6 +77,8 @@ class recorder : public front_end {
   void show(aggression_form& form) override;
   void show(batsman_details_form& form) override;
   void show(console_form& form) override;
+  void console_opens(console_form& form) override { shown_by_.console_opens(form); }
+  void console_closes() override { shown_by_.console_closes(); }
   void ball_bowled() override;
   void progress(int over) override;
   void progress_done() override;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/qt_front_end.h"
 
-#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QTimer>
 #include <utility>
@@ -232,32 +231,31 @@ void QtFrontEnd::show(batsman_details_form& form) {
   run_modal(window);
 }
 
+void QtFrontEnd::console_opens(console_form& form) {
+  console_ = std::make_unique<ConsoleWindow>(game_.match, game_.data, form);
+  frame_ = console_->main_window();
+  console_->show_score_itself();
+  if (keeper_) console_->let_keep([this] { keeper_->discard(); });
+  console_->show_before_use();
+}
+
+void QtFrontEnd::console_closes() {
+  console_.reset();
+  show_score();
+  if (!frame_) return;
+  frame_->show_passing({});
+  frame_->offer_save({});
+}
+
 void QtFrontEnd::show(console_form& form) {
-  ConsoleWindow window(game_.match, game_.data, form);
-  struct Shown {
-    QtFrontEnd& user;
-    ~Shown() {
-      user.console_ = nullptr;
-      user.show_score();
-      if (!user.frame_) return;
-      user.frame_->show_passing({});
-      user.frame_->offer_save({});
-    }
-  } shown_console{*this};
-  console_ = &window;
-  frame_ = window.main_window();
-  window.show_score_itself();
-  if (keeper_) {
-    window.let_keep([this] { keeper_->discard(); });
-    if (frame_) frame_->offer_save([this] { save_game(); });
-  }
+  if (console_ == nullptr) console_opens(form);
+  if (keeper_ && frame_) frame_->offer_save([this] { save_game(); });
   if (std::exchange(quick_, std::nullopt)) {
-    QTimer::singleShot(0, &window, [this, &window] {
-      if (!game_.match.deliveries.empty()) return;
-      window.findChild<QAbstractButton*>(QStringLiteral("next_over"))->click();
+    QTimer::singleShot(0, console_.get(), [this] {
+      if (game_.match.deliveries.empty()) guarded([this] { console_->play_over(); });
     });
   }
-  run_modal(window);
+  run_modal(*console_);
 }
 
 void QtFrontEnd::ball_bowled() {

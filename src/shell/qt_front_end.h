@@ -3,6 +3,7 @@
 
 #include <QPointer>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -42,6 +43,8 @@ class QtFrontEnd : public front_end {
   void show(aggression_form& form) override;
   void show(batsman_details_form& form) override;
   void show(console_form& form) override;
+  void console_opens(console_form& form) override;
+  void console_closes() override;
   void ball_bowled() override;
   void progress(int over) override;
   void progress_done() override;
@@ -92,7 +95,7 @@ class QtFrontEnd : public front_end {
 
   game_state& game_;
   std::optional<GameKeeper> keeper_;
-  ConsoleWindow* console_ = nullptr;        // the one console, while a match is on
+  std::unique_ptr<ConsoleWindow> console_;  // the one console, while a match is on
   QPointer<Frame> frame_;                   // the main window in which it stands
   QPointer<Form> busy_;                     // the window below the progress: it takes no input meanwhile
   QPointer<MatchProgressWindow> progress_;  // while an unattended match runs; the window below it owns it

@@ -79,6 +79,10 @@ class front_end {
 
   /// The match console of a match with a human side, modal: presses its buttons until the form is closed.
   virtual void show(console_form& form) = 0;
+  /// Such a match begins or goes on, with this console: it can be seen, but not used, while the captains are asked for
+  /// what comes before it is shown. However the match is left, console_closes() tells of it.
+  virtual void console_opens(console_form& /*form*/) {}
+  virtual void console_closes() {}
   // What is told to whoever keeps a record of the game; others need not listen.
 
   /// A match by itself or a competition has been entered, and is about to make its first draw.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Plays on a copy of the bundled database without a screen and takes the pictures of the README.
-//   velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark|contrast] [WIDTH HEIGHT]
+//   velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark|contrast] [WIDTH HEIGHT [GROUP...]]
+// Without a group it takes them all.
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
@@ -9,11 +10,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <set>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "browsers/record_lists.h"
@@ -30,22 +34,34 @@
 #include "shell/clicking_user.h"
 #include "shell/filled_careers.h"
 #include "shell/menu_window.h"
+#include "shell/pictures.h"
 #include "shell/qt_front_end.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
+
 namespace {
 
 QString folder;
+std::vector<std::string> groups;  // all if empty
 QSize size(1280, 800);
 
-/// A picture of the whole main window while this form is on top.
+}  // namespace
+
 void take(QWidget& form, const char* name) {
   QWidget& window = *form.window();
   for (int round = 0; round < 6; ++round) QApplication::processEvents();
   const QString path = QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name));
   if (!window.grab().save(path)) std::fprintf(stderr, "not written: %s\n", qPrintable(path));
 }
+
+void open(MenuWindow& menu, const char* panel, const char* entry) {
+  press(menu, panel);
+  press(menu, entry);
+  menu.reject();
+}
+
+namespace {
 
 /// Bowls an over at a pace that can be followed, and keeps a small picture of each moment.
 void film_over(QWidget& console) {
@@ -68,12 +84,6 @@ void film_over(QWidget& console) {
   preferences::set_pace(Pace::instant);
   clock.stop();
   keep();
-}
-
-void open(MenuWindow& menu, const char* panel, const char* entry) {
-  press(menu, panel);
-  press(menu, entry);
-  menu.reject();
 }
 
 /// A match with a human side, seen in its second innings.
@@ -327,15 +337,14 @@ void take_all() {
     // The same hour in every run.
     menu.findChild<GroundPicture*>(QStringLiteral("picture"))->set_scene({QStringLiteral("Australia"), 16 * 60, 3});
     take(menu, "menu");
-    picture_match(menu);
-    picture_sheets(menu);
-    picture_console(menu);
-    picture_practice(menu);
-    picture_profile(menu);
-    picture_record_lists(menu);
-    picture_settings(menu);
-    picture_results(menu);
-    picture_world_cup(menu);
+    const std::pair<const char*, void (*)(MenuWindow&)> all[] = {
+        {"match", picture_match},       {"sheets", picture_sheets},   {"console", picture_console},
+        {"practice", picture_practice}, {"profile", picture_profile}, {"lists", picture_record_lists},
+        {"settings", picture_settings}, {"results", picture_results}, {"cup", picture_world_cup},
+        {"opening", picture_opening},   {"guide", picture_guide}};
+    for (const auto& [name, picture] : all) {
+      if (groups.empty() || std::find(groups.begin(), groups.end(), name) != groups.end()) picture(menu);
+    }
     end_program(0);
   });
   QApplication::exec();
@@ -349,7 +358,8 @@ int main(int argc, char** argv) {
   if (argc < 3) {
     std::fprintf(
         stderr,
-        "usage: velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark|contrast] [WIDTH HEIGHT]\n");
+        "usage: velorin-pictures FOLDER-OF-PICTURES FOLDER-OF-THE-DATABASE [light|dark|contrast] [WIDTH HEIGHT "
+        "[GROUP...]]\n");
     return 2;
   }
   // The usual screen of the offscreen platform is smaller than some windows.
@@ -367,6 +377,7 @@ int main(int argc, char** argv) {
   apply_theme(look == "dark" ? Appearance::dark : look == "contrast" ? Appearance::high_contrast : Appearance::light);
   velorin::testing::folder = QString::fromLocal8Bit(argv[1]);
   if (argc > 5) velorin::testing::size = QSize(std::atoi(argv[4]), std::atoi(argv[5]));
+  for (int i = 6; i < argc; ++i) velorin::testing::groups.emplace_back(argv[i]);
   std::filesystem::create_directories(argv[1]);
   const std::filesystem::path teams = own.filePath(QStringLiteral("teams")).toStdString();
   std::filesystem::create_directory(teams);

@@ -133,7 +133,7 @@ void ConsoleWindow::take_back(taken_back how_far, luck wanted) {
 void ConsoleWindow::refresh_choices() {
   take_back_->setVisible(match_.practice);
   take_back_->setEnabled(form_.can_take_back());
-  const bool resting = !playing_ && form_.has_over_in_play();
+  const bool resting = in_use_ && !playing_ && form_.has_over_in_play();
   change_bowler_->setEnabled(!match_.computer_bowls && !resting);
   attack_->setEnabled(!resting);
   const QString caption = resting ? QStringLiteral("Finish Over") : QStringLiteral("Next Over");

@@ -16,7 +16,9 @@
 
 #include "database/open_database.h"
 #include "desktop/controls.h"
+#include "desktop/frame.h"
 #include "desktop/keep_question.h"
+#include "desktop/modality.h"
 #include "desktop/program_end.h"
 #include "desktop/question.h"
 #include "desktop/shown_text.h"
@@ -85,11 +87,42 @@ ConsoleWindow::ConsoleWindow(const match_state& match, const open_database& data
   qApp->installEventFilter(this);
   refresh();
   next_over_->setFocus();
-  // A match taken up in the midst of an over goes on with it.
-  if (form_.has_over_in_play()) QTimer::singleShot(0, this, [this] { guarded([this] { play_over(); }); });
+  go_on_with_over();
 }
 
 ConsoleWindow::~ConsoleWindow() { qApp->removeEventFilter(this); }
+
+/// A match taken up in the midst of an over goes on with it, once the console is in use.
+void ConsoleWindow::go_on_with_over() {
+  if (!form_.has_over_in_play()) return;
+  QTimer::singleShot(0, this, [this] {
+    if (in_use_ && form_.has_over_in_play()) guarded([this] { play_over(); });
+  });
+}
+
+void ConsoleWindow::show_before_use() {
+  Frame* frame = main_window();
+  if (frame == nullptr) return;
+  in_use_ = false;
+  // It waits for nobody, so that it takes no press even between two questions.
+  setModal(false);
+  show();
+  cover(*this);
+}
+
+int ConsoleWindow::exec() {
+  in_use_ = true;
+  refresh();
+  if (!isModal()) {
+    setModal(true);
+    main_window()->arrange();
+    main_window()->entered();
+  }
+  // What the opening has brought is laid out before anybody looks.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  go_on_with_over();
+  return Form::exec();
+}
 
 void ConsoleWindow::refresh() {
   if (form_.closed()) return;
@@ -103,7 +136,8 @@ void ConsoleWindow::refresh() {
   rates_->refresh();
   commentary_->refresh();
   last_wicket_->setText(shown_caption(last_wicket_line(match_)));
-  stand_->setText(shown(stand_line(match_)));
+  const bool at_crease = !match_.batting_card[match_.lower_batsman()].name.empty();
+  stand_->setText(at_crease ? shown(stand_line(match_)) : QString());
   const CourseFigures course = course_figures(match_);
   for (CourseChart* chart : charts_) chart->set_figures(course);
   strip_->set_overs(last_overs(match_, OverStrip::overs));
@@ -118,7 +152,7 @@ void ConsoleWindow::refresh_over() {
   chips_->set_symbols(symbols);
   // Only the overs of this innings are on offer: its first press finds the browser as the innings before left it.
   const int past = std::min(match_.browser_maximum, int(match_.over_no) - 1);
-  const bool resting = !playing_ && form_.has_over_in_play() && match_.over_on_show.in_play;
+  const bool resting = in_use_ && !playing_ && form_.has_over_in_play() && match_.over_on_show.in_play;
   const bool browsing = !playing_ && !resting && match_.browsed_over > 0 && past > 0;
   const bool bowled = !symbols.join(QString()).isEmpty();
   over_title_->setText(browsing                         ? QStringLiteral("Over %1").arg(match_.browsed_over)

@@ -47,8 +47,15 @@ class ConsoleWindow : public Form {
                          QWidget* parent = front_window());
   ~ConsoleWindow() override;
 
+  /// Shows the console in its main window while the captains are asked for the opening: it is seen, and dead. In a
+  /// window of its own it is not shown yet.
+  void show_before_use();
+  /// Hands it to its user.
+  int exec() override;
   /// Shows the match as it stands.
   void refresh();
+  /// Bowls the next over, as Next Over does.
+  void play_over();
   /// A ball has been bowled: shows it, and waits as long as the pace says.
   /// A message has passed by without a stop: a row in the commentary.
   void message_passed(const QString& text);
@@ -87,7 +94,7 @@ class ConsoleWindow : public Form {
 
   QWidget* new_skip_choice();
   QPushButton* new_take_back_choice();
-  void play_over();
+  void go_on_with_over();
   void skip_to(skip_target target);
   void take_back(taken_back how_far, luck wanted);
   /// Runs what bowls balls, and shows where it has led.
@@ -107,6 +114,7 @@ class ConsoleWindow : public Form {
   bool belongs_to_pace(const QObject* watched) const;
 
   console_form& form_;
+  bool in_use_ = true;  // the opening is over
   bool playing_ = false;
   bool skipping_ = false;
   bool finish_over_ = false;

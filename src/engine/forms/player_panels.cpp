@@ -129,6 +129,21 @@ QSize PlayerPanel::minimumSizeHint() const {
 
 void PlayerPanel::show_man(const open_database& database, const QString& shown_name, const std::string& player,
                            const std::string& team) {
+  const bool nobody = player.empty();
+  profile_->setEnabled(!nobody);
+  for (QWidget* each : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    if (each == photo_ || each == profile_ || each == answer_) continue;
+    QSizePolicy policy = each->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    each->setSizePolicy(policy);
+    each->setVisible(!nobody);
+  }
+  if (nobody) {
+    profile_->setText(QStringLiteral("To come"));
+    profile_->setAccessibleName(QStringLiteral("To come"));
+    profile_->setProperty("asked", false);
+    return photo_->show_photo({}, std::nullopt, {});
+  }
   const QString text = button_text(shown_name);
   if (profile_->text() != text) profile_->setText(text);
   const QString man = shown(player + '/' + team);
@@ -140,6 +155,7 @@ void PlayerPanel::show_man(const open_database& database, const QString& shown_n
 }
 
 void PlayerPanel::show_aggression(const std::string& player, int level, const aggression_odds& odds, bool enabled) {
+  if (player.empty()) return answer_->setText({});
   const QString whose = shown(player).trimmed();
   const QString spoken = QStringLiteral("Aggression of %1: %2 of 5").arg(whose).arg(level);
   if (aggression_->accessibleName() != spoken) aggression_->setAccessibleName(spoken);

@@ -83,6 +83,8 @@ void Scoreboard::refresh() {
   ground_->setText(shown(match_.venue_name()));
   practice_->setVisible(match_.practice);
   clock_->setText(shown(view.time_of_day));
+  // The clock starts with the innings.
+  clock_->setVisible(!match_.batting_card[match_.lower_batsman()].name.empty() || match_.innings_number > 1);
   const rates_view rates = view_rates(match_);
   first_innings_->setText(rates.chase ? shown(rates.first_innings + " in " + rates.first_innings_overs) : QString());
   first_innings_->setVisible(rates.chase);
