@@ -197,7 +197,7 @@ void QtFrontEnd::show(team_selection_form& form) {
 
 void QtFrontEnd::show(toss_form& form) {
   if (quick_ && quick_->toss) return unstopped_.user().show(form);
-  TossWindow window(form);
+  TossWindow window(game_.match, form);
   show_set_up_steps(window, game_.match, SetUpStep::toss);
   run_modal(window);
 }

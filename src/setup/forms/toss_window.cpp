@@ -2,7 +2,7 @@
 #include "setup/forms/toss_window.h"
 
 #include <QCoreApplication>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -12,8 +12,10 @@
 #include "desktop/accessible_role.h"
 #include "desktop/controls.h"
 #include "desktop/crest.h"
+#include "desktop/ground_picture.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
+#include "model/match_state.h"
 #include "setup/forms/leaving.h"
 #include "setup/toss.h"
 
@@ -29,7 +31,7 @@ class Coin : public QWidget {
     setAccessibleName(QStringLiteral("The coin"));
   }
 
-  QSize sizeHint() const override { return {480, 104}; }
+  QSize sizeHint() const override { return {160, 144}; }
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
@@ -40,63 +42,111 @@ class Coin : public QWidget {
     const QPointF middle = QRectF(rect()).center();
     painter.setPen(QPen(t.line, 3));
     painter.setBrush(t.willow);
-    painter.drawEllipse(middle, 44, 44);
+    painter.translate(middle);
+    painter.scale(1.5, 1.5);
+    painter.drawEllipse(QPointF(), 44, 44);
     painter.setPen(QPen(t.card, 2));
     painter.setBrush(Qt::NoBrush);
-    painter.drawEllipse(middle, 36, 36);
+    painter.drawEllipse(QPointF(), 36, 36);
     // Three stumps and their bails.
     painter.setPen(QPen(t.card, 4, Qt::SolidLine, Qt::RoundCap));
     for (const double x : {-11.0, 0.0, 11.0}) {
-      painter.drawLine(middle + QPointF(x, -14), middle + QPointF(x, 20));
+      painter.drawLine(QPointF(x, -14), QPointF(x, 20));
     }
-    painter.drawLine(middle + QPointF(-11, -20), middle + QPointF(11, -20));
+    painter.drawLine(QPointF(-11, -20), QPointF(11, -20));
   }
 };
 
 }  // namespace
 
-TossWindow::TossWindow(toss_form& form, QWidget* parent)
+TossWindow::TossWindow(const match_state& match, toss_form& form, QWidget* parent)
     : Form(QStringLiteral("toss"), Dismissal::refused, parent), form_(form) {
-  limit_body(800);
   name_heading(QStringLiteral("headline"));
+  body()->setContentsMargins(0, 0, 0, 0);
+  auto* ground = new GroundPicture(QStringLiteral("toss_ground"));
+  ground->set_scene({.country = shown(match.ground.country), .minutes = 12 * 60, .weather = match.weather});
   QFrame* card = new_card();
-  auto* grid = new QGridLayout;
-  grid->setHorizontalSpacing(24);
-  grid->setVerticalSpacing(8);
-  grid->setColumnStretch(2, 1);
-  deciding_ = new_named_label(QStringLiteral("deciding_line"), {}, TextRole::heading);
-  other_ = new_named_label(QStringLiteral("other_line"), {}, TextRole::heading);
-  grid->addWidget(new_label(QStringLiteral("To bat or to bowl"), TextRole::muted), 0, 0);
-  deciding_crest_ = new CrestView(QStringLiteral("deciding_crest"), 40);
-  other_crest_ = new CrestView(QStringLiteral("other_crest"), 40);
-  grid->addWidget(deciding_crest_, 0, 1);
-  grid->addWidget(other_crest_, 1, 1);
-  grid->addWidget(deciding_, 0, 2);
-  grid->addWidget(new_label(QStringLiteral("The other side"), TextRole::muted), 1, 0);
-  grid->addWidget(other_, 1, 2);
-  card_rows(card)->addLayout(grid);
+  card->setMaximumWidth(640);
+  card_rows(card)->setContentsMargins(32, 24, 32, 24);
+  card_rows(card)->setSpacing(24);
   stages_ = new QStackedWidget;
-  stages_->addWidget(new Coin);
-  stages_->addWidget(card);
-  stages_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-  body()->addStretch(1);
-  body()->addWidget(stages_);
-  body()->addStretch(1);
+  stages_->addWidget(new_coin_stage(match));
+  stages_->addWidget(new_decision_stage());
+  card_rows(card)->addWidget(stages_);
+  choices_ = new QHBoxLayout;
+  choices_->setSpacing(16);
+  choices_->addStretch(1);
   heads_ = add_choice("heads", "Heads", u'H', [this] { form_.call_coin(0); });
   tails_ = add_choice("tails", "Tails", u'T', [this] { form_.call_coin(1); });
   bat_ = add_choice("bat", "Bat", u'B', [this] { form_.choose_to_bat(); });
   bowl_ = add_choice("bowl", "Bowl", u'w', [this] { form_.choose_to_bowl(); });
+  choices_->addStretch(1);
+  card_rows(card)->addLayout(choices_);
+  auto* middle = new QHBoxLayout;
+  middle->addStretch(1);
+  middle->addWidget(card, 8);
+  middle->addStretch(1);
+  auto* rows = new QVBoxLayout(ground);
+  rows->addStretch(1);
+  rows->addLayout(middle);
+  rows->addStretch(1);
+  body()->addWidget(ground, 1);
   show_stage();
   let_leave(*this, form_);
+}
+
+/// The two sides, with the coin between them.
+QWidget* TossWindow::new_coin_stage(const match_state& match) {
+  auto* stage = new QWidget;
+  auto* row = new QHBoxLayout(stage);
+  row->setContentsMargins(0, 0, 0, 0);
+  const Side first = add_side(*row, "first", {});
+  row->addWidget(new Coin, 2);
+  const Side second = add_side(*row, "second", {});
+  first.show(shown(match.team1_name));
+  second.show(shown(match.team2_name));
+  return stage;
+}
+
+/// The side that decides, and the other one.
+QWidget* TossWindow::new_decision_stage() {
+  auto* stage = new QWidget;
+  auto* row = new QHBoxLayout(stage);
+  row->setContentsMargins(0, 0, 0, 0);
+  deciding_ = add_side(*row, "deciding", QStringLiteral("To bat or to bowl"));
+  other_ = add_side(*row, "other", QStringLiteral("The other side"));
+  return stage;
+}
+
+TossWindow::Side TossWindow::add_side(QHBoxLayout& row, const char* whose, const QString& caption) {
+  const QString name = QString::fromLatin1(whose);
+  auto* rows = new QVBoxLayout;
+  rows->setSpacing(8);
+  Side side{new CrestView(name + QStringLiteral("_crest"), 96),
+            new_named_label(name + QStringLiteral("_line"), {}, TextRole::heading)};
+  rows->addStretch(1);
+  rows->addWidget(side.crest, 0, Qt::AlignHCenter);
+  rows->addWidget(side.name, 0, Qt::AlignHCenter);
+  if (!caption.isEmpty()) rows->addWidget(new_label(caption, TextRole::muted), 0, Qt::AlignHCenter);
+  rows->addStretch(1);
+  row.addLayout(rows, 3);
+  return side;
+}
+
+void TossWindow::Side::show(const QString& team) const {
+  crest->show_team(team);
+  name->setText(team);
 }
 
 QPushButton* TossWindow::add_choice(const char* name, const char* caption, char16_t mnemonic,
                                     std::function<void()> chosen) {
   const Act act{.caption = QString::fromLatin1(caption), .mnemonic = mnemonic};
-  QPushButton* button = add_button(QString::fromLatin1(name), act, [this, chosen = std::move(chosen)] {
+  QPushButton* button = new_button(QString::fromLatin1(name), act, [this, chosen = std::move(chosen)] {
     chosen();
     show_stage();
   });
+  button->setMinimumSize(128, 44);
+  choices_->addWidget(button);
   // Return presses the one of two that has the keyboard.
   button->setAutoDefault(true);
   return button;
@@ -108,10 +158,8 @@ void TossWindow::show_stage() {
     return;
   }
   set_title(QStringLiteral("The toss"), shown(form_.headline));
-  deciding_->setText(shown(form_.deciding_line));
-  other_->setText(shown(form_.other_line));
-  deciding_crest_->show_team(deciding_->text());
-  other_crest_->show_team(other_->text());
+  deciding_.show(shown(form_.deciding_line));
+  other_.show(shown(form_.other_line));
   const bool coin = form_.coin_visible;
   stages_->setCurrentIndex(coin ? 0 : 1);
   bat_->setEnabled(form_.bat_enabled);

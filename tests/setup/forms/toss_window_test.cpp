@@ -38,7 +38,7 @@ class TossWindowTest : public ::testing::Test {
 TEST_F(TossWindowTest, PassesTheChecksAtBothStages) {
   form_.open();
   script_draws({first_wins});
-  TossWindow window(form_);
+  TossWindow window(match, form_);
   window.show();
   take_picture(window, "toss_coin");
   check_window_at_sizes(window);
@@ -65,7 +65,7 @@ TEST_F(TossWindowTest, PassesTheChecksAtBothStages) {
 TEST_F(TossWindowTest, BatAndBowlDecide) {
   form_.open();
   script_draws({second_wins});
-  TossWindow window(form_);
+  TossWindow window(match, form_);
   window.show();
   press(window, "heads");
   EXPECT_EQ(text(window, "deciding_line"), "Away");
@@ -77,7 +77,7 @@ TEST_F(TossWindowTest, BatAndBowlDecide) {
 
   form_.open();
   script_draws({first_wins});
-  TossWindow again(form_);
+  TossWindow again(match, form_);
   again.show();
   press(again, "heads");
   press(again, "bowl");
@@ -89,7 +89,7 @@ TEST_F(TossWindowTest, AComputersElectionCanOnlyBeConfirmed) {
   match.computer_bowls = true;
   form_.open();
   script_draws({second_wins, field});
-  TossWindow window(form_);
+  TossWindow window(match, form_);
   window.show();
   press(window, "heads");
   EXPECT_EQ(text(window, "headline"), "Away have won the toss and have elected to field first.");
@@ -101,7 +101,7 @@ TEST_F(TossWindowTest, AComputersElectionCanOnlyBeConfirmed) {
 
   form_.open();
   script_draws({second_wins, bat});
-  TossWindow again(form_);
+  TossWindow again(match, form_);
   again.show();
   press(again, "tails");
   EXPECT_EQ(text(again, "headline"), "Away have won the toss and have elected to bat first.");
@@ -116,7 +116,7 @@ TEST_F(TossWindowTest, AComputersTossOpensOnTheDecision) {
   match.computer_bats = true;
   script_draws({0.75, 0.75, 0.75});
   form_.open_decided();
-  TossWindow window(form_);
+  TossWindow window(match, form_);
   window.show();
   EXPECT_FALSE(is_shown(window, "heads"));
   EXPECT_TRUE(is_shown(window, "bat"));
@@ -129,7 +129,7 @@ TEST_F(TossWindowTest, AComputersTossOpensOnTheDecision) {
 
 TEST_F(TossWindowTest, EscapeAndTheCloseBoxAskBeforeTheyLeave) {
   form_.open();
-  TossWindow window(form_);
+  TossWindow window(match, form_);
   check_leaving(window, form_);
 }
 
