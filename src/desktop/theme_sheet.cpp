@@ -19,7 +19,6 @@ QWidget#bar { background: @card_raised; border-bottom: 1px solid @line; }
 QWidget#foot { background: @card_raised; border-top: 1px solid @line; }
 QFrame[card="true"] { background: @card; border: 1px solid @line; border-radius: 8px; }
 QFrame[band="true"] { background: @card_raised; border: none; border-radius: 6px; }
-QFrame[hint="true"] { background: @card; border: 2px solid @accent; border-radius: 8px; }
 QFrame[rule="true"] { background: @line; border: none; }
 QLabel[role="muted"] { color: @muted; }
 QLabel[role="red"] { color: @ball; }

@@ -11,11 +11,15 @@ class Form;
 class Frame;
 class Hint;
 
-/// A hint of the guided match: the form and the control that it is about, and its words.
+/// A hint of the guided match: its form, and the controls of which it is about the first that is live, each with
+/// its words.
 struct GuideHint {
+  struct Words {
+    const char* control;
+    const char* words;
+  };
   const char* form;
-  const char* control;
-  const char* words;
+  std::vector<Words> about;
 };
 
 /// The six hints, in the order in which a match meets them.
