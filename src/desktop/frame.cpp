@@ -257,6 +257,7 @@ std::size_t Frame::base() const {
 }
 
 void Frame::enter(Form& form) {
+  if (form.place() != Form::Place::sheet) show_passing({});
   const QPointer<QWidget> wanted = form.focusWidget();
   auto* slot = new Slot(area_, form.place() == Form::Place::sheet);
   form.setParent(slot, Qt::Widget);

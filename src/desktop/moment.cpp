@@ -155,8 +155,12 @@ bool may_move(const QWidget& widget) {
 
 void celebrate(QWidget& over, MomentKind kind, const QString& words) {
   if (!preferences::moments() || !may_move(over)) return;
-  delete over.findChild<QWidget*>(QString::fromLatin1(moment_name), Qt::FindDirectChildrenOnly);
+  end_moment(over);
   new MomentBanner(over, kind, words);
+}
+
+void end_moment(QWidget& over) {
+  delete over.findChild<QWidget*>(QString::fromLatin1(moment_name), Qt::FindDirectChildrenOnly);
 }
 
 }  // namespace velorin

@@ -17,5 +17,7 @@ bool may_move(const QWidget& widget);
 /// focus, and goes by itself; another one over the same widget takes its place. Nothing is shown where the user has
 /// turned moments off in the settings, or where nothing may move. Returns at once.
 void celebrate(QWidget& over, MomentKind kind, const QString& words);
+/// Takes away what is still shown over a widget.
+void end_moment(QWidget& over);
 
 }  // namespace velorin

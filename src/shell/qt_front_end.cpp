@@ -151,7 +151,7 @@ void QtFrontEnd::celebrate_message(const message_box& message) {
   if (console_ == nullptr) return;
   const match_state& match = game_.match;
   const auto celebrated = [&](MomentKind kind) {
-    celebrate(*console_->window(), kind, shown(message.text).simplified());
+    celebrate(*console_, kind, shown(message.text).simplified());
   };
   if (message.kind == message_kind::bowling_milestone) celebrated(MomentKind::five_wickets);
   if (message.kind == message_kind::hundred) celebrated(MomentKind::hundred);

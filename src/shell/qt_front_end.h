@@ -86,7 +86,7 @@ class QtFrontEnd : public front_end {
   void refresh_console();
   /// A message of a kind that the user does not stop for passes by in the main window's bar. False: it must be shown.
   bool passes_by(message_kind kind, const std::string& text) const;
-  /// A hundred, five wickets, a win with the last ball: a moment over the main window.
+  /// A hundred, five wickets, a win with the last ball: a moment over the console, which ends with it.
   void celebrate_message(const message_box& message);
   /// The score of the match in play, in the main window's bar; none without a console.
   void show_score();

@@ -36,6 +36,9 @@ class GreatMoments : public GameTest {
         const QString words = moment_over(window);
         const QString text = control<QLabel>(window, "text")->text().simplified();
         if (!words.isEmpty() && words == text) seen << text;
+        const auto* banner = window.window()->findChild<QWidget*>(QStringLiteral("moment"));
+        EXPECT_TRUE(banner == nullptr || banner->parentWidget()->objectName() == QStringLiteral("main"))
+            << "it goes with its match";
         press(window, "accept");
       });
       play([&](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });

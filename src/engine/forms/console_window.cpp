@@ -19,6 +19,7 @@
 #include "desktop/frame.h"
 #include "desktop/keep_question.h"
 #include "desktop/modality.h"
+#include "desktop/moment.h"
 #include "desktop/program_end.h"
 #include "desktop/question.h"
 #include "desktop/shown_text.h"
@@ -188,6 +189,9 @@ void ConsoleWindow::play_over() {
 
 void ConsoleWindow::play(const std::function<void()>& work) {
   finish_over_ = false;
+  // What was told of the over before is over.
+  end_moment(*this);
+  if (main_window() != nullptr) main_window()->show_passing({});
   {
     const Playing in_progress(playing_);
     work();
