@@ -334,7 +334,7 @@ std::string text_of(const recording_id& id) {
 }
 
 recording_id new_recording_id() {
-  std::random_device chance;
+  thread_local std::random_device chance;
   recording_id id;
   for (std::size_t i = 0; i < id.size(); i += 4) {
     const std::uint32_t word = chance();
