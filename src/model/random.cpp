@@ -48,6 +48,14 @@ void random_source::go_on_by_clock() {
   given_taken_ = 0;
 }
 
+void random_source::log_to(chance_log* log) {
+  log_ = log;
+  if (log == nullptr) return;
+  log->readings.insert(log->readings.end(), read_behind_.begin(), read_behind_.end());
+  read_behind_.clear();
+  clock_follows_ = false;
+}
+
 std::size_t random_source::left() const {
   if (kind_ == kind::readings) return given_.size() - given_taken_;
   return kind_ == kind::script ? script_.size() - std::min<std::size_t>(script_.size(), draws_used_) : 0;
@@ -56,12 +64,18 @@ std::size_t random_source::left() const {
 std::uint64_t random_source::clock_reading() {
   if (kind_ == kind::readings) {
     if (given_taken_ < given_.size()) return given_[given_taken_++];
-    throw run_time_error(failure::subscript, "The readings of the clock ran out",
-                         {.file = {}, .record = 0, .field = {}, .player = {}});
+    ran_out_ = true;
+    if (!clock_follows_) {
+      throw run_time_error(failure::subscript, "The readings of the clock ran out",
+                           {.file = {}, .record = 0, .field = {}, .player = {}});
+    }
   }
   timespec now{};
   clock_gettime(CLOCK_REALTIME, &now);
-  return static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000U + static_cast<std::uint64_t>(now.tv_nsec);
+  const std::uint64_t reading =
+      static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000U + static_cast<std::uint64_t>(now.tv_nsec);
+  if (kind_ == kind::readings && log_ == nullptr) read_behind_.push_back(reading);
+  return reading;
 }
 
 std::uint64_t random_source::next_reading() {

@@ -40,6 +40,10 @@ class random_source {
   void use_state(std::uint64_t state);
   /// From here on reseed() reads the clock; the generator goes on where it stands.
   void go_on_by_clock();
+  /// Behind the given readings reseed() reads the clock. What it has read by the next log_to() is added to that log.
+  void let_clock_follow() { clock_follows_ = true; }
+  /// A reading was asked for that was not given.
+  bool ran_out() const { return ran_out_; }
 
   /// What the source draws from.
   enum class kind : std::uint8_t { seed, script, clock, readings };
@@ -51,7 +55,7 @@ class random_source {
 
   /// Readings of the clock and scripted draws are added to `log`, which outlives its use; nullptr for none. A copy of
   /// the source adds to the same.
-  void log_to(chance_log* log) { log_ = log; }
+  void log_to(chance_log* log);
 
   /// Before most groups of draws. With the clock: restarts the generator from a pure function of a nanosecond reading.
   void reseed() {
@@ -105,6 +109,9 @@ class random_source {
   std::vector<double> script_;
   std::vector<std::uint64_t> given_;  // readings, of the kind `readings`
   std::size_t given_taken_ = 0;
+  bool clock_follows_ = false;
+  bool ran_out_ = false;
+  std::vector<std::uint64_t> read_behind_;  // by the clock that followed, with nobody to log it
   chance_log* log_ = nullptr;
   std::string script_name_;
   std::uint64_t furthest_draw_ = 0;  // of a script, before it went back

@@ -177,9 +177,10 @@ class recorded_user : public front_end {
     return {};
   }
 
- private:
+  /// Nothing follows in the recording.
   bool at_end() const { return next_ >= recorded_.events.size(); }
 
+ private:
   bool goes_on(std::size_t event) const {
     return event < recorded_.events.size() &&
            recorded_.events[event] == recorded_event(captain_answer{answer_kind::go_on});
@@ -456,6 +457,10 @@ replay_end replay(const recording& recorded, const std::string& name, game_state
     }
   } catch (const play_left& left) {
     return left.where;
+  } catch (const run_time_error&) {
+    // It broke off between what seeded chance and the next that was shown.
+    if (user.at_end() && game.chance.ran_out()) return replay_end::open;
+    throw;
   }
   return replay_end::over;
 }
@@ -464,6 +469,8 @@ std::optional<game_state> game_to_continue(const recording& recorded, const std:
                                            const open_database& data) {
   if (recorded.ended()) return std::nullopt;
   game_state game = game_at_beginning(recorded);
+  // Where it broke off before what play drew was shown, play draws anew, up to the next that is.
+  if (recorded.beginning.chance == random_source::kind::clock) game.chance.let_clock_follow();
   if (replay(recorded, name, game) == replay_end::over) return std::nullopt;
   const elevens_held held = game.data.held;
   game.data = data;

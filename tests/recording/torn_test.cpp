@@ -4,11 +4,16 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
+#include "competitions/resume_game.h"
 #include "model/run_time_error.h"
 #include "recording/recorded_games.h"
 #include "recording/recording.h"
 #include "recording/replay.h"
+#include "support/game_in_play.h"
+#include "support/stopping_user.h"
 
 namespace velorin::testing {
 namespace {
@@ -68,6 +73,50 @@ TEST_F(Torn, CutOffAnywhereItPlaysWhatIsWhole) {
   EXPECT_GT(refused, recording_head);
   EXPECT_LT(refused, whole_.size() / 2);
   EXPECT_GE(played, static_cast<int>(all_.events.size()));
+}
+
+/// Goes on with what is whole of a game by the clock to its end, and plays all of it again.
+void expect_goes_on_from(const recording& read, const std::string& bytes, const open_database& files) {
+  std::optional<game_state> game = game_to_continue(read, "cut off", files);
+  ASSERT_TRUE(game);
+  random_captain captain(*game, 4);
+  recording_in_memory kept;
+  recorder recorded(captain, *game, kept, "test");
+  captain.asks_through = &recorded;
+  recorded.go_on_with(read);
+  ASSERT_TRUE(resume_game(*game, recorded));
+  recorded.game_over();
+  const recording whole = read_recording(bytes.substr(0, read.whole_bytes) + kept.bytes(), "gone on with");
+  game_state again = game_at_beginning(whole);
+  ASSERT_EQ(replay(whole, "gone on with", again), replay_end::over);
+  EXPECT_EQ(end_of(again), end_of(*game));
+}
+
+// Behind an answer the clock is read before anything is shown: a kill in between leaves the answer alone.
+TEST_F(Torn, AGameByTheClockGoesOnFromBehindEveryEntry) {
+  for (const int captains : {0, 1}) {
+    game_to_play wanted = captains == 0 ? series_of(2, 0, 9) : match_of(2, 5, captains, 9);
+    wanted.by_clock = true;
+    const std::string bytes = play(wanted).bytes;
+    open_database files = data;
+    files.files.elevens_in_memory = true;
+    files.files.updates = false;
+    std::size_t before = 0;
+    int gone_on = 0;
+    for (std::size_t length = 0; length < bytes.size(); ++length) {
+      const std::string cut = bytes.substr(0, length);
+      if (!refusal_of(cut).empty()) continue;
+      const recording read = read_recording(cut, "cut off");
+      if (std::exchange(before, read.whole_bytes) == read.whole_bytes) continue;
+      SCOPED_TRACE(::testing::Message() << captains << ": at byte " << length);
+      game_state shown = game_at_beginning(read);
+      if (replay(read, "cut off", shown) == replay_end::over) break;
+      if (++gone_on % 5 != 1 && gone_on > 40) continue;
+      expect_goes_on_from(read, bytes, files);
+      if (HasFailure()) return;
+    }
+    EXPECT_GT(gone_on, 100);
+  }
 }
 
 TEST_F(Torn, AByteThatWasChangedIsMetAtItsPlaceOrCutOff) {

@@ -43,7 +43,7 @@ constexpr std::array<const char*, 4> kinds = {"match", "series", "tri", "cup"};
 
 int kills_wanted() {
   const char* told = std::getenv("VELORIN_KILLS");
-  return told == nullptr ? 40 : std::atoi(told);
+  return told == nullptr ? 10 : std::atoi(told);
 }
 
 /// Notes by the window's id what a game that goes on asks first, and asks no more.
