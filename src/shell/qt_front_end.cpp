@@ -150,9 +150,7 @@ bool QtFrontEnd::passes_by(message_kind kind, const std::string& text) const {
 void QtFrontEnd::celebrate_message(const message_box& message) {
   if (console_ == nullptr) return;
   const match_state& match = game_.match;
-  const auto celebrated = [&](MomentKind kind) {
-    celebrate(*console_, kind, shown(message.text).simplified());
-  };
+  const auto celebrated = [&](MomentKind kind) { celebrate(*console_, kind, shown(message.text).simplified()); };
   if (message.kind == message_kind::bowling_milestone) celebrated(MomentKind::five_wickets);
   if (message.kind == message_kind::hundred) celebrated(MomentKind::hundred);
   if (message.kind != message_kind::end_of_match) return;

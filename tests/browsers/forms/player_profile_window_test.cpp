@@ -214,9 +214,7 @@ TEST_F(PlayerProfileWindowTest, ShowsHowAManWithoutACareerCompares) {
                     control<QComboBox>(window, "teams")->currentText());
   EXPECT_EQ(portrait->size(), capped.size());
   const QRect within(16, 16, 128, 168);  // without the rounded corners
-  const auto drawn = [&](PhotoView& view) {
-    return view.grab(within).toImage().convertToFormat(QImage::Format_RGB32);
-  };
+  const auto drawn = [&](PhotoView& view) { return view.grab(within).toImage().convertToFormat(QImage::Format_RGB32); };
   EXPECT_EQ(drawn(*portrait), drawn(capped));
   EXPECT_EQ(form.person.front().text, form.players[static_cast<std::size_t>(newcomer)]);
   for (int i = 1; i <= 3; ++i) {
