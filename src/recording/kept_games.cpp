@@ -53,7 +53,7 @@ std::string stage_of(match_stage stage) {
 
 /// The stage with the number in it: "Super Six, match 3", "match 2", "final".
 std::string stage_words(match_stage stage, int number) {
-  const std::string name = stage_of(stage);
+  std::string name = stage_of(stage);
   if (stage == match_stage::tri_final || stage == match_stage::grand_final) return name;
   const std::string match = fmt::format("match {}", number);
   return name.empty() ? match : name + ", " + match;
@@ -80,16 +80,25 @@ std::string score_words(const match_state& match) {
                      match.overs_text(), match.team2_name);
 }
 
-template <class Record>
-void add_stage(game_words& words, const Record& record, bool in_match, const match_state& match) {
-  // In a match the place is that of the match; between two, of the one that comes.
-  Record before = record;
-  if constexpr (std::is_same_v<Record, series_record>) {
-    if (in_match) before.match_no -= 1;
-  } else if constexpr (std::is_same_v<Record, world_cup_record>) {
-    if (in_match && record.stage == cup_stage::knock_out) before.next_match -= 1;
-  }
-  const std::optional<coming_match> coming = next_match(before);
+// In a match the place is that of the match; between two, of the one that comes.
+
+std::optional<coming_match> stands_at(const series_record& series) {
+  if (series.step != series_step::match) return next_match(series);
+  series_record before = series;
+  before.match_no -= 1;
+  return next_match(before);
+}
+
+std::optional<coming_match> stands_at(const tri_record& tri) { return next_match(tri); }
+
+std::optional<coming_match> stands_at(const world_cup_record& cup) {
+  if (cup.step != cup_step::match || cup.stage != cup_stage::knock_out) return next_match(cup);
+  world_cup_record before = cup;
+  before.next_match -= 1;
+  return next_match(before);
+}
+
+void add_stage(game_words& words, const std::optional<coming_match>& coming, bool in_match, const match_state& match) {
   if (!coming) {
     words.score = "all matches are played";
     return;
@@ -142,13 +151,13 @@ game_words words_of(const entered_game& entered, const game_state& game) {
       words.score = score_words(game.match);
       break;
     case game_kind::series:
-      add_stage(words, game.series, game.series.step == series_step::match, game.match);
+      add_stage(words, stands_at(game.series), game.series.step == series_step::match, game.match);
       break;
     case game_kind::tri_series:
-      add_stage(words, game.tri, game.tri.step == tri_step::match, game.match);
+      add_stage(words, stands_at(game.tri), game.tri.step == tri_step::match, game.match);
       break;
     case game_kind::world_cup:
-      add_stage(words, game.world_cup, game.world_cup.step == cup_step::match, game.match);
+      add_stage(words, stands_at(game.world_cup), game.world_cup.step == cup_step::match, game.match);
       break;
   }
   return words;
