@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/forecast_points.h"
 
+#include <unistd.h>
+
+#include <cstddef>
+#include <iostream>
 #include <ostream>
 
 #include <fmt/format.h>
@@ -65,19 +69,32 @@ void print_table(const std::vector<forecast_point>& points, const std::vector<fo
   if (points.size() == 1 && points.front().next) print_next_ball(*points.front().next, out);
 }
 
+/// On a terminal, where it takes long.
+void show_progress(std::size_t done, std::size_t all, long runs, streams io) {
+  constexpr double long_runs = 200'000;  // some seconds of one processor
+  if (double(all) * double(runs) < long_runs || &io.err != &std::cerr || isatty(STDERR_FILENO) == 0) return;
+  io.err << fmt::format("\r{} of {} points", done, all) << (done == all ? "\n" : "") << std::flush;
+}
+
 }  // namespace
 
 forecast_point point_at(const match_state& match) {
   const int innings = match.next_step == play_step::closed ? 0 : int(match.innings_number);
-  return {fmt::format("{}:{}", innings, innings == 0 ? "0.0" : match.overs_text()), start_at(match),
-          odds_of_next_ball(match)};
+  return point_at(fmt::format("{}:{}", innings, innings == 0 ? "0.0" : match.overs_text()), start_at(match));
+}
+
+forecast_point point_at(const std::string& at, const match_start& start) {
+  return {at, start, odds_of_next_ball(start)};
 }
 
 void print_forecasts(const std::vector<forecast_point>& points, const forecast_options& options, bool as_json,
                      streams io) {
   std::vector<forecast_answer> answers;
   answers.reserve(points.size());
-  for (const forecast_point& point : points) answers.push_back(forecast_rest(point.start, options));
+  for (const forecast_point& point : points) {
+    answers.push_back(forecast_rest(point.start, options));
+    show_progress(answers.size(), points.size(), options.runs, io);
+  }
   if (answers.empty()) return;
   if (!as_json) return print_table(points, answers, io.out);
   json list = json::array();

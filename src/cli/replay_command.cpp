@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fmt/format.h>
 
-#include <charconv>
 #include <memory>
-#include <optional>
 #include <sstream>
 #include <utility>
 
@@ -11,6 +9,7 @@
 #include "cli/match_json.h"
 #include "cli/match_run.h"
 #include "cli/output_files.h"
+#include "cli/recorded_points.h"
 #include "cli/standard_output.h"
 #include "database/whole_file.h"
 #include "model/code_page.h"
@@ -29,29 +28,6 @@ struct replayed {
   std::string to;
   match_options shown;
 };
-
-/// "2:31.4", or nothing.
-std::optional<innings_place> parse_place(const std::string& text) {
-  int innings = 0;
-  int over = 0;
-  int ball = 0;
-  const char* at = text.data();
-  const char* const end = at + text.size();
-  const auto number = [&](int& value, char behind) {
-    const auto [next, error] = std::from_chars(at, end, value);
-    const bool good = error == std::errc() && next != at && *at >= '0' && *at <= '9';
-    at = next;
-    if (behind == '\0') return good && at == end;
-    return good && at != end && *at++ == behind;
-  };
-  if (!number(innings, ':') || !number(over, '.') || !number(ball, '\0')) return std::nullopt;
-  const innings_place place{innings, over * balls_of_over + ball};
-  if (innings < 1 || innings > 2 || ball >= balls_of_over || over > overs_of_innings ||
-      place.balls > balls_of_innings) {
-    return std::nullopt;
-  }
-  return place;
-}
 
 /// A recording played again, and what is printed of it.
 class replay_run {
@@ -189,9 +165,7 @@ void add_replay(CLI::App& app, const program_options&, streams io, command_actio
   command
       ->add_option("--to", asked->to,
                    "Stop when so many overs of an innings have been bowled, such as 2:31.4; with --json the state then")
-      ->check([](const std::string& text) {
-        return parse_place(text) ? "" : "not an innings and overs such as 2:31.4: " + text;
-      })
+      ->check(is_place)
       ->type_name("I:OVERS");
   match_options& shown = asked->shown;
   command->add_option("--json", shown.json, "One JSON object a match, a line each; - for standard output")

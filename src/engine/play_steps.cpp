@@ -173,6 +173,8 @@ void bowl_balls_unread(match_state& match, random_source& chance, known_contests
   }
 }
 
+bool is_rest_over(play_step step) { return step == play_step::match_reported || step == play_step::unattended_over; }
+
 bool awaits(play_step step) {
   return step == play_step::between_overs || step == play_step::closed || step == play_step::unattended_over;
 }
@@ -197,13 +199,10 @@ void take_step(const match_play& play) {
   }
 }
 
-void play_unread(const match_play& play, bool unattended, const standing_orders* orders) {
+void play_unread_to_ball(const match_play& play, bool unattended) {
   match_state& match = play.match;
-  known_contests known;
-  while (match.next_step != play_step::match_reported && match.next_step != play_step::unattended_over) {
-    if (match.next_step == play_step::ball_bowled) {
-      bowl_balls_unread(match, play.chance, known, orders);
-    } else if (match.next_step != play_step::between_overs) {
+  while (match.next_step != play_step::ball_bowled && !is_rest_over(match.next_step)) {
+    if (match.next_step != play_step::between_overs) {
       match.next_step = step_taken<keeping::rules>(play);
     } else if (unattended && is_unattended_over(match)) {
       match.next_step = play_step::unattended_over;
@@ -211,6 +210,14 @@ void play_unread(const match_play& play, bool unattended, const standing_orders*
       match.overs_begun += 1;
       match.next_step = play_step::over_begins;
     }
+  }
+}
+
+void play_unread(const match_play& play, bool unattended, const standing_orders* orders) {
+  known_contests known;
+  for (play_unread_to_ball(play, unattended); !is_rest_over(play.match.next_step);
+       play_unread_to_ball(play, unattended)) {
+    bowl_balls_unread(play.match, play.chance, known, orders);
   }
 }
 

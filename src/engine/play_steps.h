@@ -26,6 +26,9 @@ void take_steps(const match_play& play);
 /// the place of one who has bowled his overs. `orders` may be nullptr.
 void play_unread(const match_play& play, bool unattended, const standing_orders* orders);
 
+/// The same, but no further than to the next delivery: next_step is ball_bowled where one comes.
+void play_unread_to_ball(const match_play& play, bool unattended);
+
 /// An unattended match is over: decided and closed, or a first innings of 0, which is taken for its end, or after a
 /// hundred overs.
 bool is_unattended_over(const match_state& match);

@@ -46,25 +46,7 @@ bool is_ball_to_come(const match_state& match) {
   }
 }
 
-}  // namespace
-
-forecast_answer forecast_rest(const match_start& start, const forecast_options& options) {
-  const auto shares =
-      play_shared(options.runs, options.threads, options.stop, [&] { return share_of_rests(start, options.seed); });
-  result_tally sum;
-  for (const share_of_rests& share : shares) sum.add(share.tally());
-  forecast_answer answer = sum.answer();
-  answer.first = start.first;
-  answer.second = start.second;
-  return answer;
-}
-
-forecast_answer forecast_rest(const match_state& match, const forecast_options& options) {
-  return forecast_rest(start_at(match), options);
-}
-
-std::optional<next_ball> odds_of_next_ball(const match_state& match) {
-  if (!is_ball_to_come(match)) return std::nullopt;
+std::optional<next_ball> odds_of_delivery(const match_state& match) {
   outcome_draws draws{};
   try {
     draws = draws_of(delivery_windows(expect_delivery(match)));
@@ -84,6 +66,56 @@ std::optional<next_ball> odds_of_next_ball(const match_state& match) {
   odds.leg_byes = chance_of(leg_byes);
   odds.byes = chance_of(byes);
   return odds;
+}
+
+/// Adds a share of a chance of another ball.
+void add(next_ball& sum, const next_ball& odds, double share) {
+  sum.wicket += share * odds.wicket;
+  for (std::size_t i = 0; i < sum.runs.size(); ++i) sum.runs[i] += share * odds.runs[i];
+  sum.no_ball += share * odds.no_ball;
+  sum.wide += share * odds.wide;
+  sum.leg_byes += share * odds.leg_byes;
+  sum.byes += share * odds.byes;
+}
+
+}  // namespace
+
+forecast_answer forecast_rest(const match_start& start, const forecast_options& options) {
+  const auto shares =
+      play_shared(options.runs, options.threads, options.stop, [&] { return share_of_rests(start, options.seed); });
+  result_tally sum;
+  for (const share_of_rests& share : shares) sum.add(share.tally());
+  forecast_answer answer = sum.answer();
+  answer.first = start.first;
+  answer.second = start.second;
+  return answer;
+}
+
+forecast_answer forecast_rest(const match_state& match, const forecast_options& options) {
+  return forecast_rest(start_at(match), options);
+}
+
+std::optional<next_ball> odds_of_next_ball(const match_state& match) {
+  return is_ball_to_come(match) ? odds_of_delivery(match) : std::nullopt;
+}
+
+std::optional<next_ball> odds_of_next_ball(const match_start& start) {
+  if (start.toss_open) {
+    const auto first = odds_of_next_ball(with_toss_decided(start, forecast_side::first));
+    const auto second = odds_of_next_ball(with_toss_decided(start, forecast_side::second));
+    if (!first || !second) return std::nullopt;
+    next_ball mean;
+    add(mean, *first, 0.5);
+    add(mean, *second, 0.5);
+    return mean;
+  }
+  // All that can be drawn before a ball is by how much the ratings of an innings' bowlers are raised: their order, and
+  // so who opens, does not hang on it.
+  random_source chance;
+  chance.use_script({0.5}, {});
+  rest_player player;
+  const match_state* match = player.play_to_ball(start, chance);
+  return match == nullptr ? std::nullopt : odds_of_delivery(*match);
 }
 
 }  // namespace velorin

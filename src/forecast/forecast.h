@@ -40,5 +40,8 @@ struct next_ball {
 /// The chances of the next ball, exact, by the windows of its draw; they sum to 1. Nothing where the pair or the bowler
 /// of the next ball is not known, the match is over, or the model has no answer.
 std::optional<next_ball> odds_of_next_ball(const match_state& match);
+/// The same with both sides led by the computer from the start on, an open toss
+/// falling either way as often. Nothing where no ball comes any more, or the model has no answer.
+std::optional<next_ball> odds_of_next_ball(const match_start& start);
 
 }  // namespace velorin

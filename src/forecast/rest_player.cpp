@@ -91,4 +91,15 @@ played_rest rest_player::play(const match_start& start, random_source& chance, c
   return match_.next_step == play_step::match_reported ? result(start) : played_rest{};
 }
 
+const match_state* rest_player::play_to_ball(const match_start& start, random_source& chance) {
+  nobody user;
+  try {
+    put_at(start, chance);
+    play_unread_to_ball({match_, chance, user, no_files_}, start.unattended);
+  } catch (const run_time_error&) {
+    return nullptr;
+  }
+  return match_.next_step == play_step::ball_bowled ? &match_ : nullptr;
+}
+
 }  // namespace velorin

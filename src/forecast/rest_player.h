@@ -48,6 +48,10 @@ class rest_player {
   /// the game: a match that breaks off is undecided.
   played_rest play(const match_start& start, random_source& chance, const standing_orders* orders = nullptr);
 
+  /// Plays on to the next ball, which is not bowled: the match as it comes to it, or nullptr where the match is over or
+  /// breaks off before. Holds until the player is used again. Draws what the engine draws before that ball.
+  const match_state* play_to_ball(const match_start& start, random_source& chance);
+
  private:
   void put_at(const match_start& start, random_source& chance);
   played_rest result(const match_start& start) const;

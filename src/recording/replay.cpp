@@ -114,7 +114,10 @@ class recorded_user : public front_end {
   void show(batsman_details_form&) override { take(answer_kind::read); }
 
   void show(console_form& form) override {
-    while (!form.closed()) act(form, take());
+    while (!form.closed()) {
+      if (options_.stops_at && options_.stops_at(game_)) throw play_left{replay_end::stopped};
+      act(form, take());
+    }
   }
 
   void ball_bowled() override {

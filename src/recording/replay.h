@@ -25,7 +25,7 @@ struct innings_place {
 struct replay_options {
   /// Is shown what the recording answers, as far as it shows something by itself: messages, cards. Outlives the play.
   front_end* watcher = nullptr;
-  /// Called after each ball, and as an over of an unattended match begins; true stops there.
+  /// Called after each ball, as the console waits, and as an over of an unattended match begins; true stops there.
   std::function<bool(const game_state&)> stops_at = {};
   /// Called as a match has come to its end, with its books and its result.
   std::function<void(const game_state&)> match_ends = {};

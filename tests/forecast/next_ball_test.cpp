@@ -2,7 +2,10 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <cstddef>
 #include <numeric>
+#include <optional>
+#include <vector>
 
 #include "engine/delivery_model.h"
 #include "engine/play_steps.h"
@@ -48,6 +51,50 @@ TEST(NextBall, IsNotToldWhereItsMenAreNotKnown) {
     ASSERT_EQ(odds_of_next_ball(state).has_value(), known) << described(state);
   }
   EXPECT_FALSE(odds_of_next_ball(match_state()));
+}
+
+TEST(NextBall, OfAStartIsThatOfTheBallThatTheOrdinaryEngineBowls) {
+  int told = 0;
+  for (std::uint64_t seed = 1; seed <= 6; ++seed) {
+    for (const match_state& state : states_of_a_match(seed, 6)) {
+      std::optional<next_ball> wanted;
+      random_source chance;
+      chance.use_seed(seed);
+      played_ordinarily(state, chance, [&](match_state& before) {
+        if (!wanted) wanted = odds_of_next_ball(before);
+      });
+      const auto odds = odds_of_next_ball(start_at(state));
+      ASSERT_EQ(odds.has_value(), wanted.has_value()) << described(state);
+      if (!wanted) continue;
+      ++told;
+      EXPECT_EQ(by_outcome(*odds), by_outcome(*wanted)) << described(state);
+    }
+  }
+  EXPECT_GT(told, 300);
+}
+
+TEST(NextBall, OfAStartThatIsOverIsNone) {
+  int over = 0;
+  for (std::uint64_t seed = 1; seed <= 60; ++seed) {
+    for (const match_state& state : states_of_a_match(seed, 1000)) {
+      if (state.next_step != play_step::match_reported) continue;
+      ++over;
+      EXPECT_FALSE(odds_of_next_ball(start_at(state))) << described(state);
+    }
+  }
+  EXPECT_GT(over, 0);
+}
+
+TEST(NextBall, BeforeTheTossIsTheMeanOfBothSides) {
+  const match_state begun = states_of_a_match(7, 1).front();
+  const match_start open = start_before_toss("A", "B", begun.batting_xi, begun.bowling_xi, begun);
+  const auto mean = odds_of_next_ball(open);
+  const auto first = odds_of_next_ball(with_toss_decided(open, forecast_side::first));
+  const auto second = odds_of_next_ball(with_toss_decided(open, forecast_side::second));
+  ASSERT_TRUE(mean && first && second);
+  for (std::size_t i = 0; i < by_outcome(*mean).size(); ++i) {
+    EXPECT_NEAR(by_outcome(*mean)[i], (by_outcome(*first)[i] + by_outcome(*second)[i]) / 2, 1e-12);
+  }
 }
 
 }  // namespace
