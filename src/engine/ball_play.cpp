@@ -148,15 +148,14 @@ void verify_match(const match_state& /*match*/) {}
 
 }  // namespace
 
-play_step bowl_ball(match_state& match, random_source& chance) {
-  deliver_ball(match, chance);
-  return act_upon_ball<keeping::everything>(match, chance);
+template <keeping Kept>
+play_step bowl_ball(match_state& match, random_source& chance, known_contests& known) {
+  deliver_ball(match, chance, known);
+  return act_upon_ball<Kept>(match, chance);
 }
 
-play_step bowl_ball_unread(match_state& match, random_source& chance, known_contests& known) {
-  deliver_ball(match, chance, known);
-  return act_upon_ball<keeping::rules>(match, chance);
-}
+template play_step bowl_ball<keeping::everything>(match_state& match, random_source& chance, known_contests& known);
+template play_step bowl_ball<keeping::rules>(match_state& match, random_source& chance, known_contests& known);
 
 void tell_wicket(const match_state& match, front_end& user) {
   const batting_card_rec& out = match.batting_card[match.striker];

@@ -186,10 +186,10 @@ void deliver_ball(match_state& match, random_source& chance, known_contests& kno
                         .slot = slot,
                         .batting_aggression = match.batsman_aggression[slot],
                         .bowling_aggression = match.bowling_aggression[0]};
-  known_contest& contest = known.at(slot);
-  if (contest.key != key) contest = {key, terms_of(contest_in_play(match))};
   chance.reseed();
   const int draw = die(chance, draw_scale);
+  known_contest& contest = known.at(slot);
+  if (contest.key != key) contest = {key, terms_of(contest_in_play(match))};
   const expectations expected =
       expect_ball(contest.terms, match.settled_meter[slot], match.batting_xi[match.striker].name);
   match.ball_outcome = classify(draw, expected);

@@ -138,10 +138,10 @@ play_step step_taken(const match_play& play) {
 
 /// Ball after ball, at most so many, without a look at what else play can do, until something else comes next. The step
 /// is written wherever somebody may copy the match, and where one can fail.
-void bowl_balls(const match_play& play, int most) {
+void bowl_balls(const match_play& play, int most, known_contests& known) {
   match_state& match = play.match;
   for (; most > 0 && match.next_step == play_step::ball_bowled; --most) {
-    match.next_step = bowl_ball(match, play.chance);
+    match.next_step = bowl_ball(match, play.chance, known);
     if (match.next_step != play_step::ball_booked) return;
     book_ball(match);
     match.next_step = play_step::ball_told;
@@ -164,7 +164,7 @@ void bowl_balls_unread(match_state& match, random_source& chance, known_contests
                        const standing_orders* orders) {
   while (match.next_step == play_step::ball_bowled) {
     if (orders != nullptr) follow(*orders, match);
-    match.next_step = bowl_ball_unread(match, chance, known);
+    match.next_step = bowl_ball<keeping::rules>(match, chance, known);
     if (match.next_step != play_step::ball_booked) return;
     book_ball<keeping::rules>(match);
     match.next_step = judge_innings(match);
@@ -182,9 +182,10 @@ bool awaits(play_step step) {
 }  // namespace
 
 void take_steps(const match_play& play) {
+  known_contests known;
   while (!awaits(play.match.next_step)) {
     if (play.match.next_step == play_step::ball_bowled) {
-      bowl_balls(play, std::numeric_limits<int>::max());
+      bowl_balls(play, std::numeric_limits<int>::max(), known);
     } else {
       play.match.next_step = step_taken<keeping::everything>(play);
     }
@@ -193,7 +194,8 @@ void take_steps(const match_play& play) {
 
 void take_step(const match_play& play) {
   if (play.match.next_step == play_step::ball_bowled) {
-    bowl_balls(play, 1);
+    known_contests known;
+    bowl_balls(play, 1, known);
   } else {
     play.match.next_step = step_taken<keeping::everything>(play);
   }

@@ -62,9 +62,8 @@ play_step end_over(match_state& match);
 
 /// Settles a delivery, records it and acts upon its outcome, but for the man who comes in. Draws the delivery and what
 /// follows from it.
-play_step bowl_ball(match_state& match, random_source& chance);
-/// The same where nobody reads.
-play_step bowl_ball_unread(match_state& match, random_source& chance, known_contests& known);
+template <keeping Kept = keeping::everything>
+play_step bowl_ball(match_state& match, random_source& chance, known_contests& known);
 void tell_wicket(const match_state& match, front_end& user);
 /// The next man comes in, chosen by the captain of the batting side, or the innings is over.
 void bring_in_next_batsman(match_state& match, front_end& user);

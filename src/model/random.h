@@ -63,7 +63,7 @@ class random_source {
   }
 
   /// A number in [0,1). Raises run_time_error (subscript) when a script has run out.
-  double rnd() {
+  [[gnu::always_inline]] double rnd() {
     ++draws_used_;
     if (kind_ == kind::script) return next_of_script();
     state_ += golden;
