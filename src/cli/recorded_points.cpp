@@ -97,8 +97,8 @@ class point_keeper {
   }
 
   const asked_points& asked_;
-  placed_states states_;              // of the match in play, in the order in which they came
-  placed_states whole_;               // of the last match before it that reached every place
+  placed_states states_;             // of the match in play, in the order in which they came
+  placed_states whole_;              // of the last match before it that reached every place
   std::optional<match_state> last_;  // the last moment of the match in play
   bool ended_ = false;
 };

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <memory>
+#include <string>
 #include <vector>
 
 #include "engine/over_play.h"
@@ -37,24 +39,35 @@ class line_keeper : public headless_user {
   match_line& line_;
 };
 
-class MatchLine : public ::testing::Test {
- protected:
-  void SetUp() override {
+/// A match and its line, which all tests read.
+struct line_of_match {
+  line_of_match() {
     set_up_sample_match();
     match.step = match_step::play;
-    line_ = std::make_unique<match_line>(match, forecast_options{.runs = 40, .seed = 1, .threads = 1, .stop = {}});
+    line = std::make_unique<match_line>(match, forecast_options{.runs = 40, .seed = 1, .threads = 1, .stop = {}});
     match_state played = match;
     random_source drawn;
     drawn.use_seed(4);
-    line_keeper user(played, *line_);
+    line_keeper user(played, *line);
     open_console({played, drawn, user, data});
-    balls_ = user.balls;
-    winner_ = user.winner;
+    balls = user.balls;
+    winner = user.winner;
   }
 
-  std::unique_ptr<match_line> line_;
-  std::size_t balls_ = 0;
-  std::string winner_;
+  std::unique_ptr<match_line> line;
+  std::size_t balls = 0;
+  std::string winner;
+};
+
+class MatchLine : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() { all_ = std::make_unique<line_of_match>(); }
+  static void TearDownTestSuite() { all_.reset(); }
+
+  static inline std::unique_ptr<line_of_match> all_;
+  const match_line* line_ = all_->line.get();
+  std::size_t balls_ = all_->balls;
+  std::string winner_ = all_->winner;
 };
 
 TEST_F(MatchLine, HasAPointForEachBallAndEndsWithTheResult) {

@@ -12,9 +12,15 @@ namespace {
 
 // The woven-in checks of a sanitizer take their time.
 #ifdef VELORIN_SANITIZED
-constexpr int default_matches = 16;
+constexpr int default_matches = 7;
+constexpr std::uint64_t seeds = 2;
+constexpr std::uint64_t world_cups = 1;
+constexpr int stops_between = 4;  // so many times as many moments between two stops
 #else
-constexpr int default_matches = 200;
+constexpr int default_matches = 100;
+constexpr std::uint64_t seeds = 4;
+constexpr std::uint64_t world_cups = 2;
+constexpr int stops_between = 1;
 #endif
 
 int matches_wanted() {
@@ -63,11 +69,11 @@ TEST_F(Replayed, MatchesOfRandomCaptainsReadTheSameAgainAndFromEveryStop) {
 }
 
 TEST_F(Replayed, ASeriesWithItsFiles) {
-  for (std::uint64_t seed = 1; seed <= 4; ++seed) {
+  for (std::uint64_t seed = 1; seed <= seeds; ++seed) {
     game_to_play wanted = series_of(3, static_cast<int>(seed % 4), seed);
     wanted.with_files = true;
     wanted.leaves_one_in = seed % 2 == 0 ? 9 : 0;
-    wanted.one_stop_in = 400;
+    wanted.one_stop_in = 400 * stops_between;
     const game_played played = play(wanted);
     expect_same_again(played);
     expect_same_from_stops(wanted, played);
@@ -76,11 +82,11 @@ TEST_F(Replayed, ASeriesWithItsFiles) {
 }
 
 TEST_F(Replayed, ATriSeriesWithItsFiles) {
-  for (std::uint64_t seed = 1; seed <= 4; ++seed) {
+  for (std::uint64_t seed = 1; seed <= seeds; ++seed) {
     game_to_play wanted = tri_series_of(1, static_cast<int>(seed % 8), seed);
     wanted.with_files = true;
     wanted.leaves_one_in = seed % 2 == 0 ? 12 : 0;
-    wanted.one_stop_in = 400;
+    wanted.one_stop_in = 400 * stops_between;
     const game_played played = play(wanted);
     expect_same_again(played);
     expect_same_from_stops(wanted, played);
@@ -89,11 +95,11 @@ TEST_F(Replayed, ATriSeriesWithItsFiles) {
 }
 
 TEST_F(Replayed, AWorldCupWithItsFiles) {
-  for (std::uint64_t seed = 1; seed <= 2; ++seed) {
+  for (std::uint64_t seed = 1; seed <= world_cups; ++seed) {
     game_to_play wanted = world_cup_of(static_cast<int>(seed * 331 % 1024), seed);
     wanted.with_files = true;
     wanted.leaves_one_in = seed % 2 == 0 ? 25 : 0;
-    wanted.one_stop_in = 6000;
+    wanted.one_stop_in = 12000 * stops_between;
     const game_played played = play(wanted);
     expect_same_again(played);
     expect_same_from_stops(wanted, played);
@@ -102,10 +108,10 @@ TEST_F(Replayed, AWorldCupWithItsFiles) {
 }
 
 TEST_F(Replayed, AWorldCupThatIsQuit) {
-  for (std::uint64_t seed = 1; seed <= 4; ++seed) {
+  for (std::uint64_t seed = 1; seed <= seeds; ++seed) {
     game_to_play wanted = world_cup_of(1, seed);
     wanted.quits_one_in = 10;
-    wanted.one_stop_in = 300;
+    wanted.one_stop_in = 300 * stops_between;
     const game_played played = play(wanted);
     expect_same_again(played);
     expect_same_from_stops(wanted, played);
