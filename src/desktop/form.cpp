@@ -196,6 +196,8 @@ int Form::exec() {
 
 QSize Form::wanted_size() const { return sizeHint().expandedTo(preferred_); }
 
+int Form::width_beside(int most) const { return std::max(most, minimumSizeHint().width()); }
+
 QSize Form::size_within(QSize most) {
   fit_into(most);
   const QSize wanted = wanted_size().boundedTo(most);

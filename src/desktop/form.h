@@ -115,6 +115,10 @@ class Form : public QDialog {
   void stand_alone(std::function<void()> back);
   void come_back(QWidget* slot);
   void rest(QWidget* hidden);
+  /// The width that it takes beside a report, of at most so many pixels.
+  virtual int width_beside(int most) const;
+  /// A report stands beside it, or none any more.
+  virtual void note_beside(bool /*beside*/) {}
   /// Another form stands over it, or none any more.
   void note_covered(bool covered) { show_busy(busy_ && !covered); }
 

@@ -362,17 +362,23 @@ void Frame::arrange() {
 void Frame::place(std::size_t lowest) {
   const QRect room = area_->rect();
   QRect left = room;
+  bool beside = false;
   for (std::size_t i = lowest + 1; i < layers_.size(); ++i) {
     Layer& layer = layers_[i];
     if (layer.torn || !stands_beside(layer)) continue;
-    const int least = layers_[lowest].form->minimumSizeHint().width();
-    const int wanted = std::clamp(layer.form->wanted_size().width(), room.width() / 2, room.width() * 2 / 3);
-    const int wide = room.width() - least >= room.width() / 2 ? std::min(wanted, room.width() - least) : wanted;
+    beside = true;
+    const int most = room.width() * 2 / 3;
+    const int needed = std::min(layer.form->minimumSizeHint().width(), most);
+    const int least = layers_[lowest].form->width_beside(room.width() - needed);
+    const bool fits = least <= room.width() - needed;
+    const int wanted = std::clamp(layer.form->wanted_size().width(), std::max(needed, room.width() / 2), most);
+    const int wide = fits ? std::min(wanted, room.width() - least) : wanted;
     const QRect right(room.right() + 1 - wide, 0, wide, room.height());
     layer.slot->setGeometry(right);
     layer.slot->hold(*layer.form);
-    if (least <= room.width() - wide) left.setRight(right.left() - 1);
+    if (fits) left.setRight(right.left() - 1);
   }
+  layers_[lowest].form->note_beside(beside);
   for (std::size_t i = 0; i < layers_.size(); ++i) {
     Layer& layer = layers_[i];
     if (layer.torn || stands_beside(layer)) continue;

@@ -65,6 +65,10 @@ class ConsoleWindow : public Form {
   /// An over is being bowled.
   bool playing() const { return playing_; }
 
+  /// Beside a report it shows as much as has room, from a single column on.
+  int width_beside(int most) const override;
+  void note_beside(bool beside) override { beside_ = beside; }
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -82,6 +86,8 @@ class ConsoleWindow : public Form {
   void lay_out();
   /// How the cards stand, by the room that there is.
   enum class Arrangement {
+    strip,   ///< beside a report: who is in and who bowls, and the over
+    half,    ///< beside a report: likewise, and the charts
     narrow,  ///< three columns; attack and batting side take turns
     wide,    ///< four columns
     large,   ///< three wide columns, both sides over the commentary
@@ -152,6 +158,7 @@ class ConsoleWindow : public Form {
   QFrame* commentary_card_ = nullptr;
   QFrame* sides_card_ = nullptr;
   std::optional<Arrangement> arranged_;
+  bool beside_ = false;
   QWidget* pace_ = nullptr;
   QPushButton* next_over_ = nullptr;
   const match_state& match_;

@@ -12,13 +12,24 @@
 
 namespace velorin {
 
+namespace {
+
+constexpr int beside_answer = 4;  // pixels kept free on each side of the answer
+
+}  // namespace
+
 LevelSegment::LevelSegment(int level, QWidget* parent) : QRadioButton(QString::number(level), parent), level_(level) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 QSize LevelSegment::sizeHint() const {
-  const int wide = QFontMetrics(type_font(TypeStep::small)).horizontalAdvance(QStringLiteral("0.0\u00B700")) + 4;
+  const int wide =
+      QFontMetrics(type_font(TypeStep::small)).horizontalAdvance(QStringLiteral("0.0\u00B7000")) + 2 * beside_answer;
   return {wide, 36};
+}
+
+QSize LevelSegment::minimumSizeHint() const {
+  return {QFontMetrics(type_font(TypeStep::small)).horizontalAdvance(QStringLiteral("00.0")) + 2 * beside_answer, 36};
 }
 
 void LevelSegment::show_answer(const QString& whose, const std::optional<ball_odds>& odds) {
@@ -28,12 +39,19 @@ void LevelSegment::show_answer(const QString& whose, const std::optional<ball_od
   setAccessibleName(spoken);
   setToolTip(sentence);
   answer_.clear();
+  runs_.clear();
   if (odds) {
     const QString balls =
         odds->balls_a_wicket == 0 ? QStringLiteral("\u2013") : QString::number(std::lround(odds->balls_a_wicket));
-    answer_ = QStringLiteral("%1\u00B7%2").arg(odds->runs_an_over, 0, 'f', 1).arg(balls);
+    runs_ = QString::number(odds->runs_an_over, 'f', 1);
+    answer_ = QStringLiteral("%1\u00B7%2").arg(runs_, balls);
   }
   update();
+}
+
+QString LevelSegment::shown_answer() const {
+  const QFontMetrics type(type_font(TypeStep::small));
+  return type.horizontalAdvance(answer_) + 2 * beside_answer <= width() ? answer_ : runs_;
 }
 
 void LevelSegment::paintEvent(QPaintEvent*) {
@@ -59,7 +77,7 @@ void LevelSegment::paintEvent(QPaintEvent*) {
   painter.drawText(rect().adjusted(0, 2, 0, -height() / 2 + 1), Qt::AlignCenter, text());
   painter.setFont(type_font(TypeStep::small));
   painter.setPen(on && live ? t.on_accent : t.muted);
-  painter.drawText(rect().adjusted(0, height() / 2 - 1, 0, -2), Qt::AlignCenter, answer_);
+  painter.drawText(rect().adjusted(0, height() / 2 - 1, 0, -2), Qt::AlignCenter, shown_answer());
 }
 
 LevelSegments::LevelSegments(const QString& name, QWidget* parent) : QWidget(parent) {

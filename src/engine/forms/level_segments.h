@@ -18,7 +18,10 @@ class LevelSegment : public QRadioButton {
 
   void show_answer(const QString& whose, const std::optional<ball_odds>& odds);
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
+  /// Room for the runs alone.
+  QSize minimumSizeHint() const override;
+  /// What stands under the level: both figures where they have room, else the runs.
+  QString shown_answer() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -27,6 +30,7 @@ class LevelSegment : public QRadioButton {
  private:
   int level_;
   QString answer_;
+  QString runs_;
 };
 
 /// An aggression of 1 to 5 as five segments, one of which is pressed. One press sets it; arrow keys and assistive

@@ -107,14 +107,26 @@ void PlayerPanel::lay_out(std::initializer_list<QLayout*> rows) {
 
 void PlayerPanel::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  constexpr int highest_photo = 150;
+  fit_caption();
+  constexpr int highest_photo = 132;
   int spare = height() - minimumSizeHint().height();
   const int words = answer_->minimumSizeHint().height() + layout()->spacing();
   // Two panels in a card may differ by a pixel, and show the same all the same.
   answer_->setVisible(spare + 1 >= words);
   spare = answer_->isHidden() ? 0 : std::max(0, spare - words);
-  const int tall = std::clamp(least_photo_.height() + spare, least_photo_.height(), highest_photo);
+  // What stands beside it keeps its room.
+  const int widest = beside_ == nullptr ? least_photo_.width() : width() - 8 - beside_->minimumSize().width();
+  const int tallest = std::clamp(widest * 11 / 9, least_photo_.height(), highest_photo);
+  const int tall = std::clamp(least_photo_.height() + spare, least_photo_.height(), tallest);
   photo_->set_size({std::max(least_photo_.width(), tall * 9 / 11), tall});
+}
+
+/// The answers of the levels need the room more than a long caption does.
+void PlayerPanel::fit_caption() {
+  const QString whole = QStringLiteral("Aggression");
+  const int caption = aggression_->fontMetrics().horizontalAdvance(whole) + 16;
+  const QString wanted = levels_->sizeHint().width() + caption <= width() ? whole : QStringLiteral("Agg.");
+  if (aggression_->text() != wanted) aggression_->setText(wanted);
 }
 
 QSize PlayerPanel::minimumSizeHint() const {

@@ -56,6 +56,8 @@ class PlayerPanel : public QWidget {
   QLabel* answer_;
 
  private:
+  void fit_caption();
+
   QSize least_photo_;
   QLayout* beside_ = nullptr;
 };

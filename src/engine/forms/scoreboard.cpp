@@ -46,16 +46,21 @@ Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(pare
   explain(*rate_, QStringLiteral("Run rate"));
   explain(*target_, QStringLiteral("Target"));
   explain(*needed_, QStringLiteral("Runs Reqd."));
-  auto* row = new QHBoxLayout(this);
+  whole_ = new QHBoxLayout(this);
+  QBoxLayout* row = whole_;
   row->setContentsMargins(24, 8, 24, 8);
   row->setSpacing(16);
-  row->addWidget(crest_ = new CrestView(QStringLiteral("batting_crest"), 44));
-  row->addWidget(side_, 0, Qt::AlignVCenter);
-  row->addWidget(score_, 0, Qt::AlignVCenter);
-  row->addLayout(stacked({overs_, rate_}, Qt::AlignLeft));
-  row->addStretch(1);
-  row->addLayout(stacked({target_, needed_}, Qt::AlignHCenter));
-  row->addStretch(1);
+  auto* now = new QHBoxLayout;
+  now->setSpacing(16);
+  now->addWidget(crest_ = new CrestView(QStringLiteral("batting_crest"), 44));
+  now->addWidget(side_, 0, Qt::AlignVCenter);
+  now->addWidget(score_, 0, Qt::AlignVCenter);
+  now->addLayout(stacked({overs_, rate_}, Qt::AlignLeft));
+  now->addStretch(1);
+  row->addLayout(now, 1);
+  chase_ = stacked({target_, needed_}, Qt::AlignHCenter);
+  row->addLayout(chase_);
+  around_ = new QWidget;
   auto* place = new QHBoxLayout;
   place->setSpacing(12);
   place->addStretch(1);
@@ -65,7 +70,17 @@ Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(pare
   auto* right = stacked({teams_}, Qt::AlignRight);
   right->insertLayout(2, place);
   right->insertWidget(3, first_innings_, 0, Qt::AlignRight);
-  row->addLayout(right);
+  right->setContentsMargins(0, 0, 0, 0);
+  around_->setLayout(right);
+  row->addWidget(around_, 1);
+}
+
+void Scoreboard::set_compact(bool compact) {
+  whole_->setDirection(compact ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  whole_->setSpacing(compact ? 0 : 16);
+  chase_->setDirection(compact ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  chase_->setSpacing(compact ? 16 : 2);
+  around_->setVisible(!compact);
 }
 
 void Scoreboard::refresh() {

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+class QBoxLayout;
 class QLabel;
 
 namespace velorin {
@@ -19,8 +20,13 @@ class Scoreboard : public QWidget {
   explicit Scoreboard(const match_state& match, QWidget* parent = nullptr);
 
   void refresh();
+  /// Leaves out the ground, and tells the chase in a line of its own.
+  void set_compact(bool compact);
 
  private:
+  QBoxLayout* whole_;
+  QBoxLayout* chase_;
+  QWidget* around_;  // sides, ground and clock
   CrestView* crest_;
   QLabel* side_;
   QLabel* score_;

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QElapsedTimer>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
@@ -25,6 +27,7 @@
 #include "engine/forms/attack_list.h"
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/console_fixture.h"
+#include "engine/forms/level_segments.h"
 #include "engine/forms/over_chips.h"
 #include "engine/over_play.h"
 #include "engine/play_steps.h"
@@ -88,6 +91,26 @@ TEST_F(ConsoleWindowTest, OpenedOnAMatchLeftWithinAnOverGoesOnWithIt) {
   user.window = nullptr;
   EXPECT_EQ(match.over_no, 2);
   EXPECT_GE(match.deliveries.size(), 6U);
+}
+
+TEST_F(ConsoleWindowTest, AnswersOfTheLevelsFitTheirSegments) {
+  ConsoleWindow& window = open(false, true);
+  press(window, "next_over");
+  const QFontMetrics type(type_font(TypeStep::small));
+  for (const QSize size : {QSize(960, 540), QSize(1024, 768), QSize(1280, 800), QSize(1920, 1080), QSize(3840, 2160)}) {
+    window.resize(size);
+    for (int round = 0; round < 4; ++round) QApplication::processEvents();
+    int answers = 0;
+    for (const LevelSegment* segment : window.findChildren<LevelSegment*>()) {
+      SCOPED_TRACE(segment->objectName().toStdString() + " at " + std::to_string(size.width()));
+      const QString answer = segment->shown_answer();
+      EXPECT_FALSE(answer.isEmpty());
+      EXPECT_LT(type.horizontalAdvance(answer), segment->width()) << answer.toStdString();
+      EXPECT_TRUE(size.width() < 1024 || answer.contains(QChar(0x00B7))) << "both figures";
+      ++answers;
+    }
+    EXPECT_EQ(answers, 20);
+  }
 }
 
 TEST_F(ConsoleWindowTest, AnOverShowsItsBallsAndMovesTheBrowser) {
