@@ -25,6 +25,7 @@
 #include "desktop/program_end.h"
 #include "desktop/row_order.h"
 #include "desktop/shown_text.h"
+#include "desktop/table_access.h"
 #include "desktop/table_columns.h"
 #include "desktop/table_model.h"
 #include "model/code_page.h"
@@ -77,6 +78,7 @@ int error_of_writing(int number, QByteArrayView bytes) {
 
 TableView::TableView(const QString& name, QWidget* parent)
     : QTableView(parent), model_(new TableModel(this)), order_(new RowSorter(this)) {
+  give_table_access();
   setObjectName(name);
   order_->setSourceModel(model_);
   setModel(order_);

@@ -12,11 +12,11 @@ class RowSorter;
 class TableColumns;
 class TableModel;
 
-/// Shows a table. Arrow keys move, Return and a double press open a row; a heading sorts, as do Alt+Up and Alt+Down by
-/// the column of the present cell, and once more gives the order told back; Ctrl+H or the heading's context menu tells
-/// which columns are shown. Ctrl+C copies the chosen rows or else the whole table, Ctrl+E saves it as CSV: both with
-/// all columns and in the order shown. The context menu offers the same. Widths, hidden columns and a free order are
-/// kept under the names of its window and its own.
+/// Shows a table. Arrow keys move, Return, a double press and an assistive press open a row; a heading sorts, as do
+/// Alt+Up and Alt+Down by the column of the present cell, and once more gives the order told back; Ctrl+H or the
+/// heading's context menu tells which columns are shown. Ctrl+C copies the chosen rows or else the whole table, Ctrl+E
+/// saves it as CSV: both with all columns and in the order shown. The context menu offers the same. Widths, hidden
+/// columns and a free order are kept under the names of its window and its own.
 class TableView : public QTableView {
   Q_OBJECT
 
@@ -32,6 +32,9 @@ class TableView : public QTableView {
   Table shown_table() const;
   /// What opening a row does; it gets the row's id. Without it rows cannot be opened.
   void on_open(std::function<void(int id)> act, Opens by = Opens::double_press);
+  /// A row of the view leads on; opens it, if so.
+  bool can_open(const QModelIndex& index) const;
+  void open_row(const QModelIndex& index);
   TableColumns& columns() const { return *columns_; }
   /// The row of the table at a row of the view.
   int table_row(int view_row) const;
@@ -63,8 +66,6 @@ class TableView : public QTableView {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
-  void open_row(const QModelIndex& index);
-  bool can_open(const QModelIndex& index) const;
   bool sort_by_key(const QKeyEvent& event);
   int first_shown_column() const;
   int rows_height() const;

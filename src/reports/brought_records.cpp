@@ -18,6 +18,10 @@ std::string who(const top_score_rec& line) { return line.player; }
 std::string who(const top_bowling_rec& line) { return line.player; }
 std::string who(const top_total_rec& line) { return line.team; }
 
+std::string man_of(const top_score_rec& line) { return line.player; }
+std::string man_of(const top_bowling_rec& line) { return line.player; }
+std::string man_of(const top_total_rec&) { return {}; }
+
 std::string figures(const top_score_rec& line) { return runs_and_balls(line.runs, line.not_out != 0, line.balls); }
 std::string figures(const top_bowling_rec& line) { return number_text(line.wickets) + "-" + number_text(line.runs); }
 std::string figures(const top_total_rec& line) {
@@ -32,7 +36,8 @@ void add_new_lines(std::vector<reported_record>& records, const char* list, cons
     if (after[place] == before[old]) {
       ++old;
     } else if (!who(after[place]).empty()) {
-      records.push_back({list, static_cast<int>(place), who(after[place]), figures(after[place])});
+      records.push_back({list, static_cast<int>(place), who(after[place]), figures(after[place]), after[place].team,
+                         man_of(after[place])});
     }
   }
 }
@@ -44,7 +49,7 @@ void add_new_stands(std::vector<reported_record>& records, const top_partnership
     if (stand == before[wicket] || stand.batsman_a.empty()) continue;
     // The mark of an unbroken stand is behind the striker's name.
     records.push_back({"Partnerships", static_cast<int>(wicket), stand.batsman_a + " && " + stand.batsman_b,
-                       runs_and_balls(stand.partner_runs, false, stand.partner_balls)});
+                       runs_and_balls(stand.partner_runs, false, stand.partner_balls), stand.team, stand.batsman_a});
   }
 }
 

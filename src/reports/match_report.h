@@ -72,10 +72,12 @@ struct reported_milestone {
 
 /// A line that the match takes in a record list.
 struct reported_record {
-  std::string list;     ///< "Highest scores" and the like
-  int place = 0;        ///< from 1; of the record stands the wicket
-  std::string who;      ///< the man, the pair, the side
-  std::string figures;  ///< "123* (110)", "5-38", "280/6 (50)", "104 (88)"
+  std::string list;         ///< "Highest scores" and the like
+  int place = 0;            ///< from 1; of the record stands the wicket
+  std::string who;          ///< the man, the pair, the side
+  std::string figures;      ///< "123* (110)", "5-38", "280/6 (50)", "104 (88)"
+  std::string team = {};    ///< whose line it is
+  std::string player = {};  ///< the man it leads to, of a pair the first; "" for none
 };
 
 struct match_report {

@@ -14,9 +14,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <memory>
 
 #include "desktop/form.h"
+#include "desktop/modality.h"
 #include "desktop/preferences.h"
 #include "desktop/table_columns.h"
 
@@ -267,6 +269,68 @@ TEST_F(TableViews, WhereOnePressOpensARowThatLeadsNowhereDoesNot) {
   view->setCurrentIndex(view->model()->index(1, 0));
   QTest::keyClick(view, Qt::Key_Return);
   EXPECT_EQ(opened, std::vector<int>({10, 12}));
+}
+
+TEST_F(TableViews, AnAssistivePressOpensARowThatLeadsOn) {
+  table.rows[1].opens = false;
+  open();
+  const auto cell = [&](int row, int column) {
+    return QAccessible::queryAccessibleInterface(view)->tableInterface()->cellAt(row, column);
+  };
+  EXPECT_TRUE(cell(0, 0)->actionInterface()->actionNames().isEmpty()) << "nothing opens yet";
+  std::vector<int> opened;
+  view->on_open([&](int id) { opened.push_back(id); });
+  view->columns().sort(0, Qt::DescendingOrder);
+  std::vector<int> wanted;
+  for (int row = 0; row < view->model()->rowCount(); ++row) {
+    const bool opens = view->table_row(row) != 1;
+    EXPECT_EQ(cell(row, 1)->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()),
+              opens);
+    cell(row, 1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    if (opens) wanted.push_back(view->shown_table().rows[static_cast<std::size_t>(row)].id);
+  }
+  EXPECT_TRUE(opened.empty()) << "a moment later";
+  QApplication::processEvents();
+  EXPECT_EQ(opened, wanted);
+  EXPECT_FALSE(std::is_sorted(opened.begin(), opened.end())) << "in the order shown";
+}
+
+TEST_F(TableViews, AnAssistivePressDoesNothingWhileTheTableIsCovered) {
+  open();
+  std::vector<int> opened;
+  view->on_open([&](int id) { opened.push_back(id); });
+  QAccessibleInterface* cell = QAccessible::queryAccessibleInterface(view)->tableInterface()->cellAt(0, 0);
+  const auto press = [&] { cell->actionInterface()->doAction(QAccessibleActionInterface::pressAction()); };
+  press();
+  cover(*view);  // before the press takes effect
+  QApplication::processEvents();
+  press();
+  EXPECT_FALSE(QAccessible::queryAccessibleInterface(view)->tableInterface()->selectRow(0));
+  uncover(*view);
+  QApplication::processEvents();
+  EXPECT_EQ(opened, std::vector<int>());
+  press();
+  QApplication::processEvents();
+  EXPECT_EQ(opened, std::vector<int>({10}));
+}
+
+TEST_F(TableViews, CellsAndHeadingsAreReadOut) {
+  open();
+  QAccessibleInterface* all = QAccessible::queryAccessibleInterface(view);
+  EXPECT_EQ(all->childCount(), (view->model()->rowCount() + 1) * (view->model()->columnCount() + 1));
+  for (int row = 0; row < view->model()->rowCount(); ++row) {
+    for (int column = 0; column < view->model()->columnCount(); ++column) {
+      QAccessibleInterface* cell = all->tableInterface()->cellAt(row, column);
+      EXPECT_EQ(cell->text(QAccessible::Name),
+                view->model()->index(row, column).data(Qt::AccessibleTextRole).toString());
+      EXPECT_EQ(all->child(all->indexOfChild(cell)), cell);
+      EXPECT_EQ(cell->tableCellInterface()->columnHeaderCells().at(0)->text(QAccessible::Name), spoken_heading(column));
+      EXPECT_EQ(all->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
+    }
+  }
+  EXPECT_TRUE(all->tableInterface()->selectRow(1));
+  EXPECT_EQ(all->tableInterface()->selectedRows(), QList<int>({1}));
+  EXPECT_TRUE(all->tableInterface()->cellAt(1, 0)->state().selected);
 }
 
 }  // namespace

@@ -144,7 +144,13 @@ TEST_F(MatchReport, OfTwoMenOfOneNameTheRunsTellWhoseMilestoneItIs) {
 }
 
 TEST_F(MatchReport, IntoEmptyListsEveryFigureGoes) {
+  const record_lists none = {};
   const std::vector<std::string> lines = record_lines({});
+  for (const reported_record& line : report_on(match, &none).records) {
+    const bool of_a_man = line.list != "Highest totals" && line.list != "Lowest totals";
+    EXPECT_EQ(line.player, of_a_man ? line.who.substr(0, line.who.find(" &&")) : "") << record_line(line);
+    EXPECT_EQ(line.team.empty(), false) << record_line(line);
+  }
   EXPECT_THAT(lines, ::testing::Contains("Highest scores|1|A.Harrow|123 (131)"));
   EXPECT_THAT(lines, ::testing::Contains("Highest scores|2|C.Vanterpool|102* (101)"));
   EXPECT_THAT(lines, ::testing::Contains("Highest totals|1|Northland|261/10 (48.2)"));

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "desktop/controls.h"
+#include "desktop/name_line.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 #include "reports/forms/report_parts.h"
@@ -66,34 +67,62 @@ QString extras_words(const reported_innings& innings) {
   return words;
 }
 
-QString falls_words(const reported_innings& innings) {
-  QStringList falls;
+/// A paragraph with names, each piece with the man to whom it leads, "" for none.
+using NamedPieces = std::vector<std::pair<QString, std::string>>;
+
+NamedPieces falls_pieces(const reported_innings& innings) {
+  if (innings.falls.empty()) return {{QStringLiteral("No wicket fell."), {}}};
+  NamedPieces pieces;
   for (const reported_fall& fall : innings.falls) {
-    falls << QStringLiteral("%1-%2 (%3, %4)")
-                 .arg(fall.wicket)
-                 .arg(fall.score)
-                 .arg(shown_caption(fall.batsman), shown(fall.overs));
+    const QString before = pieces.empty() ? QStringLiteral("Fall of wickets: ") : QStringLiteral(", ");
+    pieces.emplace_back(QStringLiteral("%1%2-%3 (").arg(before).arg(fall.wicket).arg(fall.score), std::string());
+    pieces.emplace_back(shown_caption(fall.batsman), fall.batsman);
+    pieces.emplace_back(QStringLiteral(", %1)").arg(shown(fall.overs)), std::string());
   }
-  return falls.isEmpty() ? QStringLiteral("No wicket fell.")
-                         : QStringLiteral("Fall of wickets: %1.").arg(falls.join(QStringLiteral(", ")));
+  pieces.emplace_back(QStringLiteral("."), std::string());
+  return pieces;
 }
 
-QString did_not_bat_words(const reported_innings& innings) {
-  QStringList names;
-  for (const std::string& name : innings.did_not_bat) names << shown_caption(name);
-  return QStringLiteral("Did not bat: %1.").arg(names.join(QStringLiteral(", ")));
+NamedPieces did_not_bat_pieces(const reported_innings& innings) {
+  NamedPieces pieces;
+  for (const std::string& name : innings.did_not_bat) {
+    pieces.emplace_back(pieces.empty() ? QStringLiteral("Did not bat: ") : QStringLiteral(", "), std::string());
+    pieces.emplace_back(shown_caption(name), name);
+  }
+  pieces.emplace_back(QStringLiteral("."), std::string());
+  return pieces;
 }
 
-QWidget* new_notes(const reported_innings& innings, const QString& number) {
+/// Without `profile` a plain text.
+QLabel* new_named_line(const QString& name, const NamedPieces& pieces, const std::string& side,
+                       const MatchReportWindow::ShowProfile& profile) {
+  QString words;
+  std::vector<NameLine::Piece> shown_pieces;
+  std::vector<std::string> men;
+  for (const auto& [text, man] : pieces) {
+    words += text;
+    shown_pieces.push_back({text, !man.empty()});
+    men.push_back(man);
+  }
+  const bool any = std::any_of(men.begin(), men.end(), [](const std::string& man) { return !man.empty(); });
+  if (!profile || !any) return new_line(name, words, TextRole::muted);
+  return new NameLine(name, std::move(shown_pieces), [profile, side, men = std::move(men)](int piece) {
+    profile(side, men[static_cast<std::size_t>(piece)]);
+  });
+}
+
+QWidget* new_notes(const reported_innings& innings, const QString& number,
+                   const MatchReportWindow::ShowProfile& profile) {
   auto* notes = new QWidget;
   auto* rows = new QVBoxLayout(notes);
   rows->setContentsMargins(4, 4, 4, 4);
   rows->setSpacing(4);
   rows->addWidget(new_line(QStringLiteral("extras_") + number, extras_words(innings)));
   if (!innings.did_not_bat.empty()) {
-    rows->addWidget(new_line(QStringLiteral("did_not_bat_") + number, did_not_bat_words(innings), TextRole::muted));
+    rows->addWidget(
+        new_named_line(QStringLiteral("did_not_bat_") + number, did_not_bat_pieces(innings), innings.side, profile));
   }
-  rows->addWidget(new_line(QStringLiteral("falls_") + number, falls_words(innings), TextRole::muted));
+  rows->addWidget(new_named_line(QStringLiteral("falls_") + number, falls_pieces(innings), innings.side, profile));
   rows->addStretch(1);
   return notes;
 }
@@ -178,6 +207,8 @@ Table records_table(const match_report& report) {
                            number_cell(line.place),
                            {.text = shown_caption(line.who), .kept = shown(line.who)},
                            {.text = shown(line.figures)}}});
+    table.rows.back().id = static_cast<int>(table.rows.size()) - 1;
+    table.rows.back().opens = !line.player.empty();
   }
   return table;
 }
@@ -264,7 +295,7 @@ void MatchReportWindow::add_innings(const reported_innings& innings, std::size_t
   men = {};
   for (const reported_bowler& man : innings.bowlers) men.emplace_back(innings.bowling_side, man.name);
   lead_to_profiles(*bowling, std::move(men));
-  pieces_[place] = {new_innings_head(innings, number), batting, new_notes(innings, number), bowling};
+  pieces_[place] = {new_innings_head(innings, number), batting, new_notes(innings, number, profile_), bowling};
 }
 
 void MatchReportWindow::lead_to_profiles(TableView& view, std::vector<std::pair<std::string, std::string>> men) {
@@ -299,10 +330,14 @@ QWidget* MatchReportWindow::new_brought(const match_report& report) {
     for (const reported_milestone& one : report.milestones) men.emplace_back(one.side, one.player);
     lead_to_profiles(*view, std::move(men));
   }
-  add("Records", "records", records_table(report),
-      report.practice        ? QStringLiteral("The record lists take no practice match.")
-      : report.records_known ? QStringLiteral("No line of the record lists.")
-                             : QStringLiteral("The record lists do not take this match."));
+  if (TableView* view = add("Records", "records", records_table(report),
+                            report.practice        ? QStringLiteral("The record lists take no practice match.")
+                            : report.records_known ? QStringLiteral("No line of the record lists.")
+                                                   : QStringLiteral("The record lists do not take this match."))) {
+    std::vector<std::pair<std::string, std::string>> men;
+    for (const reported_record& line : report.records) men.emplace_back(line.team, line.player);
+    lead_to_profiles(*view, std::move(men));
+  }
   rows->addStretch(1);
   return column;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/forms/match_report_window.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "database/lasting_records.h"
+#include "desktop/modality.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 #include "reports/forms/played_match.h"
@@ -221,6 +223,56 @@ TEST_F(MatchReportWindows, NamesLeadToTheirMen) {
       {second.bowling_side, second.bowlers[1].name}};
   EXPECT_EQ(met, wanted);
   EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(MatchReportWindows, NamesInItsParagraphsLeadToTheirMen) {
+  report.innings[1].did_not_bat = {"J.Orme", "K.Foss"};
+  std::vector<std::pair<std::string, std::string>> met;
+  MatchReportWindow window(report,
+                           [&](const std::string& side, const std::string& player) { met.emplace_back(side, player); });
+  window.show();
+  window.resize(1400, 900);
+  settle();
+  const auto& [first, second] = report.innings;
+  auto* out = control<QLabel>(window, "did_not_bat_2");
+  EXPECT_EQ(out->accessibleName(), "Did not bat: J.Orme, K.Foss.");
+  out->setFocus();
+  for (int name = 0; name < 2; ++name) {
+    QTest::keyClick(out, Qt::Key_Tab);
+    EXPECT_TRUE(out->hasFocus()) << "the names come one after another";
+    QTest::keyClick(out, Qt::Key_Return);
+  }
+  auto* falls = control<QLabel>(window, "falls_1");
+  QAccessibleActionInterface* acts = QAccessible::queryAccessibleInterface(falls)->actionInterface();
+  const QString third = shown_caption(first.falls[2].batsman);
+  EXPECT_TRUE(acts->actionNames().contains(third));
+  acts->doAction(third);
+  settle();
+  cover(window);
+  acts->doAction(third);
+  settle();
+  uncover(window);
+  const std::vector<std::pair<std::string, std::string>> wanted = {
+      {second.side, "J.Orme"}, {second.side, "K.Foss"}, {first.side, first.falls[2].batsman}};
+  EXPECT_EQ(met, wanted);
+  check_window(window);
+}
+
+TEST_F(MatchReportWindows, LinesOfTheRecordsLeadToTheirMen) {
+  report.records = {{"Highest scores", 4, "A.Harrow", "123 (131)", "Northland", "A.Harrow"},
+                    {"Highest totals", 1, "Northland", "261/10 (48.2)", "Northland"},
+                    {"Partnerships", 2, "A.Harrow && B.Ito", "104 (88)", "Northland", "A.Harrow"}};
+  std::vector<std::string> met;
+  MatchReportWindow window(
+      report, [&](const std::string& side, const std::string& player) { met.push_back(side + " " + player); });
+  window.show();
+  auto* view = control<TableView>(window, "records");
+  for (int row = 0; row < 3; ++row) {
+    view->setCurrentIndex(view->model()->index(row, 0));
+    EXPECT_EQ(view->can_open(view->currentIndex()), row != 1) << "a side has no profile";
+    if (row != 1) QTest::keyClick(view, Qt::Key_Return);
+  }
+  EXPECT_EQ(met, std::vector<std::string>({"Northland A.Harrow", "Northland A.Harrow"}));
 }
 
 TEST_F(MatchReportWindows, NamesLeadTheSameWayWhenTheCardIsSorted) {
