@@ -36,10 +36,11 @@ void random_source::use_readings(std::uint64_t state, std::vector<std::uint64_t>
   given_ = std::move(readings);
 }
 
-void random_source::use_state(std::uint64_t state) {
+void random_source::use_state(std::uint64_t state, std::vector<std::uint64_t> readings) {
   *this = random_source();
   kind_ = kind::seed;
   state_ = state;
+  given_ = std::move(readings);
 }
 
 void random_source::go_on_by_clock() {
@@ -57,13 +58,13 @@ void random_source::log_to(chance_log* log) {
 }
 
 std::size_t random_source::left() const {
-  if (kind_ == kind::readings) return given_.size() - given_taken_;
-  return kind_ == kind::script ? script_.size() - std::min<std::size_t>(script_.size(), draws_used_) : 0;
+  if (kind_ != kind::script) return given_.size() - given_taken_;
+  return script_.size() - std::min<std::size_t>(script_.size(), draws_used_);
 }
 
 std::uint64_t random_source::clock_reading() {
+  if (given_taken_ < given_.size()) return given_[given_taken_++];
   if (kind_ == kind::readings) {
-    if (given_taken_ < given_.size()) return given_[given_taken_++];
     ran_out_ = true;
     if (!clock_follows_) {
       throw run_time_error(failure::subscript, "The readings of the clock ran out",

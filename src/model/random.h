@@ -36,8 +36,8 @@ class random_source {
 
   /// Draws from the generator in this state; reseed() takes the given nanosecond readings in turn.
   void use_readings(std::uint64_t state, std::vector<std::uint64_t> readings);
-  /// Draws from the generator in this state; reseed() does nothing.
-  void use_state(std::uint64_t state);
+  /// Draws from the generator in this state; reseed() does nothing. The readings are those that fresh luck takes.
+  void use_state(std::uint64_t state, std::vector<std::uint64_t> readings = {});
   /// From here on reseed() reads the clock; the generator goes on where it stands.
   void go_on_by_clock();
   /// Behind the given readings reseed() reads the clock. What it has read by the next log_to() is added to that log.
@@ -107,7 +107,7 @@ class random_source {
   std::uint64_t state_ = 0;
   std::uint64_t draws_used_ = 0;
   std::vector<double> script_;
-  std::vector<std::uint64_t> given_;  // readings, of the kind `readings`
+  std::vector<std::uint64_t> given_;  // readings
   std::size_t given_taken_ = 0;
   bool clock_follows_ = false;
   bool ran_out_ = false;

@@ -114,10 +114,14 @@ class recorded_user : public front_end {
   void show(batsman_details_form&) override { take(answer_kind::read); }
 
   void show(console_form& form) override {
+    if (options_.waits) options_.waits(game_);
     while (!form.closed()) {
       if (options_.stops_at && options_.stops_at(game_)) throw play_left{replay_end::stopped};
       act(form, take());
     }
+  }
+  void over_bowled() override {
+    if (options_.waits) options_.waits(game_);
   }
 
   void ball_bowled() override {
@@ -425,7 +429,7 @@ game_state game_at_beginning(const recording& recorded) {
   game.data.files.elevens_in_memory = true;
   switch (begun.chance) {
     case random_source::kind::seed:
-      game.chance.use_state(begun.chance_state);
+      game.chance.use_state(begun.chance_state, recorded.readings);
       break;
     case random_source::kind::script:
       game.chance.use_script(recorded.draws, "recording");

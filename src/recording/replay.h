@@ -27,6 +27,9 @@ struct replay_options {
   front_end* watcher = nullptr;
   /// Called after each ball, as the console waits, and as an over of an unattended match begins; true stops there.
   std::function<bool(const game_state&)> stops_at = {};
+  /// Called where the console comes to wait for its user: as it is first shown, and behind each over or ball that he
+  /// has asked for.
+  std::function<void(const game_state&)> waits = {};
   /// Called as a match has come to its end, with its books and its result.
   std::function<void(const game_state&)> match_ends = {};
 };
