@@ -107,6 +107,12 @@ void set_stops_for(message_kind kind, bool on) { settings().setValue(message_key
 bool moments() { return number(QStringLiteral("moments"), 1, 1) == 1; }
 void set_moments(bool on) { settings().setValue(QStringLiteral("moments"), on ? 1 : 0); }
 
+bool forecast() { return number(QStringLiteral("forecast"), 1, 1) == 1; }
+void set_forecast(bool on) { settings().setValue(QStringLiteral("forecast"), on ? 1 : 0); }
+
+bool adviser() { return number(QStringLiteral("adviser"), 1, 0) == 1; }
+void set_adviser(bool on) { settings().setValue(QStringLiteral("adviser"), on ? 1 : 0); }
+
 QByteArray geometry(const QString& window) {
   return settings().value(QStringLiteral("windows/") + window).toByteArray();
 }

@@ -99,6 +99,14 @@ void set_stops_for(message_kind kind, bool on);
 bool moments();
 void set_moments(bool on);
 
+/// Whether the console shows the forecast of the match; on at first.
+bool forecast();
+void set_forecast(bool on);
+
+/// Whether the captain is told what his choices do to the chance of winning; off at first.
+bool adviser();
+void set_adviser(bool on);
+
 /// Place and size of a window; empty before it was first closed.
 QByteArray geometry(const QString& window);
 void set_geometry(const QString& window, const QByteArray& geometry);

@@ -141,6 +141,8 @@ constexpr Term terms[] = {
     {"6 per over", projected},
     {"8 per over", projected},
     {"10 per over", projected},
+    {"Next ball", "What the next ball may bring: the strokes, the extras and the wicket."},
+    {"Chance", "Of a hundred such balls, how many bring it; exact, as the game draws it."},
     {"Last 5", "Runs of an over in the last five overs."},
     {"After", "The overs after which the scores of both sides are compared."},
     {"Stand", stand},

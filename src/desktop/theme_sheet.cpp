@@ -37,6 +37,8 @@ QPushButton:disabled, QToolButton:disabled { background: transparent; color: @mu
 QPushButton:focus, QToolButton:focus { border: 2px solid @focus; padding: 5px 13px; }
 QPushButton[compact="true"] { padding: 2px 10px; }
 QPushButton[compact="true"]:focus { padding: 1px 9px; }
+QPushButton[slim="true"] { padding: 0px 10px; }
+QPushButton[slim="true"]:focus { padding: 0px 9px; min-height: 18px; }
 QPushButton[link="true"] {
   background: transparent; border: 2px solid transparent; padding: 1px 8px; text-align: left; font-weight: 500;
 }

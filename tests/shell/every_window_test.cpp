@@ -83,13 +83,14 @@ TEST_F(EveryWindow, AMatchAndItsReports) {
     ClickingUser::choose_match(window, 4, 7, true, true);
     press(window, "accept");
   });
+  user.robot.next("nextball", pressing("accept"));
   // At the second over every report and every dialog of the console, from them what they open.
   bool done = false;
   user.robot.always("main", [&](QWidget& window) {
     if (match.over_no == 2 && !done) {
       done = true;
-      for (const char* name : {"batsman_aggression_0", "bowler_aggression_0", "change_bowler", "show_worm",
-                               "show_overs_graph", "batsman_profile_0"}) {
+      for (const char* name : {"forecast", "next_ball", "forecast", "batsman_aggression_0", "bowler_aggression_0",
+                               "change_bowler", "show_worm", "show_overs_graph", "batsman_profile_0"}) {
         press(window, name);
       }
       user.robot.next("scorecard", [](QWidget& card) {
@@ -103,8 +104,9 @@ TEST_F(EveryWindow, AMatchAndItsReports) {
     press(window, "next_over");
   });
   play([&](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });
-  for (const char* name : {"teamfrm", "wecond", "Teamsel", "toss", "batorder", "chgbowler", "main", "aggr", "message",
-                           "scorecard", "batsmandetails", "Bowlcard", "partners", "graphs", "worms", "matchrep"}) {
+  for (const char* name :
+       {"teamfrm", "wecond", "Teamsel", "toss", "batorder", "chgbowler", "main", "aggr", "message", "scorecard",
+        "batsmandetails", "Bowlcard", "partners", "graphs", "worms", "matchrep", "nextball"}) {
     EXPECT_TRUE(seen.contains(name)) << name;
   }
   for (const char* pair :

@@ -16,6 +16,8 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
   QApplication application(argc, argv);  // writes the preferences when it goes: before the folder does
   velorin::preferences::use_file(folder.filePath(QStringLiteral("preferences.ini")));
+  // Threads beside every console would only slow the others down; the tests of the forecast turn it on.
+  velorin::preferences::set_forecast(false);
   const QString look = qEnvironmentVariable("VELORIN_APPEARANCE");
   velorin::apply_theme(look == "dark"       ? velorin::Appearance::dark
                        : look == "contrast" ? velorin::Appearance::high_contrast

@@ -120,7 +120,7 @@ void ConsoleWindow::order_tabs() {
   if (by_turns) order << commentary_;
   order << sides;
   if (!by_turns) order << commentary_;
-  order << take_back_;
+  order << next_ball_ << match_line_ << forecast_choice_ << take_back_;
   for (qsizetype i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 

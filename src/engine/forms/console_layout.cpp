@@ -197,7 +197,8 @@ QFrame* ConsoleWindow::new_sides_card() {
 void ConsoleWindow::lay_out() {
   scoreboard_ = new Scoreboard(match_);
   static_cast<QVBoxLayout*>(layout())->insertWidget(0, scoreboard_);
-  body()->setContentsMargins(16, 8, 16, 8);
+  add_forecast();
+  body()->setContentsMargins(16, 4, 16, 4);
   columns_ = new QHBoxLayout;
   columns_->setSpacing(8);
   batting_card_ = new_batting_card();
@@ -215,6 +216,7 @@ void ConsoleWindow::lay_out() {
   auto* line = new QHBoxLayout;
   line->setSpacing(16);
   line->addWidget(last_wicket_, 1);
+  line->addWidget(new_forecast_choices());
   line->addWidget(take_back_);
   body()->addLayout(line);
   arrange(Arrangement::narrow);

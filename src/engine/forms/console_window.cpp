@@ -28,6 +28,7 @@
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/console_tables.h"
 #include "engine/forms/course_charts.h"
+#include "engine/forms/forecast_bar.h"
 #include "engine/forms/over_chips.h"
 #include "engine/forms/over_strip.h"
 #include "engine/forms/player_panels.h"
@@ -132,6 +133,7 @@ void ConsoleWindow::refresh() {
   const QString shown_title = match_.practice ? title + QStringLiteral(" (practice)") : title;
   if (shown_title != windowTitle()) set_title(shown_title, {});
   scoreboard_->refresh();
+  forecast_->refresh();
   for (BatsmanPanel* panel : batsmen_) panel->refresh();
   for (BowlerPanel* panel : bowlers_) panel->refresh();
   rates_->refresh();

@@ -29,6 +29,7 @@ class BatsmanPanel;
 class BowlerPanel;
 class CommentaryList;
 class CourseChart;
+class ForecastBar;
 class OverChips;
 class OverStrip;
 class RatesPanel;
@@ -56,6 +57,8 @@ class ConsoleWindow : public Form {
   void refresh();
   /// Bowls the next over, as Next Over does.
   void play_over();
+  /// What opens the line of the match; until then the forecast does not offer it.
+  void on_match_line(std::function<void()> open);
   /// A ball has been bowled: shows it, and waits as long as the pace says.
   /// A message has passed by without a stop: a row in the commentary.
   void message_passed(const QString& text);
@@ -98,6 +101,9 @@ class ConsoleWindow : public Form {
   void order_tabs();
   void show_sides();
 
+  void add_forecast();
+  QWidget* new_forecast_choices();
+  void show_forecast(bool on);
   QWidget* new_skip_choice();
   QPushButton* new_take_back_choice();
   void go_on_with_over();
@@ -127,6 +133,11 @@ class ConsoleWindow : public Form {
   QEventLoop* waiting_ = nullptr;
 
   Scoreboard* scoreboard_ = nullptr;
+  ForecastBar* forecast_ = nullptr;
+  QPushButton* forecast_choice_ = nullptr;
+  QPushButton* next_ball_ = nullptr;
+  QPushButton* match_line_ = nullptr;
+  std::function<void()> open_match_line_;  // none where nobody opens it
   std::array<BatsmanPanel*, 2> batsmen_{};
   std::array<BowlerPanel*, 2> bowlers_{};
   QPushButton* change_bowler_ = nullptr;

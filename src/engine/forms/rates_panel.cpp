@@ -33,7 +33,13 @@ RatesPanel::RatesPanel(const match_state& match, QWidget* parent) : QFrame(paren
   rows->setContentsMargins(12, 8, 12, 8);
   rows->setSpacing(4);
   title_ = new_named_label(QStringLiteral("rates_title"), {}, TextRole::strong);
-  rows->addWidget(title_);
+  forecast_ = new_named_label(QStringLiteral("forecast_total"), {}, TextRole::accent);
+  auto* head = new QHBoxLayout;
+  head->setSpacing(8);
+  head->addWidget(title_, 1);
+  head->addWidget(forecast_);
+  forecast_->hide();
+  rows->addLayout(head);
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(8);
   grid->setVerticalSpacing(6);
@@ -61,6 +67,13 @@ RatesPanel::RatesPanel(const match_state& match, QWidget* parent) : QFrame(paren
   comparing->addStretch(1);
   rows->addLayout(comparing);
   rows->addStretch(1);
+}
+
+void RatesPanel::show_forecast(const QString& total, const QString& spoken) {
+  forecast_->setVisible(!total.isEmpty());
+  forecast_->setText(QStringLiteral("Forecast %1").arg(total));
+  forecast_->setAccessibleName(spoken);
+  forecast_->setToolTip(spoken);
 }
 
 void RatesPanel::refresh() {

@@ -18,6 +18,8 @@ class RatesPanel : public QFrame {
   explicit RatesPanel(const match_state& match, QWidget* parent = nullptr);
 
   void refresh();
+  /// The total to be expected beside the title, with its range; `spoken` tells screen readers the same. Empty: none.
+  void show_forecast(const QString& total, const QString& spoken);
 
  private:
   struct Cell {
@@ -28,6 +30,7 @@ class RatesPanel : public QFrame {
   static Cell new_cell(const QString& name);
 
   QLabel* title_;
+  QLabel* forecast_;
   std::array<Cell, 7> cells_;
   Cell last_five_;
   QLabel* stage_;

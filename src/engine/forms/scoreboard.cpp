@@ -48,7 +48,7 @@ Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(pare
   explain(*needed_, QStringLiteral("Runs Reqd."));
   whole_ = new QHBoxLayout(this);
   QBoxLayout* row = whole_;
-  row->setContentsMargins(24, 8, 24, 8);
+  row->setContentsMargins(24, 5, 24, 5);
   row->setSpacing(16);
   auto* now = new QHBoxLayout;
   now->setSpacing(16);

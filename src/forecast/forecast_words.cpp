@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forecast/forecast_words.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+namespace velorin {
+
+std::string chance_words(double chance) {
+  const double percent = 100 * chance;
+  if (percent < 0.5) return "<1 %";
+  if (percent > 99.5) return ">99 %";
+  return fmt::format("{} %", std::lround(percent));
+}
+
+std::string chances_sentence(const forecast_answer& answer) {
+  constexpr double least_told = 0.005;
+  std::string sentence = fmt::format("{} {}, {} {}", answer.first, chance_words(answer.win_first), answer.second,
+                                     chance_words(answer.win_second));
+  if (answer.tie >= least_told) sentence += ", tie " + chance_words(answer.tie);
+  return sentence;
+}
+
+std::string total_words(const total_forecast& total) {
+  return fmt::format("{} ({}\x96{})", std::lround(total.mean), total.p10, total.p90);
+}
+
+std::string total_sentence(const total_forecast& total) {
+  return fmt::format("{}, four times in five from {} to {}", std::lround(total.mean), total.p10, total.p90);
+}
+
+std::string difference_words(const advice& told) {
+  return fmt::format("{:+.1f} % \xB1 {:.1f}", 100 * told.difference, 100 * told.standard_error);
+}
+
+}  // namespace velorin

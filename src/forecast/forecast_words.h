@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+
+#include "forecast/adviser.h"
+#include "forecast/result_tally.h"
+
+// A forecast in words. Texts are single bytes of Windows-1252.
+
+namespace velorin {
+
+/// "62 %"; "<1 %" and ">99 %" where so many runs cannot tell it from never and always.
+std::string chance_words(double chance);
+
+/// "India 62 %, England 37 %, tie 1 %"; the tie is left out where it is below one in two hundred.
+std::string chances_sentence(const forecast_answer& answer);
+
+/// "268 (221-310)": the total to be expected, and the range of four in five, with a dash between.
+std::string total_words(const total_forecast& total);
+/// "268, four times in five from 221 to 310"
+std::string total_sentence(const total_forecast& total);
+
+/// "+1.2 % \xB1 0.4": the difference to leaving the choice to the computer, with its standard error, in hundredths.
+std::string difference_words(const advice& told);
+
+}  // namespace velorin
