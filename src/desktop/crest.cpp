@@ -78,6 +78,11 @@ CrestView::CrestView(const QString& name, int size, QWidget* parent) : QWidget(p
   give_role(*this, QAccessible::Graphic);
 }
 
+void CrestView::set_size(int size) {
+  size_ = size;
+  setFixedSize(size, size);
+}
+
 void CrestView::show_team(const QString& team) {
   if (team == team_) return;
   team_ = team;

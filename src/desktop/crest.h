@@ -33,6 +33,8 @@ class CrestView : public QWidget {
 
   void show_team(const QString& team);
   const QString& team() const { return team_; }
+  /// Another size in pixels.
+  void set_size(int size);
   QSize sizeHint() const override { return {size_, size_}; }
 
  protected:

@@ -378,7 +378,7 @@ void Frame::place(std::size_t lowest) {
     layer.slot->hold(*layer.form);
     if (fits) left.setRight(right.left() - 1);
   }
-  layers_[lowest].form->note_beside(beside);
+  for (std::size_t i = 0; i < layers_.size(); ++i) layers_[i].form->note_beside(beside && i == lowest);
   for (std::size_t i = 0; i < layers_.size(); ++i) {
     Layer& layer = layers_[i];
     if (layer.torn || stands_beside(layer)) continue;

@@ -72,8 +72,10 @@ void PhotoView::set_size(QSize size) {
 
 const QPixmap& PhotoView::portrait() {
   const double ratio = devicePixelRatioF();
-  if (portrait_.isNull() || portrait_.size() != size() * ratio) {
-    portrait_ = svg_picture(portrait_svg(player_, team_), size(), ratio);
+  const bool dark = theme().dark;
+  if (portrait_.isNull() || portrait_.size() != size() * ratio || dark != portrait_dark_) {
+    portrait_dark_ = dark;
+    portrait_ = svg_picture(portrait_svg(player_, team_, dark), size(), ratio);
   }
   return portrait_;
 }
@@ -100,6 +102,11 @@ void PhotoView::paintEvent(QPaintEvent*) {
   } else {
     const QSize scaled = photo_.size().scaled(size(), Qt::KeepAspectRatioByExpanding);
     painter.drawPixmap(QRect(QPoint((width() - scaled.width()) / 2, 0), scaled), photo_);
+  }
+  if (!isEnabled()) {
+    QColor veil = t.card;
+    veil.setAlphaF(0.6F);
+    painter.fillRect(rect(), veil);
   }
   painter.setClipping(false);
   painter.setPen(t.line);

@@ -29,6 +29,8 @@ class PhotoView : public QWidget {
   bool has_photo() const { return !photo_.isNull(); }
   /// A portrait stands in the photo's place.
   bool shows_portrait() const { return photo_.isNull() && !player_.isEmpty(); }
+  /// There is a man whose photo or portrait it shows.
+  bool shows_somebody() const { return !player_.isEmpty(); }
   QSize sizeHint() const override { return size_; }
 
  protected:
@@ -44,6 +46,7 @@ class PhotoView : public QWidget {
   QString player_;
   QString team_;
   QPixmap portrait_;  // empty until it is painted
+  bool portrait_dark_ = false;
 };
 
 }  // namespace velorin

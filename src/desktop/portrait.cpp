@@ -240,12 +240,13 @@ QString cap_svg(const Face& face, const QString& team, const TeamColors& colors)
 
 }  // namespace
 
-QString portrait_svg(const QString& player, const QString& team) {
+QString portrait_svg(const QString& player, const QString& team, bool dark) {
   const Face face = face_of(player, team);
   const TeamColors colors = team_colors(team);
   const QColor tint = colors.body;
   const auto paler = [&](int share) {
-    const auto channel = [share](int of) { return 255 - (255 - of) * share / 100; };
+    const int bare = dark ? 74 : 255;
+    const auto channel = [&](int of) { return bare + (of - bare) * share / 100; };
     return QColor(channel(tint.red()), channel(tint.green()), channel(tint.blue())).name();
   };
   QString svg = QStringLiteral("<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 90 110\">");

@@ -6,6 +6,7 @@
 
 #include "desktop/controls.h"
 #include "desktop/crest.h"
+#include "desktop/enlarged.h"
 #include "desktop/terms.h"
 #include "desktop/theme.h"
 
@@ -118,7 +119,8 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     case Qt::BackgroundRole:
       return row.marked ? QVariant(theme().next_ground) : QVariant();
     case Qt::FontRole:
-      return type_font(row.marked || cell.look == CellLook::strong ? TypeStep::strong : TypeStep::body);
+      return type_font(*static_cast<const QWidget*>(QObject::parent()),
+                       row.marked || cell.look == CellLook::strong ? TypeStep::strong : TypeStep::body);
     case Qt::AccessibleTextRole:
       return QStringLiteral("%1: %2%3")
           .arg(spoken_name(column.heading.trimmed().isEmpty() ? column.spoken : column.heading), cell.text,
@@ -140,6 +142,8 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
   switch (role) {
     case Qt::DisplayRole:
       return column.heading;
+    case Qt::FontRole:
+      return type_font(*static_cast<const QWidget*>(QObject::parent()), TypeStep::body);
     case Qt::TextAlignmentRole:
       return QVariant(Qt::AlignVCenter | (column.numbers ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::InitialSortOrderRole:  // of figures the highest come first

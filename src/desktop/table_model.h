@@ -15,7 +15,8 @@ class TableModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  explicit TableModel(QObject* parent = nullptr) : QAbstractTableModel(parent) {}
+  /// `view`: whose enlargement its texts have.
+  explicit TableModel(QWidget* view) : QAbstractTableModel(view) {}
 
   void set_table(Table table);
   const Table& table() const { return table_; }

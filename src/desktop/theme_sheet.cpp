@@ -35,8 +35,8 @@ QPushButton:default { background: @accent; color: @on_accent; border-color: @acc
 QPushButton:default:hover { border-color: @ink; }
 QPushButton:disabled, QToolButton:disabled { background: transparent; color: @muted; border: 1px dashed @line; }
 QPushButton:focus, QToolButton:focus { border: 2px solid @focus; padding: 5px 13px; }
-QPushButton[compact="true"] { padding: 2px 10px; }
-QPushButton[compact="true"]:focus { padding: 1px 9px; }
+QPushButton[compact="true"], QToolButton[compact="true"] { padding: 2px 8px; }
+QPushButton[compact="true"]:focus, QToolButton[compact="true"]:focus { padding: 1px 7px; }
 QPushButton[slim="true"] { padding: 0px 10px; }
 QPushButton[slim="true"]:focus { padding: 0px 9px; min-height: 18px; }
 QPushButton[link="true"] {

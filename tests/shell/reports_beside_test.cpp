@@ -54,7 +54,10 @@ TEST_F(ReportsBeside, TheConsoleKeepsTheRestOfTheWindow) {
     for (const QSize size : {QSize(1280, 800), QSize(1600, 900), QSize(1920, 1080), QSize(2560, 1440)}) {
       look(report, size);
     }
-    report.window()->resize(1280, 800);
+    // Where there is no room for both it lies over the console, which is whole again when it goes.
+    report.window()->resize(1024, 768);
+    settle();
+    EXPECT_EQ(report.width(), 1024);
     press(report, "accept");
   };
   for (const char* name : {"scorecard", "worms", "graphs"}) user.robot.next(name, look_at);
@@ -62,11 +65,13 @@ TEST_F(ReportsBeside, TheConsoleKeepsTheRestOfTheWindow) {
   user.robot.always("main", [&](QWidget& window) {
     if (match.over_no > 2 && match.first_total != 0 && !done) {
       done = true;
-      for (const char* name : {"show_scorecard", "show_worm", "show_overs_graph"}) press(window, name);
-      settle();
-      EXPECT_EQ(window.width(), window.window()->width()) << "it has the whole window again";
-      EXPECT_TRUE(control<QWidget>(window, "next_over")->isVisible());
-      EXPECT_TRUE(control<QWidget>(window, "commentary")->isVisible());
+      for (const char* name : {"show_scorecard", "show_worm", "show_overs_graph"}) {
+        press(window, name);
+        settle();
+        EXPECT_EQ(window.width(), window.window()->width()) << "it has the whole window again";
+        EXPECT_TRUE(control<QWidget>(window, "next_over")->isVisible());
+        EXPECT_TRUE(control<QWidget>(window, "commentary")->isVisible());
+      }
     }
     press(window, "next_over");
   });

@@ -21,6 +21,7 @@ namespace {
 const QStringList& plain_words() {
   static const QStringList words = {"Against",
                                     "Appearance",
+                                    "Attack",
                                     "Away",
                                     "Away Team",
                                     "Ball by ball",

@@ -15,6 +15,7 @@
 
 #include "console/console_view.h"
 #include "desktop/controls.h"
+#include "desktop/enlarged.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/terms.h"
@@ -27,7 +28,7 @@ namespace velorin {
 namespace {
 
 constexpr int heading_height = 20;
-constexpr int mark_width = 20;
+constexpr int mark_width = 18;
 constexpr int highest_row = 36;
 
 /// A column of figures: how wide, its heading, and whether a narrow list has it.
@@ -40,23 +41,25 @@ struct FigureColumn {
 };
 
 constexpr FigureColumn columns[] = {
-    {36, "O", "Overs", true, [](const attack_row& row) { return shown(row.overs); }},
-    {28, "M", "Maidens", false, [](const attack_row& row) { return shown(row.maidens); }},
+    {32, "O", "Overs", true, [](const attack_row& row) { return shown(row.overs); }},
+    {22, "M", "Maidens", false, [](const attack_row& row) { return shown(row.maidens); }},
     {30, "R", "Runs", true, [](const attack_row& row) { return shown(row.runs); }},
-    {24, "W", "Wickets", true, [](const attack_row& row) { return shown(row.wickets); }},
-    {38, "Econ", "Economy", true, [](const attack_row& row) { return shown(row.economy); }},
-    {32, "Left", "Overs left", true, [](const attack_row& row) { return QString::number(row.overs_left); }},
+    {22, "W", "Wickets", true, [](const attack_row& row) { return shown(row.wickets); }},
+    {34, "Econ", "Economy", true, [](const attack_row& row) { return shown(row.economy); }},
+    {30, "Left", "Overs left", true, [](const attack_row& row) { return QString::number(row.overs_left); }},
 };
-constexpr int narrow = 330;
+constexpr int narrow = 290;
 
-/// Calls `visit` with the place and the text of each column of figures, from the right; returns where they begin.
+/// Calls `visit` with the place of each column of figures, so many times as wide as usual, from the right; returns
+/// where they begin.
 template <class Visit>
-int place_columns(const QRect& row, Visit visit) {
-  int right = row.right() - 6;
+int place_columns(const QRect& row, double factor, Visit visit) {
+  int right = row.right() - static_cast<int>(6 * factor);
   for (auto column = std::rbegin(columns); column != std::rend(columns); ++column) {
-    if (row.width() < narrow && !column->in_narrow) continue;
-    visit(QRect(right - column->width, row.top(), column->width, row.height()), *column);
-    right -= column->width;
+    if (row.width() < narrow * factor && !column->in_narrow) continue;
+    const int wide = static_cast<int>(column->width * factor);
+    visit(QRect(right - wide, row.top(), wide, row.height()), *column);
+    right -= wide;
   }
   return right;
 }
@@ -65,8 +68,10 @@ int place_columns(const QRect& row, Visit visit) {
 
 AttackRow::AttackRow(QWidget* parent) : QRadioButton(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-  setMaximumHeight(highest_row);
 }
+
+QSize AttackRow::sizeHint() const { return {enlarged(*this, 240), enlarged(*this, 26)}; }
+QSize AttackRow::minimumSizeHint() const { return {enlarged(*this, 200), enlarged(*this, 18)}; }
 
 void AttackRow::show_man(const attack_row& row) {
   row_ = row;
@@ -94,29 +99,47 @@ void AttackRow::paintEvent(QPaintEvent*) {
   painter.setBrush(row_.bowls_now || (underMouse() && isEnabled()) ? QBrush(t.card_raised) : QBrush(Qt::NoBrush));
   painter.drawRoundedRect(frame, 4, 4);
   // Who bowls now has a ball, who bowls next a ring.
-  const QPointF mark(mark_width / 2.0 + 1, height() / 2.0);
+  const double factor = enlargement(*this);
+  const double ring = 4 * factor;
+  const QPointF mark(mark_width * factor / 2 + 1, height() / 2.0);
   if (row_.bowls_now || row_.bowls_next) {
     painter.setPen(QPen(t.ball, 2));
     painter.setBrush(row_.bowls_now ? QBrush(t.ball) : QBrush(Qt::NoBrush));
-    painter.drawEllipse(mark, 4, 4);
+    painter.drawEllipse(mark, ring, ring);
   } else if (isEnabled()) {
     painter.setPen(QPen(t.line, 1.5));
     painter.setBrush(Qt::NoBrush);
-    painter.drawEllipse(mark, 4, 4);
+    painter.drawEllipse(mark, ring, ring);
   }
   const bool spent = row_.overs_left == 0;
   const QColor ink = spent ? t.muted : t.ink;
-  painter.setFont(type_font(TypeStep::body));
+  painter.setFont(type_font(TypeStep::body, factor));
   painter.setPen(ink);
-  const int right = place_columns(rect(), [&](const QRect& place, const FigureColumn& column) {
+  const int right = place_columns(rect(), factor, [&](const QRect& place, const FigureColumn& column) {
     painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter, column.text(row_));
   });
-  painter.setFont(type_font(row_.bowls_now ? TypeStep::strong : TypeStep::body));
-  const QRect room(mark_width + 2, 0, right - mark_width - 4, height());
-  QString name = shown(row_.name);
-  if (painter.fontMetrics().horizontalAdvance(name) > room.width()) name = shown(shortened_name(row_.name));
-  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
-                   painter.fontMetrics().elidedText(name, Qt::ElideRight, room.width()));
+  const int left = enlarged(*this, mark_width + 2);
+  const QRect room(left, 0, right - left - 2, height());
+  const auto [name, type] = fitting_name(room.width());
+  painter.setFont(type);
+  painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, name);
+}
+
+std::pair<QString, QFont> AttackRow::fitting_name(int width) const {
+  const QFont usual = type_font(*this, TypeStep::body);
+  const QFont type = row_.bowls_now ? type_font(*this, TypeStep::strong) : usual;
+  const QString brief = shown(shortened_name(row_.name));
+  for (const auto& [name, font] :
+       {std::pair(shown(row_.name), type), std::pair(brief, type), std::pair(brief, usual)}) {
+    if (QFontMetrics(font).horizontalAdvance(name) <= width) return {name, font};
+  }
+  return {QFontMetrics(usual).elidedText(brief, Qt::ElideRight, width), usual};
+}
+
+QString AttackRow::shown_name() const {
+  const double factor = enlargement(*this);
+  const int right = place_columns(rect(), factor, [](const QRect&, const FigureColumn&) {});
+  return fitting_name(right - enlarged(*this, mark_width + 2) - 2).first;
 }
 
 AttackList::AttackList(const match_state& match, QWidget* parent)
@@ -132,7 +155,6 @@ AttackList::AttackList(const match_state& match, QWidget* parent)
     heading->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     headings_.push_back(heading);
   }
-  setMaximumHeight(heading_height + (men_in_eleven - 1) * highest_row);
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     auto* row = new AttackRow;
     row->setObjectName(QStringLiteral("attack_%1").arg(i + 1));
@@ -144,6 +166,16 @@ AttackList::AttackList(const match_state& match, QWidget* parent)
       if (on && !showing_ && chosen_) guarded([&] { chosen_(row->position()); });
     });
   }
+  fit_enlargement();
+}
+
+void AttackList::fit_enlargement() {
+  const int head = enlarged(*this, heading_height);
+  const int highest = enlarged(*this, highest_row);
+  layout()->setContentsMargins(0, head, 0, 0);
+  setMaximumHeight(head + (men_in_eleven - 1) * highest);
+  for (AttackRow* row : rows_) row->setMaximumHeight(highest);
+  place_headings();
 }
 
 void AttackList::refresh() {
@@ -174,15 +206,18 @@ void AttackList::resizeEvent(QResizeEvent* event) {
 }
 
 void AttackList::place_headings() {
-  const QRect head(0, 0, width(), heading_height);
+  const double factor = enlargement(*this);
+  const int tall = enlarged(*this, heading_height);
+  const int left = enlarged(*this, mark_width + 2);
+  const QRect head(0, 0, width(), tall);
   std::array<bool, std::size(columns)> placed{};
-  const int right = place_columns(head, [&](const QRect& place, const FigureColumn& column) {
+  const int right = place_columns(head, factor, [&](const QRect& place, const FigureColumn& column) {
     const auto at = static_cast<std::size_t>(&column - columns);
     headings_[at]->setGeometry(place);
     placed[at] = true;
   });
   // The figure at its right stands clear of the left half of its own place.
-  title_->setGeometry(mark_width + 2, 0, std::max(right - mark_width - 2, title_->sizeHint().width()), heading_height);
+  title_->setGeometry(left, 0, std::max(right - left, title_->sizeHint().width()), tall);
   // Last, since a label that comes or goes may change the width, and all are placed anew meanwhile.
   for (std::size_t at = 0; at < headings_.size(); ++at) {
     if (headings_[at]->isHidden() == placed[at]) headings_[at]->setVisible(placed[at]);

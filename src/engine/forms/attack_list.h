@@ -4,6 +4,7 @@
 #include <QRadioButton>
 #include <array>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "console/side_views.h"
@@ -27,14 +28,20 @@ class AttackRow : public QRadioButton {
   int position() const { return row_.position; }
   const attack_row& man() const { return row_; }
 
-  QSize sizeHint() const override { return {240, 26}; }
-  QSize minimumSizeHint() const override { return {200, 18}; }
+  /// The name as it is painted: whole, or shortened where there is little room.
+  QString shown_name() const;
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   bool hitButton(const QPoint& at) const override { return rect().contains(at); }
 
  private:
+  /// With the font in which it has so many pixels of room.
+  std::pair<QString, QFont> fitting_name(int width) const;
+
   attack_row row_;
 };
 
@@ -47,6 +54,8 @@ class AttackList : public QWidget {
   explicit AttackList(const match_state& match, QWidget* parent = nullptr);
 
   void refresh();
+  /// As large as the window around it has its parts.
+  void fit_enlargement();
   void on_chosen(std::function<void(int position)> act) { chosen_ = std::move(act); }
   void on_profile(std::function<void(int position)> act) { profile_ = std::move(act); }
   /// The rows as they stand.

@@ -2,10 +2,10 @@
 #include "engine/forms/ball_chip.h"
 
 #include <QPainter>
-#include <QPolygonF>
 #include <algorithm>
 
 #include "desktop/accessible_role.h"
+#include "desktop/enlarged.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -34,6 +34,15 @@ ChipLook look_of(const QString& symbol) {
   return {t.card, t.ink, t.muted};
 }
 
+QFont chip_font(double height, qsizetype letters, double factor) {
+  if (height >= 32 * factor) return type_font(letters > 1 ? TypeStep::strong : TypeStep::heading, factor);
+  QFont font = type_font(TypeStep::small, factor);
+  font.setWeight(QFont::Medium);
+  return font;
+}
+
+}  // namespace
+
 QPolygonF hexagon_in(const QRectF& place) {
   const double inset = place.width() / 4;
   const double middle = place.center().y();
@@ -45,21 +54,13 @@ QPolygonF hexagon_in(const QRectF& place) {
                     {place.left(), middle}});
 }
 
-QFont chip_font(double height, qsizetype letters) {
-  if (height >= 32) return type_font(letters > 1 ? TypeStep::strong : TypeStep::heading);
-  QFont font = type_font(TypeStep::small);
-  font.setWeight(QFont::Medium);
-  return font;
-}
-
-}  // namespace
-
-double chip_width(const QString& symbol, double height) {
+double chip_width(const QString& symbol, double height, double factor) {
   if (symbol.size() < 2) return height;
-  return std::max(height, QFontMetricsF(chip_font(height, symbol.size())).horizontalAdvance(symbol) + 8);
+  return std::max(height,
+                  QFontMetricsF(chip_font(height, symbol.size(), factor)).horizontalAdvance(symbol) + 8 * factor);
 }
 
-void paint_chip(QPainter& painter, const QRectF& place, const QString& symbol) {
+void paint_chip(QPainter& painter, const QRectF& place, const QString& symbol, double factor) {
   const Theme& t = theme();
   if (symbol.isEmpty()) {
     painter.setPen(QPen(t.line, 1.5, Qt::DotLine));
@@ -68,7 +69,7 @@ void paint_chip(QPainter& painter, const QRectF& place, const QString& symbol) {
     return;
   }
   const ChipLook look = look_of(symbol);
-  painter.setPen(QPen(look.edge, place.height() < 32 ? 1 : 1.5));
+  painter.setPen(QPen(look.edge, place.height() < 32 * factor ? factor : 1.5 * factor));
   painter.setBrush(look.fill);
   switch (look.shape) {
     case Shape::square:
@@ -82,7 +83,7 @@ void paint_chip(QPainter& painter, const QRectF& place, const QString& symbol) {
       break;
   }
   painter.setPen(look.text);
-  painter.setFont(chip_font(place.height(), symbol.size()));
+  painter.setFont(chip_font(place.height(), symbol.size(), factor));
   painter.drawText(place, Qt::AlignCenter, symbol == QLatin1String("0") ? QStringLiteral("\u2022") : symbol);
 }
 
@@ -93,8 +94,11 @@ BallChips::BallChips(const QString& name, const QString& spoken, QWidget* parent
   setAccessibleName(QStringLiteral("%1: none").arg(spoken_));
 }
 
-QSize BallChips::sizeHint() const { return {8 * (small_chip + small_gap), small_chip + 2}; }
-QSize BallChips::minimumSizeHint() const { return {fewest_chips * (small_chip + small_gap), small_chip + 2}; }
+QSize BallChips::sizeHint() const { return QSize(8 * (small_chip + small_gap), small_chip + 2) * enlargement(*this); }
+
+QSize BallChips::minimumSizeHint() const {
+  return QSize(fewest_chips * (small_chip + small_gap), small_chip + 2) * enlargement(*this);
+}
 
 void BallChips::set_symbols(const QStringList& symbols) {
   if (symbols == symbols_) return;
@@ -109,19 +113,22 @@ void BallChips::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   // As many of the newest as there is room for, from the left.
+  const double factor = enlargement(*this);
+  const double chip = small_chip * factor;
+  const double gap = small_gap * factor;
   double used = 0;
   qsizetype first = symbols_.size();
   while (first > 0) {
-    const double next = chip_width(symbols_[first - 1], small_chip) + (used > 0 ? small_gap : 0);
+    const double next = chip_width(symbols_[first - 1], chip, factor) + (used > 0 ? gap : 0);
     if (used + next > width()) break;
     used += next;
     --first;
   }
   double left = 0.5;
   for (qsizetype i = first; i < symbols_.size(); ++i) {
-    const double wide = chip_width(symbols_[i], small_chip);
-    paint_chip(painter, QRectF(left, (height() - small_chip) / 2.0 + 0.5, wide - 1, small_chip - 1), symbols_[i]);
-    left += wide + small_gap;
+    const double wide = chip_width(symbols_[i], chip, factor);
+    paint_chip(painter, QRectF(left, (height() - chip) / 2.0 + 0.5, wide - 1, chip - 1), symbols_[i], factor);
+    left += wide + gap;
   }
 }
 

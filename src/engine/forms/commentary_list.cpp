@@ -13,6 +13,8 @@
 #include <vector>
 
 #include "console/commentary_rows.h"
+#include "console/console_view.h"
+#include "desktop/enlarged.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
 #include "engine/forms/ball_chip.h"
@@ -29,6 +31,8 @@ constexpr int message_height = 26;
 constexpr int chip_size = 22;
 constexpr int stripe = 3;
 constexpr int place_width = 38;
+
+int times(double factor, int pixels) { return static_cast<int>(std::lround(factor * pixels)); }
 
 }  // namespace
 
@@ -116,9 +120,23 @@ class CommentaryModel : public QAbstractListModel {
   const match_state& match_;
 };
 
-QRect outcome_place(const QRect& row, const QString& symbol) {
-  const int wide = static_cast<int>(std::lround(chip_width(symbol, chip_size)));
-  return {row.right() - 6 - wide, row.top() + (ball_height - chip_size) / 2, wide, chip_size};
+QRect outcome_place(const QRect& row, const QString& symbol, double factor) {
+  const int tall = times(factor, chip_size);
+  const int wide = static_cast<int>(std::lround(chip_width(symbol, tall, factor)));
+  return {row.right() - 6 - wide, row.top() + (times(factor, ball_height) - tall) / 2, wide, tall};
+}
+
+QString fitting_names(const commentary_row& row, const QFontMetrics& type, int width) {
+  const auto names = [&](const std::string& bowler, const std::string& batsman) {
+    return shown(bowler) + QStringLiteral(" to ") + shown(batsman);
+  };
+  const std::string bowler = shortened_name(row.bowler);
+  const QString forms[] = {names(row.bowler, row.batsman), names(bowler, row.batsman),
+                           names(bowler, shortened_name(row.batsman))};
+  for (const QString& form : forms) {
+    if (type.horizontalAdvance(form) <= width) return form;
+  }
+  return shown(row.batsman);
 }
 
 namespace {
@@ -140,7 +158,7 @@ QColor color_of(line_kind kind) {
 /// Draws the row of a ball or of the end of an over.
 class RowPainter : public QStyledItemDelegate {
  public:
-  RowPainter(const CommentaryModel& rows, QObject* parent) : QStyledItemDelegate(parent), rows_(rows) {}
+  RowPainter(const CommentaryModel& rows, QWidget* list) : QStyledItemDelegate(list), rows_(rows), list_(*list) {}
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const Theme& t = theme();
@@ -167,75 +185,67 @@ class RowPainter : public QStyledItemDelegate {
 
   QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override {
     // As wide as the list, whatever the row.
-    if (!rows_.message(index).isEmpty()) return {0, message_height};
+    if (!rows_.message(index).isEmpty()) return {0, sized(message_height)};
     const line_kind kind = rows_.row(index).kind;
-    return {0, kind == line_kind::over_end ? over_height : kind == line_kind::wicket ? wicket_height : ball_height};
+    return {0, sized(kind == line_kind::over_end ? over_height
+                     : kind == line_kind::wicket ? wicket_height
+                                                 : ball_height)};
   }
 
  private:
+  int sized(int pixels) const { return enlarged(list_, pixels); }
+  QFont type(TypeStep step) const { return type_font(list_, step); }
+
   static void paint_text(QPainter& painter, const QRect& place, const QString& text) {
     if (place.width() < 12) return;
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
                      painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
   }
 
-  static void paint_ball(QPainter& painter, const QRect& rect, const commentary_row& row) {
+  void paint_ball(QPainter& painter, const QRect& rect, const commentary_row& row) const {
     const Theme& t = theme();
     const bool marked = row.kind != line_kind::ball;
     const QColor color = color_of(row.kind);
     if (marked) painter.fillRect(QRect(rect.left(), rect.top() + 2, stripe, rect.height() - 4), color);
     const QString symbol = shown(row.symbol);
-    const QRect chip = outcome_place(rect, symbol);
-    paint_chip(painter, QRectF(chip).adjusted(0.5, 0.5, -0.5, -0.5), symbol);
-    const QRect line(rect.left() + stripe + 5, rect.top(), chip.left() - 8 - (rect.left() + stripe + 5), ball_height);
-    painter.setFont(type_font(TypeStep::small));
+    const double factor = enlargement(list_);
+    const QRect chip = outcome_place(rect, symbol, factor);
+    paint_chip(painter, QRectF(chip).adjusted(0.5, 0.5, -0.5, -0.5), symbol, factor);
+    const int tall = sized(ball_height);
+    const int from = rect.left() + stripe + 5;
+    const QRect line(from, rect.top(), chip.left() - 8 - from, tall);
+    painter.setFont(type(TypeStep::small));
     painter.setPen(t.muted);
-    paint_text(painter, QRect(line.topLeft(), QSize(std::min(place_width, line.width()), ball_height)),
+    paint_text(painter, QRect(line.topLeft(), QSize(std::min(sized(place_width), line.width()), tall)),
                QStringLiteral("%1.%2").arg(row.over - 1).arg(row.ball));
-    painter.setFont(type_font(marked ? TypeStep::strong : TypeStep::body));
+    painter.setFont(type(marked ? TypeStep::strong : TypeStep::body));
     painter.setPen(color);
-    paint_names(painter, line.adjusted(place_width, 0, 0, 0), row);
+    const QRect names = line.adjusted(sized(place_width), 0, 0, 0);
+    paint_text(painter, names, fitting_names(row, painter.fontMetrics(), names.width()));
     if (row.kind != line_kind::wicket) return;
-    painter.setFont(type_font(TypeStep::small));
-    const int left = line.left() + place_width;
+    painter.setFont(type(TypeStep::small));
     // What he made stands at the end and stays whole.
-    const QRect under(left, rect.top() + ball_height - 4, rect.right() - 6 - left, wicket_height - ball_height);
+    const QRect under(names.left(), rect.top() + tall - 4, rect.right() - 6 - names.left(),
+                      sized(wicket_height) - tall);
     const QString brief = shown_caption(row.brief).simplified();
     painter.drawText(under, Qt::AlignLeft | Qt::AlignVCenter,
                      painter.fontMetrics().elidedText(brief, Qt::ElideMiddle, under.width()));
   }
 
-  /// Both names; the longer loses letters where there is no room.
-  static void paint_names(QPainter& painter, const QRect& place, const commentary_row& row) {
-    const QFontMetrics& metrics = painter.fontMetrics();
-    const QString bowler = shown(row.bowler);
-    const QString batsman = shown(row.batsman);
-    const QString link = QStringLiteral(" to ");
-    const QString whole = bowler + link + batsman;
-    if (metrics.horizontalAdvance(whole) <= place.width()) return paint_text(painter, place, whole);
-    const int half = (place.width() - metrics.horizontalAdvance(link)) / 2;
-    if (half < 24) return paint_text(painter, place, batsman);
-    const int for_batsman =
-        std::min(metrics.horizontalAdvance(batsman), std::max(half, 2 * half - metrics.horizontalAdvance(bowler)));
-    paint_text(painter, place,
-               metrics.elidedText(bowler, Qt::ElideRight, 2 * half - for_batsman) + link +
-                   metrics.elidedText(batsman, Qt::ElideRight, for_batsman));
-  }
-
   /// In a frame of its own, as no ball is.
-  static void paint_message(QPainter& painter, const QRect& rect, const QString& message) {
+  void paint_message(QPainter& painter, const QRect& rect, const QString& message) const {
     const Theme& t = theme();
     painter.setPen(QPen(t.accent, 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(QRectF(rect).adjusted(stripe + 0.5, 2.5, -4.5, -2.5), 4, 4);
-    painter.setFont(type_font(TypeStep::small));
+    painter.setFont(type(TypeStep::small));
     painter.setPen(t.ink);
     paint_text(painter, rect.adjusted(stripe + 8, 0, -10, 0), message);
   }
 
-  static void paint_over_end(QPainter& painter, const QRect& rect, const commentary_row& row) {
+  void paint_over_end(QPainter& painter, const QRect& rect, const commentary_row& row) const {
     const Theme& t = theme();
-    painter.setFont(type_font(TypeStep::small));
+    painter.setFont(type(TypeStep::small));
     painter.setPen(t.muted);
     QRect place = rect.adjusted(stripe + 5, 0, -6, 0);
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Over %1").arg(row.over));
@@ -250,6 +260,7 @@ class RowPainter : public QStyledItemDelegate {
   }
 
   const CommentaryModel& rows_;
+  const QWidget& list_;
 };
 
 }  // namespace
@@ -291,7 +302,7 @@ void CommentaryList::paintEvent(QPaintEvent* event) {
   if (rows_->rowCount() > 0) return;
   QPainter painter(viewport());
   painter.setPen(theme().muted);
-  painter.setFont(type_font(TypeStep::body));
+  painter.setFont(type_font(*this, TypeStep::body));
   painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap,
                    QStringLiteral("No ball bowled yet in this innings"));
 }

@@ -3,14 +3,22 @@
 
 #include <QListView>
 
+class QFontMetrics;
+
 namespace velorin {
 
+struct commentary_row;
 struct match_state;
 
 class CommentaryModel;
 
-/// Where the outcome's chip stands in a row of the commentary: always in view, whatever is told beside it.
-QRect outcome_place(const QRect& row, const QString& symbol);
+/// Where the outcome's chip stands in a row of the commentary, drawn so many times as large as usual: always in view,
+/// whatever is told beside it.
+QRect outcome_place(const QRect& row, const QString& symbol, double factor = 1);
+
+/// Who bowled to whom, in the longest form that has so many pixels of room: whole names, shortened ones, or the batsman
+/// alone. None is cut.
+QString fitting_names(const commentary_row& row, const QFontMetrics& type, int width);
 
 /// The console's commentary: a row for each ball, the newest in view, with over and ball, who bowled to whom, and the
 /// outcome as a chip; wickets and boundaries stand out by shape and colour; the end of an over is one compact row. What

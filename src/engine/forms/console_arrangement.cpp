@@ -5,19 +5,27 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 #include <initializer_list>
 #include <utility>
 
+#include "desktop/controls.h"
+#include "desktop/enlarged.h"
 #include "desktop/table_view.h"
 #include "engine/forms/attack_list.h"
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/console_window.h"
 #include "engine/forms/course_charts.h"
+#include "engine/forms/over_chips.h"
 #include "engine/forms/over_strip.h"
+#include "engine/forms/player_panels.h"
 #include "engine/forms/rates_panel.h"
 #include "engine/forms/scoreboard.h"
+#include "model/rules.h"
 
 // Where the console's cards stand, by the size of the window.
 
@@ -30,30 +38,79 @@ constexpr int strip_from = 480;
 constexpr int half_from = 800;
 constexpr int narrow_from = 1200;
 
+/// Gives a button less room around its text, or as much as usual.
+void set_compact(QAbstractButton& button, bool compact) {
+  if (button.property("compact").toBool() == compact || button.objectName() == QStringLiteral("take_back")) return;
+  button.setProperty("compact", compact);
+  button.style()->unpolish(&button);
+  button.style()->polish(&button);
+  button.updateGeometry();
+}
+
 }  // namespace
 
 int ConsoleWindow::width_beside(int most) const {
   return most >= narrow_from ? narrow_from : most >= half_from ? half_from : strip_from;
 }
 
-ConsoleWindow::Arrangement ConsoleWindow::arrangement() const {
-  constexpr int wide_from = 1600;
-  constexpr int large_from = 2600;
-  constexpr int large_height = 1800;
-  if (beside_ && width() < half_from) return Arrangement::strip;
-  if (beside_ && width() < narrow_from) return Arrangement::half;
-  if (width() < wide_from) return Arrangement::narrow;
-  return width() >= large_from && height() >= large_height ? Arrangement::large : Arrangement::wide;
+double ConsoleWindow::wanted_enlargement() const {
+  constexpr QSizeF usual(1920, 1030);
+  constexpr double step = 8;  // to the eighth, so that a drag of the frame does not restyle at every pixel
+  const double fitting = std::min(width() / usual.width(), height() / usual.height());
+  return std::clamp(std::floor(fitting * step) / step, 1.0, 2.0);
 }
 
-void ConsoleWindow::arrange(Arrangement wanted) {
+void ConsoleWindow::note_beside(bool beside) {
+  if (beside == beside_) return;
+  beside_ = beside;
+  arrange();
+}
+
+ConsoleWindow::Arrangement ConsoleWindow::arrangement() const {
+  constexpr int wide_from = 1600;
+  constexpr int low_below = 620;
+  constexpr int least_of_three_columns = 760;
+  if (beside_ && width() < half_from) return Arrangement::strip;
+  if (beside_ && width() < narrow_from) return Arrangement::half;
+  if (height() < low_below && width() < wide_from) return Arrangement::low;
+  if (width() < least_of_three_columns) return Arrangement::low;
+  return width() < wide_from * wanted_enlargement() ? Arrangement::narrow : Arrangement::wide;
+}
+
+void ConsoleWindow::arrange() {
   // A single column of little height has the last six overs and the last wicket left out.
   constexpr int room_for_past = 860;
+  const Arrangement wanted = arrangement();
+  const double factor = wanted_enlargement();
   const bool past = wanted != Arrangement::strip || height() >= room_for_past;
   strip_->setVisible(past);
-  last_wicket_->setVisible(past);
-  if (wanted == arranged_) return;
+  last_wicket_->setVisible(past && wanted != Arrangement::low);
+  if (wanted == arranged_ && factor == drawn_) return;
+  if (wanted == Arrangement::low) choose_commentary_->setChecked(true);
   arranged_ = wanted;
+  place_cards(wanted);
+  if (factor != drawn_) enlarge(*this, factor);
+  // Drawn larger it wants more room, and can become small again all the same.
+  layout()->setSizeConstraint(factor > 1 ? QLayout::SetNoConstraint : QLayout::SetDefaultConstraint);
+  drawn_ = factor;
+  set_density(wanted);
+  const bool by_turns = wanted != Arrangement::wide;
+  const bool low = wanted == Arrangement::low;
+  arrange_charts(!by_turns, low);
+  sides_choice_->setVisible(by_turns);
+  choose_commentary_->setVisible(low);
+  if (!low && choose_commentary_->isChecked()) {
+    sides_choice_->findChild<QPushButton*>(QStringLiteral("choose_attack"))->setChecked(true);
+  }
+  order_tabs();
+  show_sides();
+  // What it needs now, before anything is placed by what it needed.
+  for (QLayout* each : findChildren<QLayout*>()) each->invalidate();
+}
+
+QSize ConsoleWindow::minimumSizeHint() const { return Form::minimumSizeHint() / drawn_; }
+
+void ConsoleWindow::place_cards(Arrangement wanted) {
   while (QLayoutItem* item = columns_->takeAt(0)) {
     while (QLayoutItem* inner = item->layout()->takeAt(0)) delete inner;
     delete item;
@@ -61,7 +118,7 @@ void ConsoleWindow::arrange(Arrangement wanted) {
   QWidgetList shown;
   const auto add = [&](int stretch, std::initializer_list<std::pair<QWidget*, int>> cards) {
     auto* column = new QVBoxLayout;
-    column->setSpacing(8);
+    column->setSpacing(columns_->spacing());
     for (const auto& [card, share] : cards) {
       column->addWidget(card, share);
       shown << card;
@@ -76,36 +133,68 @@ void ConsoleWindow::arrange(Arrangement wanted) {
       add(1, {{batting_card_, 5}, {bowling_card_, 4}});
       add(1, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
       break;
-    case Arrangement::narrow:
-      add(22, {{batting_card_, 5}, {bowling_card_, 4}});
+    case Arrangement::low:
+      add(24, {{batting_card_, 1}, {bowling_card_, 0}});
       add(20, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
-      add(20, {{commentary_card_, 11}, {sides_card_, 10}});
+      add(20, {{sides_card_, 1}});
+      break;
+    case Arrangement::narrow:
+      add(21, {{batting_card_, 5}, {bowling_card_, 4}});
+      add(19, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
+      add(21, {{commentary_card_, 11}, {sides_card_, 10}});
       break;
     case Arrangement::wide:
-      add(20, {{batting_card_, 5}, {bowling_card_, 4}});
-      add(22, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
-      add(23, {{sides_card_, 1}});
-      add(22, {{commentary_card_, 1}});
-      break;
-    case Arrangement::large:
-      add(20, {{batting_card_, 5}, {bowling_card_, 4}});
-      add(30, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
-      add(20, {{sides_card_, 4}, {commentary_card_, 5}});
+      add(21, {{batting_card_, 5}, {bowling_card_, 4}});
+      add(21, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
+      add(25, {{sides_card_, 1}});
+      add(19, {{commentary_card_, 1}});
       break;
   }
   for (QWidget* card :
        QWidgetList{batting_card_, bowling_card_, over_card_, rates_, charts_card_, sides_card_, commentary_card_}) {
     card->setVisible(shown.contains(card));
   }
+  // By turns with the sides it stands in their card.
+  QFrame* around = wanted == Arrangement::low ? sides_card_ : commentary_card_;
+  if (commentary_->parentWidget() != around) card_rows(around)->addWidget(commentary_, 1);
+  commentary_->show();
+}
+
+void ConsoleWindow::set_density(Arrangement wanted) {
   const bool beside = wanted == Arrangement::strip || wanted == Arrangement::half;
-  scoreboard_->set_compact(beside);
+  const bool low = wanted == Arrangement::low;
+  const QMargins around = low ? QMargins(10, 5, 10, 5) : QMargins(12, 8, 12, 8);
+  for (QFrame* card : {batting_card_, bowling_card_, over_card_, charts_card_, sides_card_, commentary_card_}) {
+    const bool of_men = card == batting_card_ || card == bowling_card_;
+    set_usual_room(*this, *card->layout(), around, low ? 3 : of_men ? 4 : 6);
+  }
+  set_usual_room(*this, *rates_->layout(), around, low ? 2 : 4);
+  set_usual_room(*this, *body(), low ? QMargins(8, 5, 8, 5) : QMargins(16, 6, 16, 6), low ? 4 : 6);
+  set_usual_room(*this, *columns_, {}, low ? 5 : 8);
+  for (QObject* column : columns_->children()) {
+    if (auto* rows = qobject_cast<QLayout*>(column)) rows->setSpacing(columns_->spacing());
+  }
+  for (BatsmanPanel* panel : batsmen_) panel->set_compact(low);
+  for (BowlerPanel* panel : bowlers_) panel->set_compact(low);
+  legend_->parentWidget()->setVisible(!low);
+  chips_->set_low(low);
+  for (QToolButton* step : {over_before_, over_after_}) set_compact(*step, low);
+  for (QPushButton* choice : sides_choice_->findChildren<QPushButton*>()) set_compact(*choice, low);
+  scoreboard_->set_look(beside ? Scoreboard::Look::stacked : low ? Scoreboard::Look::low : Scoreboard::Look::whole);
+  attack_->fit_enlargement();
+  batting_table_->grow_rows(enlarged(*this, 36), men_in_eleven);
+  commentary_->doItemsLayout();
+  auto* foot = findChild<QWidget*>(QStringLiteral("foot"));
+  if (foot == nullptr) return;
   // The buttons are dead beside a report, and have no room there.
-  if (auto* foot = findChild<QWidget*>(QStringLiteral("foot"))) foot->setVisible(!beside);
-  const bool by_turns = wanted != Arrangement::wide && wanted != Arrangement::large;
-  arrange_charts(!by_turns);
-  order_tabs();
-  sides_choice_->setVisible(by_turns);
-  show_sides();
+  foot->setVisible(!beside);
+  set_usual_room(*this, *foot->layout(), low ? QMargins(8, 5, 8, 5) : QMargins(24, 12, 24, 12), -1);
+  for (QHBoxLayout* row : foot->layout()->findChildren<QHBoxLayout*>(Qt::FindDirectChildrenOnly)) {
+    set_usual_room(*this, *row, {}, low ? 3 : 6);
+  }
+  for (QPushButton* button : foot->findChildren<QPushButton*>()) set_compact(*button, low);
+  foot->findChild<QWidget*>(QStringLiteral("apart"))->setFixedWidth(enlarged(*this, 40));
+  foot->findChild<QWidget*>(QStringLiteral("pace_caption"))->setVisible(!low);
 }
 
 /// The keyboard goes down the columns, whichever they are.
@@ -116,7 +205,7 @@ void ConsoleWindow::order_tabs() {
   }
   sides << batting_table_;
   QWidgetList order = {over_after_};
-  const bool by_turns = arranged_ != Arrangement::wide && arranged_ != Arrangement::large;
+  const bool by_turns = arranged_ == Arrangement::narrow;
   if (by_turns) order << commentary_;
   order << sides;
   if (!by_turns) order << commentary_;
@@ -124,21 +213,26 @@ void ConsoleWindow::order_tabs() {
   for (qsizetype i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
-void ConsoleWindow::arrange_charts(bool stacked) {
+void ConsoleWindow::arrange_charts(bool stacked, bool only_one) {
   for (CourseChart* chart : charts_) charts_grid_->removeWidget(chart);
   charts_grid_->addWidget(charts_[0], 0, 0, 1, 2);
   charts_grid_->addWidget(charts_[1], 1, 0, 1, stacked ? 2 : 1);
   charts_grid_->addWidget(charts_[2], stacked ? 2 : 1, stacked ? 0 : 1, 1, stacked ? 2 : 1);
-  for (int row = 0; row < 3; ++row) charts_grid_->setRowStretch(row, row < 2 || stacked ? 1 : 0);
+  for (int row = 0; row < 3; ++row)
+    charts_grid_->setRowStretch(row, row == 0 || (row == 1 && !only_one) || stacked ? 1 : 0);
+  for (std::size_t i = 1; i < charts_.size(); ++i) charts_[i]->setVisible(!only_one);
 }
 
 void ConsoleWindow::show_sides() {
-  const bool both = arranged_ == Arrangement::wide || arranged_ == Arrangement::large;
+  const bool both = arranged_ == Arrangement::wide;
   const auto* batting = sides_choice_->findChild<QPushButton*>(QStringLiteral("choose_batting"));
-  const bool shows_batting = batting != nullptr && batting->isChecked();
+  const auto* attack = sides_choice_->findChild<QPushButton*>(QStringLiteral("choose_attack"));
   if (attack_ == nullptr || batting_table_ == nullptr) return;
-  attack_->setVisible(both || !shows_batting);
-  batting_table_->setVisible(both || shows_batting);
+  attack_->setVisible(both || attack->isChecked());
+  batting_table_->setVisible(both || batting->isChecked());
+  attack_title_->setVisible(both);
+  batting_title_->setVisible(both);
+  if (arranged_ == Arrangement::low) commentary_->setVisible(choose_commentary_->isChecked());
   refresh_sides();
 }
 

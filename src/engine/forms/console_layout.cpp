@@ -47,6 +47,17 @@ QFrame* new_rule() {
   return rule;
 }
 
+/// A label with a line at each side, in a row that can be left out.
+QWidget* between_rules(QLabel* label) {
+  auto* box = new QWidget;
+  auto* row = new QHBoxLayout(box);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(new_rule(), 1);
+  row->addWidget(label);
+  row->addWidget(new_rule(), 1);
+  return box;
+}
+
 QToolButton* new_step(const QString& name, const QString& sign, const Act& act) {
   auto* button = new QToolButton;
   button->setObjectName(name);
@@ -65,11 +76,7 @@ QFrame* ConsoleWindow::new_batting_card() {
     if (slot > 0) {
       stand_ = new_named_label(QStringLiteral("stand"), {}, TextRole::small_muted);
       stand_->setToolTip(QStringLiteral("The stand at the crease, its balls, and what each has made of it"));
-      auto* between = new QHBoxLayout;
-      between->addWidget(new_rule(), 1);
-      between->addWidget(stand_);
-      between->addWidget(new_rule(), 1);
-      card_rows(card)->addLayout(between);
+      card_rows(card)->addWidget(between_rules(stand_));
     }
     card_rows(card)->addWidget(panel, 1);
     connect(panel->aggression(), &QPushButton::clicked, this,
@@ -88,7 +95,12 @@ QFrame* ConsoleWindow::new_bowling_card() {
   for (int slot = 0; slot < 2; ++slot) {
     auto* panel = new BowlerPanel(match_, data_, slot);
     bowlers_[static_cast<std::size_t>(slot)] = panel;
-    if (slot > 0) card_rows(card)->addWidget(new_rule());
+    if (slot > 0) {
+      legend_ = new_named_label(QStringLiteral("levels_legend"),
+                                QStringLiteral("1 to 5: runs an over \u00B7 balls a wicket"), TextRole::small_muted);
+      legend_->setToolTip(QStringLiteral("What each aggression would bring by the model of a delivery"));
+      card_rows(card)->addWidget(between_rules(legend_));
+    }
     card_rows(card)->addWidget(panel, 1);
     connect(panel->aggression(), &QPushButton::clicked, this,
             [this, slot] { guarded([&] { act_on_slot(&console_form::change_bowler_aggression, slot); }); });
@@ -110,6 +122,8 @@ QFrame* ConsoleWindow::new_over_card() {
   browser_->setFocusPolicy(Qt::TabFocus);
   browser_->setPageStep(5);
   browser_->setMinimumWidth(48);
+  browser_->setMaximumWidth(160);
+  browser_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   connect(browser_, &QScrollBar::valueChanged, this, [this](int over) { guarded([&] { browse(over); }); });
   over_before_ = new_step(QStringLiteral("over_before"), QStringLiteral("\u2039"),
                           {.caption = QStringLiteral("Over before"), .key = QKeySequence(Qt::Key_Comma)});
@@ -122,7 +136,7 @@ QFrame* ConsoleWindow::new_over_card() {
   head->addWidget(over_bowler_);
   head->addStretch(1);
   head->addWidget(over_before_);
-  head->addWidget(browser_);
+  head->addWidget(browser_, 1);
   head->addWidget(over_after_);
   card_rows(card)->addLayout(head);
   chips_ = new OverChips;
@@ -176,13 +190,20 @@ QFrame* ConsoleWindow::new_sides_card() {
     head->addWidget(button, 1);
     return button;
   };
+  choose_commentary_ = add("choose_commentary", "Ball by ball", Qt::Key_L, "Show the commentary");
   QPushButton* attack = add("choose_attack", "Attack", Qt::Key_A, "Show all who can bowl");
   add("choose_batting", "Batting", Qt::Key_T, "Show the batting side");
   card_rows(card)->addWidget(sides_choice_);
+  attack_title_ = new_label(QStringLiteral("Attack"), TextRole::strong);
+  attack_title_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  card_rows(card)->addWidget(attack_title_);
   attack_ = new AttackList(match_);
   attack_->on_chosen([this](int position) { set_in_place([&] { form_.choose_bowler(position); }); });
   attack_->on_profile([this](int position) { set_in_place([&] { form_.show_profile_of_bowler(position); }); });
   card_rows(card)->addWidget(attack_, 1);
+  batting_title_ = new_label(QStringLiteral("Batting"), TextRole::strong);
+  batting_title_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  card_rows(card)->addWidget(batting_title_);
   batting_table_ = new TableView(QStringLiteral("batting_so_far"));
   batting_table_->verticalHeader()->setMinimumSectionSize(22);
   batting_table_->grow_rows(36, men_in_eleven);
@@ -190,6 +211,7 @@ QFrame* ConsoleWindow::new_sides_card() {
   batting_table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   batting_table_->on_open([this](int position) { set_in_place([&] { form_.show_profile_of_batsman(position); }); });
   card_rows(card)->addWidget(batting_table_, 1);
+  card_rows(card)->addStretch();
   attack->setChecked(true);
   return card;
 }
@@ -209,6 +231,7 @@ void ConsoleWindow::lay_out() {
   commentary_card_ = new_commentary_card();
   sides_card_ = new_sides_card();
   body()->addLayout(columns_, 1);
+  place_cards(Arrangement::narrow);
   last_wicket_ = new_named_label(QStringLiteral("last_wicket"), {}, TextRole::muted);
   last_wicket_->setMinimumHeight(20);
   take_back_ = new_take_back_choice();
@@ -219,7 +242,6 @@ void ConsoleWindow::lay_out() {
   line->addWidget(new_forecast_choices());
   line->addWidget(take_back_);
   body()->addLayout(line);
-  arrange(Arrangement::narrow);
 }
 
 QWidget* ConsoleWindow::new_pace_choice() {
@@ -228,7 +250,7 @@ QWidget* ConsoleWindow::new_pace_choice() {
   auto* row = new QHBoxLayout(box);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(2);
-  row->addWidget(new_label(QStringLiteral("Pace"), TextRole::muted));
+  row->addWidget(new_named_label(QStringLiteral("pace_caption"), QStringLiteral("Pace"), TextRole::muted));
   row->addSpacing(4);
   auto* group = new QButtonGroup(box);
   struct Choice {
@@ -273,6 +295,7 @@ void ConsoleWindow::add_foot() {
                        [this] { ask_to_quit(); }));
   // Quit stands apart, so that a press beside a report does not hit it.
   auto* apart = new QWidget;
+  apart->setObjectName(QStringLiteral("apart"));
   apart->setFixedWidth(40);
   add_aside(apart);
   struct Report {

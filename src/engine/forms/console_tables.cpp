@@ -8,6 +8,7 @@
 #include "console/side_views.h"
 #include "desktop/shown_text.h"
 #include "model/match_state.h"
+#include "model/texts.h"
 
 namespace velorin {
 
@@ -36,7 +37,7 @@ Table attack_table(const match_state& match) {
   return table;
 }
 
-Table batting_table(const match_state& match, CardDetail detail) {
+Table batting_table(const match_state& match, CardDetail detail, bool short_names) {
   const bool with_dismissals = detail == CardDetail::dismissals;
   const bool with_boundaries = detail != CardDetail::runs;
   Table table;
@@ -55,7 +56,8 @@ Table batting_table(const match_state& match, CardDetail detail) {
     const CellLook look = man.to_come ? CellLook::muted : man.at_crease ? CellLook::strong : CellLook::normal;
     TableRow row;
     row.id = man.position;
-    row.cells = {{shown(man.name) + (man.on_strike ? QStringLiteral(" *") : QString()), look}};
+    const std::string name = short_names ? shortened_name(man.name) : man.name;
+    row.cells = {{shown(name) + (man.on_strike ? QStringLiteral(" *") : QString()), look}};
     if (with_dismissals) row.cells.push_back({shown_caption(man.how_out).simplified(), CellLook::muted});
     row.cells.push_back({shown(man.runs), look});
     row.cells.push_back({shown(man.balls)});
@@ -74,7 +76,10 @@ std::string stand_line(const match_state& match) {
 
 std::string last_wicket_line(const match_state& match) {
   const std::string line = view_last_wicket(match);
-  return line.empty() ? line : "Last wicket: " + line;
+  if (line.empty()) return line;
+  // Until the first of this innings it is one of the innings before.
+  const bool before = (match.innings_number - match.last_wicket.innings_number) % 2 != 0;
+  return (before ? "Last wicket, " + short_name(match.team2_name) + ": " : "Last wicket: ") + line;
 }
 
 }  // namespace velorin

@@ -18,7 +18,7 @@ enum class CardDetail {
   dismissals,  ///< and how they were out
 };
 /// The batting side as far as it has come; the row's id is the man's position.
-Table batting_table(const match_state& match, CardDetail detail);
+Table batting_table(const match_state& match, CardDetail detail, bool short_names = false);
 
 /// The stand at the crease in a line: runs, balls, each man's share.
 std::string stand_line(const match_state& match);

@@ -36,6 +36,7 @@
 #include "engine/forms/scoreboard.h"
 #include "engine/over_play.h"
 #include "model/match_state.h"
+#include "model/texts.h"
 
 namespace velorin {
 
@@ -72,6 +73,8 @@ ConsoleWindow::ConsoleWindow(const match_state& match, const open_database& data
   prefer_size(QSize(1280, 800));
   lay_out();
   add_foot();
+  resize(1280, 800);
+  arrange();
   on_dismiss([this] {
     // Escape finishes the over at once, or stops a skip after the ball; between overs it does nothing.
     if (!playing_) return;
@@ -139,8 +142,12 @@ void ConsoleWindow::refresh() {
   rates_->refresh();
   commentary_->refresh();
   last_wicket_->setText(shown_caption(last_wicket_line(match_)));
-  const bool at_crease = !match_.batting_card[match_.lower_batsman()].name.empty();
-  stand_->setText(at_crease ? shown(stand_line(match_)) : QString());
+  const auto is_in = [this](int position) {
+    const batting_card_rec& card = match_.batting_card[position];
+    return !card.name.empty() && card.how == dismissal::none;
+  };
+  const bool stands = is_in(match_.lower_batsman()) && is_in(match_.higher_batsman());
+  stand_->setText(stands ? shown(stand_line(match_)) : QString());
   const CourseFigures course = course_figures(match_);
   for (CourseChart* chart : charts_) chart->set_figures(course);
   strip_->set_overs(last_overs(match_, OverStrip::overs));
@@ -160,7 +167,9 @@ void ConsoleWindow::refresh_over() {
   const bool bowled = !symbols.join(QString()).isEmpty();
   over_title_->setText(browsing                         ? QStringLiteral("Over %1").arg(match_.browsed_over)
                        : playing_ || resting || !bowled ? QStringLiteral("This over")
-                                                        : QStringLiteral("Last over"));
+                       : match_.deliveries.empty()
+                           ? QStringLiteral("Last over, %1").arg(shown(short_name(match_.team2_name)))
+                           : QStringLiteral("Last over"));
   over_bowler_->setText(browsing ? shown(bowler_of_over(match_, match_.browsed_over)) : QString());
   const QSignalBlocker quiet(browser_);
   browser_->setRange(1, std::max(1, past));
@@ -172,15 +181,17 @@ void ConsoleWindow::refresh_over() {
 }
 
 void ConsoleWindow::refresh_sides() {
-  constexpr int room_for_boundaries = 340;
-  constexpr int room_for_dismissals = 420;
+  constexpr int room_for_boundaries = 280;
+  constexpr int room_for_names = 360;
+  constexpr int room_for_dismissals = 440;
   if (form_.closed()) return;
   if (!attack_->isHidden()) attack_->refresh();
   if (batting_table_->isHidden()) return;
-  const int room = batting_table_->width();
-  batting_table_->set_table(batting_table(match_, room >= room_for_dismissals   ? CardDetail::dismissals
-                                                  : room >= room_for_boundaries ? CardDetail::boundaries
-                                                                                : CardDetail::runs));
+  const double room = batting_table_->width() / drawn_;
+  const CardDetail detail = room >= room_for_dismissals   ? CardDetail::dismissals
+                            : room >= room_for_boundaries ? CardDetail::boundaries
+                                                          : CardDetail::runs;
+  batting_table_->set_table(batting_table(match_, detail, room < room_for_names));
 }
 
 void ConsoleWindow::play_over() {
@@ -274,8 +285,9 @@ void ConsoleWindow::ask_to_quit() {
 }
 
 void ConsoleWindow::resizeEvent(QResizeEvent* event) {
+  // First, since the room for the foot and the body depends on it.
+  arrange();
   Form::resizeEvent(event);
-  arrange(arrangement());
   refresh_sides();
 }
 

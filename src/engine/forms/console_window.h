@@ -68,9 +68,11 @@ class ConsoleWindow : public Form {
   /// An over is being bowled.
   bool playing() const { return playing_; }
 
+  /// However large it is drawn, it can become a small one again.
+  QSize minimumSizeHint() const override;
   /// Beside a report it shows as much as has room, from a single column on.
   int width_beside(int most) const override;
-  void note_beside(bool beside) override { beside_ = beside; }
+  void note_beside(bool beside) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -91,13 +93,17 @@ class ConsoleWindow : public Form {
   enum class Arrangement {
     strip,   ///< beside a report: who is in and who bowls, and the over
     half,    ///< beside a report: likewise, and the charts
+    low,     ///< three columns of little height; commentary, attack and batting side take turns
     narrow,  ///< three columns; attack and batting side take turns
     wide,    ///< four columns
-    large,   ///< three wide columns, both sides over the commentary
   };
+  /// How much larger than usual all is drawn: what is made for 1920 x 1080 fills a larger window likewise.
+  double wanted_enlargement() const;
   Arrangement arrangement() const;
-  void arrange(Arrangement wanted);
-  void arrange_charts(bool stacked);
+  void arrange();
+  void place_cards(Arrangement wanted);
+  void set_density(Arrangement wanted);
+  void arrange_charts(bool stacked, bool only_one);
   void order_tabs();
   void show_sides();
 
@@ -142,6 +148,9 @@ class ConsoleWindow : public Form {
   std::array<BowlerPanel*, 2> bowlers_{};
   QPushButton* change_bowler_ = nullptr;
   QLabel* stand_ = nullptr;
+  QLabel* legend_ = nullptr;
+  QLabel* attack_title_ = nullptr;
+  QLabel* batting_title_ = nullptr;
   OverChips* chips_ = nullptr;
   OverStrip* strip_ = nullptr;
   QLabel* over_title_ = nullptr;
@@ -167,8 +176,10 @@ class ConsoleWindow : public Form {
   QFrame* over_card_ = nullptr;
   QFrame* charts_card_ = nullptr;
   QFrame* commentary_card_ = nullptr;
+  QPushButton* choose_commentary_ = nullptr;
   QFrame* sides_card_ = nullptr;
   std::optional<Arrangement> arranged_;
+  double drawn_ = 1;  // the enlargement
   bool beside_ = false;
   QWidget* pace_ = nullptr;
   QPushButton* next_over_ = nullptr;

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "desktop/accessible_role.h"
+#include "desktop/enlarged.h"
 #include "desktop/line_chart.h"
 #include "desktop/shown_text.h"
 #include "desktop/terms.h"
@@ -97,6 +98,7 @@ QString CourseChart::described() const {
 void CourseChart::set_figures(const CourseFigures& figures) {
   figures_ = figures;
   highest_ = find_highest();
+  lowest_ = kind_ == Kind::rates ? find_lowest_rate() : 0;
   setAccessibleName(title());
   const QString words = described();
   if (words != accessibleDescription()) {
@@ -106,6 +108,9 @@ void CourseChart::set_figures(const CourseFigures& figures) {
   }
   update();
 }
+
+QSize CourseChart::sizeHint() const { return {enlarged(*this, 240), enlarged(*this, 140)}; }
+QSize CourseChart::minimumSizeHint() const { return {enlarged(*this, 140), enlarged(*this, 56)}; }
 
 double CourseChart::find_highest() const {
   double top = kind_ == Kind::score ? 50 : kind_ == Kind::runs ? 10 : 6;
@@ -123,32 +128,44 @@ double CourseChart::find_highest() const {
   return kind_ == Kind::runs ? top : above_lines * (kind_ == Kind::rates ? std::min(top, 18.0) : top);
 }
 
-QRectF CourseChart::plot() const { return QRectF(rect()).adjusted(value_room, head, -margin, -foot); }
+double CourseChart::find_lowest_rate() const {
+  double least = figures_.target != 0 ? double(figures_.target) / overs_of_innings : 4;
+  for (const over_stage& stage : figures_.now) {
+    least = std::min({least, stage.run_rate, stage.required_rate.value_or(stage.run_rate)});
+  }
+  return std::max(0.0, std::floor(least - 0.5));
+}
+
+QRectF CourseChart::plot() const {
+  const double factor = enlargement(*this);
+  return QRectF(rect()).adjusted(value_room * factor, head * factor, -margin * factor, -foot * factor);
+}
 
 QPointF CourseChart::place(double over, double value) const {
   const QRectF area = plot();
-  return {area.left() + area.width() * over / overs_of_innings, area.bottom() - area.height() * value / highest_};
+  return {area.left() + area.width() * over / overs_of_innings,
+          area.bottom() - area.height() * (value - lowest_) / (highest_ - lowest_)};
 }
 
 void CourseChart::paint_axes(QPainter& painter) const {
   const Theme& t = theme();
-  painter.setFont(type_font(TypeStep::small));
+  painter.setFont(type_font(*this, TypeStep::small));
   const QRectF area = plot();
-  const double top = highest_;
-  const double step = step_for(top) * (area.height() < 70 ? 2 : 1);
+  const double factor = enlargement(*this);
+  const double step = step_for(highest_ - lowest_) * (area.height() < 70 * factor ? 2 : 1);
   const int style = t.high_contrast ? Qt::DotLine : Qt::SolidLine;
-  for (double value = 0; value <= top; value += step) {
+  for (double value = std::ceil(lowest_ / step) * step; value <= highest_; value += step) {
     const double y = place(0, value).y();
     painter.setPen(QPen(t.line, 1, static_cast<Qt::PenStyle>(style)));
     painter.drawLine(QPointF(area.left(), y), QPointF(area.right(), y));
     painter.setPen(t.muted);
-    painter.drawText(QRectF(0, y - 8.0, value_room - 4, 16), Qt::AlignRight | Qt::AlignVCenter,
-                     QString::number(int(value)));
+    painter.drawText(QRectF(0, y - 8 * factor, (value_room - 4) * factor, 16 * factor),
+                     Qt::AlignRight | Qt::AlignVCenter, QString::number(int(value)));
   }
-  for (int over = 10; over <= overs_of_innings; over += area.width() < 150 ? 20 : 10) {
+  for (int over = 10; over <= overs_of_innings; over += area.width() < 150 * factor ? 20 : 10) {
     const double x = std::min(place(over, 0).x(), area.right() - 4);
-    painter.drawText(QRectF(x - 12, area.bottom() + 1, 24, foot - 1), Qt::AlignHCenter | Qt::AlignTop,
-                     QString::number(over));
+    painter.drawText(QRectF(x - 12 * factor, area.bottom() + 1, 24 * factor, foot * factor - 1),
+                     Qt::AlignHCenter | Qt::AlignTop, QString::number(over));
   }
 }
 
@@ -173,7 +190,7 @@ void CourseChart::paint_bars(QPainter& painter) const {
     painter.setBrush(chart_color(figures_.teams, figures_.places[0]));
     painter.drawRect(QRectF(from.x() + gap / 2, from.y(), std::max(1.0, wide - gap), plot().bottom() - from.y()));
     painter.setBrush(t.ball);
-    const double size = std::clamp(wide, 4.0, 8.0);
+    const double size = std::clamp(wide, 4.0 * enlargement(*this), 8.0 * enlargement(*this));
     for (int out = 0; out < stage.wickets; ++out) {
       const double y = std::max(from.y(), plot().top() + 4) - size - 1 - out * (size + 1);
       painter.drawRect(QRectF(from.x() + (wide - size) / 2, y, size, size));
@@ -184,22 +201,23 @@ void CourseChart::paint_bars(QPainter& painter) const {
 void CourseChart::paint_line(QPainter& painter, const std::vector<QPointF>& points, const QColor& color,
                              bool dashed) const {
   if (points.empty()) return;
-  QPen pen(color, 2, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
+  const double factor = enlargement(*this);
+  QPen pen(color, 2 * factor, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
   if (dashed) pen.setDashPattern({3, 2});
   painter.setPen(pen);
   painter.setBrush(Qt::NoBrush);
   QPainterPath line(points.front());
   for (const QPointF& point : points) line.lineTo(point);
   painter.save();
-  painter.setClipRect(plot().adjusted(-4, -4, 4, 2));
+  painter.setClipRect(plot().adjusted(0, -4 * factor, 4 * factor, 2 * factor));
   painter.drawPath(line);
   painter.setPen(Qt::NoPen);
   painter.setBrush(color);
   const QPointF last = points.back();
   if (dashed) {
-    painter.drawRect(QRectF(last.x() - 3, last.y() - 3, 6, 6));
+    painter.drawRect(QRectF(last.x() - 3 * factor, last.y() - 3 * factor, 6 * factor, 6 * factor));
   } else {
-    painter.drawEllipse(last, 3.5, 3.5);
+    painter.drawEllipse(last, 3.5 * factor, 3.5 * factor);
   }
   painter.restore();
 }
@@ -225,7 +243,12 @@ void CourseChart::paint_scores(QPainter& painter) const {
 void CourseChart::paint_rates(QPainter& painter) const {
   std::vector<QPointF> rate;
   std::vector<QPointF> required;
-  if (figures_.target != 0) required.push_back(place(0, double(figures_.target) / overs_of_innings));
+  if (figures_.target != 0) {
+    const double at_first = double(figures_.target) / overs_of_innings;
+    required.push_back(place(0, at_first));
+    // Before the first ball it is a line, too: what the whole innings has to bring.
+    if (figures_.now.empty()) required.push_back(place(overs_of_innings, at_first));
+  }
   for (const over_stage& stage : figures_.now) {
     rate.push_back(place(stage.over, stage.run_rate));
     if (stage.required_rate) required.push_back(place(stage.over, *stage.required_rate));
@@ -236,9 +259,10 @@ void CourseChart::paint_rates(QPainter& painter) const {
 
 void CourseChart::paint_caption(QPainter& painter) const {
   const Theme& t = theme();
-  painter.setFont(type_font(TypeStep::small));
+  painter.setFont(type_font(*this, TypeStep::small));
   painter.setPen(t.ink);
-  const QRectF line(0, 0, width() - margin, head - 4);
+  const double factor = enlargement(*this);
+  const QRectF line(0, 0, width() - margin * factor, (head - 4) * factor);
   painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, title());
   if (figures_.now.empty()) return;
   const over_stage& last = figures_.now.back();

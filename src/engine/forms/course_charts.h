@@ -43,8 +43,8 @@ class CourseChart : public QWidget {
 
   void set_figures(const CourseFigures& figures);
 
-  QSize sizeHint() const override { return {240, 140}; }
-  QSize minimumSizeHint() const override { return {140, 56}; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -53,6 +53,8 @@ class CourseChart : public QWidget {
   QString title() const;
   QString described() const;
   double find_highest() const;
+  /// Lines of rates begin near the least, so that they fill the chart.
+  double find_lowest_rate() const;
   /// The inner rectangle of the plot.
   QRectF plot() const;
   QPointF place(double over, double value) const;
@@ -66,6 +68,7 @@ class CourseChart : public QWidget {
   Kind kind_;
   CourseFigures figures_;
   double highest_ = 10;  // of the vertical axis
+  double lowest_ = 0;
 };
 
 }  // namespace velorin

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <cmath>
 
+#include "desktop/enlarged.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
@@ -23,13 +24,19 @@ LevelSegment::LevelSegment(int level, QWidget* parent) : QRadioButton(QString::n
 }
 
 QSize LevelSegment::sizeHint() const {
-  const int wide =
-      QFontMetrics(type_font(TypeStep::small)).horizontalAdvance(QStringLiteral("0.0\u00B7000")) + 2 * beside_answer;
-  return {wide, 36};
+  const QFontMetrics type(type_font(*this, TypeStep::small));
+  return {type.horizontalAdvance(QStringLiteral("0.0\u00B7000")) + 2 * beside_answer, tall()};
 }
 
 QSize LevelSegment::minimumSizeHint() const {
-  return {QFontMetrics(type_font(TypeStep::small)).horizontalAdvance(QStringLiteral("00.0")) + 2 * beside_answer, 36};
+  const QFontMetrics type(type_font(*this, TypeStep::small));
+  return {type.horizontalAdvance(QStringLiteral("00.0")) + 2 * beside_answer, tall()};
+}
+
+int LevelSegment::tall() const {
+  constexpr int usual = 36;
+  constexpr int low = 28;
+  return enlarged(*this, low_ ? low : usual);
 }
 
 void LevelSegment::show_answer(const QString& whose, const std::optional<ball_odds>& odds) {
@@ -50,7 +57,7 @@ void LevelSegment::show_answer(const QString& whose, const std::optional<ball_od
 }
 
 QString LevelSegment::shown_answer() const {
-  const QFontMetrics type(type_font(TypeStep::small));
+  const QFontMetrics type(type_font(*this, TypeStep::small));
   return type.horizontalAdvance(answer_) + 2 * beside_answer <= width() ? answer_ : runs_;
 }
 
@@ -73,9 +80,9 @@ void LevelSegment::paintEvent(QPaintEvent*) {
   }
   painter.drawRoundedRect(frame, 5, 5);
   painter.setPen(ink);
-  painter.setFont(type_font(TypeStep::strong));
-  painter.drawText(rect().adjusted(0, 2, 0, -height() / 2 + 1), Qt::AlignCenter, text());
-  painter.setFont(type_font(TypeStep::small));
+  painter.setFont(type_font(*this, TypeStep::strong));
+  painter.drawText(rect().adjusted(0, low_ ? 0 : 2, 0, -height() / 2 + (low_ ? 2 : 1)), Qt::AlignCenter, text());
+  painter.setFont(type_font(*this, TypeStep::small));
   painter.setPen(on && live ? t.on_accent : t.muted);
   painter.drawText(rect().adjusted(0, height() / 2 - 1, 0, -2), Qt::AlignCenter, shown_answer());
 }
@@ -97,6 +104,13 @@ LevelSegments::LevelSegments(const QString& name, QWidget* parent) : QWidget(par
     connect(segment, &QRadioButton::toggled, this, [this, level](bool on) {
       if (on && !showing_ && chosen_) guarded([&] { chosen_(level); });
     });
+  }
+}
+
+void LevelSegments::set_low(bool low) {
+  for (LevelSegment* segment : segments_) {
+    segment->set_low(low);
+    segment->updateGeometry();
   }
 }
 

@@ -17,6 +17,8 @@ class LevelSegment : public QRadioButton {
   explicit LevelSegment(int level, QWidget* parent = nullptr);
 
   void show_answer(const QString& whose, const std::optional<ball_odds>& odds);
+  /// With little height to spare.
+  void set_low(bool low) { low_ = low; }
   QSize sizeHint() const override;
   /// Room for the runs alone.
   QSize minimumSizeHint() const override;
@@ -28,9 +30,12 @@ class LevelSegment : public QRadioButton {
   bool hitButton(const QPoint& at) const override { return rect().contains(at); }
 
  private:
+  int tall() const;
+
   int level_;
   QString answer_;
   QString runs_;
+  bool low_ = false;
 };
 
 /// An aggression of 1 to 5 as five segments, one of which is pressed. One press sets it; arrow keys and assistive
@@ -45,6 +50,8 @@ class LevelSegments : public QWidget {
   void show_levels(const QString& whose, int level, const aggression_odds& odds, bool enabled);
   /// What setting a level does.
   void on_chosen(std::function<void(int level)> act) { chosen_ = std::move(act); }
+  /// With little height to spare.
+  void set_low(bool low);
   LevelSegment* segment(int level) const { return segments_[static_cast<std::size_t>(level - 1)]; }
 
  private:

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "desktop/accessible_role.h"
+#include "desktop/enlarged.h"
 #include "engine/forms/ball_chip.h"
 
 namespace velorin {
@@ -28,14 +29,30 @@ void OverChips::set_symbols(const QStringList& symbols) {
   update();
 }
 
+void OverChips::set_low(bool low) {
+  low_ = low;
+  updateGeometry();
+}
+
+int OverChips::tall() const {
+  constexpr int usual = 40;
+  constexpr int low = 32;
+  return enlarged(*this, low_ ? low : usual);
+}
+
+QSize OverChips::sizeHint() const { return {6 * tall() + enlarged(*this, 5 * 8), tall()}; }
+QSize OverChips::minimumSizeHint() const { return {6 * enlarged(*this, 32) + enlarged(*this, 5 * 6), tall()}; }
+
 void OverChips::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const int size = std::min(40, std::min(height(), (width() - 30) / 6));
-  const double gap = std::min(12.0, (width() - 6.0 * size) / 5);
+  const double factor = enlargement(*this);
+  const int size = std::min({tall(), height(), (width() - enlarged(*this, 30)) / 6});
+  // They stand apart as far as the row is wide, so that an over looks whole.
+  const double gap = std::min(0.8 * size, (width() - 6.0 * size) / 5);
   for (int ball = 0; ball < 6; ++ball) {
     const QRectF place(ball * (size + gap) + 1, (height() - size) / 2.0 + 1, size - 2, size - 2);
-    paint_chip(painter, place, ball < symbols_.size() ? symbols_[ball] : QString());
+    paint_chip(painter, place, ball < symbols_.size() ? symbols_[ball] : QString(), factor);
   }
 }
 

@@ -17,14 +17,21 @@ class OverChips : public QWidget {
   void set_symbols(const QStringList& symbols);
   const QStringList& symbols() const { return symbols_; }
 
-  QSize sizeHint() const override { return {6 * 40 + 5 * 8, 40}; }
-  QSize minimumSizeHint() const override { return {6 * 34 + 5 * 6, 40}; }
+  /// With little height to spare.
+  void set_low(bool low);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  /// A chip's height in pixels.
+  int tall() const;
+
   QStringList symbols_;
+  bool low_ = false;
 };
 
 }  // namespace velorin

@@ -6,14 +6,16 @@
 #include <algorithm>
 
 #include "desktop/accessible_role.h"
+#include "desktop/enlarged.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
+#include "engine/forms/ball_chip.h"
 
 namespace velorin {
 
 namespace {
 
-/// A ball as a mark: a wicket is a square, a boundary a large disc, runs a small one, no run a ring.
+/// A ball as a mark: a wicket is a square, a four a large disc, a six a hexagon, runs a small disc, no run a ring.
 void paint_mark(QPainter& painter, const QPointF& at, double size, const std::string& symbol) {
   const Theme& t = theme();
   const double half = size / 2;
@@ -21,9 +23,12 @@ void paint_mark(QPainter& painter, const QPointF& at, double size, const std::st
   if (symbol == "W") {
     painter.setBrush(t.ball);
     painter.drawRect(QRectF(at.x() - half, at.y() - half, size, size));
-  } else if (symbol == "4" || symbol == "6") {
-    painter.setBrush(symbol == "4" ? t.four : t.six);
+  } else if (symbol == "4") {
+    painter.setBrush(t.four);
     painter.drawEllipse(at, half, half);
+  } else if (symbol == "6") {
+    painter.setBrush(t.six);
+    painter.drawPolygon(hexagon_in(QRectF(at.x() - half, at.y() - half, size, size)));
   } else if (symbol == "0") {
     painter.setPen(QPen(t.muted, 1));
     painter.setBrush(Qt::NoBrush);
@@ -62,6 +67,9 @@ void OverStrip::set_overs(std::vector<over_in_strip> shown) {
   update();
 }
 
+QSize OverStrip::sizeHint() const { return {enlarged(*this, overs * 64), enlarged(*this, 56)}; }
+QSize OverStrip::minimumSizeHint() const { return {enlarged(*this, overs * 44), enlarged(*this, 56)}; }
+
 QRectF OverStrip::cell(int place) const {
   const double gap = 4;
   const double wide = (width() - gap * (overs - 1)) / overs;
@@ -72,6 +80,7 @@ void OverStrip::paintEvent(QPaintEvent*) {
   const Theme& t = theme();
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
+  const double factor = enlargement(*this);
   for (int place = 0; place < overs; ++place) {
     const QRectF box = cell(place).adjusted(0.5, 0.5, -0.5, -0.5);
     const bool filled = place < static_cast<int>(shown_.size());
@@ -80,19 +89,20 @@ void OverStrip::paintEvent(QPaintEvent*) {
     painter.drawRoundedRect(box, 6, 6);
     if (!filled) continue;
     const over_in_strip& over = shown_[static_cast<std::size_t>(place)];
-    painter.setFont(type_font(TypeStep::small));
+    painter.setFont(type_font(*this, TypeStep::small));
     painter.setPen(t.muted);
-    painter.drawText(box.adjusted(6, 3, -6, 0), Qt::AlignLeft | Qt::AlignTop, QString::number(over.over));
-    painter.setFont(type_font(TypeStep::strong));
+    painter.drawText(box.adjusted(6 * factor, 3 * factor, -6 * factor, 0), Qt::AlignLeft | Qt::AlignTop,
+                     QString::number(over.over));
+    painter.setFont(type_font(*this, TypeStep::strong));
     painter.setPen(t.ink);
     QString runs = QString::number(over.runs);
     if (over.wickets > 0) runs += QStringLiteral("/%1").arg(over.wickets);
-    painter.drawText(box.adjusted(6, 15, -6, -15), Qt::AlignCenter, runs);
+    painter.drawText(box.adjusted(6 * factor, 15 * factor, -6 * factor, -15 * factor), Qt::AlignCenter, runs);
     const auto balls = static_cast<double>(std::max<std::size_t>(6, over.balls.size()));
-    const double step = std::min(10.0, (box.width() - 6) / balls);
+    const double step = std::min(10.0 * factor, (box.width() - 6 * factor) / balls);
     double x = box.center().x() - step * (static_cast<double>(over.balls.size()) - 1) / 2;
     for (const std::string& symbol : over.balls) {
-      paint_mark(painter, {x, box.bottom() - 9}, std::min(8.0, step - 0.5), symbol);
+      paint_mark(painter, {x, box.bottom() - 9 * factor}, std::min(8.0 * factor, step - 0.5), symbol);
       x += step;
     }
   }

@@ -22,8 +22,8 @@ class OverStrip : public QWidget {
   /// What a click on an over does.
   void on_chosen(std::function<void(int over)> act) { chosen_ = std::move(act); }
 
-  QSize sizeHint() const override { return {overs * 64, 56}; }
-  QSize minimumSizeHint() const override { return {overs * 44, 56}; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -13,6 +13,7 @@
 #include "database/open_database.h"
 #include "database/photos.h"
 #include "desktop/controls.h"
+#include "desktop/enlarged.h"
 #include "desktop/form.h"
 #include "desktop/meter_bar.h"
 #include "desktop/photo_view.h"
@@ -69,7 +70,7 @@ PlayerPanel::PlayerPanel(const QString& whose, int slot, Qt::Key key, QSize phot
       aggression_(new_link(QStringLiteral("%1_aggression_%2").arg(whose).arg(slot))),
       levels_(new LevelSegments(QStringLiteral("%1_level_%2").arg(whose).arg(slot))),
       answer_(new_named_label(QStringLiteral("%1_answer_%2").arg(whose).arg(slot), {}, TextRole::small_muted)),
-      least_photo_(photo) {
+      usual_photo_(photo) {
   setObjectName(QStringLiteral("%1_%2").arg(whose).arg(slot));
   name_act(*profile_, {.caption = QString(),
                        .mnemonic = QChar(),
@@ -105,27 +106,57 @@ void PlayerPanel::lay_out(std::initializer_list<QLayout*> rows) {
   whole->addStretch(1);
 }
 
+void PlayerPanel::set_compact(bool compact) {
+  compact_ = compact;
+  levels_->set_low(compact);
+  set_usual_room(*this, *layout(), {}, compact ? 2 : 4);
+  set_usual_room(*this, *beside_, {}, compact ? 1 : 2);
+  if (compact) answer_->hide();
+  photo_->set_size(least_photo());
+  updateGeometry();
+}
+
+QSize PlayerPanel::least_photo() const {
+  constexpr QSize small(38, 46);
+  return (compact_ ? small : usual_photo_) * enlargement(*this);
+}
+
+void PlayerPanel::leave_out(QWidget& part, bool left_out) {
+  if (left_out_.contains(&part) == left_out) return;
+  QSizePolicy policy = part.sizePolicy();
+  policy.setRetainSizeWhenHidden(!left_out);
+  part.setSizePolicy(policy);
+  if (left_out) {
+    left_out_ << &part;
+  } else {
+    left_out_.removeOne(&part);
+  }
+  part.setVisible(!left_out && photo_->shows_somebody());
+}
+
 void PlayerPanel::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   fit_caption();
-  constexpr int highest_photo = 132;
-  int spare = height() - minimumSizeHint().height();
+  const int highest_photo = enlarged(*this, 108);
+  const QSize least = least_photo();
+  int spare = compact_ ? 0 : height() - minimumSizeHint().height();
   const int words = answer_->minimumSizeHint().height() + layout()->spacing();
   // Two panels in a card may differ by a pixel, and show the same all the same.
-  answer_->setVisible(spare + 1 >= words);
+  answer_->setVisible(!compact_ && spare + 1 >= words);
   spare = answer_->isHidden() ? 0 : std::max(0, spare - words);
   // What stands beside it keeps its room.
-  const int widest = beside_ == nullptr ? least_photo_.width() : width() - 8 - beside_->minimumSize().width();
-  const int tallest = std::clamp(widest * 11 / 9, least_photo_.height(), highest_photo);
-  const int tall = std::clamp(least_photo_.height() + spare, least_photo_.height(), tallest);
-  photo_->set_size({std::max(least_photo_.width(), tall * 9 / 11), tall});
+  const int widest = beside_ == nullptr ? least.width() : width() - 8 - beside_->minimumSize().width();
+  const int tallest = std::clamp(widest * 11 / 9, least.height(), std::max(least.height(), highest_photo));
+  const int tall = std::clamp(least.height() + spare, least.height(), tallest);
+  photo_->set_size({std::max(least.width(), tall * 9 / 11), tall});
 }
 
 /// The answers of the levels need the room more than a long caption does.
 void PlayerPanel::fit_caption() {
   const QString whole = QStringLiteral("Aggression");
   const int caption = aggression_->fontMetrics().horizontalAdvance(whole) + 16;
-  const QString wanted = levels_->sizeHint().width() + caption <= width() ? whole : QStringLiteral("Agg.");
+  const bool fits = !compact_ && levels_->sizeHint().width() + caption <= width();
+  const QString wanted = fits ? whole : QStringLiteral("Agg.");
   if (aggression_->text() != wanted) aggression_->setText(wanted);
 }
 
@@ -134,8 +165,9 @@ QSize PlayerPanel::minimumSizeHint() const {
   if (beside_ == nullptr) return least;
   if (!answer_->isHidden()) least.rheight() -= answer_->minimumSizeHint().height() + layout()->spacing();
   const int rows = beside_->minimumSize().height();
-  least.rheight() -= std::max(rows, photo_->height()) - std::max(rows, least_photo_.height());
-  least.rwidth() -= std::max(0, photo_->width() - least_photo_.width());
+  const QSize photo = least_photo();
+  least.rheight() -= std::max(rows, photo_->height()) - std::max(rows, photo.height());
+  least.rwidth() -= std::max(0, photo_->width() - photo.width());
   return least;
 }
 
@@ -144,7 +176,7 @@ void PlayerPanel::show_man(const open_database& database, const QString& shown_n
   const bool nobody = player.empty();
   profile_->setEnabled(!nobody);
   for (QWidget* each : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-    if (each == photo_ || each == profile_ || each == answer_) continue;
+    if (each == photo_ || each == profile_ || each == answer_ || left_out_.contains(each)) continue;
     QSizePolicy policy = each->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     each->setSizePolicy(policy);
@@ -189,6 +221,7 @@ BatsmanPanel::BatsmanPanel(const match_state& match, const open_database& databa
   gained_->setToolTip(QStringLiteral("Runs and balls in the last over"));
   rest_ = new_named_label(QStringLiteral("batsman_figures_") + number, {}, TextRole::small_muted);
   rest_->setToolTip(meaning_of(QStringLiteral("4s")) + QLatin1Char('\n') + meaning_of(QStringLiteral("6s")));
+  out_ = new_named_label(QStringLiteral("batsman_out_") + number, QStringLiteral("out"), TextRole::red);
   faced_ = new BallChips(QStringLiteral("batsman_balls_") + number, QStringLiteral("Last balls faced"));
   settled_ = new MeterBar(QStringLiteral("settled_meter_") + number, QStringLiteral("Settled"), full_meter);
   settled_->setMinimumWidth(32);
@@ -196,8 +229,20 @@ BatsmanPanel::BatsmanPanel(const match_state& match, const open_database& databa
   worth_->setToolTip(QStringLiteral("How well he has settled, and what that adds to the runs of an over"));
   QHBoxLayout* names = in_row({profile_}, 8, nullptr);
   names->addStretch(1);
+  names->addWidget(out_);
   names->addWidget(runs_);
+  leave_out(*out_, true);
   lay_out({names, in_row({faced_, gained_}, 8, faced_), in_row({settled_, worth_, rest_}, 8, settled_)});
+  rest_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  rest_->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);
+}
+
+void BatsmanPanel::resizeEvent(QResizeEvent* event) {
+  runs_->setFont(type_font(*this, is_compact() ? TypeStep::strong : TypeStep::heading));
+  constexpr int room_for_the_bar = 340;
+  leave_out(*settled_, is_compact() || width() < enlarged(*this, room_for_the_bar));
+  settled_->setFixedHeight(enlarged(*this, 10));
+  PlayerPanel::resizeEvent(event);
 }
 
 void BatsmanPanel::refresh() {
@@ -215,6 +260,10 @@ void BatsmanPanel::refresh() {
   worth_->setText(worth ? QStringLiteral("Settled %1 %: %2 an over").arg(percent).arg(signed_rate(*worth))
                         : QStringLiteral("Settled %1 %").arg(percent));
   show_aggression(player, view.aggression, batting_odds(match_, slot_), view.aggression_enabled);
+  // He who is out stays until another man comes, and can be told nothing any more.
+  const bool out = !player.empty() && match_.batting_card[view.position].how != dismissal::none;
+  leave_out(*out_, !out);
+  setEnabled(!out);
 }
 
 BowlerPanel::BowlerPanel(const match_state& match, const open_database& database, int slot, QWidget* parent)

@@ -2,12 +2,14 @@
 #pragma once
 
 #include <QFrame>
+#include <QList>
 #include <array>
 #include <initializer_list>
 #include <string>
 
 #include "engine/ball_odds.h"
 
+class QBoxLayout;
 class QLabel;
 class QLayout;
 class QPushButton;
@@ -31,6 +33,9 @@ class PlayerPanel : public QWidget {
   LevelSegments* levels() const { return levels_; }
   QPushButton* profile() const { return profile_; }
 
+  /// With little room: a small photo, low levels, and nothing in words that figures tell.
+  void set_compact(bool compact);
+
   /// Without what a tall window adds, so that it can become a low one again.
   QSize minimumSizeHint() const override;
   QSize sizeHint() const override { return minimumSizeHint(); }
@@ -48,6 +53,10 @@ class PlayerPanel : public QWidget {
                 const std::string& team);
   void show_aggression(const std::string& player, int level, const aggression_odds& odds, bool enabled);
 
+  /// Leaves a part out, or shows it, whoever is shown.
+  void leave_out(QWidget& part, bool left_out);
+  bool is_compact() const { return compact_; }
+
   int slot_;
   PhotoView* photo_;
   QPushButton* profile_;
@@ -57,9 +66,13 @@ class PlayerPanel : public QWidget {
 
  private:
   void fit_caption();
+  /// The photo's size in pixels where nothing is to spare.
+  QSize least_photo() const;
 
-  QSize least_photo_;
-  QLayout* beside_ = nullptr;
+  QSize usual_photo_;
+  bool compact_ = false;
+  QBoxLayout* beside_ = nullptr;
+  QList<QWidget*> left_out_;
 };
 
 /// One batsman at the crease: photo, name, figures, what the last over brought him, the balls that he has faced last,
@@ -73,9 +86,14 @@ class BatsmanPanel : public PlayerPanel {
 
   void refresh();
 
+ protected:
+  /// The bar of how settled he is stands where it is long enough to tell anything.
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   QLabel* runs_;
   QLabel* gained_;
+  QLabel* out_;
   QLabel* rest_;
   BallChips* faced_;
   MeterBar* settled_;

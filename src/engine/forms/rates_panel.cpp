@@ -14,6 +14,16 @@
 
 namespace velorin {
 
+namespace {
+
+/// A figure that is not known yet is a dash.
+QString figure(const std::string& text) {
+  const QString words = shown(text).trimmed();
+  return words.isEmpty() ? QStringLiteral("-") : words;
+}
+
+}  // namespace
+
 RatesPanel::Cell RatesPanel::new_cell(const QString& name) {
   Cell cell;
   cell.box = new QWidget;
@@ -40,20 +50,15 @@ RatesPanel::RatesPanel(const match_state& match, QWidget* parent) : QFrame(paren
   head->addWidget(forecast_);
   forecast_->hide();
   rows->addLayout(head);
-  auto* grid = new QGridLayout;
-  grid->setHorizontalSpacing(8);
-  grid->setVerticalSpacing(6);
-  for (int i = 0; i < 7; ++i) {
-    Cell& cell = cells_[static_cast<std::size_t>(i)];
-    cell = new_cell(QStringLiteral("rate_cell_%1").arg(i));
-    grid->addWidget(cell.box, i / 4, i % 4);
-  }
+  grid_ = new QGridLayout;
+  grid_->setHorizontalSpacing(8);
+  grid_->setVerticalSpacing(6);
+  for (std::size_t i = 0; i < cells_.size(); ++i) cells_[i] = new_cell(QStringLiteral("rate_cell_%1").arg(i));
   last_five_ = new_cell(QStringLiteral("last_five_overs"));
   last_five_.heading->setText(QStringLiteral("Last 5"));
   explain(*last_five_.heading, last_five_.heading->text());
-  grid->addWidget(last_five_.box, 1, 3);
-  for (int column = 0; column < 4; ++column) grid->setColumnStretch(column, 1);
-  rows->addLayout(grid);
+  place_cells(cells_.size());
+  rows->addLayout(grid_);
   auto* comparing = new QHBoxLayout;
   comparing->setSpacing(8);
   comparison_ = new_named_label(QStringLiteral("stage_overs"), {}, TextRole::small_muted);
@@ -76,28 +81,39 @@ void RatesPanel::show_forecast(const QString& total, const QString& spoken) {
   forecast_->setToolTip(spoken);
 }
 
+void RatesPanel::place_cells(std::size_t used) {
+  if (used == placed_) return;
+  placed_ = used;
+  const int columns = static_cast<int>(used + 2) / 2;
+  const auto place = [&](QWidget* box, int at) { grid_->addWidget(box, at / columns, at % columns); };
+  for (std::size_t i = 0; i < used; ++i) place(cells_[i].box, static_cast<int>(i));
+  place(last_five_.box, static_cast<int>(used));
+  for (int column = 0; column < 4; ++column) grid_->setColumnStretch(column, column < columns ? 1 : 0);
+}
+
 void RatesPanel::refresh() {
   const rates_view view = view_rates(match_);
   title_->setText(!view.chase                   ? QStringLiteral("Projected score")
                   : view.chase_headline.empty() ? QStringLiteral("The chase")
                                                 : shown(view.chase_headline));
   explain(*title_, view.chase ? QStringLiteral("The chase") : QStringLiteral("Projected score"));
+  place_cells(view.cells.size());
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     const bool used = i < view.cells.size();
     cells_[i].box->setVisible(used);
     if (!used) continue;
     cells_[i].heading->setText(shown(view.cells[i].heading));
     explain(*cells_[i].heading, cells_[i].heading->text());
-    cells_[i].text->setText(shown(view.cells[i].text));
+    cells_[i].text->setText(figure(view.cells[i].text));
     cells_[i].text->setAccessibleName(shown(view.cells[i].heading + ": " + view.cells[i].text));
   }
-  last_five_.text->setText(shown(view.last_five_overs));
+  last_five_.text->setText(figure(view.last_five_overs));
   last_five_.text->setAccessibleName(shown("Last 5: " + view.last_five_overs));
   comparison_->setText(shown(view.stage_overs));
   for (QLabel* label : {stage_, comparison_}) label->setVisible(!view.stage_overs.empty());
   now_->setText(shown(view.score_now));
   then_->setText(shown(view.score_then));
-  for (QLabel* label : {now_, then_}) label->setVisible(view.chase);
+  for (QLabel* label : {now_, then_}) label->setVisible(view.chase && !view.stage_overs.empty());
 }
 
 }  // namespace velorin

@@ -3,7 +3,9 @@
 
 #include <QFrame>
 #include <array>
+#include <cstddef>
 
+class QGridLayout;
 class QLabel;
 
 namespace velorin {
@@ -28,7 +30,11 @@ class RatesPanel : public QFrame {
     QLabel* text = nullptr;
   };
   static Cell new_cell(const QString& name);
+  /// Puts the cells in use and that of the last five overs into two rows.
+  void place_cells(std::size_t used);
 
+  QGridLayout* grid_;
+  std::size_t placed_ = 0;
   QLabel* title_;
   QLabel* forecast_;
   std::array<Cell, 7> cells_;

@@ -8,6 +8,7 @@
 #include "console/console_view.h"
 #include "desktop/controls.h"
 #include "desktop/crest.h"
+#include "desktop/enlarged.h"
 #include "desktop/shown_text.h"
 #include "desktop/terms.h"
 #include "model/match_state.h"
@@ -75,12 +76,23 @@ Scoreboard::Scoreboard(const match_state& match, QWidget* parent) : QWidget(pare
   row->addWidget(around_, 1);
 }
 
-void Scoreboard::set_compact(bool compact) {
-  whole_->setDirection(compact ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-  whole_->setSpacing(compact ? 0 : 16);
-  chase_->setDirection(compact ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-  chase_->setSpacing(compact ? 16 : 2);
-  around_->setVisible(!compact);
+void Scoreboard::set_look(Look look) {
+  const bool stacks = look == Look::stacked;
+  whole_->setDirection(stacks ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  chase_->setDirection(stacks ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  const bool low = look == Look::low;
+  set_usual_room(*this, *whole_, low ? QMargins(16, 1, 16, 1) : QMargins(24, 8, 24, 8), stacks ? 0 : 16);
+  set_usual_room(*this, *chase_, {}, stacks ? 16 : low ? 0 : 2);
+  around_->setVisible(!stacks);
+  teams_->setVisible(!low);
+  const auto set_type = [this](QLabel* label, TypeStep step) { label->setFont(type_font(*this, step)); };
+  set_type(score_, low ? TypeStep::title : TypeStep::score);
+  set_type(side_, low ? TypeStep::heading : TypeStep::title);
+  set_type(target_, low ? TypeStep::heading : TypeStep::title);
+  for (QLabel* label : {overs_, needed_}) set_type(label, low ? TypeStep::strong : TypeStep::heading);
+  for (QLabel* label : {rate_, ground_, first_innings_}) set_type(label, low ? TypeStep::small : TypeStep::body);
+  set_type(clock_, low ? TypeStep::small : TypeStep::strong);
+  crest_->set_size(enlarged(*this, low ? 32 : 44));
 }
 
 void Scoreboard::refresh() {

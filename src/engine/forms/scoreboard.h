@@ -20,8 +20,12 @@ class Scoreboard : public QWidget {
   explicit Scoreboard(const match_state& match, QWidget* parent = nullptr);
 
   void refresh();
-  /// Leaves out the ground, and tells the chase in a line of its own.
-  void set_compact(bool compact);
+  enum class Look {
+    whole,
+    low,      ///< in a row of little height, without the sides' names
+    stacked,  ///< without sides, ground and clock; the chase in a line of its own
+  };
+  void set_look(Look look);
 
  private:
   QBoxLayout* whole_;
