@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QWidget>
 
 #include "desktop/table.h"
 

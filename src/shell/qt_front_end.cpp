@@ -84,6 +84,22 @@ void open_modally(match_state& match, Given&&... given) {
   show_modally<Window>(form, given...);
 }
 
+/// The part of the console that a message is about, beside which it lies; none for the match as a whole.
+QString subject_of(message_kind kind) {
+  switch (kind) {
+    case message_kind::batting_milestone:
+    case message_kind::hundred:
+    case message_kind::stand_milestone:
+      return QStringLiteral("batting_card");
+    case message_kind::bowler_change:
+    case message_kind::full_quota:
+    case message_kind::bowling_milestone:
+      return QStringLiteral("bowling_card");
+    default:
+      return {};
+  }
+}
+
 }  // namespace
 
 QtFrontEnd::QtFrontEnd(game_state& game, const std::filesystem::path& kept_games)
@@ -167,6 +183,7 @@ void QtFrontEnd::show(const message_box& message) {
   celebrate_message(message);
   if (passes_by(message.kind, message.text)) return;
   MessageWindow window(message);
+  window.stand_as(Form::Place::sheet, subject_of(message.kind));
   run_modal(window);
 }
 

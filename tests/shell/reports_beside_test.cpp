@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QScrollBar>
 
+#include "desktop/form.h"
 #include "desktop/frame.h"
 #include "engine/forms/console_window.h"
 #include "model/match_state.h"
@@ -61,6 +62,18 @@ TEST_F(ReportsBeside, TheConsoleKeepsTheRestOfTheWindow) {
     press(report, "accept");
   };
   for (const char* name : {"scorecard", "worms", "graphs"}) user.robot.next(name, look_at);
+  // What a message is about stays in view beside it.
+  int messages = 0;
+  user.robot.at_sight([&](QWidget& form) {
+    const auto* sheet = qobject_cast<const Form*>(&form);
+    const auto* console = form.window()->findChild<ConsoleWindow*>(QStringLiteral("main"));
+    if (form.objectName() != QStringLiteral("message") || console == nullptr || sheet->about().isEmpty()) return;
+    form.window()->resize(1280, 800);
+    settle();
+    const auto* subject = control<QWidget>(*console, sheet->about().toUtf8().constData());
+    EXPECT_FALSE(stands_at(form).intersects(stands_at(*subject))) << form.windowTitle().toStdString();
+    ++messages;
+  });
   bool done = false;
   user.robot.always("main", [&](QWidget& window) {
     if (match.over_no > 2 && match.first_total != 0 && !done) {
@@ -81,6 +94,7 @@ TEST_F(ReportsBeside, TheConsoleKeepsTheRestOfTheWindow) {
   });
   play([&](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });
   EXPECT_EQ(looks, 12);
+  EXPECT_GT(messages, 0);
 }
 
 }  // namespace

@@ -20,6 +20,7 @@
 #include "engine/forms/commentary_list.h"
 #include "engine/forms/console_window.h"
 #include "engine/forms/course_charts.h"
+#include "engine/forms/forecast_bar.h"
 #include "engine/forms/over_chips.h"
 #include "engine/forms/over_strip.h"
 #include "engine/forms/player_panels.h"
@@ -135,7 +136,7 @@ void ConsoleWindow::place_cards(Arrangement wanted) {
       break;
     case Arrangement::low:
       add(24, {{batting_card_, 1}, {bowling_card_, 0}});
-      add(20, {{over_card_, 0}, {rates_, 0}, {charts_card_, 1}});
+      add(20, {{forecast_, 0}, {over_card_, 0}, {rates_, 0}, {charts_card_, 1}, {forecast_choices_, 0}});
       add(20, {{sides_card_, 1}});
       break;
     case Arrangement::narrow:
@@ -154,6 +155,12 @@ void ConsoleWindow::place_cards(Arrangement wanted) {
        QWidgetList{batting_card_, bowling_card_, over_card_, rates_, charts_card_, sides_card_, commentary_card_}) {
     card->setVisible(shown.contains(card));
   }
+  // Without height for rows of their own they stand in a column.
+  auto* rows = static_cast<QVBoxLayout*>(layout());
+  if (wanted != Arrangement::low && rows->indexOf(forecast_) < 0) {
+    rows->insertWidget(1, forecast_);
+    last_line_->insertWidget(1, forecast_choices_);
+  }
   // By turns with the sides it stands in their card.
   QFrame* around = wanted == Arrangement::low ? sides_card_ : commentary_card_;
   if (commentary_->parentWidget() != around) card_rows(around)->addWidget(commentary_, 1);
@@ -169,7 +176,7 @@ void ConsoleWindow::set_density(Arrangement wanted) {
     set_usual_room(*this, *card->layout(), around, low ? 3 : of_men ? 4 : 6);
   }
   set_usual_room(*this, *rates_->layout(), around, low ? 2 : 4);
-  set_usual_room(*this, *body(), low ? QMargins(8, 5, 8, 5) : QMargins(16, 6, 16, 6), low ? 4 : 6);
+  set_usual_room(*this, *body(), low ? QMargins(8, 5, 8, 5) : QMargins(16, 4, 16, 4), low ? 4 : 6);
   set_usual_room(*this, *columns_, {}, low ? 5 : 8);
   for (QObject* column : columns_->children()) {
     if (auto* rows = qobject_cast<QLayout*>(column)) rows->setSpacing(columns_->spacing());
@@ -209,7 +216,13 @@ void ConsoleWindow::order_tabs() {
   if (by_turns) order << commentary_;
   order << sides;
   if (!by_turns) order << commentary_;
-  order << next_ball_ << match_line_ << forecast_choice_ << take_back_;
+  const QWidgetList of_forecast = {next_ball_, match_line_, forecast_choice_};
+  if (arranged_ == Arrangement::low) {
+    order = QWidgetList{over_after_} + of_forecast + order.mid(1);
+  } else {
+    order << of_forecast;
+  }
+  order << take_back_;
   for (qsizetype i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 

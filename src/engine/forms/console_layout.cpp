@@ -70,6 +70,7 @@ QToolButton* new_step(const QString& name, const QString& sign, const Act& act) 
 
 QFrame* ConsoleWindow::new_batting_card() {
   QFrame* card = new_panel();
+  card->setObjectName(QStringLiteral("batting_card"));
   for (int slot = 0; slot < 2; ++slot) {
     auto* panel = new BatsmanPanel(match_, data_, slot);
     batsmen_[static_cast<std::size_t>(slot)] = panel;
@@ -92,6 +93,7 @@ QFrame* ConsoleWindow::new_batting_card() {
 
 QFrame* ConsoleWindow::new_bowling_card() {
   QFrame* card = new_panel();
+  card->setObjectName(QStringLiteral("bowling_card"));
   for (int slot = 0; slot < 2; ++slot) {
     auto* panel = new BowlerPanel(match_, data_, slot);
     bowlers_[static_cast<std::size_t>(slot)] = panel;
@@ -190,7 +192,7 @@ QFrame* ConsoleWindow::new_sides_card() {
     head->addWidget(button, 1);
     return button;
   };
-  choose_commentary_ = add("choose_commentary", "Ball by ball", Qt::Key_L, "Show the commentary");
+  choose_commentary_ = add("choose_commentary", "Ball by ball", Qt::Key_M, "Show the commentary");
   QPushButton* attack = add("choose_attack", "Attack", Qt::Key_A, "Show all who can bowl");
   add("choose_batting", "Batting", Qt::Key_T, "Show the batting side");
   card_rows(card)->addWidget(sides_choice_);
@@ -236,12 +238,12 @@ void ConsoleWindow::lay_out() {
   last_wicket_->setMinimumHeight(20);
   take_back_ = new_take_back_choice();
   take_back_->setProperty("compact", true);
-  auto* line = new QHBoxLayout;
-  line->setSpacing(16);
-  line->addWidget(last_wicket_, 1);
-  line->addWidget(new_forecast_choices());
-  line->addWidget(take_back_);
-  body()->addLayout(line);
+  last_line_ = new QHBoxLayout;
+  last_line_->setSpacing(16);
+  last_line_->addWidget(last_wicket_, 1);
+  last_line_->addWidget(forecast_choices_ = new_forecast_choices());
+  last_line_->addWidget(take_back_);
+  body()->addLayout(last_line_);
 }
 
 QWidget* ConsoleWindow::new_pace_choice() {

@@ -171,6 +171,8 @@ class ConsoleWindow : public Form {
   taken_back taken_ = taken_back::ball;  // as it was last done
   luck luck_ = luck::fresh;
   QHBoxLayout* columns_ = nullptr;
+  QHBoxLayout* last_line_ = nullptr;
+  QWidget* forecast_choices_ = nullptr;
   QFrame* batting_card_ = nullptr;
   QFrame* bowling_card_ = nullptr;
   QFrame* over_card_ = nullptr;

@@ -28,8 +28,8 @@ namespace velorin {
 
 namespace {
 
-constexpr QSize batsman_photo(60, 74);
-constexpr QSize bowler_photo(60, 60);
+constexpr QSize batsman_photo(57, 70);
+constexpr QSize bowler_photo(54, 54);
 constexpr std::size_t most_balls = 16;
 
 QStringList shown_list(const std::vector<std::string>& symbols) {

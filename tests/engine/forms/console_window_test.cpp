@@ -158,7 +158,7 @@ TEST_F(ConsoleWindowTest, ALargeWindowIsDrawnLarger) {
     EXPECT_EQ(control<QLabel>(window, "score")->font().pointSizeF(), usual * factor);
     EXPECT_EQ(control<QPushButton>(window, "next_over")->font().pointSizeF(),
               type_font(TypeStep::body).pointSizeF() * factor);
-    EXPECT_GE(control<QWidget>(window, "batsman_photo_0")->height(), 74 * factor);
+    EXPECT_GE(control<QWidget>(window, "batsman_photo_0")->height(), 70 * factor);
     EXPECT_GE(control<QWidget>(window, "batsman_level_0_1")->height(), 36 * factor);
   }
 }
