@@ -23,7 +23,14 @@ struct Purpose {
 constexpr Purpose purposes[] = {
     {"opening", "The menu. Choose what to play or what to read."},
     {"savedgames",
-     "The games that are kept: each as it was left. Continue goes on with one; copy, rename, delete, export, import."},
+     "The games that are kept: each as it was left. Continue goes on with one, Watch shows it from its beginning; "
+     "copy, "
+     "rename, delete, export, import."},
+    {"watch",
+     "A match as it was played. Play runs it at the pace chosen below; the arrows go back and forth by balls and "
+     "overs, "
+     "the slider to any ball, Wicket and its neighbours to the next of their kind. The reports read as at that moment. "
+     "Nothing changes."},
     {"game_name", "The name under which a game is kept."},
     {"delete_question", "Whether a game is deleted for good."},
     {"keep_question", "Whether the game that you leave is kept, to be gone on with."},

@@ -52,6 +52,7 @@ QComboBox, QLineEdit {
   selection-background-color: @accent; selection-color: @on_accent;
 }
 QComboBox:focus, QLineEdit:focus { border: 2px solid @focus; padding: 3px 7px; }
+QComboBox[compact="true"], QComboBox[compact="true"]:focus { min-height: 17px; padding: 2px 6px; }
 QComboBox:disabled, QLineEdit:disabled { color: @muted; background: @card_raised; }
 QComboBox::drop-down { border: none; width: 24px; }
 QComboBox::down-arrow { image: url(:/desktop/icons/arrow_@look.svg); width: 12px; height: 12px; }

@@ -118,25 +118,6 @@ std::int64_t changed_at(const std::filesystem::path& file) {
   return ::stat(file.c_str(), &facts) == 0 ? facts.st_mtim.tv_sec : 0;
 }
 
-/// Files with a recording's extension, the one written last first.
-std::vector<std::filesystem::path> game_files(const std::filesystem::path& folder) {
-  std::vector<std::filesystem::path> files;
-  std::error_code ended;
-  for (std::filesystem::directory_iterator at(folder, ended), end; !ended && at != end; at.increment(ended)) {
-    if (at->path().extension() == recording_extension) files.push_back(at->path());
-  }
-  const auto later = [](const auto& a, const auto& b) {
-    struct stat one {};
-    struct stat other {};
-    ::stat(a.c_str(), &one);
-    ::stat(b.c_str(), &other);
-    const auto time = [](const struct stat& facts) { return std::pair(facts.st_mtim.tv_sec, facts.st_mtim.tv_nsec); };
-    return time(one) != time(other) ? time(one) > time(other) : a.native() < b.native();
-  };
-  std::sort(files.begin(), files.end(), later);
-  return files;
-}
-
 }  // namespace
 
 std::string game_words::line() const {
@@ -188,6 +169,24 @@ kept_game look_at_game(const std::filesystem::path& file) {
     kept.fault = fault.what();
   }
   return kept;
+}
+
+std::vector<std::filesystem::path> game_files(const std::filesystem::path& folder) {
+  std::vector<std::filesystem::path> files;
+  std::error_code ended;
+  for (std::filesystem::directory_iterator at(folder, ended), end; !ended && at != end; at.increment(ended)) {
+    if (at->path().extension() == recording_extension) files.push_back(at->path());
+  }
+  const auto later = [](const auto& a, const auto& b) {
+    struct stat one {};
+    struct stat other {};
+    ::stat(a.c_str(), &one);
+    ::stat(b.c_str(), &other);
+    const auto time = [](const struct stat& facts) { return std::pair(facts.st_mtim.tv_sec, facts.st_mtim.tv_nsec); };
+    return time(one) != time(other) ? time(one) > time(other) : a.native() < b.native();
+  };
+  std::sort(files.begin(), files.end(), later);
+  return files;
 }
 
 std::vector<kept_game> games_in(const std::filesystem::path& folder) {

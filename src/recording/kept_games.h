@@ -43,6 +43,8 @@ struct kept_game {
 
 /// Reads one. Never raises: what is wrong with it stands in its fault.
 kept_game look_at_game(const std::filesystem::path& file);
+/// The files of a folder that by their names are games, the one written last first.
+std::vector<std::filesystem::path> game_files(const std::filesystem::path& folder);
 /// All games of a folder, the one written last first. A folder that is not there has none; one that cannot be read
 /// counts as such.
 std::vector<kept_game> games_in(const std::filesystem::path& folder);

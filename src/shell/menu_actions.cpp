@@ -35,6 +35,7 @@
 #include "shell/jump_window.h"
 #include "shell/qt_front_end.h"
 #include "shell/saved_games_window.h"
+#include "shell/watch_window.h"
 
 namespace velorin::menu {
 
@@ -125,14 +126,27 @@ void go_on(QtFrontEnd& shown_by, const std::filesystem::path& game) {
   resume_game(shown_by.game(), shown_by.user());
 }
 
+void open(QtFrontEnd& shown_by, const std::filesystem::path& file) {
+  // One that is over is watched where it is.
+  if (const kept_game kept = look_at_game(file); kept.over && kept.fault.empty()) return watch(shown_by, file);
+  const std::filesystem::path taken = take_in(shown_by, file);
+  if (!taken.empty()) go_on(shown_by, taken);
+}
+
 void saved_games(QtFrontEnd& shown_by) {
-  std::filesystem::path chosen;
-  {
-    SavedGamesWindow window(*shown_by.keeper());
-    run_modal(window);
-    chosen = window.chosen();
-  }
-  if (!chosen.empty()) go_on(shown_by, chosen);
+  std::filesystem::path watched;
+  do {
+    std::filesystem::path chosen;
+    {
+      SavedGamesWindow window(*shown_by.keeper(), watched);
+      run_modal(window);
+      chosen = window.chosen();
+      watched = window.watched();
+    }
+    if (!chosen.empty()) return go_on(shown_by, chosen);
+    // Whoever has watched a game is back at the list.
+    if (!watched.empty()) watch(shown_by, watched);
+  } while (!watched.empty());
 }
 
 void new_match(QtFrontEnd& shown_by) {
@@ -236,6 +250,13 @@ void jump(QtFrontEnd& shown_by, bool at_menu) {
     page("Tri Series", tri_series);
     page("World Cup", world_cup);
     page("Configurations", configurations);
+    if (shown_by.keeper() != nullptr) {
+      page("Saved Games", saved_games);
+      for (const std::filesystem::path& file : game_files(shown_by.keeper()->folder())) {
+        targets.push_back({QStringLiteral("Watch %1").arg(QString::fromStdString(file.stem().string())),
+                           QStringLiteral("Saved game"), [&shown_by, file] { watch(shown_by, file); }});
+      }
+    }
   }
   page("Player Profiles", player_profiles);
   page("Team Records", team_records);

@@ -17,6 +17,8 @@ void go_on(QtFrontEnd& shown_by, const std::filesystem::path& game);
 /// Takes a game from anywhere among the user's games; one that is there already stays the one it is. Returns its file;
 /// empty where the file holds no game, which is told.
 std::filesystem::path take_in(QtFrontEnd& shown_by, const std::filesystem::path& file);
+/// Opens a game of any file: one that is over is watched, any other taken in and gone on with.
+void open(QtFrontEnd& shown_by, const std::filesystem::path& file);
 /// The list of the games that are kept.
 void saved_games(QtFrontEnd& shown_by);
 

@@ -103,9 +103,7 @@ void MenuWindow::offer_guide() {
 
 void MenuWindow::open_game(const QString& file) {
   with_database([this, file] {
-    const std::filesystem::path named = QFileInfo(file).filesystemFilePath();
-    const std::filesystem::path taken = menu::take_in(shown_by_, named);
-    if (!taken.empty()) menu::go_on(shown_by_, taken);
+    menu::open(shown_by_, QFileInfo(file).filesystemFilePath());
     show_what_waits();
   })();
 }

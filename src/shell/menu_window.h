@@ -33,7 +33,7 @@ class MenuWindow : public Form {
   void offer_guide();
 
   /// Opens a saved game, as the command line or a file manager names it: it is taken among the user's games, and goes
-  /// on. What cannot be opened is told.
+  /// on; one that is over is watched. What cannot be opened is told.
   void open_game(const QString& file);
 
   void reject() override;

@@ -34,6 +34,7 @@
 #include "engine/forms/console_window.h"
 #include "engine/over_play.h"
 #include "model/rules.h"
+#include "model/run_time_error.h"
 #include "reports/bowling_figures.h"
 #include "reports/forms/bowling_card_window.h"
 #include "reports/forms/first_bowling_card_window.h"
@@ -56,6 +57,7 @@
 #include "setup/forms/toss_window.h"
 #include "setup/team_selection.h"
 #include "setup/toss.h"
+#include "shell/saved_games_window.h"
 
 namespace velorin {
 

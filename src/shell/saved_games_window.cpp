@@ -75,13 +75,13 @@ QString ask_for_game_name(QWidget& window, const QString& title, const QString& 
   return asked.result() == QDialog::Accepted ? asked.name() : QString();
 }
 
-SavedGamesWindow::SavedGamesWindow(const GameKeeper& keeper, QWidget* parent)
+SavedGamesWindow::SavedGamesWindow(const GameKeeper& keeper, const std::filesystem::path& current, QWidget* parent)
     : Form(QStringLiteral("savedgames"), Dismissal::closes, parent),
       keeper_(keeper),
       table_(new TableView(QStringLiteral("games"))) {
   set_title(QStringLiteral("Saved Games"), QStringLiteral("Saved Games"));
   body()->addWidget(table_, 1);
-  table_->on_open([this](int) { go_on(); });
+  table_->on_open([this](int) { game() != nullptr&& game()->over ? watch() : go_on(); });
   connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] { show_acts(); });
   of_game_ = {
       add_act("copy_game", "Save As", u'S', "Keeps a copy of this game under another name", [this] { copy(); }),
@@ -89,6 +89,13 @@ SavedGamesWindow::SavedGamesWindow(const GameKeeper& keeper, QWidget* parent)
       add_act("delete_game", "Delete", u'D', "Deletes this game", [this] { remove(); }),
       add_act("export_game", "Export", u'E', "Writes this game to a file of your choice", [this] { export_game(); })};
   add_act("import_game", "Import", u'I', "Takes a game from a file", [this] { import_game(); });
+  watch_ =
+      add_button(QStringLiteral("watch"),
+                 {.caption = QStringLiteral("Watch"),
+                  .mnemonic = u'W',
+                  .hint = QStringLiteral("Shows this game ball by ball, from its beginning; nothing of it changes"),
+                  .spoken = QStringLiteral("Watch again")},
+                 [this] { watch(); });
   go_on_ = add_default_button(QStringLiteral("accept"),
                               {.caption = QStringLiteral("Continue"),
                                .mnemonic = u'C',
@@ -96,7 +103,7 @@ SavedGamesWindow::SavedGamesWindow(const GameKeeper& keeper, QWidget* parent)
                               [this] { go_on(); });
   add_button(QStringLiteral("close"), {.caption = QStringLiteral("Close"), .mnemonic = u'L'}, [this] { reject(); });
   prefer_size({1120, 640});
-  list({});
+  list(current);
   table_->setFocus();
 }
 
@@ -143,7 +150,7 @@ void SavedGamesWindow::list(const std::filesystem::path& current) {
                                     {state_of(each)},
                                     {QString::fromStdString(each.name)}},
                           .id = static_cast<int>(i),
-                          .opens = each.fault.empty() && !each.over && !each.in_use});
+                          .opens = each.fault.empty() && (each.over || !each.in_use)});
   }
   table_->set_table(std::move(table));
   if (!games_.empty()) table_->setCurrentIndex(table_->model()->index(row, 0));
@@ -158,12 +165,20 @@ const kept_game* SavedGamesWindow::game() const {
 void SavedGamesWindow::show_acts() {
   const kept_game* now = game();
   for (QPushButton* button : of_game_) button->setEnabled(now != nullptr && !now->in_use);
+  if (watch_ != nullptr) watch_->setEnabled(now != nullptr && now->fault.empty());
   if (go_on_ != nullptr) go_on_->setEnabled(now != nullptr && now->fault.empty() && !now->over && !now->in_use);
 }
 
 void SavedGamesWindow::go_on() {
   if (const kept_game* now = game(); now != nullptr && go_on_->isEnabled()) {
     chosen_ = now->file;
+    accept();
+  }
+}
+
+void SavedGamesWindow::watch() {
+  if (const kept_game* now = game(); now != nullptr && watch_->isEnabled()) {
+    watched_ = now->file;
     accept();
   }
 }

@@ -20,10 +20,13 @@ class SavedGamesWindow : public Form {
   Q_OBJECT
 
  public:
-  explicit SavedGamesWindow(const GameKeeper& keeper, QWidget* parent = front_window());
+  /// `current`: the game on which it opens.
+  explicit SavedGamesWindow(const GameKeeper& keeper, const std::filesystem::path& current = {},
+                            QWidget* parent = front_window());
 
-  /// The game to go on with, once the window has closed; empty for none.
+  /// The game to go on with, or to watch, once the window has closed; empty for none.
   const std::filesystem::path& chosen() const { return chosen_; }
+  const std::filesystem::path& watched() const { return watched_; }
 
  private:
   QPushButton* add_act(const char* name, const char* caption, QChar mnemonic, const char* hint,
@@ -33,6 +36,7 @@ class SavedGamesWindow : public Form {
   const kept_game* game() const;
   void show_acts();
   void go_on();
+  void watch();
   void copy();
   void rename();
   void remove();
@@ -43,8 +47,10 @@ class SavedGamesWindow : public Form {
   std::vector<kept_game> games_;
   TableView* table_;
   QPushButton* go_on_ = nullptr;
+  QPushButton* watch_ = nullptr;
   std::vector<QPushButton*> of_game_;  // what can be done with any game that nobody plays
   std::filesystem::path chosen_;
+  std::filesystem::path watched_;
 };
 
 /// Asks for the name of a game; empty if none is given. The text stands for a start.

@@ -64,6 +64,14 @@ class CommentaryModel : public QAbstractListModel {
     return true;
   }
 
+  void forget() {
+    beginResetModel();
+    entries_.clear();
+    rows_.clear();
+    lines_ = -1;
+    endResetModel();
+  }
+
   void add_message(const QString& text) {
     const int place = static_cast<int>(entries_.size());
     beginInsertRows({}, place, place);
@@ -283,6 +291,8 @@ CommentaryList::CommentaryList(const match_state& match, QWidget* parent)
 void CommentaryList::refresh() {
   if (rows_->read()) show_newest();
 }
+
+void CommentaryList::forget() { rows_->forget(); }
 
 void CommentaryList::add_message(const QString& text) {
   rows_->read();

@@ -30,6 +30,8 @@ class CommentaryList : public QListView {
   explicit CommentaryList(const match_state& match, QWidget* parent = nullptr);
 
   /// Shows the innings in play.
+  /// The match is another one, or stands elsewhere: what was read and what has passed by goes, until refresh().
+  void forget();
   void refresh();
   /// A message that nobody stopped for passes by: a row of its own behind the balls so far. It is no line of the
   /// commentary, and not copied with them.

@@ -131,7 +131,8 @@ void ConsoleWindow::take_back(taken_back how_far, luck wanted) {
 
 /// What can be done in a practice match, and in one that rests between two balls of an over.
 void ConsoleWindow::refresh_choices() {
-  take_back_->setVisible(match_.practice);
+  take_back_->setVisible(match_.practice && next_over_ != nullptr);
+  if (next_over_ == nullptr) return;
   take_back_->setEnabled(form_.can_take_back());
   const bool resting = in_use_ && !playing_ && form_.has_over_in_play();
   change_bowler_->setEnabled(!match_.computer_bowls && !resting);

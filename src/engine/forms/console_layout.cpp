@@ -288,18 +288,7 @@ QWidget* ConsoleWindow::new_pace_choice() {
   return box;
 }
 
-void ConsoleWindow::add_foot() {
-  add_aside(add_button(QStringLiteral("quit"),
-                       {.caption = QStringLiteral("Quit"),
-                        .mnemonic = QChar(),
-                        .key = QKeySequence(Qt::CTRL | Qt::Key_Q),
-                        .hint = QStringLiteral("End the program; the match is lost")},
-                       [this] { ask_to_quit(); }));
-  // Quit stands apart, so that a press beside a report does not hit it.
-  auto* apart = new QWidget;
-  apart->setObjectName(QStringLiteral("apart"));
-  apart->setFixedWidth(40);
-  add_aside(apart);
+void ConsoleWindow::add_reports() {
   struct Report {
     const char* name;
     const char* caption;
@@ -318,6 +307,21 @@ void ConsoleWindow::add_foot() {
         {.caption = QString::fromLatin1(report.caption), .mnemonic = report.mnemonic, .key = QKeySequence(report.key)},
         [this, handler = report.handler] { act(handler); }));
   }
+}
+
+void ConsoleWindow::add_foot() {
+  add_aside(add_button(QStringLiteral("quit"),
+                       {.caption = QStringLiteral("Quit"),
+                        .mnemonic = QChar(),
+                        .key = QKeySequence(Qt::CTRL | Qt::Key_Q),
+                        .hint = QStringLiteral("End the program; the match is lost")},
+                       [this] { ask_to_quit(); }));
+  // Quit stands apart, so that a press beside a report does not hit it.
+  auto* apart = new QWidget;
+  apart->setObjectName(QStringLiteral("apart"));
+  apart->setFixedWidth(40);
+  add_aside(apart);
+  add_reports();
   change_bowler_ =
       add_button(QStringLiteral("change_bowler"),
                  {.caption = QStringLiteral("Change Bowler"), .mnemonic = u'C', .key = QKeySequence(Qt::Key_C)},

@@ -67,14 +67,18 @@ class Playing {
 
 }  // namespace
 
-ConsoleWindow::ConsoleWindow(const match_state& match, const open_database& database, console_form& form,
-                             QWidget* parent)
-    : Form(QStringLiteral("main"), Dismissal::refused, parent), form_(form), match_(match), data_(database) {
+ConsoleWindow::ConsoleWindow(const QString& name, const match_state& match, const open_database& database,
+                             console_form& form, Dismissal dismissal, QWidget* parent)
+    : Form(name, dismissal, parent), form_(form), match_(match), data_(database) {
   prefer_size(QSize(1280, 800));
   lay_out();
+}
+
+ConsoleWindow::ConsoleWindow(const match_state& match, const open_database& database, console_form& form,
+                             QWidget* parent)
+    : ConsoleWindow(QStringLiteral("main"), match, database, form, Dismissal::refused, parent) {
   add_foot();
-  resize(1280, 800);
-  arrange();
+  finish_layout();
   on_dismiss([this] {
     // Escape finishes the over at once, or stops a skip after the ball; between overs it does nothing.
     if (!playing_) return;
@@ -97,9 +101,14 @@ ConsoleWindow::ConsoleWindow(const match_state& match, const open_database& data
 
 ConsoleWindow::~ConsoleWindow() { qApp->removeEventFilter(this); }
 
+void ConsoleWindow::finish_layout() {
+  resize(1280, 800);
+  arrange();
+}
+
 /// A match taken up in the midst of an over goes on with it, once the console is in use.
 void ConsoleWindow::go_on_with_over() {
-  if (!form_.has_over_in_play()) return;
+  if (next_over_ == nullptr || !form_.has_over_in_play()) return;
   QTimer::singleShot(0, this, [this] {
     if (in_use_ && form_.has_over_in_play()) guarded([this] { play_over(); });
   });
@@ -133,7 +142,9 @@ void ConsoleWindow::refresh() {
   if (form_.closed()) return;
   const QString title =
       QStringLiteral("%1 v %2, %3").arg(shown(match_.team1_name), shown(match_.team2_name), shown(match_.venue_name()));
-  const QString shown_title = match_.practice ? title + QStringLiteral(" (practice)") : title;
+  const QString shown_title = next_over_ == nullptr ? title + QStringLiteral(" (watched)")
+                              : match_.practice     ? title + QStringLiteral(" (practice)")
+                                                    : title;
   if (shown_title != windowTitle()) set_title(shown_title, {});
   scoreboard_->refresh();
   forecast_->refresh();
@@ -215,6 +226,8 @@ void ConsoleWindow::play(const std::function<void()>& work) {
   }
   refresh();
 }
+
+void ConsoleWindow::forget_commentary() { commentary_->forget(); }
 
 void ConsoleWindow::message_passed(const QString& text) { commentary_->add_message(text); }
 

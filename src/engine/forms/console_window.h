@@ -59,11 +59,11 @@ class ConsoleWindow : public Form {
   void play_over();
   /// What opens the line of the match; until then the forecast does not offer it.
   void on_match_line(std::function<void()> open);
-  /// A ball has been bowled: shows it, and waits as long as the pace says.
   /// A message has passed by without a stop: a row in the commentary.
   void message_passed(const QString& text);
   /// The match is recorded: who quits is asked whether to keep it, and `discard` runs where not.
   void let_keep(std::function<void()> discard) { discard_ = std::move(discard); }
+  /// A ball has been bowled: shows it, and waits as long as the pace says.
   void ball_bowled();
   /// An over is being bowled.
   bool playing() const { return playing_; }
@@ -75,6 +75,19 @@ class ConsoleWindow : public Form {
   void note_beside(bool beside) override;
 
  protected:
+  /// A console before which somebody looks on, with a foot of its own: nothing is bowled, and nobody is asked.
+  ConsoleWindow(const QString& name, const match_state& match, const open_database& database, console_form& form,
+                Dismissal dismissal, QWidget* parent);
+  /// The reports' buttons and the choice of pace, for the foot.
+  void add_reports();
+  QWidget* new_pace_choice();
+  /// Once the foot is there: all of it gets its place.
+  void finish_layout();
+  /// The match is another one, or stands elsewhere: the commentary is to be read anew.
+  void forget_commentary();
+  /// The line under the cards, for more of it at its right end.
+  QHBoxLayout* last_line() const { return last_line_; }
+
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -86,7 +99,6 @@ class ConsoleWindow : public Form {
   QFrame* new_charts_card();
   QFrame* new_sides_card();
   QFrame* new_commentary_card();
-  QWidget* new_pace_choice();
   void add_foot();
   void lay_out();
   /// How the cards stand, by the room that there is.
@@ -184,7 +196,7 @@ class ConsoleWindow : public Form {
   double drawn_ = 1;  // the enlargement
   bool beside_ = false;
   QWidget* pace_ = nullptr;
-  QPushButton* next_over_ = nullptr;
+  QPushButton* next_over_ = nullptr;  // none where one looks on
   const match_state& match_;
   const open_database& data_;
 };
