@@ -11,6 +11,8 @@
 #include <string>
 #include <utility>
 
+#include "recording/recording.h"
+
 namespace velorin::testing {
 namespace {
 
@@ -85,7 +87,9 @@ class Install : public ::testing::Test {
       }
       value = std::exchange(plain, {});
     }
-    value.pop_back();
+    // The file that is opened follows as a word of its own.
+    EXPECT_TRUE(value.ends_with("\" %f")) << value;
+    value.erase(value.size() - 4);
     for (std::size_t at = value.find("%%"); at != std::string::npos; at = value.find("%%", at + 1)) value.erase(at, 1);
     return value;
   }
@@ -103,6 +107,34 @@ TEST_F(Install, AFolderMayHaveAnyName) {
     EXPECT_THAT(entry, HasSubstr("\nName=Velorin\n"));
     EXPECT_EQ(text_of(prefix / "bin" / "velorin"), "#!/bin/sh\necho started\n");
   }
+}
+
+TEST_F(Install, ASavedGameIsOfAMediaTypeThatTheGameOpens) {
+  const fs::path share = root_ / "media" / "share";
+  ASSERT_EQ(install(root_ / "media"), 0);
+  const std::string type = text_of(share / "mime" / "packages" / "velorin-recording.xml");
+  const std::string icon = "application-x-velorin-recording";
+  EXPECT_THAT(type, HasSubstr("<mime-type type=\"application/x-velorin-recording\">"));
+  EXPECT_THAT(type, HasSubstr("<icon name=\"" + icon + "\"/>"));
+  EXPECT_THAT(type, HasSubstr("<glob pattern=\"*" + std::string(recording_extension) + "\"/>"));
+  // The magic stands there as a file has it, its line feed as two characters.
+  ASSERT_TRUE(recording_magic.ends_with('\n'));
+  const std::string magic(recording_magic.substr(0, recording_magic.size() - 1));
+  EXPECT_THAT(type, HasSubstr("<match type=\"string\" offset=\"0\" value=\"" + magic + "\\n\"/>"));
+  const std::string entry = text_of(share / "applications" / "velorin.desktop");
+  EXPECT_THAT(entry, HasSubstr("\nMimeType=application/x-velorin-recording;\n"));
+  EXPECT_THAT(text_of(share / "icons" / "hicolor" / "scalable" / "mimetypes" / (icon + ".svg")), HasSubstr("<svg"));
+}
+
+TEST_F(Install, TheDesktopIsToldOfWhatIsNew) {
+  const fs::path told = root_ / "told";
+  for (const char* name : {"update-mime-database", "update-desktop-database"}) {
+    write(root_ / "path" / name, "#!/bin/sh\necho \"${0##*/} $1\" >> '" + told.string() + "'\nexit 1\n");
+  }
+  const fs::path prefix = root_ / "a desktop";
+  ASSERT_EQ(install(prefix), 0) << "though they fail";
+  EXPECT_EQ(text_of(told), "update-mime-database " + (prefix / "share" / "mime").string() +
+                               "\nupdate-desktop-database " + (prefix / "share" / "applications").string() + "\n");
 }
 
 TEST_F(Install, ARelativeFolderIsOneOfWhereTheUserStands) {
