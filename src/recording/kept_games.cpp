@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "recording/kept_games.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <optional>
 
 #include "competitions/next_match.h"
+#include "database/file_calls.h"
 #include "database/whole_file.h"
 #include "model/code_page.h"
 #include "model/run_time_error.h"
@@ -113,6 +118,15 @@ void add_stage(game_words& words, const std::optional<coming_match>& coming, boo
   }
 }
 
+/// Nothing for a file that cannot be read.
+std::optional<std::string> bytes_of(const std::filesystem::path& file) {
+  try {
+    return read_file(file);
+  } catch (const run_time_error&) {
+    return std::nullopt;
+  }
+}
+
 std::int64_t changed_at(const std::filesystem::path& file) {
   struct stat facts {};
   return ::stat(file.c_str(), &facts) == 0 ? facts.st_mtim.tv_sec : 0;
@@ -166,7 +180,9 @@ kept_game look_at_game(const std::filesystem::path& file) {
           recorded.beginning.game.kind == game_kind::match ? result.result_winner + result.result_margin : "over";
     }
   } catch (const run_time_error& fault) {
-    kept.fault = fault.what();
+    const std::optional<std::string> bytes = bytes_of(file);
+    kept.empty = bytes && holds_nothing_yet(*bytes);
+    kept.fault = kept.empty ? "Nothing is in it yet" : fault.what();
   }
   return kept;
 }
@@ -205,6 +221,16 @@ std::filesystem::path game_that_waits(const std::filesystem::path& folder) {
     }
   }
   return {};
+}
+
+void remove_empty_games(const std::filesystem::path& folder) {
+  for (const std::filesystem::path& file : game_files(folder)) {
+    // Whoever has just made it waits for this lock, and finds it gone.
+    const descriptor opened(open_file(file, O_RDONLY | O_NONBLOCK));
+    if (!opened.open() || ::flock(opened.number(), LOCK_EX | LOCK_NB) != 0) continue;
+    const std::optional<std::string> bytes = bytes_of(file);
+    if (bytes && holds_nothing_yet(*bytes)) ::unlink(file.c_str());
+  }
 }
 
 std::string fit_file_name(std::string_view wanted) {

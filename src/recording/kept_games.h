@@ -39,6 +39,7 @@ struct kept_game {
   bool over = false;    ///< it can be watched, but not gone on with
   bool in_use = false;  ///< another program plays it
   std::string fault;    ///< why it can be neither; empty for a good one
+  bool empty = false;   ///< nothing is in it yet, which is a fault
 };
 
 /// Reads one. Never raises: what is wrong with it stands in its fault.
@@ -50,6 +51,9 @@ std::vector<std::filesystem::path> game_files(const std::filesystem::path& folde
 std::vector<kept_game> games_in(const std::filesystem::path& folder);
 /// The file written last that holds a game to be gone on with, which nobody plays; empty if there is none.
 std::filesystem::path game_that_waits(const std::filesystem::path& folder);
+
+/// Removes the files of a folder in which nothing is yet and that nobody plays, as kills have left them.
+void remove_empty_games(const std::filesystem::path& folder);
 
 /// A name for a game's file, of such characters as every file system takes; "Game" where nothing is left of it.
 std::string fit_file_name(std::string_view wanted);

@@ -356,12 +356,40 @@ recording read_recording(const std::filesystem::path& file) {
   return read_recording(*bytes, file_name_text(file));
 }
 
-entry_writer::entry_writer() {
+namespace {
+
+std::string head_of_file() {
   packer head;
   head.bytes() = recording_magic;
   head.fixed(recording_version, 2);
   head.fixed(rules_version, 2);
-  bytes_ = head.bytes();
+  return head.bytes();
+}
+
+}  // namespace
+
+bool holds_nothing_yet(std::string_view bytes) {
+  if (bytes.find_first_not_of('\0') == std::string_view::npos) return true;
+  const std::string head = head_of_file();
+  if (bytes.size() <= head.size()) return head.starts_with(bytes);
+  if (!bytes.starts_with(head)) return false;
+  std::string_view entry = bytes.substr(head.size());
+  if (entry.find_first_not_of('\0') == std::string_view::npos) return true;
+  if (entry.front() != beginning_entry) return false;
+  entry.remove_prefix(1);
+  std::size_t length = 0;
+  for (int shift = 0; shift < 28; shift += 7) {
+    if (entry.empty()) return true;
+    const auto byte = static_cast<unsigned char>(entry.front());
+    entry.remove_prefix(1);
+    length |= static_cast<std::size_t>(byte & 0x7FU) << shift;
+    if ((byte & 0x80U) == 0) return length <= longest_entry && entry.size() < length + check_bytes;
+  }
+  return false;
+}
+
+entry_writer::entry_writer() {
+  bytes_ = head_of_file();
   check_ = crc_32(bytes_);
 }
 

@@ -94,6 +94,9 @@ recording read_recording(std::string_view bytes, const std::string& name);
 /// Raises the same, and what reading the file raises.
 recording read_recording(const std::filesystem::path& file);
 
+/// A file of which a stop of the program has left nothing or less than a whole beginning: no game is lost with it.
+bool holds_nothing_yet(std::string_view bytes);
+
 /// Writes entries one behind the other, each with its check.
 class entry_writer {
  public:

@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -40,9 +41,15 @@ void recording_file::take(int number) {
 void recording_file::begin(const recorded_beginning&) {
   std::error_code ignored;
   std::filesystem::create_directories(folder_of(path_), ignored);
-  take(open_file(path_, O_WRONLY | O_CREAT | O_EXCL, 0666));
-  if (!file_.open()) raise_file_error("The game cannot be recorded", errno, path_);
-  if (::flock(file_.number(), LOCK_EX | LOCK_NB) != 0) raise_in_use(path_);
+  struct stat facts {};
+  do {
+    take(open_file(path_, O_WRONLY | O_CREAT | O_EXCL, 0666));
+    if (!file_.open()) raise_file_error("The game cannot be recorded", errno, path_);
+    // Somebody may just look whether it is in use, or take it away for an empty one.
+    while (::flock(file_.number(), LOCK_EX) != 0) {
+      if (errno != EINTR) raise_in_use(path_);
+    }
+  } while (::fstat(file_.number(), &facts) == 0 && facts.st_nlink == 0);
   length_ = 0;
 }
 

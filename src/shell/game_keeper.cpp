@@ -12,13 +12,16 @@
 #include "database/whole_file.h"
 #include "desktop/shown_text.h"
 #include "model/run_time_error.h"
+#include "recording/kept_games.h"
 #include "recording/replay.h"
 #include "shell/version.h"
 
 namespace velorin {
 
 GameKeeper::GameKeeper(front_end& shown_by, game_state& game, std::filesystem::path folder)
-    : game_(game), folder_(std::move(folder)), recorder_(shown_by, game, file_, shell_version) {}
+    : game_(game), folder_(std::move(folder)), recorder_(shown_by, game, file_, shell_version) {
+  remove_empty_games(folder_);
+}
 
 void GameKeeper::File::begin(const recorded_beginning& begun) {
   const QString when = QDateTime::fromSecsSinceEpoch(begun.begun_at).toString(QStringLiteral("yyyy-MM-dd HH.mm"));

@@ -15,7 +15,8 @@ namespace velorin {
 /// whatever end of the program.
 class GameKeeper {
  public:
-  /// `folder` is made once a game is recorded. The others outlive it.
+  /// `folder` is made once a game is recorded; files in which nothing is yet, and that nobody plays, go from it. The
+  /// others outlive it.
   GameKeeper(front_end& shown_by, game_state& game, std::filesystem::path folder);
 
   /// Who is asked in place of `shown_by`.

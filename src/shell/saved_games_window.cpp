@@ -35,6 +35,7 @@ QString date_of(std::int64_t seconds) {
 }
 
 QString state_of(const kept_game& game) {
+  if (game.empty) return QStringLiteral("empty");
   if (!game.fault.empty()) return QStringLiteral("cannot be read");
   if (game.in_use) return QStringLiteral("is being played");
   return game.over ? QStringLiteral("over") : QStringLiteral("waits");

@@ -146,6 +146,58 @@ TEST_F(RecordingFile, ADamagedGameIsLeftAsItIsAndFree) {
   EXPECT_NE(look_at_game(file_).fault, "");
 }
 
+TEST_F(RecordingFile, WhatAKillLeftBeforeTheFirstEntryIsEmptyAndGoes) {
+  const std::string whole = play(match_of(0, 1, 0, 1)).bytes;
+  std::size_t least = 0;  // bytes of a recording that can be read
+  for (std::size_t length = 0; length < whole.size() && least == 0; ++length) {
+    const std::string bytes = whole.substr(0, length);
+    SCOPED_TRACE(length);
+    try {
+      read_recording(bytes, "cut");
+      least = length;
+      EXPECT_FALSE(holds_nothing_yet(bytes));
+    } catch (const run_time_error&) {
+      ASSERT_TRUE(holds_nothing_yet(bytes));
+    }
+  }
+  ASSERT_GT(least, recording_head);
+  // A power cut leaves zeros where it could not write.
+  EXPECT_TRUE(holds_nothing_yet(std::string(5000, '\0')));
+  EXPECT_TRUE(holds_nothing_yet(whole.substr(0, recording_head) + std::string(5000, '\0')));
+  // Another format, damage and what is no recording stay for their owner to look at.
+  std::string other = whole.substr(0, recording_head);
+  other[8] = 9;
+  std::string damaged = whole;
+  damaged[30] = static_cast<char>(damaged[30] ^ 1);
+  const fs::path folder = database_.folder() / "games of kills";
+  fs::create_directories(folder);
+  write(folder / "none.velorin", "");
+  write(folder / "head.velorin", whole.substr(0, recording_head));
+  write(folder / "torn.velorin", whole.substr(0, least - 1));
+  write(folder / "other.velorin", other);
+  write(folder / "damaged.velorin", damaged);
+  write(folder / "text.velorin", "a text");
+  write(folder / "whole.velorin", whole.substr(0, least));
+  write(folder / "notes.txt", "");
+  EXPECT_TRUE(look_at_game(folder / "head.velorin").empty);
+  EXPECT_EQ(look_at_game(folder / "head.velorin").fault, "Nothing is in it yet");
+  EXPECT_FALSE(look_at_game(folder / "damaged.velorin").empty);
+  {
+    recording_file begun;
+    begun.use(folder / "begun.velorin");
+    begun.begin({});
+    remove_empty_games(folder);
+    EXPECT_TRUE(fs::exists(folder / "begun.velorin")) << "somebody holds it";
+  }
+  std::vector<std::string> left;
+  for (const auto& entry : fs::directory_iterator(folder)) left.push_back(entry.path().filename().string());
+  EXPECT_THAT(left, ::testing::UnorderedElementsAre("other.velorin", "damaged.velorin", "text.velorin", "whole.velorin",
+                                                    "notes.txt", "begun.velorin"));
+  remove_empty_games(folder);
+  EXPECT_FALSE(fs::exists(folder / "begun.velorin")) << "nobody holds it any more";
+  fs::remove_all(folder);
+}
+
 TEST_F(RecordingFile, AGameGoesOnWithoutOneOnAFullDisk) {
   auto game = std::make_unique<game_state>();
   patient_captain undisturbed(*game, 3);
