@@ -17,7 +17,9 @@ namespace velorin {
 namespace {
 
 /// A cell of a table, or of its headings: those above have row -1, those at the left column -1.
-class CellAccess : public QAccessibleInterface, public QAccessibleTableCellInterface, public QAccessibleActionInterface {
+class CellAccess : public QAccessibleInterface,
+                   public QAccessibleTableCellInterface,
+                   public QAccessibleActionInterface {
  public:
   CellAccess(TableView* view, int row, int column) : view_(view), row_(row), column_(column) {}
 
@@ -57,9 +59,7 @@ class CellAccess : public QAccessibleInterface, public QAccessibleTableCellInter
   QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
   QAccessibleInterface* table() const override { return parent(); }
 
-  QStringList actionNames() const override {
-    return can_open() ? QStringList{pressAction()} : QStringList();
-  }
+  QStringList actionNames() const override { return can_open() ? QStringList{pressAction()} : QStringList(); }
   QString localizedActionName(const QString& action) const override {
     return action == pressAction() ? QStringLiteral("Open") : QAccessibleActionInterface::localizedActionName(action);
   }
@@ -172,9 +172,7 @@ class TableAccess : public QAccessibleWidget, public QAccessibleTableInterface {
   }
   int rowCount() const override { return view_->model()->rowCount(); }
   int columnCount() const override { return view_->model()->columnCount(); }
-  QString rowDescription(int row) const override {
-    return view_->model()->headerData(row, Qt::Vertical).toString();
-  }
+  QString rowDescription(int row) const override { return view_->model()->headerData(row, Qt::Vertical).toString(); }
   QString columnDescription(int column) const override {
     return view_->model()->headerData(column, Qt::Horizontal, Qt::AccessibleTextRole).toString();
   }
