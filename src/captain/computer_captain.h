@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -58,6 +59,19 @@ message_box bowler_change_message(const match_state& match);
 /// bowling_aggression[0], opening_bowlers and the pending change. Raises run_time_error: a projection that is no number
 /// (type), no replacement to be found (endless).
 void review_bowler(match_state& match);
+
+/// Sets bowling_aggression[0] of the man at bowler. Requires striker, non_striker and bowler; reads the score and the
+/// cards, in a second innings the projection. Raises run_time_error (type): a projection that is no number.
+void set_bowling_aggression(match_state& match);
+
+/// What the review makes of a man's figures.
+struct bowler_standing {
+  double score = 0;       ///< of his overs, runs and wickets: the less, the better
+  double limit = 0;       ///< above which he is changed
+  bool too_slow = false;  ///< at this stage nobody bowls but fast men
+};
+/// Nothing where nobody is reviewed, or for a man who has not bowled.
+std::optional<bowler_standing> standing_of_bowler(const match_state& match, int position);
 
 /// A search for another bowler. Positions of the bowling eleven; -1 excludes nobody.
 struct replacement_search {

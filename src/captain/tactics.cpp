@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <optional>
 #include <string_view>
 
 #include "captain/computer_captain.h"
@@ -83,20 +84,6 @@ double bowling_base(const match_state& match) {
   constexpr double balls_a_step = 100;
   const double projection = match.first_innings_projection.number();
   return round_half_even(wickets / wickets_a_step + start - projection / projection_a_step + balls / balls_a_step);
-}
-
-void set_bowling_aggression(match_state& match) {
-  constexpr double form_a_step = 100;
-  constexpr double skills_a_step = 100;
-  constexpr double strike_rate_a_step = 100;
-  constexpr double wickets_a_step = 2.5;
-  const double form = (form_of(match, match.striker) + form_of(match, match.non_striker)) / 2;
-  const double skills = match.batting_xi[match.striker].bat_skill + match.batting_xi[match.non_striker].bat_skill;
-  const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
-  const double wickets = match.bowling_card[match.bowler].wickets;
-  match.bowling_aggression[0] =
-      clamp_aggression(round_half_even(bowling_base(match) - form / form_a_step - skills / skills_a_step -
-                                       strike_rate / strike_rate_a_step + wickets / wickets_a_step));
 }
 
 constexpr std::string_view fast = "Fast Bowler";
@@ -235,6 +222,20 @@ void set_batting_aggression(match_state& match) {
   }
 }
 
+void set_bowling_aggression(match_state& match) {
+  constexpr double form_a_step = 100;
+  constexpr double skills_a_step = 100;
+  constexpr double strike_rate_a_step = 100;
+  constexpr double wickets_a_step = 2.5;
+  const double form = (form_of(match, match.striker) + form_of(match, match.non_striker)) / 2;
+  const double skills = match.batting_xi[match.striker].bat_skill + match.batting_xi[match.non_striker].bat_skill;
+  const double strike_rate = static_cast<double>(match.bowling_xi[match.bowler].bowl_sr);
+  const double wickets = match.bowling_card[match.bowler].wickets;
+  match.bowling_aggression[0] =
+      clamp_aggression(round_half_even(bowling_base(match) - form / form_a_step - skills / skills_a_step -
+                                       strike_rate / strike_rate_a_step + wickets / wickets_a_step));
+}
+
 int pick_replacement(match_state& match, const replacement_search& wanted) {
   for (const bool relaxed : {false, true}) {
     for (int i = 1; i <= men_in_eleven; ++i) {
@@ -260,6 +261,14 @@ message_box bowler_change_message(const match_state& match) {
           match.bowling_xi[match.bowler_change_out].name + " has been replaced by " +
               match.bowling_xi[match.bowler_change_in].name + " .",
           message_kind::bowler_change};
+}
+
+std::optional<bowler_standing> standing_of_bowler(const match_state& match, int position) {
+  const review_stage* stage = stage_at(match.innings_balls);
+  if (stage == nullptr || match.bowling_card[position].balls == 0) return std::nullopt;
+  return bowler_standing{.score = review_score(stage->weights, match.bowling_card[position]),
+                         .limit = stage->limit,
+                         .too_slow = stage->fast_only && match.bowling_xi[position].bowler_type != fast};
 }
 
 void review_bowler(match_state& match) {

@@ -101,6 +101,8 @@ struct aggression_form {
 
   static aggression_form of_batsman(match_state& match, int slot);
   static aggression_form of_bowler(match_state& match, int slot);
+  /// The match of the man.
+  const match_state& match() const { return match_; }
   /// The shown OK: writes the aggression to its slot.
   void accept();
 

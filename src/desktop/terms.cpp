@@ -143,6 +143,7 @@ constexpr Term terms[] = {
     {"10 per over", projected},
     {"Next ball", "What the next ball may bring: the strokes, the extras and the wicket."},
     {"Chance", "Of a hundred such balls, how many bring it; exact, as the game draws it."},
+    {"To win", "What the choice adds to the chance of winning, beside leaving it all to the computer; with its error."},
     {"Last 5", "Runs of an over in the last five overs."},
     {"After", "The overs after which the scores of both sides are compared."},
     {"Stand", stand},

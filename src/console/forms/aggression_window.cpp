@@ -6,12 +6,19 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <memory>
+#include <utility>
+#include <vector>
 
 #include "console/captain_forms.h"
+#include "console/forms/advised_men.h"
 #include "desktop/controls.h"
 #include "desktop/level_slider.h"
 #include "desktop/meter_bar.h"
 #include "desktop/shown_text.h"
+#include "desktop/terms.h"
+#include "forecast/computers_choice.h"
+#include "model/match_state.h"
 
 namespace velorin {
 
@@ -30,6 +37,7 @@ AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent)
   body()->addWidget(sentence);
   sentence->setVisible(!form_.score_sentence.empty());
   body()->addStretch(1);
+  add_adviser();
   const Act ok{.caption = QStringLiteral("OK"), .mnemonic = u'O'};
   const auto confirm = [this] {
     form_.accept();
@@ -43,6 +51,52 @@ AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent)
       add_button(name, ok, confirm)->hide();
     }
   }
+}
+
+void AggressionWindow::add_adviser() {
+  SheetAdviser::Acts acts = advised_levels();
+  acts.leave = [this] {
+    const auto chosen = form_.for_batsman ? computers_batting_aggression(form_.match(), form_.player_slot)
+                                          : computers_bowling_aggression(form_.match(), form_.player_slot);
+    if (!chosen) return QStringLiteral("The computer has no choice here.");
+    findChild<LevelSlider*>(QStringLiteral("aggression"))->setValue(chosen->choice);
+    return shown(chosen->reason);
+  };
+  new SheetAdviser(*this, std::move(acts));
+}
+
+/// The levels of this man, in a line below the slider.
+SheetAdviser::Acts AggressionWindow::advised_levels() const {
+  const match_state& match = form_.match();
+  const auto side = form_.for_batsman ? advised_side::batting : advised_side::bowling;
+  const auto what =
+      form_.for_batsman ? captains_choice::kind::batting_aggression : captains_choice::kind::bowling_aggression;
+  const bool first = form_.player_slot == 0;
+  const int position = form_.for_batsman ? (first ? match.lower_batsman() : match.higher_batsman())
+                                         : int(first ? match.bowler : match.next_bowler);
+  SheetAdviser::Acts acts;
+  if (position == 0 || match.next_step == play_step::closed || !can_be_forecast(match)) return acts;
+  acts.advise = [this, side, what, position]() -> BackWork::Work {
+    advised_->setText(QStringLiteral("To win: …"));
+    const auto state = std::make_shared<const match_state>(form_.match());
+    return [this, state, side, what, position](const std::stop_token& stop, const auto&) -> BackWork::Show {
+      std::vector<captains_choice> choices;
+      for (int level = least_aggression; level <= most_aggression; ++level) choices.push_back({what, position, level});
+      const std::vector<advice> found = advise(
+          *state, side, choices, {.runs = runs_of_advice, .seed = 1, .threads = threads_of_advice(), .stop = stop});
+      return [this, found] {
+        QStringList levels;
+        for (const advice& told : found) {
+          if (told.choice.level == 0) continue;
+          levels << QStringLiteral("%1: %2").arg(told.choice.level).arg(shown_difference(told));
+        }
+        advised_->setText(QStringLiteral("To win:  %1").arg(levels.join(QStringLiteral("   "))));
+        advised_->setAccessibleName(QStringLiteral("To win, by level: %1").arg(levels.join(QStringLiteral("; "))));
+      };
+    };
+  };
+  acts.clear = [this] { advised_->clear(); };
+  return acts;
 }
 
 QWidget* AggressionWindow::new_figures() {
@@ -84,6 +138,9 @@ QWidget* AggressionWindow::new_aggression() {
   row->addWidget(slider);
   row->addWidget(new_label(shown(aggression_form::aggression_high), TextRole::muted));
   card_rows(card)->addLayout(row);
+  advised_ = new_named_label(QStringLiteral("advice"), {}, TextRole::muted);
+  advised_->setToolTip(meaning_of(QStringLiteral("To win")));
+  card_rows(card)->addWidget(advised_);
   return card;
 }
 

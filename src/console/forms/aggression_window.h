@@ -2,6 +2,9 @@
 #pragma once
 
 #include "desktop/form.h"
+#include "desktop/sheet_adviser.h"
+
+class QLabel;
 
 namespace velorin {
 
@@ -18,8 +21,11 @@ class AggressionWindow : public Form {
  private:
   QWidget* new_figures();
   QWidget* new_aggression();
+  void add_adviser();
+  SheetAdviser::Acts advised_levels() const;
 
   aggression_form& form_;
+  QLabel* advised_ = nullptr;
 };
 
 }  // namespace velorin

@@ -8,8 +8,11 @@
 
 #include "browsers/player_profile.h"
 #include "console/captain_forms.h"
+#include "console/forms/advised_men.h"
 #include "console/forms/man_list.h"
+#include "desktop/sheet_adviser.h"
 #include "desktop/shown_text.h"
+#include "forecast/computers_choice.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "model/texts.h"
@@ -18,6 +21,8 @@
 namespace velorin {
 
 namespace {
+
+constexpr std::size_t advice_column = 4;
 
 /// Overs, maidens, runs and wickets so far; nothing for a man who has not bowled.
 QString figures(const match_state& match, int row) {
@@ -40,11 +45,16 @@ BowlerChoiceWindow::BowlerChoiceWindow(const match_play& play, bowler_choice_for
                                                 {shown(bowler_choice_form::economy_heading), true, "economy"},
                                                 {QStringLiteral("O-M-R-W"), true, "figures", true},
                                                 {QStringLiteral("Bowler type"), false, nullptr, true},
+                                                {QStringLiteral("To win"), true, "advice"},
                                                 {QString(), false, "note", true}});
   for (int row = 1; row <= men_in_eleven; ++row) {
     men_->set_row(row, shown(form_.name(row)), form_.enabled[row],
-                  {shown(form_.skill(row)), shown(form_.economy(row)), figures(play.match, row),
-                   shown(play.match.bowling_xi[row].bowler_type), note(row)});
+                  {shown(form_.skill(row)),
+                   shown(form_.economy(row)),
+                   figures(play.match, row),
+                   shown(play.match.bowling_xi[row].bowler_type),
+                   {},
+                   note(row)});
   }
   body()->addWidget(men_, 1);
   body()->addStretch();
@@ -52,12 +62,24 @@ BowlerChoiceWindow::BowlerChoiceWindow(const match_play& play, bowler_choice_for
     form_.choose(row);
     show_choice();
   });
+  add_adviser();
   add_acts();
   // A bowler who has bowled his overs does not start chosen: Return would only bring him back.
   if (form_.shown_for != bowler_choice_form::use::quota) men_->choose(form_.chosen);
   const int best = form_.best_row();
   if (best > 0 && !men_->has_choice()) men_->focus_on(best);
   show_choice();
+}
+
+void BowlerChoiceWindow::add_adviser() {
+  const auto leave = [this] {
+    const auto chosen = computers_bowler(play_.match, form_.shown_for);
+    if (!chosen) return QStringLiteral("The computer has no choice here.");
+    men_->choose(chosen->choice);
+    return shown(chosen->reason);
+  };
+  new SheetAdviser(*this, advised_men(*men_, play_.match, advised_side::bowling, captains_choice::kind::bowler,
+                                      advice_column, leave));
 }
 
 QString BowlerChoiceWindow::note(int row) const {

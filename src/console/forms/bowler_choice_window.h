@@ -21,6 +21,7 @@ class BowlerChoiceWindow : public Form {
 
  private:
   QString note(int row) const;
+  void add_adviser();
   void add_acts();
   void show_choice();
 

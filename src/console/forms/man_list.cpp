@@ -27,19 +27,35 @@ void ManList::set_row(int row, const QString& name, bool enabled, const std::vec
   group_->addButton(option, row);
   options_[static_cast<std::size_t>(row)] = option;
   add(row, 0, option);
-  QStringList spoken{name};
+  const auto at = static_cast<std::size_t>(row);
+  names_[at] = name;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     const Column& column = columns_[i];
     QLabel* text = new_label(texts[i], column.muted || !enabled ? TextRole::muted : TextRole::body);
     const char* kind = column.label == nullptr ? "text" : column.label;
     text->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(kind)).arg(row));
     add(row, static_cast<int>(i) + 1, text);
-    if (!texts[i].isEmpty()) spoken << QStringLiteral("%1 %2").arg(column.heading.trimmed(), texts[i]).trimmed();
+    texts_[at].push_back(text);
   }
-  option->setAccessibleName(spoken.join(QStringLiteral(", ")));
+  speak(row);
   connect(option, &QRadioButton::toggled, this, [this, row](bool on) {
     if (on && chosen_) guarded([&] { chosen_(row); });
   });
+}
+
+void ManList::speak(int row) {
+  const auto at = static_cast<std::size_t>(row);
+  QStringList spoken{names_[at]};
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const QString text = texts_[at][i]->text();
+    if (!text.isEmpty()) spoken << QStringLiteral("%1 %2").arg(columns_[i].heading.trimmed(), text).trimmed();
+  }
+  options_[at]->setAccessibleName(spoken.join(QStringLiteral(", ")));
+}
+
+void ManList::set_text(int row, std::size_t column, const QString& text) {
+  texts_[static_cast<std::size_t>(row)][column]->setText(text);
+  speak(row);
 }
 
 void ManList::choose(int row) {

@@ -8,6 +8,7 @@
 #include "model/rules.h"
 
 class QButtonGroup;
+class QLabel;
 class QRadioButton;
 
 namespace velorin {
@@ -30,6 +31,8 @@ class ManList : public BandedGrid {
 
   /// Fills a row from 1 to 11, with a text for each column. A row that is not enabled cannot be chosen.
   void set_row(int row, const QString& name, bool enabled, const std::vector<QString>& texts);
+  /// Another text for a column of a row, from 0 behind the names.
+  void set_text(int row, std::size_t column, const QString& text);
   /// Chooses a row, also one that is not enabled, and puts the keyboard on the row or, failing that, on the first one
   /// that can be chosen.
   void choose(int row);
@@ -43,7 +46,11 @@ class ManList : public BandedGrid {
   std::vector<Column> columns_;
   QButtonGroup* group_;
   std::array<QRadioButton*, men_in_eleven + 1> options_{};
+  std::array<QString, men_in_eleven + 1> names_{};
+  std::array<std::vector<QLabel*>, men_in_eleven + 1> texts_{};
   std::function<void(int)> chosen_;
+
+  void speak(int row);
 };
 
 }  // namespace velorin

@@ -8,10 +8,13 @@
 
 #include "browsers/player_profile.h"
 #include "console/captain_forms.h"
+#include "console/forms/advised_men.h"
 #include "console/forms/man_list.h"
 #include "desktop/controls.h"
 #include "desktop/level_slider.h"
+#include "desktop/sheet_adviser.h"
 #include "desktop/shown_text.h"
+#include "forecast/computers_choice.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "ui/match_play.h"
@@ -27,11 +30,12 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, next_batsman_form& 
   auto* men =
       new ManList(shown(next_batsman_form::names_heading), {{shown(next_batsman_form::skill_heading), true, "skill"},
                                                             {QStringLiteral("Bat Type"), false, nullptr, true},
+                                                            {QStringLiteral("To win"), true, "advice"},
                                                             {QString(), false, "note", true}});
   for (int row = 1; row <= men_in_eleven; ++row) {
     const bool enabled = form_.enabled[row];
     men->set_row(row, shown(form_.name(row)), enabled,
-                 {shown(form_.skill(row)), shown(play.match.batting_xi[row].bat_type),
+                 {shown(form_.skill(row)), shown(play.match.batting_xi[row].bat_type), QString(),
                   enabled ? QString() : QStringLiteral("Has come in")});
   }
   body()->addWidget(men, 1);
@@ -43,6 +47,15 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, next_batsman_form& 
     if (first != form_.enabled.end()) form_.choose(static_cast<int>(first - form_.enabled.begin()));
   }
   men->choose(form_.chosen);
+  const auto leave = [this, men] {
+    const auto chosen = computers_next_batsman(play_.match, form_.shown_for);
+    if (!chosen) return QStringLiteral("The computer has no choice here.");
+    men->choose(chosen->choice);
+    return shown(chosen->reason);
+  };
+  constexpr std::size_t advice_column = 2;
+  new SheetAdviser(*this, advised_men(*men, play_.match, advised_side::batting, captains_choice::kind::next_batsman,
+                                      advice_column, leave));
   add_button(QStringLiteral("profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
     if (form_.chosen > 0) show_profile(play_.user, play_.data, play_.match.team1_name, form_.name(form_.chosen));
   });

@@ -24,9 +24,7 @@ namespace {
 constexpr int move_time = 350;  ///< milliseconds
 
 /// Two threads at most; one core is left to play.
-int threads_behind_play() {
-  return std::clamp(static_cast<int>(std::thread::hardware_concurrency()) - 1, 1, 2);
-}
+int threads_behind_play() { return std::clamp(static_cast<int>(std::thread::hardware_concurrency()) - 1, 1, 2); }
 
 QLabel* new_chance(const char* name) {
   QLabel* label = new_named_label(QString::fromLatin1(name), {}, TextRole::strong);
@@ -151,8 +149,8 @@ ForecastBar::Standing ForecastBar::standing() const {
   for (const int man : {int(match_.striker), int(match_.non_striker), int(match_.bowler), int(match_.next_bowler)}) {
     men = 16 * men + man;
   }
-  return {match_.deliveries.size(), match_.innings_number, static_cast<int>(match_.next_step), match_.score_wickets,
-          match_.over_no,           men};
+  return {match_.deliveries.size(), match_.innings_number, static_cast<int>(match_.next_step),
+          match_.score_wickets,     match_.over_no,        men};
 }
 
 void ForecastBar::refresh() {
@@ -161,11 +159,12 @@ void ForecastBar::refresh() {
   if (asked_ == now) return;
   asked_ = now;
   if (!worker_) {
-    worker_ = std::make_unique<forecast_worker>(
-        forecast_worker::plan{.threads = threads_behind_play()},
-        [this](std::uint64_t question, const forecast_answer& answer) {
-          QMetaObject::invokeMethod(this, [this, question, answer] { take(question, answer); }, Qt::QueuedConnection);
-        });
+    worker_ = std::make_unique<forecast_worker>(forecast_worker::plan{.threads = threads_behind_play()},
+                                                [this](std::uint64_t question, const forecast_answer& answer) {
+                                                  QMetaObject::invokeMethod(
+                                                      this, [this, question, answer] { take(question, answer); },
+                                                      Qt::QueuedConnection);
+                                                });
   }
   question_ = worker_->ask(match_);
   waiting_ = question_ != 0;

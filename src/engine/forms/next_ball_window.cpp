@@ -21,10 +21,9 @@ Table next_ball_table(const match_state& match) {
   const std::optional<next_ball> odds = odds_of_next_ball(match);
   if (!odds) return table;
   const std::pair<const char*, double> rows[] = {
-      {"No run", odds->runs[0]},     {"One run", odds->runs[1]},   {"Two runs", odds->runs[2]},
-      {"Three runs", odds->runs[3]}, {"Four", odds->runs[4]},      {"Six", odds->runs[6]},
-      {"Wicket", odds->wicket},      {"Leg byes", odds->leg_byes}, {"Byes", odds->byes},
-      {"No ball", odds->no_ball},    {"Wide", odds->wide}};
+      {"No run", odds->runs[0]}, {"One run", odds->runs[1]}, {"Two runs", odds->runs[2]}, {"Three runs", odds->runs[3]},
+      {"Four", odds->runs[4]},   {"Six", odds->runs[6]},     {"Wicket", odds->wicket},    {"Leg byes", odds->leg_byes},
+      {"Byes", odds->byes},      {"No ball", odds->no_ball}, {"Wide", odds->wide}};
   for (const auto& [what, chance] : rows) {
     const bool is_wicket = what == rows[6].first;
     TableRow row;
@@ -43,8 +42,9 @@ NextBallWindow::NextBallWindow(const match_state& match, QWidget* parent)
   Table table = next_ball_table(match);
   const bool known = !table.rows.empty();
   if (known) {
-    set_subheading(QStringLiteral("%1 to %2").arg(shown(match.bowling_card[match.bowler].name),
-                                                  shown(match.batting_card[match.striker].name)));
+    set_subheading(
+        QStringLiteral("%1 to %2")
+            .arg(shown(match.bowling_card[match.bowler].name), shown(match.batting_card[match.striker].name)));
   }
   auto* view = new TableView(QStringLiteral("next_ball_chances"));
   view->set_table(std::move(table));

@@ -68,7 +68,8 @@ TEST_F(ForecastOnTheConsole, TellsTheChancesOfTheMatchAsItStands) {
     EXPECT_EQ(text("forecast_first"), shown(wanted.first + ' ' + chance_words(wanted.win_first)));
     EXPECT_EQ(text("forecast_second"), shown(wanted.second + ' ' + chance_words(wanted.win_second)));
     EXPECT_EQ(text("forecast_total"), QStringLiteral("Forecast %1").arg(shown(total_words(wanted.first_total))));
-    EXPECT_TRUE(control<QWidget>(window, "forecast_shares")->accessibleName().contains(shown(chances_sentence(wanted))));
+    EXPECT_TRUE(
+        control<QWidget>(window, "forecast_shares")->accessibleName().contains(shown(chances_sentence(wanted))));
   }
 }
 
@@ -76,7 +77,8 @@ TEST_F(ForecastOnTheConsole, AnAnswerThatComesLateIsDropped) {
   open(false, true);
   answered();
   std::vector<double> answers;
-  bar().on_answer([&](const forecast_answer* answer) { answers.push_back(answer == nullptr ? -1 : answer->win_first); });
+  bar().on_answer(
+      [&](const forecast_answer* answer) { answers.push_back(answer == nullptr ? -1 : answer->win_first); });
   for (int over = 0; over < 4; ++over) {
     form_.bowl_next_over();
     bar().refresh();
