@@ -16,21 +16,21 @@ void BackWork::ask(Work work) {
   drop();
   working_ = true;
   const std::uint64_t number = ++number_;
-  thread_ = std::jthread([this, number, work = std::move(work),
-                          before = std::move(thread_)](const std::stop_token& stop) mutable {
-    if (before.joinable()) before.join();
-    const auto hand_over = [&](Show show, bool last) {
-      QMetaObject::invokeMethod(
-          this, [this, number, show = std::move(show), last] { take(number, show, last); }, Qt::QueuedConnection);
-    };
-    Show found;
-    try {
-      if (!stop.stop_requested()) found = work(stop, [&](Show show) { hand_over(std::move(show), false); });
-    } catch (const std::exception&) {
-      found = {};
-    }
-    if (!stop.stop_requested()) hand_over(std::move(found), true);
-  });
+  thread_ = std::jthread(
+      [this, number, work = std::move(work), before = std::move(thread_)](const std::stop_token& stop) mutable {
+        if (before.joinable()) before.join();
+        const auto hand_over = [&](Show show, bool last) {
+          QMetaObject::invokeMethod(
+              this, [this, number, show = std::move(show), last] { take(number, show, last); }, Qt::QueuedConnection);
+        };
+        Show found;
+        try {
+          if (!stop.stop_requested()) found = work(stop, [&](Show show) { hand_over(std::move(show), false); });
+        } catch (const std::exception&) {
+          found = {};
+        }
+        if (!stop.stop_requested()) hand_over(std::move(found), true);
+      });
 }
 
 void BackWork::drop() {

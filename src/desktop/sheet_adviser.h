@@ -21,9 +21,9 @@ class SheetAdviser : public QObject {
 
  public:
   struct Acts {
-    std::function<QString()> leave;         ///< makes the computer's choice; returns the reason in a sentence
+    std::function<QString()> leave;          ///< makes the computer's choice; returns the reason in a sentence
     std::function<BackWork::Work()> advise;  ///< what is to be found out; none where nothing can be
-    std::function<void()> clear;            ///< the adviser is turned off: shows no advice any more
+    std::function<void()> clear;             ///< the adviser is turned off: shows no advice any more
   };
 
   /// Adds both to the form's foot, and the line for the reason to its body.

@@ -81,8 +81,8 @@ computers_choice batsman_choice(const match_state& match) {
   const std::string_view role = man.role();
   if (role == "Opener") return {row, man.name + " is the next of the openers."};
   if (role == "Middle Order") {
-    return {row, fmt::format("No opener is left, and {} is the best of the middle order, with a skill of {}.",
-                             man.name, int(man.bat_skill))};
+    return {row, fmt::format("No opener is left, and {} is the best of the middle order, with a skill of {}.", man.name,
+                             int(man.bat_skill))};
   }
   return {row, fmt::format("Only the lower order is left, and {} is the best of it, with a skill of {}.", man.name,
                            int(man.bat_skill))};

@@ -57,7 +57,9 @@
 #include "setup/forms/toss_window.h"
 #include "setup/team_selection.h"
 #include "setup/toss.h"
+#include "shell/match_line.h"
 #include "shell/saved_games_window.h"
+#include "shell/table_chances.h"
 
 namespace velorin {
 
@@ -70,11 +72,12 @@ void show_modally(CoreForm& form, Given&&... given) {
   run_modal(window);
 }
 
-/// The same for the standings of a competition, which lead on to the matches played.
-template <class Window, class CoreForm, class... Given>
-void show_standings(CoreForm& form, const PlayedReports& reports, Given&&... given) {
+/// The same for the standings of a competition, which lead on to the matches played. `prepare` gets the window.
+template <class Window, class CoreForm, class Prepare, class... Given>
+void show_standings(CoreForm& form, const PlayedReports& reports, const Prepare& prepare, Given&&... given) {
   Window window(given..., form);
   window.lead_to(reports.matches());
+  prepare(window);
   run_modal(window);
 }
 
@@ -253,6 +256,11 @@ void QtFrontEnd::console_opens(console_form& form) {
   frame_ = console_->main_window();
   console_->show_score_itself();
   if (keeper_) console_->let_keep([this] { keeper_->discard(); });
+  if (keeper_) {
+    console_->on_match_line([this] {
+      if (const auto file = keeper_->file_in_play(); !file.empty()) open_match_line(file);
+    });
+  }
   console_->show_before_use();
 }
 
@@ -345,7 +353,7 @@ void QtFrontEnd::show(player_rankings_form& form) { show_modally<PlayerRankingsW
 
 void QtFrontEnd::show(series_results_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_standings<SeriesResultsWindow>(form, reports_);
+  show_standings<SeriesResultsWindow>(form, reports_, [](Form&) {});
 }
 
 void QtFrontEnd::show(tri_series_table_form& form) {
@@ -354,12 +362,13 @@ void QtFrontEnd::show(tri_series_table_form& form) {
   if (before != nullptr && !form.final_result.empty()) {
     celebrate(*before->window(), MomentKind::champions, shown(form.final_result).simplified());
   }
-  show_standings<TriSeriesTableWindow>(form, reports_);
+  show_standings<TriSeriesTableWindow>(form, reports_, [this](Form& window) { add_tri_chances(window, game_); });
 }
 
 void QtFrontEnd::show(world_cup_fixtures_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
-  show_standings<WorldCupFixturesWindow>(form, reports_, game_.world_cup);
+  show_standings<WorldCupFixturesWindow>(
+      form, reports_, [](Form&) {}, game_.world_cup);
 }
 
 void QtFrontEnd::show(world_cup_tables_form& form) {
@@ -368,7 +377,8 @@ void QtFrontEnd::show(world_cup_tables_form& form) {
   if (before != nullptr && !next_match(game_.world_cup) && !form.winners_line.empty()) {
     celebrate(*before->window(), MomentKind::champions, shown(form.winners_line).simplified());
   }
-  show_standings<WorldCupTablesWindow>(form, reports_, game_.world_cup);
+  show_standings<WorldCupTablesWindow>(
+      form, reports_, [this](Form& window) { add_cup_chances(window, game_); }, game_.world_cup);
 }
 
 }  // namespace velorin

@@ -50,9 +50,7 @@ class AdviserInSheets : public ::testing::Test {
     }
     ASSERT_EQ(match.next_step, play_step::next_batsman);
   }
-  static QString text(const QWidget& window, const QString& label) {
-    return window.findChild<QLabel*>(label)->text();
-  }
+  static QString text(const QWidget& window, const QString& label) { return window.findChild<QLabel*>(label)->text(); }
 
  private:
   headless_user user_{match};
@@ -107,8 +105,7 @@ TEST_F(AdviserInSheets, EachManToComeHasHisDifference) {
 TEST_F(AdviserInSheets, EachLevelOfAnAggressionHasItsDifference) {
   preferences::set_adviser(true);
   for (const bool batsman : {true, false}) {
-    aggression_form form =
-        batsman ? aggression_form::of_batsman(match, 0) : aggression_form::of_bowler(match, 1);
+    aggression_form form = batsman ? aggression_form::of_batsman(match, 0) : aggression_form::of_bowler(match, 1);
     AggressionWindow window(form);
     window.show();
     const auto advised = [&] { return text(window, "advice").count(QChar(0xB1)) == 5; };

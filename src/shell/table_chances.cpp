@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/table_chances.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "competitions/game_state.h"
+#include "desktop/back_work.h"
+#include "desktop/form.h"
+#include "desktop/preferences.h"
+#include "desktop/shown_text.h"
+#include "desktop/table_view.h"
+#include "forecast/competition_forecast.h"
+#include "forecast/forecast_words.h"
+
+namespace velorin {
+
+namespace {
+
+constexpr long runs_of_competition = 600;
+
+/// The columns of a table, and what stands in them by team.
+struct Chances {
+  std::vector<QString> headings;
+  std::map<QString, std::vector<double>> of_team;
+};
+
+forecast_options options_behind(const std::stop_token& stop) {
+  const int threads = std::clamp(static_cast<int>(std::thread::hardware_concurrency()) - 1, 1, 2);
+  return {.runs = runs_of_competition, .seed = 1, .threads = threads, .stop = stop};
+}
+
+void add_columns(const Form& window, const QString& name, const Chances& chances) {
+  auto* view = window.findChild<TableView*>(name);
+  if (view == nullptr || view->table().rows.empty() || chances.of_team.empty()) return;
+  Table table = view->table();
+  for (const QString& heading : chances.headings) table.columns.push_back({.heading = heading, .numbers = true});
+  for (TableRow& row : table.rows) {
+    const auto found = chances.of_team.find(row.cells.front().text);
+    for (std::size_t i = 0; i < chances.headings.size(); ++i) {
+      const bool known = found != chances.of_team.end();
+      row.cells.push_back({.text = known ? shown(chance_words(found->second[i])) : QString()});
+    }
+  }
+  view->set_table(std::move(table));
+  view->setMinimumWidth(std::max(view->minimumWidth(), view->needed_width()));
+}
+
+/// Works behind a window that goes with it.
+void work_behind(Form& window, BackWork::Work work) {
+  if (!preferences::forecast()) return;
+  auto* behind = new BackWork(&window);
+  behind->setObjectName(QStringLiteral("chances"));
+  behind->ask(std::move(work));
+}
+
+}  // namespace
+
+void add_tri_chances(Form& window, const game_state& game) {
+  work_behind(window, [&window, copy = std::make_shared<game_state>(own_copy(game))](
+                          const std::stop_token& stop, const auto&) -> BackWork::Show {
+    Chances table{.headings = {QStringLiteral("Final"), QStringLiteral("Title")}, .of_team = {}};
+    for (const tri_chances& team : forecast_tri(*copy, options_behind(stop)).teams) {
+      table.of_team[shown(team.team)] = {team.final, team.title};
+    }
+    return [&window, table] { add_columns(window, QStringLiteral("table"), table); };
+  });
+}
+
+void add_cup_chances(Form& window, const game_state& game) {
+  work_behind(window, [&window, copy = std::make_shared<game_state>(own_copy(game))](
+                          const std::stop_token& stop, const auto&) -> BackWork::Show {
+    Chances group{.headings = {QStringLiteral("Super Six"), QStringLiteral("Title")}, .of_team = {}};
+    Chances super_six{.headings = {QStringLiteral("Semi"), QStringLiteral("Title")}, .of_team = {}};
+    for (const cup_chances& team : forecast_cup(*copy, options_behind(stop)).teams) {
+      group.of_team[shown(team.team)] = {team.super_six, team.title};
+      super_six.of_team[shown(team.team)] = {team.semi_finals, team.title};
+    }
+    return [&window, group, super_six] {
+      add_columns(window, QStringLiteral("group_a"), group);
+      add_columns(window, QStringLiteral("group_b"), group);
+      add_columns(window, QStringLiteral("super_six"), super_six);
+    };
+  });
+}
+
+}  // namespace velorin

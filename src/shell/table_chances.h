@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace velorin {
+
+class Form;
+struct game_state;
+
+/// Adds to the league tables of a window on the tri series, or on the World Cup, each team's chances of qualifying and
+/// of winning, as columns that come once they are known: what is left of the competition is played many times behind
+/// the window. Does nothing where the forecast is turned off. The game is copied at once.
+void add_tri_chances(Form& window, const game_state& game);
+void add_cup_chances(Form& window, const game_state& game);
+
+}  // namespace velorin
