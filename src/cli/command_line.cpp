@@ -62,6 +62,8 @@ int run(const std::vector<std::string>& arguments, const std::filesystem::path& 
   add_replay(app, program, io, action);
   add_forecast(app, program, io, action);
   add_report(app, program, io, action);
+  add_archive(app, program, io, action);
+  add_query(app, program, io, action);
   add_db(app, program, io, action);
 
   try {

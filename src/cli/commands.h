@@ -22,6 +22,8 @@ void add_competitions(CLI::App& app, const program_options& program, streams io,
 void add_replay(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_forecast(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_report(CLI::App& app, const program_options& program, streams io, command_action& action);
+void add_archive(CLI::App& app, const program_options& program, streams io, command_action& action);
+void add_query(CLI::App& app, const program_options& program, streams io, command_action& action);
 void add_db(CLI::App& app, const program_options& program, streams io, command_action& action);
 
 /// What a command works on, fresh as in a new process.

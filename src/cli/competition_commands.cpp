@@ -9,6 +9,7 @@
 #include "cli/commands.h"
 #include "cli/competition_options.h"
 #include "cli/json.h"
+#include "cli/kept_matches.h"
 #include "cli/text_table.h"
 #include "competitions/series.h"
 #include "competitions/tri_series.h"
@@ -193,6 +194,7 @@ template <class Form>
 int play(const competition_options& options, const program_options& program, streams io) {
   run_state run = set_up_run(program);
   run.data.files.updates = options.update;
+  const kept_matches kept(run.data.files);
   competition_recorder recorder(run.match, options.json, io.out);
   competition_of<Form> competition;
   Form form({run.match, run.chance, recorder, run.data}, competition);

@@ -14,6 +14,7 @@
 
 #include "cli/commands.h"
 #include "cli/common_watcher.h"
+#include "cli/kept_matches.h"
 #include "cli/match_jobs.h"
 #include "cli/match_player.h"
 #include "cli/match_run.h"
@@ -121,6 +122,7 @@ class match_run {
 int play(const match_options& options, const program_options& program, streams io) {
   run_state state = set_up_run(program);
   state.data.files.updates = options.update;
+  const kept_matches kept(state.data.files);
   require_outputs_apart(state.data, options, program.draws);
   if (options.records_to_folder && !options.record.empty()) {
     std::error_code failed;

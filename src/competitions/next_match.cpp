@@ -85,6 +85,26 @@ std::optional<entered_sides> tie_sides(const world_cup_record& world_cup, const 
 
 }  // namespace
 
+match_occasion occasion_of(const coming_match& coming) {
+  switch (coming.stage) {
+    case match_stage::series:
+      return {game_kind::series, "", coming.number};
+    case match_stage::tri_league:
+      return {game_kind::tri_series, "League", coming.number};
+    case match_stage::tri_final:
+      return {game_kind::tri_series, "Final", coming.number};
+    case match_stage::cup_groups:
+      return {game_kind::world_cup, "Group", coming.number};
+    case match_stage::super_six:
+      return {game_kind::world_cup, "Super Six", coming.number};
+    case match_stage::semi_finals:
+      return {game_kind::world_cup, "Semi-final", coming.number};
+    case match_stage::grand_final:
+      return {game_kind::world_cup, "Final", coming.number};
+  }
+  return {};
+}
+
 std::optional<coming_match> next_match(const series_record& series) {
   if (series.match_no >= series.matches) return std::nullopt;
   coming_match coming;

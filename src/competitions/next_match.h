@@ -7,6 +7,7 @@
 
 #include "competitions/match_entry.h"
 #include "competitions/world_cup.h"
+#include "model/match_set_up.h"
 
 // Which match a competition plays next: the one account of its rounds, places and numbers.
 
@@ -32,6 +33,9 @@ struct coming_match {
   /// It is known that a human captains one of the sides.
   bool has_human() const { return sides && ((*sides)[0].human || (*sides)[1].human); }
 };
+
+/// What it is played for, for those who keep the match.
+match_occasion occasion_of(const coming_match& coming);
 
 /// The match that comes next, as the records stand between two matches, while the standings are shown. Nothing before
 /// the competition has begun and once it is over. Where the table from which the sides follow is still unsorted, they

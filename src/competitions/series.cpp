@@ -28,6 +28,7 @@ void enter_next(const match_play& play, series_record& series) {
   series.match_no = coming.number;
   series.drawn_ground = draw_ground(play.chance, series.grounds);
   enter_match(play, coming.sides->front(), coming.sides->back(), series.drawn_ground);
+  play.match.occasion = occasion_of(coming);
   series.step = series_step::match;
 }
 

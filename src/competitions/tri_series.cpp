@@ -40,16 +40,17 @@ void show_table(match_state& match, front_end& user, tri_record& tri) {
   user.show(form);
 }
 
-/// The sides of the next match; its ground is drawn.
-entered_sides next_sides(random_source& chance, tri_record& tri) {
-  const coming_match coming = *next_match(tri);
+/// The next match; its ground is drawn.
+coming_match take_next(random_source& chance, tri_record& tri) {
+  coming_match coming = *next_match(tri);
   tri.ground_before = std::exchange(tri.drawn_ground, draw_ground(chance, tri.grounds));
-  return *coming.sides;
+  return coming;
 }
 
 void enter_next(const match_play& play, tri_record& tri) {
-  const entered_sides sides = next_sides(play.chance, tri);
-  enter_match(play, sides.front(), sides.back(), tri.drawn_ground);
+  const coming_match coming = take_next(play.chance, tri);
+  enter_match(play, coming.sides->front(), coming.sides->back(), tri.drawn_ground);
+  play.match.occasion = occasion_of(coming);
   tri.step = tri_step::match;
 }
 
@@ -132,9 +133,9 @@ void finish_tri_series(match_state& match, random_source& chance, tri_record& tr
     // Opening the table names the finalists.
     if (tri.step == tri_step::table) tri_series_table_form(tri).open();
     if (tri.step == tri_step::over || !next_match(tri)) break;
-    const entered_sides sides = next_sides(chance, tri);
+    const coming_match coming = take_next(chance, tri);
     clear_result(match);
-    play(sides.front(), sides.back(), tri.drawn_ground);
+    play(coming.sides->front(), coming.sides->back(), tri.drawn_ground);
     tri.step = tri_step::match;
   }
   tri.step = tri_step::over;

@@ -64,6 +64,7 @@ coming_match take_next(match_state& match, random_source& chance, world_cup_reco
 void enter_next(const match_play& play, world_cup_record& world_cup) {
   const coming_match coming = take_next(play.match, play.chance, world_cup);
   enter_match(play, coming.sides->front(), coming.sides->back(), *coming.ground);
+  play.match.occasion = occasion_of(coming);
   world_cup.step = cup_step::match;
 }
 

@@ -7,6 +7,7 @@
 #include "database/configuration.h"
 #include "database/counted_matches.h"
 #include "database/lasting_records.h"
+#include "database/match_keeper.h"
 #include "database/open_database.h"
 #include "database/record_update.h"
 #include "database/slots.h"
@@ -169,8 +170,9 @@ slot_file whole_careers(const open_database& data) {
   return file;
 }
 
-/// Adds the match to the career file, whose careers these are.
-void add_match(const match_state& match, const open_database& data, slot_file& file, career_table& table) {
+}  // namespace
+
+void add_match_to_careers(const match_state& match, const open_database& data, career_table& table) {
   // The end of an innings writes "not out" into the first innings only.
   update_side(data, table,
               {match.team1_name, match.team2_name, match.first_bowling_card, match.batting_card,
@@ -178,14 +180,9 @@ void add_match(const match_state& match, const open_database& data, slot_file& f
   update_side(data, table,
               {match.team2_name, match.team1_name, match.bowling_card, match.first_batting_card, match.batting_card,
                dismissal::not_out});
-  put_careers(file, table);
 }
 
-}  // namespace
-
-void settle_update(const open_database& data) {
-  const staged_files all({data.files.career_file, data.files.record_file, counted_file(data.files)});
-}
+void settle_update(const open_database& data) { const staged_files all(update_files(data.files)); }
 
 void update_career(const match_state& match, const open_database& data) {
   if (!data.files.updates) return;
@@ -193,7 +190,8 @@ void update_career(const match_state& match, const open_database& data) {
   settle_update(data);
   slot_file career_file = whole_careers(data);
   career_table careers = careers_in(career_file);
-  add_match(match, data, career_file, careers);
+  add_match_to_careers(match, data, careers);
+  put_careers(career_file, careers);
   replace_file(data.files.career_file, career_file.bytes());
 }
 
@@ -208,6 +206,8 @@ void match_update::run() {
     counted = read_file(files.back()).value_or("");
     added_ = added_ || is_counted(counted, name_);
   }
+  match_keeper* const keeper = data_.files.keeper;
+  if (keeper != nullptr) files.push_back(waiting_file(data_.files));
   staged_files staged(files);
   if (added_) return staged.synchronise_folders();
   slot_file career_file = whole_careers(data_);
@@ -215,17 +215,25 @@ void match_update::run() {
   career_table careers = careers_in(career_file);
   record_lists lists = records_in(record_file);
   require_agreement({careers, lists, career_file.name(), record_file.name()});
-  add_match(match_, data_, career_file, careers);
+  std::string waiting;
+  if (keeper != nullptr) {
+    const counted_match added{match_, name_, recording_, career_file.bytes(), record_file.bytes()};
+    waiting = keeper->waiting_with(data_.files, read_file(files.back()).value_or(""), added);
+  }
+  add_match_to_careers(match_, data_, careers);
+  put_careers(career_file, careers);
   staged.write(career_file.bytes());
   add_match_to_records(match_, data_, record_file, lists);
   staged.write(record_file.bytes());
   if (!name_.empty()) staged.write(list_with(counted, name_));
+  if (keeper != nullptr) staged.write(waiting);
   try {
     staged.put_in_place();
   } catch (const run_time_error&) {
     added_ = staged.begun();
     throw;
   }
+  if (keeper != nullptr) keeper->take_in(data_.files);
 }
 
 void update_career_and_records(const match_state& match, const open_database& data) {

@@ -26,21 +26,25 @@ void update_records(const match_state& match, const open_database& data);
 class match_update {
  public:
   /// `added` is set once the files have the match; it outlives the update. `name`: one under which the match is added
-  /// once, whoever asks again, also after a crash; a line of printable characters; "" for none.
-  match_update(const match_state& match, const open_database& data, bool& added, std::string name = {})
-      : added_(added), name_(std::move(name)), match_(match), data_(data) {}
+  /// once, whoever asks again, also after a crash; a line of printable characters; "" for none. `recording`: the bytes
+  /// of one, which is kept with the match; "" for none.
+  match_update(const match_state& match, const open_database& data, bool& added, std::string name = {},
+               std::string recording = {})
+      : added_(added), name_(std::move(name)), recording_(std::move(recording)), match_(match), data_(data) {}
 
   /// Adds the match to both. Requires, reads and raises as they do, and refuses files that do not belong together
   /// (file). Neither file is replaced before the new content of both is written: a failure leaves both as they were or,
   /// if it is the renaming of the second, to the next update to finish, which adds to the files as they are then; if
   /// only the folder could not be synchronised, both are new.
   /// Called again after a failure, it does what is left to be done: no match is added twice. A match with a name is
-  /// noted in the third file that is put in place with the two, and one that is noted there is not added again.
+  /// noted in the third file that is put in place with the two, and one that is noted there is not added again. Where
+  /// the files have a keeper, the match is put in place for it as well.
   void run();
 
  private:
   bool& added_;  ///< by an earlier run, which then failed
   std::string name_;
+  std::string recording_;
   const match_state& match_;
   const open_database& data_;
 };

@@ -12,6 +12,7 @@
 namespace velorin {
 
 struct open_database;
+class match_keeper;
 class turn_watcher;
 
 /// The five lines of options.mc, in their order.
@@ -39,6 +40,8 @@ struct database_files {
   bool updates = true;
   /// Is told while the turn at the folder is waited for; nullptr for nobody. Outlives the use of these files.
   turn_watcher* watcher = nullptr;
+  /// Keeps the matches that are added; nullptr for nobody. Outlives the use of these files.
+  match_keeper* keeper = nullptr;
 };
 
 /// The four paths of the database `base` in `folder`; the switches as at the start.

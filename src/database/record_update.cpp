@@ -220,7 +220,10 @@ slot_file whole_records(const open_database& data) {
   return file;
 }
 
-void add_match_to_lists(const match_state& match, const std::filesystem::path& record_file, record_lists& lists) {
+namespace {
+
+void add_match_to_lists(const match_state& match, const falls_of_match& falls, const std::filesystem::path& record_file,
+                        record_lists& lists) {
   const std::string& chasing = match.team1_name;
   const std::string& setting = match.team2_name;
   update_top_scores(match, lists.top_scores, match.batting_card, chasing, setting, dismissal::none);
@@ -229,13 +232,24 @@ void add_match_to_lists(const match_state& match, const std::filesystem::path& r
   update_top_bowling(match, lists.top_bowling, match.first_bowling_card, chasing, setting);
   update_highest_totals(match, record_file, lists.highest_totals);
   update_lowest_totals(match, record_file, lists.lowest_totals);
-  update_partnerships(match, lists.partnerships, falls_in_play(match), chasing, setting);
-  update_partnerships(match, lists.partnerships, falls_before(match), setting, chasing);
+  update_partnerships(match, lists.partnerships, falls.in_play, chasing, setting);
+  update_partnerships(match, lists.partnerships, falls.before, setting, chasing);
+}
+
+}  // namespace
+
+void add_match_to_lists(const match_state& match, const std::filesystem::path& record_file, record_lists& lists) {
+  add_match_to_lists(match, {falls_in_play(match), falls_before(match)}, record_file, lists);
+}
+
+void add_match_to_records(const match_state& match, const falls_of_match& falls, const open_database& data,
+                          record_lists& lists) {
+  add_match_to_lists(match, falls, data.files.record_file, lists);
+  update_team_table(match, data, lists);
 }
 
 void add_match_to_records(const match_state& match, const open_database& data, slot_file& file, record_lists& lists) {
-  add_match_to_lists(match, data.files.record_file, lists);
-  update_team_table(match, data, lists);
+  add_match_to_records(match, {falls_in_play(match), falls_before(match)}, data, lists);
   put_records(file, lists);
 }
 

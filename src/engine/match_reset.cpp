@@ -91,6 +91,7 @@ void clear(match_achievements& lists) {
 void clear(match_set_up& set_up) {
   set_up.step = match_step::none;
   set_up.practice = false;
+  set_up.occasion = {};
   set_up.team_count = 0;
   clear(set_up.team_list);
   clear(set_up.squads);

@@ -15,8 +15,16 @@ constexpr kept names[] = {{"options.mc", "the settings"},
                           {"team2r.txt", "the elevens"},
                           {"dummy.txt", "the elevens"}};
 
-constexpr kept endings[] = {{".team", "the teams"},  {".grd", "the grounds"},        {".rec", "the careers"},
-                            {".ptr", "the records"}, {".new", "an unfinished save"}, {".next", "an unfinished save"}};
+constexpr kept endings[] = {{".team", "the teams"},
+                            {".grd", "the grounds"},
+                            {".rec", "the careers"},
+                            {".ptr", "the records"},
+                            {".new", "an unfinished save"},
+                            {".next", "an unfinished save"},
+                            {".counted", "the counted matches"},
+                            {".waiting", "the waiting matches"},
+                            {".matches", "the archive"},
+                            {".matches-journal", "the archive"}};
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "model/entered_game.h"
 #include "model/integer.h"
 #include "model/match_records.h"
 #include "model/match_result.h"
@@ -58,10 +59,18 @@ struct eleven_file_before {
 /// The files of both elevens; nothing for one that is not to be put back.
 using eleven_files_before = std::array<std::optional<eleven_file_before>, 2>;
 
+/// What a match is played for.
+struct match_occasion {
+  game_kind competition = game_kind::match;
+  std::string stage;  ///< of a tri series or a World Cup, such as "Super Six"; "" for any other
+  int number = 0;     ///< within its competition, from 1; 0 for a match by itself
+};
+
 /// What the set-up collects on its way to the toss.
 struct match_set_up {
   match_step step = match_step::none;
-  bool practice = false;                  ///< counts for no career and no record; its balls can be taken back
+  bool practice = false;  ///< counts for no career and no record; its balls can be taken back
+  match_occasion occasion;
   integer team_count;                     ///< teams of the database
   std::array<std::string, 21> team_list;  ///< [1..20] names in file order
   std::array<squad, 2> squads;            ///< the first and the second team's men, sorted

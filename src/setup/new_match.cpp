@@ -145,6 +145,7 @@ void new_match_form::begin() {
   play_.match.result_before.reset();
   take_ground(play_.match, play_.data, ground_name());
   play_.match.practice = practice;
+  play_.match.occasion = {};
   play_.match.computer_bats = computer_captains_first;
   play_.match.computer_bowls = computer_captains_second;
   play_.match.chosen = {team_of(teams, first_team_index), team_of(teams, second_team_index)};

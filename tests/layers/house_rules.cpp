@@ -20,9 +20,9 @@ struct room {
 };
 
 constexpr room rooms[] = {
-    {"model", 1},     {"ui", 2},     {"database", 2}, {"captain", 3},      {"console", 3},  {"reports", 3},
-    {"browsers", 3},  {"engine", 4}, {"setup", 5},    {"competitions", 6}, {"forecast", 7}, {"headless", 7},
-    {"recording", 7}, {"shell", 8},  {"desktop", 8},  {"cli", 8},
+    {"model", 1},    {"ui", 2},        {"database", 2}, {"captain", 3}, {"console", 3},      {"reports", 3},
+    {"browsers", 3}, {"archive", 3},   {"engine", 4},   {"setup", 5},   {"competitions", 6}, {"forecast", 7},
+    {"headless", 7}, {"recording", 7}, {"shell", 8},    {"desktop", 8}, {"cli", 8},
 };
 constexpr int highest_core_floor = 7;
 

@@ -1,0 +1,274 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "archive/question_fields.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace velorin {
+
+namespace {
+
+using field = row_field::kind;
+using figure = sum_figure::kind;
+
+constexpr std::string_view played_at = "strftime('%Y-%m-%dT%H:%M:%SZ', m.played_at, 'unixepoch')";
+constexpr std::string_view date = "strftime('%Y-%m-%d', m.played_at, 'unixepoch')";
+constexpr std::string_view year = "CAST(strftime('%Y', m.played_at, 'unixepoch') AS INTEGER)";
+constexpr std::string_view result = "CASE r.result WHEN 1 THEN 'won' WHEN -1 THEN 'lost' ELSE 'tied' END";
+
+constexpr std::array match_fields = {
+    row_field{"id", "m.id", field::number, true, "match"},
+    row_field{"played_at", played_at, field::text, true, "time of play"},
+    row_field{"competition", "m.competition", field::name, true},
+    row_field{"stage", "m.stage", field::name, true},
+    row_field{"ground", "m.ground", field::name, true},
+    row_field{"country", "m.country", field::name, true},
+    row_field{"first", "m.first", field::name, true, "side batting first"},
+    row_field{"second", "m.second", field::name, true, "side batting second"},
+    row_field{"winner", "m.winner", field::name, true},
+    row_field{"margin", "m.margin", field::name, true},
+    row_field{"first_runs", "m.first_runs", field::number, true, "first total"},
+    row_field{"first_wickets", "m.first_wickets", field::number, true, "first innings' wickets"},
+    row_field{"first_balls", "m.first_balls", field::number, true, "first innings' balls"},
+    row_field{"second_runs", "m.second_runs", field::number, true, "second total"},
+    row_field{"second_wickets", "m.second_wickets", field::number, true, "second innings' wickets"},
+    row_field{"second_balls", "m.second_balls", field::number, true, "second innings' balls"},
+    row_field{"human", "m.human", field::number, true, "human captain"},
+    row_field{"runs", "m.first_runs + m.second_runs", field::number, false, "runs of both sides"},
+    row_field{"wickets", "m.first_wickets + m.second_wickets", field::number, false, "wickets of both sides"},
+    row_field{"difference", "abs(m.first_runs - m.second_runs)", field::number, false, "difference in runs"},
+    row_field{"balls_left", "300 - m.second_balls", field::number, false, "balls left"},
+    row_field{"number", "m.number", field::number, false, "number in the competition"},
+    row_field{"date", date, field::text},
+    row_field{"year", year, field::number},
+};
+
+/// The fields that every row has from its match.
+constexpr row_field of_match[] = {
+    {"result", result, field::text, false},
+    {"ground", "m.ground", field::name, false},
+    {"country", "m.country", field::name, false},
+    {"competition", "m.competition", field::name, false},
+    {"stage", "m.stage", field::name, false},
+    {"played_at", played_at, field::text, false, "time of play"},
+    {"date", date, field::text, false},
+    {"year", year, field::number, false},
+    {"human", "m.human", field::number, false, "human captain"},
+};
+
+template <std::size_t n>
+constexpr auto with_match(const row_field (&own)[n]) {
+  std::array<row_field, n + std::size(of_match)> all{};
+  std::copy(std::begin(of_match), std::end(of_match), std::copy(std::begin(own), std::end(own), all.begin()));
+  return all;
+}
+
+constexpr auto innings_fields = with_match({
+    {"match_id", "r.match_id", field::number, true, "match"},
+    {"innings", "r.innings", field::number, true},
+    {"team", "r.team", field::name, true},
+    {"opponent", "r.opponent", field::name, true},
+    {"runs", "r.runs", field::number, true},
+    {"wickets", "r.wickets", field::number, true},
+    {"balls", "r.balls", field::number, true},
+    {"wides", "r.wides", field::number, true},
+    {"no_balls", "r.no_balls", field::number, true, "no balls"},
+    {"byes", "r.byes", field::number, true},
+    {"leg_byes", "r.leg_byes", field::number, true, "leg byes"},
+    {"extras", "r.byes + r.leg_byes", field::number, false, "byes and leg byes"},
+    {"fours", "r.fours", field::number},
+    {"sixes", "r.sixes", field::number},
+    {"boundaries", "r.fours + r.sixes", field::number},
+    {"top_score", "r.top_score", field::number, false, "highest score of a man"},
+    {"hundreds", "r.hundreds", field::number},
+    {"run_rate", "r.runs * 6.0 / nullif(r.balls, 0)", field::rate, false, "run rate"},
+});
+
+constexpr auto batting_fields = with_match({
+    {"match_id", "r.match_id", field::number, true, "match"},
+    {"innings", "r.innings", field::number, true},
+    {"team", "r.team", field::name, true},
+    {"opponent", "r.opponent", field::name, true},
+    {"position", "r.position", field::number, true},
+    {"player", "r.player", field::name, true},
+    {"out", "r.out", field::number, true},
+    {"how_out", "r.how_out", field::name, true, "dismissal"},
+    {"bowler", "r.bowler", field::name, true},
+    {"fielder", "r.fielder", field::name, true},
+    {"runs", "r.runs", field::number, true},
+    {"balls", "r.balls", field::number, true},
+    {"dots", "r.dots", field::number, true},
+    {"ones", "r.ones", field::number, true},
+    {"twos", "r.twos", field::number, true},
+    {"threes", "r.threes", field::number, true},
+    {"fours", "r.fours", field::number, true},
+    {"sixes", "r.sixes", field::number, true},
+    {"boundaries", "r.fours + r.sixes", field::number},
+    {"fifty_balls", "r.fifty_balls", field::number, false, "balls to fifty"},
+    {"hundred_balls", "r.hundred_balls", field::number, false, "balls to a hundred"},
+    {"strike_rate", "r.runs * 100.0 / nullif(r.balls, 0)", field::rate, false, "strike rate"},
+});
+
+constexpr auto bowling_fields = with_match({
+    {"match_id", "r.match_id", field::number, true, "match"},
+    {"innings", "r.innings", field::number, true},
+    {"team", "r.team", field::name, true},
+    {"opponent", "r.opponent", field::name, true},
+    {"player", "r.player", field::name, true},
+    {"balls", "r.balls", field::number, true},
+    {"maidens", "r.maidens", field::number, true},
+    {"runs", "r.runs", field::number, true},
+    {"wickets", "r.wickets", field::number, true},
+    {"economy", "r.runs * 6.0 / nullif(r.balls, 0)", field::rate},
+    {"figures", "r.wickets * 10000 - r.runs", field::number, false, "wickets, and fewest runs for them"},
+    {"came_on", "r.came_on", field::number, false, "place among the bowlers"},
+});
+
+constexpr auto stand_fields = with_match({
+    {"match_id", "r.match_id", field::number, true, "match"},
+    {"innings", "r.innings", field::number, true},
+    {"team", "r.team", field::name, true},
+    {"wicket", "r.wicket", field::number, true},
+    {"runs", "r.runs", field::number, true},
+    {"player1", "r.player1", field::name, true, "first man"},
+    {"player2", "r.player2", field::name, true, "second man"},
+    {"unbroken", "r.unbroken", field::number, true},
+    {"opponent", "r.opponent", field::name},
+    {"balls", "r.balls", field::number},
+});
+
+constexpr std::array match_figures = {
+    sum_figure{"matches", "count(*)", ""},
+    sum_figure{"first_wins", "sum(m.winner = m.first)", ""},
+    sum_figure{"second_wins", "sum(m.winner = m.second)", ""},
+    sum_figure{"ties", "sum(m.winner <> m.first AND m.winner <> m.second)", ""},
+    sum_figure{"runs", "sum(m.first_runs + m.second_runs)", ""},
+    sum_figure{"wickets", "sum(m.first_wickets + m.second_wickets)", ""},
+    sum_figure{"run_rate", "sum(m.first_runs + m.second_runs) * 6.0 / nullif(sum(m.first_balls + m.second_balls), 0)",
+               "", figure::rate},
+};
+
+constexpr std::array innings_figures = {
+    sum_figure{"matches", "count(DISTINCT r.match_id)", ""},
+    sum_figure{"innings", "count(*)", ""},
+    sum_figure{"won", "sum(r.result = 1)", ""},
+    sum_figure{"lost", "sum(r.result = -1)", ""},
+    sum_figure{"tied", "sum(r.result = 0)", ""},
+    sum_figure{"runs", "sum(r.runs)", ""},
+    sum_figure{"wickets", "sum(r.wickets)", ""},
+    sum_figure{"balls", "sum(r.balls)", ""},
+    sum_figure{"average", "sum(r.runs) * 1.0 / nullif(sum(r.wickets), 0)", "", figure::rate},
+    sum_figure{"run_rate", "sum(r.runs) * 6.0 / nullif(sum(r.balls), 0)", "", figure::rate},
+    sum_figure{"highest", "max(r.runs)", ""},
+    sum_figure{"lowest", "min(r.runs)", ""},
+    sum_figure{"fours", "sum(r.fours)", ""},
+    sum_figure{"sixes", "sum(r.sixes)", ""},
+    sum_figure{"hundreds", "sum(r.hundreds)", ""},
+};
+
+constexpr std::array batting_figures = {
+    sum_figure{"matches", "count(DISTINCT r.match_id)", "sum(s.matches)"},
+    sum_figure{"innings", "count(*)", "sum(s.matches)"},
+    sum_figure{"not_outs", "sum(1 - r.out)", "sum(s.not_outs)"},
+    sum_figure{"runs", "sum(r.runs)", "sum(s.runs)"},
+    sum_figure{"balls", "sum(r.balls)", "sum(s.balls)"},
+    sum_figure{"average", "sum(r.runs) * 1.0 / nullif(sum(r.out), 0)",
+               "sum(s.runs) * 1.0 / nullif(sum(s.matches - s.not_outs), 0)", figure::rate},
+    sum_figure{"strike_rate", "sum(r.runs) * 100.0 / nullif(sum(r.balls), 0)",
+               "sum(s.runs) * 100.0 / nullif(sum(s.balls), 0)", figure::rate},
+    sum_figure{"hundreds", "sum(r.runs >= 100)", "sum(s.hundreds)"},
+    sum_figure{"fifties", "sum(r.runs >= 50 AND r.runs < 100)", "sum(s.fifties)"},
+    sum_figure{"ducks", "sum(r.out = 1 AND r.runs = 0)", "sum(s.ducks)"},
+    sum_figure{"fours", "sum(r.fours)", "sum(s.fours)"},
+    sum_figure{"sixes", "sum(r.sixes)", "sum(s.sixes)"},
+    sum_figure{"best", "max(r.runs * 2 + 1 - r.out)", "max(s.best)", figure::best_score},
+};
+
+constexpr std::array bowling_figures = {
+    sum_figure{"matches", "count(DISTINCT r.match_id)", "sum(s.matches)"},
+    sum_figure{"innings", "count(*)", "sum(s.matches)"},
+    sum_figure{"overs", "sum(r.balls)", "sum(s.balls)", figure::overs},
+    sum_figure{"balls", "sum(r.balls)", "sum(s.balls)"},
+    sum_figure{"maidens", "sum(r.maidens)", "sum(s.maidens)"},
+    sum_figure{"runs", "sum(r.runs)", "sum(s.runs)"},
+    sum_figure{"wickets", "sum(r.wickets)", "sum(s.wickets)"},
+    sum_figure{"average", "sum(r.runs) * 1.0 / nullif(sum(r.wickets), 0)",
+               "sum(s.runs) * 1.0 / nullif(sum(s.wickets), 0)", figure::rate},
+    sum_figure{"strike_rate", "sum(r.balls) * 1.0 / nullif(sum(r.wickets), 0)",
+               "sum(s.balls) * 1.0 / nullif(sum(s.wickets), 0)", figure::rate},
+    sum_figure{"economy", "sum(r.runs) * 6.0 / nullif(sum(r.balls), 0)", "sum(s.runs) * 6.0 / nullif(sum(s.balls), 0)",
+               figure::rate},
+    sum_figure{"five_wickets", "sum(r.wickets >= 5)", "sum(s.five_wickets)"},
+    sum_figure{"best", "max(r.wickets * 10000 - r.runs)", "max(s.best)", figure::best_bowling},
+};
+
+constexpr std::array stand_figures = {
+    sum_figure{"matches", "count(DISTINCT r.match_id)", ""},
+    sum_figure{"stands", "count(*)", ""},
+    sum_figure{"runs", "sum(r.runs)", ""},
+    sum_figure{"balls", "sum(r.balls)", ""},
+    sum_figure{"average", "sum(r.runs) * 1.0 / nullif(sum(1 - r.unbroken), 0)", "", figure::rate},
+    sum_figure{"hundreds", "sum(r.runs >= 100)", ""},
+    sum_figure{"fifties", "sum(r.runs >= 50 AND r.runs < 100)", ""},
+    sum_figure{"highest", "max(r.runs)", ""},
+};
+
+constexpr std::array<row_source, 5> sources = {{
+    {rows_of::matches, "matches", "match_row m", "", "m.id", "", match_fields, match_figures, "Matches"},
+    {rows_of::innings, "innings", "innings_row r", "", "r.match_id, r.innings", "", innings_fields, innings_figures,
+     "Innings of teams"},
+    {rows_of::batting, "batting", "batting_row r", "", "r.match_id, r.innings, r.position", "batting_sums s",
+     batting_fields, batting_figures, "Innings of batsmen"},
+    {rows_of::bowling, "bowling", "bowling_row r", "r.came_on > 0", "r.match_id, r.innings, r.position",
+     "bowling_sums s", bowling_fields, bowling_figures, "Figures of bowlers"},
+    {rows_of::stands, "stands", "stand_row r", "r.player1 <> (SELECT id FROM name WHERE text = '')",
+     "r.match_id, r.innings, r.wicket", "", stand_fields, stand_figures, "Stands"},
+}};
+
+template <class Part>
+std::vector<std::string> names_of(std::span<const Part> parts) {
+  std::vector<std::string> names;
+  for (const Part& part : parts) names.emplace_back(part.name);
+  return names;
+}
+
+template <class Part>
+const Part* named(std::span<const Part> parts, std::string_view name) {
+  const auto found = std::find_if(parts.begin(), parts.end(), [&](const Part& part) { return part.name == name; });
+  return found == parts.end() ? nullptr : &*found;
+}
+
+template <class Part>
+const Part& required(std::span<const Part> parts, std::string_view name, const std::string& what) {
+  if (const Part* found = named(parts, name)) return *found;
+  throw question_error("Unknown " + what, std::string(name), names_of(parts));
+}
+
+}  // namespace
+
+const row_source& source_of(rows_of from) { return sources.at(static_cast<std::size_t>(from)); }
+
+const row_field* find_field(const row_source& source, std::string_view name) { return named(source.fields, name); }
+const sum_figure* find_figure(const row_source& source, std::string_view name) { return named(source.figures, name); }
+
+const row_field& field_of(const row_source& source, std::string_view name) {
+  return required(source.fields, name, "field of " + std::string(source.name));
+}
+
+const sum_figure& figure_of(const row_source& source, std::string_view name) {
+  return required(source.figures, name, "figure of " + std::string(source.name));
+}
+
+std::optional<rows_of> source_named(std::string_view name) {
+  for (const row_source& source : sources) {
+    if (source.name == name) return source.from;
+  }
+  return std::nullopt;
+}
+
+std::string_view source_name(rows_of from) { return source_of(from).name; }
+std::vector<std::string> row_fields(rows_of from) { return names_of(source_of(from).fields); }
+std::vector<std::string> sum_figures(rows_of from) { return names_of(source_of(from).figures); }
+
+}  // namespace velorin

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// The tables and views of an archive. docs/formats/archive.md describes them.
+
+namespace velorin {
+
+/// The version that an archive has as its user_version.
+inline constexpr int archive_version = 1;
+/// In the head of the file, so that it is told from other databases: "Velo".
+inline constexpr int archive_application = 0x56656C6F;
+
+/// The statements that make an empty archive.
+extern const char* const archive_schema;
+
+}  // namespace velorin
