@@ -131,8 +131,8 @@ void check_sums(const archive_file& archive, std::vector<std::string>& differenc
   };
   constexpr kept_sum kept[] = {
       {"batting sums",
-       "SELECT player, team, count(*), sum(1 - out), sum(runs), sum(balls), sum(fours), sum(sixes), sum(runs >= 100),"
-       " sum(runs >= 50 AND runs < 100), max(runs * 2 + 1 - out), sum(out = 1 AND runs = 0) FROM batting_row"
+       "SELECT player, team, count(*), sum(not_out), sum(runs), sum(balls), sum(fours), sum(sixes), sum(runs >= 100),"
+       " sum(runs >= 50 AND runs < 100), max(runs * 2 + not_out), sum(out = 1 AND runs = 0) FROM batting_row"
        " GROUP BY player, team",
        "SELECT player, team, matches, not_outs, runs, balls, fours, sixes, hundreds, fifties, best, ducks"
        " FROM batting_sums"},

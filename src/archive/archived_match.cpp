@@ -101,11 +101,15 @@ void add_overs(archived_innings& innings, const innings_books& books) {
   }
 }
 
-archived_innings innings_of(const innings_books& books) {
+/// `not_out`: what the card has of a man whom careers count as not out. The end of an innings writes it into the first
+/// innings only.
+archived_innings innings_of(const innings_books& books, dismissal not_out) {
   archived_innings innings;
   innings.team = books.team;
   for (int j = 1; j <= men_in_eleven; ++j) {
-    if (!books.batting[static_cast<std::size_t>(j)].name.empty()) innings.batting.push_back(batsman_of(books, j));
+    if (books.batting[static_cast<std::size_t>(j)].name.empty()) continue;
+    innings.batting.push_back(batsman_of(books, j));
+    innings.batting.back().not_out = innings.batting.back().how == not_out;
   }
   add_bowling(innings, books);
   add_stands(innings, books.falls);
@@ -176,7 +180,8 @@ archived_match archived(const match_state& match) {
 
   archived_innings& first = kept.innings[0];
   first = innings_of({match.team2_name, match.first_batting_card, match.first_bowling_card, match.first_deliveries,
-                      falls_before(match)});
+                      falls_before(match)},
+                     dismissal::not_out);
   first.runs = match.first_total;
   first.wickets = match.first_wickets;
   first.balls = match.first_balls;
@@ -188,7 +193,8 @@ archived_match archived(const match_state& match) {
 
   archived_innings& second = kept.innings[1];
   second =
-      innings_of({match.team1_name, match.batting_card, match.bowling_card, match.deliveries, falls_in_play(match)});
+      innings_of({match.team1_name, match.batting_card, match.bowling_card, match.deliveries, falls_in_play(match)},
+                 dismissal::none);
   second.runs = match.score_runs;
   second.wickets = match.score_wickets;
   second.balls = match.innings_balls;

@@ -20,6 +20,7 @@ struct archived_batsman {
   std::string player;
   int position = 0;  ///< 1 to 11 on the card
   bool out = false;
+  bool not_out = false;  ///< as careers count it: the last man of a first innings that was all out is neither
   dismissal how = dismissal::none;  ///< as the card has it
   fielding taken = fielding::none;  ///< likewise
   int fielder_position = 0;         ///< likewise

@@ -51,7 +51,8 @@ match_reader::match_reader(const SQLite::Database& database)
                "SELECT team, runs, wickets, balls, wides, no_balls, byes, leg_byes, noted_wickets FROM innings_row"
                " WHERE match_id = ? AND innings = ?"),
       batting_(database,
-               "SELECT player, position, out, how, taken, fielder_position, bowler, fielder, runs, balls, dots, ones,"
+               "SELECT player, position, out, not_out, how, taken, fielder_position, bowler, fielder, runs, balls, "
+               "dots, ones,"
                " twos, threes, fours, sixes, fifty_balls, hundred_balls FROM batting_row"
                " WHERE match_id = ? AND innings = ? ORDER BY position"),
       bowling_(database,
@@ -125,6 +126,7 @@ void match_reader::read_batting(archived_innings& innings) {
     man.player = names_.at(from.large());
     man.position = from.number();
     man.out = from.number() != 0;
+    man.not_out = from.number() != 0;
     man.how = static_cast<dismissal>(from.number());
     man.taken = static_cast<fielding>(from.number());
     man.fielder_position = from.number();

@@ -57,7 +57,7 @@ match_writer::match_writer(SQLite::Database& database)
       add_name_(database, "INSERT INTO name (text) VALUES (?)"),
       add_match_(database, insertion("match_row", 23)),
       add_innings_(database, insertion("innings_row", 17)),
-      add_batting_(database, insertion("batting_row", 24)),
+      add_batting_(database, insertion("batting_row", 25)),
       add_bowling_(database, insertion("bowling_row", 12)),
       add_stand_(database, insertion("stand_row", 14)),
       add_over_(database, insertion("over_row", 6)),
@@ -145,14 +145,14 @@ void match_writer::write_batting(const archived_match& match, int number, std::i
   for (const archived_batsman& man : match.innings[number == 1 ? 0 : 1].batting) {
     const std::int64_t player = name(man.player);
     (bound(add_batting_) << match.id << number << man.position << team << opponent << result << player << int(man.out)
-                         << name(std::string(how_out_name(man))) << int(man.how) << int(man.taken)
+                         << int(man.not_out) << name(std::string(how_out_name(man))) << int(man.how) << int(man.taken)
                          << man.fielder_position << name(man.bowler) << name(man.fielder) << man.runs << man.balls
                          << man.dots << man.ones << man.twos << man.threes << man.fours << man.sixes << man.fifty_balls
                          << man.hundred_balls)
         .run();
-    (bound(sum_batting_) << player << team << 1 << int(!man.out) << man.runs << man.balls << man.fours << man.sixes
+    (bound(sum_batting_) << player << team << 1 << int(man.not_out) << man.runs << man.balls << man.fours << man.sixes
                          << int(man.runs >= century) << int(man.runs >= half_century && man.runs < century)
-                         << best_score_value(man.runs, !man.out) << int(man.out && man.runs == 0))
+                         << best_score_value(man.runs, man.not_out) << int(man.out && man.runs == 0))
         .run();
   }
 }

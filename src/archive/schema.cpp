@@ -30,6 +30,7 @@ CREATE TABLE innings_row (
 CREATE TABLE batting_row (
   match_id INTEGER NOT NULL, innings INTEGER NOT NULL, position INTEGER NOT NULL, team INTEGER NOT NULL,
   opponent INTEGER NOT NULL, result INTEGER NOT NULL, player INTEGER NOT NULL, out INTEGER NOT NULL,
+  not_out INTEGER NOT NULL,
   how_out INTEGER NOT NULL, how INTEGER NOT NULL, taken INTEGER NOT NULL, fielder_position INTEGER NOT NULL,
   bowler INTEGER NOT NULL, fielder INTEGER NOT NULL, runs INTEGER NOT NULL, balls INTEGER NOT NULL,
   dots INTEGER NOT NULL, ones INTEGER NOT NULL, twos INTEGER NOT NULL, threes INTEGER NOT NULL,
@@ -87,7 +88,7 @@ CREATE VIEW innings AS SELECT i.match_id AS match_id, i.innings AS innings, t.te
 CREATE VIEW batting AS SELECT b.match_id AS match_id, b.innings AS innings, t.text AS team, o.text AS opponent,
   b.position AS position, p.text AS player, b.out AS out, h.text AS how_out, w.text AS bowler, f.text AS fielder,
   b.runs AS runs, b.balls AS balls, b.dots AS dots, b.ones AS ones, b.twos AS twos, b.threes AS threes,
-  b.fours AS fours, b.sixes AS sixes, b.fifty_balls AS fifty_balls, b.hundred_balls AS hundred_balls
+  b.fours AS fours, b.sixes AS sixes, b.not_out AS not_out, b.fifty_balls AS fifty_balls, b.hundred_balls AS hundred_balls
   FROM batting_row b JOIN name t ON t.id = b.team JOIN name o ON o.id = b.opponent JOIN name p ON p.id = b.player
   JOIN name h ON h.id = b.how_out JOIN name w ON w.id = b.bowler JOIN name f ON f.id = b.fielder;
 

@@ -94,7 +94,8 @@ void tell_innings(auto& take, auto& innings) {
   take(innings.team), take(innings.runs), take(innings.wickets), take(innings.balls), take(innings.wides);
   take(innings.no_balls), take(innings.byes), take(innings.leg_byes), take(innings.noted_wickets);
   take.list(innings.batting, [&](auto& man) {
-    take(man.player), take(man.position), take(man.out), take(man.how), take(man.taken), take(man.fielder_position);
+    take(man.player), take(man.position), take(man.out), take(man.not_out), take(man.how), take(man.taken),
+        take(man.fielder_position);
     take(man.bowler), take(man.fielder), take(man.runs), take(man.balls), take(man.dots), take(man.ones);
     take(man.twos), take(man.threes), take(man.fours), take(man.sixes), take(man.fifty_balls), take(man.hundred_balls);
   });

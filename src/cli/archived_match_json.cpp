@@ -26,6 +26,7 @@ json batting_json(const archived_innings& innings) {
     rows.push_back({{"position", man.position},
                     {"player", to_utf8(man.player)},
                     {"out", man.out},
+                    {"not_out", man.not_out},
                     {"how_out", how_out_name(man)},
                     {"bowler", to_utf8(man.bowler)},
                     {"fielder", to_utf8(man.fielder)},

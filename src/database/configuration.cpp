@@ -92,6 +92,7 @@ void use_database(open_database& data, const std::string& base) {
   paths.read_once = data.files.read_once;
   paths.updates = data.files.updates;
   paths.watcher = data.files.watcher;
+  paths.keeper = data.files.keeper;
   data.files = std::move(paths);
 }
 

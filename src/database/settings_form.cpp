@@ -43,6 +43,7 @@ std::vector<std::string> list_of_databases(const open_database& data) {
 database_files files_of(const open_database& data, const std::string& base) {
   database_files files = database_paths(data.files.folder, base);
   files.watcher = data.files.watcher;
+  files.keeper = data.files.keeper;
   return files;
 }
 

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "archive/archive_keeper.h"
 #include "competitions/game_state.h"
 #include "database/file_calls.h"
 #include "desktop/frame.h"
@@ -29,7 +30,9 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("velorin"));
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/velorin.svg")));
+  archive_keeper keeper;
   const auto game = std::make_unique<game_state>();  // too large for some stacks
+  game->data.files.keeper = &keeper;
   game->data.files.folder = std::filesystem::path(QApplication::applicationDirPath().toStdString()) / "teams";
   apply_theme(preferences::appearance());
 
