@@ -23,9 +23,9 @@ struct written {
 const written fifty[] = {
     // batting
     {"Highest scores", rows_of::batting, {}, {}, {}, "runs", first::most},
-    {"Fastest hundreds", rows_of::batting, {}, {"hundred_balls>0"}, {}, "hundred_balls", first::fewest},
-    {"Fastest fifties", rows_of::batting, {}, {"fifty_balls>0"}, {}, "fifty_balls", first::fewest},
-    {"Slowest hundreds", rows_of::batting, {}, {"hundred_balls>0"}, {}, "hundred_balls", first::most},
+    {"Fastest hundreds", rows_of::batting, {}, {"runs>=100"}, {}, "hundred_balls", first::fewest},
+    {"Fastest fifties", rows_of::batting, {}, {"runs>=50"}, {}, "fifty_balls", first::fewest},
+    {"Slowest hundreds", rows_of::batting, {}, {"runs>=100"}, {}, "hundred_balls", first::most},
     {"Hundreds in defeat", rows_of::batting, {}, {"runs>=100", "result=lost"}, {}, "runs", first::most},
     {"Highest scores of a number five or lower",
      rows_of::batting,

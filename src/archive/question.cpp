@@ -47,6 +47,14 @@ std::string_view sql_of(const std::string& op) {
   return op;
 }
 
+/// Words that an archive of few matches may not have yet.
+bool is_word_of_ours(std::string_view value) {
+  constexpr std::array<std::string_view, 16> words = {
+      "Match",  "Series", "Tri Series", "World Cup",         "League",  "Group", "Super Six", "Semi-final", "Final",
+      "bowled", "caught", "stumped",    "caught and bowled", "run out", "lbw",   "not out"};
+  return std::find(words.begin(), words.end(), value) != words.end();
+}
+
 /// Puts a statement together, with the values to be bound.
 class builder {
  public:
@@ -71,11 +79,15 @@ class builder {
       tail += " LIMIT ?";
       bound.emplace_back(static_cast<std::int64_t>(asked_.top));
     }
-    sql = "SELECT " + selected_ + " FROM " + std::string(on_sums_ ? source_.sums_table : source_.table);
-    if (asked_.from != rows_of::matches && (selected_ + tail).find("m.") != std::string::npos) {
-      sql += " JOIN match_row m ON m.id = r.match_id";
+    const bool first_of_many = asked_.by.empty() && asked_.top > 0 && !source_.key.empty();
+    if (first_of_many) {
+      // The few rows are found by their keys first, for which an index may do.
+      const std::string key = "(SELECT " + keys() + " FROM " + tables(tail) + tail + ")";
+      const std::string found = tables(selected_ + order());
+      sql = fmt::format("SELECT {} FROM {} WHERE ({}) IN {}{}", selected_, found, keys(), key, order());
+    } else {
+      sql = "SELECT " + selected_ + " FROM " + tables(selected_ + tail) + tail;
     }
-    sql += tail;
   }
 
   std::string sql;
@@ -84,6 +96,24 @@ class builder {
   std::vector<decoded> decoding;
 
  private:
+  /// The columns of the key, of the row.
+  std::string keys() const {
+    std::string all = "r." + std::string(source_.key);
+    for (auto at = all.find(", "); at != std::string::npos; at = all.find(", ", at + 2)) all.insert(at + 2, "r.");
+    return all;
+  }
+
+  /// What is read for these expressions: the match where they speak of it. Of a stage there are few matches, and they
+  /// are found first.
+  std::string tables(const std::string& expressions) const {
+    const std::string rows(on_sums_ ? source_.sums_table : source_.table);
+    if (asked_.from == rows_of::matches || expressions.find("m.") == std::string::npos) return rows;
+    const bool of_stage = std::any_of(asked_.where.begin(), asked_.where.end(),
+                                      [](const condition& part) { return part.field == "stage" && part.op == "="; });
+    if (of_stage) return "match_row m CROSS JOIN " + rows + " ON r.match_id = m.id";
+    return rows + " JOIN match_row m ON m.id = r.match_id";
+  }
+
   /// Sums by man and team are kept along.
   bool can_use_sums() const {
     const auto is_kept = [](const std::string& name) { return name == "player" || name == "team"; };
@@ -168,7 +198,7 @@ class builder {
   }
 
   void require_name(const row_field& field, const std::string& value) const {
-    if (value.empty()) return;
+    if (value.empty() || is_word_of_ours(value)) return;
     SQLite::Statement find(database_, "SELECT 1 FROM name WHERE text = ?");
     find.bind(1, value);
     if (find.executeStep()) return;

@@ -216,15 +216,16 @@ constexpr std::array stand_figures = {
 };
 
 constexpr std::array<row_source, 5> sources = {{
-    {rows_of::matches, "matches", "match_row m", "", "m.id", "", match_fields, match_figures, "Matches"},
-    {rows_of::innings, "innings", "innings_row r", "", "r.match_id, r.innings", "", innings_fields, innings_figures,
-     "Innings of teams"},
-    {rows_of::batting, "batting", "batting_row r", "", "r.match_id, r.innings, r.position", "batting_sums s",
-     batting_fields, batting_figures, "Innings of batsmen"},
-    {rows_of::bowling, "bowling", "bowling_row r", "r.came_on > 0", "r.match_id, r.innings, r.position",
-     "bowling_sums s", bowling_fields, bowling_figures, "Figures of bowlers"},
-    {rows_of::stands, "stands", "stand_row r", "r.player1 <> (SELECT id FROM name WHERE text = '')",
-     "r.match_id, r.innings, r.wicket", "", stand_fields, stand_figures, "Stands"},
+    {rows_of::matches, "matches", "match_row m", "", "", "m.id", "", match_fields, match_figures, "Matches"},
+    {rows_of::innings, "innings", "innings_row r", "match_id, innings", "", "r.match_id, r.innings", "", innings_fields,
+     innings_figures, "Innings of teams"},
+    {rows_of::batting, "batting", "batting_row r", "match_id, innings, position", "",
+     "r.match_id, r.innings, r.position", "batting_sums s", batting_fields, batting_figures, "Innings of batsmen"},
+    {rows_of::bowling, "bowling", "bowling_row r", "match_id, innings, position", "r.came_on > 0",
+     "r.match_id, r.innings, r.position", "bowling_sums s", bowling_fields, bowling_figures, "Figures of bowlers"},
+    {rows_of::stands, "stands", "stand_row r", "match_id, innings, wicket",
+     "r.player1 <> (SELECT id FROM name WHERE text = '')", "r.match_id, r.innings, r.wicket", "", stand_fields,
+     stand_figures, "Stands"},
 }};
 
 template <class Part>

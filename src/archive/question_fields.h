@@ -40,6 +40,7 @@ struct row_source {
   rows_of from;
   std::string_view name;
   std::string_view table;
+  std::string_view key;         ///< columns that name a row
   std::string_view always;      ///< condition that every row meets; "" for none
   std::string_view order;       ///< of rows as they are
   std::string_view sums_table;  ///< by player and team; "" for none

@@ -20,6 +20,8 @@ CREATE TABLE match_row (
   human INTEGER NOT NULL, weather INTEGER NOT NULL, pitch_surface INTEGER NOT NULL, pitch_bounce INTEGER NOT NULL,
   outfield INTEGER NOT NULL);
 
+CREATE INDEX matches_of_stage ON match_row (stage);
+
 CREATE TABLE innings_row (
   match_id INTEGER NOT NULL, innings INTEGER NOT NULL, team INTEGER NOT NULL, opponent INTEGER NOT NULL,
   result INTEGER NOT NULL, runs INTEGER NOT NULL, wickets INTEGER NOT NULL, balls INTEGER NOT NULL,
@@ -37,7 +39,8 @@ CREATE TABLE batting_row (
   fours INTEGER NOT NULL, sixes INTEGER NOT NULL, fifty_balls INTEGER NOT NULL, hundred_balls INTEGER NOT NULL,
   PRIMARY KEY (match_id, innings, position)) WITHOUT ROWID;
 CREATE INDEX batting_of_player ON batting_row (player);
-CREATE INDEX high_scores ON batting_row (runs);
+CREATE INDEX high_scores ON batting_row
+  (runs, fours, sixes, balls, fifty_balls, hundred_balls, position, out, result);
 
 CREATE TABLE bowling_row (
   match_id INTEGER NOT NULL, innings INTEGER NOT NULL, position INTEGER NOT NULL, team INTEGER NOT NULL,
@@ -45,7 +48,7 @@ CREATE TABLE bowling_row (
   balls INTEGER NOT NULL, maidens INTEGER NOT NULL, runs INTEGER NOT NULL, wickets INTEGER NOT NULL,
   PRIMARY KEY (match_id, innings, position)) WITHOUT ROWID;
 CREATE INDEX bowling_of_player ON bowling_row (player);
-CREATE INDEX many_wickets ON bowling_row (wickets, runs);
+CREATE INDEX many_wickets ON bowling_row (wickets, runs, balls, came_on, result);
 
 CREATE TABLE stand_row (
   match_id INTEGER NOT NULL, innings INTEGER NOT NULL, wicket INTEGER NOT NULL, team INTEGER NOT NULL,

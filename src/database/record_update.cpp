@@ -222,8 +222,8 @@ slot_file whole_records(const open_database& data) {
 
 namespace {
 
-void add_match_to_lists(const match_state& match, const falls_of_match& falls, const std::filesystem::path& record_file,
-                        record_lists& lists) {
+/// All lists but that of the stands.
+void update_other_lists(const match_state& match, const std::filesystem::path& record_file, record_lists& lists) {
   const std::string& chasing = match.team1_name;
   const std::string& setting = match.team2_name;
   update_top_scores(match, lists.top_scores, match.batting_card, chasing, setting, dismissal::none);
@@ -232,24 +232,30 @@ void add_match_to_lists(const match_state& match, const falls_of_match& falls, c
   update_top_bowling(match, lists.top_bowling, match.first_bowling_card, chasing, setting);
   update_highest_totals(match, record_file, lists.highest_totals);
   update_lowest_totals(match, record_file, lists.lowest_totals);
-  update_partnerships(match, lists.partnerships, falls.in_play, chasing, setting);
-  update_partnerships(match, lists.partnerships, falls.before, setting, chasing);
+}
+
+void update_partnerships(const match_state& match, const falls_of_match& falls, top_partnership_list& list) {
+  update_partnerships(match, list, falls.in_play, match.team1_name, match.team2_name);
+  update_partnerships(match, list, falls.before, match.team2_name, match.team1_name);
 }
 
 }  // namespace
 
 void add_match_to_lists(const match_state& match, const std::filesystem::path& record_file, record_lists& lists) {
-  add_match_to_lists(match, {falls_in_play(match), falls_before(match)}, record_file, lists);
+  update_other_lists(match, record_file, lists);
+  update_partnerships(match, {falls_in_play(match), falls_before(match)}, lists.partnerships);
 }
 
 void add_match_to_records(const match_state& match, const falls_of_match& falls, const open_database& data,
                           record_lists& lists) {
-  add_match_to_lists(match, falls, data.files.record_file, lists);
+  update_other_lists(match, data.files.record_file, lists);
+  update_partnerships(match, falls, lists.partnerships);
   update_team_table(match, data, lists);
 }
 
 void add_match_to_records(const match_state& match, const open_database& data, slot_file& file, record_lists& lists) {
-  add_match_to_records(match, {falls_in_play(match), falls_before(match)}, data, lists);
+  add_match_to_lists(match, data.files.record_file, lists);
+  update_team_table(match, data, lists);
   put_records(file, lists);
 }
 

@@ -73,6 +73,12 @@ TEST_F(ArchiveCommands, QuerySumsSortsAndCutsOff) {
   for (const json& row : often.at("rows")) EXPECT_GE(row.at(9).get<int>(), 1);
 }
 
+TEST_F(ArchiveCommands, ACompetitionThatWasNotPlayedYetHasNoRows) {
+  play("3", 1);
+  EXPECT_EQ(lines_of(text({"query", "batting", "--where", "competition=World Cup"})).size(), 1U);
+  EXPECT_EQ(lines_of(text({"query", "matches", "--where", "stage!=Final", "--csv"})).size(), 2U);
+}
+
 TEST_F(ArchiveCommands, QueryRefusesWrongPartsWithNearNames) {
   play("3", 2);
   EXPECT_EQ(error(2, {"query", "batting", "--where", "plaer=x"}),

@@ -94,13 +94,14 @@ TEST_F(Update, WithoutItFiguresStayAsTheyAre) {
   EXPECT_EQ(contents_of(teams()), before);
 }
 
-TEST_F(Update, AMatchMakesTheTwoFiles) {
+TEST_F(Update, AMatchMakesTheThreeFiles) {
   const auto before = contents_of(teams());
   const run_result result = run({"--seed", "1", "match", "--update"});
   EXPECT_EQ(result.out, text({"--seed", "1", "match"})) << "the same match";
   auto after = contents_of(teams());
   EXPECT_EQ(after.erase("small.rec"), 1U);
   EXPECT_EQ(after.erase("small.ptr"), 1U);
+  EXPECT_EQ(after.erase("small.matches"), 1U);
   EXPECT_EQ(after, before) << "nothing else is changed or left behind";
   EXPECT_EQ(sum(&career_rec::matches), 22);
   EXPECT_EQ(run({"db", "check", "small"}).status, 0);

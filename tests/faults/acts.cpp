@@ -51,6 +51,7 @@ act first_update() {
   what.before = small_database_files();
   what.before["options.mc"] = "\r\nsmall\r\n000000\r\nFFFFFF\r\nSans\r\n";
   what.writes = {"small.ptr", "small.rec"};
+  what.archived = true;
   return what;
 }
 

@@ -15,6 +15,7 @@ struct act {
   file_map before;                  ///< the data folder ahead of it
   std::vector<std::string> writes;  ///< the files that it makes or replaces
   bool apart = false;               ///< each of them stands for itself: some may be new while others are old
+  bool archived = false;            ///< a match that goes into the archive as well
   bool exports = false;             ///< they are written through files of random names
   std::string spare = {};           ///< two files are exchanged by way of this one
 

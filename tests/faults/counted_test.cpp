@@ -114,7 +114,8 @@ class call_watch {
                                      [&](const known_call& one) { return one.number == stop.number; });
     const known_call& call = known == std::end(known_calls) ? unknown_call : *known;
     path_ = file_of(run, stop, call);
-    if (!below(path_)) return;
+    // The database of the archive writes its file in ways of its own.
+    if (!below(path_) || path_.find(".matches") != std::string::npos) return;
     // The C library looks at a folder within fdopendir(), whose failure is that of the opening.
     const bool looks_at_open_file = stop.number == SYS_newfstatat && run.text_at(stop.words[1]).empty();
     if ((looks_at_open_file || stop.number == SYS_fcntl) && fs::is_directory(path_)) return;
@@ -188,7 +189,9 @@ TEST_P(Counted, TheLibrarySeesWhatTheSystemSees) {
   if (IsSkipped() || HasFatalFailure()) return;
   std::vector<std::string> noted;
   std::istringstream lines(bytes_of_file(notes()));
-  for (std::string line; std::getline(lines, line);) noted.push_back(line);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.find(".matches") == std::string::npos) noted.push_back(line);
+  }
   EXPECT_GT(noted.size(), 8U);
   EXPECT_THAT(with_lists_told_once(noted), ::testing::ElementsAreArray(with_lists_told_once(seen_.calls)));
   std::cout << GetParam() << ": " << seen_.calls.size() << " calls\n";
@@ -215,7 +218,7 @@ TEST_P(Written, IsSynchronisedBeforeItIsRenamed) {
     ++renamed;
     last_rename = at;
   }
-  EXPECT_EQ(renamed, what_.writes.size());
+  EXPECT_EQ(renamed, what_.writes.size() + (what_.archived ? 1U : 0U)) << "the waiting match among them";
   if (what_.apart) return;
   // Of files that belong together all are safe before the first is renamed.
   const auto first = std::find_if(seen_.calls.begin(), seen_.calls.end(),

@@ -87,6 +87,12 @@ class Killed : public ::testing::TestWithParam<std::string> {
     file_map now = bench_.found();
     if (what_.exports) std::erase_if(now, [&](const auto& file) { return what_.may_leave(file.first); });
     EXPECT_TRUE(now == next_[clean_]) << "the next run does not do its work";
+    if (!what_.archived) return;
+    program check = what_.on(bench_);
+    check.line.resize(3);
+    check.line.insert(check.line.end(), {"archive", "check"});
+    const ending sound = bench_.run(check);
+    EXPECT_EQ(sound.status, 0) << sound.out << sound.err;
   }
 
   workbench bench_;

@@ -61,6 +61,10 @@ std::string bytes_of_file(const fs::path& file) {
   return bytes.str();
 }
 
+bool is_of_archive(const std::string& name) {
+  return name.find(".matches") != std::string::npos || name.find(".waiting") != std::string::npos;
+}
+
 workbench::workbench() {
   std::string pattern = (room() / "velorin-faults-XXXXXX").string();
   if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder for a test");
@@ -79,6 +83,11 @@ workbench::~workbench() {
 }
 
 void workbench::lay_out(const file_map& content) const {
+  std::vector<fs::path> of_archive;
+  for (const auto& entry : fs::recursive_directory_iterator(data_)) {
+    if (is_of_archive(entry.path().filename().string())) of_archive.push_back(entry.path());
+  }
+  for (const fs::path& file : of_archive) fs::remove(file);
   const file_map there = found();
   for (auto entry = there.rbegin(); entry != there.rend(); ++entry) {
     const auto wanted = content.find(entry->first);
@@ -100,6 +109,7 @@ file_map workbench::found() const {
   file_map content;
   for (const auto& entry : fs::recursive_directory_iterator(data_)) {
     const std::string name = fs::relative(entry.path(), data_).string();
+    if (is_of_archive(name)) continue;
     content[name] = entry.is_directory() ? a_folder : bytes_of_file(entry.path());
   }
   return content;

@@ -35,6 +35,9 @@ inline constexpr const char* a_folder = "a folder";
 
 std::string bytes_of_file(const std::filesystem::path& file);
 
+/// Files of the archive of matches, which is no file that is replaced: what they hold is asked of the archive itself.
+bool is_of_archive(const std::string& name);
+
 /// A data folder, and room beside it for what programs print. Gone with the object.
 class workbench {
  public:
@@ -49,6 +52,7 @@ class workbench {
 
   /// Makes the data folder hold these files and no others.
   void lay_out(const file_map& content) const;
+  /// The files of the archive left out.
   file_map found() const;
 
   /// Starts a program. What it prints, which must be no more than a pipe holds, is told apart by `place`.

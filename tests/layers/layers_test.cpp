@@ -171,8 +171,11 @@ TEST_F(HouseRules, TheCoreUsesTheStandardLibraryAndFmtAlone) {
   write("src/cli/match.cpp", "#include <CLI/CLI.hpp>\n#include <nlohmann/json.hpp>\n");
   EXPECT_THAT(check_libraries(root_), IsEmpty());
   write("src/engine/storage.cpp", "#include <nlohmann/json.hpp>\n#include <zlib.h>\n");
+  write("src/archive/file.cpp", "#include <SQLiteCpp/Database.h>\n#include <sqlite3.h>\n");
+  write("src/database/file.cpp", "#include <SQLiteCpp/Database.h>\n");
   EXPECT_THAT(check_libraries(root_),
-              ElementsAre("src/engine/storage.cpp:1: engine may not use this library: nlohmann/json.hpp",
+              ElementsAre("src/database/file.cpp:1: database may not use this library: SQLiteCpp/Database.h",
+                          "src/engine/storage.cpp:1: engine may not use this library: nlohmann/json.hpp",
                           "src/engine/storage.cpp:2: engine may not use this library: zlib.h"));
 }
 

@@ -36,7 +36,7 @@ class Install : public ::testing::Test {
     for (const char* name : {"velorin", "velorin-cli"}) write(built() / name, "#!/bin/sh\necho started\n");
     for (const char* name : {"world.team", "world.grd", "options.mc"}) write(built() / "teams" / name, name);
     // What somebody has played in the built game is his, and not installed.
-    for (const char* name : {"world.rec", "world.ptr"}) {
+    for (const char* name : {"world.rec", "world.ptr", "world.matches"}) {
       write(seasons() / name, std::string("seasons in ") + name);
       write(built() / "teams" / name, "played in the built game");
     }
@@ -160,19 +160,22 @@ TEST_F(Install, TheFirstTimeBringsCareersAndRecords) {
   ASSERT_EQ(install(root_ / "first"), 0);
   EXPECT_EQ(text_of(teams / "world.rec"), "seasons in world.rec");
   EXPECT_EQ(text_of(teams / "world.ptr"), "seasons in world.ptr");
+  EXPECT_EQ(text_of(teams / "world.matches"), "seasons in world.matches");
   EXPECT_FALSE(fs::exists(teams / "world.rec.made"));
   EXPECT_FALSE(fs::exists(teams / "world.ptr.made"));
 }
 
 TEST_F(Install, AnotherTimeKeepsCareersAndRecords) {
   const fs::path teams = root_ / "again" / "lib" / "velorin" / "teams";
-  for (const char* kept : {"world.rec", "world.ptr"}) {
+  for (const char* kept : {"world.rec", "world.ptr", "world.matches"}) {
     SCOPED_TRACE(kept);
     fs::remove_all(teams);
     write(teams / kept, "mine");
     ASSERT_EQ(install(root_ / "again"), 0);
     EXPECT_EQ(text_of(teams / kept), "mine");
-    EXPECT_EQ(fs::exists(teams / "world.rec") + fs::exists(teams / "world.ptr"), 1) << "nothing beside them";
+    const int there =
+        fs::exists(teams / "world.rec") + fs::exists(teams / "world.ptr") + fs::exists(teams / "world.matches");
+    EXPECT_EQ(there, 1) << "nothing beside them";
   }
   // Begun anew: there, and empty.
   for (const char* emptied : {"world.rec", "world.ptr"}) write(teams / emptied, "");

@@ -11,6 +11,7 @@
 #include <sstream>
 #include <string>
 
+#include "archive/archive_check.h"
 #include "database/agreement.h"
 #include "database/configuration.h"
 #include "database/open_database.h"
@@ -25,7 +26,7 @@ using ::testing::IsEmpty;
 const fs::path project = fs::path(VELORIN_TEST_DATA).parent_path();
 const fs::path seasons = VELORIN_SEASONS;
 const fs::path bundled_teams = VELORIN_BUNDLED_TEAMS;
-const char* const both[] = {"world.rec", "world.ptr"};
+const char* const all[] = {"world.rec", "world.ptr", "world.matches"};
 
 std::string text_of(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);
@@ -57,7 +58,7 @@ class Seasons : public ::testing::Test {
 
   open_database use_seasons() const {
     for (const char* name : {"world.team", "world.grd"}) fs::copy_file(bundled_teams / name, folder_ / name);
-    for (const char* name : both) fs::copy_file(seasons / name, folder_ / name);
+    for (const char* name : all) fs::copy_file(seasons / name, folder_ / name);
     open_database data;
     data.files = database_paths(folder_, "world");
     return data;
@@ -70,7 +71,7 @@ TEST_F(Seasons, PlayedOnceMoreAreTheSameBytes) {
   const std::string line = quoted(project / "scripts" / "make-seasons") + " " + VELORIN_CLI + " " +
                            quoted(bundled_teams) + " " + quoted(folder_ / "made") + " 2>&1";
   ASSERT_EQ(std::system(line.c_str()), 0);
-  for (const char* name : {"world.rec", "world.ptr", "seasons.md"}) {
+  for (const char* name : {"world.rec", "world.ptr", "world.matches", "seasons.md"}) {
     EXPECT_FALSE(text_of(seasons / name).empty());
     EXPECT_TRUE(text_of(folder_ / "made" / name) == text_of(seasons / name)) << name;
   }
@@ -84,6 +85,10 @@ TEST_F(Seasons, StandInTheDocumentsAsPlayed) {
 TEST_F(Seasons, AreFoundInOrder) {
   const open_database data = use_seasons();
   EXPECT_THAT(check_database(data.files), IsEmpty());
+  const archive_findings found = check_archive(data.files);
+  EXPECT_EQ(found.matches, 316);
+  EXPECT_EQ(found.matches_before, 0);
+  EXPECT_THAT(found.differences, IsEmpty());
 }
 
 TEST_F(Seasons, GiveEveryNationItsMatchesAndEveryListItsLines) {
@@ -109,7 +114,7 @@ TEST_F(Seasons, GiveEveryNationItsMatchesAndEveryListItsLines) {
 
 TEST_F(Seasons, ArePutInPlaceWhereThereIsNothing) {
   ASSERT_EQ(lay_out(), 0);
-  for (const char* name : both) EXPECT_TRUE(text_of(folder_ / name) == text_of(seasons / name)) << name;
+  for (const char* name : all) EXPECT_TRUE(text_of(folder_ / name) == text_of(seasons / name)) << name;
   // Played on.
   write(folder_ / "world.rec", "mine");
   ASSERT_EQ(lay_out(), 0);
@@ -117,14 +122,16 @@ TEST_F(Seasons, ArePutInPlaceWhereThereIsNothing) {
 }
 
 TEST_F(Seasons, NeverTakeThePlaceOfCareersOrRecords) {
-  for (const char* kept : both) {
+  for (const char* kept : all) {
     for (const char* text : {"mine", ""}) {
       SCOPED_TRACE(kept);
-      for (const char* name : both) fs::remove(folder_ / name);
+      for (const char* name : all) fs::remove(folder_ / name);
       write(folder_ / kept, text);
       ASSERT_EQ(lay_out(), 0);
       EXPECT_EQ(text_of(folder_ / kept), text);
-      EXPECT_EQ(fs::exists(folder_ / "world.rec") + fs::exists(folder_ / "world.ptr"), 1);
+      int there = 0;
+      for (const char* name : all) there += fs::exists(folder_ / name) ? 1 : 0;
+      EXPECT_EQ(there, 1);
     }
   }
 }
