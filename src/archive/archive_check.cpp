@@ -166,8 +166,8 @@ void check_sums(const archive_file& archive, std::vector<std::string>& differenc
 }  // namespace
 
 archive_findings check_archive(const database_files& files) {
-  settle_archive(files);
   const folder_lock turn(files.career_file, files.watcher);
+  settle_archive_in_turn(files);
   const archive_file archive(archive_path(files), archive_file::use::read);
   open_database data;
   data.files = files;

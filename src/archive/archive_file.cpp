@@ -189,11 +189,10 @@ void archive_file::each(const std::function<void(const archived_match&)>& take) 
 
 std::optional<std::string> archive_file::recording(std::int64_t id) const {
   return with_archive(reading, path_, [&]() -> std::optional<std::string> {
-    SQLite::Statement asked(
-        *database_, "SELECT r.bytes FROM match_row m LEFT JOIN recording r ON r.match_id = m.id WHERE m.id = ?");
+    SQLite::Statement asked(*database_, "SELECT 1 FROM match_row WHERE id = ?");
     asked.bind(1, id);
     if (!asked.executeStep()) return std::nullopt;
-    return asked.getColumn(0).getString();
+    return recording_of(*database_, id);
   });
 }
 

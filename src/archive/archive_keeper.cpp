@@ -31,6 +31,17 @@ std::int64_t last_of(const waiting_matches& waiting) {
   return waiting.matches.empty() ? waiting.empty_until : waiting.matches.back().id;
 }
 
+/// An update that was begun, or matches that wait.
+bool is_anything_left(const database_files& files) {
+  const std::vector<std::filesystem::path> all = update_files(files);
+  const bool begun = std::any_of(all.begin() + 1, all.end(), [](const std::filesystem::path& file) {
+    std::filesystem::path next = real_file(file);
+    next += ".next";
+    return occupant_of(next) != occupant::none;
+  });
+  return begun || occupant_of(waiting_file(files)) != occupant::none;
+}
+
 }  // namespace
 
 std::int64_t seconds_now() { return static_cast<std::int64_t>(std::time(nullptr)); }
@@ -57,7 +68,7 @@ archive_file* archive_keeper::open_archive(const database_files& files) {
 std::string archive_keeper::waiting_with(const database_files& files, std::string_view bytes,
                                          const counted_match& added) {
   const std::lock_guard hold(guard_);
-  waiting_matches waiting = waiting_in(bytes, file_name_text(waiting_file(files)));
+  waiting_matches waiting = known_waiting(bytes, files);
   archive_file* archive = open_archive(files);
   if (waiting.matches.size() >= most_waiting) {
     take_all(opened(files), waiting, files);
@@ -74,7 +85,17 @@ std::string archive_keeper::waiting_with(const database_files& files, std::strin
   match.played_at = clock_();
   match.recording = added.recording;
   waiting.matches.push_back(std::move(match));
-  return bytes_of(waiting);
+  last_bytes_ = bytes_of(waiting);
+  last_ = std::move(waiting);
+  return last_bytes_;
+}
+
+waiting_matches archive_keeper::known_waiting(std::string_view bytes, const database_files& files) {
+  if (!bytes.empty() && bytes == last_bytes_) {
+    last_bytes_.clear();
+    return std::exchange(last_, {});
+  }
+  return waiting_in(bytes, file_name_text(waiting_file(files)));
 }
 
 std::string archive_keeper::waiting_anew(const database_files& files, std::string_view bytes) {
@@ -89,8 +110,13 @@ std::string archive_keeper::waiting_anew(const database_files& files, std::strin
 void archive_keeper::take_in(const database_files& files) {
   const std::lock_guard hold(guard_);
   try {
-    const waiting_matches waiting = waiting_of(files);
-    if (waiting.empty_until == 0 && !waiting.before && waiting.matches.size() < together_) return;
+    std::string bytes = read_file(waiting_file(files)).value_or("");
+    waiting_matches waiting = known_waiting(bytes, files);
+    if (waiting.empty_until == 0 && !waiting.before && waiting.matches.size() < together_) {
+      last_bytes_ = std::move(bytes);
+      last_ = std::move(waiting);
+      return;
+    }
     take_all(opened(files), waiting, files);
   } catch (const run_time_error&) {
     // They wait: the update itself is done, and whoever comes next takes them in.
@@ -99,15 +125,14 @@ void archive_keeper::take_in(const database_files& files) {
 }
 
 void settle_archive(const database_files& files) {
-  const std::vector<std::filesystem::path> all = update_files(files);
-  const bool nothing = std::all_of(all.begin() + 1, all.end(), [&](const std::filesystem::path& file) {
-    std::filesystem::path next = real_file(file);
-    next += ".next";
-    return occupant_of(next) == occupant::none;
-  });
-  if (nothing && occupant_of(waiting_file(files)) == occupant::none) return;
+  if (!is_anything_left(files)) return;
   const folder_lock turn(files.career_file, files.watcher);
-  { const staged_files staged(all); }
+  settle_archive_in_turn(files);
+}
+
+void settle_archive_in_turn(const database_files& files) {
+  if (!is_anything_left(files)) return;
+  { const staged_files staged(update_files(files)); }
   const waiting_matches waiting = waiting_of(files);
   if (waiting.empty()) return;
   archive_file archive(archive_path(files), archive_file::use::write);

@@ -7,6 +7,8 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <string>
+#include <string_view>
 
 #include "archive/archive_file.h"
 #include "database/match_keeper.h"
@@ -34,17 +36,23 @@ class archive_keeper : public match_keeper {
   /// The archive where there is one, as it stands on the disk now.
   archive_file* open_archive(const database_files& files);
   archive_file& opened(const database_files& files);
+  /// What these bytes of the waiting file hold. Those that were made last are known without being read again, once.
+  waiting_matches known_waiting(std::string_view bytes, const database_files& files);
 
   std::size_t together_;
   std::function<std::int64_t()> clock_;
   std::mutex guard_;  ///< threads take turns by the folder's lock as well
   std::unique_ptr<archive_file> archive_;
-  struct stat facts_ {};  ///< of the file that is open
+  std::string last_bytes_;  ///< of the waiting file as it was made last; "" if nothing is known
+  waiting_matches last_;    ///< what they hold
+  struct stat facts_ {};    ///< of the file that is open
 };
 
 /// Finishes what an update has begun, and takes in all that waits. Takes the lock of the folder where there is anything
 /// to do. Raises run_time_error (file).
 void settle_archive(const database_files& files);
+/// The same by whoever has the lock, and wants nothing to wait while he has it.
+void settle_archive_in_turn(const database_files& files);
 
 /// The archive for reading, after settling it as far as that can be done. Raises run_time_error (file).
 archive_file settled_archive(const database_files& files);

@@ -42,8 +42,8 @@ class file_beside {
 }  // namespace
 
 void rebuild_archive(const database_files& files, const match_replayer& played) {
-  settle_archive(files);
   const folder_lock turn(files.career_file, files.watcher);
+  settle_archive_in_turn(files);
   const std::filesystem::path target = real_file(archive_path(files));
   std::filesystem::path name = target;
   name += ".new";

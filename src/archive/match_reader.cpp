@@ -42,6 +42,25 @@ const std::string& archived_names::at(std::int64_t id) {
   return place->second;
 }
 
+std::string recording_of(const SQLite::Database& database, std::int64_t match) {
+  SQLite::Statement asked(database, "SELECT begins_as, shared, bytes FROM recording WHERE match_id = ?");
+  std::string whole;
+  std::size_t room = std::string::npos;  // what is behind it belongs to a match before alone
+  for (std::int64_t next = match; next != 0;) {
+    asked.bind(1, next);
+    if (!asked.executeStep()) break;
+    const std::int64_t before = asked.getColumn(0).getInt64();
+    const auto shared = static_cast<std::size_t>(asked.getColumn(1).getInt64());
+    if (shared < room) {
+      whole.insert(0, asked.getColumn(2).getString().substr(0, room == std::string::npos ? room : room - shared));
+      room = shared;
+    }
+    asked.reset();
+    next = before < next && room > 0 ? before : 0;
+  }
+  return whole;
+}
+
 match_reader::match_reader(const SQLite::Database& database)
     : names_(database),
       match_(database,

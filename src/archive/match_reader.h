@@ -25,6 +25,9 @@ class archived_names {
   std::unordered_map<std::int64_t, std::string> known_;
 };
 
+/// The bytes of a match's recording; "" for none. Raises SQLite::Exception.
+std::string recording_of(const SQLite::Database& database, std::int64_t match);
+
 /// Reads matches out of the tables of an archive. Raises SQLite::Exception.
 class match_reader {
  public:

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "archive/figures.h"
+#include "archive/match_reader.h"
 #include "model/code_page.h"
 #include "model/rules.h"
 
@@ -61,7 +62,10 @@ match_writer::match_writer(SQLite::Database& database)
       add_bowling_(database, insertion("bowling_row", 12)),
       add_stand_(database, insertion("stand_row", 14)),
       add_over_(database, insertion("over_row", 6)),
-      add_recording_(database, insertion("recording", 2)),
+      find_recording_(database,
+                      "SELECT r.match_id FROM match_row m JOIN recording r ON r.match_id = m.id"
+                      " WHERE m.key >= ? AND m.key < ? ORDER BY m.id DESC LIMIT 1"),
+      add_recording_(database, insertion("recording", 4)),
       sum_batting_(database, insertion("batting_sums", 12) +
                                  " ON CONFLICT DO UPDATE SET matches = matches + excluded.matches,"
                                  " not_outs = not_outs + excluded.not_outs, runs = runs + excluded.runs,"
@@ -108,11 +112,28 @@ void match_writer::write(const archived_match& match) {
   row.run();
   write_innings(match, 1);
   write_innings(match, 2);
-  if (match.recording.empty()) return;
-  bound recording(add_recording_);
-  recording << match.id;
-  recording.bytes(match.recording);
-  recording.run();
+  if (!match.recording.empty()) write_recording(match);
+}
+
+/// The keys of a competition's matches have the game before a hyphen, and the number of the match behind it.
+void match_writer::write_recording(const archived_match& match) {
+  std::int64_t begins_as = 0;
+  std::size_t shared = 0;
+  if (const std::size_t hyphen = match.key.rfind('-'); hyphen != std::string::npos) {
+    const std::string game = to_utf8(match.key.substr(0, hyphen));
+    bound(find_recording_) << game + "-" << game + ".";
+    if (find_recording_.executeStep()) begins_as = find_recording_.getColumn(0).getInt64();
+    find_recording_.reset();
+  }
+  if (begins_as != 0) {
+    const std::string before = recording_of(database_, begins_as);
+    const auto parted = std::mismatch(before.begin(), before.end(), match.recording.begin(), match.recording.end());
+    shared = static_cast<std::size_t>(parted.first - before.begin());
+  }
+  bound row(add_recording_);
+  row << match.id << begins_as << static_cast<std::int64_t>(shared);
+  row.bytes(match.recording.substr(shared));
+  row.run();
 }
 
 void match_writer::write_innings(const archived_match& match, int number) {

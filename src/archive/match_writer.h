@@ -28,6 +28,7 @@ class match_writer {
   void write_bowling(const archived_match& match, int number, std::int64_t team, std::int64_t opponent, int result);
   void write_stands(const archived_match& match, int number, std::int64_t team, std::int64_t opponent, int result);
   void write_overs(const archived_match& match, int number);
+  void write_recording(const archived_match& match);
 
   SQLite::Database& database_;
   SQLite::Statement find_name_;
@@ -38,6 +39,7 @@ class match_writer {
   SQLite::Statement add_bowling_;
   SQLite::Statement add_stand_;
   SQLite::Statement add_over_;
+  SQLite::Statement find_recording_;
   SQLite::Statement add_recording_;
   SQLite::Statement sum_batting_;
   SQLite::Statement sum_bowling_;

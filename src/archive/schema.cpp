@@ -62,7 +62,9 @@ CREATE TABLE over_row (
   match_id INTEGER NOT NULL, innings INTEGER NOT NULL, over INTEGER NOT NULL, bowler INTEGER NOT NULL,
   runs INTEGER NOT NULL, wickets INTEGER NOT NULL, PRIMARY KEY (match_id, innings, over)) WITHOUT ROWID;
 
-CREATE TABLE recording (match_id INTEGER PRIMARY KEY, bytes BLOB NOT NULL);
+-- Of a competition the recording of each match begins as that of the match before: these bytes stand once.
+CREATE TABLE recording (
+  match_id INTEGER PRIMARY KEY, begins_as INTEGER NOT NULL, shared INTEGER NOT NULL, bytes BLOB NOT NULL);
 
 CREATE TABLE batting_sums (
   player INTEGER NOT NULL, team INTEGER NOT NULL, matches INTEGER NOT NULL, not_outs INTEGER NOT NULL,

@@ -4,7 +4,9 @@
 #include <charconv>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <ostream>
+#include <utility>
 
 #include "archive/archive_check.h"
 #include "archive/archive_file.h"
@@ -18,6 +20,7 @@
 #include "model/code_page.h"
 #include "model/run_time_error.h"
 #include "model/texts.h"
+#include "recording/replay.h"
 
 namespace velorin::cli {
 
@@ -106,8 +109,38 @@ int check(const database_files& files, const archive_options&, streams io) {
   return failed;
 }
 
-int rebuild(const database_files& files, const archive_options&, streams) {
-  rebuild_archive(files);
+/// The match at the end of its recording. Raises what replay() raises, and run_time_error (file) where it has no match
+/// that came to its end.
+archived_match played_again(const archived_match& kept) {
+  const std::string name = fmt::format("the recording of match {}", kept.id);
+  const recording recorded = read_recording(kept.recording, name);
+  const auto game = std::make_unique<game_state>(game_at_beginning(recorded));
+  std::optional<archived_match> last;
+  replay_options options;
+  options.match_ends = [&](const game_state& now) { last = archived(now.match); };
+  replay(recorded, name, *game, options);
+  if (!last) throw run_time_error(failure::file, "No match came to its end", {name, 0, {}, {}});
+  last->id = kept.id;
+  last->key = kept.key;
+  last->played_at = kept.played_at;
+  last->recording = kept.recording;
+  return *std::move(last);
+}
+
+int rebuild(const database_files& files, const archive_options&, streams io) {
+  long matches = 0;
+  rebuild_archive(files, [&](const archived_match& kept) {
+    try {
+      archived_match match = played_again(kept);
+      ++matches;
+      return match;
+    } catch (const run_time_error& error) {
+      io.err << fmt::format("Match {} keeps its figures: {}\n", kept.id, shown_line(error.what()));
+      return kept;
+    }
+  });
+  io.err << fmt::format("{} match{} played again from {}\n", matches, matches == 1 ? "" : "es",
+                        matches == 1 ? "its recording" : "their recordings");
   return done;
 }
 
@@ -140,7 +173,7 @@ void add_archive(CLI::App& app, const program_options& program, streams io, comm
   add_id(recorded);
   recorded->add_option("FILE", options->file, "The file")->required()->check(not_empty);
   add("check", "Holds the archive against the careers and records", check);
-  add("rebuild", "Writes the archive anew from its matches", rebuild);
+  add("rebuild", "Writes the archive anew: from the recordings of its matches, else from their figures", rebuild);
 }
 
 }  // namespace velorin::cli

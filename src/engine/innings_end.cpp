@@ -4,6 +4,7 @@
 
 #include "console/console_figures.h"
 #include "database/career_update.h"
+#include "database/open_database.h"
 #include "engine/match_reset.h"
 #include "engine/over_play.h"
 #include "engine/play_steps.h"
@@ -179,7 +180,10 @@ void close_books(match_state& match) {
 
 void save_match(const match_play& play) {
   if (play.match.practice) return;
-  match_update update(play.match, play.data, play.match.update_added, play.user.saves_match());
+  const std::string name = play.user.saves_match();
+  const bool kept = play.data.files.updates && play.data.files.keeper != nullptr;
+  match_update update(play.match, play.data, play.match.update_added, name,
+                      kept ? play.user.match_recording() : std::string());
   saved(play.user, "If you go on without saving, this match is missing from the careers and records.",
         [&] { update.run(); });
   play.user.match_saved();

@@ -178,6 +178,18 @@ std::string recorder::saves_match() {
   return on_ ? fmt::format("{}-{}", id_, matches_saved_ + 1) : std::string();
 }
 
+std::string recorder::match_recording() {
+  if (!on_) return {};
+  entry_writer ending = entries_;
+  ending.event(recorded_saving{});
+  ending.event(recorded_end{});
+  try {
+    return sink_.written() + ending.take();
+  } catch (const run_time_error&) {
+    return {};  // the match counts without it
+  }
+}
+
 void recorder::match_saved() {
   ++matches_saved_;
   write(recorded_saving{});

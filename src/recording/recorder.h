@@ -24,6 +24,8 @@ class recording_sink {
   virtual void settle() = 0;
   /// Nothing follows.
   virtual void end() = 0;
+  /// All that has been appended since the game began. Raises run_time_error (file).
+  virtual std::string written() const = 0;
 };
 
 /// Keeps a recording in memory.
@@ -33,6 +35,7 @@ class recording_in_memory : public recording_sink {
   void append(std::string_view bytes) override { bytes_ += bytes; }
   void settle() override {}
   void end() override {}
+  std::string written() const override { return bytes_; }
 
   const std::string& bytes() const { return bytes_; }
 
@@ -65,6 +68,8 @@ class recorder : public front_end {
   void answered(const captain_answer& answer) override;
   void over_bowled() override;
   std::string saves_match() override;
+  /// Of a competition all that was played before it stands in it as well.
+  std::string match_recording() override;
   void match_saved() override;
 
   void show(const message_box& message) override;

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <string>
 
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
@@ -105,6 +106,13 @@ void recording_file::end() {
   // A file that had no room for a beginning is none.
   if (file_.open() && length_ == 0) ::unlink(path_.c_str());
   file_.close();
+}
+
+std::string recording_file::written() const {
+  std::string bytes = read_file(path_).value_or("");
+  if (bytes.size() < length_) raise_file_error("The recording cannot be read", EIO, path_);
+  bytes.resize(length_);
+  return bytes;
 }
 
 void recording_file::write_back() {

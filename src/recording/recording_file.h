@@ -31,6 +31,7 @@ class recording_file : public recording_sink {
   void append(std::string_view bytes) override;
   void settle() override;
   void end() override;
+  std::string written() const override;
 
  private:
   void take(int number);

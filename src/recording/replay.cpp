@@ -233,6 +233,11 @@ class recorded_user : public front_end {
       if (game_.chance.left() != 0) raise_unfit();
       throw play_left{replay_end::open};
     }
+    // What is kept of a competition up to one of its matches ends before the next question.
+    if (std::holds_alternative<recorded_end>(recorded_.events[next_]) && next_ > 0 &&
+        recorded_.events[next_ - 1] == recorded_event(recorded_saving{})) {
+      throw play_left{replay_end::over};
+    }
     const auto* answer = std::get_if<captain_answer>(&recorded_.events[next_]);
     if (answer == nullptr) raise_unfit();
     return *answer;

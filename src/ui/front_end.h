@@ -94,6 +94,8 @@ class front_end {
   /// The match in play is about to be added to the careers and records. Returns the name under which it is added, so
   /// that it is added once; "" for none.
   virtual std::string saves_match() { return {}; }
+  /// Asked behind saves_match() where the match is kept: the bytes of a recording of it up to its end; "" for none.
+  virtual std::string match_recording() { return {}; }
   /// It has been added, or is to be missing from them.
   virtual void match_saved() {}
 

@@ -2,6 +2,7 @@
 // The archive and the careers and records tell the same.
 #include "archive/archive_fixture.h"
 #include "archive/question.h"
+#include "database/open_database.h"
 #include "model/code_page.h"
 
 namespace velorin::testing {
@@ -81,6 +82,7 @@ TEST_F(ArchiveBooks, AChangedCareerIsNamed) {
   play("1", 3);
   career_table table = careers();
   table.teams[1].players[4].runs += 7;
+  open_database data;
   data.files = files();
   write_career_table(data, table);
   const std::string who = table.teams[1].players[4].name;
@@ -92,6 +94,7 @@ TEST_F(ArchiveBooks, AChangedRecordIsNamed) {
   record_lists lists = read_record_lists(files().record_file);
   lists.top_scores[2].venue = "Elsewhere";
   lists.teams[1].home_won = {7.0};
+  open_database data;
   data.files = files();
   write_record_lists(data, lists);
   EXPECT_THAT(differences(), ElementsAre(HasSubstr("highest scores: line 2: venue"), HasSubstr("home_won")));

@@ -17,6 +17,27 @@ using ::testing::IsEmpty;
 
 class ArchiveKill : public ArchiveTest {};
 
+TEST_F(ArchiveKill, ACheckWhileMatchesAreAddedFindsNoDifference) {
+  play("1", 1);
+  const pid_t child = ::fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    run({"match", "--update", "--matches", "1000000", "--quiet"});
+    ::_exit(1);
+  }
+  long first = 0;
+  long last = 0;
+  for (int i = 0; i < 20 && !HasFailure(); ++i) {
+    const archive_findings found = check_archive(files());
+    EXPECT_THAT(found.differences, IsEmpty()) << "at check " << i;
+    if (i == 0) first = found.matches;
+    last = found.matches;
+  }
+  ::kill(child, SIGKILL);
+  ::waitpid(child, nullptr, 0);
+  EXPECT_GT(last, first) << "nothing was added meanwhile";
+}
+
 TEST_F(ArchiveKill, ArchiveCareersAndRecordsAgreeBehindAKill) {
   constexpr int kills = 60;
   std::mt19937 spread(1);

@@ -17,6 +17,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "archive/archive_keeper.h"
 #include "database/file_calls.h"
 #include "desktop/frame.h"
 #include "desktop/preferences.h"
@@ -124,7 +125,9 @@ class Player {
 int play(const std::filesystem::path& home, const std::string& kind, std::uint64_t seed) {
   preferences::set_pace(Pace::instant);
   for (const char* form : {"series1", "series2", "wctable"}) preferences::set_plays_without_stopping(form, false);
+  archive_keeper keeper;
   data.files = database_paths(home / "teams", "world");
+  data.files.keeper = &keeper;
   use_database(data, "world");
   data.files.updates = true;
   seed == 0 ? chance.use_clock() : chance.use_seed(seed);

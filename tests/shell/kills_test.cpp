@@ -20,6 +20,8 @@
 #include <utility>
 #include <vector>
 
+#include "archive/archive_check.h"
+#include "archive/archive_keeper.h"
 #include "competitions/game_state.h"
 #include "competitions/resume_game.h"
 #include "console/captain_forms.h"
@@ -152,6 +154,21 @@ class Home {
   }
   std::array<std::string, 2> files() const {
     return {file_bytes(teams_ / "world.rec"), file_bytes(teams_ / "world.ptr")};
+  }
+
+  /// The archive has the matches of this recording, each once and with its recording, and agrees with both files.
+  void expect_archive_of(const recording& recorded) const {
+    const database_files files = database_paths(teams_, "world");
+    const archive_findings found = check_archive(files);
+    EXPECT_EQ(found.matches,
+              std::count(recorded.events.begin(), recorded.events.end(), recorded_event(recorded_saving{})));
+    EXPECT_TRUE(found.differences.empty()) << found.differences.front();
+    const archive_file archive = settled_archive(files);
+    for (const listed_match& listed : archive.list()) {
+      const std::optional<archived_match> match = archive.match(listed.id);
+      EXPECT_EQ(match->key, text_of(recorded.beginning.id) + "-" + std::to_string(listed.id));
+      EXPECT_TRUE(read_recording(match->recording, match->key).ended());
+    }
   }
 
   std::string last_seen() const { return last_line("seen"); }
@@ -297,6 +314,7 @@ int Kills::play(const std::string& kind, std::uint64_t seed, int most_kills) {
   EXPECT_TRUE(recorded.ended());
   EXPECT_TRUE(file_bytes(*file).starts_with(before_)) << "something of the recording was lost";
   EXPECT_TRUE(home.files() == home.files_of(recorded)) << "careers and records are not those of its matches";
+  home.expect_archive_of(recorded);
   if (seed != 0) {
     // The same game, undisturbed.
     const Home other(root_ / (std::to_string(games_) + "u"));
