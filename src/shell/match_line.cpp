@@ -27,8 +27,6 @@ void open_match_line(recording recorded, std::string name) {
   run_modal(window);
 }
 
-void open_match_line(const std::filesystem::path& file) {
-  open_match_line(read_recording(file), file_name_text(file));
-}
+void open_match_line(const std::filesystem::path& file) { open_match_line(read_recording(file), file_name_text(file)); }
 
 }  // namespace velorin

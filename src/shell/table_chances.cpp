@@ -62,31 +62,33 @@ void work_behind(Form& window, BackWork::Work work) {
 }  // namespace
 
 void add_tri_chances(Form& window, const game_state& game) {
-  work_behind(window, [&window, copy = std::make_shared<game_state>(own_copy(game))](
-                          const std::stop_token& stop, const auto&) -> BackWork::Show {
-    Chances table{.headings = {QStringLiteral("Final"), QStringLiteral("Title")}, .of_team = {}};
-    for (const tri_chances& team : forecast_tri(*copy, options_behind(stop)).teams) {
-      table.of_team[shown(team.team)] = {team.final, team.title};
-    }
-    return [&window, table] { add_columns(window, QStringLiteral("table"), table); };
-  });
+  work_behind(window,
+              [&window, copy = std::make_shared<game_state>(own_copy(game))](const std::stop_token& stop,
+                                                                             const auto&) -> BackWork::Show {
+                Chances table{.headings = {QStringLiteral("Final"), QStringLiteral("Title")}, .of_team = {}};
+                for (const tri_chances& team : forecast_tri(*copy, options_behind(stop)).teams) {
+                  table.of_team[shown(team.team)] = {team.final, team.title};
+                }
+                return [&window, table] { add_columns(window, QStringLiteral("table"), table); };
+              });
 }
 
 void add_cup_chances(Form& window, const game_state& game) {
-  work_behind(window, [&window, copy = std::make_shared<game_state>(own_copy(game))](
-                          const std::stop_token& stop, const auto&) -> BackWork::Show {
-    Chances group{.headings = {QStringLiteral("Super Six"), QStringLiteral("Title")}, .of_team = {}};
-    Chances super_six{.headings = {QStringLiteral("Semi"), QStringLiteral("Title")}, .of_team = {}};
-    for (const cup_chances& team : forecast_cup(*copy, options_behind(stop)).teams) {
-      group.of_team[shown(team.team)] = {team.super_six, team.title};
-      super_six.of_team[shown(team.team)] = {team.semi_finals, team.title};
-    }
-    return [&window, group, super_six] {
-      add_columns(window, QStringLiteral("group_a"), group);
-      add_columns(window, QStringLiteral("group_b"), group);
-      add_columns(window, QStringLiteral("super_six"), super_six);
-    };
-  });
+  work_behind(window,
+              [&window, copy = std::make_shared<game_state>(own_copy(game))](const std::stop_token& stop,
+                                                                             const auto&) -> BackWork::Show {
+                Chances group{.headings = {QStringLiteral("Super Six"), QStringLiteral("Title")}, .of_team = {}};
+                Chances super_six{.headings = {QStringLiteral("Semi"), QStringLiteral("Title")}, .of_team = {}};
+                for (const cup_chances& team : forecast_cup(*copy, options_behind(stop)).teams) {
+                  group.of_team[shown(team.team)] = {team.super_six, team.title};
+                  super_six.of_team[shown(team.team)] = {team.semi_finals, team.title};
+                }
+                return [&window, group, super_six] {
+                  add_columns(window, QStringLiteral("group_a"), group);
+                  add_columns(window, QStringLiteral("group_b"), group);
+                  add_columns(window, QStringLiteral("super_six"), super_six);
+                };
+              });
 }
 
 }  // namespace velorin

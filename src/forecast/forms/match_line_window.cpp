@@ -49,8 +49,9 @@ QString what_it_brought(const delivery& ball) {
     case byes:
       return QStringLiteral("Byes, %1").arg(ball.extras);
     default:
-      return ball.runs == 0 ? QStringLiteral("No run") : ball.runs == 1 ? QStringLiteral("One run")
-                                                                        : QStringLiteral("%1 runs").arg(ball.runs);
+      return ball.runs == 0   ? QStringLiteral("No run")
+             : ball.runs == 1 ? QStringLiteral("One run")
+                              : QStringLiteral("%1 runs").arg(ball.runs);
   }
 }
 
@@ -66,12 +67,9 @@ Table turns_table(const std::vector<line_point>& turns, const ChartSides& sides)
   Table table;
   table.name = QStringLiteral("Turning points");
   table.order = RowOrder::fixed;
-  table.columns = {{.heading = QStringLiteral("No."), .numbers = true},
-                   {.heading = QStringLiteral("Batting")},
-                   {.heading = QStringLiteral("Over"), .numbers = true},
-                   {.heading = QStringLiteral("Bowler")},
-                   {.heading = QStringLiteral("Batsman"), .stretches = true},
-                   {.heading = QStringLiteral("Result")},
+  table.columns = {{.heading = QStringLiteral("No."), .numbers = true},       {.heading = QStringLiteral("Batting")},
+                   {.heading = QStringLiteral("Over"), .numbers = true},      {.heading = QStringLiteral("Bowler")},
+                   {.heading = QStringLiteral("Batsman"), .stretches = true}, {.heading = QStringLiteral("Result")},
                    {.heading = QStringLiteral("Swing"), .numbers = true}};
   int number = 0;
   for (const line_point& turn : turns) {
@@ -140,10 +138,10 @@ MatchLineWindow::MatchLineWindow(MatchStates states, long runs, QWidget* parent)
   prefer_size(QSize(960, 760));
   body()->addWidget(chart_, 3);
   auto* row = new QHBoxLayout;
-  row->addWidget(
-      new_named_label(QStringLiteral("chart_key"),
-                      QStringLiteral("\u00D7 wicket   \u25CF four   \u25A0 six   \u2460 turning point"), TextRole::muted),
-      1);
+  row->addWidget(new_named_label(QStringLiteral("chart_key"),
+                                 QStringLiteral("\u00D7 wicket   \u25CF four   \u25A0 six   \u2460 turning point"),
+                                 TextRole::muted),
+                 1);
   row->addWidget(progress_);
   body()->addLayout(row);
   turns_->show_all_rows();
