@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/forms/next_ball_window.h"
 
+#include <QLabel>
 #include <QVBoxLayout>
 #include <optional>
 #include <utility>
