@@ -47,10 +47,10 @@ void add(kinds_of_runs& to, const delivery& ball) {
       ++to.wickets;
       break;
     case no_ball:
-      ++to.no_balls;
+      to.no_balls += ball.extras;
       break;
     case wide_ball:
-      ++to.wides;
+      to.wides += ball.extras;
       break;
     case leg_byes:
       to.leg_byes += ball.extras;

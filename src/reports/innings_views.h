@@ -96,7 +96,7 @@ struct kinds_of_runs {
   int sixes = 0;
   int byes = 0;      ///< runs
   int leg_byes = 0;  ///< likewise
-  int wides = 0;     ///< deliveries, that bring nothing
+  int wides = 0;     ///< as the totals have them: one that counts as a ball of the over is left out
   int no_balls = 0;  ///< likewise
   int wickets = 0;
 

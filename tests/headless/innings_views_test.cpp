@@ -51,7 +51,11 @@ class InningsViews : public ::testing::Test {
   template <class Visit>
   void each_innings(Visit visit) {
     testing::small_database from;
-    for (const char* name : {"Aden", "Bali"}) from.add_team(name), from.add_ground(name, std::string(name) + " Oval");
+    for (const std::string name : {"Aden", "Bali", "Cork"}) {
+      from.add_team(name);
+      from.add_ground(name, name + " Oval");
+      from.add_ground(name, name + " Park", 2, 4);
+    }
     from.write();
     for (int seed = 1; seed <= seeds; ++seed) {
       SCOPED_TRACE(seed);
