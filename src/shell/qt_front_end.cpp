@@ -255,6 +255,8 @@ void QtFrontEnd::console_opens(console_form& form) {
   console_ = std::make_unique<ConsoleWindow>(game_.match, game_.data, form);
   frame_ = console_->main_window();
   console_->show_score_itself();
+  // What opens over the console, by whoever, leaves the score in the bar.
+  if (frame_) QObject::connect(frame_, &Frame::top_changed, console_.get(), [this] { show_score(); });
   if (keeper_) console_->let_keep([this] { keeper_->discard(); });
   if (keeper_) {
     console_->on_match_line([this] {

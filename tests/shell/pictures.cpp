@@ -4,6 +4,7 @@
 // Without a group it takes them all.
 #include <QApplication>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMenu>
 #include <QRadioButton>
@@ -15,6 +16,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <initializer_list>
 #include <set>
 #include <string>
 #include <utility>
@@ -63,7 +65,8 @@ void open(MenuWindow& menu, const char* panel, const char* entry) {
 
 namespace {
 
-/// Bowls an over at a pace that can be followed, and keeps a small picture of each moment.
+/// Bowls an over at a pace that can be followed. Keeps a small picture before it, one of each ball once all is in its
+/// place, and one of the end.
 void film_over(QWidget& console) {
   const std::filesystem::path frames = folder.toStdString() + "/film";
   std::filesystem::create_directories(frames);
@@ -75,14 +78,28 @@ void film_over(QWidget& console) {
         .convertToFormat(QImage::Format_RGB888)
         .save(QString::fromStdString(frames.string()) + u'/' + name);
   };
+  constexpr int settled = 300;  // milliseconds after a ball was shown
+  QTest::qWait(2000);           // for the first forecast; later ones replace it
   keep();
+  const auto* chips = control<QWidget>(console, "over_symbols");
+  QString shown = chips->accessibleName();
+  QElapsedTimer since;
   QTimer clock;
-  QObject::connect(&clock, &QTimer::timeout, &console, keep);
-  clock.start(260);
-  preferences::set_pace(Pace::quick);
+  QObject::connect(&clock, &QTimer::timeout, &console, [&] {
+    if (chips->accessibleName() != shown) {
+      shown = chips->accessibleName();
+      since.start();
+    } else if (since.isValid() && since.elapsed() >= settled) {
+      since.invalidate();
+      keep();
+    }
+  });
+  clock.start(10);
+  preferences::set_pace(Pace::ball_by_ball);
   press(console, "next_over");
   preferences::set_pace(Pace::instant);
   clock.stop();
+  QTest::qWait(settled);
   keep();
 }
 
@@ -131,10 +148,12 @@ void picture_match(MenuWindow& menu) {
   });
   user.robot.next("matchrep", [](QWidget& window) {
     take(window, "match-report");
-    window.resize(1000, 700);
+    QWidget& frame = *window.window();
+    frame.resize(1024, 768);
     take(window, "match-report-narrow");
-    window.resize(window.width(), 2200);
+    frame.resize(size.width(), 1330);
     take(window, "match-report-whole");
+    frame.resize(size);
     press(window, "accept");
   });
   open(menu, "start_game", "new_match");
@@ -324,8 +343,14 @@ void picture_settings(MenuWindow& menu) {
   press(menu, "configurations");
 }
 
-void take_all() {
-  QtFrontEnd shown_by(tested_game);
+struct Group {
+  const char* name;
+  void (*picture)(MenuWindow&);
+};
+
+/// Takes the groups that are wanted, with games kept in a folder or without.
+void take_groups(const std::filesystem::path& games, std::initializer_list<Group> all) {
+  QtFrontEnd shown_by(tested_game, games);
   const front_end_scope in_use(shown_by);
   Frame frame;
   MenuWindow menu(shown_by, &frame);
@@ -336,18 +361,33 @@ void take_all() {
     menu.start();
     // The same hour in every run.
     menu.findChild<GroundPicture*>(QStringLiteral("picture"))->set_scene({QStringLiteral("Australia"), 16 * 60, 3});
-    take(menu, "menu");
-    const std::pair<const char*, void (*)(MenuWindow&)> all[] = {
-        {"match", picture_match},       {"sheets", picture_sheets},   {"console", picture_console},
-        {"practice", picture_practice}, {"profile", picture_profile}, {"lists", picture_record_lists},
-        {"settings", picture_settings}, {"results", picture_results}, {"cup", picture_world_cup},
-        {"opening", picture_opening},   {"guide", picture_guide}};
+    if (games.empty()) take(menu, "menu");
     for (const auto& [name, picture] : all) {
       if (groups.empty() || std::find(groups.begin(), groups.end(), name) != groups.end()) picture(menu);
     }
     end_program(0);
   });
   QApplication::exec();
+  begin_again();
+}
+
+void take_all() {
+  take_groups({}, {{"match", picture_match},
+                   {"sheets", picture_sheets},
+                   {"console", picture_console},
+                   {"practice", picture_practice},
+                   {"profile", picture_profile},
+                   {"lists", picture_record_lists},
+                   {"settings", picture_settings},
+                   {"results", picture_results},
+                   {"cup", picture_world_cup},
+                   {"opening", picture_opening},
+                   {"guide", picture_guide},
+                   {"reports", picture_reports},
+                   {"places", picture_places},
+                   {"entries", picture_entries}});
+  const QTemporaryDir games;
+  take_groups(games.filePath(QStringLiteral("games")).toStdString(), {{"keeping", picture_keeping}});
 }
 
 }  // namespace

@@ -21,4 +21,16 @@ void picture_opening(MenuWindow& menu);
 /// A guided match with its hints.
 void picture_guide(MenuWindow& menu);
 
+/// The reports of both innings, aggression, a great moment.
+void picture_reports(MenuWindow& menu);
+
+/// The menu's panels, team records, settings, credits.
+void picture_places(MenuWindow& menu);
+
+/// The forms of competitions, play without stopping, a save that fails.
+void picture_entries(MenuWindow& menu);
+
+/// Games that are kept; needs a folder of them.
+void picture_keeping(MenuWindow& menu);
+
 }  // namespace velorin::testing

@@ -4,9 +4,11 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <map>
 #include <utility>
 #include <vector>
 
+#include "desktop/message_kinds.h"
 #include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "support/game_in_play.h"
@@ -207,6 +209,31 @@ TEST_F(Presses, ThreePlayAWholeUnattendedWorldCup) {
     if (window != "unstopped" && window != "Progressbar") waited.push_back(window);
   }
   EXPECT_EQ(waited, (std::vector<std::string>{"wctable", "wc_fix", "wcsstab"})) << "the end alone waits to be read";
+}
+
+TEST_F(Presses, OnceDeclinedNoBoxOfAMatchWaitsWhereNothingIsChosen) {
+  for (const message_kind kind : passing_kinds()) preferences::set_stops_for(kind, false);
+  std::map<std::string, int> waited;
+  int overs = 0;
+  for (const std::uint64_t seed : {3U, 8U}) {
+    begin_again_with_seed(seed);
+    ClickingUser user;
+    user.robot.always("quick", pressing("accept"));
+    user.robot.at_sight([&](QWidget& window) {
+      const std::string name = window.objectName().toStdString();
+      if (match.deliveries.empty() || !match.result_margin.empty()) return;  // before the first ball, after the last
+      ++waited[name];
+    });
+    play([&](MenuWindow& menu) { press(menu, "quick_match"); });
+    EXPECT_FALSE(match.result_margin.empty());
+    overs += user.robot.met("main");
+  }
+  for (const message_kind kind : passing_kinds()) preferences::set_stops_for(kind, true);
+  // The console, and what asks whom the captain sends in or gives the ball.
+  for (const char* asks : {"main", "batorder", "chgbowler"}) waited.erase(asks);
+  const std::map<std::string, int> cards = {{"scorecard", 2}};
+  EXPECT_EQ(waited, cards) << "no box; the card at the end of each first innings is a page to read";
+  EXPECT_GT(overs, 150);
 }
 
 }  // namespace

@@ -9,10 +9,10 @@
 #include <algorithm>
 
 #include "desktop/frame.h"
+#include "desktop/message_kinds.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "model/match_state.h"
-#include "desktop/message_kinds.h"
 #include "support/game_in_play.h"
 #include "windows/layout_checks.h"
 #include "windows/term_checks.h"
@@ -153,10 +153,9 @@ void Walk::answer_captain() {
 
 void Walk::answer_the_rest() {
   for (const char* name :
-       {"message",    "batsmandetails", "scorecard",    "scorecard2", "Bowlcard", "bowlcard2nd", "partners",
-        "partners2",  "graphs",         "worms",        "matchrep",   "help",     "sri_result",  "triserresult",
-        "wc_fix",     "wcsstab",        "Sqdet",        "teamdet",    "reclists", "optfrm",      "frmAbout",
-        "messages"}) {
+       {"message", "batsmandetails", "scorecard", "scorecard2", "Bowlcard",   "bowlcard2nd",  "partners", "partners2",
+        "graphs",  "worms",          "matchrep",  "help",       "sri_result", "triserresult", "wc_fix",   "wcsstab",
+        "Sqdet",   "teamdet",        "reclists",  "optfrm",     "frmAbout",   "messages"}) {
     robot_->always(name, [this](QWidget& form) { hand_.press(form, "accept"); });
   }
   for (const char* name : {"Progressbar", "unstopped"}) robot_->always(name, [](QWidget&) {});
@@ -195,7 +194,8 @@ void Walk::look_in_size(QWidget& form, QSize size) {
   // What passes by stands whole in the bar.
   const auto* passing = window.findChild<QLabel*>(QStringLiteral("passing"));
   if (passing != nullptr && passing->isVisible()) {
-    EXPECT_LE(passing->fontMetrics().horizontalAdvance(passing->text()), passing->width()) << passing->text().toStdString();
+    EXPECT_LE(passing->fontMetrics().horizontalAdvance(passing->text()), passing->width())
+        << passing->text().toStdString();
     seen.insert("passing strip");
   }
 }

@@ -8,12 +8,14 @@
 #include <optional>
 
 #include "browsers/record_lists.h"
+#include "console/console_view.h"
 #include "desktop/form.h"
 #include "desktop/frame.h"
 #include "desktop/hint.h"
 #include "desktop/message_kinds.h"
 #include "desktop/moment.h"
 #include "desktop/preferences.h"
+#include "desktop/shown_text.h"
 #include "model/match_state.h"
 #include "model/random.h"
 #include "shell/filled_careers.h"
@@ -105,6 +107,8 @@ void WalkThroughPages::match_and_reports(Way way) {
 
 void WalkThroughPages::leave_and_return(QWidget& console) {
   robot().next("game_name", [this](QWidget& form) {
+    const QString score = control<QLabel>(*form.window(), "frame_score")->text();
+    EXPECT_TRUE(score.contains(shown(view_score(match).overs))) << score.toStdString();
     hand().write(form, "name", QStringLiteral("A fine evening"));
     hand().press(form, "accept");
   });

@@ -239,9 +239,7 @@ void Hand::take_entry(QWidget& form, const char* button, const char* entry) {
       break;
     case Way::assistant: {
       QAccessibleInterface* all = QAccessible::queryAccessibleInterface(menu);
-      all->child(static_cast<int>(menu->actions().indexOf(wanted)))
-          ->actionInterface()
-          ->doAction(Action::pressAction());
+      all->child(static_cast<int>(menu->actions().indexOf(wanted)))->actionInterface()->doAction(Action::pressAction());
       break;
     }
   }

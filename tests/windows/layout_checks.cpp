@@ -78,8 +78,7 @@ void check_neighbours(const QList<QWidget*>& seen) {
       if (seen[j]->parentWidget() != seen[i]->parentWidget() || lies_in_layers(*seen[j])) continue;
       const QRect both = one.intersected(covered_by(*seen[j]));
       EXPECT_TRUE(both.width() <= 1 || both.height() <= 1)
-          << told(*seen[i]) << " and " << told(*seen[j]) << " overlap by " << both.width() << "x"
-          << both.height();
+          << told(*seen[i]) << " and " << told(*seen[j]) << " overlap by " << both.width() << "x" << both.height();
     }
   }
 }
@@ -93,13 +92,13 @@ void check_texts_of(QWidget& widget, const std::vector<PaintedText>& texts) {
     const QRectF& ink = texts[i].ink;
     const bool beside = ink.left() >= room.left() && ink.right() <= room.right();
     const bool below = rows || (ink.top() >= room.top() && ink.bottom() <= room.bottom());
-    EXPECT_TRUE(beside && below) << told(widget) << " paints \"" << texts[i].text.toStdString() << "\" at "
-                                 << told(ink) << ", out of its " << widget.width() << "x" << widget.height();
+    EXPECT_TRUE(beside && below) << told(widget) << " paints \"" << texts[i].text.toStdString() << "\" at " << told(ink)
+                                 << ", out of its " << widget.width() << "x" << widget.height();
     for (std::size_t j = i + 1; j < texts.size(); ++j) {
       const QRectF both = ink.intersected(texts[j].ink);
       EXPECT_TRUE(both.width() <= tolerance || both.height() <= tolerance)
-          << told(widget) << " paints \"" << texts[i].text.toStdString() << "\" over \""
-          << texts[j].text.toStdString() << "\"";
+          << told(widget) << " paints \"" << texts[i].text.toStdString() << "\" over \"" << texts[j].text.toStdString()
+          << "\"";
     }
   }
 }
