@@ -138,9 +138,7 @@ void picture_entries(MenuWindow& menu) {
   });
   open(menu, "start_game", "tri_series");
   preferences::set_plays_without_stopping(QStringLiteral("series2"), false);
-  user.robot.next("wctable", [&](QWidget& window) {
-    press(window, "accept");
-  });
+  user.robot.next("wctable", [&](QWidget& window) { press(window, "accept"); });
   user.robot.next("wc_fix", [&](QWidget& window) {
     user.robot.next("quit_question", taking("quit-question", "yes"));
     press(window, "quit");
