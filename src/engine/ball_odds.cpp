@@ -25,17 +25,22 @@ std::optional<ball_odds> answer(const contest& met) {
 
 bool has_pair(const match_state& match) { return match.striker != 0 && match.bowler != 0; }
 
-/// The batsman in a slot against a bowler, as they stand.
-contest meeting(const match_state& match, int slot, int bowler, int bowling_slot) {
-  const int position = slot == 0 ? match.lower_batsman() : match.higher_batsman();
+/// A man of the batting eleven, in a slot, against a bowler.
+contest meeting_of(const match_state& match, int man, double meter, int slot, int bowler, int bowling_slot) {
   const auto at = [](int place) { return static_cast<std::size_t>(place); };
-  return {.batsman = match.batting_xi[at(position)],
+  return {.batsman = match.batting_xi[at(man)],
           .bowler = match.bowling_xi[at(bowler)],
           .conditions = match.ground.pitch_surface + match.ground.pitch_bounce + match.weather + match.outfield,
           .batting_aggression = match.batsman_aggression[at(slot)],
           .bowling_aggression = match.bowling_aggression[at(bowling_slot)],
-          .settled_meter = meter_of(match, position),
+          .settled_meter = meter,
           .higher_slot = slot == 1};
+}
+
+/// The batsman in a slot against a bowler, as they stand.
+contest meeting(const match_state& match, int slot, int bowler, int bowling_slot) {
+  const int position = slot == 0 ? match.lower_batsman() : match.higher_batsman();
+  return meeting_of(match, position, meter_of(match, position), slot, bowler, bowling_slot);
 }
 
 }  // namespace
@@ -91,6 +96,24 @@ aggression_odds bowling_odds(const match_state& match, int slot) {
     met.bowling_aggression = level;
     all[static_cast<std::size_t>(level - least_aggression)] = answer(met);
   }
+  return all;
+}
+
+aggression_odds newcomer_odds(const match_state& match, int man) {
+  aggression_odds all;
+  if (!has_pair(match)) return all;
+  contest met = meeting_of(match, man, 0, 1, match.bowler, 0);
+  for (int level = least_aggression; level <= most_aggression; ++level) {
+    met.batting_aggression = level;
+    all[static_cast<std::size_t>(level - least_aggression)] = answer(met);
+  }
+  return all;
+}
+
+std::array<std::string, most_aggression> odds_sentences(const aggression_odds& odds) {
+  std::array<std::string, most_aggression> all;
+  if (std::any_of(odds.begin(), odds.end(), [](const auto& each) { return !each; })) return all;
+  std::transform(odds.begin(), odds.end(), all.begin(), odds_sentence);
   return all;
 }
 

@@ -41,6 +41,11 @@ aggression_odds batting_odds(const match_state& match, int slot);
 /// For the bowler of this over (0) or the next (1): against the man on strike. The batsman's aggression stays.
 aggression_odds bowling_odds(const match_state& match, int slot);
 
+/// For a man of the batting eleven, 1 to 11, who comes in anew as the higher of the pair.
+aggression_odds newcomer_odds(const match_state& match, int man);
+/// The sentences of odds_sentence for each aggression; all empty where the model has no answer to one.
+std::array<std::string, most_aggression> odds_sentences(const aggression_odds& odds);
+
 /// The runs an over that the batsman in a slot is worth more for being settled, against the bowler of this over;
 /// nothing where the model has no answer.
 std::optional<double> meter_worth(const match_state& match, int slot);

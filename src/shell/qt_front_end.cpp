@@ -31,6 +31,7 @@
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
+#include "engine/ball_odds.h"
 #include "engine/forms/console_window.h"
 #include "engine/over_play.h"
 #include "model/rules.h"
@@ -225,7 +226,8 @@ void QtFrontEnd::show(toss_form& form) {
 void QtFrontEnd::show(next_batsman_form& form) {
   if (quick_ && quick_->openers) return unstopped_.user().show(form);
   refresh_console();
-  show_modally<NextBatsmanWindow>(form, play());
+  const auto answers = [this](int row) { return odds_sentences(newcomer_odds(game_.match, row)); };
+  show_modally<NextBatsmanWindow>(form, play(), answers);
 }
 
 void QtFrontEnd::show(bowler_choice_form& form) {
@@ -240,7 +242,9 @@ void QtFrontEnd::show(bowler_choice_form& form) {
 
 void QtFrontEnd::show(aggression_form& form) {
   refresh_console();
-  show_modally<AggressionWindow>(form);
+  const match_state& match = game_.match;
+  show_modally<AggressionWindow>(form, odds_sentences(form.for_batsman ? batting_odds(match, form.player_slot)
+                                                                       : bowling_odds(match, form.player_slot)));
 }
 
 void QtFrontEnd::show(batsman_details_form& form) {

@@ -142,6 +142,16 @@ TEST_F(BallOdds, TheMeterIsWorthWhatItAddsToAFreshMansOver) {
   EXPECT_GT(meter_worth(match, 0), 0.5);
 }
 
+TEST_F(BallOdds, ANewcomerHasTheOddsOfAFreshHigherMan) {
+  const int higher = match.higher_batsman();
+  EXPECT_EQ(odds_sentences(newcomer_odds(match, higher)), odds_sentences(batting_odds(match, 1)));
+  match.batting_xi[5].bat_skill = static_cast<decltype(match.batting_xi[5].bat_skill)>(
+      match.batting_xi[static_cast<std::size_t>(higher)].bat_skill / 2);
+  EXPECT_LT(newcomer_odds(match, 5)[2]->balls_a_wicket, newcomer_odds(match, higher)[2]->balls_a_wicket);
+  match.batting_xi[5].bat_skill = 0;
+  EXPECT_EQ(odds_sentences(newcomer_odds(match, 5)), (std::array<std::string, 5>{}));
+}
+
 TEST_F(BallOdds, AManWhomTheModelCannotRateHasNoAnswer) {
   match.batting_xi[match.lower_batsman()].bat_skill = 0;
   EXPECT_FALSE(batting_odds(match, 0)[2]);

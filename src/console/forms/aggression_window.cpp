@@ -22,8 +22,10 @@
 
 namespace velorin {
 
-AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent)
-    : Form(QStringLiteral("aggr"), Dismissal::closes, parent), form_(form) {
+AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent) : AggressionWindow({}, form, parent) {}
+
+AggressionWindow::AggressionWindow(level_answers answers, aggression_form& form, QWidget* parent)
+    : Form(QStringLiteral("aggr"), Dismissal::closes, parent), answers_(std::move(answers)), form_(form) {
   stand_as(Place::sheet, QStringLiteral("%1_%2")
                              .arg(form.for_batsman ? QStringLiteral("batsman") : QStringLiteral("bowler"))
                              .arg(form.player_slot));
@@ -131,13 +133,20 @@ QWidget* AggressionWindow::new_aggression() {
   row->setSpacing(16);
   auto* slider = new LevelSlider(QStringLiteral("aggression"), 1, 5);
   slider->setValue(form_.aggression);
-  connect(slider, &QSlider::valueChanged, this, [this](int level) { form_.aggression = level; });
+  auto* answers = new LevelAnswers(card);
+  answers->show_answers(answers_);
+  answers->choose(form_.aggression);
+  connect(slider, &QSlider::valueChanged, this, [this, answers](int level) {
+    form_.aggression = level;
+    answers->choose(level);
+  });
   row->addWidget(new_caption(QStringLiteral("Aggression"), u'A', slider));
   row->addStretch(1);
   row->addWidget(new_label(shown(aggression_form::aggression_low), TextRole::muted));
   row->addWidget(slider);
   row->addWidget(new_label(shown(aggression_form::aggression_high), TextRole::muted));
   card_rows(card)->addLayout(row);
+  card_rows(card)->addWidget(answers);
   advised_ = new_named_label(QStringLiteral("advice"), {}, TextRole::muted);
   advised_->setToolTip(meaning_of(QStringLiteral("To win")));
   card_rows(card)->addWidget(advised_);

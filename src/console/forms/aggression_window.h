@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "console/forms/level_answers.h"
 #include "desktop/form.h"
 #include "desktop/sheet_adviser.h"
 
@@ -15,8 +16,9 @@ class AggressionWindow : public Form {
   Q_OBJECT
 
  public:
-  /// `form` has been made and outlives the window.
+  /// `form` has been made and outlives the window. `answers`: what each aggression would bring.
   explicit AggressionWindow(aggression_form& form, QWidget* parent = front_window());
+  AggressionWindow(level_answers answers, aggression_form& form, QWidget* parent = front_window());
 
  private:
   QWidget* new_figures();
@@ -24,6 +26,7 @@ class AggressionWindow : public Form {
   void add_adviser();
   SheetAdviser::Acts advised_levels() const;
 
+  level_answers answers_;
   aggression_form& form_;
   QLabel* advised_ = nullptr;
 };

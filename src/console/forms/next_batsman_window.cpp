@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "browsers/player_profile.h"
 #include "console/captain_forms.h"
@@ -22,7 +23,14 @@
 namespace velorin {
 
 NextBatsmanWindow::NextBatsmanWindow(const match_play& play, next_batsman_form& form, QWidget* parent)
-    : Form(QStringLiteral("batorder"), Dismissal::refused, parent), form_(form), play_(play) {
+    : NextBatsmanWindow(play, {}, form, parent) {}
+
+NextBatsmanWindow::NextBatsmanWindow(const match_play& play, std::function<level_answers(int row)> answers,
+                                     next_batsman_form& form, QWidget* parent)
+    : Form(QStringLiteral("batorder"), Dismissal::refused, parent),
+      answer_(std::move(answers)),
+      form_(form),
+      play_(play) {
   stand_as(Place::sheet, QStringLiteral("batsman_%1").arg(play.match.striker_slot()));
   limit_body(800);
   set_title(shown(form.title), shown(form.title));
@@ -41,12 +49,13 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, next_batsman_form& 
   body()->addWidget(men, 1);
   body()->addWidget(new_aggression());
   body()->addStretch();
-  men->on_chosen([this](int row) { form_.choose(row); });
+  men->on_chosen([this](int row) { choose(row); });
   if (form_.chosen == 0) {
     const auto first = std::find(form_.enabled.begin() + 1, form_.enabled.end(), true);
     if (first != form_.enabled.end()) form_.choose(static_cast<int>(first - form_.enabled.begin()));
   }
   men->choose(form_.chosen);
+  choose(form_.chosen);
   const auto leave = [this, men] {
     const auto chosen = computers_next_batsman(play_.match, form_.shown_for);
     if (!chosen) return QStringLiteral("The computer has no choice here.");
@@ -71,14 +80,26 @@ QWidget* NextBatsmanWindow::new_aggression() {
   row->setSpacing(16);
   auto* slider = new LevelSlider(QStringLiteral("aggression"), 1, 5);
   slider->setValue(form_.aggression);
-  connect(slider, &QSlider::valueChanged, this, [this](int level) { form_.aggression = level; });
+  answers_ = new LevelAnswers(card);
+  answers_->show_answers({});
+  answers_->choose(form_.aggression);
+  connect(slider, &QSlider::valueChanged, this, [this](int level) {
+    form_.aggression = level;
+    answers_->choose(level);
+  });
   row->addWidget(new_caption(shown(next_batsman_form::aggression_caption), u'A', slider));
   row->addStretch(1);
   row->addWidget(new_label(shown(next_batsman_form::aggression_low), TextRole::muted));
   row->addWidget(slider);
   row->addWidget(new_label(shown(next_batsman_form::aggression_high), TextRole::muted));
   card_rows(card)->addLayout(row);
+  card_rows(card)->addWidget(answers_);
   return card;
+}
+
+void NextBatsmanWindow::choose(int row) {
+  form_.choose(row);
+  if (answer_ && form_.chosen > 0) answers_->show_answers(answer_(form_.chosen));
 }
 
 }  // namespace velorin

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
+
+#include "console/forms/level_answers.h"
 #include "desktop/form.h"
 #include "ui/match_play.h"
 
@@ -16,10 +19,16 @@ class NextBatsmanWindow : public Form {
  public:
   /// `form` has been made and outlives the window.
   explicit NextBatsmanWindow(const match_play& play, next_batsman_form& form, QWidget* parent = front_window());
+  /// `answers`: what each aggression would bring for the man of a row.
+  NextBatsmanWindow(const match_play& play, std::function<level_answers(int row)> answers, next_batsman_form& form,
+                    QWidget* parent = front_window());
 
  private:
   QWidget* new_aggression();
+  void choose(int row);
 
+  std::function<level_answers(int)> answer_;  // none where nobody answers
+  LevelAnswers* answers_ = nullptr;
   next_batsman_form& form_;
   match_play play_;
 };

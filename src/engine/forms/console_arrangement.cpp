@@ -100,6 +100,7 @@ void ConsoleWindow::arrange() {
   arrange_charts(!by_turns, low);
   sides_choice_->setVisible(by_turns);
   choose_commentary_->setVisible(low);
+  choose_commentary_->setEnabled(low);
   if (!low && choose_commentary_->isChecked()) {
     sides_choice_->findChild<QPushButton*>(QStringLiteral("choose_attack"))->setChecked(true);
   }

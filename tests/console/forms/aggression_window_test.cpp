@@ -70,6 +70,21 @@ TEST_F(AggressionWindowTest, ShowsABatsman) {
   EXPECT_FALSE(is_shown(window, "accept_for_bowler"));
 }
 
+TEST_F(AggressionWindowTest, TellsWhatEachAggressionWouldBring) {
+  aggression_form form = aggression_form::of_batsman(match, 0);
+  AggressionWindow window({"3.9 an over, no wicket", "b", "c", "d", "e"}, form);
+  window.show();
+  check_window_at_sizes(window);
+  EXPECT_EQ(text(window, "level_answer_1"), "1: 3.9 an over, no wicket");
+  EXPECT_EQ(text(window, "level_answer_4"), QStringLiteral("\u25B8 4: d"));
+  control<QSlider>(window, "aggression")->setValue(5);
+  EXPECT_EQ(text(window, "level_answer_4"), "4: d");
+  EXPECT_EQ(text(window, "level_answer_5"), QStringLiteral("\u25B8 5: e"));
+  AggressionWindow unknown(form);
+  unknown.show();
+  EXPECT_FALSE(is_shown(unknown, "level_answers"));
+}
+
 TEST_F(AggressionWindowTest, ShowsABowler) {
   aggression_form form = aggression_form::of_bowler(match, 1);
   AggressionWindow window(form);
