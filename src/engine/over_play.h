@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "engine/practice_history.h"
 #include "engine/skip.h"
@@ -83,6 +84,9 @@ struct console_form {
   /// Takes the last ball back, or the over in play or else the last one, also over the end of an innings. What comes
   /// then has the same luck or fresh one. Does nothing where there is nothing to be taken back.
   void take_back(taken_back how_far, luck wanted);
+  /// What it remembers for that, to go on with in another console of the match as it stands. Chance goes with it.
+  const practice_history& remembered() const { return history_; }
+  void remember(practice_history history) { history_ = std::move(history); }
   /// The scorecard.
   void show_scorecard();
   /// Changes the bowler; only while a human bowls, and not within an over.

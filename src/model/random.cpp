@@ -80,12 +80,14 @@ std::uint64_t random_source::clock_reading() {
 }
 
 std::uint64_t random_source::next_reading() {
-  // Given readings come in the order in which they were used, those that came again included.
   std::uint64_t reading = 0;
-  if (!keeps_readings_ || kind_ == kind::readings) {
+  if (!keeps_readings_) {
     reading = clock_reading();
   } else {
-    if (readings_used_ == readings_.size()) readings_.push_back(clock_reading());
+    const bool kept_before = readings_used_ < readings_.size();
+    if (!kept_before) readings_.push_back(clock_reading());
+    // Given readings come in the order in which they were used, those that came again included.
+    if (kept_before && kind_ == kind::readings) readings_[readings_used_] = clock_reading();
     reading = readings_[readings_used_++];
   }
   if (log_ != nullptr) log_->readings.push_back(reading);

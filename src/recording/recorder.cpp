@@ -48,7 +48,8 @@ bool broke_off_in_over(const recording& before) {
     const auto* answer = std::get_if<captain_answer>(&*event);
     if (answer == nullptr) continue;
     if (answer->kind == answer_kind::next_over || answer->kind == answer_kind::go_on) return true;
-    if (answer->kind == answer_kind::next_ball) return false;
+    // An over whose ball was taken back is asked for anew.
+    if (answer->kind == answer_kind::next_ball || answer->kind == answer_kind::take_back) return false;
   }
   return false;
 }
@@ -85,7 +86,8 @@ recorder::recorder(front_end& shown_by, game_state& game, recording_sink& sink, 
 
 recorder::~recorder() { game_.chance.log_to(nullptr); }
 
-void recorder::go_on_with(const recording& before) {
+void recorder::go_on_with(const recording& before, practice_history remembered) {
+  remembered_ = std::move(remembered);
   entries_ = entry_writer(before);
   id_ = text_of(before.beginning.id);
   matches_saved_ =
@@ -110,6 +112,7 @@ void recorder::game_begins(const entered_game& entered) {
   matches_saved_ = 0;
   last_ = {};
   goes_on_within_over_ = false;
+  remembered_ = {};
   log_ = {};
   game_.chance.log_to(&log_);
   on_ = true;
@@ -265,6 +268,11 @@ void recorder::show(aggression_form& form) {
 void recorder::show(console_form& form) {
   flush(false);
   shown_by_.show(form);
+}
+
+void recorder::console_opens(console_form& form) {
+  if (remembered_.can_take_back()) form.remember(std::exchange(remembered_, {}));
+  shown_by_.console_opens(form);
 }
 
 void recorder::ball_bowled() {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "competitions/game_state.h"
+#include "engine/practice_history.h"
 #include "recording/recording.h"
 #include "ui/front_end.h"
 
@@ -53,8 +54,9 @@ class recorder : public front_end {
   recorder(front_end& shown_by, game_state& game, recording_sink& sink, std::string program);
   ~recorder() override;
 
-  /// Goes on with a recording that has been played to its end: the sink goes on behind it.
-  void go_on_with(const recording& before);
+  /// Goes on with a recording that has been played to its end: the sink goes on behind it. `remembered`: what its match
+  /// of practice remembers, for the console in which it goes on.
+  void go_on_with(const recording& before, practice_history remembered = {});
   /// A game is being recorded.
   bool is_on() const { return on_; }
   /// A ball has been bowled in it.
@@ -82,7 +84,7 @@ class recorder : public front_end {
   void show(aggression_form& form) override;
   void show(batsman_details_form& form) override;
   void show(console_form& form) override;
-  void console_opens(console_form& form) override { shown_by_.console_opens(form); }
+  void console_opens(console_form& form) override;
   void console_closes() override { shown_by_.console_closes(); }
   void ball_bowled() override;
   void progress(int over) override;
@@ -116,6 +118,7 @@ class recorder : public front_end {
   int matches_saved_ = 0;
   recorded_event last_;
   bool goes_on_within_over_ = false;  // the over at which the recording broke off is still asked for
+  practice_history remembered_;
   chance_log log_;
   entry_writer entries_;
 };

@@ -115,9 +115,14 @@ class recorded_user : public front_end {
 
   void show(console_form& form) override {
     if (options_.waits) options_.waits(game_);
-    while (!form.closed()) {
-      if (options_.stops_at && options_.stops_at(game_)) throw play_left{replay_end::stopped};
-      act(form, take());
+    try {
+      while (!form.closed()) {
+        if (options_.stops_at && options_.stops_at(game_)) throw play_left{replay_end::stopped};
+        act(form, take());
+      }
+    } catch (...) {
+      if (options_.console_left) options_.console_left(form);
+      throw;
     }
   }
   void over_bowled() override {
@@ -478,12 +483,20 @@ replay_end replay(const recording& recorded, const std::string& name, game_state
 }
 
 std::optional<game_state> game_to_continue(const recording& recorded, const std::string& name,
-                                           const open_database& data) {
+                                           const open_database& data, practice_history* remembered) {
   if (recorded.ended()) return std::nullopt;
   game_state game = game_at_beginning(recorded);
   // Where it broke off before what play drew was shown, play draws anew, up to the next that is.
   if (recorded.beginning.chance == random_source::kind::clock) game.chance.let_clock_follow();
-  if (replay(recorded, name, game) == replay_end::over) return std::nullopt;
+  std::optional<random_source> chance;  // with what it keeps for a match of practice, and forgets as that is left
+  replay_options options;
+  options.console_left = [&](const console_form& form) {
+    if (remembered == nullptr || !game.match.practice) return;
+    *remembered = form.remembered();
+    chance = game.chance;
+  };
+  if (replay(recorded, name, game, options) == replay_end::over) return std::nullopt;
+  if (chance) game.chance = *std::move(chance);
   const elevens_held held = game.data.held;
   game.data = data;
   if (recorded.beginning.chance == random_source::kind::clock) game.chance.go_on_by_clock();

@@ -12,6 +12,8 @@
 namespace velorin {
 
 class front_end;
+class practice_history;
+struct console_form;
 
 /// A place in an innings: so many legal balls have been bowled.
 struct innings_place {
@@ -30,6 +32,8 @@ struct replay_options {
   /// Called where the console comes to wait for its user: as it is first shown, and behind each over or ball that he
   /// has asked for.
   std::function<void(const game_state&)> waits = {};
+  /// Called where play is left in its console, which still remembers what it did.
+  std::function<void(const console_form&)> console_left = {};
   /// Called as a match has come to its end, with its books and its result.
   std::function<void(const game_state&)> match_ends = {};
 };
@@ -51,10 +55,11 @@ replay_end replay(const recording& recorded, const std::string& name, game_state
                   const replay_options& options = {});
 
 /// The game at the end of its recording, on the files of `data` again and with the clock's chance, for resume_game().
-/// Nothing if the game is over. Raises what replay() raises, and, where the elevens have to be written again, what
+/// Nothing if the game is over. `remembered` gets what a match of practice remembers of its balls, for the recorder
+/// that goes on with it. Raises what replay() raises, and, where the elevens have to be written again, what
 /// write_eleven() raises.
 std::optional<game_state> game_to_continue(const recording& recorded, const std::string& name,
-                                           const open_database& data);
+                                           const open_database& data, practice_history* remembered = nullptr);
 
 /// A match is left at this place of its innings: the first moment at which so many balls have been bowled, or, for no
 /// ball, at which the innings is open.

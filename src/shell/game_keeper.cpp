@@ -38,10 +38,12 @@ bool GameKeeper::take_up(const std::filesystem::path& file) {
   recorder_.stop();
   const recording before = file_.go_on(file);
   try {
-    std::optional<game_state> game = game_to_continue(before, file_name_text(file), database_of(before, file));
+    practice_history remembered;
+    std::optional<game_state> game =
+        game_to_continue(before, file_name_text(file), database_of(before, file), &remembered);
     if (game) {
       game_ = *std::move(game);
-      recorder_.go_on_with(before);
+      recorder_.go_on_with(before, std::move(remembered));
       return true;
     }
   } catch (const run_time_error&) {

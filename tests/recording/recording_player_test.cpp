@@ -191,7 +191,7 @@ TEST_F(RecordingPlayer, AGameOfWhichNoBallIsBowledHasNoMatch) {
 }
 
 /// Plays a practice match, takes balls back, and tells the deliveries that were left in the end.
-class PracticeCaptain : public random_captain {
+class TakingBackCaptain : public random_captain {
  public:
   using random_captain::random_captain;
   using random_captain::show;
@@ -212,7 +212,7 @@ TEST_F(RecordingPlayer, BallsThatWereTakenBackAreNotSeen) {
   game.data = data;
   game.data.files.elevens_in_memory = true;
   game.chance.use_seed(4);
-  PracticeCaptain captain(game, 4);
+  TakingBackCaptain captain(game, 4);
   recording_in_memory kept;
   recorder recorded(captain, game, kept, "test");
   delivery_list first;
