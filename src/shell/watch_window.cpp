@@ -159,6 +159,9 @@ void WatchWindow::add_player_foot() {
     pause();
     accept();
   }));
+  auto* apart = new QWidget;
+  apart->setObjectName(QStringLiteral("apart"));
+  add_aside(apart);
   add_reports();
   add_beside_buttons(new_pace_choice());
   const auto sign = [](QPushButton* button, const QString& text) {

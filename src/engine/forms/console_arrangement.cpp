@@ -85,7 +85,7 @@ void ConsoleWindow::arrange() {
   const double factor = wanted_enlargement();
   const bool past = wanted != Arrangement::strip || height() >= room_for_past;
   strip_->setVisible(past);
-  last_wicket_->setVisible(past && wanted != Arrangement::low);
+  last_wicket_->setVisible(past && wanted != Arrangement::low && next_over_ != nullptr);
   if (wanted == arranged_ && factor == drawn_) return;
   if (wanted == Arrangement::low) choose_commentary_->setChecked(true);
   arranged_ = wanted;

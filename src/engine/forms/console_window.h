@@ -78,6 +78,8 @@ class ConsoleWindow : public Form {
   /// A console before which somebody looks on, with a foot of its own: nothing is bowled, and nobody is asked.
   ConsoleWindow(const QString& name, const match_state& match, const open_database& database, console_form& form,
                 Dismissal dismissal, QWidget* parent);
+  /// Once it has its foot.
+  void arrange();
   /// The reports' buttons and the choice of pace, for the foot.
   void add_reports();
   QWidget* new_pace_choice();
@@ -112,7 +114,6 @@ class ConsoleWindow : public Form {
   /// How much larger than usual all is drawn: what is made for 1920 x 1080 fills a larger window likewise.
   double wanted_enlargement() const;
   Arrangement arrangement() const;
-  void arrange();
   void place_cards(Arrangement wanted);
   void set_density(Arrangement wanted);
   void arrange_charts(bool stacked, bool only_one);
