@@ -143,12 +143,19 @@ void player_profile_form::fill(const career_rec& career) {
   bowling = bowling_fields(career);
   fielding = {{"Catches", number_text(career.catches)}, {"Stumpings", number_text(career.stumpings)}};
   standing.reset();
+  compared.reset();
+  if (compared_with_.empty()) compared_with_ = squads_on_hand(data_);
+  const std::string& team = teams[static_cast<std::size_t>(chosen_team)];
+  if (const player_rec* man = squad_man(compared_with_, team, career.name); man != nullptr) {
+    compared = standing_of(compared_with_, *man);
+  }
   photo = profile_photo(data_, career.name);
   no_photo_visible = !photo;
 }
 
 void player_profile_form::fill(const player_rec& man) {
   standing = standing_of(squads_, man);
+  compared.reset();
   person = {{"Name", man.name}, {"Matches", number_text(0)}};
   batting.clear();
   bowling.clear();

@@ -42,6 +42,8 @@ struct player_profile_screen {
   std::vector<shown_field> fielding;
   /// Of a man without a career, who has `person` and no other block: what he can do.
   std::optional<squad_standing> standing;
+  /// Of a man with a career who is in a squad: how he compares.
+  std::optional<squad_standing> compared;
 
   std::optional<std::filesystem::path> photo;  ///< the photo
   bool no_photo_visible = false;               ///< the label in its place
@@ -78,7 +80,8 @@ struct player_profile_form : player_profile_screen {
   const career_team_rec* chosen_careers() const;
 
   career_table careers_;
-  std::vector<team_rec> squads_;  // on offer
+  std::vector<team_rec> squads_;         // on offer
+  std::vector<team_rec> compared_with_;  // all squads, once they have been read
   const open_database& data_;
 };
 

@@ -21,7 +21,9 @@ class BodyArea::Sheet : public QWidget {
     if (event->type() == QEvent::LayoutRequest) area_.fit();
     return QWidget::event(event);
   }
-  void resizeEvent(QResizeEvent*) override {
+  void resizeEvent(QResizeEvent* event) override {
+    // A bar that has come takes width, and with less of it the content may need more height.
+    if (event->size().width() != event->oldSize().width()) area_.fit();
     const int wide = std::min(width(), content_->maximumWidth());
     content_->setGeometry((width() - wide) / 2, 0, wide, height());
   }

@@ -91,7 +91,7 @@ void CrestView::show_team(const QString& team) {
 }
 
 CrestView* add_head_crest(Form& form, const QString& name) {
-  auto* crest = new CrestView(name, 44);
+  auto* crest = new CrestView(name, head_crest);
   auto* row = qobject_cast<QBoxLayout*>(form.findChild<QWidget*>(QStringLiteral("head"))->layout());
   row->insertSpacing(0, 24);
   row->insertWidget(1, crest);

@@ -46,6 +46,7 @@ class CrestView : public QWidget {
 };
 
 /// Puts a crest before the heading of a form, for it to show a team.
+inline constexpr int head_crest = 44;  // pixels
 CrestView* add_head_crest(Form& form, const QString& name);
 
 }  // namespace velorin

@@ -17,6 +17,7 @@
 #include <algorithm>
 
 #include "desktop/body_area.h"
+#include "desktop/compact_look.h"
 #include "desktop/controls.h"
 #include "desktop/frame.h"
 #include "desktop/ground_picture.h"
@@ -80,16 +81,16 @@ Form::Form(const QString& name, Dismissal dismissal, QWidget* parent)
   head_->setAttribute(Qt::WA_StyledBackground);
   auto* head_row = new QHBoxLayout(head_);
   head_row->setContentsMargins(0, 0, 0, 0);
-  auto* head_rows = new QVBoxLayout;
-  head_rows->setContentsMargins(24, 16, 24, 16);
-  head_rows->setSpacing(4);
-  head_row->addLayout(head_rows, 1);
+  head_rows_ = new QVBoxLayout;
+  head_rows_->setContentsMargins(24, 16, 24, 16);
+  head_rows_->setSpacing(4);
+  head_row->addLayout(head_rows_, 1);
   heading_ = new_label({}, TextRole::title, head_);
   heading_->setObjectName(QStringLiteral("heading"));
   subheading_ = new_label({}, TextRole::body, head_);
   subheading_->setObjectName(QStringLiteral("subheading"));
-  head_rows->addWidget(heading_);
-  head_rows->addWidget(subheading_);
+  head_rows_->addWidget(heading_);
+  head_rows_->addWidget(subheading_);
   heading_->hide();
   subheading_->hide();
   head_->hide();
@@ -233,6 +234,7 @@ void Form::rest(QWidget* hidden) {
 
 void Form::fit_into(QSize room) {
   widest_ = room.width();
+  show_compact(room);
   lay_out_foot();
   int others = 0;
   for (int i = 0; i < layout()->count(); ++i) {
@@ -241,6 +243,15 @@ void Form::fit_into(QSize room) {
   }
   area_->set_room({room.width(), std::max(0, room.height() - others)});
   layout()->activate();
+}
+
+/// A head of one line and less air, where the room is low.
+void Form::show_compact(QSize room) {
+  const bool compact = room.height() < least_roomy_height;
+  if (!compact && !compact_) return;
+  if (!compact_) around_body_ = body_->contentsMargins();
+  compact_ = compact;
+  velorin::show_compact({head_, head_rows_, heading_, subheading_, body_, foot_, around_body_}, compact, room.width());
 }
 
 void Form::set_title(const QString& title, const QString& heading) {

@@ -3,11 +3,13 @@
 
 #include <QDialog>
 #include <QKeySequence>
+#include <QMargins>
 #include <QPointer>
 #include <functional>
 #include <vector>
 
 class QAbstractButton;
+class QBoxLayout;
 class QEventLoop;
 class QHBoxLayout;
 class QLabel;
@@ -97,6 +99,10 @@ class Form : public QDialog {
   /// While busy the form takes no input and the pointer says so, unless another window waits over it.
   void set_busy(bool busy);
 
+  /// What the main window calls the way back from here: "Back" unless told.
+  void name_way_back(const QString& name) { way_back_ = name; }
+  const QString& way_back() const { return way_back_; }
+
   /// Escape or the close box do this instead of closing; the form must close itself.
   void on_dismiss(std::function<void()> act) { dismissed_ = std::move(act); }
 
@@ -152,6 +158,7 @@ class Form : public QDialog {
   void make_room();
   /// The same for a form in the main window, whose size is given.
   void fit_into(QSize room);
+  void show_compact(QSize room);
 
   QPointer<Frame> frame_;  // the main window it belongs to, if any
   bool in_frame_ = false;  // it has a layer there, torn off or not
@@ -160,6 +167,7 @@ class Form : public QDialog {
   Place place_ = Place::page;
   QString about_;
   bool shows_score_ = false;
+  QString way_back_ = QStringLiteral("Back");
   QWidget* return_bar_ = nullptr;
   QPushButton* put_back_button_ = nullptr;  // in the bar, or in a head that is shown
   std::function<void()> put_back_;
@@ -167,10 +175,13 @@ class Form : public QDialog {
   Dismissal dismissal_;
   std::function<void()> dismissed_;
   QWidget* head_;
+  QBoxLayout* head_rows_;
   QLabel* heading_;
   QLabel* subheading_;
   QWidget* middle_;
   QVBoxLayout* body_;
+  QMargins around_body_;  // where it is not compact
+  bool compact_ = false;
   BodyArea* area_;
   QWidget* foot_;
   QHBoxLayout* asides_;

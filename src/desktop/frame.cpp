@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "desktop/controls.h"
+#include "desktop/elided_label.h"
 #include "desktop/form.h"
 #include "desktop/modality.h"
 #include "desktop/preferences.h"
@@ -45,7 +46,7 @@ class Shade : public QWidget {
 
 QString title_of(const Form& form) {
   const QString title = form.windowTitle().trimmed();
-  return title.isEmpty() ? form.accessibleName() : title;
+  return spoken_name(title.isEmpty() ? form.accessibleName() : title);
 }
 
 }  // namespace
@@ -146,10 +147,10 @@ void Frame::add_bar() {
   connect(back_, &QPushButton::clicked, this, [this] {
     if (Form* form = top()) form->close();
   });
-  trail_ = new_named_label(QStringLiteral("trail"), {}, TextRole::muted, bar_);
-  trail_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  passing_ = new_named_label(QStringLiteral("passing"), {}, TextRole::strong, bar_);
-  passing_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  trail_ = new ElidedLabel(QStringLiteral("trail"), Qt::ElideLeft, bar_);
+  trail_->setProperty("role", QStringLiteral("muted"));
+  passing_ = new ElidedLabel(QStringLiteral("passing"), Qt::ElideRight, bar_);
+  passing_->setFont(type_font(TypeStep::strong));
   passing_->hide();
   passed_ = new QTimer(this);
   passed_->setSingleShot(true);
@@ -434,6 +435,8 @@ void Frame::show_bar() {
   const bool page = form.place() != Form::Place::sheet && waiting != layers_.begin();
   score_->setVisible(!score_->text().isEmpty() && !form.shows_score());
   back_->setEnabled(page && !waiting->torn && form.can_be_left());
+  back_->setText(QStringLiteral("\u2039 ") + form.way_back());
+  back_->setAccessibleName(form.way_back());
   tear_off_->setEnabled(page && !waiting->torn);
   save_->setEnabled(page);
   const QString title = title_of(form);

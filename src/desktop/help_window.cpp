@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <map>
 
 #include "desktop/controls.h"
@@ -112,22 +113,65 @@ QString hint_of(const QAbstractButton& button) {
   return keys > 0 && tip.endsWith(u')') ? tip.left(keys) : tip;
 }
 
+/// What a button does whose caption is all that it tells.
+QString meaning_of_act(const QString& name) {
+  static const std::map<QString, const char*> meanings = {
+      {QStringLiteral("OK"), "Goes on with what is shown"},
+      {QStringLiteral("Cancel"), "Leaves this page; nothing is played"},
+      {QStringLiteral("Auto Select"), "Ticks the eleven that the computer would pick"},
+      {QStringLiteral("Clear Selection"), "Takes all ticks away"},
+      {QStringLiteral("Career Bat Avgs."), "Shows the careers of these men with the bat"},
+      {QStringLiteral("Career Bowl Avgs."), "Shows the careers of these men with the ball"},
+      {QStringLiteral("Player Profile"), "Shows the career of the man chosen"},
+      {QStringLiteral("Partner's Profile"), "Shows the career of the second man chosen"},
+      {QStringLiteral("Bowling Figures"), "Overs, maidens, runs, wickets of each bowler"},
+      {QStringLiteral("1st Innings"), "The batting card of the first innings"},
+      {QStringLiteral("Partnerships"), "What each pair added"},
+      {QStringLiteral("Runs Per Over Graph"), "The runs of each over as bars"},
+      {QStringLiteral("Score Comparison Graph"), "Both scores over by over as lines"},
+      {QStringLiteral("World Cup Tables"), "The tables of the groups"},
+      {QStringLiteral("Play Next Match"), "Goes on to the match that is marked"},
+      {QStringLiteral("Over before"), "Shows the balls of the over before"},
+      {QStringLiteral("Over after"), "Shows the balls of the over after"},
+      {QStringLiteral("Quit"), "Ends the match, after a question"},
+  };
+  const auto found = meanings.find(name);
+  return found == meanings.end() ? QString() : QString::fromLatin1(found->second);
+}
+
+int importance(const QAbstractButton& button) {
+  const auto* pushed = qobject_cast<const QPushButton*>(&button);
+  if (pushed != nullptr && pushed->isDefault()) return 0;
+  if (button.objectName() == QLatin1String("start_afresh")) return 3;
+  for (const QWidget* at = button.parentWidget(); at != nullptr; at = at->parentWidget()) {
+    if (at->objectName() == QLatin1String("foot")) return 1;
+  }
+  return 2;
+}
+
 Table acts_of(const Form& form) {
   Table table;
-  table.columns = {{QStringLiteral("Control")}, {QStringLiteral("Keys")}, {QStringLiteral("What it does")}};
+  table.columns = {{QStringLiteral("Control")},
+                   {QStringLiteral("Keys")},
+                   {.heading = QStringLiteral("What it does"), .stretches = true}};
   const auto add = [&](const QString& control, const QString& keys, const QString& does) {
     TableRow row;
     row.cells = {{control}, {keys}, {does}};
     table.rows.push_back(row);
   };
   std::map<QString, bool> told;
-  for (const QAbstractButton* button : form.findChildren<QAbstractButton*>()) {
+  QList<QAbstractButton*> buttons = form.findChildren<QAbstractButton*>();
+  // What is done most comes first: Return's button, those at the foot, then the page from its head on.
+  std::stable_sort(buttons.begin(), buttons.end(), [](const QAbstractButton* one, const QAbstractButton* other) {
+    return importance(*one) < importance(*other);
+  });
+  for (const QAbstractButton* button : buttons) {
     if (!button->isVisibleTo(&form) || button->window() != form.window()) continue;
     const QString keys = keys_of(*button);
     const QString name = button->accessibleName();
     if (keys.isEmpty() || name.isEmpty() || !told.emplace(name, true).second) continue;
     const QString hint = hint_of(*button);
-    add(name, keys, hint == name ? QString() : hint);
+    add(name, keys, hint == name ? meaning_of_act(name) : hint);
   }
   if (form.can_be_left()) add(QStringLiteral("Leave"), QStringLiteral("Esc"), QStringLiteral("Leaves this page"));
   add(QStringLiteral("Next control"), QStringLiteral("Tab"), QStringLiteral("Arrows move within lists and choices"));
@@ -148,7 +192,7 @@ QString purpose_of(const QString& id) {
 HelpWindow::HelpWindow(const Form& about, QWidget* parent) : Form(QStringLiteral("help"), Dismissal::closes, parent) {
   stand_as(Place::sheet);
   const QString name = about.windowTitle().trimmed().isEmpty() ? about.accessibleName() : about.windowTitle().trimmed();
-  set_title(QStringLiteral("Help"), name);
+  set_title(QStringLiteral("Help"), QStringLiteral("Help: %1").arg(spoken_name(name)));
   const QString purpose = purpose_of(about.objectName());
   auto* words = new_named_label(QStringLiteral("purpose"), purpose);
   words->setWordWrap(true);
@@ -160,7 +204,7 @@ HelpWindow::HelpWindow(const Form& about, QWidget* parent) : Form(QStringLiteral
   acts->setAccessibleName(QStringLiteral("What one can do here"));
   acts->setMinimumHeight(200);
   body()->addWidget(acts, 1);
-  prefer_size(QSize(760, 560));
+  prefer_size(QSize(820, 560));
   add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
     accept();
   })->setFocus();

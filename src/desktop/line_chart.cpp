@@ -150,7 +150,7 @@ void LineChartView::draw() {
   chart->setBackgroundRoundness(8);
   auto* across = new QValueAxis;
   style_axis(*across, chart_.across);
-  across->setRange(0, chart_.across_to);
+  across->setRange(0, chart_.across_to * 1.015);  // room for half a mark at the end
   across->setTickType(QValueAxis::TicksDynamic);
   across->setTickInterval(chart_.across_step);
   auto* up = new QValueAxis;

@@ -10,7 +10,8 @@
 
 namespace velorin {
 
-QuestionWindow::QuestionWindow(const QString& name, const QString& title, const QString& text, QWidget* parent)
+QuestionWindow::QuestionWindow(const QString& name, const QString& title, const QString& text, QWidget* parent,
+                               bool invites)
     : Form(name, Dismissal::closes, parent) {
   set_title(title, {});
   stand_as(Place::sheet);
@@ -21,14 +22,22 @@ QuestionWindow::QuestionWindow(const QString& name, const QString& title, const 
   words->setMinimumWidth(360);
   body()->addWidget(words);
   body()->addStretch(1);
-  add_button(QStringLiteral("yes"), {.caption = QStringLiteral("Yes"), .mnemonic = u'Y'}, [this] { accept(); });
-  add_default_button(QStringLiteral("no"), {.caption = QStringLiteral("No"), .mnemonic = u'N'}, [this] {
-    reject();
-  })->setFocus();
+  const Act yes{.caption = QStringLiteral("Yes"), .mnemonic = u'Y'};
+  const Act no{.caption = QStringLiteral("No"), .mnemonic = u'N'};
+  const auto agree = [this] { accept(); };
+  const auto refuse = [this] { reject(); };
+  if (invites) {
+    add_default_button(QStringLiteral("yes"), yes, agree);
+    add_button(QStringLiteral("no"), no, refuse);
+  } else {
+    add_button(QStringLiteral("yes"), yes, agree);
+    add_default_button(QStringLiteral("no"), no, refuse);
+  }
+  focus_default();
 }
 
-bool ask(QWidget& window, const QString& name, const QString& title, const QString& text) {
-  QuestionWindow question(name, title, text, &window);
+bool ask(QWidget& window, const QString& name, const QString& title, const QString& text, bool invites) {
+  QuestionWindow question(name, title, text, &window, invites);
   run_modal(question);
   return question.result() == QDialog::Accepted;
 }

@@ -8,6 +8,7 @@
 
 #include "desktop/controls.h"
 #include "desktop/crest.h"
+#include "desktop/elided_label.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -46,29 +47,6 @@ class StepDisc : public QWidget {
   State state_;
 };
 
-/// Of a text too long for its place the end is left out; it stands whole in the tooltip.
-class ShortLabel : public QLabel {
- public:
-  explicit ShortLabel(const QString& text) : whole_(text) {
-    setTextFormat(Qt::PlainText);
-    setProperty("role", QStringLiteral("muted"));
-    setFont(type_font(TypeStep::small));
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    setAccessibleName(text);
-    setToolTip(text);
-    setText(text);
-  }
-
- protected:
-  void resizeEvent(QResizeEvent* event) override {
-    QLabel::resizeEvent(event);
-    setText(fontMetrics().elidedText(whole_, Qt::ElideRight, width()));
-  }
-
- private:
-  QString whole_;
-};
-
 }  // namespace
 
 StepBar::StepBar(const std::vector<FlowStep>& steps, int current, QWidget* parent) : QWidget(parent) {
@@ -89,9 +67,15 @@ StepBar::StepBar(const std::vector<FlowStep>& steps, int current, QWidget* paren
     texts->setSpacing(0);
     texts->addWidget(new_named_label(QStringLiteral("step_%1").arg(number), steps[i].name,
                                      state == StepDisc::State::ahead ? TextRole::muted : TextRole::strong));
-    auto* chosen = new ShortLabel(steps[i].chosen);
-    chosen->setObjectName(QStringLiteral("chosen_%1").arg(number));
-    texts->addWidget(chosen);
+    const QStringList lines = steps[i].chosen.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (qsizetype line = 0; line < lines.size(); ++line) {
+      auto* chosen = new ElidedLabel(QStringLiteral("chosen_%1_%2").arg(number).arg(line + 1));
+      chosen->setProperty("role", QStringLiteral("muted"));
+      chosen->setFont(type_font(TypeStep::small));
+      chosen->setToolTip(lines[line]);
+      chosen->setText(lines[line]);
+      texts->addWidget(chosen);
+    }
     step->addLayout(texts, 1);
     for (const QString& team : steps[i].teams) {
       auto* crest = new CrestView(QStringLiteral("step_crest_%1").arg(step->count() - 1), 28);
@@ -100,7 +84,9 @@ StepBar::StepBar(const std::vector<FlowStep>& steps, int current, QWidget* paren
     }
     // Where something was chosen there is more to be read.
     row->addLayout(step, steps[i].chosen.isEmpty() ? 2 : 3);
-    if (!steps[i].chosen.isEmpty()) spoken << QStringLiteral("%1: %2").arg(steps[i].name, steps[i].chosen);
+    if (!steps[i].chosen.isEmpty())
+      spoken << QStringLiteral("%1: %2").arg(steps[i].name,
+                                             QString(steps[i].chosen).replace(QLatin1Char('\n'), QLatin1String(", ")));
   }
   setAccessibleName(QStringLiteral("Step %1 of %2, %3. %4")
                         .arg(current + 1)
@@ -108,5 +94,7 @@ StepBar::StepBar(const std::vector<FlowStep>& steps, int current, QWidget* paren
                         .arg(steps[static_cast<std::size_t>(current)].name, spoken.join(QStringLiteral(". ")))
                         .trimmed());
 }
+
+void StepBar::show_compact(bool compact) { layout()->setContentsMargins(24, compact ? 4 : 10, 24, compact ? 4 : 10); }
 
 }  // namespace velorin

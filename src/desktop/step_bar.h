@@ -11,7 +11,7 @@ namespace velorin {
 /// A step of a flow: its name, and in a few words what was chosen in it so far.
 struct FlowStep {
   QString name;
-  QString chosen;
+  QString chosen;          ///< in one line or two
   QStringList teams = {};  ///< whose crests stand beside it
 };
 
@@ -22,6 +22,9 @@ class StepBar : public QWidget {
  public:
   /// `current`: the step one is at, from 0.
   StepBar(const std::vector<FlowStep>& steps, int current, QWidget* parent = nullptr);
+
+  /// Less air, where there is little height.
+  void show_compact(bool compact);
 };
 
 }  // namespace velorin

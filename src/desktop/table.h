@@ -23,6 +23,7 @@ struct TableColumn {
   QString spoken = {};     ///< what screen readers call it, where the heading is empty
   bool stretches = false;  ///< takes what width is left; without any such column the first one that is no number does
   bool teams = false;      ///< its cells name teams, whose crests stand before them
+  int covered = 0;         ///< controls lie over its cells, so many pixels wider than the texts; it is never hidden
 };
 
 struct TableRow {
@@ -30,6 +31,7 @@ struct TableRow {
   bool marked = false;           ///< stands out, also by a sign at its head for those who see no colour
   int id = 0;                    ///< the owner's own
   bool opens = true;             ///< leads on, where the rows of its table do
+  bool covered = false;          ///< a control lies over its first cell, where that column is covered
   QString head = {};             ///< stands before the first column, in no file and no copy: the row's place
 };
 
@@ -42,6 +44,7 @@ struct Table {
   std::vector<TableColumn> columns;
   std::vector<TableRow> rows;
   RowOrder order = RowOrder::told;
+  QString heads = {};  ///< what the heads of the rows are, shown over them
 };
 
 /// The table, or the rows `chosen` of it, as lines of cells parted by tabs, headings first.

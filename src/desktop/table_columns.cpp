@@ -73,6 +73,8 @@ void TableColumns::show(const Table& table) {
   keys_ = keys;
   stretches_ = stretching(table);
   texts_.clear();
+  covered_.clear();
+  for (const TableColumn& column : table.columns) covered_.push_back(column.covered);
   for (const TableColumn& column : table.columns) texts_.push_back(!column.numbers);
   order_is_free_ = table.order == RowOrder::free;
   sortable_ = table.order != RowOrder::fixed;
@@ -105,7 +107,8 @@ void TableColumns::hide_as_kept() {
   const bool any =
       std::any_of(keys_.begin(), keys_.end(), [&](const QString& k) { return !state_.hidden.contains(k); });
   for (int column = 0; column < keys_.size(); ++column) {
-    view_.setColumnHidden(column, any && state_.hidden.contains(keys_[column]));
+    view_.setColumnHidden(
+        column, any && covered_[static_cast<std::size_t>(column)] == 0 && state_.hidden.contains(keys_[column]));
   }
 }
 
@@ -127,7 +130,7 @@ int TableColumns::natural_width(int column) const {
   header->setSortIndicatorShown(sortable_ && header->sortIndicatorSection() == column);
   const int heading = header->sectionSizeHint(column);
   header->setSortIndicatorShown(sortable_);
-  return std::max({contents, heading, narrowest});
+  return std::max({contents + covered_[static_cast<std::size_t>(column)], heading, narrowest});
 }
 
 int TableColumns::drawn_width(int column) const {
@@ -169,7 +172,8 @@ void TableColumns::lay_out() {
   }
   auto of = static_cast<int>(shared.size());
   for (const int column : shared) {
-    const int share = std::max(left / of--, narrowest);
+    const bool whole = covered_[static_cast<std::size_t>(column)] > 0;
+    const int share = std::max(left / of--, whole ? natural_width(column) : narrowest);
     view_.setColumnWidth(column, share);
     left -= share;
   }
@@ -201,7 +205,7 @@ int TableColumns::shown_count() const {
 
 void TableColumns::set_shown(int column, bool shown) {
   if (column < 0 || column >= keys_.size() || is_shown(column) == shown) return;
-  if (!shown && shown_count() == 1) return;
+  if (!shown && (shown_count() == 1 || covered_[static_cast<std::size_t>(column)] > 0)) return;
   {
     const QScopedValueRollback quiet(fitting_, true);
     view_.setColumnHidden(column, !shown);
@@ -245,7 +249,8 @@ void TableColumns::open_menu(const QPoint& at) {
                                                               : QString(keys_[column]).replace('&', "&&"));
     action->setCheckable(true);
     action->setChecked(is_shown(column));
-    action->setEnabled(!is_shown(column) || shown_count() > 1);
+    const bool stays = shown_count() == 1 || covered_[static_cast<std::size_t>(column)] > 0;
+    action->setEnabled(!is_shown(column) || !stays);
     connect(action, &QAction::toggled, this, [this, column](bool on) { set_shown(column, on); });
   }
   menu->addSeparator();

@@ -71,6 +71,7 @@ class TableColumns : public QObject {
   QStringList keys_;             // of the columns, in their order
   std::vector<bool> stretches_;  // likewise
   std::vector<bool> texts_;      // likewise: no figures
+  std::vector<int> covered_;     // likewise: how much wider the controls over them are
   bool order_is_free_ = false;
   bool sortable_ = false;
   TableState state_;

@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QRegularExpression>
+#include <algorithm>
 
 #include "desktop/controls.h"
 #include "desktop/crest.h"
@@ -35,6 +36,29 @@ QVariant sort_value(const QString& text) {
   const auto number = leading.match(text);
   if (number.hasMatch()) return number.captured(1).toDouble();
   return text;
+}
+
+const QRegularExpression& plain_figure() {
+  static const QRegularExpression figure(QStringLiteral("^\\s*-?\\d+(\\.\\d+)?\\s*$"));
+  return figure;
+}
+
+int decimals_of(const QString& text) {
+  const qsizetype point = text.indexOf(QLatin1Char('.'));
+  return point < 0 ? 0 : static_cast<int>(text.trimmed().size() - text.trimmed().indexOf(QLatin1Char('.'))) - 1;
+}
+
+/// The most decimals in a column of figures, where it holds nothing but these and signs for none.
+int most_decimals(const Table& table, std::size_t column) {
+  if (!table.columns[column].numbers) return 0;
+  int most = 0;
+  for (const TableRow& row : table.rows) {
+    const QString text = row.cells[column].text.trimmed();
+    if (text.isEmpty() || text == QLatin1String("-")) continue;
+    if (!plain_figure().match(text).hasMatch()) return 0;
+    most = std::max(most, decimals_of(text));
+  }
+  return most;
 }
 
 QString csv_field(const QString& text) {
@@ -89,7 +113,17 @@ QString table_csv(const Table& table) {
 void TableModel::set_table(Table table) {
   beginResetModel();
   table_ = std::move(table);
+  decimals_.clear();
+  for (std::size_t column = 0; column < table_.columns.size(); ++column)
+    decimals_.push_back(most_decimals(table_, column));
   endResetModel();
+}
+
+void TableModel::set_text(int row, int column, const QString& text) {
+  const auto at = static_cast<std::size_t>(column);
+  table_.rows[static_cast<std::size_t>(row)].cells[at].text = text;
+  decimals_[at] = most_decimals(table_, at);
+  emit dataChanged(index(0, column), index(rowCount() - 1, column));
 }
 
 int TableModel::rowCount(const QModelIndex& parent) const {
@@ -107,11 +141,13 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
   const TableCell& cell = row.cells[static_cast<std::size_t>(index.column())];
   switch (role) {
     case Qt::DisplayRole:
-      return cell.text;
+      return shown_text(index.row(), index.column());
     case Qt::DecorationRole:
       return column.teams && !cell.text.isEmpty() ? QVariant(crest_icon(cell.text)) : QVariant();
     case Qt::UserRole:
       return sort_value(cell.text);
+    case covered_role:
+      return column.covered > 0 && row.covered;
     case Qt::TextAlignmentRole:
       return QVariant(Qt::AlignVCenter | (column.numbers ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::ForegroundRole:
@@ -119,8 +155,7 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     case Qt::BackgroundRole:
       return row.marked ? QVariant(theme().next_ground) : QVariant();
     case Qt::FontRole:
-      return type_font(*static_cast<const QWidget*>(QObject::parent()),
-                       row.marked || cell.look == CellLook::strong ? TypeStep::strong : TypeStep::body);
+      return cell_font(row.marked || cell.look == CellLook::strong);
     case Qt::AccessibleTextRole:
       return QStringLiteral("%1: %2%3")
           .arg(spoken_name(column.heading.trimmed().isEmpty() ? column.spoken : column.heading), cell.text,
@@ -128,6 +163,22 @@ QVariant TableModel::data(const QModelIndex& index, int role) const {
     default:
       return {};
   }
+}
+
+QString TableModel::shown_text(int row, int column) const {
+  const QString& text = table_.rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(column)].text;
+  const int missing = decimals_[static_cast<std::size_t>(column)] - decimals_of(text);
+  if (missing <= 0 || !plain_figure().match(text).hasMatch()) return text;
+  return text.trimmed() + (text.contains(QLatin1Char('.')) ? QString() : QStringLiteral(".")) +
+         QString(missing, QLatin1Char('0'));
+}
+
+QFont TableModel::cell_font(bool strong) const {
+  const auto* view = static_cast<const QWidget*>(QObject::parent());
+  const auto type = [view](TypeStep step) { return view == nullptr ? type_font(step) : type_font(*view, step); };
+  QFont font = type(strong ? TypeStep::strong : TypeStep::body);
+  font.setPointSizeF(type(step_).pointSizeF());
+  return font;
 }
 
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const {

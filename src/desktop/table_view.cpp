@@ -10,16 +10,21 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QSaveFile>
 #include <QShortcut>
+#include <QStyle>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
 #include <cerrno>
 #include <system_error>
 
+#include "desktop/controls.h"
+#include "desktop/enlarged.h"
 #include "desktop/message_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
@@ -28,6 +33,8 @@
 #include "desktop/table_access.h"
 #include "desktop/table_columns.h"
 #include "desktop/table_model.h"
+#include "desktop/terms.h"
+#include "desktop/theme.h"
 #include "model/code_page.h"
 #include "model/game_names.h"
 #include "model/run_time_error.h"
@@ -36,7 +43,8 @@ namespace velorin {
 
 namespace {
 
-constexpr int lowest_row = 28;  // pixels
+constexpr int usual_row = 28;  // pixels
+constexpr int roomy_row = 34;  // from here on larger type may stand
 
 /// Paints the ground of a marked row, which the style sheet leaves out, and tells a text that is cut off.
 class CellPainter : public QStyledItemDelegate {
@@ -46,7 +54,18 @@ class CellPainter : public QStyledItemDelegate {
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const QVariant ground = index.data(Qt::BackgroundRole);
     if (ground.isValid()) painter->fillRect(option.rect, ground.value<QColor>());
-    QStyledItemDelegate::paint(painter, option, index);
+    if (!index.data(covered_role).toBool()) return QStyledItemDelegate::paint(painter, option, index);
+    QStyleOptionViewItem bare = option;
+    initStyleOption(&bare, index);
+    bare.text.clear();
+    const QWidget* view = option.widget;
+    view->style()->drawControl(QStyle::CE_ItemViewItem, &bare, painter, view);
+  }
+
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const auto* view = qobject_cast<const TableView*>(option->widget);
+    if (view != nullptr && view->row_to_press() == index.row()) option->font.setUnderline(true);
   }
 
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
@@ -77,7 +96,7 @@ int error_of_writing(int number, QByteArrayView bytes) {
 }  // namespace
 
 TableView::TableView(const QString& name, QWidget* parent)
-    : QTableView(parent), model_(new TableModel(this)), order_(new RowSorter(this)) {
+    : QTableView(parent), model_(new TableModel(this)), order_(new RowSorter(this)), lowest_row_(usual_row) {
   give_table_access();
   setObjectName(name);
   order_->setSourceModel(model_);
@@ -93,8 +112,10 @@ TableView::TableView(const QString& name, QWidget* parent)
   setCornerButtonEnabled(false);
   verticalHeader()->setVisible(false);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(lowest_row);
+  verticalHeader()->setDefaultSectionSize(lowest_row_);
   verticalHeader()->setMinimumWidth(24);
+  heads_ = new_label({}, TextRole::muted, this);
+  heads_->hide();
   columns_ = new TableColumns(*this);
   // At once, or a scroll bar that is not needed any more would be seen for a moment.
   connect(columns_, &TableColumns::fitted, this, [this] { updateGeometries(); });
@@ -111,11 +132,27 @@ void TableView::set_table(Table table) {
   const bool any_head = std::any_of(table.rows.begin(), table.rows.end(),
                                     [](const TableRow& r) { return r.marked || !r.head.isEmpty(); });
   model_->set_table(std::move(table));
+  measured_.clear();
   verticalHeader()->setVisible(any_head);
+  heads_->setText(model_->table().heads);
+  explain(*heads_, heads_->text());
+  heads_->setVisible(any_head && !heads_->text().isEmpty());
+  verticalHeader()->setMinimumWidth(heads_->isHidden() ? 24 : heads_->sizeHint().width() + 16);
+  fit_type();
   columns_->show(model_->table());
   if (model_->rowCount() > 0) setCurrentIndex(order_->index(0, first_shown_column()));
   clearSelection();
   updateGeometry();
+}
+
+void TableView::set_text(int id, int column, const QString& text) {
+  const std::vector<TableRow>& rows = model_->table().rows;
+  const auto row = std::find_if(rows.begin(), rows.end(), [id](const TableRow& each) { return each.id == id; });
+  if (row == rows.end()) return;
+  model_->set_text(static_cast<int>(row - rows.begin()), column, text);
+  measured_.clear();
+  fit_type();
+  columns_->fit();
 }
 
 int TableView::first_shown_column() const {
@@ -128,6 +165,7 @@ int TableView::first_shown_column() const {
 void TableView::on_open(std::function<void(int id)> act, Opens by) {
   opened_ = std::move(act);
   opens_by_press_ = by == Opens::press;
+  viewport()->setMouseTracking(opens_by_press_);
 }
 
 Table TableView::shown_table() const {
@@ -152,6 +190,40 @@ void TableView::show_all_rows() {
   setMinimumHeight(rows_height());
 }
 
+void TableView::set_lowest_row(int height) {
+  lowest_row_ = height;
+  verticalHeader()->setMinimumSectionSize(height);
+  verticalHeader()->setDefaultSectionSize(height);
+}
+
+int TableView::heads_width() const {
+  if (verticalHeader()->isHidden()) return 0;
+  return std::max(verticalHeader()->minimumWidth(), verticalHeader()->sizeHint().width());
+}
+
+void TableView::place_heads() {
+  heads_->setGeometry(frameWidth() + 8, frameWidth(), heads_->sizeHint().width(), horizontalHeader()->height());
+  heads_->raise();
+}
+
+void TableView::point_at(int row) {
+  if (row == row_to_press_) return;
+  row_to_press_ = row;
+  viewport()->setCursor(row < 0 ? Qt::ArrowCursor : Qt::PointingHandCursor);
+  viewport()->update();
+}
+
+void TableView::mouseMoveEvent(QMouseEvent* event) {
+  QTableView::mouseMoveEvent(event);
+  const QModelIndex at = indexAt(event->position().toPoint());
+  point_at(opens_by_press_ && can_open(at) ? at.row() : -1);
+}
+
+void TableView::leaveEvent(QEvent* event) {
+  QTableView::leaveEvent(event);
+  point_at(-1);
+}
+
 void TableView::grow_rows(int highest, int rows) {
   highest_row_ = highest;
   growing_rows_ = std::max(1, rows);
@@ -161,18 +233,49 @@ void TableView::grow_rows(int highest, int rows) {
 
 void TableView::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
+  place_heads();
+  if (highest_row_ > 0) {
+    const int height = std::clamp(viewport()->height() / growing_rows_, lowest_row_, highest_row_);
+    if (height != verticalHeader()->defaultSectionSize()) verticalHeader()->setDefaultSectionSize(height);
+  }
+  fit_type();
   columns_->fit();
-  if (highest_row_ == 0) return;
-  const int height = std::clamp(viewport()->height() / growing_rows_, lowest_row, highest_row_);
-  if (height != verticalHeader()->defaultSectionSize()) verticalHeader()->setDefaultSectionSize(height);
 }
 
-int TableView::needed_width() const {
-  int width =
-      2 * frameWidth() + (verticalHeader()->isHidden() ? 0 : std::max(24, verticalHeader()->sizeHint().width()));
+void TableView::fit_type() {
+  if (!isVisible() || model_->rowCount() == 0) return;
+  TypeStep step = TypeStep::body;
+  if (width_in(TypeStep::body) > width()) {
+    step = TypeStep::small;
+  } else if (grows_type_ && verticalHeader()->defaultSectionSize() >= roomy_row) {
+    if (width_in(TypeStep::heading) <= width()) step = TypeStep::heading;
+  }
+  if (step == model_->written_in()) return;
+  write_in(step);
+  viewport()->update();
+}
+
+void TableView::write_in(TypeStep step) {
+  model_->write_in(step);
+  horizontalHeader()->setFont(type_font(*this, step == TypeStep::small ? TypeStep::small : TypeStep::body));
+}
+
+int TableView::needed_width() const { return const_cast<TableView*>(this)->width_in(TypeStep::body); }
+
+int TableView::width_in(TypeStep step) {
+  QList<bool> shown;
+  for (int column = 0; column < model_->columnCount(); ++column) shown << columns_->is_shown(column);
+  if (shown != measured_for_) measured_.clear();
+  measured_for_ = shown;
+  if (const auto known = measured_.find(step); known != measured_.end()) return known->second;
+  const TypeStep before = model_->written_in();
+  write_in(step);
+  int width = 2 * frameWidth() + heads_width();
   for (int column = 0; column < model_->columnCount(); ++column) {
     if (columns_->is_shown(column)) width += columns_->natural_width(column);
   }
+  write_in(before);
+  measured_[step] = width;
   return width;
 }
 
@@ -185,10 +288,11 @@ void TableView::copy() const {
   std::vector<int> rows;
   for (const QModelIndex& index : selectionModel()->selectedRows(first_shown_column())) rows.push_back(index.row());
   std::sort(rows.begin(), rows.end());
+  if (rows.empty() && kept_) return QGuiApplication::clipboard()->setText(table_text(kept_()));
   QGuiApplication::clipboard()->setText(table_text(shown_table(), rows));
 }
 
-void TableView::save_csv() { save_table(shown_table(), window()); }
+void TableView::save_csv() { save_table(kept_ ? kept_() : shown_table(), window()); }
 
 void TableView::open_row(const QModelIndex& index) {
   if (!index.isValid()) return;
@@ -255,12 +359,16 @@ void TableView::contextMenuEvent(QContextMenuEvent* event) {
 
 void TableView::showEvent(QShowEvent* event) {
   QTableView::showEvent(event);
+  fit_type();
   columns_->fit();
 }
 
 void TableView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) columns_->fit();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    measured_.clear();
+    columns_->fit();
+  }
 }
 
 void offer_table(QWidget& widget, const std::function<Table()>& table) {

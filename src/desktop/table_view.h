@@ -3,8 +3,12 @@
 
 #include <QTableView>
 #include <functional>
+#include <map>
 
 #include "desktop/table.h"
+#include "desktop/theme.h"
+
+class QLabel;
 
 namespace velorin {
 
@@ -28,6 +32,8 @@ class TableView : public QTableView {
 
   void set_table(Table table);
   const Table& table() const;
+  /// Another text for a cell of the row with this id.
+  void set_text(int id, int column, const QString& text);
   /// The same with the rows in the order shown.
   Table shown_table() const;
   /// What opening a row does; it gets the row's id. Without it rows cannot be opened.
@@ -38,6 +44,8 @@ class TableView : public QTableView {
   TableColumns& columns() const { return *columns_; }
   /// The row of the table at a row of the view.
   int table_row(int view_row) const;
+  /// The row of the view under the pointer that a press would open, -1 for none.
+  int row_to_press() const { return row_to_press_; }
 
   /// All rows are shown at once: the view's height follows their number.
   void show_all_rows();
@@ -45,11 +53,21 @@ class TableView : public QTableView {
   /// The rows grow with the view, up to this height, so that `rows` of them fill it; the view grows no further.
   void grow_rows(int highest, int rows);
 
+  /// Rows may be this low, in pixels, and are until grow_rows lets them grow.
+  void set_lowest_row(int height);
+
+  /// Where rows are high and the width allows, the type is larger.
+  void grow_type() { grows_type_ = true; }
+
+  /// What is copied and saved of the whole table is this instead.
+  void keep_as(std::function<Table()> table) { kept_ = std::move(table); }
+
   void copy() const;
   /// Asks for a file and saves the table there.
   void save_csv();
 
-  /// The least width at which every text of the columns shown is whole, in pixels.
+  /// The least width at which every text of the columns shown is whole in type of the usual size, in pixels. Where
+  /// there is less, the type is smaller.
   int needed_width() const;
 
   QSize sizeHint() const override;
@@ -64,17 +82,33 @@ class TableView : public QTableView {
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
 
  private:
+  void point_at(int row);
   bool sort_by_key(const QKeyEvent& event);
   int first_shown_column() const;
+  /// The least width for the columns shown in this type.
+  int width_in(TypeStep step);
+  void write_in(TypeStep step);
+  void fit_type();
   int rows_height() const;
+  int heads_width() const;
+  void place_heads();
 
   TableModel* model_;
   RowSorter* order_;
   TableColumns* columns_ = nullptr;
   std::function<void(int)> opened_;
+  std::function<Table()> kept_;
   bool opens_by_press_ = false;
+  QLabel* heads_;                     // over the heads of the rows
+  std::map<TypeStep, int> measured_;  // in each type, for the columns shown
+  QList<bool> measured_for_;          // these
+  bool grows_type_ = false;
+  int row_to_press_ = -1;
+  int lowest_row_;
   int highest_row_ = 0;
   int growing_rows_ = 1;
 };

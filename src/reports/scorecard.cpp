@@ -11,7 +11,7 @@ namespace velorin {
 
 namespace {
 
-void fill_batsmen(batting_screen& screen, const batting_card_table& card) {
+void fill_batsmen(batting_screen& screen, const batting_card_table& card, const eleven& men) {
   for (int i = 1; i <= men_in_eleven; ++i) {
     const batting_card_rec& batsman = card[i];
     const bool has_batted = !batsman.name.empty();
@@ -19,7 +19,13 @@ void fill_batsmen(batting_screen& screen, const batting_card_table& card) {
     screen.how_out[i] = batsman.how_out;
     screen.names[i] = batsman.name;
     screen.details_buttons[i] = {batsman.name, has_batted};
+    if (!has_batted && !men[i].name.empty()) screen.to_come.push_back(men[i].name);
     if (!has_batted) continue;
+    screen.fours[i] = number_text(batsman.fours);
+    screen.sixes[i] = number_text(batsman.sixes);
+    if (batsman.balls != 0) {
+      screen.strike_rates[i] = number_text(round_to(static_cast<double>(batsman.runs) / batsman.balls * 100, 2));
+    }
     screen.runs[i] = number_text(batsman.runs);
     screen.balls_faced[i] = "(" + number_text(batsman.balls) + ")";
   }
@@ -60,6 +66,12 @@ bool at_the_crease(const match_state& match, int position) {
   return position == match.striker || position == match.non_striker;
 }
 
+/// All out, all overs bowled, or the target passed.
+bool innings_is_over(const match_state& match) {
+  const bool passed = match.first_total != 0 && match.score_runs > match.first_total;
+  return passed || match.score_wickets >= men_in_eleven - 1 || match.innings_balls >= balls_of_innings;
+}
+
 }  // namespace
 
 double runs_per_over(int runs, int balls) { return round_to(static_cast<double>(runs) / balls * balls_of_over, 2); }
@@ -68,7 +80,8 @@ void scorecard_form::open() {
   static_cast<batting_screen&>(*this) = {};
   ground = match_.venue_name();
   batting_side = match_.team1_name;
-  fill_batsmen(*this, match_.batting_card);
+  to_come_words = innings_is_over(match_) ? "did not bat" : "to come";
+  fill_batsmen(*this, match_.batting_card, match_.batting_xi);
   fill_total(*this, match_.score_runs, match_.score_wickets, match_.innings_balls, "(");
   for (int i = 1; i <= men_in_eleven; ++i) {
     if (at_the_crease(match_, i) && match_.batting_card[i].how == dismissal::none) how_out[i] = "  Not Out   ";
@@ -99,7 +112,8 @@ void first_scorecard_form::open() {
   static_cast<batting_screen&>(*this) = {};
   ground = match_.venue_name();
   batting_side = match_.team2_name;
-  fill_batsmen(*this, match_.first_batting_card);
+  to_come_words = "did not bat";
+  fill_batsmen(*this, match_.first_batting_card, match_.bowling_xi);
   fill_total(*this, match_.first_total, match_.first_wickets, match_.first_balls, " (");
   extras_line = "Extras ( No Balls " + number_text(match_.first_no_balls) + ",Wides " +
                 number_text(match_.first_wides) + " Leg Byes " + number_text(match_.first_leg_byes) + ",Byes " +

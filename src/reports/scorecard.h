@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/batsman_figures.h"
 #include "model/rules.h"
@@ -34,6 +35,11 @@ struct batting_screen {
   std::array<std::string, men_in_eleven + 1> runs;                ///< [1..11] runs
   std::array<std::string, men_in_eleven + 1> balls_faced;         ///< [1..11] balls faced, in brackets
   std::array<batsman_button, men_in_eleven + 1> details_buttons;  ///< [1..11]
+  std::array<std::string, men_in_eleven + 1> fours;               ///< [1..11]
+  std::array<std::string, men_in_eleven + 1> sixes;               ///< [1..11]
+  std::array<std::string, men_in_eleven + 1> strike_rates;        ///< [1..11] to two places, "" while no ball was faced
+  std::vector<std::string> to_come;                               ///< the men who have not come in, or did not
+  std::string to_come_words;                                      ///< what they have for a dismissal
   std::string total;                                              ///< the total
   std::string wickets_and_overs;                                  ///< wickets and overs, in brackets
   std::string run_rate;      ///< runs an over, to two places; "" while no ball was bowled

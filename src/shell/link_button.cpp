@@ -25,9 +25,7 @@ QSize LinkButton::sizeHint() const {
 
 QColor LinkButton::color() const {
   const Theme& t = theme();
-  // On a dark ground the two colours would not be read: their lighter relatives stand in.
-  if (under_pointer_) return t.dark ? t.blue : QColor(0, 0, 255);
-  return t.dark ? t.ball : QColor(192, 0, 0);
+  return under_pointer_ ? t.ink : t.accent;
 }
 
 void LinkButton::enterEvent(QEnterEvent* event) {

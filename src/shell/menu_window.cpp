@@ -94,7 +94,8 @@ void MenuWindow::offer_guide() {
     preferences::set_guide_offered(true);
     const bool guided = ask(*this, QStringLiteral("guide_question"), QStringLiteral("Your first match"),
                             QStringLiteral("Six short hints lead through a first match, each at the place it is "
-                                           "about. Play it now?"));
+                                           "about. Play it now?"),
+                            true);
     if (!guided) return;
     new Guide(*main_window());
     for_play(menu::quick_match)();

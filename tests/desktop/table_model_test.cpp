@@ -26,5 +26,27 @@ TEST(TableModelTest, TeamsHaveTheirCrestsBeforeThem) {
   EXPECT_EQ(kept, "Team,Won\r\nKent,3\r\n,\r\n");
 }
 
+TEST(TableModelTest, FiguresOfAColumnHaveAsManyDecimalsAndAreCopiedAsTheyAre) {
+  TableModel model;
+  Table table{.name = "Rates",
+              .columns = {{.heading = "Man"}, {.heading = "SR", .numbers = true}, {.heading = "HS", .numbers = true}},
+              .rows = {}};
+  table.rows.push_back({{{"A.1"}, {"95"}, {"101*"}}});
+  table.rows.push_back({{{"B"}, {"131.03"}, {"7.5"}}});
+  table.rows.push_back({{{"C"}, {"-"}, {"8"}}});
+  table.rows.push_back({{{"D"}, {"50.5"}, {""}}});
+  model.set_table(table);
+  const auto text = [&](int row, int column) { return model.index(row, column).data().toString(); };
+  EXPECT_EQ(text(0, 1), "95.00");
+  EXPECT_EQ(text(1, 1), "131.03");
+  EXPECT_EQ(text(2, 1), "-");
+  EXPECT_EQ(text(3, 1), "50.50");
+  EXPECT_EQ(text(0, 0), "A.1");
+  EXPECT_EQ(text(2, 2), "8") << "not all of them are figures";
+  EXPECT_EQ(model.index(0, 1).data(Qt::UserRole).toDouble(), 95);
+  EXPECT_TRUE(table_text(model.table()).contains("A.1\t95\t101*\n"));
+  EXPECT_TRUE(table_csv(model.table()).contains("A.1,95,101*\r\n"));
+}
+
 }  // namespace
 }  // namespace velorin::testing

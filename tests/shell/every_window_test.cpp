@@ -136,6 +136,7 @@ TEST_F(EveryWindow, Competitions) {
 TEST_F(EveryWindow, RecordsSettingsAndCredits) {
   user.robot.otherwise([](QWidget& window) { press(window, "accept"); });
   play([&](MenuWindow& menu) {
+    menu.window()->resize(1280, 800);  // the record lists stand beside their table
     for (const char* entry : {"player_profiles", "team_records", "world_rankings"})
       choose(menu, "other_records", entry);
     choose(menu, "batting_stats", "all_batting");

@@ -69,7 +69,10 @@ TEST_F(GuidedMatch, SixHintsComeEachAtItsPlace) {
       QCoreApplication::sendPostedEvents(hint, QEvent::DeferredDelete);
     }
   });
-  user.robot.next("guide_question", pressing("yes"));
+  user.robot.next("guide_question", [](QWidget& window) {
+    EXPECT_TRUE(control<QPushButton>(window, "yes")->isDefault()) << "it invites";
+    press(window, "yes");
+  });
   user.robot.always("quick", pressing("accept"));
   play([&](MenuWindow& menu) { menu.offer_guide(); });
   std::sort(told.begin(), told.end());

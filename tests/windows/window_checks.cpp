@@ -147,7 +147,8 @@ void check_texts(const QWidget& window) {
     if (widget->parentWidget()->objectName() == QLatin1String("qt_scrollarea_viewport")) continue;
     const QRect inside = widget->parentWidget()->rect().adjusted(-1, -1, 1, 1);
     EXPECT_TRUE(inside.contains(widget->geometry()))
-        << described(*widget) << " runs out of " << described(*widget->parentWidget());
+        << described(*widget) << " runs out of " << described(*widget->parentWidget()) << ", " << widget->height()
+        << " at " << widget->y() << " of " << widget->parentWidget()->height();
   }
 }
 

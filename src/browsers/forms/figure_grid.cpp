@@ -17,7 +17,8 @@ FigureCard new_figure_card(const QString& heading) {
   auto* grid = new QGridLayout;
   grid->setHorizontalSpacing(24);
   grid->setVerticalSpacing(4);
-  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(5, 1);
+  grid->setColumnMinimumWidth(2, 12);
   card_rows(card)->addLayout(grid);
   card_rows(card)->addStretch(1);
   return {card, grid};
@@ -33,11 +34,11 @@ QLabel* new_figure(std::string_view caption, const QString& name) {
 
 }  // namespace
 
-QLabel* add_figure(QGridLayout* grid, std::string_view caption, const QString& name, bool numbers) {
-  const int row = grid->rowCount();
-  grid->addWidget(new_label(shown_caption(caption), TextRole::muted), row, 0);
+QLabel* add_figure(QGridLayout* grid, FigurePlace place, std::string_view caption, const QString& name) {
+  const int column = 3 * place.column;
+  grid->addWidget(new_label(shown_caption(caption), TextRole::muted), place.row, column);
   QLabel* value = new_figure(caption, name);
-  grid->addWidget(value, row, 1, numbers ? Qt::AlignRight : Qt::AlignLeft);
+  grid->addWidget(value, place.row, column + 1, Qt::AlignRight);
   return value;
 }
 

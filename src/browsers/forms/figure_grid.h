@@ -20,10 +20,15 @@ struct FigureCard {
 };
 FigureCard new_figure_card(const QString& heading);
 
-/// Adds a caption, as it stands but for its outer blanks, and its value below the figures already in the grid. The
-/// value is the label `name`; `numbers` aligns it to the right.
-QLabel* add_figure(QGridLayout* grid, std::string_view caption, const QString& name, bool numbers);
-/// Likewise, the value under its caption.
+/// Where a figure stands in its grid: from 0, in the first or the second column.
+struct FigurePlace {
+  int row;
+  int column;
+};
+/// Adds a caption, as it stands but for its outer blanks, and beside it its value, aligned to the right: the label
+/// `name`.
+QLabel* add_figure(QGridLayout* grid, FigurePlace place, std::string_view caption, const QString& name);
+/// Adds a caption and the value under it.
 QLabel* add_figure_below(QVBoxLayout* rows, std::string_view caption, const QString& name);
 /// Shows a value; for screen readers it has its caption before it.
 void set_figure(QLabel* value, std::string_view text);

@@ -14,6 +14,7 @@
 
 #include "browsers/forms/figure_grid.h"
 #include "browsers/player_profile.h"
+#include "desktop/card_flow.h"
 #include "desktop/controls.h"
 #include "desktop/crest.h"
 #include "desktop/meter_bar.h"
@@ -82,7 +83,7 @@ Table figures_table(const player_profile_form& form) {
 
 PlayerProfileWindow::PlayerProfileWindow(player_profile_form& form, QWidget* parent)
     : Form(QStringLiteral("Sqdet"), Dismissal::closes, parent), form_(form) {
-  set_title(shown(player_profile_form::title), shown(player_profile_form::title));
+  crest_ = add_head_crest(*this, QStringLiteral("crest"));
   auto* rows = new_column(body(), 1280);
   rows->addWidget(new_lists());
   pages_ = new QStackedWidget;
@@ -91,11 +92,10 @@ PlayerProfileWindow::PlayerProfileWindow(player_profile_form& form, QWidget* par
       form_.teams.empty() ? QStringLiteral("No records yet") : QStringLiteral("Choose a team and a player."),
       TextRole::muted);
   nobody->setAlignment(Qt::AlignCenter);
-  nobody->setMinimumSize(928, 424);
+  nobody->setMinimumHeight(200);
   pages_->addWidget(nobody);
   pages_->addWidget(new_figures());
   pages_->addWidget(new_standing());
-  pages_->setMaximumHeight(560);
   rows->addWidget(pages_, 1);
   rows->addStretch();
   const auto close = [this] {
@@ -131,6 +131,7 @@ QWidget* PlayerProfileWindow::new_lists() {
   return lists;
 }
 
+/// His photo at the left; beside it his figures, and below them how he compares.
 QWidget* PlayerProfileWindow::new_figures() {
   auto* figures = new QWidget;
   auto* row = new QHBoxLayout(figures);
@@ -148,14 +149,60 @@ QWidget* PlayerProfileWindow::new_figures() {
   card_rows(person)->addWidget(photo_, 0, Qt::AlignHCenter);
   card_rows(person)->addLayout(person_);
   card_rows(person)->addStretch(1);
+  row->addWidget(person, 0, Qt::AlignTop);
   auto* right = new QVBoxLayout;
   right->setSpacing(16);
-  row->addWidget(person);
-  row->addWidget(batting.card, 1);
-  right->addWidget(bowling.card, 1);
-  right->addWidget(fielding.card);
+  auto* bowls_and_fields = new QWidget;
+  auto* second = new QVBoxLayout(bowls_and_fields);
+  second->setContentsMargins(0, 0, 0, 0);
+  second->setSpacing(16);
+  second->addWidget(bowling.card, 1);
+  second->addWidget(fielding.card);
+  auto* flow = new CardFlow;
+  flow->add_card(batting.card);
+  flow->add_card(bowls_and_fields);
+  right->addLayout(flow);
+  comparison_ = new_card();
+  card_rows(comparison_)->addWidget(new_label(QStringLiteral("How he compares"), TextRole::heading));
+  auto* ratings = new CardFlow(32);
+  for (int i = 0; i < 3; ++i) {
+    auto* column = new QWidget;
+    auto* rows = new QVBoxLayout(column);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(4);
+    ratings->add_card(column);
+    const SkillRows one = add_skills(*rows, QStringLiteral("compared"), i + 1, i + 1);
+    compared_.insert(compared_.end(), one.begin(), one.end());
+  }
+  card_rows(comparison_)->addLayout(ratings);
+  right->addWidget(comparison_);
+  right->addStretch(1);
   row->addLayout(right, 1);
   return figures;
+}
+
+PlayerProfileWindow::SkillRows PlayerProfileWindow::add_skills(QBoxLayout& rows, const QString& prefix, int first,
+                                                               int last) {
+  SkillRows skills;
+  const auto named = [&prefix](const char* part, int i) {
+    return QStringLiteral("%1%2_%3").arg(prefix, QLatin1String(part)).arg(i);
+  };
+  for (int i = first; i <= last; ++i) {
+    if (first != last) rows.addSpacing(12);
+    auto* text = new_named_label(named("", i), {}, TextRole::strong);
+    auto* bar = new MeterBar(named("_bar", i), QStringLiteral("Men of his role behind him"), 1);
+    auto* place = new_named_label(named("_place", i), {});
+    auto* meaning = new_named_label(named("_meaning", i), {}, TextRole::small_muted);
+    auto* line = new QHBoxLayout;
+    line->addWidget(text, 1);
+    if (first != last) line->addWidget(place);
+    rows.addLayout(line);
+    if (first == last) rows.addWidget(place);
+    rows.addWidget(bar);
+    rows.addWidget(meaning);
+    skills.push_back({text, bar, place, meaning});
+  }
+  return skills;
 }
 
 QWidget* PlayerProfileWindow::new_standing() {
@@ -169,24 +216,12 @@ QWidget* PlayerProfileWindow::new_standing() {
   card_rows(person)->addWidget(newcomer_photo_, 0, Qt::AlignHCenter);
   card_rows(person)->addLayout(newcomer_);
   card_rows(person)->addStretch(1);
-  row->addWidget(person);
+  row->addWidget(person, 0, Qt::AlignTop);
   QFrame* skills = new_card();
   QVBoxLayout* rows = card_rows(skills);
   rows->addWidget(new_label(QStringLiteral("How he compares"), TextRole::heading));
-  for (int i = 1; i <= static_cast<int>(std::tuple_size_v<decltype(squad_standing::skills)>); ++i) {
-    rows->addSpacing(12);
-    auto* text = new_named_label(QStringLiteral("skill_%1").arg(i), {}, TextRole::strong);
-    auto* bar = new MeterBar(QStringLiteral("skill_bar_%1").arg(i), QStringLiteral("Men of his role behind him"), 1);
-    auto* place = new_named_label(QStringLiteral("skill_place_%1").arg(i), {});
-    auto* meaning = new_named_label(QStringLiteral("skill_meaning_%1").arg(i), {}, TextRole::small_muted);
-    auto* line = new QHBoxLayout;
-    line->addWidget(text, 1);
-    line->addWidget(place);
-    rows->addLayout(line);
-    rows->addWidget(bar);
-    rows->addWidget(meaning);
-    skills_.push_back({text, bar, place, meaning});
-  }
+  skills_ = add_skills(*rows, QStringLiteral("skill"), 1,
+                       static_cast<int>(std::tuple_size_v<decltype(squad_standing::skills)>));
   rows->addSpacing(16);
   auto* note = new_named_label(QStringLiteral("no_career"),
                                QStringLiteral("He has no career yet; his first match begins it. Ratings are compared "
@@ -195,7 +230,7 @@ QWidget* PlayerProfileWindow::new_standing() {
   note->setWordWrap(true);
   rows->addWidget(note);
   rows->addStretch(1);
-  row->addWidget(skills, 1);
+  row->addWidget(skills, 1, Qt::AlignTop);
   return page;
 }
 
@@ -221,6 +256,7 @@ void PlayerProfileWindow::list_players() {
 }
 
 void PlayerProfileWindow::refresh() {
+  show_heading();
   if (form_.person.empty()) return;
   if (form_.standing) return show_standing();
   pages_->setCurrentIndex(1);
@@ -229,6 +265,25 @@ void PlayerProfileWindow::refresh() {
   show_block(bowling_, QStringLiteral("bowling"), form_.bowling);
   show_block(fielding_, QStringLiteral("fielding"), form_.fielding);
   photo_->show_photo(shown(form_.person.front().text), form_.photo, teams_->currentText());
+  comparison_->setVisible(form_.compared.has_value());
+  if (form_.compared) show_skills(compared_, *form_.compared);
+}
+
+void PlayerProfileWindow::show_heading() {
+  const QString name = form_.person.empty() ? QString() : shown(form_.person.front().text);
+  set_title(shown(player_profile_form::title), name.isEmpty() ? shown(player_profile_form::title) : name);
+  crest_->show_team(name.isEmpty() ? QString() : teams_->currentText());
+  crest_->setVisible(!name.isEmpty());
+}
+
+void PlayerProfileWindow::show_skills(const SkillRows& rows, const squad_standing& standing) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const rated_skill& skill = standing.skills[i];
+    rows[i].text->setText(QStringLiteral("%1: %2").arg(shown(skill.caption), shown(skill.text)));
+    rows[i].meaning->setText(shown(skill.meaning));
+    rows[i].bar->set_value(skill.share());
+    rows[i].place->setText(shown(skill.place_text));
+  }
 }
 
 void PlayerProfileWindow::show_standing() {
@@ -237,13 +292,7 @@ void PlayerProfileWindow::show_standing() {
   for (const shown_field& field : standing_fields(*form_.standing)) fields.push_back(field);
   show_person(newcomer_, QStringLiteral("newcomer"), fields);
   newcomer_photo_->show_photo(shown(form_.person.front().text), form_.photo, teams_->currentText());
-  for (std::size_t i = 0; i < skills_.size(); ++i) {
-    const rated_skill& skill = form_.standing->skills[i];
-    skills_[i].text->setText(QStringLiteral("%1: %2").arg(shown(skill.caption), shown(skill.text)));
-    skills_[i].meaning->setText(shown(skill.meaning));
-    skills_[i].bar->set_value(skill.share());
-    skills_[i].place->setText(shown(skill.place_text));
-  }
+  show_skills(skills_, *form_.standing);
 }
 
 void PlayerProfileWindow::show_person(QVBoxLayout* rows, const QString& prefix,
@@ -260,7 +309,9 @@ void PlayerProfileWindow::show_block(QGridLayout* grid, const QString& prefix, c
   for (std::size_t i = 0; i < fields.size(); ++i) {
     const QString name = QStringLiteral("%1_%2").arg(prefix).arg(i + 1);
     auto* value = findChild<QLabel*>(name);
-    if (value == nullptr) value = add_figure(grid, fields[i].caption, name, true);
+    const int half = static_cast<int>(fields.size() + 1) / 2;
+    const int place = static_cast<int>(i);
+    if (value == nullptr) value = add_figure(grid, {place % half, place / half}, fields[i].caption, name);
     set_figure(value, fields[i].text);
   }
 }

@@ -5,7 +5,9 @@
 
 #include "desktop/form.h"
 
+class QBoxLayout;
 class QComboBox;
+class QFrame;
 class QGridLayout;
 class QLabel;
 class QStackedWidget;
@@ -13,14 +15,16 @@ class QVBoxLayout;
 
 namespace velorin {
 
+class CrestView;
 class MeterBar;
 class PhotoView;
 struct shown_field;
+struct squad_standing;
 struct player_profile_form;
 
-/// The profile of one player: two lists to choose him by, his figures, his photo; of a man without a career his ratings
-/// and how he compares. Ctrl+C copies the figures as a table,
-/// Ctrl+E saves them as CSV; the context menu offers the same.
+/// The profile of one player: two lists to choose him by, his figures, his photo, his ratings and how he compares; of a
+/// man without a career these alone. Ctrl+C copies the figures as a table, Ctrl+E saves them as CSV; the context menu
+/// offers the same.
 class PlayerProfileWindow : public Form {
   Q_OBJECT
 
@@ -39,6 +43,8 @@ class PlayerProfileWindow : public Form {
   void refresh();
   void show_person(QVBoxLayout* rows, const QString& prefix, const std::vector<shown_field>& fields);
   void show_standing();
+  /// The name over the page, with his team's crest.
+  void show_heading();
   void show_block(QGridLayout* grid, const QString& prefix, const std::vector<shown_field>& fields);
 
   player_profile_form& form_;
@@ -55,7 +61,16 @@ class PlayerProfileWindow : public Form {
     QLabel* place;
     QLabel* meaning;
   };
-  std::vector<SkillRow> skills_;
+  using SkillRows = std::vector<SkillRow>;
+  /// A row for each rating from the `first` to the `last`, counted from 1 and named after `prefix`; of one alone the
+  /// place stands below.
+  static SkillRows add_skills(QBoxLayout& rows, const QString& prefix, int first, int last);
+  static void show_skills(const SkillRows& rows, const squad_standing& standing);
+
+  SkillRows skills_;    // of a man without a career
+  SkillRows compared_;  // of one with a career
+  QFrame* comparison_;  // the card of these
+  CrestView* crest_;
   QGridLayout* batting_;
   QGridLayout* bowling_;
   QGridLayout* fielding_;

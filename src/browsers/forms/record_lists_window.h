@@ -5,13 +5,16 @@
 
 #include "browsers/forms/record_window.h"
 
+class QComboBox;
+class QFrame;
 class QRadioButton;
 
 namespace velorin {
 
 struct record_lists_form;
 
-/// All record lists in one window: their names at the left, the chosen list beside them.
+/// All record lists in one window: their names at the left, the chosen list beside them; in a narrow window they drop
+/// down from above the list.
 class RecordListsWindow : public RecordWindow {
   Q_OBJECT
 
@@ -22,14 +25,19 @@ class RecordListsWindow : public RecordWindow {
 
  protected:
   void press_ok() override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
-  QWidget* new_lists();
+  QFrame* new_lists();
+  QWidget* new_drop_down();
   void choose(int list);
   /// What the form shows now, and its name marked among the lists.
   void show_list();
 
   record_lists_form& lists_;
+  QFrame* at_left_ = nullptr;
+  QWidget* above_ = nullptr;
+  QComboBox* drop_down_ = nullptr;
   std::vector<QRadioButton*> entries_;  // one for each list
 };
 

@@ -31,6 +31,16 @@ bool is_in(std::string_view heading, const Names& names) {
   return std::find(names.begin(), names.end(), heading) != names.end();
 }
 
+/// Whether some row of a list by bowling is of a man who has not bowled.
+bool has_men_without_a_ball(const shown_table& table) {
+  const auto overs = std::find_if(table.columns.begin(), table.columns.end(),
+                                  [](const shown_column& column) { return column.heading == "Ovr"; });
+  if (overs == table.columns.end()) return false;
+  const auto place = static_cast<std::size_t>(overs - table.columns.begin());
+  return std::any_of(table.rows.begin(), table.rows.end(),
+                     [place](const shown_table::row& row) { return row.texts[place] == "0.0"; });
+}
+
 Table table_of(const shown_table& shown_table, bool ranked) {
   Table table;
   table.name = shown(shown_table.title).trimmed();
@@ -43,6 +53,8 @@ Table table_of(const shown_table& shown_table, bool ranked) {
          .stretches = men ? is_in(column.heading, wide_columns) : is_in(column.heading, wide_without_men),
          .teams = is_in(column.heading, team_columns)});
   }
+  const bool of_pairs = std::any_of(shown_table.columns.begin(), shown_table.columns.end(),
+                                    [](const shown_column& column) { return column.heading == "Players"; });
   int index = 0;
   for (const shown_table::row& row : shown_table.rows) {
     TableRow line;
@@ -53,6 +65,7 @@ Table table_of(const shown_table& shown_table, bool ranked) {
     if (ranked) line.head = QString::number(row.place);
     table.rows.push_back(std::move(line));
   }
+  if (ranked) table.heads = of_pairs ? QStringLiteral("Wkt.") : QStringLiteral("Rank");
   return table;
 }
 
@@ -70,11 +83,14 @@ RecordWindow::RecordWindow(front_end& user, const open_database& database, const
   auto* column = new_column(body(), 1376);
   across_->setSpacing(16);
   column->addLayout(across_, 1);
-  auto* rows = new QVBoxLayout;
-  rows->addWidget(table_, 1);
-  rows->addWidget(empty_);
-  rows->addStretch();
-  across_->addLayout(rows, 1);
+  rows_ = new QVBoxLayout;
+  rows_->addWidget(table_, 1);
+  rows_->addWidget(empty_);
+  note_ = new_named_label(QStringLiteral("note"), QStringLiteral("The list is filled up with men who have not bowled."),
+                          TextRole::muted);
+  rows_->addWidget(note_);
+  rows_->addStretch();
+  across_->addLayout(rows_, 1);
   profiles_ = {
       new_profile_button(QStringLiteral("profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, 0),
       new_profile_button(QStringLiteral("partner"), {.caption = QStringLiteral("Partner's Profile"), .mnemonic = u'a'},
@@ -93,6 +109,8 @@ void RecordWindow::press_ok() {
   if (form_.closed) accept();
 }
 
+void RecordWindow::add_above(QWidget* widget) { rows_->insertWidget(0, widget); }
+
 void RecordWindow::add_at_left(QWidget* widget, QWidget* last) {
   across_->insertWidget(0, widget, 0, Qt::AlignTop);
   // From the end on: the table would count as the one behind the last, around the window.
@@ -106,9 +124,10 @@ void RecordWindow::show_table(bool ranked) {
   table_->set_table(table_of(form_.table, ranked));
   // The size remembered may come from shorter names and fewer rows.
   const QSize whole = table_->sizeHint();
-  table_->setMinimumSize(std::clamp(whole.width(), 480, 960), std::clamp(whole.height(), 120, 480));
+  table_->setMinimumSize(std::clamp(whole.width(), 320, 560), std::clamp(whole.height(), 120, 240));
   table_->grow_rows(40, static_cast<int>(form_.table.rows.size()));
   empty_->setVisible(form_.table.rows.empty());
+  note_->setVisible(has_men_without_a_ball(form_.table));
   table_->on_open(names_men(0) ? [this](int row) { open_profile(row, 0); } : std::function<void(int)>());
   for (int man = 0; man < 2; ++man) profiles_[static_cast<std::size_t>(man)]->setVisible(names_men(man));
   follow_row();

@@ -34,6 +34,7 @@ class RecordWindow : public Form {
   void show_table(bool ranked);
   /// The tab key goes from `last`, the last control of the widget, on to the table.
   void add_at_left(QWidget* widget, QWidget* last);
+  void add_above(QWidget* widget);
   /// OK, Escape and the close box.
   virtual void press_ok();
 
@@ -50,8 +51,10 @@ class RecordWindow : public Form {
 
   table_form& form_;
   QHBoxLayout* across_;
+  QVBoxLayout* rows_;
   TableView* table_;
   QLabel* empty_;
+  QLabel* note_;
   std::array<QPushButton*, 2> profiles_{};
   QPushButton* ok_;
   front_end& user_;

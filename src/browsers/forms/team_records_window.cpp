@@ -14,6 +14,7 @@
 #include "browsers/player_profile.h"
 #include "browsers/team_records.h"
 #include "database/open_database.h"
+#include "desktop/card_flow.h"
 #include "desktop/controls.h"
 #include "desktop/crest.h"
 #include "desktop/program_end.h"
@@ -64,10 +65,9 @@ TeamRecordsWindow::TeamRecordsWindow(front_end& user, const open_database& datab
   crest_ = add_head_crest(*this, QStringLiteral("crest"));
   auto* rows = new_column(body(), 1280);
   rows->addWidget(new_list());
-  auto* upper = new QHBoxLayout;
-  upper->setSpacing(16);
-  upper->addWidget(new_results());
-  upper->addWidget(new_extremes(), 1);
+  auto* upper = new CardFlow;
+  upper->add_card(new_results());
+  upper->add_card(new_extremes());
   rows->addLayout(upper);
   rows->addWidget(new_individual());
   rows->addStretch(1);
@@ -128,13 +128,12 @@ QWidget* TeamRecordsWindow::new_results() {
 
 QWidget* TeamRecordsWindow::new_extremes() {
   QFrame* card = new_card();
-  card->setMinimumHeight(280);  // room for totals of two lines
   card_rows(card)->addWidget(new_label(QStringLiteral("Totals"), TextRole::heading));
   for (std::size_t i = 0; i < extremes_.size(); ++i) {
     extremes_[i] =
         add_figure_below(card_rows(card), form_.extremes[i].caption, QStringLiteral("extreme_%1").arg(i + 1));
     extremes_[i]->setWordWrap(true);
-    extremes_[i]->setMinimumWidth(448);
+    extremes_[i]->setMinimumWidth(400);
   }
   card_rows(card)->addStretch(1);
   return card;

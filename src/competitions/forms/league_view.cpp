@@ -38,7 +38,7 @@ TableView* new_league_view(const QString& name, const QString& title, std::span<
   const int missing = room - std::max(1, static_cast<int>(rows.size()));
   view->setMinimumHeight(view->minimumHeight() + missing * view->verticalHeader()->defaultSectionSize());
   view->grow_rows(highest_row, room);
-  view->setMinimumWidth(any_human ? 476 : 440);
+  view->setMinimumWidth(any_human ? 440 : 400);
   return view;
 }
 

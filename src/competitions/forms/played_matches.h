@@ -27,6 +27,6 @@ struct PlayedMatches {
 };
 
 /// What a list says of the rows that lead on.
-inline constexpr const char* leads_on = "A match that has been played opens its report.";
+inline constexpr const char* leads_on = "Press a match to open its report.";
 
 }  // namespace velorin

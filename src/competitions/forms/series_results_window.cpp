@@ -37,7 +37,7 @@ SeriesResultsWindow::SeriesResultsWindow(series_results_form& form, QWidget* par
   set_title(shown(form_.heading), shown(form_.heading));
   show_picture();
   results_->set_table(results_table(form_, played_));
-  results_->setMinimumWidth(std::clamp(results_->sizeHint().width(), 560, 960));
+  results_->setMinimumWidth(std::clamp(results_->sizeHint().width(), 400, 640));
   results_->show_all_rows();
   results_->grow_rows(40, static_cast<int>(form_.rows.size()));
   rows_ = new_column(body(), 1000);

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "competitions/forms/world_cup_fixtures_window.h"
 
-#include <QApplication>
-#include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -44,15 +42,15 @@ TableRow table_row(const world_cup_record& world_cup, const world_cup_fixtures_f
   const auto add = [&](const std::string& text, CellLook look) {
     line.cells.push_back({.text = shown(text), .look = row.is_next ? CellLook::dark_blue : look});
   };
-  add(row.match_number, CellLook::blue);
+  add(row.match_number, CellLook::muted);
   add(row.team_a, CellLook::normal);
   if (with_captains) add(captains.human_a ? "Human" : "", CellLook::muted);
-  add(row.versus, CellLook::red);
+  add(row.versus, CellLook::muted);
   add(row.team_b, CellLook::normal);
   if (with_captains) add(captains.human_b ? "Human" : "", CellLook::muted);
-  add(row.at, CellLook::red);
+  add(row.at, CellLook::muted);
   add(row.venue, CellLook::normal);
-  add(row.result, CellLook::red);
+  add(row.result, CellLook::normal);
   line.marked = row.is_next;
   line.id = place;
   return line;
@@ -61,7 +59,7 @@ TableRow table_row(const world_cup_record& world_cup, const world_cup_fixtures_f
 Table fixtures_table(const world_cup_record& world_cup, const world_cup_fixtures_form& form, bool with_captains) {
   Table table;
   table.name = QStringLiteral("World Cup Fixtures");
-  table.order = RowOrder::fixed;  // it is a part of the list
+  table.order = RowOrder::told;
   table.columns.push_back({.heading = QStringLiteral("Match No.")});
   table.columns.push_back({.heading = QStringLiteral("Team A"), .teams = true});
   if (with_captains) table.columns.push_back({.heading = {}, .spoken = QStringLiteral("Captain of Team A")});
@@ -71,9 +69,9 @@ Table fixtures_table(const world_cup_record& world_cup, const world_cup_fixtures
   table.columns.push_back({.heading = {}, .spoken = QStringLiteral("at")});
   table.columns.push_back({.heading = QStringLiteral("Venue"), .stretches = true});
   table.columns.push_back({.heading = QStringLiteral("Match Result")});
-  int place = form.scroll;
-  for (const world_cup_fixtures_form::row& row : form.rows)
-    table.rows.push_back(table_row(world_cup, row, place++, with_captains));
+  for (int place = 1; place <= form.fixtures; ++place) {
+    table.rows.push_back(table_row(world_cup, form.row_of(place), place, with_captains));
+  }
   return table;
 }
 
@@ -85,35 +83,19 @@ WorldCupFixturesWindow::WorldCupFixturesWindow(const world_cup_record& world_cup
       form_(form),
       any_human_(any_human_side(world_cup, form)),
       list_(new TableView(QStringLiteral("fixtures"))),
-      scroll_(new QScrollBar(Qt::Vertical)),
       world_cup_(world_cup) {
   set_title(QStringLiteral("World Cup Fixtures"), QStringLiteral("World Cup Fixtures"));
   set_subheading(cup_progress(world_cup));
-  auto* row = new QHBoxLayout;
-  row->setSpacing(4);
-  row->addWidget(list_, 1);
-  row->addWidget(scroll_);
   rows_ = new_column(body(), 1400);
-  rows_->addLayout(row, 1);
+  rows_->addWidget(list_, 1);
   rows_->addStretch();
-  scroll_->setObjectName(QStringLiteral("scroll"));
-  scroll_->setAccessibleName(QStringLiteral("Fixtures"));
-  scroll_->setRange(1, form_.scroll_maximum);
-  scroll_->setPageStep(cup_list_rows - 1);
-  scroll_->setValue(form_.scroll);
-  connect(scroll_, &QScrollBar::valueChanged, this, [this](int value) {
-    guarded([&] {
-      form_.scroll_to(value);
-      refresh();
-    });
-  });
+  list_->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+  QScrollBar* scroll = list_->verticalScrollBar();
+  scroll->setObjectName(QStringLiteral("scroll"));
+  connect(scroll, &QScrollBar::valueChanged, this, [this](int value) { form_.scroll_to(value + 1); });
   refresh();
-  list_->show_all_rows();
-  list_->grow_rows(56, cup_list_rows);
-  list_->setMinimumWidth(std::clamp(list_->sizeHint().width(), 800, 940));
-  list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-  list_->installEventFilter(this);
-  list_->viewport()->installEventFilter(this);
+  list_->setMinimumSize(560, 200);
+  list_->grow_rows(48, std::max(cup_list_rows, form_.fixtures));
 
   add_button(QStringLiteral("quit"), {.caption = QStringLiteral("Quit World Cup"), .mnemonic = u'Q'}, [this] {
     if (!ask(*this, QStringLiteral("quit_question"), QStringLiteral("Quit World Cup"),
@@ -137,10 +119,24 @@ void WorldCupFixturesWindow::refresh() {
   Table table = fixtures_table(world_cup_, form_, any_human_);
   for (TableRow& row : table.rows) row.opens = played_.has(row.id);
   list_->set_table(std::move(table));
-  for (int line = 0; line < cup_list_rows; ++line) {
-    if (form_.rows[static_cast<std::size_t>(line)].is_next) list_->setCurrentIndex(list_->model()->index(line, 0));
+  show_next();
+}
+
+/// The present row is that of the next match, in sight.
+void WorldCupFixturesWindow::show_next() {
+  const std::vector<TableRow>& rows = list_->table().rows;
+  for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
+    if (!rows[static_cast<std::size_t>(list_->table_row(row))].marked) continue;
+    const QModelIndex next = list_->model()->index(row, 0);
+    list_->setCurrentIndex(next);
+    list_->scrollTo(next);
   }
   list_->clearSelection();
+}
+
+void WorldCupFixturesWindow::showEvent(QShowEvent* event) {
+  Form::showEvent(event);
+  QTimer::singleShot(0, this, [this] { show_next(); });
 }
 
 void WorldCupFixturesWindow::lead_to(PlayedMatches played) {
@@ -149,31 +145,6 @@ void WorldCupFixturesWindow::lead_to(PlayedMatches played) {
   if (played_.all.empty()) return;
   list_->on_open(played_.open, TableView::Opens::press);
   rows_->insertWidget(1, new_named_label(QStringLiteral("leads_on"), QLatin1String(leads_on), TextRole::muted));
-}
-
-bool WorldCupFixturesWindow::scrolls_on(int key) {
-  const int line = list_->currentIndex().row();
-  const bool on = key == Qt::Key_PageDown || key == Qt::Key_PageUp ||
-                  (key == Qt::Key_Down && line == cup_list_rows - 1) || (key == Qt::Key_Up && line == 0);
-  if (!on) return false;
-  const int column = list_->currentIndex().column();
-  const bool page = key == Qt::Key_PageDown || key == Qt::Key_PageUp;
-  const int step = page ? scroll_->pageStep() : 1;
-  const bool down = key == Qt::Key_PageDown || key == Qt::Key_Down;
-  scroll_->setValue(scroll_->value() + (down ? step : -step));
-  list_->setCurrentIndex(list_->model()->index(line, column));
-  return true;
-}
-
-bool WorldCupFixturesWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == list_ && event->type() == QEvent::KeyPress) {
-    return scrolls_on(static_cast<QKeyEvent*>(event)->key());
-  }
-  if (watched == list_->viewport() && event->type() == QEvent::Wheel) {
-    QApplication::sendEvent(scroll_, event);
-    return true;
-  }
-  return Form::eventFilter(watched, event);
 }
 
 }  // namespace velorin

@@ -4,7 +4,6 @@
 #include "competitions/forms/played_matches.h"
 #include "desktop/form.h"
 
-class QScrollBar;
 class QVBoxLayout;
 
 namespace velorin {
@@ -15,7 +14,7 @@ class TableView;
 struct Table;
 struct world_cup_fixtures_form;
 
-/// The fixture list, ten rows at a time, with the next match marked.
+/// The fixture list with the next match marked and in sight.
 class WorldCupFixturesWindow : public Form {
   Q_OBJECT
 
@@ -28,19 +27,17 @@ class WorldCupFixturesWindow : public Form {
   void lead_to(PlayedMatches played);
 
  protected:
-  /// The list's arrow keys and the wheel go on beyond its ends.
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void refresh();
-  bool scrolls_on(int key);
+  void show_next();
 
   world_cup_fixtures_form& form_;
   bool any_human_;
   PlayedMatches played_;
   TableView* list_;
   QVBoxLayout* rows_;
-  QScrollBar* scroll_;
   const world_cup_record& world_cup_;
 };
 

@@ -2,7 +2,6 @@
 #include "competitions/forms/world_cup_tables_window.h"
 
 #include <QFrame>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -16,7 +15,9 @@
 #include "competitions/next_match.h"
 #include "competitions/world_cup.h"
 #include "competitions/world_cup_tables.h"
+#include "desktop/card_flow.h"
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
@@ -26,9 +27,11 @@ namespace velorin {
 namespace {
 
 /// A table under its heading.
-QLayout* new_table(const QString& name, const char* heading, const std::vector<league_texts>& rows, int room,
+QWidget* new_table(const QString& name, const char* heading, const std::vector<league_texts>& rows, int room,
                    const std::function<bool(const std::string& team)>& is_human) {
-  auto* column = new QVBoxLayout;
+  auto* card = new QWidget;
+  auto* column = new QVBoxLayout(card);
+  column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(4);
   const QString title = QString::fromLatin1(heading);
   auto* head = new_label(title, TextRole::heading);
@@ -38,7 +41,8 @@ QLayout* new_table(const QString& name, const char* heading, const std::vector<l
   human.reserve(rows.size());
   for (const league_texts& row : rows) human.push_back(is_human(row.front()));
   column->addWidget(new_league_view(name, title, rows, cup_headings, room, human), 1);
-  return column;
+  column->addStretch();
+  return card;
 }
 
 bool human_in_any(const world_cup_record& world_cup, const std::string& team) {
@@ -53,24 +57,21 @@ WorldCupTablesWindow::WorldCupTablesWindow(const world_cup_record& world_cup, wo
   set_title(QStringLiteral("World Cup Tables"), QStringLiteral("World Cup Tables"));
   show_picture();
   set_subheading(cup_progress(world_cup));
-  auto* quarters = new QGridLayout;
-  quarters->setHorizontalSpacing(24);
-  quarters->setVerticalSpacing(16);
-  quarters->setColumnStretch(0, 1);
-  quarters->setColumnStretch(1, 1);
   const auto in_group_a = [&](const std::string& team) { return human_in_group_a(world_cup, team); };
   const auto in_group_b = [&](const std::string& team) { return human_in_group_b(world_cup, team); };
   const auto in_any = [&](const std::string& team) { return human_in_any(world_cup, team); };
-  quarters->addLayout(new_table(QStringLiteral("group_a"), "Group A Table", form_.group_a, cup_group_teams, in_group_a),
-                      0, 0);
-  quarters->addLayout(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, cup_group_teams, in_group_b),
-                      0, 1);
-  quarters->addLayout(
-      new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, cup_super_six_places, in_any), 1, 0);
-  quarters->addWidget(new_knock_out(), 1, 1);
+  auto* groups = new CardFlow(24);
+  groups->add_card(new_table(QStringLiteral("group_a"), "Group A Table", form_.group_a, cup_group_teams, in_group_a));
+  groups->add_card(new_table(QStringLiteral("group_b"), "Group B Table", form_.group_b, cup_group_teams, in_group_b));
+  auto* later = new CardFlow(24);
+  later->add_card(
+      new_table(QStringLiteral("super_six"), "Super Six Table", form_.super_six, cup_super_six_places, in_any));
+  later->add_card(new_knock_out(world_cup.grand_final.winner));
   auto* rows = new_column(body(), 1480);
-  rows->addLayout(quarters, 1);
-  rows->addStretch();
+  rows->addLayout(groups);
+  rows->addSpacing(8);
+  rows->addLayout(later);
+  rows->addStretch(1);
   const auto close = [this] {
     form_.accept();
     if (form_.closed) accept();
@@ -89,7 +90,7 @@ void WorldCupTablesWindow::lead_to(const PlayedMatches& played) {
     auto* button = new QPushButton;
     button->setObjectName(QStringLiteral("report_%1").arg(tie + 1));
     button->setAutoDefault(false);
-    button->setProperty("link", true);
+    button->setProperty("compact", true);
     name_act(*button, {.caption = QStringLiteral("Report"),
                        .key = QKeySequence(Qt::Key_F2 + tie),
                        .hint = QStringLiteral("Report of the %1").arg(QLatin1String(names[at])),
@@ -101,9 +102,8 @@ void WorldCupTablesWindow::lead_to(const PlayedMatches& played) {
   }
 }
 
-QWidget* WorldCupTablesWindow::new_knock_out() {
+QWidget* WorldCupTablesWindow::new_knock_out(const std::string& champion) {
   QFrame* card = new_card();
-  card->setMaximumHeight(320);
   const auto add = [&](const char* caption, const char* name, const std::string& text, std::size_t tie) {
     auto* pair = new QVBoxLayout;
     pair->setSpacing(2);
@@ -122,7 +122,18 @@ QWidget* WorldCupTablesWindow::new_knock_out() {
   card_rows(card)->addStretch(1);
   auto* winners = new_named_label(QStringLiteral("winners_line"), shown(form_.winners_line), TextRole::accent);
   winners->setWordWrap(true);
-  card_rows(card)->addWidget(winners);
+  if (champion.empty()) {
+    card_rows(card)->addWidget(winners);
+    return card;
+  }
+  winners->setFont(type_font(TypeStep::title));
+  auto* crest = new CrestView(QStringLiteral("champion"), 96);
+  crest->show_team(shown(champion));
+  auto* last = new QHBoxLayout;
+  last->setSpacing(16);
+  last->addWidget(crest);
+  last->addWidget(winners, 1);
+  card_rows(card)->addLayout(last);
   return card;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 #include "competitions/forms/played_matches.h"
 #include "desktop/form.h"
@@ -27,7 +28,8 @@ class WorldCupTablesWindow : public Form {
   void lead_to(const PlayedMatches& played);
 
  private:
-  QWidget* new_knock_out();
+  /// `champion`: "" while there is none.
+  QWidget* new_knock_out(const std::string& champion);
 
   world_cup_tables_form& form_;
   std::array<QHBoxLayout*, 3> ties_{};  // the row of each tie's caption

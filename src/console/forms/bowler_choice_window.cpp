@@ -41,12 +41,12 @@ BowlerChoiceWindow::BowlerChoiceWindow(const match_play& play, bowler_choice_for
   stand_as(Place::sheet, QStringLiteral("attack"));
   set_title(shown(form.title), shown(form.title));
   set_subheading(shown(play.match.team2_name));
-  men_ = new ManList(QStringLiteral("Bowler"), {{shown(bowler_choice_form::skill_heading), true, "skill"},
-                                                {shown(bowler_choice_form::economy_heading), true, "economy"},
-                                                {QStringLiteral("O-M-R-W"), true, "figures", true},
-                                                {QStringLiteral("Bowler type"), false, nullptr, true},
-                                                {QStringLiteral("To win"), true, "advice"},
-                                                {QString(), false, "note", true}});
+  men_ = new ManList(QStringLiteral("Bowler"), {{shown(bowler_choice_form::skill_heading), true},
+                                                {shown(bowler_choice_form::economy_heading), true},
+                                                {QStringLiteral("O-M-R-W"), true, true},
+                                                {QStringLiteral("Bowler type"), false, true},
+                                                {QStringLiteral("To win"), true},
+                                                {QString(), false, true, QStringLiteral("Note")}});
   for (int row = 1; row <= men_in_eleven; ++row) {
     men_->set_row(row, shown(form_.name(row)), form_.enabled[row],
                   {shown(form_.skill(row)),
@@ -56,6 +56,7 @@ BowlerChoiceWindow::BowlerChoiceWindow(const match_play& play, bowler_choice_for
                    {},
                    note(row)});
   }
+  men_->show_rows();
   body()->addWidget(men_, 1);
   body()->addStretch();
   men_->on_chosen([this](int row) {

@@ -2,22 +2,31 @@
 #include "console/forms/man_list.h"
 
 #include <QButtonGroup>
-#include <QLabel>
 #include <QRadioButton>
+#include <algorithm>
 
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
+#include "desktop/table_view.h"
 #include "model/rules.h"
 
 namespace velorin {
 
+namespace {
+constexpr int lowest_row = 26;  // pixels
+constexpr int highest_row = 40;
+}  // namespace
+
 ManList::ManList(const QString& names_heading, std::vector<Column> columns, QWidget* parent)
-    : BandedGrid(3, parent), columns_(std::move(columns)), group_(new QButtonGroup(this)) {
-  add_heading(0, names_heading, false, true);
-  int at = 0;
-  for (const Column& column : columns_) add_heading(++at, column.heading, column.numbers);
-  on_row_pressed([this](int row) { options_[static_cast<std::size_t>(row)]->click(); });
+    : ButtonTable(QStringLiteral("men"), parent), columns_(std::move(columns)), group_(new QButtonGroup(this)) {
+  // Eleven rows have to fit a sheet on the smallest screen.
+  setStyleSheet(QStringLiteral("QRadioButton { padding: 0px 3px; border-width: 1px; }"));
+  rows_.name = spoken_name(names_heading);
+  rows_.columns.push_back({.heading = names_heading, .stretches = true});
+  for (const Column& column : columns_) {
+    rows_.columns.push_back({.heading = column.heading, .numbers = column.numbers, .spoken = column.spoken});
+  }
 }
 
 void ManList::set_row(int row, const QString& name, bool enabled, const std::vector<QString>& texts) {
@@ -26,36 +35,44 @@ void ManList::set_row(int row, const QString& name, bool enabled, const std::vec
   option->setEnabled(enabled);
   group_->addButton(option, row);
   options_[static_cast<std::size_t>(row)] = option;
-  add(row, 0, option);
-  const auto at = static_cast<std::size_t>(row);
-  names_[at] = name;
+  TableRow line{.cells = {{.text = name}}, .id = row};
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    const Column& column = columns_[i];
-    QLabel* text = new_label(texts[i], column.muted || !enabled ? TextRole::muted : TextRole::body);
-    const char* kind = column.label == nullptr ? "text" : column.label;
-    text->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(kind)).arg(row));
-    add(row, static_cast<int>(i) + 1, text);
-    texts_[at].push_back(text);
+    const bool muted = columns_[i].muted || !enabled;
+    line.cells.push_back({.text = texts[i], .look = muted ? CellLook::muted : CellLook::normal});
   }
+  rows_.rows.push_back(std::move(line));
   speak(row);
   connect(option, &QRadioButton::toggled, this, [this, row](bool on) {
     if (on && chosen_) guarded([&] { chosen_(row); });
   });
 }
 
+TableRow& ManList::filled(int row) {
+  return *std::find_if(rows_.rows.begin(), rows_.rows.end(), [row](const TableRow& line) { return line.id == row; });
+}
+
 void ManList::speak(int row) {
-  const auto at = static_cast<std::size_t>(row);
-  QStringList spoken{names_[at]};
+  const TableRow& line = filled(row);
+  QStringList spoken{line.cells.front().text};
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    const QString text = texts_[at][i]->text();
+    const QString& text = line.cells[i + 1].text;
     if (!text.isEmpty()) spoken << QStringLiteral("%1 %2").arg(columns_[i].heading.trimmed(), text).trimmed();
   }
-  options_[at]->setAccessibleName(spoken.join(QStringLiteral(", ")));
+  options_[static_cast<std::size_t>(row)]->setAccessibleName(spoken.join(QStringLiteral(", ")));
 }
 
 void ManList::set_text(int row, std::size_t column, const QString& text) {
-  texts_[static_cast<std::size_t>(row)][column]->setText(text);
+  filled(row).cells[column + 1].text = text;
+  view().set_text(row, static_cast<int>(column) + 1, text);
   speak(row);
+}
+
+void ManList::show_rows() {
+  std::map<int, QAbstractButton*> buttons;
+  for (const TableRow& row : rows_.rows) buttons[row.id] = options_[static_cast<std::size_t>(row.id)];
+  set_table(rows_, std::move(buttons));
+  set_row_heights(lowest_row, highest_row);
+  view().setMinimumWidth(view().needed_width());
 }
 
 void ManList::choose(int row) {

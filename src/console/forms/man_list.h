@@ -2,9 +2,10 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <vector>
 
-#include "desktop/banded_grid.h"
+#include "desktop/button_table.h"
 #include "model/rules.h"
 
 class QButtonGroup;
@@ -13,9 +14,9 @@ class QRadioButton;
 
 namespace velorin {
 
-/// The eleven men of a side, one to choose: the option buttons `man_1` to `man_11`, each in its row with the
-/// man's figures. Arrow keys and a click on a row choose.
-class ManList : public BandedGrid {
+/// The eleven men of a side, one to choose: the option buttons `man_1` to `man_11`, each in its row of the table `men`
+/// with the man's figures. Arrow keys and a press on a row choose. Sorting moves the rows; a man keeps his number.
+class ManList : public ButtonTable {
   Q_OBJECT
 
  public:
@@ -23,15 +24,17 @@ class ManList : public BandedGrid {
   struct Column {
     QString heading;
     bool numbers = false;
-    const char* label = nullptr;  ///< the texts are named label_1 to label_11; nullptr for texts without names
     bool muted = false;
+    QString spoken = {};  ///< where the heading is empty
   };
 
   ManList(const QString& names_heading, std::vector<Column> columns, QWidget* parent = nullptr);
 
   /// Fills a row from 1 to 11, with a text for each column. A row that is not enabled cannot be chosen.
   void set_row(int row, const QString& name, bool enabled, const std::vector<QString>& texts);
-  /// Another text for a column of a row, from 0 behind the names.
+  /// Shows the rows that have been filled.
+  void show_rows();
+  /// Another text for a column of a row that is shown, from 0 behind the names.
   void set_text(int row, std::size_t column, const QString& text);
   /// Chooses a row, also one that is not enabled, and puts the keyboard on the row or, failing that, on the first one
   /// that can be chosen.
@@ -44,12 +47,12 @@ class ManList : public BandedGrid {
 
  private:
   std::vector<Column> columns_;
+  Table rows_;
   QButtonGroup* group_;
   std::array<QRadioButton*, men_in_eleven + 1> options_{};
-  std::array<QString, men_in_eleven + 1> names_{};
-  std::array<std::vector<QLabel*>, men_in_eleven + 1> texts_{};
   std::function<void(int)> chosen_;
 
+  TableRow& filled(int row);
   void speak(int row);
 };
 

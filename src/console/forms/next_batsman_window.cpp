@@ -35,17 +35,17 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, std::function<level
   limit_body(800);
   set_title(shown(form.title), shown(form.title));
   set_subheading(shown(play.match.team1_name));
-  auto* men =
-      new ManList(shown(next_batsman_form::names_heading), {{shown(next_batsman_form::skill_heading), true, "skill"},
-                                                            {QStringLiteral("Bat Type"), false, nullptr, true},
-                                                            {QStringLiteral("To win"), true, "advice"},
-                                                            {QString(), false, "note", true}});
+  auto* men = new ManList(shown(next_batsman_form::names_heading), {{shown(next_batsman_form::skill_heading), true},
+                                                                    {QStringLiteral("Bat Type"), false, true},
+                                                                    {QStringLiteral("To win"), true},
+                                                                    {QString(), false, true, QStringLiteral("Note")}});
   for (int row = 1; row <= men_in_eleven; ++row) {
     const bool enabled = form_.enabled[row];
     men->set_row(row, shown(form_.name(row)), enabled,
                  {shown(form_.skill(row)), shown(play.match.batting_xi[row].bat_type), QString(),
                   enabled ? QString() : QStringLiteral("Has come in")});
   }
+  men->show_rows();
   body()->addWidget(men, 1);
   body()->addWidget(new_aggression());
   body()->addStretch();

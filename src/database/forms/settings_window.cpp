@@ -21,6 +21,7 @@
 #include "desktop/program_end.h"
 #include "desktop/question.h"
 #include "desktop/shown_text.h"
+#include "desktop/theme.h"
 
 namespace velorin {
 
@@ -71,14 +72,6 @@ SettingsWindow::SettingsWindow(const open_database& database, settings_form& for
   add_sample();
   add_moments();
   body()->addStretch(1);
-  add_button(QStringLiteral("messages"),
-             {.caption = QStringLiteral("Messages"),
-              .mnemonic = u's',
-              .hint = QStringLiteral("Which messages of a match the game stops for")},
-             [this] {
-               MessageKindsWindow kinds(this);
-               run_modal(kinds);
-             });
   add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
                      [this] { confirm(); });
 }
@@ -130,7 +123,9 @@ void SettingsWindow::show_careers() {
   const bool any = form_.has_careers();
   begin_anew_->setEnabled(any);
   careers_note_->setText(
-      any ? QStringLiteral("Matches add to the careers and records of this database.")
+      any ? QStringLiteral(
+                "Matches add to the careers and records of this database. Those that come with the game are of two "
+                "seasons that it played by itself.")
           : QStringLiteral("This database has no careers and records yet. The first match begins them."));
   careers_note_->setVisible(!form_.database.empty());
   begin_anew_->setVisible(!form_.database.empty());
@@ -225,7 +220,17 @@ void SettingsWindow::add_moments() {
       QStringLiteral("A short banner for champions, hundreds, five wickets and wins with the last ball (Alt+M)"));
   moments_->setChecked(preferences::moments());
   QFrame* card = new_card();
-  card_rows(card)->addWidget(moments_);
+  auto* row = new QHBoxLayout;
+  row->addWidget(moments_, 1);
+  row->addWidget(new_act(QStringLiteral("messages"),
+                         {.caption = QStringLiteral("Messages"),
+                          .mnemonic = u's',
+                          .hint = QStringLiteral("Which messages of a match the game stops for")},
+                         [this] {
+                           MessageKindsWindow kinds(this);
+                           run_modal(kinds);
+                         }));
+  card_rows(card)->addLayout(row);
   body()->addWidget(card);
 }
 
@@ -237,8 +242,9 @@ std::optional<long> SettingsWindow::ask_color(long present) {
 
 void SettingsWindow::show_sample() {
   sample_->setStyleSheet(
-      QStringLiteral("QLabel { color: %1; background: %2; border-radius: 4px; }")
-          .arg(shown_color(form_.sample_text_color).name(), shown_color(form_.sample_back_color).name()));
+      QStringLiteral("QLabel { color: %1; background: %2; border: 1px solid %3; border-radius: 4px; }")
+          .arg(shown_color(form_.sample_text_color).name(), shown_color(form_.sample_back_color).name(),
+               theme().line.name()));
 }
 
 void SettingsWindow::confirm() {

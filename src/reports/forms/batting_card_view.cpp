@@ -2,14 +2,16 @@
 #include "reports/forms/batting_card_view.h"
 
 #include <QClipboard>
-#include <QContextMenuEvent>
-#include <QGridLayout>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
+#include <QVBoxLayout>
+#include <map>
+#include <utility>
 
+#include "desktop/button_table.h"
 #include "desktop/controls.h"
 #include "desktop/form.h"
 #include "desktop/program_end.h"
@@ -23,11 +25,9 @@ namespace velorin {
 
 namespace {
 
-enum Column { name, fielder, bowler, runs, balls, columns };
-
-constexpr int row_height = 28;
 constexpr int side_space = 10;
-constexpr QSize large(1100, 640);  // from this size on the type is a step larger
+constexpr int lowest_row = 26;  // pixels
+constexpr int highest_row = 44;
 
 QString numbered(const char* control, int place) {
   return QStringLiteral("%1_%2").arg(QLatin1String(control)).arg(place);
@@ -61,7 +61,43 @@ TableCell cell(const std::string& text) {
   return {.text = shown_caption(text), .look = CellLook::normal, .kept = shown(text)};
 }
 
+TableCell figure(const std::string& text, CellLook look = CellLook::normal) {
+  return {.text = shown(text).remove(QLatin1Char('(')).remove(QLatin1Char(')')), .look = look};
+}
+
+/// Both parts of a dismissal in one line.
+QString dismissal_of(const batting_screen& card, std::size_t i) {
+  return (shown_caption(card.fielders[i]).trimmed() + QLatin1Char(' ') + shown_caption(card.how_out[i]).trimmed())
+      .trimmed();
+}
+
 }  // namespace
+
+Table batsmen_table(const batting_screen& card) {
+  Table table{.name = shown(card.batting_side), .columns = {}, .rows = {}};
+  table.columns = {{.heading = QStringLiteral("Batsman")}, {.heading = QStringLiteral("Dismissal"), .stretches = true}};
+  const std::pair<const char*, const char*> figures[] = {
+      {"Runs", "Runs"}, {"Balls", "Balls"}, {"4s", "Fours"}, {"6s", "Sixes"}, {"SR", "Strike rate"}};
+  for (const auto& [heading, spoken] : figures) {
+    table.columns.push_back({.heading = QLatin1String(heading), .numbers = true, .spoken = QLatin1String(spoken)});
+  }
+  for (std::size_t i = 1; i <= men_in_eleven; ++i) {
+    if (!card.details_buttons[i].visible) continue;
+    table.rows.push_back({.cells = {{.text = shown_caption(card.details_buttons[i].caption), .look = CellLook::strong},
+                                    {.text = dismissal_of(card, i)},
+                                    figure(card.runs[i], CellLook::strong),
+                                    figure(card.balls_faced[i]),
+                                    figure(card.fours[i]),
+                                    figure(card.sixes[i]),
+                                    {.text = shown(card.strike_rates[i])}},
+                          .id = static_cast<int>(i)});
+  }
+  for (const std::string& man : card.to_come) {
+    const TableCell words{.text = shown(card.to_come_words), .look = CellLook::muted};
+    table.rows.push_back({{{.text = shown_caption(man), .look = CellLook::muted}, words, {}, {}, {}, {}, {}}});
+  }
+  return table;
+}
 
 Table batting_table(const batting_screen& card) {
   Table table{.name = shown(card.batting_side), .columns = {}, .rows = {}};
@@ -82,128 +118,73 @@ Table batting_table(const batting_screen& card) {
 }
 
 BattingCardView::BattingCardView(const batting_screen& card, std::function<void(int)> details, QWidget* parent)
-    : QFrame(parent), details_(std::move(details)), table_(batting_table(card)), grid_(new QGridLayout(this)) {
+    : QFrame(parent), details_(std::move(details)), table_(batting_table(card)) {
   setProperty("card", true);
   setObjectName(QStringLiteral("card"));
   setAccessibleName(QStringLiteral("Batting card, %1").arg(shown(card.batting_side)));
-  grid_->setContentsMargins(16, 8, 16, 8);
-  grid_->setHorizontalSpacing(12);
-  grid_->setVerticalSpacing(0);
-  grid_->setColumnStretch(name, 3);
-  grid_->setColumnStretch(fielder, 3);
-  grid_->setColumnStretch(bowler, 4);
-  grid_->setColumnMinimumWidth(name, 170);
-  grid_->setColumnMinimumWidth(fielder, 160);
-  grid_->setColumnMinimumWidth(bowler, 180);
-  grid_->setColumnMinimumWidth(runs, 72);
-  grid_->setColumnMinimumWidth(balls, 72);
-  add_headings();
-  for (int place = 1; place <= men_in_eleven; ++place) add_man(card, place);
-  add_totals(card);
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(12, 12, 12, 8);
+  rows->setSpacing(6);
+  rows->addWidget(new_men(card), 1);
+  add_totals(*rows, card);
 
   connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { copy(); });
   connect(new QShortcut(Qt::CTRL | Qt::Key_E, this), &QShortcut::activated, this,
           [this] { guarded([this] { save_table(table_, window()); }); });
 }
 
-void BattingCardView::add_headings() {
-  auto* batsman = new_label(QStringLiteral("Batsman"), TextRole::small_muted);
-  batsman->setContentsMargins(side_space, 0, 0, 0);
-  grid_->addWidget(batsman, 0, name);
-  grid_->addWidget(new_label(QStringLiteral("Dismissal"), TextRole::small_muted), 0, fielder);
-  grid_->addWidget(new_figure({}, QStringLiteral("Runs"), TextRole::small_muted), 0, runs);
-  auto* faced = new_figure({}, QStringLiteral("Balls"), TextRole::small_muted);
-  faced->setContentsMargins(0, 0, side_space, 0);
-  grid_->addWidget(faced, 0, balls);
-  grid_->setRowMinimumHeight(0, 22);
-}
-
-void BattingCardView::add_man(const batting_screen& card, int place) {
-  const auto i = static_cast<std::size_t>(place);
-  const auto add = [&](QWidget* widget, Column column, TypeStep step) {
-    grid_->addWidget(widget, place, column);
-    rows_.emplace_back(widget, step);
-  };
-  if (place % 2 == 1) {
-    auto* band = new QFrame;
-    band->setProperty("band", true);
-    grid_->addWidget(band, place, 0, 1, columns);
+QWidget* BattingCardView::new_men(const batting_screen& card) {
+  auto* men = new ButtonTable(QStringLiteral("batsmen"));
+  std::map<int, QAbstractButton*> names;
+  for (int place = 1; place <= men_in_eleven; ++place) {
+    const auto i = static_cast<std::size_t>(place);
+    const QString man = shown_caption(card.details_buttons[i].caption);
+    auto* button = new_report_button(numbered("batting_name", place),
+                                     {.caption = man,
+                                      .key = QKeySequence(Qt::Key_F1 + place - 1),
+                                      .hint = QStringLiteral("Details of %1").arg(man),
+                                      .spoken = spoken_row(card, i)},
+                                     [this, place] { details_(place); });
+    button->setProperty("link", true);
+    button->setProperty("flush", true);
+    names[place] = button;
   }
-  const QString man = shown_caption(card.details_buttons[i].caption);
-  auto* button = new_report_button(numbered("batting_name", place),
-                                   {.caption = man,
-                                    .key = QKeySequence(Qt::Key_F1 + place - 1),
-                                    .hint = QStringLiteral("Details of %1").arg(man),
-                                    .spoken = spoken_row(card, i)},
-                                   [this, place] { details_(place); });
-  button->setProperty("link", true);
-  button->setVisible(card.details_buttons[i].visible);
-  grid_->addWidget(button, place, name, Qt::AlignLeft | Qt::AlignVCenter);
-  rows_.emplace_back(button, TypeStep::strong);
-  add(new_named_label(numbered("fielder", place), shown_caption(card.fielders[i])), fielder, TypeStep::body);
-  add(new_named_label(numbered("how_out", place), shown_caption(card.how_out[i])), bowler, TypeStep::body);
-  add(new_figure(numbered("runs", place), shown(card.runs[i]), TextRole::strong), runs, TypeStep::strong);
-  auto* faced = new_figure(numbered("balls_faced", place), shown(card.balls_faced[i]), TextRole::muted);
-  faced->setContentsMargins(0, 0, side_space, 0);
-  add(faced, balls, TypeStep::body);
-  grid_->setRowMinimumHeight(place, row_height);
-  grid_->setRowStretch(place, 1);
+  men->set_table(batsmen_table(card), std::move(names));
+  men->set_row_heights(lowest_row, highest_row);
+  men->view().grow_type();
+  men->view().keep_as([this] { return table_; });
+  return men;
 }
 
-void BattingCardView::add_rule(int row) {
+void BattingCardView::add_totals(QVBoxLayout& rows, const batting_screen& card) {
+  auto* extras = new QHBoxLayout;
+  extras->setContentsMargins(side_space, 0, side_space, 0);
+  extras->addWidget(new_named_label(QStringLiteral("extras_line"), shown(card.extras_line)));
+  extras->addStretch(1);
+  extras->addWidget(new_figure(QStringLiteral("extras_total"), shown(card.extras_total), TextRole::strong));
+  rows.addLayout(extras);
+  auto* not_counted = new_named_label(QStringLiteral("not_counted"), shown(card.not_counted), TextRole::muted);
+  not_counted->setContentsMargins(side_space, 0, 0, 4);
+  rows.addWidget(not_counted);
+  not_counted->setVisible(!card.not_counted.empty());
   auto* rule = new QFrame;
   rule->setProperty("rule", true);
   rule->setFixedHeight(1);
-  grid_->addWidget(rule, row, 0, 1, columns);
-}
+  rows.addWidget(rule);
 
-void BattingCardView::add_totals(const batting_screen& card) {
-  auto* extras = new_named_label(QStringLiteral("extras_line"), shown(card.extras_line));
-  extras->setContentsMargins(side_space, 0, 0, 0);
-  grid_->addWidget(extras, 12, name, 1, 3);
-  rows_.emplace_back(extras, TypeStep::body);
-  auto* sum = new_figure(QStringLiteral("extras_total"), shown(card.extras_total), TextRole::strong);
-  grid_->addWidget(sum, 12, runs);
-  rows_.emplace_back(sum, TypeStep::strong);
-  grid_->setRowMinimumHeight(12, row_height);
-  auto* not_counted = new_named_label(QStringLiteral("not_counted"), shown(card.not_counted), TextRole::muted);
-  not_counted->setContentsMargins(side_space, 0, 0, 4);
-  grid_->addWidget(not_counted, 13, name, 1, 3);
-  not_counted->setVisible(!card.not_counted.empty());
-  add_rule(14);
-
-  auto* rate = new QHBoxLayout;
-  rate->setContentsMargins(side_space, 0, 0, 0);
-  rate->setSpacing(8);
+  auto* total = new QHBoxLayout;
+  total->setContentsMargins(side_space, 0, side_space, 0);
+  total->setSpacing(8);
   auto* rate_caption = new_named_label(QStringLiteral("rate_caption"), QStringLiteral("Run rate"), TextRole::muted);
   rate_caption->setVisible(!card.run_rate.empty());
-  rate->addWidget(rate_caption);
-  rate->addWidget(new_named_label(QStringLiteral("run_rate"), shown(card.run_rate), TextRole::heading));
-  rate->addStretch(1);
-  grid_->addLayout(rate, 15, name);
-  grid_->addWidget(new_figure(QStringLiteral("wickets_and_overs"), shown(card.wickets_and_overs), TextRole::heading),
-                   15, fielder, 1, 2);
-  grid_->addWidget(new_figure(QStringLiteral("total"), shown(card.total), TextRole::score), 15, runs);
-}
-
-void BattingCardView::resizeEvent(QResizeEvent* event) {
-  QFrame::resizeEvent(event);
-  const bool roomy = width() >= large.width() && height() >= large.height();
-  if (roomy == roomy_) return;
-  roomy_ = roomy;
-  for (const auto& [widget, step] : rows_) widget->setFont(type_font(roomy ? TypeStep::heading : step));
+  total->addWidget(rate_caption);
+  total->addWidget(new_named_label(QStringLiteral("run_rate"), shown(card.run_rate), TextRole::heading));
+  total->addStretch(1);
+  total->addWidget(new_figure(QStringLiteral("wickets_and_overs"), shown(card.wickets_and_overs), TextRole::heading));
+  total->addWidget(new_figure(QStringLiteral("total"), shown(card.total), TextRole::score));
+  rows.addLayout(total);
 }
 
 void BattingCardView::copy() const { QGuiApplication::clipboard()->setText(table_text(table_)); }
-
-void BattingCardView::contextMenuEvent(QContextMenuEvent* event) {
-  QMenu menu(this);
-  const QAction* copied = menu.addAction(QStringLiteral("&Copy\tCtrl+C"));
-  const QAction* saved = menu.addAction(QStringLiteral("Save as CS&V ...\tCtrl+E"));
-  const QAction* chosen = menu.exec(event->globalPos());
-  if (chosen == nullptr) return;
-  if (chosen == copied) copy();
-  if (chosen == saved) guarded([this] { save_table(table_, window()); });
-}
 
 }  // namespace velorin

@@ -260,7 +260,7 @@ MatchReportWindow::MatchReportWindow(const match_report& report, ShowProfile pro
   pages_->setFocusPolicy(Qt::NoFocus);
   pages_->setWidgetResizable(true);
   pages_->setWidget(sheet);
-  pages_->setMinimumSize(narrowest_table + 40, 360);
+  pages_->setMinimumSize(narrowest_table + 40, 160);
   body()->addWidget(pages_, 1);
   for (const std::size_t place : {0U, 1U}) add_innings(report.innings[place], place);
   auto* chart = new LineChartView(QStringLiteral("worm"));

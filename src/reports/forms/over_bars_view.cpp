@@ -19,11 +19,13 @@ namespace velorin {
 
 namespace {
 
-// Pixels around the plot: the marks above, the overs below, the runs at the left, the sides at the right.
-constexpr int above = 32;
+// Pixels around the plots: caption and marks above, the overs below, the runs at the left, the rate at the right; and
+// what is between the plots, for the caption of the lower one.
+constexpr int above = 56;
 constexpr int below = 48;
 constexpr int left = 64;
-constexpr int right = 216;
+constexpr int right = 88;
+constexpr int between = 32;
 
 std::size_t at(int index) { return static_cast<std::size_t>(index); }
 
@@ -69,15 +71,14 @@ OverBarsView::OverBarsView(const overs_graph_form& form, QWidget* parent) : QWid
     top_units_ = std::min(top_units_, form_.rate_line_heights[at(half)]);
     captions_[at(half)] = new_named_label(QStringLiteral("caption_%1").arg(half), shown(form_.captions[at(half)]),
                                           TextRole::heading, this);
-    captions_[at(half)]->setWordWrap(true);
   }
 }
 
 double OverBarsView::pitch() const { return (width() - left - right) / double{overs_of_innings}; }
 
-double OverBarsView::y_of(double units) const {
-  const double scale = (height() - above - below) / (overs_graph_form::base_line[1] - top_units_);
-  return above + (units - top_units_) * scale;
+double OverBarsView::y_of(int half, double units) const {
+  const double scale = (height() - above - between - below) / (overs_graph_form::base_line[1] - top_units_);
+  return above + half * between + (units - top_units_) * scale;
 }
 
 double OverBarsView::x_of(int over) const { return left + (over - 0.5) * pitch(); }
@@ -85,8 +86,8 @@ double OverBarsView::x_of(int over) const { return left + (over - 0.5) * pitch()
 QRectF OverBarsView::bar_of(int half, int over) const {
   const over_bar& bar = form_.bars[at(overs_graph_form::place(half, over))];
   const double wide = std::max(2.0, pitch() * 0.72);
-  const double top = y_of(overs_graph_form::base_line[at(half)] - bar.height);
-  return {x_of(over) - wide / 2, top, wide, y_of(overs_graph_form::base_line[at(half)]) - top};
+  const double top = y_of(half, overs_graph_form::base_line[at(half)] - bar.height);
+  return {x_of(over) - wide / 2, top, wide, y_of(half, overs_graph_form::base_line[at(half)]) - top};
 }
 
 QRectF OverBarsView::mark_of(int half, int over) const {
@@ -94,16 +95,12 @@ QRectF OverBarsView::mark_of(int half, int over) const {
   return {x_of(over) - wide / 2, bar_of(half, over).top() - wide - 3, wide, wide};
 }
 
+/// Above the plot, at its left; that of the lower one below the overs of the upper.
 void OverBarsView::place_label(int half) {
   QLabel* label = captions_[at(half)];
-  const int wide = right - 24 - 12;
-  const int high = std::max(label->heightForWidth(wide), label->fontMetrics().height());
-  const double base = overs_graph_form::base_line[at(half)];
-  // Beside the plot, clear of the figure at the end of the rate line.
-  double top = y_of(base - 3000);
-  const double rate = y_of(form_.rate_line_heights[at(half)]);
-  if (rate > top - 20 && rate < top + high + 20) top = rate + 20;
-  label->setGeometry(width() - right + 24, static_cast<int>(std::min(top, y_of(base) - high)), wide, high);
+  constexpr int overs_row = 24;
+  const int top = half == 0 ? 10 : static_cast<int>(y_of(0, overs_graph_form::base_line[0])) + overs_row;
+  label->setGeometry(16, top, width() - 32, label->fontMetrics().height());
 }
 
 void OverBarsView::resizeEvent(QResizeEvent* event) {
@@ -117,13 +114,13 @@ void OverBarsView::paint_axes(QPainter& painter, int half) const {
   const double end = width() - right;
   painter.setFont(type_font(TypeStep::small));
   for (const int runs : overs_graph_form::runs_marks) {
-    const double y = y_of(base - runs * overs_graph_form::units_a_run);
+    const double y = y_of(half, base - runs * overs_graph_form::units_a_run);
     painter.setPen(QPen(t.line, 1, t.high_contrast ? Qt::DotLine : Qt::SolidLine));
     painter.drawLine(QPointF(left, y), QPointF(end, y));
     painter.setPen(t.muted);
     painter.drawText(QRectF(0, y - 12, left - 8, 24), Qt::AlignRight | Qt::AlignVCenter, QString::number(runs));
   }
-  const double y = y_of(base);
+  const double y = y_of(half, base);
   painter.setPen(QPen(t.muted, 1.5));
   painter.drawLine(QPointF(left, y), QPointF(end, y));
   for (const int over : overs_graph_form::overs_marks) {
@@ -131,7 +128,7 @@ void OverBarsView::paint_axes(QPainter& painter, int half) const {
     painter.drawText(QRectF(x_of(over) - 20, y + 3, 40, 18), Qt::AlignCenter, QString::number(over));
   }
   painter.save();
-  painter.translate(16, y_of(base - 10.0 * overs_graph_form::units_a_run));
+  painter.translate(16, y_of(half, base - 10.0 * overs_graph_form::units_a_run));
   painter.rotate(-90);
   painter.drawText(QRectF(-80, -12, 160, 24), Qt::AlignCenter, shown(overs_graph_form::runs_axis));
   painter.restore();
@@ -168,7 +165,7 @@ void OverBarsView::paint_marks(QPainter& painter, int half) const {
 
 void OverBarsView::paint_rate(QPainter& painter, int half) const {
   const Theme& t = theme();
-  const double y = y_of(form_.rate_line_heights[at(half)]);
+  const double y = y_of(half, form_.rate_line_heights[at(half)]);
   const double end = width() - right;
   painter.setPen(QPen(t.card, 3));
   painter.drawLine(QPointF(left, y), QPointF(end, y));
@@ -196,7 +193,7 @@ bool OverBarsView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto* help = static_cast<QHelpEvent*>(event);
   const int over = static_cast<int>((help->pos().x() - left) / pitch()) + 1;
-  const int half = help->pos().y() < y_of(overs_graph_form::base_line[0]) ? 0 : 1;
+  const int half = help->pos().y() < y_of(0, overs_graph_form::base_line[0]) ? 0 : 1;
   if (help->pos().x() >= left && over <= form_.overs[at(half)]) {
     QToolTip::showText(help->globalPos(), over_words(form_, half, over), this);
   } else {

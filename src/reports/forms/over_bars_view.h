@@ -35,7 +35,7 @@ class OverBarsView : public QWidget {
   explicit OverBarsView(const overs_graph_form& form, QWidget* parent = nullptr);
 
   /// Where a height in display units stands in the view, in pixels from its top.
-  double y_of(double units) const;
+  double y_of(int half, double units) const;
   /// The middle of an over's bar, in pixels from the view's left edge.
   double x_of(int over) const;
   /// The rectangle of a bar; its height is 0 for an over without runs.

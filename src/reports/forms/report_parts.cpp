@@ -5,6 +5,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 #include "desktop/form.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -97,8 +99,11 @@ void lay_out_table(Form& form, const QString& title, const QString& table_name, 
   form.set_title(title, title);
   auto* view = new TableView(table_name);
   view->set_table(table);
-  view->setMinimumSize(640, 380);  // eleven rows
-  new_column(form, widest_table)->addWidget(view);
+  view->setMinimumSize(560, 180);
+  view->grow_rows(40, std::max(1, static_cast<int>(table.rows.size())));
+  QVBoxLayout* column = new_column(form, widest_table);
+  column->addWidget(view, 1);
+  column->addStretch();
   add_ok(form);
   view->setFocus();
 }

@@ -10,6 +10,7 @@ namespace velorin {
 /// is the core's, and outlives the window.
 template <class CoreForm>
 void let_leave(Form& window, CoreForm& form) {
+  window.name_way_back(QStringLiteral("Leave"));
   window.on_dismiss([&window, &form] {
     const QString question = QStringLiteral("Leave this match?");
     if (!ask(window, QStringLiteral("leave_question"), question, QStringLiteral("Nothing of it is kept."))) return;

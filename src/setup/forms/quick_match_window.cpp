@@ -10,6 +10,7 @@
 
 #include "desktop/controls.h"
 #include "desktop/shown_text.h"
+#include "desktop/step_bar.h"
 
 namespace velorin {
 
@@ -39,6 +40,8 @@ QuickMatchWindow::QuickMatchWindow(match_state& match, new_match_form& form, std
       answers_(preferences::quick_answers()) {
   set_title(QStringLiteral("Quick Match"), QStringLiteral("Quick Match"));
   as_last_time();
+  // All of them are answered here.
+  if (auto* steps = findChild<StepBar*>()) steps->hide();
   QFrame* card = new_card();
   card_rows(card)->addWidget(new_label(QStringLiteral("The computer answers for you"), TextRole::heading));
   auto* grid = new QGridLayout;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/forms/set_up_steps.h"
 
+#include <algorithm>
+#include <array>
+
 #include "desktop/form.h"
 #include "desktop/shown_text.h"
 #include "desktop/step_bar.h"
@@ -14,7 +17,7 @@ QString teams_chosen(const match_state& match) {
   const auto& [first, second] = match.chosen;
   if (first.name.empty() || second.name.empty()) return {};
   const QString teams = QStringLiteral("%1 v %2").arg(shown(first.name), shown(second.name));
-  return match.venue_name().empty() ? teams : teams + QStringLiteral(", ") + shown(match.venue_name());
+  return match.venue_name().empty() ? teams : teams + QLatin1Char('\n') + shown(match.venue_name());
 }
 
 QStringList crests_of(const match_state& match) {
@@ -24,11 +27,16 @@ QStringList crests_of(const match_state& match) {
 }
 
 QString conditions_chosen(const match_state& match) {
-  return QStringLiteral("Weather %1, pitch %2, bounce %3, outfield %4")
-      .arg(int(match.weather))
-      .arg(int(match.ground.pitch_surface))
-      .arg(int(match.ground.pitch_bounce))
-      .arg(int(match.outfield));
+  static constexpr std::array weathers = {"Rain about", "Overcast", "Sunny", "Hot and humid"};
+  static constexpr std::array pitches = {"green pitch", "cracked pitch", "fair pitch", "flat pitch"};
+  static constexpr std::array bounces = {"High bounce", "Uneven bounce", "Fair bounce", "Even bounce"};
+  static constexpr std::array outfields = {"wet outfield", "slow outfield", "fast outfield", "very fast outfield"};
+  const auto word = [](const auto& words, int value) {
+    return QLatin1String(words.at(static_cast<std::size_t>(std::clamp(value, 1, 4) - 1)));
+  };
+  return QStringLiteral("%1, %2\n%3, %4")
+      .arg(word(weathers, match.weather), word(pitches, match.ground.pitch_surface),
+           word(bounces, match.ground.pitch_bounce), word(outfields, match.outfield));
 }
 
 QString elevens_chosen(const match_state& match, bool both) {

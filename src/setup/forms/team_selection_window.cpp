@@ -6,12 +6,14 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
-#include "desktop/banded_grid.h"
+#include "desktop/button_table.h"
 #include "desktop/controls.h"
 #include "desktop/crest.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
+#include "desktop/table_view.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "setup/forms/leaving.h"
@@ -23,62 +25,72 @@ namespace {
 
 struct Column {
   const char* heading;
-  const char* label;
   std::string (team_selection_form::*text)(int) const;
   bool numbers;
 };
 
 constexpr Column columns[] = {
-    {"Bat Type", "batting_type", &team_selection_form::batting_type, false},
-    {"Bat Skill", "batting_skill", &team_selection_form::batting_skill, true},
-    {"Bowler type", "bowling_type", &team_selection_form::bowling_type, false},
-    {"Bowl SR", "balls_per_wicket", &team_selection_form::balls_per_wicket, true},
-    {"Econ.", "economy", &team_selection_form::economy, true},
+    {"Bat Type", &team_selection_form::batting_type, false},
+    {"Bat Skill", &team_selection_form::batting_skill, true},
+    {"Bowler type", &team_selection_form::bowling_type, false},
+    {"Bowl SR", &team_selection_form::balls_per_wicket, true},
+    {"Econ.", &team_selection_form::economy, true},
 };
 
 }  // namespace
 
 TeamSelectionWindow::TeamSelectionWindow(const match_state& match, team_selection_form& form, QWidget* parent)
     : Form(QStringLiteral("Teamsel"), Dismissal::refused, parent), form_(form), match_(match) {
-  limit_body(1320);
+  limit_body(1000);
   set_title(shown(form.title()), shown(form.heading()));
   add_head_crest(*this, QStringLiteral("crest"))->show_team(shown(form.heading()));
   counter_ = new_named_label(QStringLiteral("selected_count"), {}, TextRole::strong);
-  auto* grid = new BandedGrid(2);
-  // Twenty rows have to fit the smallest screen.
-  grid->setStyleSheet(QStringLiteral("QCheckBox { padding: 0px 3px; border-width: 1px; }"));
-  grid->add_heading(0, QStringLiteral(" Player"), false, true);
-  for (int column = 0; column < 5; ++column) {
-    grid->add_heading(column + 1, QString::fromLatin1(columns[column].heading), columns[column].numbers,
-                      !columns[column].numbers);
-  }
-  for (int place = 1; place <= 20; ++place) add_row(*grid, place);
-  grid->on_row_pressed([this](int row) { boxes_[static_cast<std::size_t>(row)]->click(); });
   body()->setContentsMargins(24, 8, 24, 8);
-  body()->addWidget(grid, 1);
+  body()->addWidget(new_men(), 1);
   body()->addStretch();
   add_acts();
   show_ticks();
+  const auto first =
+      std::find_if(boxes_.begin() + 1, boxes_.end(), [](const QCheckBox* box) { return !box->isHidden(); });
+  if (first != boxes_.end()) (*first)->setFocus();
   let_leave(*this, form_);
 }
 
-void TeamSelectionWindow::add_row(BandedGrid& grid, int place) {
-  const bool visible = form_.row_visible(place);
+QWidget* TeamSelectionWindow::new_men() {
+  auto* men = new ButtonTable(QStringLiteral("men"));
+  // Twenty rows have to fit the smallest screen.
+  men->setStyleSheet(QStringLiteral("QCheckBox { padding: 0px 3px; border-width: 1px; }"));
+  Table table{.name = QStringLiteral("Men"), .columns = {}, .rows = {}, .order = RowOrder::free};
+  table.columns.push_back({.heading = QStringLiteral(" Player"), .stretches = true});
+  for (const Column& column : columns) {
+    table.columns.push_back({.heading = QString::fromLatin1(column.heading), .numbers = column.numbers});
+  }
+  std::map<int, QAbstractButton*> ticks;
+  for (int place = 1; place <= 20; ++place) {
+    QCheckBox* box = new_tick(place);
+    boxes_[static_cast<std::size_t>(place)] = box;
+    ticks[place] = box;
+    if (form_.row_visible(place)) table.rows.push_back(row_of(place));
+  }
+  men->set_table(std::move(table), std::move(ticks));
+  men->set_row_heights(23, 36);
+  return men;
+}
+
+TableRow TeamSelectionWindow::row_of(int place) const {
+  TableRow row{.cells = {{.text = shown(form_.man(place).name)}}, .id = place};
+  for (const Column& column : columns) row.cells.push_back({.text = shown((form_.*column.text)(place))});
+  return row;
+}
+
+QCheckBox* TeamSelectionWindow::new_tick(int place) {
   auto* box = new QCheckBox(button_text(shown(form_.man(place).name)));
   box->setObjectName(QStringLiteral("man_%1").arg(place));
   QStringList spoken{shown(form_.man(place).name)};
-  grid.add(place, 0, box);
-  box->setVisible(visible);
-  int at = 0;
   for (const Column& column : columns) {
-    const QString text = shown((form_.*column.text)(place));
-    auto* label = new_named_label(QStringLiteral("%1_%2").arg(QLatin1String(column.label)).arg(place), text);
-    grid.add(place, ++at, label);
-    label->setVisible(visible);
-    spoken << QStringLiteral("%1 %2").arg(QLatin1String(column.heading), text);
+    spoken << QStringLiteral("%1 %2").arg(QLatin1String(column.heading), shown((form_.*column.text)(place)));
   }
   box->setAccessibleName(spoken.join(QStringLiteral(", ")));
-  boxes_[static_cast<std::size_t>(place)] = box;
   connect(box, &QCheckBox::toggled, this, [this, place](bool on) {
     if (on == form_.ticks[static_cast<std::size_t>(place)]) return;  // shown, not chosen
     guarded([&] {
@@ -86,6 +98,7 @@ void TeamSelectionWindow::add_row(BandedGrid& grid, int place) {
       show_ticks();
     });
   });
+  return box;
 }
 
 void TeamSelectionWindow::add_acts() {

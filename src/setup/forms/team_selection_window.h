@@ -11,8 +11,8 @@ class QLabel;
 namespace velorin {
 
 struct match_state;
+struct TableRow;
 
-class BandedGrid;
 struct team_selection_form;
 
 /// The selection of an eleven: twenty rows to tick.
@@ -24,7 +24,9 @@ class TeamSelectionWindow : public Form {
   explicit TeamSelectionWindow(const match_state& match, team_selection_form& form, QWidget* parent = front_window());
 
  private:
-  void add_row(BandedGrid& grid, int place);
+  QWidget* new_men();
+  QCheckBox* new_tick(int place);
+  TableRow row_of(int place) const;
   void add_acts();
   /// Shows the ticks and the counter as the form has them.
   void show_ticks();

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -254,9 +255,43 @@ TEST_F(RecordWindows, KeepTheNamesOfTheCodePage) {
   EXPECT_THAT(user_.profiles, ElementsAre("\xC9.Gar\xE7on of C\xF4te"));
 }
 
+/// So wide that the names of the lists stand beside the table.
+void make_wide(QWidget& window) {
+  window.resize(1248, 680);
+  QApplication::processEvents();
+}
+
+TEST_F(RecordWindows, DropDownFromAboveTheTableInANarrowWindow) {
+  play_matches(20);
+  Totals totals(1);
+  make_wide(*totals.window);
+  auto* lists = control<QComboBox>(*totals.window, "lists");
+  EXPECT_FALSE(lists->isVisible());
+  press(*totals.window, "list_centurytop_0");
+  control<QRadioButton>(*totals.window, "list_centurytop_0")->setFocus();
+  totals.window->resize(960, 500);
+  QApplication::processEvents();
+  ASSERT_TRUE(lists->isVisible());
+  EXPECT_FALSE(control<QWidget>(*totals.window, "list_centurytop_0")->isVisible());
+  EXPECT_EQ(totals.window->focusWidget(), lists) << "the keyboard stays with the choice";
+  EXPECT_EQ(lists->currentText(), "Batting: Top Century Makers");
+  check_window(*totals.window);
+  for (int place = 0; place < lists->count(); ++place) {
+    lists->setCurrentIndex(place);
+    emit lists->activated(place);
+    const record_list& list = every_record_list[static_cast<std::size_t>(place)];
+    const Listed alone(std::string(list.form).c_str(), list.record_mode);
+    EXPECT_EQ(table_csv(totals.table()), table_csv(alone.table())) << place;
+  }
+  make_wide(*totals.window);
+  EXPECT_FALSE(lists->isVisible());
+  EXPECT_TRUE(control<QRadioButton>(*totals.window, "list_wldrank_0")->isChecked());
+}
+
 TEST_F(RecordWindows, ShowAnotherListByOnePress) {
   play_matches(20);
   Totals totals(1);
+  make_wide(*totals.window);
   const auto size = totals.window->size();
   for (const record_list& list : every_record_list) {
     const std::string key = "list_" + std::string(list.form) + "_" + std::to_string(list.record_mode);
@@ -283,6 +318,7 @@ TEST_F(RecordWindows, ShowAnotherListByOnePress) {
 TEST_F(RecordWindows, AreGoneThroughByTheArrowKeys) {
   play_matches(1);
   Totals totals(1);
+  make_wide(*totals.window);
   totals.window->activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(totals.window.get()));
   auto* entry = control<QRadioButton>(*totals.window, "list_totrecords_1");
@@ -317,6 +353,7 @@ TEST_F(RecordWindows, AGroupIsPassedThrough) {
 TEST_F(RecordWindows, AListThatCannotBeReadLeavesTheFormerOne) {
   play_matches(1);
   Totals totals(1);
+  make_wide(*totals.window);
   std::string told;
   on_failure([&](const std::exception& failure) { told = failure.what(); });
   std::ofstream(data.files.career_file) << std::string(2500, '\xFF');

@@ -3,17 +3,18 @@
 
 #include <gmock/gmock.h>
 
-#include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 
 #include "console/captain_forms.h"
 #include "console/forms/profile_reader.h"
+#include "desktop/table_columns.h"
 #include "model/match_state.h"
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
+#include "windows/table_reader.h"
 #include "windows/window_checks.h"
 
 namespace velorin::testing {
@@ -42,8 +43,8 @@ class BowlerChoiceWindowTest : public ::testing::Test {
   static QRadioButton* option(const QWidget& window, int row) {
     return control<QRadioButton>(window, ("man_" + std::to_string(row)).c_str());
   }
-  static QString text(const QWidget& window, const char* label, int row) {
-    return control<QLabel>(window, (label + std::string("_") + std::to_string(row)).c_str())->text();
+  static QString text(const QWidget& window, const char* heading, int row) {
+    return cell_text(*control<TableView>(window, "men"), row, QString::fromLatin1(heading));
   }
   static bool ok_enabled(const QWidget& window, const char* name) {
     return control<QPushButton>(window, name)->isEnabled();
@@ -67,25 +68,61 @@ TEST_F(BowlerChoiceWindowTest, ShowsWhatACaptainNeeds) {
   for (int row = 1; row <= 11; ++row) {
     EXPECT_EQ(option(window, row)->text(), QString::fromStdString(form.name(row))) << row;
     EXPECT_EQ(option(window, row)->isEnabled(), row != 7 && row != 9) << row;
-    EXPECT_EQ(text(window, "skill", row), QString::fromStdString(form.skill(row))) << row;
-    EXPECT_EQ(text(window, "economy", row), QString::fromStdString(form.economy(row))) << row;
+    EXPECT_EQ(text(window, "Skill", row), QString::fromStdString(form.skill(row))) << row;
+    EXPECT_EQ(text(window, "R.P.O", row), QString::fromStdString(form.economy(row))) << row;
   }
   EXPECT_TRUE(option(window, 8)->isChecked());
-  EXPECT_EQ(text(window, "figures", 8), "5.4-1-27-3");
-  EXPECT_EQ(text(window, "figures", 1), "");
-  EXPECT_EQ(text(window, "note", 6), "10 overs bowled");
-  EXPECT_EQ(text(window, "note", 7), "Wicket-keeper");
-  EXPECT_EQ(text(window, "note", 9), "Bowls at the other end");
-  EXPECT_EQ(text(window, "note", 8), "");
+  EXPECT_EQ(text(window, "O-M-R-W", 8), "5.4-1-27-3");
+  EXPECT_EQ(text(window, "O-M-R-W", 1), "");
+  EXPECT_EQ(text(window, "Note", 6), "10 overs bowled");
+  EXPECT_EQ(text(window, "Note", 7), "Wicket-keeper");
+  EXPECT_EQ(text(window, "Note", 9), "Bowls at the other end");
+  EXPECT_EQ(text(window, "Note", 8), "");
 }
 
 TEST_F(BowlerChoiceWindowTest, TheHeadingsStandAsTheyAreTold) {
   bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
   BowlerChoiceWindow window(in_play(), form);
-  QStringList texts;
-  for (const QLabel* label : window.findChildren<QLabel*>()) texts << label->text();
-  EXPECT_EQ(texts.count("Skill"), 1);
-  EXPECT_EQ(texts.count("R.P.O"), 1);
+  const QStringList headings = headings_of(*control<TableView>(window, "men"));
+  EXPECT_EQ(headings, QStringList({"Bowler", "Skill", "R.P.O", "O-M-R-W", "Bowler type", ""}));
+}
+
+TEST_F(BowlerChoiceWindowTest, ASortedRowKeepsItsMan) {
+  start_play();
+  match.bowling_xi[2].econ = 3.5F;
+  match.bowling_xi[10].econ = 3.25F;
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
+  BowlerChoiceWindow window(in_play(), form);
+  window.show();
+  auto* men = control<TableView>(window, "men");
+  men->columns().sort(2, Qt::AscendingOrder);
+  QCoreApplication::processEvents();
+  ASSERT_EQ(shown_place(*men, 10), 0) << "of all he gives the least";
+  ASSERT_EQ(shown_place(*men, 2), 1);
+  const QPoint first = men->visualRect(men->model()->index(0, 4)).center();
+  QTest::mouseClick(men->viewport(), Qt::LeftButton, {}, first);
+  EXPECT_EQ(form.chosen, 10);
+  EXPECT_TRUE(option(window, 10)->isChecked());
+  EXPECT_LT(option(window, 10)->y(), option(window, 2)->y());
+  for (int row = 1; row <= 11; ++row) {
+    EXPECT_TRUE(row == 10 || row == 2 || option(window, 2)->y() < option(window, row)->y()) << row;
+  }
+  EXPECT_EQ(option(window, 10)->nextInFocusChain(), option(window, 2)) << "the tab key goes by what is shown";
+  check_window(window);
+  press(window, "accept_change");
+  EXPECT_EQ(match.bowler, 10);
+}
+
+TEST_F(BowlerChoiceWindowTest, APressOnAManWhoCannotBowlChoosesNobody) {
+  start_play();
+  bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
+  BowlerChoiceWindow window(in_play(), form);
+  window.show();
+  QCoreApplication::processEvents();
+  auto* men = control<TableView>(window, "men");
+  QTest::mouseClick(men->viewport(), Qt::LeftButton, {}, men->visualRect(men->model()->index(8, 2)).center());
+  EXPECT_EQ(form.chosen, 8);
+  EXPECT_FALSE(option(window, 9)->isChecked());
 }
 
 TEST_F(BowlerChoiceWindowTest, TheCaptainChangesTheBowler) {
@@ -139,7 +176,7 @@ TEST_F(BowlerChoiceWindowTest, TheSecondOpenerMustBeAnotherMan) {
   check_window_at_sizes(window);
   EXPECT_TRUE(option(window, 8)->isChecked());
   EXPECT_FALSE(option(window, 8)->isEnabled());
-  EXPECT_EQ(text(window, "note", 8), "Bowls at the other end");
+  EXPECT_EQ(text(window, "Note", 8), "Bowls at the other end");
   EXPECT_FALSE(ok_enabled(window, "accept_second_opener"));
   EXPECT_EQ(window.focusWidget(), option(window, form.best_row()));
   EXPECT_TRUE(window.focusWidget()->isEnabled());

@@ -15,6 +15,7 @@
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
+#include "windows/table_reader.h"
 #include "windows/window_checks.h"
 
 namespace velorin::testing {
@@ -30,8 +31,8 @@ class NextBatsmanWindowTest : public ::testing::Test {
   static QRadioButton* option(const QWidget& window, int row) {
     return control<QRadioButton>(window, ("man_" + std::to_string(row)).c_str());
   }
-  static QString text(const QWidget& window, const char* label, int row) {
-    return control<QLabel>(window, (label + std::string("_") + std::to_string(row)).c_str())->text();
+  static QString text(const QWidget& window, const char* heading, int row) {
+    return cell_text(*control<TableView>(window, "men"), row, QString::fromLatin1(heading));
   }
 };
 
@@ -54,8 +55,8 @@ TEST_F(NextBatsmanWindowTest, ShowsTheEleven) {
   NextBatsmanWindow window(in_play(), form);
   for (int row = 1; row <= 11; ++row) {
     EXPECT_EQ(option(window, row)->isEnabled(), row > 3) << row;
-    EXPECT_EQ(text(window, "skill", row), QString::fromStdString(form.skill(row))) << row;
-    EXPECT_EQ(text(window, "note", row), row > 3 ? "" : "Has come in") << row;
+    EXPECT_EQ(text(window, "Skill", row), QString::fromStdString(form.skill(row))) << row;
+    EXPECT_EQ(text(window, "Note", row), row > 3 ? "" : "Has come in") << row;
   }
   EXPECT_EQ(option(window, 5)->text(), "R.&& S.Vance");
   EXPECT_TRUE(option(window, 4)->isChecked());
@@ -66,6 +67,7 @@ TEST_F(NextBatsmanWindowTest, TheCaptionsStandAsTheyAreTold) {
   NextBatsmanWindow window(in_play(), form);
   QStringList texts;
   for (const QLabel* label : window.findChildren<QLabel*>()) texts << QString(label->text()).remove(u'&');
+  texts << headings_of(*control<TableView>(window, "men"));
   for (const char* caption : {" Batsmen", " Skill", " Induvidual Agg.", "Defensive", "Aggressive"}) {
     EXPECT_EQ(texts.count(QString::fromLatin1(caption)), 1) << caption;
   }

@@ -54,10 +54,10 @@ TEST_F(OversGraphWindowTest, OneScaleServesBothHalves) {
   OversGraphWindow window(form);
   window.show();
   const auto* bars = control<OverBarsView>(window, "bars");
-  EXPECT_DOUBLE_EQ(bars->bar_of(0, 3).bottom(), bars->y_of(3300));
-  EXPECT_DOUBLE_EQ(bars->bar_of(1, 50).bottom(), bars->y_of(6840));
+  EXPECT_DOUBLE_EQ(bars->bar_of(0, 3).bottom(), bars->y_of(0, 3300));
+  EXPECT_DOUBLE_EQ(bars->bar_of(1, 50).bottom(), bars->y_of(1, 6840));
   EXPECT_NEAR(bars->bar_of(0, 3).height(), 2 * bars->bar_of(1, 50).height(), 1e-6);
-  EXPECT_NEAR(bars->bar_of(0, 3).height() / 12, (bars->y_of(165) - bars->y_of(0)), 1e-6) << "165 units a run";
+  EXPECT_NEAR(bars->bar_of(0, 3).height() / 12, (bars->y_of(0, 165) - bars->y_of(0, 0)), 1e-6) << "165 units a run";
   EXPECT_GT(bars->x_of(50), bars->x_of(3));
 }
 
@@ -73,7 +73,8 @@ TEST_F(OversGraphWindowTest, ThePictureShowsBarsMarksAndTheRate) {
   const QRectF mark = bars->mark_of(0, 3);
   EXPECT_LT(mark.bottom(), bar.top());
   EXPECT_EQ(color_at(picture, QPointF(mark.center().x(), mark.bottom() - 2)), theme().ball);
-  EXPECT_EQ(color_at(picture, QPointF(bars->x_of(50), bars->y_of(3300) - 30)), theme().card) << "not bowled yet";
+  EXPECT_EQ(color_at(picture, QPointF(bars->x_of(50), bars->y_of(0, 3300 - 2 * 165))), theme().card)
+      << "not bowled yet";
 }
 
 TEST_F(OversGraphWindowTest, ASideHasTheColourOfItsLineInBothInnings) {
@@ -106,7 +107,7 @@ TEST_F(OversGraphWindowTest, AnOverBeyondTheScaleIsNotCutOff) {
   auto* bars = control<OverBarsView>(window, "bars");
   EXPECT_GT(bars->bar_of(0, 3).top(), 0);
   EXPECT_GT(bars->mark_of(0, 3).top(), 0);
-  EXPECT_LT(bars->y_of(3300 - 42 * 165), bars->y_of(0));
+  EXPECT_LT(bars->y_of(0, 3300 - 42 * 165), bars->y_of(0, 0));
   EXPECT_EQ(color_at(bars->grab().toImage(), bars->bar_of(0, 3).center()), chart_color(sides_of(form), form.side[0]));
   check_window_at_sizes(window);
 }

@@ -9,6 +9,7 @@
 
 #include "desktop/crest.h"
 #include "desktop/shown_text.h"
+#include "desktop/table_columns.h"
 #include "reports/forms/batting_card_view.h"
 #include "reports/forms/first_scorecard_window.h"
 #include "reports/forms/played_match.h"
@@ -17,6 +18,7 @@
 #include "support/cards.h"
 #include "support/game_in_play.h"
 #include "windows/robot.h"
+#include "windows/table_reader.h"
 #include "windows/window_checks.h"
 
 namespace velorin::testing {
@@ -39,6 +41,12 @@ void show_active(QWidget& window) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
 }
 
+TableView& batsmen(const QWidget& window) { return *control<TableView>(window, "batsmen"); }
+
+QString shown_text(const QWidget& window, int place, const char* heading) {
+  return cell_text(batsmen(window), place, QString::fromLatin1(heading));
+}
+
 void expect_card(const QWidget& window, const batting_screen& card) {
   EXPECT_EQ(text_of(window, "batting_side"), shown(card.batting_side));
   EXPECT_EQ(text_of(window, "ground"), shown(card.ground));
@@ -51,13 +59,21 @@ void expect_card(const QWidget& window, const batting_screen& card) {
   for (int i = 1; i <= 11; ++i) {
     SCOPED_TRACE(i);
     const auto place = static_cast<std::size_t>(i);
-    EXPECT_EQ(text_of(window, named("fielder", i)), shown_caption(card.fielders[place]));
-    EXPECT_EQ(text_of(window, named("how_out", i)), shown_caption(card.how_out[place]));
-    EXPECT_EQ(text_of(window, named("runs", i)), shown(card.runs[place]));
-    EXPECT_EQ(text_of(window, named("balls_faced", i)), shown(card.balls_faced[place]));
     const auto* name = control<QPushButton>(window, named("batting_name", i).c_str());
     EXPECT_EQ(name->text(), shown(card.details_buttons[place].caption));
     EXPECT_EQ(name->isVisible(), card.details_buttons[place].visible);
+    if (!card.details_buttons[place].visible) {
+      EXPECT_EQ(shown_place(batsmen(window), i), -1);
+      continue;
+    }
+    const QString words =
+        shown_caption(card.fielders[place]).trimmed() + ' ' + shown_caption(card.how_out[place]).trimmed();
+    EXPECT_EQ(shown_text(window, i, "Dismissal"), words.trimmed());
+    EXPECT_EQ(shown_text(window, i, "Runs"), shown(card.runs[place]));
+    EXPECT_EQ('(' + shown_text(window, i, "Balls") + ')', shown(card.balls_faced[place]));
+    EXPECT_EQ(shown_text(window, i, "4s"), shown(card.fours[place]));
+    EXPECT_EQ(shown_text(window, i, "6s"), shown(card.sixes[place]));
+    EXPECT_EQ(shown_text(window, i, "SR"), shown(card.strike_rates[place]));
   }
 }
 
@@ -82,7 +98,9 @@ TEST_F(ScorecardWindowTest, BeforeTheFirstBallThereAreTwoMenAndNoRate) {
   EXPECT_FALSE(control<QPushButton>(window, "batting_name_3")->isVisible());
   EXPECT_EQ(text_of(window, "run_rate"), "");
   EXPECT_FALSE(control<QLabel>(window, "rate_caption")->isVisible());
-  EXPECT_EQ(text_of(window, "how_out_1"), "  Not Out   ");
+  EXPECT_EQ(shown_text(window, 1, "Dismissal"), "Not Out");
+  EXPECT_EQ(batsmen(window).table().rows.size(), 11U) << "nine are to come";
+  EXPECT_EQ(batsmen(window).table().rows[10].cells[1].text, "to come");
   QTest::keyClick(&window, Qt::Key_F11);
   EXPECT_TRUE(noting.headlines.empty()) << "the key of a man who has not come in does nothing";
 }
@@ -192,7 +210,7 @@ TEST_F(ScorecardWindowTest, ADoubledAmpersandIsShownOnceAndKeptInFiles) {
   put_out(match.batting_card[1], dismissal::caught_and_bowled, "F.Uluila", {6, "F.Uluila"});
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
-  EXPECT_EQ(text_of(window, "how_out_1"), " c & b F.Uluila");
+  EXPECT_EQ(shown_text(window, 1, "Dismissal"), "c & b F.Uluila");
   const Table table = batting_table(card);
   EXPECT_EQ(table.rows[0].cells[2].text, " c & b F.Uluila");
   EXPECT_TRUE(table_csv(table).contains(" c && b F.Uluila"));
@@ -212,14 +230,34 @@ TEST_F(ScorecardWindowTest, CopyPutsTheCardOnTheClipboard) {
   EXPECT_EQ(lines[12], shown(card.wickets_and_overs) + "\t\t\t" + shown(card.total) + "\t");
 }
 
+TEST_F(ScorecardWindowTest, ASortedCardKeepsItsMenAndIsCopiedAsTold) {
+  const auto card = opened<scorecard_form>();
+  ScorecardWindow window(in_play(), card);
+  show_active(window);
+  TableView& table = batsmen(window);
+  table.columns().sort(2, Qt::DescendingOrder);
+  QCoreApplication::processEvents();
+  const Table shown_now = table.shown_table();
+  const int best = shown_now.rows.front().id;
+  ASSERT_NE(best, 1) << "the first man did not make the most";
+  for (const TableRow& row : shown_now.rows) {
+    EXPECT_LE(row.cells[2].text.toInt(), shown_now.rows.front().cells[2].text.toInt());
+  }
+  QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualRect(table.model()->index(0, 2)).center());
+  EXPECT_EQ(noting.headlines, std::vector<std::string>{card.details(best).headline});
+  check_window(window);
+  QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), table_text(batting_table(card)));
+}
+
 TEST_F(ScorecardWindowTest, ARoomyCardIsWrittenLarger) {
   const auto card = opened<scorecard_form>();
   ScorecardWindow window(in_play(), card);
   window.show();
-  const auto size = [&] { return control<QLabel>(window, "runs_1")->fontInfo().pixelSize(); };
+  const auto size = [&] { return control<QPushButton>(window, "batting_name_1")->font().pointSizeF(); };
   window.resize(smallest_screen);
   QCoreApplication::processEvents();
-  const int usual = size();
+  const double usual = size();
   window.resize(1920, 1080);
   QCoreApplication::processEvents();
   EXPECT_GT(size(), usual);

@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include "desktop/program_end.h"
+#include "desktop/table_columns.h"
 #include "engine/over_play.h"
 #include "model/match_state.h"
 #include "model/random.h"
@@ -21,6 +22,7 @@
 #include "support/scripted_user.h"
 #include "support/small_database.h"
 #include "windows/robot.h"
+#include "windows/table_reader.h"
 #include "windows/window_checks.h"
 
 namespace velorin::testing {
@@ -55,8 +57,9 @@ class TeamSelectionWindowTest : public ::testing::Test {
   static QCheckBox* box(const QWidget& window, int place) {
     return control<QCheckBox>(window, ("man_" + std::to_string(place)).c_str());
   }
-  static QString text(const QWidget& window, const char* label, int place) {
-    return control<QLabel>(window, (label + std::string("_") + std::to_string(place)).c_str())->text();
+  static TableView& men(const QWidget& window) { return *control<TableView>(window, "men"); }
+  static QString text(const QWidget& window, const char* heading, int place) {
+    return cell_text(men(window), place, QString::fromLatin1(heading));
   }
   static QString counter(const QWidget& window) { return control<QLabel>(window, "selected_count")->text(); }
 
@@ -79,12 +82,12 @@ TEST_F(TeamSelectionWindowTest, PassesTheChecksWithTwentyRows) {
 TEST_F(TeamSelectionWindowTest, ShowsTheRows) {
   TeamSelectionWindow window(match, form_);
   EXPECT_EQ(box(window, 4)->text(), "R.&& S.Vance");
-  EXPECT_EQ(text(window, "batting_type", 1), "RH Opener");
-  EXPECT_EQ(text(window, "batting_skill", 20), "20");
-  EXPECT_EQ(text(window, "bowling_type", 6), "Fast Bowler/Wk");
-  EXPECT_EQ(text(window, "bowling_type", 7), "Medium Pacer");
-  EXPECT_EQ(text(window, "balls_per_wicket", 2), "37.5");
-  EXPECT_EQ(text(window, "economy", 1), "4.35");
+  EXPECT_EQ(text(window, "Bat Type", 1), "RH Opener");
+  EXPECT_EQ(text(window, "Bat Skill", 20), "20");
+  EXPECT_EQ(text(window, "Bowler type", 6), "Fast Bowler/Wk");
+  EXPECT_EQ(text(window, "Bowler type", 7), "Medium Pacer");
+  EXPECT_EQ(text(window, "Bowl SR", 2), "37.5");
+  EXPECT_EQ(text(window, "Econ.", 1), "4.35");
   EXPECT_EQ(counter(window), " 0 /11 players selected so far.");
   EXPECT_TRUE(box(window, 6)->accessibleName().contains("Bowler type Fast Bowler/Wk"));
 }
@@ -103,11 +106,8 @@ TEST_F(TeamSelectionWindowTest, ATickByAnAssistiveActionCounts) {
 
 TEST_F(TeamSelectionWindowTest, TheHeadingsStandAsTheyAreTold) {
   TeamSelectionWindow window(match, form_);
-  QStringList texts;
-  for (const QLabel* label : window.findChildren<QLabel*>()) texts << label->text();
-  for (const char* heading : {" Player", "Bat Type", "Bat Skill", "Bowler type", "Bowl SR", "Econ."}) {
-    EXPECT_EQ(texts.count(QString::fromLatin1(heading)), 1) << heading;
-  }
+  EXPECT_EQ(headings_of(men(window)),
+            QStringList({" Player", "Bat Type", "Bat Skill", "Bowler type", "Bowl SR", "Econ."}));
 }
 
 TEST_F(TeamSelectionWindowTest, AnEmptyPlaceHasNoRow) {
@@ -118,9 +118,9 @@ TEST_F(TeamSelectionWindowTest, AnEmptyPlaceHasNoRow) {
   window.show();
   take_picture(window, "teamsel_eleven");
   check_window_at_sizes(window);
-  for (const char* name :
-       {"man_3", "batting_type_3", "batting_skill_3", "bowling_type_3", "balls_per_wicket_3", "economy_3", "man_20"}) {
-    EXPECT_FALSE(control<QWidget>(window, name)->isVisible()) << name;
+  for (const int place : {3, 12, 20}) {
+    EXPECT_FALSE(box(window, place)->isVisible()) << place;
+    EXPECT_EQ(shown_place(men(window), place), -1) << place;
   }
   EXPECT_TRUE(box(window, 11)->isVisible());
 }
@@ -142,12 +142,48 @@ TEST_F(TeamSelectionWindowTest, AClickBesideTheBoxTicksTheRow) {
   TeamSelectionWindow window(match, form_);
   window.show();
   QApplication::processEvents();
-  auto* grid = box(window, 9)->parentWidget();
-  const QWidget* skill = control<QLabel>(window, "batting_skill_9");
-  QTest::mouseClick(grid, Qt::LeftButton, {}, skill->geometry().center());
+  const TableView& table = men(window);
+  QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualRect(table.model()->index(8, 2)).center());
   EXPECT_TRUE(box(window, 9)->isChecked());
   EXPECT_TRUE(form_.ticks[9]);
   EXPECT_EQ(form_.ticked(), 1);
+}
+
+TEST_F(TeamSelectionWindowTest, ASortedRowKeepsItsMan) {
+  TeamSelectionWindow window(match, form_);
+  window.show();
+  TableView& table = men(window);
+  table.columns().sort(2, Qt::AscendingOrder);
+  QApplication::processEvents();
+  ASSERT_EQ(shown_place(table, 20), 0) << "the least skill";
+  QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, table.visualRect(table.model()->index(0, 3)).center());
+  QTest::mouseClick(box(window, 19), Qt::LeftButton, {}, QPoint(8, box(window, 19)->height() / 2));
+  EXPECT_TRUE(form_.ticks[20]);
+  EXPECT_TRUE(form_.ticks[19]);
+  EXPECT_EQ(form_.ticked(), 2);
+  for (int place = 2; place <= 20; ++place) EXPECT_LT(box(window, place)->y(), box(window, place - 1)->y()) << place;
+  EXPECT_EQ(box(window, 20)->nextInFocusChain(), box(window, 19));
+  check_window(window);
+  press(window, "auto_select");
+  for (int place = 1; place <= 20; ++place) EXPECT_EQ(box(window, place)->isChecked(), form_.ticks[place]) << place;
+}
+
+TEST_F(TeamSelectionWindowTest, HiddenColumnsAndTheOrderAreKept) {
+  {
+    TeamSelectionWindow window(match, form_);
+    window.show();
+    men(window).columns().set_shown(1, false);
+    men(window).columns().sort(5, Qt::AscendingOrder);
+    men(window).columns().set_shown(0, false);
+    EXPECT_TRUE(men(window).columns().is_shown(0)) << "the ticks stay";
+  }
+  TeamSelectionWindow window(match, form_);
+  window.show();
+  QApplication::processEvents();
+  EXPECT_FALSE(men(window).columns().is_shown(1));
+  EXPECT_EQ(shown_place(men(window), 1), 0) << "the least runs an over";
+  men(window).columns().set_shown(1, true);
+  men(window).columns().sort_as_told();
 }
 
 TEST_F(TeamSelectionWindowTest, AutoSelectAndClear) {

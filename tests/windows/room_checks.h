@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+
+namespace velorin::testing {
+
+/// What a page keeps to in whatever room it has, on a visible window: nothing in it scrolls sideways, and of two areas
+/// within each other only one scrolls up and down. Failures are test failures.
+void check_room(const QWidget& page);
+
+}  // namespace velorin::testing
