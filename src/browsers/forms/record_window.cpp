@@ -124,7 +124,7 @@ void RecordWindow::show_table(bool ranked) {
   table_->set_table(table_of(form_.table, ranked));
   // The size remembered may come from shorter names and fewer rows.
   const QSize whole = table_->sizeHint();
-  table_->setMinimumSize(std::clamp(whole.width(), 320, 560), std::clamp(whole.height(), 120, 240));
+  table_->setMinimumSize(std::clamp(whole.width(), 320, 720), std::clamp(whole.height(), 120, 240));
   table_->grow_rows(40, static_cast<int>(form_.table.rows.size()));
   empty_->setVisible(form_.table.rows.empty());
   note_->setVisible(has_men_without_a_ball(form_.table));
