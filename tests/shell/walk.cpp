@@ -15,6 +15,7 @@
 #include "model/match_state.h"
 #include "support/game_in_play.h"
 #include "windows/layout_checks.h"
+#include "windows/room_checks.h"
 #include "windows/term_checks.h"
 #include "windows/window_checks.h"
 
@@ -190,6 +191,7 @@ void Walk::look_in_size(QWidget& form, QSize size) {
   check_controls(form);
   check_layout(form);
   check_painted_texts(form);
+  if (form.objectName() != QLatin1String("main")) check_room(form);
   terms_ += check_terms(form);
   // What passes by stands whole in the bar.
   const auto* passing = window.findChild<QLabel*>(QStringLiteral("passing"));
