@@ -143,6 +143,7 @@ recorded_points states_of(const recording& recorded, const std::string& name, co
     keeper.see(now.match);
     return false;
   };
+  options.waits = [&](const game_state& now) { keeper.see(now.match); };
   options.match_ends = [&](const game_state&) { keeper.match_ends(); };
   replay(recorded, name, game, options);
   return keeper.points(game.match);

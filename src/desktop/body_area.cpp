@@ -66,7 +66,9 @@ QSize BodyArea::sizeHint() const { return content_->sizeHint().expandedTo(minimu
 
 QSize BodyArea::minimumSizeHint() const {
   QSize least = content_->minimumSizeHint().expandedTo(content_->minimumSize());
-  if (least.height() > room_.height()) least.rwidth() += bar_width();
+  const bool scrolls =
+      least.height() > room_.height() || (isVisible() && needed_height(viewport()->width()) > height());
+  if (scrolls) least.rwidth() += bar_width();
   return least.boundedTo(room_);
 }
 

@@ -245,7 +245,7 @@ bool Frame::is_torn_off(const Form& form) const {
 
 bool Frame::stands_beside(const Layer& layer) const {
   return layer.form->place() == Form::Place::beside && &layer != &layers_.front() &&
-         area_->width() >= least_width_for_two;
+         area_->width() >= least_width_for_two && area_->height() >= least_height_for_two;
 }
 
 std::size_t Frame::base() const {

@@ -56,6 +56,8 @@ class Frame : public QWidget {
 
   /// From this width on, reports stand beside their page.
   static constexpr int least_width_for_two = 1280;
+  /// In less height, a report needs a bar, and more width for it than a console can spare; in pixels.
+  static constexpr int least_height_for_two = 690;
 
  signals:
   /// Another form waits for its user, or none.

@@ -88,6 +88,8 @@ constexpr Purpose purposes[] = {
     {"message", "Read it, and press OK."},
     {"save_failed", "The game could not be saved. Make room or mend the cause and try again, or go on without."},
     {"guide_question", "Yes begins a match with six hints on the way."},
+    {"nextball", "The chances of the next ball, exact, as the match stands."},
+    {"matchline", "The chance of winning, ball by ball: where the match turned, and what each man moved."},
     {"help", "What one can do here, and by which keys."},
     {"jump", "Type a few letters of a page, a team or a player; Return goes there."},
 };

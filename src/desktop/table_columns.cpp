@@ -130,7 +130,9 @@ int TableColumns::natural_width(int column) const {
   header->setSortIndicatorShown(sortable_ && header->sortIndicatorSection() == column);
   const int heading = header->sectionSizeHint(column);
   header->setSortIndicatorShown(sortable_);
-  return std::max({contents + covered_[static_cast<std::size_t>(column)], heading, narrowest});
+  // Asked for while the view changes its table, a column may not be known yet.
+  const auto at = static_cast<std::size_t>(column);
+  return std::max({contents + (at < covered_.size() ? covered_[at] : 0), heading, narrowest});
 }
 
 int TableColumns::drawn_width(int column) const {

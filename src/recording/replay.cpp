@@ -116,10 +116,7 @@ class recorded_user : public front_end {
   void show(console_form& form) override {
     if (options_.waits) options_.waits(game_);
     try {
-      while (!form.closed()) {
-        if (options_.stops_at && options_.stops_at(game_)) throw play_left{replay_end::stopped};
-        act(form, take());
-      }
+      while (!form.closed()) act(form, take());
     } catch (...) {
       if (options_.console_left) options_.console_left(form);
       throw;

@@ -27,7 +27,7 @@ struct innings_place {
 struct replay_options {
   /// Is shown what the recording answers, as far as it shows something by itself: messages, cards. Outlives the play.
   front_end* watcher = nullptr;
-  /// Called after each ball, as the console waits, and as an over of an unattended match begins; true stops there.
+  /// Called after each ball, and as an over of an unattended match begins; true stops there.
   std::function<bool(const game_state&)> stops_at = {};
   /// Called where the console comes to wait for its user: as it is first shown, and behind each over or ball that he
   /// has asked for.

@@ -25,7 +25,9 @@ QSize LinkButton::sizeHint() const {
 
 QColor LinkButton::color() const {
   const Theme& t = theme();
-  return under_pointer_ ? t.ink : t.accent;
+  // On a dark ground the two colours would not be read: their lighter relatives stand in.
+  if (under_pointer_) return t.dark ? t.blue : QColor(0, 0, 255);
+  return t.dark ? t.ball : QColor(192, 0, 0);
 }
 
 void LinkButton::enterEvent(QEnterEvent* event) {

@@ -89,7 +89,7 @@ SavedGamesWindow::SavedGamesWindow(const GameKeeper& keeper, const std::filesyst
       add_act("copy_game", "Save As", u'S', "Keeps a copy of this game under another name", [this] { copy(); }),
       add_act("rename_game", "Rename", u'R', "Gives this game another name", [this] { rename(); }),
       add_act("delete_game", "Delete", u'D', "Deletes this game", [this] { remove(); }),
-      add_act("match_line", "Win Line", u'W', "How the chance of winning moved in this game's last match",
+      add_act("match_line", "Win Line", u'N', "How the chance of winning moved in this game's last match",
               [this] { open_match_line(game()->file); }),
       add_act("export_game", "Export", u'E', "Writes this game to a file of your choice", [this] { export_game(); })};
   add_act("import_game", "Import", u'I', "Takes a game from a file", [this] { import_game(); });

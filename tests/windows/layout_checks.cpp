@@ -74,6 +74,8 @@ void check_neighbours(const QList<QWidget*>& seen) {
     if (lies_in_layers(*seen[i]) || qobject_cast<QAbstractScrollArea*>(seen[i]->parentWidget()) != nullptr) continue;
     const QRect one = covered_by(*seen[i]);
     if (one.isEmpty()) continue;
+    // The buttons of a table lie over the rows to which they belong.
+    if (seen[i]->parentWidget() != nullptr && seen[i]->parentWidget()->inherits("velorin::ButtonTable")) continue;
     for (qsizetype j = i + 1; j < seen.size(); ++j) {
       if (seen[j]->parentWidget() != seen[i]->parentWidget() || lies_in_layers(*seen[j])) continue;
       const QRect both = one.intersected(covered_by(*seen[j]));

@@ -23,7 +23,8 @@ bool scrolls(const QAbstractScrollArea& area) {
 void check_room(const QWidget& page) {
   for (const QAbstractScrollArea* area : page.findChildren<QAbstractScrollArea*>()) {
     if (!area->isVisible() || area->window() != page.window()) continue;
-    EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << named(*area) << " scrolls sideways";
+    EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0)
+        << named(*area) << " of " << area->width() << "x" << area->height() << " scrolls sideways";
     if (!scrolls(*area)) continue;
     for (const QWidget* at = area->parentWidget(); at != nullptr && at != &page; at = at->parentWidget()) {
       const auto* outer = qobject_cast<const QAbstractScrollArea*>(at);

@@ -30,8 +30,10 @@ SheetAdviser::Acts advised_men(ManList& men, const match_state& match, advised_s
   }
   SheetAdviser::Acts acts;
   acts.leave = std::move(leave);
+  men.show_column(column, false);
   if (choices.empty()) return acts;
   acts.advise = [&men, &match, side, choices, column]() -> BackWork::Work {
+    men.show_column(column, true);
     for (const captains_choice& choice : choices) men.set_text(choice.position, column, QStringLiteral("\u2026"));
     const auto state = std::make_shared<const match_state>(match);
     return [&men, state, side, choices, column](const std::stop_token& stop, const auto&) -> BackWork::Show {
@@ -46,6 +48,7 @@ SheetAdviser::Acts advised_men(ManList& men, const match_state& match, advised_s
   };
   acts.clear = [&men, choices, column] {
     for (const captains_choice& choice : choices) men.set_text(choice.position, column, {});
+    men.show_column(column, false);
   };
   return acts;
 }

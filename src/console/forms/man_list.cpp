@@ -8,6 +8,7 @@
 #include "desktop/controls.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
+#include "desktop/table_columns.h"
 #include "desktop/table_view.h"
 #include "model/rules.h"
 
@@ -65,6 +66,11 @@ void ManList::set_text(int row, std::size_t column, const QString& text) {
   filled(row).cells[column + 1].text = text;
   view().set_text(row, static_cast<int>(column) + 1, text);
   speak(row);
+}
+
+void ManList::show_column(std::size_t column, bool shown) {
+  view().setColumnHidden(static_cast<int>(column) + 1, !shown);
+  view().columns().fit();
 }
 
 void ManList::show_rows() {

@@ -36,6 +36,8 @@ class ManList : public ButtonTable {
   void show_rows();
   /// Another text for a column of a row that is shown, from 0 behind the names.
   void set_text(int row, std::size_t column, const QString& text);
+  /// Shows or hides a column, likewise, without keeping it.
+  void show_column(std::size_t column, bool shown);
   /// Chooses a row, also one that is not enabled, and puts the keyboard on the row or, failing that, on the first one
   /// that can be chosen.
   void choose(int row);

@@ -69,7 +69,7 @@ void ConsoleWindow::note_beside(bool beside) {
 
 ConsoleWindow::Arrangement ConsoleWindow::arrangement() const {
   constexpr int wide_from = 1600;
-  constexpr int low_below = 620;
+  constexpr int low_below = 700;
   constexpr int least_of_three_columns = 760;
   if (beside_ && width() < half_from) return Arrangement::strip;
   if (beside_ && width() < narrow_from) return Arrangement::half;

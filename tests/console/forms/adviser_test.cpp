@@ -25,6 +25,7 @@
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
+#include "windows/table_reader.h"
 #include "windows/term_checks.h"
 #include "windows/window_checks.h"
 
@@ -50,6 +51,16 @@ class AdviserInSheets : public ::testing::Test {
     }
     ASSERT_EQ(match.next_step, play_step::next_batsman);
   }
+  /// What the adviser says of a man; "" while he is hidden.
+  static QString advice_of(const QWidget& window, int man) {
+    const auto* men = window.findChild<TableView*>(QStringLiteral("men"));
+    const QString told = cell_text(*men, man, QStringLiteral("To win"));
+    EXPECT_TRUE(told.isEmpty() || shows(*men, QStringLiteral("To win")));
+    return told;
+  }
+  static bool shows(const TableView& view, const QString& heading) {
+    return !view.isColumnHidden(static_cast<int>(headings_of(view).indexOf(heading)));
+  }
   static QString text(const QWidget& window, const QString& label) { return window.findChild<QLabel*>(label)->text(); }
 
  private:
@@ -63,11 +74,11 @@ TEST_F(AdviserInSheets, EachBowlerHasHisDifferenceOnceTheAdviserIsTurnedOn) {
   bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
   BowlerChoiceWindow window(in_play(), form);
   window.show();
-  EXPECT_EQ(text(window, "advice_10"), "");
+  EXPECT_EQ(advice_of(window, 10), "");
   press(window, "adviser");
   EXPECT_TRUE(preferences::adviser());
-  const auto advised = [&] { return difference.match(text(window, "advice_10")).hasMatch(); };
-  EXPECT_TRUE(QTest::qWaitFor(advised, 60'000)) << text(window, "advice_10").toStdString();
+  const auto advised = [&] { return difference.match(advice_of(window, 10)).hasMatch(); };
+  EXPECT_TRUE(QTest::qWaitFor(advised, 60'000)) << advice_of(window, 10).toStdString();
   const std::vector<advice> wanted =
       advise(match, advised_side::bowling, {{captains_choice::kind::bowler, 10}, {captains_choice::kind::bowler, 11}},
              {.runs = runs_of_advice, .seed = 1, .threads = 2, .stop = {}});
@@ -75,17 +86,17 @@ TEST_F(AdviserInSheets, EachBowlerHasHisDifferenceOnceTheAdviserIsTurnedOn) {
   for (const advice& each : wanted) {
     if (each.choice.what != captains_choice::kind::bowler) continue;
     ++told;
-    EXPECT_EQ(text(window, QStringLiteral("advice_%1").arg(each.choice.position)), shown_difference(each));
+    EXPECT_EQ(advice_of(window, each.choice.position), shown_difference(each));
     const auto* man = window.findChild<QRadioButton*>(QStringLiteral("man_%1").arg(each.choice.position));
     EXPECT_TRUE(man->accessibleName().contains("To win " + shown_difference(each)));
   }
   EXPECT_EQ(told, 2);
-  EXPECT_EQ(text(window, QStringLiteral("advice_%1").arg(int(match.next_bowler))), "");
+  EXPECT_EQ(advice_of(window, match.next_bowler), "");
   check_window_at_sizes(window);
   check_terms(window);
   take_picture(window, "adviser_bowlers");
   press(window, "adviser");
-  EXPECT_EQ(text(window, "advice_10"), "");
+  EXPECT_EQ(advice_of(window, 10), "");
   EXPECT_FALSE(preferences::adviser());
 }
 
@@ -95,9 +106,9 @@ TEST_F(AdviserInSheets, EachManToComeHasHisDifference) {
   next_batsman_form form(match, next_batsman_form::use::next);
   NextBatsmanWindow window(in_play(), form);
   window.show();
-  const auto advised = [&] { return difference.match(text(window, "advice_11")).hasMatch(); };
-  EXPECT_TRUE(QTest::qWaitFor(advised, 60'000)) << text(window, "advice_11").toStdString();
-  EXPECT_EQ(text(window, "advice_1"), "");
+  const auto advised = [&] { return difference.match(advice_of(window, 11)).hasMatch(); };
+  EXPECT_TRUE(QTest::qWaitFor(advised, 60'000)) << advice_of(window, 11).toStdString();
+  EXPECT_EQ(advice_of(window, 1), "");
   check_window_at_sizes(window);
   take_picture(window, "adviser_batsmen");
 }

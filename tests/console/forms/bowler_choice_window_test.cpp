@@ -84,7 +84,7 @@ TEST_F(BowlerChoiceWindowTest, TheHeadingsStandAsTheyAreTold) {
   bowler_choice_form form(match, bowler_choice_form::use::change, "Change Bowler");
   BowlerChoiceWindow window(in_play(), form);
   const QStringList headings = headings_of(*control<TableView>(window, "men"));
-  EXPECT_EQ(headings, QStringList({"Bowler", "Skill", "R.P.O", "O-M-R-W", "Bowler type", ""}));
+  EXPECT_EQ(headings, QStringList({"Bowler", "Skill", "R.P.O", "O-M-R-W", "Bowler type", "To win", ""}));
 }
 
 TEST_F(BowlerChoiceWindowTest, ASortedRowKeepsItsMan) {
