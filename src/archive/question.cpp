@@ -106,7 +106,7 @@ class builder {
   /// What is read for these expressions: the match where they speak of it. Of a stage there are few matches, and they
   /// are found first.
   std::string tables(const std::string& expressions) const {
-    const std::string rows(on_sums_ ? source_.sums_table : source_.table);
+    std::string rows(on_sums_ ? source_.sums_table : source_.table);
     if (asked_.from == rows_of::matches || expressions.find("m.") == std::string::npos) return rows;
     const bool of_stage = std::any_of(asked_.where.begin(), asked_.where.end(),
                                       [](const condition& part) { return part.field == "stage" && part.op == "="; });

@@ -107,6 +107,7 @@ void print_text(const answer& told, std::ostream& out) {
   text_table table(headings, aligned);
   for (const auto& row : told.rows) {
     std::vector<std::string> texts;
+    texts.reserve(row.size());
     for (const answer_value& value : row) texts.push_back(bytes_of(value_text(value)));
     table.add(texts);
   }

@@ -147,6 +147,7 @@ std::vector<meeting> meetings_of(const delivery_list& innings) {
     one.out = one.out || is_his(ball);
   }
   std::vector<meeting> told;
+  told.reserve(all.size());
   for (const auto& [who, one] : all) told.push_back(one);
   return told;
 }
