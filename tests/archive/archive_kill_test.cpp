@@ -15,6 +15,15 @@ namespace {
 
 using ::testing::IsEmpty;
 
+// The woven-in checks of a sanitizer make each match take its time.
+#ifdef VELORIN_SANITIZED
+constexpr int kills = 20;
+constexpr unsigned longest_life = 400'000;  // microseconds
+#else
+constexpr int kills = 60;
+constexpr unsigned longest_life = 60'000;
+#endif
+
 class ArchiveKill : public ArchiveTest {};
 
 TEST_F(ArchiveKill, ACheckWhileMatchesAreAddedFindsNoDifference) {
@@ -39,7 +48,6 @@ TEST_F(ArchiveKill, ACheckWhileMatchesAreAddedFindsNoDifference) {
 }
 
 TEST_F(ArchiveKill, ArchiveCareersAndRecordsAgreeBehindAKill) {
-  constexpr int kills = 60;
   std::mt19937 spread(1);
   long matches = 0;
   for (int i = 0; i < kills; ++i) {
@@ -49,7 +57,7 @@ TEST_F(ArchiveKill, ArchiveCareersAndRecordsAgreeBehindAKill) {
       run({"match", "--update", "--matches", "1000000", "--quiet"});
       ::_exit(1);
     }
-    std::this_thread::sleep_for(std::chrono::microseconds(5000 + spread() % 60'000));
+    std::this_thread::sleep_for(std::chrono::microseconds(5000 + spread() % longest_life));
     ::kill(child, SIGKILL);
     int status = 0;
     ::waitpid(child, &status, 0);
@@ -60,7 +68,7 @@ TEST_F(ArchiveKill, ArchiveCareersAndRecordsAgreeBehindAKill) {
     ASSERT_GE(found.matches, matches);
     matches = found.matches;
   }
-  EXPECT_GT(matches, kills / 2);
+  EXPECT_GT(matches, kills / 4);
 }
 
 }  // namespace
