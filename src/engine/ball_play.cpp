@@ -140,6 +140,9 @@ play_step act_upon_ball(match_state& match, random_source& chance) {
 
 #ifndef NDEBUG
 void verify_match(const match_state& match) {
+  // A check reads every delivery: of an over without end only some are checked.
+  constexpr std::size_t usual = 2 * std::size_t{balls_of_innings};
+  if (match.deliveries.size() > usual && match.deliveries.size() % usual != 0) return;
   if (const std::string broken = check_match(match); !broken.empty()) throw std::logic_error(broken);
 }
 #else
