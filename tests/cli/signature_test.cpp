@@ -63,6 +63,8 @@ class GoldenSignature : public CliTest {
     sums[card].add(file_bytes(file("card.txt")));
     sums[ball_by_ball].add(file_bytes(file("balls.txt")));
     for (const auto& [name, bytes] : contents_of(teams())) {
+      // The archive tells when a match was played, and its bytes are SQLite's; its own tests hold what it tells.
+      if (name.ends_with(".matches")) continue;
       sums[database_files].add(name);
       sums[database_files].add(bytes);
     }

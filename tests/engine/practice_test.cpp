@@ -4,6 +4,7 @@
 
 #include <set>
 
+#include "console/captain_forms.h"
 #include "engine/match_fixture.h"
 #include "engine/over_play.h"
 #include "model/random.h"

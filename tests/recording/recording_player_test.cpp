@@ -14,6 +14,7 @@
 #include "model/match_state.h"
 #include "recording/recorded_games.h"
 #include "setup/new_match.h"
+#include "support/game_in_play.h"
 
 namespace velorin::testing {
 namespace {
