@@ -192,7 +192,7 @@ QFrame* ConsoleWindow::new_sides_card() {
     head->addWidget(button, 1);
     return button;
   };
-  choose_commentary_ = add("choose_commentary", "Ball by ball", Qt::Key_M, "Show the commentary");
+  choose_commentary_ = add("choose_commentary", "Ball by ball", Qt::Key_D, "Show the commentary");
   QPushButton* attack = add("choose_attack", "Attack", Qt::Key_A, "Show all who can bowl");
   add("choose_batting", "Batting", Qt::Key_T, "Show the batting side");
   card_rows(card)->addWidget(sides_choice_);
