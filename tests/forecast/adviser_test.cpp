@@ -68,9 +68,9 @@ TEST(Adviser, TellsTheSameForAnyNumberOfThreads) {
   for (const match_state& state : states_of_a_match(5, 200)) {
     const auto choices = choices_at_hand(state, advised_side::bowling);
     const auto alone =
-        advise(state, advised_side::bowling, choices, {.runs = 100, .seed = 2, .threads = 1, .stop = {}});
+        advise(state, advised_side::bowling, choices, {.runs = 25, .seed = 2, .threads = 1, .stop = {}});
     const auto several =
-        advise(state, advised_side::bowling, choices, {.runs = 100, .seed = 2, .threads = 3, .stop = {}});
+        advise(state, advised_side::bowling, choices, {.runs = 25, .seed = 2, .threads = 3, .stop = {}});
     ASSERT_EQ(alone.size(), several.size());
     for (std::size_t i = 0; i < alone.size(); ++i) {
       EXPECT_EQ(alone[i].win, several[i].win);
