@@ -59,8 +59,9 @@ void enlarge(QWidget& root, double factor) {
 }
 
 double enlargement(const QWidget& widget) {
+  // Painting asks for this all the time; property() would first look among all that a widget has of its own.
   for (const QWidget* at = &widget; at != nullptr; at = at->parentWidget()) {
-    if (const QVariant factor = at->property(factor_name); factor.isValid()) return factor.toDouble();
+    if (at->dynamicPropertyNames().contains(factor_name)) return at->property(factor_name).toDouble();
   }
   return 1;
 }
