@@ -20,9 +20,12 @@ target_compile_options(velorin_flags INTERFACE
   # Sums and products are rounded one by one, on every machine.
   -ffp-contract=off)
 target_include_directories(velorin_flags INTERFACE ${CMAKE_SOURCE_DIR}/src)
+# Whether a target is compiled without the sanitizers' checks; the variable of that name tells for all of a folder.
+define_property(TARGET PROPERTY VELORIN_UNCHECKED INITIALIZE_FROM_VARIABLE VELORIN_UNCHECKED)
 if(VELORIN_SANITIZE)
   target_compile_options(velorin_flags INTERFACE
-    -fsanitize=${VELORIN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:VELORIN_UNCHECKED>>>:-fsanitize=${VELORIN_SANITIZE} -fno-sanitize-recover=all>
+    -fno-omit-frame-pointer)
   target_link_options(velorin_flags INTERFACE -fsanitize=${VELORIN_SANITIZE})
   target_compile_definitions(velorin_flags INTERFACE VELORIN_SANITIZED)
   # The checks woven in make the compiler see paths that are none.
@@ -72,8 +75,8 @@ function(velorin_room name)
   target_link_libraries(velorin_${name} PUBLIC velorin_flags ${uses})
   if(name MATCHES "^(desktop|shell)$|_forms$")
     set_target_properties(velorin_${name} PROPERTIES AUTOMOC ON)
-  # The rooms above the core do little work, but their libraries' templates take long to optimise. Fuzzers are worth it.
-  elseif(VELORIN_FUZZERS OR NOT name STREQUAL "cli")
+  # The rooms above the core do little work, but their libraries' templates take long to optimise.
+  elseif(NOT name STREQUAL "cli")
     target_compile_options(velorin_${name} PRIVATE ${VELORIN_CORE_OPTIONS})
   endif()
 endfunction()

@@ -67,8 +67,7 @@ TEST(Adviser, TakesTheMenWhoCanCome) {
 TEST(Adviser, TellsTheSameForAnyNumberOfThreads) {
   for (const match_state& state : states_of_a_match(5, 200)) {
     const auto choices = choices_at_hand(state, advised_side::bowling);
-    const auto alone =
-        advise(state, advised_side::bowling, choices, {.runs = 25, .seed = 2, .threads = 1, .stop = {}});
+    const auto alone = advise(state, advised_side::bowling, choices, {.runs = 25, .seed = 2, .threads = 1, .stop = {}});
     const auto several =
         advise(state, advised_side::bowling, choices, {.runs = 25, .seed = 2, .threads = 3, .stop = {}});
     ASSERT_EQ(alone.size(), several.size());
