@@ -5,8 +5,6 @@
 #include <cmath>
 #include <cstddef>
 
-#include <fmt/format.h>
-
 #include "console/console_figures.h"
 #include "model/match_state.h"
 #include "model/run_time_error.h"
@@ -110,13 +108,6 @@ aggression_odds newcomer_odds(const match_state& match, int man) {
   return all;
 }
 
-std::array<std::string, most_aggression> odds_sentences(const aggression_odds& odds) {
-  std::array<std::string, most_aggression> all;
-  if (std::any_of(odds.begin(), odds.end(), [](const auto& each) { return !each; })) return all;
-  std::transform(odds.begin(), odds.end(), all.begin(), odds_sentence);
-  return all;
-}
-
 std::optional<double> meter_worth(const match_state& match, int slot) {
   if (!has_pair(match)) return std::nullopt;
   contest met = meeting(match, slot, match.bowler, 0);
@@ -125,14 +116,6 @@ std::optional<double> meter_worth(const match_state& match, int slot) {
   const auto fresh = answer(met);
   if (!settled || !fresh) return std::nullopt;
   return settled->runs_an_over - fresh->runs_an_over;
-}
-
-std::string odds_sentence(const std::optional<ball_odds>& odds) {
-  if (!odds) return "-";
-  const std::string runs = fmt::format("{:.1f} an over, ", odds->runs_an_over);
-  if (odds->balls_a_wicket == 0) return runs + "no wicket";
-  const long balls = std::lround(odds->balls_a_wicket);
-  return runs + (balls <= 1 ? "a wicket every ball" : fmt::format("a wicket every {} balls", balls));
 }
 
 }  // namespace velorin

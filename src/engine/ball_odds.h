@@ -3,10 +3,9 @@
 
 #include <array>
 #include <optional>
-#include <string>
 
 #include "engine/delivery_model.h"
-#include "model/rules.h"
+#include "model/aggression_odds.h"
 
 // What the model of a delivery promises, in words a captain uses: runs an over and balls for a wicket. Exact, from the
 // windows of the draw; nothing is drawn.
@@ -23,18 +22,10 @@ outcome_draws draws_of(const std::array<double, 10>& windows);
 /// Byes and leg byes are one to four, each as likely.
 inline constexpr double mean_body_extras = 2.5;
 
-struct ball_odds {
-  double runs_an_over = 0;    ///< the side's, off six balls; what is a no ball or a wide is bowled again
-  double balls_a_wicket = 0;  ///< of those that are not bowled again, until one falls; 0: none ever does
-};
-
 /// Requires a draw that is neither a no ball nor a wide; without one all is 0.
 ball_odds odds_of(const outcome_draws& draws);
 /// Errors as for deliver_ball.
 ball_odds odds_of(const contest& met);
-
-/// What each aggression would bring, [0..4] for 1 to 5; nothing where the model has no answer.
-using aggression_odds = std::array<std::optional<ball_odds>, most_aggression>;
 
 /// For the batsman in a slot, 0 the lower position at the crease, 1 the higher: against the bowler of this over.
 aggression_odds batting_odds(const match_state& match, int slot);
@@ -43,14 +34,9 @@ aggression_odds bowling_odds(const match_state& match, int slot);
 
 /// For a man of the batting eleven, 1 to 11, who comes in anew as the higher of the pair.
 aggression_odds newcomer_odds(const match_state& match, int man);
-/// The sentences of odds_sentence for each aggression; all empty where the model has no answer to one.
-std::array<std::string, most_aggression> odds_sentences(const aggression_odds& odds);
 
 /// The runs an over that the batsman in a slot is worth more for being settled, against the bowler of this over;
 /// nothing where the model has no answer.
 std::optional<double> meter_worth(const match_state& match, int slot);
-
-/// "5.9 an over, a wicket every 29 balls"; "-" for no answer.
-std::string odds_sentence(const std::optional<ball_odds>& odds);
 
 }  // namespace velorin

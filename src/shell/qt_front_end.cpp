@@ -226,7 +226,7 @@ void QtFrontEnd::show(toss_form& form) {
 void QtFrontEnd::show(next_batsman_form& form) {
   if (quick_ && quick_->openers) return unstopped_.user().show(form);
   refresh_console();
-  const auto answers = [this](int row) { return odds_sentences(newcomer_odds(game_.match, row)); };
+  const auto answers = [this](int row) { return newcomer_odds(game_.match, row); };
   show_modally<NextBatsmanWindow>(form, play(), answers);
 }
 
@@ -243,8 +243,8 @@ void QtFrontEnd::show(bowler_choice_form& form) {
 void QtFrontEnd::show(aggression_form& form) {
   refresh_console();
   const match_state& match = game_.match;
-  show_modally<AggressionWindow>(form, odds_sentences(form.for_batsman ? batting_odds(match, form.player_slot)
-                                                                       : bowling_odds(match, form.player_slot)));
+  show_modally<AggressionWindow>(
+      form, form.for_batsman ? batting_odds(match, form.player_slot) : bowling_odds(match, form.player_slot));
 }
 
 void QtFrontEnd::show(batsman_details_form& form) {

@@ -2,7 +2,6 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QSlider>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -119,7 +118,7 @@ class CaptainClicking : public GameTest {
       step(window);
     });
     user.robot.always("aggr", [this](QWidget& window) {
-      control<QSlider>(window, "aggression")->setValue(1 + over_ % 5);
+      press(window, ("aggression_" + std::to_string(1 + over_ % 5)).c_str());
       const bool batsman = control<QAbstractButton>(window, "accept_for_batsman")->isVisible();
       press(window, batsman ? "accept_for_batsman" : "accept_for_bowler");
     });

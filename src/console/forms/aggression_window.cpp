@@ -12,8 +12,8 @@
 
 #include "console/captain_forms.h"
 #include "console/forms/advised_men.h"
+#include "console/forms/level_choice.h"
 #include "desktop/controls.h"
-#include "desktop/level_slider.h"
 #include "desktop/meter_bar.h"
 #include "desktop/shown_text.h"
 #include "desktop/terms.h"
@@ -22,10 +22,11 @@
 
 namespace velorin {
 
-AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent) : AggressionWindow({}, form, parent) {}
+AggressionWindow::AggressionWindow(aggression_form& form, QWidget* parent)
+    : AggressionWindow(aggression_odds{}, form, parent) {}
 
-AggressionWindow::AggressionWindow(level_answers answers, aggression_form& form, QWidget* parent)
-    : Form(QStringLiteral("aggr"), Dismissal::closes, parent), answers_(std::move(answers)), form_(form) {
+AggressionWindow::AggressionWindow(const aggression_odds& odds, aggression_form& form, QWidget* parent)
+    : Form(QStringLiteral("aggr"), Dismissal::closes, parent), form_(form) {
   stand_as(Place::sheet, QStringLiteral("%1_%2")
                              .arg(form.for_batsman ? QStringLiteral("batsman") : QStringLiteral("bowler"))
                              .arg(form.player_slot));
@@ -33,8 +34,8 @@ AggressionWindow::AggressionWindow(level_answers answers, aggression_form& form,
   set_title(QStringLiteral("Aggression"), shown(form.player_name));
   name_heading(QStringLiteral("player_name"));
   body()->addWidget(new_figures());
-  body()->addWidget(new_aggression());
-  findChild<LevelSlider*>(QStringLiteral("aggression"))->setFocus();
+  body()->addWidget(new_aggression(odds));
+  levels_->take_keyboard();
   auto* sentence = new_named_label(QStringLiteral("score_sentence"), shown(form_.score_sentence), TextRole::muted);
   body()->addWidget(sentence);
   sentence->setVisible(!form_.score_sentence.empty());
@@ -61,13 +62,13 @@ void AggressionWindow::add_adviser() {
     const auto chosen = form_.for_batsman ? computers_batting_aggression(form_.match(), form_.player_slot)
                                           : computers_bowling_aggression(form_.match(), form_.player_slot);
     if (!chosen) return QStringLiteral("The computer has no choice here.");
-    findChild<LevelSlider*>(QStringLiteral("aggression"))->setValue(chosen->choice);
+    levels_->choose(chosen->choice);
     return shown(chosen->reason);
   };
   new SheetAdviser(*this, std::move(acts));
 }
 
-/// The levels of this man, in a line below the slider.
+/// The levels of this man, in a line below the segments.
 SheetAdviser::Acts AggressionWindow::advised_levels() const {
   const match_state& match = form_.match();
   const auto side = form_.for_batsman ? advised_side::batting : advised_side::bowling;
@@ -127,26 +128,15 @@ QWidget* AggressionWindow::new_figures() {
   return card;
 }
 
-QWidget* AggressionWindow::new_aggression() {
+QWidget* AggressionWindow::new_aggression(const aggression_odds& odds) {
   QFrame* card = new_card();
-  auto* row = new QHBoxLayout;
-  row->setSpacing(16);
-  auto* slider = new LevelSlider(QStringLiteral("aggression"), 1, 5);
-  slider->setValue(form_.aggression);
-  auto* answers = new LevelAnswers(card);
-  answers->show_answers(answers_);
-  answers->choose(form_.aggression);
-  connect(slider, &QSlider::valueChanged, this, [this, answers](int level) {
-    form_.aggression = level;
-    answers->choose(level);
-  });
-  row->addWidget(new_caption(QStringLiteral("Aggression"), u'A', slider));
-  row->addStretch(1);
-  row->addWidget(new_label(shown(aggression_form::aggression_low), TextRole::muted));
-  row->addWidget(slider);
-  row->addWidget(new_label(shown(aggression_form::aggression_high), TextRole::muted));
-  card_rows(card)->addLayout(row);
-  card_rows(card)->addWidget(answers);
+  levels_ = new LevelChoice({.caption = QStringLiteral("Aggression"),
+                             .low = shown(aggression_form::aggression_low),
+                             .high = shown(aggression_form::aggression_high)},
+                            form_.aggression, [this](int level) { form_.aggression = level; });
+  levels_->show_answers(shown(form_.player_name), odds);
+  levels_->answer_figures(*this);
+  card_rows(card)->addWidget(levels_);
   advised_ = new_named_label(QStringLiteral("advice"), {}, TextRole::muted);
   advised_->setToolTip(meaning_of(QStringLiteral("To win")));
   card_rows(card)->addWidget(advised_);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "console/forms/next_batsman_window.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -10,9 +9,9 @@
 #include "browsers/player_profile.h"
 #include "console/captain_forms.h"
 #include "console/forms/advised_men.h"
+#include "console/forms/level_choice.h"
 #include "console/forms/man_list.h"
 #include "desktop/controls.h"
-#include "desktop/level_slider.h"
 #include "desktop/sheet_adviser.h"
 #include "desktop/shown_text.h"
 #include "forecast/computers_choice.h"
@@ -25,12 +24,9 @@ namespace velorin {
 NextBatsmanWindow::NextBatsmanWindow(const match_play& play, next_batsman_form& form, QWidget* parent)
     : NextBatsmanWindow(play, {}, form, parent) {}
 
-NextBatsmanWindow::NextBatsmanWindow(const match_play& play, std::function<level_answers(int row)> answers,
+NextBatsmanWindow::NextBatsmanWindow(const match_play& play, std::function<aggression_odds(int row)> odds,
                                      next_batsman_form& form, QWidget* parent)
-    : Form(QStringLiteral("batorder"), Dismissal::refused, parent),
-      answer_(std::move(answers)),
-      form_(form),
-      play_(play) {
+    : Form(QStringLiteral("batorder"), Dismissal::refused, parent), odds_(std::move(odds)), form_(form), play_(play) {
   stand_as(Place::sheet, QStringLiteral("batsman_%1").arg(play.match.striker_slot()));
   limit_body(800);
   set_title(shown(form.title), shown(form.title));
@@ -76,30 +72,20 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, std::function<level
 
 QWidget* NextBatsmanWindow::new_aggression() {
   QFrame* card = new_card();
-  auto* row = new QHBoxLayout;
-  row->setSpacing(16);
-  auto* slider = new LevelSlider(QStringLiteral("aggression"), 1, 5);
-  slider->setValue(form_.aggression);
-  answers_ = new LevelAnswers(card);
-  answers_->show_answers({});
-  answers_->choose(form_.aggression);
-  connect(slider, &QSlider::valueChanged, this, [this](int level) {
-    form_.aggression = level;
-    answers_->choose(level);
-  });
-  row->addWidget(new_caption(shown(next_batsman_form::aggression_caption), u'A', slider));
-  row->addStretch(1);
-  row->addWidget(new_label(shown(next_batsman_form::aggression_low), TextRole::muted));
-  row->addWidget(slider);
-  row->addWidget(new_label(shown(next_batsman_form::aggression_high), TextRole::muted));
-  card_rows(card)->addLayout(row);
-  card_rows(card)->addWidget(answers_);
+  levels_ = new LevelChoice({.caption = shown(next_batsman_form::aggression_caption),
+                             .low = shown(next_batsman_form::aggression_low),
+                             .high = shown(next_batsman_form::aggression_high)},
+                            form_.aggression, [this](int level) { form_.aggression = level; });
+  levels_->show_answers(QString(), {});
+  levels_->answer_figures(*this);
+  card_rows(card)->addWidget(levels_);
   return card;
 }
 
 void NextBatsmanWindow::choose(int row) {
   form_.choose(row);
-  if (answer_ && form_.chosen > 0) answers_->show_answers(answer_(form_.chosen));
+  if (form_.chosen == 0) return;
+  levels_->show_answers(shown(form_.name(form_.chosen)), odds_ ? odds_(form_.chosen) : aggression_odds{});
 }
 
 }  // namespace velorin

@@ -3,12 +3,13 @@
 
 #include <functional>
 
-#include "console/forms/level_answers.h"
 #include "desktop/form.h"
+#include "model/aggression_odds.h"
 #include "ui/match_play.h"
 
 namespace velorin {
 
+class LevelChoice;
 struct next_batsman_form;
 
 /// The pick of the next batsman and of his aggression. The first man who can come in starts chosen: he is the one who
@@ -19,16 +20,16 @@ class NextBatsmanWindow : public Form {
  public:
   /// `form` has been made and outlives the window.
   explicit NextBatsmanWindow(const match_play& play, next_batsman_form& form, QWidget* parent = front_window());
-  /// `answers`: what each aggression would bring for the man of a row.
-  NextBatsmanWindow(const match_play& play, std::function<level_answers(int row)> answers, next_batsman_form& form,
+  /// `odds`: what each aggression would bring for the man of a row.
+  NextBatsmanWindow(const match_play& play, std::function<aggression_odds(int row)> odds, next_batsman_form& form,
                     QWidget* parent = front_window());
 
  private:
   QWidget* new_aggression();
   void choose(int row);
 
-  std::function<level_answers(int)> answer_;  // none where nobody answers
-  LevelAnswers* answers_ = nullptr;
+  std::function<aggression_odds(int)> odds_;  // none where nobody answers
+  LevelChoice* levels_ = nullptr;
   next_batsman_form& form_;
   match_play play_;
 };

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/controls.h"
+#include "desktop/level_segments.h"
 #include "desktop/program_end.h"
 #include "desktop/table_view.h"
 #include "engine/forms/attack_list.h"
@@ -18,7 +19,6 @@
 #include "engine/forms/console_tables.h"
 #include "engine/forms/console_window.h"
 #include "engine/forms/course_charts.h"
-#include "engine/forms/level_segments.h"
 #include "engine/forms/over_chips.h"
 #include "engine/forms/over_strip.h"
 #include "engine/forms/player_panels.h"

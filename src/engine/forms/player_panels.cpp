@@ -15,13 +15,13 @@
 #include "desktop/controls.h"
 #include "desktop/enlarged.h"
 #include "desktop/form.h"
+#include "desktop/level_segments.h"
 #include "desktop/meter_bar.h"
 #include "desktop/photo_view.h"
 #include "desktop/shown_text.h"
 #include "desktop/terms.h"
 #include "engine/ball_odds.h"
 #include "engine/forms/ball_chip.h"
-#include "engine/forms/level_segments.h"
 #include "model/match_state.h"
 
 namespace velorin {

@@ -3,12 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <QSlider>
+#include <QRadioButton>
 #include <QTest>
 
 #include "console/captain_forms.h"
+#include "desktop/level_segments.h"
 #include "desktop/meter_bar.h"
 #include "model/match_state.h"
 #include "support/game_in_play.h"
@@ -43,6 +46,7 @@ class AggressionWindowTest : public ::testing::Test {
     match.bowling_aggression = {1, 5};
   }
   static QString text(const QWidget& window, const char* label) { return control<QLabel>(window, label)->text(); }
+  static int level(const QWidget& window) { return control<LevelSegments>(window, "aggression")->level(); }
   static bool is_shown(const QWidget& window, const char* name) { return control<QWidget>(window, name)->isVisible(); }
 };
 
@@ -65,24 +69,55 @@ TEST_F(AggressionWindowTest, ShowsABatsman) {
   EXPECT_DOUBLE_EQ(control<MeterBar>(window, "settled_meter")->value(), 5 * (82 + 30));
   EXPECT_EQ(text(window, "score_sentence"), QString::fromStdString(form.score_sentence));
   EXPECT_TRUE(text(window, "score_sentence").endsWith("at 4.98 runs per over."));
-  EXPECT_EQ(control<QSlider>(window, "aggression")->value(), 4);
+  EXPECT_EQ(level(window), 4);
   EXPECT_TRUE(is_shown(window, "accept_for_batsman"));
   EXPECT_FALSE(is_shown(window, "accept_for_bowler"));
 }
 
 TEST_F(AggressionWindowTest, TellsWhatEachAggressionWouldBring) {
   aggression_form form = aggression_form::of_batsman(match, 0);
-  AggressionWindow window({"3.9 an over, no wicket", "b", "c", "d", "e"}, form);
+  const aggression_odds odds{ball_odds{3.9, 0}, ball_odds{4.5, 60}, ball_odds{5.2, 41}, ball_odds{5.9, 29},
+                             ball_odds{7.1, 14}};
+  AggressionWindow window(odds, form);
   window.show();
   check_window_at_sizes(window);
-  EXPECT_EQ(text(window, "level_answer_1"), "1: 3.9 an over, no wicket");
-  EXPECT_EQ(text(window, "level_answer_4"), QStringLiteral("\u25B8 4: d"));
-  control<QSlider>(window, "aggression")->setValue(5);
-  EXPECT_EQ(text(window, "level_answer_4"), "4: d");
-  EXPECT_EQ(text(window, "level_answer_5"), QStringLiteral("\u25B8 5: e"));
+  const auto* segments = control<LevelSegments>(window, "aggression");
+  EXPECT_EQ(segments->segment(4)->shown_answer(), QStringLiteral("5.9\u00B729"));
+  EXPECT_EQ(segments->segment(1)->toolTip(), "1: 3.9 an over, no wicket");
+  EXPECT_TRUE(segments->segment(5)->accessibleName().contains("H.Bat1"));
+  EXPECT_EQ(text(window, "level_answer"), "4: 5.9 an over, a wicket every 29 balls");
+  press(window, "aggression_5");
+  EXPECT_EQ(text(window, "level_answer"), "5: 7.1 an over, a wicket every 14 balls");
   AggressionWindow unknown(form);
   unknown.show();
-  EXPECT_FALSE(is_shown(unknown, "level_answers"));
+  EXPECT_FALSE(is_shown(unknown, "level_answer"));
+}
+
+TEST_F(AggressionWindowTest, FiguresChooseFromAnywhereInTheSheet) {
+  aggression_form form = aggression_form::of_batsman(match, 0);
+  AggressionWindow window(form);
+  window.show();
+  window.activateWindow();
+  QApplication::processEvents();
+  control<QPushButton>(window, "accept_for_batsman")->setFocus();
+  for (int wanted = 1; wanted <= 5; ++wanted) {
+    QTest::keyClick(control<QPushButton>(window, "accept_for_batsman"), static_cast<Qt::Key>(Qt::Key_0 + wanted));
+    EXPECT_EQ(level(window), wanted);
+    EXPECT_EQ(form.aggression, wanted);
+  }
+}
+
+TEST_F(AggressionWindowTest, AssistiveActionsChoose) {
+  aggression_form form = aggression_form::of_batsman(match, 0);
+  AggressionWindow window(form);
+  window.show();
+  QAccessibleInterface* told = QAccessible::queryAccessibleInterface(control<QRadioButton>(window, "aggression_2"));
+  ASSERT_NE(told, nullptr);
+  EXPECT_EQ(told->role(), QAccessible::RadioButton);
+  EXPECT_FALSE(told->state().checked);
+  told->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_TRUE(told->state().checked);
+  EXPECT_EQ(form.aggression, 2);
 }
 
 TEST_F(AggressionWindowTest, ShowsABowler) {
@@ -103,7 +138,7 @@ TEST_F(AggressionWindowTest, ShowsABowler) {
   EXPECT_TRUE(is_shown(window, "figure_3"));
   EXPECT_FALSE(is_shown(window, "settled_meter"));
   EXPECT_FALSE(is_shown(window, "score_sentence"));
-  EXPECT_EQ(control<QSlider>(window, "aggression")->value(), 5);
+  EXPECT_EQ(level(window), 5);
   EXPECT_FALSE(is_shown(window, "accept_for_batsman"));
   EXPECT_TRUE(is_shown(window, "accept_for_bowler"));
 }
@@ -120,8 +155,10 @@ TEST_F(AggressionWindowTest, OkSetsTheAggression) {
   aggression_form form = aggression_form::of_batsman(match, 1);
   AggressionWindow window(form);
   window.show();
+  window.activateWindow();
+  QApplication::processEvents();
   ASSERT_NE(window.focusWidget(), nullptr);
-  EXPECT_EQ(window.focusWidget()->objectName(), "aggression");
+  EXPECT_EQ(window.focusWidget()->objectName(), "aggression_2");
   QTest::keyClick(window.focusWidget(), Qt::Key_5);
   press(window, "accept_for_batsman");
   EXPECT_FALSE(window.isVisible());
@@ -131,7 +168,7 @@ TEST_F(AggressionWindowTest, OkSetsTheAggression) {
   aggression_form bowling = aggression_form::of_bowler(match, 0);
   AggressionWindow other(bowling);
   other.show();
-  control<QSlider>(other, "aggression")->setValue(3);
+  press(other, "aggression_3");
   press(other, "accept_for_bowler");
   EXPECT_EQ(match.bowling_aggression[0], 3);
   EXPECT_EQ(match.bowling_aggression[1], 5);
@@ -141,7 +178,7 @@ TEST_F(AggressionWindowTest, EscapeChangesNothing) {
   aggression_form form = aggression_form::of_batsman(match, 0);
   AggressionWindow window(form);
   window.show();
-  control<QSlider>(window, "aggression")->setValue(1);
+  press(window, "aggression_1");
   window.reject();
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(match.batsman_aggression[0], 4);

@@ -6,11 +6,11 @@
 #include <QApplication>
 #include <QLabel>
 #include <QRadioButton>
-#include <QSlider>
 #include <QTest>
 
 #include "console/captain_forms.h"
 #include "console/forms/profile_reader.h"
+#include "desktop/level_segments.h"
 #include "model/match_state.h"
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
@@ -80,9 +80,9 @@ TEST_F(NextBatsmanWindowTest, OkBringsInTheChosenMan) {
   next_batsman_form form(match, next_batsman_form::use::next);
   NextBatsmanWindow window(in_play(), form);
   window.show();
-  EXPECT_EQ(control<QSlider>(window, "aggression")->value(), 3);
+  EXPECT_EQ(control<LevelSegments>(window, "aggression")->level(), 3);
   option(window, 9)->click();
-  control<QSlider>(window, "aggression")->setValue(2);
+  press(window, "aggression_2");
   press(window, "accept");
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.result(), QDialog::Accepted);
@@ -90,6 +90,22 @@ TEST_F(NextBatsmanWindowTest, OkBringsInTheChosenMan) {
   EXPECT_EQ(match.batting_xi[4].name, "H.Bat3");
   EXPECT_EQ(match.batsman_aggression[1], 2);
   EXPECT_EQ(match.batsman_aggression[0], 5);
+}
+
+TEST_F(NextBatsmanWindowTest, TheAnswersAreThoseOfTheChosenMan) {
+  next_batsman_form form(match, next_batsman_form::use::next);
+  const auto odds = [](int row) { return aggression_odds{ball_odds{1.0 * row, 0}, {}, ball_odds{2.0 * row, 30}}; };
+  NextBatsmanWindow window(in_play(), odds, form);
+  window.show();
+  window.activateWindow();
+  QApplication::processEvents();
+  option(window, 9)->click();
+  EXPECT_EQ(control<QLabel>(window, "level_answer")->text(), "3: 18.0 an over, a wicket every 30 balls");
+  option(window, 7)->click();
+  EXPECT_EQ(control<QLabel>(window, "level_answer")->text(), "3: 14.0 an over, a wicket every 30 balls");
+  QTest::keyClick(option(window, 7), Qt::Key_1);
+  EXPECT_EQ(control<QLabel>(window, "level_answer")->text(), "1: 7.0 an over, no wicket");
+  EXPECT_EQ(form.aggression, 1);
 }
 
 TEST_F(NextBatsmanWindowTest, OkAtOnceBringsInTheNextInOrder) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/forms/level_segments.h"
+#include "desktop/level_segments.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QShortcut>
+#include <algorithm>
 #include <cmath>
 
 #include "desktop/enlarged.h"
@@ -103,6 +105,21 @@ LevelSegments::LevelSegments(const QString& name, QWidget* parent) : QWidget(par
     // Assistive technology toggles without a click.
     connect(segment, &QRadioButton::toggled, this, [this, level](bool on) {
       if (on && !showing_ && chosen_) guarded([&] { chosen_(level); });
+    });
+  }
+}
+
+int LevelSegments::level() const {
+  const auto on = std::find_if(segments_.begin(), segments_.end(), [](const auto* each) { return each->isChecked(); });
+  return on == segments_.end() ? 0 : least_aggression + static_cast<int>(on - segments_.begin());
+}
+
+void LevelSegments::answer_figures(QWidget& window) {
+  for (int level = least_aggression; level <= most_aggression; ++level) {
+    auto* key = new QShortcut(QKeySequence(Qt::Key_0 + level), &window);
+    key->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(key, &QShortcut::activated, this, [this, level] {
+      if (segment(level)->isEnabled()) segment(level)->click();
     });
   }
 }

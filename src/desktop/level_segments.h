@@ -5,7 +5,7 @@
 #include <array>
 #include <functional>
 
-#include "engine/ball_odds.h"
+#include "model/aggression_odds.h"
 
 namespace velorin {
 
@@ -50,6 +50,10 @@ class LevelSegments : public QWidget {
   void show_levels(const QString& whose, int level, const aggression_odds& odds, bool enabled);
   /// What setting a level does.
   void on_chosen(std::function<void(int level)> act) { chosen_ = std::move(act); }
+  /// The level in use, 1 to 5; 0 before one is shown.
+  int level() const;
+  /// The keys 1 to 5 press their segment wherever the keyboard is in `window`.
+  void answer_figures(QWidget& window);
   /// With little height to spare.
   void set_low(bool low);
   LevelSegment* segment(int level) const { return segments_[static_cast<std::size_t>(level - 1)]; }
