@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QVariant>
+#include <algorithm>
 #include <cmath>
 
 namespace velorin {
@@ -56,6 +57,13 @@ void enlarge(QWidget& root, double factor) {
     widget->updateGeometry();
   }
   for (QLayout* layout : root.findChildren<QLayout*>()) enlarge_room(*layout, factor);
+}
+
+double fitting_enlargement(QSize page) {
+  constexpr QSizeF usual(1920, 1030);
+  constexpr double step = 8;
+  const double fitting = std::min(page.width() / usual.width(), page.height() / usual.height());
+  return std::clamp(std::floor(fitting * step) / step, 1.0, 2.0);
 }
 
 double enlargement(const QWidget& widget) {

@@ -3,6 +3,7 @@
 
 #include <QFont>
 #include <QMargins>
+#include <QSize>
 
 #include "desktop/theme.h"
 
@@ -16,6 +17,10 @@ namespace velorin {
 /// Draws `root` and all within it so many times as large, 1 or more: its texts, and the room between its parts. What
 /// paints itself asks for the enlargement.
 void enlarge(QWidget& root, double factor);
+
+/// How much larger than usual a page of this size is drawn, 1 to 2: to the eighth, so that a drag of the frame does not
+/// restyle at every pixel.
+double fitting_enlargement(QSize page);
 
 /// How much larger than usual a widget is drawn.
 double enlargement(const QWidget& widget);

@@ -17,6 +17,7 @@
 
 #include "desktop/controls.h"
 #include "desktop/elided_label.h"
+#include "desktop/enlarged.h"
 #include "desktop/form.h"
 #include "desktop/modality.h"
 #include "desktop/preferences.h"
@@ -183,6 +184,16 @@ void Frame::add_bar() {
   row->addWidget(save_);
   row->addWidget(tear_off_);
   bar_->hide();
+}
+
+/// On a large screen the bar is as much larger as the console.
+void Frame::enlarge_bar() {
+  const double factor = fitting_enlargement(area_->size());
+  if (factor == enlargement(*bar_)) return;
+  enlarge(*bar_, factor);
+  bar_->layout()->invalidate();
+  bar_->updateGeometry();
+  show_bar();
 }
 
 void Frame::show_score(const QString& score) {
@@ -463,7 +474,10 @@ void Frame::give_focus() {
 }
 
 bool Frame::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == area_ && event->type() == QEvent::Resize) arrange();
+  if (watched == area_ && event->type() == QEvent::Resize) {
+    enlarge_bar();
+    arrange();
+  }
   return QWidget::eventFilter(watched, event);
 }
 

@@ -80,6 +80,7 @@ class Frame : public QWidget {
   };
 
   void add_bar();
+  void enlarge_bar();
   void add_away();
   /// Tells of the form that waits in a window of its own; nullptr for none.
   void show_away(const Form* torn);

@@ -91,6 +91,24 @@ TEST_F(MainWindow, APageHidesTheOneBelowAndGivesItBack) {
   EXPECT_EQ(frame_.top(), &menu_);
 }
 
+TEST_F(MainWindow, TheBarIsLargerOnALargeScreen) {
+  Leaf page("page", &menu_);
+  open(page, [&] {
+    const int usual = part<QWidget>("bar").height();
+    const QFont type = part<QPushButton>("back").font();
+    frame_.resize(3840, 2160);
+    QApplication::processEvents();
+    EXPECT_DOUBLE_EQ(part<QPushButton>("back").font().pointSizeF(), 2 * type.pointSizeF());
+    EXPECT_GT(part<QWidget>("bar").height(), 1.5 * usual);
+    EXPECT_EQ(place_of(page).top(), part<QWidget>("bar").height());
+    frame_.resize(1024, 700);
+    QApplication::processEvents();
+    EXPECT_EQ(part<QPushButton>("back").font(), type);
+    EXPECT_EQ(part<QWidget>("bar").height(), usual);
+    page.reject();
+  });
+}
+
 TEST_F(MainWindow, ASheetLiesInTheMiddleOverADimmedDeadPage) {
   Leaf sheet("sheet", &menu_, Form::Place::sheet);
   open(sheet, [&] {

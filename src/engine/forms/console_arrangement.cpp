@@ -54,12 +54,7 @@ int ConsoleWindow::width_beside(int most) const {
   return most >= narrow_from ? narrow_from : most >= half_from ? half_from : strip_from;
 }
 
-double ConsoleWindow::wanted_enlargement() const {
-  constexpr QSizeF usual(1920, 1030);
-  constexpr double step = 8;  // to the eighth, so that a drag of the frame does not restyle at every pixel
-  const double fitting = std::min(width() / usual.width(), height() / usual.height());
-  return std::clamp(std::floor(fitting * step) / step, 1.0, 2.0);
-}
+double ConsoleWindow::wanted_enlargement() const { return fitting_enlargement(size()); }
 
 void ConsoleWindow::note_beside(bool beside) {
   if (beside == beside_) return;
