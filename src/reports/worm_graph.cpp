@@ -82,7 +82,7 @@ void write_innings(const match_state& match, match_worms& worms) {
 
 std::string standing_worms(const match_state& match) {
   if (!match.loaded) return {};
-  return "The Score Comparison Graph stays with " + match.worm[0].team + " and " + match.worm[1].team + ".";
+  return "The Score Comparison Graph still shows " + match.worm[0].team + " and " + match.worm[1].team + ".";
 }
 
 void start_worms_afresh(match_state& match) { static_cast<match_worms&>(match) = {}; }

@@ -200,7 +200,7 @@ TEST_F(WormGraph, LinesStartedAfreshAreThoseOfANewStart) {
   start_match("South Isles", "Northland");
   feed(1, 4, 0);
   keep_worms(match);
-  EXPECT_EQ(standing_worms(match), "The Score Comparison Graph stays with South Isles and Northland.");
+  EXPECT_EQ(standing_worms(match), "The Score Comparison Graph still shows South Isles and Northland.");
   match.deliveries.clear();
   start_worms_afresh(match);
   EXPECT_EQ(standing_worms(match), "");

@@ -312,7 +312,7 @@ TEST_F(SeriesWindows, TheGraphCanBeStartedAfresh) {
   window.show();
   take_picture(window, "series1_standing");
   check_window_at_sizes(window);
-  EXPECT_EQ(control<QLabel>(window, "standing")->text(), "The Score Comparison Graph stays with Ardell and Brava.");
+  EXPECT_EQ(control<QLabel>(window, "standing")->text(), "The Score Comparison Graph still shows Ardell and Brava.");
   press(window, "afresh");
   EXPECT_FALSE(control<QLabel>(window, "standing")->isVisible());
   EXPECT_FALSE(match.loaded);
