@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "reports/partnerships.h"
 
+#include "model/commentary.h"
 #include "model/match_state.h"
 #include "model/rules.h"
 #include "model/stands.h"
@@ -38,6 +39,7 @@ void fill_current_stand(const match_state& match, partnership_row& row, const fa
 void partnerships_form::open() {
   static_cast<partnership_screen&>(*this) = {};
   const int wickets = match_.falls_shown = match_.score_wickets;
+  shares = stand_shares(innings_in_play(match_));
   const fall_of_wicket_table falls = falls_in_play(match_);
   fill(*this, falls);
   if (wickets < wickets_of_innings) fill_current_stand(match_, rows[wickets + 1], falls[wickets]);
@@ -46,6 +48,7 @@ void partnerships_form::open() {
 void first_partnerships_form::open() {
   static_cast<partnership_screen&>(*this) = {};
   match_.first_falls_shown = match_.first_wickets;
+  shares = stand_shares(innings_before(match_));
   const fall_of_wicket_table falls = falls_before(match_);
   fill(*this, falls);
   for (int i = 1; i <= wickets_of_innings; ++i) {

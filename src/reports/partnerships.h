@@ -4,8 +4,10 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/rules.h"
+#include "reports/stand_shares.h"
 
 // The partnerships of the match, as plain records of their shown texts.
 
@@ -28,6 +30,7 @@ struct partnership_screen {
   static constexpr std::array<std::string_view, 5> headings = {"  Batsmen", "Partnership", "Score", "Overs", "Wkt."};
 
   std::array<partnership_row, wickets_of_innings + 1> rows;  ///< [1..10]
+  std::vector<stand_share> shares;                           ///< who made the runs of each
 };
 
 /// The stands of the innings in play, the unbroken one in the row behind the last wicket.

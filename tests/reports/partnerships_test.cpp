@@ -119,6 +119,36 @@ TEST_F(Partnerships, TheUnbrokenStandOfTheFirstInningsShowsNoScore) {
   EXPECT_EQ(row.wicket, "10");
 }
 
+TEST_F(Partnerships, TheSharesTellWhoMadeTheRuns) {
+  match.batting_card[1].name = "A.Harrow";
+  match.batting_card[2].name = "D.Moss";
+  match.batting_card[3].name = "K.Foss";
+  match.deliveries = {ball_of_runs(4, {7, 2, 1}),
+                      ball_of_runs(1, {7, 2, 1}),
+                      ball_of_leg_byes(3, {7, 1, 2}),
+                      wide_on(3, {7, 2, 1}),
+                      ball_of_wicket(dismissal::bowled, {7, 2, 1}, 3),
+                      ball_of_runs(6, {7, 3, 1}),
+                      ball_of_runs(2, {7, 3, 1})};
+  const std::vector<stand_share> shares = opened<partnerships_form>().shares;
+  ASSERT_EQ(shares.size(), 2U);
+  EXPECT_EQ(shares[0].batsmen, (std::array<std::string, 2>{"A.Harrow", "D.Moss"}));
+  EXPECT_EQ(shares[0].runs, (std::array<int, 2>{0, 5}));
+  EXPECT_EQ(shares[0].extras, 3);
+  EXPECT_FALSE(shares[0].unbroken);
+  EXPECT_EQ(shares[1].batsmen, (std::array<std::string, 2>{"A.Harrow", "K.Foss"}));
+  EXPECT_EQ(shares[1].runs, (std::array<int, 2>{0, 8}));
+  EXPECT_TRUE(shares[1].unbroken);
+}
+
+TEST_F(Partnerships, TheSharesAddUpToTheStands) {
+  set_second_innings_in_play();
+  const std::vector<stand_share> shares = opened<first_partnerships_form>().shares;
+  const fall_of_wicket_table falls = falls_before(match);
+  ASSERT_EQ(shares.size(), 10U);
+  for (std::size_t i = 0; i < shares.size(); ++i) EXPECT_EQ(shares[i].total(), falls[i + 1].partner_runs) << i;
+}
+
 TEST_F(Partnerships, FirstInningsHasNoCurrentStand) {
   set_second_innings_in_play();
   match.score_wickets = 0;

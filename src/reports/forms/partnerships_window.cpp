@@ -2,6 +2,7 @@
 #include "reports/forms/partnerships_window.h"
 
 #include "reports/forms/report_parts.h"
+#include "reports/forms/stand_bars.h"
 #include "reports/partnerships.h"
 
 namespace velorin {
@@ -10,7 +11,7 @@ PartnershipsWindow::PartnershipsWindow(const partnerships_form& form, QWidget* p
     : Form(QStringLiteral("partners"), Dismissal::closes, parent) {
   stand_as(Place::beside);
   const QString title = QStringLiteral("Partnerships");
-  lay_out_table(*this, title, QStringLiteral("stands"), stands_table(form, title));
+  lay_out_table(*this, title, QStringLiteral("stands"), stands_table(form, title), new StandBars(form.shares));
 }
 
 }  // namespace velorin

@@ -95,7 +95,7 @@ Table stands_table(const partnership_screen& screen, const QString& name) {
   return table;
 }
 
-void lay_out_table(Form& form, const QString& title, const QString& table_name, const Table& table) {
+void lay_out_table(Form& form, const QString& title, const QString& table_name, const Table& table, QWidget* below) {
   form.set_title(title, title);
   auto* view = new TableView(table_name);
   view->set_table(table);
@@ -103,6 +103,10 @@ void lay_out_table(Form& form, const QString& title, const QString& table_name, 
   view->grow_rows(40, std::max(1, static_cast<int>(table.rows.size())));
   QVBoxLayout* column = new_column(form, widest_table);
   column->addWidget(view, 1);
+  if (below != nullptr) {
+    column->addSpacing(8);
+    column->addWidget(below);
+  }
   column->addStretch();
   add_ok(form);
   view->setFocus();

@@ -37,7 +37,8 @@ inline constexpr int widest_table = 1040;
 Table bowling_table(const bowling_screen& screen);
 Table stands_table(const partnership_screen& screen, const QString& name);
 
-/// Fills a reading form that is one table and OK.
-void lay_out_table(Form& form, const QString& title, const QString& table_name, const Table& table);
+/// Fills a reading form that is one table and OK. `below` stands under the table.
+void lay_out_table(Form& form, const QString& title, const QString& table_name, const Table& table,
+                   QWidget* below = nullptr);
 
 }  // namespace velorin

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QHeaderView>
+#include <QImage>
 
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
+#include "desktop/theme.h"
 #include "reports/bowling_figures.h"
 #include "reports/forms/bowling_card_window.h"
 #include "reports/forms/first_bowling_card_window.h"
@@ -95,6 +97,25 @@ TEST_F(StandsWindows, ShowsTheStandsOfTheInnings) {
   EXPECT_EQ(static_cast<int>(table.rows.size()), match.score_wickets + 1);
   EXPECT_TRUE(table.rows.back().cells[1].text.contains("*  ("));
   EXPECT_EQ(table.order, RowOrder::told) << "stands stand in their order";
+}
+
+TEST_F(StandsWindows, BarsTellWhoMadeTheRuns) {
+  auto screen = opened<partnerships_form>();
+  screen.shares = {{.batsmen = {"A.Harrow", "D.Moss"}, .runs = {12, 30}, .extras = 3},
+                   {.batsmen = {"A.Harrow", "K.Foss"}, .runs = {1, 2}, .unbroken = true}};
+  PartnershipsWindow window(screen);
+  window.show();
+  auto* bars = control<QWidget>(window, "stand_bars");
+  EXPECT_TRUE(bars->isVisible());
+  EXPECT_EQ(bars->accessibleName(), "Who made the runs: A.Harrow 12, D.Moss 30, extras 3; A.Harrow 1, K.Foss 2");
+  const QImage picture = bars->grab().toImage();
+  const auto colour_at = [&](double share, int row) {
+    const int bar = bars->height() * (row + 1) / 2 - 8;
+    return picture.pixelColor(static_cast<int>(share * (picture.width() - 1)), bar);
+  };
+  EXPECT_EQ(colour_at(0.1, 0), theme().accent);
+  EXPECT_EQ(colour_at(0.99, 0), theme().muted) << "the extras";
+  EXPECT_EQ(colour_at(0.5, 1), theme().card_raised) << "as long as its runs";
 }
 
 TEST_F(StandsWindows, NamesAreJoinedByOneAmpersandAndByTwoInFiles) {
