@@ -99,8 +99,11 @@ void lay_out_table(Form& form, const QString& title, const QString& table_name, 
   form.set_title(title, title);
   auto* view = new TableView(table_name);
   view->set_table(table);
-  view->setMinimumSize(560, 180);
-  view->grow_rows(40, std::max(1, static_cast<int>(table.rows.size())));
+  const int rows = std::max(1, static_cast<int>(table.rows.size()));
+  constexpr int least_row = 28;
+  constexpr int heading = 40;
+  view->setMinimumSize(560, std::min(180, heading + rows * least_row));
+  view->grow_rows(40, rows);
   QVBoxLayout* column = new_column(form, widest_table);
   column->addWidget(view, 1);
   if (below != nullptr) {
