@@ -34,6 +34,7 @@ void random_source::use_readings(std::uint64_t state, std::vector<std::uint64_t>
   kind_ = kind::readings;
   state_ = state;
   given_ = std::move(readings);
+  given_alone_ = true;
 }
 
 void random_source::use_state(std::uint64_t state, std::vector<std::uint64_t> readings) {
@@ -41,10 +42,12 @@ void random_source::use_state(std::uint64_t state, std::vector<std::uint64_t> re
   kind_ = kind::seed;
   state_ = state;
   given_ = std::move(readings);
+  given_alone_ = true;
 }
 
 void random_source::go_on_by_clock() {
-  kind_ = kind::clock;
+  if (kind_ == kind::readings) kind_ = kind::clock;
+  given_alone_ = false;
   given_.clear();
   given_taken_ = 0;
 }
@@ -64,7 +67,7 @@ std::size_t random_source::left() const {
 
 std::uint64_t random_source::clock_reading() {
   if (given_taken_ < given_.size()) return given_[given_taken_++];
-  if (kind_ == kind::readings) {
+  if (given_alone_) {
     ran_out_ = true;
     if (!clock_follows_) {
       throw run_time_error(failure::subscript, "The readings of the clock ran out",
@@ -75,7 +78,7 @@ std::uint64_t random_source::clock_reading() {
   clock_gettime(CLOCK_REALTIME, &now);
   const std::uint64_t reading =
       static_cast<std::uint64_t>(now.tv_sec) * 1'000'000'000U + static_cast<std::uint64_t>(now.tv_nsec);
-  if (kind_ == kind::readings && log_ == nullptr) read_behind_.push_back(reading);
+  if (given_alone_ && log_ == nullptr) read_behind_.push_back(reading);
   return reading;
 }
 

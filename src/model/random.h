@@ -38,9 +38,9 @@ class random_source {
   void use_readings(std::uint64_t state, std::vector<std::uint64_t> readings);
   /// Draws from the generator in this state; reseed() does nothing. The readings are those that fresh luck takes.
   void use_state(std::uint64_t state, std::vector<std::uint64_t> readings = {});
-  /// From here on reseed() reads the clock; the generator goes on where it stands.
+  /// From here on each reading is one of the clock; the generator goes on where it stands, a seeded one as such.
   void go_on_by_clock();
-  /// Behind the given readings reseed() reads the clock. What it has read by the next log_to() is added to that log.
+  /// Behind the given readings come those of the clock. What it has read by the next log_to() is added to that log.
   void let_clock_follow() { clock_follows_ = true; }
   /// A reading was asked for that was not given.
   bool ran_out() const { return ran_out_; }
@@ -109,6 +109,7 @@ class random_source {
   std::vector<double> script_;
   std::vector<std::uint64_t> given_;  // readings
   std::size_t given_taken_ = 0;
+  bool given_alone_ = false;  // no reading but the given ones
   bool clock_follows_ = false;
   bool ran_out_ = false;
   std::vector<std::uint64_t> read_behind_;  // by the clock that followed, with nobody to log it

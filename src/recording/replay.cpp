@@ -483,8 +483,9 @@ std::optional<game_state> game_to_continue(const recording& recorded, const std:
                                            const open_database& data, practice_history* remembered) {
   if (recorded.ended()) return std::nullopt;
   game_state game = game_at_beginning(recorded);
-  // Where it broke off before what play drew was shown, play draws anew, up to the next that is.
-  if (recorded.beginning.chance == random_source::kind::clock) game.chance.let_clock_follow();
+  // Where it broke off before what play drew was shown, play draws anew, up to the next that is. Of a seeded match of
+  // practice that is the reading for fresh luck.
+  game.chance.let_clock_follow();
   std::optional<random_source> chance;  // with what it keeps for a match of practice, and forgets as that is left
   replay_options options;
   options.console_left = [&](const console_form& form) {
@@ -496,7 +497,7 @@ std::optional<game_state> game_to_continue(const recording& recorded, const std:
   if (chance) game.chance = *std::move(chance);
   const elevens_held held = game.data.held;
   game.data = data;
-  if (recorded.beginning.chance == random_source::kind::clock) game.chance.go_on_by_clock();
+  game.chance.go_on_by_clock();
   const match_step step = game.match.step;
   const bool first = step == match_step::second_selection || step == match_step::toss_call || step == match_step::toss;
   const bool both = step == match_step::toss_call || step == match_step::toss;

@@ -159,9 +159,31 @@ TEST_F(PracticeContinued, WithinAnOverAndOverTheEndOfAnInnings) {
   }
 }
 
+TEST_F(PracticeContinued, StoppedRightAfterItWasTakenBack) {
+  for (const luck wanted : {luck::same, luck::fresh}) {
+    for (const bool by_clock : {false, true}) {
+      SCOPED_TRACE(::testing::Message() << "fresh " << (wanted == luck::fresh) << ", by the clock " << by_clock);
+      std::string bytes = play_practice(7, by_clock, [&](console_form& form) {
+        for (int over = 0; over < 3; ++over) form.bowl_next_over();
+        form.take_back(taken_back::over, wanted);
+        throw killed{};
+      });
+      bytes = go_on(bytes, [&](console_form& form) {
+        EXPECT_EQ(overs_closed(game_.match), 2);
+        form.bowl_next_over();
+        form.take_back(taken_back::ball, wanted);
+        throw killed{};
+      });
+      bytes = go_on(bytes, play_on);
+      expect_same_again(bytes);
+    }
+  }
+}
+
 TEST_F(PracticeContinued, HoweverOftenItIsTakenBackAndGoneOnWith) {
-  for (std::uint64_t seed = 1; seed <= 6; ++seed) {
+  for (std::uint64_t seed = 1; seed <= 8; ++seed) {
     SCOPED_TRACE(seed);
+    const bool by_clock = seed % 2 == 0;
     random_source own;
     own.use_seed(seed);
     const auto at_random = [&](console_form& form) {
@@ -186,8 +208,7 @@ TEST_F(PracticeContinued, HoweverOftenItIsTakenBackAndGoneOnWith) {
         }
       }
     };
-    // By the clock, as on the desktop.
-    std::string bytes = play_practice(seed, true, at_random);
+    std::string bytes = play_practice(seed, by_clock, at_random);
     int stops = 0;
     for (; !read_recording(bytes, "stopped").ended(); ++stops) {
       ASSERT_LT(stops, 200);
