@@ -95,7 +95,6 @@ void WatchWindow::add_line() {
     button->setAutoDefault(false);
     button->setCheckable(true);
     button->setProperty("compact", true);
-    button->setFixedHeight(line_height);
     name_act(*button, {.caption = QString::fromLatin1(captions[i]),
                        .mnemonic = i == 0 ? u'1' : u'2',
                        .hint = QString::fromLatin1(hints[i]),
@@ -131,7 +130,6 @@ void WatchWindow::add_line() {
                true)};
   for (QPushButton* button : jumps) {
     button->setProperty("compact", true);
-    button->setFixedHeight(line_height);
     line->addWidget(button);
   }
 }
@@ -166,7 +164,7 @@ void WatchWindow::add_player_foot() {
   add_beside_buttons(new_pace_choice());
   const auto sign = [](QPushButton* button, const QString& text) {
     button->setText(text);
-    button->setFixedWidth(36);
+    button->setMinimumWidth(36);
     return button;
   };
   add_beside_buttons(sign(new_jump("over_back", "Over back", QKeySequence(Qt::SHIFT | Qt::Key_J),

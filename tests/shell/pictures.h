@@ -30,7 +30,7 @@ void picture_places(MenuWindow& menu);
 /// The forms of competitions, play without stopping, a save that fails.
 void picture_entries(MenuWindow& menu);
 
-/// Games that are kept; needs a folder of them.
+/// Games that are kept, and one watched again; needs a folder of them.
 void picture_keeping(MenuWindow& menu);
 
 }  // namespace velorin::testing

@@ -173,6 +173,14 @@ void picture_keeping(MenuWindow& menu) {
     take(window, "saved-games");
     user.robot.next("delete_question", taking("delete-question", "no"));
     press(window, "delete_game");
+    press(window, "watch");
+  });
+  user.robot.next("savedgames", pressing("close"));
+  user.robot.next("watch", [](QWidget& window) {
+    for (int over = 0; over < 30; ++over) press(window, "over_on");
+    press(window, "next_wicket");
+    QTest::qWait(1500);  // for the forecast
+    take(window, "watch");
     press(window, "close");
   });
   press(menu, "saved_games");

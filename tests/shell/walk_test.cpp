@@ -145,13 +145,19 @@ void WalkThroughPages::practice_and_keeping(Way way) {
     hand().press(games, "rename_game");
     robot().next("delete_question", [this](QWidget& question) { hand().press(question, "no"); });
     hand().press(games, "delete_game");
-    hand().press(games, "close");
+    hand().press(games, "watch");
+  });
+  robot().next("savedgames", [this](QWidget& games) { hand().press(games, "close"); });
+  robot().next("watch", [this](QWidget& console) {
+    for (const char* name : {"over_on", "over_on", "next_wicket", "ball_back", "innings_end", "innings_1", "close"}) {
+      hand().press(console, name);
+    }
   });
   walk([&](MenuWindow& menu) {
     look_at(menu);
     hand().press(menu, "saved_games");
   });
-  expect_seen({"teamfrm", "main", "game_name", "torn off", "keep_question", "savedgames", "delete_question"});
+  expect_seen({"teamfrm", "main", "game_name", "torn off", "keep_question", "savedgames", "delete_question", "watch"});
 }
 
 void WalkThroughPages::competitions(Way way) {
