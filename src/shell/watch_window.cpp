@@ -82,9 +82,15 @@ void WatchWindow::add_line() {
   // It takes the place of the last wicket, which the commentary has, too.
   QHBoxLayout* line = last_line();
   line->setSpacing(8);
-  // The slider is higher than what stood there: on a small screen the rest stands closer.
-  body()->setContentsMargins(16, 4, 16, 0);
-  body()->setSpacing(4);
+  // On a low screen the rest scrolls, and this stays in sight above the foot.
+  body()->removeItem(line);
+  line->setParent(nullptr);
+  line->setContentsMargins(16, 0, 16, 4);
+  auto* strip = new QWidget;
+  strip->setObjectName(QStringLiteral("line"));
+  strip->setLayout(line);
+  auto* rows = static_cast<QVBoxLayout*>(layout());
+  rows->insertWidget(rows->count() - 1, strip);
   for (int i = 0; i < line->count(); ++i) line->itemAt(i)->widget()->hide();
   auto* group = new QButtonGroup(this);
   static constexpr const char* captions[] = {"1st", "2nd"};
@@ -117,7 +123,7 @@ void WatchWindow::add_line() {
     seek(place);
   });
   line->addWidget(slider_, 1);
-  overs_ = new_named_label(QStringLiteral("overs"), {}, TextRole::strong);
+  overs_ = new_named_label(QStringLiteral("watched_overs"), {}, TextRole::strong);
   overs_->setMinimumWidth(36);
   line->addWidget(overs_);
   QPushButton* const jumps[] = {

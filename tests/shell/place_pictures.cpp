@@ -177,7 +177,7 @@ void picture_keeping(MenuWindow& menu) {
   });
   user.robot.next("savedgames", pressing("close"));
   user.robot.next("watch", [](QWidget& window) {
-    for (int over = 0; over < 30; ++over) press(window, "over_on");
+    for (int over = 0; over < 20; ++over) press(window, "over_on");
     press(window, "next_wicket");
     QTest::qWait(1500);  // for the forecast
     take(window, "watch");

@@ -108,7 +108,7 @@ class Watch : public GameTest {
     EXPECT_EQ(games_in(folder_).size(), 1U);
   }
 
-  static QString overs(QWidget& window) { return control<QLabel>(window, "overs")->text(); }
+  static QString overs(QWidget& window) { return control<QLabel>(window, "watched_overs")->text(); }
   static int place(QWidget& window) { return control<QSlider>(window, "ball")->value(); }
   static bool can(QWidget& window, const char* name) { return control<QAbstractButton>(window, name)->isEnabled(); }
 
