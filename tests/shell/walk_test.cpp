@@ -149,8 +149,10 @@ void WalkThroughPages::practice_and_keeping(Way way) {
   });
   robot().next("savedgames", [this](QWidget& games) { hand().press(games, "close"); });
   robot().next("watch", [this](QWidget& console) {
-    for (const char* name : {"over_on", "over_on", "next_wicket", "ball_back", "innings_end", "innings_1", "close"}) {
-      hand().press(console, name);
+    // How far it goes and whether a wicket falls is chance's.
+    for (const char* name : {"over_on", "next_wicket", "ball_back", "innings_end", "innings_1", "close"}) {
+      auto* button = control<QAbstractButton>(console, name);
+      if (button->isEnabled()) hand().press(*button);
     }
   });
   walk([&](MenuWindow& menu) {
