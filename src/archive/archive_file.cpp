@@ -94,6 +94,8 @@ void archive_file::require_known() {
                 path_);
 }
 
+void archive_file::interrupt() const { sqlite3_interrupt(database_->getHandle()); }
+
 std::int64_t archive_file::last_id() const {
   return with_archive(reading, path_, [&] { return number_from(*database_, "SELECT last_id FROM state"); });
 }

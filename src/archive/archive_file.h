@@ -69,6 +69,9 @@ class archive_file {
   /// The bytes of a recording: "" for a match without one; nothing for no match.
   std::optional<std::string> recording(std::int64_t id) const;
 
+  /// Whatever is being read ends soon with a run_time_error; from any thread.
+  void interrupt() const;
+
   /// For those who ask it questions.
   SQLite::Database& connection() const { return *database_; }
   const std::filesystem::path& path() const { return path_; }

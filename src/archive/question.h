@@ -31,10 +31,10 @@ struct condition {
 
 struct question {
   rows_of from = rows_of::matches;
-  std::vector<std::string> by;    ///< fields by which rows are summed; none: rows as they are
-  std::vector<condition> where;   ///< of rows
-  std::vector<condition> having;  ///< of summed figures, such as innings>=20
-  std::string sort;               ///< a field or figure; "" for the order of the archive
+  std::vector<std::string> by = {};    ///< fields by which rows are summed; none: rows as they are
+  std::vector<condition> where = {};   ///< of rows
+  std::vector<condition> having = {};  ///< of summed figures, such as innings>=20
+  std::string sort = {};               ///< a field or figure; "" for the order of the archive
   bool descending = false;
   long top = 0;  ///< rows at most; 0 for all
 

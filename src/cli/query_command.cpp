@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <memory>
 #include <ostream>
 
+#include "archive/answer_text.h"
 #include "archive/archive_keeper.h"
 #include "archive/question.h"
+#include "archive/written_question.h"
 #include "cli/commands.h"
-#include "cli/json.h"
 #include "cli/text_table.h"
-#include "database/csv.h"
 #include "database/open_database.h"
 #include "model/code_page.h"
 
@@ -43,58 +42,15 @@ std::string bytes_of(const std::string& utf8) { return from_utf8(utf8).value_or(
   throw CLI::ValidationError("query", line);
 }
 
-bool has(const std::vector<std::string>& names, const std::string& name) {
-  return std::find(names.begin(), names.end(), name) != names.end();
-}
-
 question question_in(const query_options& options) {
   question asked;
   asked.from = *source_named(options.from);
   asked.by = options.by;
-  // What is no field of a row may be a figure of the sums.
-  const std::vector<std::string> fields = row_fields(asked.from);
-  const std::vector<std::string> figures = options.by.empty() ? std::vector<std::string>() : sum_figures(asked.from);
-  for (const std::string& typed : options.where) {
-    condition part = condition_from(typed);
-    const bool of_sums = !has(fields, part.field) && has(figures, part.field);
-    (of_sums ? asked.having : asked.where).push_back(std::move(part));
-  }
+  for (const std::string& typed : options.where) add_condition(asked, condition_from(typed));
   asked.sort = options.sort;
   asked.descending = options.descending;
   asked.top = options.top;
   return asked;
-}
-
-json value_json(const answer_value& value) {
-  if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
-  if (const auto* rate = std::get_if<double>(&value)) return *rate;
-  if (const auto* text = std::get_if<std::string>(&value)) return *text;
-  return nullptr;
-}
-
-void print_json(const answer& told, const question& asked, std::ostream& out) {
-  json columns = json::array();
-  for (const answer_column& column : told.columns) columns.push_back(column.name);
-  json rows = json::array();
-  for (const auto& row : told.rows) {
-    json values = json::array();
-    for (const answer_value& value : row) values.push_back(value_json(value));
-    rows.push_back(std::move(values));
-  }
-  out << json{{"title", sentence_of(asked)}, {"columns", columns}, {"rows", rows}}.dump() << '\n';
-}
-
-void print_csv(const answer& told, std::ostream& out) {
-  std::vector<std::string> line;
-  for (const answer_column& column : told.columns) line.push_back(column.name);
-  out << csv_line(line);
-  for (const auto& row : told.rows) {
-    line.clear();
-    for (const answer_value& value : row) {
-      line.push_back(std::holds_alternative<std::monostate>(value) ? std::string() : value_text(value));
-    }
-    out << csv_line(line);
-  }
 }
 
 void print_text(const answer& told, std::ostream& out) {
@@ -121,9 +77,9 @@ int query(const query_options& options, const program_options& program, streams 
     const archive_file archive = settled_archive(run.data.files);
     const answer told = ask(archive, asked);
     if (options.json) {
-      print_json(told, asked, io.out);
+      io.out << answer_json(told, asked);
     } else if (options.csv) {
-      print_csv(told, io.out);
+      io.out << answer_csv(told);
     } else {
       print_text(told, io.out);
     }
