@@ -6,6 +6,7 @@
 #include <QMargins>
 #include <QPointer>
 #include <functional>
+#include <utility>
 #include <vector>
 
 class QAbstractButton;
@@ -113,6 +114,10 @@ class Form : public QDialog {
   int exec() override;
   void reject() override;
 
+  /// Where "Forward" leads in the main window, after one has gone back; nothing for nowhere.
+  void offer_forward(std::function<void()> act) { forward_ = std::move(act); }
+  const std::function<void()>& forward() const { return forward_; }
+
   /// For the main window. The size at which the form opens, and that of a sheet with so much room around it.
   QSize wanted_size() const;
   QSize size_within(QSize most);
@@ -168,6 +173,7 @@ class Form : public QDialog {
   QString about_;
   bool shows_score_ = false;
   QString way_back_ = QStringLiteral("Back");
+  std::function<void()> forward_;
   QWidget* return_bar_ = nullptr;
   QPushButton* put_back_button_ = nullptr;  // in the bar, or in a head that is shown
   std::function<void()> put_back_;

@@ -148,6 +148,17 @@ void Frame::add_bar() {
   connect(back_, &QPushButton::clicked, this, [this] {
     if (Form* form = top()) form->close();
   });
+  forward_ = new QPushButton(bar_);
+  forward_->setObjectName(QStringLiteral("forward"));
+  forward_->setAutoDefault(false);
+  name_act(*forward_, {.caption = QStringLiteral("Forward \u203a"),
+                       .key = QKeySequence(Qt::ALT | Qt::Key_Right),
+                       .hint = QStringLiteral("To the page from which you went back"),
+                       .spoken = QStringLiteral("Forward")});
+  connect(forward_, &QPushButton::clicked, this, [this] {
+    const Form* form = top();
+    if (form != nullptr && form->forward()) guarded(form->forward());
+  });
   trail_ = new ElidedLabel(QStringLiteral("trail"), Qt::ElideLeft, bar_);
   trail_->setProperty("role", QStringLiteral("muted"));
   passing_ = new ElidedLabel(QStringLiteral("passing"), Qt::ElideRight, bar_);
@@ -178,6 +189,7 @@ void Frame::add_bar() {
   });
   save_->hide();
   row->addWidget(back_);
+  row->addWidget(forward_);
   row->addWidget(trail_, 1);
   row->addWidget(passing_, 1);
   row->addWidget(score_);
@@ -448,6 +460,8 @@ void Frame::show_bar() {
   back_->setEnabled(page && !waiting->torn && form.can_be_left());
   back_->setText(QStringLiteral("\u2039 ") + form.way_back());
   back_->setAccessibleName(form.way_back());
+  forward_->setVisible(static_cast<bool>(form.forward()));
+  forward_->setEnabled(page && !waiting->torn);
   tear_off_->setEnabled(page && !waiting->torn);
   save_->setEnabled(page);
   const QString title = title_of(form);

@@ -101,6 +101,7 @@ class Frame : public QWidget {
   QPointer<Form> focused_;  // the layer that got the keyboard last
   QWidget* bar_ = nullptr;
   QPushButton* back_ = nullptr;
+  QPushButton* forward_ = nullptr;
   QLabel* trail_ = nullptr;
   QLabel* passing_ = nullptr;
   QTimer* passed_ = nullptr;  // what passes by goes when it fires

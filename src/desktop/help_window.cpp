@@ -77,6 +77,12 @@ constexpr Purpose purposes[] = {
     {"Sqdet", "A player's career. Choose a team, then a player."},
     {"teamdet", "A team's results, rank and records."},
     {"reclists", "The record lists. Press one at the left."},
+    {"recbook",
+     "Put a question together, or press one at the left: it is answered as you change it. Every name and match leads "
+     "on. Keep remembers the question under the name beside it."},
+    {"archpage",
+     "All that the archive of matches tells. Press a section at the left; names and matches lead on, Alt+Left back, "
+     "Alt+Right forward. Compare sets a page aside to stand beside the next."},
     {"allrecs", "The batting or bowling of one team's men."},
     {"optfrm", "The database, the photos and the colours of exported pages."},
     {"matchrep", "The whole match: both cards, the scores over by over, what it brought. Page keys scroll."},

@@ -113,6 +113,18 @@ void set_forecast(bool on) { settings().setValue(QStringLiteral("forecast"), on 
 bool adviser() { return number(QStringLiteral("adviser"), 1, 0) == 1; }
 void set_adviser(bool on) { settings().setValue(QStringLiteral("adviser"), on ? 1 : 0); }
 
+QMap<QString, QString> kept_questions() {
+  QMap<QString, QString> questions;
+  const QVariantMap kept = settings().value(QStringLiteral("kept_questions")).toMap();
+  for (auto each = kept.begin(); each != kept.end(); ++each) questions.insert(each.key(), each.value().toString());
+  return questions;
+}
+void set_kept_questions(const QMap<QString, QString>& questions) {
+  QVariantMap kept;
+  for (auto each = questions.begin(); each != questions.end(); ++each) kept.insert(each.key(), each.value());
+  settings().setValue(QStringLiteral("kept_questions"), kept);
+}
+
 QByteArray geometry(const QString& window) {
   return settings().value(QStringLiteral("windows/") + window).toByteArray();
 }

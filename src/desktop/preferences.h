@@ -107,6 +107,10 @@ void set_forecast(bool on);
 bool adviser();
 void set_adviser(bool on);
 
+/// The questions to the archive that the user has kept, in writing, by the names that he gave them; none at first.
+QMap<QString, QString> kept_questions();
+void set_kept_questions(const QMap<QString, QString>& questions);
+
 /// Place and size of a window; empty before it was first closed.
 QByteArray geometry(const QString& window);
 void set_geometry(const QString& window, const QByteArray& geometry);

@@ -299,6 +299,7 @@ void TableView::open_row(const QModelIndex& index) {
   const TableRow& row = model_->table().rows[static_cast<std::size_t>(table_row(index.row()))];
   if (!row.opens) return;
   const int id = row.id;
+  opened_column_ = index.column();
   guarded([&] {
     emit row_activated(id);
     if (opened_) opened_(id);
@@ -406,7 +407,9 @@ void save_table(const Table& table, QWidget* window) {
   }
 }
 
-void write_csv(const QString& path, const Table& table) {
+void write_csv(const QString& path, const Table& table) { write_whole(path, table_csv(table).toUtf8()); }
+
+void write_whole(const QString& path, const QByteArray& contents) {
   QSaveFile file(path);
   const auto fail = [&path](const std::string& words) {
     const std::string name = path.toStdString();
@@ -422,7 +425,7 @@ void write_csv(const QString& path, const Table& table) {
     named = QFileInfo(named.symLinkTarget());
   }
   if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) refuse(file.errorString().toStdString());
-  if (const int cause = error_of_writing(file.handle(), table_csv(table).toUtf8())) {
+  if (const int cause = error_of_writing(file.handle(), contents)) {
     refuse(std::generic_category().message(cause));
   }
   if (!file.commit()) refuse(file.errorString().toStdString());

@@ -41,6 +41,8 @@ class TableView : public QTableView {
   /// A row of the view leads on; opens it, if so.
   bool can_open(const QModelIndex& index) const;
   void open_row(const QModelIndex& index);
+  /// The column in which the row that was opened last was pressed; 0 before.
+  int opened_column() const { return opened_column_; }
   TableColumns& columns() const { return *columns_; }
   /// The row of the table at a row of the view.
   int table_row(int view_row) const;
@@ -108,6 +110,7 @@ class TableView : public QTableView {
   QList<bool> measured_for_;          // these
   bool grows_type_ = false;
   int row_to_press_ = -1;
+  int opened_column_ = 0;
   int lowest_row_;
   int highest_row_ = 0;
   int growing_rows_ = 1;
@@ -122,5 +125,7 @@ void save_table(const Table& table, QWidget* window);
 
 /// Writes a CSV file whole, in place of what was there. Raises run_time_error (file), with the old file whole then.
 void write_csv(const QString& path, const Table& table);
+/// The same for other contents.
+void write_whole(const QString& path, const QByteArray& contents);
 
 }  // namespace velorin

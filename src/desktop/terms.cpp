@@ -30,6 +30,7 @@ constexpr const char* highest =
     "Highest score: the most runs that he has made in an innings; * tells that he was not out.";
 constexpr const char* hundreds = "Hundreds: innings of a hundred runs or more.";
 constexpr const char* fifties = "Fifties: innings of fifty runs or more that came to no hundred.";
+constexpr const char* ducks = "Ducks: innings in which he was out without a run.";
 constexpr const char* share_of_fifties = "Of a hundred innings, how many brought fifty runs or more.";
 constexpr const char* five_wickets = "Matches in which he took five wickets or more.";
 constexpr const char* best =
@@ -110,6 +111,7 @@ constexpr Term terms[] = {
     {"100s", hundreds},
     {"Fifties", fifties},
     {"50s", fifties},
+    {"Ducks", ducks},
     {"% Inns", share_of_fifties},
     {"% 50 +", share_of_fifties},
     {"5 wkt", five_wickets},

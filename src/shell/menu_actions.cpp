@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "browsers/forms/player_profile_window.h"
 #include "browsers/forms/record_lists_window.h"
 #include "browsers/forms/team_records_window.h"
 #include "browsers/player_profile.h"
@@ -31,6 +30,7 @@
 #include "setup/forms/new_match_window.h"
 #include "setup/forms/quick_match_window.h"
 #include "setup/new_match.h"
+#include "shell/browse.h"
 #include "shell/credits_window.h"
 #include "shell/jump_window.h"
 #include "shell/qt_front_end.h"
@@ -67,6 +67,14 @@ void show_group(QtFrontEnd& shown_by, std::string_view group) {
   record_lists_form form(shown_by.game().data);
   form.open_group(group);
   show_form<RecordListsWindow>(form, shown_by, shown_by.game().data);
+}
+
+void show_team_records(QtFrontEnd& shown_by, team_records_form& form) {
+  if (form.closed) return;
+  const open_database& data = shown_by.game().data;
+  TeamRecordsWindow window(shown_by, data, form);
+  window.offer_page([&data](const std::string& team) { browse_man(data, team, {}); });
+  run_modal(window);
 }
 
 /// Tells the front end that an activity is under way.
@@ -200,15 +208,17 @@ void player_profiles(QtFrontEnd& shown_by) {
   player_profile_form form(shown_by.game().data);
   form.open();
   form.offer_squads();
-  show_form<PlayerProfileWindow>(form);
+  front_end& user = shown_by;
+  user.show(form);
 }
 
 void team_records(QtFrontEnd& shown_by) {
   team_records_form form(shown_by.game().data);
   form.open();
-  show_form<TeamRecordsWindow>(form, shown_by, shown_by.game().data);
+  show_team_records(shown_by, form);
 }
 
+void record_book(QtFrontEnd& shown_by) { browse(shown_by.game().data, {}); }
 void world_rankings(QtFrontEnd& shown_by) { show_list(shown_by, "wldrank"); }
 void totals(QtFrontEnd& shown_by, int record_mode) { show_list(shown_by, "totrecords", record_mode); }
 void individual(QtFrontEnd& shown_by, int record_mode) { show_list(shown_by, "highinduv", record_mode); }
@@ -226,7 +236,7 @@ void show_team(QtFrontEnd& shown_by, const std::string& team) {
   form.open();
   const auto found = std::find(form.teams.begin(), form.teams.end(), team);
   if (found != form.teams.end()) form.choose_team(static_cast<int>(found - form.teams.begin()));
-  show_form<TeamRecordsWindow>(form, shown_by, shown_by.game().data);
+  show_team_records(shown_by, form);
 }
 
 }  // namespace
@@ -261,6 +271,7 @@ void jump(QtFrontEnd& shown_by, bool at_menu) {
   page("Player Profiles", player_profiles);
   page("Team Records", team_records);
   page("World Rankings", world_rankings);
+  page("Record Book", record_book);
   list("Highest Totals", totals, 1);
   list("Lowest Totals", totals, 0);
   list("Highest Individual Scores", individual, 1);

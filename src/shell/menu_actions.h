@@ -33,6 +33,8 @@ void world_cup(QtFrontEnd& shown_by);
 void player_profiles(QtFrontEnd& shown_by);
 void team_records(QtFrontEnd& shown_by);
 void world_rankings(QtFrontEnd& shown_by);
+/// Questions to the archive of matches, and the pages to which their answers lead.
+void record_book(QtFrontEnd& shown_by);
 
 /// The window of all record lists, opened on one of them; `record_mode` as its form takes it.
 void totals(QtFrontEnd& shown_by, int record_mode);

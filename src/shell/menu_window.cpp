@@ -177,6 +177,7 @@ void MenuWindow::add_other_panel() {
       {{"player_profiles", "Player Profiles", u'P', with_database([this] { menu::player_profiles(shown_by_); })},
        {"team_records", "Team Records", u'T', with_database([this] { menu::team_records(shown_by_); })},
        {"world_rankings", "World Rankings", u'W', with_database([this] { menu::world_rankings(shown_by_); })},
+       {"record_book", "Record Book", u'R', with_database([this] { menu::record_book(shown_by_); })},
        {"other_back", "<<Back", u'B', [this] { show_panel(main_); }}});
 }
 

@@ -58,6 +58,7 @@
 #include "setup/forms/toss_window.h"
 #include "setup/team_selection.h"
 #include "setup/toss.h"
+#include "shell/browse.h"
 #include "shell/match_line.h"
 #include "shell/saved_games_window.h"
 #include "shell/table_chances.h"
@@ -353,7 +354,11 @@ void QtFrontEnd::show(match_report_form& form) {
   run_modal(window);
 }
 
-void QtFrontEnd::show(player_profile_form& form) { show_modally<PlayerProfileWindow>(form); }
+void QtFrontEnd::show(player_profile_form& form) {
+  PlayerProfileWindow window(form);
+  window.offer_page([this](const std::string& team, const std::string& man) { browse_man(game_.data, team, man); });
+  run_modal(window);
+}
 
 void QtFrontEnd::show(player_rankings_form& form) { show_modally<PlayerRankingsWindow>(form, *this, game_.data); }
 

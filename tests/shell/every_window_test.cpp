@@ -137,14 +137,14 @@ TEST_F(EveryWindow, RecordsSettingsAndCredits) {
   user.robot.otherwise([](QWidget& window) { press(window, "accept"); });
   play([&](MenuWindow& menu) {
     menu.window()->resize(1280, 800);  // the record lists stand beside their table
-    for (const char* entry : {"player_profiles", "team_records", "world_rankings"})
+    for (const char* entry : {"player_profiles", "team_records", "world_rankings", "record_book"})
       choose(menu, "other_records", entry);
     choose(menu, "batting_stats", "all_batting");
     choose(menu, "bowling_stats", "all_bowling");
     press(menu, "configurations");
     press(menu, "credits");
   });
-  for (const char* name : {"Sqdet", "teamdet", "reclists", "optfrm", "frmAbout"}) {
+  for (const char* name : {"Sqdet", "teamdet", "reclists", "recbook", "optfrm", "frmAbout"}) {
     EXPECT_TRUE(pairs.contains(std::string("opening < ") + name)) << name;
   }
   EXPECT_EQ(user.robot.met("reclists"), 1 + 9 + 4) << "the ranking, then list after list";

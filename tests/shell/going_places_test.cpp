@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Ctrl+K goes anywhere by typing; F1 tells what one can do.
+#include <gmock/gmock.h>
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTest>
 #include <fstream>
 #include <regex>
@@ -56,6 +59,41 @@ TEST_F(GoingPlaces, CtrlKLeadsToAPageATeamAndAPlayer) {
   EXPECT_EQ(titles[0].substr(0, 8), "reclists");
   EXPECT_EQ(titles[1].substr(0, 7), "teamdet");
   EXPECT_EQ(user.robot.met("Sqdet"), 1);
+}
+
+TEST_F(GoingPlaces, TheBarLeadsBackAndForwardAmongThePagesOfTheArchive) {
+  fill_careers();
+  ClickingUser user;
+  const auto of_bar = [](QWidget& window, const char* name) {
+    return window.window()->findChild<QPushButton*>(QLatin1String(name));
+  };
+  std::vector<std::string> way;
+  user.robot.next("jump", [](QWidget& window) {
+    QTest::keyClicks(control<QLineEdit>(window, "words"), QStringLiteral("Cork"));
+    QTest::keyClick(control<QLineEdit>(window, "words"), Qt::Key_Return);
+  });
+  user.robot.next("teamdet", [&](QWidget& window) {
+    way.emplace_back("records");
+    press(window, "page");
+    press(window, "accept");
+    way.emplace_back("records left");
+  });
+  int pages = 0;
+  user.robot.always("archpage", [&](QWidget& window) {
+    way.emplace_back("page");
+    if (pages++ == 0) return press(window, "ask");
+    EXPECT_TRUE(of_bar(window, "forward")->isVisible());
+    of_bar(window, "forward")->click();
+  });
+  int books = 0;
+  user.robot.always("recbook", [&](QWidget& window) {
+    way.emplace_back("book");
+    if (books++ > 0) return press(window, "accept");
+    EXPECT_FALSE(of_bar(window, "forward")->isVisible());
+    of_bar(window, "back")->click();
+  });
+  play([&](MenuWindow& menu) { QTest::keyClick(menu.focusWidget(), Qt::Key_K, Qt::ControlModifier); });
+  EXPECT_THAT(way, ::testing::ElementsAre("records", "page", "book", "page", "book", "records left"));
 }
 
 TEST_F(GoingPlaces, OverASheetCtrlKDoesNothing) {

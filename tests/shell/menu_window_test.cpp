@@ -54,7 +54,7 @@ TEST_F(MenuWindowTest, PanelsHoldTheirEntries) {
   EXPECT_EQ(texts("main_panel"), (list{"Continue", "Quick Match", "Start Game", "Saved Games", "Batting Stats",
                                        "Bowling Stats", "Other Records", "Configurations", "Credits", "Exit"}));
   EXPECT_EQ(texts("start_panel"), (list{"New Match", "New Series", "Tri Series", "World Cup", "<<Back"}));
-  EXPECT_EQ(texts("other_panel"), (list{"Player Profiles", "Team Records", "World Rankings", "<<Back"}));
+  EXPECT_EQ(texts("other_panel"), (list{"Player Profiles", "Team Records", "World Rankings", "Record Book", "<<Back"}));
   EXPECT_EQ(texts("batting_panel"),
             (list{"All Batting Stats", "Highest Totals", "Lowest Totals", "Highest Individual Scores",
                   "Most Runs Scored", "Highest Averages", "% Innings 50 or More", "Top Century Makers",
@@ -227,6 +227,7 @@ TEST_F(AllStats, EveryEntryOpensItsList) {
       {"other_records", "player_profiles", "Sqdet", "Player Profiles"},
       {"other_records", "team_records", "teamdet", nullptr},
       {"other_records", "world_rankings", "reclists", "Top Ten Teams"},
+      {"other_records", "record_book", "recbook", "Record Book"},
       {"start_game", "new_series", "series1", nullptr},
       {"start_game", "tri_series", "series2", nullptr},
       {"start_game", "world_cup", "wctable", nullptr},

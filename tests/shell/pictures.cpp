@@ -384,6 +384,7 @@ void take_all() {
                    {"opening", picture_opening},
                    {"guide", picture_guide},
                    {"reports", picture_reports},
+                   {"archive", picture_archive},
                    {"places", picture_places},
                    {"entries", picture_entries}});
   const QTemporaryDir games;
@@ -428,6 +429,9 @@ int main(int argc, char** argv) {
   const bool played = std::filesystem::exists(given / "world.rec");
   for (const char* name : {"world.rec", "world.ptr"}) {
     if (played) std::filesystem::copy_file(given / name, teams / name);
+  }
+  if (std::filesystem::exists(given / "world.matches")) {
+    std::filesystem::copy_file(given / "world.matches", teams / "world.matches");
   }
   data.files = database_paths(teams, "world");
   if (!played) velorin::testing::fill_careers();

@@ -24,6 +24,9 @@ void picture_guide(MenuWindow& menu);
 /// The reports of both innings, aggression, a great moment.
 void picture_reports(MenuWindow& menu);
 
+/// The record book, and the pages of a man, teams and a match.
+void picture_archive(MenuWindow& menu);
+
 /// The menu's panels, team records, settings, credits.
 void picture_places(MenuWindow& menu);
 

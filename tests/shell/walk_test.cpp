@@ -217,6 +217,13 @@ void WalkThroughPages::records_and_settings(Way way) {
     }
     hand().press(form, "accept");
   });
+  robot().next("teamdet", [this](QWidget& form) {
+    auto* teams = control<QComboBox>(form, "teams");
+    teams->setCurrentIndex(0);
+    emit teams->activated(0);
+    hand().press(form, "page");
+    hand().press(form, "accept");
+  });
   robot().next("optfrm", [this](QWidget& form) {
     robot().next("anew_question", [this](QWidget& question) { hand().press(question, "no"); });
     for (const char* name : {"begin_anew", "messages", "accept"}) hand().press(form, name);
@@ -225,13 +232,14 @@ void WalkThroughPages::records_and_settings(Way way) {
     hand().press(menu, "quick_match");
     QTest::keyClick(menu.window()->windowHandle(), Qt::Key_K, Qt::ControlModifier);
     choose_by_hand(menu, "batting_stats", "highest_totals");
-    for (const char* entry : {"player_profiles", "team_records", "world_rankings"}) {
+    for (const char* entry : {"player_profiles", "team_records", "world_rankings", "record_book"}) {
       choose_by_hand(menu, "other_records", entry);
     }
     hand().press(menu, "configurations");
     hand().press(menu, "credits");
   });
-  expect_seen({"quick", "jump", "reclists", "Sqdet", "teamdet", "optfrm", "messages", "anew_question", "frmAbout"});
+  expect_seen({"quick", "jump", "reclists", "Sqdet", "teamdet", "recbook", "archpage", "optfrm", "messages",
+               "anew_question", "frmAbout"});
 }
 
 void WalkThroughPages::guide_and_moments(Way way) {

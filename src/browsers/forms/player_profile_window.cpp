@@ -110,6 +110,18 @@ PlayerProfileWindow::PlayerProfileWindow(player_profile_form& form, QWidget* par
   refresh();
 }
 
+void PlayerProfileWindow::offer_page(std::function<void(const std::string&, const std::string&)> open) {
+  page_ = new_button(
+      QStringLiteral("page"),
+      {.caption = QStringLiteral("Page"),
+       .mnemonic = u'g',
+       .hint = QStringLiteral("All that the archive of matches tells of him")},
+      [this, open = std::move(open)] { open(core_text(teams_->currentText()), core_text(players_->currentText())); });
+  page_->setEnabled(!form_.person.empty());
+  add_aside(page_);
+  setTabOrder(page_, findChild<QPushButton*>(QStringLiteral("accept")));
+}
+
 QWidget* PlayerProfileWindow::new_lists() {
   auto* lists = new QWidget;
   auto* row = new QHBoxLayout(lists);
@@ -257,6 +269,7 @@ void PlayerProfileWindow::list_players() {
 
 void PlayerProfileWindow::refresh() {
   show_heading();
+  if (page_ != nullptr) page_->setEnabled(!form_.person.empty());
   if (form_.person.empty()) return;
   if (form_.standing) return show_standing();
   pages_->setCurrentIndex(1);

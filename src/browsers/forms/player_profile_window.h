@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "desktop/form.h"
@@ -10,6 +12,7 @@ class QComboBox;
 class QFrame;
 class QGridLayout;
 class QLabel;
+class QPushButton;
 class QStackedWidget;
 class QVBoxLayout;
 
@@ -32,6 +35,9 @@ class PlayerProfileWindow : public Form {
   /// `form` has been opened and outlives the window.
   explicit PlayerProfileWindow(player_profile_form& form, QWidget* parent = front_window());
 
+  /// A button that leads on from the man shown.
+  void offer_page(std::function<void(const std::string& team, const std::string& man)> open);
+
  private:
   QWidget* new_lists();
   QWidget* new_figures();
@@ -48,6 +54,7 @@ class PlayerProfileWindow : public Form {
   void show_block(QGridLayout* grid, const QString& prefix, const std::vector<shown_field>& fields);
 
   player_profile_form& form_;
+  QPushButton* page_ = nullptr;
   QComboBox* teams_;
   QComboBox* players_;
   PhotoView* photo_;

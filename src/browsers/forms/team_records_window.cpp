@@ -88,6 +88,17 @@ TeamRecordsWindow::TeamRecordsWindow(front_end& user, const open_database& datab
   refresh();
 }
 
+void TeamRecordsWindow::offer_page(std::function<void(const std::string&)> open) {
+  page_ = new_button(QStringLiteral("page"),
+                     {.caption = QStringLiteral("Page"),
+                      .mnemonic = u'g',
+                      .hint = QStringLiteral("All that the archive of matches tells of the team")},
+                     [this, open = std::move(open)] { open(core_text(teams_->currentText())); });
+  page_->setEnabled(form_.chosen_team >= 0);
+  add_aside(page_);
+  setTabOrder(page_, findChild<QPushButton*>(QStringLiteral("accept")));
+}
+
 QWidget* TeamRecordsWindow::new_list() {
   auto* list = new QWidget;
   auto* row = new QHBoxLayout(list);
@@ -155,6 +166,7 @@ QWidget* TeamRecordsWindow::new_individual() {
 }
 
 void TeamRecordsWindow::refresh() {
+  if (page_ != nullptr) page_->setEnabled(form_.chosen_team >= 0);
   set_title(shown(form_.title), shown(form_.title));
   crest_->show_team(teams_->currentText());
   results_->set_table(results_table(form_));

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <functional>
+#include <string>
 
 #include "desktop/form.h"
 
@@ -27,6 +29,9 @@ class TeamRecordsWindow : public Form {
   explicit TeamRecordsWindow(front_end& user, const open_database& database, team_records_form& form,
                              QWidget* parent = front_window());
 
+  /// A button that leads on from the team shown.
+  void offer_page(std::function<void(const std::string& team)> open);
+
  private:
   QWidget* new_list();
   QWidget* new_results();
@@ -44,6 +49,7 @@ class TeamRecordsWindow : public Form {
   std::array<QLabel*, 4> extremes_;
   TableView* individual_;
   QPushButton* profile_;
+  QPushButton* page_ = nullptr;
   front_end& user_;
   const open_database& data_;
 };
