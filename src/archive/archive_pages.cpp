@@ -71,8 +71,12 @@ archive_page player_page(const archive_subject& about) {
                         "him out.",
                     .sections = {}};
   auto& sections = page.sections;
-  sections.push_back({.title = "Batting career", .asked = career(rows_of::batting, about.name, about.team)});
-  sections.push_back({.title = "Bowling career", .asked = career(rows_of::bowling, about.name, about.team)});
+  sections.push_back({.title = "Batting career",
+                      .asked = career(rows_of::batting, about.name, about.team),
+                      .how = page_section::kind::figures});
+  sections.push_back({.title = "Bowling career",
+                      .asked = career(rows_of::bowling, about.name, about.team),
+                      .how = page_section::kind::figures});
   sections.push_back(
       {.title = "Last ten innings", .asked = latest(rows_of::batting, his), .chart = "runs", .last_first = true});
   sections.push_back({.title = "Last ten with the ball",
@@ -112,7 +116,8 @@ archive_page team_page(const archive_subject& about) {
   const conditions its = {{"team", "=", about.name}};
   archive_page page{.heading = about.name, .below = "Team", .note = {}, .sections = {}};
   auto& sections = page.sections;
-  sections.push_back({.title = "Record", .asked = summed(rows_of::innings, "team", its)});
+  sections.push_back(
+      {.title = "Record", .asked = summed(rows_of::innings, "team", its), .how = page_section::kind::figures});
   sections.push_back(
       {.title = "Last ten matches", .asked = latest(rows_of::innings, its), .chart = "runs", .last_first = true});
   add_parted(sections, rows_of::innings, its,
@@ -141,7 +146,8 @@ archive_page team_page(const archive_subject& about) {
                                 .descending = true,
                                 .top = most_listed}});
   sections.push_back({.title = "Highest scores", .asked = best(rows_of::batting, its, "runs")});
-  sections.push_back({.title = "Best figures", .asked = best(rows_of::bowling, with(its, figures_worth_telling), "figures")});
+  sections.push_back(
+      {.title = "Best figures", .asked = best(rows_of::bowling, with(its, figures_worth_telling), "figures")});
   sections.push_back({.title = "Highest stands", .asked = best(rows_of::stands, its, "runs")});
   return page;
 }
@@ -150,7 +156,8 @@ archive_page ground_page(const archive_subject& about) {
   const conditions here = {{"ground", "=", about.name}};
   archive_page page{.heading = about.name, .below = "Ground", .note = {}, .sections = {}};
   auto& sections = page.sections;
-  sections.push_back({.title = "Matches", .asked = summed(rows_of::matches, "ground", here)});
+  sections.push_back(
+      {.title = "Matches", .asked = summed(rows_of::matches, "ground", here), .how = page_section::kind::figures});
   sections.push_back({.title = "Last ten matches",
                       .asked = latest(rows_of::matches, here, "id"),
                       .chart = "first_runs",
@@ -162,7 +169,8 @@ archive_page ground_page(const archive_subject& about) {
   sections.push_back({.title = "Lowest totals all out",
                       .asked = best(rows_of::innings, with(here, {"wickets", "=", "10"}), "runs", false)});
   sections.push_back({.title = "Highest scores", .asked = best(rows_of::batting, here, "runs")});
-  sections.push_back({.title = "Best figures", .asked = best(rows_of::bowling, with(here, figures_worth_telling), "figures")});
+  sections.push_back(
+      {.title = "Best figures", .asked = best(rows_of::bowling, with(here, figures_worth_telling), "figures")});
   sections.push_back({.title = "Highest stands", .asked = best(rows_of::stands, here, "runs")});
   return page;
 }

@@ -18,6 +18,7 @@ struct page_section {
   enum class kind {
     asked,       ///< the answer to `asked`
     milestones,  ///< of a man: the matches in which he reached them
+    figures,     ///< those of the one row of the answer to `asked`, one below the other
     beside,      ///< the figures of two, one below the other: the answers to `asked` and `other`
   };
 

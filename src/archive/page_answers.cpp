@@ -111,16 +111,24 @@ question rows_of_man(rows_of from, const archive_subject& about) {
   return asked;
 }
 
-/// The figures of two, one below the other.
-answer beside(const answer& one, const answer& other, const archive_subject& about) {
+/// A figure as one reads it, such as "Run rate".
+std::string told_figure(std::string name) {
+  std::replace(name.begin(), name.end(), '_', ' ');
+  if (!name.empty() && name[0] >= 'a' && name[0] <= 'z') name[0] = static_cast<char>(name[0] - 'a' + 'A');
+  return name;
+}
+
+/// The figures of the first rows of some sums, one below the other: a column for each, with its heading. What they are
+/// summed by is left out.
+answer figures_of(const std::vector<std::pair<std::string, const answer*>>& sums, const question& asked) {
   answer told;
-  told.columns = {{"figure", column_kind::text}, {about.name, column_kind::rate}, {about.other, column_kind::rate}};
-  for (std::size_t i = 0; i < one.columns.size(); ++i) {
-    if (one.columns[i].name == "player" || one.columns[i].name == "team") continue;
-    const auto value = [i](const answer& of) { return of.rows.empty() ? answer_value() : of.rows.front().at(i); };
-    std::string name = one.columns[i].name;
-    std::replace(name.begin(), name.end(), '_', ' ');
-    told.rows.push_back({name, value(one), value(other)});
+  told.columns = {{"figure", column_kind::text}};
+  for (const auto& [heading, one] : sums) told.columns.push_back({heading, column_kind::text});
+  const answer& first = *sums.front().second;
+  for (std::size_t i = asked.by.size(); i < first.columns.size(); ++i) {
+    std::vector<answer_value> row = {told_figure(first.columns[i].name)};
+    for (const auto& [heading, one] : sums) row.push_back(one->rows.empty() ? answer_value() : one->rows.front().at(i));
+    told.rows.push_back(std::move(row));
   }
   return told;
 }
@@ -141,8 +149,15 @@ answer section_answer(const archive_file& archive, const archive_subject& about,
     case page_section::kind::milestones:
       return milestones_of(ask(archive, rows_of_man(rows_of::batting, about)),
                            ask(archive, rows_of_man(rows_of::bowling, about)));
-    case page_section::kind::beside:
-      return beside(ask(archive, section.asked), ask(archive, section.other), about);
+    case page_section::kind::figures: {
+      const answer sums = ask(archive, section.asked);
+      return figures_of({{"value", &sums}}, section.asked);
+    }
+    case page_section::kind::beside: {
+      const answer one = ask(archive, section.asked);
+      const answer other = ask(archive, section.other);
+      return figures_of({{about.name, &one}, {about.other, &other}}, section.asked);
+    }
   }
   return ask(archive, section.asked);
 }

@@ -166,6 +166,21 @@ TEST(SideBySide, StandTwoOfAKind) {
   EXPECT_FALSE(side_by_side({.what = kind::ground, .name = "P"}, {.what = kind::ground, .name = "Q"}));
 }
 
+TEST_F(ArchivePages, ShowTheFiguresOfACareerOneBelowTheOther) {
+  const auto [man, team] = busy_man();
+  const archive_subject about{.what = kind::player, .name = man, .team = team};
+  const page_section bowling = page_of(about).sections.at(1);
+  ASSERT_EQ(bowling.how, page_section::kind::figures);
+  const answer told = section_answer(archive(), about, bowling);
+  const told_row wanted = tell(matches_, bowling.asked).at(0);
+  std::map<std::string, std::string> figures;
+  for (const auto& row : told.rows) figures[value_text(row[0])] = value_text(row[1]);
+  for (const auto& [caption, field] : std::map<std::string, std::string>{
+           {"Runs", "runs"}, {"Wickets", "wickets"}, {"Strike rate", "strike_rate"}, {"Best", "best"}}) {
+    EXPECT_EQ(figures[caption], wanted.at(field)) << caption;
+  }
+}
+
 TEST_F(ArchivePages, StandSideBySideWithTheFiguresOfEach) {
   const auto [man, team] = busy_man();
   const archived_match& last = matches_.back();

@@ -70,7 +70,6 @@ ArchivePageWindow::ArchivePageWindow(const database_files& files, archive_histor
   answer_ = new AnswerView(files);
   rows->addWidget(answer_, 3);
   chart_ = new LineChartView(QStringLiteral("chart"));
-  chart_->setMinimumHeight(232);
   chart_->hide();
   rows->addWidget(chart_, 2);
   auto* note = new_named_label(QStringLiteral("note"), utf8_text(page_.note), TextRole::small_muted);
