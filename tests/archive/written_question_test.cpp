@@ -68,6 +68,7 @@ TEST(AnswerText, IsJsonThatAnyReaderTakes) {
   const std::string text = answer_json(some_answer(), asked);
   const auto read = nlohmann::ordered_json::parse(text);
   EXPECT_EQ(read.dump() + "\n", text);
+  EXPECT_THAT(text, ::testing::HasSubstr("-3,45.0]")) << "a rate has a decimal point";
   EXPECT_EQ(read["title"], sentence_of(asked));
   EXPECT_EQ(read["rows"][0][0], "O'Neil, \"Jos\u00e9\"\t\x01\\");
   EXPECT_EQ(read["rows"][1][2], 33.33);

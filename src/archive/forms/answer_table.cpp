@@ -119,12 +119,15 @@ QString column_heading(const answer_column& column) {
 Table answer_table(const answer& told, const question& asked, std::vector<int>& columns) {
   Table table;
   columns.clear();
+  // Figures one below the other stand near their names.
+  const bool figures = !told.columns.empty() && told.columns.front().name == "figure";
   for (std::size_t i = 0; i < told.columns.size(); ++i) {
     const answer_column& column = told.columns[i];
     if (!is_shown(column.name, asked)) continue;
     columns.push_back(static_cast<int>(i));
     table.columns.push_back({.heading = column_heading(column),
                              .numbers = column.kind != column_kind::text,
+                             .stretches = figures,
                              .teams = names_a_team(column.name)});
   }
   for (std::size_t i = 0; i < told.rows.size(); ++i) {
