@@ -29,7 +29,7 @@ class RecordBookTest : public ArchiveTest {
     preferences::use_file(own_.filePath(QStringLiteral("preferences.ini")));
   }
 
-  void play_some() const { text({"--seed", "5", "match", "--update", "--matches", "12", "--quiet"}); }
+  void play_some() const { text({"--seed", "5", "match", "--update", "--matches", "8", "--quiet"}); }
 
   static const AnswerView& answer_of(const QWidget& window) {
     const auto* view = window.findChild<AnswerView*>();
