@@ -86,7 +86,7 @@ void add_batsmen(reported_innings& told, const innings_books& books) {
     }
     told.batsmen.push_back({man.name, words_of(man), man.runs, man.balls, man.fours, man.sixes,
                             man.balls == 0 ? std::string() : number_text(strike_rate(man.runs, man.balls)),
-                            is_not_out(man)});
+                            is_not_out(man), i});
   }
 }
 
@@ -96,8 +96,8 @@ void add_bowlers(reported_innings& told, const innings_books& books) {
     if (ball.bowler == 0 || seen[ball.bowler]) continue;
     seen[ball.bowler] = true;
     const bowling_card_rec& man = books.bowling[ball.bowler];
-    told.bowlers.push_back(
-        {man.name, overs_from_balls(man.balls), man.maidens, man.runs, man.wickets, rate_of(man.runs, man.balls)});
+    told.bowlers.push_back({man.name, overs_from_balls(man.balls), man.maidens, man.runs, man.wickets,
+                            rate_of(man.runs, man.balls), ball.bowler});
   }
 }
 
@@ -152,26 +152,31 @@ const char* batting_milestone(const match_state& match, const reported_batsman& 
   return nullptr;
 }
 
-void add_milestones(match_report& report, const match_state& match) {
-  for (const reported_innings& innings : report.innings) {
-    for (const reported_batsman& man : innings.batsmen) {
-      const char* what = batting_milestone(match, man);
-      if (what == nullptr) continue;
-      const std::string runs = number_text(man.runs) + (man.not_out ? "*" : "");
-      report.milestones.push_back({man.name, innings.side, what, runs + " (" + number_text(man.balls) + ")"});
-    }
-  }
-  for (const reported_innings& innings : report.innings) {
-    for (const reported_bowler& man : innings.bowlers) {
-      if (man.wickets < five_wicket_haul || !is_on(match.five_wicket_list, man.name)) continue;
-      report.milestones.push_back(
-          {man.name, innings.bowling_side, "Five wickets",
-           man.overs + "-" + number_text(man.maidens) + "-" + number_text(man.runs) + "-" + number_text(man.wickets)});
-    }
+}  // namespace
+
+reported_innings report_on_first_innings(const match_state& match) { return innings_of(first_books(match)); }
+
+reported_innings report_on_innings_in_play(const match_state& match) { return innings_of(second_books(match)); }
+
+void add_batting_milestones(std::vector<reported_milestone>& to, const match_state& match,
+                            const reported_innings& innings) {
+  for (const reported_batsman& man : innings.batsmen) {
+    const char* what = batting_milestone(match, man);
+    if (what == nullptr) continue;
+    const std::string runs = number_text(man.runs) + (man.not_out ? "*" : "");
+    to.push_back({man.name, innings.side, what, runs + " (" + number_text(man.balls) + ")"});
   }
 }
 
-}  // namespace
+void add_bowling_milestones(std::vector<reported_milestone>& to, const match_state& match,
+                            const reported_innings& innings) {
+  for (const reported_bowler& man : innings.bowlers) {
+    if (man.wickets < five_wicket_haul || !is_on(match.five_wicket_list, man.name)) continue;
+    to.push_back(
+        {man.name, innings.bowling_side, "Five wickets",
+         man.overs + "-" + number_text(man.maidens) + "-" + number_text(man.runs) + "-" + number_text(man.wickets)});
+  }
+}
 
 match_report report_on(const match_state& match, const record_lists* before) {
   match_report report;
@@ -179,8 +184,9 @@ match_report report_on(const match_state& match, const record_lists* before) {
   report.winner = match.result_winner;
   report.result = match.result_winner + match.result_margin;
   report.practice = match.practice;
-  report.innings = {innings_of(first_books(match)), innings_of(second_books(match))};
-  add_milestones(report, match);
+  report.innings = {report_on_first_innings(match), report_on_innings_in_play(match)};
+  for (const reported_innings& innings : report.innings) add_batting_milestones(report.milestones, match, innings);
+  for (const reported_innings& innings : report.innings) add_bowling_milestones(report.milestones, match, innings);
   if (before == nullptr) return report;
   report.records_known = true;
   report.records = records_brought(match, *before);

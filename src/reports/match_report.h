@@ -24,6 +24,7 @@ struct reported_batsman {
   int sixes = 0;
   std::string strike_rate;  ///< 100 x runs / balls to two places; "" before his first ball
   bool not_out = false;
+  int position = 0;  ///< in the eleven, 1 to 11
 };
 
 /// A man who has bowled.
@@ -34,6 +35,7 @@ struct reported_bowler {
   int runs = 0;
   int wickets = 0;
   std::string economy;  ///< runs an over to two places; "" before his first legal ball
+  int position = 0;     ///< in the eleven, 1 to 11
 };
 
 /// The fall of a wicket.
@@ -94,6 +96,16 @@ struct match_report {
 /// The report of a match that has been decided: in its second innings, the result block filled. `before`: the record
 /// lists without the match; nullptr where they are not known or take no match. Draws nothing, writes nothing.
 match_report report_on(const match_state& match, const record_lists* before);
+
+/// The card of the innings before the one in play, and of the one in play, whether it has ended or not.
+reported_innings report_on_first_innings(const match_state& match);
+reported_innings report_on_innings_in_play(const match_state& match);
+
+/// Appends the milestones of an innings for which men have been congratulated: of its batsmen; of its bowlers.
+void add_batting_milestones(std::vector<reported_milestone>& to, const match_state& match,
+                            const reported_innings& innings);
+void add_bowling_milestones(std::vector<reported_milestone>& to, const match_state& match,
+                            const reported_innings& innings);
 
 /// The question of the end of a match: shows the report where somebody sits before the match. It is made only when it
 /// is opened, so whoever does not look pays nothing. Match and database outlive the form.
