@@ -85,6 +85,8 @@ constexpr Purpose purposes[] = {
      "Alt+Right forward. Compare sets a page aside to stand beside the next."},
     {"allrecs", "The batting or bowling of one team's men."},
     {"optfrm", "The database, the photos and the colours of exported pages."},
+    {"matchcentre",
+     "The match in every way: choose a view and an innings; an over picked in one view is picked in all."},
     {"matchrep", "The whole match: both cards, the scores over by over, what it brought. Page keys scroll."},
     {"anew_question", "Yes empties careers and records; they begin anew."},
     {"messages", "Messages without a tick pass by in the bar above, and the game goes on."},

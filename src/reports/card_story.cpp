@@ -56,7 +56,7 @@ story_table bowling_story(const innings_story& innings) {
 
 story_table falls_story(const innings_story& innings) {
   story_table table{.name = innings.card.side + ", fall of wickets"};
-  table.columns = {{"Wkt", "Wicket", true, false},
+  table.columns = {{"Wicket", "Wicket", true, false},
                    {"Score", "Score", true, false},
                    {"Batsman", "Batsman", false, true},
                    {"Overs", "Overs", true, false}};

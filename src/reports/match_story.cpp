@@ -9,6 +9,7 @@
 #include "model/commentary.h"
 #include "model/innings_log.h"
 #include "model/match_state.h"
+#include "reports/worm_graph.h"
 
 namespace velorin {
 
@@ -103,6 +104,9 @@ std::string lower(std::string text) {
 match_story story_of(const match_state& match) {
   match_story story{.ground = match.venue_name(), .result = match.result_winner + match.result_margin};
   story.practice = match.practice;
+  const auto place = static_cast<std::size_t>(chart_place(match, match.team1_name));
+  story.teams[place] = match.team1_name;
+  story.teams[1 - place] = match.team2_name;
   const bool chase = match.first_total != 0;
   if (chase) {
     innings_story first{.card = report_on_first_innings(match)};

@@ -53,6 +53,7 @@ struct match_story {
   std::string ground;
   std::string result;                       ///< winner and margin in one line; "" while nobody has won
   bool practice = false;                    ///< it counts for no career and no record
+  std::array<std::string, 2> teams = {};    ///< by their places in all charts of the match
   std::vector<innings_story> innings = {};  ///< one or two, in the order in which they are played
   std::vector<reported_milestone> milestones = {};
 };

@@ -82,8 +82,8 @@ story_table phases_story(const innings_story& innings) {
 
 story_table stands_story(const innings_story& innings) {
   story_table table{.name = innings.card.side + ", stands"};
-  table.columns = {number("Wkt", "Wicket"), number("R", "Runs"),     number("B", "Balls"), number("RPO", "Run rate"),
-                   text("One", true),       text("The other", true), number("x", "Extras")};
+  table.columns = {number("Wicket", "Wicket"), number("R", "Runs"),   number("B", "Balls"), number("RPO", "Run rate"),
+                   text("Batsman", true),      text("Partner", true), number("x", "Extras")};
   for (const stand& one : stands_of(innings.deliveries)) {
     table.rows.push_back(
         {{number_text(one.wicket), number_text(one.runs) + (one.unbroken ? "*" : ""), number_text(one.balls),
@@ -122,7 +122,7 @@ story_table spells_story(const innings_story& innings) {
 
 story_table kinds_story(const innings_story& innings) {
   story_table table{.name = innings.card.side + ", types of runs"};
-  table.columns = {text("Batsman", true), number("R", "Runs"),      number("0s", "Dots"),  number("1s", "Ones"),
+  table.columns = {text("Batsman", true), number("R", "Runs"),      number("0s", "Dots"),  number("1s", "Singles"),
                    number("2s", "Twos"),  number("3s", "Threes"),   number("4s", "Fours"), number("6s", "Sixes"),
                    number("b", "Byes"),   number("lb", "Leg byes"), number("wd", "Wides"), number("nb", "No balls")};
   for (const reported_batsman& man : innings.card.batsmen) {
@@ -152,9 +152,13 @@ story_table scorebook_story(const innings_story& innings) {
 
 story_table overs_story(const innings_story& innings) {
   story_table table{.name = innings.card.side + ", over by over"};
-  table.columns = {number("Over", "Over"),          text("Bowler", true),     number("R", "Runs"),
-                   number("W", "Wickets"),          number("Score", "Score"), number("RPO", "Run rate"),
-                   number("Reqd.", "Required rate")};
+  table.columns = {number("Over", "Over"),
+                   text("Bowler", true),
+                   number("R", "Runs"),
+                   number("W", "Wickets"),
+                   number("Score", "Score"),
+                   number("RPO", "Run rate"),
+                   number("RR Reqd.", "Required rate")};
   for (const story_over& one : innings.overs) {
     table.rows.push_back(
         {{number_text(one.over), at(innings.bowling, one.bowler), number_text(one.runs), number_text(one.wickets),

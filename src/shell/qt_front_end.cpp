@@ -41,12 +41,14 @@
 #include "reports/forms/first_bowling_card_window.h"
 #include "reports/forms/first_partnerships_window.h"
 #include "reports/forms/first_scorecard_window.h"
+#include "reports/forms/match_centre_window.h"
 #include "reports/forms/match_report_window.h"
 #include "reports/forms/overs_graph_window.h"
 #include "reports/forms/partnerships_window.h"
 #include "reports/forms/scorecard_window.h"
 #include "reports/forms/worm_graph_window.h"
 #include "reports/match_report.h"
+#include "reports/match_story.h"
 #include "reports/overs_graph.h"
 #include "reports/partnerships.h"
 #include "reports/scorecard.h"
@@ -268,6 +270,7 @@ void QtFrontEnd::console_opens(console_form& form) {
       if (const auto file = keeper_->file_in_play(); !file.empty()) open_match_line(file);
     });
   }
+  console_->on_match_centre([this] { open_match_centre(); });
   console_->show_before_use();
 }
 
@@ -339,6 +342,12 @@ void QtFrontEnd::open(report which) {
   }
 }
 
+void QtFrontEnd::open_match_centre() {
+  refresh_console();
+  MatchCentreWindow window(story_of(game_.match));
+  run_modal(window);
+}
+
 MatchReportWindow::ShowProfile QtFrontEnd::profile_of() {
   return [this](const std::string& side, const std::string& player) { show_profile(*this, game_.data, side, player); };
 }
@@ -350,6 +359,7 @@ void QtFrontEnd::show(match_report_form& form) {
   if (!form.attended()) return;
   refresh_console();
   MatchReportWindow window(form.report, profile_of());
+  window.offer_centre([this] { open_match_centre(); });
   if (!reports_.keeps()) window.offer_rematch([this] { rematch_ = true; });
   run_modal(window);
 }

@@ -79,6 +79,9 @@ class QtFrontEnd : public front_end {
   /// The form of the World Cup, which may stay loaded from one tournament to the next.
   world_cup_form& cup_form() { return cup_form_; }
 
+  /// Opens the match in play in the match centre, over the form on top, modal.
+  void open_match_centre();
+
  private:
   /// What the names of men in the reports of matches do.
   MatchReportWindow::ShowProfile profile_of();

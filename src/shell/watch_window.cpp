@@ -309,6 +309,7 @@ void watch(QtFrontEnd& shown_by, const std::filesystem::path& recording) {
   QtFrontEnd reports(*watched);
   console_form form({watched->match, watched->chance, reports, watched->data});
   WatchWindow window(*player, watched->match, watched->data, form);
+  window.on_match_centre([&reports] { reports.open_match_centre(); });
   run_modal(window);
   if (Frame* frame = window.main_window()) {
     frame->show_passing({});

@@ -102,7 +102,8 @@ TEST_F(MatchStory, AFilterLetsThroughWhatHoldsInAll) {
 }
 
 TEST_F(MatchStory, LinesThatOnlyPartOthersAreLeftOut) {
-  for (const story_line& told : story_of(match).innings[0].commentary) {
+  const innings_story northland = story_of(match).innings[0];
+  for (const story_line& told : northland.commentary) {
     EXPECT_THAT(told.text, ::testing::Not(::testing::HasSubstr("----")));
     EXPECT_THAT(told.text, ::testing::Not(::testing::HasSubstr("====")));
   }

@@ -109,8 +109,8 @@ void ClickingUser::answer_reports() {
     books_shown.push_back(books());
     press_ok(window, "accept");
   });
-  for (const char* name :
-       {"scorecard2", "Bowlcard", "bowlcard2nd", "partners", "partners2", "graphs", "worms", "matchrep"}) {
+  for (const char* name : {"scorecard2", "Bowlcard", "bowlcard2nd", "partners", "partners2", "graphs", "worms",
+                           "matchrep", "matchcentre"}) {
     robot.always(name, [this](QWidget& window) { press_ok(window, "accept"); });
   }
 }

@@ -89,8 +89,9 @@ TEST_F(EveryWindow, AMatchAndItsReports) {
   user.robot.always("main", [&](QWidget& window) {
     if (match.over_no == 2 && !done) {
       done = true;
-      for (const char* name : {"forecast", "next_ball", "forecast", "batsman_aggression_0", "bowler_aggression_0",
-                               "change_bowler", "show_worm", "show_overs_graph", "batsman_profile_0"}) {
+      for (const char* name :
+           {"forecast", "next_ball", "forecast", "batsman_aggression_0", "bowler_aggression_0", "change_bowler",
+            "show_worm", "show_overs_graph", "show_match_centre", "batsman_profile_0"}) {
         press(window, name);
       }
       user.robot.next("scorecard", [](QWidget& card) {
@@ -106,7 +107,7 @@ TEST_F(EveryWindow, AMatchAndItsReports) {
   play([&](MenuWindow& menu) { choose(menu, "start_game", "new_match"); });
   for (const char* name :
        {"teamfrm", "wecond", "Teamsel", "toss", "batorder", "chgbowler", "main", "aggr", "message", "scorecard",
-        "batsmandetails", "Bowlcard", "partners", "graphs", "worms", "matchrep", "nextball"}) {
+        "batsmandetails", "Bowlcard", "partners", "graphs", "worms", "matchrep", "matchcentre", "nextball"}) {
     EXPECT_TRUE(seen.contains(name)) << name;
   }
   for (const char* pair :

@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QRadioButton>
 #include <QTemporaryDir>
@@ -33,6 +34,7 @@
 #include "desktop/theme.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "reports/forms/match_centre_window.h"
 #include "shell/clicking_user.h"
 #include "shell/filled_careers.h"
 #include "shell/menu_window.h"
@@ -64,6 +66,21 @@ void open(MenuWindow& menu, const char* panel, const char* entry) {
 }
 
 namespace {
+
+/// Every view of the match centre, an over picked.
+void picture_match_centre(QWidget& console, ClickingUser& user) {
+  user.robot.next("matchcentre", [](QWidget& window) {
+    auto* views = control<QListWidget>(window, "views");
+    static_cast<MatchCentreWindow&>(window).pick_over(7);
+    for (int view = 0; view < views->count(); ++view) {
+      views->setCurrentRow(view);
+      QTest::qWait(10);
+      take(window, ("match-centre-" + std::to_string(view + 1)).c_str());
+    }
+    press(window, "accept");
+  });
+  press(console, "show_match_centre");
+}
 
 /// Bowls an over at a pace that can be followed. Keeps a small picture before it, one of each ball once all is in its
 /// place, and one of the end.
@@ -145,6 +162,7 @@ void picture_match(MenuWindow& menu) {
       press(worm_graph, "accept");
     });
     press(window, "show_scorecard");
+    picture_match_centre(window, user);
   });
   user.robot.next("matchrep", [](QWidget& window) {
     take(window, "match-report");

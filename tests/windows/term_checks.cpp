@@ -157,6 +157,11 @@ const QStringList& plain_words() {
                                     "Value",
                                     "Venue",
                                     "What it does",
+                                    "Commentary",
+                                    "Out",
+                                    "Partner",
+                                    "Search",
+                                    "Wicket",
                                     "Won",
                                     "at",
                                     "vs"};

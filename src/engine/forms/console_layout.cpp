@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/controls.h"
 #include "desktop/level_segments.h"
@@ -307,6 +308,21 @@ void ConsoleWindow::add_reports() {
         {.caption = QString::fromLatin1(report.caption), .mnemonic = report.mnemonic, .key = QKeySequence(report.key)},
         [this, handler = report.handler] { act(handler); }));
   }
+  match_centre_ = add_button(QStringLiteral("show_match_centre"),
+                             {.caption = QStringLiteral("Match"),
+                              .mnemonic = u'M',
+                              .key = QKeySequence(Qt::Key_M),
+                              .hint = QStringLiteral("The match centre: cards, commentary, phases, stands and more")},
+                             [this] {
+                               if (!playing_ && open_match_centre_) open_match_centre_();
+                             });
+  match_centre_->hide();
+  add_aside(match_centre_);
+}
+
+void ConsoleWindow::on_match_centre(std::function<void()> open) {
+  open_match_centre_ = std::move(open);
+  match_centre_->setVisible(open_match_centre_ != nullptr);
 }
 
 void ConsoleWindow::add_foot() {

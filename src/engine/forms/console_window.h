@@ -59,6 +59,8 @@ class ConsoleWindow : public Form {
   void play_over();
   /// What opens the line of the match; until then the forecast does not offer it.
   void on_match_line(std::function<void()> open);
+  /// What opens the match centre; until then it is not offered.
+  void on_match_centre(std::function<void()> open);
   /// A message has passed by without a stop: a row in the commentary.
   void message_passed(const QString& text);
   /// The match is recorded: who quits is asked whether to keep it, and `discard` runs where not.
@@ -156,6 +158,8 @@ class ConsoleWindow : public Form {
   QPushButton* forecast_choice_ = nullptr;
   QPushButton* next_ball_ = nullptr;
   QPushButton* match_line_ = nullptr;
+  QPushButton* match_centre_ = nullptr;
+  std::function<void()> open_match_centre_;  // likewise
   std::function<void()> open_match_line_;  // none where nobody opens it
   std::array<BatsmanPanel*, 2> batsmen_{};
   std::array<BowlerPanel*, 2> bowlers_{};

@@ -285,6 +285,14 @@ void MatchReportWindow::offer_rematch(std::function<void()> rematch) {
              });
 }
 
+void MatchReportWindow::offer_centre(std::function<void()> open) {
+  add_aside(add_button(QStringLiteral("show_match_centre"),
+                       {.caption = QStringLiteral("Match Centre"),
+                        .mnemonic = u'M',
+                        .hint = QStringLiteral("The match ball by ball: commentary, phases, stands and more")},
+                       std::move(open)));
+}
+
 void MatchReportWindow::add_innings(const reported_innings& innings, std::size_t place) {
   const QString number = QString::number(place + 1);
   TableView* batting = new_table_view(QStringLiteral("batting_") + number, batting_table(innings));

@@ -35,6 +35,8 @@ class MatchReportWindow : public Form {
 
   /// Offers the same sides again: `rematch` runs as the page closes by that press.
   void offer_rematch(std::function<void()> rematch);
+  /// Offers the match centre: `open` runs at each press.
+  void offer_centre(std::function<void()> open);
 
  protected:
   /// The page keys turn the page.
