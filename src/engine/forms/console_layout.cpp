@@ -310,8 +310,8 @@ void ConsoleWindow::add_reports() {
   }
   match_centre_ = add_button(QStringLiteral("show_match_centre"),
                              {.caption = QStringLiteral("Match"),
-                              .mnemonic = u'M',
-                              .key = QKeySequence(Qt::Key_M),
+                              .mnemonic = u'H',
+                              .key = QKeySequence(Qt::Key_H),
                               .hint = QStringLiteral("The match centre: cards, commentary, phases, stands and more")},
                              [this] {
                                if (!playing_ && open_match_centre_) open_match_centre_();

@@ -160,7 +160,7 @@ class ConsoleWindow : public Form {
   QPushButton* match_line_ = nullptr;
   QPushButton* match_centre_ = nullptr;
   std::function<void()> open_match_centre_;  // likewise
-  std::function<void()> open_match_line_;  // none where nobody opens it
+  std::function<void()> open_match_line_;    // none where nobody opens it
   std::array<BatsmanPanel*, 2> batsmen_{};
   std::array<BowlerPanel*, 2> bowlers_{};
   QPushButton* change_bowler_ = nullptr;

@@ -130,7 +130,8 @@ QWidget* MatchCentreWindow::new_choices() {
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(8);
   row->addWidget(choice_);
-  for (std::size_t i = 0; i < story_.innings.size(); ++i) {
+  // A single innings leaves no choice.
+  for (std::size_t i = 0; story_.innings.size() > 1 && i < story_.innings.size(); ++i) {
     const reported_innings& card = story_.innings[i].card;
     auto* button = new QPushButton;
     button->setObjectName(QStringLiteral("innings_%1").arg(i + 1));
@@ -160,7 +161,7 @@ void MatchCentreWindow::show_view(int view) {
 void MatchCentreWindow::show_innings(std::size_t innings) {
   innings_ = innings;
   picked_ = 0;
-  sides_->button(static_cast<int>(innings))->setChecked(true);
+  if (QAbstractButton* chosen = sides_->button(static_cast<int>(innings))) chosen->setChecked(true);
   for (CentrePage* page : views_) page->show_innings(story_, innings);
 }
 
