@@ -13,11 +13,11 @@
 
 namespace velorin {
 
-SheetAdviser::SheetAdviser(Form& form, Acts acts)
+SheetAdviser::SheetAdviser(Form& form, Acts acts, QBoxLayout* rows)
     : QObject(&form), acts_(std::move(acts)), line_(new_named_label(QStringLiteral("reason"), {}, TextRole::muted)) {
   line_->setWordWrap(true);
   line_->setMinimumHeight(2 * line_->fontMetrics().height());
-  form.body()->addWidget(line_);
+  (rows != nullptr ? rows : form.body())->addWidget(line_);
   if (acts_.advise) {
     toggle_ = new QPushButton;
     toggle_->setObjectName(QStringLiteral("adviser"));

@@ -6,6 +6,7 @@
 
 #include "desktop/back_work.h"
 
+class QBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -26,8 +27,8 @@ class SheetAdviser : public QObject {
     std::function<void()> clear;             ///< the adviser is turned off: shows no advice any more
   };
 
-  /// Adds both to the form's foot, and the line for the reason to its body.
-  SheetAdviser(Form& form, Acts acts);
+  /// Adds both to the form's foot, and the line for the reason to these rows, or else to its body.
+  SheetAdviser(Form& form, Acts acts, QBoxLayout* rows = nullptr);
 
   bool is_working() const { return work_.is_working(); }
 

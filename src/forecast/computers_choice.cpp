@@ -178,4 +178,11 @@ std::optional<computers_choice> computers_bowler(const match_state& match, bowle
   });
 }
 
+bool computers_toss_bats() {
+  random_source own;
+  own.use_clock();
+  own.reseed();
+  return coin(own) == 1;
+}
+
 }  // namespace velorin

@@ -33,4 +33,8 @@ std::optional<computers_choice> computers_bowler(const match_state& match, bowle
 /// What the computer goes by at the toss.
 inline constexpr const char* computers_toss = "The computer lets a coin of its own decide whether to bat or to bowl.";
 
+/// How that coin falls: true to bat. It is tossed apart from the match, whose draws stay as they are; what comes of it
+/// is the captain's answer.
+bool computers_toss_bats();
+
 }  // namespace velorin

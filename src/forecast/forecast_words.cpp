@@ -30,6 +30,11 @@ std::string total_sentence(const total_forecast& total) {
   return fmt::format("{}, four times in five from {} to {}", std::lround(total.mean), total.p10, total.p90);
 }
 
+std::string win_words(const advice& told, long runs) {
+  const double error = std::sqrt(told.win * (1 - told.win) / static_cast<double>(runs));
+  return fmt::format("{:.1f} % \xB1 {:.1f}", 100 * told.win, 100 * error);
+}
+
 std::string difference_words(const advice& told) {
   return fmt::format("{:+.1f} % \xB1 {:.1f}", 100 * told.difference, 100 * told.standard_error);
 }

@@ -21,6 +21,9 @@ std::string total_words(const total_forecast& total);
 /// "268, four times in five from 221 to 310"
 std::string total_sentence(const total_forecast& total);
 
+/// "54.2 % \xB1 0.8": the chance of winning under a choice so often played, with its standard error, in hundredths.
+std::string win_words(const advice& told, long runs);
+
 /// "+1.2 % \xB1 0.4": the difference to leaving the choice to the computer, with its standard error, in hundredths.
 std::string difference_words(const advice& told);
 

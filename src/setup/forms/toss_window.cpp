@@ -8,15 +8,19 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "desktop/accessible_role.h"
 #include "desktop/controls.h"
 #include "desktop/crest.h"
 #include "desktop/ground_picture.h"
+#include "desktop/sheet_adviser.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
+#include "forecast/computers_choice.h"
 #include "model/match_state.h"
 #include "setup/forms/leaving.h"
+#include "setup/forms/toss_adviser.h"
 #include "setup/toss.h"
 
 namespace velorin {
@@ -60,7 +64,7 @@ class Coin : public QWidget {
 }  // namespace
 
 TossWindow::TossWindow(const match_state& match, toss_form& form, QWidget* parent)
-    : Form(QStringLiteral("toss"), Dismissal::refused, parent), form_(form) {
+    : Form(QStringLiteral("toss"), Dismissal::refused, parent), match_(match), form_(form) {
   name_heading(QStringLiteral("headline"));
   body()->setContentsMargins(0, 0, 0, 0);
   auto* ground = new GroundPicture(QStringLiteral("toss_ground"));
@@ -82,6 +86,7 @@ TossWindow::TossWindow(const match_state& match, toss_form& form, QWidget* paren
   bowl_ = add_choice("bowl", "Bowl", u'w', [this] { form_.choose_to_bowl(); });
   choices_->addStretch(1);
   card_rows(card)->addLayout(choices_);
+  rows_ = card_rows(card);
   auto* middle = new QHBoxLayout;
   middle->addStretch(1);
   middle->addWidget(card, 8);
@@ -152,6 +157,29 @@ QPushButton* TossWindow::add_choice(const char* name, const char* caption, char1
   return button;
 }
 
+void TossWindow::prefer(QPushButton& choice) {
+  choice.setFocus();
+  choice.setDefault(true);
+}
+
+void TossWindow::add_adviser() {
+  if (std::exchange(advised_, true)) return;
+  auto* advice = new_named_label(QStringLiteral("advice"), {}, TextRole::muted);
+  advice->setToolTip(
+      QStringLiteral("The deciding side's chance of winning under each choice, from the match played many times, "
+                     "with its error"));
+  advice->setAlignment(Qt::AlignHCenter);
+  rows_->addWidget(advice);
+  SheetAdviser::Acts acts = advised_toss(match_, form_.deciding_line, *advice);
+  acts.leave = [this] {
+    const bool bats = computers_toss_bats();
+    prefer(bats ? *bat_ : *bowl_);
+    return QStringLiteral("%1 It says %2.")
+        .arg(QString::fromLatin1(computers_toss), bats ? QStringLiteral("bat") : QStringLiteral("bowl"));
+  };
+  new SheetAdviser(*this, std::move(acts), rows_);
+}
+
 void TossWindow::show_stage() {
   if (form_.closed) {
     accept();
@@ -167,8 +195,8 @@ void TossWindow::show_stage() {
   for (QPushButton* button : {heads_, tails_}) button->setVisible(coin);
   for (QPushButton* button : {bat_, bowl_}) button->setVisible(!coin);
   QPushButton* first = coin ? heads_ : form_.bat_enabled ? bat_ : bowl_;
-  first->setFocus();
-  first->setDefault(true);
+  prefer(*first);
+  if (!coin && form_.bat_enabled && form_.bowl_enabled) add_adviser();
   // A longer headline is shown whole at once.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   if (isVisible()) resize(size().expandedTo(minimumSizeHint()));

@@ -3,6 +3,7 @@
 
 #include "desktop/form.h"
 
+class QBoxLayout;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -37,7 +38,12 @@ class TossWindow : public Form {
   QPushButton* add_choice(const char* name, const char* caption, char16_t mnemonic, std::function<void()> chosen);
   /// Shows texts and buttons as the form has them; closes the window with the form.
   void show_stage();
+  /// What he who may decide is offered besides.
+  void add_adviser();
+  /// Lets this choice be pressed by Return.
+  static void prefer(QPushButton& choice);
 
+  const match_state& match_;
   toss_form& form_;
   QStackedWidget* stages_;
   QHBoxLayout* choices_;
@@ -47,6 +53,8 @@ class TossWindow : public Form {
   QPushButton* tails_;
   QPushButton* bat_;
   QPushButton* bowl_;
+  QBoxLayout* rows_;
+  bool advised_ = false;
 };
 
 }  // namespace velorin

@@ -5,11 +5,19 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
+#include <memory>
 
 #include "desktop/crest.h"
+#include "desktop/preferences.h"
+#include "desktop/shown_text.h"
+#include "forecast/adviser.h"
+#include "forecast/forecast_words.h"
 #include "model/match_state.h"
+#include "model/random.h"
 #include "setup/forms/check_leaving.h"
+#include "setup/forms/toss_adviser.h"
 #include "setup/toss.h"
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
@@ -124,6 +132,78 @@ TEST_F(TossWindowTest, AComputersTossOpensOnTheDecision) {
   EXPECT_EQ(enabled(window, "bat"), form_.bat_enabled);
   EXPECT_EQ(enabled(window, "bowl"), form_.bowl_enabled);
   EXPECT_EQ(text(window, "headline"), QString::fromStdString(form_.headline));
+  check_window_at_sizes(window);
+}
+
+class AdviserAtTheToss : public TossWindowTest {
+ protected:
+  AdviserAtTheToss() { preferences::set_adviser(true); }
+  ~AdviserAtTheToss() override { preferences::set_adviser(false); }
+
+  /// A toss with this winner, of sides of which the first wins few matches.
+  void decide(double winner) {
+    match.step = match_step::toss;
+    match.selected = {sample_eleven("H"), sample_eleven("A")};
+    for (player_rec& man : match.selected[0]) man.bat_skill = 4;
+    form_.open();
+    script_draws({winner});
+    window_ = std::make_unique<TossWindow>(match, form_);
+    window_->show();
+    EXPECT_EQ(window_->findChild<QLabel*>("advice"), nullptr) << "nobody decides yet";
+    press(*window_, "heads");
+  }
+  QString advice_told() const {
+    const auto advised = [&] { return text(*window_, "advice").count(QChar(0xB1)) == 2; };
+    EXPECT_TRUE(QTest::qWaitFor(advised, 60'000)) << text(*window_, "advice").toStdString();
+    return text(*window_, "advice");
+  }
+
+  std::unique_ptr<TossWindow> window_;
+};
+
+TEST_F(AdviserAtTheToss, TellsTheFirstSideItsOwnChances) {
+  decide(first_wins);
+  const auto found = QRegularExpression("bat (\\S+) % .*bowl (\\S+) %").match(advice_told());
+  EXPECT_LT(found.captured(1).toDouble(), 20) << found.captured(0).toStdString();
+  EXPECT_LT(found.captured(2).toDouble(), 45);
+  ASSERT_TRUE(found.hasMatch());
+}
+
+TEST_F(AdviserAtTheToss, TellsTheSecondSideItsOwnChances) {
+  decide(second_wins);
+  const QString told = advice_told();
+  const auto found =
+      advise(match, advised_side::bowling, {{captains_choice::kind::bat_first}, {captains_choice::kind::bowl_first}},
+             {.runs = runs_of_toss, .seed = 1, .threads = 2, .stop = {}});
+  ASSERT_EQ(found.size(), 3U);
+  EXPECT_GT(found[1].win, 0.8);
+  EXPECT_NE(found[1].win, found[2].win);
+  EXPECT_EQ(told, QStringLiteral("Chance of winning:   bat %1   bowl %2")
+                      .arg(shown(win_words(found[2], runs_of_toss)), shown(win_words(found[1], runs_of_toss))));
+  take_picture(*window_, "toss_advised");
+  check_window_at_sizes(*window_);
+  press(*window_, "adviser");
+  EXPECT_EQ(text(*window_, "advice"), "");
+}
+
+TEST_F(TossWindowTest, LeftToTheComputerTheTossTakesItsCoin) {
+  form_.open();
+  script_draws({first_wins});
+  TossWindow window(match, form_);
+  window.show();
+  press(window, "tails");
+  const auto drawn = chance.draws_used();
+  bool bats = false;
+  bool bowls = false;
+  for (int i = 0; i < 200 && !(bats && bowls); ++i) {
+    press(window, "leave_to_computer");
+    const QString preferred = window.focusWidget()->objectName();
+    (preferred == "bat" ? bats : bowls) = true;
+    EXPECT_TRUE(text(window, "reason").endsWith(preferred + ".")) << text(window, "reason").toStdString();
+  }
+  EXPECT_TRUE(bats && bowls) << "either comes";
+  EXPECT_EQ(chance.draws_used(), drawn) << "the match's own draws stay";
+  take_picture(window, "toss_left");
   check_window_at_sizes(window);
 }
 
