@@ -44,9 +44,10 @@ int LevelSegment::tall() const {
 void LevelSegment::show_answer(const QString& whose, const std::optional<ball_odds>& odds) {
   const QString sentence = QStringLiteral("%1: %2").arg(level_).arg(shown(odds_sentence(odds)));
   const QString spoken = QStringLiteral("Aggression of %1, %2").arg(whose, sentence);
-  if (spoken == accessibleName()) return;
-  setAccessibleName(spoken);
-  setToolTip(sentence);
+  if (spoken == spoken_) return;
+  spoken_ = spoken;
+  sentence_ = sentence;
+  tell();
   answer_.clear();
   runs_.clear();
   if (odds) {
@@ -56,6 +57,17 @@ void LevelSegment::show_answer(const QString& whose, const std::optional<ball_od
     answer_ = QStringLiteral("%1\u00B7%2").arg(runs_, balls);
   }
   update();
+}
+
+void LevelSegment::show_advice(const QString& words) {
+  if (words == advice_) return;
+  advice_ = words;
+  tell();
+}
+
+void LevelSegment::tell() {
+  setAccessibleName(advice_.isEmpty() ? spoken_ : QStringLiteral("%1; to win %2").arg(spoken_, advice_));
+  setToolTip(advice_.isEmpty() ? sentence_ : QStringLiteral("%1\nTo win: %2").arg(sentence_, advice_));
 }
 
 QString LevelSegment::shown_answer() const {

@@ -17,6 +17,8 @@ class LevelSegment : public QRadioButton {
   explicit LevelSegment(int level, QWidget* parent = nullptr);
 
   void show_answer(const QString& whose, const std::optional<ball_odds>& odds);
+  /// What the level does to the chance of winning, for the tooltip and for screen readers; empty where nobody knows.
+  void show_advice(const QString& words);
   /// With little height to spare.
   void set_low(bool low) { low_ = low; }
   QSize sizeHint() const override;
@@ -31,8 +33,12 @@ class LevelSegment : public QRadioButton {
 
  private:
   int tall() const;
+  void tell();
 
   int level_;
+  QString spoken_;
+  QString sentence_;
+  QString advice_;
   QString answer_;
   QString runs_;
   bool low_ = false;

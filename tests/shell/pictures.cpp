@@ -32,6 +32,7 @@
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/theme.h"
+#include "engine/forms/forecast_bar.h"
 #include "model/match_state.h"
 #include "model/random.h"
 #include "reports/forms/match_centre_window.h"
@@ -55,6 +56,10 @@ QSize size(1280, 800);
 void take(QWidget& form, const char* name) {
   QWidget& window = *form.window();
   for (int round = 0; round < 6; ++round) QApplication::processEvents();
+  // A forecast is shown as it will stay.
+  if (const auto* bar = window.findChild<ForecastBar*>(QStringLiteral("forecast_bar"))) {
+    QTest::qWaitFor([bar] { return !bar->is_waiting(); }, 30'000);
+  }
   const QString path = QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name));
   if (!window.grab().save(path)) std::fprintf(stderr, "not written: %s\n", qPrintable(path));
 }

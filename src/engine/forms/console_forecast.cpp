@@ -8,7 +8,9 @@
 #include "desktop/shown_text.h"
 #include "engine/forms/console_window.h"
 #include "engine/forms/forecast_bar.h"
+#include "engine/forms/levels_adviser.h"
 #include "engine/forms/next_ball_window.h"
+#include "engine/forms/player_panels.h"
 #include "engine/forms/rates_panel.h"
 #include "forecast/forecast_words.h"
 #include "model/match_state.h"
@@ -33,6 +35,7 @@ QPushButton* new_choice(const char* name, const Act& act) {
 void ConsoleWindow::add_forecast() {
   forecast_ = new ForecastBar(match_);
   static_cast<QVBoxLayout*>(layout())->insertWidget(1, forecast_);
+  forecast_->on_asked([this] { rates_->mute_forecast(); });
   forecast_->on_answer([this](const forecast_answer* answer) {
     if (answer == nullptr) return rates_->show_forecast({}, {});
     const total_forecast& total = match_.innings_number % 2 == 1 ? answer->first_total : answer->second_total;
@@ -87,6 +90,16 @@ void ConsoleWindow::show_forecast(bool on) {
   next_ball_->setVisible(on);
   match_line_->setVisible(on && open_match_line_ != nullptr);
   forecast_->show_forecast(on);
+}
+
+void ConsoleWindow::refresh_adviser() {
+  if (next_over_ == nullptr || batsmen_[1] == nullptr || bowlers_[1] == nullptr) return;
+  if (adviser_ == nullptr) {
+    adviser_ = new LevelsAdviser(match_, {batsmen_[0]->levels(), batsmen_[1]->levels()},
+                                 {bowlers_[0]->levels(), bowlers_[1]->levels()}, this);
+    adviser_->setObjectName(QStringLiteral("levels_adviser"));
+  }
+  adviser_->refresh(forecast_->standing(), in_use_ && !playing_ && preferences::adviser());
 }
 
 void ConsoleWindow::on_match_line(std::function<void()> open) {

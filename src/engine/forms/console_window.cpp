@@ -165,6 +165,7 @@ void ConsoleWindow::refresh() {
   refresh_over();
   refresh_sides();
   refresh_choices();
+  refresh_adviser();
 }
 
 void ConsoleWindow::refresh_over() {

@@ -30,6 +30,7 @@ class BowlerPanel;
 class CommentaryList;
 class CourseChart;
 class ForecastBar;
+class LevelsAdviser;
 class OverChips;
 class OverStrip;
 class RatesPanel;
@@ -125,6 +126,8 @@ class ConsoleWindow : public Form {
   void add_forecast();
   QWidget* new_forecast_choices();
   void show_forecast(bool on);
+  /// Advises on the aggressions, where the adviser is on, once nothing is in play.
+  void refresh_adviser();
   QWidget* new_skip_choice();
   QPushButton* new_take_back_choice();
   void go_on_with_over();
@@ -155,6 +158,7 @@ class ConsoleWindow : public Form {
 
   Scoreboard* scoreboard_ = nullptr;
   ForecastBar* forecast_ = nullptr;
+  LevelsAdviser* adviser_ = nullptr;
   QPushButton* forecast_choice_ = nullptr;
   QPushButton* next_ball_ = nullptr;
   QPushButton* match_line_ = nullptr;

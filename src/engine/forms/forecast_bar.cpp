@@ -72,6 +72,12 @@ class ForecastShares : public QWidget {
     second_ = to_second_;
     update();
   }
+  /// Out of date: what is shown is muted, and said to be of the moment before.
+  void set_stale(bool stale) {
+    if (stale && !stale_ && shown_) setAccessibleName(QStringLiteral("Being reckoned. Before: ") + accessibleName());
+    stale_ = stale;
+    update();
+  }
   void clear() {
     shown_ = false;
     motion_.stop();
@@ -90,6 +96,8 @@ class ForecastShares : public QWidget {
     if (!shown_) return;
     const QRectF inner = frame.adjusted(1, 1, -1, -1);
     painter.setPen(Qt::NoPen);
+    constexpr double muted = 0.35;
+    if (stale_) painter.setOpacity(muted);
     const double left = inner.width() * std::clamp(first_, 0.0, 1.0);
     const double right = inner.width() * std::clamp(second_, 0.0, 1.0);
     painter.setBrush(chart_color(sides_, 0));
@@ -107,6 +115,7 @@ class ForecastShares : public QWidget {
 
  private:
   bool shown_ = false;
+  bool stale_ = false;
   ChartSides sides_;
   double first_ = 0;
   double second_ = 0;
@@ -167,15 +176,24 @@ void ForecastBar::refresh() {
                                                 });
   }
   question_ = worker_->ask(match_);
-  waiting_ = question_ != 0;
+  set_waiting(question_ != 0);
   if (!waiting_) {
     worker_->withdraw();
     forget();
+  } else if (was_asked_) {
+    was_asked_();
   }
 }
 
+void ForecastBar::set_waiting(bool waiting) {
+  waiting_ = waiting;
+  shares_->set_stale(waiting);
+  first_->setEnabled(!waiting);
+  second_->setEnabled(!waiting);
+}
+
 void ForecastBar::forget() {
-  waiting_ = false;
+  set_waiting(false);
   question_ = 0;
   answer_.reset();
   first_->setText(QStringLiteral("Forecast"));
@@ -187,7 +205,7 @@ void ForecastBar::forget() {
 
 void ForecastBar::take(std::uint64_t question, const forecast_answer& answer) {
   if (question != question_ || isHidden()) return;
-  waiting_ = false;
+  set_waiting(false);
   if (answer.runs == answer.undecided) return forget();
   answer_ = answer;
   first_->setText(shown(answer.first + ' ' + chance_words(answer.win_first)));

@@ -24,24 +24,6 @@ class ForecastBar : public QWidget {
   Q_OBJECT
 
  public:
-  explicit ForecastBar(const match_state& match, QWidget* parent = nullptr);
-  ~ForecastBar() override;
-
-  /// Asks for the forecast of the match as it stands, unless that was done. Returns at once.
-  void refresh();
-  /// Shows or hides the bar.
-  void show_forecast(bool on);
-  /// The forecast shown; nothing before the first answer and while hidden.
-  const std::optional<forecast_answer>& answer() const { return answer_; }
-  /// The match has been asked for, and the answer is on its way.
-  bool is_waiting() const { return waiting_; }
-
-  /// Called with each new answer, and with nullptr where there is none any more.
-  void on_answer(std::function<void(const forecast_answer*)> act) { answered_ = std::move(act); }
-  /// Called with what screen readers are told, each time.
-  void on_announced(std::function<void(const QString&)> act) { announced_ = std::move(act); }
-
- private:
   /// Where a match stands: what makes another forecast.
   struct Standing {
     std::size_t balls = 0;
@@ -54,6 +36,29 @@ class ForecastBar : public QWidget {
     bool operator==(const Standing&) const = default;
   };
   Standing standing() const;
+
+  explicit ForecastBar(const match_state& match, QWidget* parent = nullptr);
+  ~ForecastBar() override;
+
+  /// Asks for the forecast of the match as it stands, unless that was done. Returns at once.
+  void refresh();
+  /// Shows or hides the bar.
+  void show_forecast(bool on);
+  /// The forecast shown; nothing before the first answer and while hidden.
+  const std::optional<forecast_answer>& answer() const { return answer_; }
+  /// The match has been asked for, and the answer is on its way: what is shown meanwhile is of the moment before,
+  /// muted.
+  bool is_waiting() const { return waiting_; }
+
+  /// Called with each new answer, and with nullptr where there is none any more.
+  void on_answer(std::function<void(const forecast_answer*)> act) { answered_ = std::move(act); }
+  /// Called when the forecast shown is out of date, and is being reckoned anew.
+  void on_asked(std::function<void()> act) { was_asked_ = std::move(act); }
+  /// Called with what screen readers are told, each time.
+  void on_announced(std::function<void(const QString&)> act) { announced_ = std::move(act); }
+
+ private:
+  void set_waiting(bool waiting);
   void take(std::uint64_t question, const forecast_answer& answer);
   void forget();
   void announce();
@@ -69,6 +74,7 @@ class ForecastBar : public QWidget {
   QLabel* second_;
   ForecastShares* shares_;
   std::function<void(const forecast_answer*)> answered_;
+  std::function<void()> was_asked_;
   std::function<void(const QString&)> announced_;
 };
 

@@ -79,7 +79,10 @@ void RatesPanel::show_forecast(const QString& total, const QString& spoken) {
   forecast_->setText(QStringLiteral("Forecast %1").arg(total));
   forecast_->setAccessibleName(spoken);
   forecast_->setToolTip(spoken);
+  forecast_->setEnabled(true);
 }
+
+void RatesPanel::mute_forecast() { forecast_->setEnabled(false); }
 
 void RatesPanel::place_cells(std::size_t used) {
   if (used == placed_) return;

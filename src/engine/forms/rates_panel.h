@@ -22,6 +22,8 @@ class RatesPanel : public QFrame {
   void refresh();
   /// The total to be expected beside the title, with its range; `spoken` tells screen readers the same. Empty: none.
   void show_forecast(const QString& total, const QString& spoken);
+  /// The total is out of date, until another one is shown.
+  void mute_forecast();
 
  private:
   struct Cell {

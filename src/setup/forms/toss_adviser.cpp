@@ -49,9 +49,8 @@ SheetAdviser::Acts advised_toss(const match_state& match, const std::string& dec
     return [state, &label, deciding](const std::stop_token& stop, const auto&) -> BackWork::Show {
       const toss_choices asked = choices_of(deciding == state->team1_name);
       const int threads = std::clamp(static_cast<int>(std::thread::hardware_concurrency()) - 1, 1, 2);
-      const std::vector<advice> found =
-          advise(*state, asked.side, {asked.bat, asked.bowl},
-                 {.runs = runs_of_toss, .seed = 1, .threads = threads, .stop = stop});
+      const std::vector<advice> found = advise(*state, asked.side, {asked.bat, asked.bowl},
+                                               {.runs = runs_of_toss, .seed = 1, .threads = threads, .stop = stop});
       return [&label, found, asked] {
         const QString bat = told(found, asked.bat);
         const QString bowl = told(found, asked.bowl);

@@ -15,8 +15,8 @@ struct match_state;
 inline constexpr long runs_of_toss = 2'000;
 
 /// The adviser of the toss: the label tells the deciding side's chance of winning if it bats and if it bowls. Nothing
-/// to advise where the match cannot be forecast. What leaves the choice to the computer is left open. The label outlives
-/// the adviser.
+/// to advise where the match cannot be forecast. What leaves the choice to the computer is left open. The label
+/// outlives the adviser.
 SheetAdviser::Acts advised_toss(const match_state& match, const std::string& deciding, QLabel& label);
 
 }  // namespace velorin

@@ -73,6 +73,27 @@ TEST_F(ForecastOnTheConsole, TellsTheChancesOfTheMatchAsItStands) {
   }
 }
 
+TEST_F(ForecastOnTheConsole, TheAnswerOfTheMomentBeforeIsMutedUntilTheNextOneComes) {
+  ConsoleWindow& window = open(false, true);
+  answered();
+  const auto is_muted = [&] {
+    const auto* shares = control<QWidget>(window, "forecast_shares");
+    const bool muted = !control<QLabel>(window, "forecast_first")->isEnabled();
+    EXPECT_EQ(muted, !control<QLabel>(window, "forecast_second")->isEnabled());
+    EXPECT_EQ(muted, !control<QLabel>(window, "forecast_total")->isEnabled());
+    EXPECT_EQ(muted, shares->accessibleName().startsWith("Being reckoned. Before: Chance of winning: "));
+    return muted;
+  };
+  EXPECT_FALSE(is_muted());
+  for (int ball = 0; ball < 2; ++ball) {
+    form_.bowl_ball();
+    window.refresh();
+    EXPECT_TRUE(is_muted());
+  }
+  answered();
+  EXPECT_FALSE(is_muted());
+}
+
 TEST_F(ForecastOnTheConsole, AnAnswerThatComesLateIsDropped) {
   open(false, true);
   answered();
