@@ -58,7 +58,9 @@ void take(QWidget& form, const char* name) {
   for (int round = 0; round < 6; ++round) QApplication::processEvents();
   // A forecast is shown as it will stay.
   if (const auto* bar = window.findChild<ForecastBar*>(QStringLiteral("forecast_bar"))) {
-    QTest::qWaitFor([bar] { return !bar->is_waiting(); }, 30'000);
+    if (!QTest::qWaitFor([bar] { return !bar->is_waiting(); }, 30'000)) {
+      std::fprintf(stderr, "no forecast in time: %s\n", name);
+    }
   }
   const QString path = QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name));
   if (!window.grab().save(path)) std::fprintf(stderr, "not written: %s\n", qPrintable(path));
