@@ -158,6 +158,8 @@ constexpr Term terms[] = {
      "The game's forecast of the team's chance to reach the Super Six: what is left is played many times."},
     {"Semi", "The game's forecast of the team's chance to reach a semi final: what is left is played many times."},
     {"Title", "The game's forecast of the team's chance to win the competition: what is left is played many times."},
+    {"A wins", "The game's forecast of the chance that Team A wins: the match is played many times."},
+    {"B wins", "The game's forecast of the chance that Team B wins: the match is played many times."},
     {"To win", "What the choice adds to the chance of winning, beside leaving it all to the computer; with its error."},
     {"Last 5", "Runs of an over in the last five overs."},
     {"After", "The overs after which the scores of both sides are compared."},

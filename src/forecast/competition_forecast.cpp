@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "competitions/game_state.h"
+#include "competitions/next_match.h"
 #include "competitions/world_cup_form.h"
 #include "forecast/entered_matches.h"
 #include "forecast/shared_runs.h"
@@ -126,6 +127,33 @@ struct tri_to_finish {
   }
 };
 
+/// A match of the list, played by itself.
+class share_of_fixture {
+ public:
+  share_of_fixture(const competition_world& world, const entered_sides& sides, const std::string& ground,
+                   std::uint64_t seed)
+      : matches_(world), sides_(&sides), ground_(&ground), seed_(seed) {}
+
+  void play(long run) {
+    random_source chance;
+    seed_run(chance, seed_, run);
+    matches_.begin_run();
+    matches_.play((*sides_)[0], (*sides_)[1], *ground_, chance);
+    const match_result& result = matches_.match();
+    for (std::size_t side = 0; side < 2; ++side) wins[side] += result.result_winner == (*sides_)[side].team ? 1 : 0;
+    ++runs;
+  }
+
+  std::array<long, 2> wins{};
+  long runs = 0;
+
+ private:
+  entered_matches matches_;
+  const entered_sides* sides_;
+  const std::string* ground_;
+  std::uint64_t seed_;
+};
+
 /// A match whose result waits to be booked is none that is on.
 bool is_match_on(bool entered, const match_state& match) { return entered && match.step != match_step::none; }
 
@@ -164,6 +192,34 @@ competition_forecast<tri_chances> forecast_tri(game_state& game, const forecast_
     forecast.teams.push_back({tri.teams[i], counts.share(0, i), counts.share(1, i)});
   }
   return forecast;
+}
+
+std::vector<fixture_chances> forecast_fixtures(game_state& game, const forecast_options& options) {
+  std::vector<fixture_chances> found;
+  const world_cup_record& cup = game.world_cup;
+  if (cup.step == cup_step::none) return found;
+  std::vector<std::string> teams(cup.chosen_a.begin(), cup.chosen_a.end());
+  teams.insert(teams.end(), cup.chosen_b.begin(), cup.chosen_b.end());
+  const competition_world world = world_of_competition(game.match, game.data, teams, false);
+  for (int place = 1; place <= cup_last_fixture; ++place) {
+    const cup_fixture& fixture = cup.fixtures[static_cast<std::size_t>(place)];
+    const bool undrawn = place >= cup_first_super_six && !has_super_six(cup);
+    if (undrawn || !fixture.result.empty()) continue;
+    const auto sides = fixture_sides(cup, fixture);
+    if (!sides || (*sides)[0].team.empty() || (*sides)[1].team.empty()) continue;
+    const auto shares = play_shared(options.runs, options.threads, options.stop,
+                                    [&] { return share_of_fixture(world, *sides, fixture.venue, options.seed); });
+    std::array<long, 2> wins{};
+    long runs = 0;
+    for (const share_of_fixture& share : shares) {
+      for (std::size_t side = 0; side < 2; ++side) wins[side] += share.wins[side];
+      runs += share.runs;
+    }
+    if (runs < options.runs) break;
+    const auto all = static_cast<double>(runs);
+    found.push_back({place, static_cast<double>(wins[0]) / all, static_cast<double>(wins[1]) / all});
+  }
+  return found;
 }
 
 }  // namespace velorin

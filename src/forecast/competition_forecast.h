@@ -43,4 +43,16 @@ competition_forecast<cup_chances> forecast_cup(game_state& game, const forecast_
 /// The same of the tri series in play.
 competition_forecast<tri_chances> forecast_tri(game_state& game, const forecast_options& options);
 
+/// The chances of a match to come; the rest to 1 are ties.
+struct fixture_chances {
+  int place = 0;     ///< in the list of fixtures
+  double win_a = 0;  ///< of the side named first
+  double win_b = 0;  ///< of the other
+};
+
+/// The matches of the World Cup's fixture list that are still to be played and of which both sides are known, in their
+/// order, each played so many times for itself with the conditions and the toss drawn. Elevens and errors are those of
+/// forecast_cup(). Asked to stop, it returns the matches that it has played as often as it should.
+std::vector<fixture_chances> forecast_fixtures(game_state& game, const forecast_options& options);
+
 }  // namespace velorin

@@ -389,7 +389,7 @@ void QtFrontEnd::show(tri_series_table_form& form) {
 void QtFrontEnd::show(world_cup_fixtures_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
   show_standings<WorldCupFixturesWindow>(
-      form, reports_, [](Form&) {}, game_.world_cup);
+      form, reports_, [this](Form& window) { add_fixture_chances(window, game_); }, game_.world_cup);
 }
 
 void QtFrontEnd::show(world_cup_tables_form& form) {

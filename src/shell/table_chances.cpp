@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/table_chances.h"
 
+#include <QScrollBar>
 #include <algorithm>
 #include <map>
 #include <memory>
@@ -23,6 +24,7 @@ namespace velorin {
 namespace {
 
 constexpr long runs_of_competition = 600;
+constexpr long runs_of_fixture = 400;
 
 /// The columns of a table, and what stands in them by team.
 struct Chances {
@@ -49,6 +51,28 @@ void add_columns(const Form& window, const QString& name, const Chances& chances
   }
   view->set_table(std::move(table));
   view->setMinimumWidth(std::max(view->minimumWidth(), view->needed_width()));
+}
+
+/// The columns of the fixture list, by the place of the match.
+void add_fixture_columns(const Form& window, const std::map<int, std::vector<QString>>& of_place) {
+  auto* view = window.findChild<TableView*>(QStringLiteral("fixtures"));
+  if (view == nullptr || of_place.empty()) return;
+  Table table = view->table();
+  table.columns.push_back({.heading = QStringLiteral("A wins"), .numbers = true});
+  table.columns.push_back({.heading = QStringLiteral("B wins"), .numbers = true});
+  for (TableRow& row : table.rows) {
+    const auto found = of_place.find(row.id);
+    for (std::size_t side = 0; side < 2; ++side) {
+      row.cells.push_back({.text = found == of_place.end() ? QString() : found->second[side]});
+    }
+  }
+  // The next match stays the present one, and in its place.
+  const int present = view->currentIndex().row();
+  const int scrolled = view->verticalScrollBar()->value();
+  view->set_table(std::move(table));
+  view->setCurrentIndex(view->model()->index(present, 0));
+  view->clearSelection();
+  view->verticalScrollBar()->setValue(scrolled);
 }
 
 /// Works behind a window that goes with it.
@@ -88,6 +112,20 @@ void add_cup_chances(Form& window, const game_state& game) {
                   add_columns(window, QStringLiteral("group_b"), group);
                   add_columns(window, QStringLiteral("super_six"), super_six);
                 };
+              });
+}
+
+void add_fixture_chances(Form& window, const game_state& game) {
+  work_behind(window,
+              [&window, copy = std::make_shared<game_state>(own_copy(game))](const std::stop_token& stop,
+                                                                             const auto&) -> BackWork::Show {
+                forecast_options options = options_behind(stop);
+                options.runs = runs_of_fixture;
+                std::map<int, std::vector<QString>> of_place;
+                for (const fixture_chances& match : forecast_fixtures(*copy, options)) {
+                  of_place[match.place] = {shown(chance_words(match.win_a)), shown(chance_words(match.win_b))};
+                }
+                return [&window, of_place] { add_fixture_columns(window, of_place); };
               });
 }
 

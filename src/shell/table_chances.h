@@ -12,4 +12,7 @@ struct game_state;
 void add_tri_chances(Form& window, const game_state& game);
 void add_cup_chances(Form& window, const game_state& game);
 
+/// Adds to the World Cup's fixture list, likewise, both sides' chances of winning each match to come.
+void add_fixture_chances(Form& window, const game_state& game);
+
 }  // namespace velorin

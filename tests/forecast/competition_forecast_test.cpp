@@ -2,6 +2,7 @@
 // What is left of a competition, played without anybody who reads, is draw for draw the one that is played in full.
 #include <gmock/gmock.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -229,6 +230,29 @@ TEST_F(CompetitionForecast, IsTheSameForAnyNumberOfThreads) {
     return won;
   };
   for (game_state& state : states) EXPECT_EQ(titles(state, 1), titles(state, 3));
+}
+
+TEST_F(CompetitionForecast, TellsTheChancesOfEachMatchToComeWhoseSidesAreKnown) {
+  std::set<std::size_t> numbers;
+  for (game_state& state : states_of_a_cup(40)) {
+    const auto found = forecast_fixtures(state, {.runs = 40, .seed = 1, .threads = 2, .stop = {}});
+    const auto alone = forecast_fixtures(state, {.runs = 40, .seed = 1, .threads = 1, .stop = {}});
+    numbers.insert(found.size());
+    ASSERT_EQ(found.size(), alone.size());
+    int before = 0;
+    for (std::size_t i = 0; i < found.size(); ++i) {
+      const fixture_chances& match = found[i];
+      EXPECT_GT(match.place, before) << "in their order";
+      before = match.place;
+      EXPECT_EQ(state.world_cup.fixtures[static_cast<std::size_t>(match.place)].result, "");
+      EXPECT_GT(match.win_a + match.win_b, 0.7);
+      EXPECT_LE(match.win_a + match.win_b, 1 + 1e-9);
+      EXPECT_EQ(match.win_a, alone[i].win_a);
+      EXPECT_EQ(match.win_b, alone[i].win_b);
+    }
+  }
+  EXPECT_GT(*numbers.rbegin(), 9U);
+  EXPECT_EQ(*numbers.begin(), 0U) << "once all are played";
 }
 
 TEST_F(CompetitionForecast, SendsTwoToTheFinalOfATriSeries) {

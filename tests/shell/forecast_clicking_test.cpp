@@ -83,5 +83,29 @@ TEST_F(ForecastClicking, TheTableOfATriSeriesTellsTheChances) {
   EXPECT_GT(tables, 1);
 }
 
+TEST_F(ForecastClicking, TheFixturesOfTheWorldCupTellTheChances) {
+  ClickingUser user;
+  user.robot.next("wctable", [](QWidget& window) { press(window, "accept"); });
+  int lists = 0;
+  user.robot.always("wc_fix", [&](QWidget& window) {
+    if (++lists > 1) return press(window, "quit");
+    auto* chances = window.findChild<BackWork*>(QStringLiteral("chances"));
+    ASSERT_NE(chances, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !chances->is_working(); }, 60'000));
+    const auto* list = control<TableView>(window, "fixtures");
+    const Table& table = list->table();
+    ASSERT_EQ(table.columns.back().heading, "B wins");
+    for (const TableRow& row : table.rows) {
+      EXPECT_EQ(row.cells.size(), table.columns.size());
+      EXPECT_TRUE(row.cells.back().text.endsWith(" %")) << row.id;
+    }
+    check_terms(window);
+    take_picture(window, "cup_fixture_chances");
+    press(window, "quit");
+  });
+  play([&](MenuWindow& menu) { choose(menu, "start_game", "world_cup"); });
+  EXPECT_EQ(lists, 1);
+}
+
 }  // namespace
 }  // namespace velorin::testing

@@ -49,8 +49,8 @@ TEST_F(LevelsOnTheConsole, EachLevelOfAHumanSidesMenTellsWhatItDoes) {
   for (int level = least_aggression; level <= most_aggression; ++level) {
     choices.push_back({captains_choice::kind::batting_aggression, match.lower_batsman(), level});
   }
-  const std::vector<advice> found = advise(match, advised_side::batting, choices,
-                                           {.runs = LevelsAdviser::runs, .seed = 1, .threads = 2, .stop = {}});
+  const std::vector<advice> found =
+      advise(match, advised_side::batting, choices, {.runs = LevelsAdviser::runs, .seed = 1, .threads = 2, .stop = {}});
   ASSERT_EQ(found.size(), 6U);
   for (int level = least_aggression; level <= most_aggression; ++level) {
     const QString wanted =
