@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "desktop/shown_text.h"
-#include "engine/forms/level_segments.h"
+#include "desktop/level_segments.h"
 #include "forecast/forecast_words.h"
 #include "model/match_state.h"
 
