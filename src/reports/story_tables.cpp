@@ -15,7 +15,7 @@ namespace velorin {
 
 namespace {
 
-story_column text(std::string heading, bool wide = false) {
+story_column text(const std::string& heading, bool wide = false) {
   return {.heading = heading, .spoken = heading, .wide = wide};
 }
 story_column number(std::string heading, std::string spoken) {

@@ -69,6 +69,7 @@ std::vector<int> places_with(const QStringList& names, const QString& typed) {
   }
   std::stable_sort(ranked.begin(), ranked.end());
   std::vector<int> places;
+  places.reserve(ranked.size());
   for (const auto& [far, place] : ranked) places.push_back(place);
   return places;
 }

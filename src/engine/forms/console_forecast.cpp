@@ -77,11 +77,20 @@ QWidget* ConsoleWindow::new_forecast_choices() {
   connect(match_line_, &QPushButton::clicked, this, [this] {
     if (!playing_ && open_match_line_) guarded(open_match_line_);
   });
+  match_centre_ = new_choice("show_match_centre", {.caption = QStringLiteral("Match Centre"),
+                                                   .mnemonic = QChar(),
+                                                   .key = QKeySequence(Qt::Key_H),
+                                                   .hint = QStringLiteral("Cards, commentary, phases, stands and "
+                                                                          "more of this match")});
+  match_centre_->hide();
+  connect(match_centre_, &QPushButton::clicked, this, [this] {
+    if (!playing_ && open_match_centre_) guarded(open_match_centre_);
+  });
   auto* choices = new QWidget;
   auto* row = new QHBoxLayout(choices);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(8);
-  for (QPushButton* button : {next_ball_, match_line_, forecast_choice_}) row->addWidget(button);
+  for (QPushButton* button : {match_centre_, next_ball_, match_line_, forecast_choice_}) row->addWidget(button);
   show_forecast(preferences::forecast());
   return choices;
 }

@@ -308,16 +308,6 @@ void ConsoleWindow::add_reports() {
         {.caption = QString::fromLatin1(report.caption), .mnemonic = report.mnemonic, .key = QKeySequence(report.key)},
         [this, handler = report.handler] { act(handler); }));
   }
-  match_centre_ = add_button(QStringLiteral("show_match_centre"),
-                             {.caption = QStringLiteral("Match"),
-                              .mnemonic = u'H',
-                              .key = QKeySequence(Qt::Key_H),
-                              .hint = QStringLiteral("The match centre: cards, commentary, phases, stands and more")},
-                             [this] {
-                               if (!playing_ && open_match_centre_) open_match_centre_();
-                             });
-  match_centre_->hide();
-  add_aside(match_centre_);
 }
 
 void ConsoleWindow::on_match_centre(std::function<void()> open) {

@@ -75,7 +75,7 @@ std::string stand_line(const match_state& match) {
 }
 
 std::string last_wicket_line(const match_state& match) {
-  const std::string line = view_last_wicket(match);
+  std::string line = view_last_wicket(match);
   if (line.empty()) return line;
   // Until the first of this innings it is one of the innings before.
   const bool before = (match.innings_number - match.last_wicket.innings_number) % 2 != 0;

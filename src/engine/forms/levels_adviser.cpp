@@ -6,8 +6,8 @@
 #include <memory>
 #include <thread>
 
-#include "desktop/shown_text.h"
 #include "desktop/level_segments.h"
+#include "desktop/shown_text.h"
 #include "forecast/forecast_words.h"
 #include "model/match_state.h"
 

@@ -6,10 +6,10 @@
 #include <QTest>
 #include <vector>
 
+#include "desktop/level_segments.h"
 #include "desktop/preferences.h"
 #include "desktop/shown_text.h"
 #include "engine/forms/console_fixture.h"
-#include "desktop/level_segments.h"
 #include "forecast/forecast_words.h"
 #include "model/match_state.h"
 #include "support/game_in_play.h"
