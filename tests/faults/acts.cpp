@@ -124,6 +124,7 @@ act settings() {
 act begin_anew() {
   act what = update();
   what.words = {settings_writer, "@", "small", "begin_anew"};
+  what.archived = false;  // there is none here yet
   return what;
 }
 
@@ -220,6 +221,10 @@ file_map after(const act& what, const file_map& before) {
   const ending end = bench.run(what.on(bench));
   if (end.status != 0) throw std::runtime_error("an undisturbed run fails: " + end.err);
   return bench.found();
+}
+
+ending archive_check(workbench& bench) {
+  return bench.run({{cli, "--teams-dir", bench.data().string(), "archive", "check"}, {}, {}});
 }
 
 }  // namespace velorin::testing

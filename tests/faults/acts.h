@@ -47,4 +47,7 @@ std::vector<std::string> writing_act_names();
 /// The files after the act, undisturbed, on these files. Raises std::runtime_error if it fails.
 file_map after(const act& what, const file_map& before);
 
+/// What `velorin-cli archive check` says of the data folder: status 0 if careers, records and archive agree.
+ending archive_check(workbench& bench);
+
 }  // namespace velorin::testing

@@ -116,6 +116,8 @@ class call_watch {
     path_ = file_of(run, stop, call);
     // The database of the archive writes its file in ways of its own.
     if (!below(path_) || path_.find(".matches") != std::string::npos) return;
+    // To find its whole path it looks at each part of it.
+    if (stop.number == SYS_newfstatat && (stop.words[3] & AT_SYMLINK_NOFOLLOW) != 0 && path_ == folder_) return;
     // The C library looks at a folder within fdopendir(), whose failure is that of the opening.
     const bool looks_at_open_file = stop.number == SYS_newfstatat && run.text_at(stop.words[1]).empty();
     if ((looks_at_open_file || stop.number == SYS_fcntl) && fs::is_directory(path_)) return;

@@ -44,6 +44,9 @@ constexpr failing all_endings[] = {{"write", EIO, false},   {"write", ENOSPC, tr
                                    {"times", EIO, false},   {"hint", EIO, false},    {"rename", EIO, false},
                                    {"rename", ENOSPC, true}};
 
+/// The library of the archive makes many calls, all of which it answers in the same few ways.
+constexpr long archive_calls_passed_over = 4;
+
 /// No file can be taken away.
 constexpr const char* no_clean_up = "unlink:1:5:lasting";
 
@@ -101,12 +104,23 @@ class Faults : public ::testing::TestWithParam<std::string> {
         EXPECT_EQ(end.status, 0) << end.err;
         return;
       }
+      leave_out_later_ones();
       ++injected_;
       judge(how, end);
       if (uncleaned_) run_blocked();
       run_again();
       if (HasFatalFailure()) return;
+      if (of_archive(hits_.back())) n += archive_calls_passed_over;
     }
+  }
+
+  static bool of_archive(const fs::path& file) { return file.string().find(".matches") != std::string::npos; }
+
+  /// The archive takes in what waits when the act has ended, well or not. A call that fails there ends nothing, unless
+  /// it is the only one.
+  void leave_out_later_ones() {
+    if (std::all_of(hits_.begin(), hits_.end(), of_archive)) return;
+    std::erase_if(hits_, of_archive);
   }
 
   /// Runs the act with these calls failing.
@@ -124,6 +138,7 @@ class Faults : public ::testing::TestWithParam<std::string> {
 
   void judge(const failing& how, const ending& end) {
     found_ = bench_.found();
+    half_told_ = false;
     EXPECT_EQ(end.signal, 0) << "the program was ended by a signal";
     const bool all_new = found_ == new_;
     if (how.error == 0 || how.error == EINTR || how.error == ENOSYS) {
@@ -137,8 +152,10 @@ class Faults : public ::testing::TestWithParam<std::string> {
       EXPECT_TRUE(all_new) << "said to be done, and is not";
     } else {
       EXPECT_EQ(end.status, 1);
-      // Nobody knows whether a folder that cannot be synchronised will last.
-      EXPECT_TRUE(!all_new || fs::is_directory(hits_.back())) << "done, and said not to be: " << end.err;
+      // Nobody knows whether a folder that cannot be synchronised will last. Careers and records of a match that the
+      // archive could not be told of are done with by the next run.
+      half_told_ = all_new && is_of_archive(named(hits_.back()));
+      EXPECT_TRUE(!all_new || half_told_ || is_folder(hits_.back())) << "done, and said not to be: " << end.err;
       judge_message(how, end.err);
     }
     judge_files(how);
@@ -242,6 +259,9 @@ class Faults : public ::testing::TestWithParam<std::string> {
       std::erase_if(now, [&](const auto& file) { return !new_.contains(file.first) && found_.contains(file.first); });
     }
     EXPECT_TRUE(now == next_[clean]) << "the next run does not do its work";
+    if (!half_told_) return;
+    const ending sound = archive_check(bench_);
+    EXPECT_EQ(sound.status, 0) << sound.out << sound.err;
   }
 
   workbench bench_;
@@ -251,6 +271,7 @@ class Faults : public ::testing::TestWithParam<std::string> {
   std::map<file_map, file_map> next_;
   std::vector<fs::path> hits_;  // the files of the calls that failed
   bool cut_off_ = false;        // some files that belong together are new, and some old
+  bool half_told_ = false;      // careers and records are new, and the archive was not told
   bool uncleaned_ = false;      // nothing can be taken away
   int injected_ = 0;
   int blocked_ = 0;  // further runs that a file left over stopped
