@@ -132,18 +132,18 @@ class CompetitionClicking : public GameTest {
   }
 };
 
-TEST_F(CompetitionClicking, ASeriesOfTenMatches) {
+TEST_F(CompetitionClicking, ASeriesOfFourMatches) {
   StandingsClicker user;
   user.robot.next("series1", [](QWidget& window) {
     control<QComboBox>(window, "home_team")->setCurrentIndex(2);
     control<QComboBox>(window, "away_team")->setCurrentIndex(5);
-    control<QLineEdit>(window, "matches")->setText(QStringLiteral("10"));
+    control<QLineEdit>(window, "matches")->setText(QStringLiteral("4"));
     press(window, "away_human");
     press(window, "accept");
   });
   play([](MenuWindow& menu) { choose(menu, "start_game", "new_series"); });
   const std::vector<std::string> written = lasting_files();
-  EXPECT_EQ(user.robot.met("sri_result"), 10);
+  EXPECT_EQ(user.robot.met("sri_result"), 4);
 
   begin_again_with_seed(1);
   StandingsUser reference;
@@ -152,7 +152,7 @@ TEST_F(CompetitionClicking, ASeriesOfTenMatches) {
   form.open();
   form.choose_home(2);
   form.choose_away(5);
-  form.typed_matches = "10";
+  form.typed_matches = "4";
   form.computer_captains_away = false;
   form.accept();
   expect_equal(user, written, reference);
@@ -290,7 +290,7 @@ TEST_F(CompetitionClicking, AMatchIsLeftByItsCloseBox) {
 }
 
 // To the end; at the first list; within the groups; at the draw of the Super Six; within the Super Six.
-INSTANTIATE_TEST_SUITE_P(Quits, WorldCupClicking, ::testing::Values(0, 1, 6, 22, 25));
+INSTANTIATE_TEST_SUITE_P(Quits, WorldCupClicking, ::testing::Values(0, 1, 6, 25));
 
 }  // namespace
 }  // namespace velorin::testing
