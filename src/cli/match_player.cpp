@@ -105,7 +105,9 @@ match_player::match_player(run_state state, const match_options& options, const 
       program_(program),
       recorder_(state_.match, state_.data, options, summary_) {
   recorder_.conditions = parse_conditions(options.conditions);
-  if (!options.record.empty()) recording_.emplace(recorder_, state_, recorded_, version);
+  if (!options.record.empty()) {
+    recording_.emplace(recorder_, state_, recorded_, version, checked_overs::every_tenth);
+  }
 }
 
 std::string match_player::play(long number) {

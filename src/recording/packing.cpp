@@ -28,21 +28,28 @@ constexpr crc_tables make_crc_tables() {
 
 constexpr crc_tables remainders = make_crc_tables();
 
+std::uint32_t remainder_of_eight(std::uint64_t bytes, std::uint32_t rest) {
+  const std::uint64_t all = bytes ^ rest;
+  return remainders[7][all & 0xFF] ^ remainders[6][all >> 8 & 0xFF] ^ remainders[5][all >> 16 & 0xFF] ^
+         remainders[4][all >> 24 & 0xFF] ^ remainders[3][all >> 32 & 0xFF] ^ remainders[2][all >> 40 & 0xFF] ^
+         remainders[1][all >> 48 & 0xFF] ^ remainders[0][all >> 56];
+}
+
 }  // namespace
 
 std::uint32_t crc_32(std::string_view bytes, std::uint32_t before) {
   std::uint32_t rest = ~before;
-  const auto at = [&](std::size_t i) { return static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[i])); };
+  const auto at = [&](std::size_t i) { return static_cast<std::uint64_t>(static_cast<unsigned char>(bytes[i])); };
   while (bytes.size() >= 8) {
-    const std::uint32_t low = rest ^ (at(0) | at(1) << 8 | at(2) << 16 | at(3) << 24);
-    rest = remainders[7][low & 0xFF] ^ remainders[6][low >> 8 & 0xFF] ^ remainders[5][low >> 16 & 0xFF] ^
-           remainders[4][low >> 24] ^ remainders[3][at(4)] ^ remainders[2][at(5)] ^ remainders[1][at(6)] ^
-           remainders[0][at(7)];
+    rest = remainder_of_eight(
+        at(0) | at(1) << 8 | at(2) << 16 | at(3) << 24 | at(4) << 32 | at(5) << 40 | at(6) << 48 | at(7) << 56, rest);
     bytes.remove_prefix(8);
   }
   for (std::size_t i = 0; i < bytes.size(); ++i) rest = rest >> 8 ^ remainders[0][(rest ^ at(i)) & 0xFF];
   return ~rest;
 }
+
+std::uint32_t crc_32_of_eight(std::uint64_t bytes, std::uint32_t before) { return ~remainder_of_eight(bytes, ~before); }
 
 std::uint64_t unpacker::number() {
   std::uint64_t value = 0;

@@ -20,20 +20,30 @@ namespace velorin {
 class packer {
  public:
   void number(std::uint64_t value) {
-    for (; value >= 0x80; value >>= 7) bytes_.push_back(static_cast<char>(value | 0x80));
-    bytes_.push_back(static_cast<char>(value));
+    char* at = room_for(10);
+    for (; value >= 0x80; value >>= 7) *at++ = static_cast<char>(value | 0x80);
+    *at++ = static_cast<char>(value);
+    size_ = static_cast<std::size_t>(at - bytes_.data());
   }
   void signed_number(std::int64_t value) {
     number(static_cast<std::uint64_t>(value) << 1 ^ static_cast<std::uint64_t>(value >> 63));
   }
   void fixed(std::uint64_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) bytes_.push_back(static_cast<char>(value >> 8 * i & 0xFF));
+    char* at = room_for(8);
+    for (int i = 0; i < bytes; ++i) at[i] = static_cast<char>(value >> 8 * i & 0xFF);
+    size_ += static_cast<std::size_t>(bytes);
   }
   void real(double value) { fixed(std::bit_cast<std::uint64_t>(value), 8); }
   void flag(bool value) { number(value ? 1 : 0); }
   void text(std::string_view value) {
     number(value.size());
-    bytes_.append(value);
+    raw(value);
+  }
+  /// The bytes alone.
+  void raw(std::string_view value) {
+    char* at = room_for(value.size());
+    for (const char each : value) *at++ = each;
+    size_ += value.size();
   }
 
   // Fields of a record, as visit_fields() tells them.
@@ -42,11 +52,19 @@ class packer {
   void operator()(const char*, std::int32_t value) { signed_number(value); }
   void operator()(const char*, float value) { fixed(std::bit_cast<std::uint32_t>(value), 4); }
 
-  const std::string& bytes() const { return bytes_; }
-  std::string& bytes() { return bytes_; }
+  /// All that has been appended, until the next change.
+  std::string_view bytes() const { return {bytes_.data(), size_}; }
+  bool empty() const { return size_ == 0; }
+  void clear() { size_ = 0; }
 
  private:
-  std::string bytes_;
+  char* room_for(std::size_t more) {
+    if (bytes_.size() - size_ < more) bytes_.resize(2 * bytes_.size() + more);
+    return bytes_.data() + size_;
+  }
+
+  std::string bytes_;  // with room behind what counts
+  std::size_t size_ = 0;
 };
 
 /// Takes values. Past the end, and after a number of more than ten bytes, it gives empty ones and is no longer whole().
@@ -86,5 +104,7 @@ class unpacker {
 /// The CRC-32 of IEEE 802.3 (reflected, polynomial 0xEDB88320) of these bytes behind those that gave `before`; of
 /// nothing it is 0.
 std::uint32_t crc_32(std::string_view bytes, std::uint32_t before = 0);
+/// The same of eight bytes, the lowest first.
+std::uint32_t crc_32_of_eight(std::uint64_t bytes, std::uint32_t before);
 
 }  // namespace velorin

@@ -81,8 +81,9 @@ recorded_beginning beginning_of(const entered_game& entered, game_state& game) {
   return begun;
 }
 
-recorder::recorder(front_end& shown_by, game_state& game, recording_sink& sink, std::string program)
-    : shown_by_(shown_by), game_(game), sink_(sink), program_(std::move(program)) {}
+recorder::recorder(front_end& shown_by, game_state& game, recording_sink& sink, std::string program,
+                   checked_overs checked)
+    : shown_by_(shown_by), game_(game), sink_(sink), program_(std::move(program)), checked_(checked) {}
 
 recorder::~recorder() { game_.chance.log_to(nullptr); }
 
@@ -106,7 +107,7 @@ void recorder::game_begins(const entered_game& entered) {
   begun.id = new_recording_id();
   begun.begun_at = std::time(nullptr);
   begun.program = program_;
-  entries_ = entry_writer();
+  entries_.start();
   entries_.beginning(begun);
   id_ = text_of(begun.id);
   matches_saved_ = 0;
@@ -283,8 +284,10 @@ void recorder::ball_bowled() {
 }
 
 void recorder::progress(int over) {
-  write(check_of(game_.match));
-  flush(false);
+  if (checked_ == checked_overs::each || is_always_checked(over)) {
+    write(check_of(game_.match));
+    flush(false);
+  }
   shown_by_.progress(over);
 }
 

@@ -44,14 +44,21 @@ class recording_in_memory : public recording_sink {
   std::string bytes_;
 };
 
+/// Which overs of an unattended match begin with a check. Where one stands such a match can be gone on with.
+enum class checked_overs {
+  each,
+  every_tenth,  ///< for a match that nobody goes on with: a tenth of the cost
+};
+
 /// Stands between the game and whoever shows it, and writes down all that play follows from: each request is shown by
 /// the other, and its answer recorded. What was recorded is with the sink before anything of what follows is shown, so
 /// that a recording that breaks off always ends where a copy of the game could have been taken. A sink that fails is a
 /// failed save: the user may go on without a recording.
 class recorder : public front_end {
  public:
-  /// All outlive it. `program`: the version for the recording.
-  recorder(front_end& shown_by, game_state& game, recording_sink& sink, std::string program);
+  /// All outlive it. `program`: the version for the recording. `checked`: which overs of an unattended match are.
+  recorder(front_end& shown_by, game_state& game, recording_sink& sink, std::string program,
+           checked_overs checked = checked_overs::each);
   ~recorder() override;
 
   /// Goes on with a recording that has been played to its end: the sink goes on behind it. `remembered`: what its match
@@ -112,6 +119,7 @@ class recorder : public front_end {
   game_state& game_;
   recording_sink& sink_;
   std::string program_;
+  checked_overs checked_;
   bool on_ = false;
   bool played_ = false;
   std::string id_;

@@ -2,6 +2,7 @@
 #include "recording/recording.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include <random>
 #include <utility>
@@ -327,11 +328,7 @@ class entry_reader {
 
 }  // namespace
 
-std::string text_of(const recording_id& id) {
-  std::string text;
-  for (const std::uint8_t byte : id) text += fmt::format("{:02x}", byte);
-  return text;
-}
+std::string text_of(const recording_id& id) { return fmt::format("{:02x}", fmt::join(id, "")); }
 
 recording_id new_recording_id() {
   thread_local std::random_device chance;
@@ -360,10 +357,10 @@ namespace {
 
 std::string head_of_file() {
   packer head;
-  head.bytes() = recording_magic;
+  head.raw(recording_magic);
   head.fixed(recording_version, 2);
   head.fixed(rules_version, 2);
-  return head.bytes();
+  return std::string(head.bytes());
 }
 
 }  // namespace
@@ -388,58 +385,55 @@ bool holds_nothing_yet(std::string_view bytes) {
   return false;
 }
 
-entry_writer::entry_writer() {
-  bytes_ = head_of_file();
-  check_ = crc_32(bytes_);
+void entry_writer::start() {
+  bytes_.clear();
+  bytes_.raw(head_of_file());
+  check_ = crc_32(bytes_.bytes());
+  last_reading_ = 0;
 }
 
-void entry_writer::entry(int tag, std::string_view content) {
-  packer out;
-  out.fixed(static_cast<std::uint64_t>(tag), 1);
-  out.number(content.size());
-  out.bytes() += content;
-  check_ = crc_32(out.bytes(), check_);
-  out.fixed(check_ & 0xFFFF, check_bytes);
-  bytes_ += out.bytes();
+void entry_writer::entry(int tag) {
+  const std::size_t start = bytes_.bytes().size();
+  bytes_.fixed(static_cast<std::uint64_t>(tag), 1);
+  bytes_.number(content_.bytes().size());
+  bytes_.raw(content_.bytes());
+  content_.clear();
+  check_ = crc_32(bytes_.bytes().substr(start), check_);
+  bytes_.fixed(check_ & 0xFFFF, check_bytes);
 }
 
 void entry_writer::beginning(const recorded_beginning& begun) {
-  packer out;
-  out.bytes().reserve(4096);
-  pass_beginning(out, begun);
-  entry(beginning_entry, out.bytes());
+  pass_beginning(content_, begun);
+  entry(beginning_entry);
 }
 
 void entry_writer::chance(chance_log& log) {
   if (!log.readings.empty()) {
-    packer out;
     for (const std::uint64_t reading : log.readings) {
-      out.signed_number(static_cast<std::int64_t>(reading - std::exchange(last_reading_, reading)));
+      content_.signed_number(static_cast<std::int64_t>(reading - std::exchange(last_reading_, reading)));
     }
     log.readings.clear();
-    entry(readings_entry, out.bytes());
+    entry(readings_entry);
   }
   if (!log.draws.empty()) {
-    packer out;
-    for (const double draw : log.draws) out.real(draw);
+    for (const double draw : log.draws) content_.real(draw);
     log.draws.clear();
-    entry(draws_entry, out.bytes());
+    entry(draws_entry);
   }
 }
 
 void entry_writer::event(const recorded_event& event) {
-  packer out;
   if (const auto* answer = std::get_if<captain_answer>(&event)) {
-    out.number(static_cast<std::uint64_t>(answer->kind));
-    if (answer->first != 0 || answer->second != 0) out.number(answer->first);
-    if (answer->second != 0) out.number(answer->second);
-    return entry(answer_entry, out.bytes());
+    content_.number(static_cast<std::uint64_t>(answer->kind));
+    if (answer->first != 0 || answer->second != 0) content_.number(answer->first);
+    if (answer->second != 0) content_.number(answer->second);
+    return entry(answer_entry);
   }
   if (const auto* check = std::get_if<recorded_check>(&event)) {
-    out.fixed(check->value, 4);
-    return entry(check_entry, out.bytes());
+    content_.fixed(check->value, 4);
+    return entry(check_entry);
   }
-  entry(std::holds_alternative<recorded_saving>(event) ? saving_entry : end_entry, {});
+  entry(std::holds_alternative<recorded_saving>(event) ? saving_entry : end_entry);
 }
 
 recorded_check check_of(const match_state& match) {
@@ -449,12 +443,13 @@ recorded_check check_of(const match_state& match) {
     const std::size_t from = list->size() - std::min<std::size_t>(list->size(), 8);
     for (std::size_t i = from; i < list->size(); ++i) {
       const delivery& ball = (*list)[i];
-      const std::array<char, 8> figures = {
-          static_cast<char>(ball.over),    static_cast<char>(ball.bowler),
-          static_cast<char>(ball.striker), static_cast<char>(ball.outcome),
-          static_cast<char>(ball.fielder), static_cast<char>(ball.extras),
-          static_cast<char>(ball.how),     static_cast<char>(ball.batting_aggression * 8 + ball.bowling_aggression)};
-      sum = crc_32({figures.data(), figures.size()}, sum);
+      std::uint64_t figures = 0;
+      for (const int figure :
+           {ball.batting_aggression * 8 + ball.bowling_aggression, static_cast<int>(ball.how), int{ball.extras},
+            int{ball.fielder}, int{ball.outcome}, int{ball.striker}, int{ball.bowler}, int{ball.over}}) {
+        figures = figures << 8 | static_cast<std::uint8_t>(figure);
+      }
+      sum = crc_32_of_eight(figures, sum);
     }
   }
   packer rest;

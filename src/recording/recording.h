@@ -16,6 +16,7 @@
 #include "model/match_records.h"
 #include "model/match_state.h"
 #include "model/random.h"
+#include "recording/packing.h"
 
 // What a game was made of: what was entered, the teams and grounds as they were, what seeded chance, every answer of a
 // user. Played again it is the same game. docs/formats/recording.md describes the file.
@@ -100,29 +101,39 @@ bool holds_nothing_yet(std::string_view bytes);
 /// Writes entries one behind the other, each with its check.
 class entry_writer {
  public:
-  /// Begins a file: its head is the first that is taken.
-  entry_writer();
+  /// Begins a file.
+  entry_writer() { start(); }
   /// Goes on behind the whole entries of a file.
   explicit entry_writer(const recording& before)
       : check_(before.check), last_reading_(before.readings.empty() ? 0 : before.readings.back()) {}
 
+  /// Begins a file: its head is the first that is taken.
+  void start();
   void beginning(const recorded_beginning& begun);
   /// Nothing for an empty log. Empties it.
   void chance(chance_log& log);
   void event(const recorded_event& event);
 
   /// What has been written since it was last taken.
-  std::string take() { return std::exchange(bytes_, {}); }
+  std::string take() {
+    std::string taken(bytes_.bytes());
+    bytes_.clear();
+    return taken;
+  }
   bool empty() const { return bytes_.empty(); }
 
  private:
-  void entry(int tag, std::string_view content);
+  /// Adds the entry whose content has been packed.
+  void entry(int tag);
 
-  std::string bytes_;
+  packer bytes_;
+  packer content_;  // of the entry that is being made
   std::uint32_t check_ = 0;
   std::uint64_t last_reading_ = 0;
 };
 
+/// An unattended match has a check in any case where this over, 1 to 100, begins.
+constexpr bool is_always_checked(int over) { return over % 10 == 0; }
 /// What a check of this moment is.
 recorded_check check_of(const match_state& match);
 

@@ -134,9 +134,20 @@ void PlayerPanel::leave_out(QWidget& part, bool left_out) {
   part.setVisible(!left_out && photo_->shows_somebody());
 }
 
+bool PlayerPanel::event(QEvent* event) {
+  const bool known = QWidget::event(event);
+  // Its parts may need more or less than they did when it got its size.
+  if (event->type() == QEvent::LayoutRequest) share_height();
+  return known;
+}
+
 void PlayerPanel::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   fit_caption();
+  share_height();
+}
+
+void PlayerPanel::share_height() {
   const int highest_photo = enlarged(*this, 108);
   const QSize least = least_photo();
   int spare = compact_ ? 0 : height() - minimumSizeHint().height();

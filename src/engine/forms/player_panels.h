@@ -42,6 +42,7 @@ class PlayerPanel : public QWidget {
 
  protected:
   /// With room to spare the answer of the level in use stands in words as well, and the photo grows.
+  bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
   /// `whose` and `number` make the names of the controls; `key` is that of the aggression, and with Ctrl the profile's.
@@ -66,6 +67,7 @@ class PlayerPanel : public QWidget {
 
  private:
   void fit_caption();
+  void share_height();
   /// The photo's size in pixels where nothing is to spare.
   QSize least_photo() const;
 
