@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <cmath>
 
@@ -148,6 +149,9 @@ void PlayerPanel::resizeEvent(QResizeEvent* event) {
 }
 
 void PlayerPanel::share_height() {
+  // Showing the answer lays the card out anew: what comes of that is asked for behind it.
+  if (sharing_) return;
+  const QScopedValueRollback<bool> once(sharing_, true);
   const int highest_photo = enlarged(*this, 108);
   const QSize least = least_photo();
   int spare = compact_ ? 0 : height() - minimumSizeHint().height();

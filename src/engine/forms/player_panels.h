@@ -73,6 +73,7 @@ class PlayerPanel : public QWidget {
 
   QSize usual_photo_;
   bool compact_ = false;
+  bool sharing_ = false;  // the height is being shared out
   QBoxLayout* beside_ = nullptr;
   QList<QWidget*> left_out_;
 };

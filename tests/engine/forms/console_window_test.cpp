@@ -42,6 +42,7 @@
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "support/scripted_user.h"
+#include "windows/layout_checks.h"
 #include "windows/robot.h"
 #include "windows/window_checks.h"
 
@@ -605,6 +606,23 @@ TEST_F(ConsoleWindowTest, ChartsAndStripFollowTheMatch) {
   EXPECT_TRUE(control<QWidget>(window, "last_overs")->accessibleName().contains("over 3, "));
   QTest::mouseClick(control<QWidget>(window, "last_overs"), Qt::LeftButton, {}, QPoint(5, 20));
   EXPECT_EQ(text("over_title"), "Over 1");
+}
+
+TEST_F(ConsoleWindowTest, PanelsShareTheHeightInEverySizeAfterEveryOther) {
+  ConsoleWindow& window = open(false, true);
+  const QSize sizes[] = {{1024, 768}, {1280, 800}, {1920, 1080}, {2560, 1440}, {3840, 2160}};
+  for (int over = 0; over < 6; ++over) press(window, "next_over");
+  for (const QSize before : sizes) {
+    for (const QSize size : sizes) {
+      for (const QSize each : {before, size}) {
+        window.resize(each);
+        for (int round = 0; round < 6; ++round) QApplication::processEvents();
+      }
+      SCOPED_TRACE(std::to_string(size.width()) + " after " + std::to_string(before.width()));
+      check_layout(window);
+    }
+    press(window, "next_over");
+  }
 }
 
 TEST_F(ConsoleWindowTest, WiderWindowsHaveMoreColumns) {
