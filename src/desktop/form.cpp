@@ -200,8 +200,11 @@ QSize Form::wanted_size() const { return sizeHint().expandedTo(preferred_); }
 int Form::width_beside(int most) const { return std::max(most, minimumSizeHint().width()); }
 
 QSize Form::size_within(QSize most) {
-  fit_into(most);
-  const QSize wanted = wanted_size().boundedTo(most);
+  fit_into(most, width());
+  QSize wanted = wanted_size().boundedTo(most);
+  // In its new width the foot may need other rows than in the one that it has.
+  fit_into(most, wanted.width());
+  wanted = wanted_size().expandedTo({wanted.width(), 0}).boundedTo(most);
   if (!layout()->hasHeightForWidth()) return wanted;
   return {wanted.width(), std::clamp(layout()->totalHeightForWidth(wanted.width()), wanted.height(), most.height())};
 }
@@ -232,10 +235,10 @@ void Form::rest(QWidget* hidden) {
   moving_ = false;
 }
 
-void Form::fit_into(QSize room) {
+void Form::fit_into(QSize room, int wide) {
   widest_ = room.width();
   show_compact(room);
-  lay_out_foot();
+  lay_out_foot(wide);
   int others = 0;
   for (int i = 0; i < layout()->count(); ++i) {
     const QLayoutItem* item = layout()->itemAt(i);
@@ -252,6 +255,11 @@ void Form::show_compact(QSize room) {
   if (!compact_) around_body_ = body_->contentsMargins();
   compact_ = compact;
   velorin::show_compact({head_, head_rows_, heading_, subheading_, body_, foot_, around_body_}, compact, room.width());
+  // What they need now counts at once, not with the next round of layouts.
+  for (QWidget* part : {head_, foot_}) {
+    part->layout()->activate();
+    part->updateGeometry();
+  }
 }
 
 void Form::set_title(const QString& title, const QString& heading) {
@@ -396,9 +404,9 @@ int Form::one_row_foot() const {
          around.right();
 }
 
-void Form::lay_out_foot() {
+void Form::lay_out_foot(int wide) {
   auto& foot = static_cast<QBoxLayout&>(*foot_->layout());
-  const int room = placing_ ? std::min(width(), widest_) : width();
+  const int room = placing_ ? std::min(wide, widest_) : wide;
   const auto wanted = one_row_foot() > room ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight;
   if (foot.direction() == wanted) return;
   foot.setDirection(wanted);
@@ -409,9 +417,9 @@ void Form::lay_out_foot() {
 
 void Form::resizeEvent(QResizeEvent* event) {
   if (isWindow()) {
-    lay_out_foot();
+    lay_out_foot(width());
   } else {
-    fit_into(size());
+    fit_into(size(), width());
   }
   QDialog::resizeEvent(event);
 }
@@ -419,7 +427,7 @@ void Form::resizeEvent(QResizeEvent* event) {
 void Form::measure_room() {
   const QScreen* at = screen();
   if (at == nullptr) return;
-  fit_into(at->availableSize().shrunkBy(frame()));
+  fit_into(at->availableSize().shrunkBy(frame()), width());
 }
 
 void Form::stay_on_screen() {

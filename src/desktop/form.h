@@ -152,8 +152,8 @@ class Form : public QDialog {
   QMargins frame() const;
   /// The least width of a foot in one row.
   int one_row_foot() const;
-  /// A foot too long for the window, as it is or as the screen has room for it, has its buttons in a second row.
-  void lay_out_foot();
+  /// A foot too long for a window so wide, or for what the screen has room for, has its buttons in a second row.
+  void lay_out_foot(int wide);
   /// Tells the body how much room the screen has for it.
   void measure_room();
   void stay_on_screen();
@@ -161,8 +161,8 @@ class Form : public QDialog {
   void grow();
   /// Likewise on the screen, as far as it has room.
   void make_room();
-  /// The same for a form in the main window, whose size is given.
-  void fit_into(QSize room);
+  /// The same for a form in the main window, whose room is given; it is to be so wide.
+  void fit_into(QSize room, int wide);
   void show_compact(QSize room);
 
   QPointer<Frame> frame_;  // the main window it belongs to, if any

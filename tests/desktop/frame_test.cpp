@@ -348,5 +348,25 @@ TEST_F(MainWindow, ItRemembersItsPlace) {
   EXPECT_EQ(again.size(), QSize(720, 560));
 }
 
+TEST_F(MainWindow, ASheetStandsWholeInEverySizeAfterEveryOther) {
+  const QSize sizes[] = {{960, 540}, {1280, 800}, {1024, 768}};
+  const message_box told{"End of Match", "Bali   wins by  5  wickets ", message_kind::end_of_match};
+  for (const QSize before : sizes) {
+    for (const QSize size : sizes) {
+      MessageWindow message(told, MessageWindow::Kind::information, &menu_);
+      open(message, [&] {
+        for (const QSize each : {before, size}) {
+          frame_.resize(each);
+          for (int round = 0; round < 6; ++round) QApplication::processEvents();
+          SCOPED_TRACE(::testing::PrintToString(each.width()) + " wide");
+          EXPECT_GE(message.height(), message.sizeHint().height());
+          check_controls(message);
+        }
+        message.accept();
+      });
+    }
+  }
+}
+
 }  // namespace
 }  // namespace velorin::testing
