@@ -67,6 +67,7 @@ struct rate_cell {
 struct rates_view {
   std::string last_five_overs;  ///< last five overs
   bool chase = false;
+  bool behind = false;  ///< balls of the over in play have been bowled since: the figures are those of its beginning
   std::vector<rate_cell> cells;  ///< projections: cells 0 to 4; chase: 0 to 6
   std::string chase_headline;    ///< chase: "To win ", short name, " need..."; empty once it is made
   std::string stage_overs;       ///< chase: the stage in overs; empty while nothing was bowled

@@ -356,6 +356,11 @@ bool Form::event(QEvent* event) {
   return QDialog::event(event);
 }
 
+void Form::go_back() {
+  if (back_ && !program_is_ending()) return guarded(back_);
+  close();
+}
+
 void Form::reject() {
   const bool ending = program_is_ending();
   if (dismissed_ && !ending) {

@@ -104,6 +104,12 @@ class Form : public QDialog {
   void name_way_back(const QString& name) { way_back_ = name; }
   const QString& way_back() const { return way_back_; }
 
+  /// It does this instead of closing the form.
+  void on_way_back(std::function<void()> act) { back_ = std::move(act); }
+  /// Goes that way, if there is one.
+  void go_back();
+  bool has_way_back() const { return back_ != nullptr || can_be_left(); }
+
   /// Escape or the close box do this instead of closing; the form must close itself.
   void on_dismiss(std::function<void()> act) { dismissed_ = std::move(act); }
 
@@ -173,6 +179,7 @@ class Form : public QDialog {
   QString about_;
   bool shows_score_ = false;
   QString way_back_ = QStringLiteral("Back");
+  std::function<void()> back_;
   std::function<void()> forward_;
   QWidget* return_bar_ = nullptr;
   QPushButton* put_back_button_ = nullptr;  // in the bar, or in a head that is shown

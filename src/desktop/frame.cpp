@@ -146,7 +146,7 @@ void Frame::add_bar() {
                     .hint = QStringLiteral("Leaves this page"),
                     .spoken = QStringLiteral("Back")});
   connect(back_, &QPushButton::clicked, this, [this] {
-    if (Form* form = top()) form->close();
+    if (Form* form = top()) form->go_back();
   });
   forward_ = new QPushButton(bar_);
   forward_->setObjectName(QStringLiteral("forward"));
@@ -457,7 +457,7 @@ void Frame::show_bar() {
   trail_->setToolTip(words);
   const bool page = form.place() != Form::Place::sheet && waiting != layers_.begin();
   score_->setVisible(!score_->text().isEmpty() && !form.shows_score());
-  back_->setEnabled(page && !waiting->torn && form.can_be_left());
+  back_->setEnabled(page && !waiting->torn && form.has_way_back());
   back_->setText(QStringLiteral("\u2039 ") + form.way_back());
   back_->setAccessibleName(form.way_back());
   forward_->setVisible(static_cast<bool>(form.forward()));

@@ -10,9 +10,12 @@
 
 namespace velorin {
 
-KeepQuestion::KeepQuestion(QWidget* parent) : Form(QStringLiteral("keep_question"), Dismissal::closes, parent) {
+KeepQuestion::KeepQuestion(WayOut way, QWidget* parent)
+    : Form(QStringLiteral("keep_question"), Dismissal::closes, parent) {
   const QString title = QStringLiteral("Keep this game?");
-  const QString text = QStringLiteral("The program ends. A game that is kept goes on with \"Continue\" in the menu.");
+  const QString text =
+      (way == WayOut::to_menu ? QStringLiteral("The menu opens.") : QStringLiteral("The program ends.")) +
+      QStringLiteral(" A game that is kept goes on with \"Continue\" in the menu.");
   set_title(title, {});
   stand_as(Place::sheet);
   setAccessibleDescription(text);
@@ -36,8 +39,8 @@ KeepQuestion::KeepQuestion(QWidget* parent) : Form(QStringLiteral("keep_question
   add_button(QStringLiteral("stay"), {.caption = QStringLiteral("Play On"), .mnemonic = u'P'}, [this] { reject(); });
 }
 
-KeepAnswer ask_to_keep(QWidget& window) {
-  KeepQuestion question(&window);
+KeepAnswer ask_to_keep(WayOut way, QWidget& window) {
+  KeepQuestion question(way, &window);
   run_modal(question);
   return question.answer();
 }

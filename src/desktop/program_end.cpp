@@ -16,6 +16,7 @@ namespace {
 
 struct Ending {
   bool begun = false;
+  bool to_menu = false;  // and the menu opens again
   bool in_play = false;
   bool fault_told = false;
   std::function<void(const std::exception&)> handler;
@@ -39,6 +40,17 @@ bool take_told_fault() { return std::exchange(ending().fault_told, false); }
 void end_program(int status) {
   ending().begun = true;
   QCoreApplication::exit(status);
+}
+
+void return_to_menu() {
+  ending().to_menu = true;
+  end_program(0);
+}
+
+bool takes_return_to_menu() {
+  if (!std::exchange(ending().to_menu, false)) return false;
+  begin_again();
+  return true;
 }
 
 bool program_is_ending() { return ending().begun; }

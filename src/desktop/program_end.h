@@ -18,6 +18,12 @@ struct ProgramEnds {};
 /// Ends the program: all event loops are left, the innermost first, and the one of main() returns `status`.
 void end_program(int status);
 
+/// Likewise, but the program begins anew with its menu.
+void return_to_menu();
+
+/// For main(), once its loop has been left: true where the menu is to open again; a new round begins then.
+bool takes_return_to_menu();
+
 /// True from end_program on. Windows then answer nothing any more.
 bool program_is_ending();
 

@@ -9,6 +9,7 @@
 
 #include "competitions/series.h"
 #include "database/lasting_records.h"
+#include "desktop/program_end.h"
 #include "desktop/table_view.h"
 #include "model/match_state.h"
 #include "recording/kept_games.h"
@@ -93,6 +94,35 @@ TEST_F(Continue, AMatchThatWasQuitGoesOnAtTheVeryBall) {
   ASSERT_EQ(games.size(), 1U);
   EXPECT_TRUE(games.front().over);
   EXPECT_EQ(games.front().fault, "");
+}
+
+TEST_F(Continue, TheWayBackFromAMatchLeadsToTheMenuWithTheGameKept) {
+  bool returns = false;
+  start([&](MenuWindow& menu) {
+    ClickingUser user;
+    begin_match(user);
+    user.robot.next("keep_question", [](QWidget& question) {
+      EXPECT_TRUE(control<QLabel>(question, "text")->text().startsWith(QStringLiteral("The menu opens.")));
+      press(question, "keep");
+    });
+    user.robot.next("main", [&](QWidget& window) {
+      press(window, "next_over");
+      auto* back = control<QPushButton>(*menu.window(), "back");
+      EXPECT_EQ(back->accessibleName(), QStringLiteral("Menu"));
+      ASSERT_TRUE(back->isEnabled());
+      back->click();
+      returns = takes_return_to_menu();
+      // This test's loop ends as the program's own does, in which the menu opens anew.
+      EXPECT_FALSE(program_is_ending());
+      end_program(0);
+    });
+    choose(menu, "start_game", "new_match");
+  });
+  EXPECT_TRUE(returns);
+  start([&](MenuWindow& menu) {
+    ASSERT_TRUE(offered(menu));
+    EXPECT_TRUE(what_waits(menu).contains(QStringLiteral("1.0 overs"))) << what_waits(menu).toStdString();
+  });
 }
 
 TEST_F(Continue, WhoDoesNotKeepAGameFindsItNoMore) {

@@ -285,12 +285,26 @@ void ConsoleWindow::closeEvent(QCloseEvent* event) {
   guarded([this] { ask_to_quit(); });
 }
 
+void ConsoleWindow::let_keep(std::function<void()> discard) {
+  discard_ = std::move(discard);
+  findChild<QPushButton*>(QStringLiteral("quit"))
+      ->setToolTip(QStringLiteral("End the program; the game can be kept (Ctrl+Q)"));
+  name_way_back(QStringLiteral("Menu"));
+  on_way_back([this] {
+    if (!playing_ && may_leave(WayOut::to_menu)) return_to_menu();
+  });
+}
+
+bool ConsoleWindow::may_leave(WayOut way) {
+  const KeepAnswer answer = ask_to_keep(way, *this);
+  if (answer == KeepAnswer::discard) discard_();
+  return answer != KeepAnswer::stay;
+}
+
 void ConsoleWindow::ask_to_quit() {
   if (playing_) return;
   if (discard_) {
-    const KeepAnswer answer = ask_to_keep(*this);
-    if (answer == KeepAnswer::discard) discard_();
-    if (answer != KeepAnswer::stay) end_program(0);
+    if (may_leave(WayOut::out_of_program)) end_program(0);
     return;
   }
   const bool yes = ask(*this, QStringLiteral("quit_question"), QStringLiteral("Quit"),

@@ -36,6 +36,7 @@ class OverStrip;
 class RatesPanel;
 class Scoreboard;
 class TableView;
+enum class WayOut;
 struct console_form;
 
 /// The match console. While an over is bowled it follows each ball at the chosen pace and answers nothing but the
@@ -65,7 +66,7 @@ class ConsoleWindow : public Form {
   /// A message has passed by without a stop: a row in the commentary.
   void message_passed(const QString& text);
   /// The match is recorded: who quits is asked whether to keep it, and `discard` runs where not.
-  void let_keep(std::function<void()> discard) { discard_ = std::move(discard); }
+  void let_keep(std::function<void()> discard);
   /// A ball has been bowled: shows it, and waits as long as the pace says.
   void ball_bowled();
   /// An over is being bowled.
@@ -148,6 +149,8 @@ class ConsoleWindow : public Form {
   void wait(int milliseconds);
   void ask_to_quit();
   bool belongs_to_pace(const QObject* watched) const;
+  /// Asks whether to keep the game, and lets it go where not. False where the user stays.
+  bool may_leave(WayOut way);
 
   console_form& form_;
   bool in_use_ = true;  // the opening is over

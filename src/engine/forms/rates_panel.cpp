@@ -96,6 +96,8 @@ void RatesPanel::place_cells(std::size_t used) {
 
 void RatesPanel::refresh() {
   const rates_view view = view_rates(match_);
+  // Reckoned at the end of each over: within one they are muted, for the score has gone on.
+  const QString when = view.behind ? QStringLiteral(", before this over") : QString();
   title_->setText(!view.chase                   ? QStringLiteral("Projected score")
                   : view.chase_headline.empty() ? QStringLiteral("The chase")
                                                 : shown(view.chase_headline));
@@ -108,10 +110,12 @@ void RatesPanel::refresh() {
     cells_[i].heading->setText(shown(view.cells[i].heading));
     explain(*cells_[i].heading, cells_[i].heading->text());
     cells_[i].text->setText(figure(view.cells[i].text));
-    cells_[i].text->setAccessibleName(shown(view.cells[i].heading + ": " + view.cells[i].text));
+    cells_[i].text->setAccessibleName(shown(view.cells[i].heading + ": " + view.cells[i].text) + when);
+    cells_[i].text->setEnabled(!view.behind);
   }
   last_five_.text->setText(figure(view.last_five_overs));
-  last_five_.text->setAccessibleName(shown("Last 5: " + view.last_five_overs));
+  last_five_.text->setAccessibleName(shown("Last 5: " + view.last_five_overs) + when);
+  last_five_.text->setEnabled(!view.behind);
   comparison_->setText(shown(view.stage_overs));
   for (QLabel* label : {stage_, comparison_}) label->setVisible(!view.stage_overs.empty());
   now_->setText(shown(view.score_now));

@@ -608,6 +608,11 @@ TEST_F(ConsoleWindowTest, ChartsAndStripFollowTheMatch) {
   EXPECT_EQ(text("over_title"), "Over 1");
 }
 
+/// Layouts within layouts take a round each.
+void settle() {
+  for (int round = 0; round < 8; ++round) QApplication::processEvents();
+}
+
 TEST_F(ConsoleWindowTest, PanelsShareTheHeightInEverySizeAfterEveryOther) {
   ConsoleWindow& window = open(false, true);
   const QSize sizes[] = {{1024, 768}, {1280, 800}, {1920, 1080}, {2560, 1440}, {3840, 2160}};
@@ -616,7 +621,7 @@ TEST_F(ConsoleWindowTest, PanelsShareTheHeightInEverySizeAfterEveryOther) {
     for (const QSize size : sizes) {
       for (const QSize each : {before, size}) {
         window.resize(each);
-        for (int round = 0; round < 6; ++round) QApplication::processEvents();
+        settle();
       }
       SCOPED_TRACE(std::to_string(size.width()) + " after " + std::to_string(before.width()));
       check_layout(window);
@@ -629,7 +634,7 @@ TEST_F(ConsoleWindowTest, WiderWindowsHaveMoreColumns) {
   ConsoleWindow& window = open(false, true);
   for (int over = 0; over < 12; ++over) press(window, "next_over");
   window.resize(1280, 800);
-  QTest::qWait(10);
+  settle();
   EXPECT_TRUE(control<QWidget>(window, "attack")->isVisible());
   EXPECT_FALSE(control<QWidget>(window, "batting_so_far")->isVisible());
   press(window, "choose_batting");
@@ -637,7 +642,7 @@ TEST_F(ConsoleWindowTest, WiderWindowsHaveMoreColumns) {
   EXPECT_FALSE(control<QWidget>(window, "attack")->isVisible());
   for (const QSize size : {QSize(1024, 768), QSize(1920, 1080), QSize(3440, 1440), QSize(3840, 2160)}) {
     window.resize(size);
-    QTest::qWait(10);
+    settle();
     SCOPED_TRACE(size.width());
     check_window(window);
     take_picture(window, qPrintable(QStringLiteral("console_%1").arg(size.width())));
