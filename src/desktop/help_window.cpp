@@ -186,6 +186,10 @@ Table acts_of(const Form& form) {
   if (form.can_be_left()) add(QStringLiteral("Leave"), QStringLiteral("Esc"), QStringLiteral("Leaves this page"));
   add(QStringLiteral("Next control"), QStringLiteral("Tab"), QStringLiteral("Arrows move within lists and choices"));
   add(QStringLiteral("Go to"), QStringLiteral("Ctrl+K"), QStringLiteral("A page, a team or a player by typing"));
+  add(QStringLiteral("Names"), QStringLiteral("Ctrl+L"),
+      QStringLiteral("The players, teams and grounds named here: each leads to its page, as does a press on the name"));
+  add(QStringLiteral("Name in a table"), QStringLiteral("Ctrl+Return"),
+      QStringLiteral("Opens the page of who is named"));
   add(QStringLiteral("Help"), QStringLiteral("F1"), QStringLiteral("This page"));
   return table;
 }

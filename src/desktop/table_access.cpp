@@ -8,8 +8,11 @@
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QTimer>
+#include <vector>
 
 #include "desktop/modality.h"
+#include "desktop/name_doors.h"
+#include "desktop/table_model.h"
 #include "desktop/table_view.h"
 
 namespace velorin {
@@ -59,7 +62,12 @@ class CellAccess : public QAccessibleInterface,
   QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
   QAccessibleInterface* table() const override { return parent(); }
 
-  QStringList actionNames() const override { return can_open() ? QStringList{pressAction()} : QStringList(); }
+  /// To open the row, and to follow each name in the cell.
+  QStringList actionNames() const override {
+    QStringList names = can_open() ? QStringList{pressAction()} : QStringList();
+    for (const FoundName& name : names_here()) names << name.link.name;
+    return names;
+  }
   QString localizedActionName(const QString& action) const override {
     return action == pressAction() ? QStringLiteral("Open") : QAccessibleActionInterface::localizedActionName(action);
   }
@@ -72,6 +80,10 @@ class CellAccess : public QAccessibleInterface,
   bool is_heading() const { return row_ < 0 || column_ < 0; }
   QModelIndex index() const { return view_->model()->index(row_, column_); }
   bool can_open() const { return isValid() && !is_heading() && view_->can_open(index()); }
+  std::vector<FoundName> names_here() const {
+    if (!isValid() || is_heading() || index().data(covered_role).toBool()) return {};
+    return name_book().names_in(index().data().toString());
+  }
 
   QPointer<TableView> view_;
   int row_;
@@ -125,6 +137,9 @@ QAccessible::State CellAccess::state() const {
 }
 
 void CellAccess::doAction(const QString& action) {
+  for (const FoundName& name : names_here()) {
+    if (name.link.name == action && view_->isEnabled()) return follow_name(name.link, *view_);
+  }
   if (action != pressAction() || !can_open() || !view_->isEnabled() || is_covered(*view_)) return;
   // Later, since what opens may stay for long, and whoever asked waits for an answer.
   QTimer::singleShot(0, view_, [view = view_, row = QPersistentModelIndex(index())] {

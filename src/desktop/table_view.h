@@ -38,6 +38,8 @@ class TableView : public QTableView {
   Table shown_table() const;
   /// What opening a row does; it gets the row's id. Without it rows cannot be opened.
   void on_open(std::function<void(int id)> act, Opens by = Opens::double_press);
+  /// One press opens a row, where it can be opened at all.
+  bool opens_by_press() const { return opens_by_press_; }
   /// A row of the view leads on; opens it, if so.
   bool can_open(const QModelIndex& index) const;
   void open_row(const QModelIndex& index);

@@ -113,6 +113,7 @@ QString subject_of(message_kind kind) {
 
 QtFrontEnd::QtFrontEnd(game_state& game, const std::filesystem::path& kept_games)
     : game_(game),
+      names_(game.data),
       keeper_(kept_games.empty() ? std::nullopt : std::optional<GameKeeper>(std::in_place, *this, game, kept_games)),
       unstopped_(game),
       turns_(game.data.files),

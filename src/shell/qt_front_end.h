@@ -12,6 +12,7 @@
 #include "desktop/preferences.h"
 #include "reports/forms/match_report_window.h"
 #include "shell/game_keeper.h"
+#include "shell/name_pages.h"
 #include "shell/played_reports.h"
 #include "shell/turn_waiting.h"
 #include "shell/unstopped_play.h"
@@ -97,6 +98,7 @@ class QtFrontEnd : public front_end {
   void save_game();
 
   game_state& game_;
+  NamePages names_;
   std::optional<GameKeeper> keeper_;
   std::unique_ptr<ConsoleWindow> console_;  // the one console, while a match is on
   QPointer<Frame> frame_;                   // the main window in which it stands

@@ -48,6 +48,7 @@ AnswerView::AnswerView(const database_files& files, QWidget* parent)
   rows->addStretch(0);
   table_->setMinimumSize(320, 120);
   table_->set_lowest_row(22);
+  table_->setProperty("own_links", true);
   table_->keep_as([this] {
     Table whole = whole_answer_table(told_);
     whole.name = name_;

@@ -19,6 +19,8 @@ class ArchiveForm : public Form {
 
   /// The window has closed for another place, at which the history stands now.
   bool leads_on() const { return leads_on_; }
+  /// Goes on to a page from here; nothing where it is this one.
+  void follow(const archive_subject& about) { go_to(about); }
 
  protected:
   /// What is chosen here, for whoever comes back.
