@@ -36,7 +36,8 @@ struct question {
   std::vector<condition> having = {};  ///< of summed figures, such as innings>=20
   std::string sort = {};               ///< a field or figure; "" for the order of the archive
   bool descending = false;
-  long top = 0;  ///< rows at most; 0 for all
+  long top = 0;                        ///< rows at most; 0 for all
+  std::vector<std::string> only = {};  ///< columns of rows as they are; none: the usual
 
   bool operator==(const question&) const = default;
 };

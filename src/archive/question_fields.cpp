@@ -17,6 +17,9 @@ constexpr std::string_view date_sql = "strftime('%Y-%m-%d', m.played_at, 'unixep
 constexpr std::string_view year_sql = "CAST(strftime('%Y', m.played_at, 'unixepoch') AS INTEGER)";
 constexpr std::string_view result_sql = "CASE r.result WHEN 1 THEN 'won' WHEN -1 THEN 'lost' ELSE 'tied' END";
 
+/// No index leads to the first or the second innings of all matches: the sign keeps SQLite from taking one for it.
+constexpr std::string_view innings_sql = "+r.innings";
+
 constexpr std::array match_fields = {
     row_field{"id", "m.id", field_kind::number, true, "match"},
     row_field{"played_at", played_at_sql, field_kind::text, true, "time of play"},
@@ -66,7 +69,7 @@ constexpr auto with_match(const row_field (&own)[n]) {
 
 constexpr auto innings_fields = with_match({
     {"match_id", "r.match_id", field_kind::number, true, "match"},
-    {"innings", "r.innings", field_kind::number, true},
+    {"innings", innings_sql, field_kind::number, true},
     {"team", "r.team", field_kind::name, true},
     {"opponent", "r.opponent", field_kind::name, true},
     {"runs", "r.runs", field_kind::number, true},
@@ -87,7 +90,7 @@ constexpr auto innings_fields = with_match({
 
 constexpr auto batting_fields = with_match({
     {"match_id", "r.match_id", field_kind::number, true, "match"},
-    {"innings", "r.innings", field_kind::number, true},
+    {"innings", innings_sql, field_kind::number, true},
     {"team", "r.team", field_kind::name, true},
     {"opponent", "r.opponent", field_kind::name, true},
     {"position", "r.position", field_kind::number, true},
@@ -113,7 +116,7 @@ constexpr auto batting_fields = with_match({
 
 constexpr auto bowling_fields = with_match({
     {"match_id", "r.match_id", field_kind::number, true, "match"},
-    {"innings", "r.innings", field_kind::number, true},
+    {"innings", innings_sql, field_kind::number, true},
     {"team", "r.team", field_kind::name, true},
     {"opponent", "r.opponent", field_kind::name, true},
     {"player", "r.player", field_kind::name, true},
@@ -122,13 +125,14 @@ constexpr auto bowling_fields = with_match({
     {"runs", "r.runs", field_kind::number, true},
     {"wickets", "r.wickets", field_kind::number, true},
     {"economy", "r.runs * 6.0 / nullif(r.balls, 0)", field_kind::rate},
-    {"figures", "r.wickets * 10000 - r.runs", field_kind::number, false, "wickets, and fewest runs for them"},
+    {"figures", "r.wickets * 10000 - r.runs", field_kind::number, false, "wickets, and fewest runs for them",
+     "r.wickets DESC, r.runs", "r.wickets, r.runs DESC"},
     {"came_on", "r.came_on", field_kind::number, false, "place among the bowlers"},
 });
 
 constexpr auto stand_fields = with_match({
     {"match_id", "r.match_id", field_kind::number, true, "match"},
-    {"innings", "r.innings", field_kind::number, true},
+    {"innings", innings_sql, field_kind::number, true},
     {"team", "r.team", field_kind::name, true},
     {"wicket", "r.wicket", field_kind::number, true},
     {"runs", "r.runs", field_kind::number, true},
@@ -216,15 +220,17 @@ constexpr std::array stand_figures = {
 };
 
 constexpr std::array<row_source, 5> sources = {{
-    {rows_of::matches, "matches", "match_row m", "", "", "m.id", "", match_fields, match_figures, "Matches"},
-    {rows_of::innings, "innings", "innings_row r", "match_id, innings", "", "r.match_id, r.innings", "", innings_fields,
-     innings_figures, "Innings of teams"},
-    {rows_of::batting, "batting", "batting_row r", "match_id, innings, position", "",
-     "r.match_id, r.innings, r.position", "batting_sums s", batting_fields, batting_figures, "Innings of batsmen"},
-    {rows_of::bowling, "bowling", "bowling_row r", "match_id, innings, position", "r.came_on > 0",
-     "r.match_id, r.innings, r.position", "bowling_sums s", bowling_fields, bowling_figures, "Figures of bowlers"},
+    {rows_of::matches, "matches", "match_row m", "", "", "m.id", "", "", match_fields, match_figures, "Matches"},
+    {rows_of::innings, "innings", "innings_row r", "team, match_id, innings", "", "r.match_id, r.innings", "", "",
+     innings_fields, innings_figures, "Innings of teams"},
+    {rows_of::batting, "batting", "batting_row r", "player, match_id, innings, position", "",
+     "r.match_id, r.innings, r.position", "batting_sums s", "runs", batting_fields, batting_figures,
+     "Innings of batsmen"},
+    {rows_of::bowling, "bowling", "bowling_row r", "player, match_id, innings, position", "r.came_on > 0",
+     "r.match_id, r.innings, r.position", "bowling_sums s", "figures", bowling_fields, bowling_figures,
+     "Figures of bowlers"},
     {rows_of::stands, "stands", "stand_row r", "match_id, innings, wicket",
-     "r.player1 <> (SELECT id FROM name WHERE text = '')", "r.match_id, r.innings, r.wicket", "", stand_fields,
+     "r.player1 <> (SELECT id FROM name WHERE text = '')", "r.match_id, r.innings, r.wicket", "", "runs", stand_fields,
      stand_figures, "Stands"},
 }};
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <array>
 #include <span>
 #include <string_view>
 
@@ -9,6 +10,9 @@
 // What each source of rows offers to a question, as SQL over the tables. The row is `r`, its match `m`.
 
 namespace velorin {
+
+/// Of conditions; longer ones before those that they begin with.
+inline constexpr std::array<std::string_view, 7> question_operators = {"!=", "<=", ">=", "=", "<", ">", "~"};
 
 /// A field of a row.
 struct row_field {
@@ -22,8 +26,10 @@ struct row_field {
   std::string_view name;
   std::string_view sql;
   kind what = kind::number;
-  bool shown = false;          ///< a column of rows as they are
-  std::string_view told = {};  ///< in sentences, such as "in the country"; "" for the name itself
+  bool shown = false;              ///< a column of rows as they are
+  std::string_view told = {};      ///< in sentences, such as "in the country"; "" for the name itself
+  std::string_view order = {};     ///< how an index has it from the highest down, where it is no column of its own
+  std::string_view order_up = {};  ///< and the other way round
 };
 
 /// A figure of summed rows.
@@ -40,10 +46,11 @@ struct row_source {
   rows_of from;
   std::string_view name;
   std::string_view table;
-  std::string_view key;         ///< columns that name a row
-  std::string_view always;      ///< condition that every row meets; "" for none
-  std::string_view order;       ///< of rows as they are
-  std::string_view sums_table;  ///< by player and team; "" for none
+  std::string_view key;          ///< columns that name a row
+  std::string_view always;       ///< condition that every row meets; "" for none
+  std::string_view order;        ///< of rows as they are
+  std::string_view sums_table;   ///< by player and team; "" for none
+  std::string_view in_order_of;  ///< the field that an index has the rows in the order of; "" for none
   std::span<const row_field> fields;
   std::span<const sum_figure> figures;
   std::string_view told;  ///< in sentences, such as "Innings of batsmen"

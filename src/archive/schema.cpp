@@ -3,8 +3,9 @@
 
 namespace velorin {
 
-// Names stand once, in `name`; everything else has their numbers. The rows of a match lie together, by match, innings
-// and place. Sums by man and team are kept along, and indices lead to the rows that lists of the best ask for.
+// Names stand once, in `name`; everything else has their numbers. The rows of a man and of a team lie together, since
+// their pages ask for all of them; indices lead to those of a match, and to the rows that lists of the best ask for.
+// Sums by man and team are kept along.
 const char* const archive_schema = R"sql(
 CREATE TABLE state (last_id INTEGER NOT NULL, careers_before BLOB NOT NULL, records_before BLOB NOT NULL);
 INSERT INTO state VALUES (0, x'', x'');
@@ -21,13 +22,15 @@ CREATE TABLE match_row (
   outfield INTEGER NOT NULL);
 
 CREATE INDEX matches_of_stage ON match_row (stage);
+CREATE INDEX matches_of_ground ON match_row (ground);
 
 CREATE TABLE innings_row (
   match_id INTEGER NOT NULL, innings INTEGER NOT NULL, team INTEGER NOT NULL, opponent INTEGER NOT NULL,
   result INTEGER NOT NULL, runs INTEGER NOT NULL, wickets INTEGER NOT NULL, balls INTEGER NOT NULL,
   wides INTEGER NOT NULL, no_balls INTEGER NOT NULL, byes INTEGER NOT NULL, leg_byes INTEGER NOT NULL,
-  noted_wickets INTEGER NOT NULL, fours INTEGER NOT NULL, sixes INTEGER NOT NULL, top_score INTEGER NOT NULL, hundreds INTEGER NOT NULL,
-  PRIMARY KEY (match_id, innings)) WITHOUT ROWID;
+  noted_wickets INTEGER NOT NULL, fours INTEGER NOT NULL, sixes INTEGER NOT NULL, top_score INTEGER NOT NULL,
+  hundreds INTEGER NOT NULL, PRIMARY KEY (team, match_id, innings)) WITHOUT ROWID;
+CREATE INDEX innings_of_match ON innings_row (match_id, innings);
 
 CREATE TABLE batting_row (
   match_id INTEGER NOT NULL, innings INTEGER NOT NULL, position INTEGER NOT NULL, team INTEGER NOT NULL,
@@ -37,25 +40,25 @@ CREATE TABLE batting_row (
   bowler INTEGER NOT NULL, fielder INTEGER NOT NULL, runs INTEGER NOT NULL, balls INTEGER NOT NULL,
   dots INTEGER NOT NULL, ones INTEGER NOT NULL, twos INTEGER NOT NULL, threes INTEGER NOT NULL,
   fours INTEGER NOT NULL, sixes INTEGER NOT NULL, fifty_balls INTEGER NOT NULL, hundred_balls INTEGER NOT NULL,
-  PRIMARY KEY (match_id, innings, position)) WITHOUT ROWID;
-CREATE INDEX batting_of_player ON batting_row (player);
+  PRIMARY KEY (player, match_id, innings, position)) WITHOUT ROWID;
+CREATE INDEX batting_of_match ON batting_row (match_id, innings, position);
 CREATE INDEX high_scores ON batting_row
-  (runs, fours, sixes, balls, fifty_balls, hundred_balls, position, out, result);
+  (runs, team, fours, sixes, balls, fifty_balls, hundred_balls, position, out, result);
 
 CREATE TABLE bowling_row (
   match_id INTEGER NOT NULL, innings INTEGER NOT NULL, position INTEGER NOT NULL, team INTEGER NOT NULL,
   opponent INTEGER NOT NULL, result INTEGER NOT NULL, player INTEGER NOT NULL, came_on INTEGER NOT NULL,
   balls INTEGER NOT NULL, maidens INTEGER NOT NULL, runs INTEGER NOT NULL, wickets INTEGER NOT NULL,
-  PRIMARY KEY (match_id, innings, position)) WITHOUT ROWID;
-CREATE INDEX bowling_of_player ON bowling_row (player);
-CREATE INDEX many_wickets ON bowling_row (wickets, runs, balls, came_on, result);
+  PRIMARY KEY (player, match_id, innings, position)) WITHOUT ROWID;
+CREATE INDEX bowling_of_match ON bowling_row (match_id, innings, position);
+CREATE INDEX many_wickets ON bowling_row (wickets DESC, runs, team, balls, came_on, result);
 
 CREATE TABLE stand_row (
   match_id INTEGER NOT NULL, innings INTEGER NOT NULL, wicket INTEGER NOT NULL, team INTEGER NOT NULL,
   opponent INTEGER NOT NULL, result INTEGER NOT NULL, runs INTEGER NOT NULL, balls INTEGER NOT NULL,
   score INTEGER NOT NULL, at_balls INTEGER NOT NULL, overs TEXT NOT NULL, player1 INTEGER NOT NULL,
   player2 INTEGER NOT NULL, unbroken INTEGER NOT NULL, PRIMARY KEY (match_id, innings, wicket)) WITHOUT ROWID;
-CREATE INDEX large_stands ON stand_row (runs);
+CREATE INDEX large_stands ON stand_row (runs, team);
 CREATE INDEX stands_by_wicket ON stand_row (wicket, runs);
 
 CREATE TABLE over_row (
