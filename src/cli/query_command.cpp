@@ -21,6 +21,7 @@ struct query_options {
   std::string from;
   std::vector<std::string> by;
   std::vector<std::string> where;
+  std::vector<std::string> having;
   std::string sort;
   bool descending = false;
   long top = 0;
@@ -47,6 +48,7 @@ question question_in(const query_options& options) {
   asked.from = *source_named(options.from);
   asked.by = options.by;
   for (const std::string& typed : options.where) add_condition(asked, condition_from(typed));
+  for (const std::string& typed : options.having) asked.having.push_back(condition_from(typed));
   asked.sort = options.sort;
   asked.descending = options.descending;
   asked.top = options.top;
@@ -106,6 +108,12 @@ void add_query(CLI::App& app, const program_options& program, streams io, comman
       ->allow_extra_args(false)
       ->delimiter('\0')
       ->type_name("FIELD=VALUE");
+  command
+      ->add_option("--having", options->having,
+                   "With --by only sums with FIGURE=VALUE, such as innings>=20, which is a field of rows as well")
+      ->allow_extra_args(false)
+      ->delimiter('\0')
+      ->type_name("FIGURE=VALUE");
   command->add_option("--sort", options->sort, "Order of the rows")->check(not_empty)->type_name("FIELD");
   command->add_flag("--descending", options->descending, "The largest first");
   command->add_option("--top", options->top, "So many rows at most")

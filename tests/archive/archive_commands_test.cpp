@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // velorin-cli archive and query.
+#include "archive/answer_text.h"
 #include "archive/archive_fixture.h"
+#include "archive/classic_questions.h"
+#include "archive/question.h"
 
 namespace velorin::testing {
 namespace {
@@ -71,6 +74,38 @@ TEST_F(ArchiveCommands, QuerySumsSortsAndCutsOff) {
   EXPECT_GE(runs(1), runs(2));
   const json often = json::parse(text({"query", "batting", "--by", "player", "--where", "hundreds>=1", "--json"}));
   for (const json& row : often.at("rows")) EXPECT_GE(row.at(9).get<int>(), 1);
+}
+
+/// The words by which the companion is asked the same.
+std::vector<std::string> query_words(const question& asked) {
+  std::vector<std::string> words = {"query", std::string(source_name(asked.from)), "--csv"};
+  std::string by;
+  for (const std::string& field : asked.by) by += (by.empty() ? "" : ",") + field;
+  const auto add = [&](const char* option, const std::string& value) { words.insert(words.end(), {option, value}); };
+  if (!by.empty()) add("--by", by);
+  for (const condition& part : asked.where) add("--where", part.field + part.op + part.value);
+  for (const condition& part : asked.having) add("--having", part.field + part.op + part.value);
+  if (!asked.sort.empty()) add("--sort", asked.sort);
+  if (asked.descending) words.emplace_back("--descending");
+  if (asked.top > 0) add("--top", std::to_string(asked.top));
+  return words;
+}
+
+TEST_F(ArchiveCommands, QueryAnswersEachClassicQuestionAsTheRecordBook) {
+  play("3", 60);
+  int with_sums = 0;
+  for (const classic_question& classic : classic_questions()) {
+    SCOPED_TRACE(classic.title);
+    EXPECT_EQ(text(query_words(classic.asked)), answer_csv(ask(archive(), classic.asked)));
+    if (!classic.asked.having.empty() && !ask(archive(), classic.asked).rows.empty()) ++with_sums;
+  }
+  EXPECT_GE(with_sums, 2) << "where there are so many";
+}
+
+TEST_F(ArchiveCommands, AConditionOfSumsNeedsSums) {
+  play("3", 2);
+  EXPECT_THAT(error(2, {"query", "batting", "--having", "innings>=2"}), HasSubstr("needs fields to sum by"));
+  EXPECT_THAT(error(2, {"query", "batting", "--by", "player", "--having", "inings>=2"}), HasSubstr("near: innings"));
 }
 
 TEST_F(ArchiveCommands, ACompetitionThatWasNotPlayedYetHasNoRows) {

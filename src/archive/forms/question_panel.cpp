@@ -40,12 +40,21 @@ void choose(QComboBox* choice, const std::string& key) {
   choice->setCurrentIndex(std::max(0, choice->findData(QString::fromStdString(key))));
 }
 
-/// Fills a choice with names, and chooses again what was chosen.
-void offer(QComboBox* choice, const char* none, const std::vector<std::string>& names) {
+/// Before the name of a figure of sums in the key of an entry, since fields of rows have some of the same names.
+constexpr std::string_view of_sums = "sum ";
+
+QString entry_words(std::string_view key) {
+  if (!key.starts_with(of_sums)) return field_heading(key);
+  const QString figure = field_heading(key.substr(of_sums.size()));
+  return QStringLiteral("Sum: %1").arg(figure);
+}
+
+/// Fills a choice with entries, and chooses again what was chosen.
+void offer(QComboBox* choice, const char* none, const std::vector<std::string>& keys) {
   const std::string before = key_of(choice);
   choice->clear();
   choice->addItem(QString::fromLatin1(none), QString());
-  for (const std::string& name : names) choice->addItem(field_heading(name), QString::fromStdString(name));
+  for (const std::string& key : keys) choice->addItem(entry_words(key), QString::fromStdString(key));
   choose(choice, before);
 }
 
@@ -151,9 +160,7 @@ void QuestionPanel::offer_figures() {
     for (const QComboBox* by : by_) {
       if (!key_of(by).empty()) sorts.push_back(key_of(by));
     }
-    for (const std::string& figure : sum_figures(from)) {
-      if (std::find(fields.begin(), fields.end(), figure) == fields.end()) fields.push_back(figure);
-    }
+    for (const std::string& figure : sum_figures(from)) fields.push_back(std::string(of_sums) + figure);
   }
   for (const ConditionRow& row : conditions_) offer(row.field, "(any)", fields);
   offer(sort_, "As played", sorts);
@@ -166,7 +173,7 @@ void QuestionPanel::set_question(const question& asked) {
   for (std::size_t i = 0; i < by_.size(); ++i) choose(by_[i], i < asked.by.size() ? asked.by[i] : std::string());
   offer_figures();
   std::vector<condition> parts = asked.where;
-  parts.insert(parts.end(), asked.having.begin(), asked.having.end());
+  for (const condition& part : asked.having) parts.push_back({std::string(of_sums) + part.field, part.op, part.value});
   for (std::size_t i = 0; i < conditions_.size(); ++i) {
     const condition part = i < parts.size() ? parts[i] : condition{"", "=", ""};
     choose(conditions_[i].field, part.field);
@@ -189,8 +196,12 @@ question QuestionPanel::asked() const {
     }
   }
   for (const ConditionRow& row : conditions_) {
-    const std::string field = key_of(row.field);
-    if (!field.empty()) add_condition(asked, {field, key_of(row.op), row.value->text().trimmed().toStdString()});
+    const std::string key = key_of(row.field);
+    if (key.empty()) continue;
+    const bool summed = key.starts_with(of_sums);
+    condition part{summed ? key.substr(of_sums.size()) : key, key_of(row.op),
+                   row.value->text().trimmed().toStdString()};
+    (summed ? asked.having : asked.where).push_back(std::move(part));
   }
   asked.sort = key_of(sort_);
   asked.descending = direction_->currentData().toBool();

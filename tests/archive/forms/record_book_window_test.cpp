@@ -13,7 +13,9 @@
 
 #include "archive/answer_text.h"
 #include "archive/archive_fixture.h"
+#include "archive/classic_questions.h"
 #include "archive/forms/answer_view.h"
+#include "archive/forms/question_panel.h"
 #include "desktop/preferences.h"
 #include "desktop/table_view.h"
 #include "windows/robot.h"
@@ -80,6 +82,15 @@ TEST_F(RecordBookTest, AnswersAsTheCompanionDoes) {
   sums.table().copy();
   EXPECT_TRUE(QApplication::clipboard()->text().startsWith(QLatin1String("player\tteam\tmatches\tinnings\tnot_outs")));
   check_window_at_sizes(window);
+}
+
+TEST(QuestionPanels, KeepEachPartOfAQuestion) {
+  QuestionPanel panel;
+  for (const classic_question& classic : classic_questions()) {
+    SCOPED_TRACE(classic.title);
+    panel.set_question(classic.asked);
+    EXPECT_EQ(panel.asked(), classic.asked);
+  }
 }
 
 TEST_F(RecordBookTest, AnswersWhatIsPutTogetherAndTellsItAsASentence) {
