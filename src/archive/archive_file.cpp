@@ -21,6 +21,7 @@ namespace velorin {
 namespace {
 
 constexpr int patience = 250;  ///< milliseconds that another program is waited for
+constexpr int first_version = 1;
 constexpr const char* reading = "The archive cannot be read";
 constexpr const char* writing = "The archive cannot be written";
 
@@ -37,7 +38,18 @@ void make_tables(SQLite::Database& database) {
   SQLite::Transaction whole(database, SQLite::TransactionBehavior::IMMEDIATE);
   if (number_from(database, "SELECT count(*) FROM sqlite_master") == 0) {
     database.exec(archive_schema);
+    database.exec(archive_additions);
     database.exec(fmt::format("PRAGMA application_id = {}", archive_application));
+    database.exec(fmt::format("PRAGMA user_version = {}", archive_version));
+  }
+  whole.commit();
+}
+
+/// What an archive of the first version lacks.
+void add_what_is_missing(SQLite::Database& database) {
+  SQLite::Transaction whole(database, SQLite::TransactionBehavior::IMMEDIATE);
+  if (number_from(database, "PRAGMA user_version") == first_version) {
+    database.exec(archive_additions);
     database.exec(fmt::format("PRAGMA user_version = {}", archive_version));
   }
   whole.commit();
@@ -80,6 +92,9 @@ void archive_file::open(use how) {
     make_tables(*database_);
   }
   require_known();
+  if (how == use::write && number_from(*database_, "PRAGMA user_version") == first_version) {
+    add_what_is_missing(*database_);
+  }
 }
 
 void archive_file::require_known() {
@@ -87,11 +102,12 @@ void archive_file::require_known() {
     raise_refused("The file is no archive of matches", path_);
   }
   const std::int64_t version = number_from(*database_, "PRAGMA user_version");
-  if (version == archive_version) return;
-  raise_refused(fmt::format("The archive is of version {}, and this program knows version {} alone: a newer Velorin has"
-                            " written it",
-                            version, archive_version),
-                path_);
+  if (version >= first_version && version <= archive_version) return;
+  raise_refused(
+      fmt::format("The archive is of version {}, and this program knows versions up to {}: a newer Velorin has"
+                  " written it",
+                  version, archive_version),
+      path_);
 }
 
 void archive_file::interrupt() const { sqlite3_interrupt(database_->getHandle()); }

@@ -64,12 +64,7 @@ void add_parted(std::vector<page_section>& sections, rows_of from, const conditi
 
 archive_page player_page(const archive_subject& about) {
   const conditions his = of_man(about.name, about.team);
-  archive_page page{.heading = about.name,
-                    .below = about.team,
-                    .note =
-                        "How he fared ball by ball against each bowler stands in recordings alone; here is who got "
-                        "him out.",
-                    .sections = {}};
+  archive_page page{.heading = about.name, .below = about.team, .note = {}, .sections = {}};
   auto& sections = page.sections;
   sections.push_back({.title = "Batting career",
                       .asked = career(rows_of::batting, about.name, about.team),
@@ -96,6 +91,12 @@ archive_page player_page(const archive_subject& about) {
               {"Batting by innings", "innings"}},
              "average");
   sections.push_back({.title = "How he was out", .asked = summed(rows_of::batting, "how_out", his, "innings")});
+  sections.push_back({.title = "Against each bowler",
+                      .asked = {.from = rows_of::meetings,
+                                .by = {"bowler", "opponent"},
+                                .where = his,
+                                .sort = "balls",
+                                .descending = true}});
   sections.push_back({.title = "Who got him out",
                       .asked = {.from = rows_of::batting,
                                 .by = {"bowler", "opponent"},
@@ -202,13 +203,18 @@ archive_page two_players_page(const archive_subject& about) {
   };
   both("Batting", rows_of::batting);
   both("Bowling", rows_of::bowling);
-  const auto against = [&](const std::string& batsman, const std::string& team, const std::string& bowler) {
+  const auto against = [&](const std::string& batsman, const std::string& team, const std::string& bowler,
+                           const std::string& bowlers_team) {
+    conditions met = with(of_man(batsman, team), {"bowler", "=", bowler});
+    if (!bowlers_team.empty()) met.push_back({"opponent", "=", bowlers_team});
+    page.sections.push_back({.title = batsman + " against " + bowler,
+                             .asked = summed(rows_of::meetings, "bowler", met),
+                             .how = page_section::kind::figures});
     page.sections.push_back(
-        {.title = batsman + " out to " + bowler,
-         .asked = {.from = rows_of::batting, .where = with(of_man(batsman, team), {"bowler", "=", bowler})}});
+        {.title = batsman + " out to " + bowler, .asked = {.from = rows_of::batting, .where = met}});
   };
-  against(about.name, about.team, about.other);
-  against(about.other, about.other_team, about.name);
+  against(about.name, about.team, about.other, about.other_team);
+  against(about.other, about.other_team, about.name, about.team);
   return page;
 }
 

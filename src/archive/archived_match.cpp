@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <map>
+#include <utility>
 
 #include "model/rules.h"
 #include "model/stands.h"
@@ -101,6 +103,23 @@ void add_overs(archived_innings& innings, const innings_books& books) {
   }
 }
 
+void add_meetings(archived_innings& innings, const delivery_list& deliveries) {
+  std::map<std::pair<int, int>, archived_meeting> all;
+  for (const delivery& ball : deliveries) {
+    if (!ball.is_faced()) continue;
+    archived_meeting& one = all[{ball.striker, ball.bowler}];
+    one.position = ball.striker;
+    one.bowler_position = ball.bowler;
+    ++one.balls;
+    one.runs += ball.runs;
+    one.dots += int(ball.runs == 0);
+    one.fours += int(ball.outcome == four_runs);
+    one.sixes += int(ball.outcome == six_runs);
+    one.outs += int(ball.is_wicket() && ball.how != dismissal::run_out);
+  }
+  for (const auto& [men, one] : all) innings.meetings.push_back(one);
+}
+
 /// `not_out`: what the card has of a man whom careers count as not out. The end of an innings writes it into the first
 /// innings only.
 archived_innings innings_of(const innings_books& books, dismissal not_out) {
@@ -114,6 +133,7 @@ archived_innings innings_of(const innings_books& books, dismissal not_out) {
   add_bowling(innings, books);
   add_stands(innings, books.falls);
   add_overs(innings, books);
+  add_meetings(innings, books.deliveries);
   return innings;
 }
 

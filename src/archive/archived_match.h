@@ -70,6 +70,18 @@ struct archived_over {
   int wickets = 0;
 };
 
+/// A batsman against a bowler in an innings. Of no ball and wide it tells nothing.
+struct archived_meeting {
+  int position = 0;         ///< of the batsman on his card
+  int bowler_position = 0;  ///< of the bowler in his eleven
+  int balls = 0;
+  int runs = 0;
+  int dots = 0;
+  int fours = 0;
+  int sixes = 0;
+  int outs = 0;  ///< 1 where the bowler got him out
+};
+
 struct archived_innings {
   std::string team;
   int runs = 0;
@@ -84,6 +96,7 @@ struct archived_innings {
   std::vector<archived_bowler> bowling;   ///< the eleven of the side in the field, in its order
   std::vector<archived_stand> stands;     ///< the ten of the table of falls
   std::vector<archived_over> overs;
+  std::vector<archived_meeting> meetings;  ///< by batsman and bowler; none in archives of version 1
 };
 
 struct archived_match {

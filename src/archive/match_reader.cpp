@@ -42,6 +42,12 @@ const std::string& archived_names::at(std::int64_t id) {
   return place->second;
 }
 
+bool has_table(const SQLite::Database& database, const char* name) {
+  SQLite::Statement asked(database, "SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ?");
+  asked.bind(1, name);
+  return asked.executeStep();
+}
+
 std::string recording_of(const SQLite::Database& database, std::int64_t match) {
   SQLite::Statement asked(database, "SELECT begins_as, shared, bytes FROM recording WHERE match_id = ?");
   std::string whole;
@@ -81,7 +87,14 @@ match_reader::match_reader(const SQLite::Database& database)
               "SELECT runs, balls, score, at_balls, unbroken, overs, player1, player2 FROM stand_row"
               " WHERE match_id = ? AND innings = ? ORDER BY wicket"),
       overs_(database,
-             "SELECT over, bowler, runs, wickets FROM over_row WHERE match_id = ? AND innings = ? ORDER BY over") {}
+             "SELECT over, bowler, runs, wickets FROM over_row WHERE match_id = ? AND innings = ? ORDER BY over") {
+  if (!has_table(database, "meeting_row")) return;
+  meetings_.emplace(database,
+                    "SELECT m.position, m.bowler_position, m.balls, m.runs, m.dots, m.fours, m.sixes, m.outs"
+                    " FROM batting_row b CROSS JOIN meeting_row m ON m.player = b.player AND m.match_id = b.match_id"
+                    " AND m.innings = b.innings AND m.position = b.position"
+                    " WHERE b.match_id = ? AND b.innings = ? ORDER BY b.position, m.bowler_position");
+}
 
 std::optional<archived_match> match_reader::read(std::int64_t id, bool with_overs) {
   match_.reset();
@@ -110,6 +123,7 @@ std::optional<archived_match> match_reader::read(std::int64_t id, bool with_over
     if (!with_overs) continue;
     begin(overs_, id, number);
     read_overs(match.innings[number == 1 ? 0 : 1]);
+    if (meetings_) read_meetings(match.innings[number == 1 ? 0 : 1], id, number);
   }
   return match;
 }
@@ -192,6 +206,19 @@ void match_reader::read_overs(archived_innings& innings) {
     over.wickets = from.number();
   }
   overs_.reset();
+}
+
+void match_reader::read_meetings(archived_innings& innings, std::int64_t match, int number) {
+  begin(*meetings_, match, number);
+  while (meetings_->executeStep()) {
+    row from(*meetings_);
+    archived_meeting& one = innings.meetings.emplace_back();
+    for (int* figure :
+         {&one.position, &one.bowler_position, &one.balls, &one.runs, &one.dots, &one.fours, &one.sixes, &one.outs}) {
+      *figure = from.number();
+    }
+  }
+  meetings_->reset();
 }
 
 }  // namespace velorin

@@ -25,6 +25,9 @@ class archived_names {
   std::unordered_map<std::int64_t, std::string> known_;
 };
 
+/// The archive has this table: one of an earlier version lacks some. Raises SQLite::Exception.
+bool has_table(const SQLite::Database& database, const char* name);
+
 /// The bytes of a match's recording; "" for none. Raises SQLite::Exception.
 std::string recording_of(const SQLite::Database& database, std::int64_t match);
 
@@ -42,6 +45,7 @@ class match_reader {
   void read_bowling(archived_innings& innings);
   void read_stands(archived_innings& innings);
   void read_overs(archived_innings& innings);
+  void read_meetings(archived_innings& innings, std::int64_t match, int number);
 
   archived_names names_;
   SQLite::Statement match_;
@@ -50,6 +54,7 @@ class match_reader {
   SQLite::Statement bowling_;
   SQLite::Statement stands_;
   SQLite::Statement overs_;
+  std::optional<SQLite::Statement> meetings_;  ///< none where the archive has no table of them
 };
 
 }  // namespace velorin

@@ -78,7 +78,9 @@ match_writer::match_writer(SQLite::Database& database)
                                  " balls = balls + excluded.balls, maidens = maidens + excluded.maidens,"
                                  " runs = runs + excluded.runs, wickets = wickets + excluded.wickets,"
                                  " five_wickets = five_wickets + excluded.five_wickets,"
-                                 " best = max(best, excluded.best)") {}
+                                 " best = max(best, excluded.best)"),
+      add_meeting_(database, insertion("meeting_row", 15)),
+      sum_man_(database, insertion("man_sums", 3) + " ON CONFLICT DO UPDATE SET matches = matches + 1") {}
 
 std::int64_t match_writer::name(const std::string& text) {
   const auto [place, is_new] = names_.try_emplace(text, 0);
@@ -159,6 +161,7 @@ void match_writer::write_innings(const archived_match& match, int number) {
   write_bowling(match, number, opponent, team, -result);
   write_stands(match, number, team, opponent, result);
   write_overs(match, number);
+  write_meetings(match, number, team, opponent, result);
 }
 
 void match_writer::write_batting(const archived_match& match, int number, std::int64_t team, std::int64_t opponent,
@@ -186,6 +189,7 @@ void match_writer::write_bowling(const archived_match& match, int number, std::i
     (bound(add_bowling_) << match.id << number << ++position << team << opponent << result << player << man.came_on
                          << man.balls << man.maidens << man.runs << man.wickets)
         .run();
+    (bound(sum_man_) << player << team << 1).run();
     if (man.came_on == 0) continue;
     (bound(sum_bowling_) << player << team << 1 << man.balls << man.maidens << man.runs << man.wickets
                          << int(man.wickets >= five_wicket_haul) << best_bowling_value(man.wickets, man.runs))
@@ -210,9 +214,24 @@ void match_writer::write_overs(const archived_match& match, int number) {
   }
 }
 
+void match_writer::write_meetings(const archived_match& match, int number, std::int64_t team, std::int64_t opponent,
+                                  int result) {
+  const archived_innings& innings = match.innings[number == 1 ? 0 : 1];
+  for (const archived_meeting& one : innings.meetings) {
+    const auto batsman = std::find_if(innings.batting.begin(), innings.batting.end(),
+                                      [&](const archived_batsman& man) { return man.position == one.position; });
+    const auto bowler = static_cast<std::size_t>(one.bowler_position) - 1;
+    if (batsman == innings.batting.end() || bowler >= innings.bowling.size()) continue;
+    (bound(add_meeting_) << name(batsman->player) << match.id << number << one.position << one.bowler_position
+                         << name(innings.bowling[bowler].player) << team << opponent << result << one.balls << one.runs
+                         << one.dots << one.fours << one.sixes << one.outs)
+        .run();
+  }
+}
+
 void match_writer::empty() {
   for (const char* table : {"match_row", "innings_row", "batting_row", "bowling_row", "stand_row", "over_row",
-                            "recording", "batting_sums", "bowling_sums", "name"}) {
+                            "recording", "batting_sums", "bowling_sums", "man_sums", "meeting_row", "name"}) {
     database_.exec(std::string("DELETE FROM ") + table);
   }
   names_.clear();

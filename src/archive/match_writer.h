@@ -28,6 +28,7 @@ class match_writer {
   void write_bowling(const archived_match& match, int number, std::int64_t team, std::int64_t opponent, int result);
   void write_stands(const archived_match& match, int number, std::int64_t team, std::int64_t opponent, int result);
   void write_overs(const archived_match& match, int number);
+  void write_meetings(const archived_match& match, int number, std::int64_t team, std::int64_t opponent, int result);
   void write_recording(const archived_match& match);
 
   SQLite::Database& database_;
@@ -43,6 +44,8 @@ class match_writer {
   SQLite::Statement add_recording_;
   SQLite::Statement sum_batting_;
   SQLite::Statement sum_bowling_;
+  SQLite::Statement add_meeting_;
+  SQLite::Statement sum_man_;
   std::unordered_map<std::string, std::int64_t> names_;  ///< met so far
 };
 

@@ -18,7 +18,7 @@ namespace velorin {
 class archive_file;
 
 /// What the rows are.
-enum class rows_of { matches, innings, batting, bowling, stands };
+enum class rows_of { matches, innings, batting, bowling, stands, meetings };
 
 /// "field op value", such as runs>=100.
 struct condition {

@@ -143,6 +143,22 @@ constexpr auto stand_fields = with_match({
     {"balls", "r.balls", field_kind::number},
 });
 
+constexpr auto meeting_fields = with_match({
+    {"match_id", "r.match_id", field_kind::number, true, "match"},
+    {"innings", innings_sql, field_kind::number, true},
+    {"team", "r.team", field_kind::name, true},
+    {"opponent", "r.opponent", field_kind::name, true},
+    {"player", "r.player", field_kind::name, true},
+    {"bowler", "r.bowler", field_kind::name, true},
+    {"balls", "r.balls", field_kind::number, true},
+    {"runs", "r.runs", field_kind::number, true},
+    {"dots", "r.dots", field_kind::number, true},
+    {"fours", "r.fours", field_kind::number, true},
+    {"sixes", "r.sixes", field_kind::number, true},
+    {"outs", "r.outs", field_kind::number, true, "dismissals"},
+    {"strike_rate", "r.runs * 100.0 / nullif(r.balls, 0)", field_kind::rate, false, "strike rate"},
+});
+
 constexpr std::array match_figures = {
     sum_figure{"matches", "count(*)", ""},
     sum_figure{"first_wins", "sum(m.winner = m.first)", ""},
@@ -172,8 +188,12 @@ constexpr std::array innings_figures = {
     sum_figure{"hundreds", "sum(r.hundreds)", ""},
 };
 
+/// A man has played in matches in which he has neither batted nor bowled.
+constexpr std::string_view matches_of_man =
+    "sum((SELECT p.matches FROM man_sums p WHERE p.player = s.player AND p.team = s.team))";
+
 constexpr std::array batting_figures = {
-    sum_figure{"matches", "count(DISTINCT r.match_id)", "sum(s.matches)"},
+    sum_figure{"matches", "count(DISTINCT r.match_id)", matches_of_man},
     sum_figure{"innings", "count(*)", "sum(s.matches)"},
     sum_figure{"not_outs", "sum(r.not_out)", "sum(s.not_outs)"},
     sum_figure{"runs", "sum(r.runs)", "sum(s.runs)"},
@@ -191,7 +211,7 @@ constexpr std::array batting_figures = {
 };
 
 constexpr std::array bowling_figures = {
-    sum_figure{"matches", "count(DISTINCT r.match_id)", "sum(s.matches)"},
+    sum_figure{"matches", "count(DISTINCT r.match_id)", matches_of_man},
     sum_figure{"innings", "count(*)", "sum(s.matches)"},
     sum_figure{"overs", "sum(r.balls)", "sum(s.balls)", figure_kind::overs},
     sum_figure{"balls", "sum(r.balls)", "sum(s.balls)"},
@@ -219,7 +239,19 @@ constexpr std::array stand_figures = {
     sum_figure{"highest", "max(r.runs)", ""},
 };
 
-constexpr std::array<row_source, 5> sources = {{
+constexpr std::array meeting_figures = {
+    sum_figure{"matches", "count(DISTINCT r.match_id)", ""},
+    sum_figure{"runs", "sum(r.runs)", ""},
+    sum_figure{"balls", "sum(r.balls)", ""},
+    sum_figure{"outs", "sum(r.outs)", ""},
+    sum_figure{"average", "sum(r.runs) * 1.0 / nullif(sum(r.outs), 0)", "", figure_kind::rate},
+    sum_figure{"strike_rate", "sum(r.runs) * 100.0 / nullif(sum(r.balls), 0)", "", figure_kind::rate},
+    sum_figure{"dots", "sum(r.dots)", ""},
+    sum_figure{"fours", "sum(r.fours)", ""},
+    sum_figure{"sixes", "sum(r.sixes)", ""},
+};
+
+constexpr std::array<row_source, 6> sources = {{
     {rows_of::matches, "matches", "match_row m", "", "", "m.id", "", "", match_fields, match_figures, "Matches"},
     {rows_of::innings, "innings", "innings_row r", "team, match_id, innings", "", "r.match_id, r.innings", "", "",
      innings_fields, innings_figures, "Innings of teams"},
@@ -232,6 +264,9 @@ constexpr std::array<row_source, 5> sources = {{
     {rows_of::stands, "stands", "stand_row r", "match_id, innings, wicket",
      "r.player1 <> (SELECT id FROM name WHERE text = '')", "r.match_id, r.innings, r.wicket", "", "runs", stand_fields,
      stand_figures, "Stands"},
+    {rows_of::meetings, "meetings", "meeting_row r", "player, match_id, innings, position, bowler_position", "",
+     "r.match_id, r.innings, r.position, r.bowler_position", "", "", meeting_fields, meeting_figures,
+     "Batsmen against bowlers"},
 }};
 
 template <class Part>

@@ -13,6 +13,7 @@
 #include <system_error>
 #include <utility>
 
+#include "archive/match_reader.h"
 #include "archive/question_fields.h"
 
 namespace velorin {
@@ -54,6 +55,9 @@ class builder {
       : database_(database), asked_(asked), source_(source_of(asked.from)), on_sums_(can_use_sums()) {}
 
   question_sql build() && {
+    if (asked_.from == rows_of::meetings && !has_table(database_, "meeting_row")) {
+      throw question_error("The archive is of an earlier version, which knew no batsman against a bowler", "", {});
+    }
     if (asked_.by.empty()) {
       select_rows();
     } else {
@@ -137,6 +141,7 @@ class builder {
     return on_sums_ ? "s." + std::string(field.name) : std::string(field.sql);
   }
   std::string expression(const sum_figure& figure) const {
+    if (on_sums_ && figure.name == "matches" && !has_table(database_, "man_sums")) return "sum(s.matches)";
     if (on_sums_) return std::string(figure.sums_sql);
     // A team has one innings in a match, and so has each place, so that there is nothing to be told apart.
     const bool of_innings_of_team = asked_.from == rows_of::innings && figure.name == "matches" &&

@@ -114,4 +114,22 @@ CREATE VIEW overs AS SELECT v.match_id AS match_id, v.innings AS innings, v.over
   v.runs AS runs, v.wickets AS wickets FROM over_row v JOIN name b ON b.id = v.bowler;
 )sql";
 
+const char* const archive_additions = R"sql(
+CREATE TABLE meeting_row (
+  player INTEGER NOT NULL, match_id INTEGER NOT NULL, innings INTEGER NOT NULL, position INTEGER NOT NULL,
+  bowler_position INTEGER NOT NULL, bowler INTEGER NOT NULL, team INTEGER NOT NULL, opponent INTEGER NOT NULL,
+  result INTEGER NOT NULL, balls INTEGER NOT NULL, runs INTEGER NOT NULL, dots INTEGER NOT NULL,
+  fours INTEGER NOT NULL, sixes INTEGER NOT NULL, outs INTEGER NOT NULL,
+  PRIMARY KEY (player, match_id, innings, position, bowler_position)) WITHOUT ROWID;
+
+CREATE TABLE man_sums (
+  player INTEGER NOT NULL, team INTEGER NOT NULL, matches INTEGER NOT NULL, PRIMARY KEY (player, team)) WITHOUT ROWID;
+INSERT INTO man_sums SELECT player, team, count(*) FROM bowling_row GROUP BY player, team;
+
+CREATE VIEW meetings AS SELECT r.match_id AS match_id, r.innings AS innings, t.text AS team, o.text AS opponent,
+  p.text AS player, b.text AS bowler, r.balls AS balls, r.runs AS runs, r.dots AS dots, r.fours AS fours,
+  r.sixes AS sixes, r.outs AS outs FROM meeting_row r JOIN name t ON t.id = r.team JOIN name o ON o.id = r.opponent
+  JOIN name p ON p.id = r.player JOIN name b ON b.id = r.bowler;
+)sql";
+
 }  // namespace velorin

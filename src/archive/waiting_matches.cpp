@@ -13,7 +13,9 @@ namespace velorin {
 
 namespace {
 
-constexpr std::string_view head = "velorin waiting 1\n";
+constexpr std::string_view head = "velorin waiting 2\n";
+constexpr std::string_view first_head = "velorin waiting 1\n";  ///< of a program that knew no meetings
+static_assert(head.size() == first_head.size());
 
 /// Appends values: whole numbers in seven bits a byte, the lowest first, the eighth set in all but the last; texts as
 /// their length and bytes.
@@ -36,13 +38,18 @@ class writer {
     for (const Line& line : lines) fields(line);
   }
 
+  static constexpr bool knows_meetings = true;
+
   std::string bytes{head};
 };
 
 /// Takes them. Raises run_time_error (file) where they end too soon or are too large.
 class reader {
  public:
-  reader(std::string_view bytes, const std::string& name) : left_(bytes), name_(name) {}
+  reader(std::string_view bytes, bool with_meetings, const std::string& name)
+      : knows_meetings(with_meetings), left_(bytes), name_(name) {}
+
+  const bool knows_meetings;
 
   template <class Number>
   requires std::integral<Number> || std::is_enum_v<Number>
@@ -108,6 +115,11 @@ void tell_innings(auto& take, auto& innings) {
   });
   take.list(innings.overs,
             [&](auto& over) { take(over.over), take(over.bowler), take(over.runs), take(over.wickets); });
+  if (!take.knows_meetings) return;
+  take.list(innings.meetings, [&](auto& one) {
+    take(one.position), take(one.bowler_position), take(one.balls), take(one.runs);
+    take(one.dots), take(one.fours), take(one.sixes), take(one.outs);
+  });
 }
 
 void tell_match(auto& take, auto& match) {
@@ -130,8 +142,8 @@ void tell(auto& take, auto& waiting, auto& begins, auto& before) {
 waiting_matches waiting_in(std::string_view bytes, const std::string& name) {
   waiting_matches waiting;
   if (bytes.empty()) return waiting;
-  reader take(bytes.substr(std::min(bytes.size(), head.size())), name);
-  if (!bytes.starts_with(head)) take.raise();
+  reader take(bytes.substr(std::min(bytes.size(), head.size())), bytes.starts_with(head), name);
+  if (!bytes.starts_with(head) && !bytes.starts_with(first_head)) take.raise();
   bool begins = false;
   books_before before;
   tell(take, waiting, begins, before);

@@ -97,9 +97,9 @@ int query(const query_options& options, const program_options& program, streams 
 void add_query(CLI::App& app, const program_options& program, streams io, command_action& action) {
   auto options = std::make_shared<query_options>();
   CLI::App* command = app.add_subcommand("query", "Asks the archive of matches");
-  command->add_option("FROM", options->from, "matches, innings, batting, bowling or stands")
+  command->add_option("FROM", options->from, "matches, innings, batting, bowling, stands or meetings")
       ->required()
-      ->check(CLI::IsMember({"matches", "innings", "batting", "bowling", "stands"}));
+      ->check(CLI::IsMember({"matches", "innings", "batting", "bowling", "stands", "meetings"}));
   command->add_option("--by", options->by, "Sum the rows by these fields")->delimiter(',')->type_name("FIELD[,FIELD]");
   command
       ->add_option("--where", options->where,

@@ -149,10 +149,10 @@ TEST_F(ArchiveFiles, AnArchiveThatCannotBeWrittenLeavesTheMatchWaiting) {
 
 TEST_F(ArchiveFiles, ANewerVersionIsRefusedAndNothingUpdated) {
   play("1", 1);
-  change("PRAGMA user_version = 2");
+  change("PRAGMA user_version = 3");
   const auto before = contents_of(teams());
   const std::string sentence =
-      "The archive is of version 2, and this program knows version 1 alone: a newer Velorin has"
+      "The archive is of version 3, and this program knows versions up to 2: a newer Velorin has"
       " written it (file small.matches)";
   EXPECT_EQ(error(1, {"archive", "list"}), "velorin-cli: " + sentence);
   EXPECT_EQ(error(1, {"--seed", "2", "match", "--update", "--quiet"}), "velorin-cli: " + sentence);

@@ -93,7 +93,8 @@ TEST(QuestionSentences, ThereAreFiftyClassicOnesAndNoTwoAlike) {
 TEST_F(Question, AnyPartsAreAnsweredAsTheMatchesTell) {
   const std::vector<archived_match> matches = archived_matches();
   int parts = 0;
-  for (const rows_of from : {rows_of::innings, rows_of::batting, rows_of::bowling, rows_of::stands}) {
+  for (const rows_of from :
+       {rows_of::innings, rows_of::batting, rows_of::bowling, rows_of::stands, rows_of::meetings}) {
     for (const char* typed : {"team=Vestria", "runs>=30", "runs<12", "ground~Park", "country!=Vestria", "result=won",
                               "stage<M", "competition=World Cup"}) {
       if (parts++ % one_part_in != 0) continue;

@@ -134,6 +134,20 @@ row bowling_row(row with, const archived_bowler& man) {
   return with;
 }
 
+row meeting_row(row with, const archived_innings& innings, const archived_meeting& one) {
+  const auto man = std::find_if(innings.batting.begin(), innings.batting.end(),
+                                [&](const archived_batsman& batsman) { return batsman.position == one.position; });
+  with.insert({{"player", of(man->player)},
+               {"bowler", of(innings.bowling.at(static_cast<std::size_t>(one.bowler_position) - 1).player)},
+               {"balls", of(one.balls)},
+               {"runs", of(one.runs)},
+               {"dots", of(one.dots)},
+               {"fours", of(one.fours)},
+               {"sixes", of(one.sixes)},
+               {"outs", of(one.outs)}});
+  return with;
+}
+
 row stand_row(row with, const archived_stand& stand, int wicket) {
   with.insert({{"wicket", of(wicket)},
                {"runs", of(stand.runs)},
@@ -159,6 +173,9 @@ std::vector<row> rows_of_match(const archived_match& match, rows_of from) {
       for (const archived_bowler& man : innings.bowling) {
         if (man.came_on > 0) rows.push_back(bowling_row(bowling_side, man));
       }
+    }
+    if (from == rows_of::meetings) {
+      for (const archived_meeting& one : innings.meetings) rows.push_back(meeting_row(batting_side, innings, one));
     }
     if (from == rows_of::stands) {
       for (std::size_t i = 0; i < innings.stands.size(); ++i) {
@@ -252,6 +269,14 @@ row summed(const std::vector<row>& rows, const question& asked) {
   for (const row& one : rows) matches.insert(one.at("match_id").shown());
   told["matches"] = of(static_cast<double>(matches.size()));
   told["runs"] = of(sum(rows, "runs"));
+  if (asked.from == rows_of::meetings) {
+    told["balls"] = of(sum(rows, "balls"));
+    told["outs"] = of(sum(rows, "outs"));
+    told["average"] = ratio(sum(rows, "runs"), sum(rows, "outs"));
+    told["strike_rate"] = ratio(sum(rows, "runs") * 100, sum(rows, "balls"));
+    for (const char* name : {"dots", "fours", "sixes"}) told[name] = of(sum(rows, name));
+    return told;
+  }
   if (asked.from != rows_of::stands) {
     told["innings"] = of(static_cast<double>(rows.size()));
     told["balls"] = of(sum(rows, "balls"));
@@ -274,6 +299,28 @@ std::vector<row> grouped(const std::vector<row>& rows, const question& asked) {
   return told;
 }
 
+/// A man has played in matches in which he has neither batted nor bowled: where nothing but man and team is asked for,
+/// his matches are those in which he was one of the eleven.
+void tell_matches_played(std::vector<row>& rows, const std::vector<archived_match>& matches, const question& asked) {
+  const auto is_kept = [](const std::string& name) { return name == "player" || name == "team"; };
+  const auto by = [&](const char* name) { return std::find(asked.by.begin(), asked.by.end(), name) != asked.by.end(); };
+  const bool of_men = asked.from == rows_of::batting || asked.from == rows_of::bowling;
+  if (!of_men || !by("player") || !by("team") || asked.by.size() != 2) return;
+  for (const condition& part : asked.where) {
+    if (!is_kept(part.field)) return;
+  }
+  std::map<std::pair<std::string, std::string>, int> played;
+  for (const archived_match& match : matches) {
+    for (const int innings : {0, 1}) {
+      const std::string team = match.innings.at(1 - innings).team;
+      for (const archived_bowler& man : match.innings.at(innings).bowling) {
+        ++played[{of(man.player).text, of(team).text}];
+      }
+    }
+  }
+  for (row& one : rows) one["matches"] = of(played[{one.at("player").text, one.at("team").text}]);
+}
+
 }  // namespace
 
 std::vector<told_row> tell(const std::vector<archived_match>& matches, const question& asked) {
@@ -284,7 +331,10 @@ std::vector<told_row> tell(const std::vector<archived_match>& matches, const que
       if (in) rows.push_back(std::move(one));
     }
   }
-  if (!asked.by.empty()) rows = grouped(rows, asked);
+  if (!asked.by.empty()) {
+    rows = grouped(rows, asked);
+    tell_matches_played(rows, matches, asked);
+  }
   std::erase_if(rows, [&](const row& one) {
     return !std::all_of(asked.having.begin(), asked.having.end(), [&](const auto& c) { return meets(one, c); });
   });

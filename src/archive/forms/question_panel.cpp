@@ -20,10 +20,11 @@ namespace velorin {
 
 namespace {
 
-constexpr std::array<std::pair<const char*, const char*>, 5> sources = {{{"batting", "Innings of batsmen"},
+constexpr std::array<std::pair<const char*, const char*>, 6> sources = {{{"batting", "Innings of batsmen"},
                                                                          {"bowling", "Figures of bowlers"},
                                                                          {"innings", "Innings of teams"},
                                                                          {"stands", "Stands"},
+                                                                         {"meetings", "Batsmen against bowlers"},
                                                                          {"matches", "Matches"}}};
 constexpr std::array<std::pair<const char*, const char*>, 7> operators = {{{"=", "is"},
                                                                            {"!=", "is not"},

@@ -45,6 +45,8 @@ QString heading_of(rows_of from) {
       return QStringLiteral("Teams");
     case rows_of::stands:
       return QStringLiteral("Stands");
+    case rows_of::meetings:
+      return QStringLiteral("Batsman against bowler");
     case rows_of::matches:
       return QStringLiteral("Matches");
   }
