@@ -174,6 +174,48 @@ void check_sums(const archive_file& archive, std::vector<std::string>& differenc
   });
 }
 
+/// Rows of a match that contradict one another: each statement gives the ids of such matches.
+struct contradiction {
+  const char* what;
+  const char* matches;
+};
+
+constexpr contradiction contradictions[] = {
+    {"totals of the match are not those of its innings",
+     "SELECT m.id FROM match_row m JOIN innings_row i ON i.match_id = m.id WHERE CASE i.innings WHEN 1 THEN"
+     " (i.runs, i.wickets, i.balls, i.team) <> (m.first_runs, m.first_wickets, m.first_balls, m.first) ELSE"
+     " (i.runs, i.wickets, i.balls, i.team) <> (m.second_runs, m.second_wickets, m.second_balls, m.second) END"},
+    {"runs, boundaries or highest score of an innings are not those of its men",
+     "SELECT i.match_id FROM innings_row i JOIN (SELECT match_id, innings, sum(runs) runs, sum(fours) fours,"
+     " sum(sixes) sixes, max(runs) top, sum(runs >= 100) hundreds FROM batting_row"
+     " GROUP BY match_id, innings) b ON b.match_id = i.match_id AND b.innings = i.innings WHERE (b.runs, b.fours,"
+     " b.sixes, b.top, b.hundreds) <> (i.runs - i.byes - i.leg_byes, i.fours, i.sixes, i.top_score, i.hundreds)"},
+    {"the overs do not make up an innings",
+     "SELECT i.match_id FROM innings_row i JOIN (SELECT match_id, innings, sum(runs) runs, sum(wickets) wickets"
+     " FROM over_row GROUP BY match_id, innings) o ON o.match_id = i.match_id AND o.innings = i.innings"
+     " WHERE (o.runs, o.wickets) <> (i.runs, i.wickets)"},
+    {"strokes of a batsman do not make up his runs and balls, or his fifty or hundred is not among them",
+     "SELECT match_id FROM batting_row WHERE runs <> ones + 2 * twos + 3 * threes + 4 * fours + 6 * sixes OR"
+     " (runs >= 50) <> (fifty_balls > 0) OR (runs >= 100) <> (hundred_balls > 0) OR fifty_balls > balls OR"
+     " hundred_balls > balls OR hundred_balls < fifty_balls AND hundred_balls > 0"},
+    {"a dismissal has no bowler of the other side, or one too many",
+     "SELECT b.match_id FROM batting_row b JOIN name h ON h.id = b.how_out JOIN name w ON w.id = b.bowler WHERE"
+     " (b.out = 1 AND h.text <> 'run out') <> (w.text <> '') OR (b.out = 1) = (h.text = 'not out') OR"
+     " (w.text <> '' AND NOT EXISTS (SELECT 1 FROM bowling_row r WHERE r.player = b.bowler AND"
+     " r.match_id = b.match_id AND r.innings = b.innings))"},
+};
+
+void check_matches(const archive_file& archive, std::vector<std::string>& differences) {
+  with_archive("The archive cannot be read", archive.path(), [&] {
+    for (const contradiction& one : contradictions) {
+      SQLite::Statement wrong(archive.connection(), fmt::format("SELECT DISTINCT * FROM ({}) LIMIT 100", one.matches));
+      while (wrong.executeStep()) {
+        differences.push_back(fmt::format("archive: match {}: {}", wrong.getColumn(0).getInt64(), one.what));
+      }
+    }
+  });
+}
+
 }  // namespace
 
 archive_findings check_archive(const database_files& files) {
@@ -203,6 +245,7 @@ archive_findings check_archive(const database_files& files) {
   compare.careers(careers, held);
   compare.lists(lists, read_record_lists(files.record_file));
   check_sums(archive, found.differences);
+  check_matches(archive, found.differences);
   return found;
 }
 

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <optional>
+#include <system_error>
 #include <utility>
 
 #include "archive/question.h"
@@ -54,6 +57,44 @@ std::string words_of(const row_source& source, const condition& part) {
   return condition_words(told(field), counts, part);
 }
 
+/// Conditions that are told by words of their own, such as "not out"; "" for any other.
+std::string state_words(const condition& part) {
+  struct state {
+    std::string_view field;
+    std::string_view value;
+    std::string_view words;
+  };
+  constexpr std::array<state, 8> states = {{{"out", "0", "not out"},
+                                            {"out", "1", "out"},
+                                            {"not_out", "1", "not out"},
+                                            {"unbroken", "1", "unbroken"},
+                                            {"unbroken", "0", "broken"},
+                                            {"human", "1", "led by a user"},
+                                            {"human", "0", "led by the computer alone"},
+                                            {"winner", "", "tied"}}};
+  const auto found = std::find_if(states.begin(), states.end(), [&](const state& one) {
+    return part.op == "=" && one.field == part.field && one.value == part.value;
+  });
+  return found == states.end() ? std::string() : std::string(found->words);
+}
+
+std::optional<long> whole_number(const std::string& text) {
+  long number = 0;
+  const auto [stopped, failed] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (failed != std::errc() || stopped != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+/// "90 to 99 runs" for two conditions that belong together; "" for others.
+std::string range_words(const row_source& source, const condition& from, const condition& to) {
+  const row_field& field = field_of(source, from.field);
+  const bool one_number = from.field == to.field && field.what == row_field::kind::number && !is_place(field.name);
+  const std::optional<long> least = whole_number(from.value);
+  const std::optional<long> most = whole_number(to.value);
+  if (!one_number || from.op != ">=" || !least || !most || (to.op != "<" && to.op != "<=")) return {};
+  return fmt::format("{} to {} {}", *least, to.op == "<" ? *most - 1 : *most, told(field));
+}
+
 std::string joined(const std::vector<std::string>& parts) {
   std::string text;
   for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -89,8 +130,21 @@ std::string sentence_of(const question& asked) {
   const row_source& source = source_of(asked.from);
   std::string sentence(source.told);
   std::vector<std::string> parts;
-  for (const condition& part : asked.where) parts.push_back(words_of(source, part));
+  std::string states;
+  for (std::size_t i = 0; i < asked.where.size(); ++i) {
+    const condition& part = asked.where[i];
+    std::string words = words_of(source, part);
+    if (const std::string state = state_words(part); !state.empty()) {
+      states += ", " + state;
+      continue;
+    }
+    const bool more = i + 1 < asked.where.size();
+    const std::string range = more ? range_words(source, part, asked.where[i + 1]) : std::string();
+    if (!range.empty()) ++i;
+    parts.push_back(range.empty() ? std::move(words) : range);
+  }
   if (!parts.empty()) sentence += " with " + joined(parts);
+  sentence += states;
   if (!asked.by.empty()) {
     parts.clear();
     for (const std::string& name : asked.by) parts.push_back(told(field_of(source, name)));

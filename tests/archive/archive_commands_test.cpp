@@ -45,6 +45,28 @@ TEST_F(ArchiveCommands, CheckNamesDifferencesAndFails) {
   EXPECT_THAT(wrong.out, HasSubstr("the archive gives"));
 }
 
+TEST_F(ArchiveCommands, CheckNamesAMatchWhoseRowsContradictOneAnother) {
+  play("3", 5);
+  const std::vector<std::pair<std::string, std::string>> harm = {
+      {"UPDATE match_row SET first_runs = first_runs + 1 WHERE id = 2", "archive: match 2: totals of the match"},
+      {"UPDATE innings_row SET fours = fours + 1 WHERE match_id = 3 AND innings = 1", "archive: match 3: runs, bound"},
+      {"UPDATE innings_row SET byes = byes + 1 WHERE match_id = 5 AND innings = 2", "archive: match 5: runs, bound"},
+      {"UPDATE over_row SET runs = runs + 7 WHERE match_id = 4 AND innings = 1 AND over = 3", "match 4: the overs"},
+      {"UPDATE batting_row SET fifty_balls = 400 WHERE match_id = 5 AND innings = 1 AND position = 1",
+       "archive: match 5: strokes of a batsman"},
+      {"UPDATE batting_row SET bowler = player WHERE match_id = 1 AND innings = 1 AND bowler <>"
+       " (SELECT id FROM name WHERE text = '')",
+       "archive: match 1: a dismissal"},
+      {"UPDATE meeting_row SET runs = runs + 1 WHERE match_id = 1 AND innings = 1 AND position = 1",
+       "balls and runs against bowlers of"},
+      {"UPDATE man_sums SET matches = matches + 1", "archive: matches of"}};
+  for (const auto& [sql, told] : harm) {
+    EXPECT_THAT(run({"archive", "check"}).out, ::testing::Not(HasSubstr(told)));
+    change(sql);
+    EXPECT_THAT(run({"archive", "check"}).out, HasSubstr(told)) << sql;
+  }
+}
+
 TEST_F(ArchiveCommands, QueryGivesTheColumnsOfTheViews) {
   play("3", 2);
   EXPECT_EQ(lines_of(text({"query", "matches", "--csv"})).at(0),

@@ -146,6 +146,17 @@ TEST(QuestionSentences, ASentenceTellsThePartsInPlainEnglish) {
             "Innings of teams with fewer than 50 highest score of a man and result lost, most runs first.");
 }
 
+TEST(QuestionSentences, StatesAndRangesHaveWordsOfTheirOwn) {
+  EXPECT_EQ(sentence_of({.from = rows_of::batting,
+                         .where = {condition_from("runs>=90"), condition_from("runs<100"), condition_from("out=0")},
+                         .sort = "runs",
+                         .descending = true}),
+            "Innings of batsmen with 90 to 99 runs, not out, most runs first.");
+  EXPECT_EQ(sentence_of({.from = rows_of::matches, .where = {condition_from("winner=")}}), "Matches, tied.");
+  EXPECT_EQ(sentence_of({.from = rows_of::matches, .where = {condition_from("human=1"), condition_from("runs>=500")}}),
+            "Matches with 500 or more runs of both sides, led by a user.");
+}
+
 class QuestionValues : public ArchiveTest {};
 
 TEST_F(QuestionValues, AValueIsNeverPartOfTheStatement) {

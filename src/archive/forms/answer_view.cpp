@@ -25,10 +25,20 @@ namespace {
 constexpr const char* no_matches_yet =
     "No match stands in the archive yet. Each match that is added to the careers and records will.";
 
+/// With a few of the names of which what was given is a part.
 std::string told_as(const question_error& error) {
-  std::string words = error.what();
-  if (!error.name.empty()) words += " \"" + error.name + '"';
-  return words;
+  QString words = QString::fromStdString(error.what());
+  if (error.name.empty()) return error.what();
+  const QString given = QString::fromStdString(error.name);
+  words += QStringLiteral(" \"%1\"").arg(given);
+  QStringList near;
+  constexpr int few = 5;
+  for (const std::string& known : error.known) {
+    const QString name = QString::fromStdString(known);
+    if (near.size() < few && name.contains(given, Qt::CaseInsensitive)) near << name;
+  }
+  if (!near.isEmpty()) words += QStringLiteral("; near: %1").arg(near.join(QStringLiteral(", ")));
+  return words.toStdString();
 }
 
 }  // namespace
