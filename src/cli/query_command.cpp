@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <ostream>
+#include <variant>
 
 #include "archive/answer_text.h"
 #include "archive/archive_keeper.h"
@@ -55,6 +56,17 @@ question question_in(const query_options& options) {
   return asked;
 }
 
+/// As one reads it: rates with two places one below the other, words without the blanks around and between them.
+std::string read_text(const answer_value& value) {
+  if (const auto* rate = std::get_if<double>(&value)) return fmt::format("{:.2f}", *rate);
+  std::string words;
+  for (const char letter : value_text(value)) {
+    if (letter != ' ' || (!words.empty() && words.back() != ' ')) words += letter;
+  }
+  if (words.ends_with(' ')) words.pop_back();
+  return words;
+}
+
 void print_text(const answer& told, std::ostream& out) {
   std::vector<std::string> headings;
   std::string aligned;
@@ -66,7 +78,7 @@ void print_text(const answer& told, std::ostream& out) {
   for (const auto& row : told.rows) {
     std::vector<std::string> texts;
     texts.reserve(row.size());
-    for (const answer_value& value : row) texts.push_back(bytes_of(value_text(value)));
+    for (const answer_value& value : row) texts.push_back(bytes_of(read_text(value)));
     table.add(texts);
   }
   table.print(out);

@@ -62,9 +62,10 @@ struct told_ball {
   std::string bowler;
   std::string batsman;
   std::string what;
+  bool ends_over = false;
 
-  /// Such a ball is told with the man who is on strike behind it.
-  bool is_odd_bye() const { return what.ends_with("Bye(s).") && std::stoi(what) % 2 == 1; }
+  /// Such a ball is told with the man who is on strike behind it, which at the end of an over is the same again.
+  bool is_odd_bye() const { return what.ends_with("Bye(s).") && std::stoi(what) % 2 == 1 && !ends_over; }
   bool is_faced() const { return what != "Wide." && what != "no ball."; }
   int off_the_bat() const {
     const bool runs = what.ends_with(" run.") || what.ends_with(" runs.");
@@ -76,10 +77,11 @@ std::vector<told_ball> balls_in(const json& lines) {
   std::vector<told_ball> balls;
   for (const json& line : lines) {
     const std::string words = bytes(line);
+    if (words.starts_with("End of Over") && !balls.empty()) balls.back().ends_over = true;
     const std::size_t to = words.find(" to ");
     const std::size_t colon = words.find(" : ");
     if (to == std::string::npos || colon == std::string::npos || to > colon) continue;
-    balls.push_back({words.substr(0, to), words.substr(to + 4, colon - to - 4), words.substr(colon + 3)});
+    balls.push_back({words.substr(0, to), words.substr(to + 4, colon - to - 4), words.substr(colon + 3), false});
   }
   return balls;
 }
