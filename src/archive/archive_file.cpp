@@ -55,6 +55,24 @@ void add_what_is_missing(SQLite::Database& database) {
   whole.commit();
 }
 
+/// A writer was stopped in the midst of a transaction: its journal lies beside the file, to be rolled back.
+bool is_cut_off(const SQLite::Exception& cause) { return cause.getExtendedErrorCode() == SQLITE_READONLY_ROLLBACK; }
+
+/// Puts the file back to where the last whole transaction left it, which a reader may not. Raises run_time_error (file)
+/// where it may not be written.
+void roll_back(const std::filesystem::path& file) {
+  try {
+    const SQLite::Database writer(file.string(), SQLite::OPEN_READWRITE, patience);
+    number_from(writer, "SELECT count(*) FROM sqlite_master");
+  } catch (const SQLite::Exception& cause) {
+    if (cause.getErrorCode() == SQLITE_BUSY) throw;
+    raise_refused(
+        "The archive was cut off while it was written, and can be read once a program that may write it and"
+        " its folder has opened it: start the game there, or copy it with its journal to a folder of your own",
+        file);
+  }
+}
+
 void begin_on(SQLite::Database& database, const books_before& before) {
   SQLite::Statement set(database, "UPDATE state SET careers_before = ?, records_before = ?");
   set.bind(1, static_cast<const void*>(before.careers.data()), static_cast<int>(before.careers.size()));
@@ -77,7 +95,16 @@ archive_file::archive_file(const std::filesystem::path& file, use how) : path_(f
   if (how == use::read && occupant_of(file) == occupant::none) {
     raise_refused("There is no archive yet: no match has been added", file);
   }
-  with_archive(how == use::read ? "The archive cannot be opened" : writing, file, [&] { open(how); });
+  with_archive(how == use::read ? "The archive cannot be opened" : writing, file, [&] {
+    try {
+      open(how);
+    } catch (const SQLite::Exception& cause) {
+      if (how == use::write || !is_cut_off(cause)) throw;
+      database_.reset();
+      roll_back(file);
+      open(how);
+    }
+  });
 }
 
 archive_file::~archive_file() = default;

@@ -36,13 +36,14 @@ struct listed_match {
   std::string margin;
 };
 
-/// An open archive. Every procedure raises run_time_error (file) for what the file does not give or take: its cause is
-/// told, and `is_busy` where another program holds it.
+/// An open archive. Every procedure raises run_time_error (file) for what the file does not give or take; its cause is
+/// told.
 class archive_file {
  public:
   enum class use { read, write };
 
-  /// `write` makes the file where there is none. Refuses a file of another kind, and one of a newer version.
+  /// `write` makes the file where there is none. Refuses a file of another kind, and one of a newer version. Both put a
+  /// file right whose writer was stopped in the midst; where that may not be written, the error says what to do.
   archive_file(const std::filesystem::path& file, use how);
   ~archive_file();
   archive_file(const archive_file&) = delete;

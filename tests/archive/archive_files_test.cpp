@@ -2,8 +2,12 @@
 // How matches come into the file, and who may read it.
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
+#include <unistd.h>
 
+#include <filesystem>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "archive/archive_fixture.h"
 #include "archive/waiting_matches.h"
@@ -13,6 +17,7 @@
 #include "database/file_calls.h"
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
+#include "support/failing_disk.h"
 #include "support/game_in_play.h"
 
 namespace velorin::testing {
@@ -43,6 +48,23 @@ class ArchiveFiles : public ArchiveTest {
     std::vector<std::int64_t> all;
     for (const listed_match& one : archive().list()) all.push_back(one.id);
     return all;
+  }
+  /// Leaves the archive as a program does that is killed in the midst of a long transaction: half of it written.
+  void cut_off() const {
+    const std::filesystem::path kept = archive_path(files());
+    const std::filesystem::path torn = teams() / "torn";
+    const auto journal_of = [](std::filesystem::path file) { return file += "-journal"; };
+    SQLite::Database writer(kept.string(), SQLite::OPEN_READWRITE);
+    writer.exec("PRAGMA cache_size = 1");
+    writer.exec("BEGIN IMMEDIATE");
+    writer.exec("DELETE FROM over_row");
+    writer.exec("DELETE FROM batting_row");
+    std::filesystem::copy_file(kept, torn);
+    std::filesystem::copy_file(journal_of(kept), journal_of(torn));
+    writer.exec("ROLLBACK");
+    ASSERT_NE(*read_file(torn), *read_file(kept)) << "nothing was written by then";
+    std::filesystem::rename(torn, kept);
+    std::filesystem::rename(journal_of(torn), journal_of(kept));
   }
   bool is_waiting() const { return std::filesystem::exists(waiting_file(files())); }
 
@@ -157,6 +179,33 @@ TEST_F(ArchiveFiles, ANewerVersionIsRefusedAndNothingUpdated) {
   EXPECT_EQ(error(1, {"archive", "list"}), "velorin-cli: " + sentence);
   EXPECT_EQ(error(1, {"--seed", "2", "match", "--update", "--quiet"}), "velorin-cli: " + sentence);
   EXPECT_EQ(contents_of(teams()), before);
+}
+
+TEST_F(ArchiveFiles, AWriteThatWasCutOffIsRolledBackByWhoReads) {
+  play("1", 20);
+  const auto before = contents_of(teams());
+  const std::vector<std::string> reading[] = {
+      {"archive", "list"}, {"archive", "show", "1"}, {"archive", "check"}, {"query", "batting"}};
+  for (const std::vector<std::string>& reads : reading) {
+    const std::string told = text(reads);
+    cut_off();
+    EXPECT_EQ(text(reads), told) << reads[1];
+    EXPECT_EQ(contents_of(teams()), before) << reads[1];
+  }
+}
+
+TEST_F(ArchiveFiles, WhereItMayNotBeWrittenTheErrorSaysWhatToDo) {
+  play("1", 20);
+  cut_off();
+  const std::filesystem::path archived = archive_path(files());
+  std::filesystem::permissions(archived, std::filesystem::perms(0444));
+  {
+    const closed_folder closed(teams());
+    if (!closed.holds()) GTEST_SKIP() << "nothing is forbidden to the superuser here";
+    EXPECT_THAT(error(1, {"archive", "list"}), HasSubstr("start the game there, or copy it with its journal"));
+  }
+  std::filesystem::permissions(archived, std::filesystem::perms(0644));
+  EXPECT_EQ(ids().size(), 20U);
 }
 
 TEST_F(ArchiveFiles, AnotherFileInItsPlaceIsRefused) {
