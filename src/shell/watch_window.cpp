@@ -10,22 +10,17 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 #include "console/console_view.h"
-#include "database/whole_file.h"
 #include "desktop/controls.h"
 #include "desktop/frame.h"
-#include "desktop/message_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "engine/over_play.h"
 #include "model/rules.h"
-#include "model/run_time_error.h"
 #include "shell/innings_slider.h"
-#include "shell/qt_front_end.h"
 
 namespace velorin {
 
@@ -285,36 +280,6 @@ void WatchWindow::play_on() {
 void WatchWindow::closeEvent(QCloseEvent* event) {
   pause();
   Form::closeEvent(event);
-}
-
-void watch(QtFrontEnd& shown_by, const std::filesystem::path& recording) {
-  std::optional<recording_player> player;
-  std::string fault;
-  try {
-    player.emplace(read_recording(recording), file_name_text(recording));
-    if (player->matches().empty()) fault = "No ball has been bowled in it yet (" + file_name_text(recording) + ")";
-  } catch (const run_time_error& failed) {
-    fault = failed.what();
-  }
-  if (!fault.empty()) {
-    MessageWindow told({"Error", fault}, MessageWindow::Kind::failure);
-    return run_modal(told);
-  }
-  // A game of its own, so that nothing of it reaches the user's.
-  const auto watched = std::make_unique<game_state>();
-  watched->data = shown_by.game().data;
-  watched->data.files.watcher = nullptr;
-  watched->data.files.updates = false;
-  watched->match = player->at(0);
-  QtFrontEnd reports(*watched);
-  console_form form({watched->match, watched->chance, reports, watched->data});
-  WatchWindow window(*player, watched->match, watched->data, form);
-  window.on_match_centre([&reports] { reports.open_match_centre(); });
-  run_modal(window);
-  if (Frame* frame = window.main_window()) {
-    frame->show_passing({});
-    frame->show_score({});
-  }
 }
 
 }  // namespace velorin
