@@ -5,6 +5,7 @@
 #include <string>
 
 #include "competitions/game_state.h"
+#include "recording/entry_writer.h"
 #include "recording/packing.h"
 #include "recording/recording.h"
 #include "recording/replay.h"

@@ -7,6 +7,8 @@ namespace velorin {
 
 namespace {
 
+constexpr std::uint32_t polynomial = 0xEDB88320U;
+
 using crc_tables = std::array<std::array<std::uint32_t, 256>, 8>;
 
 /// [k][b]: the remainder of byte b with k zero bytes behind it, so that eight bytes are taken at once.
@@ -14,7 +16,7 @@ constexpr crc_tables make_crc_tables() {
   crc_tables tables{};
   for (std::uint32_t byte = 0; byte < 256; ++byte) {
     std::uint32_t rest = byte;
-    for (int bit = 0; bit < 8; ++bit) rest = (rest & 1) != 0 ? rest >> 1 ^ 0xEDB88320U : rest >> 1;
+    for (int bit = 0; bit < 8; ++bit) rest = (rest & 1) != 0 ? rest >> 1 ^ polynomial : rest >> 1;
     tables[0][byte] = rest;
   }
   for (std::size_t zeros = 1; zeros < 8; ++zeros) {
@@ -35,7 +37,31 @@ std::uint32_t remainder_of_eight(std::uint64_t bytes, std::uint32_t rest) {
          remainders[1][all >> 48 & 0xFF] ^ remainders[0][all >> 56];
 }
 
+// A remainder is a polynomial over two elements, the highest bit the constant; a zero byte behind it multiplies it by
+// the eighth power of x.
+constexpr std::uint32_t one = 1U << 31;
+constexpr std::uint32_t a_byte = one >> 8;
+
+std::uint32_t product(std::uint32_t first, std::uint32_t second) {
+  std::uint32_t sum = 0;
+  for (; first != 0; first <<= 1) {
+    if ((first & one) != 0) sum ^= second;
+    second = (second & 1) != 0 ? second >> 1 ^ polynomial : second >> 1;
+  }
+  return sum;
+}
+
 }  // namespace
+
+summed_bytes::summed_bytes(std::string_view bytes) : bytes_(bytes), sum_(crc_32(bytes)), shift_(one) {
+  std::uint32_t power = a_byte;
+  for (std::size_t left = bytes.size(); left != 0; left >>= 1) {
+    if ((left & 1) != 0) shift_ = product(shift_, power);
+    power = product(power, power);
+  }
+}
+
+std::uint32_t summed_bytes::crc_32_behind(std::uint32_t before) const { return product(before, shift_) ^ sum_; }
 
 std::uint32_t crc_32(std::string_view bytes, std::uint32_t before) {
   std::uint32_t rest = ~before;

@@ -107,4 +107,21 @@ std::uint32_t crc_32(std::string_view bytes, std::uint32_t before = 0);
 /// The same of eight bytes, the lowest first.
 std::uint32_t crc_32_of_eight(std::uint64_t bytes, std::uint32_t before);
 
+/// Bytes that stand behind others again and again: they are summed once.
+class summed_bytes {
+ public:
+  summed_bytes() = default;
+  explicit summed_bytes(std::string_view bytes);
+
+  const std::string& bytes() const { return bytes_; }
+  bool empty() const { return bytes_.empty(); }
+  /// crc_32() of them behind those that gave `before`.
+  std::uint32_t crc_32_behind(std::uint32_t before) const;
+
+ private:
+  std::string bytes_;
+  std::uint32_t sum_ = 0;
+  std::uint32_t shift_ = 0;  // what a sum is multiplied by as they come behind it
+};
+
 }  // namespace velorin

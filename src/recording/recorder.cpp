@@ -6,15 +6,14 @@
 #include <algorithm>
 #include <ctime>
 
-#include "competitions/match_entry.h"
 #include "competitions/series.h"
 #include "competitions/tri_series.h"
 #include "competitions/world_cup_fixtures.h"
 #include "competitions/world_cup_tables.h"
 #include "console/captain_forms.h"
-#include "database/teams_file.h"
 #include "engine/over_play.h"
 #include "model/run_time_error.h"
+#include "recording/beginning.h"
 #include "reports/match_report.h"
 #include "setup/conditions.h"
 #include "setup/team_selection.h"
@@ -26,8 +25,6 @@ namespace velorin {
 namespace {
 
 constexpr const char* without_recording = "If you go on without it, this game cannot be continued or watched again.";
-
-bool is_fresh(const world_cup_record& cup) { return standing_cup(cup).empty() && !cup.quit_requested; }
 
 std::uint32_t packed_levels(const conditions_form& form) {
   const std::array<int, 4> levels = {form.weather, form.pitch_surface, form.pitch_bounce, form.outfield};
@@ -56,31 +53,6 @@ bool broke_off_in_over(const recording& before) {
 
 }  // namespace
 
-recorded_beginning beginning_of(const entered_game& entered, game_state& game) {
-  recorded_beginning begun;
-  begun.game = entered;
-  // A match chooses by number, a competition by name.
-  const std::vector<team_rec>& teams = read_team_list(game.data);
-  for (std::size_t i = 0; i < teams.size(); ++i) {
-    const int number = static_cast<int>(i) + 2;
-    const bool taken = std::any_of(entered.teams.begin(), entered.teams.end(), [&](const entered_team& each) {
-      return each.record == number || (!each.name.empty() && each.name == teams[i].team_name);
-    });
-    if (taken) begun.teams.emplace_back(number, teams[i]);
-  }
-  for (const ground_rec& ground : read_grounds(game.data)) {
-    if (entered.kind != game_kind::match || ground.ground_name == entered.ground) begun.grounds.push_back(ground);
-  }
-  begun.database = game.data.files.base;
-  begun.text_color = game.data.settings.text_color;
-  begun.back_color = game.data.settings.back_color;
-  begun.chance = game.chance.drawn_from();
-  begun.chance_state = game.chance.state();
-  begun.standing.worms = game.match;
-  if (entered.kind == game_kind::world_cup && !is_fresh(game.world_cup)) begun.standing.world_cup = game.world_cup;
-  return begun;
-}
-
 recorder::recorder(front_end& shown_by, game_state& game, recording_sink& sink, std::string program,
                    checked_overs checked)
     : shown_by_(shown_by), game_(game), sink_(sink), program_(std::move(program)), checked_(checked) {}
@@ -97,19 +69,20 @@ void recorder::go_on_with(const recording& before, practice_history remembered) 
   goes_on_within_over_ = broke_off_in_over(before);
   log_ = {};
   game_.chance.log_to(&log_);
-  on_ = played_ = true;
+  on_ = true;
+  played_ = matches_saved_ > 0 || !game_.match.deliveries.empty() || !game_.match.first_deliveries.empty();
 }
 
 void recorder::game_begins(const entered_game& entered) {
   shown_by_.game_begins(entered);
   stop();
-  recorded_beginning begun = beginning_of(entered, game_);
-  begun.id = new_recording_id();
-  begun.begun_at = std::time(nullptr);
-  begun.program = program_;
+  const bool same_squads = begin(begun_, entered, game_);
+  begun_.id = new_recording_id();
+  begun_.begun_at = std::time(nullptr);
+  begun_.program = program_;
   entries_.start();
-  entries_.beginning(begun);
-  id_ = text_of(begun.id);
+  entries_.beginning(begun_, same_squads);
+  id_ = text_of(begun_.id);
   matches_saved_ = 0;
   last_ = {};
   goes_on_within_over_ = false;
@@ -118,7 +91,7 @@ void recorder::game_begins(const entered_game& entered) {
   game_.chance.log_to(&log_);
   on_ = true;
   played_ = false;
-  save([&] { sink_.begin(begun); });
+  save([&] { sink_.begin(begun_); });
   flush(true);
 }
 

@@ -8,6 +8,7 @@
 
 #include "competitions/game_state.h"
 #include "engine/practice_history.h"
+#include "recording/entry_writer.h"
 #include "recording/recording.h"
 #include "ui/front_end.h"
 
@@ -61,8 +62,8 @@ class recorder : public front_end {
            checked_overs checked = checked_overs::each);
   ~recorder() override;
 
-  /// Goes on with a recording that has been played to its end: the sink goes on behind it. `remembered`: what its match
-  /// of practice remembers, for the console in which it goes on.
+  /// Goes on with a recording that the game has been played to the end of: the sink goes on behind it. `remembered`:
+  /// what its match of practice remembers, for the console in which it goes on.
   void go_on_with(const recording& before, practice_history remembered = {});
   /// A game is being recorded.
   bool is_on() const { return on_; }
@@ -128,11 +129,8 @@ class recorder : public front_end {
   bool goes_on_within_over_ = false;  // the over at which the recording broke off is still asked for
   practice_history remembered_;
   chance_log log_;
+  recorded_beginning begun_;  // of the game recorded last
   entry_writer entries_;
 };
-
-/// What a game begins with, as it is entered: without id, date and program. Reads teams and grounds; raises what
-/// reading them raises.
-recorded_beginning beginning_of(const entered_game& entered, game_state& game);
 
 }  // namespace velorin

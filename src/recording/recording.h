@@ -95,42 +95,11 @@ recording read_recording(std::string_view bytes, const std::string& name);
 /// Raises the same, and what reading the file raises.
 recording read_recording(const std::filesystem::path& file);
 
+/// The head of a file: magic, format, rules.
+std::string recording_head_bytes();
+
 /// A file of which a stop of the program has left nothing or less than a whole beginning: no game is lost with it.
 bool holds_nothing_yet(std::string_view bytes);
-
-/// Writes entries one behind the other, each with its check.
-class entry_writer {
- public:
-  /// Begins a file.
-  entry_writer() { start(); }
-  /// Goes on behind the whole entries of a file.
-  explicit entry_writer(const recording& before)
-      : check_(before.check), last_reading_(before.readings.empty() ? 0 : before.readings.back()) {}
-
-  /// Begins a file: its head is the first that is taken.
-  void start();
-  void beginning(const recorded_beginning& begun);
-  /// Nothing for an empty log. Empties it.
-  void chance(chance_log& log);
-  void event(const recorded_event& event);
-
-  /// What has been written since it was last taken.
-  std::string take() {
-    std::string taken(bytes_.bytes());
-    bytes_.clear();
-    return taken;
-  }
-  bool empty() const { return bytes_.empty(); }
-
- private:
-  /// Adds the entry whose content has been packed.
-  void entry(int tag);
-
-  packer bytes_;
-  packer content_;  // of the entry that is being made
-  std::uint32_t check_ = 0;
-  std::uint64_t last_reading_ = 0;
-};
 
 /// An unattended match has a check in any case where this over, 1 to 100, begins.
 constexpr bool is_always_checked(int over) { return over % 10 == 0; }

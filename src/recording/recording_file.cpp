@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <string>
+#include <utility>
 
 #include "database/whole_file.h"
 #include "model/run_time_error.h"
@@ -19,6 +20,13 @@ namespace {
 [[noreturn]] void raise_in_use(const std::filesystem::path& file) {
   throw run_time_error(failure::file, "Another program plays this game",
                        {.file = file_name_text(file), .record = 0, .field = {}, .player = {}});
+}
+
+/// Has the disk take the file, and its name where the folder is told. Returns the cause why it does not; 0 if it does.
+int put_on_disk(int number, const std::filesystem::path& folder) {
+  // What is no file of a disk knows no such thing.
+  if (::fdatasync(number) != 0 && errno != EINVAL && errno != EROFS) return errno;
+  return folder.empty() || synchronise_folder(folder) ? 0 : errno;
 }
 
 }  // namespace
@@ -37,6 +45,8 @@ recording_file::~recording_file() {
 void recording_file::take(int number) {
   const std::lock_guard hold(guard_);
   file_.take(number);
+  new_in_.clear();
+  fault_ = 0;
 }
 
 void recording_file::begin(const recorded_beginning&) {
@@ -52,6 +62,8 @@ void recording_file::begin(const recorded_beginning&) {
     }
   } while (::fstat(file_.number(), &facts) == 0 && facts.st_nlink == 0);
   length_ = 0;
+  const std::lock_guard hold(guard_);
+  new_in_ = folder_of(path_);
 }
 
 recording recording_file::go_on(const std::filesystem::path& file) {
@@ -78,6 +90,12 @@ recording recording_file::go_on(const std::filesystem::path& file) {
 
 void recording_file::append(std::string_view bytes) {
   if (!file_.open()) raise_file_error("The game cannot be recorded", EBADF, path_);
+  int fault = 0;
+  {
+    const std::lock_guard hold(guard_);
+    fault = std::exchange(fault_, 0);
+  }
+  if (fault != 0) raise_file_error("The game cannot be recorded", fault, path_);
   if (write_all(file_.number(), bytes)) {
     length_ += bytes.size();
     return;
@@ -101,7 +119,7 @@ void recording_file::settle() {
 void recording_file::end() {
   std::unique_lock hold(guard_);
   changed_.wait(hold, [this] { return !settling_; });
-  if (file_.open()) ::fdatasync(file_.number());
+  if (file_.open()) put_on_disk(file_.number(), std::exchange(new_in_, {}));
   to_settle_ = false;
   // A file that had no room for a beginning is none.
   if (file_.open() && length_ == 0) ::unlink(path_.c_str());
@@ -124,9 +142,11 @@ void recording_file::write_back() {
     if (!file_.open()) continue;
     settling_ = true;
     const int number = file_.number();
+    const std::filesystem::path folder = std::exchange(new_in_, {});
     hold.unlock();
-    ::fdatasync(number);
+    const int fault = put_on_disk(number, folder);
     hold.lock();
+    if (fault != 0) fault_ = fault;
     settling_ = false;
     changed_.notify_all();
   }

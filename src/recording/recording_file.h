@@ -12,7 +12,8 @@
 namespace velorin {
 
 /// A recording in a file that grows with the game. While it is open the file is locked: nobody else goes on with it.
-/// What has been appended is with the system at once, and on the disk soon after settle(), by a thread of its own.
+/// What has been appended is with the system at once, and on the disk soon after settle(), by a thread of its own;
+/// where the disk does not take it, the next append() fails.
 class recording_file : public recording_sink {
  public:
   recording_file();
@@ -45,6 +46,8 @@ class recording_file : public recording_sink {
   std::condition_variable changed_;
   bool to_settle_ = false;
   bool settling_ = false;
+  std::filesystem::path new_in_;  // the folder that has to keep a new file's name, until it is synchronised
+  int fault_ = 0;                 // why the disk did not take what was to settle
   bool over_ = false;
   std::thread settler_;
 };

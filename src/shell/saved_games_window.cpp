@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <cerrno>
 #include <optional>
 #include <utility>
 
@@ -224,8 +225,9 @@ void SavedGamesWindow::export_game() {
   const QFileInfo to(dialog.selectedFiles().constFirst());
   preferences::set_last_folder(to.absolutePath());
   const std::optional<std::string> bytes = read_file(game()->file);
+  if (!bytes) raise_file_error("The game cannot be exported", ENOENT, game()->file);
   fresh_file copied(to.filesystemFilePath());
-  copied.stream() << bytes.value_or("");
+  copied.stream() << *bytes;
   copied.put_in_place();
 }
 

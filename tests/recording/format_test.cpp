@@ -7,6 +7,7 @@
 #include <sstream>
 #include <string>
 
+#include "recording/entry_writer.h"
 #include "recording/packing.h"
 #include "recording/recording.h"
 
@@ -126,6 +127,33 @@ TEST(RecordingFormat, TheCheckIsTheCrcOfIeee802) {
   EXPECT_EQ(crc_32("123456789"), 0xCBF43926U);
   EXPECT_EQ(crc_32("6789", crc_32("12345")), 0xCBF43926U);
   EXPECT_EQ(crc_32(""), 0U);
+}
+
+TEST(RecordingFormat, BytesSummedOnceGiveTheSameCheckBehindAnyOthers) {
+  std::string bytes;
+  for (int length = 0; length < 300; ++length) {
+    const summed_bytes behind(bytes);
+    EXPECT_EQ(behind.crc_32_behind(0), crc_32(bytes)) << length;
+    EXPECT_EQ(behind.crc_32_behind(crc_32("ahead")), crc_32("ahead" + bytes)) << length;
+    bytes += static_cast<char>(length * 37);
+  }
+}
+
+TEST(RecordingFormat, ABeginningOfTheSameSquadsHasTheBytesOfTheFirst) {
+  recorded_beginning begun = beginning_of_example();
+  entry_writer out;
+  out.beginning(begun);
+  out.take();
+  begun.id[0] = 77;
+  begun.game.ground = "Elsewhere";
+  begun.database = "another";
+  for (const bool same_squads : {false, true}) {
+    entry_writer fresh;
+    fresh.beginning(begun);
+    out.start();
+    out.beginning(begun, same_squads);
+    EXPECT_EQ(shown(out.take()), shown(fresh.take()));
+  }
 }
 
 TEST(RecordingFormat, WholeNumbersComeBackWhateverTheirSize) {

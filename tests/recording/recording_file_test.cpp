@@ -3,13 +3,21 @@
 // recording but not the game.
 #include <gmock/gmock.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
+#include <atomic>
+#include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <fstream>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stdexcept>
+#include <thread>
 
+#include "headless/headless_user.h"
 #include "model/run_time_error.h"
 #include "recording/kept_games.h"
 #include "recording/recorded_games.h"
@@ -18,6 +26,22 @@
 #include "support/folder_contents.h"
 #include "support/game_in_play.h"
 #include "support/stopping_user.h"
+
+namespace {
+std::atomic<int> failing_syncs = 0;  // that many fail, as a disk fails that takes nothing more
+std::atomic<int> syncs = 0;
+}  // namespace
+
+// Stands before the system's own.
+extern "C" int fdatasync(int number) {
+  ++syncs;
+  if (failing_syncs > 0) {
+    --failing_syncs;
+    errno = EIO;
+    return -1;
+  }
+  return static_cast<int>(::syscall(SYS_fdatasync, number));
+}
 
 namespace velorin::testing {
 namespace {
@@ -121,6 +145,34 @@ TEST_F(RecordingFile, OfTwoGamesBegunAtOnceNoneTakesTheOthersFile) {
   EXPECT_NE(free_game_file(database_.folder(), "kept"), file_);
 }
 
+TEST_F(RecordingFile, ADiskThatDoesNotTakeAGameIsToldWithWhatFollows) {
+  recording_file file;
+  file.use(file_);
+  file.begin({});
+  file.append("one");
+  failing_syncs = 1;
+  const int before = syncs;
+  file.settle();
+  for (int tries = 0; syncs == before && tries < 5000; ++tries)
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  ASSERT_GT(syncs, before);
+  std::string cause;
+  for (int tries = 0; cause.empty() && tries < 5000; ++tries) {
+    // The thread that settles may not have come to note it yet.
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    try {
+      file.append("");
+    } catch (const run_time_error& fault) {
+      cause = fault.what();
+    }
+  }
+  EXPECT_THAT(cause, ::testing::HasSubstr("The game cannot be recorded: Input/output error"));
+  file.append("two");
+  file.settle();
+  file.end();
+  EXPECT_EQ(file_bytes(file_), "onetwo") << "tried again, it goes on";
+}
+
 TEST_F(RecordingFile, WhatIsTornIsCutOffAndPlayGoesOnBehindIt) {
   const std::string whole = play(match_of(0, 1, 1, 2)).bytes;
   const recording all = read_recording(whole, "all");
@@ -133,6 +185,27 @@ TEST_F(RecordingFile, WhatIsTornIsCutOffAndPlayGoesOnBehindIt) {
   file.append(std::string_view(whole).substr(kept));
   file.end();
   EXPECT_TRUE(file_bytes(file_) == whole);
+}
+
+TEST_F(RecordingFile, AGameIsPlayedOnceABallOfItHasBeenBowledAlsoBehindAContinue) {
+  const std::string whole = play(match_of(0, 1, 1, 2)).bytes;
+  const auto has_play_behind = [&](std::size_t bytes) {
+    const recording before = read_recording(whole.substr(0, bytes), "part");
+    std::optional<game_state> game = game_to_continue(before, "part", data);
+    if (!game) throw std::logic_error("the game is over");
+    headless_user user(game->match);
+    recording_in_memory kept;
+    recorder goes_on(user, *game, kept, "test");
+    goes_on.go_on_with(before);
+    return goes_on.has_play();
+  };
+  std::size_t in_set_up = recording_head;
+  const auto answers = [&](std::size_t bytes) {
+    return holds_nothing_yet(whole.substr(0, bytes)) ? 0 : read_recording(whole.substr(0, bytes), "part").events.size();
+  };
+  while (answers(in_set_up) == 0) ++in_set_up;
+  EXPECT_FALSE(has_play_behind(in_set_up));
+  EXPECT_TRUE(has_play_behind(whole.size() / 2 + in_set_up / 2));
 }
 
 TEST_F(RecordingFile, ADamagedGameIsLeftAsItIsAndFree) {
