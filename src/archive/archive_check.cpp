@@ -137,8 +137,7 @@ void check_sums(const archive_file& archive, std::vector<std::string>& differenc
        " GROUP BY player, team",
        "SELECT player, team, matches, not_outs, runs, balls, fours, sixes, hundreds, fifties, best, ducks"
        " FROM batting_sums"},
-      {"matches",
-       "SELECT player, team, count(*) FROM bowling_row WHERE (SELECT count(*) FROM man_sums) > 0 GROUP BY player, team",
+      {"matches", "SELECT player, team, count(*) FROM bowling_row GROUP BY player, team",
        "SELECT player, team, matches FROM man_sums"},
       {"balls and runs against bowlers",
        "SELECT player, team, sum(balls), sum(runs) FROM meeting_row GROUP BY player, team, match_id, innings, position",

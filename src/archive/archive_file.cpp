@@ -110,7 +110,9 @@ archive_file::archive_file(const std::filesystem::path& file, use how) : path_(f
 archive_file::~archive_file() = default;
 
 void archive_file::open(use how) {
-  const int flags = how == use::read ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE;
+  // One thread at a time uses an archive; interrupt() may come from another all the same.
+  const int flags =
+      SQLite::OPEN_NOMUTEX | (how == use::read ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
   database_ = std::make_unique<SQLite::Database>(path_.string(), flags, patience);
   // The waiting matches are taken away behind a transaction, which must be on the disk by then, its end included.
   if (how == use::write) database_->exec("PRAGMA synchronous = EXTRA");

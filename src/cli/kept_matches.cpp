@@ -11,7 +11,7 @@ namespace velorin::cli {
 
 namespace {
 
-constexpr std::size_t together = 16;
+constexpr std::size_t together = 32;
 
 std::int64_t time_of_match() {
   const char* const given = std::getenv("SOURCE_DATE_EPOCH");  // NOLINT(concurrency-mt-unsafe): nobody sets it

@@ -261,5 +261,20 @@ TEST_F(ArchiveFiles, WritersTakeTurns) {
   EXPECT_THAT(found.differences, IsEmpty());
 }
 
+TEST_F(ArchiveFiles, OneOfTheFirstVersionIsReadAsItIsAndGetsWhatItLacksWhenItIsWritten) {
+  play("3", 12);
+  const std::string men = text({"query", "batting", "--by", "player,team", "--csv"});
+  change("DROP VIEW meetings; DROP TABLE meeting_row; DROP TABLE man_sums; PRAGMA user_version = 1");
+  EXPECT_EQ(lines_of(text({"query", "batting", "--by", "player,team", "--csv"})).size(), lines_of(men).size());
+  EXPECT_THAT(error(2, {"query", "meetings"}), HasSubstr("The archive is of an earlier version"));
+  EXPECT_THAT(differences(), IsEmpty());
+  EXPECT_TRUE(archived_matches().front().innings[0].meetings.empty());
+  play("4", 1);
+  EXPECT_THAT(differences(), IsEmpty());
+  const std::vector<archived_match> kept = archived_matches();
+  EXPECT_TRUE(kept.front().innings[0].meetings.empty());
+  EXPECT_FALSE(kept.back().innings[0].meetings.empty());
+}
+
 }  // namespace
 }  // namespace velorin::testing

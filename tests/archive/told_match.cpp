@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -62,10 +61,9 @@ struct told_ball {
   std::string bowler;
   std::string batsman;
   std::string what;
-  bool ends_over = false;
 
-  /// Such a ball is told with the man who is on strike behind it, which at the end of an over is the same again.
-  bool is_odd_bye() const { return what.ends_with("Bye(s).") && std::stoi(what) % 2 == 1 && !ends_over; }
+  /// Such a ball is told with the man whom it has brought to the striker's end.
+  bool is_odd_bye() const { return what.ends_with("Bye(s).") && std::stoi(what) % 2 == 1; }
   bool is_faced() const { return what != "Wide." && what != "no ball."; }
   int off_the_bat() const {
     const bool runs = what.ends_with(" run.") || what.ends_with(" runs.");
@@ -77,11 +75,10 @@ std::vector<told_ball> balls_in(const json& lines) {
   std::vector<told_ball> balls;
   for (const json& line : lines) {
     const std::string words = bytes(line);
-    if (words.starts_with("End of Over") && !balls.empty()) balls.back().ends_over = true;
     const std::size_t to = words.find(" to ");
     const std::size_t colon = words.find(" : ");
     if (to == std::string::npos || colon == std::string::npos || to > colon) continue;
-    balls.push_back({words.substr(0, to), words.substr(to + 4, colon - to - 4), words.substr(colon + 3), false});
+    balls.push_back({words.substr(0, to), words.substr(to + 4, colon - to - 4), words.substr(colon + 3)});
   }
   return balls;
 }
@@ -97,26 +94,13 @@ int place_of(const std::vector<archived_bowler>& men, const std::string& name) {
 }
 
 /// Gives byes that were run an odd number of times to the man who faced them: of the two at the crease the other one.
-/// Who came in shows when he is told for the first time.
+/// Men come in as they stand on the card.
 void give_odd_byes(std::vector<told_ball>& balls, const std::vector<archived_batsman>& men) {
-  std::set<std::string> told;
-  std::vector<std::string> in;  // at the crease, as far as they are told
-  for (std::size_t at = 0; at < balls.size(); ++at) {
-    told_ball& ball = balls[at];
-    const std::string named = ball.batsman;
-    const auto comes_in = [&](const std::string& man) {
-      if (told.insert(man).second) in.push_back(man);
-    };
-    comes_in(named);
-    if (ball.is_odd_bye()) {
-      // Of men who have not been told yet the first to be told is the one at the other end.
-      for (std::size_t next = at + 1; next < balls.size() && in.size() < 2; ++next) comes_in(balls[next].batsman);
-      // Who is told nowhere has faced this ball alone.
-      for (auto man = men.begin(); man != men.end() && in.size() < 2; ++man) {
-        if (man->balls > 0) comes_in(man->player);
-      }
-      ball.batsman = in.at(0) == named ? in.at(1) : in.at(0);
-    }
+  std::vector<std::string> in;  // at the crease
+  std::size_t next = 0;
+  for (told_ball& ball : balls) {
+    while (in.size() < 2 && next < men.size()) in.push_back(men[next++].player);
+    if (ball.is_odd_bye()) ball.batsman = in.at(0) == ball.batsman ? in.at(1) : in.at(0);
     if (ball.what == "Wicket!") std::erase(in, ball.batsman);
   }
 }
