@@ -15,12 +15,11 @@ recorded_check check_of(const match_state& match) {
     const std::size_t from = list->size() - std::min<std::size_t>(list->size(), 8);
     for (std::size_t i = from; i < list->size(); ++i) {
       const delivery& ball = (*list)[i];
-      std::uint64_t figures = 0;
-      for (const int figure :
-           {ball.batting_aggression * 8 + ball.bowling_aggression, static_cast<int>(ball.how), int{ball.extras},
-            int{ball.fielder}, int{ball.outcome}, int{ball.striker}, int{ball.bowler}, int{ball.over}}) {
-        figures = figures << 8 | static_cast<std::uint8_t>(figure);
-      }
+      const auto aggressions = static_cast<std::uint8_t>(ball.batting_aggression * 8 + ball.bowling_aggression);
+      const std::uint64_t figures =
+          std::uint64_t{aggressions} << 56 | std::uint64_t{static_cast<std::uint8_t>(ball.how)} << 48 |
+          std::uint64_t{ball.extras} << 40 | std::uint64_t{ball.fielder} << 32 | std::uint64_t{ball.outcome} << 24 |
+          std::uint64_t{ball.striker} << 16 | std::uint64_t{ball.bowler} << 8 | ball.over;
       sum = crc_32_of_eight(figures, sum);
     }
   }
