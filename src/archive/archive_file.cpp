@@ -116,6 +116,8 @@ void archive_file::open(use how) {
   database_ = std::make_unique<SQLite::Database>(path_.string(), flags, patience);
   // The waiting matches are taken away behind a transaction, which must be on the disk by then, its end included.
   if (how == use::write) database_->exec("PRAGMA synchronous = EXTRA");
+  // What a transaction of several matches changes has room in memory: else it would be synchronised in its midst.
+  database_->exec("PRAGMA cache_size = -32768");
   if (number_from(*database_, "SELECT count(*) FROM sqlite_master") == 0) {
     if (how == use::read) raise_refused("There is no archive yet: no match has been added", path_);
     make_tables(*database_);
