@@ -150,8 +150,6 @@ void series_results_form::open() {
   team_a = series_.home.team;
   team_b = series_.away.team;
   heading = team_a + " vs " + team_b + " Series Result:";
-  int won_a = 0;
-  int won_b = 0;
   for (int i = 1; !series_.series_winner[i].empty(); ++i) {
     const std::string& winner = series_.series_winner[i];
     rows.push_back({ordinal(i) + " ODI - " + series_.series_ground[i], winner + series_.series_margin[i]});

@@ -100,6 +100,8 @@ struct series_results_form {
     std::string result;            ///< winner and margin
   };
   std::vector<row> rows;
+  int won_a = 0;              ///< matches that team_a has won
+  int won_b = 0;              ///< likewise team_b
   std::string standing_line;  ///< who leads or has won
   bool closed = false;
 

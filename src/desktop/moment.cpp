@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPointer>
 #include <QStyle>
 #include <QVariantAnimation>
 #include <QWidget>
@@ -23,6 +24,7 @@ namespace {
 constexpr int moment_length = 1500;  // milliseconds
 constexpr const char* moment_name = "moment";
 constexpr int banner_height = 72;
+constexpr int least_place = 340;  // two lines of words have room
 
 /// The sign at the head of the banner, within 20 pixels around the origin.
 void paint_sign(QPainter& painter, MomentKind kind, const QColor& color) {
@@ -66,7 +68,8 @@ void paint_sign(QPainter& painter, MomentKind kind, const QColor& color) {
 /// The banner. It is a child of what it stands over, follows its size and goes when the time is up.
 class MomentBanner : public QWidget {
  public:
-  MomentBanner(QWidget& over, MomentKind kind, const QString& words) : QWidget(&over), kind_(kind), words_(words) {
+  MomentBanner(QWidget& over, MomentKind kind, const QString& words, QWidget* place)
+      : QWidget(&over), kind_(kind), words_(words), place_(place) {
     setObjectName(QString::fromLatin1(moment_name));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
@@ -132,16 +135,21 @@ class MomentBanner : public QWidget {
   }
 
  private:
-  /// As wide as the words need and the widget has room for, in the middle near its upper end.
+  /// As wide as the words need and there is room for: in the middle of its place, else near the widget's upper end.
   void cover() {
+    const QWidget& over = *parentWidget();
+    const bool placed = place_ != nullptr && place_->isVisible() && place_->width() >= least_place;
+    const QRect room = placed ? QRect(place_->mapTo(&over, QPoint()), place_->size()) : over.rect();
     const int words = QFontMetrics(type_font(TypeStep::title)).horizontalAdvance(words_) + 120;
-    const int wide = std::min(std::max(words, 240), std::max(0, parentWidget()->width() - 16));
-    const int top = parentWidget()->height() / 8;
-    setGeometry((parentWidget()->width() - wide) / 2, top, wide, banner_height + 24);
+    const int wide = std::min(std::max(words, 240), std::max(0, room.width() - 16));
+    const int tall = banner_height + 24;
+    const int top = placed ? room.top() + (room.height() - tall) / 2 : over.height() / 8;
+    setGeometry(room.left() + (room.width() - wide) / 2, top, wide, tall);
   }
 
   MomentKind kind_;
   QString words_;
+  QPointer<QWidget> place_;
   QVariantAnimation run_;
   double passed_ = 0;
 };
@@ -153,10 +161,10 @@ bool may_move(const QWidget& widget) {
   return !system_wants_stillness();
 }
 
-void celebrate(QWidget& over, MomentKind kind, const QString& words) {
+void celebrate(QWidget& over, MomentKind kind, const QString& words, QWidget* place) {
   if (!preferences::moments() || !may_move(over)) return;
   end_moment(over);
-  new MomentBanner(over, kind, words);
+  new MomentBanner(over, kind, words, place);
 }
 
 void end_moment(QWidget& over) {

@@ -15,8 +15,9 @@ bool may_move(const QWidget& widget);
 
 /// Shows a quiet banner with `words` over the upper part of a widget for a second and a half. It takes no input and no
 /// focus, and goes by itself; another one over the same widget takes its place. Nothing is shown where the user has
-/// turned moments off in the settings, or where nothing may move. Returns at once.
-void celebrate(QWidget& over, MomentKind kind, const QString& words);
+/// turned moments off in the settings, or where nothing may move. Returns at once. With a `place`, a widget in `over`,
+/// it stands in the middle of that one while that one is seen.
+void celebrate(QWidget& over, MomentKind kind, const QString& words, QWidget* place = nullptr);
 /// Takes away what is still shown over a widget.
 void end_moment(QWidget& over);
 

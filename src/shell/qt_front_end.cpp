@@ -176,7 +176,9 @@ bool QtFrontEnd::passes_by(message_kind kind, const std::string& text) const {
 void QtFrontEnd::celebrate_message(const message_box& message) {
   if (console_ == nullptr) return;
   const match_state& match = game_.match;
-  const auto celebrated = [&](MomentKind kind) { celebrate(*console_, kind, shown(message.text).simplified()); };
+  const auto celebrated = [&](MomentKind kind) {
+    celebrate(*console_, kind, shown(message.text).simplified(), console_->place_of_moments());
+  };
   if (message.kind == message_kind::bowling_milestone) celebrated(MomentKind::five_wickets);
   if (message.kind == message_kind::hundred) celebrated(MomentKind::hundred);
   if (message.kind != message_kind::end_of_match) return;
@@ -375,6 +377,10 @@ void QtFrontEnd::show(player_rankings_form& form) { show_modally<PlayerRankingsW
 
 void QtFrontEnd::show(series_results_form& form) {
   if (unstopped_.passes_standings()) return unstopped_.user().show(form);
+  const QWidget* before = front_window();
+  if (before != nullptr && game_.series.series_over && form.won_a != form.won_b) {
+    celebrate(*before->window(), MomentKind::champions, shown(form.standing_line).simplified());
+  }
   show_standings<SeriesResultsWindow>(form, reports_, [](Form&) {});
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is celebrated in play: hundreds, five wickets, and who wins a competition.
 #include <QLabel>
+#include <QLineEdit>
 
 #include "competitions/tri_series.h"
 #include "desktop/preferences.h"
@@ -69,6 +70,24 @@ TEST_F(GreatMoments, TheWinnersOfATriSeriesAreCelebrated) {
   });
   play([&](MenuWindow& menu) { choose(menu, "start_game", "tri_series"); });
   EXPECT_EQ(tables, 4);
+}
+
+TEST_F(GreatMoments, TheWinnerOfASeriesIsCelebratedAtItsEnd) {
+  ClickingUser user;
+  user.robot.next("series1", [](QWidget& window) {
+    control<QLineEdit>(window, "matches")->setText(QStringLiteral("3"));
+    press(window, "accept");
+  });
+  int ends = 0;
+  user.robot.always("sri_result", [&](QWidget& window) {
+    const QString standing = control<QLabel>(window, "standing_line")->text().simplified();
+    const bool won = standing.contains(QStringLiteral(" wins the series "));
+    EXPECT_EQ(moment_over(window), won ? standing : QString());
+    ends += won ? 1 : 0;
+    press(window, "accept");
+  });
+  play([&](MenuWindow& menu) { choose(menu, "start_game", "new_series"); });
+  EXPECT_EQ(ends, 1);
 }
 
 }  // namespace

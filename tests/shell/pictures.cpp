@@ -61,6 +61,8 @@ void take(QWidget& form, const char* name) {
     if (!QTest::qWaitFor([bar] { return !bar->is_waiting(); }, 30'000)) {
       std::fprintf(stderr, "no forecast in time: %s\n", name);
     }
+    // Its words have to be laid out, and its parts to have come to their place.
+    if (bar->isVisible()) QTest::qWait(600);
   }
   const QString path = QStringLiteral("%1/%2.png").arg(folder, QString::fromLatin1(name));
   if (!window.grab().save(path)) std::fprintf(stderr, "not written: %s\n", qPrintable(path));

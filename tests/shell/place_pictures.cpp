@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 #include <optional>
 #include <string>
@@ -50,7 +51,9 @@ void show_reports(QWidget& console, ClickingUser& user) {
   user.robot.next("partners", taking("partnerships", "accept"));
   press(console, "show_scorecard");
   preferences::set_moments(true);
-  celebrate(console, MomentKind::hundred, QStringLiteral("A.Harrow 100(116) has reached his century!"));
+  const QString batsman = control<QPushButton>(console, "batsman_profile_1")->text().section(u' ', 0, 0);
+  celebrate(console, MomentKind::hundred, batsman + QStringLiteral(" 100(116) has reached his century!"),
+            control<QWidget>(console, "charts"));
   QTest::qWait(500);
   take(console, "moment");
   end_moment(console);

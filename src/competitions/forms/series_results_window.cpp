@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "competitions/forms/series_results_window.h"
 
+#include <QFrame>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -8,6 +10,7 @@
 
 #include "competitions/series.h"
 #include "desktop/controls.h"
+#include "desktop/crest.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 
@@ -28,6 +31,34 @@ Table results_table(const series_results_form& form, const PlayedMatches& played
   return table;
 }
 
+/// Both sides with the matches that each has won, and below who leads or has won the series.
+QFrame* new_score(const series_results_form& form) {
+  QFrame* card = new_card();
+  auto* line = new QHBoxLayout;
+  line->setSpacing(16);
+  const auto add_side = [&](const char* name, const std::string& team, bool crest_first) {
+    auto* crest = new CrestView(QString::fromLatin1(name), 72);
+    crest->show_team(shown(team));
+    QLabel* words =
+        new_named_label(QString::fromLatin1(name) + QStringLiteral("_name"), shown(team), TextRole::heading);
+    line->addStretch(1);
+    if (crest_first) line->addWidget(crest);
+    line->addWidget(words);
+    if (!crest_first) line->addWidget(crest);
+    line->addStretch(1);
+  };
+  add_side("crest_a", form.team_a, true);
+  line->addWidget(new_named_label(QStringLiteral("series_score"),
+                                  QStringLiteral("%1 - %2").arg(form.won_a).arg(form.won_b), TextRole::score));
+  add_side("crest_b", form.team_b, false);
+  card_rows(card)->addLayout(line);
+  auto* standing = new_named_label(QStringLiteral("standing_line"), shown(form.standing_line), TextRole::title);
+  standing->setAlignment(Qt::AlignCenter);
+  standing->setWordWrap(true);
+  card_rows(card)->addWidget(standing);
+  return card;
+}
+
 }  // namespace
 
 SeriesResultsWindow::SeriesResultsWindow(series_results_form& form, QWidget* parent)
@@ -41,9 +72,9 @@ SeriesResultsWindow::SeriesResultsWindow(series_results_form& form, QWidget* par
   results_->show_all_rows();
   results_->grow_rows(40, static_cast<int>(form_.rows.size()));
   rows_ = new_column(body(), 1000);
-  rows_->addWidget(results_, 1);
+  rows_->addWidget(new_score(form_));
   rows_->addSpacing(8);
-  rows_->addWidget(new_named_label(QStringLiteral("standing_line"), shown(form_.standing_line), TextRole::heading));
+  rows_->addWidget(results_, 1);
   rows_->addStretch();
   const auto close = [this] {
     form_.accept();
@@ -58,7 +89,7 @@ void SeriesResultsWindow::lead_to(PlayedMatches played) {
   results_->set_table(results_table(form_, played_));
   if (played_.all.empty()) return;
   results_->on_open(played_.open, TableView::Opens::press);
-  rows_->insertWidget(1, new_named_label(QStringLiteral("leads_on"), QLatin1String(leads_on), TextRole::muted));
+  rows_->insertWidget(3, new_named_label(QStringLiteral("leads_on"), QLatin1String(leads_on), TextRole::muted));
 }
 
 }  // namespace velorin

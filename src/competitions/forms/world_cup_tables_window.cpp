@@ -113,17 +113,23 @@ QWidget* WorldCupTablesWindow::new_knock_out(const std::string& champion) {
     pair->addLayout(ties_[tie]);
     auto* line = new_named_label(QString::fromLatin1(name), shown(text));
     line->setWordWrap(true);
+    if (text.empty()) {
+      line->hide();
+      pair->addWidget(
+          new_named_label(QStringLiteral("to_come_%1").arg(tie + 1), QStringLiteral("To come"), TextRole::muted));
+    }
     pair->addWidget(line);
     card_rows(card)->addLayout(pair);
   };
-  add("Semi Final 1 :", "first_semi_final", form_.first_semi_final, 0);
-  add("Semi Final 2 :", "second_semi_final", form_.second_semi_final, 1);
-  add("Grand Final :", "grand_final", form_.grand_final, 2);
+  add("Semi Final 1", "first_semi_final", form_.first_semi_final, 0);
+  add("Semi Final 2", "second_semi_final", form_.second_semi_final, 1);
+  add("Grand Final", "grand_final", form_.grand_final, 2);
   card_rows(card)->addStretch(1);
   auto* winners = new_named_label(QStringLiteral("winners_line"), shown(form_.winners_line), TextRole::accent);
   winners->setWordWrap(true);
   if (champion.empty()) {
     card_rows(card)->addWidget(winners);
+    winners->hide();  // there are none yet
     return card;
   }
   winners->setFont(type_font(TypeStep::title));

@@ -158,8 +158,11 @@ QFrame* ConsoleWindow::new_commentary_card() {
   return card;
 }
 
+QWidget* ConsoleWindow::place_of_moments() const { return charts_card_; }
+
 QFrame* ConsoleWindow::new_charts_card() {
   QFrame* card = new_panel();
+  card->setObjectName(QStringLiteral("charts"));
   static constexpr std::pair<const char*, CourseChart::Kind> kinds[] = {{"runs_chart", CourseChart::Kind::runs},
                                                                         {"score_chart", CourseChart::Kind::score},
                                                                         {"rates_chart", CourseChart::Kind::rates}};

@@ -65,6 +65,8 @@ class ConsoleWindow : public Form {
   void on_match_centre(std::function<void()> open);
   /// A message has passed by without a stop: a row in the commentary.
   void message_passed(const QString& text);
+  /// Where a moment hides nothing that one has just asked for: the charts.
+  QWidget* place_of_moments() const;
   /// The match is recorded: who quits is asked whether to keep it, and `discard` runs where not.
   void let_keep(std::function<void()> discard);
   /// A ball has been bowled: shows it, and waits as long as the pace says.
