@@ -67,7 +67,8 @@ struct rate_cell {
 struct rates_view {
   std::string last_five_overs;  ///< last five overs
   bool chase = false;
-  bool behind = false;  ///< balls of the over in play have been bowled since: the figures are those of its beginning
+  /// The overs that the cells tell of, where balls have been bowled since, as in the course of an over; empty else.
+  std::string told_after;
   std::vector<rate_cell> cells;  ///< projections: cells 0 to 4; chase: 0 to 6
   std::string chase_headline;    ///< chase: "To win ", short name, " need..."; empty once it is made
   std::string stage_overs;       ///< chase: the stage in overs; empty while nothing was bowled

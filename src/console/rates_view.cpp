@@ -100,7 +100,7 @@ rates_view view_rates(const match_state& match) {
   rates_view view;
   view.last_five_overs = last_five(match, rates);
   view.chase = match.first_total != 0;
-  view.behind = match.innings_balls != rates.innings_balls;
+  if (match.innings_balls != rates.innings_balls) view.told_after = overs_from_balls(rates.innings_balls);
   view.cells = view.chase ? chase_cells(match, rates) : projections(rates);
   if (view.chase) add_comparison(match, view, rates);
   return view;

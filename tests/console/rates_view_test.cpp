@@ -195,6 +195,16 @@ TEST_F(RatesView, ComparisonAfterAnOverOfSevenBalls) {
   EXPECT_EQ(view_rates(match).score_then, "OA were 1/0");
 }
 
+TEST_F(RatesView, InTheCourseOfAnOverItTellsWhichOversItKnows) {
+  start_chase();
+  refresh_at(20, 1, 12);
+  EXPECT_EQ(view_rates(match).told_after, "");
+  match.innings_balls = 15;
+  EXPECT_EQ(view_rates(match).told_after, "2.0");
+  refresh_at(31, 2, 18);
+  EXPECT_EQ(view_rates(match).told_after, "");
+}
+
 TEST_F(RatesView, StagesAreWrittenInOversAndBalls) {
   start_chase();
   for (const auto& [balls, shown] :

@@ -97,8 +97,11 @@ void RatesPanel::place_cells(std::size_t used) {
 void RatesPanel::refresh() {
   const rates_view view = view_rates(match_);
   // Reckoned at the end of each over: within one they are muted, for the score has gone on.
-  const QString when = view.behind ? QStringLiteral(", before this over") : QString();
-  title_->setText(!view.chase                   ? QStringLiteral("Projected score")
+  const bool behind = !view.told_after.empty();
+  const QString after = QStringLiteral("after %1 overs").arg(shown(view.told_after));
+  const QString when = behind ? QStringLiteral(", ") + after : QString();
+  title_->setText(behind                        ? QStringLiteral("A") + after.mid(1)
+                  : !view.chase                 ? QStringLiteral("Projected score")
                   : view.chase_headline.empty() ? QStringLiteral("The chase")
                                                 : shown(view.chase_headline));
   explain(*title_, view.chase ? QStringLiteral("The chase") : QStringLiteral("Projected score"));
@@ -111,11 +114,11 @@ void RatesPanel::refresh() {
     explain(*cells_[i].heading, cells_[i].heading->text());
     cells_[i].text->setText(figure(view.cells[i].text));
     cells_[i].text->setAccessibleName(shown(view.cells[i].heading + ": " + view.cells[i].text) + when);
-    cells_[i].text->setEnabled(!view.behind);
+    cells_[i].text->setEnabled(!behind);
   }
   last_five_.text->setText(figure(view.last_five_overs));
   last_five_.text->setAccessibleName(shown("Last 5: " + view.last_five_overs) + when);
-  last_five_.text->setEnabled(!view.behind);
+  last_five_.text->setEnabled(!behind);
   comparison_->setText(shown(view.stage_overs));
   for (QLabel* label : {stage_, comparison_}) label->setVisible(!view.stage_overs.empty());
   now_->setText(shown(view.score_now));
