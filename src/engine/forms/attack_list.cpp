@@ -31,24 +31,23 @@ constexpr int heading_height = 20;
 constexpr int mark_width = 18;
 constexpr int highest_row = 36;
 
-/// A column of figures: how wide, its heading, and whether a narrow list has it.
+/// A column of figures: how wide, its heading, and from which width of the list on it is shown.
 struct FigureColumn {
   int width;
   const char* heading;
   const char* spoken;
-  bool in_narrow;
+  int from;
   QString (*text)(const attack_row&);
 };
 
 constexpr FigureColumn columns[] = {
-    {32, "O", "Overs", true, [](const attack_row& row) { return shown(row.overs); }},
-    {22, "M", "Maidens", false, [](const attack_row& row) { return shown(row.maidens); }},
-    {30, "R", "Runs", true, [](const attack_row& row) { return shown(row.runs); }},
-    {22, "W", "Wickets", true, [](const attack_row& row) { return shown(row.wickets); }},
-    {34, "Econ", "Economy", true, [](const attack_row& row) { return shown(row.economy); }},
-    {30, "Left", "Overs left", true, [](const attack_row& row) { return QString::number(row.overs_left); }},
+    {32, "O", "Overs", 0, [](const attack_row& row) { return shown(row.overs); }},
+    {22, "M", "Maidens", 290, [](const attack_row& row) { return shown(row.maidens); }},
+    {30, "R", "Runs", 0, [](const attack_row& row) { return shown(row.runs); }},
+    {22, "W", "Wickets", 0, [](const attack_row& row) { return shown(row.wickets); }},
+    {34, "Econ", "Economy", 275, [](const attack_row& row) { return shown(row.economy); }},
+    {30, "Left", "Overs left", 0, [](const attack_row& row) { return QString::number(row.overs_left); }},
 };
-constexpr int narrow = 290;
 
 /// Calls `visit` with the place of each column of figures, so many times as wide as usual, from the right; returns
 /// where they begin.
@@ -56,7 +55,7 @@ template <class Visit>
 int place_columns(const QRect& row, double factor, Visit visit) {
   int right = row.right() - static_cast<int>(6 * factor);
   for (auto column = std::rbegin(columns); column != std::rend(columns); ++column) {
-    if (row.width() < narrow * factor && !column->in_narrow) continue;
+    if (row.width() < column->from * factor) continue;
     const int wide = static_cast<int>(column->width * factor);
     visit(QRect(right - wide, row.top(), wide, row.height()), *column);
     right -= wide;
