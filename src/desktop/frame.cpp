@@ -71,7 +71,9 @@ class Frame::Slot : public QWidget {
   }
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
-    painter.fillRect(rect(), sheet_ ? theme().muted : theme().ground);
+    if (sheet_) painter.fillRect(rect(), theme().muted);
+    // Where a form paints nothing, as beside the handle of a scroll bar, the ground shows.
+    painter.fillRect(inside(), theme().ground);
   }
 
  private:
@@ -116,9 +118,10 @@ void Frame::add_away() {
   rows->setSpacing(8);
   away_title_ = new_named_label(QStringLiteral("away_title"), {}, TextRole::heading, away_);
   rows->addWidget(away_title_, 0, Qt::AlignHCenter);
-  rows->addWidget(new_label(QStringLiteral("stands in a window of its own; Put back there leads back here."),
-                            TextRole::muted, away_),
-                  0, Qt::AlignHCenter);
+  rows->addWidget(
+      new_label(QStringLiteral("It stands in a window of its own. The button \"Put back\" there brings it back."),
+                TextRole::muted, away_),
+      0, Qt::AlignHCenter);
   away_->hide();
 }
 

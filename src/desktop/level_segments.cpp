@@ -95,7 +95,9 @@ void LevelSegment::paintEvent(QPaintEvent*) {
   painter.drawRoundedRect(frame, 5, 5);
   painter.setPen(ink);
   painter.setFont(type_font(*this, TypeStep::strong));
-  painter.drawText(rect().adjusted(0, low_ ? 0 : 2, 0, -height() / 2 + (low_ ? 2 : 1)), Qt::AlignCenter, text());
+  // Without an answer below it the level has the whole height.
+  const QRect upper = rect().adjusted(0, low_ ? 0 : 2, 0, -height() / 2 + (low_ ? 2 : 1));
+  painter.drawText(shown_answer().isEmpty() ? rect() : upper, Qt::AlignCenter, text());
   painter.setFont(type_font(*this, TypeStep::small));
   painter.setPen(on && live ? t.on_accent : t.muted);
   painter.drawText(rect().adjusted(0, height() / 2 - 1, 0, -2), Qt::AlignCenter, shown_answer());

@@ -113,7 +113,7 @@ PlayerProfileWindow::PlayerProfileWindow(player_profile_form& form, QWidget* par
 void PlayerProfileWindow::offer_page(std::function<void(const std::string&, const std::string&)> open) {
   page_ = new_button(
       QStringLiteral("page"),
-      {.caption = QStringLiteral("Page"),
+      {.caption = QStringLiteral("Page in the Archive"),
        .mnemonic = u'g',
        .hint = QStringLiteral("All that the archive of matches tells of him")},
       [this, open = std::move(open)] { open(core_text(teams_->currentText()), core_text(players_->currentText())); });
@@ -273,7 +273,12 @@ void PlayerProfileWindow::refresh() {
   if (form_.person.empty()) return;
   if (form_.standing) return show_standing();
   pages_->setCurrentIndex(1);
-  show_person(person_, QStringLiteral("person"), form_.person);
+  std::vector<shown_field> person = form_.person;
+  for (shown_field field : standing_fields(form_.compared.value_or(squad_standing()))) {
+    if (!form_.compared) field.text = "-";  // he stands in no squad any more
+    person.push_back(field);
+  }
+  show_person(person_, QStringLiteral("person"), person);
   show_block(batting_, QStringLiteral("batting"), form_.batting);
   show_block(bowling_, QStringLiteral("bowling"), form_.bowling);
   show_block(fielding_, QStringLiteral("fielding"), form_.fielding);
