@@ -130,8 +130,14 @@ class MomentBanner : public QWidget {
     paint_sign(painter, kind_, t.high_contrast ? t.accent : t.willow);
     painter.restore();
     painter.setPen(t.on_pitch);
+    const QRectF room = banner.adjusted(80, 4, -24, -4);
+    constexpr int wrapped = Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap;
     painter.setFont(type_font(TypeStep::title));
-    painter.drawText(banner.adjusted(80, 4, -24, -4), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextWordWrap, words_);
+    // Where there is little width the words are smaller, so that two lines hold them.
+    if (painter.boundingRect(room, wrapped, words_).height() > room.height()) {
+      painter.setFont(type_font(TypeStep::heading));
+    }
+    painter.drawText(room, wrapped, words_);
   }
 
  private:
