@@ -141,7 +141,7 @@ std::string sentence_of(const question& asked) {
     const bool more = i + 1 < asked.where.size();
     const std::string range = more ? range_words(source, part, asked.where[i + 1]) : std::string();
     if (!range.empty()) ++i;
-    parts.push_back(range.empty() ? std::move(words) : range);
+    parts.push_back(range.empty() ? words : range);
   }
   if (!parts.empty()) sentence += " with " + joined(parts);
   sentence += states;

@@ -246,9 +246,9 @@ class recorded_user : public front_end {
     ++next_;
     return answer;
   }
-  captain_answer take(answer_kind one, answer_kind other) {
+  captain_answer take(answer_kind kind, answer_kind or_kind) {
     const captain_answer answer = take();
-    if (answer.kind != one && answer.kind != other) raise_unfit();
+    if (answer.kind != kind && answer.kind != or_kind) raise_unfit();
     return answer;
   }
   captain_answer take(answer_kind kind) { return take(kind, kind); }

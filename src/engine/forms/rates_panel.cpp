@@ -98,9 +98,9 @@ void RatesPanel::refresh() {
   const rates_view view = view_rates(match_);
   // Reckoned at the end of each over: within one they are muted, for the score has gone on.
   const bool behind = !view.told_after.empty();
-  const QString after = QStringLiteral("after %1 overs").arg(shown(view.told_after));
-  const QString when = behind ? QStringLiteral(", ") + after : QString();
-  title_->setText(behind                        ? QStringLiteral("A") + after.mid(1)
+  const QString told_after = shown(view.told_after);
+  const QString when = behind ? QStringLiteral(", after %1 overs").arg(told_after) : QString();
+  title_->setText(behind                        ? QStringLiteral("After %1 overs").arg(told_after)
                   : !view.chase                 ? QStringLiteral("Projected score")
                   : view.chase_headline.empty() ? QStringLiteral("The chase")
                                                 : shown(view.chase_headline));
