@@ -72,15 +72,6 @@ TEST_F(ConsoleView, TheHeadTellsWhatAChaseNeeds) {
   }
 }
 
-TEST_F(ConsoleView, RatesAreBehindWithinAnOver) {
-  match.rates.of_innings_before = false;
-  match.rates.innings_balls = 6;
-  match.innings_balls = 6;
-  EXPECT_FALSE(view_rates(match).behind);
-  match.innings_balls = 7;
-  EXPECT_TRUE(view_rates(match).behind);
-}
-
 TEST_F(ConsoleView, RatesHaveTwoPlacesAndNoFill) {
   struct row {
     int runs, balls;
