@@ -465,6 +465,8 @@ void Form::make_room() {
 }
 
 void Form::showEvent(QShowEvent* event) {
+  // A page has no place of its own on the screen, which a dialog would look for.
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call)
   if (!isWindow()) return QWidget::showEvent(event);
   placing_ = !event->spontaneous();
   if (placing_) measure_room();

@@ -27,7 +27,7 @@ void NameBook::add(NameLink link) {
   std::vector<qsizetype>& lengths = lengths_[link.name[0]];
   const auto place = std::lower_bound(lengths.begin(), lengths.end(), link.name.size(), std::greater<>());
   if (place == lengths.end() || *place != link.name.size()) lengths.insert(place, link.name.size());
-  names_.insert(link.name, std::move(link));
+  names_.insert(link.name, link);
 }
 
 std::vector<FoundName> NameBook::names_in(const QString& text) const {

@@ -82,7 +82,7 @@ void GameKeeper::discard() {
 }
 
 std::filesystem::path GameKeeper::save_as(const std::string& name) const {
-  const std::filesystem::path to = free_game_file(folder_, name);
+  std::filesystem::path to = free_game_file(folder_, name);
   const std::optional<std::string> bytes = read_file(file_.path());
   fresh_file copy(to);
   copy.stream() << bytes.value_or("");

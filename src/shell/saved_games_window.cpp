@@ -118,7 +118,7 @@ QPushButton* SavedGamesWindow::add_act(const char* name, const char* caption, QC
   button->setObjectName(QLatin1String(name));
   button->setAutoDefault(false);
   name_act(*button, {.caption = QLatin1String(caption), .mnemonic = mnemonic, .hint = QLatin1String(hint)});
-  connect(button, &QPushButton::clicked, this, [this, act = std::move(act)] {
+  connect(button, &QPushButton::clicked, this, [act = std::move(act)] {
     guarded([&] {
       try {
         act();

@@ -35,10 +35,10 @@ void watch(QtFrontEnd& shown_by, const std::filesystem::path& recording) {
   watched->data.files.watcher = nullptr;
   watched->data.files.updates = false;
   watched->match = player->at(0);
-  QtFrontEnd reports(*watched);
-  console_form form({watched->match, watched->chance, reports, watched->data});
+  QtFrontEnd front_end(*watched);
+  console_form form({watched->match, watched->chance, front_end, watched->data});
   WatchWindow window(*player, watched->match, watched->data, form);
-  window.on_match_centre([&reports] { reports.open_match_centre(); });
+  window.on_match_centre([&front_end] { front_end.open_match_centre(); });
   run_modal(window);
   if (Frame* frame = window.main_window()) {
     frame->show_passing({});

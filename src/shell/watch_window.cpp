@@ -279,7 +279,8 @@ void WatchWindow::play_on() {
 
 void WatchWindow::closeEvent(QCloseEvent* event) {
   pause();
-  Form::closeEvent(event);
+  // Leaving needs no question: nothing of what is watched can be lost.
+  Form::closeEvent(event);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 }  // namespace velorin

@@ -18,6 +18,7 @@
 #include <QWindow>
 #include <cstdlib>
 
+#include "desktop/name_doors.h"
 #include "desktop/table_view.h"
 #include "windows/robot.h"
 
@@ -159,7 +160,6 @@ void Hand::open_row(QWidget& form, const char* table, int row) {
   if (view == nullptr) return;
   int column = 0;
   while (view->isColumnHidden(column)) ++column;
-  const QModelIndex index = view->model()->index(row, column);
   if (way_ == Way::assistant) {
     QAccessibleInterface* cell = QAccessible::queryAccessibleInterface(view)->tableInterface()->cellAt(row, column);
     EXPECT_TRUE(cell->actionInterface()->actionNames().contains(Action::pressAction())) << path_of(*view);
@@ -172,6 +172,13 @@ void Hand::open_row(QWidget& form, const char* table, int row) {
     for (int down = 0; down < row; ++down) QTest::keyClick(window, Qt::Key_Down);
     QTest::keyClick(window, Qt::Key_Return);
   } else {
+    // A name would lead to its own page.
+    while (column + 1 < view->model()->columnCount() &&
+           (view->isColumnHidden(column) ||
+            !name_book().names_in(view->model()->index(row, column).data().toString()).empty())) {
+      ++column;
+    }
+    const QModelIndex index = view->model()->index(row, column);
     view->scrollTo(index);
     bool opened = false;
     const QPointer<TableView> still(view);

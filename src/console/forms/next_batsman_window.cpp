@@ -52,7 +52,7 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, std::function<aggre
   }
   men->choose(form_.chosen);
   choose(form_.chosen);
-  const auto leave = [this, men] {
+  const auto leave_it = [this, men] {
     const auto chosen = computers_next_batsman(play_.match, form_.shown_for);
     if (!chosen) return QStringLiteral("The computer has no choice here.");
     men->choose(chosen->choice);
@@ -60,7 +60,7 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, std::function<aggre
   };
   constexpr std::size_t advice_column = 2;
   new SheetAdviser(*this, advised_men(*men, play_.match, advised_side::batting, captains_choice::kind::next_batsman,
-                                      advice_column, leave));
+                                      advice_column, leave_it));
   add_button(QStringLiteral("profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
     if (form_.chosen > 0) show_profile(play_.user, play_.data, play_.match.team1_name, form_.name(form_.chosen));
   });

@@ -44,12 +44,12 @@ RatesPanel::RatesPanel(const match_state& match, QWidget* parent) : QFrame(paren
   rows->setSpacing(4);
   title_ = new_named_label(QStringLiteral("rates_title"), {}, TextRole::strong);
   forecast_ = new_named_label(QStringLiteral("forecast_total"), {}, TextRole::accent);
-  auto* head = new QHBoxLayout;
-  head->setSpacing(8);
-  head->addWidget(title_, 1);
-  head->addWidget(forecast_);
+  auto* top_row = new QHBoxLayout;
+  top_row->setSpacing(8);
+  top_row->addWidget(title_, 1);
+  top_row->addWidget(forecast_);
   forecast_->hide();
-  rows->addLayout(head);
+  rows->addLayout(top_row);
   grid_ = new QGridLayout;
   grid_->setHorizontalSpacing(8);
   grid_->setVerticalSpacing(6);

@@ -95,7 +95,7 @@ Table stands_table(const partnership_screen& screen, const QString& name) {
   return table;
 }
 
-void lay_out_table(Form& form, const QString& title, const QString& table_name, const Table& table, QWidget* below) {
+void lay_out_table(Form& form, const QString& title, const QString& table_name, const Table& table, QWidget* under) {
   form.set_title(title, title);
   auto* view = new TableView(table_name);
   view->set_table(table);
@@ -106,9 +106,9 @@ void lay_out_table(Form& form, const QString& title, const QString& table_name, 
   view->grow_rows(40, rows);
   QVBoxLayout* column = new_column(form, widest_table);
   column->addWidget(view, 1);
-  if (below != nullptr) {
+  if (under != nullptr) {
     column->addSpacing(8);
-    column->addWidget(below);
+    column->addWidget(under);
   }
   column->addStretch();
   add_ok(form);
