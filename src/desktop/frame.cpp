@@ -221,6 +221,8 @@ void Frame::offer_save(std::function<void()> save) {
   save_->setVisible(static_cast<bool>(save_game_));
 }
 
+void Frame::on_trail(std::function<QString()> occasion) { occasion_ = std::move(occasion); }
+
 void Frame::on_jump(std::function<void()> jump) { jump_ = std::move(jump); }
 
 void Frame::jump() {
@@ -455,6 +457,8 @@ void Frame::show_bar() {
     if (layer.form->place() == Form::Place::sheet) continue;
     trail << (trail.isEmpty() ? QStringLiteral("Menu") : title_of(*layer.form));
   }
+  const QString occasion = occasion_ && trail.size() > 1 ? occasion_() : QString();
+  if (!occasion.isEmpty()) trail.insert(1, occasion);
   const QString words = trail.join(QStringLiteral("  \u203A  "));
   trail_->setText(words);
   trail_->setToolTip(words);

@@ -31,6 +31,9 @@ class Frame : public QWidget {
   /// Shows in the bar, for some seconds, what is told without stopping; screen readers are told it. An
   /// empty text takes it away.
   void show_passing(const QString& text);
+  /// What stands in the trail between the first page and what has opened over it: the competition that a match is of.
+  /// Asked each time that the trail is written; nothing where it gives an empty text.
+  void on_trail(std::function<QString()> occasion);
   /// What Ctrl+K does while a page waits for its user.
   void on_jump(std::function<void()> jump);
   void jump();
@@ -97,6 +100,7 @@ class Frame : public QWidget {
   void give_focus();
 
   std::vector<Layer> layers_;
+  std::function<QString()> occasion_;
   std::function<void()> jump_;
   QPointer<Form> focused_;  // the layer that got the keyboard last
   QWidget* bar_ = nullptr;

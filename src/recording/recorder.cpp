@@ -62,6 +62,7 @@ recorder::~recorder() { game_.chance.log_to(nullptr); }
 void recorder::go_on_with(const recording& before, practice_history remembered) {
   remembered_ = std::move(remembered);
   entries_ = entry_writer(before);
+  entered_ = before.beginning.game;
   id_ = text_of(before.beginning.id);
   matches_saved_ =
       static_cast<int>(std::count(before.events.begin(), before.events.end(), recorded_event(recorded_saving{})));
@@ -77,6 +78,7 @@ void recorder::game_begins(const entered_game& entered) {
   shown_by_.game_begins(entered);
   stop();
   const bool same_squads = begin(begun_, entered, game_);
+  entered_ = entered;
   begun_.id = new_recording_id();
   begun_.begun_at = std::time(nullptr);
   begun_.program = program_;

@@ -67,6 +67,8 @@ class recorder : public front_end {
   void go_on_with(const recording& before, practice_history remembered = {});
   /// A game is being recorded.
   bool is_on() const { return on_; }
+  /// What it was entered as. Requires that one is.
+  const entered_game& entered() const { return entered_; }
   /// A ball has been bowled in it.
   bool has_play() const { return played_; }
   /// The game that was recorded is over, or was left: nothing of it is to be gone on with.
@@ -123,6 +125,7 @@ class recorder : public front_end {
   checked_overs checked_;
   bool on_ = false;
   bool played_ = false;
+  entered_game entered_;
   std::string id_;
   int matches_saved_ = 0;
   recorded_event last_;

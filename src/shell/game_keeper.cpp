@@ -34,6 +34,13 @@ std::filesystem::path GameKeeper::file_in_play() const {
   return recorder_.is_on() ? file_.path() : std::filesystem::path();
 }
 
+std::string GameKeeper::competition_in_play() const {
+  if (!recorder_.is_on() || recorder_.entered().kind == game_kind::match) return {};
+  if (game_.match.step == match_step::none) return {};
+  const game_words words = words_of(recorder_.entered(), game_);
+  return words.stage.empty() ? words.competition : words.competition + ", " + words.stage;
+}
+
 bool GameKeeper::take_up(const std::filesystem::path& file) {
   recorder_.stop();
   const recording before = file_.go_on(file);

@@ -25,6 +25,10 @@ class GameKeeper {
   /// The file of the game in play; empty if none is recorded.
   std::filesystem::path file_in_play() const;
 
+  /// The competition in play and where it stands in it: "World Cup, Super Six, match 3". Empty for a match by itself,
+  /// between two matches, and where no game is recorded.
+  std::string competition_in_play() const;
+
   /// The game becomes that of a recording, as it stands at its end, for resume_game(). False if it is over. Raises
   /// run_time_error: what reading and playing it raise, another program plays it (file), or its database is not on
   /// offer (file); the game is as it was then.

@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPointer>
 #include <QVBoxLayout>
 
 #include "database/agreement.h"
@@ -22,6 +23,7 @@
 #include "desktop/question.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
+#include "shell/game_keeper.h"
 #include "shell/guide.h"
 #include "shell/menu_actions.h"
 #include "shell/menu_entry.h"
@@ -64,6 +66,10 @@ MenuWindow::MenuWindow(QtFrontEnd& shown_by, QWidget* parent)
   prefer_size(QSize(1000, 660));
   show_panel(main_);
   if (Frame* frame = main_window()) {
+    frame->on_trail([menu = QPointer<MenuWindow>(this)] {
+      const GameKeeper* keeper = menu ? menu->shown_by_.keeper() : nullptr;
+      return keeper == nullptr ? QString() : shown(keeper->competition_in_play());
+    });
     frame->on_jump([this, frame] { with_database([this, frame] { menu::jump(shown_by_, frame->top() == this); })(); });
   }
 }

@@ -35,6 +35,7 @@ class Continue : public GameTest {
   }
 
   static bool offered(MenuWindow& menu) { return control<QAbstractButton>(menu, "continue")->isVisible(); }
+  static QString trail(MenuWindow& menu) { return control<QLabel>(*menu.window(), "trail")->text(); }
   static QString what_waits(MenuWindow& menu) { return control<QLabel>(menu, "waits")->text(); }
 
   /// Begins a match as captain of the first team.
@@ -175,6 +176,7 @@ TEST_F(Continue, ASeriesGoesOnWithItsMatchesAndCountsEachOnce) {
     user.robot.always("keep_question", pressing("keep"));
     user.robot.always("main", [&](QWidget& window) {
       if (series.match_no == 2 && ++overs > 5) {
+        EXPECT_TRUE(trail(menu).contains(QStringLiteral(", match 2  \u203A  "))) << trail(menu).toStdString();
         press(window, "quit");
       } else {
         press(window, "next_over");
@@ -188,7 +190,13 @@ TEST_F(Continue, ASeriesGoesOnWithItsMatchesAndCountsEachOnce) {
     EXPECT_TRUE(what_waits(menu).contains(QStringLiteral("match 2: "))) << what_waits(menu).toStdString();
     ClickingUser user;
     int results = 0;
+    user.robot.next("main", [&](QWidget& window) {
+      EXPECT_TRUE(trail(menu).startsWith(QStringLiteral("Menu  \u203A  Series "))) << trail(menu).toStdString();
+      EXPECT_TRUE(trail(menu).contains(QStringLiteral(", match 2  \u203A  "))) << trail(menu).toStdString();
+      press(window, "next_over");
+    });
     user.robot.always("sri_result", [&](QWidget& window) {
+      EXPECT_FALSE(trail(menu).contains(QStringLiteral(", match"))) << trail(menu).toStdString();
       ++results;
       press(window, "accept");
     });
