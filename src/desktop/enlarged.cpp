@@ -3,11 +3,18 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QScrollBar>
 #include <QVariant>
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace velorin {
 
@@ -17,6 +24,8 @@ constexpr const char* factor_name = "enlargement";
 constexpr const char* points_name = "usual_points";
 constexpr const char* around_name = "usual_around";
 constexpr const char* between_name = "usual_between";
+constexpr const char* limits_name = "usual_limits";
+constexpr const char* icon_name = "usual_icon";
 
 int times(double factor, int pixels) { return static_cast<int>(std::lround(factor * pixels)); }
 
@@ -48,7 +57,112 @@ void enlarge_room(QLayout& layout, double factor) {
   if (between >= 0) layout.setSpacing(times(factor, between));
 }
 
+/// The four limits of a size: the least and the most of width and height.
+using Limits = QRect;
+
+Limits limits_of(const QWidget& widget) {
+  return {QPoint(widget.minimumWidth(), widget.minimumHeight()), QPoint(widget.maximumWidth(), widget.maximumHeight())};
+}
+
+int grown_limit(int limit, double factor) {
+  return limit == QWIDGETSIZE_MAX ? limit : std::min(times(factor, limit), QWIDGETSIZE_MAX);
+}
+
+template <class Area>
+bool lies_within(const QWidget& widget) {
+  const QWidget* parent = widget.parentWidget();
+  return parent != nullptr && qobject_cast<Area*>(parent->parentWidget()) != nullptr;
+}
+
+/// Something whose size comes from what it shows, or is another part's business.
+bool has_own_limits(const QWidget& widget) {
+  return lies_within<QAbstractScrollArea>(widget) || qobject_cast<const QHeaderView*>(&widget) != nullptr ||
+         qobject_cast<const QScrollBar*>(&widget) != nullptr;
+}
+
+/// A property that keeps what is usual beside what was given for it; another value than the given one is a new usual.
+template <class Value>
+bool keep_grown(QObject& of, const char* name, const Value& now, const std::function<Value(const Value&)>& grow,
+                const std::function<void(const Value&)>& give) {
+  const QVariantList kept = of.property(name).toList();
+  const bool as_given = kept.size() == 2 && kept[1].value<Value>() == now;
+  const Value usual = as_given ? kept[0].value<Value>() : now;
+  const Value wanted = grow(usual);
+  if (kept.isEmpty() && wanted == usual) return false;
+  of.setProperty(name, QVariantList{QVariant::fromValue(usual), QVariant::fromValue(wanted)});
+  if (wanted == now) return false;
+  give(wanted);
+  return true;
+}
+
+bool enlarge_limits(QWidget& widget, double factor) {
+  if (has_own_limits(widget)) return false;
+  // The rows of a list say how high it is.
+  const bool rows = qobject_cast<const QAbstractItemView*>(&widget) != nullptr;
+  const auto grow = [&](const Limits& usual) {
+    const auto one = [&](int limit) { return grown_limit(limit, factor); };
+    return Limits(QPoint(one(usual.left()), rows ? usual.top() : one(usual.top())),
+                  QPoint(one(usual.right()), rows ? usual.bottom() : one(usual.bottom())));
+  };
+  return keep_grown<Limits>(widget, limits_name, limits_of(widget), grow, [&](const Limits& given) {
+    widget.setMinimumSize(given.left(), given.top());
+    widget.setMaximumSize(given.right(), given.bottom());
+  });
+}
+
+bool enlarge_icon(QAbstractButton& button, double factor) {
+  return keep_grown<QSize>(
+      button, icon_name, button.iconSize(), [&](const QSize& usual) { return usual * factor; },
+      [&](const QSize& given) { button.setIconSize(given); });
+}
+
+bool enlarge_font(QWidget& widget, double factor) {
+  return keep_grown<double>(
+      widget, points_name, widget.font().pointSizeF(), [&](const double& usual) { return usual * factor; },
+      [&](const double& given) {
+        QFont font = widget.font();
+        font.setPointSizeF(given);
+        widget.setFont(font);
+      });
+}
+
+/// The room around a layout's parts and between them, in one value: the margins, and the two distances.
+bool enlarge_distances(QLayout& layout, double factor) {
+  auto* grid = qobject_cast<QGridLayout*>(&layout);
+  const QMargins around = layout.contentsMargins();
+  const QVariantList now = {around.left(), around.top(), around.right(), around.bottom(),
+                            grid == nullptr ? layout.spacing() : grid->horizontalSpacing(),
+                            grid == nullptr ? layout.spacing() : grid->verticalSpacing()};
+  const auto grow = [&](const QVariantList& usual) {
+    QVariantList grown;
+    for (const QVariant& distance : usual) grown << (distance.toInt() < 0 ? -1 : times(factor, distance.toInt()));
+    return grown;
+  };
+  return keep_grown<QVariantList>(layout, between_name, now, grow, [&](const QVariantList& given) {
+    layout.setContentsMargins(given[0].toInt(), given[1].toInt(), given[2].toInt(), given[3].toInt());
+    if (grid == nullptr) return layout.setSpacing(given[4].toInt());
+    grid->setHorizontalSpacing(given[4].toInt());
+    grid->setVerticalSpacing(given[5].toInt());
+  });
+}
+
 }  // namespace
+
+bool enlarge_page(QWidget& page, double factor) {
+  bool changed = page.property(factor_name) != factor;
+  if (changed) page.setProperty(factor_name, factor);
+  for (QWidget* widget : page.findChildren<QWidget*>()) {
+    if (widget->isWindow() || widget->window() != page.window()) continue;
+    const bool written = has_own_text(*widget) || qobject_cast<QComboBox*>(widget) != nullptr ||
+                         qobject_cast<QLineEdit*>(widget) != nullptr || qobject_cast<QProgressBar*>(widget) != nullptr;
+    // What stands in the cell of a table is written as the table is.
+    if (written && !lies_within<QAbstractItemView>(*widget)) changed |= enlarge_font(*widget, factor);
+    if (auto* button = qobject_cast<QAbstractButton*>(widget)) changed |= enlarge_icon(*button, factor);
+    changed |= enlarge_limits(*widget, factor);
+  }
+  for (QLayout* layout : page.findChildren<QLayout*>()) changed |= enlarge_distances(*layout, factor);
+  return changed;
+}
 
 void enlarge(QWidget& root, double factor) {
   root.setProperty(factor_name, factor);

@@ -18,6 +18,10 @@ namespace velorin {
 /// paints itself asks for the enlargement.
 void enlarge(QWidget& root, double factor);
 
+/// The same for a page that knows nothing of it: fixed sizes, limits and icons of its parts grow as well. What came
+/// since the last time, or was given another size, is made to fit; true if anything changed.
+bool enlarge_page(QWidget& page, double factor);
+
 /// How much larger than usual a page of this size is drawn, 1 to 2: to the eighth, so that a drag of the frame does not
 /// restyle at every pixel.
 double fitting_enlargement(QSize page);

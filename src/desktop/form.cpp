@@ -19,6 +19,7 @@
 #include "desktop/body_area.h"
 #include "desktop/compact_look.h"
 #include "desktop/controls.h"
+#include "desktop/enlarged.h"
 #include "desktop/frame.h"
 #include "desktop/ground_picture.h"
 #include "desktop/help_window.h"
@@ -195,7 +196,20 @@ int Form::exec() {
   return result();
 }
 
-QSize Form::wanted_size() const { return sizeHint().expandedTo(preferred_); }
+QSize Form::wanted_size() const { return sizeHint().expandedTo(preferred_ * drawn_larger_); }
+
+double Form::wanted_enlargement() const {
+  return frame_ && !isWindow() ? frame_->enlargement_of_pages() : fitting_enlargement(size());
+}
+
+void Form::fit_enlargement() {
+  const double factor = wanted_enlargement();
+  if (enlarges_itself() || (factor == 1 && drawn_larger_ == 1)) return;
+  drawn_larger_ = factor;
+  if (!enlarge_page(*this, factor)) return;
+  // What it needs now, before anything is placed by what it needed.
+  for (QLayout* each : findChildren<QLayout*>()) each->invalidate();
+}
 
 int Form::width_beside(int most) const { return std::max(most, minimumSizeHint().width()); }
 
@@ -345,6 +359,8 @@ bool Form::event(QEvent* event) {
   // A window over a busy form waits for its user.
   if (event->type() == QEvent::WindowBlocked) show_busy(false);
   if (event->type() == QEvent::WindowUnblocked) show_busy(busy_);
+  // So may a part that is still of the usual size.
+  if (event->type() == QEvent::LayoutRequest && isVisible()) fit_enlargement();
   // A line may come into a body that is on show.
   if (event->type() == QEvent::LayoutRequest && isVisible() && area_->wants_room()) {
     QTimer::singleShot(0, this, [this] { make_room(); });
@@ -421,6 +437,7 @@ void Form::lay_out_foot(int wide) {
 }
 
 void Form::resizeEvent(QResizeEvent* event) {
+  fit_enlargement();
   if (isWindow()) {
     lay_out_foot(width());
   } else {

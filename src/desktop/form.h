@@ -132,6 +132,8 @@ class Form : public QDialog {
   void stand_alone(std::function<void()> back);
   void come_back(QWidget* slot);
   void rest(QWidget* hidden);
+  /// Draws it as many times as large as usual as the main window has room for, or its own if it is a window.
+  void fit_enlargement();
   /// The width that it takes beside a report, of at most so many pixels.
   virtual int width_beside(int most) const;
   /// A report stands beside it, or none any more.
@@ -140,6 +142,10 @@ class Form : public QDialog {
   void note_covered(bool covered) { show_busy(busy_ && !covered); }
 
  protected:
+  /// How many times as large as usual it is to be drawn.
+  double wanted_enlargement() const;
+  /// A form that draws itself larger by other ways than all others do.
+  virtual bool enlarges_itself() const { return false; }
   bool event(QEvent* event) override;
   /// The page keys scroll a body that is too large. Return presses the button that has the keyboard, elsewhere the
   /// default button. While that is disabled, Return takes the choice that has the keyboard.
@@ -195,6 +201,7 @@ class Form : public QDialog {
   QVBoxLayout* body_;
   QMargins around_body_;  // where it is not compact
   bool compact_ = false;
+  double drawn_larger_ = 1;
   BodyArea* area_;
   QWidget* foot_;
   QHBoxLayout* asides_;

@@ -202,8 +202,10 @@ void Frame::add_bar() {
 }
 
 /// On a large screen the bar is as much larger as the console.
+double Frame::enlargement_of_pages() const { return fitting_enlargement(area_->size()); }
+
 void Frame::enlarge_bar() {
-  const double factor = fitting_enlargement(area_->size());
+  const double factor = enlargement_of_pages();
   if (factor == enlargement(*bar_)) return;
   enlarge(*bar_, factor);
   bar_->layout()->invalidate();
@@ -390,6 +392,9 @@ void Frame::arrange() {
 
 void Frame::place(std::size_t lowest) {
   const QRect room = area_->rect();
+  for (std::size_t i = lowest; i < layers_.size(); ++i) {
+    if (!layers_[i].torn) layers_[i].form->fit_enlargement();
+  }
   QRect left = room;
   bool beside = false;
   for (std::size_t i = lowest + 1; i < layers_.size(); ++i) {

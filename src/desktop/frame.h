@@ -57,6 +57,9 @@ class Frame : public QWidget {
   void forget(Form& form);
   void arrange();
 
+  /// How many times as large as usual pages are drawn in its room.
+  double enlargement_of_pages() const;
+
   /// From this width on, reports stand beside their page.
   static constexpr int least_width_for_two = 1280;
   /// In less height, a report needs a bar, and more width for it than a console can spare; in pixels.

@@ -21,6 +21,7 @@
 #include <QToolTip>
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <system_error>
 
 #include "desktop/controls.h"
@@ -367,9 +368,28 @@ void TableView::showEvent(QShowEvent* event) {
 void TableView::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    fit_enlargement();
     measured_.clear();
     columns_->fit();
   }
+}
+
+void TableView::fit_enlargement() {
+  const double factor = enlargement(*this);
+  if (factor == drawn_) return;
+  const auto grown = [&](int pixels) { return static_cast<int>(std::lround(pixels * factor / drawn_)); };
+  setIconSize(QSize(18, 18) * factor);
+  set_lowest_row(grown(lowest_row_));
+  verticalHeader()->setMinimumWidth(grown(verticalHeader()->minimumWidth()));
+  write_in(model_->written_in());
+  const int most = maximumHeight();
+  setMinimumHeight(grown(minimumHeight()));
+  if (most < QWIDGETSIZE_MAX) setMaximumHeight(grown(most));
+  if (highest_row_ > 0) grow_rows(grown(highest_row_), growing_rows_);
+  drawn_ = factor;
+  measured_.clear();
+  fit_type();
+  updateGeometry();
 }
 
 void offer_table(QWidget& widget, const std::function<Table()>& table) {

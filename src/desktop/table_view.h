@@ -97,6 +97,8 @@ class TableView : public QTableView {
   int width_in(TypeStep step);
   void write_in(TypeStep step);
   void fit_type();
+  /// Its rows, heads and icons follow how large its page is drawn.
+  void fit_enlargement();
   int rows_height() const;
   int heads_width() const;
   void place_heads();
@@ -116,6 +118,7 @@ class TableView : public QTableView {
   int lowest_row_;
   int highest_row_ = 0;
   int growing_rows_ = 1;
+  double drawn_ = 1;  // how many times as large as usual
 };
 
 /// Offers the figures of a widget that is no table view as a table: Ctrl+C copies it, Ctrl+E saves it as CSV; the

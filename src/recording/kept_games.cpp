@@ -171,8 +171,12 @@ kept_game look_at_game(const std::filesystem::path& file) {
     game_state game = game_at_beginning(recorded);
     match_result result;
     replay_options options;
-    options.match_ends = [&](const game_state& ended) { result = ended.match; };
+    options.match_ends = [&](const game_state& ended) {
+      result = ended.match;
+      kept.played = true;
+    };
     kept.over = replay(recorded, file_name_text(file), game, options) == replay_end::over;
+    kept.played |= !game.match.deliveries.empty() || !game.match.first_deliveries.empty();
     kept.words = words_of(recorded.beginning.game, game);
     if (kept.over) {
       kept.words.stage.clear();

@@ -36,6 +36,7 @@ struct kept_game {
   std::int64_t changed_at = 0;  ///< likewise, when something of it was last written
   game_kind kind = game_kind::match;
   game_words words;
+  bool played = false;  ///< a ball has been bowled in it
   bool over = false;    ///< it can be watched, but not gone on with
   bool in_use = false;  ///< another program plays it
   std::string fault;    ///< why it can be neither; empty for a good one

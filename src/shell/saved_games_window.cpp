@@ -89,10 +89,11 @@ SavedGamesWindow::SavedGamesWindow(const GameKeeper& keeper, const std::filesyst
   of_game_ = {
       add_act("copy_game", "Save As", u'S', "Keeps a copy of this game under another name", [this] { copy(); }),
       add_act("rename_game", "Rename", u'R', "Gives this game another name", [this] { rename(); }),
-      add_act("delete_game", "Delete", u'D', "Deletes this game", [this] { remove(); }),
-      add_act("match_line", "Win Line", u'N', "How the chance of winning moved in this game's last match",
-              [this] { open_match_line(game()->file); }),
-      add_act("export_game", "Export", u'E', "Writes this game to a file of your choice", [this] { export_game(); })};
+      add_act("delete_game", "Delete", u'D', "Deletes this game", [this] { remove(); })};
+  match_line_ = add_act("match_line", "Win Line", u'N', "How the chance of winning moved in this game's last match",
+                        [this] { open_match_line(game()->file); });
+  of_game_.push_back(
+      add_act("export_game", "Export", u'E', "Writes this game to a file of your choice", [this] { export_game(); }));
   add_act("import_game", "Import", u'I', "Takes a game from a file", [this] { import_game(); });
   watch_ =
       add_button(QStringLiteral("watch"),
@@ -170,7 +171,9 @@ const kept_game* SavedGamesWindow::game() const {
 void SavedGamesWindow::show_acts() {
   const kept_game* now = game();
   for (QPushButton* button : of_game_) button->setEnabled(now != nullptr && !now->in_use);
-  if (watch_ != nullptr) watch_->setEnabled(now != nullptr && now->fault.empty());
+  const bool played = now != nullptr && now->fault.empty() && now->played;
+  if (match_line_ != nullptr) match_line_->setEnabled(played && !now->in_use);
+  if (watch_ != nullptr) watch_->setEnabled(played);
   if (go_on_ != nullptr) go_on_->setEnabled(now != nullptr && now->fault.empty() && !now->over && !now->in_use);
 }
 

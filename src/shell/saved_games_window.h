@@ -48,6 +48,7 @@ class SavedGamesWindow : public Form {
   TableView* table_;
   QPushButton* go_on_ = nullptr;
   QPushButton* watch_ = nullptr;
+  QPushButton* match_line_ = nullptr;
   std::vector<QPushButton*> of_game_;  // what can be done with any game that nobody plays
   std::filesystem::path chosen_;
   std::filesystem::path watched_;

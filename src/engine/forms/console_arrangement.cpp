@@ -51,10 +51,12 @@ void set_compact(QAbstractButton& button, bool compact) {
 }  // namespace
 
 int ConsoleWindow::width_beside(int most) const {
-  return most >= narrow_from ? narrow_from : most >= half_from ? half_from : strip_from;
+  const double factor = wanted_enlargement();
+  for (const int from : {narrow_from, half_from}) {
+    if (most >= from * factor) return static_cast<int>(from * factor);
+  }
+  return static_cast<int>(strip_from * factor);
 }
-
-double ConsoleWindow::wanted_enlargement() const { return fitting_enlargement(size()); }
 
 void ConsoleWindow::note_beside(bool beside) {
   if (beside == beside_) return;
@@ -66,11 +68,13 @@ ConsoleWindow::Arrangement ConsoleWindow::arrangement() const {
   constexpr int wide_from = 1600;
   constexpr int low_below = 700;
   constexpr int least_of_three_columns = 760;
-  if (beside_ && width() < half_from) return Arrangement::strip;
-  if (beside_ && width() < narrow_from) return Arrangement::half;
-  if (height() < low_below && width() < wide_from) return Arrangement::low;
-  if (width() < least_of_three_columns) return Arrangement::low;
-  return width() < wide_from * wanted_enlargement() ? Arrangement::narrow : Arrangement::wide;
+  // In pixels of the usual size.
+  const double wide = width() / wanted_enlargement();
+  if (beside_ && wide < half_from) return Arrangement::strip;
+  if (beside_ && wide < narrow_from) return Arrangement::half;
+  if (height() < low_below * wanted_enlargement() && wide < wide_from) return Arrangement::low;
+  if (wide < least_of_three_columns) return Arrangement::low;
+  return wide < wide_from ? Arrangement::narrow : Arrangement::wide;
 }
 
 void ConsoleWindow::arrange() {
@@ -78,7 +82,7 @@ void ConsoleWindow::arrange() {
   constexpr int room_for_past = 860;
   const Arrangement wanted = arrangement();
   const double factor = wanted_enlargement();
-  const bool past = wanted != Arrangement::strip || height() >= room_for_past;
+  const bool past = wanted != Arrangement::strip || height() >= room_for_past * factor;
   strip_->setVisible(past);
   last_wicket_->setVisible(past && wanted != Arrangement::low && next_over_ != nullptr);
   if (wanted == arranged_ && factor == drawn_) return;

@@ -118,7 +118,7 @@ class ConsoleWindow : public Form {
     wide,    ///< four columns
   };
   /// How much larger than usual all is drawn: what is made for 1920 x 1080 fills a larger window likewise.
-  double wanted_enlargement() const;
+  bool enlarges_itself() const override { return true; }
   Arrangement arrangement() const;
   void place_cards(Arrangement wanted);
   void set_density(Arrangement wanted);
