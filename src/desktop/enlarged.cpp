@@ -24,7 +24,10 @@ constexpr const char* factor_name = "enlargement";
 constexpr const char* points_name = "usual_points";
 constexpr const char* around_name = "usual_around";
 constexpr const char* between_name = "usual_between";
-constexpr const char* limits_name = "usual_limits";
+constexpr const char* least_width_name = "usual_least_width";
+constexpr const char* least_height_name = "usual_least_height";
+constexpr const char* most_width_name = "usual_most_width";
+constexpr const char* most_height_name = "usual_most_height";
 constexpr const char* icon_name = "usual_icon";
 
 int times(double factor, int pixels) { return static_cast<int>(std::lround(factor * pixels)); }
@@ -57,26 +60,25 @@ void enlarge_room(QLayout& layout, double factor) {
   if (between >= 0) layout.setSpacing(times(factor, between));
 }
 
-/// The four limits of a size: the least and the most of width and height.
-using Limits = QRect;
-
-Limits limits_of(const QWidget& widget) {
-  return {QPoint(widget.minimumWidth(), widget.minimumHeight()), QPoint(widget.maximumWidth(), widget.maximumHeight())};
-}
-
 int grown_limit(int limit, double factor) {
   return limit == QWIDGETSIZE_MAX ? limit : std::min(times(factor, limit), QWIDGETSIZE_MAX);
 }
 
-template <class Area>
-bool lies_within(const QWidget& widget) {
+bool lies_in_scroll_area(const QWidget& widget) {
   const QWidget* parent = widget.parentWidget();
-  return parent != nullptr && qobject_cast<Area*>(parent->parentWidget()) != nullptr;
+  return parent != nullptr && qobject_cast<QAbstractScrollArea*>(parent->parentWidget()) != nullptr;
+}
+
+bool lies_in_table(const QWidget& widget) {
+  for (const QWidget* at = widget.parentWidget(); at != nullptr; at = at->parentWidget()) {
+    if (qobject_cast<const QAbstractItemView*>(at) != nullptr) return true;
+  }
+  return false;
 }
 
 /// Something whose size comes from what it shows, or is another part's business.
 bool has_own_limits(const QWidget& widget) {
-  return lies_within<QAbstractScrollArea>(widget) || qobject_cast<const QHeaderView*>(&widget) != nullptr ||
+  return lies_in_scroll_area(widget) || qobject_cast<const QHeaderView*>(&widget) != nullptr ||
          qobject_cast<const QScrollBar*>(&widget) != nullptr;
 }
 
@@ -97,17 +99,18 @@ bool keep_grown(QObject& of, const char* name, const Value& now, const std::func
 
 bool enlarge_limits(QWidget& widget, double factor) {
   if (has_own_limits(widget)) return false;
+  const std::function<int(const int&)> grow = [factor](const int& usual) { return grown_limit(usual, factor); };
+  bool changed = keep_grown<int>(widget, least_width_name, widget.minimumWidth(), grow,
+                                 [&](const int& given) { widget.setMinimumWidth(given); });
+  changed |= keep_grown<int>(widget, most_width_name, widget.maximumWidth(), grow,
+                             [&](const int& given) { widget.setMaximumWidth(given); });
   // The rows of a list say how high it is.
-  const bool rows = qobject_cast<const QAbstractItemView*>(&widget) != nullptr;
-  const auto grow = [&](const Limits& usual) {
-    const auto one = [&](int limit) { return grown_limit(limit, factor); };
-    return Limits(QPoint(one(usual.left()), rows ? usual.top() : one(usual.top())),
-                  QPoint(one(usual.right()), rows ? usual.bottom() : one(usual.bottom())));
-  };
-  return keep_grown<Limits>(widget, limits_name, limits_of(widget), grow, [&](const Limits& given) {
-    widget.setMinimumSize(given.left(), given.top());
-    widget.setMaximumSize(given.right(), given.bottom());
-  });
+  if (qobject_cast<const QAbstractItemView*>(&widget) != nullptr) return changed;
+  changed |= keep_grown<int>(widget, least_height_name, widget.minimumHeight(), grow,
+                             [&](const int& given) { widget.setMinimumHeight(given); });
+  changed |= keep_grown<int>(widget, most_height_name, widget.maximumHeight(), grow,
+                             [&](const int& given) { widget.setMaximumHeight(given); });
+  return changed;
 }
 
 bool enlarge_icon(QAbstractButton& button, double factor) {
@@ -130,7 +133,10 @@ bool enlarge_font(QWidget& widget, double factor) {
 bool enlarge_distances(QLayout& layout, double factor) {
   auto* grid = qobject_cast<QGridLayout*>(&layout);
   const QMargins around = layout.contentsMargins();
-  const QVariantList now = {around.left(), around.top(), around.right(), around.bottom(),
+  const QVariantList now = {around.left(),
+                            around.top(),
+                            around.right(),
+                            around.bottom(),
                             grid == nullptr ? layout.spacing() : grid->horizontalSpacing(),
                             grid == nullptr ? layout.spacing() : grid->verticalSpacing()};
   const auto grow = [&](const QVariantList& usual) {
@@ -156,7 +162,7 @@ bool enlarge_page(QWidget& page, double factor) {
     const bool written = has_own_text(*widget) || qobject_cast<QComboBox*>(widget) != nullptr ||
                          qobject_cast<QLineEdit*>(widget) != nullptr || qobject_cast<QProgressBar*>(widget) != nullptr;
     // What stands in the cell of a table is written as the table is.
-    if (written && !lies_within<QAbstractItemView>(*widget)) changed |= enlarge_font(*widget, factor);
+    if (written && !lies_in_table(*widget)) changed |= enlarge_font(*widget, factor);
     if (auto* button = qobject_cast<QAbstractButton*>(widget)) changed |= enlarge_icon(*button, factor);
     changed |= enlarge_limits(*widget, factor);
   }

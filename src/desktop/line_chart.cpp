@@ -16,6 +16,7 @@
 #include <cmath>
 #include <memory>
 
+#include "desktop/enlarged.h"
 #include "desktop/team_colors.h"
 #include "desktop/theme.h"
 
@@ -23,11 +24,11 @@ namespace velorin {
 
 namespace {
 
-void style_axis(QValueAxis& axis, const QString& title) {
+void style_axis(QValueAxis& axis, const QString& title, double factor) {
   const Theme& t = theme();
   axis.setTitleText(title);
-  axis.setTitleFont(type_font(TypeStep::small));
-  axis.setLabelsFont(type_font(TypeStep::small));
+  axis.setTitleFont(type_font(TypeStep::small, factor));
+  axis.setLabelsFont(type_font(TypeStep::small, factor));
   axis.setTitleBrush(t.muted);
   axis.setLabelsColor(t.muted);
   axis.setLinePenColor(t.line);
@@ -140,6 +141,11 @@ void LineChartView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) draw();
 }
 
+void LineChartView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (view_->chart() != nullptr && drawn_ != enlargement(*this)) draw();
+}
+
 void LineChartView::draw() {
   const Theme& t = theme();
   auto* chart = new QChart;
@@ -149,12 +155,13 @@ void LineChartView::draw() {
   chart->layout()->setContentsMargins(0, 0, 0, 0);
   chart->setBackgroundRoundness(8);
   auto* across = new QValueAxis;
-  style_axis(*across, chart_.across);
+  drawn_ = enlargement(*this);
+  style_axis(*across, chart_.across, drawn_);
   across->setRange(0, chart_.across_to * 1.015);  // room for half a mark at the end
   across->setTickType(QValueAxis::TicksDynamic);
   across->setTickInterval(chart_.across_step);
   auto* up = new QValueAxis;
-  style_axis(*up, chart_.up);
+  style_axis(*up, chart_.up, drawn_);
   up->setRange(0, top_of(chart_));
   up->setTickType(QValueAxis::TicksDynamic);
   up->setTickInterval(50);
@@ -175,7 +182,7 @@ void LineChartView::draw() {
     for (QLegendMarker* entry : chart->legend()->markers(mark)) entry->setVisible(false);
   }
   chart->legend()->setLabelColor(t.ink);
-  chart->legend()->setFont(type_font(TypeStep::body));
+  chart->legend()->setFont(type_font(TypeStep::body, drawn_));
   chart->legend()->setAlignment(Qt::AlignTop);
   chart->legend()->setVisible(chart_.legend);
   const std::unique_ptr<QChart> before(view_->chart());

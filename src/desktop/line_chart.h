@@ -44,12 +44,14 @@ class LineChartView : public QWidget {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void draw();
 
   LineChart chart_;
   QChartView* view_;
+  double drawn_ = 1;  // how many times as large as usual
 };
 
 /// The teams at the two places of a match's charts.

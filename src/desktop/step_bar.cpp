@@ -9,6 +9,7 @@
 #include "desktop/controls.h"
 #include "desktop/crest.h"
 #include "desktop/elided_label.h"
+#include "desktop/enlarged.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -27,7 +28,9 @@ class StepDisc : public QWidget {
     const Theme& t = theme();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF disc = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
+    const double factor = enlargement(*this);
+    painter.scale(factor, factor);
+    const QRectF disc = QRectF(QPointF(), QSizeF(size()) / factor).adjusted(1.5, 1.5, -1.5, -1.5);
     painter.setPen(QPen(state_ == State::ahead ? t.muted : t.accent, 2));
     painter.setBrush(state_ == State::current ? QBrush(t.accent) : QBrush(Qt::NoBrush));
     painter.drawEllipse(disc);

@@ -86,10 +86,9 @@ SavedGamesWindow::SavedGamesWindow(const GameKeeper& keeper, const std::filesyst
   body()->addWidget(table_, 1);
   table_->on_open([this](int) { game() != nullptr&& game()->over ? watch() : go_on(); });
   connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] { show_acts(); });
-  of_game_ = {
-      add_act("copy_game", "Save As", u'S', "Keeps a copy of this game under another name", [this] { copy(); }),
-      add_act("rename_game", "Rename", u'R', "Gives this game another name", [this] { rename(); }),
-      add_act("delete_game", "Delete", u'D', "Deletes this game", [this] { remove(); })};
+  of_game_ = {add_act("copy_game", "Save As", u'S', "Keeps a copy of this game under another name", [this] { copy(); }),
+              add_act("rename_game", "Rename", u'R', "Gives this game another name", [this] { rename(); }),
+              add_act("delete_game", "Delete", u'D', "Deletes this game", [this] { remove(); })};
   match_line_ = add_act("match_line", "Win Line", u'N', "How the chance of winning moved in this game's last match",
                         [this] { open_match_line(game()->file); });
   of_game_.push_back(

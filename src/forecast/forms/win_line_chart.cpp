@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "desktop/accessible_role.h"
+#include "desktop/enlarged.h"
 #include "desktop/theme.h"
 
 namespace velorin {
@@ -55,7 +56,8 @@ bool WinLineChart::save(const QString& path) const {
 
 void WinLineChart::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  draw(painter, rect());
+  painter.scale(enlargement(*this), enlargement(*this));
+  draw(painter, QRectF(QPointF(), QSizeF(size()) / enlargement(*this)));
 }
 
 QPointF WinLineChart::point(const QRectF& plot, std::size_t place) const {

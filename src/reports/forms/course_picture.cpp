@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "desktop/accessible_role.h"
+#include "desktop/enlarged.h"
 #include "desktop/line_chart.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
@@ -266,9 +267,14 @@ void CoursePicture::draw_key(QPainter& painter, const QRectF& room) const {
                    QFontMetrics(painter.font()).elidedText(text, Qt::ElideRight, static_cast<int>(line.width())));
 }
 
+QRectF CoursePicture::usual_room() const { return {QPointF(), QSizeF(size()) / enlargement(*this)}; }
+
 void CoursePicture::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  draw(painter, rect());
+  painter.save();
+  painter.scale(enlargement(*this), enlargement(*this));
+  draw(painter, usual_room());
+  painter.restore();
   if (!hasFocus()) return;
   painter.setPen(QPen(theme().focus, 2));
   painter.setBrush(Qt::NoBrush);
@@ -283,8 +289,9 @@ void CoursePicture::pick(int over) {
 
 void CoursePicture::mousePressEvent(QMouseEvent* event) {
   if (match_ == nullptr || event->button() != Qt::LeftButton) return QWidget::mousePressEvent(event);
-  const Plot plot = plot_in(rect());
-  const double over = (event->position().x() - plot.area.left()) * overs_of_innings / plot.area.width();
+  const Plot plot = plot_in(usual_room());
+  const double over =
+      (event->position().x() / enlargement(*this) - plot.area.left()) * overs_of_innings / plot.area.width();
   pick(static_cast<int>(std::floor(over)) + 1);
 }
 

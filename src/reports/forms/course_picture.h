@@ -64,6 +64,8 @@ class CoursePicture : public QWidget {
   void draw_key(QPainter& painter, const QRectF& room) const;
   QColor color_of(const innings_story& innings) const;
   void pick(int over);
+  /// Its own room, in pixels of the usual size.
+  QRectF usual_room() const;
 
   Kind kind_;
   const match_story* match_ = nullptr;

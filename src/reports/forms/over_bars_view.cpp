@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "desktop/controls.h"
+#include "desktop/enlarged.h"
 #include "desktop/line_chart.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
@@ -112,7 +113,7 @@ void OverBarsView::paint_axes(QPainter& painter, int half) const {
   const Theme& t = theme();
   const double base = overs_graph_form::base_line[at(half)];
   const double end = width() - right;
-  painter.setFont(type_font(TypeStep::small));
+  painter.setFont(type_font(*this, TypeStep::small));
   for (const int runs : overs_graph_form::runs_marks) {
     const double y = y_of(half, base - runs * overs_graph_form::units_a_run);
     painter.setPen(QPen(t.line, 1, t.high_contrast ? Qt::DotLine : Qt::SolidLine));
@@ -148,7 +149,7 @@ void OverBarsView::paint_bars(QPainter& painter, int half) const {
 
 void OverBarsView::paint_marks(QPainter& painter, int half) const {
   const Theme& t = theme();
-  QFont letter = type_font(TypeStep::small);
+  QFont letter = type_font(*this, TypeStep::small);
   letter.setWeight(QFont::Bold);
   for (int over = 1; over <= overs_of_innings; ++over) {
     if (!form_.wicket_marks[at(overs_graph_form::place(half, over))]) continue;
@@ -171,7 +172,7 @@ void OverBarsView::paint_rate(QPainter& painter, int half) const {
   painter.drawLine(QPointF(left, y), QPointF(end, y));
   painter.setPen(QPen(t.ink, 1.5, Qt::DashLine));
   painter.drawLine(QPointF(left, y), QPointF(end + 16, y));
-  painter.setFont(type_font(TypeStep::strong));
+  painter.setFont(type_font(*this, TypeStep::strong));
   painter.drawText(QRectF(end + 24, y - 12, right - 24, 24), Qt::AlignLeft | Qt::AlignVCenter,
                    shown(number_text(form_.rate[at(half)])));
 }

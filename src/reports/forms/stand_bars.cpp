@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "desktop/accessible_role.h"
+#include "desktop/enlarged.h"
 #include "desktop/shown_text.h"
 #include "desktop/theme.h"
 
@@ -38,7 +39,7 @@ StandBars::StandBars(std::vector<stand_share> stands, QWidget* parent) : QWidget
   setVisible(!stands_.empty());
 }
 
-int StandBars::row_height() const { return QFontMetrics(type_font(TypeStep::small)).height() + bar_height + 8; }
+int StandBars::row_height() const { return QFontMetrics(type_font(*this, TypeStep::small)).height() + bar_height + 8; }
 
 QSize StandBars::sizeHint() const { return {320, static_cast<int>(stands_.size()) * row_height()}; }
 
@@ -55,7 +56,7 @@ void StandBars::paintEvent(QPaintEvent*) {
 
 void StandBars::paint_stand(QPainter& painter, const stand_share& stand, const QRect& row, int longest) const {
   const Theme& t = theme();
-  const QFont type = type_font(TypeStep::small);
+  const QFont type = type_font(*this, TypeStep::small);
   painter.setFont(type);
   const int text = QFontMetrics(type).height();
   const QRect line(row.left(), row.top(), row.width(), text);
