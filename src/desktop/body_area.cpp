@@ -62,6 +62,12 @@ int BodyArea::needed_height(int width) const {
   return layout.hasHeightForWidth() ? layout.totalMinimumHeightForWidth(wide) : layout.totalMinimumSize().height();
 }
 
+int BodyArea::wanted_height(int width) const {
+  const QLayout& layout = *content_->layout();
+  const int wide = std::min(std::max(width, layout.totalMinimumSize().width()), content_->maximumWidth());
+  return layout.hasHeightForWidth() ? layout.totalHeightForWidth(wide) : layout.totalSizeHint().height();
+}
+
 QSize BodyArea::sizeHint() const { return content_->sizeHint().expandedTo(minimumSizeHint()); }
 
 QSize BodyArea::minimumSizeHint() const {

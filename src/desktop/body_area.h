@@ -18,6 +18,8 @@ class BodyArea : public QScrollArea {
   void set_room(QSize room);
   /// Takes in what the body needs at the present width.
   void fit();
+  /// As high as the body wants to be at a width of the area, in pixels.
+  int wanted_height(int width) const;
   /// Whether the body has scroll bars although the screen has room for more of it.
   bool wants_room() const;
   /// Scrolls by a page; false where there is nothing to scroll.

@@ -56,8 +56,8 @@ void ButtonTable::set_table(Table table, std::map<int, QAbstractButton*> buttons
   place_buttons();
 }
 
-void ButtonTable::set_row_heights(int lowest, int highest) {
-  view_->set_lowest_row(lowest);
+void ButtonTable::set_row_heights(int lowest, int highest, int usual) {
+  view_->set_lowest_row(lowest, usual);
   view_->show_all_rows();
   view_->grow_rows(highest, static_cast<int>(view_->table().rows.size()));
 }

@@ -26,8 +26,9 @@ class ButtonTable : public QWidget {
   /// Shows the table, whole; its first column is told by the buttons, which become children and are hidden where no row
   /// has their id. A button that is disabled leads nowhere.
   void set_table(Table table, std::map<int, QAbstractButton*> buttons);
-  /// The rows are from `lowest` to `highest` pixels high, as the room allows.
-  void set_row_heights(int lowest, int highest);
+  /// The rows are from `lowest` to `highest` pixels high, as the room allows; it asks for room for rows of `usual`
+  /// pixels, as low ones if 0.
+  void set_row_heights(int lowest, int highest, int usual = 0);
   TableView& view() const { return *view_; }
   QAbstractButton* button(int id) const;
 

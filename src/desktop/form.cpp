@@ -167,6 +167,8 @@ void Form::stand_as(Place place, const QString& about) {
   about_ = about;
 }
 
+bool Form::is_sheet() const { return in_frame_ && !isWindow() && place_ == Place::sheet; }
+
 void Form::setVisible(bool visible) {
   if (moving_ || !frame_) return QDialog::setVisible(visible);
   const bool enters = visible && !in_frame_;
@@ -214,13 +216,24 @@ void Form::fit_enlargement() {
 int Form::width_beside(int most) const { return std::max(most, minimumSizeHint().width()); }
 
 QSize Form::size_within(QSize most) {
+  most_ = most;
   fit_into(most, width());
-  QSize wanted = wanted_size().boundedTo(most);
+  const int wide = std::min(wanted_size().width(), most.width());
   // In its new width the foot may need other rows than in the one that it has.
-  fit_into(most, wanted.width());
-  wanted = wanted_size().expandedTo({wanted.width(), 0}).boundedTo(most);
-  if (!layout()->hasHeightForWidth()) return wanted;
-  return {wanted.width(), std::clamp(layout()->totalHeightForWidth(wanted.width()), wanted.height(), most.height())};
+  fit_into(most, wide);
+  const int wider = std::clamp(wanted_size().width(), wide, most.width());
+  return {wider, height_at(wider)};
+}
+
+/// As high as all that a sheet shows wants to be at this width, and no higher: it ends with its last row.
+int Form::height_at(int wide) const {
+  int high = area_->wanted_height(wide);
+  for (int i = 0; i < layout()->count(); ++i) {
+    const QLayoutItem* item = layout()->itemAt(i);
+    if (item->widget() == area_ || item->isEmpty()) continue;
+    high += item->hasHeightForWidth() ? item->heightForWidth(wide) : item->sizeHint().height();
+  }
+  return std::min(std::max(high, static_cast<int>(preferred_.height() * drawn_larger_)), most_.height());
 }
 
 void Form::stand_alone(std::function<void()> back) {
@@ -267,7 +280,7 @@ void Form::show_compact(QSize room) {
   const bool compact = room.height() < least_roomy_height;
   if (!compact && !compact_) return;
   if (!compact_) around_body_ = body_->contentsMargins();
-  compact_ = compact;
+  if (std::exchange(compact_, compact) != compact) note_compact(compact);
   velorin::show_compact({head_, head_rows_, heading_, subheading_, body_, foot_, around_body_}, compact, room.width());
   // What they need now counts at once, not with the next round of layouts.
   for (QWidget* part : {head_, foot_}) {
@@ -359,11 +372,11 @@ bool Form::event(QEvent* event) {
   // A window over a busy form waits for its user.
   if (event->type() == QEvent::WindowBlocked) show_busy(false);
   if (event->type() == QEvent::WindowUnblocked) show_busy(busy_);
-  // So may a part that is still of the usual size.
-  if (event->type() == QEvent::LayoutRequest && isVisible()) fit_enlargement();
-  // A line may come into a body that is on show.
-  if (event->type() == QEvent::LayoutRequest && isVisible() && area_->wants_room()) {
-    QTimer::singleShot(0, this, [this] { make_room(); });
+  // A line may come into a body that is on show, or go; a part that is still of the usual size, too.
+  if (event->type() == QEvent::LayoutRequest && isVisible()) {
+    fit_enlargement();
+    const bool resized = is_sheet() ? height_at(width()) != height() : area_->wants_room();
+    if (resized) QTimer::singleShot(0, this, [this] { make_room(); });
   }
   // The desktop may have put something else around the window than was expected.
   if (event->type() == QEvent::WindowActivate && isWindow() && expected_ != frame()) {
@@ -438,7 +451,8 @@ void Form::lay_out_foot(int wide) {
 
 void Form::resizeEvent(QResizeEvent* event) {
   fit_enlargement();
-  if (isWindow()) {
+  // The main window has told a sheet what room there is around it.
+  if (isWindow() || is_sheet()) {
     lay_out_foot(width());
   } else {
     fit_into(size(), width());

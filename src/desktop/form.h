@@ -138,6 +138,8 @@ class Form : public QDialog {
   virtual int width_beside(int most) const;
   /// A report stands beside it, or none any more.
   virtual void note_beside(bool /*beside*/) {}
+  /// It has little height, or enough again: what it shows may stand closer.
+  virtual void note_compact(bool /*compact*/) {}
   /// Another form stands over it, or none any more.
   void note_covered(bool covered) { show_busy(busy_ && !covered); }
 
@@ -169,6 +171,8 @@ class Form : public QDialog {
   /// Tells the body how much room the screen has for it.
   void measure_room();
   void stay_on_screen();
+  bool is_sheet() const;
+  int height_at(int wide) const;
   /// As high as the contents need at this width.
   void grow();
   /// Likewise on the screen, as far as it has room.
@@ -208,6 +212,7 @@ class Form : public QDialog {
   QHBoxLayout* buttons_;
   QPushButton* default_ = nullptr;
   QSize preferred_;
+  QSize most_;  // that a sheet has room for
   bool placed_ = false;
   bool placing_ = false;          // is being shown
   int widest_ = QWIDGETSIZE_MAX;  // that the screen has room for

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/sheet_adviser.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -16,8 +17,19 @@ namespace velorin {
 SheetAdviser::SheetAdviser(Form& form, Acts acts, QBoxLayout* rows)
     : QObject(&form), acts_(std::move(acts)), line_(new_named_label(QStringLiteral("reason"), {}, TextRole::muted)) {
   line_->setWordWrap(true);
-  line_->setMinimumHeight(2 * line_->fontMetrics().height());
-  (rows != nullptr ? rows : form.body())->addWidget(line_);
+  line_->hide();  // until there is something to tell
+  QHBoxLayout* row = nullptr;
+  if (rows != nullptr) {
+    row = new QHBoxLayout;
+    row->setSpacing(16);
+    row->addStretch(1);
+    rows->addLayout(row);
+  }
+  const auto add = [&](QPushButton* button) {
+    if (row == nullptr) return form.add_aside(button);
+    row->addWidget(button);
+    if (button->parentWidget() != nullptr) button->show();  // the form may be on show
+  };
   if (acts_.advise) {
     toggle_ = new QPushButton;
     toggle_->setObjectName(QStringLiteral("adviser"));
@@ -33,17 +45,20 @@ SheetAdviser::SheetAdviser(Form& form, Acts acts, QBoxLayout* rows)
         advise();
       });
     });
-    form.add_aside(toggle_);
+    add(toggle_);
   }
-  form.add_aside(form.new_button(QStringLiteral("leave_to_computer"),
-                                 {.caption = QStringLiteral("Leave to Computer"),
-                                  .mnemonic = u'u',
-                                  .hint = QStringLiteral("Choose what the computer would, and tell why")},
-                                 [this] {
-                                   const QString reason = acts_.leave();
-                                   line_->setText(reason);
-                                   line_->setAccessibleName(reason);
-                                 }));
+  add(form.new_button(QStringLiteral("leave_to_computer"),
+                      {.caption = QStringLiteral("Leave to Computer"),
+                       .mnemonic = u'u',
+                       .hint = QStringLiteral("Choose what the computer would, and tell why")},
+                      [this] {
+                        const QString reason = acts_.leave();
+                        line_->setText(reason);
+                        line_->setAccessibleName(reason);
+                        line_->setVisible(!reason.isEmpty());
+                      }));
+  if (row != nullptr) row->addStretch(1);
+  (rows != nullptr ? rows : form.body())->addWidget(line_);
   if (acts_.advise) advise();
 }
 

@@ -27,7 +27,8 @@ class SheetAdviser : public QObject {
     std::function<void()> clear;             ///< the adviser is turned off: shows no advice any more
   };
 
-  /// Adds both to the form's foot, and the line for the reason to these rows, or else to its body.
+  /// Adds both, and below them the line for the reason, to these rows; or else both to the form's foot, and the line to
+  /// its body.
   SheetAdviser(Form& form, Acts acts, QBoxLayout* rows = nullptr);
 
   bool is_working() const { return work_.is_working(); }

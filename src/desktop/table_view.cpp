@@ -181,18 +181,19 @@ const Table& TableView::table() const { return model_->table(); }
 
 int TableView::table_row(int view_row) const { return order_->mapToSource(order_->index(view_row, 0)).row(); }
 
-int TableView::rows_height() const {
+int TableView::rows_height(int row) const {
   const int rows = std::max(1, model_->rowCount());
-  return horizontalHeader()->sizeHint().height() + rows * verticalHeader()->defaultSectionSize() + 2 * frameWidth() + 2;
+  return horizontalHeader()->sizeHint().height() + rows * row + 2 * frameWidth() + 2;
 }
 
 void TableView::show_all_rows() {
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setMinimumHeight(rows_height());
+  setMinimumHeight(rows_height(lowest_row_));
 }
 
-void TableView::set_lowest_row(int height) {
+void TableView::set_lowest_row(int height, int usual) {
   lowest_row_ = height;
+  usual_row_ = usual;
   verticalHeader()->setMinimumSectionSize(height);
   verticalHeader()->setDefaultSectionSize(height);
 }
@@ -282,7 +283,7 @@ int TableView::width_in(TypeStep step) {
 
 QSize TableView::sizeHint() const {
   constexpr int air = 8;  // pixels, beside each column
-  return {needed_width() + air * model_->columnCount() + 3 * air, rows_height()};
+  return {needed_width() + air * model_->columnCount() + 3 * air, rows_height(std::max(lowest_row_, usual_row_))};
 }
 
 void TableView::copy() const {

@@ -57,8 +57,9 @@ class TableView : public QTableView {
   /// The rows grow with the view, up to this height, so that `rows` of them fill it; the view grows no further.
   void grow_rows(int highest, int rows);
 
-  /// Rows may be this low, in pixels, and are until grow_rows lets them grow.
-  void set_lowest_row(int height);
+  /// Rows may be this low, in pixels, and are until grow_rows lets them grow; the view asks for room for rows of
+  /// `usual` pixels, as low ones if 0.
+  void set_lowest_row(int height, int usual = 0);
 
   /// Where rows are high and the width allows, the type is larger.
   void grow_type() { grows_type_ = true; }
@@ -99,7 +100,7 @@ class TableView : public QTableView {
   void fit_type();
   /// Its rows, heads and icons follow how large its page is drawn.
   void fit_enlargement();
-  int rows_height() const;
+  int rows_height(int row) const;
   int heads_width() const;
   void place_heads();
 
@@ -116,6 +117,7 @@ class TableView : public QTableView {
   int row_to_press_ = -1;
   int opened_column_ = 0;
   int lowest_row_;
+  int usual_row_ = 0;  // of tables whose rows grow
   int highest_row_ = 0;
   int growing_rows_ = 1;
   double drawn_ = 1;  // how many times as large as usual

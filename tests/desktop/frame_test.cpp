@@ -18,6 +18,7 @@
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "windows/robot.h"
+#include "windows/room_checks.h"
 #include "windows/window_checks.h"
 
 namespace velorin::testing {
@@ -151,6 +152,36 @@ TEST_F(MainWindow, ALongSheetStaysWithinTheWindowAndScrolls) {
     EXPECT_TRUE(frame_.rect().contains(place_of(sheet)));
     const auto* ok = sheet.findChild<QPushButton*>(QStringLiteral("accept"));
     EXPECT_TRUE(place_of(sheet).contains(place_of(*ok))) << "the foot stays";
+    sheet.reject();
+  });
+}
+
+TEST_F(MainWindow, ASheetEndsWithItsLastRowAndFollowsWhatItShows) {
+  Leaf sheet("sheet", &menu_, Form::Place::sheet);
+  auto* wrapped =
+      new QLabel(QStringLiteral("Words enough that they are wrapped where a sheet is narrow. ").repeated(4));
+  wrapped->setWordWrap(true);
+  sheet.body()->addWidget(wrapped);
+  auto* late = new QLabel(QStringLiteral("A line that comes when it is asked for"));
+  late->hide();
+  sheet.body()->addWidget(late);
+  const auto settle = [] {
+    for (int round = 0; round < 6; ++round) QApplication::processEvents();
+  };
+  open(sheet, [&] {
+    for (const QSize size : {QSize(1024, 700), QSize(960, 540), QSize(1280, 800)}) {
+      frame_.resize(size);
+      settle();
+      check_end_of_sheet(sheet);
+      const int before = sheet.height();
+      late->show();
+      settle();
+      EXPECT_GE(sheet.height(), before + late->height());
+      check_end_of_sheet(sheet);
+      late->hide();
+      settle();
+      EXPECT_EQ(sheet.height(), before);
+    }
     sheet.reject();
   });
 }

@@ -193,6 +193,8 @@ void Walk::look_in_size(QWidget& form, QSize size) {
   check_layout(form);
   check_painted_texts(form);
   if (form.objectName() != QLatin1String("main")) check_room(form);
+  const auto* of_game = qobject_cast<const Form*>(&form);
+  if (of_game != nullptr && of_game->place() == Form::Place::sheet) check_end_of_sheet(form);
   terms_ += check_terms(form);
   // What passes by stands whole in the bar.
   const auto* passing = window.findChild<QLabel*>(QStringLiteral("passing"));

@@ -9,4 +9,8 @@ namespace velorin::testing {
 /// within each other only one scrolls up and down. Failures are test failures.
 void check_room(const QWidget& page);
 
+/// A visible sheet ends with its last row: below it stands nothing but the usual margin, and likewise in its cards and
+/// tables. A sheet that scrolls has none to spare. Failures are test failures.
+void check_end_of_sheet(const QWidget& sheet);
+
 }  // namespace velorin::testing

@@ -31,7 +31,9 @@ AggressionWindow::AggressionWindow(const aggression_odds& odds, aggression_form&
                              .arg(form.for_batsman ? QStringLiteral("batsman") : QStringLiteral("bowler"))
                              .arg(form.player_slot));
   limit_body(720);
-  set_title(QStringLiteral("Aggression"), shown(form.player_name));
+  set_title(QStringLiteral("Aggression"), shown(form.player_name).trimmed());
+  set_subheading(form.for_batsman ? QStringLiteral("Batting for %1").arg(shown(form.match().team1_name))
+                                  : QStringLiteral("Bowling for %1").arg(shown(form.match().team2_name)));
   name_heading(QStringLiteral("player_name"));
   body()->addWidget(new_figures());
   body()->addWidget(new_aggression(odds));
@@ -39,7 +41,6 @@ AggressionWindow::AggressionWindow(const aggression_odds& odds, aggression_form&
   auto* sentence = new_named_label(QStringLiteral("score_sentence"), shown(form_.score_sentence), TextRole::muted);
   body()->addWidget(sentence);
   sentence->setVisible(!form_.score_sentence.empty());
-  body()->addStretch(1);
   add_adviser();
   const Act ok{.caption = QStringLiteral("OK"), .mnemonic = u'O'};
   const auto confirm = [this] {
@@ -81,6 +82,7 @@ SheetAdviser::Acts AggressionWindow::advised_levels() const {
   if (position == 0 || match.next_step == play_step::closed || !can_be_forecast(match)) return acts;
   acts.advise = [this, side, what, position]() -> BackWork::Work {
     advised_->setText(QStringLiteral("To win: …"));
+    advised_->show();
     const auto state = std::make_shared<const match_state>(form_.match());
     return [this, state, side, what, position](const std::stop_token& stop, const auto&) -> BackWork::Show {
       std::vector<captains_choice> choices;
@@ -95,10 +97,14 @@ SheetAdviser::Acts AggressionWindow::advised_levels() const {
         }
         advised_->setText(QStringLiteral("To win:  %1").arg(levels.join(QStringLiteral("   "))));
         advised_->setAccessibleName(QStringLiteral("To win, by level: %1").arg(levels.join(QStringLiteral("; "))));
+        advised_->show();
       };
     };
   };
-  acts.clear = [this] { advised_->clear(); };
+  acts.clear = [this] {
+    advised_->clear();
+    advised_->hide();
+  };
   return acts;
 }
 
@@ -109,8 +115,11 @@ QWidget* AggressionWindow::new_figures() {
   grid->setVerticalSpacing(4);
   for (int i = 0; i < 4; ++i) {
     const auto at = static_cast<std::size_t>(i);
-    grid->addWidget(
-        new_named_label(QStringLiteral("heading_%1").arg(i), shown(form_.headings[at]), TextRole::small_muted), 0, i);
+    // The caption of a bar ends in a colon, which is not shown over it.
+    QString heading = shown(form_.headings[at]);
+    if (heading.endsWith(u':')) heading.chop(1);
+    grid->addWidget(new_named_label(QStringLiteral("heading_%1").arg(i), heading.trimmed(), TextRole::small_muted), 0,
+                    i);
     auto* figure =
         new_named_label(QStringLiteral("figure_%1").arg(i), shown(form_.figures[at]), TextRole::heading, card);
     grid->addWidget(figure, 1, i);
@@ -121,9 +130,16 @@ QWidget* AggressionWindow::new_figures() {
   auto* settled = new MeterBar(QStringLiteral("settled_meter"), spoken_name(shown(form_.headings[3])),
                                aggression_form::settled_full, card);
   settled->set_value(form_.settled_width);
-  settled->setMinimumWidth(160);
-  grid->addWidget(settled, 1, 3, Qt::AlignVCenter);
+  settled->setMinimumWidth(140);
+  const int share = static_cast<int>(100 * form_.settled_width / aggression_form::settled_full);
+  auto* told = new_named_label(QStringLiteral("settled_share"), QStringLiteral("%1 %").arg(share), TextRole::heading);
+  auto* meter = new QHBoxLayout;
+  meter->setSpacing(12);
+  meter->addWidget(settled, 1, Qt::AlignVCenter);
+  meter->addWidget(told);
+  grid->addLayout(meter, 1, 3);
   settled->setVisible(form_.settled_visible);
+  told->setVisible(form_.settled_visible);
   card_rows(card)->addLayout(grid);
   return card;
 }
@@ -138,6 +154,7 @@ QWidget* AggressionWindow::new_aggression(const aggression_odds& odds) {
   levels_->answer_figures(*this);
   card_rows(card)->addWidget(levels_);
   advised_ = new_named_label(QStringLiteral("advice"), {}, TextRole::muted);
+  advised_->hide();
   advised_->setToolTip(meaning_of(QStringLiteral("To win")));
   card_rows(card)->addWidget(advised_);
   return card;

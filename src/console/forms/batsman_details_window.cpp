@@ -32,7 +32,8 @@ BatsmanDetailsWindow::BatsmanDetailsWindow(batsman_details_form& form, QWidget* 
   stand_as(Place::sheet);
   const std::string& title = form.figures.title.empty() ? form.title : form.figures.title;
   limit_body(800);
-  set_title(title.empty() ? QStringLiteral("Batsman") : shown(title), shown_caption(form.figures.headline));
+  set_title(title.empty() ? QStringLiteral("Batsman") : shown(title),
+            shown_caption(form.figures.headline).simplified());
   name_heading(QStringLiteral("headline"));
   QFrame* card = new_card();
   auto* grid = new QGridLayout;
@@ -55,7 +56,6 @@ BatsmanDetailsWindow::BatsmanDetailsWindow(batsman_details_form& form, QWidget* 
   }
   card_rows(card)->addLayout(grid);
   body()->addWidget(card);
-  body()->addStretch(1);
   add_pass_by(*this, form.kind);
   auto* ok = add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'}, [this] {
     form_.accept();

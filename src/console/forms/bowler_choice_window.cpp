@@ -57,8 +57,7 @@ BowlerChoiceWindow::BowlerChoiceWindow(const match_play& play, bowler_choice_for
                    note(row)});
   }
   men_->show_rows();
-  body()->addWidget(men_, 1);
-  body()->addStretch();
+  body()->addWidget(men_);
   men_->on_chosen([this](int row) {
     form_.choose(row);
     show_choice();

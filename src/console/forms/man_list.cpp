@@ -15,12 +15,14 @@
 namespace velorin {
 
 namespace {
-constexpr int lowest_row = 26;  // pixels
+constexpr int lowest_row = 22;  // pixels
+constexpr int usual_row = 26;
 constexpr int highest_row = 40;
 }  // namespace
 
 ManList::ManList(const QString& names_heading, std::vector<Column> columns, QWidget* parent)
     : ButtonTable(QStringLiteral("men"), parent), columns_(std::move(columns)), group_(new QButtonGroup(this)) {
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   // Eleven rows have to fit a sheet on the smallest screen.
   setStyleSheet(QStringLiteral("QRadioButton { padding: 0px 3px; border-width: 1px; }"));
   rows_.name = spoken_name(names_heading);
@@ -77,7 +79,7 @@ void ManList::show_rows() {
   std::map<int, QAbstractButton*> buttons;
   for (const TableRow& row : rows_.rows) buttons[row.id] = options_[static_cast<std::size_t>(row.id)];
   set_table(rows_, std::move(buttons));
-  set_row_heights(lowest_row, highest_row);
+  set_row_heights(lowest_row, highest_row, usual_row);
   view().setMinimumWidth(view().needed_width());
 }
 

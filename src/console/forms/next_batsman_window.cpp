@@ -28,7 +28,6 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, std::function<aggre
                                      next_batsman_form& form, QWidget* parent)
     : Form(QStringLiteral("batorder"), Dismissal::refused, parent), odds_(std::move(odds)), form_(form), play_(play) {
   stand_as(Place::sheet, QStringLiteral("batsman_%1").arg(play.match.striker_slot()));
-  limit_body(800);
   set_title(shown(form.title), shown(form.title));
   set_subheading(shown(play.match.team1_name));
   auto* men = new ManList(shown(next_batsman_form::names_heading), {{shown(next_batsman_form::skill_heading), true},
@@ -42,9 +41,11 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, std::function<aggre
                   enabled ? QString() : QStringLiteral("Has come in")});
   }
   men->show_rows();
-  body()->addWidget(men, 1);
-  body()->addWidget(new_aggression());
-  body()->addStretch();
+  parts_ = new QBoxLayout(QBoxLayout::TopToBottom);
+  parts_->addWidget(men);
+  parts_->addWidget(new_aggression(), 0, Qt::AlignTop);
+  body()->addLayout(parts_);
+  NextBatsmanWindow::note_compact(false);
   men->on_chosen([this](int row) { choose(row); });
   if (form_.chosen == 0) {
     const auto first = std::find(form_.enabled.begin() + 1, form_.enabled.end(), true);
@@ -80,6 +81,12 @@ QWidget* NextBatsmanWindow::new_aggression() {
   levels_->answer_figures(*this);
   card_rows(card)->addWidget(levels_);
   return card;
+}
+
+/// Where the height is little the aggression stands beside the men.
+void NextBatsmanWindow::note_compact(bool compact) {
+  limit_body(compact ? 940 : 800);
+  parts_->setDirection(compact ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
 void NextBatsmanWindow::choose(int row) {

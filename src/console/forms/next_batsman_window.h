@@ -7,6 +7,8 @@
 #include "model/aggression_odds.h"
 #include "ui/match_play.h"
 
+class QBoxLayout;
+
 namespace velorin {
 
 class LevelChoice;
@@ -24,12 +26,15 @@ class NextBatsmanWindow : public Form {
   NextBatsmanWindow(const match_play& play, std::function<aggression_odds(int row)> odds, next_batsman_form& form,
                     QWidget* parent = front_window());
 
+  void note_compact(bool compact) override;
+
  private:
   QWidget* new_aggression();
   void choose(int row);
 
   std::function<aggression_odds(int)> odds_;  // none where nobody answers
   LevelChoice* levels_ = nullptr;
+  QBoxLayout* parts_ = nullptr;  // the men, and the aggression of the one
   next_batsman_form& form_;
   match_play play_;
 };

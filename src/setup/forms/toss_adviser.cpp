@@ -42,19 +42,24 @@ QString told(const std::vector<advice>& found, const captains_choice& choice) {
 SheetAdviser::Acts advised_toss(const match_state& match, const std::string& deciding, QLabel& label) {
   SheetAdviser::Acts acts;
   if (!can_be_forecast(match)) return acts;
-  acts.clear = [&label] { label.clear(); };
-  acts.advise = [&match, &label, deciding]() -> BackWork::Work {
+  const auto clear = [&label] {
+    label.clear();
+    label.hide();
+  };
+  acts.clear = clear;
+  acts.advise = [&match, &label, clear, deciding]() -> BackWork::Work {
     label.setText(QStringLiteral("Chance of winning: \u2026"));
+    label.show();
     const auto state = std::make_shared<const match_state>(match);
-    return [state, &label, deciding](const std::stop_token& stop, const auto&) -> BackWork::Show {
+    return [state, &label, clear, deciding](const std::stop_token& stop, const auto&) -> BackWork::Show {
       const toss_choices asked = choices_of(deciding == state->team1_name);
       const int threads = std::clamp(static_cast<int>(std::thread::hardware_concurrency()) - 1, 1, 2);
       const std::vector<advice> found = advise(*state, asked.side, {asked.bat, asked.bowl},
                                                {.runs = runs_of_toss, .seed = 1, .threads = threads, .stop = stop});
-      return [&label, found, asked] {
+      return [&label, clear, found, asked] {
         const QString bat = told(found, asked.bat);
         const QString bowl = told(found, asked.bowl);
-        if (bat.isEmpty() || bowl.isEmpty()) return label.clear();
+        if (bat.isEmpty() || bowl.isEmpty()) return clear();
         label.setText(QStringLiteral("Chance of winning:   bat %1   bowl %2").arg(bat, bowl));
         label.setAccessibleName(QStringLiteral("Chance of winning: %1 batting first, %2 bowling first").arg(bat, bowl));
       };

@@ -169,6 +169,7 @@ void TossWindow::add_adviser() {
       QStringLiteral("The deciding side's chance of winning under each choice, from the match played many times, "
                      "with its error"));
   advice->setAlignment(Qt::AlignHCenter);
+  advice->hide();
   rows_->addWidget(advice);
   SheetAdviser::Acts acts = advised_toss(match_, form_.deciding_line, *advice);
   acts.leave = [this] {

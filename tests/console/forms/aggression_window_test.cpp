@@ -56,14 +56,14 @@ TEST_F(AggressionWindowTest, ShowsABatsman) {
   window.show();
   take_picture(window, "aggr_batsman");
   check_window_at_sizes(window);
-  EXPECT_EQ(text(window, "player_name"), " H.Bat1 ");
+  EXPECT_EQ(text(window, "player_name"), "H.Bat1");
   EXPECT_EQ(text(window, "heading_0"), "Runs");
   EXPECT_EQ(text(window, "figure_0"), "41");
   EXPECT_EQ(text(window, "heading_1"), "Balls");
   EXPECT_EQ(text(window, "figure_1"), "60");
   EXPECT_EQ(text(window, "heading_2"), "SR");
   EXPECT_EQ(text(window, "figure_2"), "68.33");
-  EXPECT_EQ(text(window, "heading_3"), "Settled  :");
+  EXPECT_EQ(text(window, "heading_3"), "Settled");
   EXPECT_FALSE(is_shown(window, "figure_3"));
   EXPECT_TRUE(is_shown(window, "settled_meter"));
   EXPECT_DOUBLE_EQ(control<MeterBar>(window, "settled_meter")->value(), 5 * (82 + 30));
@@ -126,7 +126,7 @@ TEST_F(AggressionWindowTest, ShowsABowler) {
   window.show();
   take_picture(window, "aggr_bowler");
   check_window_at_sizes(window);
-  EXPECT_EQ(text(window, "player_name"), " A.Bowl9 ");
+  EXPECT_EQ(text(window, "player_name"), "A.Bowl9");
   EXPECT_EQ(text(window, "heading_0"), "Overs");
   EXPECT_EQ(text(window, "figure_0"), "4.3");
   EXPECT_EQ(text(window, "heading_1"), "Mdns");

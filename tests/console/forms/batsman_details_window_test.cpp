@@ -39,7 +39,7 @@ TEST_F(BatsmanDetailsWindowTest, ShowsTheFigures) {
   take_picture(window, "batsmandetails");
   check_window_at_sizes(window);
   EXPECT_EQ(window.windowTitle(), "Fall Of Wicket");
-  EXPECT_EQ(text(window, "headline"), "K.L.Merriweather  c D.Pellinore-Brackenbury & b R.Vance  67 (71).");
+  EXPECT_EQ(text(window, "headline"), "K.L.Merriweather c D.Pellinore-Brackenbury & b R.Vance 67 (71).");
   EXPECT_EQ(text(window, "dots"), "30");
   EXPECT_EQ(text(window, "singles"), "25");
   EXPECT_EQ(text(window, "twos"), "7");
