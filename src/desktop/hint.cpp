@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "desktop/controls.h"
@@ -112,7 +113,11 @@ void Hint::place() {
   const auto* head = form_.findChild<QWidget*>(QStringLiteral("head"));
   const QRect kept = !in_sheet && head != nullptr && head->isVisible() ? place_of(*head, within) : QRect();
   const QRect about = in_sheet ? place_of(form_, within) : control;
-  constexpr Qt::Edge sides[] = {Qt::RightEdge, Qt::LeftEdge, Qt::TopEdge, Qt::BottomEdge};
+  // Beside a button at the foot there are others.
+  const auto* foot = form_.findChild<QWidget*>(QStringLiteral("foot"));
+  const bool above = !in_sheet && foot != nullptr && foot->isAncestorOf(control_);
+  std::array sides = {Qt::RightEdge, Qt::LeftEdge, Qt::TopEdge, Qt::BottomEdge};
+  if (above) std::rotate(sides.begin(), sides.begin() + 2, sides.end());
   for (const QRect& from : {about, control}) {
     for (const Qt::Edge side : sides) {
       const auto at = at_side(side, from, control, room);

@@ -2,11 +2,13 @@
 #include "shell/guide.h"
 
 #include <QAbstractButton>
-#include <algorithm>
+#include <string_view>
 
 #include "desktop/form.h"
 #include "desktop/frame.h"
 #include "desktop/hint.h"
+#include "engine/forms/console_window.h"
+#include "model/rules.h"
 
 namespace velorin {
 
@@ -20,6 +22,15 @@ bool is_live(const QWidget& control) {
 
 }  // namespace
 
+QWidget* control_of(const QWidget& form, const char* control) {
+  if (control != std::string_view("man")) return form.findChild<QWidget*>(QString::fromLatin1(control));
+  for (int row = 1; row <= men_in_eleven; ++row) {
+    auto* man = form.findChild<QAbstractButton*>(QStringLiteral("man_%1").arg(row));
+    if (man != nullptr && man->isEnabled()) return man;
+  }
+  return nullptr;
+}
+
 const std::vector<GuideHint>& guide_hints() {
   static const std::vector<GuideHint> hints = {
       {"quick", {{"accept", "Here is your match. Change what you like; Play leads to the first ball."}}},
@@ -31,30 +42,35 @@ const std::vector<GuideHint>& guide_hints() {
         {"bowler_level_0",
          "How hard a bowler goes for wickets, from 1 to 5. Below each: runs an over, and balls for a wicket."}}},
       {"main", {{"show_scorecard", "The scorecard, and from it all other reports and files."}}},
-      {"batorder", {{"accept", "Choose who goes in, and how hard he is to go for runs."}}},
-      {"chgbowler",
-       {{"accept_change", "Choose who bowls. Nobody bowls more than ten overs. F1 tells more, everywhere."}}},
+      {"batorder", {{"man", "Choose who goes in, and how hard he is to go for runs."}}},
+      {"chgbowler", {{"man", "Choose who bowls. Nobody bowls more than ten overs. F1 tells more, everywhere."}}},
   };
   return hints;
 }
 
 Guide::Guide(Frame& frame) : QObject(&frame), frame_(frame), waiting_(guide_hints()) {
   // A page may be covered at once.
-  connect(
-      &frame, &Frame::top_changed, this, [this] { look(frame_.top()); }, Qt::QueuedConnection);
+  connect(&frame, &Frame::top_changed, this, &Guide::look_again, Qt::QueuedConnection);
 }
+
+void Guide::look_again() { look(frame_.top()); }
 
 void Guide::look(Form* top) {
   if (top == nullptr || (shown_ && shown_->isVisible())) return;
+  if (const auto* console = qobject_cast<ConsoleWindow*>(top)) {
+    connect(console, &ConsoleWindow::over_ended, this, &Guide::look_again,
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection));
+    if (!console->rests()) return;
+  }
   const QString id = top->objectName();
   for (auto hint = waiting_.begin(); hint != waiting_.end(); ++hint) {
     if (id != QLatin1String(hint->form)) continue;
     for (const GuideHint::Words& words : hint->about) {
-      auto* control = top->findChild<QWidget*>(QString::fromLatin1(words.control));
+      QWidget* control = control_of(*top, words.control);
       if (control == nullptr || !is_live(*control)) continue;
       shown_ = new Hint(*top, *control, QString::fromLatin1(words.words), [this] {
         if (waiting_.empty()) return deleteLater();
-        look(frame_.top());
+        look_again();
       });
       waiting_.erase(hint);
       return;

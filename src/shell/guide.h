@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <vector>
 
+class QWidget;
+
 namespace velorin {
 
 class Form;
@@ -22,11 +24,14 @@ struct GuideHint {
   std::vector<Words> about;
 };
 
+/// The control of a form that a hint is about; nullptr if it is not there. "man" is the first that can be chosen.
+QWidget* control_of(const QWidget& form, const char* control);
+
 /// The six hints, in the order in which a match meets them.
 const std::vector<GuideHint>& guide_hints();
 
 /// Leads a newcomer through his first match: shows each hint once, when its control is first on show in the main
-/// window, one at a time. Goes when the last has been read.
+/// window, one at a time; those of the console once an over has been bowled. Goes when the last has been read.
 class Guide : public QObject {
   Q_OBJECT
 
@@ -37,6 +42,7 @@ class Guide : public QObject {
   int left() const { return static_cast<int>(waiting_.size()); }
 
  private:
+  void look_again();
   void look(Form* top);
 
   Frame& frame_;

@@ -226,7 +226,10 @@ void ConsoleWindow::play(const std::function<void()>& work) {
     return;
   }
   refresh();
+  emit over_ended();
 }
+
+bool ConsoleWindow::rests() const { return !playing_ && match_.innings_balls >= balls_of_over; }
 
 void ConsoleWindow::forget_commentary() { commentary_->forget(); }
 

@@ -73,12 +73,18 @@ class ConsoleWindow : public Form {
   void ball_bowled();
   /// An over is being bowled.
   bool playing() const { return playing_; }
+  /// The first over has been bowled, and nothing is on its way.
+  bool rests() const;
 
   /// However large it is drawn, it can become a small one again.
   QSize minimumSizeHint() const override;
   /// Beside a report it shows as much as has room, from a single column on.
   int width_beside(int most) const override;
   void note_beside(bool beside) override;
+
+ signals:
+  /// What was bowled has been, and all is shown.
+  void over_ended();
 
  protected:
   /// A console before which somebody looks on, with a foot of its own: nothing is bowled, and nobody is asked.
