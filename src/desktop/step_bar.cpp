@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/controls.h"
 #include "desktop/crest.h"
@@ -98,6 +99,20 @@ StepBar::StepBar(const std::vector<FlowStep>& steps, int current, QWidget* paren
                         .trimmed());
 }
 
-void StepBar::show_compact(bool compact) { layout()->setContentsMargins(24, compact ? 4 : 10, 24, compact ? 4 : 10); }
+void StepBar::show_compact(bool compact) {
+  compact_ = compact;
+  set_margins();
+}
+
+void StepBar::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  set_margins();
+}
+
+void StepBar::set_margins() {
+  const auto* body = parentWidget()->findChild<QWidget*>(QStringLiteral("middle"));
+  const int beside = body == nullptr ? 0 : std::max(0, (width() - body->maximumWidth()) / 2);
+  layout()->setContentsMargins(24 + beside, compact_ ? 4 : 10, 24 + beside, compact_ ? 4 : 10);
+}
 
 }  // namespace velorin

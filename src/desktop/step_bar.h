@@ -15,7 +15,8 @@ struct FlowStep {
   QStringList teams = {};  ///< whose crests stand beside it
 };
 
-/// Shows the steps of a flow side by side, what was chosen in each, and where one is. Takes no input.
+/// Shows the steps of a flow side by side, what was chosen in each, and where one is, as wide as the body of its form.
+/// Takes no input.
 class StepBar : public QWidget {
   Q_OBJECT
 
@@ -25,6 +26,14 @@ class StepBar : public QWidget {
 
   /// Less air, where there is little height.
   void show_compact(bool compact);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void set_margins();
+
+  bool compact_ = false;
 };
 
 }  // namespace velorin

@@ -39,10 +39,17 @@ QString conditions_chosen(const match_state& match) {
            word(bounces, match.ground.pitch_bounce), word(outfields, match.outfield));
 }
 
+/// How many of its men a side has left out.
+QString eleven_chosen(const match_state& match, std::size_t side) {
+  const squad& men = match.squads[side];
+  const auto count = std::count_if(men.begin() + 1, men.end(), [](const player_rec& man) { return !man.name.empty(); });
+  return QStringLiteral("%1: 11 of %2 men").arg(shown(match.chosen[side].name)).arg(count);
+}
+
 QString elevens_chosen(const match_state& match, bool both) {
-  const auto& [first, second] = match.chosen;
-  if (both) return QStringLiteral("%1 and %2").arg(shown(first.name), shown(second.name));
-  return match.first_team_done ? shown(first.name) : QString();
+  if (!both && !match.first_team_done) return {};
+  const QString first = eleven_chosen(match, 0);
+  return both ? first + QLatin1Char('\n') + eleven_chosen(match, 1) : first;
 }
 
 }  // namespace
