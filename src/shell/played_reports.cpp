@@ -42,7 +42,9 @@ PlayedMatches PlayedReports::matches() const {
     played.all.push_back({.number = number,
                           .sides = QStringLiteral("%1 v %2").arg(shown(first.side), shown(second.side)),
                           .ground = shown(report.ground),
-                          .result = shown(report.result).simplified()});
+                          .result = shown(report.result).simplified(),
+                          .first = shown(first.side),
+                          .second = shown(second.side)});
   }
   played.open = [this](int number) {
     MatchReportWindow window(reports_.at(number), profile_);

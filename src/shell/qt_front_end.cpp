@@ -115,7 +115,7 @@ QtFrontEnd::QtFrontEnd(game_state& game, const std::filesystem::path& kept_games
     : game_(game),
       names_(game.data),
       keeper_(kept_games.empty() ? std::nullopt : std::optional<GameKeeper>(std::in_place, *this, game, kept_games)),
-      unstopped_(game),
+      unstopped_(game, [this] { return reports_.matches(); }),
       turns_(game.data.files),
       cup_form_(play(), game.world_cup) {
   reports_.on_profile(profile_of());

@@ -3,11 +3,14 @@
 
 #include <QCoreApplication>
 #include <optional>
+#include <utility>
 
+#include "competitions/forms/played_matches.h"
 #include "competitions/game_state.h"
 #include "competitions/next_match.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
+#include "desktop/shown_text.h"
 #include "shell/unstopped_window.h"
 
 namespace velorin {
@@ -28,6 +31,20 @@ std::optional<coming_match> next_match_of(const game_state& game, Activity activ
       break;
   }
   return std::nullopt;
+}
+
+QString name_of(const game_state& game, Activity activity) {
+  switch (activity) {
+    case Activity::series_of_two:
+      return QStringLiteral("%1 v %2").arg(shown(game.series.home.team), shown(game.series.away.team));
+    case Activity::series_of_three:
+      return QStringLiteral("Tri Series");
+    case Activity::cup:
+      return QStringLiteral("World Cup");
+    case Activity::single_match:
+      break;
+  }
+  return {};
 }
 
 }  // namespace
@@ -53,7 +70,8 @@ bool next_match_has_human(const game_state& game, Activity activity) {
   return coming && coming->has_human();
 }
 
-UnstoppedPlay::UnstoppedPlay(const game_state& game) : game_(game), user_(game.match) {}
+UnstoppedPlay::UnstoppedPlay(const game_state& game, std::function<PlayedMatches()> played)
+    : game_(game), played_(std::move(played)), user_(game.match) {}
 UnstoppedPlay::~UnstoppedPlay() { delete window_.data(); }
 
 void UnstoppedPlay::begin(Activity activity) {
@@ -84,6 +102,7 @@ void UnstoppedPlay::match_begins() {
   answering_ = switched_on() && !game_.match.human_involved();
   if (answering_) {
     running_ = true;
+    if (window_) window_->show_results(played_());
   } else {
     end();
   }
@@ -107,7 +126,8 @@ void UnstoppedPlay::ball_bowled() {
 
 void UnstoppedPlay::show_progress() {
   if (!window_) {
-    window_ = new UnstoppedWindow(game_.match, [this] { ask_to_stop(); });
+    window_ = new UnstoppedWindow(game_.match, name_of(game_, activity_), [this] { ask_to_stop(); });
+    window_->show_results(played_());
     window_->show();
   }
   window_->show_progress(matches_left(game_, activity_));

@@ -3,11 +3,13 @@
 
 #include <QElapsedTimer>
 #include <QPointer>
+#include <functional>
 
 #include "headless/headless_user.h"
 
 namespace velorin {
 
+struct PlayedMatches;
 class UnstoppedWindow;
 struct game_state;
 
@@ -16,11 +18,13 @@ enum class Activity { single_match, series_of_two, series_of_three, cup };
 
 /// Matches of a competition between two computer sides that run without stopping, if the user has switched that on for
 /// competitions of its kind: a headless user answers what such a match asks, and the standings between two such matches
-/// are passed over, while a progress window names the match, its score and the matches left. The user can ask it to
+/// are passed over, while a page names the match, its score and the matches
+/// left, and lists the results. The user can ask it to
 /// stop at the next match. It stops by itself before a match with a human side and at the end of a competition.
 class UnstoppedPlay {
  public:
-  explicit UnstoppedPlay(const game_state& game);
+  /// `played`: the matches of the competition that have been played.
+  UnstoppedPlay(const game_state& game, std::function<PlayedMatches()> played);
   ~UnstoppedPlay();
 
   /// The menu opens an activity, or it is over.
@@ -49,6 +53,7 @@ class UnstoppedPlay {
   void show_progress();
 
   const game_state& game_;
+  std::function<PlayedMatches()> played_;
   headless_user user_;
   Activity activity_ = Activity::single_match;
   bool answering_ = false;  // the match in play is answered

@@ -7,7 +7,9 @@
 
 #include "competitions/series.h"
 #include "competitions/world_cup_form.h"
+#include "desktop/form.h"
 #include "desktop/preferences.h"
+#include "desktop/table_view.h"
 #include "model/match_state.h"
 #include "shell/game_fixture.h"
 #include "shell/unstopped_window.h"
@@ -125,6 +127,9 @@ TEST_F(UnstoppedPlayTest, ItCanBeAskedToStopAtTheNextMatch) {
   user.robot.next("unstopped", [&](QWidget& window) {
     check_window(window);
     take_picture(window, "unstopped");
+    EXPECT_EQ(static_cast<Form&>(window).place(), Form::Place::page) << "the menu is not seen";
+    const auto* results = control<TableView>(window, "results");
+    EXPECT_EQ(results->model()->rowCount(), series.match_no - 1) << "one row for each match that is over";
     asked_in = series.match_no;
     press(window, "stop");
   });

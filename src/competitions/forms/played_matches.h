@@ -14,6 +14,8 @@ struct PlayedMatch {
   QString sides;
   QString ground;
   QString result;
+  QString first = {};  ///< the side that batted first
+  QString second = {};
 };
 
 /// All of them, by number; the windows of the competition lead to their reports.
