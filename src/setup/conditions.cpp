@@ -42,31 +42,31 @@ constexpr std::array<sky_color, 4> sky_tops = {
 constexpr std::array<sky_color, 4> sky_bottoms = {
     {{50536, 50536, 50536}, {65535, 65535, 65535}, {0, 65535, 65535}, {65535, 65036, 0}}};
 
-/// 1 with a chance of 2 in 5; 2, 3 and 4 with 1 in 5 each.
+int draw_from(random_source& chance, const span_of_values& values) {
+  return static_cast<int>(std::floor(values.count * chance.rnd() + values.lowest));
+}
+
+}  // namespace
+
 int draw_condition(random_source& chance) {
   chance.reseed();
   const int value = static_cast<int>(5 * chance.rnd());
   return value == 0 ? 1 : value;
 }
 
-int draw_from(random_source& chance, const span_of_values& values) {
-  return static_cast<int>(std::floor(values.count * chance.rnd() + values.lowest));
-}
-
-int slider_value(const match_state& match, const open_database& data, int figure, const char* field) {
+int pitch_figure(const open_database& data, const std::string& ground, int figure, const char* field) {
   if (figure < 1 || figure > 4) {
     throw run_time_error(
         failure::type, "Invalid value: " + number_text(figure) + " is no pitch condition of 1 to 4",
-        {.file = file_name_text(data.files.ground_file), .record = 0, .field = field, .player = match.venue_name()});
+        {.file = file_name_text(data.files.ground_file), .record = 0, .field = field, .player = ground});
   }
   return figure;
 }
 
-}  // namespace
-
 void conditions_form::open() {
-  const int surface = slider_value(play_.match, play_.data, play_.match.ground.pitch_bounce, "pitch_bounce");
-  const int bounce = slider_value(play_.match, play_.data, play_.match.ground.pitch_surface, "pitch_surface");
+  const ground_rec& ground = play_.match.ground;
+  const int surface = pitch_figure(play_.data, ground.ground_name, ground.pitch_bounce, "pitch_bounce");
+  const int bounce = pitch_figure(play_.data, ground.ground_name, ground.pitch_surface, "pitch_surface");
   const int weather_drawn = draw_condition(play_.chance);
   const int outfield_drawn = draw_condition(play_.chance);
   const int temperature = draw_from(play_.chance, temperatures[weather_drawn - 1]);

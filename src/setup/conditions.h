@@ -10,6 +10,9 @@
 
 namespace velorin {
 
+class random_source;
+struct open_database;
+
 /// Red, green, blue, 0 to 65535 each.
 using sky_color = std::array<std::uint16_t, 3>;
 
@@ -51,5 +54,10 @@ struct conditions_form {
   drawn_conditions drawn_;  // the sliders as the words were written
   match_play play_;
 };
+
+/// Weather or outfield by chance, after reseeding: 1 with a chance of 2 in 5; 2, 3 and 4 with 1 in 5 each.
+int draw_condition(random_source& chance);
+/// A figure of a ground's pitch. Raises run_time_error (type) for one outside 1 to 4, with the name of its field.
+int pitch_figure(const open_database& data, const std::string& ground, int figure, const char* field);
 
 }  // namespace velorin

@@ -136,6 +136,10 @@ void new_match_form::enter(const std::string& first, const std::string& second, 
   ground_index = 0;
 }
 
+std::array<chosen_team, 2> new_match_form::chosen_teams() const {
+  return {team_of(teams, first_team_index), team_of(teams, second_team_index)};
+}
+
 void new_match_form::begin() {
   // A match that broke off has left its marks.
   keep_worms(play_.match);
@@ -148,7 +152,7 @@ void new_match_form::begin() {
   play_.match.occasion = {};
   play_.match.computer_bats = computer_captains_first;
   play_.match.computer_bowls = computer_captains_second;
-  play_.match.chosen = {team_of(teams, first_team_index), team_of(teams, second_team_index)};
+  play_.match.chosen = chosen_teams();
   play_.match.elevens_before = read_elevens_before(play_.data);
   conditions_form(play_).open();
   play_.match.step = match_step::conditions;

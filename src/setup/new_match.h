@@ -7,6 +7,7 @@
 
 #include "model/entered_game.h"
 #include "model/match_records.h"
+#include "model/match_set_up.h"
 #include "ui/match_play.h"
 
 namespace velorin {
@@ -62,6 +63,9 @@ struct new_match_form {
   /// the twentieth team (subscript), a rating that is no number (type), and whatever a step raises; the form is visible
   /// again then.
   void accept();
+  /// The teams chosen, with their records; {} for none.
+  std::array<chosen_team, 2> chosen_teams() const;
+  const match_play& play() const { return play_; }
   /// "Cancel".
   void cancel() { visible = false; }
 

@@ -173,7 +173,7 @@ void quick_match(QtFrontEnd& shown_by) {
     new_match_form form(shown_by.play());
     form.open();
     QuickMatchWindow window(shown_by.game().match, form,
-                            [&shown_by](QuickAnswers answers) { shown_by.answer_set_up(answers); });
+                            [&shown_by](QuickChoices choices) { shown_by.answer_set_up(std::move(choices)); });
     run_modal(window);
   } while (shown_by.take_rematch());
 }

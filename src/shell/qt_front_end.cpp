@@ -62,6 +62,7 @@
 #include "setup/toss.h"
 #include "shell/browse.h"
 #include "shell/match_line.h"
+#include "shell/quick_answers.h"
 #include "shell/saved_games_window.h"
 #include "shell/table_chances.h"
 
@@ -209,28 +210,29 @@ save_answer QtFrontEnd::answer(const failed_save& failed) {
 void QtFrontEnd::show(conditions_form& form) {
   play_begins();
   unstopped_.match_begins();
-  if (unstopped_.answers_match() || (quick_ && quick_->conditions)) return unstopped_.user().show(form);
+  if (unstopped_.answers_match()) return unstopped_.user().show(form);
+  if (quick_ && quick_->answered.conditions) return answer_quickly(form, *quick_);
   ConditionsWindow window(form);
   show_set_up_steps(window, game_.match, SetUpStep::conditions);
   run_modal(window);
 }
 
 void QtFrontEnd::show(team_selection_form& form) {
-  if (unstopped_.answers_match() || (quick_ && quick_->elevens)) return unstopped_.user().show(form);
+  if (unstopped_.answers_match() || (quick_ && quick_->answered.elevens)) return unstopped_.user().show(form);
   TeamSelectionWindow window(game_.match, form);
   show_set_up_steps(window, game_.match, SetUpStep::elevens);
   run_modal(window);
 }
 
 void QtFrontEnd::show(toss_form& form) {
-  if (quick_ && quick_->toss) return unstopped_.user().show(form);
+  if (quick_ && quick_->answered.toss) return answer_quickly(form, *quick_);
   TossWindow window(game_.match, form);
   show_set_up_steps(window, game_.match, SetUpStep::toss);
   run_modal(window);
 }
 
 void QtFrontEnd::show(next_batsman_form& form) {
-  if (quick_ && quick_->openers) return unstopped_.user().show(form);
+  if (quick_ && quick_->answered.openers) return answer_quickly(form, *quick_, game_.match.team1_name);
   refresh_console();
   const auto answers = [this](int row) { return newcomer_odds(game_.match, row); };
   show_modally<NextBatsmanWindow>(form, play(), answers);
@@ -238,10 +240,7 @@ void QtFrontEnd::show(next_batsman_form& form) {
 
 void QtFrontEnd::show(bowler_choice_form& form) {
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
-  if (quick_ && quick_->openers) {
-    form.choose(form.best_row());
-    return form.accept();
-  }
+  if (quick_ && quick_->answered.openers) return answer_quickly(form, *quick_, game_.match.team2_name);
   refresh_console();
   show_modally<BowlerChoiceWindow>(form, play());
 }

@@ -11,6 +11,7 @@
 #include "competitions/world_cup_form.h"
 #include "desktop/preferences.h"
 #include "reports/forms/match_report_window.h"
+#include "setup/forms/quick_choices.h"
 #include "shell/game_keeper.h"
 #include "shell/name_pages.h"
 #include "shell/played_reports.h"
@@ -67,7 +68,7 @@ class QtFrontEnd : public front_end {
   void activity_goes_on();
   void activity_over();
   /// What the computer answers for the user until the first over of the next match, which then begins by itself.
-  void answer_set_up(QuickAnswers answers) { quick_ = answers; }
+  void answer_set_up(QuickChoices choices) { quick_ = std::move(choices); }
   /// The user has asked, at the end of a match, for the same sides again; once for each time.
   bool take_rematch() { return std::exchange(rematch_, false); }
   game_state& game() { return game_; }
@@ -104,7 +105,7 @@ class QtFrontEnd : public front_end {
   QPointer<Frame> frame_;                   // the main window in which it stands
   QPointer<Form> busy_;                     // the window below the progress: it takes no input meanwhile
   QPointer<MatchProgressWindow> progress_;  // while an unattended match runs; the window below it owns it
-  std::optional<QuickAnswers> quick_;       // on the way to the first over of a quick match
+  std::optional<QuickChoices> quick_;       // on the way to the first over of a quick match
   bool rematch_ = false;
   UnstoppedPlay unstopped_;
   PlayedReports reports_;

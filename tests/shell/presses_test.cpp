@@ -4,7 +4,9 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <array>
 #include <map>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -178,6 +180,60 @@ TEST_F(Presses, WhatTheComputerAnswersIsShownAndCanBeChanged) {
   EXPECT_FALSE(preferences::quick_answers().elevens) << "remembered";
   EXPECT_TRUE(preferences::quick_answers().toss);
   EXPECT_FALSE(match.result_margin.empty());
+}
+
+TEST_F(Presses, AQuickMatchIsPlayedAsItsPageShows) {
+  ClickingUser user;
+  QStringList openers;
+  std::array<int, 4> levels{};
+  QString side;
+  user.robot.next("quick", [&](QWidget& window) {
+    side = control<QComboBox>(window, "first_team")->currentText();
+    EXPECT_TRUE(control<QLabel>(window, "quick_eleven_0")->text().startsWith(side + u':'));
+    EXPECT_EQ(control<QLabel>(window, "quick_eleven_1")->text().count(u','), 10);
+    auto* weather = control<QComboBox>(window, "quick_weather");
+    weather->setCurrentIndex(3 - weather->currentIndex());
+    const char* const names[] = {"quick_weather", "quick_pitch", "quick_bounce", "quick_outfield"};
+    for (std::size_t i = 0; i < 4; ++i) levels[i] = control<QComboBox>(window, names[i])->currentIndex() + 1;
+    // The second opener opens with the last man of the order, and the first bowler changes places with the second.
+    auto* second = control<QComboBox>(window, "quick_opener_0_1");
+    second->setCurrentIndex(10);
+    emit second->activated(10);
+    auto* bowler = control<QComboBox>(window, "quick_opener_0_2");
+    auto* other = control<QComboBox>(window, "quick_opener_0_3");
+    const QString before = bowler->currentText();
+    bowler->setCurrentIndex(other->currentIndex());
+    emit bowler->activated(other->currentIndex());
+    EXPECT_EQ(other->currentText(), before) << "nobody opens twice";
+    EXPECT_FALSE(control<QComboBox>(window, "quick_opener_1_0")->isVisible()) << "the computer's side";
+    for (const char* place : {"quick_opener_0_0", "quick_opener_0_1", "quick_opener_0_2", "quick_opener_0_3"}) {
+      openers << control<QComboBox>(window, place)->currentText();
+    }
+    press(window, "accept");
+  });
+  bool seen = false;
+  user.robot.always("main", [&](QWidget& window) {
+    if (!seen && match.over_no == 2) {
+      seen = true;
+      const auto& found = match;
+      EXPECT_EQ(
+          (std::array<int, 4>{found.weather, found.ground.pitch_surface, found.ground.pitch_bounce, found.outfield}),
+          levels);
+      if (match.team1_name == side.toStdString()) {
+        EXPECT_EQ(match.batting_xi[1].name, openers[0].toStdString());
+        EXPECT_EQ(match.batting_xi[2].name, openers[1].toStdString());
+      } else {
+        std::set<std::string> bowled;
+        for (int row = 1; row <= 11; ++row) {
+          if (row == match.bowler || row == match.next_bowler) bowled.insert(match.bowling_xi[row].name);
+        }
+        EXPECT_EQ(bowled, (std::set<std::string>{openers[2].toStdString(), openers[3].toStdString()}));
+      }
+    }
+    press(window, "next_over");
+  });
+  play([&](MenuWindow& menu) { press(menu, "quick_match"); });
+  EXPECT_TRUE(seen);
 }
 
 TEST_F(Presses, OneBowlsAnOver) {

@@ -1,92 +1,59 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/forms/quick_match_window.h"
 
-#include <QCheckBox>
-#include <QGridLayout>
-#include <QLabel>
+#include <QComboBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QVBoxLayout>
 #include <utility>
 
-#include "desktop/controls.h"
+#include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/step_bar.h"
+#include "setup/forms/quick_answers_card.h"
+#include "setup/new_match.h"
 
 namespace velorin {
 
-namespace {
-
-struct Answer {
-  const char* name;
-  const char* question;
-  char16_t mnemonic;
-  const char* by_computer;
-  bool QuickAnswers::*answered;
-};
-
-constexpr Answer all_answers[] = {
-    {"answers_conditions", "Conditions", u'd', "as they are drawn", &QuickAnswers::conditions},
-    {"answers_elevens", "Elevens", u'E', "the best eleven men, as Auto Select picks them", &QuickAnswers::elevens},
-    {"answers_toss", "Toss", u'o', "heads; bat if won", &QuickAnswers::toss},
-    {"answers_openers", "Openers", u'n', "the first two of the order; the two best bowlers", &QuickAnswers::openers},
-};
-
-}  // namespace
-
-QuickMatchWindow::QuickMatchWindow(match_state& match, new_match_form& form, std::function<void(QuickAnswers)> answers,
+QuickMatchWindow::QuickMatchWindow(match_state& match, new_match_form& form, std::function<void(QuickChoices)> answers,
                                    QWidget* parent)
     : NewMatchWindow(QStringLiteral("quick"), match, form, parent),
       tell_(std::move(answers)),
-      answers_(preferences::quick_answers()) {
+      form_(form),
+      card_(new QuickAnswersCard(form.play())) {
   set_title(QStringLiteral("Quick Match"), QStringLiteral("Quick Match"));
   as_last_time();
   // All of them are answered here.
   if (auto* steps = findChild<StepBar*>()) steps->hide();
-  QFrame* card = new_card();
-  card_rows(card)->addWidget(new_label(QStringLiteral("The computer answers for you"), TextRole::heading));
-  auto* grid = new QGridLayout;
-  grid->setHorizontalSpacing(24);
-  grid->setVerticalSpacing(4);
-  grid->setColumnStretch(1, 1);
-  int row = 0;
-  for (const Answer& answer : all_answers) {
-    auto* box = new QCheckBox;
-    box->setObjectName(QString::fromLatin1(answer.name));
-    box->setText(button_text(QString::fromLatin1(answer.question), answer.mnemonic));
-    box->setAccessibleName(
-        QStringLiteral("%1: %2").arg(QLatin1String(answer.question), QLatin1String(answer.by_computer)));
-    box->setToolTip(QStringLiteral("Without a tick you are asked (Alt+%1)").arg(QChar(answer.mnemonic).toUpper()));
-    box->setChecked(answers_.*answer.answered);
-    auto* words = new_named_label(QStringLiteral("%1_words").arg(QLatin1String(answer.name)), {}, TextRole::muted);
-    const auto show = [this, words, &answer] {
-      words->setText(answers_.*answer.answered ? QString::fromLatin1(answer.by_computer)
-                                               : QStringLiteral("you are asked"));
-    };
-    show();
-    connect(box, &QCheckBox::toggled, this, [this, &answer, show](bool on) {
-      answers_.*answer.answered = on;
-      show();
-    });
-    grid->addWidget(box, row, 0);
-    grid->addWidget(words, row, 1);
-    ++row;
-  }
-  card_rows(card)->addLayout(grid);
-  body()->insertWidget(rows_before_stretch(), card);
+  body()->insertWidget(rows_before_stretch(), card_);
   QWidget* before = grounds();
-  for (auto* box : card->findChildren<QCheckBox*>()) {
-    setTabOrder(before, box);
-    before = box;
+  for (QWidget* control : card_->controls()) {
+    setTabOrder(before, control);
+    before = control;
   }
   ready_button()->setText(button_text(QStringLiteral("Play"), u'P'));
   ready_button()->setToolTip(QStringLiteral("To the first ball (Alt+P)"));
   ready_button()->setAccessibleName(QStringLiteral("Play"));
   ready_button()->setFocus();
+  const auto follow = [this] { guarded([this] { show_answers(); }); };
+  for (const char* list : {"first_team", "second_team", "grounds"}) {
+    connect(findChild<QComboBox*>(QString::fromLatin1(list)), &QComboBox::currentIndexChanged, card_, follow);
+  }
+  for (const char* captain : {"first_human", "second_human"}) {
+    connect(findChild<QRadioButton*>(QString::fromLatin1(captain)), &QRadioButton::toggled, card_, follow);
+  }
+  show_answers();
+}
+
+void QuickMatchWindow::show_answers() {
+  card_->show_match(form_.chosen_teams(), form_.ground_name(),
+                    {!form_.computer_captains_first, !form_.computer_captains_second});
 }
 
 void QuickMatchWindow::play() {
-  preferences::set_quick_answers(answers_);
-  tell_(answers_);
+  const QuickChoices choices = card_->choices();
+  preferences::set_quick_answers(choices.answered);
+  tell_(choices);
   NewMatchWindow::play();
 }
 
