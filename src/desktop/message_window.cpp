@@ -79,6 +79,15 @@ MessageWindow::MessageWindow(const message_box& message, Kind kind, QWidget* par
   ok->setFocus();
 }
 
+void MessageWindow::show_moment(MomentKind kind) {
+  constexpr int side = 56;  // pixels
+  const QPixmap sign = sign_of(kind, side, devicePixelRatioF());
+  if (sign.isNull()) return;
+  auto* icon = findChild<QLabel*>(QStringLiteral("icon"));
+  icon->setPixmap(sign);
+  icon->setAccessibleName(QStringLiteral("A great moment"));
+}
+
 SaveFailedWindow::SaveFailedWindow(const failed_save& failed, QWidget* parent)
     : Form(QStringLiteral("save_failed"), Dismissal::refused, parent) {
   lay_out(*this, {"Not saved", failed.cause + "\n\n" + failed.without}, MessageWindow::Kind::failure);

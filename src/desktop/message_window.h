@@ -4,6 +4,7 @@
 #include <exception>
 
 #include "desktop/form.h"
+#include "desktop/moment.h"
 #include "ui/front_end.h"
 
 namespace velorin {
@@ -16,6 +17,9 @@ class MessageWindow : public Form {
   enum class Kind { information, failure };
 
   explicit MessageWindow(const message_box& message, Kind kind = Kind::information, QWidget* parent = front_window());
+
+  /// The message tells of a great moment: it has its sign, unless moments are turned off.
+  void show_moment(MomentKind kind);
 };
 
 /// Tells of a save that failed: the cause, what it means to go on without it, "Retry" and "Go on without saving". It

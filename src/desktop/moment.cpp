@@ -173,6 +173,24 @@ void celebrate(QWidget& over, MomentKind kind, const QString& words, QWidget* pl
   new MomentBanner(over, kind, words, place);
 }
 
+QPixmap sign_of(MomentKind kind, int side, qreal scale) {
+  if (!preferences::moments()) return {};
+  const Theme& t = theme();
+  QPixmap sign(QSize(side, side) * scale);
+  sign.setDevicePixelRatio(scale);
+  sign.fill(Qt::transparent);
+  QPainter painter(&sign);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(t.high_contrast ? t.accent : t.willow, 2));
+  painter.setBrush(t.pitch);
+  painter.drawEllipse(QRectF(1, 1, side - 2, side - 2));
+  constexpr double of_disc = 56;  // pixels of a disc that the sign fills
+  painter.translate(side / 2.0, side / 2.0);
+  painter.scale(side / of_disc, side / of_disc);
+  paint_sign(painter, kind, t.high_contrast ? t.accent : t.willow);
+  return sign;
+}
+
 void end_moment(QWidget& over) {
   delete over.findChild<QWidget*>(QString::fromLatin1(moment_name), Qt::FindDirectChildrenOnly);
 }

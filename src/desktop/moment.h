@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QPixmap>
 #include <QString>
 
 class QWidget;
@@ -18,6 +19,9 @@ bool may_move(const QWidget& widget);
 /// turned moments off in the settings, or where nothing may move. Returns at once. With a `place`, a widget in `over`,
 /// it stands in the middle of that one while that one is seen.
 void celebrate(QWidget& over, MomentKind kind, const QString& words, QWidget* place = nullptr);
+/// The sign of a moment on a disc of so many pixels, for a message that stops the game and is the moment itself. Empty
+/// where the user has turned moments off.
+QPixmap sign_of(MomentKind kind, int side, qreal scale);
 /// Takes away what is still shown over a widget.
 void end_moment(QWidget& over);
 

@@ -174,29 +174,30 @@ bool QtFrontEnd::passes_by(message_kind kind, const std::string& text) const {
   return true;
 }
 
-void QtFrontEnd::celebrate_message(const message_box& message) {
-  if (console_ == nullptr) return;
+std::optional<MomentKind> QtFrontEnd::moment_of(const message_box& message) const {
+  if (console_ == nullptr) return std::nullopt;
   const match_state& match = game_.match;
-  const auto celebrated = [&](MomentKind kind) {
-    celebrate(*console_, kind, shown(message.text).simplified(), console_->place_of_moments());
-  };
-  if (message.kind == message_kind::bowling_milestone) celebrated(MomentKind::five_wickets);
-  if (message.kind == message_kind::hundred) celebrated(MomentKind::hundred);
-  if (message.kind != message_kind::end_of_match) return;
+  if (message.kind == message_kind::bowling_milestone) return MomentKind::five_wickets;
+  if (message.kind == message_kind::hundred) return MomentKind::hundred;
+  if (message.kind != message_kind::end_of_match) return std::nullopt;
   // Won with the last ball that could win it, or held by less than a stroke.
   const bool made = match.decided == match_decision::wickets && match.innings_balls == balls_of_innings - 1;
   const bool held = match.decided == match_decision::runs && match.innings_balls == balls_of_innings &&
                     match.first_total - match.score_runs < six_runs;
-  if (made || held) celebrated(MomentKind::last_ball_win);
+  return made || held ? std::optional(MomentKind::last_ball_win) : std::nullopt;
 }
 
 void QtFrontEnd::show(const message_box& message) {
   if (unstopped_.answers_match()) return;
   refresh_console();
-  celebrate_message(message);
-  if (passes_by(message.kind, message.text)) return;
+  const std::optional<MomentKind> moment = moment_of(message);
+  if (passes_by(message.kind, message.text)) {
+    if (moment) celebrate(*console_, *moment, shown(message.text).simplified(), console_->place_of_moments());
+    return;
+  }
   MessageWindow window(message);
   window.stand_as(Form::Place::sheet, subject_of(message.kind));
+  if (moment) window.show_moment(*moment);
   run_modal(window);
 }
 

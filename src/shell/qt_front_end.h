@@ -9,6 +9,7 @@
 
 #include "competitions/game_state.h"
 #include "competitions/world_cup_form.h"
+#include "desktop/moment.h"
 #include "desktop/preferences.h"
 #include "reports/forms/match_report_window.h"
 #include "setup/forms/quick_choices.h"
@@ -92,7 +93,8 @@ class QtFrontEnd : public front_end {
   /// A message of a kind that the user does not stop for passes by in the main window's bar. False: it must be shown.
   bool passes_by(message_kind kind, const std::string& text) const;
   /// A hundred, five wickets, a win with the last ball: a moment over the console, which ends with it.
-  void celebrate_message(const message_box& message);
+  /// What a message tells of, if that is a great moment of the match on the console.
+  std::optional<MomentKind> moment_of(const message_box& message) const;
   /// The score of the match in play, in the main window's bar; none without a console.
   void show_score();
   /// Asks for a name, and keeps a copy of the game in play under it.
