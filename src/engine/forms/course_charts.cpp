@@ -28,7 +28,7 @@ constexpr double margin = 6;       // at the right
 
 /// A round step that cuts the axis into three or four.
 double step_for(double highest) {
-  for (const double step : {2.0, 3.0, 5.0, 10.0, 20.0, 25.0, 50.0, 100.0, 200.0, 500.0}) {
+  for (const double step : {1.0, 2.0, 3.0, 5.0, 10.0, 20.0, 25.0, 50.0, 100.0, 200.0, 500.0}) {
     if (highest / step <= 4) return step;
   }
   return 1000;
@@ -125,7 +125,7 @@ double CourseChart::find_highest() const {
   // What is asked for from the last balls knows no bounds; the line leaves the chart there.
   // Lines keep off the caption.
   constexpr double above_lines = 1.08;
-  return kind_ == Kind::runs ? top : above_lines * (kind_ == Kind::rates ? std::min(top, 18.0) : top);
+  return above_lines * (kind_ == Kind::rates ? std::min(top, 18.0) : top);
 }
 
 double CourseChart::find_lowest_rate() const {
@@ -152,13 +152,16 @@ void CourseChart::paint_axes(QPainter& painter) const {
   painter.setFont(type_font(*this, TypeStep::small));
   const QRectF area = plot();
   const double factor = enlargement(*this);
-  const double step = step_for(highest_ - lowest_) * (area.height() < 70 * factor ? 2 : 1);
+  double step = step_for(highest_ - lowest_);
+  // Where there is little height there are fewer figures, but two at least.
+  if (area.height() < 70 * factor && highest_ - std::ceil(lowest_ / (2 * step)) * 2 * step >= 2 * step) step *= 2;
   const int style = t.high_contrast ? Qt::DotLine : Qt::SolidLine;
   for (double value = std::ceil(lowest_ / step) * step; value <= highest_; value += step) {
     const double y = place(0, value).y();
     painter.setPen(QPen(t.line, 1, static_cast<Qt::PenStyle>(style)));
     painter.drawLine(QPointF(area.left(), y), QPointF(area.right(), y));
     painter.setPen(t.muted);
+    if (y < (head - 2) * factor + 3) continue;  // the caption stands there
     painter.drawText(QRectF(0, y - 8 * factor, (value_room - 4) * factor, 16 * factor),
                      Qt::AlignRight | Qt::AlignVCenter, QString::number(int(value)));
   }
@@ -246,8 +249,9 @@ void CourseChart::paint_rates(QPainter& painter) const {
   if (figures_.target != 0) {
     const double at_first = double(figures_.target) / overs_of_innings;
     required.push_back(place(0, at_first));
-    // Before the first ball it is a line, too: what the whole innings has to bring.
-    if (figures_.now.empty()) required.push_back(place(overs_of_innings, at_first));
+    // What the whole innings has to bring stays as a line to compare with.
+    painter.setPen(QPen(theme().muted, 1, Qt::DotLine));
+    painter.drawLine(place(0, at_first), place(overs_of_innings, at_first));
   }
   for (const over_stage& stage : figures_.now) {
     rate.push_back(place(stage.over, stage.run_rate));

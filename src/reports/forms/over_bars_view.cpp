@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
+#include <string_view>
 
 #include "desktop/controls.h"
 #include "desktop/enlarged.h"
@@ -36,6 +37,13 @@ QString over_words(const overs_graph_form& form, int half, int over) {
       .arg(over)
       .arg(figures.runs == 1 ? QStringLiteral("1 run") : QStringLiteral("%1 runs").arg(figures.runs),
            figures.wicket ? QStringLiteral(", wicket") : QString());
+}
+
+/// A title that is told in spaced capitals, as a word.
+QString axis_title(std::string_view told) {
+  QString word = shown(told).remove(u' ').toLower();
+  word[0] = word[0].toUpper();
+  return word;
 }
 
 QString described(const overs_graph_form& form) {
@@ -131,10 +139,10 @@ void OverBarsView::paint_axes(QPainter& painter, int half) const {
   painter.save();
   painter.translate(16, y_of(half, base - 10.0 * overs_graph_form::units_a_run));
   painter.rotate(-90);
-  painter.drawText(QRectF(-80, -12, 160, 24), Qt::AlignCenter, shown(overs_graph_form::runs_axis));
+  painter.drawText(QRectF(-80, -12, 160, 24), Qt::AlignCenter, axis_title(overs_graph_form::runs_axis));
   painter.restore();
   if (half == 1) {
-    painter.drawText(QRectF(left, y + 22, end - left, 20), Qt::AlignCenter, shown(overs_graph_form::overs_axis));
+    painter.drawText(QRectF(left, y + 22, end - left, 20), Qt::AlignCenter, axis_title(overs_graph_form::overs_axis));
   }
 }
 
@@ -157,7 +165,7 @@ void OverBarsView::paint_marks(QPainter& painter, int half) const {
     painter.setPen(QPen(t.card, 1));
     painter.setBrush(t.ball);
     painter.drawEllipse(mark);
-    letter.setPixelSize(static_cast<int>(mark.height() * 0.62));
+    letter.setPixelSize(static_cast<int>(mark.height() * 0.72));
     painter.setFont(letter);
     painter.setPen(t.on_ball);
     painter.drawText(mark, Qt::AlignCenter, QStringLiteral("W"));
