@@ -36,7 +36,7 @@ QComboBox* new_team_list(const QString& name, const std::vector<team_entry>& tea
   list->setMinimumWidth(200);
   list->setMaxVisibleItems(21);
   const int first = or_none ? 1 : 0;
-  if (or_none) list->addItem(QString());
+  if (or_none) list->addItem(QStringLiteral("none"));
   for (const team_entry& team : teams) list->addItem(shown(team.name), team.record);
   show_crests(*list);
   list->setCurrentIndex(chosen + first);

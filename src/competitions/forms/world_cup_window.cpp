@@ -8,12 +8,14 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "competitions/world_cup.h"
 #include "competitions/world_cup_form.h"
 #include "database/open_database.h"
 #include "desktop/afresh_line.h"
 #include "desktop/controls.h"
+#include "desktop/ground_picture.h"
 #include "desktop/last_choices.h"
 #include "desktop/shown_text.h"
 #include "model/match_state.h"
@@ -39,7 +41,9 @@ WorldCupWindow::WorldCupWindow(match_state& match, open_database& database, worl
   body()->addLayout(groups);
   body()->addWidget(new_named_label(QStringLiteral("note"), shown(world_cup_form::note), TextRole::muted));
   body()->addWidget(new_hosts());
-  body()->addStretch(1);
+  ground_below_ = new GroundBelow;
+  body()->addWidget(ground_below_, 1);
+  show_ground();
   add_standing();
 
   add_as_last_time(*this);
@@ -60,7 +64,21 @@ void WorldCupWindow::add_standing() {
   });
 }
 
-void WorldCupWindow::show_choice() { show_ready(entry_foot_, form_.ready(), QStringLiteral("Choose all ten teams")); }
+void WorldCupWindow::show_choice() {
+  show_ready(entry_foot_, form_.ready(), QStringLiteral("Choose all ten teams"));
+  const auto any = [](const auto& human) { return std::find(human.begin(), human.end(), true) != human.end(); };
+  if (form_.ready() && !any(form_.human_a) && !any(form_.human_b)) {
+    entry_foot_.wanted->setText(QStringLiteral("No side is human: the computer plays them all"));
+  }
+}
+
+/// The ground of the first host.
+void WorldCupWindow::show_ground() {
+  const auto host =
+      std::find_if(form_.host_index.begin(), form_.host_index.end(), [](int index) { return index >= 0; });
+  ground_below_->show_country(
+      host == form_.host_index.end() ? QString() : shown(form_.teams[static_cast<std::size_t>(*host)].name));
+}
 
 void WorldCupWindow::play() {
   if (!grounds_are_fit(data_, *this, form_.hosts())) return;
@@ -90,7 +108,10 @@ QWidget* WorldCupWindow::new_group(const QString& title, const QString& lists, c
     check->setObjectName(QStringLiteral("%1_%2").arg(checks).arg(i));
     check->setAccessibleName(name + QStringLiteral(": Human"));
     check->setChecked(human[at]);
-    connect(check, &QCheckBox::toggled, this, [&human, at](bool on) { human[at] = on; });
+    connect(check, &QCheckBox::toggled, this, [this, &human, at](bool on) {
+      human[at] = on;
+      show_choice();
+    });
     rows->addWidget(new_caption(QStringLiteral("Team %1").arg(i + 1), QChar(), list), i, 0);
     list->setAccessibleName(name);
     rows->addWidget(list, i, 1);
@@ -109,7 +130,11 @@ QWidget* WorldCupWindow::new_hosts() {
     const auto at = static_cast<std::size_t>(i);
     auto* list = new_team_list(
         QStringLiteral("host_%1").arg(i), form_.teams, form_.host_index[at],
-        [this, at](int index) { form_.host_index[at] = index; }, true);
+        [this, at](int index) {
+          form_.host_index[at] = index;
+          show_ground();
+        },
+        true);
     auto* place = new QVBoxLayout;
     place->setSpacing(4);
     place->addWidget(new_caption(QStringLiteral("Host nation %1").arg(i + 1), QChar(), list));

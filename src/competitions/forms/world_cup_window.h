@@ -8,6 +8,7 @@
 
 namespace velorin {
 
+class GroundBelow;
 struct match_state;
 struct open_database;
 struct world_cup_record;
@@ -29,10 +30,12 @@ class WorldCupWindow : public Form {
   QWidget* new_hosts();
   void add_standing();
   void show_choice();
+  void show_ground();
   void play();
 
   world_cup_form& form_;
   EntryFoot entry_foot_;
+  GroundBelow* ground_below_ = nullptr;
   match_state& match_;
   open_database& data_;
   world_cup_record& world_cup_;

@@ -82,6 +82,16 @@ TEST_F(WorldCupWindowTest, FollowsItsUser) {
   EXPECT_EQ(form_.host_index, (std::array<int, 3>{-1, 3, -1})) << "the empty entry stands for no host";
 }
 
+TEST_F(WorldCupWindowTest, SaysWhatNobodyHasChosen) {
+  WorldCupWindow window(match, data, world_cup, form_);
+  window.show();
+  EXPECT_EQ(at<QComboBox>(window, "host", 2)->currentText(), "none");
+  const auto* wanted = window.findChild<QLabel*>(QStringLiteral("wanted"));
+  EXPECT_TRUE(wanted->text().contains("the computer plays them all")) << wanted->text().toStdString();
+  at<QCheckBox>(window, "group_a_human", 0)->click();
+  EXPECT_EQ(wanted->text(), "");
+}
+
 TEST_F(WorldCupWindowTest, ClosesWhenTheUserHasQuit) {
   quit_after(1);
   user_.on_world_cup_fixtures.front() = [](world_cup_fixtures_form& list) { list.accept(); };
