@@ -30,8 +30,8 @@ struct pitch_of_ground {
 };
 pitch_of_ground pitch_ahead(const match_play& play, const std::string& ground);
 
-/// The eleven that Auto Select picks for a team, in the order in which it would bat. Reads the team; raises what reading
-/// it and selecting raises.
+/// The eleven that Auto Select picks for a team, in the order in which it would bat. Reads the team; raises what
+/// reading it and selecting raises.
 eleven eleven_ahead(const match_play& play, const chosen_team& team);
 
 /// The rows of the two best bowlers of an eleven, the better one first: who takes a wicket in fewer balls, then who

@@ -154,9 +154,10 @@ QWidget* QuickAnswersCard::new_openers() {
     of.side = new_label({}, TextRole::muted);
     row->addWidget(of.side);
     for (std::size_t place = 0; place < of.men.size(); ++place) {
-      if (place % 2 == 0) row->addWidget(new_label(place == 0 ? QStringLiteral("bat") : QStringLiteral("bowl"), TextRole::muted));
-      of.men[place] = new_list(QStringLiteral("quick_opener_%1_%2").arg(side).arg(place),
-                               QString::fromLatin1(places[place]), {});
+      if (place % 2 == 0)
+        row->addWidget(new_label(place == 0 ? QStringLiteral("bat") : QStringLiteral("bowl"), TextRole::muted));
+      of.men[place] =
+          new_list(QStringLiteral("quick_opener_%1_%2").arg(side).arg(place), QString::fromLatin1(places[place]), {});
       of.men[place]->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
       of.men[place]->setMinimumContentsLength(6);
       of.men[place]->setSizeAdjustPolicy(QComboBox::AdjustToContents);
@@ -241,9 +242,10 @@ void QuickAnswersCard::show_how() {
   const bool elevens_known = any_known && answered_.elevens;
   const bool any_human = humans_[0] || humans_[1];
   const std::array<bool, 4> shown_how = {true, any_known, true, elevens_known && any_human};
-  const std::array<QString, 4> by_rule = {
-      QString(), QStringLiteral("the best eleven men, as Auto Select picks them"), QString(),
-      any_human ? QStringLiteral("the first two of the order; the two best bowlers") : QStringLiteral("the captains' own")};
+  const std::array<QString, 4> by_rule = {QString(), QStringLiteral("the best eleven men, as Auto Select picks them"),
+                                          QString(),
+                                          any_human ? QStringLiteral("the first two of the order; the two best bowlers")
+                                                    : QStringLiteral("the captains' own")};
   for (std::size_t i = 0; i < answers().size(); ++i) {
     const bool on = answered_.*answers()[i].answered;
     how_[i]->setVisible(on && shown_how[i]);

@@ -57,8 +57,8 @@ class QuickAnswersCard : public QFrame {
   match_play play_;
   sky_ahead sky_;
   QuickAnswers answered_;
-  std::array<QWidget*, 4> how_{};     // what is shown of each answer
-  std::array<QLabel*, 4> words_{};    // in its place
+  std::array<QWidget*, 4> how_{};   // what is shown of each answer
+  std::array<QLabel*, 4> words_{};  // in its place
   std::array<QComboBox*, 4> levels_{};
   std::array<QLabel*, 2> elevens_{};
   QComboBox* call_ = nullptr;
