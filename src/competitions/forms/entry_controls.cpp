@@ -39,6 +39,7 @@ QComboBox* new_team_list(const QString& name, const std::vector<team_entry>& tea
   if (or_none) list->addItem(QStringLiteral("none"));
   for (const team_entry& team : teams) list->addItem(shown(team.name), team.record);
   show_crests(*list);
+  if (or_none) list->setItemIcon(0, {});
   list->setCurrentIndex(chosen + first);
   QObject::connect(list, &QComboBox::currentIndexChanged, list,
                    [choose = std::move(choose), first](int index) { guarded([&] { choose(index - first); }); });

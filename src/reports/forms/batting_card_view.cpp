@@ -27,7 +27,7 @@ namespace {
 
 constexpr int side_space = 10;
 constexpr int lowest_row = 26;  // pixels
-constexpr int highest_row = 44;
+constexpr int highest_row = 56;
 
 QString numbered(const char* control, int place) {
   return QStringLiteral("%1_%2").arg(QLatin1String(control)).arg(place);

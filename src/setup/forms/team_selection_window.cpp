@@ -73,7 +73,7 @@ QWidget* TeamSelectionWindow::new_men() {
     if (form_.row_visible(place)) table.rows.push_back(row_of(place));
   }
   men->set_table(std::move(table), std::move(ticks));
-  men->set_row_heights(23, 36);
+  men->set_row_heights(23, 46);
   return men;
 }
 
