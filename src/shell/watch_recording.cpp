@@ -11,6 +11,7 @@
 #include "engine/over_play.h"
 #include "model/run_time_error.h"
 #include "recording/recording_player.h"
+#include "shell/match_line.h"
 #include "shell/qt_front_end.h"
 #include "shell/watch_window.h"
 
@@ -39,6 +40,7 @@ void watch(QtFrontEnd& shown_by, const std::filesystem::path& recording) {
   console_form form({watched->match, watched->chance, front_end, watched->data});
   WatchWindow window(*player, watched->match, watched->data, form);
   window.on_match_centre([&front_end] { front_end.open_match_centre(); });
+  window.on_match_line([&] { open_match_line(*player, window.place()); });
   run_modal(window);
   if (Frame* frame = window.main_window()) {
     frame->show_passing({});

@@ -86,7 +86,7 @@ void WatchWindow::add_line() {
   strip->setLayout(line);
   auto* rows = static_cast<QVBoxLayout*>(layout());
   rows->insertWidget(rows->count() - 1, strip);
-  for (int i = 0; i < line->count(); ++i) line->itemAt(i)->widget()->hide();
+  line->addSpacing(8);
   auto* group = new QButtonGroup(this);
   static constexpr const char* captions[] = {"1st", "2nd"};
   static constexpr const char* hints[] = {"The first innings, from its beginning", "The second innings, likewise"};
@@ -108,6 +108,7 @@ void WatchWindow::add_line() {
     });
     group->addButton(button);
     line->addWidget(button);
+    controls_ << button;
     innings_[static_cast<std::size_t>(i)] = button;
   }
   slider_ = new InningsSlider(QStringLiteral("ball"));
@@ -132,7 +133,9 @@ void WatchWindow::add_line() {
   for (QPushButton* button : jumps) {
     button->setProperty("compact", true);
     line->addWidget(button);
+    controls_ << button;
   }
+  controls_ << findChild<QWidget*>(QStringLiteral("forecast"))->parentWidget();
 }
 
 /// Of a competition, which of its matches.
@@ -151,6 +154,13 @@ void WatchWindow::add_match_choice() {
   connect(choice, &QComboBox::currentIndexChanged, this,
           [this](int match) { guarded([this, match] { choose_match(match); }); });
   last_line()->addWidget(choice);
+  controls_ << choice;
+}
+
+/// Beside a report the line only says which ball is shown, as its buttons are dead there.
+void WatchWindow::note_beside(bool beside) {
+  for (QWidget* control : controls_) control->setVisible(!beside);
+  ConsoleWindow::note_beside(beside);
 }
 
 void WatchWindow::add_player_foot() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QTimer>
+#include <QWidget>
 #include <array>
 #include <filesystem>
 #include <optional>
@@ -25,6 +26,11 @@ class WatchWindow : public ConsoleWindow {
   /// All outlive the window.
   WatchWindow(recording_player& player, match_state& shown, const open_database& database, console_form& form,
               QWidget* parent = front_window());
+
+  /// The moment on show, from 0.
+  int place() const { return place_; }
+
+  void note_beside(bool beside) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -62,6 +68,7 @@ class WatchWindow : public ConsoleWindow {
   std::vector<Jump> jumps_;
   InningsSlider* slider_ = nullptr;
   QLabel* overs_ = nullptr;
+  QWidgetList controls_;  // of the line
   std::array<QPushButton*, 2> innings_{};
 };
 

@@ -45,11 +45,12 @@ void ConsoleWindow::add_forecast() {
 }
 
 QWidget* ConsoleWindow::new_forecast_choices() {
-  forecast_choice_ = new_choice("forecast", {.caption = QStringLiteral("Forecast"),
-                                             .mnemonic = QChar(),
-                                             .key = QKeySequence(Qt::Key_F),
-                                             .hint = QStringLiteral("Each side's chance of winning, from the rest of "
-                                                                    "the match played many times behind play")});
+  forecast_choice_ =
+      new_choice("forecast", {.caption = QStringLiteral("Forecast"),
+                              .mnemonic = QChar(),
+                              .key = is_watched() ? QKeySequence(Qt::SHIFT | Qt::Key_F) : QKeySequence(Qt::Key_F),
+                              .hint = QStringLiteral("Each side's chance of winning, from the rest of "
+                                                     "the match played many times behind play")});
   forecast_choice_->setCheckable(true);
   forecast_choice_->setChecked(preferences::forecast());
   connect(forecast_choice_, &QPushButton::toggled, this, [this](bool on) {
@@ -71,7 +72,7 @@ QWidget* ConsoleWindow::new_forecast_choices() {
   });
   match_line_ = new_choice("show_match_line", {.caption = QStringLiteral("Win Line"),
                                                .mnemonic = QChar(),
-                                               .key = QKeySequence(Qt::Key_L),
+                                               .key = QKeySequence(is_watched() ? Qt::Key_N : Qt::Key_L),
                                                .hint = QStringLiteral("How the chance of winning has moved, ball by "
                                                                       "ball")});
   connect(match_line_, &QPushButton::clicked, this, [this] {

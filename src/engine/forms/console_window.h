@@ -99,6 +99,8 @@ class ConsoleWindow : public Form {
   void finish_layout();
   /// The match is another one, or stands elsewhere: the commentary is to be read anew.
   void forget_commentary();
+  /// Somebody looks on: keys that go through the match are not those of the forecast.
+  bool is_watched() const { return objectName() != QStringLiteral("main"); }
   /// The line under the cards, for more of it at its right end.
   QHBoxLayout* last_line() const { return last_line_; }
 
