@@ -380,7 +380,7 @@ void TableView::fit_enlargement() {
   if (factor == drawn_) return;
   const auto grown = [&](int pixels) { return static_cast<int>(std::lround(pixels * factor / drawn_)); };
   setIconSize(QSize(18, 18) * factor);
-  set_lowest_row(grown(lowest_row_));
+  set_lowest_row(grown(lowest_row_), grown(usual_row_));
   verticalHeader()->setMinimumWidth(grown(verticalHeader()->minimumWidth()));
   write_in(model_->written_in());
   const int most = maximumHeight();

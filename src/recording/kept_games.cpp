@@ -143,6 +143,7 @@ game_words words_of(const entered_game& entered, const game_state& game) {
   game_words words{competition_of(entered), {}, {}};
   switch (entered.kind) {
     case game_kind::match:
+      if (entered.number == 1) words.stage = "practice";
       words.score = score_words(game.match);
       break;
     case game_kind::series:
@@ -173,15 +174,15 @@ kept_game look_at_game(const std::filesystem::path& file) {
     replay_options options;
     options.match_ends = [&](const game_state& ended) {
       result = ended.match;
-      kept.played = true;
+      kept.bowled = true;
     };
     kept.over = replay(recorded, file_name_text(file), game, options) == replay_end::over;
-    kept.played |= !game.match.deliveries.empty() || !game.match.first_deliveries.empty();
+    kept.bowled |= !game.match.deliveries.empty() || !game.match.first_deliveries.empty();
     kept.words = words_of(recorded.beginning.game, game);
     if (kept.over) {
-      kept.words.stage.clear();
-      kept.words.score =
-          recorded.beginning.game.kind == game_kind::match ? result.result_winner + result.result_margin : "over";
+      const bool by_itself = kept.kind == game_kind::match;
+      if (!by_itself) kept.words.stage.clear();
+      kept.words.score = by_itself ? result.result_winner + result.result_margin : "over";
     }
   } catch (const run_time_error& fault) {
     const std::optional<std::string> bytes = bytes_of(file);

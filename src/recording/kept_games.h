@@ -18,7 +18,7 @@ namespace velorin {
 /// A game in words. Texts are single bytes of Windows-1252.
 struct game_words {
   std::string competition;  ///< "India v England", "World Cup"
-  std::string stage;        ///< "Super Six, match 3"; "" for a match by itself
+  std::string stage;        ///< "Super Six, match 3"; of a match by itself "practice" or ""
   std::string score;        ///< "India 143/2, 31.4 overs, Pakistan to bowl", or what comes next; the result of one over
 
   /// All of it in a line: "World Cup, Super Six, match 3: India 143/2, 31.4 overs, Pakistan to bowl".
@@ -36,8 +36,8 @@ struct kept_game {
   std::int64_t changed_at = 0;  ///< likewise, when something of it was last written
   game_kind kind = game_kind::match;
   game_words words;
-  bool played = false;  ///< a ball has been bowled in it
   bool over = false;    ///< it can be watched, but not gone on with
+  bool bowled = false;  ///< a ball of it has been bowled: there is something to be watched
   bool in_use = false;  ///< another program plays it
   std::string fault;    ///< why it can be neither; empty for a good one
   bool empty = false;   ///< nothing is in it yet, which is a fault

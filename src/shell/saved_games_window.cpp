@@ -2,27 +2,21 @@
 #include "shell/saved_games_window.h"
 
 #include <QDateTime>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QItemSelectionModel>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <cerrno>
-#include <optional>
+#include <algorithm>
 #include <utility>
 
-#include "database/fresh_file.h"
-#include "database/whole_file.h"
 #include "desktop/controls.h"
 #include "desktop/message_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
-#include "desktop/question.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 #include "model/run_time_error.h"
+#include "recording/recording_file.h"
 #include "shell/game_keeper.h"
 #include "shell/match_line.h"
 
@@ -30,7 +24,8 @@ namespace velorin {
 
 namespace {
 
-QString utf8(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
+/// So many games are read before the list shows; those played longer ago come after it.
+constexpr std::size_t read_at_once = 40;
 
 QString date_of(std::int64_t seconds) {
   return QDateTime::fromSecsSinceEpoch(seconds).toString(QStringLiteral("yyyy-MM-dd HH:mm"));
@@ -43,56 +38,34 @@ QString state_of(const kept_game& game) {
   return game.over ? QStringLiteral("over") : QStringLiteral("waits");
 }
 
-/// Asks for the name of a game.
-class NameWindow : public Form {
- public:
-  NameWindow(const QString& title, const QString& text, QWidget* parent)
-      : Form(QStringLiteral("game_name"), Dismissal::closes, parent), name_(new QLineEdit(text)) {
-    stand_as(Place::sheet);
-    set_title(title, {});
-    name_->setObjectName(QStringLiteral("name"));
-    name_->setMaxLength(80);
-    name_->setMinimumWidth(420);
-    body()->addWidget(new_caption(title, u'N', name_));
-    body()->addWidget(name_);
-    auto* ok = add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},
-                                  [this] { accept(); });
-    add_button(QStringLiteral("cancel"), {.caption = QStringLiteral("Cancel"), .mnemonic = u'C'}, [this] { reject(); });
-    connect(name_, &QLineEdit::textChanged, ok, [ok](const QString& now) { ok->setEnabled(!now.trimmed().isEmpty()); });
-    ok->setEnabled(!text.trimmed().isEmpty());
-    name_->selectAll();
-    name_->setFocus();
-  }
-
-  QString name() const { return name_->text().trimmed(); }
-
- private:
-  QLineEdit* name_;
-};
-
 }  // namespace
-
-QString ask_for_game_name(QWidget& window, const QString& title, const QString& text) {
-  NameWindow asked(title, text, &window);
-  run_modal(asked);
-  return asked.result() == QDialog::Accepted ? asked.name() : QString();
-}
 
 SavedGamesWindow::SavedGamesWindow(const GameKeeper& keeper, const std::filesystem::path& current, QWidget* parent)
     : Form(QStringLiteral("savedgames"), Dismissal::closes, parent),
       keeper_(keeper),
-      table_(new TableView(QStringLiteral("games"))) {
+      table_(new TableView(QStringLiteral("games"))),
+      reading_(new_named_label(QStringLiteral("games_to_read"), {}, TextRole::muted)) {
   set_title(QStringLiteral("Saved Games"), QStringLiteral("Saved Games"));
   body()->addWidget(table_, 1);
+  body()->addWidget(reading_);
   table_->on_open([this](int) { game() != nullptr&& game()->over ? watch() : go_on(); });
   connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] { show_acts(); });
-  of_game_ = {add_act("copy_game", "Save As", u'S', "Keeps a copy of this game under another name", [this] { copy(); }),
-              add_act("rename_game", "Rename", u'R', "Gives this game another name", [this] { rename(); }),
-              add_act("delete_game", "Delete", u'D', "Deletes this game", [this] { remove(); })};
-  match_line_ = add_act("match_line", "Win Line", u'N', "How the chance of winning moved in this game's last match",
-                        [this] { open_match_line(game()->file); });
-  of_game_.push_back(
-      add_act("export_game", "Export", u'E', "Writes this game to a file of your choice", [this] { export_game(); }));
+  add_acts();
+  prefer_size({1120, 640});
+  list(current);
+  table_->setFocus();
+}
+
+void SavedGamesWindow::add_acts() {
+  of_game_ = {
+      add_act("copy_game", "Save As", u'S', "Keeps a copy of this game under another name", [this] { copy(); }),
+      add_act("rename_game", "Rename", u'R', "Gives this game another name", [this] { rename(); }),
+      add_act("delete_game", "Delete", u'D', "Deletes this game", [this] { remove(); }),
+      add_act("match_line", "Win Line", u'N', "How the chance of winning moved in this game's last match",
+              [this] { open_match_line(game()->file); }),
+      add_act("export_game", "Export", u'E', "Writes this game to a file of your choice", [this] { export_game(); })};
+  delete_finished_ = add_act("delete_finished", "Delete Finished", u'F',
+                             "Deletes all games that are over, after a question", [this] { remove_finished(); });
   add_act("import_game", "Import", u'I', "Takes a game from a file", [this] { import_game(); });
   watch_ =
       add_button(QStringLiteral("watch"),
@@ -107,34 +80,86 @@ SavedGamesWindow::SavedGamesWindow(const GameKeeper& keeper, const std::filesyst
                                .hint = QStringLiteral("Goes on with this game where it was left")},
                               [this] { go_on(); });
   add_button(QStringLiteral("close"), {.caption = QStringLiteral("Close"), .mnemonic = u'L'}, [this] { reject(); });
-  prefer_size({1120, 640});
-  list(current);
-  table_->setFocus();
 }
 
 QPushButton* SavedGamesWindow::add_act(const char* name, const char* caption, QChar mnemonic, const char* hint,
-                                       std::function<void()> act) {
+                                       std::function<void()> work) {
   auto* button = new QPushButton;
   button->setObjectName(QLatin1String(name));
   button->setAutoDefault(false);
   name_act(*button, {.caption = QLatin1String(caption), .mnemonic = mnemonic, .hint = QLatin1String(hint)});
-  connect(button, &QPushButton::clicked, this, [act = std::move(act)] {
-    guarded([&] {
-      try {
-        act();
-      } catch (const run_time_error& fault) {
-        // A file that cannot be written or read leaves the list as it is.
-        MessageWindow told({"Error", fault.what()});
-        run_modal(told);
-      }
-    });
-  });
+  connect(button, &QPushButton::clicked, this, [this, work = std::move(work)] { act(work); });
   add_aside(button);
   return button;
 }
 
+void SavedGamesWindow::act(const std::function<void()>& work) {
+  guarded([&] {
+    try {
+      work();
+    } catch (const run_time_error& fault) {
+      MessageWindow told({"Error", fault.what()}, MessageWindow::Kind::failure);
+      run_modal(told);
+    }
+  });
+}
+
+SavedGamesWindow::Read SavedGamesWindow::read(const std::filesystem::path& file) {
+  // What the file is like is asked first: what is written to it meanwhile has it read again.
+  std::error_code ignored;
+  const auto written = std::filesystem::last_write_time(file, ignored);
+  const auto bytes = std::filesystem::file_size(file, ignored);
+  return {.written = written, .bytes = bytes, .game = look_at_game(file)};
+}
+
+bool SavedGamesWindow::holds(const Read& before, const std::filesystem::path& file) {
+  std::error_code missing;
+  return std::filesystem::last_write_time(file, missing) == before.written && !missing &&
+         std::filesystem::file_size(file, missing) == before.bytes && !missing;
+}
+
 void SavedGamesWindow::list(const std::filesystem::path& current) {
-  games_ = games_in(keeper_.folder());
+  games_.clear();
+  std::vector<std::filesystem::path> unread;
+  std::size_t read_now = 0;
+  for (const std::filesystem::path& file : game_files(keeper_.folder())) {
+    const auto before = read_.find(file);
+    if (before != read_.end() && holds(before->second, file)) {
+      before->second.game.in_use = is_in_use(file);
+    } else if (read_now < read_at_once) {
+      ++read_now;
+      read_[file] = read(file);
+    } else {
+      unread.push_back(file);
+      continue;
+    }
+    games_.push_back(read_[file].game);
+  }
+  reading_->setText(unread.empty() ? QString() : QStringLiteral("%1 older games are being read").arg(unread.size()));
+  reading_->setVisible(!unread.empty());
+  fill_table(current);
+  read_behind(unread);
+}
+
+void SavedGamesWindow::read_behind(const std::vector<std::filesystem::path>& files) {
+  behind_.drop();
+  if (files.empty()) return;
+  behind_.ask([this, files](const std::stop_token& stop, const auto&) -> BackWork::Show {
+    std::map<std::filesystem::path, Read> found;
+    for (const std::filesystem::path& file : files) {
+      if (stop.stop_requested()) return {};
+      found[file] = read(file);
+    }
+    return [this, found = std::move(found)]() mutable {
+      found.merge(read_);
+      read_ = std::move(found);
+      const kept_game* now = game();
+      list(now != nullptr ? now->file : std::filesystem::path());
+    };
+  });
+}
+
+void SavedGamesWindow::fill_table(const std::filesystem::path& current) {
   Table table{QStringLiteral("Saved games"),
               {{QStringLiteral("Game")},
                {QStringLiteral("Stage")},
@@ -150,7 +175,7 @@ void SavedGamesWindow::list(const std::filesystem::path& current) {
     if (each.file == current) row = static_cast<int>(i);
     table.rows.push_back({.cells = {{shown(each.words.competition)},
                                     {shown(each.words.stage)},
-                                    {shown(each.fault.empty() ? each.words.score : each.fault)},
+                                    {shown(each.fault.empty() ? each.words.score : each.fault).simplified()},
                                     {date_of(each.changed_at)},
                                     {state_of(each)},
                                     {QString::fromStdString(each.name)}},
@@ -170,9 +195,11 @@ const kept_game* SavedGamesWindow::game() const {
 void SavedGamesWindow::show_acts() {
   const kept_game* now = game();
   for (QPushButton* button : of_game_) button->setEnabled(now != nullptr && !now->in_use);
-  const bool played = now != nullptr && now->fault.empty() && now->played;
-  if (match_line_ != nullptr) match_line_->setEnabled(played && !now->in_use);
-  if (watch_ != nullptr) watch_->setEnabled(played);
+  const auto finished = [](const kept_game& each) { return each.over && !each.in_use; };
+  if (delete_finished_ != nullptr) {
+    delete_finished_->setEnabled(reading_->text().isEmpty() && std::any_of(games_.begin(), games_.end(), finished));
+  }
+  if (watch_ != nullptr) watch_->setEnabled(now != nullptr && now->fault.empty() && now->bowled);
   if (go_on_ != nullptr) go_on_->setEnabled(now != nullptr && now->fault.empty() && !now->over && !now->in_use);
 }
 
@@ -184,65 +211,14 @@ void SavedGamesWindow::go_on() {
 }
 
 void SavedGamesWindow::watch() {
-  if (const kept_game* now = game(); now != nullptr && watch_->isEnabled()) {
+  const kept_game* now = game();
+  if (now == nullptr || !watch_->isEnabled()) return;
+  act([&] {
+    // One that has been harmed since is told over the list.
+    read_recording(now->file);
     watched_ = now->file;
     accept();
-  }
-}
-
-void SavedGamesWindow::copy() {
-  const QString name = ask_for_game_name(*this, QStringLiteral("Save as"), QString::fromStdString(game()->name));
-  if (name.isEmpty()) return;
-  list(copy_game_to(keeper_.folder(), game()->file, name.toStdString()));
-}
-
-void SavedGamesWindow::rename() {
-  const QString name = ask_for_game_name(*this, QStringLiteral("Rename"), QString::fromStdString(game()->name));
-  if (name.isEmpty() || name.toStdString() == game()->name) return;
-  const std::filesystem::path to = free_game_file(keeper_.folder(), name.toStdString());
-  std::error_code failed;
-  std::filesystem::rename(game()->file, to, failed);
-  if (failed) raise_file_error("The game cannot be renamed", failed.value(), game()->file);
-  list(to);
-}
-
-void SavedGamesWindow::remove() {
-  const QString what = QStringLiteral("%1 is deleted for good.").arg(QString::fromStdString(game()->name));
-  if (!ask(*this, QStringLiteral("delete_question"), QStringLiteral("Delete this game?"), what)) return;
-  std::error_code failed;
-  std::filesystem::remove(game()->file, failed);
-  if (failed) raise_file_error("The game cannot be deleted", failed.value(), game()->file);
-  list({});
-}
-
-void SavedGamesWindow::export_game() {
-  QFileDialog dialog(this, QStringLiteral("Export Game"), preferences::last_folder(),
-                     QStringLiteral("Velorin games (*.velorin);;All files (*)"));
-  dialog.setObjectName(QStringLiteral("export_file"));
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(QStringLiteral("velorin"));
-  dialog.selectFile(utf8(game()->file.filename()));
-  run_modal(dialog);
-  if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
-  const QFileInfo to(dialog.selectedFiles().constFirst());
-  preferences::set_last_folder(to.absolutePath());
-  const std::optional<std::string> bytes = read_file(game()->file);
-  if (!bytes) raise_file_error("The game cannot be exported", ENOENT, game()->file);
-  fresh_file copied(to.filesystemFilePath());
-  copied.stream() << *bytes;
-  copied.put_in_place();
-}
-
-void SavedGamesWindow::import_game() {
-  QFileDialog dialog(this, QStringLiteral("Import Game"), preferences::last_folder(),
-                     QStringLiteral("Velorin games (*.velorin);;All files (*)"));
-  dialog.setObjectName(QStringLiteral("import_file"));
-  dialog.setFileMode(QFileDialog::ExistingFile);
-  run_modal(dialog);
-  if (dialog.result() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
-  const QFileInfo from(dialog.selectedFiles().constFirst());
-  preferences::set_last_folder(from.absolutePath());
-  list(copy_game_to(keeper_.folder(), from.filesystemFilePath(), from.completeBaseName().toStdString()));
+  });
 }
 
 }  // namespace velorin

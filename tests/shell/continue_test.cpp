@@ -164,6 +164,25 @@ TEST_F(Continue, AMatchLeftInItsSetUpIsNotKept) {
   EXPECT_TRUE(games_in(folder_).empty());
 }
 
+TEST_F(Continue, AMatchLeftInItsSetUpBehindAContinueIsNotKeptEither) {
+  start([&](MenuWindow& menu) {
+    ClickingUser user;
+    begin_match(user);
+    user.robot.next("wecond", [](QWidget&) { end_program(0); });
+    choose(menu, "start_game", "new_match");
+  });
+  EXPECT_EQ(games_in(folder_).size(), 1U);
+  start([&](MenuWindow& menu) {
+    ASSERT_TRUE(offered(menu));
+    ClickingUser user;
+    user.robot.next("leave_question", pressing("yes"));
+    user.robot.next("wecond", [](QWidget& window) { window.close(); });
+    press(menu, "continue");
+    EXPECT_EQ(user.robot.left(), 0);
+  });
+  EXPECT_TRUE(games_in(folder_).empty());
+}
+
 TEST_F(Continue, ASeriesGoesOnWithItsMatchesAndCountsEachOnce) {
   start([&](MenuWindow& menu) {
     ClickingUser user;

@@ -62,8 +62,7 @@ class WatchedReports : public GameTest {
     robot.always("scorecard", reads({"show_first_innings", "show_bowling", "show_partnerships"}));
     robot.always("scorecard2", reads({"show_bowling", "show_partnerships"}));
     robot.always("matchcentre", reads({"innings_1"}));
-    for (const char* name :
-         {"Bowlcard", "bowlcard2nd", "partners", "partners2", "graphs", "worms", "nextball"}) {
+    for (const char* name : {"Bowlcard", "bowlcard2nd", "partners", "partners2", "graphs", "worms", "nextball"}) {
       robot.always(name, reads({}));
     }
     robot.always("matchline", [this](QWidget& window) {
