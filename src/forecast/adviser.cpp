@@ -4,12 +4,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "console/captain_forms.h"
 #include "engine/over_play.h"
 #include "engine/play_steps.h"
 #include "engine/standing_orders.h"
+#include "forecast/computers_choice.h"
 #include "forecast/shared_runs.h"
 #include "model/match_state.h"
 #include "model/random.h"
@@ -20,23 +22,49 @@ namespace {
 
 using kind = captains_choice::kind;
 
-bool is_over_to_begin(const match_state& match) {
-  return (match.next_step == play_step::between_overs || match.next_step == play_step::over_begins) &&
-         match.bowler != 0;
+/// What a bowler is chosen for as the match stands.
+std::optional<bowler_choice_form::use> bowler_asked_for(const match_state& match) {
+  using use = bowler_choice_form::use;
+  switch (match.next_step) {
+    case play_step::opening_bowlers:
+      return use::first_opener;
+    case play_step::second_opening_bowler:
+      return use::second_opener;
+    case play_step::quota_told:
+    case play_step::quota_choice:
+      return use::quota;
+    case play_step::between_overs:
+    case play_step::over_begins:
+      return match.bowler != 0 ? std::optional(use::change) : std::nullopt;
+    default:
+      return std::nullopt;
+  }
 }
 
-bool is_man_to_come(const match_state& match) {
-  return (match.next_step == play_step::wicket_told || match.next_step == play_step::next_batsman) &&
-         has_man_to_come(match);
+/// For what a batsman is chosen.
+std::optional<next_batsman_form::use> batsman_asked_for(const match_state& match) {
+  using use = next_batsman_form::use;
+  switch (match.next_step) {
+    case play_step::openers:
+      return use::first_opener;
+    case play_step::second_opener:
+      return use::second_opener;
+    case play_step::wicket_told:
+    case play_step::next_batsman:
+      return has_man_to_come(match) ? std::optional(use::next) : std::nullopt;
+    default:
+      return std::nullopt;
+  }
 }
 
 bool can_come_in(const match_state& match, int position) {
-  return is_man_to_come(match) && position > match.higher_batsman() && position <= men_in_eleven;
+  return batsman_asked_for(match) && position > match.higher_batsman() && position <= men_in_eleven;
 }
 
 bool can_bowl(const match_state& match, int position) {
-  if (!is_over_to_begin(match) || position < 1 || position > men_in_eleven || position == match.next_bowler)
-    return false;
+  const auto asked = bowler_asked_for(match);
+  if (!asked || position < 1 || position > men_in_eleven || position == match.next_bowler) return false;
+  if (asked == bowler_choice_form::use::second_opener && position == match.bowler) return false;
   const auto at = static_cast<std::size_t>(position);
   return match.bowling_xi[at].is_keeper == 0 && match.bowling_card[at].balls < balls_of_quota;
 }
@@ -72,8 +100,19 @@ struct alternative {
   standing_orders orders;
 };
 
+/// The computer's choice. Where it opens the bowling, it draws by how much its attack is raised, and where a man has
+/// bowled his overs, somebody else is asked, whoever captains: so that nothing else differs, the man that it would name
+/// is put there as any other one.
+captains_choice computers_man(const match_state& match) {
+  const auto asked = bowler_asked_for(match);
+  if (asked != bowler_choice_form::use::first_opener && asked != bowler_choice_form::use::quota) return {};
+  const auto chosen = computers_bowler(match, *asked);
+  return chosen ? captains_choice{kind::bowler, chosen->choice} : captains_choice{};
+}
+
 alternative made_ready(const match_state& match, const captains_choice& choice) {
-  alternative ready{choice, start_at(with_choice(match, choice)), {}};
+  const bool computers = choice.what == kind::computers;
+  alternative ready{choice, start_at(with_choice(match, computers ? computers_man(match) : choice)), {}};
   ready.orders.innings = match.innings_number;
   ready.orders.last_over = choice.last_over;
   const auto at = static_cast<std::size_t>(choice.position);
@@ -142,13 +181,27 @@ void add_levels(std::vector<captains_choice>& choices, kind what, int position) 
 match_state with_choice(const match_state& match, const captains_choice& choice) {
   match_state chosen = match;
   if (choice.what == kind::bowler) {
-    chosen.bowler = choice.position;
+    const auto asked = bowler_asked_for(match);
+    const bool second = asked == bowler_choice_form::use::second_opener;
+    (second ? chosen.next_bowler : chosen.bowler) = choice.position;
+    if (second) chosen.next_step = play_step::openers;
+    if (asked == bowler_choice_form::use::first_opener) chosen.next_step = play_step::second_opening_bowler;
+    if (asked == bowler_choice_form::use::quota) chosen.next_step = play_step::over_begins;
   } else if (choice.what == kind::next_batsman) {
-    next_batsman_form form(chosen, next_batsman_form::use::next);
+    const auto asked = batsman_asked_for(match).value_or(next_batsman_form::use::next);
+    next_batsman_form form(chosen, asked);
     form.choose(choice.position);
     form.accept();
-    send_in(chosen);
-    chosen.next_step = play_step::ball_booked;
+    if (asked == next_batsman_form::use::first_opener) {
+      chosen.striker = 1;
+      chosen.next_step = play_step::second_opener;
+    } else if (asked == next_batsman_form::use::second_opener) {
+      chosen.non_striker = 2;
+      chosen.next_step = play_step::innings_opens;
+    } else {
+      send_in(chosen);
+      chosen.next_step = play_step::ball_booked;
+    }
   }
   return chosen;
 }
@@ -161,7 +214,7 @@ std::vector<captains_choice> choices_at_hand(const match_state& match, advised_s
     return choices;
   }
   if (side == advised_side::batting) {
-    if (is_man_to_come(match)) {
+    if (batsman_asked_for(match)) {
       for (int position = 1; position <= men_in_eleven; ++position) {
         if (can_come_in(match, position)) choices.push_back({kind::next_batsman, position});
       }

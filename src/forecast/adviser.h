@@ -18,10 +18,10 @@ struct captains_choice {
     computers,           ///< everything is left to the computer
     batting_aggression,  ///< of the batsman at a position of the batting eleven, for his stay
     bowling_aggression,  ///< of the bowler at a position of the bowling eleven, for every spell of his in this innings
-    bowler,              ///< the man at a position of the bowling eleven bowls the over that is to begin
-    next_batsman,        ///< the man at a position of the batting eleven comes in
-    bat_first,           ///< the team chosen first bats
-    bowl_first           ///< it bowls
+    bowler,  ///< the man at a position of the bowling eleven bowls the over that is to begin, or opens the bowling
+    next_batsman,  ///< the man at a position of the batting eleven comes in, or opens
+    bat_first,     ///< the team chosen first bats
+    bowl_first     ///< it bowls
   };
   kind what = kind::computers;
   int position = 0;                  ///< 1 to 11

@@ -33,12 +33,14 @@ class share_of_rests {
   result_tally tally_;
 };
 
-/// The pair and the bowler of the next ball are at their places.
+/// The pair and the bowler of the next ball are at their places. No over begins with a man who has bowled his.
 bool is_ball_to_come(const match_state& match) {
   switch (match.next_step) {
     case play_step::between_overs:
     case play_step::over_told:
     case play_step::over_begins:
+      if (match.bowling_card[match.bowler].balls >= balls_of_quota) return false;
+      [[fallthrough]];
     case play_step::ball_bowled:
       return match.striker != 0 && match.non_striker != 0 && match.bowler != 0;
     default:

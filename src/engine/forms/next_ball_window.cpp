@@ -14,6 +14,20 @@
 
 namespace velorin {
 
+namespace {
+
+/// Why nothing is known of the ball to come.
+QString not_known(const match_state& match) {
+  const bool over_to_begin = match.next_step == play_step::between_overs || match.next_step == play_step::over_begins;
+  if (over_to_begin && match.bowler != 0 && match.bowling_card[match.bowler].balls >= balls_of_quota) {
+    return QStringLiteral("%1 has bowled his overs. Another bowler is to be chosen first.")
+        .arg(shown(match.bowling_card[match.bowler].name));
+  }
+  return QStringLiteral("The men of the next ball are not known yet.");
+}
+
+}  // namespace
+
 Table next_ball_table(const match_state& match) {
   Table table;
   table.name = QStringLiteral("Next ball");
@@ -53,8 +67,7 @@ NextBallWindow::NextBallWindow(const match_state& match, QWidget* parent)
   view->setVisible(known);
   body()->addWidget(view);
   if (!known) {
-    body()->addWidget(new_named_label(QStringLiteral("not_known"),
-                                      QStringLiteral("The men of the next ball are not known yet."), TextRole::muted));
+    body()->addWidget(new_named_label(QStringLiteral("not_known"), not_known(match), TextRole::muted));
   }
   body()->addStretch(1);
   add_default_button(QStringLiteral("accept"), {.caption = QStringLiteral("OK"), .mnemonic = u'O'},

@@ -22,6 +22,7 @@
 #include "forecast/computers_choice.h"
 #include "headless/headless_user.h"
 #include "model/match_state.h"
+#include "model/rules.h"
 #include "support/game_in_play.h"
 #include "support/sample_match.h"
 #include "windows/robot.h"
@@ -127,6 +128,50 @@ TEST_F(AdviserInSheets, EachLevelOfAnAggressionHasItsDifference) {
     EXPECT_EQ(text(window, "advice"), "");
     preferences::set_adviser(true);
   }
+}
+
+/// What stands in a man's place while it is worked out.
+const QString worked_out(QStringLiteral("\u2026"));
+
+TEST_F(AdviserInSheets, WhereACaptainMustChooseABowlerEachManIsWeighed) {
+  preferences::set_adviser(true);
+  using use = bowler_choice_form::use;
+  begin_play(match);
+  const auto weighs = [&](use asked, int man, int none) {
+    bowler_choice_form form(match, asked, "Select");
+    BowlerChoiceWindow window(in_play(), form);
+    window.show();
+    EXPECT_EQ(advice_of(window, man), worked_out) << static_cast<int>(asked);
+    EXPECT_EQ(advice_of(window, none), "") << static_cast<int>(asked);
+  };
+  weighs(use::first_opener, 10, 7);
+  match.bowler = 9;
+  match.next_step = play_step::second_opening_bowler;
+  weighs(use::second_opener, 10, 9);
+  match.next_bowler = 8;
+  match.next_step = play_step::quota_choice;
+  match.bowling_card[9].balls = balls_of_quota;
+  weighs(use::quota, 10, 9);
+}
+
+TEST_F(AdviserInSheets, EachManWhoCanOpenIsWeighed) {
+  preferences::set_adviser(true);
+  using use = next_batsman_form::use;
+  begin_play(match);
+  const auto weighs = [&](use asked, int none) {
+    next_batsman_form form(match, asked);
+    NextBatsmanWindow window(in_play(), form);
+    window.show();
+    EXPECT_EQ(advice_of(window, 11), worked_out) << static_cast<int>(asked);
+    if (none > 0) EXPECT_EQ(advice_of(window, none), "");
+  };
+  match.bowler = 9;
+  match.next_bowler = 8;
+  match.next_step = play_step::openers;
+  weighs(use::first_opener, 0);
+  match.striker = 1;
+  match.next_step = play_step::second_opener;
+  weighs(use::second_opener, 1);
 }
 
 TEST_F(AdviserInSheets, ASheetClosedInTheMidstOfItWaitsForNothing) {
