@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <array>
+#include <utility>
 
 #include "engine/over_play.h"
 #include "engine/play_steps.h"
@@ -114,6 +115,43 @@ std::vector<match_state> states_of_a_match(std::uint64_t seed, int every) {
     take_step(play);
   }
   return user.kept;
+}
+
+bool is_before(const match_state& state, end_near end) {
+  const bool chasing = state.first_total != 0;
+  const bool last_ball = state.innings_balls == balls_of_innings - 1 && state.next_step == play_step::ball_bowled;
+  const bool nine_down = state.score_wickets == wickets_of_innings - 1;
+  const bool bats_on = state.innings_balls < balls_of_innings && state.score_wickets < wickets_of_innings;
+  const bool one_to_win = chasing && bats_on && state.score_runs == state.first_total;
+  switch (end) {
+    case end_near::innings_over:
+      return !chasing && !bats_on;
+    case end_near::last_ball:
+      return last_ball;
+    case end_near::nine_down:
+      return nine_down && bats_on;
+    case end_near::one_to_win:
+      return one_to_win;
+    case end_near::nine_down_one_to_win:
+      return one_to_win && nine_down;
+    case end_near::one_to_win_last_ball:
+      return one_to_win && last_ball;
+  }
+  return false;
+}
+
+std::vector<match_state> states_before(end_near end, std::size_t count, std::uint64_t seed) {
+  const bool level = end >= end_near::one_to_win;
+  std::vector<match_state> found;
+  while (found.size() < count) {
+    for (match_state& state : states_of_a_match(seed++, 40)) {
+      if (level && state.first_total != 0 && state.score_runs != 0) state.first_total = state.score_runs;
+      if (!is_before(state, end)) continue;
+      found.push_back(std::move(state));
+      break;
+    }
+  }
+  return found;
 }
 
 ordinary_end played_ordinarily(const match_state& state, random_source chance) {
