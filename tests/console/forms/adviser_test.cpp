@@ -163,7 +163,9 @@ TEST_F(AdviserInSheets, EachManWhoCanOpenIsWeighed) {
     NextBatsmanWindow window(in_play(), form);
     window.show();
     EXPECT_EQ(advice_of(window, 11), worked_out) << static_cast<int>(asked);
-    if (none > 0) EXPECT_EQ(advice_of(window, none), "");
+    if (none > 0) {
+      EXPECT_EQ(advice_of(window, none), "");
+    }
   };
   match.bowler = 9;
   match.next_bowler = 8;
