@@ -59,9 +59,9 @@ NextBatsmanWindow::NextBatsmanWindow(const match_play& play, std::function<aggre
     men->choose(chosen->choice);
     return shown(chosen->reason);
   };
-  constexpr std::size_t advice_column = 2;
+  constexpr std::size_t to_win_column = 2;
   new SheetAdviser(*this, advised_men(*men, play_.match, advised_side::batting, captains_choice::kind::next_batsman,
-                                      advice_column, leave_it));
+                                      to_win_column, leave_it));
   add_button(QStringLiteral("profile"), {.caption = QStringLiteral("Player Profile"), .mnemonic = u'P'}, [this] {
     if (form_.chosen > 0) show_profile(play_.user, play_.data, play_.match.team1_name, form_.name(form_.chosen));
   });
