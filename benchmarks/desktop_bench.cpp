@@ -85,9 +85,19 @@ void open_everything(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& us
   }
 }
 
-/// Returns the milliseconds of each over.
-std::vector<double> play_match(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& user) {
-  std::vector<double> overs;
+/// What is reckoned behind play while an over is bowled.
+enum class Behind { nothing, forecast, adviser };
+
+/// Turns forecast and adviser on or off, as their user would.
+void set_behind(Behind behind, QWidget& console) {
+  if (preferences::forecast() != (behind != Behind::nothing)) press(console, "forecast");
+  preferences::set_adviser(behind == Behind::adviser);
+}
+
+/// Returns the milliseconds of the overs; what is reckoned behind them changes from over to over.
+std::map<Behind, std::vector<double>> play_match(OpeningTimes& times, QtFrontEnd& shown_by, ClickingUser& user) {
+  std::map<Behind, std::vector<double>> overs;
+  int over = 0;
   QElapsedTimer clock;
   user.robot.next("teamfrm", then_ask(times, [](QWidget& window) {
                     ClickingUser::choose_match(window, 0, 2, true, false);
@@ -130,13 +140,16 @@ std::vector<double> play_match(OpeningTimes& times, QtFrontEnd& shown_by, Clicki
       return;
     }
     const std::size_t requests = user.robot.met().size();
+    // What the over before has asked for is still under way.
+    const auto behind = static_cast<Behind>(over++ / 2 % 3);
+    if (over % 2 == 1) set_behind(behind, window);
     clock.start();
     times.asked();
     press(window, "next_over");
     // An over without a wicket, a milestone or the end of an innings: what counts is the over alone.
     if (window.isVisible() && user.robot.met().size() == requests) {
       window.repaint();
-      overs.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
+      if (over % 2 == 0) overs[behind].push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
     }
   });
   times.asked();
@@ -182,7 +195,10 @@ void measure() {
   chance.use_seed(7);
   ClickingUser user;
   open_everything(times, shown_by, user);
-  tell("over_with_every_refresh", play_match(times, shown_by, user));
+  const auto overs = play_match(times, shown_by, user);
+  tell("over_with_every_refresh/without_forecast", overs.at(Behind::nothing));
+  tell("over_with_every_refresh/with_forecast", overs.at(Behind::forecast));
+  tell("over_with_every_refresh/with_adviser", overs.at(Behind::adviser));
   tell("unattended_series_with_stops", {unattended_series(times, shown_by, false, user)});
   tell("unattended_series_without_stops", {unattended_series(times, shown_by, true, user)});
   for (const auto& [name, taken] : times.taken) tell("open_window/" + name, taken);
