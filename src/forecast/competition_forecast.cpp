@@ -157,6 +157,30 @@ class share_of_fixture {
 /// A match whose result waits to be booked is none that is on.
 bool is_match_on(bool entered, const match_state& match) { return entered && match.step != match_step::none; }
 
+/// Stages that are known between two matches; none while one is on.
+int settled_stages(const world_cup_record& cup) {
+  if (cup.step == cup_step::match) return 0;
+  const auto coming = next_match(cup);
+  if (!coming) return cup_to_finish::stages;
+  switch (coming->stage) {
+    case match_stage::super_six:
+      return 1;
+    case match_stage::semi_finals:
+      return 2;
+    case match_stage::grand_final:
+      return 3;
+    default:
+      return 0;
+  }
+}
+
+int settled_stages(const tri_record& tri) {
+  if (tri.step == tri_step::match) return 0;
+  const auto coming = next_match(tri);
+  if (!coming) return tri_to_finish::stages;
+  return coming->stage == match_stage::tri_final ? 1 : 0;
+}
+
 }  // namespace
 
 competition_forecast<cup_chances> forecast_cup(game_state& game, const forecast_options& options) {
@@ -171,6 +195,7 @@ competition_forecast<cup_chances> forecast_cup(game_state& game, const forecast_
       world_of_competition(game.match, game.data, cup.teams, is_match_on(entered, game.match));
   const auto counts = play_many(cup, world, options);
   forecast.runs = counts.runs;
+  forecast.settled = settled_stages(cup.record);
   for (std::size_t i = 0; i < cup.teams.size(); ++i) {
     forecast.teams.push_back(
         {cup.teams[i], counts.share(0, i), counts.share(1, i), counts.share(2, i), counts.share(3, i)});
@@ -188,6 +213,7 @@ competition_forecast<tri_chances> forecast_tri(game_state& game, const forecast_
       world_of_competition(game.match, game.data, tri.teams, is_match_on(entered, game.match));
   const auto counts = play_many(tri, world, options);
   forecast.runs = counts.runs;
+  forecast.settled = settled_stages(tri.record);
   for (std::size_t i = 0; i < tri.teams.size(); ++i) {
     forecast.teams.push_back({tri.teams[i], counts.share(0, i), counts.share(1, i)});
   }

@@ -32,6 +32,7 @@ template <class Chances>
 struct competition_forecast {
   std::vector<Chances> teams;  ///< as entered: Group A, Group B; or the three in their order
   long runs = 0;               ///< that were played
+  int settled = 0;             ///< so many stages, from the first on, are known: who reaches them is no chance any more
 };
 
 /// Plays what is left of the World Cup in play many times, the match in play from where it stands, all sides led by the

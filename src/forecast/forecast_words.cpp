@@ -3,15 +3,24 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace velorin {
 
-std::string chance_words(double chance) {
+std::string chance_words(double chance, bool certain) {
   const double percent = 100 * chance;
+  if (certain && (chance == 0 || chance == 1)) return chance == 0 ? "0 %" : "100 %";
   if (percent < 0.5) return "<1 %";
   if (percent > 99.5) return ">99 %";
   return fmt::format("{} %", std::lround(percent));
+}
+
+std::string stage_words(const std::vector<double>& stages, int settled, std::size_t stage) {
+  const auto known = std::min(static_cast<std::size_t>(settled), stages.size());
+  const bool out = std::any_of(stages.begin(), stages.begin() + static_cast<std::ptrdiff_t>(known),
+                               [](double chance) { return chance == 0; });
+  return chance_words(stages[stage], out || stage < known);
 }
 
 std::string chances_sentence(const forecast_answer& answer) {

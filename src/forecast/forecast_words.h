@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "forecast/adviser.h"
 #include "forecast/result_tally.h"
@@ -10,8 +12,13 @@
 
 namespace velorin {
 
-/// "62 %"; "<1 %" and ">99 %" where so many runs cannot tell it from never and always.
-std::string chance_words(double chance);
+/// "62 %"; "<1 %" and ">99 %" where so many runs cannot tell it from never and always, but "0 %" and "100 %" where
+/// nothing is left to chance.
+std::string chance_words(double chance, bool certain = false);
+
+/// The chance of a stage, told likewise, of a team's chances of all stages, the first `settled` of which are known: who
+/// has missed one reaches none behind it.
+std::string stage_words(const std::vector<double>& stages, int settled, std::size_t stage);
 
 /// "India 62 %, England 37 %, tie 1 %"; the tie is left out where it is below one in two hundred.
 std::string chances_sentence(const forecast_answer& answer);

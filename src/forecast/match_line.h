@@ -55,7 +55,7 @@ class match_line {
 
   /// Every man who faced or bowled a ball, the greatest impact first. A ball's swing counts for the striker with the
   /// bat and, turned round, for the bowler with the ball, whatever became of it: extras, too. A run out is none of the
-  /// bowler's: as on the cards he has no part in it, and its swing counts for the man who is out alone.
+  /// bowler's: as on the cards he has no part in it, and its swing counts for the man who is out, always the striker.
   std::vector<man_impact> impacts() const;
 
  private:

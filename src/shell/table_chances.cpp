@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/table_chances.h"
 
+#include <QLabel>
+#include <QLayout>
 #include <QScrollBar>
 #include <algorithm>
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <string>
@@ -18,6 +21,7 @@
 #include "desktop/table_view.h"
 #include "forecast/competition_forecast.h"
 #include "forecast/forecast_words.h"
+#include "forecast/series_forecast.h"
 
 namespace velorin {
 
@@ -29,7 +33,7 @@ constexpr long runs_of_fixture = 400;
 /// The columns of a table, and what stands in them by team.
 struct Chances {
   std::vector<QString> headings;
-  std::map<QString, std::vector<double>> of_team;
+  std::map<QString, std::vector<QString>> of_team;
 };
 
 forecast_options options_behind(const std::stop_token& stop) {
@@ -46,11 +50,17 @@ void add_columns(const Form& window, const QString& name, const Chances& chances
     const auto found = chances.of_team.find(row.cells.front().text);
     for (std::size_t i = 0; i < chances.headings.size(); ++i) {
       const bool known = found != chances.of_team.end();
-      row.cells.push_back({.text = known ? shown(chance_words(found->second[i])) : QString()});
+      row.cells.push_back({.text = known ? found->second[i] : QString()});
     }
   }
   view->set_table(std::move(table));
   view->setMinimumWidth(std::max(view->minimumWidth(), view->needed_width()));
+  // Cards that now stand below one another get their heights at once.
+  for (QWidget* around = view->parentWidget(); around != nullptr; around = around->parentWidget()) {
+    around->updateGeometry();
+    if (around->layout() != nullptr) around->layout()->activate();
+    if (around == &window) break;
+  }
 }
 
 /// The columns of the fixture list, by the place of the match.
@@ -75,6 +85,24 @@ void add_fixture_columns(const Form& window, const std::map<int, std::vector<QSt
   view->verticalScrollBar()->setValue(scrolled);
 }
 
+std::vector<QString> words_of_stages(const std::vector<double>& stages, int settled,
+                                     const std::vector<std::size_t>& told) {
+  std::vector<QString> words;
+  for (const std::size_t stage : told) words.push_back(shown(stage_words(stages, settled, stage)));
+  return words;
+}
+
+QString words_of(const two_chances& two) {
+  return shown(two.a + ' ' + chance_words(two.win_a) + ", " + two.b + ' ' + chance_words(two.win_b));
+}
+
+void show_line(const Form& window, const QString& words) {
+  auto* line = window.findChild<QLabel*>(QStringLiteral("chances_line"));
+  if (line == nullptr) return;
+  line->setText(words);
+  line->setAccessibleName(words);
+}
+
 /// Works behind a window that goes with it.
 void work_behind(Form& window, BackWork::Work work) {
   if (!preferences::forecast()) return;
@@ -90,10 +118,34 @@ void add_tri_chances(Form& window, const game_state& game) {
               [&window, copy = std::make_shared<game_state>(own_copy(game))](const std::stop_token& stop,
                                                                              const auto&) -> BackWork::Show {
                 Chances table{.headings = {QStringLiteral("Final"), QStringLiteral("Title")}, .of_team = {}};
-                for (const tri_chances& team : forecast_tri(*copy, options_behind(stop)).teams) {
-                  table.of_team[shown(team.team)] = {team.final, team.title};
+                const auto found = forecast_tri(*copy, options_behind(stop));
+                for (const tri_chances& team : found.teams) {
+                  table.of_team[shown(team.team)] = words_of_stages({team.final, team.title}, found.settled, {0, 1});
                 }
                 return [&window, table] { add_columns(window, QStringLiteral("table"), table); };
+              });
+}
+
+void add_series_chances(Form& window, const game_state& game) {
+  work_behind(window,
+              [&window, copy = std::make_shared<game_state>(own_copy(game))](const std::stop_token& stop,
+                                                                             const auto&) -> BackWork::Show {
+                const auto found = forecast_series(*copy, options_behind(stop));
+                if (!found) return {};
+                const QString words = QStringLiteral("Forecast: the next match %1; the series %2")
+                                          .arg(words_of(found->next), words_of(found->series));
+                return [&window, words] { show_line(window, words); };
+              });
+}
+
+void add_next_of_tri(Form& window, const game_state& game) {
+  work_behind(window,
+              [&window, copy = std::make_shared<game_state>(own_copy(game))](const std::stop_token& stop,
+                                                                             const auto&) -> BackWork::Show {
+                const auto found = forecast_next_of_tri(*copy, options_behind(stop));
+                if (!found) return {};
+                const QString words = QStringLiteral("Forecast: the next match %1").arg(words_of(*found));
+                return [&window, words] { show_line(window, words); };
               });
 }
 
@@ -102,10 +154,14 @@ void add_cup_chances(Form& window, const game_state& game) {
               [&window, copy = std::make_shared<game_state>(own_copy(game))](const std::stop_token& stop,
                                                                              const auto&) -> BackWork::Show {
                 Chances group{.headings = {QStringLiteral("Super Six"), QStringLiteral("Title")}, .of_team = {}};
-                Chances super_six{.headings = {QStringLiteral("Semi"), QStringLiteral("Title")}, .of_team = {}};
-                for (const cup_chances& team : forecast_cup(*copy, options_behind(stop)).teams) {
-                  group.of_team[shown(team.team)] = {team.super_six, team.title};
-                  super_six.of_team[shown(team.team)] = {team.semi_finals, team.title};
+                Chances super_six{
+                    .headings = {QStringLiteral("Semi"), QStringLiteral("Final"), QStringLiteral("Title")},
+                    .of_team = {}};
+                const auto found = forecast_cup(*copy, options_behind(stop));
+                for (const cup_chances& team : found.teams) {
+                  const std::vector<double> stages = {team.super_six, team.semi_finals, team.grand_final, team.title};
+                  group.of_team[shown(team.team)] = words_of_stages(stages, found.settled, {0, 3});
+                  super_six.of_team[shown(team.team)] = words_of_stages(stages, found.settled, {1, 2, 3});
                 }
                 return [&window, group, super_six] {
                   add_columns(window, QStringLiteral("group_a"), group);

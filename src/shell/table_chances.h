@@ -12,6 +12,11 @@ struct game_state;
 void add_tri_chances(Form& window, const game_state& game);
 void add_cup_chances(Form& window, const game_state& game);
 
+/// Tells in a window on a series between two matches, likewise, each side's chance of winning the next match and the
+/// series; in one on a tri series, of the next match. They stand in its label "chances_line".
+void add_series_chances(Form& window, const game_state& game);
+void add_next_of_tri(Form& window, const game_state& game);
+
 /// Adds to the World Cup's fixture list, likewise, both sides' chances of winning each match to come.
 void add_fixture_chances(Form& window, const game_state& game);
 

@@ -72,7 +72,14 @@ SeriesResultsWindow::SeriesResultsWindow(series_results_form& form, QWidget* par
   results_->show_all_rows();
   results_->grow_rows(40, static_cast<int>(form_.rows.size()));
   rows_ = new_column(body(), 1000);
-  rows_->addWidget(new_score(form_));
+  // Filled once it is known, in its place from the beginning.
+  auto* chances = new_named_label(QStringLiteral("chances_line"), {}, TextRole::muted);
+  chances->setWordWrap(true);
+  chances->setMinimumHeight(chances->fontMetrics().height());
+  QFrame* score = new_score(form_);
+  chances->setAlignment(Qt::AlignCenter);
+  card_rows(score)->addWidget(chances);
+  rows_->addWidget(score);
   rows_->addSpacing(8);
   rows_->addWidget(results_, 1);
   rows_->addStretch();

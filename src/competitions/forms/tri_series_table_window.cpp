@@ -45,6 +45,11 @@ TriSeriesTableWindow::TriSeriesTableWindow(tri_series_table_form& form, QWidget*
   rows_->addSpacing(8);
   rows_->addWidget(new_named_label(QStringLiteral("final_line"), shown(form_.final_line), TextRole::strong));
   rows_->addWidget(new_named_label(QStringLiteral("final_result"), shown(form_.final_result), TextRole::accent));
+  // Filled once it is known, in its place from the beginning.
+  auto* chances = new_named_label(QStringLiteral("chances_line"), {}, TextRole::muted);
+  chances->setWordWrap(true);
+  chances->setMinimumHeight(chances->fontMetrics().height());
+  rows_->addWidget(chances);
   rows_->addStretch();
   const auto close = [this] {
     form_.accept();

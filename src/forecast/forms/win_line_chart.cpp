@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forecast/forms/win_line_chart.h"
 
+#include <QLineF>
 #include <QPainter>
 #include <QPainterPath>
 #include <QSvgGenerator>
 #include <algorithm>
+#include <cmath>
 #include <utility>
+#include <vector>
 
 #include "desktop/accessible_role.h"
 #include "desktop/enlarged.h"
@@ -89,15 +92,8 @@ void WinLineChart::draw(QPainter& painter, const QRectF& room) const {
   painter.drawText(QRectF(plot.left(), plot.bottom() + 4, plot.width(), 20), Qt::AlignLeft | Qt::AlignVCenter,
                    QStringLiteral("\u25BC %1").arg(line_.sides[1]));
   if (line_.points.empty()) return;
-  // Where the second innings begins.
-  for (std::size_t i = 1; i < line_.points.size(); ++i) {
-    if (line_.points[i].first_bats == line_.points[i - 1].first_bats) continue;
-    const double x = point(plot, i).x();
-    painter.setPen(QPen(t.muted, 1, Qt::DashLine));
-    painter.drawLine(QPointF(x, plot.top()), QPointF(x, plot.bottom()));
-    painter.setPen(t.muted);
-    painter.drawText(QRectF(x - 70, plot.bottom() + 4, 140, 20), Qt::AlignCenter, QStringLiteral("Second innings"));
-  }
+  const double change = draw_change_of_innings(painter, plot);
+  draw_overs(painter, plot, change);
   QPainterPath path(point(plot, 0));
   for (std::size_t i = 1; i <= line_.points.size(); ++i) path.lineTo(point(plot, i));
   painter.setBrush(Qt::NoBrush);
@@ -106,8 +102,51 @@ void WinLineChart::draw(QPainter& painter, const QRectF& room) const {
   draw_marks(painter, plot);
 }
 
+double WinLineChart::draw_change_of_innings(QPainter& painter, const QRectF& plot) const {
+  const Theme& t = theme();
+  for (std::size_t i = 1; i < line_.points.size(); ++i) {
+    if (line_.points[i].first_bats == line_.points[i - 1].first_bats) continue;
+    const double x = point(plot, i).x();
+    painter.setPen(QPen(t.muted, 1, Qt::DashLine));
+    painter.drawLine(QPointF(x, plot.top()), QPointF(x, plot.bottom()));
+    painter.setPen(t.muted);
+    painter.drawText(QRectF(x - 70, plot.bottom() + 4, 140, 20), Qt::AlignCenter, QStringLiteral("Second innings"));
+    return x;
+  }
+  return plot.right() + plot.width();
+}
+
+void WinLineChart::draw_overs(QPainter& painter, const QRectF& plot, double change) const {
+  const Theme& t = theme();
+  constexpr int overs_between = 10;
+  constexpr double room = 70;  // of a word that stands there, in pixels
+  painter.setPen(t.muted);
+  for (std::size_t i = 0; i + 1 < line_.points.size(); ++i) {
+    const delivery& ball = line_.points[i].ball;
+    if (ball.over % overs_between != 0 || line_.points[i + 1].ball.over == ball.over) continue;
+    const double x = point(plot, i + 1).x();
+    painter.drawLine(QPointF(x, plot.bottom()), QPointF(x, plot.bottom() + 4));
+    if (std::abs(x - change) < room) continue;
+    painter.drawText(QRectF(x - 20, plot.bottom() + 4, 40, 20), Qt::AlignCenter, QString::number(ball.over));
+  }
+}
+
+QPointF WinLineChart::place_of_turn(const QPointF& at, const QRectF& plot, const std::vector<QPointF>& taken) {
+  constexpr double step = 20;  // so far apart, two do not touch
+  const double away = at.y() < plot.center().y() ? 1 : -1;
+  QPointF middle;
+  for (int rows = 0; rows < 5; ++rows) {
+    middle = at + QPointF(0, away * (18 + step * rows));
+    const bool free = std::none_of(taken.begin(), taken.end(),
+                                   [&](const QPointF& other) { return QLineF(other, middle).length() < step; });
+    if (free) break;
+  }
+  return middle;
+}
+
 void WinLineChart::draw_marks(QPainter& painter, const QRectF& plot) const {
   const Theme& t = theme();
+  std::vector<QPointF> taken;  // by the signs of turning points
   for (std::size_t i = 0; i < line_.points.size(); ++i) {
     const line_point& each = line_.points[i];
     const QPointF at = point(plot, i + 1);
@@ -128,8 +167,8 @@ void WinLineChart::draw_marks(QPainter& painter, const QRectF& plot) const {
     const auto turn = std::find_if(line_.turns.begin(), line_.turns.end(),
                                    [&](const line_point& other) { return same_ball(other, each); });
     if (turn == line_.turns.end()) continue;
-    const bool high = at.y() < plot.center().y();
-    const QPointF middle = at + QPointF(0, high ? 18 : -18);
+    const QPointF middle = place_of_turn(at, plot, taken);
+    taken.push_back(middle);
     painter.setPen(QPen(t.ink, 1));
     painter.drawLine(at, middle);
     painter.setBrush(t.card);

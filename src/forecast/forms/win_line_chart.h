@@ -40,6 +40,12 @@ class WinLineChart : public QWidget {
 
  private:
   void draw(QPainter& painter, const QRectF& room) const;
+  /// Where the second innings begins; returns its x, or one beyond the plot.
+  double draw_change_of_innings(QPainter& painter, const QRectF& plot) const;
+  /// Each tenth over; none where the words at `change` stand.
+  void draw_overs(QPainter& painter, const QRectF& plot, double change) const;
+  /// The middle of a turning point's sign, apart from those that are taken.
+  static QPointF place_of_turn(const QPointF& at, const QRectF& plot, const std::vector<QPointF>& taken);
   void draw_marks(QPainter& painter, const QRectF& plot) const;
   QPointF point(const QRectF& plot, std::size_t place) const;
 
