@@ -90,6 +90,8 @@ constexpr Purpose purposes[] = {
     {"matchrep", "The whole match: both cards, the scores over by over, what it brought. Page keys scroll."},
     {"anew_question", "Yes empties careers and records; they begin anew."},
     {"messages", "Messages without a tick pass by in the bar above, and the game goes on."},
+    {"captaincy",
+     "What is ticked the computer does for you; whatever you change by hand on the console is yours again."},
     {"frmAbout", "Who made the game."},
     {"unstopped", "Matches between computer sides run without a stop."},
     {"waiting", "Another program works on the same files; the game goes on when it is done."},

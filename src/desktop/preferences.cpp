@@ -113,6 +113,17 @@ void set_forecast(bool on) { settings().setValue(QStringLiteral("forecast"), on 
 bool adviser() { return number(QStringLiteral("adviser"), 1, 0) == 1; }
 void set_adviser(bool on) { settings().setValue(QStringLiteral("adviser"), on ? 1 : 0); }
 
+Delegated delegated() {
+  const auto left = [](const char* key) { return number(QLatin1String(key), 1, 0) == 1; };
+  return {left("delegated/toss"), left("delegated/line_up"), left("delegated/bowling"), left("delegated/aggressions")};
+}
+void set_delegated(const Delegated& left) {
+  settings().setValue(QStringLiteral("delegated/toss"), left.toss ? 1 : 0);
+  settings().setValue(QStringLiteral("delegated/line_up"), left.line_up ? 1 : 0);
+  settings().setValue(QStringLiteral("delegated/bowling"), left.bowling ? 1 : 0);
+  settings().setValue(QStringLiteral("delegated/aggressions"), left.aggressions ? 1 : 0);
+}
+
 QMap<QString, QString> kept_questions() {
   QMap<QString, QString> questions;
   const QVariantMap kept = settings().value(QStringLiteral("kept_questions")).toMap();

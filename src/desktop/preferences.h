@@ -41,6 +41,16 @@ struct QuickAnswers {
   bool openers = true;  ///< the opening batsmen and bowlers
 };
 
+/// What the user leaves to the computer while he captains a side.
+struct Delegated {
+  bool toss = false;
+  bool line_up = false;      ///< the eleven, and who comes in
+  bool bowling = false;      ///< who opens, and who bowls when
+  bool aggressions = false;  ///< of batsmen and bowlers
+
+  bool operator==(const Delegated&) const = default;
+};
+
 /// How a user has left a table. Columns go by their names; one that the table does not have says nothing.
 struct TableState {
   QStringList hidden;
@@ -106,6 +116,10 @@ void set_forecast(bool on);
 /// Whether the captain is told what his choices do to the chance of winning; off at first.
 bool adviser();
 void set_adviser(bool on);
+
+/// Nothing at first.
+Delegated delegated();
+void set_delegated(const Delegated& left);
 
 /// The questions to the archive that the user has kept, in writing, by the names that he gave them; none at first.
 QMap<QString, QString> kept_questions();

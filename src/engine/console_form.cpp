@@ -27,12 +27,14 @@ void console_form::bowl_ball_on_record() {
 }
 
 void console_form::bowl_ball() {
+  play_.user.about_to_bowl(*this);
   play_.user.answered({answer_kind::next_ball});
   bowl_ball_on_record();
   play_.user.over_bowled();
 }
 
 void console_form::bowl_next_over() {
+  play_.user.about_to_bowl(*this);
   play_.user.answered({has_over_in_play() ? answer_kind::go_on : answer_kind::next_over});
   if (play_.match.practice) {
     do bowl_ball_on_record();

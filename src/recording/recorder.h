@@ -96,6 +96,7 @@ class recorder : public front_end {
   void show(console_form& form) override;
   void console_opens(console_form& form) override;
   void console_closes() override { shown_by_.console_closes(); }
+  void about_to_bowl(console_form& form) override { shown_by_.about_to_bowl(form); }
   void ball_bowled() override;
   void progress(int over) override;
   void progress_done() override;

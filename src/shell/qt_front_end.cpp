@@ -61,6 +61,7 @@
 #include "setup/team_selection.h"
 #include "setup/toss.h"
 #include "shell/browse.h"
+#include "shell/delegation.h"
 #include "shell/match_line.h"
 #include "shell/quick_answers.h"
 #include "shell/saved_games_window.h"
@@ -168,10 +169,13 @@ void QtFrontEnd::show_score() {
 
 bool QtFrontEnd::passes_by(message_kind kind, const std::string& text) const {
   if (kind == message_kind::other || (!quick_ && preferences::stops_for(kind))) return false;
-  const QString words = shown(text).simplified();
+  tell_in_passing(shown(text).simplified());
+  return true;
+}
+
+void QtFrontEnd::tell_in_passing(const QString& words) const {
   if (auto* frame = frame_of(front_window())) frame->show_passing(words);
   if (console_ != nullptr) console_->message_passed(words);
-  return true;
 }
 
 std::optional<MomentKind> QtFrontEnd::moment_of(const message_box& message) const {
@@ -219,7 +223,9 @@ void QtFrontEnd::show(conditions_form& form) {
 }
 
 void QtFrontEnd::show(team_selection_form& form) {
-  if (unstopped_.answers_match() || (quick_ && quick_->answered.elevens)) return unstopped_.user().show(form);
+  if (unstopped_.answers_match() || (quick_ && quick_->answered.elevens) || preferences::delegated().line_up) {
+    return unstopped_.user().show(form);
+  }
   TeamSelectionWindow window(game_.match, form);
   show_set_up_steps(window, game_.match, SetUpStep::elevens);
   run_modal(window);
@@ -227,6 +233,7 @@ void QtFrontEnd::show(team_selection_form& form) {
 
 void QtFrontEnd::show(toss_form& form) {
   if (quick_ && quick_->answered.toss) return answer_quickly(form, *quick_);
+  if (preferences::delegated().toss) return answer_toss(form);
   TossWindow window(game_.match, form);
   show_set_up_steps(window, game_.match, SetUpStep::toss);
   run_modal(window);
@@ -235,6 +242,9 @@ void QtFrontEnd::show(toss_form& form) {
 void QtFrontEnd::show(next_batsman_form& form) {
   if (quick_ && quick_->answered.openers) return answer_quickly(form, *quick_, game_.match.team1_name);
   refresh_console();
+  if (preferences::delegated().line_up) {
+    if (const std::string why = answer_batsman(game_.match, form); !why.empty()) return tell_in_passing(shown(why));
+  }
   const auto answers = [this](int row) { return newcomer_odds(game_.match, row); };
   show_modally<NextBatsmanWindow>(form, play(), answers);
 }
@@ -243,6 +253,10 @@ void QtFrontEnd::show(bowler_choice_form& form) {
   if (unstopped_.answers_match()) return unstopped_.user().show(form);
   if (quick_ && quick_->answered.openers) return answer_quickly(form, *quick_, game_.match.team2_name);
   refresh_console();
+  // Asked for by the user himself, it is his.
+  if (preferences::delegated().bowling && form.shown_for != bowler_choice_form::use::change) {
+    if (const std::string why = answer_bowler(game_.match, form); !why.empty()) return tell_in_passing(shown(why));
+  }
   show_modally<BowlerChoiceWindow>(form, play());
 }
 
@@ -283,6 +297,11 @@ void QtFrontEnd::console_closes() {
   if (!frame_) return;
   frame_->show_passing({});
   frame_->offer_save({});
+}
+
+void QtFrontEnd::about_to_bowl(console_form& form) {
+  const Delegated left = preferences::delegated();
+  captain_before_ball(game_.match, form, left.bowling, left.aggressions);
 }
 
 void QtFrontEnd::show(console_form& form) {
@@ -381,7 +400,7 @@ void QtFrontEnd::show(series_results_form& form) {
   if (before != nullptr && game_.series.series_over && form.won_a != form.won_b) {
     celebrate(*before->window(), MomentKind::champions, shown(form.standing_line).simplified());
   }
-  show_standings<SeriesResultsWindow>(form, reports_, [](Form&) {});
+  show_standings<SeriesResultsWindow>(form, reports_, [this](Form& window) { add_series_chances(window, game_); });
 }
 
 void QtFrontEnd::show(tri_series_table_form& form) {
@@ -390,7 +409,10 @@ void QtFrontEnd::show(tri_series_table_form& form) {
   if (before != nullptr && !form.final_result.empty()) {
     celebrate(*before->window(), MomentKind::champions, shown(form.final_result).simplified());
   }
-  show_standings<TriSeriesTableWindow>(form, reports_, [this](Form& window) { add_tri_chances(window, game_); });
+  show_standings<TriSeriesTableWindow>(form, reports_, [this](Form& window) {
+    add_tri_chances(window, game_);
+    add_next_of_tri(window, game_);
+  });
 }
 
 void QtFrontEnd::show(world_cup_fixtures_form& form) {

@@ -48,6 +48,7 @@ class QtFrontEnd : public front_end {
   void show(console_form& form) override;
   void console_opens(console_form& form) override;
   void console_closes() override;
+  void about_to_bowl(console_form& form) override;
   void ball_bowled() override;
   void progress(int over) override;
   void progress_done() override;
@@ -92,6 +93,8 @@ class QtFrontEnd : public front_end {
   void refresh_console();
   /// A message of a kind that the user does not stop for passes by in the main window's bar. False: it must be shown.
   bool passes_by(message_kind kind, const std::string& text) const;
+  /// Tells in the main window's bar, and on the console, without a stop.
+  void tell_in_passing(const QString& words) const;
   /// A hundred, five wickets, a win with the last ball: a moment over the console, which ends with it.
   /// What a message tells of, if that is a great moment of the match on the console.
   std::optional<MomentKind> moment_of(const message_box& message) const;

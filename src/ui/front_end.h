@@ -83,6 +83,10 @@ class front_end {
   /// what comes before it is shown. However the match is left, console_closes() tells of it.
   virtual void console_opens(console_form& /*form*/) {}
   virtual void console_closes() {}
+  /// At this console the next ball or over has been asked for, and nothing of it has happened: what its user leaves to
+  /// others can still be done by the form.
+  virtual void about_to_bowl(console_form& /*form*/) {}
+
   // What is told to whoever keeps a record of the game; others need not listen.
 
   /// A match by itself or a competition has been entered, and is about to make its first draw.

@@ -103,7 +103,8 @@ void picture_places(MenuWindow& menu) {
   user.robot.next("optfrm", [&](QWidget& window) {
     user.robot.next("anew_question", taking("anew-question", "no"));
     user.robot.next("messages", taking("messages", "accept"));
-    for (const char* name : {"begin_anew", "messages", "accept"}) press(window, name);
+    user.robot.next("captaincy", taking("captaincy", "accept"));
+    for (const char* name : {"begin_anew", "messages", "captaincy", "accept"}) press(window, name);
   });
   press(menu, "configurations");
   user.robot.next("frmAbout", taking("credits", "accept"));

@@ -154,10 +154,10 @@ void Walk::answer_captain() {
 
 void Walk::answer_the_rest() {
   for (const char* name :
-       {"message",   "batsmandetails", "scorecard", "scorecard2", "Bowlcard", "bowlcard2nd", "partners",
-        "partners2", "graphs",         "worms",     "matchrep",   "help",     "sri_result",  "triserresult",
-        "wc_fix",    "wcsstab",        "Sqdet",     "teamdet",    "reclists", "optfrm",      "frmAbout",
-        "messages",  "recbook",        "archpage",  "matchcentre"}) {
+       {"message",   "batsmandetails", "scorecard", "scorecard2",  "Bowlcard", "bowlcard2nd", "partners",
+        "partners2", "graphs",         "worms",     "matchrep",    "help",     "sri_result",  "triserresult",
+        "wc_fix",    "wcsstab",        "Sqdet",     "teamdet",     "reclists", "optfrm",      "frmAbout",
+        "messages",  "recbook",        "archpage",  "matchcentre", "captaincy"}) {
     robot_->always(name, [this](QWidget& form) { hand_.press(form, "accept"); });
   }
   for (const char* name : {"Progressbar", "unstopped"}) robot_->always(name, [](QWidget&) {});

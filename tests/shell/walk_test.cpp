@@ -226,7 +226,7 @@ void WalkThroughPages::records_and_settings(Way way) {
   });
   robot().next("optfrm", [this](QWidget& form) {
     robot().next("anew_question", [this](QWidget& question) { hand().press(question, "no"); });
-    for (const char* name : {"begin_anew", "messages", "accept"}) hand().press(form, name);
+    for (const char* name : {"begin_anew", "messages", "captaincy", "accept"}) hand().press(form, name);
   });
   walk([&](MenuWindow& menu) {
     hand().press(menu, "quick_match");
@@ -239,7 +239,7 @@ void WalkThroughPages::records_and_settings(Way way) {
     hand().press(menu, "credits");
   });
   expect_seen({"quick", "jump", "reclists", "Sqdet", "teamdet", "recbook", "archpage", "optfrm", "messages",
-               "anew_question", "frmAbout"});
+               "captaincy", "anew_question", "frmAbout"});
 }
 
 void WalkThroughPages::guide_and_moments(Way way) {

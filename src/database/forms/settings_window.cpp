@@ -14,6 +14,7 @@
 #include "database/configuration.h"
 #include "database/open_database.h"
 #include "database/settings_form.h"
+#include "desktop/captaincy_window.h"
 #include "desktop/controls.h"
 #include "desktop/message_kinds.h"
 #include "desktop/message_window.h"
@@ -229,6 +230,14 @@ void SettingsWindow::add_moments() {
                          [this] {
                            MessageKindsWindow kinds(this);
                            run_modal(kinds);
+                         }));
+  row->addWidget(new_act(QStringLiteral("captaincy"),
+                         {.caption = QStringLiteral("Captaincy"),
+                          .mnemonic = u'C',
+                          .hint = QStringLiteral("What you leave to the computer when you captain a side")},
+                         [this] {
+                           CaptaincyWindow captaincy(this);
+                           run_modal(captaincy);
                          }));
   card_rows(card)->addLayout(row);
   body()->addWidget(card);

@@ -216,7 +216,7 @@ void ConsoleWindow::order_tabs() {
   if (by_turns) order << commentary_;
   order << sides;
   if (!by_turns) order << commentary_;
-  const QWidgetList of_forecast = {next_ball_, match_line_, forecast_choice_};
+  const QWidgetList of_forecast = {captaincy_, match_centre_, next_ball_, match_line_, forecast_choice_};
   if (arranged_ == Arrangement::low) {
     order = QWidgetList{over_after_} + of_forecast + order.mid(1);
   } else {

@@ -3,6 +3,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/captaincy_window.h"
 #include "desktop/preferences.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
@@ -87,11 +88,25 @@ QWidget* ConsoleWindow::new_forecast_choices() {
   connect(match_centre_, &QPushButton::clicked, this, [this] {
     if (!playing_ && open_match_centre_) guarded(open_match_centre_);
   });
+  captaincy_ = new_choice("captaincy", {.caption = QStringLiteral("Captain"),
+                                        .mnemonic = QChar(),
+                                        .key = QKeySequence(Qt::Key_Y),
+                                        .hint = QStringLiteral("What you leave to the computer, and the adviser"),
+                                        .spoken = QStringLiteral("Captaincy")});
+  connect(captaincy_, &QPushButton::clicked, this, [this] {
+    if (playing_) return;
+    guarded([this] {
+      CaptaincyWindow window(this);
+      run_modal(window);
+      refresh();
+    });
+  });
   auto* choices = new QWidget;
   auto* row = new QHBoxLayout(choices);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(8);
-  for (QPushButton* button : {match_centre_, next_ball_, match_line_, forecast_choice_}) row->addWidget(button);
+  for (QPushButton* button : {captaincy_, match_centre_, next_ball_, match_line_, forecast_choice_})
+    row->addWidget(button);
   show_forecast(preferences::forecast());
   return choices;
 }

@@ -253,19 +253,31 @@ void ConsoleWindow::wait(int milliseconds) {
 
 void ConsoleWindow::act(void (console_form::*handler)()) {
   if (playing_) return;
-  std::invoke(handler, form_);
+  change_by_hand([&] { std::invoke(handler, form_); });
   refresh();
 }
 
 void ConsoleWindow::act_on_slot(void (console_form::*handler)(int), int slot) {
   if (playing_) return;
-  std::invoke(handler, form_, slot);
+  change_by_hand([&] { std::invoke(handler, form_, slot); });
   refresh();
 }
 
 void ConsoleWindow::set_in_place(const std::function<void()>& change) {
-  if (!playing_) change();
+  if (!playing_) change_by_hand(change);
   refresh();
+}
+
+void ConsoleWindow::change_by_hand(const std::function<void()>& change) {
+  const int bowler = match_.bowler;
+  const auto batting = match_.batsman_aggression;
+  const auto bowling = match_.bowling_aggression;
+  change();
+  Delegated left = preferences::delegated();
+  const Delegated before = left;
+  if (match_.bowler != bowler) left.bowling = false;
+  if (match_.batsman_aggression != batting || match_.bowling_aggression != bowling) left.aggressions = false;
+  if (left != before) preferences::set_delegated(left);
 }
 
 void ConsoleWindow::browse(int over) {

@@ -149,6 +149,8 @@ class ConsoleWindow : public Form {
   /// Runs a button's work unless an over is being bowled, and shows what it changed.
   void act(void (console_form::*handler)());
   void act_on_slot(void (console_form::*handler)(int), int slot);
+  /// Makes a change of the user's: what he has left to the computer and now changes by hand is his again.
+  void change_by_hand(const std::function<void()>& change);
   /// Likewise for what is set in place.
   void set_in_place(const std::function<void()>& change);
   void browse(int over);
@@ -176,6 +178,7 @@ class ConsoleWindow : public Form {
   QPushButton* next_ball_ = nullptr;
   QPushButton* match_line_ = nullptr;
   QPushButton* match_centre_ = nullptr;
+  QPushButton* captaincy_ = nullptr;
   std::function<void()> open_match_centre_;  // likewise
   std::function<void()> open_match_line_;    // none where nobody opens it
   std::array<BatsmanPanel*, 2> batsmen_{};
