@@ -93,6 +93,7 @@ QWidget* ConsoleWindow::new_forecast_choices() {
                                         .key = QKeySequence(Qt::Key_Y),
                                         .hint = QStringLiteral("What you leave to the computer, and the adviser"),
                                         .spoken = QStringLiteral("Captaincy")});
+  if (is_watched()) captaincy_->hide();
   connect(captaincy_, &QPushButton::clicked, this, [this] {
     if (playing_) return;
     guarded([this] {
