@@ -67,7 +67,7 @@ class SeriesForecast : public ::testing::Test {
 };
 
 constexpr int runs = 200;
-const forecast_options few = {.runs = runs, .seed = 1, .threads = 2, .stop = {}};
+const forecast_options few_runs = {.runs = runs, .seed = 1, .threads = 2, .stop = {}};
 
 TEST_F(SeriesForecast, FollowsTheBetterSideAndTheMatchesWon) {
   keeper_of_standings user(tested_game);
@@ -79,7 +79,7 @@ TEST_F(SeriesForecast, FollowsTheBetterSideAndTheMatchesWon) {
   form.accept();
   ASSERT_EQ(user.kept.size(), 5U);
   for (game_state& state : user.kept) {
-    const auto found = forecast_series(state, few);
+    const auto found = forecast_series(state, few_runs);
     ASSERT_EQ(found.has_value(), state.series.match_no < 5) << state.series.match_no;
     if (!found) continue;
     EXPECT_EQ(found->next.a == "Corrin" ? found->next.b : found->next.a, "Ardell");
@@ -112,7 +112,7 @@ TEST_F(SeriesForecast, OfATriSeriesTellsOfTheNextMatchUpToTheFinal) {
   form.accept();
   ASSERT_EQ(user.kept.size(), 4U) << "three of the league, and the final";
   for (std::size_t i = 0; i < user.kept.size(); ++i) {
-    const auto found = forecast_next_of_tri(user.kept[i], few);
+    const auto found = forecast_next_of_tri(user.kept[i], few_runs);
     ASSERT_EQ(found.has_value(), i < 3) << i;
     if (found) {
       EXPECT_NE(found->a, found->b);
