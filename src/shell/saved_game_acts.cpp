@@ -88,9 +88,9 @@ void SavedGamesWindow::remove_finished() {
   for (const kept_game& each : games_) {
     if (each.over && !each.in_use) files.push_back(each.file);
   }
-  const QString what =
-      files.size() == 1 ? QStringLiteral("One game that is over is deleted for good.")
-                        : QStringLiteral("%1 games that are over are deleted for good.").arg(files.size());
+  const QString what = files.size() == 1
+                           ? QStringLiteral("One game that is over is deleted for good.")
+                           : QStringLiteral("%1 games that are over are deleted for good.").arg(files.size());
   if (!ask(*this, QStringLiteral("delete_question"), QStringLiteral("Delete all finished games?"), what)) return;
   std::error_code failed;
   for (const std::filesystem::path& file : files) {

@@ -180,11 +180,13 @@ void picture_keeping(MenuWindow& menu) {
     press(window, "watch");
   });
   user.robot.next("savedgames", pressing("close"));
-  user.robot.next("watch", [](QWidget& window) {
+  user.robot.next("watch", [&](QWidget& window) {
     for (int over = 0; over < 20; ++over) press(window, "over_on");
     press(window, "next_wicket");
     QTest::qWait(1500);  // for the forecast
     take(window, "watch");
+    user.robot.next("scorecard", taking("watch-scorecard", "accept"));
+    press(window, "show_scorecard");
     press(window, "close");
   });
   press(menu, "saved_games");
