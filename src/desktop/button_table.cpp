@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/enlarged.h"
 #include "desktop/table_columns.h"
 #include "desktop/table_view.h"
 
@@ -44,6 +45,7 @@ void ButtonTable::set_table(Table table, std::map<int, QAbstractButton*> buttons
     one->setParent(this);
     one->hide();
     one->ensurePolished();
+    fit_by_its_owner(*one);
   }
   for (TableRow& row : table.rows) {
     row.covered = button(row.id) != nullptr;

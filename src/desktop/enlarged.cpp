@@ -29,6 +29,7 @@ constexpr const char* least_height_name = "usual_least_height";
 constexpr const char* most_width_name = "usual_most_width";
 constexpr const char* most_height_name = "usual_most_height";
 constexpr const char* icon_name = "usual_icon";
+constexpr const char* owned_name = "fit_by_its_owner";
 
 int times(double factor, int pixels) { return static_cast<int>(std::lround(factor * pixels)); }
 
@@ -158,7 +159,8 @@ bool enlarge_page(QWidget& page, double factor) {
   bool changed = page.property(factor_name) != factor;
   if (changed) page.setProperty(factor_name, factor);
   for (QWidget* widget : page.findChildren<QWidget*>()) {
-    if (widget->isWindow() || widget->window() != page.window()) continue;
+    const bool owned = widget->property(owned_name).toBool();
+    if (owned || widget->isWindow() || widget->window() != page.window()) continue;
     const bool written = has_own_text(*widget) || qobject_cast<QComboBox*>(widget) != nullptr ||
                          qobject_cast<QLineEdit*>(widget) != nullptr || qobject_cast<QProgressBar*>(widget) != nullptr;
     // What stands in the cell of a table is written as the table is.
@@ -166,9 +168,13 @@ bool enlarge_page(QWidget& page, double factor) {
     if (auto* button = qobject_cast<QAbstractButton*>(widget)) changed |= enlarge_icon(*button, factor);
     changed |= enlarge_limits(*widget, factor);
   }
-  for (QLayout* layout : page.findChildren<QLayout*>()) changed |= enlarge_distances(*layout, factor);
+  for (QLayout* layout : page.findChildren<QLayout*>()) {
+    if (!layout->property(owned_name).toBool()) changed |= enlarge_distances(*layout, factor);
+  }
   return changed;
 }
+
+void fit_by_its_owner(QObject& part) { part.setProperty(owned_name, true); }
 
 void enlarge(QWidget& root, double factor) {
   root.setProperty(factor_name, factor);

@@ -22,6 +22,9 @@ void enlarge(QWidget& root, double factor);
 /// since the last time, or was given another size, is made to fit; true if anything changed.
 bool enlarge_page(QWidget& page, double factor);
 
+/// A part of a page, or a layout, whose owner makes it fit the enlargement: the above leaves it alone.
+void fit_by_its_owner(QObject& part);
+
 /// How much larger than usual a page of this size is drawn, 1 to 2: to the eighth, so that a drag of the frame does not
 /// restyle at every pixel.
 double fitting_enlargement(QSize page);

@@ -215,6 +215,12 @@ void Form::fit_enlargement() {
 
 int Form::width_beside(int most) const { return std::max(most, minimumSizeHint().width()); }
 
+int Form::least_width_in(QSize room) {
+  // The body asks for no more than it was told there is.
+  fit_into(room, room.width());
+  return minimumSizeHint().width();
+}
+
 QSize Form::size_within(QSize most) {
   most_ = most;
   fit_into(most, width());

@@ -127,6 +127,8 @@ class Form : public QDialog {
   /// For the main window. The size at which the form opens, and that of a sheet with so much room around it.
   QSize wanted_size() const;
   QSize size_within(QSize most);
+  /// The least width that it takes in a room, of a page beside another.
+  int least_width_in(QSize room);
   /// The form leaves the main window for a window of its own, with a button that calls `back`; returns to its slot;
   /// has closed, and waits there, hidden, to be shown again or to go.
   void stand_alone(std::function<void()> back);

@@ -208,6 +208,8 @@ void Frame::enlarge_bar() {
   const double factor = enlargement_of_pages();
   if (factor == enlargement(*bar_)) return;
   enlarge(*bar_, factor);
+  // Drawn larger it wants more room, and the window can become small again all the same.
+  layout()->setSizeConstraint(factor > 1 ? QLayout::SetNoConstraint : QLayout::SetDefaultConstraint);
   bar_->layout()->invalidate();
   bar_->updateGeometry();
   show_bar();
@@ -402,7 +404,7 @@ void Frame::place(std::size_t lowest) {
     if (layer.torn || !stands_beside(layer)) continue;
     beside = true;
     const int most = room.width() * 2 / 3;
-    const int needed = std::min(layer.form->minimumSizeHint().width(), most);
+    const int needed = std::min(layer.form->least_width_in(QSize(most, room.height())), most);
     const int least = layers_[lowest].form->width_beside(room.width() - needed);
     const bool fits = least <= room.width() - needed;
     const int wanted = std::clamp(layer.form->wanted_size().width(), std::max(needed, room.width() / 2), most);

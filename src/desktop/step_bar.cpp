@@ -58,6 +58,7 @@ StepBar::StepBar(const std::vector<FlowStep>& steps, int current, QWidget* paren
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(24, 10, 24, 10);
   row->setSpacing(24);
+  fit_by_its_owner(*row);
   QStringList spoken;
   for (std::size_t i = 0; i < steps.size(); ++i) {
     const int number = static_cast<int>(i) + 1;
@@ -112,7 +113,9 @@ void StepBar::resizeEvent(QResizeEvent* event) {
 void StepBar::set_margins() {
   const auto* body = parentWidget()->findChild<QWidget*>(QStringLiteral("middle"));
   const int beside = body == nullptr ? 0 : std::max(0, (width() - body->maximumWidth()) / 2);
-  layout()->setContentsMargins(24 + beside, compact_ ? 4 : 10, 24 + beside, compact_ ? 4 : 10);
+  const int above = enlarged(*this, compact_ ? 4 : 10);
+  const int around = beside + enlarged(*this, 24);
+  layout()->setContentsMargins(around, above, around, above);
 }
 
 }  // namespace velorin

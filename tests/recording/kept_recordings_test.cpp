@@ -45,8 +45,9 @@ void take_back_now_and_then(console_form& form, luck wanted) {
 class KeptRecordings : public RecordedGames {
  protected:
   std::string practice(luck wanted, std::uint64_t seed) {
-    return attended(true, [&](random_source& own) { own.use_seed(seed); },
-                    [&](console_form& form) { take_back_now_and_then(form, wanted); });
+    return attended(
+        true, [&](random_source& own) { own.use_seed(seed); },
+        [&](console_form& form) { take_back_now_and_then(form, wanted); });
   }
 
   /// A match whose first side somebody leads.
