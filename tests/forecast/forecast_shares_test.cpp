@@ -113,7 +113,9 @@ bool is_open(const match_state& state) {
 std::pair<match_state, std::vector<captains_choice>> first_asked(const advised_kind& advised) {
   for (std::uint64_t seed = 1;; ++seed) {
     for (const match_state& state : states_of_a_match(seed, 20)) {
-      const bool early = state.innings_balls < balls_of_innings / 2 && state.score_wickets < wickets_of_innings / 2;
+      // Not those who open, whom other sheets ask for.
+      const bool early = state.innings_balls > 0 && state.innings_balls < balls_of_innings / 2 &&
+                         state.score_wickets < wickets_of_innings / 2;
       const bool of_one_man = advised.what == kind::batting_aggression || advised.what == kind::bowling_aggression;
       auto at_hand = choices_at_hand(state, advised.side);
       std::erase_if(at_hand, [&](const captains_choice& choice) { return choice.what != advised.what; });
