@@ -88,6 +88,7 @@ void add_fixture_columns(const Form& window, const std::map<int, std::vector<QSt
 std::vector<QString> words_of_stages(const std::vector<double>& stages, int settled,
                                      const std::vector<std::size_t>& told) {
   std::vector<QString> words;
+  words.reserve(told.size());
   for (const std::size_t stage : told) words.push_back(shown(stage_words(stages, settled, stage)));
   return words;
 }

@@ -42,9 +42,9 @@ void watch(QtFrontEnd& shown_by, const std::filesystem::path& recording) {
   window.on_match_centre([&front_end] { front_end.open_match_centre(); });
   window.on_match_line([&] { open_match_line(*player, window.place()); });
   run_modal(window);
-  if (Frame* frame = window.main_window()) {
-    frame->show_passing({});
-    frame->show_score({});
+  if (Frame* around = window.main_window()) {
+    around->show_passing({});
+    around->show_score({});
   }
 }
 

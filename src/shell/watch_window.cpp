@@ -220,9 +220,9 @@ void WatchWindow::seek(int place) {
   if (place_ < from || innings_at(place_) != innings_at(from)) forget_commentary();
   shown_ = player_.at(place_);
   refresh();
-  if (Frame* frame = main_window()) {
+  if (Frame* around = main_window()) {
     const score_view score = view_score(shown_);
-    frame->show_score(shown(score.batting_short_name + "  " + score.score + "  " + score.overs));
+    around->show_score(shown(score.batting_short_name + "  " + score.score + "  " + score.overs));
   }
   show_place();
   tell(from);
