@@ -297,7 +297,8 @@ std::string end_of(const game_state& game) {
   text += line_of("\nmatch", int(game.match.step), game.match.team1_name, game.match.team2_name,
                   game.match.venue_name(), game.match.console_open, game.match.human_involved());
   text += '\n' + told(game.series) + '\n' + told(game.tri) + '\n' + told(game.world_cup);
-  text += line_of("\nnext", next.draws_used(), next.rnd(), next.rnd(), next.rnd());
+  text += line_of("\nnext", next.draws_used());
+  for (int draw = 0; draw < 3; ++draw) text += line_of("", next.rnd());
   return text;
 }
 
