@@ -2,6 +2,7 @@
 // What the list of saved games does with their files.
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
