@@ -220,7 +220,8 @@ std::filesystem::path game_that_waits(const std::filesystem::path& folder) {
   for (const std::filesystem::path& file : game_files(folder)) {
     if (is_in_use(file)) continue;
     try {
-      if (!read_recording(file).ended()) return file;
+      // One that broke off behind its last answer has nothing to be gone on with.
+      if (!read_recording(file).ended() && !look_at_game(file).over) return file;
     } catch (const run_time_error&) {
       // It is told where the games are listed.
     }

@@ -9,11 +9,13 @@
 
 #include "competitions/series.h"
 #include "database/lasting_records.h"
+#include "database/whole_file.h"
 #include "desktop/program_end.h"
 #include "desktop/shown_text.h"
 #include "desktop/table_view.h"
 #include "model/match_state.h"
 #include "recording/kept_games.h"
+#include "recording/recording.h"
 #include "shell/game_fixture.h"
 #include "shell/game_keeper.h"
 #include "support/game_in_play.h"
@@ -153,6 +155,18 @@ TEST_F(Continue, WhoPlaysOnStaysInTheMatch) {
     choose(menu, "start_game", "new_match");
     EXPECT_FALSE(match.result_margin.empty());
   });
+}
+
+TEST_F(Continue, IsNotOfferedForAGameThatBrokeOffBehindItsLastAnswer) {
+  const std::filesystem::path played = std::filesystem::path(VELORIN_TEST_DATA) / "data/recordings/attended.velorin";
+  std::string bytes = read_file(played).value_or("");
+  ASSERT_GT(bytes.size(), 4U);
+  bytes.resize(bytes.size() - 4);  // the entry that ends it
+  std::filesystem::create_directories(folder_);
+  replace_file(folder_ / "Broken off.velorin", bytes);
+  ASSERT_FALSE(read_recording(folder_ / "Broken off.velorin").ended());
+  start([](MenuWindow& menu) { EXPECT_FALSE(offered(menu)); });
+  EXPECT_TRUE(look_at_game(folder_ / "Broken off.velorin").over);
 }
 
 TEST_F(Continue, AMatchLeftInItsSetUpIsNotKept) {
